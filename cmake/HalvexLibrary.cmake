@@ -1,0 +1,98 @@
+# libHalvex.so: the plugin that a host loads and the library that other plugins link against, in one file.
+
+include(CMakePackageConfigHelpers)
+include(GenerateExportHeader)
+
+add_library(Halvex SHARED)
+add_library(Halvex::Halvex ALIAS Halvex)
+set_target_properties(Halvex PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+halvex_target(Halvex)
+
+set(HALVEX_PUBLIC_HEADERS
+  graph/CConnectionEnd.h
+  graph/CNodeBase.h
+  graph/CNodeConnection.h
+  graph/CNodeData.h
+  graph/CNodeDataModel.h
+  graph/CNodeState.h
+  graph/CWeakLink.h
+  graph/ENodePortType.h
+  graph/NodeDataConverter.h
+  graph/NodePortIndex.h
+  graph/SNodeDataType.h
+  models/ANodeDataModel.h
+  models/ASinkNodeDataModel.h
+  models/ASourceNodeDataModel.h
+  models/CNodeDataFlowProxy.h
+  models/ENodeDataModelType.h
+  scene/CNodeDataModelRegistry.h
+  scene/CNodeScene.h)
+set(HALVEX_PLATFORM_HEADERS
+  platform/ALocalizedPlugin.h
+  platform/CGrabResultPtr.h
+  platform/CId.h
+  platform/IBaseInfo.h
+  platform/IPlugin.h
+  platform/ISerializable.h
+  platform/IService.h
+  platform/IServiceManager.h)
+
+target_sources(Halvex PRIVATE
+  ${HALVEX_PUBLIC_HEADERS}
+  graph/CConnectionEnd.cpp
+  graph/CConnectionSnapshot_p.h
+  graph/CGraphOwner_p.h
+  graph/CLiveObjects.cpp
+  graph/CLiveObjects_p.h
+  graph/CNodeBase.cpp
+  graph/CNodeConnection.cpp
+  graph/CNodeData.cpp
+  graph/CNodeDataModel.cpp
+  graph/CNodeState.cpp
+  graph/CStackGauge.cpp
+  graph/CStackGauge_p.h
+  graph/LoggingCategory.cpp
+  graph/LoggingCategory_p.h
+  graph/Swallow_p.h
+  models/ANodeDataModel.cpp
+  models/ASinkNodeDataModel.cpp
+  models/ASourceNodeDataModel.cpp
+  models/CNodeDataFlowProxy.cpp
+  scene/CNodeDataModelRegistry.cpp
+  scene/CNodeScene.cpp)
+
+# The umbrella header is made from the same list that is installed, so that it misses no class.
+set(HALVEX_INCLUDES "")
+foreach(header IN LISTS HALVEX_PLATFORM_HEADERS HALVEX_PUBLIC_HEADERS)
+  string(APPEND HALVEX_INCLUDES "#include \"${header}\"\n")
+endforeach()
+set(HALVEX_GENERATED_DIR "${PROJECT_BINARY_DIR}/generated")
+configure_file(cmake/Halvex.h.in "${HALVEX_GENERATED_DIR}/Halvex/Halvex.h" @ONLY)
+generate_export_header(Halvex EXPORT_FILE_NAME "${HALVEX_GENERATED_DIR}/Halvex/HalvexExport.h")
+
+# The platform comes first: its "platform/..." headers win over our stand-in of the same names.
+target_include_directories(Halvex PUBLIC
+  "$<BUILD_INTERFACE:$<TARGET_PROPERTY:HalvexPlatform,INTERFACE_INCLUDE_DIRECTORIES>>"
+  "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>"
+  "$<BUILD_INTERFACE:${HALVEX_GENERATED_DIR}>"
+  "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>"
+  "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/Halvex>")
+target_compile_features(Halvex PUBLIC cxx_std_17)
+target_link_libraries(Halvex PUBLIC Qt5::Core HalvexPlatform)
+
+set(HALVEX_CMAKE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/Halvex")
+install(TARGETS Halvex EXPORT HalvexTargets
+  LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
+  RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+foreach(header IN LISTS HALVEX_PUBLIC_HEADERS)
+  get_filename_component(folder "${header}" DIRECTORY)
+  install(FILES "${header}" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/Halvex/${folder}")
+endforeach()
+install(FILES "${HALVEX_GENERATED_DIR}/Halvex/Halvex.h" "${HALVEX_GENERATED_DIR}/Halvex/HalvexExport.h"
+  DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/Halvex")
+install(EXPORT HalvexTargets NAMESPACE Halvex:: DESTINATION "${HALVEX_CMAKE_DIR}")
+configure_package_config_file(cmake/HalvexConfig.cmake.in "${PROJECT_BINARY_DIR}/HalvexConfig.cmake"
+  INSTALL_DESTINATION "${HALVEX_CMAKE_DIR}")
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/HalvexConfigVersion.cmake" COMPATIBILITY SameMajorVersion)
+install(FILES "${PROJECT_BINARY_DIR}/HalvexConfig.cmake" "${PROJECT_BINARY_DIR}/HalvexConfigVersion.cmake"
+  DESTINATION "${HALVEX_CMAKE_DIR}")

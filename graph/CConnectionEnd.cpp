@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "graph/CConnectionEnd.h"
+
+#include "graph/CGraphOwner_p.h"
+#include "graph/CLiveObjects_p.h"
+#include "graph/CNodeBase.h"
+
+namespace Plugin {
+namespace Halvex {
+
+void CConnectionEnd::setNode(CNodeBase* node)
+{
+    if (node)
+        m_link.link(node, CGraphOwner::ends(*node));
+    else
+        m_link.unlink();
+}
+
+void CConnectionEnd::setIndex(NodePortIndex index)
+{
+    m_index = index;
+    m_indexIsOfNode = node() != nullptr;
+}
+
+void CConnectionEnd::clear()
+{
+    m_link.unlink();
+    m_index = -1;
+    m_indexIsOfNode = false;
+}
+
+void CConnectionEnd::adoptWrittenNode() const
+{
+    CNodeBase* const written = m_link.get();
+    if (CNodeBase* const left = m_link.target())
+        left->nodeState().expectDeadEntries();
+
+    m_link.unlink();
+    if (written && CLiveObjects::contains(written))
+        m_link.link(written, CGraphOwner::ends(*written));
+}
+
+} // namespace Halvex
+} // namespace Plugin

@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "graph/CWeakLink.h"
+#include "graph/NodePortIndex.h"
+
+namespace Plugin {
+namespace Halvex {
+
+class CNodeBase;
+
+/**
+ * One end of a connection: a node and a port of it, where the node may go at any time.
+ *
+ * When the node goes, the end is as if it had been cleared. The node's pointer can be handed out for writing; what
+ * was written is taken over at the next use, provided that it points at a node that exists.
+ *
+ * Threads: the graph's thread.
+ */
+class CConnectionEnd
+{
+public:
+    /// The node, null if none is set or it is gone.
+    CNodeBase* node() const
+    {
+        if (m_link.get() != m_link.target())
+            adoptWrittenNode();
+        return m_link.get();
+    }
+
+    /// The node's pointer itself, for writing.
+    CNodeBase*& nodeField()
+    {
+        node();
+        return m_link.object();
+    }
+
+    /// The port's index, -1 if none is set.
+    NodePortIndex index() const { return m_indexIsOfNode && !node() ? -1 : m_index; }
+
+    void setNode(CNodeBase* node);
+
+    /// An index given together with a node goes with it; one given alone stays.
+    void setIndex(NodePortIndex index);
+
+    void clear();
+
+private:
+    void adoptWrittenNode() const;
+
+    mutable CWeakLink<CNodeBase> m_link;
+    NodePortIndex m_index = -1;
+    bool m_indexIsOfNode = false;
+};
+
+} // namespace Halvex
+} // namespace Plugin

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "graph/CGraphOwner_p.h"
+
+#include <QVarLengthArray>
+
+namespace Plugin {
+namespace Halvex {
+
+/**
+ * The connections of one port at one moment, on the stack of a walk; those destroyed since read as null.
+ *
+ * Up to eight connections need no heap. A copy of the port's map would need it for one.
+ */
+class CConnectionSnapshot
+{
+public:
+    CConnectionSnapshot(const CNodeState& state, const CNodeState::Connections& port) : m_links(int(port.size()))
+    {
+        int position = 0;
+        for (const auto& entry : port) {
+            if (state.isUsable(entry))
+                m_links[position++].link(entry.second, CGraphOwner::watchers(*entry.second));
+        }
+    }
+
+    int size() const { return m_links.size(); }
+
+    /// The connection at \a position, null if it was destroyed.
+    const CNodeConnection* at(int position) const { return m_links[position].get(); }
+
+private:
+    QVarLengthArray<CWeakLink<const CNodeConnection>, 8> m_links;
+};
+
+} // namespace Halvex
+} // namespace Plugin

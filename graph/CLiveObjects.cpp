@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "graph/CLiveObjects_p.h"
+
+#include <QGlobalStatic>
+
+#include <mutex>
+#include <unordered_set>
+
+namespace Plugin {
+namespace Halvex {
+namespace {
+
+struct SLiveObjects
+{
+    std::mutex mutex;
+    std::unordered_set<const void*> objects;
+};
+
+// Null once the process tears its statics down, which a host's static scene may outlive.
+Q_GLOBAL_STATIC(SLiveObjects, liveObjects)
+
+} // namespace
+
+void CLiveObjects::add(const void* object)
+{
+    SLiveObjects* const live = liveObjects();
+    if (!live)
+        return;
+    const std::lock_guard<std::mutex> lock(live->mutex);
+    live->objects.insert(object);
+}
+
+void CLiveObjects::remove(const void* object) noexcept
+{
+    SLiveObjects* const live = liveObjects();
+    if (!live)
+        return;
+    const std::lock_guard<std::mutex> lock(live->mutex);
+    live->objects.erase(object);
+}
+
+bool CLiveObjects::contains(const void* object)
+{
+    SLiveObjects* const live = liveObjects();
+    if (!live)
+        return false;
+    const std::lock_guard<std::mutex> lock(live->mutex);
+    return live->objects.count(object) != 0;
+}
+
+} // namespace Halvex
+} // namespace Plugin

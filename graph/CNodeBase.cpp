@@ -1,0 +1,127 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "graph/CNodeBase.h"
+
+#include "graph/CConnectionSnapshot_p.h"
+#include "graph/CGraphOwner_p.h"
+#include "graph/CLiveObjects_p.h"
+#include "graph/CNodeConnection.h"
+#include "graph/CStackGauge_p.h"
+#include "graph/LoggingCategory_p.h"
+
+namespace Plugin {
+namespace Halvex {
+namespace {
+
+/// Stands in for a model that is missing, so that a node always has one.
+class CNoModel : public CNodeDataModel
+{
+public:
+    QString caption() override { return QString(); }
+    QString name() override { return QString(); }
+    unsigned int nPorts(ENodePortType) const override { return 0; }
+    SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return {}; }
+    void setInData(CNodeDataPtr, NodePortIndex) override {}
+    CNodeDataPtr outData(NodePortIndex) override { return {}; }
+};
+
+} // namespace
+
+CNodeBase::CNodeBase(std::unique_ptr<CNodeDataModel>&& model)
+    : m_id(Core::CId::createId())
+    , m_model(model ? std::move(model) : std::make_unique<CNoModel>())
+    , m_state(m_model)
+{
+    CLiveObjects::add(this);
+    connect(m_model.get(), &CNodeDataModel::dataUpdated, this, &CNodeBase::onDataUpdated);
+}
+
+CNodeBase::~CNodeBase()
+{
+    CLiveObjects::remove(this);
+    m_ends.release();
+    m_visits.release();
+
+    // Here rather than by the members' own destructors: the model's destructor is foreign code, and whatever it calls
+    // must find a node without ports and without a model.
+    m_state.clear();
+    m_model.reset();
+}
+
+Core::CId CNodeBase::id() const
+{
+    return m_id;
+}
+
+CNodeDataModel* CNodeBase::nodeDataModel() const
+{
+    return m_model.get();
+}
+
+CNodeState& CNodeBase::nodeState()
+{
+    return m_state;
+}
+
+const CNodeState& CNodeBase::nodeState() const
+{
+    return m_state;
+}
+
+QJsonObject CNodeBase::save() const
+{
+    const CNodeVisit visit(*this);
+    return {{QStringLiteral("id"), m_id.toString()}, {QStringLiteral("model"), m_model ? m_model->save() : QJsonObject()}};
+}
+
+void CNodeBase::restore(const QJsonObject& json)
+{
+    const CNodeVisit visit(*this);
+    m_id = Core::CId(json.value(QLatin1String("id")).toString().toLocal8Bit().constData());
+    if (m_model)
+        m_model->restore(json.value(QLatin1String("model")).toObject());
+}
+
+void CNodeBase::propagateData(CNodeDataPtr ptrNodeData, NodePortIndex inPortIndex) const
+{
+    if (!m_model)
+        return;
+    if (!CStackGauge::hasRoom()) {
+        warnOfDroppedDelivery();
+        return;
+    }
+    const CNodeVisit visit(*this);
+    m_model->setInData(std::move(ptrNodeData), inPortIndex);
+}
+
+void CNodeBase::onDataUpdated(NodePortIndex index)
+{
+    if (!m_model)
+        return;
+    const CNodeVisit visit(*this);
+    const CNodeDataPtr data = m_model->outData(index);
+    if (!data || visit.isOver())
+        return;
+    const CNodeState::Connections* const port = m_state.requirePort(ENodePortType::Out, index);
+    if (!port)
+        return;
+
+    const CConnectionSnapshot snapshot(m_state, *port);
+    for (int position = 0; position < snapshot.size() && !visit.isOver(); ++position) {
+        if (const CNodeConnection* const connection = snapshot.at(position))
+            connection->propagateData(data);
+    }
+}
+
+void CNodeBase::warnOfDroppedDelivery() const
+{
+    if (m_hasWarned)
+        return;
+    m_hasWarned = true;
+    qCWarning(lcGraph, "Data for the model \"%s\" is dropped: the stack has no room for a walk this deep. Is there a feedback loop?",
+              qUtf8Printable(m_model->name()));
+}
+
+} // namespace Halvex
+} // namespace Plugin

@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "graph/CNodeDataModel.h"
+#include "graph/CNodeState.h"
+#include "graph/CWeakLink.h"
+#include "platform/CId.h"
+#include "platform/ISerializable.h"
+
+#include <Halvex/HalvexExport.h>
+
+#include <QObject>
+
+#include <memory>
+
+namespace Plugin {
+namespace Halvex {
+
+/**
+ * One node of a graph: owns a model, knows what is connected to its ports, and moves the model's data.
+ *
+ * \code
+ * CNodeBase& node = scene.createNode(std::make_unique<CNegateModel>());
+ * node.propagateData(QSharedPointer<CNumberData>::create(3), 0); // as a connection would deliver it
+ * \endcode
+ *
+ * Walks: when the model announces new output, the node hands it to every connection of that port, synchronously and
+ * depth first, in no particular order. A walk goes over the connections that the port had when it began: one that was
+ * destroyed meanwhile is skipped, one that was merely taken out of the port is still served. It ends quietly when its
+ * node is removed or destroyed; a node that its scene removes while a walk stands in it is destroyed when the walk has
+ * left it. A walk allocates nothing for up to eight connections per port.
+ *
+ * Depth: a delivery for which the thread's stack has too little room (a feedback loop) is dropped; the first time,
+ * a warning in "halvex.graph" names the model of the node that could not be reached.
+ *
+ * Ownership: a scene owns its nodes; a host may also make some of its own and destroy them at any time. The destructor
+ * leaves the connections alone; they find their end cleared.
+ *
+ * Threads: the thread that made the node. The model's dataUpdated() alone may come from any thread and is queued.
+ * Exceptions of models and converters pass through to whoever started the walk.
+ */
+class HALVEX_EXPORT CNodeBase : public QObject, public AppCore::ISerializable
+{
+    Q_OBJECT
+
+public:
+    /// Takes \a model over; its port counts are read once, here. A null model is replaced by one without ports.
+    explicit CNodeBase(std::unique_ptr<CNodeDataModel>&& model);
+    ~CNodeBase() override;
+
+    Core::CId id() const;
+
+    /// The model, owned by the node. Never null, but while the node is being destroyed.
+    CNodeDataModel* nodeDataModel() const;
+
+    CNodeState& nodeState();
+    const CNodeState& nodeState() const;
+
+    /// {"id": text of id(), "model": the model's object}.
+    QJsonObject save() const override;
+
+    /// Takes the id from "id" (no id, if it is missing or no id) and hands "model" to the model. Connections are not
+    /// touched. For a node that a scene holds already this is the wrong call: the scene keeps it under its old id.
+    void restore(const QJsonObject& json) override;
+
+public Q_SLOTS:
+    /// Delivers data to the model's input port \a inPortIndex.
+    void propagateData(CNodeDataPtr ptrNodeData, NodePortIndex inPortIndex) const;
+
+    /// Reads the model's output \a index and, unless it is null, hands it to every connection of that port. An index
+    /// that the model does not have ends in the debug message of CNodeState::connections().
+    void onDataUpdated(NodePortIndex index);
+
+private:
+    friend class CGraphOwner;
+
+    void warnOfDroppedDelivery() const;
+
+    Core::CId m_id;
+    std::unique_ptr<CNodeDataModel> m_model;
+    CNodeState m_state;
+    CWeakAnchor<CNodeBase> m_ends;                 // the connection ends that point here
+    mutable CWeakAnchor<const CNodeBase> m_visits; // the stretches of code that stand here
+    bool m_isLeaving = false;
+    bool m_isRetired = false;
+    mutable bool m_hasWarned = false;
+};
+
+} // namespace Halvex
+} // namespace Plugin

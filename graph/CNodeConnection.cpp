@@ -1,0 +1,184 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "graph/CNodeConnection.h"
+
+#include "graph/CLiveObjects_p.h"
+#include "graph/CNodeBase.h"
+#include "graph/Swallow_p.h"
+
+namespace Plugin {
+namespace Halvex {
+namespace {
+
+bool isRealSide(ENodePortType portType)
+{
+    return portType == ENodePortType::In || portType == ENodePortType::Out;
+}
+
+std::shared_ptr<const NodeDataConverter> shared(NodeDataConverter converter)
+{
+    return converter ? std::make_shared<const NodeDataConverter>(std::move(converter)) : nullptr;
+}
+
+} // namespace
+
+CNodeConnection::CNodeConnection(CNodeBase& inNode, NodePortIndex inIndex, CNodeBase& outNode, NodePortIndex outIndex,
+                                 NodeDataConverter converter)
+    : m_id(Core::CId::createId())
+    , m_converter(shared(std::move(converter)))
+{
+    CLiveObjects::add(this);
+    setNodeToPort(inNode, ENodePortType::In, inIndex);
+    setNodeToPort(outNode, ENodePortType::Out, outIndex);
+}
+
+CNodeConnection::CNodeConnection(ENodePortType portType, CNodeBase& node, NodePortIndex index)
+    : m_id(Core::CId::createId())
+{
+    CLiveObjects::add(this);
+    setNodeToPort(node, portType, index);
+}
+
+CNodeConnection::~CNodeConnection()
+{
+    swallowExceptions("A connection's last delivery", [this] { propagateEmptyData(); });
+    removeFromNodes();
+    CLiveObjects::remove(this);
+}
+
+Core::CId CNodeConnection::id() const
+{
+    return m_id;
+}
+
+CNodeBase* CNodeConnection::getNode(ENodePortType portType) const
+{
+    return isRealSide(portType) ? end(portType).node() : nullptr;
+}
+
+CNodeBase*& CNodeConnection::getNode(ENodePortType portType)
+{
+    return end(portType).nodeField();
+}
+
+NodePortIndex CNodeConnection::getPortIndex(ENodePortType portType) const
+{
+    return isRealSide(portType) ? end(portType).index() : -1;
+}
+
+SNodeDataType CNodeConnection::dataType(ENodePortType portType) const
+{
+    const CNodeBase* const in = m_in.node();
+    const CNodeBase* const out = m_out.node();
+    if (in && (!out || portType == ENodePortType::In))
+        return in->nodeDataModel()->dataType(ENodePortType::In, m_in.index());
+    if (out)
+        return out->nodeDataModel()->dataType(in ? portType : ENodePortType::Out, m_out.index());
+    return {};
+}
+
+void CNodeConnection::setNodeToPort(CNodeBase& node, ENodePortType portType, NodePortIndex index)
+{
+    CConnectionEnd& indexEnd = portType == ENodePortType::Out ? m_out : m_in;
+    leaveEntryBehind(portType);
+    if (&indexEnd != &end(portType))
+        leaveEntryBehind(ENodePortType::In);
+    end(portType).setNode(&node);
+    indexEnd.setIndex(index);
+    Q_EMIT updated(*this);
+}
+
+void CNodeConnection::clearNode(ENodePortType portType)
+{
+    leaveEntryBehind(portType);
+    end(portType).clear();
+}
+
+void CNodeConnection::setTypeConverter(NodeDataConverter converter)
+{
+    // The old converter goes last: what it captured may destroy this connection.
+    const auto old = std::exchange(m_converter, shared(std::move(converter)));
+}
+
+void CNodeConnection::propagateData(CNodeDataPtr data) const
+{
+    const CNodeBase* node = m_in.node();
+    if (!node)
+        return;
+
+    if (m_converter) {
+        const CWeakLink<const CNodeConnection> self(this, m_watchers);
+        const auto converter = m_converter;
+        data = (*converter)(std::move(data));
+        node = self.get() ? m_in.node() : nullptr;
+        if (!node)
+            return;
+    }
+    node->propagateData(std::move(data), m_in.index());
+}
+
+void CNodeConnection::propagateEmptyData() const
+{
+    propagateData(CNodeDataPtr());
+}
+
+void CNodeConnection::removeFromNodes() const
+{
+    if (CNodeBase* const in = m_in.node())
+        in->nodeState().eraseConnection(ENodePortType::In, m_in.index(), m_id);
+    if (CNodeBase* const out = m_out.node())
+        out->nodeState().eraseConnection(ENodePortType::Out, m_out.index(), m_id);
+}
+
+QJsonObject CNodeConnection::save() const
+{
+    const CNodeBase* const in = m_in.node();
+    const CNodeBase* const out = m_out.node();
+    if (!in || !out)
+        return {};
+
+    QJsonObject json{{QStringLiteral("in_id"), in->id().toString()},
+                     {QStringLiteral("in_index"), m_in.index()},
+                     {QStringLiteral("out_id"), out->id().toString()},
+                     {QStringLiteral("out_index"), m_out.index()}};
+    if (m_converter) {
+        json.insert(QStringLiteral("converter"),
+                    QJsonObject{{QStringLiteral("in"), getTypeJson(ENodePortType::In)},
+                                {QStringLiteral("out"), getTypeJson(ENodePortType::Out)}});
+    }
+    return json;
+}
+
+QJsonObject CNodeConnection::getTypeJson(ENodePortType portType) const
+{
+    const SNodeDataType type = dataType(portType);
+    return {{QStringLiteral("id"), type.id}, {QStringLiteral("name"), type.name}};
+}
+
+const CConnectionEnd& CNodeConnection::end(ENodePortType portType) const
+{
+    return portType == ENodePortType::In ? m_in : m_out;
+}
+
+CConnectionEnd& CNodeConnection::end(ENodePortType portType)
+{
+    return portType == ENodePortType::In ? m_in : m_out;
+}
+
+bool CNodeConnection::leaves(ENodePortType portType, NodePortIndex index, const CNodeState& state) const
+{
+    const CNodeBase* const node = end(portType).node();
+    return node && &node->nodeState() == &state && end(portType).index() == index;
+}
+
+void CNodeConnection::leaveEntryBehind(ENodePortType portType) const
+{
+    const ENodePortType side = portType == ENodePortType::In ? ENodePortType::In : ENodePortType::Out;
+    CNodeBase* const node = end(side).node();
+    if (node && node->nodeState().holds(side, end(side).index(), m_id))
+        node->nodeState().expectDeadEntries();
+}
+
+} // namespace Halvex
+} // namespace Plugin

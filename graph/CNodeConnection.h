@@ -1,0 +1,130 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "graph/CConnectionEnd.h"
+#include "graph/ENodePortType.h"
+#include "graph/NodeDataConverter.h"
+#include "graph/NodePortIndex.h"
+#include "platform/CId.h"
+#include "platform/ISerializable.h"
+
+#include <Halvex/HalvexExport.h>
+
+#include <QObject>
+
+#include <memory>
+
+namespace Plugin {
+namespace Halvex {
+
+class CNodeBase;
+class CNodeState;
+
+/**
+ * Joins an output port of one node to an input port of another and carries data along, through a converter if it has
+ * one. With one end only it is a half connection: the host is still choosing the other.
+ *
+ * \code
+ * const auto connection = scene.createConnection(blurNode, 0, cameraNode, 0, grabResultToImage);
+ * if (!connection)
+ *     qWarning("one of the nodes has no such port");
+ * \endcode
+ *
+ * Ownership: a scene shares the connections it made with whoever holds the `std::shared_ptr`. Nodes are not owned.
+ * A connection may outlive either node; it is then as if that end had been cleared: nothing is delivered there, save()
+ * is empty, getNode() is null and getPortIndex() -1.
+ *
+ * End of life: the destructor takes the connection out of the port tables of its ends and delivers empty data to the
+ * input once. What the model or the converter throws at that moment is reported to "halvex.graph" and swallowed.
+ *
+ * Threads: the graph's thread, the one that made the connection.
+ */
+class HALVEX_EXPORT CNodeConnection : public QObject, public AppCore::ISerializable
+{
+    Q_OBJECT
+
+public:
+    /// A complete connection; the in end comes first. It enters nothing into the nodes' tables: the scene does.
+    CNodeConnection(CNodeBase& inNode, NodePortIndex inIndex, CNodeBase& outNode, NodePortIndex outIndex,
+                    NodeDataConverter converter);
+
+    /// A half connection, with the one end as setNodeToPort() sets it.
+    CNodeConnection(ENodePortType portType, CNodeBase& node, NodePortIndex index);
+    ~CNodeConnection() override;
+
+    /// Made at construction, never changed, not saved.
+    Core::CId id() const;
+
+    /// The in node for In, the out node for Out, null for anything else; null if the node is gone.
+    CNodeBase* getNode(ENodePortType portType) const;
+
+    /// The in node's pointer for In, the out node's for anything else, which may be overwritten. The index stays, and
+    /// nothing is emitted; setNodeToPort() is the better way. A node written here that is gone before the connection
+    /// is used again counts as no node.
+    CNodeBase*& getNode(ENodePortType portType);
+
+    /// The in index for In, the out index for Out, -1 for anything else and for an end that is not set.
+    NodePortIndex getPortIndex(ENodePortType portType) const;
+
+    /// The type of the data at one end, as that end's model says. With one end only: that end's, whichever is asked
+    /// for. With both: In asks the in node, anything else the out node for that very port type. With no end there is
+    /// nobody to ask, and the type is empty.
+    SNodeDataType dataType(ENodePortType portType) const;
+
+    /// Sets the in node for In, else the out node; and the out index for Out, else the in index. For None the two go
+    /// to different ends, which hosts rely on. Emits updated(). Port tables are left as they are.
+    void setNodeToPort(CNodeBase& node, ENodePortType portType, NodePortIndex index);
+
+    /// Clears the in end for In, else the out end. Emits nothing.
+    void clearNode(ENodePortType portType);
+
+    /// Replaces the converter; an empty one means that data passes as it is. Emits nothing.
+    void setTypeConverter(NodeDataConverter converter);
+
+    /// Converts \a data, also when it is null, and hands it to the in node; does nothing without one. Exceptions of
+    /// converter and model pass through.
+    void propagateData(CNodeDataPtr data) const;
+    void propagateEmptyData() const;
+
+    /// Takes this connection out of the port tables of its ends. The ends stay set.
+    void removeFromNodes() const;
+
+    /// Empty unless both ends are set; else {"in_id", "in_index", "out_id", "out_index"}, and with a converter also
+    /// "converter" with the types "in" and "out" it works between.
+    QJsonObject save() const override;
+
+Q_SIGNALS:
+    /// An end was set by setNodeToPort(). The constructors emit it too, twice for a complete connection and once for
+    /// a half one, before anyone can be connected.
+    void updated(CNodeConnection& conn);
+
+protected:
+    /// {"id", "name"} of dataType(portType).
+    QJsonObject getTypeJson(ENodePortType portType) const;
+
+private:
+    friend class CGraphOwner;
+    friend class CNodeState;
+
+    const CConnectionEnd& end(ENodePortType portType) const;
+    CConnectionEnd& end(ENodePortType portType);
+
+    // Whether this connection will take itself out of that port of that table.
+    bool leaves(ENodePortType portType, NodePortIndex index, const CNodeState& state) const;
+
+    // To be called before an end changes: the table of its node may then keep an entry that nobody takes out.
+    void leaveEntryBehind(ENodePortType portType) const;
+
+    Core::CId m_id;
+    CConnectionEnd m_out;
+    CConnectionEnd m_in;
+    // Shared with a call that is under way, which may replace the converter or destroy the connection.
+    std::shared_ptr<const NodeDataConverter> m_converter;
+    mutable CWeakAnchor<const CNodeConnection> m_watchers;
+    bool m_isLeaving = false;
+};
+
+} // namespace Halvex
+} // namespace Plugin

@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "graph/SNodeDataType.h"
+
+#include <Halvex/HalvexExport.h>
+
+#include <QMetaType>
+#include <QSharedPointer>
+
+namespace Plugin {
+namespace Halvex {
+
+/**
+ * Base of every data object that travels through a graph.
+ *
+ * \code
+ * class CTemperatureData : public CNodeData
+ * {
+ * public:
+ *     explicit CTemperatureData(double celsius = 0) : m_celsius(celsius) {}
+ *     SNodeDataType type() const override { return {QStringLiteral("Temperature in Celsius"), QStringLiteral("T")}; }
+ *     double celsius() const { return m_celsius; }
+ *
+ * private:
+ *     double m_celsius;
+ * };
+ * \endcode
+ *
+ * Ownership: shared. One object reaches every consumer of a port, uncopied, so it must not change once it was handed
+ * to the graph.
+ *
+ * Threads: objects cross threads at sources and decouplers; type() must be callable from any. The object is destroyed
+ * in whichever thread drops its last pointer.
+ */
+class HALVEX_EXPORT CNodeData
+{
+public:
+    CNodeData() = default;
+    CNodeData(const CNodeData&) = default;
+    CNodeData& operator=(const CNodeData&) = default;
+    virtual ~CNodeData();
+
+    /// True exactly when both types have the same id.
+    virtual bool sameType(const CNodeData& other) const;
+
+    /// The type, the same for every object of one class.
+    virtual SNodeDataType type() const = 0;
+};
+
+/// What connections carry; null is empty data: "what you had from here is no longer valid".
+using CNodeDataPtr = QSharedPointer<CNodeData>;
+
+} // namespace Halvex
+} // namespace Plugin
+
+Q_DECLARE_METATYPE(Plugin::Halvex::CNodeDataPtr)

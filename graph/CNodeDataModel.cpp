@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "graph/CNodeDataModel.h"
+
+#include <QPointer>
+
+namespace Plugin {
+namespace Halvex {
+
+CNodeDataModel::CNodeDataModel() = default;
+
+CNodeDataModel::~CNodeDataModel() = default;
+
+bool CNodeDataModel::captionVisible() const
+{
+    return true;
+}
+
+QString CNodeDataModel::portCaption(ENodePortType portType, NodePortIndex index) const
+{
+    Q_UNUSED(portType)
+    Q_UNUSED(index)
+    return QString();
+}
+
+bool CNodeDataModel::portCaptionVisible(ENodePortType portType, NodePortIndex index) const
+{
+    Q_UNUSED(portType)
+    Q_UNUSED(index)
+    return false;
+}
+
+CNodeDataModel::EConnectionPolicy CNodeDataModel::portOutConnectionPolicy(NodePortIndex index) const
+{
+    Q_UNUSED(index)
+    return EConnectionPolicy::Many;
+}
+
+ENodeValidationState CNodeDataModel::validationState() const
+{
+    return ENodeValidationState::Valid;
+}
+
+QString CNodeDataModel::validationMessage() const
+{
+    return QString();
+}
+
+void CNodeDataModel::setInfo(Core::AppCoreComponents::BaseInfoPtr info)
+{
+    if (info == m_info)
+        return;
+
+    // The last reference to the old object may run a destructor of the host's, which may destroy this model.
+    const QPointer<CNodeDataModel> self(this);
+    m_info.swap(info);
+    info.reset();
+    if (!self)
+        return;
+
+    // A copy, because a handler may inject another object while the others still read this one.
+    const Core::AppCoreComponents::BaseInfoPtr held = m_info;
+    Q_EMIT infoInjected(held);
+}
+
+Core::AppCoreComponents::BaseInfoPtr CNodeDataModel::getInfo()
+{
+    return m_info;
+}
+
+QJsonObject CNodeDataModel::save() const
+{
+    return {{QStringLiteral("name"), asked(*this).name()}};
+}
+
+} // namespace Halvex
+} // namespace Plugin

@@ -1,0 +1,137 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "graph/CNodeData.h"
+#include "graph/ENodePortType.h"
+#include "graph/NodePortIndex.h"
+#include "platform/IBaseInfo.h"
+#include "platform/ISerializable.h"
+
+#include <QObject>
+
+namespace Plugin {
+namespace Halvex {
+
+/// What a model thinks of its inputs and settings; published for the host, never read by the library.
+enum class ENodeValidationState
+{
+    Valid = 0,
+    Warning = 1,
+    Error = 2
+};
+
+/**
+ * The behaviour of one node: its ports, what it does with data that arrives, what it offers.
+ *
+ * \code
+ * class CNegateModel : public CNodeDataModel
+ * {
+ * public:
+ *     QString caption() override { return QStringLiteral("Negate"); }
+ *     QString name() override { return QStringLiteral("Negate"); }
+ *     unsigned int nPorts(ENodePortType side) const override { return side == ENodePortType::None ? 0 : 1; }
+ *     SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return CNumberData().type(); }
+ *     void setInData(CNodeDataPtr data, NodePortIndex) override
+ *     {
+ *         const auto number = data.dynamicCast<CNumberData>();
+ *         m_out = number ? QSharedPointer<CNumberData>::create(-number->value()) : CNodeDataPtr();
+ *         Q_EMIT dataUpdated(0); // the node now reads outData(0) and passes it on
+ *     }
+ *     CNodeDataPtr outData(NodePortIndex) override { return m_out; }
+ *
+ * private:
+ *     CNodeDataPtr m_out;
+ * };
+ * \endcode
+ *
+ * Ownership: a model is owned by its node through a `std::unique_ptr` and is destroyed with it; it never has a QObject
+ * parent. Port counts are read once, when the node is made, and must not change.
+ *
+ * Threads: the virtual operations are called in the graph's thread, the one that constructed the model. Signals may be
+ * emitted from any thread; a foreign thread's dataUpdated() is queued into the graph's.
+ *
+ * Re-entry: setInData() and outData() run inside a walk. They may change the graph, their own node's removal
+ * included: the node and this model then live until the walk has left them.
+ */
+class HALVEX_EXPORT CNodeDataModel : public QObject, public AppCore::ISerializable
+{
+    Q_OBJECT
+
+public:
+    /// How many connections an output port is meant to have; published for the host, never consulted here.
+    enum class EConnectionPolicy
+    {
+        One = 0,
+        Many = 1
+    };
+    Q_ENUM(EConnectionPolicy)
+
+    CNodeDataModel();
+    ~CNodeDataModel() override;
+
+    /// What a person reads on the node.
+    virtual QString caption() = 0;
+    virtual bool captionVisible() const;
+
+    virtual QString portCaption(ENodePortType portType, NodePortIndex index) const;
+    virtual bool portCaptionVisible(ENodePortType portType, NodePortIndex index) const;
+
+    /// The registered name, unique per model class. It stands in scene documents: never translate or change it.
+    virtual QString name() = 0;
+
+    /// Number of ports on one side; 0 for None.
+    virtual unsigned int nPorts(ENodePortType portType) const = 0;
+    virtual SNodeDataType dataType(ENodePortType portType, NodePortIndex index) const = 0;
+    virtual EConnectionPolicy portOutConnectionPolicy(NodePortIndex index) const;
+
+    /// Takes \a data, null for empty data, on input port \a index.
+    virtual void setInData(CNodeDataPtr data, NodePortIndex index) = 0;
+
+    /// The current data of output port \a index, null if there is none. Also asked for ports that do not exist, when
+    /// dataUpdated() named one.
+    virtual CNodeDataPtr outData(NodePortIndex index) = 0;
+
+    virtual ENodeValidationState validationState() const;
+    virtual QString validationMessage() const;
+
+    /// Replaces the information object and emits infoInjected(); does nothing if \a info is the object held already.
+    /// The previous object is released before the signal.
+    void setInfo(Core::AppCoreComponents::BaseInfoPtr info);
+
+    /// The scene's information object, null until a scene injected one. Not const for history's sake.
+    Core::AppCoreComponents::BaseInfoPtr getInfo();
+
+    /// {"name": name()}. Subclasses add their settings to it.
+    QJsonObject save() const override;
+
+Q_SIGNALS:
+    /// There is new data on output port \a index; emit it after storing the data, since outData() is read at once.
+    void dataUpdated(NodePortIndex index);
+
+    /// The output of port \a index is no longer valid. For the host: the graph does not react.
+    void dataInvalidated(NodePortIndex index);
+
+    /// Bracket a model's work, for the host.
+    void computingStarted();
+    void computingFinished();
+
+    /// setInfo() has stored \a info. Once per change.
+    void infoInjected(const Core::AppCoreComponents::BaseInfoPtr& info);
+
+protected:
+    /// The model as its own non-const self. name() and isUnique() are not const, by the interface that hosts build
+    /// on, yet save() must ask them; they are questions all the same, so asking them through this is sound.
+    template <typename Model>
+    static Model& asked(const Model& model)
+    {
+        return const_cast<Model&>(model);
+    }
+
+private:
+    Core::AppCoreComponents::BaseInfoPtr m_info;
+};
+
+} // namespace Halvex
+} // namespace Plugin

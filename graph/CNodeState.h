@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "graph/ENodePortType.h"
+#include "graph/NodePortIndex.h"
+#include "platform/CId.h"
+
+#include <Halvex/HalvexExport.h>
+
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+namespace Plugin {
+namespace Halvex {
+
+class CNodeConnection;
+class CNodeDataModel;
+
+/**
+ * A node's table of the connections attached to each of its ports.
+ *
+ * \code
+ * for (const auto& entry : node.nodeState().connections(ENodePortType::Out, 0))
+ *     qDebug() << entry.second->id().toString();
+ * \endcode
+ *
+ * The scene enters a connection into the tables of both of its nodes; a connection takes itself out of the tables of
+ * its ends when it is removed and, at the latest, when it is destroyed.
+ *
+ * Ownership: connections are referred to, not owned. The pointers that connections() and getEntries() hand out are
+ * good until something destroys the connection. Whatever a host enters by itself (through setConnection(), the
+ * modifiable getEntries() or by assigning a table), the library uses an entry only while its connection exists.
+ *
+ * Port types: In selects the input ports, Out the output ports, anything else a third list that is always empty.
+ *
+ * Threads: the graph's thread. A walk reads it; entries may be added and erased meanwhile.
+ */
+class HALVEX_EXPORT CNodeState
+{
+public:
+    /// The connections of one port, by their id. At most one entry per connection; the order means nothing.
+    using Connections = std::unordered_map<Core::CId, CNodeConnection*>;
+
+    /// As many ports as \a model has now; none for a null model.
+    explicit CNodeState(const std::unique_ptr<CNodeDataModel>& model);
+    CNodeState(const CNodeState&);
+    CNodeState(CNodeState&&) noexcept;
+    CNodeState& operator=(const CNodeState&);
+    CNodeState& operator=(CNodeState&&) noexcept;
+    ~CNodeState();
+
+    /// A copy of one port's connections. For a port that does not exist: empty, and a debug message says which.
+    Connections connections(ENodePortType portType, NodePortIndex index) const;
+
+    /// Enters \a connection under its id; an entry that is there already stays as it is. The port must exist; one
+    /// that does not is ignored.
+    void setConnection(ENodePortType portType, NodePortIndex index, CNodeConnection& connection);
+
+    /// Takes the entry of \a id out, if there is one.
+    void eraseConnection(ENodePortType portType, NodePortIndex index, const Core::CId& id);
+
+    /// All ports of one side, in index order. Entries may be changed through the first form, ports may not.
+    std::vector<Connections>& getEntries(ENodePortType portType);
+    const std::vector<Connections>& getEntries(ENodePortType portType) const;
+
+private:
+    friend class CConnectionEnd;
+    friend class CConnectionSnapshot;
+    friend class CNodeBase;
+    friend class CNodeConnection;
+
+    // Set when an entry may be of a connection that will not take it out, since it does not know of it. Entries are
+    // then looked up before they are used, which costs a walk through this node a little. True for every copy.
+    struct SMayHoldDead
+    {
+        SMayHoldDead() = default;
+        SMayHoldDead(const SMayHoldDead&) noexcept : value(true) {}
+        SMayHoldDead& operator=(const SMayHoldDead&) noexcept
+        {
+            value = true;
+            return *this;
+        }
+        bool value = false;
+    };
+
+    // The port's connections, null if it does not exist; the second form says so in the debug message.
+    const Connections* findPort(ENodePortType portType, NodePortIndex index) const;
+    const Connections* requirePort(ENodePortType portType, NodePortIndex index) const;
+
+    bool holds(ENodePortType portType, NodePortIndex index, const Core::CId& id) const;
+    void expectDeadEntries() { m_mayHoldDead.value = true; }
+    bool isUsable(const Connections::value_type& entry) const { return !m_mayHoldDead.value || exists(entry); }
+    static bool exists(const Connections::value_type& entry);
+    void clear();
+
+    std::vector<Connections> m_in;
+    std::vector<Connections> m_out;
+    std::vector<Connections> m_none;
+    SMayHoldDead m_mayHoldDead;
+};
+
+} // namespace Halvex
+} // namespace Plugin

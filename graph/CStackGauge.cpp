@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "graph/CStackGauge_p.h"
+
+#include <QtGlobal>
+
+#include <algorithm>
+
+#ifdef Q_OS_LINUX
+#include <pthread.h>
+#endif
+
+namespace Plugin {
+namespace Halvex {
+namespace {
+
+// The part of this thread's stack in which a delivery may begin, and all of the stack below it.
+struct SBounds
+{
+    bool known = false;
+    quintptr usable = 0;
+    quintptr usableSize = 0;
+    quintptr reserve = 0;
+};
+
+#ifdef Q_OS_LINUX
+SBounds readBounds()
+{
+    SBounds bounds;
+    bounds.known = true;
+
+    pthread_attr_t attributes;
+    if (pthread_getattr_np(pthread_self(), &attributes) != 0)
+        return bounds;
+    void* lowest = nullptr;
+    std::size_t size = 0;
+    if (pthread_attr_getstack(&attributes, &lowest, &size) == 0) {
+        bounds.reserve = std::min<quintptr>(std::max<quintptr>(size / 8, 64 * 1024), size / 2);
+        bounds.usable = reinterpret_cast<quintptr>(lowest) + bounds.reserve;
+        bounds.usableSize = size - bounds.reserve;
+    }
+    pthread_attr_destroy(&attributes);
+    return bounds;
+}
+#else
+SBounds readBounds()
+{
+    SBounds bounds;
+    bounds.known = true;
+    return bounds;
+}
+#endif
+
+thread_local SBounds t_bounds;
+
+} // namespace
+
+bool CStackGauge::hasRoom()
+{
+    const char here = 0;
+    const auto position = reinterpret_cast<quintptr>(&here);
+    if (position - t_bounds.usable < t_bounds.usableSize)
+        return true;
+
+    if (!t_bounds.known) {
+        t_bounds = readBounds();
+        return hasRoom();
+    }
+    const bool isInReserve = t_bounds.usable - position <= t_bounds.reserve;
+    return !isInReserve;
+}
+
+} // namespace Halvex
+} // namespace Plugin

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+namespace Plugin {
+namespace Halvex {
+
+/**
+ * Tells whether this thread's stack has room for one more delivery.
+ *
+ * A walk is as deep as its chain is long, and a feedback loop has no end. The last eighth of the stack (at least
+ * 64 KiB, at most half) is kept free for what models and message handlers need at the deepest point.
+ *
+ * On a stack that is not the thread's own (a coroutine's) nothing is known, and there is always room. The bounds come
+ * from pthread_getattr_np(3), which Linux has; elsewhere there is always room, too.
+ */
+class CStackGauge
+{
+public:
+    static bool hasRoom();
+};
+
+} // namespace Halvex
+} // namespace Plugin

@@ -1,0 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "graph/LoggingCategory_p.h"
+
+namespace Plugin {
+namespace Halvex {
+
+Q_LOGGING_CATEGORY(lcGraph, "halvex.graph")
+
+} // namespace Halvex
+} // namespace Plugin

@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "graph/CNodeData.h"
+
+#include <functional>
+
+namespace Plugin {
+namespace Halvex {
+
+/**
+ * Turns data of one type into data of another on its way along a connection.
+ *
+ * It is called for everything that the connection carries, so it must accept a null pointer (empty data), for which
+ * it usually returns a null pointer. It runs in the graph's thread, inside the walk.
+ */
+using NodeDataConverter = std::function<CNodeDataPtr(CNodeDataPtr)>;
+
+} // namespace Halvex
+} // namespace Plugin

@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+namespace Plugin {
+namespace Halvex {
+
+/// A port's index on one side of a node, counted from 0; -1 stands for no port.
+/// To travel by name through queued signals it is registered with qRegisterMetaType<NodePortIndex>("NodePortIndex").
+using NodePortIndex = int;
+
+} // namespace Halvex
+} // namespace Plugin

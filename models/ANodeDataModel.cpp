@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "models/ANodeDataModel.h"
+
+namespace Plugin {
+namespace Halvex {
+namespace {
+
+QString noUniqueName()
+{
+    return QStringLiteral("Halvex.NoUniqueName");
+}
+
+} // namespace
+
+ANodeDataModel::ANodeDataModel(QString uniqueName)
+    : m_uniqueName(std::move(uniqueName))
+    , m_id(Core::CId::createId())
+{
+    qRegisterMetaType<CNodeDataPtr>("CNodeDataPtr");
+}
+
+ANodeDataModel::~ANodeDataModel() = default;
+
+Core::CId ANodeDataModel::id() const
+{
+    return m_id;
+}
+
+QString ANodeDataModel::uniqueName() const
+{
+    return hasUniqueName() ? m_uniqueName : QString();
+}
+
+bool ANodeDataModel::hasUniqueName() const
+{
+    return m_uniqueName != noUniqueName();
+}
+
+ENodeDataModelType ANodeDataModel::getType()
+{
+    return m_modelType;
+}
+
+QJsonObject ANodeDataModel::save() const
+{
+    QJsonObject json = CNodeDataModel::save();
+    json.insert(QStringLiteral("is_unique"), asked(*this).isUnique());
+    if (hasUniqueName())
+        json.insert(QStringLiteral("unique_name"), uniqueName());
+    return json;
+}
+
+} // namespace Halvex
+} // namespace Plugin

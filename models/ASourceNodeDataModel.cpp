@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "models/ASourceNodeDataModel.h"
+
+namespace Plugin {
+namespace Halvex {
+
+ASourceNodeDataModel::ASourceNodeDataModel(QString uniqueName)
+    : ANodeDataModel(std::move(uniqueName))
+    , m_dataFlowProxy(new CNodeDataFlowProxy(this))
+{
+    m_modelType = ENodeDataModelType::Source;
+    connect(m_dataFlowProxy.data(), &CNodeDataFlowProxy::newDataAvailable, this,
+            &ASourceNodeDataModel::onNewDataAvailable);
+}
+
+ASourceNodeDataModel::~ASourceNodeDataModel() = default;
+
+QPointer<CNodeDataFlowProxy> ASourceNodeDataModel::getDataFlowProxy()
+{
+    return m_dataFlowProxy;
+}
+
+CNodeDataPtr ASourceNodeDataModel::outData(NodePortIndex index)
+{
+    Q_UNUSED(index)
+    return m_data;
+}
+
+void ASourceNodeDataModel::onNewDataAvailable(CNodeDataPtr ptrNodeData)
+{
+    // The previous frame goes before the walk begins, so that a camera gets its buffer back. It may be the last
+    // pointer to it, and a data object's destructor is foreign code that may destroy this model.
+    const QPointer<ASourceNodeDataModel> self(this);
+    m_data.swap(ptrNodeData);
+    ptrNodeData.reset();
+    if (self)
+        Q_EMIT dataUpdated(0);
+}
+
+} // namespace Halvex
+} // namespace Plugin

@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "models/ANodeDataModel.h"
+#include "models/CNodeDataFlowProxy.h"
+
+#include <Halvex/HalvexExport.h>
+
+#include <QPointer>
+
+namespace Plugin {
+namespace Halvex {
+
+/**
+ * A model whose data enters the graph from outside, through its proxy.
+ *
+ * \code
+ * if (const QPointer<CNodeDataFlowProxy> proxy = camera.getDataFlowProxy())
+ *     proxy->setData(frame); // from any thread
+ * \endcode
+ *
+ * What arrives is stored, replacing what was there, and then announced with dataUpdated(0), all in the graph's thread:
+ * before setData() returns if that was called there, else from that thread's event loop. Empty data too is stored and
+ * announced, though a node passes nothing on for it.
+ *
+ * Subclasses owe caption(), name(), nPorts(), dataType(), setInData() and isUnique().
+ */
+class HALVEX_EXPORT ASourceNodeDataModel : public ANodeDataModel
+{
+    Q_OBJECT
+
+public:
+    explicit ASourceNodeDataModel(QString uniqueName = QStringLiteral("Halvex.NoUniqueName"));
+    ~ASourceNodeDataModel() override;
+
+    /// Where outside code puts data in. The proxy is owned by the model and goes with it; the pointer is then null.
+    QPointer<CNodeDataFlowProxy> getDataFlowProxy();
+
+    /// The last data, for every \a index: a source with several output ports offers the same on all.
+    CNodeDataPtr outData(NodePortIndex index) override;
+
+private Q_SLOTS:
+    void onNewDataAvailable(CNodeDataPtr ptrNodeData);
+
+private:
+    QPointer<CNodeDataFlowProxy> m_dataFlowProxy;
+    CNodeDataPtr m_data;
+};
+
+} // namespace Halvex
+} // namespace Plugin

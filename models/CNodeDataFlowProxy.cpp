@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "models/CNodeDataFlowProxy.h"
+
+namespace Plugin {
+namespace Halvex {
+
+CNodeDataFlowProxy::CNodeDataFlowProxy(QObject* parent) : QObject(parent) {}
+
+CNodeDataFlowProxy::~CNodeDataFlowProxy() = default;
+
+void CNodeDataFlowProxy::setData(CNodeDataPtr ptrNodeData)
+{
+    Q_EMIT newDataAvailable(ptrNodeData);
+}
+
+} // namespace Halvex
+} // namespace Plugin

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "graph/CNodeData.h"
+
+#include <Halvex/HalvexExport.h>
+
+#include <QObject>
+
+namespace Plugin {
+namespace Halvex {
+
+/**
+ * Carries data across the border of a graph: into a source model, out of a sink model.
+ *
+ * Outside code gets the proxy instead of the model, so that it can feed or watch without touching the graph.
+ *
+ * Ownership: a child of its model. Keep the QPointer that getDataFlowProxy() returns.
+ *
+ * Threads: setData() may be called from any thread, as long as the proxy exists during the call. A QPointer does not
+ * keep it alive: another thread must have stopped calling before the graph's thread destroys the model.
+ */
+class HALVEX_EXPORT CNodeDataFlowProxy : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit CNodeDataFlowProxy(QObject* parent = nullptr);
+    ~CNodeDataFlowProxy() override;
+
+    /// Emits newDataAvailable() in the calling thread; null is empty data.
+    void setData(CNodeDataPtr ptrNodeData);
+
+Q_SIGNALS:
+    /// Once per setData(), in the thread that called it.
+    void newDataAvailable(CNodeDataPtr ptrNodeData);
+};
+
+} // namespace Halvex
+} // namespace Plugin

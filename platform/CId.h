@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QUuid>
+
+#include <functional>
+
+namespace Core {
+
+/**
+ * The host's identifier: a value that names one object for as long as it is kept.
+ *
+ * \code
+ * const Core::CId id = Core::CId::createId();
+ * const Core::CId same(id.toString().toLatin1().constData());
+ * Q_ASSERT(same == id);
+ * Q_ASSERT(Core::CId("no such id") == Core::CId());
+ * \endcode
+ *
+ * A default-constructed identifier means "no id". Text form: 36 characters,
+ * "01234567-89ab-cdef-0123-456789abcdef"; surrounding braces are accepted when reading.
+ *
+ * Threads: a value type; distinct objects may be used concurrently, createId() from any thread.
+ */
+class CId
+{
+public:
+    /// No id.
+    CId() = default;
+
+    /// Reads the text form. Null, and text that is no id, give no id.
+    explicit CId(const char* text) : m_uuid(read(QByteArray::fromRawData(text, int(qstrlen(text))))) {}
+
+    /// A fresh identifier, different from every other one.
+    static CId createId() { return CId(QUuid::createUuid()); }
+
+    QString toString() const { return m_uuid.toString(QUuid::WithoutBraces); }
+    QUuid uuid() const { return m_uuid; }
+
+    friend bool operator==(const CId& left, const CId& right) { return left.m_uuid == right.m_uuid; }
+    friend bool operator!=(const CId& left, const CId& right) { return left.m_uuid != right.m_uuid; }
+    friend bool operator<(const CId& left, const CId& right) { return left.m_uuid < right.m_uuid; }
+
+private:
+    explicit CId(const QUuid& uuid) : m_uuid(uuid) {}
+
+    // QUuid's own reader ignores what follows the last digit; an identifier with a tail is no id.
+    static QUuid read(const QByteArray& text)
+    {
+        const bool braced = text.size() == 38 && text.startsWith('{') && text.endsWith('}');
+        return braced || text.size() == 36 ? QUuid(text) : QUuid();
+    }
+
+    QUuid m_uuid;
+};
+
+static_assert(sizeof(CId) == 16, "an identifier is its 128-bit UUID and nothing else");
+
+} // namespace Core
+
+namespace std {
+
+template <>
+struct hash<Core::CId>
+{
+    size_t operator()(const Core::CId& id) const noexcept { return qHash(id.uuid(), 0); }
+};
+
+} // namespace std

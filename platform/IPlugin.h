@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "platform/IServiceManager.h"
+
+#include <QObject>
+#include <QWeakPointer>
+
+namespace Core {
+namespace Plugin {
+
+/**
+ * What the host calls on a plugin, in this order: initialize(), extensionsInitialized() once every plugin is
+ * initialized, and at the end aboutToUninitialize() and uninitialize(). All in the host's main thread.
+ */
+class Q_DECL_EXPORT IPlugin : public QObject
+{
+public:
+    /// How a plugin is taken down.
+    enum class UninitializeMode
+    {
+        Synchronous, ///< uninitialize() may be called at once.
+        Asynchronous ///< The plugin still has work to end first.
+    };
+
+    explicit IPlugin(QObject* parent = nullptr) : QObject(parent) {}
+
+    /// Publishes the plugin's services with \a manager, which may be gone already. False refuses to start.
+    virtual bool initialize(const QWeakPointer<Service::IServiceManager>& manager) = 0;
+
+    /// Every plugin is initialized: services of others may be used from here on.
+    virtual bool extensionsInitialized() = 0;
+
+    /// Withdraws what initialize() published.
+    virtual bool uninitialize(const QWeakPointer<Service::IServiceManager>& manager) = 0;
+
+    /// Whether the host may close now; \a force says that it will close in any case.
+    virtual bool checkPluginClosability(bool force)
+    {
+        Q_UNUSED(force)
+        return true;
+    }
+
+    virtual UninitializeMode aboutToUninitialize() { return UninitializeMode::Synchronous; }
+};
+
+} // namespace Plugin
+} // namespace Core

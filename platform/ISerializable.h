@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QJsonObject>
+
+namespace Plugin {
+namespace AppCore {
+
+/// An object that writes itself to a JSON object and reads itself back from one.
+class Q_DECL_EXPORT ISerializable
+{
+public:
+    virtual ~ISerializable() = default;
+
+    /// The object's state. Called in the object's thread.
+    virtual QJsonObject save() const = 0;
+
+    /// Takes the state from \a json; keys that are missing change nothing. Does nothing unless overridden.
+    virtual void restore(const QJsonObject& json) { Q_UNUSED(json) }
+};
+
+} // namespace AppCore
+} // namespace Plugin

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "scene/CNodeDataModelRegistry.h"
+
+#include <tuple>
+
+namespace Plugin {
+namespace Halvex {
+
+CNodeDataModelRegistry::CNodeDataModelRegistry() = default;
+CNodeDataModelRegistry::CNodeDataModelRegistry(CNodeDataModelRegistry&&) noexcept = default;
+CNodeDataModelRegistry& CNodeDataModelRegistry::operator=(CNodeDataModelRegistry&&) noexcept = default;
+CNodeDataModelRegistry::~CNodeDataModelRegistry() = default;
+
+std::unique_ptr<CNodeDataModel> CNodeDataModelRegistry::create(const QString& modelName)
+{
+    const auto found = m_creators.find(modelName);
+    return found == m_creators.end() ? nullptr : found->second();
+}
+
+const std::set<QString>& CNodeDataModelRegistry::categories() const
+{
+    return m_categories;
+}
+
+const std::unordered_map<QString, ModelCreator>& CNodeDataModelRegistry::registeredModelCreators() const
+{
+    return m_creators;
+}
+
+const std::unordered_map<QString, QString>& CNodeDataModelRegistry::registeredModelsCategoryAssociation() const
+{
+    return m_categoryOfModel;
+}
+
+void CNodeDataModelRegistry::registerTypeConverter(const std::pair<SNodeDataType, SNodeDataType>& fromTo,
+                                                   NodeDataConverter converter)
+{
+    m_converters[fromTo] = std::move(converter);
+}
+
+NodeDataConverter CNodeDataModelRegistry::getTypeConverter(const SNodeDataType& from, const SNodeDataType& to) const
+{
+    const auto found = m_converters.find({from, to});
+    return found == m_converters.end() ? NodeDataConverter() : found->second;
+}
+
+bool CNodeDataModelRegistry::SLessById::operator()(const TypePair& left, const TypePair& right) const
+{
+    return std::tie(left.first.id, left.second.id) < std::tie(right.first.id, right.second.id);
+}
+
+void CNodeDataModelRegistry::add(ModelCreator creator, const QString& category)
+{
+    std::unique_ptr<CNodeDataModel> prototype = creator();
+    if (!prototype)
+        return;
+    const QString name = prototype->name();
+    prototype.reset();
+
+    if (!m_creators.emplace(name, std::move(creator)).second)
+        return;
+    m_categories.insert(category);
+    m_categoryOfModel[name] = category;
+}
+
+} // namespace Halvex
+} // namespace Plugin

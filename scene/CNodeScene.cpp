@@ -1,0 +1,386 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "scene/CNodeScene.h"
+
+#include "graph/CGraphOwner_p.h"
+#include "graph/Swallow_p.h"
+
+#include <QPointer>
+
+#include <algorithm>
+#include <utility>
+
+namespace Plugin {
+namespace Halvex {
+namespace {
+
+/// Marks an object as leaving, so that its removal is not begun twice. If a handler's exception ends the removal, the
+/// mark goes, and the object can be removed later.
+template <typename T>
+class CLeavingMark
+{
+public:
+    explicit CLeavingMark(T& object) : m_object(CGraphOwner::isLeaving(object) ? nullptr : &object)
+    {
+        CGraphOwner::setLeaving(object, true);
+    }
+    ~CLeavingMark()
+    {
+        if (m_object)
+            CGraphOwner::setLeaving(*m_object, false);
+    }
+    Q_DISABLE_COPY(CLeavingMark)
+
+    void keep() { m_object = nullptr; }
+
+private:
+    T* m_object;
+};
+
+} // namespace
+
+/// One level of nesting: as long as there is one, deferred actions wait.
+class CNodeScene::CNesting
+{
+public:
+    explicit CNesting(CNodeScene& scene) : m_scene(&scene) { ++scene.m_depth; }
+    ~CNesting()
+    {
+        if (CNodeScene* const scene = m_scene)
+            --scene->m_depth;
+    }
+    Q_DISABLE_COPY(CNesting)
+
+private:
+    QPointer<CNodeScene> m_scene;
+};
+
+CNodeScene::CNodeScene(Core::AppCoreComponents::BaseInfoPtr info, QObject* parent)
+    : CNodeScene(nullptr, std::move(info), parent)
+{
+}
+
+CNodeScene::CNodeScene(std::shared_ptr<CNodeDataModelRegistry> registry, Core::AppCoreComponents::BaseInfoPtr info,
+                       QObject* parent)
+    : QObject(parent)
+    , m_registry(std::move(registry))
+    , m_info(std::move(info))
+{
+}
+
+CNodeScene::~CNodeScene()
+{
+    // If it is a handler that destroys the scene, the operations around it find the scene gone and stop: what they
+    // would have done at their end is done here.
+    m_depth = 0;
+    m_isClosing = true;
+    finishDeferred();
+    forEachNode([this](CNodeBase* node) {
+        swallowExceptions("The removal of a node with its scene", [this, node] { removeNode(*node); });
+    });
+    finishDeferred();
+
+    // By hand and not by the members' destructors, since releasing each of these may run foreign code, which may still
+    // call the scene. Whoever goes on filling it now is not told any more.
+    blockSignals(true);
+    m_info.reset();
+    m_registry.reset();
+    while (!m_nodes.empty() || !m_connections.empty()) {
+        while (!m_nodes.empty())
+            takeOut(*m_nodes.begin()->second);
+        const auto released = std::exchange(m_connections, {});
+    }
+}
+
+CNodeBase& CNodeScene::createNode(std::unique_ptr<CNodeDataModel>&& model)
+{
+    std::unique_ptr<CNodeDataModel> taken = std::move(model);
+    const QPointer<CNodeScene> self(this);
+    if (taken)
+        taken->setInfo(m_info);
+    return self ? addNode(std::make_unique<CNodeBase>(std::move(taken))) : noNode();
+}
+
+CNodeBase& CNodeScene::noNode()
+{
+    static const std::unique_ptr<CNodeBase> none = [] {
+        auto node = std::make_unique<CNodeBase>(nullptr);
+        node->restore(QJsonObject());
+        return node;
+    }();
+    return *none;
+}
+
+std::shared_ptr<CNodeConnection> CNodeScene::createConnection(CNodeBase& nodeIn, int portIndexIn, CNodeBase& nodeOut,
+                                                              int portIndexOut, const NodeDataConverter& converter)
+{
+    if (!canConnect(nodeIn, ENodePortType::In, portIndexIn) || !canConnect(nodeOut, ENodePortType::Out, portIndexOut))
+        return nullptr;
+
+    auto connection = std::make_shared<CNodeConnection>(nodeIn, portIndexIn, nodeOut, portIndexOut, converter);
+    nodeIn.nodeState().setConnection(ENodePortType::In, portIndexIn, *connection);
+    nodeOut.nodeState().setConnection(ENodePortType::Out, portIndexOut, *connection);
+
+    const QPointer<CNodeScene> self(this);
+    nodeOut.onDataUpdated(portIndexOut);
+    if (!self || !isWhole(*connection))
+        return nullptr;
+    return addConnection(std::move(connection));
+}
+
+std::shared_ptr<CNodeConnection> CNodeScene::createConnection(ENodePortType portType, CNodeBase& node, int portIndex)
+{
+    if (!canConnect(node, portType, portIndex))
+        return nullptr;
+    return addConnection(std::make_shared<CNodeConnection>(portType, node, portIndex));
+}
+
+void CNodeScene::deleteConnection(CNodeConnection& connection)
+{
+    deferDeletion(connection.id());
+}
+
+void CNodeScene::deleteConnectionNow(CNodeConnection& connection)
+{
+    const auto found = m_connections.find(connection.id());
+    if (found == m_connections.end() || CGraphOwner::isLeaving(connection))
+        return;
+
+    std::shared_ptr<CNodeConnection> kept = found->second;
+    CLeavingMark<CNodeConnection> mark(connection);
+    const QPointer<CNodeScene> self(this);
+    {
+        const CNesting nesting(*this);
+        Q_EMIT connectionDeleted(connection);
+        if (!self)
+            return;
+        mark.keep();
+        connection.removeFromNodes();
+        m_connections.erase(connection.id());
+        kept.reset();
+    }
+    if (self)
+        runDeferred();
+}
+
+void CNodeScene::removeNode(CNodeBase& node)
+{
+    const bool isAnnounced = CGraphOwner::isLeaving(node);
+    if (!holds(node) || (isAnnounced && !m_isClosing))
+        return;
+
+    const CNodeVisit visit(node);
+    CLeavingMark<CNodeBase> mark(node);
+    if (!isAnnounced && !announce([this, &node] { Q_EMIT nodeDeleted(node); }))
+        return;
+    if (!holds(node) || !deleteConnectionsOf(node) || !holds(node))
+        return;
+    mark.keep();
+    takeOut(node);
+}
+
+void CNodeScene::clearScene()
+{
+    forEachNode([this](CNodeBase* node) { removeNode(*node); });
+}
+
+void CNodeScene::iterateOverNodes(const std::function<void(CNodeBase*)>& visitor)
+{
+    forEachNode(visitor);
+}
+
+void CNodeScene::iterateOverNodeData(const std::function<void(CNodeDataModel*)>& visitor)
+{
+    forEachNode([&visitor](CNodeBase* node) { visitor(node->nodeDataModel()); });
+}
+
+const std::unordered_map<Core::CId, std::unique_ptr<CNodeBase>>& CNodeScene::nodes() const
+{
+    return m_nodes;
+}
+
+const std::unordered_map<Core::CId, std::shared_ptr<CNodeConnection>>& CNodeScene::connections() const
+{
+    return m_connections;
+}
+
+CNodeDataModelRegistry& CNodeScene::registry() const
+{
+    Q_ASSERT(m_registry);
+    return *m_registry;
+}
+
+void CNodeScene::setRegistry(std::shared_ptr<CNodeDataModelRegistry> registry)
+{
+    m_registry = std::move(registry);
+}
+
+bool CNodeScene::isRegistyValid() const
+{
+    return m_registry != nullptr;
+}
+
+Core::AppCoreComponents::BaseInfoPtr CNodeScene::getSceneInfo() const
+{
+    return m_info;
+}
+
+CNodeBase& CNodeScene::addNode(std::unique_ptr<CNodeBase> node)
+{
+    CNodeBase& added = *node;
+    const CNodeVisit visit(added);
+    const QPointer<CNodeScene> self(this);
+
+    std::swap(m_nodes[added.id()], node);
+    if (node)
+        CGraphOwner::retire(std::move(node));
+    if (!self || !holds(added))
+        return noNode();
+
+    const bool isOpen = announce([this, &added] { Q_EMIT nodeCreated(added); });
+    return isOpen && holds(added) ? added : noNode();
+}
+
+std::shared_ptr<CNodeConnection> CNodeScene::addConnection(std::shared_ptr<CNodeConnection> connection)
+{
+    m_connections[connection->id()] = connection;
+    announce([this, &connection] { Q_EMIT connectionCreated(*connection); });
+    return connection;
+}
+
+std::unordered_map<Core::CId, std::unique_ptr<CNodeBase>>::iterator CNodeScene::find(const CNodeBase& node)
+{
+    const auto found = m_nodes.find(node.id());
+    if (found != m_nodes.end() && found->second.get() == &node)
+        return found;
+
+    // Somebody may have called the node's restore(), which changes its id under our key.
+    return std::find_if(m_nodes.begin(), m_nodes.end(), [&node](const auto& entry) { return entry.second.get() == &node; });
+}
+
+bool CNodeScene::holds(const CNodeBase& node)
+{
+    return find(node) != m_nodes.end();
+}
+
+bool CNodeScene::hasLeft(const CNodeBase& node)
+{
+    return CGraphOwner::isRetired(node) || (CGraphOwner::isLeaving(node) && !holds(node));
+}
+
+bool CNodeScene::canConnect(const CNodeBase& node, ENodePortType portType, int portIndex)
+{
+    // As an unsigned number, a negative index is beyond the end as well.
+    return quint64(portIndex) < node.nodeState().getEntries(portType).size() && !hasLeft(node);
+}
+
+bool CNodeScene::isWhole(const CNodeConnection& connection)
+{
+    const CNodeBase* const in = connection.getNode(ENodePortType::In);
+    const CNodeBase* const out = connection.getNode(ENodePortType::Out);
+    return in && out && !hasLeft(*in) && !hasLeft(*out);
+}
+
+void CNodeScene::takeOut(CNodeBase& node)
+{
+    const auto found = find(node);
+    std::unique_ptr<CNodeBase> taken = std::move(found->second);
+    m_nodes.erase(found);
+    if (m_depth == 0) {
+        CGraphOwner::retire(std::move(taken));
+        return;
+    }
+
+    // Its connections wait in the queue, and their handlers are still to see them with both ends.
+    std::shared_ptr<CNodeBase> last(taken.release(), [](CNodeBase* leaving) {
+        CGraphOwner::retire(std::unique_ptr<CNodeBase>(leaving));
+    });
+    m_deferred.push_back([last = std::move(last)]() mutable { last.reset(); });
+}
+
+template <typename Visitor>
+bool CNodeScene::forEachNode(const Visitor& visitor)
+{
+    // The visitor may change the table: it is given what was there at the start and is there at its turn.
+    std::vector<std::pair<Core::CId, CNodeBase*>> present;
+    present.reserve(m_nodes.size());
+    for (const auto& entry : m_nodes)
+        present.emplace_back(entry.first, entry.second.get());
+
+    const QPointer<CNodeScene> self(this);
+    for (const auto& entry : present) {
+        const auto found = m_nodes.find(entry.first);
+        if (found == m_nodes.end() || found->second.get() != entry.second)
+            continue;
+        visitor(entry.second);
+        if (!self)
+            return false;
+    }
+    return true;
+}
+
+template <typename Signal>
+bool CNodeScene::announce(const Signal& signal)
+{
+    const QPointer<CNodeScene> self(this);
+    {
+        const CNesting nesting(*this);
+        signal();
+    }
+    return self && runDeferred();
+}
+
+bool CNodeScene::deferDeletion(const Core::CId& id)
+{
+    // By id and not by reference: until its turn comes, somebody else may have deleted the connection.
+    m_deferred.emplace_back([this, id] {
+        const auto found = m_connections.find(id);
+        if (found != m_connections.end())
+            deleteConnectionNow(*found->second);
+    });
+    return runDeferred();
+}
+
+bool CNodeScene::runDeferred()
+{
+    if (m_depth > 0)
+        return true;
+
+    // Nested, so that an action's own operations leave the queue to this loop: the stack stays flat however long the
+    // queue is.
+    const QPointer<CNodeScene> self(this);
+    const CNesting nesting(*this);
+    while (self && !m_deferred.empty()) {
+        const std::function<void()> action = std::move(m_deferred.front());
+        m_deferred.pop_front();
+        action();
+    }
+    return !self.isNull();
+}
+
+void CNodeScene::finishDeferred() noexcept
+{
+    while (!m_deferred.empty())
+        swallowExceptions("A deferred action of a scene that is being destroyed", [this] { runDeferred(); });
+}
+
+bool CNodeScene::deleteConnectionsOf(const CNodeBase& node)
+{
+    std::vector<Core::CId> ids;
+    for (const ENodePortType side : {ENodePortType::In, ENodePortType::Out}) {
+        for (const CNodeState::Connections& port : node.nodeState().getEntries(side)) {
+            for (const auto& entry : port)
+                ids.push_back(entry.first);
+        }
+    }
+
+    for (const Core::CId& id : ids) {
+        if (!deferDeletion(id))
+            return false;
+    }
+    return true;
+}
+
+} // namespace Halvex
+} // namespace Plugin

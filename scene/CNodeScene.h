@@ -1,0 +1,162 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "graph/CNodeBase.h"
+#include "graph/CNodeConnection.h"
+#include "platform/CId.h"
+#include "platform/IBaseInfo.h"
+#include "scene/CNodeDataModelRegistry.h"
+
+#include <Halvex/HalvexExport.h>
+
+#include <QObject>
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+namespace Plugin {
+namespace Halvex {
+
+/**
+ * One dataflow graph: owns its nodes, shares its connections, announces every change of structure.
+ *
+ * \code
+ * CNodeScene scene(registry, info, nullptr);
+ * CNodeBase& camera = scene.createNode(registry->create(QStringLiteral("Camera")));
+ * CNodeBase& writer = scene.createNode(registry->create(QStringLiteral("PngWriter")));
+ * const auto toImage = registry->getTypeConverter(CGrabResultData().type(), CImageData().type());
+ * if (!scene.createConnection(writer, 0, camera, 0, toImage)) // the consumer comes first
+ *     qWarning("a port is missing");
+ * \endcode
+ *
+ * Ownership: nodes belong to the scene alone, connections to the scene and whoever keeps the `std::shared_ptr`. The
+ * registry and the information object are shared.
+ *
+ * Signals come before the object they speak of is taken apart and after it was put together. Handlers may call any
+ * operation, the scene's destruction included. What they ask of deleteConnection() is done when the outermost
+ * operation has told everybody, first come, first served; deleteConnectionNow() is immediate. removeNode() in a
+ * handler takes the node out of nodes() at once, while its connections, and then the node, go when that queue runs.
+ *
+ * Exceptions of handlers, models and converters pass through; the scene stays usable, and what is still queued is done
+ * by the next operation. The destructor throws nothing: it reports to "halvex.graph" and goes on.
+ *
+ * Threads: one, the one that the scene lives in. Nothing is locked.
+ */
+class HALVEX_EXPORT CNodeScene : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// A scene without a registry: nothing can be made by name until setRegistry().
+    CNodeScene(Core::AppCoreComponents::BaseInfoPtr info, QObject* parent);
+    CNodeScene(std::shared_ptr<CNodeDataModelRegistry> registry, Core::AppCoreComponents::BaseInfoPtr info,
+               QObject* parent);
+
+    /// Removes every node as clearScene() does, with all signals, then releases info and registry.
+    ~CNodeScene() override;
+
+    /// Makes a node that owns \a model, after handing the model the scene's info. A node that has the same id already
+    /// is replaced and goes without signals; its connections find their end cleared. Emits nodeCreated() once.
+    /// Returns the node, or noNode() when a handler has removed it, or destroyed the scene, meanwhile.
+    CNodeBase& createNode(std::unique_ptr<CNodeDataModel>&& model);
+
+    /// What is returned in place of a node that does not exist: it has no ports and no id, and belongs to no scene.
+    /// Compare addresses: `&scene.createNode(...) == &CNodeScene::noNode()`.
+    static CNodeBase& noNode();
+
+    /// Connects \a nodeOut's output port to \a nodeIn's input port; note that the in end comes first. The current
+    /// output of that port, if there is any, goes along every connection of the port before the new one is in
+    /// connections() and announced. Emits connectionCreated() once.
+    /// Returns null, and nothing is created, if a node has no such port or is removed, by what receives the data, before
+    /// the connection is complete. The nodes may lie in different scenes.
+    std::shared_ptr<CNodeConnection> createConnection(CNodeBase& nodeIn, int portIndexIn, CNodeBase& nodeOut,
+                                                      int portIndexOut, const NodeDataConverter& converter);
+
+    /// A connection with one end, while the host is choosing the other. It is in connections() but in no node's port
+    /// table, and carries nothing. Emits connectionCreated() once. Null if the node has no such port.
+    std::shared_ptr<CNodeConnection> createConnection(ENodePortType portType, CNodeBase& node, int portIndex);
+
+    /// Deletes \a connection: at once, or, in a handler of this scene's signals, when the outermost operation ends.
+    /// One that is not in connections() is left alone, and asking twice deletes once.
+    void deleteConnection(CNodeConnection& connection);
+
+    /// Deletes \a connection at once: emits connectionDeleted() while it is still whole, takes it out of its nodes'
+    /// port tables and of connections(). It is destroyed unless somebody shares it.
+    void deleteConnectionNow(CNodeConnection& connection);
+
+    /// Emits nodeDeleted() while the node is still whole, deletes its connections (input ports first), then the node
+    /// and its model. One that is not in nodes() is left alone, and asking twice removes once.
+    void removeNode(CNodeBase& node);
+
+    /// Removes every node that the scene has now. Half connections stay.
+    void clearScene();
+
+    /// Calls \a visitor once for each node that the scene has now and still has at its turn, in the order of nodes().
+    void iterateOverNodes(const std::function<void(CNodeBase*)>& visitor);
+
+    /// The same with the nodes' models.
+    void iterateOverNodeData(const std::function<void(CNodeDataModel*)>& visitor);
+
+    /// The tables themselves: they change with the scene, so iterate a copy of the keys where a loop changes it.
+    const std::unordered_map<Core::CId, std::unique_ptr<CNodeBase>>& nodes() const;
+    const std::unordered_map<Core::CId, std::shared_ptr<CNodeConnection>>& connections() const;
+
+    /// The registry. There must be one, see isRegistyValid().
+    CNodeDataModelRegistry& registry() const;
+
+    /// Replaces the registry; existing nodes keep their models.
+    void setRegistry(std::shared_ptr<CNodeDataModelRegistry> registry);
+
+    /// Whether there is a registry. The spelling is what hosts call.
+    bool isRegistyValid() const;
+
+    Core::AppCoreComponents::BaseInfoPtr getSceneInfo() const;
+
+Q_SIGNALS:
+    void nodeCreated(CNodeBase& node);
+    /// The node is about to be removed; it and its connections are still whole.
+    void nodeDeleted(CNodeBase& node);
+    void connectionCreated(CNodeConnection& connection);
+    /// The connection is about to be deleted; it is still whole.
+    void connectionDeleted(CNodeConnection& connection);
+
+private:
+    class CNesting;
+
+    CNodeBase& addNode(std::unique_ptr<CNodeBase> node);
+    std::shared_ptr<CNodeConnection> addConnection(std::shared_ptr<CNodeConnection> connection);
+
+    std::unordered_map<Core::CId, std::unique_ptr<CNodeBase>>::iterator find(const CNodeBase& node);
+    bool holds(const CNodeBase& node);
+    bool hasLeft(const CNodeBase& node);
+    bool canConnect(const CNodeBase& node, ENodePortType portType, int portIndex);
+    bool isWhole(const CNodeConnection& connection);
+    void takeOut(CNodeBase& node);
+
+    // Each of these runs foreign code and returns false when that has destroyed the scene.
+    template <typename Visitor>
+    bool forEachNode(const Visitor& visitor);
+    template <typename Signal>
+    bool announce(const Signal& signal);
+    bool deferDeletion(const Core::CId& id);
+    bool runDeferred();
+    bool deleteConnectionsOf(const CNodeBase& node);
+
+    void finishDeferred() noexcept;
+
+    std::unordered_map<Core::CId, std::shared_ptr<CNodeConnection>> m_connections;
+    std::unordered_map<Core::CId, std::unique_ptr<CNodeBase>> m_nodes;
+    std::shared_ptr<CNodeDataModelRegistry> m_registry;
+    Core::AppCoreComponents::BaseInfoPtr m_info;
+    unsigned int m_depth = 0;
+    std::deque<std::function<void()>> m_deferred;
+    bool m_isClosing = false;
+};
+
+} // namespace Halvex
+} // namespace Plugin
