@@ -18,7 +18,8 @@ namespace Halvex {
 class CConnectionSnapshot
 {
 public:
-    CConnectionSnapshot(const CNodeState& state, const CNodeState::Connections& port) : m_links(int(port.size()))
+    CConnectionSnapshot(const CNodeState& state, const CNodeState::Connections& port)
+        : m_links(int(port.size()))
     {
         int position = 0;
         for (const auto& entry : port) {

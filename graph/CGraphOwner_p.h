@@ -51,7 +51,10 @@ public:
 class CNodeVisit
 {
 public:
-    explicit CNodeVisit(const CNodeBase& node) : m_node(&node, CGraphOwner::visits(node)) {}
+    explicit CNodeVisit(const CNodeBase& node)
+        : m_node(&node, CGraphOwner::visits(node))
+    {
+    }
     ~CNodeVisit()
     {
         const CNodeBase* const node = m_node.get();

@@ -72,7 +72,8 @@ const CNodeState& CNodeBase::nodeState() const
 QJsonObject CNodeBase::save() const
 {
     const CNodeVisit visit(*this);
-    return {{QStringLiteral("id"), m_id.toString()}, {QStringLiteral("model"), m_model ? m_model->save() : QJsonObject()}};
+    return {{QStringLiteral("id"), m_id.toString()},
+            {QStringLiteral("model"), m_model ? m_model->save() : QJsonObject()}};
 }
 
 void CNodeBase::restore(const QJsonObject& json)
@@ -119,8 +120,10 @@ void CNodeBase::warnOfDroppedDelivery() const
     if (m_hasWarned)
         return;
     m_hasWarned = true;
-    qCWarning(lcGraph, "Data for the model \"%s\" is dropped: the stack has no room for a walk this deep. Is there a feedback loop?",
-              qUtf8Printable(m_model->name()));
+    qCWarning(
+        lcGraph,
+        "Data for the model \"%s\" is dropped: the stack has no room for a walk this deep. Is there a feedback loop?",
+        qUtf8Printable(m_model->name()));
 }
 
 } // namespace Halvex

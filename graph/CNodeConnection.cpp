@@ -11,6 +11,12 @@ namespace Plugin {
 namespace Halvex {
 namespace {
 
+SNodeDataType typeAt(const CNodeBase& node, ENodePortType portType, NodePortIndex index)
+{
+    const CNodeDataModel* const model = node.nodeDataModel();
+    return model ? model->dataType(portType, index) : SNodeDataType();
+}
+
 bool isRealSide(ENodePortType portType)
 {
     return portType == ENodePortType::In || portType == ENodePortType::Out;
@@ -42,7 +48,10 @@ CNodeConnection::CNodeConnection(ENodePortType portType, CNodeBase& node, NodePo
 
 CNodeConnection::~CNodeConnection()
 {
+    // What the model does with empty data and what a converter leaves behind is foreign code: it comes while the
+    // connection is whole.
     swallowExceptions("A connection's last delivery", [this] { propagateEmptyData(); });
+    m_converter.reset();
     removeFromNodes();
     CLiveObjects::remove(this);
 }
@@ -72,9 +81,9 @@ SNodeDataType CNodeConnection::dataType(ENodePortType portType) const
     const CNodeBase* const in = m_in.node();
     const CNodeBase* const out = m_out.node();
     if (in && (!out || portType == ENodePortType::In))
-        return in->nodeDataModel()->dataType(ENodePortType::In, m_in.index());
+        return typeAt(*in, ENodePortType::In, m_in.index());
     if (out)
-        return out->nodeDataModel()->dataType(in ? portType : ENodePortType::Out, m_out.index());
+        return typeAt(*out, in ? portType : ENodePortType::Out, m_out.index());
     return {};
 }
 
@@ -143,9 +152,8 @@ QJsonObject CNodeConnection::save() const
                      {QStringLiteral("out_id"), out->id().toString()},
                      {QStringLiteral("out_index"), m_out.index()}};
     if (m_converter) {
-        json.insert(QStringLiteral("converter"),
-                    QJsonObject{{QStringLiteral("in"), getTypeJson(ENodePortType::In)},
-                                {QStringLiteral("out"), getTypeJson(ENodePortType::Out)}});
+        json.insert(QStringLiteral("converter"), QJsonObject{{QStringLiteral("in"), getTypeJson(ENodePortType::In)},
+                                                             {QStringLiteral("out"), getTypeJson(ENodePortType::Out)}});
     }
     return json;
 }

@@ -77,7 +77,10 @@ private:
     struct SMayHoldDead
     {
         SMayHoldDead() = default;
-        SMayHoldDead(const SMayHoldDead&) noexcept : value(true) {}
+        SMayHoldDead(const SMayHoldDead&) noexcept
+            : value(true)
+        {
+        }
         SMayHoldDead& operator=(const SMayHoldDead&) noexcept
         {
             value = true;

@@ -32,10 +32,10 @@ void ASourceNodeDataModel::onNewDataAvailable(CNodeDataPtr ptrNodeData)
 {
     // The previous frame goes before the walk begins, so that a camera gets its buffer back. It may be the last
     // pointer to it, and a data object's destructor is foreign code that may destroy this model.
-    const QPointer<ASourceNodeDataModel> self(this);
+    const CWeakLink<ASourceNodeDataModel> self(this, m_guards);
     m_data.swap(ptrNodeData);
     ptrNodeData.reset();
-    if (self)
+    if (self.get())
         Q_EMIT dataUpdated(0);
 }
 

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "graph/CWeakLink.h"
 #include "models/ANodeDataModel.h"
 #include "models/CNodeDataFlowProxy.h"
 
@@ -47,6 +48,7 @@ private Q_SLOTS:
 private:
     QPointer<CNodeDataFlowProxy> m_dataFlowProxy;
     CNodeDataPtr m_data;
+    CWeakAnchor<ASourceNodeDataModel> m_guards;
 };
 
 } // namespace Halvex

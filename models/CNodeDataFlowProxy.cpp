@@ -6,7 +6,10 @@
 namespace Plugin {
 namespace Halvex {
 
-CNodeDataFlowProxy::CNodeDataFlowProxy(QObject* parent) : QObject(parent) {}
+CNodeDataFlowProxy::CNodeDataFlowProxy(QObject* parent)
+    : QObject(parent)
+{
+}
 
 CNodeDataFlowProxy::~CNodeDataFlowProxy() = default;
 

@@ -48,7 +48,10 @@ class CGrabResultPtr
 {
 public:
     CGrabResultPtr() = default;
-    explicit CGrabResultPtr(SGrabResult result) : m_result(std::make_shared<const SGrabResult>(std::move(result))) {}
+    explicit CGrabResultPtr(SGrabResult result)
+        : m_result(std::make_shared<const SGrabResult>(std::move(result)))
+    {
+    }
 
     explicit operator bool() const { return m_result != nullptr; }
 

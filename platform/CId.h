@@ -33,7 +33,10 @@ public:
     CId() = default;
 
     /// Reads the text form. Null, and text that is no id, give no id.
-    explicit CId(const char* text) : m_uuid(read(QByteArray::fromRawData(text, int(qstrlen(text))))) {}
+    explicit CId(const char* text)
+        : m_uuid(read(QByteArray::fromRawData(text, int(qstrlen(text)))))
+    {
+    }
 
     /// A fresh identifier, different from every other one.
     static CId createId() { return CId(QUuid::createUuid()); }
@@ -46,7 +49,10 @@ public:
     friend bool operator<(const CId& left, const CId& right) { return left.m_uuid < right.m_uuid; }
 
 private:
-    explicit CId(const QUuid& uuid) : m_uuid(uuid) {}
+    explicit CId(const QUuid& uuid)
+        : m_uuid(uuid)
+    {
+    }
 
     // QUuid's own reader ignores what follows the last digit; an identifier with a tail is no id.
     static QUuid read(const QByteArray& text)

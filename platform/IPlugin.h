@@ -25,7 +25,10 @@ public:
         Asynchronous ///< The plugin still has work to end first.
     };
 
-    explicit IPlugin(QObject* parent = nullptr) : QObject(parent) {}
+    explicit IPlugin(QObject* parent = nullptr)
+        : QObject(parent)
+    {
+    }
 
     /// Publishes the plugin's services with \a manager, which may be gone already. False refuses to start.
     virtual bool initialize(const QWeakPointer<Service::IServiceManager>& manager) = 0;

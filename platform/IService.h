@@ -12,7 +12,10 @@ namespace Service {
 class Q_DECL_EXPORT IService : public QObject
 {
 public:
-    explicit IService(QObject* parent) : QObject(parent) {}
+    explicit IService(QObject* parent)
+        : QObject(parent)
+    {
+    }
 };
 
 } // namespace Service

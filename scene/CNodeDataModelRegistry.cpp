@@ -16,7 +16,10 @@ CNodeDataModelRegistry::~CNodeDataModelRegistry() = default;
 std::unique_ptr<CNodeDataModel> CNodeDataModelRegistry::create(const QString& modelName)
 {
     const auto found = m_creators.find(modelName);
-    return found == m_creators.end() ? nullptr : found->second();
+    if (found == m_creators.end())
+        return nullptr;
+    const ModelCreator creator = found->second; // a copy, because it may replace this registry
+    return creator();
 }
 
 const std::set<QString>& CNodeDataModelRegistry::categories() const

@@ -21,7 +21,8 @@ template <typename T>
 class CLeavingMark
 {
 public:
-    explicit CLeavingMark(T& object) : m_object(CGraphOwner::isLeaving(object) ? nullptr : &object)
+    explicit CLeavingMark(T& object)
+        : m_object(CGraphOwner::isLeaving(object) ? nullptr : &object)
     {
         CGraphOwner::setLeaving(object, true);
     }
@@ -44,7 +45,11 @@ private:
 class CNodeScene::CNesting
 {
 public:
-    explicit CNesting(CNodeScene& scene) : m_scene(&scene) { ++scene.m_depth; }
+    explicit CNesting(CNodeScene& scene)
+        : m_scene(&scene)
+    {
+        ++scene.m_depth;
+    }
     ~CNesting()
     {
         if (CNodeScene* const scene = m_scene)
@@ -256,7 +261,8 @@ std::unordered_map<Core::CId, std::unique_ptr<CNodeBase>>::iterator CNodeScene::
         return found;
 
     // Somebody may have called the node's restore(), which changes its id under our key.
-    return std::find_if(m_nodes.begin(), m_nodes.end(), [&node](const auto& entry) { return entry.second.get() == &node; });
+    return std::find_if(m_nodes.begin(), m_nodes.end(),
+                        [&node](const auto& entry) { return entry.second.get() == &node; });
 }
 
 bool CNodeScene::holds(const CNodeBase& node)
@@ -293,9 +299,8 @@ void CNodeScene::takeOut(CNodeBase& node)
     }
 
     // Its connections wait in the queue, and their handlers are still to see them with both ends.
-    std::shared_ptr<CNodeBase> last(taken.release(), [](CNodeBase* leaving) {
-        CGraphOwner::retire(std::unique_ptr<CNodeBase>(leaving));
-    });
+    std::shared_ptr<CNodeBase> last(
+        taken.release(), [](CNodeBase* leaving) { CGraphOwner::retire(std::unique_ptr<CNodeBase>(leaving)); });
     m_deferred.push_back([last = std::move(last)]() mutable { last.reset(); });
 }
 

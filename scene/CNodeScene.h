@@ -72,8 +72,8 @@ public:
     /// Connects \a nodeOut's output port to \a nodeIn's input port; note that the in end comes first. The current
     /// output of that port, if there is any, goes along every connection of the port before the new one is in
     /// connections() and announced. Emits connectionCreated() once.
-    /// Returns null, and nothing is created, if a node has no such port or is removed, by what receives the data, before
-    /// the connection is complete. The nodes may lie in different scenes.
+    /// Returns null, and nothing is created, if a node has no such port or is removed, by what receives the data,
+    /// before the connection is complete. The nodes may lie in different scenes.
     std::shared_ptr<CNodeConnection> createConnection(CNodeBase& nodeIn, int portIndexIn, CNodeBase& nodeOut,
                                                       int portIndexOut, const NodeDataConverter& converter);
 
