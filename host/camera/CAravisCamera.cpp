@@ -1,0 +1,287 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/camera/CAravisCamera.h"
+
+#include "host/camera/CGLibError.h"
+#include "host/camera/PixelFormat.h"
+
+#include <arv.h>
+
+#include <QMutex>
+#include <QMutexLocker>
+
+#include <cmath>
+
+namespace Host {
+
+namespace {
+
+const char fakeSerial[] = "Fake_1";
+
+// Cameras count the time of a frame in steps of their own, so that few rates are met exactly.
+constexpr double rateTolerance = 0.01;
+
+GObjectPtr<ArvDevice> openDevice(const QString& address, CGLibError* error)
+{
+    // Straight to the kind of device that is meant: the library's own look-up by name asks every interface in
+    // turn, which scans the network and the USB bus and takes unknown names to a name server.
+    if (address == QLatin1String("fake"))
+        return GObjectPtr<ArvDevice>(arv_fake_device_new(fakeSerial, error->slot()));
+    return GObjectPtr<ArvDevice>(
+        arv_interface_open_device(arv_gv_interface_get_instance(), address.toUtf8().constData(), error->slot()));
+}
+
+bool carriesImage(ArvBuffer* buffer)
+{
+    switch (arv_buffer_get_payload_type(buffer)) {
+    case ARV_BUFFER_PAYLOAD_TYPE_IMAGE:
+    case ARV_BUFFER_PAYLOAD_TYPE_EXTENDED_CHUNK_DATA:
+        return true;
+    case ARV_BUFFER_PAYLOAD_TYPE_MULTIPART:
+        return arv_buffer_get_n_parts(buffer) > 0;
+    default:
+        return false;
+    }
+}
+
+// The frame in the buffer, its owner not yet set. Incomplete when the pixels do not fill the promised geometry.
+Veltra::SGrabResult describe(ArvBuffer* buffer)
+{
+    Veltra::SGrabResult result;
+    if (arv_buffer_get_status(buffer) != ARV_BUFFER_STATUS_SUCCESS || !carriesImage(buffer))
+        return result;
+
+    const quint32 format = arv_buffer_get_image_pixel_format(buffer);
+    gint xPadding = 0;
+    gint yPadding = 0;
+    arv_buffer_get_image_padding(buffer, &xPadding, &yPadding);
+    result.pixels = static_cast<const std::byte*>(arv_buffer_get_image_data(buffer, &result.size));
+    result.width = arv_buffer_get_image_width(buffer);
+    result.height = arv_buffer_get_image_height(buffer);
+    result.stride = (result.width * bitsPerPixel(format) + 7) / 8 + xPadding;
+    result.pixelFormat = pixelFormatName(format);
+    result.frameNumber = arv_buffer_get_frame_id(buffer);
+    result.timestampNs = arv_buffer_get_timestamp(buffer);
+    result.complete = result.pixels && result.width > 0 && result.height > 0 &&
+                      result.size >= std::size_t(result.stride) * std::size_t(result.height);
+    return result;
+}
+
+} // namespace
+
+// The way back of the buffers, shared by the camera and every frame that is out. The frames may be dropped in any
+// thread, also while the stream is being destroyed, hence the lock: whoever holds it sees the stream whole or gone.
+class CAravisCamera::CBufferReturn
+{
+public:
+    explicit CBufferReturn(ArvStream* stream)
+        : m_stream(stream)
+    {
+    }
+
+    void giveBack(ArvBuffer* buffer)
+    {
+        const QMutexLocker lock(&m_mutex);
+        if (m_stream)
+            arv_stream_push_buffer(m_stream, buffer);
+        else
+            g_object_unref(buffer);
+    }
+
+    void close()
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_stream = nullptr;
+    }
+
+private:
+    QMutex m_mutex;
+    ArvStream* m_stream; // guarded by m_mutex; the camera owns it
+};
+
+std::unique_ptr<CAravisCamera> CAravisCamera::open(const SCameraOptions& options, QString* error)
+{
+    CGLibError reason;
+    const GObjectPtr<ArvDevice> device = openDevice(options.address, &reason);
+    GObjectPtr<ArvCamera> handle;
+    if (device)
+        handle.reset(arv_camera_new_with_device(device.get(), reason.slot()));
+    if (!handle) {
+        *error = QStringLiteral("cannot open camera '%1': %2").arg(options.address, reason.text());
+        return nullptr;
+    }
+    std::unique_ptr<CAravisCamera> camera(new CAravisCamera(options, std::move(handle)));
+    if (!camera->configure(error) || !camera->readGeometry(error))
+        return nullptr;
+    return camera;
+}
+
+CAravisCamera::CAravisCamera(SCameraOptions options, GObjectPtr<ArvCamera> camera)
+    : m_options(std::move(options))
+    , m_camera(std::move(camera))
+{
+    m_controlLostHandler = g_signal_connect(arv_camera_get_device(m_camera.get()), "control-lost",
+                                            G_CALLBACK(&CAravisCamera::onControlLost), this);
+}
+
+CAravisCamera::~CAravisCamera()
+{
+    stop();
+    g_signal_handler_disconnect(arv_camera_get_device(m_camera.get()), m_controlLostHandler);
+}
+
+void CAravisCamera::onControlLost(ArvDevice*, void* self)
+{
+    static_cast<CAravisCamera*>(self)->m_controlLost.store(true, std::memory_order_release);
+}
+
+bool CAravisCamera::configure(QString* error)
+{
+    CGLibError reason;
+    if (!m_options.pixelFormat.isEmpty()) {
+        const QByteArray format = m_options.pixelFormat.toUtf8();
+        arv_camera_set_pixel_format_from_string(m_camera.get(), format.constData(), reason.slot());
+    }
+    if (reason) {
+        *error = QStringLiteral("camera '%1' refuses the pixel format '%2': %3")
+                     .arg(m_options.address, m_options.pixelFormat, reason.text());
+        return false;
+    }
+    return m_options.framesPerSecond <= 0.0 || setFrameRate(error);
+}
+
+bool CAravisCamera::setFrameRate(QString* error)
+{
+    CGLibError reason;
+    if (!arv_camera_is_frame_rate_available(m_camera.get(), reason.slot())) {
+        *error = QStringLiteral("camera '%1' has no frame rate to set").arg(m_options.address);
+        return false;
+    }
+    const double asked = m_options.framesPerSecond;
+    double given = 0.0;
+    arv_camera_set_frame_rate(m_camera.get(), asked, reason.slot());
+    if (!reason)
+        given = arv_camera_get_frame_rate(m_camera.get(), reason.slot());
+    // A rate out of bounds is no error to the library: it sets the nearest one.
+    if (!reason && std::abs(given - asked) <= rateTolerance * asked)
+        return true;
+    *error = reason ? QStringLiteral("camera '%1' refuses %2 frames per second: %3")
+                          .arg(m_options.address, QString::number(asked), reason.text())
+                    : QStringLiteral("camera '%1' cannot do %2 frames per second, the nearest is %3")
+                          .arg(m_options.address, QString::number(asked), QString::number(given));
+    return false;
+}
+
+bool CAravisCamera::readGeometry(QString* error)
+{
+    CGLibError reason;
+    gint x = 0;
+    gint y = 0;
+    QString maker;
+    QString model;
+    maker = QString::fromUtf8(arv_camera_get_vendor_name(m_camera.get(), reason.slot()));
+    if (!reason)
+        model = QString::fromUtf8(arv_camera_get_model_name(m_camera.get(), reason.slot()));
+    if (!reason)
+        arv_camera_get_region(m_camera.get(), &x, &y, &m_width, &m_height, reason.slot());
+    if (!reason)
+        m_pixelFormat = pixelFormatName(arv_camera_get_pixel_format(m_camera.get(), reason.slot()));
+    if (reason)
+        *error = QStringLiteral("cannot read camera '%1': %2").arg(m_options.address, reason.text());
+    m_name = QStringLiteral("%1 %2 (%3)").arg(maker, model, m_options.address);
+    return !reason;
+}
+
+bool CAravisCamera::start(QString* error)
+{
+    if (m_stream)
+        return true;
+    if (!createStream(error))
+        return false;
+
+    CGLibError reason;
+    arv_camera_set_acquisition_mode(m_camera.get(), ARV_ACQUISITION_MODE_CONTINUOUS, reason.slot());
+    if (!reason)
+        arv_camera_start_acquisition(m_camera.get(), reason.slot());
+    if (!reason)
+        return true;
+    *error = QStringLiteral("camera '%1' does not start: %2").arg(m_options.address, reason.text());
+    destroyStream();
+    return false;
+}
+
+bool CAravisCamera::createStream(QString* error)
+{
+    CGLibError reason;
+    const std::size_t payload = arv_camera_get_payload(m_camera.get(), reason.slot());
+    if (!reason)
+        m_stream.reset(arv_camera_create_stream(m_camera.get(), nullptr, nullptr, reason.slot()));
+    if (!m_stream) {
+        *error = QStringLiteral("camera '%1' gives no stream: %2").arg(m_options.address, reason.text());
+        return false;
+    }
+    m_bufferReturn = std::make_shared<CBufferReturn>(m_stream.get());
+    for (int i = 0; i < m_options.buffers; ++i)
+        arv_stream_push_buffer(m_stream.get(), arv_buffer_new_allocate(payload));
+    return true;
+}
+
+void CAravisCamera::destroyStream()
+{
+    if (m_bufferReturn)
+        m_bufferReturn->close();
+    m_bufferReturn.reset();
+    m_stream.reset();
+}
+
+CAravisCamera::SGrab CAravisCamera::grab(std::chrono::milliseconds timeout)
+{
+    Q_ASSERT(m_stream);
+    const auto timeoutUs = std::chrono::duration_cast<std::chrono::microseconds>(timeout).count();
+    if (ArvBuffer* buffer = arv_stream_timeout_pop_buffer(m_stream.get(), guint64(timeoutUs)))
+        return wrap(buffer);
+    return {isLost() ? EGrab::Lost : EGrab::Timeout, {}};
+}
+
+CAravisCamera::SGrab CAravisCamera::wrap(ArvBuffer* buffer)
+{
+    Veltra::SGrabResult result = describe(buffer);
+    if (!result.complete) {
+        arv_stream_push_buffer(m_stream.get(), buffer);
+        return {EGrab::Incomplete, {}};
+    }
+    result.owner = std::shared_ptr<ArvBuffer>(buffer, [way = m_bufferReturn](ArvBuffer* b) { way->giveBack(b); });
+    return {EGrab::Frame, Veltra::CGrabResultPtr(std::move(result))};
+}
+
+void CAravisCamera::stop()
+{
+    if (!m_stream)
+        return;
+    // A camera that has gone answers nothing any more; asking it would only wait.
+    if (!isLost())
+        arv_camera_stop_acquisition(m_camera.get(), CGLibError().slot());
+    destroyStream();
+}
+
+quint64 CAravisCamera::underruns() const
+{
+    guint64 completed = 0;
+    guint64 failures = 0;
+    guint64 underruns = 0;
+    if (m_stream)
+        arv_stream_get_statistics(m_stream.get(), &completed, &failures, &underruns);
+    return underruns;
+}
+
+int CAravisCamera::freeBuffers() const
+{
+    gint input = 0;
+    gint output = 0;
+    if (m_stream)
+        arv_stream_get_n_buffers(m_stream.get(), &input, &output);
+    return input;
+}
+
+} // namespace Host

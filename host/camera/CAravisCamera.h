@@ -1,0 +1,120 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "host/camera/GObjectPtr.h"
+#include "host/camera/SCameraOptions.h"
+#include "platform/CGrabResultPtr.h"
+
+#include <QString>
+
+#include <atomic>
+#include <chrono>
+#include <memory>
+
+// Aravis' own types, so that only who needs the library includes it.
+struct _ArvBuffer;
+struct _ArvCamera;
+struct _ArvDevice;
+struct _ArvStream;
+
+namespace Host {
+
+/**
+ * A camera: the one built into the library, or a GigE Vision camera at an address.
+ *
+ * \code
+ * QString error;
+ * const auto camera = CAravisCamera::open({"192.168.0.5"}, &error);
+ * if (!camera || !camera->start(&error))
+ *     return fail(error);
+ * const CAravisCamera::SGrab grab = camera->grab(std::chrono::milliseconds(100));
+ * if (grab.status == CAravisCamera::EGrab::Frame)
+ *     show(grab.frame);
+ * \endcode
+ *
+ * A frame's pixels stay in the stream's buffer; the buffer goes back to the stream when the last handle to the
+ * frame goes, in whatever thread that is. While all buffers are held the camera has nowhere to put a frame: these
+ * frames are lost and counted as underruns. A handle may outlive stop() and the camera; its buffer is then freed
+ * with it.
+ *
+ * Threads: open(), start(), stop() and the destructor in one thread, and no grab() under way in another one while
+ * start(), stop() or the destructor runs. grab() from one thread at a time, underruns() and freeBuffers() from any
+ * thread that may call grab().
+ */
+class CAravisCamera
+{
+public:
+    enum class EGrab
+    {
+        Frame,      ///< A complete frame.
+        Incomplete, ///< A frame of which a part was lost; it is not handed out.
+        Timeout,    ///< No frame in time.
+        Lost        ///< The camera has gone; no frame will come any more.
+    };
+
+    struct SGrab
+    {
+        EGrab status = EGrab::Timeout;
+        Veltra::CGrabResultPtr frame; ///< Set exactly when status is Frame.
+    };
+
+    /// Opens the camera and applies \a options. On failure null, and the reason in one line in \a error.
+    static std::unique_ptr<CAravisCamera> open(const SCameraOptions& options, QString* error);
+
+    /// Stops.
+    ~CAravisCamera();
+    Q_DISABLE_COPY(CAravisCamera)
+
+    /// "Maker Model (address)".
+    QString name() const { return m_name; }
+    QString address() const { return m_options.address; }
+    int width() const { return m_width; }
+    int height() const { return m_height; }
+    /// GenICam name.
+    QString pixelFormat() const { return m_pixelFormat; }
+
+    /// Makes the buffers and begins to acquire; does nothing when it does so already. False with the reason in
+    /// \a error leaves the camera stopped.
+    bool start(QString* error);
+
+    /// Waits for the next frame. The camera must be started.
+    SGrab grab(std::chrono::milliseconds timeout);
+
+    /// Ends the acquisition and drops the frames that nobody grabbed. May be started again.
+    void stop();
+
+    /// Frames lost since start() because no buffer was free; 0 while stopped.
+    quint64 underruns() const;
+
+    /// Buffers that wait for the camera to fill them; 0 while stopped.
+    int freeBuffers() const;
+
+private:
+    class CBufferReturn;
+
+    CAravisCamera(SCameraOptions options, GObjectPtr<_ArvCamera> camera);
+
+    bool configure(QString* error);
+    bool setFrameRate(QString* error);
+    bool readGeometry(QString* error);
+    bool createStream(QString* error);
+    void destroyStream();
+    SGrab wrap(_ArvBuffer* buffer);
+    bool isLost() const { return m_controlLost.load(std::memory_order_acquire); }
+    static void onControlLost(_ArvDevice* device, void* self);
+
+    const SCameraOptions m_options;
+    const GObjectPtr<_ArvCamera> m_camera;
+    QString m_name;
+    QString m_pixelFormat;
+    int m_width = 0;
+    int m_height = 0;
+    unsigned long m_controlLostHandler = 0;
+    std::atomic<bool> m_controlLost{false}; // set by the thread that keeps the connection to the camera alive
+    GObjectPtr<_ArvStream> m_stream;        // null while stopped
+    std::shared_ptr<CBufferReturn> m_bufferReturn;
+};
+
+} // namespace Host

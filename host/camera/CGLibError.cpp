@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/camera/CGLibError.h"
+
+namespace Host {
+
+QString CGLibError::text() const
+{
+    QString text = m_error ? QString::fromUtf8(m_error->message).simplified() : QStringLiteral("no answer");
+    if (text.endsWith(QLatin1Char('.')))
+        text.chop(1);
+    return text;
+}
+
+} // namespace Host

@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "host/camera/SGrabStatistics.h"
+#include "platform/CGrabResultPtr.h"
+
+#include <QString>
+#include <QThread>
+
+#include <atomic>
+#include <chrono>
+#include <functional>
+
+namespace Host {
+
+class CAravisCamera;
+
+/**
+ * Grabs frames from a started camera until enough complete ones came, it is asked to end, or the camera has gone.
+ *
+ * \code
+ * CGrabThread thread(camera, 300, std::chrono::seconds(5), [proxy](const CGrabThread::SFrame& frame) {
+ *     proxy->setData(wrap(frame));
+ * });
+ * connect(&thread, &CGrabThread::ended, this, &CRun::onEnded);
+ * thread.start();
+ * \endcode
+ *
+ * Incomplete frames are counted and skipped. The camera must be started before the thread and outlive it.
+ *
+ * Threads: requestInterruption() and statistics() from any thread; the frame handler runs in the grab thread, one
+ * frame after the other. The destructor ends the thread and waits for it, which takes a tenth of a second at most
+ * and as long as the handler takes.
+ */
+class CGrabThread : public QThread
+{
+    Q_OBJECT
+
+public:
+    struct SFrame
+    {
+        Veltra::CGrabResultPtr result;
+        std::chrono::steady_clock::time_point grabbed; ///< When it came out of the stream.
+    };
+    using FrameHandler = std::function<void(const SFrame&)>;
+
+    /// \a frames complete frames end the thread; so does \a silence without any frame.
+    CGrabThread(CAravisCamera& camera, quint64 frames, std::chrono::milliseconds silence, FrameHandler handler);
+    ~CGrabThread() override;
+
+    /// What was grabbed up to now. A frame is counted before its handler is called.
+    SGrabStatistics statistics() const;
+
+    /// From the first to the last complete frame.
+    std::chrono::nanoseconds span() const { return std::chrono::nanoseconds(m_spanNs.load()); }
+
+Q_SIGNALS:
+    /// Emitted once, in the grab thread and after the last call of the handler, so that a queued receiver hears of
+    /// it after everything that the handler queued. \a error is empty unless the camera failed.
+    void ended(const QString& error);
+
+protected:
+    void run() override;
+
+private:
+    QString grabAll();
+    void handOn(Veltra::CGrabResultPtr result);
+
+    CAravisCamera& m_camera;
+    const quint64 m_frames;
+    const std::chrono::milliseconds m_silence;
+    const FrameHandler m_handler;
+    std::chrono::steady_clock::time_point m_first; // grab thread only
+    // Written by the grab thread alone.
+    std::atomic<quint64> m_complete{0};
+    std::atomic<quint64> m_incomplete{0};
+    std::atomic<quint64> m_underruns{0};
+    std::atomic<qint64> m_spanNs{0};
+};
+
+} // namespace Host

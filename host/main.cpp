@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/run/CCommandLine.h"
+#include "host/run/CStreamRun.h"
+#include "host/run/Output.h"
+
+#include <QCoreApplication>
+
+int main(int argc, char* argv[])
+{
+    const QCoreApplication application(argc, argv);
+    const Host::CCommandLine commandLine(QCoreApplication::arguments());
+    switch (commandLine.action()) {
+    case Host::CCommandLine::EAction::Print:
+        return Host::printText(commandLine.text()) ? Host::CStreamRun::Success : Host::CStreamRun::Failure;
+    case Host::CCommandLine::EAction::Refuse:
+        Host::printErrorLine(commandLine.text());
+        return Host::CStreamRun::Failure;
+    case Host::CCommandLine::EAction::Run:
+        break;
+    }
+    return Host::CStreamRun(commandLine.options()).exec();
+}

@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/models/CGrabResultConverter.h"
+
+#include "host/models/CGrabResultData.h"
+#include "host/models/CImageData.h"
+
+#include <opencv2/imgproc.hpp>
+
+#include <algorithm>
+#include <iterator>
+
+namespace Host {
+
+namespace {
+
+constexpr int noCode = -1;
+
+// How one pixel format becomes an image: what its memory is, and then either a colour conversion or a factor.
+struct SRecipe
+{
+    const char* pixelFormat;
+    int matType;
+    int colorCode;
+    double scale;
+};
+
+const SRecipe recipes[] = {
+    {"Mono8", CV_8UC1, noCode, 1.0},
+    {"Mono10", CV_16UC1, noCode, 1.0 / 4},
+    {"Mono12", CV_16UC1, noCode, 1.0 / 16},
+    {"Mono14", CV_16UC1, noCode, 1.0 / 64},
+    {"Mono16", CV_16UC1, noCode, 1.0 / 256},
+    {"BGR8", CV_8UC3, noCode, 1.0},
+    {"RGB8", CV_8UC3, cv::COLOR_RGB2BGR, 1.0},
+    {"BayerRG8", CV_8UC1, cv::COLOR_BayerRGGB2BGR, 1.0},
+    {"BayerGR8", CV_8UC1, cv::COLOR_BayerGRBG2BGR, 1.0},
+    {"BayerGB8", CV_8UC1, cv::COLOR_BayerGBRG2BGR, 1.0},
+    {"BayerBG8", CV_8UC1, cv::COLOR_BayerBGGR2BGR, 1.0},
+};
+
+const SRecipe* findRecipe(const QString& pixelFormat)
+{
+    const auto* found = std::find_if(std::begin(recipes), std::end(recipes), [&](const SRecipe& recipe) {
+        return pixelFormat == QLatin1String(recipe.pixelFormat);
+    });
+    return found == std::end(recipes) ? nullptr : found;
+}
+
+// The frame's pixels as a matrix over the same memory. cv::Mat has no form for memory that is only read; it is
+// read only from here on, which CImageData promises.
+cv::Mat view(const Veltra::SGrabResult& frame, int matType)
+{
+    return cv::Mat(frame.height, frame.width, matType, const_cast<std::byte*>(frame.pixels), std::size_t(frame.stride));
+}
+
+} // namespace
+
+bool CGrabResultConverter::supports(const QString& pixelFormat)
+{
+    return findRecipe(pixelFormat) != nullptr;
+}
+
+Plugin::Halvex::CNodeDataPtr CGrabResultConverter::operator()(const Plugin::Halvex::CNodeDataPtr& data) const
+{
+    const auto grab = data.dynamicCast<CGrabResultData>();
+    if (!grab || !grab->result())
+        return {};
+    const Veltra::SGrabResult& frame = *grab->result();
+    const SRecipe* recipe = findRecipe(frame.pixelFormat);
+    if (!recipe)
+        return {};
+
+    const cv::Mat pixels = view(frame, recipe->matType);
+    cv::Mat image;
+    if (recipe->colorCode != noCode)
+        cv::cvtColor(pixels, image, recipe->colorCode);
+    else if (recipe->matType == CV_16UC1)
+        // Moved by half a step, rounding to the nearest value rounds down: what stays is the 8 highest bits.
+        pixels.convertTo(image, CV_8U, recipe->scale, -0.5 + recipe->scale / 2);
+    else
+        return QSharedPointer<CImageData>::create(pixels, grab->info(), grab->result());
+    return QSharedPointer<CImageData>::create(image, grab->info());
+}
+
+} // namespace Host

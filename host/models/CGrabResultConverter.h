@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "graph/CNodeData.h"
+
+#include <QString>
+
+namespace Host {
+
+/**
+ * Turns a camera frame into an image, to be registered for connections from a CGrabResultData port to a CImageData
+ * port.
+ *
+ * Mono8 and BGR8 pixels are not copied: the image keeps the frame. RGB8 and the 8-bit Bayer patterns become colour
+ * images, the deeper Mono formats grey ones that keep their 8 highest bits.
+ *
+ * Threads: stateless.
+ */
+class CGrabResultConverter
+{
+public:
+    /// Whether frames of this pixel format, a GenICam name, can be converted.
+    static bool supports(const QString& pixelFormat);
+
+    /// The image; null for null, for data that is no camera frame, and for a pixel format that is not supported.
+    Plugin::Halvex::CNodeDataPtr operator()(const Plugin::Halvex::CNodeDataPtr& data) const;
+};
+
+} // namespace Host

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "graph/CNodeData.h"
+#include "host/models/SFrameInfo.h"
+#include "platform/CGrabResultPtr.h"
+
+#include <opencv2/core.hpp>
+
+namespace Host {
+
+/**
+ * An image: 8 bits per channel, one channel (grey) or three (blue, green, red). Immutable, and shared by every
+ * node that gets it: whoever wants to draw into it clones it.
+ *
+ * Threads: may be made in one thread and read and dropped in others.
+ */
+class CImageData : public Plugin::Halvex::CNodeData
+{
+public:
+    CImageData(cv::Mat image, const SFrameInfo& info);
+
+    /// An image whose pixels are those of \a pixels, which it keeps.
+    CImageData(cv::Mat image, const SFrameInfo& info, Veltra::CGrabResultPtr pixels);
+
+    static Plugin::Halvex::SNodeDataType dataType();
+    Plugin::Halvex::SNodeDataType type() const override { return dataType(); }
+
+    const cv::Mat& image() const { return m_image; }
+    const SFrameInfo& info() const { return m_info; }
+
+private:
+    Veltra::CGrabResultPtr m_pixels; // before the image that points into it
+    cv::Mat m_image;
+    SFrameInfo m_info;
+};
+
+} // namespace Host

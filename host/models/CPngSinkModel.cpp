@@ -1,0 +1,118 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/models/CPngSinkModel.h"
+
+#include "host/models/CImageData.h"
+
+#include <opencv2/imgcodecs.hpp>
+
+#include <QDir>
+#include <QFile>
+
+namespace Host {
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+using Bytes = std::vector<uchar>;
+
+// The image as a PNG, lightly compressed: the graph waits for it. Empty when the encoder refuses the image.
+Bytes encode(const cv::Mat& image)
+{
+    Bytes png;
+    try {
+        if (!cv::imencode(".png", image, png, {cv::IMWRITE_PNG_COMPRESSION, 1}))
+            png.clear();
+    } catch (const cv::Exception&) {
+        png.clear();
+    }
+    return png;
+}
+
+// Empty when every byte is written. The encoder could write the file itself, but it does not notice a full disk.
+QString writeFile(const QString& name, const Bytes& bytes)
+{
+    QFile file(name);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
+        return file.errorString();
+    const auto size = qint64(bytes.size());
+    if (file.write(reinterpret_cast<const char*>(bytes.data()), size) == size)
+        return {};
+    QString reason = file.errorString();
+    file.close();
+    QFile::remove(name);
+    return reason;
+}
+
+} // namespace
+
+QString CPngSinkModel::modelName()
+{
+    return QStringLiteral("PNG Sink");
+}
+
+void CPngSinkModel::setOutput(const QString& folder, int every)
+{
+    Q_ASSERT(every >= 1);
+    m_folder = folder;
+    m_every = quint64(every);
+}
+
+QString CPngSinkModel::caption()
+{
+    return hasUniqueName() ? QStringLiteral("PNG files: %1").arg(uniqueName()) : QStringLiteral("PNG files");
+}
+
+unsigned int CPngSinkModel::nPorts(ENodePortType portType) const
+{
+    return portType == ENodePortType::In ? 1 : 0;
+}
+
+SNodeDataType CPngSinkModel::dataType(ENodePortType, NodePortIndex) const
+{
+    return CImageData::dataType();
+}
+
+void CPngSinkModel::setInData(CNodeDataPtr data, NodePortIndex)
+{
+    if (const auto input = data.dynamicCast<CImageData>()) {
+        const quint64 number = delivered();
+        m_delays.push_back(std::chrono::steady_clock::now() - input->info().grabbed);
+        if (number % m_every == 0 && !m_folder.isEmpty() && m_error.isEmpty())
+            write(input->image(), number);
+    }
+    // Empty data too: the listeners and the base class then let go of the image they hold.
+    getDataFlowProxy()->setData(data);
+}
+
+CNodeDataPtr CPngSinkModel::outData(NodePortIndex)
+{
+    return {};
+}
+
+ENodeValidationState CPngSinkModel::validationState() const
+{
+    return m_error.isEmpty() ? ENodeValidationState::Valid : ENodeValidationState::Error;
+}
+
+void CPngSinkModel::write(const cv::Mat& image, quint64 number)
+{
+    const QString file = QDir(m_folder).filePath(QStringLiteral("frame-%1.png").arg(number, 6, 10, QLatin1Char('0')));
+    const Bytes png = encode(image);
+    if (png.empty())
+        return fail(file, QStringLiteral("the image has no PNG form"));
+    const QString reason = writeFile(file, png);
+    if (!reason.isEmpty())
+        return fail(file, reason);
+    m_files.push_back(file);
+}
+
+void CPngSinkModel::fail(const QString& file, const QString& reason)
+{
+    m_error = QStringLiteral("cannot write '%1': %2").arg(file, reason);
+    Q_EMIT failed(m_error);
+}
+
+} // namespace Host

@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "models/ASinkNodeDataModel.h"
+
+#include <QString>
+
+#include <chrono>
+#include <vector>
+
+namespace cv {
+class Mat;
+}
+
+namespace Host {
+
+/**
+ * Where images leave the graph: counts every one, measures how long it was on its way, and writes every nth as a PNG
+ * file.
+ *
+ * The files are "frame-000000.png", "frame-000010.png"...: the number counts the images that this sink was given,
+ * from 0. A file of that name is replaced. Each image goes on to the listeners of the data flow proxy, after its
+ * file was written.
+ *
+ * The first file that cannot be written is taken away again, failed() tells why, and from then on nothing is
+ * written, while counting goes on.
+ *
+ * Threads: as every model. A file is written within the walk that brings the image.
+ */
+class CPngSinkModel : public Plugin::Halvex::ASinkNodeDataModel
+{
+    Q_OBJECT
+
+public:
+    using ASinkNodeDataModel::ASinkNodeDataModel;
+
+    static QString modelName();
+
+    /// Writes image 0 and then every \a every-th, at least 1, into \a folder, which must exist. Without a folder,
+    /// as after construction, nothing is written.
+    void setOutput(const QString& folder, int every);
+
+    QString folder() const { return m_folder; }
+
+    /// Images received.
+    quint64 delivered() const { return m_delays.size(); }
+
+    /// Full names of the files written, oldest first.
+    const std::vector<QString>& files() const { return m_files; }
+
+    /// For each image received: from the camera's stream to here, before writing.
+    const std::vector<std::chrono::nanoseconds>& delays() const { return m_delays; }
+
+    QString caption() override;
+    QString name() override { return modelName(); }
+    unsigned int nPorts(Plugin::Halvex::ENodePortType portType) const override;
+    Plugin::Halvex::SNodeDataType dataType(Plugin::Halvex::ENodePortType portType,
+                                           Plugin::Halvex::NodePortIndex index) const override;
+    void setInData(Plugin::Halvex::CNodeDataPtr data, Plugin::Halvex::NodePortIndex index) override;
+    Plugin::Halvex::CNodeDataPtr outData(Plugin::Halvex::NodePortIndex index) override;
+    Plugin::Halvex::ENodeValidationState validationState() const override;
+    QString validationMessage() const override { return m_error; }
+    bool isUnique() override { return false; }
+
+Q_SIGNALS:
+    /// A file could not be written; \a error names it and says why. Once at most.
+    void failed(const QString& error);
+
+private:
+    void write(const cv::Mat& image, quint64 number);
+    void fail(const QString& file, const QString& reason);
+
+    QString m_folder;
+    quint64 m_every = 1;
+    QString m_error;
+    std::vector<QString> m_files;
+    std::vector<std::chrono::nanoseconds> m_delays;
+};
+
+} // namespace Host

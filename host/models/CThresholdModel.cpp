@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/models/CThresholdModel.h"
+
+#include "host/models/GrayImage.h"
+
+#include <opencv2/imgproc.hpp>
+
+namespace Host {
+
+QString CThresholdModel::modelName()
+{
+    return QStringLiteral("Threshold");
+}
+
+cv::Mat CThresholdModel::process(const cv::Mat& image) const
+{
+    cv::Mat blackAndWhite;
+    cv::threshold(grayImage(image), blackAndWhite, 0, 255, cv::THRESH_BINARY | cv::THRESH_OTSU);
+    return blackAndWhite;
+}
+
+} // namespace Host

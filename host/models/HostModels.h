@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+namespace Plugin {
+namespace Halvex {
+class CNodeDataModelRegistry;
+}
+} // namespace Plugin
+
+namespace Host {
+
+/// Registers every model of the host by its name, and the converter from camera frame to image by its types.
+void registerHostModels(Plugin::Halvex::CNodeDataModelRegistry& registry);
+
+} // namespace Host

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QtGlobal>
+
+#include <chrono>
+
+namespace Host {
+
+/// Where a piece of data comes from; filters pass it on, sinks measure with it.
+struct SFrameInfo
+{
+    quint64 frameNumber = 0;                       ///< As the device counts frames.
+    std::chrono::steady_clock::time_point grabbed; ///< When the frame came out of the camera's stream.
+};
+
+} // namespace Host

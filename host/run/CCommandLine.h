@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "host/run/SRunOptions.h"
+
+#include <QString>
+#include <QStringList>
+
+class QCommandLineParser;
+
+namespace Host {
+
+/// The program's arguments, read and checked. Reads nothing but the list it is given.
+class CCommandLine
+{
+public:
+    enum class EAction
+    {
+        Run,   ///< Do options().
+        Print, ///< Print text() on standard output and succeed.
+        Refuse ///< Print text(), one line, on standard error and fail.
+    };
+
+    /// \a arguments: the program's name first.
+    explicit CCommandLine(const QStringList& arguments);
+
+    EAction action() const { return m_action; }
+    const SRunOptions& options() const { return m_options; }
+    QString text() const { return m_text; }
+
+private:
+    void readCommand(const QStringList& words);
+    void readOptions(const QCommandLineParser& parser);
+    void readRate(const QString& text);
+    void refuse(const QString& reason);
+
+    EAction m_action = EAction::Run;
+    SRunOptions m_options;
+    QString m_text;
+};
+
+} // namespace Host

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QString>
+
+#include <map>
+#include <utility>
+#include <vector>
+
+namespace Plugin {
+namespace Halvex {
+class CNodeBase;
+class CNodeConnection;
+class CNodeScene;
+} // namespace Halvex
+} // namespace Plugin
+
+namespace Host {
+
+/**
+ * A scene as text, the same text for the same graph: nodes in the order of the data, those at the same depth by
+ * caption. Half connections are left out.
+ *
+ * Looks at the scene in the constructor only. Threads: the scene's.
+ */
+class CGraphText
+{
+public:
+    explicit CGraphText(const Plugin::Halvex::CNodeScene& scene);
+
+    /// For people, one line for each node and each connection.
+    QString text() const;
+
+    /// In the DOT language of graph drawing programs.
+    QString dot() const;
+
+private:
+    struct SEdge
+    {
+        int from;
+        int to;
+        QString label; ///< "VGR", or "VGR to IMG" with a conversion.
+    };
+    using Numbers = std::map<const Plugin::Halvex::CNodeBase*, int>;
+
+    static Numbers depths(const Plugin::Halvex::CNodeScene& scene);
+    Numbers addNodes(const Plugin::Halvex::CNodeScene& scene);
+    void addEdges(const Plugin::Halvex::CNodeScene& scene, const Numbers& numbers);
+
+    std::vector<QString> m_captions;
+    std::vector<SEdge> m_edges;
+};
+
+} // namespace Host

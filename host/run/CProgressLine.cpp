@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/run/CProgressLine.h"
+
+#include <unistd.h>
+
+namespace Host {
+
+CProgressLine::CProgressLine(std::FILE* stream, std::chrono::milliseconds quietTime)
+    : m_stream(stream)
+    , m_isTerminal(isatty(fileno(stream)) == 1)
+    , m_quietTime(quietTime)
+{
+}
+
+void CProgressLine::show(const QString& text)
+{
+    if (m_isTerminal) {
+        // Blanks cover what is left of a longer line.
+        std::fprintf(m_stream, "\r%s", qPrintable(text.leftJustified(m_width)));
+        std::fflush(m_stream);
+        m_width = text.size();
+        return;
+    }
+    const auto now = std::chrono::steady_clock::now();
+    if (now < m_next)
+        return;
+    m_next = now + m_quietTime;
+    std::fprintf(m_stream, "%s\n", qPrintable(text));
+    std::fflush(m_stream);
+}
+
+void CProgressLine::finish()
+{
+    if (m_width > 0)
+        std::fputc('\n', m_stream);
+    m_width = 0;
+}
+
+} // namespace Host

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QString>
+
+#include <chrono>
+#include <cstdio>
+
+namespace Host {
+
+/**
+ * Tells how far a run is: on a terminal one line that is drawn anew, elsewhere a line now and then, so that a log
+ * stays readable.
+ *
+ * Threads: one.
+ */
+class CProgressLine
+{
+public:
+    /// \a stream must outlive this object. \a quietTime lies between two lines that are not on a terminal.
+    explicit CProgressLine(std::FILE* stream, std::chrono::milliseconds quietTime = std::chrono::seconds(5));
+
+    /// Ends the line.
+    ~CProgressLine() { finish(); }
+    Q_DISABLE_COPY(CProgressLine)
+
+    /// \a text is one line. The first one is always shown.
+    void show(const QString& text);
+
+    /// Ends the line, so that something else can be printed.
+    void finish();
+
+private:
+    std::FILE* const m_stream;
+    const bool m_isTerminal;
+    const std::chrono::milliseconds m_quietTime;
+    std::chrono::steady_clock::time_point m_next;
+    int m_width = 0; // characters on the terminal's line; 0: nothing is drawn
+};
+
+} // namespace Host

@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QString>
+
+namespace Host {
+
+/// Makes the folder and those above it; one that exists is fine. Returns the error, empty on success.
+QString makeFolder(const QString& folder);
+
+/// Replaces the file. Returns the error, empty on success.
+QString writeTextFile(const QString& file, const QString& text);
+
+/// On standard output, completely. False with errno set when it does not take it.
+bool printText(const QString& text);
+
+/// On standard error, behind the program's name.
+void printErrorLine(const QString& text);
+
+} // namespace Host

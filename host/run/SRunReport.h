@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "host/camera/SGrabStatistics.h"
+
+#include <QString>
+
+#include <chrono>
+#include <vector>
+
+namespace Host {
+
+/// What one sink of a run did.
+struct SSinkReport
+{
+    QString name;
+    quint64 delivered = 0;
+    std::vector<QString> files;         ///< Written, oldest first.
+    std::chrono::nanoseconds median{0}; ///< From the camera's stream to the sink.
+    std::chrono::nanoseconds percentile99{0};
+};
+
+/// What a run did. A plain value.
+struct SRunReport
+{
+    QString camera; ///< Its name and format.
+    QString graph;  ///< The graph as text.
+    QString ending; ///< Why the run ended.
+    SGrabStatistics frames;
+    std::chrono::nanoseconds span{0}; ///< From the first to the last complete frame.
+    std::vector<SSinkReport> sinks;
+
+    /// Frames between the first and the last over the time between them; 0 with fewer than two.
+    double framesPerSecond() const;
+
+    /// The name of the first sink that did not get every complete frame; empty when all did.
+    QString shortSink() const;
+
+    /// For people: the graph and a table.
+    QString text() const;
+};
+
+/// The value that \a fraction (0 to 1) of \a values does not exceed, the nearest rank; 0 for no values.
+std::chrono::nanoseconds percentile(std::vector<std::chrono::nanoseconds> values, double fraction);
+
+} // namespace Host

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QLockFile>
+#include <QProcess>
+#include <QString>
+
+/**
+ * A GigE Vision camera on this machine: a process of its own, from start() to kill() or destruction.
+ *
+ * The protocol's port is fixed, so a lock file keeps the tests of two build folders from meeting in one camera.
+ */
+class CFakeGigECamera
+{
+public:
+    CFakeGigECamera();
+    ~CFakeGigECamera() { kill(); }
+    Q_DISABLE_COPY(CFakeGigECamera)
+
+    static QString address() { return QStringLiteral("127.0.0.1"); }
+
+    /// Loses so many of a thousand packets. Returns when the camera can be opened; false if it never can.
+    bool start(int lostPerThousand = 0);
+
+    /// As if its cable were pulled.
+    void kill();
+
+private:
+    QLockFile m_lock;
+    QProcess m_process;
+};

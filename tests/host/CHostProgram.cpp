@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "CHostProgram.h"
+
+#include <QRegularExpression>
+
+CHostProgram::~CHostProgram()
+{
+    if (m_process.state() == QProcess::NotRunning)
+        return;
+    m_process.kill();
+    m_process.waitForFinished();
+}
+
+void CHostProgram::start(const QStringList& arguments)
+{
+    m_process.start(QStringLiteral(HOST_PROGRAM), arguments);
+}
+
+QString CHostProgram::errorsUpToNow()
+{
+    m_process.waitForReadyRead(10);
+    m_errors += QString::fromUtf8(m_process.readAllStandardError());
+    return m_errors;
+}
+
+bool CHostProgram::waitForEnd()
+{
+    const bool ended = m_process.state() == QProcess::NotRunning || m_process.waitForFinished(60000);
+    m_output += QString::fromUtf8(m_process.readAllStandardOutput());
+    m_errors += QString::fromUtf8(m_process.readAllStandardError());
+    return ended && m_process.exitStatus() == QProcess::NormalExit;
+}
+
+bool CHostProgram::run(const QStringList& arguments)
+{
+    start(arguments);
+    return waitForEnd();
+}
+
+QStringList CHostProgram::errorLines() const
+{
+    QStringList lines = m_errors.split(QLatin1Char('\n'));
+    lines.removeAll(QString());
+    return lines;
+}
+
+QStringList CHostProgram::frameLine() const
+{
+    static const QRegularExpression line(
+        QStringLiteral("^Frames grabbed +(\\d+) = (\\d+) complete \\+ (\\d+) incomplete$"),
+        QRegularExpression::MultilineOption);
+    QStringList numbers = line.match(m_output).capturedTexts();
+    if (numbers.size() != 4 || numbers.at(1).toInt() != numbers.at(2).toInt() + numbers.at(3).toInt())
+        return {};
+    return numbers;
+}
+
+int CHostProgram::completeFrames() const
+{
+    const QStringList numbers = frameLine();
+    return numbers.isEmpty() ? -1 : numbers.at(2).toInt();
+}
+
+int CHostProgram::incompleteFrames() const
+{
+    const QStringList numbers = frameLine();
+    return numbers.isEmpty() ? -1 : numbers.at(3).toInt();
+}
+
+std::map<QString, CHostProgram::SSink> CHostProgram::sinks() const
+{
+    static const QRegularExpression row(QStringLiteral("^(\\w+) +(\\d+) +[\\d.]+ ms +[\\d.]+ ms +(\\d+)  "),
+                                        QRegularExpression::MultilineOption);
+    std::map<QString, SSink> sinks;
+    for (auto rows = row.globalMatch(m_output); rows.hasNext();) {
+        const QRegularExpressionMatch match = rows.next();
+        sinks[match.captured(1)] = {match.captured(2).toInt(), match.captured(3).toInt()};
+    }
+    return sinks;
+}

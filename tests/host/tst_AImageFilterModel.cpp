@@ -1,0 +1,263 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/models/AImageFilterModel.h"
+
+#include "host/models/CBlurModel.h"
+#include "host/models/CEdgesModel.h"
+#include "host/models/CGrabResultData.h"
+#include "host/models/CHistogramModel.h"
+#include "host/models/CImageData.h"
+#include "host/models/CThresholdModel.h"
+#include "host/models/HostModels.h"
+#include "scene/CNodeDataModelRegistry.h"
+
+#include <opencv2/imgproc.hpp>
+
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Host;
+using namespace Plugin::Halvex;
+
+namespace {
+
+const SFrameInfo info{7, std::chrono::steady_clock::time_point(std::chrono::seconds(9))};
+
+// Noise with structure, the same in every run.
+cv::Mat sample(int type)
+{
+    cv::Mat image(60, 80, type);
+    cv::RNG random(4711);
+    random.fill(image, cv::RNG::UNIFORM, 0, 120);
+    cv::rectangle(image, cv::Rect(20, 15, 40, 30), cv::Scalar::all(220), cv::FILLED);
+    return image;
+}
+
+QSharedPointer<CImageData> imageData(const cv::Mat& image)
+{
+    return QSharedPointer<CImageData>::create(image, info);
+}
+
+cv::Mat outputOf(CNodeDataModel& model)
+{
+    const auto output = model.outData(0).dynamicCast<CImageData>();
+    return output ? output->image() : cv::Mat();
+}
+
+bool isSame(const cv::Mat& left, const cv::Mat& right)
+{
+    return left.size() == right.size() && left.type() == right.type() && !left.empty() &&
+           cv::norm(left, right, cv::NORM_INF) == 0;
+}
+
+cv::Mat gray(const cv::Mat& image)
+{
+    cv::Mat result = image;
+    if (image.channels() == 3)
+        cv::cvtColor(image, result, cv::COLOR_BGR2GRAY);
+    return result;
+}
+
+// Fails as a filter does whose work the library refuses.
+class CRefusingModel : public AImageFilterModel
+{
+public:
+    QString caption() override { return {}; }
+    QString name() override { return {}; }
+
+protected:
+    cv::Mat process(const cv::Mat& image) const override
+    {
+        cv::Mat result;
+        cv::cvtColor(image, result, cv::COLOR_BGRA2GRAY);
+        return result;
+    }
+};
+
+} // namespace
+
+class tst_AImageFilterModel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void filter_data();
+    void filter();
+    void emptyDataClearsTheOutput_data() { filter_data(); }
+    void emptyDataClearsTheOutput();
+    void inputIsLeftAlone_data() { filter_data(); }
+    void inputIsLeftAlone();
+    void otherDataCountsAsEmpty();
+    void refusedImageIsAnError();
+    void blur_data() { kinds(); }
+    void blur();
+    void threshold_data() { kinds(); }
+    void threshold();
+    void edges_data() { kinds(); }
+    void edges();
+    void histogram_data() { kinds(); }
+    void histogram();
+
+private:
+    static void kinds();
+    std::unique_ptr<CNodeDataModel> created();
+};
+
+void tst_AImageFilterModel::filter_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"Blur", "Threshold", "Edges", "Histogram"})
+        QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+void tst_AImageFilterModel::kinds()
+{
+    QTest::addColumn<int>("type");
+    QTest::newRow("gray") << CV_8UC1;
+    QTest::newRow("color") << CV_8UC3;
+}
+
+std::unique_ptr<CNodeDataModel> tst_AImageFilterModel::created()
+{
+    CNodeDataModelRegistry registry;
+    registerHostModels(registry);
+    return registry.create(QString::fromLatin1(QTest::currentDataTag()));
+}
+
+void tst_AImageFilterModel::filter()
+{
+    QFETCH(QString, name);
+    const auto model = created();
+    QVERIFY(model);
+    QCOMPARE(model->name(), name);
+    QCOMPARE(model->caption(), name);
+    QCOMPARE(model->nPorts(ENodePortType::In), 1U);
+    QCOMPARE(model->nPorts(ENodePortType::Out), 1U);
+    QCOMPARE(model->nPorts(ENodePortType::None), 0U);
+    QCOMPARE(model->dataType(ENodePortType::In, 0).id, CImageData::dataType().id);
+    QCOMPARE(model->dataType(ENodePortType::Out, 0).id, CImageData::dataType().id);
+    QCOMPARE(model->validationState(), ENodeValidationState::Valid);
+    QVERIFY(!model->outData(0));
+
+    QSignalSpy updated(model.get(), &CNodeDataModel::dataUpdated);
+    QSignalSpy started(model.get(), &CNodeDataModel::computingStarted);
+    QSignalSpy finished(model.get(), &CNodeDataModel::computingFinished);
+    model->setInData(imageData(sample(CV_8UC1)), 0);
+    QCOMPARE(updated.count(), 1);
+    QCOMPARE(updated.at(0).at(0).toInt(), 0);
+    QCOMPARE(started.count(), 1);
+    QCOMPARE(finished.count(), 1);
+    const auto output = model->outData(0).dynamicCast<CImageData>();
+    QVERIFY(output);
+    QCOMPARE(output->info().frameNumber, info.frameNumber);
+    QCOMPARE(output->info().grabbed, info.grabbed);
+    QVERIFY(!model->outData(1));
+}
+
+void tst_AImageFilterModel::emptyDataClearsTheOutput()
+{
+    const auto model = created();
+    model->setInData(imageData(sample(CV_8UC1)), 0);
+    QVERIFY(model->outData(0));
+    QSignalSpy updated(model.get(), &CNodeDataModel::dataUpdated);
+    QSignalSpy invalidated(model.get(), &CNodeDataModel::dataInvalidated);
+    model->setInData({}, 0);
+    QVERIFY(!model->outData(0));
+    QCOMPARE(updated.count(), 0);
+    QCOMPARE(invalidated.count(), 1);
+    model->setInData(imageData(cv::Mat()), 0);
+    QVERIFY(!model->outData(0));
+    QCOMPARE(model->validationState(), ENodeValidationState::Valid);
+}
+
+void tst_AImageFilterModel::inputIsLeftAlone()
+{
+    const auto model = created();
+    const cv::Mat image = sample(CV_8UC1);
+    const auto data = imageData(image.clone());
+    model->setInData(data, 0);
+    QVERIFY(isSame(data->image(), image));
+    QVERIFY(outputOf(*model).data != data->image().data);
+}
+
+void tst_AImageFilterModel::otherDataCountsAsEmpty()
+{
+    CBlurModel model;
+    model.setInData(imageData(sample(CV_8UC1)), 0);
+    model.setInData(QSharedPointer<CGrabResultData>::create(Veltra::CGrabResultPtr(), info), 0);
+    QVERIFY(!model.outData(0));
+}
+
+void tst_AImageFilterModel::refusedImageIsAnError()
+{
+    CRefusingModel model;
+    QSignalSpy finished(&model, &CNodeDataModel::computingFinished);
+    model.setInData(imageData(sample(CV_8UC1)), 0);
+    QVERIFY(!model.outData(0));
+    QCOMPARE(finished.count(), 1);
+    QCOMPARE(model.validationState(), ENodeValidationState::Error);
+    QVERIFY(!model.validationMessage().isEmpty());
+    // The next input starts afresh.
+    model.setInData({}, 0);
+    QCOMPARE(model.validationState(), ENodeValidationState::Valid);
+    QVERIFY(model.validationMessage().isEmpty());
+}
+
+void tst_AImageFilterModel::blur()
+{
+    QFETCH(int, type);
+    CBlurModel model;
+    model.setInData(imageData(sample(type)), 0);
+    cv::Mat expected;
+    cv::GaussianBlur(sample(type), expected, cv::Size(7, 7), 0);
+    QVERIFY(isSame(outputOf(model), expected));
+}
+
+void tst_AImageFilterModel::threshold()
+{
+    QFETCH(int, type);
+    CThresholdModel model;
+    model.setInData(imageData(sample(type)), 0);
+    cv::Mat expected;
+    cv::threshold(gray(sample(type)), expected, 0, 255, cv::THRESH_BINARY | cv::THRESH_OTSU);
+    QVERIFY(isSame(outputOf(model), expected));
+    QVERIFY(cv::countNonZero(expected) >= 40 * 30);
+}
+
+void tst_AImageFilterModel::edges()
+{
+    QFETCH(int, type);
+    CEdgesModel model;
+    model.setInData(imageData(sample(type)), 0);
+    cv::Mat expected;
+    cv::Canny(gray(sample(type)), expected, 50, 150);
+    QVERIFY(isSame(outputOf(model), expected));
+    QVERIFY(cv::countNonZero(expected) > 0);
+}
+
+void tst_AImageFilterModel::histogram()
+{
+    QFETCH(int, type);
+    const cv::Mat image = gray(sample(type));
+    CHistogramModel model;
+    model.setInData(imageData(sample(type)), 0);
+    const cv::Mat drawing = outputOf(model);
+    QCOMPARE(drawing.size(), cv::Size(256, 128));
+    QCOMPARE(drawing.type(), CV_8UC1);
+
+    // Counted by hand: a bar's height is its value's share of the most frequent value.
+    std::vector<int> counts(256);
+    for (const uchar pixel : cv::Mat_<uchar>(image))
+        ++counts[pixel];
+    const int most = *std::max_element(counts.begin(), counts.end());
+    for (int value = 0; value < 256; ++value) {
+        const cv::Mat column = drawing.col(value);
+        const int bar = cv::countNonZero(column);
+        QVERIFY(std::abs(bar - 128.0 * counts[std::size_t(value)] / most) <= 0.51);
+        QCOMPARE(cv::countNonZero(column.rowRange(128 - bar, 128)), bar);
+    }
+}
+
+QTEST_GUILESS_MAIN(tst_AImageFilterModel)
+#include "tst_AImageFilterModel.moc"

@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/run/CCommandLine.h"
+
+#include <QTest>
+
+using namespace Host;
+
+namespace {
+
+CCommandLine parse(const QStringList& arguments)
+{
+    return CCommandLine(QStringList("halvex-host") + arguments);
+}
+
+} // namespace
+
+class tst_CCommandLine : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void defaults();
+    void everyOption();
+    void slowCameraMayBeSilentForLonger();
+    void refused_data();
+    void refused();
+    void help();
+    void version();
+};
+
+void tst_CCommandLine::defaults()
+{
+    const CCommandLine line = parse({"run"});
+    QCOMPARE(line.action(), CCommandLine::EAction::Run);
+    QCOMPARE(line.options().camera.address, QStringLiteral("fake"));
+    QCOMPARE(line.options().camera.pixelFormat, QString());
+    QCOMPARE(line.options().camera.framesPerSecond, 0.0);
+    QCOMPARE(line.options().frames, 300);
+    QCOMPARE(line.options().writeEvery, 30);
+    QCOMPARE(line.options().output, QStringLiteral("halvex-output"));
+    QCOMPARE(line.options().silence.count(), 5000);
+}
+
+void tst_CCommandLine::everyOption()
+{
+    const CCommandLine line = parse({"run", "--camera", "10.0.0.2", "--frames", "7", "--fps", "12.5", "--output", "o",
+                                     "--pixel-format", "RGB8", "--write-every", "2"});
+    QCOMPARE(line.action(), CCommandLine::EAction::Run);
+    QCOMPARE(line.options().camera.address, QStringLiteral("10.0.0.2"));
+    QCOMPARE(line.options().camera.pixelFormat, QStringLiteral("RGB8"));
+    QCOMPARE(line.options().camera.framesPerSecond, 12.5);
+    QCOMPARE(line.options().frames, 7);
+    QCOMPARE(line.options().writeEvery, 2);
+    QCOMPARE(line.options().output, QStringLiteral("o"));
+    QCOMPARE(line.options().silence.count(), 5000);
+}
+
+void tst_CCommandLine::slowCameraMayBeSilentForLonger()
+{
+    QCOMPARE(parse({"run", "--fps", "0.1"}).options().silence.count(), 30000);
+}
+
+void tst_CCommandLine::refused_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("no command") << QStringList{} << "No command given.";
+    QTest::newRow("unknown command") << QStringList{"walk"} << "Unknown command 'walk'.";
+    QTest::newRow("second command") << QStringList{"run", "fast"} << "Unexpected argument 'fast'.";
+    QTest::newRow("unknown option") << QStringList{"run", "--speed", "3"} << "Unknown option 'speed'.";
+    QTest::newRow("value missing") << QStringList{"run", "--frames"} << "Missing value after '--frames'.";
+    for (const char* value : {"0", "-1", "many", "1000001", "3.5", ""})
+        QTest::newRow(qPrintable(QStringLiteral("frames '%1'").arg(value)))
+            << QStringList{"run", "--frames", value}
+            << QStringLiteral("--frames takes a whole number from 1 to 1000000, not '%1'.").arg(value);
+    QTest::newRow("write never") << QStringList{"run", "--write-every", "0"}
+                                 << "--write-every takes a whole number from 1 to 1000000, not '0'.";
+    for (const char* value : {"0", "-1", "nan", "inf", "fast", "10001"})
+        QTest::newRow(qPrintable(QStringLiteral("fps '%1'").arg(value)))
+            << QStringList{"run", "--fps", value}
+            << QStringLiteral("--fps takes a number above 0, at most 10000, not '%1'.").arg(value);
+    for (const char* option : {"camera", "output", "pixel-format"})
+        QTest::newRow(qPrintable(QStringLiteral("no %1").arg(option)))
+            << QStringList{"run", QStringLiteral("--%1=").arg(option)} << QStringLiteral("--%1 is empty.").arg(option);
+}
+
+void tst_CCommandLine::refused()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, reason);
+    const CCommandLine line = parse(arguments);
+    QCOMPARE(line.action(), CCommandLine::EAction::Refuse);
+    QCOMPARE(line.text(), reason + QStringLiteral(" See 'halvex-host --help'."));
+}
+
+void tst_CCommandLine::help()
+{
+    const CCommandLine line = parse({"--help"});
+    QCOMPARE(line.action(), CCommandLine::EAction::Print);
+    for (const char* option : {"--camera", "--frames", "--fps", "--output", "--pixel-format", "--write-every"})
+        QVERIFY2(line.text().contains(QLatin1String(option)), option);
+}
+
+void tst_CCommandLine::version()
+{
+    const CCommandLine line = parse({"--version"});
+    QCOMPARE(line.action(), CCommandLine::EAction::Print);
+    QVERIFY(line.text().startsWith(QStringLiteral("halvex-host ")));
+    QVERIFY(line.text().contains(QLatin1Char('.')));
+}
+
+QTEST_GUILESS_MAIN(tst_CCommandLine)
+#include "tst_CCommandLine.moc"

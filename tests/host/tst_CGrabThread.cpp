@@ -1,0 +1,161 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/camera/CGrabThread.h"
+
+#include "host/camera/CAravisCamera.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <set>
+#include <vector>
+
+using namespace Host;
+using namespace std::chrono_literals;
+
+namespace {
+
+std::unique_ptr<CAravisCamera> startedFake(double framesPerSecond = 200, int buffers = 16)
+{
+    SCameraOptions options;
+    options.framesPerSecond = framesPerSecond;
+    options.buffers = buffers;
+    QString error;
+    auto camera = CAravisCamera::open(options, &error);
+    if (!camera || !camera->start(&error))
+        qWarning("%s", qPrintable(error));
+    return camera;
+}
+
+} // namespace
+
+class tst_CGrabThread : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void beforeItStarts();
+    void endsAfterTheFramesAskedFor();
+    void endedComesBehindWhatTheHandlerQueued();
+    void endsWhenAskedTo();
+    void destructorEndsIt();
+    void silentCameraHasGone();
+    void starvingCameraHasNotGone();
+};
+
+void tst_CGrabThread::beforeItStarts()
+{
+    const auto camera = startedFake();
+    const CGrabThread thread(*camera, 1, 5s, [](const CGrabThread::SFrame&) {});
+    const SGrabStatistics statistics = thread.statistics();
+    QCOMPARE(statistics.grabbed, quint64(0));
+    QCOMPARE(statistics.complete, quint64(0));
+    QCOMPARE(statistics.incomplete, quint64(0));
+    QCOMPARE(statistics.underruns, quint64(0));
+    QCOMPARE(thread.span().count(), std::chrono::nanoseconds::rep(0));
+}
+
+void tst_CGrabThread::endsAfterTheFramesAskedFor()
+{
+    const auto camera = startedFake();
+    std::set<quint64> numbers; // the handler's until the thread has ended
+    bool inOrder = true;
+    std::chrono::steady_clock::time_point last;
+    CGrabThread thread(*camera, 25, 5s, [&](const CGrabThread::SFrame& frame) {
+        numbers.insert(frame.result->frameNumber);
+        inOrder = inOrder && frame.result->complete && frame.grabbed > last;
+        last = frame.grabbed;
+    });
+    QSignalSpy ended(&thread, &CGrabThread::ended);
+    QVERIFY(ended.isValid());
+    thread.start();
+    QVERIFY(thread.wait(30000));
+
+    QTRY_COMPARE(ended.count(), 1);
+    QCOMPARE(ended.at(0).at(0).toString(), QString());
+    QCOMPARE(numbers.size(), std::size_t(25));
+    QVERIFY(inOrder);
+    QCOMPARE(thread.statistics().complete, quint64(25));
+    QCOMPARE(thread.statistics().grabbed, thread.statistics().complete + thread.statistics().incomplete);
+    // 24 intervals of 5 ms; a busy machine may take longer, none takes less than half.
+    QVERIFY(thread.span() >= 60ms);
+}
+
+void tst_CGrabThread::endedComesBehindWhatTheHandlerQueued()
+{
+    const auto camera = startedFake();
+    QObject here;
+    int handled = 0;
+    int handledAtTheEnd = -1;
+    CGrabThread thread(*camera, 40, 5s, [&](const CGrabThread::SFrame&) {
+        QMetaObject::invokeMethod(
+            &here, [&handled] { ++handled; }, Qt::QueuedConnection);
+    });
+    connect(
+        &thread, &CGrabThread::ended, this, [&] { handledAtTheEnd = handled; }, Qt::QueuedConnection);
+    thread.start();
+    // Nothing is handled before the thread has ended, so all of it is in the queue at once.
+    QVERIFY(thread.wait(30000));
+    QCOMPARE(handled, 0);
+    QTRY_COMPARE(handledAtTheEnd, 40);
+}
+
+void tst_CGrabThread::endsWhenAskedTo()
+{
+    const auto camera = startedFake();
+    CGrabThread thread(*camera, 1000000, 5s, [](const CGrabThread::SFrame&) {});
+    QSignalSpy ended(&thread, &CGrabThread::ended);
+    thread.start();
+    QTRY_VERIFY(thread.statistics().complete > 0);
+    QCOMPARE(ended.count(), 0);
+    thread.requestInterruption();
+    QTRY_COMPARE(ended.count(), 1);
+    QCOMPARE(ended.at(0).at(0).toString(), QString());
+}
+
+void tst_CGrabThread::destructorEndsIt()
+{
+    const auto camera = startedFake();
+    std::atomic<int> calls{0};
+    {
+        CGrabThread thread(*camera, 1000000, 5s, [&](const CGrabThread::SFrame&) { ++calls; });
+        thread.start();
+        QTRY_VERIFY(calls > 0);
+    }
+    // Frames come again, and nobody but this test takes them.
+    const int before = calls;
+    QCOMPARE(camera->grab(5s).status, CAravisCamera::EGrab::Frame);
+    QCOMPARE(calls.load(), before);
+}
+
+void tst_CGrabThread::silentCameraHasGone()
+{
+    // Two seconds lie between two frames, so that at most one comes before the silence is too long.
+    const auto camera = startedFake(0.5);
+    CGrabThread thread(*camera, 2, 300ms, [](const CGrabThread::SFrame&) {});
+    QSignalSpy ended(&thread, &CGrabThread::ended);
+    thread.start();
+    QTRY_COMPARE(ended.count(), 1);
+    QCOMPARE(ended.at(0).at(0).toString(), QStringLiteral("camera 'fake' has gone: no frame for 0.3 s"));
+}
+
+void tst_CGrabThread::starvingCameraHasNotGone()
+{
+    const auto camera = startedFake(200, 2);
+    std::vector<Veltra::CGrabResultPtr> held; // the handler's until all buffers are in it
+    CGrabThread thread(*camera, 3, 500ms, [&](const CGrabThread::SFrame& frame) { held.push_back(frame.result); });
+    QSignalSpy ended(&thread, &CGrabThread::ended);
+    thread.start();
+    // Far more frames are lost than the silence has room for, and still the camera counts as there.
+    QTRY_VERIFY(thread.statistics().underruns > 200);
+    QCOMPARE(ended.count(), 0);
+    QCOMPARE(thread.statistics().complete, quint64(2));
+    held.clear();
+    QTRY_COMPARE(ended.count(), 1);
+    QCOMPARE(ended.at(0).at(0).toString(), QString());
+    QCOMPARE(thread.statistics().complete, quint64(3));
+}
+
+QTEST_GUILESS_MAIN(tst_CGrabThread)
+#include "tst_CGrabThread.moc"

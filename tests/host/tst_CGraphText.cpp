@@ -1,0 +1,112 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/run/CGraphText.h"
+
+#include "host/models/CBlurModel.h"
+#include "host/models/CCameraSourceModel.h"
+#include "host/models/CEdgesModel.h"
+#include "host/models/CGrabResultConverter.h"
+#include "host/models/CPngSinkModel.h"
+#include "scene/CNodeScene.h"
+
+#include <QTest>
+
+using namespace Host;
+using namespace Plugin::Halvex;
+
+class tst_CGraphText : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void emptyScene();
+    void nodesInTheOrderOfTheData();
+    void loopsEnd();
+    void halfConnectionsAreLeftOut();
+    void connectionsToOtherScenesAreLeftOut();
+    void dotQuotes();
+};
+
+void tst_CGraphText::emptyScene()
+{
+    const CNodeScene scene({}, nullptr);
+    const CGraphText graph(scene);
+    QCOMPARE(graph.text(), QString());
+    QCOMPARE(graph.dot(), QStringLiteral("digraph Halvex {\n    rankdir=LR\n    node [shape=box]\n}\n"));
+}
+
+void tst_CGraphText::nodesInTheOrderOfTheData()
+{
+    CNodeScene scene({}, nullptr);
+    // Made from the end to the beginning, with a short way and a long one to the sink's side.
+    CNodeBase& sink = scene.createNode(std::make_unique<CPngSinkModel>());
+    CNodeBase& edges = scene.createNode(std::make_unique<CEdgesModel>());
+    CNodeBase& blur = scene.createNode(std::make_unique<CBlurModel>());
+    CNodeBase& camera = scene.createNode(std::make_unique<CCameraSourceModel>());
+    scene.createConnection(sink, 0, edges, 0, {});
+    scene.createConnection(edges, 0, blur, 0, {});
+    scene.createConnection(sink, 0, camera, 0, CGrabResultConverter());
+    scene.createConnection(blur, 0, camera, 0, CGrabResultConverter());
+
+    const CGraphText graph(scene);
+    QCOMPARE(graph.text(), QStringLiteral("  [0] Camera\n"
+                                          "        VGR to IMG -> [1] Blur\n"
+                                          "        VGR to IMG -> [3] PNG files\n"
+                                          "  [1] Blur\n"
+                                          "        IMG -> [2] Edges\n"
+                                          "  [2] Edges\n"
+                                          "        IMG -> [3] PNG files\n"
+                                          "  [3] PNG files\n"));
+    QCOMPARE(graph.dot(), QStringLiteral("digraph Halvex {\n"
+                                         "    rankdir=LR\n"
+                                         "    node [shape=box]\n"
+                                         "    n0 [label=\"Camera\"]\n"
+                                         "    n1 [label=\"Blur\"]\n"
+                                         "    n2 [label=\"Edges\"]\n"
+                                         "    n3 [label=\"PNG files\"]\n"
+                                         "    n0 -> n1 [label=\"VGR to IMG\"]\n"
+                                         "    n0 -> n3 [label=\"VGR to IMG\"]\n"
+                                         "    n1 -> n2 [label=\"IMG\"]\n"
+                                         "    n2 -> n3 [label=\"IMG\"]\n"
+                                         "}\n"));
+}
+
+void tst_CGraphText::loopsEnd()
+{
+    CNodeScene scene({}, nullptr);
+    CNodeBase& blur = scene.createNode(std::make_unique<CBlurModel>());
+    CNodeBase& edges = scene.createNode(std::make_unique<CEdgesModel>());
+    scene.createConnection(blur, 0, edges, 0, {});
+    scene.createConnection(edges, 0, blur, 0, {});
+    const QString text = CGraphText(scene).text();
+    QCOMPARE(text.count(QStringLiteral("IMG -> ")), 2);
+}
+
+void tst_CGraphText::halfConnectionsAreLeftOut()
+{
+    CNodeScene scene({}, nullptr);
+    CNodeBase& blur = scene.createNode(std::make_unique<CBlurModel>());
+    QVERIFY(scene.createConnection(ENodePortType::Out, blur, 0));
+    QCOMPARE(CGraphText(scene).text(), QStringLiteral("  [0] Blur\n"));
+}
+
+void tst_CGraphText::connectionsToOtherScenesAreLeftOut()
+{
+    CNodeScene other({}, nullptr);
+    CNodeScene scene({}, nullptr);
+    CNodeBase& blur = scene.createNode(std::make_unique<CBlurModel>());
+    CNodeBase& edges = other.createNode(std::make_unique<CEdgesModel>());
+    QVERIFY(scene.createConnection(edges, 0, blur, 0, {}));
+    QCOMPARE(CGraphText(scene).text(), QStringLiteral("  [0] Blur\n"));
+}
+
+void tst_CGraphText::dotQuotes()
+{
+    CNodeScene scene({}, nullptr);
+    scene.createNode(std::make_unique<CCameraSourceModel>(QStringLiteral("a\"b\\c")));
+    QVERIFY(CGraphText(scene).dot().contains(QStringLiteral("[label=\"Camera: a\\\"b\\\\c\"]")));
+}
+
+QTEST_GUILESS_MAIN(tst_CGraphText)
+#include "tst_CGraphText.moc"

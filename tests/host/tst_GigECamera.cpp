@@ -1,0 +1,147 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/camera/CAravisCamera.h"
+#include "host/camera/CGrabThread.h"
+
+#include "CFakeGigECamera.h"
+#include "CHostProgram.h"
+#include "TestPattern.h"
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Host;
+using namespace std::chrono_literals;
+
+namespace {
+
+std::unique_ptr<CAravisCamera> started()
+{
+    SCameraOptions options;
+    options.address = CFakeGigECamera::address();
+    QString error;
+    auto camera = CAravisCamera::open(options, &error);
+    if (!camera || !camera->start(&error))
+        qWarning("%s", qPrintable(error));
+    return camera;
+}
+
+} // namespace
+
+/// A GigE Vision camera over the network: the same camera class, the same grab thread, the same program.
+class tst_GigECamera : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void framesArriveComplete();
+    void rateThatCannotBeSetIsRefused();
+    void incompleteFramesAreCountedAndNeverHandedOn();
+    void cameraThatGoesEndsTheThread();
+    void programSkipsIncompleteFrames();
+    void programEndsWhenTheCameraGoes();
+};
+
+void tst_GigECamera::framesArriveComplete()
+{
+    CFakeGigECamera device;
+    QVERIFY(device.start());
+    const auto camera = started();
+    QCOMPARE(camera->name(), QStringLiteral("Aravis Fake (127.0.0.1)"));
+    for (int i = 0; i < 10; ++i) {
+        const CAravisCamera::SGrab grab = camera->grab(5s);
+        QCOMPARE(grab.status, CAravisCamera::EGrab::Frame);
+        QCOMPARE(grab.frame->width, camera->width());
+        QCOMPARE(grab.frame->height, camera->height());
+        QCOMPARE(grab.frame->pixelFormat, QStringLiteral("Mono8"));
+        QVERIFY(showsTestPattern(*grab.frame));
+    }
+}
+
+void tst_GigECamera::rateThatCannotBeSetIsRefused()
+{
+    CFakeGigECamera device;
+    QVERIFY(device.start());
+    SCameraOptions options;
+    options.address = CFakeGigECamera::address();
+    options.framesPerSecond = 1e9;
+    QString error;
+    const auto camera = CAravisCamera::open(options, &error);
+    QVERIFY(!camera);
+    QVERIFY2(error.startsWith(QStringLiteral("camera '127.0.0.1' cannot do 1e+09 frames per second, ")),
+             qPrintable(error));
+}
+
+void tst_GigECamera::incompleteFramesAreCountedAndNeverHandedOn()
+{
+    CFakeGigECamera device;
+    // A frame has about 190 packets: of a thousand packets two lost, about every third frame is incomplete.
+    QVERIFY(device.start(2));
+    const auto camera = started();
+    std::atomic<int> sound{0};
+    std::atomic<int> faulty{0};
+    CGrabThread thread(*camera, 1000000, 5s, [&](const CGrabThread::SFrame& frame) {
+        const bool isSound = frame.result->complete && showsTestPattern(*frame.result);
+        ++(isSound ? sound : faulty);
+    });
+    thread.start();
+    QTRY_VERIFY_WITH_TIMEOUT(thread.statistics().incomplete >= 5 && thread.statistics().complete >= 5, 60000);
+    thread.requestInterruption();
+    QVERIFY(thread.wait(30000));
+    QCOMPARE(faulty.load(), 0);
+    QCOMPARE(quint64(sound.load()), thread.statistics().complete);
+    QCOMPARE(thread.statistics().grabbed, thread.statistics().complete + thread.statistics().incomplete);
+}
+
+void tst_GigECamera::cameraThatGoesEndsTheThread()
+{
+    CFakeGigECamera device;
+    QVERIFY(device.start());
+    const auto camera = started();
+    // Long enough for the connection's own watch to be the one that notices.
+    CGrabThread thread(*camera, 1000000, 60s, [](const CGrabThread::SFrame&) {});
+    QSignalSpy ended(&thread, &CGrabThread::ended);
+    thread.start();
+    QTRY_VERIFY(thread.statistics().complete > 0);
+    device.kill();
+    QTRY_COMPARE_WITH_TIMEOUT(ended.count(), 1, 50000);
+    QCOMPARE(ended.at(0).at(0).toString(), QStringLiteral("camera '127.0.0.1' has gone: it no longer answers"));
+    QCOMPARE(camera->grab(1ms).status, CAravisCamera::EGrab::Lost);
+}
+
+void tst_GigECamera::programSkipsIncompleteFrames()
+{
+    CFakeGigECamera device;
+    QVERIFY(device.start(2));
+    const QTemporaryDir folder;
+    CHostProgram program;
+    QVERIFY(program.run({"run", "--camera", CFakeGigECamera::address(), "--frames", "40", "--output", folder.path()}));
+    QCOMPARE(program.exitCode(), 0);
+    QCOMPARE(program.completeFrames(), 40);
+    QVERIFY(program.incompleteFrames() > 0);
+    QCOMPARE(program.sinks().size(), std::size_t(4));
+    for (const auto& sink : program.sinks())
+        QCOMPARE(sink.second.delivered, 40);
+}
+
+void tst_GigECamera::programEndsWhenTheCameraGoes()
+{
+    CFakeGigECamera device;
+    QVERIFY(device.start());
+    const QTemporaryDir folder;
+    CHostProgram program;
+    program.start({"run", "--camera", CFakeGigECamera::address(), "--frames", "100000", "--output", folder.path()});
+    QTRY_VERIFY_WITH_TIMEOUT(program.errorsUpToNow().contains(QStringLiteral("/100000 frames")), 30000);
+    device.kill();
+    QVERIFY(program.waitForEnd());
+    QCOMPARE(program.exitCode(), 2);
+    QVERIFY(program.errorLines().constLast().startsWith(QStringLiteral("halvex-host: camera '127.0.0.1' has gone: ")));
+    QVERIFY(program.completeFrames() > 0);
+    for (const auto& sink : program.sinks())
+        QCOMPARE(sink.second.delivered, program.completeFrames());
+}
+
+QTEST_GUILESS_MAIN(tst_GigECamera)
+#include "tst_GigECamera.moc"
