@@ -12,10 +12,12 @@ namespace Halvex {
 
 void CConnectionEnd::setNode(CNodeBase* node)
 {
+    m_index = index(); // that of a node that is gone went with it
     if (node)
         m_link.link(node, CGraphOwner::ends(*node));
     else
         m_link.unlink();
+    m_indexIsOfNode = node != nullptr;
 }
 
 void CConnectionEnd::setIndex(NodePortIndex index)
@@ -38,7 +40,8 @@ void CConnectionEnd::adoptWrittenNode() const
         left->nodeState().expectDeadEntries();
 
     m_link.unlink();
-    if (written && CLiveObjects::contains(written))
+    m_indexIsOfNode = written != nullptr;
+    if (written && CLiveObjects::contains(written, CLiveObjects::EKind::Node))
         m_link.link(written, CGraphOwner::ends(*written));
 }
 

@@ -15,7 +15,8 @@ class CNodeBase;
  * One end of a connection: a node and a port of it, where the node may go at any time.
  *
  * When the node goes, the end is as if it had been cleared. The node's pointer can be handed out for writing; what
- * was written is taken over at the next use, provided that it points at a node that exists.
+ * was written is taken over at the next use, provided that it points at a node that exists. Null written there takes
+ * the node away and leaves the index.
  *
  * Threads: the graph's thread.
  */
@@ -38,11 +39,11 @@ public:
     }
 
     /// The port's index, -1 if none is set.
-    NodePortIndex index() const { return m_indexIsOfNode && !node() ? -1 : m_index; }
+    NodePortIndex index() const { return !node() && m_indexIsOfNode ? -1 : m_index; }
 
     void setNode(CNodeBase* node);
 
-    /// An index given together with a node goes with it; one given alone stays.
+    /// The index of an end that has a node goes with it; one given alone stays.
     void setIndex(NodePortIndex index);
 
     void clear();
@@ -52,7 +53,7 @@ private:
 
     mutable CWeakLink<CNodeBase> m_link;
     NodePortIndex m_index = -1;
-    bool m_indexIsOfNode = false;
+    mutable bool m_indexIsOfNode = false;
 };
 
 } // namespace Halvex

@@ -6,7 +6,7 @@
 #include <QGlobalStatic>
 
 #include <mutex>
-#include <unordered_set>
+#include <unordered_map>
 
 namespace Plugin {
 namespace Halvex {
@@ -15,7 +15,7 @@ namespace {
 struct SLiveObjects
 {
     std::mutex mutex;
-    std::unordered_set<const void*> objects;
+    std::unordered_map<const void*, CLiveObjects::EKind> objects;
 };
 
 // Null once the process tears its statics down, which a host's static scene may outlive.
@@ -23,13 +23,13 @@ Q_GLOBAL_STATIC(SLiveObjects, liveObjects)
 
 } // namespace
 
-void CLiveObjects::add(const void* object)
+void CLiveObjects::add(const void* object, EKind kind)
 {
     SLiveObjects* const live = liveObjects();
     if (!live)
         return;
     const std::lock_guard<std::mutex> lock(live->mutex);
-    live->objects.insert(object);
+    live->objects.emplace(object, kind);
 }
 
 void CLiveObjects::remove(const void* object) noexcept
@@ -41,13 +41,14 @@ void CLiveObjects::remove(const void* object) noexcept
     live->objects.erase(object);
 }
 
-bool CLiveObjects::contains(const void* object)
+bool CLiveObjects::contains(const void* object, EKind kind)
 {
     SLiveObjects* const live = liveObjects();
     if (!live)
         return false;
     const std::lock_guard<std::mutex> lock(live->mutex);
-    return live->objects.count(object) != 0;
+    const auto found = live->objects.find(object);
+    return found != live->objects.end() && found->second == kind;
 }
 
 } // namespace Halvex

@@ -18,9 +18,17 @@ namespace Halvex {
 class CLiveObjects
 {
 public:
-    static void add(const void* object);
+    enum class EKind
+    {
+        Node,
+        Connection
+    };
+
+    static void add(const void* object, EKind kind);
     static void remove(const void* object) noexcept;
-    static bool contains(const void* object);
+
+    /// Whether such an object is there, and not one of the other kind that came to lie where it lay.
+    static bool contains(const void* object, EKind kind);
 };
 
 } // namespace Halvex

@@ -33,7 +33,7 @@ CNodeBase::CNodeBase(std::unique_ptr<CNodeDataModel>&& model)
     , m_model(model ? std::move(model) : std::make_unique<CNoModel>())
     , m_state(m_model)
 {
-    CLiveObjects::add(this);
+    CLiveObjects::add(this, CLiveObjects::EKind::Node);
     connect(m_model.get(), &CNodeDataModel::dataUpdated, this, &CNodeBase::onDataUpdated);
 }
 
@@ -42,6 +42,7 @@ CNodeBase::~CNodeBase()
     CLiveObjects::remove(this);
     m_ends.release();
     m_visits.release();
+    m_isRetired = false; // or a visit that the model's destructor makes would destroy the node a second time
 
     // Here rather than by the members' own destructors: the model's destructor is foreign code, and whatever it calls
     // must find a node without ports and without a model.

@@ -34,7 +34,7 @@ CNodeConnection::CNodeConnection(CNodeBase& inNode, NodePortIndex inIndex, CNode
     : m_id(Core::CId::createId())
     , m_converter(shared(std::move(converter)))
 {
-    CLiveObjects::add(this);
+    CLiveObjects::add(this, CLiveObjects::EKind::Connection);
     setNodeToPort(inNode, ENodePortType::In, inIndex);
     setNodeToPort(outNode, ENodePortType::Out, outIndex);
 }
@@ -42,7 +42,7 @@ CNodeConnection::CNodeConnection(CNodeBase& inNode, NodePortIndex inIndex, CNode
 CNodeConnection::CNodeConnection(ENodePortType portType, CNodeBase& node, NodePortIndex index)
     : m_id(Core::CId::createId())
 {
-    CLiveObjects::add(this);
+    CLiveObjects::add(this, CLiveObjects::EKind::Connection);
     setNodeToPort(node, portType, index);
 }
 
@@ -118,8 +118,8 @@ void CNodeConnection::propagateData(CNodeDataPtr data) const
 
     if (m_converter) {
         const CWeakLink<const CNodeConnection> self(this, m_watchers);
-        const auto converter = m_converter;
-        data = (*converter)(std::move(data));
+        // Held for the call alone: if it was replaced meanwhile, what it captured goes before anything else is asked.
+        data = (*std::shared_ptr<const NodeDataConverter>(m_converter))(std::move(data));
         node = self.get() ? m_in.node() : nullptr;
         if (!node)
             return;
@@ -152,8 +152,14 @@ QJsonObject CNodeConnection::save() const
                      {QStringLiteral("out_id"), out->id().toString()},
                      {QStringLiteral("out_index"), m_out.index()}};
     if (m_converter) {
-        json.insert(QStringLiteral("converter"), QJsonObject{{QStringLiteral("in"), getTypeJson(ENodePortType::In)},
-                                                             {QStringLiteral("out"), getTypeJson(ENodePortType::Out)}});
+        // The models that are asked are foreign code and may destroy this connection.
+        const CWeakLink<const CNodeConnection> self(this, m_watchers);
+        const QJsonObject inType = getTypeJson(ENodePortType::In);
+        if (!self.get())
+            return {};
+        const QJsonObject outType = getTypeJson(ENodePortType::Out);
+        json.insert(QStringLiteral("converter"),
+                    QJsonObject{{QStringLiteral("in"), inType}, {QStringLiteral("out"), outType}});
     }
     return json;
 }

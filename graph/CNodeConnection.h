@@ -65,7 +65,8 @@ public:
     /// is used again counts as no node.
     CNodeBase*& getNode(ENodePortType portType);
 
-    /// The in index for In, the out index for Out, -1 for anything else and for an end that is not set.
+    /// The in index for In, the out index for Out, -1 for anything else and for an end that was never set, was cleared
+    /// or lost its node.
     NodePortIndex getPortIndex(ENodePortType portType) const;
 
     /// The type of the data at one end, as that end's model says. With one end only: that end's, whichever is asked

@@ -10,7 +10,11 @@ namespace Halvex {
 
 CNodeDataModel::CNodeDataModel() = default;
 
-CNodeDataModel::~CNodeDataModel() = default;
+CNodeDataModel::~CNodeDataModel()
+{
+    // Here rather than by the member's own destructor: the object's destructor is foreign code and may ask for it.
+    m_info.reset();
+}
 
 bool CNodeDataModel::captionVisible() const
 {

@@ -105,7 +105,7 @@ bool CNodeState::holds(ENodePortType portType, NodePortIndex index, const Core::
 bool CNodeState::exists(const Connections::value_type& entry)
 {
     // The id as well, since a new connection may have come to lie where the one that was entered lay.
-    return CLiveObjects::contains(entry.second) && entry.second->id() == entry.first;
+    return CLiveObjects::contains(entry.second, CLiveObjects::EKind::Connection) && entry.second->id() == entry.first;
 }
 
 void CNodeState::clear()

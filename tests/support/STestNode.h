@@ -13,7 +13,8 @@
 /// A node of its own, outside of any scene, with the model in it.
 struct STestNode
 {
-    explicit STestNode(unsigned int inPorts = 1, unsigned int outPorts = 1, const QString& name = QStringLiteral("Test"))
+    explicit STestNode(unsigned int inPorts = 1, unsigned int outPorts = 1,
+                       const QString& name = QStringLiteral("Test"))
     {
         auto owned = std::make_unique<CTestModel>(inPorts, outPorts, name);
         model = owned.get();

@@ -1,0 +1,329 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "graph/CNodeDataModel.h"
+
+#include "support/CContextTranslator.h"
+#include "support/MetaMethods.h"
+
+#include <QMetaEnum>
+#include <QtTest>
+
+#include <functional>
+#include <memory>
+#include <type_traits>
+#include <vector>
+
+using namespace Plugin::Halvex;
+using Core::AppCoreComponents::BaseInfoPtr;
+using Core::AppCoreComponents::IBaseInfo;
+
+Q_DECLARE_METATYPE(Core::AppCoreComponents::BaseInfoPtr)
+
+namespace {
+
+static_assert(std::is_abstract_v<CNodeDataModel> && std::has_virtual_destructor_v<CNodeDataModel>, "a base");
+static_assert(!std::is_copy_constructible_v<CNodeDataModel> && !std::is_move_constructible_v<CNodeDataModel>,
+              "a model has an identity");
+static_assert(int(CNodeDataModel::EConnectionPolicy::One) == 0 && int(CNodeDataModel::EConnectionPolicy::Many) == 1,
+              "numbers that hosts know");
+static_assert(int(ENodeValidationState::Valid) == 0, "the state that every model begins with");
+
+/// Overrides what must be overridden and nothing else.
+class CBareModel : public CNodeDataModel
+{
+public:
+    QString caption() override { return QStringLiteral("Bare caption"); }
+    QString name() override { return QStringLiteral("Bare"); }
+    unsigned int nPorts(ENodePortType) const override { return 1; }
+    SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return {}; }
+    void setInData(CNodeDataPtr, NodePortIndex) override {}
+    CNodeDataPtr outData(NodePortIndex) override { return {}; }
+};
+
+/// An information object that runs the test's code when it goes.
+class CTestInfo : public IBaseInfo
+{
+public:
+    ~CTestInfo() override
+    {
+        if (onDestroyed)
+            onDestroyed();
+    }
+    std::function<void()> onDestroyed;
+};
+
+BaseInfoPtr makeInfo(std::function<void()> onDestroyed = {})
+{
+    const auto info = QSharedPointer<CTestInfo>::create();
+    info->onDestroyed = std::move(onDestroyed);
+    return info;
+}
+
+/// Every infoInjected() of a model, in order.
+class CInjections
+{
+public:
+    explicit CInjections(CNodeDataModel& model)
+    {
+        QObject::connect(&model, &CNodeDataModel::infoInjected, &model,
+                         [this](const BaseInfoPtr& info) { m_infos << info; });
+    }
+    const QList<BaseInfoPtr>& infos() const { return m_infos; }
+
+private:
+    QList<BaseInfoPtr> m_infos;
+};
+
+} // namespace
+
+class tst_CNodeDataModel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void metaObject();
+    void connectionPolicyIsKnownToTheMetaObject();
+    void translatesUnderItsClassName();
+    void defaults();
+    void hasNeitherParentNorInfoAtFirst();
+    void infoIsHeldAndAnnounced();
+    void infoHeldAlreadyIsNotAnnounced();
+    void nullInfoReleasesTheHeldOne();
+    void previousInfoIsReleasedBeforeTheSignal();
+    void destructorReleasesTheInfo();
+    void handlerMayInjectAnotherInfo();
+    void handlerMayTakeTheInfoAway();
+    void handlerMayDestroyTheModel();
+    void leavingInfoMayDestroyTheModel();
+    void leavingInfoMayInjectAnother();
+    void leavingInfoMayAskAModelThatIsDestroyed();
+    void saveHoldsTheNameAlone();
+    void restoreDoesNothing();
+};
+
+void tst_CNodeDataModel::metaObject()
+{
+    const QMetaObject& meta = CNodeDataModel::staticMetaObject;
+    QCOMPARE(QByteArray(meta.className()), QByteArray("Plugin::Halvex::CNodeDataModel"));
+    QCOMPARE(meta.superClass(), &QObject::staticMetaObject);
+    QCOMPARE(methodsOf(meta), QStringList({
+                                  QStringLiteral("public signal dataUpdated(NodePortIndex index)"),
+                                  QStringLiteral("public signal dataInvalidated(NodePortIndex index)"),
+                                  QStringLiteral("public signal computingStarted()"),
+                                  QStringLiteral("public signal computingFinished()"),
+                                  QStringLiteral("public signal infoInjected("
+                                                 "Core::AppCoreComponents::BaseInfoPtr info)"),
+                              }));
+    QCOMPARE(otherMembersOf(meta), 1);
+    QCOMPARE(CBareModel().metaObject(), &meta);
+}
+
+void tst_CNodeDataModel::connectionPolicyIsKnownToTheMetaObject()
+{
+    const QMetaEnum policy = QMetaEnum::fromType<CNodeDataModel::EConnectionPolicy>();
+    QVERIFY(policy.isValid());
+    QCOMPARE(policy.keyCount(), 2);
+    QCOMPARE(policy.value(0), 0);
+    QCOMPARE(policy.value(1), 1);
+}
+
+void tst_CNodeDataModel::translatesUnderItsClassName()
+{
+    const CContextTranslator translator;
+    const QString context = QStringLiteral("Plugin::Halvex::CNodeDataModel");
+    QCOMPARE(CNodeDataModel::tr("Blur"), context);
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    QCOMPARE(CNodeDataModel::trUtf8("Blur"), context);
+    QT_WARNING_POP
+}
+
+void tst_CNodeDataModel::defaults()
+{
+    CBareModel model;
+    QVERIFY(model.captionVisible());
+    for (const ENodePortType side : {ENodePortType::None, ENodePortType::In, ENodePortType::Out}) {
+        for (const NodePortIndex index : {-1, 0, 7}) {
+            QVERIFY(model.portCaption(side, index).isEmpty());
+            QVERIFY(!model.portCaptionVisible(side, index));
+            QCOMPARE(int(model.portOutConnectionPolicy(index)), 1);
+        }
+    }
+    QCOMPARE(int(model.validationState()), 0);
+    QVERIFY(model.validationMessage().isEmpty());
+}
+
+void tst_CNodeDataModel::hasNeitherParentNorInfoAtFirst()
+{
+    CBareModel model;
+    QVERIFY(!model.parent());
+    QVERIFY(model.getInfo().isNull());
+}
+
+void tst_CNodeDataModel::infoIsHeldAndAnnounced()
+{
+    CBareModel model;
+    const BaseInfoPtr info = makeInfo();
+    BaseInfoPtr heldInHandler;
+    connect(&model, &CNodeDataModel::infoInjected, [&] { heldInHandler = model.getInfo(); });
+    const CInjections injections(model);
+
+    model.setInfo(info);
+
+    QCOMPARE(model.getInfo(), info);
+    QCOMPARE(injections.infos(), QList<BaseInfoPtr>{info});
+    QCOMPARE(heldInHandler, info);
+}
+
+void tst_CNodeDataModel::infoHeldAlreadyIsNotAnnounced()
+{
+    CBareModel model;
+    const BaseInfoPtr info = makeInfo();
+    const CInjections injections(model);
+
+    model.setInfo(BaseInfoPtr());
+    QVERIFY(injections.infos().isEmpty());
+
+    model.setInfo(info);
+    model.setInfo(info);
+    model.setInfo(model.getInfo());
+    QCOMPARE(injections.infos(), QList<BaseInfoPtr>{info});
+}
+
+void tst_CNodeDataModel::nullInfoReleasesTheHeldOne()
+{
+    CBareModel model;
+    BaseInfoPtr info = makeInfo();
+    const QWeakPointer<IBaseInfo> watched = info;
+    model.setInfo(info);
+    info.reset();
+    QVERIFY(watched);
+
+    const CInjections injections(model);
+    model.setInfo(BaseInfoPtr());
+
+    QVERIFY(!watched);
+    QVERIFY(model.getInfo().isNull());
+    QCOMPARE(injections.infos(), QList<BaseInfoPtr>{BaseInfoPtr()});
+}
+
+void tst_CNodeDataModel::previousInfoIsReleasedBeforeTheSignal()
+{
+    CBareModel model;
+    QStringList events;
+    model.setInfo(makeInfo([&] { events << QStringLiteral("released"); }));
+    connect(&model, &CNodeDataModel::infoInjected, [&] { events << QStringLiteral("injected"); });
+
+    model.setInfo(makeInfo());
+
+    QCOMPARE(events, QStringList({QStringLiteral("released"), QStringLiteral("injected")}));
+}
+
+void tst_CNodeDataModel::destructorReleasesTheInfo()
+{
+    int released = 0;
+    auto model = std::make_unique<CBareModel>();
+    model->setInfo(makeInfo([&] { ++released; }));
+    QCOMPARE(released, 0);
+    model.reset();
+    QCOMPARE(released, 1);
+}
+
+void tst_CNodeDataModel::handlerMayInjectAnotherInfo()
+{
+    CBareModel model;
+    const BaseInfoPtr second = makeInfo();
+    connect(&model, &CNodeDataModel::infoInjected, [&] { model.setInfo(second); });
+    QList<bool> hadObject;
+    connect(&model, &CNodeDataModel::infoInjected, [&](const BaseInfoPtr& info) { hadObject << bool(info); });
+    const CInjections injections(model);
+
+    BaseInfoPtr first = makeInfo();
+    const QWeakPointer<IBaseInfo> watched = first;
+    model.setInfo(std::move(first));
+
+    QCOMPARE(model.getInfo(), second);
+    QCOMPARE(injections.infos().size(), 2);
+    QCOMPARE(injections.infos().first(), second);
+    // The handlers behind the one that replaced it still read the first object.
+    QCOMPARE(injections.infos().last(), watched.toStrongRef());
+    QCOMPARE(hadObject, QList<bool>({true, true}));
+}
+
+void tst_CNodeDataModel::handlerMayTakeTheInfoAway()
+{
+    CBareModel model;
+    connect(&model, &CNodeDataModel::infoInjected, [&] { model.setInfo(BaseInfoPtr()); });
+    const CInjections injections(model);
+    BaseInfoPtr info = makeInfo();
+    const QWeakPointer<IBaseInfo> watched = info;
+    model.setInfo(std::move(info));
+    QVERIFY(model.getInfo().isNull());
+    QCOMPARE(injections.infos(), QList<BaseInfoPtr>({BaseInfoPtr(), watched.toStrongRef()}));
+}
+
+void tst_CNodeDataModel::handlerMayDestroyTheModel()
+{
+    auto model = std::make_unique<CBareModel>();
+    connect(model.get(), &CNodeDataModel::infoInjected, [&] { model.reset(); });
+    model->setInfo(makeInfo());
+    QVERIFY(!model);
+}
+
+void tst_CNodeDataModel::leavingInfoMayDestroyTheModel()
+{
+    auto model = std::make_unique<CBareModel>();
+    int injected = 0;
+    model->setInfo(makeInfo([&] { model.reset(); }));
+    connect(model.get(), &CNodeDataModel::infoInjected, [&] { ++injected; });
+    model->setInfo(makeInfo());
+    QVERIFY(!model);
+    QCOMPARE(injected, 0);
+}
+
+void tst_CNodeDataModel::leavingInfoMayInjectAnother()
+{
+    CBareModel model;
+    const BaseInfoPtr last = makeInfo();
+    model.setInfo(makeInfo([&] { model.setInfo(last); }));
+    const CInjections injections(model);
+    model.setInfo(makeInfo());
+    QCOMPARE(model.getInfo(), last);
+    QCOMPARE(injections.infos(), QList<BaseInfoPtr>({last, last}));
+}
+
+void tst_CNodeDataModel::leavingInfoMayAskAModelThatIsDestroyed()
+{
+    auto model = std::make_unique<CBareModel>();
+    CNodeDataModel* const dying = model.get();
+    int released = 0;
+    model->setInfo(makeInfo([&] {
+        ++released;
+        QVERIFY(dying->getInfo().isNull());
+        dying->setInfo(makeInfo([&] { ++released; }));
+    }));
+    model.reset();
+    QCOMPARE(released, 2);
+}
+
+void tst_CNodeDataModel::saveHoldsTheNameAlone()
+{
+    CBareModel model;
+    model.setInfo(makeInfo());
+    QCOMPARE(model.save(), QJsonObject({{QStringLiteral("name"), QStringLiteral("Bare")}}));
+}
+
+void tst_CNodeDataModel::restoreDoesNothing()
+{
+    CBareModel model;
+    const CInjections injections(model);
+    Plugin::AppCore::ISerializable& serializable = model;
+    serializable.restore({{QStringLiteral("name"), QStringLiteral("Other")}});
+    QCOMPARE(model.name(), QStringLiteral("Bare"));
+    QVERIFY(injections.infos().isEmpty());
+}
+
+QTEST_GUILESS_MAIN(tst_CNodeDataModel)
+
+#include "tst_CNodeDataModel.moc"

@@ -1,0 +1,455 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "scene/CNodeDataModelRegistry.h"
+
+#include "support/CTestModel.h"
+
+#include <QtTest>
+
+#include <functional>
+#include <stdexcept>
+#include <type_traits>
+
+using namespace Plugin::Halvex;
+
+static_assert(!std::is_copy_constructible_v<CNodeDataModelRegistry>, "a catalogue is shared, not copied");
+static_assert(!std::is_copy_assignable_v<CNodeDataModelRegistry>, "a catalogue is shared, not copied");
+static_assert(std::is_nothrow_move_constructible_v<CNodeDataModelRegistry>, "moves its tables");
+static_assert(std::is_nothrow_move_assignable_v<CNodeDataModelRegistry>, "moves its tables");
+static_assert(!std::is_polymorphic_v<CNodeDataModelRegistry>, "a plain class");
+static_assert(std::is_same_v<ModelCreator, std::function<std::unique_ptr<CNodeDataModel>()>>, "what hosts pass");
+static_assert(std::is_same_v<NodeDataConverter, std::function<CNodeDataPtr(CNodeDataPtr)>>, "what hosts pass");
+
+namespace {
+
+const QString Blur = QStringLiteral("Blur");
+const QString Edges = QStringLiteral("Edges");
+const QString Filters = QStringLiteral("Filters");
+const QString Tools = QStringLiteral("Tools");
+
+const SNodeDataType TypeA{QStringLiteral("A"), QStringLiteral("x")};
+const SNodeDataType TypeB{QStringLiteral("B"), QStringLiteral("y")};
+
+using Categories = std::set<QString>;
+
+/// A creator of models with that name; the number of output ports tells creators of one name apart.
+ModelCreator creatorOf(const QString& name, unsigned int outPorts = 1)
+{
+    return [name, outPorts] { return std::make_unique<CTestModel>(0U, outPorts, name); };
+}
+
+unsigned int outPortsOf(CNodeDataModelRegistry& registry, const QString& name)
+{
+    const std::unique_ptr<CNodeDataModel> model = registry.create(name);
+    return model ? model->nPorts(ENodePortType::Out) : 0;
+}
+
+/// A converter that returns \a value for everything.
+NodeDataConverter converterTo(int value)
+{
+    return [value](const CNodeDataPtr&) { return CTestData::make(value); };
+}
+
+/// What the converter from \a from to \a to makes; -1 if there is no such converter.
+int convertedBy(const CNodeDataModelRegistry& registry, const SNodeDataType& from, const SNodeDataType& to)
+{
+    const NodeDataConverter converter = registry.getTypeConverter(from, to);
+    return converter ? CTestData::valueOf(converter(CNodeDataPtr())) : -1;
+}
+
+void fill(CNodeDataModelRegistry& registry)
+{
+    registry.registerModel(creatorOf(Blur), Filters);
+    registry.registerTypeConverter({TypeA, TypeB}, converterTo(1));
+}
+
+bool isFilled(CNodeDataModelRegistry& registry)
+{
+    return registry.registeredModelCreators().size() == 1 && registry.create(Blur) &&
+           registry.registeredModelsCategoryAssociation().at(Blur) == Filters &&
+           registry.categories() == Categories{Filters} && convertedBy(registry, TypeA, TypeB) == 1;
+}
+
+bool isEmpty(CNodeDataModelRegistry& registry)
+{
+    return registry.registeredModelCreators().empty() && registry.registeredModelsCategoryAssociation().empty() &&
+           registry.categories().empty() && !registry.create(Blur) && convertedBy(registry, TypeA, TypeB) == -1;
+}
+
+class CDefaultModel : public CTestModel
+{
+public:
+    CDefaultModel()
+        : CTestModel(0, 3, QStringLiteral("Default"))
+    {
+    }
+};
+
+class CNamelessModel : public CTestModel
+{
+public:
+    QString name() override { throw std::runtime_error("no name"); }
+};
+
+} // namespace
+
+class tst_CNodeDataModelRegistry : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+
+    void defaultIsEmpty();
+    void registersAModel();
+    void registersByDefaultConstructor();
+    void modelTypeMayBeNamed();
+    void makesAndDestroysOnePrototype();
+    void prototypeIsGoneBeforeTheNameIsLookedUp();
+    void firstCreatorOfANameWins();
+    void namesDifferInCase();
+    void emptyNameIsAName();
+    void categoriesAreSortedAndListedOnce();
+    void createsIndependentModels();
+    void unknownNameMakesNothing();
+    void emptyCreatorThrows();
+    void creatorThatMakesNothingIsNotRegistered();
+    void creatorMayMakeNothingLater();
+    void exceptionsLeaveTheRegistryAsItWas();
+    void creatorMayRegister();
+    void creatorMayReplaceTheRegistry();
+    void findsConvertersByIdAlone();
+    void directionOfAConverterCounts();
+    void lastConverterOfAPairWins();
+    void idsOfAPairAreNotJoined();
+    void emptyConverterReplaces();
+    void returnsACopyOfTheConverter();
+    void unknownPairHasNoConverter();
+    void movesAllTables();
+    void moveAssignmentReplacesAllTables();
+    void movedFromCanBeFilledAgain();
+};
+
+void tst_CNodeDataModelRegistry::cleanup()
+{
+    QCOMPARE(CTestModel::alive(), 0);
+}
+
+void tst_CNodeDataModelRegistry::defaultIsEmpty()
+{
+    CNodeDataModelRegistry registry;
+    QVERIFY(isEmpty(registry));
+}
+
+void tst_CNodeDataModelRegistry::registersAModel()
+{
+    CNodeDataModelRegistry registry;
+    registry.registerModel(creatorOf(Blur), Filters);
+
+    QCOMPARE(registry.registeredModelCreators().size(), std::size_t(1));
+    QCOMPARE(registry.registeredModelCreators().count(Blur), std::size_t(1));
+    QCOMPARE(registry.registeredModelsCategoryAssociation().size(), std::size_t(1));
+    QCOMPARE(registry.registeredModelsCategoryAssociation().at(Blur), Filters);
+    QCOMPARE(registry.categories(), Categories{Filters});
+    QCOMPARE(registry.create(Blur)->name(), Blur);
+}
+
+void tst_CNodeDataModelRegistry::registersByDefaultConstructor()
+{
+    CNodeDataModelRegistry registry;
+    registry.registerModel<CDefaultModel>(Filters);
+    QCOMPARE(outPortsOf(registry, QStringLiteral("Default")), 3U);
+    QCOMPARE(registry.categories(), Categories{Filters});
+}
+
+void tst_CNodeDataModelRegistry::modelTypeMayBeNamed()
+{
+    CNodeDataModelRegistry registry;
+    registry.registerModel<CTestModel>(creatorOf(Blur, 2), Filters);
+    QCOMPARE(outPortsOf(registry, Blur), 2U);
+}
+
+void tst_CNodeDataModelRegistry::makesAndDestroysOnePrototype()
+{
+    CNodeDataModelRegistry registry;
+    int made = 0;
+    const ModelCreator counting = [&made] {
+        ++made;
+        return std::make_unique<CTestModel>(0U, 1U, Blur);
+    };
+
+    registry.registerModel(counting, Filters);
+    QCOMPARE(made, 1);
+    QCOMPARE(CTestModel::alive(), 0);
+
+    // One as well for a name that is taken, since it has to be asked for.
+    registry.registerModel(counting, Filters);
+    QCOMPARE(made, 2);
+    QCOMPARE(CTestModel::alive(), 0);
+}
+
+void tst_CNodeDataModelRegistry::prototypeIsGoneBeforeTheNameIsLookedUp()
+{
+    CNodeDataModelRegistry registry;
+    int destroyed = 0;
+    registry.registerModel(
+        [&] {
+            auto model = std::make_unique<CTestModel>(0U, 1U, Blur);
+            model->onDestroyed = [&] {
+                // Whoever takes the name now is first.
+                if (++destroyed == 1)
+                    registry.registerModel(creatorOf(Blur, 2), Tools);
+            };
+            return model;
+        },
+        Filters);
+
+    QCOMPARE(destroyed, 1);
+    QCOMPARE(outPortsOf(registry, Blur), 2U);
+    QCOMPARE(registry.categories(), Categories{Tools});
+}
+
+void tst_CNodeDataModelRegistry::firstCreatorOfANameWins()
+{
+    CNodeDataModelRegistry registry;
+    registry.registerModel(creatorOf(Blur, 1), Filters);
+    registry.registerModel(creatorOf(Blur, 2), Tools);
+
+    QCOMPARE(outPortsOf(registry, Blur), 1U);
+    QCOMPARE(registry.registeredModelsCategoryAssociation().at(Blur), Filters);
+    QCOMPARE(registry.categories(), Categories{Filters});
+}
+
+void tst_CNodeDataModelRegistry::namesDifferInCase()
+{
+    CNodeDataModelRegistry registry;
+    registry.registerModel(creatorOf(Blur, 1), Filters);
+    registry.registerModel(creatorOf(Blur.toLower(), 2), Filters);
+    QCOMPARE(outPortsOf(registry, Blur), 1U);
+    QCOMPARE(outPortsOf(registry, Blur.toLower()), 2U);
+}
+
+void tst_CNodeDataModelRegistry::emptyNameIsAName()
+{
+    CNodeDataModelRegistry registry;
+    registry.registerModel(creatorOf(QString(), 2), QString());
+    QCOMPARE(outPortsOf(registry, QLatin1String("")), 2U);
+    QCOMPARE(registry.categories(), Categories{QString()});
+}
+
+void tst_CNodeDataModelRegistry::categoriesAreSortedAndListedOnce()
+{
+    CNodeDataModelRegistry registry;
+    registry.registerModel(creatorOf(QStringLiteral("1")), Tools);
+    registry.registerModel(creatorOf(QStringLiteral("2")), Filters);
+    registry.registerModel(creatorOf(QStringLiteral("3")), Tools);
+    registry.registerModel(creatorOf(QStringLiteral("4")), QStringLiteral("Outputs"));
+
+    const std::vector<QString> listed(registry.categories().begin(), registry.categories().end());
+    QCOMPARE(listed, (std::vector<QString>{Filters, QStringLiteral("Outputs"), Tools}));
+    QCOMPARE(registry.registeredModelsCategoryAssociation().size(), std::size_t(4));
+}
+
+void tst_CNodeDataModelRegistry::createsIndependentModels()
+{
+    CNodeDataModelRegistry registry;
+    registry.registerModel(creatorOf(Blur, 1), Filters);
+    registry.registerModel(creatorOf(Edges, 2), Filters);
+
+    const auto first = registry.create(Blur);
+    const auto second = registry.create(Blur);
+    QVERIFY(first && second && first != second);
+    QCOMPARE(CTestModel::alive(), 2);
+    QCOMPARE(outPortsOf(registry, Edges), 2U);
+}
+
+void tst_CNodeDataModelRegistry::unknownNameMakesNothing()
+{
+    CNodeDataModelRegistry registry;
+    fill(registry);
+    QVERIFY(!registry.create(Edges));
+    QVERIFY(!registry.create(QString()));
+    QVERIFY(isFilled(registry));
+}
+
+void tst_CNodeDataModelRegistry::emptyCreatorThrows()
+{
+    // The prototype needs the creator at once, so that an empty one never comes to be stored.
+    CNodeDataModelRegistry registry;
+    QVERIFY_EXCEPTION_THROWN(registry.registerModel(ModelCreator(), Filters), std::bad_function_call);
+    QVERIFY(isEmpty(registry));
+}
+
+void tst_CNodeDataModelRegistry::creatorThatMakesNothingIsNotRegistered()
+{
+    CNodeDataModelRegistry registry;
+    registry.registerModel([] { return nullptr; }, Filters);
+    QVERIFY(isEmpty(registry));
+    QVERIFY(!registry.create(QString()));
+}
+
+void tst_CNodeDataModelRegistry::creatorMayMakeNothingLater()
+{
+    CNodeDataModelRegistry registry;
+    bool isReady = true;
+    registry.registerModel([&isReady] { return isReady ? std::make_unique<CTestModel>(0U, 1U, Blur) : nullptr; },
+                           Filters);
+    QVERIFY(registry.create(Blur));
+    isReady = false;
+    QVERIFY(!registry.create(Blur));
+}
+
+void tst_CNodeDataModelRegistry::exceptionsLeaveTheRegistryAsItWas()
+{
+    CNodeDataModelRegistry registry;
+    const ModelCreator failing = []() -> std::unique_ptr<CNodeDataModel> { throw std::runtime_error("no model"); };
+    QVERIFY_EXCEPTION_THROWN(registry.registerModel(failing, Filters), std::runtime_error);
+    QVERIFY_EXCEPTION_THROWN(registry.registerModel<CNamelessModel>(Filters), std::runtime_error);
+    QVERIFY(isEmpty(registry));
+    QCOMPARE(CTestModel::alive(), 0);
+}
+
+void tst_CNodeDataModelRegistry::creatorMayRegister()
+{
+    CNodeDataModelRegistry registry;
+    registry.registerModel(
+        [&registry] {
+            for (int i = 0; i < 100; ++i)
+                registry.registerModel(creatorOf(QString::number(i)), Tools);
+            return std::make_unique<CTestModel>(0U, 2U, Blur);
+        },
+        Filters);
+    QCOMPARE(registry.registeredModelCreators().size(), std::size_t(101));
+    QCOMPARE(outPortsOf(registry, Blur), 2U);
+}
+
+void tst_CNodeDataModelRegistry::creatorMayReplaceTheRegistry()
+{
+    CNodeDataModelRegistry registry;
+    bool replaces = false;
+    registry.registerModel(
+        [&registry, &replaces, name = Blur] {
+            if (replaces)
+                registry = CNodeDataModelRegistry();
+            return std::make_unique<CTestModel>(0U, 1U, name);
+        },
+        Filters);
+    replaces = true;
+    QCOMPARE(registry.create(Blur)->name(), Blur);
+    QVERIFY(isEmpty(registry));
+}
+
+void tst_CNodeDataModelRegistry::findsConvertersByIdAlone()
+{
+    CNodeDataModelRegistry registry;
+    registry.registerTypeConverter({TypeA, TypeB}, converterTo(1));
+    QCOMPARE(convertedBy(registry, TypeA, TypeB), 1);
+    QCOMPARE(convertedBy(registry, {QStringLiteral("A"), QStringLiteral("other")}, {QStringLiteral("B"), {}}), 1);
+    QCOMPARE(convertedBy(registry, {QStringLiteral("a"), QStringLiteral("x")}, TypeB), -1);
+
+    registry.registerTypeConverter({{QStringLiteral("A"), {}}, {QStringLiteral("B"), {}}}, converterTo(2));
+    QCOMPARE(convertedBy(registry, TypeA, TypeB), 2);
+}
+
+void tst_CNodeDataModelRegistry::directionOfAConverterCounts()
+{
+    CNodeDataModelRegistry registry;
+    registry.registerTypeConverter({TypeA, TypeB}, converterTo(1));
+    QCOMPARE(convertedBy(registry, TypeB, TypeA), -1);
+    registry.registerTypeConverter({TypeB, TypeA}, converterTo(2));
+    QCOMPARE(convertedBy(registry, TypeA, TypeB), 1);
+    QCOMPARE(convertedBy(registry, TypeB, TypeA), 2);
+}
+
+void tst_CNodeDataModelRegistry::lastConverterOfAPairWins()
+{
+    CNodeDataModelRegistry registry;
+    registry.registerTypeConverter({TypeA, TypeB}, converterTo(1));
+    registry.registerTypeConverter({TypeA, TypeB}, converterTo(2));
+    QCOMPARE(convertedBy(registry, TypeA, TypeB), 2);
+}
+
+void tst_CNodeDataModelRegistry::idsOfAPairAreNotJoined()
+{
+    CNodeDataModelRegistry registry;
+    const SNodeDataType ab{QStringLiteral("AB"), {}};
+    const SNodeDataType none;
+    registry.registerTypeConverter({ab, none}, converterTo(1));
+    registry.registerTypeConverter({none, ab}, converterTo(2));
+    registry.registerTypeConverter({TypeA, TypeB}, converterTo(3));
+    QCOMPARE(convertedBy(registry, ab, none), 1);
+    QCOMPARE(convertedBy(registry, none, ab), 2);
+    QCOMPARE(convertedBy(registry, TypeA, TypeB), 3);
+    QCOMPARE(convertedBy(registry, TypeA, ab), -1);
+}
+
+void tst_CNodeDataModelRegistry::emptyConverterReplaces()
+{
+    CNodeDataModelRegistry registry;
+    registry.registerTypeConverter({TypeA, TypeB}, converterTo(1));
+    registry.registerTypeConverter({TypeA, TypeB}, NodeDataConverter());
+    QVERIFY(!registry.getTypeConverter(TypeA, TypeB));
+}
+
+void tst_CNodeDataModelRegistry::returnsACopyOfTheConverter()
+{
+    NodeDataConverter converter;
+    {
+        CNodeDataModelRegistry registry;
+        registry.registerTypeConverter({TypeA, TypeB}, converterTo(1));
+        converter = registry.getTypeConverter(TypeA, TypeB);
+        registry.registerTypeConverter({TypeA, TypeB}, converterTo(2));
+    }
+    QCOMPARE(CTestData::valueOf(converter(CNodeDataPtr())), 1);
+}
+
+void tst_CNodeDataModelRegistry::unknownPairHasNoConverter()
+{
+    const CNodeDataModelRegistry registry;
+    QVERIFY(!registry.getTypeConverter(TypeA, TypeB));
+    QVERIFY(!registry.getTypeConverter(TypeA, TypeA));
+    QVERIFY(!registry.getTypeConverter({}, {}));
+}
+
+void tst_CNodeDataModelRegistry::movesAllTables()
+{
+    CNodeDataModelRegistry from;
+    fill(from);
+    CNodeDataModelRegistry to(std::move(from));
+    QVERIFY(isFilled(to));
+    QVERIFY(isEmpty(from)); // NOLINT(bugprone-use-after-move): what it is then is the question
+}
+
+void tst_CNodeDataModelRegistry::moveAssignmentReplacesAllTables()
+{
+    CNodeDataModelRegistry from;
+    fill(from);
+    CNodeDataModelRegistry to;
+    to.registerModel(creatorOf(Edges), Tools);
+    to.registerTypeConverter({TypeB, TypeA}, converterTo(2));
+
+    to = std::move(from);
+    QVERIFY(isFilled(to));
+    QVERIFY(!to.create(Edges));
+    QCOMPARE(convertedBy(to, TypeB, TypeA), -1);
+}
+
+void tst_CNodeDataModelRegistry::movedFromCanBeFilledAgain()
+{
+    CNodeDataModelRegistry from;
+    fill(from);
+    const CNodeDataModelRegistry first(std::move(from));
+    fill(from); // NOLINT(bugprone-use-after-move): what it is then is the question
+    QVERIFY(isFilled(from));
+
+    CNodeDataModelRegistry second;
+    second = std::move(from);
+    fill(from); // NOLINT(bugprone-use-after-move)
+    QVERIFY(isFilled(from));
+    QVERIFY(isFilled(second));
+}
+
+QTEST_GUILESS_MAIN(tst_CNodeDataModelRegistry)
+
+#include "tst_CNodeDataModelRegistry.moc"
