@@ -39,7 +39,7 @@ public:
         node->m_isRetired = true;
         node->m_ends.release();
         if (node->m_visits.hasLinks())
-            node.release();
+            static_cast<void>(node.release()); // the last visit destroys it
     }
 };
 
@@ -63,6 +63,10 @@ public:
             delete node;
     }
     Q_DISABLE_COPY(CNodeVisit)
+
+    /// Whether the code that stands here got here through this node before. A delivery and the walk that it starts are
+    /// one way through it.
+    bool isRepeated() const { return m_node.hasOlder(2); }
 
     /// True once the node was destroyed or retired.
     bool isOver() const { return !m_node.get() || CGraphOwner::isRetired(*m_node.get()); }

@@ -33,6 +33,11 @@ CNodeBase::CNodeBase(std::unique_ptr<CNodeDataModel>&& model)
     , m_model(model ? std::move(model) : std::make_unique<CNoModel>())
     , m_state(m_model)
 {
+    // Without the name, Qt could not queue a model's signal that comes from another thread.
+    static const int nameOfPortIndex = qRegisterMetaType<NodePortIndex>("NodePortIndex");
+    Q_UNUSED(nameOfPortIndex)
+
+    CStackGauge::hasRoom(); // reads the bounds of this thread's stack, which allocates, before any walk does
     CLiveObjects::add(this, CLiveObjects::EKind::Node);
     connect(m_model.get(), &CNodeDataModel::dataUpdated, this, &CNodeBase::onDataUpdated);
 }
@@ -90,6 +95,7 @@ void CNodeBase::propagateData(CNodeDataPtr ptrNodeData, NodePortIndex inPortInde
     if (!m_model)
         return;
     if (!CStackGauge::hasRoom()) {
+        CStackGauge::countDrop();
         warnOfDroppedDelivery();
         return;
     }
@@ -110,7 +116,12 @@ void CNodeBase::onDataUpdated(NodePortIndex index)
         return;
 
     const CConnectionSnapshot snapshot(m_state, *port);
+    const CDropWatch drops;
     for (int position = 0; position < snapshot.size() && !visit.isOver(); ++position) {
+        // A loop through several paths would be cut once for every sequence of paths, and there are more of those than
+        // anybody can wait for. So a cut ends the rounds of the loop; what came before the first round goes on.
+        if (drops.hasSeenDrop() && visit.isRepeated())
+            return;
         if (const CNodeConnection* const connection = snapshot.at(position))
             connection->propagateData(data);
     }

@@ -33,7 +33,8 @@ namespace Halvex {
  * left it. A walk allocates nothing for up to eight connections per port.
  *
  * Depth: a delivery for which the thread's stack has too little room (a feedback loop) is dropped; the first time,
- * a warning in "halvex.graph" names the model of the node that could not be reached.
+ * a warning in "halvex.graph" names the model of the node that could not be reached. With it end the walks of nodes
+ * that the loop came through before; the first walk of each goes on to its other connections.
  *
  * Ownership: a scene owns its nodes; a host may also make some of its own and destroy them at any time. The destructor
  * leaves the connections alone; they find their end cleared.

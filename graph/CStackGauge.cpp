@@ -22,6 +22,7 @@ struct SBounds
     quintptr usable = 0;
     quintptr usableSize = 0;
     quintptr reserve = 0;
+    quint64 lastDrop = 0; // the count of all drops when this thread's last one was counted
 };
 
 #ifdef Q_OS_LINUX
@@ -55,6 +56,18 @@ SBounds readBounds()
 thread_local SBounds t_bounds;
 
 } // namespace
+
+std::atomic<quint64> CStackGauge::s_drops{0};
+
+void CStackGauge::countDrop()
+{
+    t_bounds.lastDrop = s_drops.fetch_add(1, std::memory_order_relaxed) + 1;
+}
+
+quint64 CStackGauge::lastDropHere()
+{
+    return t_bounds.lastDrop;
+}
 
 bool CStackGauge::hasRoom()
 {

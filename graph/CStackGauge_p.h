@@ -3,6 +3,10 @@
 
 #pragma once
 
+#include <QtGlobal>
+
+#include <atomic>
+
 namespace Plugin {
 namespace Halvex {
 
@@ -19,6 +23,29 @@ class CStackGauge
 {
 public:
     static bool hasRoom();
+
+    /// Says that a delivery was dropped in this thread.
+    static void countDrop();
+
+private:
+    friend class CDropWatch;
+    static quint64 lastDropHere();
+    static std::atomic<quint64> s_drops;
+};
+
+/// Tells whether a delivery was dropped in this thread since the object was made.
+class CDropWatch
+{
+public:
+    bool hasSeenDrop() const
+    {
+        // The count of all threads first: it hardly ever changes, and asking for this thread's costs more.
+        return CStackGauge::s_drops.load(std::memory_order_relaxed) != m_dropsBefore &&
+               CStackGauge::lastDropHere() > m_dropsBefore;
+    }
+
+private:
+    quint64 m_dropsBefore = CStackGauge::s_drops.load(std::memory_order_relaxed);
 };
 
 } // namespace Halvex

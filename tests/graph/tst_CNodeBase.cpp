@@ -143,6 +143,7 @@ private Q_SLOTS:
     void feedbackLoopIsCut_data();
     void feedbackLoopIsCut();
     void feedbackLoopIsReportedOnce();
+    void loopThroughSeveralPathsEnds();
     void longChainIsServed_data();
     void longChainIsServed();
     void foreignThreadsUpdateIsQueued();
@@ -876,6 +877,36 @@ void tst_CNodeBase::feedbackLoopIsReportedOnce()
     QCOMPARE(node.model->values().back(), 3);
     QCOMPARE(messages.texts("halvex.graph").size(), 1);
     QVERIFY(messages.texts().constFirst().contains(QLatin1String("\"Echo\"")));
+}
+
+void tst_CNodeBase::loopThroughSeveralPathsEnds()
+{
+    // Were every round of the loop to go on after the cut, there would be as many rounds as sequences of paths: two to
+    // the power of the depth.
+    const CMessageCatcher messages;
+    const STestNode source;
+    const STestNode loop;
+    const STestNode left;
+    const STestNode right;
+    const STestNode sink(1, 0);
+    const auto entry = join(source, loop);
+    std::vector<std::unique_ptr<CNodeConnection>> connections;
+    for (const STestNode* const path : {&left, &right}) {
+        connections.push_back(join(loop, *path));
+        connections.push_back(join(*path, loop));
+    }
+    connections.push_back(join(loop, sink));
+    source.model->offer(CTestData::make(1));
+
+    QVERIFY(!messages.texts("halvex.graph").isEmpty());
+    for (const STestNode* const node : {&left, &right, &sink})
+        QVERIFY(!node->model->received.empty());
+
+    connections.clear();
+    const auto direct = join(loop, sink);
+    sink.model->received.clear();
+    source.model->offer(CTestData::make(2));
+    QCOMPARE(sink.model->values(), std::vector<int>({2}));
 }
 
 void tst_CNodeBase::longChainIsServed_data()
