@@ -1,0 +1,33 @@
+# Sourced by the scripts beside it: a failing step ends the script and says its name; packages are installed once.
+
+set -Eeuo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+# Debian 12's packages, by what they are for.
+library_packages=(g++ cmake ninja-build qtbase5-dev)
+host_packages=(pkg-config libaravis-dev libusb-1.0-0-dev # named in aravis-0.8.pc, but no dependency of its package
+    libopencv-core-dev libopencv-imgproc-dev libopencv-imgcodecs-dev)
+test_packages=(aravis-tools) # arv-fake-gv-camera-0.8, a GigE Vision camera on the loopback
+lint_packages=(clang-format clang-tidy clazy)
+
+current_step="start"
+trap 'echo "FAILED in \"$current_step\" of $0: $BASH_COMMAND" >&2' ERR
+
+step() {
+    current_step="$*"
+    echo "== $current_step"
+}
+
+# Installs those of the given packages that are missing; needs root or sudo only if one is.
+need_packages() {
+    step "install packages"
+    local package missing=() as_root=()
+    for package in "$@"; do
+        dpkg-query -W -f='${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+    [ "$EUID" -eq 0 ] || as_root=(sudo)
+    "${as_root[@]}" apt-get -q update
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get -q install --yes --no-install-recommends "${missing[@]}"
+}
