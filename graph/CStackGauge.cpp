@@ -26,6 +26,8 @@ struct SBounds
 };
 
 #ifdef Q_OS_LINUX
+constexpr std::size_t smallestReserve = 65536;
+
 SBounds readBounds()
 {
     SBounds bounds;
@@ -37,7 +39,7 @@ SBounds readBounds()
     void* lowest = nullptr;
     std::size_t size = 0;
     if (pthread_attr_getstack(&attributes, &lowest, &size) == 0) {
-        bounds.reserve = std::min<quintptr>(std::max<quintptr>(size / 8, 64 * 1024), size / 2);
+        bounds.reserve = std::min(std::max(size / 8, smallestReserve), size / 2);
         bounds.usable = reinterpret_cast<quintptr>(lowest) + bounds.reserve;
         bounds.usableSize = size - bounds.reserve;
     }

@@ -15,7 +15,7 @@ CNodeDataFlowProxy::~CNodeDataFlowProxy() = default;
 
 void CNodeDataFlowProxy::setData(CNodeDataPtr ptrNodeData)
 {
-    Q_EMIT newDataAvailable(ptrNodeData);
+    Q_EMIT newDataAvailable(std::move(ptrNodeData));
 }
 
 } // namespace Halvex

@@ -301,7 +301,7 @@ void CNodeScene::takeOut(CNodeBase& node)
     // Its connections wait in the queue, and their handlers are still to see them with both ends.
     std::shared_ptr<CNodeBase> last(
         taken.release(), [](CNodeBase* leaving) { CGraphOwner::retire(std::unique_ptr<CNodeBase>(leaving)); });
-    m_deferred.push_back([last = std::move(last)]() mutable { last.reset(); });
+    m_deferred.emplace_back([last = std::move(last)]() mutable { last.reset(); });
 }
 
 template <typename Visitor>
