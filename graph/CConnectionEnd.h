@@ -12,6 +12,8 @@ namespace Halvex {
 class CNodeBase;
 
 /**
+ * Internal to CNodeConnection, of which it is a member.
+ *
  * One end of a connection: a node and a port of it, where the node may go at any time.
  *
  * When the node goes, the end is as if it had been cleared. The node's pointer can be handed out for writing; what
@@ -41,11 +43,13 @@ public:
     /// The port's index, -1 if none is set.
     NodePortIndex index() const { return !node() && m_indexIsOfNode ? -1 : m_index; }
 
+    /// Links the end to \a node, or to none.
     void setNode(CNodeBase* node);
 
     /// The index of an end that has a node goes with it; one given alone stays.
     void setIndex(NodePortIndex index);
 
+    /// No node and index -1.
     void clear();
 
 private:

@@ -5,6 +5,7 @@
 
 #include "graph/CNodeBase.h"
 #include "graph/CNodeConnection.h"
+#include "graph/CStackGauge_p.h"
 
 #include <memory>
 
@@ -25,8 +26,20 @@ public:
     /// Whether the removal of a node or a connection has begun; a second request then finds nothing to do.
     static bool isLeaving(const CNodeBase& node) { return node.m_isLeaving; }
     static bool isLeaving(const CNodeConnection& connection) { return connection.m_isLeaving; }
-    static void setLeaving(CNodeBase& node, bool leaving) { node.m_isLeaving = leaving; }
+    static void setLeaving(CNodeBase& node, bool leaving)
+    {
+        node.m_isLeaving = leaving;
+        node.m_isClosed = node.m_isClosed && leaving; // one that stays after all takes connections again
+    }
     static void setLeaving(CNodeConnection& connection, bool leaving) { connection.m_isLeaving = leaving; }
+
+    /// The count of dropped deliveries when the first of the visits that stand in the node began.
+    static quint64 dropsBefore(const CNodeBase& node) { return node.m_dropsBefore; }
+    static void setDropsBefore(const CNodeBase& node, quint64 drops) { node.m_dropsBefore = drops; }
+
+    /// Whether the node's connections are being taken away: it gets no new ones.
+    static bool isClosed(const CNodeBase& node) { return node.m_isClosed; }
+    static void setClosed(CNodeBase& node, bool closed) { node.m_isClosed = closed; }
 
     /// Whether retire() was called: the node is out of the graph and lives only for the visits that stand in it.
     static bool isRetired(const CNodeBase& node) { return node.m_isRetired; }
@@ -36,6 +49,7 @@ public:
     static void retire(std::unique_ptr<CNodeBase> node)
     {
         node->m_isLeaving = true;
+        node->m_isClosed = true;
         node->m_isRetired = true;
         node->m_ends.release();
         if (node->m_visits.hasLinks())
@@ -52,8 +66,10 @@ class CNodeVisit
 {
 public:
     explicit CNodeVisit(const CNodeBase& node)
-        : m_node(&node, CGraphOwner::visits(node))
     {
+        if (!CGraphOwner::visits(node).hasLinks())
+            CGraphOwner::setDropsBefore(node, CStackGauge::drops());
+        m_node.link(&node, CGraphOwner::visits(node));
     }
     ~CNodeVisit()
     {
@@ -67,6 +83,12 @@ public:
     /// Whether the code that stands here got here through this node before. A delivery and the walk that it starts are
     /// one way through it.
     bool isRepeated() const { return m_node.hasOlder(2); }
+
+    /// Whether this is a further round of a loop in which a delivery was dropped since it first came to this node.
+    bool isRoundOfCutLoop() const
+    {
+        return isRepeated() && m_node.get() && CStackGauge::hasDroppedSince(CGraphOwner::dropsBefore(*m_node.get()));
+    }
 
     /// True once the node was destroyed or retired.
     bool isOver() const { return !m_node.get() || CGraphOwner::isRetired(*m_node.get()); }

@@ -10,6 +10,8 @@
 #include "graph/CStackGauge_p.h"
 #include "graph/LoggingCategory_p.h"
 
+#include <utility>
+
 namespace Plugin {
 namespace Halvex {
 namespace {
@@ -94,11 +96,8 @@ void CNodeBase::propagateData(CNodeDataPtr ptrNodeData, NodePortIndex inPortInde
 {
     if (!m_model)
         return;
-    if (!CStackGauge::hasRoom()) {
-        CStackGauge::countDrop();
-        warnOfDroppedDelivery();
+    if (!hasRoom())
         return;
-    }
     const CNodeVisit visit(*this);
     m_model->setInData(std::move(ptrNodeData), inPortIndex);
 }
@@ -108,6 +107,14 @@ void CNodeBase::onDataUpdated(NodePortIndex index)
     if (!m_model)
         return;
     const CNodeVisit visit(*this);
+    // A loop through several paths would be cut once for every sequence of paths, and there are more of those than
+    // anybody can wait for. So a cut ends the rounds of the loop; what came before the first round goes on.
+    if (visit.isRoundOfCutLoop())
+        return;
+    // A delivery has asked already, but not an output that announces itself whenever it is asked for.
+    if (visit.isRepeated() && !hasRoom())
+        return;
+
     const CNodeDataPtr data = m_model->outData(index);
     if (!data || visit.isOver())
         return;
@@ -116,26 +123,26 @@ void CNodeBase::onDataUpdated(NodePortIndex index)
         return;
 
     const CConnectionSnapshot snapshot(m_state, *port);
-    const CDropWatch drops;
     for (int position = 0; position < snapshot.size() && !visit.isOver(); ++position) {
-        // A loop through several paths would be cut once for every sequence of paths, and there are more of those than
-        // anybody can wait for. So a cut ends the rounds of the loop; what came before the first round goes on.
-        if (drops.hasSeenDrop() && visit.isRepeated())
+        if (visit.isRoundOfCutLoop())
             return;
         if (const CNodeConnection* const connection = snapshot.at(position))
             connection->propagateData(data);
     }
 }
 
-void CNodeBase::warnOfDroppedDelivery() const
+bool CNodeBase::hasRoom() const
 {
-    if (m_hasWarned)
-        return;
-    m_hasWarned = true;
-    qCWarning(
-        lcGraph,
-        "Data for the model \"%s\" is dropped: the stack has no room for a walk this deep. Is there a feedback loop?",
-        qUtf8Printable(m_model->name()));
+    if (CStackGauge::hasRoom())
+        return true;
+    CStackGauge::countDrop();
+    if (!std::exchange(m_hasWarned, true)) {
+        qCWarning(lcGraph,
+                  "Data for the model \"%s\" is dropped: the stack has no room for a walk this deep. Is there a "
+                  "feedback loop?",
+                  qUtf8Printable(m_model->name()));
+    }
+    return false;
 }
 
 } // namespace Halvex

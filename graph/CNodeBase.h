@@ -77,14 +77,16 @@ public Q_SLOTS:
 private:
     friend class CGraphOwner;
 
-    void warnOfDroppedDelivery() const;
+    bool hasRoom() const;
 
     Core::CId m_id;
     std::unique_ptr<CNodeDataModel> m_model;
     CNodeState m_state;
     CWeakAnchor<CNodeBase> m_ends;                 // the connection ends that point here
     mutable CWeakAnchor<const CNodeBase> m_visits; // the stretches of code that stand here
+    mutable quint64 m_dropsBefore = 0;
     bool m_isLeaving = false;
+    bool m_isClosed = false;
     bool m_isRetired = false;
     mutable bool m_hasWarned = false;
 };

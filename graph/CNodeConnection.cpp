@@ -50,6 +50,7 @@ CNodeConnection::~CNodeConnection()
 {
     // What the model does with empty data and what a converter leaves behind is foreign code: it comes while the
     // connection is whole.
+    m_isEnding = true;
     swallowExceptions("A connection's last delivery", [this] { propagateEmptyData(); });
     m_converter.reset();
     removeFromNodes();
@@ -106,6 +107,8 @@ void CNodeConnection::clearNode(ENodePortType portType)
 
 void CNodeConnection::setTypeConverter(NodeDataConverter converter)
 {
+    if (m_isEnding)
+        return; // nothing would be left to release it in safety
     // The old converter goes last: what it captured may destroy this connection.
     const auto old = std::exchange(m_converter, shared(std::move(converter)));
 }

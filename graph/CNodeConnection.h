@@ -62,7 +62,8 @@ public:
 
     /// The in node's pointer for In, the out node's for anything else, which may be overwritten. The index stays, and
     /// nothing is emitted; setNodeToPort() is the better way. A node written here that is gone before the connection
-    /// is used again counts as no node.
+    /// is used again counts as no node, unless another node has come to lie at its address by then: nothing else is
+    /// known of it.
     CNodeBase*& getNode(ENodePortType portType);
 
     /// The in index for In, the out index for Out, -1 for anything else and for an end that was never set, was cleared
@@ -125,6 +126,7 @@ private:
     std::shared_ptr<const NodeDataConverter> m_converter;
     mutable CWeakAnchor<const CNodeConnection> m_watchers;
     bool m_isLeaving = false;
+    bool m_isEnding = false; // in its destructor
 };
 
 } // namespace Halvex

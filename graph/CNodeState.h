@@ -62,7 +62,8 @@ public:
     /// Takes the entry of \a id out, if there is one.
     void eraseConnection(ENodePortType portType, NodePortIndex index, const Core::CId& id);
 
-    /// All ports of one side, in index order. Entries may be changed through the first form, ports may not.
+    /// All ports of one side, in index order. Entries may be changed through the first form, ports may not. To read,
+    /// use the second (std::as_const): once the first was used, every entry is looked up before it is used, for good.
     std::vector<Connections>& getEntries(ENodePortType portType);
     const std::vector<Connections>& getEntries(ENodePortType portType) const;
 

@@ -27,25 +27,19 @@ public:
     /// Says that a delivery was dropped in this thread.
     static void countDrop();
 
-private:
-    friend class CDropWatch;
-    static quint64 lastDropHere();
-    static std::atomic<quint64> s_drops;
-};
+    /// How many deliveries were dropped so far, in any thread.
+    static quint64 drops() { return s_drops.load(std::memory_order_relaxed); }
 
-/// Tells whether a delivery was dropped in this thread since the object was made.
-class CDropWatch
-{
-public:
-    bool hasSeenDrop() const
+    /// Whether one was dropped in this thread since drops() returned \a before.
+    static bool hasDroppedSince(quint64 before)
     {
         // The count of all threads first: it hardly ever changes, and asking for this thread's costs more.
-        return CStackGauge::s_drops.load(std::memory_order_relaxed) != m_dropsBefore &&
-               CStackGauge::lastDropHere() > m_dropsBefore;
+        return drops() != before && lastDropHere() > before;
     }
 
 private:
-    quint64 m_dropsBefore = CStackGauge::s_drops.load(std::memory_order_relaxed);
+    static quint64 lastDropHere();
+    static std::atomic<quint64> s_drops;
 };
 
 } // namespace Halvex

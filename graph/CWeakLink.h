@@ -12,6 +12,8 @@ template <typename T>
 class CWeakLink;
 
 /**
+ * Internal: hosts use QPointer.
+ *
  * The place in an object where the links that point at it are strung together, so that all of them become null at
  * once, at a cost that does not depend on how many other objects there are.
  *
@@ -43,6 +45,8 @@ private:
 };
 
 /**
+ * Internal, as CWeakAnchor.
+ *
  * A pointer that becomes null when its object releases its anchor.
  *
  * The pointer may also be overwritten from outside through object(), which does not move the link: as long as

@@ -7,8 +7,12 @@
 
 #include <QCoreApplication>
 
+#include <csignal>
+
 int main(int argc, char* argv[])
 {
+    // Output that nobody reads any more is an error to report, like any other, and not the end of the process.
+    std::signal(SIGPIPE, SIG_IGN);
     const QCoreApplication application(argc, argv);
     const Host::CCommandLine commandLine(QCoreApplication::arguments());
     switch (commandLine.action()) {

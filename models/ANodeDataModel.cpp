@@ -3,6 +3,8 @@
 
 #include "models/ANodeDataModel.h"
 
+#include <QPointer>
+
 namespace Plugin {
 namespace Halvex {
 namespace {
@@ -45,9 +47,13 @@ ENodeDataModelType ANodeDataModel::getType()
 
 QJsonObject ANodeDataModel::save() const
 {
+    // name() and isUnique() are the subclass's, and may remove the node that owns this model.
+    const QPointer<const ANodeDataModel> self(this);
     QJsonObject json = CNodeDataModel::save();
+    if (!self)
+        return json;
     json.insert(QStringLiteral("is_unique"), asked(*this).isUnique());
-    if (hasUniqueName())
+    if (self && hasUniqueName())
         json.insert(QStringLiteral("unique_name"), uniqueName());
     return json;
 }

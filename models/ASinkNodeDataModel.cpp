@@ -14,7 +14,14 @@ ASinkNodeDataModel::ASinkNodeDataModel(QString uniqueName)
             &ASinkNodeDataModel::onNewDataAvailable);
 }
 
-ASinkNodeDataModel::~ASinkNodeDataModel() = default;
+ASinkNodeDataModel::~ASinkNodeDataModel()
+{
+    // The last data may be the last of its kind, and its destructor may feed the proxy or ask for the output: it must
+    // find a model that has none and takes none.
+    if (m_dataFlowProxy)
+        disconnect(m_dataFlowProxy.data(), nullptr, this, nullptr);
+    CNodeDataPtr().swap(m_data);
+}
 
 QPointer<CNodeDataFlowProxy> ASinkNodeDataModel::getDataFlowProxy()
 {

@@ -22,6 +22,10 @@ namespace Halvex {
  * void CDisplayModel::setInData(CNodeDataPtr data, NodePortIndex) { getDataFlowProxy()->setData(data); }
  * \endcode
  *
+ * Threads: listeners run as they are connected, by default in their own thread; setData() may be called from any
+ * thread, and the model stores the data in its own: before setData() returns if that was called there, else from its
+ * event loop.
+ *
  * The subclass decides what it passes to the proxy's setData() and when; every listener gets it, and the model keeps
  * the last. Subclasses owe caption(), name(), nPorts(), dataType(), setInData(), outData() and isUnique().
  */

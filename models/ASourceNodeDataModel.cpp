@@ -15,7 +15,14 @@ ASourceNodeDataModel::ASourceNodeDataModel(QString uniqueName)
             &ASourceNodeDataModel::onNewDataAvailable);
 }
 
-ASourceNodeDataModel::~ASourceNodeDataModel() = default;
+ASourceNodeDataModel::~ASourceNodeDataModel()
+{
+    // The last data may be the last of its kind, and its destructor may feed the proxy or ask for the output: it must
+    // find a model that has none and takes none.
+    if (m_dataFlowProxy)
+        disconnect(m_dataFlowProxy.data(), nullptr, this, nullptr);
+    CNodeDataPtr().swap(m_data);
+}
 
 QPointer<CNodeDataFlowProxy> ASourceNodeDataModel::getDataFlowProxy()
 {

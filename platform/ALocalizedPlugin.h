@@ -10,7 +10,7 @@
 namespace Core {
 namespace Plugin {
 
-/// A plugin whose texts follow the host's language.
+/// A plugin whose texts follow the host's language. Called in the host's main thread.
 class Q_DECL_EXPORT ALocalizedPlugin : public IPlugin
 {
 public:

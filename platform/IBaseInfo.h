@@ -13,6 +13,8 @@ namespace AppCoreComponents {
  *
  * The library stores it, hands it on and compares pointers; it never looks inside. A host derives from it,
  * and a model that knows the host's class casts back.
+ *
+ * Ownership: shared. Threads: the library touches it in the graph's thread, and releases it there.
  */
 class Q_DECL_EXPORT IBaseInfo
 {

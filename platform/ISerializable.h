@@ -17,7 +17,7 @@ public:
     /// The object's state. Called in the object's thread.
     virtual QJsonObject save() const = 0;
 
-    /// Takes the state from \a json; keys that are missing change nothing. Does nothing unless overridden.
+    /// Takes the state from \a json; each class says what a missing key means. Does nothing unless overridden.
     virtual void restore(const QJsonObject& json) { Q_UNUSED(json) }
 };
 

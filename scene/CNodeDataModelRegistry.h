@@ -67,7 +67,8 @@ public:
     CNodeDataModelRegistry& operator=(const CNodeDataModelRegistry&) = delete;
 
     /// Registers \a creator under the name() of the models it makes, in \a category; does nothing if that name is
-    /// taken. One model is made and destroyed to learn the name, so construction must be cheap and leave no traces.
+    /// taken. One model is made and destroyed to learn the name, so construction must be cheap and leave no traces;
+    /// least of all may it destroy this registry.
     /// An empty creator throws `std::bad_function_call`; one that makes nothing is not registered.
     template <typename Model = CNodeDataModel>
     void registerModel(ModelCreator creator, const QString& category)

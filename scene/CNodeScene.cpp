@@ -80,22 +80,20 @@ CNodeScene::~CNodeScene()
     // would have done at their end is done here.
     m_depth = 0;
     m_isClosing = true;
-    finishDeferred();
-    forEachNode([this](CNodeBase* node) {
-        swallowExceptions("The removal of a node with its scene", [this, node] { removeNode(*node); });
+    swallowExceptions("The clearing of a scene that is being destroyed", [this] {
+        runDeferred();
+        clearScene();
     });
-    finishDeferred();
 
     // By hand and not by the members' destructors, since releasing each of these may run foreign code, which may still
-    // call the scene. Whoever goes on filling it now is not told any more.
+    // call the scene. From here on it takes nothing in.
     blockSignals(true);
+    m_isClosed = true;
     m_info.reset();
     m_registry.reset();
-    while (!m_nodes.empty() || !m_connections.empty()) {
-        while (!m_nodes.empty())
-            takeOut(*m_nodes.begin()->second);
-        const auto released = std::exchange(m_connections, {});
-    }
+    while (!m_nodes.empty())
+        takeOut(*m_nodes.begin()->second);
+    const auto released = std::exchange(m_connections, {});
 }
 
 CNodeBase& CNodeScene::createNode(std::unique_ptr<CNodeDataModel>&& model)
@@ -104,7 +102,8 @@ CNodeBase& CNodeScene::createNode(std::unique_ptr<CNodeDataModel>&& model)
     const QPointer<CNodeScene> self(this);
     if (taken)
         taken->setInfo(m_info);
-    return self ? addNode(std::make_unique<CNodeBase>(std::move(taken))) : noNode();
+    auto node = std::make_unique<CNodeBase>(std::move(taken)); // asks the model for its ports
+    return self ? addNode(std::move(node)) : noNode();
 }
 
 CNodeBase& CNodeScene::noNode()
@@ -120,14 +119,20 @@ CNodeBase& CNodeScene::noNode()
 std::shared_ptr<CNodeConnection> CNodeScene::createConnection(CNodeBase& nodeIn, int portIndexIn, CNodeBase& nodeOut,
                                                               int portIndexOut, const NodeDataConverter& converter)
 {
+    // Copying what a converter captured may do anything, so it comes before anything is checked.
+    const CNodeVisit visitIn(nodeIn);
+    const CNodeVisit visitOut(nodeOut);
+    const QPointer<CNodeScene> self(this);
+    NodeDataConverter copy = converter;
+    if (!self || visitIn.isOver() || visitOut.isOver())
+        return nullptr;
     if (!canConnect(nodeIn, ENodePortType::In, portIndexIn) || !canConnect(nodeOut, ENodePortType::Out, portIndexOut))
         return nullptr;
 
-    auto connection = std::make_shared<CNodeConnection>(nodeIn, portIndexIn, nodeOut, portIndexOut, converter);
+    auto connection = std::make_shared<CNodeConnection>(nodeIn, portIndexIn, nodeOut, portIndexOut, std::move(copy));
     nodeIn.nodeState().setConnection(ENodePortType::In, portIndexIn, *connection);
     nodeOut.nodeState().setConnection(ENodePortType::Out, portIndexOut, *connection);
 
-    const QPointer<CNodeScene> self(this);
     nodeOut.onDataUpdated(portIndexOut);
     if (!self || !isWhole(*connection))
         return nullptr;
@@ -148,6 +153,11 @@ void CNodeScene::deleteConnection(CNodeConnection& connection)
 
 void CNodeScene::deleteConnectionNow(CNodeConnection& connection)
 {
+    removeConnection(connection, EIfThrown::Stays);
+}
+
+void CNodeScene::removeConnection(CNodeConnection& connection, EIfThrown ifThrown)
+{
     const auto found = m_connections.find(connection.id());
     if (found == m_connections.end() || CGraphOwner::isLeaving(connection))
         return;
@@ -157,13 +167,22 @@ void CNodeScene::deleteConnectionNow(CNodeConnection& connection)
     const QPointer<CNodeScene> self(this);
     {
         const CNesting nesting(*this);
-        Q_EMIT connectionDeleted(connection);
+        const auto takeApart = [&] {
+            mark.keep();
+            connection.removeFromNodes();
+            m_connections.erase(connection.id());
+            kept.reset();
+        };
+        try {
+            tell([this, &connection] { Q_EMIT connectionDeleted(connection); });
+        } catch (...) {
+            if (self && ifThrown == EIfThrown::Goes)
+                takeApart();
+            throw;
+        }
         if (!self)
             return;
-        mark.keep();
-        connection.removeFromNodes();
-        m_connections.erase(connection.id());
-        kept.reset();
+        takeApart();
     }
     if (self)
         runDeferred();
@@ -172,14 +191,19 @@ void CNodeScene::deleteConnectionNow(CNodeConnection& connection)
 void CNodeScene::removeNode(CNodeBase& node)
 {
     const bool isAnnounced = CGraphOwner::isLeaving(node);
-    if (!holds(node) || (isAnnounced && !m_isClosing))
+    if (isAnnounced && !m_isClosing)
+        return;
+    if (CGraphOwner::isRetired(node) || !holds(node))
         return;
 
     const CNodeVisit visit(node);
     CLeavingMark<CNodeBase> mark(node);
     if (!isAnnounced && !announce([this, &node] { Q_EMIT nodeDeleted(node); }))
         return;
-    if (!holds(node) || !deleteConnectionsOf(node) || !holds(node))
+    if (!holds(node))
+        return;
+    CGraphOwner::setClosed(node, true);
+    if (!deleteConnectionsOf(node) || !holds(node))
         return;
     mark.keep();
     takeOut(node);
@@ -233,6 +257,9 @@ Core::AppCoreComponents::BaseInfoPtr CNodeScene::getSceneInfo() const
 
 CNodeBase& CNodeScene::addNode(std::unique_ptr<CNodeBase> node)
 {
+    if (m_isClosed)
+        return noNode();
+
     CNodeBase& added = *node;
     const CNodeVisit visit(added);
     const QPointer<CNodeScene> self(this);
@@ -270,22 +297,22 @@ bool CNodeScene::holds(const CNodeBase& node)
     return find(node) != m_nodes.end();
 }
 
-bool CNodeScene::hasLeft(const CNodeBase& node)
+bool CNodeScene::isOpen(const CNodeBase& node)
 {
-    return CGraphOwner::isRetired(node) || (CGraphOwner::isLeaving(node) && !holds(node));
+    return !CGraphOwner::isRetired(node) && !CGraphOwner::isClosed(node);
 }
 
-bool CNodeScene::canConnect(const CNodeBase& node, ENodePortType portType, int portIndex)
+bool CNodeScene::canConnect(const CNodeBase& node, ENodePortType portType, int portIndex) const
 {
     // As an unsigned number, a negative index is beyond the end as well.
-    return quint64(portIndex) < node.nodeState().getEntries(portType).size() && !hasLeft(node);
+    return !m_isClosed && isOpen(node) && quint64(portIndex) < node.nodeState().getEntries(portType).size();
 }
 
 bool CNodeScene::isWhole(const CNodeConnection& connection)
 {
     const CNodeBase* const in = connection.getNode(ENodePortType::In);
     const CNodeBase* const out = connection.getNode(ENodePortType::Out);
-    return in && out && !hasLeft(*in) && !hasLeft(*out);
+    return in && out && isOpen(*in) && isOpen(*out);
 }
 
 void CNodeScene::takeOut(CNodeBase& node)
@@ -326,12 +353,21 @@ bool CNodeScene::forEachNode(const Visitor& visitor)
 }
 
 template <typename Signal>
+void CNodeScene::tell(const Signal& signal)
+{
+    if (m_isClosing)
+        swallowExceptions("A handler of a scene that is being destroyed", signal);
+    else
+        signal();
+}
+
+template <typename Signal>
 bool CNodeScene::announce(const Signal& signal)
 {
     const QPointer<CNodeScene> self(this);
     {
         const CNesting nesting(*this);
-        signal();
+        tell(signal);
     }
     return self && runDeferred();
 }
@@ -342,7 +378,7 @@ bool CNodeScene::deferDeletion(const Core::CId& id)
     m_deferred.emplace_back([this, id] {
         const auto found = m_connections.find(id);
         if (found != m_connections.end())
-            deleteConnectionNow(*found->second);
+            removeConnection(*found->second, EIfThrown::Goes);
     });
     return runDeferred();
 }
@@ -362,12 +398,6 @@ bool CNodeScene::runDeferred()
         action();
     }
     return !self.isNull();
-}
-
-void CNodeScene::finishDeferred() noexcept
-{
-    while (!m_deferred.empty())
-        swallowExceptions("A deferred action of a scene that is being destroyed", [this] { runDeferred(); });
 }
 
 bool CNodeScene::deleteConnectionsOf(const CNodeBase& node)

@@ -43,7 +43,10 @@ namespace Halvex {
  * handler takes the node out of nodes() at once, while its connections, and then the node, go when that queue runs.
  *
  * Exceptions of handlers, models and converters pass through; the scene stays usable, and what is still queued is done
- * by the next operation. The destructor throws nothing: it reports to "halvex.graph" and goes on.
+ * by the next operation. What was created stays when a handler throws on hearing of it; what was to be deleted or
+ * removed stays too and can be removed again, but for deletions that were put off, which are done. A connection whose
+ * first data makes a model throw is not created. The destructor throws nothing: it reports to "halvex.graph" and goes
+ * on.
  *
  * Threads: one, the one that the scene lives in. Nothing is locked.
  */
@@ -52,7 +55,7 @@ class HALVEX_EXPORT CNodeScene : public QObject
     Q_OBJECT
 
 public:
-    /// A scene without a registry: nothing can be made by name until setRegistry().
+    /// A scene without a registry: nothing can be made by name until setRegistry(). A \a parent owns the scene.
     CNodeScene(Core::AppCoreComponents::BaseInfoPtr info, QObject* parent);
     CNodeScene(std::shared_ptr<CNodeDataModelRegistry> registry, Core::AppCoreComponents::BaseInfoPtr info,
                QObject* parent);
@@ -66,14 +69,17 @@ public:
     CNodeBase& createNode(std::unique_ptr<CNodeDataModel>&& model);
 
     /// What is returned in place of a node that does not exist: it has no ports and no id, and belongs to no scene.
-    /// Compare addresses: `&scene.createNode(...) == &CNodeScene::noNode()`.
+    /// There is one in the process: leave it as it is. Compare addresses: `&scene.createNode(...) ==
+    /// &CNodeScene::noNode()`.
     static CNodeBase& noNode();
 
     /// Connects \a nodeOut's output port to \a nodeIn's input port; note that the in end comes first. The current
     /// output of that port, if there is any, goes along every connection of the port before the new one is in
     /// connections() and announced. Emits connectionCreated() once.
-    /// Returns null, and nothing is created, if a node has no such port or is removed, by what receives the data,
-    /// before the connection is complete. The nodes may lie in different scenes.
+    /// Returns null, and nothing is created, if a node has no such port, is being removed, or is removed, by what
+    /// receives the data, before the connection is complete. The nodes may lie in different scenes. The connection is
+    /// this scene's: removing a node in another scene announces no deletion, and leaves the connection without that
+    /// end.
     std::shared_ptr<CNodeConnection> createConnection(CNodeBase& nodeIn, int portIndexIn, CNodeBase& nodeOut,
                                                       int portIndexOut, const NodeDataConverter& converter);
 
@@ -133,10 +139,23 @@ private:
 
     std::unordered_map<Core::CId, std::unique_ptr<CNodeBase>>::iterator find(const CNodeBase& node);
     bool holds(const CNodeBase& node);
-    bool hasLeft(const CNodeBase& node);
-    bool canConnect(const CNodeBase& node, ENodePortType portType, int portIndex);
-    bool isWhole(const CNodeConnection& connection);
+    static bool isOpen(const CNodeBase& node);
+    static bool isWhole(const CNodeConnection& connection);
+    bool canConnect(const CNodeBase& node, ENodePortType portType, int portIndex) const;
     void takeOut(CNodeBase& node);
+
+    // What becomes of a connection when a handler throws on hearing of its deletion. One that was put off goes: whoever
+    // asked for it cannot ask again.
+    enum class EIfThrown
+    {
+        Stays,
+        Goes
+    };
+    void removeConnection(CNodeConnection& connection, EIfThrown ifThrown);
+
+    // Emits a signal; what handlers throw passes through, but not out of the destructor.
+    template <typename Signal>
+    void tell(const Signal& signal);
 
     // Each of these runs foreign code and returns false when that has destroyed the scene.
     template <typename Visitor>
@@ -147,15 +166,14 @@ private:
     bool runDeferred();
     bool deleteConnectionsOf(const CNodeBase& node);
 
-    void finishDeferred() noexcept;
-
     std::unordered_map<Core::CId, std::shared_ptr<CNodeConnection>> m_connections;
     std::unordered_map<Core::CId, std::unique_ptr<CNodeBase>> m_nodes;
     std::shared_ptr<CNodeDataModelRegistry> m_registry;
     Core::AppCoreComponents::BaseInfoPtr m_info;
     unsigned int m_depth = 0;
     std::deque<std::function<void()>> m_deferred;
-    bool m_isClosing = false;
+    bool m_isClosing = false; // in its destructor
+    bool m_isClosed = false;  // in its destructor, with all signals sent
 };
 
 } // namespace Halvex

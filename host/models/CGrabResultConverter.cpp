@@ -71,6 +71,9 @@ Plugin::Halvex::CNodeDataPtr CGrabResultConverter::operator()(const Plugin::Halv
     const SRecipe* recipe = findRecipe(frame.pixelFormat);
     if (!recipe)
         return {};
+    // Rows must begin at whole values.
+    if (std::size_t(frame.stride) % CV_ELEM_SIZE1(recipe->matType) != 0)
+        return {};
 
     const cv::Mat pixels = view(frame, recipe->matType);
     cv::Mat image;

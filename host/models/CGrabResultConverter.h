@@ -24,7 +24,8 @@ public:
     /// Whether frames of this pixel format, a GenICam name, can be converted.
     static bool supports(const QString& pixelFormat);
 
-    /// The image; null for null, for data that is no camera frame, and for a pixel format that is not supported.
+    /// The image; null for null, for data that is no camera frame, for a pixel format that is not supported, and
+    /// for rows that do not begin at whole values.
     Plugin::Halvex::CNodeDataPtr operator()(const Plugin::Halvex::CNodeDataPtr& data) const;
 };
 

@@ -45,8 +45,12 @@ CSignalWatcher::CSignalWatcher()
     action.sa_handler = onSignal;
     action.sa_flags = int(SA_RESTART | SA_RESETHAND);
     sigemptyset(&action.sa_mask);
-    for (std::size_t i = 0; i < watched.size(); ++i)
-        sigaction(watched[i], &action, &m_previous[i]);
+    for (std::size_t i = 0; i < watched.size(); ++i) {
+        sigaction(watched[i], nullptr, &m_previous[i]);
+        // What the parent made this process ignore, it wants ignored: a shell does so for what runs in the background.
+        if (m_previous[i].sa_handler != SIG_IGN)
+            sigaction(watched[i], &action, nullptr);
+    }
 }
 
 CSignalWatcher::~CSignalWatcher()

@@ -144,6 +144,8 @@ private Q_SLOTS:
     void feedbackLoopIsCut();
     void feedbackLoopIsReportedOnce();
     void loopThroughSeveralPathsEnds();
+    void loopThroughSeveralPortsEnds();
+    void outputThatAnnouncesItselfIsCut();
     void longChainIsServed_data();
     void longChainIsServed();
     void foreignThreadsUpdateIsQueued();
@@ -907,6 +909,33 @@ void tst_CNodeBase::loopThroughSeveralPathsEnds()
     sink.model->received.clear();
     source.model->offer(CTestData::make(2));
     QCOMPARE(sink.model->values(), std::vector<int>({2}));
+}
+
+void tst_CNodeBase::loopThroughSeveralPortsEnds()
+{
+    const CMessageCatcher messages;
+    const STestNode node(1, 2);
+    const auto left = join(node, node, {}, 0);
+    const auto right = join(node, node, {}, 1);
+    node.model->onSetInData = [&node](const CNodeDataPtr& data, NodePortIndex) {
+        node.model->offer(data, 0);
+        node.model->offer(data, 1);
+    };
+    node->propagateData(CTestData::make(1), 0);
+    QCOMPARE(messages.texts("halvex.graph").size(), 1);
+}
+
+void tst_CNodeBase::outputThatAnnouncesItselfIsCut()
+{
+    const CMessageCatcher messages;
+    const STestNode node(1, 1, QStringLiteral("Lazy"));
+    node.model->onOutData = [&node](NodePortIndex index) {
+        Q_EMIT node.model->dataUpdated(index);
+        return CTestData::make(1);
+    };
+    node->onDataUpdated(0);
+    QCOMPARE(messages.texts("halvex.graph").size(), 1);
+    QVERIFY(messages.texts().constFirst().contains(QLatin1String("\"Lazy\"")));
 }
 
 void tst_CNodeBase::longChainIsServed_data()

@@ -141,6 +141,7 @@ private Q_SLOTS:
     void destructorDeliversThroughTheConverter();
     void destructorOfAHalfConnectionDeliversNothing();
     void converterOutlivesTheLastDelivery();
+    void dyingConnectionTakesNoConverter();
     void saveHoldsTheEnds();
     void saveHoldsTheConvertersTypes();
     void saveIsEmptyWithoutBothEnds();
@@ -590,6 +591,24 @@ void tst_CNodeConnection::destructorOfAHalfConnectionDeliversNothing()
         const CNodeConnection in(In, *node, 0);
     }
     QCOMPARE(node.model->values(), std::vector<int>({-1}));
+}
+
+void tst_CNodeConnection::dyingConnectionTakesNoConverter()
+{
+    const STestNode out;
+    const STestNode in;
+    auto connection = std::make_unique<CNodeConnection>(*in, 0, *out, 0, NodeDataConverter());
+    CNodeConnection* const dying = connection.get();
+    int converted = 0;
+    connection->setTypeConverter([end = atTheEnd([dying, &converted] {
+                                      dying->setTypeConverter([&converted](const CNodeDataPtr& data) {
+                                          ++converted;
+                                          return data;
+                                      });
+                                      dying->propagateEmptyData();
+                                  })](const CNodeDataPtr& data) { return data; });
+    connection.reset();
+    QCOMPARE(converted, 0);
 }
 
 void tst_CNodeConnection::converterOutlivesTheLastDelivery()

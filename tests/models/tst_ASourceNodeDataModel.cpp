@@ -54,6 +54,7 @@ private Q_SLOTS:
     void survivesDataThatDestroysIt_data();
     void survivesDataThatDestroysIt();
     void survivesAHandlerThatDestroysIt();
+    void dyingModelNeitherTakesNorGivesData();
     void dataUnderWayGoesWithTheModel();
     void feedsAScene();
     void feedsALateConsumerAtOnce();
@@ -282,6 +283,25 @@ void tst_ASourceNodeDataModel::survivesAHandlerThatDestroysIt()
     connect(source.get(), &CSource::dataUpdated, source.get(), [&source] { source.reset(); });
     source->getDataFlowProxy()->setData(CTestData::make(1));
     QVERIFY(!source);
+}
+
+void tst_ASourceNodeDataModel::dyingModelNeitherTakesNorGivesData()
+{
+    auto source = std::make_unique<CSource>();
+    CSource* const model = source.get();
+    const QPointer<CNodeDataFlowProxy> proxy = model->getDataFlowProxy();
+    auto frame = CTestData::make(1);
+    int calls = 0;
+    frame->onDestroyed = [model, proxy, &calls] {
+        ++calls;
+        proxy->setData(CTestData::make(2)); // as a camera does that gets its buffer back
+        QVERIFY(!model->outData(0));
+    };
+    proxy->setData(frame);
+    frame.reset();
+    source.reset();
+    QCOMPARE(calls, 1);
+    QCOMPARE(CTestData::alive(), 0);
 }
 
 void tst_ASourceNodeDataModel::dataUnderWayGoesWithTheModel()

@@ -29,8 +29,6 @@ namespace {
 using Numbers = std::vector<int>;
 using Deletion = void (CNodeScene::*)(CNodeConnection&);
 
-const NodeDataConverter NoConverter;
-
 /// A node of a scene, with the model in it.
 struct SPlaced
 {
@@ -49,7 +47,7 @@ SPlaced place(CNodeScene& scene, const QString& name = QStringLiteral("N"), unsi
 std::shared_ptr<CNodeConnection> join(CNodeScene& scene, const SPlaced& from, int outIndex, const SPlaced& to,
                                       int inIndex)
 {
-    return scene.createConnection(to.node, inIndex, from.node, outIndex, NoConverter);
+    return scene.createConnection(to.node, inIndex, from.node, outIndex, NodeDataConverter());
 }
 
 std::vector<CNodeConnection*> joinPortByPort(CNodeScene& scene, const SPlaced& from, const SPlaced& to, int count)
@@ -432,7 +430,7 @@ void tst_CNodeScene::nullModelGivesANodeWithoutPorts()
     QVERIFY(node.nodeDataModel());
     for (const ENodePortType side : {ENodePortType::In, ENodePortType::Out})
         QVERIFY(std::as_const(node).nodeState().getEntries(side).empty());
-    QVERIFY(!scene.createConnection(node, 0, place(scene).node, 0, NoConverter));
+    QVERIFY(!scene.createConnection(node, 0, place(scene).node, 0, NodeDataConverter()));
     scene.removeNode(node);
     QCOMPARE(inconsistencyOf(scene), QString());
 }
@@ -447,8 +445,8 @@ void tst_CNodeScene::noNodeBelongsNowhere()
     QVERIFY(none.nodeDataModel());
 
     const CSignalLog log(scene);
-    QVERIFY(!scene.createConnection(a.node, 0, none, 0, NoConverter));
-    QVERIFY(!scene.createConnection(none, 0, a.node, 0, NoConverter));
+    QVERIFY(!scene.createConnection(a.node, 0, none, 0, NodeDataConverter()));
+    QVERIFY(!scene.createConnection(none, 0, a.node, 0, NodeDataConverter()));
     QVERIFY(!scene.createConnection(ENodePortType::In, none, 0));
     scene.removeNode(none);
     QCOMPARE(log.said, QStringList());
@@ -462,7 +460,7 @@ void tst_CNodeScene::connectsTheSecondNodeToTheFirst()
     const SPlaced consumer = place(scene, QStringLiteral("Consumer"), 3, 1);
     const SPlaced producer = place(scene, QStringLiteral("Producer"), 0, 2);
 
-    const auto connection = scene.createConnection(consumer.node, 2, producer.node, 1, NoConverter);
+    const auto connection = scene.createConnection(consumer.node, 2, producer.node, 1, NodeDataConverter());
     QVERIFY(connection);
     QCOMPARE(endOf(*connection, ENodePortType::In), &consumer.node);
     QCOMPARE(connection->getPortIndex(ENodePortType::In), 2);
@@ -787,7 +785,7 @@ void tst_CNodeScene::strangeConnectionIsLeftAlone()
     const SPlaced a = place(other, QStringLiteral("A"));
     const SPlaced b = place(other, QStringLiteral("B"));
     const auto ofOther = join(other, a, 0, b, 0);
-    CNodeConnection ofNobody(b.node, 0, a.node, 0, NoConverter);
+    CNodeConnection ofNobody(b.node, 0, a.node, 0, NodeDataConverter());
     const CSignalLog log(scene);
     const CSignalLog otherLog(other);
 

@@ -130,12 +130,18 @@ private Q_SLOTS:
     void handlerThatFillsADyingSceneDoesNotHoldItUp();
     void queueOfADyingSceneIsFinished();
     void longQueueNeedsNoStack();
+    void dyingSceneTakesNothingIn();
+    void modelThatCountsItsPortsMayDestroyTheScene();
+    void copyingAConverterMayRemoveTheNode();
+    void connectionMadeDuringARemovalIsRefused();
 
     void exceptionOfAHandlerLeavesTheSceneUsable_data() { removingANodeInAnySignal_data(); }
     void exceptionOfAHandlerLeavesTheSceneUsable();
     void exceptionOfAModelLeavesTheSceneUsable();
     void destructorReportsAndSwallowsExceptions();
     void queueSurvivesAnException();
+    void deferredDeletionIsDoneInSpiteOfAnException();
+    void destructorGoesOnAfterAnException();
 
     void nodesOfTwoScenesGoInAnyOrder_data();
     void nodesOfTwoScenesGoInAnyOrder();
@@ -596,13 +602,13 @@ void tst_CNodeSceneReentry::handlerThatFillsADyingSceneDoesNotHoldItUp()
 {
     CChain chain;
     CNodeScene* const scene = chain.scene.get();
-    int refills = 0;
-    QObject::connect(scene, &CNodeScene::nodeDeleted, scene, [&refills, scene] {
-        ++refills;
+    const auto refills = std::make_shared<int>(0);
+    QObject::connect(scene, &CNodeScene::nodeDeleted, scene, [refills, scene] {
+        ++*refills;
         scene->createNode(std::make_unique<CTestModel>());
     });
     chain.scene.reset();
-    QCOMPARE(refills, 3); // once for each node that the scene had, and never for those filled in
+    QCOMPARE(*refills, 3); // once for each node that the scene had, and never for those filled in
     QCOMPARE(CTestModel::alive(), 0);
 }
 
@@ -634,6 +640,113 @@ void tst_CNodeSceneReentry::longQueueNeedsNoStack()
 
     QVERIFY(scene.connections().empty());
     QVERIFY(scene.nodes().empty());
+}
+
+void tst_CNodeSceneReentry::dyingSceneTakesNothingIn()
+{
+    // A half connection goes with the scene's tables, when all signals are sent, and its last delivery asks for more.
+    CChain other;
+    auto dying = std::make_unique<CNodeScene>(nullptr, nullptr);
+    CNodeScene* const late = dying.get();
+    QVERIFY(late->createConnection(ENodePortType::In, *other.first, 0));
+    int calls = 0;
+    bool isRefused = false;
+    modelOf(*other.first).onSetInData = [&](const CNodeDataPtr&, NodePortIndex) {
+        ++calls;
+        isRefused = &late->createNode(std::make_unique<CTestModel>()) == &CNodeScene::noNode() &&
+                    !late->createConnection(ENodePortType::In, *other.first, 0);
+    };
+    dying.reset();
+    QCOMPARE(calls, 1);
+    QVERIFY(isRefused);
+}
+
+void tst_CNodeSceneReentry::modelThatCountsItsPortsMayDestroyTheScene()
+{
+    class CCountingModel : public CTestModel
+    {
+    public:
+        unsigned int nPorts(ENodePortType portType) const override
+        {
+            if (onCount)
+                onCount();
+            return CTestModel::nPorts(portType);
+        }
+        std::function<void()> onCount;
+    };
+    CChain chain;
+    auto model = std::make_unique<CCountingModel>();
+    model->onCount = [&chain] { chain.scene.reset(); };
+    QCOMPARE(&chain.scene->createNode(std::move(model)), &CNodeScene::noNode());
+    QVERIFY(!chain.scene);
+}
+
+void tst_CNodeSceneReentry::copyingAConverterMayRemoveTheNode()
+{
+    struct SCapture
+    {
+        explicit SCapture(std::function<void()> copied)
+            : onCopied(std::move(copied))
+        {
+        }
+        SCapture(const SCapture& other)
+            : onCopied(other.onCopied)
+        {
+            onCopied();
+        }
+        SCapture& operator=(const SCapture&) = delete;
+        SCapture(SCapture&&) = default;
+        SCapture& operator=(SCapture&&) = delete;
+        std::function<void()> onCopied;
+    };
+    CChain chain;
+    bool isArmed = false;
+    const NodeDataConverter converter = [capture = SCapture([&] {
+                                             if (std::exchange(isArmed, false))
+                                                 chain.scene->removeNode(*chain.third);
+                                         })](const CNodeDataPtr& data) { return data; };
+    isArmed = true;
+    QVERIFY(!chain.scene->createConnection(*chain.third, 0, *chain.first, 0, converter));
+    QCOMPARE(chain.scene->nodes().size(), std::size_t(2));
+    QCOMPARE(inconsistencyOf(*chain.scene), QString());
+}
+
+void tst_CNodeSceneReentry::connectionMadeDuringARemovalIsRefused()
+{
+    CChain chain;
+    chain.atFirst<CNodeConnection>(&CNodeScene::connectionDeleted, [&chain](CNodeConnection&) {
+        QVERIFY(!chain.scene->createConnection(*chain.second, 0, *chain.first, 0, NodeDataConverter()));
+    });
+    chain.scene->removeNode(*chain.second);
+    QVERIFY(chain.scene->connections().empty());
+    QCOMPARE(inconsistencyOf(*chain.scene), QString());
+}
+
+void tst_CNodeSceneReentry::deferredDeletionIsDoneInSpiteOfAnException()
+{
+    CChain chain;
+    chain.releaseConnections();
+    chain.atFirst<CNodeConnection>(&CNodeScene::connectionDeleted,
+                                   [](CNodeConnection&) { throw std::runtime_error("handler"); });
+    chain.atFirst<CNodeBase>(&CNodeScene::nodeCreated,
+                             [&chain](CNodeBase&) { chain.scene->removeNode(*chain.second); });
+    QVERIFY_EXCEPTION_THROWN(provoke(chain, NodeCreated), std::runtime_error);
+    QCOMPARE(inconsistencyOf(*chain.scene), QString());
+
+    chain.scene->createNode(std::make_unique<CTestModel>());
+    QVERIFY(chain.scene->connections().empty());
+    QCOMPARE(CTestModel::alive(), 4);
+    QCOMPARE(inconsistencyOf(*chain.scene), QString());
+}
+
+void tst_CNodeSceneReentry::destructorGoesOnAfterAnException()
+{
+    CChain chain;
+    QObject::connect(chain.scene.get(), &CNodeScene::nodeDeleted, [] { throw std::runtime_error("handler"); });
+    const CMessageCatcher messages;
+    chain.scene.reset();
+    QCOMPARE(chain.said.count("connectionDeleted"), 2);
+    QCOMPARE(messages.texts("halvex.graph").size(), 3);
 }
 
 void tst_CNodeSceneReentry::exceptionOfAHandlerLeavesTheSceneUsable()
