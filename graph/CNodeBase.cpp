@@ -39,7 +39,8 @@ CNodeBase::CNodeBase(std::unique_ptr<CNodeDataModel>&& model)
     static const int nameOfPortIndex = qRegisterMetaType<NodePortIndex>("NodePortIndex");
     Q_UNUSED(nameOfPortIndex)
 
-    CStackGauge::hasRoom(); // reads the bounds of this thread's stack, which allocates, before any walk does
+    CStackGauge::hasRoom(
+        CStackGauge::EFor::Delivery); // reads the bounds of this thread's stack, which allocates, before any walk does
     CLiveObjects::add(this, CLiveObjects::EKind::Node);
     connect(m_model.get(), &CNodeDataModel::dataUpdated, this, &CNodeBase::onDataUpdated);
 }
@@ -96,8 +97,10 @@ void CNodeBase::propagateData(CNodeDataPtr ptrNodeData, NodePortIndex inPortInde
 {
     if (!m_model)
         return;
-    if (!hasRoom())
+    if (!CStackGauge::hasRoom(CStackGauge::EFor::Delivery)) {
+        dropForLackOfRoom();
         return;
+    }
     const CNodeVisit visit(*this);
     m_model->setInData(std::move(ptrNodeData), inPortIndex);
 }
@@ -112,8 +115,10 @@ void CNodeBase::onDataUpdated(NodePortIndex index)
     if (visit.isRoundOfCutLoop())
         return;
     // A delivery has asked already, but not an output that announces itself whenever it is asked for.
-    if (visit.isRepeated() && !hasRoom())
+    if (visit.isRepeated() && !CStackGauge::hasRoom(CStackGauge::EFor::Update)) {
+        dropForLackOfRoom();
         return;
+    }
 
     const CNodeDataPtr data = m_model->outData(index);
     if (!data || visit.isOver())
@@ -131,10 +136,8 @@ void CNodeBase::onDataUpdated(NodePortIndex index)
     }
 }
 
-bool CNodeBase::hasRoom() const
+void CNodeBase::dropForLackOfRoom() const
 {
-    if (CStackGauge::hasRoom())
-        return true;
     CStackGauge::countDrop();
     if (!std::exchange(m_hasWarned, true)) {
         qCWarning(lcGraph,
@@ -142,7 +145,6 @@ bool CNodeBase::hasRoom() const
                   "feedback loop?",
                   qUtf8Printable(m_model->name()));
     }
-    return false;
 }
 
 } // namespace Halvex

@@ -77,7 +77,7 @@ public Q_SLOTS:
 private:
     friend class CGraphOwner;
 
-    bool hasRoom() const;
+    void dropForLackOfRoom() const;
 
     Core::CId m_id;
     std::unique_ptr<CNodeDataModel> m_model;

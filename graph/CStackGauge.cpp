@@ -71,7 +71,7 @@ quint64 CStackGauge::lastDropHere()
     return t_bounds.lastDrop;
 }
 
-bool CStackGauge::hasRoom()
+bool CStackGauge::hasRoom(EFor purpose)
 {
     const char here = 0;
     const auto position = reinterpret_cast<quintptr>(&here);
@@ -80,10 +80,12 @@ bool CStackGauge::hasRoom()
 
     if (!t_bounds.known) {
         t_bounds = readBounds();
-        return hasRoom();
+        return hasRoom(purpose);
     }
-    const bool isInReserve = t_bounds.usable - position <= t_bounds.reserve;
-    return !isInReserve;
+    const quintptr depthInReserve = t_bounds.usable - position;
+    if (depthInReserve > t_bounds.reserve)
+        return true; // another stack
+    return purpose == EFor::Update && depthInReserve <= t_bounds.reserve / 2;
 }
 
 } // namespace Halvex

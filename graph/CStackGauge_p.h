@@ -22,7 +22,14 @@ namespace Halvex {
 class CStackGauge
 {
 public:
-    static bool hasRoom();
+    /// An update that follows a delivery needs no room of its own: it has half of the reserve.
+    enum class EFor
+    {
+        Delivery,
+        Update
+    };
+
+    static bool hasRoom(EFor purpose);
 
     /// Says that a delivery was dropped in this thread.
     static void countDrop();
