@@ -23,8 +23,12 @@ set(HALVEX_PUBLIC_HEADERS
   models/ANodeDataModel.h
   models/ASinkNodeDataModel.h
   models/ASourceNodeDataModel.h
+  models/CDecoupler.h
+  models/CGenericNodeDecouplerDataModel.h
   models/CNodeDataFlowProxy.h
+  models/CNodeDecouplerDataModelBase.h
   models/ENodeDataModelType.h
+  models/SDecouplerStatistics.h
   scene/CNodeDataModelRegistry.h
   scene/CNodeScene.h)
 set(HALVEX_PLATFORM_HEADERS
@@ -51,15 +55,21 @@ target_sources(Halvex PRIVATE
   graph/CNodeState.cpp
   graph/CStackGauge.cpp
   graph/CStackGauge_p.h
+  graph/DocumentKeys_p.h
   graph/LoggingCategory.cpp
   graph/LoggingCategory_p.h
   graph/Swallow_p.h
   models/ANodeDataModel.cpp
   models/ASinkNodeDataModel.cpp
   models/ASourceNodeDataModel.cpp
+  models/CDecoupler.cpp
+  models/CDecouplerWorker.cpp
+  models/CDecouplerWorker_p.h
   models/CNodeDataFlowProxy.cpp
+  models/CNodeDecouplerDataModelBase.cpp
   scene/CNodeDataModelRegistry.cpp
-  scene/CNodeScene.cpp)
+  scene/CNodeScene.cpp
+  scene/CNodeSceneDocument.cpp)
 
 # The umbrella header is made from the same list that is installed, so that it misses no class.
 set(HALVEX_INCLUDES "")

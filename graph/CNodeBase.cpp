@@ -8,6 +8,7 @@
 #include "graph/CLiveObjects_p.h"
 #include "graph/CNodeConnection.h"
 #include "graph/CStackGauge_p.h"
+#include "graph/DocumentKeys_p.h"
 #include "graph/LoggingCategory_p.h"
 
 #include <utility>
@@ -81,16 +82,16 @@ const CNodeState& CNodeBase::nodeState() const
 QJsonObject CNodeBase::save() const
 {
     const CNodeVisit visit(*this);
-    return {{QStringLiteral("id"), m_id.toString()},
-            {QStringLiteral("model"), m_model ? m_model->save() : QJsonObject()}};
+    return {{DocumentKeys::id, m_id.toString()},
+            {DocumentKeys::model, m_model ? m_model->save() : QJsonObject()}};
 }
 
 void CNodeBase::restore(const QJsonObject& json)
 {
     const CNodeVisit visit(*this);
-    m_id = Core::CId(json.value(QLatin1String("id")).toString().toLocal8Bit().constData());
+    m_id = Core::CId(json.value(DocumentKeys::id).toString().toLocal8Bit().constData());
     if (m_model)
-        m_model->restore(json.value(QLatin1String("model")).toObject());
+        m_model->restore(json.value(DocumentKeys::model).toObject());
 }
 
 void CNodeBase::propagateData(CNodeDataPtr ptrNodeData, NodePortIndex inPortIndex) const

@@ -5,6 +5,7 @@
 
 #include "graph/CLiveObjects_p.h"
 #include "graph/CNodeBase.h"
+#include "graph/DocumentKeys_p.h"
 #include "graph/Swallow_p.h"
 
 namespace Plugin {
@@ -150,10 +151,10 @@ QJsonObject CNodeConnection::save() const
     if (!in || !out)
         return {};
 
-    QJsonObject json{{QStringLiteral("in_id"), in->id().toString()},
-                     {QStringLiteral("in_index"), m_in.index()},
-                     {QStringLiteral("out_id"), out->id().toString()},
-                     {QStringLiteral("out_index"), m_out.index()}};
+    QJsonObject json{{DocumentKeys::inId, in->id().toString()},
+                     {DocumentKeys::inIndex, m_in.index()},
+                     {DocumentKeys::outId, out->id().toString()},
+                     {DocumentKeys::outIndex, m_out.index()}};
     if (m_converter) {
         // The models that are asked are foreign code and may destroy this connection.
         const CWeakLink<const CNodeConnection> self(this, m_watchers);
@@ -161,8 +162,7 @@ QJsonObject CNodeConnection::save() const
         if (!self.get())
             return {};
         const QJsonObject outType = getTypeJson(ENodePortType::Out);
-        json.insert(QStringLiteral("converter"),
-                    QJsonObject{{QStringLiteral("in"), inType}, {QStringLiteral("out"), outType}});
+        json.insert(DocumentKeys::converter, QJsonObject{{DocumentKeys::in, inType}, {DocumentKeys::out, outType}});
     }
     return json;
 }
@@ -170,7 +170,7 @@ QJsonObject CNodeConnection::save() const
 QJsonObject CNodeConnection::getTypeJson(ENodePortType portType) const
 {
     const SNodeDataType type = dataType(portType);
-    return {{QStringLiteral("id"), type.id}, {QStringLiteral("name"), type.name}};
+    return {{DocumentKeys::id, type.id}, {DocumentKeys::name, type.name}};
 }
 
 const CConnectionEnd& CNodeConnection::end(ENodePortType portType) const

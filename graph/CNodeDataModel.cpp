@@ -3,6 +3,8 @@
 
 #include "graph/CNodeDataModel.h"
 
+#include "graph/DocumentKeys_p.h"
+
 #include <QPointer>
 
 namespace Plugin {
@@ -75,7 +77,7 @@ Core::AppCoreComponents::BaseInfoPtr CNodeDataModel::getInfo()
 
 QJsonObject CNodeDataModel::save() const
 {
-    return {{QStringLiteral("name"), asked(*this).name()}};
+    return {{DocumentKeys::name, asked(*this).name()}};
 }
 
 } // namespace Halvex

@@ -3,6 +3,8 @@
 
 #include "models/ANodeDataModel.h"
 
+#include "graph/DocumentKeys_p.h"
+
 #include <QPointer>
 
 namespace Plugin {
@@ -52,9 +54,9 @@ QJsonObject ANodeDataModel::save() const
     QJsonObject json = CNodeDataModel::save();
     if (!self)
         return json;
-    json.insert(QStringLiteral("is_unique"), asked(*this).isUnique());
+    json.insert(DocumentKeys::isUnique, asked(*this).isUnique());
     if (self && hasUniqueName())
-        json.insert(QStringLiteral("unique_name"), uniqueName());
+        json.insert(DocumentKeys::uniqueName, uniqueName());
     return json;
 }
 

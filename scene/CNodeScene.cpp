@@ -331,8 +331,7 @@ void CNodeScene::takeOut(CNodeBase& node)
     m_deferred.emplace_back([last = std::move(last)]() mutable { last.reset(); });
 }
 
-template <typename Visitor>
-bool CNodeScene::forEachNode(const Visitor& visitor)
+bool CNodeScene::forEachNode(const std::function<void(CNodeBase*)>& visitor) const
 {
     // The visitor may change the table: it is given what was there at the start and is there at its turn.
     std::vector<std::pair<Core::CId, CNodeBase*>> present;
@@ -340,7 +339,7 @@ bool CNodeScene::forEachNode(const Visitor& visitor)
     for (const auto& entry : m_nodes)
         present.emplace_back(entry.first, entry.second.get());
 
-    const QPointer<CNodeScene> self(this);
+    const QPointer<const CNodeScene> self(this);
     for (const auto& entry : present) {
         const auto found = m_nodes.find(entry.first);
         if (found == m_nodes.end() || found->second.get() != entry.second)

@@ -11,6 +11,7 @@
 
 #include <Halvex/HalvexExport.h>
 
+#include <QByteArray>
 #include <QObject>
 
 #include <deque>
@@ -102,6 +103,27 @@ public:
     /// Removes every node that the scene has now. Half connections stay.
     void clearScene();
 
+    /// The scene's document: every node, and every connection that has both ends, in the tables' order, as indented
+    /// JSON in UTF-8. What the objects contain is what their own save() writes.
+    QByteArray saveToMemory() const;
+
+    /// Adds what the document \a data holds; clear the scene first to replace what it has. All nodes come before any
+    /// connection, each in the document's order. Text that is no JSON object, and values of wrong types, count as
+    /// missing; nothing is reported. Connections to nodes or ports that are not there are left out.
+    /// A node whose model is not registered throws `std::logic_error`: "No registered model with name " and the name.
+    /// What was restored before stays, nothing after it is.
+    void loadFromMemory(const QByteArray& data);
+
+    /// Makes a node from a node object: its id and, through restore(), its model's settings. It replaces a node of the
+    /// same id as createNode() does, and nodeCreated() is emitted once. With "is_unique": true in the model nothing is
+    /// made: the first node whose model has that name is returned as it is, or noNode() when there is none.
+    /// Throws as loadFromMemory() does; the scene is then as it was.
+    CNodeBase& restoreNode(const QJsonObject& nodeJson);
+
+    /// Makes a connection from a connection object, as createConnection() does, with the converter that the registry
+    /// has for the types it names. Null, and nothing is made, if a node or a port is not there.
+    std::shared_ptr<CNodeConnection> restoreConnection(const QJsonObject& connectionJson);
+
     /// Calls \a visitor once for each node that the scene has now and still has at its turn, in the order of nodes().
     void iterateOverNodes(const std::function<void(CNodeBase*)>& visitor);
 
@@ -135,6 +157,10 @@ private:
     class CNesting;
 
     CNodeBase& addNode(std::unique_ptr<CNodeBase> node);
+    CNodeBase& makeNode(const QJsonObject& nodeJson, const QJsonObject& modelJson);
+    CNodeBase& findUnique(const QString& modelName);
+    CNodeBase* findNode(const QJsonValue& id) const;
+    NodeDataConverter findConverter(const QJsonValue& converterJson) const;
     std::shared_ptr<CNodeConnection> addConnection(std::shared_ptr<CNodeConnection> connection);
 
     std::unordered_map<Core::CId, std::unique_ptr<CNodeBase>>::iterator find(const CNodeBase& node);
@@ -158,8 +184,7 @@ private:
     void tell(const Signal& signal);
 
     // Each of these runs foreign code and returns false when that has destroyed the scene.
-    template <typename Visitor>
-    bool forEachNode(const Visitor& visitor);
+    bool forEachNode(const std::function<void(CNodeBase*)>& visitor) const;
     template <typename Signal>
     bool announce(const Signal& signal);
     bool deferDeletion(const Core::CId& id);

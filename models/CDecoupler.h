@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "graph/CNodeData.h"
+#include "models/SDecouplerStatistics.h"
+
+#include <Halvex/HalvexExport.h>
+
+#include <QThread>
+
+#include <memory>
+
+namespace Plugin {
+namespace Halvex {
+
+class CDecouplerWorker;
+
+/**
+ * Takes data in one thread and emits the newest of it from another, at most once per tick if it is throttled.
+ *
+ * \code
+ * CDecoupler decoupler;
+ * connect(&decoupler, &CDecoupler::nodeDataAvailable, display, &CDisplay::show); // queued into display's thread
+ * decoupler.setNodeData(frame);
+ * \endcode
+ *
+ * There is one slot and no queue. Data that comes before the previous one was taken replaces it. Throttled, the worker
+ * takes it when there is a tick; a tick that finds no data waits, so that data after a quiet time goes out at once.
+ * The data emitted last stays alive until the worker wakes up again.
+ *
+ * The worker's thread is one of its own, started by the first data that may go out. So it can be left behind: a worker
+ * that hangs in a directly connected slot cannot be waited for, and a QThread must not be destroyed while it runs.
+ * isRunning(), isFinished() and wait() speak of the worker's thread; start() starts nothing.
+ *
+ * Threads: the slots, statistics() and the destructor may be called from any thread, also from a slot that runs on the
+ * worker. nodeDataAvailable() comes from the worker's. Nothing is locked while it is emitted or data is released. Data
+ * that is dropped is released by the thread that drops it.
+ */
+class HALVEX_EXPORT CDecoupler : public QThread
+{
+    Q_OBJECT
+
+public:
+    /// Not throttled; no thread yet.
+    CDecoupler();
+
+    /// Shuts down. If the worker does not end in time it is abandoned: it touches nothing of this object any more.
+    ~CDecoupler() override;
+
+    bool isRunning() const;
+    bool isFinished() const;
+    bool wait(unsigned long milliseconds = ULONG_MAX);
+
+    /// Starts the worker if data may go out and it does not run yet: data that came before the first tick, which
+    /// does not start it.
+    void startForWaitingData();
+
+    /// The counts, all of one moment.
+    SDecouplerStatistics statistics() const;
+
+Q_SIGNALS:
+    /// Once for each data object that goes out, from the worker's thread. Never empty.
+    void nodeDataAvailable(CNodeDataPtr ptrNodeData);
+
+public Q_SLOTS:
+    /// Puts data into the slot; empty data only cancels what waits there. Ignored after shutDown().
+    void setNodeData(CNodeDataPtr ptrNodeData);
+
+    /// Ends the worker, for good, and drops what waits. Waits at most 30000 ms, and not at all on the worker itself; a
+    /// worker that takes longer is reported once with a warning.
+    void shutDown();
+
+    /// Whether data goes out only when there is a tick.
+    void enableThrottle(bool enable);
+
+    /// Lets one data object out, now or as soon as there is one. Ticks do not add up.
+    void throttleTimerTick();
+
+protected:
+    /// Does nothing: the loop is not run by this thread.
+    void run() override;
+
+private:
+    std::shared_ptr<CDecouplerWorker> m_worker;
+};
+
+} // namespace Halvex
+} // namespace Plugin

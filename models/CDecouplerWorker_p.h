@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "graph/CNodeData.h"
+#include "models/SDecouplerStatistics.h"
+
+#include <Halvex/HalvexExport.h>
+
+#include <QMutex>
+#include <QWaitCondition>
+
+#include <atomic>
+#include <memory>
+
+class QThread;
+
+namespace Plugin {
+namespace Halvex {
+
+class CDecoupler;
+
+/**
+ * The slot between the two threads of a decoupler, and the loop of the second.
+ *
+ * Shared by the decoupler and the thread, so that either may go first.
+ */
+class HALVEX_EXPORT CDecouplerWorker : public std::enable_shared_from_this<CDecouplerWorker>
+{
+public:
+    explicit CDecouplerWorker(CDecoupler* owner);
+    ~CDecouplerWorker();
+    Q_DISABLE_COPY(CDecouplerWorker)
+
+    void setNodeData(CNodeDataPtr data);
+    void enableThrottle(bool enable) { m_throttleEnabled = enable; }
+    void tick();
+    void startForWaitingData();
+    void shutDown();
+
+    /// The decoupler goes: nothing of it is touched after this.
+    void leaveOwner();
+
+    /// Called by the first slot of every emission, when Qt knows what to do if the emitting object is destroyed.
+    void onEmissionEntered();
+
+    bool isOnWorker() const;
+    bool isRunning() const;
+    bool isFinished() const;
+    bool wait(unsigned long milliseconds);
+    SDecouplerStatistics statistics() const;
+
+    /// How long shutDown() waits, in milliseconds. Tests of a worker that hangs shorten it.
+    static std::atomic<unsigned long> s_shutDownWait;
+
+private:
+    void run();
+    void emitData(const CNodeDataPtr& data);
+
+    // The following expect the mutex to be held.
+    bool mayRelease() const { return m_pending && (m_tickPending || !m_throttleEnabled); }
+    void startThread();
+
+    mutable QMutex m_mutex;
+    QWaitCondition m_wakeUp;
+    CNodeDataPtr m_pending;
+    bool m_shutDownRequested = false;
+    bool m_tickPending = false;
+    SDecouplerStatistics m_counts;
+    CDecoupler* m_owner;
+    QThread* m_thread = nullptr;
+    bool m_isEmissionDue = false; // data was taken, and the emission has not reached its first slot
+    QWaitCondition m_emissionEntered;
+    bool m_hasWarned = false;
+
+    // Written without the mutex: the one before the loop begins, the other by whoever sets the throttle.
+    std::atomic<bool> m_working{false};
+    std::atomic<bool> m_throttleEnabled{false};
+};
+
+} // namespace Halvex
+} // namespace Plugin

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "models/CNodeDecouplerDataModelBase.h"
+
+#include <type_traits>
+
+namespace Plugin {
+namespace Halvex {
+
+/// The decoupler for data of the type T, a default-constructible CNodeData.
+template <typename T>
+class CGenericNodeDecouplerDataModel : public CNodeDecouplerDataModelBase
+{
+    static_assert(std::is_base_of<CNodeData, T>::value, "a decoupler carries node data");
+    static_assert(std::is_default_constructible<T>::value, "the type is read off a default-constructed object");
+
+public:
+    CGenericNodeDecouplerDataModel() = default;
+
+    SNodeDataType dataType(ENodePortType portType, NodePortIndex index) const override
+    {
+        Q_UNUSED(portType)
+        Q_UNUSED(index)
+        return T().type();
+    }
+
+    QString dataTypeName() override { return T().type().name; }
+};
+
+} // namespace Halvex
+} // namespace Plugin

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QtGlobal>
+
+namespace Plugin {
+namespace Halvex {
+
+/**
+ * What became of the data handed to a decoupler since it was made.
+ *
+ * At every moment `received == emitted + dropped + cancelled + pending`, exactly. Empty data is not counted, only
+ * what it cancels.
+ */
+struct SDecouplerStatistics
+{
+    quint64 received = 0;  ///< Handed in; also after the shutdown.
+    quint64 emitted = 0;   ///< Taken by the worker, which emits it next.
+    quint64 dropped = 0;   ///< Overwritten by newer data, discarded by the shutdown or handed in after it.
+    quint64 cancelled = 0; ///< Overwritten by empty data.
+    quint64 pending = 0;   ///< Waits for its tick: 0 or 1.
+};
+
+} // namespace Halvex
+} // namespace Plugin

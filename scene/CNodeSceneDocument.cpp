@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+// The scene as a document: the half of CNodeScene that writes and reads it.
+
+#include "graph/CGraphOwner_p.h"
+#include "graph/DocumentKeys_p.h"
+#include "scene/CNodeScene.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QPointer>
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace Plugin {
+namespace Halvex {
+namespace {
+
+SNodeDataType readType(const QJsonValue& json)
+{
+    return {json[DocumentKeys::id].toString(), json[DocumentKeys::name].toString()};
+}
+
+bool isUnique(const QJsonObject& modelJson)
+{
+    return modelJson.value(DocumentKeys::isUnique).toBool();
+}
+
+} // namespace
+
+QByteArray CNodeScene::saveToMemory() const
+{
+    // What save() of a model does is up to the model: the tables are not iterated while it runs.
+    std::vector<std::shared_ptr<CNodeConnection>> present;
+    present.reserve(m_connections.size());
+    for (const auto& entry : m_connections)
+        present.push_back(entry.second);
+
+    QJsonArray nodes;
+    forEachNode([&nodes](const CNodeBase* node) { nodes.append(node->save()); });
+
+    QJsonArray connections;
+    for (const auto& connection : present) {
+        const QJsonObject json = connection->save();
+        if (!json.isEmpty())
+            connections.append(json);
+    }
+    return QJsonDocument(QJsonObject{{DocumentKeys::nodes, nodes}, {DocumentKeys::connections, connections}}).toJson();
+}
+
+void CNodeScene::loadFromMemory(const QByteArray& data)
+{
+    const QJsonObject root = QJsonDocument::fromJson(data).object();
+    const QPointer<CNodeScene> self(this);
+
+    const QJsonArray nodes = root.value(DocumentKeys::nodes).toArray();
+    for (const QJsonValue& json : nodes) {
+        const QJsonObject nodeJson = json.toObject();
+        const QJsonObject modelJson = nodeJson.value(DocumentKeys::model).toObject();
+        // A unique model is only ever matched against a node that is here already, and nobody asks which.
+        if (!isUnique(modelJson))
+            makeNode(nodeJson, modelJson);
+        if (!self)
+            return;
+    }
+
+    const QJsonArray connections = root.value(DocumentKeys::connections).toArray();
+    for (const QJsonValue& json : connections) {
+        restoreConnection(json.toObject());
+        if (!self)
+            return;
+    }
+}
+
+CNodeBase& CNodeScene::restoreNode(const QJsonObject& nodeJson)
+{
+    const QJsonObject modelJson = nodeJson.value(DocumentKeys::model).toObject();
+    return isUnique(modelJson) ? findUnique(modelJson.value(DocumentKeys::name).toString())
+                               : makeNode(nodeJson, modelJson);
+}
+
+std::shared_ptr<CNodeConnection> CNodeScene::restoreConnection(const QJsonObject& connectionJson)
+{
+    CNodeBase* const in = findNode(connectionJson.value(DocumentKeys::inId));
+    CNodeBase* const out = findNode(connectionJson.value(DocumentKeys::outId));
+    if (!in || !out)
+        return nullptr;
+    return createConnection(*in, connectionJson.value(DocumentKeys::inIndex).toInt(), *out,
+                            connectionJson.value(DocumentKeys::outIndex).toInt(),
+                            findConverter(connectionJson.value(DocumentKeys::converter)));
+}
+
+CNodeBase& CNodeScene::makeNode(const QJsonObject& nodeJson, const QJsonObject& modelJson)
+{
+    const QPointer<CNodeScene> self(this);
+    const QString name = modelJson.value(DocumentKeys::name).toString();
+    // A share of the registry, because the creator may give the scene another one.
+    const std::shared_ptr<CNodeDataModelRegistry> registry = m_registry;
+    std::unique_ptr<CNodeDataModel> model = registry ? registry->create(name) : nullptr;
+    if (!model)
+        throw std::logic_error("No registered model with name " + name.toLocal8Bit().toStdString());
+    if (!self)
+        return noNode();
+
+    model->setInfo(m_info);
+    auto node = std::make_unique<CNodeBase>(std::move(model));
+    node->restore(nodeJson);
+    return self ? addNode(std::move(node)) : noNode();
+}
+
+CNodeBase& CNodeScene::findUnique(const QString& modelName)
+{
+    CNodeBase* found = nullptr;
+    const bool isOpen = forEachNode([&found, &modelName](CNodeBase* node) {
+        if (found)
+            return;
+        const CNodeVisit visit(*node);
+        if (node->nodeDataModel()->name() == modelName && !visit.isOver())
+            found = node;
+    });
+    return isOpen && found ? *found : noNode();
+}
+
+CNodeBase* CNodeScene::findNode(const QJsonValue& id) const
+{
+    const auto found = m_nodes.find(Core::CId(id.toString().toLocal8Bit().constData()));
+    return found == m_nodes.end() ? nullptr : found->second.get();
+}
+
+NodeDataConverter CNodeScene::findConverter(const QJsonValue& converterJson) const
+{
+    if (converterJson.isUndefined() || !m_registry)
+        return NodeDataConverter();
+    return m_registry->getTypeConverter(readType(converterJson[DocumentKeys::out]),
+                                        readType(converterJson[DocumentKeys::in]));
+}
+
+} // namespace Halvex
+} // namespace Plugin
