@@ -89,7 +89,6 @@ void CDecouplerWorker::run()
         if (mayRelease()) {
             inHand.swap(m_pending);
             m_tickPending = false;
-            m_isEmissionDue = true;
             ++m_counts.emitted;
         }
         m_mutex.unlock();
@@ -103,7 +102,15 @@ void CDecouplerWorker::run()
 
 void CDecouplerWorker::emitData(const CNodeDataPtr& data)
 {
-    // The decoupler exists: it goes only after the thread has ended, or when this emission has begun.
+    {
+        // It may be gone: releasing the previous data is foreign code, which may take long or destroy the decoupler.
+        const QMutexLocker lock(&m_mutex);
+        if (!m_owner)
+            return;
+        m_isEmissionDue = true;
+    }
+
+    // From here on the decoupler goes only after the thread has ended, or when this emission has begun.
     Q_EMIT m_owner->nodeDataAvailable(data);
     onEmissionEntered(); // for a decoupler whose signals are blocked
 }
@@ -123,8 +130,7 @@ void CDecouplerWorker::shutDown()
         m_wakeUp.wakeOne();
     }
 
-    if (!m_hasWarned && !isOnWorker() && !wait(s_shutDownWait)) {
-        m_hasWarned = true;
+    if (!m_hasWarned && !isOnWorker() && !wait(s_shutDownWait) && !m_hasWarned.exchange(true)) {
         qWarning("A decoupler's worker has not ended within %lu ms, so it is left behind: what is connected directly "
                  "to it does not return.",
                  s_shutDownWait.load());
@@ -143,13 +149,15 @@ void CDecouplerWorker::leaveOwner()
     if (!m_thread)
         return;
     const bool isHere = m_thread == QThread::currentThread();
-    while (m_isEmissionDue && !isHere)
-        m_emissionEntered.wait(&m_mutex);
+    // Bounded like the rest: a host that has disconnected everything has also cut off the slot that says so.
+    if (m_isEmissionDue && !isHere)
+        m_emissionEntered.wait(&m_mutex, s_shutDownWait);
     m_owner = nullptr;
     QThread* const thread = std::exchange(m_thread, nullptr);
     lock.unlock();
 
     if (!isHere && thread->isFinished()) {
+        thread->wait();
         delete thread;
         return;
     }

@@ -70,9 +70,9 @@ private:
     SDecouplerStatistics m_counts;
     CDecoupler* m_owner;
     QThread* m_thread = nullptr;
-    bool m_isEmissionDue = false; // data was taken, and the emission has not reached its first slot
+    bool m_isEmissionDue = false; // the emission has begun and not reached its first slot
     QWaitCondition m_emissionEntered;
-    bool m_hasWarned = false;
+    std::atomic<bool> m_hasWarned{false};
 
     // Written without the mutex: the one before the loop begins, the other by whoever sets the throttle.
     std::atomic<bool> m_working{false};

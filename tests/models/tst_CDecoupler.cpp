@@ -1,0 +1,848 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "models/CDecoupler.h"
+
+#include "models/CDecouplerWorker_p.h"
+#include "support/CMessageCatcher.h"
+#include "support/CTestData.h"
+#include "support/MetaMethods.h"
+
+#include <QMutex>
+#include <QPointer>
+#include <QSemaphore>
+#include <QTest>
+#include <QVector>
+#include <QWaitCondition>
+
+#include <algorithm>
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <thread>
+#include <vector>
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+/// Notes what a decoupler emits, on the worker's thread; may be gone before that has ended.
+class CListener
+{
+public:
+    explicit CListener(CDecoupler& decoupler, std::function<void()> onEmission = {})
+    {
+        QObject::connect(
+            &decoupler, &CDecoupler::nodeDataAvailable, &decoupler,
+            [notes = m_notes, onEmission](const CNodeDataPtr& data) {
+                {
+                    const QMutexLocker lock(&notes->mutex);
+                    notes->values << CTestData::valueOf(data);
+                    notes->thread = QThread::currentThread();
+                    notes->grown.wakeAll();
+                }
+                if (onEmission)
+                    onEmission();
+            },
+            Qt::DirectConnection);
+    }
+
+    QVector<int> values() const
+    {
+        const QMutexLocker lock(&m_notes->mutex);
+        return m_notes->values;
+    }
+
+    /// The worker's thread, null when it is destroyed.
+    QPointer<QThread> thread() const
+    {
+        const QMutexLocker lock(&m_notes->mutex);
+        return m_notes->thread;
+    }
+
+    /// Whether there are \a count values, now or in a while.
+    bool waitFor(int count) const
+    {
+        const QMutexLocker lock(&m_notes->mutex);
+        while (m_notes->values.size() < count) {
+            if (!m_notes->grown.wait(&m_notes->mutex, 20000))
+                return false;
+        }
+        return true;
+    }
+
+private:
+    struct SNotes
+    {
+        QMutex mutex;
+        QWaitCondition grown;
+        QVector<int> values;
+        QPointer<QThread> thread;
+    };
+    std::shared_ptr<SNotes> m_notes = std::make_shared<SNotes>();
+};
+
+/// Changes how long a shutdown waits, while it lives.
+class CShutDownWait
+{
+public:
+    explicit CShutDownWait(unsigned long milliseconds)
+        : m_previous(CDecouplerWorker::s_shutDownWait.exchange(milliseconds))
+    {
+    }
+    ~CShutDownWait() { CDecouplerWorker::s_shutDownWait = m_previous; }
+    Q_DISABLE_COPY(CShutDownWait)
+
+private:
+    unsigned long m_previous;
+};
+
+QSharedPointer<CTestData> dataWith(int value, std::function<void()> onDestroyed)
+{
+    auto data = CTestData::make(value);
+    data->onDestroyed = std::move(onDestroyed);
+    return data;
+}
+
+bool addsUp(const SDecouplerStatistics& counts)
+{
+    return counts.received == counts.emitted + counts.dropped + counts.cancelled + counts.pending &&
+           counts.pending <= 1;
+}
+
+/// "received emitted dropped cancelled pending".
+QString countsOf(const CDecoupler& decoupler)
+{
+    const SDecouplerStatistics counts = decoupler.statistics();
+    return QStringLiteral("%1 %2 %3 %4 %5")
+        .arg(counts.received)
+        .arg(counts.emitted)
+        .arg(counts.dropped)
+        .arg(counts.cancelled)
+        .arg(counts.pending);
+}
+
+/// Throttled, and its worker has used up the only tick to emit 0.
+void emitOnce(CDecoupler& decoupler, const CListener& listener)
+{
+    decoupler.enableThrottle(true);
+    decoupler.throttleTimerTick();
+    decoupler.setNodeData(CTestData::make(0));
+    QVERIFY(listener.waitFor(1));
+}
+
+} // namespace
+
+class tst_CDecoupler : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { qRegisterMetaType<CNodeDataPtr>("CNodeDataPtr"); }
+    void cleanup();
+
+    void defaultConstruct();
+    void metaMethods();
+
+    void unthrottledEmitsAllThatTheSleepingWorkerIsGiven();
+    void newestWinsWhileTheWorkerIsBusy();
+    void newestWinsBetweenTicks();
+    void oneReleasePerTick();
+    void ticksDoNotAddUp();
+    void pendingTickLetsIsolatedDataThrough();
+    void emptyDataCancels();
+    void emptyDataIsNeverEmitted();
+    void lastEmittedDataLivesUntilTheNextWakeUp();
+    void lastEmittedDataGoesWithTheThread();
+    void newestIsNeverLostUnderLoad();
+
+    void threadStartsWithTheFirstDataThatMayGoOut();
+    void startForWaitingDataNeedsDataAndTick();
+    void emissionComesFromAnotherThread();
+    void blockedSignals();
+
+    void dataAfterShutDownIsDropped();
+    void shutDownBeforeStart();
+    void shutDownDropsWhatWaits();
+    void shutDownTwice();
+    void destroyingReleasesWaitingDataOnce();
+    void destroyingManyAtOnce_data();
+    void destroyingManyAtOnce();
+
+    void statisticsAddUpAtEveryMoment();
+    void everySlotFromAnyThread();
+
+    void slotMayCallBack();
+    void slotShutsDown();
+    void slotDestroysTheDecoupler();
+    void overwrittenDataCallsBack();
+    void emittedDataCallsBackFromTheWorker();
+    void discardedDataCallsBack();
+    void emittedDataDestroysTheDecoupler();
+
+    void hangingWorkerIsLeftBehind_data();
+    void hangingWorkerIsLeftBehind();
+    void slowWorkerIsWaitedFor();
+};
+
+void tst_CDecoupler::cleanup()
+{
+    QTRY_COMPARE(CTestData::alive(), 0);
+}
+
+void tst_CDecoupler::defaultConstruct()
+{
+    CDecoupler decoupler;
+    QVERIFY(!decoupler.parent());
+    QVERIFY(!decoupler.isRunning());
+    QVERIFY(!decoupler.isFinished());
+    QCOMPARE(countsOf(decoupler), QStringLiteral("0 0 0 0 0"));
+
+    const CListener listener(decoupler);
+    decoupler.setNodeData(CTestData::make(1)); // not throttled: without a tick
+    QVERIFY(listener.waitFor(1));
+}
+
+void tst_CDecoupler::metaMethods()
+{
+    QCOMPARE(methodsOf(CDecoupler::staticMetaObject),
+             QStringList({"public signal nodeDataAvailable(CNodeDataPtr ptrNodeData)",
+                          "public slot setNodeData(CNodeDataPtr ptrNodeData)", "public slot shutDown()",
+                          "public slot enableThrottle(bool enable)", "public slot throttleTimerTick()"}));
+    QCOMPARE(otherMembersOf(CDecoupler::staticMetaObject), 0);
+    QCOMPARE(CDecoupler::staticMetaObject.superClass(), &QThread::staticMetaObject);
+}
+
+void tst_CDecoupler::unthrottledEmitsAllThatTheSleepingWorkerIsGiven()
+{
+    CDecoupler decoupler;
+    const CListener listener(decoupler);
+    QVector<int> expected;
+    for (int i = 0; i < 1000; ++i) {
+        decoupler.setNodeData(CTestData::make(i));
+        expected << i;
+        QVERIFY(listener.waitFor(i + 1));
+    }
+    decoupler.shutDown();
+    QCOMPARE(listener.values(), expected);
+    QCOMPARE(countsOf(decoupler), QStringLiteral("1000 1000 0 0 0"));
+}
+
+void tst_CDecoupler::newestWinsWhileTheWorkerIsBusy()
+{
+    QSemaphore gate;
+    CDecoupler decoupler;
+    const CListener listener(decoupler, [&gate] { gate.acquire(); });
+    decoupler.setNodeData(CTestData::make(0));
+    QVERIFY(listener.waitFor(1));
+    for (int i = 1; i <= 3; ++i)
+        decoupler.setNodeData(CTestData::make(i));
+    QCOMPARE(countsOf(decoupler), QStringLiteral("4 1 2 0 1"));
+
+    gate.release(2);
+    QVERIFY(listener.waitFor(2));
+    decoupler.shutDown();
+    QCOMPARE(listener.values(), QVector<int>({0, 3}));
+    QCOMPARE(countsOf(decoupler), QStringLiteral("4 2 2 0 0"));
+}
+
+void tst_CDecoupler::newestWinsBetweenTicks()
+{
+    CDecoupler decoupler;
+    const CListener listener(decoupler);
+    emitOnce(decoupler, listener);
+    for (int i = 1; i <= 3; ++i)
+        decoupler.setNodeData(CTestData::make(i));
+    decoupler.throttleTimerTick();
+    QVERIFY(listener.waitFor(2));
+    decoupler.shutDown();
+    QCOMPARE(listener.values(), QVector<int>({0, 3}));
+    QCOMPARE(countsOf(decoupler), QStringLiteral("4 2 2 0 0"));
+}
+
+void tst_CDecoupler::oneReleasePerTick()
+{
+    CDecoupler decoupler;
+    const CListener listener(decoupler);
+    emitOnce(decoupler, listener);
+    int value = 0;
+    for (int tick = 1; tick <= 50; ++tick) {
+        for (int i = 0; i < 1000; ++i)
+            decoupler.setNodeData(CTestData::make(++value));
+        decoupler.throttleTimerTick();
+        QVERIFY(listener.waitFor(1 + tick));
+        QCOMPARE(listener.values().size(), 1 + tick);
+        QCOMPARE(listener.values().last(), value);
+    }
+}
+
+void tst_CDecoupler::ticksDoNotAddUp()
+{
+    CDecoupler decoupler;
+    const CListener listener(decoupler);
+    emitOnce(decoupler, listener);
+    for (int i = 0; i < 10; ++i)
+        decoupler.throttleTimerTick();
+    decoupler.setNodeData(CTestData::make(1));
+    QVERIFY(listener.waitFor(2));
+    decoupler.setNodeData(CTestData::make(2));
+    decoupler.setNodeData(CTestData::make(3));
+    decoupler.throttleTimerTick();
+    QVERIFY(listener.waitFor(3));
+    QCOMPARE(listener.values(), QVector<int>({0, 1, 3}));
+}
+
+void tst_CDecoupler::pendingTickLetsIsolatedDataThrough()
+{
+    CDecoupler decoupler;
+    const CListener listener(decoupler);
+    emitOnce(decoupler, listener);
+    decoupler.throttleTimerTick();
+    decoupler.setNodeData(CTestData::make(1));
+    QVERIFY(listener.waitFor(2)); // no tick after the data
+
+    decoupler.setNodeData(CTestData::make(2));
+    QCOMPARE(decoupler.statistics().pending, quint64(1));
+    decoupler.throttleTimerTick();
+    QVERIFY(listener.waitFor(3));
+    QCOMPARE(listener.values(), QVector<int>({0, 1, 2}));
+}
+
+void tst_CDecoupler::emptyDataCancels()
+{
+    CDecoupler decoupler;
+    const CListener listener(decoupler);
+    emitOnce(decoupler, listener);
+    decoupler.setNodeData(CTestData::make(1));
+    decoupler.setNodeData(CNodeDataPtr());
+    QCOMPARE(countsOf(decoupler), QStringLiteral("2 1 0 1 0"));
+
+    decoupler.throttleTimerTick();
+    decoupler.setNodeData(CTestData::make(2));
+    QVERIFY(listener.waitFor(2));
+    decoupler.shutDown();
+    QCOMPARE(listener.values(), QVector<int>({0, 2}));
+    QCOMPARE(countsOf(decoupler), QStringLiteral("3 2 0 1 0"));
+}
+
+void tst_CDecoupler::emptyDataIsNeverEmitted()
+{
+    CDecoupler decoupler;
+    const CListener listener(decoupler);
+    for (int i = 0; i < 100; ++i) {
+        decoupler.setNodeData(CNodeDataPtr());
+        decoupler.setNodeData(CTestData::make(i));
+        QVERIFY(listener.waitFor(i + 1));
+    }
+    decoupler.shutDown();
+    QVERIFY(!listener.values().contains(-1));
+    QCOMPARE(countsOf(decoupler), QStringLiteral("100 100 0 0 0"));
+}
+
+void tst_CDecoupler::lastEmittedDataLivesUntilTheNextWakeUp()
+{
+    // Often, to catch a worker that releases it on its way to sleep.
+    for (int i = 0; i < 200; ++i) {
+        std::atomic<bool> isAwakened{false};
+        std::atomic<bool> wasEarly{false};
+        CDecoupler decoupler;
+        const CListener listener(decoupler);
+        decoupler.setNodeData(dataWith(1, [&] { wasEarly = !isAwakened; }));
+        QVERIFY(listener.waitFor(1));
+        QThread::yieldCurrentThread();
+        QCOMPARE(CTestData::alive(), 1);
+
+        isAwakened = true;
+        // Until the worker sleeps it is not awakened.
+        QTRY_VERIFY((decoupler.setNodeData(CNodeDataPtr()), CTestData::alive() == 0));
+        QVERIFY(!wasEarly);
+    }
+}
+
+void tst_CDecoupler::lastEmittedDataGoesWithTheThread()
+{
+    CDecoupler decoupler;
+    const CListener listener(decoupler);
+    emitOnce(decoupler, listener);
+    QCOMPARE(CTestData::alive(), 1);
+    decoupler.shutDown();
+    QCOMPARE(CTestData::alive(), 0);
+}
+
+void tst_CDecoupler::newestIsNeverLostUnderLoad()
+{
+    for (const bool throttled : {false, true}) {
+        CDecoupler decoupler;
+        const CListener listener(decoupler);
+        decoupler.enableThrottle(throttled);
+        const int count = 20000;
+        for (int i = 1; i <= count; ++i) {
+            decoupler.setNodeData(CTestData::make(i));
+            if (i % 7 == 0)
+                decoupler.throttleTimerTick();
+        }
+        decoupler.throttleTimerTick();
+        decoupler.startForWaitingData();
+        QTRY_COMPARE(decoupler.statistics().pending, quint64(0));
+        decoupler.shutDown();
+
+        const QVector<int> values = listener.values();
+        QVERIFY(std::is_sorted(values.begin(), values.end()));
+        QCOMPARE(values.last(), count);
+        QCOMPARE(decoupler.statistics().emitted, quint64(values.size()));
+        QVERIFY(addsUp(decoupler.statistics()));
+    }
+}
+
+void tst_CDecoupler::threadStartsWithTheFirstDataThatMayGoOut()
+{
+    CDecoupler decoupler;
+    const CListener listener(decoupler);
+    decoupler.setNodeData(CNodeDataPtr());
+    decoupler.enableThrottle(true);
+    QVERIFY(!decoupler.isRunning());
+    decoupler.setNodeData(CTestData::make(1));
+    QVERIFY(!decoupler.isRunning());
+    decoupler.throttleTimerTick();
+    QVERIFY(!decoupler.isRunning());
+    decoupler.setNodeData(CNodeDataPtr());
+    QVERIFY(!decoupler.isRunning());
+    decoupler.start();
+    QVERIFY(!decoupler.isRunning());
+
+    decoupler.setNodeData(CTestData::make(2));
+    QVERIFY(decoupler.isRunning());
+    QVERIFY(listener.waitFor(1));
+    QCOMPARE(listener.values(), QVector<int>({2}));
+    decoupler.shutDown();
+    QVERIFY(!decoupler.isRunning());
+    QVERIFY(decoupler.isFinished());
+    QVERIFY(decoupler.QThread::wait()); // of the start() that started nothing
+}
+
+void tst_CDecoupler::startForWaitingDataNeedsDataAndTick()
+{
+    CDecoupler decoupler;
+    const CListener listener(decoupler);
+    decoupler.startForWaitingData();
+    QVERIFY(!decoupler.isRunning());
+    decoupler.enableThrottle(true);
+    decoupler.setNodeData(CTestData::make(1));
+    decoupler.startForWaitingData();
+    QVERIFY(!decoupler.isRunning());
+    decoupler.throttleTimerTick();
+    decoupler.startForWaitingData();
+    QVERIFY(decoupler.isRunning());
+    QVERIFY(listener.waitFor(1));
+
+    CDecoupler ended;
+    ended.shutDown();
+    ended.setNodeData(CTestData::make(2));
+    ended.startForWaitingData();
+    QVERIFY(!ended.isRunning());
+}
+
+void tst_CDecoupler::emissionComesFromAnotherThread()
+{
+    CDecoupler decoupler;
+    const CListener listener(decoupler);
+    QObject receiver;
+    QThread* receivedIn = nullptr;
+    QVector<int> received;
+    connect(&decoupler, &CDecoupler::nodeDataAvailable, &receiver, [&](const CNodeDataPtr& data) {
+        receivedIn = QThread::currentThread();
+        received << CTestData::valueOf(data);
+    });
+    decoupler.setNodeData(CTestData::make(1));
+    QVERIFY(listener.waitFor(1));
+    QVERIFY(listener.thread() != thread());
+    QVERIFY(listener.thread() != &decoupler);
+    QVERIFY(received.isEmpty()); // queued
+    QTRY_COMPARE(received, QVector<int>({1}));
+    QCOMPARE(receivedIn, thread());
+}
+
+void tst_CDecoupler::blockedSignals()
+{
+    CDecoupler decoupler;
+    const CListener listener(decoupler);
+    decoupler.blockSignals(true);
+    decoupler.setNodeData(CTestData::make(1));
+    QTRY_COMPARE(countsOf(decoupler), QStringLiteral("1 1 0 0 0"));
+    decoupler.shutDown();
+    QCOMPARE(listener.values(), QVector<int>());
+}
+
+void tst_CDecoupler::dataAfterShutDownIsDropped()
+{
+    CDecoupler decoupler;
+    const CListener listener(decoupler);
+    emitOnce(decoupler, listener);
+    decoupler.shutDown();
+    decoupler.enableThrottle(false);
+    decoupler.throttleTimerTick();
+    decoupler.setNodeData(CTestData::make(1));
+    decoupler.setNodeData(CNodeDataPtr());
+
+    QCOMPARE(CTestData::alive(), 0);
+    QVERIFY(!decoupler.isRunning());
+    QCOMPARE(listener.values(), QVector<int>({0}));
+    QCOMPARE(countsOf(decoupler), QStringLiteral("2 1 1 0 0"));
+}
+
+void tst_CDecoupler::shutDownBeforeStart()
+{
+    CDecoupler decoupler;
+    const CListener listener(decoupler);
+    decoupler.enableThrottle(true);
+    decoupler.setNodeData(CTestData::make(1));
+    decoupler.shutDown();
+    QCOMPARE(CTestData::alive(), 0);
+    QCOMPARE(countsOf(decoupler), QStringLiteral("1 0 1 0 0"));
+
+    decoupler.enableThrottle(false);
+    decoupler.setNodeData(CTestData::make(2));
+    QVERIFY(!decoupler.isRunning());
+    QCOMPARE(countsOf(decoupler), QStringLiteral("2 0 2 0 0"));
+}
+
+void tst_CDecoupler::shutDownDropsWhatWaits()
+{
+    CDecoupler decoupler;
+    const CListener listener(decoupler);
+    emitOnce(decoupler, listener);
+    decoupler.setNodeData(CTestData::make(1));
+    decoupler.shutDown();
+    QCOMPARE(CTestData::alive(), 0);
+    QCOMPARE(listener.values(), QVector<int>({0}));
+    QCOMPARE(countsOf(decoupler), QStringLiteral("2 1 1 0 0"));
+}
+
+void tst_CDecoupler::shutDownTwice()
+{
+    CDecoupler decoupler;
+    const CListener listener(decoupler);
+    emitOnce(decoupler, listener);
+    decoupler.shutDown();
+    decoupler.shutDown();
+    QVERIFY(decoupler.isFinished());
+}
+
+void tst_CDecoupler::destroyingReleasesWaitingDataOnce()
+{
+    std::atomic<int> releases{0};
+    for (const bool started : {false, true}) {
+        releases = 0;
+        auto decoupler = std::make_unique<CDecoupler>();
+        const CListener listener(*decoupler);
+        decoupler->enableThrottle(true);
+        if (started)
+            emitOnce(*decoupler, listener);
+        decoupler->setNodeData(dataWith(1, [&releases] { ++releases; }));
+        QCOMPARE(releases.load(), 0);
+        decoupler.reset();
+        QCOMPARE(releases.load(), 1);
+        QCOMPARE(CTestData::alive(), 0);
+    }
+}
+
+void tst_CDecoupler::destroyingManyAtOnce_data()
+{
+    QTest::addColumn<QString>("state");
+    QTest::newRow("not started") << "not started";
+    QTest::newRow("just started") << "just started";
+    QTest::newRow("asleep") << "asleep";
+    QTest::newRow("waiting for a tick") << "waiting for a tick";
+    QTest::newRow("in a slot") << "in a slot";
+}
+
+void tst_CDecoupler::destroyingManyAtOnce()
+{
+    QFETCH(QString, state);
+    const int count = 200;
+    const CMessageCatcher messages; // a worker that is not ended in time is reported
+    QSemaphore gate;
+    std::vector<std::unique_ptr<CDecoupler>> decouplers;
+    for (int i = 0; i < count; ++i) {
+        decouplers.push_back(std::make_unique<CDecoupler>());
+        CDecoupler& decoupler = *decouplers.back();
+        const CListener listener(decoupler, [&] {
+            if (state == "in a slot")
+                gate.acquire();
+        });
+        decoupler.enableThrottle(true);
+        if (state != "not started") {
+            decoupler.throttleTimerTick();
+            decoupler.setNodeData(CTestData::make(i));
+        }
+        if (state != "not started" && state != "just started")
+            QVERIFY(listener.waitFor(1));
+        if (state == "waiting for a tick")
+            decoupler.setNodeData(CTestData::make(i));
+    }
+    gate.release(count);
+    decouplers.clear();
+    QCOMPARE(CTestData::alive(), 0);
+    QCOMPARE(messages.texts(), QStringList());
+}
+
+void tst_CDecoupler::statisticsAddUpAtEveryMoment()
+{
+    CDecoupler decoupler;
+    const CListener listener(decoupler);
+    std::atomic<bool> isEnough{false};
+    std::atomic<int> samples{0};
+    std::atomic<int> faults{0};
+    std::thread sampler([&] {
+        SDecouplerStatistics before;
+        while (!isEnough) {
+            const SDecouplerStatistics now = decoupler.statistics();
+            const bool hasGrown = now.received >= before.received && now.emitted >= before.emitted &&
+                                  now.dropped >= before.dropped && now.cancelled >= before.cancelled;
+            if (!addsUp(now) || !hasGrown)
+                ++faults;
+            before = now;
+            ++samples;
+        }
+    });
+
+    quint64 given = 0;
+    while (given < 50000 || samples < 1000) {
+        decoupler.enableThrottle(given % 1000 < 500);
+        if (given % 13 == 0)
+            decoupler.throttleTimerTick();
+        if (given % 11 == 0)
+            decoupler.setNodeData(CNodeDataPtr());
+        decoupler.setNodeData(CTestData::make(int(++given)));
+    }
+    decoupler.shutDown();
+    for (int i = 0; i < 1000; ++i)
+        decoupler.setNodeData(CTestData::make(int(++given)));
+    isEnough = true;
+    sampler.join();
+
+    QCOMPARE(faults.load(), 0);
+    QCOMPARE(decoupler.statistics().received, given);
+    QCOMPARE(decoupler.statistics().emitted, quint64(listener.values().size()));
+    QVERIFY(decoupler.statistics().cancelled > 0);
+    QVERIFY(addsUp(decoupler.statistics()));
+}
+
+void tst_CDecoupler::everySlotFromAnyThread()
+{
+    CDecoupler decoupler;
+    const CListener listener(decoupler);
+    std::vector<std::thread> callers;
+    for (int caller = 0; caller < 4; ++caller) {
+        callers.emplace_back([&decoupler, caller] {
+            for (int i = 0; i < 5000; ++i) {
+                decoupler.setNodeData(CTestData::make(i));
+                decoupler.throttleTimerTick();
+                decoupler.enableThrottle(i % 2 == 0);
+                if (caller == 0 && i == 4000)
+                    decoupler.shutDown();
+            }
+            decoupler.shutDown();
+        });
+    }
+    for (std::thread& caller : callers)
+        caller.join();
+    QVERIFY(!decoupler.isRunning());
+    QCOMPARE(decoupler.statistics().received, quint64(20000));
+    QCOMPARE(decoupler.statistics().emitted, quint64(listener.values().size()));
+    QVERIFY(addsUp(decoupler.statistics()));
+    QCOMPARE(CTestData::alive(), 0);
+}
+
+void tst_CDecoupler::slotMayCallBack()
+{
+    CDecoupler decoupler;
+    int next = 0;
+    const CListener listener(decoupler, [&] {
+        decoupler.throttleTimerTick();
+        if (++next < 10)
+            decoupler.setNodeData(CTestData::make(next));
+    });
+    decoupler.setNodeData(CTestData::make(0));
+    QVERIFY(listener.waitFor(10));
+    decoupler.shutDown();
+    QCOMPARE(listener.values(), QVector<int>({0, 1, 2, 3, 4, 5, 6, 7, 8, 9}));
+}
+
+void tst_CDecoupler::slotShutsDown()
+{
+    const CMessageCatcher messages;
+    CDecoupler decoupler;
+    const CListener listener(decoupler, [&decoupler] {
+        decoupler.setNodeData(CTestData::make(2));
+        decoupler.shutDown();
+    });
+    decoupler.setNodeData(CTestData::make(1));
+    QVERIFY(listener.waitFor(1));
+    QVERIFY(decoupler.wait());
+    QVERIFY(decoupler.isFinished());
+    QCOMPARE(countsOf(decoupler), QStringLiteral("2 1 1 0 0"));
+    QCOMPARE(CTestData::alive(), 0);
+    QCOMPARE(messages.texts(), QStringList());
+}
+
+void tst_CDecoupler::slotDestroysTheDecoupler()
+{
+    const CMessageCatcher messages;
+    auto* const decoupler = new CDecoupler;
+    const CListener listener(*decoupler, [decoupler] {
+        decoupler->setNodeData(CTestData::make(2));
+        delete decoupler;
+    });
+    const CListener second(*decoupler);
+    const QPointer<CDecoupler> guard(decoupler);
+    decoupler->setNodeData(CTestData::make(1));
+    QVERIFY(listener.waitFor(1));
+
+    QTRY_VERIFY(!guard);
+    QTRY_VERIFY(!listener.thread());
+    QCOMPARE(listener.values(), QVector<int>({1}));
+    QCOMPARE(second.values(), QVector<int>());
+    QCOMPARE(messages.texts(), QStringList());
+}
+
+void tst_CDecoupler::overwrittenDataCallsBack()
+{
+    CDecoupler decoupler;
+    const CListener listener(decoupler);
+    emitOnce(decoupler, listener);
+    QThread* releasedIn = nullptr;
+    decoupler.setNodeData(dataWith(1, [&] {
+        releasedIn = QThread::currentThread();
+        decoupler.setNodeData(CTestData::make(3));
+    }));
+    decoupler.setNodeData(CTestData::make(2));
+    QCOMPARE(releasedIn, thread());
+    QCOMPARE(countsOf(decoupler), QStringLiteral("4 1 2 0 1"));
+
+    decoupler.throttleTimerTick();
+    QVERIFY(listener.waitFor(2));
+    QCOMPARE(listener.values(), QVector<int>({0, 3}));
+}
+
+void tst_CDecoupler::emittedDataCallsBackFromTheWorker()
+{
+    CDecoupler decoupler;
+    const CListener listener(decoupler);
+    std::atomic<QThread*> releasedIn{nullptr};
+    decoupler.setNodeData(dataWith(1, [&] {
+        releasedIn = QThread::currentThread();
+        decoupler.setNodeData(CTestData::make(3));
+        decoupler.statistics();
+    }));
+    QVERIFY(listener.waitFor(1));
+    decoupler.setNodeData(CTestData::make(2));
+    QVERIFY(listener.waitFor(3));
+    QCOMPARE(listener.values(), QVector<int>({1, 2, 3}));
+    QCOMPARE(releasedIn.load(), listener.thread().data());
+}
+
+void tst_CDecoupler::discardedDataCallsBack()
+{
+    for (const bool destroyed : {false, true}) {
+        auto decoupler = std::make_unique<CDecoupler>();
+        const CListener listener(*decoupler);
+        emitOnce(*decoupler, listener);
+        bool hasCalled = false;
+        decoupler->setNodeData(dataWith(1, [&hasCalled, called = decoupler.get()] {
+            called->setNodeData(CTestData::make(2));
+            called->throttleTimerTick();
+            called->shutDown();
+            hasCalled = addsUp(called->statistics());
+        }));
+        destroyed ? decoupler.reset() : decoupler->shutDown();
+        QVERIFY(hasCalled);
+    }
+}
+
+void tst_CDecoupler::emittedDataDestroysTheDecoupler()
+{
+    auto* const decoupler = new CDecoupler;
+    const QPointer<CDecoupler> guard(decoupler);
+    const CListener listener(*decoupler);
+    decoupler->setNodeData(dataWith(1, [decoupler] { delete decoupler; }));
+    QVERIFY(listener.waitFor(1));
+    decoupler->setNodeData(CTestData::make(2)); // the worker lets go of the first
+    QTRY_VERIFY(!guard);
+    QTRY_VERIFY(!listener.thread());
+    QCOMPARE(listener.values(), QVector<int>({1}));
+}
+
+void tst_CDecoupler::hangingWorkerIsLeftBehind_data()
+{
+    QTest::addColumn<QString>("place");
+    QTest::addColumn<bool>("shutDownFirst");
+    for (const char* place : {"slot", "slot of another object", "data destructor"}) {
+        QTest::addRow("%s, shut down", place) << QString(place) << true;
+        QTest::addRow("%s, destroyed", place) << QString(place) << false;
+    }
+}
+
+void tst_CDecoupler::hangingWorkerIsLeftBehind()
+{
+    QFETCH(QString, place);
+    QFETCH(bool, shutDownFirst);
+    const CShutDownWait shortened(1);
+    const CMessageCatcher messages;
+    QSemaphore reached;
+    QSemaphore gate;
+    const auto hang = [&] {
+        reached.release();
+        gate.acquire();
+    };
+    auto decoupler = std::make_unique<CDecoupler>();
+    const CListener listener(*decoupler, place == "slot" ? std::function<void()>(hang) : nullptr);
+    QObject other;
+    if (place == "slot of another object")
+        connect(decoupler.get(), &CDecoupler::nodeDataAvailable, &other, hang, Qt::DirectConnection);
+    const CListener second(*decoupler);
+
+    decoupler->setNodeData(dataWith(1, place == "data destructor" ? std::function<void()>(hang) : nullptr));
+    if (place == "data destructor") {
+        QVERIFY(second.waitFor(1));
+        decoupler->setNodeData(CTestData::make(2));
+    }
+    QVERIFY(reached.tryAcquire(1, 20000));
+    decoupler->setNodeData(CTestData::make(3));
+
+    if (shutDownFirst)
+        decoupler->shutDown();
+    decoupler.reset();
+    QCOMPARE(messages.texts().size(), 1);
+    const QPointer<QThread> thread = listener.thread();
+    QVERIFY(thread && thread->isRunning());
+    const QVector<int> before = second.values();
+
+    gate.release();
+    QTRY_VERIFY(!thread);
+    QCOMPARE(CTestData::alive(), 0);
+    QCOMPARE(second.values(), before); // it came back to nobody
+    QCOMPARE(messages.texts().size(), 1);
+}
+
+void tst_CDecoupler::slowWorkerIsWaitedFor()
+{
+    const CMessageCatcher messages;
+    QSemaphore gate;
+    std::atomic<bool> hasReturned{false};
+    auto decoupler = std::make_unique<CDecoupler>();
+    const CListener listener(*decoupler, [&] {
+        gate.acquire();
+        hasReturned = true;
+    });
+    decoupler->setNodeData(CTestData::make(1));
+    QVERIFY(listener.waitFor(1));
+    std::thread opener([&gate] { gate.release(); });
+    decoupler.reset();
+    QVERIFY(hasReturned);
+    opener.join();
+    QCOMPARE(messages.texts(), QStringList());
+}
+
+QTEST_GUILESS_MAIN(tst_CDecoupler)
+#include "tst_CDecoupler.moc"

@@ -1,0 +1,204 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+// Tells ThreadSanitizer how Qt synchronises threads.
+//
+// The distribution's Qt is not instrumented: the detector sees neither the futexes in its mutexes nor the lock around a
+// thread's posted events, and would take every hand-over through them for a race. So this program's own definitions of
+// the functions below come before Qt's, for our code, which calls them through the dynamic linker. Each adds the one
+// edge that Qt's documentation promises and calls the original:
+//
+//   what happened before a mutex was unlocked    is seen by who locks it next
+//   what happened before a signal was emitted    is seen by the slot that the queued call reaches
+//   what happened before deleteLater()           is seen by the destructor
+//   what happened before a thread finished       is seen by who waited for it
+//
+// Nothing is suppressed: a race that these edges do not order is still reported, which tst_SeededRace shows.
+
+#include "graph/CNodeData.h"
+
+#include <QtCore/private/qobject_p.h>
+#include <QtCore/private/qthread_p.h>
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QEvent>
+#include <QMetaObject>
+#include <QMutex>
+#include <QThread>
+#include <QWaitCondition>
+
+#include <dlfcn.h>
+#include <sanitizer/tsan_interface.h>
+
+#include <cstring>
+#include <new>
+#include <utility>
+
+extern "C" {
+void AnnotateIgnoreReadsBegin(const char* file, int line);
+void AnnotateIgnoreReadsEnd(const char* file, int line);
+}
+
+namespace {
+
+/// Qt's own definition of a member function, by its mangled name.
+template <typename Function>
+Function original(const char* name)
+{
+    void* const address = dlsym(RTLD_NEXT, name);
+    Function function = nullptr;
+    static_assert(sizeof address <= sizeof function,
+                  "a pointer to a member function begins with the function's address");
+    std::memcpy(&function, &address, sizeof address);
+    return function;
+}
+
+thread_local QObject* t_sender = nullptr; // of the emission that is under way in this thread
+
+// What a queued call carries is written while the signal is emitted and read by the slot; this comes in between.
+void* constructArgument(void* where, const void* copy)
+{
+    using Plugin::Halvex::CNodeDataPtr;
+    auto* const argument =
+        copy ? new (where) CNodeDataPtr(*static_cast<const CNodeDataPtr*>(copy)) : new (where) CNodeDataPtr;
+    if (t_sender)
+        __tsan_release(t_sender);
+    return argument;
+}
+
+// Before the library does it, as it would but for the constructor.
+int registerDataPtr()
+{
+    using Plugin::Halvex::CNodeDataPtr;
+    const QMetaType::TypeFlags flags(QtPrivate::QMetaTypeTypeFlags<CNodeDataPtr>::Flags |
+                                     QMetaType::WasDeclaredAsMetaType);
+    return QMetaType::registerNormalizedType("Plugin::Halvex::CNodeDataPtr",
+                                             QtMetaTypePrivate::QMetaTypeFunctionHelper<CNodeDataPtr>::Destruct,
+                                             &constructArgument, int(sizeof(CNodeDataPtr)), flags, nullptr);
+}
+
+bool onEventDelivered(void** arguments)
+{
+    // Qt, uninstrumented, has written the event.
+    AnnotateIgnoreReadsBegin(__FILE__, __LINE__);
+    auto* const receiver = static_cast<QObject*>(arguments[0]);
+    const auto* const event = static_cast<const QEvent*>(arguments[1]);
+    const bool isDeletion = event->type() == QEvent::DeferredDelete;
+    const QObject* source = isDeletion ? receiver : nullptr;
+    if (event->type() == QEvent::MetaCall)
+        source = static_cast<const QAbstractMetaCallEvent*>(event)->sender();
+    AnnotateIgnoreReadsEnd(__FILE__, __LINE__);
+
+    if (source)
+        __tsan_acquire(const_cast<QObject*>(source));
+    // The destructor of a thread object waits for the thread unseen; here it is done in sight.
+    auto* const thread = isDeletion ? qobject_cast<QThread*>(receiver) : nullptr;
+    if (thread)
+        thread->wait();
+    return false;
+}
+
+const int dataPtrType = registerDataPtr();
+const bool isRegistered = QInternal::registerCallback(QInternal::EventNotifyCallback, &onEventDelivered);
+
+} // namespace
+
+void QMutex::lock() QT_MUTEX_LOCK_NOEXCEPT
+{
+    static const auto qtLock = original<void (QMutex::*)()>("_ZN6QMutex4lockEv");
+    (this->*qtLock)();
+    __tsan_acquire(this);
+}
+
+bool QMutex::tryLock(int timeout) QT_MUTEX_LOCK_NOEXCEPT
+{
+    static const auto qtTryLock = original<bool (QMutex::*)(int)>("_ZN6QMutex7tryLockEi");
+    const bool isLocked = (this->*qtTryLock)(timeout);
+    if (isLocked)
+        __tsan_acquire(this);
+    return isLocked;
+}
+
+void QMutex::unlock() noexcept
+{
+    static const auto qtUnlock = original<void (QMutex::*)()>("_ZN6QMutex6unlockEv");
+    __tsan_release(this);
+    (this->*qtUnlock)();
+}
+
+bool QWaitCondition::wait(QMutex* mutex, unsigned long time)
+{
+    static const auto qtWait =
+        original<bool (QWaitCondition::*)(QMutex*, unsigned long)>("_ZN14QWaitCondition4waitEP6QMutexm");
+    __tsan_release(mutex);
+    const bool isWoken = (this->*qtWait)(mutex, time);
+    __tsan_acquire(mutex);
+    return isWoken;
+}
+
+bool QWaitCondition::wait(QMutex* mutex, QDeadlineTimer deadline)
+{
+    static const auto qtWait = original<bool (QWaitCondition::*)(QMutex*, QDeadlineTimer)>(
+        "_ZN14QWaitCondition4waitEP6QMutex14QDeadlineTimer");
+    __tsan_release(mutex);
+    const bool isWoken = (this->*qtWait)(mutex, deadline);
+    __tsan_acquire(mutex);
+    return isWoken;
+}
+
+void QMetaObject::activate(QObject* sender, const QMetaObject* metaObject, int signal, void** arguments)
+{
+    using Activate = void (*)(QObject*, const QMetaObject*, int, void**);
+    static const auto qtActivate =
+        reinterpret_cast<Activate>(dlsym(RTLD_NEXT, "_ZN11QMetaObject8activateEP7QObjectPKS_iPPv"));
+    QObject* const outerSender = std::exchange(t_sender, sender);
+    __tsan_release(sender);
+    qtActivate(sender, metaObject, signal, arguments);
+    t_sender = outerSender;
+}
+
+void QObject::deleteLater()
+{
+    static const auto qtDeleteLater = original<void (QObject::*)()>("_ZN7QObject11deleteLaterEv");
+    __tsan_release(this);
+    (this->*qtDeleteLater)();
+}
+
+namespace {
+
+void onThreadFinished(QThread* thread)
+{
+    __tsan_acquire(thread);
+    // The thread has woken its waiters, as its last act. Doing the same takes the lock that this took, which the
+    // detector knows, so that the thread object may be destroyed.
+    static_cast<QThreadPrivate*>(QObjectPrivate::get(thread))->thread_done.wakeAll();
+}
+
+} // namespace
+
+void QThread::start(Priority priority)
+{
+    static const auto qtStart = original<void (QThread::*)(Priority)>("_ZN7QThread5startENS_8PriorityE");
+    // Runs in the thread, after run() and before anybody's wait() ends.
+    connect(this, &QThread::finished, [this] { __tsan_release(this); });
+    (this->*qtStart)(priority);
+}
+
+bool QThread::wait(unsigned long time)
+{
+    static const auto qtWait = original<bool (QThread::*)(unsigned long)>("_ZN7QThread4waitEm");
+    const bool isFinished = (this->*qtWait)(time);
+    if (isFinished)
+        onThreadFinished(this);
+    return isFinished;
+}
+
+bool QThread::wait(QDeadlineTimer deadline)
+{
+    static const auto qtWait = original<bool (QThread::*)(QDeadlineTimer)>("_ZN7QThread4waitE14QDeadlineTimer");
+    const bool isFinished = (this->*qtWait)(deadline);
+    if (isFinished)
+        onThreadFinished(this);
+    return isFinished;
+}
