@@ -11,29 +11,36 @@ namespace Halvex {
 /// The keys of scene documents. Frozen: documents of every version hold them.
 namespace DocumentKeys {
 
+// QLatin1String's own constructor is not a constant expression with every compiler.
+template <int size>
+constexpr QLatin1String key(const char (&text)[size])
+{
+    return QLatin1String(text, size - 1);
+}
+
 // The document.
-constexpr QLatin1String nodes("nodes");
-constexpr QLatin1String connections("connections");
+constexpr QLatin1String nodes = key("nodes");
+constexpr QLatin1String connections = key("connections");
 
 // A node.
-constexpr QLatin1String id("id");
-constexpr QLatin1String model("model");
+constexpr QLatin1String id = key("id");
+constexpr QLatin1String model = key("model");
 
 // A model.
-constexpr QLatin1String name("name");
-constexpr QLatin1String isUnique("is_unique");
-constexpr QLatin1String uniqueName("unique_name");
-constexpr QLatin1String property("property");
-constexpr QLatin1String framesPerSecond("frames_per_second");
+constexpr QLatin1String name = key("name");
+constexpr QLatin1String isUnique = key("is_unique");
+constexpr QLatin1String uniqueName = key("unique_name");
+constexpr QLatin1String property = key("property");
+constexpr QLatin1String framesPerSecond = key("frames_per_second");
 
 // A connection.
-constexpr QLatin1String inId("in_id");
-constexpr QLatin1String inIndex("in_index");
-constexpr QLatin1String outId("out_id");
-constexpr QLatin1String outIndex("out_index");
-constexpr QLatin1String converter("converter");
-constexpr QLatin1String in("in");
-constexpr QLatin1String out("out");
+constexpr QLatin1String inId = key("in_id");
+constexpr QLatin1String inIndex = key("in_index");
+constexpr QLatin1String outId = key("out_id");
+constexpr QLatin1String outIndex = key("out_index");
+constexpr QLatin1String converter = key("converter");
+constexpr QLatin1String in = key("in");
+constexpr QLatin1String out = key("out");
 
 } // namespace DocumentKeys
 } // namespace Halvex

@@ -4,6 +4,7 @@
 #include "host/run/CCommandLine.h"
 #include "host/run/CStreamRun.h"
 #include "host/run/Output.h"
+#include "host/run/SceneFile.h"
 
 #include <QCoreApplication>
 
@@ -16,6 +17,8 @@ int main(int argc, char* argv[])
     const QCoreApplication application(argc, argv);
     const Host::CCommandLine commandLine(QCoreApplication::arguments());
     switch (commandLine.action()) {
+    case Host::CCommandLine::EAction::Compare:
+        return Host::compareSceneFiles(commandLine.files().at(0), commandLine.files().at(1));
     case Host::CCommandLine::EAction::Print:
         return Host::printText(commandLine.text()) ? Host::CStreamRun::Success : Host::CStreamRun::Failure;
     case Host::CCommandLine::EAction::Refuse:

@@ -17,6 +17,8 @@ namespace Host {
 class CGrabResultData : public Plugin::Halvex::CNodeData
 {
 public:
+    /// Without a frame: for what only asks for the type.
+    CGrabResultData() = default;
     CGrabResultData(Veltra::CGrabResultPtr result, const SFrameInfo& info);
 
     static Plugin::Halvex::SNodeDataType dataType();

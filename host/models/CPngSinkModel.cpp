@@ -9,12 +9,19 @@
 
 #include <QDir>
 #include <QFile>
+#include <QJsonObject>
+
+#include <utility>
 
 namespace Host {
 
 using namespace Plugin::Halvex;
 
 namespace {
+
+// Frozen: documents hold them.
+const QString propertyKey = QStringLiteral("property");
+const QString sinkNameKey = QStringLiteral("sink_name");
 
 using Bytes = std::vector<uchar>;
 
@@ -48,6 +55,11 @@ QString writeFile(const QString& name, const Bytes& bytes)
 
 } // namespace
 
+CPngSinkModel::CPngSinkModel(QString sinkName)
+    : m_sinkName(std::move(sinkName))
+{
+}
+
 QString CPngSinkModel::modelName()
 {
     return QStringLiteral("PNG Sink");
@@ -62,7 +74,7 @@ void CPngSinkModel::setOutput(const QString& folder, int every)
 
 QString CPngSinkModel::caption()
 {
-    return hasUniqueName() ? QStringLiteral("PNG files: %1").arg(uniqueName()) : QStringLiteral("PNG files");
+    return m_sinkName.isEmpty() ? QStringLiteral("PNG files") : QStringLiteral("PNG files: %1").arg(m_sinkName);
 }
 
 unsigned int CPngSinkModel::nPorts(ENodePortType portType) const
@@ -95,6 +107,21 @@ CNodeDataPtr CPngSinkModel::outData(NodePortIndex)
 ENodeValidationState CPngSinkModel::validationState() const
 {
     return m_error.isEmpty() ? ENodeValidationState::Valid : ENodeValidationState::Error;
+}
+
+QJsonObject CPngSinkModel::save() const
+{
+    QJsonObject json = ASinkNodeDataModel::save();
+    if (!m_sinkName.isEmpty())
+        json.insert(propertyKey, QJsonObject{{sinkNameKey, m_sinkName}});
+    return json;
+}
+
+void CPngSinkModel::restore(const QJsonObject& json)
+{
+    const QJsonValue name = json.value(propertyKey)[sinkNameKey];
+    if (!name.isUndefined())
+        m_sinkName = name.toString();
 }
 
 void CPngSinkModel::write(const cv::Mat& image, quint64 number)

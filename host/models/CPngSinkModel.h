@@ -27,6 +27,9 @@ namespace Host {
  * The first file that cannot be written is taken away again, failed() tells why, and from then on nothing is
  * written, while counting goes on.
  *
+ * A sink may have a name, by which a run tells it from others. A scene document keeps it as "property": {"sink_name"},
+ * not as the unique name, which is no setting: nothing takes it from a document.
+ *
  * Threads: as every model. A file is written within the walk that brings the image.
  */
 class CPngSinkModel : public Plugin::Halvex::ASinkNodeDataModel
@@ -34,9 +37,12 @@ class CPngSinkModel : public Plugin::Halvex::ASinkNodeDataModel
     Q_OBJECT
 
 public:
-    using ASinkNodeDataModel::ASinkNodeDataModel;
+    explicit CPngSinkModel(QString sinkName = {});
 
     static QString modelName();
+
+    /// Empty for a sink without a name.
+    QString sinkName() const { return m_sinkName; }
 
     /// Writes image 0 and then every \a every-th, at least 1, into \a folder, which must exist. Without a folder,
     /// as after construction, nothing is written.
@@ -64,6 +70,12 @@ public:
     QString validationMessage() const override { return m_error; }
     bool isUnique() override { return false; }
 
+    /// What ASinkNodeDataModel saves and, for a sink with a name, "property": {"sink_name"}.
+    QJsonObject save() const override;
+
+    /// Takes the name from "property"."sink_name"; what is no text is no name. A missing key changes nothing.
+    void restore(const QJsonObject& json) override;
+
 Q_SIGNALS:
     /// A file could not be written; \a error names it and says why. Once at most.
     void failed(const QString& error);
@@ -72,6 +84,7 @@ private:
     void write(const cv::Mat& image, quint64 number);
     void fail(const QString& file, const QString& reason);
 
+    QString m_sinkName;
     QString m_folder;
     quint64 m_every = 1;
     QString m_error;

@@ -12,6 +12,7 @@
 #include "host/models/CImageData.h"
 #include "host/models/CPngSinkModel.h"
 #include "host/models/CThresholdModel.h"
+#include "models/CGenericNodeDecouplerDataModel.h"
 #include "scene/CNodeDataModelRegistry.h"
 
 namespace Host {
@@ -33,6 +34,7 @@ void registerHostModels(Plugin::Halvex::CNodeDataModelRegistry& registry)
                                       registerOne<CHistogramModel>})
         registerFilter(registry, QStringLiteral("Filters"));
     registerOne<CPngSinkModel>(registry, QStringLiteral("Sinks"));
+    registerOne<Plugin::Halvex::CGenericNodeDecouplerDataModel<CGrabResultData>>(registry, QStringLiteral("Tools"));
     registry.registerTypeConverter({CGrabResultData::dataType(), CImageData::dataType()}, CGrabResultConverter());
 }
 

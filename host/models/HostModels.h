@@ -11,7 +11,8 @@ class CNodeDataModelRegistry;
 
 namespace Host {
 
-/// Registers every model of the host by its name, and the converter from camera frame to image by its types.
+/// Registers every model of the host by its name, the decoupler for camera frames, and the converter from camera frame
+/// to image by its types.
 void registerHostModels(Plugin::Halvex::CNodeDataModelRegistry& registry);
 
 } // namespace Host

@@ -18,9 +18,10 @@ class CCommandLine
 public:
     enum class EAction
     {
-        Run,   ///< Do options().
-        Print, ///< Print text() on standard output and succeed.
-        Refuse ///< Print text(), one line, on standard error and fail.
+        Run,     ///< Do options().
+        Compare, ///< Compare the two files of files().
+        Print,   ///< Print text() on standard output and succeed.
+        Refuse   ///< Print text(), one line, on standard error and fail.
     };
 
     /// \a arguments: the program's name first.
@@ -28,16 +29,19 @@ public:
 
     EAction action() const { return m_action; }
     const SRunOptions& options() const { return m_options; }
+    QStringList files() const { return m_files; }
     QString text() const { return m_text; }
 
 private:
-    void readCommand(const QStringList& words);
+    void readCommand(const QCommandLineParser& parser);
+    void readCompare(const QCommandLineParser& parser);
     void readOptions(const QCommandLineParser& parser);
     void readRate(const QString& text);
     void refuse(const QString& reason);
 
     EAction m_action = EAction::Run;
     SRunOptions m_options;
+    QStringList m_files;
     QString m_text;
 };
 

@@ -51,13 +51,17 @@ CGraphText::Numbers CGraphText::depths(const CNodeScene& scene)
 {
     Numbers depths;
     // No way without a loop is longer than there are nodes; stopping there also ends with loops.
-    for (std::size_t round = 0; round < scene.nodes().size(); ++round) {
+    bool isChanged = true;
+    for (std::size_t round = 0; isChanged && round < scene.nodes().size(); ++round) {
+        isChanged = false;
         for (const auto& entry : scene.connections()) {
             const CNodeConnection& connection = *entry.second;
             if (!isWhole(connection))
                 continue;
+            const int least = depths[nodeAt(connection, ENodePortType::Out)] + 1;
             int& depth = depths[nodeAt(connection, ENodePortType::In)];
-            depth = std::max(depth, depths[nodeAt(connection, ENodePortType::Out)] + 1);
+            isChanged = isChanged || depth < least;
+            depth = std::max(depth, least);
         }
     }
     return depths;
@@ -65,16 +69,19 @@ CGraphText::Numbers CGraphText::depths(const CNodeScene& scene)
 
 CGraphText::Numbers CGraphText::addNodes(const CNodeScene& scene)
 {
-    using Place = std::tuple<int, QString, const CNodeBase*>;
+    using Place = std::tuple<int, QString, Core::CId, const CNodeBase*>;
     Numbers depth = depths(scene);
     std::vector<Place> places;
-    for (const auto& entry : scene.nodes())
-        places.emplace_back(depth[entry.second.get()], entry.second->nodeDataModel()->caption(), entry.second.get());
+    for (const auto& entry : scene.nodes()) {
+        const CNodeBase* node = entry.second.get();
+        places.emplace_back(depth[node], node->nodeDataModel()->caption(), entry.first, node);
+    }
     std::sort(places.begin(), places.end());
 
     Numbers numbers;
     for (const Place& place : places) {
-        numbers[std::get<2>(place)] = int(m_captions.size());
+        numbers[std::get<3>(place)] = int(m_nodes.size());
+        m_nodes.push_back(std::get<3>(place));
         m_captions.push_back(std::get<1>(place));
     }
     return numbers;
@@ -95,6 +102,14 @@ void CGraphText::addEdges(const CNodeScene& scene, const Numbers& numbers)
     std::sort(m_edges.begin(), m_edges.end(), [](const SEdge& left, const SEdge& right) {
         return std::tie(left.from, left.to, left.label) < std::tie(right.from, right.to, right.label);
     });
+}
+
+FlowEdges CGraphText::edges() const
+{
+    FlowEdges edges;
+    for (const SEdge& edge : m_edges)
+        edges.emplace_back(edge.from, edge.to);
+    return edges;
 }
 
 QString CGraphText::text() const

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "host/run/FlowOrder.h"
+
 #include <QString>
 
 #include <map>
@@ -21,9 +23,9 @@ namespace Host {
 
 /**
  * A scene as text, the same text for the same graph: nodes in the order of the data, those at the same depth by
- * caption. Half connections are left out.
+ * caption and id. Half connections are left out.
  *
- * Looks at the scene in the constructor only. Threads: the scene's.
+ * Looks at the scene in the constructor only, and at its nodes never after. Threads: the scene's.
  */
 class CGraphText
 {
@@ -35,6 +37,12 @@ public:
 
     /// In the DOT language of graph drawing programs.
     QString dot() const;
+
+    /// The nodes by their numbers in the text. Without loops, each comes behind all that lead to it.
+    const std::vector<const Plugin::Halvex::CNodeBase*>& nodes() const { return m_nodes; }
+
+    /// The connections between these numbers, sorted.
+    FlowEdges edges() const;
 
 private:
     struct SEdge
@@ -49,6 +57,7 @@ private:
     Numbers addNodes(const Plugin::Halvex::CNodeScene& scene);
     void addEdges(const Plugin::Halvex::CNodeScene& scene, const Numbers& numbers);
 
+    std::vector<const Plugin::Halvex::CNodeBase*> m_nodes;
     std::vector<QString> m_captions;
     std::vector<SEdge> m_edges;
 };

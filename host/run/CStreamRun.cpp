@@ -8,10 +8,10 @@
 #include "host/models/CGrabResultConverter.h"
 #include "host/models/CGrabResultData.h"
 #include "host/models/CPngSinkModel.h"
-#include "host/run/CDemoGraph.h"
 #include "host/run/CGraphText.h"
 #include "host/run/CProgressLine.h"
 #include "host/run/CSignalWatcher.h"
+#include "host/run/CStreamGraph.h"
 #include "host/run/Output.h"
 #include "models/CNodeDataFlowProxy.h"
 
@@ -29,12 +29,6 @@ namespace {
 
 constexpr std::chrono::milliseconds progressInterval(100);
 
-SSinkReport sinkReport(const CPngSinkModel& sink)
-{
-    return {sink.uniqueName(), sink.delivered(), sink.files(), percentile(sink.delays(), 0.5),
-            percentile(sink.delays(), 0.99)};
-}
-
 } // namespace
 
 CStreamRun::CStreamRun(SRunOptions options)
@@ -46,13 +40,22 @@ CStreamRun::~CStreamRun() = default;
 
 int CStreamRun::exec()
 {
-    if (openCamera() && buildGraph() && stream() && !printReport())
+    if (buildGraph() && openCamera() && prepareSinks() && saveScene() && writeGraphFiles() && stream() &&
+        !printReport())
         fail(QStringLiteral("cannot write to standard output: %1").arg(QString::fromLocal8Bit(std::strerror(errno))));
     if (!m_error.isEmpty()) {
         printErrorLine(m_error);
         return Failure;
     }
     return m_signal == 0 ? int(Success) : InterruptedBase + m_signal;
+}
+
+bool CStreamRun::buildGraph()
+{
+    QString error;
+    m_graph = m_options.load.isEmpty() ? CStreamGraph::demo() : CStreamGraph::load(m_options.load, &error);
+    fail(error);
+    return error.isEmpty();
 }
 
 bool CStreamRun::openCamera()
@@ -66,12 +69,11 @@ bool CStreamRun::openCamera()
     return error.isEmpty();
 }
 
-bool CStreamRun::buildGraph()
+bool CStreamRun::prepareSinks()
 {
-    m_graph = std::make_unique<CDemoGraph>(m_camera->name());
     const QDir output(m_options.output);
     for (CPngSinkModel* sink : m_graph->sinks()) {
-        const QString folder = output.filePath(sink->uniqueName());
+        const QString folder = output.filePath(sink->sinkName());
         const QString error = makeFolder(folder);
         if (!error.isEmpty()) {
             fail(error);
@@ -83,7 +85,17 @@ bool CStreamRun::buildGraph()
             m_thread->requestInterruption();
         });
     }
-    return writeGraphFiles();
+    // A graph without sinks has made no folder.
+    fail(makeFolder(m_options.output));
+    return m_error.isEmpty();
+}
+
+bool CStreamRun::saveScene()
+{
+    // Before the first frame: the graph does not change any more, and who cannot save learns it at once.
+    if (!m_options.save.isEmpty())
+        fail(replaceFile(m_options.save, m_graph->scene().saveToMemory()));
+    return m_error.isEmpty();
 }
 
 bool CStreamRun::writeGraphFiles()
@@ -135,7 +147,16 @@ void CStreamRun::onEnded(const QString& error)
 {
     fail(error);
     m_thread->wait();
-    m_loop.quit();
+    connect(m_graph.get(), &CStreamGraph::cameThrough, this, &CStreamRun::endWhenDrained);
+    // The report tells when there is something left by then.
+    QTimer::singleShot(m_graph->drainTime(), &m_loop, [this] { m_loop.quit(); });
+    endWhenDrained();
+}
+
+void CStreamRun::endWhenDrained()
+{
+    if (m_graph->isDrained())
+        m_loop.quit();
 }
 
 void CStreamRun::onSignal(int number)
@@ -180,11 +201,8 @@ SRunReport CStreamRun::report() const
 bool CStreamRun::printReport()
 {
     SRunReport full = report();
-    full.graph = CGraphText(m_graph->scene()).text();
-    for (const CPngSinkModel* sink : m_graph->sinks())
-        full.sinks.push_back(sinkReport(*sink));
-    if (!full.shortSink().isEmpty())
-        fail(QStringLiteral("not every frame reached the sink '%1'").arg(full.shortSink()));
+    m_graph->account(&full);
+    fail(full.mismatch());
     return printText(full.text());
 }
 

@@ -14,14 +14,15 @@
 namespace Host {
 
 class CAravisCamera;
-class CDemoGraph;
 class CGrabThread;
 class CProgressLine;
+class CStreamGraph;
 
 /**
- * One run of the program: opens the camera, builds the graph, streams, and says what it did.
+ * One run of the program: builds the graph, opens the camera, saves the scene, streams, and says what it did.
  *
- * Every complete frame that was grabbed has gone through the whole graph when the run ends, however it ends.
+ * Every complete frame that was grabbed has gone through the whole graph when the run ends, however it ends, or was
+ * dropped and counted by a decoupler on the way; the last one that a decoupler got has come out of it.
  *
  * Threads: one, with the application object alive and no event loop needed; frames are grabbed in a thread of the
  * run's own. SIGINT and SIGTERM are caught while frames stream.
@@ -47,8 +48,10 @@ public:
     int exec();
 
 private:
-    bool openCamera();
     bool buildGraph();
+    bool openCamera();
+    bool prepareSinks();
+    bool saveScene();
     bool writeGraphFiles();
     bool stream();
     bool startGrabbing();
@@ -58,12 +61,13 @@ private:
     void fail(const QString& error);
     void onSignal(int number);
     void onEnded(const QString& error);
+    void endWhenDrained();
     void showProgress(CProgressLine& line) const;
 
     const SRunOptions m_options;
     // In this order: the thread ends before the graph goes that it feeds, and both before the camera.
     std::unique_ptr<CAravisCamera> m_camera;
-    std::unique_ptr<CDemoGraph> m_graph;
+    std::unique_ptr<CStreamGraph> m_graph;
     std::unique_ptr<CGrabThread> m_thread;
     QEventLoop m_loop;
     QString m_error; // the first

@@ -4,11 +4,30 @@
 #include "host/run/Output.h"
 
 #include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
 
 #include <cstdio>
 #include <filesystem>
 
 namespace Host {
+
+namespace {
+
+// A device that fills up takes a part first and tells the reason when it is asked to take the rest.
+bool writeAll(QFileDevice& out, const QByteArray& bytes)
+{
+    qint64 done = 0;
+    while (done < bytes.size()) {
+        const qint64 taken = out.write(bytes.constData() + done, bytes.size() - done);
+        if (taken <= 0)
+            return false;
+        done += taken;
+    }
+    return true;
+}
+
+} // namespace
 
 QString makeFolder(const QString& folder)
 {
@@ -23,10 +42,24 @@ QString writeTextFile(const QString& file, const QString& text)
 {
     const QByteArray bytes = text.toUtf8();
     QFile out(file);
-    if (out.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered) &&
-        out.write(bytes) == bytes.size())
+    if (out.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered) && writeAll(out, bytes))
         return {};
     return QStringLiteral("cannot write '%1': %2").arg(file, out.errorString());
+}
+
+QString replaceFile(const QString& file, const QByteArray& bytes)
+{
+    const auto failure = [&file](const QString& reason) {
+        return QStringLiteral("cannot write '%1': %2").arg(file, reason);
+    };
+    // Renaming would put a file in the place of a device.
+    const QFileInfo present(file);
+    if (present.exists() && !present.isFile())
+        return failure(QStringLiteral("Not a regular file"));
+    QSaveFile out(file);
+    if (!out.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(out, bytes))
+        return failure(out.errorString());
+    return out.commit() ? QString() : failure(out.errorString());
 }
 
 bool printText(const QString& text)

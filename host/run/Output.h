@@ -13,6 +13,10 @@ QString makeFolder(const QString& folder);
 /// Replaces the file. Returns the error, empty on success.
 QString writeTextFile(const QString& file, const QString& text);
 
+/// Replaces the file by one that is written beside it and then renamed: whatever happens meanwhile, under that name
+/// is the old file or the new one, complete. Returns the error, empty on success.
+QString replaceFile(const QString& file, const QByteArray& bytes);
+
 /// On standard output, completely. False with errno set when it does not take it.
 bool printText(const QString& text);
 

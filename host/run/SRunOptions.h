@@ -18,6 +18,8 @@ struct SRunOptions
     int frames = 300;                                 ///< Complete frames, 1 to maxFrames.
     int writeEvery = 30;                              ///< Each sink writes every so many frames, at least 1.
     QString output = QStringLiteral("halvex-output"); ///< Folder for everything that is written.
+    QString load;                                     ///< Scene document to start from; empty for the demo graph.
+    QString save;                                     ///< File for the scene document; empty for none.
     std::chrono::milliseconds silence{5000};          ///< A camera without any frame for so long has gone.
 
     /// The delay of every frame is kept until the end of the run, 8 bytes for each sink.

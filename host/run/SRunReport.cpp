@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
 
 namespace Host {
 
@@ -35,6 +36,41 @@ void writeRow(QTextStream& out, const QString& sink, const QString& delivered, c
         << percentile99.rightJustified(11) << written.rightJustified(9) << "  " << files << '\n';
 }
 
+void writeDecouplers(QTextStream& out, const std::vector<SDecouplerReport>& decouplers)
+{
+    const auto row = [&out](const QString& name, std::initializer_list<QString> cells) {
+        out << name.leftJustified(26);
+        for (const QString& cell : cells)
+            out << cell.rightJustified(11);
+        out << '\n';
+    };
+    row(QStringLiteral("Decoupler"),
+        {QStringLiteral("per second"), QStringLiteral("received"), QStringLiteral("emitted"), QStringLiteral("dropped"),
+         QStringLiteral("cancelled"), QStringLiteral("pending")});
+    for (const SDecouplerReport& decoupler : decouplers) {
+        const auto& counts = decoupler.counts;
+        row(decoupler.name, {QString::number(decoupler.framesPerSecond), QString::number(counts.received),
+                             QString::number(counts.emitted), QString::number(counts.dropped),
+                             QString::number(counts.cancelled), QString::number(counts.pending)});
+    }
+    out << '\n';
+}
+
+QString decouplerMismatch(const SDecouplerReport& decoupler)
+{
+    const auto& counts = decoupler.counts;
+    if (counts.received != decoupler.expected)
+        return QStringLiteral("the decoupler '%1' received %2 frames, not the %3 that went its way")
+            .arg(decoupler.name)
+            .arg(counts.received)
+            .arg(decoupler.expected);
+    if (counts.received != counts.emitted + counts.dropped + counts.cancelled + counts.pending)
+        return QStringLiteral("the counts of the decoupler '%1' do not add up").arg(decoupler.name);
+    if (counts.pending != 0 || counts.emitted != decoupler.delivered)
+        return QStringLiteral("the decoupler '%1' let its last frame not through in time").arg(decoupler.name);
+    return {};
+}
+
 } // namespace
 
 double SRunReport::framesPerSecond() const
@@ -44,11 +80,21 @@ double SRunReport::framesPerSecond() const
     return double(frames.complete - 1) * 1e9 / double(span.count());
 }
 
-QString SRunReport::shortSink() const
+QString SRunReport::mismatch() const
 {
+    for (const SDecouplerReport& decoupler : decouplers) {
+        const QString error = decouplerMismatch(decoupler);
+        if (!error.isEmpty())
+            return error;
+    }
     const auto found = std::find_if(sinks.begin(), sinks.end(),
-                                    [this](const SSinkReport& sink) { return sink.delivered != frames.complete; });
-    return found == sinks.end() ? QString() : found->name;
+                                    [](const SSinkReport& sink) { return sink.delivered != sink.expected; });
+    if (found == sinks.end())
+        return {};
+    return QStringLiteral("the sink '%1' got %2 frames, not the %3 that went its way")
+        .arg(found->name)
+        .arg(found->delivered)
+        .arg(found->expected);
 }
 
 QString SRunReport::text() const
@@ -62,6 +108,8 @@ QString SRunReport::text() const
         << " incomplete\n";
     out << "Underruns          " << frames.underruns << '\n';
     out << "Frames per second  " << QString::number(framesPerSecond(), 'f', 1) << "\n\n";
+    if (!decouplers.empty())
+        writeDecouplers(out, decouplers);
     writeRow(out, QStringLiteral("Sink"), QStringLiteral("delivered"), QStringLiteral("grab to sink p50"),
              QStringLiteral("p99"), QStringLiteral("written"), QStringLiteral("files"));
     for (const SSinkReport& sink : sinks)

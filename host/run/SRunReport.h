@@ -4,6 +4,7 @@
 #pragma once
 
 #include "host/camera/SGrabStatistics.h"
+#include "models/SDecouplerStatistics.h"
 
 #include <QString>
 
@@ -17,9 +18,20 @@ struct SSinkReport
 {
     QString name;
     quint64 delivered = 0;
+    quint64 expected = 0;               ///< What must have been delivered.
     std::vector<QString> files;         ///< Written, oldest first.
     std::chrono::nanoseconds median{0}; ///< From the camera's stream to the sink.
     std::chrono::nanoseconds percentile99{0};
+};
+
+/// What one decoupler of a run did.
+struct SDecouplerReport
+{
+    QString name;
+    double framesPerSecond = 0.0;
+    Plugin::Halvex::SDecouplerStatistics counts;
+    quint64 expected = 0;  ///< What must have been received.
+    quint64 delivered = 0; ///< What has come out, of all that was emitted.
 };
 
 /// What a run did. A plain value.
@@ -30,15 +42,16 @@ struct SRunReport
     QString ending; ///< Why the run ended.
     SGrabStatistics frames;
     std::chrono::nanoseconds span{0}; ///< From the first to the last complete frame.
+    std::vector<SDecouplerReport> decouplers;
     std::vector<SSinkReport> sinks;
 
     /// Frames between the first and the last over the time between them; 0 with fewer than two.
     double framesPerSecond() const;
 
-    /// The name of the first sink that did not get every complete frame; empty when all did.
-    QString shortSink() const;
+    /// The first thing in the table that does not add up, in one line; empty when nothing was lost.
+    QString mismatch() const;
 
-    /// For people: the graph and a table.
+    /// For people: the graph and the tables.
     QString text() const;
 };
 

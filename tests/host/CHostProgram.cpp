@@ -69,6 +69,13 @@ int CHostProgram::incompleteFrames() const
     return numbers.isEmpty() ? -1 : numbers.at(3).toInt();
 }
 
+double CHostProgram::framesPerSecond() const
+{
+    static const QRegularExpression line(QStringLiteral("^Frames per second +([\\d.]+)$"),
+                                         QRegularExpression::MultilineOption);
+    return line.match(m_output).captured(1).toDouble();
+}
+
 std::map<QString, CHostProgram::SSink> CHostProgram::sinks() const
 {
     static const QRegularExpression row(QStringLiteral("^(\\w+) +(\\d+) +[\\d.]+ ms +[\\d.]+ ms +(\\d+)  "),
@@ -79,4 +86,32 @@ std::map<QString, CHostProgram::SSink> CHostProgram::sinks() const
         sinks[match.captured(1)] = {match.captured(2).toInt(), match.captured(3).toInt()};
     }
     return sinks;
+}
+
+std::vector<CHostProgram::SDecoupler> CHostProgram::decouplers() const
+{
+    static const QRegularExpression row(
+        QStringLiteral("^\\[\\d+\\] Decoupler for VGR +[\\d.]+ +(\\d+) +(\\d+) +(\\d+) +(\\d+) +(\\d+)$"),
+        QRegularExpression::MultilineOption);
+    std::vector<SDecoupler> decouplers;
+    for (auto rows = row.globalMatch(m_output); rows.hasNext();) {
+        const QRegularExpressionMatch match = rows.next();
+        const auto count = [&match](int column) { return match.captured(column).toInt(); };
+        decouplers.push_back({count(1), count(2), count(3), count(4), count(5)});
+    }
+    return decouplers;
+}
+
+bool CHostProgram::addsUp() const
+{
+    const std::vector<SDecoupler> all = decouplers();
+    std::map<QString, SSink> got = sinks();
+    if (all.size() != 1 || got.size() != 4 || completeFrames() < 0)
+        return false;
+    const SDecoupler& one = all.front();
+    bool isEqual = got["frames"].delivered == completeFrames() && one.received == completeFrames() &&
+                   one.received == one.emitted + one.dropped + one.cancelled + one.pending && one.pending == 0;
+    for (const char* preview : {"threshold", "edges", "histogram"})
+        isEqual = isEqual && got[preview].delivered == one.emitted;
+    return isEqual;
 }

@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <map>
+#include <vector>
 
 /// The program as a user runs it.
 class CHostProgram
@@ -18,6 +19,16 @@ public:
     {
         int delivered = 0;
         int written = 0;
+    };
+
+    /// What a decoupler's row says.
+    struct SDecoupler
+    {
+        int received = 0;
+        int emitted = 0;
+        int dropped = 0;
+        int cancelled = 0;
+        int pending = 0;
     };
 
     CHostProgram() = default;
@@ -45,7 +56,13 @@ public:
     /// The number behind "complete" in the table's line of frames, or -1 when there is no line that adds up.
     int completeFrames() const;
     int incompleteFrames() const;
+    double framesPerSecond() const;
     std::map<QString, SSink> sinks() const;
+    std::vector<SDecoupler> decouplers() const;
+
+    /// Whether the demo graph lost nothing unaccounted for: every complete frame at the sink "frames" and in the
+    /// decoupler's counts, and all that the decoupler emitted at the three sinks behind it.
+    bool addsUp() const;
 
 private:
     QStringList frameLine() const;

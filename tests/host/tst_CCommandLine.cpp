@@ -23,6 +23,8 @@ class tst_CCommandLine : public QObject
 private Q_SLOTS:
     void defaults();
     void everyOption();
+    void realCameraKeepsItsRate();
+    void compare();
     void slowCameraMayBeSilentForLonger();
     void refused_data();
     void refused();
@@ -36,7 +38,9 @@ void tst_CCommandLine::defaults()
     QCOMPARE(line.action(), CCommandLine::EAction::Run);
     QCOMPARE(line.options().camera.address, QStringLiteral("fake"));
     QCOMPARE(line.options().camera.pixelFormat, QString());
-    QCOMPARE(line.options().camera.framesPerSecond, 0.0);
+    QCOMPARE(line.options().camera.framesPerSecond, 200.0);
+    QCOMPARE(line.options().load, QString());
+    QCOMPARE(line.options().save, QString());
     QCOMPARE(line.options().frames, 300);
     QCOMPARE(line.options().writeEvery, 30);
     QCOMPARE(line.options().output, QStringLiteral("halvex-output"));
@@ -45,8 +49,9 @@ void tst_CCommandLine::defaults()
 
 void tst_CCommandLine::everyOption()
 {
-    const CCommandLine line = parse({"run", "--camera", "10.0.0.2", "--frames", "7", "--fps", "12.5", "--output", "o",
-                                     "--pixel-format", "RGB8", "--write-every", "2"});
+    const CCommandLine line =
+        parse({"run", "--camera", "10.0.0.2", "--frames", "7", "--fps", "12.5", "--output", "o", "--pixel-format",
+               "RGB8", "--write-every", "2", "--load", "l.json", "--save", "s.json"});
     QCOMPARE(line.action(), CCommandLine::EAction::Run);
     QCOMPARE(line.options().camera.address, QStringLiteral("10.0.0.2"));
     QCOMPARE(line.options().camera.pixelFormat, QStringLiteral("RGB8"));
@@ -54,7 +59,22 @@ void tst_CCommandLine::everyOption()
     QCOMPARE(line.options().frames, 7);
     QCOMPARE(line.options().writeEvery, 2);
     QCOMPARE(line.options().output, QStringLiteral("o"));
+    QCOMPARE(line.options().load, QStringLiteral("l.json"));
+    QCOMPARE(line.options().save, QStringLiteral("s.json"));
     QCOMPARE(line.options().silence.count(), 5000);
+}
+
+void tst_CCommandLine::realCameraKeepsItsRate()
+{
+    QCOMPARE(parse({"run", "--camera", "10.0.0.2"}).options().camera.framesPerSecond, 0.0);
+    QCOMPARE(parse({"run", "--camera", "fake", "--fps", "10"}).options().camera.framesPerSecond, 10.0);
+}
+
+void tst_CCommandLine::compare()
+{
+    const CCommandLine line = parse({"compare", "a.json", "b.json"});
+    QCOMPARE(line.action(), CCommandLine::EAction::Compare);
+    QCOMPARE(line.files(), QStringList({"a.json", "b.json"}));
 }
 
 void tst_CCommandLine::slowCameraMayBeSilentForLonger()
@@ -81,7 +101,12 @@ void tst_CCommandLine::refused_data()
         QTest::newRow(qPrintable(QStringLiteral("fps '%1'").arg(value)))
             << QStringList{"run", "--fps", value}
             << QStringLiteral("--fps takes a number above 0, at most 10000, not '%1'.").arg(value);
-    for (const char* option : {"camera", "output", "pixel-format"})
+    QTest::newRow("compare one") << QStringList{"compare", "a"} << "'compare' takes two files and no option.";
+    QTest::newRow("compare three") << QStringList{"compare", "a", "b", "c"}
+                                   << "'compare' takes two files and no option.";
+    QTest::newRow("compare with option") << QStringList{"compare", "a", "b", "--frames", "3"}
+                                         << "'compare' takes two files and no option.";
+    for (const char* option : {"camera", "output", "pixel-format", "load", "save"})
         QTest::newRow(qPrintable(QStringLiteral("no %1").arg(option)))
             << QStringList{"run", QStringLiteral("--%1=").arg(option)} << QStringLiteral("--%1 is empty.").arg(option);
 }
@@ -99,7 +124,8 @@ void tst_CCommandLine::help()
 {
     const CCommandLine line = parse({"--help"});
     QCOMPARE(line.action(), CCommandLine::EAction::Print);
-    for (const char* option : {"--camera", "--frames", "--fps", "--output", "--pixel-format", "--write-every"})
+    for (const char* option : {"--camera", "--frames", "--fps", "--output", "--pixel-format", "--write-every", "--load",
+                               "--save", "before the first frame", "compare"})
         QVERIFY2(line.text().contains(QLatin1String(option)), option);
 }
 

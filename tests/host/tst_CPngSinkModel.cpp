@@ -10,6 +10,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QJsonObject>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -34,6 +35,9 @@ class tst_CPngSinkModel : public QObject
 
 private Q_SLOTS:
     void portsAndNames();
+    void nameSurvivesADocument();
+    void restore_data();
+    void restore();
     void withoutAFolderItOnlyCounts();
     void writesEveryNthImage();
     void filesHoldTheImages_data();
@@ -61,6 +65,40 @@ void tst_CPngSinkModel::portsAndNames()
     QCOMPARE(model.delivered(), quint64(0));
     QVERIFY(model.files().empty());
     QCOMPARE(model.validationState(), ENodeValidationState::Valid);
+}
+
+void tst_CPngSinkModel::nameSurvivesADocument()
+{
+    const CPngSinkModel model(QStringLiteral("edges"));
+    const QJsonObject saved = model.save();
+    const QJsonObject expected{
+        {"name", "PNG Sink"}, {"is_unique", false}, {"property", QJsonObject{{"sink_name", "edges"}}}};
+    QCOMPARE(saved, expected);
+    CPngSinkModel restored;
+    restored.restore(saved);
+    QCOMPARE(restored.sinkName(), QStringLiteral("edges"));
+    QCOMPARE(restored.save(), expected);
+    QVERIFY(!CPngSinkModel().save().contains("property"));
+}
+
+void tst_CPngSinkModel::restore_data()
+{
+    QTest::addColumn<QJsonObject>("json");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("nothing") << QJsonObject() << "old";
+    QTest::newRow("no object") << QJsonObject{{"property", 3}} << "old";
+    QTest::newRow("other key") << QJsonObject{{"property", QJsonObject{{"x", 1}}}} << "old";
+    QTest::newRow("no text") << QJsonObject{{"property", QJsonObject{{"sink_name", 1}}}} << "";
+    QTest::newRow("text") << QJsonObject{{"property", QJsonObject{{"sink_name", "new"}}}} << "new";
+}
+
+void tst_CPngSinkModel::restore()
+{
+    QFETCH(QJsonObject, json);
+    QFETCH(QString, name);
+    CPngSinkModel model(QStringLiteral("old"));
+    model.restore(json);
+    QCOMPARE(model.sinkName(), name);
 }
 
 void tst_CPngSinkModel::withoutAFolderItOnlyCounts()

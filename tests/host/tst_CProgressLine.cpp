@@ -77,10 +77,16 @@ void tst_CProgressLine::terminalLineIsDrawnAnew()
         line.finish();
     }
     std::fflush(stream);
-    char bytes[100] = {};
-    QVERIFY(read(terminal, bytes, sizeof bytes - 1) > 0);
+    // A terminal hands out what it has, which may be a part.
+    QByteArray shown;
+    while (!shown.endsWith('\n')) {
+        char bytes[100];
+        const auto got = read(terminal, bytes, sizeof bytes);
+        QVERIFY(got > 0);
+        shown.append(bytes, int(got));
+    }
     // The terminal itself puts a carriage return before the line's end.
-    QCOMPARE(QByteArray(bytes), QByteArray("\rthree\rtwo  \r\n"));
+    QCOMPARE(shown, QByteArray("\rthree\rtwo  \r\n"));
     std::fclose(stream);
     close(terminal);
 }

@@ -121,9 +121,7 @@ void tst_GigECamera::programSkipsIncompleteFrames()
     QCOMPARE(program.exitCode(), 0);
     QCOMPARE(program.completeFrames(), 40);
     QVERIFY(program.incompleteFrames() > 0);
-    QCOMPARE(program.sinks().size(), std::size_t(4));
-    for (const auto& sink : program.sinks())
-        QCOMPARE(sink.second.delivered, 40);
+    QVERIFY(program.addsUp());
 }
 
 void tst_GigECamera::programEndsWhenTheCameraGoes()
@@ -139,8 +137,7 @@ void tst_GigECamera::programEndsWhenTheCameraGoes()
     QCOMPARE(program.exitCode(), 2);
     QVERIFY(program.errorLines().constLast().startsWith(QStringLiteral("halvex-host: camera '127.0.0.1' has gone: ")));
     QVERIFY(program.completeFrames() > 0);
-    for (const auto& sink : program.sinks())
-        QCOMPARE(sink.second.delivered, program.completeFrames());
+    QVERIFY(program.addsUp());
 }
 
 QTEST_GUILESS_MAIN(tst_GigECamera)

@@ -13,12 +13,11 @@
 //   what happened before deleteLater()           is seen by the destructor
 //   what happened before a thread finished       is seen by who waited for it
 //
-// Nothing is suppressed: a race that these edges do not order is still reported, which tst_SeededRace shows.
+// A race that these edges do not order is still reported, which the seeded races beside this file show.
 
 #include "graph/CNodeData.h"
 
 #include <QtCore/private/qobject_p.h>
-#include <QtCore/private/qthread_p.h>
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -92,10 +91,6 @@ bool onEventDelivered(void** arguments)
 
     if (source)
         __tsan_acquire(const_cast<QObject*>(source));
-    // The destructor of a thread object waits for the thread unseen; here it is done in sight.
-    auto* const thread = isDeletion ? qobject_cast<QThread*>(receiver) : nullptr;
-    if (thread)
-        thread->wait();
     return false;
 }
 
@@ -165,18 +160,6 @@ void QObject::deleteLater()
     (this->*qtDeleteLater)();
 }
 
-namespace {
-
-void onThreadFinished(QThread* thread)
-{
-    __tsan_acquire(thread);
-    // The thread has woken its waiters, as its last act. Doing the same takes the lock that this took, which the
-    // detector knows, so that the thread object may be destroyed.
-    static_cast<QThreadPrivate*>(QObjectPrivate::get(thread))->thread_done.wakeAll();
-}
-
-} // namespace
-
 void QThread::start(Priority priority)
 {
     static const auto qtStart = original<void (QThread::*)(Priority)>("_ZN7QThread5startENS_8PriorityE");
@@ -190,7 +173,7 @@ bool QThread::wait(unsigned long time)
     static const auto qtWait = original<bool (QThread::*)(unsigned long)>("_ZN7QThread4waitEm");
     const bool isFinished = (this->*qtWait)(time);
     if (isFinished)
-        onThreadFinished(this);
+        __tsan_acquire(this);
     return isFinished;
 }
 
@@ -199,6 +182,6 @@ bool QThread::wait(QDeadlineTimer deadline)
     static const auto qtWait = original<bool (QThread::*)(QDeadlineTimer)>("_ZN7QThread4waitE14QDeadlineTimer");
     const bool isFinished = (this->*qtWait)(deadline);
     if (isFinished)
-        onThreadFinished(this);
+        __tsan_acquire(this);
     return isFinished;
 }

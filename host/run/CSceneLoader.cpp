@@ -1,0 +1,167 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/run/CSceneLoader.h"
+
+#include "host/models/CCameraSourceModel.h"
+#include "host/models/CPngSinkModel.h"
+#include "host/run/SceneFile.h"
+#include "scene/CNodeScene.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+#include <algorithm>
+
+namespace Host {
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+const QString nodesKey = QStringLiteral("nodes");
+const QString connectionsKey = QStringLiteral("connections");
+
+Core::CId readId(const QJsonValue& json)
+{
+    return Core::CId(json.toString().toLatin1().constData());
+}
+
+bool makesAFolder(const QString& name)
+{
+    return !name.isEmpty() && !name.startsWith(QLatin1Char('.')) &&
+           std::all_of(name.begin(), name.end(), [](QChar c) { return c.isPrint() && c != QLatin1Char('/'); });
+}
+
+} // namespace
+
+CSceneLoader::CSceneLoader(CNodeScene& scene)
+    : m_scene(scene)
+{
+}
+
+QString CSceneLoader::load(const QJsonObject& document)
+{
+    for (const QString& key : {nodesKey, connectionsKey}) {
+        if (!document.value(key).isArray())
+            return QStringLiteral("%1: no array").arg(key);
+    }
+
+    const QJsonArray nodes = document.value(nodesKey).toArray();
+    for (int i = 0; i < nodes.size(); ++i) {
+        const QString error = addNode(i, nodes.at(i));
+        if (!error.isEmpty())
+            return QStringLiteral("nodes[%1]: %2").arg(i).arg(error);
+    }
+    if (m_camera < 0)
+        return QStringLiteral("nodes: no %1 among them").arg(shown(CCameraSourceModel::modelName()));
+
+    const QJsonArray connections = document.value(connectionsKey).toArray();
+    for (int i = 0; i < connections.size(); ++i) {
+        const QString error = addConnection(connections.at(i));
+        if (!error.isEmpty())
+            return QStringLiteral("connections[%1]: %2").arg(i).arg(error);
+    }
+    const int looped = nodeOfLoop(int(m_nodes.size()), m_edges);
+    return looped < 0 ? QString() : QStringLiteral("connections: they lead from nodes[%1] back to it").arg(looped);
+}
+
+QString CSceneLoader::addNode(int index, const QJsonValue& json)
+{
+    const QJsonValue model = json[QStringLiteral("model")];
+    if (!model.isObject())
+        return QStringLiteral("no object with a model");
+    const QString name = model[QStringLiteral("name")].toString();
+    const auto& creators = m_scene.registry().registeredModelCreators();
+    if (creators.find(name) == creators.end())
+        return QStringLiteral("no model %1 is registered").arg(shown(name));
+    if (model[QStringLiteral("is_unique")].toBool())
+        return QStringLiteral("a unique %1 is not made anew, and there is none to refer to").arg(shown(name));
+
+    const QJsonValue idText = json[QStringLiteral("id")];
+    const Core::CId id = readId(idText);
+    if (id == Core::CId())
+        return QStringLiteral("%1 is no id").arg(shown(idText.toString()));
+    const auto known = m_numbers.emplace(id, index);
+    if (!known.second)
+        return QStringLiteral("has the id of nodes[%1]").arg(known.first->second);
+
+    CNodeBase& node = m_scene.restoreNode(json.toObject());
+    m_nodes.push_back(&node);
+    return checkModel(index, node.nodeDataModel());
+}
+
+QString CSceneLoader::checkModel(int index, CNodeDataModel* model)
+{
+    if (qobject_cast<CCameraSourceModel*>(model)) {
+        if (m_camera >= 0)
+            return QStringLiteral("a second %1, after nodes[%2]").arg(shown(model->name())).arg(m_camera);
+        m_camera = index;
+    }
+    const auto* sink = qobject_cast<CPngSinkModel*>(model);
+    return sink ? checkSink(*sink) : QString();
+}
+
+QString CSceneLoader::checkSink(const CPngSinkModel& sink)
+{
+    const QString name = sink.sinkName();
+    if (!makesAFolder(name))
+        return QStringLiteral("the sink's name %1 makes no folder").arg(shown(name));
+    if (m_sinkNames.contains(name))
+        return QStringLiteral("a second sink %1").arg(shown(name));
+    m_sinkNames.insert(name);
+    return {};
+}
+
+QString CSceneLoader::addConnection(const QJsonValue& json)
+{
+    const auto number = [&](const char* key) {
+        const auto found = m_numbers.find(readId(json[QLatin1String(key)]));
+        return found == m_numbers.end() ? -1 : found->second;
+    };
+    if (!json.isObject())
+        return QStringLiteral("no object");
+    const int from = number("out_id");
+    const int to = number("in_id");
+    if (from < 0 || to < 0)
+        return QStringLiteral("no node has its %1").arg(from < 0 ? QStringLiteral("out_id") : QStringLiteral("in_id"));
+
+    const CNodeBase& out = *m_nodes[std::size_t(from)];
+    const CNodeBase& in = *m_nodes[std::size_t(to)];
+    const int outIndex = json[QStringLiteral("out_index")].toInt();
+    const int inIndex = json[QStringLiteral("in_index")].toInt();
+    if (outIndex < 0 || unsigned(outIndex) >= out.nodeDataModel()->nPorts(ENodePortType::Out))
+        return QStringLiteral("nodes[%1] has no output port %2").arg(from).arg(outIndex);
+    if (inIndex < 0 || unsigned(inIndex) >= in.nodeDataModel()->nPorts(ENodePortType::In))
+        return QStringLiteral("nodes[%1] has no input port %2").arg(to).arg(inIndex);
+    const QString error = checkTypes(out, outIndex, in, inIndex, json[QStringLiteral("converter")]);
+    if (!error.isEmpty())
+        return error;
+
+    if (!m_scene.restoreConnection(json.toObject()))
+        return QStringLiteral("the scene refuses it");
+    m_edges.emplace_back(from, to);
+    return {};
+}
+
+QString CSceneLoader::checkTypes(const CNodeBase& out, int outIndex, const CNodeBase& in, int inIndex,
+                                 const QJsonValue& converter) const
+{
+    const SNodeDataType given = out.nodeDataModel()->dataType(ENodePortType::Out, outIndex);
+    const SNodeDataType taken = in.nodeDataModel()->dataType(ENodePortType::In, inIndex);
+    if (converter.isUndefined()) {
+        if (given.id == taken.id)
+            return {};
+        return QStringLiteral("%1 to %2 without a converter").arg(shown(given.id), shown(taken.id));
+    }
+    const SNodeDataType from{converter[QStringLiteral("out")][QStringLiteral("id")].toString(), {}};
+    const SNodeDataType to{converter[QStringLiteral("in")][QStringLiteral("id")].toString(), {}};
+    if (from.id != given.id || to.id != taken.id)
+        return QStringLiteral("a converter from %1 to %2 between ports of %3 and %4")
+            .arg(shown(from.id), shown(to.id), shown(given.id), shown(taken.id));
+    if (!m_scene.registry().getTypeConverter(from, to))
+        return QStringLiteral("no converter from %1 to %2 is registered").arg(shown(from.id), shown(to.id));
+    return {};
+}
+
+} // namespace Host

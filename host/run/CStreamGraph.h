@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "host/run/SRunReport.h"
+#include "scene/CNodeScene.h"
+
+#include <QObject>
+
+#include <chrono>
+#include <memory>
+#include <vector>
+
+namespace Plugin {
+namespace Halvex {
+class CNodeDataFlowProxy;
+class CNodeDecouplerDataModelBase;
+} // namespace Halvex
+} // namespace Plugin
+
+namespace Host {
+
+class CPngSinkModel;
+
+/**
+ * A graph that frames are streamed through: where they enter, where they leave, and what must have come out for
+ * what went in.
+ *
+ * Ownership: owns the scene and with it every model; what is handed out lives as long as this object.
+ *
+ * Threads: one; the entry's setData() from any.
+ */
+class CStreamGraph : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The graph of addDemoGraph().
+    static std::unique_ptr<CStreamGraph> demo();
+
+    /// The graph that the scene document in \a file describes. On failure null, and the reason in one line, which
+    /// names the file and the place in it, in \a error.
+    static std::unique_ptr<CStreamGraph> load(const QString& file, QString* error);
+
+    /// \a scene has one camera source, and no loops.
+    explicit CStreamGraph(std::unique_ptr<Plugin::Halvex::CNodeScene> scene);
+    ~CStreamGraph() override;
+
+    /// Where frames enter.
+    Plugin::Halvex::CNodeDataFlowProxy* entry() const { return m_entry; }
+
+    /// In the order in which the graph's text has them.
+    const std::vector<CPngSinkModel*>& sinks() const { return m_sinks; }
+
+    const Plugin::Halvex::CNodeScene& scene() const { return *m_scene; }
+
+    /// Whether no decoupler holds anything back or has anything on its way: all that went in has come through.
+    bool isDrained() const;
+
+    /// How long draining takes at most, once nothing goes in any more: a tick for each decoupler, and time to spare.
+    std::chrono::milliseconds drainTime() const;
+
+    /// Fills in the graph, its decouplers and sinks. What they should have got follows from \a report's complete
+    /// frames and what each decoupler let through.
+    void account(SRunReport* report) const;
+
+Q_SIGNALS:
+    /// What a decoupler let through has gone through everything behind it.
+    void cameThrough();
+
+private:
+    struct SDecoupler
+    {
+        const Plugin::Halvex::CNodeBase* node = nullptr;
+        Plugin::Halvex::CNodeDecouplerDataModelBase* model = nullptr;
+        quint64 delivered = 0;
+    };
+    using Counts = std::vector<quint64>;
+
+    void addNode(const Plugin::Halvex::CNodeBase& node);
+    Counts expected(quint64 frames) const;
+
+    std::unique_ptr<Plugin::Halvex::CNodeScene> m_scene;
+    Plugin::Halvex::CNodeDataFlowProxy* m_entry = nullptr;
+    std::vector<const Plugin::Halvex::CNodeBase*> m_nodes; // by their numbers in the text
+    std::vector<CPngSinkModel*> m_sinks;
+    std::vector<SDecoupler> m_decouplers;
+};
+
+} // namespace Host

@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <utility>
+#include <vector>
+
+namespace Host {
+
+/// Connections between numbered nodes: from, to.
+using FlowEdges = std::vector<std::pair<int, int>>;
+
+/// The numbers from 0 to \a nodes - 1, each behind all that lead to it. The nodes of a loop, and all that lie behind
+/// one, are left out. Takes time in proportion to nodes and edges.
+std::vector<int> flowOrder(int nodes, const FlowEdges& edges);
+
+/// A node of a loop; -1 if there is none.
+int nodeOfLoop(int nodes, const FlowEdges& edges);
+
+} // namespace Host

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+
+namespace Host {
+
+/// The JSON object that \a file holds, at most 64 MiB. On failure an empty one, and in \a error one line that names
+/// the file, the reason and the place in it.
+QJsonObject readSceneFile(const QString& file, QString* error);
+
+/// What keeps two scene documents from being the same scene: the first object that only one of them has, in one
+/// line. Empty when they are the same but for the order of nodes and connections.
+QString sceneDifference(const QJsonObject& left, const QJsonObject& right);
+
+/// Compares two files, says on standard output what came of it and returns the exit code: 0 for the same scene,
+/// 1 for different ones, 2, with a line on standard error, when a file cannot be read.
+int compareSceneFiles(const QString& left, const QString& right);
+
+/// \a text from a document, to be shown within a line: in quotes, cut when it is long, without control characters.
+QString shown(const QString& text);
+
+} // namespace Host
