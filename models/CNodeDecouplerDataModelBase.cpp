@@ -10,6 +10,7 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace Plugin {
 namespace Halvex {
@@ -33,7 +34,9 @@ CNodeDecouplerDataModelBase::CNodeDecouplerDataModelBase()
 CNodeDecouplerDataModelBase::~CNodeDecouplerDataModelBase()
 {
     m_tickTimer->stop();
-    delete m_decoupler;
+    // What these release may run foreign code, which must find a model that has no output and takes no data.
+    delete std::exchange(m_decoupler, nullptr);
+    CNodeDataPtr().swap(m_lastData);
 }
 
 QString CNodeDecouplerDataModelBase::caption()
@@ -105,7 +108,7 @@ void CNodeDecouplerDataModelBase::setFramesPerSecond(double fps)
 
 SDecouplerStatistics CNodeDecouplerDataModelBase::statistics() const
 {
-    return m_decoupler->statistics();
+    return m_decoupler ? m_decoupler->statistics() : SDecouplerStatistics();
 }
 
 void CNodeDecouplerDataModelBase::onNodeDataAvailable(CNodeDataPtr ptrNodeData)

@@ -37,7 +37,7 @@ endif()
 execute_process(COMMAND "${NM}" -D --defined-only "${prefix}/lib/libHalvex.so"
   OUTPUT_VARIABLE symbols COMMAND_ERROR_IS_FATAL ANY)
 string(REGEX MATCHALL "[^\n]+" symbols "${symbols}")
-set(own "_Z(TV|TT|TI|TS|GV|Th[n0-9]+_)?(N|NK|ZN|ZNK)6Plugin6Halvex")
+set(own "_Z(TV|TT|TI|TS|GV|Th[n0-9]+_)?Z*NK?6Plugin6Halvex")
 set(foreign_weak "_Z(TV|TI|TS)?(N|NK|ZN|ZNK)?(St|9__gnu_cxx|4Core|6Plugin7AppCore)")
 foreach(symbol IN LISTS symbols)
   if(NOT symbol MATCHES " [A-Za-z] ${own}" AND NOT symbol MATCHES " [WVu] ${foreign_weak}")
