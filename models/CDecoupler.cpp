@@ -19,6 +19,14 @@ CDecoupler::~CDecoupler()
 {
     m_worker->shutDown();
     m_worker->leaveOwner();
+    QThread::wait(); // for somebody's start(): run() returns at once
+}
+
+void CDecoupler::deleteWhenEnded()
+{
+    m_worker->shutDown();
+    if (!m_worker->takeOver(this))
+        delete this;
 }
 
 bool CDecoupler::isRunning() const

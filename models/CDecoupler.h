@@ -32,7 +32,8 @@ class CDecouplerWorker;
  *
  * The worker's thread is one of its own, started by the first data that may go out. So it can be left behind: a worker
  * that hangs in a directly connected slot cannot be waited for, and a QThread must not be destroyed while it runs.
- * isRunning(), isFinished() and wait() speak of the worker's thread; start() starts nothing.
+ * isRunning(), isFinished() and wait() speak of the worker's thread, if they are called on a CDecoupler and not on a
+ * QThread. start() starts nothing that matters, and started() and finished() do not speak of the worker.
  *
  * Threads: the slots, statistics() and the destructor may be called from any thread, also from a slot that runs on the
  * worker. nodeDataAvailable() comes from the worker's. Nothing is locked while it is emitted or data is released. Data
@@ -46,8 +47,13 @@ public:
     /// Not throttled; no thread yet.
     CDecoupler();
 
-    /// Shuts down. If the worker does not end in time it is abandoned: it touches nothing of this object any more.
+    /// Shuts down. If the worker does not end in time, it is abandoned, and its thread ends by itself. Qt, which is
+    /// then in the middle of an emission of this object, notices that it is gone. An owner that cannot rule out that
+    /// the hanging slot returns in that very moment calls deleteWhenEnded() instead.
     ~CDecoupler() override;
+
+    /// Shuts down and deletes this object, made with new: now, or when a worker that does not end in time has ended.
+    void deleteWhenEnded();
 
     bool isRunning() const;
     bool isFinished() const;
@@ -72,7 +78,7 @@ public Q_SLOTS:
     /// worker that takes longer is reported once with a warning.
     void shutDown();
 
-    /// Whether data goes out only when there is a tick.
+    /// Whether data goes out only when there is a tick. Wakes nobody: what waits goes out with the next data or tick.
     void enableThrottle(bool enable);
 
     /// Lets one data object out, now or as soon as there is one. Ticks do not add up.

@@ -13,6 +13,13 @@
 namespace Plugin {
 namespace Halvex {
 
+namespace {
+
+// What the worker needs at most from one slot to the next, in milliseconds: it only has to be scheduled.
+constexpr unsigned long longestStep = 200;
+
+} // namespace
+
 std::atomic<unsigned long> CDecouplerWorker::s_shutDownWait{30000};
 
 CDecouplerWorker::CDecouplerWorker(CDecoupler* owner)
@@ -65,8 +72,14 @@ void CDecouplerWorker::startThread()
 {
     if (m_thread)
         return;
-    m_thread = QThread::create([self = shared_from_this()] { self->run(); });
-    m_thread->start(QThread::InheritPriority);
+    QThread* const thread = QThread::create([self = shared_from_this()] { self->run(); });
+    // Whoever hands data in may have no event loop, in which the object could be deleted.
+    thread->moveToThread(m_owner->thread());
+    thread->start(QThread::InheritPriority);
+    if (thread->isRunning())
+        m_thread = thread;
+    else
+        delete thread; // the system has no thread to give; the next data tries again
 }
 
 void CDecouplerWorker::run()
@@ -97,21 +110,25 @@ void CDecouplerWorker::run()
         if (inHand)
             emitData(inHand);
     }
+    m_hasEnded = true;
+    const std::unique_ptr<CDecoupler> orphan(std::exchange(m_orphan, nullptr));
     m_mutex.unlock();
 }
 
 void CDecouplerWorker::emitData(const CNodeDataPtr& data)
 {
+    CDecoupler* owner = nullptr;
     {
         // It may be gone: releasing the previous data is foreign code, which may take long or destroy the decoupler.
         const QMutexLocker lock(&m_mutex);
-        if (!m_owner)
+        owner = m_owner;
+        if (!owner)
             return;
         m_isEmissionDue = true;
     }
 
     // From here on the decoupler goes only after the thread has ended, or when this emission has begun.
-    Q_EMIT m_owner->nodeDataAvailable(data);
+    Q_EMIT owner->nodeDataAvailable(data);
     onEmissionEntered(); // for a decoupler whose signals are blocked
 }
 
@@ -143,19 +160,36 @@ void CDecouplerWorker::shutDown()
         ++m_counts.dropped;
 }
 
+bool CDecouplerWorker::takeOver(CDecoupler* decoupler)
+{
+    const QMutexLocker lock(&m_mutex);
+    if (!m_thread || m_hasEnded)
+        return false;
+    m_orphan = decoupler;
+    return true;
+}
+
 void CDecouplerWorker::leaveOwner()
 {
     QMutexLocker lock(&m_mutex);
     if (!m_thread)
         return;
     const bool isHere = m_thread == QThread::currentThread();
-    // Bounded like the rest: a host that has disconnected everything has also cut off the slot that says so.
     if (m_isEmissionDue && !isHere)
-        m_emissionEntered.wait(&m_mutex, s_shutDownWait);
+        m_emissionEntered.wait(&m_mutex, longestStep);
+    lock.unlock();
+
+    // A slot hangs. When it returns, nothing else is to be called on behalf of an object that is gone; and if it
+    // returns just now, the emission has time to end.
+    if (!isHere && !m_thread->isFinished()) {
+        m_owner->disconnect();
+        m_thread->wait(longestStep);
+    }
+
+    lock.relock();
     m_owner = nullptr;
     QThread* const thread = std::exchange(m_thread, nullptr);
     lock.unlock();
-
     if (!isHere && thread->isFinished()) {
         thread->wait();
         delete thread;

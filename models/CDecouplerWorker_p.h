@@ -39,6 +39,9 @@ public:
     void startForWaitingData();
     void shutDown();
 
+    /// Leaves \a decoupler to the thread, which deletes it when it ends. False if no thread runs.
+    bool takeOver(CDecoupler* decoupler);
+
     /// The decoupler goes: nothing of it is touched after this.
     void leaveOwner();
 
@@ -70,7 +73,9 @@ private:
     SDecouplerStatistics m_counts;
     CDecoupler* m_owner;
     QThread* m_thread = nullptr;
-    bool m_isEmissionDue = false; // the emission has begun and not reached its first slot
+    CDecoupler* m_orphan = nullptr; // left to the thread
+    bool m_hasEnded = false;        // the loop has
+    bool m_isEmissionDue = false;   // the emission has begun and not reached its first slot
     QWaitCondition m_emissionEntered;
     std::atomic<bool> m_hasWarned{false};
 

@@ -35,8 +35,9 @@ CNodeDecouplerDataModelBase::~CNodeDecouplerDataModelBase()
 {
     m_tickTimer->stop();
     // What these release may run foreign code, which must find a model that has no output and takes no data.
-    delete std::exchange(m_decoupler, nullptr);
+    disconnect(m_decoupler, nullptr, this, nullptr);
     CNodeDataPtr().swap(m_lastData);
+    std::exchange(m_decoupler, nullptr)->deleteWhenEnded();
 }
 
 QString CNodeDecouplerDataModelBase::caption()

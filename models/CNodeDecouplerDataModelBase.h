@@ -27,7 +27,9 @@ class CDecoupler;
  * \endcode
  *
  * Data comes in during a walk, which goes on at once; it comes out later, from the graph thread's event loop, never
- * from inside setInData(). No more comes out than the rate allows, and of what comes faster only the newest. The
+ * from inside setInData(). At most one object comes out per tick of a timer, and of what comes faster only the newest.
+ * A tick takes a whole number of milliseconds, as exact as Qt's coarse timers are: 600 frames per second are one every
+ * millisecond, and more than 1000 are one in every pass of the event loop. The
  * newest is never lost: when input stops, the last data comes out, unless empty data cancelled it. Empty data is not
  * passed on.
  *

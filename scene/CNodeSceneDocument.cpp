@@ -34,16 +34,19 @@ bool isUnique(const QJsonObject& modelJson)
 QByteArray CNodeScene::saveToMemory() const
 {
     // What save() of a model does is up to the model: the tables are not iterated while it runs.
-    std::vector<std::shared_ptr<CNodeConnection>> present;
-    present.reserve(m_connections.size());
-    for (const auto& entry : m_connections)
-        present.push_back(entry.second);
-
+    const QPointer<const CNodeScene> self(this);
     QJsonArray nodes;
-    forEachNode([&nodes](const CNodeBase* node) { nodes.append(node->save()); });
+    std::vector<std::shared_ptr<CNodeConnection>> present;
+    if (forEachNode([&nodes](const CNodeBase* node) { nodes.append(node->save()); })) {
+        present.reserve(m_connections.size());
+        for (const auto& entry : m_connections)
+            present.push_back(entry.second);
+    }
 
     QJsonArray connections;
     for (const auto& connection : present) {
+        if (!self || m_connections.count(connection->id()) == 0)
+            continue;
         const QJsonObject json = connection->save();
         if (!json.isEmpty())
             connections.append(json);

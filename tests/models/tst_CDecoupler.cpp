@@ -174,6 +174,10 @@ private Q_SLOTS:
 
     void slotMayCallBack();
     void slotShutsDown();
+    void maybeStartedByHandAndDestroyedAtOnce();
+    void hangingWorkerDeletesWhatWasLeftToIt();
+    void deleteWhenEndedIsImmediateWithoutAHangingWorker();
+    void dataMayComeFromAThreadWithoutAnEventLoop();
     void slotDestroysTheDecoupler();
     void overwrittenDataCallsBack();
     void emittedDataCallsBackFromTheWorker();
@@ -417,7 +421,59 @@ void tst_CDecoupler::threadStartsWithTheFirstDataThatMayGoOut()
     decoupler.shutDown();
     QVERIFY(!decoupler.isRunning());
     QVERIFY(decoupler.isFinished());
-    QVERIFY(decoupler.QThread::wait()); // of the start() that started nothing
+}
+
+void tst_CDecoupler::maybeStartedByHandAndDestroyedAtOnce()
+{
+    for (int i = 0; i < 200; ++i) {
+        CDecoupler decoupler;
+        decoupler.start();
+    }
+}
+
+void tst_CDecoupler::hangingWorkerDeletesWhatWasLeftToIt()
+{
+    const CShutDownWait shortened(1);
+    const CMessageCatcher messages;
+    QSemaphore reached;
+    QSemaphore gate;
+    auto* const decoupler = new CDecoupler;
+    const QPointer<CDecoupler> watched = decoupler;
+    connect(decoupler, &CDecoupler::nodeDataAvailable, [&] {
+        reached.release();
+        gate.acquire();
+    });
+    decoupler->setNodeData(CTestData::make(1));
+    QVERIFY(reached.tryAcquire(1, 20000));
+    decoupler->deleteWhenEnded();
+    QVERIFY(watched);
+    QCOMPARE(messages.texts().size(), 1);
+
+    gate.release();
+    QTRY_VERIFY(!watched);
+    QTRY_COMPARE(CTestData::alive(), 0);
+}
+
+void tst_CDecoupler::deleteWhenEndedIsImmediateWithoutAHangingWorker()
+{
+    auto* const decoupler = new CDecoupler;
+    const QPointer<CDecoupler> watched = decoupler;
+    decoupler->setNodeData(CTestData::make(1));
+    decoupler->deleteWhenEnded();
+    QVERIFY(!watched);
+    QCOMPARE(CTestData::alive(), 0);
+}
+
+void tst_CDecoupler::dataMayComeFromAThreadWithoutAnEventLoop()
+{
+    // The worker's thread object must be deleted elsewhere; the leak checker of the sanitizers looks for it.
+    auto* const decoupler = new CDecoupler;
+    const QPointer<CDecoupler> watched = decoupler;
+    connect(decoupler, &CDecoupler::nodeDataAvailable, [decoupler] { delete decoupler; });
+    std::thread feeder([decoupler] { decoupler->setNodeData(CTestData::make(1)); });
+    feeder.join();
+    QTRY_VERIFY(!watched);
+    QTRY_COMPARE(CTestData::alive(), 0);
 }
 
 void tst_CDecoupler::startForWaitingDataNeedsDataAndTick()

@@ -135,6 +135,7 @@ private Q_SLOTS:
     void outputHandlerDestroysTheModel();
     void previousOutputDestroysTheModel();
     void overwrittenInputDestroysTheModel();
+    void dyingModelHasNoOutput();
 
     void decouplesInAScene();
     void isSavedAndRestoredWithItsScene();
@@ -677,6 +678,27 @@ void tst_CNodeDecouplerDataModelBase::overwrittenInputDestroysTheModel()
     model->setInData(std::move(data), 0);
     model->setInData(CTestData::make(2), 0);
     QVERIFY(!model);
+    QCOMPARE(CTestData::alive(), 0);
+}
+
+void tst_CNodeDecouplerDataModelBase::dyingModelHasNoOutput()
+{
+    auto owner = std::make_unique<CModel>();
+    CModel* const model = owner.get();
+    int calls = 0;
+    auto data = CTestData::make(1);
+    data->onDestroyed = [model, &calls] {
+        ++calls;
+        QVERIFY(!model->CNodeDecouplerDataModelBase::outData(0));
+        model->CNodeDecouplerDataModelBase::setInData(CTestData::make(2), 0);
+        model->statistics();
+    };
+    model->setInData(data, 0);
+    QTRY_VERIFY(model->outData(0));
+    data.reset();
+    // The worker holds what it emitted last until it ends.
+    owner.reset();
+    QCOMPARE(calls, 1);
     QCOMPARE(CTestData::alive(), 0);
 }
 

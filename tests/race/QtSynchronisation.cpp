@@ -13,6 +13,9 @@
 //   what happened before deleteLater()           is seen by the destructor
 //   what happened before a thread finished       is seen by who waited for it
 //
+// Queued calls are told apart by their sender: between two emissions of one sender the detector may take the later one
+// for the one that a slot has seen.
+//
 // A race that these edges do not order is still reported, which the seeded races beside this file show.
 
 #include "graph/CNodeData.h"

@@ -132,7 +132,7 @@ private Q_SLOTS:
     void longQueueNeedsNoStack();
     void dyingSceneTakesNothingIn();
     void modelThatCountsItsPortsMayDestroyTheScene();
-    void copyingAConverterMayRemoveTheNode();
+    void copyingAConverterMayRemoveTheNode() const;
     void connectionMadeDuringARemovalIsRefused();
 
     void exceptionOfAHandlerLeavesTheSceneUsable_data() { removingANodeInAnySignal_data(); }
@@ -681,7 +681,7 @@ void tst_CNodeSceneReentry::modelThatCountsItsPortsMayDestroyTheScene()
     QVERIFY(!chain.scene);
 }
 
-void tst_CNodeSceneReentry::copyingAConverterMayRemoveTheNode()
+void tst_CNodeSceneReentry::copyingAConverterMayRemoveTheNode() const
 {
     struct SCapture
     {

@@ -232,6 +232,9 @@ private Q_SLOTS:
     void restoreThatChangesTheScene_data();
     void restoreThatChangesTheScene();
     void saveThatRemovesNodes();
+    void saveThatChangesConnections();
+    void handlersThatThrow_data();
+    void handlersThatThrow();
     void saveThatDestroysTheScene();
     void creatorDestroysTheScene();
     void creatorReplacesTheRegistry();
@@ -1121,6 +1124,59 @@ void tst_SceneDocument::saveThatRemovesNodes()
     QCOMPARE(root["nodes"][0]["model"]["name"].toString(), QStringLiteral("Test"));
     QCOMPARE(root["connections"].toArray(), QJsonArray());
     QVERIFY(world.scene->nodes().empty());
+    QCOMPARE(inconsistencyOf(*world.scene), QString());
+}
+
+void tst_SceneDocument::saveThatChangesConnections()
+{
+    CWorld world;
+    world.load(chainNodes, chainConnections);
+    // Whichever is asked first: what it deletes is not saved, what it makes is.
+    auto isFirst = std::make_shared<bool>(true);
+    for (const QString& id : {idA, idB, idC}) {
+        modelOf(*world.scene, id).onSave = [&world, isFirst] {
+            if (!std::exchange(*isFirst, false))
+                return;
+            while (!world.scene->connections().empty())
+                world.scene->deleteConnectionNow(*world.scene->connections().begin()->second);
+            const auto& nodes = world.scene->nodes();
+            CNodeBase& only = *nodes.at(Core::CId(idB.toLatin1().constData()));
+            QVERIFY(world.scene->createConnection(only, 0, only, 0, NodeDataConverter()));
+        };
+    }
+    const QJsonArray saved = rootOf(world.scene->saveToMemory())["connections"].toArray();
+    QCOMPARE(saved.size(), 1);
+    QCOMPARE(saved[0]["in_id"], saved[0]["out_id"]);
+    QCOMPARE(inconsistencyOf(*world.scene), QString());
+}
+
+void tst_SceneDocument::handlersThatThrow_data()
+{
+    QTest::addColumn<bool>("onNode");
+    QTest::newRow("nodeCreated") << true;
+    QTest::newRow("connectionCreated") << false;
+}
+
+void tst_SceneDocument::handlersThatThrow()
+{
+    QFETCH(const bool, onNode);
+    CWorld world;
+    bool throws = true;
+    const auto handler = [&throws] {
+        if (std::exchange(throws, false))
+            throw std::runtime_error("handler");
+    };
+    if (onNode)
+        connect(world.scene.get(), &CNodeScene::nodeCreated, handler);
+    else
+        connect(world.scene.get(), &CNodeScene::connectionCreated, handler);
+    QVERIFY_EXCEPTION_THROWN(world.load(chainNodes, chainConnections), std::runtime_error);
+    QCOMPARE(world.scene->nodes().size(), std::size_t(onNode ? 1 : 3));
+    QCOMPARE(inconsistencyOf(*world.scene), QString());
+
+    world.scene->clearScene();
+    world.load(chainNodes, chainConnections);
+    QCOMPARE(world.scene->nodes().size(), std::size_t(3));
     QCOMPARE(inconsistencyOf(*world.scene), QString());
 }
 
