@@ -82,8 +82,7 @@ const CNodeState& CNodeBase::nodeState() const
 QJsonObject CNodeBase::save() const
 {
     const CNodeVisit visit(*this);
-    return {{DocumentKeys::id, m_id.toString()},
-            {DocumentKeys::model, m_model ? m_model->save() : QJsonObject()}};
+    return {{DocumentKeys::id, m_id.toString()}, {DocumentKeys::model, m_model ? m_model->save() : QJsonObject()}};
 }
 
 void CNodeBase::restore(const QJsonObject& json)
