@@ -52,6 +52,12 @@ struct PSinkModel : PModel<ASinkNodeDataModel>
     bool isUnique() override { return false; }
 };
 
+struct PDecouplerModel : CNodeDecouplerDataModelBase
+{
+    SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return {}; }
+    QString dataTypeName() override { return {}; }
+};
+
 struct PServiceManager : IServiceManager
 {
     void registerService(const QSharedPointer<Core::Service::IService>&) override {}
