@@ -30,7 +30,7 @@ namespace {
 class CListener
 {
 public:
-    explicit CListener(CDecoupler& decoupler, std::function<void()> onEmission = {})
+    explicit CListener(CDecoupler& decoupler, const std::function<void()>& onEmission = {})
     {
         QObject::connect(
             &decoupler, &CDecoupler::nodeDataAvailable, &decoupler,
@@ -689,6 +689,7 @@ void tst_CDecoupler::everySlotFromAnyThread()
     CDecoupler decoupler;
     const CListener listener(decoupler);
     std::vector<std::thread> callers;
+    callers.reserve(4);
     for (int caller = 0; caller < 4; ++caller) {
         callers.emplace_back([&decoupler, caller] {
             for (int i = 0; i < 5000; ++i) {

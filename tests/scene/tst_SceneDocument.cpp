@@ -92,7 +92,8 @@ QStringList contentsOf(const QByteArray& document)
     const QJsonObject root = rootOf(document);
     QStringList contents;
     for (const char* key : {"nodes", "connections"}) {
-        for (const QJsonValue& json : root[QLatin1String(key)].toArray())
+        const QJsonArray elements = root[QLatin1String(key)].toArray();
+        for (const QJsonValue& json : elements)
             contents << key + QString::fromUtf8(QJsonDocument(json.toObject()).toJson(QJsonDocument::Compact));
     }
     contents.sort();
@@ -163,7 +164,7 @@ public:
         connect(&CNodeScene::connectionDeleted, "connectionDeleted");
     }
 
-    void load(const QJsonArray& nodes, const QJsonArray& connections = {})
+    void load(const QJsonArray& nodes, const QJsonArray& connections = {}) const
     {
         scene->loadFromMemory(documentOf(nodes, connections));
     }
@@ -262,7 +263,7 @@ private Q_SLOTS:
     void replacedModelDestroysTheScene();
     void replacedModelClearsTheScene();
     void nameOfAModelRemovesNodes_data();
-    void nameOfAModelRemovesNodes();
+    void nameOfAModelRemovesNodes() const;
 };
 
 void tst_SceneDocument::cleanup()
@@ -312,7 +313,8 @@ void tst_SceneDocument::documentNamesItsParts()
     const QJsonObject root = rootOf(world.scene->saveToMemory());
 
     QCOMPARE(root.keys(), QStringList({"connections", "nodes"}));
-    for (const QJsonValue& json : root["nodes"].toArray()) {
+    const QJsonArray nodes = root["nodes"].toArray();
+    for (const QJsonValue& json : nodes) {
         const QJsonObject node = json.toObject();
         const QJsonObject model = node["model"].toObject();
         QCOMPARE(node.keys(), QStringList({"id", "model"}));
@@ -395,10 +397,12 @@ void tst_SceneDocument::orderIsThatOfTheTables()
 
     const QJsonObject root = rootOf(scene.saveToMemory());
     QStringList savedNodes;
-    for (const QJsonValue& json : root["nodes"].toArray())
+    const QJsonArray nodeObjects = root["nodes"].toArray();
+    for (const QJsonValue& json : nodeObjects)
         savedNodes << json["id"].toString();
     QList<int> savedConnections;
-    for (const QJsonValue& json : root["connections"].toArray())
+    const QJsonArray connectionObjects = root["connections"].toArray();
+    for (const QJsonValue& json : connectionObjects)
         savedConnections << json["in_index"].toInt();
     QCOMPARE(savedNodes, nodes);
     QCOMPARE(savedConnections, connections);
@@ -1277,7 +1281,7 @@ void tst_SceneDocument::nameOfAModelRemovesNodes_data()
     QTest::newRow("the scene") << true;
 }
 
-void tst_SceneDocument::nameOfAModelRemovesNodes()
+void tst_SceneDocument::nameOfAModelRemovesNodes() const
 {
     class CFleetingModel : public CTestModel
     {

@@ -131,17 +131,17 @@ public:
         QElapsedTimer clock;
         clock.start();
         std::size_t settled = 0;
-        while (clock.elapsed() < 1000 * seconds) {
+        while (clock.elapsed() < qint64{1000} * seconds) {
             QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
             change();
-            if (settled == 0 && clock.elapsed() > 100 * seconds)
+            if (settled == 0 && clock.elapsed() > qint64{100} * seconds)
                 settled = memoryInUse();
         }
         m_feeder.stop();
         drain();
         // Frames under way and Qt's own caches vary; a leak of one frame or node per change would be a hundred times as
         // much.
-        check(memoryInUse() < settled + 256 * 1024, "the memory in use has grown");
+        check(memoryInUse() < settled + std::size_t{256} * 1024, "the memory in use has grown");
     }
 
     void checkPermanentBranches()
