@@ -276,7 +276,7 @@ void tst_CDecoupler::oneReleasePerTick()
         decoupler.throttleTimerTick();
         QVERIFY(listener.waitFor(1 + tick));
         QCOMPARE(listener.values().size(), 1 + tick);
-        QCOMPARE(listener.values().last(), value);
+        QCOMPARE(listener.values().constLast(), value);
     }
 }
 
@@ -439,10 +439,11 @@ void tst_CDecoupler::hangingWorkerDeletesWhatWasLeftToIt()
     QSemaphore gate;
     auto* const decoupler = new CDecoupler;
     const QPointer<CDecoupler> watched = decoupler;
-    connect(decoupler, &CDecoupler::nodeDataAvailable, [&] {
+    const auto hang = [&reached, &gate] {
         reached.release();
         gate.acquire();
-    });
+    };
+    connect(decoupler, &CDecoupler::nodeDataAvailable, decoupler, hang, Qt::DirectConnection);
     decoupler->setNodeData(CTestData::make(1));
     QVERIFY(reached.tryAcquire(1, 20000));
     decoupler->deleteWhenEnded();

@@ -186,8 +186,15 @@ private:
     }
 };
 
-const QJsonArray chainNodes{nodeJson(idA), nodeJson(idB), nodeJson(idC)};
-const QJsonArray chainConnections{connectionJson(idA, idB), connectionJson(idB, idC)};
+QJsonArray chainNodes()
+{
+    return {nodeJson(idA), nodeJson(idB), nodeJson(idC)};
+}
+
+QJsonArray chainConnections()
+{
+    return {connectionJson(idA, idB), connectionJson(idB, idC)};
+}
 
 } // namespace
 
@@ -278,7 +285,7 @@ void tst_SceneDocument::emptySceneHasEmptyArrays()
     const QByteArray document = world.scene->saveToMemory();
     QCOMPARE(rootOf(document), QJsonObject({{"nodes", QJsonArray()}, {"connections", QJsonArray()}}));
 
-    world.load(chainNodes, chainConnections);
+    world.load(chainNodes(), chainConnections());
     const QStringList before = contentsOf(world.scene->saveToMemory());
     world.scene->loadFromMemory(document);
     QCOMPARE(contentsOf(world.scene->saveToMemory()), before);
@@ -372,11 +379,11 @@ void tst_SceneDocument::connectionNamesItsConverterByTypes()
 void tst_SceneDocument::halfConnectionsAreLeftOut()
 {
     CWorld world;
-    world.load(chainNodes, chainConnections);
+    world.load(chainNodes(), chainConnections());
     world.scene->createConnection(ENodePortType::In, world.node(idA), 0);
     world.scene->createConnection(ENodePortType::Out, world.node(idA), 1);
     QCOMPARE(world.scene->connections().size(), std::size_t(4));
-    QCOMPARE(contentsOf(world.scene->saveToMemory()), contentsOf(documentOf(chainNodes, chainConnections)));
+    QCOMPARE(contentsOf(world.scene->saveToMemory()), contentsOf(documentOf(chainNodes(), chainConnections())));
     QCOMPARE(inconsistencyOf(*world.scene), QString());
 }
 
@@ -462,7 +469,7 @@ void tst_SceneDocument::converterIsFoundByIdsAlone()
     QJsonObject connection = connectionJson(idA, idB);
     connection.insert("converter",
                       QJsonObject{{"in", typeJson({"colour", "Colour"})}, {"out", typeJson({"grey", "Grey"})}});
-    world.load(chainNodes, {connection});
+    world.load(chainNodes(), {connection});
 
     modelOf(*world.scene, idA).offer(CTestData::make(1));
     QCOMPARE(modelOf(*world.scene, idB).values(), std::vector<int>({42}));
@@ -476,7 +483,7 @@ void tst_SceneDocument::converterIsLookedUpFromOutToIn()
                                           [](const CNodeDataPtr&) { return CTestData::make(42); });
     QJsonObject connection = connectionJson(idA, idB);
     connection.insert("converter", QJsonObject{{"in", typeJson({"colour", ""})}, {"out", typeJson({"grey", ""})}});
-    world.load(chainNodes, {connection});
+    world.load(chainNodes(), {connection});
 
     modelOf(*world.scene, idA).offer(CTestData::make(1));
     QCOMPARE(modelOf(*world.scene, idB).values(), std::vector<int>({1})); // only the other direction is registered
@@ -487,7 +494,7 @@ void tst_SceneDocument::converterIsLookedUpFromOutToIn()
 void tst_SceneDocument::restoredConnectionCarriesThePresentOutput()
 {
     CWorld world;
-    world.load(chainNodes);
+    world.load(chainNodes());
     modelOf(*world.scene, idA).out = CTestData::make(5);
     world.load({}, {connectionJson(idA, idB)});
     QCOMPARE(modelOf(*world.scene, idB).values(), std::vector<int>({5}));
@@ -497,10 +504,10 @@ void tst_SceneDocument::restoredConnectionCarriesThePresentOutput()
 void tst_SceneDocument::nodesComeBeforeConnections()
 {
     CWorld world;
-    world.scene->loadFromMemory(documentOf({nodeJson(idC), nodeJson(idA), nodeJson(idB)}, chainConnections));
+    world.scene->loadFromMemory(documentOf({nodeJson(idC), nodeJson(idA), nodeJson(idB)}, chainConnections()));
     QCOMPARE(world.said,
              QStringList({"nodeCreated", "nodeCreated", "nodeCreated", "connectionCreated", "connectionCreated"}));
-    QCOMPARE(contentsOf(world.scene->saveToMemory()), contentsOf(documentOf(chainNodes, chainConnections)));
+    QCOMPARE(contentsOf(world.scene->saveToMemory()), contentsOf(documentOf(chainNodes(), chainConnections())));
     QCOMPARE(inconsistencyOf(*world.scene), QString());
 }
 
@@ -520,7 +527,7 @@ void tst_SceneDocument::restoreNodeReturnsTheNode()
 void tst_SceneDocument::restoreConnectionReturnsTheConnection()
 {
     CWorld world;
-    world.load(chainNodes);
+    world.load(chainNodes());
     const auto connection = world.scene->restoreConnection(connectionJson(idA, idB));
     QCOMPARE(connection.get(), &world.onlyConnection());
     QVERIFY(!world.scene->restoreConnection(connectionJson(idA, noId)));
@@ -595,8 +602,8 @@ void tst_SceneDocument::unknownModelEndsTheLoad()
     QCOMPARE(world.scene->nodes().size(), std::size_t(2));
     QVERIFY(world.scene->connections().empty());
 
-    world.load({nodeJson(idC)}, chainConnections);
-    QCOMPARE(contentsOf(world.scene->saveToMemory()), contentsOf(documentOf(chainNodes, chainConnections)));
+    world.load({nodeJson(idC)}, chainConnections());
+    QCOMPARE(contentsOf(world.scene->saveToMemory()), contentsOf(documentOf(chainNodes(), chainConnections())));
     QCOMPARE(inconsistencyOf(*world.scene), QString());
 }
 
@@ -662,7 +669,7 @@ void tst_SceneDocument::connectionsDoNotReachTheSavedIdOfAUniqueModel()
 {
     CWorld world;
     world.load({nodeJson(idA)});
-    world.load({nodeJson(idB, "Test", true), nodeJson(idC)}, chainConnections);
+    world.load({nodeJson(idB, "Test", true), nodeJson(idC)}, chainConnections());
     QCOMPARE(world.scene->nodes().size(), std::size_t(2));
     QVERIFY(world.scene->connections().empty());
     QCOMPARE(inconsistencyOf(*world.scene), QString());
@@ -671,7 +678,7 @@ void tst_SceneDocument::connectionsDoNotReachTheSavedIdOfAUniqueModel()
 void tst_SceneDocument::textThatIsNoSceneLoadsNothing_data()
 {
     QTest::addColumn<QByteArray>("text");
-    const QByteArray valid = documentOf(chainNodes, chainConnections);
+    const QByteArray valid = documentOf(chainNodes(), chainConnections());
     QTest::newRow("null") << QByteArray();
     QTest::newRow("blank") << QByteArray(" \n");
     QTest::newRow("words") << QByteArray("no scene");
@@ -836,7 +843,7 @@ void tst_SceneDocument::portIndices()
         CWorld world;
         QJsonObject connection = connectionJson(idA, idB);
         connection.insert(QLatin1String(key), "index");
-        QByteArray document = documentOf(chainNodes, {connection});
+        QByteArray document = documentOf(chainNodes(), {connection});
         world.scene->loadFromMemory(document.replace("\"index\"", text));
 
         QCOMPARE(world.scene->nodes().size(), std::size_t(3));
@@ -972,7 +979,7 @@ void tst_SceneDocument::tenMegabytes()
 void tst_SceneDocument::presentNodeIsReplaced()
 {
     CWorld world;
-    world.load(chainNodes, chainConnections);
+    world.load(chainNodes(), chainConnections());
     world.said.clear();
     bool isDestroyed = false;
     modelOf(*world.scene, idB).onDestroyed = [&isDestroyed] { isDestroyed = true; };
@@ -989,13 +996,13 @@ void tst_SceneDocument::presentNodeIsReplaced()
 void tst_SceneDocument::loadingTwice()
 {
     CWorld world;
-    world.load(chainNodes, chainConnections);
-    world.load(chainNodes, chainConnections);
+    world.load(chainNodes(), chainConnections());
+    world.load(chainNodes(), chainConnections());
     QCOMPARE(world.scene->nodes().size(), std::size_t(3));
     QCOMPARE(world.scene->connections().size(), std::size_t(4));
     QCOMPARE(world.said.count("nodeDeleted"), 0);
     QCOMPARE(world.said.count("connectionDeleted"), 0);
-    QCOMPARE(contentsOf(world.scene->saveToMemory()), contentsOf(documentOf(chainNodes, chainConnections)));
+    QCOMPARE(contentsOf(world.scene->saveToMemory()), contentsOf(documentOf(chainNodes(), chainConnections())));
 
     modelOf(*world.scene, idA).offer(CTestData::make(1));
     QCOMPARE(modelOf(*world.scene, idC).values(), std::vector<int>({1}));
@@ -1033,7 +1040,7 @@ void tst_SceneDocument::handlerOfNodeCreated()
         else
             world.scene.reset();
     });
-    world.load(chainNodes, chainConnections);
+    world.load(chainNodes(), chainConnections());
 
     QCOMPARE(!world.scene, action == "destroy");
     QCOMPARE(world.said.count("nodeCreated"), world.scene ? 3 : 1);
@@ -1069,7 +1076,7 @@ void tst_SceneDocument::handlerOfConnectionCreated()
         else
             world.scene.reset();
     });
-    world.load(chainNodes, chainConnections);
+    world.load(chainNodes(), chainConnections());
 
     QCOMPARE(!world.scene, action == "destroy");
     if (world.scene) {
@@ -1090,7 +1097,7 @@ void tst_SceneDocument::restoreThatThrows()
     QCOMPARE(world.scene->nodes().size(), std::size_t(3)); // the old one of the same id among them
 
     world.onCreate = nullptr;
-    world.load({}, chainConnections);
+    world.load({}, chainConnections());
     QCOMPARE(world.scene->connections().size(), std::size_t(2));
     QCOMPARE(inconsistencyOf(*world.scene), QString());
 }
@@ -1124,7 +1131,7 @@ void tst_SceneDocument::restoreThatChangesTheScene()
                 world.scene.reset();
         };
     };
-    world.load(chainNodes, chainConnections);
+    world.load(chainNodes(), chainConnections());
 
     QCOMPARE(!world.scene, action == "destroy");
     if (world.scene) {
@@ -1138,7 +1145,7 @@ void tst_SceneDocument::restoreThatChangesTheScene()
 void tst_SceneDocument::saveThatRemovesNodes()
 {
     CWorld world;
-    world.load(chainNodes, chainConnections);
+    world.load(chainNodes(), chainConnections());
     // Whichever is asked first removes the two others and then itself.
     for (const QString& id : {idA, idB, idC})
         modelOf(*world.scene, id).onSave = [&world] { world.scene->clearScene(); };
@@ -1154,7 +1161,7 @@ void tst_SceneDocument::saveThatRemovesNodes()
 void tst_SceneDocument::saveThatChangesConnections()
 {
     CWorld world;
-    world.load(chainNodes, chainConnections);
+    world.load(chainNodes(), chainConnections());
     // Whichever is asked first: what it deletes is not saved, what it makes is.
     auto isFirst = std::make_shared<bool>(true);
     for (const QString& id : {idA, idB, idC}) {
@@ -1194,12 +1201,12 @@ void tst_SceneDocument::handlersThatThrow()
         connect(world.scene.get(), &CNodeScene::nodeCreated, handler);
     else
         connect(world.scene.get(), &CNodeScene::connectionCreated, handler);
-    QVERIFY_EXCEPTION_THROWN(world.load(chainNodes, chainConnections), std::runtime_error);
+    QVERIFY_EXCEPTION_THROWN(world.load(chainNodes(), chainConnections()), std::runtime_error);
     QCOMPARE(world.scene->nodes().size(), std::size_t(onNode ? 1 : 3));
     QCOMPARE(inconsistencyOf(*world.scene), QString());
 
     world.scene->clearScene();
-    world.load(chainNodes, chainConnections);
+    world.load(chainNodes(), chainConnections());
     QCOMPARE(world.scene->nodes().size(), std::size_t(3));
     QCOMPARE(inconsistencyOf(*world.scene), QString());
 }
@@ -1207,7 +1214,7 @@ void tst_SceneDocument::handlersThatThrow()
 void tst_SceneDocument::saveThatDestroysTheScene()
 {
     CWorld world;
-    world.load(chainNodes, chainConnections);
+    world.load(chainNodes(), chainConnections());
     for (const QString& id : {idA, idB, idC})
         modelOf(*world.scene, id).onSave = [&world] { world.scene.reset(); };
     const QJsonObject root = rootOf(world.scene->saveToMemory());
@@ -1220,7 +1227,7 @@ void tst_SceneDocument::creatorDestroysTheScene()
 {
     CWorld world;
     world.onCreate = [&world](CTestModel&) { world.scene.reset(); };
-    world.load(chainNodes, chainConnections);
+    world.load(chainNodes(), chainConnections());
     QVERIFY(!world.scene);
     QCOMPARE(world.said, QStringList());
 }
@@ -1233,8 +1240,8 @@ void tst_SceneDocument::creatorReplacesTheRegistry()
         world.registry.reset();
         world.scene->setRegistry(other.registry);
     };
-    world.load(chainNodes, chainConnections);
-    QCOMPARE(contentsOf(world.scene->saveToMemory()), contentsOf(documentOf(chainNodes, chainConnections)));
+    world.load(chainNodes(), chainConnections());
+    QCOMPARE(contentsOf(world.scene->saveToMemory()), contentsOf(documentOf(chainNodes(), chainConnections())));
     QCOMPARE(inconsistencyOf(*world.scene), QString());
 }
 
@@ -1248,7 +1255,7 @@ void tst_SceneDocument::infoHandlerDestroysTheScene()
     world.onCreate = [&scene](CTestModel& model) {
         QObject::connect(&model, &CNodeDataModel::infoInjected, [&scene] { scene.reset(); });
     };
-    scene->loadFromMemory(documentOf(chainNodes, chainConnections));
+    scene->loadFromMemory(documentOf(chainNodes(), chainConnections()));
     QVERIFY(!scene);
 }
 
@@ -1257,7 +1264,7 @@ void tst_SceneDocument::replacedModelDestroysTheScene()
     CWorld world;
     world.load({nodeJson(idA)});
     modelOf(*world.scene, idA).onDestroyed = [&world] { world.scene.reset(); };
-    world.load(chainNodes, chainConnections);
+    world.load(chainNodes(), chainConnections());
     QVERIFY(!world.scene);
     QCOMPARE(world.said.count("nodeCreated"), 1); // the new one was never announced
 }
@@ -1267,7 +1274,7 @@ void tst_SceneDocument::replacedModelClearsTheScene()
     CWorld world;
     world.load({nodeJson(idA)});
     modelOf(*world.scene, idA).onDestroyed = [&world] { world.scene->clearScene(); };
-    world.load(chainNodes, chainConnections);
+    world.load(chainNodes(), chainConnections());
     QVERIFY(!world.has(idA));
     QCOMPARE(world.scene->nodes().size(), std::size_t(2));
     QCOMPARE(world.scene->connections().size(), std::size_t(1));
