@@ -182,7 +182,7 @@ void CDecouplerWorker::leaveOwner()
     // A slot hangs. When it returns, nothing else is to be called on behalf of an object that is gone; and if it
     // returns just now, the emission has time to end.
     if (!isHere && !m_thread->isFinished()) {
-        m_owner->disconnect();
+        QObject::disconnect(m_owner, &CDecoupler::nodeDataAvailable, nullptr, nullptr);
         m_thread->wait(longestStep);
     }
 

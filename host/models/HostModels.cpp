@@ -17,24 +17,16 @@
 
 namespace Host {
 
-namespace {
-
-template <typename Model>
-void registerOne(Plugin::Halvex::CNodeDataModelRegistry& registry, const QString& category)
-{
-    registry.registerModel([] { return std::make_unique<Model>(); }, category);
-}
-
-} // namespace
-
 void registerHostModels(Plugin::Halvex::CNodeDataModelRegistry& registry)
 {
-    registerOne<CCameraSourceModel>(registry, QStringLiteral("Sources"));
-    for (const auto registerFilter : {registerOne<CBlurModel>, registerOne<CThresholdModel>, registerOne<CEdgesModel>,
-                                      registerOne<CHistogramModel>})
-        registerFilter(registry, QStringLiteral("Filters"));
-    registerOne<CPngSinkModel>(registry, QStringLiteral("Sinks"));
-    registerOne<Plugin::Halvex::CGenericNodeDecouplerDataModel<CGrabResultData>>(registry, QStringLiteral("Tools"));
+    const QString filters = QStringLiteral("Filters");
+    registry.registerModel<CCameraSourceModel>(QStringLiteral("Sources"));
+    registry.registerModel<CBlurModel>(filters);
+    registry.registerModel<CThresholdModel>(filters);
+    registry.registerModel<CEdgesModel>(filters);
+    registry.registerModel<CHistogramModel>(filters);
+    registry.registerModel<CPngSinkModel>(QStringLiteral("Sinks"));
+    registry.registerModel<Plugin::Halvex::CGenericNodeDecouplerDataModel<CGrabResultData>>(QStringLiteral("Tools"));
     registry.registerTypeConverter({CGrabResultData::dataType(), CImageData::dataType()}, CGrabResultConverter());
 }
 

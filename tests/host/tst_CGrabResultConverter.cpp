@@ -61,6 +61,7 @@ private Q_SLOTS:
     void emptyDataStaysEmpty();
     void otherDataIsEmpty();
     void unknownFormatIsEmpty();
+    void rowsBetweenValuesAreEmpty();
     void mono8IsNotCopied();
     void imageKeepsTheFrame();
     void deepMonoKeepsTheHighestBits_data();
@@ -87,6 +88,14 @@ void tst_CGrabResultConverter::unknownFormatIsEmpty()
 {
     QVERIFY(!CGrabResultConverter::supports(QStringLiteral("Mono12Packed")));
     QVERIFY(!SFrame(QStringLiteral("Mono12Packed"), 4, 4, 2).converted());
+}
+
+void tst_CGrabResultConverter::rowsBetweenValuesAreEmpty()
+{
+    SFrame frame(QStringLiteral("Mono12"), 5, 2, 2);
+    QVERIFY(frame.converted());
+    --frame.result.stride;
+    QVERIFY(!frame.converted());
 }
 
 void tst_CGrabResultConverter::mono8IsNotCopied()

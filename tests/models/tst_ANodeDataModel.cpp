@@ -49,6 +49,7 @@ private Q_SLOTS:
     void savesWhetherItIsUnique();
     void asksForUniquenessAtEachSave();
     void nodeSavesItsIdentity();
+    void nameMayRemoveTheModelThatIsSaved();
     void restoreChangesNothing();
     void noInfoAtFirst();
     void metaObject();
@@ -138,6 +139,29 @@ void tst_ANodeDataModel::nodeSavesItsIdentity()
     const CNodeBase node(std::make_unique<CNamedModel>(QStringLiteral("Camera")));
     QCOMPARE(node.save().value("model").toObject(), node.nodeDataModel()->save());
     QCOMPARE(node.save().value("model").toObject().value("unique_name"), QJsonValue("Camera"));
+}
+
+void tst_ANodeDataModel::nameMayRemoveTheModelThatIsSaved()
+{
+    class CVanishingModel : public CNamedModel
+    {
+    public:
+        QString name() override
+        {
+            if (owner)
+                owner->reset();
+            return QStringLiteral("Vanishing");
+        }
+        std::unique_ptr<CNodeBase>* owner = nullptr;
+    };
+    auto vanishing = std::make_unique<CVanishingModel>();
+    CVanishingModel* const model = vanishing.get();
+    auto node = std::make_unique<CNodeBase>(std::move(vanishing));
+    model->owner = &node;
+    // Asked directly: the node's own save() would keep the model until it has ended.
+    const QJsonObject json = node->nodeDataModel()->save();
+    QVERIFY(!node);
+    QCOMPARE(json, QJsonObject({{"name", "Vanishing"}}));
 }
 
 void tst_ANodeDataModel::restoreChangesNothing()

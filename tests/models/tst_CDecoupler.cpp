@@ -26,6 +26,21 @@ using namespace Plugin::Halvex;
 
 namespace {
 
+/// Knows whether an object was destroyed, in whatever thread. A QPointer must not be read while another thread destroys
+/// its object.
+class CDestruction
+{
+public:
+    explicit CDestruction(QObject& object)
+    {
+        QObject::connect(&object, &QObject::destroyed, [happened = m_happened] { *happened = true; });
+    }
+    bool hasHappened() const { return *m_happened; }
+
+private:
+    std::shared_ptr<std::atomic<bool>> m_happened = std::make_shared<std::atomic<bool>>(false);
+};
+
 /// Notes what a decoupler emits, on the worker's thread; may be gone before that has ended.
 class CListener
 {
@@ -438,7 +453,7 @@ void tst_CDecoupler::hangingWorkerDeletesWhatWasLeftToIt()
     QSemaphore reached;
     QSemaphore gate;
     auto* const decoupler = new CDecoupler;
-    const QPointer<CDecoupler> watched = decoupler;
+    const CDestruction destruction(*decoupler);
     const auto hang = [&reached, &gate] {
         reached.release();
         gate.acquire();
@@ -447,21 +462,21 @@ void tst_CDecoupler::hangingWorkerDeletesWhatWasLeftToIt()
     decoupler->setNodeData(CTestData::make(1));
     QVERIFY(reached.tryAcquire(1, 20000));
     decoupler->deleteWhenEnded();
-    QVERIFY(watched);
+    QVERIFY(!destruction.hasHappened());
     QCOMPARE(messages.texts().size(), 1);
 
     gate.release();
-    QTRY_VERIFY(!watched);
+    QTRY_VERIFY(destruction.hasHappened());
     QTRY_COMPARE(CTestData::alive(), 0);
 }
 
 void tst_CDecoupler::deleteWhenEndedIsImmediateWithoutAHangingWorker()
 {
     auto* const decoupler = new CDecoupler;
-    const QPointer<CDecoupler> watched = decoupler;
+    const CDestruction destruction(*decoupler);
     decoupler->setNodeData(CTestData::make(1));
     decoupler->deleteWhenEnded();
-    QVERIFY(!watched);
+    QVERIFY(destruction.hasHappened());
     QCOMPARE(CTestData::alive(), 0);
 }
 
@@ -469,11 +484,11 @@ void tst_CDecoupler::dataMayComeFromAThreadWithoutAnEventLoop()
 {
     // The worker's thread object must be deleted elsewhere; the leak checker of the sanitizers looks for it.
     auto* const decoupler = new CDecoupler;
-    const QPointer<CDecoupler> watched = decoupler;
+    const CDestruction destruction(*decoupler);
     connect(decoupler, &CDecoupler::nodeDataAvailable, [decoupler] { delete decoupler; });
     std::thread feeder([decoupler] { decoupler->setNodeData(CTestData::make(1)); });
     feeder.join();
-    QTRY_VERIFY(!watched);
+    QTRY_VERIFY(destruction.hasHappened());
     QTRY_COMPARE(CTestData::alive(), 0);
 }
 
@@ -753,11 +768,11 @@ void tst_CDecoupler::slotDestroysTheDecoupler()
         delete decoupler;
     });
     const CListener second(*decoupler);
-    const QPointer<CDecoupler> guard(decoupler);
+    const CDestruction destruction(*decoupler);
     decoupler->setNodeData(CTestData::make(1));
     QVERIFY(listener.waitFor(1));
 
-    QTRY_VERIFY(!guard);
+    QTRY_VERIFY(destruction.hasHappened());
     QTRY_VERIFY(!listener.thread());
     QCOMPARE(listener.values(), QVector<int>({1}));
     QCOMPARE(second.values(), QVector<int>());
@@ -821,12 +836,12 @@ void tst_CDecoupler::discardedDataCallsBack()
 void tst_CDecoupler::emittedDataDestroysTheDecoupler()
 {
     auto* const decoupler = new CDecoupler;
-    const QPointer<CDecoupler> guard(decoupler);
+    const CDestruction destruction(*decoupler);
     const CListener listener(*decoupler);
     decoupler->setNodeData(dataWith(1, [decoupler] { delete decoupler; }));
     QVERIFY(listener.waitFor(1));
     decoupler->setNodeData(CTestData::make(2)); // the worker lets go of the first
-    QTRY_VERIFY(!guard);
+    QTRY_VERIFY(destruction.hasHappened());
     QTRY_VERIFY(!listener.thread());
     QCOMPARE(listener.values(), QVector<int>({1}));
 }

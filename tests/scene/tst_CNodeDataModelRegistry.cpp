@@ -445,7 +445,7 @@ void tst_CNodeDataModelRegistry::movedFromCanBeFilledAgain()
 
     CNodeDataModelRegistry second;
     second = std::move(from);
-    fill(from); // NOLINT(bugprone-use-after-move)
+    fill(from); // NOLINT(bugprone-use-after-move): the same question after an assignment
     QVERIFY(isFilled(from));
     QVERIFY(isFilled(second));
 }
