@@ -49,7 +49,7 @@ private Q_SLOTS:
     void savesWhetherItIsUnique();
     void asksForUniquenessAtEachSave();
     void nodeSavesItsIdentity();
-    void nameMayRemoveTheModelThatIsSaved();
+    void nameMayRemoveTheModelThatIsSaved() const;
     void restoreChangesNothing();
     void noInfoAtFirst();
     void metaObject();
@@ -141,7 +141,7 @@ void tst_ANodeDataModel::nodeSavesItsIdentity()
     QCOMPARE(node.save().value("model").toObject().value("unique_name"), QJsonValue("Camera"));
 }
 
-void tst_ANodeDataModel::nameMayRemoveTheModelThatIsSaved()
+void tst_ANodeDataModel::nameMayRemoveTheModelThatIsSaved() const
 {
     class CVanishingModel : public CNamedModel
     {
