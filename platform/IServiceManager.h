@@ -13,8 +13,8 @@ namespace Service {
 /**
  * Where plugins publish their services; the host implements it.
  *
- * The manager shares ownership of a service from registerService() until unregisterService(). Both are called
- * from the host's main thread.
+ * The manager shares ownership of a service from registerService() until unregisterService(). All operations
+ * are called from the host's main thread.
  */
 class Q_DECL_EXPORT IServiceManager
 {
@@ -23,6 +23,10 @@ public:
 
     virtual void registerService(const QSharedPointer<IService>& service) = 0;
     virtual void unregisterService(const QSharedPointer<IService>& service) = 0;
+
+    /// The first of the registered services that inherits the class of that name, "Plugin::Halvex::INodeService" for
+    /// example; null if there is none.
+    virtual QSharedPointer<IService> findService(const char* className) const = 0;
 };
 
 } // namespace Service

@@ -62,6 +62,7 @@ struct PServiceManager : IServiceManager
 {
     void registerService(const QSharedPointer<Core::Service::IService>&) override {}
     void unregisterService(const QSharedPointer<Core::Service::IService>&) override {}
+    QSharedPointer<Core::Service::IService> findService(const char*) const override { return {}; }
 };
 
 struct PPlugin : Core::Plugin::ALocalizedPlugin

@@ -30,6 +30,14 @@ class CServiceManager : public IServiceManager
 public:
     void registerService(const QSharedPointer<IService>& service) override { m_services.append(service); }
     void unregisterService(const QSharedPointer<IService>& service) override { m_services.removeAll(service); }
+    QSharedPointer<IService> findService(const char* className) const override
+    {
+        for (const auto& service : m_services) {
+            if (service->inherits(className))
+                return service;
+        }
+        return {};
+    }
 
     const QVector<QSharedPointer<IService>>& services() const { return m_services; }
 
