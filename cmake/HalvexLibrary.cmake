@@ -30,7 +30,10 @@ set(HALVEX_PUBLIC_HEADERS
   models/ENodeDataModelType.h
   models/SDecouplerStatistics.h
   scene/CNodeDataModelRegistry.h
-  scene/CNodeScene.h)
+  scene/CNodeScene.h
+  service/CNodeService.h
+  service/CVeltraGrabResultData.h
+  service/INodeService.h)
 set(HALVEX_PLATFORM_HEADERS
   platform/ALocalizedPlugin.h
   platform/CGrabResultPtr.h
@@ -69,7 +72,14 @@ target_sources(Halvex PRIVATE
   models/CNodeDecouplerDataModelBase.cpp
   scene/CNodeDataModelRegistry.cpp
   scene/CNodeScene.cpp
-  scene/CNodeSceneDocument.cpp)
+  scene/CNodeSceneDocument.cpp
+  service/CNodeService.cpp
+  service/CSceneImport.cpp
+  service/CSceneImport_p.h
+  service/CVeltraGrabResultData.cpp
+  service/INodeService.cpp
+  service/LoggingCategory.cpp
+  service/LoggingCategory_p.h)
 
 # The umbrella header is made from the same list that is installed, so that it misses no class.
 set(HALVEX_INCLUDES "")

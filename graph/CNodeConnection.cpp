@@ -6,6 +6,7 @@
 #include "graph/CLiveObjects_p.h"
 #include "graph/CNodeBase.h"
 #include "graph/DocumentKeys_p.h"
+#include "graph/LoggingCategory_p.h"
 #include "graph/Swallow_p.h"
 
 namespace Plugin {
@@ -52,7 +53,7 @@ CNodeConnection::~CNodeConnection()
     // What the model does with empty data and what a converter leaves behind is foreign code: it comes while the
     // connection is whole.
     m_isEnding = true;
-    swallowExceptions("A connection's last delivery", [this] { propagateEmptyData(); });
+    swallowExceptions(lcGraph, "A connection's last delivery", [this] { propagateEmptyData(); });
     m_converter.reset();
     removeFromNodes();
     CLiveObjects::remove(this);

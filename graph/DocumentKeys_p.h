@@ -8,7 +8,7 @@
 namespace Plugin {
 namespace Halvex {
 
-/// The keys of scene documents. Frozen: documents of every version hold them.
+/// The keys of scene and import documents. Frozen: documents of every version hold them.
 namespace DocumentKeys {
 
 // QLatin1String's own constructor is not a constant expression with every compiler.
@@ -41,6 +41,12 @@ constexpr QLatin1String outIndex = key("out_index");
 constexpr QLatin1String converter = key("converter");
 constexpr QLatin1String in = key("in");
 constexpr QLatin1String out = key("out");
+
+// An element of an import document; "name" and "model" are the keys above.
+constexpr QLatin1String uniqueSources = key("unique_sources");
+constexpr QLatin1String connection = key("connection");
+constexpr QLatin1String indexIn = key("index_in");
+constexpr QLatin1String indexOut = key("index _out"); // the blank is part of it
 
 } // namespace DocumentKeys
 } // namespace Halvex

@@ -3,25 +3,27 @@
 
 #pragma once
 
-#include "graph/LoggingCategory_p.h"
+#include <QLoggingCategory>
 
 #include <exception>
 
 namespace Plugin {
 namespace Halvex {
 
-/// Runs \a work, which calls foreign code, where nothing may be thrown: in a destructor. What it throws is reported
-/// under the name \a where.
+/// Runs \a work, which calls foreign code, where nothing may be thrown. What it throws is reported to \a category under
+/// the name \a where. Returns whether the work came to its end.
 template <typename Work>
-void swallowExceptions(const char* where, Work&& work) noexcept
+bool swallowExceptions(const QLoggingCategory& (*category)(), const char* where, Work&& work) noexcept
 {
     try {
         work();
+        return true;
     } catch (const std::exception& exception) {
-        qCWarning(lcGraph, "%s ended with an exception: %s", where, exception.what());
+        qCWarning(category, "%s ended with an exception: %s", where, exception.what());
     } catch (...) {
-        qCWarning(lcGraph, "%s ended with an exception of unknown type", where);
+        qCWarning(category, "%s ended with an exception of unknown type", where);
     }
+    return false;
 }
 
 } // namespace Halvex

@@ -4,6 +4,7 @@
 #include "scene/CNodeScene.h"
 
 #include "graph/CGraphOwner_p.h"
+#include "graph/LoggingCategory_p.h"
 #include "graph/Swallow_p.h"
 
 #include <QPointer>
@@ -80,7 +81,7 @@ CNodeScene::~CNodeScene()
     // would have done at their end is done here.
     m_depth = 0;
     m_isClosing = true;
-    swallowExceptions("The clearing of a scene that is being destroyed", [this] {
+    swallowExceptions(lcGraph, "The clearing of a scene that is being destroyed", [this] {
         runDeferred();
         clearScene();
     });
@@ -355,7 +356,7 @@ template <typename Signal>
 void CNodeScene::tell(const Signal& signal)
 {
     if (m_isClosing)
-        swallowExceptions("A handler of a scene that is being destroyed", signal);
+        swallowExceptions(lcGraph, "A handler of a scene that is being destroyed", signal);
     else
         signal();
 }

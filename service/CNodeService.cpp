@@ -1,0 +1,411 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "service/CNodeService.h"
+
+#include "graph/Swallow_p.h"
+#include "scene/CNodeScene.h"
+#include "service/CSceneImport_p.h"
+#include "service/LoggingCategory_p.h"
+
+#include <QJsonDocument>
+
+#include <algorithm>
+
+namespace Plugin {
+namespace Halvex {
+namespace {
+
+/// The node that has \a model, which may be gone; null if there is none.
+CNodeBase* nodeOf(const CNodeScene& scene, const ANodeDataModel* model)
+{
+    const auto& nodes = scene.nodes();
+    const auto found = std::find_if(nodes.begin(), nodes.end(),
+                                    [model](const auto& entry) { return entry.second->nodeDataModel() == model; });
+    return found == nodes.end() ? nullptr : found->second.get();
+}
+
+} // namespace
+
+CNodeService::CNodeService(QObject* parent)
+    : INodeService(parent)
+{
+}
+
+CNodeService::~CNodeService()
+{
+    m_isClosing = true;
+    while (!m_scenes.isEmpty())
+        delete m_scenes.takeFirst();
+    releaseRegistry();
+}
+
+Core::CId CNodeService::addNode(std::unique_ptr<ANodeDataModel> model, Core::AppCoreComponents::BaseInfoPtr info)
+{
+    Core::CId id;
+    swallowExceptions(lcService, "Adding a node", [&] { id = placeNode(std::move(model), info); });
+    return id;
+}
+
+CNodeBase* CNodeService::findNode(Core::CId nodeId)
+{
+    for (const CNodeScene* scene : qAsConst(m_scenes)) {
+        const auto found = scene->nodes().find(nodeId);
+        if (found != scene->nodes().end())
+            return found->second.get();
+    }
+    return nullptr;
+}
+
+CNodeBase* CNodeService::findNodeByModel(ANodeDataModel* model)
+{
+    if (!model)
+        return nullptr;
+    const auto known = m_knownNodes.find(model->id());
+    return known != m_knownNodes.end() && !known->second.isFromDocument ? knownNode(*model) : nullptr;
+}
+
+void CNodeService::removeNode(Core::CId nodeId, bool removeLoneNodeScene)
+{
+    if (CNodeBase* const node = findNode(nodeId))
+        removeNode(*node, removeLoneNodeScene);
+}
+
+void CNodeService::removeNodeByModel(ANodeDataModel*& model, bool removeLoneNodeScene)
+{
+    if (CNodeBase* const node = findNodeByModel(model))
+        removeNode(*node, removeLoneNodeScene);
+}
+
+void CNodeService::removeSceneOfNode(Core::CId nodeId)
+{
+    removeSceneOfNode(findNode(nodeId));
+}
+
+void CNodeService::removeSceneOfNode(CNodeBase* node)
+{
+    if (CNodeScene* const scene = node ? sceneOf(*node) : nullptr)
+        removeScene(*scene);
+}
+
+Core::CId CNodeService::connectModels(ANodeDataModel* first, NodePortIndex firstPort, ANodeDataModel* second,
+                                      NodePortIndex secondPort)
+{
+    CNodeBase* const in = findNodeByModel(first);
+    CNodeBase* const out = findNodeByModel(second);
+    CNodeScene* const scene = in && out ? sceneOf(*in) : nullptr;
+    Core::CId id;
+    swallowExceptions(lcService, "Connecting two models", [&] {
+        const auto connection =
+            scene ? scene->createConnection(*in, firstPort, *out, secondPort, NodeDataConverter()) : nullptr;
+        if (connection)
+            id = connection->id();
+    });
+    return id;
+}
+
+bool CNodeService::importDocument(const QString& document)
+{
+    return importAll({document});
+}
+
+bool CNodeService::importStoredDocuments()
+{
+    const QStringList documents = m_storedDocuments; // the import may end the service
+    return !documents.isEmpty() && importAll(documents);
+}
+
+void CNodeService::addStoredDocument(const QString& document)
+{
+    m_storedDocuments.append(document);
+}
+
+std::unique_ptr<ANodeDataModel> CNodeService::createModel(const QString& modelName)
+{
+    std::unique_ptr<ANodeDataModel> named;
+    swallowExceptions(lcService, "Making a model", [&, registry = registry()] {
+        std::unique_ptr<CNodeDataModel> model = registry ? registry->create(modelName) : nullptr;
+        named.reset(qobject_cast<ANodeDataModel*>(model.get()));
+        if (named)
+            static_cast<void>(model.release());
+    });
+    return named;
+}
+
+void CNodeService::registerTypeConverter(const std::pair<SNodeDataType, SNodeDataType>& fromTo,
+                                         NodeDataConverter converter)
+{
+    if (const auto shared = registry())
+        shared->registerTypeConverter(fromTo, std::move(converter));
+}
+
+QPointer<CNodeScene> CNodeService::getActiveScene()
+{
+    return m_activeScene;
+}
+
+void CNodeService::setActiveScene(QPointer<CNodeScene> scene)
+{
+    if (scene && m_scenes.contains(scene))
+        activate(scene);
+}
+
+CNodeScene* CNodeService::findSceneByInfo(Core::AppCoreComponents::BaseInfoPtr info)
+{
+    const auto found = std::find_if(m_scenes.cbegin(), m_scenes.cend(),
+                                    [&info](const CNodeScene* scene) { return scene->getSceneInfo() == info; });
+    return found == m_scenes.cend() ? nullptr : *found;
+}
+
+QVector<CNodeBase*> CNodeService::documentNodes() const
+{
+    QVector<CNodeBase*> nodes;
+    for (const auto& entry : m_knownNodes) {
+        if (entry.second.isFromDocument)
+            nodes.append(entry.second.node);
+    }
+    return nodes;
+}
+
+void CNodeService::onNodeCreated(CNodeBase& node)
+{
+    const auto* const model = qobject_cast<ANodeDataModel*>(node.nodeDataModel());
+    if (model && m_knownNodes.count(model->id()) == 0)
+        know(model->id(), node, true);
+}
+
+void CNodeService::onNodeDeleted(CNodeBase& node)
+{
+    // A node of addNode() can be found by its model until it is gone: a handler may still keep it from going.
+    const auto* const model = qobject_cast<ANodeDataModel*>(node.nodeDataModel());
+    const auto known = model ? m_knownNodes.find(model->id()) : m_knownNodes.end();
+    if (known != m_knownNodes.end() && known->second.isFromDocument)
+        m_knownNodes.erase(known);
+}
+
+Core::CId CNodeService::placeNode(std::unique_ptr<ANodeDataModel> model,
+                                  const Core::AppCoreComponents::BaseInfoPtr& info)
+{
+    if (!model || m_isClosing)
+        return Core::CId();
+    const QPointer<CNodeService> self(this);
+    if (m_knownNodes.count(model->id()) != 0)
+        return returnTo(*model.release());
+    if (!model->isUnique())
+        return self ? placeInto(m_activeScene, std::move(model)) : Core::CId();
+    if (!self)
+        return Core::CId();
+    if (model->getType() != ENodeDataModelType::Source) {
+        activate(nullptr);
+        return Core::CId();
+    }
+
+    const QPointer<CNodeScene> scene = addScene(info);
+    if (self && scene)
+        activate(scene);
+    return self ? placeInto(scene, std::move(model)) : Core::CId();
+}
+
+Core::CId CNodeService::returnTo(ANodeDataModel& model)
+{
+    const QPointer<CNodeBase> node = knownNode(model);
+    if (!node)
+        return Core::CId();
+    const QPointer<CNodeService> self(this);
+    const Core::CId id = node->id();
+    const bool isUnique = model.isUnique();
+    if (self && node && isUnique)
+        activate(sceneOf(*node));
+    return id;
+}
+
+Core::CId CNodeService::placeInto(const QPointer<CNodeScene>& scene, std::unique_ptr<ANodeDataModel> model)
+{
+    if (!scene)
+        return Core::CId();
+    const QPointer<CNodeService> self(this);
+    const QPointer<CNodeScene> target = scene;
+    const ANodeDataModel* const placed = model.get();
+    const Core::CId modelId = placed->id();
+    m_knownNodes[modelId] = SKnownNode(); // or onNodeCreated() would take the node for one from a document
+
+    CNodeBase* node = nullptr;
+    const bool isToldToAll =
+        swallowExceptions(lcService, "Adding a node", [&] { node = &target->createNode(std::move(model)); });
+    if (!self)
+        return Core::CId();
+    // What a handler threw does not take back the node.
+    if (!isToldToAll && target)
+        node = nodeOf(*target, placed);
+    if (!node || node == &CNodeScene::noNode()) {
+        m_knownNodes.erase(modelId);
+        return Core::CId();
+    }
+    know(modelId, *node, false);
+    return node->id();
+}
+
+CNodeBase* CNodeService::knownNode(const ANodeDataModel& model) const
+{
+    // A node that was replaced, or waits for a walk to leave it, is alive but in no scene.
+    const auto known = m_knownNodes.find(model.id());
+    CNodeBase* const node = known == m_knownNodes.end() ? nullptr : known->second.node;
+    return node && sceneOf(*node) ? node : nullptr;
+}
+
+void CNodeService::know(const Core::CId& modelId, CNodeBase& node, bool isFromDocument)
+{
+    // Not every node that goes is announced: a document replaces nodes silently.
+    m_knownNodes[modelId] = {&node, isFromDocument};
+    connect(&node, &QObject::destroyed, this, [this, modelId](const QObject* gone) { forget(modelId, gone); });
+}
+
+void CNodeService::forget(const Core::CId& modelId, const QObject* node)
+{
+    const auto known = m_knownNodes.find(modelId);
+    if (known != m_knownNodes.end() && known->second.node == node)
+        m_knownNodes.erase(known);
+}
+
+CNodeScene* CNodeService::sceneOf(const CNodeBase& node) const
+{
+    // The node itself and not only its id: scenes may hold nodes of one id, from the same document.
+    for (CNodeScene* scene : m_scenes) {
+        const auto found = scene->nodes().find(node.id());
+        if (found != scene->nodes().end() && found->second.get() == &node)
+            return scene;
+    }
+    return nullptr;
+}
+
+void CNodeService::removeNode(CNodeBase& node, bool removeLoneNodeScene)
+{
+    const QPointer<CNodeScene> scene = sceneOf(node);
+    const QPointer<CNodeService> self(this);
+    swallowExceptions(lcService, "Removing a node", [&] {
+        if (scene)
+            scene->removeNode(node);
+    });
+    if (self && scene && removeLoneNodeScene)
+        removeSceneOfLoneSink(*scene);
+}
+
+void CNodeService::removeSceneOfLoneSink(CNodeScene& scene)
+{
+    if (scene.nodes().size() != 1)
+        return;
+    CNodeBase& last = *scene.nodes().begin()->second;
+    auto* const model = qobject_cast<ANodeDataModel*>(last.nodeDataModel());
+    if (!model || model->getType() != ENodeDataModelType::Sink)
+        return;
+
+    const QPointer<CNodeScene> emptied(&scene);
+    const QPointer<CNodeService> self(this);
+    removeNode(last, false);
+    if (self && emptied)
+        removeScene(*emptied);
+}
+
+bool CNodeService::importAll(const QStringList& documents)
+{
+    const QPointer<CNodeScene> scene = m_activeScene;
+    return scene && swallowExceptions(lcService, "An import", [&] {
+               CSceneImport import(*scene);
+               for (const QString& document : documents)
+                   import.addDocument(document);
+               if (scene)
+                   scene->loadFromMemory(QJsonDocument(import.sceneDocument()).toJson(QJsonDocument::Compact));
+           });
+}
+
+QPointer<CNodeScene> CNodeService::addScene(const Core::AppCoreComponents::BaseInfoPtr& info)
+{
+    const QPointer<CNodeScene> scene = new CNodeScene(info, nullptr);
+    connect(scene, &CNodeScene::nodeCreated, this, &CNodeService::onNodeCreated);
+    connect(scene, &CNodeScene::nodeDeleted, this, &CNodeService::onNodeDeleted);
+    connect(scene, &QObject::destroyed, this, &CNodeService::onSceneDestroyed);
+    m_scenes.append(scene);
+    scene->setRegistry(registry());
+    takeTurn([this, scene] {
+        if (scene)
+            tell([&] { Q_EMIT sceneAdded(scene); });
+    });
+    return scene;
+}
+
+void CNodeService::removeScene(CNodeScene& scene)
+{
+    if (m_leavingScenes.contains(&scene))
+        return;
+    m_leavingScenes.insert(&scene);
+    takeTurn([this, leaving = QPointer<CNodeScene>(&scene)] {
+        if (!leaving || tell([&] { Q_EMIT sceneRemoving(leaving); }))
+            takeTurn([this, leaving] { destroyScene(leaving); });
+    });
+}
+
+void CNodeService::destroyScene(const QPointer<CNodeScene>& scene)
+{
+    const QPointer<CNodeService> self(this);
+    m_scenes.removeOne(scene);
+    delete scene.data();
+    if (self)
+        tellRemoved();
+}
+
+void CNodeService::onSceneDestroyed(QObject* scene)
+{
+    m_scenes.removeOne(static_cast<CNodeScene*>(scene)); // only its address
+    if (!m_leavingScenes.remove(scene))
+        tellRemoved();
+}
+
+void CNodeService::tellRemoved()
+{
+    takeTurn([this] {
+        if (!tell([this] { Q_EMIT sceneRemoved(); }))
+            return;
+        takeTurn([this] {
+            if (!m_scenes.isEmpty())
+                activate(m_scenes.first());
+        });
+    });
+}
+
+void CNodeService::activate(CNodeScene* scene)
+{
+    m_activeScene = scene;
+    takeTurn([this, active = m_activeScene, isNone = !scene] {
+        if (active || isNone)
+            tell([&] { Q_EMIT activeSceneChanged(active); });
+    });
+}
+
+void CNodeService::takeTurn(std::function<void()> turn)
+{
+    if (m_isClosing)
+        return;
+    m_turns.push_back(std::move(turn));
+    if (m_isTelling)
+        return;
+
+    const QPointer<CNodeService> self(this);
+    m_isTelling = true;
+    while (self && !m_turns.empty()) {
+        const std::function<void()> next = std::move(m_turns.front());
+        m_turns.pop_front();
+        next();
+    }
+    if (self)
+        m_isTelling = false;
+}
+
+bool CNodeService::tell(const std::function<void()>& signal)
+{
+    const QPointer<CNodeService> self(this);
+    swallowExceptions(lcService, "A handler of the node service's signals", signal);
+    return !self.isNull();
+}
+
+} // namespace Halvex
+} // namespace Plugin

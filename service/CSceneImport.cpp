@@ -1,0 +1,150 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "service/CSceneImport_p.h"
+
+#include "graph/CGraphOwner_p.h"
+#include "graph/DocumentKeys_p.h"
+#include "models/ANodeDataModel.h"
+#include "scene/CNodeScene.h"
+
+#include <QJsonDocument>
+
+#include <vector>
+
+namespace Plugin {
+namespace Halvex {
+namespace {
+
+QJsonObject nodeJson(const QString& id, const QJsonObject& model)
+{
+    return {{DocumentKeys::id, id}, {DocumentKeys::model, model}};
+}
+
+/// What refers to \a node in a scene document; empty if the model, when it is asked, destroys the node.
+QJsonObject referenceTo(const CNodeBase& node)
+{
+    const CNodeVisit visit(node);
+    auto* const model = qobject_cast<ANodeDataModel*>(node.nodeDataModel());
+    const QString name = model->name();
+    if (visit.isOver())
+        return {};
+    const bool isUnique = model->isUnique();
+    if (visit.isOver())
+        return {};
+    return nodeJson(node.id().toString(), {{DocumentKeys::name, name}, {DocumentKeys::isUnique, isUnique}});
+}
+
+/// Calls \a visitor with the position and the text of each string in the arrays of "unique_sources".
+template <typename Visitor>
+void forEachSource(const QJsonObject& element, const Visitor& visitor)
+{
+    const QJsonArray ports = element.value(DocumentKeys::uniqueSources).toArray();
+    for (int port = 0; port < ports.size(); ++port) {
+        const QJsonArray names = ports.at(port).toArray();
+        for (const QJsonValue& name : names) {
+            if (name.isString())
+                visitor(port, name.toString());
+        }
+    }
+}
+
+} // namespace
+
+CSceneImport::CSceneImport(CNodeScene& scene)
+{
+    scene.iterateOverNodes([this](CNodeBase* node) {
+        const auto* const model = qobject_cast<ANodeDataModel*>(node->nodeDataModel());
+        if (model && model->hasUniqueName() && !m_sources.contains(model->uniqueName()))
+            m_sources.insert(model->uniqueName(), {node, {}});
+    });
+}
+
+CSceneImport::~CSceneImport() = default;
+
+void CSceneImport::addDocument(const QString& text)
+{
+    const QJsonArray array = QJsonDocument::fromJson(text.toUtf8()).array();
+    std::vector<QJsonObject> elements;
+    for (const QJsonValue& element : array) {
+        if (element.isObject())
+            elements.push_back(element.toObject());
+    }
+
+    for (const QJsonObject& element : elements)
+        addNodes(element);
+    for (const QJsonObject& element : elements)
+        addConnections(element);
+}
+
+QJsonObject CSceneImport::sceneDocument() const
+{
+    return {{DocumentKeys::nodes, m_nodes}, {DocumentKeys::connections, m_connections}};
+}
+
+void CSceneImport::addNodes(const QJsonObject& element)
+{
+    // A copy is never unique: a unique model would not be made, but looked for.
+    QJsonObject model = element.value(DocumentKeys::model).toObject();
+    model.insert(DocumentKeys::isUnique, false);
+    m_nodes.append(nodeJson(makeId(element.value(DocumentKeys::name).toString()), model));
+    forEachSource(element, [this](int, const QString& name) { addSource(name); });
+}
+
+void CSceneImport::addSource(const QString& name)
+{
+    const auto source = m_sources.find(name);
+    if (source == m_sources.end())
+        return;
+    if (source->json.isEmpty() && source->node)
+        source->json = referenceTo(*source->node);
+    if (source->json.isEmpty())
+        return;
+    m_ids.insert(name, source->json.value(DocumentKeys::id).toString());
+    m_nodes.append(source->json);
+}
+
+void CSceneImport::addConnections(const QJsonObject& element)
+{
+    const QString ownId = idOf(element.value(DocumentKeys::name).toString());
+    // A source's output port has the number of the input port that it feeds.
+    forEachSource(element, [&](int port, const QString& name) { connectNodes(ownId, port, idOf(name), port); });
+
+    const QJsonArray groups = element.value(DocumentKeys::connection).toArray();
+    for (const QJsonValue& group : groups) {
+        const QJsonArray consumers = group.toArray();
+        for (const QJsonValue& consumer : consumers) {
+            if (consumer.isString())
+                connectNodes(idOf(consumer.toString()), 0, ownId, 0);
+            else if (consumer.isObject())
+                connectNodes(idOf(consumer[DocumentKeys::name].toString()), consumer[DocumentKeys::indexIn].toInt(),
+                             ownId, consumer[DocumentKeys::indexOut].toInt());
+        }
+    }
+}
+
+void CSceneImport::connectNodes(const QString& inId, int inIndex, const QString& outId, int outIndex)
+{
+    m_connections.append(QJsonObject{{DocumentKeys::inId, inId},
+                                     {DocumentKeys::inIndex, inIndex},
+                                     {DocumentKeys::outId, outId},
+                                     {DocumentKeys::outIndex, outIndex}});
+}
+
+QString CSceneImport::makeId(const QString& label)
+{
+    const auto known = m_ids.constFind(label);
+    return known != m_ids.constEnd() ? *known : *m_ids.insert(label, Core::CId::createId().toString());
+}
+
+QString CSceneImport::idOf(const QString& label)
+{
+    const auto known = m_ids.constFind(label);
+    if (known != m_ids.constEnd())
+        return *known;
+    const QPointer<CNodeBase> node = m_sources.value(label).node;
+    return *m_ids.insert(label, (node ? node->id() : Core::CId()).toString());
+}
+
+} // namespace Halvex
+} // namespace Plugin

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "graph/CNodeData.h"
+#include "platform/CGrabResultPtr.h"
+
+#include <Halvex/HalvexExport.h>
+
+namespace Plugin {
+namespace Halvex {
+
+/**
+ * One grab result of a camera on its way through the graph.
+ *
+ * \code
+ * entry->setData(QSharedPointer<CVeltraGrabResultData>::create(grabbed));
+ *
+ * void CMyModel::setInData(CNodeDataPtr data, NodePortIndex)
+ * {
+ *     if (const auto frame = data.dynamicCast<CVeltraGrabResultData>())
+ *         show(frame->grabResult());
+ * }
+ * \endcode
+ *
+ * Type: id "Veltra Grab Result", name "VGR". Shares the frame, copies no pixels. A subclass may carry more along with
+ * the frame: its objects are of the same type.
+ *
+ * Threads: as the handle: objects may be read and dropped in any thread.
+ */
+class HALVEX_EXPORT CVeltraGrabResultData : public CNodeData
+{
+public:
+    /// Valid data without a frame.
+    CVeltraGrabResultData();
+    explicit CVeltraGrabResultData(Veltra::CGrabResultPtr grabResult);
+    ~CVeltraGrabResultData() override;
+
+    SNodeDataType type() const override;
+
+    const Veltra::CGrabResultPtr& grabResult() const { return m_grabResult; }
+
+private:
+    Veltra::CGrabResultPtr m_grabResult;
+};
+
+} // namespace Halvex
+} // namespace Plugin
