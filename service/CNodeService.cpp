@@ -394,7 +394,7 @@ void CNodeService::takeTurn(std::function<void()> turn)
     while (self && !m_turns.empty()) {
         const std::function<void()> next = std::move(m_turns.front());
         m_turns.pop_front();
-        next();
+        swallowExceptions(lcService, "A turn of the node service", next);
     }
     if (self)
         m_isTelling = false;

@@ -51,7 +51,8 @@ class CNodeScene;
  *
  * Signals are told in the order in which things happened, each to every handler before the next one. Handlers may call
  * any operation and destroy the service. What they change is changed at once and told when its turn has come; only the
- * removal of a scene waits for its turn altogether, since handlers that have not been called yet still look at it.
+ * removal of a scene waits for its turn altogether, since handlers that have not been called yet still look at it. A
+ * handler that runs an event loop of its own holds up all of that until it returns.
  *
  * Errors: no operation throws. Null pointers, unknown ids and requests that cannot be met give empty results. What
  * models and handlers throw ends the work it came from and is reported in "halvex.service".
