@@ -3,6 +3,8 @@
 
 #include "graph/CNodeData.h"
 
+#include "graph/CMetaTypeRegistration_p.h"
+
 namespace Plugin {
 namespace Halvex {
 
@@ -15,3 +17,10 @@ bool CNodeData::sameType(const CNodeData& other) const
 
 } // namespace Halvex
 } // namespace Plugin
+
+int QMetaTypeId<Plugin::Halvex::CNodeDataPtr>::qt_metatype_id()
+{
+    using namespace Plugin::Halvex;
+    static const CMetaTypeRegistration<CNodeDataPtr> registration("Plugin::Halvex::CNodeDataPtr");
+    return registration.id();
+}

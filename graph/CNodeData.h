@@ -56,4 +56,13 @@ using CNodeDataPtr = QSharedPointer<CNodeData>;
 } // namespace Halvex
 } // namespace Plugin
 
-Q_DECLARE_METATYPE(Plugin::Halvex::CNodeDataPtr)
+/// "Plugin::Halvex::CNodeDataPtr" to Qt, for as long as the library is loaded.
+template <>
+struct QMetaTypeId<Plugin::Halvex::CNodeDataPtr>
+{
+    enum
+    {
+        Defined = 1
+    };
+    HALVEX_EXPORT static int qt_metatype_id();
+};

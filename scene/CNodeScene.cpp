@@ -4,6 +4,7 @@
 #include "scene/CNodeScene.h"
 
 #include "graph/CGraphOwner_p.h"
+#include "graph/CMetaTypeRegistration_p.h"
 #include "graph/LoggingCategory_p.h"
 #include "graph/Swallow_p.h"
 
@@ -419,3 +420,11 @@ bool CNodeScene::deleteConnectionsOf(const CNodeBase& node)
 
 } // namespace Halvex
 } // namespace Plugin
+
+int QMetaTypeId<Plugin::Halvex::CNodeScene*>::qt_metatype_id()
+{
+    using namespace Plugin::Halvex;
+    static const CMetaTypeRegistration<CNodeScene*> registration("Plugin::Halvex::CNodeScene*");
+    static const int alias = QMetaType::registerNormalizedTypedef("CNodeScene*", registration.id());
+    return alias;
+}

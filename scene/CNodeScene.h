@@ -12,6 +12,7 @@
 #include <Halvex/HalvexExport.h>
 
 #include <QByteArray>
+#include <QMetaType>
 #include <QObject>
 
 #include <deque>
@@ -203,3 +204,15 @@ private:
 
 } // namespace Halvex
 } // namespace Plugin
+
+/// "Plugin::Halvex::CNodeScene*" to Qt, with the alias "CNodeScene*" that signals use, for as long as the library is
+/// loaded.
+template <>
+struct QMetaTypeId<Plugin::Halvex::CNodeScene*>
+{
+    enum
+    {
+        Defined = 1
+    };
+    HALVEX_EXPORT static int qt_metatype_id();
+};

@@ -10,6 +10,7 @@
 #include "platform/IBaseInfo.h"
 #include "platform/IService.h"
 #include "scene/CNodeDataModelRegistry.h"
+#include "scene/CNodeScene.h" // moc takes CNodeScene* for a type to register only where it sees the class
 
 #include <Halvex/HalvexExport.h>
 
@@ -21,9 +22,6 @@
 
 namespace Plugin {
 namespace Halvex {
-
-class CNodeBase;
-class CNodeScene;
 
 /**
  * What a host does with graphs: its own models become nodes, nodes are connected and removed, ready-made chains are

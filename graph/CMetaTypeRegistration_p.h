@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QMetaType>
+
+namespace Plugin {
+namespace Halvex {
+
+/**
+ * Makes the type T known to Qt for as long as the library is loaded.
+ *
+ * \code
+ * int QMetaTypeId<T>::qt_metatype_id()
+ * {
+ *     static const CMetaTypeRegistration<T> registration("T");
+ *     return registration.id();
+ * }
+ * \endcode
+ *
+ * Not Q_DECLARE_METATYPE: what was declared so cannot be taken back, and registering it again does not renew what Qt
+ * has of it, so that after the library was unloaded Qt would call into memory that is no longer there.
+ *
+ * Being a static object, it goes before Qt's table does: the table was there when it was made.
+ */
+template <typename T>
+class CMetaTypeRegistration
+{
+public:
+    /// \a name: normalized and fully qualified. If somebody has registered it already, it stays theirs.
+    explicit CMetaTypeRegistration(const char* name)
+        : m_isOurs(QMetaType::type(name) == QMetaType::UnknownType)
+        , m_id(m_isOurs ? add(name) : QMetaType::type(name))
+    {
+    }
+    ~CMetaTypeRegistration()
+    {
+        if (m_isOurs)
+            QMetaType::unregisterType(m_id);
+    }
+    Q_DISABLE_COPY(CMetaTypeRegistration)
+
+    int id() const { return m_id; }
+
+private:
+    static int add(const char* name)
+    {
+        using Functions = QtMetaTypePrivate::QMetaTypeFunctionHelper<T>;
+        return QMetaType::registerNormalizedType(name, &Functions::Destruct, &Functions::Construct, int(sizeof(T)),
+                                                 QMetaType::TypeFlags(QtPrivate::QMetaTypeTypeFlags<T>::Flags),
+                                                 QtPrivate::MetaObjectForType<T>::value());
+    }
+
+    const bool m_isOurs;
+    const int m_id;
+};
+
+} // namespace Halvex
+} // namespace Plugin
