@@ -5,7 +5,10 @@ include(GenerateExportHeader)
 
 add_library(Halvex SHARED)
 add_library(Halvex::Halvex ALIAS Halvex)
-set_target_properties(Halvex PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+set_target_properties(Halvex PROPERTIES
+  VERSION ${PROJECT_VERSION}
+  SOVERSION ${PROJECT_VERSION_MAJOR}
+  LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/plugins") # where a host in the build tree looks for plugins
 halvex_target(Halvex)
 
 set(HALVEX_PUBLIC_HEADERS
@@ -31,6 +34,7 @@ set(HALVEX_PUBLIC_HEADERS
   models/SDecouplerStatistics.h
   scene/CNodeDataModelRegistry.h
   scene/CNodeScene.h
+  service/CHalvexPlugin.h
   service/CNodeService.h
   service/CVeltraGrabResultData.h
   service/INodeService.h)
@@ -51,6 +55,7 @@ target_sources(Halvex PRIVATE
   graph/CGraphOwner_p.h
   graph/CLiveObjects.cpp
   graph/CLiveObjects_p.h
+  graph/CMetaTypeRegistration_p.h
   graph/CNodeBase.cpp
   graph/CNodeConnection.cpp
   graph/CNodeData.cpp
@@ -73,6 +78,7 @@ target_sources(Halvex PRIVATE
   scene/CNodeDataModelRegistry.cpp
   scene/CNodeScene.cpp
   scene/CNodeSceneDocument.cpp
+  service/CHalvexPlugin.cpp
   service/CNodeService.cpp
   service/CSceneImport.cpp
   service/CSceneImport_p.h
@@ -99,6 +105,7 @@ target_include_directories(Halvex PUBLIC
   "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/Halvex>")
 target_compile_features(Halvex PUBLIC cxx_std_17)
 target_link_libraries(Halvex PUBLIC Qt5::Core HalvexPlatform)
+include(HalvexPlugin)
 
 set(HALVEX_CMAKE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/Halvex")
 install(TARGETS Halvex EXPORT HalvexTargets

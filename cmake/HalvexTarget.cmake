@@ -4,6 +4,7 @@ function(halvex_target target)
   target_compile_options(${target} PRIVATE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
     -Wold-style-cast -Wcast-qual -Wformat=2 -Wnull-dereference
+    $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique> # a library with one unique symbol is never unloaded
     $<$<BOOL:${HALVEX_WERROR}>:-Werror>)
   target_compile_definitions(${target} PRIVATE
     QT_NO_KEYWORDS QT_NO_FOREACH QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING

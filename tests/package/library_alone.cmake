@@ -31,16 +31,18 @@ if(NOT dynamic MATCHES "\\(NEEDED\\)[^\n]*libQt5Core" OR NOT dynamic MATCHES "\\
   message(SEND_ERROR "libHalvex.so lacks its soname or Qt 5 Core:\n${dynamic}")
 endif()
 
-# Offers: its own namespace, with the tables and type information of its classes. Weak symbols are what inline
-# functions and templates of others left behind here too; the ones of the standard library are visible by their own
-# declaration, those of the platform's interfaces must be, so that casts across libraries work.
+# Offers: its own namespace, with the tables and type information of its classes, and to Qt a plugin's entry points and
+# its types. Weak symbols are what inline functions and templates of others left behind here too; the ones of the
+# standard library are visible by their own declaration, those of the platform's interfaces must be, so that casts
+# across libraries work.
 execute_process(COMMAND "${NM}" -D --defined-only "${prefix}/lib/libHalvex.so"
   OUTPUT_VARIABLE symbols COMMAND_ERROR_IS_FATAL ANY)
 string(REGEX MATCHALL "[^\n]+" symbols "${symbols}")
 set(own "_Z(TV|TT|TI|TS|GV|Th[n0-9]+_)?Z*NK?6Plugin6Halvex")
-set(foreign_weak "_Z(TV|TI|TS)?(N|NK|ZN|ZNK)?(St|9__gnu_cxx|4Core|6Plugin7AppCore)")
+set(for_qt "qt_plugin_(instance|query_metadata)$|_ZN11QMetaTypeIdI.*6Plugin6Halvex.*14qt_metatype_idEv$")
+set(foreign_weak "_Z(TV|TI|TS)?Z*(NK?)?(St|9__gnu_cxx|4Core|6Plugin7AppCore)")
 foreach(symbol IN LISTS symbols)
-  if(NOT symbol MATCHES " [A-Za-z] ${own}" AND NOT symbol MATCHES " [WVu] ${foreign_weak}")
+  if(NOT symbol MATCHES " [A-Za-z] ${own}| T (${for_qt})| [WVu] ${foreign_weak}")
     message(SEND_ERROR "libHalvex.so exports what is not its own: ${symbol}")
   endif()
 endforeach()

@@ -10,7 +10,7 @@ run("${CMAKE_COMMAND}" -S "${SOURCE_DIR}" -B "${BINARY_DIR}" -G "${GENERATOR}"
   -D "HALVEX_PLATFORM_DIR=${CMAKE_CURRENT_LIST_DIR}")
 run("${CMAKE_COMMAND}" --build "${BINARY_DIR}")
 
-execute_process(COMMAND "${NM}" -DC --defined-only "${BINARY_DIR}/libHalvex.so"
+execute_process(COMMAND "${NM}" -DC --defined-only "${BINARY_DIR}/plugins/libHalvex.so"
   OUTPUT_VARIABLE symbols COMMAND_ERROR_IS_FATAL ANY)
 set(set_info "CNodeDataModel::setInfo\\(QSharedPointer<Core::AppCoreComponents::")
 if(NOT symbols MATCHES "${set_info}OtherFramework::IBaseInfo>")

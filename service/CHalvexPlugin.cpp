@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "service/CHalvexPlugin.h"
+
+#include "models/CGenericNodeDecouplerDataModel.h"
+#include "service/CVeltraGrabResultData.h"
+
+#include <QtPlugin>
+
+namespace Plugin {
+namespace Halvex {
+
+// The service is made where its class is known: only then does the shared pointer share its count with the guarded
+// pointers to the object.
+CHalvexPlugin::CHalvexPlugin()
+    : ALocalizedPlugin(QStringLiteral("Halvex"))
+    , m_service(new CNodeService(nullptr))
+{
+}
+
+CHalvexPlugin::~CHalvexPlugin() = default;
+
+bool CHalvexPlugin::initialize(const QWeakPointer<Core::Service::IServiceManager>& manager)
+{
+    qRegisterMetaType<NodePortIndex>("NodePortIndex");
+    const auto strongManager = manager.toStrongRef();
+    if (strongManager && m_service)
+        strongManager->registerService(m_service);
+    return true;
+}
+
+bool CHalvexPlugin::extensionsInitialized()
+{
+    using Decoupler = CGenericNodeDecouplerDataModel<CVeltraGrabResultData>;
+    // No string literal for what a host may keep: that would point into the unloaded library.
+    if (m_service)
+        m_service->registry()->registerModel<Decoupler>(QString::fromLatin1("Tools"));
+    return true;
+}
+
+bool CHalvexPlugin::uninitialize(const QWeakPointer<Core::Service::IServiceManager>& manager)
+{
+    const auto strongManager = manager.toStrongRef();
+    if (strongManager && m_service)
+        strongManager->unregisterService(m_service);
+    m_service.reset();
+    return true;
+}
+
+} // namespace Halvex
+} // namespace Plugin
+
+// A host refuses a plugin whose metadata asks for a newer Qt than its own, or for more of the processor. moc writes
+// what the build has; the library needs no more than this, and a test holds it to that.
+#undef QT_VERSION_MINOR
+#define QT_VERSION_MINOR 12
+#define qPluginArchRequirements() 0
+#include "moc_CHalvexPlugin.cpp"

@@ -1,0 +1,11 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en">
+<context>
+    <name>Plugin::Halvex::CNodeDecouplerDataModelBase</name>
+    <message>
+        <source>Decoupler for %1</source>
+        <translation>Decoupler for %1</translation>
+    </message>
+</context>
+</TS>
