@@ -161,7 +161,7 @@ QVector<CNodeBase*> CNodeService::documentNodes() const
 {
     QVector<CNodeBase*> nodes;
     for (const auto& entry : m_knownNodes) {
-        if (entry.second.isFromDocument)
+        if (entry.second.isFromDocument && !entry.second.isLeaving)
             nodes.append(entry.second.node);
     }
     return nodes;
@@ -179,8 +179,8 @@ void CNodeService::onNodeDeleted(CNodeBase& node)
     // A node of addNode() can be found by its model until it is gone: a handler may still keep it from going.
     const auto* const model = qobject_cast<ANodeDataModel*>(node.nodeDataModel());
     const auto known = model ? m_knownNodes.find(model->id()) : m_knownNodes.end();
-    if (known != m_knownNodes.end() && known->second.isFromDocument)
-        m_knownNodes.erase(known);
+    if (known != m_knownNodes.end())
+        known->second.isLeaving = true;
 }
 
 Core::CId CNodeService::placeNode(std::unique_ptr<ANodeDataModel> model,
@@ -256,7 +256,7 @@ CNodeBase* CNodeService::knownNode(const ANodeDataModel& model) const
 void CNodeService::know(const Core::CId& modelId, CNodeBase& node, bool isFromDocument)
 {
     // Not every node that goes is announced: a document replaces nodes silently.
-    m_knownNodes[modelId] = {&node, isFromDocument};
+    m_knownNodes[modelId] = {&node, isFromDocument, false};
     connect(&node, &QObject::destroyed, this, [this, modelId](const QObject* gone) { forget(modelId, gone); });
 }
 

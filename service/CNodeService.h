@@ -68,6 +68,7 @@ private:
     {
         CNodeBase* node = nullptr; ///< Null while addNode() makes it.
         bool isFromDocument = false;
+        bool isLeaving = false; ///< Known until it is gone, so that its model is not taken for a new one.
     };
 
     Core::CId placeNode(std::unique_ptr<ANodeDataModel> model, const Core::AppCoreComponents::BaseInfoPtr& info);
