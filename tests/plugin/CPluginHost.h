@@ -1,0 +1,111 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "platform/ALocalizedPlugin.h"
+#include "service/INodeService.h"
+
+#include <QFile>
+#include <QPluginLoader>
+#include <QSharedPointer>
+#include <QString>
+#include <QVector>
+
+/// Where plugins publish their services.
+class CServiceManager : public Core::Service::IServiceManager
+{
+public:
+    using ServicePtr = QSharedPointer<Core::Service::IService>;
+
+    void registerService(const ServicePtr& service) override { m_services.append(service); }
+    void unregisterService(const ServicePtr& service) override { m_services.removeOne(service); }
+    ServicePtr findService(const char* className) const override
+    {
+        for (const ServicePtr& service : m_services) {
+            if (service->inherits(className))
+                return service;
+        }
+        return {};
+    }
+
+    const QVector<ServicePtr>& services() const { return m_services; }
+
+private:
+    QVector<ServicePtr> m_services;
+};
+
+/// A plugin's file; unloaded, and its object destroyed, with this object.
+class CPluginFile
+{
+public:
+    explicit CPluginFile(const char* path)
+        : m_loader(QString::fromUtf8(path))
+    {
+        m_loader.setLoadHints({}); // Qt's default keeps the file in memory for good
+    }
+    ~CPluginFile() { m_loader.unload(); }
+    Q_DISABLE_COPY(CPluginFile)
+
+    QPluginLoader& loader() { return m_loader; }
+    QObject* instance() { return m_loader.instance(); }
+    Core::Plugin::IPlugin* plugin() { return dynamic_cast<Core::Plugin::IPlugin*>(instance()); }
+
+private:
+    QPluginLoader m_loader;
+};
+
+/// A host of the library's plugin and of the test's own, from initialize() to uninitialize() and unloading. It knows
+/// no more of the library than its headers.
+class CPluginHost
+{
+public:
+    CPluginHost()
+        : m_isUp(m_halvex.plugin() && m_models.plugin() && m_halvex.plugin()->initialize(m_manager) &&
+                 m_models.plugin()->initialize(m_manager) && m_halvex.plugin()->extensionsInitialized() &&
+                 m_models.plugin()->extensionsInitialized())
+    {
+    }
+    ~CPluginHost() { shutDown(); }
+    Q_DISABLE_COPY(CPluginHost)
+
+    bool isUp() const { return m_isUp; }
+
+    /// Uninitializes both plugins, once; they stay loaded.
+    void shutDown()
+    {
+        if (!m_isUp)
+            return;
+        m_isUp = false;
+        m_models.plugin()->uninitialize(m_manager);
+        m_halvex.plugin()->uninitialize(m_manager);
+    }
+
+    Plugin::Halvex::INodeService* service() const
+    {
+        return static_cast<Plugin::Halvex::INodeService*>(
+            m_manager->findService("Plugin::Halvex::INodeService").data());
+    }
+    const QSharedPointer<CServiceManager>& manager() const { return m_manager; }
+    CPluginFile& halvex() { return m_halvex; }
+    CPluginFile& models() { return m_models; }
+
+    void setLanguage(const QString& language)
+    {
+        dynamic_cast<Core::Plugin::ALocalizedPlugin&>(*m_halvex.instance()).setLanguage(language);
+    }
+
+private:
+    // In this order: the test's plugin links the library, so it goes first.
+    CPluginFile m_halvex{HALVEX_PLUGIN_FILE};
+    CPluginFile m_models{TEST_MODELS_PLUGIN_FILE};
+    QSharedPointer<CServiceManager> m_manager{new CServiceManager};
+    bool m_isUp;
+};
+
+/// Whether any part of the library is in this process.
+inline bool isLibraryMapped()
+{
+    QFile maps(QStringLiteral("/proc/self/maps"));
+    return !maps.open(QIODevice::ReadOnly) || maps.readAll().contains("libHalvex");
+}

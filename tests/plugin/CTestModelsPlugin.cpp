@@ -1,0 +1,100 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "CTestModelsPlugin.h"
+
+#include "models/ASinkNodeDataModel.h"
+#include "models/ASourceNodeDataModel.h"
+#include "service/CVeltraGrabResultData.h"
+
+#include <utility>
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+class CTestSource : public ASourceNodeDataModel
+{
+    Q_OBJECT
+
+public:
+    CTestSource()
+        : ASourceNodeDataModel(QStringLiteral("test-source"))
+    {
+    }
+    QString caption() override { return QStringLiteral("Test source"); }
+    QString name() override { return QString::fromLatin1("TestSource"); } // the registry outlives this plugin
+    unsigned int nPorts(ENodePortType side) const override { return side == ENodePortType::Out ? 1 : 0; }
+    SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return CVeltraGrabResultData().type(); }
+    void setInData(CNodeDataPtr, NodePortIndex) override {}
+    bool isUnique() override { return true; }
+
+    /// Sends a frame of that number.
+    Q_INVOKABLE void send(qulonglong frameNumber)
+    {
+        Veltra::SGrabResult result;
+        result.frameNumber = frameNumber;
+        getDataFlowProxy()->setData(
+            QSharedPointer<CVeltraGrabResultData>::create(Veltra::CGrabResultPtr(std::move(result))));
+    }
+};
+
+class CTestSink : public ASinkNodeDataModel
+{
+    Q_OBJECT
+
+public:
+    QString caption() override { return QStringLiteral("Test sink"); }
+    QString name() override { return QString::fromLatin1("TestSink"); }
+    unsigned int nPorts(ENodePortType side) const override { return side == ENodePortType::In ? 1 : 0; }
+    SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return CVeltraGrabResultData().type(); }
+    void setInData(CNodeDataPtr data, NodePortIndex) override
+    {
+        if (const auto frame = data.dynamicCast<CVeltraGrabResultData>())
+            Q_EMIT received(frame->grabResult()->frameNumber);
+    }
+    CNodeDataPtr outData(NodePortIndex) override { return {}; }
+    bool isUnique() override { return false; }
+
+Q_SIGNALS:
+    void received(qulonglong frameNumber);
+};
+
+} // namespace
+
+bool CTestModelsPlugin::initialize(const QWeakPointer<Core::Service::IServiceManager>& manager)
+{
+    m_manager = manager;
+    return true;
+}
+
+bool CTestModelsPlugin::extensionsInitialized()
+{
+    INodeService* const nodes = service();
+    if (nodes == nullptr)
+        return false;
+    nodes->registry()->registerModel<CTestSource>(QString::fromLatin1("Test"));
+    nodes->registry()->registerModel<CTestSink>(QString::fromLatin1("Test"));
+    return true;
+}
+
+bool CTestModelsPlugin::uninitialize(const QWeakPointer<Core::Service::IServiceManager>&)
+{
+    return true;
+}
+
+QStringList CTestModelsPlugin::categories() const
+{
+    QStringList found;
+    for (const QString& category : service()->registry()->categories())
+        found << category;
+    return found;
+}
+
+INodeService* CTestModelsPlugin::service() const
+{
+    const auto manager = m_manager.toStrongRef();
+    return manager ? qobject_cast<INodeService*>(manager->findService("Plugin::Halvex::INodeService").data()) : nullptr;
+}
+
+#include "CTestModelsPlugin.moc"

@@ -1,0 +1,337 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "CPluginHost.h"
+
+#include <QDir>
+#include <QPointer>
+#include <QSignalSpy>
+#include <QtTest>
+
+#include <memory>
+
+using Core::AppCoreComponents::BaseInfoPtr;
+using Core::AppCoreComponents::IBaseInfo;
+using Core::Plugin::ALocalizedPlugin;
+using Plugin::Halvex::ANodeDataModel;
+using Plugin::Halvex::ENodePortType;
+using Plugin::Halvex::INodeService;
+using Plugin::Halvex::SNodeDataType;
+
+namespace {
+
+/// Counts by name what it is connected to; no spy can keep the references that the signals of scenes carry.
+class CCounter : public QObject
+{
+    Q_OBJECT
+
+public:
+    int count() const { return m_count; }
+
+public Q_SLOTS:
+    void onTold() { ++m_count; }
+
+private:
+    int m_count = 0;
+};
+
+} // namespace
+
+/// The plugin's life, from loading to unloading, and what a host that does not link the library can do in between.
+class tst_PluginLife : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+    void thereIsOneInstance();
+    void isMadeAnewAfterTheHostDestroyedIt();
+    void publishesTheServiceFromInitializeToUninitialize();
+    void brings_data();
+    void brings();
+    void bringsModelsOnlyWhenExtensionsAreInitialized();
+    void hostsReferenceKeepsTheService();
+    void framesPassADecoupler();
+    void hostWorksWithTheService();
+    void signalsNeedNoRegistration();
+    void captionFollowsTheLanguage();
+    void keysStayAsTheyAre();
+    void stringsOutliveTheLibrary();
+    void nothingStaysBehind();
+};
+
+void tst_PluginLife::cleanup()
+{
+    QVERIFY(!isLibraryMapped());
+}
+
+void tst_PluginLife::thereIsOneInstance()
+{
+    CPluginFile file(HALVEX_PLUGIN_FILE);
+    QObject* const instance = file.instance();
+    QVERIFY2(instance, qPrintable(file.loader().errorString()));
+    QCOMPARE(file.instance(), instance);
+    QVERIFY(instance->inherits("Plugin::Halvex::CHalvexPlugin"));
+    QVERIFY(file.plugin());
+    QVERIFY(dynamic_cast<ALocalizedPlugin*>(instance));
+}
+
+void tst_PluginLife::isMadeAnewAfterTheHostDestroyedIt()
+{
+    CPluginFile file(HALVEX_PLUGIN_FILE);
+    const QPointer<QObject> first = file.instance();
+    QVERIFY(first);
+    delete first;
+    const QPointer<QObject> second = file.instance();
+    QVERIFY(second);
+    QVERIFY(second->inherits("Plugin::Halvex::CHalvexPlugin"));
+    file.loader().unload();
+    QVERIFY(!second);
+}
+
+void tst_PluginLife::publishesTheServiceFromInitializeToUninitialize()
+{
+    CPluginFile file(HALVEX_PLUGIN_FILE);
+    const QSharedPointer<CServiceManager> manager(new CServiceManager);
+    QVERIFY(file.plugin());
+    QVERIFY(manager->services().isEmpty());
+    QVERIFY(file.plugin()->initialize(manager));
+    QCOMPARE(manager->services().size(), 1);
+
+    const QPointer<QObject> service = manager->services().first().data();
+    QVERIFY(service->inherits("Plugin::Halvex::INodeService"));
+    QVERIFY(file.plugin()->extensionsInitialized());
+    QVERIFY(file.plugin()->uninitialize(manager));
+    QVERIFY(manager->services().isEmpty());
+    QVERIFY(!service);
+}
+
+void tst_PluginLife::brings_data()
+{
+    QTest::addColumn<QString>("modelName");
+    QTest::newRow("the library's decoupler") << "DecouplerVGR";
+    QTest::newRow("the other plugin's source") << "TestSource";
+    QTest::newRow("the other plugin's sink") << "TestSink";
+}
+
+void tst_PluginLife::brings()
+{
+    QFETCH(QString, modelName);
+    CPluginHost host;
+    QVERIFY(host.isUp());
+    const auto model = host.service()->createModel(modelName);
+    QVERIFY(model);
+    QCOMPARE(model->name(), modelName);
+    QVERIFY(!host.service()->createModel(QStringLiteral("NoSuchModel")));
+}
+
+void tst_PluginLife::bringsModelsOnlyWhenExtensionsAreInitialized()
+{
+    CPluginFile file(HALVEX_PLUGIN_FILE);
+    const QSharedPointer<CServiceManager> manager(new CServiceManager);
+    QVERIFY(file.plugin()->initialize(manager));
+    const auto service = manager->findService("Plugin::Halvex::INodeService");
+    auto* const nodes = static_cast<INodeService*>(service.data());
+    QVERIFY(!nodes->createModel(QStringLiteral("DecouplerVGR")));
+    QVERIFY(file.plugin()->extensionsInitialized());
+    QVERIFY(nodes->createModel(QStringLiteral("DecouplerVGR")));
+    QVERIFY(file.plugin()->uninitialize(manager));
+}
+
+void tst_PluginLife::hostsReferenceKeepsTheService()
+{
+    CPluginHost host;
+    QVERIFY(host.isUp());
+    auto kept = host.manager()->findService("Plugin::Halvex::INodeService");
+    const QPointer<QObject> guard = kept.data();
+    host.shutDown();
+    QVERIFY(guard);
+    QVERIFY(static_cast<INodeService*>(kept.data())->createModel(QStringLiteral("DecouplerVGR")));
+    kept.reset();
+    QVERIFY(!guard);
+}
+
+void tst_PluginLife::framesPassADecoupler()
+{
+    CPluginHost host;
+    QVERIFY(host.isUp());
+    INodeService* const service = host.service();
+    auto source = service->createModel(QStringLiteral("TestSource"));
+    auto decoupler = service->createModel(QStringLiteral("DecouplerVGR"));
+    auto sink = service->createModel(QStringLiteral("TestSink"));
+    QVERIFY(source && decoupler && sink);
+    QVERIFY(decoupler->setProperty("framesPerSecond", 1000.0));
+    ANodeDataModel* const first = source.get();
+    ANodeDataModel* const second = decoupler.get();
+    ANodeDataModel* const third = sink.get();
+    QSignalSpy frames(third, SIGNAL(received(qulonglong)));
+    QVERIFY(frames.isValid());
+
+    QVERIFY(service->addNode(std::move(source), {}) != Core::CId());
+    QVERIFY(service->addNode(std::move(decoupler), {}) != Core::CId());
+    QVERIFY(service->addNode(std::move(sink), {}) != Core::CId());
+    QVERIFY(service->connectModels(second, 0, first, 0) != Core::CId());
+    QVERIFY(service->connectModels(third, 0, second, 0) != Core::CId());
+
+    for (qulonglong number = 1; number <= 3; ++number) {
+        QVERIFY(QMetaObject::invokeMethod(first, "send", Q_ARG(qulonglong, number)));
+        QTRY_COMPARE(frames.count(), int(number));
+        QCOMPARE(frames.last().at(0).toULongLong(), number);
+    }
+}
+
+void tst_PluginLife::hostWorksWithTheService()
+{
+    CPluginHost host;
+    QVERIFY(host.isUp());
+    INodeService* const service = host.service();
+    QVERIFY(service->getActiveScene().isNull());
+    QVERIFY(!service->importDocument(QStringLiteral("[]")));
+    QVERIFY(!service->importStoredDocuments());
+
+    const BaseInfoPtr info(new IBaseInfo);
+    auto source = service->createModel(QStringLiteral("TestSource"));
+    ANodeDataModel* model = source.get();
+    const Core::CId id = service->addNode(std::move(source), info);
+    const QPointer<Plugin::Halvex::CNodeScene> scene = service->getActiveScene();
+    QVERIFY(!scene.isNull());
+    QCOMPARE(service->findSceneByInfo(info), scene.data());
+    QVERIFY(service->findNode(id));
+    QCOMPARE(service->findNodeByModel(model), service->findNode(id));
+    service->setActiveScene(scene);
+    QCOMPARE(service->getActiveScene(), scene);
+
+    const CCounter imported;
+    QVERIFY(connect(scene.data(), SIGNAL(connectionCreated(CNodeConnection&)), &imported, SLOT(onTold())));
+    const QString chain = QStringLiteral(R"([
+        {"name": "slow", "model": {"name": "DecouplerVGR"}, "unique_sources": [["test-source"]],
+         "connection": [["end"]]},
+        {"name": "end", "model": {"name": "TestSink"}}])");
+    QVERIFY(service->importDocument(chain));
+    QCOMPARE(imported.count(), 2);
+    service->addStoredDocument(chain);
+    QVERIFY(service->importStoredDocuments());
+    QCOMPARE(imported.count(), 4);
+
+    auto sink = service->createModel(QStringLiteral("TestSink"));
+    const Core::CId sinkId = service->addNode(std::move(sink), {});
+    QVERIFY(service->findNode(sinkId));
+    service->removeNode(sinkId, false);
+    QVERIFY(!service->findNode(sinkId));
+    service->removeNodeByModel(model, false);
+    QVERIFY(!service->findNode(id));
+    QVERIFY(!scene.isNull());
+
+    const Core::CId another = service->addNode(service->createModel(QStringLiteral("TestSource")), {});
+    service->removeSceneOfNode(another);
+    QVERIFY(!service->findNode(another));
+    QCOMPARE(service->getActiveScene(), scene);
+    service->registerTypeConverter({{QString::fromLatin1("a"), {}}, {QString::fromLatin1("b"), {}}}, {});
+}
+
+void tst_PluginLife::signalsNeedNoRegistration()
+{
+    CPluginHost host;
+    QVERIFY(host.isUp());
+    INodeService* const service = host.service();
+    const QSignalSpy active(service, SIGNAL(activeSceneChanged(CNodeScene*)));
+    const QSignalSpy added(service, SIGNAL(sceneAdded(CNodeScene*)));
+    const QSignalSpy removing(service, SIGNAL(sceneRemoving(CNodeScene*)));
+    const QSignalSpy removed(service, SIGNAL(sceneRemoved()));
+    QVERIFY(active.isValid() && added.isValid() && removing.isValid() && removed.isValid());
+
+    const Core::CId id = service->addNode(service->createModel(QStringLiteral("TestSource")), {});
+    QCOMPARE(added.count(), 1);
+    QCOMPARE(active.count(), 1);
+    QVERIFY(added.at(0).at(0).value<QObject*>());
+    QCOMPARE(added.at(0).at(0).value<QObject*>(), static_cast<QObject*>(service->getActiveScene().data()));
+    service->removeSceneOfNode(id);
+    QCOMPARE(removing.count(), 1);
+    QCOMPARE(removed.count(), 1);
+}
+
+void tst_PluginLife::captionFollowsTheLanguage()
+{
+    CPluginHost host;
+    QVERIFY(host.isUp());
+    const auto decoupler = host.service()->createModel(QStringLiteral("DecouplerVGR"));
+    QCOMPARE(decoupler->caption(), QStringLiteral("Decoupler for VGR"));
+    host.setLanguage(QStringLiteral("ko"));
+    QCOMPARE(decoupler->caption(), QString::fromUtf8("VGR용 디커플러"));
+    host.setLanguage(QStringLiteral("xx"));
+    QCOMPARE(decoupler->caption(), QString::fromUtf8("VGR용 디커플러"));
+    host.setLanguage(QStringLiteral("en"));
+    QCOMPARE(decoupler->caption(), QStringLiteral("Decoupler for VGR"));
+}
+
+void tst_PluginLife::keysStayAsTheyAre()
+{
+    CPluginHost host;
+    QVERIFY(host.isUp());
+    host.setLanguage(QStringLiteral("ko"));
+    const auto decoupler = host.service()->createModel(QStringLiteral("DecouplerVGR"));
+    QVERIFY(decoupler);
+    QCOMPARE(decoupler->name(), QStringLiteral("DecouplerVGR"));
+    QCOMPARE(decoupler->portCaption(ENodePortType::In, 0), QStringLiteral("VGR"));
+    QCOMPARE(decoupler->dataType(ENodePortType::Out, 0).id, QStringLiteral("Veltra Grab Result"));
+    QStringList categories;
+    QVERIFY(QMetaObject::invokeMethod(host.models().instance(), "categories", Q_RETURN_ARG(QStringList, categories)));
+    QCOMPARE(categories, (QStringList{QStringLiteral("Test"), QStringLiteral("Tools")}));
+}
+
+void tst_PluginLife::stringsOutliveTheLibrary()
+{
+    QString caption;
+    QString translated;
+    QString name;
+    QString portCaption;
+    QJsonObject saved;
+    SNodeDataType type;
+    QStringList categories;
+    {
+        CPluginHost host;
+        QVERIFY(host.isUp());
+        const auto decoupler = host.service()->createModel(QStringLiteral("DecouplerVGR"));
+        caption = decoupler->caption();
+        host.setLanguage(QStringLiteral("ja"));
+        translated = decoupler->caption();
+        name = decoupler->name();
+        portCaption = decoupler->portCaption(ENodePortType::Out, 0);
+        saved = decoupler->save();
+        type = decoupler->dataType(ENodePortType::In, 0);
+        QMetaObject::invokeMethod(host.models().instance(), "categories", Q_RETURN_ARG(QStringList, categories));
+    }
+    QVERIFY(!isLibraryMapped());
+    QCOMPARE(caption, QStringLiteral("Decoupler for VGR"));
+    QCOMPARE(translated, QString::fromUtf8("VGR 用デカップラー"));
+    QCOMPARE(name, QStringLiteral("DecouplerVGR"));
+    QCOMPARE(portCaption, QStringLiteral("VGR"));
+    QCOMPARE(type.id, QStringLiteral("Veltra Grab Result"));
+    QCOMPARE(type.name, QStringLiteral("VGR"));
+    QCOMPARE(categories, (QStringList{QStringLiteral("Test"), QStringLiteral("Tools")}));
+    QCOMPARE(saved.value(QStringLiteral("name")).toString(), QStringLiteral("DecouplerVGR"));
+    QCOMPARE(saved.value(QStringLiteral("is_unique")).toBool(true), false);
+}
+
+void tst_PluginLife::nothingStaysBehind()
+{
+    {
+        CPluginHost host;
+        QVERIFY(host.isUp());
+        QCOMPARE(QDir(QStringLiteral(":/translation")).entryList(),
+                 (QStringList{QStringLiteral("Halvex_en.qm"), QStringLiteral("Halvex_ja.qm"),
+                              QStringLiteral("Halvex_ko.qm"), QStringLiteral("Halvex_zh.qm")}));
+        host.setLanguage(QStringLiteral("zh"));
+    }
+    QVERIFY(!QDir(QStringLiteral(":/translation")).exists());
+    QCOMPARE(QCoreApplication::translate("Plugin::Halvex::CNodeDecouplerDataModelBase", "Decoupler for %1"),
+             QStringLiteral("Decoupler for %1"));
+    QCOMPARE(QMetaType::type("Plugin::Halvex::CNodeDataPtr"), int(QMetaType::UnknownType));
+    QCOMPARE(QMetaType::type("Plugin::Halvex::CNodeScene*"), int(QMetaType::UnknownType));
+    QCOMPARE(QMetaType::type("CNodeDataPtr"), int(QMetaType::UnknownType));
+    QCOMPARE(QMetaType::type("CNodeScene*"), int(QMetaType::UnknownType));
+}
+
+QTEST_GUILESS_MAIN(tst_PluginLife)
+
+#include "tst_PluginLife.moc"

@@ -1,0 +1,148 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "CPluginHost.h"
+
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QMetaMethod>
+#include <QSignalSpy>
+#include <QThread>
+#include <QtTest>
+
+#include <functional>
+#ifdef HAS_MALLINFO2
+#include <malloc.h>
+#endif
+
+using Plugin::Halvex::ANodeDataModel;
+using Plugin::Halvex::INodeService;
+
+namespace {
+
+constexpr int rounds = 2000;
+constexpr int roundsToWarmUp = 200;
+
+/// Every name that Qt has a type for.
+QStringList knownTypes()
+{
+    QStringList names;
+    for (int id = QMetaType::User; id < QMetaType::User + 1000; ++id) {
+        if (QMetaType::isRegistered(id))
+            names << QString::fromLatin1(QMetaType::typeName(id));
+    }
+    return names;
+}
+
+/// Reads the argument types of all methods, as spies and scripts do, whereupon Qt has each type registered.
+void readParameterTypes(const QObject& object)
+{
+    const QMetaObject& metaObject = *object.metaObject();
+    for (int i = 0; i < metaObject.methodCount(); ++i) {
+        const QMetaMethod method = metaObject.method(i);
+        for (int p = 0; p < method.parameterCount(); ++p)
+            method.parameterType(p);
+    }
+}
+
+int threads()
+{
+    return QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
+}
+
+/// In use on the heap, in bytes; 0 where only a sanitizer knows.
+std::size_t heapInUse()
+{
+#ifdef HAS_MALLINFO2
+    return mallinfo2().uordblks;
+#else
+    return 0;
+#endif
+}
+
+} // namespace
+
+/// Two thousand lives of the plugin in one process: each leaves nothing behind.
+class tst_PluginRounds : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyRoundLeavesNothing();
+
+private:
+    static void live(int round);
+};
+
+void tst_PluginRounds::live(int round)
+{
+    CPluginHost host;
+    QVERIFY2(host.isUp(), qPrintable(host.halvex().loader().errorString()));
+    const QStringList languages{QStringLiteral("en"), QStringLiteral("ko"), QStringLiteral("ja"), QStringLiteral("zh")};
+    if (round % 5 == 0)
+        host.setLanguage(languages.at(round / 5 % languages.size()));
+
+    INodeService* const service = host.service();
+    const QSignalSpy scenes(service, SIGNAL(sceneAdded(CNodeScene*)));
+    auto source = service->createModel(QStringLiteral("TestSource"));
+    auto decoupler = service->createModel(QStringLiteral("DecouplerVGR"));
+    auto sink = service->createModel(QStringLiteral("TestSink"));
+    QVERIFY(source && decoupler && sink);
+    QVERIFY(decoupler->setProperty("framesPerSecond", 2000.0));
+    ANodeDataModel* const first = source.get();
+    ANodeDataModel* const second = decoupler.get();
+    ANodeDataModel* const third = sink.get();
+    QSignalSpy frames(third, SIGNAL(received(qulonglong)));
+
+    service->addNode(std::move(source), {});
+    service->addNode(std::move(decoupler), {});
+    service->addNode(std::move(sink), {});
+    QCOMPARE(scenes.count(), 1);
+    service->connectModels(second, 0, first, 0);
+    service->connectModels(third, 0, second, 0);
+    const std::initializer_list<const QObject*> objects{
+        host.halvex().instance(),       service, first, second, third, scenes.at(0).at(0).value<QObject*>(),
+        service->findNodeByModel(first)};
+    for (const QObject* object : objects)
+        readParameterTypes(*object);
+
+    QVERIFY(QMetaObject::invokeMethod(first, "send", Q_ARG(qulonglong, qulonglong(round))));
+    QVERIFY(!frames.isEmpty() || frames.wait());
+    QCOMPARE(frames.at(0).at(0).toULongLong(), qulonglong(round));
+}
+
+void tst_PluginRounds::everyRoundLeavesNothing()
+{
+    live(0); // Qt makes what it makes once
+    if (QTest::currentTestFailed())
+        return;
+    const QStringList typesBefore = knownTypes();
+    const int threadsBefore = threads();
+    std::size_t heapBefore = 0;
+
+    for (int round = 1; round <= rounds; ++round) {
+        live(round);
+        if (QTest::currentTestFailed())
+            return;
+        // A thread that has ended for Qt is still on its way out of the kernel.
+        const QDeadlineTimer deadline(10000);
+        while (threads() > threadsBefore && !deadline.hasExpired())
+            QThread::yieldCurrentThread();
+        QCOMPARE(threads(), threadsBefore);
+        QVERIFY(!isLibraryMapped());
+        QVERIFY(!QDir(QStringLiteral(":/translation")).exists());
+        QCOMPARE(knownTypes(), typesBefore);
+        if (round == roundsToWarmUp)
+            heapBefore = heapInUse();
+    }
+
+    // Half of what the smallest object of each round would take.
+    const std::size_t tolerance = 16 * (rounds - roundsToWarmUp);
+    const std::size_t heapAfter = heapInUse();
+    QVERIFY2(heapAfter <= heapBefore + tolerance,
+             qPrintable(QStringLiteral("%1 bytes more").arg(qint64(heapAfter) - qint64(heapBefore))));
+}
+
+QTEST_GUILESS_MAIN(tst_PluginRounds)
+
+#include "tst_PluginRounds.moc"
