@@ -323,7 +323,7 @@ QPointer<CNodeScene> CNodeService::addScene(const Core::AppCoreComponents::BaseI
     const QPointer<CNodeScene> scene = new CNodeScene(info, nullptr);
     connect(scene, &CNodeScene::nodeCreated, this, &CNodeService::onNodeCreated);
     connect(scene, &CNodeScene::nodeDeleted, this, &CNodeService::onNodeDeleted);
-    connect(scene, &QObject::destroyed, this, &CNodeService::onSceneDestroyed);
+    connect(scene, &QObject::destroyed, this, [this, made = scene.data()] { onSceneDestroyed(made); });
     m_scenes.append(scene);
     scene->setRegistry(registry());
     takeTurn([this, scene] {
@@ -353,9 +353,9 @@ void CNodeService::destroyScene(const QPointer<CNodeScene>& scene)
         tellRemoved();
 }
 
-void CNodeService::onSceneDestroyed(QObject* scene)
+void CNodeService::onSceneDestroyed(CNodeScene* scene)
 {
-    m_scenes.removeOne(static_cast<CNodeScene*>(scene)); // only its address
+    m_scenes.removeOne(scene); // only its address
     if (!m_leavingScenes.remove(scene))
         tellRemoved();
 }

@@ -88,7 +88,7 @@ private:
     void activate(CNodeScene* scene);
     void removeScene(CNodeScene& scene);
     void destroyScene(const QPointer<CNodeScene>& scene);
-    void onSceneDestroyed(QObject* scene);
+    void onSceneDestroyed(CNodeScene* scene);
     void tellRemoved();
 
     // One thing after the other: a turn that is asked for while another one lasts comes when those before it are over.
@@ -102,7 +102,7 @@ private:
     QList<CNodeScene*> m_scenes;
     std::unordered_map<Core::CId, SKnownNode> m_knownNodes; // by their models' ids
     QStringList m_storedDocuments;
-    QSet<QObject*> m_leavingScenes;            // their removal has been asked for
+    QSet<CNodeScene*> m_leavingScenes;         // their removal has been asked for
     std::deque<std::function<void()>> m_turns; // that are to come
     bool m_isTelling = false;                  // one lasts
     bool m_isClosing = false;                  // in the destructor
