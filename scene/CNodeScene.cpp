@@ -257,6 +257,11 @@ Core::AppCoreComponents::BaseInfoPtr CNodeScene::getSceneInfo() const
     return m_info;
 }
 
+bool CNodeScene::isBeingDestroyed() const
+{
+    return m_isClosing;
+}
+
 CNodeBase& CNodeScene::addNode(std::unique_ptr<CNodeBase> node)
 {
     if (m_isClosed)

@@ -146,6 +146,9 @@ public:
 
     Core::AppCoreComponents::BaseInfoPtr getSceneInfo() const;
 
+    /// True in handlers and models that the destructor calls: the scene must not be destroyed once more.
+    bool isBeingDestroyed() const;
+
 Q_SIGNALS:
     void nodeCreated(CNodeBase& node);
     /// The node is about to be removed; it and its connections are still whole.

@@ -35,8 +35,11 @@ CNodeService::CNodeService(QObject* parent)
 CNodeService::~CNodeService()
 {
     m_isClosing = true;
-    while (!m_scenes.isEmpty())
-        delete m_scenes.takeFirst();
+    while (!m_scenes.isEmpty()) {
+        CNodeScene* const scene = m_scenes.takeFirst();
+        if (!scene->isBeingDestroyed())
+            delete scene;
+    }
     releaseRegistry();
 }
 
@@ -335,7 +338,8 @@ QPointer<CNodeScene> CNodeService::addScene(const Core::AppCoreComponents::BaseI
 
 void CNodeService::removeScene(CNodeScene& scene)
 {
-    if (m_leavingScenes.contains(&scene))
+    // One that the host is destroying goes by itself, and onSceneDestroyed() tells of it.
+    if (scene.isBeingDestroyed() || m_leavingScenes.contains(&scene))
         return;
     m_leavingScenes.insert(&scene);
     takeTurn([this, leaving = QPointer<CNodeScene>(&scene)] {
