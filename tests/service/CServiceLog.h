@@ -4,7 +4,7 @@
 #pragma once
 
 #include "scene/CNodeScene.h"
-#include "service/INodeService.h"
+#include "service/CNodeService.h"
 
 #include <QHash>
 #include <QObject>
@@ -18,11 +18,12 @@
 class CServiceLog
 {
 public:
-    explicit CServiceLog(Plugin::Halvex::INodeService& service)
+    explicit CServiceLog(Plugin::Halvex::CNodeService& service)
+        : m_service(service)
     {
         using Plugin::Halvex::CNodeScene;
         using Plugin::Halvex::INodeService;
-        QObject::connect(&service, &INodeService::sceneAdded, &m_context, [this](CNodeScene* scene) { add(*scene); });
+        QObject::connect(&service, &INodeService::sceneAdded, &m_context, [this](CNodeScene* scene) { add(scene); });
         QObject::connect(&service, &INodeService::activeSceneChanged, &m_context,
                          [this](CNodeScene* scene) { said << "active " + numberOf(scene); });
         QObject::connect(&service, &INodeService::sceneRemoving, &m_context,
@@ -41,24 +42,26 @@ public:
     QStringList said;
 
 private:
-    void add(Plugin::Halvex::CNodeScene& scene)
+    void add(Plugin::Halvex::CNodeScene* scene)
     {
         using Plugin::Halvex::CNodeBase;
         using Plugin::Halvex::CNodeConnection;
         using Plugin::Halvex::CNodeScene;
         const QString number = QString::number(++m_count);
-        m_numbers[&scene] = number;
+        m_numbers[scene] = number;
         said << "added " + number;
-        QObject::connect(&scene, &CNodeScene::nodeCreated, &m_context, [this, number](CNodeBase& node) {
+        if (!m_service.scenes().contains(scene))
+            return; // another handler has destroyed it
+        QObject::connect(scene, &CNodeScene::nodeCreated, &m_context, [this, number](CNodeBase& node) {
             said << number + " created " + node.nodeDataModel()->name();
         });
-        QObject::connect(&scene, &CNodeScene::nodeDeleted, &m_context, [this, number](CNodeBase& node) {
+        QObject::connect(scene, &CNodeScene::nodeDeleted, &m_context, [this, number](CNodeBase& node) {
             said << number + " deleted " + node.nodeDataModel()->name();
         });
         QObject::connect(
-            &scene, &CNodeScene::connectionCreated, &m_context,
+            scene, &CNodeScene::connectionCreated, &m_context,
             [this, number](const CNodeConnection& connection) { said << number + " connected " + endsOf(connection); });
-        QObject::connect(&scene, &CNodeScene::connectionDeleted, &m_context,
+        QObject::connect(scene, &CNodeScene::connectionDeleted, &m_context,
                          [this, number](const CNodeConnection& connection) {
                              said << number + " disconnected " + endsOf(connection);
                          });
@@ -75,6 +78,7 @@ private:
         return endOf(connection, ENodePortType::Out) + '-' + endOf(connection, ENodePortType::In);
     }
 
+    Plugin::Halvex::CNodeService& m_service;
     QHash<const QObject*, QString> m_numbers;
     int m_count = 0;
     QObject m_context;
