@@ -64,6 +64,7 @@ target_sources(Halvex PRIVATE
   graph/CStackGauge.cpp
   graph/CStackGauge_p.h
   graph/DocumentKeys_p.h
+  graph/JsonObject_p.h
   graph/LoggingCategory.cpp
   graph/LoggingCategory_p.h
   graph/Swallow_p.h

@@ -9,6 +9,7 @@
 #include "graph/CNodeConnection.h"
 #include "graph/CStackGauge_p.h"
 #include "graph/DocumentKeys_p.h"
+#include "graph/JsonObject_p.h"
 #include "graph/LoggingCategory_p.h"
 
 #include <utility>
@@ -82,7 +83,8 @@ const CNodeState& CNodeBase::nodeState() const
 QJsonObject CNodeBase::save() const
 {
     const CNodeVisit visit(*this);
-    return {{DocumentKeys::id, m_id.toString()}, {DocumentKeys::model, m_model ? m_model->save() : QJsonObject()}};
+    return jsonObject(
+        {{DocumentKeys::id, m_id.toString()}, {DocumentKeys::model, m_model ? m_model->save() : QJsonObject()}});
 }
 
 void CNodeBase::restore(const QJsonObject& json)

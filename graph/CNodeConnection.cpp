@@ -6,6 +6,7 @@
 #include "graph/CLiveObjects_p.h"
 #include "graph/CNodeBase.h"
 #include "graph/DocumentKeys_p.h"
+#include "graph/JsonObject_p.h"
 #include "graph/LoggingCategory_p.h"
 #include "graph/Swallow_p.h"
 
@@ -27,6 +28,13 @@ bool isRealSide(ENodePortType portType)
 std::shared_ptr<const NodeDataConverter> shared(NodeDataConverter converter)
 {
     return converter ? std::make_shared<const NodeDataConverter>(std::move(converter)) : nullptr;
+}
+
+QJsonObject withConverter(const QJsonObject& ends, const QJsonObject& converter)
+{
+    QJsonObject json = ends;
+    json.insert(QString(DocumentKeys::converter), converter);
+    return json;
 }
 
 } // namespace
@@ -152,26 +160,26 @@ QJsonObject CNodeConnection::save() const
     if (!in || !out)
         return {};
 
-    QJsonObject json{{DocumentKeys::inId, in->id().toString()},
-                     {DocumentKeys::inIndex, m_in.index()},
-                     {DocumentKeys::outId, out->id().toString()},
-                     {DocumentKeys::outIndex, m_out.index()}};
-    if (m_converter) {
-        // The models that are asked are foreign code and may destroy this connection.
-        const CWeakLink<const CNodeConnection> self(this, m_watchers);
-        const QJsonObject inType = getTypeJson(ENodePortType::In);
-        if (!self.get())
-            return {};
-        const QJsonObject outType = getTypeJson(ENodePortType::Out);
-        json.insert(DocumentKeys::converter, QJsonObject{{DocumentKeys::in, inType}, {DocumentKeys::out, outType}});
-    }
-    return json;
+    const QJsonObject ends = jsonObject({{DocumentKeys::inId, in->id().toString()},
+                                         {DocumentKeys::inIndex, m_in.index()},
+                                         {DocumentKeys::outId, out->id().toString()},
+                                         {DocumentKeys::outIndex, m_out.index()}});
+    if (!m_converter)
+        return ends;
+
+    // The models that are asked are foreign code and may destroy this connection.
+    const CWeakLink<const CNodeConnection> self(this, m_watchers);
+    const QJsonObject inType = getTypeJson(ENodePortType::In);
+    if (!self.get())
+        return {};
+    const QJsonObject outType = getTypeJson(ENodePortType::Out);
+    return withConverter(ends, jsonObject({{DocumentKeys::in, inType}, {DocumentKeys::out, outType}}));
 }
 
 QJsonObject CNodeConnection::getTypeJson(ENodePortType portType) const
 {
     const SNodeDataType type = dataType(portType);
-    return {{DocumentKeys::id, type.id}, {DocumentKeys::name, type.name}};
+    return jsonObject({{DocumentKeys::id, type.id}, {DocumentKeys::name, type.name}});
 }
 
 const CConnectionEnd& CNodeConnection::end(ENodePortType portType) const

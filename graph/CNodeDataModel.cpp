@@ -4,6 +4,7 @@
 #include "graph/CNodeDataModel.h"
 
 #include "graph/DocumentKeys_p.h"
+#include "graph/JsonObject_p.h"
 
 #include <QPointer>
 
@@ -77,7 +78,7 @@ Core::AppCoreComponents::BaseInfoPtr CNodeDataModel::getInfo()
 
 QJsonObject CNodeDataModel::save() const
 {
-    return {{DocumentKeys::name, asked(*this).name()}};
+    return jsonObject({{DocumentKeys::name, asked(*this).name()}});
 }
 
 } // namespace Halvex

@@ -54,9 +54,9 @@ QJsonObject ANodeDataModel::save() const
     QJsonObject json = CNodeDataModel::save();
     if (!self)
         return json;
-    json.insert(DocumentKeys::isUnique, asked(*this).isUnique());
+    json.insert(QString(DocumentKeys::isUnique), asked(*this).isUnique());
     if (self && hasUniqueName())
-        json.insert(DocumentKeys::uniqueName, uniqueName());
+        json.insert(QString(DocumentKeys::uniqueName), uniqueName());
     return json;
 }
 

@@ -5,6 +5,8 @@
 
 #include "models/CDecouplerWorker_p.h"
 
+#include <climits>
+
 namespace Plugin {
 namespace Halvex {
 
@@ -19,7 +21,7 @@ CDecoupler::~CDecoupler()
 {
     m_worker->shutDown();
     m_worker->leaveOwner();
-    QThread::wait(); // for somebody's start(): run() returns at once
+    QThread::wait(ULONG_MAX); // for somebody's start(): run() returns at once
 }
 
 void CDecoupler::deleteWhenEnded()

@@ -8,6 +8,7 @@
 #include <QMutexLocker>
 #include <QThread>
 
+#include <climits>
 #include <utility>
 
 namespace Plugin {
@@ -191,7 +192,7 @@ void CDecouplerWorker::leaveOwner()
     QThread* const thread = std::exchange(m_thread, nullptr);
     lock.unlock();
     if (!isHere && thread->isFinished()) {
-        thread->wait();
+        thread->wait(ULONG_MAX); // without an argument, newer headers call what Qt 5.12 does not have
         delete thread;
         return;
     }

@@ -4,6 +4,7 @@
 #include "models/CNodeDecouplerDataModelBase.h"
 
 #include "graph/DocumentKeys_p.h"
+#include "graph/JsonObject_p.h"
 #include "models/CDecoupler.h"
 
 #include <QTimer>
@@ -81,7 +82,7 @@ bool CNodeDecouplerDataModelBase::isUnique()
 QJsonObject CNodeDecouplerDataModelBase::save() const
 {
     QJsonObject json = ANodeDataModel::save();
-    json.insert(DocumentKeys::property, QJsonObject{{DocumentKeys::framesPerSecond, m_framesPerSecond}});
+    json.insert(QString(DocumentKeys::property), jsonObject({{DocumentKeys::framesPerSecond, m_framesPerSecond}}));
     return json;
 }
 

@@ -5,6 +5,7 @@
 
 #include "graph/CGraphOwner_p.h"
 #include "graph/DocumentKeys_p.h"
+#include "graph/JsonObject_p.h"
 #include "scene/CNodeScene.h"
 
 #include <QJsonArray>
@@ -51,7 +52,7 @@ QByteArray CNodeScene::saveToMemory() const
         if (!json.isEmpty())
             connections.append(json);
     }
-    return QJsonDocument(QJsonObject{{DocumentKeys::nodes, nodes}, {DocumentKeys::connections, connections}}).toJson();
+    return QJsonDocument(jsonObject({{DocumentKeys::nodes, nodes}, {DocumentKeys::connections, connections}})).toJson();
 }
 
 void CNodeScene::loadFromMemory(const QByteArray& data)

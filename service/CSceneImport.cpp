@@ -5,12 +5,11 @@
 
 #include "graph/CGraphOwner_p.h"
 #include "graph/DocumentKeys_p.h"
+#include "graph/JsonObject_p.h"
 #include "models/ANodeDataModel.h"
 #include "scene/CNodeScene.h"
 
 #include <QJsonDocument>
-
-#include <vector>
 
 namespace Plugin {
 namespace Halvex {
@@ -18,7 +17,7 @@ namespace {
 
 QJsonObject nodeJson(const QString& id, const QJsonObject& model)
 {
-    return {{DocumentKeys::id, id}, {DocumentKeys::model, model}};
+    return jsonObject({{DocumentKeys::id, id}, {DocumentKeys::model, model}});
 }
 
 /// What refers to \a node in a scene document; empty if the model, when it is asked, destroys the node.
@@ -32,7 +31,7 @@ QJsonObject referenceTo(const CNodeBase& node)
     const bool isUnique = model->isUnique();
     if (visit.isOver())
         return {};
-    return nodeJson(node.id().toString(), {{DocumentKeys::name, name}, {DocumentKeys::isUnique, isUnique}});
+    return nodeJson(node.id().toString(), jsonObject({{DocumentKeys::name, name}, {DocumentKeys::isUnique, isUnique}}));
 }
 
 /// Calls \a visitor with the position and the text of each string in the arrays of "unique_sources".
@@ -65,28 +64,28 @@ CSceneImport::~CSceneImport() = default;
 void CSceneImport::addDocument(const QString& text)
 {
     const QJsonArray array = QJsonDocument::fromJson(text.toUtf8()).array();
-    std::vector<QJsonObject> elements;
+    QJsonArray elements;
     for (const QJsonValue& element : array) {
         if (element.isObject())
-            elements.push_back(element.toObject());
+            elements.append(element);
     }
 
-    for (const QJsonObject& element : elements)
-        addNodes(element);
-    for (const QJsonObject& element : elements)
-        addConnections(element);
+    for (const QJsonValue& element : qAsConst(elements))
+        addNodes(element.toObject());
+    for (const QJsonValue& element : qAsConst(elements))
+        addConnections(element.toObject());
 }
 
 QJsonObject CSceneImport::sceneDocument() const
 {
-    return {{DocumentKeys::nodes, m_nodes}, {DocumentKeys::connections, m_connections}};
+    return jsonObject({{DocumentKeys::nodes, m_nodes}, {DocumentKeys::connections, m_connections}});
 }
 
 void CSceneImport::addNodes(const QJsonObject& element)
 {
     // A copy is never unique: a unique model would not be made, but looked for.
     QJsonObject model = element.value(DocumentKeys::model).toObject();
-    model.insert(DocumentKeys::isUnique, false);
+    model.insert(QString(DocumentKeys::isUnique), false);
     m_nodes.append(nodeJson(makeId(element.value(DocumentKeys::name).toString()), model));
     forEachSource(element, [this](int, const QString& name) { addSource(name); });
 }
@@ -125,10 +124,10 @@ void CSceneImport::addConnections(const QJsonObject& element)
 
 void CSceneImport::connectNodes(const QString& inId, int inIndex, const QString& outId, int outIndex)
 {
-    m_connections.append(QJsonObject{{DocumentKeys::inId, inId},
+    m_connections.append(jsonObject({{DocumentKeys::inId, inId},
                                      {DocumentKeys::inIndex, inIndex},
                                      {DocumentKeys::outId, outId},
-                                     {DocumentKeys::outIndex, outIndex}});
+                                     {DocumentKeys::outIndex, outIndex}}));
 }
 
 QString CSceneImport::makeId(const QString& label)
