@@ -113,11 +113,9 @@ void tst_PluginRounds::live(int round)
 
 void tst_PluginRounds::everyRoundLeavesNothing()
 {
-    live(0); // Qt makes what it makes once
-    if (QTest::currentTestFailed())
-        return;
-    const QStringList typesBefore = knownTypes();
     const int threadsBefore = threads();
+    // A second name for int is all that stays: Qt does not take names back, and there is no code behind it.
+    const QStringList typesLeft = knownTypes() << QStringLiteral("NodePortIndex");
     std::size_t heapBefore = 0;
 
     for (int round = 1; round <= rounds; ++round) {
@@ -131,7 +129,7 @@ void tst_PluginRounds::everyRoundLeavesNothing()
         QCOMPARE(threads(), threadsBefore);
         QVERIFY(!isLibraryMapped());
         QVERIFY(!QDir(QStringLiteral(":/translation")).exists());
-        QCOMPARE(knownTypes(), typesBefore);
+        QCOMPARE(knownTypes(), typesLeft);
         if (round == roundsToWarmUp)
             heapBefore = heapInUse();
     }
