@@ -71,3 +71,24 @@ struct PPlugin : Core::Plugin::ALocalizedPlugin
     bool extensionsInitialized() override { return false; }
     bool uninitialize(const QWeakPointer<IServiceManager>&) override { return false; }
 };
+
+struct PNodeService : INodeService
+{
+    using INodeService::INodeService;
+    Core::CId addNode(std::unique_ptr<ANodeDataModel>, Core::AppCoreComponents::BaseInfoPtr) override { return {}; }
+    CNodeBase* findNode(Core::CId) override { return nullptr; }
+    CNodeBase* findNodeByModel(ANodeDataModel*) override { return nullptr; }
+    void removeNode(Core::CId, bool) override {}
+    void removeNodeByModel(ANodeDataModel*&, bool) override {}
+    void removeSceneOfNode(Core::CId) override {}
+    void removeSceneOfNode(CNodeBase*) override {}
+    Core::CId connectModels(ANodeDataModel*, NodePortIndex, ANodeDataModel*, NodePortIndex) override { return {}; }
+    bool importDocument(const QString&) override { return false; }
+    bool importStoredDocuments() override { return false; }
+    void addStoredDocument(const QString&) override {}
+    std::unique_ptr<ANodeDataModel> createModel(const QString&) override { return nullptr; }
+    void registerTypeConverter(const std::pair<SNodeDataType, SNodeDataType>&, NodeDataConverter) override {}
+    QPointer<CNodeScene> getActiveScene() override { return nullptr; }
+    void setActiveScene(QPointer<CNodeScene>) override {}
+    CNodeScene* findSceneByInfo(Core::AppCoreComponents::BaseInfoPtr) override { return nullptr; }
+};

@@ -1,0 +1,21 @@
+# The translations have every text of the library and no other: lupdate, run on copies, adds no entry and finds none
+# that is no longer asked for, and each has its translation.
+
+set(copies "")
+foreach(language en ja ko zh)
+  configure_file("${SOURCE_DIR}/service/translations/Halvex_${language}.ts" "${BINARY_DIR}" COPYONLY)
+  list(APPEND copies "${BINARY_DIR}/Halvex_${language}.ts")
+endforeach()
+execute_process(COMMAND "${LUPDATE}" -silent -locations none -I . graph models platform scene service -ts ${copies}
+  WORKING_DIRECTORY "${SOURCE_DIR}" COMMAND_ERROR_IS_FATAL ANY)
+
+foreach(copy IN LISTS copies)
+  file(READ "${copy}" content)
+  string(REGEX MATCHALL "<message.*</message>" messages "${content}")
+  if(NOT messages)
+    message(SEND_ERROR "${copy} has no text at all")
+  endif()
+  if(content MATCHES "type=\"(unfinished|vanished|obsolete)\"|<translation></translation>|<translation/>")
+    message(SEND_ERROR "${copy} is not complete:\n${content}")
+  endif()
+endforeach()
