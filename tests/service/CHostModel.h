@@ -7,6 +7,8 @@
 #include "models/ENodeDataModelType.h"
 #include "support/CTestData.h"
 
+#include <QPointer>
+
 #include <functional>
 #include <memory>
 #include <utility>

@@ -673,12 +673,13 @@ void tst_CNodeService::noDestroyedNodeIsFound()
     // The model outlives its node's last signal: what is found for it then is a node that is being destroyed.
     view.model->onDestroyed = [&] {
         ++asked;
-        if (!service)
+        CNodeService* const there = service.data();
+        if (!there)
             return;
-        QVERIFY(!service->findNodeByModel(view.model));
-        const CNodeBase* const underItsId = service->findNode(view.id);
+        QVERIFY(!there->findNodeByModel(view.model));
+        const CNodeBase* const underItsId = there->findNode(view.id);
         QVERIFY(!underItsId || underItsId->nodeDataModel() != view.model);
-        QVERIFY(!service->documentNodes().contains(node));
+        QVERIFY(!there->documentNodes().contains(node));
     };
     remove(f, view);
 
