@@ -39,6 +39,8 @@ halvex_json_string(license HALVEX_LICENSE)
 halvex_json_string(url HALVEX_URL)
 halvex_json_string(vendor HALVEX_VENDOR)
 configure_file(service/Halvex.json.in "${HALVEX_GENERATED_DIR}/Halvex.json" @ONLY)
+# What moc makes of it is included there.
+set_source_files_properties(service/CHalvexPlugin.cpp PROPERTIES OBJECT_DEPENDS "${HALVEX_GENERATED_DIR}/Halvex.json")
 
 # Everybody who has to do with the same host needs the identifier: the host itself, and other plugins for it.
 target_compile_definitions(Halvex

@@ -47,7 +47,8 @@ private:
     static int add(const char* name)
     {
         using Functions = QtMetaTypePrivate::QMetaTypeFunctionHelper<T>;
-        return QMetaType::registerNormalizedType(name, &Functions::Destruct, &Functions::Construct, int(sizeof(T)),
+        constexpr int size = sizeof(T); // NOLINT(bugprone-sizeof-expression): pointers are types too
+        return QMetaType::registerNormalizedType(name, &Functions::Destruct, &Functions::Construct, size,
                                                  QMetaType::TypeFlags(QtPrivate::QMetaTypeTypeFlags<T>::Flags),
                                                  QtPrivate::MetaObjectForType<T>::value());
     }

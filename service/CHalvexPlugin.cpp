@@ -56,4 +56,4 @@ bool CHalvexPlugin::uninitialize(const QWeakPointer<Core::Service::IServiceManag
 #undef QT_VERSION_MINOR
 #define QT_VERSION_MINOR 12
 #define qPluginArchRequirements() 0
-#include "moc_CHalvexPlugin.cpp"
+#include "moc_CHalvexPlugin.cpp" // NOLINT(bugprone-suspicious-include): the name is the build system's

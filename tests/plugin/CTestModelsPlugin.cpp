@@ -57,7 +57,8 @@ public:
     bool isUnique() override { return false; }
 
 Q_SIGNALS:
-    void received(qulonglong frameNumber);
+    /// With the frame's number.
+    void received(qulonglong);
 };
 
 } // namespace

@@ -135,7 +135,7 @@ void tst_PluginRounds::everyRoundLeavesNothing()
     }
 
     // Half of what the smallest object of each round would take.
-    const std::size_t tolerance = 16 * (rounds - roundsToWarmUp);
+    constexpr std::size_t tolerance = std::size_t(16) * (rounds - roundsToWarmUp);
     const std::size_t heapAfter = heapInUse();
     QVERIFY2(heapAfter <= heapBefore + tolerance,
              qPrintable(QStringLiteral("%1 bytes more").arg(qint64(heapAfter) - qint64(heapBefore))));
