@@ -58,6 +58,7 @@ private Q_SLOTS:
     void keysStayAsTheyAre();
     void stringsOutliveTheLibrary();
     void nothingStaysBehind();
+    void hostsOwnTypeStays();
 };
 
 void tst_PluginLife::cleanup()
@@ -330,6 +331,23 @@ void tst_PluginLife::nothingStaysBehind()
     QCOMPARE(QMetaType::type("Plugin::Halvex::CNodeScene*"), int(QMetaType::UnknownType));
     QCOMPARE(QMetaType::type("CNodeDataPtr"), int(QMetaType::UnknownType));
     QCOMPARE(QMetaType::type("CNodeScene*"), int(QMetaType::UnknownType));
+}
+
+void tst_PluginLife::hostsOwnTypeStays()
+{
+    const char* const name = "Plugin::Halvex::CNodeScene*";
+    using Functions = QtMetaTypePrivate::QMetaTypeFunctionHelper<void*>;
+    const int type = QMetaType::registerNormalizedType(name, &Functions::Destruct, &Functions::Construct,
+                                                       int(sizeof(void*)), QMetaType::MovableType, nullptr);
+    {
+        CPluginHost host;
+        QVERIFY(host.isUp());
+        const QSignalSpy added(host.service(), SIGNAL(sceneAdded(CNodeScene*)));
+        host.service()->addNode(host.service()->createModel(QStringLiteral("TestSource")), {});
+        QCOMPARE(added.at(0).at(0).userType(), type);
+    }
+    QCOMPARE(QMetaType::type(name), type);
+    QVERIFY(QMetaType::unregisterType(type));
 }
 
 QTEST_GUILESS_MAIN(tst_PluginLife)

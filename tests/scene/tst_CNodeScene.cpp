@@ -187,6 +187,7 @@ class tst_CNodeScene : public QObject
 private Q_SLOTS:
     void cleanup();
 
+    void pointerIsKnownToQt();
     void defaultIsEmptyWithoutRegistry();
     void sharesTheRegistry();
     void registryMayBeEmpty();
@@ -270,6 +271,20 @@ void tst_CNodeScene::cleanup()
 {
     QCOMPARE(CTestModel::alive(), 0);
     QCOMPARE(CTestData::alive(), 0);
+}
+
+void tst_CNodeScene::pointerIsKnownToQt()
+{
+    const int type = qMetaTypeId<CNodeScene*>();
+    QCOMPARE(QByteArray(QMetaType::typeName(type)), QByteArray("Plugin::Halvex::CNodeScene*"));
+    QCOMPARE(QMetaType::type("CNodeScene*"), type);
+    QVERIFY(QMetaType(type).flags().testFlag(QMetaType::PointerToQObject));
+    QCOMPARE(QMetaType::metaObjectForType(type), &CNodeScene::staticMetaObject);
+
+    CNodeScene scene({}, nullptr);
+    const QVariant variant = QVariant::fromValue(&scene);
+    QCOMPARE(variant.value<CNodeScene*>(), &scene);
+    QCOMPARE(variant.value<QObject*>(), static_cast<QObject*>(&scene));
 }
 
 void tst_CNodeScene::defaultIsEmptyWithoutRegistry()
