@@ -17,8 +17,6 @@ namespace Host {
 
 namespace {
 
-const char fakeSerial[] = "Fake_1";
-
 // Cameras count the time of a frame in steps of their own, so that few rates are met exactly.
 constexpr double rateTolerance = 0.01;
 
@@ -26,10 +24,11 @@ GObjectPtr<ArvDevice> openDevice(const QString& address, CGLibError* error)
 {
     // Straight to the kind of device that is meant: the library's own look-up by name asks every interface in
     // turn, which scans the network and the USB bus and takes unknown names to a name server.
-    if (address == QLatin1String("fake"))
-        return GObjectPtr<ArvDevice>(arv_fake_device_new(fakeSerial, error->slot()));
+    const QByteArray name = address.toUtf8();
+    if (SCameraOptions::isFake(address))
+        return GObjectPtr<ArvDevice>(arv_fake_device_new(name.constData(), error->slot()));
     return GObjectPtr<ArvDevice>(
-        arv_interface_open_device(arv_gv_interface_get_instance(), address.toUtf8().constData(), error->slot()));
+        arv_interface_open_device(arv_gv_interface_get_instance(), name.constData(), error->slot()));
 }
 
 bool carriesImage(ArvBuffer* buffer)

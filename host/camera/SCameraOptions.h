@@ -10,10 +10,15 @@ namespace Host {
 /// Which camera to open, and how. A plain value.
 struct SCameraOptions
 {
-    QString address = QStringLiteral("fake"); ///< "fake", or the IP address (or host name) of a GigE Vision camera.
-    QString pixelFormat;                      ///< GenICam name; empty leaves the camera's own.
-    double framesPerSecond = 0.0;             ///< 0 leaves the camera's own rate.
-    int buffers = 16;                         ///< Frames that may be in flight at once, at least 1.
+    /// "fake", "fake-1", "fake-2"..., each a camera of its own that is built into the library, or the IP address (or
+    /// host name) of a GigE Vision camera.
+    QString address = QStringLiteral("fake");
+    QString pixelFormat;          ///< GenICam name; empty leaves the camera's own.
+    double framesPerSecond = 0.0; ///< 0 leaves the camera's own rate.
+    int buffers = 16;             ///< Frames that may be in flight at once, at least 1.
+
+    /// Whether it is one of the cameras that are built into the library.
+    static bool isFake(const QString& address);
 };
 
 } // namespace Host

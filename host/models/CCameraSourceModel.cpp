@@ -3,7 +3,7 @@
 
 #include "host/models/CCameraSourceModel.h"
 
-#include "host/models/CGrabResultData.h"
+#include "service/CVeltraGrabResultData.h"
 
 namespace Host {
 
@@ -26,7 +26,7 @@ unsigned int CCameraSourceModel::nPorts(ENodePortType portType) const
 
 SNodeDataType CCameraSourceModel::dataType(ENodePortType, NodePortIndex) const
 {
-    return CGrabResultData::dataType();
+    return CVeltraGrabResultData().type();
 }
 
 void CCameraSourceModel::setInData(CNodeDataPtr, NodePortIndex)

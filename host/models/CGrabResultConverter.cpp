@@ -55,6 +55,14 @@ cv::Mat view(const Veltra::SGrabResult& frame, int matType)
     return cv::Mat(frame.height, frame.width, matType, const_cast<std::byte*>(frame.pixels), std::size_t(frame.stride));
 }
 
+// A grab result of somebody else does not say when it was grabbed: its way is measured from here.
+SFrameInfo frameInfo(const Plugin::Halvex::CVeltraGrabResultData& grab)
+{
+    if (const auto* own = dynamic_cast<const CGrabResultData*>(&grab))
+        return own->info();
+    return {grab.grabResult()->frameNumber, std::chrono::steady_clock::now()};
+}
+
 } // namespace
 
 bool CGrabResultConverter::supports(const QString& pixelFormat)
@@ -64,10 +72,10 @@ bool CGrabResultConverter::supports(const QString& pixelFormat)
 
 Plugin::Halvex::CNodeDataPtr CGrabResultConverter::operator()(const Plugin::Halvex::CNodeDataPtr& data) const
 {
-    const auto grab = data.dynamicCast<CGrabResultData>();
-    if (!grab || !grab->result())
+    const auto grab = data.dynamicCast<Plugin::Halvex::CVeltraGrabResultData>();
+    if (!grab || !grab->grabResult())
         return {};
-    const Veltra::SGrabResult& frame = *grab->result();
+    const Veltra::SGrabResult& frame = *grab->grabResult();
     const SRecipe* recipe = findRecipe(frame.pixelFormat);
     if (!recipe)
         return {};
@@ -75,6 +83,7 @@ Plugin::Halvex::CNodeDataPtr CGrabResultConverter::operator()(const Plugin::Halv
     if (std::size_t(frame.stride) % CV_ELEM_SIZE1(recipe->matType) != 0)
         return {};
 
+    const SFrameInfo info = frameInfo(*grab);
     const cv::Mat pixels = view(frame, recipe->matType);
     cv::Mat image;
     if (recipe->colorCode != noCode)
@@ -83,8 +92,8 @@ Plugin::Halvex::CNodeDataPtr CGrabResultConverter::operator()(const Plugin::Halv
         // Moved by half a step, rounding to the nearest value rounds down: what stays is the 8 highest bits.
         pixels.convertTo(image, CV_8U, recipe->scale, -0.5 + recipe->scale / 2);
     else
-        return QSharedPointer<CImageData>::create(pixels, grab->info(), grab->result());
-    return QSharedPointer<CImageData>::create(image, grab->info());
+        return QSharedPointer<CImageData>::create(pixels, info, grab->grabResult());
+    return QSharedPointer<CImageData>::create(image, info);
 }
 
 } // namespace Host

@@ -10,8 +10,7 @@
 namespace Host {
 
 /**
- * Turns a camera frame into an image, to be registered for connections from a CGrabResultData port to a CImageData
- * port.
+ * Turns a camera frame into an image, to be registered for connections from a port of grab results to one of images.
  *
  * Mono8 and BGR8 pixels are not copied: the image keeps the frame. RGB8 and the 8-bit Bayer patterns become colour
  * images, the deeper Mono formats grey ones that keep their 8 highest bits.

@@ -3,32 +3,33 @@
 
 #pragma once
 
-#include "graph/CNodeData.h"
 #include "host/models/SFrameInfo.h"
-#include "platform/CGrabResultPtr.h"
+#include "service/CVeltraGrabResultData.h"
+
+#include <utility>
 
 namespace Host {
 
 /**
- * One camera frame on its way through the graph. Immutable.
+ * A grab result and what the host knows of it beside. Of the same type as every grab result, so that it goes through
+ * all ports for these. Immutable.
+ *
+ * In a header alone: the program makes these objects and the models of a plugin read them.
  *
  * Threads: may be made in one thread and read and dropped in others.
  */
-class CGrabResultData : public Plugin::Halvex::CNodeData
+class Q_DECL_EXPORT CGrabResultData : public Plugin::Halvex::CVeltraGrabResultData
 {
 public:
-    /// Without a frame: for what only asks for the type.
-    CGrabResultData() = default;
-    CGrabResultData(Veltra::CGrabResultPtr result, const SFrameInfo& info);
+    CGrabResultData(Veltra::CGrabResultPtr grabResult, const SFrameInfo& info)
+        : CVeltraGrabResultData(std::move(grabResult))
+        , m_info(info)
+    {
+    }
 
-    static Plugin::Halvex::SNodeDataType dataType();
-    Plugin::Halvex::SNodeDataType type() const override { return dataType(); }
-
-    const Veltra::CGrabResultPtr& result() const { return m_result; }
     const SFrameInfo& info() const { return m_info; }
 
 private:
-    Veltra::CGrabResultPtr m_result;
     SFrameInfo m_info;
 };
 

@@ -72,6 +72,11 @@ void CPngSinkModel::setOutput(const QString& folder, int every)
     m_every = quint64(every);
 }
 
+void CPngSinkModel::notifyFailure(const QObject* context, std::function<void(const QString&)> handler)
+{
+    connect(this, &CPngSinkModel::failed, context, std::move(handler));
+}
+
 QString CPngSinkModel::caption()
 {
     return m_sinkName.isEmpty() ? QStringLiteral("PNG files") : QStringLiteral("PNG files: %1").arg(m_sinkName);

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "host/models/IFrameSink.h"
 #include "models/ASinkNodeDataModel.h"
 
 #include <QString>
@@ -32,32 +33,24 @@ namespace Host {
  *
  * Threads: as every model. A file is written within the walk that brings the image.
  */
-class CPngSinkModel : public Plugin::Halvex::ASinkNodeDataModel
+class CPngSinkModel : public Plugin::Halvex::ASinkNodeDataModel, public IFrameSink
 {
     Q_OBJECT
+    Q_INTERFACES(Host::IFrameSink)
 
 public:
     explicit CPngSinkModel(QString sinkName = {});
 
     static QString modelName();
 
-    /// Empty for a sink without a name.
-    QString sinkName() const { return m_sinkName; }
-
-    /// Writes image 0 and then every \a every-th, at least 1, into \a folder, which must exist. Without a folder,
-    /// as after construction, nothing is written.
-    void setOutput(const QString& folder, int every);
-
     QString folder() const { return m_folder; }
 
-    /// Images received.
-    quint64 delivered() const { return m_delays.size(); }
-
-    /// Full names of the files written, oldest first.
-    const std::vector<QString>& files() const { return m_files; }
-
-    /// For each image received: from the camera's stream to here, before writing.
-    const std::vector<std::chrono::nanoseconds>& delays() const { return m_delays; }
+    QString sinkName() const override { return m_sinkName; }
+    void setOutput(const QString& folder, int every) override;
+    quint64 delivered() const override { return m_delays.size(); }
+    const std::vector<QString>& files() const override { return m_files; }
+    const std::vector<std::chrono::nanoseconds>& delays() const override { return m_delays; }
+    void notifyFailure(const QObject* context, std::function<void(const QString&)> handler) override;
 
     QString caption() override;
     QString name() override { return modelName(); }

@@ -7,27 +7,29 @@
 #include "host/models/CCameraSourceModel.h"
 #include "host/models/CEdgesModel.h"
 #include "host/models/CGrabResultConverter.h"
-#include "host/models/CGrabResultData.h"
 #include "host/models/CHistogramModel.h"
 #include "host/models/CImageData.h"
 #include "host/models/CPngSinkModel.h"
 #include "host/models/CThresholdModel.h"
-#include "models/CGenericNodeDecouplerDataModel.h"
-#include "scene/CNodeDataModelRegistry.h"
+#include "host/models/CToImageModel.h"
+#include "service/CVeltraGrabResultData.h"
+#include "service/INodeService.h"
 
 namespace Host {
 
-void registerHostModels(Plugin::Halvex::CNodeDataModelRegistry& registry)
+void registerHostModels(Plugin::Halvex::INodeService& service)
 {
+    const auto registry = service.registry();
     const QString filters = QStringLiteral("Filters");
-    registry.registerModel<CCameraSourceModel>(QStringLiteral("Sources"));
-    registry.registerModel<CBlurModel>(filters);
-    registry.registerModel<CThresholdModel>(filters);
-    registry.registerModel<CEdgesModel>(filters);
-    registry.registerModel<CHistogramModel>(filters);
-    registry.registerModel<CPngSinkModel>(QStringLiteral("Sinks"));
-    registry.registerModel<Plugin::Halvex::CGenericNodeDecouplerDataModel<CGrabResultData>>(QStringLiteral("Tools"));
-    registry.registerTypeConverter({CGrabResultData::dataType(), CImageData::dataType()}, CGrabResultConverter());
+    registry->registerModel<CCameraSourceModel>(QStringLiteral("Sources"));
+    registry->registerModel<CToImageModel>(filters);
+    registry->registerModel<CBlurModel>(filters);
+    registry->registerModel<CThresholdModel>(filters);
+    registry->registerModel<CEdgesModel>(filters);
+    registry->registerModel<CHistogramModel>(filters);
+    registry->registerModel<CPngSinkModel>(QStringLiteral("Sinks"));
+    service.registerTypeConverter({Plugin::Halvex::CVeltraGrabResultData().type(), CImageData::dataType()},
+                                  CGrabResultConverter());
 }
 
 } // namespace Host

@@ -5,14 +5,13 @@
 
 namespace Plugin {
 namespace Halvex {
-class CNodeDataModelRegistry;
+class INodeService;
 }
 } // namespace Plugin
 
 namespace Host {
 
-/// Registers every model of the host by its name, the decoupler for camera frames, and the converter from camera frame
-/// to image by its types.
-void registerHostModels(Plugin::Halvex::CNodeDataModelRegistry& registry);
+/// Registers every model of the host by its name, and the converter from camera frame to image by its types.
+void registerHostModels(Plugin::Halvex::INodeService& service);
 
 } // namespace Host

@@ -35,8 +35,10 @@ public:
 private:
     void readCommand(const QCommandLineParser& parser);
     void readCompare(const QCommandLineParser& parser);
+    void readRun(const QStringList& words);
     void readOptions(const QCommandLineParser& parser);
-    void readRate(const QString& text);
+    void readCameras(const QStringList& addresses, const SCameraOptions& common);
+    double readRate(const QString& text);
     void refuse(const QString& reason);
 
     EAction m_action = EAction::Run;

@@ -3,15 +3,11 @@
 
 #include "host/run/CSceneLoader.h"
 
-#include "host/models/CCameraSourceModel.h"
-#include "host/models/CPngSinkModel.h"
 #include "host/run/SceneFile.h"
 #include "scene/CNodeScene.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
-
-#include <algorithm>
 
 namespace Host {
 
@@ -27,16 +23,11 @@ Core::CId readId(const QJsonValue& json)
     return Core::CId(json.toString().toLatin1().constData());
 }
 
-bool makesAFolder(const QString& name)
-{
-    return !name.isEmpty() && !name.startsWith(QLatin1Char('.')) &&
-           std::all_of(name.begin(), name.end(), [](QChar c) { return c.isPrint() && c != QLatin1Char('/'); });
-}
-
 } // namespace
 
-CSceneLoader::CSceneLoader(CNodeScene& scene)
+CSceneLoader::CSceneLoader(CNodeScene& scene, CNodeBase& camera)
     : m_scene(scene)
+    , m_camera(camera)
 {
 }
 
@@ -53,8 +44,8 @@ QString CSceneLoader::load(const QJsonObject& document)
         if (!error.isEmpty())
             return QStringLiteral("nodes[%1]: %2").arg(i).arg(error);
     }
-    if (m_camera < 0)
-        return QStringLiteral("nodes: no %1 among them").arg(shown(CCameraSourceModel::modelName()));
+    if (m_cameraNumber < 0)
+        return QStringLiteral("nodes: no %1 among them").arg(shown(m_camera.nodeDataModel()->name()));
 
     const QJsonArray connections = document.value(connectionsKey).toArray();
     for (int i = 0; i < connections.size(); ++i) {
@@ -75,7 +66,8 @@ QString CSceneLoader::addNode(int index, const QJsonValue& json)
     const auto& creators = m_scene.registry().registeredModelCreators();
     if (creators.find(name) == creators.end())
         return QStringLiteral("no model %1 is registered").arg(shown(name));
-    if (model[QStringLiteral("is_unique")].toBool())
+    const bool isCamera = name == m_camera.nodeDataModel()->name();
+    if (model[QStringLiteral("is_unique")].toBool() && !isCamera)
         return QStringLiteral("a unique %1 is not made anew, and there is none to refer to").arg(shown(name));
 
     const QJsonValue idText = json[QStringLiteral("id")];
@@ -85,32 +77,25 @@ QString CSceneLoader::addNode(int index, const QJsonValue& json)
     const auto known = m_numbers.emplace(id, index);
     if (!known.second)
         return QStringLiteral("has the id of nodes[%1]").arg(known.first->second);
-
-    CNodeBase& node = m_scene.restoreNode(json.toObject());
-    m_nodes.push_back(&node);
-    return checkModel(index, node.nodeDataModel());
+    return isCamera ? addCamera(index) : makeNode(json.toObject());
 }
 
-QString CSceneLoader::checkModel(int index, CNodeDataModel* model)
+QString CSceneLoader::addCamera(int index)
 {
-    if (qobject_cast<CCameraSourceModel*>(model)) {
-        if (m_camera >= 0)
-            return QStringLiteral("a second %1, after nodes[%2]").arg(shown(model->name())).arg(m_camera);
-        m_camera = index;
-    }
-    const auto* sink = qobject_cast<CPngSinkModel*>(model);
-    return sink ? checkSink(*sink) : QString();
-}
-
-QString CSceneLoader::checkSink(const CPngSinkModel& sink)
-{
-    const QString name = sink.sinkName();
-    if (!makesAFolder(name))
-        return QStringLiteral("the sink's name %1 makes no folder").arg(shown(name));
-    if (m_sinkNames.contains(name))
-        return QStringLiteral("a second sink %1").arg(shown(name));
-    m_sinkNames.insert(name);
+    if (m_cameraNumber >= 0)
+        return QStringLiteral("a second %1, after nodes[%2]")
+            .arg(shown(m_camera.nodeDataModel()->name()))
+            .arg(m_cameraNumber);
+    m_cameraNumber = index;
+    m_nodes.push_back(&m_camera);
     return {};
+}
+
+QString CSceneLoader::makeNode(const QJsonObject& json)
+{
+    CNodeBase& node = m_scene.restoreNode(json);
+    m_nodes.push_back(&node);
+    return m_sinkNames.add(node.nodeDataModel());
 }
 
 QString CSceneLoader::addConnection(const QJsonValue& json)
@@ -138,7 +123,10 @@ QString CSceneLoader::addConnection(const QJsonValue& json)
     if (!error.isEmpty())
         return error;
 
-    if (!m_scene.restoreConnection(json.toObject()))
+    // The camera's node has an id of its own, whatever the document calls it.
+    QJsonObject connection = json.toObject();
+    connection.insert(QStringLiteral("out_id"), out.id().toString());
+    if (!m_scene.restoreConnection(connection))
         return QStringLiteral("the scene refuses it");
     m_edges.emplace_back(from, to);
     return {};

@@ -3,11 +3,11 @@
 
 #pragma once
 
+#include "host/run/CSinkNames.h"
 #include "host/run/FlowOrder.h"
 #include "platform/CId.h"
 
 #include <QJsonValue>
-#include <QSet>
 #include <QString>
 
 #include <unordered_map>
@@ -18,17 +18,17 @@ class QJsonObject;
 namespace Plugin {
 namespace Halvex {
 class CNodeBase;
-class CNodeDataModel;
 class CNodeScene;
 } // namespace Halvex
 } // namespace Plugin
 
 namespace Host {
 
-class CPngSinkModel;
-
 /**
- * Builds a scene of a document, and refuses what a run could not account for.
+ * Puts a document into the scene of a camera, and refuses what a run could not account for.
+ *
+ * The camera's node is in the scene already. The node in the document that has the same model, whichever camera it was
+ * made for, stands for it: connections to that one lead to the camera's.
  *
  * A scene by itself leaves out what it cannot make; a run of what is left would look sound and lack a branch. So
  * everything must be as it says: registered models, one camera, sinks with names that make different folders,
@@ -39,8 +39,8 @@ class CPngSinkModel;
 class CSceneLoader
 {
 public:
-    /// \a scene has a registry and no nodes, and outlives this object.
-    explicit CSceneLoader(Plugin::Halvex::CNodeScene& scene);
+    /// \a scene has a registry and one node, \a camera, and outlives this object.
+    CSceneLoader(Plugin::Halvex::CNodeScene& scene, Plugin::Halvex::CNodeBase& camera);
 
     /// Once per object. Returns the first thing that is wrong, place first: "nodes[3]: ..."; empty on success. The
     /// scene is of no use after a failure.
@@ -48,8 +48,8 @@ public:
 
 private:
     QString addNode(int index, const QJsonValue& json);
-    QString checkModel(int index, Plugin::Halvex::CNodeDataModel* model);
-    QString checkSink(const CPngSinkModel& sink);
+    QString addCamera(int index);
+    QString makeNode(const QJsonObject& json);
     QString addConnection(const QJsonValue& json);
     QString checkTypes(const Plugin::Halvex::CNodeBase& out, int outIndex, const Plugin::Halvex::CNodeBase& in,
                        int inIndex, const QJsonValue& converter) const;
@@ -58,8 +58,9 @@ private:
     std::unordered_map<Core::CId, int> m_numbers; // of the nodes, by id
     std::vector<Plugin::Halvex::CNodeBase*> m_nodes;
     FlowEdges m_edges;
-    QSet<QString> m_sinkNames;
-    int m_camera = -1;
+    CSinkNames m_sinkNames;
+    Plugin::Halvex::CNodeBase& m_camera;
+    int m_cameraNumber = -1;
 };
 
 } // namespace Host

@@ -3,14 +3,9 @@
 
 #include "host/run/CStreamGraph.h"
 
-#include "host/models/CCameraSourceModel.h"
-#include "host/models/CPngSinkModel.h"
-#include "host/models/HostModels.h"
+#include "host/models/IFrameSink.h"
 #include "host/run/CGraphText.h"
-#include "host/run/CSceneLoader.h"
-#include "host/run/DemoGraph.h"
-#include "host/run/SceneFile.h"
-#include "models/CNodeDataFlowProxy.h"
+#include "models/ASourceNodeDataModel.h"
 #include "models/CNodeDecouplerDataModelBase.h"
 
 #include <algorithm>
@@ -22,14 +17,14 @@ using namespace Plugin::Halvex;
 
 namespace {
 
-std::unique_ptr<CNodeScene> makeScene()
+CNodeDataFlowProxy* entryOf(const CNodeBase& camera)
 {
-    auto registry = std::make_shared<CNodeDataModelRegistry>();
-    registerHostModels(*registry);
-    return std::make_unique<CNodeScene>(std::move(registry), nullptr, nullptr);
+    auto* const source = qobject_cast<ASourceNodeDataModel*>(camera.nodeDataModel());
+    Q_ASSERT(source);
+    return source->getDataFlowProxy();
 }
 
-SSinkReport sinkReport(const CPngSinkModel& sink)
+SSinkReport sinkReport(const IFrameSink& sink)
 {
     SSinkReport report;
     report.name = sink.sinkName();
@@ -42,33 +37,14 @@ SSinkReport sinkReport(const CPngSinkModel& sink)
 
 } // namespace
 
-std::unique_ptr<CStreamGraph> CStreamGraph::demo()
-{
-    auto scene = makeScene();
-    addDemoGraph(*scene);
-    return std::make_unique<CStreamGraph>(std::move(scene));
-}
-
-std::unique_ptr<CStreamGraph> CStreamGraph::load(const QString& file, QString* error)
-{
-    const QJsonObject document = readSceneFile(file, error);
-    if (!error->isEmpty())
-        return nullptr;
-    auto scene = makeScene();
-    const QString reason = CSceneLoader(*scene).load(document);
-    if (reason.isEmpty())
-        return std::make_unique<CStreamGraph>(std::move(scene));
-    *error = QStringLiteral("cannot load '%1': %2").arg(file, reason);
-    return nullptr;
-}
-
-CStreamGraph::CStreamGraph(std::unique_ptr<CNodeScene> scene)
-    : m_scene(std::move(scene))
-    , m_nodes(CGraphText(*m_scene).nodes())
+CStreamGraph::CStreamGraph(const CNodeScene& scene, const CNodeBase& camera)
+    : m_scene(scene)
+    , m_camera(camera)
+    , m_entry(entryOf(camera))
+    , m_nodes(CGraphText(scene).nodes())
 {
     for (const CNodeBase* node : m_nodes)
         addNode(*node);
-    Q_ASSERT(m_entry);
 }
 
 CStreamGraph::~CStreamGraph() = default;
@@ -76,9 +52,7 @@ CStreamGraph::~CStreamGraph() = default;
 void CStreamGraph::addNode(const CNodeBase& node)
 {
     CNodeDataModel* model = node.nodeDataModel();
-    if (auto* source = qobject_cast<CCameraSourceModel*>(model))
-        m_entry = source->getDataFlowProxy();
-    if (auto* sink = qobject_cast<CPngSinkModel*>(model))
+    if (auto* sink = qobject_cast<IFrameSink*>(model))
         m_sinks.push_back(sink);
     if (auto* decoupler = qobject_cast<CNodeDecouplerDataModelBase*>(model)) {
         m_decouplers.push_back({&node, decoupler});
@@ -115,7 +89,7 @@ CStreamGraph::Counts CStreamGraph::expected(quint64 frames) const
     Counts in(m_nodes.size(), 0);
     Counts out(m_nodes.size(), 0);
     // Each number is higher than those of the nodes before it, so the counts of these are known.
-    const CGraphText text(*m_scene);
+    const CGraphText text(m_scene);
     const FlowEdges edges = text.edges();
     auto edge = edges.begin();
     for (std::size_t i = 0; i < m_nodes.size(); ++i) {
@@ -124,7 +98,7 @@ CStreamGraph::Counts CStreamGraph::expected(quint64 frames) const
         if (decoupler)
             out[i] = decoupler->statistics().emitted;
         else
-            out[i] = qobject_cast<CCameraSourceModel*>(model) ? frames : in[i];
+            out[i] = m_nodes[i] == &m_camera ? frames : in[i];
         for (; edge != edges.end() && std::size_t(edge->first) == i; ++edge)
             in[std::size_t(edge->second)] += out[i];
     }
@@ -133,12 +107,12 @@ CStreamGraph::Counts CStreamGraph::expected(quint64 frames) const
 
 void CStreamGraph::account(SRunReport* report) const
 {
-    report->graph = CGraphText(*m_scene).text();
+    report->graph = CGraphText(m_scene).text();
     const Counts in = expected(report->frames.complete);
     auto decoupler = m_decouplers.begin();
     for (std::size_t i = 0; i < m_nodes.size(); ++i) {
         CNodeDataModel* const model = m_nodes[i]->nodeDataModel();
-        if (const auto* sink = qobject_cast<CPngSinkModel*>(model)) {
+        if (const auto* sink = qobject_cast<IFrameSink*>(model)) {
             report->sinks.push_back(sinkReport(*sink));
             report->sinks.back().expected = in[i];
         } else if (decoupler != m_decouplers.end() && decoupler->node == m_nodes[i]) {

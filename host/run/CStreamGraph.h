@@ -9,7 +9,6 @@
 #include <QObject>
 
 #include <chrono>
-#include <memory>
 #include <vector>
 
 namespace Plugin {
@@ -21,13 +20,14 @@ class CNodeDecouplerDataModelBase;
 
 namespace Host {
 
-class CPngSinkModel;
+class IFrameSink;
 
 /**
- * A graph that frames are streamed through: where they enter, where they leave, and what must have come out for
- * what went in.
+ * The graph that the frames of a camera are streamed through: where they enter, where they leave, and what must have
+ * come out for what went in.
  *
- * Ownership: owns the scene and with it every model; what is handed out lives as long as this object.
+ * Ownership: owns nothing of the scene, which stays as it is and outlives this object; what is handed out lives as long
+ * as the scene.
  *
  * Threads: one; the entry's setData() from any.
  */
@@ -36,24 +36,17 @@ class CStreamGraph : public QObject
     Q_OBJECT
 
 public:
-    /// The graph of addDemoGraph().
-    static std::unique_ptr<CStreamGraph> demo();
-
-    /// The graph that the scene document in \a file describes. On failure null, and the reason in one line, which
-    /// names the file and the place in it, in \a error.
-    static std::unique_ptr<CStreamGraph> load(const QString& file, QString* error);
-
-    /// \a scene has one camera source, and no loops.
-    explicit CStreamGraph(std::unique_ptr<Plugin::Halvex::CNodeScene> scene);
+    /// \a camera is the node of a source in \a scene, which has no loops.
+    CStreamGraph(const Plugin::Halvex::CNodeScene& scene, const Plugin::Halvex::CNodeBase& camera);
     ~CStreamGraph() override;
 
     /// Where frames enter.
     Plugin::Halvex::CNodeDataFlowProxy* entry() const { return m_entry; }
 
     /// In the order in which the graph's text has them.
-    const std::vector<CPngSinkModel*>& sinks() const { return m_sinks; }
+    const std::vector<IFrameSink*>& sinks() const { return m_sinks; }
 
-    const Plugin::Halvex::CNodeScene& scene() const { return *m_scene; }
+    const Plugin::Halvex::CNodeScene& scene() const { return m_scene; }
 
     /// Whether no decoupler holds anything back or has anything on its way: all that went in has come through.
     bool isDrained() const;
@@ -81,10 +74,11 @@ private:
     void addNode(const Plugin::Halvex::CNodeBase& node);
     Counts expected(quint64 frames) const;
 
-    std::unique_ptr<Plugin::Halvex::CNodeScene> m_scene;
-    Plugin::Halvex::CNodeDataFlowProxy* m_entry = nullptr;
+    const Plugin::Halvex::CNodeScene& m_scene;
+    const Plugin::Halvex::CNodeBase& m_camera;
+    Plugin::Halvex::CNodeDataFlowProxy* const m_entry;
     std::vector<const Plugin::Halvex::CNodeBase*> m_nodes; // by their numbers in the text
-    std::vector<CPngSinkModel*> m_sinks;
+    std::vector<IFrameSink*> m_sinks;
     std::vector<SDecoupler> m_decouplers;
 };
 

@@ -3,23 +3,25 @@
 
 #include "host/run/CStreamRun.h"
 
-#include "host/camera/CAravisCamera.h"
-#include "host/camera/CGrabThread.h"
-#include "host/models/CGrabResultConverter.h"
-#include "host/models/CGrabResultData.h"
-#include "host/models/CPngSinkModel.h"
+#include "host/models/IHostModels.h"
+#include "host/plugins/CPluginHost.h"
+#include "host/run/CCameraStream.h"
+#include "host/run/CGraphBuilder.h"
 #include "host/run/CGraphText.h"
 #include "host/run/CProgressLine.h"
 #include "host/run/CSignalWatcher.h"
 #include "host/run/CStreamGraph.h"
+#include "host/run/Chain.h"
 #include "host/run/Output.h"
-#include "models/CNodeDataFlowProxy.h"
+#include "service/INodeService.h"
 
 #include <QDir>
 #include <QTimer>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 namespace Host {
 
@@ -28,6 +30,14 @@ using namespace Plugin::Halvex;
 namespace {
 
 constexpr std::chrono::milliseconds progressInterval(100);
+
+QStringList addresses(const std::vector<SCameraOptions>& cameras)
+{
+    QStringList list;
+    for (const SCameraOptions& camera : cameras)
+        list << camera.address;
+    return list;
+}
 
 } // namespace
 
@@ -40,8 +50,8 @@ CStreamRun::~CStreamRun() = default;
 
 int CStreamRun::exec()
 {
-    if (buildGraph() && openCamera() && prepareSinks() && saveScene() && writeGraphFiles() && stream() &&
-        !printReport())
+    if (loadPlugins() && buildGraphs() && openCameras() && prepareSinks() && saveScene() && writeGraphFiles() &&
+        stream() && !printReport())
         fail(QStringLiteral("cannot write to standard output: %1").arg(QString::fromLocal8Bit(std::strerror(errno))));
     if (!m_error.isEmpty()) {
         printErrorLine(m_error);
@@ -50,68 +60,99 @@ int CStreamRun::exec()
     return m_signal == 0 ? int(Success) : InterruptedBase + m_signal;
 }
 
-bool CStreamRun::buildGraph()
+bool CStreamRun::loadPlugins()
 {
-    QString error;
-    m_graph = m_options.load.isEmpty() ? CStreamGraph::demo() : CStreamGraph::load(m_options.load, &error);
-    fail(error);
-    return error.isEmpty();
+    const QString folder = m_options.plugins.isEmpty() ? CPluginHost::defaultFolder() : m_options.plugins;
+    m_plugins = std::make_unique<CPluginHost>(folder);
+    for (const SPluginRefusal& refusal : m_plugins->refusals())
+        printErrorLine(QStringLiteral("plugin '%1': %2").arg(refusal.file, refusal.reason));
+
+    m_nodeService = m_plugins->services().findService("Plugin::Halvex::INodeService");
+    m_hostModels = m_plugins->services().findService(qobject_interface_iid<IHostModels*>());
+    if (!qobject_cast<INodeService*>(m_nodeService.data()))
+        fail(QStringLiteral("no plugin in '%1' publishes a node service").arg(folder));
+    if (!qobject_cast<IHostModels*>(m_hostModels.data()))
+        fail(QStringLiteral("no plugin in '%1' brings the host's models").arg(folder));
+    return m_error.isEmpty();
 }
 
-bool CStreamRun::openCamera()
+bool CStreamRun::buildGraphs()
 {
+    CGraphBuilder builder(*qobject_cast<INodeService*>(m_nodeService.data()),
+                          *qobject_cast<IHostModels*>(m_hostModels.data()));
+    const QStringList cameras = addresses(m_options.cameras);
+    std::vector<std::unique_ptr<CStreamGraph>> graphs;
     QString error;
-    m_camera = CAravisCamera::open(m_options.camera, &error);
-    if (m_camera && !CGrabResultConverter::supports(m_camera->pixelFormat()))
-        error = QStringLiteral("camera '%1' sends pixels as %2, which has no conversion to an image")
-                    .arg(m_camera->address(), m_camera->pixelFormat());
+    if (m_options.load.isEmpty()) {
+        const SChain chain = m_options.chain.isEmpty() ? defaultChain(cameras) : readChain(m_options.chain, &error);
+        if (error.isEmpty())
+            graphs = builder.import(chain, cameras, &error);
+        m_chain = chain.text;
+    } else {
+        graphs.push_back(builder.load(m_options.load, cameras.first(), &error));
+    }
     fail(error);
-    return error.isEmpty();
+    if (!m_error.isEmpty())
+        return false;
+
+    for (std::size_t i = 0; i < graphs.size(); ++i) {
+        m_streams.push_back(std::make_unique<CCameraStream>(m_options.cameras[i], std::move(graphs[i])));
+        connect(m_streams.back().get(), &CCameraStream::failed, this, &CStreamRun::onFailed);
+        connect(m_streams.back().get(), &CCameraStream::ended, this, &CStreamRun::onEnded);
+    }
+    return true;
+}
+
+bool CStreamRun::forEachStream(const Step& step)
+{
+    for (const auto& stream : m_streams) {
+        fail(step(*stream));
+        if (!m_error.isEmpty())
+            return false;
+    }
+    return true;
+}
+
+bool CStreamRun::openCameras()
+{
+    const auto& models = *qobject_cast<IHostModels*>(m_hostModels.data());
+    return forEachStream([&models](CCameraStream& stream) { return stream.open(models); });
 }
 
 bool CStreamRun::prepareSinks()
 {
-    const QDir output(m_options.output);
-    for (CPngSinkModel* sink : m_graph->sinks()) {
-        const QString folder = output.filePath(sink->sinkName());
-        const QString error = makeFolder(folder);
-        if (!error.isEmpty()) {
-            fail(error);
-            return false;
-        }
-        sink->setOutput(folder, m_options.writeEvery);
-        connect(sink, &CPngSinkModel::failed, this, [this](const QString& reason) {
-            fail(reason);
-            m_thread->requestInterruption();
-        });
-    }
-    // A graph without sinks has made no folder.
-    fail(makeFolder(m_options.output));
-    return m_error.isEmpty();
+    return forEachStream(
+        [this](CCameraStream& stream) { return stream.prepareSinks(folder(stream), m_options.writeEvery); });
 }
 
 bool CStreamRun::saveScene()
 {
     // Before the first frame: the graph does not change any more, and who cannot save learns it at once.
     if (!m_options.save.isEmpty())
-        fail(replaceFile(m_options.save, m_graph->scene().saveToMemory()));
+        fail(replaceFile(m_options.save, m_streams.front()->graph().scene().saveToMemory()));
     return m_error.isEmpty();
 }
 
 bool CStreamRun::writeGraphFiles()
 {
-    const CGraphText graph(m_graph->scene());
-    const QDir output(m_options.output);
-    fail(writeTextFile(output.filePath(QStringLiteral("graph.txt")), graph.text()));
-    fail(writeTextFile(output.filePath(QStringLiteral("graph.dot")), graph.dot()));
-    return m_error.isEmpty();
+    if (m_options.load.isEmpty())
+        fail(writeTextFile(QDir(m_options.output).filePath(QStringLiteral("chain.json")), QString::fromUtf8(m_chain)));
+    return m_error.isEmpty() && forEachStream([this](CCameraStream& stream) {
+               const CGraphText graph(stream.graph().scene());
+               const QDir output(folder(stream));
+               const QString error = writeTextFile(output.filePath(QStringLiteral("graph.txt")), graph.text());
+               return error.isEmpty() ? writeTextFile(output.filePath(QStringLiteral("graph.dot")), graph.dot())
+                                      : error;
+           });
 }
 
 bool CStreamRun::stream()
 {
     CSignalWatcher signalWatcher;
     connect(&signalWatcher, &CSignalWatcher::received, this, &CStreamRun::onSignal);
-    if (!startGrabbing())
+    if (!forEachStream([this](CCameraStream& each) { return each.start(m_options.frames, m_options.silence); }))
+        requestEnd();
+    if (!isStreaming())
         return false;
 
     CProgressLine line(stderr);
@@ -120,49 +161,37 @@ bool CStreamRun::stream()
     timer.start(progressInterval);
     m_loop.exec();
     showProgress(line);
-    // The camera is stopped with this object, after the report: one that has gone takes seconds not to answer.
+    // The cameras are stopped with this object, after the report: one that has gone takes seconds not to answer.
     return true;
 }
 
-bool CStreamRun::startGrabbing()
+bool CStreamRun::isStreaming() const
 {
-    QString error;
-    if (!m_camera->start(&error)) {
-        fail(error);
-        return false;
-    }
-    CNodeDataFlowProxy* entry = m_graph->entry();
-    const auto handOn = [entry](const CGrabThread::SFrame& frame) {
-        const SFrameInfo info{frame.result->frameNumber, frame.grabbed};
-        entry->setData(QSharedPointer<CGrabResultData>::create(frame.result, info));
-    };
-    m_thread = std::make_unique<CGrabThread>(*m_camera, quint64(m_options.frames), m_options.silence, handOn);
-    // Queued behind the frames that the thread has handed on: when it arrives, all of them are through the graph.
-    connect(m_thread.get(), &CGrabThread::ended, this, &CStreamRun::onEnded, Qt::QueuedConnection);
-    m_thread->start();
-    return true;
+    return std::any_of(m_streams.begin(), m_streams.end(), [](const auto& stream) { return stream->isStreaming(); });
 }
 
-void CStreamRun::onEnded(const QString& error)
+void CStreamRun::onFailed(const QString& error)
 {
     fail(error);
-    m_thread->wait();
-    connect(m_graph.get(), &CStreamGraph::cameThrough, this, &CStreamRun::endWhenDrained);
-    // The report tells when there is something left by then.
-    QTimer::singleShot(m_graph->drainTime(), &m_loop, [this] { m_loop.quit(); });
-    endWhenDrained();
+    requestEnd();
 }
 
-void CStreamRun::endWhenDrained()
+void CStreamRun::onEnded()
 {
-    if (m_graph->isDrained())
+    if (!isStreaming())
         m_loop.quit();
 }
 
 void CStreamRun::onSignal(int number)
 {
     m_signal = number;
-    m_thread->requestInterruption();
+    requestEnd();
+}
+
+void CStreamRun::requestEnd()
+{
+    for (const auto& stream : m_streams)
+        stream->requestEnd();
 }
 
 void CStreamRun::fail(const QString& error)
@@ -173,37 +202,42 @@ void CStreamRun::fail(const QString& error)
 
 void CStreamRun::showProgress(CProgressLine& line) const
 {
-    const SRunReport now = report();
-    if (now.frames.grabbed == 0)
+    SGrabStatistics sum;
+    double rate = 0.0;
+    for (const auto& stream : m_streams) {
+        if (!stream->isStarted())
+            continue;
+        const SRunReport now = stream->report();
+        sum.grabbed += now.frames.grabbed;
+        sum.complete += now.frames.complete;
+        sum.incomplete += now.frames.incomplete;
+        sum.underruns += now.frames.underruns;
+        rate += now.framesPerSecond();
+    }
+    if (sum.grabbed == 0)
         return;
     line.show(QStringLiteral("%1/%2 frames, %3 per second, %4 incomplete, %5 underruns")
-                  .arg(now.frames.complete)
-                  .arg(m_options.frames)
-                  .arg(now.framesPerSecond(), 0, 'f', 1)
-                  .arg(now.frames.incomplete)
-                  .arg(now.frames.underruns));
-}
-
-SRunReport CStreamRun::report() const
-{
-    SRunReport report;
-    report.camera = QStringLiteral("%1, %2 x %3 %4")
-                        .arg(m_camera->name())
-                        .arg(m_camera->width())
-                        .arg(m_camera->height())
-                        .arg(m_camera->pixelFormat());
-    report.ending = ending();
-    report.frames = m_thread->statistics();
-    report.span = m_thread->span();
-    return report;
+                  .arg(sum.complete)
+                  .arg(m_streams.size() * std::size_t(m_options.frames))
+                  .arg(rate, 0, 'f', 1)
+                  .arg(sum.incomplete)
+                  .arg(sum.underruns));
 }
 
 bool CStreamRun::printReport()
 {
-    SRunReport full = report();
-    m_graph->account(&full);
-    fail(full.mismatch());
-    return printText(full.text());
+    QStringList texts;
+    for (const auto& stream : m_streams) {
+        if (!stream->isStarted())
+            continue;
+        SRunReport report = stream->account();
+        const QString mismatch = report.mismatch();
+        if (!mismatch.isEmpty())
+            fail(QStringLiteral("camera '%1': %2").arg(stream->camera(), mismatch));
+        report.ending = ending();
+        texts << report.text();
+    }
+    return printText(texts.join(QLatin1Char('\n')));
 }
 
 QString CStreamRun::ending() const
@@ -213,6 +247,11 @@ QString CStreamRun::ending() const
     if (m_signal != 0)
         return QStringLiteral("by signal %1").arg(m_signal);
     return QStringLiteral("after %1 frames, as asked").arg(m_options.frames);
+}
+
+QString CStreamRun::folder(const CCameraStream& stream) const
+{
+    return QDir(m_options.output).filePath(stream.camera());
 }
 
 } // namespace Host

@@ -4,28 +4,36 @@
 #pragma once
 
 #include "host/run/SRunOptions.h"
-#include "host/run/SRunReport.h"
 
 #include <QEventLoop>
 #include <QObject>
+#include <QSharedPointer>
 
+#include <functional>
 #include <memory>
+#include <vector>
+
+namespace Core {
+namespace Service {
+class IService;
+}
+} // namespace Core
 
 namespace Host {
 
-class CAravisCamera;
-class CGrabThread;
+class CCameraStream;
+class CPluginHost;
 class CProgressLine;
 class CStreamGraph;
 
 /**
- * One run of the program: builds the graph, opens the camera, saves the scene, streams, and says what it did.
+ * One run of the program: loads the plugins, builds a graph for each camera, opens the cameras, saves the scene,
+ * streams, and says what it did.
  *
- * Every complete frame that was grabbed has gone through the whole graph when the run ends, however it ends, or was
- * dropped and counted by a decoupler on the way; the last one that a decoupler got has come out of it.
+ * The run ends when every camera has, as CCameraStream says; an error of one, or a signal, ends all of them.
  *
- * Threads: one, with the application object alive and no event loop needed; frames are grabbed in a thread of the
- * run's own. SIGINT and SIGTERM are caught while frames stream.
+ * Threads: one, with the application object alive and no event loop needed; frames are grabbed in threads of the
+ * streams. SIGINT and SIGTERM are caught while frames stream.
  */
 class CStreamRun : public QObject
 {
@@ -43,32 +51,39 @@ public:
     explicit CStreamRun(SRunOptions options);
     ~CStreamRun() override;
 
-    /// Runs to the end and returns the exit code. Prints progress and errors, one line each, on standard error, and
-    /// the report on standard output. Once per object.
+    /// Runs to the end and returns the exit code. Prints progress, errors and the plugins that were left out, one line
+    /// each, on standard error, and the report on standard output. Once per object.
     int exec();
 
 private:
-    bool buildGraph();
-    bool openCamera();
+    using Step = std::function<QString(CCameraStream&)>; // what is wrong, empty on success
+
+    bool loadPlugins();
+    bool buildGraphs();
+    bool forEachStream(const Step& step);
+    bool openCameras();
     bool prepareSinks();
     bool saveScene();
     bool writeGraphFiles();
     bool stream();
-    bool startGrabbing();
     bool printReport();
-    SRunReport report() const;
     QString ending() const;
+    QString folder(const CCameraStream& stream) const;
     void fail(const QString& error);
+    void requestEnd();
+    bool isStreaming() const;
+    void onFailed(const QString& error);
+    void onEnded();
     void onSignal(int number);
-    void onEnded(const QString& error);
-    void endWhenDrained();
     void showProgress(CProgressLine& line) const;
 
     const SRunOptions m_options;
-    // In this order: the thread ends before the graph goes that it feeds, and both before the camera.
-    std::unique_ptr<CAravisCamera> m_camera;
-    std::unique_ptr<CStreamGraph> m_graph;
-    std::unique_ptr<CGrabThread> m_thread;
+    // In this order: cameras go before the scenes that they feed, and the services before the code that they run.
+    std::unique_ptr<CPluginHost> m_plugins;
+    QSharedPointer<Core::Service::IService> m_nodeService;
+    QSharedPointer<Core::Service::IService> m_hostModels;
+    std::vector<std::unique_ptr<CCameraStream>> m_streams;
+    QByteArray m_chain; // what was imported
     QEventLoop m_loop;
     QString m_error; // the first
     int m_signal = 0;

@@ -6,10 +6,11 @@
 #include "host/run/Output.h"
 
 #include <QFile>
+#include <QHash>
 #include <QJsonArray>
-#include <QJsonDocument>
 
 #include <algorithm>
+#include <initializer_list>
 #include <iterator>
 #include <vector>
 
@@ -26,6 +27,46 @@ QString place(const QByteArray& bytes, int offset)
     const int line = before.count('\n') + 1;
     const int column = QString::fromUtf8(before.mid(before.lastIndexOf('\n') + 1)).size() + 1;
     return QStringLiteral("line %1, column %2 (offset %3)").arg(line).arg(column).arg(offset);
+}
+
+// The objects of a list with the texts under \a keys replaced by what \a names has for them.
+QJsonArray renamed(const QJsonValue& list, std::initializer_list<QString> keys, const QHash<QString, QString>& names)
+{
+    QJsonArray result;
+    const QJsonArray values = list.toArray();
+    for (const QJsonValue& value : values) {
+        QJsonObject object = value.toObject();
+        for (const QString& key : keys) {
+            const auto name = names.constFind(object.value(key).toString());
+            if (name != names.constEnd())
+                object.insert(key, *name);
+        }
+        result.append(value.isObject() ? QJsonValue(object) : value);
+    }
+    return result;
+}
+
+// The document with unique nodes told by their unique names: they are not made from documents, so that each process
+// gives them ids of its own.
+QJsonObject withoutIdsOfUniqueNodes(QJsonObject document)
+{
+    const QString nodesKey = QStringLiteral("nodes");
+    const QString connectionsKey = QStringLiteral("connections");
+    const QString idKey = QStringLiteral("id");
+    QHash<QString, QString> names;
+    const QJsonArray nodes = document.value(nodesKey).toArray();
+    for (const QJsonValue& node : nodes) {
+        const QJsonValue model = node[QStringLiteral("model")];
+        const QJsonValue name = model[QStringLiteral("unique_name")];
+        if (model[QStringLiteral("is_unique")].toBool() && name.isString())
+            names.insert(node[idKey].toString(), QStringLiteral("unique ") + name.toString());
+    }
+    if (names.isEmpty())
+        return document;
+    document.insert(nodesKey, renamed(nodes, {idKey}, names));
+    document.insert(connectionsKey, renamed(document.value(connectionsKey),
+                                            {QStringLiteral("in_id"), QStringLiteral("out_id")}, names));
+    return document;
 }
 
 std::vector<QByteArray> sorted(const QJsonValue& list)
@@ -47,7 +88,7 @@ QString firstMissing(const std::vector<QByteArray>& from, const std::vector<QByt
 
 } // namespace
 
-QJsonObject readSceneFile(const QString& file, QString* error)
+QByteArray readDocument(const QString& file, QString* error)
 {
     QFile in(file);
     if (!in.open(QIODevice::ReadOnly)) {
@@ -55,30 +96,39 @@ QJsonObject readSceneFile(const QString& file, QString* error)
         return {};
     }
     // Not all at once: a device may have no end.
-    const QByteArray bytes = in.read(maxSize + 1);
-    if (in.error() != QFileDevice::NoError) {
+    QByteArray bytes = in.read(maxSize + 1);
+    if (in.error() != QFileDevice::NoError)
         *error = QStringLiteral("cannot read '%1': %2").arg(file, in.errorString());
-        return {};
-    }
-    if (bytes.size() > maxSize) {
+    else if (bytes.size() > maxSize)
         *error = QStringLiteral("cannot load '%1': it is larger than 64 MiB").arg(file);
-        return {};
-    }
+    return bytes;
+}
 
+QJsonDocument parseDocument(const QString& file, const QByteArray& bytes, QString* error)
+{
     QJsonParseError parseError{};
-    const QJsonDocument document = QJsonDocument::fromJson(bytes, &parseError);
+    QJsonDocument document = QJsonDocument::fromJson(bytes, &parseError);
     if (parseError.error != QJsonParseError::NoError)
         *error = QStringLiteral("cannot load '%1': no JSON: %2: %3")
                      .arg(file, place(bytes, parseError.offset), parseError.errorString());
-    else if (!document.isObject())
+    return document;
+}
+
+QJsonObject readSceneFile(const QString& file, QString* error)
+{
+    const QByteArray bytes = readDocument(file, error);
+    if (!error->isEmpty())
+        return {};
+    const QJsonDocument document = parseDocument(file, bytes, error);
+    if (error->isEmpty() && !document.isObject())
         *error = QStringLiteral("cannot load '%1': the top level is no object").arg(file);
     return document.object();
 }
 
 QString sceneDifference(const QJsonObject& left, const QJsonObject& right)
 {
-    QJsonObject leftRest = left;
-    QJsonObject rightRest = right;
+    QJsonObject leftRest = withoutIdsOfUniqueNodes(left);
+    QJsonObject rightRest = withoutIdsOfUniqueNodes(right);
     for (const char* key : {"nodes", "connections"}) {
         const QString name = QString::fromLatin1(key);
         const auto inLeft = sorted(leftRest.take(name));

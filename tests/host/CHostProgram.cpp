@@ -46,12 +46,20 @@ QStringList CHostProgram::errorLines() const
     return lines;
 }
 
+bool CHostProgram::choose(const QString& camera)
+{
+    const QStringList parts = m_output.split(QStringLiteral("Graph\n"));
+    const QStringList found = parts.filter(QStringLiteral(" (%1), ").arg(camera));
+    m_chosen = found.value(0);
+    return found.size() == 1;
+}
+
 QStringList CHostProgram::frameLine() const
 {
     static const QRegularExpression line(
         QStringLiteral("^Frames grabbed +(\\d+) = (\\d+) complete \\+ (\\d+) incomplete$"),
         QRegularExpression::MultilineOption);
-    QStringList numbers = line.match(m_output).capturedTexts();
+    QStringList numbers = line.match(table()).capturedTexts();
     if (numbers.size() != 4 || numbers.at(1).toInt() != numbers.at(2).toInt() + numbers.at(3).toInt())
         return {};
     return numbers;
@@ -73,15 +81,16 @@ double CHostProgram::framesPerSecond() const
 {
     static const QRegularExpression line(QStringLiteral("^Frames per second +([\\d.]+)$"),
                                          QRegularExpression::MultilineOption);
-    return line.match(m_output).captured(1).toDouble();
+    return line.match(table()).captured(1).toDouble();
 }
 
 std::map<QString, CHostProgram::SSink> CHostProgram::sinks() const
 {
     static const QRegularExpression row(QStringLiteral("^(\\w+) +(\\d+) +[\\d.]+ ms +[\\d.]+ ms +(\\d+)  "),
                                         QRegularExpression::MultilineOption);
+    const QString text = table();
     std::map<QString, SSink> sinks;
-    for (auto rows = row.globalMatch(m_output); rows.hasNext();) {
+    for (auto rows = row.globalMatch(text); rows.hasNext();) {
         const QRegularExpressionMatch match = rows.next();
         sinks[match.captured(1)] = {match.captured(2).toInt(), match.captured(3).toInt()};
     }
@@ -93,8 +102,9 @@ std::vector<CHostProgram::SDecoupler> CHostProgram::decouplers() const
     static const QRegularExpression row(
         QStringLiteral("^\\[\\d+\\] Decoupler for VGR +[\\d.]+ +(\\d+) +(\\d+) +(\\d+) +(\\d+) +(\\d+)$"),
         QRegularExpression::MultilineOption);
+    const QString text = table();
     std::vector<SDecoupler> decouplers;
-    for (auto rows = row.globalMatch(m_output); rows.hasNext();) {
+    for (auto rows = row.globalMatch(text); rows.hasNext();) {
         const QRegularExpressionMatch match = rows.next();
         const auto count = [&match](int column) { return match.captured(column).toInt(); };
         decouplers.push_back({count(1), count(2), count(3), count(4), count(5)});

@@ -53,6 +53,9 @@ public:
     QString output() const { return m_output; }
     QStringList errorLines() const;
 
+    /// What of the output is about that camera; what follows then reads nothing else. False when there is no such part.
+    bool choose(const QString& camera);
+
     /// The number behind "complete" in the table's line of frames, or -1 when there is no line that adds up.
     int completeFrames() const;
     int incompleteFrames() const;
@@ -60,14 +63,16 @@ public:
     std::map<QString, SSink> sinks() const;
     std::vector<SDecoupler> decouplers() const;
 
-    /// Whether the demo graph lost nothing unaccounted for: every complete frame at the sink "frames" and in the
+    /// Whether the default chain lost nothing unaccounted for: every complete frame at the sink "frames" and in the
     /// decoupler's counts, and all that the decoupler emitted at the three sinks behind it.
     bool addsUp() const;
 
 private:
+    QString table() const { return m_chosen.isEmpty() ? m_output : m_chosen; }
     QStringList frameLine() const;
 
     QProcess m_process;
     QString m_output;
+    QString m_chosen;
     QString m_errors;
 };

@@ -11,6 +11,7 @@
 #include "host/models/CThresholdModel.h"
 #include "host/models/HostModels.h"
 #include "scene/CNodeDataModelRegistry.h"
+#include "service/CNodeService.h"
 
 #include <opencv2/imgproc.hpp>
 
@@ -120,9 +121,9 @@ void tst_AImageFilterModel::kinds()
 
 std::unique_ptr<CNodeDataModel> tst_AImageFilterModel::created()
 {
-    CNodeDataModelRegistry registry;
-    registerHostModels(registry);
-    return registry.create(QString::fromLatin1(QTest::currentDataTag()));
+    CNodeService service(nullptr);
+    registerHostModels(service);
+    return service.registry()->create(QString::fromLatin1(QTest::currentDataTag()));
 }
 
 void tst_AImageFilterModel::filter()

@@ -52,6 +52,9 @@ class tst_CAravisCamera : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void fakeAddresses_data();
+    void fakeAddresses();
+    void severalFakeCamerasAtOnce();
     void defaultOptionsOpenTheFakeCamera();
     void stoppedCameraHasNoBuffers();
     void framesArriveCompleteWithTheirGeometry();
@@ -66,6 +69,48 @@ private Q_SLOTS:
     void refusedOptions();
     void startTwice();
 };
+
+void tst_CAravisCamera::fakeAddresses_data()
+{
+    QTest::addColumn<QString>("address");
+    QTest::addColumn<bool>("isFake");
+    QTest::newRow("alone") << "fake" << true;
+    QTest::newRow("first") << "fake-1" << true;
+    QTest::newRow("twentieth") << "fake-20" << true;
+    QTest::newRow("number zero") << "fake-0" << false;
+    QTest::newRow("no number") << "fake-" << false;
+    QTest::newRow("word") << "fake-one" << false;
+    QTest::newRow("host") << "fake-1.example.org" << false;
+    QTest::newRow("line break") << "fake-1\n" << false;
+    QTest::newRow("address") << "127.0.0.1" << false;
+}
+
+void tst_CAravisCamera::fakeAddresses()
+{
+    QFETCH(QString, address);
+    QFETCH(bool, isFake);
+    QCOMPARE(SCameraOptions::isFake(address), isFake);
+}
+
+void tst_CAravisCamera::severalFakeCamerasAtOnce()
+{
+    std::vector<std::unique_ptr<CAravisCamera>> cameras;
+    for (const char* address : {"fake", "fake-1", "fake-2"}) {
+        SCameraOptions options;
+        options.address = QString::fromLatin1(address);
+        QString error;
+        cameras.push_back(CAravisCamera::open(options, &error));
+        QVERIFY2(cameras.back() && cameras.back()->start(&error), qPrintable(error));
+        QCOMPARE(cameras.back()->name(), QStringLiteral("Aravis Fake (%1)").arg(options.address));
+    }
+    for (int i = 0; i < 5; ++i) {
+        for (const auto& camera : cameras) {
+            const CAravisCamera::SGrab grab = camera->grab(std::chrono::seconds(5));
+            QCOMPARE(grab.status, CAravisCamera::EGrab::Frame);
+            QVERIFY(showsTestPattern(*grab.frame));
+        }
+    }
+}
 
 void tst_CAravisCamera::defaultOptionsOpenTheFakeCamera()
 {

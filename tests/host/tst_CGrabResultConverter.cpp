@@ -60,6 +60,7 @@ class tst_CGrabResultConverter : public QObject
 private Q_SLOTS:
     void emptyDataStaysEmpty();
     void otherDataIsEmpty();
+    void grabResultOfSomebodyElse();
     void unknownFormatIsEmpty();
     void rowsBetweenValuesAreEmpty();
     void mono8IsNotCopied();
@@ -82,6 +83,21 @@ void tst_CGrabResultConverter::emptyDataStaysEmpty()
 void tst_CGrabResultConverter::otherDataIsEmpty()
 {
     QVERIFY(!CGrabResultConverter()(QSharedPointer<CImageData>::create(cv::Mat(2, 2, CV_8UC1), info)));
+}
+
+void tst_CGrabResultConverter::grabResultOfSomebodyElse()
+{
+    SFrame frame(QStringLiteral("Mono8"), 4, 4, 1);
+    frame.result.frameNumber = 17;
+    const auto before = std::chrono::steady_clock::now();
+    const CNodeDataPtr data = QSharedPointer<CVeltraGrabResultData>::create(Veltra::CGrabResultPtr(frame.result));
+    const auto image = CGrabResultConverter()(data).dynamicCast<CImageData>();
+    QVERIFY(image);
+    QCOMPARE(image->image().data, frame.memory->data());
+    QCOMPARE(image->info().frameNumber, quint64(17));
+    // It does not say when it was grabbed.
+    QVERIFY(image->info().grabbed >= before);
+    QVERIFY(image->info().grabbed <= std::chrono::steady_clock::now());
 }
 
 void tst_CGrabResultConverter::unknownFormatIsEmpty()

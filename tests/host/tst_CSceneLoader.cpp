@@ -3,7 +3,8 @@
 
 #include "host/run/CSceneLoader.h"
 
-#include "host/models/HostModels.h"
+#include "SHostService.h"
+
 #include "scene/CNodeScene.h"
 
 #include <QJsonArray>
@@ -53,12 +54,22 @@ QJsonObject sound()
         {"connections", QJsonArray{connection(0, 1, toImage), connection(1, 2), connection(1, 3), connection(3, 4)}}};
 }
 
-std::shared_ptr<CNodeDataModelRegistry> hostRegistry()
+// A scene with a camera "live" in it, as the node service makes one.
+struct SLiveScene
 {
-    auto registry = std::make_shared<CNodeDataModelRegistry>();
-    registerHostModels(*registry);
-    return registry;
-}
+    SLiveScene()
+        : camera(*services.nodes.findNode(
+              services.nodes.addNode(services.models.createCameraSource(QStringLiteral("live")), nullptr)))
+        , scene(*services.nodes.getActiveScene())
+    {
+    }
+
+    QString load(const QJsonObject& document) { return CSceneLoader(scene, camera).load(document); }
+
+    SHostService services;
+    CNodeBase& camera;
+    CNodeScene& scene;
+};
 
 QJsonObject with(const char* list, int place, const QJsonValue& json)
 {
@@ -86,6 +97,8 @@ class tst_CSceneLoader : public QObject
 
 private Q_SLOTS:
     void soundDocument();
+    void cameraOfTheDocumentIsTheLiveOne_data();
+    void cameraOfTheDocumentIsTheLiveOne();
     void arrayOrderDoesNotMatter();
     void refused_data();
     void refused();
@@ -94,10 +107,33 @@ private Q_SLOTS:
 
 void tst_CSceneLoader::soundDocument()
 {
-    CNodeScene scene(hostRegistry(), {}, nullptr);
-    QCOMPARE(CSceneLoader(scene).load(sound()), QString());
-    QCOMPARE(scene.nodes().size(), std::size_t(5));
-    QCOMPARE(scene.connections().size(), std::size_t(4));
+    SLiveScene live;
+    QCOMPARE(live.load(sound()), QString());
+    QCOMPARE(live.scene.nodes().size(), std::size_t(5));
+    QCOMPARE(live.scene.connections().size(), std::size_t(4));
+}
+
+void tst_CSceneLoader::cameraOfTheDocumentIsTheLiveOne_data()
+{
+    QTest::addColumn<QJsonObject>("model");
+    QTest::newRow("the same camera") << QJsonObject{
+        {"name", "Camera Source"}, {"is_unique", true}, {"unique_name", "live"}};
+    QTest::newRow("another camera") << QJsonObject{
+        {"name", "Camera Source"}, {"is_unique", true}, {"unique_name", "left"}};
+    QTest::newRow("any camera") << QJsonObject{{"name", "Camera Source"}, {"is_unique", false}};
+}
+
+void tst_CSceneLoader::cameraOfTheDocumentIsTheLiveOne()
+{
+    QFETCH(QJsonObject, model);
+    SLiveScene live;
+    QCOMPARE(live.load(with("nodes", 0, with(node(0, "?"), "model", model))), QString());
+    QCOMPARE(live.scene.nodes().size(), std::size_t(5));
+    const auto ofCamera = live.camera.nodeState().connections(ENodePortType::Out, 0);
+    QCOMPARE(ofCamera.size(), std::size_t(1));
+    const CNodeBase* fed = ofCamera.begin()->second->getNode(ENodePortType::In);
+    QCOMPARE(fed->nodeDataModel()->name(), QStringLiteral("Blur"));
+    QCOMPARE(fed->id().toString(), id(1));
 }
 
 void tst_CSceneLoader::arrayOrderDoesNotMatter()
@@ -108,8 +144,7 @@ void tst_CSceneLoader::arrayOrderDoesNotMatter()
     for (const QJsonValue& json : before)
         nodes.prepend(json);
     document["nodes"] = nodes;
-    CNodeScene scene(hostRegistry(), {}, nullptr);
-    QCOMPARE(CSceneLoader(scene).load(document), QString());
+    QCOMPARE(SLiveScene().load(document), QString());
 }
 
 void tst_CSceneLoader::refused_data()
@@ -136,9 +171,12 @@ void tst_CSceneLoader::refused_data()
     row("model with a long name over lines", with("nodes", 3, node(3, "two\nlines")),
         "nodes[3]: no model 'two?lines' is registered");
     row("unique model",
-        with("nodes", 0,
-             with(node(0, "Camera Source"), "model", QJsonObject{{"name", "Camera Source"}, {"is_unique", true}})),
-        "nodes[0]: a unique 'Camera Source' is not made anew, and there is none to refer to");
+        with("nodes", 1, with(node(1, "Blur"), "model", QJsonObject{{"name", "Blur"}, {"is_unique", true}})),
+        "nodes[1]: a unique 'Blur' is not made anew, and there is none to refer to");
+    row("two unique cameras",
+        with("nodes", 5,
+             with(node(5, "Camera Source"), "model", QJsonObject{{"name", "Camera Source"}, {"is_unique", true}})),
+        "nodes[5]: a second 'Camera Source', after nodes[0]");
     row("no id", with("nodes", 1, with(node(1, "Blur"), "id", "blur")), "nodes[1]: 'blur' is no id");
     row("null id", with("nodes", 1, with(node(1, "Blur"), "id", "00000000-0000-0000-0000-000000000000")),
         "nodes[1]: '00000000-0000-0000-0000-000000000000' is no id");
@@ -178,8 +216,7 @@ void tst_CSceneLoader::refused()
 {
     QFETCH(QJsonObject, document);
     QFETCH(QString, error);
-    CNodeScene scene(hostRegistry(), {}, nullptr);
-    QCOMPARE(CSceneLoader(scene).load(document), error);
+    QCOMPARE(SLiveScene().load(document), error);
 }
 
 void tst_CSceneLoader::largeDocument()
@@ -192,9 +229,9 @@ void tst_CSceneLoader::largeDocument()
         nodes.append(node(i, "Blur"));
         connections.append(connection(0, i, toImage));
     }
-    CNodeScene scene(hostRegistry(), {}, nullptr);
-    QCOMPARE(CSceneLoader(scene).load({{"nodes", nodes}, {"connections", connections}}), QString());
-    QCOMPARE(scene.connections().size(), std::size_t(blurs));
+    SLiveScene live;
+    QCOMPARE(live.load({{"nodes", nodes}, {"connections", connections}}), QString());
+    QCOMPARE(live.scene.connections().size(), std::size_t(blurs));
 }
 
 QTEST_GUILESS_MAIN(tst_CSceneLoader)

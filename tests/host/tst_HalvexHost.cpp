@@ -55,10 +55,10 @@ void tst_HalvexHost::tableAddsUp()
     QCOMPARE(program.incompleteFrames(), 0);
     QVERIFY2(program.addsUp(), qPrintable(program.output()));
     QCOMPARE(program.sinks()["frames"].written, 3);
-    QCOMPARE(pngFiles(QDir(folder.filePath("frames"))),
+    QCOMPARE(pngFiles(QDir(folder.filePath("fake/frames"))),
              QStringList({"frame-000000.png", "frame-000010.png", "frame-000020.png"}));
     for (const auto& sink : program.sinks())
-        QCOMPARE(pngFiles(QDir(folder.filePath(sink.first))).size(), sink.second.written);
+        QCOMPARE(pngFiles(QDir(folder.filePath("fake/" + sink.first))).size(), sink.second.written);
     const QStringList lines = program.errorLines();
     QVERIFY(!lines.isEmpty());
     for (const QString& line : lines)
@@ -103,7 +103,7 @@ void tst_HalvexHost::filesHoldWhatTheGraphComputes()
     QVERIFY2(program.addsUp(), qPrintable(program.output()));
     const auto read = [&](const QString& sink, int number) {
         const QString file =
-            folder.filePath(QStringLiteral("%1/frame-%2.png").arg(sink).arg(number, 6, 10, QChar('0')));
+            folder.filePath(QStringLiteral("fake/%1/frame-%2.png").arg(sink).arg(number, 6, 10, QChar('0')));
         return cv::imread(file.toStdString(), cv::IMREAD_UNCHANGED);
     };
     const auto isSame = [](const cv::Mat& left, const cv::Mat& right) {
@@ -142,12 +142,12 @@ void tst_HalvexHost::graphIsWritten()
     const QTemporaryDir folder;
     CHostProgram program;
     QVERIFY(program.run({"run", "--frames", "1", "--output", folder.path()}));
-    QFile text(folder.filePath("graph.txt"));
+    QFile text(folder.filePath("fake/graph.txt"));
     QVERIFY(text.open(QIODevice::ReadOnly));
     const QString graph = QString::fromUtf8(text.readAll());
     QVERIFY(graph.contains(QStringLiteral("VGR -> [1] Decoupler for VGR")));
     QVERIFY(program.output().contains(graph));
-    QFile dot(folder.filePath("graph.dot"));
+    QFile dot(folder.filePath("fake/graph.dot"));
     QVERIFY(dot.open(QIODevice::ReadOnly));
     QVERIFY(dot.readAll().startsWith("digraph Halvex {"));
 }
@@ -158,7 +158,7 @@ void tst_HalvexHost::colorFrames()
     CHostProgram program;
     QVERIFY(program.run({"run", "--frames", "1", "--pixel-format", "RGB8", "--output", folder.path()}));
     QCOMPARE(program.exitCode(), 0);
-    const QString file = folder.filePath("frames/frame-000000.png");
+    const QString file = folder.filePath("fake/frames/frame-000000.png");
     QCOMPARE(cv::imread(file.toStdString(), cv::IMREAD_UNCHANGED).type(), CV_8UC3);
 }
 
@@ -167,10 +167,11 @@ void tst_HalvexHost::refused_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("beginning");
     QTest::newRow("missing camera") << QStringList{"--camera", "127.0.0.3"} << "cannot open camera '127.0.0.3': ";
-    QTest::newRow("folder below a file") << QStringList{"--output", "%file%/x"} << "cannot make the folder '%file%/x/";
-    QTest::newRow("folder is a file") << QStringList{"--output", "%file%"} << "cannot make the folder '%file%/";
+    QTest::newRow("folder below a file") << QStringList{"--output", "%file%/x"}
+                                         << "cannot make the folder '%file%/x/fake/";
+    QTest::newRow("folder is a file") << QStringList{"--output", "%file%"} << "cannot make the folder '%file%/fake/";
     QTest::newRow("folder that takes nothing")
-        << QStringList{"--output", "/proc/x"} << "cannot make the folder '/proc/";
+        << QStringList{"--output", "/proc/x"} << "cannot make the folder '/proc/x/fake/";
     QTest::newRow("unknown option") << QStringList{"--speed", "3"} << "Unknown option 'speed'.";
     QTest::newRow("unknown format") << QStringList{"--pixel-format", "Mono9"} << "camera 'fake' refuses ";
 }
@@ -196,8 +197,8 @@ void tst_HalvexHost::refused()
 void tst_HalvexHost::fullDiskEndsTheRun()
 {
     const QTemporaryDir folder;
-    QVERIFY(QDir(folder.path()).mkdir("edges"));
-    const QString file = folder.filePath("edges/frame-000005.png");
+    QVERIFY(QDir(folder.path()).mkpath("fake/edges"));
+    const QString file = folder.filePath("fake/edges/frame-000005.png");
     QVERIFY(QFile::link(QStringLiteral("/dev/full"), file));
     CHostProgram program;
     QVERIFY(

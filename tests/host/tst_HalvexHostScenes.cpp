@@ -63,6 +63,7 @@ class tst_HalvexHostScenes : public QObject
 private Q_SLOTS:
     void initTestCase();
     void savedSceneIsTheSameInTheNextProcess();
+    void anotherCameraTakesThePlaceOfTheSavedOne();
     void loadedAndSavedUnderTheSameName();
     void restoredRateCounts();
     void interruptedRunOfALoadedScene();
@@ -78,7 +79,7 @@ private Q_SLOTS:
 
 private:
     QTemporaryDir m_folder;
-    QString m_saved; // the demo graph's document
+    QString m_saved; // the default chain's scene
 };
 
 void tst_HalvexHostScenes::initTestCase()
@@ -100,14 +101,31 @@ void tst_HalvexHostScenes::savedSceneIsTheSameInTheNextProcess()
     QVERIFY2(program.addsUp(), qPrintable(program.output()));
     QCOMPARE(program.completeFrames(), 20);
     for (const char* sink : {"frames", "threshold", "edges", "histogram"})
-        QVERIFY2(QFile::exists(folder.filePath(QStringLiteral("out/%1/frame-000000.png").arg(sink))), sink);
+        QVERIFY2(QFile::exists(folder.filePath(QStringLiteral("out/fake/%1/frame-000000.png").arg(sink))), sink);
     CHostProgram comparison;
     QVERIFY(comparison.run({"compare", m_saved, again}));
     QCOMPARE(comparison.exitCode(), 0);
     QCOMPARE(comparison.output(),
-             QStringLiteral("'%1' and '%2' are the same scene: 10 nodes, 9 connections\n").arg(m_saved, again));
+             QStringLiteral("'%1' and '%2' are the same scene: 12 nodes, 11 connections\n").arg(m_saved, again));
     // Nothing but the document is left where it was written.
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{"again.json"});
+}
+
+void tst_HalvexHostScenes::anotherCameraTakesThePlaceOfTheSavedOne()
+{
+    const QTemporaryDir folder;
+    const QString again = folder.filePath("again.json");
+    CHostProgram program;
+    QVERIFY(program.run(
+        {"run", "--camera", "fake-2", "--frames", "5", "--output", folder.path(), "--load", m_saved, "--save", again}));
+    QCOMPARE(program.exitCode(), 0);
+    QVERIFY2(program.addsUp(), qPrintable(program.output()));
+    QVERIFY(QFile::exists(folder.filePath("fake-2/frames/frame-000000.png")));
+    // The same graph, but of another camera.
+    CHostProgram comparison;
+    QVERIFY(comparison.run({"compare", m_saved, again}));
+    QCOMPARE(comparison.exitCode(), 1);
+    QVERIFY2(comparison.output().contains(QStringLiteral("\"unique_name\":\"fake\"")), qPrintable(comparison.output()));
 }
 
 void tst_HalvexHostScenes::loadedAndSavedUnderTheSameName()
@@ -162,7 +180,7 @@ void tst_HalvexHostScenes::cameraAlone()
     QCOMPARE(program.completeFrames(), 3);
     QVERIFY(program.sinks().empty());
     QVERIFY(program.decouplers().empty());
-    QVERIFY(QFile::exists(folder.filePath("out/graph.txt")));
+    QVERIFY(QFile::exists(folder.filePath("out/fake/graph.txt")));
 }
 
 void tst_HalvexHostScenes::refusedBeforeAnyCamera_data()
@@ -174,15 +192,19 @@ void tst_HalvexHostScenes::refusedBeforeAnyCamera_data()
                              << "cannot load '%1': no JSON: line 1, column \\d+ \\(offset \\d+\\): .+";
     QTest::newRow("no object") << QByteArray() << QByteArray("[]") << "cannot load '%1': the top level is no object";
     QTest::newRow("unregistered model") << QByteArray("\"Threshold\"") << QByteArray("\"Sharpen\"")
-                                        << "cannot load '%1': nodes\\[\\d\\]: no model 'Sharpen' is registered";
-    QTest::newRow("no camera") << QByteArray("\"Camera Source\"") << QByteArray("\"Blur\"")
+                                        << "cannot load '%1': nodes\\[\\d+\\]: no model 'Sharpen' is registered";
+    QTest::newRow("unique, but no camera")
+        << QByteArray("\"Camera Source\"") << QByteArray("\"Blur\"")
+        << "cannot load '%1': nodes\\[\\d+\\]: a unique 'Blur' is not made anew, and there is none to refer to";
+    QTest::newRow("no camera") << QByteArray() << QByteArray("{\"nodes\": [], \"connections\": []}")
                                << "cannot load '%1': nodes: no 'Camera Source' among them";
-    QTest::newRow("two cameras") << QByteArray("\"Blur\"") << QByteArray("\"Camera Source\"")
-                                 << "cannot load '%1': nodes\\[\\d\\]: a second 'Camera Source', after nodes\\[\\d\\]";
+    QTest::newRow("two cameras")
+        << QByteArray("\"Blur\"") << QByteArray("\"Camera Source\"")
+        << "cannot load '%1': nodes\\[\\d+\\]: a second 'Camera Source', after nodes\\[\\d+\\]";
     QTest::newRow("connection") << QByteArray("\"out_index\": 0") << QByteArray("\"out_index\": 4")
-                                << "cannot load '%1': connections\\[0\\]: nodes\\[\\d\\] has no output port 4";
+                                << "cannot load '%1': connections\\[0\\]: nodes\\[\\d+\\] has no output port 4";
     QTest::newRow("same sink twice") << QByteArray("\"edges\"") << QByteArray("\"frames\"")
-                                     << "cannot load '%1': nodes\\[\\d\\]: a second sink 'frames'";
+                                     << "cannot load '%1': nodes\\[\\d+\\]: a second sink 'frames'";
 }
 
 void tst_HalvexHostScenes::refusedBeforeAnyCamera()
@@ -268,7 +290,7 @@ void tst_HalvexHostScenes::killWhileSavingLeavesTheOldDocument()
     QCOMPARE(content(file), QByteArray("old"));
     // It was killed there and not later: what is written next is missing.
     QVERIFY(QFile::exists(folder.filePath("out")));
-    QVERIFY(!QFile::exists(folder.filePath("out/graph.txt")));
+    QVERIFY(!QFile::exists(folder.filePath("out/fake/graph.txt")));
 }
 
 void tst_HalvexHostScenes::compare_data()

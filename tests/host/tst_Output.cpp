@@ -54,6 +54,8 @@ class tst_Output : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void namesOfFolders_data();
+    void namesOfFolders();
     void replacesAFile();
     void followsALink();
     void fullDiskLeavesTheOldFile_data();
@@ -61,6 +63,26 @@ private Q_SLOTS:
     void refused_data();
     void refused();
 };
+
+void tst_Output::namesOfFolders_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("isFolder");
+    QTest::newRow("word") << "fake-1" << true;
+    QTest::newRow("address") << "10.0.0.2" << true;
+    QTest::newRow("empty") << "" << false;
+    QTest::newRow("dots") << ".." << false;
+    QTest::newRow("hidden") << ".a" << false;
+    QTest::newRow("slash") << "a/b" << false;
+    QTest::newRow("line break") << "a\nb" << false;
+}
+
+void tst_Output::namesOfFolders()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, isFolder);
+    QCOMPARE(makesAFolder(name), isFolder);
+}
 
 void tst_Output::replacesAFile()
 {

@@ -20,6 +20,7 @@ private Q_SLOTS:
     void refused();
     void deviceWithoutEndIsRefused();
     void orderDoesNotMatter();
+    void uniqueNodesGoByTheirNames();
     void differences_data();
     void differences();
     void shownOnOneLine();
@@ -79,6 +80,23 @@ void tst_SceneFile::orderDoesNotMatter()
     const QJsonObject left{{"nodes", QJsonArray{a, b}}, {"connections", QJsonArray{1, 2, 2}}};
     const QJsonObject right{{"connections", QJsonArray{2, 1, 2}}, {"nodes", QJsonArray{b, a}}};
     QCOMPARE(sceneDifference(left, right), QString());
+}
+
+void tst_SceneFile::uniqueNodesGoByTheirNames()
+{
+    const auto document = [](const char* id, const char* name, bool isUnique) {
+        const QJsonObject model{{"name", "Camera Source"}, {"is_unique", isUnique}, {"unique_name", name}};
+        const QJsonObject blur{{"id", "b"}, {"model", QJsonObject{{"name", "Blur"}}}};
+        return QJsonObject{{"nodes", QJsonArray{QJsonObject{{"id", id}, {"model", model}}, blur}},
+                           {"connections", QJsonArray{QJsonObject{{"out_id", id}, {"in_id", "b"}}}}};
+    };
+    QCOMPARE(sceneDifference(document("1", "left", true), document("2", "left", true)), QString());
+    QVERIFY(!sceneDifference(document("1", "left", true), document("1", "right", true)).isEmpty());
+    QVERIFY(!sceneDifference(document("1", "left", false), document("2", "left", false)).isEmpty());
+    QVERIFY(!sceneDifference(document("1", "left", true), document("1", "left", false)).isEmpty());
+    QJsonObject unconnected = document("2", "left", true);
+    unconnected.insert("connections", QJsonArray{QJsonObject{{"out_id", "1"}, {"in_id", "b"}}});
+    QVERIFY(!sceneDifference(document("1", "left", true), unconnected).isEmpty());
 }
 
 void tst_SceneFile::differences_data()

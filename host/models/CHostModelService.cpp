@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/models/CHostModelService.h"
+
+#include "host/models/CCameraSourceModel.h"
+#include "host/models/CGrabResultConverter.h"
+
+namespace Host {
+
+CHostModelService::CHostModelService(QObject* parent)
+    : IService(parent)
+{
+}
+
+std::unique_ptr<Plugin::Halvex::ANodeDataModel> CHostModelService::createCameraSource(const QString& camera) const
+{
+    return std::make_unique<CCameraSourceModel>(camera);
+}
+
+bool CHostModelService::supports(const QString& pixelFormat) const
+{
+    return CGrabResultConverter::supports(pixelFormat);
+}
+
+} // namespace Host

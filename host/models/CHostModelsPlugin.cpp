@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/models/CHostModelsPlugin.h"
+
+#include "host/models/HostModels.h"
+#include "service/INodeService.h"
+
+namespace Host {
+
+CHostModelsPlugin::CHostModelsPlugin()
+    : m_service(new CHostModelService(nullptr))
+{
+}
+
+bool CHostModelsPlugin::initialize(const QWeakPointer<Core::Service::IServiceManager>& manager)
+{
+    m_manager = manager;
+    const auto present = manager.toStrongRef();
+    if (!present)
+        return false;
+    present->registerService(m_service);
+    return true;
+}
+
+bool CHostModelsPlugin::extensionsInitialized()
+{
+    const auto manager = m_manager.toStrongRef();
+    if (!manager)
+        return false;
+    const auto service = manager->findService("Plugin::Halvex::INodeService");
+    auto* nodeService = qobject_cast<Plugin::Halvex::INodeService*>(service.data());
+    if (!nodeService)
+        return false;
+    registerHostModels(*nodeService);
+    return true;
+}
+
+bool CHostModelsPlugin::uninitialize(const QWeakPointer<Core::Service::IServiceManager>& manager)
+{
+    if (const auto present = manager.toStrongRef())
+        present->unregisterService(m_service);
+    m_service.reset();
+    return true;
+}
+
+} // namespace Host

@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <chrono>
+#include <functional>
+#include <vector>
+
+namespace Host {
+
+/**
+ * What the program needs of a model that takes images out of the graph and writes files: it finds the models that are
+ * such sinks with qobject_cast, and does not link the plugin that they come from.
+ *
+ * \code
+ * if (auto* sink = qobject_cast<IFrameSink*>(node->nodeDataModel()))
+ *     sink->setOutput(folder, 30);
+ * \endcode
+ *
+ * Threads: as every model.
+ */
+class Q_DECL_EXPORT IFrameSink
+{
+public:
+    IFrameSink() = default;
+    virtual ~IFrameSink() = default;
+    Q_DISABLE_COPY(IFrameSink)
+
+    /// The name by which a run tells it from others; empty for a sink without one.
+    virtual QString sinkName() const = 0;
+
+    /// Writes image 0 and then every \a every-th, at least 1, into \a folder, which must exist. Without a folder,
+    /// as after construction, nothing is written.
+    virtual void setOutput(const QString& folder, int every) = 0;
+
+    /// Images received.
+    virtual quint64 delivered() const = 0;
+
+    /// Full names of the files written, oldest first.
+    virtual const std::vector<QString>& files() const = 0;
+
+    /// For each image received: from the camera's stream to here, before writing.
+    virtual const std::vector<std::chrono::nanoseconds>& delays() const = 0;
+
+    /// Calls \a handler with the reason when a file cannot be written, once at most, as long as \a context lives.
+    virtual void notifyFailure(const QObject* context, std::function<void(const QString&)> handler) = 0;
+};
+
+} // namespace Host
+
+Q_DECLARE_INTERFACE(Host::IFrameSink, "Host.IFrameSink/1.0")

@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/plugins/CPluginFolder.h"
+
+#include "host/run/FlowOrder.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSet>
+
+#include <algorithm>
+
+namespace Host {
+
+CPluginFolder::CPluginFolder(const QString& folder, const SPluginInfo& host)
+{
+    readAll(folder, host.name);
+    // Whatever needs one that was left out lacks something in turn.
+    while (refuseWhatLacksSomething(host)) {
+    }
+    sortByNeed();
+}
+
+void CPluginFolder::readAll(const QString& folder, const QString& hostName)
+{
+    QSet<QString> files;
+    const QFileInfoList entries = QDir(folder).entryInfoList(QDir::Files | QDir::System | QDir::Hidden, QDir::Name);
+    for (const QFileInfo& entry : entries) {
+        // A link that leads nowhere has no canonical name.
+        const QString file = entry.exists() ? entry.canonicalFilePath() : entry.absoluteFilePath();
+        if (files.contains(file))
+            continue;
+        files.insert(file);
+
+        QString error;
+        SPluginInfo info = SPluginInfo::read(file, &error);
+        const SPluginInfo* known = find(info.name);
+        if (error.isEmpty() && info.name == hostName)
+            error = QStringLiteral("'%1' is the host itself").arg(info.name);
+        else if (error.isEmpty() && known)
+            error = QStringLiteral("a second '%1', after '%2'").arg(info.name, known->file);
+        if (error.isEmpty())
+            m_plugins.push_back(std::move(info));
+        else
+            m_refusals.push_back({file, error});
+    }
+}
+
+bool CPluginFolder::refuseWhatLacksSomething(const SPluginInfo& host)
+{
+    for (auto plugin = m_plugins.begin(); plugin != m_plugins.end(); ++plugin) {
+        for (const SPluginDependency& dependency : plugin->dependencies) {
+            const QString reason = missing(dependency, host);
+            if (reason.isEmpty())
+                continue;
+            m_refusals.push_back({plugin->file, reason});
+            m_plugins.erase(plugin);
+            return true;
+        }
+    }
+    return false;
+}
+
+QString CPluginFolder::missing(const SPluginDependency& dependency, const SPluginInfo& host) const
+{
+    const SPluginInfo* provider = dependency.name == host.name ? &host : find(dependency.name);
+    const QString wanted = QStringLiteral("it needs '%1' %2").arg(dependency.name, dependency.version.toString());
+    if (!provider)
+        return QStringLiteral("%1, which is not there").arg(wanted);
+    if (provider->provides(dependency.version))
+        return {};
+    return QStringLiteral("%1; there is %2, which stands in for %3 and later")
+        .arg(wanted, provider->version.toString(), provider->compatVersion.toString());
+}
+
+void CPluginFolder::sortByNeed()
+{
+    FlowEdges edges;
+    for (std::size_t i = 0; i < m_plugins.size(); ++i) {
+        for (const SPluginDependency& dependency : m_plugins[i].dependencies) {
+            if (const SPluginInfo* provider = find(dependency.name))
+                edges.emplace_back(int(provider - m_plugins.data()), int(i));
+        }
+    }
+    std::vector<SPluginInfo> sorted;
+    std::vector<bool> isSorted(m_plugins.size(), false);
+    for (const int i : flowOrder(int(m_plugins.size()), edges)) {
+        sorted.push_back(m_plugins[std::size_t(i)]);
+        isSorted[std::size_t(i)] = true;
+    }
+    for (std::size_t i = 0; i < m_plugins.size(); ++i) {
+        if (!isSorted[i])
+            m_refusals.push_back({m_plugins[i].file, QStringLiteral("what it needs leads round in a circle")});
+    }
+    m_plugins = std::move(sorted);
+}
+
+const SPluginInfo* CPluginFolder::find(const QString& name) const
+{
+    const auto found = std::find_if(m_plugins.begin(), m_plugins.end(),
+                                    [&name](const SPluginInfo& plugin) { return plugin.name == name; });
+    return found == m_plugins.end() ? nullptr : &*found;
+}
+
+} // namespace Host

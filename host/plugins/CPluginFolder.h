@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "host/plugins/SPluginInfo.h"
+
+#include <vector>
+
+namespace Host {
+
+/**
+ * The plugins in a folder, by their metadata; no code is loaded.
+ *
+ * \code
+ * const CPluginFolder folder(path, host);
+ * for (const SPluginInfo& plugin : folder.plugins())
+ *     load(plugin.file);
+ * for (const SPluginRefusal& refusal : folder.refusals())
+ *     report(refusal.file, refusal.reason);
+ * \endcode
+ *
+ * Every file of the folder is in one of the two lists, under its canonical name and once, however many links lead to
+ * it. Folders within it are not searched.
+ *
+ * Left out is what is no plugin for this host, bears a name that is taken, or needs something that is not there, is
+ * there in no version that will do, is left out itself or needs it in turn.
+ */
+class CPluginFolder
+{
+public:
+    /// \a host is what the host itself provides.
+    CPluginFolder(const QString& folder, const SPluginInfo& host);
+
+    /// Each behind all that it needs.
+    const std::vector<SPluginInfo>& plugins() const { return m_plugins; }
+
+    const std::vector<SPluginRefusal>& refusals() const { return m_refusals; }
+
+private:
+    void readAll(const QString& folder, const QString& hostName);
+    bool refuseWhatLacksSomething(const SPluginInfo& host);
+    void sortByNeed();
+    const SPluginInfo* find(const QString& name) const;
+    QString missing(const SPluginDependency& dependency, const SPluginInfo& host) const;
+
+    std::vector<SPluginInfo> m_plugins;
+    std::vector<SPluginRefusal> m_refusals;
+};
+
+} // namespace Host

@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "host/plugins/CServiceManager.h"
+#include "host/plugins/SPluginInfo.h"
+
+#include <QSharedPointer>
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class QPluginLoader;
+
+namespace Core {
+namespace Plugin {
+class IPlugin;
+}
+} // namespace Core
+
+namespace Host {
+
+/**
+ * The life of the plugins in a folder.
+ *
+ * \code
+ * CPluginHost plugins(CPluginHost::defaultFolder());
+ * for (const SPluginRefusal& refusal : plugins.refusals())
+ *     report(refusal.file, refusal.reason);
+ * const auto service = plugins.services().findService("Plugin::Halvex::INodeService");
+ * \endcode
+ *
+ * The constructor loads all, then initializes all, then tells all that everybody is initialized, each plugin behind
+ * those that it needs; the destructor goes the same way back, and unloads. A plugin that fails on the way, or throws,
+ * is left out with all that need it, and is one more entry in refusals(); one that fails only when everybody is
+ * initialized is reported and stays.
+ *
+ * The host provides "AppCore" in hostVersion(), which stands in for no other version.
+ *
+ * Whoever holds a service, or anything that came of one, lets go of it before this object goes.
+ *
+ * Threads: the host's main thread.
+ */
+class CPluginHost
+{
+public:
+    explicit CPluginHost(const QString& folder);
+    ~CPluginHost();
+    Q_DISABLE_COPY(CPluginHost)
+
+    /// "plugins", beside the folder that the program lies in.
+    static QString defaultFolder();
+
+    static QVersionNumber hostVersion() { return {1, 3, 1}; }
+
+    /// What was left out of the folder, and why.
+    const std::vector<SPluginRefusal>& refusals() const { return m_refusals; }
+
+    const CServiceManager& services() const { return *m_services; }
+
+private:
+    struct SPlugin
+    {
+        SPluginInfo info;
+        std::unique_ptr<QPluginLoader> loader;
+        Core::Plugin::IPlugin* instance = nullptr; // the loader's
+    };
+    using Step = std::function<QString(SPlugin&)>; // what is wrong, empty on success
+
+    static QString load(SPlugin& plugin);
+    QString initialize(SPlugin& plugin) const;
+    void keepWhatPasses(const Step& step);
+    QString lacking(const SPluginInfo& info) const;
+
+    const QSharedPointer<CServiceManager> m_services;
+    std::vector<SPlugin> m_plugins; // each behind all that it needs
+    std::vector<SPluginRefusal> m_refusals;
+};
+
+} // namespace Host

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "platform/IServiceManager.h"
+
+#include <vector>
+
+namespace Host {
+
+/// The services that plugins have published, in the order in which they did. Threads: the host's main thread.
+class CServiceManager : public Core::Service::IServiceManager
+{
+public:
+    /// Null, and a service that is registered already, are left out.
+    void registerService(const QSharedPointer<Core::Service::IService>& service) override;
+    void unregisterService(const QSharedPointer<Core::Service::IService>& service) override;
+    QSharedPointer<Core::Service::IService> findService(const char* className) const override;
+
+    /// Lets go of all that nobody has withdrawn.
+    void clear() { m_services.clear(); }
+
+private:
+    std::vector<QSharedPointer<Core::Service::IService>> m_services;
+};
+
+} // namespace Host

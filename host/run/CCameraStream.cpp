@@ -1,0 +1,127 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/run/CCameraStream.h"
+
+#include "host/camera/CAravisCamera.h"
+#include "host/camera/CGrabThread.h"
+#include "host/models/CGrabResultData.h"
+#include "host/models/IFrameSink.h"
+#include "host/models/IHostModels.h"
+#include "host/run/CStreamGraph.h"
+#include "host/run/Output.h"
+#include "models/CNodeDataFlowProxy.h"
+
+#include <QDir>
+#include <QTimer>
+
+#include <utility>
+
+namespace Host {
+
+using namespace Plugin::Halvex;
+
+CCameraStream::CCameraStream(SCameraOptions options, std::unique_ptr<CStreamGraph> graph)
+    : m_options(std::move(options))
+    , m_graph(std::move(graph))
+{
+}
+
+CCameraStream::~CCameraStream() = default;
+
+QString CCameraStream::open(const IHostModels& models)
+{
+    QString error;
+    m_camera = CAravisCamera::open(m_options, &error);
+    if (m_camera && !models.supports(m_camera->pixelFormat()))
+        error = QStringLiteral("camera '%1' sends pixels as %2, which has no conversion to an image")
+                    .arg(m_camera->address(), m_camera->pixelFormat());
+    return error;
+}
+
+QString CCameraStream::prepareSinks(const QString& folder, int writeEvery)
+{
+    for (IFrameSink* sink : m_graph->sinks()) {
+        const QString sinkFolder = QDir(folder).filePath(sink->sinkName());
+        const QString error = makeFolder(sinkFolder);
+        if (!error.isEmpty())
+            return error;
+        sink->setOutput(sinkFolder, writeEvery);
+        sink->notifyFailure(this, [this](const QString& reason) {
+            requestEnd();
+            Q_EMIT failed(reason);
+        });
+    }
+    // A graph without sinks has made no folder.
+    return makeFolder(folder);
+}
+
+QString CCameraStream::start(int frames, std::chrono::milliseconds silence)
+{
+    QString error;
+    if (!m_camera->start(&error))
+        return error;
+    CNodeDataFlowProxy* entry = m_graph->entry();
+    const auto handOn = [entry](const CGrabThread::SFrame& frame) {
+        const SFrameInfo info{frame.result->frameNumber, frame.grabbed};
+        entry->setData(QSharedPointer<CGrabResultData>::create(frame.result, info));
+    };
+    m_thread = std::make_unique<CGrabThread>(*m_camera, quint64(frames), silence, handOn);
+    // Queued behind the frames that the thread has handed on: when it arrives, all of them are through the graph.
+    connect(m_thread.get(), &CGrabThread::ended, this, &CCameraStream::onGrabbed, Qt::QueuedConnection);
+    m_thread->start();
+    return {};
+}
+
+void CCameraStream::requestEnd()
+{
+    if (m_thread)
+        m_thread->requestInterruption();
+}
+
+void CCameraStream::onGrabbed(const QString& error)
+{
+    m_thread->wait();
+    if (!error.isEmpty())
+        Q_EMIT failed(error);
+    connect(m_graph.get(), &CStreamGraph::cameThrough, this, &CCameraStream::endWhenDrained);
+    // The account tells when there is something left by then.
+    QTimer::singleShot(m_graph->drainTime(), this, &CCameraStream::end);
+    endWhenDrained();
+}
+
+void CCameraStream::endWhenDrained()
+{
+    if (m_graph->isDrained())
+        end();
+}
+
+void CCameraStream::end()
+{
+    if (m_hasEnded)
+        return;
+    m_hasEnded = true;
+    Q_EMIT ended();
+}
+
+SRunReport CCameraStream::report() const
+{
+    SRunReport report;
+    report.camera = QStringLiteral("%1, %2 x %3 %4")
+                        .arg(m_camera->name())
+                        .arg(m_camera->width())
+                        .arg(m_camera->height())
+                        .arg(m_camera->pixelFormat());
+    report.frames = m_thread->statistics();
+    report.span = m_thread->span();
+    return report;
+}
+
+SRunReport CCameraStream::account() const
+{
+    SRunReport full = report();
+    m_graph->account(&full);
+    return full;
+}
+
+} // namespace Host

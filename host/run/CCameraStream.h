@@ -1,0 +1,98 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "host/camera/SCameraOptions.h"
+#include "host/run/SRunReport.h"
+
+#include <QObject>
+#include <QString>
+
+#include <chrono>
+#include <memory>
+
+namespace Host {
+
+class CAravisCamera;
+class CGrabThread;
+class CStreamGraph;
+class IHostModels;
+
+/**
+ * One camera of a run and the graph that its frames go through.
+ *
+ * \code
+ * CCameraStream stream(options, std::move(graph));
+ * QString error = stream.open(models);
+ * if (error.isEmpty())
+ *     error = stream.start(300, std::chrono::seconds(5));
+ * connect(&stream, &CCameraStream::ended, &loop, &QEventLoop::quit);
+ * \endcode
+ *
+ * Every complete frame that was grabbed has gone through the whole graph when the stream has ended, however it ended,
+ * or was dropped and counted by a decoupler on the way; the last one that a decoupler got has come out of it.
+ *
+ * The destructor ends the grabbing, if it goes on, and closes the camera.
+ *
+ * Functions that may fail return the reason in one line; empty on success. Threads: one, with an event loop; frames are
+ * grabbed in a thread of the stream's own.
+ */
+class CCameraStream : public QObject
+{
+    Q_OBJECT
+
+public:
+    CCameraStream(SCameraOptions options, std::unique_ptr<CStreamGraph> graph);
+    ~CCameraStream() override;
+
+    /// The address by which it is opened.
+    QString camera() const { return m_options.address; }
+
+    const CStreamGraph& graph() const { return *m_graph; }
+
+    /// Opens the camera; one whose frames \a models cannot make images of is refused.
+    QString open(const IHostModels& models);
+
+    /// Makes \a folder and one in it for each sink, which writes every \a writeEvery-th image there.
+    QString prepareSinks(const QString& folder, int writeEvery);
+
+    /// Starts to grab, until \a frames complete frames came or none for \a silence. The camera is open.
+    QString start(int frames, std::chrono::milliseconds silence);
+
+    /// Grabs no more; ended() follows as always.
+    void requestEnd();
+
+    /// Between start() and ended().
+    bool isStreaming() const { return m_thread && !m_hasEnded; }
+
+    /// Whether it was started: there may be frames to account for.
+    bool isStarted() const { return m_thread != nullptr; }
+
+    /// The camera and its frames up to now.
+    SRunReport report() const;
+
+    /// The same with the graph, its decouplers and sinks.
+    SRunReport account() const;
+
+Q_SIGNALS:
+    /// The camera has gone, or a sink cannot write; the stream then ends. From the event loop.
+    void failed(const QString& error);
+
+    /// Once, from the event loop: all frames are through the graph, or it took too long, which the account shows.
+    void ended();
+
+private:
+    void onGrabbed(const QString& error);
+    void endWhenDrained();
+    void end();
+
+    const SCameraOptions m_options;
+    // In this order: the thread ends before the graph goes that it feeds, and both before the camera.
+    std::unique_ptr<CAravisCamera> m_camera;
+    const std::unique_ptr<CStreamGraph> m_graph;
+    std::unique_ptr<CGrabThread> m_thread;
+    bool m_hasEnded = false;
+};
+
+} // namespace Host

@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+namespace Plugin {
+namespace Halvex {
+class CNodeBase;
+class CNodeScene;
+class INodeService;
+} // namespace Halvex
+} // namespace Plugin
+
+namespace Host {
+
+class CStreamGraph;
+class IHostModels;
+struct SChain;
+
+/**
+ * Builds the graphs of a run with the node service: each camera gets a scene of its own, into which a chain is imported
+ * or a scene document is loaded.
+ *
+ * \code
+ * QString error;
+ * const auto graphs = CGraphBuilder(service, models).import(chain, {"fake-1", "fake-2"}, &error);
+ * if (!error.isEmpty())
+ *     return fail(error);
+ * \endcode
+ *
+ * What is wrong is told in one line, which names the document and the place in it. Scenes that were made before stay.
+ *
+ * Threads: the host's main thread.
+ */
+class CGraphBuilder
+{
+public:
+    /// Both outlive this object; the service's scenes outlive the graphs.
+    CGraphBuilder(Plugin::Halvex::INodeService& service, const IHostModels& models);
+
+    /// A graph for each camera, in their order. On failure the reason in \a error.
+    std::vector<std::unique_ptr<CStreamGraph>> import(const SChain& chain, const QStringList& cameras, QString* error);
+
+    /// The graph that the scene document in \a file describes, with \a camera for the camera in it. On failure null
+    /// and the reason in \a error.
+    std::unique_ptr<CStreamGraph> load(const QString& file, const QString& camera, QString* error);
+
+private:
+    /// A scene, and the camera's node, the only one in it.
+    struct SCameraScene
+    {
+        Plugin::Halvex::CNodeScene& scene;
+        Plugin::Halvex::CNodeBase& camera;
+    };
+
+    SCameraScene addCamera(const QString& camera);
+
+    Plugin::Halvex::INodeService& m_service;
+    const IHostModels& m_models;
+};
+
+} // namespace Host

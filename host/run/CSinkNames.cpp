@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/run/CSinkNames.h"
+
+#include "graph/CNodeDataModel.h"
+#include "host/models/IFrameSink.h"
+#include "host/run/Output.h"
+#include "host/run/SceneFile.h"
+
+namespace Host {
+
+QString CSinkNames::add(Plugin::Halvex::CNodeDataModel* model)
+{
+    const auto* sink = qobject_cast<IFrameSink*>(model);
+    if (!sink)
+        return {};
+    const QString name = sink->sinkName();
+    if (!makesAFolder(name))
+        return QStringLiteral("the sink's name %1 makes no folder").arg(shown(name));
+    if (m_names.contains(name))
+        return QStringLiteral("a second sink %1").arg(shown(name));
+    m_names.insert(name);
+    return {};
+}
+
+} // namespace Host

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QByteArray>
+#include <QJsonArray>
+#include <QString>
+#include <QStringList>
+
+namespace Host {
+
+/// An import document, docs/import-document.md. A plain value.
+struct SChain
+{
+    QString name;        ///< For messages: the file.
+    QByteArray text;     ///< As the node service takes it.
+    QJsonArray elements; ///< What the text says.
+};
+
+/// The chain in \a file, at most 64 MiB. On failure the reason, which names the file and the place, in \a error.
+SChain readChain(const QString& file, QString* error);
+
+/**
+ * The chain of a run that is given none, for these cameras:
+ *
+ * \verbatim
+ * camera ─┬─ image ──────────────────────────────────► PNG files "frames"
+ *         └─ decoupler ── image ─┬─ blur ── threshold ─┬─► PNG files "threshold"
+ *                                │                     └─ edges ─► PNG files "edges"
+ *                                └─ histogram ──────────────► PNG files "histogram"
+ * \endverbatim
+ *
+ * The first branch gets every frame; the decoupler lets 25 per second through to the preview behind it.
+ */
+SChain defaultChain(const QStringList& cameras);
+
+} // namespace Host

@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/run/CGraphBuilder.h"
+
+#include "SHostService.h"
+#include "host/models/IFrameSink.h"
+#include "host/run/CStreamGraph.h"
+#include "host/run/Chain.h"
+#include "host/run/Output.h"
+
+#include <QJsonDocument>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Host;
+using namespace Plugin::Halvex;
+
+namespace {
+
+QString textOf(const CStreamGraph& graph)
+{
+    SRunReport report;
+    graph.account(&report);
+    return report.graph;
+}
+
+} // namespace
+
+class tst_CGraphBuilder : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyCameraGetsASceneOfItsOwn();
+    void wrongChainIsNamed();
+    void modelThatIsGoneByThenIsNoticed();
+    void documentMakesTheSameGraph();
+    void wrongDocumentIsNamed();
+};
+
+void tst_CGraphBuilder::everyCameraGetsASceneOfItsOwn()
+{
+    SHostService host;
+    QString error;
+    const QStringList cameras{"left", "right"};
+    const auto graphs = CGraphBuilder(host.nodes, host.models).import(defaultChain(cameras), cameras, &error);
+    QCOMPARE(error, QString());
+    QCOMPARE(graphs.size(), std::size_t(2));
+    QCOMPARE(host.nodes.scenes().size(), 2);
+    for (int i = 0; i < 2; ++i) {
+        const CStreamGraph& graph = *graphs[std::size_t(i)];
+        QCOMPARE(&graph.scene(), host.nodes.scenes().at(i));
+        QCOMPARE(graph.scene().nodes().size(), std::size_t(12));
+        QCOMPARE(graph.scene().connections().size(), std::size_t(11));
+        QVERIFY(textOf(graph).startsWith(QStringLiteral("  [0] Camera: %1\n").arg(cameras.at(i))));
+        QCOMPARE(graph.sinks().size(), std::size_t(4));
+    }
+    QVERIFY(graphs[0]->entry() != graphs[1]->entry());
+}
+
+void tst_CGraphBuilder::wrongChainIsNamed()
+{
+    SHostService host;
+    QString error;
+    SChain chain = defaultChain({"left"});
+    chain.name = QStringLiteral("a.json");
+    QVERIFY(CGraphBuilder(host.nodes, host.models).import(chain, {"right"}, &error).empty());
+    QCOMPARE(error, QStringLiteral("cannot load 'a.json': nothing is wired to the camera 'right'"));
+    QVERIFY(host.nodes.scenes().isEmpty());
+}
+
+void tst_CGraphBuilder::modelThatIsGoneByThenIsNoticed()
+{
+    // What the service is given makes less than what was checked.
+    SHostService host;
+    QString error;
+    SChain chain = defaultChain({"left"});
+    chain.text = "[]";
+    QVERIFY(CGraphBuilder(host.nodes, host.models).import(chain, {"left"}, &error).empty());
+    QCOMPARE(error, QStringLiteral("cannot load 'default chain': not all of it came into the scene of 'left'"));
+}
+
+void tst_CGraphBuilder::documentMakesTheSameGraph()
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath("a.json");
+    SHostService host;
+    CGraphBuilder builder(host.nodes, host.models);
+    QString error;
+    SChain chain = defaultChain({"left"});
+    chain.text.replace("\"frames_per_second\": 25", "\"frames_per_second\": 12.5");
+    const auto graphs = builder.import(chain, {"left"}, &error);
+    QCOMPARE(error, QString());
+    QCOMPARE(replaceFile(file, graphs[0]->scene().saveToMemory()), QString());
+
+    SHostService other;
+    const auto loaded = CGraphBuilder(other.nodes, other.models).load(file, "left", &error);
+    QVERIFY2(loaded, qPrintable(error));
+    QCOMPARE(textOf(*loaded), textOf(*graphs[0]));
+    SRunReport report;
+    loaded->account(&report);
+    QCOMPARE(report.decouplers[0].framesPerSecond, 12.5);
+    QCOMPARE(report.mismatch(), QString());
+}
+
+void tst_CGraphBuilder::wrongDocumentIsNamed()
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath("a.json");
+    SHostService host;
+    CGraphBuilder builder(host.nodes, host.models);
+    QString error;
+    QVERIFY(!builder.load(file, "left", &error));
+    QCOMPARE(error, QStringLiteral("cannot read '%1': No such file or directory").arg(file));
+    QCOMPARE(replaceFile(file, "{\"nodes\": [], \"connections\": []}"), QString());
+    error.clear();
+    QVERIFY(!builder.load(file, "left", &error));
+    QCOMPARE(error, QStringLiteral("cannot load '%1': nodes: no 'Camera Source' among them").arg(file));
+}
+
+QTEST_GUILESS_MAIN(tst_CGraphBuilder)
+#include "tst_CGraphBuilder.moc"
