@@ -49,7 +49,14 @@ public:
 
     QPluginLoader& loader() { return m_loader; }
     QObject* instance() { return m_loader.instance(); }
-    Core::Plugin::IPlugin* plugin() { return dynamic_cast<Core::Plugin::IPlugin*>(instance()); }
+    /// Ends the program with the reason if the file is no plugin.
+    Core::Plugin::IPlugin& plugin()
+    {
+        auto* const plugin = dynamic_cast<Core::Plugin::IPlugin*>(instance());
+        if (plugin == nullptr)
+            qFatal("%s", qPrintable(m_loader.errorString()));
+        return *plugin;
+    }
 
 private:
     QPluginLoader m_loader;
@@ -61,9 +68,8 @@ class CPluginHost
 {
 public:
     CPluginHost()
-        : m_isUp(m_halvex.plugin() && m_models.plugin() && m_halvex.plugin()->initialize(m_manager) &&
-                 m_models.plugin()->initialize(m_manager) && m_halvex.plugin()->extensionsInitialized() &&
-                 m_models.plugin()->extensionsInitialized())
+        : m_isUp(m_halvex.plugin().initialize(m_manager) && m_models.plugin().initialize(m_manager) &&
+                 m_halvex.plugin().extensionsInitialized() && m_models.plugin().extensionsInitialized())
     {
     }
     ~CPluginHost() { shutDown(); }
@@ -77,8 +83,8 @@ public:
         if (!m_isUp)
             return;
         m_isUp = false;
-        m_models.plugin()->uninitialize(m_manager);
-        m_halvex.plugin()->uninitialize(m_manager);
+        m_models.plugin().uninitialize(m_manager);
+        m_halvex.plugin().uninitialize(m_manager);
     }
 
     Plugin::Halvex::INodeService* service() const

@@ -73,7 +73,6 @@ void tst_PluginLife::thereIsOneInstance()
     QVERIFY2(instance, qPrintable(file.loader().errorString()));
     QCOMPARE(file.instance(), instance);
     QVERIFY(instance->inherits("Plugin::Halvex::CHalvexPlugin"));
-    QVERIFY(file.plugin());
     QVERIFY(dynamic_cast<ALocalizedPlugin*>(instance));
 }
 
@@ -94,15 +93,14 @@ void tst_PluginLife::publishesTheServiceFromInitializeToUninitialize()
 {
     CPluginFile file(HALVEX_PLUGIN_FILE);
     const QSharedPointer<CServiceManager> manager(new CServiceManager);
-    QVERIFY(file.plugin());
     QVERIFY(manager->services().isEmpty());
-    QVERIFY(file.plugin()->initialize(manager));
+    QVERIFY(file.plugin().initialize(manager));
     QCOMPARE(manager->services().size(), 1);
 
     const QPointer<QObject> service = manager->services().first().data();
     QVERIFY(service->inherits("Plugin::Halvex::INodeService"));
-    QVERIFY(file.plugin()->extensionsInitialized());
-    QVERIFY(file.plugin()->uninitialize(manager));
+    QVERIFY(file.plugin().extensionsInitialized());
+    QVERIFY(file.plugin().uninitialize(manager));
     QVERIFY(manager->services().isEmpty());
     QVERIFY(!service);
 }
@@ -130,13 +128,13 @@ void tst_PluginLife::bringsModelsOnlyWhenExtensionsAreInitialized()
 {
     CPluginFile file(HALVEX_PLUGIN_FILE);
     const QSharedPointer<CServiceManager> manager(new CServiceManager);
-    QVERIFY(file.plugin()->initialize(manager));
+    QVERIFY(file.plugin().initialize(manager));
     const auto service = manager->findService("Plugin::Halvex::INodeService");
     auto* const nodes = static_cast<INodeService*>(service.data());
     QVERIFY(!nodes->createModel(QStringLiteral("DecouplerVGR")));
-    QVERIFY(file.plugin()->extensionsInitialized());
+    QVERIFY(file.plugin().extensionsInitialized());
     QVERIFY(nodes->createModel(QStringLiteral("DecouplerVGR")));
-    QVERIFY(file.plugin()->uninitialize(manager));
+    QVERIFY(file.plugin().uninitialize(manager));
 }
 
 void tst_PluginLife::hostsReferenceKeepsTheService()

@@ -73,8 +73,7 @@ void* constructArgument(void* where, const void* copy)
 int registerDataPtr()
 {
     using Plugin::Halvex::CNodeDataPtr;
-    const QMetaType::TypeFlags flags(QtPrivate::QMetaTypeTypeFlags<CNodeDataPtr>::Flags |
-                                     QMetaType::WasDeclaredAsMetaType);
+    const QMetaType::TypeFlags flags(QtPrivate::QMetaTypeTypeFlags<CNodeDataPtr>::Flags);
     return QMetaType::registerNormalizedType("Plugin::Halvex::CNodeDataPtr",
                                              QtMetaTypePrivate::QMetaTypeFunctionHelper<CNodeDataPtr>::Destruct,
                                              &constructArgument, int(sizeof(CNodeDataPtr)), flags, nullptr);
