@@ -7,12 +7,13 @@
 host=build/release/host/halvex-host
 report=out/demo-report.txt
 
-# One line for each camera of a report: the frames asked for, those at the sink "frames", which gets every one, and
-# those that the decoupler let through to the preview.
+# One line for each camera of a report: its name, the frames asked for, those at the sink "frames", which gets every one,
+# and those that the decoupler let through to the preview.
 summary() {
-    awk '/^Ended/ { asked = $3 }
+    awk '/^Camera/ { camera = $4; gsub(/[(),]/, "", camera) }
+        /^Ended/ { asked = $3 }
         /^\[[0-9]+\] Decoupler for VGR/ { previewed = $(NF - 3) }
-        $1 == "frames" { print asked, $2, previewed }' "$1"
+        $1 == "frames" { print camera, asked, $2, previewed }' "$1"
 }
 
 need_packages "${library_packages[@]}" "${host_packages[@]}"
@@ -30,7 +31,7 @@ step "check what was recorded"
 mapfile -t cameras < <(summary "$report")
 [ ${#cameras[@]} -eq 2 ]
 for camera in "${cameras[@]}"; do
-    read -r asked recorded previewed <<< "$camera"
+    read -r name asked recorded previewed <<< "$camera"
     [ "$recorded" -eq "$asked" ]
-    echo "$recorded of $asked frames recorded, $previewed of them previewed."
+    echo "$name: $recorded of $asked frames recorded, $previewed of them previewed."
 done
