@@ -34,13 +34,14 @@ function(halvex_json_string result variable)
   set(${result} "\"${text}\"" PARENT_SCOPE)
 endfunction()
 
-halvex_json_string(copyright HALVEX_COPYRIGHT)
-halvex_json_string(license HALVEX_LICENSE)
-halvex_json_string(url HALVEX_URL)
-halvex_json_string(vendor HALVEX_VENDOR)
-configure_file(service/Halvex.json.in "${HALVEX_GENERATED_DIR}/Halvex.json" @ONLY)
-# What moc makes of it is included there.
-set_source_files_properties(service/CHalvexPlugin.cpp PROPERTIES OBJECT_DEPENDS "${HALVEX_GENERATED_DIR}/Halvex.json")
+function(halvex_write_metadata)
+  halvex_json_string(copyright HALVEX_COPYRIGHT)
+  halvex_json_string(license HALVEX_LICENSE)
+  halvex_json_string(url HALVEX_URL)
+  halvex_json_string(vendor HALVEX_VENDOR)
+  configure_file(service/Halvex.json.in "${HALVEX_GENERATED_DIR}/Halvex.json" @ONLY)
+endfunction()
+halvex_write_metadata()
 
 # Everybody who has to do with the same host needs the identifier: the host itself, and other plugins for it.
 target_compile_definitions(Halvex

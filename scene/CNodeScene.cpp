@@ -431,5 +431,6 @@ int QMetaTypeId<Plugin::Halvex::CNodeScene*>::qt_metatype_id()
     using namespace Plugin::Halvex;
     static const CMetaTypeRegistration<CNodeScene*> registration("Plugin::Halvex::CNodeScene*");
     static const int alias = QMetaType::registerNormalizedTypedef("CNodeScene*", registration.id());
-    return alias;
+    Q_UNUSED(alias) // another type's id, if a host has given it that name
+    return registration.id();
 }

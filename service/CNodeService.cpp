@@ -97,12 +97,13 @@ Core::CId CNodeService::connectModels(ANodeDataModel* first, NodePortIndex first
 {
     CNodeBase* const in = findNodeByModel(first);
     CNodeBase* const out = findNodeByModel(second);
-    CNodeScene* const scene = in && out ? sceneOf(*in) : nullptr;
+    const QPointer<CNodeScene> scene = in && out ? sceneOf(*in) : nullptr;
     Core::CId id;
     swallowExceptions(lcService, "Connecting two models", [&] {
         const auto connection =
             scene ? scene->createConnection(*in, firstPort, *out, secondPort, NodeDataConverter()) : nullptr;
-        if (connection)
+        // A handler that heard of it may have deleted it.
+        if (connection && scene && scene->connections().count(connection->id()) != 0)
             id = connection->id();
     });
     return id;
@@ -150,7 +151,7 @@ QPointer<CNodeScene> CNodeService::getActiveScene()
 
 void CNodeService::setActiveScene(QPointer<CNodeScene> scene)
 {
-    if (scene && m_scenes.contains(scene))
+    if (scene && m_scenes.contains(scene) && !scene->isBeingDestroyed())
         activate(scene);
 }
 
@@ -223,24 +224,23 @@ Core::CId CNodeService::returnTo(ANodeDataModel& model)
     return id;
 }
 
-Core::CId CNodeService::placeInto(const QPointer<CNodeScene>& scene, std::unique_ptr<ANodeDataModel> model)
+Core::CId CNodeService::placeInto(QPointer<CNodeScene> scene, std::unique_ptr<ANodeDataModel> model)
 {
     if (!scene)
         return Core::CId();
     const QPointer<CNodeService> self(this);
-    const QPointer<CNodeScene> target = scene;
     const ANodeDataModel* const placed = model.get();
     const Core::CId modelId = placed->id();
     m_knownNodes[modelId] = SKnownNode(); // or onNodeCreated() would take the node for one from a document
 
     CNodeBase* node = nullptr;
     const bool isToldToAll =
-        swallowExceptions(lcService, "Adding a node", [&] { node = &target->createNode(std::move(model)); });
+        swallowExceptions(lcService, "Adding a node", [&] { node = &scene->createNode(std::move(model)); });
     if (!self)
         return Core::CId();
     // What a handler threw does not take back the node.
-    if (!isToldToAll && target)
-        node = nodeOf(*target, placed);
+    if (!isToldToAll && scene)
+        node = nodeOf(*scene, placed);
     if (!node || node == &CNodeScene::noNode()) {
         m_knownNodes.erase(modelId);
         return Core::CId();
@@ -286,11 +286,11 @@ void CNodeService::removeNode(CNodeBase& node, bool removeLoneNodeScene)
 {
     const QPointer<CNodeScene> scene = sceneOf(node);
     const QPointer<CNodeService> self(this);
-    swallowExceptions(lcService, "Removing a node", [&] {
+    const bool isRemoved = swallowExceptions(lcService, "Removing a node", [&] {
         if (scene)
             scene->removeNode(node);
     });
-    if (self && scene && removeLoneNodeScene)
+    if (self && scene && isRemoved && removeLoneNodeScene)
         removeSceneOfLoneSink(*scene);
 }
 
@@ -313,13 +313,19 @@ void CNodeService::removeSceneOfLoneSink(CNodeScene& scene)
 bool CNodeService::importAll(const QStringList& documents)
 {
     const QPointer<CNodeScene> scene = m_activeScene;
-    return scene && swallowExceptions(lcService, "An import", [&] {
-               CSceneImport import(*scene);
-               for (const QString& document : documents)
-                   import.addDocument(document);
-               if (scene)
-                   scene->loadFromMemory(QJsonDocument(import.sceneDocument()).toJson(QJsonDocument::Compact));
-           });
+    if (!scene)
+        return false;
+    bool isWhole = false;
+    swallowExceptions(lcService, "An import", [&] {
+        CSceneImport import(*scene);
+        for (const QString& document : documents)
+            import.addDocument(document);
+        // Models that are asked, and handlers, may destroy the scene.
+        if (scene)
+            scene->loadFromMemory(QJsonDocument(import.sceneDocument()).toJson(QJsonDocument::Compact));
+        isWhole = !scene.isNull();
+    });
+    return isWhole;
 }
 
 QPointer<CNodeScene> CNodeService::addScene(const Core::AppCoreComponents::BaseInfoPtr& info)
@@ -371,8 +377,10 @@ void CNodeService::tellRemoved()
         if (!tell([this] { Q_EMIT sceneRemoved(); }))
             return;
         takeTurn([this] {
-            if (!m_scenes.isEmpty())
-                activate(m_scenes.first());
+            const auto first = std::find_if(m_scenes.cbegin(), m_scenes.cend(),
+                                            [](const CNodeScene* scene) { return !scene->isBeingDestroyed(); });
+            if (first != m_scenes.cend())
+                activate(*first);
         });
     });
 }
@@ -399,7 +407,7 @@ void CNodeService::takeTurn(std::function<void()> turn)
     while (self && !m_turns.empty()) {
         const std::function<void()> next = std::move(m_turns.front());
         m_turns.pop_front();
-        swallowExceptions(lcService, "A turn of the node service", next);
+        swallowExceptions(lcService, "A turn of the node service", next); // memory may be short
     }
     if (self)
         m_isTelling = false;

@@ -55,7 +55,8 @@ public:
     /// In the order of their creation.
     QList<CNodeScene*> scenes() const { return m_scenes; }
 
-    /// The nodes that scenes of the service made by themselves, from a document for example. In no particular order.
+    /// The nodes that scenes of the service made by themselves, from a document for example, in no particular order. A
+    /// node whose removal was announced is not among them any more, even if a handler's exception keeps it.
     QVector<CNodeBase*> documentNodes() const;
 
 private Q_SLOTS:
@@ -68,13 +69,13 @@ private:
     {
         CNodeBase* node = nullptr; ///< Null while addNode() makes it.
         bool isFromDocument = false;
-        bool isLeaving = false; ///< Known until it is gone, so that its model is not taken for a new one.
+        bool isLeaving = false; ///< Its removal was announced: no document node any more, yet known until it is gone.
     };
 
     Core::CId placeNode(std::unique_ptr<ANodeDataModel> model, const Core::AppCoreComponents::BaseInfoPtr& info);
     // \a model belongs to a node already, whoever believes to own it: that is how the same unique source comes again.
     Core::CId returnTo(ANodeDataModel& model);
-    Core::CId placeInto(const QPointer<CNodeScene>& scene, std::unique_ptr<ANodeDataModel> model);
+    Core::CId placeInto(QPointer<CNodeScene> scene, std::unique_ptr<ANodeDataModel> model);
     CNodeBase* knownNode(const ANodeDataModel& model) const;
     void know(const Core::CId& modelId, CNodeBase& node, bool isFromDocument);
     void forget(const Core::CId& modelId, const QObject* node);

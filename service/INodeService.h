@@ -81,25 +81,29 @@ public:
     /// The node with that id; null if no scene has one. The first, if two scenes have one from the same document.
     virtual CNodeBase* findNode(Core::CId nodeId) = 0;
 
-    /// The node that addNode() made of \a model; null if it made none or the node is gone.
+    /// The node that addNode() made of \a model, which must exist, since it is asked for its identity; null if it made
+    /// none, the node is gone, or addNode() has not returned yet.
     virtual CNodeBase* findNodeByModel(ANodeDataModel* model) = 0;
 
     /// Removes the node. With \a removeLoneNodeScene, if its scene then has one node left and that one is a sink, the
     /// sink and the scene are removed as well.
     virtual void removeNode(Core::CId nodeId, bool removeLoneNodeScene) = 0;
 
-    /// The same with the node that addNode() made of \a model. The pointer is read once and left as it is.
+    /// The same with the node that addNode() made of \a model. The pointer is read once and left as it is: it dangles
+    /// afterwards.
     virtual void removeNodeByModel(ANodeDataModel*& model, bool removeLoneNodeScene) = 0;
 
     /// Removes the scene that holds the node, and everything in it: sceneRemoving(), the scene's own signals,
     /// sceneRemoved(), and, if there is a scene left, activeSceneChanged() with the first one, which is the active one
-    /// from then on. In a handler of the service's signals all that comes later, in its turn.
+    /// from then on. While the service tells of something, that is, in its handlers and what they call, all that comes
+    /// later, in its turn.
     virtual void removeSceneOfNode(Core::CId nodeId) = 0;
     virtual void removeSceneOfNode(CNodeBase* node) = 0;
 
     /// Connects two models that addNode() made nodes of: input port \a firstPort of \a first gets what output port
     /// \a secondPort of \a second gives, unconverted. Mind the order: the consumer comes first. Returns the
-    /// connection's id; no id if a node or a port is not there. The connection belongs to the scene of \a first.
+    /// connection's id; no id if a node or a port is not there, a handler has deleted the connection already, or one
+    /// has thrown on hearing of it (the connection stays then). The connection belongs to the scene of \a first.
     virtual Core::CId connectModels(ANodeDataModel* first, NodePortIndex firstPort, ANodeDataModel* second,
                                     NodePortIndex secondPort) = 0;
 
@@ -134,11 +138,12 @@ public:
 Q_SIGNALS:
     /// \a scene is the active one, perhaps as before; null when addNode() of a unique model found no scene.
     void activeSceneChanged(CNodeScene* scene);
-    /// Once for each scene, before it is active and has nodes.
+    /// Once for each scene, before it is active and has nodes; for one that addNode() makes in a handler, when its turn
+    /// has come. Not sent for a scene that is gone by then.
     void sceneAdded(CNodeScene* scene);
     /// \a scene is about to be removed; it is still whole. Not sent for a scene that somebody else destroys.
     void sceneRemoving(CNodeScene* scene);
-    /// A scene is gone, whoever destroyed it.
+    /// A scene is gone, whoever destroyed it. Once for each.
     void sceneRemoved();
 
 protected:
