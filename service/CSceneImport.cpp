@@ -95,8 +95,9 @@ void CSceneImport::addSource(const QString& name)
     const auto source = m_sources.find(name);
     if (source == m_sources.end())
         return;
-    if (source->json.isEmpty() && source->node)
-        source->json = referenceTo(*source->node);
+    const CNodeBase* const node = source->node;
+    if (node && source->json.isEmpty())
+        source->json = referenceTo(*node);
     if (source->json.isEmpty())
         return;
     m_ids.insert(name, source->json.value(DocumentKeys::id).toString());
