@@ -967,12 +967,13 @@ public:
 
     SOperation next()
     {
-        const bool isCrowded = m_expected.nodes().size() > 40 || m_expected.scenes().size() > 6;
         const int choice = upTo(99);
-        if (m_expected.scenes().empty() || (!isCrowded && choice < 8))
+        if (m_expected.scenes().size() > 6 && choice < 30)
+            return remove(4 + choice % 2); // a scene
+        if (m_expected.nodes().size() > 40 && choice < 30)
+            return remove(choice % 4); // a node
+        if (m_expected.scenes().empty() || choice < 4)
             return addSource();
-        if (isCrowded && choice < 30)
-            return remove(choice % 6);
         if (choice < 22)
             return addModel();
         if (choice < 24)
@@ -984,12 +985,12 @@ public:
         if (choice < 44)
             return import();
         if (m_expected.nodes().empty())
-            return addSource();
+            return addModel();
         if (choice < 52)
             return addAgain();
-        if (choice < 75)
+        if (choice < 78)
             return connectModels();
-        return remove(choice % 6);
+        return remove(choice < 96 ? choice % 4 : 4 + choice % 2);
     }
 
 private:
@@ -1060,12 +1061,10 @@ private:
 
     SOperation remove(int how)
     {
-        if (how == 5) {
+        if (how == 5 || m_expected.nodes().empty()) {
             const int where = scene();
             return {QString("destroyScene(%1)").arg(where), [where](IGraph& g) { return g.destroyScene(where); }};
         }
-        if (m_expected.nodes().empty())
-            return addSource();
         const int which = node();
         const bool flag = once(2);
         const QString arguments = QString("(%1, %2)").arg(which).arg(flag);
