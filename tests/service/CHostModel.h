@@ -56,7 +56,12 @@ public:
         return ANodeDataModel::metaObject();
     }
     QString caption() override { return counted(m_name); }
-    QString name() override { return counted(m_name); }
+    QString name() override
+    {
+        const QString name = m_name;
+        run(onName);
+        return name;
+    }
     bool isUnique() override
     {
         run(onIsUnique);
@@ -97,6 +102,7 @@ public:
     std::vector<std::pair<int, NodePortIndex>> received; ///< -1 for empty data.
     std::vector<QJsonObject> restored;
 
+    std::function<void()> onName;
     std::function<void()> onIsUnique;
     std::function<void()> onPorts;
     std::function<void()> onSetInData;

@@ -1091,6 +1091,11 @@ void tst_CNodeService::sceneIsWholeWhileRemovingAndGoneWhenRemoved()
         QCOMPARE(f.service->findNode(cam.id)->nodeDataModel(), cam.model);
         QCOMPARE(f.service->findNodeByModel(cam.model)->id(), cam.id);
     });
+    connect(scene, &CNodeScene::nodeDeleted, this, [&] {
+        ++heard;
+        QCOMPARE(f.service->scenes().size(), 1); // it is no longer the service's
+        QVERIFY(!f.service->findNode(cam.id));
+    });
     connect(f.service.get(), &INodeService::sceneRemoved, this, [&] {
         ++heard;
         QVERIFY(scene.isNull());
@@ -1100,7 +1105,7 @@ void tst_CNodeService::sceneIsWholeWhileRemovingAndGoneWhenRemoved()
     });
     f.service->setActiveScene(scene);
     f.service->removeSceneOfNode(cam.id);
-    QCOMPARE(heard, 2);
+    QCOMPARE(heard, 3);
 }
 
 void tst_CNodeService::sceneThatTheHostDestroys()
@@ -1240,7 +1245,14 @@ void tst_CNodeService::documentNodesAreThoseNotAdded()
 {
     CFixture f;
     f.addSource();
+    int heard = 0;
+    const auto added = connect(f.active(), &CNodeScene::nodeCreated, this, [&] {
+        ++heard;
+        QVERIFY(f.service->documentNodes().isEmpty());
+    });
     f.addView();
+    disconnect(added);
+    QCOMPARE(heard, 1);
     QVERIFY(f.service->documentNodes().isEmpty());
 
     QVERIFY(f.service->importDocument(chain()));
@@ -1261,6 +1273,8 @@ void tst_CNodeService::documentNodesForgetWhatGoes()
     QVERIFY(f.service->importDocument(chain()));
     const QVector<CNodeBase*> nodes = f.service->documentNodes();
     QCOMPARE(nodes.size(), 2);
+    connect(f.active(), &CNodeScene::nodeDeleted, this,
+            [&](CNodeBase& node) { QVERIFY(!f.service->documentNodes().contains(&node)); });
     f.service->removeNode(nodes.first()->id(), false);
     QCOMPARE(f.service->documentNodes(), QVector<CNodeBase*>({nodes.last()}));
     f.active()->removeNode(*nodes.last());
@@ -1405,6 +1419,7 @@ void tst_CNodeService::storedDocumentsAreOneImport()
 {
     CFixture f;
     f.addSource();
+    QVERIFY(!f.service->importStoredDocuments()); // of none
     f.service->addStoredDocument(document({element("a", "View")}));
     f.service->addStoredDocument(document({element("b", "Filter", {{"connection", QJsonArray{QJsonArray{"a"}}}})}));
     f.log.take();
@@ -1692,8 +1707,8 @@ void tst_CNodeService::handlersMayCallADyingService()
         ++calls;
         service->findNode(one.id);
         service->findNode(two.id);
-        service->addNode(makeSource("late"), nullptr);
-        service->addNode(std::make_unique<CHostModel>(ENodeDataModelType::Sink), nullptr);
+        QVERIFY(service->addNode(makeSource("late"), nullptr) == Core::CId());
+        QVERIFY(service->addNode(std::make_unique<CHostModel>(ENodeDataModelType::Sink), nullptr) == Core::CId());
         service->removeNode(two.id, true);
         service->removeSceneOfNode(two.id);
         service->removeSceneOfNode(one.id);

@@ -854,16 +854,21 @@ void tst_CSceneImport::randomDocuments()
 void tst_CSceneImport::sourceThatLeavesWhenAsked_data()
 {
     QTest::addColumn<bool>("wholeScene");
-    QTest::newRow("node") << false;
-    QTest::newRow("scene") << true;
+    QTest::addColumn<bool>("byName");
+    QTest::newRow("node, asked whether it is unique") << false << false;
+    QTest::newRow("scene, asked whether it is unique") << true << false;
+    QTest::newRow("node, asked for its name") << false << true;
+    QTest::newRow("scene, asked for its name") << true << true;
 }
 
 void tst_CSceneImport::sourceThatLeavesWhenAsked()
 {
     QFETCH(bool, wholeScene);
+    QFETCH(bool, byName);
     auto scene = std::make_unique<CNodeScene>(nullptr, nullptr);
     CNodeBase& node = scene->createNode(makeSource("cam"));
-    static_cast<CHostModel*>(node.nodeDataModel())->onIsUnique = [&] {
+    auto* const model = static_cast<CHostModel*>(node.nodeDataModel());
+    (byName ? model->onName : model->onIsUnique) = [&] {
         if (wholeScene)
             scene.reset();
         else
