@@ -564,7 +564,7 @@ private:
         const int connection = ++m_lastConnection;
         m_connections[connection] = {scene, in, inPort, out, outPort};
         announce(scene, "connected " + endsOf(m_connections.at(connection)));
-        return true;
+        return m_connections.count(connection) != 0;
     }
 
     void deleteConnection(int connection)
@@ -644,7 +644,7 @@ private:
                 return false;
             makeNode({scene, made.id, made.kind, 0, false, made.kind != Plain});
             if (!isThere(scene))
-                return true;
+                return false;
         }
         for (const auto& edge : edges) {
             const int in = nodeWithId(scene, std::get<0>(edge));
@@ -652,7 +652,7 @@ private:
             if (in != 0 && out != 0)
                 createConnection(scene, in, std::get<2>(edge), out, std::get<2>(edge));
             if (!isThere(scene))
-                return true;
+                return false;
         }
         return true;
     }
