@@ -41,12 +41,12 @@ SChain defaultChain(const QStringList& cameras)
 
     // What is fed by the cameras of the file is fed by those of the run.
     const QString sourcesKey = QStringLiteral("unique_sources");
-    for (QJsonValueRef value : chain.elements) {
-        QJsonObject element = value.toObject();
+    for (int i = 0; i < chain.elements.size(); ++i) {
+        QJsonObject element = chain.elements.at(i).toObject();
         if (!element.contains(sourcesKey))
             continue;
         element.insert(sourcesKey, QJsonArray{QJsonArray::fromStringList(cameras)});
-        value = element;
+        chain.elements.replace(i, element);
     }
     chain.text = QJsonDocument(chain.elements).toJson();
     return chain;

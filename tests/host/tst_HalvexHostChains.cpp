@@ -63,7 +63,8 @@ void tst_HalvexHostChains::twoCamerasInTwoScenes()
         QVERIFY(content(files.filePath("graph.dot")).startsWith("digraph Halvex {"));
     }
     QCOMPARE(content(folder.filePath("chain.json")), content(DEMO_CHAIN));
-    for (const QString& line : program.errorLines())
+    const QStringList lines = program.errorLines();
+    for (const QString& line : lines)
         QVERIFY2(line.contains(QStringLiteral("/80 frames, ")), qPrintable(line));
 }
 
