@@ -5,6 +5,7 @@
 
 #include "CHostModel.h"
 #include "CServiceLog.h"
+#include "ImportDocument.h"
 #include "support/CMessageCatcher.h"
 #include "support/CTestModel.h"
 #include "support/MetaMethods.h"
@@ -100,19 +101,6 @@ public:
     CMessageCatcher messages;
 };
 
-QString element(const QString& label, const QString& model, const QJsonObject& more = {})
-{
-    QJsonObject json = more;
-    json["name"] = label;
-    json["model"] = QJsonObject{{"name", model}};
-    return QString::fromUtf8(QJsonDocument(json).toJson(QJsonDocument::Compact));
-}
-
-QString document(const QStringList& elements)
-{
-    return '[' + elements.join(',') + ']';
-}
-
 /// "Filter" fed by the unique source "cam" and feeding "View".
 QString chain()
 {
@@ -197,6 +185,8 @@ private Q_SLOTS:
     void connectModelsRefuses_data();
     void connectModelsRefuses();
     void connectModelsRefusesUnknownModels();
+    void connectionThatAHandlerTakesBackHasNoId_data();
+    void connectionThatAHandlerTakesBackHasNoId();
     void connectionOfTwoScenesBelongsToTheConsumers();
     void twoConnectedScenesGoInAnyOrder_data();
     void twoConnectedScenesGoInAnyOrder();
@@ -240,6 +230,8 @@ private Q_SLOTS:
     void importOfAnUnregisteredModelEnds();
     void importOfAnUnregisteredModelInAStoredDocumentEnds();
     void modelThatThrowsWhileRestoredEndsTheImport();
+    void importThatLosesItsSceneIsFalse_data();
+    void importThatLosesItsSceneIsFalse();
     void storedDocumentsAreOneImport();
     void storedDocumentsAreKept();
     void separateImportsShareNoLabels();
@@ -776,6 +768,33 @@ void tst_CNodeService::connectModelsRefusesUnknownModels()
     }
     QVERIFY(f.service->connectModels(nullptr, 0, nullptr, 0) == Core::CId());
     QVERIFY(f.active()->connections().empty());
+}
+
+void tst_CNodeService::connectionThatAHandlerTakesBackHasNoId_data()
+{
+    QTest::addColumn<Step>("takeBack");
+    QTest::newRow("deleted") << Step(
+        [](CFixture& f) { f.active()->deleteConnection(*f.active()->connections().begin()->second); });
+    QTest::newRow("deleted now") << Step(
+        [](CFixture& f) { f.active()->deleteConnectionNow(*f.active()->connections().begin()->second); });
+    QTest::newRow("consumer removed") << Step([](CFixture& f) {
+        ANodeDataModel* model = modelNamed(*f.active(), "view");
+        f.service->removeNodeByModel(model, false);
+    });
+    QTest::newRow("scene destroyed") << Step([](CFixture& f) { delete f.active(); });
+    QTest::newRow("service destroyed") << Step([](CFixture& f) { f.service.reset(); });
+}
+
+void tst_CNodeService::connectionThatAHandlerTakesBackHasNoId()
+{
+    QFETCH(Step, takeBack);
+    CFixture f;
+    const SPlaced cam = f.addSource();
+    const SPlaced view = f.addView("view");
+    connect(f.active(), &CNodeScene::connectionCreated, this, [&] { takeBack(f); });
+    QVERIFY(f.service->connectModels(view.model, 0, cam.model, 0) == Core::CId());
+    if (f.service && f.active())
+        QVERIFY(f.active()->connections().empty());
 }
 
 void tst_CNodeService::connectionOfTwoScenesBelongsToTheConsumers()
@@ -1415,6 +1434,34 @@ void tst_CNodeService::modelThatThrowsWhileRestoredEndsTheImport()
     QCOMPARE(CHostModel::alive(), 2);
 }
 
+void tst_CNodeService::importThatLosesItsSceneIsFalse_data()
+{
+    QTest::addColumn<QString>("asked");
+    QTest::newRow("name") << "name";
+    QTest::newRow("isUnique") << "isUnique";
+    QTest::newRow("nodeCreated") << "nodeCreated";
+}
+
+void tst_CNodeService::importThatLosesItsSceneIsFalse()
+{
+    QFETCH(QString, asked);
+    CFixture f;
+    CHostModel* const source = f.addSource().model;
+    const auto destroyTheScene = [&f] {
+        if (!f.active()->isBeingDestroyed()) // the log asks for names as well
+            delete f.active();
+    };
+    if (asked == "name")
+        source->onName = destroyTheScene;
+    else if (asked == "isUnique")
+        source->onIsUnique = destroyTheScene;
+    else
+        connect(f.active(), &CNodeScene::nodeCreated, this, destroyTheScene);
+    QVERIFY(!f.service->importDocument(chain()));
+    QVERIFY(f.service->scenes().isEmpty());
+    QCOMPARE(CHostModel::alive(), 0);
+}
+
 void tst_CNodeService::storedDocumentsAreOneImport()
 {
     CFixture f;
@@ -1522,6 +1569,21 @@ void tst_CNodeService::nothingThrows_data()
         ANodeDataModel* model = view.model;
         f.service->removeNodeByModel(model, true);
     });
+    QTest::newRow("nodeDeleted of the only node, a sink") << Step([](CFixture& f) {
+        const SPlaced bad = f.addSource("bad");
+        const SPlaced view = f.addView();
+        f.service->removeNode(bad.id, false);
+        int asked = 0;
+        QObject context;
+        QObject::connect(f.active(), &CNodeScene::nodeDeleted, &context, [&asked] {
+            ++asked;
+            throw std::runtime_error("thrown by the test");
+        });
+        f.service->removeNode(view.id, true);
+        QCOMPARE(asked, 1);
+        QCOMPARE(f.service->scenes().size(), 2);
+        QCOMPARE(f.service->findNode(view.id)->nodeDataModel(), view.model);
+    });
     QTest::newRow("scene removed") << Step([thrower](CFixture& f) {
         const SPlaced bad = f.addSource("bad");
         QObject::connect(f.active(), &CNodeScene::nodeDeleted, f.active(), thrower);
@@ -1541,7 +1603,8 @@ void tst_CNodeService::nothingThrows_data()
         const SPlaced source = f.add(ENodeDataModelType::Source, "source");
         const SPlaced view = f.addView();
         QObject::connect(f.active(), &CNodeScene::connectionCreated, f.active(), thrower);
-        f.service->connectModels(view.model, 0, source.model, 0);
+        QVERIFY(f.service->connectModels(view.model, 0, source.model, 0) == Core::CId());
+        QCOMPARE(f.active()->connections().size(), std::size_t(1));
     });
     QTest::newRow("restore") << Step([thrower](CFixture& f) {
         f.service->registry()->registerModel(
@@ -1651,10 +1714,11 @@ void tst_CNodeService::modelWhoseAnnouncementThrewIsNotTakenTwice()
     connect(f.active(), &CNodeScene::nodeCreated, &context, [] { throw std::runtime_error("thrown by the test"); });
     const SPlaced view = f.addView();
     disconnect(f.active(), nullptr, &context, nullptr);
-    QVERIFY(nodeOf(*f.active(), view.model)); // what was created stays
+    const CNodeBase* const node = nodeOf(*f.active(), view.model);
+    QVERIFY(node); // what was created stays
+    QVERIFY(view.id == node->id());
 
-    const Core::CId id = nodeOf(*f.active(), view.model)->id();
-    QVERIFY(f.addAgain(view.model) == id);
+    QVERIFY(f.addAgain(view.model) == view.id);
     QCOMPARE(CHostModel::alive(), 2);
     QCOMPARE(f.active()->nodes().size(), std::size_t(2));
 }
@@ -1767,32 +1831,34 @@ void tst_CNodeService::scenesMayOutliveNothing()
 void tst_CNodeService::lookUpsWalkOverNoNodes()
 {
     CFixture f;
-    QList<SPlaced> last;
+    std::vector<SPlaced> all;
     for (int scene = 0; scene < 10; ++scene) {
-        last << f.addSource(QStringLiteral("cam-%1").arg(scene), makeInfo());
-        for (int node = 1; node < 10000; ++node) {
-            const SPlaced added = f.add(ENodeDataModelType::Decoupler, "node");
-            if (node == 9999)
-                last << added;
-        }
+        all.push_back(f.addSource(QStringLiteral("cam-%1").arg(scene), makeInfo()));
+        for (int node = 1; node < 10000; ++node)
+            all.push_back(f.add(ENodeDataModelType::Decoupler, "node"));
     }
     QCOMPARE(CHostModel::alive(), 100000);
     f.log.take();
 
-    // Asking a model that is looked for what it is costs a call or two; asking the 100,000 would be seen.
-    const int before = CHostModel::calls();
-    for (const SPlaced& placed : last) {
-        QCOMPARE(f.service->findNode(placed.id)->nodeDataModel(), placed.model);
-        QCOMPARE(f.service->findNodeByModel(placed.model)->id(), placed.id);
-        QVERIFY(!f.service->findNode(Core::CId::createId()));
+    // With a walk over the nodes for each look-up this would take longer than the test may.
+    for (const SPlaced& placed : all) {
+        CNodeBase* const node = f.service->findNode(placed.id);
+        QVERIFY(node && node->nodeDataModel() == placed.model);
+        QVERIFY(f.service->findNodeByModel(placed.model) == node);
+        QVERIFY(!f.service->findNode(placed.model->id()));
     }
-    for (int i = 0; i + 3 < last.size(); i += 2)
-        QVERIFY(f.service->connectModels(last.at(i + 1).model, 0, last.at(i + 3).model, 0) != Core::CId());
-    for (int i = 1; i < last.size(); i += 2) {
-        ANodeDataModel* model = last.at(i).model;
-        QVERIFY(f.addAgain(last.at(i).model) == last.at(i).id);
+    for (const SPlaced& placed : all)
+        QVERIFY(f.addAgain(placed.model) == placed.id);
+    for (std::size_t i = 1; i < all.size(); ++i)
+        QVERIFY(f.service->connectModels(all[i].model, 0, all[i - 1].model, 0) != Core::CId());
+
+    // Asking the model that is looked for what it is costs a call or two; asking the 100,000 would be seen.
+    const int before = CHostModel::calls();
+    for (std::size_t i = 9999; i < all.size(); i += 10000) {
+        ANodeDataModel* model = all[i].model;
+        QVERIFY(f.addAgain(all[i].model) == all[i].id);
         f.service->removeNodeByModel(model, true);
-        f.service->removeNode(last.at(i - 1).id, true);
+        f.service->removeNode(all[i - 1].id, true);
     }
     QVERIFY2(CHostModel::calls() - before < 1000, qPrintable(QString::number(CHostModel::calls() - before)));
     QCOMPARE(CHostModel::alive(), 100000 - 20);

@@ -4,6 +4,7 @@
 #include "service/CSceneImport_p.h"
 
 #include "CHostModel.h"
+#include "ImportDocument.h"
 #include "graph/CNodeConnection.h"
 #include "scene/CNodeScene.h"
 #include "service/CNodeService.h"
@@ -32,27 +33,14 @@ QString marker()
     return QStringLiteral("Halvex.NoUniqueName");
 }
 
-QString textOf(const QJsonArray& document)
-{
-    return QString::fromUtf8(QJsonDocument(document).toJson(QJsonDocument::Compact));
-}
-
-QJsonObject element(const QString& label, const QJsonObject& more = {})
-{
-    QJsonObject json = more;
-    json["name"] = label;
-    json["model"] = QJsonObject{{"name", "View"}};
-    return json;
-}
-
 QJsonObject fedBy(const QString& label, const QJsonValue& sources)
 {
-    return element(label, {{"unique_sources", sources}});
+    return element(label, "View", {{"unique_sources", sources}});
 }
 
 QJsonObject feeding(const QString& label, const QJsonValue& consumers)
 {
-    return element(label, {{"connection", consumers}});
+    return element(label, "View", {{"connection", consumers}});
 }
 
 QJsonObject nodeEntry(const QString& id, const QJsonObject& model)
@@ -103,7 +91,7 @@ public:
             import.addDocument(document);
         return import.sceneDocument();
     }
-    QJsonObject import(const QJsonArray& document) { return importAll({textOf(document)}); }
+    QJsonObject import(const QJsonArray& elements) { return importAll({document(elements)}); }
 
     CNodeScene scene{nullptr, nullptr};
 };
@@ -254,7 +242,7 @@ public:
 
     int upTo(int most) { return int(m_random() % unsigned(most + 1)); }
 
-    QString document()
+    QString next()
     {
         switch (upTo(24)) {
         case 0:
@@ -267,7 +255,7 @@ public:
         QJsonArray elements;
         for (int count = upTo(6); count > 0; --count)
             elements.append(oddOr(element()));
-        return textOf(elements);
+        return document(elements);
     }
 
 private:
@@ -467,9 +455,9 @@ void tst_CSceneImport::copiedModelIsNeverUnique()
 void tst_CSceneImport::everyLabelHasAFreshId()
 {
     CFixture f;
-    const QJsonArray document{element("a"), element("b"), element("A")};
-    const QJsonObject first = f.import(document);
-    const QJsonObject second = f.import(document);
+    const QJsonArray elements{element("a"), element("b"), element("A")};
+    const QJsonObject first = f.import(elements);
+    const QJsonObject second = f.import(elements);
     QSet<QString> ids;
     for (int i = 0; i < 3; ++i)
         ids << idAt(first, i) << idAt(second, i);
@@ -489,7 +477,7 @@ void tst_CSceneImport::labelsAreSharedByDocuments()
 {
     CFixture f;
     const QJsonObject made =
-        f.importAll({textOf({element("a")}), textOf({element("a"), feeding("b", QJsonArray{QJsonArray{"a"}})})});
+        f.importAll({document({element("a")}), document({element("a"), feeding("b", QJsonArray{QJsonArray{"a"}})})});
     QCOMPARE(nodesOf(made).size(), 3);
     QCOMPARE(idAt(made, 1), idAt(made, 0));
     QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 0, idAt(made, 2), 0)});
@@ -527,8 +515,9 @@ void tst_CSceneImport::sourceStandsOncePerNaming()
 {
     CFixture f;
     const QString cam = f.add("cam").id().toString();
-    const QJsonObject made = f.importAll({textOf({fedBy("a", QJsonArray{QJsonArray{"cam", "cam"}, QJsonArray{"cam"}})}),
-                                          textOf({fedBy("b", QJsonArray{QJsonArray{"cam"}})})});
+    const QJsonObject made =
+        f.importAll({document({fedBy("a", QJsonArray{QJsonArray{"cam", "cam"}, QJsonArray{"cam"}})}),
+                     document({fedBy("b", QJsonArray{QJsonArray{"cam"}})})});
     QStringList ids;
     for (int i = 0; i < nodesOf(made).size(); ++i)
         ids << idAt(made, i);
@@ -582,12 +571,18 @@ void tst_CSceneImport::markerIsNeverMatched()
     QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 0, noId(), 0)});
 }
 
+// The marker says that there is no name at all, while an empty name is one, which a model can have. Models without a
+// name are the many: an empty text in a document must not take just any of them for its source.
 void tst_CSceneImport::emptyNameMatchesNoNodeWithoutAName()
 {
     CFixture f;
     f.add(marker());
     const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonArray{""}})});
     QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 0, noId(), 0)});
+
+    const QString named = f.add("").id().toString();
+    const QJsonObject again = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonArray{""}})});
+    QCOMPARE(connectionsOf(again), QJsonArray{connectionEntry(idAt(again, 0), 0, named, 0)});
 }
 
 void tst_CSceneImport::modelWithoutAnIdentityIsNeverMatched()
@@ -627,7 +622,7 @@ void tst_CSceneImport::unknownLabelKeepsNoId()
 {
     CFixture f;
     const QJsonObject made =
-        f.importAll({textOf({feeding("a", QJsonArray{QJsonArray{"late"}})}), textOf({element("late")})});
+        f.importAll({document({feeding("a", QJsonArray{QJsonArray{"late"}})}), document({element("late")})});
     QCOMPARE(idAt(made, 1), noId());
 }
 
@@ -687,7 +682,8 @@ void tst_CSceneImport::connectionToALaterElement()
 void tst_CSceneImport::connectionToALaterDocumentIsLost()
 {
     CFixture f;
-    const QJsonObject made = f.importAll({textOf({feeding("b", QJsonArray{QJsonArray{"a"}})}), textOf({element("a")})});
+    const QJsonObject made =
+        f.importAll({document({feeding("b", QJsonArray{QJsonArray{"a"}})}), document({element("a")})});
     QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(noId(), 0, idAt(made, 0), 0)});
 }
 
@@ -730,7 +726,7 @@ void tst_CSceneImport::wrongDocuments()
     QFETCH(QString, text);
     CFixture f;
     f.add("cam");
-    const QString good = textOf({element("a"), feeding("b", QJsonArray{QJsonArray{"a"}})});
+    const QString good = document({element("a"), feeding("b", QJsonArray{QJsonArray{"a"}})});
     const QJsonObject made = f.importAll({text, good, text});
     QCOMPARE(nodesOf(made).size(), 2);
     QCOMPARE(connectionsOf(made).size(), 1);
@@ -840,7 +836,7 @@ void tst_CSceneImport::randomDocuments()
         CNaiveImport naive(f.scene);
         QString texts;
         for (int count = random.upTo(4); count >= 0; --count) {
-            const QString text = random.document();
+            const QString text = random.next();
             texts += text + '\n';
             import.addDocument(text);
             naive.addDocument(text);
@@ -875,7 +871,7 @@ void tst_CSceneImport::sourceThatLeavesWhenAsked()
             scene->removeNode(node);
     };
     CSceneImport import(*scene);
-    import.addDocument(textOf({fedBy("a", QJsonArray{QJsonArray{"cam"}, QJsonArray { "cam" }})}));
+    import.addDocument(document({fedBy("a", QJsonArray{QJsonArray{"cam"}, QJsonArray { "cam" }})}));
     const QJsonObject made = import.sceneDocument();
     QCOMPARE(nodesOf(made), QJsonArray{copiedView(idAt(made, 0))});
     QCOMPARE(CHostModel::alive(), 0);
@@ -931,7 +927,7 @@ void tst_CSceneImport::chainCarriesData()
     QJsonObject first = feeding("a", QJsonArray{QJsonArray{"b", "c"}});
     first["unique_sources"] = QJsonArray{QJsonArray{"cam"}};
     QVERIFY(f.service.importDocument(
-        textOf({first, element("b"), feeding("c", QJsonArray{QJsonArray{"d"}}), element("d")})));
+        document({first, element("b"), feeding("c", QJsonArray{QJsonArray{"d"}}), element("d")})));
     QCOMPARE(f.service.getActiveScene()->connections().size(), std::size_t(4));
     f.cam->offer(CTestData::make(6));
     QCOMPARE(f.views().size(), std::size_t(4));
@@ -944,8 +940,8 @@ void tst_CSceneImport::chainOfSeveralPortsCarriesData()
 {
     CServiceFixture f;
     const QJsonObject item{{"name", "b"}, {"index_in", 1}, {"index _out", 0}};
-    QVERIFY(f.service.importDocument(textOf({element("b"), fedBy("a", QJsonArray{QJsonArray{}, QJsonArray{"cam"}}),
-                                             feeding("c", QJsonArray{QJsonArray{item}})})));
+    QVERIFY(f.service.importDocument(document({element("b"), fedBy("a", QJsonArray{QJsonArray{}, QJsonArray{"cam"}}),
+                                               feeding("c", QJsonArray{QJsonArray{item}})})));
     std::vector<std::pair<int, int>> ports;
     for (const auto& entry : f.service.getActiveScene()->connections())
         ports.emplace_back(entry.second->getPortIndex(ENodePortType::In),
@@ -964,7 +960,7 @@ void tst_CSceneImport::sourceThatHasDataFeedsTheChainAtOnce()
 {
     CServiceFixture f;
     f.cam->offer(CTestData::make(2));
-    QVERIFY(f.service.importDocument(textOf({fedBy("a", QJsonArray{QJsonArray{"cam"}})})));
+    QVERIFY(f.service.importDocument(document({fedBy("a", QJsonArray{QJsonArray{"cam"}})})));
     QCOMPARE(f.views().front()->received, (std::vector<std::pair<int, int>>{{2, 0}}));
 }
 
@@ -978,20 +974,20 @@ void tst_CSceneImport::manyElementsAskLittle()
         model->unique = true;
         f.service.getActiveScene()->createNode(std::move(model));
     }
-    QJsonArray document;
+    QJsonArray chain;
     for (int i = 0; i < elements; ++i) {
         const QJsonArray names{QString("source-%1").arg((i * 7) % sources), "cam"};
-        document.append(fedBy(QString("element-%1").arg(i), QJsonArray{names}));
+        chain.append(fedBy(QString("element-%1").arg(i), QJsonArray{names}));
     }
 
     int before = CHostModel::calls();
     CSceneImport import(*f.service.getActiveScene());
-    import.addDocument(textOf(document));
+    import.addDocument(document(chain));
     const int buildCalls = CHostModel::calls() - before;
     QCOMPARE(nodesOf(import.sceneDocument()).size(), 3 * elements);
 
     before = CHostModel::calls();
-    QVERIFY(f.service.importDocument(textOf(document)));
+    QVERIFY(f.service.importDocument(document(chain)));
     const int importCalls = CHostModel::calls() - before;
     QCOMPARE(f.service.getActiveScene()->nodes().size(), std::size_t(1 + sources + elements));
     QCOMPARE(f.service.getActiveScene()->connections().size(), std::size_t(2 * elements));
