@@ -244,6 +244,7 @@ private Q_SLOTS:
     void strangeNodeIsLeftAlone();
     void nodeThatTookAnothersIdGoesAlone();
 
+    void isBeingDestroyedInItsDestructorAlone();
     void clearingAnEmptySceneDoesNothing();
     void clearsInTheOrderOfTheTable();
     void clearingKeepsHalfConnections();
@@ -1078,6 +1079,24 @@ void tst_CNodeScene::nodeThatTookAnothersIdGoesAlone()
     QCOMPARE(scene.nodes().at(b.node.id()).get(), &b.node);
     QCOMPARE(scene.nodes().size(), std::size_t(2));
     QCOMPARE(inconsistencyOf(scene), QString());
+}
+
+void tst_CNodeScene::isBeingDestroyedInItsDestructorAlone()
+{
+    auto scene = std::make_unique<CNodeScene>(nullptr, nullptr);
+    Numbers told;
+    const auto ask = [&told, asked = scene.get()] { told.push_back(asked->isBeingDestroyed() ? 1 : 0); };
+    connect(scene.get(), &CNodeScene::nodeDeleted, this, ask);
+    ask();
+    place(*scene).model.onDestroyed = ask;
+    scene->clearScene();
+    ask();
+    QCOMPARE(told, Numbers({0, 0, 0, 0}));
+
+    told.clear();
+    place(*scene).model.onDestroyed = ask;
+    scene.reset();
+    QCOMPARE(told, Numbers({1, 1}));
 }
 
 void tst_CNodeScene::clearingAnEmptySceneDoesNothing()
