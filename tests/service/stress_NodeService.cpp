@@ -4,6 +4,9 @@
 // Random operations on a node service, some of them from within handlers of its signals and of its scenes' signals,
 // against a model of plain lists: what is told and in which order, what operations return, and what is there after
 // each step.
+// The model has the service's queue of turns once more, with the removal of a scene and the choice of the next active
+// one as turns of their own: what an operation in a handler finds depends on what has had its turn, so it could not be
+// told what to expect without it. Nothing else is the service's way of doing it; nodes are found by walking lists.
 //
 //   stress_NodeService [steps] [seed]
 //
@@ -1231,5 +1234,6 @@ int main(int argc, char* argv[])
     }
     const int left = CHostModel::alive() + CTestModel::alive();
     std::printf("seed %u: %d steps, %zu operations from handlers, %d models left\n", seed, steps, nested, left);
-    return left == 0 ? 0 : 1;
+    const bool isReentered = nested > 0 || steps <= 1000; // a long run without tests less than it says
+    return left == 0 && isReentered ? 0 : 1;
 }
