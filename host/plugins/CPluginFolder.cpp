@@ -3,7 +3,7 @@
 
 #include "host/plugins/CPluginFolder.h"
 
-#include "host/run/FlowOrder.h"
+#include "host/base/FlowOrder.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -3,8 +3,8 @@
 
 #include "host/run/CChainCheck.h"
 
+#include "host/base/Shown.h"
 #include "host/models/IHostModels.h"
-#include "host/run/SceneFile.h"
 #include "models/ASourceNodeDataModel.h"
 #include "service/INodeService.h"
 

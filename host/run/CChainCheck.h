@@ -3,8 +3,8 @@
 
 #pragma once
 
+#include "host/base/FlowOrder.h"
 #include "host/run/CSinkNames.h"
-#include "host/run/FlowOrder.h"
 
 #include <QHash>
 #include <QJsonValue>

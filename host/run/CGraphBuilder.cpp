@@ -3,6 +3,7 @@
 
 #include "host/run/CGraphBuilder.h"
 
+#include "host/base/Shown.h"
 #include "host/models/IHostModels.h"
 #include "host/run/CChainCheck.h"
 #include "host/run/CSceneLoader.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "host/run/FlowOrder.h"
+#include "host/base/FlowOrder.h"
 
 #include <QString>
 

@@ -3,7 +3,7 @@
 
 #include "host/run/CSceneLoader.h"
 
-#include "host/run/SceneFile.h"
+#include "host/base/Shown.h"
 #include "scene/CNodeScene.h"
 
 #include <QJsonArray>

@@ -4,9 +4,9 @@
 #include "host/run/CSinkNames.h"
 
 #include "graph/CNodeDataModel.h"
+#include "host/base/Shown.h"
 #include "host/models/IFrameSink.h"
 #include "host/run/Output.h"
-#include "host/run/SceneFile.h"
 
 namespace Host {
 

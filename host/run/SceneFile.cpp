@@ -19,7 +19,6 @@ namespace Host {
 namespace {
 
 constexpr qint64 maxSize = qint64(64) * 1024 * 1024;
-constexpr int maxShown = 80;
 
 QString place(const QByteArray& bytes, int offset)
 {
@@ -163,14 +162,6 @@ int compareSceneFiles(const QString& left, const QString& right)
     if (!printText(text))
         return 2;
     return difference.isEmpty() ? 0 : 1;
-}
-
-QString shown(const QString& text)
-{
-    QString line = text.size() > maxShown ? text.left(maxShown) + QStringLiteral("...") : text;
-    std::replace_if(
-        line.begin(), line.end(), [](QChar c) { return !c.isPrint(); }, QLatin1Char('?'));
-    return QLatin1Char('\'') + line + QLatin1Char('\'');
 }
 
 } // namespace Host

@@ -29,7 +29,4 @@ QString sceneDifference(const QJsonObject& left, const QJsonObject& right);
 /// 1 for different ones, 2, with a line on standard error, when a file cannot be read.
 int compareSceneFiles(const QString& left, const QString& right);
 
-/// \a text from a document, to be shown within a line: in quotes, cut when it is long, without control characters.
-QString shown(const QString& text);
-
 } // namespace Host

@@ -23,7 +23,6 @@ private Q_SLOTS:
     void uniqueNodesGoByTheirNames();
     void differences_data();
     void differences();
-    void shownOnOneLine();
 };
 
 void tst_SceneFile::reads()
@@ -120,13 +119,6 @@ void tst_SceneFile::differences()
     QFETCH(QString, difference);
     const QJsonObject left{{"nodes", QJsonArray{"a", "b"}}, {"connections", QJsonArray{1}}};
     QCOMPARE(sceneDifference(left, right), difference);
-}
-
-void tst_SceneFile::shownOnOneLine()
-{
-    QCOMPARE(shown(QStringLiteral("Blur")), QStringLiteral("'Blur'"));
-    QCOMPARE(shown(QStringLiteral("a\nb\x1b[31m")), QStringLiteral("'a?b?[31m'"));
-    QCOMPARE(shown(QString(1000, QChar('x'))).size(), 85);
 }
 
 QTEST_GUILESS_MAIN(tst_SceneFile)

@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/base/Shown.h"
+
+#include <QTest>
+
+using namespace Host;
+
+class tst_Shown : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void printableOnOneLine();
+    void shownInQuotesAndCut();
+};
+
+void tst_Shown::printableOnOneLine()
+{
+    QCOMPARE(printable(QStringLiteral("a\nb\x1b[31m")), QStringLiteral("a?b?[31m"));
+    const QString path(1000, QChar('x'));
+    QCOMPARE(printable(path), path);
+}
+
+void tst_Shown::shownInQuotesAndCut()
+{
+    QCOMPARE(shown(QStringLiteral("Blur")), QStringLiteral("'Blur'"));
+    QCOMPARE(shown(QStringLiteral("a\nb\x1b[31m")), QStringLiteral("'a?b?[31m'"));
+    QCOMPARE(shown(QString(80, QChar('x'))), QStringLiteral("'%1'").arg(QString(80, QChar('x'))));
+    QCOMPARE(shown(QString(81, QChar('x'))), QStringLiteral("'%1...'").arg(QString(80, QChar('x'))));
+}
+
+QTEST_GUILESS_MAIN(tst_Shown)
+#include "tst_Shown.moc"
