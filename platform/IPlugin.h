@@ -30,7 +30,8 @@ public:
     {
     }
 
-    /// Publishes the plugin's services with \a manager, which may be gone already. False refuses to start.
+    /// Publishes the plugin's services with \a manager, which may be gone already. False refuses to start;
+    /// uninitialize() follows then too, as it does after an exception.
     virtual bool initialize(const QWeakPointer<Service::IServiceManager>& manager) = 0;
 
     /// Every plugin is initialized: services of others may be used from here on.

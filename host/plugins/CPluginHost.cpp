@@ -3,6 +3,7 @@
 
 #include "host/plugins/CPluginHost.h"
 
+#include "host/base/Attempt.h"
 #include "host/plugins/CPluginFolder.h"
 #include "platform/IPlugin.h"
 #include "scene/CNodeScene.h"
@@ -14,7 +15,6 @@
 #include <QPluginLoader>
 
 #include <algorithm>
-#include <exception>
 
 #include <dlfcn.h>
 
@@ -41,18 +41,17 @@ QString libraryFile()
     return QFileInfo(QFile::decodeName(info.dli_fname)).canonicalFilePath();
 }
 
-// What is wrong when \a step, named \a name, fails or throws.
-template <typename S>
-QString attempt(const char* name, const S& step)
+// On one line, as the loader's own words are not.
+QString loaderError(const QPluginLoader& loader)
 {
-    const QString text = QString::fromLatin1(name);
-    try {
-        return step() ? QString() : QStringLiteral("%1 fails").arg(text);
-    } catch (const std::exception& exception) {
-        return QStringLiteral("%1 throws: %2").arg(text, QString::fromLocal8Bit(exception.what()).simplified());
-    } catch (...) {
-        return QStringLiteral("%1 throws").arg(text);
-    }
+    return printable(loader.errorString().simplified());
+}
+
+// What was queued for later, or is to be deleted then, is code too.
+void deliverWhatIsPosted()
+{
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 } // namespace
@@ -65,34 +64,39 @@ CPluginHost::CPluginHost(const QString& folder)
     for (const SPluginInfo& info : found.plugins())
         m_plugins.push_back({info, std::make_unique<QPluginLoader>(info.file)});
 
-    keepWhatPasses(&CPluginHost::load);
-    keepWhatPasses([this](SPlugin& plugin) { return initialize(plugin); });
+    std::vector<SPlugin> leftOut;
+    keepWhatPasses(&CPluginHost::load, &leftOut);
+    keepWhatPasses([this](SPlugin& plugin) { return initialize(plugin); }, &leftOut);
     for (const SPlugin& plugin : m_plugins) {
-        const QString error =
-            attempt("extensionsInitialized()", [&] { return plugin.instance->extensionsInitialized(); });
+        const QString error = attempt(QStringLiteral("extensionsInitialized()"),
+                                      [&] { return plugin.instance->extensionsInitialized(); });
         if (!error.isEmpty())
             m_refusals.push_back({plugin.info.file, error});
     }
+    // Only now: on the way events are delivered, which nobody expects between two initialize().
+    unload(leftOut);
 }
 
 CPluginHost::~CPluginHost()
 {
-    const auto reversed = [this](const char* name, const auto& step) {
+    const auto reversed = [this](const QString& name, const auto& step) {
         std::for_each(m_plugins.rbegin(), m_plugins.rend(), [&](const SPlugin& plugin) {
             const QString error = attempt(name, [&] { return step(plugin); });
             if (!error.isEmpty())
-                qCWarning(hostLog, "plugin '%s': %s", qUtf8Printable(plugin.info.file), qUtf8Printable(error));
+                qCWarning(hostLog, "plugin '%s': %s", qUtf8Printable(printable(plugin.info.file)),
+                          qUtf8Printable(error));
         });
     };
     // One that still has work to end has no way of telling when that is done: it is asked, and then not waited for.
-    reversed("aboutToUninitialize()", [](const SPlugin& plugin) {
+    reversed(QStringLiteral("aboutToUninitialize()"), [](const SPlugin& plugin) {
         plugin.instance->aboutToUninitialize();
         return true;
     });
-    reversed("uninitialize()", [this](const SPlugin& plugin) { return plugin.instance->uninitialize(m_services); });
+    reversed(QStringLiteral("uninitialize()"),
+             [this](const SPlugin& plugin) { return plugin.instance->uninitialize(m_services); });
     // Before the code goes that they run.
-    m_services->clear();
-    reversed("unload()", [](const SPlugin& plugin) { return plugin.loader->unload(); });
+    m_services->truncate(0);
+    unload(m_plugins);
 }
 
 QString CPluginHost::defaultFolder()
@@ -107,24 +111,29 @@ QString CPluginHost::load(SPlugin& plugin)
         return QStringLiteral("a copy of '%1', which is in use").arg(libraryFile());
     // By default unload() leaves the code where it is.
     plugin.loader->setLoadHints({});
-    QString error = attempt("loading", [&plugin] {
-        plugin.instance = dynamic_cast<Core::Plugin::IPlugin*>(plugin.loader->instance());
-        return plugin.instance != nullptr;
-    });
-    if (!error.isEmpty() && !plugin.loader->isLoaded())
-        error += QStringLiteral(": ") + plugin.loader->errorString().simplified();
-    return error;
+    const QString error =
+        attempt(QStringLiteral("loading"), [&plugin] { return plugin.loader->instance() != nullptr; });
+    if (!error.isEmpty())
+        return plugin.loader->isLoaded() ? error : error + QStringLiteral(": ") + loaderError(*plugin.loader);
+    plugin.instance = dynamic_cast<Core::Plugin::IPlugin*>(plugin.loader->instance());
+    return plugin.instance ? QString() : QStringLiteral("its instance is no plugin for this host");
 }
 
 QString CPluginHost::initialize(SPlugin& plugin) const
 {
-    const QString error = attempt("initialize()", [&] { return plugin.instance->initialize(m_services); });
-    if (!error.isEmpty()) // what it has published up to then goes with it
-        attempt("uninitialize()", [&] { return plugin.instance->uninitialize(m_services); });
-    return error;
+    const std::size_t published = m_services->size();
+    const QString error =
+        attempt(QStringLiteral("initialize()"), [&] { return plugin.instance->initialize(m_services); });
+    if (error.isEmpty())
+        return {};
+    const QString undoing =
+        attempt(QStringLiteral("uninitialize()"), [&] { return plugin.instance->uninitialize(m_services); });
+    // What it does not withdraw itself would outlive its code.
+    m_services->truncate(published);
+    return undoing.isEmpty() ? error : error + QStringLiteral("; ") + undoing;
 }
 
-void CPluginHost::keepWhatPasses(const Step& step)
+void CPluginHost::keepWhatPasses(const Step& step, std::vector<SPlugin>* leftOut)
 {
     std::vector<SPlugin> all;
     all.swap(m_plugins);
@@ -132,13 +141,24 @@ void CPluginHost::keepWhatPasses(const Step& step)
         QString error = lacking(plugin.info);
         if (error.isEmpty())
             error = step(plugin);
-        if (error.isEmpty()) {
-            m_plugins.push_back(std::move(plugin));
-        } else {
+        if (!error.isEmpty())
             m_refusals.push_back({plugin.info.file, error});
-            plugin.loader->unload();
-        }
+        std::vector<SPlugin>& kept = error.isEmpty() ? m_plugins : *leftOut;
+        kept.push_back(std::move(plugin));
     }
+}
+
+void CPluginHost::unload(const std::vector<SPlugin>& plugins)
+{
+    deliverWhatIsPosted();
+    // All objects before any code: one may still hold what is code of another, one that needs it included.
+    std::for_each(plugins.rbegin(), plugins.rend(), [](const SPlugin& plugin) { delete plugin.instance; });
+    deliverWhatIsPosted();
+    std::for_each(plugins.rbegin(), plugins.rend(), [](const SPlugin& plugin) {
+        if (plugin.loader->isLoaded() && !plugin.loader->unload())
+            qCWarning(hostLog, "plugin '%s': it stays loaded: %s", qUtf8Printable(printable(plugin.info.file)),
+                      qUtf8Printable(loaderError(*plugin.loader)));
+    });
 }
 
 QString CPluginHost::lacking(const SPluginInfo& info) const

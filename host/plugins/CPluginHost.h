@@ -34,9 +34,12 @@ namespace Host {
  * \endcode
  *
  * The constructor loads all, then initializes all, then tells all that everybody is initialized, each plugin behind
- * those that it needs; the destructor goes the same way back, and unloads. A plugin that fails on the way, or throws,
- * is left out with all that need it, and is one more entry in refusals(); one that fails only when everybody is
- * initialized is reported and stays.
+ * those that it needs; the destructor goes the same way back. A plugin that fails on the way, or throws, is left out
+ * with all that need it, and is one more entry in refusals(): it is uninitialized, and what it has published is
+ * withdrawn. One that fails only when everybody is initialized is reported and stays.
+ *
+ * Before code is unloaded what was posted to this thread is delivered and deleted, and all the plugins' objects go:
+ * what a plugin still holds of another is gone before its code. What fails on the way out is a warning in the log.
  *
  * The host provides "AppCore" in hostVersion(), which stands in for no other version.
  *
@@ -72,7 +75,8 @@ private:
 
     static QString load(SPlugin& plugin);
     QString initialize(SPlugin& plugin) const;
-    void keepWhatPasses(const Step& step);
+    void keepWhatPasses(const Step& step, std::vector<SPlugin>* leftOut);
+    static void unload(const std::vector<SPlugin>& plugins);
     QString lacking(const SPluginInfo& info) const;
 
     const QSharedPointer<CServiceManager> m_services;

@@ -29,4 +29,12 @@ QSharedPointer<IService> CServiceManager::findService(const char* className) con
     return found == m_services.end() ? QSharedPointer<IService>() : *found;
 }
 
+void CServiceManager::truncate(std::size_t size)
+{
+    while (m_services.size() > size) {
+        const QSharedPointer<IService> last = m_services.back(); // as it goes it may withdraw others
+        m_services.pop_back();
+    }
+}
+
 } // namespace Host

@@ -18,8 +18,10 @@ public:
     void unregisterService(const QSharedPointer<Core::Service::IService>& service) override;
     QSharedPointer<Core::Service::IService> findService(const char* className) const override;
 
-    /// Lets go of all that nobody has withdrawn.
-    void clear() { m_services.clear(); }
+    std::size_t size() const { return m_services.size(); }
+
+    /// Lets go of all but the first \a size, the last one first.
+    void truncate(std::size_t size);
 
 private:
     std::vector<QSharedPointer<Core::Service::IService>> m_services;

@@ -48,6 +48,11 @@ private Q_SLOTS:
     void noCodeOfARefusedPluginRuns();
     void failure_data();
     void failure();
+    void failedOneLeavesNoServiceBehind_data();
+    void failedOneLeavesNoServiceBehind();
+    void failureToUndoIsTold();
+    void serviceThatAPluginKeepsGoesBeforeItsCode();
+    void whatIsPostedComesBeforeTheCodeGoes();
     void failureAtTheEndIsNoEnd();
     void notLoadable_data();
     void notLoadable();
@@ -58,7 +63,7 @@ private Q_SLOTS:
 
 void tst_CPluginHost::init()
 {
-    for (const char* list : {"calls", "failing", "throwing"})
+    for (const char* list : {"calls", "failing", "throwing", "publishing", "keeping", "posting"})
         qApp->setProperty(list, QStringList());
 }
 
@@ -87,7 +92,9 @@ void tst_CPluginHost::noCodeOfARefusedPluginRuns()
     const CPluginHost host(folder.path());
     QCOMPARE(host.refusals().size(), std::size_t(5));
     QCOMPARE(calls(), QStringList());
-    QVERIFY(!isMapped(QStringLiteral("test_")));
+    // Each by its name: the path of the build may say anything.
+    for (const SPluginRefusal& refusal : host.refusals())
+        QVERIFY2(!isMapped(refusal.file), qPrintable(refusal.file));
 }
 
 void tst_CPluginHost::failure_data()
@@ -132,6 +139,76 @@ void tst_CPluginHost::failure()
     QVERIFY(!calls().contains("above.uninitialize"));
     QCOMPARE(calls().count("base.uninitialize"), calls().count("base.initialize"));
     QCOMPARE(calls().count("above.gone"), calls().count("above.made"));
+    // The code of what is needed goes last.
+    if (calls().contains("above.made"))
+        QVERIFY(calls().indexOf("above.gone") < calls().indexOf("base.gone"));
+}
+
+void tst_CPluginHost::failedOneLeavesNoServiceBehind_data()
+{
+    QTest::addColumn<QString>("property");
+    QTest::newRow("fails") << "failing";
+    QTest::newRow("throws") << "throwing";
+}
+
+void tst_CPluginHost::failedOneLeavesNoServiceBehind()
+{
+    QFETCH(QString, property);
+    CPluginTestFolder folder;
+    QVERIFY(folder.addTestPlugins({"base", "for_host"}));
+    qApp->setProperty("publishing", QStringList({"base.initialize", "for_host.initialize"}));
+    qApp->setProperty(property.toLatin1().constData(), QStringList{"for_host.initialize"});
+    const CPluginHost host(folder.path());
+    QCOMPARE(reasons(host).size(), 1);
+    QVERIFY(!isMapped(CPluginTestFolder::testPlugin("for_host")));
+    QVERIFY(calls().contains("for_host.service gone"));
+    QVERIFY(calls().indexOf("for_host.service gone") < calls().indexOf("for_host.gone"));
+    // What the others have published stays.
+    QVERIFY(!calls().contains("base.service gone"));
+    QVERIFY(host.services().findService("QObject"));
+}
+
+void tst_CPluginHost::failureToUndoIsTold()
+{
+    CPluginTestFolder folder;
+    QVERIFY(folder.addTestPlugins({"base"}));
+    qApp->setProperty("failing", QStringList{"base.initialize"});
+    qApp->setProperty("throwing", QStringList{"base.uninitialize"});
+    const CPluginHost host(folder.path());
+    QCOMPARE(reasons(host), QStringList{"initialize() fails; uninitialize() throws: thrown by base.uninitialize"});
+}
+
+void tst_CPluginHost::serviceThatAPluginKeepsGoesBeforeItsCode()
+{
+    CPluginTestFolder folder;
+    QVERIFY(folder.addHostPlugins());
+    QVERIFY(folder.addTestPlugins({"base"}));
+    // It is loaded first, needing nobody, and so its code goes last.
+    qApp->setProperty("keeping", QStringList{"base.extensionsInitialized"});
+    QWeakPointer<Core::Service::IService> service;
+    {
+        const CPluginHost host(folder.path());
+        QCOMPARE(reasons(host), QStringList());
+        service = host.services().findService("Plugin::Halvex::INodeService");
+        QVERIFY(service);
+    }
+    QVERIFY(!service);
+    QVERIFY(!isMapped(QStringLiteral("libHalvexHostModels")));
+}
+
+void tst_CPluginHost::whatIsPostedComesBeforeTheCodeGoes()
+{
+    CPluginTestFolder folder;
+    QVERIFY(folder.addTestPlugins({"base"}));
+    qApp->setProperty("posting", QStringList{"base.uninitialize"});
+    {
+        const CPluginHost host(folder.path());
+        QCOMPARE(reasons(host), QStringList());
+        qApp->setProperty("calls", QStringList());
+    }
+    QCOMPARE(calls(), QStringList({"base.aboutToUninitialize", "base.uninitialize", "base.posted", "base.service gone",
+                                   "base.gone"}));
+    QVERIFY(!isMapped(CPluginTestFolder::testPlugin("base")));
 }
 
 void tst_CPluginHost::failureAtTheEndIsNoEnd()
@@ -158,7 +235,7 @@ void tst_CPluginHost::notLoadable_data()
     QTest::newRow("function that nobody has") << "unresolved"
                                               << "functionThatNobodyHas";
     QTest::newRow("instance of another class") << "no_instance"
-                                               << "loading fails";
+                                               << "its instance is no plugin for this host";
 }
 
 void tst_CPluginHost::notLoadable()

@@ -5,6 +5,7 @@
 
 #include "service/CNodeService.h"
 
+#include <QCoreApplication>
 #include <QPointer>
 #include <QTest>
 
@@ -19,6 +20,7 @@ private Q_SLOTS:
     void findsByClass();
     void firstPublishedIsFound();
     void sharesUntilWithdrawn();
+    void truncatedFromTheEnd();
     void nullAndTwice();
 };
 
@@ -63,8 +65,32 @@ void tst_CServiceManager::sharesUntilWithdrawn()
     const QPointer<IService> left(service.data());
     manager.registerService(service);
     service.reset();
-    manager.clear();
+    manager.truncate(0);
     QVERIFY(!left);
+}
+
+void tst_CServiceManager::truncatedFromTheEnd()
+{
+    CServiceManager manager;
+    const auto publish = [&manager] {
+        const auto service = QSharedPointer<IService>::create(nullptr);
+        manager.registerService(service);
+        return service.toWeakRef();
+    };
+    const QWeakPointer<IService> first = publish();
+    const QWeakPointer<IService> second = publish();
+    const QWeakPointer<IService> third = publish();
+    QCOMPARE(manager.size(), std::size_t(3));
+    manager.truncate(5);
+    QVERIFY(third);
+    // One that withdraws another as it goes.
+    QObject::connect(third.toStrongRef().data(), &QObject::destroyed, qApp,
+                     [&manager, second] { manager.unregisterService(second.toStrongRef()); });
+    manager.truncate(1);
+    QVERIFY(!third);
+    QVERIFY(!second);
+    QVERIFY(first);
+    QCOMPARE(manager.size(), std::size_t(1));
 }
 
 void tst_CServiceManager::nullAndTwice()

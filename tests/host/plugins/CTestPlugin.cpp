@@ -8,6 +8,40 @@
 
 #include <stdexcept>
 
+namespace {
+
+// Not a literal of this library: the text stays behind when it is unloaded.
+QString fullName(const char* call)
+{
+    return QString::fromLatin1(TEST_PLUGIN_NAME ".") + QString::fromLatin1(call);
+}
+
+bool isIn(const char* property, const char* call)
+{
+    return qApp->property(property).toStringList().contains(fullName(call));
+}
+
+bool tell(const char* call)
+{
+    qApp->setProperty("calls", qApp->property("calls").toStringList() << fullName(call));
+    if (isIn("throwing", call))
+        throw std::runtime_error("thrown by " + fullName(call).toStdString());
+    return !isIn("failing", call);
+}
+
+// Its destructor is code of this plugin.
+class CTestService : public Core::Service::IService
+{
+public:
+    CTestService()
+        : IService(nullptr)
+    {
+    }
+    ~CTestService() override { tell("service gone"); }
+};
+
+} // namespace
+
 CTestPlugin::CTestPlugin()
 {
     tell("made");
@@ -20,16 +54,26 @@ CTestPlugin::~CTestPlugin()
 
 bool CTestPlugin::initialize(const QWeakPointer<Core::Service::IServiceManager>& manager)
 {
+    m_manager = manager;
+    if (isIn("publishing", "initialize"))
+        manager.toStrongRef()->registerService(QSharedPointer<CTestService>::create());
     return tell("initialize") && !manager.isNull();
 }
 
 bool CTestPlugin::extensionsInitialized()
 {
+    if (isIn("keeping", "extensionsInitialized"))
+        m_kept = m_manager.toStrongRef()->findService("Plugin::Halvex::INodeService");
     return tell("extensionsInitialized");
 }
 
 bool CTestPlugin::uninitialize(const QWeakPointer<Core::Service::IServiceManager>& manager)
 {
+    if (isIn("posting", "uninitialize")) {
+        QMetaObject::invokeMethod(
+            this, [] { tell("posted"); }, Qt::QueuedConnection);
+        (new CTestService)->deleteLater();
+    }
     return tell("uninitialize") && !manager.isNull();
 }
 
@@ -37,14 +81,4 @@ Core::Plugin::IPlugin::UninitializeMode CTestPlugin::aboutToUninitialize()
 {
     tell("aboutToUninitialize");
     return UninitializeMode::Synchronous;
-}
-
-bool CTestPlugin::tell(const char* call)
-{
-    // Not a literal of this library: the text stays behind when it is unloaded.
-    const QString text = QString::fromLatin1(TEST_PLUGIN_NAME ".") + QString::fromLatin1(call);
-    qApp->setProperty("calls", qApp->property("calls").toStringList() << text);
-    if (qApp->property("throwing").toStringList().contains(text))
-        throw std::runtime_error("thrown by " + text.toStdString());
-    return !qApp->property("failing").toStringList().contains(text);
 }

@@ -4,12 +4,18 @@
 #pragma once
 
 #include "platform/IPlugin.h"
+#include "platform/IService.h"
+
+#include <QSharedPointer>
 
 /**
  * A plugin that tells what is called: it appends "name.call" to the property "calls" of the application object, and
  * "name.made" and "name.gone" when it is made and destroyed.
  *
- * A call that stands in the application's property "failing" fails, one that stands in "throwing" throws.
+ * What a call does beyond that is said by the application's properties, lists of such texts: a call in "failing" fails
+ * and one in "throwing" throws; initialize() in "publishing" publishes a service, which tells "name.service gone";
+ * extensionsInitialized() in "keeping" keeps the node service for good; uninitialize() in "posting" posts a call that
+ * tells "name.posted", and the deletion of such a service.
  */
 class CTestPlugin : public Core::Plugin::IPlugin
 {
@@ -26,5 +32,6 @@ public:
     UninitializeMode aboutToUninitialize() override;
 
 private:
-    static bool tell(const char* call);
+    QSharedPointer<Core::Service::IService> m_kept;
+    QWeakPointer<Core::Service::IServiceManager> m_manager;
 };
