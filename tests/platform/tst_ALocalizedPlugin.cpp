@@ -3,6 +3,8 @@
 
 #include "platform/ALocalizedPlugin.h"
 
+#include "support/CServiceManager.h"
+
 #include <QtTest>
 
 #include <functional>
@@ -26,26 +28,6 @@ class CService : public IService
 {
 public:
     using IService::IService;
-};
-
-class CServiceManager : public IServiceManager
-{
-public:
-    void registerService(const QSharedPointer<IService>& service) override { m_services.append(service); }
-    void unregisterService(const QSharedPointer<IService>& service) override { m_services.removeAll(service); }
-    QSharedPointer<IService> findService(const char* className) const override
-    {
-        for (const auto& service : m_services) {
-            if (service->inherits(className))
-                return service;
-        }
-        return {};
-    }
-
-    const QVector<QSharedPointer<IService>>& services() const { return m_services; }
-
-private:
-    QVector<QSharedPointer<IService>> m_services;
 };
 
 /// Overrides only what it must.

@@ -5,35 +5,12 @@
 
 #include "platform/ALocalizedPlugin.h"
 #include "service/INodeService.h"
+#include "support/CServiceManager.h"
 
 #include <QFile>
 #include <QPluginLoader>
 #include <QSharedPointer>
 #include <QString>
-#include <QVector>
-
-/// Where plugins publish their services.
-class CServiceManager : public Core::Service::IServiceManager
-{
-public:
-    using ServicePtr = QSharedPointer<Core::Service::IService>;
-
-    void registerService(const ServicePtr& service) override { m_services.append(service); }
-    void unregisterService(const ServicePtr& service) override { m_services.removeOne(service); }
-    ServicePtr findService(const char* className) const override
-    {
-        for (const ServicePtr& service : m_services) {
-            if (service->inherits(className))
-                return service;
-        }
-        return {};
-    }
-
-    const QVector<ServicePtr>& services() const { return m_services; }
-
-private:
-    QVector<ServicePtr> m_services;
-};
 
 /// A plugin's file; unloaded, and its object destroyed, with this object.
 class CPluginFile

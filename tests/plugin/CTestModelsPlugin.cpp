@@ -92,6 +92,11 @@ QStringList CTestModelsPlugin::categories() const
     return found;
 }
 
+int CTestModelsPlugin::scenePointerType() const
+{
+    return qMetaTypeId<CNodeScene*>();
+}
+
 INodeService* CTestModelsPlugin::service() const
 {
     const auto manager = m_manager.toStrongRef();

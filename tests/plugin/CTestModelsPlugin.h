@@ -22,6 +22,8 @@ public:
 
     /// What only those can ask for who link the library.
     Q_INVOKABLE QStringList categories() const;
+    /// Qt's number for "CNodeScene*", as code compiled with the headers has it.
+    Q_INVOKABLE int scenePointerType() const;
 
 private:
     Plugin::Halvex::INodeService* service() const;

@@ -1,5 +1,5 @@
 # The translations have every text of the library and no other: lupdate, run on copies, adds no entry and finds none
-# that is no longer asked for, and each has its translation.
+# that is no longer asked for, and each has its translation. They are embedded in the format that Qt 5.12 reads.
 
 set(copies "")
 foreach(language en ja ko zh)
@@ -19,3 +19,8 @@ foreach(copy IN LISTS copies)
     message(SEND_ERROR "${copy} is not complete:\n${content}")
   endif()
 endforeach()
+
+file(STRINGS "${RESOURCE_SOURCE}" versions REGEX "int version = ")
+if(NOT versions OR versions MATCHES "version = [^2]")
+  message(SEND_ERROR "${RESOURCE_SOURCE} is not of resource format 2:\n${versions}")
+endif()

@@ -35,6 +35,14 @@ private:
     int m_count = 0;
 };
 
+/// A type of the host's own, which happens to have that name.
+int registerHostsType(const char* name)
+{
+    using Functions = QtMetaTypePrivate::QMetaTypeFunctionHelper<void*>;
+    return QMetaType::registerNormalizedType(name, &Functions::Destruct, &Functions::Construct, int(sizeof(void*)),
+                                             QMetaType::MovableType, nullptr);
+}
+
 } // namespace
 
 /// The plugin's life, from loading to unloading, and what a host that does not link the library can do in between.
@@ -46,19 +54,15 @@ private Q_SLOTS:
     void cleanup();
     void thereIsOneInstance();
     void isMadeAnewAfterTheHostDestroyedIt();
-    void publishesTheServiceFromInitializeToUninitialize();
     void brings_data();
     void brings();
-    void bringsModelsOnlyWhenExtensionsAreInitialized();
-    void hostsReferenceKeepsTheService();
     void framesPassADecoupler();
     void hostWorksWithTheService();
     void signalsNeedNoRegistration();
-    void captionFollowsTheLanguage();
-    void keysStayAsTheyAre();
     void stringsOutliveTheLibrary();
     void nothingStaysBehind();
     void hostsOwnTypeStays();
+    void hostsOwnTypeIsNotTakenForTheLibrarys();
 };
 
 void tst_PluginLife::cleanup()
@@ -89,22 +93,6 @@ void tst_PluginLife::isMadeAnewAfterTheHostDestroyedIt()
     QVERIFY(!second);
 }
 
-void tst_PluginLife::publishesTheServiceFromInitializeToUninitialize()
-{
-    CPluginFile file(HALVEX_PLUGIN_FILE);
-    const QSharedPointer<CServiceManager> manager(new CServiceManager);
-    QVERIFY(manager->services().isEmpty());
-    QVERIFY(file.plugin().initialize(manager));
-    QCOMPARE(manager->services().size(), 1);
-
-    const QPointer<QObject> service = manager->services().first().data();
-    QVERIFY(service->inherits("Plugin::Halvex::INodeService"));
-    QVERIFY(file.plugin().extensionsInitialized());
-    QVERIFY(file.plugin().uninitialize(manager));
-    QVERIFY(manager->services().isEmpty());
-    QVERIFY(!service);
-}
-
 void tst_PluginLife::brings_data()
 {
     QTest::addColumn<QString>("modelName");
@@ -122,32 +110,6 @@ void tst_PluginLife::brings()
     QVERIFY(model);
     QCOMPARE(model->name(), modelName);
     QVERIFY(!host.service()->createModel(QStringLiteral("NoSuchModel")));
-}
-
-void tst_PluginLife::bringsModelsOnlyWhenExtensionsAreInitialized()
-{
-    CPluginFile file(HALVEX_PLUGIN_FILE);
-    const QSharedPointer<CServiceManager> manager(new CServiceManager);
-    QVERIFY(file.plugin().initialize(manager));
-    const auto service = manager->findService("Plugin::Halvex::INodeService");
-    auto* const nodes = static_cast<INodeService*>(service.data());
-    QVERIFY(!nodes->createModel(QStringLiteral("DecouplerVGR")));
-    QVERIFY(file.plugin().extensionsInitialized());
-    QVERIFY(nodes->createModel(QStringLiteral("DecouplerVGR")));
-    QVERIFY(file.plugin().uninitialize(manager));
-}
-
-void tst_PluginLife::hostsReferenceKeepsTheService()
-{
-    CPluginHost host;
-    QVERIFY(host.isUp());
-    auto kept = host.manager()->findService("Plugin::Halvex::INodeService");
-    const QPointer<QObject> guard = kept.data();
-    host.shutDown();
-    QVERIFY(guard);
-    QVERIFY(static_cast<INodeService*>(kept.data())->createModel(QStringLiteral("DecouplerVGR")));
-    kept.reset();
-    QVERIFY(!guard);
 }
 
 void tst_PluginLife::framesPassADecoupler()
@@ -249,35 +211,6 @@ void tst_PluginLife::signalsNeedNoRegistration()
     QCOMPARE(removed.count(), 1);
 }
 
-void tst_PluginLife::captionFollowsTheLanguage()
-{
-    CPluginHost host;
-    QVERIFY(host.isUp());
-    const auto decoupler = host.service()->createModel(QStringLiteral("DecouplerVGR"));
-    QCOMPARE(decoupler->caption(), QStringLiteral("Decoupler for VGR"));
-    host.setLanguage(QStringLiteral("ko"));
-    QCOMPARE(decoupler->caption(), QString::fromUtf8("VGR용 디커플러"));
-    host.setLanguage(QStringLiteral("xx"));
-    QCOMPARE(decoupler->caption(), QString::fromUtf8("VGR용 디커플러"));
-    host.setLanguage(QStringLiteral("en"));
-    QCOMPARE(decoupler->caption(), QStringLiteral("Decoupler for VGR"));
-}
-
-void tst_PluginLife::keysStayAsTheyAre()
-{
-    CPluginHost host;
-    QVERIFY(host.isUp());
-    host.setLanguage(QStringLiteral("ko"));
-    const auto decoupler = host.service()->createModel(QStringLiteral("DecouplerVGR"));
-    QVERIFY(decoupler);
-    QCOMPARE(decoupler->name(), QStringLiteral("DecouplerVGR"));
-    QCOMPARE(decoupler->portCaption(ENodePortType::In, 0), QStringLiteral("VGR"));
-    QCOMPARE(decoupler->dataType(ENodePortType::Out, 0).id, QStringLiteral("Veltra Grab Result"));
-    QStringList categories;
-    QVERIFY(QMetaObject::invokeMethod(host.models().instance(), "categories", Q_RETURN_ARG(QStringList, categories)));
-    QCOMPARE(categories, (QStringList{QStringLiteral("Test"), QStringLiteral("Tools")}));
-}
-
 void tst_PluginLife::stringsOutliveTheLibrary()
 {
     QString caption;
@@ -333,10 +266,7 @@ void tst_PluginLife::nothingStaysBehind()
 
 void tst_PluginLife::hostsOwnTypeStays()
 {
-    const char* const name = "Plugin::Halvex::CNodeScene*";
-    using Functions = QtMetaTypePrivate::QMetaTypeFunctionHelper<void*>;
-    const int type = QMetaType::registerNormalizedType(name, &Functions::Destruct, &Functions::Construct,
-                                                       int(sizeof(void*)), QMetaType::MovableType, nullptr);
+    const int type = registerHostsType("Plugin::Halvex::CNodeScene*");
     {
         CPluginHost host;
         QVERIFY(host.isUp());
@@ -344,7 +274,23 @@ void tst_PluginLife::hostsOwnTypeStays()
         host.service()->addNode(host.service()->createModel(QStringLiteral("TestSource")), {});
         QCOMPARE(added.at(0).at(0).userType(), type);
     }
-    QCOMPARE(QMetaType::type(name), type);
+    QCOMPARE(QMetaType::type("Plugin::Halvex::CNodeScene*"), type);
+    QVERIFY(QMetaType::unregisterType(type));
+}
+
+void tst_PluginLife::hostsOwnTypeIsNotTakenForTheLibrarys()
+{
+    const int type = registerHostsType("CNodeScene*");
+    {
+        CPluginHost host;
+        QVERIFY(host.isUp());
+        int scenePointer = QMetaType::UnknownType;
+        QVERIFY(
+            QMetaObject::invokeMethod(host.models().instance(), "scenePointerType", Q_RETURN_ARG(int, scenePointer)));
+        QVERIFY(scenePointer != type);
+        QCOMPARE(QMetaType::typeName(scenePointer), "Plugin::Halvex::CNodeScene*");
+    }
+    QCOMPARE(QMetaType::type("CNodeScene*"), type);
     QVERIFY(QMetaType::unregisterType(type));
 }
 

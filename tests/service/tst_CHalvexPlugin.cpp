@@ -6,6 +6,7 @@
 #include "models/ASourceNodeDataModel.h"
 #include "models/CNodeDecouplerDataModelBase.h"
 #include "service/CVeltraGrabResultData.h"
+#include "support/CServiceManager.h"
 
 #include <QDir>
 #include <QJsonArray>
@@ -27,26 +28,14 @@ using Core::Service::IServiceManager;
 
 static_assert(std::is_base_of_v<ALocalizedPlugin, CHalvexPlugin>, "its texts follow the host's language");
 
-extern "C" {
-QObject* qt_plugin_instance();
-const char* qt_plugin_query_metadata();
-}
+extern "C" const char* qt_plugin_query_metadata();
 
 namespace {
 
-class CServiceManager : public IServiceManager
+INodeService& nodesOf(const CServiceManager& manager)
 {
-public:
-    void registerService(const QSharedPointer<IService>& service) override { m_services.append(service); }
-    void unregisterService(const QSharedPointer<IService>& service) override { m_services.removeOne(service); }
-    QSharedPointer<IService> findService(const char*) const override { return m_services.value(0); }
-
-    const QVector<QSharedPointer<IService>>& services() const { return m_services; }
-    INodeService& nodes() const { return dynamic_cast<INodeService&>(*m_services.first()); }
-
-private:
-    QVector<QSharedPointer<IService>> m_services;
-};
+    return dynamic_cast<INodeService&>(*manager.services().first());
+}
 
 class CUniqueSource : public ASourceNodeDataModel
 {
@@ -92,8 +81,6 @@ private Q_SLOTS:
     void unknownLanguageKeepsTheLast();
     void keysAreNotTranslated();
     void translationsAreEmbedded();
-    void entryPointGivesOneInstance();
-    void entryPointMakesANewInstanceAfterTheLast();
     void entryPointGivesTheMetadata();
     void sceneSignalsNeedNoRegistration();
 };
@@ -118,7 +105,7 @@ void tst_CHalvexPlugin::initializePublishesTheService()
     QVERIFY(service.inherits("Plugin::Halvex::INodeService"));
     QVERIFY(service.parent() == nullptr);
     QVERIFY(dynamic_cast<const CNodeService*>(&service));
-    QVERIFY(manager->nodes().registry()->categories().empty());
+    QVERIFY(nodesOf(*manager).registry()->categories().empty());
 }
 
 void tst_CHalvexPlugin::goneManagerIsPassedOver()
@@ -145,7 +132,7 @@ void tst_CHalvexPlugin::decouplerComesWhenExtensionsAreInitialized()
     const QSharedPointer<CServiceManager> manager(new CServiceManager);
     CHalvexPlugin plugin;
     plugin.initialize(manager);
-    INodeService& nodes = manager->nodes();
+    INodeService& nodes = nodesOf(*manager);
     const QString name = QStringLiteral("DecouplerVGR");
     QVERIFY(!nodes.createModel(name));
     QVERIFY(plugin.extensionsInitialized());
@@ -164,7 +151,7 @@ void tst_CHalvexPlugin::decouplerOfADocumentNeedsIt()
     const QSharedPointer<CServiceManager> manager(new CServiceManager);
     CHalvexPlugin plugin;
     plugin.initialize(manager);
-    CNodeScene scene(manager->nodes().registry(), {}, nullptr);
+    CNodeScene scene(nodesOf(*manager).registry(), {}, nullptr);
     QVERIFY_EXCEPTION_THROWN(scene.loadFromMemory(documentWithADecoupler()), std::logic_error);
     plugin.extensionsInitialized();
     scene.loadFromMemory(documentWithADecoupler());
@@ -178,7 +165,7 @@ void tst_CHalvexPlugin::extensionsMayBeInitializedTwice()
     plugin.initialize(manager);
     QVERIFY(plugin.extensionsInitialized());
     QVERIFY(plugin.extensionsInitialized());
-    QCOMPARE(manager->nodes().registry()->registeredModelCreators().size(), std::size_t(1));
+    QCOMPARE(nodesOf(*manager).registry()->registeredModelCreators().size(), std::size_t(1));
 }
 
 void tst_CHalvexPlugin::uninitializeWithdrawsTheService()
@@ -210,10 +197,12 @@ void tst_CHalvexPlugin::serviceGoesWithItsLastOwner()
     const QSharedPointer<CServiceManager> manager(new CServiceManager);
     CHalvexPlugin plugin;
     plugin.initialize(manager);
+    plugin.extensionsInitialized();
     QSharedPointer<IService> kept = manager->services().first();
     const QPointer<QObject> guard = kept.data();
     plugin.uninitialize(manager);
     QVERIFY(guard);
+    QVERIFY(dynamic_cast<INodeService&>(*kept).createModel(QStringLiteral("DecouplerVGR")));
     kept.reset();
     QVERIFY(!guard);
 }
@@ -223,8 +212,8 @@ void tst_CHalvexPlugin::serviceTakesItsScenesAlong()
     const QSharedPointer<CServiceManager> manager(new CServiceManager);
     CHalvexPlugin plugin;
     plugin.initialize(manager);
-    manager->nodes().addNode(std::make_unique<CUniqueSource>(), {});
-    const QPointer<CNodeScene> scene = manager->nodes().getActiveScene();
+    nodesOf(*manager).addNode(std::make_unique<CUniqueSource>(), {});
+    const QPointer<CNodeScene> scene = nodesOf(*manager).getActiveScene();
     QVERIFY(scene);
     plugin.uninitialize(manager);
     QVERIFY(!scene);
@@ -291,7 +280,7 @@ void tst_CHalvexPlugin::captionFollowsTheLanguage()
     CHalvexPlugin plugin;
     plugin.initialize(manager);
     plugin.extensionsInitialized();
-    const auto model = manager->nodes().createModel(QStringLiteral("DecouplerVGR"));
+    const auto model = nodesOf(*manager).createModel(QStringLiteral("DecouplerVGR"));
     QCOMPARE(model->caption(), QStringLiteral("Decoupler for VGR"));
     plugin.setLanguage(language);
     QCOMPARE(model->caption(), caption);
@@ -305,7 +294,7 @@ void tst_CHalvexPlugin::unknownLanguageKeepsTheLast()
     CHalvexPlugin plugin;
     plugin.initialize(manager);
     plugin.extensionsInitialized();
-    const auto model = manager->nodes().createModel(QStringLiteral("DecouplerVGR"));
+    const auto model = nodesOf(*manager).createModel(QStringLiteral("DecouplerVGR"));
     plugin.setLanguage(QStringLiteral("zh"));
     const QString caption = model->caption();
     for (const char* language : {"xx", "", "english"}) {
@@ -321,11 +310,11 @@ void tst_CHalvexPlugin::keysAreNotTranslated()
     plugin.setLanguage(QStringLiteral("ja"));
     plugin.initialize(manager);
     plugin.extensionsInitialized();
-    const auto model = manager->nodes().createModel(QStringLiteral("DecouplerVGR"));
+    const auto model = nodesOf(*manager).createModel(QStringLiteral("DecouplerVGR"));
     QVERIFY(model);
     QCOMPARE(model->save().value(QStringLiteral("name")).toString(), QStringLiteral("DecouplerVGR"));
     QCOMPARE(model->portCaption(ENodePortType::In, 0), QStringLiteral("VGR"));
-    QCOMPARE(manager->nodes().registry()->categories(), std::set<QString>{QStringLiteral("Tools")});
+    QCOMPARE(nodesOf(*manager).registry()->categories(), std::set<QString>{QStringLiteral("Tools")});
 }
 
 void tst_CHalvexPlugin::translationsAreEmbedded()
@@ -333,22 +322,6 @@ void tst_CHalvexPlugin::translationsAreEmbedded()
     QCOMPARE(QDir(QStringLiteral(":/translation")).entryList(),
              (QStringList{QStringLiteral("Halvex_en.qm"), QStringLiteral("Halvex_ja.qm"),
                           QStringLiteral("Halvex_ko.qm"), QStringLiteral("Halvex_zh.qm")}));
-}
-
-void tst_CHalvexPlugin::entryPointGivesOneInstance()
-{
-    const std::unique_ptr<QObject> instance(qt_plugin_instance());
-    QVERIFY(dynamic_cast<CHalvexPlugin*>(instance.get()));
-    QCOMPARE(qt_plugin_instance(), instance.get());
-}
-
-void tst_CHalvexPlugin::entryPointMakesANewInstanceAfterTheLast()
-{
-    const QPointer<QObject> first = qt_plugin_instance();
-    delete first;
-    QVERIFY(!first);
-    const std::unique_ptr<QObject> second(qt_plugin_instance());
-    QVERIFY(dynamic_cast<CHalvexPlugin*>(second.get()));
 }
 
 void tst_CHalvexPlugin::entryPointGivesTheMetadata()
@@ -361,7 +334,7 @@ void tst_CHalvexPlugin::sceneSignalsNeedNoRegistration()
     const QSharedPointer<CServiceManager> manager(new CServiceManager);
     CHalvexPlugin plugin;
     plugin.initialize(manager);
-    INodeService& nodes = manager->nodes();
+    INodeService& nodes = nodesOf(*manager);
     const QSignalSpy added(&nodes, &INodeService::sceneAdded);
     QVERIFY(added.isValid());
     QVector<CNodeScene*> queued;
