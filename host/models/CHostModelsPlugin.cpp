@@ -28,8 +28,9 @@ bool CHostModelsPlugin::extensionsInitialized()
     const auto manager = m_manager.toStrongRef();
     if (!manager)
         return false;
-    const auto service = manager->findService("Plugin::Halvex::INodeService");
-    auto* nodeService = qobject_cast<Plugin::Halvex::INodeService*>(service.data());
+    using Plugin::Halvex::INodeService;
+    const auto service = manager->findService(INodeService::staticMetaObject.className());
+    auto* nodeService = qobject_cast<INodeService*>(service.data());
     if (!nodeService)
         return false;
     registerHostModels(*nodeService);

@@ -4,6 +4,7 @@
 #include "host/plugins/CPluginFolder.h"
 
 #include "host/base/FlowOrder.h"
+#include "host/base/Shown.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -33,17 +34,23 @@ void CPluginFolder::readAll(const QString& folder, const QString& hostName)
             continue;
         files.insert(file);
 
+        // The loader would look for a file of the same name with an ending, which is another one.
+        if (!entry.isFile()) {
+            m_refusals.push_back({file, QStringLiteral("no file")});
+            continue;
+        }
         QString error;
         SPluginInfo info = SPluginInfo::read(file, &error);
         const SPluginInfo* known = find(info.name);
-        if (error.isEmpty() && info.name == hostName)
-            error = QStringLiteral("'%1' is the host itself").arg(info.name);
-        else if (error.isEmpty() && known)
-            error = QStringLiteral("a second '%1', after '%2'").arg(info.name, known->file);
-        if (error.isEmpty())
-            m_plugins.push_back(std::move(info));
+        if (!error.isEmpty())
+            m_refusals.push_back({file, error, info.isRequired});
+        else if (info.name == hostName)
+            m_refusals.push_back({file, QStringLiteral("%1 is the host itself").arg(shown(info.name))});
+        else if (known)
+            m_refusals.push_back(
+                {file, QStringLiteral("a second %1, after '%2'").arg(shown(info.name), printable(known->file))});
         else
-            m_refusals.push_back({file, error});
+            m_plugins.push_back(std::move(info));
     }
 }
 
@@ -54,7 +61,7 @@ bool CPluginFolder::refuseWhatLacksSomething(const SPluginInfo& host)
             const QString reason = missing(dependency, host);
             if (reason.isEmpty())
                 continue;
-            m_refusals.push_back({plugin->file, reason});
+            m_refusals.push_back({plugin->file, reason, plugin->isRequired});
             m_plugins.erase(plugin);
             return true;
         }
@@ -65,7 +72,7 @@ bool CPluginFolder::refuseWhatLacksSomething(const SPluginInfo& host)
 QString CPluginFolder::missing(const SPluginDependency& dependency, const SPluginInfo& host) const
 {
     const SPluginInfo* provider = dependency.name == host.name ? &host : find(dependency.name);
-    const QString wanted = QStringLiteral("it needs '%1' %2").arg(dependency.name, dependency.version.toString());
+    const QString wanted = QStringLiteral("it needs %1 %2").arg(shown(dependency.name), dependency.version.toString());
     if (!provider)
         return QStringLiteral("%1, which is not there").arg(wanted);
     if (provider->provides(dependency.version))
@@ -91,7 +98,8 @@ void CPluginFolder::sortByNeed()
     }
     for (std::size_t i = 0; i < m_plugins.size(); ++i) {
         if (!isSorted[i])
-            m_refusals.push_back({m_plugins[i].file, QStringLiteral("what it needs leads round in a circle")});
+            m_refusals.push_back(
+                {m_plugins[i].file, QStringLiteral("what it needs leads round in a circle"), m_plugins[i].isRequired});
     }
     m_plugins = std::move(sorted);
 }

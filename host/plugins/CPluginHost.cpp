@@ -4,6 +4,7 @@
 #include "host/plugins/CPluginHost.h"
 
 #include "host/base/Attempt.h"
+#include "host/base/Shown.h"
 #include "host/plugins/CPluginFolder.h"
 #include "platform/IPlugin.h"
 #include "scene/CNodeScene.h"
@@ -71,7 +72,7 @@ CPluginHost::CPluginHost(const QString& folder)
         const QString error = attempt(QStringLiteral("extensionsInitialized()"),
                                       [&] { return plugin.instance->extensionsInitialized(); });
         if (!error.isEmpty())
-            m_refusals.push_back({plugin.info.file, error});
+            m_refusals.push_back({plugin.info.file, error, plugin.info.isRequired});
     }
     // Only now: on the way events are delivered, which nobody expects between two initialize().
     unload(leftOut);
@@ -108,7 +109,7 @@ QString CPluginHost::load(SPlugin& plugin)
 {
     // Two copies of the library in one process would each have their own idea of what a scene is.
     if (plugin.info.name == QLatin1String("Halvex") && plugin.info.file != libraryFile())
-        return QStringLiteral("a copy of '%1', which is in use").arg(libraryFile());
+        return QStringLiteral("a copy of '%1', which is in use").arg(printable(libraryFile()));
     // By default unload() leaves the code where it is.
     plugin.loader->setLoadHints({});
     const QString error =
@@ -142,7 +143,7 @@ void CPluginHost::keepWhatPasses(const Step& step, std::vector<SPlugin>* leftOut
         if (error.isEmpty())
             error = step(plugin);
         if (!error.isEmpty())
-            m_refusals.push_back({plugin.info.file, error});
+            m_refusals.push_back({plugin.info.file, error, plugin.info.isRequired});
         std::vector<SPlugin>& kept = error.isEmpty() ? m_plugins : *leftOut;
         kept.push_back(std::move(plugin));
     }
@@ -169,7 +170,7 @@ QString CPluginHost::lacking(const SPluginInfo& info) const
                                  return plugin.info.name == dependency.name;
                              });
         if (!isThere)
-            return QStringLiteral("it needs '%1', which is left out").arg(dependency.name);
+            return QStringLiteral("it needs %1, which is left out").arg(shown(dependency.name));
     }
     return {};
 }

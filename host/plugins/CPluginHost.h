@@ -59,7 +59,8 @@ public:
 
     static QVersionNumber hostVersion() { return {1, 3, 1}; }
 
-    /// What was left out of the folder, and why.
+    /// What was left out of the folder, and why; also what stays though it failed when everybody was initialized. A
+    /// host does not go on when one of them is required.
     const std::vector<SPluginRefusal>& refusals() const { return m_refusals; }
 
     const CServiceManager& services() const { return *m_services; }

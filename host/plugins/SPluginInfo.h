@@ -24,9 +24,11 @@ struct SPluginInfo
     QString name;
     QVersionNumber version;
     QVersionNumber compatVersion; ///< The oldest version that it can stand in for.
+    bool isRequired = false;      ///< The host is not to run without it.
     std::vector<SPluginDependency> dependencies;
 
-    /// Reads the metadata of the plugin in \a file and loads no code. On failure the reason in \a error.
+    /// Reads the metadata of the plugin in \a file and loads no code. What is wrong first goes to \a error, in one
+    /// line; isRequired holds even then, unless the file is no plugin for this host at all.
     static SPluginInfo read(const QString& file, QString* error);
 
     /// Whether it can stand in for \a wanted.
@@ -37,7 +39,8 @@ struct SPluginInfo
 struct SPluginRefusal
 {
     QString file;
-    QString reason; ///< In one line.
+    QString reason;          ///< In one line.
+    bool isRequired = false; ///< The host is not to run without it.
 };
 
 } // namespace Host

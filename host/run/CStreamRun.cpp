@@ -3,6 +3,7 @@
 
 #include "host/run/CStreamRun.h"
 
+#include "host/base/Shown.h"
 #include "host/models/IHostModels.h"
 #include "host/plugins/CPluginHost.h"
 #include "host/run/CCameraStream.h"
@@ -63,11 +64,22 @@ int CStreamRun::exec()
 bool CStreamRun::loadPlugins()
 {
     const QString folder = m_options.plugins.isEmpty() ? CPluginHost::defaultFolder() : m_options.plugins;
+    const QDir present(folder);
+    if (!present.exists() || !present.isReadable()) {
+        fail(QStringLiteral("cannot read the plugin folder '%1'").arg(printable(folder)));
+        return false;
+    }
     m_plugins = std::make_unique<CPluginHost>(folder);
     for (const SPluginRefusal& refusal : m_plugins->refusals())
-        printErrorLine(QStringLiteral("plugin '%1': %2").arg(refusal.file, refusal.reason));
+        printErrorLine(QStringLiteral("plugin '%1': %2").arg(printable(refusal.file), refusal.reason));
+    const auto required = std::find_if(m_plugins->refusals().begin(), m_plugins->refusals().end(),
+                                       [](const SPluginRefusal& refusal) { return refusal.isRequired; });
+    if (required != m_plugins->refusals().end()) {
+        fail(QStringLiteral("the plugin '%1' is required").arg(printable(required->file)));
+        return false;
+    }
 
-    m_nodeService = m_plugins->services().findService("Plugin::Halvex::INodeService");
+    m_nodeService = m_plugins->services().findService(INodeService::staticMetaObject.className());
     m_hostModels = m_plugins->services().findService(qobject_interface_iid<IHostModels*>());
     if (!qobject_cast<INodeService*>(m_nodeService.data()))
         fail(QStringLiteral("no plugin in '%1' publishes a node service").arg(folder));

@@ -10,6 +10,8 @@
 #include <QFile>
 #include <QTest>
 
+#include <sys/stat.h>
+
 using namespace Host;
 
 namespace {
@@ -46,6 +48,11 @@ private Q_SLOTS:
     void refusedFile_data();
     void refusedFile();
     void deadLinkAndPipe();
+    void deadLinkStandsForNoOther();
+    void unreadableFile();
+    void required_data();
+    void required();
+    void secondOfARequiredOneIsNotRequired();
     void refusedByNeed_data();
     void refusedByNeed();
     void circle();
@@ -136,8 +143,22 @@ void tst_CPluginFolder::refusedFile_data()
     QTest::newRow("library that is no plugin") << content("library") << "no plugin";
     QTest::newRow("plugin for another interface")
         << content("foreign") << "a plugin for 'org.example.other', not for '" HALVEX_PLUGIN_IID "'";
+    QTest::newRow("no metadata of its own") << content("bare") << "its metadata has no text for 'Name'";
+    QTest::newRow("no name") << content("nameless") << "its metadata has no text for 'Name'";
     QTest::newRow("no version") << content("versionless")
                                 << "its metadata has 'new' for 'Version', which is no version";
+    QTest::newRow("no oldest version") << content("no_compat") << "its metadata has no text for 'CompatVersion'";
+    QTest::newRow("odd oldest version") << content("odd_compat")
+                                        << "its metadata has '1.0-beta' for 'CompatVersion', which is no version";
+    QTest::newRow("required in other words")
+        << content("odd_required") << "its metadata has neither true nor false for 'Required'";
+    QTest::newRow("no array of what it needs")
+        << content("odd_needs") << "its metadata has no array for 'Dependencies'";
+    QTest::newRow("needs what has no name")
+        << content("nameless_need") << "its metadata has in Dependencies[1] no text for 'Name'";
+    QTest::newRow("needs no version") << content("versionless_need")
+                                      << "its metadata has in Dependencies[0] no text for 'Version'";
+    QTest::newRow("several lines") << content("several_lines") << "it needs 'no?body' 1.0.0, which is not there";
 }
 
 void tst_CPluginFolder::refusedFile()
@@ -159,13 +180,69 @@ void tst_CPluginFolder::deadLinkAndPipe()
     CPluginTestFolder folder;
     QVERIFY(QFile::link(folder.path() + "/nowhere", folder.path() + "/dead.so"));
     QVERIFY(QFile::link("/dev/zero", folder.path() + "/endless.so"));
+    const QByteArray pipe = QFile::encodeName(QDir(folder.path()).canonicalPath() + "/pipe.so");
+    QCOMPARE(mkfifo(pipe.constData(), 0600), 0);
     const CPluginFolder found(folder.path(), host());
     QVERIFY(found.plugins().empty());
-    QCOMPARE(found.refusals().size(), std::size_t(2));
+    QCOMPARE(found.refusals().size(), std::size_t(3));
     QCOMPARE(found.refusals()[0].file, folder.path() + "/dead.so");
-    QCOMPARE(found.refusals()[0].reason, QStringLiteral("no plugin"));
     QCOMPARE(found.refusals()[1].file, QStringLiteral("/dev/zero"));
-    QCOMPARE(found.refusals()[1].reason, QStringLiteral("no plugin"));
+    QCOMPARE(found.refusals()[2].file, QFile::decodeName(pipe));
+    for (const SPluginRefusal& refusal : found.refusals())
+        QCOMPARE(refusal.reason, QStringLiteral("no file"));
+}
+
+void tst_CPluginFolder::deadLinkStandsForNoOther()
+{
+    CPluginTestFolder folder;
+    QVERIFY(folder.addTestPlugins({"base"}));
+    QVERIFY(QFile::link(folder.path() + "/nowhere", folder.path() + "/base"));
+    const CPluginFolder found(folder.path(), host());
+    QCOMPARE(names(found), QStringList{"base"});
+    QCOMPARE(found.plugins()[0].file, CPluginTestFolder::testPlugin("base"));
+    QCOMPARE(found.refusals().size(), std::size_t(1));
+    QCOMPARE(found.refusals()[0].file, folder.path() + "/base");
+    QCOMPARE(found.refusals()[0].reason, QStringLiteral("no file"));
+}
+
+void tst_CPluginFolder::unreadableFile()
+{
+    const CPluginTestFolder folder;
+    QString error;
+    SPluginInfo::read(folder.path() + "/nowhere.so", &error);
+    QCOMPARE(error, QStringLiteral("it cannot be read: No such file or directory"));
+}
+
+void tst_CPluginFolder::required_data()
+{
+    QTest::addColumn<QString>("plugin");
+    QTest::addColumn<bool>("isRequired");
+    QTest::newRow("required") << "required_lacking" << true;
+    QTest::newRow("not required") << "lacking" << false;
+    QTest::newRow("required, but else no sound metadata") << "nameless" << true;
+    QTest::newRow("for another host") << "foreign" << false;
+}
+
+void tst_CPluginFolder::required()
+{
+    QFETCH(QString, plugin);
+    QFETCH(bool, isRequired);
+    CPluginTestFolder folder;
+    QVERIFY(folder.addTestPlugins({plugin}));
+    const CPluginFolder found(folder.path(), host());
+    QCOMPARE(found.refusals().size(), std::size_t(1));
+    QCOMPARE(found.refusals()[0].isRequired, isRequired);
+}
+
+void tst_CPluginFolder::secondOfARequiredOneIsNotRequired()
+{
+    CPluginTestFolder folder;
+    QVERIFY(folder.addTestPlugins({"required"}));
+    QVERIFY(folder.addFile("second.so", CPluginTestFolder::content(CPluginTestFolder::testPlugin("required"))));
+    const CPluginFolder found(folder.path(), host());
+    QVERIFY(found.plugins()[0].isRequired);
+    QCOMPARE(found.refusals().size(), std::size_t(1));
+    QVERIFY(!found.refusals()[0].isRequired);
 }
 
 void tst_CPluginFolder::refusedByNeed_data()
@@ -207,10 +284,10 @@ void tst_CPluginFolder::refusedByNeed()
 void tst_CPluginFolder::circle()
 {
     CPluginTestFolder folder;
-    QVERIFY(folder.addTestPlugins({"circle_one", "circle_two", "base"}));
+    QVERIFY(folder.addTestPlugins({"circle_one", "circle_two", "behind_circle", "self_needing", "base"}));
     const CPluginFolder found(folder.path(), host());
     QCOMPARE(names(found), QStringList{"base"});
-    QCOMPARE(found.refusals().size(), std::size_t(2));
+    QCOMPARE(found.refusals().size(), std::size_t(4));
     for (const SPluginRefusal& refusal : found.refusals())
         QCOMPARE(refusal.reason, QStringLiteral("what it needs leads round in a circle"));
 }

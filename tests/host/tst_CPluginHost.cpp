@@ -53,6 +53,8 @@ private Q_SLOTS:
     void failureToUndoIsTold();
     void serviceThatAPluginKeepsGoesBeforeItsCode();
     void whatIsPostedComesBeforeTheCodeGoes();
+    void failureOfARequiredOne_data();
+    void failureOfARequiredOne();
     void failureAtTheEndIsNoEnd();
     void notLoadable_data();
     void notLoadable();
@@ -189,7 +191,7 @@ void tst_CPluginHost::serviceThatAPluginKeepsGoesBeforeItsCode()
     {
         const CPluginHost host(folder.path());
         QCOMPARE(reasons(host), QStringList());
-        service = host.services().findService("Plugin::Halvex::INodeService");
+        service = host.services().findService(Plugin::Halvex::INodeService::staticMetaObject.className());
         QVERIFY(service);
     }
     QVERIFY(!service);
@@ -209,6 +211,28 @@ void tst_CPluginHost::whatIsPostedComesBeforeTheCodeGoes()
     QCOMPARE(calls(), QStringList({"base.aboutToUninitialize", "base.uninitialize", "base.posted", "base.service gone",
                                    "base.gone"}));
     QVERIFY(!isMapped(CPluginTestFolder::testPlugin("base")));
+}
+
+void tst_CPluginHost::failureOfARequiredOne_data()
+{
+    QTest::addColumn<QString>("call");
+    QTest::newRow("constructor") << "made";
+    QTest::newRow("initialize()") << "initialize";
+    QTest::newRow("extensionsInitialized()") << "extensionsInitialized";
+}
+
+void tst_CPluginHost::failureOfARequiredOne()
+{
+    QFETCH(QString, call);
+    CPluginTestFolder folder;
+    QVERIFY(folder.addTestPlugins({"required", "base"}));
+    qApp->setProperty("throwing", QStringList({"required." + call, "base." + call}));
+    const CPluginHost host(folder.path());
+    QCOMPARE(host.refusals().size(), std::size_t(2));
+    QCOMPARE(host.refusals()[0].file, CPluginTestFolder::testPlugin("base"));
+    QVERIFY(!host.refusals()[0].isRequired);
+    QCOMPARE(host.refusals()[1].file, CPluginTestFolder::testPlugin("required"));
+    QVERIFY(host.refusals()[1].isRequired);
 }
 
 void tst_CPluginHost::failureAtTheEndIsNoEnd()
@@ -255,7 +279,7 @@ void tst_CPluginHost::ownPluginsPublishTheirServices()
 {
     const CPluginHost host(QStringLiteral(HOST_PLUGINS));
     QCOMPARE(reasons(host), QStringList());
-    const auto found = host.services().findService("Plugin::Halvex::INodeService");
+    const auto found = host.services().findService(Plugin::Halvex::INodeService::staticMetaObject.className());
     auto* const nodes = qobject_cast<Plugin::Halvex::INodeService*>(found.data());
     QVERIFY(nodes);
     const std::unordered_map<QString, QString> models{
@@ -288,7 +312,7 @@ void tst_CPluginHost::againAndAgain()
     for (int i = 0; i < 20; ++i) {
         const CPluginHost host(QStringLiteral(HOST_PLUGINS));
         QVERIFY(host.refusals().empty());
-        QVERIFY(host.services().findService("Plugin::Halvex::INodeService"));
+        QVERIFY(host.services().findService(Plugin::Halvex::INodeService::staticMetaObject.className()));
     }
     QVERIFY(!isMapped(QStringLiteral("libHalvexHostModels")));
 }

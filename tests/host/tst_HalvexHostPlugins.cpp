@@ -16,6 +16,10 @@ private Q_SLOTS:
     void runsInspiteOfBadPlugins();
     void withoutAServiceItEnds_data();
     void withoutAServiceItEnds();
+    void withoutAFolderItEnds_data();
+    void withoutAFolderItEnds();
+    void withoutARequiredPluginItEnds();
+    void fileNameOfSeveralLinesIsToldInOne();
     void copyOfTheLibrary();
 };
 
@@ -75,6 +79,51 @@ void tst_HalvexHostPlugins::withoutAServiceItEnds()
     QVERIFY(!QDir(output.filePath("out")).exists());
 }
 
+void tst_HalvexHostPlugins::withoutAFolderItEnds_data()
+{
+    QTest::addColumn<QString>("folder");
+    QTest::newRow("missing") << QStringLiteral(TEST_PLUGINS "/nowhere");
+    QTest::newRow("a file") << CPluginTestFolder::testPlugin("base");
+}
+
+void tst_HalvexHostPlugins::withoutAFolderItEnds()
+{
+    QFETCH(QString, folder);
+    CHostProgram program;
+    QVERIFY(program.run({"run", "--plugins", folder}));
+    QCOMPARE(program.exitCode(), 2);
+    QCOMPARE(program.errorLines(),
+             QStringList{QStringLiteral("halvex-host: cannot read the plugin folder '%1'").arg(folder)});
+}
+
+void tst_HalvexHostPlugins::withoutARequiredPluginItEnds()
+{
+    CPluginTestFolder folder;
+    QVERIFY(folder.addHostPlugins());
+    QVERIFY(folder.addTestPlugins({"required_lacking"}));
+    const QTemporaryDir output;
+    CHostProgram program;
+    QVERIFY(program.run({"run", "--plugins", folder.path(), "--output", output.filePath("out")}));
+    QCOMPARE(program.exitCode(), 2);
+    QCOMPARE(program.output(), QString());
+    const QString name = CPluginTestFolder::testPlugin("required_lacking");
+    QCOMPARE(
+        program.errorLines(),
+        QStringList({QStringLiteral("halvex-host: plugin '%1': it needs 'nobody' 1.0.0, which is not there").arg(name),
+                     QStringLiteral("halvex-host: the plugin '%1' is required").arg(name)}));
+    QVERIFY(!QDir(output.filePath("out")).exists());
+}
+
+void tst_HalvexHostPlugins::fileNameOfSeveralLinesIsToldInOne()
+{
+    CPluginTestFolder folder;
+    QVERIFY(folder.addFile("two\nlines", "no plugin"));
+    CHostProgram program;
+    QVERIFY(program.run({"run", "--plugins", folder.path()}));
+    QCOMPARE(program.errorLines().size(), 2);
+    QVERIFY2(program.errorLines().at(0).endsWith("/two?lines': no plugin"), qPrintable(program.errorLines().at(0)));
+}
+
 void tst_HalvexHostPlugins::copyOfTheLibrary()
 {
     // Its models need the library as a plugin, which is left out.
@@ -91,7 +140,7 @@ void tst_HalvexHostPlugins::copyOfTheLibrary()
     QVERIFY2(lines.at(0).endsWith(QStringLiteral("a copy of '%1', which is in use").arg(CPluginTestFolder::library())),
              qPrintable(lines.at(0)));
     QVERIFY2(lines.at(1).endsWith("it needs 'Halvex', which is left out"), qPrintable(lines.at(1)));
-    QVERIFY2(lines.at(2).contains("publishes a node service"), qPrintable(lines.at(2)));
+    QVERIFY2(lines.at(2).endsWith("/libHalvex.so' is required"), qPrintable(lines.at(2)));
 }
 
 QTEST_GUILESS_MAIN(tst_HalvexHostPlugins)
