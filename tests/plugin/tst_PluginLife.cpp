@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "CPluginHost.h"
+#include "CTestHost.h"
 
 #include <QDir>
 #include <QPointer>
@@ -104,7 +104,7 @@ void tst_PluginLife::brings_data()
 void tst_PluginLife::brings()
 {
     QFETCH(QString, modelName);
-    CPluginHost host;
+    CTestHost host;
     QVERIFY(host.isUp());
     const auto model = host.service()->createModel(modelName);
     QVERIFY(model);
@@ -114,7 +114,7 @@ void tst_PluginLife::brings()
 
 void tst_PluginLife::framesPassADecoupler()
 {
-    CPluginHost host;
+    CTestHost host;
     QVERIFY(host.isUp());
     INodeService* const service = host.service();
     auto source = service->createModel(QStringLiteral("TestSource"));
@@ -143,7 +143,7 @@ void tst_PluginLife::framesPassADecoupler()
 
 void tst_PluginLife::hostWorksWithTheService()
 {
-    CPluginHost host;
+    CTestHost host;
     QVERIFY(host.isUp());
     INodeService* const service = host.service();
     QVERIFY(service->getActiveScene().isNull());
@@ -192,7 +192,7 @@ void tst_PluginLife::hostWorksWithTheService()
 
 void tst_PluginLife::signalsNeedNoRegistration()
 {
-    CPluginHost host;
+    CTestHost host;
     QVERIFY(host.isUp());
     INodeService* const service = host.service();
     const QSignalSpy active(service, SIGNAL(activeSceneChanged(CNodeScene*)));
@@ -221,7 +221,7 @@ void tst_PluginLife::stringsOutliveTheLibrary()
     SNodeDataType type;
     QStringList categories;
     {
-        CPluginHost host;
+        CTestHost host;
         QVERIFY(host.isUp());
         const auto decoupler = host.service()->createModel(QStringLiteral("DecouplerVGR"));
         caption = decoupler->caption();
@@ -248,7 +248,7 @@ void tst_PluginLife::stringsOutliveTheLibrary()
 void tst_PluginLife::nothingStaysBehind()
 {
     {
-        CPluginHost host;
+        CTestHost host;
         QVERIFY(host.isUp());
         QCOMPARE(QDir(QStringLiteral(":/translation")).entryList(),
                  (QStringList{QStringLiteral("Halvex_en.qm"), QStringLiteral("Halvex_ja.qm"),
@@ -268,7 +268,7 @@ void tst_PluginLife::hostsOwnTypeStays()
 {
     const int type = registerHostsType("Plugin::Halvex::CNodeScene*");
     {
-        CPluginHost host;
+        CTestHost host;
         QVERIFY(host.isUp());
         const QSignalSpy added(host.service(), SIGNAL(sceneAdded(CNodeScene*)));
         host.service()->addNode(host.service()->createModel(QStringLiteral("TestSource")), {});
@@ -282,7 +282,7 @@ void tst_PluginLife::hostsOwnTypeIsNotTakenForTheLibrarys()
 {
     const int type = registerHostsType("CNodeScene*");
     {
-        CPluginHost host;
+        CTestHost host;
         QVERIFY(host.isUp());
         int scenePointer = QMetaType::UnknownType;
         QVERIFY(

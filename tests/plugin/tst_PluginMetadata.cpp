@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "CPluginHost.h"
+#include "CPluginFile.h"
 
 #include <QCborArray>
 #include <QCborMap>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "CPluginHost.h"
+#include "CTestHost.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
@@ -76,7 +76,7 @@ private:
 
 void tst_PluginRounds::live(int round)
 {
-    CPluginHost host;
+    CTestHost host;
     QVERIFY2(host.isUp(), qPrintable(host.halvex().loader().errorString()));
     const QStringList languages{QStringLiteral("en"), QStringLiteral("ko"), QStringLiteral("ja"), QStringLiteral("zh")};
     if (round % 5 == 0)
