@@ -3,8 +3,10 @@
 
 #include "host/run/CChainCheck.h"
 
+#include "host/base/Attempt.h"
 #include "host/base/Shown.h"
 #include "host/models/IHostModels.h"
+#include "host/run/PortError.h"
 #include "models/ASourceNodeDataModel.h"
 #include "service/INodeService.h"
 
@@ -97,12 +99,19 @@ QString CChainCheck::addElement(const QJsonValue& json)
         return QStringLiteral("has the name of %1").arg(place(*known));
 
     const QString modelName = modelJson[nameKey].toString();
-    auto model = m_service.registry()->create(modelName);
+    std::unique_ptr<CNodeDataModel> model;
+    const QString thrown = attempt(QStringLiteral("making %1").arg(shown(modelName)), [&] {
+        model = m_service.registry()->create(modelName);
+        if (model)
+            model->restore(modelJson.toObject());
+        return true;
+    });
+    if (!thrown.isEmpty())
+        return thrown;
     if (!model)
         return QStringLiteral("no model %1 is registered").arg(shown(modelName));
     if (qobject_cast<ASourceNodeDataModel*>(model.get()))
         return QStringLiteral("a %1 of its own; frames come from the cameras of the run").arg(shown(modelName));
-    model->restore(modelJson.toObject());
     const QString error = m_sinkNames.add(model.get());
     if (error.isEmpty())
         addPart({name, std::move(model)});
@@ -152,10 +161,11 @@ QString CChainCheck::connect(int from, int outPort, int to, int inPort)
 {
     const CNodeDataModel& out = *m_parts[std::size_t(from)].model;
     const CNodeDataModel& in = *m_parts[std::size_t(to)].model;
-    if (outPort < 0 || unsigned(outPort) >= out.nPorts(ENodePortType::Out))
-        return QStringLiteral("%1 has no output port %2").arg(place(from)).arg(outPort);
-    if (inPort < 0 || unsigned(inPort) >= in.nPorts(ENodePortType::In))
-        return QStringLiteral("%1 has no input port %2").arg(place(to)).arg(inPort);
+    QString error = portError(out, ENodePortType::Out, outPort, place(from));
+    if (error.isEmpty())
+        error = portError(in, ENodePortType::In, inPort, place(to));
+    if (!error.isEmpty())
+        return error;
     const QString given = out.dataType(ENodePortType::Out, outPort).id;
     const QString taken = in.dataType(ENodePortType::In, inPort).id;
     if (given != taken)

@@ -3,7 +3,9 @@
 
 #include "host/run/CSceneLoader.h"
 
+#include "host/base/Attempt.h"
 #include "host/base/Shown.h"
+#include "host/run/PortError.h"
 #include "scene/CNodeScene.h"
 
 #include <QJsonArray>
@@ -21,6 +23,11 @@ const QString connectionsKey = QStringLiteral("connections");
 Core::CId readId(const QJsonValue& json)
 {
     return Core::CId(json.toString().toLatin1().constData());
+}
+
+QString place(int node)
+{
+    return QStringLiteral("nodes[%1]").arg(node);
 }
 
 } // namespace
@@ -93,9 +100,16 @@ QString CSceneLoader::addCamera(int index)
 
 QString CSceneLoader::makeNode(const QJsonObject& json)
 {
-    CNodeBase& node = m_scene.restoreNode(json);
-    m_nodes.push_back(&node);
-    return m_sinkNames.add(node.nodeDataModel());
+    const QString name = json[QStringLiteral("model")][QStringLiteral("name")].toString();
+    CNodeBase* node = nullptr;
+    const QString thrown = attempt(QStringLiteral("making %1").arg(shown(name)), [&] {
+        node = &m_scene.restoreNode(json);
+        return true;
+    });
+    if (!thrown.isEmpty())
+        return thrown;
+    m_nodes.push_back(node);
+    return m_sinkNames.add(node->nodeDataModel());
 }
 
 QString CSceneLoader::addConnection(const QJsonValue& json)
@@ -115,11 +129,11 @@ QString CSceneLoader::addConnection(const QJsonValue& json)
     const CNodeBase& in = *m_nodes[std::size_t(to)];
     const int outIndex = json[QStringLiteral("out_index")].toInt();
     const int inIndex = json[QStringLiteral("in_index")].toInt();
-    if (outIndex < 0 || unsigned(outIndex) >= out.nodeDataModel()->nPorts(ENodePortType::Out))
-        return QStringLiteral("nodes[%1] has no output port %2").arg(from).arg(outIndex);
-    if (inIndex < 0 || unsigned(inIndex) >= in.nodeDataModel()->nPorts(ENodePortType::In))
-        return QStringLiteral("nodes[%1] has no input port %2").arg(to).arg(inIndex);
-    const QString error = checkTypes(out, outIndex, in, inIndex, json[QStringLiteral("converter")]);
+    QString error = portError(*out.nodeDataModel(), ENodePortType::Out, outIndex, place(from));
+    if (error.isEmpty())
+        error = portError(*in.nodeDataModel(), ENodePortType::In, inIndex, place(to));
+    if (error.isEmpty())
+        error = checkTypes(out, outIndex, in, inIndex, json[QStringLiteral("converter")]);
     if (!error.isEmpty())
         return error;
 

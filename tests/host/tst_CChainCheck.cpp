@@ -4,6 +4,7 @@
 #include "host/run/CChainCheck.h"
 
 #include "SHostService.h"
+#include "ThrowingModels.h"
 #include "host/run/Chain.h"
 
 #include <QJsonArray>
@@ -142,6 +143,10 @@ void tst_CChainCheck::refused_data()
     row("name twice", with(3, sink("a", "b")), "elements[3]: has the name of elements[2]");
     row("name of a camera", with(3, sink("right", "b")), "elements[3]: has the name of the camera 'right'");
     row("unregistered model", with(1, element("blur", "Sharpen")), "elements[1]: no model 'Sharpen' is registered");
+    row("model that cannot be made", with(1, element("blur", "Scarce")),
+        "elements[1]: making 'Scarce' throws: no more of them");
+    row("model that cannot be read", with(1, element("blur", "Unreadable")),
+        "elements[1]: making 'Unreadable' throws: no such setting");
     row("source of its own", with(4, element("camera", "Camera Source")),
         "elements[4]: a 'Camera Source' of its own; frames come from the cameras of the run");
     row("sink without a name", with(3, element("b", "PNG Sink")), "elements[3]: the sink's name '' makes no folder");
@@ -178,6 +183,7 @@ void tst_CChainCheck::refused()
     QFETCH(QJsonArray, elements);
     QFETCH(QString, error);
     SHostService host;
+    registerThrowingModels(*host.nodes.registry(), 0);
     CChainCheck check(host.nodes, host.models, {"left", "right"});
     QCOMPARE(check.check(elements), error);
 }

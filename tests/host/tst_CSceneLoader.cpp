@@ -4,7 +4,7 @@
 #include "host/run/CSceneLoader.h"
 
 #include "SHostService.h"
-
+#include "ThrowingModels.h"
 #include "scene/CNodeScene.h"
 
 #include <QJsonArray>
@@ -62,6 +62,7 @@ struct SLiveScene
               services.nodes.addNode(services.models.createCameraSource(QStringLiteral("live")), nullptr)))
         , scene(*services.nodes.getActiveScene())
     {
+        registerThrowingModels(*services.nodes.registry(), 0);
     }
 
     QString load(const QJsonObject& document) { return CSceneLoader(scene, camera).load(document); }
@@ -165,6 +166,10 @@ void tst_CSceneLoader::refused_data()
     row("node is no object", with("nodes", 1, 7), "nodes[1]: no object with a model");
     row("model is no object", with("nodes", 1, QJsonObject{{"id", id(1)}, {"model", "Blur"}}),
         "nodes[1]: no object with a model");
+    row("model that cannot be made", with("nodes", 3, node(3, "Scarce")),
+        "nodes[3]: making 'Scarce' throws: no more of them");
+    row("model that cannot be read", with("nodes", 3, node(3, "Unreadable")),
+        "nodes[3]: making 'Unreadable' throws: no such setting");
     row("unregistered model", with("nodes", 3, node(3, "Sharpen")), "nodes[3]: no model 'Sharpen' is registered");
     row("model without a name", with("nodes", 3, QJsonObject{{"id", id(3)}, {"model", QJsonObject()}}),
         "nodes[3]: no model '' is registered");

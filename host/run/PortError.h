@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "graph/ENodePortType.h"
+
+#include <QString>
+
+namespace Plugin {
+namespace Halvex {
+class CNodeDataModel;
+}
+} // namespace Plugin
+
+namespace Host {
+
+/// What is wrong with \a port of \a model, which a message calls \a place: that it has none of that number; empty when
+/// it has.
+QString portError(const Plugin::Halvex::CNodeDataModel& model, Plugin::Halvex::ENodePortType type, int port,
+                  const QString& place);
+
+} // namespace Host
