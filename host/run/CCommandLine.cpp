@@ -163,7 +163,9 @@ void CCommandLine::readCameras(const QStringList& addresses, const SCameraOption
     for (const QString& address : addresses.isEmpty() ? QStringList(common.address) : addresses) {
         if (address.isEmpty())
             return refuse(QStringLiteral("--camera is empty."));
-        if (!makesAFolder(address)) // its files go there
+        // Its files go into a folder of that name, beside the chain's; and what is no unique name gets no scene.
+        if (!makesAFolder(address) || address == QLatin1String("chain.json") ||
+            address == QLatin1String("Halvex.NoUniqueName"))
             return refuse(QStringLiteral("--camera '%1' is no address.").arg(address));
         if (addresses.count(address) > 1)
             return refuse(QStringLiteral("--camera '%1' is given twice.").arg(address));

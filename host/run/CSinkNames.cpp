@@ -16,7 +16,9 @@ QString CSinkNames::add(Plugin::Halvex::CNodeDataModel* model)
     if (!sink)
         return {};
     const QString name = sink->sinkName();
-    if (!makesAFolder(name))
+    // The folder lies beside the files of the graph.
+    const bool isTaken = name == QLatin1String("graph.txt") || name == QLatin1String("graph.dot");
+    if (isTaken || !makesAFolder(name))
         return QStringLiteral("the sink's name %1 makes no folder").arg(shown(name));
     if (m_names.contains(name))
         return QStringLiteral("a second sink %1").arg(shown(name));

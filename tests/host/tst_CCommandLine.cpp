@@ -117,6 +117,10 @@ void tst_CCommandLine::refused_data()
                                         << "A chain or --load, not both.";
     QTest::newRow("camera twice") << QStringList{"run", "--camera", "a", "--camera", "b", "--camera", "a"}
                                   << "--camera 'a' is given twice.";
+    QTest::newRow("camera where the chain goes")
+        << QStringList{"run", "--camera", "chain.json"} << "--camera 'chain.json' is no address.";
+    QTest::newRow("camera without a unique name")
+        << QStringList{"run", "--camera", "Halvex.NoUniqueName"} << "--camera 'Halvex.NoUniqueName' is no address.";
     QTest::newRow("camera elsewhere") << QStringList{"run", "--camera", "../a"} << "--camera '../a' is no address.";
     for (const char* option : {"--load", "--save"})
         QTest::newRow(qPrintable(QStringLiteral("%1 for two").arg(option)))

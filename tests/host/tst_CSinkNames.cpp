@@ -39,6 +39,8 @@ void tst_CSinkNames::unusable_data()
     QTest::newRow("hidden") << ".a";
     QTest::newRow("elsewhere") << "/etc";
     QTest::newRow("deeper") << "a/b";
+    QTest::newRow("the graph's text") << "graph.txt";
+    QTest::newRow("the graph for dot") << "graph.dot";
 }
 
 void tst_CSinkNames::unusable()
