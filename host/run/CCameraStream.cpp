@@ -25,6 +25,7 @@ CCameraStream::CCameraStream(SCameraOptions options, std::unique_ptr<CStreamGrap
     : m_options(std::move(options))
     , m_graph(std::move(graph))
 {
+    connect(m_graph.get(), &CStreamGraph::changed, this, &CCameraStream::onGraphChanged);
 }
 
 CCameraStream::~CCameraStream() = default;
@@ -58,6 +59,8 @@ QString CCameraStream::prepareSinks(const QString& folder, int writeEvery)
 
 QString CCameraStream::start(int frames, std::chrono::milliseconds silence)
 {
+    if (!m_graph->isIntact())
+        return CStreamGraph::changedText(camera());
     QString error;
     if (!m_camera->start(&error))
         return error;
@@ -79,8 +82,22 @@ void CCameraStream::requestEnd()
         m_thread->requestInterruption();
 }
 
+void CCameraStream::onGraphChanged()
+{
+    // Nothing may be on its way into the entry when this returns: it goes then.
+    if (m_thread) {
+        m_thread->requestInterruption();
+        m_thread->wait();
+    }
+    Q_EMIT failed(CStreamGraph::changedText(camera()));
+    if (m_thread)
+        end();
+}
+
 void CCameraStream::onGrabbed(const QString& error)
 {
+    if (m_hasEnded)
+        return;
     m_thread->wait();
     if (!error.isEmpty())
         Q_EMIT failed(error);
@@ -92,7 +109,7 @@ void CCameraStream::onGrabbed(const QString& error)
 
 void CCameraStream::endWhenDrained()
 {
-    if (m_graph->isDrained())
+    if (!m_hasEnded && m_graph->isDrained())
         end();
 }
 

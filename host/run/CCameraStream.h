@@ -33,6 +33,8 @@ class IHostModels;
  * Every complete frame that was grabbed has gone through the whole graph when the stream has ended, however it ended,
  * or was dropped and counted by a decoupler on the way; the last one that a decoupler got has come out of it.
  *
+ * A graph that somebody changes or removes on the way ends the stream at once: what went through it is not known.
+ *
  * The destructor ends the grabbing, if it goes on, and closes the camera.
  *
  * Functions that may fail return the reason in one line; empty on success. Threads: one, with an event loop; frames are
@@ -72,18 +74,20 @@ public:
     /// The camera and its frames up to now.
     SRunReport report() const;
 
-    /// The same with the graph, its decouplers and sinks.
+    /// The same with the graph, its decouplers and sinks, which must be intact.
     SRunReport account() const;
 
 Q_SIGNALS:
-    /// The camera has gone, or a sink cannot write; the stream then ends. From the event loop.
+    /// The camera has gone, a sink cannot write, or the graph was changed; the stream then ends. From the event loop,
+    /// or whoever changes the graph.
     void failed(const QString& error);
 
-    /// Once, from the event loop: all frames are through the graph, or it took too long, which the account shows.
+    /// Once: all frames are through the graph, it took too long, which the account shows, or the graph was changed.
     void ended();
 
 private:
     void onGrabbed(const QString& error);
+    void onGraphChanged();
     void endWhenDrained();
     void end();
 

@@ -26,6 +26,11 @@ QString cannotLoad(const QString& document, const QString& reason)
     return QStringLiteral("cannot load '%1': %2").arg(document, reason);
 }
 
+QString noScene(const QString& camera)
+{
+    return QStringLiteral("the service gives the camera %1 no scene").arg(shown(camera));
+}
+
 } // namespace
 
 CGraphBuilder::CGraphBuilder(INodeService& service, const IHostModels& models)
@@ -47,15 +52,26 @@ std::vector<std::unique_ptr<CStreamGraph>> CGraphBuilder::import(const SChain& c
     std::vector<std::unique_ptr<CStreamGraph>> graphs;
     for (int i = 0; i < cameras.size(); ++i) {
         const SCameraScene place = addCamera(cameras.at(i));
+        if (!place.isThere()) {
+            *error = noScene(cameras.at(i));
+            return {};
+        }
         // Counted, since an import that makes less than the chain says is no failure to the service.
         const bool isImported = m_service.importDocument(QString::fromUtf8(chain.text));
-        if (!isImported || place.scene.nodes().size() != 1 + std::size_t(chain.elements.size()) ||
-            place.scene.connections().size() != check.connections(i)) {
+        if (!isImported || !place.isThere() || place.scene->nodes().size() != 1 + std::size_t(chain.elements.size()) ||
+            place.scene->connections().size() != check.connections(i)) {
             *error = cannotLoad(chain.name,
                                 QStringLiteral("not all of it came into the scene of %1").arg(shown(cameras.at(i))));
             return {};
         }
-        graphs.push_back(std::make_unique<CStreamGraph>(place.scene, place.camera));
+        graphs.push_back(std::make_unique<CStreamGraph>(*place.scene, *place.camera));
+    }
+    // What is done for one camera may have made somebody change the graph of another.
+    for (std::size_t i = 0; i < graphs.size(); ++i) {
+        if (!graphs[i]->isIntact()) {
+            *error = CStreamGraph::changedText(cameras.at(int(i)));
+            return {};
+        }
     }
     return graphs;
 }
@@ -66,9 +82,13 @@ std::unique_ptr<CStreamGraph> CGraphBuilder::load(const QString& file, const QSt
     if (!error->isEmpty())
         return nullptr;
     const SCameraScene place = addCamera(camera);
-    const QString reason = CSceneLoader(place.scene, place.camera).load(document);
+    if (!place.isThere()) {
+        *error = noScene(camera);
+        return nullptr;
+    }
+    const QString reason = CSceneLoader(*place.scene, *place.camera).load(document);
     if (reason.isEmpty())
-        return std::make_unique<CStreamGraph>(place.scene, place.camera);
+        return std::make_unique<CStreamGraph>(*place.scene, *place.camera);
     *error = cannotLoad(file, reason);
     return nullptr;
 }
@@ -78,10 +98,7 @@ CGraphBuilder::SCameraScene CGraphBuilder::addCamera(const QString& camera)
     // The scene is found by the very object; there is nothing to say in it.
     const auto info = Core::AppCoreComponents::BaseInfoPtr::create();
     const Core::CId id = m_service.addNode(m_models.createCameraSource(camera), info);
-    CNodeScene* const scene = m_service.findSceneByInfo(info);
-    CNodeBase* const node = m_service.findNode(id);
-    Q_ASSERT(scene && node); // a unique source gets both
-    return {*scene, *node};
+    return {m_service.findSceneByInfo(info), m_service.findNode(id)};
 }
 
 } // namespace Host

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QPointer>
 #include <QString>
 #include <QStringList>
 
@@ -41,7 +42,7 @@ struct SChain;
 class CGraphBuilder
 {
 public:
-    /// Both outlive this object; the service's scenes outlive the graphs.
+    /// Both outlive this object.
     CGraphBuilder(Plugin::Halvex::INodeService& service, const IHostModels& models);
 
     /// A graph for each camera, in their order. On failure the reason in \a error.
@@ -52,11 +53,13 @@ public:
     std::unique_ptr<CStreamGraph> load(const QString& file, const QString& camera, QString* error);
 
 private:
-    /// A scene, and the camera's node, the only one in it.
+    /// A scene, and the camera's node, the only one in it. Handlers of others may remove either.
     struct SCameraScene
     {
-        Plugin::Halvex::CNodeScene& scene;
-        Plugin::Halvex::CNodeBase& camera;
+        bool isThere() const { return scene && camera; }
+
+        QPointer<Plugin::Halvex::CNodeScene> scene;
+        QPointer<Plugin::Halvex::CNodeBase> camera;
     };
 
     SCameraScene addCamera(const QString& camera);

@@ -3,6 +3,7 @@
 
 #include "host/run/CStreamGraph.h"
 
+#include "host/base/Shown.h"
 #include "host/models/IFrameSink.h"
 #include "host/run/CGraphText.h"
 #include "models/ASourceNodeDataModel.h"
@@ -45,6 +46,10 @@ CStreamGraph::CStreamGraph(const CNodeScene& scene, const CNodeBase& camera)
 {
     for (const CNodeBase* node : m_nodes)
         addNode(*node);
+    connect(&scene, &CNodeScene::nodeCreated, this, &CStreamGraph::onChanged);
+    connect(&scene, &CNodeScene::nodeDeleted, this, &CStreamGraph::onChanged);
+    connect(&scene, &CNodeScene::connectionCreated, this, &CStreamGraph::onChanged);
+    connect(&scene, &CNodeScene::connectionDeleted, this, &CStreamGraph::onChanged);
 }
 
 CStreamGraph::~CStreamGraph() = default;
@@ -52,6 +57,8 @@ CStreamGraph::~CStreamGraph() = default;
 void CStreamGraph::addNode(const CNodeBase& node)
 {
     CNodeDataModel* model = node.nodeDataModel();
+    // A node that is replaced goes without the scene's signals. The entry is a child of its model and goes after it.
+    connect(model, &QObject::destroyed, this, &CStreamGraph::onChanged);
     if (auto* sink = qobject_cast<IFrameSink*>(model))
         m_sinks.push_back(sink);
     if (auto* decoupler = qobject_cast<CNodeDecouplerDataModelBase*>(model)) {
@@ -62,6 +69,19 @@ void CStreamGraph::addNode(const CNodeBase& node)
             Q_EMIT cameThrough();
         });
     }
+}
+
+QString CStreamGraph::changedText(const QString& camera)
+{
+    return QStringLiteral("the graph of camera %1 was changed or removed by somebody else").arg(shown(camera));
+}
+
+void CStreamGraph::onChanged()
+{
+    if (!m_isIntact)
+        return;
+    m_isIntact = false;
+    Q_EMIT changed();
 }
 
 bool CStreamGraph::isDrained() const

@@ -26,8 +26,8 @@ class IFrameSink;
  * The graph that the frames of a camera are streamed through: where they enter, where they leave, and what must have
  * come out for what went in.
  *
- * Ownership: owns nothing of the scene, which stays as it is and outlives this object; what is handed out lives as long
- * as the scene.
+ * Ownership: owns nothing of the scene. Who else has the service may change or remove it at any time; changed() tells
+ * of that, and from then on only isIntact() and the destructor may be called, and nothing be used that was handed out.
  *
  * Threads: one; the entry's setData() from any.
  */
@@ -48,6 +48,12 @@ public:
 
     const Plugin::Halvex::CNodeScene& scene() const { return m_scene; }
 
+    /// What to say of the graph of \a camera when it is not intact.
+    static QString changedText(const QString& camera);
+
+    /// False once the scene is not what it was when this object was made.
+    bool isIntact() const { return m_isIntact; }
+
     /// Whether no decoupler holds anything back or has anything on its way: all that went in has come through.
     bool isDrained() const;
 
@@ -62,6 +68,10 @@ Q_SIGNALS:
     /// What a decoupler let through has gone through everything behind it.
     void cameThrough();
 
+    /// The scene is being changed, or destroyed; once. The entry is still whole while this is sent: who feeds it from
+    /// another thread ends that before returning.
+    void changed();
+
 private:
     struct SDecoupler
     {
@@ -72,6 +82,7 @@ private:
     using Counts = std::vector<quint64>;
 
     void addNode(const Plugin::Halvex::CNodeBase& node);
+    void onChanged();
     Counts expected(quint64 frames) const;
 
     const Plugin::Halvex::CNodeScene& m_scene;
@@ -80,6 +91,7 @@ private:
     std::vector<const Plugin::Halvex::CNodeBase*> m_nodes; // by their numbers in the text
     std::vector<IFrameSink*> m_sinks;
     std::vector<SDecoupler> m_decouplers;
+    bool m_isIntact = true;
 };
 
 } // namespace Host

@@ -118,11 +118,11 @@ bool CStreamRun::buildGraphs()
 bool CStreamRun::forEachStream(const Step& step)
 {
     for (const auto& stream : m_streams) {
-        fail(step(*stream));
-        if (!m_error.isEmpty())
-            return false;
+        // A graph may be gone since the last step.
+        if (m_error.isEmpty())
+            fail(step(*stream));
     }
-    return true;
+    return m_error.isEmpty();
 }
 
 bool CStreamRun::openCameras()
@@ -240,7 +240,7 @@ bool CStreamRun::printReport()
 {
     QStringList texts;
     for (const auto& stream : m_streams) {
-        if (!stream->isStarted())
+        if (!stream->isStarted() || !stream->graph().isIntact())
             continue;
         SRunReport report = stream->account();
         const QString mismatch = report.mismatch();

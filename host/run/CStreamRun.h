@@ -24,7 +24,6 @@ namespace Host {
 class CCameraStream;
 class CPluginHost;
 class CProgressLine;
-class CStreamGraph;
 
 /**
  * One run of the program: loads the plugins, builds a graph for each camera, opens the cameras, saves the scene,

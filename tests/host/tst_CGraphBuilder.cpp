@@ -4,12 +4,14 @@
 #include "host/run/CGraphBuilder.h"
 
 #include "SHostService.h"
+#include "ThrowingModels.h"
 #include "host/models/IFrameSink.h"
 #include "host/run/CStreamGraph.h"
 #include "host/run/Chain.h"
 #include "host/run/Output.h"
 
 #include <QJsonDocument>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -34,7 +36,12 @@ class tst_CGraphBuilder : public QObject
 private Q_SLOTS:
     void everyCameraGetsASceneOfItsOwn();
     void wrongChainIsNamed();
+    void importThatMakesLessIsNoticed();
     void modelThatIsGoneByThenIsNoticed();
+    void connectionThatIsTakenAwayIsNoticed();
+    void sceneThatIsTakenAwayIsNoticed();
+    void graphThatIsChangedMeanwhileIsNoticed();
+    void cameraWithoutASceneIsRefused();
     void documentMakesTheSameGraph();
     void wrongDocumentIsNamed();
 };
@@ -70,7 +77,7 @@ void tst_CGraphBuilder::wrongChainIsNamed()
     QVERIFY(host.nodes.scenes().isEmpty());
 }
 
-void tst_CGraphBuilder::modelThatIsGoneByThenIsNoticed()
+void tst_CGraphBuilder::importThatMakesLessIsNoticed()
 {
     // What the service is given makes less than what was checked.
     SHostService host;
@@ -79,6 +86,76 @@ void tst_CGraphBuilder::modelThatIsGoneByThenIsNoticed()
     chain.text = "[]";
     QVERIFY(CGraphBuilder(host.nodes, host.models).import(chain, {"left"}, &error).empty());
     QCOMPARE(error, QStringLiteral("cannot load 'default chain': not all of it came into the scene of 'left'"));
+}
+
+void tst_CGraphBuilder::modelThatIsGoneByThenIsNoticed()
+{
+    SHostService host;
+    registerThrowingModels(*host.nodes.registry(), 1); // for the check alone
+    QString error;
+    SChain chain = defaultChain({"left"});
+    chain.elements.append(QJsonObject{{"name", "scarce"}, {"model", QJsonObject{{"name", "Scarce"}}}});
+    chain.text = QJsonDocument(chain.elements).toJson();
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no more of them"));
+    QVERIFY(CGraphBuilder(host.nodes, host.models).import(chain, {"left"}, &error).empty());
+    QCOMPARE(error, QStringLiteral("cannot load 'default chain': not all of it came into the scene of 'left'"));
+}
+
+void tst_CGraphBuilder::connectionThatIsTakenAwayIsNoticed()
+{
+    SHostService host;
+    connect(&host.nodes, &INodeService::sceneAdded, this, [](CNodeScene* scene) {
+        connect(scene, &CNodeScene::connectionCreated, scene,
+                [scene](CNodeConnection& connection) { scene->deleteConnection(connection); });
+    });
+    QString error;
+    QVERIFY(CGraphBuilder(host.nodes, host.models).import(defaultChain({"left"}), {"left"}, &error).empty());
+    QCOMPARE(error, QStringLiteral("cannot load 'default chain': not all of it came into the scene of 'left'"));
+}
+
+void tst_CGraphBuilder::sceneThatIsTakenAwayIsNoticed()
+{
+    SHostService host;
+    connect(&host.nodes, &INodeService::sceneAdded, this, [&host](CNodeScene* scene) {
+        connect(scene, &CNodeScene::connectionCreated, scene, [&host] {
+            if (CNodeScene* active = host.nodes.getActiveScene())
+                host.nodes.removeSceneOfNode(active->nodes().begin()->second.get());
+        });
+    });
+    QString error;
+    QVERIFY(CGraphBuilder(host.nodes, host.models).import(defaultChain({"left"}), {"left"}, &error).empty());
+    QCOMPARE(error, QStringLiteral("cannot load 'default chain': not all of it came into the scene of 'left'"));
+}
+
+void tst_CGraphBuilder::graphThatIsChangedMeanwhileIsNoticed()
+{
+    SHostService host;
+    connect(&host.nodes, &INodeService::sceneAdded, this, [&host] {
+        if (host.nodes.scenes().size() == 2)
+            host.nodes.scenes().first()->clearScene();
+    });
+    QString error;
+    const QStringList cameras{"left", "right"};
+    QVERIFY(CGraphBuilder(host.nodes, host.models).import(defaultChain(cameras), cameras, &error).empty());
+    QCOMPARE(error, QStringLiteral("the graph of camera 'left' was changed or removed by somebody else"));
+}
+
+void tst_CGraphBuilder::cameraWithoutASceneIsRefused()
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath("a.json");
+    QCOMPARE(replaceFile(file, "{\"nodes\": [], \"connections\": []}"), QString());
+    // What is no unique name makes no unique source.
+    const QString camera = QStringLiteral("Halvex.NoUniqueName");
+    const QString refusal = QStringLiteral("the service gives the camera 'Halvex.NoUniqueName' no scene");
+    SHostService host;
+    CGraphBuilder builder(host.nodes, host.models);
+    QString error;
+    QVERIFY(builder.import(defaultChain({camera}), {camera}, &error).empty());
+    QCOMPARE(error, refusal);
+    error.clear();
+    QVERIFY(!builder.load(file, camera, &error));
+    QCOMPARE(error, refusal);
 }
 
 void tst_CGraphBuilder::documentMakesTheSameGraph()

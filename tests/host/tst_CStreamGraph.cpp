@@ -11,9 +11,11 @@
 #include "models/CNodeDataFlowProxy.h"
 #include "models/CNodeDecouplerDataModelBase.h"
 
+#include <QJsonObject>
 #include <QSignalSpy>
 #include <QTest>
 
+#include <functional>
 #include <limits>
 
 using namespace Host;
@@ -69,6 +71,8 @@ void setRate(const CStreamGraph& graph, double rate)
 
 } // namespace
 
+Q_DECLARE_METATYPE(std::function<void(Plugin::Halvex::CNodeScene&)>)
+
 class tst_CStreamGraph : public QObject
 {
     Q_OBJECT
@@ -79,6 +83,8 @@ private Q_SLOTS:
     void accountOfWhatIsNotDrained();
     void drainTimeKnowsTheRate_data();
     void drainTimeKnowsTheRate();
+    void changeIsTold_data();
+    void changeIsTold();
 };
 
 void tst_CStreamGraph::demoGraph()
@@ -165,6 +171,44 @@ void tst_CStreamGraph::drainTimeKnowsTheRate()
     QVERIFY(graph);
     setRate(*graph, rate);
     QCOMPARE(qint64(graph->drainTime().count()), time);
+}
+
+void tst_CStreamGraph::changeIsTold_data()
+{
+    using Change = std::function<void(CNodeScene&)>;
+    QTest::addColumn<Change>("change");
+    const auto row = [](const char* name, const Change& change) { QTest::newRow(name) << change; };
+    row("node removed", [](CNodeScene& scene) { scene.removeNode(*scene.nodes().begin()->second); });
+    row("node made", [](CNodeScene& scene) { scene.createNode(scene.registry().create("Blur")); });
+    row("connection deleted", [](CNodeScene& scene) { scene.deleteConnection(*scene.connections().begin()->second); });
+    row("connection made", [](CNodeScene& scene) {
+        CNodeConnection& known = *scene.connections().begin()->second;
+        scene.createConnection(ENodePortType::Out, *std::as_const(known).getNode(ENodePortType::Out), 0);
+    });
+    row("node replaced", [](CNodeScene& scene) {
+        scene.blockSignals(true); // as by a document: the old node goes without a word
+        QJsonObject model{{"name", "Blur"}};
+        scene.restoreNode({{"id", scene.nodes().begin()->first.toString()}, {"model", model}});
+    });
+    row("cleared", [](CNodeScene& scene) { scene.clearScene(); });
+    row("destroyed", [](CNodeScene& scene) { delete &scene; });
+}
+
+void tst_CStreamGraph::changeIsTold()
+{
+    QFETCH(std::function<void(CNodeScene&)>, change);
+    SDemo demo;
+    QVERIFY(demo.graph);
+    QVERIFY(demo.graph->isIntact());
+    const QPointer<CNodeDataFlowProxy> entry = demo.graph->entry();
+    int told = 0;
+    connect(demo.graph.get(), &CStreamGraph::changed, this, [&] {
+        ++told;
+        QVERIFY(entry);
+    });
+    change(*demo.host.nodes.getActiveScene());
+    QCOMPARE(told, 1);
+    QVERIFY(!demo.graph->isIntact());
 }
 
 QTEST_GUILESS_MAIN(tst_CStreamGraph)
