@@ -8,8 +8,8 @@
 
 namespace Host {
 
-CHostModelService::CHostModelService(QObject* parent)
-    : IService(parent)
+CHostModelService::CHostModelService()
+    : IService(nullptr)
 {
 }
 

@@ -15,7 +15,7 @@ class CHostModelService : public Core::Service::IService, public IHostModels
     Q_INTERFACES(Host::IHostModels)
 
 public:
-    explicit CHostModelService(QObject* parent);
+    CHostModelService();
 
     std::unique_ptr<Plugin::Halvex::ANodeDataModel> createCameraSource(const QString& camera) const override;
     bool supports(const QString& pixelFormat) const override;

@@ -9,7 +9,7 @@
 namespace Host {
 
 CHostModelsPlugin::CHostModelsPlugin()
-    : m_service(new CHostModelService(nullptr))
+    : m_service(new CHostModelService)
 {
 }
 

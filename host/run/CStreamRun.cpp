@@ -79,19 +79,20 @@ bool CStreamRun::loadPlugins()
         return false;
     }
 
-    m_nodeService = m_plugins->services().findService(INodeService::staticMetaObject.className());
-    m_hostModels = m_plugins->services().findService(qobject_interface_iid<IHostModels*>());
-    if (!qobject_cast<INodeService*>(m_nodeService.data()))
+    const CServiceManager& services = m_plugins->services();
+    m_nodeService = services.findService(INodeService::staticMetaObject.className()).objectCast<INodeService>();
+    m_modelService = services.findService(qobject_interface_iid<IHostModels*>());
+    m_models = qobject_cast<IHostModels*>(m_modelService.data());
+    if (!m_nodeService)
         fail(QStringLiteral("no plugin in '%1' publishes a node service").arg(folder));
-    if (!qobject_cast<IHostModels*>(m_hostModels.data()))
+    if (!m_models)
         fail(QStringLiteral("no plugin in '%1' brings the host's models").arg(folder));
     return m_error.isEmpty();
 }
 
 bool CStreamRun::buildGraphs()
 {
-    CGraphBuilder builder(*qobject_cast<INodeService*>(m_nodeService.data()),
-                          *qobject_cast<IHostModels*>(m_hostModels.data()));
+    CGraphBuilder builder(*m_nodeService, *m_models);
     const QStringList cameras = addresses(m_options.cameras);
     std::vector<std::unique_ptr<CStreamGraph>> graphs;
     QString error;
@@ -127,8 +128,7 @@ bool CStreamRun::forEachStream(const Step& step)
 
 bool CStreamRun::openCameras()
 {
-    const auto& models = *qobject_cast<IHostModels*>(m_hostModels.data());
-    return forEachStream([&models](CCameraStream& stream) { return stream.open(models); });
+    return forEachStream([this](CCameraStream& stream) { return stream.open(*m_models); });
 }
 
 bool CStreamRun::prepareSinks()
@@ -148,7 +148,8 @@ bool CStreamRun::saveScene()
 bool CStreamRun::writeGraphFiles()
 {
     if (m_options.load.isEmpty())
-        fail(writeTextFile(QDir(m_options.output).filePath(QStringLiteral("chain.json")), QString::fromUtf8(m_chain)));
+        // It may be the very file that was read.
+        fail(replaceFile(QDir(m_options.output).filePath(QStringLiteral("chain.json")), m_chain));
     return m_error.isEmpty() && forEachStream([this](CCameraStream& stream) {
                const CGraphText graph(stream.graph().scene());
                const QDir output(folder(stream));

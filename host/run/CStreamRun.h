@@ -19,11 +19,18 @@ class IService;
 }
 } // namespace Core
 
+namespace Plugin {
+namespace Halvex {
+class INodeService;
+}
+} // namespace Plugin
+
 namespace Host {
 
 class CCameraStream;
 class CPluginHost;
 class CProgressLine;
+class IHostModels;
 
 /**
  * One run of the program: loads the plugins, builds a graph for each camera, opens the cameras, saves the scene,
@@ -79,8 +86,9 @@ private:
     const SRunOptions m_options;
     // In this order: cameras go before the scenes that they feed, and the services before the code that they run.
     std::unique_ptr<CPluginHost> m_plugins;
-    QSharedPointer<Core::Service::IService> m_nodeService;
-    QSharedPointer<Core::Service::IService> m_hostModels;
+    QSharedPointer<Plugin::Halvex::INodeService> m_nodeService;
+    QSharedPointer<Core::Service::IService> m_modelService;
+    const IHostModels* m_models = nullptr; // the same object
     std::vector<std::unique_ptr<CCameraStream>> m_streams;
     QByteArray m_chain; // what was imported
     QEventLoop m_loop;

@@ -21,5 +21,5 @@ struct SHostService
     }
 
     Plugin::Halvex::CNodeService nodes{nullptr};
-    Host::CHostModelService models{nullptr};
+    Host::CHostModelService models;
 };

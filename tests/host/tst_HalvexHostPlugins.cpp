@@ -17,6 +17,7 @@ private Q_SLOTS:
     void withoutAServiceItEnds_data();
     void withoutAServiceItEnds();
     void withoutAFolderItEnds_data();
+    void withoutTheModelsItEnds();
     void withoutAFolderItEnds();
     void withoutARequiredPluginItEnds();
     void fileNameOfSeveralLinesIsToldInOne();
@@ -76,6 +77,20 @@ void tst_HalvexHostPlugins::withoutAServiceItEnds()
     QCOMPARE(program.output(), QString());
     QCOMPARE(program.errorLines(),
              QStringList{QStringLiteral("halvex-host: no plugin in '%1' publishes a node service").arg(folder.path())});
+    QVERIFY(!QDir(output.filePath("out")).exists());
+}
+
+void tst_HalvexHostPlugins::withoutTheModelsItEnds()
+{
+    const CPluginTestFolder folder;
+    QVERIFY(QFile::link(CPluginTestFolder::library(), folder.path() + "/libHalvex.so"));
+    const QTemporaryDir output;
+    CHostProgram program;
+    QVERIFY(program.run({"run", "--plugins", folder.path(), "--output", output.filePath("out")}));
+    QCOMPARE(program.exitCode(), 2);
+    QCOMPARE(program.output(), QString());
+    QCOMPARE(program.errorLines(),
+             QStringList{QStringLiteral("halvex-host: no plugin in '%1' brings the host's models").arg(folder.path())});
     QVERIFY(!QDir(output.filePath("out")).exists());
 }
 
