@@ -21,9 +21,14 @@ bool isIn(const char* property, const char* call)
     return qApp->property(property).toStringList().contains(fullName(call));
 }
 
-bool tell(const char* call)
+void note(const char* call)
 {
     qApp->setProperty("calls", qApp->property("calls").toStringList() << fullName(call));
+}
+
+bool tell(const char* call)
+{
+    note(call);
     if (isIn("throwing", call))
         throw std::runtime_error("thrown by " + fullName(call).toStdString());
     return !isIn("failing", call);
@@ -37,7 +42,7 @@ public:
         : IService(nullptr)
     {
     }
-    ~CTestService() override { tell("service gone"); }
+    ~CTestService() override { note("service gone"); }
 };
 
 } // namespace
@@ -49,7 +54,7 @@ CTestPlugin::CTestPlugin()
 
 CTestPlugin::~CTestPlugin()
 {
-    tell("gone");
+    note("gone");
 }
 
 bool CTestPlugin::initialize(const QWeakPointer<Core::Service::IServiceManager>& manager)
@@ -71,7 +76,7 @@ bool CTestPlugin::uninitialize(const QWeakPointer<Core::Service::IServiceManager
 {
     if (isIn("posting", "uninitialize")) {
         QMetaObject::invokeMethod(
-            this, [] { tell("posted"); }, Qt::QueuedConnection);
+            this, [] { note("posted"); }, Qt::QueuedConnection);
         (new CTestService)->deleteLater();
     }
     return tell("uninitialize") && !manager.isNull();
