@@ -11,6 +11,7 @@
 #include <QTest>
 
 #include <csignal>
+#include <filesystem>
 
 namespace {
 
@@ -36,6 +37,7 @@ class tst_HalvexHostChains : public QObject
 private Q_SLOTS:
     void twoCamerasInTwoScenes();
     void defaultChainServesEveryCamera();
+    void chainOfTheOutputFolderIsNotWrittenInPlace();
     void camerasWithChainsOfTheirOwn();
     void cameraThatIsMissingEndsAll();
     void sinkThatCannotWriteEndsAll();
@@ -85,6 +87,21 @@ void tst_HalvexHostChains::defaultChainServesEveryCamera()
                        folder.filePath("again")}));
     QCOMPARE(again.exitCode(), 0);
     QVERIFY2(again.addsUp(), qPrintable(again.output()));
+}
+
+void tst_HalvexHostChains::chainOfTheOutputFolderIsNotWrittenInPlace()
+{
+    const QTemporaryDir folder;
+    const QString chain = folder.filePath("chain.json");
+    QVERIFY(QFile::copy(DEMO_CHAIN, chain));
+    // Under another name the file stays the one that it was.
+    const std::string kept = folder.filePath("kept.json").toStdString();
+    std::filesystem::create_hard_link(chain.toStdString(), kept);
+    CHostProgram program;
+    QVERIFY(program.run({"run", chain, "--camera", "fake-1", "--frames", "1", "--output", folder.path()}));
+    QCOMPARE(program.exitCode(), 0);
+    QCOMPARE(content(chain), content(DEMO_CHAIN));
+    QVERIFY(!std::filesystem::equivalent(chain.toStdString(), kept));
 }
 
 void tst_HalvexHostChains::camerasWithChainsOfTheirOwn()
