@@ -66,6 +66,7 @@ void tst_HalvexHostChains::twoCamerasInTwoScenes()
     }
     QCOMPARE(content(folder.filePath("chain.json")), content(DEMO_CHAIN));
     const QStringList lines = program.errorLines();
+    QVERIFY(!lines.isEmpty());
     for (const QString& line : lines)
         QVERIFY2(line.contains(QStringLiteral("/80 frames, ")), qPrintable(line));
 }
