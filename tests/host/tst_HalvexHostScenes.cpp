@@ -68,6 +68,7 @@ private Q_SLOTS:
     void restoredRateCounts();
     void interruptedRunOfALoadedScene();
     void cameraAlone();
+    void connectionWithAConverter();
     void refusedBeforeAnyCamera_data();
     void refusedBeforeAnyCamera();
     void refusedSave_data();
@@ -181,6 +182,30 @@ void tst_HalvexHostScenes::cameraAlone()
     QVERIFY(program.sinks().empty());
     QVERIFY(program.decouplers().empty());
     QVERIFY(QFile::exists(folder.filePath("out/fake/graph.txt")));
+}
+
+void tst_HalvexHostScenes::connectionWithAConverter()
+{
+    const QJsonObject toImage{{"out", QJsonObject{{"id", "Veltra Grab Result"}}},
+                              {"in", QJsonObject{{"id", "Host Image"}}}};
+    const QString camera = QStringLiteral("00000000-0000-0000-0000-000000000001");
+    const QString sink = QStringLiteral("00000000-0000-0000-0000-000000000002");
+    const QJsonObject sinkModel{{"name", "PNG Sink"}, {"property", QJsonObject{{"sink_name", "frames"}}}};
+    const QJsonObject document{
+        {"nodes", QJsonArray{QJsonObject{{"id", camera}, {"model", QJsonObject{{"name", "Camera Source"}}}},
+                             QJsonObject{{"id", sink}, {"model", sinkModel}}}},
+        {"connections",
+         QJsonArray{QJsonObject{
+             {"in_id", sink}, {"in_index", 0}, {"out_id", camera}, {"out_index", 0}, {"converter", toImage}}}}};
+    const QTemporaryDir folder;
+    const QString file = folder.filePath("converting.json");
+    QVERIFY(write(file, QJsonDocument(document).toJson()));
+    CHostProgram program;
+    QVERIFY(program.run({"run", "--frames", "10", "--output", folder.path(), "--load", file}));
+    QCOMPARE(program.exitCode(), 0);
+    QCOMPARE(program.completeFrames(), 10);
+    QCOMPARE(program.sinks()["frames"].delivered, 10);
+    QVERIFY(QFile::exists(folder.filePath("fake/frames/frame-000000.png")));
 }
 
 void tst_HalvexHostScenes::refusedBeforeAnyCamera_data()
