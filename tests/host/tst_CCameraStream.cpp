@@ -36,7 +36,7 @@ struct SLiveStream
         stream = std::make_unique<CCameraStream>(options, std::move(graphs.at(0)));
     }
 
-    QString prepare()
+    QString prepare() const
     {
         const QString error = stream->open(services.models);
         return error.isEmpty() ? stream->prepareSinks(folder.path(), 10) : error;
