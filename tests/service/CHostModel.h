@@ -122,7 +122,7 @@ private:
         return value;
     }
     // A copy, because the test's code may destroy this model.
-    static void run(std::function<void()> code)
+    static void run(std::function<void()> code) // NOLINT(performance-unnecessary-value-param)
     {
         ++s_calls;
         if (code)
