@@ -116,10 +116,11 @@ void tst_CGraphBuilder::connectionThatIsTakenAwayIsNoticed()
 void tst_CGraphBuilder::sceneThatIsTakenAwayIsNoticed()
 {
     SHostService host;
-    connect(&host.nodes, &INodeService::sceneAdded, this, [&host](CNodeScene* scene) {
-        connect(scene, &CNodeScene::connectionCreated, scene, [&host] {
-            if (CNodeScene* active = host.nodes.getActiveScene())
-                host.nodes.removeSceneOfNode(active->nodes().begin()->second.get());
+    auto* const nodes = &host.nodes;
+    connect(nodes, &INodeService::sceneAdded, this, [nodes](CNodeScene* scene) {
+        connect(scene, &CNodeScene::connectionCreated, scene, [nodes] {
+            if (CNodeScene* active = nodes->getActiveScene())
+                nodes->removeSceneOfNode(active->nodes().begin()->second.get());
         });
     });
     QString error;
@@ -132,7 +133,7 @@ void tst_CGraphBuilder::graphThatIsChangedMeanwhileIsNoticed()
     SHostService host;
     connect(&host.nodes, &INodeService::sceneAdded, this, [&host] {
         if (host.nodes.scenes().size() == 2)
-            host.nodes.scenes().first()->clearScene();
+            host.nodes.scenes().constFirst()->clearScene();
     });
     QString error;
     const QStringList cameras{"left", "right"};

@@ -784,14 +784,16 @@ public:
 
     void hearAll()
     {
-        for (CNodeScene* scene : m_service.scenes())
+        const auto scenes = m_service.scenes();
+        for (CNodeScene* scene : scenes)
             hear(*scene);
     }
 
     SState state()
     {
         SState state;
-        for (CNodeScene* scene : m_service.scenes()) {
+        const auto scenes = m_service.scenes();
+        for (CNodeScene* scene : scenes) {
             const int number = numberOf(scene);
             state.scenes.push_back(number);
             state.nodes[number];
@@ -806,7 +808,8 @@ public:
             }
         }
         state.active = numberOf(m_service.getActiveScene().data());
-        for (CNodeBase* node : m_service.documentNodes())
+        const auto documentNodes = m_service.documentNodes();
+        for (CNodeBase* node : documentNodes)
             state.documentNodes.insert(numberOf(node));
         for (int info = 0; info < infos; ++info)
             state.sceneOfInfo[info] = numberOf(m_service.findSceneByInfo(m_infos.at(std::size_t(info))));
@@ -935,7 +938,8 @@ private:
     ANodeDataModel* modelOf(int node) { return dynamic_cast<ANodeDataModel*>(m_nodes.at(node)->nodeDataModel()); }
     CNodeScene* sceneOf(int node)
     {
-        for (CNodeScene* scene : m_service.scenes()) {
+        const auto scenes = m_service.scenes();
+        for (CNodeScene* scene : scenes) {
             const auto found = scene->nodes().find(m_nodes.at(node)->id());
             if (found != scene->nodes().end() && found->second.get() == m_nodes.at(node))
                 return scene;

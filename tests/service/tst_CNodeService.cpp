@@ -59,36 +59,40 @@ public:
                                            QStringLiteral("Test"));
     }
 
-    void registerModel(const QString& name, ENodeDataModelType type)
+    void registerModel(const QString& name, ENodeDataModelType type) const
     {
         service->registry()->registerModel([name, type] { return std::make_unique<CHostModel>(type, name); },
                                            QStringLiteral("Test"));
     }
 
-    SPlaced add(std::unique_ptr<CHostModel> model, const BaseInfoPtr& info = {})
+    SPlaced add(std::unique_ptr<CHostModel> model, const BaseInfoPtr& info = {}) const
     {
         CHostModel* const placed = model.get();
         return {placed, service->addNode(std::move(model), info)};
     }
-    SPlaced addSource(const QString& name = QStringLiteral("cam"), const BaseInfoPtr& info = {})
+    SPlaced addSource(const QString& name = QStringLiteral("cam"), const BaseInfoPtr& info = {}) const
     {
         return add(makeSource(name), info);
     }
-    SPlaced add(ENodeDataModelType type, const QString& name) { return add(std::make_unique<CHostModel>(type, name)); }
-    SPlaced addView(const QString& name = QStringLiteral("view")) { return add(ENodeDataModelType::Sink, name); }
+    SPlaced add(ENodeDataModelType type, const QString& name) const
+    {
+        return add(std::make_unique<CHostModel>(type, name));
+    }
+    SPlaced addView(const QString& name = QStringLiteral("view")) const { return add(ENodeDataModelType::Sink, name); }
 
     /// Hands in a model that a node owns already.
-    Core::CId addAgain(CHostModel* model, const BaseInfoPtr& info = {})
+    Core::CId addAgain(CHostModel* model, const BaseInfoPtr& info = {}) const
     {
         return service->addNode(std::unique_ptr<ANodeDataModel>(model), info);
     }
 
-    CNodeScene* active() { return service->getActiveScene(); }
+    CNodeScene* active() const { return service->getActiveScene(); }
 
     /// A part of the scenes' state that every test leaves sound.
     QString inconsistency() const
     {
-        for (const CNodeScene* scene : service->scenes()) {
+        const auto scenes = service->scenes();
+        for (const CNodeScene* scene : scenes) {
             const QString found = inconsistencyOf(*scene);
             if (!found.isEmpty())
                 return found;
@@ -344,7 +348,8 @@ void tst_CNodeService::sceneSharesTheRegistry()
     CFixture f;
     f.addSource("cam");
     f.addSource("cam-2");
-    for (const CNodeScene* scene : f.service->scenes()) {
+    const auto scenes = f.service->scenes();
+    for (const CNodeScene* scene : scenes) {
         QVERIFY(scene->isRegistyValid());
         QCOMPARE(&scene->registry(), f.service->registry().get());
         QVERIFY(!scene->parent());
@@ -1252,7 +1257,8 @@ void tst_CNodeService::registerTypeConverterReachesEveryScene()
     const SNodeDataType to{"to", "T"};
     f.service->registerTypeConverter({from, to}, [](const CNodeDataPtr&) { return CTestData::make(1); });
     f.addSource("cam-2");
-    for (const CNodeScene* scene : f.service->scenes())
+    const auto scenes = f.service->scenes();
+    for (const CNodeScene* scene : scenes)
         QCOMPARE(CTestData::valueOf(scene->registry().getTypeConverter(from, to)(nullptr)), 1);
     QVERIFY(!f.service->registry()->getTypeConverter(to, from));
 
@@ -1784,7 +1790,8 @@ void tst_CNodeService::handlersMayCallADyingService()
         service->createModel("View");
         service->registerTypeConverter({{}, {}}, {});
     };
-    for (CNodeScene* scene : f.service->scenes()) {
+    const auto scenes = f.service->scenes();
+    for (CNodeScene* scene : scenes) {
         connect(scene, &CNodeScene::nodeDeleted, this, callEverything);
         connect(scene, &QObject::destroyed, this, callEverything);
     }
@@ -1821,10 +1828,11 @@ void tst_CNodeService::scenesMayOutliveNothing()
     f.addSource("one");
     f.addSource("two");
     QList<QPointer<CNodeScene>> scenes;
-    for (CNodeScene* scene : f.service->scenes())
+    const auto present = f.service->scenes();
+    for (CNodeScene* scene : present)
         scenes << scene;
     f.service.reset();
-    for (const QPointer<CNodeScene>& scene : scenes)
+    for (const QPointer<CNodeScene>& scene : qAsConst(scenes))
         QVERIFY(scene.isNull());
 }
 

@@ -20,7 +20,10 @@ using namespace Plugin::Halvex;
 
 namespace {
 
-const QRegularExpression ofTheService("^(added|active|removing|removed)");
+QRegularExpression ofTheService()
+{
+    return QRegularExpression("^(added|active|removing|removed)");
+}
 
 /// A service with two scenes, "cam-1" → "view-1" and "cam-2" → "view-2", the second of which is active. Whatever the
 /// service and its scenes tell is heard by a first log, by the test's action, once, and by a last log.
@@ -45,15 +48,15 @@ public:
     }
     ~CGraph()
     {
-        action = nullptr;
+        m_action = nullptr;
         service.reset();
     }
 
     /// Runs \a code when \a signal comes next. Signals that models give are named as their operations.
     void act(const QString& signal, const std::function<void()>& code)
     {
-        actsAt = signal;
-        action = code;
+        m_actsAt = signal;
+        m_action = code;
     }
 
     /// As a host destroys a scene: not one that is being destroyed.
@@ -117,7 +120,7 @@ public:
     CMessageCatcher messages;
 
 private:
-    CHostModel* add(std::unique_ptr<CHostModel> model)
+    CHostModel* add(std::unique_ptr<CHostModel> model) const
     {
         CHostModel* const added = model.get();
         const Core::CId id = service->addNode(std::move(model), nullptr);
@@ -142,47 +145,48 @@ private:
 
     void on(const char* signal)
     {
-        if (action && actsAt == signal)
-            std::exchange(action, nullptr)();
+        if (m_action && m_actsAt == signal)
+            std::exchange(m_action, nullptr)();
     }
 
     void connectAction()
     {
-        QObject::connect(service.get(), &INodeService::sceneAdded, &context, [this](CNodeScene* scene) {
+        QObject::connect(service.get(), &INodeService::sceneAdded, &m_context, [this](CNodeScene* scene) {
             told = scene;
             connectAction(*scene);
             on("sceneAdded");
         });
-        QObject::connect(service.get(), &INodeService::activeSceneChanged, &context, [this](CNodeScene* scene) {
+        QObject::connect(service.get(), &INodeService::activeSceneChanged, &m_context, [this](CNodeScene* scene) {
             told = scene;
             on("activeSceneChanged");
         });
-        QObject::connect(service.get(), &INodeService::sceneRemoving, &context, [this](CNodeScene* scene) {
+        QObject::connect(service.get(), &INodeService::sceneRemoving, &m_context, [this](CNodeScene* scene) {
             told = scene;
             on("sceneRemoving");
         });
-        QObject::connect(service.get(), &INodeService::sceneRemoved, &context, [this] { on("sceneRemoved"); });
+        QObject::connect(service.get(), &INodeService::sceneRemoved, &m_context, [this] { on("sceneRemoved"); });
     }
 
     void connectAction(const CNodeScene& scene)
     {
-        QObject::connect(&scene, &CNodeScene::nodeCreated, &context, [this] { on("nodeCreated"); });
-        QObject::connect(&scene, &CNodeScene::nodeDeleted, &context, [this] { on("nodeDeleted"); });
-        QObject::connect(&scene, &CNodeScene::connectionCreated, &context, [this] { on("connectionCreated"); });
-        QObject::connect(&scene, &CNodeScene::connectionDeleted, &context, [this] { on("connectionDeleted"); });
-        QObject::connect(&scene, &QObject::destroyed, &context, [this] { on("destroyed"); });
+        QObject::connect(&scene, &CNodeScene::nodeCreated, &m_context, [this] { on("nodeCreated"); });
+        QObject::connect(&scene, &CNodeScene::nodeDeleted, &m_context, [this] { on("nodeDeleted"); });
+        QObject::connect(&scene, &CNodeScene::connectionCreated, &m_context, [this] { on("connectionCreated"); });
+        QObject::connect(&scene, &CNodeScene::connectionDeleted, &m_context, [this] { on("connectionDeleted"); });
+        QObject::connect(&scene, &QObject::destroyed, &m_context, [this] { on("destroyed"); });
     }
 
-    QString actsAt;
-    std::function<void()> action;
-    QObject context;
+    QString m_actsAt;
+    std::function<void()> m_action;
+    QObject m_context;
 };
 
 /// What is wrong with the service and its scenes between operations, or an empty text.
 QString inconsistencyOf(CNodeService& service)
 {
     std::size_t nodes = 0;
-    for (const CNodeScene* scene : service.scenes()) {
+    const auto scenes = service.scenes();
+    for (const CNodeScene* scene : scenes) {
         const QString found = inconsistencyOf(*scene);
         if (!found.isEmpty())
             return found;
@@ -197,7 +201,8 @@ QString inconsistencyOf(CNodeService& service)
                 return QStringLiteral("a node is not found by its id");
         }
     }
-    for (CNodeBase* node : service.documentNodes()) {
+    const auto documentNodes = service.documentNodes();
+    for (CNodeBase* node : documentNodes) {
         if (service.findNode(node->id()) != node)
             return QStringLiteral("a document node is in no scene");
     }
@@ -286,7 +291,8 @@ const std::vector<std::pair<const char*, Operation>>& operations()
                  g.service->findNodeByModel(g.modelOf(id));
              g.service->findSceneByInfo(nullptr);
              g.service->createModel("View");
-             for (CNodeBase* node : g.service->documentNodes())
+             const auto documentNodes = g.service->documentNodes();
+             for (CNodeBase* node : documentNodes)
                  node->save();
          }},
         {"destroy the very scene", [](CGraph& g) { CGraph::destroy(g.service->scenes().value(1)); }},
@@ -295,9 +301,10 @@ const std::vector<std::pair<const char*, Operation>>& operations()
         {"destroy every scene",
          [](CGraph& g) {
              QList<QPointer<CNodeScene>> scenes;
-             for (CNodeScene* scene : g.service->scenes())
+             const auto present = g.service->scenes();
+             for (CNodeScene* scene : present)
                  scenes << scene;
-             for (const QPointer<CNodeScene>& scene : scenes)
+             for (const QPointer<CNodeScene>& scene : qAsConst(scenes))
                  CGraph::destroy(scene);
          }},
         {"destroy the service", [](CGraph& g) { g.service.reset(); }},
@@ -376,8 +383,8 @@ void tst_CNodeServiceReentry::anythingInAnySignal()
         return; // that all models are gone, cleanup() sees
 
     QCOMPARE(inconsistencyOf(*g.service), QString());
-    const QStringList said = g.first->take().filter(ofTheService);
-    QCOMPARE(g.last->take().filter(ofTheService), said);
+    const QStringList said = g.first->take().filter(ofTheService());
+    QCOMPARE(g.last->take().filter(ofTheService()), said);
     QCOMPARE(disorderOf(said, 2), QString());
     const int gone = said.count("removed");
     QCOMPARE(g.service->scenes().size(), 2 + said.filter("added").size() - gone);
@@ -419,8 +426,8 @@ void tst_CNodeServiceReentry::anythingWhileTheHostDestroysAScene()
         return;
 
     QCOMPARE(inconsistencyOf(*g.service), QString());
-    const QStringList said = g.first->take().filter(ofTheService);
-    QCOMPARE(g.last->take().filter(ofTheService), said);
+    const QStringList said = g.first->take().filter(ofTheService());
+    QCOMPARE(g.last->take().filter(ofTheService()), said);
     QCOMPARE(disorderOf(said, 2), QString());
     QVERIFY(!said.contains("removing 2"));
     QCOMPARE(g.service->scenes().size(), 2 + said.filter("added").size() - said.count("removed"));
@@ -448,7 +455,8 @@ void tst_CNodeServiceReentry::anythingInEverySignal()
     connect(g.service.get(), &INodeService::activeSceneChanged, &context, act);
     connect(g.service.get(), &INodeService::sceneRemoving, &context, act);
     connect(g.service.get(), &INodeService::sceneRemoved, &context, act);
-    for (const CNodeScene* scene : g.service->scenes()) {
+    const auto scenes = g.service->scenes();
+    for (const CNodeScene* scene : scenes) {
         connect(scene, &CNodeScene::nodeCreated, &context, act);
         connect(scene, &CNodeScene::nodeDeleted, &context, act);
         connect(scene, &CNodeScene::connectionCreated, &context, act);
@@ -463,8 +471,8 @@ void tst_CNodeServiceReentry::anythingInEverySignal()
         return;
     left = 0;
     QCOMPARE(inconsistencyOf(*g.service), QString());
-    QCOMPARE(g.last->said.filter(ofTheService), g.first->said.filter(ofTheService));
-    QCOMPARE(disorderOf(g.first->said.filter(ofTheService), 2), QString());
+    QCOMPARE(g.last->said.filter(ofTheService()), g.first->said.filter(ofTheService()));
+    QCOMPARE(disorderOf(g.first->said.filter(ofTheService()), 2), QString());
 }
 
 void tst_CNodeServiceReentry::sceneLivesUntilItsTurn_data()
@@ -490,7 +498,7 @@ void tst_CNodeServiceReentry::sceneLivesUntilItsTurn()
     g.provoke(signal);
     QVERIFY(scene.isNull());
     QCOMPARE(g.first->said.count("removing 1"), 1);
-    QCOMPARE(g.last->said.filter(ofTheService), g.first->said.filter(ofTheService));
+    QCOMPARE(g.last->said.filter(ofTheService()), g.first->said.filter(ofTheService()));
 }
 
 void tst_CNodeServiceReentry::changesAreAtOnceAndToldLater()
@@ -506,12 +514,12 @@ void tst_CNodeServiceReentry::changesAreAtOnceAndToldLater()
         QCOMPARE(g.service->scenes().size(), 4);
         QCOMPARE(g.service->getActiveScene().data(), g.service->scenes().last());
         QVERIFY(g.service->findNodeByModel(source));
-        QCOMPARE(g.first->said.filter(ofTheService), QStringList({"added 3"}));
+        QCOMPARE(g.first->said.filter(ofTheService()), QStringList({"added 3"}));
     });
     g.provoke("sceneAdded");
     const QStringList expected{"added 3", "active 1", "added 4", "active 4", "active 3"};
-    QCOMPARE(g.first->said.filter(ofTheService), expected);
-    QCOMPARE(g.last->said.filter(ofTheService), expected);
+    QCOMPARE(g.first->said.filter(ofTheService()), expected);
+    QCOMPARE(g.last->said.filter(ofTheService()), expected);
 }
 
 void tst_CNodeServiceReentry::activeSceneIsSetByTheOuterOperationLast()
@@ -537,8 +545,8 @@ void tst_CNodeServiceReentry::sceneAddedWhileAnotherIsRemovedIsToldBefore()
     g.act("sceneRemoving", [&] { g.addSource("new"); });
     g.provoke("sceneRemoving");
     const QStringList expected{"removing 2", "added 3", "active 3", "removed", "active 1"};
-    QCOMPARE(g.first->said.filter(ofTheService), expected);
-    QCOMPARE(g.last->said.filter(ofTheService), expected);
+    QCOMPARE(g.first->said.filter(ofTheService()), expected);
+    QCOMPARE(g.last->said.filter(ofTheService()), expected);
 }
 
 void tst_CNodeServiceReentry::firstSceneBecomesActiveAfterHandlersOfRemoved()
@@ -548,7 +556,7 @@ void tst_CNodeServiceReentry::firstSceneBecomesActiveAfterHandlersOfRemoved()
     g.first->take();
     g.act("sceneRemoved", [&] { g.service->setActiveScene(g.service->scenes().last()); });
     g.provoke("sceneRemoved");
-    QCOMPARE(g.first->said.filter(ofTheService), QStringList({"removing 2", "removed", "active 3", "active 1"}));
+    QCOMPARE(g.first->said.filter(ofTheService()), QStringList({"removing 2", "removed", "active 3", "active 1"}));
     QCOMPARE(g.service->getActiveScene().data(), g.service->scenes().first());
 }
 
@@ -563,8 +571,8 @@ void tst_CNodeServiceReentry::removalAskedForTwiceIsOne()
     connect(g.service.get(), &INodeService::sceneRemoving, &context, removeAgain);
     connect(g.service.get(), &INodeService::activeSceneChanged, &context, removeAgain);
     g.service->setActiveScene(g.service->scenes().first());
-    QCOMPARE(g.first->said.filter(ofTheService), QStringList({"active 1", "removing 2", "removed", "active 1"}));
-    QCOMPARE(g.last->said.filter(ofTheService), g.first->said.filter(ofTheService));
+    QCOMPARE(g.first->said.filter(ofTheService()), QStringList({"active 1", "removing 2", "removed", "active 1"}));
+    QCOMPARE(g.last->said.filter(ofTheService()), g.first->said.filter(ofTheService()));
 }
 
 void tst_CNodeServiceReentry::removalsOfTwoScenesAreToldInOrder()
@@ -573,8 +581,8 @@ void tst_CNodeServiceReentry::removalsOfTwoScenesAreToldInOrder()
     g.act("sceneRemoving", [&] { g.service->removeSceneOfNode(g.camIds[0]); });
     g.provoke("sceneRemoving");
     // The first scene is in the list until its turn, but no handler is told that it is active after "removing".
-    QCOMPARE(g.first->said.filter(ofTheService), QStringList({"removing 2", "removing 1", "removed", "removed"}));
-    QCOMPARE(g.last->said.filter(ofTheService), g.first->said.filter(ofTheService));
+    QCOMPARE(g.first->said.filter(ofTheService()), QStringList({"removing 2", "removing 1", "removed", "removed"}));
+    QCOMPARE(g.last->said.filter(ofTheService()), g.first->said.filter(ofTheService()));
     QVERIFY(g.service->scenes().isEmpty());
     QVERIFY(g.service->getActiveScene().isNull());
 }
@@ -594,7 +602,7 @@ void tst_CNodeServiceReentry::sceneThatIsBeingDestroyedIsNeverActive()
     });
     CGraph::destroy(dying);
     QVERIFY(hasActed);
-    QCOMPARE(g.first->said.filter(ofTheService), QStringList({"removing 2", "removed", "removed"}));
+    QCOMPARE(g.first->said.filter(ofTheService()), QStringList({"removing 2", "removed", "removed"}));
     QVERIFY(g.service->scenes().isEmpty());
 }
 
@@ -606,7 +614,7 @@ void tst_CNodeServiceReentry::removalOutsideOfTheServicesSignalsIsAtOnce()
         g.act(signal, [&] {
             g.service->removeSceneOfNode(g.camIds[1]);
             QVERIFY(scene.isNull());
-            QCOMPARE(g.first->said.filter(ofTheService), QStringList({"removing 2", "removed", "active 1"}));
+            QCOMPARE(g.first->said.filter(ofTheService()), QStringList({"removing 2", "removed", "active 1"}));
         });
         g.provoke(signal);
         QVERIFY(scene.isNull());
@@ -630,7 +638,7 @@ void tst_CNodeServiceReentry::newSceneThatAHandlerDestroysTakesNoNode()
     QStringList expected{"added 3", "active 3", "removed", "active 1"};
     if (signal == "sceneAdded")
         expected.removeOne("active 3");
-    QCOMPARE(g.first->said.filter(ofTheService), expected);
+    QCOMPARE(g.first->said.filter(ofTheService()), expected);
     QCOMPARE(g.service->scenes().size(), 2);
     QCOMPARE(CHostModel::alive(), 4);
 }
@@ -640,8 +648,8 @@ void tst_CNodeServiceReentry::removedSceneThatAHandlerDestroysIsToldOnce()
     CGraph g;
     g.act("sceneRemoving", [&] { CGraph::destroy(g.told); });
     g.provoke("sceneRemoving");
-    QCOMPARE(g.first->said.filter(ofTheService), QStringList({"removing 2", "removed", "active 1"}));
-    QCOMPARE(g.last->said.filter(ofTheService), g.first->said.filter(ofTheService));
+    QCOMPARE(g.first->said.filter(ofTheService()), QStringList({"removing 2", "removed", "active 1"}));
+    QCOMPARE(g.last->said.filter(ofTheService()), g.first->said.filter(ofTheService()));
     QCOMPARE(g.service->scenes().size(), 1);
 }
 
@@ -658,7 +666,7 @@ void tst_CNodeServiceReentry::everyHandlerHearsOfASceneThatAnotherWantsRemoved()
         }
     });
     g.service->setActiveScene(g.service->scenes().last());
-    QCOMPARE(g.first->said.filter(ofTheService), QStringList({"active 2", "removing 2", "removed", "active 1"}));
+    QCOMPARE(g.first->said.filter(ofTheService()), QStringList({"active 2", "removing 2", "removed", "active 1"}));
     QCOMPARE(heard, 2);
 }
 
@@ -683,7 +691,7 @@ void tst_CNodeServiceReentry::serviceThatAHandlerDestroysSaysNoMore()
     });
     g.provoke(signal);
     QVERIFY(!g.service);
-    QCOMPARE(g.first->said.filter(ofTheService), expected);
+    QCOMPARE(g.first->said.filter(ofTheService()), expected);
     QCOMPARE(CHostModel::alive(), 0);
 }
 
@@ -696,7 +704,7 @@ void tst_CNodeServiceReentry::throwingHandlerHoldsUpNoTurn()
         throw std::runtime_error("handler");
     });
     g.service->setActiveScene(g.service->scenes().first());
-    QCOMPARE(g.first->said.filter(ofTheService),
+    QCOMPARE(g.first->said.filter(ofTheService()),
              QStringList({"active 1", "removing 2", "active 2", "removed", "active 1"}));
     QCOMPARE(g.messages.texts("halvex.service").filter("handler").size(), 1);
     QCOMPARE(inconsistencyOf(*g.service), QString());

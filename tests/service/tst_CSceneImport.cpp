@@ -110,7 +110,8 @@ public:
         const QJsonDocument json = QJsonDocument::fromJson(text.toUtf8());
         if (!json.isArray())
             return;
-        for (const QJsonValue& entry : json.array()) {
+        const QJsonArray elements = json.array();
+        for (const QJsonValue& entry : elements) {
             if (!entry.isObject())
                 continue;
             const QString label = entry["name"].isString() ? entry["name"].toString() : "";
@@ -129,14 +130,15 @@ public:
                     nodeEntry(m_ids[source.second], {{"name", found->name()}, {"is_unique", found->isUnique()}}));
             }
         }
-        for (const QJsonValue& entry : json.array()) {
+        for (const QJsonValue& entry : elements) {
             if (!entry.isObject())
                 continue;
             const QString self = idOf(entry["name"].isString() ? entry["name"].toString() : "");
             for (const auto& source : sourcesOf(entry))
                 m_connections.append(connectionEntry(self, source.first, idOf(source.second), source.first));
             if (entry["connection"].isArray()) {
-                for (const QJsonValue& group : entry["connection"].toArray())
+                const QJsonArray groups = entry["connection"].toArray();
+                for (const QJsonValue& group : groups)
                     feed(self, group);
             }
         }
@@ -151,9 +153,11 @@ private:
         if (!entry["unique_sources"].isArray())
             return sources;
         int port = 0;
-        for (const QJsonValue& names : entry["unique_sources"].toArray()) {
+        const QJsonArray ports = entry["unique_sources"].toArray();
+        for (const QJsonValue& names : ports) {
             if (names.isArray()) {
-                for (const QJsonValue& name : names.toArray()) {
+                const QJsonArray list = names.toArray();
+                for (const QJsonValue& name : list) {
                     if (name.isString())
                         sources.emplace_back(port, name.toString());
                 }
@@ -173,7 +177,8 @@ private:
     {
         if (!group.isArray())
             return;
-        for (const QJsonValue& item : group.toArray()) {
+        const QJsonArray items = group.toArray();
+        for (const QJsonValue& item : items) {
             if (item.isString())
                 m_connections.append(connectionEntry(idOf(item.toString()), 0, self, 0));
             if (!item.isObject())
@@ -223,10 +228,12 @@ QJsonObject withoutFreshIds(const QJsonObject& sceneDocument, const CNodeScene& 
         return entry;
     };
     QJsonArray nodes;
-    for (const QJsonValue& node : nodesOf(sceneDocument))
+    const QJsonArray sceneNodes = nodesOf(sceneDocument);
+    for (const QJsonValue& node : sceneNodes)
         nodes.append(rename(node.toObject(), "id"));
     QJsonArray connections;
-    for (const QJsonValue& connection : connectionsOf(sceneDocument))
+    const QJsonArray sceneConnections = connectionsOf(sceneDocument);
+    for (const QJsonValue& connection : sceneConnections)
         connections.append(rename(rename(connection.toObject(), "in_id"), "out_id"));
     return {{"nodes", nodes}, {"connections", connections}};
 }
@@ -774,7 +781,8 @@ void tst_CSceneImport::wrongElements()
     f.add("cam");
     const QJsonObject made = f.importAll(QStringList(text));
     QJsonArray models;
-    for (const QJsonValue& node : nodesOf(made))
+    const QJsonArray madeNodes = nodesOf(made);
+    for (const QJsonValue& node : madeNodes)
         models.append(node["model"]);
     QCOMPARE(models, nodes);
     QCOMPARE(connectionsOf(made), connections);
@@ -907,10 +915,11 @@ public:
         return added;
     }
 
-    std::vector<CHostModel*> views()
+    std::vector<CHostModel*> views() const
     {
         std::vector<CHostModel*> found;
-        for (CNodeBase* node : service.documentNodes())
+        const auto documentNodes = service.documentNodes();
+        for (CNodeBase* node : documentNodes)
             found.push_back(dynamic_cast<CHostModel*>(node->nodeDataModel()));
         return found;
     }
