@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LicenseRef-Halvex
 
 #include "CHostProgram.h"
+#include "TestFile.h"
 
 #include <QDir>
 #include <QFile>
@@ -12,22 +13,6 @@
 
 #include <csignal>
 #include <filesystem>
-
-namespace {
-
-QByteArray content(const QString& name)
-{
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
-}
-
-bool write(const QString& name, const QByteArray& bytes)
-{
-    QFile file(name);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
-} // namespace
 
 /// Chains and several cameras as a user meets them.
 class tst_HalvexHostChains : public QObject

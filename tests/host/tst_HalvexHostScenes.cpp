@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LicenseRef-Halvex
 
 #include "CHostProgram.h"
+#include "TestFile.h"
 
 #include <QDir>
 #include <QFile>
@@ -15,18 +16,6 @@
 #include <csignal>
 
 namespace {
-
-QByteArray content(const QString& name)
-{
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
-}
-
-bool write(const QString& name, const QByteArray& bytes)
-{
-    QFile file(name);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
 
 // The document with each decoupler at that rate.
 QByteArray withRate(const QByteArray& document, double rate)
