@@ -43,8 +43,8 @@ CNodeBase::CNodeBase(std::unique_ptr<CNodeDataModel>&& model)
 
     CStackGauge::hasRoom(
         CStackGauge::EFor::Delivery); // reads the bounds of this thread's stack, which allocates, before any walk does
-    CLiveObjects::add(this, CLiveObjects::EKind::Node);
     connect(m_model.get(), &CNodeDataModel::dataUpdated, this, &CNodeBase::onDataUpdated);
+    CLiveObjects::add(this, CLiveObjects::EKind::Node); // last: only the destructor takes it back
 }
 
 CNodeBase::~CNodeBase()

@@ -44,16 +44,16 @@ CNodeConnection::CNodeConnection(CNodeBase& inNode, NodePortIndex inIndex, CNode
     : m_id(Core::CId::createId())
     , m_converter(shared(std::move(converter)))
 {
-    CLiveObjects::add(this, CLiveObjects::EKind::Connection);
     setNodeToPort(inNode, ENodePortType::In, inIndex);
     setNodeToPort(outNode, ENodePortType::Out, outIndex);
+    CLiveObjects::add(this, CLiveObjects::EKind::Connection); // last: only the destructor takes it back
 }
 
 CNodeConnection::CNodeConnection(ENodePortType portType, CNodeBase& node, NodePortIndex index)
     : m_id(Core::CId::createId())
 {
-    CLiveObjects::add(this, CLiveObjects::EKind::Connection);
     setNodeToPort(node, portType, index);
+    CLiveObjects::add(this, CLiveObjects::EKind::Connection);
 }
 
 CNodeConnection::~CNodeConnection()

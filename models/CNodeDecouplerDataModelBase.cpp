@@ -17,7 +17,7 @@ namespace Plugin {
 namespace Halvex {
 
 CNodeDecouplerDataModelBase::CNodeDecouplerDataModelBase()
-    : m_decoupler(new CDecoupler)
+    : m_decoupler(std::make_unique<CDecoupler>())
     , m_tickTimer(new QTimer(this))
 {
     m_modelType = ENodeDataModelType::Decoupler;
@@ -25,20 +25,20 @@ CNodeDecouplerDataModelBase::CNodeDecouplerDataModelBase()
     reconfigureTickTimer();
     m_tickTimer->start();
 
-    connect(m_tickTimer, &QTimer::timeout, m_decoupler, &CDecoupler::throttleTimerTick);
+    connect(m_tickTimer, &QTimer::timeout, m_decoupler.get(), &CDecoupler::throttleTimerTick);
     // A tick starts no thread. Without this, data that came before the first tick would wait for more data.
-    connect(m_tickTimer, &QTimer::timeout, m_decoupler, &CDecoupler::startForWaitingData);
-    connect(this, &CNodeDecouplerDataModelBase::inDataUpdated, m_decoupler, &CDecoupler::setNodeData);
-    connect(m_decoupler, &CDecoupler::nodeDataAvailable, this, &CNodeDecouplerDataModelBase::onNodeDataAvailable);
+    connect(m_tickTimer, &QTimer::timeout, m_decoupler.get(), &CDecoupler::startForWaitingData);
+    connect(this, &CNodeDecouplerDataModelBase::inDataUpdated, m_decoupler.get(), &CDecoupler::setNodeData);
+    connect(m_decoupler.get(), &CDecoupler::nodeDataAvailable, this, &CNodeDecouplerDataModelBase::onNodeDataAvailable);
 }
 
 CNodeDecouplerDataModelBase::~CNodeDecouplerDataModelBase()
 {
     m_tickTimer->stop();
     // What these release may run foreign code, which must find a model that has no output and takes no data.
-    disconnect(m_decoupler, nullptr, this, nullptr);
+    disconnect(m_decoupler.get(), nullptr, this, nullptr);
     CNodeDataPtr().swap(m_lastData);
-    std::exchange(m_decoupler, nullptr)->deleteWhenEnded();
+    m_decoupler.release()->deleteWhenEnded();
 }
 
 QString CNodeDecouplerDataModelBase::caption()

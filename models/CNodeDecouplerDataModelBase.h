@@ -9,6 +9,8 @@
 
 #include <Halvex/HalvexExport.h>
 
+#include <memory>
+
 class QTimer;
 
 namespace Plugin {
@@ -85,7 +87,7 @@ private Q_SLOTS:
 private:
     void reconfigureTickTimer();
 
-    CDecoupler* m_decoupler; // owned; no child, since it goes first
+    std::unique_ptr<CDecoupler> m_decoupler; // no child, since it goes first
     QTimer* m_tickTimer;
     double m_framesPerSecond = 25.0;
     CNodeDataPtr m_lastData;

@@ -62,10 +62,12 @@ void CNodeDataModelRegistry::add(ModelCreator creator, const QString& category)
     const QString name = prototype->name();
     prototype.reset();
 
-    if (!m_creators.emplace(name, std::move(creator)).second)
+    if (m_creators.count(name) != 0)
         return;
+    // The creator last: a registration that failed on the way can be done again.
     m_categories.insert(category);
     m_categoryOfModel[name] = category;
+    m_creators.emplace(name, std::move(creator));
 }
 
 } // namespace Halvex

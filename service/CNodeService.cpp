@@ -140,8 +140,10 @@ std::unique_ptr<ANodeDataModel> CNodeService::createModel(const QString& modelNa
 void CNodeService::registerTypeConverter(const std::pair<SNodeDataType, SNodeDataType>& fromTo,
                                          NodeDataConverter converter)
 {
-    if (const auto shared = registry())
-        shared->registerTypeConverter(fromTo, std::move(converter));
+    swallowExceptions(lcService, "Registering a converter", [&] {
+        if (const auto shared = registry())
+            shared->registerTypeConverter(fromTo, std::move(converter));
+    });
 }
 
 QPointer<CNodeScene> CNodeService::getActiveScene()
@@ -245,7 +247,12 @@ Core::CId CNodeService::placeInto(QPointer<CNodeScene> scene, std::unique_ptr<AN
         m_knownNodes.erase(modelId);
         return Core::CId();
     }
-    know(modelId, *node, false);
+    if (!swallowExceptions(lcService, "Adding a node", [&] { know(modelId, *node, false); })) {
+        // A node that its model does not lead to would be given the same model once more.
+        m_knownNodes.erase(modelId);
+        removeNode(*node, false);
+        return Core::CId();
+    }
     return node->id();
 }
 
@@ -260,8 +267,8 @@ CNodeBase* CNodeService::knownNode(const ANodeDataModel& model) const
 void CNodeService::know(const Core::CId& modelId, CNodeBase& node, bool isFromDocument)
 {
     // Not every node that goes is announced: a document replaces nodes silently.
-    m_knownNodes[modelId] = {&node, isFromDocument, false};
     connect(&node, &QObject::destroyed, this, [this, modelId](const QObject* gone) { forget(modelId, gone); });
+    m_knownNodes[modelId] = {&node, isFromDocument, false};
 }
 
 void CNodeService::forget(const Core::CId& modelId, const QObject* node)
@@ -330,11 +337,12 @@ bool CNodeService::importAll(const QStringList& documents)
 
 QPointer<CNodeScene> CNodeService::addScene(const Core::AppCoreComponents::BaseInfoPtr& info)
 {
-    const QPointer<CNodeScene> scene = new CNodeScene(info, nullptr);
+    auto made = std::make_unique<CNodeScene>(info, nullptr);
+    const QPointer<CNodeScene> scene = made.get();
     connect(scene, &CNodeScene::nodeCreated, this, &CNodeService::onNodeCreated);
     connect(scene, &CNodeScene::nodeDeleted, this, &CNodeService::onNodeDeleted);
-    connect(scene, &QObject::destroyed, this, [this, made = scene.data()] { onSceneDestroyed(made); });
-    m_scenes.append(scene);
+    connect(scene, &QObject::destroyed, this, [this, address = made.get()] { onSceneDestroyed(address); });
+    m_scenes.append(made.release());
     scene->setRegistry(registry());
     takeTurn([this, scene] {
         if (scene)
@@ -348,11 +356,15 @@ void CNodeService::removeScene(CNodeScene& scene)
     // One that the host is destroying goes by itself, and onSceneDestroyed() tells of it.
     if (scene.isBeingDestroyed() || m_leavingScenes.contains(&scene))
         return;
-    m_leavingScenes.insert(&scene);
-    takeTurn([this, leaving = QPointer<CNodeScene>(&scene)] {
-        if (!leaving || tell([&] { Q_EMIT sceneRemoving(leaving); }))
-            takeTurn([this, leaving] { destroyScene(leaving); });
+    const bool isPlanned = queueTurn([this, leaving = QPointer<CNodeScene>(&scene)] {
+        if (leaving && !tell([&] { Q_EMIT sceneRemoving(leaving); }))
+            return;
+        if (!queueTurn([this, leaving] { destroyScene(leaving); }))
+            m_leavingScenes.remove(leaving); // it stays, and can be removed later
     });
+    if (isPlanned)
+        m_leavingScenes.insert(&scene);
+    takeTurns();
 }
 
 void CNodeService::destroyScene(const QPointer<CNodeScene>& scene)
@@ -394,12 +406,23 @@ void CNodeService::activate(CNodeScene* scene)
     });
 }
 
-void CNodeService::takeTurn(std::function<void()> turn)
+template <typename Turn>
+void CNodeService::takeTurn(Turn turn)
 {
-    if (m_isClosing)
-        return;
-    m_turns.push_back(std::move(turn));
-    if (m_isTelling)
+    queueTurn(std::move(turn));
+    takeTurns();
+}
+
+template <typename Turn>
+bool CNodeService::queueTurn(Turn turn)
+{
+    return !m_isClosing && swallowExceptions(lcService, "Putting off a turn of the node service",
+                                             [&] { m_turns.emplace_back(std::move(turn)); });
+}
+
+void CNodeService::takeTurns()
+{
+    if (m_isTelling || m_isClosing)
         return;
 
     const QPointer<CNodeService> self(this);

@@ -93,8 +93,12 @@ private:
     void tellRemoved();
 
     // One thing after the other: a turn that is asked for while another one lasts comes when those before it are over.
-    // Each may end the service.
-    void takeTurn(std::function<void()> turn);
+    // Each may end the service. A turn for which there is no memory is reported and left out.
+    template <typename Turn>
+    void takeTurn(Turn turn);
+    template <typename Turn>
+    bool queueTurn(Turn turn);
+    void takeTurns();
 
     // Emits a signal. Returns false when a handler has destroyed the service.
     bool tell(const std::function<void()>& signal);
