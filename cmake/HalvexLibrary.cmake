@@ -28,6 +28,7 @@ set(HALVEX_PUBLIC_HEADERS
   models/ASourceNodeDataModel.h
   models/CDecoupler.h
   models/CGenericNodeDecouplerDataModel.h
+  models/CNodeDataEntry.h
   models/CNodeDataFlowProxy.h
   models/CNodeDecouplerDataModelBase.h
   models/ENodeDataModelType.h
@@ -74,8 +75,10 @@ target_sources(Halvex PRIVATE
   models/CDecoupler.cpp
   models/CDecouplerWorker.cpp
   models/CDecouplerWorker_p.h
+  models/CNodeDataEntry.cpp
   models/CNodeDataFlowProxy.cpp
   models/CNodeDecouplerDataModelBase.cpp
+  models/CSourceDataFlowProxy_p.h
   scene/CNodeDataModelRegistry.cpp
   scene/CNodeScene.cpp
   scene/CNodeSceneDocument.cpp

@@ -50,7 +50,9 @@ enum class ENodeValidationState
  * parent. Port counts are read once, when the node is made, and must not change.
  *
  * Threads: the virtual operations are called in the graph's thread, the one that constructed the model. Signals may be
- * emitted from any thread; a foreign thread's dataUpdated() is queued into the graph's.
+ * emitted from any thread; a foreign thread's dataUpdated() is queued into the graph's. A model with threads of its own
+ * guards what they share with outData(), and its destructor, that of the most derived class, ends them before anything
+ * else: until then they may emit, also while the node is being removed.
  *
  * Re-entry: setInData() and outData() run inside a walk. They may change the graph, their own node's removal
  * included: the node and this model then live until the walk has left them.

@@ -3,12 +3,14 @@
 
 #include "models/ASourceNodeDataModel.h"
 
+#include "models/CSourceDataFlowProxy_p.h"
+
 namespace Plugin {
 namespace Halvex {
 
 ASourceNodeDataModel::ASourceNodeDataModel(QString uniqueName)
     : ANodeDataModel(std::move(uniqueName))
-    , m_dataFlowProxy(new CNodeDataFlowProxy(this))
+    , m_dataFlowProxy(new CSourceDataFlowProxy(this))
 {
     m_modelType = ENodeDataModelType::Source;
     connect(m_dataFlowProxy.data(), &CNodeDataFlowProxy::newDataAvailable, this,
@@ -27,6 +29,12 @@ ASourceNodeDataModel::~ASourceNodeDataModel()
 QPointer<CNodeDataFlowProxy> ASourceNodeDataModel::getDataFlowProxy()
 {
     return m_dataFlowProxy;
+}
+
+CNodeDataEntry ASourceNodeDataModel::dataEntry() const
+{
+    const auto* const proxy = static_cast<const CSourceDataFlowProxy*>(m_dataFlowProxy.data());
+    return proxy ? proxy->entry() : CNodeDataEntry();
 }
 
 CNodeDataPtr ASourceNodeDataModel::outData(NodePortIndex index)

@@ -5,6 +5,7 @@
 
 #include "graph/CWeakLink.h"
 #include "models/ANodeDataModel.h"
+#include "models/CNodeDataEntry.h"
 #include "models/CNodeDataFlowProxy.h"
 
 #include <Halvex/HalvexExport.h>
@@ -18,13 +19,20 @@ namespace Halvex {
  * A model whose data enters the graph from outside, through its proxy.
  *
  * \code
- * if (const QPointer<CNodeDataFlowProxy> proxy = camera.getDataFlowProxy())
- *     proxy->setData(frame); // from any thread
+ * const QPointer<CNodeDataFlowProxy> proxy = camera.getDataFlowProxy();
+ * const CNodeDataEntry entry = camera.dataEntry();
+ *
+ * if (proxy)
+ *     proxy->setData(frame); // in the graph's thread
+ * entry.setData(frame);      // in any other, also after the model is gone
  * \endcode
  *
  * What arrives is stored, replacing what was there, and then announced with dataUpdated(0), all in the graph's thread:
  * before setData() returns if that was called there, else from that thread's event loop. Empty data too is stored and
  * announced, though a node passes nothing on for it.
+ *
+ * Threads: getDataFlowProxy() and dataEntry() are for the graph's, before the other threads start. Those may call the
+ * proxy's setData() until the model is destroyed, and an entry's as long as they like.
  *
  * Subclasses owe caption(), name(), nPorts(), dataType(), setInData() and isUnique().
  */
@@ -38,6 +46,9 @@ public:
 
     /// Where outside code puts data in. The proxy is owned by the model and goes with it; the pointer is then null.
     QPointer<CNodeDataFlowProxy> getDataFlowProxy();
+
+    /// The same way in for threads that the model does not wait for. Leads nowhere if the proxy was destroyed.
+    CNodeDataEntry dataEntry() const;
 
     /// The last data, for every \a index: a source with several output ports offers the same on all.
     CNodeDataPtr outData(NodePortIndex index) override;

@@ -10,11 +10,12 @@
 //
 //   what happened before a mutex was unlocked    is seen by who locks it next
 //   what happened before a signal was emitted    is seen by the slot that the queued call reaches
+//   what happened before a call was queued       is seen by the call
 //   what happened before deleteLater()           is seen by the destructor
 //   what happened before a thread finished       is seen by who waited for it
 //
-// Queued calls are told apart by their sender: between two emissions of one sender the detector may take the later one
-// for the one that a slot has seen.
+// Queued signals are told apart by their sender, queued calls of functions by their receiver: between two emissions of
+// one sender the detector may take the later one for the one that a slot has seen.
 //
 // A race that these edges do not order is still reported, which the seeded races beside this file show.
 
@@ -87,8 +88,10 @@ bool onEventDelivered(void** arguments)
     const auto* const event = static_cast<const QEvent*>(arguments[1]);
     const bool isDeletion = event->type() == QEvent::DeferredDelete;
     const QObject* source = isDeletion ? receiver : nullptr;
-    if (event->type() == QEvent::MetaCall)
-        source = static_cast<const QAbstractMetaCallEvent*>(event)->sender();
+    if (event->type() == QEvent::MetaCall) {
+        const QObject* const sender = static_cast<const QAbstractMetaCallEvent*>(event)->sender();
+        source = sender ? sender : receiver;
+    }
     AnnotateIgnoreReadsEnd(__FILE__, __LINE__);
 
     if (source)
@@ -153,6 +156,17 @@ void QMetaObject::activate(QObject* sender, const QMetaObject* metaObject, int s
     __tsan_release(sender);
     qtActivate(sender, metaObject, signal, arguments);
     t_sender = outerSender;
+}
+
+bool QMetaObject::invokeMethodImpl(QObject* receiver, QtPrivate::QSlotObjectBase* function, Qt::ConnectionType type,
+                                   void* result)
+{
+    using Invoke = bool (*)(QObject*, QtPrivate::QSlotObjectBase*, Qt::ConnectionType, void*);
+    static const auto qtInvoke = reinterpret_cast<Invoke>(
+        dlsym(RTLD_NEXT,
+              "_ZN11QMetaObject16invokeMethodImplEP7QObjectPN9QtPrivate15QSlotObjectBaseEN2Qt14ConnectionTypeEPv"));
+    __tsan_release(receiver);
+    return qtInvoke(receiver, function, type, result);
 }
 
 void QObject::deleteLater()

@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "models/CNodeDataEntry.h"
+#include "models/CNodeDataFlowProxy.h"
+
+namespace Plugin {
+namespace Halvex {
+
+/// The proxy of a source, which closes the source's entries when it goes: before its QObject part is touched, and with
+/// it what was queued is taken back.
+class CSourceDataFlowProxy : public CNodeDataFlowProxy
+{
+public:
+    explicit CSourceDataFlowProxy(QObject* parent)
+        : CNodeDataFlowProxy(parent)
+        , m_entry(*this)
+    {
+    }
+    ~CSourceDataFlowProxy() override { m_entry.close(); }
+
+    const CNodeDataEntry& entry() const { return m_entry; }
+
+private:
+    CNodeDataEntry m_entry;
+};
+
+} // namespace Halvex
+} // namespace Plugin
