@@ -1,0 +1,502 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+// Everything that crosses threads, at the moments when it is most likely to break. With the race detector it says
+// whether the threads are ordered; in the other builds, whether nothing is lost and nothing is left.
+
+#include "models/CDecoupler.h"
+#include "models/CGenericNodeDecouplerDataModel.h"
+#include "models/CNodeDataEntry.h"
+#include "service/CNodeService.h"
+
+#include "models/TestModels.h"
+#include "support/CTestModel.h"
+#include "support/SceneConsistency.h"
+
+#include <QMutex>
+#include <QMutexLocker>
+#include <QSemaphore>
+#include <QtTest>
+
+#include <atomic>
+#include <random>
+#include <set>
+#include <vector>
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+constexpr int threadCount = 8;
+
+using CTestDecoupler = CGenericNodeDecouplerDataModel<CTestData>;
+
+/// Threads that do the same again and again until they are told to stop.
+class CThreads
+{
+public:
+    CThreads(int count, const std::function<void(int thread)>& work)
+    {
+        for (int thread = 0; thread < count; ++thread) {
+            m_threads.emplace_back(QThread::create([this, thread, work] {
+                while (!m_isStopped.load(std::memory_order_relaxed))
+                    work(thread);
+            }));
+            m_threads.back()->start();
+        }
+    }
+    ~CThreads() { stop(); }
+    Q_DISABLE_COPY(CThreads)
+
+    void stop()
+    {
+        m_isStopped.store(true, std::memory_order_relaxed);
+        for (const auto& thread : m_threads)
+            thread->wait();
+    }
+
+private:
+    std::vector<std::unique_ptr<QThread>> m_threads;
+    std::atomic<bool> m_isStopped{false};
+};
+
+/// Counts what is under way, as a camera's buffers do, so that senders are not faster than the graph.
+class CFrameData : public CTestData
+{
+public:
+    CFrameData(int value, QSemaphore& free)
+        : CTestData(value)
+        , m_free(free)
+    {
+    }
+    ~CFrameData() override { m_free.release(); }
+
+private:
+    QSemaphore& m_free;
+};
+
+/// The next frame of a thread's camera; null if there is no free buffer in time.
+QSharedPointer<CFrameData> grab(QSemaphore& free, int value)
+{
+    return free.tryAcquire(1, 10) ? QSharedPointer<CFrameData>::create(value, free) : QSharedPointer<CFrameData>();
+}
+
+std::unique_ptr<CTestModel> makeConsumer(std::atomic<int>& count)
+{
+    auto consumer = std::make_unique<CTestModel>(1U, 0U, QStringLiteral("Consumer"));
+    consumer->onSetInData = [model = consumer.get(), &count](const CNodeDataPtr& data, NodePortIndex) {
+        model->received.clear(); // or it would keep the camera's buffers
+        if (data)
+            ++count;
+    };
+    return consumer;
+}
+
+/// Calls back from its own threads, as the library of a device does.
+class CDevice
+{
+public:
+    CDevice()
+        : m_threads(4, [this](int) { callBack(); })
+    {
+    }
+    ~CDevice() { m_threads.stop(); }
+    Q_DISABLE_COPY(CDevice)
+
+    class IListener
+    {
+    public:
+        virtual ~IListener() = default;
+        virtual void onTick() = 0;
+    };
+
+    void add(IListener* listener)
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_listeners.insert(listener);
+    }
+
+    /// Waits for a call in progress.
+    void remove(IListener* listener)
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_listeners.erase(listener);
+    }
+
+private:
+    void callBack()
+    {
+        {
+            const QMutexLocker lock(&m_mutex);
+            for (IListener* const listener : m_listeners)
+                listener->onTick();
+        }
+        QThread::yieldCurrentThread();
+    }
+
+    QMutex m_mutex;
+    std::set<IListener*> m_listeners;
+    CThreads m_threads; // the last, since they use the others
+};
+
+/// Announces its output from a device's threads, until its destructor has left the device.
+class CDeviceModel : public CNodeDataModel, private CDevice::IListener
+{
+public:
+    explicit CDeviceModel(CDevice& device)
+        : m_device(device)
+    {
+        m_device.add(this);
+    }
+    ~CDeviceModel() override { m_device.remove(this); }
+
+    QString caption() override { return name(); }
+    QString name() override { return QStringLiteral("Device"); }
+    unsigned int nPorts(ENodePortType portType) const override { return portType == ENodePortType::Out ? 1 : 0; }
+    SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return CTestData::defaultType(); }
+    void setInData(CNodeDataPtr, NodePortIndex) override {}
+    CNodeDataPtr outData(NodePortIndex) override
+    {
+        const QMutexLocker lock(&m_mutex);
+        return m_out;
+    }
+
+private:
+    void onTick() override
+    {
+        if (!m_free.tryAcquire())
+            return;
+        CNodeDataPtr frame = QSharedPointer<CTestData>::create(1);
+        {
+            const QMutexLocker lock(&m_mutex);
+            m_out.swap(frame);
+        }
+        Q_EMIT dataUpdated(0);
+    }
+
+    CDevice& m_device;
+    QSemaphore m_free{50};
+    QMutex m_mutex;
+    CNodeDataPtr m_out;
+};
+
+/// One graph's whole life, in whichever thread calls it. Returns what is wrong, or an empty text.
+QString liveThroughAGraph()
+{
+    const auto registry = std::make_shared<CNodeDataModelRegistry>();
+    registry->registerModel<CSource>(QStringLiteral("Tests"));
+    registry->registerModel<CTestDecoupler>(QStringLiteral("Tests"));
+
+    CNodeScene scene(registry, nullptr, nullptr);
+    auto model = std::make_unique<CSource>();
+    CSource& source = *model;
+    CNodeBase& from = scene.createNode(std::move(model));
+    CNodeBase& through = scene.createNode(std::make_unique<CTestDecoupler>());
+    auto rate = static_cast<CTestDecoupler*>(through.nodeDataModel());
+    rate->setFramesPerSecond(1000);
+    scene.createConnection(through, 0, from, 0, NodeDataConverter());
+    for (int i = 0; i < 20; ++i) {
+        source.getDataFlowProxy()->setData(CTestData::make(i));
+        source.dataEntry().setData(CTestData::make(i));
+        QCoreApplication::processEvents();
+        CNodeScene copy(registry, nullptr, nullptr);
+        copy.loadFromMemory(scene.saveToMemory());
+        if (copy.nodes().size() != 2 || copy.connections().size() != 1 || !inconsistencyOf(copy).isEmpty())
+            return QStringLiteral("a copy is not what was saved");
+    }
+    if (&scene.createNode(nullptr) == &CNodeScene::noNode())
+        return QStringLiteral("a node was not made");
+    return inconsistencyOf(scene);
+}
+
+/// Ways to remove a source's node.
+using Removal = std::function<void(CNodeService&, const Core::CId&)>;
+
+} // namespace
+
+Q_DECLARE_METATYPE(Removal)
+
+class tst_Threads : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+
+    void graphsOfSeveralThreadsBegin(); // comes first: the process has registered nothing yet
+    void threadsFeedWhileTheGraphChanges_data();
+    void threadsFeedWhileTheGraphChanges();
+    void decouplersGoUnderLoad();
+    void decouplersAreFedByManyThreads();
+    void modelsAnnounceFromForeignThreads();
+    void sourceGoesWhileThreadsSend_data();
+    void sourceGoesWhileThreadsSend();
+    void sinkGoesWhileAnotherThreadListens();
+};
+
+void tst_Threads::cleanup()
+{
+    QCOMPARE(CTestData::alive(), 0);
+    QCOMPARE(CTestModel::alive(), 0);
+}
+
+void tst_Threads::graphsOfSeveralThreadsBegin()
+{
+    std::atomic<int> failures{0};
+    std::vector<std::unique_ptr<QThread>> threads;
+    for (int i = 0; i < 4; ++i) {
+        threads.emplace_back(QThread::create([&failures] {
+            if (!liveThroughAGraph().isEmpty())
+                ++failures;
+        }));
+    }
+    for (const auto& thread : threads)
+        thread->start();
+    for (const auto& thread : threads)
+        QVERIFY(thread->wait());
+    QCOMPARE(failures.load(), 0);
+}
+
+void tst_Threads::threadsFeedWhileTheGraphChanges_data()
+{
+    QTest::addColumn<bool>("throughEntries");
+
+    QTest::newRow("proxies") << false;
+    QTest::newRow("entries") << true;
+}
+
+void tst_Threads::threadsFeedWhileTheGraphChanges()
+{
+    QFETCH(const bool, throughEntries);
+
+    QSemaphore free(100); // what the graph holds is given back to it
+    CNodeScene scene(nullptr, nullptr);
+    auto model = std::make_unique<CSource>();
+    CNodeDataFlowProxy& proxy = *model->getDataFlowProxy();
+    const CNodeDataEntry entry = model->dataEntry();
+    std::vector<int> next(threadCount, 0); // expected of each thread
+    int outOfOrder = 0;
+    connect(&proxy, &CNodeDataFlowProxy::newDataAvailable, this, [&](const CNodeDataPtr& data) {
+        const int value = CTestData::valueOf(data);
+        if (value / threadCount != next[std::size_t(value % threadCount)]++)
+            ++outOfOrder;
+    });
+    CNodeBase& source = scene.createNode(std::move(model));
+
+    std::vector<int> sent(threadCount, 0);
+    CThreads feeders(threadCount, [&](int thread) {
+        int& count = sent[std::size_t(thread)];
+        const auto frame = grab(free, count * threadCount + thread);
+        if (!frame)
+            return;
+        ++count;
+        if (throughEntries)
+            entry.setData(frame);
+        else
+            proxy.setData(frame);
+    });
+
+    std::mt19937 random(20261121);
+    std::atomic<int> delivered{0};
+    std::vector<CNodeBase*> consumers;
+    for (int change = 0; change < 500; ++change) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 2);
+        if (consumers.size() > 8) {
+            const auto victim = consumers.begin() + int(random() % consumers.size());
+            scene.removeNode(**victim);
+            consumers.erase(victim);
+            continue;
+        }
+        consumers.push_back(&scene.createNode(makeConsumer(delivered)));
+        const auto connection = scene.createConnection(*consumers.back(), 0, source, 0, NodeDataConverter());
+        if (change % 3 == 0)
+            scene.deleteConnection(*connection);
+    }
+    QTRY_VERIFY(delivered > 0);
+    feeders.stop();
+
+    QTRY_COMPARE(next, sent);
+    QCOMPARE(outOfOrder, 0);
+    QCOMPARE(inconsistencyOf(scene), QString());
+}
+
+void tst_Threads::decouplersGoUnderLoad()
+{
+    QSemaphore free(100);
+    CNodeScene scene(nullptr, nullptr);
+    auto model = std::make_unique<CSource>();
+    const CNodeDataEntry entry = model->dataEntry();
+    CNodeBase& source = scene.createNode(std::move(model));
+    std::atomic<int> emitted{0}; // by workers
+    std::atomic<int> delivered{0};
+    {
+        CThreads feeders(threadCount, [&](int) {
+            if (const auto frame = grab(free, 1))
+                entry.setData(frame);
+        });
+
+        struct SBranch
+        {
+            CNodeBase* decoupler = nullptr;
+            CNodeBase* consumer = nullptr;
+        };
+        SBranch branches[6];
+        for (int round = 0; round < 150; ++round) {
+            SBranch& branch = branches[round % 6];
+            if (branch.decoupler) {
+                scene.removeNode(*branch.decoupler);
+                scene.removeNode(*branch.consumer);
+            }
+            auto decoupler = std::make_unique<CTestDecoupler>();
+            decoupler->setFramesPerSecond(1000);
+            CTestDecoupler& rate = *decoupler;
+            branch = {&scene.createNode(std::move(decoupler)), &scene.createNode(makeConsumer(delivered))};
+            scene.createConnection(*branch.consumer, 0, *branch.decoupler, 0, NodeDataConverter());
+            scene.createConnection(*branch.decoupler, 0, source, 0, NodeDataConverter());
+            const int before = emitted;
+            connect(&rate, &CTestDecoupler::dataUpdated, this, [&emitted] { ++emitted; });
+            // Every other one goes with its worker started a moment ago.
+            if (round % 2 == 0)
+                QTRY_VERIFY(emitted > before);
+            else
+                QCoreApplication::processEvents(QEventLoop::AllEvents, 2);
+        }
+        QVERIFY(delivered > 0);
+    }
+    QCOMPARE(inconsistencyOf(scene), QString());
+}
+
+void tst_Threads::decouplersAreFedByManyThreads()
+{
+    QSemaphore free(100);
+    for (int round = 0; round < 20; ++round) {
+        CDecoupler decoupler;
+        decoupler.enableThrottle(round % 2 == 0);
+        std::atomic<int> emitted{0};
+        connect(
+            &decoupler, &CDecoupler::nodeDataAvailable, this, [&emitted] { ++emitted; }, Qt::DirectConnection);
+        CThreads feeders(threadCount, [&](int thread) {
+            if (const auto frame = grab(free, thread))
+                decoupler.setNodeData(frame);
+            decoupler.throttleTimerTick();
+            const SDecouplerStatistics counts = decoupler.statistics();
+            if (counts.received != counts.emitted + counts.dropped + counts.cancelled + counts.pending)
+                qFatal("the counts do not add up");
+        });
+        while (emitted <= round)
+            QThread::yieldCurrentThread();
+        if (round % 4 < 2)
+            decoupler.shutDown(); // while they go on
+        feeders.stop();
+    }
+}
+
+void tst_Threads::modelsAnnounceFromForeignThreads()
+{
+    CDevice device;
+    CNodeScene scene(nullptr, nullptr);
+    std::atomic<int> delivered{0};
+    CNodeBase& consumer = scene.createNode(makeConsumer(delivered));
+    for (int round = 0; round < 100; ++round) {
+        CNodeBase& node = scene.createNode(std::make_unique<CDeviceModel>(device));
+        scene.createConnection(consumer, 0, node, 0, NodeDataConverter());
+        const int before = delivered;
+        if (round % 2 == 0) {
+            QTRY_VERIFY(delivered > before);
+        }
+        scene.removeNode(node);
+    }
+    const int before = delivered;
+    QCoreApplication::processEvents();
+    QCOMPARE(delivered.load(), before); // what removed models have announced goes nowhere
+    QCOMPARE(inconsistencyOf(scene), QString());
+}
+
+void tst_Threads::sourceGoesWhileThreadsSend_data()
+{
+    QTest::addColumn<Removal>("remove");
+
+    QTest::newRow("node") << Removal(
+        [](CNodeService& service, const Core::CId& node) { service.removeNode(node, false); });
+    QTest::newRow("all nodes") << Removal(
+        [](CNodeService& service, const Core::CId&) { service.getActiveScene()->clearScene(); });
+    QTest::newRow("scene") << Removal(
+        [](CNodeService& service, const Core::CId& node) { service.removeSceneOfNode(node); });
+    QTest::newRow("scene, by the host") << Removal(
+        [](CNodeService& service, const Core::CId&) { delete service.getActiveScene().data(); });
+    QTest::newRow("in a walk") << Removal([](CNodeService& service, const Core::CId& node) {
+        CNodeBase* const source = service.findNode(node);
+        const QPointer<CNodeBase> watched(source);
+        connect(source->nodeDataModel(), &CNodeDataModel::dataUpdated, source,
+                [&service, node] { service.removeNode(node, false); });
+        while (watched)
+            QCoreApplication::processEvents();
+    });
+    QTest::newRow("deferred") << Removal([](CNodeService& service, const Core::CId& node) {
+        CNodeScene& scene = *service.getActiveScene();
+        const auto connection =
+            connect(&scene, &CNodeScene::nodeCreated, &scene, [&service, node] { service.removeNode(node, false); });
+        scene.createNode(std::make_unique<CTestModel>());
+        disconnect(connection);
+    });
+}
+
+void tst_Threads::sourceGoesWhileThreadsSend()
+{
+    QFETCH(const Removal, remove);
+
+    for (int round = 0; round < 10; ++round) {
+        QSemaphore free(100);
+        CNodeService service(nullptr);
+        auto model = std::make_unique<CSource>();
+        model->unique = true;
+        const CNodeDataEntry entry = model->dataEntry();
+        const Core::CId node = service.addNode(std::move(model), nullptr);
+        QVERIFY(service.findNode(node));
+        std::atomic<int> sent{0};
+        std::atomic<int> refused{0};
+        CThreads feeders(threadCount, [&, entry](int) {
+            if (const auto frame = grab(free, 1))
+                ++(entry.setData(frame) ? sent : refused);
+        });
+        while (sent <= round)
+            QThread::yieldCurrentThread();
+        remove(service, node);
+        QVERIFY(!service.findNode(node));
+        QVERIFY(!entry.setData(CTestData::make(1)));
+        while (refused <= round) // they go on
+            QThread::yieldCurrentThread();
+    }
+}
+
+void tst_Threads::sinkGoesWhileAnotherThreadListens()
+{
+    QThread other;
+    other.start();
+    for (int round = 0; round < 50; ++round) {
+        QObject listener;
+        listener.moveToThread(&other);
+        std::atomic<int> heard{0};
+
+        CNodeScene scene(nullptr, nullptr);
+        auto model = std::make_unique<CSink>();
+        connect(model->getDataFlowProxy().data(), &CNodeDataFlowProxy::newDataAvailable, &listener, [&heard, &other] {
+            if (QThread::currentThread() == &other)
+                ++heard;
+        });
+        CNodeBase& sink = scene.createNode(std::move(model));
+        for (int i = 0; i < 20; ++i)
+            sink.propagateData(CTestData::make(i), 0);
+        scene.removeNode(sink);
+        QTRY_COMPARE(heard.load(), 20); // what was under way arrives
+        QMetaObject::invokeMethod(
+            &listener, [&listener, back = thread()] { listener.moveToThread(back); }, Qt::BlockingQueuedConnection);
+        QCOMPARE(inconsistencyOf(scene), QString());
+    }
+    other.quit();
+    QVERIFY(other.wait());
+}
+
+QTEST_GUILESS_MAIN(tst_Threads)
+
+#include "tst_Threads.moc"
