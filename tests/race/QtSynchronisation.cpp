@@ -10,12 +10,12 @@
 //
 //   what happened before a mutex was unlocked    is seen by who locks it next
 //   what happened before a signal was emitted    is seen by the slot that the queued call reaches
-//   what happened before a call was queued       is seen by the call
+//   what happened before a function was queued   is seen by it when it runs, and by whoever destroys it then
 //   what happened before deleteLater()           is seen by the destructor
 //   what happened before a thread finished       is seen by who waited for it
 //
-// Queued signals are told apart by their sender, queued calls of functions by their receiver: between two emissions of
-// one sender the detector may take the later one for the one that a slot has seen.
+// Queued signals are told apart by their sender: between two emissions of one sender the detector may take the later
+// one for the one that a slot has seen.
 //
 // A race that these edges do not order is still reported, which the seeded races beside this file show.
 
@@ -35,6 +35,7 @@
 #include <sanitizer/tsan_interface.h>
 
 #include <cstring>
+#include <iterator>
 #include <new>
 #include <utility>
 
@@ -57,6 +58,14 @@ Function original(const char* name)
     return function;
 }
 
+// Where an object's edges are kept. Not at its own address: it may be gone before what it sent arrives, and the
+// detector forgets what it knows of freed memory. Two objects in one place at most hide a race between them.
+void* edgesOf(const QObject* object)
+{
+    static quint64 places[65536];
+    return &places[(reinterpret_cast<quintptr>(object) >> 4) % std::size(places)];
+}
+
 thread_local QObject* t_sender = nullptr; // of the emission that is under way in this thread
 
 // What a queued call carries is written while the signal is emitted and read by the slot; this comes in between.
@@ -66,7 +75,7 @@ void* constructArgument(void* where, const void* copy)
     auto* const argument =
         copy ? new (where) CNodeDataPtr(*static_cast<const CNodeDataPtr*>(copy)) : new (where) CNodeDataPtr;
     if (t_sender)
-        __tsan_release(t_sender);
+        __tsan_release(edgesOf(t_sender));
     return argument;
 }
 
@@ -80,6 +89,35 @@ int registerDataPtr()
                                              &constructArgument, int(sizeof(CNodeDataPtr)), flags, nullptr);
 }
 
+/// A function that is queued, run and destroyed in this order, in whichever threads: whoever lets go of it last, the
+/// one that queued it or the one that ran it, destroys it.
+class CQueuedFunction : public QtPrivate::QSlotObjectBase
+{
+public:
+    explicit CQueuedFunction(QtPrivate::QSlotObjectBase* function)
+        : QSlotObjectBase(&operate)
+        , m_function(function)
+    {
+        __tsan_release(this);
+    }
+
+private:
+    static void operate(int operation, QSlotObjectBase* base, QObject* receiver, void** arguments, bool*)
+    {
+        auto* const self = static_cast<CQueuedFunction*>(base);
+        __tsan_acquire(self);
+        if (operation == Call) {
+            self->m_function->call(receiver, arguments);
+            __tsan_release(self);
+        } else if (operation == Destroy) {
+            self->m_function->destroyIfLastRef();
+            delete self;
+        }
+    }
+
+    QtPrivate::QSlotObjectBase* m_function;
+};
+
 bool onEventDelivered(void** arguments)
 {
     // Qt, uninstrumented, has written the event.
@@ -88,14 +126,12 @@ bool onEventDelivered(void** arguments)
     const auto* const event = static_cast<const QEvent*>(arguments[1]);
     const bool isDeletion = event->type() == QEvent::DeferredDelete;
     const QObject* source = isDeletion ? receiver : nullptr;
-    if (event->type() == QEvent::MetaCall) {
-        const QObject* const sender = static_cast<const QAbstractMetaCallEvent*>(event)->sender();
-        source = sender ? sender : receiver;
-    }
+    if (event->type() == QEvent::MetaCall)
+        source = static_cast<const QAbstractMetaCallEvent*>(event)->sender();
     AnnotateIgnoreReadsEnd(__FILE__, __LINE__);
 
     if (source)
-        __tsan_acquire(const_cast<QObject*>(source));
+        __tsan_acquire(edgesOf(source));
     return false;
 }
 
@@ -153,7 +189,7 @@ void QMetaObject::activate(QObject* sender, const QMetaObject* metaObject, int s
     static const auto qtActivate =
         reinterpret_cast<Activate>(dlsym(RTLD_NEXT, "_ZN11QMetaObject8activateEP7QObjectPKS_iPPv"));
     QObject* const outerSender = std::exchange(t_sender, sender);
-    __tsan_release(sender);
+    __tsan_release(edgesOf(sender));
     qtActivate(sender, metaObject, signal, arguments);
     t_sender = outerSender;
 }
@@ -165,14 +201,13 @@ bool QMetaObject::invokeMethodImpl(QObject* receiver, QtPrivate::QSlotObjectBase
     static const auto qtInvoke = reinterpret_cast<Invoke>(
         dlsym(RTLD_NEXT,
               "_ZN11QMetaObject16invokeMethodImplEP7QObjectPN9QtPrivate15QSlotObjectBaseEN2Qt14ConnectionTypeEPv"));
-    __tsan_release(receiver);
-    return qtInvoke(receiver, function, type, result);
+    return qtInvoke(receiver, new CQueuedFunction(function), type, result);
 }
 
 void QObject::deleteLater()
 {
     static const auto qtDeleteLater = original<void (QObject::*)()>("_ZN7QObject11deleteLaterEv");
-    __tsan_release(this);
+    __tsan_release(edgesOf(this));
     (this->*qtDeleteLater)();
 }
 
@@ -180,7 +215,7 @@ void QThread::start(Priority priority)
 {
     static const auto qtStart = original<void (QThread::*)(Priority)>("_ZN7QThread5startENS_8PriorityE");
     // Runs in the thread, after run() and before anybody's wait() ends.
-    connect(this, &QThread::finished, [this] { __tsan_release(this); });
+    connect(this, &QThread::finished, [this] { __tsan_release(edgesOf(this)); });
     (this->*qtStart)(priority);
 }
 
@@ -189,7 +224,7 @@ bool QThread::wait(unsigned long time)
     static const auto qtWait = original<bool (QThread::*)(unsigned long)>("_ZN7QThread4waitEm");
     const bool isFinished = (this->*qtWait)(time);
     if (isFinished)
-        __tsan_acquire(this);
+        __tsan_acquire(edgesOf(this));
     return isFinished;
 }
 
@@ -198,6 +233,6 @@ bool QThread::wait(QDeadlineTimer deadline)
     static const auto qtWait = original<bool (QThread::*)(QDeadlineTimer)>("_ZN7QThread4waitE14QDeadlineTimer");
     const bool isFinished = (this->*qtWait)(deadline);
     if (isFinished)
-        __tsan_acquire(this);
+        __tsan_acquire(edgesOf(this));
     return isFinished;
 }
