@@ -1,0 +1,18 @@
+#!/usr/bin/env bash
+# Measures how far the library goes, and what happens beyond; prints the tables of docs/limits.md. Takes a few minutes and
+# some gigabytes of memory. Arguments choose: scripts/limits.sh chain frames
+. "$(dirname "$0")/common.sh"
+
+need_packages "${library_packages[@]}" "${host_packages[@]}"
+step "build"
+cmake --preset release
+cmake --build --preset release --target limits
+step "measure"
+uname -srm
+grep -m 1 'model name' /proc/cpuinfo
+nproc
+date --utc +%F
+for limit in "${@:-chain nodes ports document depth frames decouplers}"; do
+    # A process for each, so that none finds another's memory.
+    for one in $limit; do build/release/tests/limits/limits "$one"; done
+done

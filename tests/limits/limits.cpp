@@ -1,0 +1,558 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+// How far the library goes, and what happens just beyond. docs/limits.md quotes what this prints.
+//
+//   limits [--short] chain|nodes|ports|document|depth|decouplers|frames ...
+//
+// Each prints a table; times are medians of several runs. Exit code 0: each limit was met as the table says, and what
+// lies beyond it left everything usable. --short takes small sizes and one run, to test the program and what it checks.
+
+#include "models/ASourceNodeDataModel.h"
+#include "models/CGenericNodeDecouplerDataModel.h"
+#include "scene/CNodeScene.h"
+#include "support/CTestData.h"
+#include "support/SceneConsistency.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QThread>
+
+#include <malloc.h>
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cstdio>
+#include <functional>
+#include <limits>
+#include <new>
+#include <vector>
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+constexpr double mebibyte = 1024.0 * 1024.0;
+
+bool s_isShort = false;
+
+void check(bool holds, const char* what)
+{
+    if (holds)
+        return;
+    std::fprintf(stderr, "limits: %s\n", what);
+    std::_Exit(1);
+}
+
+double medianOf(const std::function<double()>& measure)
+{
+    std::vector<double> values;
+    for (int run = 0; run < (s_isShort ? 1 : 5); ++run)
+        values.push_back(measure());
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+double millisecondsOf(const std::function<void()>& work)
+{
+    QElapsedTimer clock;
+    clock.start();
+    work();
+    return double(clock.nsecsElapsed()) / 1e6;
+}
+
+double bytesInUse()
+{
+    const auto info = mallinfo2();
+    return double(info.uordblks) + double(info.hblkhd);
+}
+
+/// A value out of /proc/self/status, in kibibytes or as a plain number.
+double processStatus(const QByteArray& key)
+{
+    QFile file(QStringLiteral("/proc/self/status"));
+    check(file.open(QIODevice::ReadOnly), "/proc/self/status cannot be read");
+    for (const QByteArray& line : file.readAll().split('\n')) {
+        if (line.startsWith(key + ':'))
+            return line.mid(key.size() + 1).simplified().split(' ').first().toDouble();
+    }
+    return 0;
+}
+
+/// As long as it lives, the process gets only \a mebibytes of address space more than it has.
+class CNarrowMemory
+{
+public:
+    explicit CNarrowMemory(double mebibytes)
+    {
+        getrlimit(RLIMIT_AS, &m_before);
+        malloc_trim(0);
+        rlimit narrow = m_before;
+        narrow.rlim_cur = rlim_t(processStatus("VmSize") * 1024 + mebibytes * mebibyte);
+        check(setrlimit(RLIMIT_AS, &narrow) == 0, "the address space cannot be limited");
+    }
+    ~CNarrowMemory() { setrlimit(RLIMIT_AS, &m_before); }
+    Q_DISABLE_COPY(CNarrowMemory)
+
+private:
+    rlimit m_before{};
+};
+
+std::atomic<int> s_warnings{0};
+
+void countWarnings(QtMsgType type, const QMessageLogContext&, const QString&)
+{
+    if (type == QtWarningMsg)
+        ++s_warnings;
+}
+
+/// Passes on what it gets, as cheaply as a model can.
+class CPassModel : public CNodeDataModel
+{
+public:
+    explicit CPassModel(unsigned int ports = 1)
+        : m_ports(ports)
+    {
+    }
+
+    QString caption() override { return name(); }
+    QString name() override { return QStringLiteral("Pass"); }
+    unsigned int nPorts(ENodePortType portType) const override { return portType == ENodePortType::None ? 0 : m_ports; }
+    SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return CTestData::defaultType(); }
+    void setInData(CNodeDataPtr data, NodePortIndex index) override
+    {
+        ++s_reached;
+        m_data = work ? work(data) : std::move(data);
+        Q_EMIT dataUpdated(index);
+    }
+    CNodeDataPtr outData(NodePortIndex) override { return m_data; }
+    QJsonObject save() const override
+    {
+        QJsonObject json = CNodeDataModel::save();
+        if (!settings.isEmpty())
+            json.insert(QStringLiteral("settings"), settings);
+        return json;
+    }
+
+    std::function<CNodeDataPtr(const CNodeDataPtr&)> work;
+    QJsonObject settings;
+
+    static inline std::atomic<int> s_reached{0};
+
+private:
+    unsigned int m_ports;
+    CNodeDataPtr m_data;
+};
+
+class CSource : public ASourceNodeDataModel
+{
+public:
+    QString caption() override { return name(); }
+    QString name() override { return QStringLiteral("Source"); }
+    unsigned int nPorts(ENodePortType portType) const override { return portType == ENodePortType::Out ? 1 : 0; }
+    SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return CTestData::defaultType(); }
+    void setInData(CNodeDataPtr, NodePortIndex) override {}
+    bool isUnique() override { return false; }
+};
+
+using CTestDecoupler = CGenericNodeDecouplerDataModel<CTestData>;
+
+std::vector<CNodeBase*> addNodes(CNodeScene& scene, int count)
+{
+    std::vector<CNodeBase*> nodes;
+    nodes.reserve(std::size_t(count));
+    for (int i = 0; i < count; ++i)
+        nodes.push_back(&scene.createNode(std::make_unique<CPassModel>()));
+    return nodes;
+}
+
+void chain(CNodeScene& scene, const std::vector<CNodeBase*>& nodes)
+{
+    for (std::size_t i = 1; i < nodes.size(); ++i)
+        scene.createConnection(*nodes[i], 0, *nodes[i - 1], 0, NodeDataConverter());
+}
+
+/// Sends one frame into a chain that is too long for the stack; returns how many nodes it has reached.
+int walk(int length)
+{
+    CNodeScene scene(nullptr, nullptr);
+    const std::vector<CNodeBase*> nodes = addNodes(scene, length);
+    chain(scene, nodes);
+    s_warnings = 0;
+    CPassModel::s_reached = 0;
+    nodes.front()->propagateData(CTestData::make(1), 0);
+    const int reached = CPassModel::s_reached;
+    check(reached == length || s_warnings == 1, "a delivery was dropped without a warning");
+
+    CPassModel::s_reached = 0;
+    nodes[nodes.size() - 10]->propagateData(CTestData::make(2), 0);
+    check(CPassModel::s_reached == 10, "the end of the chain does not work after a walk was cut");
+    return reached;
+}
+
+void measureChain()
+{
+    std::printf("| stack | nodes reached | per MiB | beyond |\n| ---: | ---: | ---: | --- |\n");
+    for (const unsigned int stack : {1U, 2U, 8U, 64U}) {
+        if (s_isShort && stack > 1)
+            break;
+        const int length = int(stack) * 12000;
+        int reached = 0;
+        QThread* const thread = QThread::create([&reached, length] { reached = walk(length); });
+        thread->setStackSize(stack * unsigned(mebibyte));
+        thread->start();
+        thread->wait();
+        delete thread;
+        check(reached > 100, "hardly any node was reached");
+        check(reached < length, "the chain was not long enough to find the limit");
+        std::printf("| %u MiB | %d | %d | one warning, the other %d nodes get nothing, the walk returns |\n", stack,
+                    reached, reached / int(stack), length - reached);
+    }
+}
+
+void measureNodesAtTheEnd()
+{
+    CNodeScene scene(nullptr, nullptr);
+    std::vector<CNodeBase*> nodes;
+    nodes.reserve(10000000);
+    bool isFull = false;
+    {
+        const CNarrowMemory memory(s_isShort ? 32 : 256);
+        try {
+            while (nodes.size() < nodes.capacity()) {
+                nodes.push_back(&scene.createNode(std::make_unique<CPassModel>()));
+                if (nodes.size() > 1)
+                    scene.createConnection(*nodes.back(), 0, *nodes[nodes.size() - 2], 0, NodeDataConverter());
+            }
+        } catch (const std::bad_alloc&) {
+            isFull = true;
+        }
+    }
+    check(isFull, "memory did not end");
+    check(inconsistencyOf(scene).isEmpty(), "the scene is not sound after memory ended");
+    std::printf("\nWith %d MiB of memory: std::bad_alloc after %zu nodes; the scene is sound", s_isShort ? 32 : 256,
+                nodes.size());
+    scene.clearScene();
+    check(scene.nodes().empty() && scene.connections().empty(), "the scene cannot be cleared after memory ended");
+    std::printf(", and can be cleared.\n");
+}
+
+void measureNodes()
+{
+    std::printf("| nodes, connections | node | connection | memory per node | per connection | remove one | clear all "
+                "|\n| ---: | ---: | ---: | ---: | ---: | ---: | ---: |\n");
+    for (const int count : {1000, 10000, 100000, 1000000}) {
+        if (s_isShort && count > 1000)
+            break;
+        std::vector<double> nodeTimes, linkTimes, removeTimes, clearTimes;
+        double nodeBytes = 0, linkBytes = 0;
+        const auto run = [&] {
+            CNodeScene scene(nullptr, nullptr);
+            std::vector<CNodeBase*> nodes;
+            const double before = bytesInUse();
+            nodeTimes.push_back(millisecondsOf([&] { nodes = addNodes(scene, count); }));
+            const double between = bytesInUse() - double(nodes.capacity() * sizeof(CNodeBase*));
+            linkTimes.push_back(millisecondsOf([&] { chain(scene, nodes); }));
+            nodeBytes = between - before;
+            linkBytes = bytesInUse() - double(nodes.capacity() * sizeof(CNodeBase*)) - between;
+            removeTimes.push_back(millisecondsOf([&] { scene.removeNode(*nodes[std::size_t(count / 2)]); }));
+            check(scene.connections().size() == std::size_t(count - 3), "a removal has left connections");
+            clearTimes.push_back(millisecondsOf([&] { scene.clearScene(); }));
+            return 0.0;
+        };
+        medianOf(run);
+        const auto middle = [](std::vector<double>& values) {
+            std::sort(values.begin(), values.end());
+            return values[values.size() / 2];
+        };
+        std::printf("| %d | %.2f µs | %.2f µs | %.0f B | %.0f B | %.1f µs | %.0f ms |\n", count,
+                    middle(nodeTimes) * 1e3 / count, middle(linkTimes) * 1e3 / count, nodeBytes / count,
+                    linkBytes / (count - 1), middle(removeTimes) * 1e3, middle(clearTimes));
+    }
+    measureNodesAtTheEnd();
+}
+
+void measurePorts()
+{
+    std::printf("| ports per side | make the node | memory per port | connect and deliver at the last |\n"
+                "| ---: | ---: | ---: | ---: |\n");
+    for (const unsigned int count : {1U, 1000U, 100000U, 10000000U}) {
+        if (s_isShort && count > 1000)
+            break;
+        CNodeScene scene(nullptr, nullptr);
+        CNodeBase& sink = scene.createNode(std::make_unique<CPassModel>());
+        const double before = bytesInUse();
+        CNodeBase* node = nullptr;
+        const double made = millisecondsOf([&] { node = &scene.createNode(std::make_unique<CPassModel>(count)); });
+        const double bytes = bytesInUse() - before;
+        CPassModel::s_reached = 0;
+        const double delivered = millisecondsOf([&] {
+            scene.createConnection(sink, 0, *node, int(count - 1), NodeDataConverter());
+            node->propagateData(CTestData::make(1), int(count - 1));
+        });
+        check(CPassModel::s_reached == 2, "the last port does not deliver");
+        std::printf("| %u | %.3f ms | %.0f B | %.1f µs |\n", count, made, bytes / (2.0 * count), delivered * 1e3);
+    }
+
+    CNodeScene scene(nullptr, nullptr);
+    const CNarrowMemory memory(1024);
+    bool isRefused = false;
+    try {
+        scene.createNode(std::make_unique<CPassModel>(std::numeric_limits<unsigned int>::max()));
+    } catch (const std::bad_alloc&) {
+        isRefused = true;
+    }
+    check(isRefused && scene.nodes().empty(), "a node with more ports than memory was made");
+    std::printf("\nWith 4294967295 ports and 1024 MiB of memory: std::bad_alloc, the scene is as it was.\n");
+}
+
+std::shared_ptr<CNodeDataModelRegistry> makeRegistry()
+{
+    auto registry = std::make_shared<CNodeDataModelRegistry>();
+    registry->registerModel<CPassModel>(QStringLiteral("Tests"));
+    return registry;
+}
+
+void measureDocument()
+{
+    std::printf("| nodes, connections | document | save | load | memory at the most |\n"
+                "| ---: | ---: | ---: | ---: | ---: |\n");
+    for (const int count : {1000, 10000, 100000, 1000000}) {
+        if (s_isShort && count > 1000)
+            break;
+        CNodeScene scene(makeRegistry(), nullptr, nullptr);
+        chain(scene, addNodes(scene, count));
+        QByteArray document;
+        const double saved = medianOf([&] { return millisecondsOf([&] { document = scene.saveToMemory(); }); });
+        scene.clearScene();
+        const double loaded = medianOf([&] {
+            CNodeScene copy(makeRegistry(), nullptr, nullptr);
+            const double time = millisecondsOf([&] { copy.loadFromMemory(document); });
+            check(copy.nodes().size() == std::size_t(count) && copy.connections().size() == std::size_t(count - 1),
+                  "a document has lost something");
+            return time;
+        });
+        std::printf("| %d | %.1f MiB | %.0f ms | %.0f ms | %.0f MiB |\n", count, document.size() / mebibyte, saved,
+                    loaded, processStatus("VmHWM") / 1024);
+    }
+}
+
+/// How many nodes are left of one whose settings are that deep, after it was saved and loaded.
+std::size_t nodesLeftOfDepth(int depth)
+{
+    CNodeScene scene(makeRegistry(), nullptr, nullptr);
+    auto model = std::make_unique<CPassModel>();
+    for (int i = 0; i < depth; ++i)
+        model->settings = QJsonObject{{QStringLiteral("x"), model->settings}};
+    scene.createNode(std::move(model));
+    CNodeScene copy(makeRegistry(), nullptr, nullptr);
+    copy.loadFromMemory(scene.saveToMemory());
+    return copy.nodes().size();
+}
+
+void measureDepth()
+{
+    int loaded = 1;
+    int refused = 100000;
+    check(nodesLeftOfDepth(loaded) == 1 && nodesLeftOfDepth(refused) == 0, "there is no limit of depth");
+    while (refused - loaded > 1) {
+        const int middle = (loaded + refused) / 2;
+        (nodesLeftOfDepth(middle) == 1 ? loaded : refused) = middle;
+    }
+    std::printf("Settings of a model may be nested %d deep. One deeper, the document is saved all the same, but counts "
+                "as no JSON: loading it makes nothing.\n",
+                loaded);
+}
+
+int threads()
+{
+    return int(processStatus("Threads"));
+}
+
+void measureDecouplersAtTheEnd()
+{
+    const int count = 100;
+    CNodeScene scene(nullptr, nullptr);
+    std::vector<CNodeBase*> nodes;
+    for (int i = 0; i < count; ++i)
+        nodes.push_back(&scene.createNode(std::make_unique<CTestDecoupler>()));
+    std::atomic<int> delivered{0};
+    for (CNodeBase* const node : nodes)
+        QObject::connect(node->nodeDataModel(), &CNodeDataModel::dataUpdated, &scene, [&delivered] { ++delivered; });
+
+    s_warnings = 0;
+    QElapsedTimer clock;
+    clock.start();
+    {
+        const CNarrowMemory memory(400); // a thread takes 8 MiB of address space for its stack
+        for (CNodeBase* const node : nodes)
+            node->propagateData(CTestData::make(1), 0);
+        while (s_warnings < count) {
+            check(clock.elapsed() < 60000, "all workers found a thread");
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        }
+        std::printf(
+            "\nWith 400 MiB of address space: %d of %d decouplers have a worker, the others keep their data; Qt "
+            "warns each time one tries.",
+            int(delivered), count);
+    }
+    while (delivered < count) {
+        check(clock.elapsed() < 120000, "the data of a decoupler without a thread was lost");
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+    std::printf(" As soon as there is room again they deliver it, by themselves.\n");
+}
+
+void measureDecouplers()
+{
+    std::printf("| decouplers | threads | make | first frame out of all | memory per decoupler | remove all |\n"
+                "| ---: | ---: | ---: | ---: | ---: | ---: |\n");
+    for (const int count : {10, 100, 1000, 5000}) {
+        if (s_isShort && count > 10)
+            break;
+        const int threadsBefore = threads();
+        const double before = processStatus("VmRSS");
+        CNodeScene scene(nullptr, nullptr);
+        CNodeBase& source = scene.createNode(std::make_unique<CPassModel>());
+        std::atomic<int> delivered{0};
+        const double made = millisecondsOf([&] {
+            for (int i = 0; i < count; ++i) {
+                CNodeBase& node = scene.createNode(std::make_unique<CTestDecoupler>());
+                scene.createConnection(node, 0, source, 0, NodeDataConverter());
+                QObject::connect(node.nodeDataModel(), &CNodeDataModel::dataUpdated, &scene,
+                                 [&delivered] { ++delivered; });
+            }
+        });
+        const double first = millisecondsOf([&] {
+            QElapsedTimer clock;
+            clock.start();
+            source.propagateData(CTestData::make(1), 0);
+            while (delivered < count) {
+                check(clock.elapsed() < 120000, "a decoupler does not deliver");
+                QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+            }
+        });
+        const int started = threads() - threadsBefore;
+        const double memory = processStatus("VmRSS") - before;
+        check(started == count, "not every decoupler has a thread");
+        const double cleared = millisecondsOf([&] { scene.clearScene(); });
+        std::printf("| %d | %d | %.1f ms | %.0f ms | %.0f KiB | %.0f ms |\n", count, started, made, first,
+                    memory / count, cleared);
+    }
+    measureDecouplersAtTheEnd();
+}
+
+constexpr int width = 1920;
+constexpr int height = 1080;
+
+class CFrame : public CTestData
+{
+public:
+    CFrame()
+        : pixels(std::size_t(width) * height)
+    {
+    }
+    std::vector<quint8> pixels;
+};
+
+CNodeDataPtr inverted(const CNodeDataPtr& data)
+{
+    const auto& in = static_cast<const CFrame&>(*data).pixels;
+    const auto out = QSharedPointer<CFrame>::create();
+    std::transform(in.begin(), in.end(), out->pixels.begin(), [](quint8 value) { return quint8(255 - value); });
+    return out;
+}
+
+/// Frames per second through a source and ten nodes behind it.
+double framesPerSecond(bool isFromCamera, bool isInverting, int count)
+{
+    CNodeScene scene(nullptr, nullptr);
+    auto model = std::make_unique<CSource>();
+    CNodeDataFlowProxy& proxy = *model->getDataFlowProxy();
+    const CNodeDataEntry entry = model->dataEntry();
+    std::vector<CNodeBase*> nodes = addNodes(scene, 10);
+    if (isInverting) {
+        for (CNodeBase* const node : nodes)
+            static_cast<CPassModel*>(node->nodeDataModel())->work = inverted;
+    }
+    nodes.insert(nodes.begin(), &scene.createNode(std::move(model)));
+    chain(scene, nodes);
+
+    const CNodeDataPtr frame = QSharedPointer<CFrame>::create();
+    CPassModel::s_reached = 0;
+    const double time = millisecondsOf([&] {
+        if (!isFromCamera) {
+            for (int i = 0; i < count; ++i)
+                proxy.setData(frame);
+            return;
+        }
+        QThread* const camera = QThread::create([&entry, &frame, count] {
+            for (int i = 0; i < count; ++i)
+                entry.setData(frame);
+        });
+        camera->start();
+        while (CPassModel::s_reached < 10 * count)
+            QCoreApplication::processEvents();
+        camera->wait();
+        delete camera;
+    });
+    check(CPassModel::s_reached == 10 * count, "a frame was lost");
+    return count * 1e3 / time;
+}
+
+void measureFrames()
+{
+    const int many = s_isShort ? 100 : 100000;
+    const int few = s_isShort ? 5 : 100;
+    std::printf("| chain of ten, 1920 x 1080, 8 bit | frames per second |\n| --- | ---: |\n");
+    std::printf("| frames pass unchanged, fed in the graph's thread | %.0f |\n",
+                medianOf([&] { return framesPerSecond(false, false, many); }));
+    std::printf("| frames pass unchanged, fed by a camera thread | %.0f |\n",
+                medianOf([&] { return framesPerSecond(true, false, many); }));
+    std::printf("| every node makes a new, inverted frame | %.0f |\n",
+                medianOf([&] { return framesPerSecond(false, true, few); }));
+
+    CSource source;
+    const int count = s_isShort ? 10 : 200;
+    const double before = bytesInUse();
+    for (int i = 0; i < count; ++i)
+        source.dataEntry().setData(QSharedPointer<CFrame>::create());
+    const double waiting = bytesInUse() - before;
+    int announced = 0;
+    QObject::connect(&source, &CSource::dataUpdated, &source, [&announced] { ++announced; });
+    while (announced < count)
+        QCoreApplication::processEvents();
+    const double left = bytesInUse() - before;
+    check(waiting > 1.9 * mebibyte * count && left < 4 * mebibyte, "frames do not wait, or stay");
+    std::printf("\nFaster than the graph: %d frames that wait take %.0f MiB, nothing is dropped; when the graph has "
+                "caught up, %.0f MiB.\n",
+                count, waiting / mebibyte, left / mebibyte);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    qInstallMessageHandler(&countWarnings);
+    const std::vector<std::pair<QString, void (*)()>> limits = {
+        {QStringLiteral("chain"), &measureChain},           {QStringLiteral("nodes"), &measureNodes},
+        {QStringLiteral("ports"), &measurePorts},           {QStringLiteral("document"), &measureDocument},
+        {QStringLiteral("depth"), &measureDepth},           {QStringLiteral("frames"), &measureFrames},
+        {QStringLiteral("decouplers"), &measureDecouplers},
+    };
+    QStringList asked = QCoreApplication::arguments().mid(1);
+    s_isShort = asked.removeAll(QStringLiteral("--short")) > 0;
+    for (const auto& limit : limits) {
+        if (!asked.isEmpty() && !asked.contains(limit.first))
+            continue;
+        std::printf("\n%s\n\n", qUtf8Printable(limit.first));
+        limit.second();
+        std::fflush(stdout);
+    }
+    return 0;
+}
