@@ -29,10 +29,10 @@ namespace Halvex {
  *
  * \code
  * auto camera = std::make_unique<CCameraModel>(QStringLiteral("cam-1")); // a source, isUnique()
- * const QPointer<CNodeDataFlowProxy> entry = camera->getDataFlowProxy();
+ * const CNodeDataEntry entry = camera->dataEntry();
  * const Core::CId node = service->addNode(std::move(camera), info); // a scene of its own, now the active one
  * service->importDocument(chain);                                   // finds "cam-1" in it, see importDocument()
- * entry->setData(frame);
+ * entry.setData(frame);                                             // from any thread, whenever the node is removed
  * service->removeSceneOfNode(node);
  * \endcode
  *

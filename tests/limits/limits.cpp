@@ -357,7 +357,7 @@ std::size_t nodesLeftOfDepth(int depth)
 void measureDepth()
 {
     int loaded = 1;
-    int refused = 100000;
+    int refused = 5000;
     check(nodesLeftOfDepth(loaded) == 1 && nodesLeftOfDepth(refused) == 0, "there is no limit of depth");
     while (refused - loaded > 1) {
         const int middle = (loaded + refused) / 2;

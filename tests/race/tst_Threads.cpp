@@ -7,14 +7,17 @@
 #include "models/CDecoupler.h"
 #include "models/CGenericNodeDecouplerDataModel.h"
 #include "models/CNodeDataEntry.h"
+#include "platform/IPlugin.h"
 #include "service/CNodeService.h"
 
 #include "models/TestModels.h"
+#include "support/CServiceManager.h"
 #include "support/CTestModel.h"
 #include "support/SceneConsistency.h"
 
 #include <QMutex>
 #include <QMutexLocker>
+#include <QPluginLoader>
 #include <QSemaphore>
 #include <QtTest>
 
@@ -232,6 +235,7 @@ private Q_SLOTS:
     void sourceGoesWhileThreadsSend_data();
     void sourceGoesWhileThreadsSend();
     void sinkGoesWhileAnotherThreadListens();
+    void pluginIsUnloadedWhileThreadsSend();
 };
 
 void tst_Threads::cleanup()
@@ -495,6 +499,41 @@ void tst_Threads::sinkGoesWhileAnotherThreadListens()
     }
     other.quit();
     QVERIFY(other.wait());
+}
+
+void tst_Threads::pluginIsUnloadedWhileThreadsSend()
+{
+    QSemaphore free(100);
+    for (int round = 0; round < 5; ++round) {
+        QPluginLoader loader(QStringLiteral(HALVEX_PLUGIN_FILE));
+        auto* const plugin = dynamic_cast<Core::Plugin::IPlugin*>(loader.instance());
+        QVERIFY2(plugin, qPrintable(loader.errorString()));
+        const auto manager = QSharedPointer<CServiceManager>::create();
+        QVERIFY(plugin->initialize(manager));
+        auto service = manager->findService("Plugin::Halvex::INodeService").dynamicCast<INodeService>();
+        QVERIFY(service);
+
+        auto model = std::make_unique<CSource>();
+        model->unique = true;
+        const CNodeDataEntry entry = model->dataEntry();
+        std::atomic<int> delivered{0};
+        connect(model.get(), &CSource::dataUpdated, this, [&delivered] { ++delivered; });
+        service->addNode(std::move(model), nullptr);
+        std::atomic<int> refused{0};
+        CThreads cameras(threadCount, [&, entry](int) {
+            const auto frame = grab(free, 1);
+            if (frame && !entry.setData(frame))
+                ++refused;
+        });
+        QTRY_VERIFY(delivered > round);
+
+        service.reset();
+        plugin->uninitialize(manager);
+        // The cameras' code is linked with the library, so that it stays mapped.
+        QVERIFY(loader.unload());
+        while (refused <= round)
+            QThread::yieldCurrentThread();
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_Threads)
