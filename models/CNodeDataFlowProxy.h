@@ -26,9 +26,9 @@ namespace Halvex {
  *   in another thread            only that it has stopped calling before the graph's thread destroys the model
  *
  * In another thread the QPointer is no protection. Asking one's own copy is no race, but the answer is old when it is
- * there: the model may go between it and the call, or during the call, which then uses a destroyed object. A thread that
- * cannot be stopped first, or whose host must not know when models go, takes an entry (CNodeDataEntry) instead. A sink
- * has no entry: its model feeds its proxy itself.
+ * there: the model may go between it and the call, or during the call, which then uses a destroyed object. A thread
+ * that cannot be stopped first, or whose host must not know when models go, takes an entry (CNodeDataEntry) instead. A
+ * sink has no entry: its model feeds its proxy itself.
  *
  * Also getDataFlowProxy() and connect() need the proxy or the model, and so the same. A listener in another thread is
  * called by a queued connection from its own event loop, and may outlive the proxy: what is under way still arrives.

@@ -23,6 +23,8 @@
 
 #include <malloc.h>
 #include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <atomic>
@@ -48,13 +50,22 @@ void check(bool holds, const char* what)
     std::_Exit(1);
 }
 
-double medianOf(const std::function<double()>& measure)
+int runs()
 {
-    std::vector<double> values;
-    for (int run = 0; run < (s_isShort ? 1 : 5); ++run)
-        values.push_back(measure());
+    return s_isShort ? 1 : 5;
+}
+
+double medianOf(std::vector<double> values)
+{
     std::sort(values.begin(), values.end());
     return values[values.size() / 2];
+}
+
+double medianOf(const std::function<double()>& measure)
+{
+    std::vector<double> values(std::size_t(runs()), 0.0);
+    std::generate(values.begin(), values.end(), measure);
+    return medianOf(std::move(values));
 }
 
 double millisecondsOf(const std::function<void()>& work)
@@ -102,12 +113,12 @@ private:
     rlimit m_before{};
 };
 
-std::atomic<int> s_warnings{0};
+std::atomic<int> s_complaints{0};
 
-void countWarnings(QtMsgType type, const QMessageLogContext&, const QString&)
+void countComplaints(QtMsgType type, const QMessageLogContext&, const QString&)
 {
-    if (type == QtWarningMsg)
-        ++s_warnings;
+    if (type == QtWarningMsg || type == QtCriticalMsg)
+        ++s_complaints;
 }
 
 /// Passes on what it gets, as cheaply as a model can.
@@ -126,7 +137,7 @@ public:
     void setInData(CNodeDataPtr data, NodePortIndex index) override
     {
         ++s_reached;
-        m_data = work ? work(data) : std::move(data);
+        m_data = work && data ? work(data) : std::move(data);
         Q_EMIT dataUpdated(index);
     }
     CNodeDataPtr outData(NodePortIndex) override { return m_data; }
@@ -161,16 +172,16 @@ public:
 
 using CTestDecoupler = CGenericNodeDecouplerDataModel<CTestData>;
 
-std::vector<CNodeBase*> addNodes(CNodeScene& scene, int count)
+using Nodes = std::vector<CNodeBase*>;
+
+/// Makes a node for each place in \a nodes.
+void addNodes(CNodeScene& scene, Nodes& nodes)
 {
-    std::vector<CNodeBase*> nodes;
-    nodes.reserve(std::size_t(count));
-    for (int i = 0; i < count; ++i)
-        nodes.push_back(&scene.createNode(std::make_unique<CPassModel>()));
-    return nodes;
+    for (CNodeBase*& node : nodes)
+        node = &scene.createNode(std::make_unique<CPassModel>());
 }
 
-void chain(CNodeScene& scene, const std::vector<CNodeBase*>& nodes)
+void chain(CNodeScene& scene, const Nodes& nodes)
 {
     for (std::size_t i = 1; i < nodes.size(); ++i)
         scene.createConnection(*nodes[i], 0, *nodes[i - 1], 0, NodeDataConverter());
@@ -180,13 +191,14 @@ void chain(CNodeScene& scene, const std::vector<CNodeBase*>& nodes)
 int walk(int length)
 {
     CNodeScene scene(nullptr, nullptr);
-    const std::vector<CNodeBase*> nodes = addNodes(scene, length);
+    Nodes nodes(std::size_t(length), nullptr);
+    addNodes(scene, nodes);
     chain(scene, nodes);
-    s_warnings = 0;
+    s_complaints = 0;
     CPassModel::s_reached = 0;
     nodes.front()->propagateData(CTestData::make(1), 0);
     const int reached = CPassModel::s_reached;
-    check(reached == length || s_warnings == 1, "a delivery was dropped without a warning");
+    check(reached == length || s_complaints == 1, "a delivery was dropped without a warning");
 
     CPassModel::s_reached = 0;
     nodes[nodes.size() - 10]->propagateData(CTestData::make(2), 0);
@@ -214,19 +226,20 @@ void measureChain()
     }
 }
 
-void measureNodesAtTheEnd()
+/// Adds nodes and connections until there is no memory; then the scene must be sound, and be cleared.
+void fillMemory(double mebibytes)
 {
     CNodeScene scene(nullptr, nullptr);
-    std::vector<CNodeBase*> nodes;
-    nodes.reserve(10000000);
+    CNodeBase* last = nullptr;
     bool isFull = false;
     {
-        const CNarrowMemory memory(s_isShort ? 32 : 256);
+        const CNarrowMemory memory(mebibytes);
         try {
-            while (nodes.size() < nodes.capacity()) {
-                nodes.push_back(&scene.createNode(std::make_unique<CPassModel>()));
-                if (nodes.size() > 1)
-                    scene.createConnection(*nodes.back(), 0, *nodes[nodes.size() - 2], 0, NodeDataConverter());
+            for (int i = 0; i < 10000000; ++i) {
+                CNodeBase& node = scene.createNode(std::make_unique<CPassModel>());
+                if (last)
+                    scene.createConnection(node, 0, *last, 0, NodeDataConverter());
+                last = &node;
             }
         } catch (const std::bad_alloc&) {
             isFull = true;
@@ -234,46 +247,63 @@ void measureNodesAtTheEnd()
     }
     check(isFull, "memory did not end");
     check(inconsistencyOf(scene).isEmpty(), "the scene is not sound after memory ended");
-    std::printf("\nWith %d MiB of memory: std::bad_alloc after %zu nodes; the scene is sound", s_isShort ? 32 : 256,
-                nodes.size());
     scene.clearScene();
     check(scene.nodes().empty() && scene.connections().empty(), "the scene cannot be cleared after memory ended");
-    std::printf(", and can be cleared.\n");
+}
+
+/// In processes of their own: Qt's connect() does not ask whether it got memory, and may end the process.
+void measureNodesAtTheEnd()
+{
+    const int processes = s_isShort ? 4 : 20;
+    int sound = 0;
+    int ended = 0;
+    for (int run = 0; run < processes; ++run) {
+        const pid_t child = fork();
+        if (child == 0) {
+            const rlimit noDump{};
+            setrlimit(RLIMIT_CORE, &noDump);
+            fillMemory(32 + run);
+            std::_Exit(0);
+        }
+        int status = 0;
+        check(child > 0 && waitpid(child, &status, 0) == child, "no process can be started");
+        check(WIFSIGNALED(status) || WEXITSTATUS(status) == 0, "something was wrong after memory ended");
+        ++(WIFSIGNALED(status) ? ended : sound);
+    }
+    std::printf(
+        "When memory ends, in %d processes with 32 MiB and more: %d times std::bad_alloc, the scene is sound and can "
+        "be cleared; %d times the process was ended by a signal.\n\n",
+        processes, sound, ended);
 }
 
 void measureNodes()
 {
+    measureNodesAtTheEnd(); // first, while this process has nothing on its heap that the others would have to fill
     std::printf("| nodes, connections | node | connection | memory per node | per connection | remove one | clear all "
                 "|\n| ---: | ---: | ---: | ---: | ---: | ---: | ---: |\n");
     for (const int count : {1000, 10000, 100000, 1000000}) {
         if (s_isShort && count > 1000)
             break;
         std::vector<double> nodeTimes, linkTimes, removeTimes, clearTimes;
-        double nodeBytes = 0, linkBytes = 0;
-        const auto run = [&] {
+        double nodeBytes = 0;
+        double linkBytes = 0;
+        for (int run = 0; run < runs(); ++run) {
             CNodeScene scene(nullptr, nullptr);
-            std::vector<CNodeBase*> nodes;
-            const double before = bytesInUse();
-            nodeTimes.push_back(millisecondsOf([&] { nodes = addNodes(scene, count); }));
-            const double between = bytesInUse() - double(nodes.capacity() * sizeof(CNodeBase*));
+            Nodes nodes(std::size_t(count), nullptr);
+            const double empty = bytesInUse();
+            nodeTimes.push_back(millisecondsOf([&] { addNodes(scene, nodes); }));
+            const double unconnected = bytesInUse();
             linkTimes.push_back(millisecondsOf([&] { chain(scene, nodes); }));
-            nodeBytes = between - before;
-            linkBytes = bytesInUse() - double(nodes.capacity() * sizeof(CNodeBase*)) - between;
-            removeTimes.push_back(millisecondsOf([&] { scene.removeNode(*nodes[std::size_t(count / 2)]); }));
-            check(scene.connections().size() == std::size_t(count - 3), "a removal has left connections");
+            nodeBytes = unconnected - empty;
+            linkBytes = bytesInUse() - unconnected;
+            removeTimes.push_back(millisecondsOf([&] { scene.removeNode(*nodes[nodes.size() / 2]); }));
+            check(scene.connections().size() == nodes.size() - 3, "a removal has left connections");
             clearTimes.push_back(millisecondsOf([&] { scene.clearScene(); }));
-            return 0.0;
-        };
-        medianOf(run);
-        const auto middle = [](std::vector<double>& values) {
-            std::sort(values.begin(), values.end());
-            return values[values.size() / 2];
-        };
+        }
         std::printf("| %d | %.2f µs | %.2f µs | %.0f B | %.0f B | %.1f µs | %.0f ms |\n", count,
-                    middle(nodeTimes) * 1e3 / count, middle(linkTimes) * 1e3 / count, nodeBytes / count,
-                    linkBytes / (count - 1), middle(removeTimes) * 1e3, middle(clearTimes));
+                    medianOf(nodeTimes) * 1e3 / count, medianOf(linkTimes) * 1e3 / count, nodeBytes / count,
+                    linkBytes / (count - 1), medianOf(removeTimes) * 1e3, medianOf(clearTimes));
     }
-    measureNodesAtTheEnd();
 }
 
 void measurePorts()
@@ -325,7 +355,9 @@ void measureDocument()
         if (s_isShort && count > 1000)
             break;
         CNodeScene scene(makeRegistry(), nullptr, nullptr);
-        chain(scene, addNodes(scene, count));
+        Nodes nodes(std::size_t(count), nullptr);
+        addNodes(scene, nodes);
+        chain(scene, nodes);
         QByteArray document;
         const double saved = medianOf([&] { return millisecondsOf([&] { document = scene.saveToMemory(); }); });
         scene.clearScene();
@@ -377,21 +409,21 @@ void measureDecouplersAtTheEnd()
 {
     const int count = 100;
     CNodeScene scene(nullptr, nullptr);
-    std::vector<CNodeBase*> nodes;
-    for (int i = 0; i < count; ++i)
-        nodes.push_back(&scene.createNode(std::make_unique<CTestDecoupler>()));
+    Nodes nodes(std::size_t(count), nullptr);
+    for (CNodeBase*& node : nodes)
+        node = &scene.createNode(std::make_unique<CTestDecoupler>());
     std::atomic<int> delivered{0};
     for (CNodeBase* const node : nodes)
         QObject::connect(node->nodeDataModel(), &CNodeDataModel::dataUpdated, &scene, [&delivered] { ++delivered; });
 
-    s_warnings = 0;
+    s_complaints = 0;
     QElapsedTimer clock;
     clock.start();
     {
         const CNarrowMemory memory(400); // a thread takes 8 MiB of address space for its stack
         for (CNodeBase* const node : nodes)
             node->propagateData(CTestData::make(1), 0);
-        while (s_warnings < count) {
+        while (s_complaints < count) {
             check(clock.elapsed() < 60000, "all workers found a thread");
             QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
         }
@@ -474,7 +506,8 @@ double framesPerSecond(bool isFromCamera, bool isInverting, int count)
     auto model = std::make_unique<CSource>();
     CNodeDataFlowProxy& proxy = *model->getDataFlowProxy();
     const CNodeDataEntry entry = model->dataEntry();
-    std::vector<CNodeBase*> nodes = addNodes(scene, 10);
+    Nodes nodes(10, nullptr);
+    addNodes(scene, nodes);
     if (isInverting) {
         for (CNodeBase* const node : nodes)
             static_cast<CPassModel*>(node->nodeDataModel())->work = inverted;
@@ -538,7 +571,7 @@ void measureFrames()
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    qInstallMessageHandler(&countWarnings);
+    qInstallMessageHandler(&countComplaints);
     const std::vector<std::pair<QString, void (*)()>> limits = {
         {QStringLiteral("chain"), &measureChain},           {QStringLiteral("nodes"), &measureNodes},
         {QStringLiteral("ports"), &measurePorts},           {QStringLiteral("document"), &measureDocument},

@@ -247,9 +247,9 @@ void tst_Threads::cleanup()
 void tst_Threads::graphsOfSeveralThreadsBegin()
 {
     std::atomic<int> failures{0};
-    std::vector<std::unique_ptr<QThread>> threads;
-    for (int i = 0; i < 4; ++i) {
-        threads.emplace_back(QThread::create([&failures] {
+    std::vector<std::unique_ptr<QThread>> threads(4);
+    for (auto& thread : threads) {
+        thread.reset(QThread::create([&failures] {
             if (!liveThroughAGraph().isEmpty())
                 ++failures;
         }));
