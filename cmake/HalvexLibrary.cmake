@@ -82,6 +82,7 @@ target_sources(Halvex PRIVATE
   scene/CNodeDataModelRegistry.cpp
   scene/CNodeScene.cpp
   scene/CNodeSceneDocument.cpp
+  scene/CSceneInspector_p.h
   service/CHalvexPlugin.cpp
   service/CNodeService.cpp
   service/CSceneImport.cpp

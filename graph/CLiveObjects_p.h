@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <Halvex/HalvexExport.h>
+
 namespace Plugin {
 namespace Halvex {
 
@@ -11,11 +13,11 @@ namespace Halvex {
  *
  * Graph objects keep track of each other through links. But some of their pointers can be overwritten by a host (a
  * connection's end, a port table), and of a pointer that came in that way nothing is known: it is used only after
- * it was found here.
+ * it was found here. Exported for the tests.
  *
  * Threads: any. Scenes of different threads share it.
  */
-class CLiveObjects
+class HALVEX_EXPORT CLiveObjects
 {
 public:
     enum class EKind

@@ -158,6 +158,7 @@ Q_SIGNALS:
     void connectionDeleted(CNodeConnection& connection);
 
 private:
+    friend class CSceneInspector;
     class CNesting;
 
     CNodeBase& addNode(std::unique_ptr<CNodeBase> node);

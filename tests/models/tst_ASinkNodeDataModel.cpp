@@ -6,6 +6,7 @@
 #include "TestModels.h"
 #include "scene/CNodeScene.h"
 #include "support/CContextTranslator.h"
+#include "support/CTestScene.h"
 #include "support/MetaMethods.h"
 #include "support/SceneConsistency.h"
 
@@ -186,7 +187,7 @@ void tst_ASinkNodeDataModel::survivesAListenerThatDestroysIt()
 
 void tst_ASinkNodeDataModel::handsOutWhatAScenesSourceWasFed()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     auto source = std::make_unique<CSource>();
     auto sink = std::make_unique<CSink>();
     const QPointer<CNodeDataFlowProxy> in = source->getDataFlowProxy();

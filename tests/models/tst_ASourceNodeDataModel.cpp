@@ -7,6 +7,7 @@
 #include "scene/CNodeScene.h"
 #include "support/CContextTranslator.h"
 #include "support/CTestModel.h"
+#include "support/CTestScene.h"
 #include "support/MetaMethods.h"
 #include "support/SceneConsistency.h"
 
@@ -316,7 +317,7 @@ void tst_ASourceNodeDataModel::dataUnderWayGoesWithTheModel()
 
 void tst_ASourceNodeDataModel::feedsAScene()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     auto source = std::make_unique<CSource>();
     auto consumer = std::make_unique<CTestModel>(2U, 1U);
     CTestModel& received = *consumer;
@@ -348,7 +349,7 @@ void tst_ASourceNodeDataModel::feedsAScene()
 
 void tst_ASourceNodeDataModel::feedsALateConsumerAtOnce()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     auto source = std::make_unique<CSource>();
     auto consumer = std::make_unique<CTestModel>();
     const CTestModel& received = *consumer;

@@ -7,6 +7,7 @@
 #include "scene/CNodeScene.h"
 #include "support/CTestData.h"
 #include "support/CTestModel.h"
+#include "support/CTestScene.h"
 #include "support/MetaMethods.h"
 #include "support/SceneConsistency.h"
 
@@ -704,7 +705,7 @@ void tst_CNodeDecouplerDataModelBase::dyingModelHasNoOutput()
 
 void tst_CNodeDecouplerDataModelBase::decouplesInAScene()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     CNodeBase& source = scene.createNode(std::make_unique<CTestModel>(0, 1));
     CNodeBase& decoupler = scene.createNode(std::make_unique<CModel>());
     CNodeBase& sink = scene.createNode(std::make_unique<CTestModel>());
@@ -737,7 +738,7 @@ void tst_CNodeDecouplerDataModelBase::isSavedAndRestoredWithItsScene()
     QByteArray document;
     Core::CId ids[3];
     {
-        CNodeScene scene(registry, nullptr, nullptr);
+        CTestScene scene(registry, nullptr, nullptr);
         CNodeBase& source = scene.createNode(registry->create("Test"));
         CNodeBase& decoupler = scene.createNode(registry->create("DecouplerT"));
         CNodeBase& sink = scene.createNode(registry->create("Test"));
@@ -750,7 +751,7 @@ void tst_CNodeDecouplerDataModelBase::isSavedAndRestoredWithItsScene()
         document = scene.saveToMemory();
     }
 
-    CNodeScene scene(registry, nullptr, nullptr);
+    CTestScene scene(registry, nullptr, nullptr);
     scene.loadFromMemory(document);
     auto& producer = *static_cast<CTestModel*>(scene.nodes().at(ids[0])->nodeDataModel());
     auto& model = *static_cast<CModel*>(scene.nodes().at(ids[1])->nodeDataModel());
@@ -773,7 +774,7 @@ void tst_CNodeDecouplerDataModelBase::isSavedAndRestoredWithItsScene()
 
 void tst_CNodeDecouplerDataModelBase::walkDestroysTheScene()
 {
-    auto scene = std::make_unique<CNodeScene>(nullptr, nullptr);
+    auto scene = std::make_unique<CTestScene>(nullptr, nullptr);
     CNodeBase& decoupler = scene->createNode(std::make_unique<CModel>());
     auto model = std::make_unique<CTestModel>();
     model->onSetInData = [&scene](const CNodeDataPtr& data, NodePortIndex) {

@@ -5,6 +5,7 @@
 
 #include "support/CContextTranslator.h"
 #include "support/CTestModel.h"
+#include "support/CTestScene.h"
 #include "support/MetaMethods.h"
 #include "support/SceneConsistency.h"
 
@@ -290,7 +291,7 @@ void tst_CNodeScene::pointerIsKnownToQt()
 
 void tst_CNodeScene::defaultIsEmptyWithoutRegistry()
 {
-    const CNodeScene scene(nullptr, nullptr);
+    const CTestScene scene(nullptr, nullptr);
     QVERIFY(!scene.isRegistyValid());
     QVERIFY(scene.nodes().empty());
     QVERIFY(scene.connections().empty());
@@ -302,8 +303,8 @@ void tst_CNodeScene::defaultIsEmptyWithoutRegistry()
 void tst_CNodeScene::sharesTheRegistry()
 {
     const auto registry = std::make_shared<CNodeDataModelRegistry>();
-    const CNodeScene first(registry, nullptr, nullptr);
-    const CNodeScene second(registry, nullptr, nullptr);
+    const CTestScene first(registry, nullptr, nullptr);
+    const CTestScene second(registry, nullptr, nullptr);
     QVERIFY(first.isRegistyValid());
     QCOMPARE(&first.registry(), registry.get());
     QCOMPARE(&second.registry(), registry.get());
@@ -313,7 +314,7 @@ void tst_CNodeScene::sharesTheRegistry()
 void tst_CNodeScene::registryMayBeEmpty()
 {
     const BaseInfoPtr info = QSharedPointer<CInfo>::create();
-    const CNodeScene scene(std::shared_ptr<CNodeDataModelRegistry>(), info, nullptr);
+    const CTestScene scene(std::shared_ptr<CNodeDataModelRegistry>(), info, nullptr);
     QVERIFY(!scene.isRegistyValid());
     QCOMPARE(scene.getSceneInfo(), info);
 }
@@ -322,7 +323,7 @@ void tst_CNodeScene::replacedRegistryLeavesNodesAlone()
 {
     auto old = std::make_shared<CNodeDataModelRegistry>();
     const std::weak_ptr<CNodeDataModelRegistry> watched = old;
-    CNodeScene scene(std::move(old), nullptr, nullptr);
+    CTestScene scene(std::move(old), nullptr, nullptr);
     const SPlaced a = place(scene);
 
     const auto registry = std::make_shared<CNodeDataModelRegistry>();
@@ -341,7 +342,7 @@ void tst_CNodeScene::sharesTheInfo()
 {
     auto info = QSharedPointer<CInfo>::create();
     const QWeakPointer<CInfo> watched = info;
-    auto scene = std::make_unique<CNodeScene>(info, nullptr);
+    auto scene = std::make_unique<CTestScene>(info, nullptr);
     QCOMPARE(scene->getSceneInfo(), BaseInfoPtr(info));
     info.reset();
     QVERIFY(watched);
@@ -352,8 +353,8 @@ void tst_CNodeScene::sharesTheInfo()
 void tst_CNodeScene::belongsToItsParent()
 {
     auto parent = std::make_unique<QObject>();
-    const QPointer<CNodeScene> first = new CNodeScene(nullptr, parent.get());
-    const QPointer<CNodeScene> second = new CNodeScene(nullptr, nullptr, parent.get());
+    const QPointer<CNodeScene> first = new CTestScene(nullptr, parent.get());
+    const QPointer<CNodeScene> second = new CTestScene(nullptr, nullptr, parent.get());
     place(*first);
     parent.reset();
     QVERIFY(!first && !second);
@@ -362,7 +363,7 @@ void tst_CNodeScene::belongsToItsParent()
 void tst_CNodeScene::releasesWhatItHoldsInOrder()
 {
     QStringList said;
-    auto scene = std::make_unique<CNodeScene>(
+    auto scene = std::make_unique<CTestScene>(
         std::shared_ptr<CNodeDataModelRegistry>(new CNodeDataModelRegistry,
                                                 [&said](const CNodeDataModelRegistry* registry) {
                                                     said << "registry";
@@ -380,7 +381,7 @@ void tst_CNodeScene::releasesWhatItHoldsInOrder()
 
 void tst_CNodeScene::createdNodeOwnsTheModel()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     QList<CNodeBase*> announced;
     bool wasInTable = false;
     connect(&scene, &CNodeScene::nodeCreated, &scene, [&](CNodeBase& node) {
@@ -409,7 +410,7 @@ void tst_CNodeScene::createdNodeOwnsTheModel()
 void tst_CNodeScene::modelHasTheInfoBeforeItsNodeIsBuilt()
 {
     const BaseInfoPtr info = QSharedPointer<CInfo>::create();
-    CNodeScene scene(info, nullptr);
+    CTestScene scene(info, nullptr);
     QStringList said;
     auto model = std::make_unique<CPortAskedModel>();
     CPortAskedModel& placed = *model;
@@ -426,7 +427,7 @@ void tst_CNodeScene::modelHasTheInfoBeforeItsNodeIsBuilt()
 
 void tst_CNodeScene::missingInfoIsNotAnnounced()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     auto model = std::make_unique<CTestModel>();
     bool isInjected = false;
     connect(model.get(), &CNodeDataModel::infoInjected, &scene, [&isInjected] { isInjected = true; });
@@ -436,7 +437,7 @@ void tst_CNodeScene::missingInfoIsNotAnnounced()
 
 void tst_CNodeScene::nullModelGivesANodeWithoutPorts()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const CSignalLog log(scene);
     CNodeBase& node = scene.createNode(nullptr);
 
@@ -453,7 +454,7 @@ void tst_CNodeScene::nullModelGivesANodeWithoutPorts()
 
 void tst_CNodeScene::noNodeBelongsNowhere()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene);
     CNodeBase& none = CNodeScene::noNode();
     QCOMPARE(&none, &CNodeScene::noNode());
@@ -472,7 +473,7 @@ void tst_CNodeScene::noNodeBelongsNowhere()
 
 void tst_CNodeScene::connectsTheSecondNodeToTheFirst()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced consumer = place(scene, QStringLiteral("Consumer"), 3, 1);
     const SPlaced producer = place(scene, QStringLiteral("Producer"), 0, 2);
 
@@ -495,7 +496,7 @@ void tst_CNodeScene::connectsTheSecondNodeToTheFirst()
 
 void tst_CNodeScene::connectionIsWholeWhenAnnounced()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene);
     const SPlaced b = place(scene);
     QList<CNodeConnection*> announced;
@@ -536,7 +537,7 @@ void tst_CNodeScene::portsThatDoNotExist()
     QFETCH(const int, inIndex);
     QFETCH(const int, outIndex);
 
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced producer = place(scene, QStringLiteral("Producer"), 0, 3);
     const SPlaced consumer = place(scene, QStringLiteral("Consumer"), 2, 0);
     producer.model.out = CTestData::make(1);
@@ -554,7 +555,7 @@ void tst_CNodeScene::portsThatDoNotExist()
 void tst_CNodeScene::deliversTheCurrentOutputBeforeItAnnounces()
 {
     QStringList said; // before the scene, since there is one more delivery at its end
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene);
     const SPlaced b = place(scene);
     a.model.out = CTestData::make(1);
@@ -574,7 +575,7 @@ void tst_CNodeScene::deliversTheCurrentOutputBeforeItAnnounces()
 
 void tst_CNodeScene::servesEarlierConsumersAgain()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene, QStringLiteral("A"), 0, 2);
     const SPlaced b = place(scene);
     const SPlaced c = place(scene);
@@ -593,7 +594,7 @@ void tst_CNodeScene::servesEarlierConsumersAgain()
 
 void tst_CNodeScene::emptyOutputDeliversNothing()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene);
     const SPlaced b = place(scene);
     const SPlaced c = place(scene);
@@ -607,7 +608,7 @@ void tst_CNodeScene::emptyOutputDeliversNothing()
 
 void tst_CNodeScene::convertsWhatItDelivers()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene);
     const SPlaced b = place(scene);
     a.model.out = CTestData::make(1);
@@ -623,7 +624,7 @@ void tst_CNodeScene::convertsWhatItDelivers()
 
 void tst_CNodeScene::connectsTheSamePortsTwice()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene);
     const SPlaced b = place(scene);
     const auto first = join(scene, a, 0, b, 0);
@@ -655,7 +656,7 @@ void tst_CNodeScene::halfConnectionHasOneEnd()
     const auto portType = ENodePortType(side);
     const ENodePortType otherSide = portType == ENodePortType::In ? ENodePortType::Out : ENodePortType::In;
 
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene, QStringLiteral("A"), 2, 2);
     a.model.out = CTestData::make(1);
     const CSignalLog log(scene);
@@ -696,7 +697,7 @@ void tst_CNodeScene::halfConnectionToNoPort()
     QFETCH(const int, side);
     QFETCH(const int, index);
 
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene, QStringLiteral("A"), 2, 1);
     const CSignalLog log(scene);
     QVERIFY(!scene.createConnection(ENodePortType(side), a.node, index));
@@ -717,7 +718,7 @@ void tst_CNodeScene::deletesAtOnce()
 {
     QFETCH(const Deletion, deletion);
 
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene);
     const SPlaced b = place(scene);
     CNodeConnection& connection = *join(scene, a, 0, b, 0);
@@ -744,7 +745,7 @@ void tst_CNodeScene::sharedConnectionLivesOn()
 {
     QFETCH(const Deletion, deletion);
 
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene);
     const SPlaced b = place(scene);
     auto shared = join(scene, a, 0, b, 0);
@@ -767,7 +768,7 @@ void tst_CNodeScene::deletesAHalfConnection()
 {
     QFETCH(const Deletion, deletion);
 
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene, QStringLiteral("A"));
     const CSignalLog log(scene);
     CNodeConnection& half = *scene.createConnection(ENodePortType::Out, a.node, 0);
@@ -781,7 +782,7 @@ void tst_CNodeScene::deletingTwiceDeletesOnce()
 {
     QFETCH(const Deletion, deletion);
 
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene, QStringLiteral("A"));
     const SPlaced b = place(scene, QStringLiteral("B"));
     const auto shared = join(scene, a, 0, b, 0);
@@ -796,8 +797,8 @@ void tst_CNodeScene::strangeConnectionIsLeftAlone()
 {
     QFETCH(const Deletion, deletion);
 
-    CNodeScene scene(nullptr, nullptr);
-    CNodeScene other(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
+    CTestScene other(nullptr, nullptr);
     const SPlaced a = place(other, QStringLiteral("A"));
     const SPlaced b = place(other, QStringLiteral("B"));
     const auto ofOther = join(other, a, 0, b, 0);
@@ -816,7 +817,7 @@ void tst_CNodeScene::strangeConnectionIsLeftAlone()
 void tst_CNodeScene::modelDeletesAtOnce()
 {
     // A delivery outside of the scene's own operations is no reason to wait.
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene);
     const SPlaced b = place(scene);
     CNodeConnection& connection = *join(scene, a, 0, b, 0);
@@ -835,7 +836,7 @@ void tst_CNodeScene::modelDeletesAtOnce()
 
 void tst_CNodeScene::handlersDeletionWaitsForTheOtherHandlers()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene, QStringLiteral("A"));
     const SPlaced b = place(scene, QStringLiteral("B"));
     bool wasWholeAfterAsking = false;
@@ -860,7 +861,7 @@ void tst_CNodeScene::handlersDeletionWaitsForTheOtherHandlers()
 
 void tst_CNodeScene::handlersDeletionNowDoesNotWait()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene, QStringLiteral("A"));
     const SPlaced b = place(scene, QStringLiteral("B"));
     bool wasInTableForTheNext = true;
@@ -878,7 +879,7 @@ void tst_CNodeScene::handlersDeletionNowDoesNotWait()
 
 void tst_CNodeScene::handlersDeletionsKeepTheirOrder()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene, QStringLiteral("A"), 0, 3);
     const SPlaced b = place(scene, QStringLiteral("B"), 3, 0);
     const std::vector<CNodeConnection*> connections = joinPortByPort(scene, a, b, 3);
@@ -895,7 +896,7 @@ void tst_CNodeScene::handlersDeletionsKeepTheirOrder()
 
 void tst_CNodeScene::deletionAskedForByADeletionComesLast()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene, QStringLiteral("A"), 0, 3);
     const SPlaced b = place(scene, QStringLiteral("B"), 3, 0);
     const std::vector<CNodeConnection*> connections = joinPortByPort(scene, a, b, 3);
@@ -916,7 +917,7 @@ void tst_CNodeScene::deletionAskedForByADeletionComesLast()
 
 void tst_CNodeScene::deletionWaitsForTheOutermostOperation()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene, QStringLiteral("A"));
     const SPlaced b = place(scene, QStringLiteral("B"));
     bool wasWholeInTheOuterHandler = false;
@@ -939,7 +940,7 @@ void tst_CNodeScene::longQueueOfDeletionsNeedsNoStack()
 {
     const int count = 100000;
 
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene);
     const SPlaced b = place(scene);
     for (int i = 0; i < count; ++i)
@@ -960,7 +961,7 @@ void tst_CNodeScene::longQueueOfDeletionsNeedsNoStack()
 
 void tst_CNodeScene::removedNodeGoesAfterItsConnections()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene, QStringLiteral("A"), 0, 1);
     const SPlaced hub = place(scene, QStringLiteral("Hub"), 2, 2);
     const SPlaced b = place(scene, QStringLiteral("B"), 1, 0);
@@ -985,7 +986,7 @@ void tst_CNodeScene::removedNodeGoesAfterItsConnections()
 
 void tst_CNodeScene::nodeIsWholeWhenItsRemovalIsAnnounced()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene);
     const SPlaced b = place(scene);
     CNodeConnection& connection = *join(scene, a, 0, b, 0);
@@ -1005,7 +1006,7 @@ void tst_CNodeScene::nodeIsWholeWhenItsRemovalIsAnnounced()
 
 void tst_CNodeScene::consumersOfARemovedNodeReceiveEmptyData()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene);
     const SPlaced b = place(scene);
     const SPlaced c = place(scene);
@@ -1020,7 +1021,7 @@ void tst_CNodeScene::consumersOfARemovedNodeReceiveEmptyData()
 
 void tst_CNodeScene::selfConnectionGoesOnce()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene, QStringLiteral("A"));
     QVERIFY(join(scene, a, 0, a, 0));
     QCOMPARE(inconsistencyOf(scene), QString());
@@ -1032,7 +1033,7 @@ void tst_CNodeScene::selfConnectionGoesOnce()
 
 void tst_CNodeScene::deletionAskedForWhenARemovalIsAnnouncedComesFirst()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene, QStringLiteral("A"), 0, 2);
     const SPlaced b = place(scene, QStringLiteral("B"), 2, 0);
     join(scene, a, 0, b, 0);
@@ -1048,8 +1049,8 @@ void tst_CNodeScene::deletionAskedForWhenARemovalIsAnnouncedComesFirst()
 
 void tst_CNodeScene::strangeNodeIsLeftAlone()
 {
-    CNodeScene scene(nullptr, nullptr);
-    CNodeScene other(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
+    CTestScene other(nullptr, nullptr);
     const SPlaced ofOther = place(other);
     CNodeBase ofNobody(std::make_unique<CTestModel>());
     const CSignalLog log(scene);
@@ -1065,7 +1066,7 @@ void tst_CNodeScene::strangeNodeIsLeftAlone()
 
 void tst_CNodeScene::nodeThatTookAnothersIdGoesAlone()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene, QStringLiteral("A"));
     const SPlaced b = place(scene, QStringLiteral("B"));
     const SPlaced c = place(scene, QStringLiteral("C"));
@@ -1101,7 +1102,7 @@ void tst_CNodeScene::isBeingDestroyedInItsDestructorAlone()
 
 void tst_CNodeScene::clearingAnEmptySceneDoesNothing()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const CSignalLog log(scene);
     scene.clearScene();
     QCOMPARE(log.said, QStringList());
@@ -1110,7 +1111,7 @@ void tst_CNodeScene::clearingAnEmptySceneDoesNothing()
 
 void tst_CNodeScene::clearsInTheOrderOfTheTable()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     for (int i = 0; i < 20; ++i)
         place(scene, QString::number(i));
     QStringList expected;
@@ -1129,7 +1130,7 @@ void tst_CNodeScene::clearsInTheOrderOfTheTable()
 
 void tst_CNodeScene::clearingKeepsHalfConnections()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     const SPlaced a = place(scene, QStringLiteral("A"));
     const SPlaced b = place(scene, QStringLiteral("B"));
     join(scene, a, 0, b, 0);
@@ -1150,7 +1151,7 @@ void tst_CNodeScene::clearingKeepsHalfConnections()
 
 void tst_CNodeScene::destructionAnnouncesWhatRemains()
 {
-    auto scene = std::make_unique<CNodeScene>(nullptr, nullptr);
+    auto scene = std::make_unique<CTestScene>(nullptr, nullptr);
     const SPlaced a = place(*scene, QStringLiteral("A"), 0, 1);
     const SPlaced b = place(*scene, QStringLiteral("B"), 1, 0);
     auto shared = join(*scene, a, 0, b, 0);
@@ -1178,7 +1179,7 @@ void tst_CNodeScene::visitsInTheOrderOfTheTable()
 {
     QFETCH(const bool, asModels);
 
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     std::vector<CNodeDataModel*> visited;
     const auto note = [&visited](CNodeDataModel* model) { visited.push_back(model); };
     visit(scene, asModels, note);
@@ -1195,7 +1196,7 @@ void tst_CNodeScene::emptyVisitorThrowsIfThereIsANode()
 {
     const std::function<void(CNodeBase*)> ofNodes;
     const std::function<void(CNodeDataModel*)> ofModels;
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     scene.iterateOverNodes(ofNodes);
     scene.iterateOverNodeData(ofModels);
 
@@ -1209,7 +1210,7 @@ void tst_CNodeScene::visitorMayRemoveOthers()
 {
     QFETCH(const bool, asModels);
 
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     std::map<CNodeDataModel*, CNodeBase*> nodeOf;
     for (int i = 0; i < 5; ++i) {
         const SPlaced placed = place(scene);
@@ -1234,7 +1235,7 @@ void tst_CNodeScene::visitorMayRemoveEachNode()
 {
     QFETCH(const bool, asModels);
 
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     std::map<CNodeDataModel*, CNodeBase*> nodeOf;
     for (int i = 0; i < 5; ++i) {
         const SPlaced placed = place(scene);
@@ -1254,7 +1255,7 @@ void tst_CNodeScene::visitorMayAdd()
 {
     QFETCH(const bool, asModels);
 
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     for (int i = 0; i < 3; ++i)
         place(scene);
     int visits = 0;
@@ -1272,7 +1273,7 @@ void tst_CNodeScene::visitorMayDestroyTheScene()
 {
     QFETCH(const bool, asModels);
 
-    auto scene = std::make_unique<CNodeScene>(nullptr, nullptr);
+    auto scene = std::make_unique<CTestScene>(nullptr, nullptr);
     for (int i = 0; i < 3; ++i)
         place(*scene);
     int visits = 0;
@@ -1288,7 +1289,7 @@ void tst_CNodeScene::visitorsExceptionPassesThrough()
 {
     QFETCH(const bool, asModels);
 
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     for (int i = 0; i < 3; ++i)
         place(scene);
     int visits = 0;

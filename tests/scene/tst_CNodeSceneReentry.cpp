@@ -8,6 +8,7 @@
 #include "support/CMessageCatcher.h"
 #include "support/CTestData.h"
 #include "support/CTestModel.h"
+#include "support/CTestScene.h"
 #include "support/SceneConsistency.h"
 
 #include <QTest>
@@ -59,7 +60,7 @@ public:
     }
 
     QStringList said; // before the scene, whose destructor still speaks
-    std::unique_ptr<CNodeScene> scene = std::make_unique<CNodeScene>(nullptr, nullptr);
+    std::unique_ptr<CTestScene> scene = std::make_unique<CTestScene>(nullptr, nullptr);
     CNodeBase* first = nullptr;
     CNodeBase* second = nullptr;
     CNodeBase* third = nullptr;
@@ -379,7 +380,7 @@ void tst_CNodeSceneReentry::destroyingTheSceneInAnySignal()
 {
     QFETCH(ESignal, signal);
     CChain chain;
-    runAtFirst(chain, signal, [&chain] { chain.scene.reset(); });
+    runAtFirst(chain, signal, [&chain] { CTestScene::endInside(chain.scene); });
     provoke(chain, signal);
 
     QVERIFY(!chain.scene);
@@ -408,7 +409,7 @@ void tst_CNodeSceneReentry::infoHandlerMayDestroyTheScene()
     class CInfo : public Core::AppCoreComponents::IBaseInfo
     {
     };
-    auto scene = std::make_unique<CNodeScene>(QSharedPointer<CInfo>::create(), nullptr);
+    auto scene = std::make_unique<CTestScene>(QSharedPointer<CInfo>::create(), nullptr);
     auto model = std::make_unique<CTestModel>();
     QObject::connect(model.get(), &CNodeDataModel::infoInjected, [&scene] { scene.reset(); });
     CNodeBase& none = scene->createNode(std::move(model));
@@ -577,7 +578,7 @@ void tst_CNodeSceneReentry::sceneDestroyedByThePush()
     modelOf(*chain.first).out = CTestData::make(1);
     modelOf(*chain.third).onSetInData = [&](const CNodeDataPtr& data, NodePortIndex) {
         if (data)
-            chain.scene.reset();
+            CTestScene::endInside(chain.scene);
     };
     QVERIFY(!chain.scene->createConnection(*chain.third, 0, *chain.first, 0, NodeDataConverter()));
     QVERIFY(!chain.scene);
@@ -619,7 +620,7 @@ void tst_CNodeSceneReentry::queueOfADyingSceneIsFinished()
         chain.scene->deleteConnection(*chain.upper);
         chain.scene->removeNode(*chain.third);
         QCOMPARE(chain.said.count("connectionDeleted"), 0);
-        chain.scene.reset();
+        CTestScene::endInside(chain.scene);
     });
     provoke(chain, NodeCreated);
     QCOMPARE(chain.said.count("connectionDeleted"), 2);
@@ -629,7 +630,7 @@ void tst_CNodeSceneReentry::queueOfADyingSceneIsFinished()
 
 void tst_CNodeSceneReentry::longQueueNeedsNoStack()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     CNodeBase& hub = scene.createNode(std::make_unique<CTestModel>(1, 1));
     CNodeBase& sink = scene.createNode(std::make_unique<CTestModel>(1, 0));
     modelOf(sink).onSetInData = [](const CNodeDataPtr&, NodePortIndex) {};
@@ -646,7 +647,7 @@ void tst_CNodeSceneReentry::dyingSceneTakesNothingIn()
 {
     // A half connection goes with the scene's tables, when all signals are sent, and its last delivery asks for more.
     CChain other;
-    auto dying = std::make_unique<CNodeScene>(nullptr, nullptr);
+    auto dying = std::make_unique<CTestScene>(nullptr, nullptr);
     CNodeScene* const late = dying.get();
     QVERIFY(late->createConnection(ENodePortType::In, *other.first, 0));
     int calls = 0;
@@ -731,7 +732,6 @@ void tst_CNodeSceneReentry::deferredDeletionIsDoneInSpiteOfAnException()
     chain.atFirst<CNodeBase>(&CNodeScene::nodeCreated,
                              [&chain](CNodeBase&) { chain.scene->removeNode(*chain.second); });
     QVERIFY_EXCEPTION_THROWN(provoke(chain, NodeCreated), std::runtime_error);
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
 
     chain.scene->createNode(std::make_unique<CTestModel>());
     QVERIFY(chain.scene->connections().empty());

@@ -9,6 +9,7 @@
 #include "support/CMessageCatcher.h"
 #include "support/CTestData.h"
 #include "support/CTestModel.h"
+#include "support/CTestScene.h"
 #include "support/SceneConsistency.h"
 
 #include <QJsonArray>
@@ -175,7 +176,7 @@ public:
     QStringList said; // before the scene, whose destructor still speaks
     std::function<void(CTestModel&)> onCreate;
     std::shared_ptr<CNodeDataModelRegistry> registry = std::make_shared<CNodeDataModelRegistry>();
-    std::unique_ptr<CNodeScene> scene = std::make_unique<CNodeScene>(registry, nullptr, nullptr);
+    std::unique_ptr<CTestScene> scene = std::make_unique<CTestScene>(registry, nullptr, nullptr);
 
 private:
     template <typename Object>
@@ -294,7 +295,7 @@ void tst_SceneDocument::emptySceneHasEmptyArrays()
 
 void tst_SceneDocument::documentIsIndentedUtf8()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     CNodeBase& node = scene.createNode(std::make_unique<CTestModel>(1, 1, QStringLiteral("Prüfung")));
     const QString expected = QStringLiteral("{\n"
                                             "    \"connections\": [\n"
@@ -350,7 +351,7 @@ void tst_SceneDocument::uniqueNameIsSavedWhenThereIsOne()
     world.load({nodeJson(idA, "Named")});
     QCOMPARE(modelJsonOf(*world.scene), QJsonObject({{"name", "Named"}, {"is_unique", false}}));
 
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     auto model = std::make_unique<CNamedModel>(QStringLiteral("left eye"));
     model->unique = true;
     scene.createNode(std::move(model));
@@ -360,7 +361,7 @@ void tst_SceneDocument::uniqueNameIsSavedWhenThereIsOne()
 
 void tst_SceneDocument::connectionNamesItsConverterByTypes()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     auto outModel = std::make_unique<CTestModel>();
     outModel->onDataType = [](ENodePortType, NodePortIndex) { return SNodeDataType{"grey", "Grey"}; };
     auto inModel = std::make_unique<CTestModel>();
@@ -389,7 +390,7 @@ void tst_SceneDocument::halfConnectionsAreLeftOut()
 
 void tst_SceneDocument::orderIsThatOfTheTables()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     CNodeBase& hub = scene.createNode(std::make_unique<CTestModel>(20, 1));
     for (int i = 0; i < 20; ++i) {
         scene.createNode(std::make_unique<CTestModel>());
@@ -454,7 +455,7 @@ void tst_SceneDocument::savingAfterLoadingGivesTheSameDocument()
     world.scene->createConnection(source, 0, source, 0, NodeDataConverter());
     const QByteArray first = world.scene->saveToMemory();
 
-    CNodeScene second(world.registry, nullptr, nullptr);
+    CTestScene second(world.registry, nullptr, nullptr);
     second.loadFromMemory(first);
     QCOMPARE(contentsOf(second.saveToMemory()), contentsOf(first));
     QCOMPARE(contentsOf(first).size(), 9);
@@ -542,7 +543,7 @@ void tst_SceneDocument::infoComesBeforeTheSettings()
     };
     CWorld world;
     const auto info = QSharedPointer<CInfo>::create();
-    CNodeScene scene(world.registry, info, nullptr);
+    CTestScene scene(world.registry, info, nullptr);
     Core::AppCoreComponents::BaseInfoPtr atRestore;
     world.onCreate = [&atRestore](CTestModel& model) {
         model.onRestore = [&atRestore, &model] { atRestore = model.getInfo(); };
@@ -618,7 +619,7 @@ void tst_SceneDocument::emptyNameIsANameLikeAnyOther()
 
 void tst_SceneDocument::sceneWithoutRegistryKnowsNoModel()
 {
-    CNodeScene scene(nullptr, nullptr);
+    CTestScene scene(nullptr, nullptr);
     QVERIFY_EXCEPTION_THROWN(scene.loadFromMemory(documentOf({nodeJson(idA)})), std::logic_error);
     scene.loadFromMemory(documentOf({nodeJson(idA, "Test", true)}, {connectionJson(idA, idB)}));
 
@@ -811,7 +812,7 @@ void tst_SceneDocument::wrongTypes()
         QTEST(static_cast<CDecouplerModel*>(world.node(idB).nodeDataModel())->framesPerSecond(), "rate");
     QCOMPARE(faultOf(*world.scene), QString());
 
-    CNodeScene again(world.registry, nullptr, nullptr);
+    CTestScene again(world.registry, nullptr, nullptr);
     again.loadFromMemory(saved);
     QCOMPARE(contentsOf(again.saveToMemory()), contentsOf(saved));
 }
@@ -1038,7 +1039,7 @@ void tst_SceneDocument::handlerOfNodeCreated()
         else if (action == "save")
             world.scene->saveToMemory();
         else
-            world.scene.reset();
+            CTestScene::endInside(world.scene);
     });
     world.load(chainNodes(), chainConnections());
 
@@ -1074,7 +1075,7 @@ void tst_SceneDocument::handlerOfConnectionCreated()
         else if (action == "clear")
             world.scene->clearScene();
         else
-            world.scene.reset();
+            CTestScene::endInside(world.scene);
     });
     world.load(chainNodes(), chainConnections());
 
@@ -1251,7 +1252,7 @@ void tst_SceneDocument::infoHandlerDestroysTheScene()
     {
     };
     CWorld world;
-    auto scene = std::make_unique<CNodeScene>(world.registry, QSharedPointer<CInfo>::create(), nullptr);
+    auto scene = std::make_unique<CTestScene>(world.registry, QSharedPointer<CInfo>::create(), nullptr);
     world.onCreate = [&scene](CTestModel& model) {
         QObject::connect(&model, &CNodeDataModel::infoInjected, [&scene] { scene.reset(); });
     };
@@ -1302,7 +1303,7 @@ void tst_SceneDocument::nameOfAModelRemovesNodes() const
         std::function<void()> onName;
     };
     QFETCH(bool, wholeScene);
-    auto scene = std::make_unique<CNodeScene>(nullptr, nullptr);
+    auto scene = std::make_unique<CTestScene>(nullptr, nullptr);
     auto model = std::make_unique<CFleetingModel>();
     CFleetingModel& fleeting = *model;
     CNodeBase& node = scene->createNode(std::move(model));
