@@ -1,0 +1,390 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "matrix/MatrixHooks.h"
+
+#include <QTest>
+
+#include <utility>
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+// The test looks whether it has run.
+void waitForHandler(const CMatrixWorld& world)
+{
+    static_cast<void>(QTest::qWaitFor([&world] { return world.hasFired(); }));
+}
+
+// ---- signals of a scene
+
+void onNodeCreated(CMatrixWorld& world)
+{
+    // A host wires a node when it hears of it; then it has neighbours.
+    SPlace& hand = world.hand();
+    hand.scene->removeNode(*hand.node);
+    QObject::connect(hand.scene, &CNodeScene::nodeCreated, [&world, &hand](CNodeBase& node) {
+        if (world.hasFired())
+            return;
+        SPlace& down = world.at(ETarget::Downstream);
+        hand.node = down.feeder = &node;
+        hand.connection = world.connectPlace(hand);
+        down.connection = world.connectPlace(down);
+        world.fire();
+    });
+    hand.scene->createNode(std::make_unique<CStepModel>());
+}
+
+void onNodeDeleted(CMatrixWorld& world)
+{
+    const SPlace& hand = world.hand();
+    QObject::connect(hand.scene, &CNodeScene::nodeDeleted, world.firing());
+    hand.scene->removeNode(*hand.node);
+}
+
+void onNodeDeletedWithScene(CMatrixWorld& world)
+{
+    const SPlace& hand = world.hand();
+    QObject::connect(hand.scene, &CNodeScene::nodeDeleted, [&world, &hand](const CNodeBase& node) {
+        if (&node == hand.node)
+            world.fire();
+    });
+    world.service().removeSceneOfNode(hand.node.data());
+}
+
+void onConnectionCreated(CMatrixWorld& world)
+{
+    SPlace& hand = world.hand();
+    hand.scene->deleteConnection(hand.theConnection());
+    QObject::connect(hand.scene, &CNodeScene::connectionCreated, [&world, &hand](const CNodeConnection& connection) {
+        if (world.hasFired())
+            return;
+        hand.connection = hand.scene->connections().at(connection.id());
+        world.fire();
+    });
+    world.connectPlace(hand);
+}
+
+void onConnectionDeleted(CMatrixWorld& world)
+{
+    const SPlace& hand = world.hand();
+    QObject::connect(hand.scene, &CNodeScene::connectionDeleted, world.firing());
+    hand.scene->deleteConnection(hand.theConnection());
+}
+
+void onConnectionDeletedWithNode(CMatrixWorld& world)
+{
+    const SPlace& hand = world.hand();
+    QObject::connect(hand.scene, &CNodeScene::connectionDeleted, world.firing());
+    hand.scene->removeNode(*hand.node);
+}
+
+void onConnectionDeletedWithScene(CMatrixWorld& world)
+{
+    const SPlace& hand = world.hand();
+    const Core::CId id = hand.theConnection().id();
+    QObject::connect(hand.scene, &CNodeScene::connectionDeleted, [&world, id](const CNodeConnection& connection) {
+        if (connection.id() == id)
+            world.fire();
+    });
+    world.service().removeSceneOfNode(hand.node.data());
+}
+
+// ---- signals of the service
+
+void onActiveSceneChanged(CMatrixWorld& world)
+{
+    QObject::connect(&world.service(), &INodeService::activeSceneChanged, world.firing());
+    world.service().setActiveScene(world.hand().scene);
+}
+
+void onSceneAdded(CMatrixWorld& world)
+{
+    QObject::connect(&world.service(), &INodeService::sceneAdded, [&world](CNodeScene* scene) {
+        if (world.hasFired())
+            return;
+        SPlace added;
+        added.scene = scene;
+        added.sourceName = QStringLiteral("added");
+        world.hand() = added;
+        world.fire();
+    });
+    world.service().addNode(std::make_unique<CStepModel>(QStringLiteral("added")), {});
+}
+
+void onSceneRemoving(CMatrixWorld& world)
+{
+    QObject::connect(&world.service(), &INodeService::sceneRemoving, world.firing());
+    world.service().removeSceneOfNode(world.hand().node.data());
+}
+
+void onSceneRemoved(CMatrixWorld& world)
+{
+    QObject::connect(&world.service(), &INodeService::sceneRemoved, world.firing());
+    world.service().removeSceneOfNode(world.hand().node.data());
+}
+
+// ---- signals of a connection and of a model
+
+void onUpdated(CMatrixWorld& world)
+{
+    const SPlace& hand = world.hand();
+    CNodeConnection& connection = hand.theConnection();
+    QObject::connect(&connection, &CNodeConnection::updated, world.firing());
+    connection.setNodeToPort(*hand.node, ENodePortType::In, 0);
+}
+
+void onDataUpdatedBeforeTheWalk(CMatrixWorld& world)
+{
+    world.hand().model().onDataUpdated = world.firing();
+    world.feed(world.at(ETarget::Upstream));
+}
+
+void onDataUpdatedAfterTheWalk(CMatrixWorld& world)
+{
+    QObject::connect(&world.hand().model(), &CNodeDataModel::dataUpdated, world.firing());
+    world.feed(world.at(ETarget::Upstream));
+}
+
+// ---- operations of a model, converters
+
+void onSetInData(CMatrixWorld& world)
+{
+    world.hand().model().onSetInData = world.firing();
+    world.feed(world.at(ETarget::Upstream));
+}
+
+void onFirstSetInData(CMatrixWorld& world)
+{
+    const SPlace& hand = world.hand();
+    hand.scene->deleteConnection(hand.theConnection());
+    hand.model().onSetInData = world.firing();
+    world.connectPlace(hand);
+}
+
+void onLastSetInData(CMatrixWorld& world)
+{
+    const SPlace& hand = world.hand();
+    hand.model().onSetInData = world.firing();
+    hand.scene->deleteConnection(hand.theConnection());
+}
+
+void onSetInDataBehindDecoupler(CMatrixWorld& world)
+{
+    const SPlace& hand = world.hand();
+    world.addBehindDecoupler(hand).onSetInData = world.firing();
+    hand.feedDecoupler(CTestData::make(0));
+    waitForHandler(world);
+}
+
+void onOutData(CMatrixWorld& world)
+{
+    world.hand().model().onOutData = world.firing();
+    world.feed(world.at(ETarget::Upstream));
+}
+
+void onConverter(CMatrixWorld& world)
+{
+    world.hand().theConnection().setTypeConverter([&world](CNodeDataPtr data) {
+        world.fire();
+        return data;
+    });
+    world.feed(world.at(ETarget::Upstream));
+}
+
+void onSave(CMatrixWorld& world)
+{
+    world.hand().model().onSave = world.firing();
+    world.hand().scene->saveToMemory();
+}
+
+void onRestore(CMatrixWorld& world)
+{
+    world.hand().model().onRestore = world.firing();
+    world.hand().node->restore(world.hand().node->save());
+}
+
+void onRestoreFromDocument(CMatrixWorld& world)
+{
+    world.onMade = [&world](CStepModel& model) { model.onRestore = world.firing(); };
+    world.hand().scene->loadFromMemory(CMatrixWorld::sceneDocument(world.hand()));
+}
+
+// ---- destructors
+
+void onModelDestroyed(CMatrixWorld& world)
+{
+    world.hand().model().onDestroyed = world.firing();
+    world.hand().scene->removeNode(*world.hand().node);
+}
+
+void onModelReplaced(CMatrixWorld& world)
+{
+    world.hand().model().onDestroyed = world.firing();
+    world.hand().scene->loadFromMemory(CMatrixWorld::sceneDocument(world.hand()));
+}
+
+void onModelDestroyedWithScene(CMatrixWorld& world)
+{
+    world.hand().model().onDestroyed = world.firing();
+    world.service().removeSceneOfNode(world.hand().node.data());
+}
+
+CNodeDataPtr makeLastData(CMatrixWorld& world)
+{
+    const auto data = CTestData::make(0);
+    data->onDestroyed = world.firing();
+    return data;
+}
+
+void onDataReplaced(CMatrixWorld& world)
+{
+    // The model at hand is the only one that keeps it; with the next data it goes.
+    world.at(ETarget::Downstream).model().isDeaf = true;
+    world.hand().model().getDataFlowProxy()->setData(makeLastData(world));
+    world.feed(world.at(ETarget::Upstream));
+}
+
+void onDataReplacedInDecoupler(CMatrixWorld& world)
+{
+    // The worker drops what it sent before it sends the next, so that the last to have it is the model.
+    const SPlace& hand = world.hand();
+    CNodeDataPtr last = makeLastData(world);
+    const CNodeData* const marked = last.data();
+    hand.feedDecoupler(std::move(last));
+    static_cast<void>(QTest::qWaitFor([&] { return hand.decouplerModel().outData(0).data() == marked; }));
+    hand.feedDecoupler(CTestData::make(0));
+    waitForHandler(world);
+}
+
+void onDataDestroyedAfterTheWalk(CMatrixWorld& world)
+{
+    // Nobody keeps it, but for a decoupler, which has it until the next data comes.
+    world.at(ETarget::Downstream).model().isDeaf = true;
+    world.hand().model().nextOut = makeLastData(world);
+    world.feed(world.at(ETarget::Upstream));
+    world.feed(world.at(ETarget::Upstream));
+}
+
+void onDataDestroyedWithModel(CMatrixWorld& world)
+{
+    const SPlace& hand = world.hand();
+    world.at(ETarget::Downstream).model().isDeaf = true;
+    hand.model().getDataFlowProxy()->setData(makeLastData(world));
+    hand.model().isDeaf = true; // for the empty data with which its connection goes
+    hand.scene->removeNode(*hand.node);
+}
+
+QSharedPointer<CMatrixInfo> makeLastInfo(CMatrixWorld& world)
+{
+    const auto info = QSharedPointer<CMatrixInfo>::create();
+    info->onDestroyed = world.firing();
+    return info;
+}
+
+void onInfoReplaced(CMatrixWorld& world)
+{
+    world.hand().model().setInfo(makeLastInfo(world));
+    world.hand().model().setInfo({});
+}
+
+void onInfoDestroyedWithModel(CMatrixWorld& world)
+{
+    world.hand().model().setInfo(makeLastInfo(world));
+    world.hand().scene->removeNode(*world.hand().node);
+}
+
+void onInfoDestroyedWithScene(CMatrixWorld& world)
+{
+    world.hand().info.toStrongRef()->onDestroyed = world.firing();
+    world.service().removeSceneOfNode(world.hand().node.data());
+}
+
+// ---- what is gone
+
+/// It concerns everything in the scene of the node at hand.
+SGone inItsScene(const char* reason, std::vector<EPart> parts)
+{
+    return {reason,
+            std::move(parts),
+            {ETarget::AtHand, ETarget::Upstream, ETarget::Downstream, ETarget::Unrelated},
+            {ETarget::AtHand}};
+}
+
+SGone itsConnection(const char* reason)
+{
+    return {reason, {EPart::Connection}, {ETarget::AtHand}, {ETarget::AtHand}};
+}
+
+SGone connectionsOfItsNode()
+{
+    // One that leads into another scene belongs to that scene and stays, without this end.
+    return {"connections go before their node",
+            {EPart::Connection},
+            {ETarget::AtHand, ETarget::Downstream},
+            {ETarget::AtHand}};
+}
+
+SGone sceneItself()
+{
+    return inItsScene("what is being destroyed cannot be destroyed again", {EPart::OwnedScene});
+}
+
+} // namespace
+
+const std::vector<SHook>& matrixHooks()
+{
+    static const std::vector<SHook> hooks{
+        {"nodeCreated", &onNodeCreated, {}},
+        {"nodeDeleted", &onNodeDeleted, {}},
+        {"nodeDeleted with its scene", &onNodeDeletedWithScene, {sceneItself()}, SHook::HandFirst},
+        {"connectionCreated", &onConnectionCreated, {}},
+        {"connectionDeleted", &onConnectionDeleted, {}},
+        {"connectionDeleted with its node", &onConnectionDeletedWithNode, {}},
+        {"connectionDeleted with its scene", &onConnectionDeletedWithScene, {sceneItself()}, SHook::HandFirst},
+        {"activeSceneChanged", &onActiveSceneChanged, {}},
+        {"sceneAdded",
+         &onSceneAdded,
+         {{"a new scene is empty",
+           {EPart::Connection, EPart::Node, EPart::Decoupler},
+           {ETarget::AtHand},
+           {ETarget::AtHand}}}},
+        {"sceneRemoving", &onSceneRemoving, {}},
+        {"sceneRemoved",
+         &onSceneRemoved,
+         {inItsScene("the scene is gone",
+                     {EPart::Connection, EPart::Node, EPart::Decoupler, EPart::Scene, EPart::OwnedScene})}},
+        {"updated", &onUpdated, {}},
+        {"dataUpdated before the walk", &onDataUpdatedBeforeTheWalk, {}},
+        {"dataUpdated after the walk", &onDataUpdatedAfterTheWalk, {}},
+        {"setInData", &onSetInData, {}},
+        {"setInData of a new connection", &onFirstSetInData, {itsConnection("the connection is not in its scene yet")}},
+        {"setInData of a connection that goes",
+         &onLastSetInData,
+         {itsConnection("the connection is in its destructor")}},
+        {"setInData behind a decoupler", &onSetInDataBehindDecoupler, {}, SHook::Decouplers},
+        {"outData", &onOutData, {}},
+        {"converter", &onConverter, {}},
+        {"save", &onSave, {}},
+        {"restore", &onRestore, {}},
+        {"restore from a document", &onRestoreFromDocument, {}},
+        {"model destroyed", &onModelDestroyed, {connectionsOfItsNode()}},
+        {"model replaced by a document", &onModelReplaced, {}},
+        {"model destroyed with its scene",
+         &onModelDestroyedWithScene,
+         {sceneItself(), connectionsOfItsNode()},
+         SHook::HandFirst},
+        {"data replaced", &onDataReplaced, {}},
+        {"data replaced in a decoupler", &onDataReplacedInDecoupler, {}, SHook::Decouplers},
+        {"data destroyed after the walk", &onDataDestroyedAfterTheWalk, {}},
+        {"data destroyed with its model", &onDataDestroyedWithModel, {connectionsOfItsNode()}},
+        {"info replaced", &onInfoReplaced, {}},
+        {"info destroyed with its model", &onInfoDestroyedWithModel, {connectionsOfItsNode()}},
+        {"info destroyed with its scene",
+         &onInfoDestroyedWithScene,
+         {sceneItself(),
+          inItsScene("the scene has lost its nodes", {EPart::Connection, EPart::Node, EPart::Decoupler})}},
+    };
+    return hooks;
+}

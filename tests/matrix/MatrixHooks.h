@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "matrix/CMatrixWorld.h"
+
+#include <vector>
+
+/// What an operation cannot be done to where a hook runs, since it is not there.
+struct SGone
+{
+    const char* reason;
+    std::vector<EPart> parts;
+    std::vector<ETarget> inOneScene;
+    std::vector<ETarget> inSceneEach;
+};
+
+/// A place where the library runs foreign code.
+struct SHook
+{
+    /// What provoking it takes beyond the plain world.
+    enum ENeeds
+    {
+        Nothing,
+        Decouplers,
+        HandFirst ///< The node at hand is the first to go when its scene is cleared.
+    };
+
+    const char* name;
+    void (*provoke)(CMatrixWorld&); ///< Makes the library run the world's handler there.
+    std::vector<SGone> gone;
+    ENeeds needs = Nothing;
+};
+
+const std::vector<SHook>& matrixHooks();
