@@ -159,12 +159,53 @@ CStepModel& CMatrixWorld::addBehindDecoupler(const SPlace& place)
     return *stepOf(behind);
 }
 
-int CMatrixWorld::feed(const SPlace& place)
+void CMatrixWorld::feed(const SPlace& place)
 {
-    const int number = ++m_lastNumber;
     if (place.node)
-        place.model().getDataFlowProxy()->setData(CTestData::make(number));
-    return number;
+        place.model().getDataFlowProxy()->setData(CTestData::make(++m_lastNumber));
+}
+
+void CMatrixWorld::addWitnesses()
+{
+    const auto onScene = [this](CNodeScene* scene) { witness(scene); };
+    const auto onNode = [this](const CNodeBase& node) { witness(node); };
+    const auto onConnection = [this](const CNodeConnection& connection) { witness(connection); };
+
+    QObject::connect(m_service.get(), &INodeService::sceneAdded, onScene);
+    QObject::connect(m_service.get(), &INodeService::sceneRemoving, onScene);
+    QObject::connect(m_service.get(), &INodeService::activeSceneChanged, onScene);
+    const QList<CNodeScene*> scenes = m_service->scenes();
+    for (const CNodeScene* scene : scenes) {
+        QObject::connect(scene, &CNodeScene::nodeCreated, onNode);
+        QObject::connect(scene, &CNodeScene::nodeDeleted, onNode);
+        QObject::connect(scene, &CNodeScene::connectionCreated, onConnection);
+        QObject::connect(scene, &CNodeScene::connectionDeleted, onConnection);
+    }
+}
+
+void CMatrixWorld::witness(const CNodeBase& node)
+{
+    if (!node.nodeDataModel() || node.nodeDataModel()->name().isEmpty())
+        m_complaint = QStringLiteral("a handler was given a node that is not whole");
+}
+
+void CMatrixWorld::witness(const CNodeConnection& connection)
+{
+    static_cast<void>(connection.save()); // looks at both ends
+    if (connection.id() == Core::CId())
+        m_complaint = QStringLiteral("a handler was given a connection that is not whole");
+}
+
+void CMatrixWorld::witness(CNodeScene* scene)
+{
+    if (scene && !m_hasHostDestroyedScene && !m_service->scenes().contains(scene))
+        m_complaint = QStringLiteral("a handler was given a scene that is gone");
+}
+
+void CMatrixWorld::destroyScene(CNodeScene* scene)
+{
+    m_hasHostDestroyedScene = true;
+    delete scene;
 }
 
 QByteArray CMatrixWorld::sceneDocument(const SPlace& place)
@@ -186,6 +227,8 @@ QString CMatrixWorld::importDocument(const SPlace& place)
 
 QString CMatrixWorld::inconsistency() const
 {
+    if (!m_complaint.isEmpty())
+        return m_complaint;
     const SceneWorld world = worldOf(*m_service);
     const QPointer<CNodeScene> active = m_service->getActiveScene();
     if (active && !m_service->scenes().contains(active))

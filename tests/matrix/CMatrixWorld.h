@@ -121,8 +121,14 @@ public:
     /// Adds a node that \a place's decoupler feeds.
     CStepModel& addBehindDecoupler(const SPlace& place);
 
-    /// Sends a new number through \a place, if it is still there. Returns the number.
-    int feed(const SPlace& place);
+    /// Connects handlers to all signals of the service and its scenes that look at what they are given.
+    void addWitnesses();
+
+    /// A host that destroys a scene of the service destroys it for the handlers of the service's signals as well.
+    void destroyScene(Plugin::Halvex::CNodeScene* scene);
+
+    /// Sends a new number through \a place, if it is still there.
+    void feed(const SPlace& place);
 
     /// The scene document that holds \a place's node, made anew, and its connection.
     static QByteArray sceneDocument(const SPlace& place);
@@ -133,7 +139,7 @@ public:
     /// Called with each model that the registry makes.
     std::function<void(CStepModel&)> onMade;
 
-    /// What is wrong with the scenes of the service, empty if nothing is.
+    /// What is wrong with the scenes of the service, or was with what handlers were given; empty if nothing is.
     QString inconsistency() const;
 
     /// Sends a number into every node and looks where it comes out: in every node that a connection leads to, and
@@ -141,6 +147,9 @@ public:
     QString inconsistencyOfWalks();
 
 private:
+    void witness(const Plugin::Halvex::CNodeBase& node);
+    void witness(const Plugin::Halvex::CNodeConnection& connection);
+    void witness(Plugin::Halvex::CNodeScene* scene);
     void addScene(SPlace& place, const QString& name);
     Plugin::Halvex::CNodeBase& addStep(Plugin::Halvex::CNodeScene& scene);
 
@@ -148,5 +157,7 @@ private:
     std::function<void()> m_handler;
     bool m_hasFired = false;
     int m_lastNumber = 0;
+    QString m_complaint; // of a witness
+    bool m_hasHostDestroyedScene = false;
     std::unique_ptr<Plugin::Halvex::CNodeService> m_service; // goes first
 };

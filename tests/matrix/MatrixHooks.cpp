@@ -17,6 +17,13 @@ void waitForHandler(const CMatrixWorld& world)
     static_cast<void>(QTest::qWaitFor([&world] { return world.hasFired(); }));
 }
 
+template <typename Sender, typename Signal, typename Handler>
+void listen(CMatrixWorld& world, const Sender& sender, Signal signal, const Handler& handler)
+{
+    QObject::connect(&*sender, signal, handler);
+    world.addWitnesses(); // handlers after this one
+}
+
 // ---- signals of a scene
 
 void onNodeCreated(CMatrixWorld& world)
@@ -24,7 +31,7 @@ void onNodeCreated(CMatrixWorld& world)
     // A host wires a node when it hears of it; then it has neighbours.
     SPlace& hand = world.hand();
     hand.scene->removeNode(*hand.node);
-    QObject::connect(hand.scene, &CNodeScene::nodeCreated, [&world, &hand](CNodeBase& node) {
+    listen(world, hand.scene, &CNodeScene::nodeCreated, [&world, &hand](CNodeBase& node) {
         if (world.hasFired())
             return;
         SPlace& down = world.at(ETarget::Downstream);
@@ -39,14 +46,14 @@ void onNodeCreated(CMatrixWorld& world)
 void onNodeDeleted(CMatrixWorld& world)
 {
     const SPlace& hand = world.hand();
-    QObject::connect(hand.scene, &CNodeScene::nodeDeleted, world.firing());
+    listen(world, hand.scene, &CNodeScene::nodeDeleted, world.firing());
     hand.scene->removeNode(*hand.node);
 }
 
 void onNodeDeletedWithScene(CMatrixWorld& world)
 {
     const SPlace& hand = world.hand();
-    QObject::connect(hand.scene, &CNodeScene::nodeDeleted, [&world, &hand](const CNodeBase& node) {
+    listen(world, hand.scene, &CNodeScene::nodeDeleted, [&world, &hand](const CNodeBase& node) {
         if (&node == hand.node)
             world.fire();
     });
@@ -57,7 +64,7 @@ void onConnectionCreated(CMatrixWorld& world)
 {
     SPlace& hand = world.hand();
     hand.scene->deleteConnection(hand.theConnection());
-    QObject::connect(hand.scene, &CNodeScene::connectionCreated, [&world, &hand](const CNodeConnection& connection) {
+    listen(world, hand.scene, &CNodeScene::connectionCreated, [&world, &hand](const CNodeConnection& connection) {
         if (world.hasFired())
             return;
         hand.connection = hand.scene->connections().at(connection.id());
@@ -69,14 +76,14 @@ void onConnectionCreated(CMatrixWorld& world)
 void onConnectionDeleted(CMatrixWorld& world)
 {
     const SPlace& hand = world.hand();
-    QObject::connect(hand.scene, &CNodeScene::connectionDeleted, world.firing());
+    listen(world, hand.scene, &CNodeScene::connectionDeleted, world.firing());
     hand.scene->deleteConnection(hand.theConnection());
 }
 
 void onConnectionDeletedWithNode(CMatrixWorld& world)
 {
     const SPlace& hand = world.hand();
-    QObject::connect(hand.scene, &CNodeScene::connectionDeleted, world.firing());
+    listen(world, hand.scene, &CNodeScene::connectionDeleted, world.firing());
     hand.scene->removeNode(*hand.node);
 }
 
@@ -84,7 +91,7 @@ void onConnectionDeletedWithScene(CMatrixWorld& world)
 {
     const SPlace& hand = world.hand();
     const Core::CId id = hand.theConnection().id();
-    QObject::connect(hand.scene, &CNodeScene::connectionDeleted, [&world, id](const CNodeConnection& connection) {
+    listen(world, hand.scene, &CNodeScene::connectionDeleted, [&world, id](const CNodeConnection& connection) {
         if (connection.id() == id)
             world.fire();
     });
@@ -95,13 +102,13 @@ void onConnectionDeletedWithScene(CMatrixWorld& world)
 
 void onActiveSceneChanged(CMatrixWorld& world)
 {
-    QObject::connect(&world.service(), &INodeService::activeSceneChanged, world.firing());
+    listen(world, &world.service(), &INodeService::activeSceneChanged, world.firing());
     world.service().setActiveScene(world.hand().scene);
 }
 
 void onSceneAdded(CMatrixWorld& world)
 {
-    QObject::connect(&world.service(), &INodeService::sceneAdded, [&world](CNodeScene* scene) {
+    listen(world, &world.service(), &INodeService::sceneAdded, [&world](CNodeScene* scene) {
         if (world.hasFired())
             return;
         SPlace added;
@@ -115,13 +122,13 @@ void onSceneAdded(CMatrixWorld& world)
 
 void onSceneRemoving(CMatrixWorld& world)
 {
-    QObject::connect(&world.service(), &INodeService::sceneRemoving, world.firing());
+    listen(world, &world.service(), &INodeService::sceneRemoving, world.firing());
     world.service().removeSceneOfNode(world.hand().node.data());
 }
 
 void onSceneRemoved(CMatrixWorld& world)
 {
-    QObject::connect(&world.service(), &INodeService::sceneRemoved, world.firing());
+    listen(world, &world.service(), &INodeService::sceneRemoved, world.firing());
     world.service().removeSceneOfNode(world.hand().node.data());
 }
 
@@ -131,7 +138,7 @@ void onUpdated(CMatrixWorld& world)
 {
     const SPlace& hand = world.hand();
     CNodeConnection& connection = hand.theConnection();
-    QObject::connect(&connection, &CNodeConnection::updated, world.firing());
+    listen(world, &connection, &CNodeConnection::updated, world.firing());
     connection.setNodeToPort(*hand.node, ENodePortType::In, 0);
 }
 
@@ -143,7 +150,7 @@ void onDataUpdatedBeforeTheWalk(CMatrixWorld& world)
 
 void onDataUpdatedAfterTheWalk(CMatrixWorld& world)
 {
-    QObject::connect(&world.hand().model(), &CNodeDataModel::dataUpdated, world.firing());
+    listen(world, &world.hand().model(), &CNodeDataModel::dataUpdated, world.firing());
     world.feed(world.at(ETarget::Upstream));
 }
 

@@ -33,4 +33,6 @@ struct SHook
     ENeeds needs = Nothing;
 };
 
+/// All that run in the graph's thread. A data object may also go in a decoupler's; what may be called from there, and
+/// is, is in tst_CDecoupler.
 const std::vector<SHook>& matrixHooks();

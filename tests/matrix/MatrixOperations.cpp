@@ -62,10 +62,10 @@ Proof createConnection(CMatrixWorld& world, const SPlace& place)
     return [=] { return isMade || !node || !feeder; }; // a node that is going takes none
 }
 
-Proof destroyScene(CMatrixWorld&, const SPlace& place)
+Proof destroyScene(CMatrixWorld& world, const SPlace& place)
 {
     const QPointer<CNodeScene> scene = place.scene;
-    delete scene.data();
+    world.destroyScene(scene);
     return [isGone = !scene] { return isGone; };
 }
 
