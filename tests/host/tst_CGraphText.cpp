@@ -8,7 +8,7 @@
 #include "host/models/CEdgesModel.h"
 #include "host/models/CGrabResultConverter.h"
 #include "host/models/CPngSinkModel.h"
-#include "scene/CNodeScene.h"
+#include "support/CTestScene.h"
 
 #include <QTest>
 
@@ -30,7 +30,7 @@ private Q_SLOTS:
 
 void tst_CGraphText::emptyScene()
 {
-    const CNodeScene scene({}, nullptr);
+    const CTestScene scene({}, nullptr);
     const CGraphText graph(scene);
     QCOMPARE(graph.text(), QString());
     QCOMPARE(graph.dot(), QStringLiteral("digraph Halvex {\n    rankdir=LR\n    node [shape=box]\n}\n"));
@@ -38,7 +38,7 @@ void tst_CGraphText::emptyScene()
 
 void tst_CGraphText::nodesInTheOrderOfTheData()
 {
-    CNodeScene scene({}, nullptr);
+    CTestScene scene({}, nullptr);
     // Made from the end to the beginning, with a short way and a long one to the sink's side.
     CNodeBase& sink = scene.createNode(std::make_unique<CPngSinkModel>());
     CNodeBase& edges = scene.createNode(std::make_unique<CEdgesModel>());
@@ -74,7 +74,7 @@ void tst_CGraphText::nodesInTheOrderOfTheData()
 
 void tst_CGraphText::loopsEnd()
 {
-    CNodeScene scene({}, nullptr);
+    CTestScene scene({}, nullptr);
     CNodeBase& blur = scene.createNode(std::make_unique<CBlurModel>());
     CNodeBase& edges = scene.createNode(std::make_unique<CEdgesModel>());
     scene.createConnection(blur, 0, edges, 0, {});
@@ -85,7 +85,7 @@ void tst_CGraphText::loopsEnd()
 
 void tst_CGraphText::halfConnectionsAreLeftOut()
 {
-    CNodeScene scene({}, nullptr);
+    CTestScene scene({}, nullptr);
     CNodeBase& blur = scene.createNode(std::make_unique<CBlurModel>());
     QVERIFY(scene.createConnection(ENodePortType::Out, blur, 0));
     QCOMPARE(CGraphText(scene).text(), QStringLiteral("  [0] Blur\n"));
@@ -93,8 +93,8 @@ void tst_CGraphText::halfConnectionsAreLeftOut()
 
 void tst_CGraphText::connectionsToOtherScenesAreLeftOut()
 {
-    CNodeScene other({}, nullptr);
-    CNodeScene scene({}, nullptr);
+    CTestScene other({}, nullptr);
+    CTestScene scene({}, nullptr);
     CNodeBase& blur = scene.createNode(std::make_unique<CBlurModel>());
     CNodeBase& edges = other.createNode(std::make_unique<CEdgesModel>());
     QVERIFY(scene.createConnection(edges, 0, blur, 0, {}));
@@ -103,7 +103,7 @@ void tst_CGraphText::connectionsToOtherScenesAreLeftOut()
 
 void tst_CGraphText::dotQuotes()
 {
-    CNodeScene scene({}, nullptr);
+    CTestScene scene({}, nullptr);
     scene.createNode(std::make_unique<CCameraSourceModel>(QStringLiteral("a\"b\\c")));
     QVERIFY(CGraphText(scene).dot().contains(QStringLiteral("[label=\"Camera: a\\\"b\\\\c\"]")));
 }

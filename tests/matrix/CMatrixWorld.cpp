@@ -4,7 +4,7 @@
 #include "matrix/CMatrixWorld.h"
 
 #include "models/CGenericNodeDecouplerDataModel.h"
-#include "support/SceneConsistency.h"
+#include "support/ServiceConsistency.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -24,12 +24,6 @@ using TestDecoupler = CGenericNodeDecouplerDataModel<CTestData>;
 CStepModel* stepOf(const CNodeBase& node)
 {
     return dynamic_cast<CStepModel*>(node.nodeDataModel());
-}
-
-SceneWorld worldOf(const CNodeService& service)
-{
-    const QList<CNodeScene*> scenes = service.scenes();
-    return SceneWorld(scenes.begin(), scenes.end());
 }
 
 /// Where data that enters \a first gets to, itself included; decouplers pass it on later.
@@ -227,18 +221,12 @@ QString CMatrixWorld::importDocument(const SPlace& place)
 
 QString CMatrixWorld::inconsistency() const
 {
-    if (!m_complaint.isEmpty())
-        return m_complaint;
-    const SceneWorld world = worldOf(*m_service);
-    const QPointer<CNodeScene> active = m_service->getActiveScene();
-    if (active && !m_service->scenes().contains(active))
-        return QStringLiteral("the active scene is none of the service's");
-    return inconsistencyOf(world);
+    return m_complaint.isEmpty() ? inconsistencyOfScenes(*m_service) : m_complaint;
 }
 
 QString CMatrixWorld::inconsistencyOfWalks()
 {
-    const SceneWorld world = worldOf(*m_service);
+    const SceneWorld world = scenesOf(*m_service);
     std::vector<const CNodeBase*> nodes;
     for (const CNodeScene* scene : world) {
         for (const auto& entry : scene->nodes()) {

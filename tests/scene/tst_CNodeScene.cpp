@@ -283,9 +283,9 @@ void tst_CNodeScene::pointerIsKnownToQt()
     QVERIFY(QMetaType(type).flags().testFlag(QMetaType::PointerToQObject));
     QCOMPARE(QMetaType::metaObjectForType(type), &CNodeScene::staticMetaObject);
 
-    CNodeScene scene({}, nullptr);
-    const QVariant variant = QVariant::fromValue(&scene);
-    QCOMPARE(variant.value<CNodeScene*>(), &scene);
+    CTestScene scene({}, nullptr);
+    const QVariant variant = QVariant::fromValue<CNodeScene*>(&scene);
+    QCOMPARE(variant.value<CNodeScene*>(), static_cast<CNodeScene*>(&scene));
     QCOMPARE(variant.value<QObject*>(), static_cast<QObject*>(&scene));
 }
 

@@ -7,6 +7,7 @@
 #include "models/CNodeDecouplerDataModelBase.h"
 #include "service/CVeltraGrabResultData.h"
 #include "support/CServiceManager.h"
+#include "support/CTestScene.h"
 
 #include <QDir>
 #include <QJsonArray>
@@ -151,7 +152,7 @@ void tst_CHalvexPlugin::decouplerOfADocumentNeedsIt()
     const QSharedPointer<CServiceManager> manager(new CServiceManager);
     CHalvexPlugin plugin;
     plugin.initialize(manager);
-    CNodeScene scene(nodesOf(*manager).registry(), {}, nullptr);
+    CTestScene scene(nodesOf(*manager).registry(), {}, nullptr);
     QVERIFY_EXCEPTION_THROWN(scene.loadFromMemory(documentWithADecoupler()), std::logic_error);
     plugin.extensionsInitialized();
     scene.loadFromMemory(documentWithADecoupler());

@@ -8,8 +8,9 @@
 #include "ImportDocument.h"
 #include "support/CMessageCatcher.h"
 #include "support/CTestModel.h"
+#include "support/CTestScene.h"
 #include "support/MetaMethods.h"
-#include "support/SceneConsistency.h"
+#include "support/ServiceConsistency.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -58,6 +59,11 @@ public:
         service->registry()->registerModel([] { return std::make_unique<CTestModel>(1, 1, QStringLiteral("Plain")); },
                                            QStringLiteral("Test"));
     }
+    ~CFixture()
+    {
+        if (service)
+            QCOMPARE(inconsistency(), QString());
+    }
 
     void registerModel(const QString& name, ENodeDataModelType type) const
     {
@@ -89,16 +95,7 @@ public:
     CNodeScene* active() const { return service->getActiveScene(); }
 
     /// A part of the scenes' state that every test leaves sound.
-    QString inconsistency() const
-    {
-        const auto scenes = service->scenes();
-        for (const CNodeScene* scene : scenes) {
-            const QString found = inconsistencyOf(*scene);
-            if (!found.isEmpty())
-                return found;
-        }
-        return {};
-    }
+    QString inconsistency() const { return inconsistencyOfScenes(*service); }
 
     std::unique_ptr<CNodeService> service = std::make_unique<CNodeService>(nullptr);
     CServiceLog log{*service};
@@ -1039,7 +1036,7 @@ void tst_CNodeService::removeSceneOfUnknownNodesDoesNothing()
     const SPlaced cam = f.addSource();
     CFixture g;
     const SPlaced stranger = g.addSource();
-    CNodeScene ownScene(nullptr, nullptr);
+    CTestScene ownScene(nullptr, nullptr);
     CNodeBase& loose = ownScene.createNode(std::make_unique<CTestModel>());
     f.log.take();
     g.log.take();
@@ -1198,9 +1195,9 @@ void tst_CNodeService::setActiveSceneIgnoresOthers()
     f.addSource();
     CFixture g;
     g.addSource();
-    CNodeScene loose(nullptr, nullptr);
+    CTestScene loose(nullptr, nullptr);
     f.log.take();
-    for (CNodeScene* scene : {static_cast<CNodeScene*>(nullptr), g.active(), &loose})
+    for (CNodeScene* scene : std::initializer_list<CNodeScene*>{nullptr, g.active(), &loose})
         f.service->setActiveScene(scene);
     QCOMPARE(f.log.take(), QStringList());
     QCOMPARE(f.active(), f.service->scenes().first());

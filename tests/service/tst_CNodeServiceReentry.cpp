@@ -9,7 +9,7 @@
 #include "CHostModel.h"
 #include "CServiceLog.h"
 #include "support/CMessageCatcher.h"
-#include "support/SceneConsistency.h"
+#include "support/ServiceConsistency.h"
 
 #include <QtTest>
 
@@ -49,6 +49,8 @@ public:
     ~CGraph()
     {
         m_action = nullptr;
+        if (service)
+            QCOMPARE(inconsistencyOfScenes(*service), QString());
         service.reset();
     }
 
@@ -184,12 +186,12 @@ private:
 /// What is wrong with the service and its scenes between operations, or an empty text.
 QString inconsistencyOf(CNodeService& service)
 {
+    const QString found = inconsistencyOfScenes(service);
+    if (!found.isEmpty())
+        return found;
     std::size_t nodes = 0;
     const auto scenes = service.scenes();
     for (const CNodeScene* scene : scenes) {
-        const QString found = inconsistencyOf(*scene);
-        if (!found.isEmpty())
-            return found;
         nodes += scene->nodes().size();
         for (const auto& entry : scene->nodes()) {
             auto* const model = dynamic_cast<ANodeDataModel*>(entry.second->nodeDataModel());
@@ -206,8 +208,6 @@ QString inconsistencyOf(CNodeService& service)
         if (service.findNode(node->id()) != node)
             return QStringLiteral("a document node is in no scene");
     }
-    if (service.getActiveScene() && !service.scenes().contains(service.getActiveScene()))
-        return QStringLiteral("the active scene is none of the service's");
     if (int(nodes) != CHostModel::alive())
         return QStringLiteral("there are %1 models for %2 nodes").arg(CHostModel::alive()).arg(nodes);
     return {};

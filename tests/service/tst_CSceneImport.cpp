@@ -9,7 +9,8 @@
 #include "scene/CNodeScene.h"
 #include "service/CNodeService.h"
 #include "support/CTestModel.h"
-#include "support/SceneConsistency.h"
+#include "support/CTestScene.h"
+#include "support/ServiceConsistency.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -93,7 +94,7 @@ public:
     }
     QJsonObject import(const QJsonArray& elements) { return importAll({document(elements)}); }
 
-    CNodeScene scene{nullptr, nullptr};
+    CTestScene scene{nullptr, nullptr};
 };
 
 /// What the import should give, by searching the scene for every name.
@@ -869,7 +870,7 @@ void tst_CSceneImport::sourceThatLeavesWhenAsked()
 {
     QFETCH(bool, wholeScene);
     QFETCH(bool, byName);
-    auto scene = std::make_unique<CNodeScene>(nullptr, nullptr);
+    auto scene = std::make_unique<CTestScene>(nullptr, nullptr);
     CNodeBase& node = scene->createNode(makeSource("cam"));
     auto* const model = static_cast<CHostModel*>(node.nodeDataModel());
     (byName ? model->onName : model->onIsUnique) = [&] {
@@ -906,6 +907,7 @@ public:
                                           QStringLiteral("Test"));
         cam = add("cam");
     }
+    ~CServiceFixture() { QCOMPARE(inconsistencyOfScenes(service), QString()); }
 
     CHostModel* add(const QString& uniqueName)
     {

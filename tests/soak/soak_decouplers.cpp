@@ -15,6 +15,7 @@
 #include "scene/CNodeScene.h"
 #include "support/CTestData.h"
 #include "support/CTestModel.h"
+#include "support/SceneConsistency.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -157,6 +158,8 @@ public:
         }
     }
 
+    void checkScene() const { check(inconsistencyOf(m_scene).isEmpty(), "the scene is not sound"); }
+
     int changes() const { return m_changes; }
     quint64 pushed() const { return m_feeder.pushed(); }
 
@@ -263,6 +266,7 @@ int main(int argc, char** argv)
         CSoak soak;
         soak.run(seconds);
         soak.checkPermanentBranches();
+        soak.checkScene();
         changes = soak.changes();
         pushed = soak.pushed();
     }
