@@ -52,7 +52,7 @@ bool SPlace::has(EPart part, const CNodeService& service) const
 {
     switch (part) {
     case EPart::Connection:
-        return scene && !connection.expired();
+        return scene && connection;
     case EPart::Node:
         return scene && node;
     case EPart::Decoupler:
@@ -107,7 +107,7 @@ CMatrixWorld::CMatrixWorld(ELayout layout, bool hasDecouplers)
 
     for (auto& entry : m_places) {
         SPlace& place = entry.second;
-        place.connection = connectPlace(place);
+        place.connection = connectPlace(place).get();
         if (hasDecouplers)
             place.scene->createConnection(*place.decoupler, 0, *place.node, 0, {});
     }

@@ -73,16 +73,14 @@ struct SPlace
     /// Hands \a data to the decoupler, which passes it on as soon as it can.
     void feedDecoupler(Plugin::Halvex::CNodeDataPtr data) const;
 
-    /// The connection, without a share in it.
-    Plugin::Halvex::CNodeConnection& theConnection() const { return *connection.lock(); }
-
     QPointer<Plugin::Halvex::CNodeScene> scene;
     QPointer<Plugin::Halvex::CNodeBase> node;
     QPointer<Plugin::Halvex::CNodeBase> feeder;
-    std::weak_ptr<Plugin::Halvex::CNodeConnection> connection; ///< From the feeder to the node.
-    QPointer<Plugin::Halvex::CNodeBase> decoupler;             ///< Fed by the node, if the world has decouplers.
-    QString sourceName;                                        ///< Of the unique source that the scene was made for.
-    QWeakPointer<CMatrixInfo> info;                            ///< The scene's.
+    /// From the feeder to the node. No std::weak_ptr, which would keep the memory, and hide who touches it too late.
+    QPointer<Plugin::Halvex::CNodeConnection> connection;
+    QPointer<Plugin::Halvex::CNodeBase> decoupler; ///< Fed by the node, if the world has decouplers.
+    QString sourceName;                            ///< Of the unique source that the scene was made for.
+    QWeakPointer<CMatrixInfo> info;                ///< The scene's.
 };
 
 /**
@@ -116,7 +114,7 @@ public:
     bool hasFired() const { return m_hasFired; }
 
     /// Makes the connection from \a place's feeder to its node.
-    std::shared_ptr<Plugin::Halvex::CNodeConnection> connectPlace(const SPlace& place);
+    static std::shared_ptr<Plugin::Halvex::CNodeConnection> connectPlace(const SPlace& place);
 
     /// Adds a node that \a place's decoupler feeds.
     CStepModel& addBehindDecoupler(const SPlace& place);

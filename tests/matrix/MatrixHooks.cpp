@@ -36,8 +36,8 @@ void onNodeCreated(CMatrixWorld& world)
             return;
         SPlace& down = world.at(ETarget::Downstream);
         hand.node = down.feeder = &node;
-        hand.connection = world.connectPlace(hand);
-        down.connection = world.connectPlace(down);
+        hand.connection = CMatrixWorld::connectPlace(hand).get();
+        down.connection = CMatrixWorld::connectPlace(down).get();
         world.fire();
     });
     hand.scene->createNode(std::make_unique<CStepModel>());
@@ -63,21 +63,21 @@ void onNodeDeletedWithScene(CMatrixWorld& world)
 void onConnectionCreated(CMatrixWorld& world)
 {
     SPlace& hand = world.hand();
-    hand.scene->deleteConnection(hand.theConnection());
-    listen(world, hand.scene, &CNodeScene::connectionCreated, [&world, &hand](const CNodeConnection& connection) {
+    hand.scene->deleteConnection(*hand.connection);
+    listen(world, hand.scene, &CNodeScene::connectionCreated, [&world, &hand](CNodeConnection& connection) {
         if (world.hasFired())
             return;
-        hand.connection = hand.scene->connections().at(connection.id());
+        hand.connection = &connection;
         world.fire();
     });
-    world.connectPlace(hand);
+    CMatrixWorld::connectPlace(hand);
 }
 
 void onConnectionDeleted(CMatrixWorld& world)
 {
     const SPlace& hand = world.hand();
     listen(world, hand.scene, &CNodeScene::connectionDeleted, world.firing());
-    hand.scene->deleteConnection(hand.theConnection());
+    hand.scene->deleteConnection(*hand.connection);
 }
 
 void onConnectionDeletedWithNode(CMatrixWorld& world)
@@ -90,7 +90,7 @@ void onConnectionDeletedWithNode(CMatrixWorld& world)
 void onConnectionDeletedWithScene(CMatrixWorld& world)
 {
     const SPlace& hand = world.hand();
-    const Core::CId id = hand.theConnection().id();
+    const Core::CId id = hand.connection->id();
     listen(world, hand.scene, &CNodeScene::connectionDeleted, [&world, id](const CNodeConnection& connection) {
         if (connection.id() == id)
             world.fire();
@@ -137,7 +137,7 @@ void onSceneRemoved(CMatrixWorld& world)
 void onUpdated(CMatrixWorld& world)
 {
     const SPlace& hand = world.hand();
-    CNodeConnection& connection = hand.theConnection();
+    CNodeConnection& connection = *hand.connection;
     listen(world, &connection, &CNodeConnection::updated, world.firing());
     connection.setNodeToPort(*hand.node, ENodePortType::In, 0);
 }
@@ -165,16 +165,16 @@ void onSetInData(CMatrixWorld& world)
 void onFirstSetInData(CMatrixWorld& world)
 {
     const SPlace& hand = world.hand();
-    hand.scene->deleteConnection(hand.theConnection());
+    hand.scene->deleteConnection(*hand.connection);
     hand.model().onSetInData = world.firing();
-    world.connectPlace(hand);
+    CMatrixWorld::connectPlace(hand);
 }
 
 void onLastSetInData(CMatrixWorld& world)
 {
     const SPlace& hand = world.hand();
     hand.model().onSetInData = world.firing();
-    hand.scene->deleteConnection(hand.theConnection());
+    hand.scene->deleteConnection(*hand.connection);
 }
 
 void onSetInDataBehindDecoupler(CMatrixWorld& world)
@@ -193,7 +193,7 @@ void onOutData(CMatrixWorld& world)
 
 void onConverter(CMatrixWorld& world)
 {
-    world.hand().theConnection().setTypeConverter([&world](CNodeDataPtr data) {
+    world.hand().connection->setTypeConverter([&world](CNodeDataPtr data) {
         world.fire();
         return data;
     });
@@ -245,12 +245,19 @@ CNodeDataPtr makeLastData(CMatrixWorld& world)
     return data;
 }
 
-void onDataReplaced(CMatrixWorld& world)
+void onDataReplacedInWalk(CMatrixWorld& world)
 {
     // The model at hand is the only one that keeps it; with the next data it goes.
     world.at(ETarget::Downstream).model().isDeaf = true;
     world.hand().model().getDataFlowProxy()->setData(makeLastData(world));
     world.feed(world.at(ETarget::Upstream));
+}
+
+void onDataReplacedThroughProxy(CMatrixWorld& world)
+{
+    world.at(ETarget::Downstream).model().isDeaf = true;
+    world.hand().model().getDataFlowProxy()->setData(makeLastData(world));
+    world.feed(world.hand());
 }
 
 void onDataReplacedInDecoupler(CMatrixWorld& world)
@@ -382,7 +389,8 @@ const std::vector<SHook>& matrixHooks()
          &onModelDestroyedWithScene,
          {sceneItself(), connectionsOfItsNode()},
          SHook::HandFirst},
-        {"data replaced", &onDataReplaced, {}},
+        {"data replaced in a walk", &onDataReplacedInWalk, {}},
+        {"data replaced through the proxy", &onDataReplacedThroughProxy, {}},
         {"data replaced in a decoupler", &onDataReplacedInDecoupler, {}, SHook::Decouplers},
         {"data destroyed after the walk", &onDataDestroyedAfterTheWalk, {}},
         {"data destroyed with its model", &onDataDestroyedWithModel, {connectionsOfItsNode()}},

@@ -13,15 +13,15 @@ namespace {
 Proof deleteConnection(CMatrixWorld&, const SPlace& place)
 {
     const auto connection = place.connection;
-    place.scene->deleteConnection(place.theConnection());
-    return [connection] { return connection.expired(); };
+    place.scene->deleteConnection(*place.connection);
+    return [connection] { return !connection; };
 }
 
 Proof deleteConnectionNow(CMatrixWorld&, const SPlace& place)
 {
     const auto connection = place.connection;
-    place.scene->deleteConnectionNow(place.theConnection());
-    return [connection] { return connection.expired(); };
+    place.scene->deleteConnectionNow(*place.connection);
+    return [connection] { return !connection; };
 }
 
 Proof removeNode(CMatrixWorld&, const SPlace& place)
@@ -54,11 +54,11 @@ Proof loadFromMemory(CMatrixWorld&, const SPlace& place)
     return [scene, isLoaded] { return isLoaded || !scene; }; // one that is going takes nothing in
 }
 
-Proof createConnection(CMatrixWorld& world, const SPlace& place)
+Proof createConnection(CMatrixWorld&, const SPlace& place)
 {
     const QPointer<CNodeBase> node = place.node;
     const QPointer<CNodeBase> feeder = place.feeder;
-    const bool isMade = feeder && world.connectPlace(place);
+    const bool isMade = feeder && CMatrixWorld::connectPlace(place);
     return [=] { return isMade || !node || !feeder; }; // a node that is going takes none
 }
 
