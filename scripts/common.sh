@@ -10,6 +10,7 @@ host_packages=(pkg-config libaravis-dev libusb-1.0-0-dev # named in aravis-0.8.p
 test_packages=(aravis-tools) # arv-fake-gv-camera-0.8, a GigE Vision camera on the loopback
 race_packages=(qtbase5-private-dev) # how Qt's events name their sender, for the race detector
 fuzz_packages=(clang libclang-rt-dev llvm)
+coverage_packages=(gcovr)
 lint_packages=(clang-format clang-tidy clazy)
 
 current_step="start"
