@@ -9,8 +9,10 @@
 #include "graph/Swallow_p.h"
 
 #include <QPointer>
+#include <QScopeGuard>
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 namespace Plugin {
@@ -39,6 +41,34 @@ public:
 
 private:
     T* m_object;
+};
+
+/// For several things that are done although one of them throws: the first exception is kept, those after it are
+/// reported.
+class CFirstException
+{
+public:
+    template <typename Work>
+    void attempt(const Work& work)
+    {
+        if (m_exception) {
+            swallowExceptions(lcGraph, "What a scene does after an exception", work);
+            return;
+        }
+        try {
+            work();
+        } catch (...) {
+            m_exception = std::current_exception();
+        }
+    }
+    void rethrow() const
+    {
+        if (m_exception)
+            std::rethrow_exception(m_exception);
+    }
+
+private:
+    std::exception_ptr m_exception;
 };
 
 } // namespace
@@ -164,11 +194,10 @@ void CNodeScene::removeConnection(CNodeConnection& connection, EIfThrown ifThrow
     if (found == m_connections.end() || CGraphOwner::isLeaving(connection))
         return;
 
-    std::shared_ptr<CNodeConnection> kept = found->second;
-    CLeavingMark<CNodeConnection> mark(connection);
-    const QPointer<CNodeScene> self(this);
-    {
-        const CNesting nesting(*this);
+    operate([&] {
+        std::shared_ptr<CNodeConnection> kept = found->second;
+        CLeavingMark<CNodeConnection> mark(connection);
+        const QPointer<CNodeScene> self(this);
         const auto takeApart = [&] {
             mark.keep();
             connection.removeFromNodes();
@@ -182,12 +211,9 @@ void CNodeScene::removeConnection(CNodeConnection& connection, EIfThrown ifThrow
                 takeApart();
             throw;
         }
-        if (!self)
-            return;
-        takeApart();
-    }
-    if (self)
-        runDeferred();
+        if (self)
+            takeApart();
+    });
 }
 
 void CNodeScene::removeNode(CNodeBase& node)
@@ -205,8 +231,10 @@ void CNodeScene::removeNode(CNodeBase& node)
     if (!holds(node))
         return;
     CGraphOwner::setClosed(node, true);
+    auto reopening = qScopeGuard([&node] { CGraphOwner::setClosed(node, false); });
     if (!deleteConnectionsOf(node) || !holds(node))
         return;
+    reopening.dismiss();
     mark.keep();
     takeOut(node);
 }
@@ -367,15 +395,25 @@ void CNodeScene::tell(const Signal& signal)
         signal();
 }
 
+template <typename Work>
+bool CNodeScene::operate(const Work& work)
+{
+    const QPointer<CNodeScene> self(this);
+    CFirstException exception;
+    exception.attempt([&] {
+        const CNesting nesting(*this);
+        work();
+    });
+    if (self)
+        exception.attempt([this] { runDeferred(); });
+    exception.rethrow();
+    return !self.isNull();
+}
+
 template <typename Signal>
 bool CNodeScene::announce(const Signal& signal)
 {
-    const QPointer<CNodeScene> self(this);
-    {
-        const CNesting nesting(*this);
-        tell(signal);
-    }
-    return self && runDeferred();
+    return operate([this, &signal] { tell(signal); });
 }
 
 bool CNodeScene::deferDeletion(const Core::CId& id)
@@ -397,12 +435,16 @@ bool CNodeScene::runDeferred()
     // Nested, so that an action's own operations leave the queue to this loop: the stack stays flat however long the
     // queue is.
     const QPointer<CNodeScene> self(this);
-    const CNesting nesting(*this);
-    while (self && !m_deferred.empty()) {
-        const std::function<void()> action = std::move(m_deferred.front());
-        m_deferred.pop_front();
-        action();
+    CFirstException exception;
+    {
+        const CNesting nesting(*this);
+        while (self && !m_deferred.empty()) {
+            const std::function<void()> action = std::move(m_deferred.front());
+            m_deferred.pop_front();
+            exception.attempt(action);
+        }
     }
+    exception.rethrow();
     return !self.isNull();
 }
 

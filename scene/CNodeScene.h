@@ -44,8 +44,8 @@ namespace Halvex {
  * operation has told everybody, first come, first served; deleteConnectionNow() is immediate. removeNode() in a
  * handler takes the node out of nodes() at once, while its connections, and then the node, go when that queue runs.
  *
- * Exceptions of handlers, models and converters pass through; the scene stays usable, and what is still queued is done
- * by the next operation. What was created stays when a handler throws on hearing of it; what was to be deleted or
+ * Exceptions of handlers, models and converters pass through, when what was put off is done: of several the first; the
+ * others go to "halvex.graph". The scene stays usable. What was created stays when a handler throws on hearing of it; what was to be deleted or
  * removed stays too and can be removed again, but for deletions that were put off, which are done. A connection whose
  * first data makes a model throw is not created. The destructor throws nothing: it reports to "halvex.graph" and goes
  * on.
@@ -190,6 +190,8 @@ private:
 
     // Each of these runs foreign code and returns false when that has destroyed the scene.
     bool forEachNode(const std::function<void(CNodeBase*)>& visitor) const;
+    template <typename Work>
+    bool operate(const Work& work); // with what it puts off done at its end, also if it throws
     template <typename Signal>
     bool announce(const Signal& signal);
     bool deferDeletion(const Core::CId& id);

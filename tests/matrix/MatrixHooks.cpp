@@ -238,8 +238,19 @@ void onModelDestroyedWithScene(CMatrixWorld& world)
     world.service().removeSceneOfNode(world.hand().node.data());
 }
 
+/// A decoupler that is fed has its data for as long as its worker likes.
+void cutDecouplerOff(const SPlace& place)
+{
+    if (!place.decoupler)
+        return;
+    const CNodeState::Connections inputs = place.decoupler->nodeState().getEntries(ENodePortType::In).front();
+    for (const auto& entry : inputs)
+        place.scene->deleteConnectionNow(*entry.second);
+}
+
 CNodeDataPtr makeLastData(CMatrixWorld& world)
 {
+    cutDecouplerOff(world.hand());
     const auto data = CTestData::make(0);
     data->onDestroyed = world.firing();
     return data;
@@ -274,10 +285,8 @@ void onDataReplacedInDecoupler(CMatrixWorld& world)
 
 void onDataDestroyedAfterTheWalk(CMatrixWorld& world)
 {
-    // Nobody keeps it, but for a decoupler, which has it until the next data comes.
     world.at(ETarget::Downstream).model().isDeaf = true;
     world.hand().model().nextOut = makeLastData(world);
-    world.feed(world.at(ETarget::Upstream));
     world.feed(world.at(ETarget::Upstream));
 }
 
@@ -374,9 +383,7 @@ const std::vector<SHook>& matrixHooks()
         {"dataUpdated after the walk", &onDataUpdatedAfterTheWalk, {}},
         {"setInData", &onSetInData, {}},
         {"setInData of a new connection", &onFirstSetInData, {itsConnection("the connection is not in its scene yet")}},
-        {"setInData of a connection that goes",
-         &onLastSetInData,
-         {itsConnection("the connection is in its destructor")}},
+        {"setInData of a connection that goes", &onLastSetInData, {}},
         {"setInData behind a decoupler", &onSetInDataBehindDecoupler, {}, SHook::Decouplers},
         {"outData", &onOutData, {}},
         {"converter", &onConverter, {}},

@@ -140,7 +140,10 @@ private Q_SLOTS:
     void exceptionOfAHandlerLeavesTheSceneUsable();
     void exceptionOfAModelLeavesTheSceneUsable();
     void destructorReportsAndSwallowsExceptions();
-    void queueSurvivesAnException();
+    void queueRunsInSpiteOfAnException_data() { removingANodeInAnySignal_data(); }
+    void queueRunsInSpiteOfAnException();
+    void firstOfSeveralExceptionsPasses();
+    void nodeThatAnExceptionKeepsTakesConnections();
     void deferredDeletionIsDoneInSpiteOfAnException();
     void destructorGoesOnAfterAnException();
 
@@ -733,9 +736,8 @@ void tst_CNodeSceneReentry::deferredDeletionIsDoneInSpiteOfAnException()
                              [&chain](CNodeBase&) { chain.scene->removeNode(*chain.second); });
     QVERIFY_EXCEPTION_THROWN(provoke(chain, NodeCreated), std::runtime_error);
 
-    chain.scene->createNode(std::make_unique<CTestModel>());
     QVERIFY(chain.scene->connections().empty());
-    QCOMPARE(CTestModel::alive(), 4);
+    QCOMPARE(CTestModel::alive(), 3);
     QCOMPARE(inconsistencyOf(*chain.scene), QString());
 }
 
@@ -798,18 +800,54 @@ void tst_CNodeSceneReentry::destructorReportsAndSwallowsExceptions()
     QCOMPARE(messages.texts("halvex.graph").filter("handler").size(), 3);
 }
 
-void tst_CNodeSceneReentry::queueSurvivesAnException()
+void tst_CNodeSceneReentry::queueRunsInSpiteOfAnException()
 {
+    QFETCH(ESignal, signal);
     CChain chain;
-    chain.atFirst<CNodeBase>(&CNodeScene::nodeCreated, [&chain](CNodeBase&) {
-        chain.scene->deleteConnection(*chain.upper);
+    CNodeBase& fourth = chain.scene->createNode(std::make_unique<CTestModel>());
+    const auto other = chain.scene->createConnection(fourth, 0, *chain.first, 0, NodeDataConverter());
+    chain.said.clear();
+    runAtFirst(chain, signal, [&] {
+        chain.scene->deleteConnection(*other);
         throw std::runtime_error("handler");
     });
-    QVERIFY_EXCEPTION_THROWN(provoke(chain, NodeCreated), std::runtime_error);
-    QCOMPARE(chain.said, QStringList({"nodeCreated"}));
+    QVERIFY_EXCEPTION_THROWN(provoke(chain, signal), std::runtime_error);
+    QCOMPARE(chain.said.last(), QStringLiteral("connectionDeleted"));
+    QCOMPARE(chain.scene->connections().count(other->id()), std::size_t(0));
+    QCOMPARE(inconsistencyOf(*chain.scene), QString());
+}
 
-    chain.scene->createNode(std::make_unique<CTestModel>());
-    QCOMPARE(chain.said, QStringList({"nodeCreated", "nodeCreated", "connectionDeleted"}));
+void tst_CNodeSceneReentry::firstOfSeveralExceptionsPasses()
+{
+    CChain chain;
+    int deleted = 0;
+    QObject::connect(chain.scene.get(), &CNodeScene::connectionDeleted,
+                     [&deleted] { throw std::runtime_error("handler " + std::to_string(++deleted)); });
+    chain.atFirst<CNodeBase>(&CNodeScene::nodeCreated, [&chain](CNodeBase&) {
+        chain.scene->deleteConnection(*chain.upper);
+        chain.scene->deleteConnection(*chain.lower);
+    });
+    const CMessageCatcher messages;
+    QString passed;
+    try {
+        provoke(chain, NodeCreated);
+    } catch (const std::runtime_error& error) {
+        passed = error.what();
+    }
+    QCOMPARE(passed, QStringLiteral("handler 1"));
+    QCOMPARE(messages.texts("halvex.graph").filter("handler 2").size(), 1);
+    QVERIFY(chain.scene->connections().empty());
+    QCOMPARE(inconsistencyOf(*chain.scene), QString());
+}
+
+void tst_CNodeSceneReentry::nodeThatAnExceptionKeepsTakesConnections()
+{
+    CChain chain;
+    chain.releaseConnections();
+    chain.atFirst<CNodeConnection>(&CNodeScene::connectionDeleted,
+                                   [](CNodeConnection&) { throw std::runtime_error("handler"); });
+    QVERIFY_EXCEPTION_THROWN(chain.scene->removeNode(*chain.second), std::runtime_error);
+    QVERIFY(chain.scene->createConnection(*chain.second, 0, *chain.first, 0, NodeDataConverter()));
     QCOMPARE(inconsistencyOf(*chain.scene), QString());
 }
 

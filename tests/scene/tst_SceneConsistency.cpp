@@ -102,12 +102,14 @@ void tst_SceneConsistency::operationUnderWayIsReported()
 void tst_SceneConsistency::waitingActionIsReported()
 {
     SPair pair;
+    QString report;
     QObject::connect(&pair.scene, &CNodeScene::nodeCreated, [&] {
         pair.scene.deleteConnection(*pair.connection);
-        throw std::runtime_error("handler");
+        report = inconsistencyOf(pair.scene);
     });
-    QVERIFY_EXCEPTION_THROWN(pair.scene.createNode(std::make_unique<CTestModel>()), std::runtime_error);
-    QCOMPARE(inconsistencyOf(pair.scene), QStringLiteral("something waits in the scene's queue"));
+    pair.scene.createNode(std::make_unique<CTestModel>());
+    QCOMPARE(report, QStringLiteral("something waits in the scene's queue"));
+    QCOMPARE(inconsistencyOf(pair.scene), QString());
 }
 
 void tst_SceneConsistency::connectionBetweenScenesIsLookedUpInBoth()

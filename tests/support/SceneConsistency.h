@@ -102,10 +102,10 @@ inline QString inconsistencyOf(const SceneWorld& world)
 
     std::set<const CNodeBase*> nodes;
     for (const CNodeScene* scene : world) {
-        if (CSceneInspector::depth(*scene) != 0)
-            return QStringLiteral("an announcement of the scene has not ended");
         if (CSceneInspector::queueLength(*scene) != 0)
             return QStringLiteral("something waits in the scene's queue");
+        if (CSceneInspector::depth(*scene) != 0)
+            return QStringLiteral("an announcement of the scene has not ended");
 
         for (const auto& entry : scene->nodes()) {
             if (!SceneConsistency::isAlive(entry.second.get()))
