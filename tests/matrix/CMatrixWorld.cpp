@@ -254,7 +254,8 @@ void CMatrixWorld::addScene(SPlace& place, const QString& name)
     const auto info = QSharedPointer<CMatrixInfo>::create();
     const Core::CId id = m_service->addNode(std::make_unique<CStepModel>(name), info);
     place.scene = m_service->getActiveScene();
-    place.feeder = m_service->findNode(id);
+    place.source = m_service->findNode(id);
+    place.feeder = place.source;
     place.sourceName = name;
     place.info = info;
 }

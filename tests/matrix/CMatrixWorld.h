@@ -79,8 +79,9 @@ struct SPlace
     /// From the feeder to the node. No std::weak_ptr, which would keep the memory, and hide who touches it too late.
     QPointer<Plugin::Halvex::CNodeConnection> connection;
     QPointer<Plugin::Halvex::CNodeBase> decoupler; ///< Fed by the node, if the world has decouplers.
-    QString sourceName;                            ///< Of the unique source that the scene was made for.
-    QWeakPointer<CMatrixInfo> info;                ///< The scene's.
+    QPointer<Plugin::Halvex::CNodeBase> source;    ///< The unique one that the scene was made for.
+    QString sourceName;
+    QWeakPointer<CMatrixInfo> info; ///< The scene's.
 };
 
 /**

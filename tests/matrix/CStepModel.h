@@ -36,9 +36,22 @@ public:
     static QString modelName() { return QStringLiteral("Step"); }
 
     QString caption() override { return modelName(); }
-    QString name() override { return modelName(); }
-    bool isUnique() override { return m_isUnique; }
-    unsigned int nPorts(Plugin::Halvex::ENodePortType) const override { return 1; }
+    QString name() override
+    {
+        run(onName);
+        return modelName();
+    }
+    bool isUnique() override
+    {
+        const bool result = m_isUnique; // the code may destroy this model
+        run(onIsUnique);
+        return result;
+    }
+    unsigned int nPorts(Plugin::Halvex::ENodePortType) const override
+    {
+        run(onNPorts);
+        return 1;
+    }
     Plugin::Halvex::SNodeDataType dataType(Plugin::Halvex::ENodePortType, Plugin::Halvex::NodePortIndex) const override
     {
         return CTestData::defaultType();
@@ -75,6 +88,9 @@ public:
     bool isDeaf = false;                  ///< Keeps nothing and passes nothing on.
     Plugin::Halvex::CNodeDataPtr nextOut; ///< What it gives out instead of what it keeps, once.
     std::function<void()> onDataUpdated;  ///< Before its node hears of it.
+    std::function<void()> onName;
+    std::function<void()> onIsUnique;
+    std::function<void()> onNPorts;
     std::function<void()> onSetInData;
     std::function<void()> onOutData;
     std::function<void()> onSave;

@@ -3,6 +3,7 @@
 
 #include "matrix/MatrixHooks.h"
 
+#include <QJsonObject>
 #include <QTest>
 
 #include <utility>
@@ -154,7 +155,63 @@ void onDataUpdatedAfterTheWalk(CMatrixWorld& world)
     world.feed(world.at(ETarget::Upstream));
 }
 
+void onNewDataAvailable(CMatrixWorld& world)
+{
+    listen(world, world.hand().model().getDataFlowProxy(), &CNodeDataFlowProxy::newDataAvailable, world.firing());
+    world.feed(world.hand());
+}
+
+void onInfoInjected(CMatrixWorld& world)
+{
+    listen(world, &world.hand().model(), &CNodeDataModel::infoInjected, world.firing());
+    world.hand().model().setInfo({});
+}
+
+void onInDataUpdated(CMatrixWorld& world)
+{
+    listen(world, &world.hand().decouplerModel(), &CNodeDecouplerDataModelBase::inDataUpdated, world.firing());
+    world.feed(world.hand());
+}
+
+void onFramesPerSecondChanged(CMatrixWorld& world)
+{
+    listen(world, &world.hand().decouplerModel(), &CNodeDecouplerDataModelBase::framesPerSecondChanged, world.firing());
+    world.hand().decouplerModel().setFramesPerSecond(50);
+}
+
 // ---- operations of a model, converters
+
+void onNPorts(CMatrixWorld& world)
+{
+    auto model = std::make_unique<CStepModel>();
+    model->onNPorts = world.firing();
+    world.hand().scene->createNode(std::move(model));
+}
+
+void onCreator(CMatrixWorld& world)
+{
+    world.onMade = [&world](const CStepModel&) { world.fire(); };
+    world.hand().scene->loadFromMemory(CMatrixWorld::sceneDocument(world.hand()));
+}
+
+void onNameInASearch(CMatrixWorld& world)
+{
+    world.hand().model().onName = world.firing();
+    world.hand().scene->restoreNode({{"model", QJsonObject{{"name", "none"}, {"is_unique", true}}}});
+}
+
+void onIsUniqueInASave(CMatrixWorld& world)
+{
+    world.hand().model().onIsUnique = world.firing();
+    world.hand().scene->saveToMemory();
+}
+
+void onIsUniqueInAnImport(CMatrixWorld& world)
+{
+    world.service().setActiveScene(world.hand().scene);
+    static_cast<CStepModel*>(world.hand().source->nodeDataModel())->onIsUnique = world.firing();
+    world.service().importDocument(CMatrixWorld::importDocument(world.hand()));
+}
 
 void onSetInData(CMatrixWorld& world)
 {
@@ -381,6 +438,15 @@ const std::vector<SHook>& matrixHooks()
         {"updated", &onUpdated, {}},
         {"dataUpdated before the walk", &onDataUpdatedBeforeTheWalk, {}},
         {"dataUpdated after the walk", &onDataUpdatedAfterTheWalk, {}},
+        {"newDataAvailable", &onNewDataAvailable, {}},
+        {"infoInjected", &onInfoInjected, {}},
+        {"inDataUpdated", &onInDataUpdated, {}, SHook::Decouplers},
+        {"framesPerSecondChanged", &onFramesPerSecondChanged, {}, SHook::Decouplers},
+        {"nPorts", &onNPorts, {}},
+        {"creator of a model", &onCreator, {}},
+        {"name in a search", &onNameInASearch, {}},
+        {"isUnique in a save", &onIsUniqueInASave, {}},
+        {"isUnique in an import", &onIsUniqueInAnImport, {}},
         {"setInData", &onSetInData, {}},
         {"setInData of a new connection", &onFirstSetInData, {itsConnection("the connection is not in its scene yet")}},
         {"setInData of a connection that goes", &onLastSetInData, {}},
