@@ -31,7 +31,8 @@ class CDecouplerWorker;
  * The data emitted last stays alive until the worker wakes up again.
  *
  * The worker's thread is one of its own, started by the first data that may go out. So it can be left behind: a worker
- * that hangs in a directly connected slot cannot be waited for, and a QThread must not be destroyed while it runs.
+ * that hangs in a directly connected slot cannot be waited for, and a QThread must not be destroyed while it runs. If
+ * the system has no thread to give, the data waits, and the next data or startForWaitingData() tries again.
  * isRunning(), isFinished() and wait() speak of the worker's thread, if they are called on a CDecoupler and not on a
  * QThread. start() starts nothing that matters, and started() and finished() do not speak of the worker.
  *

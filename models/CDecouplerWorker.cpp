@@ -5,10 +5,11 @@
 
 #include "models/CDecoupler.h"
 
+#include <QDeadlineTimer>
 #include <QMutexLocker>
-#include <QThread>
 
 #include <climits>
+#include <system_error>
 #include <utility>
 
 namespace Plugin {
@@ -33,7 +34,7 @@ CDecouplerWorker::~CDecouplerWorker() = default;
 void CDecouplerWorker::setNodeData(CNodeDataPtr data)
 {
     // What is dropped goes with the argument, when the mutex is free again: its destructor is foreign code.
-    const QMutexLocker lock(&m_mutex);
+    QMutexLocker lock(&m_mutex);
     const bool isData = !data.isNull();
     if (isData)
         ++m_counts.received;
@@ -49,38 +50,46 @@ void CDecouplerWorker::setNodeData(CNodeDataPtr data)
 
     if (m_working || !(m_tickPending || !m_throttleEnabled))
         return;
-    if (m_pending)
-        startThread();
+    const bool isServed = !m_pending || startThread();
     m_wakeUp.wakeOne();
+    lock.unlock();
+    if (!isServed)
+        warnOfMissingThread();
 }
 
 void CDecouplerWorker::tick()
 {
     const QMutexLocker lock(&m_mutex);
     m_tickPending = true;
-    if (m_thread && !m_working && m_pending)
+    if (m_thread.joinable() && !m_working && m_pending)
         m_wakeUp.wakeOne();
 }
 
 void CDecouplerWorker::startForWaitingData()
 {
-    const QMutexLocker lock(&m_mutex);
-    if (!m_shutDownRequested && mayRelease())
-        startThread();
+    QMutexLocker lock(&m_mutex);
+    const bool isServed = m_shutDownRequested || !mayRelease() || startThread();
+    lock.unlock();
+    if (!isServed)
+        warnOfMissingThread();
 }
 
-void CDecouplerWorker::startThread()
+bool CDecouplerWorker::startThread()
 {
-    if (m_thread)
-        return;
-    QThread* const thread = QThread::create([self = shared_from_this()] { self->run(); });
-    // Whoever hands data in may have no event loop, in which the object could be deleted.
-    thread->moveToThread(m_owner->thread());
-    thread->start(QThread::InheritPriority);
-    if (thread->isRunning())
-        m_thread = thread;
-    else
-        delete thread; // the system has no thread to give; the next data tries again
+    if (m_thread.joinable())
+        return true;
+    try {
+        m_thread = std::thread([self = shared_from_this()] { self->run(); });
+        return true;
+    } catch (const std::system_error&) {
+        return false; // the next data or tick tries again
+    }
+}
+
+void CDecouplerWorker::warnOfMissingThread()
+{
+    if (!m_hasMissedThread.exchange(true)) // it is tried many times a second
+        qWarning("The system has no thread for a decoupler: its data waits until there is one.");
 }
 
 void CDecouplerWorker::run()
@@ -95,8 +104,10 @@ void CDecouplerWorker::run()
             m_working = true;
             // Whatever woke the worker, it goes on: there may be nothing to take, but what it holds is released.
         }
-        if (m_shutDownRequested)
+        if (m_shutDownRequested) {
+            m_mutex.unlock();
             break;
+        }
 
         CNodeDataPtr emittedBefore;
         emittedBefore.swap(inHand);
@@ -111,7 +122,11 @@ void CDecouplerWorker::run()
         if (inHand)
             emitData(inHand);
     }
+    inHand.reset();
+
+    m_mutex.lock();
     m_hasEnded = true;
+    m_ended.wakeAll();
     const std::unique_ptr<CDecoupler> orphan(std::exchange(m_orphan, nullptr));
     m_mutex.unlock();
 }
@@ -164,7 +179,7 @@ void CDecouplerWorker::shutDown()
 bool CDecouplerWorker::takeOver(CDecoupler* decoupler)
 {
     const QMutexLocker lock(&m_mutex);
-    if (!m_thread || m_hasEnded)
+    if (!m_thread.joinable() || m_hasEnded)
         return false;
     m_orphan = decoupler;
     return true;
@@ -173,58 +188,63 @@ bool CDecouplerWorker::takeOver(CDecoupler* decoupler)
 void CDecouplerWorker::leaveOwner()
 {
     QMutexLocker lock(&m_mutex);
-    if (!m_thread)
+    if (!m_thread.joinable())
         return;
-    const bool isHere = m_thread == QThread::currentThread();
-    if (m_isEmissionDue && !isHere)
+    const bool isOutside = !isHere();
+    if (m_isEmissionDue && isOutside)
         m_emissionEntered.wait(&m_mutex, longestStep);
-    lock.unlock();
 
     // A slot hangs. When it returns, nothing else is to be called on behalf of an object that is gone; and if it
     // returns just now, the emission has time to end.
-    if (!isHere && !m_thread->isFinished()) {
+    if (isOutside && !m_hasEnded) {
+        lock.unlock();
         QObject::disconnect(m_owner, &CDecoupler::nodeDataAvailable, nullptr, nullptr);
-        m_thread->wait(longestStep);
+        lock.relock();
+        waitForEnd(longestStep);
     }
 
-    lock.relock();
     m_owner = nullptr;
-    QThread* const thread = std::exchange(m_thread, nullptr);
+    std::thread thread = std::move(m_thread);
+    const bool isOver = isOutside && m_hasEnded;
     lock.unlock();
-    if (!isHere && thread->isFinished()) {
-        thread->wait(ULONG_MAX); // without an argument, newer headers call what Qt 5.12 does not have
-        delete thread;
-        return;
-    }
-    QObject::connect(thread, &QThread::finished, thread, &QObject::deleteLater);
-    if (thread->isFinished())
-        thread->deleteLater(); // it ended before the connection was made
+    if (isOver)
+        thread.join(); // nothing of the thread is left, not even code that is to be unloaded
+    else
+        thread.detach();
 }
 
 bool CDecouplerWorker::isOnWorker() const
 {
     const QMutexLocker lock(&m_mutex);
-    return m_thread && m_thread == QThread::currentThread();
+    return isHere();
 }
 
 bool CDecouplerWorker::isRunning() const
 {
     const QMutexLocker lock(&m_mutex);
-    return m_thread && m_thread->isRunning();
+    return m_thread.joinable() && !m_hasEnded;
 }
 
 bool CDecouplerWorker::isFinished() const
 {
     const QMutexLocker lock(&m_mutex);
-    return m_thread && m_thread->isFinished();
+    return m_hasEnded;
 }
 
 bool CDecouplerWorker::wait(unsigned long milliseconds)
 {
-    m_mutex.lock();
-    QThread* const thread = m_thread;
-    m_mutex.unlock();
-    return !thread || thread->wait(milliseconds);
+    const QMutexLocker lock(&m_mutex);
+    return !isHere() && waitForEnd(milliseconds);
+}
+
+bool CDecouplerWorker::waitForEnd(unsigned long milliseconds)
+{
+    const QDeadlineTimer deadline(milliseconds == ULONG_MAX ? -1 : qint64(milliseconds));
+    while (m_thread.joinable() && !m_hasEnded) {
+        if (!m_ended.wait(&m_mutex, deadline))
+            return m_hasEnded;
+    }
+    return true;
 }
 
 SDecouplerStatistics CDecouplerWorker::statistics() const

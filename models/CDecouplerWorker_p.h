@@ -13,8 +13,7 @@
 
 #include <atomic>
 #include <memory>
-
-class QThread;
+#include <thread>
 
 namespace Plugin {
 namespace Halvex {
@@ -25,6 +24,9 @@ class CDecoupler;
  * The slot between the two threads of a decoupler, and the loop of the second.
  *
  * Shared by the decoupler and the thread, so that either may go first.
+ *
+ * The thread is no QThread: that opens file descriptors for an event loop, which the worker does not run, and where
+ * there are none left Qt ends the process.
  */
 class HALVEX_EXPORT CDecouplerWorker : public std::enable_shared_from_this<CDecouplerWorker>
 {
@@ -60,10 +62,13 @@ public:
 private:
     void run();
     void emitData(const CNodeDataPtr& data);
+    void warnOfMissingThread();
 
     // The following expect the mutex to be held.
     bool mayRelease() const { return m_pending && (m_tickPending || !m_throttleEnabled); }
-    void startThread();
+    bool isHere() const { return m_thread.get_id() == std::this_thread::get_id(); }
+    bool startThread();
+    bool waitForEnd(unsigned long milliseconds);
 
     mutable QMutex m_mutex;
     QWaitCondition m_wakeUp;
@@ -72,11 +77,13 @@ private:
     bool m_tickPending = false;
     SDecouplerStatistics m_counts;
     CDecoupler* m_owner;
-    QThread* m_thread = nullptr;
+    std::thread m_thread;
     CDecoupler* m_orphan = nullptr; // left to the thread
-    bool m_hasEnded = false;        // the loop has
-    bool m_isEmissionDue = false;   // the emission has begun and not reached its first slot
+    bool m_hasEnded = false;        // the loop has, and holds no data any more
+    QWaitCondition m_ended;
+    bool m_isEmissionDue = false; // the emission has begun and not reached its first slot
     QWaitCondition m_emissionEntered;
+    std::atomic<bool> m_hasMissedThread{false};
     std::atomic<bool> m_hasWarned{false};
 
     // Written without the mutex: the one before the loop begins, the other by whoever sets the throttle.

@@ -423,14 +423,14 @@ void measureDecouplersAtTheEnd()
         const CNarrowMemory memory(400); // a thread takes 8 MiB of address space for its stack
         for (CNodeBase* const node : nodes)
             node->propagateData(CTestData::make(1), 0);
-        while (s_complaints < count) {
-            check(clock.elapsed() < 60000, "all workers found a thread");
+        while (delivered + s_complaints < count) {
+            check(clock.elapsed() < 60000, "a decoupler neither delivers nor warns");
             QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
         }
-        std::printf(
-            "\nWith 400 MiB of address space: %d of %d decouplers have a worker, the others keep their data; Qt "
-            "warns each time one tries.",
-            int(delivered), count);
+        check(s_complaints > 0, "all workers found a thread");
+        std::printf("\nWith 400 MiB of address space: %d of %d decouplers have a worker, the others have warned, each "
+                    "once, and keep their data.",
+                    int(delivered), count);
     }
     while (delivered < count) {
         check(clock.elapsed() < 120000, "the data of a decoupler without a thread was lost");
@@ -443,7 +443,7 @@ void measureDecouplers()
 {
     std::printf("| decouplers | threads | make | first frame out of all | memory per decoupler | remove all |\n"
                 "| ---: | ---: | ---: | ---: | ---: | ---: |\n");
-    for (const int count : {10, 100, 1000, 5000}) {
+    for (const int count : {10, 100, 1000, 10000, 40000}) {
         if (s_isShort && count > 10)
             break;
         const int threadsBefore = threads();
@@ -451,6 +451,7 @@ void measureDecouplers()
         CNodeScene scene(nullptr, nullptr);
         CNodeBase& source = scene.createNode(std::make_unique<CPassModel>());
         std::atomic<int> delivered{0};
+        s_complaints = 0;
         const double made = millisecondsOf([&] {
             for (int i = 0; i < count; ++i) {
                 CNodeBase& node = scene.createNode(std::make_unique<CTestDecoupler>());
@@ -463,14 +464,14 @@ void measureDecouplers()
             QElapsedTimer clock;
             clock.start();
             source.propagateData(CTestData::make(1), 0);
-            while (delivered < count) {
-                check(clock.elapsed() < 120000, "a decoupler does not deliver");
+            while (delivered + s_complaints < count) {
+                check(clock.elapsed() < 120000, "a decoupler neither delivers nor warns");
                 QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
             }
         });
         const int started = threads() - threadsBefore;
         const double memory = processStatus("VmRSS") - before;
-        check(started == count, "not every decoupler has a thread");
+        check(started == delivered && started > count / 2, "decouplers have no threads");
         const double cleared = millisecondsOf([&] { scene.clearScene(); });
         std::printf("| %d | %d | %.1f ms | %.0f ms | %.0f KiB | %.0f ms |\n", count, started, made, first,
                     memory / count, cleared);

@@ -15,6 +15,8 @@
 #include <QVector>
 #include <QWaitCondition>
 
+#include <sys/resource.h>
+
 #include <algorithm>
 #include <atomic>
 #include <functional>
@@ -173,6 +175,8 @@ private Q_SLOTS:
 
     void threadStartsWithTheFirstDataThatMayGoOut();
     void startForWaitingDataNeedsDataAndTick();
+    void workerNeedsNoFileDescriptor();
+    void waitingForItselfIsRefused();
     void emissionComesFromAnotherThread();
     void blockedSignals();
 
@@ -482,7 +486,7 @@ void tst_CDecoupler::deleteWhenEndedIsImmediateWithoutAHangingWorker()
 
 void tst_CDecoupler::dataMayComeFromAThreadWithoutAnEventLoop()
 {
-    // The worker's thread object must be deleted elsewhere; the leak checker of the sanitizers looks for it.
+    // What belongs to the thread must go with it; the leak checker of the sanitizers looks for it.
     auto* const decoupler = new CDecoupler;
     const CDestruction destruction(*decoupler);
     connect(decoupler, &CDecoupler::nodeDataAvailable, [decoupler] { delete decoupler; });
@@ -512,6 +516,36 @@ void tst_CDecoupler::startForWaitingDataNeedsDataAndTick()
     ended.setNodeData(CTestData::make(2));
     ended.startForWaitingData();
     QVERIFY(!ended.isRunning());
+}
+
+void tst_CDecoupler::workerNeedsNoFileDescriptor()
+{
+    // Qt's own threads open some, and end the process if there are none.
+    const CMessageCatcher messages;
+    rlimit before{};
+    QCOMPARE(getrlimit(RLIMIT_NOFILE, &before), 0);
+    rlimit none = before;
+    none.rlim_cur = 0;
+    CDecoupler decoupler;
+    const CListener listener(decoupler);
+
+    QCOMPARE(setrlimit(RLIMIT_NOFILE, &none), 0);
+    decoupler.setNodeData(CTestData::make(1));
+    const bool isEmitted = listener.waitFor(1);
+    decoupler.shutDown();
+    QCOMPARE(setrlimit(RLIMIT_NOFILE, &before), 0);
+
+    QVERIFY(isEmitted);
+    QCOMPARE(messages.texts(), QStringList());
+}
+
+void tst_CDecoupler::waitingForItselfIsRefused()
+{
+    CDecoupler decoupler;
+    std::atomic<int> waited{-1};
+    const CListener listener(decoupler, [&] { waited = decoupler.wait(); });
+    decoupler.setNodeData(CTestData::make(1));
+    QTRY_COMPARE(waited.load(), 0);
 }
 
 void tst_CDecoupler::emissionComesFromAnotherThread()
