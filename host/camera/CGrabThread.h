@@ -21,8 +21,8 @@ class CAravisCamera;
  * Grabs frames from a started camera until enough complete ones came, it is asked to end, or the camera has gone.
  *
  * \code
- * CGrabThread thread(camera, 300, std::chrono::seconds(5), [proxy](const CGrabThread::SFrame& frame) {
- *     proxy->setData(wrap(frame));
+ * CGrabThread thread(camera, 300, std::chrono::seconds(5), [entry](const CGrabThread::SFrame& frame) {
+ *     entry.setData(wrap(frame));
  * });
  * connect(&thread, &CGrabThread::ended, this, &CRun::onEnded);
  * thread.start();

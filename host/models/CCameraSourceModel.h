@@ -8,12 +8,13 @@
 namespace Host {
 
 /**
- * Where the frames of a camera enter the graph: one output of camera frames, fed through the data flow proxy.
+ * Where the frames of a camera enter the graph: one output of camera frames, fed through an entry or the data
+ * flow proxy.
  *
  * A source that stands for a certain camera has that camera's name as its unique name, and a scene document then
  * does not make it anew; one without is any camera.
  *
- * Threads: as every model; the proxy's setData() from any thread.
+ * Threads: as every source: an entry from any thread at any time, the proxy as long as the model exists.
  */
 class CCameraSourceModel : public Plugin::Halvex::ASourceNodeDataModel
 {

@@ -10,7 +10,7 @@
 #include "host/models/IHostModels.h"
 #include "host/run/CStreamGraph.h"
 #include "host/run/Output.h"
-#include "models/CNodeDataFlowProxy.h"
+#include "models/CNodeDataEntry.h"
 
 #include <QDir>
 #include <QTimer>
@@ -64,10 +64,9 @@ QString CCameraStream::start(int frames, std::chrono::milliseconds silence)
     QString error;
     if (!m_camera->start(&error))
         return error;
-    CNodeDataFlowProxy* entry = m_graph->entry();
-    const auto handOn = [entry](const CGrabThread::SFrame& frame) {
+    const auto handOn = [entry = m_graph->entry()](const CGrabThread::SFrame& frame) {
         const SFrameInfo info{frame.result->frameNumber, frame.grabbed};
-        entry->setData(QSharedPointer<CGrabResultData>::create(frame.result, info));
+        entry.setData(QSharedPointer<CGrabResultData>::create(frame.result, info));
     };
     m_thread = std::make_unique<CGrabThread>(*m_camera, quint64(frames), silence, handOn);
     // Queued behind the frames that the thread has handed on: when it arrives, all of them are through the graph.
@@ -84,7 +83,7 @@ void CCameraStream::requestEnd()
 
 void CCameraStream::onGraphChanged()
 {
-    // Nothing may be on its way into the entry when this returns: it goes then.
+    // The entry takes frames as long as anybody sends some, but nothing is counted any more once the stream has ended.
     if (m_thread) {
         m_thread->requestInterruption();
         m_thread->wait();

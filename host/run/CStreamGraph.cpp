@@ -18,11 +18,11 @@ using namespace Plugin::Halvex;
 
 namespace {
 
-CNodeDataFlowProxy* entryOf(const CNodeBase& camera)
+CNodeDataEntry entryOf(const CNodeBase& camera)
 {
-    auto* const source = qobject_cast<ASourceNodeDataModel*>(camera.nodeDataModel());
+    const auto* const source = qobject_cast<ASourceNodeDataModel*>(camera.nodeDataModel());
     Q_ASSERT(source);
-    return source->getDataFlowProxy();
+    return source->dataEntry();
 }
 
 SSinkReport sinkReport(const IFrameSink& sink)
@@ -57,7 +57,7 @@ CStreamGraph::~CStreamGraph() = default;
 void CStreamGraph::addNode(const CNodeBase& node)
 {
     CNodeDataModel* model = node.nodeDataModel();
-    // A node that is replaced goes without the scene's signals. The entry is a child of its model and goes after it.
+    // A node that is replaced goes without the scene's signals.
     connect(model, &QObject::destroyed, this, &CStreamGraph::onChanged);
     if (auto* sink = qobject_cast<IFrameSink*>(model))
         m_sinks.push_back(sink);

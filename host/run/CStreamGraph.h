@@ -4,6 +4,7 @@
 #pragma once
 
 #include "host/run/SRunReport.h"
+#include "models/CNodeDataEntry.h"
 #include "scene/CNodeScene.h"
 
 #include <QObject>
@@ -13,7 +14,6 @@
 
 namespace Plugin {
 namespace Halvex {
-class CNodeDataFlowProxy;
 class CNodeDecouplerDataModelBase;
 } // namespace Halvex
 } // namespace Plugin
@@ -27,9 +27,10 @@ class IFrameSink;
  * come out for what went in.
  *
  * Ownership: owns nothing of the scene. Who else has the service may change or remove it at any time; changed() tells
- * of that, and from then on only isIntact() and the destructor may be called, and nothing be used that was handed out.
+ * of that, and from then on only isIntact() and the destructor may be called, and nothing be used that was handed out
+ * but the entry.
  *
- * Threads: one; the entry's setData() from any.
+ * Threads: one; the entry, and what was copied of it, from any.
  */
 class CStreamGraph : public QObject
 {
@@ -40,8 +41,8 @@ public:
     CStreamGraph(const Plugin::Halvex::CNodeScene& scene, const Plugin::Halvex::CNodeBase& camera);
     ~CStreamGraph() override;
 
-    /// Where frames enter.
-    Plugin::Halvex::CNodeDataFlowProxy* entry() const { return m_entry; }
+    /// Where frames enter. Copies may be fed as long as one likes; once the camera's node is gone, nothing happens.
+    const Plugin::Halvex::CNodeDataEntry& entry() const { return m_entry; }
 
     /// In the order in which the graph's text has them.
     const std::vector<IFrameSink*>& sinks() const { return m_sinks; }
@@ -68,8 +69,7 @@ Q_SIGNALS:
     /// What a decoupler let through has gone through everything behind it.
     void cameThrough();
 
-    /// The scene is being changed, or destroyed; once. The entry is still whole while this is sent: who feeds it from
-    /// another thread ends that before returning.
+    /// The scene is being changed, or destroyed; once.
     void changed();
 
 private:
@@ -87,7 +87,7 @@ private:
 
     const Plugin::Halvex::CNodeScene& m_scene;
     const Plugin::Halvex::CNodeBase& m_camera;
-    Plugin::Halvex::CNodeDataFlowProxy* const m_entry;
+    const Plugin::Halvex::CNodeDataEntry m_entry;
     std::vector<const Plugin::Halvex::CNodeBase*> m_nodes; // by their numbers in the text
     std::vector<IFrameSink*> m_sinks;
     std::vector<SDecoupler> m_decouplers;

@@ -5,6 +5,7 @@
 
 #include "host/models/CHostModelService.h"
 #include "host/models/HostModels.h"
+#include "models/ASourceNodeDataModel.h"
 #include "models/CGenericNodeDecouplerDataModel.h"
 #include "service/CNodeService.h"
 #include "service/CVeltraGrabResultData.h"
@@ -23,3 +24,13 @@ struct SHostService
     Plugin::Halvex::CNodeService nodes{nullptr};
     Host::CHostModelService models;
 };
+
+/// The source in a scene that has one.
+inline Plugin::Halvex::ASourceNodeDataModel* sourceIn(const Plugin::Halvex::CNodeScene& scene)
+{
+    for (const auto& node : scene.nodes()) {
+        if (auto* const source = qobject_cast<Plugin::Halvex::ASourceNodeDataModel*>(node.second->nodeDataModel()))
+            return source;
+    }
+    return nullptr;
+}

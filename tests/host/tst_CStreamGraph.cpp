@@ -8,7 +8,6 @@
 #include "host/models/IFrameSink.h"
 #include "host/run/CGraphBuilder.h"
 #include "host/run/Chain.h"
-#include "models/CNodeDataFlowProxy.h"
 #include "models/CNodeDecouplerDataModelBase.h"
 
 #include <QJsonObject>
@@ -113,7 +112,8 @@ void tst_CStreamGraph::everyFrameIsAccountedFor()
     QVERIFY(graph);
     QSignalSpy cameThrough(graph.get(), &CStreamGraph::cameThrough);
     for (int i = 0; i < 5; ++i)
-        graph->entry()->setData(frame());
+        graph->entry().setData(frame());
+    QCoreApplication::sendPostedEvents();
     // The recording has them all, before anything of the preview is out.
     QCOMPARE(graph->sinks()[0]->delivered(), quint64(5));
     QCOMPARE(cameThrough.count(), 0);
@@ -142,8 +142,8 @@ void tst_CStreamGraph::accountOfWhatIsNotDrained()
     const auto& graph = demo.graph;
     QVERIFY(graph);
     setRate(*graph, 0.001);
-    graph->entry()->setData(frame());
-    QVERIFY(!graph->isDrained());
+    graph->entry().setData(frame());
+    QTRY_VERIFY(!graph->isDrained());
     const SRunReport report = account(*graph, 1);
     QCOMPARE(report.decouplers[0].counts.pending, quint64(1));
     QCOMPARE(report.mismatch(),
@@ -200,15 +200,14 @@ void tst_CStreamGraph::changeIsTold()
     SDemo demo;
     QVERIFY(demo.graph);
     QVERIFY(demo.graph->isIntact());
-    const QPointer<CNodeDataFlowProxy> entry = demo.graph->entry();
-    int told = 0;
-    connect(demo.graph.get(), &CStreamGraph::changed, this, [&] {
-        ++told;
-        QVERIFY(entry);
-    });
+    const CNodeDataEntry entry = demo.graph->entry();
+    const QPointer<CNodeDataModel> source = sourceIn(demo.graph->scene());
+    QVERIFY(source);
+    QSignalSpy changed(demo.graph.get(), &CStreamGraph::changed);
     change(*demo.host.nodes.getActiveScene());
-    QCOMPARE(told, 1);
+    QCOMPARE(changed.count(), 1);
     QVERIFY(!demo.graph->isIntact());
+    QCOMPARE(entry.setData(CNodeDataPtr()), !source.isNull());
 }
 
 QTEST_GUILESS_MAIN(tst_CStreamGraph)
