@@ -347,6 +347,25 @@ std::shared_ptr<CNodeDataModelRegistry> makeRegistry()
     return registry;
 }
 
+/// A byte array of Qt ends at 2 GiB.
+void measureDocumentAtTheEnd()
+{
+    CNodeScene scene(makeRegistry(), nullptr, nullptr);
+    for (int i = 0; i < 8; ++i) {
+        auto model = std::make_unique<CPassModel>();
+        model->settings.insert(QStringLiteral("x"), QString(256 * int(mebibyte), QLatin1Char('x')));
+        scene.createNode(std::move(model));
+    }
+    bool isRefused = false;
+    try {
+        scene.saveToMemory();
+    } catch (const std::bad_alloc&) {
+        isRefused = true;
+    }
+    check(isRefused && inconsistencyOf(scene).isEmpty(), "a document of more than 2 GiB was made");
+    std::printf("\nA document of more than 2048 MiB: saving throws std::bad_alloc, the scene is as it was.\n");
+}
+
 void measureDocument()
 {
     std::printf("| nodes, connections | document | save | load | memory at the most |\n"
@@ -371,6 +390,8 @@ void measureDocument()
         std::printf("| %d | %.1f MiB | %.0f ms | %.0f ms | %.0f MiB |\n", count, document.size() / mebibyte, saved,
                     loaded, processStatus("VmHWM") / 1024);
     }
+    if (!s_isShort)
+        measureDocumentAtTheEnd();
 }
 
 /// How many nodes are left of one whose settings are that deep, after it was saved and loaded.

@@ -63,6 +63,14 @@ Q_SIGNALS:
 
 } // namespace
 
+CTestModelsPlugin::~CTestModelsPlugin()
+{
+    if (!m_camera)
+        return;
+    m_camera->requestInterruption();
+    m_camera->wait();
+}
+
 bool CTestModelsPlugin::initialize(const QWeakPointer<Core::Service::IServiceManager>& manager)
 {
     m_manager = manager;
@@ -95,6 +103,19 @@ QStringList CTestModelsPlugin::categories() const
 int CTestModelsPlugin::scenePointerType() const
 {
     return qMetaTypeId<CNodeScene*>();
+}
+
+void CTestModelsPlugin::startCamera(QObject* source)
+{
+    const CNodeDataEntry entry = qobject_cast<ASourceNodeDataModel*>(source)->dataEntry();
+    m_camera.reset(QThread::create([this, entry] {
+        while (!QThread::currentThread()->isInterruptionRequested()) {
+            if (!entry.setData(QSharedPointer<CVeltraGrabResultData>::create()))
+                ++m_refusedFrames;
+            QThread::usleep(100); // until the next frame
+        }
+    }));
+    m_camera->start();
 }
 
 INodeService* CTestModelsPlugin::service() const

@@ -59,6 +59,7 @@ private Q_SLOTS:
     void framesPassADecoupler();
     void hostWorksWithTheService();
     void signalsNeedNoRegistration();
+    void cameraGoesOnUntilItsPluginIsUnloaded();
     void stringsOutliveTheLibrary();
     void nothingStaysBehind();
     void hostsOwnTypeStays();
@@ -209,6 +210,36 @@ void tst_PluginLife::signalsNeedNoRegistration()
     service->removeSceneOfNode(id);
     QCOMPARE(removing.count(), 1);
     QCOMPARE(removed.count(), 1);
+}
+
+void tst_PluginLife::cameraGoesOnUntilItsPluginIsUnloaded()
+{
+    CTestHost host;
+    QVERIFY(host.isUp());
+    QObject* const models = host.models().instance();
+    const auto refusedFrames = [models] {
+        int frames = -1;
+        QMetaObject::invokeMethod(models, "refusedFrames", Q_RETURN_ARG(int, frames));
+        return frames;
+    };
+    auto source = host.service()->createModel(QStringLiteral("TestSource"));
+    QVERIFY(source);
+    const QPointer<QObject> watched(source.get());
+    const QSignalSpy updated(source.get(), SIGNAL(dataUpdated(NodePortIndex)));
+    QVERIFY(updated.isValid());
+    host.service()->addNode(std::move(source), {});
+    QVERIFY(QMetaObject::invokeMethod(models, "startCamera", Q_ARG(QObject*, watched.data())));
+    QTRY_VERIFY(updated.count() > 0);
+    QCOMPARE(refusedFrames(), 0);
+
+    host.shutDown();
+    QVERIFY(!watched);
+    QTRY_VERIFY(refusedFrames() > 0);
+
+    host.halvex().loader().unload();
+    QVERIFY(isLibraryMapped()); // the plugin that the camera belongs to is linked with it
+    const int before = refusedFrames();
+    QTRY_VERIFY(refusedFrames() > before);
 }
 
 void tst_PluginLife::stringsOutliveTheLibrary()
