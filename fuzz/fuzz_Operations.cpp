@@ -41,6 +41,7 @@ template <typename Table>
 auto inOrder(const Table& table)
 {
     std::vector<std::pair<Core::CId, decltype(table.begin()->second.get())>> objects;
+    objects.reserve(table.size());
     for (const auto& entry : table)
         objects.emplace_back(entry.first, entry.second.get());
     std::sort(objects.begin(), objects.end());
@@ -63,6 +64,7 @@ private:
     void onForeignCode();
     void watch(CNodeScene* scene);
 
+    std::vector<CNodeScene*> scenes() const;
     CNodeScene* anyScene();
     CNodeBase* anyNode(const CNodeScene* scene);
     CNodeBase* anyNode() { return anyNode(anyScene()); }
@@ -126,7 +128,7 @@ CWorld::~CWorld()
 {
     CFuzzModel::onCalled = nullptr;
     m_input.rest();
-    for (CNodeScene* const scene : m_service ? m_service->scenes() : QList<CNodeScene*>())
+    for (CNodeScene* const scene : scenes())
         requireRoundTrip(*scene);
     delete m_service;
 }
@@ -140,7 +142,7 @@ void CWorld::run()
         } catch (const SThrown&) {
             // A scene's operations pass on what foreign code throws.
         }
-        for (CNodeScene* const scene : m_service ? m_service->scenes() : QList<CNodeScene*>())
+        for (CNodeScene* const scene : scenes())
             requireSoundness(*scene);
     }
 }
@@ -183,10 +185,18 @@ void CWorld::watch(CNodeScene* scene)
     QObject::connect(scene, &CNodeScene::connectionDeleted, scene, [this] { onForeignCode(); });
 }
 
+std::vector<CNodeScene*> CWorld::scenes() const
+{
+    if (!m_service)
+        return {};
+    const QList<CNodeScene*> all = m_service->scenes();
+    return {all.begin(), all.end()};
+}
+
 CNodeScene* CWorld::anyScene()
 {
-    const QList<CNodeScene*> scenes = m_service->scenes();
-    return scenes.isEmpty() ? nullptr : scenes.at(m_input.choice(scenes.size()));
+    const std::vector<CNodeScene*> all = scenes();
+    return all.empty() ? nullptr : all[std::size_t(m_input.choice(int(all.size())))];
 }
 
 CNodeBase* CWorld::anyNode(const CNodeScene* scene)

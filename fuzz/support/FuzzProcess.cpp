@@ -36,6 +36,7 @@ void restartIds()
 
 // Called once, before the first input: an application whose event loop does not run, so that no decoupler's timer ticks
 // and starts a thread; no messages; hashes that are the same in every run; and whatever is made at its first use.
+// NOLINTNEXTLINE(readability-non-const-parameter): the application keeps a reference to the count
 extern "C" int LLVMFuzzerInitialize(int* argumentCount, char*** arguments)
 {
     static const QCoreApplication application(*argumentCount, *arguments);

@@ -123,7 +123,8 @@ void CScenario::order(const char* name, const Step& step)
 void CScenario::check(const char* name)
 {
     const CFault::CPause pause;
-    for (const CNodeScene* each : m_service ? m_service->scenes() : QList<CNodeScene*>()) {
+    const auto scenes = m_service ? m_service->scenes() : QList<CNodeScene*>();
+    for (const CNodeScene* each : scenes) {
         const QString inconsistency = inconsistencyOf(*each);
         if (!inconsistency.isEmpty() && m_failure.isEmpty())
             m_failure = QStringLiteral("after %1: %2").arg(QString::fromLatin1(name), inconsistency);

@@ -105,6 +105,7 @@ private:
     }
 
     // A copy, since the code may destroy this model.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param)
     static void run(std::function<void()> code)
     {
         if (code)
