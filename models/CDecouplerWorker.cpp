@@ -9,7 +9,7 @@
 #include <QMutexLocker>
 
 #include <climits>
-#include <system_error>
+#include <exception>
 #include <utility>
 
 namespace Plugin {
@@ -81,8 +81,8 @@ bool CDecouplerWorker::startThread()
     try {
         m_thread = std::thread([self = shared_from_this()] { self->run(); });
         return true;
-    } catch (const std::system_error&) {
-        return false; // the next data or tick tries again
+    } catch (const std::exception&) { // no thread, or no memory for one
+        return false;                 // the next data or tick tries again
     }
 }
 
