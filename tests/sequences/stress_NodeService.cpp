@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+// Random operations on a node service and its scenes, some of them from within handlers of their signals, against a
+// model of plain lists: what is told and in which order, what operations return, and what is there after each step.
+//
+//   stress_NodeService [steps] [seed]
+//
+// Every 500 steps a new service begins, with the next seed. Ends at the first difference: the sequence is shrunk and
+// printed as the body of a test. The same seed leads to the same sequence again.
+
+#include "sequences/RandomSequence.h"
+#include "sequences/Shrink.h"
+
+#include <QtGlobal>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+using namespace Sequences;
+
+namespace {
+
+constexpr int stepsOfService = 500;
+
+int report(unsigned int seed, const SRandomRun& run)
+{
+    std::fprintf(stderr, "seed %u, after %d steps: %s\n", seed, int(run.sequence.size()), qPrintable(run.difference));
+    const QString kind = run.difference.section('\n', 0, 0);
+    const Sequence shrunk =
+        shrink(run.sequence, [&kind](const Sequence& shorter) { return differenceOf(shorter).startsWith(kind); });
+    std::fprintf(stderr, "The same in short:\n\nCSideBySide graph;\n%s\n%s\n", qPrintable(codeOf(shrunk)),
+                 qPrintable(differenceOf(shrunk)));
+    return 1;
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const int steps = argc > 1 ? std::atoi(argv[1]) : 200000;
+    const unsigned int firstSeed = argc > 2 ? unsigned(std::strtoul(argv[2], nullptr, 10)) : 1;
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {}); // of models nobody registered
+
+    unsigned int seed = firstSeed;
+    long operations = 0;
+    for (int done = 0; done < steps; done += stepsOfService, ++seed) {
+        const SRandomRun run = runRandomly(seed, std::min(stepsOfService, steps - done));
+        if (!run.difference.isEmpty())
+            return report(seed, run);
+        operations += run.operations;
+    }
+    const int left = CIdentity::alive() + CTestData::alive();
+    std::printf("seeds %u to %u: %d steps, %ld operations from handlers, %d objects left\n", firstSeed, seed - 1, steps,
+                operations - steps, left);
+    const bool isReentered = operations > steps || steps <= 1000; // a long run without tests less than it says
+    return left == 0 && isReentered ? 0 : 1;
+}
