@@ -87,7 +87,8 @@ double processStatus(const QByteArray& key)
 {
     QFile file(QStringLiteral("/proc/self/status"));
     check(file.open(QIODevice::ReadOnly), "/proc/self/status cannot be read");
-    for (const QByteArray& line : file.readAll().split('\n')) {
+    const QList<QByteArray> lines = file.readAll().split('\n');
+    for (const QByteArray& line : lines) {
         if (line.startsWith(key + ':'))
             return line.mid(key.size() + 1).simplified().split(' ').first().toDouble();
     }
@@ -114,6 +115,7 @@ private:
 };
 
 std::atomic<int> s_complaints{0};
+std::atomic<int> s_delivered{0};
 
 void countComplaints(QtMsgType type, const QMessageLogContext&, const QString&)
 {
@@ -433,9 +435,9 @@ void measureDecouplersAtTheEnd()
     Nodes nodes(std::size_t(count), nullptr);
     for (CNodeBase*& node : nodes)
         node = &scene.createNode(std::make_unique<CTestDecoupler>());
-    std::atomic<int> delivered{0};
+    s_delivered = 0;
     for (CNodeBase* const node : nodes)
-        QObject::connect(node->nodeDataModel(), &CNodeDataModel::dataUpdated, &scene, [&delivered] { ++delivered; });
+        QObject::connect(node->nodeDataModel(), &CNodeDataModel::dataUpdated, &scene, [] { ++s_delivered; });
 
     s_complaints = 0;
     QElapsedTimer clock;
@@ -444,16 +446,16 @@ void measureDecouplersAtTheEnd()
         const CNarrowMemory memory(400); // a thread takes 8 MiB of address space for its stack
         for (CNodeBase* const node : nodes)
             node->propagateData(CTestData::make(1), 0);
-        while (delivered + s_complaints < count) {
+        while (s_delivered + s_complaints < count) {
             check(clock.elapsed() < 60000, "a decoupler neither delivers nor warns");
             QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
         }
         check(s_complaints > 0, "all workers found a thread");
         std::printf("\nWith 400 MiB of address space: %d of %d decouplers have a worker, the others have warned, each "
                     "once, and keep their data.",
-                    int(delivered), count);
+                    int(s_delivered), count);
     }
-    while (delivered < count) {
+    while (s_delivered < count) {
         check(clock.elapsed() < 120000, "the data of a decoupler without a thread was lost");
         QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
     }
@@ -471,28 +473,27 @@ void measureDecouplers()
         const double before = processStatus("VmRSS");
         CNodeScene scene(nullptr, nullptr);
         CNodeBase& source = scene.createNode(std::make_unique<CPassModel>());
-        std::atomic<int> delivered{0};
+        s_delivered = 0;
         s_complaints = 0;
         const double made = millisecondsOf([&] {
             for (int i = 0; i < count; ++i) {
                 CNodeBase& node = scene.createNode(std::make_unique<CTestDecoupler>());
                 scene.createConnection(node, 0, source, 0, NodeDataConverter());
-                QObject::connect(node.nodeDataModel(), &CNodeDataModel::dataUpdated, &scene,
-                                 [&delivered] { ++delivered; });
+                QObject::connect(node.nodeDataModel(), &CNodeDataModel::dataUpdated, &scene, [] { ++s_delivered; });
             }
         });
         const double first = millisecondsOf([&] {
             QElapsedTimer clock;
             clock.start();
             source.propagateData(CTestData::make(1), 0);
-            while (delivered + s_complaints < count) {
+            while (s_delivered + s_complaints < count) {
                 check(clock.elapsed() < 120000, "a decoupler neither delivers nor warns");
                 QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
             }
         });
         const int started = threads() - threadsBefore;
         const double memory = processStatus("VmRSS") - before;
-        check(started == delivered && started > count / 2, "decouplers have no threads");
+        check(started == s_delivered && started > count / 2, "decouplers have no threads");
         const double cleared = millisecondsOf([&] { scene.clearScene(); });
         std::printf("| %d | %d | %.1f ms | %.0f ms | %.0f KiB | %.0f ms |\n", count, started, made, first,
                     memory / count, cleared);
