@@ -26,11 +26,7 @@ public:
     /// Whether the removal of a node or a connection has begun; a second request then finds nothing to do.
     static bool isLeaving(const CNodeBase& node) { return node.m_isLeaving; }
     static bool isLeaving(const CNodeConnection& connection) { return connection.m_isLeaving; }
-    static void setLeaving(CNodeBase& node, bool leaving)
-    {
-        node.m_isLeaving = leaving;
-        node.m_isClosed = node.m_isClosed && leaving; // one that stays after all takes connections again
-    }
+    static void setLeaving(CNodeBase& node, bool leaving) { node.m_isLeaving = leaving; }
     static void setLeaving(CNodeConnection& connection, bool leaving) { connection.m_isLeaving = leaving; }
 
     /// The count of dropped deliveries when the first of the visits that stand in the node began.
@@ -48,8 +44,6 @@ public:
     /// once or when the last visit has left it.
     static void retire(std::unique_ptr<CNodeBase> node)
     {
-        node->m_isLeaving = true;
-        node->m_isClosed = true;
         node->m_isRetired = true;
         node->m_ends.release();
         if (node->m_visits.hasLinks())
