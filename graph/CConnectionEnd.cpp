@@ -10,14 +10,11 @@
 namespace Plugin {
 namespace Halvex {
 
-void CConnectionEnd::setNode(CNodeBase* node)
+void CConnectionEnd::setNode(CNodeBase& node)
 {
     m_index = index(); // that of a node that is gone went with it
-    if (node)
-        m_link.link(node, CGraphOwner::ends(*node));
-    else
-        m_link.unlink();
-    m_indexIsOfNode = node != nullptr;
+    m_link.link(&node, CGraphOwner::ends(node));
+    m_indexIsOfNode = true;
 }
 
 void CConnectionEnd::setIndex(NodePortIndex index)

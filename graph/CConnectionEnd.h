@@ -43,8 +43,8 @@ public:
     /// The port's index, -1 if none is set.
     NodePortIndex index() const { return !node() && m_indexIsOfNode ? -1 : m_index; }
 
-    /// Links the end to \a node, or to none.
-    void setNode(CNodeBase* node);
+    /// Links the end to \a node.
+    void setNode(CNodeBase& node);
 
     /// The index of an end that has a node goes with it; one given alone stays.
     void setIndex(NodePortIndex index);

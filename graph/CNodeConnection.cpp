@@ -104,7 +104,7 @@ void CNodeConnection::setNodeToPort(CNodeBase& node, ENodePortType portType, Nod
     leaveEntryBehind(portType);
     if (&indexEnd != &end(portType))
         leaveEntryBehind(ENodePortType::In);
-    end(portType).setNode(&node);
+    end(portType).setNode(node);
     indexEnd.setIndex(index);
     Q_EMIT updated(*this);
 }

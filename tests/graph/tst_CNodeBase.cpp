@@ -21,6 +21,10 @@
 #include <type_traits>
 #include <vector>
 
+#ifdef Q_OS_LINUX
+#include <ucontext.h>
+#endif
+
 using namespace Plugin::Halvex;
 
 namespace {
@@ -148,6 +152,7 @@ private Q_SLOTS:
     void outputThatAnnouncesItselfIsCut();
     void longChainIsServed_data();
     void longChainIsServed();
+    void stackOfACoroutineHasRoom();
     void foreignThreadsUpdateIsQueued();
     void queuedUpdateOfADestroyedNodeIsDropped();
     void graphsOfDifferentThreadsDoNotMeet();
@@ -218,6 +223,12 @@ void tst_CNodeBase::nullModelIsReplaced()
     node.propagateData(CTestData::make(1), 0);
     node.onDataUpdated(0);
     QCOMPARE(node.save().size(), 2);
+
+    CNodeDataModel& none = *node.nodeDataModel();
+    QCOMPARE(none.caption(), QString());
+    QCOMPARE(none.name(), QString());
+    QCOMPARE(none.dataType(In, 0).id, QString());
+    QVERIFY(!none.outData(0));
 }
 
 void tst_CNodeBase::modelGoesWithTheNode()
@@ -975,6 +986,31 @@ void tst_CNodeBase::longChainIsServed()
 
     QCOMPARE(served, length);
     QCOMPARE(messages.texts(), QStringList());
+}
+
+void tst_CNodeBase::stackOfACoroutineHasRoom()
+{
+    // The sanitizers know nothing of other stacks.
+#if defined(Q_OS_LINUX) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+    static const SFan* fan = nullptr;
+    static ucontext_t here;
+    static ucontext_t there;
+    const CMessageCatcher messages;
+    const SFan served(2);
+    fan = &served;
+    std::vector<char> stack(std::size_t(256) * 1024);
+    QCOMPARE(getcontext(&there), 0);
+    there.uc_stack.ss_sp = stack.data();
+    there.uc_stack.ss_size = stack.size();
+    there.uc_link = &here;
+    makecontext(
+        &there, [] { fan->source.model->offer(CTestData::make(7)); }, 0);
+
+    QCOMPARE(swapcontext(&here, &there), 0);
+
+    QCOMPARE(deliveries(served, 7), 2);
+    QCOMPARE(messages.texts(), QStringList());
+#endif
 }
 
 void tst_CNodeBase::foreignThreadsUpdateIsQueued()

@@ -45,6 +45,7 @@ private Q_SLOTS:
     void registersTheMetaTypeName();
     void proxyIsAChildOfTheModel();
     void proxyIsNullOnceTheModelIsGone();
+    void proxyMayGoFirst();
     void keepsTheLastData();
     void keepsDataOfAWorkerFromTheEventLoopOn();
     void emitsNothing();
@@ -109,6 +110,13 @@ void tst_ASinkNodeDataModel::proxyIsNullOnceTheModelIsGone()
     const QPointer<CNodeDataFlowProxy> proxy = sink->getDataFlowProxy();
     sink.reset();
     QVERIFY(!proxy);
+}
+
+void tst_ASinkNodeDataModel::proxyMayGoFirst()
+{
+    CSink sink;
+    delete sink.getDataFlowProxy().data();
+    QVERIFY(!sink.getDataFlowProxy());
 }
 
 void tst_ASinkNodeDataModel::keepsTheLastData()

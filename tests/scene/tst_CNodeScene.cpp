@@ -9,8 +9,10 @@
 #include "support/MetaMethods.h"
 #include "support/SceneConsistency.h"
 
+#include <QProcess>
 #include <QtTest>
 
+#include <cstdio>
 #include <functional>
 #include <limits>
 #include <map>
@@ -26,6 +28,13 @@ using Core::AppCoreComponents::IBaseInfo;
 static_assert(std::is_base_of_v<QObject, CNodeScene> && !std::is_copy_constructible_v<CNodeScene>, "an object");
 
 namespace {
+
+constexpr const char* staticSceneWanted = "HALVEX_TEST_STATIC_SCENE";
+
+bool isStaticSceneWanted()
+{
+    return qEnvironmentVariableIsSet(staticSceneWanted);
+}
 
 using Numbers = std::vector<int>;
 using Deletion = void (CNodeScene::*)(CNodeConnection&);
@@ -236,6 +245,8 @@ private Q_SLOTS:
     void deletionAskedForByADeletionComesLast();
     void deletionWaitsForTheOutermostOperation();
     void longQueueOfDeletionsNeedsNoStack();
+    void staticSceneOutlivesTheLibrarysStatics();
+    void staticSceneOfAnotherProcess() const;
 
     void removedNodeGoesAfterItsConnections();
     void nodeIsWholeWhenItsRemovalIsAnnounced();
@@ -271,6 +282,8 @@ private Q_SLOTS:
 
 void tst_CNodeScene::cleanup()
 {
+    if (isStaticSceneWanted())
+        return; // it is to outlive the tests
     QCOMPARE(CTestModel::alive(), 0);
     QCOMPARE(CTestData::alive(), 0);
 }
@@ -934,6 +947,48 @@ void tst_CNodeScene::deletionWaitsForTheOutermostOperation()
     // "created" comes second because the handler above stands before the log.
     QCOMPARE(log.said, QStringList({"connected A0-B0", "created C", "disconnected A0-B0"}));
     QCOMPARE(inconsistencyOf(scene), QString());
+}
+
+void tst_CNodeScene::staticSceneOutlivesTheLibrarysStatics()
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QString::fromLatin1(staticSceneWanted), QStringLiteral("1"));
+    process.setProcessEnvironment(environment);
+    process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("staticSceneOfAnotherProcess")});
+    QVERIFY(process.waitForFinished(60000));
+    const QByteArray output = process.readAll();
+    QVERIFY2(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0, output.constData());
+    QVERIFY2(output.endsWith("the scene went with 2 nodes, 1 more was made\n"), output.constData());
+}
+
+void tst_CNodeScene::staticSceneOfAnotherProcess() const
+{
+    if (!isStaticSceneWanted())
+        return; // for the process that staticSceneOutlivesTheLibrarysStatics() starts
+
+    // Made before the library makes statics of its own, so that it is destroyed when they are gone already.
+    static struct SLastWords
+    {
+        ~SLastWords() { std::printf("the scene went with %d nodes, %d more was made\n", gone, made); }
+        int gone = 0;
+        int made = 0;
+    } words;
+    static CNodeScene scene(nullptr, nullptr);
+    const SPlaced from = place(scene, QStringLiteral("A"));
+    const SPlaced to = place(scene, QStringLiteral("B"));
+    QVERIFY(join(scene, from, 0, to, 0));
+    connect(&scene, &CNodeScene::nodeDeleted, [](CNodeBase& node) {
+        for (const ENodePortType side : {ENodePortType::In, ENodePortType::Out}) {
+            node.nodeState().getEntries(side); // for writing, so that what is there is looked up from now on
+            node.nodeState().connections(side, 0);
+        }
+        if (++words.gone == 1) {
+            SPlaced late = place(scene, QStringLiteral("C"));
+            words.made += &late.node != &CNodeScene::noNode() ? 1 : 0;
+        }
+    });
 }
 
 void tst_CNodeScene::longQueueOfDeletionsNeedsNoStack()

@@ -262,6 +262,8 @@ private Q_SLOTS:
     void restoreThatChangesTheScene();
     void saveThatRemovesNodes();
     void saveThatChangesConnections();
+    void typeAskedForDeletesConnections();
+    void typeAskedForDestroysTheScene();
     void handlersThatThrow_data();
     void handlersThatThrow();
     void saveThatDestroysTheScene();
@@ -1180,6 +1182,44 @@ void tst_SceneDocument::saveThatChangesConnections()
     QCOMPARE(saved.size(), 1);
     QCOMPARE(saved[0]["in_id"], saved[0]["out_id"]);
     QCOMPARE(inconsistencyOf(*world.scene), QString());
+}
+
+void tst_SceneDocument::typeAskedForDeletesConnections()
+{
+    CWorld world;
+    world.load(chainNodes());
+    const auto pass = [](CNodeDataPtr data) { return data; };
+    // Whichever is saved first deletes the other.
+    world.scene->createConnection(world.node(idB), 0, world.node(idA), 0, pass);
+    world.scene->createConnection(world.node(idC), 0, world.node(idA), 1, pass);
+    modelOf(*world.scene, idA).onDataType = [&world](ENodePortType, NodePortIndex index) {
+        const std::unordered_map<Core::CId, std::shared_ptr<CNodeConnection>> present = world.scene->connections();
+        for (const auto& entry : present) {
+            if (entry.second->getPortIndex(ENodePortType::Out) != index)
+                world.scene->deleteConnectionNow(*entry.second);
+        }
+        return CTestData::defaultType();
+    };
+    QCOMPARE(rootOf(world.scene->saveToMemory())["connections"].toArray().size(), 1);
+    QCOMPARE(world.scene->connections().size(), std::size_t(1));
+    QCOMPARE(inconsistencyOf(*world.scene), QString());
+}
+
+void tst_SceneDocument::typeAskedForDestroysTheScene()
+{
+    CWorld world;
+    world.load(chainNodes());
+    const auto pass = [](CNodeDataPtr data) { return data; };
+    world.scene->createConnection(world.node(idB), 0, world.node(idA), 0, pass);
+    world.scene->createConnection(world.node(idC), 0, world.node(idA), 1, pass);
+    modelOf(*world.scene, idA).onDataType = [&world](ENodePortType, NodePortIndex) {
+        world.scene.reset();
+        return CTestData::defaultType();
+    };
+    const QJsonObject root = rootOf(world.scene->saveToMemory());
+    QVERIFY(!world.scene);
+    QCOMPARE(root["nodes"].toArray().size(), 3);
+    QCOMPARE(root["connections"].toArray().size(), 1); // the one that was asked
 }
 
 void tst_SceneDocument::handlersThatThrow_data()
