@@ -192,7 +192,7 @@ public:
     int heard() const { return m_heard; }
 
 public Q_SLOTS:
-    void onNewDataAvailable(CNodeDataPtr)
+    void onNewDataAvailable(CNodeDataPtr) // NOLINT(performance-unnecessary-value-param): as the signal has it
     {
         if (QThread::currentThread() == thread())
             ++m_heard;
