@@ -219,7 +219,10 @@ class Workplace:
         subprocess.run(["cmake", "-S", self.tree, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
                         "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DHALVEX_BUILD_HOST=OFF"], check=True,
                        stdout=subprocess.DEVNULL)
-        self._make("Halvex", *(test["name"] for test in self._known_tests()))
+        try:
+            self._make("Halvex", *(test["name"] for test in self._known_tests()))
+        except subprocess.CalledProcessError as error:
+            sys.exit(error.stdout.decode())
         self.tests = [Test(test["name"], test["command"], str(pathlib.Path(test["command"][0]).parent))
                       for test in self._known_tests()]
         self._measure()

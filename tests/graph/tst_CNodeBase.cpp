@@ -673,6 +673,7 @@ void tst_CNodeBase::modelsDestructorMayUseItsNode()
         QVERIFY(dying->id() == id);
         QVERIFY(!dying->nodeDataModel());
         QVERIFY(dying->nodeState().getEntries(Out).empty());
+        QVERIFY(dying->nodeState().getEntries(In).empty());
         QCOMPARE(dying->save().value(QStringLiteral("id")).toString(), id.toString());
         dying->restore(QJsonObject());
     };

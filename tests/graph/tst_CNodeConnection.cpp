@@ -155,6 +155,7 @@ private Q_SLOTS:
     void goneNodeTakesItsIndexAlong();
     void indexGivenAloneStays();
     void endIsFreshAfterItsNodeWasGone();
+    void indexOfAnEndWhoseNodeIsGoneStays();
     void nodeGivenAloneTakesTheIndexAlong();
     void writtenNodeIsUsed();
     void writtenNodeKeepsTheIndex();
@@ -792,6 +793,19 @@ void tst_CNodeConnection::endIsFreshAfterItsNodeWasGone()
     connection.setNodeToPort(*second, None, 0);
     QCOMPARE(std::as_const(connection).getNode(Out), second.node.get());
     QCOMPARE(connection.getPortIndex(Out), -1);
+}
+
+void tst_CNodeConnection::indexOfAnEndWhoseNodeIsGoneStays()
+{
+    STestNode first;
+    const STestNode second;
+    CNodeConnection connection(In, *first, 3);
+    first.node.reset();
+    QCOMPARE(connection.getPortIndex(In), -1);
+    // Sets the out node and the in index.
+    connection.setNodeToPort(*second, None, 2);
+    QVERIFY(!std::as_const(connection).getNode(In));
+    QCOMPARE(connection.getPortIndex(In), 2);
 }
 
 void tst_CNodeConnection::nodeGivenAloneTakesTheIndexAlong()
