@@ -337,7 +337,7 @@ void tst_Faults::addedNodesLeaveNothingInTheService()
         for (int round = 0; round < 50; ++round)
             blocksLeft += blocksLeftBy(chance, hasHappened);
         QVERIFY(scene);
-        QVERIFY2(blocksLeft < 50, qPrintable(QStringLiteral("%1 blocks at chance %2").arg(blocksLeft).arg(chance)));
+        QVERIFY2(blocksLeft < 10, qPrintable(QStringLiteral("%1 blocks at chance %2").arg(blocksLeft).arg(chance)));
     }
     QVERIFY2(chance > 5, qPrintable(QString::number(chance)));
 }
