@@ -7,6 +7,8 @@
 
 namespace Sequences {
 
+class CSharedRecord;
+
 /// What came of random operations.
 struct SRandomRun
 {
@@ -15,7 +17,9 @@ struct SRandomRun
     int operations = 0; ///< Those of handlers included.
 };
 
-/// Runs \a steps random operations, and more from handlers, on a graph of their own.
-SRandomRun runRandomly(unsigned int seed, int steps, const CSideBySide::Fault& fault = {});
+/// Runs \a steps random operations, and more from handlers, on a graph of their own. Each is in \a record before it
+/// runs.
+SRandomRun runRandomly(unsigned int seed, int steps, const CSideBySide::Fault& fault = {},
+                       CSharedRecord* record = nullptr);
 
 } // namespace Sequences

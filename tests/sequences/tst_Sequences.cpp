@@ -4,7 +4,7 @@
 // That random sequences reach everything, and that what they find is shrunk and printed as a test. A sequence that
 // found something has a case of its own here, named after what it found.
 
-#include "sequences/RandomSequence.h"
+#include "sequences/CChildRunner.h"
 #include "sequences/Shrink.h"
 #include "support/CMessageCatcher.h"
 
@@ -12,30 +12,72 @@
 #include <QSet>
 #include <QTest>
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <csignal>
+#include <cstdlib>
 #include <set>
 
 using namespace Sequences;
 
 namespace {
 
-/// Expects something wrong once a second connection has been deleted.
-CSideBySide::Fault faultAtSecondDeletion()
+constexpr auto silent = CChildRunner::EErrors::Silent;
+constexpr auto ignored = CChildRunner::ELeaks::Ignored; // Qt Test has a thread
+
+/// Does \a what once a second connection has been deleted.
+CSideBySide::Fault atSecondDeletion(std::function<void(SState&)> what)
 {
-    return [deletions = 0](const std::vector<SEvent>& events, SState& state) mutable {
+    return [what = std::move(what), deletions = 0](const std::vector<SEvent>& events, SState& state) mutable {
         for (const SEvent& event : events)
             deletions += event.event == EEvent::ConnectionDeleted && !event.isLate ? 1 : 0;
-        state.models += deletions < 2 ? 0 : 1;
+        if (deletions >= 2)
+            what(state);
     };
+}
+
+/// Expects something wrong then.
+CSideBySide::Fault faultAtSecondDeletion()
+{
+    return atSecondDeletion([](SState& state) { ++state.models; });
+}
+
+void exitWithError()
+{
+    std::_Exit(1);
+}
+
+void writeToNull()
+{
+    int* volatile nowhere = nullptr;
+    *nowhere = 1;
+}
+
+bool isDeletionInHandler(const std::vector<SEvent>& events)
+{
+    const auto has = [&events](EEvent kind) {
+        return std::any_of(events.begin(), events.end(), [kind](const SEvent& event) { return event.event == kind; });
+    };
+    return has(EEvent::NodeCreated) && has(EEvent::ConnectionDeleted);
 }
 
 /// Expects something wrong once a connection has been deleted while a node was made.
 void faultAtDeletionInHandler(const std::vector<SEvent>& events, SState& state)
 {
-    const auto has = [&events](EEvent kind) {
-        return std::any_of(events.begin(), events.end(), [kind](const SEvent& event) { return event.event == kind; });
-    };
-    state.models += has(EEvent::NodeCreated) && has(EEvent::ConnectionDeleted) ? 1 : 0;
+    state.models += isDeletionInHandler(events) ? 1 : 0;
+}
+
+void abortAtDeletionInHandler(const std::vector<SEvent>& events, SState&)
+{
+    if (isDeletionInHandler(events))
+        std::abort();
+}
+
+/// The first that is made is left.
+void leaveData(const std::vector<SEvent>&, SState&)
+{
+    static const auto left = QSharedPointer<CTestData>::create(1);
 }
 
 bool showsSecondDeletion(const Sequence& sequence)
@@ -82,11 +124,15 @@ void runPrinted(CSideBySide& graph)
 
 } // namespace
 
+using Crash = void (*)();
+Q_DECLARE_METATYPE(Crash)
+
 class TestSequences : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void randomReachesEveryOperationAndEveryHandler();
     void randomIsTheSameForTheSameSeed();
     void faultIsFoundAndShrunk();
@@ -94,7 +140,19 @@ private Q_SLOTS:
     void printedShowsTheFault();
     void printedHasEveryKindOfArgument();
     void operationOnWhatIsGoneDoesNothing();
+    void recordHasWhatWasRun();
+    void crashIsFoundAndShrunk_data();
+    void crashIsFoundAndShrunk();
+    void crashKeepsWhatHandlersRan();
+    void hangIsFound();
+    void objectsLeftAreFound();
+    void differenceInAChildIsTheSame();
 };
+
+void TestSequences::initTestCase()
+{
+    qputenv("QTEST_DISABLE_STACK_DUMP", "1"); // a debugger at each crash that is meant takes longer than a hang
+}
 
 void TestSequences::randomReachesEveryOperationAndEveryHandler()
 {
@@ -188,6 +246,95 @@ void TestSequences::operationOnWhatIsGoneDoesNothing()
     QCOMPARE(graph.destroyScene(1), 0);
     QCOMPARE(graph.addAgain(1), AGraph::nothingThere);
     QCOMPARE(graph.difference(), QString());
+}
+
+void TestSequences::recordHasWhatWasRun()
+{
+    const CMessageCatcher messages;
+    CSharedRecord record;
+    for (unsigned int seed = 1; seed <= 3; ++seed) {
+        record.clear();
+        const SRandomRun run = runRandomly(seed, 500, {}, &record);
+        const Sequence recorded = record.sequence();
+        QCOMPARE(codeOf(recorded), codeOf(run.sequence));
+        QCOMPARE(sizeOf(recorded), run.operations);
+    }
+    record.setDifference("another state\n…");
+    QCOMPARE(record.difference(), QString("another state\n…"));
+    record.clear();
+    QVERIFY(record.sequence().empty());
+    QCOMPARE(record.difference(), QString());
+}
+
+void TestSequences::crashIsFoundAndShrunk_data()
+{
+    QTest::addColumn<Crash>("crash");
+    QTest::newRow("abort") << Crash(&std::abort);
+    QTest::newRow("null write") << Crash(&writeToNull);
+    QTest::newRow("exit code") << Crash(&exitWithError); // as sanitizers do
+}
+
+void TestSequences::crashIsFoundAndShrunk()
+{
+    QFETCH(const Crash, crash);
+    const CMessageCatcher messages;
+    CChildRunner runner(ignored, atSecondDeletion([crash](SState&) { crash(); }));
+    const SRandomRun run = runner.runRandomly(5, 500);
+    QVERIFY2(run.difference.startsWith("crashed\n"), qPrintable(run.difference));
+    QVERIFY(sizeOf(run.sequence) > 10);
+
+    const Sequence shrunk = runner.shrunk(run.sequence, run.difference);
+    const QString code = codeOf(shrunk);
+    QVERIFY2(sizeOf(shrunk) <= 10, qPrintable(code));
+    QVERIFY2(code.startsWith("graph.addSource(1, "), qPrintable(code));
+    QVERIFY(runner.differenceOf(shrunk, silent).startsWith("crashed\n"));
+    QVERIFY(showsSecondDeletion(shrunk));
+}
+
+void TestSequences::crashKeepsWhatHandlersRan()
+{
+    CChildRunner runner(ignored, &abortAtDeletionInHandler);
+    QCOMPARE(runner.differenceOf(longSequence(), silent), QString("crashed\nby signal %1\n").arg(SIGABRT));
+
+    const CMessageCatcher messages;
+    SRandomRun run;
+    for (unsigned int seed = 1; run.difference.isEmpty() && seed <= 20; ++seed)
+        run = runner.runRandomly(seed, 500);
+    QVERIFY2(run.difference.startsWith("crashed\n"), qPrintable(run.difference));
+    QVERIFY(!run.sequence.back().nested.empty());
+    QVERIFY(showsDeletionInHandler(run.sequence));
+}
+
+void TestSequences::hangIsFound()
+{
+    CChildRunner runner(ignored, atSecondDeletion([](SState&) { pause(); }), 1);
+    const Sequence twice{{{EOperation::AddSource, 1, {0}, {}}, {}},
+                         {{EOperation::AddModel, 2, {View}, {}}, {}},
+                         {{EOperation::CreateConnection, 3, {1, 2, 0, 1, 0, 0}, {}}, {}},
+                         {{EOperation::DeleteConnection, 0, {3}, {}}, {}},
+                         {{EOperation::CreateConnection, 4, {1, 2, 0, 1, 0, 0}, {}}, {}},
+                         {{EOperation::DeleteConnection, 0, {4}, {}}, {}}};
+    QCOMPARE(runner.differenceOf(twice, silent), QString("hung\n"));
+    QCOMPARE(runner.differenceOf({twice.begin(), twice.end() - 1}, silent), QString());
+}
+
+void TestSequences::objectsLeftAreFound()
+{
+    CChildRunner runner(ignored, &leaveData);
+    QCOMPARE(runner.differenceOf({{{EOperation::AddSource, 1, {0}, {}}, {}}}, silent), QString("1 objects left\n"));
+}
+
+void TestSequences::differenceInAChildIsTheSame()
+{
+    const CMessageCatcher messages;
+    const SRandomRun run = runRandomly(5, 500, faultAtSecondDeletion());
+    CChildRunner runner(ignored, faultAtSecondDeletion());
+    const SRandomRun inChild = runner.runRandomly(5, 500);
+    QVERIFY(!inChild.difference.isEmpty());
+    QCOMPARE(inChild.difference, run.difference);
+    QCOMPARE(codeOf(inChild.sequence), codeOf(run.sequence));
+    QCOMPARE(inChild.operations, run.operations);
+    QCOMPARE(CChildRunner(ignored).differenceOf(run.sequence, silent), QString());
 }
 
 QTEST_GUILESS_MAIN(TestSequences)
