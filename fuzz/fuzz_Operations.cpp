@@ -159,8 +159,20 @@ void CWorld::operate()
         &CWorld::saveScene,         &CWorld::loadScene,         &CWorld::importDocument,
         &CWorld::iterate,           &CWorld::keepConnection,    &CWorld::dropKept,
         &CWorld::deleteScene,       &CWorld::deleteService};
-    if (m_service && !m_isServiceLeaving)
-        (this->*operations[std::size_t(m_input.choice(int(operations.size())))])();
+    static constexpr std::array<Operation, 9> ofService{
+        &CWorld::addSource,         &CWorld::addFilter,           &CWorld::addAgain,
+        &CWorld::connectModels,     &CWorld::removeNodeOfService, &CWorld::removeNodeByModel,
+        &CWorld::removeSceneOfNode, &CWorld::setActiveScene,      &CWorld::importDocument};
+    if (!m_service || m_isServiceLeaving)
+        return;
+    const Operation operation = operations[std::size_t(m_input.choice(int(operations.size())))];
+    try {
+        (this->*operation)();
+    } catch (const SThrown&) {
+        const bool isOfService = std::find(ofService.begin(), ofService.end(), operation) != ofService.end();
+        require(!isOfService, QStringLiteral("the service throws nothing"));
+        throw;
+    }
 }
 
 void CWorld::onForeignCode()

@@ -11,6 +11,7 @@
 #include "support/FuzzProperties.h"
 
 #include <stdexcept>
+#include <typeinfo>
 
 using namespace Plugin::Halvex;
 
@@ -22,8 +23,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         CNodeScene scene(fuzzRegistry(), nullptr, nullptr);
         try {
             scene.loadFromMemory(QByteArray(reinterpret_cast<const char*>(data), int(size)));
-        } catch (const std::logic_error&) {
+        } catch (const std::logic_error& error) {
             // A model that is not registered; what came before it stays.
+            require(typeid(error) == typeid(std::logic_error), QStringLiteral("nothing else is thrown"));
         }
         requireSoundness(scene);
         requireRoundTrip(scene);

@@ -3,11 +3,14 @@
 
 #include "models/CDecouplerWorker_p.h"
 
+#include "graph/LoggingCategory_p.h"
+#include "graph/Swallow_p.h"
 #include "models/CDecoupler.h"
 
 #include <QDeadlineTimer>
 #include <QMutexLocker>
 
+#include <chrono>
 #include <climits>
 #include <exception>
 #include <utility>
@@ -79,7 +82,13 @@ bool CDecouplerWorker::startThread()
     if (m_thread.joinable())
         return true;
     try {
-        m_thread = std::thread([self = shared_from_this()] { self->run(); });
+        std::promise<void> over;
+        std::future<void> future = over.get_future();
+        m_thread = std::thread([self = shared_from_this(), promise = std::move(over)]() mutable {
+            promise.set_value_at_thread_exit();
+            self->run();
+        });
+        m_over = std::move(future);
         return true;
     } catch (const std::exception&) { // no thread, or no memory for one
         return false;                 // the next data or tick tries again
@@ -144,8 +153,14 @@ void CDecouplerWorker::emitData(const CNodeDataPtr& data)
     }
 
     // From here on the decoupler goes only after the thread has ended, or when this emission has begun.
-    Q_EMIT owner->nodeDataAvailable(data);
+    const bool isSent =
+        swallowExceptions(lcGraph, "The emission of a decoupler", [&] { Q_EMIT owner->nodeDataAvailable(data); });
     onEmissionEntered(); // for a decoupler whose signals are blocked
+    if (isSent)
+        return;
+    const QMutexLocker lock(&m_mutex);
+    --m_counts.emitted;
+    ++m_counts.dropped;
 }
 
 void CDecouplerWorker::onEmissionEntered()
@@ -205,10 +220,12 @@ void CDecouplerWorker::leaveOwner()
 
     m_owner = nullptr;
     std::thread thread = std::move(m_thread);
-    const bool isOver = isOutside && m_hasEnded;
+    const bool isEnding = isOutside && m_hasEnded;
     lock.unlock();
-    if (isOver)
-        thread.join(); // nothing of the thread is left, not even code that is to be unloaded
+    // Joined, nothing of the thread is left, not even code that is to be unloaded. But slots may have left it objects
+    // that go only now, and take their time or wait for this thread.
+    if (isEnding && m_over.wait_for(std::chrono::milliseconds(qint64(s_shutDownWait))) == std::future_status::ready)
+        thread.join();
     else
         thread.detach();
 }

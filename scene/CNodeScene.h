@@ -44,11 +44,11 @@ namespace Halvex {
  * operation has told everybody, first come, first served; deleteConnectionNow() is immediate. removeNode() in a
  * handler takes the node out of nodes() at once, while its connections, and then the node, go when that queue runs.
  *
- * Exceptions of handlers, models and converters pass through, when what was put off is done: of several the first; the
- * others go to "halvex.graph". The scene stays usable. What was created stays when a handler throws on hearing of it;
- * what was to be deleted or removed stays too and can be removed again, but for deletions that were put off, which are
- * done. A connection whose first data makes a model throw is not created. The destructor throws nothing: it reports to
- * "halvex.graph" and goes on.
+ * Exceptions of handlers, models and converters pass through, from the outermost operation when what was put off
+ * is done: of several the first; the others go to "halvex.graph". The scene stays usable. What was created stays when a
+ * handler throws on hearing of it; what was to be deleted or removed stays too and can be removed again, but for
+ * deletions that were put off, which are done. A connection whose first data makes a model throw is not created. The
+ * destructor throws nothing: it reports to "halvex.graph" and goes on.
  *
  * Threads: one, the one that the scene lives in. Nothing is locked.
  */

@@ -122,7 +122,7 @@ bool CNodeService::importStoredDocuments()
 
 void CNodeService::addStoredDocument(const QString& document)
 {
-    m_storedDocuments.append(document);
+    swallowExceptions(lcService, "Keeping a document", [&] { m_storedDocuments.append(document); });
 }
 
 std::unique_ptr<ANodeDataModel> CNodeService::createModel(const QString& modelName)
@@ -342,7 +342,8 @@ QPointer<CNodeScene> CNodeService::addScene(const Core::AppCoreComponents::BaseI
     connect(scene, &CNodeScene::nodeCreated, this, &CNodeService::onNodeCreated);
     connect(scene, &CNodeScene::nodeDeleted, this, &CNodeService::onNodeDeleted);
     connect(scene, &QObject::destroyed, this, [this, address = made.get()] { onSceneDestroyed(address); });
-    m_scenes.append(made.release());
+    m_scenes.append(made.get());
+    made.release();
     scene->setRegistry(registry());
     takeTurn([this, scene] {
         if (scene)
@@ -356,14 +357,15 @@ void CNodeService::removeScene(CNodeScene& scene)
     // One that the host is destroying goes by itself, and onSceneDestroyed() tells of it.
     if (scene.isBeingDestroyed() || m_leavingScenes.contains(&scene))
         return;
-    const bool isPlanned = queueTurn([this, leaving = QPointer<CNodeScene>(&scene)] {
-        if (leaving && !tell([&] { Q_EMIT sceneRemoving(leaving); }))
-            return;
-        if (!queueTurn([this, leaving] { destroyScene(leaving); }))
-            m_leavingScenes.remove(leaving); // it stays, and can be removed later
-    });
-    if (isPlanned)
-        m_leavingScenes.insert(&scene);
+    const bool isMarked = swallowExceptions(lcService, "Removing a scene", [&] { m_leavingScenes.insert(&scene); });
+    const bool isPlanned = isMarked && queueTurn([this, leaving = QPointer<CNodeScene>(&scene)] {
+                               if (leaving && !tell([&] { Q_EMIT sceneRemoving(leaving); }))
+                                   return;
+                               if (!queueTurn([this, leaving] { destroyScene(leaving); }))
+                                   m_leavingScenes.remove(leaving); // it stays, and can be removed later
+                           });
+    if (!isPlanned)
+        m_leavingScenes.remove(&scene);
     takeTurns();
 }
 

@@ -272,6 +272,7 @@ void measureNodesAtTheEnd()
         check(WIFSIGNALED(status) || WEXITSTATUS(status) == 0, "something was wrong after memory ended");
         ++(WIFSIGNALED(status) ? ended : sound);
     }
+    check(sound > 0, "no process has survived the end of its memory");
     std::printf(
         "When memory ends, in %d processes with 32 MiB and more: %d times std::bad_alloc, the scene is sound and can "
         "be cleared; %d times the process was ended by a signal.\n\n",

@@ -54,6 +54,7 @@ public:
     }
     Plugin::Halvex::SNodeDataType dataType(Plugin::Halvex::ENodePortType, Plugin::Halvex::NodePortIndex) const override
     {
+        run(onDataType);
         return CTestData::defaultType();
     }
 
@@ -91,6 +92,7 @@ public:
     std::function<void()> onName;
     std::function<void()> onIsUnique;
     std::function<void()> onNPorts;
+    std::function<void()> onDataType;
     std::function<void()> onSetInData;
     std::function<void()> onOutData;
     std::function<void()> onSave;

@@ -275,6 +275,24 @@ void onRestoreFromDocument(CMatrixWorld& world)
     world.hand().scene->loadFromMemory(CMatrixWorld::sceneDocument(world.hand()));
 }
 
+void onDataType(CMatrixWorld& world)
+{
+    // A connection with a converter says between which types.
+    world.hand().connection->setTypeConverter([](CNodeDataPtr data) { return data; });
+    world.hand().model().onDataType = world.firing();
+    world.hand().connection->save();
+}
+
+void onVisitor(CMatrixWorld& world)
+{
+    world.hand().scene->iterateOverNodes([&world](const CNodeBase*) { world.fire(); });
+}
+
+void onVisitorOfModels(CMatrixWorld& world)
+{
+    world.hand().scene->iterateOverNodeData([&world](const CNodeDataModel*) { world.fire(); });
+}
+
 // ---- destructors
 
 void onModelDestroyed(CMatrixWorld& world)
@@ -447,6 +465,9 @@ const std::vector<SHook>& matrixHooks()
         {"name in a search", &onNameInASearch, {}},
         {"isUnique in a save", &onIsUniqueInASave, {}},
         {"isUnique in an import", &onIsUniqueInAnImport, {}},
+        {"dataType", &onDataType, {}},
+        {"visitor of nodes", &onVisitor, {}},
+        {"visitor of models", &onVisitorOfModels, {}},
         {"setInData", &onSetInData, {}},
         {"setInData of a new connection", &onFirstSetInData, {itsConnection("the connection is not in its scene yet")}},
         {"setInData of a connection that goes", &onLastSetInData, {}},

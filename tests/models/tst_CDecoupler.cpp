@@ -21,6 +21,7 @@
 #include <atomic>
 #include <functional>
 #include <memory>
+#include <stdexcept>
 #include <thread>
 #include <vector>
 
@@ -203,6 +204,8 @@ private Q_SLOTS:
     void discardedDataCallsBack();
     void emittedDataDestroysTheDecoupler();
 
+    void whatASlotLeavesInTheThreadMayTakeItsTime();
+    void emissionThatThrowsCountsAsDropped();
     void hangingWorkerIsLeftBehind_data();
     void hangingWorkerIsLeftBehind();
     void slowWorkerIsWaitedFor();
@@ -878,6 +881,46 @@ void tst_CDecoupler::emittedDataDestroysTheDecoupler()
     QTRY_VERIFY(destruction.hasHappened());
     QTRY_VERIFY(!listener.thread());
     QCOMPARE(listener.values(), QVector<int>({1}));
+}
+
+void tst_CDecoupler::whatASlotLeavesInTheThreadMayTakeItsTime()
+{
+    static QSemaphore gate;
+    static QSemaphore ended;
+    struct SLeft
+    {
+        ~SLeft()
+        {
+            gate.acquire();
+            ended.release();
+        }
+    };
+    const CShutDownWait shortened(1);
+    auto decoupler = std::make_unique<CDecoupler>();
+    const CListener listener(*decoupler, [] {
+        static thread_local const SLeft left;
+        Q_UNUSED(left)
+    });
+    decoupler->setNodeData(CTestData::make(1));
+    QVERIFY(listener.waitFor(1));
+    decoupler.reset(); // waits neither for the thread nor for ever
+    QCOMPARE(ended.available(), 0);
+    gate.release();
+    QVERIFY(ended.tryAcquire(1, 20000));
+}
+
+void tst_CDecoupler::emissionThatThrowsCountsAsDropped()
+{
+    const CMessageCatcher messages;
+    CDecoupler decoupler;
+    const CListener listener(decoupler, [] { throw std::runtime_error("slot"); });
+    for (int count = 1; count <= 2; ++count) {
+        decoupler.setNodeData(CTestData::make(count));
+        QVERIFY(listener.waitFor(count));
+        QTRY_COMPARE(countsOf(decoupler), QStringLiteral("%1 0 %1 0 0").arg(count));
+    }
+    decoupler.shutDown();
+    QCOMPARE(messages.texts("halvex.graph").filter("slot").size(), 2);
 }
 
 void tst_CDecoupler::hangingWorkerIsLeftBehind_data()

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "graph/CGraphOwner_p.h"
 #include "graph/CLiveObjects_p.h"
 #include "scene/CNodeScene.h"
 #include "scene/CSceneInspector_p.h"
@@ -88,9 +89,9 @@ inline QString inconsistencyOf(const CNodeBase& node, const SceneWorld& world)
 } // namespace SceneConsistency
 
 /**
- * Proves scenes sound, between operations: nothing waits in their queues; every node and connection exists and stands
- * under its own id; every complete connection is in the port tables of both its nodes exactly once; the tables hold
- * nothing else.
+ * Proves scenes sound, between operations: nothing waits in their queues; every node and connection exists, stands
+ * under its own id and is not on its way out; every complete connection is in the port tables of both its nodes exactly
+ * once; the tables hold nothing else.
  *
  * Returns an empty text, or what is wrong: `QCOMPARE(inconsistencyOf(scene), QString())`.
  *
@@ -112,6 +113,8 @@ inline QString inconsistencyOf(const SceneWorld& world)
                 return QStringLiteral("the scene holds a node that is gone");
             if (entry.second->id() != entry.first)
                 return QStringLiteral("a node stands under another id");
+            if (CGraphOwner::isLeaving(*entry.second) || CGraphOwner::isClosed(*entry.second))
+                return QStringLiteral("a node that stays is marked as leaving");
             nodes.insert(entry.second.get());
         }
         for (const auto& entry : scene->connections()) {
@@ -119,6 +122,8 @@ inline QString inconsistencyOf(const SceneWorld& world)
                 return QStringLiteral("the scene holds a connection that is gone");
             if (entry.second->id() != entry.first)
                 return QStringLiteral("a connection stands under another id");
+            if (CGraphOwner::isLeaving(*entry.second))
+                return QStringLiteral("a connection that stays is marked as leaving");
             const QString wrong = SceneConsistency::inconsistencyOf(*entry.second);
             if (!wrong.isEmpty())
                 return wrong;
