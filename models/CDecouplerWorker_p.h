@@ -79,7 +79,7 @@ private:
     SDecouplerStatistics m_counts;
     CDecoupler* m_owner;
     std::thread m_thread;
-    std::future<void> m_over; // what the thread leaves is gone as well
+    std::future<void> m_over;       // what the thread leaves is gone as well
     CDecoupler* m_orphan = nullptr; // left to the thread
     bool m_hasEnded = false;        // the loop has, and holds no data any more
     QWaitCondition m_ended;
