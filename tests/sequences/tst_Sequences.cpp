@@ -50,7 +50,7 @@ void exitWithError()
 
 void writeToNull()
 {
-    int* volatile nowhere = nullptr;
+    volatile int* volatile nowhere = nullptr; // or the compiler leaves the write out
     *nowhere = 1;
 }
 
