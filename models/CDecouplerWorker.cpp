@@ -10,7 +10,6 @@
 #include <QDeadlineTimer>
 #include <QMutexLocker>
 
-#include <chrono>
 #include <climits>
 #include <exception>
 #include <utility>
@@ -26,6 +25,26 @@ constexpr unsigned long longestStep = 200;
 } // namespace
 
 std::atomic<unsigned long> CDecouplerWorker::s_shutDownWait{30000};
+
+/// Says that the thread is over, when everything is gone that slots have left in it.
+class CDecouplerWorker::CThreadEnd
+{
+public:
+    explicit CThreadEnd(std::shared_ptr<CDecouplerWorker> worker)
+        : m_worker(std::move(worker))
+    {
+    }
+    ~CThreadEnd()
+    {
+        const QMutexLocker lock(&m_worker->m_mutex);
+        m_worker->m_isOver = true;
+        m_worker->m_ended.wakeAll();
+    }
+    Q_DISABLE_COPY(CThreadEnd)
+
+private:
+    std::shared_ptr<CDecouplerWorker> m_worker;
+};
 
 CDecouplerWorker::CDecouplerWorker(CDecoupler* owner)
     : m_owner(owner)
@@ -82,13 +101,10 @@ bool CDecouplerWorker::startThread()
     if (m_thread.joinable())
         return true;
     try {
-        std::promise<void> over;
-        std::future<void> future = over.get_future();
-        m_thread = std::thread([self = shared_from_this(), promise = std::move(over)]() mutable {
-            promise.set_value_at_thread_exit();
+        m_thread = std::thread([self = shared_from_this()] {
+            static thread_local const CThreadEnd end(self); // the first, so that it goes last
             self->run();
         });
-        m_over = std::move(future);
         return true;
     } catch (const std::exception&) { // no thread, or no memory for one
         return false;                 // the next data or tick tries again
@@ -219,12 +235,12 @@ void CDecouplerWorker::leaveOwner()
     }
 
     m_owner = nullptr;
+    const bool isOver = isOutside && m_hasEnded && waitFor(m_isOver, s_shutDownWait);
     std::thread thread = std::move(m_thread);
-    const bool isEnding = isOutside && m_hasEnded;
     lock.unlock();
     // Joined, nothing of the thread is left, not even code that is to be unloaded. But slots may have left it objects
     // that go only now, and take their time or wait for this thread.
-    if (isEnding && m_over.wait_for(std::chrono::milliseconds(qint64(s_shutDownWait))) == std::future_status::ready)
+    if (isOver)
         thread.join();
     else
         thread.detach();
@@ -256,10 +272,15 @@ bool CDecouplerWorker::wait(unsigned long milliseconds)
 
 bool CDecouplerWorker::waitForEnd(unsigned long milliseconds)
 {
+    return !m_thread.joinable() || waitFor(m_hasEnded, milliseconds);
+}
+
+bool CDecouplerWorker::waitFor(const bool& flag, unsigned long milliseconds)
+{
     const QDeadlineTimer deadline(milliseconds == ULONG_MAX ? -1 : qint64(milliseconds));
-    while (m_thread.joinable() && !m_hasEnded) {
+    while (!flag) {
         if (!m_ended.wait(&m_mutex, deadline))
-            return m_hasEnded;
+            return flag;
     }
     return true;
 }

@@ -12,7 +12,6 @@
 #include <QWaitCondition>
 
 #include <atomic>
-#include <future>
 #include <memory>
 #include <thread>
 
@@ -61,6 +60,8 @@ public:
     static std::atomic<unsigned long> s_shutDownWait;
 
 private:
+    class CThreadEnd;
+
     void run();
     void emitData(const CNodeDataPtr& data);
     void warnOfMissingThread();
@@ -70,6 +71,7 @@ private:
     bool isHere() const { return m_thread.get_id() == std::this_thread::get_id(); }
     bool startThread();
     bool waitForEnd(unsigned long milliseconds);
+    bool waitFor(const bool& flag, unsigned long milliseconds);
 
     mutable QMutex m_mutex;
     QWaitCondition m_wakeUp;
@@ -79,9 +81,9 @@ private:
     SDecouplerStatistics m_counts;
     CDecoupler* m_owner;
     std::thread m_thread;
-    std::future<void> m_over;       // what the thread leaves is gone as well
     CDecoupler* m_orphan = nullptr; // left to the thread
     bool m_hasEnded = false;        // the loop has, and holds no data any more
+    bool m_isOver = false;          // and so is the thread
     QWaitCondition m_ended;
     bool m_isEmissionDue = false; // the emission has begun and not reached its first slot
     QWaitCondition m_emissionEntered;

@@ -343,7 +343,7 @@ QPointer<CNodeScene> CNodeService::addScene(const Core::AppCoreComponents::BaseI
     connect(scene, &CNodeScene::nodeDeleted, this, &CNodeService::onNodeDeleted);
     connect(scene, &QObject::destroyed, this, [this, address = made.get()] { onSceneDestroyed(address); });
     m_scenes.append(made.get());
-    made.release();
+    static_cast<void>(made.release());
     scene->setRegistry(registry());
     takeTurn([this, scene] {
         if (scene)
