@@ -979,7 +979,7 @@ void tst_CNodeScene::staticSceneOfAnotherProcess() const
     const SPlaced from = place(scene, QStringLiteral("A"));
     const SPlaced to = place(scene, QStringLiteral("B"));
     QVERIFY(join(scene, from, 0, to, 0));
-    connect(&scene, &CNodeScene::nodeDeleted, [](CNodeBase& node) {
+    connect(&scene, &CNodeScene::nodeDeleted, &scene, [](CNodeBase& node) {
         for (const ENodePortType side : {ENodePortType::In, ENodePortType::Out}) {
             node.nodeState().getEntries(side); // for writing, so that what is there is looked up from now on
             node.nodeState().connections(side, 0);
