@@ -44,26 +44,6 @@ void registerModels(CNodeDataModelRegistry& registry)
     registry.registerModel<CGenericNodeDecouplerDataModel<CTestData>>(QStringLiteral("Tools"));
 }
 
-CHostModel* modelNamed(const CNodeScene* scene, const QString& name)
-{
-    if (!scene)
-        return nullptr;
-    for (const auto& entry : scene->nodes()) {
-        if (entry.second->nodeDataModel()->name() == name)
-            return dynamic_cast<CHostModel*>(entry.second->nodeDataModel());
-    }
-    return nullptr;
-}
-
-CNodeBase* nodeOf(const CNodeScene& scene, const CNodeDataModel* model)
-{
-    for (const auto& entry : scene.nodes()) {
-        if (entry.second->nodeDataModel() == model)
-            return entry.second.get();
-    }
-    return nullptr;
-}
-
 /// A shared object, without a chance for a fault: QSharedPointer itself loses the object, or releases one that was
 /// never made, when it gets no memory for its count.
 template <typename T, typename... Arguments>

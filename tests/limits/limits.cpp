@@ -12,6 +12,7 @@
 #include "models/CGenericNodeDecouplerDataModel.h"
 #include "scene/CNodeScene.h"
 #include "support/CTestData.h"
+#include "support/CTestSource.h"
 #include "support/SceneConsistency.h"
 
 #include <QCoreApplication>
@@ -159,17 +160,6 @@ public:
 private:
     unsigned int m_ports;
     CNodeDataPtr m_data;
-};
-
-class CSource : public ASourceNodeDataModel
-{
-public:
-    QString caption() override { return name(); }
-    QString name() override { return QStringLiteral("Source"); }
-    unsigned int nPorts(ENodePortType portType) const override { return portType == ENodePortType::Out ? 1 : 0; }
-    SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return CTestData::defaultType(); }
-    void setInData(CNodeDataPtr, NodePortIndex) override {}
-    bool isUnique() override { return false; }
 };
 
 using CTestDecoupler = CGenericNodeDecouplerDataModel<CTestData>;
@@ -527,7 +517,7 @@ CNodeDataPtr inverted(const CNodeDataPtr& data)
 double framesPerSecond(bool isFromCamera, bool isInverting, int count)
 {
     CNodeScene scene(nullptr, nullptr);
-    auto model = std::make_unique<CSource>();
+    auto model = std::make_unique<CTestSource>();
     CNodeDataFlowProxy& proxy = *model->getDataFlowProxy();
     const CNodeDataEntry entry = model->dataEntry();
     Nodes nodes(10, nullptr);
@@ -573,14 +563,14 @@ void measureFrames()
     std::printf("| every node makes a new, inverted frame | %.0f |\n",
                 medianOf([&] { return framesPerSecond(false, true, few); }));
 
-    CSource source;
+    CTestSource source;
     const int count = s_isShort ? 10 : 200;
     const double before = bytesInUse();
     for (int i = 0; i < count; ++i)
         source.dataEntry().setData(QSharedPointer<CFrame>::create());
     const double waiting = bytesInUse() - before;
     int announced = 0;
-    QObject::connect(&source, &CSource::dataUpdated, &source, [&announced] { ++announced; });
+    QObject::connect(&source, &CTestSource::dataUpdated, &source, [&announced] { ++announced; });
     while (announced < count)
         QCoreApplication::processEvents();
     const double left = bytesInUse() - before;

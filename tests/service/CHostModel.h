@@ -5,6 +5,7 @@
 
 #include "models/ANodeDataModel.h"
 #include "models/ENodeDataModelType.h"
+#include "scene/CNodeScene.h"
 #include "support/CTestData.h"
 
 #include <QPointer>
@@ -141,4 +142,27 @@ inline std::unique_ptr<CHostModel> makeSource(const QString& name = QStringLiter
     auto source = std::make_unique<CHostModel>(Plugin::Halvex::ENodeDataModelType::Source, name, name);
     source->unique = true;
     return source;
+}
+
+/// The first in \a scene that has that name; null if there is none, or no scene.
+inline CHostModel* modelNamed(const Plugin::Halvex::CNodeScene* scene, const QString& name)
+{
+    if (!scene)
+        return nullptr;
+    for (const auto& entry : scene->nodes()) {
+        if (entry.second->nodeDataModel()->name() == name)
+            return dynamic_cast<CHostModel*>(entry.second->nodeDataModel());
+    }
+    return nullptr;
+}
+
+/// The node that owns \a model, null if none in \a scene does.
+inline Plugin::Halvex::CNodeBase* nodeOf(const Plugin::Halvex::CNodeScene& scene,
+                                         const Plugin::Halvex::CNodeDataModel* model)
+{
+    for (const auto& entry : scene.nodes()) {
+        if (entry.second->nodeDataModel() == model)
+            return entry.second.get();
+    }
+    return nullptr;
 }

@@ -111,24 +111,6 @@ QString chain()
          element("b", "View")});
 }
 
-CHostModel* modelNamed(const CNodeScene& scene, const QString& name)
-{
-    for (const auto& entry : scene.nodes()) {
-        if (entry.second->nodeDataModel()->name() == name)
-            return dynamic_cast<CHostModel*>(entry.second->nodeDataModel());
-    }
-    return nullptr;
-}
-
-CNodeBase* nodeOf(const CNodeScene& scene, const CNodeDataModel* model)
-{
-    for (const auto& entry : scene.nodes()) {
-        if (entry.second->nodeDataModel() == model)
-            return entry.second.get();
-    }
-    return nullptr;
-}
-
 using Step = std::function<void(CFixture&)>;
 using Removal = std::function<void(CFixture&, const SPlaced&)>;
 
@@ -506,7 +488,7 @@ void tst_CNodeService::modelOfADocumentNodeStaysWhereItIs()
     CFixture f;
     f.addSource("cam");
     QVERIFY(f.service->importDocument(document({element("a", "View")})));
-    CHostModel* const model = modelNamed(*f.active(), "View");
+    CHostModel* const model = modelNamed(f.active(), "View");
     CNodeBase* const node = nodeOf(*f.active(), model);
     f.log.take();
 
@@ -537,7 +519,7 @@ void tst_CNodeService::modelOfALeavingNodeStaysWhereItIs()
         QVERIFY(f.service->importDocument(document({element("a", "View")})));
     else
         f.addView("View");
-    CHostModel* const model = modelNamed(*f.active(), "View");
+    CHostModel* const model = modelNamed(f.active(), "View");
     const Core::CId id = nodeOf(*f.active(), model)->id();
     QObject context;
     connect(f.active(), &CNodeScene::nodeDeleted, &context, [&](const CNodeBase&) {
@@ -636,7 +618,7 @@ void tst_CNodeService::findNodeByModelKnowsAddedModelsOnly()
 
     QVERIFY(!f.service->findNodeByModel(nullptr));
     QVERIFY(!f.service->findNodeByModel(&never));
-    QVERIFY(!f.service->findNodeByModel(modelNamed(*f.active(), "View")));
+    QVERIFY(!f.service->findNodeByModel(modelNamed(f.active(), "View")));
 }
 
 void tst_CNodeService::noDestroyedNodeIsFound_data()
@@ -764,7 +746,7 @@ void tst_CNodeService::connectModelsRefusesUnknownModels()
     QVERIFY(f.service->importDocument(document({element("a", "View")})));
     CHostModel never(ENodeDataModelType::Sink);
     for (ANodeDataModel* stranger : {static_cast<ANodeDataModel*>(nullptr), static_cast<ANodeDataModel*>(&never),
-                                     static_cast<ANodeDataModel*>(modelNamed(*f.active(), "View"))}) {
+                                     static_cast<ANodeDataModel*>(modelNamed(f.active(), "View"))}) {
         QVERIFY(f.service->connectModels(stranger, 0, cam.model, 0) == Core::CId());
         QVERIFY(f.service->connectModels(cam.model, 0, stranger, 0) == Core::CId());
     }
@@ -780,7 +762,7 @@ void tst_CNodeService::connectionThatAHandlerTakesBackHasNoId_data()
     QTest::newRow("deleted now") << Step(
         [](CFixture& f) { f.active()->deleteConnectionNow(*f.active()->connections().begin()->second); });
     QTest::newRow("consumer removed") << Step([](CFixture& f) {
-        ANodeDataModel* model = modelNamed(*f.active(), "view");
+        ANodeDataModel* model = modelNamed(f.active(), "view");
         f.service->removeNodeByModel(model, false);
     });
     QTest::newRow("scene destroyed") << Step([](CFixture& f) { delete f.active(); });
@@ -1278,8 +1260,8 @@ void tst_CNodeService::documentNodesAreThoseNotAdded()
     QVERIFY(f.service->documentNodes().isEmpty());
 
     QVERIFY(f.service->importDocument(chain()));
-    QVector<CNodeBase*> expected{nodeOf(*f.active(), modelNamed(*f.active(), "Filter")),
-                                 nodeOf(*f.active(), modelNamed(*f.active(), "View"))};
+    QVector<CNodeBase*> expected{nodeOf(*f.active(), modelNamed(f.active(), "Filter")),
+                                 nodeOf(*f.active(), modelNamed(f.active(), "View"))};
     expected << &f.active()->createNode(std::make_unique<CHostModel>(ENodeDataModelType::Sink, "by hand"));
     f.active()->createNode(std::make_unique<CTestModel>()); // without an identity
     QVector<CNodeBase*> found = f.service->documentNodes();
@@ -1342,7 +1324,7 @@ void tst_CNodeService::importWiresAChain()
                                         "1 connected Filter0-View0"}));
     QCOMPARE(f.service->findNodeByModel(cam.model)->id(), cam.id);
     cam.model->offer(CTestData::make(8));
-    const CHostModel* const view = modelNamed(*f.active(), "View");
+    const CHostModel* const view = modelNamed(f.active(), "View");
     QCOMPARE(view->received, (std::vector<std::pair<int, int>>{{8, 0}}));
     QCOMPARE(view->restored.size(), std::size_t(1));
     QCOMPARE(view->restored.front(), (QJsonObject{{"name", "View"}, {"is_unique", false}}));
@@ -1529,7 +1511,7 @@ void tst_CNodeService::importReplacesNodeOfANonUniqueSource()
     QVERIFY(f.service->documentNodes().contains(node));
     auto* const renewed = dynamic_cast<CHostModel*>(node->nodeDataModel());
     renewed->offer(CTestData::make(4));
-    QCOMPARE(modelNamed(*f.active(), "View")->received.back().first, 4);
+    QCOMPARE(modelNamed(f.active(), "View")->received.back().first, 4);
     f.service->removeNode(named.id, false);
     QCOMPARE(f.service->documentNodes().size(), 1);
     QCOMPARE(f.inconsistency(), QString());

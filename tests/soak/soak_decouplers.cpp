@@ -15,6 +15,7 @@
 #include "scene/CNodeScene.h"
 #include "support/CTestData.h"
 #include "support/CTestModel.h"
+#include "support/CTestSource.h"
 #include "support/SceneConsistency.h"
 
 #include <QCoreApplication>
@@ -37,17 +38,6 @@ constexpr int permanent = 5; // so many of them stay to the end
 constexpr double rates[] = {0.5, 7, 25, 30, 60, 200, 500, 2000};
 
 using CTestDecoupler = CGenericNodeDecouplerDataModel<CTestData>;
-
-class CSource : public ASourceNodeDataModel
-{
-public:
-    QString caption() override { return name(); }
-    QString name() override { return QStringLiteral("Source"); }
-    unsigned int nPorts(ENodePortType portType) const override { return portType == ENodePortType::Out ? 1 : 0; }
-    SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return CTestData::defaultType(); }
-    void setInData(CNodeDataPtr, NodePortIndex) override {}
-    bool isUnique() override { return false; }
-};
 
 /// A decoupler and the sink behind it.
 struct SBranch
@@ -116,11 +106,11 @@ class CSoak
 {
 public:
     CSoak()
-        : m_source(&m_scene.createNode(std::make_unique<CSource>()))
-        , m_feeder(static_cast<CSource*>(m_source->nodeDataModel())->getDataFlowProxy())
+        : m_source(&m_scene.createNode(std::make_unique<CTestSource>()))
+        , m_feeder(static_cast<CTestSource*>(m_source->nodeDataModel())->getDataFlowProxy())
     {
         m_registry->registerModel<CTestDecoupler>(QStringLiteral("Tools"));
-        m_registry->registerModel<CSource>(QStringLiteral("Sources"));
+        m_registry->registerModel<CTestSource>(QStringLiteral("Sources"));
         m_registry->registerModel<CTestModel>(QStringLiteral("Tests"));
         for (SBranch& branch : m_branches)
             branch = makeBranch();
