@@ -36,6 +36,9 @@ class CDecouplerWorker;
  * isRunning(), isFinished() and wait() speak of the worker's thread, if they are called on a CDecoupler and not on a
  * QThread. start() starts nothing that matters, and started() and finished() do not speak of the worker.
  *
+ * What a directly connected slot throws ends at the worker: it is reported to "halvex.graph", and the data counts as
+ * dropped, though slots before that one have had it.
+ *
  * Threads: the slots, statistics() and the destructor may be called from any thread, also from a slot that runs on the
  * worker. nodeDataAvailable() comes from the worker's. Nothing is locked while it is emitted or data is released. Data
  * that is dropped is released by the thread that drops it.
@@ -48,7 +51,8 @@ public:
     /// Not throttled; no thread yet.
     CDecoupler();
 
-    /// Shuts down. If the worker does not end in time, it is abandoned, and its thread ends by itself. Qt, which is
+    /// Shuts down, for which the worker has 30 s; what slots have left in its thread (thread_local) has as long once
+    /// more. If the worker does not end in time, it is abandoned, and its thread ends by itself. Qt, which is
     /// then in the middle of an emission of this object, notices that it is gone. An owner that cannot rule out that
     /// the hanging slot returns in that very moment calls deleteWhenEnded() instead.
     ~CDecoupler() override;

@@ -18,7 +18,8 @@ struct SDecouplerStatistics
 {
     quint64 received = 0;  ///< Handed in; also after the shutdown.
     quint64 emitted = 0;   ///< Taken by the worker, which emits it next.
-    quint64 dropped = 0;   ///< Overwritten by newer data, discarded by the shutdown or handed in after it.
+    quint64 dropped = 0;   ///< Overwritten by newer data, discarded by the shutdown, handed in after it, or not sent
+                           ///< since a slot threw.
     quint64 cancelled = 0; ///< Overwritten by empty data.
     quint64 pending = 0;   ///< Waits for its tick: 0 or 1.
 };

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: LicenseRef-Halvex
 
 // That random sequences reach everything, and that what they find is shrunk and printed as a test. A sequence that
-// found something has a case of its own here, named after what it found.
+// finds something in the library gets a case of its own here, named after what it found; so far none has.
 
 #include "sequences/CChildRunner.h"
 #include "sequences/Shrink.h"
