@@ -11,6 +11,8 @@ test_packages=(aravis-tools) # arv-fake-gv-camera-0.8, a GigE Vision camera on t
 race_packages=(qtbase5-private-dev) # how Qt's events name their sender, for the race detector
 fuzz_packages=(clang libclang-rt-dev llvm)
 coverage_packages=(gcovr)
+bench_packages=(libbenchmark-dev valgrind)
+bench_peers_packages=(pkg-config libgstreamer1.0-dev libtbb-dev libboost-dev) # what the benchmarks can be compared with
 lint_packages=(clang-format clang-tidy clazy)
 
 current_step="start"

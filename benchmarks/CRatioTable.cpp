@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "CRatioTable.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iomanip>
+#include <iostream>
+#include <sstream>
+#include <utility>
+
+namespace {
+
+double median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    const std::size_t half = values.size() / 2;
+    return values.size() % 2 == 1 ? values[half] : (values[half - 1] + values[half]) / 2;
+}
+
+std::string text(double value, int decimals)
+{
+    std::ostringstream out;
+    out << std::fixed << std::setprecision(decimals) << value;
+    return out.str();
+}
+
+std::string timeText(double seconds)
+{
+    if (seconds < 1e-6)
+        return text(seconds * 1e9, 1) + " ns";
+    if (seconds < 1e-3)
+        return text(seconds * 1e6, 2) + " µs";
+    return text(seconds * 1e3, 2) + " ms";
+}
+
+std::string valueText(double value, const std::string& counter)
+{
+    if (counter == Counters::bytes)
+        return text(value, 0) + " bytes";
+    if (counter == Counters::allocations)
+        return text(value, 2);
+    return timeText(value);
+}
+
+} // namespace
+
+CRatioTable::CRatioTable()
+    : benchmark::ConsoleReporter(OO_Tabular)
+{
+    SetOutputStream(&std::cerr);
+}
+
+void CRatioTable::add(SRatioRow row)
+{
+    m_rows.push_back(std::move(row));
+}
+
+void CRatioTable::ReportRuns(const std::vector<Run>& runs)
+{
+    benchmark::ConsoleReporter::ReportRuns(runs);
+    for (const Run& run : runs) {
+        if (run.error_occurred || run.run_type != Run::RT_Iteration)
+            continue;
+        Samples& samples = m_samples[run.run_name.function_name];
+        for (const auto& counter : run.counters)
+            samples[counter.first].push_back(counter.second.value);
+    }
+}
+
+void CRatioTable::print(std::ostream& out) const
+{
+    out << "| work | measured | floor | ratio | target | met |\n| --- | ---: | ---: | ---: | ---: | --- |\n";
+    for (const SRatioRow& row : m_rows) {
+        if (!wasRun(row))
+            continue;
+        const double measured = valueOf(row.measured, row.counter);
+        double floor = 0;
+        for (const std::string& name : row.floors)
+            floor += valueOf(name, row.counter);
+
+        const bool isRatio = !row.floors.empty();
+        const bool hasTarget = std::isfinite(row.target);
+        const double judged = isRatio ? measured / floor : measured;
+        out << "| " << row.work << " | " << valueText(measured, row.counter) << " | "
+            << (isRatio ? valueText(floor, row.counter) : "") << " | " << (isRatio ? text(judged, 2) : "") << " | "
+            << (hasTarget ? text(row.target, 2) : "") << " | "
+            << (!hasTarget             ? ""
+                : judged <= row.target ? "yes"
+                                       : "**no**")
+            << " |\n";
+    }
+}
+
+bool CRatioTable::wasRun(const SRatioRow& row) const
+{
+    return m_samples.count(row.measured) != 0 &&
+           std::all_of(row.floors.begin(), row.floors.end(),
+                       [this](const std::string& floor) { return m_samples.count(floor) != 0; });
+}
+
+double CRatioTable::valueOf(const std::string& benchmark, const char* counter) const
+{
+    return median(m_samples.at(benchmark).at(counter));
+}

@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "CFrame.h"
+#include "graph/CNodeDataModel.h"
+
+#include <memory>
+#include <utility>
+
+/// The least that a model can do: stores what it receives and announces it.
+class CRelayModel : public Plugin::Halvex::CNodeDataModel
+{
+public:
+    using CNodeDataPtr = Plugin::Halvex::CNodeDataPtr;
+    using ENodePortType = Plugin::Halvex::ENodePortType;
+    using NodePortIndex = Plugin::Halvex::NodePortIndex;
+
+    QString caption() override { return name(); }
+    QString name() override { return QStringLiteral("Relay"); }
+    unsigned int nPorts(ENodePortType) const override { return 1; }
+    Plugin::Halvex::SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return CFrame().type(); }
+    void setInData(CNodeDataPtr data, NodePortIndex) override
+    {
+        m_data = std::move(data);
+        Q_EMIT dataUpdated(0);
+    }
+    CNodeDataPtr outData(NodePortIndex) override { return m_data; }
+
+private:
+    CNodeDataPtr m_data;
+};
+
+/// The same with several inputs; the last one to come is passed on.
+class CJoiningModel : public CRelayModel
+{
+public:
+    explicit CJoiningModel(int inputs)
+        : m_inputs(inputs)
+    {
+    }
+
+    unsigned int nPorts(ENodePortType side) const override
+    {
+        return side == ENodePortType::In ? unsigned(m_inputs) : 1;
+    }
+    void setInData(CNodeDataPtr data, NodePortIndex index) override
+    {
+        if (++m_arrived < m_inputs)
+            return;
+        m_arrived = 0;
+        CRelayModel::setInData(std::move(data), index);
+    }
+
+private:
+    int m_inputs;
+    int m_arrived = 0;
+};
+
+inline std::unique_ptr<Plugin::Halvex::CNodeDataModel> makeModel(int inputs)
+{
+    if (inputs > 1)
+        return std::make_unique<CJoiningModel>(inputs);
+    return std::make_unique<CRelayModel>();
+}

@@ -1,0 +1,143 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+// Nodes and connections made and destroyed, per node, and what they take of memory.
+
+#include "CObjectPairs.h"
+#include "CRelayModel.h"
+#include "Measuring.h"
+#include "scene/CNodeScene.h"
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+/// A chain in a scene: one connection per node.
+class CSceneChain
+{
+public:
+    explicit CSceneChain(int nodes)
+        : scene(nullptr, nullptr)
+    {
+        CNodeBase* last = nullptr;
+        for (int i = 0; i < nodes; ++i) {
+            CNodeBase& node = scene.createNode(std::make_unique<CRelayModel>());
+            if (last)
+                scene.createConnection(node, 0, *last, 0, {});
+            last = &node;
+        }
+    }
+
+    CNodeScene scene;
+};
+
+/// One node with \a consumers.
+class CHub
+{
+public:
+    explicit CHub(int consumers)
+        : scene(nullptr, nullptr)
+        , hub(scene.createNode(std::make_unique<CRelayModel>()))
+    {
+        for (int i = 0; i < consumers; ++i)
+            scene.createConnection(scene.createNode(std::make_unique<CRelayModel>()), 0, hub, 0, {});
+    }
+
+    CNodeScene scene;
+    CNodeBase& hub;
+};
+
+template <typename Objects>
+std::string addCreate(const std::string& name, int nodes)
+{
+    return addEach(name, nodes, [nodes](benchmark::State& state) {
+        measureEach(
+            state, nodes, [] { return std::unique_ptr<Objects>(); },
+            [nodes](std::unique_ptr<Objects>& objects) { objects = std::make_unique<Objects>(nodes); });
+    });
+}
+
+/// Measures what \a work does with objects that were made before.
+template <typename Objects, typename Work>
+std::string addTakeDown(const std::string& name, int nodes, const Work& work)
+{
+    return addEach(name, nodes, [nodes, work](benchmark::State& state) {
+        measureEach(
+            state, nodes, [nodes] { return std::make_unique<Objects>(nodes); }, work);
+    });
+}
+
+template <typename Objects>
+std::string addMemory(const std::string& name, int nodes)
+{
+    return addEach(name, nodes, [nodes](benchmark::State& state) {
+        measureEach(
+            state, nodes, [] { return std::unique_ptr<Objects>(); },
+            [&state, nodes](std::unique_ptr<Objects>& objects) {
+                const long allocationsBefore = allocations();
+                const double bytesBefore = bytesInUse();
+                objects = std::make_unique<Objects>(nodes);
+                state.counters[Counters::bytes] = (bytesInUse() - bytesBefore) / nodes;
+                state.counters[Counters::allocations] = double(allocations() - allocationsBefore) / nodes;
+            });
+    });
+}
+
+/// Compares the cost per item at the largest size with that at the smallest.
+void addGrowth(CRatioTable& table, const std::string& work, const std::vector<int>& sizes, const std::string& suffix)
+{
+    const std::string smallest = std::to_string(sizes.front());
+    const std::string largest = std::to_string(sizes.back());
+    table.add({work + " at " + largest + ", against " + smallest,
+               work + "/" + largest + suffix,
+               {work + "/" + smallest + suffix},
+               1.5});
+}
+
+template <typename Objects>
+void reset(std::unique_ptr<Objects>& objects)
+{
+    objects.reset();
+}
+
+} // namespace
+
+void registerConstruction(CRatioTable& table, int largest)
+{
+    const std::vector<int> sizes = sizesUpTo(1000000, 1000, largest);
+    for (const int size : sizes) {
+        const std::string create = "create and connect/" + std::to_string(size);
+        table.add({create,
+                   addCreate<CSceneChain>(create + "/Halvex", size),
+                   {addCreate<CObjectPairs>(create + "/S", size)},
+                   2.0});
+    }
+    for (const int size : sizes) {
+        const std::string destroy = "destroy/" + std::to_string(size);
+        table.add({destroy,
+                   addTakeDown<CSceneChain>(destroy + "/Halvex", size, reset<CSceneChain>),
+                   {addTakeDown<CObjectPairs>(destroy + "/S", size, reset<CObjectPairs>)},
+                   2.0});
+    }
+    addGrowth(table, "create and connect", sizes, "/Halvex");
+    addGrowth(table, "destroy", sizes, "/Halvex");
+
+    for (const int size : {sizes.front(), sizes.back()}) {
+        addTakeDown<CSceneChain>("clearScene/" + std::to_string(size), size,
+                                 [](const std::unique_ptr<CSceneChain>& chain) { chain->scene.clearScene(); });
+    }
+    addGrowth(table, "clearScene", sizes, "");
+
+    const std::vector<int> hubs = sizesUpTo(100000, 1000, largest);
+    for (const int size : {hubs.front(), hubs.back()}) {
+        addTakeDown<CHub>("removeNode of a hub/" + std::to_string(size), size,
+                          [](const std::unique_ptr<CHub>& hub) { hub->scene.removeNode(hub->hub); });
+    }
+    addGrowth(table, "removeNode of a hub", hubs, "");
+
+    const int many = std::min(largest, 10000);
+    const std::string engine = addMemory<CSceneChain>("memory/Halvex", many);
+    const std::string floor = addMemory<CObjectPairs>("memory/S", many);
+    table.add({"memory of a node and a connection", engine, {floor}, 1.8, Counters::bytes});
+    table.add({"allocations of a node and a connection", engine, {floor}, SRatioRow::none, Counters::allocations});
+}

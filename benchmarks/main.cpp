@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+// Measures the library against floors that are written by hand, and prints one table of the ratios.
+//
+//   --quick          builds small graphs only: whether everything runs
+//   --benchmark_...  as Google Benchmark takes them
+
+#include "CRatioTable.h"
+#include "Subjects.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <cstring>
+#include <iostream>
+
+int main(int argc, char* argv[])
+{
+    const QCoreApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    char** const end = std::remove_if(argv + 1, argv + argc, [](const char* a) { return !std::strcmp(a, "--quick"); });
+    const bool isQuick = end != argv + argc;
+    argc = int(end - argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 1;
+    const int largest = isQuick ? 1000 : 1000000;
+
+    CRatioTable table;
+    registerWalks(table, largest);
+    registerConstruction(table, largest);
+    registerDocuments(table, largest);
+    registerDecoupler(table);
+    registerService(table, largest);
+    registerThreads(table);
+#ifdef HALVEX_BENCH_PEERS
+    registerPeers(table);
+#endif
+    benchmark::RunSpecifiedBenchmarks(&table);
+    table.print(std::cout);
+    return 0;
+}

@@ -1,0 +1,116 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+// A frame's way from another thread through a source and a sink, against one queued signal.
+
+#include "CFrame.h"
+#include "Measuring.h"
+#include "models/ASinkNodeDataModel.h"
+#include "models/ASourceNodeDataModel.h"
+#include "scene/CNodeScene.h"
+
+#include <QCoreApplication>
+
+#include <chrono>
+#include <thread>
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+class CEntry : public ASourceNodeDataModel
+{
+public:
+    QString caption() override { return name(); }
+    QString name() override { return QStringLiteral("Entry"); }
+    unsigned int nPorts(ENodePortType side) const override { return side == ENodePortType::Out ? 1 : 0; }
+    SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return CFrame().type(); }
+    void setInData(CNodeDataPtr, NodePortIndex) override {}
+    bool isUnique() override { return false; }
+};
+
+class CExit : public ASinkNodeDataModel
+{
+public:
+    QString caption() override { return name(); }
+    QString name() override { return QStringLiteral("Exit"); }
+    unsigned int nPorts(ENodePortType side) const override { return side == ENodePortType::In ? 1 : 0; }
+    SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return CFrame().type(); }
+    void setInData(CNodeDataPtr data, NodePortIndex) override { getDataFlowProxy()->setData(std::move(data)); }
+    CNodeDataPtr outData(NodePortIndex) override { return {}; }
+    bool isUnique() override { return false; }
+};
+
+/// From the proxy of a source to that of a sink.
+class CGraphWay
+{
+public:
+    CGraphWay()
+        : m_scene(nullptr, nullptr)
+    {
+        auto entry = std::make_unique<CEntry>();
+        auto exit = std::make_unique<CExit>();
+        m_entry = entry->getDataFlowProxy();
+        QObject::connect(exit->getDataFlowProxy().data(), &CNodeDataFlowProxy::newDataAvailable, &m_scene,
+                         [this] { ++received; });
+        CNodeBase& source = m_scene.createNode(std::move(entry));
+        m_scene.createConnection(m_scene.createNode(std::move(exit)), 0, source, 0, {});
+    }
+
+    void send(const CNodeDataPtr& frame) { m_entry->setData(frame); }
+
+    int received = 0;
+
+private:
+    CNodeScene m_scene;
+    CNodeDataFlowProxy* m_entry;
+};
+
+/// The floor: one queued signal.
+class CSignalWay
+{
+public:
+    CSignalWay()
+    {
+        QObject::connect(&m_sender, &CNodeDataFlowProxy::newDataAvailable, &m_receiver, [this] { ++received; });
+    }
+
+    void send(const CNodeDataPtr& frame) { m_sender.setData(frame); }
+
+    int received = 0;
+
+private:
+    QObject m_receiver;
+    CNodeDataFlowProxy m_sender;
+};
+
+/// Many frames at once: first they are sent, then they arrive, so that the threads do not disturb each other.
+template <typename Way>
+std::string addBatch(const std::string& name)
+{
+    const auto measure = [](benchmark::State& state) {
+        constexpr int frames = 1000;
+        const CNodeDataPtr frame = makeFrame();
+        Way way;
+        for ([[maybe_unused]] auto iteration : state) {
+            way.received = 0;
+            std::thread([&] {
+                for (int i = 0; i < frames; ++i)
+                    way.send(frame);
+            }).join();
+            while (way.received < frames)
+                QCoreApplication::processEvents();
+        }
+        setItems(state, frames);
+    };
+    benchmark::RegisterBenchmark(name.c_str(), measure)->UseRealTime();
+    return name;
+}
+
+} // namespace
+
+void registerThreads(CRatioTable& table)
+{
+    const std::string floor = addBatch<CSignalWay>("setData/queued signal");
+    table.add({"setData() in another thread to the sink", addBatch<CGraphWay>("setData/Halvex"), {floor}, 1.2});
+}
