@@ -5,6 +5,7 @@
 
 #include "CObjectPairs.h"
 #include "CRelayModel.h"
+#include "CSignalGraph.h"
 #include "Measuring.h"
 #include "scene/CNodeScene.h"
 
@@ -29,6 +30,16 @@ public:
     }
 
     CNodeScene scene;
+};
+
+/// The objects of the floor F2: pairs as well, but each with its signal connected, as a graph needs them.
+class CSignalChain : public CSignalGraph<SPlainConnection>
+{
+public:
+    explicit CSignalChain(int pairs)
+        : CSignalGraph(SShape::chain(pairs))
+    {
+    }
 };
 
 /// One node with \a consumers.
@@ -111,6 +122,8 @@ void registerConstruction(CRatioTable& table, int largest)
                    addCreate<CSceneChain>(create + "/Halvex", size),
                    {addCreate<CObjectPairs>(create + "/S", size)},
                    2.0});
+        table.add(
+            {create + ", against F2's objects", create + "/Halvex", {addCreate<CSignalChain>(create + "/F2", size)}});
     }
     for (const int size : sizes) {
         const std::string destroy = "destroy/" + std::to_string(size);
@@ -138,6 +151,10 @@ void registerConstruction(CRatioTable& table, int largest)
     const int many = std::min(largest, 10000);
     const std::string engine = addMemory<CSceneChain>("memory/Halvex", many);
     const std::string floor = addMemory<CObjectPairs>("memory/S", many);
-    table.add({"memory of a node and a connection", engine, {floor}, 1.8, Counters::bytes});
-    table.add({"allocations of a node and a connection", engine, {floor}, SRatioRow::none, Counters::allocations});
+    const std::string signalFloor = addMemory<CSignalChain>("memory/F2", many);
+    for (const char* const counter : {Counters::bytes, Counters::allocations}) {
+        const std::string work = std::string(counter) + " of a node and a connection";
+        table.add({work, engine, {floor}, counter == Counters::bytes ? 1.8 : SRatioRow::none, counter});
+        table.add({work + ", against F2's objects", engine, {signalFloor}, SRatioRow::none, counter});
+    }
 }

@@ -130,25 +130,25 @@ QString importDocument(int elements)
 
 void addImport(CRatioTable& table, int elements)
 {
-    const QString text = importDocument(elements);
     const auto prepare = [] { return std::make_unique<CImportService>(); };
     const std::string import = addEach("import/Halvex", elements, [=](benchmark::State& state) {
+        const QString text = importDocument(elements);
         measureEach(state, elements, prepare,
                     [&text](const std::unique_ptr<CImportService>& host) { host->service.importDocument(text); });
     });
     const std::string load = addEach("import/load", elements, [=](benchmark::State& state) {
-        // The produced document names the nodes of the sources, which every service has its own of: it is made anew.
-        for ([[maybe_unused]] auto iteration : state) {
-            const auto host = prepare();
-            CNodeScene& scene = *host->service.getActiveScene();
-            CSceneImport produced(scene);
-            produced.addDocument(text);
-            const QByteArray document = QJsonDocument(produced.sceneDocument()).toJson(QJsonDocument::Compact);
-            const double start = workedSeconds();
-            scene.loadFromMemory(document);
-            state.SetIterationTime(workedSeconds() - start);
-        }
-        setItems(state, elements);
+        const QString text = importDocument(elements);
+        // The result names the nodes of the sources, which every service has its own of: it is produced each time.
+        const auto prepareResult = [&] {
+            auto host = prepare();
+            CSceneImport chains(*host->service.getActiveScene());
+            chains.addDocument(text);
+            return std::make_pair(std::move(host),
+                                  QJsonDocument(chains.sceneDocument()).toJson(QJsonDocument::Compact));
+        };
+        measureEach(state, elements, prepareResult, [](const auto& prepared) {
+            prepared.first->service.getActiveScene()->loadFromMemory(prepared.second);
+        });
     });
     table.add({"import of " + std::to_string(elements) + " elements, against loading the result", import, {load}, 2.0});
 }

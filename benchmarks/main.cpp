@@ -24,7 +24,7 @@ int main(int argc, char* argv[])
     argc = int(end - argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;
-    const int largest = isQuick ? 1000 : 1000000;
+    const int largest = isQuick ? 10000 : 1000000;
 
     CRatioTable table;
     registerWalks(table, largest);

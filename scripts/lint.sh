@@ -6,7 +6,7 @@
 need_packages "${library_packages[@]}" "${host_packages[@]}" "${test_packages[@]}" "${lint_packages[@]}"
 
 folders=()
-for folder in graph scene models service platform host fuzz tests; do
+for folder in graph scene models service platform host fuzz tests benchmarks; do
     [ -d "$folder" ] && folders+=("$folder")
 done
 
