@@ -15,12 +15,11 @@ namespace Plugin {
 namespace Halvex {
 namespace {
 
-// The part of this thread's stack in which a delivery may begin, and all of the stack below it.
+// The part of a thread's stack in which a delivery may begin, and all of the stack below it.
 struct SBounds
 {
     bool known = false;
     quintptr usable = 0;
-    quintptr usableSize = 0;
     quintptr reserve = 0;
     quint64 lastDrop = 0; // the count of all drops when this thread's last one was counted
 };
@@ -41,7 +40,6 @@ SBounds readBounds()
     if (pthread_attr_getstack(&attributes, &lowest, &size) == 0) {
         bounds.reserve = std::min(std::max(size / 8, smallestReserve), size / 2);
         bounds.usable = reinterpret_cast<quintptr>(lowest) + bounds.reserve;
-        bounds.usableSize = size - bounds.reserve;
     }
     pthread_attr_destroy(&attributes);
     return bounds;
@@ -71,15 +69,11 @@ quint64 CStackGauge::lastDropHere()
     return t_bounds.lastDrop;
 }
 
-bool CStackGauge::hasRoom(EFor purpose)
+bool CStackGauge::hasReserve(EFor purpose, quintptr position)
 {
-    const char here = 0;
-    const auto position = reinterpret_cast<quintptr>(&here);
-    if (position - t_bounds.usable < t_bounds.usableSize)
-        return true;
-
     if (!t_bounds.known) {
         t_bounds = readBounds();
+        s_lowest = t_bounds.usable;
         return hasRoom(purpose);
     }
     const quintptr depthInReserve = t_bounds.usable - position;

@@ -29,7 +29,12 @@ public:
         Update
     };
 
-    static bool hasRoom(EFor purpose);
+    static bool hasRoom(EFor purpose)
+    {
+        const void* here; // not to be read
+        const auto position = reinterpret_cast<quintptr>(&here);
+        return Q_LIKELY(position >= s_lowest) || hasReserve(purpose, position);
+    }
 
     /// Says that a delivery was dropped in this thread.
     static void countDrop();
@@ -45,7 +50,13 @@ public:
     }
 
 private:
+    [[gnu::cold]] static bool hasReserve(EFor purpose, quintptr position);
     static quint64 lastDropHere();
+
+    // Where a delivery may begin in this thread, at the lowest: a stack grows downwards, and what is above is on
+    // another one. The highest address as long as nobody asked. Every delivery reads it: with the other models of
+    // thread-local storage, through a call.
+    [[gnu::tls_model("initial-exec")]] static inline thread_local quintptr s_lowest = ~quintptr(0);
     static std::atomic<quint64> s_drops;
 };
 
