@@ -13,6 +13,7 @@ halvex_target(Halvex)
 
 set(HALVEX_PUBLIC_HEADERS
   graph/CConnectionEnd.h
+  graph/CConverterShare.h
   graph/CNodeBase.h
   graph/CNodeConnection.h
   graph/CNodeData.h

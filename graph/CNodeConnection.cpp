@@ -10,6 +10,8 @@
 #include "graph/LoggingCategory_p.h"
 #include "graph/Swallow_p.h"
 
+#include <utility>
+
 namespace Plugin {
 namespace Halvex {
 namespace {
@@ -25,11 +27,6 @@ bool isRealSide(ENodePortType portType)
     return portType == ENodePortType::In || portType == ENodePortType::Out;
 }
 
-std::shared_ptr<const NodeDataConverter> shared(NodeDataConverter converter)
-{
-    return converter ? std::make_shared<const NodeDataConverter>(std::move(converter)) : nullptr;
-}
-
 QJsonObject withConverter(const QJsonObject& ends, const QJsonObject& converter)
 {
     QJsonObject json = ends;
@@ -42,7 +39,7 @@ QJsonObject withConverter(const QJsonObject& ends, const QJsonObject& converter)
 CNodeConnection::CNodeConnection(CNodeBase& inNode, NodePortIndex inIndex, CNodeBase& outNode, NodePortIndex outIndex,
                                  NodeDataConverter converter)
     : m_id(Core::CId::createId())
-    , m_converter(shared(std::move(converter)))
+    , m_converter(std::move(converter))
 {
     setNodeToPort(inNode, ENodePortType::In, inIndex);
     setNodeToPort(outNode, ENodePortType::Out, outIndex);
@@ -62,7 +59,7 @@ CNodeConnection::~CNodeConnection()
     // connection is whole.
     m_isEnding = true;
     swallowExceptions(lcGraph, "A connection's last delivery", [this] { propagateEmptyData(); });
-    m_converter.reset();
+    m_converter = CConverterShare();
     removeFromNodes();
     CLiveObjects::remove(this);
 }
@@ -120,7 +117,7 @@ void CNodeConnection::setTypeConverter(NodeDataConverter converter)
     if (m_isEnding)
         return; // nothing would be left to release it in safety
     // The old converter goes last: what it captured may destroy this connection.
-    const auto old = std::exchange(m_converter, shared(std::move(converter)));
+    const CConverterShare old = std::exchange(m_converter, CConverterShare(std::move(converter)));
 }
 
 void CNodeConnection::propagateData(CNodeDataPtr data) const
@@ -132,7 +129,7 @@ void CNodeConnection::propagateData(CNodeDataPtr data) const
     if (m_converter) {
         const CWeakLink<const CNodeConnection> self(this, m_watchers);
         // Held for the call alone: if it was replaced meanwhile, what it captured goes before anything else is asked.
-        data = (*std::shared_ptr<const NodeDataConverter>(m_converter))(std::move(data));
+        data = (*CConverterShare(m_converter))(std::move(data));
         node = self.get() ? m_in.node() : nullptr;
         if (!node)
             return;

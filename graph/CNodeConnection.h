@@ -4,6 +4,7 @@
 #pragma once
 
 #include "graph/CConnectionEnd.h"
+#include "graph/CConverterShare.h"
 #include "graph/ENodePortType.h"
 #include "graph/NodeDataConverter.h"
 #include "graph/NodePortIndex.h"
@@ -13,8 +14,6 @@
 #include <Halvex/HalvexExport.h>
 
 #include <QObject>
-
-#include <memory>
 
 namespace Plugin {
 namespace Halvex {
@@ -123,7 +122,7 @@ private:
     CConnectionEnd m_out;
     CConnectionEnd m_in;
     // Shared with a call that is under way, which may replace the converter or destroy the connection.
-    std::shared_ptr<const NodeDataConverter> m_converter;
+    CConverterShare m_converter;
     mutable CWeakAnchor<const CNodeConnection> m_watchers;
     bool m_isLeaving = false;
     bool m_isEnding = false; // in its destructor
