@@ -63,6 +63,7 @@ target_sources(Halvex PRIVATE
   graph/CNodeData.cpp
   graph/CNodeDataModel.cpp
   graph/CNodeState.cpp
+  graph/CNodeWalk.cpp
   graph/CStackGauge.cpp
   graph/CStackGauge_p.h
   graph/DocumentKeys_p.h

@@ -43,6 +43,9 @@ public:
     /// The port's index, -1 if none is set.
     NodePortIndex index() const { return !node() && m_indexIsOfNode ? -1 : m_index; }
 
+    /// The same for an end that has a node.
+    NodePortIndex indexAtNode() const { return m_index; }
+
     /// Links the end to \a node.
     void setNode(CNodeBase& node);
 

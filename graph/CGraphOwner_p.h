@@ -17,7 +17,6 @@ class CGraphOwner
 {
 public:
     static CWeakAnchor<CNodeBase>& ends(CNodeBase& node) { return node.m_ends; }
-    static CWeakAnchor<const CNodeBase>& visits(const CNodeBase& node) { return node.m_visits; }
     static CWeakAnchor<const CNodeConnection>& watchers(const CNodeConnection& connection)
     {
         return connection.m_watchers;
@@ -29,10 +28,6 @@ public:
     static void setLeaving(CNodeBase& node, bool leaving) { node.m_isLeaving = leaving; }
     static void setLeaving(CNodeConnection& connection, bool leaving) { connection.m_isLeaving = leaving; }
 
-    /// The count of dropped deliveries when the first of the visits that stand in the node began.
-    static quint64 dropsBefore(const CNodeBase& node) { return node.m_dropsBefore; }
-    static void setDropsBefore(const CNodeBase& node, quint64 drops) { node.m_dropsBefore = drops; }
-
     /// Whether the node's connections are being taken away: it gets no new ones.
     static bool isClosed(const CNodeBase& node) { return node.m_isClosed; }
     static void setClosed(CNodeBase& node, bool closed) { node.m_isClosed = closed; }
@@ -42,54 +37,112 @@ public:
 
     /// Takes a node out of the graph: every connection end that points at it is cleared, and it is destroyed, at
     /// once or when the last visit has left it.
-    static void retire(std::unique_ptr<CNodeBase> node)
-    {
-        node->m_isRetired = true;
-        node->m_ends.release();
-        if (node->m_visits.hasLinks())
-            static_cast<void>(node.release()); // the last visit destroys it
-    }
+    static void retire(std::unique_ptr<CNodeBase> node);
 };
 
 /**
  * A stretch of code that stands in a node, on the stack: as long as it lasts, a node that is retired is not destroyed.
  *
  * A node that its owner destroys outright is gone nevertheless, and the visit knows it.
+ *
+ * Not a CWeakLink: visits end in the order in which they began, the last first, so that a walk can do with less.
  */
 class CNodeVisit
 {
 public:
     explicit CNodeVisit(const CNodeBase& node)
+        : m_node(&node)
+        , m_outer(node.m_visit)
     {
-        if (!CGraphOwner::visits(node).hasLinks())
-            CGraphOwner::setDropsBefore(node, CStackGauge::drops());
-        m_node.link(&node, CGraphOwner::visits(node));
+        if (Q_LIKELY(!m_outer)) {
+            node.m_dropsBefore = CStackGauge::drops();
+        } else {
+            m_stretches += m_outer->m_stretches;
+            m_isOver = m_outer->m_isOver;
+        }
+        node.m_visit = this;
     }
     ~CNodeVisit()
     {
-        const CNodeBase* const node = m_node.get();
-        m_node.unlink();
-        if (node && CGraphOwner::isRetired(*node) && !CGraphOwner::visits(*node).hasLinks())
-            delete node;
+        if (Q_LIKELY(!m_isOver && m_node->m_visit == this))
+            m_node->m_visit = m_outer;
+        else
+            leave();
     }
     Q_DISABLE_COPY(CNodeVisit)
 
+    /// Whether the caller was called by the first visit of \a node, from not many frames above. One that is farther
+    /// away may be on another stack, a coroutine's, and end before the caller does.
+    static bool isFirstAndNear(const CNodeBase& node)
+    {
+        const void* here; // not to be read
+        return reinterpret_cast<quintptr>(node.m_visit) - reinterpret_cast<quintptr>(&here) < fewFrames &&
+               node.m_visit->m_stretches == 1;
+    }
+
     /// Whether the code that stands here got here through this node before. A delivery and the walk that it starts are
     /// one way through it.
-    bool isRepeated() const { return m_node.hasOlder(2); }
+    bool isRepeated() const { return m_stretches > 2; }
 
     /// Whether this is a further round of a loop in which a delivery was dropped since it first came to this node.
     bool isRoundOfCutLoop() const
     {
-        return isRepeated() && m_node.get() && CStackGauge::hasDroppedSince(CGraphOwner::dropsBefore(*m_node.get()));
+        return Q_UNLIKELY(isRepeated()) && m_node && CStackGauge::hasDroppedSince(m_node->m_dropsBefore);
     }
 
     /// True once the node was destroyed or retired.
-    bool isOver() const { return !m_node.get() || CGraphOwner::isRetired(*m_node.get()); }
+    bool isOver() const { return m_isOver; }
+
+    /// A further stretch within a visit, at less than what a visit of its own costs.
+    class CInner
+    {
+    public:
+        explicit CInner(CNodeVisit& visit)
+            : m_visit(visit)
+        {
+            ++m_visit.m_stretches;
+        }
+        ~CInner() { --m_visit.m_stretches; }
+        Q_DISABLE_COPY(CInner)
+
+    private:
+        CNodeVisit& m_visit;
+    };
 
 private:
-    CWeakLink<const CNodeBase> m_node;
+    friend class CGraphOwner;
+    friend class CNodeBase;
+
+    static constexpr quintptr fewFrames = 4096;
+
+    static void setOver(const CNodeBase& node)
+    {
+        for (CNodeVisit* visit = node.m_visit; visit; visit = visit->m_outer)
+            visit->m_isOver = true;
+    }
+    static void setGone(const CNodeBase& node)
+    {
+        setOver(node);
+        for (CNodeVisit* visit = node.m_visit; visit; visit = visit->m_outer)
+            visit->m_node = nullptr;
+    }
+
+    [[gnu::cold]] void leave();
+
+    const CNodeBase* m_node; // null once it was destroyed
+    int m_stretches = 1;     // that stand in the node up to this visit, inner ones included
+    bool m_isOver = false;
+    CNodeVisit* m_outer;
 };
+
+inline void CGraphOwner::retire(std::unique_ptr<CNodeBase> node)
+{
+    node->m_isRetired = true;
+    node->m_ends.release();
+    CNodeVisit::setOver(*node);
+    if (node->m_visit)
+        static_cast<void>(node.release()); // the last visit destroys it
+}
 
 } // namespace Halvex
 } // namespace Plugin

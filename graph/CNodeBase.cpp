@@ -3,10 +3,8 @@
 
 #include "graph/CNodeBase.h"
 
-#include "graph/CConnectionSnapshot_p.h"
 #include "graph/CGraphOwner_p.h"
 #include "graph/CLiveObjects_p.h"
-#include "graph/CNodeConnection.h"
 #include "graph/CStackGauge_p.h"
 #include "graph/DocumentKeys_p.h"
 #include "graph/JsonObject_p.h"
@@ -51,7 +49,8 @@ CNodeBase::~CNodeBase()
 {
     CLiveObjects::remove(this);
     m_ends.release();
-    m_visits.release();
+    CNodeVisit::setGone(*this);
+    m_visit = nullptr;
     m_isRetired = false; // or a visit that the model's destructor makes would destroy the node a second time
 
     // Here rather than by the members' own destructors: the model's destructor is foreign code, and whatever it calls
@@ -93,49 +92,6 @@ void CNodeBase::restore(const QJsonObject& json)
     m_id = Core::CId(json.value(DocumentKeys::id).toString().toLocal8Bit().constData());
     if (m_model)
         m_model->restore(json.value(DocumentKeys::model).toObject());
-}
-
-void CNodeBase::propagateData(CNodeDataPtr ptrNodeData, NodePortIndex inPortIndex) const
-{
-    if (!m_model)
-        return;
-    if (!CStackGauge::hasRoom(CStackGauge::EFor::Delivery)) {
-        dropForLackOfRoom();
-        return;
-    }
-    const CNodeVisit visit(*this);
-    m_model->setInData(std::move(ptrNodeData), inPortIndex);
-}
-
-void CNodeBase::onDataUpdated(NodePortIndex index)
-{
-    if (!m_model)
-        return;
-    const CNodeVisit visit(*this);
-    // A loop through several paths would be cut once for every sequence of paths, and there are more of those than
-    // anybody can wait for. So a cut ends the rounds of the loop; what came before the first round goes on.
-    if (visit.isRoundOfCutLoop())
-        return;
-    // A delivery has asked already, but not an output that announces itself whenever it is asked for.
-    if (visit.isRepeated() && !CStackGauge::hasRoom(CStackGauge::EFor::Update)) {
-        dropForLackOfRoom();
-        return;
-    }
-
-    const CNodeDataPtr data = m_model->outData(index);
-    if (!data || visit.isOver())
-        return;
-    const CNodeState::Connections* const port = m_state.requirePort(ENodePortType::Out, index);
-    if (!port)
-        return;
-
-    const CConnectionSnapshot snapshot(m_state, *port);
-    for (int position = 0; position < snapshot.size() && !visit.isOver(); ++position) {
-        if (visit.isRoundOfCutLoop())
-            return;
-        if (const CNodeConnection* const connection = snapshot.at(position))
-            connection->propagateData(data);
-    }
 }
 
 void CNodeBase::dropForLackOfRoom() const

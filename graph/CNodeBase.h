@@ -18,6 +18,8 @@
 namespace Plugin {
 namespace Halvex {
 
+class CNodeVisit;
+
 /**
  * One node of a graph: owns a model, knows what is connected to its ports, and moves the model's data.
  *
@@ -76,14 +78,20 @@ public Q_SLOTS:
 
 private:
     friend class CGraphOwner;
+    friend class CNodeConnection;
+    friend class CNodeVisit;
 
-    void dropForLackOfRoom() const;
+    // The walk, in CNodeWalk.cpp. deliver() takes the pointer from whoever has no more use for it.
+    HALVEX_NO_EXPORT inline void deliver(CNodeDataPtr&& data, NodePortIndex inPortIndex) const;
+    HALVEX_NO_EXPORT void update(NodePortIndex index) const;
+    HALVEX_NO_EXPORT void deliverToAll(NodePortIndex outIndex, CNodeDataPtr&& data, const CNodeVisit& visit) const;
+    [[gnu::cold]] HALVEX_NO_EXPORT void dropForLackOfRoom() const;
 
     Core::CId m_id;
     std::unique_ptr<CNodeDataModel> m_model;
     CNodeState m_state;
-    CWeakAnchor<CNodeBase> m_ends;                 // the connection ends that point here
-    mutable CWeakAnchor<const CNodeBase> m_visits; // the stretches of code that stand here
+    CWeakAnchor<CNodeBase> m_ends;         // the connection ends that point here
+    mutable CNodeVisit* m_visit = nullptr; // the innermost stretch of code that stands here
     mutable quint64 m_dropsBefore = 0;
     bool m_isLeaving = false;
     bool m_isClosed = false;

@@ -120,23 +120,6 @@ void CNodeConnection::setTypeConverter(NodeDataConverter converter)
     const CConverterShare old = std::exchange(m_converter, CConverterShare(std::move(converter)));
 }
 
-void CNodeConnection::propagateData(CNodeDataPtr data) const
-{
-    const CNodeBase* node = m_in.node();
-    if (!node)
-        return;
-
-    if (m_converter) {
-        const CWeakLink<const CNodeConnection> self(this, m_watchers);
-        // Held for the call alone: if it was replaced meanwhile, what it captured goes before anything else is asked.
-        data = (*CConverterShare(m_converter))(std::move(data));
-        node = self.get() ? m_in.node() : nullptr;
-        if (!node)
-            return;
-    }
-    node->propagateData(std::move(data), m_in.index());
-}
-
 void CNodeConnection::propagateEmptyData() const
 {
     propagateData(CNodeDataPtr());

@@ -107,7 +107,12 @@ protected:
 
 private:
     friend class CGraphOwner;
+    friend class CNodeBase;
     friend class CNodeState;
+
+    // The walk, in CNodeWalk.cpp. They take the pointer from whoever has no more use for it.
+    HALVEX_NO_EXPORT inline void deliver(CNodeDataPtr&& data) const;
+    HALVEX_NO_EXPORT void deliverConverted(CNodeDataPtr&& data) const;
 
     const CConnectionEnd& end(ENodePortType portType) const;
     CConnectionEnd& end(ENodePortType portType);

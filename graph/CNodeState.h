@@ -9,6 +9,8 @@
 
 #include <Halvex/HalvexExport.h>
 
+#include <QtGlobal>
+
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -93,6 +95,14 @@ private:
     // The port's connections, null if it does not exist; the second form says so in the debug message.
     const Connections* findPort(ENodePortType portType, NodePortIndex index) const;
     const Connections* requirePort(ENodePortType portType, NodePortIndex index) const;
+
+    // Whether that output port has one connection, which can be used. Only of the first port: most models have no
+    // other, and finding another takes a division.
+    bool hasOnlyConnection(NodePortIndex outIndex) const
+    {
+        return outIndex == 0 && !m_out.empty() && m_out.front().size() == 1 && !m_mayHoldDead.value;
+    }
+    const CNodeConnection& onlyConnection() const { return *m_out.front().begin()->second; }
 
     bool holds(ENodePortType portType, NodePortIndex index, const Core::CId& id) const;
     void expectDeadEntries() { m_mayHoldDead.value = true; }
