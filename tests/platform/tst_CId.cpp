@@ -5,9 +5,14 @@
 
 #include <QtTest>
 
+#include <algorithm>
+#include <array>
+#include <iterator>
 #include <set>
+#include <thread>
 #include <type_traits>
 #include <unordered_set>
+#include <vector>
 
 using Core::CId;
 
@@ -28,6 +33,8 @@ class tst_CId : public QObject
 private Q_SLOTS:
     void defaultIsNoId();
     void createdOnesDiffer();
+    void createdOnesDifferBetweenThreads();
+    void createdOnesAreRandomUuids();
     void textComesBack();
     void createdOneSurvivesItsText();
     void bracesAndCaseDoNotMatter();
@@ -52,6 +59,41 @@ void tst_CId::createdOnesDiffer()
         seen.insert(CId::createId());
     QCOMPARE(seen.size(), std::size_t(1000));
     QCOMPARE(seen.count(CId()), std::size_t(0));
+}
+
+void tst_CId::createdOnesDifferBetweenThreads()
+{
+    constexpr std::size_t perThread = 10000;
+    std::array<std::vector<CId>, 4> created;
+    std::vector<std::thread> threads;
+    for (std::vector<CId>& ids : created)
+        threads.emplace_back([&ids] { std::generate_n(std::back_inserter(ids), perThread, CId::createId); });
+    for (std::thread& thread : threads)
+        thread.join();
+
+    std::unordered_set<CId> seen;
+    for (const std::vector<CId>& ids : created)
+        seen.insert(ids.begin(), ids.end());
+    QCOMPARE(seen.size(), perThread * created.size());
+}
+
+void tst_CId::createdOnesAreRandomUuids()
+{
+    QByteArray everSet(16, '\0');
+    QByteArray everClear(16, '\0');
+    for (int i = 0; i < 1000; ++i) {
+        const QUuid uuid = CId::createId().uuid();
+        QCOMPARE(uuid.variant(), QUuid::DCE);
+        QCOMPARE(uuid.version(), QUuid::Random);
+        const QByteArray bytes = uuid.toRfc4122();
+        for (int byte = 0; byte < bytes.size(); ++byte) {
+            everSet[byte] = char(everSet.at(byte) | bytes.at(byte));
+            everClear[byte] = char(everClear.at(byte) | ~bytes.at(byte));
+        }
+    }
+    // All bits but the six that tell the version and the variant take both values.
+    QCOMPARE(everSet.toHex(), QByteArray("ffffffffffff4fffbfffffffffffffff"));
+    QCOMPARE(everClear.toHex(), QByteArray("ffffffffffffbfff7fffffffffffffff"));
 }
 
 void tst_CId::textComesBack()
