@@ -13,6 +13,13 @@
 
 namespace Plugin {
 namespace Halvex {
+namespace {
+
+// A port's table keeps that many connections in the one bucket that it has without asking for memory; most ports never
+// have more than one.
+constexpr std::size_t fewConnections = 12;
+
+} // namespace
 
 CNodeState::CNodeState(const std::unique_ptr<CNodeDataModel>& model)
     : m_in(model ? model->nPorts(ENodePortType::In) : 0)
@@ -47,7 +54,12 @@ void CNodeState::setConnection(ENodePortType portType, NodePortIndex index, CNod
     if (!findPort(portType, index))
         return;
     auto& ports = portType == ENodePortType::In ? m_in : m_out;
-    ports[std::size_t(index)].emplace(connection.id(), &connection);
+    Connections& port = ports[std::size_t(index)];
+    if (port.empty())
+        port.max_load_factor(fewConnections);
+    else if (port.size() == fewConnections)
+        port.max_load_factor(1);
+    port.emplace(connection.id(), &connection);
     if (!connection.leaves(portType, index, *this))
         expectDeadEntries();
 }
