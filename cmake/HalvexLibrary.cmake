@@ -54,6 +54,7 @@ target_sources(Halvex PRIVATE
   ${HALVEX_PUBLIC_HEADERS}
   graph/CConnectionEnd.cpp
   graph/CConnectionSnapshot_p.h
+  graph/CConnectionWatch_p.h
   graph/CGraphOwner_p.h
   graph/CLiveObjects.cpp
   graph/CLiveObjects_p.h

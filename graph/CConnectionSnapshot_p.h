@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "graph/CGraphOwner_p.h"
+#include "graph/CConnectionWatch_p.h"
 
 #include <QVarLengthArray>
 
@@ -19,22 +19,22 @@ class CConnectionSnapshot
 {
 public:
     CConnectionSnapshot(const CNodeState& state, const CNodeState::Connections& port)
-        : m_links(int(port.size()))
+        : m_watches(int(port.size()))
     {
         int position = 0;
         for (const auto& entry : port) {
             if (state.isUsable(entry))
-                m_links[position++].link(entry.second, CGraphOwner::watchers(*entry.second));
+                m_watches[position++] = CConnectionWatch(entry.first, entry.second);
         }
     }
 
-    int size() const { return m_links.size(); }
+    int size() const { return m_watches.size(); }
 
     /// The connection at \a position, null if it was destroyed.
-    const CNodeConnection* at(int position) const { return m_links[position].get(); }
+    const CNodeConnection* at(int position) const { return m_watches[position].get(); }
 
 private:
-    QVarLengthArray<CWeakLink<const CNodeConnection>, 8> m_links;
+    QVarLengthArray<CConnectionWatch, 8> m_watches;
 };
 
 } // namespace Halvex

@@ -17,10 +17,6 @@ class CGraphOwner
 {
 public:
     static CWeakAnchor<CNodeBase>& ends(CNodeBase& node) { return node.m_ends; }
-    static CWeakAnchor<const CNodeConnection>& watchers(const CNodeConnection& connection)
-    {
-        return connection.m_watchers;
-    }
 
     /// Whether the removal of a node or a connection has begun; a second request then finds nothing to do.
     static bool isLeaving(const CNodeBase& node) { return node.m_isLeaving; }

@@ -23,6 +23,8 @@ Q_GLOBAL_STATIC(SLiveObjects, liveObjects)
 
 } // namespace
 
+std::atomic<quint64> CLiveObjects::s_removals{0};
+
 void CLiveObjects::add(const void* object, EKind kind)
 {
     SLiveObjects* const live = liveObjects();
@@ -32,8 +34,10 @@ void CLiveObjects::add(const void* object, EKind kind)
     live->objects.emplace(object, kind);
 }
 
-void CLiveObjects::remove(const void* object) noexcept
+void CLiveObjects::remove(const void* object, EKind kind) noexcept
 {
+    if (kind == EKind::Connection)
+        s_removals.fetch_add(1, std::memory_order_relaxed);
     SLiveObjects* const live = liveObjects();
     if (!live)
         return;

@@ -5,6 +5,10 @@
 
 #include <Halvex/HalvexExport.h>
 
+#include <QtGlobal>
+
+#include <atomic>
+
 namespace Plugin {
 namespace Halvex {
 
@@ -27,10 +31,16 @@ public:
     };
 
     static void add(const void* object, EKind kind);
-    static void remove(const void* object) noexcept;
+    static void remove(const void* object, EKind kind) noexcept;
 
     /// Whether such an object is there, and not one of the other kind that came to lie where it lay.
     static bool contains(const void* object, EKind kind);
+
+    /// How many connections were removed so far. As long as that does not change, those that are there stay.
+    static quint64 removals() { return s_removals.load(std::memory_order_relaxed); }
+
+private:
+    HALVEX_NO_EXPORT static std::atomic<quint64> s_removals;
 };
 
 } // namespace Halvex

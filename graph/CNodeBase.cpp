@@ -47,7 +47,7 @@ CNodeBase::CNodeBase(std::unique_ptr<CNodeDataModel>&& model)
 
 CNodeBase::~CNodeBase()
 {
-    CLiveObjects::remove(this);
+    CLiveObjects::remove(this, CLiveObjects::EKind::Node);
     m_ends.release();
     CNodeVisit::setGone(*this);
     m_visit = nullptr;

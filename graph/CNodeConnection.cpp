@@ -3,7 +3,7 @@
 
 #include "graph/CNodeConnection.h"
 
-#include "graph/CLiveObjects_p.h"
+#include "graph/CConnectionWatch_p.h"
 #include "graph/CNodeBase.h"
 #include "graph/DocumentKeys_p.h"
 #include "graph/JsonObject_p.h"
@@ -61,7 +61,7 @@ CNodeConnection::~CNodeConnection()
     swallowExceptions(lcGraph, "A connection's last delivery", [this] { propagateEmptyData(); });
     m_converter = CConverterShare();
     removeFromNodes();
-    CLiveObjects::remove(this);
+    CLiveObjects::remove(this, CLiveObjects::EKind::Connection);
 }
 
 Core::CId CNodeConnection::id() const
@@ -148,7 +148,7 @@ QJsonObject CNodeConnection::save() const
         return ends;
 
     // The models that are asked are foreign code and may destroy this connection.
-    const CWeakLink<const CNodeConnection> self(this, m_watchers);
+    const CConnectionWatch self(m_id, this);
     const QJsonObject inType = getTypeJson(ENodePortType::In);
     if (!self.get())
         return {};

@@ -128,7 +128,6 @@ private:
     CConnectionEnd m_in;
     // Shared with a call that is under way, which may replace the converter or destroy the connection.
     CConverterShare m_converter;
-    mutable CWeakAnchor<const CNodeConnection> m_watchers;
     bool m_isLeaving = false;
     bool m_isEnding = false; // in its destructor
 };

@@ -43,7 +43,7 @@ CNodeState::Connections CNodeState::connections(ENodePortType portType, NodePort
 
     Connections existing;
     for (const auto& entry : *port) {
-        if (exists(entry))
+        if (exists(entry.first, entry.second))
             existing.insert(entry);
     }
     return existing;
@@ -114,10 +114,9 @@ bool CNodeState::holds(ENodePortType portType, NodePortIndex index, const Core::
     return port && port->count(id) != 0;
 }
 
-bool CNodeState::exists(const Connections::value_type& entry)
+bool CNodeState::exists(const Core::CId& id, const CNodeConnection* connection)
 {
-    // The id as well, since a new connection may have come to lie where the one that was entered lay.
-    return CLiveObjects::contains(entry.second, CLiveObjects::EKind::Connection) && entry.second->id() == entry.first;
+    return CLiveObjects::contains(connection, CLiveObjects::EKind::Connection) && connection->id() == id;
 }
 
 void CNodeState::clear()

@@ -72,6 +72,7 @@ public:
 private:
     friend class CConnectionEnd;
     friend class CConnectionSnapshot;
+    friend class CConnectionWatch;
     friend class CNodeBase;
     friend class CNodeConnection;
 
@@ -106,8 +107,12 @@ private:
 
     bool holds(ENodePortType portType, NodePortIndex index, const Core::CId& id) const;
     void expectDeadEntries() { m_mayHoldDead.value = true; }
-    bool isUsable(const Connections::value_type& entry) const { return !m_mayHoldDead.value || exists(entry); }
-    static bool exists(const Connections::value_type& entry);
+    bool isUsable(const Connections::value_type& entry) const
+    {
+        return !m_mayHoldDead.value || exists(entry.first, entry.second);
+    }
+    // By the id as well, since a new connection may have come to lie where the one that was entered lay.
+    static bool exists(const Core::CId& id, const CNodeConnection* connection);
     void clear();
 
     std::vector<Connections> m_in;

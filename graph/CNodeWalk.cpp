@@ -38,7 +38,7 @@ inline void CNodeConnection::deliver(CNodeDataPtr&& data) const
 
 void CNodeConnection::deliverConverted(CNodeDataPtr&& data) const
 {
-    const CWeakLink<const CNodeConnection> self(this, m_watchers);
+    const CConnectionWatch self(m_id, this);
     // Held for the call alone: if it was replaced meanwhile, what it captured goes before anything else is asked.
     CNodeDataPtr converted = (*CConverterShare(m_converter))(std::move(data));
     const CNodeBase* const node = self.get() ? m_in.node() : nullptr;
