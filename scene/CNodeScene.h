@@ -158,8 +158,12 @@ Q_SIGNALS:
     void connectionDeleted(CNodeConnection& connection);
 
 private:
+    friend class CNodeService;
     friend class CSceneInspector;
     class CNesting;
+
+    // What loadFromMemory() does with a document that needs no reading: the service's, of an import.
+    void load(const QJsonObject& root);
 
     CNodeBase& addNode(std::unique_ptr<CNodeBase> node);
     CNodeBase& makeNode(const QJsonObject& nodeJson, const QJsonObject& modelJson);

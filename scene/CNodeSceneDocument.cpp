@@ -57,7 +57,11 @@ QByteArray CNodeScene::saveToMemory() const
 
 void CNodeScene::loadFromMemory(const QByteArray& data)
 {
-    const QJsonObject root = QJsonDocument::fromJson(data).object();
+    load(QJsonDocument::fromJson(data).object());
+}
+
+void CNodeScene::load(const QJsonObject& root)
+{
     const QPointer<CNodeScene> self(this);
 
     const QJsonArray nodes = root.value(DocumentKeys::nodes).toArray();

@@ -8,8 +8,6 @@
 #include "service/CSceneImport_p.h"
 #include "service/LoggingCategory_p.h"
 
-#include <QJsonDocument>
-
 #include <algorithm>
 
 namespace Plugin {
@@ -329,7 +327,7 @@ bool CNodeService::importAll(const QStringList& documents)
             import.addDocument(document);
         // Models that are asked, and handlers, may destroy the scene.
         if (scene)
-            scene->loadFromMemory(QJsonDocument(import.sceneDocument()).toJson(QJsonDocument::Compact));
+            scene->load(import.sceneDocument());
         isWhole = !scene.isNull();
     });
     return isWhole;
