@@ -6,17 +6,82 @@
 #include <QGlobalStatic>
 
 #include <mutex>
-#include <unordered_map>
+#include <vector>
 
 namespace Plugin {
 namespace Halvex {
 namespace {
 
+/// A set of numbers other than 0. Why not std::unordered_set: it asks for memory with every number, and making a node
+/// and its connection would do so twice more.
+class CNumberSet
+{
+public:
+    void insert(quintptr number)
+    {
+        if (2 * (m_size + 1) > m_slots.size())
+            grow();
+        m_slots[place(number)] = number;
+        ++m_size;
+    }
+
+    void erase(quintptr number) noexcept
+    {
+        if (!contains(number))
+            return;
+        std::size_t gap = place(number);
+        m_slots[gap] = 0;
+        --m_size;
+        // Whatever comes next may have found its own place taken by what is gone.
+        for (std::size_t next = after(gap); m_slots[next] != 0; next = after(next)) {
+            const quintptr moved = m_slots[next];
+            m_slots[next] = 0;
+            m_slots[place(moved)] = moved;
+        }
+    }
+
+    bool contains(quintptr number) const noexcept
+    {
+        return number != 0 && m_size > 0 && m_slots[place(number)] == number;
+    }
+
+private:
+    // Where the number is, or else where it belongs. There is always a free place.
+    std::size_t place(quintptr number) const noexcept
+    {
+        // Addresses are multiples of 16 mostly: the product's upper half depends on all of their bits.
+        std::size_t slot = std::size_t(number * Q_UINT64_C(0x9e3779b97f4a7c15) >> 32) & (m_slots.size() - 1);
+        while (m_slots[slot] != 0 && m_slots[slot] != number)
+            slot = after(slot);
+        return slot;
+    }
+    std::size_t after(std::size_t slot) const noexcept { return (slot + 1) & (m_slots.size() - 1); }
+
+    void grow()
+    {
+        std::vector<quintptr> slots(m_slots.empty() ? 64 : 2 * m_slots.size()); // a power of two
+        slots.swap(m_slots);
+        for (const quintptr number : slots) {
+            if (number != 0)
+                m_slots[place(number)] = number;
+        }
+    }
+
+    std::vector<quintptr> m_slots; // at most half of them taken; 0 is a free one
+    std::size_t m_size = 0;
+};
+
 struct SLiveObjects
 {
     std::mutex mutex;
-    std::unordered_map<const void*, CLiveObjects::EKind> objects;
+    CNumberSet objects;
 };
+
+// The address, with the kind in a bit that no address of an object has.
+quintptr numberOf(const void* object, CLiveObjects::EKind kind)
+{
+    return reinterpret_cast<quintptr>(object) | (kind == CLiveObjects::EKind::Connection ? 1 : 0);
+}
 
 // Null once the process tears its statics down, which a host's static scene may outlive.
 Q_GLOBAL_STATIC(SLiveObjects, liveObjects)
@@ -31,7 +96,7 @@ void CLiveObjects::add(const void* object, EKind kind)
     if (!live)
         return;
     const std::lock_guard<std::mutex> lock(live->mutex);
-    live->objects.emplace(object, kind);
+    live->objects.insert(numberOf(object, kind));
 }
 
 void CLiveObjects::remove(const void* object, EKind kind) noexcept
@@ -42,7 +107,7 @@ void CLiveObjects::remove(const void* object, EKind kind) noexcept
     if (!live)
         return;
     const std::lock_guard<std::mutex> lock(live->mutex);
-    live->objects.erase(object);
+    live->objects.erase(numberOf(object, kind));
 }
 
 bool CLiveObjects::contains(const void* object, EKind kind)
@@ -51,8 +116,7 @@ bool CLiveObjects::contains(const void* object, EKind kind)
     if (!live)
         return false;
     const std::lock_guard<std::mutex> lock(live->mutex);
-    const auto found = live->objects.find(object);
-    return found != live->objects.end() && found->second == kind;
+    return live->objects.contains(numberOf(object, kind));
 }
 
 } // namespace Halvex
