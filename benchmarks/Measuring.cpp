@@ -4,8 +4,7 @@
 #include "Measuring.h"
 
 #include <algorithm>
-
-#include <time.h>
+#include <ctime>
 
 std::vector<int> sizesUpTo(int most, int smallest, int largest)
 {
@@ -23,7 +22,17 @@ void setItems(benchmark::State& state, double itemsPerIteration)
 
 double workedSeconds()
 {
-    timespec now;
+    timespec now = {};
     clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
     return double(now.tv_sec) + double(now.tv_nsec) * 1e-9;
+}
+
+void addGrowth(CRatioTable& table, const std::string& work, const std::vector<int>& sizes, const std::string& suffix)
+{
+    const std::string smallest = std::to_string(sizes.front());
+    const std::string largest = std::to_string(sizes.back());
+    table.add({work + " at " + largest + ", against " + smallest,
+               work + "/" + largest + suffix,
+               {work + "/" + smallest + suffix},
+               1.5});
 }

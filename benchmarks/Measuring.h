@@ -47,6 +47,10 @@ std::string addEach(const std::string& name, int items, const Function& function
     return name;
 }
 
+/// Adds a row that compares the cost per item at the largest size with that at the smallest, of benchmarks that are
+/// named work/size, and \a suffix.
+void addGrowth(CRatioTable& table, const std::string& work, const std::vector<int>& sizes, const std::string& suffix);
+
 /// Registers walks through a graph of that shape, per delivery, and what one of them allocates. Returns \a name.
 template <typename Graph, typename... Args>
 std::string addWalk(const std::string& name, const SShape& shape, const Args&... args)

@@ -94,22 +94,7 @@ std::string addMemory(const std::string& name, int nodes)
     });
 }
 
-/// Compares the cost per item at the largest size with that at the smallest.
-void addGrowth(CRatioTable& table, const std::string& work, const std::vector<int>& sizes, const std::string& suffix)
-{
-    const std::string smallest = std::to_string(sizes.front());
-    const std::string largest = std::to_string(sizes.back());
-    table.add({work + " at " + largest + ", against " + smallest,
-               work + "/" + largest + suffix,
-               {work + "/" + smallest + suffix},
-               1.5});
-}
-
-template <typename Objects>
-void reset(std::unique_ptr<Objects>& objects)
-{
-    objects.reset();
-}
+const auto destroyAll = [](auto& objects) { objects.reset(); };
 
 } // namespace
 
@@ -128,8 +113,8 @@ void registerConstruction(CRatioTable& table, int largest)
     for (const int size : sizes) {
         const std::string destroy = "destroy/" + std::to_string(size);
         table.add({destroy,
-                   addTakeDown<CSceneChain>(destroy + "/Halvex", size, reset<CSceneChain>),
-                   {addTakeDown<CObjectPairs>(destroy + "/S", size, reset<CObjectPairs>)},
+                   addTakeDown<CSceneChain>(destroy + "/Halvex", size, destroyAll),
+                   {addTakeDown<CObjectPairs>(destroy + "/S", size, destroyAll)},
                    2.0});
     }
     addGrowth(table, "create and connect", sizes, "/Halvex");

@@ -48,6 +48,7 @@ public:
         : scene(makeRegistry(), nullptr, nullptr)
     {
         std::vector<CNodeBase*> made;
+        made.reserve(std::size_t(nodes));
         for (int i = 0; i < nodes; ++i)
             made.push_back(&scene.createNode(std::make_unique<CRelayModel>()));
         for (std::size_t i = 0; i < made.size(); ++i)
@@ -160,13 +161,7 @@ void registerDocuments(CRatioTable& table, int largest)
     const std::vector<int> sizes = sizesUpTo(100000, 1000, largest);
     for (const int size : sizes)
         addDocuments(table, size);
-    for (const std::string work : {"load", "save"}) {
-        const std::string smallest = std::to_string(sizes.front());
-        const std::string most = std::to_string(sizes.back());
-        table.add({work + " at " + most + ", against " + smallest,
-                   work + "/" + most + "/Halvex",
-                   {work + "/" + smallest + "/Halvex"},
-                   1.5});
-    }
+    for (const char* const work : {"load", "save"})
+        addGrowth(table, work, sizes, "/Halvex");
     addImport(table, std::min(largest, 10000));
 }

@@ -66,6 +66,7 @@ void tst_CId::createdOnesDifferBetweenThreads()
     constexpr std::size_t perThread = 10000;
     std::array<std::vector<CId>, 4> created;
     std::vector<std::thread> threads;
+    threads.reserve(created.size());
     for (std::vector<CId>& ids : created)
         threads.emplace_back([&ids] { std::generate_n(std::back_inserter(ids), perThread, CId::createId); });
     for (std::thread& thread : threads)
