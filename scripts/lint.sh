@@ -3,7 +3,8 @@
 # The tools read the commands and the moc files of the dev build, which this brings up to date first.
 . "$(dirname "$0")/common.sh"
 
-need_packages "${library_packages[@]}" "${host_packages[@]}" "${test_packages[@]}" "${lint_packages[@]}"
+need_packages "${library_packages[@]}" "${host_packages[@]}" "${test_packages[@]}" "${bench_packages[@]}" \
+    "${bench_peers_packages[@]}" "${lint_packages[@]}"
 
 folders=()
 for folder in graph scene models service platform host fuzz tests benchmarks; do
@@ -14,7 +15,7 @@ step "clang-format"
 find "${folders[@]}" \( -name '*.h' -o -name '*.cpp' \) -print0 | xargs -0 clang-format --dry-run -Werror
 
 step "build for the linters"
-cmake --preset dev
+cmake --preset dev -DHALVEX_BUILD_BENCHMARKS=ON -DHALVEX_BENCH_PEERS=ON
 cmake --build --preset dev
 
 # What the dev build compiles: no moc output, and not the consumers of an installed library.
