@@ -70,21 +70,20 @@ void CDecouplerWorker::setNodeData(CNodeDataPtr data)
     if (data)
         ++(isData ? m_counts.dropped : m_counts.cancelled);
 
-    if (m_working || !(m_tickPending || !m_throttleEnabled))
+    if (!isOpen())
         return;
     const bool isServed = !m_pending || startThread();
-    m_wakeUp.wakeOne();
-    lock.unlock();
+    wakeUp(lock);
     if (!isServed)
         warnOfMissingThread();
 }
 
 void CDecouplerWorker::tick()
 {
-    const QMutexLocker lock(&m_mutex);
+    QMutexLocker lock(&m_mutex);
     m_tickPending = true;
-    if (m_thread.joinable() && !m_working && m_pending)
-        m_wakeUp.wakeOne();
+    if (m_pending)
+        wakeUp(lock);
 }
 
 void CDecouplerWorker::startForWaitingData()
@@ -117,18 +116,32 @@ void CDecouplerWorker::warnOfMissingThread()
         qWarning("The system has no thread for a decoupler: its data waits until there is one.");
 }
 
+void CDecouplerWorker::sleep()
+{
+    m_isAsleep = true;
+    m_mutex.unlock();
+    m_wakeUp.acquire();
+    m_mutex.lock();
+}
+
+void CDecouplerWorker::wakeUp(QMutexLocker& lock)
+{
+    // Not under the mutex, or the worker would wake up only to wait for it. But as soon as that is free, a slot in the
+    // worker may destroy the decoupler.
+    const auto sleeper = m_isAsleep ? shared_from_this() : nullptr;
+    m_isAsleep = false;
+    lock.unlock();
+    if (sleeper)
+        sleeper->m_wakeUp.release();
+}
+
 void CDecouplerWorker::run()
 {
-    m_working = true;
     CNodeDataPtr inHand;
     for (;;) {
         m_mutex.lock();
-        if (!m_shutDownRequested && !mayRelease()) {
-            m_working = false;
-            m_wakeUp.wait(&m_mutex);
-            m_working = true;
-            // Whatever woke the worker, it goes on: there may be nothing to take, but what it holds is released.
-        }
+        if (!m_shutDownRequested && !mayRelease())
+            sleep(); // only once: there may be nothing to take, but what the worker holds is released
         if (m_shutDownRequested) {
             m_mutex.unlock();
             break;
@@ -189,9 +202,9 @@ void CDecouplerWorker::onEmissionEntered()
 void CDecouplerWorker::shutDown()
 {
     {
-        const QMutexLocker lock(&m_mutex);
+        QMutexLocker lock(&m_mutex);
         m_shutDownRequested = true;
-        m_wakeUp.wakeOne();
+        wakeUp(lock);
     }
 
     if (!m_hasWarned && !isOnWorker() && !wait(s_shutDownWait) && !m_hasWarned.exchange(true)) {

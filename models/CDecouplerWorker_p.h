@@ -9,6 +9,7 @@
 #include <Halvex/HalvexExport.h>
 
 #include <QMutex>
+#include <QSemaphore>
 #include <QWaitCondition>
 
 #include <atomic>
@@ -67,17 +68,21 @@ private:
     void warnOfMissingThread();
 
     // The following expect the mutex to be held.
-    bool mayRelease() const { return m_pending && (m_tickPending || !m_throttleEnabled); }
+    bool isOpen() const { return m_tickPending || !m_throttleEnabled; }
+    bool mayRelease() const { return m_pending && isOpen(); }
     bool isHere() const { return m_thread.get_id() == std::this_thread::get_id(); }
     bool startThread();
+    void sleep();
+    void wakeUp(QMutexLocker& lock); ///< Unlocks the mutex.
     bool waitForEnd(unsigned long milliseconds);
     bool waitFor(const bool& flag, unsigned long milliseconds);
 
     mutable QMutex m_mutex;
-    QWaitCondition m_wakeUp;
     CNodeDataPtr m_pending;
     bool m_shutDownRequested = false;
     bool m_tickPending = false;
+    bool m_isAsleep = false; // the worker, and nobody has woken it yet
+    QSemaphore m_wakeUp;     // one for each time it sleeps
     SDecouplerStatistics m_counts;
     CDecoupler* m_owner;
     std::thread m_thread;
@@ -90,9 +95,7 @@ private:
     std::atomic<bool> m_hasMissedThread{false};
     std::atomic<bool> m_hasWarned{false};
 
-    // Written without the mutex: the one before the loop begins, the other by whoever sets the throttle.
-    std::atomic<bool> m_working{false};
-    std::atomic<bool> m_throttleEnabled{false};
+    std::atomic<bool> m_throttleEnabled{false}; // written without the mutex
 };
 
 } // namespace Halvex

@@ -23,6 +23,7 @@
 #include <memory>
 #include <stdexcept>
 #include <thread>
+#include <utility>
 #include <vector>
 
 using namespace Plugin::Halvex;
@@ -149,6 +150,15 @@ void emitOnce(CDecoupler& decoupler, const CListener& listener)
     QVERIFY(listener.waitFor(1));
 }
 
+/// Has the worker release what it holds, the only data that there is. Until it sleeps it is not awakened.
+void awaken(CDecoupler& decoupler)
+{
+    while (CTestData::alive() > 0) {
+        decoupler.setNodeData(CNodeDataPtr());
+        QThread::yieldCurrentThread();
+    }
+}
+
 } // namespace
 
 class tst_CDecoupler : public QObject
@@ -171,6 +181,7 @@ private Q_SLOTS:
     void emptyDataCancels();
     void emptyDataIsNeverEmitted();
     void lastEmittedDataLivesUntilTheNextWakeUp();
+    void dataForABusyWorkerIsNoWakeUp();
     void lastEmittedDataGoesWithTheThread();
     void newestIsNeverLostUnderLoad();
 
@@ -199,6 +210,7 @@ private Q_SLOTS:
     void deleteWhenEndedIsImmediateWithoutAHangingWorker();
     void dataMayComeFromAThreadWithoutAnEventLoop();
     void slotDestroysTheDecoupler();
+    void slotDestroysTheDecouplerDuringTheCallThatWakesIt();
     void overwrittenDataCallsBack();
     void emittedDataCallsBackFromTheWorker();
     void discardedDataCallsBack();
@@ -379,9 +391,31 @@ void tst_CDecoupler::lastEmittedDataLivesUntilTheNextWakeUp()
         QCOMPARE(CTestData::alive(), 1);
 
         isAwakened = true;
-        // Until the worker sleeps it is not awakened.
-        QTRY_VERIFY((decoupler.setNodeData(CNodeDataPtr()), CTestData::alive() == 0));
+        awaken(decoupler);
         QVERIFY(!wasEarly);
+    }
+}
+
+void tst_CDecoupler::dataForABusyWorkerIsNoWakeUp()
+{
+    // Often, to catch a worker that falls asleep and wakes up once more for what it has already taken.
+    for (int i = 0; i < 200; ++i) {
+        QSemaphore gate;
+        CDecoupler decoupler;
+        const CListener listener(decoupler, [&gate] { gate.acquire(); });
+        decoupler.setNodeData(CTestData::make(0));
+        gate.release();
+        QVERIFY(listener.waitFor(1));
+        awaken(decoupler);
+
+        for (int value = 1; value <= 3; ++value)
+            decoupler.setNodeData(CTestData::make(value));
+        QVERIFY(listener.waitFor(2));
+        decoupler.setNodeData(CTestData::make(4));
+        gate.release(2);
+        QVERIFY(listener.waitFor(3));
+        QThread::yieldCurrentThread();
+        QCOMPARE(CTestData::alive(), 1);
     }
 }
 
@@ -814,6 +848,24 @@ void tst_CDecoupler::slotDestroysTheDecoupler()
     QCOMPARE(listener.values(), QVector<int>({1}));
     QCOMPARE(second.values(), QVector<int>());
     QCOMPARE(messages.texts(), QStringList());
+}
+
+void tst_CDecoupler::slotDestroysTheDecouplerDuringTheCallThatWakesIt()
+{
+    for (int i = 0; i < 200; ++i) {
+        auto* const decoupler = new CDecoupler;
+        const CDestruction destruction(*decoupler);
+        const CListener listener(*decoupler, [decoupler, isAwakened = false]() mutable {
+            if (std::exchange(isAwakened, true))
+                delete decoupler;
+        });
+        decoupler->setNodeData(CTestData::make(0));
+        QVERIFY(listener.waitFor(1));
+        awaken(*decoupler);
+        QThread::yieldCurrentThread();
+        decoupler->setNodeData(CTestData::make(1));
+        QTRY_VERIFY(destruction.hasHappened());
+    }
 }
 
 void tst_CDecoupler::overwrittenDataCallsBack()
