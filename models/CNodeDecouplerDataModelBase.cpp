@@ -66,7 +66,7 @@ unsigned int CNodeDecouplerDataModelBase::nPorts(ENodePortType portType) const
 void CNodeDecouplerDataModelBase::setInData(CNodeDataPtr data, NodePortIndex index)
 {
     if (index == 0)
-        Q_EMIT inDataUpdated(data);
+        Q_EMIT inDataUpdated(std::move(data));
 }
 
 CNodeDataPtr CNodeDecouplerDataModelBase::outData(NodePortIndex index)
