@@ -58,9 +58,9 @@ public:
 private:
     void adoptWrittenNode() const;
 
-    mutable CWeakLink<CNodeBase> m_link;
     NodePortIndex m_index = -1;
     mutable bool m_indexIsOfNode = false;
+    mutable CWeakLink<CNodeBase> m_link;
 };
 
 } // namespace Halvex

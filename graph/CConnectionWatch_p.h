@@ -4,39 +4,46 @@
 #pragma once
 
 #include "graph/CLiveObjects_p.h"
-#include "graph/CNodeState.h"
+#include "graph/CNodeConnection.h"
+
+#include <atomic>
 
 namespace Plugin {
 namespace Halvex {
 
 /**
- * A pointer to a connection that foreign code may destroy meanwhile; it then reads as null.
+ * Knows of each connection that is there when the watch begins whether foreign code has destroyed it since.
  *
  * Why not a CWeakLink: a walk would write to every connection that it is going to serve, twice. As long as no
- * connection at all was destroyed, this one was not either; after that it is looked up.
+ * connection at all was destroyed, none of these was either; after that one is looked up, and told by its number from
+ * another that has come to lie where it lay.
  */
 class CConnectionWatch
 {
 public:
-    CConnectionWatch() = default;
-    CConnectionWatch(const Core::CId& id, const CNodeConnection* connection)
-        : m_connection(connection)
-        , m_id(id)
-        , m_removalsBefore(CLiveObjects::removals())
+    /// Whether \a connection, which existed when the watch began, still does.
+    bool isThere(const CNodeConnection* connection) const
     {
+        return Q_LIKELY(CLiveObjects::removals() == m_removalsBefore) || isFound(connection);
     }
 
-    const CNodeConnection* get() const
-    {
-        if (Q_LIKELY(CLiveObjects::removals() == m_removalsBefore))
-            return m_connection;
-        return CNodeState::exists(m_id, m_connection) ? m_connection : nullptr;
-    }
+    /// The number of a connection that is being made.
+    static quint64 nextNumber() { return s_lastNumber.fetch_add(1, std::memory_order_relaxed) + 1; }
+
+    /// What fits beside the flags of a connection. At a million connections a second it lasts for 146,000 years.
+    static constexpr quint64 greatestNumber = (Q_UINT64_C(1) << 62) - 1;
 
 private:
-    const CNodeConnection* m_connection = nullptr;
-    Core::CId m_id;
-    quint64 m_removalsBefore = 0;
+    [[gnu::cold]] bool isFound(const CNodeConnection* connection) const
+    {
+        return CLiveObjects::contains(connection, CLiveObjects::EKind::Connection) &&
+               connection->m_number <= m_lastNumber;
+    }
+
+    static inline std::atomic<quint64> s_lastNumber{0};
+
+    quint64 m_removalsBefore = CLiveObjects::removals();
+    quint64 m_lastNumber = s_lastNumber.load(std::memory_order_relaxed);
 };
 
 } // namespace Halvex

@@ -32,7 +32,7 @@ class CNodeVisit;
  * depth first, in no particular order. A walk goes over the connections that the port had when it began: one that was
  * destroyed meanwhile is skipped, one that was merely taken out of the port is still served. It ends quietly when its
  * node is removed or destroyed; a node that its scene removes while a walk stands in it is destroyed when the walk has
- * left it. A walk allocates nothing for up to eight connections per port.
+ * left it. A walk allocates nothing for up to sixteen connections per port.
  *
  * Depth: a delivery for which the thread's stack has too little room (a feedback loop) is dropped; the first time,
  * a warning in "halvex.graph" names the model of the node that could not be reached. With it end the walks of nodes
@@ -81,18 +81,22 @@ private:
     friend class CNodeConnection;
     friend class CNodeVisit;
 
-    // The walk, in CNodeWalk.cpp. deliver() takes the pointer from whoever has no more use for it.
-    HALVEX_NO_EXPORT inline void deliver(CNodeDataPtr&& data, NodePortIndex inPortIndex) const;
+    // The walk, in CNodeWalk.cpp. What takes a pointer takes it over from whoever has no more use for it.
+    template <typename DataPtr>
+    HALVEX_NO_EXPORT void deliver(DataPtr&& data, NodePortIndex inPortIndex) const;
     HALVEX_NO_EXPORT void update(NodePortIndex index) const;
-    HALVEX_NO_EXPORT void deliverToAll(NodePortIndex outIndex, CNodeDataPtr&& data, const CNodeVisit& visit) const;
+    HALVEX_NO_EXPORT inline void deliverToPort(NodePortIndex outIndex, CNodeDataPtr&& data,
+                                               const CNodeVisit& visit) const;
+    HALVEX_NO_EXPORT void deliverToAll(const CNodeState::Connections& port, CNodeDataPtr&& data,
+                                       const CNodeVisit& visit) const;
     [[gnu::cold]] HALVEX_NO_EXPORT void dropForLackOfRoom() const;
 
     Core::CId m_id;
     std::unique_ptr<CNodeDataModel> m_model;
-    CNodeState m_state;
-    CWeakAnchor<CNodeBase> m_ends;         // the connection ends that point here
     mutable CNodeVisit* m_visit = nullptr; // the innermost stretch of code that stands here
     mutable quint64 m_dropsBefore = 0;
+    CNodeState m_state;
+    CWeakAnchor<CNodeBase> m_ends; // the connection ends that point here
     bool m_isLeaving = false;
     bool m_isClosed = false;
     bool m_isRetired = false;

@@ -39,6 +39,9 @@ QJsonObject withConverter(const QJsonObject& ends, const QJsonObject& converter)
 CNodeConnection::CNodeConnection(CNodeBase& inNode, NodePortIndex inIndex, CNodeBase& outNode, NodePortIndex outIndex,
                                  NodeDataConverter converter)
     : m_id(Core::CId::createId())
+    , m_number(CConnectionWatch::nextNumber() & CConnectionWatch::greatestNumber)
+    , m_isLeaving(false)
+    , m_isEnding(false)
     , m_converter(std::move(converter))
 {
     setNodeToPort(inNode, ENodePortType::In, inIndex);
@@ -48,6 +51,9 @@ CNodeConnection::CNodeConnection(CNodeBase& inNode, NodePortIndex inIndex, CNode
 
 CNodeConnection::CNodeConnection(ENodePortType portType, CNodeBase& node, NodePortIndex index)
     : m_id(Core::CId::createId())
+    , m_number(CConnectionWatch::nextNumber() & CConnectionWatch::greatestNumber)
+    , m_isLeaving(false)
+    , m_isEnding(false)
 {
     setNodeToPort(node, portType, index);
     CLiveObjects::add(this, CLiveObjects::EKind::Connection);
@@ -148,9 +154,9 @@ QJsonObject CNodeConnection::save() const
         return ends;
 
     // The models that are asked are foreign code and may destroy this connection.
-    const CConnectionWatch self(m_id, this);
+    const CConnectionWatch watch;
     const QJsonObject inType = getTypeJson(ENodePortType::In);
-    if (!self.get())
+    if (!watch.isThere(this))
         return {};
     const QJsonObject outType = getTypeJson(ENodePortType::Out);
     return withConverter(ends, jsonObject({{DocumentKeys::in, inType}, {DocumentKeys::out, outType}}));

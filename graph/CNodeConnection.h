@@ -106,13 +106,16 @@ protected:
     QJsonObject getTypeJson(ENodePortType portType) const;
 
 private:
+    friend class CConnectionWatch;
     friend class CGraphOwner;
     friend class CNodeBase;
     friend class CNodeState;
 
-    // The walk, in CNodeWalk.cpp. They take the pointer from whoever has no more use for it.
-    HALVEX_NO_EXPORT inline void deliver(CNodeDataPtr&& data) const;
-    HALVEX_NO_EXPORT void deliverConverted(CNodeDataPtr&& data) const;
+    // The walk, in CNodeWalk.cpp. They take the pointer over from whoever has no more use for it.
+    template <typename DataPtr>
+    HALVEX_NO_EXPORT void deliver(DataPtr&& data) const;
+    template <typename DataPtr>
+    HALVEX_NO_EXPORT void deliverConverted(DataPtr&& data) const;
 
     const CConnectionEnd& end(ENodePortType portType) const;
     CConnectionEnd& end(ENodePortType portType);
@@ -124,12 +127,16 @@ private:
     void leaveEntryBehind(ENodePortType portType) const;
 
     Core::CId m_id;
+    // Counts up with each connection that is made: unlike an address, a number is never used again. It and the flags
+    // take what the flags alone would take with padding.
+    quint64 m_number : 62;
+    quint64 m_isLeaving : 1;
+    quint64 m_isEnding : 1; // in its destructor
     CConnectionEnd m_out;
-    CConnectionEnd m_in;
-    // Shared with a call that is under way, which may replace the converter or destroy the connection.
+    // Shared with a call that is under way, which may replace the converter or destroy the connection. A walk reads it
+    // and the in end.
     CConverterShare m_converter;
-    bool m_isLeaving = false;
-    bool m_isEnding = false; // in its destructor
+    CConnectionEnd m_in;
 };
 
 } // namespace Halvex

@@ -25,12 +25,35 @@ CNodeState::CNodeState(const std::unique_ptr<CNodeDataModel>& model)
     : m_in(model ? model->nPorts(ENodePortType::In) : 0)
     , m_out(model ? model->nPorts(ENodePortType::Out) : 0)
 {
+    readFirstOut();
 }
 
-CNodeState::CNodeState(const CNodeState&) = default;
-CNodeState::CNodeState(CNodeState&&) noexcept = default;
-CNodeState& CNodeState::operator=(const CNodeState&) = default;
-CNodeState& CNodeState::operator=(CNodeState&&) noexcept = default;
+CNodeState::CNodeState(const CNodeState& other)
+    : m_mayHoldDead(true)
+    , m_in(other.m_in)
+    , m_out(other.m_out)
+{
+}
+
+CNodeState::CNodeState(CNodeState&& other) noexcept
+{
+    *this = std::move(other);
+}
+
+CNodeState& CNodeState::operator=(const CNodeState& other)
+{
+    return *this = CNodeState(other);
+}
+
+CNodeState& CNodeState::operator=(CNodeState&& other) noexcept
+{
+    m_in = std::move(other.m_in);
+    m_out = std::move(other.m_out);
+    expectDeadEntries();
+    other.expectDeadEntries();
+    return *this;
+}
+
 CNodeState::~CNodeState() = default;
 
 CNodeState::Connections CNodeState::connections(ENodePortType portType, NodePortIndex index) const
@@ -38,7 +61,7 @@ CNodeState::Connections CNodeState::connections(ENodePortType portType, NodePort
     const Connections* const port = requirePort(portType, index);
     if (!port)
         return {};
-    if (!m_mayHoldDead.value)
+    if (!m_mayHoldDead)
         return *port;
 
     Connections existing;
@@ -62,6 +85,7 @@ void CNodeState::setConnection(ENodePortType portType, NodePortIndex index, CNod
     port.emplace(connection.id(), &connection);
     if (!connection.leaves(portType, index, *this))
         expectDeadEntries();
+    readFirstOut();
 }
 
 void CNodeState::eraseConnection(ENodePortType portType, NodePortIndex index, const Core::CId& id)
@@ -70,6 +94,7 @@ void CNodeState::eraseConnection(ENodePortType portType, NodePortIndex index, co
         return;
     auto& ports = portType == ENodePortType::In ? m_in : m_out;
     ports[std::size_t(index)].erase(id);
+    readFirstOut();
 }
 
 std::vector<CNodeState::Connections>& CNodeState::getEntries(ENodePortType portType)
@@ -108,10 +133,23 @@ const CNodeState::Connections* CNodeState::requirePort(ENodePortType portType, N
     return port;
 }
 
+void CNodeState::readFirstOut()
+{
+    const bool isKnown = !m_mayHoldDead && !m_out.empty();
+    m_isFirstOutEmpty = isKnown && m_out.front().empty();
+    m_onlyOfFirstOut = isKnown && m_out.front().size() == 1 ? m_out.front().begin()->second : nullptr;
+}
+
 bool CNodeState::holds(ENodePortType portType, NodePortIndex index, const Core::CId& id) const
 {
     const Connections* const port = findPort(portType, index);
     return port && port->count(id) != 0;
+}
+
+void CNodeState::expectDeadEntries()
+{
+    m_mayHoldDead = true;
+    readFirstOut();
 }
 
 bool CNodeState::exists(const Core::CId& id, const CNodeConnection* connection)
@@ -123,6 +161,7 @@ void CNodeState::clear()
 {
     m_in.clear();
     m_out.clear();
+    readFirstOut();
 }
 
 } // namespace Halvex

@@ -72,53 +72,46 @@ public:
 private:
     friend class CConnectionEnd;
     friend class CConnectionSnapshot;
-    friend class CConnectionWatch;
     friend class CNodeBase;
     friend class CNodeConnection;
-
-    // Set when an entry may be of a connection that will not take it out, since it does not know of it. Entries are
-    // then looked up before they are used, which costs a walk through this node a little. True for every copy.
-    struct SMayHoldDead
-    {
-        SMayHoldDead() = default;
-        SMayHoldDead(const SMayHoldDead&) noexcept
-            : value(true)
-        {
-        }
-        SMayHoldDead& operator=(const SMayHoldDead&) noexcept
-        {
-            value = true;
-            return *this;
-        }
-        bool value = false;
-    };
 
     // The port's connections, null if it does not exist; the second form says so in the debug message.
     const Connections* findPort(ENodePortType portType, NodePortIndex index) const;
     const Connections* requirePort(ENodePortType portType, NodePortIndex index) const;
 
-    // Whether that output port has one connection, which can be used. Only of the first port: most models have no
-    // other, and finding another takes a division.
-    bool hasOnlyConnection(NodePortIndex outIndex) const
+    // The same for an output port. Most models have one only, and finding another takes a division.
+    const Connections* requireOutPort(NodePortIndex index) const
     {
-        return outIndex == 0 && !m_out.empty() && m_out.front().size() == 1 && !m_mayHoldDead.value;
+        return Q_LIKELY(index == 0 && !m_out.empty()) ? &m_out.front() : requirePort(ENodePortType::Out, index);
     }
-    const CNodeConnection& onlyConnection() const { return *m_out.front().begin()->second; }
+    // Whether that output port has no connection, and the connection that it has if there is no other and it can be
+    // used. Only of the first port; no and null if that is to be looked up.
+    bool isUnconnected(NodePortIndex outIndex) const { return outIndex == 0 && m_isFirstOutEmpty; }
+    const CNodeConnection* onlyConnection(NodePortIndex outIndex) const
+    {
+        return outIndex == 0 ? m_onlyOfFirstOut : nullptr;
+    }
+    void readFirstOut();
 
     bool holds(ENodePortType portType, NodePortIndex index, const Core::CId& id) const;
-    void expectDeadEntries() { m_mayHoldDead.value = true; }
+    void expectDeadEntries();
     bool isUsable(const Connections::value_type& entry) const
     {
-        return !m_mayHoldDead.value || exists(entry.first, entry.second);
+        return !m_mayHoldDead || exists(entry.first, entry.second);
     }
     // By the id as well, since a new connection may have come to lie where the one that was entered lay.
     static bool exists(const Core::CId& id, const CNodeConnection* connection);
     void clear();
 
+    // What most walks read, next to what they read of the node.
+    const CNodeConnection* m_onlyOfFirstOut = nullptr;
+    bool m_isFirstOutEmpty = false;
+    // Set when an entry may be of a connection that will not take it out, since it does not know of it. Entries are
+    // then looked up before they are used, which costs a walk through this node a little. True for every copy.
+    bool m_mayHoldDead = false;
     std::vector<Connections> m_in;
     std::vector<Connections> m_out;
     std::vector<Connections> m_none;
-    SMayHoldDead m_mayHoldDead;
 };
 
 } // namespace Halvex

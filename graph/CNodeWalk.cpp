@@ -13,7 +13,8 @@
 namespace Plugin {
 namespace Halvex {
 
-inline void CNodeBase::deliver(CNodeDataPtr&& data, NodePortIndex inPortIndex) const
+template <typename DataPtr>
+inline void CNodeBase::deliver(DataPtr&& data, NodePortIndex inPortIndex) const
 {
     if (!m_model)
         return;
@@ -22,69 +23,77 @@ inline void CNodeBase::deliver(CNodeDataPtr&& data, NodePortIndex inPortIndex) c
         return;
     }
     const CNodeVisit visit(*this);
-    m_model->setInData(std::move(data), inPortIndex);
+    m_model->setInData(std::forward<DataPtr>(data), inPortIndex);
 }
 
-inline void CNodeConnection::deliver(CNodeDataPtr&& data) const
+template <typename DataPtr>
+inline void CNodeConnection::deliverConverted(DataPtr&& data) const
 {
-    const CNodeBase* const node = m_in.node();
-    if (!node)
-        return;
-    if (Q_UNLIKELY(m_converter))
-        deliverConverted(std::move(data));
-    else
-        node->deliver(std::move(data), m_in.indexAtNode());
-}
-
-void CNodeConnection::deliverConverted(CNodeDataPtr&& data) const
-{
-    const CConnectionWatch self(m_id, this);
+    const CConnectionWatch watch;
     // Held for the call alone: if it was replaced meanwhile, what it captured goes before anything else is asked.
-    CNodeDataPtr converted = (*CConverterShare(m_converter))(std::move(data));
-    const CNodeBase* const node = self.get() ? m_in.node() : nullptr;
+    CNodeDataPtr converted = (*CConverterShare(m_converter))(std::forward<DataPtr>(data));
+    const CNodeBase* const node = watch.isThere(this) ? m_in.node() : nullptr;
     if (node)
         node->deliver(std::move(converted), m_in.indexAtNode());
 }
 
-void CNodeBase::deliverToAll(NodePortIndex outIndex, CNodeDataPtr&& data, const CNodeVisit& visit) const
+template <typename DataPtr>
+inline void CNodeConnection::deliver(DataPtr&& data) const
 {
-    const CNodeState::Connections* const port = m_state.requirePort(ENodePortType::Out, outIndex);
-    if (!port || port->empty())
+    const CNodeBase* const node = m_in.node();
+    if (!node)
         return;
-    const CConnectionSnapshot snapshot(m_state, *port);
+    if (m_converter)
+        deliverConverted(std::forward<DataPtr>(data));
+    else
+        node->deliver(std::forward<DataPtr>(data), m_in.indexAtNode());
+}
+
+void CNodeBase::deliverToAll(const CNodeState::Connections& port, CNodeDataPtr&& data, const CNodeVisit& visit) const
+{
+    const CConnectionSnapshot snapshot(m_state, port);
     const int last = snapshot.size() - 1;
-    for (int position = 0; position <= last && !visit.isOver(); ++position) {
-        if (visit.isRoundOfCutLoop())
-            return;
-        if (const CNodeConnection* const connection = snapshot.at(position))
-            connection->deliver(position < last ? CNodeDataPtr(data) : std::move(data));
+    for (int position = 0; position <= last && !visit.isOver() && !visit.isRoundOfCutLoop(); ++position) {
+        const CNodeConnection* const connection = snapshot.at(position);
+        if (!connection)
+            continue;
+        if (position < last)
+            connection->deliver(data);
+        else
+            connection->deliver(std::move(data));
+    }
+}
+
+inline void CNodeBase::deliverToPort(NodePortIndex outIndex, CNodeDataPtr&& data, const CNodeVisit& visit) const
+{
+    // Nothing comes before the turn of a single connection that could destroy it, so it needs no watching.
+    if (const CNodeConnection* const only = m_state.onlyConnection(outIndex)) {
+        only->deliver(std::move(data));
+    } else if (!m_state.isUnconnected(outIndex)) {
+        if (const CNodeState::Connections* const port = m_state.requireOutPort(outIndex))
+            deliverToAll(*port, std::move(data), visit);
     }
 }
 
 void CNodeBase::onDataUpdated(NodePortIndex index)
 {
-    if (!m_model)
-        return;
     if (Q_UNLIKELY(!CNodeVisit::isFirstAndNear(*this))) {
         update(index);
         return;
     }
 
-    // The model answers a delivery.
+    // The model answers a delivery. So there is one: nothing foreign runs in a visit of a node without a model.
     CNodeVisit& delivery = *m_visit;
     const CNodeVisit::CInner inner(delivery);
     CNodeDataPtr data = m_model->outData(index);
-    if (!data || delivery.isOver())
-        return;
-    // Nothing comes before the turn of a single connection that could destroy it, so it needs no watching.
-    if (Q_LIKELY(m_state.hasOnlyConnection(index)))
-        m_state.onlyConnection().deliver(std::move(data));
-    else
-        deliverToAll(index, std::move(data), delivery);
+    if (data && !delivery.isOver())
+        deliverToPort(index, std::move(data), delivery);
 }
 
 void CNodeBase::update(NodePortIndex index) const
 {
+    if (!m_model)
+        return;
     const CNodeVisit visit(*this);
     // A loop through several paths would be cut once for every sequence of paths, and there are more of those than
     // anybody can wait for. So a cut ends the rounds of the loop; what came before the first round goes on.
@@ -97,7 +106,7 @@ void CNodeBase::update(NodePortIndex index) const
     }
     CNodeDataPtr data = m_model->outData(index);
     if (data && !visit.isOver())
-        deliverToAll(index, std::move(data), visit);
+        deliverToPort(index, std::move(data), visit);
 }
 
 void CNodeBase::propagateData(CNodeDataPtr ptrNodeData, NodePortIndex inPortIndex) const

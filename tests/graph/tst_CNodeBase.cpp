@@ -17,6 +17,7 @@
 #include <functional>
 #include <memory>
 #include <numeric>
+#include <optional>
 #include <stdexcept>
 #include <type_traits>
 #include <vector>
@@ -123,6 +124,7 @@ private Q_SLOTS:
     void destroyedConnectionIsSkipped_data();
     void destroyedConnectionIsSkipped();
     void erasedConnectionIsServed();
+    void connectionInAnothersPlaceIsNotServed();
     void addedConnectionIsNotServedInTheSameWalk();
     void servedConnectionMayBeDestroyed();
     void sinkMayDestroyTheSource();
@@ -470,8 +472,8 @@ void tst_CNodeBase::destroyedConnectionIsSkipped_data()
 
     QTest::newRow("two") << 2;
     QTest::newRow("three") << 3;
-    QTest::newRow("eight") << 8;
-    QTest::newRow("nine") << 9;
+    QTest::newRow("sixteen") << 16;
+    QTest::newRow("seventeen") << 17;
     QTest::newRow("thirty") << 30;
 }
 
@@ -495,16 +497,42 @@ void tst_CNodeBase::destroyedConnectionIsSkipped()
 
 void tst_CNodeBase::erasedConnectionIsServed()
 {
-    SFan fan(3);
-    fan.onDelivery([&fan](std::size_t) {
-        for (const auto& connection : fan.connections)
-            connection->removeFromNodes();
-    });
+    for (const int count : {1, 3}) {
+        SFan fan(count);
+        fan.onDelivery([&fan](std::size_t) {
+            for (const auto& connection : fan.connections)
+                connection->removeFromNodes();
+        });
 
-    fan.source.model->offer(CTestData::make(1));
-    QCOMPARE(deliveries(fan, 1), 3);
-    fan.source.model->offer(CTestData::make(2));
-    QCOMPARE(deliveries(fan, 2), 0);
+        fan.source.model->offer(CTestData::make(1));
+        QCOMPARE(deliveries(fan, 1), count);
+        fan.source.model->offer(CTestData::make(2));
+        QCOMPARE(deliveries(fan, 2), 0);
+    }
+}
+
+void tst_CNodeBase::connectionInAnothersPlaceIsNotServed()
+{
+    const STestNode source;
+    const STestNode sinks[] = {STestNode(), STestNode()};
+    const STestNode late;
+    std::optional<CNodeConnection> connections[2];
+    const auto connectTo = [&](std::size_t position, const STestNode& sink) {
+        connections[position].emplace(*sink, 0, *source, 0, NodeDataConverter());
+        enter(*connections[position]);
+    };
+    for (const std::size_t position : {0, 1}) {
+        connectTo(position, sinks[position]);
+        sinks[position].model->onSetInData = [&, other = 1 - position](const CNodeDataPtr& data, NodePortIndex) {
+            if (data)
+                connectTo(other, late);
+        };
+    }
+
+    source.model->offer(CTestData::make(1));
+
+    QCOMPARE(sinks[0].model->values().size() + sinks[1].model->values().size(), std::size_t(2));
+    QVERIFY(late.model->received.empty());
 }
 
 void tst_CNodeBase::addedConnectionIsNotServedInTheSameWalk()

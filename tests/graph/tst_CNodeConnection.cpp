@@ -13,6 +13,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <type_traits>
 #include <vector>
@@ -166,6 +167,7 @@ private Q_SLOTS:
 
     void converterMayDestroyTheConnection();
     void smallConverterMayDestroyTheConnection();
+    void converterMayPutAnotherConnectionInItsPlace();
     void converterMayReplaceItself();
     void converterMayDestroyTheInNode();
     void converterMayClearTheInEnd();
@@ -945,6 +947,24 @@ void tst_CNodeConnection::converterMayDestroyTheConnection()
 
     QCOMPARE(seen, 5);
     QCOMPARE(sink.model->values(), std::vector<int>({-1}));
+}
+
+void tst_CNodeConnection::converterMayPutAnotherConnectionInItsPlace()
+{
+    const STestNode source;
+    const STestNode sink;
+    const STestNode late;
+    std::optional<CNodeConnection> connection;
+    connection.emplace(*sink, 0, *source, 0, [&](CNodeDataPtr data) {
+        if (data)
+            connection.emplace(*late, 0, *source, 0, NodeDataConverter());
+        return data;
+    });
+
+    connection->propagateData(CTestData::make(1));
+
+    QCOMPARE(sink.model->values(), std::vector<int>({-1}));
+    QVERIFY(late.model->received.empty());
 }
 
 void tst_CNodeConnection::smallConverterMayDestroyTheConnection()

@@ -83,6 +83,7 @@ private Q_SLOTS:
     void copyIsIndependent();
     void assignedCopyIsIndependent();
     void moveTakesTheEntriesAlong();
+    void movedTableServesNothing();
     void destructorLeavesConnectionsAlone();
     void connectionLeavesItsOwnTables();
     void destroyedConnectionIsNeverUsed_data();
@@ -331,6 +332,19 @@ void tst_CNodeState::moveTakesTheEntriesAlong()
     assigned = std::move(moved);
     QCOMPARE(assigned.getEntries(In).size(), std::size_t(1));
     QCOMPARE(assigned.connections(Out, 1).size(), std::size_t(1));
+}
+
+void tst_CNodeState::movedTableServesNothing()
+{
+    const STestNode source;
+    const STestNode sink;
+    const auto connection = join(source, sink);
+
+    const CNodeState moved(std::move(source->nodeState()));
+    source.model->offer(CTestData::make(1));
+
+    QVERIFY(sink.model->received.empty());
+    QCOMPARE(moved.connections(Out, 0).size(), std::size_t(1));
 }
 
 void tst_CNodeState::destructorLeavesConnectionsAlone()

@@ -156,7 +156,7 @@ void tst_WalkAllocations::connectionsOfOnePort_data()
     QTest::addColumn<int>("count");
     QTest::addColumn<bool>("converts");
 
-    for (int count = 1; count <= 8; ++count) {
+    for (int count = 1; count <= 16; ++count) {
         QTest::addRow("%d", count) << count << false;
         QTest::addRow("%d, converting", count) << count << true;
     }
