@@ -92,11 +92,12 @@ private:
     [[gnu::cold]] HALVEX_NO_EXPORT void dropForLackOfRoom() const;
 
     Core::CId m_id;
+    CWeakAnchor<CNodeBase> m_ends; // the connection ends that point here
+    // What a walk reads is from here to what the table begins with: 32 bytes in a row, for the cache.
     std::unique_ptr<CNodeDataModel> m_model;
     mutable CNodeVisit* m_visit = nullptr; // the innermost stretch of code that stands here
     mutable quint64 m_dropsBefore = 0;
     CNodeState m_state;
-    CWeakAnchor<CNodeBase> m_ends; // the connection ends that point here
     bool m_isLeaving = false;
     bool m_isClosed = false;
     bool m_isRetired = false;

@@ -39,10 +39,10 @@ QJsonObject withConverter(const QJsonObject& ends, const QJsonObject& converter)
 CNodeConnection::CNodeConnection(CNodeBase& inNode, NodePortIndex inIndex, CNodeBase& outNode, NodePortIndex outIndex,
                                  NodeDataConverter converter)
     : m_id(Core::CId::createId())
+    , m_converter(std::move(converter))
     , m_number(CConnectionWatch::nextNumber() & CConnectionWatch::greatestNumber)
     , m_isLeaving(false)
     , m_isEnding(false)
-    , m_converter(std::move(converter))
 {
     setNodeToPort(inNode, ENodePortType::In, inIndex);
     setNodeToPort(outNode, ENodePortType::Out, outIndex);

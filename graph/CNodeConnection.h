@@ -127,16 +127,16 @@ private:
     void leaveEntryBehind(ENodePortType portType) const;
 
     Core::CId m_id;
+    CConnectionEnd m_out;
+    // Shared with a call that is under way, which may replace the converter or destroy the connection. What a walk
+    // reads is this and what the in end begins with: 32 bytes in a row, for the cache.
+    CConverterShare m_converter;
+    CConnectionEnd m_in;
     // Counts up with each connection that is made: unlike an address, a number is never used again. It and the flags
     // take what the flags alone would take with padding.
     quint64 m_number : 62;
     quint64 m_isLeaving : 1;
     quint64 m_isEnding : 1; // in its destructor
-    CConnectionEnd m_out;
-    // Shared with a call that is under way, which may replace the converter or destroy the connection. A walk reads it
-    // and the in end.
-    CConverterShare m_converter;
-    CConnectionEnd m_in;
 };
 
 } // namespace Halvex
