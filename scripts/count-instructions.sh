@@ -1,24 +1,26 @@
 #!/usr/bin/env bash
-# Counts the instructions of one hop through a chain of 100 nodes, and those of the floor, a signal per hop written by
-# hand. Fails if the ratio is above the limit. Unlike times, the counts do not depend on what else the machine does.
+# Counts the instructions of one delivery through graphs of several shapes, and those of the floor, a signal per hop
+# written by hand. Prints a Markdown table, and fails if a ratio is above its limit. Unlike times, the counts do not
+# depend on what else the machine does.
 #
-#   scripts/count-instructions.sh [limit]           # 1.15
+#   scripts/count-instructions.sh
 . "$(dirname "$0")/common.sh"
 
-limit=${1:-1.15}
+# For a chain it is what the walk must reach, for the others a little more than what it does.
+declare -A limits=([chain]=1.15 [converting]=1.20 [fan-out]=1.30 [fan-in]=1.35 [diamonds]=1.35 [random]=1.55)
 
 # The instructions of a run with that many walks.
 instructions() {
-    valgrind --tool=callgrind --callgrind-out-file=/dev/null build/bench/benchmarks/halvex-hops "$@" 2>&1 |
+    valgrind --tool=callgrind --callgrind-out-file=/dev/null build/bench/benchmarks/halvex-hops "$@" 2>&1 >/dev/null |
         awk '/Collected :/ { print $4; found = 1 } END { exit !found }'
 }
 
-# Those of one hop: what 100 more walks of 100 hops each take.
-per_hop() {
+# Those of 50 more walks.
+of_walks() {
     local few many
-    few=$(instructions "$1" 100)
-    many=$(instructions "$1" 200)
-    echo $(((many - few) / 10000))
+    few=$(instructions "$@" 50)
+    many=$(instructions "$@" 100)
+    echo $((many - few))
 }
 
 need_packages "${library_packages[@]}" "${bench_packages[@]}"
@@ -26,9 +28,16 @@ step "build"
 cmake --preset bench
 cmake --build --preset bench --target halvex-hops
 step "count"
-engine=$(per_hop engine)
-floor=$(per_hop floor)
-awk -v engine="$engine" -v floor="$floor" -v limit="$limit" 'BEGIN {
-    printf "Instructions per hop: %d, floor %d, ratio %.2f, limit %.2f\n", engine, floor, engine / floor, limit
-    exit engine > floor * limit
-}'
+echo "| graph | instructions per delivery | floor | ratio | limit |"
+echo "| --- | ---: | ---: | ---: | ---: |"
+failed=0
+for shape in chain converting fan-out fan-in diamonds random; do
+    deliveries=$(build/bench/benchmarks/halvex-hops floor "$shape" 50)
+    engine=$(of_walks engine "$shape")
+    floor=$(of_walks floor "$shape")
+    awk -v shape="$shape" -v n="$deliveries" -v engine="$engine" -v floor="$floor" -v limit="${limits[$shape]}" 'BEGIN {
+        printf "| %s | %.0f | %.0f | %.3f | %.2f |\n", shape, engine / n, floor / n, engine / floor, limit
+        exit engine > floor * limit
+    }' || failed=1
+done
+exit "$failed"
