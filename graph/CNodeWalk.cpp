@@ -53,14 +53,15 @@ void CNodeBase::deliverToAll(const CNodeState::Connections& port, CNodeDataPtr&&
 {
     const CConnectionSnapshot snapshot(m_state, port);
     const int last = snapshot.size() - 1;
-    for (int position = 0; position <= last && !visit.isOver() && !visit.isRoundOfCutLoop(); ++position) {
+    for (int position = 0; !visit.isOver() && !visit.isRoundOfCutLoop(); ++position) {
         const CNodeConnection* const connection = snapshot.at(position);
-        if (!connection)
-            continue;
-        if (position < last)
+        if (position == last) {
+            if (connection)
+                connection->deliver(std::move(data));
+            return;
+        }
+        if (connection)
             connection->deliver(data);
-        else
-            connection->deliver(std::move(data));
     }
 }
 
@@ -70,7 +71,8 @@ inline void CNodeBase::deliverToPort(NodePortIndex outIndex, CNodeDataPtr&& data
     if (const CNodeConnection* const only = m_state.onlyConnection(outIndex)) {
         only->deliver(std::move(data));
     } else if (!m_state.isUnconnected(outIndex)) {
-        if (const CNodeState::Connections* const port = m_state.requireOutPort(outIndex))
+        const CNodeState::Connections* const port = m_state.requireOutPort(outIndex);
+        if (port && !port->empty())
             deliverToAll(*port, std::move(data), visit);
     }
 }
