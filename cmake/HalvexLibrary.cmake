@@ -65,6 +65,7 @@ target_sources(Halvex PRIVATE
   graph/CNodeDataModel.cpp
   graph/CNodeState.cpp
   graph/CNodeWalk.cpp
+  graph/CNumberSet_p.h
   graph/CStackGauge.cpp
   graph/CStackGauge_p.h
   graph/DocumentKeys_p.h
