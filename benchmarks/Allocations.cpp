@@ -9,8 +9,8 @@
 
 #include <malloc.h>
 
-// Every allocation of the process goes through these: operator new and Qt's containers end in malloc, and a program's
-// own malloc comes before the C library's. That one is reached by its second name.
+// Operator new and Qt's containers end in these, and a program's own malloc comes before the C library's. That one is
+// reached by its second name. What asks for memory of an unusual alignment is not counted; nothing measured here does.
 // NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): it is the C library that named them
 extern "C" {
 void* __libc_malloc(std::size_t size);

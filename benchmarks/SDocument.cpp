@@ -9,15 +9,25 @@
 
 namespace {
 
-const QLatin1String connectionsKey("connections");
-const QLatin1String idKey("id");
-const QLatin1String inIdKey("in_id");
-const QLatin1String inIndexKey("in_index");
-const QLatin1String modelKey("model");
-const QLatin1String nameKey("name");
-const QLatin1String nodesKey("nodes");
-const QLatin1String outIdKey("out_id");
-const QLatin1String outIndexKey("out_index");
+// Kept, and inserted one by one: initialiser lists would make each key anew.
+struct SKeys
+{
+    QString connections = QStringLiteral("connections");
+    QString id = QStringLiteral("id");
+    QString inId = QStringLiteral("in_id");
+    QString inIndex = QStringLiteral("in_index");
+    QString model = QStringLiteral("model");
+    QString name = QStringLiteral("name");
+    QString nodes = QStringLiteral("nodes");
+    QString outId = QStringLiteral("out_id");
+    QString outIndex = QStringLiteral("out_index");
+};
+
+const SKeys& keys()
+{
+    static const SKeys keys;
+    return keys;
+}
 
 } // namespace
 
@@ -26,20 +36,21 @@ SDocument SDocument::read(const QByteArray& text)
     const QJsonObject root = QJsonDocument::fromJson(text).object();
     SDocument document;
 
-    const QJsonArray nodes = root.value(nodesKey).toArray();
+    const QJsonArray nodes = root.value(keys().nodes).toArray();
     document.nodes.reserve(std::size_t(nodes.size()));
     for (const QJsonValue& value : nodes) {
         const QJsonObject node = value.toObject();
         document.nodes.push_back(
-            {node.value(idKey).toString(), node.value(modelKey).toObject().value(nameKey).toString()});
+            {node.value(keys().id).toString(), node.value(keys().model).toObject().value(keys().name).toString()});
     }
 
-    const QJsonArray connections = root.value(connectionsKey).toArray();
+    const QJsonArray connections = root.value(keys().connections).toArray();
     document.connections.reserve(std::size_t(connections.size()));
     for (const QJsonValue& value : connections) {
         const QJsonObject connection = value.toObject();
-        document.connections.push_back({connection.value(inIdKey).toString(), connection.value(inIndexKey).toInt(),
-                                        connection.value(outIdKey).toString(), connection.value(outIndexKey).toInt()});
+        document.connections.push_back(
+            {connection.value(keys().inId).toString(), connection.value(keys().inIndex).toInt(),
+             connection.value(keys().outId).toString(), connection.value(keys().outIndex).toInt()});
     }
     return document;
 }
@@ -47,14 +58,25 @@ SDocument SDocument::read(const QByteArray& text)
 QByteArray SDocument::write() const
 {
     QJsonArray nodeArray;
-    for (const SNode& node : nodes)
-        nodeArray.append(QJsonObject{{idKey, node.id}, {modelKey, QJsonObject{{nameKey, node.model}}}});
+    for (const SNode& node : nodes) {
+        QJsonObject model;
+        model.insert(keys().name, node.model);
+        QJsonObject object;
+        object.insert(keys().id, node.id);
+        object.insert(keys().model, model);
+        nodeArray.append(object);
+    }
     QJsonArray connectionArray;
     for (const SConnection& connection : connections) {
-        connectionArray.append(QJsonObject{{inIdKey, connection.inId},
-                                           {inIndexKey, connection.inIndex},
-                                           {outIdKey, connection.outId},
-                                           {outIndexKey, connection.outIndex}});
+        QJsonObject object;
+        object.insert(keys().inId, connection.inId);
+        object.insert(keys().inIndex, connection.inIndex);
+        object.insert(keys().outId, connection.outId);
+        object.insert(keys().outIndex, connection.outIndex);
+        connectionArray.append(object);
     }
-    return QJsonDocument(QJsonObject{{nodesKey, nodeArray}, {connectionsKey, connectionArray}}).toJson();
+    QJsonObject root;
+    root.insert(keys().nodes, nodeArray);
+    root.insert(keys().connections, connectionArray);
+    return QJsonDocument(root).toJson();
 }

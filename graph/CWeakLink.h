@@ -64,15 +64,6 @@ public:
     T* get() const { return m_object; }
     T*& object() { return m_object; }
 
-    /// Whether at least \a count links that were made before this one still point at its target.
-    bool hasOlder(int count) const
-    {
-        const CWeakLink* link = m_next;
-        for (int older = 1; older < count && link; ++older)
-            link = link->m_next;
-        return link != nullptr;
-    }
-
     /// The object whose anchor holds the link; null if there is none.
     T* target() const { return m_target; }
 
