@@ -19,9 +19,9 @@ namespace {
 
 struct SSubject
 {
-    const char* name;
+    const char* name = nullptr;
     SShape shape;
-    bool converts;
+    bool converts = false;
 };
 
 CNodeDataPtr pass(CNodeDataPtr data)

@@ -521,7 +521,7 @@ void tst_CNodeBase::connectionInAnothersPlaceIsNotServed()
         connections[position].emplace(*sink, 0, *source, 0, NodeDataConverter());
         enter(*connections[position]);
     };
-    for (const std::size_t position : {0, 1}) {
+    for (std::size_t position = 0; position < 2; ++position) {
         connectTo(position, sinks[position]);
         sinks[position].model->onSetInData = [&, other = 1 - position](const CNodeDataPtr& data, NodePortIndex) {
             if (data)
