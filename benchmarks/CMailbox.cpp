@@ -34,11 +34,14 @@ void CMailbox::push(CNodeDataPtr data)
 
 void CMailbox::open()
 {
+    bool isFull = false;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         m_isOpen = true;
+        isFull = !m_slot.isNull();
     }
-    m_wakeUp.notify_one();
+    if (isFull)
+        m_wakeUp.notify_one();
 }
 
 void CMailbox::run()

@@ -78,7 +78,7 @@ void CRatioTable::print(std::ostream& out) const
         const double measured = valueOf(row.measured, row.counter);
         double floor = 0;
         for (const std::string& name : row.floors)
-            floor += valueOf(name, row.counter);
+            floor += valueOf(name, row.floorCounter);
 
         const bool isRatio = !row.floors.empty();
         const bool hasTarget = std::isfinite(row.target);

@@ -16,6 +16,8 @@ namespace Counters {
 constexpr const char* time = "time"; // seconds per item
 constexpr const char* p50 = "p50";   // seconds
 constexpr const char* p99 = "p99";   // seconds
+constexpr const char* floorP50 = "floor p50";
+constexpr const char* floorP99 = "floor p99";
 constexpr const char* bytes = "bytes";
 constexpr const char* allocations = "allocations";
 } // namespace Counters
@@ -28,6 +30,7 @@ struct SRatioRow
     std::vector<std::string> floors; ///< None: the measured value itself is held against the target.
     double target = none;            ///< The largest ratio that will do; none if it is there to compare with.
     const char* counter = Counters::time;
+    const char* floorCounter = counter; ///< Another one where a benchmark measures its floor itself.
 
     static constexpr double none = std::numeric_limits<double>::infinity();
 };

@@ -4,6 +4,7 @@
 // A frame's way from another thread through a source and a sink, against one queued signal.
 
 #include "CFrame.h"
+#include "CSignalGraph.h"
 #include "Measuring.h"
 #include "models/ASinkNodeDataModel.h"
 #include "models/ASourceNodeDataModel.h"
@@ -41,29 +42,45 @@ public:
     bool isUnique() override { return false; }
 };
 
-/// From the proxy of a source to that of a sink.
-class CGraphWay
+/// From a source to the proxy of a sink.
+class CGraph
 {
 public:
-    CGraphWay()
+    CGraph()
         : m_scene(nullptr, nullptr)
     {
         auto entry = std::make_unique<CEntry>();
         auto exit = std::make_unique<CExit>();
-        m_entry = entry->getDataFlowProxy();
+        source = entry.get();
         QObject::connect(exit->getDataFlowProxy().data(), &CNodeDataFlowProxy::newDataAvailable, &m_scene,
                          [this] { ++received; });
-        CNodeBase& source = m_scene.createNode(std::move(entry));
-        m_scene.createConnection(m_scene.createNode(std::move(exit)), 0, source, 0, {});
+        CNodeBase& node = m_scene.createNode(std::move(entry));
+        m_scene.createConnection(m_scene.createNode(std::move(exit)), 0, node, 0, {});
     }
 
-    void send(const CNodeDataPtr& frame) { m_entry->setData(frame); }
-
+    CEntry* source = nullptr;
     int received = 0;
 
 private:
     CNodeScene m_scene;
-    CNodeDataFlowProxy* m_entry;
+};
+
+class CProxyWay : public CGraph
+{
+public:
+    void send(const CNodeDataPtr& frame) { m_proxy.setData(frame); }
+
+private:
+    CNodeDataFlowProxy& m_proxy = *source->getDataFlowProxy();
+};
+
+class CEntryWay : public CGraph
+{
+public:
+    void send(const CNodeDataPtr& frame) { m_entry.setData(frame); }
+
+private:
+    const CNodeDataEntry m_entry = source->dataEntry();
 };
 
 /// The floor: one queued signal.
@@ -81,6 +98,29 @@ public:
 
 private:
     QObject m_receiver;
+    CNodeDataFlowProxy m_sender;
+};
+
+/// The floor, and behind it a walk of the floor F2 through the models of a source and a sink.
+class CSignalsWay
+{
+public:
+    CSignalsWay()
+    {
+        QObject::connect(&m_sender, &CNodeDataFlowProxy::newDataAvailable, &m_receiver,
+                         [this](const CNodeDataPtr& data) {
+                             m_graph.walk(data);
+                             ++received;
+                         });
+    }
+
+    void send(const CNodeDataPtr& frame) { m_sender.setData(frame); }
+
+    int received = 0;
+
+private:
+    QObject m_receiver;
+    CSignalGraph<SPlainConnection> m_graph{SShape::chain(2)};
     CNodeDataFlowProxy m_sender;
 };
 
@@ -112,5 +152,9 @@ std::string addBatch(const std::string& name)
 void registerThreads(CRatioTable& table)
 {
     const std::string floor = addBatch<CSignalWay>("setData/queued signal");
-    table.add({"setData() in another thread to the sink", addBatch<CGraphWay>("setData/Halvex"), {floor}, 1.2});
+    const std::string proxy = addBatch<CProxyWay>("setData/proxy");
+    table.add({"setData() in another thread to the sink", proxy, {floor}, 1.2});
+    table.add({"the same through an entry", addBatch<CEntryWay>("setData/entry"), {floor}, 1.2});
+    const std::string walk = addBatch<CSignalsWay>("setData/queued signal and F2");
+    table.add({"the same through the proxy, against a queued signal and F2", proxy, {walk}});
 }
