@@ -9,6 +9,8 @@
 #include <QMutex>
 #include <QMutexLocker>
 
+#include <utility>
+
 namespace Plugin {
 namespace Halvex {
 
@@ -28,7 +30,8 @@ public:
             return false;
         // The call holds a copy, so that the last pointer, and with it foreign code, never goes under the mutex.
         QMetaObject::invokeMethod(
-            m_proxy, [proxy = m_proxy, data] { proxy->setData(data); }, Qt::QueuedConnection);
+            m_proxy, [proxy = m_proxy, copy = data]() mutable { proxy->setData(std::move(copy)); },
+            Qt::QueuedConnection);
         return true;
     }
 
