@@ -18,6 +18,10 @@ class CGraphOwner
 public:
     static CWeakAnchor<CNodeBase>& ends(CNodeBase& node) { return node.m_ends; }
 
+    /// What the node lies in, and is looked up in; null once it was taken out.
+    static const void* owner(const CNodeBase& node) { return node.m_owner; }
+    static void setOwner(CNodeBase& node, const void* owner) { node.m_owner = owner; }
+
     /// Whether the removal of a node or a connection has begun; a second request then finds nothing to do.
     static bool isLeaving(const CNodeBase& node) { return node.m_isLeaving; }
     static bool isLeaving(const CNodeConnection& connection) { return connection.m_isLeaving; }

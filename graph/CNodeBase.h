@@ -98,6 +98,7 @@ private:
     mutable CNodeVisit* m_visit = nullptr; // the innermost stretch of code that stands here
     mutable quint64 m_dropsBefore = 0;
     CNodeState m_state;
+    const void* m_owner = nullptr; // the scene that has the node in its table
     bool m_isLeaving = false;
     bool m_isClosed = false;
     bool m_isRetired = false;

@@ -8,8 +8,8 @@
 #include "graph/LoggingCategory_p.h"
 #include "graph/Swallow_p.h"
 
-#include <QPointer>
 #include <QScopeGuard>
+#include <QVarLengthArray>
 
 #include <algorithm>
 #include <exception>
@@ -78,20 +78,27 @@ class CNodeScene::CNesting
 {
 public:
     explicit CNesting(CNodeScene& scene)
-        : m_scene(&scene)
+        : m_scene(scene)
+        , m_guard(&scene, scene.m_guards)
     {
         ++scene.m_depth;
     }
     ~CNesting()
     {
-        if (CNodeScene* const scene = m_scene)
-            --scene->m_depth;
+        if (m_guard.get())
+            --m_scene.m_depth;
     }
     Q_DISABLE_COPY(CNesting)
 
 private:
-    QPointer<CNodeScene> m_scene;
+    CNodeScene& m_scene;
+    const Guard m_guard;
 };
+
+void CNodeScene::SRetire::operator()(CNodeBase* node) const
+{
+    CGraphOwner::retire(std::unique_ptr<CNodeBase>(node));
+}
 
 CNodeScene::CNodeScene(Core::AppCoreComponents::BaseInfoPtr info, QObject* parent)
     : CNodeScene(nullptr, std::move(info), parent)
@@ -131,11 +138,11 @@ CNodeScene::~CNodeScene()
 CNodeBase& CNodeScene::createNode(std::unique_ptr<CNodeDataModel>&& model)
 {
     std::unique_ptr<CNodeDataModel> taken = std::move(model);
-    const QPointer<CNodeScene> self(this);
+    const Guard self(this, m_guards);
     if (taken)
         taken->setInfo(m_info);
     auto node = std::make_unique<CNodeBase>(std::move(taken)); // asks the model for its ports
-    return self ? addNode(std::move(node)) : noNode();
+    return self.get() ? addNode(std::move(node)) : noNode();
 }
 
 CNodeBase& CNodeScene::noNode()
@@ -154,9 +161,9 @@ std::shared_ptr<CNodeConnection> CNodeScene::createConnection(CNodeBase& nodeIn,
     // Copying what a converter captured may do anything, so it comes before anything is checked.
     const CNodeVisit visitIn(nodeIn);
     const CNodeVisit visitOut(nodeOut);
-    const QPointer<CNodeScene> self(this);
+    const Guard self(this, m_guards);
     NodeDataConverter copy = converter;
-    if (!self || visitIn.isOver() || visitOut.isOver())
+    if (!self.get() || visitIn.isOver() || visitOut.isOver())
         return nullptr;
     if (!canConnect(nodeIn, ENodePortType::In, portIndexIn) || !canConnect(nodeOut, ENodePortType::Out, portIndexOut))
         return nullptr;
@@ -166,7 +173,7 @@ std::shared_ptr<CNodeConnection> CNodeScene::createConnection(CNodeBase& nodeIn,
     nodeOut.nodeState().setConnection(ENodePortType::Out, portIndexOut, *connection);
 
     nodeOut.onDataUpdated(portIndexOut);
-    if (!self || !isWhole(*connection))
+    if (!self.get() || !isWhole(*connection))
         return nullptr;
     return addConnection(std::move(connection));
 }
@@ -197,7 +204,7 @@ void CNodeScene::removeConnection(CNodeConnection& connection, EIfThrown ifThrow
     operate([&] {
         std::shared_ptr<CNodeConnection> kept = found->second;
         CLeavingMark<CNodeConnection> mark(connection);
-        const QPointer<CNodeScene> self(this);
+        const Guard self(this, m_guards);
         const auto takeApart = [&] {
             mark.keep();
             connection.removeFromNodes();
@@ -207,11 +214,11 @@ void CNodeScene::removeConnection(CNodeConnection& connection, EIfThrown ifThrow
         try {
             tell([this, &connection] { Q_EMIT connectionDeleted(connection); });
         } catch (...) {
-            if (self && ifThrown == EIfThrown::Goes)
+            if (self.get() && ifThrown == EIfThrown::Goes)
                 takeApart();
             throw;
         }
-        if (self)
+        if (self.get())
             takeApart();
     });
 }
@@ -297,13 +304,16 @@ CNodeBase& CNodeScene::addNode(std::unique_ptr<CNodeBase> node)
 
     CNodeBase& added = *node;
     const CNodeVisit visit(added);
-    const QPointer<CNodeScene> self(this);
+    const Guard self(this, m_guards);
 
     std::swap(m_nodes[added.id()], node);
-    if (node)
+    CGraphOwner::setOwner(added, this);
+    if (node) {
+        CGraphOwner::setOwner(*node, nullptr);
         CGraphOwner::retire(std::move(node));
-    if (!self || !holds(added))
-        return noNode();
+        if (!self.get() || !holds(added))
+            return noNode();
+    }
 
     const bool isOpen = announce([this, &added] { Q_EMIT nodeCreated(added); });
     return isOpen && holds(added) ? added : noNode();
@@ -327,9 +337,9 @@ std::unordered_map<Core::CId, std::unique_ptr<CNodeBase>>::iterator CNodeScene::
                         [&node](const auto& entry) { return entry.second.get() == &node; });
 }
 
-bool CNodeScene::holds(const CNodeBase& node)
+bool CNodeScene::holds(const CNodeBase& node) const
 {
-    return find(node) != m_nodes.end();
+    return CGraphOwner::owner(node) == this;
 }
 
 bool CNodeScene::isOpen(const CNodeBase& node)
@@ -355,15 +365,11 @@ void CNodeScene::takeOut(CNodeBase& node)
     const auto found = find(node);
     std::unique_ptr<CNodeBase> taken = std::move(found->second);
     m_nodes.erase(found);
-    if (m_depth == 0) {
-        CGraphOwner::retire(std::move(taken));
-        return;
-    }
-
+    CGraphOwner::setOwner(node, nullptr);
+    std::unique_ptr<CNodeBase, SRetire> last(taken.release());
     // Its connections wait in the queue, and their handlers are still to see them with both ends.
-    std::shared_ptr<CNodeBase> last(
-        taken.release(), [](CNodeBase* leaving) { CGraphOwner::retire(std::unique_ptr<CNodeBase>(leaving)); });
-    m_deferred.emplace_back([last = std::move(last)]() mutable { last.reset(); });
+    if (m_depth > 0)
+        m_deferred.push_back({std::move(last), {}});
 }
 
 bool CNodeScene::forEachNode(const std::function<void(CNodeBase*)>& visitor) const
@@ -374,13 +380,13 @@ bool CNodeScene::forEachNode(const std::function<void(CNodeBase*)>& visitor) con
     for (const auto& entry : m_nodes)
         present.emplace_back(entry.first, entry.second.get());
 
-    const QPointer<const CNodeScene> self(this);
+    const Guard self(this, m_guards);
     for (const auto& entry : present) {
         const auto found = m_nodes.find(entry.first);
         if (found == m_nodes.end() || found->second.get() != entry.second)
             continue;
         visitor(entry.second);
-        if (!self)
+        if (!self.get())
             return false;
     }
     return true;
@@ -398,16 +404,16 @@ void CNodeScene::tell(const Signal& signal)
 template <typename Work>
 bool CNodeScene::operate(const Work& work)
 {
-    const QPointer<CNodeScene> self(this);
+    const Guard self(this, m_guards);
     CFirstException exception;
     exception.attempt([&] {
         const CNesting nesting(*this);
         work();
     });
-    if (self)
+    if (self.get())
         exception.attempt([this] { runDeferred(); });
     exception.rethrow();
-    return !self.isNull();
+    return self.get() != nullptr;
 }
 
 template <typename Signal>
@@ -419,46 +425,53 @@ bool CNodeScene::announce(const Signal& signal)
 bool CNodeScene::deferDeletion(const Core::CId& id)
 {
     // By id and not by reference: until its turn comes, somebody else may have deleted the connection.
-    m_deferred.emplace_back([this, id] {
-        const auto found = m_connections.find(id);
-        if (found != m_connections.end())
-            removeConnection(*found->second, EIfThrown::Goes);
-    });
+    m_deferred.push_back({nullptr, id});
     return runDeferred();
 }
 
 bool CNodeScene::runDeferred()
 {
-    if (m_depth > 0)
+    if (m_depth > 0 || m_deferred.empty())
         return true;
 
     // Nested, so that an action's own operations leave the queue to this loop: the stack stays flat however long the
     // queue is.
-    const QPointer<CNodeScene> self(this);
+    const Guard self(this, m_guards);
     CFirstException exception;
     {
         const CNesting nesting(*this);
-        while (self && !m_deferred.empty()) {
-            const std::function<void()> action = std::move(m_deferred.front());
+        while (self.get() && !m_deferred.empty()) {
+            SDeferred action = std::move(m_deferred.front());
             m_deferred.pop_front();
-            exception.attempt(action);
+            exception.attempt([this, &action] { perform(action); });
         }
     }
     exception.rethrow();
-    return !self.isNull();
+    return self.get() != nullptr;
+}
+
+void CNodeScene::perform(SDeferred& action)
+{
+    if (action.node) {
+        action.node.reset();
+        return;
+    }
+    const auto found = m_connections.find(action.connection);
+    if (found != m_connections.end())
+        removeConnection(*found->second, EIfThrown::Goes);
 }
 
 bool CNodeScene::deleteConnectionsOf(const CNodeBase& node)
 {
-    std::vector<Core::CId> ids;
+    QVarLengthArray<Core::CId, 8> ids;
     for (const ENodePortType side : {ENodePortType::In, ENodePortType::Out}) {
         for (const CNodeState::Connections& port : node.nodeState().getEntries(side)) {
             for (const auto& entry : port)
-                ids.push_back(entry.first);
+                ids.append(entry.first);
         }
     }
 
-    for (const Core::CId& id : ids) {
+    for (const Core::CId& id : qAsConst(ids)) {
         if (!deferDeletion(id))
             return false;
     }

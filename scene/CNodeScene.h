@@ -5,6 +5,7 @@
 
 #include "graph/CNodeBase.h"
 #include "graph/CNodeConnection.h"
+#include "graph/CWeakLink.h"
 #include "platform/CId.h"
 #include "platform/IBaseInfo.h"
 #include "scene/CNodeDataModelRegistry.h"
@@ -161,6 +162,18 @@ private:
     friend class CNodeService;
     friend class CSceneInspector;
     class CNesting;
+    using Guard = CWeakLink<const CNodeScene>; // null once foreign code has destroyed the scene
+
+    /// What waits in the queue: the deletion of a connection, or the end of a node that was taken out.
+    struct SRetire
+    {
+        void operator()(CNodeBase* node) const;
+    };
+    struct SDeferred
+    {
+        std::unique_ptr<CNodeBase, SRetire> node;
+        Core::CId connection; // if there is no node
+    };
 
     // What loadFromMemory() does with a document that needs no reading: the service's, of an import.
     void load(const QJsonObject& root);
@@ -173,7 +186,7 @@ private:
     std::shared_ptr<CNodeConnection> addConnection(std::shared_ptr<CNodeConnection> connection);
 
     std::unordered_map<Core::CId, std::unique_ptr<CNodeBase>>::iterator find(const CNodeBase& node);
-    bool holds(const CNodeBase& node);
+    bool holds(const CNodeBase& node) const;
     static bool isOpen(const CNodeBase& node);
     static bool isWhole(const CNodeConnection& connection);
     bool canConnect(const CNodeBase& node, ENodePortType portType, int portIndex) const;
@@ -200,6 +213,7 @@ private:
     bool announce(const Signal& signal);
     bool deferDeletion(const Core::CId& id);
     bool runDeferred();
+    void perform(SDeferred& action);
     bool deleteConnectionsOf(const CNodeBase& node);
 
     std::unordered_map<Core::CId, std::shared_ptr<CNodeConnection>> m_connections;
@@ -207,7 +221,8 @@ private:
     std::shared_ptr<CNodeDataModelRegistry> m_registry;
     Core::AppCoreComponents::BaseInfoPtr m_info;
     unsigned int m_depth = 0;
-    std::deque<std::function<void()>> m_deferred;
+    mutable CWeakAnchor<const CNodeScene> m_guards;
+    std::deque<SDeferred> m_deferred;
     bool m_isClosing = false; // in its destructor
     bool m_isClosed = false;  // in its destructor, with all signals sent
 };

@@ -10,7 +10,6 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QPointer>
 
 #include <stdexcept>
 #include <string>
@@ -35,7 +34,7 @@ bool isUnique(const QJsonObject& modelJson)
 QByteArray CNodeScene::saveToMemory() const
 {
     // What save() of a model does is up to the model: the tables are not iterated while it runs.
-    const QPointer<const CNodeScene> self(this);
+    const Guard self(this, m_guards);
     QJsonArray nodes;
     std::vector<std::shared_ptr<CNodeConnection>> present;
     if (forEachNode([&nodes](const CNodeBase* node) { nodes.append(node->save()); })) {
@@ -46,7 +45,7 @@ QByteArray CNodeScene::saveToMemory() const
 
     QJsonArray connections;
     for (const auto& connection : present) {
-        if (!self || m_connections.count(connection->id()) == 0)
+        if (!self.get() || m_connections.count(connection->id()) == 0)
             continue;
         const QJsonObject json = connection->save();
         if (!json.isEmpty())
@@ -62,7 +61,7 @@ void CNodeScene::loadFromMemory(const QByteArray& data)
 
 void CNodeScene::load(const QJsonObject& root)
 {
-    const QPointer<CNodeScene> self(this);
+    const Guard self(this, m_guards);
 
     const QJsonArray nodes = root.value(DocumentKeys::nodes).toArray();
     for (const QJsonValue& json : nodes) {
@@ -71,14 +70,14 @@ void CNodeScene::load(const QJsonObject& root)
         // A unique model is only ever matched against a node that is here already, and nobody asks which.
         if (!isUnique(modelJson))
             makeNode(nodeJson, modelJson);
-        if (!self)
+        if (!self.get())
             return;
     }
 
     const QJsonArray connections = root.value(DocumentKeys::connections).toArray();
     for (const QJsonValue& json : connections) {
         restoreConnection(json.toObject());
-        if (!self)
+        if (!self.get())
             return;
     }
 }
@@ -103,20 +102,20 @@ std::shared_ptr<CNodeConnection> CNodeScene::restoreConnection(const QJsonObject
 
 CNodeBase& CNodeScene::makeNode(const QJsonObject& nodeJson, const QJsonObject& modelJson)
 {
-    const QPointer<CNodeScene> self(this);
+    const Guard self(this, m_guards);
     const QString name = modelJson.value(DocumentKeys::name).toString();
     // A share of the registry, because the creator may give the scene another one.
     const std::shared_ptr<CNodeDataModelRegistry> registry = m_registry;
     std::unique_ptr<CNodeDataModel> model = registry ? registry->create(name) : nullptr;
     if (!model)
         throw std::logic_error("No registered model with name " + name.toLocal8Bit().toStdString());
-    if (!self)
+    if (!self.get())
         return noNode();
 
     model->setInfo(m_info);
     auto node = std::make_unique<CNodeBase>(std::move(model));
     node->restore(nodeJson);
-    return self ? addNode(std::move(node)) : noNode();
+    return self.get() ? addNode(std::move(node)) : noNode();
 }
 
 CNodeBase& CNodeScene::findUnique(const QString& modelName)
