@@ -89,7 +89,7 @@ QJsonObject CNodeBase::save() const
 void CNodeBase::restore(const QJsonObject& json)
 {
     const CNodeVisit visit(*this);
-    m_id = Core::CId(json.value(DocumentKeys::id).toString().toLocal8Bit().constData());
+    m_id = Core::CId(json.value(DocumentKeys::id).toString().toLatin1().constData());
     if (m_model)
         m_model->restore(json.value(DocumentKeys::model).toObject());
 }

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <QByteArray>
+#include <QLatin1String>
 #include <QRandomGenerator>
 #include <QString>
 #include <QUuid>
@@ -41,7 +41,7 @@ public:
 
     /// Reads the text form. Null, and text that is no id, give no id.
     explicit CId(const char* text)
-        : m_uuid(read(QByteArray::fromRawData(text, int(qstrlen(text)))))
+        : m_uuid(read(QLatin1String(text)))
     {
     }
 
@@ -91,10 +91,10 @@ private:
     }
 
     // QUuid's own reader ignores what follows the last digit; an identifier with a tail is no id.
-    static QUuid read(const QByteArray& text)
+    static QUuid read(QLatin1String text)
     {
-        const bool braced = text.size() == 38 && text.startsWith('{') && text.endsWith('}');
-        return braced || text.size() == 36 ? QUuid(text) : QUuid();
+        const bool braced = text.size() == 38 && text.front() == QLatin1Char('{') && text.back() == QLatin1Char('}');
+        return braced || text.size() == 36 ? QUuid::fromString(text) : QUuid();
     }
 
     QUuid m_uuid;

@@ -133,7 +133,7 @@ CNodeBase& CNodeScene::findUnique(const QString& modelName)
 
 CNodeBase* CNodeScene::findNode(const QJsonValue& id) const
 {
-    const auto found = m_nodes.find(Core::CId(id.toString().toLocal8Bit().constData()));
+    const auto found = m_nodes.find(Core::CId(id.toString().toLatin1().constData()));
     return found == m_nodes.end() ? nullptr : found->second.get();
 }
 
