@@ -20,7 +20,14 @@ public:
 
     /// What the node lies in, and is looked up in; null once it was taken out.
     static const void* owner(const CNodeBase& node) { return node.m_owner; }
-    static void setOwner(CNodeBase& node, const void* owner) { node.m_owner = owner; }
+    static void setOwner(CNodeBase& node, const void* owner, quint64 entry)
+    {
+        node.m_owner = owner;
+        node.m_entry = entry;
+    }
+
+    /// Its number there: one that came in later has a higher one.
+    static quint64 entry(const CNodeBase& node) { return node.m_entry; }
 
     /// Whether the removal of a node or a connection has begun; a second request then finds nothing to do.
     static bool isLeaving(const CNodeBase& node) { return node.m_isLeaving; }

@@ -99,6 +99,7 @@ private:
     mutable quint64 m_dropsBefore = 0;
     CNodeState m_state;
     const void* m_owner = nullptr; // the scene that has the node in its table
+    quint64 m_entry = 0;           // its number among those that came in there
     bool m_isLeaving = false;
     bool m_isClosed = false;
     bool m_isRetired = false;

@@ -307,9 +307,9 @@ CNodeBase& CNodeScene::addNode(std::unique_ptr<CNodeBase> node)
     const Guard self(this, m_guards);
 
     std::swap(m_nodes[added.id()], node);
-    CGraphOwner::setOwner(added, this);
+    CGraphOwner::setOwner(added, this, ++m_entries);
     if (node) {
-        CGraphOwner::setOwner(*node, nullptr);
+        CGraphOwner::setOwner(*node, nullptr, 0);
         CGraphOwner::retire(std::move(node));
         if (!self.get() || !holds(added))
             return noNode();
@@ -365,7 +365,7 @@ void CNodeScene::takeOut(CNodeBase& node)
     const auto found = find(node);
     std::unique_ptr<CNodeBase> taken = std::move(found->second);
     m_nodes.erase(found);
-    CGraphOwner::setOwner(node, nullptr);
+    CGraphOwner::setOwner(node, nullptr, 0);
     std::unique_ptr<CNodeBase, SRetire> last(taken.release());
     // Its connections wait in the queue, and their handlers are still to see them with both ends.
     if (m_depth > 0)
@@ -374,18 +374,20 @@ void CNodeScene::takeOut(CNodeBase& node)
 
 bool CNodeScene::forEachNode(const std::function<void(CNodeBase*)>& visitor) const
 {
-    // The visitor may change the table: it is given what was there at the start and is there at its turn.
-    std::vector<std::pair<Core::CId, CNodeBase*>> present;
+    // The visitor may change the table: it is given what was there at the start and is there at its turn. Not by the
+    // address: a node that a document puts in another's place may come to lie where that one lay.
+    const quint64 last = m_entries;
+    std::vector<Core::CId> present;
     present.reserve(m_nodes.size());
     for (const auto& entry : m_nodes)
-        present.emplace_back(entry.first, entry.second.get());
+        present.push_back(entry.first);
 
     const Guard self(this, m_guards);
-    for (const auto& entry : present) {
-        const auto found = m_nodes.find(entry.first);
-        if (found == m_nodes.end() || found->second.get() != entry.second)
+    for (const Core::CId& id : present) {
+        const auto found = m_nodes.find(id);
+        if (found == m_nodes.end() || CGraphOwner::entry(*found->second) > last)
             continue;
-        visitor(entry.second);
+        visitor(found->second.get());
         if (!self.get())
             return false;
     }

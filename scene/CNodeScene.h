@@ -221,6 +221,7 @@ private:
     std::shared_ptr<CNodeDataModelRegistry> m_registry;
     Core::AppCoreComponents::BaseInfoPtr m_info;
     unsigned int m_depth = 0;
+    quint64 m_entries = 0; // the number of the last node that came in
     mutable CWeakAnchor<const CNodeScene> m_guards;
     std::deque<SDeferred> m_deferred;
     bool m_isClosing = false; // in its destructor

@@ -251,6 +251,7 @@ private Q_SLOTS:
     void tenMegabytes();
 
     void presentNodeIsReplaced();
+    void replacedNodeIsNotVisited();
     void loadingTwice();
 
     void handlerOfNodeCreated_data();
@@ -977,6 +978,24 @@ void tst_SceneDocument::tenMegabytes()
     QCOMPARE(world.scene->connections().size(), std::size_t(count));
     QCOMPARE(contentsOf(world.scene->saveToMemory()), contentsOf(document));
     QCOMPARE(inconsistencyOf(*world.scene), QString());
+}
+
+void tst_SceneDocument::replacedNodeIsNotVisited()
+{
+    CWorld world;
+    world.load(chainNodes(), {});
+    int visits = 0;
+    world.scene->iterateOverNodes([&](CNodeBase* visited) {
+        ++visits;
+        for (const QString& id : {idA, idB, idC}) {
+            const Core::CId key(qPrintable(id));
+            // Sooner or later one comes to lie where the first one lay.
+            for (int i = 0; i < 10 && visited->id() != key; ++i)
+                world.scene->restoreNode(nodeJson(id));
+        }
+    });
+    QCOMPARE(visits, 1);
+    QCOMPARE(world.scene->nodes().size(), std::size_t(3));
 }
 
 void tst_SceneDocument::presentNodeIsReplaced()
