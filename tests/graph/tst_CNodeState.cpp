@@ -79,6 +79,7 @@ private Q_SLOTS:
     void erasingTakesOneEntryOut();
     void erasingWhatIsNotThereChangesNothing();
     void missingPortIsNeitherSetNorErased();
+    void portWithManyConnectionsHasBucketsForThem();
     void connectionsAreACopy();
     void copyIsIndependent();
     void assignedCopyIsIndependent();
@@ -265,6 +266,24 @@ void tst_CNodeState::missingPortIsNeitherSetNorErased()
     QCOMPARE(state.connections(Out, 0).size(), std::size_t(1));
     QVERIFY(state.getEntries(None).empty());
     QCOMPARE(messages.texts(), QStringList());
+}
+
+void tst_CNodeState::portWithManyConnectionsHasBucketsForThem()
+{
+    CNodeState state = makeState(1, 1);
+    const CNodeState::Connections& port = std::as_const(state).getEntries(Out)[0];
+    // A port that was emptied fills up as a new one does.
+    for (int round = 0; round < 2; ++round) {
+        std::vector<SLooseConnection> loose(100);
+        for (SLooseConnection& each : loose) {
+            state.setConnection(Out, 0, *each.connection);
+            if (port.size() > 12) // fewer share one that costs no memory
+                QVERIFY2(port.load_factor() <= 1, qPrintable(QString::number(port.size())));
+        }
+        for (const SLooseConnection& each : loose)
+            state.eraseConnection(Out, 0, each.connection->id());
+        QVERIFY(port.empty());
+    }
 }
 
 void tst_CNodeState::connectionsAreACopy()
@@ -462,6 +481,7 @@ void tst_CNodeState::destroyedConnectionIsNeverUsed()
     QVERIFY(holder.outputs().empty());
     QVERIFY(CNodeState(holder->nodeState()).connections(Out, 0).empty());
     holder.model->offer(CTestData::make(2));
+    holder->propagateData(CTestData::make(4), 0);
     if (!std::as_const(*source).nodeState().getEntries(Out).empty())
         source.model->offer(CTestData::make(3));
     QVERIFY(sink.model->received.empty());
@@ -487,6 +507,7 @@ void tst_CNodeState::connectionInAnothersPlaceIsNotTakenForIt()
     QCOMPARE(&*loose.connection, place);
     QVERIFY(holder.outputs().empty());
     holder.model->offer(CTestData::make(2));
+    holder->propagateData(CTestData::make(3), 0);
     QVERIFY(loose.sink.model->received.empty());
 }
 
