@@ -36,8 +36,8 @@ public:
 private:
     [[gnu::cold]] bool isFound(const CNodeConnection* connection) const
     {
-        return CLiveObjects::contains(connection, CLiveObjects::EKind::Connection) &&
-               connection->m_number <= m_lastNumber;
+        return CLiveObjects::contains(connection, CLiveObjects::EKind::Connection,
+                                      [&] { return connection->m_number <= m_lastNumber; });
     }
 
     static inline std::atomic<quint64> s_lastNumber{0};

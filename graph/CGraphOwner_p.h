@@ -61,12 +61,10 @@ public:
         : m_node(&node)
         , m_outer(node.m_visit)
     {
-        if (Q_LIKELY(!m_outer)) {
+        if (Q_LIKELY(!m_outer))
             node.m_dropsBefore = CStackGauge::drops();
-        } else {
-            m_stretches += m_outer->m_stretches;
+        else
             m_isOver = m_outer->m_isOver;
-        }
         node.m_visit = this;
     }
     ~CNodeVisit()
@@ -82,19 +80,18 @@ public:
     /// away may be on another stack, a coroutine's, and end before the caller does.
     static bool isFirstAndNear(const CNodeBase& node)
     {
-        const void* here; // not to be read
-        return reinterpret_cast<quintptr>(node.m_visit) - reinterpret_cast<quintptr>(&here) < fewFrames &&
-               node.m_visit->m_stretches == 1;
+        return reinterpret_cast<quintptr>(node.m_visit) - CStackGauge::position() < fewFrames &&
+               node.m_visit->m_stretches == 1 && !node.m_visit->m_outer;
     }
 
     /// Whether the code that stands here got here through this node before. A delivery and the walk that it starts are
     /// one way through it.
-    bool isRepeated() const { return m_stretches > 2; }
+    bool isRepeated() const { return Q_UNLIKELY(m_outer) && hasManyStretches(); }
 
     /// Whether this is a further round of a loop in which a delivery was dropped since it first came to this node.
     bool isRoundOfCutLoop() const
     {
-        return Q_UNLIKELY(isRepeated()) && m_node && CStackGauge::hasDroppedSince(m_node->m_dropsBefore);
+        return isRepeated() && m_node && CStackGauge::hasDroppedSince(m_node->m_dropsBefore);
     }
 
     /// True once the node was destroyed or retired.
@@ -134,10 +131,12 @@ private:
             visit->m_node = nullptr;
     }
 
+    // Counted anew each time: on the stacks of coroutines, an outer visit may end before an inner one.
+    [[gnu::cold]] bool hasManyStretches() const;
     [[gnu::cold]] void leave();
 
     const CNodeBase* m_node; // null once it was destroyed
-    int m_stretches = 1;     // that stand in the node up to this visit, inner ones included
+    int m_stretches = 1;     // the visit itself, and the one within it
     bool m_isOver = false;
     CNodeVisit* m_outer;
 };

@@ -54,11 +54,16 @@ void CLiveObjects::remove(const void* object, EKind kind) noexcept
 
 bool CLiveObjects::contains(const void* object, EKind kind)
 {
+    return contains(object, kind, [] { return true; });
+}
+
+bool CLiveObjects::contains(const void* object, EKind kind, const std::function<bool()>& isMeant)
+{
     SLiveObjects* const live = liveObjects();
     if (!live)
         return false;
     const std::lock_guard<std::mutex> lock(live->mutex);
-    return live->objects.contains(numberOf(object, kind));
+    return live->objects.contains(numberOf(object, kind)) && isMeant();
 }
 
 } // namespace Halvex

@@ -8,6 +8,7 @@
 #include <QtGlobal>
 
 #include <atomic>
+#include <functional>
 
 namespace Plugin {
 namespace Halvex {
@@ -35,6 +36,9 @@ public:
 
     /// Whether such an object is there, and not one of the other kind that came to lie where it lay.
     static bool contains(const void* object, EKind kind);
+
+    /// The same, if \a isMeant says so too: it may read the object, which cannot be destroyed meanwhile in any thread.
+    static bool contains(const void* object, EKind kind, const std::function<bool()>& isMeant);
 
     /// How many connections were removed so far. As long as that does not change, those that are there stay.
     static quint64 removals() { return s_removals.load(std::memory_order_relaxed); }

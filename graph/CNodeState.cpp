@@ -154,7 +154,7 @@ void CNodeState::expectDeadEntries()
 
 bool CNodeState::exists(const Core::CId& id, const CNodeConnection* connection)
 {
-    return CLiveObjects::contains(connection, CLiveObjects::EKind::Connection) && connection->id() == id;
+    return CLiveObjects::contains(connection, CLiveObjects::EKind::Connection, [&] { return connection->id() == id; });
 }
 
 void CNodeState::clear()

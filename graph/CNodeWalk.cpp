@@ -121,6 +121,14 @@ void CNodeConnection::propagateData(CNodeDataPtr data) const
     deliver(std::move(data));
 }
 
+bool CNodeVisit::hasManyStretches() const
+{
+    int stretches = 0;
+    for (const CNodeVisit* visit = this; visit && stretches <= 2; visit = visit->m_outer)
+        stretches += visit->m_stretches;
+    return stretches > 2;
+}
+
 void CNodeVisit::leave()
 {
     if (!m_node)

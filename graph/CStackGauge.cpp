@@ -9,6 +9,8 @@
 
 #ifdef Q_OS_LINUX
 #include <pthread.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 #endif
 
 namespace Plugin {
@@ -19,6 +21,7 @@ namespace {
 struct SBounds
 {
     bool known = false;
+    quintptr end = 0; // the first address above
     quintptr usable = 0;
     quintptr reserve = 0;
     quint64 lastDrop = 0; // the count of all drops when this thread's last one was counted
@@ -39,10 +42,16 @@ SBounds readBounds()
     std::size_t size = 0;
     if (pthread_attr_getstack(&attributes, &lowest, &size) == 0) {
         bounds.reserve = std::min(std::max(size / 8, smallestReserve), size / 2);
+        bounds.end = reinterpret_cast<quintptr>(lowest) + size;
         bounds.usable = reinterpret_cast<quintptr>(lowest) + bounds.reserve;
     }
     pthread_attr_destroy(&attributes);
     return bounds;
+}
+
+bool isMainThread()
+{
+    return syscall(SYS_gettid) == getpid();
 }
 #else
 SBounds readBounds()
@@ -51,7 +60,14 @@ SBounds readBounds()
     bounds.known = true;
     return bounds;
 }
+
+bool isMainThread()
+{
+    return false; // its bounds are not known either
+}
 #endif
+
+constexpr quintptr greatestMainExtent = quintptr(1) << 30;
 
 thread_local SBounds t_bounds;
 
@@ -69,16 +85,17 @@ quint64 CStackGauge::lastDropHere()
     return t_bounds.lastDrop;
 }
 
-bool CStackGauge::hasReserve(EFor purpose, quintptr position)
+bool CStackGauge::hasRoomAt(quintptr position, EFor purpose)
 {
     if (!t_bounds.known) {
         t_bounds = readBounds();
-        s_lowest = t_bounds.usable;
-        return hasRoom(purpose);
+        // A stack without a limit reaches down to where other threads have theirs.
+        if (isMainThread())
+            s_mainLowest = t_bounds.end - std::min(t_bounds.end - t_bounds.usable, greatestMainExtent);
     }
-    const quintptr depthInReserve = t_bounds.usable - position;
+    const quintptr depthInReserve = t_bounds.usable - position; // a huge one above the reserve
     if (depthInReserve > t_bounds.reserve)
-        return true; // another stack
+        return true; // with room, or on another stack
     return purpose == EFor::Update && depthInReserve <= t_bounds.reserve / 2;
 }
 

@@ -31,9 +31,8 @@ public:
 
     static bool hasRoom(EFor purpose)
     {
-        const void* here; // not to be read
-        const auto position = reinterpret_cast<quintptr>(&here);
-        return Q_LIKELY(position >= s_lowest) || hasReserve(purpose, position);
+        const quintptr here = position();
+        return Q_LIKELY(here >= s_mainLowest.load(std::memory_order_relaxed)) || hasRoomAt(here, purpose);
     }
 
     /// Says that a delivery was dropped in this thread.
@@ -49,14 +48,27 @@ public:
         return drops() != before && lastDropHere() > before;
     }
 
+    /// Where the caller stands on its stack, as an address.
+    static quintptr position()
+    {
+        // The address of a local costs less than that of the frame, but a sanitizer may keep locals elsewhere.
+#if defined(__SANITIZE_ADDRESS__) || defined(__clang__)
+        return reinterpret_cast<quintptr>(__builtin_frame_address(0));
+#else
+        const void* here; // not to be read
+        return reinterpret_cast<quintptr>(&here);
+#endif
+    }
+
 private:
-    [[gnu::cold]] static bool hasReserve(EFor purpose, quintptr position);
+    static bool hasRoomAt(quintptr position, EFor purpose);
     static quint64 lastDropHere();
 
-    // Where a delivery may begin in this thread, at the lowest: a stack grows downwards, and what is above is on
-    // another one. The highest address as long as nobody asked. Every delivery reads it: with the other models of
-    // thread-local storage, through a call.
-    [[gnu::tls_model("initial-exec")]] static inline thread_local quintptr s_lowest = ~quintptr(0);
+    // Where a delivery may begin on the main thread's stack, at the lowest. Nothing lies above that stack, and most
+    // walks are on it; another thread's bounds are found through a call. The highest address as long as that thread
+    // has not asked. Why not thread-local storage that needs no call: of that, a process has little to give to plugins,
+    // and one that finds none left cannot be loaded.
+    static inline std::atomic<quintptr> s_mainLowest{~quintptr(0)};
     static std::atomic<quint64> s_drops;
 };
 
