@@ -7,8 +7,8 @@
 // back from the text that it writes; equality, order and hash agree.
 
 #include "platform/CId.h"
-#include "support/FuzzProcess.h"
 #include "support/FuzzProperties.h"
+#include "support/StableIds.h"
 
 namespace {
 
@@ -46,7 +46,7 @@ Core::CId read(const QByteArray& text)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    restartIds();
+    StableIds::restart();
     const QByteArray text(reinterpret_cast<const char*>(data), int(size));
     const int separator = text.indexOf('\n');
     // The constructor reads up to the first zero byte.

@@ -12,8 +12,8 @@
 #include "scene/CNodeScene.h"
 #include "service/CNodeService.h"
 #include "support/CFuzzModel.h"
-#include "support/FuzzProcess.h"
 #include "support/FuzzProperties.h"
+#include "support/StableIds.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -114,7 +114,7 @@ private:
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    restartIds();
+    StableIds::restart();
     CFuzzModel::deliveriesLeft = 1000;
     CHost().import(QByteArray(reinterpret_cast<const char*>(data), int(size)).split('\0'));
     requireNothingLeft();

@@ -12,8 +12,8 @@
 #include "service/CNodeService.h"
 #include "support/CFuzzInput.h"
 #include "support/CFuzzModel.h"
-#include "support/FuzzProcess.h"
 #include "support/FuzzProperties.h"
+#include "support/StableIds.h"
 
 #include <QScopeGuard>
 #include <QSet>
@@ -450,7 +450,7 @@ void CWorld::deleteService()
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    restartIds();
+    StableIds::restart();
     CWorld(CFuzzInput(data, size)).run();
     requireNothingLeft();
     return 0;

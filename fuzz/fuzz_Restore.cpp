@@ -11,8 +11,8 @@
 #include "models/CGenericNodeDecouplerDataModel.h"
 #include "support/CFuzzInput.h"
 #include "support/CFuzzModel.h"
-#include "support/FuzzProcess.h"
 #include "support/FuzzProperties.h"
+#include "support/StableIds.h"
 
 #include <QJsonDocument>
 #include <QTimer>
@@ -70,7 +70,7 @@ void restoreRate(double rate)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    restartIds();
+    StableIds::restart();
     double rate = 0;
     if (size >= sizeof rate) {
         std::memcpy(&rate, data, sizeof rate);

@@ -7,8 +7,8 @@
 // another scene, gives the same nodes, settings and connections; nothing outlives the scene.
 
 #include "support/CFuzzModel.h"
-#include "support/FuzzProcess.h"
 #include "support/FuzzProperties.h"
+#include "support/StableIds.h"
 
 #include <stdexcept>
 #include <typeinfo>
@@ -17,7 +17,7 @@ using namespace Plugin::Halvex;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    restartIds();
+    StableIds::restart();
     CFuzzModel::deliveriesLeft = 1000;
     {
         CNodeScene scene(fuzzRegistry(), nullptr, nullptr);

@@ -3,8 +3,8 @@
 
 #include "sequences/CActual.h"
 
-#include "sequences/StableIds.h"
 #include "support/ServiceConsistency.h"
+#include "support/StableIds.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -151,7 +151,7 @@ int CActual::perform(const SOperation& operation)
 
 void CActual::onNumbersChanged(int first)
 {
-    startIdsOf(first);
+    StableIds::startOperation(first);
 }
 
 bool CActual::isPossible(const SOperation& operation) const

@@ -3,7 +3,7 @@
 
 #include "sequences/CSideBySide.h"
 
-#include "sequences/StableIds.h"
+#include "support/StableIds.h"
 
 #include <algorithm>
 
@@ -12,7 +12,7 @@ namespace Sequences {
 CSideBySide::CSideBySide(Fault fault)
     : m_fault(std::move(fault))
 {
-    forgetIds();
+    StableIds::restart();
 }
 
 CSideBySide::~CSideBySide()

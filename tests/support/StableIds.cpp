@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "support/StableIds.h"
+
+#include <QRandomGenerator>
+#include <QUuid>
+
+#include <cstring>
+#include <map>
+
+namespace {
+
+constexpr std::size_t wordsOfAnId = 4;
+
+quint32 s_operation = 0;
+
+std::map<quint32, quint32>& madeByOperation()
+{
+    static std::map<quint32, quint32> made;
+    return made;
+}
+
+// Spreads consecutive numbers, and never maps two to one.
+quint32 spread(quint32 number)
+{
+    return number * 2654435761u;
+}
+
+} // namespace
+
+// Both functions take the place of Qt's own, in the library too: a program's come before those of its libraries.
+
+// What an identifier is made of. It sets some bits of the second and the third word, and all of the first.
+void QRandomGenerator::_fillRange(void* buffer, void* bufferEnd)
+{
+    auto* const words = static_cast<quint32*>(buffer);
+    const auto count = std::size_t(static_cast<quint32*>(bufferEnd) - words);
+    std::memset(buffer, 0, count * sizeof(quint32));
+    if (count != wordsOfAnId)
+        return;
+    const quint32 made = ++madeByOperation()[s_operation];
+    words[1] = s_operation;
+    words[2] = made << 8;
+    words[3] = spread(s_operation + (made << 16));
+}
+
+// Not from the first word, which goes on counting.
+uint qHash(const QUuid& id, uint seed) noexcept
+{
+    uint hash = 0;
+    std::memcpy(&hash, id.data4 + 4, sizeof(hash));
+    return hash ^ seed;
+}
+
+namespace StableIds {
+
+void startOperation(int operation)
+{
+    s_operation = quint32(operation);
+}
+
+void restart()
+{
+    s_operation = 0;
+    madeByOperation().clear();
+}
+
+} // namespace StableIds
