@@ -61,6 +61,7 @@ void CRatioTable::ReportRuns(const std::vector<Run>& runs)
 {
     benchmark::ConsoleReporter::ReportRuns(runs);
     for (const Run& run : runs) {
+        m_hasError = m_hasError || run.error_occurred;
         if (run.error_occurred || run.run_type != Run::RT_Iteration)
             continue;
         Samples& samples = m_samples[run.run_name.function_name];
@@ -69,12 +70,14 @@ void CRatioTable::ReportRuns(const std::vector<Run>& runs)
     }
 }
 
-void CRatioTable::print(std::ostream& out) const
+int CRatioTable::print(std::ostream& out) const
 {
+    int printed = 0;
     out << "| work | measured | floor | ratio | target | met |\n| --- | ---: | ---: | ---: | ---: | --- |\n";
     for (const SRatioRow& row : m_rows) {
         if (!wasRun(row))
             continue;
+        ++printed;
         const double measured = valueOf(row.measured, row.counter);
         double floor = 0;
         for (const std::string& name : row.floors)
@@ -91,6 +94,7 @@ void CRatioTable::print(std::ostream& out) const
                                        : "**no**")
             << " |\n";
     }
+    return printed;
 }
 
 bool CRatioTable::wasRun(const SRatioRow& row) const

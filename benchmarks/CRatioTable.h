@@ -58,8 +58,14 @@ public:
 
     void ReportRuns(const std::vector<Run>& runs) override;
 
-    /// The rows of which every benchmark was run.
-    void print(std::ostream& out) const;
+    /// The rows of which every benchmark was run. Returns their number.
+    int print(std::ostream& out) const;
+
+    /// Whether a benchmark reported an error, which takes its rows out of the table.
+    bool hasError() const { return m_hasError; }
+
+    /// The number of all rows.
+    int size() const { return int(m_rows.size()); }
 
 private:
     using Samples = std::map<std::string, std::vector<double>>; // by counter
@@ -69,4 +75,5 @@ private:
 
     std::vector<SRatioRow> m_rows;
     std::map<std::string, Samples> m_samples; // by benchmark
+    bool m_hasError = false;
 };

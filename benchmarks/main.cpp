@@ -37,6 +37,8 @@ int main(int argc, char* argv[])
     registerPeers(table);
 #endif
     benchmark::RunSpecifiedBenchmarks(&table);
-    table.print(std::cout);
-    return 0;
+    const int printed = table.print(std::cout);
+    // A row whose benchmarks have other names than it thinks is missing as well.
+    const bool isWhole = printed == table.size() || (printed > 0 && !benchmark::GetBenchmarkFilter().empty());
+    return table.hasError() || !isWhole ? 1 : 0;
 }

@@ -10,6 +10,8 @@
 #include "service/CNodeService.h"
 
 using namespace Plugin::Halvex;
+using Core::AppCoreComponents::BaseInfoPtr;
+using Core::AppCoreComponents::IBaseInfo;
 
 namespace {
 
@@ -36,7 +38,7 @@ private:
     bool m_makesScene;
 };
 
-/// Ten scenes of as many nodes, and some nodes of each to look for.
+/// Ten scenes of as many nodes, and some nodes of each to look for, with the information objects of their scenes.
 class CFilledService
 {
 public:
@@ -45,13 +47,15 @@ public:
     {
         constexpr int scenes = 10;
         for (int scene = 0; scene < scenes; ++scene) {
+            const BaseInfoPtr info(new IBaseInfo);
             for (int node = 0; node < nodesPerScene; ++node) {
                 auto model = std::make_unique<CServiceModel>(node == 0);
                 ANodeDataModel* const added = model.get();
-                const Core::CId id = service.addNode(std::move(model), {});
+                const Core::CId id = service.addNode(std::move(model), info);
                 if (node % (nodesPerScene / 10) == 0) {
                     ids.push_back(id);
                     models.push_back(added);
+                    infos.push_back(info);
                 }
             }
         }
@@ -60,6 +64,7 @@ public:
     CNodeService service;
     std::vector<Core::CId> ids;
     std::vector<ANodeDataModel*> models;
+    std::vector<BaseInfoPtr> infos;
 };
 
 template <typename LookUp>
@@ -86,6 +91,12 @@ void findNodesByModels(CFilledService& filled)
         benchmark::DoNotOptimize(filled.service.findNodeByModel(model));
 }
 
+void findScenesByInfo(CFilledService& filled)
+{
+    for (const BaseInfoPtr& info : filled.infos)
+        benchmark::DoNotOptimize(filled.service.findSceneByInfo(info));
+}
+
 template <typename LookUp>
 void compareSizes(CRatioTable& table, const std::string& work, int largest, const LookUp& lookUp)
 {
@@ -105,4 +116,5 @@ void registerService(CRatioTable& table, int largest)
 {
     compareSizes(table, "findNode", largest, findNodes);
     compareSizes(table, "findNodeByModel", largest, findNodesByModels);
+    compareSizes(table, "findSceneByInfo", largest, findScenesByInfo);
 }

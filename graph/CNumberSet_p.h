@@ -6,6 +6,7 @@
 #include <QtGlobal>
 
 #include <cstddef>
+#include <new>
 #include <vector>
 
 namespace Plugin {
@@ -29,7 +30,7 @@ public:
         ++m_size;
     }
 
-    /// Does nothing for a number that is not in the set. The last one to go frees the memory that the others took.
+    /// Does nothing for a number that is not in the set. Memory is given back as the set gets smaller.
     void erase(quintptr number) noexcept
     {
         if (!contains(number))
@@ -43,9 +44,8 @@ public:
             m_slots[next] = 0;
             m_slots[place(moved)] = moved;
         }
-        // A smaller array would have to be asked for, and there may be no memory; none at all may be had.
-        if (m_size == 0 && m_slots.size() > fewest)
-            std::vector<quintptr>().swap(m_slots);
+        if (8 * m_size < m_slots.size() && m_slots.size() > fewest)
+            shrink();
     }
 
     bool contains(quintptr number) const noexcept
@@ -86,6 +86,15 @@ private:
     }
 
     std::size_t after(std::size_t slot) const noexcept { return (slot + 1) & (m_slots.size() - 1); }
+
+    void shrink() noexcept
+    {
+        try {
+            resize(m_slots.size() / 2);
+        } catch (const std::bad_alloc&) {
+            // A smaller array has to be asked for. The larger one does as well.
+        }
+    }
 
     void resize(std::size_t size)
     {
