@@ -87,6 +87,7 @@ target_sources(Halvex PRIVATE
   scene/CNodeScene.cpp
   scene/CNodeSceneDocument.cpp
   scene/CSceneInspector_p.h
+  scene/CSceneLoader_p.h
   service/CHalvexPlugin.cpp
   service/CNodeService.cpp
   service/CSceneImport.cpp

@@ -159,8 +159,8 @@ Q_SIGNALS:
     void connectionDeleted(CNodeConnection& connection);
 
 private:
-    friend class CNodeService;
     friend class CSceneInspector;
+    friend class CSceneLoader;
     class CNesting;
     using Guard = CWeakLink<const CNodeScene>; // null once foreign code has destroyed the scene
 
@@ -175,7 +175,7 @@ private:
         Core::CId connection; // if there is no node
     };
 
-    // What loadFromMemory() does with a document that needs no reading: the service's, of an import.
+    // loadFromMemory() of a document that needs no reading.
     void load(const QJsonObject& root);
 
     CNodeBase& addNode(std::unique_ptr<CNodeBase> node);

@@ -5,6 +5,7 @@
 
 #include "graph/Swallow_p.h"
 #include "scene/CNodeScene.h"
+#include "scene/CSceneLoader_p.h"
 #include "service/CSceneImport_p.h"
 #include "service/LoggingCategory_p.h"
 
@@ -327,7 +328,7 @@ bool CNodeService::importAll(const QStringList& documents)
             import.addDocument(document);
         // Models that are asked, and handlers, may destroy the scene.
         if (scene)
-            scene->load(import.sceneDocument());
+            CSceneLoader::load(*scene, import.sceneDocument());
         isWhole = !scene.isNull();
     });
     return isWhole;

@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "scene/CNodeScene.h"
+
+namespace Plugin {
+namespace Halvex {
+
+/// CNodeScene::loadFromMemory() with a document that was made here: writing it out and reading it back would take longer
+/// than making the nodes.
+class CSceneLoader
+{
+public:
+    static void load(CNodeScene& scene, const QJsonObject& document) { scene.load(document); }
+};
+
+} // namespace Halvex
+} // namespace Plugin
