@@ -8,8 +8,8 @@
 namespace Plugin {
 namespace Halvex {
 
-/// CNodeScene::loadFromMemory() with a document that was made here: writing it out and reading it back would take longer
-/// than making the nodes.
+/// CNodeScene::loadFromMemory() with a document that was made here: writing it out and reading it back would take
+/// longer than making the nodes.
 class CSceneLoader
 {
 public:
