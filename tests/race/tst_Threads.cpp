@@ -12,7 +12,7 @@
 
 #include "models/TestModels.h"
 #include "support/CServiceManager.h"
-#include "support/CTestModel.h"
+#include "support/STestNode.h"
 #include "support/SceneConsistency.h"
 
 #include <QMutex>
@@ -22,6 +22,7 @@
 #include <QtTest>
 
 #include <atomic>
+#include <optional>
 #include <random>
 #include <set>
 #include <vector>
@@ -251,6 +252,7 @@ private Q_SLOTS:
     void decouplersGoUnderLoad();
     void decouplersAreFedByManyThreads();
     void modelsAnnounceFromForeignThreads();
+    void placeOfADestroyedConnectionIsTakenByAnotherThread();
     void sourceGoesWhileThreadsSend_data();
     void sourceGoesWhileThreadsSend();
     void sinkGoesWhileAnotherThreadListens();
@@ -433,6 +435,48 @@ void tst_Threads::modelsAnnounceFromForeignThreads()
     QCoreApplication::processEvents();
     QCOMPARE(delivered.load(), before); // what removed models have announced goes nowhere
     QCOMPARE(inconsistencyOf(scene), QString());
+}
+
+void tst_Threads::placeOfADestroyedConnectionIsTakenByAnotherThread()
+{
+    const STestNode source;
+    const STestNode sinks[] = {STestNode(), STestNode()};
+    for (int round = 0; round < 100; ++round) {
+        std::optional<CNodeConnection> connections[2];
+        std::unique_ptr<CThreads> other;
+        std::atomic<bool> isTaken{false};
+        int served = 0;
+        // The other thread makes its own connections where the one lay whose turn comes next in the walk.
+        const auto leaveTo = [&](std::optional<CNodeConnection>& place) {
+            ++served;
+            place.reset();
+            other = std::make_unique<CThreads>(1, [&place, &isTaken](int) {
+                CNodeBase out{std::unique_ptr<CNodeDataModel>()};
+                CNodeBase in{std::unique_ptr<CNodeDataModel>()};
+                for (int i = 0; i < 100; ++i) {
+                    place.emplace(in, 0, out, 0, NodeDataConverter());
+                    isTaken = true;
+                    place.reset();
+                }
+            });
+            while (!isTaken)
+                QThread::yieldCurrentThread();
+        };
+        for (std::size_t i = 0; i < 2; ++i) {
+            connections[i].emplace(*sinks[i], 0, *source, 0, NodeDataConverter());
+            enter(*connections[i]);
+            sinks[i].model->onSetInData = [&leaveTo, &next = connections[1 - i]](const CNodeDataPtr& data,
+                                                                                 NodePortIndex) {
+                if (data)
+                    leaveTo(next);
+            };
+        }
+
+        source.model->offer(CTestData::make(round));
+
+        other.reset();
+        QCOMPARE(served, 1);
+    }
 }
 
 void tst_Threads::sourceGoesWhileThreadsSend_data()
