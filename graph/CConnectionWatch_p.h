@@ -30,9 +30,6 @@ public:
     /// The number of a connection that is being made.
     static quint64 nextNumber() { return s_lastNumber.fetch_add(1, std::memory_order_relaxed) + 1; }
 
-    /// What fits beside the flags of a connection. At a million connections a second it lasts for 146,000 years.
-    static constexpr quint64 greatestNumber = (Q_UINT64_C(1) << 62) - 1;
-
 private:
     [[gnu::cold]] bool isFound(const CNodeConnection* connection) const
     {

@@ -40,9 +40,7 @@ CNodeConnection::CNodeConnection(CNodeBase& inNode, NodePortIndex inIndex, CNode
                                  NodeDataConverter converter)
     : m_id(Core::CId::createId())
     , m_converter(std::move(converter))
-    , m_number(CConnectionWatch::nextNumber() & CConnectionWatch::greatestNumber)
-    , m_isLeaving(false)
-    , m_isEnding(false)
+    , m_number(CConnectionWatch::nextNumber())
 {
     setNodeToPort(inNode, ENodePortType::In, inIndex);
     setNodeToPort(outNode, ENodePortType::Out, outIndex);
@@ -51,9 +49,7 @@ CNodeConnection::CNodeConnection(CNodeBase& inNode, NodePortIndex inIndex, CNode
 
 CNodeConnection::CNodeConnection(ENodePortType portType, CNodeBase& node, NodePortIndex index)
     : m_id(Core::CId::createId())
-    , m_number(CConnectionWatch::nextNumber() & CConnectionWatch::greatestNumber)
-    , m_isLeaving(false)
-    , m_isEnding(false)
+    , m_number(CConnectionWatch::nextNumber())
 {
     setNodeToPort(node, portType, index);
     CLiveObjects::add(this, CLiveObjects::EKind::Connection);

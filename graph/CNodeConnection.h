@@ -132,11 +132,11 @@ private:
     // reads is this and what the in end begins with: 32 bytes in a row, for the cache.
     CConverterShare m_converter;
     CConnectionEnd m_in;
-    // Counts up with each connection that is made: unlike an address, a number is never used again. It and the flags
-    // take what the flags alone would take with padding.
-    quint64 m_number : 62;
-    quint64 m_isLeaving : 1;
-    quint64 m_isEnding : 1; // in its destructor
+    // Counts up with each connection that is made: unlike an address, a number is never used again. A walk in another
+    // thread may read it until this connection is gone, so that it shares no word with the flags.
+    quint64 m_number;
+    bool m_isLeaving = false;
+    bool m_isEnding = false; // in its destructor
 };
 
 } // namespace Halvex
