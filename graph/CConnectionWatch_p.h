@@ -28,7 +28,7 @@ public:
     }
 
     /// The number of a connection that is being made.
-    static quint64 nextNumber() { return s_lastNumber.fetch_add(1, std::memory_order_relaxed) + 1; }
+    static quint64 nextNumber() { return ++s_lastNumber; }
 
 private:
     [[gnu::cold]] bool isFound(const CNodeConnection* connection) const

@@ -81,7 +81,7 @@ public:
     static bool isFirstAndNear(const CNodeBase& node)
     {
         return reinterpret_cast<quintptr>(node.m_visit) - CStackGauge::position() < fewFrames &&
-               node.m_visit->m_stretches == 1 && !node.m_visit->m_outer;
+               !node.m_visit->m_hasInner && !node.m_visit->m_outer;
     }
 
     /// Whether the code that stands here got here through this node before. A delivery and the walk that it starts are
@@ -97,16 +97,16 @@ public:
     /// True once the node was destroyed or retired.
     bool isOver() const { return m_isOver; }
 
-    /// A further stretch within a visit, at less than what a visit of its own costs.
+    /// A second stretch within a visit, at less than what a visit of its own costs.
     class CInner
     {
     public:
         explicit CInner(CNodeVisit& visit)
             : m_visit(visit)
         {
-            ++m_visit.m_stretches;
+            m_visit.m_hasInner = true;
         }
-        ~CInner() { --m_visit.m_stretches; }
+        ~CInner() { m_visit.m_hasInner = false; }
         Q_DISABLE_COPY(CInner)
 
     private:
@@ -136,7 +136,7 @@ private:
     [[gnu::cold]] void leave();
 
     const CNodeBase* m_node; // null once it was destroyed
-    int m_stretches = 1;     // the visit itself, and the one within it
+    bool m_hasInner = false;
     bool m_isOver = false;
     CNodeVisit* m_outer;
 };

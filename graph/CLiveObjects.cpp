@@ -22,7 +22,7 @@ struct SLiveObjects
 // The address, with the kind in a bit that no address of an object has.
 quintptr numberOf(const void* object, CLiveObjects::EKind kind)
 {
-    return reinterpret_cast<quintptr>(object) | (kind == CLiveObjects::EKind::Connection ? 1 : 0);
+    return reinterpret_cast<quintptr>(object) | quintptr(kind);
 }
 
 // Null once the process tears its statics down, which a host's static scene may outlive.
@@ -44,7 +44,7 @@ void CLiveObjects::add(const void* object, EKind kind)
 void CLiveObjects::remove(const void* object, EKind kind) noexcept
 {
     if (kind == EKind::Connection)
-        s_removals.fetch_add(1, std::memory_order_relaxed);
+        ++s_removals;
     SLiveObjects* const live = liveObjects();
     if (!live)
         return;

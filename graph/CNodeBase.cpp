@@ -51,7 +51,6 @@ CNodeBase::~CNodeBase()
     m_ends.release();
     CNodeVisit::setGone(*this);
     m_visit = nullptr;
-    m_isRetired = false; // or a visit that the model's destructor makes would destroy the node a second time
 
     // Here rather than by the members' own destructors: the model's destructor is foreign code, and whatever it calls
     // must find a node without ports and without a model.

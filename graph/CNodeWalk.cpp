@@ -124,9 +124,12 @@ void CNodeConnection::propagateData(CNodeDataPtr data) const
 bool CNodeVisit::hasManyStretches() const
 {
     int stretches = 0;
-    for (const CNodeVisit* visit = this; visit && stretches <= 2; visit = visit->m_outer)
-        stretches += visit->m_stretches;
-    return stretches > 2;
+    for (const CNodeVisit* visit = this; visit; visit = visit->m_outer) {
+        stretches += visit->m_hasInner ? 2 : 1;
+        if (stretches > 2)
+            return true;
+    }
+    return false;
 }
 
 void CNodeVisit::leave()

@@ -77,7 +77,7 @@ std::atomic<quint64> CStackGauge::s_drops{0};
 
 void CStackGauge::countDrop()
 {
-    t_bounds.lastDrop = s_drops.fetch_add(1, std::memory_order_relaxed) + 1;
+    t_bounds.lastDrop = ++s_drops;
 }
 
 quint64 CStackGauge::lastDropHere()

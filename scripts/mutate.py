@@ -157,7 +157,7 @@ def mutants_of(root, file):
 
 
 def sources(root):
-    """Source files; and of headers only the private ones, since the tests' own copies of others would be rebuilt."""
+    """Source files; and of headers only the private ones, which few tests would be built again for."""
     files = committed(root, "ls-tree", "-r", "--name-only", "HEAD", *FOLDERS).splitlines()
     return [file for file in files if file.endswith((".cpp", "_p.h"))]
 
@@ -217,18 +217,20 @@ class Workplace:
         subprocess.run(["git", "fetch", "--quiet", root, "HEAD"], cwd=self.tree, check=True)
         subprocess.run(["git", "checkout", "--quiet", "--force", "--detach", "FETCH_HEAD"], cwd=self.tree, check=True)
         subprocess.run(["cmake", "-S", self.tree, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
-                        "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DHALVEX_BUILD_HOST=OFF"], check=True,
-                       stdout=subprocess.DEVNULL)
+                        "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DHALVEX_BUILD_HOST=OFF",
+                        "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON"], check=True, stdout=subprocess.DEVNULL)
+        self.targets = ["Halvex", *(test["name"] for test in self._known_tests())]
         try:
-            self._make("Halvex", *(test["name"] for test in self._known_tests()))
+            self._make()
         except subprocess.CalledProcessError as error:
             sys.exit(error.stdout.decode())
         self.tests = [Test(test["name"], test["command"], str(pathlib.Path(test["command"][0]).parent))
                       for test in self._known_tests()]
         self._measure()
 
-    def _make(self, *targets):
-        return subprocess.run(["ninja", "-C", self.build, f"-j{self.jobs}", *targets], check=True, capture_output=True)
+    def _make(self):
+        """The library, and the tests that include what was changed."""
+        subprocess.run(["ninja", "-C", self.build, f"-j{self.jobs}", *self.targets], check=True, capture_output=True)
 
     def _known_tests(self):
         """As ctest tells of them: those of what is changed here. Commands are missing as long as they are not built."""
@@ -283,7 +285,7 @@ class Workplace:
         lines[mutant.line - 1] = mutant.new + "\n"
         path.write_text("".join(lines))
         try:
-            self._make("Halvex")
+            self._make()
             failure, _ = self._run(self.tests_for(mutant.file))
             return f"killed by {failure}" if failure else "survived"
         except subprocess.CalledProcessError:

@@ -88,6 +88,15 @@ void runOnAStackOf(uint stackSize, const std::function<void()>& work)
     thread->wait();
 }
 
+/// Runs \a work with more on the stack between it and the caller than a few frames take.
+void runFarBelow(const std::function<void()>& work)
+{
+    volatile char frames[65536];
+    frames[0] = 0;
+    work();
+    frames[sizeof frames - 1] = frames[0];
+}
+
 /// Lets its data go before it returns, and notes how many data objects there are then.
 class CConsumer : public CTestModel
 {
@@ -207,6 +216,7 @@ private Q_SLOTS:
     void dataMayDestroyTheSourceWhenItGoes();
     void walkMayBeginAnew();
     void modelsDestructorMayUseItsNode();
+    void modelsDestructorMayUpdateItsNodeInADelivery();
     void modelsDestructorMayConnectItsNode();
     void modelMayDestroyItsNodeInSaveAndRestore();
     void destructorLeavesConnectionsAlone();
@@ -222,8 +232,11 @@ private Q_SLOTS:
     void feedbackLoopIsCut();
     void feedbackLoopIsReportedOnce();
     void loopThroughSeveralPathsEnds();
-    void loopThroughSeveralPortsEnds();
+    void loopThroughSeveralUpdatesEnds_data();
+    void loopThroughSeveralUpdatesEnds();
+    void cutEndsNoOtherUpdatesOfADelivery_data();
     void cutEndsNoOtherUpdatesOfADelivery();
+    void outputThatAnnouncesItselfIsCut_data();
     void outputThatAnnouncesItselfIsCut();
     void longChainIsServed_data();
     void longChainIsServed();
@@ -666,11 +679,12 @@ void tst_CNodeBase::addedConnectionIsNotServedInTheSameWalk()
 void tst_CNodeBase::servedConnectionMayBeDestroyed()
 {
     for (const bool converts : {false, true}) {
-        SFan fan(3, converts ? NodeDataConverter([](CNodeDataPtr data) { return data; }) : NodeDataConverter());
+        constexpr int count = 30; // so that the one that was made last is hardly ever served first
+        SFan fan(count, converts ? NodeDataConverter([](CNodeDataPtr data) { return data; }) : NodeDataConverter());
         fan.onDelivery([&fan](std::size_t served) { fan.connections[served].reset(); });
         fan.source.model->offer(CTestData::make(1));
-        QCOMPARE(deliveries(fan, 1), 3);
-        QCOMPARE(deliveries(fan, -1), 3);
+        QCOMPARE(deliveries(fan, 1), count);
+        QCOMPARE(deliveries(fan, -1), count);
         QVERIFY(fan.source.outputs().empty());
     }
 }
@@ -848,6 +862,24 @@ void tst_CNodeBase::modelsDestructorMayUseItsNode()
 
     QVERIFY(reached);
     QCOMPARE(deliveries(fan, 1), 0);
+}
+
+void tst_CNodeBase::modelsDestructorMayUpdateItsNodeInADelivery()
+{
+    SFan fan(1);
+    CTestModel* const model = fan.source.model;
+    model->out = CTestData::make(1);
+    bool reached = false;
+    model->onDestroyed = [&] {
+        reached = true;
+        Q_EMIT model->dataUpdated(0);
+    };
+    model->onSetInData = [&fan](const CNodeDataPtr&, NodePortIndex) { fan.source.node.reset(); };
+
+    fan.source->propagateData(CTestData::make(2), 0);
+
+    QVERIFY(reached);
+    QVERIFY(fan.sinks[0]->model->received.empty());
 }
 
 void tst_CNodeBase::modelsDestructorMayConnectItsNode()
@@ -1096,8 +1128,13 @@ void tst_CNodeBase::loopThroughSeveralPathsEnds()
     source.model->offer(CTestData::make(1));
 
     QVERIFY(!messages.texts("halvex.graph").isEmpty());
-    for (const STestNode* const node : {&left, &right, &sink})
-        QVERIFY(!node->model->received.empty());
+    QVERIFY(!sink.model->received.empty());
+    // The first path was followed down to the cut. Only the first round goes on to the second one, and that leads back
+    // to where the loop was cut.
+    const std::size_t leftRounds = left.model->received.size();
+    const std::size_t rightRounds = right.model->received.size();
+    QVERIFY(std::max(leftRounds, rightRounds) > 10);
+    QCOMPARE(std::min(leftRounds, rightRounds), std::size_t(1));
 
     connections.clear();
     const auto direct = join(loop, sink);
@@ -1106,22 +1143,51 @@ void tst_CNodeBase::loopThroughSeveralPathsEnds()
     QCOMPARE(sink.model->values(), std::vector<int>({2}));
 }
 
-void tst_CNodeBase::loopThroughSeveralPortsEnds()
+void tst_CNodeBase::loopThroughSeveralUpdatesEnds_data()
 {
+    QTest::addColumn<int>("first");
+    QTest::addColumn<int>("second");
+
+    QTest::newRow("ports in order") << 0 << 1;
+    QTest::newRow("ports the other way") << 1 << 0;
+    QTest::newRow("one port") << 0 << 0;
+}
+
+void tst_CNodeBase::loopThroughSeveralUpdatesEnds()
+{
+    QFETCH(const int, first);
+    QFETCH(const int, second);
     const CMessageCatcher messages;
     const STestNode node(1, 2);
     const auto left = join(node, node, {}, 0);
     const auto right = join(node, node, {}, 1);
-    node.model->onSetInData = [&node](const CNodeDataPtr& data, NodePortIndex) {
-        node.model->offer(data, 0);
-        node.model->offer(data, 1);
+    std::size_t roundsToTheCut = 0;
+    node.model->onSetInData = [&](const CNodeDataPtr& data, NodePortIndex) {
+        if (roundsToTheCut != 0)
+            return;
+        node.model->offer(data, first);
+        if (roundsToTheCut == 0)
+            roundsToTheCut = node.model->received.size();
+        node.model->offer(data, second);
     };
     node->propagateData(CTestData::make(1), 0);
     QCOMPARE(messages.texts("halvex.graph").size(), 1);
+    QVERIFY(roundsToTheCut > 10);
+    // The first round alone offers its second data.
+    QCOMPARE(node.model->received.size(), roundsToTheCut + 1);
+}
+
+void tst_CNodeBase::cutEndsNoOtherUpdatesOfADelivery_data()
+{
+    QTest::addColumn<bool>("isFar");
+
+    QTest::newRow("from the delivery") << false;
+    QTest::newRow("from many frames below") << true;
 }
 
 void tst_CNodeBase::cutEndsNoOtherUpdatesOfADelivery()
 {
+    QFETCH(const bool, isFar);
     const CMessageCatcher messages;
     const STestNode relay(1, 3);
     const STestNode loop;
@@ -1130,9 +1196,15 @@ void tst_CNodeBase::cutEndsNoOtherUpdatesOfADelivery()
     const auto back = join(loop, loop);
     const auto first = join(relay, sink, {}, 1, 0);
     const auto second = join(relay, sink, {}, 2, 1);
-    relay.model->onSetInData = [&relay](const CNodeDataPtr& data, NodePortIndex) {
-        for (NodePortIndex output = 0; output < 3; ++output)
-            relay.model->offer(data, output);
+    relay.model->onSetInData = [&relay, isFar](const CNodeDataPtr& data, NodePortIndex) {
+        const auto offerAll = [&relay, &data] {
+            for (NodePortIndex output = 0; output < 3; ++output)
+                relay.model->offer(data, output);
+        };
+        if (isFar)
+            runFarBelow(offerAll);
+        else
+            offerAll();
     };
 
     relay->propagateData(CTestData::make(1), 0);
@@ -1141,15 +1213,28 @@ void tst_CNodeBase::cutEndsNoOtherUpdatesOfADelivery()
     QCOMPARE(sink.model->values(), std::vector<int>({1, 1}));
 }
 
+void tst_CNodeBase::outputThatAnnouncesItselfIsCut_data()
+{
+    QTest::addColumn<bool>("isDelivered");
+
+    QTest::newRow("outside of a delivery") << false;
+    QTest::newRow("in a delivery") << true;
+}
+
 void tst_CNodeBase::outputThatAnnouncesItselfIsCut()
 {
+    QFETCH(const bool, isDelivered);
     const CMessageCatcher messages;
     const STestNode node(1, 1, QStringLiteral("Lazy"));
     node.model->onOutData = [&node](NodePortIndex index) {
         Q_EMIT node.model->dataUpdated(index);
         return CTestData::make(1);
     };
-    node->onDataUpdated(0);
+    node.model->onSetInData = [&node](const CNodeDataPtr&, NodePortIndex) { Q_EMIT node.model->dataUpdated(0); };
+    if (isDelivered)
+        node->propagateData(CTestData::make(2), 0);
+    else
+        node->onDataUpdated(0);
     QCOMPARE(messages.texts("halvex.graph").size(), 1);
     QVERIFY(messages.texts().constFirst().contains(QLatin1String("\"Lazy\"")));
 }

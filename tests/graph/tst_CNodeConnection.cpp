@@ -127,6 +127,7 @@ private Q_SLOTS:
     void setNodeToPortStoresAndAnnounces();
     void setNodeToPortForNoSide();
     void setNodeToPortLeavesTables();
+    void setNodeToPortLeavesAPortThatIsMissing();
     void clearNodeClearsOneEndSilently();
     void clearNodeForNoSideClearsTheOutEnd();
     void converterIsReplacedSilently();
@@ -395,6 +396,17 @@ void tst_CNodeConnection::setNodeToPortLeavesTables()
     pair.connection->setNodeToPort(*other, Out, 0);
     QVERIFY(other.outputs().empty());
     QCOMPARE(pair.source.outputs(1).size(), std::size_t(1));
+}
+
+void tst_CNodeConnection::setNodeToPortLeavesAPortThatIsMissing()
+{
+    const STestNode source;
+    const STestNode sink;
+    const STestNode other;
+    CNodeConnection connection(*sink, 0, *source, 7, NodeDataConverter());
+    connection.setNodeToPort(*other, Out, 0);
+    QCOMPARE(std::as_const(connection).getNode(Out), other.node.get());
+    QCOMPARE(connection.getPortIndex(Out), 0);
 }
 
 void tst_CNodeConnection::clearNodeClearsOneEndSilently()

@@ -19,6 +19,7 @@ class tst_CNumberSet : public QObject
 private Q_SLOTS:
     void isEmptyAtFirst();
     void doesWhatAnotherSetDoes();
+    void growsWhenItIsFull();
     void keepsNoMemoryOfWhatIsGone();
     void numbersAtRegularDistancesLieWhereTheyBelong_data();
     void numbersAtRegularDistancesLieWhereTheyBelong();
@@ -51,6 +52,19 @@ void tst_CNumberSet::doesWhatAnotherSetDoes()
         for (quintptr any = 0; any <= 501; ++any)
             QCOMPARE(set.contains(any), expected.count(any) != 0);
     }
+}
+
+void tst_CNumberSet::growsWhenItIsFull()
+{
+    CNumberSet set;
+    set.insert(1);
+    const std::size_t capacity = set.capacity();
+    QVERIFY(capacity >= 16);
+    for (quintptr number = 2; number <= capacity; ++number)
+        set.insert(number);
+    QCOMPARE(set.capacity(), capacity);
+    set.insert(capacity + 1);
+    QCOMPARE(set.capacity(), 2 * capacity);
 }
 
 void tst_CNumberSet::keepsNoMemoryOfWhatIsGone()
