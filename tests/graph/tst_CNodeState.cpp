@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <limits>
+#include <memory>
 #include <optional>
 #include <type_traits>
 
@@ -209,7 +210,7 @@ void tst_CNodeState::connectionOfAnotherPortIsGoneWhenDestroyed()
 {
     const STestNode source(1, 2);
     const STestNode sink;
-    auto connection = join(source, sink);
+    auto connection = std::make_unique<CNodeConnection>(*sink, 0, *source, 0, NodeDataConverter());
     source->nodeState().setConnection(Out, 1, *connection);
     QCOMPARE(source.outputs(1).size(), std::size_t(1));
 
