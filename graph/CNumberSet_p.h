@@ -78,11 +78,9 @@ private:
     std::size_t firstPlace(quintptr number) const noexcept
     {
         constexpr quint64 factor = Q_UINT64_C(0xd6e8feb86659fd93); // odd, and its bits look random
-        quint64 mixed = number;
+        quint64 mixed = number * factor;
         mixed = (mixed ^ (mixed >> 32)) * factor;
-        mixed = (mixed ^ (mixed >> 32)) * factor;
-        mixed ^= mixed >> 32;
-        return std::size_t(mixed) & (m_slots.size() - 1);
+        return std::size_t(mixed ^ (mixed >> 32)) & (m_slots.size() - 1);
     }
 
     std::size_t after(std::size_t slot) const noexcept { return (slot + 1) & (m_slots.size() - 1); }

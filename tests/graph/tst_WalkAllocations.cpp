@@ -5,6 +5,7 @@
 #include "graph/CNodeConnection.h"
 #include "support/CTestData.h"
 
+#include <QThread>
 #include <QtTest>
 
 #include <cstddef>
@@ -136,6 +137,7 @@ private Q_SLOTS:
     void chain_data();
     void chain();
     void portWithEntriesOfTheHost();
+    void anotherThread();
 };
 
 void tst_WalkAllocations::allocationsAreCounted()
@@ -202,6 +204,20 @@ void tst_WalkAllocations::portWithEntriesOfTheHost()
     // From here on the node looks every connection up before it uses it.
     source.nodeState().getEntries(ENodePortType::Out);
     QCOMPARE(graph.allocationsOfAWalk(), 0L);
+}
+
+void tst_WalkAllocations::anotherThread()
+{
+    long allocations = -1;
+    const std::unique_ptr<QThread> thread(QThread::create([&allocations] {
+        CGraph graph;
+        CNodeBase& source = graph.addNode();
+        graph.connectNodes(source, graph.addNode());
+        allocations = graph.allocationsOfAWalk();
+    }));
+    thread->start();
+    QVERIFY(thread->wait());
+    QCOMPARE(allocations, 0L);
 }
 
 QTEST_GUILESS_MAIN(tst_WalkAllocations)
