@@ -51,6 +51,7 @@ private Q_SLOTS:
     void emitsNothing();
     void survivesDataThatDestroysIt();
     void survivesAListenerThatDestroysIt();
+    void dyingModelLeavesNoData();
     void handsOutWhatAScenesSourceWasFed();
     void metaObject();
     void textsAreTranslatedUnderTheClassName();
@@ -191,6 +192,26 @@ void tst_ASinkNodeDataModel::survivesAListenerThatDestroysIt()
     connect(&proxy, &CNodeDataFlowProxy::newDataAvailable, &proxy, [&sink] { sink.reset(); });
     proxy.setData(CTestData::make(1));
     QVERIFY(!sink);
+}
+
+void tst_ASinkNodeDataModel::dyingModelLeavesNoData()
+{
+    auto sink = std::make_unique<CSink>();
+    CSink* const model = sink.get();
+    const QPointer<CNodeDataFlowProxy> proxy = model->getDataFlowProxy();
+    auto last = CTestData::make(1);
+    int calls = 0;
+    last->onDestroyed = [model, proxy, &calls] {
+        ++calls;
+        proxy->setData(CTestData::make(2));
+        const CNodeDataPtr data = CTestData::make(3);
+        QVERIFY(QMetaObject::invokeMethod(model, "onNewDataAvailable", Q_ARG(CNodeDataPtr, data)));
+    };
+    proxy->setData(last);
+    last.reset();
+    sink.reset();
+    QCOMPARE(calls, 1);
+    QCOMPARE(CTestData::alive(), 0);
 }
 
 void tst_ASinkNodeDataModel::handsOutWhatAScenesSourceWasFed()
