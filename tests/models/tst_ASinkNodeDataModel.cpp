@@ -51,7 +51,7 @@ private Q_SLOTS:
     void emitsNothing();
     void survivesDataThatDestroysIt();
     void survivesAListenerThatDestroysIt();
-    void dyingModelLeavesNoData();
+    void dyingModelTakesAndLeavesNoData();
     void handsOutWhatAScenesSourceWasFed();
     void metaObject();
     void textsAreTranslatedUnderTheClassName();
@@ -194,7 +194,7 @@ void tst_ASinkNodeDataModel::survivesAListenerThatDestroysIt()
     QVERIFY(!sink);
 }
 
-void tst_ASinkNodeDataModel::dyingModelLeavesNoData()
+void tst_ASinkNodeDataModel::dyingModelTakesAndLeavesNoData()
 {
     auto sink = std::make_unique<CSink>();
     CSink* const model = sink.get();
@@ -203,7 +203,9 @@ void tst_ASinkNodeDataModel::dyingModelLeavesNoData()
     int calls = 0;
     last->onDestroyed = [model, proxy, &calls] {
         ++calls;
+        const int alive = CTestData::alive();
         proxy->setData(CTestData::make(2));
+        QCOMPARE(CTestData::alive(), alive);
         const CNodeDataPtr data = CTestData::make(3);
         QVERIFY(QMetaObject::invokeMethod(model, "onNewDataAvailable", Q_ARG(CNodeDataPtr, data)));
     };
