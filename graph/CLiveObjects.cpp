@@ -19,7 +19,6 @@ struct SLiveObjects
     CNumberSet objects;
 };
 
-// The address, with the kind in a bit that no address of an object has.
 quintptr numberOf(const void* object, CLiveObjects::EKind kind)
 {
     return reinterpret_cast<quintptr>(object) | quintptr(kind);

@@ -25,10 +25,11 @@ namespace Halvex {
 class HALVEX_EXPORT CLiveObjects
 {
 public:
+    /// Fits into the lowest bit of an address, which no address of these objects uses.
     enum class EKind
     {
-        Node,
-        Connection
+        Node = 0,
+        Connection = 1
     };
 
     static void add(const void* object, EKind kind);

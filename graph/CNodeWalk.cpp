@@ -84,7 +84,8 @@ void CNodeBase::onDataUpdated(NodePortIndex index)
         return;
     }
 
-    // The model answers a delivery. So there is one: nothing foreign runs in a visit of a node without a model.
+    // The model answers a delivery. So there is one: nothing foreign runs in a visit of a node without a model, which
+    // is one that is being destroyed.
     CNodeVisit& delivery = *m_visit;
     const CNodeVisit::CInner inner(delivery);
     CNodeDataPtr data = m_model->outData(index);

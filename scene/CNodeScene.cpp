@@ -158,7 +158,9 @@ CNodeBase& CNodeScene::noNode()
 std::shared_ptr<CNodeConnection> CNodeScene::createConnection(CNodeBase& nodeIn, int portIndexIn, CNodeBase& nodeOut,
                                                               int portIndexOut, const NodeDataConverter& converter)
 {
-    // Copying what a converter captured may do anything, so it comes before anything is checked.
+    if (!nodeIn.nodeDataModel() || !nodeOut.nodeDataModel())
+        return nullptr; // it is being destroyed: no foreign code may run in a visit of it
+    // Copying what a converter captured may do anything, so it comes before anything else is checked.
     const CNodeVisit visitIn(nodeIn);
     const CNodeVisit visitOut(nodeOut);
     const Guard self(this, m_guards);

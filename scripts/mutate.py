@@ -58,10 +58,6 @@ class Mutant:
             old = f"{self.before.strip()} {old}"  # a "return;" alone says nothing
         return f"{self.kind}: `{old}` -> `{self.new.strip()}`"
 
-    def key(self):
-        """What names the mutant in the file of explanations: lines move."""
-        return f"{self.file}: {self.change()}"
-
 
 def closing(text, opening):
     """The position of the parenthesis that closes the one at `opening`; -1 if it is not in the text."""
@@ -294,6 +290,16 @@ class Workplace:
             path.write_text(original)
 
 
+def keys_of(mutants):
+    """What names each mutant in the file of explanations: lines move. Where a file has the same line several times, a
+    reason is good for one of them only."""
+    lines = collections.defaultdict(list)
+    for mutant in mutants:
+        lines[f"{mutant.file}: {mutant.change()}"].append(mutant)
+    return {mutant: key if len(same) == 1 else f"{key} ({number} of {len(same)})"
+            for key, same in lines.items() for number, mutant in enumerate(same, 1)}
+
+
 def explanations(root):
     """Reasons by mutant: lines that begin with "#" give the reason for the mutants below them."""
     reasons = {}
@@ -328,7 +334,8 @@ def main():
     root = pathlib.Path(__file__).resolve().parent.parent
     every = [mutant for file in sources(root) for mutant in mutants_of(root, file)]
     reasons = explanations(root)
-    outdated = reasons.keys() - {mutant.key() for mutant in every}
+    keys = keys_of(every)
+    outdated = reasons.keys() - set(keys.values())
     if outdated:
         print(f"{EXPLAINED} explains what is not there any more:", *sorted(outdated), sep="\n")
         return 1
@@ -351,11 +358,14 @@ def main():
     counted = sum(verdict != "does not compile" for verdict in verdicts.values())
     killed = counted - len(survivors)
     percent = 100.0 * killed / counted if counted else 100.0
-    unexplained = [mutant for mutant in survivors if mutant.key() not in reasons]
+    unexplained = [mutant for mutant in survivors if keys[mutant] not in reasons]
     print(f"\n{killed} of {counted} mutants that compile were killed ({percent:.1f} %). {len(survivors)} survived, "
           f"{len(unexplained)} of them unexplained.")
     for mutant in survivors:
-        print(f"{mutant}\n    {reasons.get(mutant.key(), 'unexplained')}")
+        print(f"{mutant}\n    {reasons.get(keys[mutant], 'unexplained')}")
+    for mutant, verdict in verdicts.items():
+        if verdict != "survived" and keys[mutant] in reasons:
+            print(f"{keys[mutant]}\n    {verdict}, although {EXPLAINED} says why it survives")
     return 0 if percent >= options.least else 1
 
 

@@ -24,6 +24,28 @@ CTestModel& modelOf(CNodeBase& node)
     return *static_cast<CTestModel*>(node.nodeDataModel());
 }
 
+/// Something for a converter to capture that notices when it is copied.
+class CCopyWatch
+{
+public:
+    explicit CCopyWatch(std::function<void()> onCopied)
+        : m_onCopied(std::move(onCopied))
+    {
+    }
+    CCopyWatch(const CCopyWatch& other)
+        : m_onCopied(other.m_onCopied)
+    {
+        m_onCopied();
+    }
+    CCopyWatch& operator=(const CCopyWatch&) = delete;
+    CCopyWatch(CCopyWatch&&) = default;
+    CCopyWatch& operator=(CCopyWatch&&) = delete;
+    ~CCopyWatch() = default;
+
+private:
+    std::function<void()> m_onCopied;
+};
+
 /// A scene with a chain first → second → third, and what its signals said.
 class CChain
 {
@@ -134,6 +156,7 @@ private Q_SLOTS:
     void dyingSceneTakesNothingIn();
     void modelThatCountsItsPortsMayDestroyTheScene();
     void copyingAConverterMayRemoveTheNode() const;
+    void dyingNodeIsNotConnected();
     void connectionMadeDuringARemovalIsRefused();
 
     void exceptionOfAHandlerLeavesTheSceneUsable_data() { removingANodeInAnySignal_data(); }
@@ -687,31 +710,35 @@ void tst_CNodeSceneReentry::modelThatCountsItsPortsMayDestroyTheScene()
 
 void tst_CNodeSceneReentry::copyingAConverterMayRemoveTheNode() const
 {
-    struct SCapture
-    {
-        explicit SCapture(std::function<void()> copied)
-            : onCopied(std::move(copied))
-        {
-        }
-        SCapture(const SCapture& other)
-            : onCopied(other.onCopied)
-        {
-            onCopied();
-        }
-        SCapture& operator=(const SCapture&) = delete;
-        SCapture(SCapture&&) = default;
-        SCapture& operator=(SCapture&&) = delete;
-        std::function<void()> onCopied;
-    };
     CChain chain;
     bool isArmed = false;
-    const NodeDataConverter converter = [capture = SCapture([&] {
+    const NodeDataConverter converter = [capture = CCopyWatch([&] {
                                              if (std::exchange(isArmed, false))
                                                  chain.scene->removeNode(*chain.third);
                                          })](const CNodeDataPtr& data) { return data; };
     isArmed = true;
     QVERIFY(!chain.scene->createConnection(*chain.third, 0, *chain.first, 0, converter));
     QCOMPARE(chain.scene->nodes().size(), std::size_t(2));
+    QCOMPARE(inconsistencyOf(*chain.scene), QString());
+}
+
+void tst_CNodeSceneReentry::dyingNodeIsNotConnected()
+{
+    CChain chain;
+    CNodeBase* const dying = chain.third;
+    int calls = 0;
+    const CCopyWatch watch([&calls, dying] {
+        ++calls;
+        dying->onDataUpdated(0);
+    });
+    modelOf(*dying).onDestroyed = [&] {
+        const NodeDataConverter converter = [watch](const CNodeDataPtr& data) { return data; };
+        calls = 0;
+        QVERIFY(!chain.scene->createConnection(*dying, 0, *chain.first, 0, converter));
+        QVERIFY(!chain.scene->createConnection(*chain.first, 0, *dying, 0, converter));
+    };
+    chain.scene->removeNode(*dying);
+    QCOMPARE(calls, 0);
     QCOMPARE(inconsistencyOf(*chain.scene), QString());
 }
 
