@@ -77,8 +77,8 @@ public:
     Q_DISABLE_COPY(CNodeVisit)
 
     /// Whether the caller was called by the first visit of \a node, from not many frames above, and is the second
-    /// stretch within it. A visit that is farther away may be on another stack, a coroutine's, and end before the caller
-    /// does.
+    /// stretch within it. A visit that is farther away may be on another stack, a coroutine's, and end before the
+    /// caller does.
     static bool isFirstAndNear(const CNodeBase& node)
     {
         return reinterpret_cast<quintptr>(node.m_visit) - CStackGauge::position() < fewFrames &&
