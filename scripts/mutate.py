@@ -3,6 +3,7 @@
 
     scripts/mutate.py                              every mutant; hours
     scripts/mutate.py --count 100 --seed 7         a sample
+    scripts/mutate.py --count 25 --new             one of those that are not known to survive
     scripts/mutate.py service/CNodeService.cpp     the mutants of some files
     scripts/mutate.py service/CNodeService.cpp:42  those of one line
     scripts/mutate.py --list                       says what would be changed
@@ -328,6 +329,7 @@ def main():
     parser.add_argument("--longest", type=float, default=60.0,
                         help="seconds that the tests of other classes may take (default: 60)")
     parser.add_argument("--least", type=float, default=90.0, help="percent to be killed (default: 90)")
+    parser.add_argument("--new", action="store_true", help=f"leave out what {EXPLAINED} says to survive")
     parser.add_argument("--list", action="store_true", help="only say what would be changed")
     options = parser.parse_args()
 
@@ -341,6 +343,8 @@ def main():
         return 1
 
     mutants = chosen(every, options.files) if options.files else every
+    if options.new:
+        mutants = [mutant for mutant in mutants if keys[mutant] not in reasons]
     if options.count is not None and options.count < len(mutants):
         mutants = sorted(random.Random(options.seed).sample(mutants, options.count), key=mutants.index)
     if options.list:
