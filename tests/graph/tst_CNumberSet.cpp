@@ -111,8 +111,9 @@ void tst_CNumberSet::numbersAtRegularDistancesLieWhereTheyBelong()
             ofObjectsOf = size;
         }
     }
-    // With numbers that lie anywhere, and half of the places taken, it is 0.5 on average.
-    QVERIFY2(longest < 0.6, qPrintable(QStringLiteral("%1 for objects of %2 bytes").arg(longest).arg(ofObjectsOf)));
+    // With numbers that lie anywhere, and nearly half of the places taken, it is a little less than 0.5 on average.
+    QVERIFY2(longest > 0.4 && longest < 0.6,
+             qPrintable(QStringLiteral("%1 for objects of %2 bytes").arg(longest).arg(ofObjectsOf)));
 }
 
 QTEST_APPLESS_MAIN(tst_CNumberSet)
