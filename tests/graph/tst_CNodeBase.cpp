@@ -116,6 +116,9 @@ private:
     std::vector<int>& m_left;
 };
 
+constexpr const char* whyNoCoroutines =
+    "Only Linux has stacks that can be changed here, and the race detector takes every stack for that of the thread.";
+
 #if defined(Q_OS_LINUX) && !defined(__SANITIZE_THREAD__)
 /// Work with a stack of its own, which it may leave in the middle. To be run to its end.
 class CCoroutine
@@ -153,7 +156,7 @@ private:
     static inline CCoroutine* s_resumed = nullptr;
 };
 #else
-/// Missing here: the race detector, for one, takes every stack for that of the thread.
+/// Stands in where there are none.
 class CCoroutine
 {
 public:
@@ -1288,7 +1291,7 @@ void tst_CNodeBase::longChainIsServed()
 void tst_CNodeBase::stackOfACoroutineHasRoom()
 {
     if (!CCoroutine::isAvailable)
-        QSKIP("no coroutines", ); // with the comma, as the standard wants an argument for the dots
+        QSKIP(whyNoCoroutines, ); // with the comma, as the standard wants an argument for the dots
     const CMessageCatcher messages;
     const SFan fan(2);
     CCoroutine coroutine([&fan] { fan.source.model->offer(CTestData::make(7)); });
@@ -1313,7 +1316,7 @@ void tst_CNodeBase::visitsOfSeveralStacksEndInAnyOrder_data()
 void tst_CNodeBase::visitsOfSeveralStacksEndInAnyOrder()
 {
     if (!CCoroutine::isAvailable)
-        QSKIP("no coroutines", );
+        QSKIP(whyNoCoroutines, );
     QFETCH(const int, count);
     QFETCH(const bool, isDelivery);
     SFan fan(1);
@@ -1354,7 +1357,7 @@ void tst_CNodeBase::visitsOfSeveralStacksEndInAnyOrder()
 void tst_CNodeBase::nodeRetiredFromAnotherStackPassesNothingOn()
 {
     if (!CCoroutine::isAvailable)
-        QSKIP("no coroutines", );
+        QSKIP(whyNoCoroutines, );
     SFan fan(1);
     CTestModel& model = *fan.source.model;
     CCoroutine delivery([&fan] { fan.source->propagateData(CTestData::make(1), 0); });
@@ -1381,7 +1384,7 @@ void tst_CNodeBase::visitOfAnotherStackThatEndedIsNoRound_data()
 void tst_CNodeBase::visitOfAnotherStackThatEndedIsNoRound()
 {
     if (!CCoroutine::isAvailable)
-        QSKIP("no coroutines", );
+        QSKIP(whyNoCoroutines, );
     QFETCH(const bool, isCutElsewhere);
     const CMessageCatcher messages;
     const SFan fan(1);
