@@ -58,7 +58,9 @@ target_sources(Halvex PRIVATE
   graph/CGraphOwner_p.h
   graph/CLiveObjects.cpp
   graph/CLiveObjects_p.h
-  graph/CMetaTypeRegistration_p.h
+  graph/support/CDeferredQueue.cpp
+  graph/support/CDeferredQueue_p.h
+  graph/support/CMetaTypeRegistration_p.h
   graph/CNodeBase.cpp
   graph/CNodeConnection.cpp
   graph/CNodeData.cpp
@@ -69,10 +71,10 @@ target_sources(Halvex PRIVATE
   graph/CStackGauge.cpp
   graph/CStackGauge_p.h
   graph/DocumentKeys_p.h
-  graph/JsonObject_p.h
-  graph/LoggingCategory.cpp
-  graph/LoggingCategory_p.h
-  graph/Swallow_p.h
+  graph/support/JsonObject_p.h
+  graph/support/LoggingCategory.cpp
+  graph/support/LoggingCategory_p.h
+  graph/support/Swallow_p.h
   models/ANodeDataModel.cpp
   models/ASinkNodeDataModel.cpp
   models/ASourceNodeDataModel.cpp

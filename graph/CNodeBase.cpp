@@ -7,8 +7,8 @@
 #include "graph/CLiveObjects_p.h"
 #include "graph/CStackGauge_p.h"
 #include "graph/DocumentKeys_p.h"
-#include "graph/JsonObject_p.h"
-#include "graph/LoggingCategory_p.h"
+#include "graph/support/JsonObject_p.h"
+#include "graph/support/LoggingCategory_p.h"
 
 #include <utility>
 

@@ -6,9 +6,9 @@
 #include "graph/CConnectionWatch_p.h"
 #include "graph/CNodeBase.h"
 #include "graph/DocumentKeys_p.h"
-#include "graph/JsonObject_p.h"
-#include "graph/LoggingCategory_p.h"
-#include "graph/Swallow_p.h"
+#include "graph/support/JsonObject_p.h"
+#include "graph/support/LoggingCategory_p.h"
+#include "graph/support/Swallow_p.h"
 
 #include <utility>
 

@@ -3,7 +3,7 @@
 
 #include "graph/CNodeData.h"
 
-#include "graph/CMetaTypeRegistration_p.h"
+#include "graph/support/CMetaTypeRegistration_p.h"
 
 namespace Plugin {
 namespace Halvex {

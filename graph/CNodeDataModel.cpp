@@ -4,7 +4,7 @@
 #include "graph/CNodeDataModel.h"
 
 #include "graph/DocumentKeys_p.h"
-#include "graph/JsonObject_p.h"
+#include "graph/support/JsonObject_p.h"
 
 #include <QPointer>
 

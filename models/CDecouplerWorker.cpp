@@ -3,8 +3,8 @@
 
 #include "models/CDecouplerWorker_p.h"
 
-#include "graph/LoggingCategory_p.h"
-#include "graph/Swallow_p.h"
+#include "graph/support/LoggingCategory_p.h"
+#include "graph/support/Swallow_p.h"
 #include "models/CDecoupler.h"
 
 #include <QDeadlineTimer>

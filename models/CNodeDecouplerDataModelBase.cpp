@@ -4,7 +4,7 @@
 #include "models/CNodeDecouplerDataModelBase.h"
 
 #include "graph/DocumentKeys_p.h"
-#include "graph/JsonObject_p.h"
+#include "graph/support/JsonObject_p.h"
 #include "models/CDecoupler.h"
 
 #include <QTimer>

@@ -4,9 +4,9 @@
 #include "scene/CNodeScene.h"
 
 #include "graph/CGraphOwner_p.h"
-#include "graph/CMetaTypeRegistration_p.h"
-#include "graph/LoggingCategory_p.h"
-#include "graph/Swallow_p.h"
+#include "graph/support/CMetaTypeRegistration_p.h"
+#include "graph/support/LoggingCategory_p.h"
+#include "graph/support/Swallow_p.h"
 
 #include <QScopeGuard>
 #include <QVarLengthArray>

@@ -3,7 +3,7 @@
 
 #include "service/CNodeService.h"
 
-#include "graph/Swallow_p.h"
+#include "graph/support/Swallow_p.h"
 #include "scene/CNodeScene.h"
 #include "scene/CSceneLoader_p.h"
 #include "service/CSceneImport_p.h"

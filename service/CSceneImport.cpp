@@ -5,7 +5,7 @@
 
 #include "graph/CGraphOwner_p.h"
 #include "graph/DocumentKeys_p.h"
-#include "graph/JsonObject_p.h"
+#include "graph/support/JsonObject_p.h"
 #include "models/ANodeDataModel.h"
 #include "scene/CNodeScene.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "graph/LoggingCategory_p.h"
+#include "graph/support/LoggingCategory_p.h"
 
 namespace Plugin {
 namespace Halvex {
