@@ -12,8 +12,6 @@ set_target_properties(Halvex PROPERTIES
 halvex_target(Halvex)
 
 set(HALVEX_PUBLIC_HEADERS
-  graph/CConnectionEnd.h
-  graph/CConverterShare.h
   graph/CNodeBase.h
   graph/CNodeConnection.h
   graph/CNodeData.h
@@ -52,12 +50,8 @@ set(HALVEX_PLATFORM_HEADERS
 
 target_sources(Halvex PRIVATE
   ${HALVEX_PUBLIC_HEADERS}
-  graph/CConnectionEnd.cpp
-  graph/CConnectionSnapshot_p.h
-  graph/CConnectionWatch_p.h
+  graph/CConversion_p.h
   graph/CGraphOwner_p.h
-  graph/CLiveObjects.cpp
-  graph/CLiveObjects_p.h
   graph/support/CDeferredQueue.cpp
   graph/support/CDeferredQueue_p.h
   graph/support/CMetaTypeRegistration_p.h
@@ -66,8 +60,8 @@ target_sources(Halvex PRIVATE
   graph/CNodeData.cpp
   graph/CNodeDataModel.cpp
   graph/CNodeState.cpp
+  graph/CNodeVisit_p.h
   graph/CNodeWalk.cpp
-  graph/CNumberSet_p.h
   graph/CStackGauge.cpp
   graph/CStackGauge_p.h
   graph/DocumentKeys_p.h

@@ -3,12 +3,11 @@
 
 #include "graph/CNodeBase.h"
 
-#include "graph/CGraphOwner_p.h"
-#include "graph/CLiveObjects_p.h"
+#include "graph/CNodeConnection.h"
+#include "graph/CNodeVisit_p.h"
 #include "graph/CStackGauge_p.h"
 #include "graph/DocumentKeys_p.h"
 #include "graph/support/JsonObject_p.h"
-#include "graph/support/LoggingCategory_p.h"
 
 #include <utility>
 
@@ -39,23 +38,20 @@ CNodeBase::CNodeBase(std::unique_ptr<CNodeDataModel>&& model)
     static const int nameOfPortIndex = qRegisterMetaType<NodePortIndex>("NodePortIndex");
     Q_UNUSED(nameOfPortIndex)
 
-    CStackGauge::hasRoom(
-        CStackGauge::EFor::Delivery); // reads the bounds of this thread's stack, which allocates, before any walk does
+    CStackGauge().hasRoom(); // measures this thread's stack, which allocates, before any walk does
     connect(m_model.get(), &CNodeDataModel::dataUpdated, this, &CNodeBase::onDataUpdated);
-    CLiveObjects::add(this, CLiveObjects::EKind::Node); // last: only the destructor takes it back
 }
 
 CNodeBase::~CNodeBase()
 {
-    CLiveObjects::remove(this, CLiveObjects::EKind::Node);
-    m_ends.release();
-    CNodeVisit::setGone(*this);
-    m_visit = nullptr;
+    clearEnds();
+    CNodeVisit::forgetNode(*this);
 
     // Here rather than by the members' own destructors: the model's destructor is foreign code, and whatever it calls
     // must find a node without ports and without a model.
     m_state.clear();
     m_model.reset();
+    clearEnds(); // of connections that it has made meanwhile
 }
 
 Core::CId CNodeBase::id() const
@@ -88,19 +84,21 @@ QJsonObject CNodeBase::save() const
 void CNodeBase::restore(const QJsonObject& json)
 {
     const CNodeVisit visit(*this);
-    m_id = Core::CId(json.value(DocumentKeys::id).toString().toLatin1().constData());
+    m_id = Core::CId(json.value(DocumentKeys::id).toString().toLocal8Bit().constData());
     if (m_model)
         m_model->restore(json.value(DocumentKeys::model).toObject());
 }
 
-void CNodeBase::dropForLackOfRoom() const
+CNodeConnection*& CNodeBase::firstConnection(ENodePortType side)
 {
-    CStackGauge::countDrop();
-    if (!std::exchange(m_hasWarned, true)) {
-        qCWarning(lcGraph,
-                  "Data for the model \"%s\" is dropped: the stack has no room for a walk this deep. Is there a "
-                  "feedback loop?",
-                  qUtf8Printable(m_model->name()));
+    return side == ENodePortType::In ? m_firstIn : m_firstOut;
+}
+
+void CNodeBase::clearEnds()
+{
+    for (const ENodePortType side : {ENodePortType::In, ENodePortType::Out}) {
+        while (CNodeConnection* const connection = firstConnection(side))
+            connection->onNodeGone(side, *this);
     }
 }
 

@@ -5,7 +5,6 @@
 
 #include "graph/CNodeDataModel.h"
 #include "graph/CNodeState.h"
-#include "graph/CWeakLink.h"
 #include "platform/CId.h"
 #include "platform/ISerializable.h"
 
@@ -29,14 +28,15 @@ class CNodeVisit;
  * \endcode
  *
  * Walks: when the model announces new output, the node hands it to every connection of that port, synchronously and
- * depth first, in no particular order. A walk goes over the connections that the port had when it began: one that was
- * destroyed meanwhile is skipped, one that was merely taken out of the port is still served. It ends quietly when its
- * node is removed or destroyed; a node that its scene removes while a walk stands in it is destroyed when the walk has
- * left it. A walk allocates nothing for up to sixteen connections per port.
+ * depth first, in no particular order. A walk serves the connections that the port had when it began: one that was
+ * destroyed meanwhile is skipped, one that was merely taken out of the port is still served. It ends when its node is
+ * removed or destroyed. A node that its scene removes while code stands in it is destroyed when that code has left it.
+ * A walk allocates nothing.
  *
- * Depth: a delivery for which the thread's stack has too little room (a feedback loop) is dropped; the first time,
- * a warning in "halvex.graph" names the model of the node that could not be reached. With it end the walks of nodes
- * that the loop came through before; the first walk of each goes on to its other connections.
+ * Feedback loops: data that comes back to a node for the 1001st time, while the first delivery to it has not ended, is
+ * dropped. So is data for which the thread's stack has no room. The first time, a warning in "halvex.graph" names the
+ * model that gets nothing. What was dropped ends every further round of the loop; the first deliveries to each node go
+ * on to their other connections.
  *
  * Ownership: a scene owns its nodes; a host may also make some of its own and destroy them at any time. The destructor
  * leaves the connections alone; they find their end cleared.
@@ -81,29 +81,34 @@ private:
     friend class CNodeConnection;
     friend class CNodeVisit;
 
+    /// How far its removal has come.
+    enum class EStage
+    {
+        Staying,
+        Leaving, ///< It was announced.
+        Closed,  ///< Its connections are being taken away; it gets no new ones.
+        Retired  ///< It is out of the graph, and lives only for the code that stands in it.
+    };
+
     // The walk, in CNodeWalk.cpp. What takes a pointer takes it over from whoever has no more use for it.
     template <typename DataPtr>
     HALVEX_NO_EXPORT void deliver(DataPtr&& data, NodePortIndex inPortIndex) const;
-    HALVEX_NO_EXPORT void update(NodePortIndex index) const;
-    HALVEX_NO_EXPORT inline void deliverToPort(NodePortIndex outIndex, CNodeDataPtr&& data,
-                                               const CNodeVisit& visit) const;
-    HALVEX_NO_EXPORT void deliverToAll(const CNodeState::Connections& port, CNodeDataPtr&& data,
-                                       const CNodeVisit& visit) const;
-    [[gnu::cold]] HALVEX_NO_EXPORT void dropForLackOfRoom() const;
+    HALVEX_NO_EXPORT inline void walk(NodePortIndex outIndex, CNodeVisit& visit);
+    HALVEX_NO_EXPORT inline void deliverToPort(NodePortIndex outIndex, CNodeDataPtr&& data, const CNodeVisit& visit);
+    [[gnu::cold]] HALVEX_NO_EXPORT void dropData(bool isLoop) const;
+
+    CNodeConnection*& firstConnection(ENodePortType side);
+    void clearEnds();
 
     Core::CId m_id;
-    CWeakAnchor<CNodeBase> m_ends; // the connection ends that point here
-    // What a walk reads is from here to what the table begins with: 32 bytes in a row, for the cache.
-    std::unique_ptr<CNodeDataModel> m_model;
-    mutable CNodeVisit* m_visit = nullptr; // the innermost stretch of code that stands here
-    mutable quint64 m_dropsBefore = 0;
-    CNodeState m_state;
-    const void* m_owner = nullptr; // the scene that has the node in its table
-    quint64 m_entry = 0;           // its number among those that came in there
-    bool m_isLeaving = false;
-    bool m_isClosed = false;
-    bool m_isRetired = false;
+    // The connections that lead here, one list for each side; the node clears their ends when it goes.
+    CNodeConnection* m_firstIn = nullptr;
+    CNodeConnection* m_firstOut = nullptr;
+    EStage m_stage = EStage::Staying;
     mutable bool m_hasWarned = false;
+    // What a walk reads is from here to what the table begins with, in a row, for the cache.
+    std::unique_ptr<CNodeDataModel> m_model;
+    mutable CNodeState m_state; // also counts who stands in the node
 };
 
 } // namespace Halvex

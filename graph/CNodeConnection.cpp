@@ -3,13 +3,16 @@
 
 #include "graph/CNodeConnection.h"
 
-#include "graph/CConnectionWatch_p.h"
+#include "graph/CConversion_p.h"
 #include "graph/CNodeBase.h"
 #include "graph/DocumentKeys_p.h"
 #include "graph/support/JsonObject_p.h"
 #include "graph/support/LoggingCategory_p.h"
 #include "graph/support/Swallow_p.h"
 
+#include <QPointer>
+
+#include <algorithm>
 #include <utility>
 
 namespace Plugin {
@@ -27,11 +30,9 @@ bool isRealSide(ENodePortType portType)
     return portType == ENodePortType::In || portType == ENodePortType::Out;
 }
 
-QJsonObject withConverter(const QJsonObject& ends, const QJsonObject& converter)
+std::shared_ptr<const NodeDataConverter> share(NodeDataConverter converter)
 {
-    QJsonObject json = ends;
-    json.insert(QString(DocumentKeys::converter), converter);
-    return json;
+    return converter ? std::make_shared<const NodeDataConverter>(std::move(converter)) : nullptr;
 }
 
 } // namespace
@@ -39,31 +40,32 @@ QJsonObject withConverter(const QJsonObject& ends, const QJsonObject& converter)
 CNodeConnection::CNodeConnection(CNodeBase& inNode, NodePortIndex inIndex, CNodeBase& outNode, NodePortIndex outIndex,
                                  NodeDataConverter converter)
     : m_id(Core::CId::createId())
-    , m_converter(std::move(converter))
-    , m_number(CConnectionWatch::nextNumber())
+    , m_converter(share(std::move(converter)))
 {
     setNodeToPort(inNode, ENodePortType::In, inIndex);
     setNodeToPort(outNode, ENodePortType::Out, outIndex);
-    CLiveObjects::add(this, CLiveObjects::EKind::Connection); // last: only the destructor takes it back
 }
 
 CNodeConnection::CNodeConnection(ENodePortType portType, CNodeBase& node, NodePortIndex index)
     : m_id(Core::CId::createId())
-    , m_number(CConnectionWatch::nextNumber())
 {
     setNodeToPort(node, portType, index);
-    CLiveObjects::add(this, CLiveObjects::EKind::Connection);
 }
 
 CNodeConnection::~CNodeConnection()
 {
     // What the model does with empty data and what a converter leaves behind is foreign code: it comes while the
     // connection is whole.
-    m_isEnding = true;
+    m_stage = EStage::Ending;
     swallowExceptions(lcGraph, "A connection's last delivery", [this] { propagateEmptyData(); });
-    m_converter = CConverterShare();
-    removeFromNodes();
-    CLiveObjects::remove(this, CLiveObjects::EKind::Connection);
+    CConversion::keepConverter(*this);
+    m_converter.reset();
+
+    CConversion::endAll(*this);
+    for (const CNodeState::SEntry& entry : qAsConst(m_entries))
+        entry.table->forgetConnection(entry, *this);
+    unlinkEnd(ENodePortType::In);
+    unlinkEnd(ENodePortType::Out);
 }
 
 Core::CId CNodeConnection::id() const
@@ -73,53 +75,50 @@ Core::CId CNodeConnection::id() const
 
 CNodeBase* CNodeConnection::getNode(ENodePortType portType) const
 {
-    return isRealSide(portType) ? end(portType).node() : nullptr;
+    return isRealSide(portType) ? end(portType).node : nullptr;
 }
 
 CNodeBase*& CNodeConnection::getNode(ENodePortType portType)
 {
-    return end(portType).nodeField();
+    return end(portType).node;
 }
 
 NodePortIndex CNodeConnection::getPortIndex(ENodePortType portType) const
 {
-    return isRealSide(portType) ? end(portType).index() : -1;
+    return isRealSide(portType) ? end(portType).index : -1;
 }
 
 SNodeDataType CNodeConnection::dataType(ENodePortType portType) const
 {
-    const CNodeBase* const in = m_in.node();
-    const CNodeBase* const out = m_out.node();
-    if (in && (!out || portType == ENodePortType::In))
-        return typeAt(*in, ENodePortType::In, m_in.index());
-    if (out)
-        return typeAt(*out, in ? portType : ENodePortType::Out, m_out.index());
+    if (m_in.node && (!m_out.node || portType == ENodePortType::In))
+        return typeAt(*m_in.node, ENodePortType::In, m_in.index);
+    if (m_out.node)
+        return typeAt(*m_out.node, m_in.node ? portType : ENodePortType::Out, m_out.index);
     return {};
 }
 
 void CNodeConnection::setNodeToPort(CNodeBase& node, ENodePortType portType, NodePortIndex index)
 {
-    CConnectionEnd& indexEnd = portType == ENodePortType::Out ? m_out : m_in;
-    leaveEntryBehind(portType);
-    if (&indexEnd != &end(portType))
-        leaveEntryBehind(ENodePortType::In);
-    end(portType).setNode(node);
-    indexEnd.setIndex(index);
+    // For None the two go to different ends.
+    setNode(portType == ENodePortType::In ? ENodePortType::In : ENodePortType::Out, node);
+    (portType == ENodePortType::Out ? m_out : m_in).index = index;
     Q_EMIT updated(*this);
 }
 
 void CNodeConnection::clearNode(ENodePortType portType)
 {
-    leaveEntryBehind(portType);
-    end(portType).clear();
+    unlinkEnd(portType);
+    end(portType).node = nullptr;
+    end(portType).index = -1;
 }
 
 void CNodeConnection::setTypeConverter(NodeDataConverter converter)
 {
-    if (m_isEnding)
+    if (m_stage == EStage::Ending)
         return; // nothing would be left to release it in safety
+    CConversion::keepConverter(*this);
     // The old converter goes last: what it captured may destroy this connection.
-    const CConverterShare old = std::exchange(m_converter, CConverterShare(std::move(converter)));
+    const auto old = std::exchange(m_converter, share(std::move(converter)));
 }
 
 void CNodeConnection::propagateEmptyData() const
@@ -129,33 +128,32 @@ void CNodeConnection::propagateEmptyData() const
 
 void CNodeConnection::removeFromNodes() const
 {
-    if (CNodeBase* const in = m_in.node())
-        in->nodeState().eraseConnection(ENodePortType::In, m_in.index(), m_id);
-    if (CNodeBase* const out = m_out.node())
-        out->nodeState().eraseConnection(ENodePortType::Out, m_out.index(), m_id);
+    if (m_in.node)
+        m_in.node->nodeState().eraseConnection(ENodePortType::In, m_in.index, m_id);
+    if (m_out.node)
+        m_out.node->nodeState().eraseConnection(ENodePortType::Out, m_out.index, m_id);
 }
 
 QJsonObject CNodeConnection::save() const
 {
-    const CNodeBase* const in = m_in.node();
-    const CNodeBase* const out = m_out.node();
-    if (!in || !out)
+    if (!m_in.node || !m_out.node)
         return {};
 
-    const QJsonObject ends = jsonObject({{DocumentKeys::inId, in->id().toString()},
-                                         {DocumentKeys::inIndex, m_in.index()},
-                                         {DocumentKeys::outId, out->id().toString()},
-                                         {DocumentKeys::outIndex, m_out.index()}});
+    QJsonObject json = jsonObject({{DocumentKeys::inId, m_in.node->id().toString()},
+                                   {DocumentKeys::inIndex, m_in.index},
+                                   {DocumentKeys::outId, m_out.node->id().toString()},
+                                   {DocumentKeys::outIndex, m_out.index}});
     if (!m_converter)
-        return ends;
+        return json;
 
     // The models that are asked are foreign code and may destroy this connection.
-    const CConnectionWatch watch;
+    const QPointer<const CNodeConnection> self(this);
     const QJsonObject inType = getTypeJson(ENodePortType::In);
-    if (!watch.isThere(this))
+    if (!self)
         return {};
     const QJsonObject outType = getTypeJson(ENodePortType::Out);
-    return withConverter(ends, jsonObject({{DocumentKeys::in, inType}, {DocumentKeys::out, outType}}));
+    json.insert(QString(DocumentKeys::converter), jsonObject({{DocumentKeys::in, inType}, {DocumentKeys::out, outType}}));
+    return json;
 }
 
 QJsonObject CNodeConnection::getTypeJson(ENodePortType portType) const
@@ -164,28 +162,66 @@ QJsonObject CNodeConnection::getTypeJson(ENodePortType portType) const
     return jsonObject({{DocumentKeys::id, type.id}, {DocumentKeys::name, type.name}});
 }
 
-const CConnectionEnd& CNodeConnection::end(ENodePortType portType) const
+void CNodeConnection::setNode(ENodePortType side, CNodeBase& node)
 {
-    return portType == ENodePortType::In ? m_in : m_out;
+    unlinkEnd(side);
+    SEnd& here = end(side);
+    here.node = &node;
+    here.link = &node.firstConnection(side);
+    here.next = *here.link;
+    if (here.next)
+        here.next->end(side).link = &here.next;
+    *here.link = this;
 }
 
-CConnectionEnd& CNodeConnection::end(ENodePortType portType)
+void CNodeConnection::unlinkEnd(ENodePortType side)
 {
-    return portType == ENodePortType::In ? m_in : m_out;
+    SEnd& here = end(side);
+    if (!here.link)
+        return;
+    *here.link = here.next;
+    if (here.next)
+        here.next->end(side).link = here.link;
+    here.link = nullptr;
 }
 
-bool CNodeConnection::leaves(ENodePortType portType, NodePortIndex index, const CNodeState& state) const
+void CNodeConnection::onNodeGone(ENodePortType side, const CNodeBase& node)
 {
-    const CNodeBase* const node = end(portType).node();
-    return node && &node->nodeState() == &state && end(portType).index() == index;
+    unlinkEnd(side);
+    if (end(side).node == &node)
+        clearNode(side);
 }
 
-void CNodeConnection::leaveEntryBehind(ENodePortType portType) const
+const CNodeState::SEntry* CNodeConnection::findEntry(const CNodeState& table, ENodePortType side,
+                                                     NodePortIndex port) const
 {
-    const ENodePortType side = portType == ENodePortType::In ? ENodePortType::In : ENodePortType::Out;
-    CNodeBase* const node = end(side).node();
-    if (node && node->nodeState().holds(side, end(side).index(), m_id))
-        node->nodeState().expectDeadEntries();
+    for (const CNodeState::SEntry& entry : m_entries) {
+        if (entry.table == &table && entry.side == side && entry.port == port && table.isFilled(entry))
+            return &entry;
+    }
+    return nullptr;
+}
+
+void CNodeConnection::dropEntry(const CNodeState::SEntry& entry)
+{
+    const auto found = findNote(entry);
+    *found = m_entries.last();
+    m_entries.removeLast();
+}
+
+void CNodeConnection::moveEntry(const CNodeState::SEntry& entry, int position)
+{
+    findNote(entry)->position = position;
+}
+
+CNodeState::SEntry* CNodeConnection::findNote(const CNodeState::SEntry& entry)
+{
+    const auto found = std::find_if(m_entries.begin(), m_entries.end(), [&entry](const CNodeState::SEntry& note) {
+        return note.table == entry.table && note.side == entry.side && note.port == entry.port &&
+               note.position == entry.position;
+    });
+    Q_ASSERT(found != m_entries.end());
+    return found;
 }
 
 } // namespace Halvex

@@ -3,8 +3,7 @@
 
 #pragma once
 
-#include "graph/CConnectionEnd.h"
-#include "graph/CConverterShare.h"
+#include "graph/CNodeState.h"
 #include "graph/ENodePortType.h"
 #include "graph/NodeDataConverter.h"
 #include "graph/NodePortIndex.h"
@@ -14,12 +13,15 @@
 #include <Halvex/HalvexExport.h>
 
 #include <QObject>
+#include <QVarLengthArray>
+
+#include <memory>
 
 namespace Plugin {
 namespace Halvex {
 
+class CConversion;
 class CNodeBase;
-class CNodeState;
 
 /**
  * Joins an output port of one node to an input port of another and carries data along, through a converter if it has
@@ -60,9 +62,8 @@ public:
     CNodeBase* getNode(ENodePortType portType) const;
 
     /// The in node's pointer for In, the out node's for anything else, which may be overwritten. The index stays, and
-    /// nothing is emitted; setNodeToPort() is the better way. A node written here that is gone before the connection
-    /// is used again counts as no node, unless another node has come to lie at its address by then: nothing else is
-    /// known of it.
+    /// nothing is emitted; setNodeToPort() is the better way: a node that is written here must exist for as long as
+    /// the connection leads to it.
     CNodeBase*& getNode(ENodePortType portType);
 
     /// The in index for In, the out index for Out, -1 for anything else and for an end that was never set, was cleared
@@ -106,10 +107,28 @@ protected:
     QJsonObject getTypeJson(ENodePortType portType) const;
 
 private:
-    friend class CConnectionWatch;
+    friend class CConversion;
     friend class CGraphOwner;
     friend class CNodeBase;
     friend class CNodeState;
+
+    /// One end: a port of a node, and the place among the connections that lead to that node, which clears the end when
+    /// it goes.
+    struct SEnd
+    {
+        CNodeBase* node = nullptr;
+        NodePortIndex index = -1;
+        CNodeConnection* next = nullptr;
+        CNodeConnection** link = nullptr; ///< What points at this connection in that list; null if it is in none.
+    };
+
+    /// What is going on with it.
+    enum class EStage
+    {
+        Staying,
+        Leaving, ///< Its deletion was announced.
+        Ending   ///< In its destructor.
+    };
 
     // The walk, in CNodeWalk.cpp. They take the pointer over from whoever has no more use for it.
     template <typename DataPtr>
@@ -117,26 +136,26 @@ private:
     template <typename DataPtr>
     HALVEX_NO_EXPORT void deliverConverted(DataPtr&& data) const;
 
-    const CConnectionEnd& end(ENodePortType portType) const;
-    CConnectionEnd& end(ENodePortType portType);
+    const SEnd& end(ENodePortType portType) const { return portType == ENodePortType::In ? m_in : m_out; }
+    SEnd& end(ENodePortType portType) { return portType == ENodePortType::In ? m_in : m_out; }
+    void setNode(ENodePortType side, CNodeBase& node);
+    void unlinkEnd(ENodePortType side);
+    // For the node, which is being destroyed or leaves its scene.
+    void onNodeGone(ENodePortType side, const CNodeBase& node);
 
-    // Whether this connection will take itself out of that port of that table.
-    bool leaves(ENodePortType portType, NodePortIndex index, const CNodeState& state) const;
-
-    // To be called before an end changes: the table of its node may then keep an entry that nobody takes out.
-    void leaveEntryBehind(ENodePortType portType) const;
+    const CNodeState::SEntry* findEntry(const CNodeState& table, ENodePortType side, NodePortIndex port) const;
+    void dropEntry(const CNodeState::SEntry& entry);
+    void moveEntry(const CNodeState::SEntry& entry, int position);
+    CNodeState::SEntry* findNote(const CNodeState::SEntry& entry);
 
     Core::CId m_id;
-    CConnectionEnd m_out;
-    // Shared with a call that is under way, which may replace the converter or destroy the connection. What a walk
-    // reads is this and what the in end begins with: 32 bytes in a row, for the cache.
-    CConverterShare m_converter;
-    CConnectionEnd m_in;
-    // Counts up with each connection that is made: unlike an address, a number is never used again. A walk in another
-    // thread may read it until this connection is gone, so that it shares no word with the flags.
-    quint64 m_number;
-    bool m_isLeaving = false;
-    bool m_isEnding = false; // in its destructor
+    SEnd m_out;
+    QVarLengthArray<CNodeState::SEntry, 2> m_entries; // the tables that it is in
+    mutable CConversion* m_conversion = nullptr;      // the innermost call of the converter
+    EStage m_stage = EStage::Staying;
+    // What a walk reads is this and what the in end begins with: 32 bytes in a row, for the cache.
+    std::shared_ptr<const NodeDataConverter> m_converter; // null for none
+    SEnd m_in;
 };
 
 } // namespace Halvex

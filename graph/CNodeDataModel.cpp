@@ -78,7 +78,7 @@ Core::AppCoreComponents::BaseInfoPtr CNodeDataModel::getInfo()
 
 QJsonObject CNodeDataModel::save() const
 {
-    return jsonObject({{DocumentKeys::name, asked(*this).name()}});
+    return jsonObject({{DocumentKeys::name, mutableSelf(*this).name()}});
 }
 
 } // namespace Halvex

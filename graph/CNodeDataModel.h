@@ -126,7 +126,7 @@ protected:
     /// The model as its own non-const self. name() and isUnique() are not const, by the interface that hosts build
     /// on, yet save() must ask them; they are questions all the same, so asking them through this is sound.
     template <typename Model>
-    static Model& asked(const Model& model)
+    static Model& mutableSelf(const Model& model)
     {
         return const_cast<Model&>(model);
     }

@@ -9,6 +9,7 @@
 
 #include <Halvex/HalvexExport.h>
 
+#include <QVarLengthArray>
 #include <QtGlobal>
 
 #include <memory>
@@ -20,6 +21,7 @@ namespace Halvex {
 
 class CNodeConnection;
 class CNodeDataModel;
+class CNodeVisit;
 
 /**
  * A node's table of the connections attached to each of its ports.
@@ -32,9 +34,9 @@ class CNodeDataModel;
  * The scene enters a connection into the tables of both of its nodes; a connection takes itself out of the tables of
  * its ends when it is removed and, at the latest, when it is destroyed.
  *
- * Ownership: connections are referred to, not owned. The pointers that connections() and getEntries() hand out are
- * good until something destroys the connection. Whatever a host enters by itself (through setConnection(), the
- * modifiable getEntries() or by assigning a table), the library uses an entry only while its connection exists.
+ * Ownership: connections are referred to, not owned. A connection that is destroyed leaves every table that it was
+ * entered into, copied tables too; the pointers that connections() and getEntries() hand out are good until then. What
+ * a host writes into the modifiable getEntries() is used as it is: that those connections exist is up to the host.
  *
  * Port types: In selects the input ports, Out the output ports, anything else a third list that is always empty.
  *
@@ -65,50 +67,70 @@ public:
     void eraseConnection(ENodePortType portType, NodePortIndex index, const Core::CId& id);
 
     /// All ports of one side, in index order. Entries may be changed through the first form, ports may not. To read,
-    /// use the second (std::as_const): once the first was used, every entry is looked up before it is used, for good.
+    /// use the second (std::as_const): once the first was used, every walk looks for what was written.
     std::vector<Connections>& getEntries(ENodePortType portType);
     const std::vector<Connections>& getEntries(ENodePortType portType) const;
 
 private:
-    friend class CConnectionEnd;
-    friend class CConnectionSnapshot;
     friend class CNodeBase;
     friend class CNodeConnection;
+    friend class CNodeVisit;
 
-    // The port's connections, null if it does not exist; the second form says so in the debug message.
+    /// Where a walk finds a connection.
+    struct SPlace
+    {
+        CNodeConnection* connection; ///< Null once it was destroyed.
+        quint64 until;               ///< The change that gave the place up. A walk that began before still serves it.
+    };
+    static constexpr quint64 staysFilled = ~quint64(0);
+
+    /// The connections of one port in a row: a walk reads no table. There is room for one next to the other members,
+    /// since most ports have one; what a hop reads then lies together.
+    struct SRow
+    {
+        QVarLengthArray<SPlace, 1> places;
+    };
+    using Rows = QVarLengthArray<SRow, 1>;
+
+    /// A connection's note of its place in a table.
+    struct SEntry
+    {
+        CNodeState* table;
+        ENodePortType side;
+        NodePortIndex port;
+        int position; ///< In the row of that port.
+    };
+
     const Connections* findPort(ENodePortType portType, NodePortIndex index) const;
+    // Says in the debug message which port is missing.
     const Connections* requirePort(ENodePortType portType, NodePortIndex index) const;
+    Rows& rows(ENodePortType side) { return side == ENodePortType::In ? m_inRows : m_outRows; }
+    const Rows& rows(ENodePortType side) const { return side == ENodePortType::In ? m_inRows : m_outRows; }
+    std::vector<Connections>& table(ENodePortType side);
+    const std::vector<Connections>& table(ENodePortType side) const;
 
-    // The same for an output port. Most models have one only, and finding another takes a division.
-    const Connections* requireOutPort(NodePortIndex index) const
-    {
-        return Q_LIKELY(index == 0 && !m_out.empty()) ? &m_out.front() : requirePort(ENodePortType::Out, index);
-    }
-    // Whether that output port has no connection, and the connection that it has if there is no other and it can be
-    // used. Only of the first port; no and null if that is to be looked up.
-    bool isUnconnected(NodePortIndex outIndex) const { return outIndex == 0 && m_isFirstOutEmpty; }
-    const CNodeConnection* onlyConnection(NodePortIndex outIndex) const
-    {
-        return outIndex == 0 ? m_onlyOfFirstOut : nullptr;
-    }
-    void readFirstOut();
+    void addPlace(ENodePortType side, NodePortIndex port, CNodeConnection& connection);
+    void givePlaceUp(SEntry entry);
+    void removePlace(ENodePortType side, NodePortIndex port, int position);
+    bool isFilled(const SEntry& entry) const;
+    void tidyRow(ENodePortType side, NodePortIndex port);
+    void readWrittenTable(NodePortIndex outPort);
 
-    bool holds(ENodePortType portType, NodePortIndex index, const Core::CId& id) const;
-    void expectDeadEntries();
-    bool isUsable(const Connections::value_type& entry) const
-    {
-        return !m_mayHoldDead || exists(entry.first, entry.second);
-    }
-    // By the id as well, since a new connection may have come to lie where the one that was entered lay.
-    static bool exists(const Core::CId& id, const CNodeConnection* connection);
+    void copyFrom(const CNodeState& other);
     void clear();
 
-    // What most walks read, next to what they read of the node.
-    const CNodeConnection* m_onlyOfFirstOut = nullptr;
-    bool m_isFirstOutEmpty = false;
-    // Set when an entry may be of a connection that will not take it out, since it does not know of it. Entries are
-    // then looked up before they are used, which costs a walk through this node a little. True for every copy.
-    bool m_mayHoldDead = false;
+    // For the connection, which is being destroyed.
+    void forgetConnection(const SEntry& entry, const CNodeConnection& connection);
+    // For the last visit that leaves the node.
+    void tidy();
+
+    // What a walk reads comes first.
+    CNodeVisit* m_visit = nullptr; // the innermost stretch of code that stands in the table's node: places stay put
+    Rows m_outRows;
+    quint64 m_lastChange = 0; // of the rows, since somebody stands in the node
+    bool m_isUntidy = false;  // a row has a place that was given up
+    bool m_isWritable = false; // a host got the table for writing, and may have written
+    Rows m_inRows;
     std::vector<Connections> m_in;
     std::vector<Connections> m_out;
     std::vector<Connections> m_none;

@@ -4,9 +4,12 @@
 // The way of data through a graph: the halves of CNodeBase and CNodeConnection that a walk consists of. They stand in
 // one file, in the order in which they call each other, so that a hop from one model to the next becomes one function.
 
-#include "graph/CConnectionSnapshot_p.h"
-#include "graph/CGraphOwner_p.h"
+#include "graph/CConversion_p.h"
+#include "graph/CNodeBase.h"
+#include "graph/CNodeConnection.h"
+#include "graph/CNodeVisit_p.h"
 #include "graph/CStackGauge_p.h"
+#include "graph/support/LoggingCategory_p.h"
 
 #include <utility>
 
@@ -18,98 +21,83 @@ inline void CNodeBase::deliver(DataPtr&& data, NodePortIndex inPortIndex) const
 {
     if (!m_model)
         return;
-    if (!CStackGauge::hasRoom(CStackGauge::EFor::Delivery)) {
-        dropForLackOfRoom();
-        return;
-    }
+    const CStackGauge gauge;
     const CNodeVisit visit(*this);
-    m_model->setInData(std::forward<DataPtr>(data), inPortIndex);
+    if (Q_UNLIKELY(visit.isRoundTooMany() || !gauge.hasRoom()))
+        dropData(visit.isRoundTooMany());
+    else
+        m_model->setInData(std::forward<DataPtr>(data), inPortIndex);
 }
 
 template <typename DataPtr>
 inline void CNodeConnection::deliverConverted(DataPtr&& data) const
 {
-    const CConnectionWatch watch;
-    // Held for the call alone: if it was replaced meanwhile, what it captured goes before anything else is asked.
-    CNodeDataPtr converted = (*CConverterShare(m_converter))(std::forward<DataPtr>(data));
-    const CNodeBase* const node = watch.isThere(this) ? m_in.node() : nullptr;
-    if (node)
-        node->deliver(std::move(converted), m_in.indexAtNode());
+    CConversion conversion(*this);
+    CNodeDataPtr converted = conversion.convert(std::forward<DataPtr>(data));
+    if (conversion.isConnectionThere() && m_in.node)
+        m_in.node->deliver(std::move(converted), m_in.index);
 }
 
 template <typename DataPtr>
 inline void CNodeConnection::deliver(DataPtr&& data) const
 {
-    const CNodeBase* const node = m_in.node();
-    if (!node)
+    if (!m_in.node)
         return;
     if (m_converter)
         deliverConverted(std::forward<DataPtr>(data));
     else
-        node->deliver(std::forward<DataPtr>(data), m_in.indexAtNode());
+        m_in.node->deliver(std::forward<DataPtr>(data), m_in.index);
 }
 
-void CNodeBase::deliverToAll(const CNodeState::Connections& port, CNodeDataPtr&& data, const CNodeVisit& visit) const
+inline void CNodeBase::deliverToPort(NodePortIndex outIndex, CNodeDataPtr&& data, const CNodeVisit& visit)
 {
-    const CConnectionSnapshot snapshot(m_state, port);
-    const int last = snapshot.size() - 1;
-    for (int position = 0; !visit.isOver() && !visit.isRoundOfCutLoop(); ++position) {
-        const CNodeConnection* const connection = snapshot.at(position);
+    if (Q_UNLIKELY(uint(outIndex) >= uint(m_state.m_outRows.size()))) {
+        m_state.requirePort(ENodePortType::Out, outIndex);
+        return;
+    }
+    if (Q_UNLIKELY(m_state.m_isWritable))
+        m_state.readWrittenTable(outIndex);
+
+    // Those that the row has now: one that is added comes behind, one that is taken out keeps its place for us.
+    const quint64 start = m_state.m_lastChange;
+    const int last = m_state.m_outRows[outIndex].places.size() - 1;
+    for (int position = 0; position <= last; ++position) {
+        const CNodeState::SPlace& place = m_state.m_outRows[outIndex].places[position];
+        if (place.until <= start)
+            continue;
         if (position == last) {
-            if (connection)
-                connection->deliver(std::move(data));
+            place.connection->deliver(std::move(data));
             return;
         }
-        if (connection)
-            connection->deliver(data);
+        place.connection->deliver(data);
+        if (!visit.mayGoOn())
+            return;
     }
 }
 
-inline void CNodeBase::deliverToPort(NodePortIndex outIndex, CNodeDataPtr&& data, const CNodeVisit& visit) const
+inline void CNodeBase::walk(NodePortIndex outIndex, CNodeVisit& visit)
 {
-    // Nothing comes before the turn of a single connection that could destroy it, so it needs no watching.
-    if (const CNodeConnection* const only = m_state.onlyConnection(outIndex)) {
-        only->deliver(std::move(data));
-    } else if (!m_state.isUnconnected(outIndex)) {
-        const CNodeState::Connections* const port = m_state.requireOutPort(outIndex);
-        if (port && !port->empty())
-            deliverToAll(*port, std::move(data), visit);
-    }
+    if (visit.isRoundOfCutLoop())
+        return;
+    const CNodeVisit::CWalk mark(visit);
+    CNodeDataPtr data = m_model->outData(outIndex);
+    if (data && visit.mayGoOn())
+        deliverToPort(outIndex, std::move(data), visit);
 }
 
 void CNodeBase::onDataUpdated(NodePortIndex index)
 {
-    if (Q_UNLIKELY(!CNodeVisit::isFirstAndNear(*this))) {
-        update(index);
+    if (CNodeVisit* const delivery = m_state.m_visit; delivery && !delivery->isWalking()) {
+        walk(index, *delivery);
         return;
     }
-
-    // The model answers a delivery. So there is one: nothing foreign runs in a visit of a node without a model, which
-    // is one that is being destroyed.
-    CNodeVisit& delivery = *m_visit;
-    const CNodeVisit::CInner inner(delivery);
-    CNodeDataPtr data = m_model->outData(index);
-    if (data && !delivery.isOver())
-        deliverToPort(index, std::move(data), delivery);
-}
-
-void CNodeBase::update(NodePortIndex index) const
-{
     if (!m_model)
         return;
-    const CNodeVisit visit(*this);
-    // A loop through several paths would be cut once for every sequence of paths, and there are more of those than
-    // anybody can wait for. So a cut ends the rounds of the loop; what came before the first round goes on.
-    if (visit.isRoundOfCutLoop())
-        return;
-    // A delivery has asked already, but not an output that announces itself whenever it is asked for.
-    if (visit.isRepeated() && !CStackGauge::hasRoom(CStackGauge::EFor::Update)) {
-        dropForLackOfRoom();
-        return;
-    }
-    CNodeDataPtr data = m_model->outData(index);
-    if (data && !visit.isOver())
-        deliverToPort(index, std::move(data), visit);
+    CNodeVisit visit(*this);
+    if (visit.isRoundTooMany()) // an output that announces itself whenever it is asked for
+        dropData(true);
+    else
+        walk(index, visit);
 }
 
 void CNodeBase::propagateData(CNodeDataPtr ptrNodeData, NodePortIndex inPortIndex) const
@@ -117,32 +105,23 @@ void CNodeBase::propagateData(CNodeDataPtr ptrNodeData, NodePortIndex inPortInde
     deliver(std::move(ptrNodeData), inPortIndex);
 }
 
+void CNodeBase::dropData(bool isLoop) const
+{
+    CNodeVisit::countDrop();
+    if (std::exchange(m_hasWarned, true))
+        return;
+    const QByteArray model = m_model->name().toUtf8();
+    if (isLoop)
+        qCWarning(lcGraph, "Data for the model \"%s\" is dropped: a feedback loop has come back to it %d times.",
+                  model.constData(), CNodeVisit::mostRounds);
+    else
+        qCWarning(lcGraph, "Data for the model \"%s\" is dropped: the stack has no room for a chain this long.",
+                  model.constData());
+}
+
 void CNodeConnection::propagateData(CNodeDataPtr data) const
 {
     deliver(std::move(data));
-}
-
-bool CNodeVisit::hasManyStretches() const
-{
-    int stretches = 0;
-    for (const CNodeVisit* visit = this; visit; visit = visit->m_outer) {
-        stretches += visit->m_hasInner ? 2 : 1;
-        if (stretches > 2)
-            return true;
-    }
-    return false;
-}
-
-void CNodeVisit::leave()
-{
-    if (!m_node)
-        return;
-    CNodeVisit** place = &m_node->m_visit;
-    while (*place != this) // at once, but for visits on the stacks of several coroutines
-        place = &(*place)->m_outer;
-    *place = m_outer;
-    if (m_node->m_isRetired && !m_node->m_visit)
-        delete m_node;
 }
 
 } // namespace Halvex

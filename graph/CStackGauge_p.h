@@ -5,71 +5,58 @@
 
 #include <QtGlobal>
 
-#include <atomic>
-
 namespace Plugin {
 namespace Halvex {
 
 /**
- * Tells whether this thread's stack has room for one more delivery.
+ * One delivery that is under way, on its thread's stack: tells whether the stack has room for it.
  *
- * A walk is as deep as its chain is long, and a feedback loop has no end. The last eighth of the stack (at least
- * 64 KiB, at most half) is kept free for what models and message handlers need at the deepest point.
- *
- * On a stack that is not the thread's own (a coroutine's) nothing is known, and there is always room. The bounds come
- * from pthread_getattr_np(3), which Linux has; elsewhere there is always room, too.
+ * A walk is as deep as its chain is long. The last eighth of the stack (at least 64 KiB, at most half) is kept free for
+ * what models and message handlers need at the deepest point. Of a stack without a limit, 256 MiB are used. Where the
+ * system does not tell how large a stack is, mostUnknown deliveries may be nested.
  */
 class CStackGauge
 {
 public:
-    /// An update that follows a delivery needs no room of its own: it has half of the reserve.
-    enum class EFor
-    {
-        Delivery,
-        Update
-    };
+    static constexpr int mostUnknown = 500;
 
-    static bool hasRoom(EFor purpose)
+    CStackGauge()
+        : m_stack(s_stack)
+    {
+        ++m_stack.deliveries;
+    }
+    ~CStackGauge() { --m_stack.deliveries; }
+    Q_DISABLE_COPY(CStackGauge)
+
+    bool hasRoom() const
     {
         const quintptr here = position();
-        return Q_LIKELY(here >= s_mainLowest.load(std::memory_order_relaxed)) || hasRoomAt(here, purpose);
-    }
-
-    /// Says that a delivery was dropped in this thread.
-    static void countDrop();
-
-    /// How many deliveries were dropped so far, in any thread.
-    static quint64 drops() { return s_drops.load(std::memory_order_relaxed); }
-
-    /// Whether one was dropped in this thread since drops() returned \a before.
-    static bool hasDroppedSince(quint64 before)
-    {
-        // The count of all threads first: it hardly ever changes, and asking for this thread's costs more.
-        return drops() != before && lastDropHere() > before;
-    }
-
-    /// Where the caller stands on its stack, as an address.
-    static quintptr position()
-    {
-        // The address of a local costs less than that of the frame, but a sanitizer may keep locals elsewhere.
-#if defined(__SANITIZE_ADDRESS__) || defined(__clang__)
-        return reinterpret_cast<quintptr>(__builtin_frame_address(0));
-#else
-        const void* here; // not to be read
-        return reinterpret_cast<quintptr>(&here);
-#endif
+        return Q_LIKELY(here >= m_stack.lowest && m_stack.deliveries <= m_stack.most) || hasRoomOnceMeasured(here);
     }
 
 private:
-    static bool hasRoomAt(quintptr position, EFor purpose);
-    static quint64 lastDropHere();
+    struct SStack // all zero at first
+    {
+        quintptr lowest; ///< Where a delivery may begin; a stack grows downwards.
+        int most;        ///< So many deliveries may be nested; 0 before the stack was measured.
+        int deliveries;
+    };
 
-    // Where a delivery may begin on the main thread's stack, at the lowest. Nothing lies above that stack, and most
-    // walks are on it; another thread's bounds are found through a call. The highest address as long as that thread
-    // has not asked. Why not thread-local storage that needs no call: of that, a process has little to give to plugins,
-    // and one that finds none left cannot be loaded.
-    static inline std::atomic<quintptr> s_mainLowest{~quintptr(0)};
-    static std::atomic<quint64> s_drops;
+    bool hasRoomOnceMeasured(quintptr here) const;
+    static void measure(SStack& stack);
+
+    quintptr position() const
+    {
+#ifdef __GNUC__
+        return reinterpret_cast<quintptr>(__builtin_frame_address(0)); // a sanitizer may keep locals elsewhere
+#else
+        return reinterpret_cast<quintptr>(this);
+#endif
+    }
+
+    static inline thread_local SStack s_stack{};
+
+    SStack& m_stack;
 };
 
 } // namespace Halvex

@@ -54,7 +54,7 @@ QJsonObject ANodeDataModel::save() const
     QJsonObject json = CNodeDataModel::save();
     if (!self)
         return json;
-    json.insert(QString(DocumentKeys::isUnique), asked(*this).isUnique());
+    json.insert(QString(DocumentKeys::isUnique), mutableSelf(*this).isUnique());
     if (self && hasUniqueName())
         json.insert(QString(DocumentKeys::uniqueName), uniqueName());
     return json;

@@ -50,7 +50,7 @@ QString CNodeDecouplerDataModelBase::portCaption(ENodePortType portType, NodePor
 {
     Q_UNUSED(portType)
     Q_UNUSED(index)
-    return asked(*this).dataTypeName();
+    return mutableSelf(*this).dataTypeName();
 }
 
 QString CNodeDecouplerDataModelBase::name()

@@ -4,101 +4,31 @@
 #include "scene/CNodeScene.h"
 
 #include "graph/CGraphOwner_p.h"
+#include "graph/support/CDeferredQueue_p.h"
 #include "graph/support/CMetaTypeRegistration_p.h"
 #include "graph/support/LoggingCategory_p.h"
 #include "graph/support/Swallow_p.h"
 
+#include <QPointer>
 #include <QScopeGuard>
 #include <QVarLengthArray>
 
 #include <algorithm>
-#include <exception>
 #include <utility>
 
 namespace Plugin {
 namespace Halvex {
+
+using ENodeStage = CGraphOwner::ENodeStage;
+using EConnectionStage = CGraphOwner::EConnectionStage;
+
 namespace {
 
-/// Marks an object as leaving, so that its removal is not begun twice. If a handler's exception ends the removal, the
-/// mark goes, and the object can be removed later.
-template <typename T>
-class CLeavingMark
-{
-public:
-    explicit CLeavingMark(T& object)
-        : m_object(CGraphOwner::isLeaving(object) ? nullptr : &object)
-    {
-        CGraphOwner::setLeaving(object, true);
-    }
-    ~CLeavingMark()
-    {
-        if (m_object)
-            CGraphOwner::setLeaving(*m_object, false);
-    }
-    Q_DISABLE_COPY(CLeavingMark)
-
-    void keep() { m_object = nullptr; }
-
-private:
-    T* m_object;
-};
-
-/// For several things that are done although one of them throws: the first exception is kept, those after it are
-/// reported.
-class CFirstException
-{
-public:
-    template <typename Work>
-    void attempt(const Work& work)
-    {
-        if (m_exception) {
-            swallowExceptions(lcGraph, "What a scene does after an exception", work);
-            return;
-        }
-        try {
-            work();
-        } catch (...) {
-            m_exception = std::current_exception();
-        }
-    }
-    void rethrow() const
-    {
-        if (m_exception)
-            std::rethrow_exception(m_exception);
-    }
-
-private:
-    std::exception_ptr m_exception;
-};
+// Qt would register the type by itself when a signal carries it, and keep pointers into the library when that is
+// unloaded.
+const CMetaTypeRegistration<CNodeScene*> pointerType("Plugin::Halvex::CNodeScene*", "CNodeScene*");
 
 } // namespace
-
-/// One level of nesting: as long as there is one, deferred actions wait.
-class CNodeScene::CNesting
-{
-public:
-    explicit CNesting(CNodeScene& scene)
-        : m_scene(scene)
-        , m_guard(&scene, scene.m_guards)
-    {
-        ++scene.m_depth;
-    }
-    ~CNesting()
-    {
-        if (m_guard.get())
-            --m_scene.m_depth;
-    }
-    Q_DISABLE_COPY(CNesting)
-
-private:
-    CNodeScene& m_scene;
-    const Guard m_guard;
-};
-
-void CNodeScene::SRetire::operator()(CNodeBase* node) const
-{
-    CGraphOwner::retire(std::unique_ptr<CNodeBase>(node));
-}
 
 CNodeScene::CNodeScene(Core::AppCoreComponents::BaseInfoPtr info, QObject* parent)
     : CNodeScene(nullptr, std::move(info), parent)
@@ -110,6 +40,7 @@ CNodeScene::CNodeScene(std::shared_ptr<CNodeDataModelRegistry> registry, Core::A
     : QObject(parent)
     , m_registry(std::move(registry))
     , m_info(std::move(info))
+    , m_queue(std::make_unique<CDeferredQueue>())
 {
 }
 
@@ -117,17 +48,16 @@ CNodeScene::~CNodeScene()
 {
     // If it is a handler that destroys the scene, the operations around it find the scene gone and stop: what they
     // would have done at their end is done here.
-    m_depth = 0;
-    m_isClosing = true;
-    swallowExceptions(lcGraph, "The clearing of a scene that is being destroyed", [this] {
-        runDeferred();
-        clearScene();
-    });
+    m_queue->leaveWorkUnderWay();
+    m_stage = EStage::Closing;
+    const char* const where = "The clearing of a scene that is being destroyed";
+    swallowExceptions(lcGraph, where, [this] { m_queue->run([] {}); });
+    swallowExceptions(lcGraph, where, [this] { clearScene(); });
 
     // By hand and not by the members' destructors, since releasing each of these may run foreign code, which may still
     // call the scene. From here on it takes nothing in.
     blockSignals(true);
-    m_isClosed = true;
+    m_stage = EStage::Closed;
     m_info.reset();
     m_registry.reset();
     while (!m_nodes.empty())
@@ -137,12 +67,13 @@ CNodeScene::~CNodeScene()
 
 CNodeBase& CNodeScene::createNode(std::unique_ptr<CNodeDataModel>&& model)
 {
+    if (!model)
+        return noNode();
     std::unique_ptr<CNodeDataModel> taken = std::move(model);
-    const Guard self(this, m_guards);
-    if (taken)
-        taken->setInfo(m_info);
+    const QPointer<CNodeScene> self(this);
+    taken->setInfo(m_info);
     auto node = std::make_unique<CNodeBase>(std::move(taken)); // asks the model for its ports
-    return self.get() ? addNode(std::move(node)) : noNode();
+    return self ? addNode(std::move(node)) : noNode();
 }
 
 CNodeBase& CNodeScene::noNode()
@@ -163,9 +94,9 @@ std::shared_ptr<CNodeConnection> CNodeScene::createConnection(CNodeBase& nodeIn,
     // Copying what a converter captured may do anything, so it comes before anything else is checked.
     const CNodeVisit visitIn(nodeIn);
     const CNodeVisit visitOut(nodeOut);
-    const Guard self(this, m_guards);
+    const QPointer<CNodeScene> self(this);
     NodeDataConverter copy = converter;
-    if (!self.get() || visitIn.isOver() || visitOut.isOver())
+    if (!self || visitIn.isOver() || visitOut.isOver())
         return nullptr;
     if (!canConnect(nodeIn, ENodePortType::In, portIndexIn) || !canConnect(nodeOut, ENodePortType::Out, portIndexOut))
         return nullptr;
@@ -175,14 +106,15 @@ std::shared_ptr<CNodeConnection> CNodeScene::createConnection(CNodeBase& nodeIn,
     nodeOut.nodeState().setConnection(ENodePortType::Out, portIndexOut, *connection);
 
     nodeOut.onDataUpdated(portIndexOut);
-    if (!self.get() || !isWhole(*connection))
+    if (!self || !isWhole(*connection))
         return nullptr;
     return addConnection(std::move(connection));
 }
 
 std::shared_ptr<CNodeConnection> CNodeScene::createConnection(ENodePortType portType, CNodeBase& node, int portIndex)
 {
-    if (!canConnect(node, portType, portIndex))
+    const bool canBeMade = portType == ENodePortType::None ? isOpen(node) : canConnect(node, portType, portIndex);
+    if (!canBeMade)
         return nullptr;
     return addConnection(std::make_shared<CNodeConnection>(portType, node, portIndex));
 }
@@ -200,51 +132,54 @@ void CNodeScene::deleteConnectionNow(CNodeConnection& connection)
 void CNodeScene::removeConnection(CNodeConnection& connection, EIfThrown ifThrown)
 {
     const auto found = m_connections.find(connection.id());
-    if (found == m_connections.end() || CGraphOwner::isLeaving(connection))
+    if (found == m_connections.end() || CGraphOwner::stage(connection) != EConnectionStage::Staying)
         return;
 
-    operate([&] {
-        std::shared_ptr<CNodeConnection> kept = found->second;
-        CLeavingMark<CNodeConnection> mark(connection);
-        const Guard self(this, m_guards);
+    std::shared_ptr<CNodeConnection> kept = found->second;
+    m_queue->run([&] {
+        const QPointer<CNodeScene> self(this);
         const auto takeApart = [&] {
-            mark.keep();
             connection.removeFromNodes();
             m_connections.erase(connection.id());
             kept.reset();
         };
+        CGraphOwner::setStage(connection, EConnectionStage::Leaving);
         try {
-            tell([this, &connection] { Q_EMIT connectionDeleted(connection); });
+            emitGuarded([this, &connection] { Q_EMIT connectionDeleted(connection); });
         } catch (...) {
-            if (self.get() && ifThrown == EIfThrown::Goes)
+            if (self && ifThrown == EIfThrown::Goes)
                 takeApart();
+            else
+                CGraphOwner::setStage(connection, EConnectionStage::Staying);
             throw;
         }
-        if (self.get())
+        if (self)
             takeApart();
     });
 }
 
 void CNodeScene::removeNode(CNodeBase& node)
 {
-    const bool isAnnounced = CGraphOwner::isLeaving(node);
-    if (isAnnounced && !m_isClosing)
-        return;
-    if (CGraphOwner::isRetired(node) || !holds(node))
+    const ENodeStage before = CGraphOwner::stage(node);
+    const bool isAnnounced = before != ENodeStage::Staying;
+    if (before == ENodeStage::Retired || (isAnnounced && m_stage == EStage::Open) || !holds(node))
         return;
 
     const CNodeVisit visit(node);
-    CLeavingMark<CNodeBase> mark(node);
-    if (!isAnnounced && !announce([this, &node] { Q_EMIT nodeDeleted(node); }))
+    CGraphOwner::setStage(node, ENodeStage::Leaving);
+    // If a handler's exception ends the removal, the node stays and can be removed later.
+    auto keepIfThrown = qScopeGuard([&] {
+        if (!visit.isOver())
+            CGraphOwner::setStage(node, ENodeStage::Staying);
+    });
+    if (!isAnnounced && !m_queue->run([&] { emitGuarded([&] { Q_EMIT nodeDeleted(node); }); }))
         return;
     if (!holds(node))
         return;
-    CGraphOwner::setClosed(node, true);
-    auto reopening = qScopeGuard([&node] { CGraphOwner::setClosed(node, false); });
+    CGraphOwner::setStage(node, ENodeStage::Closed);
     if (!deleteConnectionsOf(node) || !holds(node))
         return;
-    reopening.dismiss();
-    mark.keep();
+    keepIfThrown.dismiss();
     takeOut(node);
 }
 
@@ -296,39 +231,36 @@ Core::AppCoreComponents::BaseInfoPtr CNodeScene::getSceneInfo() const
 
 bool CNodeScene::isBeingDestroyed() const
 {
-    return m_isClosing;
+    return m_stage != EStage::Open;
 }
 
 CNodeBase& CNodeScene::addNode(std::unique_ptr<CNodeBase> node)
 {
-    if (m_isClosed)
+    if (m_stage == EStage::Closed)
         return noNode();
 
     CNodeBase& added = *node;
     const CNodeVisit visit(added);
-    const Guard self(this, m_guards);
-
+    const QPointer<CNodeScene> self(this);
     std::swap(m_nodes[added.id()], node);
-    CGraphOwner::setOwner(added, this, ++m_entries);
     if (node) {
-        CGraphOwner::setOwner(*node, nullptr, 0);
         CGraphOwner::retire(std::move(node));
-        if (!self.get() || !holds(added))
+        if (!self || !holds(added))
             return noNode();
     }
 
-    const bool isOpen = announce([this, &added] { Q_EMIT nodeCreated(added); });
-    return isOpen && holds(added) ? added : noNode();
+    const bool isThere = m_queue->run([&] { emitGuarded([&] { Q_EMIT nodeCreated(added); }); });
+    return isThere && holds(added) ? added : noNode();
 }
 
 std::shared_ptr<CNodeConnection> CNodeScene::addConnection(std::shared_ptr<CNodeConnection> connection)
 {
     m_connections[connection->id()] = connection;
-    announce([this, &connection] { Q_EMIT connectionCreated(*connection); });
+    m_queue->run([&] { emitGuarded([&] { Q_EMIT connectionCreated(*connection); }); });
     return connection;
 }
 
-std::unordered_map<Core::CId, std::unique_ptr<CNodeBase>>::iterator CNodeScene::find(const CNodeBase& node)
+CNodeScene::Nodes::const_iterator CNodeScene::find(const CNodeBase& node) const
 {
     const auto found = m_nodes.find(node.id());
     if (found != m_nodes.end() && found->second.get() == &node)
@@ -341,21 +273,21 @@ std::unordered_map<Core::CId, std::unique_ptr<CNodeBase>>::iterator CNodeScene::
 
 bool CNodeScene::holds(const CNodeBase& node) const
 {
-    return CGraphOwner::owner(node) == this;
+    return find(node) != m_nodes.end();
 }
 
-bool CNodeScene::isOpen(const CNodeBase& node)
+bool CNodeScene::isOpen(const CNodeBase& node) const
 {
-    return !CGraphOwner::isRetired(node) && !CGraphOwner::isClosed(node);
+    return m_stage != EStage::Closed && CGraphOwner::stage(node) < ENodeStage::Closed;
 }
 
 bool CNodeScene::canConnect(const CNodeBase& node, ENodePortType portType, int portIndex) const
 {
     // As an unsigned number, a negative index is beyond the end as well.
-    return !m_isClosed && isOpen(node) && quint64(portIndex) < node.nodeState().getEntries(portType).size();
+    return isOpen(node) && quint64(portIndex) < node.nodeState().getEntries(portType).size();
 }
 
-bool CNodeScene::isWhole(const CNodeConnection& connection)
+bool CNodeScene::isWhole(const CNodeConnection& connection) const
 {
     const CNodeBase* const in = connection.getNode(ENodePortType::In);
     const CNodeBase* const out = connection.getNode(ENodePortType::Out);
@@ -364,105 +296,50 @@ bool CNodeScene::isWhole(const CNodeConnection& connection)
 
 void CNodeScene::takeOut(CNodeBase& node)
 {
-    const auto found = find(node);
-    std::unique_ptr<CNodeBase> taken = std::move(found->second);
-    m_nodes.erase(found);
-    CGraphOwner::setOwner(node, nullptr, 0);
-    std::unique_ptr<CNodeBase, SRetire> last(taken.release());
-    // Its connections wait in the queue, and their handlers are still to see them with both ends.
-    if (m_depth > 0)
-        m_deferred.push_back({std::move(last), {}});
+    Q_ASSERT(holds(node));
+    auto entry = m_nodes.extract(find(node));
+    const std::shared_ptr<CNodeBase> last(
+        entry.mapped().release(), [](CNodeBase* taken) { CGraphOwner::retire(std::unique_ptr<CNodeBase>(taken)); });
+    // Its connections may wait in the queue, and their handlers are still to see them with both ends.
+    m_queue->defer([last] {});
 }
 
 bool CNodeScene::forEachNode(const std::function<void(CNodeBase*)>& visitor) const
 {
-    // The visitor may change the table: it is given what was there at the start and is there at its turn. Not by the
-    // address: a node that a document puts in another's place may come to lie where that one lay.
-    const quint64 last = m_entries;
-    std::vector<Core::CId> present;
+    // The visitor may change the table: it is given what was there at the start and is there at its turn.
+    std::vector<QPointer<CNodeBase>> present;
     present.reserve(m_nodes.size());
     for (const auto& entry : m_nodes)
-        present.push_back(entry.first);
+        present.emplace_back(entry.second.get());
 
-    const Guard self(this, m_guards);
-    for (const Core::CId& id : present) {
-        const auto found = m_nodes.find(id);
-        if (found == m_nodes.end() || CGraphOwner::entry(*found->second) > last)
+    const QPointer<const CNodeScene> self(this);
+    for (const QPointer<CNodeBase>& node : present) {
+        if (!node || !holds(*node))
             continue;
-        visitor(found->second.get());
-        if (!self.get())
+        visitor(node);
+        if (!self)
             return false;
     }
     return true;
 }
 
 template <typename Signal>
-void CNodeScene::tell(const Signal& signal)
+void CNodeScene::emitGuarded(const Signal& signal)
 {
-    if (m_isClosing)
-        swallowExceptions(lcGraph, "A handler of a scene that is being destroyed", signal);
-    else
+    if (m_stage == EStage::Open)
         signal();
-}
-
-template <typename Work>
-bool CNodeScene::operate(const Work& work)
-{
-    const Guard self(this, m_guards);
-    CFirstException exception;
-    exception.attempt([&] {
-        const CNesting nesting(*this);
-        work();
-    });
-    if (self.get())
-        exception.attempt([this] { runDeferred(); });
-    exception.rethrow();
-    return self.get() != nullptr;
-}
-
-template <typename Signal>
-bool CNodeScene::announce(const Signal& signal)
-{
-    return operate([this, &signal] { tell(signal); });
+    else
+        swallowExceptions(lcGraph, "A handler of a scene that is being destroyed", signal);
 }
 
 bool CNodeScene::deferDeletion(const Core::CId& id)
 {
     // By id and not by reference: until its turn comes, somebody else may have deleted the connection.
-    m_deferred.push_back({nullptr, id});
-    return runDeferred();
-}
-
-bool CNodeScene::runDeferred()
-{
-    if (m_depth > 0 || m_deferred.empty())
-        return true;
-
-    // Nested, so that an action's own operations leave the queue to this loop: the stack stays flat however long the
-    // queue is.
-    const Guard self(this, m_guards);
-    CFirstException exception;
-    {
-        const CNesting nesting(*this);
-        while (self.get() && !m_deferred.empty()) {
-            SDeferred action = std::move(m_deferred.front());
-            m_deferred.pop_front();
-            exception.attempt([this, &action] { perform(action); });
-        }
-    }
-    exception.rethrow();
-    return self.get() != nullptr;
-}
-
-void CNodeScene::perform(SDeferred& action)
-{
-    if (action.node) {
-        action.node.reset();
-        return;
-    }
-    const auto found = m_connections.find(action.connection);
-    if (found != m_connections.end())
-        removeConnection(*found->second, EIfThrown::Goes);
+    return m_queue->defer([this, id] {
+        const auto found = m_connections.find(id);
+        if (found != m_connections.end())
+            removeConnection(*found->second, EIfThrown::Goes);
+    });
 }
 
 bool CNodeScene::deleteConnectionsOf(const CNodeBase& node)
@@ -484,12 +361,3 @@ bool CNodeScene::deleteConnectionsOf(const CNodeBase& node)
 
 } // namespace Halvex
 } // namespace Plugin
-
-int QMetaTypeId<Plugin::Halvex::CNodeScene*>::qt_metatype_id()
-{
-    using namespace Plugin::Halvex;
-    static const CMetaTypeRegistration<CNodeScene*> registration("Plugin::Halvex::CNodeScene*");
-    static const int alias = QMetaType::registerNormalizedTypedef("CNodeScene*", registration.id());
-    Q_UNUSED(alias) // another type's id, if a host has given it that name
-    return registration.id();
-}

@@ -5,7 +5,6 @@
 
 #include "graph/CNodeBase.h"
 #include "graph/CNodeConnection.h"
-#include "graph/CWeakLink.h"
 #include "platform/CId.h"
 #include "platform/IBaseInfo.h"
 #include "scene/CNodeDataModelRegistry.h"
@@ -13,17 +12,16 @@
 #include <Halvex/HalvexExport.h>
 
 #include <QByteArray>
-#include <QMetaType>
 #include <QObject>
 
-#include <deque>
 #include <functional>
 #include <memory>
 #include <unordered_map>
-#include <vector>
 
 namespace Plugin {
 namespace Halvex {
+
+class CDeferredQueue;
 
 /**
  * One dataflow graph: owns its nodes, shares its connections, announces every change of structure.
@@ -161,18 +159,21 @@ Q_SIGNALS:
 private:
     friend class CSceneInspector;
     friend class CSceneLoader;
-    class CNesting;
-    using Guard = CWeakLink<const CNodeScene>; // null once foreign code has destroyed the scene
+    using Nodes = std::unordered_map<Core::CId, std::unique_ptr<CNodeBase>>;
 
-    /// What waits in the queue: the deletion of a connection, or the end of a node that was taken out.
-    struct SRetire
+    enum class EStage
     {
-        void operator()(CNodeBase* node) const;
+        Open,
+        Closing, ///< In the destructor.
+        Closed   ///< In the destructor, with all signals sent: nothing comes in any more.
     };
-    struct SDeferred
+
+    // What becomes of a connection when a handler throws on hearing of its deletion. One that was put off goes: whoever
+    // asked for it cannot ask again.
+    enum class EIfThrown
     {
-        std::unique_ptr<CNodeBase, SRetire> node;
-        Core::CId connection; // if there is no node
+        Stays,
+        Goes
     };
 
     // loadFromMemory() of a document that needs no reading.
@@ -185,60 +186,30 @@ private:
     NodeDataConverter findConverter(const QJsonValue& converterJson) const;
     std::shared_ptr<CNodeConnection> addConnection(std::shared_ptr<CNodeConnection> connection);
 
-    std::unordered_map<Core::CId, std::unique_ptr<CNodeBase>>::iterator find(const CNodeBase& node);
+    Nodes::const_iterator find(const CNodeBase& node) const;
     bool holds(const CNodeBase& node) const;
-    static bool isOpen(const CNodeBase& node);
-    static bool isWhole(const CNodeConnection& connection);
+    bool isOpen(const CNodeBase& node) const;
+    bool isWhole(const CNodeConnection& connection) const;
     bool canConnect(const CNodeBase& node, ENodePortType portType, int portIndex) const;
     void takeOut(CNodeBase& node);
-
-    // What becomes of a connection when a handler throws on hearing of its deletion. One that was put off goes: whoever
-    // asked for it cannot ask again.
-    enum class EIfThrown
-    {
-        Stays,
-        Goes
-    };
     void removeConnection(CNodeConnection& connection, EIfThrown ifThrown);
 
     // Emits a signal; what handlers throw passes through, but not out of the destructor.
     template <typename Signal>
-    void tell(const Signal& signal);
+    void emitGuarded(const Signal& signal);
 
     // Each of these runs foreign code and returns false when that has destroyed the scene.
     bool forEachNode(const std::function<void(CNodeBase*)>& visitor) const;
-    template <typename Work>
-    bool operate(const Work& work); // with what it puts off done at its end, also if it throws
-    template <typename Signal>
-    bool announce(const Signal& signal);
     bool deferDeletion(const Core::CId& id);
-    bool runDeferred();
-    void perform(SDeferred& action);
     bool deleteConnectionsOf(const CNodeBase& node);
 
     std::unordered_map<Core::CId, std::shared_ptr<CNodeConnection>> m_connections;
-    std::unordered_map<Core::CId, std::unique_ptr<CNodeBase>> m_nodes;
+    Nodes m_nodes;
     std::shared_ptr<CNodeDataModelRegistry> m_registry;
     Core::AppCoreComponents::BaseInfoPtr m_info;
-    unsigned int m_depth = 0;
-    quint64 m_entries = 0; // the number of the last node that came in
-    mutable CWeakAnchor<const CNodeScene> m_guards;
-    std::deque<SDeferred> m_deferred;
-    bool m_isClosing = false; // in its destructor
-    bool m_isClosed = false;  // in its destructor, with all signals sent
+    const std::unique_ptr<CDeferredQueue> m_queue;
+    EStage m_stage = EStage::Open;
 };
 
 } // namespace Halvex
 } // namespace Plugin
-
-/// "Plugin::Halvex::CNodeScene*" to Qt, with the alias "CNodeScene*" that signals use, for as long as the library is
-/// loaded.
-template <>
-struct QMetaTypeId<Plugin::Halvex::CNodeScene*>
-{
-    enum
-    {
-        Defined = 1
-    };
-    HALVEX_EXPORT static int qt_metatype_id();
-};

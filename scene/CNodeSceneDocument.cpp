@@ -10,6 +10,7 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QPointer>
 
 #include <stdexcept>
 #include <string>
@@ -34,7 +35,7 @@ bool isUnique(const QJsonObject& modelJson)
 QByteArray CNodeScene::saveToMemory() const
 {
     // What save() of a model does is up to the model: the tables are not iterated while it runs.
-    const Guard self(this, m_guards);
+    const QPointer<const CNodeScene> self(this);
     QJsonArray nodes;
     std::vector<std::shared_ptr<CNodeConnection>> present;
     if (forEachNode([&nodes](const CNodeBase* node) { nodes.append(node->save()); })) {
@@ -45,7 +46,7 @@ QByteArray CNodeScene::saveToMemory() const
 
     QJsonArray connections;
     for (const auto& connection : present) {
-        if (!self.get() || m_connections.count(connection->id()) == 0)
+        if (!self || m_connections.count(connection->id()) == 0)
             continue;
         const QJsonObject json = connection->save();
         if (!json.isEmpty())
@@ -61,7 +62,7 @@ void CNodeScene::loadFromMemory(const QByteArray& data)
 
 void CNodeScene::load(const QJsonObject& root)
 {
-    const Guard self(this, m_guards);
+    const QPointer<CNodeScene> self(this);
 
     const QJsonArray nodes = root.value(DocumentKeys::nodes).toArray();
     for (const QJsonValue& json : nodes) {
@@ -70,14 +71,14 @@ void CNodeScene::load(const QJsonObject& root)
         // A unique model is only ever matched against a node that is here already, and nobody asks which.
         if (!isUnique(modelJson))
             makeNode(nodeJson, modelJson);
-        if (!self.get())
+        if (!self)
             return;
     }
 
     const QJsonArray connections = root.value(DocumentKeys::connections).toArray();
     for (const QJsonValue& json : connections) {
         restoreConnection(json.toObject());
-        if (!self.get())
+        if (!self)
             return;
     }
 }
@@ -102,20 +103,20 @@ std::shared_ptr<CNodeConnection> CNodeScene::restoreConnection(const QJsonObject
 
 CNodeBase& CNodeScene::makeNode(const QJsonObject& nodeJson, const QJsonObject& modelJson)
 {
-    const Guard self(this, m_guards);
+    const QPointer<CNodeScene> self(this);
     const QString name = modelJson.value(DocumentKeys::name).toString();
     // A share of the registry, because the creator may give the scene another one.
     const std::shared_ptr<CNodeDataModelRegistry> registry = m_registry;
     std::unique_ptr<CNodeDataModel> model = registry ? registry->create(name) : nullptr;
     if (!model)
         throw std::logic_error("No registered model with name " + name.toLocal8Bit().toStdString());
-    if (!self.get())
+    if (!self)
         return noNode();
 
     model->setInfo(m_info);
     auto node = std::make_unique<CNodeBase>(std::move(model));
     node->restore(nodeJson);
-    return self.get() ? addNode(std::move(node)) : noNode();
+    return self ? addNode(std::move(node)) : noNode();
 }
 
 CNodeBase& CNodeScene::findUnique(const QString& modelName)
@@ -133,7 +134,7 @@ CNodeBase& CNodeScene::findUnique(const QString& modelName)
 
 CNodeBase* CNodeScene::findNode(const QJsonValue& id) const
 {
-    const auto found = m_nodes.find(Core::CId(id.toString().toLatin1().constData()));
+    const auto found = m_nodes.find(Core::CId(id.toString().toLocal8Bit().constData()));
     return found == m_nodes.end() ? nullptr : found->second.get();
 }
 

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "graph/support/CDeferredQueue_p.h"
 #include "scene/CNodeScene.h"
 
 namespace Plugin {
@@ -13,10 +14,10 @@ class CSceneInspector
 {
 public:
     /// How many announcements are nested in each other.
-    static unsigned int depth(const CNodeScene& scene) { return scene.m_depth; }
+    static unsigned int depth(const CNodeScene& scene) { return scene.m_queue->depth(); }
 
     /// How many deferred actions wait.
-    static std::size_t queueLength(const CNodeScene& scene) { return scene.m_deferred.size(); }
+    static std::size_t queueLength(const CNodeScene& scene) { return scene.m_queue->size(); }
 };
 
 } // namespace Halvex

@@ -22,10 +22,6 @@
 #include <type_traits>
 #include <vector>
 
-#ifdef Q_OS_LINUX
-#include <ucontext.h>
-#endif
-
 using namespace Plugin::Halvex;
 
 namespace {
@@ -88,16 +84,6 @@ void runOnAStackOf(uint stackSize, const std::function<void()>& work)
     thread->wait();
 }
 
-/// Runs \a work with more on the stack between it and the caller than a few frames take. Not inline, or they would be
-/// the caller's.
-Q_NEVER_INLINE void runFarBelow(const std::function<void()>& work)
-{
-    volatile char frames[65536];
-    frames[0] = 0;
-    work();
-    frames[sizeof frames - 1] = frames[0];
-}
-
 /// Lets its data go before it returns, and notes how many data objects there are then.
 class CConsumer : public CTestModel
 {
@@ -115,58 +101,6 @@ public:
 private:
     std::vector<int>& m_left;
 };
-
-constexpr const char* whyNoCoroutines =
-    "Only Linux has stacks that can be changed here, and the race detector takes every stack for that of the thread.";
-
-#if defined(Q_OS_LINUX) && !defined(__SANITIZE_THREAD__)
-/// Work with a stack of its own, which it may leave in the middle. To be run to its end.
-class CCoroutine
-{
-public:
-    static constexpr bool isAvailable = true;
-
-    explicit CCoroutine(std::function<void()> work)
-        : m_work(std::move(work))
-    {
-        getcontext(&m_inside);
-        m_inside.uc_stack.ss_sp = m_stack.data();
-        m_inside.uc_stack.ss_size = m_stack.size();
-        m_inside.uc_link = &m_outside;
-        makecontext(
-            &m_inside, [] { s_resumed->m_work(); }, 0);
-    }
-    Q_DISABLE_COPY(CCoroutine)
-
-    /// Begins the work, or goes on with it, until it is suspended or ends.
-    void resume()
-    {
-        s_resumed = this;
-        swapcontext(&m_outside, &m_inside);
-    }
-
-    /// Called in the work: goes back to where it was resumed.
-    void suspend() { swapcontext(&m_inside, &m_outside); }
-
-private:
-    std::function<void()> m_work;
-    std::vector<char> m_stack = std::vector<char>(std::size_t(256) * 1024);
-    ucontext_t m_inside{};
-    ucontext_t m_outside{};
-    static inline CCoroutine* s_resumed = nullptr;
-};
-#else
-/// Stands in where there are none.
-class CCoroutine
-{
-public:
-    static constexpr bool isAvailable = false;
-
-    explicit CCoroutine(const std::function<void()>&) {}
-    void resume() {}
-    void suspend() {}
-};
-#endif
 
 } // namespace
 
@@ -238,18 +172,11 @@ private Q_SLOTS:
     void loopThroughSeveralPathsEnds();
     void loopThroughSeveralUpdatesEnds_data();
     void loopThroughSeveralUpdatesEnds();
-    void cutEndsNoOtherUpdatesOfADelivery_data();
     void cutEndsNoOtherUpdatesOfADelivery();
     void outputThatAnnouncesItselfIsCut_data();
     void outputThatAnnouncesItselfIsCut();
     void longChainIsServed_data();
     void longChainIsServed();
-    void stackOfACoroutineHasRoom();
-    void visitsOfSeveralStacksEndInAnyOrder_data();
-    void visitsOfSeveralStacksEndInAnyOrder();
-    void nodeRetiredFromAnotherStackPassesNothingOn();
-    void visitOfAnotherStackThatEndedIsNoRound_data();
-    void visitOfAnotherStackThatEndedIsNoRound();
     void foreignThreadsUpdateIsQueued();
     void queuedUpdateOfADestroyedNodeIsDropped();
     void graphsOfDifferentThreadsDoNotMeet();
@@ -1181,17 +1108,8 @@ void tst_CNodeBase::loopThroughSeveralUpdatesEnds()
     QCOMPARE(node.model->received.size(), roundsToTheCut + 1);
 }
 
-void tst_CNodeBase::cutEndsNoOtherUpdatesOfADelivery_data()
-{
-    QTest::addColumn<bool>("isFar");
-
-    QTest::newRow("from the delivery") << false;
-    QTest::newRow("from many frames below") << true;
-}
-
 void tst_CNodeBase::cutEndsNoOtherUpdatesOfADelivery()
 {
-    QFETCH(const bool, isFar);
     const CMessageCatcher messages;
     const STestNode relay(1, 3);
     const STestNode loop;
@@ -1200,15 +1118,9 @@ void tst_CNodeBase::cutEndsNoOtherUpdatesOfADelivery()
     const auto back = join(loop, loop);
     const auto first = join(relay, sink, {}, 1, 0);
     const auto second = join(relay, sink, {}, 2, 1);
-    relay.model->onSetInData = [&relay, isFar](const CNodeDataPtr& data, NodePortIndex) {
-        const auto offerAll = [&relay, &data] {
-            for (NodePortIndex output = 0; output < 3; ++output)
-                relay.model->offer(data, output);
-        };
-        if (isFar)
-            runFarBelow(offerAll);
-        else
-            offerAll();
+    relay.model->onSetInData = [&relay](const CNodeDataPtr& data, NodePortIndex) {
+        for (NodePortIndex output = 0; output < 3; ++output)
+            relay.model->offer(data, output);
     };
 
     relay->propagateData(CTestData::make(1), 0);
@@ -1245,10 +1157,9 @@ void tst_CNodeBase::outputThatAnnouncesItselfIsCut()
         node->onDataUpdated(0);
     QCOMPARE(messages.texts("halvex.graph").size(), 1);
     QVERIFY(messages.texts().constFirst().contains(QLatin1String("\"Lazy\"")));
-    // The way into the loop alone goes on after the cut: a delivery and the update that answers it, or two updates.
-    const std::vector<int> expected(isDelivered ? 1 : 2, 1);
-    QCOMPARE(left.model->values(), expected);
-    QCOMPARE(right.model->values(), expected);
+    // The way into the loop alone goes on after the cut.
+    QCOMPARE(left.model->values(), std::vector<int>({1}));
+    QCOMPARE(right.model->values(), std::vector<int>({1}));
 }
 
 void tst_CNodeBase::longChainIsServed_data()
@@ -1286,130 +1197,6 @@ void tst_CNodeBase::longChainIsServed()
 
     QCOMPARE(served, length);
     QCOMPARE(messages.texts(), QStringList());
-}
-
-void tst_CNodeBase::stackOfACoroutineHasRoom()
-{
-    if (!CCoroutine::isAvailable)
-        QSKIP(whyNoCoroutines, ); // with the comma, as the standard wants an argument for the dots
-    const CMessageCatcher messages;
-    const SFan fan(2);
-    CCoroutine coroutine([&fan] { fan.source.model->offer(CTestData::make(7)); });
-
-    coroutine.resume();
-
-    QCOMPARE(deliveries(fan, 7), 2);
-    QCOMPARE(messages.texts(), QStringList());
-}
-
-void tst_CNodeBase::visitsOfSeveralStacksEndInAnyOrder_data()
-{
-    QTest::addColumn<int>("count");
-    QTest::addColumn<bool>("isDelivery");
-
-    for (const int count : {1, 2}) {
-        QTest::addRow("a delivery outlasts %d", count) << count << true;
-        QTest::addRow("an update outlasts %d", count) << count << false;
-    }
-}
-
-void tst_CNodeBase::visitsOfSeveralStacksEndInAnyOrder()
-{
-    if (!CCoroutine::isAvailable)
-        QSKIP(whyNoCoroutines, );
-    QFETCH(const int, count);
-    QFETCH(const bool, isDelivery);
-    SFan fan(1);
-    CTestModel& model = *fan.source.model;
-    std::vector<std::unique_ptr<CCoroutine>> outer;
-    int aliveWhenRetired = 0;
-    const auto endTheOuter = [&] {
-        for (const auto& coroutine : outer)
-            coroutine->resume();
-        CGraphOwner::retire(std::move(fan.source.node));
-        aliveWhenRetired = CTestModel::alive();
-    };
-    model.onSetInData = [&](const CNodeDataPtr& data, NodePortIndex) {
-        if (data)
-            outer[std::size_t(CTestData::valueOf(data))]->suspend();
-        else
-            endTheOuter();
-    };
-    model.onOutData = [&](NodePortIndex) {
-        endTheOuter();
-        return CTestData::make(0);
-    };
-    for (int i = 0; i < count; ++i) {
-        outer.push_back(std::make_unique<CCoroutine>([&fan, i] { fan.source->propagateData(CTestData::make(i), 0); }));
-        outer.back()->resume();
-    }
-
-    if (isDelivery)
-        fan.source->propagateData(CNodeDataPtr(), 0);
-    else
-        Q_EMIT model.dataUpdated(0);
-
-    QCOMPARE(aliveWhenRetired, 2); // one visit was left in the node
-    QCOMPARE(CTestModel::alive(), 1);
-    QVERIFY(fan.sinks[0]->model->received.empty());
-}
-
-void tst_CNodeBase::nodeRetiredFromAnotherStackPassesNothingOn()
-{
-    if (!CCoroutine::isAvailable)
-        QSKIP(whyNoCoroutines, );
-    SFan fan(1);
-    CTestModel& model = *fan.source.model;
-    CCoroutine delivery([&fan] { fan.source->propagateData(CTestData::make(1), 0); });
-    model.onSetInData = [&delivery](const CNodeDataPtr&, NodePortIndex) { delivery.suspend(); };
-    delivery.resume();
-    CGraphOwner::retire(std::move(fan.source.node));
-
-    model.offer(CTestData::make(2)); // the node is there as long as the coroutine stands in it
-
-    QVERIFY(fan.sinks[0]->model->received.empty());
-    QCOMPARE(CTestModel::alive(), 2);
-    delivery.resume();
-    QCOMPARE(CTestModel::alive(), 1);
-}
-
-void tst_CNodeBase::visitOfAnotherStackThatEndedIsNoRound_data()
-{
-    QTest::addColumn<bool>("isCutElsewhere");
-
-    QTest::newRow("nothing cut") << false;
-    QTest::newRow("another loop cut") << true;
-}
-
-void tst_CNodeBase::visitOfAnotherStackThatEndedIsNoRound()
-{
-    if (!CCoroutine::isAvailable)
-        QSKIP(whyNoCoroutines, );
-    QFETCH(const bool, isCutElsewhere);
-    const CMessageCatcher messages;
-    const SFan fan(1);
-    const STestNode loop;
-    const auto back = join(loop, loop);
-    CTestModel& model = *fan.source.model;
-    CCoroutine outer([&fan] { fan.source->propagateData(CTestData::make(1), 0); });
-    model.onSetInData = [&](const CNodeDataPtr& data, NodePortIndex) {
-        if (CTestData::valueOf(data) == 1) {
-            outer.suspend();
-            return;
-        }
-        outer.resume();
-        if (isCutElsewhere)
-            loop->propagateData(data, 0);
-        model.offer(data);
-        model.offer(data);
-    };
-    outer.resume();
-
-    fan.source->propagateData(CTestData::make(2), 0);
-
-    QCOMPARE(messages.texts("halvex.graph").size(), isCutElsewhere ? 1 : 0);
-    QCOMPARE(model.outDataCalls, 2);
-    QCOMPARE(deliveries(fan, 2), 2);
 }
 
 void tst_CNodeBase::foreignThreadsUpdateIsQueued()

@@ -161,10 +161,6 @@ private Q_SLOTS:
     void nodeGivenAloneTakesTheIndexAlong();
     void writtenNodeIsUsed();
     void writtenNodeKeepsTheIndex();
-    void writtenNodeMayGo_data();
-    void writtenNodeMayGo();
-    void nodeWrittenAfterTheFirstIsGone();
-    void connectionInAWrittenNodesPlaceIsNotTakenForIt();
 
     void converterMayDestroyTheConnection();
     void smallConverterMayDestroyTheConnection();
@@ -868,77 +864,6 @@ void tst_CNodeConnection::writtenNodeKeepsTheIndex()
 
     pair.sink.node.reset();
     QCOMPARE(pair.connection->getPortIndex(In), -1);
-}
-
-void tst_CNodeConnection::writtenNodeMayGo_data()
-{
-    QTest::addColumn<ENodePortType>("side");
-    QTest::addColumn<bool>("usedBefore");
-
-    QTest::newRow("in, at once") << In << false;
-    QTest::newRow("in, after use") << In << true;
-    QTest::newRow("out, at once") << Out << false;
-    QTest::newRow("out, after use") << Out << true;
-}
-
-void tst_CNodeConnection::writtenNodeMayGo()
-{
-    QFETCH(const ENodePortType, side);
-    QFETCH(const bool, usedBefore);
-    SPair pair;
-    STestNode written(3, 3);
-    CNodeBase*& field = pair.connection->getNode(side);
-    field = written.node.get();
-    if (usedBefore)
-        QCOMPARE(std::as_const(*pair.connection).getNode(side), written.node.get());
-
-    written.node.reset();
-
-    QVERIFY(!std::as_const(*pair.connection).getNode(side));
-    QVERIFY(!pair.connection->getNode(side));
-    QVERIFY(!field);
-    QCOMPARE(pair.connection->getPortIndex(side), -1);
-    QVERIFY(pair.connection->save().isEmpty());
-    pair.connection->propagateEmptyData();
-    pair.connection->removeFromNodes();
-
-    // Through a reference that was taken long ago, too.
-    STestNode second(3, 3);
-    field = second.node.get();
-    second.node.reset();
-    pair.connection.reset();
-}
-
-void tst_CNodeConnection::nodeWrittenAfterTheFirstIsGone()
-{
-    SPair pair;
-    const STestNode other(3, 3);
-    CNodeBase*& field = pair.connection->getNode(In);
-    pair.sink.node.reset();
-    QVERIFY(!field);
-    field = other.node.get();
-    QCOMPARE(pair.in(), other.node.get());
-
-    // Written before the first is gone, and not asked for in between.
-    SPair second;
-    second.connection->getNode(In) = other.node.get();
-    second.sink.node.reset();
-    QCOMPARE(second.in(), other.node.get());
-}
-
-void tst_CNodeConnection::connectionInAWrittenNodesPlaceIsNotTakenForIt()
-{
-    SPair pair;
-    alignas(CNodeBase) alignas(CNodeConnection) char place[sizeof(CNodeBase) + sizeof(CNodeConnection)];
-    auto* const written = new (place) CNodeBase(std::make_unique<CTestModel>(3, 3));
-    pair.connection->getNode(In) = written;
-    written->~CNodeBase();
-    auto* const follower = new (place) CNodeConnection(Out, *pair.source, 0);
-
-    const CNodeBase* const found = pair.in();
-    follower->~CNodeConnection();
-
-    QVERIFY(!found);
 }
 
 void tst_CNodeConnection::converterMayDestroyTheConnection()

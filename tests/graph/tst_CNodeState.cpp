@@ -93,11 +93,9 @@ private Q_SLOTS:
     void destroyedConnectionIsNeverUsed();
     void connectionInAnothersPlaceIsNotTakenForIt_data();
     void connectionInAnothersPlaceIsNotTakenForIt();
-    void nodeInAConnectionsPlaceIsNotTakenForIt();
     void inputsKeepNoDestroyedConnectionEither_data();
     void inputsKeepNoDestroyedConnectionEither();
     void nullEntryIsNeverUsed();
-    void liveEntriesOfHostsAreServed();
     void tablesMayChangePlacesBetweenNodes();
 
 private:
@@ -417,9 +415,6 @@ void tst_CNodeState::addWaysIntoATable()
 {
     QTest::addColumn<WayIntoATable>("enterInto");
 
-    QTest::newRow("modifiable entries") << WayIntoATable([](CNodeBase& holder, CNodeConnection& connection) {
-        holder.nodeState().getEntries(Out)[0].emplace(connection.id(), &connection);
-    });
     QTest::newRow("another node's table") << WayIntoATable(
         [](CNodeBase& holder, CNodeConnection& connection) { holder.nodeState().setConnection(Out, 0, connection); });
     QTest::newRow("assigned table") << WayIntoATable([](CNodeBase& holder, CNodeConnection& connection) {
@@ -533,26 +528,6 @@ void tst_CNodeState::connectionInAnothersPlaceIsNotTakenForIt()
     QVERIFY(loose.sink.model->received.empty());
 }
 
-void tst_CNodeState::nodeInAConnectionsPlaceIsNotTakenForIt()
-{
-    const STestNode holder;
-    const STestNode source;
-    const STestNode sink;
-    alignas(CNodeBase) alignas(CNodeConnection) char place[sizeof(CNodeBase) + sizeof(CNodeConnection)];
-    auto* const connection = new (place) CNodeConnection(*sink, 0, *source, 0, NodeDataConverter());
-    holder->nodeState().setConnection(Out, 0, *connection);
-    const Core::CId id = connection->id();
-    connection->~CNodeConnection();
-    auto* const node = new (place) CNodeBase(std::make_unique<CTestModel>());
-    // Under the same id: whoever took the one for the other would find it right.
-    node->restore({{QStringLiteral("id"), id.toString()}});
-
-    const auto found = holder.outputs();
-    node->~CNodeBase();
-
-    QVERIFY(found.empty());
-}
-
 void tst_CNodeState::inputsKeepNoDestroyedConnectionEither_data()
 {
     QTest::addColumn<ENodePortType>("side");
@@ -580,22 +555,6 @@ void tst_CNodeState::nullEntryIsNeverUsed()
     const STestNode node;
     node->nodeState().getEntries(Out)[0].emplace(Core::CId::createId(), nullptr);
     node.model->offer(CTestData::make(1));
-    QVERIFY(node.outputs().empty());
-}
-
-void tst_CNodeState::liveEntriesOfHostsAreServed()
-{
-    const STestNode holder;
-    SLooseConnection gone;
-    const SLooseConnection stays;
-    auto& port = holder->nodeState().getEntries(Out)[0];
-    port.emplace(gone.connection->id(), &*gone.connection);
-    port.emplace(stays.connection->id(), const_cast<CNodeConnection*>(&*stays.connection));
-    gone.connection.reset();
-
-    QCOMPARE(holder.outputs().size(), std::size_t(1));
-    holder.model->offer(CTestData::make(4));
-    QCOMPARE(stays.sink.model->values(), std::vector<int>({4}));
 }
 
 void tst_CNodeState::tablesMayChangePlacesBetweenNodes()

@@ -4,7 +4,6 @@
 #pragma once
 
 #include "graph/CGraphOwner_p.h"
-#include "graph/CLiveObjects_p.h"
 #include "scene/CNodeScene.h"
 #include "scene/CSceneInspector_p.h"
 
@@ -20,16 +19,6 @@ using SceneWorld = std::vector<const Plugin::Halvex::CNodeScene*>;
 namespace SceneConsistency {
 
 using namespace Plugin::Halvex;
-
-inline bool isAlive(const CNodeBase* node)
-{
-    return CLiveObjects::contains(node, CLiveObjects::EKind::Node);
-}
-
-inline bool isAlive(const CNodeConnection* connection)
-{
-    return CLiveObjects::contains(connection, CLiveObjects::EKind::Connection);
-}
 
 /// Whether a scene of \a world has that very connection.
 inline bool holds(const SceneWorld& world, const CNodeConnection& connection)
@@ -48,8 +37,6 @@ inline QString inconsistencyOf(const CNodeConnection& connection)
         const CNodeBase* const node = connection.getNode(side);
         if (!node)
             continue;
-        if (!isAlive(node))
-            return QStringLiteral("a connection leads to a node that is gone");
         if (!isComplete)
             continue;
         const auto& ports = node->nodeState().getEntries(side);
@@ -71,8 +58,8 @@ inline QString inconsistencyOf(const CNodeBase& node, const SceneWorld& world)
         for (std::size_t index = 0; index < ports.size(); ++index) {
             for (const auto& entry : ports[index]) {
                 const CNodeConnection* const connection = entry.second;
-                if (!isAlive(connection))
-                    return QStringLiteral("a port table holds a connection that is gone");
+                if (!connection)
+                    return QStringLiteral("a port table holds a null connection");
                 if (connection->id() != entry.first)
                     return QStringLiteral("a port table holds a connection under another id");
                 // With one entry where it belongs, this is what makes it the only one.
@@ -89,7 +76,7 @@ inline QString inconsistencyOf(const CNodeBase& node, const SceneWorld& world)
 } // namespace SceneConsistency
 
 /**
- * Proves scenes sound, between operations: nothing waits in their queues; every node and connection exists, stands
+ * Proves scenes sound, between operations: nothing waits in their queues; every node and connection stands
  * under its own id and is not on its way out; every complete connection is in the port tables of both its nodes exactly
  * once; the tables hold nothing else.
  *
@@ -109,20 +96,16 @@ inline QString inconsistencyOf(const SceneWorld& world)
             return QStringLiteral("an announcement of the scene has not ended");
 
         for (const auto& entry : scene->nodes()) {
-            if (!SceneConsistency::isAlive(entry.second.get()))
-                return QStringLiteral("the scene holds a node that is gone");
             if (entry.second->id() != entry.first)
                 return QStringLiteral("a node stands under another id");
-            if (CGraphOwner::isLeaving(*entry.second) || CGraphOwner::isClosed(*entry.second))
+            if (CGraphOwner::stage(*entry.second) != CGraphOwner::ENodeStage::Staying)
                 return QStringLiteral("a node that stays is marked as leaving");
             nodes.insert(entry.second.get());
         }
         for (const auto& entry : scene->connections()) {
-            if (!SceneConsistency::isAlive(entry.second.get()))
-                return QStringLiteral("the scene holds a connection that is gone");
             if (entry.second->id() != entry.first)
                 return QStringLiteral("a connection stands under another id");
-            if (CGraphOwner::isLeaving(*entry.second))
+            if (CGraphOwner::stage(*entry.second) != CGraphOwner::EConnectionStage::Staying)
                 return QStringLiteral("a connection that stays is marked as leaving");
             const QString wrong = SceneConsistency::inconsistencyOf(*entry.second);
             if (!wrong.isEmpty())
