@@ -38,7 +38,7 @@ CNodeBase::CNodeBase(std::unique_ptr<CNodeDataModel>&& model)
     static const int nameOfPortIndex = qRegisterMetaType<NodePortIndex>("NodePortIndex");
     Q_UNUSED(nameOfPortIndex)
 
-    CStackGauge().hasRoom(); // measures this thread's stack, which allocates, before any walk does
+    CStackGauge::ofThisThread().hasRoom(); // measures this thread's stack, which allocates, before any walk does
     connect(m_model.get(), &CNodeDataModel::dataUpdated, this, &CNodeBase::onDataUpdated);
 }
 

@@ -18,6 +18,7 @@ namespace Plugin {
 namespace Halvex {
 
 class CNodeVisit;
+class CStackGauge;
 
 /**
  * One node of a graph: owns a model, knows what is connected to its ports, and moves the model's data.
@@ -92,10 +93,10 @@ private:
 
     // The walk, in CNodeWalk.cpp. What takes a pointer takes it over from whoever has no more use for it.
     template <typename DataPtr>
-    HALVEX_NO_EXPORT void deliver(DataPtr&& data, NodePortIndex inPortIndex) const;
-    HALVEX_NO_EXPORT inline void walk(NodePortIndex outIndex, CNodeVisit& visit);
+    HALVEX_NO_EXPORT void deliver(DataPtr&& data, NodePortIndex inPortIndex, CStackGauge& gauge) const;
+    HALVEX_NO_EXPORT void updateAlone(NodePortIndex index);
     HALVEX_NO_EXPORT inline void deliverToPort(NodePortIndex outIndex, CNodeDataPtr&& data, const CNodeVisit& visit);
-    [[gnu::cold]] HALVEX_NO_EXPORT void dropData(bool isLoop) const;
+    [[gnu::cold]] HALVEX_NO_EXPORT void dropData(const CNodeVisit& visit) const;
 
     CNodeConnection*& firstConnection(ENodePortType side);
     void clearEnds();

@@ -22,6 +22,7 @@ namespace Halvex {
 
 class CConversion;
 class CNodeBase;
+class CStackGauge;
 
 /**
  * Joins an output port of one node to an input port of another and carries data along, through a converter if it has
@@ -132,9 +133,8 @@ private:
 
     // The walk, in CNodeWalk.cpp. They take the pointer over from whoever has no more use for it.
     template <typename DataPtr>
-    HALVEX_NO_EXPORT void deliver(DataPtr&& data) const;
-    template <typename DataPtr>
-    HALVEX_NO_EXPORT void deliverConverted(DataPtr&& data) const;
+    HALVEX_NO_EXPORT void deliver(DataPtr&& data, CStackGauge& gauge) const;
+    HALVEX_NO_EXPORT void deliverConverted(CNodeDataPtr data, CStackGauge& gauge) const;
 
     const SEnd& end(ENodePortType portType) const { return portType == ENodePortType::In ? m_in : m_out; }
     SEnd& end(ENodePortType portType) { return portType == ENodePortType::In ? m_in : m_out; }

@@ -4,8 +4,8 @@
 #pragma once
 
 #include "graph/CNodeBase.h"
+#include "graph/CStackGauge_p.h"
 
-#include <atomic>
 #include <utility>
 
 namespace Plugin {
@@ -33,21 +33,24 @@ class CNodeVisit
 public:
     static constexpr int mostRounds = 1000;
 
-    explicit CNodeVisit(const CNodeBase& node)
+    CNodeVisit(const CNodeBase& node, CStackGauge& gauge)
         : m_node(&node)
         , m_outer(std::exchange(node.m_state.m_visit, this))
+        , m_gauge(gauge)
+        , m_dropsBefore(gauge.drops())
     {
-        if (Q_LIKELY(!m_outer)) {
-            m_dropsBefore = s_drops.load(std::memory_order_relaxed);
-            return;
-        }
-        m_round = m_outer->m_round + 1;
-        m_isOver = m_outer->m_isOver;
-        m_dropsBefore = m_outer->m_dropsBefore;
+        m_gauge.enterVisit();
+        if (Q_UNLIKELY(m_outer))
+            joinOuter();
+    }
+    explicit CNodeVisit(const CNodeBase& node)
+        : CNodeVisit(node, CStackGauge::ofThisThread())
+    {
     }
     ~CNodeVisit()
     {
-        if (Q_UNLIKELY(m_isOver)) {
+        m_gauge.leaveVisit();
+        if (Q_UNLIKELY(isOver())) {
             leaveGoneNode();
             return;
         }
@@ -60,20 +63,20 @@ public:
     Q_DISABLE_COPY(CNodeVisit)
 
     /// True once the node was destroyed, or has left its scene for good.
-    bool isOver() const { return m_isOver; }
+    bool isOver() const { return m_round == roundOfGoneNode; }
 
-    bool isRoundTooMany() const { return m_round > mostRounds; }
+    /// Whether the data that brought the caller here is to be dropped: for a loop, or for lack of stack.
+    bool isLoop() const { return m_round > mostRounds; }
+    bool isTooDeep() const { return !m_gauge.hasRoom(); }
+    CStackGauge& gauge() const { return m_gauge; }
 
-    /// Whether this is a further round of a loop in which a delivery was dropped. A loop through several paths would be
-    /// cut once for every sequence of paths, and there are more of those than anybody can wait for. So what was dropped
-    /// ends all rounds but the first ones of each node.
-    bool isRoundOfCutLoop() const { return Q_UNLIKELY(m_round > 1) && hasDropped(); }
+    /// Says that it was.
+    void countDrop() const { m_gauge.countDrop(); }
 
-    /// Whether a walk that stands here goes on.
-    bool mayGoOn() const { return !m_isOver && !isRoundOfCutLoop(); }
-
-    /// Says that a delivery was dropped in this thread.
-    static void countDrop() { s_lastDrop = s_drops.fetch_add(1, std::memory_order_relaxed) + 1; }
+    /// Whether a walk that stands here goes on. Not if the node is gone; nor in a further round of a loop in which a
+    /// delivery was dropped: a loop through several paths would be cut once for every sequence of paths, and there are
+    /// more of those than anybody can wait for. So what was dropped ends all rounds but the first ones of each node.
+    bool mayGoOn() const { return Q_LIKELY(m_round == 1) || (!isOver() && m_gauge.drops() == m_dropsBefore); }
 
     /// A visit has room for one walk at a time.
     bool isWalking() const { return m_isWalking; }
@@ -97,17 +100,17 @@ private:
     friend class CGraphOwner;
     friend class CNodeBase;
 
-    // The count of all threads first: it hardly ever changes.
-    [[gnu::cold]] bool hasDropped() const
+    void joinOuter()
     {
-        return s_drops.load(std::memory_order_relaxed) != m_dropsBefore && s_lastDrop > m_dropsBefore;
+        m_round = m_outer->isOver() ? roundOfGoneNode : m_outer->m_round + 1;
+        m_dropsBefore = m_outer->m_dropsBefore;
     }
 
     static bool standsIn(const CNodeBase& node) { return node.m_state.m_visit != nullptr; }
     static void endAll(const CNodeBase& node)
     {
         for (CNodeVisit* visit = node.m_state.m_visit; visit; visit = visit->m_outer)
-            visit->m_isOver = true;
+            visit->m_round = roundOfGoneNode;
     }
     static void forgetNode(const CNodeBase& node)
     {
@@ -124,14 +127,13 @@ private:
             delete m_node;
     }
 
-    static inline std::atomic<quint64> s_drops{0};         // in all threads
-    static inline thread_local quint64 s_lastDrop = 0;     // the number of this thread's last one
+    static constexpr int roundOfGoneNode = 0;
 
     const CNodeBase* m_node; // null once it was destroyed
     CNodeVisit* m_outer;
-    quint64 m_dropsBefore; // of the first visit that stands here
-    int m_round = 1;
-    bool m_isOver = false;
+    CStackGauge& m_gauge;
+    quint64 m_dropsBefore; // the first visit that stands here
+    int m_round = 1; // or roundOfGoneNode
     bool m_isWalking = false;
 };
 

@@ -8,7 +8,6 @@
 #include "graph/CNodeBase.h"
 #include "graph/CNodeConnection.h"
 #include "graph/CNodeVisit_p.h"
-#include "graph/CStackGauge_p.h"
 #include "graph/support/LoggingCategory_p.h"
 
 #include <utility>
@@ -17,36 +16,34 @@ namespace Plugin {
 namespace Halvex {
 
 template <typename DataPtr>
-inline void CNodeBase::deliver(DataPtr&& data, NodePortIndex inPortIndex) const
+Q_ALWAYS_INLINE void CNodeBase::deliver(DataPtr&& data, NodePortIndex inPortIndex, CStackGauge& gauge) const
 {
     if (!m_model)
         return;
-    const CStackGauge gauge;
-    const CNodeVisit visit(*this);
-    if (Q_UNLIKELY(visit.isRoundTooMany() || !gauge.hasRoom()))
-        dropData(visit.isRoundTooMany());
+    const CNodeVisit visit(*this, gauge);
+    if (Q_UNLIKELY(visit.isLoop() || visit.isTooDeep()))
+        dropData(visit);
     else
         m_model->setInData(std::forward<DataPtr>(data), inPortIndex);
 }
 
-template <typename DataPtr>
-inline void CNodeConnection::deliverConverted(DataPtr&& data) const
+void CNodeConnection::deliverConverted(CNodeDataPtr data, CStackGauge& gauge) const
 {
     CConversion conversion(*this);
-    CNodeDataPtr converted = conversion.convert(std::forward<DataPtr>(data));
+    CNodeDataPtr converted = conversion.convert(std::move(data));
     if (conversion.isConnectionThere() && m_in.node)
-        m_in.node->deliver(std::move(converted), m_in.index);
+        m_in.node->deliver(std::move(converted), m_in.index, gauge);
 }
 
 template <typename DataPtr>
-inline void CNodeConnection::deliver(DataPtr&& data) const
+Q_ALWAYS_INLINE void CNodeConnection::deliver(DataPtr&& data, CStackGauge& gauge) const
 {
     if (!m_in.node)
         return;
     if (m_converter)
-        deliverConverted(std::forward<DataPtr>(data));
+        deliverConverted(std::forward<DataPtr>(data), gauge);
     else
-        m_in.node->deliver(std::forward<DataPtr>(data), m_in.index);
+        m_in.node->deliver(std::forward<DataPtr>(data), m_in.index, gauge);
 }
 
 inline void CNodeBase::deliverToPort(NodePortIndex outIndex, CNodeDataPtr&& data, const CNodeVisit& visit)
@@ -66,52 +63,54 @@ inline void CNodeBase::deliverToPort(NodePortIndex outIndex, CNodeDataPtr&& data
         if (place.until <= start)
             continue;
         if (position == last) {
-            place.connection->deliver(std::move(data));
+            place.connection->deliver(std::move(data), visit.gauge());
             return;
         }
-        place.connection->deliver(data);
+        place.connection->deliver(data, visit.gauge());
         if (!visit.mayGoOn())
             return;
     }
 }
 
-inline void CNodeBase::walk(NodePortIndex outIndex, CNodeVisit& visit)
-{
-    if (visit.isRoundOfCutLoop())
-        return;
-    const CNodeVisit::CWalk mark(visit);
-    CNodeDataPtr data = m_model->outData(outIndex);
-    if (data && visit.mayGoOn())
-        deliverToPort(outIndex, std::move(data), visit);
-}
-
 void CNodeBase::onDataUpdated(NodePortIndex index)
 {
-    if (CNodeVisit* const delivery = m_state.m_visit; delivery && !delivery->isWalking()) {
-        walk(index, *delivery);
+    CNodeVisit* const visit = m_state.m_visit;
+    if (Q_UNLIKELY(!visit || visit->isWalking())) {
+        updateAlone(index);
         return;
     }
+    // The model answers a delivery, and the walk belongs to that visit.
+    if (!visit->mayGoOn())
+        return;
+    const CNodeVisit::CWalk walk(*visit);
+    CNodeDataPtr data = m_model->outData(index);
+    if (data && visit->mayGoOn())
+        deliverToPort(index, std::move(data), *visit);
+}
+
+void CNodeBase::updateAlone(NodePortIndex index)
+{
     if (!m_model)
         return;
-    CNodeVisit visit(*this);
-    if (visit.isRoundTooMany()) // an output that announces itself whenever it is asked for
-        dropData(true);
+    const CNodeVisit visit(*this);
+    if (visit.isLoop()) // an output that announces itself whenever it is asked for
+        dropData(visit);
     else
-        walk(index, visit);
+        onDataUpdated(index);
 }
 
 void CNodeBase::propagateData(CNodeDataPtr ptrNodeData, NodePortIndex inPortIndex) const
 {
-    deliver(std::move(ptrNodeData), inPortIndex);
+    deliver(std::move(ptrNodeData), inPortIndex, CStackGauge::ofThisThread());
 }
 
-void CNodeBase::dropData(bool isLoop) const
+void CNodeBase::dropData(const CNodeVisit& visit) const
 {
-    CNodeVisit::countDrop();
+    visit.countDrop();
     if (std::exchange(m_hasWarned, true))
         return;
     const QByteArray model = m_model->name().toUtf8();
-    if (isLoop)
+    if (visit.isLoop())
         qCWarning(lcGraph, "Data for the model \"%s\" is dropped: a feedback loop has come back to it %d times.",
                   model.constData(), CNodeVisit::mostRounds);
     else
@@ -121,7 +120,7 @@ void CNodeBase::dropData(bool isLoop) const
 
 void CNodeConnection::propagateData(CNodeDataPtr data) const
 {
-    deliver(std::move(data));
+    deliver(std::move(data), CStackGauge::ofThisThread());
 }
 
 } // namespace Halvex

@@ -14,17 +14,16 @@
 namespace Plugin {
 namespace Halvex {
 
-bool CStackGauge::hasRoomOnceMeasured(quintptr here) const
+bool CStackGauge::hasRoomOnceMeasured(quintptr here)
 {
-    if (m_stack.most == 0)
-        measure(m_stack);
-    return here >= m_stack.lowest && m_stack.deliveries <= m_stack.most;
+    if (m_mostVisits == 0)
+        measure();
+    return here >= m_lowest && m_visits <= m_mostVisits;
 }
 
-void CStackGauge::measure(SStack& stack)
+void CStackGauge::measure()
 {
-    stack.lowest = 0;
-    stack.most = mostUnknown;
+    m_mostVisits = mostVisits;
 #ifdef Q_OS_LINUX
     pthread_attr_t attributes;
     if (pthread_getattr_np(pthread_self(), &attributes) != 0)
@@ -39,8 +38,8 @@ void CStackGauge::measure(SStack& stack)
     constexpr std::size_t smallestReserve = 64 * 1024;
     constexpr std::size_t greatestUse = 256 * 1024 * 1024;
     const std::size_t reserve = std::min(std::max(size / 8, smallestReserve), size / 2);
-    stack.lowest = reinterpret_cast<quintptr>(bottom) + size - std::min(size - reserve, greatestUse);
-    stack.most = std::numeric_limits<int>::max();
+    m_lowest = reinterpret_cast<quintptr>(bottom) + size - std::min(size - reserve, greatestUse);
+    m_mostVisits = std::numeric_limits<int>::max();
 #endif
 }
 

@@ -9,55 +9,59 @@ namespace Plugin {
 namespace Halvex {
 
 /**
- * One delivery that is under way, on its thread's stack: tells whether the stack has room for it.
+ * How far the walks of one thread may go: tells whether its stack has room for one more delivery, and counts those that
+ * were dropped.
  *
  * A walk is as deep as its chain is long. The last eighth of the stack (at least 64 KiB, at most half) is kept free for
  * what models and message handlers need at the deepest point. Of a stack without a limit, 256 MiB are used. Where the
- * system does not tell how large a stack is, mostUnknown deliveries may be nested.
+ * system does not tell how large a stack is, mostVisits may be nested.
+ *
+ * Threads: each has its own.
  */
 class CStackGauge
 {
 public:
-    static constexpr int mostUnknown = 500;
+    static constexpr int mostVisits = 500;
 
-    CStackGauge()
-        : m_stack(s_stack)
-    {
-        ++m_stack.deliveries;
-    }
-    ~CStackGauge() { --m_stack.deliveries; }
-    Q_DISABLE_COPY(CStackGauge)
+    static CStackGauge& ofThisThread() { return s_gauge; }
 
-    bool hasRoom() const
+    void enterVisit() { ++m_visits; }
+    void leaveVisit() { --m_visits; }
+
+    /// Whether the caller may go deeper.
+    bool hasRoom()
     {
         const quintptr here = position();
-        return Q_LIKELY(here >= m_stack.lowest && m_stack.deliveries <= m_stack.most) || hasRoomOnceMeasured(here);
+        return Q_LIKELY(here >= m_lowest && m_visits <= m_mostVisits) || hasRoomOnceMeasured(here);
     }
 
+    void countDrop() { ++m_drops; }
+    quint64 drops() const { return m_drops; }
+
 private:
-    struct SStack // all zero at first
-    {
-        quintptr lowest; ///< Where a delivery may begin; a stack grows downwards.
-        int most;        ///< So many deliveries may be nested; 0 before the stack was measured.
-        int deliveries;
-    };
+    constexpr CStackGauge() = default;
+    bool hasRoomOnceMeasured(quintptr here);
+    void measure();
 
-    bool hasRoomOnceMeasured(quintptr here) const;
-    static void measure(SStack& stack);
-
-    quintptr position() const
+    static quintptr position()
     {
 #ifdef __GNUC__
         return reinterpret_cast<quintptr>(__builtin_frame_address(0)); // a sanitizer may keep locals elsewhere
 #else
-        return reinterpret_cast<quintptr>(this);
+        const char here = 0;
+        return reinterpret_cast<quintptr>(&here);
 #endif
     }
 
-    static inline thread_local SStack s_stack{};
+    quintptr m_lowest = 0; // where a delivery may begin; a stack grows downwards
+    int m_mostVisits = 0;  // 0 before the stack was measured
+    int m_visits = 0;
+    quint64 m_drops = 0;
 
-    SStack& m_stack;
+    static thread_local CStackGauge s_gauge;
 };
+
+inline thread_local CStackGauge CStackGauge::s_gauge;
 
 } // namespace Halvex
 } // namespace Plugin
