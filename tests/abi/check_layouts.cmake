@@ -1,8 +1,8 @@
 # Compares the sizes and alignments of classes that SOURCE knows with EXPECTED, or with HALVEX_WRITE_LAYOUTS in the
 # environment writes them there.
 #
-# A line of EXPECTED is "<class> <size> <alignment> <size as a base>", in bytes; the last one is where a subclass may put
-# its own members. Of a class that is to be written the name is enough.
+# A line of EXPECTED is "<class> <size> <alignment> <size as a base>", in bytes; the last one is where a subclass may
+# put its own members. Of a class that is to be written the name is enough.
 
 if(NOT PROCESSOR MATCHES "^(x86_64|AMD64)$" OR NOT QT_VERSION MATCHES "^5\\.15\\.")
   message("Skipped: the sizes are those of x86_64 with Qt 5.15, this is ${PROCESSOR} with Qt ${QT_VERSION}")

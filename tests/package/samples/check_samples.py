@@ -81,18 +81,18 @@ DEFINITION = re.compile(
 
 
 def samples_of(file, begin, end, margin):
-    """The samples between lines that match begin and end, as (name, number of the first line, text)."""
+    """The samples between lines that match begin and end, without their margin: (name, number of first line, lines)."""
     samples = []
     lines = None
     for number, line in enumerate(file.read_text(encoding="utf-8").splitlines(), 1):
         if lines is None:
-            if begin.search(line):
+            if re.search(begin, line):
                 lines, first = [], number + 1
-        elif end.search(line):
+        elif re.search(end, line):
             samples.append((f"{file.name} {len(samples) + 1}", first, lines))
             lines = None
         else:
-            lines.append(margin.sub("", line, count=1))
+            lines.append(re.sub(margin, "", line, count=1))
     if lines is not None:
         sys.exit(f"{file}: a sample has no end")
     return samples
@@ -102,14 +102,12 @@ def find_samples(headers, documents):
     """All samples, as (file, name, number of the first line, lines)."""
     found = []
     for file in sorted(headers.rglob("*.h")):
-        found += [(file, *sample) for sample in
-                  samples_of(file, re.compile(r"[\\@]code\b"), re.compile(r"[\\@]endcode\b"), re.compile(r"^\s*(\*|//[/!]) ?"))]
+        found += [(file, *sample) for sample in samples_of(file, r"[\\@]code\b", r"[\\@]endcode\b", r"^\s*(\*|///) ?")]
     files = []
     for document in documents:
         files += sorted(document.glob("*.md")) if document.is_dir() else [document]
     for file in files:
-        found += [(file, *sample) for sample in
-                  samples_of(file, re.compile(r"^```cpp$"), re.compile(r"^```$"), re.compile(r"^(?!)"))]
+        found += [(file, *sample) for sample in samples_of(file, r"^```cpp$", r"^```$", r"^")]
     return found
 
 
