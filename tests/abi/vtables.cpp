@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-// Never run: the compiler dumps the layouts and the virtual tables of these classes. A pure operation has no name in a table, so each
-// abstract class gets a subclass that overrides exactly what is pure.
+// Never run: the compiler dumps the layouts and the virtual tables of these classes. A pure operation has no name in a
+// table, so each abstract class gets a subclass that overrides exactly what is pure.
 
 #include <Halvex/Halvex.h>
 
