@@ -32,9 +32,12 @@ private:
         virtual ~CStage() = default;
         virtual void setInData(Plugin::Halvex::CNodeDataPtr data, int index)
         {
+            if (!next) {
+                m_data = std::move(data);
+                return;
+            }
             m_data = data;
-            if (next)
-                next->setInData(std::move(data), index);
+            next->setInData(std::move(data), index);
         }
 
         CStage* next = nullptr;

@@ -4,12 +4,13 @@
 #pragma once
 
 #include "CFrame.h"
+#include "SShape.h"
 #include "graph/CNodeDataModel.h"
 
 #include <memory>
 #include <utility>
 
-/// The least that a model can do: stores what it receives and announces it.
+/// The least that a model between others can do: stores what it receives and announces it.
 class CRelayModel : public Plugin::Halvex::CNodeDataModel
 {
 public:
@@ -58,9 +59,39 @@ private:
     int m_arrived = 0;
 };
 
-inline std::unique_ptr<Plugin::Halvex::CNodeDataModel> makeModel(int inputs)
+/// The least that a model at an end can do: stores what it receives.
+class CStoringModel : public Plugin::Halvex::CNodeDataModel
 {
-    if (inputs > 1)
-        return std::make_unique<CJoiningModel>(inputs);
+public:
+    using CNodeDataPtr = Plugin::Halvex::CNodeDataPtr;
+    using ENodePortType = Plugin::Halvex::ENodePortType;
+    using NodePortIndex = Plugin::Halvex::NodePortIndex;
+
+    explicit CStoringModel(int inputs)
+        : m_inputs(inputs)
+    {
+    }
+
+    QString caption() override { return name(); }
+    QString name() override { return QStringLiteral("Store"); }
+    unsigned int nPorts(ENodePortType side) const override
+    {
+        return side == ENodePortType::In ? unsigned(m_inputs) : 0;
+    }
+    Plugin::Halvex::SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return CFrame().type(); }
+    void setInData(CNodeDataPtr data, NodePortIndex) override { m_data = std::move(data); }
+    CNodeDataPtr outData(NodePortIndex) override { return {}; }
+
+private:
+    int m_inputs;
+    CNodeDataPtr m_data;
+};
+
+inline std::unique_ptr<Plugin::Halvex::CNodeDataModel> makeModel(const SShape::SDegree& degree)
+{
+    if (degree.outputs == 0)
+        return std::make_unique<CStoringModel>(degree.inputs);
+    if (degree.inputs > 1)
+        return std::make_unique<CJoiningModel>(degree.inputs);
     return std::make_unique<CRelayModel>();
 }

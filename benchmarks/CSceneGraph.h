@@ -17,8 +17,8 @@ public:
         : m_scene(nullptr, nullptr)
     {
         std::vector<Plugin::Halvex::CNodeBase*> nodes;
-        for (const int inputs : shape.inputs())
-            nodes.push_back(&m_scene.createNode(makeModel(inputs)));
+        for (const SShape::SDegree& degree : shape.degrees())
+            nodes.push_back(&m_scene.createNode(makeModel(degree)));
         m_first = nodes.front();
 
         std::vector<int> usedPorts(nodes.size(), 0);

@@ -24,9 +24,16 @@ void CJoiningSignalModel::setInData(CNodeDataPtr data, int index)
     CSignalModel::setInData(std::move(data), index);
 }
 
-std::unique_ptr<CSignalModel> makeSignalModel(int inputs)
+void CStoringSignalModel::setInData(CNodeDataPtr data, int)
 {
-    if (inputs > 1)
-        return std::make_unique<CJoiningSignalModel>(inputs);
+    m_data = std::move(data);
+}
+
+std::unique_ptr<CSignalModel> makeSignalModel(const SShape::SDegree& degree)
+{
+    if (degree.outputs == 0)
+        return std::make_unique<CStoringSignalModel>();
+    if (degree.inputs > 1)
+        return std::make_unique<CJoiningSignalModel>(degree.inputs);
     return std::make_unique<CSignalModel>();
 }

@@ -13,7 +13,7 @@
 #include <utility>
 #include <vector>
 
-/// The model of a stage of CSignalGraph.
+/// The model of a stage of CSignalGraph that feeds others.
 class CSignalModel : public QObject
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ public:
 Q_SIGNALS:
     void dataUpdated(int index);
 
-private:
+protected:
     Plugin::Halvex::CNodeDataPtr m_data;
 };
 
@@ -46,7 +46,16 @@ private:
     int m_arrived = 0;
 };
 
-std::unique_ptr<CSignalModel> makeSignalModel(int inputs);
+/// The model of a sink: stores what comes, emits nothing.
+class CStoringSignalModel : public CSignalModel
+{
+    Q_OBJECT
+
+public:
+    void setInData(Plugin::Halvex::CNodeDataPtr data, int index) override;
+};
+
+std::unique_ptr<CSignalModel> makeSignalModel(const SShape::SDegree& degree);
 
 struct SPlainConnection
 {
@@ -96,7 +105,8 @@ private:
 
 /**
  * The floor F2, written by hand: each stage is two QObjects, a model that stores the data and emits a directly
- * connected signal, and a node that asks for the data and delivers it along a plain vector of connections.
+ * connected signal, and a node that asks for the data and delivers it along a plain vector of connections. The model of
+ * a sink only stores.
  */
 template <typename Connection>
 class CSignalGraph
@@ -104,8 +114,8 @@ class CSignalGraph
 public:
     explicit CSignalGraph(const SShape& shape, const Plugin::Halvex::NodeDataConverter& converter = {})
     {
-        for (const int inputs : shape.inputs()) {
-            m_models.push_back(makeSignalModel(inputs));
+        for (const SShape::SDegree& degree : shape.degrees()) {
+            m_models.push_back(makeSignalModel(degree));
             m_nodes.push_back(std::make_unique<CSignalNode<Connection>>(*m_models.back()));
         }
         std::vector<int> usedPorts(m_nodes.size(), 0);

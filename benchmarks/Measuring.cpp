@@ -4,7 +4,6 @@
 #include "Measuring.h"
 
 #include <algorithm>
-#include <ctime>
 
 std::vector<int> sizesUpTo(int most, int smallest, int largest)
 {
@@ -18,13 +17,6 @@ void setItems(benchmark::State& state, double itemsPerIteration)
 {
     state.counters[Counters::time] = benchmark::Counter(
         itemsPerIteration, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
-}
-
-double workedSeconds()
-{
-    timespec now = {};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return double(now.tv_sec) + double(now.tv_nsec) * 1e-9;
 }
 
 void addGrowth(CRatioTable& table, const std::string& work, const std::vector<int>& sizes, const std::string& suffix)

@@ -8,6 +8,7 @@
 #include "CRatioTable.h"
 #include "SShape.h"
 #include "Subjects.h"
+#include "WorkedSeconds.h"
 
 #include <benchmark/benchmark.h>
 
@@ -19,9 +20,6 @@ std::vector<int> sizesUpTo(int most, int smallest, int largest);
 
 /// Has the run report its time per item.
 void setItems(benchmark::State& state, double itemsPerIteration);
-
-/// The time that the calling thread has worked so far, in seconds: what other processes take does not count.
-double workedSeconds();
 
 /// Measures \a work once for each iteration, with what \a prepare returns, which is built and destroyed untimed.
 template <typename Prepare, typename Work>

@@ -5,13 +5,15 @@
 
 #include <random>
 
-std::vector<int> SShape::inputs() const
+std::vector<SShape::SDegree> SShape::degrees() const
 {
-    std::vector<int> counts(std::size_t(nodes), 0);
-    counts.front() = 1;
-    for (const SEdge& edge : edges)
-        ++counts[std::size_t(edge.to)];
-    return counts;
+    std::vector<SDegree> degrees(std::size_t(nodes), SDegree{});
+    for (const SEdge& edge : edges) {
+        ++degrees[std::size_t(edge.to)].inputs;
+        ++degrees[std::size_t(edge.from)].outputs;
+    }
+    degrees[0].inputs = 1;
+    return degrees;
 }
 
 SShape SShape::chain(int nodes)

@@ -9,7 +9,8 @@
  * Which node feeds which. A walk starts at node 0.
  *
  * Each edge has an input port of its own. A node with several inputs passes on when the last of them has come, so that
- * a walk goes along each edge once.
+ * a walk goes along each edge once. A node that feeds none is a sink: it stores what comes and does nothing else, so
+ * that no shape hides the cost of a delivery behind work at its end.
  */
 struct SShape
 {
@@ -25,8 +26,14 @@ struct SShape
     /// The edges, and the one along which data comes to node 0.
     int deliveries() const { return int(edges.size()) + 1; }
 
-    /// How many edges lead to each node; one for node 0.
-    std::vector<int> inputs() const;
+    struct SDegree
+    {
+        int inputs = 0;  ///< How many edges lead to the node; one for node 0.
+        int outputs = 0; ///< How many edges lead away from it; none from a sink.
+    };
+
+    /// How each node is linked.
+    std::vector<SDegree> degrees() const;
 
     static SShape chain(int nodes);
     static SShape fanOut(int consumers);

@@ -101,7 +101,8 @@ private:
     CNodeDataFlowProxy m_sender;
 };
 
-/// The floor, and behind it a walk of the floor F2 through the models of a source and a sink.
+/// The floor, and behind it a walk of the floor F2 from a source to a sink, and the signal with which the sink passes
+/// the frame out of the graph.
 class CSignalsWay
 {
 public:
@@ -110,8 +111,9 @@ public:
         QObject::connect(&m_sender, &CNodeDataFlowProxy::newDataAvailable, &m_receiver,
                          [this](const CNodeDataPtr& data) {
                              m_graph.walk(data);
-                             ++received;
+                             m_exit.setData(data);
                          });
+        QObject::connect(&m_exit, &CNodeDataFlowProxy::newDataAvailable, &m_receiver, [this] { ++received; });
     }
 
     void send(const CNodeDataPtr& frame) { m_sender.setData(frame); }
@@ -121,6 +123,7 @@ public:
 private:
     QObject m_receiver;
     CSignalGraph<SPlainConnection> m_graph{SShape::chain(2)};
+    CNodeDataFlowProxy m_exit;
     CNodeDataFlowProxy m_sender;
 };
 

@@ -43,10 +43,10 @@ void registerWalks(CRatioTable& table, int largest)
         const std::string work = "converting chain of " + std::to_string(size);
         const std::string engine = addWalk<CSceneGraph>(work + "/Halvex", shape, pass);
         const std::string floor = addWalk<CSignalGraph<SConvertingConnection>>(work + "/F2", shape, pass);
-        table.add({work, engine, {floor}, size >= 10 ? 1.10 : SRatioRow::none});
+        table.add({work, engine, {floor}, size >= 10 ? 1.20 : SRatioRow::none});
     }
     for (const int size : sizes)
-        compareWalks(table, "fan-out to " + std::to_string(size), SShape::fanOut(size), 1.20);
+        compareWalks(table, "fan-out to " + std::to_string(size), SShape::fanOut(size), 1.50);
     for (const int size : sizesUpTo(1000, 10, largest))
         compareWalks(table, "fan-in of " + std::to_string(size), SShape::fanIn(size), 1.25);
     for (const int width : {2, 8, 32})

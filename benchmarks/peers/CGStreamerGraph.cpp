@@ -61,18 +61,25 @@ GstPad* CGStreamerGraph::makeSource(SStage& from, const SStage& to)
 GstFlowReturn CGStreamerGraph::onBuffer(GstPad* sink, GstObject*, GstBuffer* buffer)
 {
     auto& stage = *static_cast<SStage*>(gst_pad_get_element_private(sink));
-    gst_buffer_replace(&stage.last, buffer);
+    if (stage.sources.empty()) {
+        keep(stage, buffer);
+        return GST_FLOW_OK;
+    }
+    keep(stage, gst_buffer_ref(buffer));
     push(stage, buffer);
     return GST_FLOW_OK;
+}
+
+void CGStreamerGraph::keep(SStage& stage, GstBuffer* buffer)
+{
+    if (stage.last != nullptr)
+        gst_buffer_unref(stage.last);
+    stage.last = buffer;
 }
 
 void CGStreamerGraph::push(const SStage& stage, GstBuffer* buffer)
 {
     const std::size_t count = stage.sources.size();
-    if (count == 0) {
-        gst_buffer_unref(buffer);
-        return;
-    }
     for (std::size_t i = 0; i + 1 < count; ++i)
         gst_pad_push(stage.sources[i], gst_buffer_ref(buffer));
     gst_pad_push(stage.sources[count - 1], buffer);

@@ -11,7 +11,7 @@
 
 #include <gst/gst.h>
 
-/// A shape of GStreamer pads. Each stage keeps the buffer and pushes it from each of its source pads.
+/// A shape of GStreamer pads. Each stage keeps the buffer and pushes it from each of its source pads, if it has any.
 class CGStreamerGraph
 {
 public:
@@ -32,6 +32,7 @@ private:
     };
 
     static GstFlowReturn onBuffer(GstPad* sink, GstObject* parent, GstBuffer* buffer);
+    static void keep(SStage& stage, GstBuffer* buffer);
     static void push(const SStage& stage, GstBuffer* buffer);
     static GstPad* makeSource(SStage& from, const SStage& to);
 

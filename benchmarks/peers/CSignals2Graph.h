@@ -11,7 +11,8 @@
 #include <memory>
 #include <vector>
 
-/// A shape of Boost.Signals2. Each stage keeps the data and emits a signal, to which those that it feeds are connected.
+/// A shape of Boost.Signals2. Each stage keeps the data and emits a signal, to which those that it feeds are connected;
+/// a stage that feeds none only keeps the data.
 class CSignals2Graph
 {
 public:
@@ -35,16 +36,19 @@ private:
         void feed(CStage& consumer)
         {
             m_updated.connect([&consumer](const CNodeDataPtr& data) { consumer.setInData(data); });
+            m_isSink = false;
         }
 
         void setInData(const CNodeDataPtr& data)
         {
             m_data = data;
-            m_updated(m_data);
+            if (!m_isSink)
+                m_updated(m_data);
         }
 
     private:
         CNodeDataPtr m_data;
+        bool m_isSink = true;
         boost::signals2::signal<void(const CNodeDataPtr&)> m_updated;
     };
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-// Never run: the compiler dumps the virtual tables of these classes. A pure operation has no name in a table, so each
-// abstract class gets a subclass that overrides exactly what is pure.
+// Never run: the compiler dumps the layouts and the virtual tables of these classes. A pure operation has no name in a
+// table, so each abstract class gets a subclass that overrides exactly what is pure.
 
 #include <Halvex/Halvex.h>
 
@@ -51,6 +51,8 @@ struct PSinkModel : PModel<ASinkNodeDataModel>
     CNodeDataPtr outData(NodePortIndex) override { return {}; }
     bool isUnique() override { return false; }
 };
+
+template class Plugin::Halvex::CGenericNodeDecouplerDataModel<CVeltraGrabResultData>;
 
 struct PDecouplerModel : CNodeDecouplerDataModelBase
 {

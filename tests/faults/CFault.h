@@ -5,53 +5,59 @@
 
 #include <QtGlobal>
 
-/// Where something can go wrong.
+/// Which foreign code throws.
 enum class EFault
 {
-    Allocation, ///< operator new
     Converter,
+    Creator,
+    OutData,
+    SceneHandler, ///< What is connected to a signal of a scene.
+    ServiceHandler,
     SetInData
 };
 
+struct SFaultThrown
+{
+};
+
 /**
- * One fault of a kind, which happens at the Nth chance and not again. One at a time, in the thread that arms it.
+ * Foreign code of a kind throws at its Nth call, and not again.
  *
- * A program that links this has an operator new that fails by it and counts what is not deleted again. Qt's containers
- * and texts do not allocate through it, nor do the insides of Qt's own library count as chances: much of that is code
- * that Qt declares to throw nothing, where an exception ends the process whoever called it.
+ * \code
+ * const CFault fault(EFault::Converter, 3);
+ * scenario.run(); // in each converter: CFault::chance(EFault::Converter);
+ * if (fault.hasHappened())
+ *     scenario.requireUsable();
+ * \endcode
+ *
+ * One at a time, in one thread.
  */
 class CFault
 {
 public:
-    CFault(EFault kind, long chance);
-    ~CFault();
+    CFault(EFault kind, int chance)
+    {
+        Q_ASSERT(chance > 0 && s_chancesLeft == 0);
+        s_kind = kind;
+        s_chancesLeft = chance;
+        s_hasHappened = false;
+    }
+    ~CFault() { s_chancesLeft = 0; }
     Q_DISABLE_COPY(CFault)
 
-    bool hasHappened() const;
+    bool hasHappened() const { return s_hasHappened; }
 
-    /// It happens no more, if it has not happened.
-    static void disarm();
-
-    /// A chance for a fault of \a kind: throws if it is the one.
-    static void chance(EFault kind);
-
-    /// How many blocks of operator new there are in the process.
-    static long blocks();
-
-    /// While it lives, nothing is a chance: the test itself is at work.
-    class CPause
+    /// A call of foreign code of that kind: throws if it is the one.
+    static void chance(EFault kind)
     {
-    public:
-        CPause();
-        ~CPause();
-        Q_DISABLE_COPY(CPause)
+        if (s_chancesLeft == 0 || kind != s_kind || --s_chancesLeft > 0)
+            return;
+        s_hasHappened = true;
+        throw SFaultThrown();
+    }
 
-    private:
-        long m_chancesLeft;
-    };
-};
-
-/// What every fault but a failed allocation throws.
-struct SFaultThrown
-{
+private:
+    static inline EFault s_kind = EFault::Converter;
+    static inline int s_chancesLeft = 0; // none, if there is no fault to come
+    static inline bool s_hasHappened = false;
 };

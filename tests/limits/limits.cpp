@@ -23,15 +23,11 @@
 #include <QThread>
 
 #include <malloc.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <atomic>
 #include <cstdio>
 #include <functional>
-#include <limits>
 #include <new>
 #include <vector>
 
@@ -95,25 +91,6 @@ double processStatus(const QByteArray& key)
     }
     return 0;
 }
-
-/// As long as it lives, the process gets only \a mebibytes of address space more than it has.
-class CNarrowMemory
-{
-public:
-    explicit CNarrowMemory(double mebibytes)
-    {
-        getrlimit(RLIMIT_AS, &m_before);
-        malloc_trim(0);
-        rlimit narrow = m_before;
-        narrow.rlim_cur = rlim_t(processStatus("VmSize") * 1024 + mebibytes * mebibyte);
-        check(setrlimit(RLIMIT_AS, &narrow) == 0, "the address space cannot be limited");
-    }
-    ~CNarrowMemory() { setrlimit(RLIMIT_AS, &m_before); }
-    Q_DISABLE_COPY(CNarrowMemory)
-
-private:
-    rlimit m_before{};
-};
 
 std::atomic<int> s_complaints{0};
 std::atomic<int> s_delivered{0};
@@ -218,60 +195,8 @@ void measureChain()
     }
 }
 
-/// Adds nodes and connections until there is no memory; then the scene must be sound, and be cleared.
-void fillMemory(double mebibytes)
-{
-    CNodeScene scene(nullptr, nullptr);
-    CNodeBase* last = nullptr;
-    bool isFull = false;
-    {
-        const CNarrowMemory memory(mebibytes);
-        try {
-            for (int i = 0; i < 10000000; ++i) {
-                CNodeBase& node = scene.createNode(std::make_unique<CPassModel>());
-                if (last)
-                    scene.createConnection(node, 0, *last, 0, NodeDataConverter());
-                last = &node;
-            }
-        } catch (const std::bad_alloc&) {
-            isFull = true;
-        }
-    }
-    check(isFull, "memory did not end");
-    check(inconsistencyOf(scene).isEmpty(), "the scene is not sound after memory ended");
-    scene.clearScene();
-    check(scene.nodes().empty() && scene.connections().empty(), "the scene cannot be cleared after memory ended");
-}
-
-/// In processes of their own: Qt's connect() does not ask whether it got memory, and may end the process.
-void measureNodesAtTheEnd()
-{
-    const int processes = s_isShort ? 4 : 20;
-    int sound = 0;
-    int ended = 0;
-    for (int run = 0; run < processes; ++run) {
-        const pid_t child = fork();
-        if (child == 0) {
-            const rlimit noDump{};
-            setrlimit(RLIMIT_CORE, &noDump);
-            fillMemory(32 + run);
-            std::_Exit(0);
-        }
-        int status = 0;
-        check(child > 0 && waitpid(child, &status, 0) == child, "no process can be started");
-        check(WIFSIGNALED(status) || WEXITSTATUS(status) == 0, "something was wrong after memory ended");
-        ++(WIFSIGNALED(status) ? ended : sound);
-    }
-    check(sound > 0, "no process has survived the end of its memory");
-    std::printf(
-        "When memory ends, in %d processes with 32 MiB and more: %d times std::bad_alloc, the scene is sound and can "
-        "be cleared; %d times the process was ended by a signal.\n\n",
-        processes, sound, ended);
-}
-
 void measureNodes()
 {
-    measureNodesAtTheEnd(); // first, while this process has nothing on its heap that the others would have to fill
     std::printf("| nodes, connections | node | connection | memory per node | per connection | remove one | clear all "
                 "|\n| ---: | ---: | ---: | ---: | ---: | ---: | ---: |\n");
     for (const int count : {1000, 10000, 100000, 1000000}) {
@@ -320,17 +245,6 @@ void measurePorts()
         check(CPassModel::s_reached == 2, "the last port does not deliver");
         std::printf("| %u | %.3f ms | %.0f B | %.1f µs |\n", count, made, bytes / (2.0 * count), delivered * 1e3);
     }
-
-    CNodeScene scene(nullptr, nullptr);
-    const CNarrowMemory memory(1024);
-    bool isRefused = false;
-    try {
-        scene.createNode(std::make_unique<CPassModel>(std::numeric_limits<unsigned int>::max()));
-    } catch (const std::bad_alloc&) {
-        isRefused = true;
-    }
-    check(isRefused && scene.nodes().empty(), "a node with more ports than memory was made");
-    std::printf("\nWith 4294967295 ports and 1024 MiB of memory: std::bad_alloc, the scene is as it was.\n");
 }
 
 std::shared_ptr<CNodeDataModelRegistry> makeRegistry()
@@ -419,45 +333,11 @@ int threads()
     return int(processStatus("Threads"));
 }
 
-void measureDecouplersAtTheEnd()
-{
-    const int count = 100;
-    CNodeScene scene(nullptr, nullptr);
-    Nodes nodes(std::size_t(count), nullptr);
-    for (CNodeBase*& node : nodes)
-        node = &scene.createNode(std::make_unique<CTestDecoupler>());
-    s_delivered = 0;
-    for (CNodeBase* const node : nodes)
-        QObject::connect(node->nodeDataModel(), &CNodeDataModel::dataUpdated, &scene, [] { ++s_delivered; });
-
-    s_complaints = 0;
-    QElapsedTimer clock;
-    clock.start();
-    {
-        const CNarrowMemory memory(400); // a thread takes 8 MiB of address space for its stack
-        for (CNodeBase* const node : nodes)
-            node->propagateData(CTestData::make(1), 0);
-        while (s_delivered + s_complaints < count) {
-            check(clock.elapsed() < 60000, "a decoupler neither delivers nor warns");
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-        }
-        check(s_complaints > 0, "all workers found a thread");
-        std::printf("\nWith 400 MiB of address space: %d of %d decouplers have a worker, the others have warned, each "
-                    "once, and keep their data.",
-                    int(s_delivered), count);
-    }
-    while (s_delivered < count) {
-        check(clock.elapsed() < 120000, "the data of a decoupler without a thread was lost");
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-    std::printf(" As soon as there is room again they deliver it, by themselves.\n");
-}
-
 void measureDecouplers()
 {
     std::printf("| decouplers | threads | make | first frame out of all | memory per decoupler | remove all |\n"
                 "| ---: | ---: | ---: | ---: | ---: | ---: |\n");
-    for (const int count : {10, 100, 1000, 10000, 40000}) {
+    for (const int count : {10, 100, 1000, 10000}) {
         if (s_isShort && count > 10)
             break;
         const int threadsBefore = threads();
@@ -465,7 +345,6 @@ void measureDecouplers()
         CNodeScene scene(nullptr, nullptr);
         CNodeBase& source = scene.createNode(std::make_unique<CPassModel>());
         s_delivered = 0;
-        s_complaints = 0;
         const double made = millisecondsOf([&] {
             for (int i = 0; i < count; ++i) {
                 CNodeBase& node = scene.createNode(std::make_unique<CTestDecoupler>());
@@ -477,19 +356,18 @@ void measureDecouplers()
             QElapsedTimer clock;
             clock.start();
             source.propagateData(CTestData::make(1), 0);
-            while (s_delivered + s_complaints < count) {
-                check(clock.elapsed() < 120000, "a decoupler neither delivers nor warns");
+            while (s_delivered < count) {
+                check(clock.elapsed() < 120000, "a decoupler does not deliver");
                 QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
             }
         });
         const int started = threads() - threadsBefore;
         const double memory = processStatus("VmRSS") - before;
-        check(started == s_delivered && started > count / 2, "decouplers have no threads");
+        check(started == count, "decouplers have no threads of their own");
         const double cleared = millisecondsOf([&] { scene.clearScene(); });
         std::printf("| %d | %d | %.1f ms | %.0f ms | %.0f KiB | %.0f ms |\n", count, started, made, first,
                     memory / count, cleared);
     }
-    measureDecouplersAtTheEnd();
 }
 
 constexpr int width = 1920;
