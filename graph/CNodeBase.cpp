@@ -38,7 +38,7 @@ CNodeBase::CNodeBase(std::unique_ptr<CNodeDataModel>&& model)
     static const int nameOfPortIndex = qRegisterMetaType<NodePortIndex>("NodePortIndex");
     Q_UNUSED(nameOfPortIndex)
 
-    CStackGauge::ofThisThread().hasRoom(); // measures this thread's stack, which allocates, before any walk does
+    CStackGauge::ofThisThread().measureOnce(); // measures this thread's stack, which allocates, before any walk does
     connect(m_model.get(), &CNodeDataModel::dataUpdated, this, &CNodeBase::onDataUpdated);
 }
 
@@ -51,7 +51,6 @@ CNodeBase::~CNodeBase()
     // must find a node without ports and without a model.
     m_state.clear();
     m_model.reset();
-    clearEnds(); // of connections that it has made meanwhile
 }
 
 Core::CId CNodeBase::id() const

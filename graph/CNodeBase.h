@@ -96,7 +96,7 @@ private:
     HALVEX_NO_EXPORT void deliver(DataPtr&& data, NodePortIndex inPortIndex, CStackGauge& gauge) const;
     HALVEX_NO_EXPORT void updateAlone(NodePortIndex index);
     HALVEX_NO_EXPORT inline void deliverToPort(NodePortIndex outIndex, CNodeDataPtr&& data, const CNodeVisit& visit);
-    [[gnu::cold]] HALVEX_NO_EXPORT void dropData(const CNodeVisit& visit) const;
+    [[gnu::cold]] HALVEX_NO_EXPORT void dropData(CStackGauge& gauge, const char* reason) const;
 
     CNodeConnection*& firstConnection(ENodePortType side);
     void clearEnds();

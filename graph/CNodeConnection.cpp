@@ -166,6 +166,9 @@ void CNodeConnection::setNode(ENodePortType side, CNodeBase& node)
 {
     unlinkEnd(side);
     SEnd& here = end(side);
+    here.node = nullptr;
+    if (!node.nodeDataModel())
+        return; // it is being destroyed
     here.node = &node;
     here.link = &node.firstConnection(side);
     here.next = *here.link;

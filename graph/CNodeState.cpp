@@ -5,6 +5,7 @@
 
 #include "graph/CNodeConnection.h"
 #include "graph/CNodeDataModel.h"
+#include "graph/CNodeVisit_p.h"
 
 #include <QDebug>
 
@@ -29,6 +30,7 @@ CNodeState::CNodeState(const std::unique_ptr<CNodeDataModel>& model)
 {
     m_inRows.resize(int(m_in.size()));
     m_outRows.resize(int(m_out.size()));
+    m_readyRows = uint(m_out.size());
 }
 
 CNodeState::CNodeState(const CNodeState& other)
@@ -102,7 +104,7 @@ void CNodeState::eraseConnection(ENodePortType portType, NodePortIndex index, co
 
 std::vector<CNodeState::Connections>& CNodeState::getEntries(ENodePortType portType)
 {
-    m_isWritable = true; // whoever takes this reference may write at any later time
+    m_readyRows = 0; // whoever takes this reference may write at any later time
     return table(portType);
 }
 
@@ -158,7 +160,7 @@ void CNodeState::givePlaceUp(SEntry entry)
     SPlace& place = rows(entry.side)[entry.port].places[entry.position];
     if (m_visit) {
         place.until = ++m_lastChange;
-        m_isUntidy = true;
+        CNodeVisit::leaveUntidy(*this);
         return;
     }
     place.connection->dropEntry(entry);
@@ -189,7 +191,7 @@ void CNodeState::forgetConnection(const SEntry& entry, const CNodeConnection& co
         port.erase(found);
     if (m_visit) {
         rows(entry.side)[entry.port].places[entry.position] = {nullptr, 0};
-        m_isUntidy = true;
+        CNodeVisit::leaveUntidy(*this);
     } else {
         removePlace(entry.side, entry.port, entry.position);
     }
@@ -197,7 +199,6 @@ void CNodeState::forgetConnection(const SEntry& entry, const CNodeConnection& co
 
 void CNodeState::tidy()
 {
-    m_isUntidy = false;
     m_lastChange = 0;
     for (const ENodePortType side : bothSides) {
         for (NodePortIndex port = 0; port < rows(side).size(); ++port)
@@ -218,7 +219,15 @@ void CNodeState::tidyRow(ENodePortType side, NodePortIndex port)
     }
 }
 
-void CNodeState::readWrittenTable(NodePortIndex outPort)
+bool CNodeState::prepareRow(NodePortIndex outPort)
+{
+    if (!requirePort(ENodePortType::Out, outPort))
+        return false;
+    readTable(outPort);
+    return true;
+}
+
+void CNodeState::readTable(NodePortIndex outPort)
 {
     const Connections& port = m_out[std::size_t(outPort)];
     const auto before = m_outRows[outPort].places;
@@ -239,7 +248,7 @@ void CNodeState::copyFrom(const CNodeState& other)
 {
     m_in = other.m_in;
     m_out = other.m_out;
-    m_isWritable = m_isWritable || other.m_isWritable;
+    m_readyRows = other.m_readyRows;
     for (const ENodePortType side : bothSides) {
         const Rows& from = other.rows(side);
         // Rows are never taken away: a walk may stand in them.
@@ -257,15 +266,17 @@ void CNodeState::clear()
 {
     m_in.clear();
     m_out.clear();
-    m_lastChange += 1;
-    m_isUntidy = true;
+    m_readyRows = 0;
+    ++m_lastChange;
     for (const ENodePortType side : bothSides) {
         for (SRow& row : rows(side)) {
             for (SPlace& place : row.places)
                 place.until = std::min(place.until, m_lastChange);
         }
     }
-    if (!m_visit)
+    if (m_visit)
+        CNodeVisit::leaveUntidy(*this);
+    else
         tidy();
 }
 

@@ -114,7 +114,8 @@ private:
     void removePlace(ENodePortType side, NodePortIndex port, int position);
     bool isFilled(const SEntry& entry) const;
     void tidyRow(ENodePortType side, NodePortIndex port);
-    void readWrittenTable(NodePortIndex outPort);
+    bool prepareRow(NodePortIndex outPort);
+    void readTable(NodePortIndex outPort);
 
     void copyFrom(const CNodeState& other);
     void clear();
@@ -128,8 +129,7 @@ private:
     CNodeVisit* m_visit = nullptr; // the innermost stretch of code that stands in the table's node: places stay put
     Rows m_outRows;
     quint64 m_lastChange = 0; // of the rows, since somebody stands in the node
-    bool m_isUntidy = false;  // a row has a place that was given up
-    bool m_isWritable = false; // a host got the table for writing, and may have written
+    uint m_readyRows = 0;     // that a walk may read at once: all, or none once a host may have written into the table
     Rows m_inRows;
     std::vector<Connections> m_in;
     std::vector<Connections> m_out;

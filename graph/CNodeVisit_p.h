@@ -26,7 +26,7 @@ namespace Halvex {
  * their places; the last one tidies them up.
  *
  * A delivery is a visit, and the walk that answers it belongs to it. So the visits that stand in a node at the same time
- * are the rounds of a feedback loop. Round mostRounds + 1 is dropped.
+ * are the rounds of a feedback loop. Data that would begin round mostRounds + 1 is dropped.
  */
 class CNodeVisit
 {
@@ -37,9 +37,7 @@ public:
         : m_node(&node)
         , m_outer(std::exchange(node.m_state.m_visit, this))
         , m_gauge(gauge)
-        , m_dropsBefore(gauge.drops())
     {
-        m_gauge.enterVisit();
         if (Q_UNLIKELY(m_outer))
             joinOuter();
     }
@@ -49,48 +47,50 @@ public:
     }
     ~CNodeVisit()
     {
-        m_gauge.leaveVisit();
-        if (Q_UNLIKELY(isOver())) {
-            leaveGoneNode();
-            return;
-        }
-        CNodeState& state = m_node->m_state;
-        Q_ASSERT(state.m_visit == this);
-        state.m_visit = m_outer;
-        if (Q_UNLIKELY(state.m_isUntidy) && !m_outer)
-            state.tidy();
+        if (Q_LIKELY(!m_hasToTidy))
+            m_node->m_state.m_visit = m_outer;
+        else
+            leaveAndTidy();
     }
     Q_DISABLE_COPY(CNodeVisit)
 
     /// True once the node was destroyed, or has left its scene for good.
     bool isOver() const { return m_round == roundOfGoneNode; }
 
-    /// Whether the data that brought the caller here is to be dropped: for a loop, or for lack of stack.
-    bool isLoop() const { return m_round > mostRounds; }
-    bool isTooDeep() const { return !m_gauge.hasRoom(); }
-    CStackGauge& gauge() const { return m_gauge; }
+    /// Whether the data that brought the caller here is to be dropped.
+    bool isRoundTooMany() const { return m_round > mostRounds; }
 
-    /// Says that it was.
-    void countDrop() const { m_gauge.countDrop(); }
-
-    /// Whether a walk that stands here goes on. Not if the node is gone; nor in a further round of a loop in which a
-    /// delivery was dropped: a loop through several paths would be cut once for every sequence of paths, and there are
+    /// Whether a walk that stands here goes on. Not if the node is gone; nor in a further round of a loop in which
+    /// something was dropped: a loop through several paths would be cut once for every sequence of paths, and there are
     /// more of those than anybody can wait for. So what was dropped ends all rounds but the first ones of each node.
     bool mayGoOn() const { return Q_LIKELY(m_round == 1) || (!isOver() && m_gauge.drops() == m_dropsBefore); }
 
     /// A visit has room for one walk at a time.
-    bool isWalking() const { return m_isWalking; }
+    bool isWalking() const { return m_walk != CStackGauge::EWalk::None; }
 
+    CStackGauge& gauge() const { return m_gauge; }
+
+    /// A walk, as long as it lasts.
     class CWalk
     {
     public:
         explicit CWalk(CNodeVisit& visit)
             : m_visit(visit)
         {
-            m_visit.m_isWalking = true;
+            m_visit.m_walk = m_visit.m_gauge.beginWalk(&m_visit);
+            if (Q_LIKELY(m_visit.m_round == 1))
+                m_visit.m_dropsBefore = m_visit.m_gauge.drops();
         }
-        ~CWalk() { m_visit.m_isWalking = false; }
+        ~CWalk()
+        {
+            if (Q_UNLIKELY(m_visit.m_walk == CStackGauge::EWalk::IsCounted))
+                m_visit.m_gauge.endCountedWalk();
+            m_visit.m_walk = CStackGauge::EWalk::None;
+        }
         Q_DISABLE_COPY(CWalk)
+
+        /// Whether the stack has room for what it leads to.
+        bool hasRoom() const { return m_visit.m_walk != CStackGauge::EWalk::HasNone; }
 
     private:
         CNodeVisit& m_visit;
@@ -99,18 +99,21 @@ public:
 private:
     friend class CGraphOwner;
     friend class CNodeBase;
+    friend class CNodeState;
 
     void joinOuter()
     {
         m_round = m_outer->isOver() ? roundOfGoneNode : m_outer->m_round + 1;
-        m_dropsBefore = m_outer->m_dropsBefore;
+        m_dropsBefore = m_outer->isWalking() ? m_outer->m_dropsBefore : m_gauge.drops();
     }
 
     static bool standsIn(const CNodeBase& node) { return node.m_state.m_visit != nullptr; }
     static void endAll(const CNodeBase& node)
     {
-        for (CNodeVisit* visit = node.m_state.m_visit; visit; visit = visit->m_outer)
+        for (CNodeVisit* visit = node.m_state.m_visit; visit; visit = visit->m_outer) {
             visit->m_round = roundOfGoneNode;
+            visit->m_hasToTidy = 1;
+        }
     }
     static void forgetNode(const CNodeBase& node)
     {
@@ -118,13 +121,26 @@ private:
         for (CNodeVisit* visit = std::exchange(node.m_state.m_visit, nullptr); visit; visit = visit->m_outer)
             visit->m_node = nullptr;
     }
-    [[gnu::cold]] void leaveGoneNode()
+    // The outermost visit is to tidy the table up when it leaves.
+    static void leaveUntidy(const CNodeState& table)
+    {
+        CNodeVisit* outermost = table.m_visit;
+        while (outermost->m_outer)
+            outermost = outermost->m_outer;
+        outermost->m_hasToTidy = 1;
+    }
+    [[gnu::cold]] void leaveAndTidy()
     {
         if (!m_node)
             return;
-        m_node->m_state.m_visit = m_outer;
-        if (!m_outer)
+        CNodeState& table = m_node->m_state;
+        table.m_visit = m_outer;
+        if (m_outer)
+            return;
+        if (isOver())
             delete m_node;
+        else
+            table.tidy();
     }
 
     static constexpr int roundOfGoneNode = 0;
@@ -132,9 +148,10 @@ private:
     const CNodeBase* m_node; // null once it was destroyed
     CNodeVisit* m_outer;
     CStackGauge& m_gauge;
-    quint64 m_dropsBefore; // the first visit that stands here
-    int m_round = 1; // or roundOfGoneNode
-    bool m_isWalking = false;
+    quint64 m_dropsBefore; // when the walk of the first visit that stands here began; not set before that
+    int m_round = 1;       // or roundOfGoneNode
+    CStackGauge::EWalk m_walk = CStackGauge::EWalk::None;
+    quint16 m_hasToTidy = 0; // as it leaves; the size lets all of these be set at once
 };
 
 } // namespace Halvex

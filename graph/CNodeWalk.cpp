@@ -18,11 +18,9 @@ namespace Halvex {
 template <typename DataPtr>
 Q_ALWAYS_INLINE void CNodeBase::deliver(DataPtr&& data, NodePortIndex inPortIndex, CStackGauge& gauge) const
 {
-    if (!m_model)
-        return;
     const CNodeVisit visit(*this, gauge);
-    if (Q_UNLIKELY(visit.isLoop() || visit.isTooDeep()))
-        dropData(visit);
+    if (Q_UNLIKELY(visit.isRoundTooMany()))
+        dropData(gauge, "a feedback loop comes back to it again and again");
     else
         m_model->setInData(std::forward<DataPtr>(data), inPortIndex);
 }
@@ -46,30 +44,26 @@ Q_ALWAYS_INLINE void CNodeConnection::deliver(DataPtr&& data, CStackGauge& gauge
         m_in.node->deliver(std::forward<DataPtr>(data), m_in.index, gauge);
 }
 
-inline void CNodeBase::deliverToPort(NodePortIndex outIndex, CNodeDataPtr&& data, const CNodeVisit& visit)
+Q_ALWAYS_INLINE void CNodeBase::deliverToPort(NodePortIndex outIndex, CNodeDataPtr&& data, const CNodeVisit& visit)
 {
-    if (Q_UNLIKELY(uint(outIndex) >= uint(m_state.m_outRows.size()))) {
-        m_state.requirePort(ENodePortType::Out, outIndex);
+    if (Q_UNLIKELY(uint(outIndex) >= m_state.m_readyRows) && !m_state.prepareRow(outIndex))
         return;
-    }
-    if (Q_UNLIKELY(m_state.m_isWritable))
-        m_state.readWrittenTable(outIndex);
 
     // Those that the row has now: one that is added comes behind, one that is taken out keeps its place for us.
     const quint64 start = m_state.m_lastChange;
     const int last = m_state.m_outRows[outIndex].places.size() - 1;
-    for (int position = 0; position <= last; ++position) {
+    if (last < 0)
+        return;
+    for (int position = 0; position < last; ++position) {
         const CNodeState::SPlace& place = m_state.m_outRows[outIndex].places[position];
-        if (place.until <= start)
-            continue;
-        if (position == last) {
-            place.connection->deliver(std::move(data), visit.gauge());
-            return;
-        }
-        place.connection->deliver(data, visit.gauge());
+        if (place.until > start)
+            place.connection->deliver(data, visit.gauge());
         if (!visit.mayGoOn())
             return;
     }
+    const CNodeState::SPlace& place = m_state.m_outRows[outIndex].places[last];
+    if (place.until > start)
+        place.connection->deliver(std::move(data), visit.gauge());
 }
 
 void CNodeBase::onDataUpdated(NodePortIndex index)
@@ -83,6 +77,10 @@ void CNodeBase::onDataUpdated(NodePortIndex index)
     if (!visit->mayGoOn())
         return;
     const CNodeVisit::CWalk walk(*visit);
+    if (Q_UNLIKELY(!walk.hasRoom())) {
+        dropData(visit->gauge(), "the stack has no room for what comes behind it");
+        return;
+    }
     CNodeDataPtr data = m_model->outData(index);
     if (data && visit->mayGoOn())
         deliverToPort(index, std::move(data), *visit);
@@ -93,29 +91,23 @@ void CNodeBase::updateAlone(NodePortIndex index)
     if (!m_model)
         return;
     const CNodeVisit visit(*this);
-    if (visit.isLoop()) // an output that announces itself whenever it is asked for
-        dropData(visit);
+    if (visit.isRoundTooMany())
+        dropData(visit.gauge(), "its output announces itself whenever it is asked for");
     else
         onDataUpdated(index);
 }
 
 void CNodeBase::propagateData(CNodeDataPtr ptrNodeData, NodePortIndex inPortIndex) const
 {
-    deliver(std::move(ptrNodeData), inPortIndex, CStackGauge::ofThisThread());
+    if (m_model)
+        deliver(std::move(ptrNodeData), inPortIndex, CStackGauge::ofThisThread());
 }
 
-void CNodeBase::dropData(const CNodeVisit& visit) const
+void CNodeBase::dropData(CStackGauge& gauge, const char* reason) const
 {
-    visit.countDrop();
-    if (std::exchange(m_hasWarned, true))
-        return;
-    const QByteArray model = m_model->name().toUtf8();
-    if (visit.isLoop())
-        qCWarning(lcGraph, "Data for the model \"%s\" is dropped: a feedback loop has come back to it %d times.",
-                  model.constData(), CNodeVisit::mostRounds);
-    else
-        qCWarning(lcGraph, "Data for the model \"%s\" is dropped: the stack has no room for a chain this long.",
-                  model.constData());
+    gauge.countDrop();
+    if (!std::exchange(m_hasWarned, true))
+        qCWarning(lcGraph, "Data is dropped at the model \"%s\": %s.", qUtf8Printable(m_model->name()), reason);
 }
 
 void CNodeConnection::propagateData(CNodeDataPtr data) const

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <limits>
 
 #ifdef Q_OS_LINUX
 #include <pthread.h>
@@ -13,17 +12,34 @@
 
 namespace Plugin {
 namespace Halvex {
+namespace {
 
-bool CStackGauge::hasRoomOnceMeasured(quintptr here)
+quintptr framePosition()
 {
-    if (m_mostVisits == 0)
-        measure();
-    return here >= m_lowest && m_visits <= m_mostVisits;
+#ifdef __GNUC__
+    return reinterpret_cast<quintptr>(__builtin_frame_address(0)); // a sanitizer may keep locals elsewhere
+#else
+    const char here = 0;
+    return reinterpret_cast<quintptr>(&here);
+#endif
+}
+
+} // namespace
+
+CStackGauge::EWalk CStackGauge::beginWalkFarBelow()
+{
+    measureOnce();
+    if (m_lowest != unknown)
+        return framePosition() >= m_lowest ? EWalk::HasRoom : EWalk::HasNone;
+    if (m_countedWalks == mostWalks)
+        return EWalk::HasNone;
+    ++m_countedWalks;
+    return EWalk::IsCounted;
 }
 
 void CStackGauge::measure()
 {
-    m_mostVisits = mostVisits;
+    m_lowest = unknown;
 #ifdef Q_OS_LINUX
     pthread_attr_t attributes;
     if (pthread_getattr_np(pthread_self(), &attributes) != 0)
@@ -39,7 +55,6 @@ void CStackGauge::measure()
     constexpr std::size_t greatestUse = 256 * 1024 * 1024;
     const std::size_t reserve = std::min(std::max(size / 8, smallestReserve), size / 2);
     m_lowest = reinterpret_cast<quintptr>(bottom) + size - std::min(size - reserve, greatestUse);
-    m_mostVisits = std::numeric_limits<int>::max();
 #endif
 }
 

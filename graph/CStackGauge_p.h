@@ -9,53 +9,57 @@ namespace Plugin {
 namespace Halvex {
 
 /**
- * How far the walks of one thread may go: tells whether its stack has room for one more delivery, and counts those that
- * were dropped.
+ * How far the walks of one thread may go: tells whether its stack has room for one more walk within the others, and counts
+ * what was dropped.
  *
  * A walk is as deep as its chain is long. The last eighth of the stack (at least 64 KiB, at most half) is kept free for
  * what models and message handlers need at the deepest point. Of a stack without a limit, 256 MiB are used. Where the
- * system does not tell how large a stack is, mostVisits may be nested.
+ * system does not tell how large a stack is, mostWalks walks may be nested.
  *
  * Threads: each has its own.
  */
 class CStackGauge
 {
 public:
-    static constexpr int mostVisits = 500;
+    static constexpr int mostWalks = 500;
 
     static CStackGauge& ofThisThread() { return s_gauge; }
 
-    void enterVisit() { ++m_visits; }
-    void leaveVisit() { --m_visits; }
-
-    /// Whether the caller may go deeper.
-    bool hasRoom()
+    /// Reading a stack's bounds allocates, so it is done before any walk.
+    void measureOnce()
     {
-        const quintptr here = position();
-        return Q_LIKELY(here >= m_lowest && m_visits <= m_mostVisits) || hasRoomOnceMeasured(here);
+        if (m_lowest == notMeasured)
+            measure();
     }
+
+    /// What a walk that begins here may do.
+    enum class EWalk : quint16
+    {
+        None, ///< No walk is under way.
+        HasRoom,
+        HasNone,
+        IsCounted ///< It has room, and is to be ended with endCountedWalk().
+    };
+    /// \a here: any object on the stack, not far above the caller.
+    EWalk beginWalk(const void* here)
+    {
+        return Q_LIKELY(reinterpret_cast<quintptr>(here) >= m_lowest) ? EWalk::HasRoom : beginWalkFarBelow();
+    }
+    void endCountedWalk() { --m_countedWalks; }
 
     void countDrop() { ++m_drops; }
     quint64 drops() const { return m_drops; }
 
 private:
     constexpr CStackGauge() = default;
-    bool hasRoomOnceMeasured(quintptr here);
+    EWalk beginWalkFarBelow();
     void measure();
 
-    static quintptr position()
-    {
-#ifdef __GNUC__
-        return reinterpret_cast<quintptr>(__builtin_frame_address(0)); // a sanitizer may keep locals elsewhere
-#else
-        const char here = 0;
-        return reinterpret_cast<quintptr>(&here);
-#endif
-    }
+    static constexpr quintptr notMeasured = ~quintptr(0);
+    static constexpr quintptr unknown = notMeasured - 1;
 
-    quintptr m_lowest = 0; // where a delivery may begin; a stack grows downwards
-    int m_mostVisits = 0;  // 0 before the stack was measured
-    int m_visits = 0;
+    quintptr m_lowest = notMeasured; // where a walk may begin; a stack grows downwards
+    int m_countedWalks = 0;          // under way, one within the other, if the bounds are unknown
     quint64 m_drops = 0;
 
     static thread_local CStackGauge s_gauge;
