@@ -12,9 +12,9 @@ INodeService::INodeService(QObject* parent)
     : IService(parent)
     , m_registry(std::make_shared<CNodeDataModelRegistry>())
 {
-    // The signals carry scenes. Qt would register the pointer with the first spy on one of them, and could not take it
-    // back when the library is unloaded.
-    static const CMetaTypeRegistration<CNodeScene*> scenePointer("Plugin::Halvex::CNodeScene*");
+    // Spies look for the type by the name that the signals have it by. A type under its full name could stay behind in
+    // Qt's table, with functions of the unloaded library: Qt keeps what a host, too, has asked for by the class.
+    static const CMetaTypeRegistration<CNodeScene*> scenePointer("CNodeScene*");
 }
 
 INodeService::~INodeService() = default;

@@ -10,7 +10,7 @@
 #include "platform/IBaseInfo.h"
 #include "platform/IService.h"
 #include "scene/CNodeDataModelRegistry.h"
-#include "scene/CNodeScene.h" // whole: only then does moc register CNodeScene*, which the signals carry
+#include "scene/CNodeScene.h"
 
 #include <Halvex/HalvexExport.h>
 
