@@ -8,7 +8,6 @@
 #include "scene/CNodeScene.h"
 #include "scene/CSceneLoader_p.h"
 #include "service/CSceneImport_p.h"
-#include "service/LoggingCategory_p.h"
 
 #include <QThread>
 
@@ -19,12 +18,22 @@ namespace Plugin {
 namespace Halvex {
 namespace {
 
+/// "halvex.service": why the service gave up something that it was asked for.
+Q_LOGGING_CATEGORY(lcService, "halvex.service")
+
 /// Whether \a model is unique; nothing if it throws when it is asked.
 std::optional<bool> askIfUnique(ANodeDataModel& model)
 {
     std::optional<bool> answer;
     swallowExceptions(lcService, "Adding a node", [&] { answer = model.isUnique(); });
     return answer;
+}
+
+/// Compares nodes, not only ids: two scenes can hold nodes of one id, from the same document.
+bool holds(const CNodeScene& scene, const CNodeBase& node)
+{
+    const auto found = scene.nodes().find(node.id());
+    return found != scene.nodes().end() && found->second.get() == &node;
 }
 
 } // namespace
@@ -203,7 +212,7 @@ void CNodeService::onNodeCreated(CNodeBase& node)
     Q_ASSERT(!known.node); // a model has one node
     known.node = &node;
     // Not every node that goes is announced: a document replaces nodes silently.
-    connect(&node, &QObject::destroyed, this, [this, modelId](const QObject* gone) { forgetNode(modelId, gone); });
+    connect(&node, &QObject::destroyed, this, [this, modelId] { m_knownNodes.erase(modelId); });
 }
 
 void CNodeService::onNodeDeleted(CNodeBase& node)
@@ -217,15 +226,14 @@ void CNodeService::onNodeDeleted(CNodeBase& node)
 
 Core::CId CNodeService::idOfKnownModel(ANodeDataModel& model)
 {
-    const QPointer<CNodeBase> node = m_knownNodes.at(model.id()).node;
-    if (!node || !findSceneOf(*node))
+    const SKnownNode& known = m_knownNodes.at(model.id());
+    if (known.state == EKnownNode::BeingAdded || !findSceneOf(*known.node))
         return Core::CId();
+    const QPointer<CNodeBase> node = known.node;
     const QPointer<CNodeService> self(this);
     const Core::CId id = node->id();
-    const std::optional<bool> isUnique = askIfUnique(model);
-    if (!isUnique)
-        return Core::CId();
-    if (self && node && *isUnique)
+    const bool isUnique = askIfUnique(model).value_or(false);
+    if (self && node && isUnique)
         activateScene(findSceneOf(*node));
     return id;
 }
@@ -246,20 +254,13 @@ Core::CId CNodeService::placeInto(QPointer<CNodeScene> scene, std::unique_ptr<AN
     const auto known = m_knownNodes.find(modelId);
     if (known == m_knownNodes.end())
         return Core::CId(); // a handler has removed it
-    CNodeBase* const node = known->second.node;
+    const CNodeBase* const node = known->second.node;
     if (!node) {
-        m_knownNodes.erase(known);
+        m_knownNodes.erase(known); // it was not made
         return Core::CId();
     }
     known->second.state = EKnownNode::Added;
-    return findSceneOf(*node) ? node->id() : Core::CId();
-}
-
-void CNodeService::forgetNode(const Core::CId& modelId, const QObject* node)
-{
-    const auto known = m_knownNodes.find(modelId);
-    if (known != m_knownNodes.end() && known->second.node == node)
-        m_knownNodes.erase(known);
+    return scene && holds(*scene, *node) ? node->id() : Core::CId();
 }
 
 void CNodeService::removeNode(CNodeBase& node, bool removeLoneNodeScene)
@@ -306,13 +307,9 @@ bool CNodeService::importAll(const QStringList& documents)
 
 CNodeScene* CNodeService::findSceneOf(const CNodeBase& node) const
 {
-    // Compare nodes, not only ids: two scenes can hold nodes of one id, from the same document.
-    for (CNodeScene* scene : m_scenes) {
-        const auto found = scene->nodes().find(node.id());
-        if (found != scene->nodes().end() && found->second.get() == &node)
-            return scene;
-    }
-    return nullptr;
+    const auto found = std::find_if(m_scenes.cbegin(), m_scenes.cend(),
+                                    [&node](const CNodeScene* scene) { return holds(*scene, node); });
+    return found == m_scenes.cend() ? nullptr : *found;
 }
 
 QPointer<CNodeScene> CNodeService::addScene(const Core::AppCoreComponents::BaseInfoPtr& info)
@@ -347,27 +344,37 @@ void CNodeService::removeScene(CNodeScene& scene)
         return;
     m_leavingScenes.insert(&scene);
     takeTurn([this, leaving = QPointer<CNodeScene>(&scene)] {
-        if (!leaving || !emitGuarded([&] { Q_EMIT sceneRemoving(leaving); }))
+        if (leaving && !emitGuarded([&] { Q_EMIT sceneRemoving(leaving); }))
             return;
-        takeTurn([this, leaving] {
-            Q_ASSERT(!leaving || !leaving->isBeingDestroyed());
-            m_scenes.removeOne(leaving);
-            delete leaving.data();
-        });
+        takeTurn([this, leaving] { destroyScene(leaving); });
     });
+}
+
+void CNodeService::destroyScene(const QPointer<CNodeScene>& scene)
+{
+    Q_ASSERT(!scene || !scene->isBeingDestroyed());
+    const QPointer<CNodeService> self(this);
+    m_scenes.removeOne(scene);
+    delete scene.data();
+    if (self)
+        announceRemoval();
 }
 
 void CNodeService::onSceneDestroyed(CNodeScene* scene)
 {
-    // Of the scene there is only its address.
-    m_scenes.removeOne(scene);
-    m_leavingScenes.remove(scene);
+    m_scenes.removeOne(scene); // only its address
+    if (!m_leavingScenes.remove(scene))
+        announceRemoval();
+}
+
+void CNodeService::announceRemoval()
+{
     takeTurn([this] {
         if (!emitGuarded([this] { Q_EMIT sceneRemoved(); }))
             return;
         takeTurn([this] {
             const auto first = std::find_if(m_scenes.cbegin(), m_scenes.cend(),
-                                            [](const CNodeScene* left) { return !left->isBeingDestroyed(); });
+                                            [](const CNodeScene* scene) { return !scene->isBeingDestroyed(); });
             if (first != m_scenes.cend())
                 activateScene(*first);
         });

@@ -80,20 +80,20 @@ private:
 
     Core::CId idOfKnownModel(ANodeDataModel& model);
     Core::CId placeInto(QPointer<CNodeScene> scene, std::unique_ptr<ANodeDataModel> model);
-    void forgetNode(const Core::CId& modelId, const QObject* node);
     void removeNode(CNodeBase& node, bool removeLoneNodeScene);
     void removeSceneOfLoneSink(CNodeScene& scene);
     bool importAll(const QStringList& documents);
 
-    // Null for a node that was replaced, or removed while code stands in it: it is alive, but in no scene.
+    // Null if the node is in no scene: it lives on when it was replaced or removed while code stands in it.
     CNodeScene* findSceneOf(const CNodeBase& node) const;
     QPointer<CNodeScene> addScene(const Core::AppCoreComponents::BaseInfoPtr& info);
     void activateScene(CNodeScene* scene);
     void removeScene(CNodeScene& scene);
+    void destroyScene(const QPointer<CNodeScene>& scene);
     void onSceneDestroyed(CNodeScene* scene);
+    void announceRemoval(); // of a scene; then the first of the others is the active one
 
-    // Does \a work, which emits a signal of the service, when what was asked for before it is done. It may end the
-    // service.
+    // Does \a work, which emits a signal, when what was asked for before it is done. It may end the service.
     template <typename Work>
     void takeTurn(Work work);
 
