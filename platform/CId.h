@@ -18,7 +18,7 @@ namespace Core {
  *
  * \code
  * const Core::CId id = Core::CId::createId();
- * const Core::CId same(id.toString().toLatin1().constData());
+ * const Core::CId same(id.toString().toLocal8Bit().constData());
  * Q_ASSERT(same == id);
  * Q_ASSERT(Core::CId("no such id") == Core::CId());
  * \endcode

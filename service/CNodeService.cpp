@@ -5,7 +5,6 @@
 
 #include "graph/support/CDeferredQueue_p.h"
 #include "graph/support/Swallow_p.h"
-#include "scene/CNodeScene.h"
 #include "scene/CSceneLoader_p.h"
 #include "service/CSceneImport_p.h"
 
@@ -97,6 +96,7 @@ CNodeBase* CNodeService::findNodeByModel(ANodeDataModel* model)
     if (known == m_knownNodes.end() || known->second.state != EKnownNode::Added)
         return nullptr;
     CNodeBase* const node = known->second.node;
+    Q_ASSERT(node);
     return findSceneOf(*node) ? node : nullptr;
 }
 

@@ -66,7 +66,8 @@ public:
     explicit INodeService(QObject* parent);
     ~INodeService() override;
 
-    /// The catalogue that all scenes of the service share: register models of your own here.
+    /// The catalogue that all scenes of the service share: register models of your own here. It is released last:
+    /// nothing that its creators hold may call the service when it goes.
     std::shared_ptr<CNodeDataModelRegistry> registry() const { return m_registry; }
 
     /// Makes a node of \a model; returns its id, or no id.
@@ -125,11 +126,10 @@ public:
 
     virtual QPointer<CNodeScene> getActiveScene() = 0;
 
-    /// Makes a scene of the service the active one, and tells so even if it was. Other scenes and null are ignored.
+    /// Makes a scene of the service the active one; emits activeSceneChanged() even if it was. Ignores others and null.
     virtual void setActiveScene(QPointer<CNodeScene> scene) = 0;
 
-    /// The first scene with that very information object (scenes made without one, if \a info is null); null if there
-    /// is none.
+    /// The first scene with that very information object, or without one if \a info is null; null if there is none.
     virtual CNodeScene* findSceneByInfo(Core::AppCoreComponents::BaseInfoPtr info) = 0;
 
 Q_SIGNALS:
