@@ -89,9 +89,7 @@ target_sources(Halvex PRIVATE
   service/CSceneImport.cpp
   service/CSceneImport_p.h
   service/CVeltraGrabResultData.cpp
-  service/INodeService.cpp
-  service/LoggingCategory.cpp
-  service/LoggingCategory_p.h)
+  service/INodeService.cpp)
 
 # The umbrella header is made from the same list that is installed, so that it misses no class.
 set(HALVEX_INCLUDES "")

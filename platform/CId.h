@@ -8,13 +8,8 @@
 #include <QString>
 #include <QUuid>
 
-#include <atomic>
 #include <cstring>
 #include <functional>
-
-#ifdef Q_OS_UNIX
-#include <pthread.h>
-#endif
 
 namespace Core {
 
@@ -23,7 +18,7 @@ namespace Core {
  *
  * \code
  * const Core::CId id = Core::CId::createId();
- * const Core::CId same(id.toString().toLatin1().constData());
+ * const Core::CId same(id.toString().toLocal8Bit().constData());
  * Q_ASSERT(same == id);
  * Q_ASSERT(Core::CId("no such id") == Core::CId());
  * \endcode
@@ -45,22 +40,19 @@ public:
     {
     }
 
-    /// A fresh identifier, different from every other one: a UUID of version 4, with random bits but for its hash,
-    /// which follows that of the one made before it in this process.
+    /// A fresh identifier, different from every other one: a random UUID, version 4.
     static CId createId()
     {
         // Not QUuid::createUuid(): it asks the system's source each time, which takes longer than all else that making
-        // a node does. This generator was seeded from there, with all of its state, and is safe to use in any thread.
+        // a node does.
+        thread_local QRandomGenerator generator = QRandomGenerator::securelySeeded();
         quint32 random[4];
-        QRandomGenerator::global()->fillRange(random);
+        generator.fillRange(random);
         QUuid uuid;
         static_assert(sizeof(random) == sizeof(uuid), "a UUID is its 128 bits");
         std::memcpy(&uuid, random, sizeof(uuid));
         uuid.data3 = ushort((uuid.data3 & 0x0fff) | 0x4000);
         uuid.data4[0] = uchar((uuid.data4[0] & 0x3f) | 0x80);
-        // What was made together then lies together in tables too. With random hashes, a table that is larger than the
-        // processor's caches waits for memory at each look-up.
-        uuid.data1 ^= qHash(uuid, 0) ^ nextHash();
         return CId(uuid);
     }
 
@@ -75,19 +67,6 @@ private:
     explicit CId(const QUuid& uuid)
         : m_uuid(uuid)
     {
-    }
-
-    // It begins anywhere, so that identifiers of other processes, in documents, have other hashes.
-    static uint nextHash()
-    {
-        static std::atomic<uint> next{QRandomGenerator::system()->generate()};
-#ifdef Q_OS_UNIX
-        // A forked process has its parent's generator, and would make the same identifiers.
-        static const int isKnown =
-            pthread_atfork(nullptr, nullptr, [] { next = QRandomGenerator::system()->generate(); });
-        Q_UNUSED(isKnown)
-#endif
-        return next.fetch_add(1, std::memory_order_relaxed);
     }
 
     // QUuid's own reader ignores what follows the last digit; an identifier with a tail is no id.

@@ -11,7 +11,8 @@ namespace Core {
 namespace Service {
 
 /**
- * Where plugins publish their services; the host implements it.
+ * Where plugins publish their services; the host implements it. Plugins need no more of it than to register and to
+ * unregister; that services can be looked up is up to the host.
  *
  * The manager shares ownership of a service from registerService() until unregisterService(). All operations
  * are called from the host's main thread.
@@ -25,8 +26,12 @@ public:
     virtual void unregisterService(const QSharedPointer<IService>& service) = 0;
 
     /// The first of the registered services that inherits the class of that name, "Plugin::Halvex::INodeService" for
-    /// example; null if there is none.
-    virtual QSharedPointer<IService> findService(const char* className) const = 0;
+    /// example; null if there is none, and in a host that does not override this.
+    virtual QSharedPointer<IService> findService(const char* className) const
+    {
+        Q_UNUSED(className)
+        return {};
+    }
 };
 
 } // namespace Service

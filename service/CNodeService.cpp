@@ -3,31 +3,43 @@
 
 #include "service/CNodeService.h"
 
+#include "graph/support/CDeferredQueue_p.h"
 #include "graph/support/Swallow_p.h"
-#include "scene/CNodeScene.h"
 #include "scene/CSceneLoader_p.h"
 #include "service/CSceneImport_p.h"
-#include "service/LoggingCategory_p.h"
+
+#include <QThread>
 
 #include <algorithm>
+#include <optional>
 
 namespace Plugin {
 namespace Halvex {
 namespace {
 
-/// The node that has \a model, which may be gone; null if there is none.
-CNodeBase* nodeOf(const CNodeScene& scene, const ANodeDataModel* model)
+/// "halvex.service": why the service gave up something that it was asked for.
+Q_LOGGING_CATEGORY(lcService, "halvex.service")
+
+/// Whether \a model is unique; nothing if it throws when it is asked.
+std::optional<bool> askIfUnique(ANodeDataModel& model)
 {
-    const auto& nodes = scene.nodes();
-    const auto found = std::find_if(nodes.begin(), nodes.end(),
-                                    [model](const auto& entry) { return entry.second->nodeDataModel() == model; });
-    return found == nodes.end() ? nullptr : found->second.get();
+    std::optional<bool> answer;
+    swallowExceptions(lcService, "Adding a node", [&] { answer = model.isUnique(); });
+    return answer;
+}
+
+/// Compares nodes, not only ids: two scenes can hold nodes of one id, from the same document.
+bool holds(const CNodeScene& scene, const CNodeBase& node)
+{
+    const auto found = scene.nodes().find(node.id());
+    return found != scene.nodes().end() && found->second.get() == &node;
 }
 
 } // namespace
 
 CNodeService::CNodeService(QObject* parent)
     : INodeService(parent)
+    , m_turns(std::make_unique<CDeferredQueue>())
 {
 }
 
@@ -39,15 +51,31 @@ CNodeService::~CNodeService()
         if (!scene->isBeingDestroyed())
             delete scene;
     }
-    releaseRegistry();
 }
 
 Core::CId CNodeService::addNode(std::unique_ptr<ANodeDataModel> model, Core::AppCoreComponents::BaseInfoPtr info)
 {
-    // Nothing is read of an id whose making threw: g++ 12 makes it in place when it optimizes.
-    Core::CId id;
-    const bool isDone = swallowExceptions(lcService, "Adding a node", [&] { id = placeNode(std::move(model), info); });
-    return isDone ? id : Core::CId();
+    if (!model || m_isClosing)
+        return Core::CId();
+    // A host hands in its unique source again to make its scene the active one; the source's node owns it.
+    if (m_knownNodes.count(model->id()) != 0)
+        return idOfKnownModel(*model.release());
+
+    const QPointer<CNodeService> self(this);
+    const std::optional<bool> isUnique = askIfUnique(*model);
+    if (!self || !isUnique)
+        return Core::CId();
+    if (!*isUnique)
+        return placeInto(m_activeScene, std::move(model));
+    if (model->getType() != ENodeDataModelType::Source) {
+        activateScene(nullptr);
+        return Core::CId();
+    }
+
+    const QPointer<CNodeScene> scene = addScene(info);
+    if (self && scene)
+        activateScene(scene);
+    return self ? placeInto(scene, std::move(model)) : Core::CId();
 }
 
 CNodeBase* CNodeService::findNode(Core::CId nodeId)
@@ -65,7 +93,11 @@ CNodeBase* CNodeService::findNodeByModel(ANodeDataModel* model)
     if (!model)
         return nullptr;
     const auto known = m_knownNodes.find(model->id());
-    return known != m_knownNodes.end() && !known->second.isFromDocument ? knownNode(*model) : nullptr;
+    if (known == m_knownNodes.end() || known->second.state != EKnownNode::Added)
+        return nullptr;
+    CNodeBase* const node = known->second.node;
+    Q_ASSERT(node);
+    return findSceneOf(*node) ? node : nullptr;
 }
 
 void CNodeService::removeNode(Core::CId nodeId, bool removeLoneNodeScene)
@@ -87,7 +119,7 @@ void CNodeService::removeSceneOfNode(Core::CId nodeId)
 
 void CNodeService::removeSceneOfNode(CNodeBase* node)
 {
-    if (CNodeScene* const scene = node ? sceneOf(*node) : nullptr)
+    if (CNodeScene* const scene = node ? findSceneOf(*node) : nullptr)
         removeScene(*scene);
 }
 
@@ -96,7 +128,7 @@ Core::CId CNodeService::connectModels(ANodeDataModel* first, NodePortIndex first
 {
     CNodeBase* const in = findNodeByModel(first);
     CNodeBase* const out = findNodeByModel(second);
-    const QPointer<CNodeScene> scene = in && out ? sceneOf(*in) : nullptr;
+    const QPointer<CNodeScene> scene = in && out ? findSceneOf(*in) : nullptr;
     Core::CId id;
     swallowExceptions(lcService, "Connecting two models", [&] {
         const auto connection =
@@ -121,14 +153,14 @@ bool CNodeService::importStoredDocuments()
 
 void CNodeService::addStoredDocument(const QString& document)
 {
-    swallowExceptions(lcService, "Keeping a document", [&] { m_storedDocuments.append(document); });
+    m_storedDocuments.append(document);
 }
 
 std::unique_ptr<ANodeDataModel> CNodeService::createModel(const QString& modelName)
 {
     std::unique_ptr<ANodeDataModel> named;
     swallowExceptions(lcService, "Making a model", [&, registry = registry()] {
-        std::unique_ptr<CNodeDataModel> model = registry ? registry->create(modelName) : nullptr;
+        std::unique_ptr<CNodeDataModel> model = registry->create(modelName);
         named.reset(qobject_cast<ANodeDataModel*>(model.get()));
         if (named)
             static_cast<void>(model.release());
@@ -139,10 +171,7 @@ std::unique_ptr<ANodeDataModel> CNodeService::createModel(const QString& modelNa
 void CNodeService::registerTypeConverter(const std::pair<SNodeDataType, SNodeDataType>& fromTo,
                                          NodeDataConverter converter)
 {
-    swallowExceptions(lcService, "Registering a converter", [&] {
-        if (const auto shared = registry())
-            shared->registerTypeConverter(fromTo, std::move(converter));
-    });
+    registry()->registerTypeConverter(fromTo, std::move(converter));
 }
 
 QPointer<CNodeScene> CNodeService::getActiveScene()
@@ -153,7 +182,7 @@ QPointer<CNodeScene> CNodeService::getActiveScene()
 void CNodeService::setActiveScene(QPointer<CNodeScene> scene)
 {
     if (scene && m_scenes.contains(scene) && !scene->isBeingDestroyed())
-        activate(scene);
+        activateScene(scene);
 }
 
 CNodeScene* CNodeService::findSceneByInfo(Core::AppCoreComponents::BaseInfoPtr info)
@@ -167,7 +196,7 @@ QVector<CNodeBase*> CNodeService::documentNodes() const
 {
     QVector<CNodeBase*> nodes;
     for (const auto& entry : m_knownNodes) {
-        if (entry.second.isFromDocument && !entry.second.isLeaving)
+        if (entry.second.state == EKnownNode::InDocument)
             nodes.append(entry.second.node);
     }
     return nodes;
@@ -176,52 +205,36 @@ QVector<CNodeBase*> CNodeService::documentNodes() const
 void CNodeService::onNodeCreated(CNodeBase& node)
 {
     const auto* const model = qobject_cast<ANodeDataModel*>(node.nodeDataModel());
-    if (model && m_knownNodes.count(model->id()) == 0)
-        know(model->id(), node, true);
+    if (!model)
+        return;
+    const Core::CId modelId = model->id();
+    SKnownNode& known = m_knownNodes.insert({modelId, {EKnownNode::InDocument, nullptr}}).first->second;
+    Q_ASSERT(!known.node); // a model has one node
+    known.node = &node;
+    // Not every node that goes is announced: a document replaces nodes silently.
+    connect(&node, &QObject::destroyed, this, [this, modelId] { m_knownNodes.erase(modelId); });
 }
 
 void CNodeService::onNodeDeleted(CNodeBase& node)
 {
-    // A node of addNode() can be found by its model until it is gone: a handler may still keep it from going.
+    // A node of addNode() is found by its model until it is gone: a handler that throws keeps it.
     const auto* const model = qobject_cast<ANodeDataModel*>(node.nodeDataModel());
     const auto known = model ? m_knownNodes.find(model->id()) : m_knownNodes.end();
-    if (known != m_knownNodes.end())
-        known->second.isLeaving = true;
+    if (known != m_knownNodes.end() && known->second.state == EKnownNode::InDocument)
+        known->second.state = EKnownNode::LeftDocument;
 }
 
-Core::CId CNodeService::placeNode(std::unique_ptr<ANodeDataModel> model,
-                                  const Core::AppCoreComponents::BaseInfoPtr& info)
+Core::CId CNodeService::idOfKnownModel(ANodeDataModel& model)
 {
-    if (!model || m_isClosing)
+    const SKnownNode& known = m_knownNodes.at(model.id());
+    if (known.state == EKnownNode::BeingAdded || !findSceneOf(*known.node))
         return Core::CId();
-    const QPointer<CNodeService> self(this);
-    if (m_knownNodes.count(model->id()) != 0)
-        return returnTo(*model.release());
-    if (!model->isUnique())
-        return self ? placeInto(m_activeScene, std::move(model)) : Core::CId();
-    if (!self)
-        return Core::CId();
-    if (model->getType() != ENodeDataModelType::Source) {
-        activate(nullptr);
-        return Core::CId();
-    }
-
-    const QPointer<CNodeScene> scene = addScene(info);
-    if (self && scene)
-        activate(scene);
-    return self ? placeInto(scene, std::move(model)) : Core::CId();
-}
-
-Core::CId CNodeService::returnTo(ANodeDataModel& model)
-{
-    const QPointer<CNodeBase> node = knownNode(model);
-    if (!node)
-        return Core::CId();
+    const QPointer<CNodeBase> node = known.node;
     const QPointer<CNodeService> self(this);
     const Core::CId id = node->id();
-    const bool isUnique = model.isUnique();
+    const bool isUnique = askIfUnique(model).value_or(false);
     if (self && node && isUnique)
-        activate(sceneOf(*node));
+        activateScene(findSceneOf(*node));
     return id;
 }
 
@@ -230,72 +243,32 @@ Core::CId CNodeService::placeInto(QPointer<CNodeScene> scene, std::unique_ptr<AN
     if (!scene)
         return Core::CId();
     const QPointer<CNodeService> self(this);
-    const ANodeDataModel* const placed = model.get();
-    const Core::CId modelId = placed->id();
-    m_knownNodes[modelId] = SKnownNode(); // or onNodeCreated() would take the node for one from a document
-
-    CNodeBase* node = nullptr;
-    const bool isToldToAll =
-        swallowExceptions(lcService, "Adding a node", [&] { node = &scene->createNode(std::move(model)); });
+    const Core::CId modelId = model->id();
+    // onNodeCreated() fills in the node, and does not take it for one from a document.
+    m_knownNodes[modelId] = {EKnownNode::BeingAdded, nullptr};
+    // A node that was announced stays, whatever a handler throws.
+    swallowExceptions(lcService, "Adding a node", [&] { scene->createNode(std::move(model)); });
     if (!self)
         return Core::CId();
-    // What a handler threw does not take back the node.
-    if (!isToldToAll && scene)
-        node = nodeOf(*scene, placed);
-    if (!node || node == &CNodeScene::noNode()) {
-        m_knownNodes.erase(modelId);
-        return Core::CId();
-    }
-    if (!swallowExceptions(lcService, "Adding a node", [&] { know(modelId, *node, false); })) {
-        // A node that its model does not lead to would be given the same model once more.
-        m_knownNodes.erase(modelId);
-        removeNode(*node, false);
-        return Core::CId();
-    }
-    return node->id();
-}
 
-CNodeBase* CNodeService::knownNode(const ANodeDataModel& model) const
-{
-    // A node that was replaced, or waits for a walk to leave it, is alive but in no scene.
-    const auto known = m_knownNodes.find(model.id());
-    CNodeBase* const node = known == m_knownNodes.end() ? nullptr : known->second.node;
-    return node && sceneOf(*node) ? node : nullptr;
-}
-
-void CNodeService::know(const Core::CId& modelId, CNodeBase& node, bool isFromDocument)
-{
-    // Not every node that goes is announced: a document replaces nodes silently.
-    connect(&node, &QObject::destroyed, this, [this, modelId](const QObject* gone) { forget(modelId, gone); });
-    m_knownNodes[modelId] = {&node, isFromDocument, false};
-}
-
-void CNodeService::forget(const Core::CId& modelId, const QObject* node)
-{
     const auto known = m_knownNodes.find(modelId);
-    if (known != m_knownNodes.end() && known->second.node == node)
-        m_knownNodes.erase(known);
-}
-
-CNodeScene* CNodeService::sceneOf(const CNodeBase& node) const
-{
-    // The node itself and not only its id: scenes may hold nodes of one id, from the same document.
-    for (CNodeScene* scene : m_scenes) {
-        const auto found = scene->nodes().find(node.id());
-        if (found != scene->nodes().end() && found->second.get() == &node)
-            return scene;
+    if (known == m_knownNodes.end())
+        return Core::CId(); // a handler has removed it
+    const CNodeBase* const node = known->second.node;
+    if (!node) {
+        m_knownNodes.erase(known); // it was not made
+        return Core::CId();
     }
-    return nullptr;
+    known->second.state = EKnownNode::Added;
+    return scene && holds(*scene, *node) ? node->id() : Core::CId();
 }
 
 void CNodeService::removeNode(CNodeBase& node, bool removeLoneNodeScene)
 {
-    const QPointer<CNodeScene> scene = sceneOf(node);
+    const QPointer<CNodeScene> scene = findSceneOf(node);
+    Q_ASSERT(scene);
     const QPointer<CNodeService> self(this);
-    const bool isRemoved = swallowExceptions(lcService, "Removing a node", [&] {
-        if (scene)
-            scene->removeNode(node);
-    });
+    const bool isRemoved = swallowExceptions(lcService, "Removing a node", [&] { scene->removeNode(node); });
     if (self && scene && isRemoved && removeLoneNodeScene)
         removeSceneOfLoneSink(*scene);
 }
@@ -321,34 +294,47 @@ bool CNodeService::importAll(const QStringList& documents)
     const QPointer<CNodeScene> scene = m_activeScene;
     if (!scene)
         return false;
-    bool isWhole = false;
-    swallowExceptions(lcService, "An import", [&] {
+    // Models that are asked, and handlers, may destroy the scene.
+    const bool isDone = swallowExceptions(lcService, "An import", [&] {
         CSceneImport import(*scene);
         for (const QString& document : documents)
             import.addDocument(document);
-        // Models that are asked, and handlers, may destroy the scene.
         if (scene)
             CSceneLoader::load(*scene, import.sceneDocument());
-        isWhole = !scene.isNull();
     });
-    return isWhole;
+    return isDone && scene;
+}
+
+CNodeScene* CNodeService::findSceneOf(const CNodeBase& node) const
+{
+    const auto found = std::find_if(m_scenes.cbegin(), m_scenes.cend(),
+                                    [&node](const CNodeScene* scene) { return holds(*scene, node); });
+    return found == m_scenes.cend() ? nullptr : *found;
 }
 
 QPointer<CNodeScene> CNodeService::addScene(const Core::AppCoreComponents::BaseInfoPtr& info)
 {
-    auto made = std::make_unique<CNodeScene>(info, nullptr);
-    const QPointer<CNodeScene> scene = made.get();
-    connect(scene, &CNodeScene::nodeCreated, this, &CNodeService::onNodeCreated);
-    connect(scene, &CNodeScene::nodeDeleted, this, &CNodeService::onNodeDeleted);
-    connect(scene, &QObject::destroyed, this, [this, address = made.get()] { onSceneDestroyed(address); });
-    m_scenes.append(made.get());
-    static_cast<void>(made.release());
-    scene->setRegistry(registry());
+    auto* const made = new CNodeScene(info, nullptr);
+    const QPointer<CNodeScene> scene(made);
+    connect(made, &CNodeScene::nodeCreated, this, &CNodeService::onNodeCreated);
+    connect(made, &CNodeScene::nodeDeleted, this, &CNodeService::onNodeDeleted);
+    connect(made, &QObject::destroyed, this, [this, made] { onSceneDestroyed(made); });
+    m_scenes.append(made);
+    made->setRegistry(registry());
     takeTurn([this, scene] {
         if (scene)
-            tell([&] { Q_EMIT sceneAdded(scene); });
+            emitGuarded([&] { Q_EMIT sceneAdded(scene); });
     });
     return scene;
+}
+
+void CNodeService::activateScene(CNodeScene* scene)
+{
+    m_activeScene = scene;
+    takeTurn([this, active = m_activeScene, isNone = !scene] {
+        if (active || isNone)
+            emitGuarded([&] { Q_EMIT activeSceneChanged(active); });
+    });
 }
 
 void CNodeService::removeScene(CNodeScene& scene)
@@ -356,88 +342,55 @@ void CNodeService::removeScene(CNodeScene& scene)
     // One that the host is destroying goes by itself, and onSceneDestroyed() tells of it.
     if (scene.isBeingDestroyed() || m_leavingScenes.contains(&scene))
         return;
-    const bool isMarked = swallowExceptions(lcService, "Removing a scene", [&] { m_leavingScenes.insert(&scene); });
-    const bool isPlanned = isMarked && queueTurn([this, leaving = QPointer<CNodeScene>(&scene)] {
-                               if (leaving && !tell([&] { Q_EMIT sceneRemoving(leaving); }))
-                                   return;
-                               if (!queueTurn([this, leaving] { destroyScene(leaving); }))
-                                   m_leavingScenes.remove(leaving); // it stays, and can be removed later
-                           });
-    if (!isPlanned)
-        m_leavingScenes.remove(&scene);
-    takeTurns();
+    m_leavingScenes.insert(&scene);
+    takeTurn([this, leaving = QPointer<CNodeScene>(&scene)] {
+        if (leaving && !emitGuarded([&] { Q_EMIT sceneRemoving(leaving); }))
+            return;
+        takeTurn([this, leaving] { destroyScene(leaving); });
+    });
 }
 
 void CNodeService::destroyScene(const QPointer<CNodeScene>& scene)
 {
+    Q_ASSERT(!scene || !scene->isBeingDestroyed());
     const QPointer<CNodeService> self(this);
     m_scenes.removeOne(scene);
     delete scene.data();
     if (self)
-        tellRemoved();
+        announceRemoval();
 }
 
 void CNodeService::onSceneDestroyed(CNodeScene* scene)
 {
     m_scenes.removeOne(scene); // only its address
     if (!m_leavingScenes.remove(scene))
-        tellRemoved();
+        announceRemoval();
 }
 
-void CNodeService::tellRemoved()
+void CNodeService::announceRemoval()
 {
     takeTurn([this] {
-        if (!tell([this] { Q_EMIT sceneRemoved(); }))
+        if (!emitGuarded([this] { Q_EMIT sceneRemoved(); }))
             return;
         takeTurn([this] {
             const auto first = std::find_if(m_scenes.cbegin(), m_scenes.cend(),
                                             [](const CNodeScene* scene) { return !scene->isBeingDestroyed(); });
             if (first != m_scenes.cend())
-                activate(*first);
+                activateScene(*first);
         });
     });
 }
 
-void CNodeService::activate(CNodeScene* scene)
+template <typename Work>
+void CNodeService::takeTurn(Work work)
 {
-    m_activeScene = scene;
-    takeTurn([this, active = m_activeScene, isNone = !scene] {
-        if (active || isNone)
-            tell([&] { Q_EMIT activeSceneChanged(active); });
-    });
+    Q_ASSERT(QThread::currentThread() == thread());
+    if (!m_isClosing)
+        m_turns->defer(std::move(work));
 }
 
-template <typename Turn>
-void CNodeService::takeTurn(Turn turn)
-{
-    queueTurn(std::move(turn));
-    takeTurns();
-}
-
-template <typename Turn>
-bool CNodeService::queueTurn(Turn turn)
-{
-    return !m_isClosing && swallowExceptions(lcService, "Putting off a turn of the node service",
-                                             [&] { m_turns.emplace_back(std::move(turn)); });
-}
-
-void CNodeService::takeTurns()
-{
-    if (m_isTelling || m_isClosing)
-        return;
-
-    const QPointer<CNodeService> self(this);
-    m_isTelling = true;
-    while (self && !m_turns.empty()) {
-        const std::function<void()> next = std::move(m_turns.front());
-        m_turns.pop_front();
-        swallowExceptions(lcService, "A turn of the node service", next); // memory may be short
-    }
-    if (self)
-        m_isTelling = false;
-}
-
-bool CNodeService::tell(const std::function<void()>& signal)
+template <typename Signal>
+bool CNodeService::emitGuarded(const Signal& signal)
 {
     const QPointer<CNodeService> self(this);
     swallowExceptions(lcService, "A handler of the node service's signals", signal);

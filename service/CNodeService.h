@@ -10,18 +10,18 @@
 #include <QStringList>
 #include <QVector>
 
-#include <deque>
-#include <functional>
+#include <memory>
 #include <unordered_map>
 
 namespace Plugin {
 namespace Halvex {
 
+class CDeferredQueue;
+
 /**
  * The node service. Hosts use it through INodeService, which says what each operation does.
  *
- * Costs: finding a node, its scene or its model takes a look into each scene's table at most, however many nodes there
- * are.
+ * Costs: finding a node or its scene takes at most one look-up in each scene's table, however many nodes there are.
  */
 class HALVEX_EXPORT CNodeService : public INodeService
 {
@@ -55,8 +55,8 @@ public:
     /// In the order of their creation.
     QList<CNodeScene*> scenes() const { return m_scenes; }
 
-    /// The nodes that scenes of the service made by themselves, from a document for example, in no particular order. A
-    /// node whose removal was announced is not among them any more, even if a handler's exception keeps it.
+    /// The nodes that scenes made by themselves, from a document for example, in no particular order. A node is taken
+    /// off when its removal is announced, and stays off even if a handler throws then, which keeps the node.
     QVector<CNodeBase*> documentNodes() const;
 
 private Q_SLOTS:
@@ -64,53 +64,50 @@ private Q_SLOTS:
     void onNodeDeleted(CNodeBase& node);
 
 private:
-    /// A node whose model has an identity.
+    enum class EKnownNode
+    {
+        BeingAdded,  ///< By addNode(), which has not returned yet.
+        Added,       ///< By addNode().
+        InDocument,  ///< Made by a scene: one of documentNodes().
+        LeftDocument ///< The same, after its removal was announced.
+    };
+    /// A node whose model has an identity, until it is destroyed.
     struct SKnownNode
     {
-        CNodeBase* node = nullptr; ///< Null while addNode() makes it.
-        bool isFromDocument = false;
-        bool isLeaving = false; ///< Its removal was announced: no document node any more, yet known until it is gone.
+        EKnownNode state;
+        CNodeBase* node; ///< Null until the scene announces it.
     };
 
-    Core::CId placeNode(std::unique_ptr<ANodeDataModel> model, const Core::AppCoreComponents::BaseInfoPtr& info);
-    // \a model belongs to a node already, whoever believes to own it: that is how the same unique source comes again.
-    Core::CId returnTo(ANodeDataModel& model);
+    Core::CId idOfKnownModel(ANodeDataModel& model);
     Core::CId placeInto(QPointer<CNodeScene> scene, std::unique_ptr<ANodeDataModel> model);
-    CNodeBase* knownNode(const ANodeDataModel& model) const;
-    void know(const Core::CId& modelId, CNodeBase& node, bool isFromDocument);
-    void forget(const Core::CId& modelId, const QObject* node);
-
-    CNodeScene* sceneOf(const CNodeBase& node) const;
     void removeNode(CNodeBase& node, bool removeLoneNodeScene);
     void removeSceneOfLoneSink(CNodeScene& scene);
     bool importAll(const QStringList& documents);
 
+    // Null if the node is in no scene: it lives on when it was replaced or removed while code stands in it.
+    CNodeScene* findSceneOf(const CNodeBase& node) const;
     QPointer<CNodeScene> addScene(const Core::AppCoreComponents::BaseInfoPtr& info);
-    void activate(CNodeScene* scene);
+    void activateScene(CNodeScene* scene);
     void removeScene(CNodeScene& scene);
     void destroyScene(const QPointer<CNodeScene>& scene);
     void onSceneDestroyed(CNodeScene* scene);
-    void tellRemoved();
+    void announceRemoval(); // of a scene; then the first of the others is the active one
 
-    // One thing after the other: a turn that is asked for while another one lasts comes when those before it are over.
-    // Each may end the service. A turn for which there is no memory is reported and left out.
-    template <typename Turn>
-    void takeTurn(Turn turn);
-    template <typename Turn>
-    bool queueTurn(Turn turn);
-    void takeTurns();
+    // Does \a work, which emits a signal, when what was asked for before it is done. It may end the service.
+    template <typename Work>
+    void takeTurn(Work work);
 
-    // Emits a signal. Returns false when a handler has destroyed the service.
-    bool tell(const std::function<void()>& signal);
+    // Emits a signal, and reports what its handlers throw. Returns false when a handler has destroyed the service.
+    template <typename Signal>
+    bool emitGuarded(const Signal& signal);
 
     QPointer<CNodeScene> m_activeScene;
     QList<CNodeScene*> m_scenes;
     std::unordered_map<Core::CId, SKnownNode> m_knownNodes; // by their models' ids
     QStringList m_storedDocuments;
-    QSet<CNodeScene*> m_leavingScenes;         // their removal has been asked for
-    std::deque<std::function<void()>> m_turns; // that are to come
-    bool m_isTelling = false;                  // one lasts
-    bool m_isClosing = false;                  // in the destructor
+    QSet<CNodeScene*> m_leavingScenes; // their removal has been asked for
+    std::unique_ptr<CDeferredQueue> m_turns;
+    bool m_isClosing = false; // in the destructor
 };
 
 } // namespace Halvex

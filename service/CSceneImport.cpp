@@ -25,6 +25,7 @@ QJsonObject referenceTo(const CNodeBase& node)
 {
     const CNodeVisit visit(node);
     auto* const model = qobject_cast<ANodeDataModel*>(node.nodeDataModel());
+    Q_ASSERT(model);
     const QString name = model->name();
     if (visit.isOver())
         return {};

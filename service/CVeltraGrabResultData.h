@@ -15,13 +15,11 @@ namespace Halvex {
  * One grab result of a camera on its way through the graph.
  *
  * \code
- * entry->setData(QSharedPointer<CVeltraGrabResultData>::create(grabbed));
+ * const CNodeDataEntry entry = camera.dataEntry();
+ * entry.setData(QSharedPointer<CVeltraGrabResultData>::create(grabResult)); // in the thread that grabs
  *
- * void CMyModel::setInData(CNodeDataPtr data, NodePortIndex)
- * {
- *     if (const auto frame = data.dynamicCast<CVeltraGrabResultData>())
- *         show(frame->grabResult());
- * }
+ * if (const auto frame = data.dynamicCast<CVeltraGrabResultData>()) // in the setInData() of a model
+ *     show(frame->grabResult());
  * \endcode
  *
  * Type: id "Veltra Grab Result", name "VGR". Shares the frame, copies no pixels. A subclass may carry more along with

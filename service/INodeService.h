@@ -10,7 +10,7 @@
 #include "platform/IBaseInfo.h"
 #include "platform/IService.h"
 #include "scene/CNodeDataModelRegistry.h"
-#include "scene/CNodeScene.h" // moc takes CNodeScene* for a type to register only where it sees the class
+#include "scene/CNodeScene.h"
 
 #include <Halvex/HalvexExport.h>
 
@@ -47,10 +47,10 @@ namespace Halvex {
  * Ownership: the service owns its scenes, and through them nodes and models. What it hands out is a plain pointer that
  * lives as long as the node or scene; listen to the scene's signals, or keep a QPointer.
  *
- * Signals are told in the order in which things happened, each to every handler before the next one. Handlers may call
- * any operation and destroy the service. What they change is changed at once and told when its turn has come; only the
- * removal of a scene waits for its turn altogether, since handlers that have not been called yet still look at it. A
- * handler that runs an event loop of its own holds up all of that until it returns.
+ * Signals come in the order in which things happened, and every handler hears one before any hears the next. Handlers
+ * may call any operation and destroy the service. What they ask for is done at once, and its signals come in their
+ * turn. Only the removal of a scene is put off as a whole, until its turn: handlers that have not been called yet may
+ * look at the scene. A handler that runs an event loop of its own holds all of this up until it returns.
  *
  * Errors: no operation throws. Null pointers, unknown ids and requests that cannot be met give empty results. What
  * models and handlers throw ends the work it came from and is reported in "halvex.service".
@@ -66,8 +66,8 @@ public:
     explicit INodeService(QObject* parent);
     ~INodeService() override;
 
-    /// The catalogue that all scenes of the service share: register models of your own here. Null only while the
-    /// service is being destroyed.
+    /// The catalogue that all scenes of the service share: register models of your own here. It is released last:
+    /// nothing that its creators hold may call the service when it goes.
     std::shared_ptr<CNodeDataModelRegistry> registry() const { return m_registry; }
 
     /// Makes a node of \a model; returns its id, or no id.
@@ -75,28 +75,26 @@ public:
     /// that is not unique goes to the active scene; without one nothing is made.
     /// A model that a node of the service owns already stays where it is, whoever believes to own it: the node's id is
     /// returned. If it is unique, its scene becomes the active one.
-    /// A unique model of another kind than source is never placed: no scene is active then.
+    /// A unique model of another kind is never placed: it is destroyed, and no scene is active then.
     virtual Core::CId addNode(std::unique_ptr<ANodeDataModel> model, Core::AppCoreComponents::BaseInfoPtr info) = 0;
 
     /// The node with that id; null if no scene has one. The first, if two scenes have one from the same document.
     virtual CNodeBase* findNode(Core::CId nodeId) = 0;
 
-    /// The node that addNode() made of \a model, which must exist, since it is asked for its identity; null if it made
-    /// none, the node is gone, or addNode() has not returned yet.
+    /// The node that addNode() made of \a model; null if it made none, the node is gone, or addNode() has not returned
+    /// yet. \a model is null or a model that exists: it is asked for its id.
     virtual CNodeBase* findNodeByModel(ANodeDataModel* model) = 0;
 
     /// Removes the node. With \a removeLoneNodeScene, if its scene then has one node left and that one is a sink, the
     /// sink and the scene are removed as well.
     virtual void removeNode(Core::CId nodeId, bool removeLoneNodeScene) = 0;
 
-    /// The same with the node that addNode() made of \a model. The pointer is read once and left as it is: it dangles
-    /// afterwards.
+    /// The same with the node that addNode() made of \a model. The pointer is left as it is, and dangles afterwards.
     virtual void removeNodeByModel(ANodeDataModel*& model, bool removeLoneNodeScene) = 0;
 
     /// Removes the scene that holds the node, and everything in it: sceneRemoving(), the scene's own signals,
     /// sceneRemoved(), and, if there is a scene left, activeSceneChanged() with the first one, which is the active one
-    /// from then on. While the service tells of something, that is, in its handlers and what they call, all that comes
-    /// later, in its turn.
+    /// from then on. In a handler of the service's signals, and in what it calls, all that comes later, in its turn.
     virtual void removeSceneOfNode(Core::CId nodeId) = 0;
     virtual void removeSceneOfNode(CNodeBase* node) = 0;
 
@@ -128,11 +126,10 @@ public:
 
     virtual QPointer<CNodeScene> getActiveScene() = 0;
 
-    /// Makes a scene of the service the active one, and tells so even if it was. Other scenes and null are ignored.
+    /// Makes a scene of the service the active one; emits activeSceneChanged() even if it was. Ignores others and null.
     virtual void setActiveScene(QPointer<CNodeScene> scene) = 0;
 
-    /// The first scene with that very information object (scenes made without one, if \a info is null); null if there
-    /// is none.
+    /// The first scene with that very information object, or without one if \a info is null; null if there is none.
     virtual CNodeScene* findSceneByInfo(Core::AppCoreComponents::BaseInfoPtr info) = 0;
 
 Q_SIGNALS:
@@ -145,10 +142,6 @@ Q_SIGNALS:
     void sceneRemoving(CNodeScene* scene);
     /// A scene is gone, whoever destroyed it. Once for each.
     void sceneRemoved();
-
-protected:
-    /// For the destructor of a subclass: what creators hold may call the service when it goes.
-    void releaseRegistry() { m_registry.reset(); }
 
 private:
     std::shared_ptr<CNodeDataModelRegistry> m_registry;

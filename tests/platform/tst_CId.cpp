@@ -14,9 +14,6 @@
 #include <unordered_set>
 #include <vector>
 
-#include <sys/wait.h>
-#include <unistd.h>
-
 using Core::CId;
 
 static_assert(sizeof(CId) == 16, "sixteen bytes of state");
@@ -38,8 +35,6 @@ private Q_SLOTS:
     void createdOnesDiffer();
     void createdOnesDifferBetweenThreads();
     void createdOnesAreRandomUuids();
-    void createdOnesHaveHashesInARow();
-    void createdOnesDifferFromThoseOfAForkedProcess();
     void textComesBack();
     void createdOneSurvivesItsText();
     void bracesAndCaseDoNotMatter();
@@ -100,41 +95,6 @@ void tst_CId::createdOnesAreRandomUuids()
     // All bits but the six that tell the version and the variant take both values.
     QCOMPARE(everSet.toHex(), QByteArray("ffffffffffff4fffbfffffffffffffff"));
     QCOMPARE(everClear.toHex(), QByteArray("ffffffffffffbfff7fffffffffffffff"));
-}
-
-void tst_CId::createdOnesHaveHashesInARow()
-{
-    const std::hash<CId> hash;
-    const auto first = uint(hash(CId::createId()));
-    for (uint i = 1; i < 1000; ++i)
-        QCOMPARE(uint(hash(CId::createId())), first + i);
-}
-
-void tst_CId::createdOnesDifferFromThoseOfAForkedProcess()
-{
-    std::array<CId, 100> ids;
-    ids.front() = CId::createId(); // the process has a generator
-    int ends[2];
-    QCOMPARE(pipe(ends), 0);
-    const pid_t child = fork();
-    std::generate(ids.begin(), ids.end(), CId::createId);
-    if (child == 0) {
-        const bool isWritten = write(ends[1], ids.data(), sizeof(ids)) == ssize_t(sizeof(ids));
-        _exit(isWritten ? 0 : 1);
-    }
-    QVERIFY(child > 0);
-    std::array<CId, 100> idsOfChild;
-    const ssize_t length = read(ends[0], static_cast<void*>(idsOfChild.data()), sizeof(idsOfChild));
-    int status = -1;
-    QCOMPARE(waitpid(child, &status, 0), child);
-    QCOMPARE(status, 0);
-    close(ends[0]);
-    close(ends[1]);
-
-    QCOMPARE(length, ssize_t(sizeof(idsOfChild)));
-    std::unordered_set<CId> seen(ids.begin(), ids.end());
-    seen.insert(idsOfChild.begin(), idsOfChild.end());
-    QCOMPARE(seen.size(), ids.size() + idsOfChild.size());
 }
 
 void tst_CId::textComesBack()

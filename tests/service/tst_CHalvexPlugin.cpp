@@ -38,6 +38,20 @@ INodeService& nodesOf(const CServiceManager& manager)
     return dynamic_cast<INodeService&>(*manager.services().first());
 }
 
+/// A host's manager with the two operations that a plugin needs.
+class CPlainManager : public IServiceManager
+{
+public:
+    void registerService(const QSharedPointer<IService>& service) override { published = service; }
+    void unregisterService(const QSharedPointer<IService>& service) override
+    {
+        if (published == service)
+            published.reset();
+    }
+
+    QSharedPointer<IService> published;
+};
+
 class CUniqueSource : public ASourceNodeDataModel
 {
 public:
@@ -65,6 +79,7 @@ class tst_CHalvexPlugin : public QObject
 private Q_SLOTS:
     void initializeNamesThePortIndex(); // first: with the first node the name is there anyway
     void initializePublishesTheService();
+    void managerNeedsNoLookUp();
     void goneManagerIsPassedOver();
     void mayCloseAndGoAtAnyTime();
     void decouplerComesWhenExtensionsAreInitialized();
@@ -107,6 +122,17 @@ void tst_CHalvexPlugin::initializePublishesTheService()
     QVERIFY(service.parent() == nullptr);
     QVERIFY(dynamic_cast<const CNodeService*>(&service));
     QVERIFY(nodesOf(*manager).registry()->categories().empty());
+}
+
+void tst_CHalvexPlugin::managerNeedsNoLookUp()
+{
+    const auto manager = QSharedPointer<CPlainManager>::create();
+    CHalvexPlugin plugin;
+    QVERIFY(plugin.initialize(manager));
+    QVERIFY(manager->published);
+    QVERIFY(!manager->findService("Plugin::Halvex::INodeService"));
+    QVERIFY(plugin.uninitialize(manager));
+    QVERIFY(!manager->published);
 }
 
 void tst_CHalvexPlugin::goneManagerIsPassedOver()

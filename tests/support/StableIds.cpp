@@ -31,7 +31,7 @@ quint32 spread(quint32 number)
 
 // Both functions take the place of Qt's own, in the library too: a program's come before those of its libraries.
 
-// What an identifier is made of. It sets some bits of the second and the third word, and all of the first.
+// What an identifier is made of: all bits but some of the second and the third word.
 void QRandomGenerator::_fillRange(void* buffer, void* bufferEnd)
 {
     auto* const words = static_cast<quint32*>(buffer);
@@ -45,7 +45,7 @@ void QRandomGenerator::_fillRange(void* buffer, void* bufferEnd)
     words[3] = spread(s_operation + (made << 16));
 }
 
-// Not from the first word, which goes on counting.
+// The spread number: it alone says in which order the scenes' tables have their entries.
 uint qHash(const QUuid& id, uint seed) noexcept
 {
     uint hash = 0;
