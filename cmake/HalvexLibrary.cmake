@@ -82,7 +82,6 @@ target_sources(Halvex PRIVATE
   scene/CNodeDataModelRegistry.cpp
   scene/CNodeScene.cpp
   scene/CNodeSceneDocument.cpp
-  scene/CSceneInspector_p.h
   scene/CSceneLoader_p.h
   service/CHalvexPlugin.cpp
   service/CNodeService.cpp

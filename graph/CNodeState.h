@@ -75,6 +75,7 @@ private:
     friend class CNodeBase;
     friend class CNodeConnection;
     friend class CNodeVisit;
+    friend class CRowInspector;
 
     /// Where a walk finds a connection.
     struct SPlace

@@ -5,7 +5,6 @@
 
 #include "graph/CGraphOwner_p.h"
 #include "graph/support/CDeferredQueue_p.h"
-#include "graph/support/CMetaTypeRegistration_p.h"
 #include "graph/support/LoggingCategory_p.h"
 #include "graph/support/Swallow_p.h"
 
@@ -21,14 +20,6 @@ namespace Halvex {
 
 using ENodeStage = CGraphOwner::ENodeStage;
 using EConnectionStage = CGraphOwner::EConnectionStage;
-
-namespace {
-
-// Qt would register the type by itself when a signal carries it, and keep pointers into the library when that is
-// unloaded.
-const CMetaTypeRegistration<CNodeScene*> pointerType("Plugin::Halvex::CNodeScene*", "CNodeScene*");
-
-} // namespace
 
 CNodeScene::CNodeScene(Core::AppCoreComponents::BaseInfoPtr info, QObject* parent)
     : CNodeScene(nullptr, std::move(info), parent)

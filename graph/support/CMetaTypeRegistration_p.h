@@ -29,13 +29,10 @@ class CMetaTypeRegistration
 {
 public:
     /// \a name: normalized and fully qualified. If somebody has registered it already, it stays theirs.
-    /// \a alias: a further name; the other type's, if somebody has given it to one.
-    explicit CMetaTypeRegistration(const char* name, const char* alias = nullptr)
+    explicit CMetaTypeRegistration(const char* name)
         : m_isOurs(QMetaType::type(name) == QMetaType::UnknownType)
         , m_id(m_isOurs ? add(name) : QMetaType::type(name))
     {
-        if (alias)
-            QMetaType::registerNormalizedTypedef(alias, m_id);
     }
     ~CMetaTypeRegistration()
     {

@@ -3,6 +3,7 @@
 
 #include "sequences/CActual.h"
 
+#include "support/CRowInspector.h"
 #include "support/ServiceConsistency.h"
 #include "support/StableIds.h"
 
@@ -438,15 +439,15 @@ void CActual::onAsked(int model, int port)
     if (node == m_nodes.end() || !node->second)
         return;
     std::vector<int> connections;
-    const CNodeBase& asked = *node->second;
-    for (const auto& entry : asked.nodeState().getEntries(ENodePortType::Out)[std::size_t(port)]) {
-        const auto number = m_connectionNumbers.find(entry.first);
+    for (const CNodeConnection* const connection :
+         CRowInspector::row(std::as_const(*node->second).nodeState(), ENodePortType::Out, port)) {
+        const auto number = m_connectionNumbers.find(connection->id());
         if (number != m_connectionNumbers.end())
             connections.push_back(number->second);
         else
-            connections.push_back(unnumbered(numberOf(std::as_const(*entry.second).getNode(ENodePortType::In)),
-                                             entry.second->getPortIndex(ENodePortType::In),
-                                             entry.second->save().contains("converter")));
+            connections.push_back(unnumbered(numberOf(connection->getNode(ENodePortType::In)),
+                                             connection->getPortIndex(ENodePortType::In),
+                                             connection->save().contains("converter")));
     }
     log().note({EEvent::Asked, false, 0, model, 0, port, connections});
 }

@@ -5,7 +5,8 @@
 
 #include "graph/CGraphOwner_p.h"
 #include "scene/CNodeScene.h"
-#include "scene/CSceneInspector_p.h"
+#include "support/CRowInspector.h"
+#include "support/CSceneInspector.h"
 
 #include <QString>
 
@@ -68,6 +69,8 @@ inline QString inconsistencyOf(const CNodeBase& node, const SceneWorld& world)
                 if (!holds(world, *connection))
                     return QStringLiteral("a port table holds a connection that no scene does");
             }
+            if (CRowInspector::places(node.nodeState(), side, int(index)) != int(ports[index].size()))
+                return QStringLiteral("a port's row does not have a place for each connection of its table");
         }
     }
     return QString();
