@@ -419,45 +419,11 @@ int threads()
     return int(processStatus("Threads"));
 }
 
-void measureDecouplersAtTheEnd()
-{
-    const int count = 100;
-    CNodeScene scene(nullptr, nullptr);
-    Nodes nodes(std::size_t(count), nullptr);
-    for (CNodeBase*& node : nodes)
-        node = &scene.createNode(std::make_unique<CTestDecoupler>());
-    s_delivered = 0;
-    for (CNodeBase* const node : nodes)
-        QObject::connect(node->nodeDataModel(), &CNodeDataModel::dataUpdated, &scene, [] { ++s_delivered; });
-
-    s_complaints = 0;
-    QElapsedTimer clock;
-    clock.start();
-    {
-        const CNarrowMemory memory(400); // a thread takes 8 MiB of address space for its stack
-        for (CNodeBase* const node : nodes)
-            node->propagateData(CTestData::make(1), 0);
-        while (s_delivered + s_complaints < count) {
-            check(clock.elapsed() < 60000, "a decoupler neither delivers nor warns");
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-        }
-        check(s_complaints > 0, "all workers found a thread");
-        std::printf("\nWith 400 MiB of address space: %d of %d decouplers have a worker, the others have warned, each "
-                    "once, and keep their data.",
-                    int(s_delivered), count);
-    }
-    while (s_delivered < count) {
-        check(clock.elapsed() < 120000, "the data of a decoupler without a thread was lost");
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-    std::printf(" As soon as there is room again they deliver it, by themselves.\n");
-}
-
 void measureDecouplers()
 {
     std::printf("| decouplers | threads | make | first frame out of all | memory per decoupler | remove all |\n"
                 "| ---: | ---: | ---: | ---: | ---: | ---: |\n");
-    for (const int count : {10, 100, 1000, 10000, 40000}) {
+    for (const int count : {10, 100, 1000, 10000}) {
         if (s_isShort && count > 10)
             break;
         const int threadsBefore = threads();
@@ -465,7 +431,6 @@ void measureDecouplers()
         CNodeScene scene(nullptr, nullptr);
         CNodeBase& source = scene.createNode(std::make_unique<CPassModel>());
         s_delivered = 0;
-        s_complaints = 0;
         const double made = millisecondsOf([&] {
             for (int i = 0; i < count; ++i) {
                 CNodeBase& node = scene.createNode(std::make_unique<CTestDecoupler>());
@@ -477,19 +442,18 @@ void measureDecouplers()
             QElapsedTimer clock;
             clock.start();
             source.propagateData(CTestData::make(1), 0);
-            while (s_delivered + s_complaints < count) {
-                check(clock.elapsed() < 120000, "a decoupler neither delivers nor warns");
+            while (s_delivered < count) {
+                check(clock.elapsed() < 120000, "a decoupler does not deliver");
                 QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
             }
         });
         const int started = threads() - threadsBefore;
         const double memory = processStatus("VmRSS") - before;
-        check(started == s_delivered && started > count / 2, "decouplers have no threads");
+        check(started == count, "decouplers have no threads of their own");
         const double cleared = millisecondsOf([&] { scene.clearScene(); });
         std::printf("| %d | %d | %.1f ms | %.0f ms | %.0f KiB | %.0f ms |\n", count, started, made, first,
                     memory / count, cleared);
     }
-    measureDecouplersAtTheEnd();
 }
 
 constexpr int width = 1920;
