@@ -17,14 +17,13 @@ namespace Halvex {
  * A model whose data leaves the graph to outside listeners, through its proxy.
  *
  * \code
- * // The subclass decides what goes out.
  * void CDisplayModel::setInData(CNodeDataPtr data, NodePortIndex) { getDataFlowProxy()->setData(data); }
  *
- * // The host listens.
  * QObject::connect(display.getDataFlowProxy(), &CNodeDataFlowProxy::newDataAvailable, window, &CWindow::onFrame);
  * \endcode
  *
- * Every listener gets what is passed to the proxy's setData(), and the model keeps the last of it.
+ * The subclass decides what goes out: every listener gets what it passes to the proxy's setData(). The model keeps the
+ * last of it.
  *
  * Threads: everything here is for the graph's thread. A listener runs in its own thread, unless it is connected
  * directly. Data that another thread passes to the proxy is stored from the event loop of the graph's thread.

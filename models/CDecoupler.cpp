@@ -10,6 +10,8 @@
 #include <QCoreApplication>
 #include <QMutexLocker>
 
+#include <utility>
+
 namespace Plugin {
 namespace Halvex {
 
@@ -35,7 +37,7 @@ SDecouplerStatistics CDecoupler::statistics() const
 void CDecoupler::setNodeData(CNodeDataPtr ptrNodeData)
 {
     // What is dropped goes with the argument, when the mutex is free again: its destructor is foreign code.
-    const QMutexLocker lock(&m_mutex);
+    QMutexLocker lock(&m_mutex);
     const bool isData = !ptrNodeData.isNull();
     if (isData)
         ++m_counts.received;
@@ -49,18 +51,26 @@ void CDecoupler::setNodeData(CNodeDataPtr ptrNodeData)
     if (ptrNodeData)
         ++(isData ? m_counts.dropped : m_counts.cancelled);
 
-    if (m_isWorking || !isReleaseAllowed())
+    if (!isReleaseAllowed())
         return;
-    if (isData && !isRunning())
+    if (isData && !m_isAsleep && !isRunning())
         start(InheritPriority);
-    m_wakeUp.wakeOne();
+    wakeUp(lock);
 }
 
 void CDecoupler::throttleTimerTick()
 {
-    const QMutexLocker lock(&m_mutex);
+    QMutexLocker lock(&m_mutex);
     m_tickPending = true;
-    if (m_pendingData && !m_isWorking)
+    if (m_pendingData)
+        wakeUp(lock);
+}
+
+void CDecoupler::wakeUp(QMutexLocker& lock)
+{
+    const bool wasAsleep = std::exchange(m_isAsleep, false);
+    lock.unlock(); // or the worker would wake up only to wait for the mutex
+    if (wasAsleep)
         m_wakeUp.wakeOne();
 }
 
@@ -73,12 +83,12 @@ void CDecoupler::shutDown()
 {
     CNodeDataPtr discarded; // released last: its destructor is foreign code
     {
-        const QMutexLocker lock(&m_mutex);
+        QMutexLocker lock(&m_mutex);
         m_shutDownRequested = true;
         m_pendingData.swap(discarded);
         if (discarded)
             ++m_counts.dropped;
-        m_wakeUp.wakeOne();
+        wakeUp(lock);
     }
 
     if (QThread::currentThread() == this)
@@ -106,10 +116,10 @@ bool CDecoupler::takeData(CNodeDataPtr& inHand)
 {
     CNodeDataPtr emittedBefore; // released when the mutex is free again
     const QMutexLocker lock(&m_mutex);
-    m_isWorking = m_shutDownRequested || hasDataToRelease();
-    if (!m_isWorking)
+    if (!m_shutDownRequested && !hasDataToRelease()) {
+        m_isAsleep = true;
         m_wakeUp.wait(&m_mutex); // only once: empty data wakes it to release what it holds
-    m_isWorking = true;
+    }
     if (m_shutDownRequested)
         return false;
 
@@ -134,7 +144,7 @@ void CDecoupler::emitData(const CNodeDataPtr& data)
 void endDecoupler(CDecoupler* decoupler)
 {
     decoupler->shutDown();
-    // Before it is asked whether it runs, so that its end is not missed.
+    // Connected before it is asked whether it runs, so that its end is not missed.
     QObject::connect(decoupler, &QThread::finished, decoupler, &QObject::deleteLater);
     if (!decoupler->isRunning())
         delete decoupler;

@@ -83,6 +83,7 @@ protected:
     void run() override;
 
 private:
+    void wakeUp(QMutexLocker& lock);
     bool takeData(CNodeDataPtr& inHand);
     void emitData(const CNodeDataPtr& data);
 
@@ -95,7 +96,7 @@ private:
     CNodeDataPtr m_pendingData;
     QWaitCondition m_wakeUp;
     bool m_shutDownRequested = false;
-    bool m_isWorking = false; ///< The worker runs and does not sleep on m_wakeUp.
+    bool m_isAsleep = false; ///< The worker sleeps on m_wakeUp, and nobody has woken it yet.
     bool m_tickPending = false;
     SDecouplerStatistics m_counts; ///< All but pending.
 
