@@ -38,9 +38,8 @@ CNodeDataEntry ASourceNodeDataModel::dataEntry() const
     return proxy ? proxy->entry() : CNodeDataEntry();
 }
 
-CNodeDataPtr ASourceNodeDataModel::outData(NodePortIndex index)
+CNodeDataPtr ASourceNodeDataModel::outData(NodePortIndex)
 {
-    Q_UNUSED(index)
     return m_data;
 }
 

@@ -17,8 +17,6 @@ namespace Halvex {
 
 std::atomic<unsigned long> decouplerShutDownWait{30000};
 
-CDecoupler::CDecoupler() = default;
-
 CDecoupler::~CDecoupler()
 {
     Q_ASSERT(QThread::currentThread() != this);
@@ -39,11 +37,9 @@ void CDecoupler::setNodeData(CNodeDataPtr ptrNodeData)
     // What is dropped goes with the argument, when the mutex is free again: its destructor is foreign code.
     QMutexLocker lock(&m_mutex);
     const bool isData = !ptrNodeData.isNull();
-    if (isData)
-        ++m_counts.received;
+    m_counts.received += isData ? 1 : 0;
     if (m_shutDownRequested) {
-        if (isData)
-            ++m_counts.dropped;
+        m_counts.dropped += isData ? 1 : 0;
         return;
     }
 
@@ -86,8 +82,7 @@ void CDecoupler::shutDown()
         QMutexLocker lock(&m_mutex);
         m_shutDownRequested = true;
         m_pendingData.swap(discarded);
-        if (discarded)
-            ++m_counts.dropped;
+        m_counts.dropped += discarded ? 1 : 0;
         wakeUp(lock);
     }
 

@@ -51,7 +51,7 @@ class HALVEX_EXPORT CDecoupler : public QThread
 
 public:
     /// Not throttled, not started.
-    CDecoupler();
+    CDecoupler() = default;
 
     /// Shuts down. A thread that runs cannot be destroyed: if it has not ended when shutDown() returns, this waits on,
     /// for as long as it takes. Must not be called in the worker's own thread, where Qt ends the process.

@@ -64,8 +64,7 @@ public:
     /// What ANodeDataModel saves, and "property": {"frames_per_second": framesPerSecond()}.
     QJsonObject save() const override;
 
-    /// Sets the rate to "frames_per_second" in "property". What is no number counts as 0; a missing key changes
-    /// nothing.
+    /// Sets the rate to "frames_per_second" in "property": 0 if that is no number, unchanged if a key is missing.
     void restore(const QJsonObject& json) override;
 
     /// The rate, in frames per second.
