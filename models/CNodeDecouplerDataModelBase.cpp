@@ -46,8 +46,10 @@ QString CNodeDecouplerDataModelBase::caption()
     return tr("Decoupler for %1").arg(dataTypeName());
 }
 
-QString CNodeDecouplerDataModelBase::portCaption(ENodePortType, NodePortIndex) const
+QString CNodeDecouplerDataModelBase::portCaption(ENodePortType portType, NodePortIndex index) const
 {
+    Q_UNUSED(portType)
+    Q_UNUSED(index)
     return asked(*this).dataTypeName();
 }
 
