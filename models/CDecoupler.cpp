@@ -10,6 +10,7 @@
 #include <QCoreApplication>
 #include <QMutexLocker>
 
+#include <climits>
 #include <utility>
 
 namespace Plugin {
@@ -21,7 +22,7 @@ CDecoupler::~CDecoupler()
 {
     Q_ASSERT(QThread::currentThread() != this);
     shutDown();
-    wait();
+    wait(ULONG_MAX); // wait() would call what Qt 5.12 does not have
 }
 
 SDecouplerStatistics CDecoupler::statistics() const
