@@ -73,8 +73,7 @@ target_sources(Halvex PRIVATE
   models/ASinkNodeDataModel.cpp
   models/ASourceNodeDataModel.cpp
   models/CDecoupler.cpp
-  models/CDecouplerWorker.cpp
-  models/CDecouplerWorker_p.h
+  models/DecouplerEnd_p.h
   models/CNodeDataEntry.cpp
   models/CNodeDataFlowProxy.cpp
   models/CNodeDecouplerDataModelBase.cpp

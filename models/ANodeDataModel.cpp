@@ -9,14 +9,11 @@
 
 namespace Plugin {
 namespace Halvex {
-namespace {
 
-QString noUniqueName()
+QString ANodeDataModel::noUniqueName()
 {
     return QStringLiteral("Halvex.NoUniqueName");
 }
-
-} // namespace
 
 ANodeDataModel::ANodeDataModel(QString uniqueName)
     : m_uniqueName(std::move(uniqueName))

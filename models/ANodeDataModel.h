@@ -18,37 +18,40 @@ namespace Halvex {
  * A model with an identity: an id of its own, perhaps a unique name, and a kind.
  *
  * \code
- * class CCameraModel : public ASourceNodeDataModel // which is an ANodeDataModel
+ * class ACameraModel : public ASourceNodeDataModel // which is an ANodeDataModel
  * {
  * public:
- *     explicit CCameraModel(const QString& serialNumber) : ASourceNodeDataModel(serialNumber) {}
- *     bool isUnique() override { return true; }
- *     ...
+ *     explicit ACameraModel(QString serialNumber = noUniqueName()) : ASourceNodeDataModel(std::move(serialNumber)) {}
+ *     bool isUnique() override { return hasUniqueName(); }
  * };
  * \endcode
  *
- * The constructor registers the meta-type name "CNodeDataPtr", so that queued signals can carry data once there is
- * any model.
+ * Every constructor of this class, ASourceNodeDataModel and ASinkNodeDataModel registers the meta-type name
+ * "CNodeDataPtr". Queued signals can carry data as soon as there is any model.
  *
- * Threads and ownership: as CNodeDataModel.
+ * Threads and ownership: as CNodeDataModel. id(), uniqueName() and hasUniqueName() never change.
  */
 class HALVEX_EXPORT ANodeDataModel : public CNodeDataModel
 {
     Q_OBJECT
 
 public:
-    /// \a uniqueName: left out for a model without one; an empty string is a name.
-    explicit ANodeDataModel(QString uniqueName = QStringLiteral("Halvex.NoUniqueName"));
+    /// "Halvex.NoUniqueName", which a model without a unique name is constructed with. Subclasses that pass a name on
+    /// take it as their default.
+    static QString noUniqueName();
+
+    /// A model without a unique name if \a uniqueName is noUniqueName(). An empty string is a name.
+    explicit ANodeDataModel(QString uniqueName = noUniqueName());
     ~ANodeDataModel() override;
 
-    /// Made at construction, never changed, not saved.
+    /// A fresh one for each object. Not saved.
     Core::CId id() const;
 
     /// The unique name; null if the model has none.
     QString uniqueName() const;
     bool hasUniqueName() const;
 
-    /// The kind: Sink unless a subclass's constructor set another.
+    /// The kind: Sink unless the constructor of a subclass set m_modelType.
     ENodeDataModelType getType();
 
     /// Whether a scene document refers to the one node that has this model instead of describing a new one.

@@ -3,6 +3,8 @@
 
 #include "models/ASinkNodeDataModel.h"
 
+#include "models/StoreNewestData_p.h"
+
 namespace Plugin {
 namespace Halvex {
 
@@ -10,14 +12,14 @@ ASinkNodeDataModel::ASinkNodeDataModel(QString uniqueName)
     : ANodeDataModel(std::move(uniqueName))
     , m_dataFlowProxy(new CNodeDataFlowProxy(this))
 {
+    qRegisterMetaType<CNodeDataPtr>("CNodeDataPtr");
     connect(m_dataFlowProxy.data(), &CNodeDataFlowProxy::newDataAvailable, this,
             &ASinkNodeDataModel::onNewDataAvailable);
 }
 
 ASinkNodeDataModel::~ASinkNodeDataModel()
 {
-    // The last data may be the last of its kind, and its destructor may feed the proxy or ask for the output: it must
-    // find a model that has none and takes none.
+    // The destructor of the last data is foreign code. It must find a model that has no data and takes none.
     if (m_dataFlowProxy)
         disconnect(m_dataFlowProxy.data(), nullptr, this, nullptr);
     CNodeDataPtr().swap(m_data);
@@ -30,7 +32,7 @@ QPointer<CNodeDataFlowProxy> ASinkNodeDataModel::getDataFlowProxy()
 
 void ASinkNodeDataModel::onNewDataAvailable(CNodeDataPtr ptrNodeData)
 {
-    m_data.swap(ptrNodeData); // the previous data goes with the argument, when nothing here is touched any more
+    storeNewestData(*this, m_data, std::move(ptrNodeData));
 }
 
 } // namespace Halvex

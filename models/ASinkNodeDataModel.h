@@ -17,27 +17,28 @@ namespace Halvex {
  * A model whose data leaves the graph to outside listeners, through its proxy.
  *
  * \code
- * connect(display.getDataFlowProxy().data(), &CNodeDataFlowProxy::newDataAvailable, window, &CWindow::onFrame);
- *
  * void CDisplayModel::setInData(CNodeDataPtr data, NodePortIndex) { getDataFlowProxy()->setData(data); }
+ *
+ * QObject::connect(display.getDataFlowProxy(), &CNodeDataFlowProxy::newDataAvailable, window, &CWindow::onFrame);
  * \endcode
  *
- * Threads: listeners run as they are connected, by default in their own thread; setData() may be called from any
- * thread, and the model stores the data in its own: before setData() returns if that was called there, else from its
- * event loop.
+ * The subclass decides what goes out: every listener gets what it passes to the proxy's setData(). The model keeps the
+ * last of it.
  *
- * The subclass decides what it passes to the proxy's setData() and when; every listener gets it, and the model keeps
- * the last. Subclasses owe caption(), name(), nPorts(), dataType(), setInData(), outData() and isUnique().
+ * Threads: everything here is for the graph's thread. A listener runs in its own thread, unless it is connected
+ * directly. Data that another thread passes to the proxy is stored from the event loop of the graph's thread.
+ *
+ * Subclasses owe caption(), name(), nPorts(), dataType(), setInData(), outData() and isUnique().
  */
 class HALVEX_EXPORT ASinkNodeDataModel : public ANodeDataModel
 {
     Q_OBJECT
 
 public:
-    explicit ASinkNodeDataModel(QString uniqueName = QStringLiteral("Halvex.NoUniqueName"));
+    explicit ASinkNodeDataModel(QString uniqueName = noUniqueName());
     ~ASinkNodeDataModel() override;
 
-    /// Where outside code listens. The proxy is owned by the model and goes with it; the pointer is then null.
+    /// Where outside code listens. The model owns the proxy; the pointer becomes null when it goes.
     QPointer<CNodeDataFlowProxy> getDataFlowProxy();
 
 private Q_SLOTS:

@@ -4,6 +4,7 @@
 #include "models/ASourceNodeDataModel.h"
 
 #include "models/CSourceDataFlowProxy_p.h"
+#include "models/StoreNewestData_p.h"
 
 namespace Plugin {
 namespace Halvex {
@@ -13,14 +14,14 @@ ASourceNodeDataModel::ASourceNodeDataModel(QString uniqueName)
     , m_dataFlowProxy(new CSourceDataFlowProxy(this))
 {
     m_modelType = ENodeDataModelType::Source;
+    qRegisterMetaType<CNodeDataPtr>("CNodeDataPtr");
     connect(m_dataFlowProxy.data(), &CNodeDataFlowProxy::newDataAvailable, this,
             &ASourceNodeDataModel::onNewDataAvailable);
 }
 
 ASourceNodeDataModel::~ASourceNodeDataModel()
 {
-    // The last data may be the last of its kind, and its destructor may feed the proxy or ask for the output: it must
-    // find a model that has none and takes none.
+    // The destructor of the last data is foreign code. It must find a model that has no data and takes none.
     if (m_dataFlowProxy)
         disconnect(m_dataFlowProxy.data(), nullptr, this, nullptr);
     CNodeDataPtr().swap(m_data);
@@ -37,20 +38,15 @@ CNodeDataEntry ASourceNodeDataModel::dataEntry() const
     return proxy ? proxy->entry() : CNodeDataEntry();
 }
 
-CNodeDataPtr ASourceNodeDataModel::outData(NodePortIndex index)
+CNodeDataPtr ASourceNodeDataModel::outData(NodePortIndex)
 {
-    Q_UNUSED(index)
     return m_data;
 }
 
 void ASourceNodeDataModel::onNewDataAvailable(CNodeDataPtr ptrNodeData)
 {
-    // The previous frame goes before the walk begins, so that a camera gets its buffer back. It may be the last
-    // pointer to it, and a data object's destructor is foreign code that may destroy this model.
-    const CWeakLink<ASourceNodeDataModel> self(this, m_guards);
-    m_data.swap(ptrNodeData);
-    ptrNodeData.reset();
-    if (self.get())
+    // The previous frame is released before the walk begins, so that a camera gets its buffer back.
+    if (storeNewestData(*this, m_data, std::move(ptrNodeData)))
         Q_EMIT dataUpdated(0);
 }
 

@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include "graph/CWeakLink.h"
 #include "models/ANodeDataModel.h"
 #include "models/CNodeDataEntry.h"
 #include "models/CNodeDataFlowProxy.h"
@@ -27,12 +26,12 @@ namespace Halvex {
  * entry.setData(frame);      // in any other, also after the model is gone
  * \endcode
  *
- * What arrives is stored, replacing what was there, and then announced with dataUpdated(0), all in the graph's thread:
- * before setData() returns if that was called there, else from that thread's event loop. Empty data too is stored and
- * announced, though a node passes nothing on for it.
+ * What arrives replaces what was stored, and is then announced with dataUpdated(0). Both happen in the graph's thread:
+ * before the proxy's setData() returns if that is called in this thread, otherwise from its event loop. Empty data
+ * (null) is stored and announced too, but a node passes nothing on for it.
  *
- * Threads: getDataFlowProxy() and dataEntry() are for the graph's, before the other threads start. Those may call the
- * proxy's setData() until the model is destroyed, and an entry's as long as they like.
+ * Threads: getDataFlowProxy() and dataEntry() are for the graph's thread. Other threads get what these return: they may
+ * call the proxy's setData() until the model is destroyed, and that of an entry as long as they like.
  *
  * Subclasses owe caption(), name(), nPorts(), dataType(), setInData() and isUnique().
  */
@@ -41,16 +40,16 @@ class HALVEX_EXPORT ASourceNodeDataModel : public ANodeDataModel
     Q_OBJECT
 
 public:
-    explicit ASourceNodeDataModel(QString uniqueName = QStringLiteral("Halvex.NoUniqueName"));
+    explicit ASourceNodeDataModel(QString uniqueName = noUniqueName());
     ~ASourceNodeDataModel() override;
 
-    /// Where outside code puts data in. The proxy is owned by the model and goes with it; the pointer is then null.
+    /// Where outside code puts data in. The model owns the proxy; the pointer becomes null when it goes.
     QPointer<CNodeDataFlowProxy> getDataFlowProxy();
 
-    /// The same way in for threads that the model does not wait for. Leads nowhere if the proxy was destroyed.
+    /// The way in for other threads: it may be used after the model is gone. Leads nowhere if the proxy was destroyed.
     CNodeDataEntry dataEntry() const;
 
-    /// The last data, for every \a index: a source with several output ports offers the same on all.
+    /// The last data, whatever the \a index: a source with several output ports offers the same on all of them.
     CNodeDataPtr outData(NodePortIndex index) override;
 
 private Q_SLOTS:
@@ -59,7 +58,6 @@ private Q_SLOTS:
 private:
     QPointer<CNodeDataFlowProxy> m_dataFlowProxy;
     CNodeDataPtr m_data;
-    CWeakAnchor<ASourceNodeDataModel> m_guards;
 };
 
 } // namespace Halvex

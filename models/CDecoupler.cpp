@@ -3,80 +3,150 @@
 
 #include "models/CDecoupler.h"
 
-#include "models/CDecouplerWorker_p.h"
+#include "graph/support/LoggingCategory_p.h"
+#include "graph/support/Swallow_p.h"
+#include "models/DecouplerEnd_p.h"
+
+#include <QCoreApplication>
+#include <QMutexLocker>
 
 #include <climits>
+#include <utility>
 
 namespace Plugin {
 namespace Halvex {
 
-CDecoupler::CDecoupler()
-    : m_worker(std::make_shared<CDecouplerWorker>(this))
-{
-    // The first slot of all, so that the worker knows when an emission is under way.
-    connect(this, &CDecoupler::nodeDataAvailable, [worker = m_worker.get()] { worker->onEmissionEntered(); });
-}
+std::atomic<unsigned long> decouplerShutDownWait{30000};
 
 CDecoupler::~CDecoupler()
 {
-    m_worker->shutDown();
-    m_worker->leaveOwner();
-    QThread::wait(ULONG_MAX); // for somebody's start(): run() returns at once
-}
-
-void CDecoupler::deleteWhenEnded()
-{
-    m_worker->shutDown();
-    if (!m_worker->takeOver(this))
-        delete this;
-}
-
-bool CDecoupler::isRunning() const
-{
-    return m_worker->isRunning();
-}
-
-bool CDecoupler::isFinished() const
-{
-    return m_worker->isFinished();
-}
-
-bool CDecoupler::wait(unsigned long milliseconds)
-{
-    return m_worker->wait(milliseconds);
-}
-
-void CDecoupler::startForWaitingData()
-{
-    m_worker->startForWaitingData();
+    Q_ASSERT(QThread::currentThread() != this);
+    shutDown();
+    wait(ULONG_MAX); // wait() would call what Qt 5.12 does not have
 }
 
 SDecouplerStatistics CDecoupler::statistics() const
 {
-    return m_worker->statistics();
+    const QMutexLocker lock(&m_mutex);
+    SDecouplerStatistics counts = m_counts;
+    counts.pending = m_pendingData ? 1 : 0;
+    return counts;
 }
 
 void CDecoupler::setNodeData(CNodeDataPtr ptrNodeData)
 {
-    m_worker->setNodeData(std::move(ptrNodeData));
-}
+    // What is dropped goes with the argument, when the mutex is free again: its destructor is foreign code.
+    QMutexLocker lock(&m_mutex);
+    const bool isData = !ptrNodeData.isNull();
+    m_counts.received += isData ? 1 : 0;
+    if (m_shutDownRequested) {
+        m_counts.dropped += isData ? 1 : 0;
+        return;
+    }
 
-void CDecoupler::shutDown()
-{
-    m_worker->shutDown();
-}
+    m_pendingData.swap(ptrNodeData);
+    if (ptrNodeData)
+        ++(isData ? m_counts.dropped : m_counts.cancelled);
 
-void CDecoupler::enableThrottle(bool enable)
-{
-    m_worker->enableThrottle(enable);
+    if (!isReleaseAllowed())
+        return;
+    if (isData && !m_isAsleep && !isRunning())
+        start(InheritPriority);
+    wakeUp(lock);
 }
 
 void CDecoupler::throttleTimerTick()
 {
-    m_worker->tick();
+    QMutexLocker lock(&m_mutex);
+    m_tickPending = true;
+    if (m_pendingData)
+        wakeUp(lock);
 }
 
-void CDecoupler::run() {}
+void CDecoupler::wakeUp(QMutexLocker& lock)
+{
+    const bool wasAsleep = std::exchange(m_isAsleep, false);
+    lock.unlock(); // or the worker would wake up only to wait for the mutex
+    if (wasAsleep)
+        m_wakeUp.wakeOne();
+}
+
+void CDecoupler::enableThrottle(bool enable)
+{
+    m_throttleEnabled = enable;
+}
+
+void CDecoupler::shutDown()
+{
+    CNodeDataPtr discarded; // released last: its destructor is foreign code
+    {
+        QMutexLocker lock(&m_mutex);
+        m_shutDownRequested = true;
+        m_pendingData.swap(discarded);
+        m_counts.dropped += discarded ? 1 : 0;
+        wakeUp(lock);
+    }
+
+    if (QThread::currentThread() == this)
+        return;
+    const unsigned long milliseconds = decouplerShutDownWait;
+    if (!wait(milliseconds) && !m_hasWarned.exchange(true)) {
+        qWarning("A decoupler's thread has not ended within %lu ms: a slot that is connected directly, or the "
+                 "destructor of its data, does not return.",
+                 milliseconds);
+    }
+}
+
+void CDecoupler::run()
+{
+    CNodeDataPtr inHand;
+    while (takeData(inHand)) {
+        if (inHand)
+            emitData(inHand);
+    }
+}
+
+/// Sleeps until there may be something to do, then replaces what was emitted before by what goes out next, if anything.
+/// False: the worker has to end.
+bool CDecoupler::takeData(CNodeDataPtr& inHand)
+{
+    CNodeDataPtr emittedBefore; // released when the mutex is free again
+    const QMutexLocker lock(&m_mutex);
+    if (!m_shutDownRequested && !hasDataToRelease()) {
+        m_isAsleep = true;
+        m_wakeUp.wait(&m_mutex); // only once: empty data wakes it to release what it holds
+    }
+    if (m_shutDownRequested)
+        return false;
+
+    emittedBefore.swap(inHand);
+    if (hasDataToRelease()) {
+        inHand.swap(m_pendingData);
+        m_tickPending = false;
+        ++m_counts.emitted;
+    }
+    return true;
+}
+
+void CDecoupler::emitData(const CNodeDataPtr& data)
+{
+    if (swallowExceptions(lcGraph, "The emission of a decoupler", [&] { Q_EMIT nodeDataAvailable(data); }))
+        return;
+    const QMutexLocker lock(&m_mutex);
+    --m_counts.emitted;
+    ++m_counts.dropped;
+}
+
+void endDecoupler(CDecoupler* decoupler)
+{
+    decoupler->shutDown();
+    // Connected before it is asked whether it runs, so that its end is not missed.
+    QObject::connect(decoupler, &QThread::finished, decoupler, &QObject::deleteLater);
+    if (!decoupler->isRunning())
+        delete decoupler;
+    else if (const QCoreApplication* const application = QCoreApplication::instance())
+        decoupler->moveToThread(application->thread());
+}
 
 } // namespace Halvex
 } // namespace Plugin

@@ -8,93 +8,100 @@
 
 #include <Halvex/HalvexExport.h>
 
+#include <QMutex>
 #include <QThread>
+#include <QWaitCondition>
 
-#include <memory>
+#include <atomic>
 
 namespace Plugin {
 namespace Halvex {
 
-class CDecouplerWorker;
-
 /**
- * Takes data in one thread and emits the newest of it from another, at most once per tick if it is throttled.
+ * A thread that emits the newest of the data handed to it, at most once per tick if it is throttled.
  *
  * \code
  * CDecoupler decoupler;
- * connect(&decoupler, &CDecoupler::nodeDataAvailable, display, &CDisplay::show); // queued into display's thread
+ * QObject::connect(&decoupler, &CDecoupler::nodeDataAvailable, display, &CDisplay::show); // in display's thread
  * decoupler.setNodeData(frame);
  * \endcode
  *
- * There is one slot and no queue. Data that comes before the previous one was taken replaces it. Throttled, the worker
- * takes it when there is a tick; a tick that finds no data waits, so that data after a quiet time goes out at once.
- * The data emitted last stays alive until the worker wakes up again.
+ * There is one slot and no queue: new data replaces what still waits there. If it is not throttled, the worker emits
+ * what is in the slot as soon as it can. If it is throttled, each emission uses up a tick. A tick that finds no data is
+ * kept for the next data; more ticks make no difference. The worker keeps the data that it emitted last until it wakes
+ * up again or ends.
  *
- * The worker's thread is one of its own, started by the first data that may go out. So it can be left behind: a worker
- * that hangs in a directly connected slot cannot be waited for, and a QThread must not be destroyed while it runs. If
- * the system has no thread to give, the data waits, and the next data or startForWaitingData() tries again.
- * isRunning(), isFinished() and wait() speak of the worker's thread, if they are called on a CDecoupler and not on a
- * QThread. start() starts nothing that matters, and started() and finished() do not speak of the worker.
+ * The worker is this thread itself, so everything that QThread offers works: isRunning(), wait(), finished(), the
+ * priority, the stack size. The first data that may go out starts it, with the priority of the thread that hands the
+ * data in. start() starts it earlier. If the system has no thread to give, Qt says so, the data waits, and the next
+ * data that may go out tries again. There is no event loop in the worker: quit() and exit() do nothing.
  *
- * What a directly connected slot throws ends at the worker: it is reported to "halvex.graph", and the data counts as
- * dropped, though slots before that one have had it.
+ * What a directly connected slot throws is reported to "halvex.graph", and the data counts as dropped. The slots before
+ * that one have had it.
  *
- * Threads: the slots, statistics() and the destructor may be called from any thread, also from a slot that runs on the
- * worker. nodeDataAvailable() comes from the worker's. Nothing is locked while it is emitted or data is released. Data
- * that is dropped is released by the thread that drops it.
+ * Ownership: whoever made it deletes it, in any thread but its own. In its own thread, call deleteLater().
+ *
+ * Threads: slots and statistics() may be called in any thread, also in the worker's, while the object exists. No mutex
+ * is held while nodeDataAvailable() is emitted or data is released. Data that is dropped is released in the thread that
+ * drops it.
  */
 class HALVEX_EXPORT CDecoupler : public QThread
 {
     Q_OBJECT
 
 public:
-    /// Not throttled; no thread yet.
-    CDecoupler();
+    /// Not throttled, not started.
+    CDecoupler() = default;
 
-    /// Shuts down, for which the worker has 30 s; what slots have left in its thread (thread_local) has as long once
-    /// more. If the worker does not end in time, it is abandoned, and its thread ends by itself. Qt, which is
-    /// then in the middle of an emission of this object, notices that it is gone. An owner that cannot rule out that
-    /// the hanging slot returns in that very moment calls deleteWhenEnded() instead.
+    /// Shuts down. A thread that runs cannot be destroyed: if it has not ended when shutDown() returns, this waits on,
+    /// for as long as it takes. Must not be called in the worker's own thread, where Qt ends the process.
     ~CDecoupler() override;
 
-    /// Shuts down and deletes this object, made with new: now, or when a worker that does not end in time has ended.
-    void deleteWhenEnded();
-
-    bool isRunning() const;
-    bool isFinished() const;
-    bool wait(unsigned long milliseconds = ULONG_MAX);
-
-    /// Starts the worker if data may go out and it does not run yet: data that came before the first tick, which
-    /// does not start it.
-    void startForWaitingData();
-
-    /// The counts, all of one moment.
+    /// What became of the data so far; all counts are of one moment.
     SDecouplerStatistics statistics() const;
 
 Q_SIGNALS:
-    /// Once for each data object that goes out, from the worker's thread. Never empty.
+    /// Emitted in the worker's thread, once for each data object that goes out. Never empty data.
     void nodeDataAvailable(CNodeDataPtr ptrNodeData);
 
 public Q_SLOTS:
-    /// Puts data into the slot; empty data only cancels what waits there. Ignored after shutDown().
+    /// Puts data into the slot. Empty data (null) only removes what waits there. After shutDown() data is dropped.
     void setNodeData(CNodeDataPtr ptrNodeData);
 
-    /// Ends the worker, for good, and drops what waits. Waits at most 30000 ms, and not at all on the worker itself; a
-    /// worker that takes longer is reported once with a warning.
+    /// Ends the worker for good and drops what waits. Waits for the end of the thread, at most 30000 ms. If that is not
+    /// enough, one warning says so, the thread runs on, and the next call waits again. Called in the worker's own
+    /// thread, it does not wait.
     void shutDown();
 
-    /// Whether data goes out only when there is a tick. Wakes nobody: what waits goes out with the next data or tick.
+    /// Sets whether each emission needs a tick. Wakes nobody: what waits goes out with the next data or tick.
     void enableThrottle(bool enable);
 
-    /// Lets one data object out, now or as soon as there is one. Ticks do not add up.
+    /// Lets one data object out: what waits now, or the next that comes. Never starts the thread.
     void throttleTimerTick();
 
 protected:
-    /// Does nothing: the loop is not run by this thread.
     void run() override;
 
 private:
-    std::shared_ptr<CDecouplerWorker> m_worker;
+    void wakeUp(QMutexLocker& lock);
+    bool takeData(CNodeDataPtr& inHand);
+    void emitData(const CNodeDataPtr& data);
+
+    // These two expect the mutex to be held.
+    bool isReleaseAllowed() const { return m_tickPending || !m_throttleEnabled; }
+    bool hasDataToRelease() const { return m_pendingData && isReleaseAllowed(); }
+
+    // The mutex guards what stands between it and the atomic members.
+    mutable QMutex m_mutex;
+    CNodeDataPtr m_pendingData;
+    QWaitCondition m_wakeUp;
+    bool m_shutDownRequested = false;
+    bool m_isAsleep = false; ///< The worker sleeps on m_wakeUp, and nobody has woken it yet.
+    bool m_tickPending = false;
+    SDecouplerStatistics m_counts; ///< All but pending.
+
+    std::atomic<bool> m_throttleEnabled{false};
+    std::atomic<bool> m_hasWarned{false};
 };
 
 } // namespace Halvex

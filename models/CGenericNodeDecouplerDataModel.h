@@ -20,13 +20,7 @@ class CGenericNodeDecouplerDataModel : public CNodeDecouplerDataModelBase
 public:
     CGenericNodeDecouplerDataModel() = default;
 
-    SNodeDataType dataType(ENodePortType portType, NodePortIndex index) const override
-    {
-        Q_UNUSED(portType)
-        Q_UNUSED(index)
-        return T().type();
-    }
-
+    SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return T().type(); }
     QString dataTypeName() override { return T().type().name; }
 };
 

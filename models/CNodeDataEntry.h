@@ -26,18 +26,16 @@ class CNodeDataFlowProxy;
  *         break; // the source is gone
  * \endcode
  *
- * The proxy can be used so only if its model cannot be destroyed meanwhile: no check in the camera's thread tells
- * whether the next call still finds it. An entry needs no check.
+ * The proxy of a source has the same setData(), but another thread may call it only while the model certainly exists.
  *
- * Ownership: a value. Copies lead to the same source; neither an entry nor what waits in the graph's thread keeps the
- * source alive.
+ * Ownership: a value. Copies lead to the same source. Neither an entry nor data that waits in the graph's thread keeps
+ * the source alive.
  *
- * Threads: any. setData() may be called on one entry by several threads at once, and entries may be copied meanwhile;
- * only assigning to an entry needs the others to wait. The model's destruction waits for a call that is just putting
- * its data into the queue, nothing else. No foreign code runs under the lock.
+ * Threads: any. Several threads may call setData() on one entry at once, and copy it meanwhile. Assigning to an entry
+ * needs the others to wait. A call holds a mutex while it puts its data into the queue, and the destructor of the model
+ * waits for that. No foreign code runs under the mutex.
  *
- * The code of an entry is the library's: it stays mapped as long as whoever calls it is linked with the library, though
- * the plugin was unloaded.
+ * An entry may be used after the plugin was unloaded, by code that is linked with the library: that keeps it mapped.
  */
 class HALVEX_EXPORT CNodeDataEntry
 {
@@ -45,10 +43,10 @@ public:
     /// Leads nowhere.
     CNodeDataEntry() = default;
 
-    /// Queues \a data, null for empty data, into the graph's thread, whose event loop passes it to the proxy's
-    /// setData() if the source exists then; what one thread sends arrives in its order. Also in the graph's thread it
-    /// is queued. False, and nothing is done, if the source is gone. Nothing bounds the queue: a sender that is faster
-    /// than the graph fills the memory.
+    /// Queues \a data, null for empty data, for the event loop of the graph's thread, which passes it to the proxy's
+    /// setData() if the source still exists. It is queued in the graph's thread too. What one thread sends arrives in
+    /// its order. Returns false if the source is gone. Nothing bounds the queue: a sender that is faster than the graph
+    /// fills the memory.
     bool setData(const CNodeDataPtr& data) const;
 
 private:

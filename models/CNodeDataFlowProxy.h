@@ -20,18 +20,14 @@ namespace Halvex {
  * Ownership: a child of its model. Keep the QPointer that getDataFlowProxy() returns.
  *
  * Threads: setData() may be called from any thread, by several at once, as long as the proxy exists during the call.
- * What ensures that:
  *
- *   in the graph's thread        the QPointer: nothing else runs between asking it and the call
- *   in another thread            only that it has stopped calling before the graph's thread destroys the model
+ * - In the graph's thread, ask the QPointer before each call.
+ * - Another thread must have stopped calling before the graph's thread destroys the model. Asking a QPointer there does
+ *   not help: the model may go between the answer and the call. A thread that feeds a source and cannot be stopped in
+ *   time uses an entry (CNodeDataEntry).
  *
- * In another thread the QPointer is no protection. Asking one's own copy is no race, but the answer is old when it is
- * there: the model may go between it and the call, or during the call, which then uses a destroyed object. A thread
- * that cannot be stopped first, or whose host must not know when models go, takes an entry (CNodeDataEntry) instead. A
- * sink has no entry: its model feeds its proxy itself.
- *
- * Also getDataFlowProxy() and connect() need the proxy or the model, and so the same. A listener in another thread is
- * called by a queued connection from its own event loop, and may outlive the proxy: what is under way still arrives.
+ * The same holds for connect(). A listener in another thread gets the data from its own event loop. It may outlive the
+ * proxy: what was sent before still arrives.
  */
 class HALVEX_EXPORT CNodeDataFlowProxy : public QObject
 {

@@ -6,6 +6,8 @@
 #include "graph/DocumentKeys_p.h"
 #include "graph/support/JsonObject_p.h"
 #include "models/CDecoupler.h"
+#include "models/DecouplerEnd_p.h"
+#include "models/StoreNewestData_p.h"
 
 #include <QTimer>
 
@@ -26,8 +28,7 @@ CNodeDecouplerDataModelBase::CNodeDecouplerDataModelBase()
     m_tickTimer->start();
 
     connect(m_tickTimer, &QTimer::timeout, m_decoupler.get(), &CDecoupler::throttleTimerTick);
-    // A tick starts no thread. Without this, data that came before the first tick would wait for more data.
-    connect(m_tickTimer, &QTimer::timeout, m_decoupler.get(), &CDecoupler::startForWaitingData);
+    connect(m_tickTimer, &QTimer::timeout, this, &CNodeDecouplerDataModelBase::startWorkerForWaitingData);
     connect(this, &CNodeDecouplerDataModelBase::inDataUpdated, m_decoupler.get(), &CDecoupler::setNodeData);
     connect(m_decoupler.get(), &CDecoupler::nodeDataAvailable, this, &CNodeDecouplerDataModelBase::onNodeDataAvailable);
 }
@@ -35,10 +36,9 @@ CNodeDecouplerDataModelBase::CNodeDecouplerDataModelBase()
 CNodeDecouplerDataModelBase::~CNodeDecouplerDataModelBase()
 {
     m_tickTimer->stop();
-    // What these release may run foreign code, which must find a model that has no output and takes no data.
-    disconnect(m_decoupler.get(), nullptr, this, nullptr);
+    // The destructors of data are foreign code. From here on they find a model that takes no more: m_decoupler is null.
+    endDecoupler(m_decoupler.release());
     CNodeDataPtr().swap(m_lastData);
-    m_decoupler.release()->deleteWhenEnded();
 }
 
 QString CNodeDecouplerDataModelBase::caption()
@@ -115,12 +115,16 @@ SDecouplerStatistics CNodeDecouplerDataModelBase::statistics() const
 
 void CNodeDecouplerDataModelBase::onNodeDataAvailable(CNodeDataPtr ptrNodeData)
 {
-    // The previous data goes before the walk begins; its destructor is foreign code that may destroy this model.
-    const CWeakLink<CNodeDecouplerDataModelBase> self(this, m_guards);
-    m_lastData.swap(ptrNodeData);
-    ptrNodeData.reset();
-    if (self.get())
+    // What is queued may still arrive in the destructor, if foreign code runs an event loop there.
+    if (m_decoupler && storeNewestData(*this, m_lastData, std::move(ptrNodeData)))
         Q_EMIT dataUpdated(0);
+}
+
+/// A tick does not start the worker. Without this, data that came before the first tick would wait for more data.
+void CNodeDecouplerDataModelBase::startWorkerForWaitingData()
+{
+    if (!m_decoupler->isRunning() && m_decoupler->statistics().pending > 0)
+        m_decoupler->start(QThread::InheritPriority);
 }
 
 void CNodeDecouplerDataModelBase::reconfigureTickTimer()

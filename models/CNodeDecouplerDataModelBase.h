@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include "graph/CWeakLink.h"
 #include "models/ANodeDataModel.h"
 #include "models/SDecouplerStatistics.h"
 
@@ -22,20 +21,21 @@ class CDecoupler;
  * A node that cuts a fast producer off from slow consumers: one input, one output of the same type.
  *
  * \code
- * registry.registerModel<CGenericNodeDecouplerDataModel<CGrabResultData>>(QStringLiteral("Tools"));
+ * registry.registerModel<CGenericNodeDecouplerDataModel<CVeltraGrabResultData>>(QStringLiteral("Tools"));
  *
- * auto preview = std::make_unique<CGenericNodeDecouplerDataModel<CGrabResultData>>();
+ * auto preview = std::make_unique<CGenericNodeDecouplerDataModel<CVeltraGrabResultData>>();
  * preview->setFramesPerSecond(10);
  * \endcode
  *
- * Data comes in during a walk, which goes on at once; it comes out later, from the graph thread's event loop, never
- * from inside setInData(). At most one object comes out per tick of a timer, and of what comes faster only the newest.
- * A tick takes a whole number of milliseconds, as exact as Qt's coarse timers are: 600 frames per second are one every
- * millisecond, and more than 1000 are one in every pass of the event loop. The
- * newest is never lost: when input stops, the last data comes out, unless empty data cancelled it. Empty data is not
- * passed on.
+ * setInData() hands the data to a worker thread and returns at once. The data comes out later, from the event loop of
+ * the graph's thread. A timer ticks at the given rate, and each tick lets one data object out: the newest. If input
+ * stops, the last data still comes out, unless empty data has cancelled it. Empty data is not passed on.
  *
- * Threads: the graph's, statistics() any. The model has one worker thread, started when the first data may go out.
+ * Ticks are whole milliseconds apart, and as exact as Qt's coarse timers: 600 frames per second give a tick every
+ * millisecond, more than 1000 give one in every pass of the event loop.
+ *
+ * Threads: the graph's; statistics() any, while the model exists. Each model has one worker thread, which starts when
+ * the first data may go out.
  */
 class HALVEX_EXPORT CNodeDecouplerDataModelBase : public ANodeDataModel
 {
@@ -43,10 +43,11 @@ class HALVEX_EXPORT CNodeDecouplerDataModelBase : public ANodeDataModel
     Q_PROPERTY(double framesPerSecond READ framesPerSecond WRITE setFramesPerSecond NOTIFY framesPerSecondChanged)
 
 public:
-    /// 25 frames per second; the tick timer runs from here on.
+    /// 25 frames per second. The timer ticks from here on.
     CNodeDecouplerDataModelBase();
 
-    /// Ends the worker and waits for it, at most 30000 ms.
+    /// Ends the worker and waits for it, at most 30000 ms. A worker that takes longer is left to itself with a warning,
+    /// and deleted from the application's event loop when it has ended.
     ~CNodeDecouplerDataModelBase() override;
 
     QString caption() override;
@@ -57,23 +58,24 @@ public:
     CNodeDataPtr outData(NodePortIndex index) override;
     bool isUnique() override;
 
-    /// The short name of the data type, from which captions and the registered name are made.
+    /// The short name of the data type. The captions and the registered name are made from it.
     virtual QString dataTypeName() = 0;
 
-    /// What ANodeDataModel saves and "property": {"frames_per_second"}.
+    /// What ANodeDataModel saves, and "property": {"frames_per_second": framesPerSecond()}.
     QJsonObject save() const override;
 
-    /// Takes the rate from "property"."frames_per_second"; what is no number is 0. A missing key changes nothing.
+    /// Sets the rate to "frames_per_second" in "property": 0 if that is no number, unchanged if a key is missing.
     void restore(const QJsonObject& json) override;
 
     /// The rate, in frames per second.
     double framesPerSecond() const;
 
-    /// Sets any rate and emits framesPerSecondChanged(), unless it is the present one. The timer ticks every
-    /// 1000 / \a fps milliseconds, cut to whole ones; a rate that is not positive and finite leaves it as it is.
+    /// Stores the rate, sets the timer to 1000 / \a fps milliseconds, cut to whole ones, and emits
+    /// framesPerSecondChanged(). Does nothing if this is the rate already. A rate that is not positive and finite is
+    /// stored, but the timer keeps its interval.
     void setFramesPerSecond(double fps);
 
-    /// What became of the data handed in so far. May be called from any thread.
+    /// What became of the data handed in so far.
     SDecouplerStatistics statistics() const;
 
 Q_SIGNALS:
@@ -85,13 +87,13 @@ private Q_SLOTS:
     void onNodeDataAvailable(CNodeDataPtr ptrNodeData);
 
 private:
+    void startWorkerForWaitingData();
     void reconfigureTickTimer();
 
-    std::unique_ptr<CDecoupler> m_decoupler; // no child, since it goes first
+    std::unique_ptr<CDecoupler> m_decoupler; // null while the model is destroyed
     QTimer* m_tickTimer;
     double m_framesPerSecond = 25.0;
     CNodeDataPtr m_lastData;
-    CWeakAnchor<CNodeDecouplerDataModelBase> m_guards;
 };
 
 } // namespace Halvex

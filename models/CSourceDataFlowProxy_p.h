@@ -9,8 +9,8 @@
 namespace Plugin {
 namespace Halvex {
 
-/// The proxy of a source, which closes the source's entries when it goes: before its QObject part is touched, and with
-/// it what was queued is taken back.
+/// The proxy of a source. Its destructor closes the entries of the source before its QObject part goes, so that nothing
+/// is queued for an object that is no longer there.
 class CSourceDataFlowProxy : public CNodeDataFlowProxy
 {
 public:

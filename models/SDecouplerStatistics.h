@@ -16,12 +16,12 @@ namespace Halvex {
  */
 struct SDecouplerStatistics
 {
-    quint64 received = 0;  ///< Handed in; also after the shutdown.
-    quint64 emitted = 0;   ///< Taken by the worker, which emits it next.
-    quint64 dropped = 0;   ///< Overwritten by newer data, discarded by the shutdown, handed in after it, or not sent
-                           ///< since a slot threw.
+    quint64 received = 0; ///< Handed in; also after the shutdown.
+    quint64 emitted = 0;  ///< Taken out by the worker to be emitted.
+    quint64 dropped = 0;  ///< Overwritten by newer data, discarded by the shutdown, handed in after it, or emitted to a
+                          ///< slot that threw.
     quint64 cancelled = 0; ///< Overwritten by empty data.
-    quint64 pending = 0;   ///< Waits for its tick: 0 or 1.
+    quint64 pending = 0;   ///< Waits in the slot: 0 or 1.
 };
 
 } // namespace Halvex

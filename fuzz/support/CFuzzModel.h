@@ -20,7 +20,7 @@ struct SFuzzModelKind
     unsigned int outPorts = 1;
     bool hasOutput = false; ///< From the beginning.
     bool isUnique = false;
-    QString uniqueName = QStringLiteral("Halvex.NoUniqueName");
+    QString uniqueName = Plugin::Halvex::ANodeDataModel::noUniqueName();
     Plugin::Halvex::ENodeDataModelType type = Plugin::Halvex::ENodeDataModelType::Sink;
 };
 

@@ -165,7 +165,7 @@ void CCommandLine::readCameras(const QStringList& addresses, const SCameraOption
             return refuse(QStringLiteral("--camera is empty."));
         // Its files go into a folder of that name, beside the chain's; and what is no unique name gets no scene.
         if (!makesAFolder(address) || address == QLatin1String("chain.json") ||
-            address == QLatin1String("Halvex.NoUniqueName"))
+            address == Plugin::Halvex::ANodeDataModel::noUniqueName())
             return refuse(QStringLiteral("--camera '%1' is no address.").arg(address));
         if (addresses.count(address) > 1)
             return refuse(QStringLiteral("--camera '%1' is given twice.").arg(address));

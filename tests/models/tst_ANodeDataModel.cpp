@@ -67,6 +67,7 @@ void tst_ANodeDataModel::initTestCase()
 
 void tst_ANodeDataModel::defaultHasNoUniqueName()
 {
+    QCOMPARE(ANodeDataModel::noUniqueName(), Marker);
     const CNamedModel model;
     QVERIFY(!model.hasUniqueName());
     QVERIFY(model.uniqueName().isNull());

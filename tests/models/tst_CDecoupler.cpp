@@ -3,7 +3,8 @@
 
 #include "models/CDecoupler.h"
 
-#include "models/CDecouplerWorker_p.h"
+#include "models/DecouplerEnd_p.h"
+#include "models/TestModels.h"
 #include "support/CMessageCatcher.h"
 #include "support/CTestData.h"
 #include "support/MetaMethods.h"
@@ -11,11 +12,10 @@
 #include <QMutex>
 #include <QPointer>
 #include <QSemaphore>
+#include <QSignalSpy>
 #include <QTest>
 #include <QVector>
 #include <QWaitCondition>
-
-#include <sys/resource.h>
 
 #include <algorithm>
 #include <atomic>
@@ -29,21 +29,6 @@
 using namespace Plugin::Halvex;
 
 namespace {
-
-/// Knows whether an object was destroyed, in whatever thread. A QPointer must not be read while another thread destroys
-/// its object.
-class CDestruction
-{
-public:
-    explicit CDestruction(QObject& object)
-    {
-        QObject::connect(&object, &QObject::destroyed, [happened = m_happened] { *happened = true; });
-    }
-    bool hasHappened() const { return *m_happened; }
-
-private:
-    std::shared_ptr<std::atomic<bool>> m_happened = std::make_shared<std::atomic<bool>>(false);
-};
 
 /// Notes what a decoupler emits, on the worker's thread; may be gone before that has ended.
 class CListener
@@ -72,8 +57,8 @@ public:
         return m_notes->values;
     }
 
-    /// The worker's thread, null when it is destroyed.
-    QPointer<QThread> thread() const
+    /// The thread that has called the listener; null before it did.
+    QThread* thread() const
     {
         const QMutexLocker lock(&m_notes->mutex);
         return m_notes->thread;
@@ -96,7 +81,7 @@ private:
         QMutex mutex;
         QWaitCondition grown;
         QVector<int> values;
-        QPointer<QThread> thread;
+        QThread* thread = nullptr;
     };
     std::shared_ptr<SNotes> m_notes = std::make_shared<SNotes>();
 };
@@ -106,10 +91,10 @@ class CShutDownWait
 {
 public:
     explicit CShutDownWait(unsigned long milliseconds)
-        : m_previous(CDecouplerWorker::s_shutDownWait.exchange(milliseconds))
+        : m_previous(decouplerShutDownWait.exchange(milliseconds))
     {
     }
-    ~CShutDownWait() { CDecouplerWorker::s_shutDownWait = m_previous; }
+    ~CShutDownWait() { decouplerShutDownWait = m_previous; }
     Q_DISABLE_COPY(CShutDownWait)
 
 private:
@@ -186,10 +171,12 @@ private Q_SLOTS:
     void newestIsNeverLostUnderLoad();
 
     void threadStartsWithTheFirstDataThatMayGoOut();
-    void startForWaitingDataNeedsDataAndTick();
-    void workerNeedsNoFileDescriptor();
-    void waitingForItselfIsRefused();
-    void emissionComesFromAnotherThread();
+    void directSlotRunsInTheDecouplersThread();
+    void queuedSlotRunsInTheReceiversThread();
+    void everythingOfQThreadSpeaksOfTheWorker();
+    void priorityAndStackSizeAreTheWorkers();
+    void startedByHand();
+    void dataMayComeFromAThreadWithoutAnEventLoop();
     void blockedSignals();
 
     void dataAfterShutDownIsDropped();
@@ -205,22 +192,18 @@ private Q_SLOTS:
 
     void slotMayCallBack();
     void slotShutsDown();
-    void maybeStartedByHandAndDestroyedAtOnce();
-    void hangingWorkerDeletesWhatWasLeftToIt();
-    void deleteWhenEndedIsImmediateWithoutAHangingWorker();
-    void dataMayComeFromAThreadWithoutAnEventLoop();
-    void slotDestroysTheDecoupler();
-    void slotDestroysTheDecouplerDuringTheCallThatWakesIt();
+    void slotMayHaveTheDecouplerDeletedLater();
     void overwrittenDataCallsBack();
     void emittedDataCallsBackFromTheWorker();
     void discardedDataCallsBack();
-    void emittedDataDestroysTheDecoupler();
 
-    void whatASlotLeavesInTheThreadMayTakeItsTime();
     void emissionThatThrowsCountsAsDropped();
-    void hangingWorkerIsLeftBehind_data();
-    void hangingWorkerIsLeftBehind();
+    void hangingWorkerIsReportedOnce_data();
+    void hangingWorkerIsReportedOnce();
     void slowWorkerIsWaitedFor();
+    void endedDecouplerIsDeletedAtOnce();
+    void hangingDecouplerIsDeletedWhenItHasEnded_data();
+    void hangingDecouplerIsDeletedWhenItHasEnded();
 };
 
 void tst_CDecoupler::cleanup()
@@ -442,7 +425,6 @@ void tst_CDecoupler::newestIsNeverLostUnderLoad()
                 decoupler.throttleTimerTick();
         }
         decoupler.throttleTimerTick();
-        decoupler.startForWaitingData();
         QTRY_COMPARE(decoupler.statistics().pending, quint64(0));
         decoupler.shutDown();
 
@@ -467,8 +449,6 @@ void tst_CDecoupler::threadStartsWithTheFirstDataThatMayGoOut()
     QVERIFY(!decoupler.isRunning());
     decoupler.setNodeData(CNodeDataPtr());
     QVERIFY(!decoupler.isRunning());
-    decoupler.start();
-    QVERIFY(!decoupler.isRunning());
 
     decoupler.setNodeData(CTestData::make(2));
     QVERIFY(decoupler.isRunning());
@@ -479,113 +459,17 @@ void tst_CDecoupler::threadStartsWithTheFirstDataThatMayGoOut()
     QVERIFY(decoupler.isFinished());
 }
 
-void tst_CDecoupler::maybeStartedByHandAndDestroyedAtOnce()
-{
-    for (int i = 0; i < 200; ++i) {
-        CDecoupler decoupler;
-        decoupler.start();
-    }
-}
-
-void tst_CDecoupler::hangingWorkerDeletesWhatWasLeftToIt()
-{
-    const CShutDownWait shortened(1);
-    const CMessageCatcher messages;
-    QSemaphore reached;
-    QSemaphore gate;
-    auto* const decoupler = new CDecoupler;
-    const CDestruction destruction(*decoupler);
-    const auto hang = [&reached, &gate] {
-        reached.release();
-        gate.acquire();
-    };
-    connect(decoupler, &CDecoupler::nodeDataAvailable, decoupler, hang, Qt::DirectConnection);
-    decoupler->setNodeData(CTestData::make(1));
-    QVERIFY(reached.tryAcquire(1, 20000));
-    decoupler->deleteWhenEnded();
-    QVERIFY(!destruction.hasHappened());
-    QCOMPARE(messages.texts().size(), 1);
-
-    gate.release();
-    QTRY_VERIFY(destruction.hasHappened());
-    QTRY_COMPARE(CTestData::alive(), 0);
-}
-
-void tst_CDecoupler::deleteWhenEndedIsImmediateWithoutAHangingWorker()
-{
-    auto* const decoupler = new CDecoupler;
-    const CDestruction destruction(*decoupler);
-    decoupler->setNodeData(CTestData::make(1));
-    decoupler->deleteWhenEnded();
-    QVERIFY(destruction.hasHappened());
-    QCOMPARE(CTestData::alive(), 0);
-}
-
-void tst_CDecoupler::dataMayComeFromAThreadWithoutAnEventLoop()
-{
-    // What belongs to the thread must go with it; the leak checker of the sanitizers looks for it.
-    auto* const decoupler = new CDecoupler;
-    const CDestruction destruction(*decoupler);
-    connect(decoupler, &CDecoupler::nodeDataAvailable, [decoupler] { delete decoupler; });
-    std::thread feeder([decoupler] { decoupler->setNodeData(CTestData::make(1)); });
-    feeder.join();
-    QTRY_VERIFY(destruction.hasHappened());
-    QTRY_COMPARE(CTestData::alive(), 0);
-}
-
-void tst_CDecoupler::startForWaitingDataNeedsDataAndTick()
+void tst_CDecoupler::directSlotRunsInTheDecouplersThread()
 {
     CDecoupler decoupler;
     const CListener listener(decoupler);
-    decoupler.startForWaitingData();
-    QVERIFY(!decoupler.isRunning());
-    decoupler.enableThrottle(true);
     decoupler.setNodeData(CTestData::make(1));
-    decoupler.startForWaitingData();
-    QVERIFY(!decoupler.isRunning());
-    decoupler.throttleTimerTick();
-    decoupler.startForWaitingData();
-    QVERIFY(decoupler.isRunning());
     QVERIFY(listener.waitFor(1));
-
-    CDecoupler ended;
-    ended.shutDown();
-    ended.setNodeData(CTestData::make(2));
-    ended.startForWaitingData();
-    QVERIFY(!ended.isRunning());
+    QCOMPARE(listener.thread(), &decoupler);
+    QCOMPARE(decoupler.thread(), QThread::currentThread()); // where its own slots belong
 }
 
-void tst_CDecoupler::workerNeedsNoFileDescriptor()
-{
-    // Qt's own threads open some, and end the process if there are none.
-    const CMessageCatcher messages;
-    rlimit before{};
-    QCOMPARE(getrlimit(RLIMIT_NOFILE, &before), 0);
-    rlimit none = before;
-    none.rlim_cur = 0;
-    CDecoupler decoupler;
-    const CListener listener(decoupler);
-
-    QCOMPARE(setrlimit(RLIMIT_NOFILE, &none), 0);
-    decoupler.setNodeData(CTestData::make(1));
-    const bool isEmitted = listener.waitFor(1);
-    decoupler.shutDown();
-    QCOMPARE(setrlimit(RLIMIT_NOFILE, &before), 0);
-
-    QVERIFY(isEmitted);
-    QCOMPARE(messages.texts(), QStringList());
-}
-
-void tst_CDecoupler::waitingForItselfIsRefused()
-{
-    CDecoupler decoupler;
-    std::atomic<int> waited{-1};
-    const CListener listener(decoupler, [&] { waited = decoupler.wait(); });
-    decoupler.setNodeData(CTestData::make(1));
-    QTRY_COMPARE(waited.load(), 0);
-}
-
-void tst_CDecoupler::emissionComesFromAnotherThread()
+void tst_CDecoupler::queuedSlotRunsInTheReceiversThread()
 {
     CDecoupler decoupler;
     const CListener listener(decoupler);
@@ -598,11 +482,76 @@ void tst_CDecoupler::emissionComesFromAnotherThread()
     });
     decoupler.setNodeData(CTestData::make(1));
     QVERIFY(listener.waitFor(1));
-    QVERIFY(listener.thread() != thread());
-    QVERIFY(listener.thread() != &decoupler);
-    QVERIFY(received.isEmpty()); // queued
+    QVERIFY(received.isEmpty());
     QTRY_COMPARE(received, QVector<int>({1}));
     QCOMPARE(receivedIn, thread());
+}
+
+void tst_CDecoupler::everythingOfQThreadSpeaksOfTheWorker()
+{
+    CDecoupler decoupler;
+    QThread* const thread = &decoupler;
+    QSignalSpy started(thread, &QThread::started);
+    QSignalSpy finished(thread, &QThread::finished);
+    QVERIFY(thread->wait(0)); // it has not been started
+    QVERIFY(!thread->isRunning());
+    QVERIFY(!thread->isFinished());
+
+    decoupler.setNodeData(CTestData::make(1));
+    QVERIFY(thread->isRunning());
+    QVERIFY(!thread->isFinished());
+    QVERIFY(!thread->wait(1));
+    QTRY_COMPARE(started.size(), 1);
+    QCOMPARE(finished.size(), 0);
+
+    decoupler.shutDown();
+    QVERIFY(thread->wait());
+    QVERIFY(!thread->isRunning());
+    QVERIFY(thread->isFinished());
+    QTRY_COMPARE(finished.size(), 1);
+    QCOMPARE(started.size(), 1);
+}
+
+void tst_CDecoupler::priorityAndStackSizeAreTheWorkers()
+{
+    CDecoupler decoupler;
+    decoupler.setStackSize(16U << 20);
+    const CListener listener(decoupler, [] {
+        volatile char large[12U << 20]; // more than threads have otherwise
+        large[0] = 1;
+        large[sizeof large - 1] = large[0];
+    });
+    decoupler.setNodeData(CTestData::make(1));
+    QVERIFY(listener.waitFor(1));
+    QCOMPARE(decoupler.priority(), QThread::InheritPriority);
+    decoupler.shutDown();
+    QCOMPARE(countsOf(decoupler), QStringLiteral("1 1 0 0 0"));
+}
+
+void tst_CDecoupler::startedByHand()
+{
+    for (int i = 0; i < 200; ++i) {
+        CDecoupler decoupler;
+        const CListener listener(decoupler);
+        decoupler.enableThrottle(true);
+        if (i % 2 == 0)
+            decoupler.setNodeData(CTestData::make(i));
+        decoupler.throttleTimerTick();
+        decoupler.start();
+        if (i % 2 == 0)
+            QVERIFY(listener.waitFor(1));
+    }
+}
+
+void tst_CDecoupler::dataMayComeFromAThreadWithoutAnEventLoop()
+{
+    CDecoupler decoupler;
+    const CListener listener(decoupler);
+    std::thread feeder([&decoupler] { decoupler.setNodeData(CTestData::make(1)); });
+    feeder.join();
+    QVERIFY(listener.waitFor(1)); // though the thread that has started the worker is gone
+    decoupler.setNodeData(CTestData::make(2));
+    QVERIFY(listener.waitFor(2));
 }
 
 void tst_CDecoupler::blockedSignals()
@@ -830,42 +779,15 @@ void tst_CDecoupler::slotShutsDown()
     QCOMPARE(messages.texts(), QStringList());
 }
 
-void tst_CDecoupler::slotDestroysTheDecoupler()
+void tst_CDecoupler::slotMayHaveTheDecouplerDeletedLater()
 {
     const CMessageCatcher messages;
-    auto* const decoupler = new CDecoupler;
-    const CListener listener(*decoupler, [decoupler] {
-        decoupler->setNodeData(CTestData::make(2));
-        delete decoupler;
-    });
-    const CListener second(*decoupler);
-    const CDestruction destruction(*decoupler);
+    const QPointer<CDecoupler> decoupler = new CDecoupler;
+    const CListener listener(*decoupler, [worker = decoupler.data()] { worker->deleteLater(); });
     decoupler->setNodeData(CTestData::make(1));
     QVERIFY(listener.waitFor(1));
-
-    QTRY_VERIFY(destruction.hasHappened());
-    QTRY_VERIFY(!listener.thread());
-    QCOMPARE(listener.values(), QVector<int>({1}));
-    QCOMPARE(second.values(), QVector<int>());
+    QTRY_VERIFY(!decoupler);
     QCOMPARE(messages.texts(), QStringList());
-}
-
-void tst_CDecoupler::slotDestroysTheDecouplerDuringTheCallThatWakesIt()
-{
-    for (int i = 0; i < 200; ++i) {
-        auto* const decoupler = new CDecoupler;
-        const CDestruction destruction(*decoupler);
-        const CListener listener(*decoupler, [decoupler, isAwakened = false]() mutable {
-            if (std::exchange(isAwakened, true))
-                delete decoupler;
-        });
-        decoupler->setNodeData(CTestData::make(0));
-        QVERIFY(listener.waitFor(1));
-        awaken(*decoupler);
-        QThread::yieldCurrentThread();
-        decoupler->setNodeData(CTestData::make(1));
-        QTRY_VERIFY(destruction.hasHappened());
-    }
 }
 
 void tst_CDecoupler::overwrittenDataCallsBack()
@@ -901,7 +823,7 @@ void tst_CDecoupler::emittedDataCallsBackFromTheWorker()
     decoupler.setNodeData(CTestData::make(2));
     QVERIFY(listener.waitFor(3));
     QCOMPARE(listener.values(), QVector<int>({1, 2, 3}));
-    QCOMPARE(releasedIn.load(), listener.thread().data());
+    QCOMPARE(releasedIn.load(), &decoupler);
 }
 
 void tst_CDecoupler::discardedDataCallsBack()
@@ -922,45 +844,6 @@ void tst_CDecoupler::discardedDataCallsBack()
     }
 }
 
-void tst_CDecoupler::emittedDataDestroysTheDecoupler()
-{
-    auto* const decoupler = new CDecoupler;
-    const CDestruction destruction(*decoupler);
-    const CListener listener(*decoupler);
-    decoupler->setNodeData(dataWith(1, [decoupler] { delete decoupler; }));
-    QVERIFY(listener.waitFor(1));
-    decoupler->setNodeData(CTestData::make(2)); // the worker lets go of the first
-    QTRY_VERIFY(destruction.hasHappened());
-    QTRY_VERIFY(!listener.thread());
-    QCOMPARE(listener.values(), QVector<int>({1}));
-}
-
-void tst_CDecoupler::whatASlotLeavesInTheThreadMayTakeItsTime()
-{
-    static QSemaphore gate;
-    static QSemaphore ended;
-    struct SLeft
-    {
-        ~SLeft()
-        {
-            gate.acquire();
-            ended.release();
-        }
-    };
-    const CShutDownWait shortened(1);
-    auto decoupler = std::make_unique<CDecoupler>();
-    const CListener listener(*decoupler, [] {
-        static thread_local const SLeft left;
-        Q_UNUSED(left)
-    });
-    decoupler->setNodeData(CTestData::make(1));
-    QVERIFY(listener.waitFor(1));
-    decoupler.reset(); // waits neither for the thread nor for ever
-    QCOMPARE(ended.available(), 0);
-    gate.release();
-    QVERIFY(ended.tryAcquire(1, 20000));
-}
-
 void tst_CDecoupler::emissionThatThrowsCountsAsDropped()
 {
     const CMessageCatcher messages;
@@ -975,17 +858,17 @@ void tst_CDecoupler::emissionThatThrowsCountsAsDropped()
     QCOMPARE(messages.texts("halvex.graph").filter("slot").size(), 2);
 }
 
-void tst_CDecoupler::hangingWorkerIsLeftBehind_data()
+void tst_CDecoupler::hangingWorkerIsReportedOnce_data()
 {
     QTest::addColumn<QString>("place");
     QTest::addColumn<bool>("shutDownFirst");
-    for (const char* place : {"slot", "slot of another object", "data destructor"}) {
+    for (const char* place : {"slot", "data destructor"}) {
         QTest::addRow("%s, shut down", place) << QString(place) << true;
         QTest::addRow("%s, destroyed", place) << QString(place) << false;
     }
 }
 
-void tst_CDecoupler::hangingWorkerIsLeftBehind()
+void tst_CDecoupler::hangingWorkerIsReportedOnce()
 {
     QFETCH(QString, place);
     QFETCH(bool, shutDownFirst);
@@ -993,37 +876,39 @@ void tst_CDecoupler::hangingWorkerIsLeftBehind()
     const CMessageCatcher messages;
     QSemaphore reached;
     QSemaphore gate;
-    const auto hang = [&] {
+    std::atomic<bool> hasReturned{false};
+    const std::function<void()> hang = [&] {
         reached.release();
         gate.acquire();
+        hasReturned = true;
     };
     auto decoupler = std::make_unique<CDecoupler>();
-    const CListener listener(*decoupler, place == "slot" ? std::function<void()>(hang) : nullptr);
-    QObject other;
-    if (place == "slot of another object")
-        connect(decoupler.get(), &CDecoupler::nodeDataAvailable, &other, hang, Qt::DirectConnection);
-    const CListener second(*decoupler);
-
-    decoupler->setNodeData(dataWith(1, place == "data destructor" ? std::function<void()>(hang) : nullptr));
-    if (place == "data destructor") {
-        QVERIFY(second.waitFor(1));
-        decoupler->setNodeData(CTestData::make(2));
-    }
+    const CListener listener(*decoupler, place == "slot" ? hang : nullptr);
+    decoupler->setNodeData(dataWith(1, place == "data destructor" ? hang : nullptr));
+    QVERIFY(listener.waitFor(1));
+    if (place == "data destructor")
+        decoupler->setNodeData(CTestData::make(2)); // the worker lets go of the first
     QVERIFY(reached.tryAcquire(1, 20000));
     decoupler->setNodeData(CTestData::make(3));
 
-    if (shutDownFirst)
+    if (shutDownFirst) {
         decoupler->shutDown();
-    decoupler.reset();
-    QCOMPARE(messages.texts().size(), 1);
-    const QPointer<QThread> thread = listener.thread();
-    QVERIFY(thread && thread->isRunning());
-    const QVector<int> before = second.values();
+        QCOMPARE(messages.texts().size(), 1);
+        QVERIFY(decoupler->isRunning());
+        QCOMPARE(decoupler->statistics().pending, quint64(0));
+        decoupler->shutDown();
+    }
 
-    gate.release();
-    QTRY_VERIFY(!thread);
+    // The destructor goes on waiting when it has said so.
+    std::thread opener([&] {
+        while (messages.texts().isEmpty())
+            QThread::yieldCurrentThread();
+        gate.release();
+    });
+    decoupler.reset();
+    QVERIFY(hasReturned);
+    opener.join();
     QCOMPARE(CTestData::alive(), 0);
-    QCOMPARE(second.values(), before); // it came back to nobody
     QCOMPARE(messages.texts().size(), 1);
 }
 
@@ -1044,6 +929,57 @@ void tst_CDecoupler::slowWorkerIsWaitedFor()
     QVERIFY(hasReturned);
     opener.join();
     QCOMPARE(messages.texts(), QStringList());
+}
+
+void tst_CDecoupler::endedDecouplerIsDeletedAtOnce()
+{
+    for (const bool started : {false, true}) {
+        const QPointer<CDecoupler> decoupler = new CDecoupler;
+        if (started)
+            decoupler->setNodeData(CTestData::make(1));
+        endDecoupler(decoupler);
+        QVERIFY(!decoupler);
+        QCOMPARE(CTestData::alive(), 0);
+    }
+}
+
+void tst_CDecoupler::hangingDecouplerIsDeletedWhenItHasEnded_data()
+{
+    QTest::addColumn<bool>("isCallersThreadGone");
+    QTest::newRow("caller's thread goes on") << false;
+    QTest::newRow("caller's thread ends") << true;
+}
+
+void tst_CDecoupler::hangingDecouplerIsDeletedWhenItHasEnded()
+{
+    QFETCH(bool, isCallersThreadGone);
+    const CShutDownWait shortened(1);
+    const CMessageCatcher messages;
+    QSemaphore reached;
+    QSemaphore gate;
+    QPointer<CDecoupler> decoupler;
+    const auto leaveBehind = [&] {
+        decoupler = new CDecoupler;
+        const CListener listener(*decoupler, [&] {
+            reached.release();
+            gate.acquire();
+        });
+        decoupler->setNodeData(CTestData::make(1));
+        reached.acquire();
+        endDecoupler(decoupler);
+    };
+    if (isCallersThreadGone)
+        runInWorker(leaveBehind);
+    else
+        leaveBehind();
+    QVERIFY(decoupler);
+    QVERIFY(decoupler->isRunning());
+    QCOMPARE(messages.texts().size(), 1);
+
+    gate.release();
+    QTRY_VERIFY(!decoupler);
+    QCOMPARE(CTestData::alive(), 0);
+    QCOMPARE(messages.texts().size(), 1);
 }
 
 QTEST_GUILESS_MAIN(tst_CDecoupler)

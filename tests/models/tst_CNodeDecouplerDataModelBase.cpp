@@ -137,6 +137,8 @@ private Q_SLOTS:
     void previousOutputDestroysTheModel();
     void overwrittenInputDestroysTheModel();
     void dyingModelHasNoOutput();
+    void lastOutputGoesAfterTheWorkersData();
+    void dyingModelTakesNoQueuedData();
 
     void decouplesInAScene();
     void isSavedAndRestoredWithItsScene();
@@ -700,6 +702,47 @@ void tst_CNodeDecouplerDataModelBase::dyingModelHasNoOutput()
     // The worker holds what it emitted last until it ends.
     owner.reset();
     QCOMPARE(calls, 1);
+    QCOMPARE(CTestData::alive(), 0);
+}
+
+void tst_CNodeDecouplerDataModelBase::lastOutputGoesAfterTheWorkersData()
+{
+    auto model = std::make_unique<CModel>();
+    stopTicking(*model);
+    std::vector<int> released;
+    const auto send = [&model, &released](int value) {
+        auto data = CTestData::make(value);
+        data->onDestroyed = [&released, value] { released.push_back(value); };
+        model->setInData(std::move(data), 0);
+    };
+    const COutput output(*model);
+    tick(*model);
+    send(1);
+    QTRY_COMPARE(output.values, std::vector<int>({1})); // held as the last output
+    tick(*model);
+    send(2);
+    while (model->statistics().pending == 1)
+        QThread::yieldCurrentThread(); // held by the worker, and by what is queued for the model
+    send(3);                           // waits for a tick
+    model.reset();
+    QCOMPARE(released, std::vector<int>({3, 1, 2}));
+}
+
+void tst_CNodeDecouplerDataModelBase::dyingModelTakesNoQueuedData()
+{
+    auto owner = std::make_unique<CModel>();
+    stopTicking(*owner);
+    int outputs = 0;
+    connect(owner.get(), &CNodeDataModel::dataUpdated, [&outputs] { ++outputs; });
+    tick(*owner);
+    owner->setInData(CTestData::make(1), 0);
+    while (owner->statistics().pending == 1)
+        QThread::yieldCurrentThread();
+    auto waiting = CTestData::make(2);
+    waiting->onDestroyed = [] { QCoreApplication::processEvents(); };
+    owner->setInData(std::move(waiting), 0);
+    owner.reset();
+    QCOMPARE(outputs, 0);
     QCOMPARE(CTestData::alive(), 0);
 }
 

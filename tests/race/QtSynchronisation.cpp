@@ -29,6 +29,7 @@
 #include <QMetaObject>
 #include <QMutex>
 #include <QThread>
+#include <QThreadStorage>
 #include <QWaitCondition>
 
 #include <dlfcn.h>
@@ -117,6 +118,27 @@ private:
 
     QtPrivate::QSlotObjectBase* m_function;
 };
+
+/// Kept in a thread's storage, which Qt empties when finished() was emitted and before anybody's wait() ends.
+class CThreadEnd
+{
+public:
+    explicit CThreadEnd(const QThread* thread)
+        : m_thread(thread)
+    {
+    }
+    ~CThreadEnd() { __tsan_release(edgesOf(m_thread)); }
+    Q_DISABLE_COPY(CThreadEnd)
+
+private:
+    const QThread* m_thread;
+};
+
+QThreadStorage<CThreadEnd*>& threadEnds()
+{
+    static QThreadStorage<CThreadEnd*> ends;
+    return ends;
+}
 
 bool onEventDelivered(void** arguments)
 {
@@ -214,8 +236,8 @@ void QObject::deleteLater()
 void QThread::start(Priority priority)
 {
     static const auto qtStart = original<void (QThread::*)(Priority)>("_ZN7QThread5startENS_8PriorityE");
-    // Runs in the thread, after run() and before anybody's wait() ends.
-    connect(this, &QThread::finished, [this] { __tsan_release(edgesOf(this)); });
+    // Runs in the thread.
+    connect(this, &QThread::finished, [this] { threadEnds().setLocalData(new CThreadEnd(this)); });
     (this->*qtStart)(priority);
 }
 
