@@ -17,7 +17,6 @@ set(HALVEX_PUBLIC_HEADERS
   graph/CNodeData.h
   graph/CNodeDataModel.h
   graph/CNodeState.h
-  graph/CWeakLink.h
   graph/ENodePortType.h
   graph/NodeDataConverter.h
   graph/NodePortIndex.h
