@@ -30,6 +30,13 @@ bool isRealSide(ENodePortType portType)
     return portType == ENodePortType::In || portType == ENodePortType::Out;
 }
 
+QJsonObject withConverter(const QJsonObject& ends, const QJsonObject& converter)
+{
+    QJsonObject json = ends;
+    json.insert(QString(DocumentKeys::converter), converter);
+    return json;
+}
+
 std::shared_ptr<const NodeDataConverter> share(NodeDataConverter converter)
 {
     return converter ? std::make_shared<const NodeDataConverter>(std::move(converter)) : nullptr;
@@ -139,12 +146,12 @@ QJsonObject CNodeConnection::save() const
     if (!m_in.node || !m_out.node)
         return {};
 
-    QJsonObject json = jsonObject({{DocumentKeys::inId, m_in.node->id().toString()},
+    const QJsonObject ends = jsonObject({{DocumentKeys::inId, m_in.node->id().toString()},
                                    {DocumentKeys::inIndex, m_in.index},
                                    {DocumentKeys::outId, m_out.node->id().toString()},
                                    {DocumentKeys::outIndex, m_out.index}});
     if (!m_converter)
-        return json;
+        return ends;
 
     // The models that are asked are foreign code and may destroy this connection.
     const QPointer<const CNodeConnection> self(this);
@@ -152,8 +159,7 @@ QJsonObject CNodeConnection::save() const
     if (!self)
         return {};
     const QJsonObject outType = getTypeJson(ENodePortType::Out);
-    json.insert(QString(DocumentKeys::converter), jsonObject({{DocumentKeys::in, inType}, {DocumentKeys::out, outType}}));
-    return json;
+    return withConverter(ends, jsonObject({{DocumentKeys::in, inType}, {DocumentKeys::out, outType}}));
 }
 
 QJsonObject CNodeConnection::getTypeJson(ENodePortType portType) const

@@ -227,8 +227,8 @@ QString liveThroughAGraph()
         if (copy.nodes().size() != 2 || copy.connections().size() != 1 || !inconsistencyOf(copy).isEmpty())
             return QStringLiteral("a copy is not what was saved");
     }
-    if (&scene.createNode(nullptr) == &CNodeScene::noNode())
-        return QStringLiteral("a node was not made");
+    if (&scene.createNode(nullptr) != &CNodeScene::noNode())
+        return QStringLiteral("a node was made of no model");
     return inconsistencyOf(scene);
 }
 
