@@ -24,6 +24,13 @@ public:
     static EConnectionStage stage(const CNodeConnection& connection) { return connection.m_stage; }
     static void setStage(CNodeConnection& connection, EConnectionStage stage) { connection.m_stage = stage; }
 
+    static bool hasPort(const CNodeBase& node, ENodePortType side, NodePortIndex index)
+    {
+        return node.m_state.hasPort(side, index);
+    }
+
+    static auto connectionIds(const CNodeBase& node) { return node.m_state.connectionIds(); }
+
     /// Takes a node out of the graph: every connection end that leads to it is cleared, and it is destroyed, at once or
     /// when the last visit has left it.
     static void retire(std::unique_ptr<CNodeBase> node)

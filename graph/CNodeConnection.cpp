@@ -70,7 +70,7 @@ CNodeConnection::~CNodeConnection()
 
     CConversion::endAll(*this);
     for (const CNodeState::SEntry& entry : qAsConst(m_entries))
-        entry.table->forgetConnection(entry, *this);
+        entry.state->forgetConnection(entry, *this);
     unlinkEnd(ENodePortType::In);
     unlinkEnd(ENodePortType::Out);
 }
@@ -136,9 +136,9 @@ void CNodeConnection::propagateEmptyData() const
 void CNodeConnection::removeFromNodes() const
 {
     if (m_in.node)
-        m_in.node->nodeState().eraseConnection(ENodePortType::In, m_in.index, m_id);
+        m_in.node->nodeState().takeOut(ENodePortType::In, m_in.index, *this);
     if (m_out.node)
-        m_out.node->nodeState().eraseConnection(ENodePortType::Out, m_out.index, m_id);
+        m_out.node->nodeState().takeOut(ENodePortType::Out, m_out.index, *this);
 }
 
 QJsonObject CNodeConnection::save() const
@@ -201,11 +201,11 @@ void CNodeConnection::onNodeGone(ENodePortType side, const CNodeBase& node)
         clearNode(side);
 }
 
-const CNodeState::SEntry* CNodeConnection::findEntry(const CNodeState& table, ENodePortType side,
+const CNodeState::SEntry* CNodeConnection::findEntry(const CNodeState& state, ENodePortType side,
                                                      NodePortIndex port) const
 {
     for (const CNodeState::SEntry& entry : m_entries) {
-        if (entry.table == &table && entry.side == side && entry.port == port && table.isFilled(entry))
+        if (entry.state == &state && entry.side == side && entry.port == port && state.isFilled(entry))
             return &entry;
     }
     return nullptr;
@@ -226,7 +226,7 @@ void CNodeConnection::moveEntry(const CNodeState::SEntry& entry, int position)
 CNodeState::SEntry* CNodeConnection::findNote(const CNodeState::SEntry& entry)
 {
     const auto found = std::find_if(m_entries.begin(), m_entries.end(), [&entry](const CNodeState::SEntry& note) {
-        return note.table == entry.table && note.side == entry.side && note.port == entry.port &&
+        return note.state == entry.state && note.side == entry.side && note.port == entry.port &&
                note.position == entry.position;
     });
     Q_ASSERT(found != m_entries.end());

@@ -143,7 +143,7 @@ private:
     // For the node, which is being destroyed or leaves its scene.
     void onNodeGone(ENodePortType side, const CNodeBase& node);
 
-    const CNodeState::SEntry* findEntry(const CNodeState& table, ENodePortType side, NodePortIndex port) const;
+    const CNodeState::SEntry* findEntry(const CNodeState& state, ENodePortType side, NodePortIndex port) const;
     void dropEntry(const CNodeState::SEntry& entry);
     void moveEntry(const CNodeState::SEntry& entry, int position);
     CNodeState::SEntry* findNote(const CNodeState::SEntry& entry);

@@ -10,27 +10,53 @@
 #include <QDebug>
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace Plugin {
 namespace Halvex {
 namespace {
 
-// A port's table keeps that many connections in the one bucket that it has without asking for memory; most ports never
-// have more than one.
-constexpr std::size_t fewConnections = 12;
-
 constexpr ENodePortType bothSides[] = {ENodePortType::In, ENodePortType::Out};
+
+int countPorts(const CNodeDataModel& model, ENodePortType side)
+{
+    const unsigned int ports = model.nPorts(side);
+    if (ports > unsigned(std::numeric_limits<int>::max()))
+        qBadAlloc();
+    return int(ports);
+}
 
 } // namespace
 
-CNodeState::CNodeState(const std::unique_ptr<CNodeDataModel>& model)
-    : m_in(model ? model->nPorts(ENodePortType::In) : 0)
-    , m_out(model ? model->nPorts(ENodePortType::Out) : 0)
+template <typename Visitor>
+void CNodeState::forEachPlace(ENodePortType side, NodePortIndex port, const Visitor& visitor) const
 {
-    m_inRows.resize(int(m_in.size()));
-    m_outRows.resize(int(m_out.size()));
-    m_readyRows = uint(m_out.size());
+    for (const SPlace& place : rows(side)[port].places) {
+        if (place.until == staysFilled)
+            visitor(*place.connection);
+    }
+}
+
+template <typename Visitor>
+void CNodeState::forEachConnection(ENodePortType side, NodePortIndex port, const Visitor& visitor) const
+{
+    if (!m_tables) {
+        forEachPlace(side, port, visitor);
+        return;
+    }
+    for (const auto& entry : m_tables->of(side)[std::size_t(port)]) {
+        if (entry.second)
+            visitor(*entry.second);
+    }
+}
+
+CNodeState::CNodeState(const std::unique_ptr<CNodeDataModel>& model)
+{
+    if (!model)
+        return;
+    const int inPorts = countPorts(*model, ENodePortType::In);
+    resizeRows(inPorts, countPorts(*model, ENodePortType::Out));
 }
 
 CNodeState::CNodeState(const CNodeState& other)
@@ -71,81 +97,107 @@ CNodeState::~CNodeState()
 
 CNodeState::Connections CNodeState::connections(ENodePortType portType, NodePortIndex index) const
 {
-    const Connections* const port = requirePort(portType, index);
-    return port ? *port : Connections();
+    if (!requirePort(portType, index))
+        return {};
+    Connections found;
+    forEachConnection(portType, index,
+                      [&found](CNodeConnection& connection) { found.emplace(connection.id(), &connection); });
+    return found;
 }
 
 void CNodeState::setConnection(ENodePortType portType, NodePortIndex index, CNodeConnection& connection)
 {
-    if (!findPort(portType, index))
+    if (!hasPort(portType, index) || connection.findEntry(*this, portType, index))
         return;
-    Connections& port = table(portType)[std::size_t(index)];
-    if (port.empty())
-        port.max_load_factor(fewConnections);
-    else if (port.size() == fewConnections)
-        port.max_load_factor(1);
-    if (port.emplace(connection.id(), &connection).second)
+    if (!m_tables || m_tables->of(portType)[std::size_t(index)].emplace(connection.id(), &connection).second)
         addPlace(portType, index, connection);
 }
 
 void CNodeState::eraseConnection(ENodePortType portType, NodePortIndex index, const Core::CId& id)
 {
-    if (!findPort(portType, index))
+    if (!hasPort(portType, index))
         return;
-    Connections& port = table(portType)[std::size_t(index)];
+    Connections& port = tables().of(portType)[std::size_t(index)];
     const auto found = port.find(id);
     if (found == port.end())
         return;
-    CNodeConnection* const connection = found->second;
-    port.erase(found);
-    if (const SEntry* const entry = connection ? connection->findEntry(*this, portType, index) : nullptr)
-        givePlaceUp(*entry);
+    if (found->second)
+        takeOut(portType, index, *found->second);
+    else
+        port.erase(found);
 }
 
 std::vector<CNodeState::Connections>& CNodeState::getEntries(ENodePortType portType)
 {
     m_readyRows = 0; // whoever takes this reference may write at any later time
-    return table(portType);
+    return tables().of(portType);
 }
 
 const std::vector<CNodeState::Connections>& CNodeState::getEntries(ENodePortType portType) const
 {
-    return table(portType);
+    return tables().of(portType);
 }
 
-const std::vector<CNodeState::Connections>& CNodeState::table(ENodePortType side) const
+std::vector<CNodeState::Connections>& CNodeState::STables::of(ENodePortType side)
 {
     switch (side) {
     case ENodePortType::In:
-        return m_in;
+        return in;
     case ENodePortType::Out:
-        return m_out;
+        return out;
     case ENodePortType::None:
         break;
     }
-    return m_none;
+    return none;
 }
 
-std::vector<CNodeState::Connections>& CNodeState::table(ENodePortType side)
+CNodeState::STables& CNodeState::tables() const
 {
-    return const_cast<std::vector<Connections>&>(std::as_const(*this).table(side));
+    if (m_tables)
+        return *m_tables;
+    auto made = std::make_unique<STables>();
+    made->in.reserve(std::size_t(m_inPorts));
+    made->out.reserve(std::size_t(m_outPorts));
+    for (NodePortIndex port = 0; port < m_inPorts; ++port)
+        made->in.push_back(connections(ENodePortType::In, port));
+    for (NodePortIndex port = 0; port < m_outPorts; ++port)
+        made->out.push_back(connections(ENodePortType::Out, port));
+    m_tables = std::move(made);
+    return *m_tables;
 }
 
-const CNodeState::Connections* CNodeState::findPort(ENodePortType portType, NodePortIndex index) const
+bool CNodeState::hasPort(ENodePortType side, NodePortIndex index) const
 {
-    const auto& ports = table(portType);
     // As an unsigned number, a negative index is beyond the end as well.
-    return quint64(index) < ports.size() ? &ports[std::size_t(index)] : nullptr;
+    switch (side) {
+    case ENodePortType::In:
+        return uint(index) < uint(m_inPorts);
+    case ENodePortType::Out:
+        return uint(index) < uint(m_outPorts);
+    case ENodePortType::None:
+        break;
+    }
+    return false;
 }
 
-const CNodeState::Connections* CNodeState::requirePort(ENodePortType portType, NodePortIndex index) const
+bool CNodeState::requirePort(ENodePortType side, NodePortIndex index) const
 {
-    const Connections* const port = findPort(portType, index);
-    if (!port) {
+    const bool isThere = hasPort(side, index);
+    if (!isThere) {
         qDebug() << "Plugin::Halvex::CNodeState::connections"
-                 << ": Could not find port " << index << " of type " << int(portType);
+                 << ": Could not find port " << index << " of type " << int(side);
     }
-    return port;
+    return isThere;
+}
+
+void CNodeState::resizeRows(int inPorts, int outPorts)
+{
+    m_inPorts = inPorts;
+    m_outPorts = outPorts;
+    m_readyRows = uint(outPorts);
+    // No row is taken away: a walk may stand in it.
+    m_inRows.resize(std::max(m_inRows.size(), inPorts));
+    m_outRows.resize(std::max(m_outRows.size(), outPorts));
 }
 
 void CNodeState::addPlace(ENodePortType side, NodePortIndex port, CNodeConnection& connection)
@@ -153,6 +205,14 @@ void CNodeState::addPlace(ENodePortType side, NodePortIndex port, CNodeConnectio
     auto& places = rows(side)[port].places;
     connection.m_entries.append({this, side, port, places.size()});
     places.append({&connection, staysFilled});
+}
+
+void CNodeState::takeOut(ENodePortType side, NodePortIndex port, const CNodeConnection& connection)
+{
+    if (m_tables && hasPort(side, port))
+        m_tables->of(side)[std::size_t(port)].erase(connection.id());
+    if (const SEntry* const entry = connection.findEntry(*this, side, port))
+        givePlaceUp(*entry);
 }
 
 void CNodeState::givePlaceUp(SEntry entry)
@@ -178,17 +238,84 @@ void CNodeState::removePlace(ENodePortType side, NodePortIndex port, int positio
     moved.connection->moveEntry({this, side, port, places.size()}, position);
 }
 
+CNodeState::Ids CNodeState::connectionIds() const
+{
+    Ids ids;
+    const auto append = [&ids](const CNodeConnection& connection) { ids.append(connection.id()); };
+    for (NodePortIndex port = 0; port < m_inPorts; ++port)
+        forEachConnection(ENodePortType::In, port, append);
+    for (NodePortIndex port = 0; port < m_outPorts; ++port)
+        forEachConnection(ENodePortType::Out, port, append);
+    return ids;
+}
+
 bool CNodeState::isFilled(const SEntry& entry) const
 {
     return rows(entry.side)[entry.port].places[entry.position].until == staysFilled;
 }
 
+bool CNodeState::prepareRow(NodePortIndex outPort)
+{
+    if (!requirePort(ENodePortType::Out, outPort))
+        return false;
+    readTable(outPort);
+    return true;
+}
+
+void CNodeState::readTable(NodePortIndex outPort)
+{
+    const Connections& port = tables().out[std::size_t(outPort)];
+    const auto before = m_outRows[outPort].places;
+    for (const SPlace& place : before) {
+        if (place.until != staysFilled)
+            continue;
+        const auto found = port.find(place.connection->id());
+        if (found == port.end() || found->second != place.connection)
+            givePlaceUp(*place.connection->findEntry(*this, ENodePortType::Out, outPort));
+    }
+    for (const auto& entry : port) {
+        if (entry.second && !entry.second->findEntry(*this, ENodePortType::Out, outPort))
+            addPlace(ENodePortType::Out, outPort, *entry.second);
+    }
+}
+
+void CNodeState::copyFrom(const CNodeState& other)
+{
+    resizeRows(other.m_inPorts, other.m_outPorts);
+    m_readyRows = other.m_readyRows;
+    if (other.m_tables)
+        m_tables = std::make_unique<STables>(*other.m_tables);
+    for (const ENodePortType side : bothSides) {
+        for (NodePortIndex port = 0; port < other.rows(side).size(); ++port)
+            other.forEachPlace(side, port, [&](CNodeConnection& connection) { addPlace(side, port, connection); });
+    }
+}
+
+void CNodeState::clear()
+{
+    resizeRows(0, 0);
+    m_tables.reset();
+    ++m_lastChange;
+    for (const ENodePortType side : bothSides) {
+        for (SRow& row : rows(side)) {
+            for (SPlace& place : row.places)
+                place.until = std::min(place.until, m_lastChange);
+        }
+    }
+    if (m_visit)
+        CNodeVisit::leaveUntidy(*this);
+    else
+        tidy();
+}
+
 void CNodeState::forgetConnection(const SEntry& entry, const CNodeConnection& connection)
 {
-    Connections& port = table(entry.side)[std::size_t(entry.port)];
-    const auto found = port.find(connection.id());
-    if (found != port.end() && found->second == &connection)
-        port.erase(found);
+    if (m_tables && hasPort(entry.side, entry.port)) {
+        Connections& port = m_tables->of(entry.side)[std::size_t(entry.port)];
+        const auto found = port.find(connection.id());
+        if (found != port.end() && found->second == &connection)
+            port.erase(found);
+    }
     if (m_visit) {
         rows(entry.side)[entry.port].places[entry.position] = {nullptr, 0};
         CNodeVisit::leaveUntidy(*this);
@@ -217,67 +344,6 @@ void CNodeState::tidyRow(ENodePortType side, NodePortIndex port)
             place.connection->dropEntry({this, side, port, position});
         removePlace(side, port, position);
     }
-}
-
-bool CNodeState::prepareRow(NodePortIndex outPort)
-{
-    if (!requirePort(ENodePortType::Out, outPort))
-        return false;
-    readTable(outPort);
-    return true;
-}
-
-void CNodeState::readTable(NodePortIndex outPort)
-{
-    const Connections& port = m_out[std::size_t(outPort)];
-    const auto before = m_outRows[outPort].places;
-    for (const SPlace& place : before) {
-        if (place.until != staysFilled)
-            continue;
-        const auto found = port.find(place.connection->id());
-        if (found == port.end() || found->second != place.connection)
-            givePlaceUp(*place.connection->findEntry(*this, ENodePortType::Out, outPort));
-    }
-    for (const auto& entry : port) {
-        if (entry.second && !entry.second->findEntry(*this, ENodePortType::Out, outPort))
-            addPlace(ENodePortType::Out, outPort, *entry.second);
-    }
-}
-
-void CNodeState::copyFrom(const CNodeState& other)
-{
-    m_in = other.m_in;
-    m_out = other.m_out;
-    m_readyRows = other.m_readyRows;
-    for (const ENodePortType side : bothSides) {
-        const Rows& from = other.rows(side);
-        // Rows are never taken away: a walk may stand in them.
-        rows(side).resize(std::max(rows(side).size(), from.size()));
-        for (NodePortIndex port = 0; port < from.size(); ++port) {
-            for (const SPlace& place : from[port].places) {
-                if (place.until == staysFilled)
-                    addPlace(side, port, *place.connection);
-            }
-        }
-    }
-}
-
-void CNodeState::clear()
-{
-    m_in.clear();
-    m_out.clear();
-    m_readyRows = 0;
-    ++m_lastChange;
-    for (const ENodePortType side : bothSides) {
-        for (SRow& row : rows(side)) {
-            for (SPlace& place : row.places)
-                place.until = std::min(place.until, m_lastChange);
-        }
-    }
-    if (m_visit)
-        CNodeVisit::leaveUntidy(*this);
-    else
-        tidy();
 }
 
 } // namespace Halvex

@@ -72,6 +72,7 @@ public:
     const std::vector<Connections>& getEntries(ENodePortType portType) const;
 
 private:
+    friend class CGraphOwner;
     friend class CNodeBase;
     friend class CNodeConnection;
     friend class CNodeVisit;
@@ -85,38 +86,57 @@ private:
     };
     static constexpr quint64 staysFilled = ~quint64(0);
 
-    /// The connections of one port in a row: a walk reads no table. There is room for one next to the other members,
-    /// since most ports have one; what a hop reads then lies together.
+    /// The connections of one port: what walks read. There is room for one next to the other members, since most ports
+    /// have one; what a hop reads then lies together.
     struct SRow
     {
         QVarLengthArray<SPlace, 1> places;
     };
     using Rows = QVarLengthArray<SRow, 1>;
 
-    /// A connection's note of its place in a table.
+    /// A connection's note of its place in a row.
     struct SEntry
     {
-        CNodeState* table;
+        CNodeState* state;
         ENodePortType side;
         NodePortIndex port;
-        int position; ///< In the row of that port.
+        int position;
     };
 
-    const Connections* findPort(ENodePortType portType, NodePortIndex index) const;
-    // Says in the debug message which port is missing.
-    const Connections* requirePort(ENodePortType portType, NodePortIndex index) const;
+    /// The same as tables: what hosts read.
+    struct STables
+    {
+        std::vector<Connections> in;
+        std::vector<Connections> out;
+        std::vector<Connections> none;
+
+        std::vector<Connections>& of(ENodePortType side);
+    };
+
+    bool hasPort(ENodePortType side, NodePortIndex index) const;
+    // The same, and says in the debug message which port is missing.
+    bool requirePort(ENodePortType side, NodePortIndex index) const;
+    void resizeRows(int inPorts, int outPorts);
     Rows& rows(ENodePortType side) { return side == ENodePortType::In ? m_inRows : m_outRows; }
     const Rows& rows(ENodePortType side) const { return side == ENodePortType::In ? m_inRows : m_outRows; }
-    std::vector<Connections>& table(ENodePortType side);
-    const std::vector<Connections>& table(ENodePortType side) const;
+    STables& tables() const;
 
+    // Of all connections: input ports first, in index order. One that leads from the node to itself is there twice.
+    using Ids = QVarLengthArray<Core::CId, 8>;
+    Ids connectionIds() const;
+
+    template <typename Visitor>
+    void forEachPlace(ENodePortType side, NodePortIndex port, const Visitor& visitor) const;
+    // The same with what a host may have written.
+    template <typename Visitor>
+    void forEachConnection(ENodePortType side, NodePortIndex port, const Visitor& visitor) const;
     void addPlace(ENodePortType side, NodePortIndex port, CNodeConnection& connection);
     void givePlaceUp(SEntry entry);
     void removePlace(ENodePortType side, NodePortIndex port, int position);
     bool isFilled(const SEntry& entry) const;
-    void tidyRow(ENodePortType side, NodePortIndex port);
     bool prepareRow(NodePortIndex outPort);
     void readTable(NodePortIndex outPort);
+    void takeOut(ENodePortType side, NodePortIndex port, const CNodeConnection& connection);
 
     void copyFrom(const CNodeState& other);
     void clear();
@@ -125,16 +145,17 @@ private:
     void forgetConnection(const SEntry& entry, const CNodeConnection& connection);
     // For the last visit that leaves the node.
     void tidy();
+    void tidyRow(ENodePortType side, NodePortIndex port);
 
     // What a walk reads comes first.
-    CNodeVisit* m_visit = nullptr; // the innermost stretch of code that stands in the table's node: places stay put
+    CNodeVisit* m_visit = nullptr; // the innermost stretch of code that stands in the node: places stay where they are
     Rows m_outRows;
     quint64 m_lastChange = 0; // of the rows, since somebody stands in the node
-    uint m_readyRows = 0;     // that a walk may read at once: all, or none once a host may have written into the table
+    uint m_readyRows = 0;     // that a walk may read at once: all, or none once a host may have written into the tables
+    int m_outPorts = 0;
+    int m_inPorts = 0;
     Rows m_inRows;
-    std::vector<Connections> m_in;
-    std::vector<Connections> m_out;
-    std::vector<Connections> m_none;
+    mutable std::unique_ptr<STables> m_tables; // made when a host asks for them, and kept up to date from then on
 };
 
 } // namespace Halvex

@@ -121,10 +121,10 @@ private:
         for (CNodeVisit* visit = std::exchange(node.m_state.m_visit, nullptr); visit; visit = visit->m_outer)
             visit->m_node = nullptr;
     }
-    // The outermost visit is to tidy the table up when it leaves.
-    static void leaveUntidy(const CNodeState& table)
+    // The outermost visit is to tidy the rows up when it leaves.
+    static void leaveUntidy(const CNodeState& state)
     {
-        CNodeVisit* outermost = table.m_visit;
+        CNodeVisit* outermost = state.m_visit;
         while (outermost->m_outer)
             outermost = outermost->m_outer;
         outermost->m_hasToTidy = 1;
@@ -133,14 +133,14 @@ private:
     {
         if (!m_node)
             return;
-        CNodeState& table = m_node->m_state;
-        table.m_visit = m_outer;
+        CNodeState& state = m_node->m_state;
+        state.m_visit = m_outer;
         if (m_outer)
             return;
         if (isOver())
             delete m_node;
         else
-            table.tidy();
+            state.tidy();
     }
 
     static constexpr int roundOfGoneNode = 0;

@@ -10,7 +10,6 @@
 
 #include <QPointer>
 #include <QScopeGuard>
-#include <QVarLengthArray>
 
 #include <algorithm>
 #include <utility>
@@ -274,8 +273,7 @@ bool CNodeScene::isOpen(const CNodeBase& node) const
 
 bool CNodeScene::canConnect(const CNodeBase& node, ENodePortType portType, int portIndex) const
 {
-    // As an unsigned number, a negative index is beyond the end as well.
-    return isOpen(node) && quint64(portIndex) < node.nodeState().getEntries(portType).size();
+    return isOpen(node) && CGraphOwner::hasPort(node, portType, portIndex);
 }
 
 bool CNodeScene::isWhole(const CNodeConnection& connection) const
@@ -288,10 +286,14 @@ bool CNodeScene::isWhole(const CNodeConnection& connection) const
 void CNodeScene::takeOut(CNodeBase& node)
 {
     Q_ASSERT(holds(node));
-    auto entry = m_nodes.extract(find(node));
-    const std::shared_ptr<CNodeBase> last(
-        entry.mapped().release(), [](CNodeBase* taken) { CGraphOwner::retire(std::unique_ptr<CNodeBase>(taken)); });
+    auto taken = m_nodes.extract(find(node));
+    if (!m_queue->isBusy()) {
+        CGraphOwner::retire(std::move(taken.mapped()));
+        return;
+    }
     // Its connections may wait in the queue, and their handlers are still to see them with both ends.
+    const std::shared_ptr<CNodeBase> last(
+        taken.mapped().release(), [](CNodeBase* left) { CGraphOwner::retire(std::unique_ptr<CNodeBase>(left)); });
     m_queue->defer([last] {});
 }
 
@@ -335,15 +337,8 @@ bool CNodeScene::deferDeletion(const Core::CId& id)
 
 bool CNodeScene::deleteConnectionsOf(const CNodeBase& node)
 {
-    QVarLengthArray<Core::CId, 8> ids;
-    for (const ENodePortType side : {ENodePortType::In, ENodePortType::Out}) {
-        for (const CNodeState::Connections& port : node.nodeState().getEntries(side)) {
-            for (const auto& entry : port)
-                ids.append(entry.first);
-        }
-    }
-
-    for (const Core::CId& id : qAsConst(ids)) {
+    const auto ids = CGraphOwner::connectionIds(node);
+    for (const Core::CId& id : ids) {
         if (!deferDeletion(id))
             return false;
     }

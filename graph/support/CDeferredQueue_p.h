@@ -63,7 +63,7 @@ public:
     template <typename Action>
     bool defer(Action action)
     {
-        if (m_state->depth == 0 && m_state->actions.empty())
+        if (!isBusy())
             return run(action);
         m_state->actions.push_back(std::move(action));
         return run([] {});
@@ -72,6 +72,9 @@ public:
     /// For the owner's destructor. Work that is under way ends as if the owner was gone already; what waits is kept,
     /// and is done by the next run().
     void leaveWorkUnderWay();
+
+    /// Whether an action that is deferred now would have to wait.
+    bool isBusy() const { return m_state->depth > 0 || !m_state->actions.empty(); }
 
     /// How deep work is nested.
     unsigned int depth() const { return m_state->depth; }

@@ -4,6 +4,7 @@
 #include "graph/CNodeState.h"
 
 #include "support/CMessageCatcher.h"
+#include "support/CRowInspector.h"
 #include "support/STestNode.h"
 
 #include <QtTest>
@@ -81,7 +82,9 @@ private Q_SLOTS:
     void erasingTakesOneEntryOut();
     void erasingWhatIsNotThereChangesNothing();
     void missingPortIsNeitherSetNorErased();
-    void portWithManyConnectionsHasBucketsForThem();
+    void tablesFollowOnceTheyWereMade();
+    void writtenEntriesAreServed();
+    void rowIsTidyAfterAWalk();
     void connectionsAreACopy();
     void copyIsIndependent();
     void assignedCopyIsIndependent();
@@ -284,26 +287,64 @@ void tst_CNodeState::missingPortIsNeitherSetNorErased()
     QCOMPARE(messages.texts(), QStringList());
 }
 
-void tst_CNodeState::portWithManyConnectionsHasBucketsForThem()
+void tst_CNodeState::tablesFollowOnceTheyWereMade()
 {
+    SLooseConnection first;
+    SLooseConnection second;
     CNodeState state = makeState(1, 1);
+    state.setConnection(Out, 0, *first.connection);
     const CNodeState::Connections& port = std::as_const(state).getEntries(Out)[0];
-    // A port that was emptied fills up as a new one does.
-    for (int round = 0; round < 2; ++round) {
-        std::vector<SLooseConnection> loose(100);
-        for (SLooseConnection& each : loose) {
-            state.setConnection(Out, 0, *each.connection);
-            if (port.size() > 12)
-                QVERIFY2(port.load_factor() <= 1, qPrintable(QString::number(port.size())));
-#ifdef __GLIBCXX__ // of whose tables the first bucket costs no memory
-            else if (round == 0)
-                QCOMPARE(port.bucket_count(), std::size_t(1));
-#endif
-        }
-        for (const SLooseConnection& each : loose)
-            state.eraseConnection(Out, 0, each.connection->id());
-        QVERIFY(port.empty());
-    }
+    QCOMPARE(port.size(), std::size_t(1));
+
+    state.setConnection(Out, 0, *second.connection);
+    QCOMPARE(port.size(), std::size_t(2));
+    QCOMPARE(port.at(second.connection->id()), &*second.connection);
+    state.eraseConnection(Out, 0, first.connection->id());
+    QCOMPARE(port.size(), std::size_t(1));
+    second.connection.reset();
+    QVERIFY(port.empty());
+}
+
+void tst_CNodeState::writtenEntriesAreServed()
+{
+    const STestNode source;
+    const SLooseConnection loose;
+    auto& port = source->nodeState().getEntries(Out)[0];
+    port.emplace(loose.connection->id(), const_cast<CNodeConnection*>(&*loose.connection));
+    source.model->offer(CTestData::make(1));
+    port.clear();
+    source.model->offer(CTestData::make(2));
+    port.emplace(loose.connection->id(), const_cast<CNodeConnection*>(&*loose.connection));
+    source.model->offer(CTestData::make(3));
+    QCOMPARE(loose.sink.model->values(), std::vector<int>({1, 3}));
+}
+
+void tst_CNodeState::rowIsTidyAfterAWalk()
+{
+    const STestNode source;
+    const STestNode sink;
+    auto stays = join(source, sink);
+    std::vector<std::unique_ptr<CNodeConnection>> others;
+    for (int i = 0; i < 5; ++i)
+        others.push_back(join(source, sink));
+    int places = 0;
+    sink.model->onSetInData = [&](const CNodeDataPtr& data, NodePortIndex) {
+        if (!data || others.empty())
+            return;
+        others[0]->removeFromNodes();
+        others[1].reset();
+        const auto going = std::move(others);
+        others.clear();
+        places = CRowInspector::places(source->nodeState(), Out, 0);
+    };
+
+    source.model->offer(CTestData::make(1));
+
+    QVERIFY(places > 1);
+    QCOMPARE(CRowInspector::places(source->nodeState(), Out, 0), 1);
+    sink.model->received.clear();
+    source.model->offer(CTestData::make(2));
+    QCOMPARE(sink.model->values(), std::vector<int>({2}));
 }
 
 void tst_CNodeState::connectionsAreACopy()
