@@ -32,7 +32,7 @@ int countPorts(const CNodeDataModel& model, ENodePortType side)
 template <typename Visitor>
 void CNodeState::forEachPlace(ENodePortType side, NodePortIndex port, const Visitor& visitor) const
 {
-    for (const SPlace& place : rows(side)[port].places) {
+    for (const SPlace& place : rows(side)[port]) {
         if (place.until == staysFilled)
             visitor(*place.connection);
     }
@@ -45,7 +45,7 @@ void CNodeState::forEachConnection(ENodePortType side, NodePortIndex port, const
         forEachPlace(side, port, visitor);
         return;
     }
-    for (const auto& entry : m_tables->of(side)[std::size_t(port)]) {
+    for (const auto& entry : table(side)[std::size_t(port)]) {
         if (entry.second)
             visitor(*entry.second);
     }
@@ -109,7 +109,7 @@ void CNodeState::setConnection(ENodePortType portType, NodePortIndex index, CNod
 {
     if (!hasPort(portType, index) || connection.findEntry(*this, portType, index))
         return;
-    if (!m_tables || m_tables->of(portType)[std::size_t(index)].emplace(connection.id(), &connection).second)
+    if (!m_tables || table(portType)[std::size_t(index)].emplace(connection.id(), &connection).second)
         addPlace(portType, index, connection);
 }
 
@@ -117,7 +117,7 @@ void CNodeState::eraseConnection(ENodePortType portType, NodePortIndex index, co
 {
     if (!hasPort(portType, index))
         return;
-    Connections& port = tables().of(portType)[std::size_t(index)];
+    Connections& port = table(portType)[std::size_t(index)];
     const auto found = port.find(id);
     if (found == port.end())
         return;
@@ -130,40 +130,27 @@ void CNodeState::eraseConnection(ENodePortType portType, NodePortIndex index, co
 std::vector<CNodeState::Connections>& CNodeState::getEntries(ENodePortType portType)
 {
     m_readyRows = 0; // whoever takes this reference may write at any later time
-    return tables().of(portType);
+    return table(portType);
 }
 
 const std::vector<CNodeState::Connections>& CNodeState::getEntries(ENodePortType portType) const
 {
-    return tables().of(portType);
+    return table(portType);
 }
 
-std::vector<CNodeState::Connections>& CNodeState::STables::of(ENodePortType side)
+std::vector<CNodeState::Connections>& CNodeState::table(ENodePortType side) const
 {
-    switch (side) {
-    case ENodePortType::In:
-        return in;
-    case ENodePortType::Out:
-        return out;
-    case ENodePortType::None:
-        break;
+    if (!m_tables) {
+        auto made = std::make_unique<Tables>();
+        for (const ENodePortType real : bothSides) {
+            auto& ports = (*made)[std::size_t(real)];
+            for (NodePortIndex port = 0; hasPort(real, port); ++port)
+                ports.push_back(connections(real, port));
+        }
+        m_tables = std::move(made);
     }
-    return none;
-}
-
-CNodeState::STables& CNodeState::tables() const
-{
-    if (m_tables)
-        return *m_tables;
-    auto made = std::make_unique<STables>();
-    made->in.reserve(std::size_t(m_inPorts));
-    made->out.reserve(std::size_t(m_outPorts));
-    for (NodePortIndex port = 0; port < m_inPorts; ++port)
-        made->in.push_back(connections(ENodePortType::In, port));
-    for (NodePortIndex port = 0; port < m_outPorts; ++port)
-        made->out.push_back(connections(ENodePortType::Out, port));
-    m_tables = std::move(made);
-    return *m_tables;
+    const bool isReal = side == ENodePortType::In || side == ENodePortType::Out;
+    return (*m_tables)[std::size_t(isReal ? side : ENodePortType::None)];
 }
 
 bool CNodeState::hasPort(ENodePortType side, NodePortIndex index) const
@@ -202,7 +189,7 @@ void CNodeState::resizeRows(int inPorts, int outPorts)
 
 void CNodeState::addPlace(ENodePortType side, NodePortIndex port, CNodeConnection& connection)
 {
-    auto& places = rows(side)[port].places;
+    auto& places = rows(side)[port];
     connection.m_entries.append({this, side, port, places.size()});
     places.append({&connection, staysFilled});
 }
@@ -210,14 +197,14 @@ void CNodeState::addPlace(ENodePortType side, NodePortIndex port, CNodeConnectio
 void CNodeState::takeOut(ENodePortType side, NodePortIndex port, const CNodeConnection& connection)
 {
     if (m_tables && hasPort(side, port))
-        m_tables->of(side)[std::size_t(port)].erase(connection.id());
+        table(side)[std::size_t(port)].erase(connection.id());
     if (const SEntry* const entry = connection.findEntry(*this, side, port))
         givePlaceUp(*entry);
 }
 
 void CNodeState::givePlaceUp(SEntry entry)
 {
-    SPlace& place = rows(entry.side)[entry.port].places[entry.position];
+    SPlace& place = rows(entry.side)[entry.port][entry.position];
     if (m_visit) {
         place.until = ++m_lastChange;
         CNodeVisit::leaveUntidy(*this);
@@ -229,7 +216,7 @@ void CNodeState::givePlaceUp(SEntry entry)
 
 void CNodeState::removePlace(ENodePortType side, NodePortIndex port, int position)
 {
-    auto& places = rows(side)[port].places;
+    auto& places = rows(side)[port];
     const SPlace moved = places.last();
     places.removeLast();
     if (position == places.size())
@@ -251,7 +238,7 @@ CNodeState::Ids CNodeState::connectionIds() const
 
 bool CNodeState::isFilled(const SEntry& entry) const
 {
-    return rows(entry.side)[entry.port].places[entry.position].until == staysFilled;
+    return rows(entry.side)[entry.port][entry.position].until == staysFilled;
 }
 
 bool CNodeState::prepareRow(NodePortIndex outPort)
@@ -264,8 +251,8 @@ bool CNodeState::prepareRow(NodePortIndex outPort)
 
 void CNodeState::readTable(NodePortIndex outPort)
 {
-    const Connections& port = tables().out[std::size_t(outPort)];
-    const auto before = m_outRows[outPort].places;
+    const Connections& port = table(ENodePortType::Out)[std::size_t(outPort)];
+    const auto before = m_outRows[outPort];
     for (const SPlace& place : before) {
         if (place.until != staysFilled)
             continue;
@@ -284,7 +271,7 @@ void CNodeState::copyFrom(const CNodeState& other)
     resizeRows(other.m_inPorts, other.m_outPorts);
     m_readyRows = other.m_readyRows;
     if (other.m_tables)
-        m_tables = std::make_unique<STables>(*other.m_tables);
+        m_tables = std::make_unique<Tables>(*other.m_tables);
     for (const ENodePortType side : bothSides) {
         for (NodePortIndex port = 0; port < other.rows(side).size(); ++port)
             other.forEachPlace(side, port, [&](CNodeConnection& connection) { addPlace(side, port, connection); });
@@ -297,8 +284,8 @@ void CNodeState::clear()
     m_tables.reset();
     ++m_lastChange;
     for (const ENodePortType side : bothSides) {
-        for (SRow& row : rows(side)) {
-            for (SPlace& place : row.places)
+        for (Row& row : rows(side)) {
+            for (SPlace& place : row)
                 place.until = std::min(place.until, m_lastChange);
         }
     }
@@ -311,13 +298,13 @@ void CNodeState::clear()
 void CNodeState::forgetConnection(const SEntry& entry, const CNodeConnection& connection)
 {
     if (m_tables && hasPort(entry.side, entry.port)) {
-        Connections& port = m_tables->of(entry.side)[std::size_t(entry.port)];
+        Connections& port = table(entry.side)[std::size_t(entry.port)];
         const auto found = port.find(connection.id());
         if (found != port.end() && found->second == &connection)
             port.erase(found);
     }
     if (m_visit) {
-        rows(entry.side)[entry.port].places[entry.position] = {nullptr, 0};
+        rows(entry.side)[entry.port][entry.position] = {nullptr, 0};
         CNodeVisit::leaveUntidy(*this);
     } else {
         removePlace(entry.side, entry.port, entry.position);
@@ -336,8 +323,8 @@ void CNodeState::tidy()
 void CNodeState::tidyRow(ENodePortType side, NodePortIndex port)
 {
     // From the end, so that the place that fills a gap is one that stays.
-    for (int position = rows(side)[port].places.size() - 1; position >= 0; --position) {
-        const SPlace place = rows(side)[port].places[position];
+    for (int position = rows(side)[port].size() - 1; position >= 0; --position) {
+        const SPlace place = rows(side)[port][position];
         if (place.until == staysFilled)
             continue;
         if (place.connection)

@@ -12,6 +12,7 @@
 #include <QVarLengthArray>
 #include <QtGlobal>
 
+#include <array>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -88,11 +89,8 @@ private:
 
     /// The connections of one port: what walks read. There is room for one next to the other members, since most ports
     /// have one; what a hop reads then lies together.
-    struct SRow
-    {
-        QVarLengthArray<SPlace, 1> places;
-    };
-    using Rows = QVarLengthArray<SRow, 1>;
+    using Row = QVarLengthArray<SPlace, 1>;
+    using Rows = QVarLengthArray<Row, 1>;
 
     /// A connection's note of its place in a row.
     struct SEntry
@@ -103,15 +101,8 @@ private:
         int position;
     };
 
-    /// The same as tables: what hosts read.
-    struct STables
-    {
-        std::vector<Connections> in;
-        std::vector<Connections> out;
-        std::vector<Connections> none;
-
-        std::vector<Connections>& of(ENodePortType side);
-    };
+    /// The same as tables, by the number of the side: what hosts read.
+    using Tables = std::array<std::vector<Connections>, 3>;
 
     bool hasPort(ENodePortType side, NodePortIndex index) const;
     // The same, and says in the debug message which port is missing.
@@ -119,7 +110,7 @@ private:
     void resizeRows(int inPorts, int outPorts);
     Rows& rows(ENodePortType side) { return side == ENodePortType::In ? m_inRows : m_outRows; }
     const Rows& rows(ENodePortType side) const { return side == ENodePortType::In ? m_inRows : m_outRows; }
-    STables& tables() const;
+    std::vector<Connections>& table(ENodePortType side) const;
 
     // Of all connections: input ports first, in index order. One that leads from the node to itself is there twice.
     using Ids = QVarLengthArray<Core::CId, 8>;
@@ -155,7 +146,7 @@ private:
     int m_outPorts = 0;
     int m_inPorts = 0;
     Rows m_inRows;
-    mutable std::unique_ptr<STables> m_tables; // made when a host asks for them, and kept up to date from then on
+    mutable std::unique_ptr<Tables> m_tables; // made when a host asks for them, and kept up to date from then on
 };
 
 } // namespace Halvex

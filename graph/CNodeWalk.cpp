@@ -51,17 +51,17 @@ Q_ALWAYS_INLINE void CNodeBase::deliverToPort(NodePortIndex outIndex, CNodeDataP
 
     // Those that the row has now: one that is added comes behind, one that is taken out keeps its place for us.
     const quint64 start = m_state.m_lastChange;
-    const int last = m_state.m_outRows[outIndex].places.size() - 1;
+    const int last = m_state.m_outRows[outIndex].size() - 1;
     if (last < 0)
         return;
     for (int position = 0; position < last; ++position) {
-        const CNodeState::SPlace& place = m_state.m_outRows[outIndex].places[position];
+        const CNodeState::SPlace& place = m_state.m_outRows[outIndex][position];
         if (place.until > start)
             place.connection->deliver(data, visit.gauge());
         if (!visit.mayGoOn())
             return;
     }
-    const CNodeState::SPlace& place = m_state.m_outRows[outIndex].places[last];
+    const CNodeState::SPlace& place = m_state.m_outRows[outIndex][last];
     if (place.until > start)
         place.connection->deliver(std::move(data), visit.gauge());
 }

@@ -18,7 +18,7 @@ public:
     static std::vector<const CNodeConnection*> row(const CNodeState& table, ENodePortType side, NodePortIndex port)
     {
         std::vector<const CNodeConnection*> connections;
-        for (const CNodeState::SPlace& place : table.rows(side)[port].places) {
+        for (const CNodeState::SPlace& place : table.rows(side)[port]) {
             if (place.until == CNodeState::staysFilled)
                 connections.push_back(place.connection);
         }
@@ -28,7 +28,7 @@ public:
     /// How many places a port has, those that were given up included.
     static int places(const CNodeState& table, ENodePortType side, NodePortIndex port)
     {
-        return table.rows(side)[port].places.size();
+        return table.rows(side)[port].size();
     }
 };
 
