@@ -8,18 +8,35 @@
 namespace Plugin {
 namespace Halvex {
 
-CNodeDataModelRegistry::CNodeDataModelRegistry() = default;
-CNodeDataModelRegistry::CNodeDataModelRegistry(CNodeDataModelRegistry&&) noexcept = default;
-CNodeDataModelRegistry& CNodeDataModelRegistry::operator=(CNodeDataModelRegistry&&) noexcept = default;
+CNodeDataModelRegistry::CNodeDataModelRegistry()
+    : m_creators(std::make_shared<std::unordered_map<QString, ModelCreator>>())
+{
+}
+
+CNodeDataModelRegistry::CNodeDataModelRegistry(CNodeDataModelRegistry&& other) noexcept
+    : CNodeDataModelRegistry()
+{
+    *this = std::move(other);
+}
+
+CNodeDataModelRegistry& CNodeDataModelRegistry::operator=(CNodeDataModelRegistry&& other) noexcept
+{
+    if (this == &other)
+        return *this;
+    m_categoryOfModel = std::exchange(other.m_categoryOfModel, {});
+    m_categories = std::exchange(other.m_categories, {});
+    m_creators = std::exchange(other.m_creators, std::make_shared<std::unordered_map<QString, ModelCreator>>());
+    m_converters = std::exchange(other.m_converters, {});
+    return *this;
+}
+
 CNodeDataModelRegistry::~CNodeDataModelRegistry() = default;
 
 std::unique_ptr<CNodeDataModel> CNodeDataModelRegistry::create(const QString& modelName)
 {
-    const auto found = m_creators.find(modelName);
-    if (found == m_creators.end())
-        return nullptr;
-    const ModelCreator creator = found->second; // a copy, because it may replace this registry
-    return creator();
+    const auto creators = m_creators;
+    const auto found = creators->find(modelName);
+    return found == creators->end() ? nullptr : found->second();
 }
 
 const std::set<QString>& CNodeDataModelRegistry::categories() const
@@ -29,7 +46,7 @@ const std::set<QString>& CNodeDataModelRegistry::categories() const
 
 const std::unordered_map<QString, ModelCreator>& CNodeDataModelRegistry::registeredModelCreators() const
 {
-    return m_creators;
+    return *m_creators;
 }
 
 const std::unordered_map<QString, QString>& CNodeDataModelRegistry::registeredModelsCategoryAssociation() const
@@ -62,12 +79,12 @@ void CNodeDataModelRegistry::add(ModelCreator creator, const QString& category)
     const QString name = prototype->name();
     prototype.reset();
 
-    if (m_creators.count(name) != 0)
+    if (m_creators->count(name) != 0)
         return;
     // The creator last: a registration that failed on the way can be done again.
     m_categories.insert(category);
     m_categoryOfModel[name] = category;
-    m_creators.emplace(name, std::move(creator));
+    m_creators->emplace(name, std::move(creator));
 }
 
 } // namespace Halvex

@@ -84,7 +84,8 @@ public:
         registerModel<Model>([] { return std::make_unique<Model>(); }, category);
     }
 
-    /// A new model; empty if no creator has that name.
+    /// A new model, from the creator that is stored: one that counts goes on counting. Empty if no creator has that
+    /// name.
     std::unique_ptr<CNodeDataModel> create(const QString& modelName);
 
     /// Every category that has a model, sorted.
@@ -111,7 +112,8 @@ private:
 
     std::unordered_map<QString, QString> m_categoryOfModel;
     std::set<QString> m_categories;
-    std::unordered_map<QString, ModelCreator> m_creators;
+    // Shared with a create() that is under way: the creator that it calls may replace or destroy this registry.
+    std::shared_ptr<std::unordered_map<QString, ModelCreator>> m_creators;
     std::map<TypePair, NodeDataConverter, SLessById> m_converters;
 };
 

@@ -117,6 +117,7 @@ private Q_SLOTS:
     void creatorThatMakesNothingIsNotRegistered();
     void creatorMayMakeNothingLater();
     void exceptionsLeaveTheRegistryAsItWas();
+    void storedCreatorIsCalled();
     void creatorMayRegister();
     void creatorMayReplaceTheRegistry();
     void findsConvertersByIdAlone();
@@ -308,6 +309,20 @@ void tst_CNodeDataModelRegistry::exceptionsLeaveTheRegistryAsItWas()
     QVERIFY_EXCEPTION_THROWN(registry.registerModel<CNamelessModel>(Filters), std::runtime_error);
     QVERIFY(isEmpty(registry));
     QCOMPARE(CTestModel::alive(), 0);
+}
+
+void tst_CNodeDataModelRegistry::storedCreatorIsCalled()
+{
+    CNodeDataModelRegistry registry;
+    // It names the models after how often it was called, the prototype's call included.
+    registry.registerModel(
+        [calls = 0]() mutable {
+            ++calls;
+            return std::make_unique<CTestModel>(0U, 1U, calls == 1 ? Blur : QString::number(calls));
+        },
+        Filters);
+    QCOMPARE(registry.create(Blur)->name(), QStringLiteral("2"));
+    QCOMPARE(registry.create(Blur)->name(), QStringLiteral("3"));
 }
 
 void tst_CNodeDataModelRegistry::creatorMayRegister()
