@@ -23,6 +23,7 @@ public:
         : m_connection(&connection)
         , m_outer(std::exchange(connection.m_conversion, this))
     {
+        Q_ASSERT(connection.m_converter);
     }
     ~CConversion()
     {

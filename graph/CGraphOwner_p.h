@@ -35,6 +35,7 @@ public:
     /// when the last visit has left it.
     static void retire(std::unique_ptr<CNodeBase> node)
     {
+        Q_ASSERT(node && node->m_stage != ENodeStage::Retired);
         node->m_stage = ENodeStage::Retired;
         node->clearEnds();
         CNodeVisit::endAll(*node);

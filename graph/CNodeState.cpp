@@ -189,6 +189,8 @@ void CNodeState::resizeRows(int inPorts, int outPorts)
 
 void CNodeState::addPlace(ENodePortType side, NodePortIndex port, CNodeConnection& connection)
 {
+    static_assert(sizeof(SPlace) <= 16, "four to a line of the cache");
+    Q_ASSERT(!connection.findEntry(*this, side, port));
     auto& places = rows(side)[port];
     connection.m_entries.append({this, side, port, places.size()});
     places.append({&connection, staysFilled});
@@ -216,6 +218,7 @@ void CNodeState::givePlaceUp(SEntry entry)
 
 void CNodeState::removePlace(ENodePortType side, NodePortIndex port, int position)
 {
+    Q_ASSERT(!m_visit); // a walk would miss what moves
     auto& places = rows(side)[port];
     const SPlace moved = places.last();
     places.removeLast();
@@ -251,14 +254,15 @@ bool CNodeState::prepareRow(NodePortIndex outPort)
 
 void CNodeState::readTable(NodePortIndex outPort)
 {
+    Q_ASSERT(m_visit); // so that no place moves
     const Connections& port = table(ENodePortType::Out)[std::size_t(outPort)];
-    const auto before = m_outRows[outPort];
-    for (const SPlace& place : before) {
-        if (place.until != staysFilled)
+    Row& row = m_outRows[outPort];
+    for (int position = 0; position < row.size(); ++position) {
+        if (row[position].until != staysFilled)
             continue;
-        const auto found = port.find(place.connection->id());
-        if (found == port.end() || found->second != place.connection)
-            givePlaceUp(*place.connection->findEntry(*this, ENodePortType::Out, outPort));
+        const auto found = port.find(row[position].connection->id());
+        if (found == port.end() || found->second != row[position].connection)
+            givePlaceUp({this, ENodePortType::Out, outPort, position});
     }
     for (const auto& entry : port) {
         if (entry.second && !entry.second->findEntry(*this, ENodePortType::Out, outPort))

@@ -47,10 +47,12 @@ public:
     }
     ~CNodeVisit()
     {
-        if (Q_LIKELY(!m_hasToTidy))
+        if (Q_LIKELY(!m_hasToTidy)) {
+            Q_ASSERT(m_node->m_state.m_visit == this);
             m_node->m_state.m_visit = m_outer;
-        else
+        } else {
             leaveAndTidy();
+        }
     }
     Q_DISABLE_COPY(CNodeVisit)
 

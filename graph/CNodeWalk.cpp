@@ -74,6 +74,7 @@ void CNodeBase::onDataUpdated(NodePortIndex index)
         return;
     }
     // The model answers a delivery, and the walk belongs to that visit.
+    Q_ASSERT(m_model);
     if (!visit->mayGoOn())
         return;
     const CNodeVisit::CWalk walk(*visit);
