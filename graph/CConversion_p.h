@@ -36,7 +36,8 @@ public:
     CNodeDataPtr convert(DataPtr&& data)
     {
         CNodeDataPtr converted = (*m_connection->m_converter)(std::forward<DataPtr>(data));
-        m_converter.reset(); // if it was replaced, what it captured goes before anything else is asked
+        if (Q_UNLIKELY(m_replaced))
+            m_replaced.reset(); // what it captured goes before anything else is asked
         return converted;
     }
 
@@ -46,8 +47,8 @@ public:
     static void keepConverter(const CNodeConnection& connection)
     {
         for (CConversion* call = connection.m_conversion; call; call = call->m_outer) {
-            if (!call->m_converter)
-                call->m_converter = connection.m_converter;
+            if (!call->m_replaced)
+                call->m_replaced = connection.m_converter;
         }
     }
 
@@ -61,7 +62,7 @@ public:
 private:
     const CNodeConnection* m_connection;
     CConversion* m_outer;
-    std::shared_ptr<const NodeDataConverter> m_converter; // only if it was replaced meanwhile
+    std::shared_ptr<const NodeDataConverter> m_replaced; // the converter, if another took its place meanwhile
 };
 
 } // namespace Halvex

@@ -25,7 +25,7 @@ Q_ALWAYS_INLINE void CNodeBase::deliver(DataPtr&& data, NodePortIndex inPortInde
         m_model->setInData(std::forward<DataPtr>(data), inPortIndex);
 }
 
-void CNodeConnection::deliverConverted(CNodeDataPtr data, CStackGauge& gauge) const
+void CNodeConnection::deliverConverted(CNodeDataPtr&& data, CStackGauge& gauge) const
 {
     CConversion conversion(*this);
     CNodeDataPtr converted = conversion.convert(std::move(data));
@@ -39,7 +39,7 @@ Q_ALWAYS_INLINE void CNodeConnection::deliver(DataPtr&& data, CStackGauge& gauge
     if (!m_in.node)
         return;
     if (m_converter)
-        deliverConverted(std::forward<DataPtr>(data), gauge);
+        deliverConverted(CNodeDataPtr(std::forward<DataPtr>(data)), gauge);
     else
         m_in.node->deliver(std::forward<DataPtr>(data), m_in.index, gauge);
 }
