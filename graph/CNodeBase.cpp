@@ -6,7 +6,7 @@
 #include "graph/CNodeConnection.h"
 #include "graph/CNodeVisit_p.h"
 #include "graph/CStackGauge_p.h"
-#include "graph/DocumentKeys_p.h"
+#include "graph/DocumentKeys.h"
 #include "graph/support/JsonObject_p.h"
 
 #include <utility>

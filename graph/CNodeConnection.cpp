@@ -5,7 +5,7 @@
 
 #include "graph/CConversion_p.h"
 #include "graph/CNodeBase.h"
-#include "graph/DocumentKeys_p.h"
+#include "graph/DocumentKeys.h"
 #include "graph/support/JsonObject_p.h"
 #include "graph/support/LoggingCategory_p.h"
 #include "graph/support/Swallow_p.h"

@@ -3,7 +3,7 @@
 
 #include "graph/CNodeDataModel.h"
 
-#include "graph/DocumentKeys_p.h"
+#include "graph/DocumentKeys.h"
 #include "graph/support/JsonObject_p.h"
 
 #include <QPointer>

@@ -3,7 +3,7 @@
 
 #include "models/ANodeDataModel.h"
 
-#include "graph/DocumentKeys_p.h"
+#include "graph/DocumentKeys.h"
 
 #include <QPointer>
 

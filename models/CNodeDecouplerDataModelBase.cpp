@@ -3,7 +3,7 @@
 
 #include "models/CNodeDecouplerDataModelBase.h"
 
-#include "graph/DocumentKeys_p.h"
+#include "graph/DocumentKeys.h"
 #include "graph/support/JsonObject_p.h"
 #include "models/CDecoupler.h"
 #include "models/DecouplerEnd_p.h"

@@ -4,7 +4,7 @@
 // The scene as a document: the half of CNodeScene that writes and reads it.
 
 #include "graph/CGraphOwner_p.h"
-#include "graph/DocumentKeys_p.h"
+#include "graph/DocumentKeys.h"
 #include "graph/support/JsonObject_p.h"
 #include "scene/CNodeScene.h"
 
