@@ -65,6 +65,7 @@ target_sources(Halvex PRIVATE
   graph/CNodeWalk.cpp
   graph/CStackGauge.cpp
   graph/CStackGauge_p.h
+  graph/PortSides_p.h
   graph/support/JsonObject_p.h
   graph/support/LoggingCategory.cpp
   graph/support/LoggingCategory_p.h

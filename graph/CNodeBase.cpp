@@ -7,6 +7,7 @@
 #include "graph/CNodeVisit_p.h"
 #include "graph/CStackGauge_p.h"
 #include "graph/DocumentKeys.h"
+#include "graph/PortSides_p.h"
 #include "graph/support/JsonObject_p.h"
 
 #include <utility>
@@ -95,7 +96,7 @@ CNodeConnection*& CNodeBase::firstConnection(ENodePortType side)
 
 void CNodeBase::clearEnds()
 {
-    for (const ENodePortType side : {ENodePortType::In, ENodePortType::Out}) {
+    for (const ENodePortType side : portSides) {
         while (CNodeConnection* const connection = firstConnection(side))
             connection->onNodeGone(side, *this);
     }

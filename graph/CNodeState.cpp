@@ -6,6 +6,7 @@
 #include "graph/CNodeConnection.h"
 #include "graph/CNodeDataModel.h"
 #include "graph/CNodeVisit_p.h"
+#include "graph/PortSides_p.h"
 
 #include <QDebug>
 
@@ -16,8 +17,6 @@
 namespace Plugin {
 namespace Halvex {
 namespace {
-
-constexpr ENodePortType bothSides[] = {ENodePortType::In, ENodePortType::Out};
 
 int countPorts(const CNodeDataModel& model, ENodePortType side)
 {
@@ -285,7 +284,7 @@ void CNodeState::copyFrom(const CNodeState& other)
     m_readyRows = other.m_readyRows;
     if (other.m_tables)
         m_tables = std::make_unique<STables>(*other.m_tables);
-    for (const ENodePortType side : bothSides) {
+    for (const ENodePortType side : portSides) {
         for (NodePortIndex port = 0; port < other.rows(side).size(); ++port)
             other.forEachPlace(side, port, [&](CNodeConnection& connection) { addPlace(side, port, connection); });
     }
@@ -296,7 +295,7 @@ void CNodeState::clear()
     resizeRows(0, 0);
     m_tables.reset();
     ++m_lastChange;
-    for (const ENodePortType side : bothSides) {
+    for (const ENodePortType side : portSides) {
         for (SRow& row : rows(side)) {
             for (SPlace& place : row.places)
                 place.until = std::min(place.until, m_lastChange);
@@ -327,7 +326,7 @@ void CNodeState::forgetConnection(const SEntry& entry, const CNodeConnection& co
 void CNodeState::tidy()
 {
     m_lastChange = 0;
-    for (const ENodePortType side : bothSides) {
+    for (const ENodePortType side : portSides) {
         for (NodePortIndex port = 0; port < rows(side).size(); ++port)
             tidyRow(side, port);
     }

@@ -4,6 +4,7 @@
 #include "models/CNodeDecouplerDataModelBase.h"
 
 #include "graph/DocumentKeys.h"
+#include "graph/PortSides_p.h"
 #include "graph/support/JsonObject_p.h"
 #include "models/CDecoupler.h"
 #include "models/DecouplerEnd_p.h"
@@ -60,7 +61,7 @@ QString CNodeDecouplerDataModelBase::name()
 
 unsigned int CNodeDecouplerDataModelBase::nPorts(ENodePortType portType) const
 {
-    return portType == ENodePortType::In || portType == ENodePortType::Out ? 1 : 0;
+    return isPortSide(portType) ? 1 : 0;
 }
 
 void CNodeDecouplerDataModelBase::setInData(CNodeDataPtr data, NodePortIndex index)
