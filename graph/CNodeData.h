@@ -50,7 +50,7 @@ public:
     virtual SNodeDataType type() const = 0;
 };
 
-/// What connections carry; null is empty data: "what you had from here is no longer valid".
+/// What connections carry. Null is empty data, and means: what you had from here is no longer valid.
 using CNodeDataPtr = QSharedPointer<CNodeData>;
 
 } // namespace Halvex

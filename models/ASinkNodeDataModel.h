@@ -3,12 +3,14 @@
 
 #pragma once
 
+#include "graph/CNodeData.h"
 #include "models/ANodeDataModel.h"
 #include "models/CNodeDataFlowProxy.h"
 
 #include <Halvex/HalvexExport.h>
 
 #include <QPointer>
+#include <QString>
 
 namespace Plugin {
 namespace Halvex {

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "graph/CNodeData.h"
+#include "graph/NodePortIndex.h"
 #include "models/ANodeDataModel.h"
 #include "models/CNodeDataEntry.h"
 #include "models/CNodeDataFlowProxy.h"
@@ -10,6 +12,7 @@
 #include <Halvex/HalvexExport.h>
 
 #include <QPointer>
+#include <QString>
 
 namespace Plugin {
 namespace Halvex {
@@ -46,7 +49,8 @@ public:
     /// Where outside code puts data in. The model owns the proxy; the pointer becomes null when it goes.
     QPointer<CNodeDataFlowProxy> getDataFlowProxy();
 
-    /// The way in for other threads: it may be used after the model is gone. Leads nowhere if the proxy was destroyed.
+    /// The way in for other threads, which may use it after the model is gone. Leads nowhere if somebody has destroyed
+    /// the proxy.
     CNodeDataEntry dataEntry() const;
 
     /// The last data, whatever the \a index: a source with several output ports offers the same on all of them.

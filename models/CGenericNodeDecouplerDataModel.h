@@ -3,7 +3,13 @@
 
 #pragma once
 
+#include "graph/CNodeData.h"
+#include "graph/ENodePortType.h"
+#include "graph/NodePortIndex.h"
+#include "graph/SNodeDataType.h"
 #include "models/CNodeDecouplerDataModelBase.h"
+
+#include <QString>
 
 #include <type_traits>
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "graph/CNodeData.h"
+#include "graph/SNodeDataType.h"
 #include "platform/CGrabResultPtr.h"
 
 #include <Halvex/HalvexExport.h>
@@ -25,7 +26,7 @@ namespace Halvex {
  * Type: id "Veltra Grab Result", name "VGR". Shares the frame, copies no pixels. A subclass may carry more along with
  * the frame: its objects are of the same type.
  *
- * Threads: as the handle: objects may be read and dropped in any thread.
+ * Threads: objects may be read and dropped in any thread, as the handle may.
  */
 class HALVEX_EXPORT CVeltraGrabResultData : public CNodeData
 {
