@@ -1,14 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "graph/CNodeBase.h"
+#include <Halvex/graph/CNodeBase.h>
 
-#include "graph/CNodeConnection.h"
 #include "graph/CNodeVisit_p.h"
 #include "graph/CStackGauge_p.h"
-#include "graph/DocumentKeys.h"
 #include "graph/PortSides_p.h"
 #include "graph/support/JsonObject_p.h"
+
+#include <Halvex/graph/CNodeConnection.h>
+#include <Halvex/graph/DocumentKeys.h>
 
 #include <utility>
 

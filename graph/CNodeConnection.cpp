@@ -1,15 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "graph/CNodeConnection.h"
+#include <Halvex/graph/CNodeConnection.h>
 
 #include "graph/CConversion_p.h"
-#include "graph/CNodeBase.h"
-#include "graph/DocumentKeys.h"
 #include "graph/PortSides_p.h"
 #include "graph/support/JsonObject_p.h"
 #include "graph/support/LoggingCategory_p.h"
 #include "graph/support/Swallow_p.h"
+
+#include <Halvex/graph/CNodeBase.h>
+#include <Halvex/graph/DocumentKeys.h>
 
 #include <QPointer>
 

@@ -3,16 +3,15 @@
 
 #pragma once
 
-#include "graph/CNodeData.h"
-#include "graph/CNodeState.h"
-#include "graph/ENodePortType.h"
-#include "graph/NodeDataConverter.h"
-#include "graph/NodePortIndex.h"
-#include "graph/SNodeDataType.h"
-#include "platform/CId.h"
-#include "platform/ISerializable.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeData.h>
+#include <Halvex/graph/CNodeState.h>
+#include <Halvex/graph/ENodePortType.h>
+#include <Halvex/graph/NodeDataConverter.h>
+#include <Halvex/graph/NodePortIndex.h>
+#include <Halvex/graph/SNodeDataType.h>
+#include <Halvex/platform/CId.h>
+#include <Halvex/platform/ISerializable.h>
 
 #include <QJsonObject>
 #include <QObject>

@@ -3,9 +3,8 @@
 
 #pragma once
 
-#include "graph/SNodeDataType.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/SNodeDataType.h>
 
 #include <QMetaType>
 #include <QSharedPointer>

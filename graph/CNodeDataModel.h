@@ -3,14 +3,13 @@
 
 #pragma once
 
-#include "graph/CNodeData.h"
-#include "graph/ENodePortType.h"
-#include "graph/NodePortIndex.h"
-#include "graph/SNodeDataType.h"
-#include "platform/IBaseInfo.h"
-#include "platform/ISerializable.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeData.h>
+#include <Halvex/graph/ENodePortType.h>
+#include <Halvex/graph/NodePortIndex.h>
+#include <Halvex/graph/SNodeDataType.h>
+#include <Halvex/platform/IBaseInfo.h>
+#include <Halvex/platform/ISerializable.h>
 
 #include <QJsonObject>
 #include <QObject>

@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "graph/CNodeState.h"
+#include <Halvex/graph/CNodeState.h>
 
-#include "graph/CNodeConnection.h"
-#include "graph/CNodeDataModel.h"
 #include "graph/CNodeVisit_p.h"
 #include "graph/PortSides_p.h"
+
+#include <Halvex/graph/CNodeConnection.h>
+#include <Halvex/graph/CNodeDataModel.h>
 
 #include <QDebug>
 

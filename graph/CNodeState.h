@@ -3,11 +3,10 @@
 
 #pragma once
 
-#include "graph/ENodePortType.h"
-#include "graph/NodePortIndex.h"
-#include "platform/CId.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/ENodePortType.h>
+#include <Halvex/graph/NodePortIndex.h>
+#include <Halvex/platform/CId.h>
 
 #include <QVarLengthArray>
 #include <QtGlobal>

@@ -3,8 +3,9 @@
 
 #pragma once
 
-#include "graph/CNodeBase.h"
 #include "graph/CStackGauge_p.h"
+
+#include <Halvex/graph/CNodeBase.h>
 
 #include <utility>
 
@@ -25,8 +26,8 @@ namespace Halvex {
  * Visits end in the order opposite to that in which they began. As long as there is one, the rows of the node keep
  * their places; the last one tidies them up.
  *
- * A delivery is a visit, and the walk that answers it belongs to it. So the visits that stand in a node at the same time
- * are the rounds of a feedback loop. Data that would begin round mostRounds + 1 is dropped.
+ * A delivery is a visit, and the walk that answers it belongs to it. So the visits that stand in a node at the same
+ * time are the rounds of a feedback loop. Data that would begin round mostRounds + 1 is dropped.
  */
 class CNodeVisit
 {

@@ -3,11 +3,10 @@
 
 #pragma once
 
-#include "graph/CNodeDataModel.h"
-#include "models/ENodeDataModelType.h"
-#include "platform/CId.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeDataModel.h>
+#include <Halvex/models/ENodeDataModelType.h>
+#include <Halvex/platform/CId.h>
 
 #include <QJsonObject>
 #include <QString>

@@ -3,11 +3,10 @@
 
 #pragma once
 
-#include "graph/CNodeData.h"
-#include "models/ANodeDataModel.h"
-#include "models/CNodeDataFlowProxy.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeData.h>
+#include <Halvex/models/ANodeDataModel.h>
+#include <Halvex/models/CNodeDataFlowProxy.h>
 
 #include <QPointer>
 #include <QString>

@@ -3,13 +3,12 @@
 
 #pragma once
 
-#include "graph/CNodeData.h"
-#include "graph/NodePortIndex.h"
-#include "models/ANodeDataModel.h"
-#include "models/CNodeDataEntry.h"
-#include "models/CNodeDataFlowProxy.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeData.h>
+#include <Halvex/graph/NodePortIndex.h>
+#include <Halvex/models/ANodeDataModel.h>
+#include <Halvex/models/CNodeDataEntry.h>
+#include <Halvex/models/CNodeDataFlowProxy.h>
 
 #include <QPointer>
 #include <QString>

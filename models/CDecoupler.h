@@ -3,10 +3,9 @@
 
 #pragma once
 
-#include "graph/CNodeData.h"
-#include "models/SDecouplerStatistics.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeData.h>
+#include <Halvex/models/SDecouplerStatistics.h>
 
 #include <QMutex>
 #include <QThread>

@@ -3,11 +3,11 @@
 
 #pragma once
 
-#include "graph/CNodeData.h"
-#include "graph/ENodePortType.h"
-#include "graph/NodePortIndex.h"
-#include "graph/SNodeDataType.h"
-#include "models/CNodeDecouplerDataModelBase.h"
+#include <Halvex/graph/CNodeData.h>
+#include <Halvex/graph/ENodePortType.h>
+#include <Halvex/graph/NodePortIndex.h>
+#include <Halvex/graph/SNodeDataType.h>
+#include <Halvex/models/CNodeDecouplerDataModelBase.h>
 
 #include <QString>
 

@@ -3,9 +3,8 @@
 
 #pragma once
 
-#include "graph/CNodeData.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeData.h>
 
 #include <memory>
 

@@ -1,14 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "models/CNodeDecouplerDataModelBase.h"
+#include <Halvex/models/CNodeDecouplerDataModelBase.h>
 
-#include "graph/DocumentKeys.h"
 #include "graph/PortSides_p.h"
 #include "graph/support/JsonObject_p.h"
-#include "models/CDecoupler.h"
 #include "models/DecouplerEnd_p.h"
 #include "models/StoreNewestData_p.h"
+
+#include <Halvex/graph/DocumentKeys.h>
+#include <Halvex/models/CDecoupler.h>
 
 #include <QTimer>
 

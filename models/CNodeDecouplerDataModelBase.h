@@ -3,13 +3,12 @@
 
 #pragma once
 
-#include "graph/CNodeData.h"
-#include "graph/ENodePortType.h"
-#include "graph/NodePortIndex.h"
-#include "models/ANodeDataModel.h"
-#include "models/SDecouplerStatistics.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeData.h>
+#include <Halvex/graph/ENodePortType.h>
+#include <Halvex/graph/NodePortIndex.h>
+#include <Halvex/models/ANodeDataModel.h>
+#include <Halvex/models/SDecouplerStatistics.h>
 
 #include <QJsonObject>
 #include <QString>

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/IService.h"
+#include <Halvex/platform/IService.h>
 
 #include <QSharedPointer>
 

@@ -3,11 +3,10 @@
 
 #pragma once
 
-#include "graph/CNodeDataModel.h"
-#include "graph/NodeDataConverter.h"
-#include "graph/SNodeDataType.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeDataModel.h>
+#include <Halvex/graph/NodeDataConverter.h>
+#include <Halvex/graph/SNodeDataType.h>
 
 #include <QHash>
 #include <QString>

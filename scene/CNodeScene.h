@@ -3,16 +3,15 @@
 
 #pragma once
 
-#include "graph/CNodeBase.h"
-#include "graph/CNodeConnection.h"
-#include "graph/CNodeDataModel.h"
-#include "graph/ENodePortType.h"
-#include "graph/NodeDataConverter.h"
-#include "platform/CId.h"
-#include "platform/IBaseInfo.h"
-#include "scene/CNodeDataModelRegistry.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeBase.h>
+#include <Halvex/graph/CNodeConnection.h>
+#include <Halvex/graph/CNodeDataModel.h>
+#include <Halvex/graph/ENodePortType.h>
+#include <Halvex/graph/NodeDataConverter.h>
+#include <Halvex/platform/CId.h>
+#include <Halvex/platform/IBaseInfo.h>
+#include <Halvex/scene/CNodeDataModelRegistry.h>
 
 #include <QByteArray>
 #include <QJsonObject>

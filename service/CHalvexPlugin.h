@@ -3,11 +3,10 @@
 
 #pragma once
 
-#include "platform/ALocalizedPlugin.h"
-#include "platform/IServiceManager.h"
-#include "service/CNodeService.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/platform/ALocalizedPlugin.h>
+#include <Halvex/platform/IServiceManager.h>
+#include <Halvex/service/CNodeService.h>
 
 #include <QSharedPointer>
 #include <QWeakPointer>

@@ -4,10 +4,11 @@
 #include "service/CSceneImport_p.h"
 
 #include "graph/CGraphOwner_p.h"
-#include "graph/DocumentKeys.h"
 #include "graph/support/JsonObject_p.h"
-#include "models/ANodeDataModel.h"
-#include "scene/CNodeScene.h"
+
+#include <Halvex/graph/DocumentKeys.h>
+#include <Halvex/models/ANodeDataModel.h>
+#include <Halvex/scene/CNodeScene.h>
 
 #include <QJsonDocument>
 

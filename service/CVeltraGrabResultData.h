@@ -3,11 +3,10 @@
 
 #pragma once
 
-#include "graph/CNodeData.h"
-#include "graph/SNodeDataType.h"
-#include "platform/CGrabResultPtr.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeData.h>
+#include <Halvex/graph/SNodeDataType.h>
+#include <Halvex/platform/CGrabResultPtr.h>
 
 namespace Plugin {
 namespace Halvex {

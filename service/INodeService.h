@@ -3,17 +3,16 @@
 
 #pragma once
 
-#include "graph/NodeDataConverter.h"
-#include "graph/NodePortIndex.h"
-#include "graph/SNodeDataType.h"
-#include "models/ANodeDataModel.h"
-#include "platform/CId.h"
-#include "platform/IBaseInfo.h"
-#include "platform/IService.h"
-#include "scene/CNodeDataModelRegistry.h"
-#include "scene/CNodeScene.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/NodeDataConverter.h>
+#include <Halvex/graph/NodePortIndex.h>
+#include <Halvex/graph/SNodeDataType.h>
+#include <Halvex/models/ANodeDataModel.h>
+#include <Halvex/platform/CId.h>
+#include <Halvex/platform/IBaseInfo.h>
+#include <Halvex/platform/IService.h>
+#include <Halvex/scene/CNodeDataModelRegistry.h>
+#include <Halvex/scene/CNodeScene.h>
 
 #include <QPointer>
 #include <QString>

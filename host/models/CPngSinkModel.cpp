@@ -3,8 +3,9 @@
 
 #include "host/models/CPngSinkModel.h"
 
-#include "graph/DocumentKeys.h"
 #include "host/models/CImageData.h"
+
+#include <Halvex/graph/DocumentKeys.h>
 
 #include <opencv2/imgcodecs.hpp>
 

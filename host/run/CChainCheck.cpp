@@ -3,13 +3,14 @@
 
 #include "host/run/CChainCheck.h"
 
-#include "graph/DocumentKeys.h"
 #include "host/base/Attempt.h"
 #include "host/base/Shown.h"
 #include "host/models/IHostModels.h"
 #include "host/run/PortError.h"
-#include "models/ASourceNodeDataModel.h"
-#include "service/INodeService.h"
+
+#include <Halvex/graph/DocumentKeys.h>
+#include <Halvex/models/ASourceNodeDataModel.h>
+#include <Halvex/service/INodeService.h>
 
 #include <QJsonArray>
 #include <QJsonObject>

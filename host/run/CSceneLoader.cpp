@@ -3,11 +3,12 @@
 
 #include "host/run/CSceneLoader.h"
 
-#include "graph/DocumentKeys.h"
 #include "host/base/Attempt.h"
 #include "host/base/Shown.h"
 #include "host/run/PortError.h"
-#include "scene/CNodeScene.h"
+
+#include <Halvex/graph/DocumentKeys.h>
+#include <Halvex/scene/CNodeScene.h>
 
 #include <QJsonArray>
 #include <QJsonObject>

@@ -3,8 +3,9 @@
 
 #include "host/run/SceneFile.h"
 
-#include "graph/DocumentKeys.h"
 #include "host/run/Output.h"
+
+#include <Halvex/graph/DocumentKeys.h>
 
 #include <QFile>
 #include <QHash>
