@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "graph/CNodeData.h"
+#include <Halvex/graph/CNodeData.h>
 
 /// What the benchmarks send: nothing, so that only its way costs.
 class CFrame : public Plugin::Halvex::CNodeData

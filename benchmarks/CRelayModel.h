@@ -5,7 +5,8 @@
 
 #include "CFrame.h"
 #include "SShape.h"
-#include "graph/CNodeDataModel.h"
+
+#include <Halvex/graph/CNodeDataModel.h>
 
 #include <memory>
 #include <utility>

@@ -4,7 +4,8 @@
 #pragma once
 
 #include "CRelayModel.h"
-#include "scene/CNodeScene.h"
+
+#include <Halvex/scene/CNodeScene.h>
 
 #include <memory>
 

@@ -5,7 +5,8 @@
 
 #include "CRelayModel.h"
 #include "SShape.h"
-#include "scene/CNodeScene.h"
+
+#include <Halvex/scene/CNodeScene.h>
 
 #include <vector>
 

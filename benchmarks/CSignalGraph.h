@@ -4,8 +4,9 @@
 #pragma once
 
 #include "SShape.h"
-#include "graph/CNodeData.h"
-#include "graph/NodeDataConverter.h"
+
+#include <Halvex/graph/CNodeData.h>
+#include <Halvex/graph/NodeDataConverter.h>
 
 #include <QObject>
 

@@ -5,9 +5,10 @@
 
 #include "CMailbox.h"
 #include "Measuring.h"
-#include "models/CDecoupler.h"
-#include "models/CGenericNodeDecouplerDataModel.h"
-#include "models/CNodeDataFlowProxy.h"
+
+#include <Halvex/models/CDecoupler.h>
+#include <Halvex/models/CGenericNodeDecouplerDataModel.h>
+#include <Halvex/models/CNodeDataFlowProxy.h>
 
 #include <QCoreApplication>
 #include <QTimer>

@@ -6,10 +6,11 @@
 #include "CRelayModel.h"
 #include "Measuring.h"
 #include "SDocument.h"
-#include "models/ASourceNodeDataModel.h"
-#include "scene/CNodeScene.h"
-#include "service/CNodeService.h"
 #include "service/CSceneImport_p.h"
+
+#include <Halvex/models/ASourceNodeDataModel.h>
+#include <Halvex/scene/CNodeScene.h>
+#include <Halvex/service/CNodeService.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>

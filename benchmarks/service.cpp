@@ -5,9 +5,10 @@
 
 #include "CFrame.h"
 #include "Measuring.h"
-#include "models/ANodeDataModel.h"
-#include "scene/CNodeScene.h"
-#include "service/CNodeService.h"
+
+#include <Halvex/models/ANodeDataModel.h>
+#include <Halvex/scene/CNodeScene.h>
+#include <Halvex/service/CNodeService.h>
 
 using namespace Plugin::Halvex;
 using Core::AppCoreComponents::BaseInfoPtr;

@@ -6,9 +6,10 @@
 #include "CFrame.h"
 #include "CSignalGraph.h"
 #include "Measuring.h"
-#include "models/ASinkNodeDataModel.h"
-#include "models/ASourceNodeDataModel.h"
-#include "scene/CNodeScene.h"
+
+#include <Halvex/models/ASinkNodeDataModel.h>
+#include <Halvex/models/ASourceNodeDataModel.h>
+#include <Halvex/scene/CNodeScene.h>
 
 #include <QCoreApplication>
 

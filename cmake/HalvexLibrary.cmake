@@ -17,6 +17,7 @@ set(HALVEX_PUBLIC_HEADERS
   graph/CNodeData.h
   graph/CNodeDataModel.h
   graph/CNodeState.h
+  graph/DocumentKeys.h
   graph/ENodePortType.h
   graph/NodeDataConverter.h
   graph/NodePortIndex.h
@@ -37,6 +38,7 @@ set(HALVEX_PUBLIC_HEADERS
   service/CNodeService.h
   service/CVeltraGrabResultData.h
   service/INodeService.h)
+halvex_forward(${HALVEX_PUBLIC_HEADERS})
 set(HALVEX_PLATFORM_HEADERS
   platform/ALocalizedPlugin.h
   platform/CGrabResultPtr.h
@@ -63,7 +65,7 @@ target_sources(Halvex PRIVATE
   graph/CNodeWalk.cpp
   graph/CStackGauge.cpp
   graph/CStackGauge_p.h
-  graph/DocumentKeys_p.h
+  graph/PortSides_p.h
   graph/support/JsonObject_p.h
   graph/support/LoggingCategory.cpp
   graph/support/LoggingCategory_p.h
@@ -91,13 +93,12 @@ target_sources(Halvex PRIVATE
 # The umbrella header is made from the same list that is installed, so that it misses no class.
 set(HALVEX_INCLUDES "")
 foreach(header IN LISTS HALVEX_PLATFORM_HEADERS HALVEX_PUBLIC_HEADERS)
-  string(APPEND HALVEX_INCLUDES "#include \"${header}\"\n")
+  string(APPEND HALVEX_INCLUDES "#include <Halvex/${header}>\n")
 endforeach()
-set(HALVEX_GENERATED_DIR "${PROJECT_BINARY_DIR}/generated")
 configure_file(cmake/Halvex.h.in "${HALVEX_GENERATED_DIR}/Halvex/Halvex.h" @ONLY)
 generate_export_header(Halvex EXPORT_FILE_NAME "${HALVEX_GENERATED_DIR}/Halvex/HalvexExport.h")
 
-# The platform comes first: its "platform/..." headers win over our stand-in of the same names.
+# The platform comes first, so that a build folder that has held our stand-in may change to another.
 target_include_directories(Halvex PUBLIC
   "$<BUILD_INTERFACE:$<TARGET_PROPERTY:HalvexPlatform,INTERFACE_INCLUDE_DIRECTORIES>>"
   "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>"

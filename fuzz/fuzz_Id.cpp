@@ -6,9 +6,10 @@
 // True whatever they are: an identifier is read from the text form, in braces or not, and from nothing else; it comes
 // back from the text that it writes; equality, order and hash agree.
 
-#include "platform/CId.h"
 #include "support/FuzzProperties.h"
 #include "support/StableIds.h"
+
+#include <Halvex/platform/CId.h>
 
 namespace {
 

@@ -9,11 +9,12 @@
 // there are at most as many new nodes as elements; both scenes are sound, and the active one's document comes back;
 // nothing outlives the service.
 
-#include "scene/CNodeScene.h"
-#include "service/CNodeService.h"
 #include "support/CFuzzModel.h"
 #include "support/FuzzProperties.h"
 #include "support/StableIds.h"
+
+#include <Halvex/scene/CNodeScene.h>
+#include <Halvex/service/CNodeService.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -8,12 +8,13 @@
 // True whatever the sequence is: after each operation every scene is sound; at the end every scene's document comes
 // back, and nothing outlives the service.
 
-#include "scene/CNodeScene.h"
-#include "service/CNodeService.h"
 #include "support/CFuzzInput.h"
 #include "support/CFuzzModel.h"
 #include "support/FuzzProperties.h"
 #include "support/StableIds.h"
+
+#include <Halvex/scene/CNodeScene.h>
+#include <Halvex/service/CNodeService.h>
 
 #include <QScopeGuard>
 #include <QSet>

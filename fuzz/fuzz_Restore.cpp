@@ -8,11 +8,12 @@
 // restored into another node, gives the same; a decoupler has the very rate that it was given, and a timer that ticks
 // at it if that is possible.
 
-#include "models/CGenericNodeDecouplerDataModel.h"
 #include "support/CFuzzInput.h"
 #include "support/CFuzzModel.h"
 #include "support/FuzzProperties.h"
 #include "support/StableIds.h"
+
+#include <Halvex/models/CGenericNodeDecouplerDataModel.h>
 
 #include <QJsonDocument>
 #include <QTimer>

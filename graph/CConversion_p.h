@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "graph/CNodeConnection.h"
+#include <Halvex/graph/CNodeConnection.h>
 
 #include <memory>
 #include <utility>

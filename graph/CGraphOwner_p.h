@@ -3,9 +3,10 @@
 
 #pragma once
 
-#include "graph/CNodeBase.h"
-#include "graph/CNodeConnection.h"
 #include "graph/CNodeVisit_p.h"
+
+#include <Halvex/graph/CNodeBase.h>
+#include <Halvex/graph/CNodeConnection.h>
 
 #include <memory>
 

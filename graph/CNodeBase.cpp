@@ -1,13 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "graph/CNodeBase.h"
+#include <Halvex/graph/CNodeBase.h>
 
-#include "graph/CNodeConnection.h"
 #include "graph/CNodeVisit_p.h"
 #include "graph/CStackGauge_p.h"
-#include "graph/DocumentKeys_p.h"
+#include "graph/PortSides_p.h"
 #include "graph/support/JsonObject_p.h"
+
+#include <Halvex/graph/CNodeConnection.h>
+#include <Halvex/graph/DocumentKeys.h>
 
 #include <utility>
 
@@ -95,7 +97,7 @@ CNodeConnection*& CNodeBase::firstConnection(ENodePortType side)
 
 void CNodeBase::clearEnds()
 {
-    for (const ENodePortType side : {ENodePortType::In, ENodePortType::Out}) {
+    for (const ENodePortType side : portSides) {
         while (CNodeConnection* const connection = firstConnection(side))
             connection->onNodeGone(side, *this);
     }

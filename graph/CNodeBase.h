@@ -3,13 +3,16 @@
 
 #pragma once
 
-#include "graph/CNodeDataModel.h"
-#include "graph/CNodeState.h"
-#include "platform/CId.h"
-#include "platform/ISerializable.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeData.h>
+#include <Halvex/graph/CNodeDataModel.h>
+#include <Halvex/graph/CNodeState.h>
+#include <Halvex/graph/ENodePortType.h>
+#include <Halvex/graph/NodePortIndex.h>
+#include <Halvex/platform/CId.h>
+#include <Halvex/platform/ISerializable.h>
 
+#include <QJsonObject>
 #include <QObject>
 
 #include <memory>
@@ -17,6 +20,7 @@
 namespace Plugin {
 namespace Halvex {
 
+class CNodeConnection;
 class CNodeVisit;
 class CStackGauge;
 
@@ -29,15 +33,19 @@ class CStackGauge;
  * \endcode
  *
  * Walks: when the model announces new output, the node hands it to every connection of that port, synchronously and
- * depth first, in no particular order. A walk serves the connections that the port had when it began: one that was
- * destroyed meanwhile is skipped, one that was merely taken out of the port is still served. It ends when its node is
- * removed or destroyed. A node that its scene removes while code stands in it is destroyed when that code has left it.
- * A walk allocates nothing.
+ * depth first, in no particular order. This is a walk. It serves the connections that the port had when it began: one
+ * that was destroyed meanwhile is skipped, one that was only taken out of the port is still served. It ends when its
+ * node is removed or destroyed. A walk allocates nothing.
  *
- * Feedback loops: data that comes back to a node for the 1001st time, while the first delivery to it has not ended, is
- * dropped. So is data for which the thread's stack has no room. The first time, a warning in "halvex.graph" names the
- * model that gets nothing. What was dropped ends every further round of the loop; the first deliveries to each node go
- * on to their other connections.
+ * Removal: a scene may remove a node while the node's own code runs, in its model for example. The node is then
+ * destroyed when that code has returned.
+ *
+ * Feedback loops: a loop is cut when data comes back to a node for the 1001st time while the first delivery to it has
+ * not ended. That data is dropped, and the loop is over: its rounds end one after the other and go nowhere else. Nodes
+ * outside the loop still get their data, once, from the first delivery to each node of the loop.
+ *
+ * Data is also dropped at a node when the thread's stack has no room for what comes behind it. When a node drops data
+ * for the first time, a warning in "halvex.graph" names its model.
  *
  * Ownership: a scene owns its nodes; a host may also make some of its own and destroy them at any time. The destructor
  * leaves the connections alone; they find their end cleared.
@@ -56,7 +64,7 @@ public:
 
     Core::CId id() const;
 
-    /// The model, owned by the node. Never null, but while the node is being destroyed.
+    /// The model, owned by the node. Null only while the node is being destroyed.
     CNodeDataModel* nodeDataModel() const;
 
     CNodeState& nodeState();
@@ -65,16 +73,18 @@ public:
     /// {"id": text of id(), "model": the model's object}.
     QJsonObject save() const override;
 
-    /// Takes the id from "id" (no id, if it is missing or no id) and hands "model" to the model. Connections are not
-    /// touched. For a node that a scene holds already this is the wrong call: the scene keeps it under its old id.
+    /// Takes the id from "id" and hands the object under "model" to the model. A text that is no id, or none at all,
+    /// gives the node no id. Connections are not touched. Do not call it for a node of a scene: the scene goes on
+    /// holding it under its old id.
     void restore(const QJsonObject& json) override;
 
 public Q_SLOTS:
     /// Delivers data to the model's input port \a inPortIndex.
     void propagateData(CNodeDataPtr ptrNodeData, NodePortIndex inPortIndex) const;
 
-    /// Reads the model's output \a index and, unless it is null, hands it to every connection of that port. An index
-    /// that the model does not have ends in the debug message of CNodeState::connections().
+    /// Reads the model's output \a index and hands it to every connection of that port. Empty data (null) goes
+    /// nowhere. If the model gives data for a port that it does not have, a debug message says which port, and the data
+    /// goes nowhere.
     void onDataUpdated(NodePortIndex index);
 
 private:

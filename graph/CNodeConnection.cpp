@@ -1,14 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "graph/CNodeConnection.h"
+#include <Halvex/graph/CNodeConnection.h>
 
 #include "graph/CConversion_p.h"
-#include "graph/CNodeBase.h"
-#include "graph/DocumentKeys_p.h"
+#include "graph/PortSides_p.h"
 #include "graph/support/JsonObject_p.h"
 #include "graph/support/LoggingCategory_p.h"
 #include "graph/support/Swallow_p.h"
+
+#include <Halvex/graph/CNodeBase.h>
+#include <Halvex/graph/DocumentKeys.h>
 
 #include <QPointer>
 
@@ -23,11 +25,6 @@ SNodeDataType typeAt(const CNodeBase& node, ENodePortType portType, NodePortInde
 {
     const CNodeDataModel* const model = node.nodeDataModel();
     return model ? model->dataType(portType, index) : SNodeDataType();
-}
-
-bool isRealSide(ENodePortType portType)
-{
-    return portType == ENodePortType::In || portType == ENodePortType::Out;
 }
 
 QJsonObject withConverter(const QJsonObject& ends, const QJsonObject& converter)
@@ -82,7 +79,7 @@ Core::CId CNodeConnection::id() const
 
 CNodeBase* CNodeConnection::getNode(ENodePortType portType) const
 {
-    return isRealSide(portType) ? end(portType).node : nullptr;
+    return isPortSide(portType) ? end(portType).node : nullptr;
 }
 
 CNodeBase*& CNodeConnection::getNode(ENodePortType portType)
@@ -92,7 +89,7 @@ CNodeBase*& CNodeConnection::getNode(ENodePortType portType)
 
 NodePortIndex CNodeConnection::getPortIndex(ENodePortType portType) const
 {
-    return isRealSide(portType) ? end(portType).index : -1;
+    return isPortSide(portType) ? end(portType).index : -1;
 }
 
 SNodeDataType CNodeConnection::dataType(ENodePortType portType) const
@@ -213,17 +210,17 @@ const CNodeState::SEntry* CNodeConnection::findEntry(const CNodeState& state, EN
 
 void CNodeConnection::dropEntry(const CNodeState::SEntry& entry)
 {
-    const auto found = findNote(entry);
+    const auto found = findOwnEntry(entry);
     *found = m_entries.last();
     m_entries.removeLast();
 }
 
 void CNodeConnection::moveEntry(const CNodeState::SEntry& entry, int position)
 {
-    findNote(entry)->position = position;
+    findOwnEntry(entry)->position = position;
 }
 
-CNodeState::SEntry* CNodeConnection::findNote(const CNodeState::SEntry& entry)
+CNodeState::SEntry* CNodeConnection::findOwnEntry(const CNodeState::SEntry& entry)
 {
     const auto found = std::find_if(m_entries.begin(), m_entries.end(), [&entry](const CNodeState::SEntry& note) {
         return note.state == entry.state && note.side == entry.side && note.port == entry.port &&

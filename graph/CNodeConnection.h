@@ -3,15 +3,17 @@
 
 #pragma once
 
-#include "graph/CNodeState.h"
-#include "graph/ENodePortType.h"
-#include "graph/NodeDataConverter.h"
-#include "graph/NodePortIndex.h"
-#include "platform/CId.h"
-#include "platform/ISerializable.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeData.h>
+#include <Halvex/graph/CNodeState.h>
+#include <Halvex/graph/ENodePortType.h>
+#include <Halvex/graph/NodeDataConverter.h>
+#include <Halvex/graph/NodePortIndex.h>
+#include <Halvex/graph/SNodeDataType.h>
+#include <Halvex/platform/CId.h>
+#include <Halvex/platform/ISerializable.h>
 
+#include <QJsonObject>
 #include <QObject>
 #include <QVarLengthArray>
 
@@ -26,7 +28,7 @@ class CStackGauge;
 
 /**
  * Joins an output port of one node to an input port of another and carries data along, through a converter if it has
- * one. With one end only it is a half connection: the host is still choosing the other.
+ * one. With one end it is a half connection: the host is still choosing the other.
  *
  * \code
  * const auto connection = scene.createConnection(blurNode, 0, cameraNode, 0, grabResultToImage);
@@ -37,6 +39,8 @@ class CStackGauge;
  * Ownership: a scene shares the connections it made with whoever holds the `std::shared_ptr`. Nodes are not owned.
  * A connection may outlive either node; it is then as if that end had been cleared: nothing is delivered there, save()
  * is empty, getNode() is null and getPortIndex() -1.
+ *
+ * Port types: each operation says what it does with a port type that is neither In nor Out, such as None.
  *
  * End of life: the destructor takes the connection out of the port tables of its ends and delivers empty data to the
  * input once. What the model or the converter throws at that moment is reported to "halvex.graph" and swallowed.
@@ -62,8 +66,8 @@ public:
     /// The in node for In, the out node for Out, null for anything else; null if the node is gone.
     CNodeBase* getNode(ENodePortType portType) const;
 
-    /// The in node's pointer for In, the out node's for anything else, which may be overwritten. The index stays, and
-    /// nothing is emitted; setNodeToPort() is the better way: a node that is written here must exist for as long as
+    /// The pointer to the in node for In, to the out node for anything else. It may be overwritten: the index stays,
+    /// and nothing is emitted. setNodeToPort() is the better way: a node that is written here must exist for as long as
     /// the connection leads to it.
     CNodeBase*& getNode(ENodePortType portType);
 
@@ -71,36 +75,39 @@ public:
     /// or lost its node.
     NodePortIndex getPortIndex(ENodePortType portType) const;
 
-    /// The type of the data at one end, as that end's model says. With one end only: that end's, whichever is asked
-    /// for. With both: In asks the in node, anything else the out node for that very port type. With no end there is
-    /// nobody to ask, and the type is empty.
+    /// The type of the data at one end, as the model there tells it. With both ends set, In asks the in node; anything
+    /// else asks the out node, and passes \a portType on. With one end set, that end is asked, whatever \a portType is.
+    /// With none the type is empty.
     SNodeDataType dataType(ENodePortType portType) const;
 
-    /// Sets the in node for In, else the out node; and the out index for Out, else the in index. For None the two go
-    /// to different ends, which hosts rely on. Emits updated(). Port tables are left as they are.
+    /// Sets one end. The node becomes the in node for In, and the out node for anything else. The index becomes the out
+    /// index for Out, and the in index for anything else. So for None the node is in the out end and the index in the
+    /// in end; hosts rely on that. Emits updated(). Port tables are left as they are.
     void setNodeToPort(CNodeBase& node, ENodePortType portType, NodePortIndex index);
 
     /// Clears the in end for In, else the out end. Emits nothing.
     void clearNode(ENodePortType portType);
 
-    /// Replaces the converter; an empty one means that data passes as it is. Emits nothing.
+    /// Replaces the converter. With an empty one, data passes as it is. Emits nothing.
     void setTypeConverter(NodeDataConverter converter);
 
-    /// Converts \a data, also when it is null, and hands it to the in node; does nothing without one. Exceptions of
-    /// converter and model pass through.
+    /// Converts \a data, also when it is null, and hands it to the in node. Without an in node it does nothing.
+    /// Exceptions of converter and model pass through.
     void propagateData(CNodeDataPtr data) const;
+
+    /// The same with empty data (null).
     void propagateEmptyData() const;
 
     /// Takes this connection out of the port tables of its ends. The ends stay set.
     void removeFromNodes() const;
 
-    /// Empty unless both ends are set; else {"in_id", "in_index", "out_id", "out_index"}, and with a converter also
-    /// "converter" with the types "in" and "out" it works between.
+    /// {"in_id", "in_index", "out_id", "out_index"}, and "converter" if there is one: {"in", "out"}, the types that it
+    /// works between. Empty unless both ends are set.
     QJsonObject save() const override;
 
 Q_SIGNALS:
-    /// An end was set by setNodeToPort(). The constructors emit it too, twice for a complete connection and once for
-    /// a half one, before anyone can be connected.
+    /// setNodeToPort() has set an end. The constructors emit it too, twice for a complete connection and once for a
+    /// half one; nobody can be connected by then.
     void updated(CNodeConnection& conn);
 
 protected:
@@ -146,7 +153,7 @@ private:
     const CNodeState::SEntry* findEntry(const CNodeState& state, ENodePortType side, NodePortIndex port) const;
     void dropEntry(const CNodeState::SEntry& entry);
     void moveEntry(const CNodeState::SEntry& entry, int position);
-    CNodeState::SEntry* findNote(const CNodeState::SEntry& entry);
+    CNodeState::SEntry* findOwnEntry(const CNodeState::SEntry& entry);
 
     Core::CId m_id;
     SEnd m_out;

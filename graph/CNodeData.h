@@ -3,9 +3,8 @@
 
 #pragma once
 
-#include "graph/SNodeDataType.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/SNodeDataType.h>
 
 #include <QMetaType>
 #include <QSharedPointer>
@@ -50,7 +49,7 @@ public:
     virtual SNodeDataType type() const = 0;
 };
 
-/// What connections carry; null is empty data: "what you had from here is no longer valid".
+/// What connections carry. Null is empty data, and means: what you had from here is no longer valid.
 using CNodeDataPtr = QSharedPointer<CNodeData>;
 
 } // namespace Halvex

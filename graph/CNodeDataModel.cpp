@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "graph/CNodeDataModel.h"
+#include <Halvex/graph/CNodeDataModel.h>
 
-#include "graph/DocumentKeys_p.h"
 #include "graph/support/JsonObject_p.h"
+
+#include <Halvex/graph/DocumentKeys.h>
 
 #include <QPointer>
 

@@ -3,13 +3,17 @@
 
 #pragma once
 
-#include "graph/CNodeData.h"
-#include "graph/ENodePortType.h"
-#include "graph/NodePortIndex.h"
-#include "platform/IBaseInfo.h"
-#include "platform/ISerializable.h"
+#include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeData.h>
+#include <Halvex/graph/ENodePortType.h>
+#include <Halvex/graph/NodePortIndex.h>
+#include <Halvex/graph/SNodeDataType.h>
+#include <Halvex/platform/IBaseInfo.h>
+#include <Halvex/platform/ISerializable.h>
 
+#include <QJsonObject>
 #include <QObject>
+#include <QString>
 
 namespace Plugin {
 namespace Halvex {
@@ -50,12 +54,12 @@ enum class ENodeValidationState
  * parent. Port counts are read once, when the node is made, and must not change.
  *
  * Threads: the virtual operations are called in the graph's thread, the one that constructed the model. Signals may be
- * emitted from any thread; a foreign thread's dataUpdated() is queued into the graph's. A model with threads of its own
- * guards what they share with outData(), and its destructor, that of the most derived class, ends them before anything
- * else: until then they may emit, also while the node is being removed.
+ * emitted from any thread; dataUpdated() from another thread is queued for the graph's. A model with threads of its own
+ * guards what they share with outData(). The destructor of the most derived class ends them before it does anything
+ * else. Until then they may emit, also while the node is being removed.
  *
- * Re-entry: setInData() and outData() run inside a walk. They may change the graph, their own node's removal
- * included: the node and this model then live until the walk has left them.
+ * Re-entry: setInData() and outData() run inside a walk. They may change the graph, and even remove their own node:
+ * the node and this model then live until these calls have returned.
  */
 class HALVEX_EXPORT CNodeDataModel : public QObject, public AppCore::ISerializable
 {
@@ -91,31 +95,31 @@ public:
     /// Takes \a data, null for empty data, on input port \a index.
     virtual void setInData(CNodeDataPtr data, NodePortIndex index) = 0;
 
-    /// The current data of output port \a index, null if there is none. Also asked for ports that do not exist, when
-    /// dataUpdated() named one.
+    /// The current data of output port \a index, null if there is none. If dataUpdated() named a port that does not
+    /// exist, it is asked for that port too.
     virtual CNodeDataPtr outData(NodePortIndex index) = 0;
 
     virtual ENodeValidationState validationState() const;
     virtual QString validationMessage() const;
 
-    /// Replaces the information object and emits infoInjected(); does nothing if \a info is the object held already.
-    /// The previous object is released before the signal.
+    /// Replaces the information object and emits infoInjected(). Does nothing if the model holds \a info already. The
+    /// previous object is released before the signal.
     void setInfo(Core::AppCoreComponents::BaseInfoPtr info);
 
-    /// The scene's information object, null until a scene injected one. Not const for history's sake.
+    /// The scene's information object; null until setInfo() was called with one.
     Core::AppCoreComponents::BaseInfoPtr getInfo();
 
     /// {"name": name()}. Subclasses add their settings to it.
     QJsonObject save() const override;
 
 Q_SIGNALS:
-    /// There is new data on output port \a index; emit it after storing the data, since outData() is read at once.
+    /// There is new data on output port \a index. Store the data before you emit this: outData() is read at once.
     void dataUpdated(NodePortIndex index);
 
     /// The output of port \a index is no longer valid. For the host: the graph does not react.
     void dataInvalidated(NodePortIndex index);
 
-    /// Bracket a model's work, for the host.
+    /// For the host: the model begins to work, and has done so.
     void computingStarted();
     void computingFinished();
 
@@ -123,8 +127,8 @@ Q_SIGNALS:
     void infoInjected(const Core::AppCoreComponents::BaseInfoPtr& info);
 
 protected:
-    /// The model as its own non-const self. name() and isUnique() are not const, by the interface that hosts build
-    /// on, yet save() must ask them; they are questions all the same, so asking them through this is sound.
+    /// \a model without its const, for a save() that asks name() or isUnique(): by contract these are not const, but
+    /// they only read.
     template <typename Model>
     static Model& mutableSelf(const Model& model)
     {

@@ -1,11 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "graph/CNodeState.h"
+#include <Halvex/graph/CNodeState.h>
 
-#include "graph/CNodeConnection.h"
-#include "graph/CNodeDataModel.h"
 #include "graph/CNodeVisit_p.h"
+#include "graph/PortSides_p.h"
+
+#include <Halvex/graph/CNodeConnection.h>
+#include <Halvex/graph/CNodeDataModel.h>
 
 #include <QDebug>
 
@@ -16,8 +18,6 @@
 namespace Plugin {
 namespace Halvex {
 namespace {
-
-constexpr ENodePortType bothSides[] = {ENodePortType::In, ENodePortType::Out};
 
 int countPorts(const CNodeDataModel& model, ENodePortType side)
 {
@@ -142,29 +142,19 @@ std::vector<CNodeState::Connections>& CNodeState::table(ENodePortType side) cons
 {
     if (!m_tables) {
         auto made = std::make_unique<Tables>();
-        for (const ENodePortType real : bothSides) {
-            auto& ports = (*made)[std::size_t(real)];
-            for (NodePortIndex port = 0; hasPort(real, port); ++port)
-                ports.push_back(connections(real, port));
+        for (const ENodePortType portSide : portSides) {
+            for (NodePortIndex port = 0; hasPort(portSide, port); ++port)
+                (*made)[std::size_t(portSide)].push_back(connections(portSide, port));
         }
         m_tables = std::move(made);
     }
-    const bool isReal = side == ENodePortType::In || side == ENodePortType::Out;
-    return (*m_tables)[std::size_t(isReal ? side : ENodePortType::None)];
+    return (*m_tables)[std::size_t(isPortSide(side) ? side : ENodePortType::None)];
 }
 
 bool CNodeState::hasPort(ENodePortType side, NodePortIndex index) const
 {
     // As an unsigned number, a negative index is beyond the end as well.
-    switch (side) {
-    case ENodePortType::In:
-        return uint(index) < uint(m_inPorts);
-    case ENodePortType::Out:
-        return uint(index) < uint(m_outPorts);
-    case ENodePortType::None:
-        break;
-    }
-    return false;
+    return isPortSide(side) && uint(index) < uint(side == ENodePortType::In ? m_inPorts : m_outPorts);
 }
 
 bool CNodeState::requirePort(ENodePortType side, NodePortIndex index) const
@@ -232,10 +222,10 @@ CNodeState::Ids CNodeState::connectionIds() const
 {
     Ids ids;
     const auto append = [&ids](const CNodeConnection& connection) { ids.append(connection.id()); };
-    for (NodePortIndex port = 0; port < m_inPorts; ++port)
-        forEachConnection(ENodePortType::In, port, append);
-    for (NodePortIndex port = 0; port < m_outPorts; ++port)
-        forEachConnection(ENodePortType::Out, port, append);
+    for (const ENodePortType side : portSides) {
+        for (NodePortIndex port = 0; hasPort(side, port); ++port)
+            forEachConnection(side, port, append);
+    }
     return ids;
 }
 
@@ -276,7 +266,7 @@ void CNodeState::copyFrom(const CNodeState& other)
     m_readyRows = other.m_readyRows;
     if (other.m_tables)
         m_tables = std::make_unique<Tables>(*other.m_tables);
-    for (const ENodePortType side : bothSides) {
+    for (const ENodePortType side : portSides) {
         for (NodePortIndex port = 0; port < other.rows(side).size(); ++port)
             other.forEachPlace(side, port, [&](CNodeConnection& connection) { addPlace(side, port, connection); });
     }
@@ -287,7 +277,7 @@ void CNodeState::clear()
     resizeRows(0, 0);
     m_tables.reset();
     ++m_lastChange;
-    for (const ENodePortType side : bothSides) {
+    for (const ENodePortType side : portSides) {
         for (Row& row : rows(side)) {
             for (SPlace& place : row)
                 place.until = std::min(place.until, m_lastChange);
@@ -318,7 +308,7 @@ void CNodeState::forgetConnection(const SEntry& entry, const CNodeConnection& co
 void CNodeState::tidy()
 {
     m_lastChange = 0;
-    for (const ENodePortType side : bothSides) {
+    for (const ENodePortType side : portSides) {
         for (NodePortIndex port = 0; port < rows(side).size(); ++port)
             tidyRow(side, port);
     }

@@ -3,11 +3,10 @@
 
 #pragma once
 
-#include "graph/ENodePortType.h"
-#include "graph/NodePortIndex.h"
-#include "platform/CId.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/ENodePortType.h>
+#include <Halvex/graph/NodePortIndex.h>
+#include <Halvex/platform/CId.h>
 
 #include <QVarLengthArray>
 #include <QtGlobal>
@@ -33,7 +32,7 @@ class CNodeVisit;
  * \endcode
  *
  * The scene enters a connection into the tables of both of its nodes; a connection takes itself out of the tables of
- * its ends when it is removed and, at the latest, when it is destroyed.
+ * its ends when the scene deletes it, and at the latest when it is destroyed.
  *
  * Ownership: connections are referred to, not owned. A connection that is destroyed leaves every table that it was
  * entered into, copied tables too; the pointers that connections() and getEntries() hand out are good until then. What
@@ -41,7 +40,7 @@ class CNodeVisit;
  *
  * Port types: In selects the input ports, Out the output ports, anything else a third list that is always empty.
  *
- * Threads: the graph's thread. A walk reads it; entries may be added and erased meanwhile.
+ * Threads: the graph's thread. Entries may be added and erased while a walk reads the table.
  */
 class HALVEX_EXPORT CNodeState
 {
@@ -67,8 +66,9 @@ public:
     /// Takes the entry of \a id out, if there is one.
     void eraseConnection(ENodePortType portType, NodePortIndex index, const Core::CId& id);
 
-    /// All ports of one side, in index order. Entries may be changed through the first form, ports may not. To read,
-    /// use the second (std::as_const): once the first was used, every walk looks for what was written.
+    /// All ports of one side, in index order. The first form is for changing entries; the number of ports must stay.
+    /// To read, call the second, through std::as_const(): after the first was called, every walk of this node has to
+    /// look for what was written.
     std::vector<Connections>& getEntries(ENodePortType portType);
     const std::vector<Connections>& getEntries(ENodePortType portType) const;
 

@@ -3,8 +3,9 @@
 
 #pragma once
 
-#include "graph/CNodeBase.h"
 #include "graph/CStackGauge_p.h"
+
+#include <Halvex/graph/CNodeBase.h>
 
 #include <utility>
 

@@ -5,10 +5,11 @@
 // one file, in the order in which they call each other, so that a hop from one model to the next becomes one function.
 
 #include "graph/CConversion_p.h"
-#include "graph/CNodeBase.h"
-#include "graph/CNodeConnection.h"
 #include "graph/CNodeVisit_p.h"
 #include "graph/support/LoggingCategory_p.h"
+
+#include <Halvex/graph/CNodeBase.h>
+#include <Halvex/graph/CNodeConnection.h>
 
 #include <utility>
 

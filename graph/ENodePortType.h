@@ -6,12 +6,12 @@
 namespace Plugin {
 namespace Halvex {
 
-/// The side of a port. The numbers are frozen: they stand in log messages.
+/// The side of a node that a port is on. The numbers are frozen: they stand in log messages.
 enum class ENodePortType
 {
-    None = 0, ///< Neither side: accepted everywhere, selects no real port.
-    In = 1,
-    Out = 2
+    None = 0, ///< Neither. No node has such a port; CNodeConnection tells what its operations do with it.
+    In = 1,   ///< Takes data.
+    Out = 2   ///< Gives data.
 };
 
 } // namespace Halvex

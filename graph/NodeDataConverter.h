@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "graph/CNodeData.h"
+#include <Halvex/graph/CNodeData.h>
 
 #include <functional>
 
@@ -14,7 +14,7 @@ namespace Halvex {
  * Turns data of one type into data of another on its way along a connection.
  *
  * It is called for everything that the connection carries, so it must accept a null pointer (empty data), for which
- * it usually returns a null pointer. It runs in the graph's thread, inside the walk.
+ * it usually returns a null pointer too. It runs in the graph's thread, inside the walk.
  */
 using NodeDataConverter = std::function<CNodeDataPtr(CNodeDataPtr)>;
 

@@ -6,8 +6,8 @@
 namespace Plugin {
 namespace Halvex {
 
-/// A port's index on one side of a node, counted from 0; -1 stands for no port.
-/// To travel by name through queued signals it is registered with qRegisterMetaType<NodePortIndex>("NodePortIndex").
+/// A port's index on one side of a node, counted from 0; -1 stands for no port. Qt knows it as "NodePortIndex" from the
+/// first node on, so that queued signals can carry it.
 using NodePortIndex = int;
 
 } // namespace Halvex

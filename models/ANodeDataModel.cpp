@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "models/ANodeDataModel.h"
+#include <Halvex/models/ANodeDataModel.h>
 
-#include "graph/DocumentKeys_p.h"
+#include <Halvex/graph/DocumentKeys.h>
 
 #include <QPointer>
 

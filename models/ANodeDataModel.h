@@ -3,12 +3,12 @@
 
 #pragma once
 
-#include "graph/CNodeDataModel.h"
-#include "models/ENodeDataModelType.h"
-#include "platform/CId.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeDataModel.h>
+#include <Halvex/models/ENodeDataModelType.h>
+#include <Halvex/platform/CId.h>
 
+#include <QJsonObject>
 #include <QString>
 
 namespace Plugin {
@@ -36,15 +36,15 @@ class HALVEX_EXPORT ANodeDataModel : public CNodeDataModel
     Q_OBJECT
 
 public:
-    /// "Halvex.NoUniqueName", which a model without a unique name is constructed with. Subclasses that pass a name on
-    /// take it as their default.
+    /// "Halvex.NoUniqueName": what a model without a unique name is constructed with. A subclass whose constructor
+    /// takes a unique name has this as the default.
     static QString noUniqueName();
 
     /// A model without a unique name if \a uniqueName is noUniqueName(). An empty string is a name.
     explicit ANodeDataModel(QString uniqueName = noUniqueName());
     ~ANodeDataModel() override;
 
-    /// A fresh one for each object. Not saved.
+    /// The model's own id, made with the object. It is not the id of its node, and it is not saved.
     Core::CId id() const;
 
     /// The unique name; null if the model has none.
@@ -54,7 +54,8 @@ public:
     /// The kind: Sink unless the constructor of a subclass set m_modelType.
     ENodeDataModelType getType();
 
-    /// Whether a scene document refers to the one node that has this model instead of describing a new one.
+    /// Whether there is only one such model. Reading a scene document never makes a unique model: it looks for a node
+    /// that has one. The node service gives a unique source a scene of its own.
     virtual bool isUnique() = 0;
 
     /// What CNodeDataModel saves, "is_unique", and "unique_name" if there is one. restore() reads none of it.

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "models/ASinkNodeDataModel.h"
+#include <Halvex/models/ASinkNodeDataModel.h>
 
 #include "models/StoreNewestData_p.h"
 

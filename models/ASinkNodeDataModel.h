@@ -3,12 +3,13 @@
 
 #pragma once
 
-#include "models/ANodeDataModel.h"
-#include "models/CNodeDataFlowProxy.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeData.h>
+#include <Halvex/models/ANodeDataModel.h>
+#include <Halvex/models/CNodeDataFlowProxy.h>
 
 #include <QPointer>
+#include <QString>
 
 namespace Plugin {
 namespace Halvex {

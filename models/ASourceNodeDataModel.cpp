@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "models/ASourceNodeDataModel.h"
+#include <Halvex/models/ASourceNodeDataModel.h>
 
 #include "models/CSourceDataFlowProxy_p.h"
 #include "models/StoreNewestData_p.h"

@@ -3,13 +3,15 @@
 
 #pragma once
 
-#include "models/ANodeDataModel.h"
-#include "models/CNodeDataEntry.h"
-#include "models/CNodeDataFlowProxy.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeData.h>
+#include <Halvex/graph/NodePortIndex.h>
+#include <Halvex/models/ANodeDataModel.h>
+#include <Halvex/models/CNodeDataEntry.h>
+#include <Halvex/models/CNodeDataFlowProxy.h>
 
 #include <QPointer>
+#include <QString>
 
 namespace Plugin {
 namespace Halvex {
@@ -46,7 +48,8 @@ public:
     /// Where outside code puts data in. The model owns the proxy; the pointer becomes null when it goes.
     QPointer<CNodeDataFlowProxy> getDataFlowProxy();
 
-    /// The way in for other threads: it may be used after the model is gone. Leads nowhere if the proxy was destroyed.
+    /// The way in for other threads, which may use it after the model is gone. Leads nowhere if somebody has destroyed
+    /// the proxy.
     CNodeDataEntry dataEntry() const;
 
     /// The last data, whatever the \a index: a source with several output ports offers the same on all of them.

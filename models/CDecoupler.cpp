@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "models/CDecoupler.h"
+#include <Halvex/models/CDecoupler.h>
 
 #include "graph/support/LoggingCategory_p.h"
 #include "graph/support/Swallow_p.h"

@@ -3,10 +3,9 @@
 
 #pragma once
 
-#include "graph/CNodeData.h"
-#include "models/SDecouplerStatistics.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeData.h>
+#include <Halvex/models/SDecouplerStatistics.h>
 
 #include <QMutex>
 #include <QThread>
@@ -36,8 +35,8 @@ namespace Halvex {
  * data in. start() starts it earlier. If the system has no thread to give, Qt says so, the data waits, and the next
  * data that may go out tries again. There is no event loop in the worker: quit() and exit() do nothing.
  *
- * What a directly connected slot throws is reported to "halvex.graph", and the data counts as dropped. The slots before
- * that one have had it.
+ * What a directly connected slot throws is reported to "halvex.graph", and the data counts as dropped. Slots that were
+ * called before that one have got it.
  *
  * Ownership: whoever made it deletes it, in any thread but its own. In its own thread, call deleteLater().
  *
@@ -73,7 +72,8 @@ public Q_SLOTS:
     /// thread, it does not wait.
     void shutDown();
 
-    /// Sets whether each emission needs a tick. Wakes nobody: what waits goes out with the next data or tick.
+    /// Sets whether each emission needs a tick. Does not wake the worker: what waits goes out with the next data or
+    /// tick.
     void enableThrottle(bool enable);
 
     /// Lets one data object out: what waits now, or the next that comes. Never starts the thread.

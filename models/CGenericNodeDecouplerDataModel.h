@@ -3,7 +3,13 @@
 
 #pragma once
 
-#include "models/CNodeDecouplerDataModelBase.h"
+#include <Halvex/graph/CNodeData.h>
+#include <Halvex/graph/ENodePortType.h>
+#include <Halvex/graph/NodePortIndex.h>
+#include <Halvex/graph/SNodeDataType.h>
+#include <Halvex/models/CNodeDecouplerDataModelBase.h>
+
+#include <QString>
 
 #include <type_traits>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "models/CNodeDataEntry.h"
+#include <Halvex/models/CNodeDataEntry.h>
 
-#include "models/CNodeDataFlowProxy.h"
+#include <Halvex/models/CNodeDataFlowProxy.h>
 
 #include <QMetaObject>
 #include <QMutex>

@@ -3,9 +3,8 @@
 
 #pragma once
 
-#include "graph/CNodeData.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeData.h>
 
 #include <memory>
 
@@ -26,16 +25,17 @@ class CNodeDataFlowProxy;
  *         break; // the source is gone
  * \endcode
  *
- * The proxy of a source has the same setData(), but another thread may call it only while the model certainly exists.
+ * The proxy of a source has a setData() too, but another thread may call that only while the model certainly exists.
  *
  * Ownership: a value. Copies lead to the same source. Neither an entry nor data that waits in the graph's thread keeps
  * the source alive.
  *
- * Threads: any. Several threads may call setData() on one entry at once, and copy it meanwhile. Assigning to an entry
- * needs the others to wait. A call holds a mutex while it puts its data into the queue, and the destructor of the model
- * waits for that. No foreign code runs under the mutex.
+ * Threads: any. Several threads may call setData() on one entry at once, and copy it meanwhile. While one assigns to an
+ * entry, no other may use it. A call holds a mutex while it puts its data into the queue, and the destructor of the
+ * model waits for that. No foreign code runs under the mutex.
  *
- * An entry may be used after the plugin was unloaded, by code that is linked with the library: that keeps it mapped.
+ * Code that is linked with the library may use an entry even after the host has unloaded the plugin: the link keeps the
+ * library in memory.
  */
 class HALVEX_EXPORT CNodeDataEntry
 {
@@ -44,9 +44,9 @@ public:
     CNodeDataEntry() = default;
 
     /// Queues \a data, null for empty data, for the event loop of the graph's thread, which passes it to the proxy's
-    /// setData() if the source still exists. It is queued in the graph's thread too. What one thread sends arrives in
-    /// its order. Returns false if the source is gone. Nothing bounds the queue: a sender that is faster than the graph
-    /// fills the memory.
+    /// setData() if the source still exists then. A call in the graph's thread queues too. What one thread sends
+    /// arrives in the order in which it was sent. Returns false if the source is gone. The queue has no bound: a sender
+    /// that is faster than the graph fills the memory.
     bool setData(const CNodeDataPtr& data) const;
 
 private:

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "models/CNodeDataFlowProxy.h"
+#include <Halvex/models/CNodeDataFlowProxy.h>
 
 namespace Plugin {
 namespace Halvex {

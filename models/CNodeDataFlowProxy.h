@@ -3,9 +3,8 @@
 
 #pragma once
 
-#include "graph/CNodeData.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeData.h>
 
 #include <QObject>
 
@@ -26,8 +25,8 @@ namespace Halvex {
  *   not help: the model may go between the answer and the call. A thread that feeds a source and cannot be stopped in
  *   time uses an entry (CNodeDataEntry).
  *
- * The same holds for connect(). A listener in another thread gets the data from its own event loop. It may outlive the
- * proxy: what was sent before still arrives.
+ * The same holds for connect(). A listener in another thread gets the data from its own event loop. What was sent
+ * before the proxy was destroyed still arrives there.
  */
 class HALVEX_EXPORT CNodeDataFlowProxy : public QObject
 {

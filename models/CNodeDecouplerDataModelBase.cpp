@@ -1,13 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "models/CNodeDecouplerDataModelBase.h"
+#include <Halvex/models/CNodeDecouplerDataModelBase.h>
 
-#include "graph/DocumentKeys_p.h"
+#include "graph/PortSides_p.h"
 #include "graph/support/JsonObject_p.h"
-#include "models/CDecoupler.h"
 #include "models/DecouplerEnd_p.h"
 #include "models/StoreNewestData_p.h"
+
+#include <Halvex/graph/DocumentKeys.h>
+#include <Halvex/models/CDecoupler.h>
 
 #include <QTimer>
 
@@ -60,7 +62,7 @@ QString CNodeDecouplerDataModelBase::name()
 
 unsigned int CNodeDecouplerDataModelBase::nPorts(ENodePortType portType) const
 {
-    return portType == ENodePortType::In || portType == ENodePortType::Out ? 1 : 0;
+    return isPortSide(portType) ? 1 : 0;
 }
 
 void CNodeDecouplerDataModelBase::setInData(CNodeDataPtr data, NodePortIndex index)

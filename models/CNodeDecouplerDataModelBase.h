@@ -3,10 +3,15 @@
 
 #pragma once
 
-#include "models/ANodeDataModel.h"
-#include "models/SDecouplerStatistics.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeData.h>
+#include <Halvex/graph/ENodePortType.h>
+#include <Halvex/graph/NodePortIndex.h>
+#include <Halvex/models/ANodeDataModel.h>
+#include <Halvex/models/SDecouplerStatistics.h>
+
+#include <QJsonObject>
+#include <QString>
 
 #include <memory>
 
@@ -34,8 +39,10 @@ class CDecoupler;
  * Ticks are whole milliseconds apart, and as exact as Qt's coarse timers: 600 frames per second give a tick every
  * millisecond, more than 1000 give one in every pass of the event loop.
  *
- * Threads: the graph's; statistics() any, while the model exists. Each model has one worker thread, which starts when
- * the first data may go out.
+ * Each model has one worker thread. It is started when the first data may go out. If the system has no thread to give,
+ * Qt says so, and the next tick tries again.
+ *
+ * Threads: the graph's. statistics() may be called in any thread while the model exists.
  */
 class HALVEX_EXPORT CNodeDecouplerDataModelBase : public ANodeDataModel
 {
@@ -46,8 +53,8 @@ public:
     /// 25 frames per second. The timer ticks from here on.
     CNodeDecouplerDataModelBase();
 
-    /// Ends the worker and waits for it, at most 30000 ms. A worker that takes longer is left to itself with a warning,
-    /// and deleted from the application's event loop when it has ended.
+    /// Stops the ticks, ends the worker and waits for it, at most 30000 ms. If that is not enough, one warning says so;
+    /// the worker runs on, and the application's event loop deletes it when it has ended.
     ~CNodeDecouplerDataModelBase() override;
 
     QString caption() override;
@@ -79,8 +86,10 @@ public:
     SDecouplerStatistics statistics() const;
 
 Q_SIGNALS:
-    /// Data arrived on the input; once for each, null for empty data.
+    /// Data has arrived on the input; null is empty data. Once for each setInData() of input 0.
     void inDataUpdated(CNodeDataPtr ptrNodeData);
+
+    /// setFramesPerSecond() has changed the rate. Once for each change, after the timer was set.
     void framesPerSecondChanged(double);
 
 private Q_SLOTS:

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "models/CNodeDataEntry.h"
-#include "models/CNodeDataFlowProxy.h"
+#include <Halvex/models/CNodeDataEntry.h>
+#include <Halvex/models/CNodeDataFlowProxy.h>
 
 namespace Plugin {
 namespace Halvex {

@@ -3,9 +3,10 @@
 
 #pragma once
 
-#include "platform/IPlugin.h"
+#include <Halvex/platform/IPlugin.h>
 
 #include <QCoreApplication>
+#include <QObject>
 #include <QString>
 #include <QTranslator>
 
@@ -23,6 +24,8 @@ namespace Plugin {
  * {
  * public:
  *     CMyPlugin() : ALocalizedPlugin(QStringLiteral("Mine")) {} // brings :/translation/Mine_ko.qm
+ *     // and initialize(), extensionsInitialized(), uninitialize()
+ * };
  * \endcode
  *
  * The translation is in the application from setLanguage() until the plugin is destroyed, which must be before its

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QJsonObject>
+#include <QtGlobal>
 
 namespace Plugin {
 namespace AppCore {

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/IService.h"
+#include <Halvex/platform/IService.h>
 
 #include <QSharedPointer>
 
@@ -11,8 +11,8 @@ namespace Core {
 namespace Service {
 
 /**
- * Where plugins publish their services; the host implements it. Plugins need no more of it than to register and to
- * unregister; that services can be looked up is up to the host.
+ * Where plugins publish their services; the host implements it. Plugins need registerService() and unregisterService();
+ * whether services can be looked up is up to the host.
  *
  * The manager shares ownership of a service from registerService() until unregisterService(). All operations
  * are called from the host's main thread.

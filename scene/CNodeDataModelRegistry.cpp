@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "scene/CNodeDataModelRegistry.h"
+#include <Halvex/scene/CNodeDataModelRegistry.h>
 
 #include <tuple>
 

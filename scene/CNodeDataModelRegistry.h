@@ -3,10 +3,10 @@
 
 #pragma once
 
-#include "graph/CNodeDataModel.h"
-#include "graph/NodeDataConverter.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeDataModel.h>
+#include <Halvex/graph/NodeDataConverter.h>
+#include <Halvex/graph/SNodeDataType.h>
 
 #include <QHash>
 #include <QString>
@@ -41,7 +41,7 @@ using ModelCreator = std::function<std::unique_ptr<CNodeDataModel>()>;
  *
  * \code
  * registry.registerModel<CBlurModel>(QStringLiteral("Filters"));
- * registry.registerTypeConverter({CGrabResultData().type(), CImageData().type()}, &toImage);
+ * registry.registerTypeConverter({CVeltraGrabResultData().type(), CImageData().type()}, &toImage);
  *
  * if (std::unique_ptr<CNodeDataModel> model = registry.create(QStringLiteral("Blur")))
  *     scene.createNode(std::move(model));
@@ -49,8 +49,8 @@ using ModelCreator = std::function<std::unique_ptr<CNodeDataModel>()>;
  *     qWarning("no model of that name");
  * \endcode
  *
- * Nothing is ever removed. The first registration of a model's name wins; the last one of a converter for a pair of
- * type ids wins.
+ * Nothing is ever removed. Of several models with one name, the first that was registered counts; of several converters
+ * for one pair of type ids, the last.
  *
  * Ownership: scenes share a registry through `std::shared_ptr`. It owns the creators and converters.
  *
@@ -66,9 +66,9 @@ public:
     CNodeDataModelRegistry(const CNodeDataModelRegistry&) = delete;
     CNodeDataModelRegistry& operator=(const CNodeDataModelRegistry&) = delete;
 
-    /// Registers \a creator under the name() of the models it makes, in \a category; does nothing if that name is
-    /// taken. One model is made and destroyed to learn the name, so construction must be cheap and leave no traces;
-    /// least of all may it destroy this registry.
+    /// Registers \a creator under the name() of the models it makes, in \a category. Does nothing if the name is taken.
+    /// One model is made and destroyed to learn the name, so that must be cheap, leave no traces, and must not destroy
+    /// this registry.
     /// An empty creator throws `std::bad_function_call`; one that makes nothing is not registered.
     template <typename Model = CNodeDataModel>
     void registerModel(ModelCreator creator, const QString& category)
@@ -84,12 +84,14 @@ public:
         registerModel<Model>([] { return std::make_unique<Model>(); }, category);
     }
 
-    /// A new model, from the creator that is stored: one that counts goes on counting. Empty if no creator has that
-    /// name.
+    /// A new model, from the creator that is stored: one that counts goes on counting. Null if no creator has that
+    /// name, or if the creator makes nothing.
     std::unique_ptr<CNodeDataModel> create(const QString& modelName);
 
     /// Every category that has a model, sorted.
     const std::set<QString>& categories() const;
+
+    /// Model name to creator.
     const std::unordered_map<QString, ModelCreator>& registeredModelCreators() const;
 
     /// Model name to category.

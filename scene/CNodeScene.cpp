@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "scene/CNodeScene.h"
+#include <Halvex/scene/CNodeScene.h>
 
 #include "graph/CGraphOwner_p.h"
 #include "graph/support/CDeferredQueue_p.h"

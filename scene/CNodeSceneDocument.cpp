@@ -4,9 +4,10 @@
 // The scene as a document: the half of CNodeScene that writes and reads it.
 
 #include "graph/CGraphOwner_p.h"
-#include "graph/DocumentKeys_p.h"
 #include "graph/support/JsonObject_p.h"
-#include "scene/CNodeScene.h"
+
+#include <Halvex/graph/DocumentKeys.h>
+#include <Halvex/scene/CNodeScene.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>

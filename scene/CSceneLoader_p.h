@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "scene/CNodeScene.h"
+#include <Halvex/scene/CNodeScene.h>
 
 namespace Plugin {
 namespace Halvex {

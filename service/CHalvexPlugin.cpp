@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "service/CHalvexPlugin.h"
+#include <Halvex/service/CHalvexPlugin.h>
 
-#include "models/CGenericNodeDecouplerDataModel.h"
-#include "service/CVeltraGrabResultData.h"
+#include <Halvex/models/CGenericNodeDecouplerDataModel.h>
+#include <Halvex/service/CVeltraGrabResultData.h>
 
 #include <QtPlugin>
 

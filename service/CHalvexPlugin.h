@@ -3,12 +3,13 @@
 
 #pragma once
 
-#include "platform/ALocalizedPlugin.h"
-#include "service/CNodeService.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/platform/ALocalizedPlugin.h>
+#include <Halvex/platform/IServiceManager.h>
+#include <Halvex/service/CNodeService.h>
 
 #include <QSharedPointer>
+#include <QWeakPointer>
 
 namespace Plugin {
 namespace Halvex {
@@ -30,7 +31,7 @@ namespace Halvex {
  * Ownership: the service is shared between plugin and manager, from the construction until uninitialize(). With its
  * last owner all its scenes go. After uninitialize() the plugin has no service and publishes none.
  *
- * Errors: none. A manager that is gone is passed over.
+ * Errors: none. If the manager is gone, there is nothing to publish with, and that is all.
  *
  * Threads: the host's main thread.
  */

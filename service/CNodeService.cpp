@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "service/CNodeService.h"
+#include <Halvex/service/CNodeService.h>
 
 #include "graph/support/CDeferredQueue_p.h"
 #include "graph/support/Swallow_p.h"

@@ -3,15 +3,26 @@
 
 #pragma once
 
-#include "service/INodeService.h"
+#include <Halvex/HalvexExport.h>
+#include <Halvex/graph/NodeDataConverter.h>
+#include <Halvex/graph/NodePortIndex.h>
+#include <Halvex/graph/SNodeDataType.h>
+#include <Halvex/models/ANodeDataModel.h>
+#include <Halvex/platform/CId.h>
+#include <Halvex/platform/IBaseInfo.h>
+#include <Halvex/scene/CNodeScene.h>
+#include <Halvex/service/INodeService.h>
 
 #include <QList>
+#include <QPointer>
 #include <QSet>
+#include <QString>
 #include <QStringList>
 #include <QVector>
 
 #include <memory>
 #include <unordered_map>
+#include <utility>
 
 namespace Plugin {
 namespace Halvex {
@@ -52,11 +63,12 @@ public:
     void setActiveScene(QPointer<CNodeScene> scene) override;
     CNodeScene* findSceneByInfo(Core::AppCoreComponents::BaseInfoPtr info) override;
 
-    /// In the order of their creation.
+    /// All scenes, in the order of their creation.
     QList<CNodeScene*> scenes() const { return m_scenes; }
 
-    /// The nodes that scenes made by themselves, from a document for example, in no particular order. A node is taken
-    /// off when its removal is announced, and stays off even if a handler throws then, which keeps the node.
+    /// The nodes with an ANodeDataModel that addNode() did not make, from a document for example. In no particular
+    /// order. A node leaves the list when its removal is announced. It does not come back, even if a handler throws
+    /// then and so keeps the node.
     QVector<CNodeBase*> documentNodes() const;
 
 private Q_SLOTS:
@@ -68,7 +80,7 @@ private:
     {
         BeingAdded,  ///< By addNode(), which has not returned yet.
         Added,       ///< By addNode().
-        InDocument,  ///< Made by a scene: one of documentNodes().
+        InDocument,  ///< Made otherwise: one of documentNodes().
         LeftDocument ///< The same, after its removal was announced.
     };
     /// A node whose model has an identity, until it is destroyed.

@@ -4,16 +4,23 @@
 #include "service/CSceneImport_p.h"
 
 #include "graph/CGraphOwner_p.h"
-#include "graph/DocumentKeys_p.h"
 #include "graph/support/JsonObject_p.h"
-#include "models/ANodeDataModel.h"
-#include "scene/CNodeScene.h"
+
+#include <Halvex/graph/DocumentKeys.h>
+#include <Halvex/models/ANodeDataModel.h>
+#include <Halvex/scene/CNodeScene.h>
 
 #include <QJsonDocument>
 
 namespace Plugin {
 namespace Halvex {
 namespace {
+
+// Of an element of an import document, which has "name" and "model" as well. Frozen: documents hold them.
+constexpr QLatin1String uniqueSourcesKey = DocumentKeys::makeKey("unique_sources");
+constexpr QLatin1String connectionKey = DocumentKeys::makeKey("connection");
+constexpr QLatin1String indexInKey = DocumentKeys::makeKey("index_in");
+constexpr QLatin1String indexOutKey = DocumentKeys::makeKey("index _out"); // the blank is part of it
 
 QJsonObject nodeJson(const QString& id, const QJsonObject& model)
 {
@@ -39,7 +46,7 @@ QJsonObject referenceTo(const CNodeBase& node)
 template <typename Visitor>
 void forEachSource(const QJsonObject& element, const Visitor& visitor)
 {
-    const QJsonArray ports = element.value(DocumentKeys::uniqueSources).toArray();
+    const QJsonArray ports = element.value(uniqueSourcesKey).toArray();
     for (int port = 0; port < ports.size(); ++port) {
         const QJsonArray names = ports.at(port).toArray();
         for (const QJsonValue& name : names) {
@@ -111,15 +118,15 @@ void CSceneImport::addConnections(const QJsonObject& element)
     // A source's output port has the number of the input port that it feeds.
     forEachSource(element, [&](int port, const QString& name) { connectNodes(ownId, port, idOf(name), port); });
 
-    const QJsonArray groups = element.value(DocumentKeys::connection).toArray();
+    const QJsonArray groups = element.value(connectionKey).toArray();
     for (const QJsonValue& group : groups) {
         const QJsonArray consumers = group.toArray();
         for (const QJsonValue& consumer : consumers) {
             if (consumer.isString())
                 connectNodes(idOf(consumer.toString()), 0, ownId, 0);
             else if (consumer.isObject())
-                connectNodes(idOf(consumer[DocumentKeys::name].toString()), consumer[DocumentKeys::indexIn].toInt(),
-                             ownId, consumer[DocumentKeys::indexOut].toInt());
+                connectNodes(idOf(consumer[DocumentKeys::name].toString()), consumer[indexInKey].toInt(), ownId,
+                             consumer[indexOutKey].toInt());
         }
     }
 }

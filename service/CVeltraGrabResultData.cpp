@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "service/CVeltraGrabResultData.h"
+#include <Halvex/service/CVeltraGrabResultData.h>
 
 #include <utility>
 

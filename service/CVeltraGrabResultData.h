@@ -3,10 +3,10 @@
 
 #pragma once
 
-#include "graph/CNodeData.h"
-#include "platform/CGrabResultPtr.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeData.h>
+#include <Halvex/graph/SNodeDataType.h>
+#include <Halvex/platform/CGrabResultPtr.h>
 
 namespace Plugin {
 namespace Halvex {
@@ -25,7 +25,7 @@ namespace Halvex {
  * Type: id "Veltra Grab Result", name "VGR". Shares the frame, copies no pixels. A subclass may carry more along with
  * the frame: its objects are of the same type.
  *
- * Threads: as the handle: objects may be read and dropped in any thread.
+ * Threads: objects may be read and dropped in any thread, as the handle may.
  */
 class HALVEX_EXPORT CVeltraGrabResultData : public CNodeData
 {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "service/INodeService.h"
+#include <Halvex/service/INodeService.h>
 
 #include "graph/support/CMetaTypeRegistration_p.h"
 

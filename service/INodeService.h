@@ -3,16 +3,16 @@
 
 #pragma once
 
-#include "graph/NodeDataConverter.h"
-#include "graph/NodePortIndex.h"
-#include "models/ANodeDataModel.h"
-#include "platform/CId.h"
-#include "platform/IBaseInfo.h"
-#include "platform/IService.h"
-#include "scene/CNodeDataModelRegistry.h"
-#include "scene/CNodeScene.h"
-
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/NodeDataConverter.h>
+#include <Halvex/graph/NodePortIndex.h>
+#include <Halvex/graph/SNodeDataType.h>
+#include <Halvex/models/ANodeDataModel.h>
+#include <Halvex/platform/CId.h>
+#include <Halvex/platform/IBaseInfo.h>
+#include <Halvex/platform/IService.h>
+#include <Halvex/scene/CNodeDataModelRegistry.h>
+#include <Halvex/scene/CNodeScene.h>
 
 #include <QPointer>
 #include <QString>
@@ -22,6 +22,8 @@
 
 namespace Plugin {
 namespace Halvex {
+
+class CNodeBase;
 
 /**
  * What a host does with graphs: its own models become nodes, nodes are connected and removed, ready-made chains are
@@ -37,20 +39,20 @@ namespace Halvex {
  * \endcode
  *
  * The plugin publishes one service. A host that does not link the library finds it among the published services by
- * `inherits("Plugin::Halvex::INodeService")` and calls the virtual operations; models and nodes of its own need the
- * library.
+ * `inherits("Plugin::Halvex::INodeService")`, and can call its virtual operations. A host with models of its own links
+ * the library.
  *
- * Scenes: one of them is active, or none. Only unique sources make scenes. Which scene is active changes through
- * addNode() of a unique model, setActiveScene(), and with every scene that goes, when the first in the order of their
- * creation becomes the active one.
+ * Scenes: one of them is active, or none. A scene is made for each unique source, and for nothing else. addNode() of a
+ * unique model and setActiveScene() choose the active scene. Whenever a scene goes, the oldest of those that are left
+ * becomes the active one.
  *
- * Ownership: the service owns its scenes, and through them nodes and models. What it hands out is a plain pointer that
- * lives as long as the node or scene; listen to the scene's signals, or keep a QPointer.
+ * Ownership: the service owns its scenes, and through them nodes and models. A pointer that it hands out is good for as
+ * long as the node or scene exists: listen to the scene's signals, or keep a QPointer.
  *
  * Signals come in the order in which things happened, and every handler hears one before any hears the next. Handlers
- * may call any operation and destroy the service. What they ask for is done at once, and its signals come in their
- * turn. Only the removal of a scene is put off as a whole, until its turn: handlers that have not been called yet may
- * look at the scene. A handler that runs an event loop of its own holds all of this up until it returns.
+ * may call any operation and destroy the service. What they ask for is done at once; its signals wait until the earlier
+ * ones have been heard by everybody. The removal of a scene waits as a whole, since handlers that have not been called
+ * yet may look at the scene. While a handler runs an event loop of its own, all that waits goes on waiting.
  *
  * Errors: no operation throws. Null pointers, unknown ids and requests that cannot be met give empty results. What
  * models and handlers throw ends the work it came from and is reported in "halvex.service".
@@ -66,8 +68,8 @@ public:
     explicit INodeService(QObject* parent);
     ~INodeService() override;
 
-    /// The catalogue that all scenes of the service share: register models of your own here. It is released last:
-    /// nothing that its creators hold may call the service when it goes.
+    /// The catalogue that all scenes of the service share: register models of your own here. The service releases it at
+    /// its very end: what the creators hold must not call the service when it is destroyed.
     std::shared_ptr<CNodeDataModelRegistry> registry() const { return m_registry; }
 
     /// Makes a node of \a model; returns its id, or no id.
@@ -78,23 +80,25 @@ public:
     /// A unique model of another kind is never placed: it is destroyed, and no scene is active then.
     virtual Core::CId addNode(std::unique_ptr<ANodeDataModel> model, Core::AppCoreComponents::BaseInfoPtr info) = 0;
 
-    /// The node with that id; null if no scene has one. The first, if two scenes have one from the same document.
+    /// The node with that id; null if no scene has one. If several scenes do, having read the same document, the oldest
+    /// scene's.
     virtual CNodeBase* findNode(Core::CId nodeId) = 0;
 
-    /// The node that addNode() made of \a model; null if it made none, the node is gone, or addNode() has not returned
-    /// yet. \a model is null or a model that exists: it is asked for its id.
+    /// The node that addNode() made of \a model; null if it made none, if the node is gone, or if addNode() has not
+    /// returned yet. A \a model that is not null must exist: it is asked for its id.
     virtual CNodeBase* findNodeByModel(ANodeDataModel* model) = 0;
 
     /// Removes the node. With \a removeLoneNodeScene, if its scene then has one node left and that one is a sink, the
     /// sink and the scene are removed as well.
     virtual void removeNode(Core::CId nodeId, bool removeLoneNodeScene) = 0;
 
-    /// The same with the node that addNode() made of \a model. The pointer is left as it is, and dangles afterwards.
+    /// The same with the node that addNode() made of \a model. The pointer is not changed: it must not be used
+    /// afterwards, since the model goes with its node.
     virtual void removeNodeByModel(ANodeDataModel*& model, bool removeLoneNodeScene) = 0;
 
-    /// Removes the scene that holds the node, and everything in it: sceneRemoving(), the scene's own signals,
-    /// sceneRemoved(), and, if there is a scene left, activeSceneChanged() with the first one, which is the active one
-    /// from then on. In a handler of the service's signals, and in what it calls, all that comes later, in its turn.
+    /// Removes the scene that holds the node, and everything in it. Emits sceneRemoving(), the scene's own signals and
+    /// sceneRemoved(). If there is a scene left, the oldest becomes the active one, and activeSceneChanged() is
+    /// emitted. In a handler of the service's signals all of this waits, see above.
     virtual void removeSceneOfNode(Core::CId nodeId) = 0;
     virtual void removeSceneOfNode(CNodeBase* node) = 0;
 
@@ -110,33 +114,35 @@ public:
     /// "halvex.service"; what was made before stays. Text that is no such document contributes nothing.
     virtual bool importDocument(const QString& document) = 0;
 
-    /// The same with all documents of addStoredDocument(), as one import. They are kept. False also without any.
+    /// The same with all documents of addStoredDocument(), as one import. They stay stored. False also if there are
+    /// none.
     virtual bool importStoredDocuments() = 0;
 
     /// Keeps a chain for importStoredDocuments().
     virtual void addStoredDocument(const QString& document) = 0;
 
-    /// A new model from the registry; null if none of that name is registered, or it has no identity
-    /// (ANodeDataModel), and is then destroyed.
+    /// A new model from the registry; null if none of that name is registered, or if it is no ANodeDataModel.
     virtual std::unique_ptr<ANodeDataModel> createModel(const QString& modelName) = 0;
 
     /// As CNodeDataModelRegistry::registerTypeConverter().
     virtual void registerTypeConverter(const std::pair<SNodeDataType, SNodeDataType>& fromTo,
                                        NodeDataConverter converter) = 0;
 
+    /// The active scene; null if there is none.
     virtual QPointer<CNodeScene> getActiveScene() = 0;
 
-    /// Makes a scene of the service the active one; emits activeSceneChanged() even if it was. Ignores others and null.
+    /// Makes \a scene the active one and emits activeSceneChanged(), even if it is active already. Ignores null and
+    /// scenes that are not the service's.
     virtual void setActiveScene(QPointer<CNodeScene> scene) = 0;
 
-    /// The first scene with that very information object, or without one if \a info is null; null if there is none.
+    /// The oldest scene with that very information object, or, if \a info is null, without any; null if there is none.
     virtual CNodeScene* findSceneByInfo(Core::AppCoreComponents::BaseInfoPtr info) = 0;
 
 Q_SIGNALS:
-    /// \a scene is the active one, perhaps as before; null when addNode() of a unique model found no scene.
+    /// \a scene is the active one, perhaps as before. Null after addNode() of a unique model that is no source.
     void activeSceneChanged(CNodeScene* scene);
-    /// Once for each scene, before it is active and has nodes; for one that addNode() makes in a handler, when its turn
-    /// has come. Not sent for a scene that is gone by then.
+    /// The service has made \a scene. Once for each, before it is active and has nodes. After an addNode() in a handler
+    /// the signal waits as all do: the scene may have nodes by then, and if it is gone the signal is not sent.
     void sceneAdded(CNodeScene* scene);
     /// \a scene is about to be removed; it is still whole. Not sent for a scene that somebody else destroys.
     void sceneRemoving(CNodeScene* scene);

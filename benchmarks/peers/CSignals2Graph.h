@@ -4,7 +4,8 @@
 #pragma once
 
 #include "SShape.h"
-#include "graph/CNodeData.h"
+
+#include <Halvex/graph/CNodeData.h>
 
 #include <boost/signals2.hpp>
 

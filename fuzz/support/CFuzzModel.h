@@ -3,8 +3,9 @@
 
 #pragma once
 
-#include "models/ANodeDataModel.h"
 #include "support/CTestData.h"
+
+#include <Halvex/models/ANodeDataModel.h>
 
 #include <QJsonObject>
 #include <QPointer>

@@ -3,10 +3,11 @@
 
 #include "support/FuzzProperties.h"
 
-#include "models/CGenericNodeDecouplerDataModel.h"
 #include "support/CFuzzModel.h"
 #include "support/CTestModel.h"
 #include "support/SceneConsistency.h"
+
+#include <Halvex/models/CGenericNodeDecouplerDataModel.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -5,7 +5,8 @@
 
 #include "host/camera/GObjectPtr.h"
 #include "host/camera/SCameraOptions.h"
-#include "platform/CGrabResultPtr.h"
+
+#include <Halvex/platform/CGrabResultPtr.h>
 
 #include <QString>
 

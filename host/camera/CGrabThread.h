@@ -4,7 +4,8 @@
 #pragma once
 
 #include "host/camera/SGrabStatistics.h"
-#include "platform/CGrabResultPtr.h"
+
+#include <Halvex/platform/CGrabResultPtr.h>
 
 #include <QString>
 #include <QThread>

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "models/ANodeDataModel.h"
+#include <Halvex/models/ANodeDataModel.h>
 
 #include <opencv2/core.hpp>
 

@@ -3,7 +3,7 @@
 
 #include "host/models/CCameraSourceModel.h"
 
-#include "service/CVeltraGrabResultData.h"
+#include <Halvex/service/CVeltraGrabResultData.h>
 
 namespace Host {
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "models/ASourceNodeDataModel.h"
+#include <Halvex/models/ASourceNodeDataModel.h>
 
 namespace Host {
 

@@ -4,7 +4,8 @@
 #pragma once
 
 #include "host/models/SFrameInfo.h"
-#include "service/CVeltraGrabResultData.h"
+
+#include <Halvex/service/CVeltraGrabResultData.h>
 
 #include <utility>
 

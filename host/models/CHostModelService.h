@@ -4,7 +4,8 @@
 #pragma once
 
 #include "host/models/IHostModels.h"
-#include "platform/IService.h"
+
+#include <Halvex/platform/IService.h>
 
 namespace Host {
 

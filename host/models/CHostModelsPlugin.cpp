@@ -4,7 +4,8 @@
 #include "host/models/CHostModelsPlugin.h"
 
 #include "host/models/HostModels.h"
-#include "service/INodeService.h"
+
+#include <Halvex/service/INodeService.h>
 
 namespace Host {
 

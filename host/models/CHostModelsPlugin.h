@@ -4,7 +4,8 @@
 #pragma once
 
 #include "host/models/CHostModelService.h"
-#include "platform/IPlugin.h"
+
+#include <Halvex/platform/IPlugin.h>
 
 #include <QSharedPointer>
 

@@ -3,9 +3,10 @@
 
 #pragma once
 
-#include "graph/CNodeData.h"
 #include "host/models/SFrameInfo.h"
-#include "platform/CGrabResultPtr.h"
+
+#include <Halvex/graph/CNodeData.h>
+#include <Halvex/platform/CGrabResultPtr.h>
 
 #include <opencv2/core.hpp>
 

@@ -5,6 +5,8 @@
 
 #include "host/models/CImageData.h"
 
+#include <Halvex/graph/DocumentKeys.h>
+
 #include <opencv2/imgcodecs.hpp>
 
 #include <QDir>
@@ -19,8 +21,7 @@ using namespace Plugin::Halvex;
 
 namespace {
 
-// Frozen: documents hold them.
-const QString propertyKey = QStringLiteral("property");
+// Under "property". Frozen: documents hold it.
 const QString sinkNameKey = QStringLiteral("sink_name");
 
 using Bytes = std::vector<uchar>;
@@ -118,13 +119,13 @@ QJsonObject CPngSinkModel::save() const
 {
     QJsonObject json = ASinkNodeDataModel::save();
     if (!m_sinkName.isEmpty())
-        json.insert(propertyKey, QJsonObject{{sinkNameKey, m_sinkName}});
+        json.insert(QString(DocumentKeys::property), QJsonObject{{sinkNameKey, m_sinkName}});
     return json;
 }
 
 void CPngSinkModel::restore(const QJsonObject& json)
 {
-    const QJsonValue name = json.value(propertyKey)[sinkNameKey];
+    const QJsonValue name = json.value(DocumentKeys::property)[sinkNameKey];
     if (!name.isUndefined())
         m_sinkName = name.toString();
 }

@@ -4,7 +4,8 @@
 #pragma once
 
 #include "host/models/IFrameSink.h"
-#include "models/ASinkNodeDataModel.h"
+
+#include <Halvex/models/ASinkNodeDataModel.h>
 
 #include <QString>
 

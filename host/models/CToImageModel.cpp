@@ -5,7 +5,8 @@
 
 #include "host/models/CGrabResultConverter.h"
 #include "host/models/CImageData.h"
-#include "service/CVeltraGrabResultData.h"
+
+#include <Halvex/service/CVeltraGrabResultData.h>
 
 namespace Host {
 

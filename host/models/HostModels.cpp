@@ -12,8 +12,9 @@
 #include "host/models/CPngSinkModel.h"
 #include "host/models/CThresholdModel.h"
 #include "host/models/CToImageModel.h"
-#include "service/CVeltraGrabResultData.h"
-#include "service/INodeService.h"
+
+#include <Halvex/service/CVeltraGrabResultData.h>
+#include <Halvex/service/INodeService.h>
 
 namespace Host {
 

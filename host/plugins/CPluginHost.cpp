@@ -6,8 +6,9 @@
 #include "host/base/Attempt.h"
 #include "host/base/Shown.h"
 #include "host/plugins/CPluginFolder.h"
-#include "platform/IPlugin.h"
-#include "scene/CNodeScene.h"
+
+#include <Halvex/platform/IPlugin.h>
+#include <Halvex/scene/CNodeScene.h>
 
 #include <QCoreApplication>
 #include <QDir>

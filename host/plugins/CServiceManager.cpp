@@ -3,7 +3,7 @@
 
 #include "host/plugins/CServiceManager.h"
 
-#include "platform/IService.h"
+#include <Halvex/platform/IService.h>
 
 #include <algorithm>
 

@@ -10,7 +10,8 @@
 #include "host/models/IHostModels.h"
 #include "host/run/CStreamGraph.h"
 #include "host/run/Output.h"
-#include "models/CNodeDataEntry.h"
+
+#include <Halvex/models/CNodeDataEntry.h>
 
 #include <QDir>
 #include <QTimer>

@@ -7,8 +7,10 @@
 #include "host/base/Shown.h"
 #include "host/models/IHostModels.h"
 #include "host/run/PortError.h"
-#include "models/ASourceNodeDataModel.h"
-#include "service/INodeService.h"
+
+#include <Halvex/graph/DocumentKeys.h>
+#include <Halvex/models/ASourceNodeDataModel.h>
+#include <Halvex/service/INodeService.h>
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -20,8 +22,6 @@ namespace Host {
 using namespace Plugin::Halvex;
 
 namespace {
-
-const QString nameKey = QStringLiteral("name");
 
 // Runs \a add with each item and its place, until one of them is wrong: what, place first.
 template <typename Add>
@@ -88,17 +88,17 @@ std::size_t CChainCheck::connections(int camera) const
 
 QString CChainCheck::addElement(const QJsonValue& json)
 {
-    const QJsonValue modelJson = json[QStringLiteral("model")];
+    const QJsonValue modelJson = json[DocumentKeys::model];
     if (!modelJson.isObject())
         return QStringLiteral("no object with a model");
-    const QString name = json[nameKey].toString();
+    const QString name = json[DocumentKeys::name].toString();
     if (name.isEmpty())
         return QStringLiteral("it has no name");
     const auto known = m_numbers.constFind(name);
     if (known != m_numbers.constEnd())
         return QStringLiteral("has the name of %1").arg(place(*known));
 
-    const QString modelName = modelJson[nameKey].toString();
+    const QString modelName = modelJson[DocumentKeys::name].toString();
     std::unique_ptr<CNodeDataModel> model;
     const QString thrown = attempt(QStringLiteral("making %1").arg(shown(modelName)), [&] {
         model = m_service.registry()->create(modelName);
@@ -148,7 +148,7 @@ QString CChainCheck::addTargets(int element, const QJsonValue& json)
 
 QString CChainCheck::addTarget(int element, const QJsonValue& json)
 {
-    const QString name = json.isObject() ? json[nameKey].toString() : json.toString();
+    const QString name = json.isObject() ? json[DocumentKeys::name].toString() : json.toString();
     const auto target = m_numbers.constFind(name);
     if (target == m_numbers.constEnd())
         return QStringLiteral("no element is named %1").arg(shown(name));

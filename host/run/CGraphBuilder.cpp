@@ -10,8 +10,9 @@
 #include "host/run/CStreamGraph.h"
 #include "host/run/Chain.h"
 #include "host/run/SceneFile.h"
-#include "scene/CNodeScene.h"
-#include "service/INodeService.h"
+
+#include <Halvex/scene/CNodeScene.h>
+#include <Halvex/service/INodeService.h>
 
 #include <utility>
 

@@ -3,7 +3,7 @@
 
 #include "host/run/CGraphText.h"
 
-#include "scene/CNodeScene.h"
+#include <Halvex/scene/CNodeScene.h>
 
 #include <QTextStream>
 

@@ -6,7 +6,9 @@
 #include "host/base/Attempt.h"
 #include "host/base/Shown.h"
 #include "host/run/PortError.h"
-#include "scene/CNodeScene.h"
+
+#include <Halvex/graph/DocumentKeys.h>
+#include <Halvex/scene/CNodeScene.h>
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -16,9 +18,6 @@ namespace Host {
 using namespace Plugin::Halvex;
 
 namespace {
-
-const QString nodesKey = QStringLiteral("nodes");
-const QString connectionsKey = QStringLiteral("connections");
 
 Core::CId readId(const QJsonValue& json)
 {
@@ -40,12 +39,12 @@ CSceneLoader::CSceneLoader(CNodeScene& scene, CNodeBase& camera)
 
 QString CSceneLoader::load(const QJsonObject& document)
 {
-    for (const QString& key : {nodesKey, connectionsKey}) {
+    for (const QLatin1String key : {DocumentKeys::nodes, DocumentKeys::connections}) {
         if (!document.value(key).isArray())
             return QStringLiteral("%1: no array").arg(key);
     }
 
-    const QJsonArray nodes = document.value(nodesKey).toArray();
+    const QJsonArray nodes = document.value(DocumentKeys::nodes).toArray();
     for (int i = 0; i < nodes.size(); ++i) {
         const QString error = addNode(i, nodes.at(i));
         if (!error.isEmpty())
@@ -54,7 +53,7 @@ QString CSceneLoader::load(const QJsonObject& document)
     if (m_cameraNumber < 0)
         return QStringLiteral("nodes: no %1 among them").arg(shown(m_camera.nodeDataModel()->name()));
 
-    const QJsonArray connections = document.value(connectionsKey).toArray();
+    const QJsonArray connections = document.value(DocumentKeys::connections).toArray();
     for (int i = 0; i < connections.size(); ++i) {
         const QString error = addConnection(connections.at(i));
         if (!error.isEmpty())
@@ -66,18 +65,18 @@ QString CSceneLoader::load(const QJsonObject& document)
 
 QString CSceneLoader::addNode(int index, const QJsonValue& json)
 {
-    const QJsonValue model = json[QStringLiteral("model")];
+    const QJsonValue model = json[DocumentKeys::model];
     if (!model.isObject())
         return QStringLiteral("no object with a model");
-    const QString name = model[QStringLiteral("name")].toString();
+    const QString name = model[DocumentKeys::name].toString();
     const auto& creators = m_scene.registry().registeredModelCreators();
     if (creators.find(name) == creators.end())
         return QStringLiteral("no model %1 is registered").arg(shown(name));
     const bool isCamera = name == m_camera.nodeDataModel()->name();
-    if (model[QStringLiteral("is_unique")].toBool() && !isCamera)
+    if (model[DocumentKeys::isUnique].toBool() && !isCamera)
         return QStringLiteral("a unique %1 is not made anew, and there is none to refer to").arg(shown(name));
 
-    const QJsonValue idText = json[QStringLiteral("id")];
+    const QJsonValue idText = json[DocumentKeys::id];
     const Core::CId id = readId(idText);
     if (id == Core::CId())
         return QStringLiteral("%1 is no id").arg(shown(idText.toString()));
@@ -100,7 +99,7 @@ QString CSceneLoader::addCamera(int index)
 
 QString CSceneLoader::makeNode(const QJsonObject& json)
 {
-    const QString name = json[QStringLiteral("model")][QStringLiteral("name")].toString();
+    const QString name = json[DocumentKeys::model][DocumentKeys::name].toString();
     CNodeBase* node = nullptr;
     const QString thrown = attempt(QStringLiteral("making %1").arg(shown(name)), [&] {
         node = &m_scene.restoreNode(json);
@@ -114,32 +113,32 @@ QString CSceneLoader::makeNode(const QJsonObject& json)
 
 QString CSceneLoader::addConnection(const QJsonValue& json)
 {
-    const auto number = [&](const char* key) {
-        const auto found = m_numbers.find(readId(json[QLatin1String(key)]));
+    const auto number = [&](QLatin1String key) {
+        const auto found = m_numbers.find(readId(json[key]));
         return found == m_numbers.end() ? -1 : found->second;
     };
     if (!json.isObject())
         return QStringLiteral("no object");
-    const int from = number("out_id");
-    const int to = number("in_id");
+    const int from = number(DocumentKeys::outId);
+    const int to = number(DocumentKeys::inId);
     if (from < 0 || to < 0)
-        return QStringLiteral("no node has its %1").arg(from < 0 ? QStringLiteral("out_id") : QStringLiteral("in_id"));
+        return QStringLiteral("no node has its %1").arg(from < 0 ? DocumentKeys::outId : DocumentKeys::inId);
 
     const CNodeBase& out = *m_nodes[std::size_t(from)];
     const CNodeBase& in = *m_nodes[std::size_t(to)];
-    const int outIndex = json[QStringLiteral("out_index")].toInt();
-    const int inIndex = json[QStringLiteral("in_index")].toInt();
+    const int outIndex = json[DocumentKeys::outIndex].toInt();
+    const int inIndex = json[DocumentKeys::inIndex].toInt();
     QString error = portError(*out.nodeDataModel(), ENodePortType::Out, outIndex, place(from));
     if (error.isEmpty())
         error = portError(*in.nodeDataModel(), ENodePortType::In, inIndex, place(to));
     if (error.isEmpty())
-        error = checkTypes(out, outIndex, in, inIndex, json[QStringLiteral("converter")]);
+        error = checkTypes(out, outIndex, in, inIndex, json[DocumentKeys::converter]);
     if (!error.isEmpty())
         return error;
 
     // The camera's node has an id of its own, whatever the document calls it.
     QJsonObject connection = json.toObject();
-    connection.insert(QStringLiteral("out_id"), out.id().toString());
+    connection.insert(QString(DocumentKeys::outId), out.id().toString());
     if (!m_scene.restoreConnection(connection))
         return QStringLiteral("the scene refuses it");
     m_edges.emplace_back(from, to);
@@ -156,8 +155,8 @@ QString CSceneLoader::checkTypes(const CNodeBase& out, int outIndex, const CNode
             return {};
         return QStringLiteral("%1 to %2 without a converter").arg(shown(given.id), shown(taken.id));
     }
-    const SNodeDataType from{converter[QStringLiteral("out")][QStringLiteral("id")].toString(), {}};
-    const SNodeDataType to{converter[QStringLiteral("in")][QStringLiteral("id")].toString(), {}};
+    const SNodeDataType from{converter[DocumentKeys::out][DocumentKeys::id].toString(), {}};
+    const SNodeDataType to{converter[DocumentKeys::in][DocumentKeys::id].toString(), {}};
     if (from.id != given.id || to.id != taken.id)
         return QStringLiteral("a converter from %1 to %2 between ports of %3 and %4")
             .arg(shown(from.id), shown(to.id), shown(given.id), shown(taken.id));

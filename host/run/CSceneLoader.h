@@ -5,7 +5,8 @@
 
 #include "host/base/FlowOrder.h"
 #include "host/run/CSinkNames.h"
-#include "platform/CId.h"
+
+#include <Halvex/platform/CId.h>
 
 #include <QJsonValue>
 #include <QString>

@@ -3,10 +3,11 @@
 
 #include "host/run/CSinkNames.h"
 
-#include "graph/CNodeDataModel.h"
 #include "host/base/Shown.h"
 #include "host/models/IFrameSink.h"
 #include "host/run/Output.h"
+
+#include <Halvex/graph/CNodeDataModel.h>
 
 namespace Host {
 

@@ -6,8 +6,9 @@
 #include "host/base/Shown.h"
 #include "host/models/IFrameSink.h"
 #include "host/run/CGraphText.h"
-#include "models/ASourceNodeDataModel.h"
-#include "models/CNodeDecouplerDataModelBase.h"
+
+#include <Halvex/models/ASourceNodeDataModel.h>
+#include <Halvex/models/CNodeDecouplerDataModelBase.h>
 
 #include <algorithm>
 #include <cmath>

@@ -4,8 +4,9 @@
 #pragma once
 
 #include "host/run/SRunReport.h"
-#include "models/CNodeDataEntry.h"
-#include "scene/CNodeScene.h"
+
+#include <Halvex/models/CNodeDataEntry.h>
+#include <Halvex/scene/CNodeScene.h>
 
 #include <QObject>
 

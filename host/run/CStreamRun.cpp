@@ -14,7 +14,8 @@
 #include "host/run/CStreamGraph.h"
 #include "host/run/Chain.h"
 #include "host/run/Output.h"
-#include "service/INodeService.h"
+
+#include <Halvex/service/INodeService.h>
 
 #include <QDir>
 #include <QTimer>

@@ -3,7 +3,7 @@
 
 #include "host/run/PortError.h"
 
-#include "graph/CNodeDataModel.h"
+#include <Halvex/graph/CNodeDataModel.h>
 
 namespace Host {
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "graph/ENodePortType.h"
+#include <Halvex/graph/ENodePortType.h>
 
 #include <QString>
 

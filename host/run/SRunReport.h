@@ -4,7 +4,8 @@
 #pragma once
 
 #include "host/camera/SGrabStatistics.h"
-#include "models/SDecouplerStatistics.h"
+
+#include <Halvex/models/SDecouplerStatistics.h>
 
 #include <QString>
 

@@ -5,6 +5,8 @@
 
 #include "host/run/Output.h"
 
+#include <Halvex/graph/DocumentKeys.h>
+
 #include <QFile>
 #include <QHash>
 #include <QJsonArray>
@@ -15,6 +17,8 @@
 #include <vector>
 
 namespace Host {
+
+using namespace Plugin::Halvex;
 
 namespace {
 
@@ -49,22 +53,19 @@ QJsonArray renamed(const QJsonValue& list, std::initializer_list<QString> keys, 
 // gives them ids of its own.
 QJsonObject withoutIdsOfUniqueNodes(QJsonObject document)
 {
-    const QString nodesKey = QStringLiteral("nodes");
-    const QString connectionsKey = QStringLiteral("connections");
-    const QString idKey = QStringLiteral("id");
     QHash<QString, QString> names;
-    const QJsonArray nodes = document.value(nodesKey).toArray();
+    const QJsonArray nodes = document.value(DocumentKeys::nodes).toArray();
     for (const QJsonValue& node : nodes) {
-        const QJsonValue model = node[QStringLiteral("model")];
-        const QJsonValue name = model[QStringLiteral("unique_name")];
-        if (model[QStringLiteral("is_unique")].toBool() && name.isString())
-            names.insert(node[idKey].toString(), QStringLiteral("unique ") + name.toString());
+        const QJsonValue model = node[DocumentKeys::model];
+        const QJsonValue name = model[DocumentKeys::uniqueName];
+        if (model[DocumentKeys::isUnique].toBool() && name.isString())
+            names.insert(node[DocumentKeys::id].toString(), QStringLiteral("unique ") + name.toString());
     }
     if (names.isEmpty())
         return document;
-    document.insert(nodesKey, renamed(nodes, {idKey}, names));
-    document.insert(connectionsKey, renamed(document.value(connectionsKey),
-                                            {QStringLiteral("in_id"), QStringLiteral("out_id")}, names));
+    document.insert(QString(DocumentKeys::nodes), renamed(nodes, {DocumentKeys::id}, names));
+    document.insert(QString(DocumentKeys::connections), renamed(document.value(DocumentKeys::connections),
+                                                                {DocumentKeys::inId, DocumentKeys::outId}, names));
     return document;
 }
 
@@ -128,8 +129,8 @@ QString sceneDifference(const QJsonObject& left, const QJsonObject& right)
 {
     QJsonObject leftRest = withoutIdsOfUniqueNodes(left);
     QJsonObject rightRest = withoutIdsOfUniqueNodes(right);
-    for (const char* key : {"nodes", "connections"}) {
-        const QString name = QString::fromLatin1(key);
+    for (const QLatin1String key : {DocumentKeys::nodes, DocumentKeys::connections}) {
+        const QString name(key);
         const auto inLeft = sorted(leftRest.take(name));
         const auto inRight = sorted(rightRest.take(name));
         const QString onlyLeft = firstMissing(inLeft, inRight);
@@ -156,8 +157,8 @@ int compareSceneFiles(const QString& left, const QString& right)
     const QString text = difference.isEmpty()
                              ? QStringLiteral("'%1' and '%2' are the same scene: %3 nodes, %4 connections\n")
                                    .arg(left, right)
-                                   .arg(first[QStringLiteral("nodes")].toArray().size())
-                                   .arg(first[QStringLiteral("connections")].toArray().size())
+                                   .arg(first[DocumentKeys::nodes].toArray().size())
+                                   .arg(first[DocumentKeys::connections].toArray().size())
                              : QStringLiteral("'%1' and '%2' differ: %3\n").arg(left, right, difference);
     if (!printText(text))
         return 2;

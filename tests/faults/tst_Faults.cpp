@@ -3,11 +3,12 @@
 
 #include "faults/CFault.h"
 
-#include "models/CGenericNodeDecouplerDataModel.h"
-#include "scene/CNodeScene.h"
 #include "service/CHostModel.h"
-#include "service/CNodeService.h"
 #include "support/SceneConsistency.h"
+
+#include <Halvex/models/CGenericNodeDecouplerDataModel.h>
+#include <Halvex/scene/CNodeScene.h>
+#include <Halvex/service/CNodeService.h>
 
 #include <QtTest>
 

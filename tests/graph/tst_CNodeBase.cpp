@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "graph/CNodeBase.h"
+#include <Halvex/graph/CNodeBase.h>
 
 #include "graph/CGraphOwner_p.h"
 #include "support/CContextTranslator.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "graph/CNodeConnection.h"
+#include <Halvex/graph/CNodeConnection.h>
 
 #include "support/CContextTranslator.h"
 #include "support/CMessageCatcher.h"

@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "graph/CNodeData.h"
+#include <Halvex/graph/CNodeData.h>
 
-#include "graph/ENodePortType.h"
-#include "graph/NodeDataConverter.h"
-#include "graph/NodePortIndex.h"
 #include "support/CTestData.h"
+
+#include <Halvex/graph/ENodePortType.h>
+#include <Halvex/graph/NodeDataConverter.h>
+#include <Halvex/graph/NodePortIndex.h>
 
 #include <QtTest>
 

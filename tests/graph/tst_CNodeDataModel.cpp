@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "graph/CNodeDataModel.h"
+#include <Halvex/graph/CNodeDataModel.h>
 
 #include "support/CContextTranslator.h"
 #include "support/MetaMethods.h"

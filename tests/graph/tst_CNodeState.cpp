@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "graph/CNodeState.h"
+#include <Halvex/graph/CNodeState.h>
 
 #include "support/CMessageCatcher.h"
 #include "support/CRowInspector.h"

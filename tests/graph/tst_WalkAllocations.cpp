@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "graph/CNodeBase.h"
-#include "graph/CNodeConnection.h"
 #include "support/CTestData.h"
+
+#include <Halvex/graph/CNodeBase.h>
+#include <Halvex/graph/CNodeConnection.h>
 
 #include <QThread>
 #include <QtTest>

@@ -5,10 +5,11 @@
 
 #include "host/models/CHostModelService.h"
 #include "host/models/HostModels.h"
-#include "models/ASourceNodeDataModel.h"
-#include "models/CGenericNodeDecouplerDataModel.h"
-#include "service/CNodeService.h"
-#include "service/CVeltraGrabResultData.h"
+
+#include <Halvex/models/ASourceNodeDataModel.h>
+#include <Halvex/models/CGenericNodeDecouplerDataModel.h>
+#include <Halvex/service/CNodeService.h>
+#include <Halvex/service/CVeltraGrabResultData.h>
 
 /// The services as the plugins publish them, without the plugins.
 struct SHostService

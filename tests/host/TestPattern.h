@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/CGrabResultPtr.h"
+#include <Halvex/platform/CGrabResultPtr.h>
 
 #include <cstring>
 

@@ -4,7 +4,8 @@
 #pragma once
 
 #include "host/models/CBlurModel.h"
-#include "scene/CNodeDataModelRegistry.h"
+
+#include <Halvex/scene/CNodeDataModelRegistry.h>
 
 #include <stdexcept>
 

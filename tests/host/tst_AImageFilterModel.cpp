@@ -10,8 +10,9 @@
 #include "host/models/CImageData.h"
 #include "host/models/CThresholdModel.h"
 #include "host/models/HostModels.h"
-#include "scene/CNodeDataModelRegistry.h"
-#include "service/CNodeService.h"
+
+#include <Halvex/scene/CNodeDataModelRegistry.h>
+#include <Halvex/service/CNodeService.h>
 
 #include <opencv2/imgproc.hpp>
 

@@ -4,7 +4,8 @@
 #include "host/models/CCameraSourceModel.h"
 
 #include "host/models/CGrabResultData.h"
-#include "models/CNodeDataFlowProxy.h"
+
+#include <Halvex/models/CNodeDataFlowProxy.h>
 
 #include <QSignalSpy>
 #include <QTest>

@@ -7,7 +7,8 @@
 #include "host/run/CGraphBuilder.h"
 #include "host/run/CStreamGraph.h"
 #include "host/run/Chain.h"
-#include "models/CNodeDecouplerDataModelBase.h"
+
+#include <Halvex/models/CNodeDecouplerDataModelBase.h>
 
 #include <QDir>
 #include <QSignalSpy>

@@ -3,8 +3,9 @@
 
 #include "host/models/IHostModels.h"
 #include "host/plugins/CServiceManager.h"
-#include "platform/IPlugin.h"
-#include "service/CNodeService.h"
+
+#include <Halvex/platform/IPlugin.h>
+#include <Halvex/service/CNodeService.h>
 
 #include <QPluginLoader>
 #include <QTest>

@@ -4,7 +4,8 @@
 #include "host/plugins/CPluginFolder.h"
 
 #include "CPluginTestFolder.h"
-#include "platform/IPlugin.h"
+
+#include <Halvex/platform/IPlugin.h>
 
 #include <QDir>
 #include <QFile>

@@ -5,7 +5,8 @@
 
 #include "CPluginTestFolder.h"
 #include "host/models/IHostModels.h"
-#include "service/INodeService.h"
+
+#include <Halvex/service/INodeService.h>
 
 #include <QCoreApplication>
 #include <QDir>

@@ -4,7 +4,8 @@
 #include "host/models/CPngSinkModel.h"
 
 #include "host/models/CImageData.h"
-#include "models/CNodeDataFlowProxy.h"
+
+#include <Halvex/models/CNodeDataFlowProxy.h>
 
 #include <opencv2/imgcodecs.hpp>
 

@@ -5,7 +5,8 @@
 
 #include "SHostService.h"
 #include "ThrowingModels.h"
-#include "scene/CNodeScene.h"
+
+#include <Halvex/scene/CNodeScene.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>

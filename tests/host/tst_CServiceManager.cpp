@@ -3,7 +3,7 @@
 
 #include "host/plugins/CServiceManager.h"
 
-#include "service/CNodeService.h"
+#include <Halvex/service/CNodeService.h>
 
 #include <QCoreApplication>
 #include <QPointer>

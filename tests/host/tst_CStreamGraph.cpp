@@ -8,7 +8,8 @@
 #include "host/models/IFrameSink.h"
 #include "host/run/CGraphBuilder.h"
 #include "host/run/Chain.h"
-#include "models/CNodeDecouplerDataModelBase.h"
+
+#include <Halvex/models/CNodeDecouplerDataModelBase.h>
 
 #include <QJsonObject>
 #include <QSignalSpy>

@@ -4,7 +4,8 @@
 #include "host/models/HostModels.h"
 
 #include "host/models/CGrabResultData.h"
-#include "service/CNodeService.h"
+
+#include <Halvex/service/CNodeService.h>
 
 #include <QTest>
 

@@ -8,12 +8,13 @@
 // Each prints a table; times are medians of several runs. Exit code 0: each limit was met as the table says, and what
 // lies beyond it left everything usable. --short takes small sizes and one run, to test the program and what it checks.
 
-#include "models/ASourceNodeDataModel.h"
-#include "models/CGenericNodeDecouplerDataModel.h"
-#include "scene/CNodeScene.h"
 #include "support/CTestData.h"
 #include "support/CTestSource.h"
 #include "support/SceneConsistency.h"
+
+#include <Halvex/models/ASourceNodeDataModel.h>
+#include <Halvex/models/CGenericNodeDecouplerDataModel.h>
+#include <Halvex/scene/CNodeScene.h>
 
 #include <QCoreApplication>
 #include <QDir>

@@ -3,8 +3,9 @@
 
 #include "matrix/CMatrixWorld.h"
 
-#include "models/CGenericNodeDecouplerDataModel.h"
 #include "support/ServiceConsistency.h"
+
+#include <Halvex/models/CGenericNodeDecouplerDataModel.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -4,10 +4,11 @@
 #pragma once
 
 #include "matrix/CStepModel.h"
-#include "models/CNodeDecouplerDataModelBase.h"
-#include "platform/IBaseInfo.h"
-#include "scene/CNodeScene.h"
-#include "service/CNodeService.h"
+
+#include <Halvex/models/CNodeDecouplerDataModelBase.h>
+#include <Halvex/platform/IBaseInfo.h>
+#include <Halvex/scene/CNodeScene.h>
+#include <Halvex/service/CNodeService.h>
 
 #include <QByteArray>
 #include <QPointer>

@@ -3,8 +3,9 @@
 
 #pragma once
 
-#include "models/ASourceNodeDataModel.h"
 #include "support/CTestData.h"
+
+#include <Halvex/models/ASourceNodeDataModel.h>
 
 #include <functional>
 #include <utility>

@@ -3,9 +3,10 @@
 
 #pragma once
 
-#include "models/ASinkNodeDataModel.h"
-#include "models/ASourceNodeDataModel.h"
 #include "support/CTestData.h"
+
+#include <Halvex/models/ASinkNodeDataModel.h>
+#include <Halvex/models/ASourceNodeDataModel.h>
 
 #include <QThread>
 

@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "models/ANodeDataModel.h"
+#include <Halvex/models/ANodeDataModel.h>
 
 #include "TestModels.h"
-#include "graph/CNodeBase.h"
 #include "support/CContextTranslator.h"
 #include "support/MetaMethods.h"
+
+#include <Halvex/graph/CNodeBase.h>
 
 #include <QtTest>
 

@@ -1,14 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "models/ASinkNodeDataModel.h"
+#include <Halvex/models/ASinkNodeDataModel.h>
 
 #include "TestModels.h"
-#include "scene/CNodeScene.h"
 #include "support/CContextTranslator.h"
 #include "support/CTestScene.h"
 #include "support/MetaMethods.h"
 #include "support/SceneConsistency.h"
+
+#include <Halvex/scene/CNodeScene.h>
 
 #include <QSignalSpy>
 #include <QtTest>

@@ -1,15 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "models/ASourceNodeDataModel.h"
+#include <Halvex/models/ASourceNodeDataModel.h>
 
 #include "TestModels.h"
-#include "scene/CNodeScene.h"
 #include "support/CContextTranslator.h"
 #include "support/CTestModel.h"
 #include "support/CTestScene.h"
 #include "support/MetaMethods.h"
 #include "support/SceneConsistency.h"
+
+#include <Halvex/scene/CNodeScene.h>
 
 #include <QSignalSpy>
 #include <QtTest>

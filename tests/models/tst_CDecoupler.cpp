@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "models/CDecoupler.h"
+#include <Halvex/models/CDecoupler.h>
 
 #include "models/DecouplerEnd_p.h"
 #include "models/TestModels.h"

@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "models/CNodeDataEntry.h"
+#include <Halvex/models/CNodeDataEntry.h>
 
 #include "TestModels.h"
-#include "scene/CNodeScene.h"
 #include "support/CTestModel.h"
 #include "support/SceneConsistency.h"
+
+#include <Halvex/scene/CNodeScene.h>
 
 #include <QSignalSpy>
 #include <QtTest>

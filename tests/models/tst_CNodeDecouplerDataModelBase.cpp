@@ -1,15 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "models/CNodeDecouplerDataModelBase.h"
+#include <Halvex/models/CNodeDecouplerDataModelBase.h>
 
-#include "models/CGenericNodeDecouplerDataModel.h"
-#include "scene/CNodeScene.h"
 #include "support/CTestData.h"
 #include "support/CTestModel.h"
 #include "support/CTestScene.h"
 #include "support/MetaMethods.h"
 #include "support/SceneConsistency.h"
+
+#include <Halvex/models/CGenericNodeDecouplerDataModel.h>
+#include <Halvex/scene/CNodeScene.h>
 
 #include <QMetaProperty>
 #include <QRandomGenerator>

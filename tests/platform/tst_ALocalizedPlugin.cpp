@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "platform/ALocalizedPlugin.h"
+#include <Halvex/platform/ALocalizedPlugin.h>
 
 #include "support/CServiceManager.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "platform/CGrabResultPtr.h"
+#include <Halvex/platform/CGrabResultPtr.h>
 
 #include <QtTest>
 

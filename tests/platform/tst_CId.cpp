@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "platform/CId.h"
+#include <Halvex/platform/CId.h>
 
 #include <QtTest>
 

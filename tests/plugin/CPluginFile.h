@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/IPlugin.h"
+#include <Halvex/platform/IPlugin.h>
 
 #include <QFile>
 #include <QPluginLoader>

@@ -4,9 +4,10 @@
 #pragma once
 
 #include "CPluginFile.h"
-#include "platform/ALocalizedPlugin.h"
-#include "service/INodeService.h"
 #include "support/CServiceManager.h"
+
+#include <Halvex/platform/ALocalizedPlugin.h>
+#include <Halvex/service/INodeService.h>
 
 #include <QSharedPointer>
 #include <QString>

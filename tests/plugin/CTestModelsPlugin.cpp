@@ -3,9 +3,9 @@
 
 #include "CTestModelsPlugin.h"
 
-#include "models/ASinkNodeDataModel.h"
-#include "models/ASourceNodeDataModel.h"
-#include "service/CVeltraGrabResultData.h"
+#include <Halvex/models/ASinkNodeDataModel.h>
+#include <Halvex/models/ASourceNodeDataModel.h>
+#include <Halvex/service/CVeltraGrabResultData.h>
 
 #include <utility>
 

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "platform/IPlugin.h"
-#include "service/INodeService.h"
+#include <Halvex/platform/IPlugin.h>
+#include <Halvex/service/INodeService.h>
 
 #include <QStringList>
 #include <QThread>

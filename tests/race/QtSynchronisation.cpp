@@ -19,7 +19,7 @@
 //
 // A race that these edges do not order is still reported, which the seeded races beside this file show.
 
-#include "graph/CNodeData.h"
+#include <Halvex/graph/CNodeData.h>
 
 #include <QtCore/private/qobject_p.h>
 

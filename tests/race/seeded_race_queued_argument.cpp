@@ -4,7 +4,7 @@
 // A race on purpose: a thread changes a data object after it has handed it to a proxy, while the slot that the queued
 // signal reaches reads it.
 
-#include "models/CNodeDataFlowProxy.h"
+#include <Halvex/models/CNodeDataFlowProxy.h>
 
 #include <QCoreApplication>
 #include <QThread>

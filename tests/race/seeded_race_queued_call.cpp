@@ -3,7 +3,7 @@
 
 // A race on purpose: a thread changes a data object after it has handed it to an entry, while the source reads it.
 
-#include "models/ASourceNodeDataModel.h"
+#include <Halvex/models/ASourceNodeDataModel.h>
 
 #include <QCoreApplication>
 #include <QThread>

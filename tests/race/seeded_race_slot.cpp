@@ -4,7 +4,7 @@
 // A race on purpose: a directly connected slot runs in the decoupler's worker and counts in a plain variable, which
 // the main thread reads meanwhile.
 
-#include "models/CDecoupler.h"
+#include <Halvex/models/CDecoupler.h>
 
 #include <QCoreApplication>
 

@@ -4,16 +4,16 @@
 // Everything that crosses threads, at the moments when it is most likely to break. With the race detector it says
 // whether the threads are ordered; in the other builds, whether nothing is lost and nothing is left.
 
-#include "models/CDecoupler.h"
-#include "models/CGenericNodeDecouplerDataModel.h"
-#include "models/CNodeDataEntry.h"
-#include "platform/IPlugin.h"
-#include "service/CNodeService.h"
-
 #include "models/TestModels.h"
 #include "support/CServiceManager.h"
 #include "support/STestNode.h"
 #include "support/SceneConsistency.h"
+
+#include <Halvex/models/CDecoupler.h>
+#include <Halvex/models/CGenericNodeDecouplerDataModel.h>
+#include <Halvex/models/CNodeDataEntry.h>
+#include <Halvex/platform/IPlugin.h>
+#include <Halvex/service/CNodeService.h>
 
 #include <QMutex>
 #include <QMutexLocker>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "scene/CNodeScene.h"
+#include <Halvex/scene/CNodeScene.h>
 
 #include "support/CContextTranslator.h"
 #include "support/CTestModel.h"

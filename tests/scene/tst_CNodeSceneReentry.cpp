@@ -3,7 +3,7 @@
 
 // What a scene does when its own handlers, or the models that a walk runs through, change or destroy it.
 
-#include "scene/CNodeScene.h"
+#include <Halvex/scene/CNodeScene.h>
 
 #include "support/CMessageCatcher.h"
 #include "support/CTestData.h"

@@ -3,14 +3,15 @@
 
 // Scenes as documents: what is written, what is read back, and what becomes of documents that are wrong.
 
-#include "scene/CNodeScene.h"
+#include <Halvex/scene/CNodeScene.h>
 
-#include "models/CGenericNodeDecouplerDataModel.h"
 #include "support/CMessageCatcher.h"
 #include "support/CTestData.h"
 #include "support/CTestModel.h"
 #include "support/CTestScene.h"
 #include "support/SceneConsistency.h"
+
+#include <Halvex/models/CGenericNodeDecouplerDataModel.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>

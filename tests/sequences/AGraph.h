@@ -3,8 +3,9 @@
 
 #pragma once
 
-#include "graph/ENodePortType.h"
 #include "sequences/SOperation.h"
+
+#include <Halvex/graph/ENodePortType.h>
 
 #include <utility>
 

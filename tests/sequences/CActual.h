@@ -3,12 +3,13 @@
 
 #pragma once
 
-#include "platform/IBaseInfo.h"
-#include "scene/CNodeScene.h"
 #include "sequences/AWorld.h"
 #include "sequences/SState.h"
 #include "sequences/SequenceModels.h"
-#include "service/CNodeService.h"
+
+#include <Halvex/platform/IBaseInfo.h>
+#include <Halvex/scene/CNodeScene.h>
+#include <Halvex/service/CNodeService.h>
 
 #include <QObject>
 #include <QPointer>

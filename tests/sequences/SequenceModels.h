@@ -3,10 +3,11 @@
 
 #pragma once
 
-#include "models/ASinkNodeDataModel.h"
-#include "models/ASourceNodeDataModel.h"
 #include "sequences/SOperation.h"
 #include "support/CTestData.h"
+
+#include <Halvex/models/ASinkNodeDataModel.h>
+#include <Halvex/models/ASourceNodeDataModel.h>
 
 #include <QPointer>
 

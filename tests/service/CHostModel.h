@@ -3,10 +3,11 @@
 
 #pragma once
 
-#include "models/ANodeDataModel.h"
-#include "models/ENodeDataModelType.h"
-#include "scene/CNodeScene.h"
 #include "support/CTestData.h"
+
+#include <Halvex/models/ANodeDataModel.h>
+#include <Halvex/models/ENodeDataModelType.h>
+#include <Halvex/scene/CNodeScene.h>
 
 #include <QPointer>
 

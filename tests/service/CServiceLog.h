@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "scene/CNodeScene.h"
-#include "service/CNodeService.h"
+#include <Halvex/scene/CNodeScene.h>
+#include <Halvex/service/CNodeService.h>
 
 #include <QHash>
 #include <QObject>

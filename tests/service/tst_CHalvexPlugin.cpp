@@ -1,13 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "service/CHalvexPlugin.h"
+#include <Halvex/service/CHalvexPlugin.h>
 
-#include "models/ASourceNodeDataModel.h"
-#include "models/CNodeDecouplerDataModelBase.h"
-#include "service/CVeltraGrabResultData.h"
 #include "support/CServiceManager.h"
 #include "support/CTestScene.h"
+
+#include <Halvex/models/ASourceNodeDataModel.h>
+#include <Halvex/models/CNodeDecouplerDataModelBase.h>
+#include <Halvex/service/CVeltraGrabResultData.h>
 
 #include <QDir>
 #include <QJsonArray>

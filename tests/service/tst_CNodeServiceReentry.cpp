@@ -4,7 +4,7 @@
 // What the service does when handlers of its signals and of its scenes' signals, or the models that it asks, call it,
 // destroy a scene or destroy the service.
 
-#include "service/CNodeService.h"
+#include <Halvex/service/CNodeService.h>
 
 #include "CHostModel.h"
 #include "CServiceLog.h"

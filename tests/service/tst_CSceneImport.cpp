@@ -5,12 +5,13 @@
 
 #include "CHostModel.h"
 #include "ImportDocument.h"
-#include "graph/CNodeConnection.h"
-#include "scene/CNodeScene.h"
-#include "service/CNodeService.h"
 #include "support/CTestModel.h"
 #include "support/CTestScene.h"
 #include "support/ServiceConsistency.h"
+
+#include <Halvex/graph/CNodeConnection.h>
+#include <Halvex/scene/CNodeScene.h>
+#include <Halvex/service/CNodeService.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>

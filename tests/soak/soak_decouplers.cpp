@@ -10,13 +10,14 @@
 // received all that was pushed, the last frame included, and delivered all that they emitted; no thread, node or frame
 // is left; and the memory in use has not grown since the first tenth of the run.
 
-#include "models/ASourceNodeDataModel.h"
-#include "models/CGenericNodeDecouplerDataModel.h"
-#include "scene/CNodeScene.h"
 #include "support/CTestData.h"
 #include "support/CTestModel.h"
 #include "support/CTestSource.h"
 #include "support/SceneConsistency.h"
+
+#include <Halvex/models/ASourceNodeDataModel.h>
+#include <Halvex/models/CGenericNodeDecouplerDataModel.h>
+#include <Halvex/scene/CNodeScene.h>
 
 #include <QCoreApplication>
 #include <QDir>

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "graph/CNodeState.h"
+#include <Halvex/graph/CNodeState.h>
 
 #include <vector>
 

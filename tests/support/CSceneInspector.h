@@ -4,7 +4,8 @@
 #pragma once
 
 #include "graph/support/CDeferredQueue_p.h"
-#include "scene/CNodeScene.h"
+
+#include <Halvex/scene/CNodeScene.h>
 
 namespace Plugin {
 namespace Halvex {

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/IServiceManager.h"
+#include <Halvex/platform/IServiceManager.h>
 
 #include <QSharedPointer>
 #include <QVector>

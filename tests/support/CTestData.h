@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "graph/CNodeData.h"
+#include <Halvex/graph/CNodeData.h>
 
 #include <atomic>
 #include <functional>

@@ -3,8 +3,9 @@
 
 #pragma once
 
-#include "graph/CNodeDataModel.h"
 #include "support/CTestData.h"
+
+#include <Halvex/graph/CNodeDataModel.h>
 
 #include <functional>
 #include <memory>

@@ -3,8 +3,9 @@
 
 #pragma once
 
-#include "models/ASourceNodeDataModel.h"
 #include "support/CTestData.h"
+
+#include <Halvex/models/ASourceNodeDataModel.h>
 
 /// A source with one output, which is not unique.
 class CTestSource : public Plugin::Halvex::ASourceNodeDataModel

@@ -3,9 +3,10 @@
 
 #pragma once
 
-#include "graph/CNodeBase.h"
-#include "graph/CNodeConnection.h"
 #include "support/CTestModel.h"
+
+#include <Halvex/graph/CNodeBase.h>
+#include <Halvex/graph/CNodeConnection.h>
 
 #include <memory>
 #include <utility>

@@ -4,9 +4,10 @@
 #pragma once
 
 #include "graph/CGraphOwner_p.h"
-#include "scene/CNodeScene.h"
 #include "support/CRowInspector.h"
 #include "support/CSceneInspector.h"
+
+#include <Halvex/scene/CNodeScene.h>
 
 #include <QString>
 

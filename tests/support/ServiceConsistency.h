@@ -3,8 +3,9 @@
 
 #pragma once
 
-#include "service/CNodeService.h"
 #include "support/SceneConsistency.h"
+
+#include <Halvex/service/CNodeService.h>
 
 /// The scenes of \a service.
 inline SceneWorld scenesOf(const Plugin::Halvex::CNodeService& service)

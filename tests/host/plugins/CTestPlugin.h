@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "platform/IPlugin.h"
-#include "platform/IService.h"
+#include <Halvex/platform/IPlugin.h>
+#include <Halvex/platform/IService.h>
 
 #include <QSharedPointer>
 

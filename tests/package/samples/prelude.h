@@ -7,6 +7,9 @@
 #include <Halvex/Halvex.h>
 
 #include <QDebug>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QPluginLoader>
 
 #include <memory>

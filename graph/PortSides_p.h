@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <Halvex/graph/ENodePortType.h>
+
+namespace Plugin {
+namespace Halvex {
+
+/// The sides that a node has ports on. A new one needs rows in CNodeState, an end in CNodeConnection and a list of
+/// connections in CNodeBase: these take In for one side and everything else for the other.
+constexpr ENodePortType portSides[] = {ENodePortType::In, ENodePortType::Out};
+
+/// Whether \a side is among portSides. It may be any number: hosts pass what they read.
+constexpr bool isPortSide(ENodePortType side)
+{
+    switch (side) { // without a default, so that the compiler asks about a new value
+    case ENodePortType::In:
+    case ENodePortType::Out:
+        return true;
+    case ENodePortType::None:
+        break;
+    }
+    return false;
+}
+
+} // namespace Halvex
+} // namespace Plugin
