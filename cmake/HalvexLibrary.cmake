@@ -99,12 +99,12 @@ configure_file(cmake/Halvex.h.in "${HALVEX_GENERATED_DIR}/Halvex/Halvex.h" @ONLY
 generate_export_header(Halvex EXPORT_FILE_NAME "${HALVEX_GENERATED_DIR}/Halvex/HalvexExport.h")
 
 # The platform comes first, so that a build folder that has held our stand-in may change to another.
-target_include_directories(Halvex PUBLIC
-  "$<BUILD_INTERFACE:$<TARGET_PROPERTY:HalvexPlatform,INTERFACE_INCLUDE_DIRECTORIES>>"
-  "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>"
-  "$<BUILD_INTERFACE:${HALVEX_GENERATED_DIR}>"
-  "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>"
-  "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/Halvex>")
+target_include_directories(Halvex
+  PUBLIC
+    "$<BUILD_INTERFACE:$<TARGET_PROPERTY:HalvexPlatform,INTERFACE_INCLUDE_DIRECTORIES>>"
+    "$<BUILD_INTERFACE:${HALVEX_GENERATED_DIR}>"
+    "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>"
+  PRIVATE "${PROJECT_SOURCE_DIR}") # "graph/name_p.h": private headers
 target_compile_features(Halvex PUBLIC cxx_std_17)
 target_link_libraries(Halvex PUBLIC Qt5::Core HalvexPlatform)
 include(HalvexPlugin)

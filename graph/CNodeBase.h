@@ -42,7 +42,7 @@ class CStackGauge;
  *
  * Feedback loops: a loop is cut when data comes back to a node for the 1001st time while the first delivery to it has
  * not ended. That data is dropped, and the loop is over: its rounds end one after the other and go nowhere else. Nodes
- * outside the loop still get their data, once, from the first delivery to each node of the loop.
+ * outside the loop still get the data of the first delivery to each node of the loop.
  *
  * Data is also dropped at a node when the thread's stack has no room for what comes behind it. When a node drops data
  * for the first time, a warning in "halvex.graph" names its model.

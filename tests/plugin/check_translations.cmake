@@ -6,7 +6,7 @@ foreach(language en ja ko zh)
   configure_file("${SOURCE_DIR}/service/translations/Halvex_${language}.ts" "${BINARY_DIR}" COPYONLY)
   list(APPEND copies "${BINARY_DIR}/Halvex_${language}.ts")
 endforeach()
-execute_process(COMMAND "${LUPDATE}" -silent -locations none -I . graph models platform scene service -ts ${copies}
+execute_process(COMMAND "${LUPDATE}" -silent -locations none -I . -I "${INCLUDE_DIR}" graph models platform scene service -ts ${copies}
   WORKING_DIRECTORY "${SOURCE_DIR}" COMMAND_ERROR_IS_FATAL ANY)
 
 foreach(copy IN LISTS copies)

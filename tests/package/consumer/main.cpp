@@ -4,14 +4,22 @@
 // A plugin author's models against the installed package: exits with 0 when the frame that went into the source came
 // out of the sink.
 
+#include "graph/CNodeBase.h"
+#include "platform/CId.h"
+
 #include <Halvex/Halvex.h>
 
 #include <QCoreApplication>
 
 #include <cstdio>
+#include <memory>
+#include <type_traits>
+#include <utility>
 
 using namespace Plugin::Halvex;
 
+static_assert(std::is_class_v<Consumer::CNodeBase> && std::is_class_v<Consumer::CId>,
+              "the consumer's own headers are found, and the library finds its own");
 static_assert(sizeof(HALVEX_VERSION_STR) > 1, "the version is told at compile time");
 
 namespace {

@@ -1,0 +1,13 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+namespace Consumer {
+
+/// The consumer's own class in a file of a name that the platform has too.
+class CId
+{
+};
+
+} // namespace Consumer
