@@ -34,6 +34,7 @@ class CNodeVisit
 public:
     static constexpr int mostRounds = 1000;
 
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): a walk sets m_dropsBefore, and most visits have none
     CNodeVisit(const CNodeBase& node, CStackGauge& gauge)
         : m_node(&node)
         , m_outer(std::exchange(node.m_state.m_visit, this))
