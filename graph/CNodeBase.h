@@ -34,7 +34,7 @@ class CStackGauge;
  * removed or destroyed. A node that its scene removes while code stands in it is destroyed when that code has left it.
  * A walk allocates nothing.
  *
- * Feedback loops: data that comes back to a node for the 1001st time, while the first delivery to it has not ended, is
+ * Feedback loops: data that comes to a node for the 1001st time, while the first delivery to it has not ended, is
  * dropped. So is data for which the thread's stack has no room. The first time, a warning in "halvex.graph" names the
  * model that gets nothing. What was dropped ends every further round of the loop; the first deliveries to each node go
  * on to their other connections.
