@@ -40,8 +40,8 @@ class CStackGauge;
  * Removal: a scene may remove a node while the node's own code runs, in its model for example. The node is then
  * destroyed when that code has returned.
  *
- * Feedback loops: a loop is cut when data comes back to a node for the 1001st time while the first delivery to it has
- * not ended. That data is dropped, and the loop is over: its rounds end one after the other and go nowhere else. Nodes
+ * Feedback loops: a loop is cut when data comes to a node for the 1001st time while the first delivery to it has not
+ * ended. That data is dropped, and the loop is over: its rounds end one after the other and go nowhere else. Nodes
  * outside the loop still get the data of the first delivery to each node of the loop.
  *
  * Data is also dropped at a node when the thread's stack has no room for what comes behind it. When a node drops data

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <set>
+#include <utility>
 #include <vector>
 
 using namespace Plugin::Halvex;
@@ -228,22 +229,22 @@ QString CMatrixWorld::inconsistency() const
 QString CMatrixWorld::inconsistencyOfWalks()
 {
     const SceneWorld world = scenesOf(*m_service);
-    std::vector<const CNodeBase*> nodes;
+    std::vector<std::pair<const CNodeBase*, CStepModel*>> steps;
     for (const CNodeScene* scene : world) {
         for (const auto& entry : scene->nodes()) {
-            if (stepOf(*entry.second))
-                nodes.push_back(entry.second.get());
+            if (CStepModel* const model = stepOf(*entry.second))
+                steps.emplace_back(entry.second.get(), model);
         }
     }
 
-    for (const CNodeBase* node : nodes)
-        stepOf(*node)->isDeaf = false;
-    for (const CNodeBase* first : nodes) {
+    for (const auto& step : steps)
+        step.second->isDeaf = false;
+    for (const auto& first : steps) {
         const int number = ++m_lastNumber;
-        stepOf(*first)->getDataFlowProxy()->setData(CTestData::make(number));
-        const auto reached = reachedFrom(*first, world);
-        for (const CNodeBase* node : nodes) {
-            if ((stepOf(*node)->value() == number) != (reached.count(node) != 0))
+        first.second->getDataFlowProxy()->setData(CTestData::make(number));
+        const auto reached = reachedFrom(*first.first, world);
+        for (const auto& step : steps) {
+            if ((step.second->value() == number) != (reached.count(step.first) != 0))
                 return QStringLiteral("a walk has not gone where the connections lead");
         }
     }

@@ -266,7 +266,8 @@ void onSave(CMatrixWorld& world)
 void onRestore(CMatrixWorld& world)
 {
     world.hand().model().onRestore = world.firing();
-    world.hand().node->restore(world.hand().node->save());
+    if (CNodeBase* const node = world.hand().node)
+        node->restore(node->save());
 }
 
 void onRestoreFromDocument(CMatrixWorld& world)
@@ -280,7 +281,8 @@ void onDataType(CMatrixWorld& world)
     // A connection with a converter says between which types.
     world.hand().connection->setTypeConverter([](CNodeDataPtr data) { return data; });
     world.hand().model().onDataType = world.firing();
-    world.hand().connection->save();
+    if (const CNodeConnection* const connection = world.hand().connection)
+        connection->save();
 }
 
 void onVisitor(CMatrixWorld& world)

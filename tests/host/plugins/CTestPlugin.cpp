@@ -60,15 +60,17 @@ CTestPlugin::~CTestPlugin()
 bool CTestPlugin::initialize(const QWeakPointer<Core::Service::IServiceManager>& manager)
 {
     m_manager = manager;
-    if (isIn("publishing", "initialize"))
-        manager.toStrongRef()->registerService(QSharedPointer<CTestService>::create());
-    return tell("initialize") && !manager.isNull();
+    const auto services = manager.toStrongRef();
+    if (services && isIn("publishing", "initialize"))
+        services->registerService(QSharedPointer<CTestService>::create());
+    return tell("initialize") && services;
 }
 
 bool CTestPlugin::extensionsInitialized()
 {
-    if (isIn("keeping", "extensionsInitialized"))
-        m_kept = m_manager.toStrongRef()->findService("Plugin::Halvex::INodeService");
+    const auto services = m_manager.toStrongRef();
+    if (services && isIn("keeping", "extensionsInitialized"))
+        m_kept = services->findService("Plugin::Halvex::INodeService");
     return tell("extensionsInitialized");
 }
 
