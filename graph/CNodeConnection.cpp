@@ -4,6 +4,7 @@
 #include <Halvex/graph/CNodeConnection.h>
 
 #include "graph/CConversion_p.h"
+#include "graph/CNodeVisit_p.h"
 #include "graph/PortSides_p.h"
 #include "graph/support/JsonObject_p.h"
 #include "graph/support/LoggingCategory_p.h"
@@ -23,6 +24,7 @@ namespace {
 
 SNodeDataType typeAt(const CNodeBase& node, ENodePortType portType, NodePortIndex index)
 {
+    const CNodeVisit visit(node);
     const CNodeDataModel* const model = node.nodeDataModel();
     return model ? model->dataType(portType, index) : SNodeDataType();
 }
@@ -62,14 +64,21 @@ CNodeConnection::~CNodeConnection()
     // connection is whole.
     m_stage = EStage::Ending;
     swallowExceptions(lcGraph, "A connection's last delivery", [this] { propagateEmptyData(); });
+    leaveTables(); // before the converter goes, so that no walk delivers without it
     CConversion::keepConverter(*this);
     m_converter.reset();
 
     CConversion::endAll(*this);
-    for (const CNodeState::SEntry& entry : qAsConst(m_entries))
-        entry.state->forgetConnection(entry, *this);
+    leaveTables();
     unlinkEnd(ENodePortType::In);
     unlinkEnd(ENodePortType::Out);
+}
+
+void CNodeConnection::leaveTables()
+{
+    for (const CNodeState::SEntry& entry : qAsConst(m_entries))
+        entry.state->forgetConnection(entry, *this);
+    m_entries.clear();
 }
 
 Core::CId CNodeConnection::id() const

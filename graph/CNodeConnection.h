@@ -147,6 +147,7 @@ private:
     SEnd& end(ENodePortType portType) { return portType == ENodePortType::In ? m_in : m_out; }
     void setNode(ENodePortType side, CNodeBase& node);
     void unlinkEnd(ENodePortType side);
+    void leaveTables();
     // For the node, which is being destroyed or leaves its scene.
     void onNodeGone(ENodePortType side, const CNodeBase& node);
 

@@ -107,9 +107,12 @@ CNodeState::Connections CNodeState::connections(ENodePortType portType, NodePort
 
 void CNodeState::setConnection(ENodePortType portType, NodePortIndex index, CNodeConnection& connection)
 {
-    if (!hasPort(portType, index) || connection.findEntry(*this, portType, index))
+    if (!hasPort(portType, index))
         return;
-    if (!m_tables || table(portType)[std::size_t(index)].emplace(connection.id(), &connection).second)
+    if (m_tables && !table(portType)[std::size_t(index)].emplace(connection.id(), &connection).second)
+        return;
+    // It has a place already if a host has taken it out of the table alone.
+    if (!connection.findEntry(*this, portType, index))
         addPlace(portType, index, connection);
 }
 
@@ -121,10 +124,10 @@ void CNodeState::eraseConnection(ENodePortType portType, NodePortIndex index, co
     const auto found = port.find(id);
     if (found == port.end())
         return;
-    if (found->second)
-        takeOut(portType, index, *found->second);
-    else
-        port.erase(found);
+    const CNodeConnection* const connection = found->second;
+    port.erase(found);
+    if (connection)
+        takeOut(portType, index, *connection);
 }
 
 std::vector<CNodeState::Connections>& CNodeState::getEntries(ENodePortType portType)

@@ -83,8 +83,9 @@ bool CNodeDecouplerDataModelBase::isUnique()
 
 QJsonObject CNodeDecouplerDataModelBase::save() const
 {
-    QJsonObject json = ANodeDataModel::save();
-    json.insert(QString(DocumentKeys::property), jsonObject({{DocumentKeys::framesPerSecond, m_framesPerSecond}}));
+    const QJsonObject property = jsonObject({{DocumentKeys::framesPerSecond, m_framesPerSecond}});
+    QJsonObject json = ANodeDataModel::save(); // asks the subclass, which may remove the node that owns this model
+    json.insert(QString(DocumentKeys::property), property);
     return json;
 }
 

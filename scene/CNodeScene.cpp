@@ -82,12 +82,15 @@ std::shared_ptr<CNodeConnection> CNodeScene::createConnection(CNodeBase& nodeIn,
     if (!nodeIn.nodeDataModel() || !nodeOut.nodeDataModel())
         return nullptr; // it is being destroyed: no foreign code may run in a visit of it
     // Copying what a converter captured may do anything, so it comes before anything else is checked.
-    const CNodeVisit visitIn(nodeIn);
-    const CNodeVisit visitOut(nodeOut);
     const QPointer<CNodeScene> self(this);
-    NodeDataConverter copy = converter;
-    if (!self || visitIn.isOver() || visitOut.isOver())
-        return nullptr;
+    NodeDataConverter copy;
+    {
+        const CNodeVisit visitIn(nodeIn);
+        const CNodeVisit visitOut(nodeOut);
+        copy = converter;
+        if (!self || visitIn.isOver() || visitOut.isOver())
+            return nullptr;
+    }
     if (!canConnect(nodeIn, ENodePortType::In, portIndexIn) || !canConnect(nodeOut, ENodePortType::Out, portIndexOut))
         return nullptr;
 

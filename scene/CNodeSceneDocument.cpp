@@ -93,13 +93,17 @@ CNodeBase& CNodeScene::restoreNode(const QJsonObject& nodeJson)
 
 std::shared_ptr<CNodeConnection> CNodeScene::restoreConnection(const QJsonObject& connectionJson)
 {
+    // Copying a converter is foreign code: the nodes are looked up after it.
+    const QPointer<CNodeScene> self(this);
+    const NodeDataConverter converter = findConverter(connectionJson.value(DocumentKeys::converter));
+    if (!self)
+        return nullptr;
     CNodeBase* const in = findNode(connectionJson.value(DocumentKeys::inId));
     CNodeBase* const out = findNode(connectionJson.value(DocumentKeys::outId));
     if (!in || !out)
         return nullptr;
     return createConnection(*in, connectionJson.value(DocumentKeys::inIndex).toInt(), *out,
-                            connectionJson.value(DocumentKeys::outIndex).toInt(),
-                            findConverter(connectionJson.value(DocumentKeys::converter)));
+                            connectionJson.value(DocumentKeys::outIndex).toInt(), converter);
 }
 
 CNodeBase& CNodeScene::makeNode(const QJsonObject& nodeJson, const QJsonObject& modelJson)
@@ -123,11 +127,13 @@ CNodeBase& CNodeScene::makeNode(const QJsonObject& nodeJson, const QJsonObject& 
 CNodeBase& CNodeScene::findUnique(const QString& modelName)
 {
     CNodeBase* found = nullptr;
-    const bool isOpen = forEachNode([&found, &modelName](CNodeBase* node) {
+    const QPointer<CNodeScene> self(this);
+    const bool isOpen = forEachNode([this, &self, &found, &modelName](CNodeBase* node) {
         if (found)
             return;
         const CNodeVisit visit(*node);
-        if (node->nodeDataModel()->name() == modelName && !visit.isOver())
+        const bool isMeant = node->nodeDataModel()->name() == modelName; // foreign code, which may remove the node
+        if (isMeant && self && !visit.isOver() && holds(*node))
             found = node;
     });
     return isOpen && found ? *found : noNode();
@@ -141,9 +147,10 @@ CNodeBase* CNodeScene::findNode(const QJsonValue& id) const
 
 NodeDataConverter CNodeScene::findConverter(const QJsonValue& converterJson) const
 {
-    if (converterJson.isUndefined() || !m_registry)
+    const std::shared_ptr<CNodeDataModelRegistry> registry = m_registry; // a share, as in makeNode()
+    if (converterJson.isUndefined() || !registry)
         return NodeDataConverter();
-    return m_registry->getTypeConverter(readType(converterJson[DocumentKeys::out]),
+    return registry->getTypeConverter(readType(converterJson[DocumentKeys::out]),
                                         readType(converterJson[DocumentKeys::in]));
 }
 

@@ -233,8 +233,12 @@ Core::CId CNodeService::idOfKnownModel(ANodeDataModel& model)
     const QPointer<CNodeService> self(this);
     const Core::CId id = node->id();
     const bool isUnique = askIfUnique(model).value_or(false);
-    if (self && node && isUnique)
-        activateScene(findSceneOf(*node));
+    // Asking the model may have ended all of this.
+    CNodeScene* const scene = self && node ? findSceneOf(*node) : nullptr;
+    if (!scene)
+        return Core::CId();
+    if (isUnique && !scene->isBeingDestroyed())
+        activateScene(scene);
     return id;
 }
 
@@ -266,7 +270,8 @@ Core::CId CNodeService::placeInto(QPointer<CNodeScene> scene, std::unique_ptr<AN
 void CNodeService::removeNode(CNodeBase& node, bool removeLoneNodeScene)
 {
     const QPointer<CNodeScene> scene = findSceneOf(node);
-    Q_ASSERT(scene);
+    if (!scene)
+        return; // somebody has changed the node's id
     const QPointer<CNodeService> self(this);
     const bool isRemoved = swallowExceptions(lcService, "Removing a node", [&] { scene->removeNode(node); });
     if (self && scene && isRemoved && removeLoneNodeScene)

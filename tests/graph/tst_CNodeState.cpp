@@ -316,7 +316,11 @@ void tst_CNodeState::writtenEntriesAreServed()
     source.model->offer(CTestData::make(2));
     port.emplace(loose.connection->id(), const_cast<CNodeConnection*>(&*loose.connection));
     source.model->offer(CTestData::make(3));
-    QCOMPARE(loose.sink.model->values(), std::vector<int>({1, 3}));
+    // What the host takes out and enters again by other ways is served as well.
+    port.clear();
+    source->nodeState().setConnection(Out, 0, const_cast<CNodeConnection&>(*loose.connection));
+    source.model->offer(CTestData::make(4));
+    QCOMPARE(loose.sink.model->values(), std::vector<int>({1, 3, 4}));
 }
 
 void tst_CNodeState::rowIsTidyAfterAWalk()

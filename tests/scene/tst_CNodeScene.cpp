@@ -4,6 +4,7 @@
 #include <Halvex/scene/CNodeScene.h>
 
 #include "support/CContextTranslator.h"
+#include "support/CMessageCatcher.h"
 #include "support/CTestModel.h"
 #include "support/CTestScene.h"
 #include "support/MetaMethods.h"
@@ -221,6 +222,7 @@ private Q_SLOTS:
     void deliversTheCurrentOutputBeforeItAnnounces();
     void servesEarlierConsumersAgain();
     void emptyOutputDeliversNothing();
+    void loopBehindANewConnectionEndsNothingElse();
     void convertsWhatItDelivers();
     void connectsTheSamePortsTwice();
 
@@ -614,6 +616,25 @@ void tst_CNodeScene::emptyOutputDeliversNothing()
     QCOMPARE(b.model.values(), Numbers());
     QCOMPARE(c.model.values(), Numbers());
     QCOMPARE(inconsistencyOf(scene), QString());
+}
+
+void tst_CNodeScene::loopBehindANewConnectionEndsNothingElse()
+{
+    const CMessageCatcher messages; // the loop is reported
+    CTestScene scene(nullptr, nullptr);
+    const SPlaced source = place(scene, QStringLiteral("A"), 0, 1);
+    const SPlaced relay = place(scene, QStringLiteral("B"));
+    const SPlaced loop = place(scene, QStringLiteral("C"));
+    const SPlaced sink = place(scene, QStringLiteral("D"), 1, 0);
+    QVERIFY(join(scene, loop, 0, loop, 0));
+    QVERIFY(join(scene, relay, 0, loop, 0));
+    QVERIFY(join(scene, relay, 0, sink, 0));
+    source.model.out = CTestData::make(1);
+
+    QVERIFY(join(scene, source, 0, relay, 0));
+
+    QCOMPARE(messages.texts("halvex.graph").size(), 1);
+    QCOMPARE(sink.model.values(), Numbers({1}));
 }
 
 void tst_CNodeScene::convertsWhatItDelivers()
