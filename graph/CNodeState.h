@@ -68,7 +68,7 @@ public:
 
     /// All ports of one side, in index order. The first form is for changing entries; the number of ports must stay.
     /// To read, call the second, through std::as_const(): after the first was called, every walk of this node has to
-    /// look for what was written.
+    /// look for what was written. The reference is good until the state is assigned or destroyed.
     std::vector<Connections>& getEntries(ENodePortType portType);
     const std::vector<Connections>& getEntries(ENodePortType portType) const;
 

@@ -151,7 +151,7 @@ NodeDataConverter CNodeScene::findConverter(const QJsonValue& converterJson) con
     if (converterJson.isUndefined() || !registry)
         return NodeDataConverter();
     return registry->getTypeConverter(readType(converterJson[DocumentKeys::out]),
-                                        readType(converterJson[DocumentKeys::in]));
+                                      readType(converterJson[DocumentKeys::in]));
 }
 
 } // namespace Halvex
