@@ -147,9 +147,9 @@ QJsonObject CNodeConnection::save() const
         return {};
 
     const QJsonObject ends = jsonObject({{DocumentKeys::inId, m_in.node->id().toString()},
-                                   {DocumentKeys::inIndex, m_in.index},
-                                   {DocumentKeys::outId, m_out.node->id().toString()},
-                                   {DocumentKeys::outIndex, m_out.index}});
+                                         {DocumentKeys::inIndex, m_in.index},
+                                         {DocumentKeys::outId, m_out.node->id().toString()},
+                                         {DocumentKeys::outIndex, m_out.index}});
     if (!m_converter)
         return ends;
 

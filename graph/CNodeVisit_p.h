@@ -25,14 +25,16 @@ namespace Halvex {
  * Visits end in the order opposite to that in which they began. As long as there is one, the rows of the node keep
  * their places; the last one tidies them up.
  *
- * A delivery is a visit, and the walk that answers it belongs to it. So the visits that stand in a node at the same time
- * are the rounds of a feedback loop. Data that would begin round mostRounds + 1 is dropped.
+ * A delivery is a visit, and the walk that answers it belongs to it. So the visits that stand in a node at the same
+ * time are the rounds of a feedback loop. Data that would begin round mostRounds + 1 is dropped.
  */
 class CNodeVisit
 {
 public:
     static constexpr int mostRounds = 1000;
 
+    // Whoever reads m_dropsBefore has set it; a hop has no instruction to spare for it.
+    // NOLINTBEGIN(cppcoreguidelines-pro-type-member-init,clang-analyzer-optin.cplusplus.UninitializedObject)
     CNodeVisit(const CNodeBase& node, CStackGauge& gauge)
         : m_node(&node)
         , m_outer(std::exchange(node.m_state.m_visit, this))
@@ -45,6 +47,7 @@ public:
         : CNodeVisit(node, CStackGauge::ofThisThread())
     {
     }
+    // NOLINTEND(cppcoreguidelines-pro-type-member-init,clang-analyzer-optin.cplusplus.UninitializedObject)
     ~CNodeVisit()
     {
         if (Q_LIKELY(!m_hasToTidy))

@@ -9,8 +9,8 @@ namespace Plugin {
 namespace Halvex {
 
 /**
- * How far the walks of one thread may go: tells whether its stack has room for one more walk within the others, and counts
- * what was dropped.
+ * How far the walks of one thread may go: tells whether its stack has room for one more walk within the others, and
+ * counts what was dropped.
  *
  * A walk is as deep as its chain is long. The last eighth of the stack (at least 64 KiB, at most half) is kept free for
  * what models and message handlers need at the deepest point. Of a stack without a limit, 256 MiB are used. Where the

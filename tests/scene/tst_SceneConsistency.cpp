@@ -61,9 +61,8 @@ void tst_SceneConsistency::brokenSceneIsReported_data()
 
     QTest::newRow("entry missing") << Break([](SPair& pair) { pair.inputs().clear(); })
                                    << "a connection is missing in a port table of its node";
-    QTest::newRow("null entry") << Break([](SPair& pair) {
-        pair.inputs().emplace(Core::CId::createId(), nullptr);
-    }) << "a port table holds a null connection";
+    QTest::newRow("null entry") << Break([](SPair& pair) { pair.inputs().emplace(Core::CId::createId(), nullptr); })
+                                << "a port table holds a null connection";
     QTest::newRow("entry under another id")
         << Break([](SPair& pair) { pair.inputs().emplace(Core::CId::createId(), pair.connection.get()); })
         << "a port table holds a connection under another id";
