@@ -51,8 +51,8 @@ void CStackGauge::measure()
     if (!isKnown)
         return;
 
-    constexpr std::size_t smallestReserve = 64 * 1024;
-    constexpr std::size_t greatestUse = 256 * 1024 * 1024;
+    constexpr std::size_t smallestReserve = std::size_t(64) * 1024;
+    constexpr std::size_t greatestUse = std::size_t(256) * 1024 * 1024;
     const std::size_t reserve = std::min(std::max(size / 8, smallestReserve), size / 2);
     m_lowest = reinterpret_cast<quintptr>(bottom) + size - std::min(size - reserve, greatestUse);
 #endif

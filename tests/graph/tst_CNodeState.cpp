@@ -9,9 +9,11 @@
 
 #include <QtTest>
 
+#include <algorithm>
 #include <functional>
 #include <limits>
 #include <memory>
+#include <new>
 #include <optional>
 #include <type_traits>
 
@@ -71,6 +73,7 @@ private Q_SLOTS:
     void hasOneEmptyMapPerPort();
     void portCountsAreReadOnce();
     void nullModelHasNoPorts();
+    void morePortsThanAnIndexCanTellAreRefused();
     void missingPortIsReported_data();
     void missingPortIsReported();
     void existingPortIsNotReported();
@@ -81,15 +84,19 @@ private Q_SLOTS:
     void settingLeavesAnEntryThatIsThere();
     void erasingTakesOneEntryOut();
     void erasingWhatIsNotThereChangesNothing();
+    void nullEntryIsErased();
     void missingPortIsNeitherSetNorErased();
     void tablesFollowOnceTheyWereMade();
     void writtenEntriesAreServed();
+    void writtenEntriesAreServedWhileAnotherWalkStands();
     void rowIsTidyAfterAWalk();
     void connectionsAreACopy();
     void copyIsIndependent();
     void assignedCopyIsIndependent();
+    void tableAssignedToItselfStays();
     void moveTakesTheEntriesAlong();
     void movedTableServesNothing();
+    void walkServesTheTableThatItBeganWith();
     void destructorLeavesConnectionsAlone();
     void connectionLeavesItsOwnTables();
     void destroyedConnectionIsNeverUsed_data();
@@ -129,6 +136,13 @@ void tst_CNodeState::portCountsAreReadOnce()
     QCOMPARE(state.getEntries(In).size(), std::size_t(1));
     QCOMPARE(state.getEntries(Out).size(), std::size_t(2));
     QCOMPARE(model.asked.size(), std::size_t(2));
+}
+
+void tst_CNodeState::morePortsThanAnIndexCanTellAreRefused()
+{
+    const std::unique_ptr<CNodeDataModel> model =
+        std::make_unique<CTestModel>(unsigned(std::numeric_limits<NodePortIndex>::max()) + 1);
+    QVERIFY_EXCEPTION_THROWN(CNodeState{model}, std::bad_alloc);
 }
 
 void tst_CNodeState::nullModelHasNoPorts()
@@ -268,6 +282,15 @@ void tst_CNodeState::erasingWhatIsNotThereChangesNothing()
     QCOMPARE(state.connections(Out, 0).size(), std::size_t(1));
 }
 
+void tst_CNodeState::nullEntryIsErased()
+{
+    CNodeState state = makeState(0, 1);
+    const Core::CId id = Core::CId::createId();
+    state.getEntries(Out)[0].emplace(id, nullptr);
+    state.eraseConnection(Out, 0, id);
+    QVERIFY(state.getEntries(Out)[0].empty());
+}
+
 void tst_CNodeState::missingPortIsNeitherSetNorErased()
 {
     SLooseConnection loose;
@@ -321,6 +344,27 @@ void tst_CNodeState::writtenEntriesAreServed()
     source->nodeState().setConnection(Out, 0, const_cast<CNodeConnection&>(*loose.connection));
     source.model->offer(CTestData::make(4));
     QCOMPARE(loose.sink.model->values(), std::vector<int>({1, 3, 4}));
+}
+
+void tst_CNodeState::writtenEntriesAreServedWhileAnotherWalkStands()
+{
+    const STestNode source;
+    const STestNode sink;
+    std::vector<std::unique_ptr<CNodeConnection>> connections;
+    for (int i = 0; i < 3; ++i)
+        connections.push_back(join(source, sink));
+    auto& port = source->nodeState().getEntries(Out)[0];
+    sink.model->onSetInData = [&](const CNodeDataPtr& data, NodePortIndex) {
+        if (CTestData::valueOf(data) != 1 || connections.size() < 3)
+            return;
+        port.erase(connections[0]->id());
+        connections.pop_back();
+        source.model->offer(CTestData::make(2));
+    };
+    source.model->offer(CTestData::make(1));
+    const std::vector<int> values = sink.model->values();
+    QCOMPARE(std::count(values.begin(), values.end(), 2), 1);
+    QCOMPARE(CRowInspector::places(source->nodeState(), Out, 0), 1);
 }
 
 void tst_CNodeState::rowIsTidyAfterAWalk()
@@ -416,6 +460,33 @@ void tst_CNodeState::moveTakesTheEntriesAlong()
     assigned = std::move(moved);
     QCOMPARE(assigned.getEntries(In).size(), std::size_t(1));
     QCOMPARE(assigned.connections(Out, 1).size(), std::size_t(1));
+}
+
+void tst_CNodeState::tableAssignedToItselfStays()
+{
+    const STestNode source;
+    const STestNode sink;
+    const auto connection = join(source, sink);
+    CNodeState& table = source->nodeState();
+    CNodeState& same = source->nodeState();
+    table = same;
+    table = std::move(same);
+    source.model->offer(CTestData::make(1));
+    QCOMPARE(sink.model->values(), std::vector<int>({1}));
+}
+
+void tst_CNodeState::walkServesTheTableThatItBeganWith()
+{
+    const STestNode source;
+    const STestNode sink;
+    const auto first = join(source, sink);
+    const auto second = join(source, sink);
+    sink.model->onSetInData = [&](const CNodeDataPtr&, NodePortIndex) { source->nodeState() = makeState(1, 1); };
+    source.model->offer(CTestData::make(1));
+    QCOMPARE(sink.model->values(), std::vector<int>({1, 1}));
+    source.model->offer(CTestData::make(2));
+    QCOMPARE(sink.model->values(), std::vector<int>({1, 1}));
+    QCOMPARE(CRowInspector::places(source->nodeState(), Out, 0), 0);
 }
 
 void tst_CNodeState::movedTableServesNothing()

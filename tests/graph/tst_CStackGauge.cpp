@@ -163,9 +163,11 @@ void tst_CStackGauge::lastEighthOfAThreadsStackIsKeptFree_data()
     QTest::addColumn<quint64>("least");
     QTest::addColumn<quint64>("most");
 
-    // A sanitizer takes part of a small stack for itself, and the system some for what is local to the thread.
+    // The system takes part of a stack for what is local to the thread.
+#ifndef __SANITIZE_THREAD__ // which puts most of a small one there
     QTest::newRow("512 KiB") << 512 * kibibyte << 128 * kibibyte << 448 * kibibyte;
     QTest::newRow("1 MiB") << mebibyte << 640 * kibibyte << 896 * kibibyte;
+#endif
     QTest::newRow("8 MiB") << 8 * mebibyte << 6 * mebibyte << 7 * mebibyte;
     QTest::newRow("512 MiB") << 512 * mebibyte << 255 * mebibyte << 256 * mebibyte;
 }
