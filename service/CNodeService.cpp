@@ -237,7 +237,7 @@ Core::CId CNodeService::idOfKnownModel(ANodeDataModel& model)
     CNodeScene* const scene = self && node ? findSceneOf(*node) : nullptr;
     if (!scene)
         return Core::CId();
-    if (isUnique && !scene->isBeingDestroyed())
+    if (isUnique)
         activateScene(scene);
     return id;
 }

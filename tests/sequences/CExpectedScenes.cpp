@@ -422,8 +422,6 @@ int CExpectedScenes::restoreConnection(int scene, const SSaved::SConnection& sav
 /// The connection's handle, which the caller has to release; 0 if there is none.
 int CExpectedScenes::makeConnection(const SConnection& made)
 {
-    const CVisit visitIn(*this, made.in);
-    const CVisit visitOut(*this, made.out);
     if (!canConnect(made.scene, made.in, made.inPort) || !canConnect(made.scene, made.out, made.outPort))
         return 0;
     const int handle = ++m_lastHandle;
