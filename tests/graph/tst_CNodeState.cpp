@@ -88,6 +88,7 @@ private Q_SLOTS:
     void missingPortIsNeitherSetNorErased();
     void tablesFollowOnceTheyWereMade();
     void writtenEntriesAreServed();
+    void writtenEntryTakesTheOthersPlace();
     void writtenEntriesAreServedWhileAnotherWalkStands();
     void rowIsTidyAfterAWalk();
     void connectionsAreACopy();
@@ -344,6 +345,18 @@ void tst_CNodeState::writtenEntriesAreServed()
     source->nodeState().setConnection(Out, 0, const_cast<CNodeConnection&>(*loose.connection));
     source.model->offer(CTestData::make(4));
     QCOMPARE(loose.sink.model->values(), std::vector<int>({1, 3, 4}));
+}
+
+void tst_CNodeState::writtenEntryTakesTheOthersPlace()
+{
+    const STestNode source;
+    const STestNode sink;
+    const auto connection = join(source, sink);
+    SLooseConnection loose;
+    source->nodeState().getEntries(Out)[0].at(connection->id()) = &*loose.connection;
+    source.model->offer(CTestData::make(1));
+    QVERIFY(sink.model->received.empty());
+    QCOMPARE(loose.sink.model->values(), std::vector<int>({1}));
 }
 
 void tst_CNodeState::writtenEntriesAreServedWhileAnotherWalkStands()
