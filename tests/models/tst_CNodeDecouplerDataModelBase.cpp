@@ -12,6 +12,7 @@
 #include <Halvex/models/CGenericNodeDecouplerDataModel.h>
 #include <Halvex/scene/CNodeScene.h>
 
+#include <QDir>
 #include <QMetaProperty>
 #include <QRandomGenerator>
 #include <QSignalSpy>
@@ -51,6 +52,12 @@ void stopTicking(CNodeDecouplerDataModelBase& model)
 void tick(const CNodeDecouplerDataModelBase& model)
 {
     QVERIFY(QMetaObject::invokeMethod(&timerOf(model), "timeout", Qt::DirectConnection));
+}
+
+/// How many threads this process has.
+int threads()
+{
+    return QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
 }
 
 /// What a model puts out, as numbers, in order.
@@ -109,6 +116,7 @@ private Q_SLOTS:
     void anyRateIsStored();
     void sameRateChangesNothing();
     void propertySetsTheRate();
+    void workerStartsWithTheFirstData();
     void handlerOfTheRateDestroysTheModel();
 
     void save();
@@ -300,6 +308,19 @@ void tst_CNodeDecouplerDataModelBase::sameRateChangesNothing()
     QVERIFY(changed.isEmpty());
     model.setFramesPerSecond(std::nextafter(25.0, 26.0));
     QCOMPARE(changed.size(), 1);
+}
+
+void tst_CNodeDecouplerDataModelBase::workerStartsWithTheFirstData()
+{
+    const int before = threads();
+    CModel model;
+    stopTicking(model);
+    tick(model);
+    tick(model);
+    QVERIFY(threads() <= before); // one of another test may be about to end
+    model.setInData(CTestData::make(1), 0);
+    tick(model);
+    QTRY_COMPARE(model.statistics().emitted, quint64(1));
 }
 
 void tst_CNodeDecouplerDataModelBase::propertySetsTheRate()
