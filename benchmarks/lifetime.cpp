@@ -37,6 +37,7 @@ int main(int argc, char* argv[])
     if (nodes < 1 || times < 1)
         return 2;
     std::vector<double> seconds;
+    seconds.reserve(std::size_t(times));
     for (int i = 0; i < times; ++i)
         seconds.push_back(isFloor ? secondsOfLifetime<CSignalChain>(nodes) : secondsOfLifetime<CSceneChain>(nodes));
     std::sort(seconds.begin(), seconds.end());
