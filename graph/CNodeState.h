@@ -140,10 +140,10 @@ private:
 
     // What a walk reads comes first.
     CNodeVisit* m_visit = nullptr; // the innermost stretch of code that stands in the node: places stay where they are
-    Rows m_outRows;
-    quint64 m_lastChange = 0; // of the rows, since somebody stands in the node
-    uint m_readyRows = 0;     // that a walk may read at once: all, or none once a host may have written into the tables
+    quint64 m_lastChange = 0;      // of the rows, since somebody stands in the node
+    uint m_readyRows = 0; // that a walk may read at once: all, or none once a host may have written into the tables
     int m_outPorts = 0;
+    Rows m_outRows;
     int m_inPorts = 0;
     Rows m_inRows;
     mutable std::unique_ptr<Tables> m_tables; // made when a host asks for them, and kept up to date from then on

@@ -66,13 +66,16 @@ public:
     /// Whether the data that brought the caller here is to be dropped.
     bool isRoundTooMany() const { return m_round > mostRounds; }
 
+    /// Whether this is the first visit that stands in the node, and no walk has begun in it.
+    bool isFirstAndIdle() const { return m_round == 1; }
+
     /// Whether a walk that stands here goes on. Not if the node is gone; nor in a further round of a loop in which
     /// something was dropped: a loop through several paths would be cut once for every sequence of paths, and there are
     /// more of those than anybody can wait for. So what was dropped ends all rounds but the first ones of each node.
-    bool mayGoOn() const { return Q_LIKELY(m_round == 1) || (!isOver() && m_gauge.drops() == m_dropsBefore); }
+    bool mayGoOn() const { return Q_LIKELY(m_round == -1) || mayGoOnOtherwise(); }
 
     /// A visit has room for one walk at a time.
-    bool isWalking() const { return m_walk != CStackGauge::EWalk::None; }
+    bool isWalking() const { return m_round < 0; }
 
     CStackGauge& gauge() const { return m_gauge; }
 
@@ -83,20 +86,13 @@ public:
         explicit CWalk(CNodeVisit& visit)
             : m_visit(visit)
         {
-            m_visit.m_walk = m_visit.m_gauge.beginWalk(&m_visit);
-            if (Q_LIKELY(m_visit.m_round == 1))
-                m_visit.m_dropsBefore = m_visit.m_gauge.drops();
+            Q_ASSERT(!visit.isWalking());
+            if (Q_LIKELY(visit.m_round == 1))
+                visit.m_dropsBefore = visit.m_gauge.drops();
+            visit.m_round = qint16(-visit.m_round);
         }
-        ~CWalk()
-        {
-            if (Q_UNLIKELY(m_visit.m_walk == CStackGauge::EWalk::IsCounted))
-                m_visit.m_gauge.endCountedWalk();
-            m_visit.m_walk = CStackGauge::EWalk::None;
-        }
+        ~CWalk() { m_visit.m_round = qint16(-m_visit.m_round); }
         Q_DISABLE_COPY(CWalk)
-
-        /// Whether the stack has room for what it leads to.
-        bool hasRoom() const { return m_visit.m_walk != CStackGauge::EWalk::HasNone; }
 
     private:
         CNodeVisit& m_visit;
@@ -109,9 +105,11 @@ private:
 
     void joinOuter()
     {
-        m_round = m_outer->isOver() ? roundOfGoneNode : m_outer->m_round + 1;
+        m_round = m_outer->isOver() ? roundOfGoneNode : qint16(qMin(qAbs(int(m_outer->m_round)), mostRounds) + 1);
         m_dropsBefore = m_outer->isWalking() ? m_outer->m_dropsBefore : m_gauge.drops();
     }
+
+    bool mayGoOnOtherwise() const { return !isOver() && (m_round == 1 || m_gauge.drops() == m_dropsBefore); }
 
     static bool standsIn(const CNodeBase& node) { return node.m_state.m_visit != nullptr; }
     static void endAll(const CNodeBase& node)
@@ -149,15 +147,14 @@ private:
             state.tidy();
     }
 
-    static constexpr int roundOfGoneNode = 0;
+    static constexpr qint16 roundOfGoneNode = 0;
 
     const CNodeBase* m_node; // null once it was destroyed
     CNodeVisit* m_outer;
     CStackGauge& m_gauge;
-    quint64 m_dropsBefore; // when the walk of the first visit that stands here began; not set before that
-    int m_round = 1;       // or roundOfGoneNode
-    CStackGauge::EWalk m_walk = CStackGauge::EWalk::None;
-    quint16 m_hasToTidy = 0; // as it leaves; the size lets all of these be set at once
+    quint64 m_dropsBefore;   // when the walk of the first visit that stands here began; not set before that
+    qint16 m_round = 1;      // or roundOfGoneNode; its negative while a walk is under way
+    quint16 m_hasToTidy = 0; // as it leaves; the size lets both be set at once
 };
 
 } // namespace Halvex

@@ -11,6 +11,8 @@
 #include <Halvex/graph/CNodeBase.h>
 #include <Halvex/graph/CNodeConnection.h>
 
+#include <QScopeGuard>
+
 #include <utility>
 
 namespace Plugin {
@@ -26,7 +28,7 @@ Q_ALWAYS_INLINE void CNodeBase::deliver(DataPtr&& data, NodePortIndex inPortInde
         m_model->setInData(std::forward<DataPtr>(data), inPortIndex);
 }
 
-void CNodeConnection::deliverConverted(CNodeDataPtr&& data, CStackGauge& gauge) const
+Q_ALWAYS_INLINE void CNodeConnection::deliverConverted(CNodeDataPtr&& data, CStackGauge& gauge) const
 {
     CConversion conversion(*this);
     CNodeDataPtr converted = conversion.convert(std::move(data));
@@ -34,15 +36,29 @@ void CNodeConnection::deliverConverted(CNodeDataPtr&& data, CStackGauge& gauge) 
         m_in.node->deliver(std::move(converted), m_in.index, gauge);
 }
 
-template <typename DataPtr>
-Q_ALWAYS_INLINE void CNodeConnection::deliver(DataPtr&& data, CStackGauge& gauge) const
+void CNodeConnection::deliverConvertedCopy(const CNodeDataPtr& data, CStackGauge& gauge) const
+{
+    deliverConverted(CNodeDataPtr(data), gauge);
+}
+
+Q_ALWAYS_INLINE void CNodeConnection::deliver(CNodeDataPtr&& data, CStackGauge& gauge) const
 {
     if (!m_in.node)
         return;
     if (m_converter)
-        deliverConverted(CNodeDataPtr(std::forward<DataPtr>(data)), gauge);
+        deliverConverted(std::move(data), gauge);
     else
-        m_in.node->deliver(std::forward<DataPtr>(data), m_in.index, gauge);
+        m_in.node->deliver(std::move(data), m_in.index, gauge);
+}
+
+Q_ALWAYS_INLINE void CNodeConnection::deliver(const CNodeDataPtr& data, CStackGauge& gauge) const
+{
+    if (!m_in.node)
+        return;
+    if (m_converter)
+        deliverConvertedCopy(data, gauge);
+    else
+        m_in.node->deliver(data, m_in.index, gauge);
 }
 
 Q_ALWAYS_INLINE void CNodeBase::deliverToPort(NodePortIndex outIndex, CNodeDataPtr&& data, const CNodeVisit& visit)
@@ -69,34 +85,52 @@ Q_ALWAYS_INLINE void CNodeBase::deliverToPort(NodePortIndex outIndex, CNodeDataP
 
 void CNodeBase::onDataUpdated(NodePortIndex index)
 {
+    // Mostly the model answers a delivery, and the walk belongs to that visit.
     CNodeVisit* const visit = m_state.m_visit;
-    if (Q_UNLIKELY(!visit || visit->isWalking())) {
-        updateAlone(index);
-        return;
-    }
-    // The model answers a delivery, and the walk belongs to that visit.
+    if (Q_LIKELY(visit && visit->isFirstAndIdle() && visit->gauge().hasRoom(visit)))
+        walk(index, *visit);
+    else
+        updateCarefully(index, visit);
+}
+
+Q_ALWAYS_INLINE void CNodeBase::walk(NodePortIndex index, CNodeVisit& visit)
+{
     Q_ASSERT(m_model);
-    if (!visit->mayGoOn())
-        return;
-    const CNodeVisit::CWalk walk(*visit);
-    if (Q_UNLIKELY(!walk.hasRoom())) {
-        dropData(visit->gauge(), "the stack has no room for what comes behind it");
-        return;
-    }
+    const CNodeVisit::CWalk walk(visit);
     CNodeDataPtr data = m_model->outData(index);
-    if (data && visit->mayGoOn())
-        deliverToPort(index, std::move(data), *visit);
+    if (data && visit.mayGoOn())
+        deliverToPort(index, std::move(data), visit);
+}
+
+void CNodeBase::updateCarefully(NodePortIndex index, CNodeVisit* visit)
+{
+    if (!m_model)
+        return;
+    if (!visit || visit->isWalking())
+        updateAlone(index);
+    else if (visit->mayGoOn())
+        walkIfRoom(index, *visit);
 }
 
 void CNodeBase::updateAlone(NodePortIndex index)
 {
-    if (!m_model)
-        return;
     const CNodeVisit visit(*this);
     if (visit.isRoundTooMany())
         dropData(visit.gauge(), "its output announces itself whenever it is asked for");
     else
         onDataUpdated(index);
+}
+
+void CNodeBase::walkIfRoom(NodePortIndex index, CNodeVisit& visit)
+{
+    if (visit.gauge().hasRoom(&visit)) {
+        walk(index, visit);
+    } else if (!visit.gauge().beginFarWalk()) {
+        dropData(visit.gauge(), "the stack has no room for what comes behind it");
+    } else {
+        const auto end = qScopeGuard([&visit] { visit.gauge().endFarWalk(); });
+        walk(index, visit);
+    }
 }
 
 void CNodeBase::propagateData(CNodeDataPtr ptrNodeData, NodePortIndex inPortIndex) const

@@ -26,15 +26,21 @@ quintptr framePosition()
 
 } // namespace
 
-CStackGauge::EWalk CStackGauge::beginWalkFarBelow()
+bool CStackGauge::beginFarWalk()
 {
     measureOnce();
     if (m_lowest != unknown)
-        return framePosition() >= m_lowest ? EWalk::HasRoom : EWalk::HasNone;
-    if (m_countedWalks == mostWalks)
-        return EWalk::HasNone;
-    ++m_countedWalks;
-    return EWalk::IsCounted;
+        return framePosition() >= m_lowest;
+    if (m_farWalks == mostWalks)
+        return false;
+    ++m_farWalks;
+    return true;
+}
+
+void CStackGauge::endFarWalk()
+{
+    if (m_lowest == unknown)
+        --m_farWalks;
 }
 
 void CStackGauge::measure()

@@ -32,34 +32,26 @@ public:
             measure();
     }
 
-    /// What a walk that begins here may do.
-    enum class EWalk : quint16
-    {
-        None, ///< No walk is under way.
-        HasRoom,
-        HasNone,
-        IsCounted ///< It has room, and is to be ended with endCountedWalk().
-    };
-    /// \a here: any object on the stack, not far above the caller.
-    EWalk beginWalk(const void* here)
-    {
-        return Q_LIKELY(reinterpret_cast<quintptr>(here) >= m_lowest) ? EWalk::HasRoom : beginWalkFarBelow();
-    }
-    void endCountedWalk() { --m_countedWalks; }
+    /// Whether a walk may begin without further questions. \a here: any object on the stack, not far above the caller.
+    bool hasRoom(const void* here) const { return Q_LIKELY(reinterpret_cast<quintptr>(here) >= m_lowest); }
+
+    /// For a walk that begins where hasRoom() says no: whether it may begin even so. If it may, end it with
+    /// endFarWalk().
+    bool beginFarWalk();
+    void endFarWalk();
 
     void countDrop() { ++m_drops; }
     quint64 drops() const { return m_drops; }
 
 private:
     constexpr CStackGauge() = default;
-    EWalk beginWalkFarBelow();
     void measure();
 
     static constexpr quintptr notMeasured = ~quintptr(0);
     static constexpr quintptr unknown = notMeasured - 1;
 
     quintptr m_lowest = notMeasured; // where a walk may begin; a stack grows downwards
-    int m_countedWalks = 0;          // under way, one within the other, if the bounds are unknown
+    int m_farWalks = 0;              // under way, one within the other, if the bounds are unknown
     quint64 m_drops = 0;
 
     static thread_local CStackGauge s_gauge;

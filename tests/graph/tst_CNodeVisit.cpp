@@ -234,14 +234,17 @@ void tst_CNodeVisit::visitWalksWhileItsWalkLasts()
 {
     const STestNode node;
     CNodeVisit visit(*node);
+    QVERIFY(visit.isFirstAndIdle());
     QVERIFY(!visit.isWalking());
     {
         const CNodeVisit::CWalk walk(visit);
         QVERIFY(visit.isWalking());
-        QVERIFY(walk.hasRoom());
+        QVERIFY(!visit.isFirstAndIdle());
         const CNodeVisit inner(*node);
         QVERIFY(!inner.isWalking());
+        QVERIFY(!inner.isFirstAndIdle());
     }
+    QVERIFY(visit.isFirstAndIdle());
     QVERIFY(!visit.isWalking());
 }
 

@@ -34,7 +34,7 @@ Q_NEVER_INLINE quint64 measureRoom(const volatile char* top)
     volatile char step[stepSize];
     step[0] = 0;
     CStackGauge& gauge = CStackGauge::ofThisThread();
-    if (gauge.beginWalk(const_cast<const char*>(step)) != CStackGauge::EWalk::HasRoom)
+    if (!gauge.hasRoom(const_cast<const char*>(step)) && !gauge.beginFarWalk())
         return quint64(top - step);
     const quint64 room = measureRoom<stepSize>(top);
     step[0] = 1; // the step is needed until here
@@ -115,10 +115,10 @@ quint64 nestedWalks()
     quint64 walks = 0;
     for (int time = 0; time < 2; ++time) {
         walks = 0;
-        while (gauge.beginWalk(&walks) == CStackGauge::EWalk::IsCounted)
+        while (walks <= CStackGauge::mostWalks && !gauge.hasRoom(&walks) && gauge.beginFarWalk())
             ++walks;
         for (quint64 walk = 0; walk < walks; ++walk)
-            gauge.endCountedWalk();
+            gauge.endFarWalk();
     }
     return walks;
 }
