@@ -25,6 +25,9 @@ public:
     static EConnectionStage stage(const CNodeConnection& connection) { return connection.m_stage; }
     static void setStage(CNodeConnection& connection, EConnectionStage stage) { connection.m_stage = stage; }
 
+    static const void* owner(const CNodeBase& node) { return node.m_owner; }
+    static void setOwner(CNodeBase& node, const void* owner) { node.m_owner = owner; }
+
     static bool hasPort(const CNodeBase& node, ENodePortType side, NodePortIndex index)
     {
         return node.m_state.hasPort(side, index);
@@ -36,8 +39,9 @@ public:
     /// when the last visit has left it.
     static void retire(std::unique_ptr<CNodeBase> node)
     {
-        Q_ASSERT(node && node->m_stage != ENodeStage::Retired);
-        node->m_stage = ENodeStage::Retired;
+        Q_ASSERT(node);
+        node->m_owner = nullptr;
+        node->m_stage = ENodeStage::Closed;
         node->clearEnds();
         CNodeVisit::endAll(*node);
         if (CNodeVisit::standsIn(*node))

@@ -32,9 +32,9 @@ public:
 } // namespace
 
 CNodeBase::CNodeBase(std::unique_ptr<CNodeDataModel>&& model)
-    : m_id(Core::CId::createId())
-    , m_model(model ? std::move(model) : std::make_unique<CNoModel>())
+    : m_model(model ? std::move(model) : std::make_unique<CNoModel>())
     , m_state(m_model)
+    , m_id(Core::CId::createId())
 {
     // Without the name, Qt could not queue a model's signal that comes from another thread.
     static const int nameOfPortIndex = qRegisterMetaType<NodePortIndex>("NodePortIndex");

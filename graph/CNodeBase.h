@@ -97,13 +97,15 @@ private:
     {
         Staying,
         Leaving, ///< It was announced.
-        Closed,  ///< Its connections are being taken away; it gets no new ones.
-        Retired  ///< It is out of the graph, and lives only for the code that stands in it.
+        Closed   ///< Its connections are being taken away; it gets no new ones.
     };
 
     // The walk, in CNodeWalk.cpp. What takes a pointer takes it over from whoever has no more use for it.
     template <typename DataPtr>
     HALVEX_NO_EXPORT void deliver(DataPtr&& data, NodePortIndex inPortIndex, CStackGauge& gauge) const;
+    HALVEX_NO_EXPORT inline void walk(NodePortIndex index, CNodeVisit& visit);
+    HALVEX_NO_EXPORT void walkIfRoom(NodePortIndex index, CNodeVisit& visit);
+    [[gnu::noinline]] HALVEX_NO_EXPORT void updateCarefully(NodePortIndex index, CNodeVisit* visit);
     HALVEX_NO_EXPORT void updateAlone(NodePortIndex index);
     HALVEX_NO_EXPORT inline void deliverToPort(NodePortIndex outIndex, CNodeDataPtr&& data, const CNodeVisit& visit);
     [[gnu::cold]] HALVEX_NO_EXPORT void dropData(CStackGauge& gauge, const char* reason) const;
@@ -111,15 +113,16 @@ private:
     CNodeConnection*& firstConnection(ENodePortType side);
     void clearEnds();
 
+    // What a walk reads comes first and lies in a row with what the table begins with, for the cache.
+    std::unique_ptr<CNodeDataModel> m_model;
+    mutable CNodeState m_state; // also counts who stands in the node
     Core::CId m_id;
     // The connections that lead here, one list for each side; the node clears their ends when it goes.
     CNodeConnection* m_firstIn = nullptr;
     CNodeConnection* m_firstOut = nullptr;
+    const void* m_owner = nullptr; // the scene that holds it; null before it is added and after it was taken out
     EStage m_stage = EStage::Staying;
     mutable bool m_hasWarned = false;
-    // What a walk reads is from here to what the table begins with, in a row, for the cache.
-    std::unique_ptr<CNodeDataModel> m_model;
-    mutable CNodeState m_state; // also counts who stands in the node
 };
 
 } // namespace Halvex

@@ -176,8 +176,10 @@ void CNodeState::resizeRows(int inPorts, int outPorts)
     m_outPorts = outPorts;
     m_readyRows = uint(outPorts);
     // No row is taken away: a walk may stand in it.
-    m_inRows.resize(std::max(m_inRows.size(), inPorts));
-    m_outRows.resize(std::max(m_outRows.size(), outPorts));
+    if (m_inRows.size() < inPorts)
+        m_inRows.resize(inPorts);
+    if (m_outRows.size() < outPorts)
+        m_outRows.resize(outPorts);
 }
 
 void CNodeState::addPlace(ENodePortType side, NodePortIndex port, CNodeConnection& connection)

@@ -207,7 +207,7 @@ private:
     bool isWhole(const CNodeConnection& connection) const;
     bool canConnect(const CNodeBase& node, ENodePortType portType, int portIndex) const;
     void takeOut(CNodeBase& node);
-    void removeConnection(CNodeConnection& connection, EIfThrown ifThrown);
+    void removeConnection(const Core::CId& id, EIfThrown ifThrown);
 
     // Emits a signal; what handlers throw passes through, but not out of the destructor.
     template <typename Signal>
