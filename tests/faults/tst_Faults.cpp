@@ -79,7 +79,7 @@ void watch(const CNodeScene& scene)
 void watch(const CNodeService& service)
 {
     const auto onScene = [](const CNodeScene*) { CFault::chance(EFault::ServiceHandler); };
-    QObject::connect(&service, &INodeService::sceneAdded, [](const CNodeScene* scene) { watch(*scene); });
+    QObject::connect(&service, &INodeService::sceneAdded, &service, [](const CNodeScene* scene) { watch(*scene); });
     QObject::connect(&service, &INodeService::sceneAdded, onScene);
     QObject::connect(&service, &INodeService::activeSceneChanged, onScene);
     QObject::connect(&service, &INodeService::sceneRemoving, onScene);
