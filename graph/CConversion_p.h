@@ -8,8 +8,7 @@
 #include <memory>
 #include <utility>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /**
  * Who stands in a connection: a call of its converter, on the stack. The converter may replace itself or destroy the
@@ -65,5 +64,4 @@ private:
     std::shared_ptr<const NodeDataConverter> m_replaced; // the converter, if another took its place meanwhile
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -10,8 +10,7 @@
 
 #include <memory>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /// What the owner of nodes and connections does beyond their public operations.
 class CGraphOwner
@@ -49,5 +48,4 @@ public:
     }
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -13,8 +13,7 @@
 
 #include <utility>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 namespace {
 
 /// Stands in for a model that is missing, so that a node always has one.
@@ -103,5 +102,4 @@ void CNodeBase::clearEnds()
     }
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -17,8 +17,7 @@
 
 #include <memory>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 class CNodeConnection;
 class CNodeVisit;
@@ -125,5 +124,4 @@ private:
     mutable bool m_hasWarned = false;
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

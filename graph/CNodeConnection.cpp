@@ -18,8 +18,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 namespace {
 
 SNodeDataType typeAt(const CNodeBase& node, ENodePortType portType, NodePortIndex index)
@@ -239,5 +238,4 @@ CNodeState::SEntry* CNodeConnection::findOwnEntry(const CNodeState::SEntry& entr
     return found;
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -19,8 +19,7 @@
 
 #include <memory>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 class CConversion;
 class CNodeBase;
@@ -167,5 +166,4 @@ private:
     SEnd m_in;
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

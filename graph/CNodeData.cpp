@@ -5,8 +5,7 @@
 
 #include "graph/support/CMetaTypeRegistration_p.h"
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 CNodeData::~CNodeData() = default;
 
@@ -15,8 +14,7 @@ bool CNodeData::sameType(const CNodeData& other) const
     return type().id == other.type().id;
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex
 
 int QMetaTypeId<Plugin::Halvex::CNodeDataPtr>::qt_metatype_id()
 {

@@ -9,8 +9,7 @@
 #include <QMetaType>
 #include <QSharedPointer>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /**
  * Base of every data object that travels through a graph.
@@ -52,8 +51,7 @@ public:
 /// What connections carry. Null is empty data, and means: what you had from here is no longer valid.
 using CNodeDataPtr = QSharedPointer<CNodeData>;
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex
 
 /// "Plugin::Halvex::CNodeDataPtr" to Qt, for as long as the library is loaded.
 template <>

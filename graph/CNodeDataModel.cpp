@@ -9,8 +9,7 @@
 
 #include <QPointer>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 CNodeDataModel::CNodeDataModel() = default;
 
@@ -82,5 +81,4 @@ QJsonObject CNodeDataModel::save() const
     return jsonObject({{DocumentKeys::name, mutableSelf(*this).name()}});
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -15,8 +15,7 @@
 #include <QObject>
 #include <QString>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /// What a model thinks of its inputs and settings; published for the host, never read by the library.
 enum class ENodeValidationState
@@ -139,5 +138,4 @@ private:
     Core::AppCoreComponents::BaseInfoPtr m_info;
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

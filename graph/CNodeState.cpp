@@ -15,8 +15,7 @@
 #include <limits>
 #include <utility>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 namespace {
 
 int countPorts(const CNodeDataModel& model, ENodePortType side)
@@ -332,5 +331,4 @@ void CNodeState::tidyRow(ENodePortType side, NodePortIndex port)
     }
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

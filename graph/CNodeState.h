@@ -16,8 +16,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 class CNodeConnection;
 class CNodeDataModel;
@@ -149,5 +148,4 @@ private:
     mutable std::unique_ptr<Tables> m_tables; // made when a host asks for them, and kept up to date from then on
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -9,8 +9,7 @@
 
 #include <utility>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /**
  * Who stands in a node: a stretch of code, on the stack. A node that leaves its scene meanwhile lives until the last
@@ -157,5 +156,4 @@ private:
     quint16 m_hasToTidy = 0; // as it leaves; the size lets both be set at once
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

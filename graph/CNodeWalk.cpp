@@ -15,8 +15,7 @@
 
 #include <utility>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 template <typename DataPtr>
 Q_ALWAYS_INLINE void CNodeBase::deliver(DataPtr&& data, NodePortIndex inPortIndex, CStackGauge& gauge) const
@@ -151,5 +150,4 @@ void CNodeConnection::propagateData(CNodeDataPtr data) const
     deliver(std::move(data), CStackGauge::ofThisThread());
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

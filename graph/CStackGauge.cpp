@@ -10,8 +10,7 @@
 #include <pthread.h>
 #endif
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 namespace {
 
 quintptr framePosition()
@@ -64,5 +63,4 @@ void CStackGauge::measure()
 #endif
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

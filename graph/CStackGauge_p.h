@@ -5,8 +5,7 @@
 
 #include <QtGlobal>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /**
  * How far the walks of one thread may go: tells whether its stack has room for one more walk within the others, and
@@ -59,5 +58,4 @@ private:
 
 inline thread_local CStackGauge CStackGauge::s_gauge;
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -5,8 +5,7 @@
 
 #include <QLatin1String>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /**
  * The keys of a scene document, by the class that writes them; docs/scene-document.md shows where they stand. Frozen:
@@ -55,5 +54,4 @@ constexpr QLatin1String in = makeKey("in");
 constexpr QLatin1String out = makeKey("out");
 
 } // namespace DocumentKeys
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -3,8 +3,7 @@
 
 #pragma once
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /// The side of a node that a port is on. The numbers are frozen: they stand in log messages.
 enum class ENodePortType
@@ -14,5 +13,4 @@ enum class ENodePortType
     Out = 2   ///< Gives data.
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

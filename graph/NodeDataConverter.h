@@ -7,8 +7,7 @@
 
 #include <functional>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /**
  * Turns data of one type into data of another on its way along a connection.
@@ -18,5 +17,4 @@ namespace Halvex {
  */
 using NodeDataConverter = std::function<CNodeDataPtr(CNodeDataPtr)>;
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -3,12 +3,10 @@
 
 #pragma once
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /// A port's index on one side of a node, counted from 0; -1 stands for no port. Qt knows it as "NodePortIndex" from the
 /// first node on, so that queued signals can carry it.
 using NodePortIndex = int;
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -5,8 +5,7 @@
 
 #include <Halvex/graph/ENodePortType.h>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /// The sides that a node has ports on. A new one needs rows in CNodeState, an end in CNodeConnection and a list of
 /// connections in CNodeBase: these take In for one side and everything else for the other.
@@ -25,5 +24,4 @@ constexpr bool isPortSide(ENodePortType side)
     return false;
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -5,8 +5,7 @@
 
 #include <QString>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /**
  * The type of the data that a port takes or gives.
@@ -19,5 +18,4 @@ struct SNodeDataType
     QString name; ///< Short name for captions, e.g. "VGR".
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

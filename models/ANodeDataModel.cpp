@@ -7,8 +7,7 @@
 
 #include <QPointer>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 QString ANodeDataModel::noUniqueName()
 {
@@ -57,5 +56,4 @@ QJsonObject ANodeDataModel::save() const
     return json;
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

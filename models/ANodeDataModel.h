@@ -11,8 +11,7 @@
 #include <QJsonObject>
 #include <QString>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /**
  * A model with an identity: an id of its own, perhaps a unique name, and a kind.
@@ -69,5 +68,4 @@ private:
     Core::CId m_id;
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -5,8 +5,7 @@
 
 #include "models/StoreNewestData_p.h"
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 ASinkNodeDataModel::ASinkNodeDataModel(QString uniqueName)
     : ANodeDataModel(std::move(uniqueName))
@@ -35,5 +34,4 @@ void ASinkNodeDataModel::onNewDataAvailable(CNodeDataPtr ptrNodeData)
     storeNewestData(*this, m_data, std::move(ptrNodeData));
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

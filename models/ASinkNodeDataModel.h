@@ -11,8 +11,7 @@
 #include <QPointer>
 #include <QString>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /**
  * A model whose data leaves the graph to outside listeners, through its proxy.
@@ -50,5 +49,4 @@ private:
     CNodeDataPtr m_data;
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -6,8 +6,7 @@
 #include "models/CSourceDataFlowProxy_p.h"
 #include "models/StoreNewestData_p.h"
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 ASourceNodeDataModel::ASourceNodeDataModel(QString uniqueName)
     : ANodeDataModel(std::move(uniqueName))
@@ -50,5 +49,4 @@ void ASourceNodeDataModel::onNewDataAvailable(CNodeDataPtr ptrNodeData)
         Q_EMIT dataUpdated(0);
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -13,8 +13,7 @@
 #include <QPointer>
 #include <QString>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /**
  * A model whose data enters the graph from outside, through its proxy.
@@ -63,5 +62,4 @@ private:
     CNodeDataPtr m_data;
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

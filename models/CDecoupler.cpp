@@ -13,8 +13,7 @@
 #include <climits>
 #include <utility>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 std::atomic<unsigned long> decouplerShutDownWait{30000};
 
@@ -148,5 +147,4 @@ void endDecoupler(CDecoupler* decoupler)
         decoupler->moveToThread(application->thread());
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

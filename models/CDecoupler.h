@@ -13,8 +13,7 @@
 
 #include <atomic>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /**
  * A thread that emits the newest of the data handed to it, at most once per tick if it is throttled.
@@ -104,5 +103,4 @@ private:
     std::atomic<bool> m_hasWarned{false};
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -13,8 +13,7 @@
 
 #include <type_traits>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /// The decoupler for data of the type T, a default-constructible CNodeData.
 template <typename T>
@@ -30,5 +29,4 @@ public:
     QString dataTypeName() override { return T().type().name; }
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

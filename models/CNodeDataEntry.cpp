@@ -11,8 +11,7 @@
 
 #include <utility>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /// What the entries of one source share: the way to its proxy, as long as there is one.
 class CNodeDataEntry::CTarget
@@ -61,5 +60,4 @@ void CNodeDataEntry::close()
     m_target->close();
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

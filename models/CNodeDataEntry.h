@@ -8,8 +8,7 @@
 
 #include <memory>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 class CNodeDataFlowProxy;
 
@@ -59,5 +58,4 @@ private:
     std::shared_ptr<CTarget> m_target;
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -3,8 +3,7 @@
 
 #include <Halvex/models/CNodeDataFlowProxy.h>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 CNodeDataFlowProxy::CNodeDataFlowProxy(QObject* parent)
     : QObject(parent)
@@ -18,5 +17,4 @@ void CNodeDataFlowProxy::setData(CNodeDataPtr ptrNodeData)
     Q_EMIT newDataAvailable(std::move(ptrNodeData));
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -8,8 +8,7 @@
 
 #include <QObject>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /**
  * Carries data across the border of a graph: into a source model, out of a sink model.
@@ -44,5 +43,4 @@ Q_SIGNALS:
     void newDataAvailable(CNodeDataPtr ptrNodeData);
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

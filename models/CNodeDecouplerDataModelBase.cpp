@@ -17,8 +17,7 @@
 #include <limits>
 #include <utility>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 CNodeDecouplerDataModelBase::CNodeDecouplerDataModelBase()
     : m_decoupler(std::make_unique<CDecoupler>())
@@ -139,5 +138,4 @@ void CNodeDecouplerDataModelBase::reconfigureTickTimer()
     m_tickTimer->setInterval(interval < longest ? int(interval) : longest);
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

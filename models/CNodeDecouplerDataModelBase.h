@@ -17,8 +17,7 @@
 
 class QTimer;
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 class CDecoupler;
 
@@ -105,5 +104,4 @@ private:
     CNodeDataPtr m_lastData;
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -6,8 +6,7 @@
 #include <Halvex/models/CNodeDataEntry.h>
 #include <Halvex/models/CNodeDataFlowProxy.h>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /// The proxy of a source. Its destructor closes the entries of the source before its QObject part goes, so that nothing
 /// is queued for an object that is no longer there.
@@ -27,5 +26,4 @@ private:
     CNodeDataEntry m_entry;
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -7,8 +7,7 @@
 
 #include <atomic>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 class CDecoupler;
 
@@ -19,5 +18,4 @@ extern HALVEX_EXPORT std::atomic<unsigned long> decouplerShutDownWait;
 /// waits. Then it is deleted from the application's event loop: the one of the calling thread may have ended by then.
 HALVEX_EXPORT void endDecoupler(CDecoupler* decoupler);
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

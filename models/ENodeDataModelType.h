@@ -5,8 +5,7 @@
 
 #include <QtGlobal>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /// The kind of a model. The numbers are frozen: hosts and other plugins compare them.
 enum class ENodeDataModelType : qint32
@@ -16,5 +15,4 @@ enum class ENodeDataModelType : qint32
     Decoupler = 2
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

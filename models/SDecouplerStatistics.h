@@ -5,8 +5,7 @@
 
 #include <QtGlobal>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /**
  * What became of the data handed to a decoupler since it was made.
@@ -24,5 +23,4 @@ struct SDecouplerStatistics
     quint64 pending = 0;   ///< Waits in the slot: 0 or 1.
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -10,8 +10,7 @@
 
 #include <utility>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /// Puts \a data into \a place, a member of \a model, and releases what was there. Returns whether the model still
 /// exists: the destructor of a data object is foreign code and may destroy it.
@@ -23,5 +22,4 @@ inline bool storeNewestData(QObject& model, CNodeDataPtr& place, CNodeDataPtr da
     return !self.isNull();
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

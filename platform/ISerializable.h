@@ -6,8 +6,7 @@
 #include <QJsonObject>
 #include <QtGlobal>
 
-namespace Plugin {
-namespace AppCore {
+namespace Plugin::AppCore {
 
 /// An object that writes itself to a JSON object and reads itself back from one.
 class Q_DECL_EXPORT ISerializable
@@ -22,5 +21,4 @@ public:
     virtual void restore(const QJsonObject& json) { Q_UNUSED(json) }
 };
 
-} // namespace AppCore
-} // namespace Plugin
+} // namespace Plugin::AppCore

@@ -5,8 +5,7 @@
 
 #include <tuple>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 CNodeDataModelRegistry::CNodeDataModelRegistry()
     : m_creators(std::make_shared<std::unordered_map<QString, ModelCreator>>())
@@ -87,5 +86,4 @@ void CNodeDataModelRegistry::add(ModelCreator creator, const QString& category)
     m_creators->emplace(name, std::move(creator));
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

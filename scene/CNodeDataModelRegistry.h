@@ -30,8 +30,7 @@ struct hash<QString>
 } // namespace std
 #endif
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /// Makes a new, independent model at each call.
 using ModelCreator = std::function<std::unique_ptr<CNodeDataModel>()>;
@@ -119,5 +118,4 @@ private:
     std::map<TypePair, NodeDataConverter, SLessById> m_converters;
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -14,8 +14,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 using ENodeStage = CGraphOwner::ENodeStage;
 using EConnectionStage = CGraphOwner::EConnectionStage;
@@ -349,5 +348,4 @@ bool CNodeScene::deleteConnectionsOf(const CNodeBase& node)
     return true;
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

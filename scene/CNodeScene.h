@@ -23,8 +23,7 @@
 #include <memory>
 #include <unordered_map>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 class CDeferredQueue;
 
@@ -226,5 +225,4 @@ private:
     EStage m_stage = EStage::Open;
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -17,8 +17,7 @@
 #include <string>
 #include <vector>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 namespace {
 
 SNodeDataType readType(const QJsonValue& json)
@@ -154,5 +153,4 @@ NodeDataConverter CNodeScene::findConverter(const QJsonValue& converterJson) con
                                       readType(converterJson[DocumentKeys::in]));
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

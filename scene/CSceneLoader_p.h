@@ -5,8 +5,7 @@
 
 #include <Halvex/scene/CNodeScene.h>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /// CNodeScene::loadFromMemory() with a document that was made here: writing it out and reading it back would take
 /// longer than making the nodes.
@@ -16,5 +15,4 @@ public:
     static void load(CNodeScene& scene, const QJsonObject& document) { scene.load(document); }
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -8,8 +8,7 @@
 
 #include <QtPlugin>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 // The service is made where its class is known: only then does the shared pointer share its count with the guarded
 // pointers to the object.
@@ -48,8 +47,7 @@ bool CHalvexPlugin::uninitialize(const QWeakPointer<Core::Service::IServiceManag
     return true;
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex
 
 // A host refuses a plugin whose metadata asks for a newer Qt than its own, or for more of the processor. moc writes
 // what the build has; the library needs no more than this, and a test holds it to that.

@@ -11,8 +11,7 @@
 #include <QSharedPointer>
 #include <QWeakPointer>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /**
  * The library as the plugin of a host: it publishes the node service and brings the decoupler for grab results.
@@ -58,5 +57,4 @@ private:
     QSharedPointer<CNodeService> m_service;
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

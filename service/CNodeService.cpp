@@ -13,8 +13,7 @@
 #include <algorithm>
 #include <optional>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 namespace {
 
 /// "halvex.service": why the service gave up something that it was asked for.
@@ -402,5 +401,4 @@ bool CNodeService::emitGuarded(const Signal& signal)
     return !self.isNull();
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

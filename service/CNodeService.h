@@ -24,8 +24,7 @@
 #include <unordered_map>
 #include <utility>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 class CDeferredQueue;
 
@@ -122,5 +121,4 @@ private:
     bool m_isClosing = false; // in the destructor
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -12,8 +12,7 @@
 
 #include <QJsonDocument>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 namespace {
 
 // Of an element of an import document, which has "name" and "model" as well. Frozen: documents hold them.
@@ -154,5 +153,4 @@ QString CSceneImport::idOf(const QString& label)
     return *m_ids.insert(label, (node ? node->id() : Core::CId()).toString());
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -11,8 +11,7 @@
 #include <QPointer>
 #include <QString>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 class CNodeBase;
 class CNodeScene;
@@ -66,5 +65,4 @@ private:
     QJsonArray m_connections;
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -5,8 +5,7 @@
 
 #include <utility>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 CVeltraGrabResultData::CVeltraGrabResultData() = default;
 
@@ -24,5 +23,4 @@ SNodeDataType CVeltraGrabResultData::type() const
     return grabResultType;
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -8,8 +8,7 @@
 #include <Halvex/graph/SNodeDataType.h>
 #include <Halvex/platform/CGrabResultPtr.h>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /**
  * One grab result of a camera on its way through the graph.
@@ -43,5 +42,4 @@ private:
     Veltra::CGrabResultPtr m_grabResult;
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -5,8 +5,7 @@
 
 #include "graph/support/CMetaTypeRegistration_p.h"
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 INodeService::INodeService(QObject* parent)
     : IService(parent)
@@ -19,5 +18,4 @@ INodeService::INodeService(QObject* parent)
 
 INodeService::~INodeService() = default;
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

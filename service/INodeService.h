@@ -20,8 +20,7 @@
 #include <memory>
 #include <utility>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 class CNodeBase;
 
@@ -153,5 +152,4 @@ private:
     std::shared_ptr<CNodeDataModelRegistry> m_registry;
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -6,8 +6,7 @@
 #include "graph/support/LoggingCategory_p.h"
 #include "graph/support/Swallow_p.h"
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 CDeferredQueue::CDeferredQueue()
     : m_state(std::make_shared<SState>())
@@ -45,5 +44,4 @@ void CDeferredQueue::runWaiting(SState& state, std::exception_ptr& first)
     --state.depth;
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -12,8 +12,7 @@
 #include <memory>
 #include <utility>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /**
  * What waits: actions that are done when the work under way has ended, first come, first served.
@@ -105,5 +104,4 @@ private:
     std::shared_ptr<SState> m_state; // shared with work under way, which may outlive the owner
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -5,8 +5,7 @@
 
 #include <QMetaType>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /**
  * Makes the type T known to Qt for as long as the library is loaded.
@@ -57,5 +56,4 @@ private:
     const int m_id;
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -10,8 +10,7 @@
 #include <initializer_list>
 #include <utility>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /// An object with these entries.
 ///
@@ -25,5 +24,4 @@ inline QJsonObject jsonObject(std::initializer_list<std::pair<QLatin1String, QJs
     return json;
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

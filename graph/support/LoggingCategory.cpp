@@ -3,10 +3,8 @@
 
 #include "graph/support/LoggingCategory_p.h"
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 Q_LOGGING_CATEGORY(lcGraph, "halvex.graph")
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -5,11 +5,9 @@
 
 #include <QLoggingCategory>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /// "halvex.graph": what the engine has to say beyond the messages that its operations define.
 Q_DECLARE_LOGGING_CATEGORY(lcGraph)
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

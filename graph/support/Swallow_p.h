@@ -7,8 +7,7 @@
 
 #include <exception>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /// Runs \a work, which calls foreign code, where nothing may be thrown. What it throws is reported to \a category under
 /// the name \a where. Returns whether the work came to its end.
@@ -26,5 +25,4 @@ bool swallowExceptions(const QLoggingCategory& (*category)(), const char* where,
     return false;
 }
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

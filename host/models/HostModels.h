@@ -3,11 +3,9 @@
 
 #pragma once
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 class INodeService;
 }
-} // namespace Plugin
 
 namespace Host {
 

@@ -16,12 +16,10 @@
 
 class QJsonArray;
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 class CNodeDataModel;
 class INodeService;
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex
 
 namespace Host {
 

@@ -10,13 +10,11 @@
 #include <memory>
 #include <vector>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 class CNodeBase;
 class CNodeScene;
 class INodeService;
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex
 
 namespace Host {
 

@@ -11,13 +11,11 @@
 #include <utility>
 #include <vector>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 class CNodeBase;
 class CNodeConnection;
 class CNodeScene;
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex
 
 namespace Host {
 

@@ -16,12 +16,10 @@
 
 class QJsonObject;
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 class CNodeBase;
 class CNodeScene;
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex
 
 namespace Host {
 

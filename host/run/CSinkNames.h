@@ -6,11 +6,9 @@
 #include <QSet>
 #include <QString>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 class CNodeDataModel;
 }
-} // namespace Plugin
 
 namespace Host {
 

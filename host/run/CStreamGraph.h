@@ -13,11 +13,9 @@
 #include <chrono>
 #include <vector>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 class CNodeDecouplerDataModelBase;
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex
 
 namespace Host {
 

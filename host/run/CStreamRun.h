@@ -19,11 +19,9 @@ class IService;
 }
 } // namespace Core
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 class INodeService;
 }
-} // namespace Plugin
 
 namespace Host {
 

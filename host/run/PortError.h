@@ -7,11 +7,9 @@
 
 #include <QString>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 class CNodeDataModel;
 }
-} // namespace Plugin
 
 namespace Host {
 

@@ -7,8 +7,7 @@
 
 #include <vector>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /// What a port table keeps to itself, for the tests.
 class CRowInspector
@@ -32,5 +31,4 @@ public:
     }
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex

@@ -7,8 +7,7 @@
 
 #include <Halvex/scene/CNodeScene.h>
 
-namespace Plugin {
-namespace Halvex {
+namespace Plugin::Halvex {
 
 /// What a scene keeps to itself, for the tests: both numbers are zero whenever no operation is under way.
 class CSceneInspector
@@ -21,5 +20,4 @@ public:
     static std::size_t queueLength(const CNodeScene& scene) { return scene.m_queue->size(); }
 };
 
-} // namespace Halvex
-} // namespace Plugin
+} // namespace Plugin::Halvex
