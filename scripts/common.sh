@@ -16,12 +16,20 @@ bench_packages=(libbenchmark-dev valgrind)
 bench_peers_packages=(pkg-config libgstreamer1.0-dev libtbb-dev libboost-dev) # what the benchmarks can be compared with
 lint_packages=(clang-format clang-tidy clazy)
 
+# A compiler cache, where there is one, also for a tree that lies elsewhere.
+if command -v ccache >/dev/null; then
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=true
+fi
+
 current_step="start"
+step_began=$SECONDS
 trap 'echo "FAILED in \"$current_step\" of $0: $BASH_COMMAND" >&2' ERR
 
+# Says what comes now, and how long what came before has taken.
 step() {
-    current_step="$*"
-    echo "== $current_step"
+    echo "== $1 ($current_step: $((SECONDS - step_began)) s)"
+    current_step=$1
+    step_began=$SECONDS
 }
 
 # Installs those of the given packages that are missing; needs root or sudo only if one is.

@@ -1,0 +1,77 @@
+#!/usr/bin/env bash
+# What is too long for every change: measures everything, and writes each figure to docs/figures.md. A part that has
+# passed on this commit is not run again, so that an interrupted run goes on where it was; a part that is named is.
+#
+#   scripts/deep.sh                          # every part: a day, most of it the mutants
+#   scripts/deep.sh instructions bench       # these parts
+#   FUZZ_SECONDS=60 scripts/deep.sh fuzz     # each fuzzer so long (default: 600)
+#   STEPS=100000 scripts/deep.sh sequences   # so many random steps (default: 1000000)
+#   SOAK_SECONDS=60 scripts/deep.sh soak     # so long (default: 3600)
+. "$(dirname "$0")/common.sh"
+
+FUZZ_SECONDS=${FUZZ_SECONDS:-600}
+STEPS=${STEPS:-1000000}
+SOAK_SECONDS=${SOAK_SECONDS:-3600}
+parts=(lint sanitizers race instructions bench limits soak sequences fuzz coverage mutants)
+
+# Each of these prints what the page is to show; the rest of what is said goes to the log.
+lint() {
+    scripts/lint.sh >&2
+    echo "No finding in any file."
+}
+sanitizers() {
+    need_packages "${library_packages[@]}" "${host_packages[@]}" "${test_packages[@]}" >&2
+    cmake --preset asan -B build/asan-host -DHALVEX_BUILD_HOST=ON >&2
+    cmake --build build/asan-host >&2
+    build/asan-host/host/halvex-host run host/chains/demo.json --camera fake-1 --camera fake-2 --frames 30 \
+        --output out/deep-demo >&2
+    (cd build/asan-host && ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1 ctest --output-on-failure -j 2) |
+        tee /dev/stderr | grep 'tests passed'
+}
+race() {
+    need_packages "${library_packages[@]}" "${test_packages[@]}" "${race_packages[@]}" >&2
+    cmake --preset tsan >&2
+    cmake --build --preset tsan >&2
+    ctest --preset tsan | tee /dev/stderr | grep 'tests passed'
+}
+instructions() { scripts/count-instructions.sh | tee /dev/stderr | grep '^|'; }
+bench() { scripts/bench.sh --peers | tee /dev/stderr | grep '^|'; }
+limits() { scripts/limits.sh | tee /dev/stderr | sed '1,/^== measure/d'; }
+soak() {
+    build_tests soak_decouplers
+    build/release/tests/soak/soak_decouplers "$SOAK_SECONDS"
+}
+sequences() {
+    build_tests stress_NodeService
+    build/release/tests/sequences/stress_NodeService "$STEPS" "$((RANDOM * 32768 + RANDOM))"
+}
+fuzz() { scripts/fuzz.sh "$FUZZ_SECONDS" | tee /dev/stderr | sed '1,/^== what was run/d' | indent; }
+coverage() { scripts/coverage.sh | tee /dev/stderr | sed '1,/^== coverage/d' | indent; }
+mutants() { scripts/mutate.py --all | tee /dev/stderr | tail -n 12 | indent; }
+
+build_tests() {
+    need_packages "${library_packages[@]}" "${host_packages[@]}" "${test_packages[@]}" >&2
+    cmake --preset release >&2
+    cmake --build --preset release --target "$@" >&2
+}
+indent() { sed 's/^/    /'; } # Markdown leaves it as it is
+
+declare -A headings=([lint]="Linters" [sanitizers]="All tests with sanitizers, the host's among them"
+    [race]="All tests with the race detector" [instructions]="Instructions per delivery" [bench]="Times and memory"
+    [limits]="How far it goes" [soak]="Soak" [sequences]="Random sequences" [fuzz]="Fuzzers" [coverage]="Coverage"
+    [mutants]="Mutants")
+declare -A lengths=([soak]="SOAK_SECONDS=$SOAK_SECONDS " [sequences]="STEPS=$STEPS " [fuzz]="FUZZ_SECONDS=$FUZZ_SECONDS ")
+
+mkdir -p out/deep
+commit=$(git rev-parse HEAD)
+named=("$@")
+for part in "${named[@]:-${parts[@]}}"; do
+    if [ ${#named[@]} -eq 0 ] && grep -qsx "$commit" "out/deep/$part.passed"; then
+        continue
+    fi
+    step "$part (log: out/deep/$part.log)"
+    "$part" >"out/deep/$part.md" 2>"out/deep/$part.log"
+    scripts/figures.py set "$part" "${headings[$part]}" "${lengths[$part]-}scripts/deep.sh $part" <"out/deep/$part.md"
+    echo "$commit" >"out/deep/$part.passed"
+done
+step "done; docs/figures.md is up to date with what was run"

@@ -1,0 +1,55 @@
+#!/usr/bin/env python3
+"""Keeps docs/figures.md, the page with everything that was measured: a section for each part of scripts/deep.sh.
+
+    scripts/figures.py set limits "How far it goes" "scripts/limits.sh" < table   # puts a section in, or anew
+    scripts/figures.py behind   # how many changes of the library came after the oldest section
+
+A section begins with its heading and one line that names the command, the commit and the date.
+"""
+
+import datetime
+import pathlib
+import re
+import subprocess
+import sys
+
+PAGE = pathlib.Path("docs/figures.md")
+LIBRARY = ("graph", "scene", "models", "service", "platform")
+SECTION = re.compile(r"^## .*?(?=^## |\Z)", re.MULTILINE | re.DOTALL)
+MEASURED = re.compile(r"<!-- (\w+) -->\n`[^`\n]*`, commit (\w+), ")
+
+
+def git(*arguments):
+    return subprocess.run(("git",) + arguments, check=True, capture_output=True, text=True).stdout.strip()
+
+
+def set_section(part, heading, command, text):
+    commit = git("rev-parse", "--short", "HEAD")
+    today = datetime.datetime.now(datetime.timezone.utc).date()
+    section = f"## {heading}\n\n<!-- {part} -->\n`{command}`, commit {commit}, {today}\n\n{text.strip()}\n\n"
+    page = PAGE.read_text()
+    sections = SECTION.findall(page)
+    introduction = page[: page.index(sections[0])] if sections else page.rstrip() + "\n\n"
+    earlier = [old for old in sections if f"<!-- {part} -->" in old]
+    if earlier:
+        sections[sections.index(earlier[0])] = section
+    else:
+        sections.append(section)
+    PAGE.write_text((introduction + "".join(old.rstrip() + "\n\n" for old in sections)).rstrip() + "\n")
+
+
+def say_behind():
+    counts = {}
+    for part, commit in MEASURED.findall(PAGE.read_text()):
+        try:
+            counts[part] = int(git("rev-list", "--count", f"{commit}..HEAD", "--", *LIBRARY))
+        except subprocess.CalledProcessError:
+            print(f"docs/figures.md: nobody knows commit {commit} of the part {part}")
+    for part, count in counts.items():
+        print(f"docs/figures.md: {part} is {count} changes of the library behind")
+
+
+if sys.argv[1] == "set":
+    set_section(*sys.argv[2:5], sys.stdin.read())
+else:
+    say_behind()
