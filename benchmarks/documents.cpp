@@ -3,61 +3,17 @@
 
 // Scene documents written and read, per node with its connection, and the import of chains.
 
-#include "CRelayModel.h"
+#include "CDocumentScene.h"
+#include "CImportService.h"
 #include "Measuring.h"
 #include "SDocument.h"
 #include "service/CSceneImport_p.h"
 
-#include <Halvex/models/ASourceNodeDataModel.h>
-#include <Halvex/scene/CNodeScene.h>
-#include <Halvex/service/CNodeService.h>
-
-#include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonObject>
 
 using namespace Plugin::Halvex;
 
 namespace {
-
-/// A source that lives in a scene once, under its name.
-class CUniqueSource : public ASourceNodeDataModel
-{
-public:
-    using ASourceNodeDataModel::ASourceNodeDataModel;
-
-    QString caption() override { return name(); }
-    QString name() override { return QStringLiteral("Unique source"); }
-    unsigned int nPorts(ENodePortType side) const override { return side == ENodePortType::Out ? 1 : 0; }
-    SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return CFrame().type(); }
-    void setInData(CNodeDataPtr, NodePortIndex) override {}
-    bool isUnique() override { return true; }
-};
-
-std::shared_ptr<CNodeDataModelRegistry> makeRegistry()
-{
-    auto registry = std::make_shared<CNodeDataModelRegistry>();
-    registry->registerModel<CRelayModel>(QString());
-    return registry;
-}
-
-/// A scene that holds a closed chain, with as many connections as nodes.
-class CDocumentScene
-{
-public:
-    explicit CDocumentScene(int nodes = 0)
-        : scene(makeRegistry(), nullptr, nullptr)
-    {
-        std::vector<CNodeBase*> made;
-        made.reserve(std::size_t(nodes));
-        for (int i = 0; i < nodes; ++i)
-            made.push_back(&scene.createNode(std::make_unique<CRelayModel>()));
-        for (std::size_t i = 0; i < made.size(); ++i)
-            scene.createConnection(*made[(i + 1) % made.size()], 0, *made[i], 0, {});
-    }
-
-    CNodeScene scene;
-};
 
 void addDocuments(CRatioTable& table, int nodes)
 {
@@ -93,41 +49,6 @@ void addDocuments(CRatioTable& table, int nodes)
             [&document](QByteArray& written) { written = document.write(); });
     });
     table.add({"save/" + size, save, {write}, 1.3}); // no object is made, so J alone is the floor
-}
-
-constexpr int sources = 100;
-
-QString sourceName(int source)
-{
-    return QStringLiteral("source-%1").arg(source);
-}
-
-/// A service with one scene, which holds the sources.
-class CImportService
-{
-public:
-    CImportService()
-        : service(nullptr)
-    {
-        service.registry()->registerModel<CRelayModel>(QString());
-        service.addNode(std::make_unique<CUniqueSource>(sourceName(0)), {});
-        for (int source = 1; source < sources; ++source)
-            service.getActiveScene()->createNode(std::make_unique<CUniqueSource>(sourceName(source)));
-    }
-
-    CNodeService service;
-};
-
-QString importDocument(int elements)
-{
-    QJsonArray array;
-    for (int i = 0; i < elements; ++i) {
-        array.append(
-            QJsonObject{{QStringLiteral("name"), QStringLiteral("element-%1").arg(i)},
-                        {QStringLiteral("model"), QJsonObject{{QStringLiteral("name"), QStringLiteral("Relay")}}},
-                        {QStringLiteral("unique_sources"), QJsonArray{QJsonArray{sourceName(i % sources)}}}});
-    }
-    return QString::fromUtf8(QJsonDocument(array).toJson());
 }
 
 void addImport(CRatioTable& table, int elements)

@@ -34,7 +34,7 @@ race() {
     cmake --build --preset tsan >&2
     ctest --preset tsan | tee /dev/stderr | grep 'tests passed'
 }
-instructions() { scripts/count-instructions.sh | tee /dev/stderr | grep '^|'; }
+instructions() { scripts/count-instructions.sh | tee /dev/stderr | sed '1,/^== count/d'; }
 bench() { scripts/bench.sh --peers | tee /dev/stderr | grep '^|'; }
 limits() { scripts/limits.sh | tee /dev/stderr | sed '1,/^== measure/d'; }
 soak() {
