@@ -63,10 +63,10 @@ inline QString importDocument(int elements)
 {
     QJsonArray array;
     for (int i = 0; i < elements; ++i) {
-        array.append(
-            QJsonObject{{QStringLiteral("name"), QStringLiteral("element-%1").arg(i)},
-                        {QStringLiteral("model"), QJsonObject{{QStringLiteral("name"), QStringLiteral("Relay")}}},
-                        {QStringLiteral("unique_sources"), QJsonArray{QJsonArray{sourceName(i % importSources)}}}});
+        array.append(QJsonObject{
+            {QStringLiteral("name"), QStringLiteral("element-%1").arg(i)},
+            {QStringLiteral("model"), QJsonObject{{QStringLiteral("name"), QStringLiteral("Relay")}}},
+            {QStringLiteral("unique_sources"), QJsonArray{QJsonValue(QJsonArray{sourceName(i % importSources)})}}});
     }
     return QString::fromUtf8(QJsonDocument(array).toJson());
 }

@@ -45,7 +45,7 @@ SChain defaultChain(const QStringList& cameras)
         QJsonObject element = chain.elements.at(i).toObject();
         if (!element.contains(sourcesKey))
             continue;
-        element.insert(sourcesKey, QJsonArray{QJsonArray::fromStringList(cameras)});
+        element.insert(sourcesKey, QJsonArray{QJsonValue(QJsonArray::fromStringList(cameras))});
         chain.elements.replace(i, element);
     }
     chain.text = QJsonDocument(chain.elements).toJson();

@@ -39,11 +39,12 @@ QJsonObject with(QJsonObject json, const QString& key, const QJsonValue& value)
 // Of both cameras an image, blurred, and two sinks.
 QJsonArray sound()
 {
-    return {with(with(element("image", "To Image"), sources, QJsonArray{QJsonArray{"left", "right"}}), targets,
-                 QJsonArray{QJsonArray{"blur"}}),
-            with(element("blur", "Blur"), targets,
-                 QJsonArray{QJsonArray{"a", QJsonObject{{"name", "b"}, {"index_in", 0}, {"index _out", 0}}}}),
-            sink("a", "a"), sink("b", "b")};
+    return {
+        with(with(element("image", "To Image"), sources, QJsonArray{QJsonValue(QJsonArray{"left", "right"})}), targets,
+             QJsonArray{QJsonValue(QJsonArray{"blur"})}),
+        with(element("blur", "Blur"), targets,
+             QJsonArray{QJsonValue(QJsonArray{"a", QJsonObject{{"name", "b"}, {"index_in", 0}, {"index _out", 0}}})}),
+        sink("a", "a"), sink("b", "b")};
 }
 
 QJsonArray with(int place, const QJsonValue& json)
@@ -96,7 +97,8 @@ void tst_CChainCheck::countsPerCamera()
 {
     SHostService host;
     CChainCheck check(host.nodes, host.models, {"left", "right"});
-    const QJsonObject second = with(element("second", "To Image"), sources, QJsonArray{QJsonArray{"right", "right"}});
+    const QJsonObject second =
+        with(element("second", "To Image"), sources, QJsonArray{QJsonValue(QJsonArray{"right", "right"})});
     QCOMPARE(check.check(with(4, second)), QString());
     QCOMPARE(check.connections(0), std::size_t(4));
     QCOMPARE(check.connections(1), std::size_t(6));
@@ -114,7 +116,8 @@ void tst_CChainCheck::labelAsSource()
 {
     SHostService host;
     CChainCheck check(host.nodes, host.models, {"left"});
-    QCOMPARE(check.check(with(4, with(element("edges", "Edges"), sources, QJsonArray{QJsonArray{"blur"}}))), QString());
+    QCOMPARE(check.check(with(4, with(element("edges", "Edges"), sources, QJsonArray{QJsonValue(QJsonArray{"blur"})}))),
+             QString());
     QCOMPARE(check.connections(0), std::size_t(5));
 }
 
@@ -127,14 +130,14 @@ void tst_CChainCheck::refused_data()
     };
     const QJsonObject blur = element("blur", "Blur");
     const auto feeds = [&blur](const QJsonValue& target) {
-        return with(blur, targets, QJsonArray{QJsonArray{target}});
+        return with(blur, targets, QJsonArray{QJsonValue(QJsonArray{target})});
     };
     const auto fedBy = [&blur](const QJsonValue& source) {
-        return with(blur, sources, QJsonArray{QJsonArray{source}});
+        return with(blur, sources, QJsonArray{QJsonValue(QJsonArray{source})});
     };
 
     row("nothing", {}, "nothing is wired to the camera 'left'");
-    row("one camera only", with(0, with(sound()[0].toObject(), sources, QJsonArray{QJsonArray{"left"}})),
+    row("one camera only", with(0, with(sound()[0].toObject(), sources, QJsonArray{QJsonValue(QJsonArray{"left"})})),
         "nothing is wired to the camera 'right'");
     row("element is no object", with(1, "blur"), "elements[1]: no object with a model");
     row("model is no object", with(1, QJsonObject{{"name", "blur"}, {"model", "Blur"}}),
@@ -193,8 +196,8 @@ void tst_CChainCheck::largeChain()
     constexpr int blurs = 20000;
     QJsonArray elements = sound();
     for (int i = 0; i < blurs; ++i)
-        elements.append(
-            with(element(qPrintable(QString::number(i)), "Blur"), sources, QJsonArray{QJsonArray{"image"}}));
+        elements.append(with(element(qPrintable(QString::number(i)), "Blur"), sources,
+                             QJsonArray{QJsonValue(QJsonArray{"image"})}));
     SHostService host;
     CChainCheck check(host.nodes, host.models, {"left"});
     QCOMPARE(check.check(elements), QString());

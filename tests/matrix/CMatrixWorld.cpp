@@ -217,7 +217,7 @@ QString CMatrixWorld::importDocument(const SPlace& place)
 {
     const QJsonObject element{{"name", "imported"},
                               {"model", QJsonObject{{"name", CStepModel::modelName()}}},
-                              {"unique_sources", QJsonArray{QJsonArray{place.sourceName}}}};
+                              {"unique_sources", QJsonArray{QJsonValue(QJsonArray{place.sourceName})}}};
     return QString::fromUtf8(QJsonDocument(QJsonArray{element}).toJson());
 }
 

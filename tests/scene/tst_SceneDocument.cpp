@@ -769,7 +769,7 @@ void tst_SceneDocument::wrongTypes_data()
         {"true", true},
         {"number", 1.5},
         {"string", "text"},
-        {"array", QJsonArray{QJsonArray()}},
+        {"array", QJsonArray{QJsonValue(QJsonArray())}},
         {"object", QJsonObject{{"a", 1}}},
     };
     for (const SPlace& place : places) {

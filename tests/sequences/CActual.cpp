@@ -46,7 +46,7 @@ QString jsonOf(const Document& document)
         elements.append(QJsonObject{{"name", textOf(element.label)},
                                     {"model", QJsonObject{{"name", nameOf(element.kind)}}},
                                     {"unique_sources", sources},
-                                    {"connection", QJsonArray{textsOf(element.feeds)}}});
+                                    {"connection", QJsonArray{QJsonValue(textsOf(element.feeds))}}});
     }
     return QString::fromUtf8(QJsonDocument(elements).toJson(QJsonDocument::Compact));
 }

@@ -105,10 +105,10 @@ public:
 /// "Filter" fed by the unique source "cam" and feeding "View".
 QString chain()
 {
-    return document(
-        {element("a", "Filter",
-                 {{"unique_sources", QJsonArray{QJsonArray{"cam"}}}, {"connection", QJsonArray{QJsonArray{"b"}}}}),
-         element("b", "View")});
+    return document({element("a", "Filter",
+                             {{"unique_sources", QJsonArray{QJsonValue(QJsonArray{"cam"})}},
+                              {"connection", QJsonArray{QJsonValue(QJsonArray{"b"})}}}),
+                     element("b", "View")});
 }
 
 using Step = std::function<void(CFixture&)>;
@@ -1375,9 +1375,9 @@ void tst_CNodeService::importOfAnUnregisteredModelEnds()
     CFixture f;
     f.addSource();
     f.log.take();
-    QVERIFY(
-        !f.service->importDocument(document({element("a", "View"), element("b", "Nobody knows"), element("c", "Filter"),
-                                             element("d", "View", {{"connection", QJsonArray{QJsonArray{"a"}}}})})));
+    QVERIFY(!f.service->importDocument(
+        document({element("a", "View"), element("b", "Nobody knows"), element("c", "Filter"),
+                  element("d", "View", {{"connection", QJsonArray{QJsonValue(QJsonArray{"a"})}}})})));
     QCOMPARE(f.log.take(), QStringList({"1 created View"}));
     QCOMPARE(f.messages.texts("halvex.service").filter("Nobody knows").size(), 1);
     QCOMPARE(f.active()->nodes().size(), std::size_t(2));
@@ -1453,7 +1453,8 @@ void tst_CNodeService::storedDocumentsAreOneImport()
     f.addSource();
     QVERIFY(!f.service->importStoredDocuments()); // of none
     f.service->addStoredDocument(document({element("a", "View")}));
-    f.service->addStoredDocument(document({element("b", "Filter", {{"connection", QJsonArray{QJsonArray{"a"}}}})}));
+    f.service->addStoredDocument(
+        document({element("b", "Filter", {{"connection", QJsonArray{QJsonValue(QJsonArray{"a"})}}})}));
     f.log.take();
     QVERIFY(f.service->importStoredDocuments());
     QCOMPARE(f.log.take(), QStringList({"1 created View", "1 created Filter", "1 connected Filter0-View0"}));
@@ -1484,12 +1485,12 @@ void tst_CNodeService::separateImportsShareNoLabels()
     CFixture f;
     f.addSource();
     QVERIFY(f.service->importDocument(document({element("a", "View")})));
-    QVERIFY(f.service->importDocument(
-        document({element("b", "Filter", {{"connection", QJsonArray{QJsonArray{"a"}}}}), element("a", "View")})));
+    QVERIFY(f.service->importDocument(document(
+        {element("b", "Filter", {{"connection", QJsonArray{QJsonValue(QJsonArray{"a"})}}}), element("a", "View")})));
     QCOMPARE(f.active()->nodes().size(), std::size_t(4));
     QCOMPARE(f.active()->connections().size(), std::size_t(1));
-    QVERIFY(
-        f.service->importDocument(document({element("b", "Filter", {{"connection", QJsonArray{QJsonArray{"a"}}}})})));
+    QVERIFY(f.service->importDocument(
+        document({element("b", "Filter", {{"connection", QJsonArray{QJsonValue(QJsonArray{"a"})}}})})));
     QCOMPARE(f.active()->connections().size(), std::size_t(1));
 }
 
@@ -1501,8 +1502,8 @@ void tst_CNodeService::importReplacesNodeOfANonUniqueSource()
     f.addSource();
     const SPlaced named = f.add(std::make_unique<CHostModel>(ENodeDataModelType::Source, "Named", "n"));
     const QPointer<CHostModel> old = named.model;
-    QVERIFY(
-        f.service->importDocument(document({element("a", "View", {{"unique_sources", QJsonArray{QJsonArray{"n"}}}})})));
+    QVERIFY(f.service->importDocument(
+        document({element("a", "View", {{"unique_sources", QJsonArray{QJsonValue(QJsonArray{"n"})}}})})));
 
     QVERIFY(old.isNull());
     CNodeBase* const node = f.service->findNode(named.id);
@@ -1616,7 +1617,7 @@ void tst_CNodeService::nothingThrows_data()
         const SPlaced source = f.add(std::make_unique<CHostModel>(ENodeDataModelType::Source, "s", "s"));
         source.model->onIsUnique = thrower;
         QVERIFY(!f.service->importDocument(
-            document({element("a", "View", {{"unique_sources", QJsonArray{QJsonArray{"s"}}}})})));
+            document({element("a", "View", {{"unique_sources", QJsonArray{QJsonValue(QJsonArray{"s"})}}})})));
         source.model->onIsUnique = nullptr;
     });
 }

@@ -485,8 +485,8 @@ void tst_CSceneImport::sameLabelTwiceIsOneId()
 void tst_CSceneImport::labelsAreSharedByDocuments()
 {
     CFixture f;
-    const QJsonObject made =
-        f.importAll({document({element("a")}), document({element("a"), feeding("b", QJsonArray{QJsonArray{"a"}})})});
+    const QJsonObject made = f.importAll(
+        {document({element("a")}), document({element("a"), feeding("b", QJsonArray{QJsonValue(QJsonArray{"a"})})})});
     QCOMPARE(nodesOf(made).size(), 3);
     QCOMPARE(idAt(made, 1), idAt(made, 0));
     QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 0, idAt(made, 2), 0)});
@@ -496,7 +496,7 @@ void tst_CSceneImport::labelsAreNotSharedByImports()
 {
     CFixture f;
     f.import(QJsonArray{element("a")});
-    const QJsonObject made = f.import(QJsonArray{feeding("b", QJsonArray{QJsonArray{"a"}})});
+    const QJsonObject made = f.import(QJsonArray{feeding("b", QJsonArray{QJsonValue(QJsonArray{"a"})})});
     QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(noId(), 0, idAt(made, 0), 0)});
 }
 
@@ -505,7 +505,7 @@ void tst_CSceneImport::sourceOfTheSceneIsReferredTo()
     CFixture f;
     f.add("other");
     const QString cam = f.add("cam", true, "Camera").id().toString();
-    const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonArray{"cam"}})});
+    const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{"cam"})})});
     QCOMPARE(nodesOf(made),
              (QJsonArray{copiedView(idAt(made, 0)), nodeEntry(cam, {{"name", "Camera"}, {"is_unique", true}})}));
     QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 0, cam, 0)});
@@ -516,7 +516,7 @@ void tst_CSceneImport::sourceThatIsNotUniqueIsReferredToAsThat()
 {
     CFixture f;
     const QString cam = f.add("cam", false).id().toString();
-    const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonArray{"cam"}})});
+    const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{"cam"})})});
     QCOMPARE(nodesOf(made).last().toObject(), nodeEntry(cam, {{"name", "Source"}, {"is_unique", false}}));
 }
 
@@ -526,7 +526,7 @@ void tst_CSceneImport::sourceStandsOncePerNaming()
     const QString cam = f.add("cam").id().toString();
     const QJsonObject made =
         f.importAll({document({fedBy("a", QJsonArray{QJsonArray{"cam", "cam"}, QJsonArray{"cam"}})}),
-                     document({fedBy("b", QJsonArray{QJsonArray{"cam"}})})});
+                     document({fedBy("b", QJsonArray{QJsonValue(QJsonArray{"cam"})})})});
     QStringList ids;
     for (int i = 0; i < nodesOf(made).size(); ++i)
         ids << idAt(made, i);
@@ -538,8 +538,8 @@ void tst_CSceneImport::sourceOverwritesALabel()
 {
     CFixture f;
     const QString cam = f.add("cam").id().toString();
-    const QJsonObject made =
-        f.import(QJsonArray{feeding("cam", QJsonArray{QJsonArray{"a"}}), fedBy("a", QJsonArray{QJsonArray{"cam"}})});
+    const QJsonObject made = f.import(QJsonArray{feeding("cam", QJsonArray{QJsonValue(QJsonArray{"a"})}),
+                                                 fedBy("a", QJsonArray{QJsonValue(QJsonArray{"cam"})})});
     // The element's node was entered before its label was overwritten, its connections after.
     QVERIFY(idAt(made, 0) != cam);
     const QString a = idAt(made, 1);
@@ -551,7 +551,8 @@ void tst_CSceneImport::labelAfterItsSourceHasTheSourcesId()
 {
     CFixture f;
     const QString cam = f.add("cam").id().toString();
-    const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonArray{"cam"}}), element("cam")});
+    const QJsonObject made =
+        f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{"cam"})}), element("cam")});
     QCOMPARE(nodesOf(made).last().toObject(), copiedView(cam));
 }
 
@@ -567,7 +568,7 @@ void tst_CSceneImport::firstOfTwoSourcesIsTaken()
             if (static_cast<ANodeDataModel*>(entry->second->nodeDataModel())->uniqueName() == "twin")
                 first = entry->first.toString();
         }
-        QCOMPARE(idAt(f.import(QJsonArray{fedBy("a", QJsonArray{QJsonArray{"twin"}})}), 1), first);
+        QCOMPARE(idAt(f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{"twin"})})}), 1), first);
     }
 }
 
@@ -575,7 +576,7 @@ void tst_CSceneImport::markerIsNeverMatched()
 {
     CFixture f;
     f.add(marker());
-    const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonArray{marker()}})});
+    const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{marker()})})});
     QCOMPARE(nodesOf(made), QJsonArray{copiedView(idAt(made, 0))});
     QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 0, noId(), 0)});
 }
@@ -586,11 +587,11 @@ void tst_CSceneImport::emptyNameMatchesNoNodeWithoutAName()
 {
     CFixture f;
     f.add(marker());
-    const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonArray{""}})});
+    const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{""})})});
     QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 0, noId(), 0)});
 
     const QString named = f.add("").id().toString();
-    const QJsonObject again = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonArray{""}})});
+    const QJsonObject again = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{""})})});
     QCOMPARE(connectionsOf(again), QJsonArray{connectionEntry(idAt(again, 0), 0, named, 0)});
 }
 
@@ -598,7 +599,7 @@ void tst_CSceneImport::modelWithoutAnIdentityIsNeverMatched()
 {
     CFixture f;
     f.scene.createNode(std::make_unique<CTestModel>(1, 1, "cam"));
-    const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonArray{"cam"}})});
+    const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{"cam"})})});
     QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 0, noId(), 0)});
 }
 
@@ -607,13 +608,13 @@ void tst_CSceneImport::kindOfTheSourceDoesNotMatter()
     CFixture f;
     const QString sink =
         f.scene.createNode(std::make_unique<CHostModel>(ENodeDataModelType::Sink, "S", "sink")).id().toString();
-    QCOMPARE(idAt(f.import(QJsonArray{fedBy("a", QJsonArray{QJsonArray{"sink"}})}), 1), sink);
+    QCOMPARE(idAt(f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{"sink"})})}), 1), sink);
 }
 
 void tst_CSceneImport::sourceMayBeALabel()
 {
     CFixture f;
-    const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonArray{"b"}}), element("b")});
+    const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{"b"})}), element("b")});
     QCOMPARE(nodesOf(made).size(), 2);
     QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 0, idAt(made, 1), 0)});
 }
@@ -622,7 +623,7 @@ void tst_CSceneImport::unknownSourceHasNoId()
 {
     CFixture f;
     f.add("cam");
-    const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonArray{"nobody"}})});
+    const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{"nobody"})})});
     QCOMPARE(nodesOf(made), QJsonArray{copiedView(idAt(made, 0))});
     QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 0, noId(), 0)});
 }
@@ -630,8 +631,8 @@ void tst_CSceneImport::unknownSourceHasNoId()
 void tst_CSceneImport::unknownLabelKeepsNoId()
 {
     CFixture f;
-    const QJsonObject made =
-        f.importAll({document({feeding("a", QJsonArray{QJsonArray{"late"}})}), document({element("late")})});
+    const QJsonObject made = f.importAll(
+        {document({feeding("a", QJsonArray{QJsonValue(QJsonArray{"late"})})}), document({element("late")})});
     QCOMPARE(idAt(made, 1), noId());
 }
 
@@ -660,7 +661,7 @@ void tst_CSceneImport::severalSourcesOfOnePort()
 void tst_CSceneImport::connectionFeedsALabel()
 {
     CFixture f;
-    const QJsonObject made = f.import(QJsonArray{element("a"), feeding("b", QJsonArray{QJsonArray{"a"}})});
+    const QJsonObject made = f.import(QJsonArray{element("a"), feeding("b", QJsonArray{QJsonValue(QJsonArray{"a"})})});
     QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 0, idAt(made, 1), 0)});
 }
 
@@ -668,7 +669,7 @@ void tst_CSceneImport::connectionHasIndexes()
 {
     CFixture f;
     const QJsonObject item{{"name", "a"}, {"index_in", 3}, {"index _out", 5}};
-    const QJsonObject made = f.import(QJsonArray{element("a"), feeding("b", QJsonArray{QJsonArray{item}})});
+    const QJsonObject made = f.import(QJsonArray{element("a"), feeding("b", QJsonArray{QJsonValue(QJsonArray{item})})});
     QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 3, idAt(made, 1), 5)});
 }
 
@@ -676,14 +677,15 @@ void tst_CSceneImport::indexOutHasABlank()
 {
     CFixture f;
     const QJsonObject item{{"name", "a"}, {"index_in", 3}, {"index_out", 5}, {"index  _out", 6}, {"index_ out", 7}};
-    const QJsonObject made = f.import(QJsonArray{element("a"), feeding("b", QJsonArray{QJsonArray{item}})});
+    const QJsonObject made = f.import(QJsonArray{element("a"), feeding("b", QJsonArray{QJsonValue(QJsonArray{item})})});
     QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 3, idAt(made, 1), 0)});
 }
 
 void tst_CSceneImport::connectionToALaterElement()
 {
     CFixture f;
-    const QJsonObject made = f.import(QJsonArray{feeding("b", QJsonArray{QJsonArray{"a", "b"}}), element("a")});
+    const QJsonObject made =
+        f.import(QJsonArray{feeding("b", QJsonArray{QJsonValue(QJsonArray{"a", "b"})}), element("a")});
     QCOMPARE(connectionsOf(made), (QJsonArray{connectionEntry(idAt(made, 1), 0, idAt(made, 0), 0),
                                               connectionEntry(idAt(made, 0), 0, idAt(made, 0), 0)}));
 }
@@ -692,7 +694,7 @@ void tst_CSceneImport::connectionToALaterDocumentIsLost()
 {
     CFixture f;
     const QJsonObject made =
-        f.importAll({document({feeding("b", QJsonArray{QJsonArray{"a"}})}), document({element("a")})});
+        f.importAll({document({feeding("b", QJsonArray{QJsonValue(QJsonArray{"a"})})}), document({element("a")})});
     QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(noId(), 0, idAt(made, 0), 0)});
 }
 
@@ -701,8 +703,9 @@ void tst_CSceneImport::connectionsComeAfterSources()
     CFixture f;
     const QString cam = f.add("cam").id().toString();
     QJsonObject both = feeding("a", QJsonArray{QJsonArray{"b"}, QJsonArray{"c"}});
-    both["unique_sources"] = QJsonArray{QJsonArray{"cam"}};
-    const QJsonObject made = f.import(QJsonArray{both, element("b"), fedBy("c", QJsonArray{QJsonArray{"b"}})});
+    both["unique_sources"] = QJsonArray{QJsonValue(QJsonArray{"cam"})};
+    const QJsonObject made =
+        f.import(QJsonArray{both, element("b"), fedBy("c", QJsonArray{QJsonValue(QJsonArray{"b"})})});
     const QString a = idAt(made, 0);
     const QString b = idAt(made, 2);
     const QString c = idAt(made, 3);
@@ -714,7 +717,7 @@ void tst_CSceneImport::noConverterIsWritten()
 {
     CFixture f;
     const QJsonObject item{{"name", "a"}, {"converter", QJsonObject{{"in", QJsonObject()}, {"out", QJsonObject()}}}};
-    const QJsonObject made = f.import(QJsonArray{element("a"), feeding("b", QJsonArray{QJsonArray{item}})});
+    const QJsonObject made = f.import(QJsonArray{element("a"), feeding("b", QJsonArray{QJsonValue(QJsonArray{item})})});
     QCOMPARE(connectionsOf(made).first().toObject().keys(), QStringList({"in_id", "in_index", "out_id", "out_index"}));
 }
 
@@ -735,7 +738,7 @@ void tst_CSceneImport::wrongDocuments()
     QFETCH(QString, text);
     CFixture f;
     f.add("cam");
-    const QString good = document({element("a"), feeding("b", QJsonArray{QJsonArray{"a"}})});
+    const QString good = document({element("a"), feeding("b", QJsonArray{QJsonValue(QJsonArray{"a"})})});
     const QJsonObject made = f.importAll({text, good, text});
     QCOMPARE(nodesOf(made).size(), 2);
     QCOMPARE(connectionsOf(made).size(), 1);
@@ -891,7 +894,8 @@ void tst_CSceneImport::sceneIsLeftAsItIs()
 {
     CFixture f;
     f.add("cam");
-    f.import(QJsonArray{fedBy("a", QJsonArray{QJsonArray{"cam"}}), feeding("b", QJsonArray{QJsonArray{"a"}})});
+    f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{"cam"})}),
+                        feeding("b", QJsonArray{QJsonValue(QJsonArray{"a"})})});
     QCOMPARE(f.scene.nodes().size(), std::size_t(1));
     QVERIFY(f.scene.connections().empty());
 }
@@ -936,10 +940,10 @@ public:
 void tst_CSceneImport::chainCarriesData()
 {
     CServiceFixture f;
-    QJsonObject first = feeding("a", QJsonArray{QJsonArray{"b", "c"}});
-    first["unique_sources"] = QJsonArray{QJsonArray{"cam"}};
+    QJsonObject first = feeding("a", QJsonArray{QJsonValue(QJsonArray{"b", "c"})});
+    first["unique_sources"] = QJsonArray{QJsonValue(QJsonArray{"cam"})};
     QVERIFY(f.service.importDocument(
-        document({first, element("b"), feeding("c", QJsonArray{QJsonArray{"d"}}), element("d")})));
+        document({first, element("b"), feeding("c", QJsonArray{QJsonValue(QJsonArray{"d"})}), element("d")})));
     QCOMPARE(f.service.getActiveScene()->connections().size(), std::size_t(4));
     f.cam->offer(CTestData::make(6));
     QCOMPARE(f.views().size(), std::size_t(4));
@@ -953,7 +957,7 @@ void tst_CSceneImport::chainOfSeveralPortsCarriesData()
     CServiceFixture f;
     const QJsonObject item{{"name", "b"}, {"index_in", 1}, {"index _out", 0}};
     QVERIFY(f.service.importDocument(document({element("b"), fedBy("a", QJsonArray{QJsonArray{}, QJsonArray{"cam"}}),
-                                               feeding("c", QJsonArray{QJsonArray{item}})})));
+                                               feeding("c", QJsonArray{QJsonValue(QJsonArray{item})})})));
     std::vector<std::pair<int, int>> ports;
     for (const auto& entry : f.service.getActiveScene()->connections())
         ports.emplace_back(entry.second->getPortIndex(ENodePortType::In),
@@ -972,7 +976,7 @@ void tst_CSceneImport::sourceThatHasDataFeedsTheChainAtOnce()
 {
     CServiceFixture f;
     f.cam->offer(CTestData::make(2));
-    QVERIFY(f.service.importDocument(document({fedBy("a", QJsonArray{QJsonArray{"cam"}})})));
+    QVERIFY(f.service.importDocument(document({fedBy("a", QJsonArray{QJsonValue(QJsonArray{"cam"})})})));
     QCOMPARE(f.views().front()->received, (std::vector<std::pair<int, int>>{{2, 0}}));
 }
 
@@ -989,7 +993,7 @@ void tst_CSceneImport::manyElementsAskLittle()
     QJsonArray chain;
     for (int i = 0; i < elements; ++i) {
         const QJsonArray names{QString("source-%1").arg((i * 7) % sources), "cam"};
-        chain.append(fedBy(QString("element-%1").arg(i), QJsonArray{names}));
+        chain.append(fedBy(QString("element-%1").arg(i), QJsonArray{QJsonValue(names)}));
     }
 
     int before = CHostModel::calls();
