@@ -12,12 +12,18 @@
 FUZZ_SECONDS=${FUZZ_SECONDS:-600}
 STEPS=${STEPS:-1000000}
 SOAK_SECONDS=${SOAK_SECONDS:-3600}
-parts=(lint sanitizers race instructions bench limits soak sequences fuzz coverage mutants)
+parts=(lint compilers sanitizers race instructions bench limits soak sequences fuzz coverage mutants)
 
 # Each of these prints what the page is to show; the rest of what is said goes to the log.
 lint() {
     scripts/lint.sh >&2
     echo "No finding in any file."
+}
+compilers() {
+    need_packages "${library_packages[@]}" "${test_packages[@]}" clang >&2
+    cmake --preset release -B build/clang -DHALVEX_BUILD_HOST=OFF -DHALVEX_WERROR=ON -DCMAKE_CXX_COMPILER=clang++ >&2
+    cmake --build build/clang >&2
+    echo "$(clang++ --version | head -n 1): $(run_tests build/clang)"
 }
 sanitizers() {
     need_packages "${library_packages[@]}" "${host_packages[@]}" "${test_packages[@]}" >&2
@@ -25,8 +31,7 @@ sanitizers() {
     cmake --build build/asan-host >&2
     build/asan-host/host/halvex-host run host/chains/demo.json --camera fake-1 --camera fake-2 --frames 30 \
         --output out/deep-demo >&2
-    (cd build/asan-host && ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1 ctest --output-on-failure -j 2) |
-        tee /dev/stderr | grep 'tests passed'
+    ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1 run_tests build/asan-host
 }
 race() {
     need_packages "${library_packages[@]}" "${test_packages[@]}" "${race_packages[@]}" >&2
@@ -49,6 +54,7 @@ fuzz() { scripts/fuzz.sh "$FUZZ_SECONDS" | tee /dev/stderr | sed '1,/^== what wa
 coverage() { scripts/coverage.sh | tee /dev/stderr | sed '1,/^== coverage/d' | indent; }
 mutants() { scripts/mutate.py --all | tee /dev/stderr | tail -n 12 | indent; }
 
+run_tests() { ctest --test-dir "$1" --output-on-failure -j 2 | tee /dev/stderr | grep 'tests passed'; }
 build_tests() {
     need_packages "${library_packages[@]}" "${host_packages[@]}" "${test_packages[@]}" >&2
     cmake --preset release >&2
@@ -56,7 +62,7 @@ build_tests() {
 }
 indent() { sed 's/^/    /'; } # Markdown leaves it as it is
 
-declare -A headings=([lint]="Linters" [sanitizers]="All tests with sanitizers, the host's among them"
+declare -A headings=([lint]="Linters" [compilers]="Other compilers" [sanitizers]="All tests with sanitizers, the host's among them"
     [race]="All tests with the race detector" [instructions]="Instructions per delivery" [bench]="Times and memory"
     [limits]="How far it goes" [soak]="Soak" [sequences]="Random sequences" [fuzz]="Fuzzers" [coverage]="Coverage"
     [mutants]="Mutants")

@@ -3,6 +3,7 @@
 #
 #   scripts/lint.sh             # every file
 #   scripts/lint.sh --changed   # what differs from the last release tag or from main; every file if neither is known
+#   scripts/lint.sh --changed COMMIT   # what differs from that
 #   scripts/lint.sh --format    # clang-format alone, over every file
 . "$(dirname "$0")/common.sh"
 
@@ -22,7 +23,7 @@ cmake --build --preset dev --target "${moc_targets[@]}"
 
 base=
 if [ "${1-}" = --changed ]; then
-    base=$(git describe --tags --abbrev=0 2>/dev/null || git merge-base HEAD origin/main 2>/dev/null || true)
+    base=${2-$(git describe --tags --abbrev=0 2>/dev/null || git merge-base HEAD origin/main 2>/dev/null || true)}
     [ "$base" != "$(git rev-parse HEAD)" ] || base=
 fi
 mapfile -t sources < <(scripts/lint_sources.py build/dev/compile_commands.json build/lint $base)
