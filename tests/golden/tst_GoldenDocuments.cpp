@@ -49,7 +49,8 @@ void addRows(const QString& kind)
 QByteArray ordered(const QByteArray& document)
 {
     QJsonObject root = QJsonDocument::fromJson(document).object();
-    for (const QString& key : root.keys()) {
+    const QStringList keys = root.keys();
+    for (const QString& key : keys) {
         std::vector<QByteArray> texts;
         const QJsonArray elements = root[key].toArray();
         for (const QJsonValue& json : elements)

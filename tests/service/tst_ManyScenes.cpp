@@ -40,7 +40,7 @@ struct SManyScenes
         service.registry()->registerModel([] { return std::make_unique<CHostModel>(ENodeDataModelType::Sink, "View"); },
                                           QStringLiteral("Test"));
         for (int i = 0; i < sceneCount; ++i) {
-            infos.push_back(QSharedPointer<CInfo>::create());
+            infos.emplace_back(QSharedPointer<CInfo>::create());
             ids.push_back(service.addNode(makeSource(cameraName(i)), infos.back()));
             service.importDocument(
                 document({element("view", "View", {{"unique_sources", QJsonArray{QJsonArray{cameraName(i)}}}})}));
