@@ -17,8 +17,10 @@ inline void warnIfInOtherThread(const QObject& object, const char* operation, st
 {
     if (object.thread() == QThread::currentThread() || hasWarned.exchange(true))
         return;
-    qCWarning(lcGraph).nospace() << operation << "() of " << &object << " is called in " << QThread::currentThread()
-                                 << ", but belongs to " << object.thread();
+    QString text;
+    QDebug(&text).nospace() << operation << "() of " << &object << " is called in " << QThread::currentThread()
+                            << ", but belongs to " << object.thread();
+    qCWarning(lcGraph, "%s", qUtf8Printable(text));
 }
 
 } // namespace Plugin::Halvex
