@@ -70,6 +70,7 @@ target_sources(Halvex PRIVATE
   graph/support/LoggingCategory.cpp
   graph/support/LoggingCategory_p.h
   graph/support/Swallow_p.h
+  graph/support/ThreadCheck_p.h
   models/ANodeDataModel.cpp
   models/ASinkNodeDataModel.cpp
   models/ASourceNodeDataModel.cpp

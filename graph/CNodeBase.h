@@ -50,6 +50,7 @@ class CStackGauge;
  * leaves the connections alone; they find their end cleared.
  *
  * Threads: the thread that made the node. The model's dataUpdated() alone may come from any thread and is queued.
+ * A library that was built with assertions warns once when propagateData() is called in another thread.
  * Exceptions of models and converters pass through to whoever started the walk.
  */
 class HALVEX_EXPORT CNodeBase : public QObject, public AppCore::ISerializable

@@ -7,6 +7,7 @@
 #include "graph/CConversion_p.h"
 #include "graph/CNodeVisit_p.h"
 #include "graph/support/LoggingCategory_p.h"
+#include "graph/support/ThreadCheck_p.h"
 
 #include <Halvex/graph/CNodeBase.h>
 #include <Halvex/graph/CNodeConnection.h>
@@ -134,6 +135,7 @@ void CNodeBase::walkIfRoom(NodePortIndex index, CNodeVisit& visit)
 
 void CNodeBase::propagateData(CNodeDataPtr ptrNodeData, NodePortIndex inPortIndex) const
 {
+    HALVEX_WARN_IF_IN_OTHER_THREAD();
     if (m_model)
         deliver(std::move(ptrNodeData), inPortIndex, CStackGauge::ofThisThread());
 }

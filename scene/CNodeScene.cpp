@@ -7,6 +7,7 @@
 #include "graph/support/CDeferredQueue_p.h"
 #include "graph/support/LoggingCategory_p.h"
 #include "graph/support/Swallow_p.h"
+#include "graph/support/ThreadCheck_p.h"
 
 #include <QPointer>
 #include <QScopeGuard>
@@ -59,6 +60,7 @@ CNodeScene::~CNodeScene()
 
 CNodeBase& CNodeScene::createNode(std::unique_ptr<CNodeDataModel>&& model)
 {
+    HALVEX_WARN_IF_IN_OTHER_THREAD();
     if (!model)
         return noNode();
     std::unique_ptr<CNodeDataModel> taken = std::move(model);
@@ -81,6 +83,7 @@ CNodeBase& CNodeScene::noNode()
 std::shared_ptr<CNodeConnection> CNodeScene::createConnection(CNodeBase& nodeIn, int portIndexIn, CNodeBase& nodeOut,
                                                               int portIndexOut, const NodeDataConverter& converter)
 {
+    HALVEX_WARN_IF_IN_OTHER_THREAD();
     if (!nodeIn.nodeDataModel() || !nodeOut.nodeDataModel())
         return nullptr; // it is being destroyed: no foreign code may run in a visit of it
     // Copying what a converter captured may do anything, so it comes before anything else is checked.
@@ -108,6 +111,7 @@ std::shared_ptr<CNodeConnection> CNodeScene::createConnection(CNodeBase& nodeIn,
 
 std::shared_ptr<CNodeConnection> CNodeScene::createConnection(ENodePortType portType, CNodeBase& node, int portIndex)
 {
+    HALVEX_WARN_IF_IN_OTHER_THREAD();
     const bool canBeMade = portType == ENodePortType::None ? isOpen(node) : canConnect(node, portType, portIndex);
     if (!canBeMade)
         return nullptr;
@@ -116,11 +120,13 @@ std::shared_ptr<CNodeConnection> CNodeScene::createConnection(ENodePortType port
 
 void CNodeScene::deleteConnection(CNodeConnection& connection)
 {
+    HALVEX_WARN_IF_IN_OTHER_THREAD();
     deferDeletion(connection.id());
 }
 
 void CNodeScene::deleteConnectionNow(CNodeConnection& connection)
 {
+    HALVEX_WARN_IF_IN_OTHER_THREAD();
     removeConnection(connection.id(), EIfThrown::Stays);
 }
 
@@ -156,6 +162,7 @@ void CNodeScene::removeConnection(const Core::CId& id, EIfThrown ifThrown)
 
 void CNodeScene::removeNode(CNodeBase& node)
 {
+    HALVEX_WARN_IF_IN_OTHER_THREAD();
     const bool isAnnounced = CGraphOwner::stage(node) != ENodeStage::Staying;
     if (!holds(node) || (isAnnounced && m_stage == EStage::Open))
         return;
@@ -180,6 +187,7 @@ void CNodeScene::removeNode(CNodeBase& node)
 
 void CNodeScene::clearScene()
 {
+    HALVEX_WARN_IF_IN_OTHER_THREAD();
     forEachNode([this](CNodeBase* node) { removeNode(*node); });
 }
 
@@ -211,6 +219,7 @@ CNodeDataModelRegistry& CNodeScene::registry() const
 
 void CNodeScene::setRegistry(std::shared_ptr<CNodeDataModelRegistry> registry)
 {
+    HALVEX_WARN_IF_IN_OTHER_THREAD();
     m_registry = std::move(registry);
 }
 

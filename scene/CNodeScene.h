@@ -61,7 +61,8 @@ class CDeferredQueue;
  * - deleteConnection(): the connection goes, even if a handler throws.
  * - The destructor throws nothing. It reports to "halvex.graph" and goes on.
  *
- * Threads: the one that the scene lives in. Nothing is locked.
+ * Threads: the one that the scene lives in. Nothing is locked. A library that was built with assertions warns in
+ * "halvex.graph" when an operation that changes the scene is called in another thread, once for each operation.
  */
 class HALVEX_EXPORT CNodeScene : public QObject
 {

@@ -5,6 +5,7 @@
 
 #include "graph/CGraphOwner_p.h"
 #include "graph/support/JsonObject_p.h"
+#include "graph/support/ThreadCheck_p.h"
 
 #include <Halvex/graph/DocumentKeys.h>
 #include <Halvex/scene/CNodeScene.h>
@@ -57,6 +58,7 @@ QByteArray CNodeScene::saveToMemory() const
 
 void CNodeScene::loadFromMemory(const QByteArray& data)
 {
+    HALVEX_WARN_IF_IN_OTHER_THREAD();
     load(QJsonDocument::fromJson(data).object());
 }
 
@@ -85,6 +87,7 @@ void CNodeScene::load(const QJsonObject& root)
 
 CNodeBase& CNodeScene::restoreNode(const QJsonObject& nodeJson)
 {
+    HALVEX_WARN_IF_IN_OTHER_THREAD();
     const QJsonObject modelJson = nodeJson.value(DocumentKeys::model).toObject();
     return isUnique(modelJson) ? findUnique(modelJson.value(DocumentKeys::name).toString())
                                : makeNode(nodeJson, modelJson);
@@ -92,6 +95,7 @@ CNodeBase& CNodeScene::restoreNode(const QJsonObject& nodeJson)
 
 std::shared_ptr<CNodeConnection> CNodeScene::restoreConnection(const QJsonObject& connectionJson)
 {
+    HALVEX_WARN_IF_IN_OTHER_THREAD();
     // Copying a converter is foreign code: the nodes are looked up after it.
     const QPointer<CNodeScene> self(this);
     const NodeDataConverter converter = findConverter(connectionJson.value(DocumentKeys::converter));

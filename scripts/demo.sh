@@ -18,7 +18,7 @@ summary() {
 
 need_packages "${library_packages[@]}" "${host_packages[@]}"
 step "configure"
-cmake --preset release -DBUILD_TESTING=OFF # scripts/test.sh, which needs more packages, switches them on again
+cmake --preset release -DHALVEX_BUILD_TESTING=OFF # scripts/test.sh, which needs more packages, switches them on again
 step "build"
 cmake --build --preset release --target halvex-host
 

@@ -5,10 +5,9 @@
 
 #include "graph/support/CDeferredQueue_p.h"
 #include "graph/support/Swallow_p.h"
+#include "graph/support/ThreadCheck_p.h"
 #include "scene/CSceneLoader_p.h"
 #include "service/CSceneImport_p.h"
-
-#include <QThread>
 
 #include <algorithm>
 #include <optional>
@@ -54,6 +53,7 @@ CNodeService::~CNodeService()
 
 Core::CId CNodeService::addNode(std::unique_ptr<ANodeDataModel> model, Core::AppCoreComponents::BaseInfoPtr info)
 {
+    HALVEX_WARN_IF_IN_OTHER_THREAD();
     if (!model || m_isClosing)
         return Core::CId();
     // A host hands in its unique source again to make its scene the active one; the source's node owns it.
@@ -101,12 +101,14 @@ CNodeBase* CNodeService::findNodeByModel(ANodeDataModel* model)
 
 void CNodeService::removeNode(Core::CId nodeId, bool removeLoneNodeScene)
 {
+    HALVEX_WARN_IF_IN_OTHER_THREAD();
     if (CNodeBase* const node = findNode(nodeId))
         removeNode(*node, removeLoneNodeScene);
 }
 
 void CNodeService::removeNodeByModel(ANodeDataModel*& model, bool removeLoneNodeScene)
 {
+    HALVEX_WARN_IF_IN_OTHER_THREAD();
     if (CNodeBase* const node = findNodeByModel(model))
         removeNode(*node, removeLoneNodeScene);
 }
@@ -118,6 +120,7 @@ void CNodeService::removeSceneOfNode(Core::CId nodeId)
 
 void CNodeService::removeSceneOfNode(CNodeBase* node)
 {
+    HALVEX_WARN_IF_IN_OTHER_THREAD();
     if (CNodeScene* const scene = node ? findSceneOf(*node) : nullptr)
         removeScene(*scene);
 }
@@ -125,6 +128,7 @@ void CNodeService::removeSceneOfNode(CNodeBase* node)
 Core::CId CNodeService::connectModels(ANodeDataModel* first, NodePortIndex firstPort, ANodeDataModel* second,
                                       NodePortIndex secondPort)
 {
+    HALVEX_WARN_IF_IN_OTHER_THREAD();
     CNodeBase* const in = findNodeByModel(first);
     CNodeBase* const out = findNodeByModel(second);
     const QPointer<CNodeScene> scene = in && out ? findSceneOf(*in) : nullptr;
@@ -141,17 +145,20 @@ Core::CId CNodeService::connectModels(ANodeDataModel* first, NodePortIndex first
 
 bool CNodeService::importDocument(const QString& document)
 {
+    HALVEX_WARN_IF_IN_OTHER_THREAD();
     return importAll({document});
 }
 
 bool CNodeService::importStoredDocuments()
 {
+    HALVEX_WARN_IF_IN_OTHER_THREAD();
     const QStringList documents = m_storedDocuments; // the import may end the service
     return !documents.isEmpty() && importAll(documents);
 }
 
 void CNodeService::addStoredDocument(const QString& document)
 {
+    HALVEX_WARN_IF_IN_OTHER_THREAD();
     m_storedDocuments.append(document);
 }
 
@@ -170,6 +177,7 @@ std::unique_ptr<ANodeDataModel> CNodeService::createModel(const QString& modelNa
 void CNodeService::registerTypeConverter(const std::pair<SNodeDataType, SNodeDataType>& fromTo,
                                          NodeDataConverter converter)
 {
+    HALVEX_WARN_IF_IN_OTHER_THREAD();
     registry()->registerTypeConverter(fromTo, std::move(converter));
 }
 
@@ -180,6 +188,7 @@ QPointer<CNodeScene> CNodeService::getActiveScene()
 
 void CNodeService::setActiveScene(QPointer<CNodeScene> scene)
 {
+    HALVEX_WARN_IF_IN_OTHER_THREAD();
     if (scene && m_scenes.contains(scene) && !scene->isBeingDestroyed())
         activateScene(scene);
 }
@@ -388,7 +397,6 @@ void CNodeService::announceRemoval()
 template <typename Work>
 void CNodeService::takeTurn(Work work)
 {
-    Q_ASSERT(QThread::currentThread() == thread());
     if (!m_isClosing)
         m_turns->defer(std::move(work));
 }

@@ -56,7 +56,8 @@ class CNodeBase;
  * Errors: no operation throws. Null pointers, unknown ids and requests that cannot be met give empty results. What
  * models and handlers throw ends the work it came from and is reported in "halvex.service".
  *
- * Threads: the host's main thread.
+ * Threads: the host's main thread, in which the service was made. A library that was built with assertions warns in
+ * "halvex.graph" when an operation that changes something is called in another thread, once for each operation.
  */
 class HALVEX_EXPORT INodeService : public Core::Service::IService
 {

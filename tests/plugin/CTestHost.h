@@ -9,8 +9,16 @@
 #include <Halvex/platform/ALocalizedPlugin.h>
 #include <Halvex/service/INodeService.h>
 
+#include <QByteArray>
 #include <QSharedPointer>
 #include <QString>
+
+/// The test's own plugin; HALVEX_TEST_MODELS names another build of it.
+inline QByteArray testModelsFile()
+{
+    const QByteArray other = qgetenv("HALVEX_TEST_MODELS");
+    return other.isEmpty() ? QByteArray(TEST_MODELS_PLUGIN_FILE) : other;
+}
 
 /// A host of the library's plugin and of the test's own, from initialize() to uninitialize() and unloading. It knows
 /// no more of the library than its headers.
@@ -54,7 +62,7 @@ public:
 private:
     // In this order: the test's plugin links the library, so it goes first.
     CPluginFile m_halvex{HALVEX_PLUGIN_FILE};
-    CPluginFile m_models{TEST_MODELS_PLUGIN_FILE};
+    CPluginFile m_models{testModelsFile().constData()};
     QSharedPointer<CServiceManager> m_manager{new CServiceManager};
     bool m_isUp;
 };

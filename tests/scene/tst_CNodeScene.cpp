@@ -7,12 +7,14 @@
 #include "support/CMessageCatcher.h"
 #include "support/CTestModel.h"
 #include "support/CTestScene.h"
+#include "support/HasAssertions.h"
 #include "support/MetaMethods.h"
 #include "support/SceneConsistency.h"
 
 #include <QProcess>
 #include <QtTest>
 
+#include <csignal>
 #include <cstdio>
 #include <functional>
 #include <limits>
@@ -21,6 +23,10 @@
 #include <type_traits>
 #include <utility>
 #include <vector>
+
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace Plugin::Halvex;
 
@@ -204,6 +210,7 @@ private Q_SLOTS:
     void defaultIsEmptyWithoutRegistry();
     void sharesTheRegistry();
     void registryMayBeEmpty();
+    void missingRegistryIsAsserted();
     void replacedRegistryLeavesNodesAlone();
     void sharesTheInfo();
     void belongsToItsParent();
@@ -334,6 +341,27 @@ void tst_CNodeScene::registryMayBeEmpty()
     const CTestScene scene(std::shared_ptr<CNodeDataModelRegistry>(), info, nullptr);
     QVERIFY(!scene.isRegistyValid());
     QCOMPARE(scene.getSceneInfo(), info);
+}
+
+void tst_CNodeScene::missingRegistryIsAsserted()
+{
+    const CTestScene scene(nullptr, nullptr);
+    if (!hasAssertions)
+        return; // undefined
+    const pid_t child = fork();
+    if (child == 0) {
+        // Dies quietly: Qt Test would write a report, and the system an image of the memory.
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+        std::signal(SIGABRT, SIG_DFL);
+        const rlimit noFile{0, 0};
+        setrlimit(RLIMIT_CORE, &noFile);
+        scene.registry();
+        _exit(0);
+    }
+    int status = 0;
+    QCOMPARE(waitpid(child, &status, 0), child);
+    QVERIFY(WIFSIGNALED(status));
+    QCOMPARE(WTERMSIG(status), SIGABRT);
 }
 
 void tst_CNodeScene::replacedRegistryLeavesNodesAlone()

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "graph/support/LoggingCategory_p.h"
+
+#include <QDebug>
+#include <QThread>
+
+#include <atomic>
+
+namespace Plugin::Halvex {
+
+/// Warns, if this is the first time for \a hasWarned, that \a operation of \a object is not called in its thread.
+inline void warnIfInOtherThread(const QObject& object, const char* operation, std::atomic<bool>& hasWarned)
+{
+    if (object.thread() == QThread::currentThread() || hasWarned.exchange(true))
+        return;
+    QString text;
+    QDebug(&text).nospace() << operation << "() of " << &object << " is called in " << QThread::currentThread()
+                            << ", but belongs to " << object.thread();
+    qCWarning(lcGraph, "%s", qUtf8Printable(text));
+}
+
+} // namespace Plugin::Halvex
+
+/// The first line of an operation of a QObject. Where Q_ASSERT asserts, it warns in "halvex.graph" of a call from
+/// another thread than the object's, once for each operation, and the call goes on. Elsewhere it is nothing.
+#if defined(QT_NO_DEBUG) && !defined(QT_FORCE_ASSERTS)
+#define HALVEX_WARN_IF_IN_OTHER_THREAD() static_cast<void>(0)
+#else
+#define HALVEX_WARN_IF_IN_OTHER_THREAD()                                                                               \
+    do {                                                                                                               \
+        static std::atomic<bool> hasWarned{false};                                                                     \
+        warnIfInOtherThread(*this, static_cast<const char*>(__func__), hasWarned);                                     \
+    } while (false)
+#endif

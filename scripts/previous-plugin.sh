@@ -1,0 +1,24 @@
+#!/usr/bin/env bash
+# Builds the tests' plugin with models as it was in an earlier commit, against the library of that commit, and has
+# today's library load it and work with it. Fails when plugins of then would have to be rebuilt.
+#
+#   scripts/previous-plugin.sh            # the last release tag
+#   scripts/previous-plugin.sh <commit>
+. "$(dirname "$0")/common.sh"
+
+commit=$(git rev-parse --verify "${1:-$(git describe --tags --abbrev=0)}^{commit}")
+folder=build/previous
+need_packages "${library_packages[@]}"
+
+step "build the plugin of $commit"
+rm -rf "$folder"
+mkdir -p "$folder/source"
+git archive "$commit" | tar -x -C "$folder/source"
+cmake -S "$folder/source" -B "$folder/build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DHALVEX_BUILD_HOST=OFF
+cmake --build "$folder/build" --target HalvexTestModels
+rm "$folder"/build/plugins/libHalvex.so* # today's is to be taken
+
+step "load it today"
+cmake --preset release
+cmake --build --preset release --target tst_PluginLife
+HALVEX_TEST_MODELS=$PWD/$folder/build/tests/plugin/libHalvexTestModels.so build/release/tests/plugin/tst_PluginLife
