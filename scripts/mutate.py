@@ -1,26 +1,31 @@
 #!/usr/bin/env python3
 """Changes the library in one place at a time and looks whether a test notices.
 
-    scripts/mutate.py                              every mutant; hours
-    scripts/mutate.py --count 100 --seed 7         a sample
-    scripts/mutate.py --count 25 --new             one of those that are not known to survive
+    scripts/mutate.py                              a sample of 100 with a fresh seed, which is printed
+    scripts/mutate.py --count 25 --seed 7          a sample that can be had again
+    scripts/mutate.py --all                        every mutant; days. What was interrupted goes on the next time
     scripts/mutate.py service/CNodeService.cpp     the mutants of some files
     scripts/mutate.py service/CNodeService.cpp:42  those of one line
     scripts/mutate.py --list                       says what would be changed
 
-A mutant is one small change in a source file of graph/, scene/, models/ or service/: a condition negated, a comparison
-or a logical operator exchanged, a number off by one, two arguments swapped, a statement removed. One that does not
-compile is not counted. It is killed when a test fails, crashes or takes much longer than usual. Survivors are printed,
-with the reason if scripts/mutants-explained.txt has one; explained or not, they count as survivors. The exit code is 1
-when less than --least percent of the counted mutants are killed, or when that file explains what is not there any more.
+A mutant is one small change in graph/, scene/, models/ or service/, public headers included; KINDS below names them.
+One that does not compile is not counted. It is killed when a test fails or crashes, and does so again when that test is
+repeated. One that only makes tests slow is "too slow", which is no kill. With --also asan, those that are not killed
+are judged again in a build with sanitizers; the rate is told without and with what these kill.
 
-Works on a clone of the committed tree below build/mutants, so that the tree itself is not touched. Needs what
-scripts/test.sh installs, git and python3.
+The reason why a mutant survives stands on the line above it: "// Survives KIND: REASON". It counts as a survivor all
+the same. The exit code is 1 when less than --least percent are killed, or when a reason is wrong: there is no such
+mutant, or it was killed.
+
+Works on a clone of the committed tree below build/mutants, so that the tree itself is not touched, and builds there
+what the preset "coverage" builds. Verdicts are kept in out/mutants/. A kill is good as long as its file has the same
+text, any other verdict as long as the tests are the same too. Needs what scripts/test.sh installs, git and python3.
 """
 
 import argparse
 import collections
 import dataclasses
+import itertools
 import json
 import os
 import pathlib
@@ -34,129 +39,232 @@ import tempfile
 import time
 
 FOLDERS = ("graph", "scene", "models", "service")
-EXPLAINED = "scripts/mutants-explained.txt"
-
 TESTS = r"^(tst|stress)_"
 # Tests of what is not changed here, and two that look for what only long runs show.
 LEFT_OUT = r"^(tst_(PluginRounds|CId|CGrabResultPtr|ShippersTexts|ALocalizedPlugin)|stress_NodeService)$|_is_unlinked$"
+SLOW_TESTS = 3  # so many are too slow: no others are tried
+TOO_SLOW = "too slow"
 
 
 @dataclasses.dataclass(frozen=True)
 class Mutant:
     file: str
+    blob: str  # git's name for the text of the file
     line: int  # from 1
     kind: str
+    start: int
     old: str
     new: str
-    before: str  # the line before
 
     def __str__(self):
-        return f"{self.file}:{self.line}: {self.change()}"
+        return f"{self.file}:{self.line}: {self.kind}: `{' '.join(self.old.split())}` -> `{' '.join(self.new.split())}`"
 
-    def change(self):
-        old = self.old.strip()
-        if re.fullmatch(r"\w+;", old):
-            old = f"{self.before.strip()} {old}"  # a "return;" alone says nothing
-        return f"{self.kind}: `{old}` -> `{self.new.strip()}`"
+    def key(self):
+        return f"{self.blob} {self.start} {self}"
+
+    def apply(self, text):
+        return text[: self.start] + self.new + text[self.start + len(self.old) :]
 
 
-def closing(text, opening):
-    """The position of the parenthesis that closes the one at `opening`; -1 if it is not in the text."""
+# Comments, the preprocessor, assertions, what makes a function abstract; and the inside of texts.
+LEFT_ALONE = (r"//.*|/\*[\s\S]*?\*/|^ *#(?:.*\\\n)*.*|\b(?:Q_ASSERT|static_assert)\([^;]*;|(?<=[)a-z]) = 0;"
+              r"|\"(?:[^\"\\\n]|\\.)*\"|'(?:[^'\\\n]|\\.)+'")
+
+
+def code_of(text):
+    """The same length, with other signs for what is not changed."""
+    def blanked(match):
+        return re.sub(r"[^\n]", "$" if match.group()[0] in "\"'" else " ", match.group())
+    return re.sub(LEFT_ALONE, blanked, text, flags=re.MULTILINE)
+
+
+def closing(code, opening):
+    """The position of the parenthesis that closes the one at `opening`; -1 if there is none."""
     depth = 0
-    for position in range(opening, len(text)):
-        depth += {"(": 1, ")": -1}.get(text[position], 0)
+    for position in range(opening, len(code)):
+        depth += {"(": 1, ")": -1}.get(code[position], 0)
         if depth == 0:
             return position
     return -1
 
 
-def negated_conditions(line):
-    for match in re.finditer(r"\b(?:if|while) \(", line):
-        end = closing(line, match.end() - 1)
-        if end < 0:
-            continue
-        condition = line[match.end() : end]
+# What follows finds changes in code: each is the start and the end of what is replaced, and the new text. In `code`,
+# texts are blanked; `text` is the same with them.
+
+
+def negated_condition(code, text):
+    for match in re.finditer(r"\b(?:if|while) \(", code):
+        end = closing(code, match.end() - 1)
+        first, separator, condition = text[match.end() : end].rpartition("; ")
         declared = re.match(r"[\w:<>,* ]+[ *](\w+) = ", condition)
         negated = f"{condition}; !{declared.group(1)}" if declared else f"!({condition})"
-        yield line[: match.end()] + negated + line[end:]
+        yield match.end(), end, first + separator + negated
 
 
-EXCHANGED = {"==": "!=", "!=": "==", "<": "<=", "<=": "<", ">": ">=", ">=": ">", "&&": "||", "||": "&&"}
+def replaced(code, pattern, replacements):
+    for match in re.finditer(pattern, code):
+        if match.group(1) in replacements:
+            yield match.start(1), match.end(1), replacements[match.group(1)]
 
 
-def exchanged_operators(line):
-    for match in re.finditer(r" (==|!=|<=|>=|<|>|&&|\|\|)(?= |$)", line):
-        yield line[: match.start(1)] + EXCHANGED[match.group(1)] + line[match.end(1) :]
+def exchanged_operator(code, _):
+    return replaced(code, r" (\S+)(?=\s)", {"==": "!=", "!=": "==", "<": "<=", "<=": "<", ">": ">=", ">=": ">",
+                                            "&&": "||", "||": "&&"})
 
 
-def is_in_text(line, position):
-    """Whether the position is within a string literal."""
-    return line.count('"', 0, position) % 2 == 1
+def arithmetic(code, _):
+    return replaced(code, r" (\S+)(?=\s)", {"+": "-", "-": "+", "*": "/", "/": "*", "%": "*", "&": "|", "|": "&",
+                                            "^": "&", "<<": ">>", ">>": "<<", "+=": "-=", "-=": "+=", "|=": "&=",
+                                            "&=": "|="})
 
 
-def numbers_off_by_one(line):
-    for match in re.finditer(r"(?<![\w.])(\d+)(?![\w.])", line):
-        if not is_in_text(line, match.start()):
-            yield line[: match.start()] + str(int(match.group()) + 1) + line[match.end() :]
-    for match in re.finditer(r"\+\+|--", line):
-        yield line[: match.start()] + {"++": "--", "--": "++"}[match.group()] + line[match.end() :]
+def number_off_by_one(code, _):
+    for match in re.finditer(r"(?<![\w.$])(\d+)(?![\w.])", code):
+        yield match.start(), match.end(), str(int(match.group()) + 1)
+    yield from replaced(code, r"(\+\+|--)", {"++": "--", "--": "++"})
 
 
-def exchanged_truths(line):
-    for match in re.finditer(r"\b(true|false)\b", line):
-        yield line[: match.start()] + {"true": "false", "false": "true"}[match.group()] + line[match.end() :]
+def exchanged_truth(code, _):
+    return replaced(code, r"\b(true|false)\b", {"true": "false", "false": "true"})
 
 
-def swapped_arguments(line):
-    for match in re.finditer(r"\(([\w.*&>-]+), ([\w.*&>-]+)\)", line):
+def swapped_arguments(code, text):
+    for match in re.finditer(r"\(([\w.*&>-]+),\s+([\w.*&>-]+)\)", code):
         if match.group(1) != match.group(2):
-            yield line[: match.start()] + f"({match.group(2)}, {match.group(1)})" + line[match.end() :]
+            yield match.start(), match.end(), f"({match.group(2)}, {match.group(1)})"
+
+
+def swapped_arms(code, text):
+    """Of `condition ? one : other`."""
+    for match in re.finditer(r"\s\? ", code):
+        depth = 0
+        middle = 0
+        for end in range(match.end(), len(code)):
+            depth += {"(": 1, "{": 1, ")": -1, "}": -1}.get(code[end], 0)
+            if depth == 0 and not middle and re.match(r"\s:\s", code[end : end + 3]):
+                middle = end
+            if depth < 0 or depth == 0 and code[end] in ",;":
+                break
+        if middle:
+            yield match.end(), end, text[middle + 3 : end] + text[middle : middle + 3] + text[match.end() : middle]
+
+
+@dataclasses.dataclass
+class Block:
+    """Between two braces or parentheses."""
+    is_body: bool  # of a function, or within one
+    has_statements: bool
+    start: int = -1  # of the statement under way
+    is_guarded: bool = False  # it belongs to a condition or a loop without braces
+
+
+CONTROL = r"(if|if constexpr|for|while|switch|catch) \("
+LABEL = r"\b(case\b.*|default|public|private|protected|Q_SIGNALS|Q_SLOTS)\s*$"
+SCOPE = r"\b(class|struct|enum|union|namespace)\b[^()]*$"
+OPENS_BLOCK = r"(^|\n *|[)\]]|\b(else|do|try|const|noexcept|override|final|mutable)|-> [\w:<>*& ]+)\s?$"
+
+
+def statements(code):
+    """Of functions: start, end, the block around and whether it is guarded. Control statements are not among them, what
+    they guard is."""
+    blocks = [Block(False, True)]
+    for position, sign in enumerate(code):
+        block = blocks[-1]
+        if block.has_statements and block.start < 0 and not sign.isspace() and sign != "}":
+            block.start = position
+        head = code[max(block.start, position - 200) : position]
+        if sign == "(":
+            blocks.append(Block(block.is_body, False))
+        elif sign == "{":
+            is_scope = block.has_statements and re.search(SCOPE, head)
+            is_block = is_scope or re.search(OPENS_BLOCK, head if block.has_statements else code[position - 60 : position])
+            blocks.append(Block(block.is_body or bool(is_block and not is_scope), bool(is_block)))
+        elif sign in ")}" and len(blocks) > 1:
+            had_statements = blocks.pop().has_statements
+            block = blocks[-1]
+            if sign == ")" and re.match(CONTROL, code[block.start : block.start + 20]):
+                block.start, block.is_guarded = -1, True
+            elif sign == "}" and had_statements and block.has_statements:
+                block.start, block.is_guarded = -1, False
+        elif not block.has_statements:
+            continue
+        elif sign == ";":
+            if block.is_body and block.start < position:
+                yield block.start, position + 1, id(block), block.is_guarded
+            block.start, block.is_guarded = -1, False
+        elif sign == ":" and "::" not in code[position - 1 : position + 2] and re.search(LABEL, head):
+            block.start = -1
+        elif code[block.start : position + 2] == "else " or code[block.start : position + 2] == "else\n":
+            block.start, block.is_guarded = -1, True
 
 
 # What is declared is used: without its declaration nothing compiles. A guard is not used, it has parentheses.
-DECLARATION = r"(explicit|static|void|bool) |[\w:<>,*& ]+[ *&]\w+( = .*|\{.*\})?;$"
+DECLARATION = r"(?!delete |Q_EMIT )((explicit|static|void|bool) .*|[\w:<>,*&\s]+[\s*&]\w+( = .*|\{.*\})?;)"
 
 
-def removed_statements(line):
-    code = line.strip()
-    if re.match(r"(?!return\b|using\b|friend\b|break\b|static_cast<void>)[\w*+(\[].*;$", code) and not re.match(
-        DECLARATION, code
-    ):
-        if line.startswith(" ") and line.count("(") == line.count(")"):
-            yield re.match(r"\s*", line).group() + ";"
-    for match in re.finditer(r"\{ (?!return\b)[^{}]+; \}", line):
-        yield line[: match.start()] + "{}" + line[match.end() :]
-    if re.match(r"\s+return;$", line):
-        yield re.match(r"\s*", line).group() + ";"
+def is_declaration(statement):
+    return re.fullmatch(DECLARATION, statement, re.DOTALL)
 
 
-KINDS = (negated_conditions, exchanged_operators, numbers_off_by_one, exchanged_truths, swapped_arguments,
-         removed_statements)
+def removed_statement(code, _):
+    for start, end, _, _ in statements(code):
+        if re.match(r"(?!return\b(?!;)|using\b|friend\b|break\b|static_cast<void>|Q_UNUSED)[\w*+(\[:]",
+                    code[start:end]) and not is_declaration(code[start:end]):
+            yield start, end, ";"
+
+
+def exchanged_neighbours(code, text):
+    for (start, middle, block, first), (following, end, other, second) in itertools.pairwise(statements(code)):
+        one, two = code[start:middle], code[following:end]
+        if block != other or first or second or code[middle:following].strip() or "(" not in one + two:
+            continue
+        name = re.match(r"[\w:<>,*&\s]+[\s*&](\w+)(?: =|[({;])", one)
+        is_used = name and re.search(rf"\b{name.group(1)}\b", two)
+        if is_used or re.match(r"return|break|continue|throw|using|static", two) or (
+                is_declaration(one) and is_declaration(two)):
+            continue
+        yield start, end, text[following:end] + text[middle:following] + text[start:middle]
+
+
+def returned_value(code, text):
+    for start, end, _, _ in statements(code):
+        match = re.fullmatch(r"return\s+(.+);", code[start:end], re.DOTALL)
+        if not match or re.fullmatch(r"true|false|nullptr|0|\*this|\{\}|[\w:]+\(\)", match.group(1)):
+            continue
+        yield start, end, "return {};"
+        if not re.search(r"[{$]| [=!]= ", match.group(1)):
+            yield start, end, f"return !({text[start + match.start(1) : end - 1]});"
+
+
+KINDS = (negated_condition, exchanged_operator, arithmetic, number_off_by_one, exchanged_truth, swapped_arguments,
+         swapped_arms, removed_statement, exchanged_neighbours, returned_value)
 
 
 def committed(root, *arguments):
-    return subprocess.check_output(["git", *arguments], cwd=root, text=True)
+    return subprocess.check_output(["git", *arguments], cwd=root, text=True).rstrip("\n")
 
 
-def mutants_of(root, file):
-    is_comment = False
-    before = ""
-    for number, line in enumerate(committed(root, "show", f"HEAD:{file}").splitlines(), 1):
-        code = line.split("//")[0].rstrip()
-        is_comment = is_comment or code.lstrip().startswith("/*")
-        if not is_comment and code.strip() and not re.match(r"#|Q_ASSERT|static_assert|template|namespace", code.strip()):
-            for kind in KINDS:
-                for new in kind(code):
-                    yield Mutant(file, number, kind.__name__.replace("_", " "), line, new, before)
-        if "*/" in line:
-            is_comment = False
-        before = line
+def mutants_of(file, blob, text):
+    code = code_of(text)
+    for kind in KINDS:
+        for start, end, new in kind(code, text):
+            line = text.count("\n", 0, start) + 1
+            yield Mutant(file, blob, line, kind.__name__.replace("_", " "), start, text[start:end], new)
 
 
-def sources(root):
-    """Source files; and of headers only the private ones, which few tests would be built again for."""
-    files = committed(root, "ls-tree", "-r", "--name-only", "HEAD", *FOLDERS).splitlines()
-    return [file for file in files if file.endswith((".cpp", "_p.h"))]
+def read_library(root):
+    """All mutants in the order of the text; and the reasons of survivors by file, line and kind."""
+    mutants = []
+    reasons = {}
+    for entry in committed(root, "ls-tree", "-r", "HEAD", *FOLDERS).splitlines():
+        blob, file = entry.split(maxsplit=2)[2].split("\t")
+        if file.endswith((".cpp", ".h")):
+            text = committed(root, "cat-file", "blob", blob)
+            mutants += sorted(mutants_of(file, blob, text), key=lambda mutant: mutant.start)
+            for number, line in enumerate(text.splitlines(), 1):
+                if match := re.fullmatch(r"\s*// Survives ([^:]+): (.+)", line):
+                    reasons[file, number + 1, match.group(1)] = match.group(2)
+    return mutants, reasons
 
 
 class Running:
@@ -165,8 +273,10 @@ class Running:
     def __init__(self, test):
         self.test = test
         self.output = tempfile.TemporaryFile()
+        # Counters of another mutant lie about, and their reader complains.
         self.process = subprocess.Popen(test.command, cwd=test.folder, stdin=subprocess.DEVNULL, stdout=self.output,
-                                        stderr=subprocess.STDOUT, start_new_session=True)
+                                        stderr=subprocess.STDOUT, start_new_session=True,
+                                        env={**os.environ, "GCOV_ERROR_FILE": os.devnull})
         self.began = time.monotonic()
 
     def seconds(self):
@@ -180,7 +290,7 @@ class Running:
             return failed.group(1).decode()
         if self.process.returncode:
             return f"{self.test.name}, exit code {self.process.returncode}"
-        return f"{self.test.name}, too slow" if self.seconds() > self.test.longest() else ""
+        return TOO_SLOW if self.seconds() > self.test.longest() else ""
 
     def end(self):
         if self.process.poll() is None:
@@ -203,56 +313,53 @@ class Test:
 class Workplace:
     """A copy of the tree with a build of its own."""
 
-    def __init__(self, root, jobs, longest):
+    def __init__(self, root, preset, jobs, longest):
         self.jobs = jobs
         self.longest = longest
-        self.tree = root / "build" / "mutants" / "tree"
-        self.build = root / "build" / "mutants" / "build"
+        self.tree = root / "build" / "mutants"
+        self.build = self.tree / "build" / preset
         # A clone, because git rewrites those files alone that differ: the build of the last time is still good.
         if not self.tree.exists():
             subprocess.run(["git", "clone", "--quiet", "--shared", "--no-checkout", root, self.tree], check=True)
         subprocess.run(["git", "fetch", "--quiet", root, "HEAD"], cwd=self.tree, check=True)
         subprocess.run(["git", "checkout", "--quiet", "--force", "--detach", "FETCH_HEAD"], cwd=self.tree, check=True)
-        subprocess.run(["cmake", "-S", self.tree, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
-                        "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DHALVEX_BUILD_HOST=OFF",
-                        "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON"], check=True, stdout=subprocess.DEVNULL)
-        self.targets = ["Halvex", *(test["name"] for test in self._known_tests())]
+        subprocess.run(["cmake", "--preset", preset, "-DHALVEX_BUILD_HOST=OFF", "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON"],
+                       cwd=self.tree, check=True, stdout=subprocess.DEVNULL)
         try:
-            self._make()
+            self._make(test["name"] for test in self._known_tests())
         except subprocess.CalledProcessError as error:
             sys.exit(error.stdout.decode())
         self.tests = [Test(test["name"], test["command"], str(pathlib.Path(test["command"][0]).parent))
                       for test in self._known_tests()]
-        self._measure()
+        failed, failure, seconds = self._run(self.tests)
+        if failed:
+            sys.exit(f"The library is not changed yet, but a test fails: {failed.name}: {failure}")
+        for test in self.tests:
+            test.seconds = seconds[test.name]
 
-    def _make(self):
-        """The library, and the tests that include what was changed."""
-        subprocess.run(["ninja", "-C", self.build, f"-j{self.jobs}", *self.targets], check=True, capture_output=True)
+    def _make(self, tests):
+        subprocess.run(["ninja", "-C", self.build, f"-j{self.jobs}", "Halvex", *tests], check=True, capture_output=True)
 
     def _known_tests(self):
         """As ctest tells of them: those of what is changed here. Commands are missing as long as they are not built."""
         known = json.loads(subprocess.check_output(["ctest", "--show-only=json-v1"], cwd=self.build))["tests"]
         return [test for test in known if re.search(TESTS, test["name"]) and not re.search(LEFT_OUT, test["name"])]
 
-    def _measure(self):
-        """How long each takes; with the library as it is, none may fail."""
-        failure, seconds = self._run(self.tests)
-        if failure:
-            sys.exit(f"The library is not changed yet, but a test fails: {failure}")
-        for test in self.tests:
-            test.seconds = seconds[test.name]
-
-    def tests_for(self, file):
-        """The most likely to fail first: the class's own, those of its folder, all others; quick ones before slow.
+    def _groups_for(self, file):
+        """The most likely to fail first: the class's own tests, those of its folder, all others; quick ones before slow.
         Those that take too long are left out, but for the class's own."""
-        stem = re.sub(r"(_p|Document|Worker)?\.\w+$", "", file.split("/")[1])
+        stem = re.sub(r"(_p|Document|Worker)?\.\w+$", "", file.split("/")[-1])
         folder = f"/tests/{file.split('/')[0]}"
-        wanted = [test for test in self.tests if test.seconds <= self.longest or stem in test.name]
-        return sorted(wanted, key=lambda test: (stem not in test.name, test.seconds > 3,
-                                                not test.folder.endswith(folder), test.seconds))
+
+        def group(test):
+            return 0 if stem in test.name else 1 if test.folder.endswith(folder) else 2
+
+        wanted = [test for test in self.tests if test.seconds <= self.longest or group(test) == 0]
+        wanted.sort(key=lambda test: (group(test), test.seconds))
+        return [list(tests) for _, tests in itertools.groupby(wanted, group)]
 
     def _run(self, tests):
-        """What failed first, empty if nothing did; and how long each of those took that came to their end."""
+        """Which failed first, if any, and how; and how long each of those took that came to their end."""
         seconds = {}
         waiting = collections.deque(tests)
         running = []
@@ -264,113 +371,152 @@ class Workplace:
                 for each in list(running):
                     has_ended = each.process.poll() is not None
                     if failure := each.failure():
-                        return failure, seconds
+                        return each.test, failure, seconds
                     if has_ended:
                         seconds[each.test.name] = each.seconds()
                         each.end()
                         running.remove(each)
-            return "", seconds
+            return None, "", seconds
         finally:
             for each in running:
                 each.end()
 
+    def _run_twice(self, tests):
+        """What fails, and does so again; or that tests are too slow; or nothing."""
+        slow = 0
+        while tests:
+            failed, failure, seconds = self._run(tests)
+            if not failed:
+                break
+            if failure == TOO_SLOW:
+                slow += 1
+            elif (again := self._run([failed])[1]) and again != TOO_SLOW:
+                return failure
+            else:
+                print(f"    failed once only: {failure}")
+            if slow == SLOW_TESTS:
+                break
+            tests = [test for test in tests if test.name not in seconds and test is not failed]
+        return TOO_SLOW if slow else ""
+
     def judge(self, mutant):
-        """"killed by ...", "survived" or "does not compile"."""
+        """"killed by ...", "survived", "too slow" or "does not compile"."""
         path = self.tree / mutant.file
         original = path.read_text()
-        lines = original.splitlines(keepends=True)
-        lines[mutant.line - 1] = mutant.new + "\n"
-        path.write_text("".join(lines))
+        path.write_text(mutant.apply(original))
+        failures = []
         try:
-            self._make()
-            failure, _ = self._run(self.tests_for(mutant.file))
-            return f"killed by {failure}" if failure else "survived"
+            for tests in self._groups_for(mutant.file):  # a header has them built again: one group at a time
+                self._make(test.name for test in tests)
+                failures.append(self._run_twice(tests))
+                if failures[-1]:
+                    break
+            return f"killed by {failures[-1]}" if failures[-1] not in ("", TOO_SLOW) else failures[-1] or "survived"
         except subprocess.CalledProcessError:
             return "does not compile"
         finally:
             path.write_text(original)
 
 
-def keys_of(mutants):
-    """What names each mutant in the file of explanations: lines move. Where a file has the same line several times, a
-    reason is good for one of them only."""
-    lines = collections.defaultdict(list)
-    for mutant in mutants:
-        lines[f"{mutant.file}: {mutant.change()}"].append(mutant)
-    return {mutant: key if len(same) == 1 else f"{key} ({number} of {len(same)})"
-            for key, same in lines.items() for number, mutant in enumerate(same, 1)}
+class Verdicts:
+    """What earlier runs have found, one JSON object per line."""
+
+    def __init__(self, root, preset):
+        self.file = root / "out" / "mutants" / f"{preset}.jsonl"
+        self.tests = committed(root, "rev-parse", "HEAD:tests")
+        self.file.parent.mkdir(parents=True, exist_ok=True)
+        lines = self.file.read_text().splitlines() if self.file.exists() else []
+        known = [json.loads(line) for line in lines if line.endswith("}")]  # the last one may be cut
+        self.known = {entry["mutant"]: entry["verdict"] for entry in known
+                      if entry["tests"] == self.tests or entry["verdict"].startswith("killed")}
+
+    def add(self, mutant, verdict):
+        with self.file.open("a") as out:
+            out.write(json.dumps({"mutant": mutant.key(), "verdict": verdict, "tests": self.tests}) + "\n")
 
 
-def explanations(root):
-    """Reasons by mutant: lines that begin with "#" give the reason for the mutants below them."""
-    reasons = {}
-    reason = []
-    is_heading = False
-    for line in (root / EXPLAINED).read_text().splitlines():
-        if line.startswith("#"):
-            reason = reason + [line[1:].strip()] if is_heading else [line[1:].strip()]
-        elif line.strip():
-            reasons[line.strip()] = " ".join(reason)
-        is_heading = line.startswith("#")
-    return reasons
+def judge_all(root, preset, mutants, options):
+    """Verdicts by mutant."""
+    verdicts = Verdicts(root, preset)
+    place = None
+    found = {}
+    for number, mutant in enumerate(mutants, 1):
+        verdict = verdicts.known.get(mutant.key())
+        if not verdict:
+            place = place or Workplace(root, preset, options.jobs, options.longest)
+            verdict = place.judge(mutant)
+            verdicts.add(mutant, verdict)
+        found[mutant] = verdict
+        print(f"[{number}/{len(mutants)}] {verdict}: {mutant}", flush=True)
+    return found
 
 
-def chosen(mutants, files):
-    """The mutants of these files, or of one line of a file."""
-    return [mutant for mutant in mutants if mutant.file in files or f"{mutant.file}:{mutant.line}" in files]
+def share(part, whole):
+    return f"{part} of {whole}, {100.0 * part / whole if whole else 100.0:.1f} %"
+
+
+def report(verdicts, also, reasons):
+    """Prints the rate and what lives; returns the rate in percent and whether the reasons are right."""
+    counted = {mutant: verdict for mutant, verdict in verdicts.items() if verdict != "does not compile"}
+    alive = [mutant for mutant, verdict in counted.items() if not verdict.startswith("killed")]
+    slow = sum(counted[mutant] == TOO_SLOW for mutant in alive)
+    killed = len(counted) - len(alive)
+    print(f"\nKilled: {share(killed, len(counted))}. Too slow, which is no kill: {slow}. Survived: {len(alive) - slow}. "
+          f"Not counted, as they do not compile: {len(verdicts) - len(counted)}.")
+    if also:
+        more = sum(verdict.startswith("killed") for verdict in also.values())
+        print(f"With what sanitizers kill: {share(killed + more, len(counted))}.")
+    is_right = True
+    for mutant, verdict in counted.items():
+        reason = reasons.get((mutant.file, mutant.line, mutant.kind))
+        if mutant in alive:
+            print(f"{mutant}\n    {also.get(mutant, verdict)}; {reason or 'no reason is known'}")
+        elif reason:
+            is_right = False
+            print(f"{mutant}\n    {verdict}, although a comment says why it survives")
+    return 100.0 * killed / len(counted) if counted else 100.0, is_right
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("files", nargs="*", help="files, or lines of files, instead of all of the library")
-    parser.add_argument("--count", type=int, help="as many mutants, chosen at random")
-    parser.add_argument("--seed", type=int, default=1, help="of that choice (default: 1)")
+    parser.add_argument("files", nargs="*", help="files, or lines of files, instead of a sample")
+    parser.add_argument("--all", action="store_true", help="every mutant")
+    parser.add_argument("--count", type=int, default=100, help="size of the sample (default: 100)")
+    parser.add_argument("--seed", type=int, help="of the sample (default: another each time)")
+    parser.add_argument("--also", metavar="PRESET", help="judge what is not killed in that build, too: asan")
     parser.add_argument("--jobs", type=int, default=2, help="tests at the same time (default: 2)")
     parser.add_argument("--longest", type=float, default=60.0,
                         help="seconds that the tests of other classes may take (default: 60)")
-    parser.add_argument("--least", type=float, default=90.0, help="percent to be killed (default: 90)")
-    parser.add_argument("--new", action="store_true", help=f"leave out what {EXPLAINED} says to survive")
+    parser.add_argument("--least", type=float, default=92.0, help="percent to be killed (default: 92)")
     parser.add_argument("--list", action="store_true", help="only say what would be changed")
     options = parser.parse_args()
 
     root = pathlib.Path(__file__).resolve().parent.parent
-    every = [mutant for file in sources(root) for mutant in mutants_of(root, file)]
-    reasons = explanations(root)
-    keys = keys_of(every)
-    outdated = reasons.keys() - set(keys.values())
+    mutants, reasons = read_library(root)
+    outdated = reasons.keys() - {(mutant.file, mutant.line, mutant.kind) for mutant in mutants}
+    for file, line, kind in sorted(outdated):
+        print(f"{file}:{line}: a reason for a mutant that does not exist: {kind}")
     if outdated:
-        print(f"{EXPLAINED} explains what is not there any more:", *sorted(outdated), sep="\n")
         return 1
 
-    mutants = chosen(every, options.files) if options.files else every
-    if options.new:
-        mutants = [mutant for mutant in mutants if keys[mutant] not in reasons]
-    if options.count is not None and options.count < len(mutants):
-        mutants = sorted(random.Random(options.seed).sample(mutants, options.count), key=mutants.index)
+    if options.files:
+        mutants = [mutant for mutant in mutants
+                   if mutant.file in options.files or f"{mutant.file}:{mutant.line}" in options.files]
+    elif not options.all and not options.list:
+        seed = random.SystemRandom().randrange(10**6) if options.seed is None else options.seed
+        print(f"{options.count} of {len(mutants)} mutants, --seed {seed}")
+        chosen = random.Random(seed).sample(range(len(mutants)), min(options.count, len(mutants)))
+        mutants = [mutants[index] for index in sorted(chosen)]
     if options.list:
         print(*mutants, sep="\n")
         return 0
 
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))  # many will crash
-    place = Workplace(root, options.jobs, options.longest)
-    verdicts = {}
-    for number, mutant in enumerate(mutants, 1):
-        verdicts[mutant] = place.judge(mutant)
-        print(f"[{number}/{len(mutants)}] {verdicts[mutant]}: {mutant}", flush=True)
-
-    survivors = [mutant for mutant, verdict in verdicts.items() if verdict == "survived"]
-    counted = sum(verdict != "does not compile" for verdict in verdicts.values())
-    killed = counted - len(survivors)
-    percent = 100.0 * killed / counted if counted else 100.0
-    unexplained = [mutant for mutant in survivors if keys[mutant] not in reasons]
-    print(f"\n{killed} of {counted} mutants that compile were killed ({percent:.1f} %). {len(survivors)} survived, "
-          f"{len(unexplained)} of them unexplained.")
-    for mutant in survivors:
-        print(f"{mutant}\n    {reasons.get(keys[mutant], 'unexplained')}")
-    for mutant, verdict in verdicts.items():
-        if verdict != "survived" and keys[mutant] in reasons:
-            print(f"{keys[mutant]}\n    {verdict}, although {EXPLAINED} says why it survives")
-    return 0 if percent >= options.least else 1
+    verdicts = judge_all(root, "coverage", mutants, options)
+    alive = [mutant for mutant, verdict in verdicts.items() if verdict in ("survived", TOO_SLOW)]
+    also = judge_all(root, options.also, alive, options) if options.also else {}
+    percent, is_right = report(verdicts, also, reasons)
+    return 0 if percent >= options.least and is_right else 1
 
 
 if __name__ == "__main__":
