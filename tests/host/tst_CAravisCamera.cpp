@@ -3,6 +3,8 @@
 
 #include "host/camera/CAravisCamera.h"
 
+#include "support/BoundedWait.h"
+
 #include "TestPattern.h"
 
 #include <arv.h>
@@ -10,7 +12,6 @@
 #include <QTest>
 
 #include <set>
-#include <thread>
 #include <vector>
 
 using namespace Host;
@@ -262,7 +263,7 @@ void tst_CAravisCamera::framesDroppedWhileTheCameraGoes()
         for (int i = 0; i < 3; ++i)
             held.push_back(nextFrame(*camera));
         QVERIFY(held.back());
-        std::thread dropper([&held] { held.clear(); });
+        CTestThread dropper([&held] { held.clear(); });
         camera.reset();
         dropper.join();
     }

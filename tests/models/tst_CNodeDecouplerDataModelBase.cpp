@@ -3,6 +3,7 @@
 
 #include <Halvex/models/CNodeDecouplerDataModelBase.h>
 
+#include "support/BoundedWait.h"
 #include "support/CTestData.h"
 #include "support/CTestModel.h"
 #include "support/CTestScene.h"
@@ -24,7 +25,6 @@
 #include <cmath>
 #include <limits>
 #include <memory>
-#include <thread>
 #include <type_traits>
 #include <vector>
 
@@ -561,13 +561,16 @@ void tst_CNodeDecouplerDataModelBase::statisticsFromAnotherThread()
     std::atomic<bool> isEnough{false};
     std::atomic<int> samples{0};
     std::atomic<int> faults{0};
-    std::thread sampler([&] {
+    CTestThread sampler([&] {
         while (!isEnough) {
             faults += !addsUp(model.statistics());
             ++samples;
         }
     });
+    const QDeadlineTimer deadline(longestWait);
     for (int i = 0; i < 20000 || samples < 1000; ++i) {
+        if (deadline.hasExpired())
+            qFatal("The other thread gets no statistics.");
         model.setInData(i % 17 ? CTestData::make(i) : nullptr, 0);
         if (i % 100 == 0)
             QCoreApplication::processEvents();
