@@ -43,6 +43,7 @@ TESTS = r"^(tst|stress)_"
 # Tests of what is not changed here, and two that look for what only long runs show.
 LEFT_OUT = r"^(tst_(PluginRounds|CId|CGrabResultPtr|ShippersTexts|ALocalizedPlugin)|stress_NodeService)$|_is_unlinked$"
 SLOW_TESTS = 3  # so many are too slow: no others are tried
+LONGEST = 60.0  # seconds that the tests of other classes may take
 TOO_SLOW = "too slow"
 
 
@@ -61,9 +62,6 @@ class Mutant:
 
     def key(self):
         return f"{self.blob} {self.start} {self}"
-
-    def apply(self, text):
-        return text[: self.start] + self.new + text[self.start + len(self.old) :]
 
 
 # Comments, the preprocessor, assertions, what makes a function abstract; and the inside of texts.
@@ -92,7 +90,7 @@ def closing(code, opening):
 # texts are blanked; `text` is the same with them.
 
 
-def negated_condition(code, text):
+def negated_conditions(code, text):
     for match in re.finditer(r"\b(?:if|while) \(", code):
         end = closing(code, match.end() - 1)
         first, separator, condition = text[match.end() : end].rpartition("; ")
@@ -101,31 +99,20 @@ def negated_condition(code, text):
         yield match.end(), end, first + separator + negated
 
 
-def replaced(code, pattern, replacements):
-    for match in re.finditer(pattern, code):
-        if match.group(1) in replacements:
-            yield match.start(1), match.end(1), replacements[match.group(1)]
+def exchanged(pattern, pairs):
+    """A kind that exchanges one token for another: pairs of both."""
+    others = dict(pair.split() for pair in pairs.split(","))
+
+    def kind(code, _):
+        for match in re.finditer(pattern, code):
+            if match.group(1) in others:
+                yield match.start(1), match.end(1), others[match.group(1)]
+    return kind
 
 
-def exchanged_operator(code, _):
-    return replaced(code, r" (\S+)(?=\s)", {"==": "!=", "!=": "==", "<": "<=", "<=": "<", ">": ">=", ">=": ">",
-                                            "&&": "||", "||": "&&"})
-
-
-def arithmetic(code, _):
-    return replaced(code, r" (\S+)(?=\s)", {"+": "-", "-": "+", "*": "/", "/": "*", "%": "*", "&": "|", "|": "&",
-                                            "^": "&", "<<": ">>", ">>": "<<", "+=": "-=", "-=": "+=", "|=": "&=",
-                                            "&=": "|="})
-
-
-def number_off_by_one(code, _):
+def numbers_off_by_one(code, _):
     for match in re.finditer(r"(?<![\w.$])(\d+)(?![\w.])", code):
         yield match.start(), match.end(), str(int(match.group()) + 1)
-    yield from replaced(code, r"(\+\+|--)", {"++": "--", "--": "++"})
-
-
-def exchanged_truth(code, _):
-    return replaced(code, r"\b(true|false)\b", {"true": "false", "false": "true"})
 
 
 def swapped_arguments(code, text):
@@ -137,14 +124,13 @@ def swapped_arguments(code, text):
 def swapped_arms(code, text):
     """Of `condition ? one : other`."""
     for match in re.finditer(r"\s\? ", code):
-        depth = 0
-        middle = 0
+        depth = middle = 0
         for end in range(match.end(), len(code)):
             depth += {"(": 1, "{": 1, ")": -1, "}": -1}.get(code[end], 0)
-            if depth == 0 and not middle and re.match(r"\s:\s", code[end : end + 3]):
-                middle = end
             if depth < 0 or depth == 0 and code[end] in ",;":
                 break
+            if depth == 0 and not middle and re.match(r"\s:\s", code[end : end + 3]):
+                middle = end
         if middle:
             yield match.end(), end, text[middle + 3 : end] + text[middle : middle + 3] + text[match.end() : middle]
 
@@ -200,16 +186,12 @@ def statements(code):
 
 # What is declared is used: without its declaration nothing compiles. A guard is not used, it has parentheses.
 DECLARATION = r"(?!delete |Q_EMIT )((explicit|static|void|bool) .*|[\w:<>,*&\s]+[\s*&]\w+( = .*|\{.*\})?;)"
+KEPT = r"return\b(?!;)|using\b|friend\b|break\b|static_cast<void>|Q_UNUSED"
 
 
-def is_declaration(statement):
-    return re.fullmatch(DECLARATION, statement, re.DOTALL)
-
-
-def removed_statement(code, _):
+def removed_statements(code, _):
     for start, end, _, _ in statements(code):
-        if re.match(r"(?!return\b(?!;)|using\b|friend\b|break\b|static_cast<void>|Q_UNUSED)[\w*+(\[:]",
-                    code[start:end]) and not is_declaration(code[start:end]):
+        if not re.match(KEPT, code[start:end]) and not re.fullmatch(DECLARATION, code[start:end], re.DOTALL):
             yield start, end, ";"
 
 
@@ -218,15 +200,14 @@ def exchanged_neighbours(code, text):
         one, two = code[start:middle], code[following:end]
         if block != other or first or second or code[middle:following].strip() or "(" not in one + two:
             continue
-        name = re.match(r"[\w:<>,*&\s]+[\s*&](\w+)(?: =|[({;])", one)
-        is_used = name and re.search(rf"\b{name.group(1)}\b", two)
-        if is_used or re.match(r"return|break|continue|throw|using|static", two) or (
-                is_declaration(one) and is_declaration(two)):
-            continue
-        yield start, end, text[following:end] + text[middle:following] + text[start:middle]
+        made, also_made = (re.match(r"(?!Q_EMIT|delete)[\w:<>,*&\s]+[\s*&](\w+)(?: =|[({;])", each) for each in (one, two))
+        if made and (also_made or re.search(rf"\b{made.group(1)}\b", two)):
+            continue  # another order does not compile, or makes no difference
+        if not re.match(r"return|break|continue|throw|using|static|Q_UNUSED", two):
+            yield start, end, text[following:end] + text[middle:following] + text[start:middle]
 
 
-def returned_value(code, text):
+def returned_values(code, text):
     for start, end, _, _ in statements(code):
         match = re.fullmatch(r"return\s+(.+);", code[start:end], re.DOTALL)
         if not match or re.fullmatch(r"true|false|nullptr|0|\*this|\{\}|[\w:]+\(\)", match.group(1)):
@@ -236,20 +217,24 @@ def returned_value(code, text):
             yield start, end, f"return !({text[start + match.start(1) : end - 1]});"
 
 
-KINDS = (negated_condition, exchanged_operator, arithmetic, number_off_by_one, exchanged_truth, swapped_arguments,
-         swapped_arms, removed_statement, exchanged_neighbours, returned_value)
+BINARY = r"\s([^\s\w]+)(?=\s)"
+KINDS = {
+    "negated condition": negated_conditions,
+    "exchanged operator": exchanged(BINARY, "== !=,!= ==,< <=,<= <,> >=,>= >,&& ||,|| &&"),
+    "arithmetic": exchanged(BINARY, "+ -,- +,* /,/ *,% *,& |,| &,^ &,<< >>,>> <<,+= -=,-= +=,|= &=,&= |="),
+    "counted the other way": exchanged(r"(\+\+|--)", "++ --,-- ++"),
+    "exchanged truth": exchanged(r"\b(true|false)\b", "true false,false true"),
+    "number off by one": numbers_off_by_one,
+    "swapped arguments": swapped_arguments,
+    "swapped arms": swapped_arms,
+    "removed statement": removed_statements,
+    "exchanged neighbours": exchanged_neighbours,
+    "returned value": returned_values,
+}
 
 
 def committed(root, *arguments):
     return subprocess.check_output(["git", *arguments], cwd=root, text=True).rstrip("\n")
-
-
-def mutants_of(file, blob, text):
-    code = code_of(text)
-    for kind in KINDS:
-        for start, end, new in kind(code, text):
-            line = text.count("\n", 0, start) + 1
-            yield Mutant(file, blob, line, kind.__name__.replace("_", " "), start, text[start:end], new)
 
 
 def read_library(root):
@@ -260,7 +245,10 @@ def read_library(root):
         blob, file = entry.split(maxsplit=2)[2].split("\t")
         if file.endswith((".cpp", ".h")):
             text = committed(root, "cat-file", "blob", blob)
-            mutants += sorted(mutants_of(file, blob, text), key=lambda mutant: mutant.start)
+            code = code_of(text)
+            found = [Mutant(file, blob, text.count("\n", 0, start) + 1, kind, start, text[start:end], new)
+                     for kind, changes in KINDS.items() for start, end, new in changes(code, text)]
+            mutants += sorted(found, key=lambda mutant: mutant.start)
             for number, line in enumerate(text.splitlines(), 1):
                 if match := re.fullmatch(r"\s*// Survives ([^:]+): (.+)", line):
                     reasons[file, number + 1, match.group(1)] = match.group(2)
@@ -313,9 +301,8 @@ class Test:
 class Workplace:
     """A copy of the tree with a build of its own."""
 
-    def __init__(self, root, preset, jobs, longest):
+    def __init__(self, root, preset, jobs):
         self.jobs = jobs
-        self.longest = longest
         self.tree = root / "build" / "mutants"
         self.build = self.tree / "build" / preset
         # A clone, because git rewrites those files alone that differ: the build of the last time is still good.
@@ -346,17 +333,14 @@ class Workplace:
         return [test for test in known if re.search(TESTS, test["name"]) and not re.search(LEFT_OUT, test["name"])]
 
     def _groups_for(self, file):
-        """The most likely to fail first: the class's own tests, those of its folder, all others; quick ones before slow.
-        Those that take too long are left out, but for the class's own."""
+        """The most likely to fail first: the class's own tests, those of its folder, all others; quick before slow. Of
+        the others, those that take too long are left out."""
         stem = re.sub(r"(_p|Document|Worker)?\.\w+$", "", file.split("/")[-1])
-        folder = f"/tests/{file.split('/')[0]}"
-
-        def group(test):
-            return 0 if stem in test.name else 1 if test.folder.endswith(folder) else 2
-
-        wanted = [test for test in self.tests if test.seconds <= self.longest or group(test) == 0]
-        wanted.sort(key=lambda test: (group(test), test.seconds))
-        return [list(tests) for _, tests in itertools.groupby(wanted, group)]
+        own = [test for test in self.tests if stem in test.name]
+        near = [test for test in self.tests if test.folder.endswith(f"/tests/{file.split('/')[0]}")]
+        wanted = own + [test for test in self.tests if test.seconds <= LONGEST and test not in own]
+        wanted.sort(key=lambda test: (test not in own, test not in near, test.seconds))
+        return [list(tests) for _, tests in itertools.groupby(wanted, lambda test: (test in own, test in near))]
 
     def _run(self, tests):
         """Which failed first, if any, and how; and how long each of those took that came to their end."""
@@ -381,74 +365,57 @@ class Workplace:
             for each in running:
                 each.end()
 
-    def _run_twice(self, tests):
-        """What fails, and does so again; or that tests are too slow; or nothing."""
+    def _verdict(self, file):
         slow = 0
-        while tests:
-            failed, failure, seconds = self._run(tests)
-            if not failed:
-                break
-            if failure == TOO_SLOW:
-                slow += 1
-            elif (again := self._run([failed])[1]) and again != TOO_SLOW:
-                return failure
-            else:
-                print(f"    failed once only: {failure}")
-            if slow == SLOW_TESTS:
-                break
-            tests = [test for test in tests if test.name not in seconds and test is not failed]
-        return TOO_SLOW if slow else ""
+        for tests in self._groups_for(file):
+            self._make(test.name for test in tests)  # a header has them built again: one group at a time
+            while tests and slow < SLOW_TESTS:
+                failed, failure, seconds = self._run(tests)
+                if not failed:
+                    break
+                if failure == TOO_SLOW:
+                    slow += 1
+                elif self._run([failed])[1] not in ("", TOO_SLOW):
+                    return f"killed by {failure}"
+                else:
+                    print(f"    failed once only: {failure}")
+                tests = [test for test in tests if test.name not in seconds and test is not failed]
+        return TOO_SLOW if slow else "survived"
 
     def judge(self, mutant):
         """"killed by ...", "survived", "too slow" or "does not compile"."""
         path = self.tree / mutant.file
         original = path.read_text()
-        path.write_text(mutant.apply(original))
-        failures = []
+        path.write_text(original[: mutant.start] + mutant.new + original[mutant.start + len(mutant.old) :])
         try:
-            for tests in self._groups_for(mutant.file):  # a header has them built again: one group at a time
-                self._make(test.name for test in tests)
-                failures.append(self._run_twice(tests))
-                if failures[-1]:
-                    break
-            return f"killed by {failures[-1]}" if failures[-1] not in ("", TOO_SLOW) else failures[-1] or "survived"
+            return self._verdict(mutant.file)
         except subprocess.CalledProcessError:
             return "does not compile"
         finally:
             path.write_text(original)
 
 
-class Verdicts:
-    """What earlier runs have found, one JSON object per line."""
-
-    def __init__(self, root, preset):
-        self.file = root / "out" / "mutants" / f"{preset}.jsonl"
-        self.tests = committed(root, "rev-parse", "HEAD:tests")
-        self.file.parent.mkdir(parents=True, exist_ok=True)
-        lines = self.file.read_text().splitlines() if self.file.exists() else []
-        known = [json.loads(line) for line in lines if line.endswith("}")]  # the last one may be cut
-        self.known = {entry["mutant"]: entry["verdict"] for entry in known
-                      if entry["tests"] == self.tests or entry["verdict"].startswith("killed")}
-
-    def add(self, mutant, verdict):
-        with self.file.open("a") as out:
-            out.write(json.dumps({"mutant": mutant.key(), "verdict": verdict, "tests": self.tests}) + "\n")
-
-
-def judge_all(root, preset, mutants, options):
-    """Verdicts by mutant."""
-    verdicts = Verdicts(root, preset)
+def judge_all(root, preset, mutants, jobs):
+    """Verdicts by mutant. Those that an earlier run has found are not asked for again."""
+    file = root / "out" / "mutants" / f"{preset}.jsonl"
+    file.parent.mkdir(parents=True, exist_ok=True)
+    tests = committed(root, "rev-parse", "HEAD:tests")
+    lines = file.read_text().splitlines() if file.exists() else []
+    entries = [json.loads(line) for line in lines if line.endswith("}")]  # the last one may be cut
+    known = {entry["mutant"]: entry["verdict"] for entry in entries
+             if entry["tests"] == tests or entry["verdict"].startswith("killed")}
     place = None
-    found = {}
+    verdicts = {}
     for number, mutant in enumerate(mutants, 1):
-        verdict = verdicts.known.get(mutant.key())
+        verdict = known.get(mutant.key())
         if not verdict:
-            place = place or Workplace(root, preset, options.jobs, options.longest)
+            place = place or Workplace(root, preset, jobs)
             verdict = place.judge(mutant)
-            verdicts.add(mutant, verdict)
-        found[mutant] = verdict
+            with file.open("a") as out:
+                out.write(json.dumps({"mutant": mutant.key(), "verdict": verdict, "tests": tests}) + "\n")
+        verdicts[mutant] = verdict
         print(f"[{number}/{len(mutants)}] {verdict}: {mutant}", flush=True)
-    return found
+    return verdicts
 
 
 def share(part, whole):
@@ -485,8 +452,6 @@ def main():
     parser.add_argument("--seed", type=int, help="of the sample (default: another each time)")
     parser.add_argument("--also", metavar="PRESET", help="judge what is not killed in that build, too: asan")
     parser.add_argument("--jobs", type=int, default=2, help="tests at the same time (default: 2)")
-    parser.add_argument("--longest", type=float, default=60.0,
-                        help="seconds that the tests of other classes may take (default: 60)")
     parser.add_argument("--least", type=float, default=92.0, help="percent to be killed (default: 92)")
     parser.add_argument("--list", action="store_true", help="only say what would be changed")
     options = parser.parse_args()
@@ -512,9 +477,9 @@ def main():
         return 0
 
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))  # many will crash
-    verdicts = judge_all(root, "coverage", mutants, options)
+    verdicts = judge_all(root, "coverage", mutants, options.jobs)
     alive = [mutant for mutant, verdict in verdicts.items() if verdict in ("survived", TOO_SLOW)]
-    also = judge_all(root, options.also, alive, options) if options.also else {}
+    also = judge_all(root, options.also, alive, options.jobs) if options.also else {}
     percent, is_right = report(verdicts, also, reasons)
     return 0 if percent >= options.least and is_right else 1
 

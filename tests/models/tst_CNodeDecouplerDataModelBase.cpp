@@ -14,6 +14,7 @@
 #include <Halvex/scene/CNodeScene.h>
 
 #include <QDir>
+#include <QEventLoop>
 #include <QMetaProperty>
 #include <QRandomGenerator>
 #include <QSignalSpy>
@@ -148,6 +149,7 @@ private Q_SLOTS:
     void dyingModelHasNoOutput();
     void lastOutputGoesAfterTheWorkersData();
     void dyingModelTakesNoQueuedData();
+    void dyingModelDoesNotTick();
 
     void decouplesInAScene();
     void isSavedAndRestoredWithItsScene();
@@ -689,8 +691,7 @@ void tst_CNodeDecouplerDataModelBase::previousOutputDestroysTheModel()
     // The worker lets go of the first when it wakes up for the second, and the model holds it alone.
     tick(*model);
     model->setInData(CTestData::make(2), 0);
-    while (model->statistics().pending == 1)
-        QThread::yieldCurrentThread();
+    waitUntil("the worker takes what waits", [&] { return model->statistics().pending == 0; });
     data.reset();
     QTRY_VERIFY(!model);
     QCOMPARE(releasedIn, here);
@@ -746,9 +747,10 @@ void tst_CNodeDecouplerDataModelBase::lastOutputGoesAfterTheWorkersData()
     QTRY_COMPARE(output.values, std::vector<int>({1})); // held as the last output
     tick(*model);
     send(2);
-    while (model->statistics().pending == 1)
-        QThread::yieldCurrentThread(); // held by the worker, and by what is queued for the model
-    send(3);                           // waits for a tick
+    waitUntil("the worker takes what waits", [&] {
+        return model->statistics().pending == 0;
+    });      // held by the worker, and by what is queued for the model
+    send(3); // waits for a tick
     model.reset();
     QCOMPARE(released, std::vector<int>({3, 1, 2}));
 }
@@ -761,13 +763,30 @@ void tst_CNodeDecouplerDataModelBase::dyingModelTakesNoQueuedData()
     connect(owner.get(), &CNodeDataModel::dataUpdated, [&outputs] { ++outputs; });
     tick(*owner);
     owner->setInData(CTestData::make(1), 0);
-    while (owner->statistics().pending == 1)
-        QThread::yieldCurrentThread();
+    waitUntil("the worker takes what waits", [&] { return owner->statistics().pending == 0; });
     auto waiting = CTestData::make(2);
     waiting->onDestroyed = [] { QCoreApplication::processEvents(); };
     owner->setInData(std::move(waiting), 0);
     owner.reset();
     QCOMPARE(outputs, 0);
+    QCOMPARE(CTestData::alive(), 0);
+}
+
+void tst_CNodeDecouplerDataModelBase::dyingModelDoesNotTick()
+{
+    auto owner = std::make_unique<CModel>();
+    owner->setFramesPerSecond(1000);
+    bool hasWaited = false;
+    auto waiting = CTestData::make(1);
+    waiting->onDestroyed = [&hasWaited] {
+        QEventLoop loop;
+        QTimer::singleShot(20, &loop, &QEventLoop::quit); // after the tick
+        loop.exec();
+        hasWaited = true;
+    };
+    owner->setInData(std::move(waiting), 0);
+    owner.reset();
+    QVERIFY(hasWaited);
     QCOMPARE(CTestData::alive(), 0);
 }
 

@@ -7,6 +7,7 @@
 #include "models/TestModels.h"
 #include "support/BoundedWait.h"
 #include "support/CServiceManager.h"
+#include "support/FreshSeed.h"
 #include "support/STestNode.h"
 #include "support/SceneConsistency.h"
 
@@ -322,7 +323,7 @@ void tst_Threads::threadsFeedWhileTheGraphChanges()
             proxy.setData(frame);
     });
 
-    std::mt19937 random(20261121);
+    std::mt19937 random(freshSeed());
     std::atomic<int> delivered{0};
     std::vector<CNodeBase*> consumers;
     for (int change = 0; change < 500; ++change) {

@@ -7,6 +7,7 @@
 #include "sequences/CChildRunner.h"
 #include "sequences/Shrink.h"
 #include "support/CMessageCatcher.h"
+#include "support/FreshSeed.h"
 
 #include <QFile>
 #include <QSet>
@@ -17,7 +18,6 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdlib>
-#include <random>
 #include <set>
 
 using namespace Sequences;
@@ -79,15 +79,6 @@ void abortAtDeletionInHandler(const std::vector<SEvent>& events, SState&)
 void leaveData(const std::vector<SEvent>&, SState&)
 {
     static const auto left = QSharedPointer<CTestData>::create(1);
-}
-
-/// Another in each run; the one in the environment, to have a run again.
-unsigned int freshSeed()
-{
-    const QByteArray given = qgetenv("HALVEX_SEED");
-    const unsigned int seed = given.isEmpty() ? std::random_device()() % 1000000 : given.toUInt();
-    qInfo("HALVEX_SEED=%u", seed);
-    return seed;
 }
 
 bool showsSecondDeletion(const Sequence& sequence)

@@ -32,8 +32,8 @@
 
 #include <atomic>
 #include <cstdio>
+#include <cstdlib>
 #include <random>
-#include <vector>
 
 using namespace Plugin::Halvex;
 
@@ -117,8 +117,10 @@ std::size_t memoryInUse()
 bool isMemoryMeasured()
 {
     const std::size_t before = memoryInUse();
-    const std::vector<char> some(1000);
-    return memoryInUse() >= before + some.size();
+    void* const volatile some = std::malloc(10000); // volatile, or the compiler leaves it out
+    const bool isMeasured = memoryInUse() >= before + 10000;
+    std::free(some);
+    return isMeasured;
 }
 
 class CSoak
