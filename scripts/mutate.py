@@ -65,7 +65,7 @@ class Mutant:
 
 
 # Comments, the preprocessor, assertions, what makes a function abstract; and the inside of texts.
-LEFT_ALONE = (r"//.*|/\*[\s\S]*?\*/|^ *#(?:.*\\\n)*.*|\b(?:Q_ASSERT|static_assert)\([^;]*;|(?<=[)a-z]) = 0;"
+LEFT_ALONE = (r"//.*|/\*[\s\S]*?\*/|^ *#(?:.*\\\n)*.*|\b(?:Q_ASSERT|static_assert)\([^;]*;|(?:(?<=\))|(?<= const)) = 0;"
               r"|\"(?:[^\"\\\n]|\\.)*\"|'(?:[^'\\\n]|\\.)+'")
 
 
@@ -143,6 +143,9 @@ class Block:
     start: int = -1  # of the statement under way
     is_guarded: bool = False  # it belongs to a condition or a loop without braces
 
+    def end_statement(self, is_next_guarded=False):
+        self.start, self.is_guarded = -1, is_next_guarded
+
 
 CONTROL = r"(if|if constexpr|for|while|switch|catch) \("
 LABEL = r"\b(case\b.*|default|public|private|protected|Q_SIGNALS|Q_SLOTS)\s*$"
@@ -163,25 +166,23 @@ def statements(code):
             blocks.append(Block(block.is_body, False))
         elif sign == "{":
             is_scope = block.has_statements and re.search(SCOPE, head)
-            is_block = is_scope or re.search(OPENS_BLOCK, head if block.has_statements else code[position - 60 : position])
-            blocks.append(Block(block.is_body or bool(is_block and not is_scope), bool(is_block)))
-        elif sign in ")}" and len(blocks) > 1:
+            is_block = re.search(OPENS_BLOCK, head if block.has_statements else code[position - 60 : position])
+            blocks.append(Block(block.is_body or bool(is_block and not is_scope), bool(is_scope or is_block)))
+        elif sign in ")}":
             had_statements = blocks.pop().has_statements
             block = blocks[-1]
             if sign == ")" and re.match(CONTROL, code[block.start : block.start + 20]):
-                block.start, block.is_guarded = -1, True
+                block.end_statement(is_next_guarded=True)
             elif sign == "}" and had_statements and block.has_statements:
-                block.start, block.is_guarded = -1, False
-        elif not block.has_statements:
-            continue
-        elif sign == ";":
+                block.end_statement()
+        elif block.has_statements and sign == ";":
             if block.is_body and block.start < position:
                 yield block.start, position + 1, id(block), block.is_guarded
-            block.start, block.is_guarded = -1, False
+            block.end_statement()
+        elif block.has_statements and re.fullmatch(r"else\s", code[block.start : position + 2]):
+            block.end_statement(is_next_guarded=True)
         elif sign == ":" and "::" not in code[position - 1 : position + 2] and re.search(LABEL, head):
-            block.start = -1
-        elif code[block.start : position + 2] == "else " or code[block.start : position + 2] == "else\n":
-            block.start, block.is_guarded = -1, True
+            block.end_statement()
 
 
 # What is declared is used: without its declaration nothing compiles. A guard is not used, it has parentheses.
@@ -261,24 +262,20 @@ class Running:
     def __init__(self, test):
         self.test = test
         self.output = tempfile.TemporaryFile()
+        self.began = time.monotonic()
         # Counters of another mutant lie about, and their reader complains.
         self.process = subprocess.Popen(test.command, cwd=test.folder, stdin=subprocess.DEVNULL, stdout=self.output,
                                         stderr=subprocess.STDOUT, start_new_session=True,
                                         env={**os.environ, "GCOV_ERROR_FILE": os.devnull})
-        self.began = time.monotonic()
-
-    def seconds(self):
-        return time.monotonic() - self.began
 
     def failure(self):
         """What has failed so far, even if the program has not ended; empty if nothing has."""
         self.output.seek(0)
-        failed = re.search(rb"^FAIL!  : (\w+::\w+)", self.output.read(), re.MULTILINE)
-        if failed:
+        if failed := re.search(rb"^FAIL!  : (\w+::\w+)", self.output.read(), re.MULTILINE):
             return failed.group(1).decode()
         if self.process.returncode:
             return f"{self.test.name}, exit code {self.process.returncode}"
-        return TOO_SLOW if self.seconds() > self.test.longest() else ""
+        return TOO_SLOW if time.monotonic() - self.began > max(5.0, 5 * self.test.seconds) else ""
 
     def end(self):
         if self.process.poll() is None:
@@ -293,9 +290,6 @@ class Test:
     command: list
     folder: str
     seconds: float = 60.0  # it takes; measured
-
-    def longest(self):
-        return max(5.0, 5 * self.seconds)
 
 
 class Workplace:
@@ -357,7 +351,7 @@ class Workplace:
                     if failure := each.failure():
                         return each.test, failure, seconds
                     if has_ended:
-                        seconds[each.test.name] = each.seconds()
+                        seconds[each.test.name] = time.monotonic() - each.began
                         each.end()
                         running.remove(each)
             return None, "", seconds
@@ -418,30 +412,26 @@ def judge_all(root, preset, mutants, jobs):
     return verdicts
 
 
-def share(part, whole):
-    return f"{part} of {whole}, {100.0 * part / whole if whole else 100.0:.1f} %"
-
-
 def report(verdicts, also, reasons):
-    """Prints the rate and what lives; returns the rate in percent and whether the reasons are right."""
+    """Prints the rate and what lives; returns the rate in percent, and whether the reasons are right."""
     counted = {mutant: verdict for mutant, verdict in verdicts.items() if verdict != "does not compile"}
     alive = [mutant for mutant, verdict in counted.items() if not verdict.startswith("killed")]
     slow = sum(counted[mutant] == TOO_SLOW for mutant in alive)
-    killed = len(counted) - len(alive)
-    print(f"\nKilled: {share(killed, len(counted))}. Too slow, which is no kill: {slow}. Survived: {len(alive) - slow}. "
-          f"Not counted, as they do not compile: {len(verdicts) - len(counted)}.")
+    rate = 100.0 * (len(counted) - len(alive)) / max(1, len(counted))
+    print(f"\nKilled: {len(counted) - len(alive)} of {len(counted)}, {rate:.1f} %. Too slow, which is no kill: {slow}. "
+          f"Survived: {len(alive) - slow}. Not counted, as they do not compile: {len(verdicts) - len(counted)}.")
     if also:
-        more = sum(verdict.startswith("killed") for verdict in also.values())
-        print(f"With what sanitizers kill: {share(killed + more, len(counted))}.")
-    is_right = True
+        killed = len(counted) - sum(not verdict.startswith("killed") for verdict in also.values())
+        print(f"With what sanitizers kill: {killed} of {len(counted)}, {100.0 * killed / len(counted):.1f} %.")
+    wrong = 0
     for mutant, verdict in counted.items():
         reason = reasons.get((mutant.file, mutant.line, mutant.kind))
         if mutant in alive:
             print(f"{mutant}\n    {also.get(mutant, verdict)}; {reason or 'no reason is known'}")
         elif reason:
-            is_right = False
+            wrong += 1
             print(f"{mutant}\n    {verdict}, although a comment says why it survives")
-    return 100.0 * killed / len(counted) if counted else 100.0, is_right
+    return rate, wrong == 0
 
 
 def main():
@@ -449,7 +439,8 @@ def main():
     parser.add_argument("files", nargs="*", help="files, or lines of files, instead of a sample")
     parser.add_argument("--all", action="store_true", help="every mutant")
     parser.add_argument("--count", type=int, default=100, help="size of the sample (default: 100)")
-    parser.add_argument("--seed", type=int, help="of the sample (default: another each time)")
+    parser.add_argument("--seed", type=int, default=random.SystemRandom().randrange(10**6),
+                        help="of the sample (default: another each time)")
     parser.add_argument("--also", metavar="PRESET", help="judge what is not killed in that build, too: asan")
     parser.add_argument("--jobs", type=int, default=2, help="tests at the same time (default: 2)")
     parser.add_argument("--least", type=float, default=92.0, help="percent to be killed (default: 92)")
@@ -459,18 +450,15 @@ def main():
     root = pathlib.Path(__file__).resolve().parent.parent
     mutants, reasons = read_library(root)
     outdated = reasons.keys() - {(mutant.file, mutant.line, mutant.kind) for mutant in mutants}
-    for file, line, kind in sorted(outdated):
-        print(f"{file}:{line}: a reason for a mutant that does not exist: {kind}")
     if outdated:
-        return 1
+        sys.exit("Reasons for mutants that do not exist: " + str(sorted(outdated)))
 
     if options.files:
         mutants = [mutant for mutant in mutants
                    if mutant.file in options.files or f"{mutant.file}:{mutant.line}" in options.files]
     elif not options.all and not options.list:
-        seed = random.SystemRandom().randrange(10**6) if options.seed is None else options.seed
-        print(f"{options.count} of {len(mutants)} mutants, --seed {seed}")
-        chosen = random.Random(seed).sample(range(len(mutants)), min(options.count, len(mutants)))
+        print(f"{options.count} of {len(mutants)} mutants, --seed {options.seed}")
+        chosen = random.Random(options.seed).sample(range(len(mutants)), min(options.count, len(mutants)))
         mutants = [mutants[index] for index in sorted(chosen)]
     if options.list:
         print(*mutants, sep="\n")
@@ -480,8 +468,8 @@ def main():
     verdicts = judge_all(root, "coverage", mutants, options.jobs)
     alive = [mutant for mutant, verdict in verdicts.items() if verdict in ("survived", TOO_SLOW)]
     also = judge_all(root, options.also, alive, options.jobs) if options.also else {}
-    percent, is_right = report(verdicts, also, reasons)
-    return 0 if percent >= options.least and is_right else 1
+    rate, are_reasons_right = report(verdicts, also, reasons)
+    return 0 if rate >= options.least and are_reasons_right else 1
 
 
 if __name__ == "__main__":
