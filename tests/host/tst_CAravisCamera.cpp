@@ -3,9 +3,8 @@
 
 #include "host/camera/CAravisCamera.h"
 
-#include "support/BoundedWait.h"
-
 #include "TestPattern.h"
+#include "support/BoundedWait.h"
 
 #include <arv.h>
 

@@ -3,9 +3,8 @@
 
 #include "host/models/CCameraSourceModel.h"
 
-#include "support/BoundedWait.h"
-
 #include "host/models/CGrabResultData.h"
+#include "support/BoundedWait.h"
 
 #include <Halvex/models/CNodeDataFlowProxy.h>
 
