@@ -187,6 +187,7 @@ def statements(code):
 
 # What is declared is used: without its declaration nothing compiles. A guard is not used, it has parentheses.
 DECLARATION = r"(?!delete |Q_EMIT )((explicit|static|void|bool) .*|[\w:<>,*&\s]+[\s*&]\w+( = .*|\{.*\})?;)"
+MAKES = r"(?!delete |Q_EMIT )[\w:<>,*&\s]+[\s*&](\w+)(?: =|[({;])"  # with parentheses, too
 KEPT = r"return\b(?!;)|using\b|friend\b|break\b|static_cast<void>|Q_UNUSED"
 
 
@@ -201,7 +202,7 @@ def exchanged_neighbours(code, text):
         one, two = code[start:middle], code[following:end]
         if block != other or first or second or code[middle:following].strip() or "(" not in one + two:
             continue
-        made, also_made = (re.match(r"(?!Q_EMIT|delete)[\w:<>,*&\s]+[\s*&](\w+)(?: =|[({;])", each) for each in (one, two))
+        made, also_made = (re.match(MAKES, each) for each in (one, two))
         if made and (also_made or re.search(rf"\b{made.group(1)}\b", two)):
             continue  # another order does not compile, or makes no difference
         if not re.match(r"return|break|continue|throw|using|static|Q_UNUSED", two):
