@@ -929,8 +929,8 @@ void tst_CDecoupler::messageHandlerMayAskForTheCounts()
     });
     const bool isAnswered = QTest::qWaitFor([] { return CAskingHandler::answers() > 0; });
     if (!isAnswered) {
-        decoupler.release(); // it hangs, and so would its destructor
-        handler.reset();     // and what is said about the thread that hangs
+        static_cast<void>(decoupler.release()); // it hangs, and so would its destructor
+        handler.reset();                        // and what is said about the thread that hangs
     }
     QVERIFY(isAnswered);
     acquireSoon(returned);
