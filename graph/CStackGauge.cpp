@@ -50,8 +50,10 @@ void CStackGauge::measure()
     if (pthread_getattr_np(pthread_self(), &attributes) != 0)
         return;
     void* bottom = nullptr;
+    // Survives number off by one: overwritten, or not used.
     std::size_t size = 0;
     const bool isKnown = pthread_attr_getstack(&attributes, &bottom, &size) == 0;
+    // Survives removed statement: memory is lost, once for each thread.
     pthread_attr_destroy(&attributes);
     if (!isKnown)
         return;

@@ -49,9 +49,10 @@ void CDecoupler::setNodeData(CNodeDataPtr ptrNodeData)
 
     if (!isReleaseAllowed())
         return;
-    if (isData && !m_isAsleep && !isRunning())
-        start(InheritPriority);
+    const bool needsThread = isData && !m_isAsleep && !isRunning();
     wakeUp(lock);
+    if (needsThread)
+        start(InheritPriority); // without the mutex: Qt may warn, and a message handler may call statistics()
 }
 
 void CDecoupler::throttleTimerTick()

@@ -135,6 +135,7 @@ void CNodeDecouplerDataModelBase::reconfigureTickTimer()
         return;
     const double interval = 1000.0 / m_framesPerSecond;
     constexpr int longest = std::numeric_limits<int>::max();
+    // Survives exchanged operator: the longest interval is the same number on both sides.
     m_tickTimer->setInterval(interval < longest ? int(interval) : longest);
 }
 

@@ -317,6 +317,7 @@ bool CNodeScene::forEachNode(const std::function<void(CNodeBase*)>& visitor) con
 {
     // The visitor may change the table: it is given what was there at the start and is there at its turn.
     std::vector<QPointer<CNodeBase>> present;
+    // Survives removed statement: without the room it is only slower.
     present.reserve(m_nodes.size());
     for (const auto& entry : m_nodes)
         present.emplace_back(entry.second.get());

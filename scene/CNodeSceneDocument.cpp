@@ -40,6 +40,7 @@ QByteArray CNodeScene::saveToMemory() const
     QJsonArray nodes;
     std::vector<std::shared_ptr<CNodeConnection>> present;
     if (forEachNode([&nodes](const CNodeBase* node) { nodes.append(node->save()); })) {
+        // Survives removed statement: without the room it is only slower.
         present.reserve(m_connections.size());
         for (const auto& entry : m_connections)
             present.push_back(entry.second);

@@ -5,7 +5,7 @@
 
 seconds=${1:-600}
 targets=(Id ImportDocument Operations Restore SceneDocument)
-export LSAN_OPTIONS=suppressions=fuzz/lsan.suppressions:print_suppressions=0
+export LSAN_OPTIONS=suppressions=fuzz/lsan.suppressions:print_suppressions=0:fast_unwind_on_malloc=0:malloc_context_size=255
 export UBSAN_OPTIONS=print_stacktrace=1
 
 need_packages "${library_packages[@]}" "${fuzz_packages[@]}"

@@ -1,26 +1,31 @@
 #!/usr/bin/env python3
 """Changes the library in one place at a time and looks whether a test notices.
 
-    scripts/mutate.py                              every mutant; hours
-    scripts/mutate.py --count 100 --seed 7         a sample
-    scripts/mutate.py --count 25 --new             one of those that are not known to survive
+    scripts/mutate.py                              a sample of 100 with a fresh seed, which is printed
+    scripts/mutate.py --count 25 --seed 7          a sample that can be had again
+    scripts/mutate.py --all                        every mutant; days. What was interrupted goes on the next time
     scripts/mutate.py service/CNodeService.cpp     the mutants of some files
     scripts/mutate.py service/CNodeService.cpp:42  those of one line
     scripts/mutate.py --list                       says what would be changed
 
-A mutant is one small change in a source file of graph/, scene/, models/ or service/: a condition negated, a comparison
-or a logical operator exchanged, a number off by one, two arguments swapped, a statement removed. One that does not
-compile is not counted. It is killed when a test fails, crashes or takes much longer than usual. Survivors are printed,
-with the reason if scripts/mutants-explained.txt has one; explained or not, they count as survivors. The exit code is 1
-when less than --least percent of the counted mutants are killed, or when that file explains what is not there any more.
+A mutant is one small change in graph/, scene/, models/ or service/, public headers included; KINDS below names them.
+One that does not compile is not counted. It is killed when a test fails or crashes, and does so again when that test is
+repeated. One that only makes tests slow is "too slow", which is no kill. With --also asan, those that are not killed
+are judged again in a build with sanitizers; the rate is told without and with what these kill.
 
-Works on a clone of the committed tree below build/mutants, so that the tree itself is not touched. Needs what
-scripts/test.sh installs, git and python3.
+The reason why a mutant survives stands on the line above it: "// Survives KIND: REASON". It counts as a survivor all
+the same. The exit code is 1 when less than --least percent are killed, or when a reason is wrong: there is no such
+mutant, or it was killed.
+
+Works on a clone of the committed tree below build/mutants, so that the tree itself is not touched, and builds there
+what the preset "coverage" builds. Verdicts are kept in out/mutants/. A kill is good as long as its file has the same
+text, any other verdict as long as the tests are the same too. Needs what scripts/test.sh installs, git and python3.
 """
 
 import argparse
 import collections
 import dataclasses
+import itertools
 import json
 import os
 import pathlib
@@ -34,129 +39,222 @@ import tempfile
 import time
 
 FOLDERS = ("graph", "scene", "models", "service")
-EXPLAINED = "scripts/mutants-explained.txt"
-
 TESTS = r"^(tst|stress)_"
 # Tests of what is not changed here, and two that look for what only long runs show.
 LEFT_OUT = r"^(tst_(PluginRounds|CId|CGrabResultPtr|ShippersTexts|ALocalizedPlugin)|stress_NodeService)$|_is_unlinked$"
+SLOW_TESTS = 3  # so many are too slow: no others are tried
+LONGEST = 60.0  # seconds that the tests of other classes may take
+TOO_SLOW = "too slow"
 
 
 @dataclasses.dataclass(frozen=True)
 class Mutant:
     file: str
+    blob: str  # git's name for the text of the file
     line: int  # from 1
     kind: str
+    start: int
     old: str
     new: str
-    before: str  # the line before
 
     def __str__(self):
-        return f"{self.file}:{self.line}: {self.change()}"
+        return f"{self.file}:{self.line}: {self.kind}: `{' '.join(self.old.split())}` -> `{' '.join(self.new.split())}`"
 
-    def change(self):
-        old = self.old.strip()
-        if re.fullmatch(r"\w+;", old):
-            old = f"{self.before.strip()} {old}"  # a "return;" alone says nothing
-        return f"{self.kind}: `{old}` -> `{self.new.strip()}`"
+    def key(self):
+        return f"{self.blob} {self.start} {self}"
 
 
-def closing(text, opening):
-    """The position of the parenthesis that closes the one at `opening`; -1 if it is not in the text."""
+# Comments, the preprocessor, assertions, what makes a function abstract; and the inside of texts.
+LEFT_ALONE = (r"//.*|/\*[\s\S]*?\*/|^ *#(?:.*\\\n)*.*|\b(?:Q_ASSERT|static_assert)\([^;]*;|(?:(?<=\))|(?<= const)) = 0;"
+              r"|\"(?:[^\"\\\n]|\\.)*\"|'(?:[^'\\\n]|\\.)+'")
+
+
+def code_of(text):
+    """The same length, with other signs for what is not changed."""
+    def blanked(match):
+        return re.sub(r"[^\n]", "$" if match.group()[0] in "\"'" else " ", match.group())
+    return re.sub(LEFT_ALONE, blanked, text, flags=re.MULTILINE)
+
+
+def closing(code, opening):
+    """The position of the parenthesis that closes the one at `opening`; -1 if there is none."""
     depth = 0
-    for position in range(opening, len(text)):
-        depth += {"(": 1, ")": -1}.get(text[position], 0)
+    for position in range(opening, len(code)):
+        depth += {"(": 1, ")": -1}.get(code[position], 0)
         if depth == 0:
             return position
     return -1
 
 
-def negated_conditions(line):
-    for match in re.finditer(r"\b(?:if|while) \(", line):
-        end = closing(line, match.end() - 1)
-        if end < 0:
-            continue
-        condition = line[match.end() : end]
+# What follows finds changes in code: each is the start and the end of what is replaced, and the new text. In `code`,
+# texts are blanked; `text` is the same with them.
+
+
+def negated_conditions(code, text):
+    for match in re.finditer(r"\b(?:if|while) \(", code):
+        end = closing(code, match.end() - 1)
+        first, separator, condition = text[match.end() : end].rpartition("; ")
         declared = re.match(r"[\w:<>,* ]+[ *](\w+) = ", condition)
         negated = f"{condition}; !{declared.group(1)}" if declared else f"!({condition})"
-        yield line[: match.end()] + negated + line[end:]
+        yield match.end(), end, first + separator + negated
 
 
-EXCHANGED = {"==": "!=", "!=": "==", "<": "<=", "<=": "<", ">": ">=", ">=": ">", "&&": "||", "||": "&&"}
+def exchanged(pattern, pairs):
+    """A kind that exchanges one token for another: pairs of both."""
+    others = dict(pair.split() for pair in pairs.split(","))
+
+    def kind(code, _):
+        for match in re.finditer(pattern, code):
+            if match.group(1) in others:
+                yield match.start(1), match.end(1), others[match.group(1)]
+    return kind
 
 
-def exchanged_operators(line):
-    for match in re.finditer(r" (==|!=|<=|>=|<|>|&&|\|\|)(?= |$)", line):
-        yield line[: match.start(1)] + EXCHANGED[match.group(1)] + line[match.end(1) :]
+def numbers_off_by_one(code, _):
+    for match in re.finditer(r"(?<![\w.$])(\d+)(?![\w.])", code):
+        yield match.start(), match.end(), str(int(match.group()) + 1)
 
 
-def is_in_text(line, position):
-    """Whether the position is within a string literal."""
-    return line.count('"', 0, position) % 2 == 1
-
-
-def numbers_off_by_one(line):
-    for match in re.finditer(r"(?<![\w.])(\d+)(?![\w.])", line):
-        if not is_in_text(line, match.start()):
-            yield line[: match.start()] + str(int(match.group()) + 1) + line[match.end() :]
-    for match in re.finditer(r"\+\+|--", line):
-        yield line[: match.start()] + {"++": "--", "--": "++"}[match.group()] + line[match.end() :]
-
-
-def exchanged_truths(line):
-    for match in re.finditer(r"\b(true|false)\b", line):
-        yield line[: match.start()] + {"true": "false", "false": "true"}[match.group()] + line[match.end() :]
-
-
-def swapped_arguments(line):
-    for match in re.finditer(r"\(([\w.*&>-]+), ([\w.*&>-]+)\)", line):
+def swapped_arguments(code, text):
+    for match in re.finditer(r"\(([\w.*&>-]+),\s+([\w.*&>-]+)\)", code):
         if match.group(1) != match.group(2):
-            yield line[: match.start()] + f"({match.group(2)}, {match.group(1)})" + line[match.end() :]
+            yield match.start(), match.end(), f"({match.group(2)}, {match.group(1)})"
+
+
+def swapped_arms(code, text):
+    """Of `condition ? one : other`."""
+    for match in re.finditer(r"\s\? ", code):
+        depth = middle = 0
+        for end in range(match.end(), len(code)):
+            depth += {"(": 1, "{": 1, ")": -1, "}": -1}.get(code[end], 0)
+            if depth < 0 or depth == 0 and code[end] in ",;":
+                break
+            if depth == 0 and not middle and re.match(r"\s:\s", code[end : end + 3]):
+                middle = end
+        if middle:
+            yield match.end(), end, text[middle + 3 : end] + text[middle : middle + 3] + text[match.end() : middle]
+
+
+@dataclasses.dataclass
+class Block:
+    """Between two braces or parentheses."""
+    is_body: bool  # of a function, or within one
+    has_statements: bool
+    start: int = -1  # of the statement under way
+    is_guarded: bool = False  # it belongs to a condition or a loop without braces
+
+    def end_statement(self, is_next_guarded=False):
+        self.start, self.is_guarded = -1, is_next_guarded
+
+
+CONTROL = r"(if|if constexpr|for|while|switch|catch) \("
+LABEL = r"\b(case\b.*|default|public|private|protected|Q_SIGNALS|Q_SLOTS)\s*$"
+SCOPE = r"\b(class|struct|enum|union|namespace)\b[^()]*$"
+OPENS_BLOCK = r"(^|\n *|[)\]]|\b(else|do|try|const|noexcept|override|final|mutable)|-> [\w:<>*& ]+)\s?$"
+
+
+def statements(code):
+    """Of functions: start, end, the block around and whether it is guarded. Control statements are not among them, what
+    they guard is."""
+    blocks = [Block(False, True)]
+    for position, sign in enumerate(code):
+        block = blocks[-1]
+        if block.has_statements and block.start < 0 and not sign.isspace() and sign != "}":
+            block.start = position
+        head = code[max(block.start, position - 200) : position]
+        if sign == "(":
+            blocks.append(Block(block.is_body, False))
+        elif sign == "{":
+            is_scope = block.has_statements and re.search(SCOPE, head)
+            is_block = re.search(OPENS_BLOCK, head if block.has_statements else code[position - 60 : position])
+            blocks.append(Block(block.is_body or bool(is_block and not is_scope), bool(is_scope or is_block)))
+        elif sign in ")}":
+            had_statements = blocks.pop().has_statements
+            block = blocks[-1]
+            if sign == ")" and re.match(CONTROL, code[block.start : block.start + 20]):
+                block.end_statement(is_next_guarded=True)
+            elif sign == "}" and had_statements and block.has_statements:
+                block.end_statement()
+        elif block.has_statements and sign == ";":
+            if block.is_body and block.start < position:
+                yield block.start, position + 1, id(block), block.is_guarded
+            block.end_statement()
+        elif block.has_statements and re.fullmatch(r"else\s", code[block.start : position + 2]):
+            block.end_statement(is_next_guarded=True)
+        elif sign == ":" and "::" not in code[position - 1 : position + 2] and re.search(LABEL, head):
+            block.end_statement()
 
 
 # What is declared is used: without its declaration nothing compiles. A guard is not used, it has parentheses.
-DECLARATION = r"(explicit|static|void|bool) |[\w:<>,*& ]+[ *&]\w+( = .*|\{.*\})?;$"
+DECLARATION = r"(?!delete |Q_EMIT )((explicit|static|void|bool) .*|[\w:<>,*&\s]+[\s*&]\w+( = .*|\{.*\})?;)"
+MAKES = r"(?!delete |Q_EMIT )[\w:<>,*&\s]+[\s*&](\w+)(?: =|[({;])"  # with parentheses, too
+KEPT = r"return\b(?!;)|using\b|friend\b|break\b|static_cast<void>|Q_UNUSED"
 
 
-def removed_statements(line):
-    code = line.strip()
-    if re.match(r"(?!return\b|using\b|friend\b|break\b|static_cast<void>)[\w*+(\[].*;$", code) and not re.match(
-        DECLARATION, code
-    ):
-        if line.startswith(" ") and line.count("(") == line.count(")"):
-            yield re.match(r"\s*", line).group() + ";"
-    for match in re.finditer(r"\{ (?!return\b)[^{}]+; \}", line):
-        yield line[: match.start()] + "{}" + line[match.end() :]
-    if re.match(r"\s+return;$", line):
-        yield re.match(r"\s*", line).group() + ";"
+def removed_statements(code, _):
+    for start, end, _, _ in statements(code):
+        if not re.match(KEPT, code[start:end]) and not re.fullmatch(DECLARATION, code[start:end], re.DOTALL):
+            yield start, end, ";"
 
 
-KINDS = (negated_conditions, exchanged_operators, numbers_off_by_one, exchanged_truths, swapped_arguments,
-         removed_statements)
+def exchanged_neighbours(code, text):
+    for (start, middle, block, first), (following, end, other, second) in itertools.pairwise(statements(code)):
+        one, two = code[start:middle], code[following:end]
+        if block != other or first or second or code[middle:following].strip() or "(" not in one + two:
+            continue
+        made, also_made = (re.match(MAKES, each) for each in (one, two))
+        if made and (also_made or re.search(rf"\b{made.group(1)}\b", two)):
+            continue  # another order does not compile, or makes no difference
+        if not re.match(r"return|break|continue|throw|using|static|Q_UNUSED", two):
+            yield start, end, text[following:end] + text[middle:following] + text[start:middle]
+
+
+def returned_values(code, text):
+    for start, end, _, _ in statements(code):
+        match = re.fullmatch(r"return\s+(.+);", code[start:end], re.DOTALL)
+        if not match or re.fullmatch(r"true|false|nullptr|0|\*this|\{\}|[\w:]+\(\)", match.group(1)):
+            continue
+        yield start, end, "return {};"
+        if not re.search(r"[{$]| [=!]= ", match.group(1)):
+            yield start, end, f"return !({text[start + match.start(1) : end - 1]});"
+
+
+BINARY = r"\s([^\s\w]+)(?=\s)"
+KINDS = {
+    "negated condition": negated_conditions,
+    "exchanged operator": exchanged(BINARY, "== !=,!= ==,< <=,<= <,> >=,>= >,&& ||,|| &&"),
+    "arithmetic": exchanged(BINARY, "+ -,- +,* /,/ *,% *,& |,| &,^ &,<< >>,>> <<,+= -=,-= +=,|= &=,&= |="),
+    "counted the other way": exchanged(r"(\+\+|--)", "++ --,-- ++"),
+    "exchanged truth": exchanged(r"\b(true|false)\b", "true false,false true"),
+    "number off by one": numbers_off_by_one,
+    "swapped arguments": swapped_arguments,
+    "swapped arms": swapped_arms,
+    "removed statement": removed_statements,
+    "exchanged neighbours": exchanged_neighbours,
+    "returned value": returned_values,
+}
 
 
 def committed(root, *arguments):
-    return subprocess.check_output(["git", *arguments], cwd=root, text=True)
+    return subprocess.check_output(["git", *arguments], cwd=root, text=True).rstrip("\n")
 
 
-def mutants_of(root, file):
-    is_comment = False
-    before = ""
-    for number, line in enumerate(committed(root, "show", f"HEAD:{file}").splitlines(), 1):
-        code = line.split("//")[0].rstrip()
-        is_comment = is_comment or code.lstrip().startswith("/*")
-        if not is_comment and code.strip() and not re.match(r"#|Q_ASSERT|static_assert|template|namespace", code.strip()):
-            for kind in KINDS:
-                for new in kind(code):
-                    yield Mutant(file, number, kind.__name__.replace("_", " "), line, new, before)
-        if "*/" in line:
-            is_comment = False
-        before = line
-
-
-def sources(root):
-    """Source files; and of headers only the private ones, which few tests would be built again for."""
-    files = committed(root, "ls-tree", "-r", "--name-only", "HEAD", *FOLDERS).splitlines()
-    return [file for file in files if file.endswith((".cpp", "_p.h"))]
+def read_library(root):
+    """All mutants in the order of the text; and the reasons of survivors by file, line and kind."""
+    mutants = []
+    reasons = {}
+    for entry in committed(root, "ls-tree", "-r", "HEAD", *FOLDERS).splitlines():
+        blob, file = entry.split(maxsplit=2)[2].split("\t")
+        if file.endswith((".cpp", ".h")):
+            text = committed(root, "cat-file", "blob", blob)
+            code = code_of(text)
+            found = [Mutant(file, blob, text.count("\n", 0, start) + 1, kind, start, text[start:end], new)
+                     for kind, changes in KINDS.items() for start, end, new in changes(code, text)]
+            mutants += sorted(found, key=lambda mutant: mutant.start)
+            for number, line in enumerate(text.splitlines(), 1):
+                if match := re.fullmatch(r"\s*// Survives ([^:]+): (.+)", line):
+                    reasons[file, number + 1, match.group(1)] = match.group(2)
+    return mutants, reasons
 
 
 class Running:
@@ -165,22 +263,20 @@ class Running:
     def __init__(self, test):
         self.test = test
         self.output = tempfile.TemporaryFile()
-        self.process = subprocess.Popen(test.command, cwd=test.folder, stdin=subprocess.DEVNULL, stdout=self.output,
-                                        stderr=subprocess.STDOUT, start_new_session=True)
         self.began = time.monotonic()
-
-    def seconds(self):
-        return time.monotonic() - self.began
+        # Counters of another mutant lie about, and their reader complains.
+        self.process = subprocess.Popen(test.command, cwd=test.folder, stdin=subprocess.DEVNULL, stdout=self.output,
+                                        stderr=subprocess.STDOUT, start_new_session=True,
+                                        env={**os.environ, "GCOV_ERROR_FILE": os.devnull})
 
     def failure(self):
         """What has failed so far, even if the program has not ended; empty if nothing has."""
         self.output.seek(0)
-        failed = re.search(rb"^FAIL!  : (\w+::\w+)", self.output.read(), re.MULTILINE)
-        if failed:
+        if failed := re.search(rb"^FAIL!  : (\w+::\w+)", self.output.read(), re.MULTILINE):
             return failed.group(1).decode()
         if self.process.returncode:
             return f"{self.test.name}, exit code {self.process.returncode}"
-        return f"{self.test.name}, too slow" if self.seconds() > self.test.longest() else ""
+        return TOO_SLOW if time.monotonic() - self.began > max(5.0, 5 * self.test.seconds) else ""
 
     def end(self):
         if self.process.poll() is None:
@@ -196,63 +292,53 @@ class Test:
     folder: str
     seconds: float = 60.0  # it takes; measured
 
-    def longest(self):
-        return max(5.0, 5 * self.seconds)
-
 
 class Workplace:
     """A copy of the tree with a build of its own."""
 
-    def __init__(self, root, jobs, longest):
+    def __init__(self, root, preset, jobs):
         self.jobs = jobs
-        self.longest = longest
-        self.tree = root / "build" / "mutants" / "tree"
-        self.build = root / "build" / "mutants" / "build"
+        self.tree = root / "build" / "mutants"
+        self.build = self.tree / "build" / preset
         # A clone, because git rewrites those files alone that differ: the build of the last time is still good.
         if not self.tree.exists():
             subprocess.run(["git", "clone", "--quiet", "--shared", "--no-checkout", root, self.tree], check=True)
         subprocess.run(["git", "fetch", "--quiet", root, "HEAD"], cwd=self.tree, check=True)
         subprocess.run(["git", "checkout", "--quiet", "--force", "--detach", "FETCH_HEAD"], cwd=self.tree, check=True)
-        subprocess.run(["cmake", "-S", self.tree, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
-                        "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DHALVEX_BUILD_HOST=OFF",
-                        "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON"], check=True, stdout=subprocess.DEVNULL)
-        self.targets = ["Halvex", *(test["name"] for test in self._known_tests())]
+        subprocess.run(["cmake", "--preset", preset, "-DHALVEX_BUILD_HOST=OFF", "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON"],
+                       cwd=self.tree, check=True, stdout=subprocess.DEVNULL)
         try:
-            self._make()
+            self._make(test["name"] for test in self._known_tests())
         except subprocess.CalledProcessError as error:
             sys.exit(error.stdout.decode())
         self.tests = [Test(test["name"], test["command"], str(pathlib.Path(test["command"][0]).parent))
                       for test in self._known_tests()]
-        self._measure()
+        failed, failure, seconds = self._run(self.tests)
+        if failed:
+            sys.exit(f"The library is not changed yet, but a test fails: {failed.name}: {failure}")
+        for test in self.tests:
+            test.seconds = seconds[test.name]
 
-    def _make(self):
-        """The library, and the tests that include what was changed."""
-        subprocess.run(["ninja", "-C", self.build, f"-j{self.jobs}", *self.targets], check=True, capture_output=True)
+    def _make(self, tests):
+        subprocess.run(["ninja", "-C", self.build, f"-j{self.jobs}", "Halvex", *tests], check=True, capture_output=True)
 
     def _known_tests(self):
         """As ctest tells of them: those of what is changed here. Commands are missing as long as they are not built."""
         known = json.loads(subprocess.check_output(["ctest", "--show-only=json-v1"], cwd=self.build))["tests"]
         return [test for test in known if re.search(TESTS, test["name"]) and not re.search(LEFT_OUT, test["name"])]
 
-    def _measure(self):
-        """How long each takes; with the library as it is, none may fail."""
-        failure, seconds = self._run(self.tests)
-        if failure:
-            sys.exit(f"The library is not changed yet, but a test fails: {failure}")
-        for test in self.tests:
-            test.seconds = seconds[test.name]
-
-    def tests_for(self, file):
-        """The most likely to fail first: the class's own, those of its folder, all others; quick ones before slow.
-        Those that take too long are left out, but for the class's own."""
-        stem = re.sub(r"(_p|Document|Worker)?\.\w+$", "", file.split("/")[1])
-        folder = f"/tests/{file.split('/')[0]}"
-        wanted = [test for test in self.tests if test.seconds <= self.longest or stem in test.name]
-        return sorted(wanted, key=lambda test: (stem not in test.name, test.seconds > 3,
-                                                not test.folder.endswith(folder), test.seconds))
+    def _groups_for(self, file):
+        """The most likely to fail first: the class's own tests, those of its folder, all others; quick before slow. Of
+        the others, those that take too long are left out."""
+        stem = re.sub(r"(_p|Document|Worker)?\.\w+$", "", file.split("/")[-1])
+        own = [test for test in self.tests if stem in test.name]
+        near = [test for test in self.tests if test.folder.endswith(f"/tests/{file.split('/')[0]}")]
+        wanted = own + [test for test in self.tests if test.seconds <= LONGEST and test not in own]
+        wanted.sort(key=lambda test: (test not in own, test not in near, test.seconds))
+        return [list(tests) for _, tests in itertools.groupby(wanted, lambda test: (test in own, test in near))]
 
     def _run(self, tests):
-        """What failed first, empty if nothing did; and how long each of those took that came to their end."""
+        """Which failed first, if any, and how; and how long each of those took that came to their end."""
         seconds = {}
         waiting = collections.deque(tests)
         running = []
@@ -264,113 +350,127 @@ class Workplace:
                 for each in list(running):
                     has_ended = each.process.poll() is not None
                     if failure := each.failure():
-                        return failure, seconds
+                        return each.test, failure, seconds
                     if has_ended:
-                        seconds[each.test.name] = each.seconds()
+                        seconds[each.test.name] = time.monotonic() - each.began
                         each.end()
                         running.remove(each)
-            return "", seconds
+            return None, "", seconds
         finally:
             for each in running:
                 each.end()
 
+    def _verdict(self, file):
+        slow = 0
+        for tests in self._groups_for(file):
+            self._make(test.name for test in tests)  # a header has them built again: one group at a time
+            while tests and slow < SLOW_TESTS:
+                failed, failure, seconds = self._run(tests)
+                if not failed:
+                    break
+                if failure == TOO_SLOW:
+                    slow += 1
+                elif self._run([failed])[1] not in ("", TOO_SLOW):
+                    return f"killed by {failure}"
+                else:
+                    print(f"    failed once only: {failure}")
+                tests = [test for test in tests if test.name not in seconds and test is not failed]
+        return TOO_SLOW if slow else "survived"
+
     def judge(self, mutant):
-        """"killed by ...", "survived" or "does not compile"."""
+        """"killed by ...", "survived", "too slow" or "does not compile"."""
         path = self.tree / mutant.file
         original = path.read_text()
-        lines = original.splitlines(keepends=True)
-        lines[mutant.line - 1] = mutant.new + "\n"
-        path.write_text("".join(lines))
+        path.write_text(original[: mutant.start] + mutant.new + original[mutant.start + len(mutant.old) :])
         try:
-            self._make()
-            failure, _ = self._run(self.tests_for(mutant.file))
-            return f"killed by {failure}" if failure else "survived"
+            return self._verdict(mutant.file)
         except subprocess.CalledProcessError:
             return "does not compile"
         finally:
             path.write_text(original)
 
 
-def keys_of(mutants):
-    """What names each mutant in the file of explanations: lines move. Where a file has the same line several times, a
-    reason is good for one of them only."""
-    lines = collections.defaultdict(list)
-    for mutant in mutants:
-        lines[f"{mutant.file}: {mutant.change()}"].append(mutant)
-    return {mutant: key if len(same) == 1 else f"{key} ({number} of {len(same)})"
-            for key, same in lines.items() for number, mutant in enumerate(same, 1)}
+def judge_all(root, preset, mutants, jobs):
+    """Verdicts by mutant. Those that an earlier run has found are not asked for again."""
+    file = root / "out" / "mutants" / f"{preset}.jsonl"
+    file.parent.mkdir(parents=True, exist_ok=True)
+    tests = committed(root, "rev-parse", "HEAD:tests")
+    lines = file.read_text().splitlines() if file.exists() else []
+    entries = [json.loads(line) for line in lines if line.endswith("}")]  # the last one may be cut
+    known = {entry["mutant"]: entry["verdict"] for entry in entries
+             if entry["tests"] == tests or entry["verdict"].startswith("killed")}
+    place = None
+    verdicts = {}
+    for number, mutant in enumerate(mutants, 1):
+        verdict = known.get(mutant.key())
+        if not verdict:
+            place = place or Workplace(root, preset, jobs)
+            verdict = place.judge(mutant)
+            with file.open("a") as out:
+                out.write(json.dumps({"mutant": mutant.key(), "verdict": verdict, "tests": tests}) + "\n")
+        verdicts[mutant] = verdict
+        print(f"[{number}/{len(mutants)}] {verdict}: {mutant}", flush=True)
+    return verdicts
 
 
-def explanations(root):
-    """Reasons by mutant: lines that begin with "#" give the reason for the mutants below them."""
-    reasons = {}
-    reason = []
-    is_heading = False
-    for line in (root / EXPLAINED).read_text().splitlines():
-        if line.startswith("#"):
-            reason = reason + [line[1:].strip()] if is_heading else [line[1:].strip()]
-        elif line.strip():
-            reasons[line.strip()] = " ".join(reason)
-        is_heading = line.startswith("#")
-    return reasons
-
-
-def chosen(mutants, files):
-    """The mutants of these files, or of one line of a file."""
-    return [mutant for mutant in mutants if mutant.file in files or f"{mutant.file}:{mutant.line}" in files]
+def report(verdicts, also, reasons):
+    """Prints the rate and what lives; returns the rate in percent, and whether the reasons are right."""
+    counted = {mutant: verdict for mutant, verdict in verdicts.items() if verdict != "does not compile"}
+    alive = [mutant for mutant, verdict in counted.items() if not verdict.startswith("killed")]
+    slow = sum(counted[mutant] == TOO_SLOW for mutant in alive)
+    rate = 100.0 * (len(counted) - len(alive)) / max(1, len(counted))
+    print(f"\nKilled: {len(counted) - len(alive)} of {len(counted)}, {rate:.1f} %. Too slow, which is no kill: {slow}. "
+          f"Survived: {len(alive) - slow}. Not counted, as they do not compile: {len(verdicts) - len(counted)}.")
+    if also:
+        killed = len(counted) - sum(not verdict.startswith("killed") for verdict in also.values())
+        print(f"With what sanitizers kill: {killed} of {len(counted)}, {100.0 * killed / len(counted):.1f} %.")
+    wrong = 0
+    for mutant, verdict in counted.items():
+        reason = reasons.get((mutant.file, mutant.line, mutant.kind))
+        if mutant in alive:
+            print(f"{mutant}\n    {also.get(mutant, verdict)}; {reason or 'no reason is known'}")
+        elif reason:
+            wrong += 1
+            print(f"{mutant}\n    {verdict}, although a comment says why it survives")
+    return rate, wrong == 0
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("files", nargs="*", help="files, or lines of files, instead of all of the library")
-    parser.add_argument("--count", type=int, help="as many mutants, chosen at random")
-    parser.add_argument("--seed", type=int, default=1, help="of that choice (default: 1)")
+    parser.add_argument("files", nargs="*", help="files, or lines of files, instead of a sample")
+    parser.add_argument("--all", action="store_true", help="every mutant")
+    parser.add_argument("--count", type=int, default=100, help="size of the sample (default: 100)")
+    parser.add_argument("--seed", type=int, default=random.SystemRandom().randrange(10**6),
+                        help="of the sample (default: another each time)")
+    parser.add_argument("--also", metavar="PRESET", help="judge what is not killed in that build, too: asan")
     parser.add_argument("--jobs", type=int, default=2, help="tests at the same time (default: 2)")
-    parser.add_argument("--longest", type=float, default=60.0,
-                        help="seconds that the tests of other classes may take (default: 60)")
-    parser.add_argument("--least", type=float, default=90.0, help="percent to be killed (default: 90)")
-    parser.add_argument("--new", action="store_true", help=f"leave out what {EXPLAINED} says to survive")
+    parser.add_argument("--least", type=float, default=92.0, help="percent to be killed (default: 92)")
     parser.add_argument("--list", action="store_true", help="only say what would be changed")
     options = parser.parse_args()
 
     root = pathlib.Path(__file__).resolve().parent.parent
-    every = [mutant for file in sources(root) for mutant in mutants_of(root, file)]
-    reasons = explanations(root)
-    keys = keys_of(every)
-    outdated = reasons.keys() - set(keys.values())
+    mutants, reasons = read_library(root)
+    outdated = reasons.keys() - {(mutant.file, mutant.line, mutant.kind) for mutant in mutants}
     if outdated:
-        print(f"{EXPLAINED} explains what is not there any more:", *sorted(outdated), sep="\n")
-        return 1
+        sys.exit("Reasons for mutants that do not exist: " + str(sorted(outdated)))
 
-    mutants = chosen(every, options.files) if options.files else every
-    if options.new:
-        mutants = [mutant for mutant in mutants if keys[mutant] not in reasons]
-    if options.count is not None and options.count < len(mutants):
-        mutants = sorted(random.Random(options.seed).sample(mutants, options.count), key=mutants.index)
+    if options.files:
+        mutants = [mutant for mutant in mutants
+                   if mutant.file in options.files or f"{mutant.file}:{mutant.line}" in options.files]
+    elif not options.all and not options.list:
+        print(f"{options.count} of {len(mutants)} mutants, --seed {options.seed}")
+        chosen = random.Random(options.seed).sample(range(len(mutants)), min(options.count, len(mutants)))
+        mutants = [mutants[index] for index in sorted(chosen)]
     if options.list:
         print(*mutants, sep="\n")
         return 0
 
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))  # many will crash
-    place = Workplace(root, options.jobs, options.longest)
-    verdicts = {}
-    for number, mutant in enumerate(mutants, 1):
-        verdicts[mutant] = place.judge(mutant)
-        print(f"[{number}/{len(mutants)}] {verdicts[mutant]}: {mutant}", flush=True)
-
-    survivors = [mutant for mutant, verdict in verdicts.items() if verdict == "survived"]
-    counted = sum(verdict != "does not compile" for verdict in verdicts.values())
-    killed = counted - len(survivors)
-    percent = 100.0 * killed / counted if counted else 100.0
-    unexplained = [mutant for mutant in survivors if keys[mutant] not in reasons]
-    print(f"\n{killed} of {counted} mutants that compile were killed ({percent:.1f} %). {len(survivors)} survived, "
-          f"{len(unexplained)} of them unexplained.")
-    for mutant in survivors:
-        print(f"{mutant}\n    {reasons.get(keys[mutant], 'unexplained')}")
-    for mutant, verdict in verdicts.items():
-        if verdict != "survived" and keys[mutant] in reasons:
-            print(f"{keys[mutant]}\n    {verdict}, although {EXPLAINED} says why it survives")
-    return 0 if percent >= options.least else 1
+    verdicts = judge_all(root, "coverage", mutants, options.jobs)
+    alive = [mutant for mutant, verdict in verdicts.items() if verdict in ("survived", TOO_SLOW)]
+    also = judge_all(root, options.also, alive, options.jobs) if options.also else {}
+    rate, are_reasons_right = report(verdicts, also, reasons)
+    return 0 if rate >= options.least and are_reasons_right else 1
 
 
 if __name__ == "__main__":

@@ -4,6 +4,7 @@
 #include <Halvex/graph/CNodeBase.h>
 
 #include "graph/CGraphOwner_p.h"
+#include "support/BoundedWait.h"
 #include "support/CContextTranslator.h"
 #include "support/CMessageCatcher.h"
 #include "support/MetaMethods.h"
@@ -81,7 +82,7 @@ void runOnAStackOf(uint stackSize, const std::function<void()>& work)
     const std::unique_ptr<QThread> thread(QThread::create(work));
     thread->setStackSize(stackSize);
     thread->start();
-    thread->wait();
+    waitForEnd(*thread);
 }
 
 /// Lets its data go before it returns, and notes how many data objects there are then.
@@ -161,6 +162,8 @@ private Q_SLOTS:
 
     void retiredNodeGoesAtOnce();
     void retiredNodeLivesUntilTheWalkHasLeft();
+    void retiredNodeLivesUntilItIsSaved();
+    void retiredNodeLivesUntilItIsRestored();
     void retiredNodesModelMayUseIt();
     void retiredNodePassesNothingOn();
 
@@ -898,6 +901,34 @@ void tst_CNodeBase::retiredNodeLivesUntilTheWalkHasLeft()
     QCOMPARE(modelsDuringTheWalk, 4);
     QCOMPARE(CTestModel::alive(), 3);
     QCOMPARE(deliveries(fan, 1), 1);
+}
+
+void tst_CNodeBase::retiredNodeLivesUntilItIsSaved()
+{
+    STestNode node;
+    int modelsMeanwhile = 0;
+    node.model->onSave = [&] {
+        int& models = modelsMeanwhile; // what was captured goes with the model
+        CGraphOwner::retire(std::move(node.node));
+        models = CTestModel::alive();
+    };
+    node->save();
+    QCOMPARE(modelsMeanwhile, 1);
+    QCOMPARE(CTestModel::alive(), 0);
+}
+
+void tst_CNodeBase::retiredNodeLivesUntilItIsRestored()
+{
+    STestNode node;
+    int modelsMeanwhile = 0;
+    node.model->onRestore = [&] {
+        int& models = modelsMeanwhile;
+        CGraphOwner::retire(std::move(node.node));
+        models = CTestModel::alive();
+    };
+    node->restore({});
+    QCOMPARE(modelsMeanwhile, 1);
+    QCOMPARE(CTestModel::alive(), 0);
 }
 
 void tst_CNodeBase::retiredNodesModelMayUseIt()

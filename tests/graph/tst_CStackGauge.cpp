@@ -3,6 +3,7 @@
 
 #include "graph/CStackGauge_p.h"
 
+#include "support/BoundedWait.h"
 #include "support/CMessageCatcher.h"
 #include "support/STestNode.h"
 
@@ -11,6 +12,7 @@
 #include <QThread>
 #include <QtTest>
 
+#include <pthread.h>
 #include <sys/resource.h>
 
 #include <cstdio>
@@ -55,15 +57,35 @@ quint64 roomOnThisLargeStack()
     return measureRoom<32 * kibibyte>(&top);
 }
 
-quint64 roomInAThread(quint64 stackSize)
+/// What \a measure returns in a thread with a stack of that size.
+quint64 measureInAThread(quint64 stackSize, quint64 (*measure)())
 {
-    quint64 room = 0;
-    const std::unique_ptr<QThread> thread(QThread::create(
-        [&room, stackSize] { room = stackSize > 16 * mebibyte ? roomOnThisLargeStack() : roomOnThisStack(); }));
+    quint64 measured = 0;
+    const std::unique_ptr<QThread> thread(QThread::create([&measured, measure] { measured = measure(); }));
     thread->setStackSize(uint(stackSize));
     thread->start();
-    thread->wait();
-    return room;
+    waitForEnd(*thread);
+    return measured;
+}
+
+/// How many bytes at the end of this thread's stack no walk may begin in.
+quint64 bytesKeptFree()
+{
+    pthread_attr_t attributes;
+    void* end = nullptr;
+    std::size_t size = 0;
+    if (pthread_getattr_np(pthread_self(), &attributes) != 0 || pthread_attr_getstack(&attributes, &end, &size) != 0 ||
+        pthread_attr_destroy(&attributes) != 0)
+        return 0;
+    CStackGauge& gauge = CStackGauge::ofThisThread();
+    gauge.measureOnce();
+    const char* const bytes = static_cast<const char*>(end);
+    quint64 kept = 0;
+    for (quint64 step = quint64(1) << 40; step > 0; step /= 2) {
+        if (kept + step <= size && !gauge.hasRoom(bytes + (kept + step - 1)))
+            kept += step;
+    }
+    return kept;
 }
 
 /// How often data has come to a node whose output leads back to it.
@@ -143,8 +165,10 @@ class tst_CStackGauge : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void lastEighthOfAThreadsStackIsKeptFree_data();
-    void lastEighthOfAThreadsStackIsKeptFree();
+    void endOfAThreadsStackIsKeptFree_data();
+    void endOfAThreadsStackIsKeptFree();
+    void walksUseTheRestOfAThreadsStack_data();
+    void walksUseTheRestOfAThreadsStack();
     void limitOfTheMainThreadIsKnown();
     void partOfAnUnlimitedStackIsUsed();
     void loopEndsOnAnUnlimitedStack();
@@ -157,7 +181,32 @@ private:
     static quint64 measureInAChild(const QString& shellSettings, const QString& name);
 };
 
-void tst_CStackGauge::lastEighthOfAThreadsStackIsKeptFree_data()
+void tst_CStackGauge::endOfAThreadsStackIsKeptFree_data()
+{
+    QTest::addColumn<quint64>("stackSize");
+    QTest::addColumn<quint64>("kept");
+
+#if !defined(__SANITIZE_THREAD__) && !defined(__SANITIZE_ADDRESS__) // which need more than small ones have
+    QTest::newRow("half of 96 KiB") << 96 * kibibyte << 48 * kibibyte;
+    QTest::newRow("64 of 128 KiB") << 128 * kibibyte << 64 * kibibyte;
+    QTest::newRow("64 of 256 KiB") << 256 * kibibyte << 64 * kibibyte;
+#endif
+    QTest::newRow("64 of 512 KiB") << 512 * kibibyte << 64 * kibibyte;
+    QTest::newRow("an eighth of 1 MiB") << mebibyte << 128 * kibibyte;
+    QTest::newRow("an eighth of 2 MiB") << 2 * mebibyte << 256 * kibibyte;
+    QTest::newRow("an eighth of 8 MiB") << 8 * mebibyte << mebibyte;
+    QTest::newRow("an eighth of 64 MiB") << 64 * mebibyte << 8 * mebibyte;
+    QTest::newRow("all but 256 of 512 MiB") << 512 * mebibyte << 256 * mebibyte;
+}
+
+void tst_CStackGauge::endOfAThreadsStackIsKeptFree()
+{
+    QFETCH(const quint64, stackSize);
+    QFETCH(const quint64, kept);
+    QCOMPARE(measureInAThread(stackSize, &bytesKeptFree), kept);
+}
+
+void tst_CStackGauge::walksUseTheRestOfAThreadsStack_data()
 {
     QTest::addColumn<quint64>("stackSize");
     QTest::addColumn<quint64>("least");
@@ -172,12 +221,13 @@ void tst_CStackGauge::lastEighthOfAThreadsStackIsKeptFree_data()
     QTest::newRow("512 MiB") << 512 * mebibyte << 255 * mebibyte << 256 * mebibyte;
 }
 
-void tst_CStackGauge::lastEighthOfAThreadsStackIsKeptFree()
+void tst_CStackGauge::walksUseTheRestOfAThreadsStack()
 {
     QFETCH(const quint64, stackSize);
     QFETCH(const quint64, least);
     QFETCH(const quint64, most);
-    const quint64 room = roomInAThread(stackSize);
+    const quint64 room =
+        measureInAThread(stackSize, stackSize > 16 * mebibyte ? &roomOnThisLargeStack : &roomOnThisStack);
     QVERIFY2(room >= least, qPrintable(QString::number(room)));
     QVERIFY2(room <= most + 32 * kibibyte, qPrintable(QString::number(room))); // measured in steps
 }
@@ -228,7 +278,7 @@ void tst_CStackGauge::dropsAreThoseOfTheThread()
     const quint64 before = gauge.drops();
     const std::unique_ptr<QThread> thread(QThread::create([] { CStackGauge::ofThisThread().countDrop(); }));
     thread->start();
-    thread->wait();
+    waitForEnd(*thread);
     QCOMPARE(gauge.drops(), before);
     gauge.countDrop();
     QCOMPARE(gauge.drops(), before + 1);

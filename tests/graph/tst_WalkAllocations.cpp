@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
+#include "support/BoundedWait.h"
 #include "support/CTestData.h"
 
 #include <Halvex/graph/CNodeBase.h>
@@ -215,7 +216,7 @@ void tst_WalkAllocations::anotherThread()
         allocations = graph.allocationsOfAWalk();
     }));
     thread->start();
-    QVERIFY(thread->wait());
+    waitForEnd(*thread);
     QCOMPARE(allocations, 0L);
 }
 

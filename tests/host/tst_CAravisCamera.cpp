@@ -4,13 +4,13 @@
 #include "host/camera/CAravisCamera.h"
 
 #include "TestPattern.h"
+#include "support/BoundedWait.h"
 
 #include <arv.h>
 
 #include <QTest>
 
 #include <set>
-#include <thread>
 #include <vector>
 
 using namespace Host;
@@ -262,7 +262,7 @@ void tst_CAravisCamera::framesDroppedWhileTheCameraGoes()
         for (int i = 0; i < 3; ++i)
             held.push_back(nextFrame(*camera));
         QVERIFY(held.back());
-        std::thread dropper([&held] { held.clear(); });
+        CTestThread dropper([&held] { held.clear(); });
         camera.reset();
         dropper.join();
     }

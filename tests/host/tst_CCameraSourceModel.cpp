@@ -4,13 +4,12 @@
 #include "host/models/CCameraSourceModel.h"
 
 #include "host/models/CGrabResultData.h"
+#include "support/BoundedWait.h"
 
 #include <Halvex/models/CNodeDataFlowProxy.h>
 
 #include <QSignalSpy>
 #include <QTest>
-
-#include <thread>
 
 using namespace Host;
 using namespace Plugin::Halvex;
@@ -55,7 +54,7 @@ void tst_CCameraSourceModel::framesComeOutInTheModelsThread()
         &model, &CNodeDataModel::dataUpdated, &model, [&] { thread = QThread::currentThread(); }, Qt::DirectConnection);
     const CNodeDataPtr frame = QSharedPointer<CGrabResultData>::create(Veltra::CGrabResultPtr(), SFrameInfo());
     CNodeDataFlowProxy* proxy = model.getDataFlowProxy();
-    std::thread grabber([&] { proxy->setData(frame); });
+    CTestThread grabber([&] { proxy->setData(frame); });
     grabber.join();
     QCOMPARE(updated.count(), 0);
     QTRY_COMPARE(updated.count(), 1);

@@ -8,6 +8,7 @@
 // Each prints a table; times are medians of several runs. Exit code 0: each limit was met as the table says, and what
 // lies beyond it left everything usable. --short takes small sizes and one run, to test the program and what it checks.
 
+#include "support/BoundedWait.h"
 #include "support/CTestData.h"
 #include "support/CTestSource.h"
 #include "support/SceneConsistency.h"
@@ -187,7 +188,7 @@ void measureChain()
         QThread* const thread = QThread::create([&reached, length] { reached = walk(length); });
         thread->setStackSize(stack * unsigned(mebibyte));
         thread->start();
-        thread->wait();
+        waitForEnd(*thread);
         delete thread;
         check(reached > 100, "hardly any node was reached");
         check(reached < length, "the chain was not long enough to find the limit");
@@ -421,9 +422,13 @@ double framesPerSecond(bool isFromCamera, bool isInverting, int count)
                 entry.setData(frame);
         });
         camera->start();
-        while (CPassModel::s_reached < 10 * count)
+        QElapsedTimer clock;
+        clock.start();
+        while (CPassModel::s_reached < 10 * count) {
+            check(clock.elapsed() < 120000, "a frame does not arrive");
             QCoreApplication::processEvents();
-        camera->wait();
+        }
+        waitForEnd(*camera);
         delete camera;
     });
     check(CPassModel::s_reached == 10 * count, "a frame was lost");
@@ -450,8 +455,12 @@ void measureFrames()
     const double waiting = bytesInUse() - before;
     int announced = 0;
     QObject::connect(&source, &CTestSource::dataUpdated, &source, [&announced] { ++announced; });
-    while (announced < count)
+    QElapsedTimer clock;
+    clock.start();
+    while (announced < count) {
+        check(clock.elapsed() < 120000, "a frame that waits does not arrive");
         QCoreApplication::processEvents();
+    }
     const double left = bytesInUse() - before;
     check(waiting > 1.9 * mebibyte * count && left < 4 * mebibyte, "frames do not wait, or stay");
     std::printf("\nFaster than the graph: %d frames that wait take %.0f MiB, nothing is dropped; when the graph has "

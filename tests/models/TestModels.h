@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "support/BoundedWait.h"
 #include "support/CTestData.h"
 
 #include <Halvex/models/ASinkNodeDataModel.h>
@@ -57,5 +58,5 @@ inline void runInWorker(const std::function<void()>& work)
 {
     const std::unique_ptr<QThread> worker(QThread::create(work));
     worker->start();
-    worker->wait();
+    waitForEnd(*worker);
 }

@@ -4,6 +4,7 @@
 #include <Halvex/models/ASourceNodeDataModel.h>
 
 #include "TestModels.h"
+#include "support/BoundedWait.h"
 #include "support/CContextTranslator.h"
 #include "support/CTestModel.h"
 #include "support/CTestScene.h"
@@ -387,7 +388,7 @@ void tst_ASourceNodeDataModel::manyThreadsFeedIt()
     }
     QTRY_COMPARE_WITH_TIMEOUT(updated.count(), threadCount * perThread, 60000);
     for (const auto& thread : threads)
-        QVERIFY(thread->wait());
+        waitForEnd(*thread);
     QCoreApplication::processEvents();
     QCOMPARE(updated.count(), threadCount * perThread);
 

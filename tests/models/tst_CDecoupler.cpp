@@ -5,6 +5,7 @@
 
 #include "models/DecouplerEnd_p.h"
 #include "models/TestModels.h"
+#include "support/BoundedWait.h"
 #include "support/CMessageCatcher.h"
 #include "support/CTestData.h"
 #include "support/MetaMethods.h"
@@ -22,7 +23,6 @@
 #include <functional>
 #include <memory>
 #include <stdexcept>
-#include <thread>
 #include <utility>
 #include <vector>
 
@@ -101,6 +101,33 @@ private:
     unsigned long m_previous;
 };
 
+/// Asks a decoupler for its counts at each message, while it lives.
+class CAskingHandler
+{
+public:
+    explicit CAskingHandler(const CDecoupler& decoupler)
+    {
+        s_decoupler = &decoupler;
+        s_answers = 0;
+        m_previous = qInstallMessageHandler(&CAskingHandler::handle);
+    }
+    ~CAskingHandler() { qInstallMessageHandler(m_previous); }
+    Q_DISABLE_COPY(CAskingHandler)
+
+    static int answers() { return s_answers; }
+
+private:
+    static void handle(QtMsgType, const QMessageLogContext&, const QString&)
+    {
+        s_decoupler->statistics();
+        ++s_answers;
+    }
+
+    QtMessageHandler m_previous = nullptr;
+    static inline const CDecoupler* s_decoupler = nullptr;
+    static inline std::atomic<int> s_answers{0};
+};
+
 QSharedPointer<CTestData> dataWith(int value, std::function<void()> onDestroyed)
 {
     auto data = CTestData::make(value);
@@ -144,7 +171,11 @@ void awaken(CDecoupler& decoupler)
     }
 }
 
+using Provocation = std::function<void(CDecoupler&)>;
+
 } // namespace
+
+Q_DECLARE_METATYPE(Provocation)
 
 class tst_CDecoupler : public QObject
 {
@@ -198,6 +229,8 @@ private Q_SLOTS:
     void discardedDataCallsBack();
 
     void emissionThatThrowsCountsAsDropped();
+    void messageHandlerMayAskForTheCounts_data();
+    void messageHandlerMayAskForTheCounts();
     void hangingWorkerIsReportedOnce_data();
     void hangingWorkerIsReportedOnce();
     void slowWorkerIsWaitedFor();
@@ -253,7 +286,7 @@ void tst_CDecoupler::newestWinsWhileTheWorkerIsBusy()
 {
     QSemaphore gate;
     CDecoupler decoupler;
-    const CListener listener(decoupler, [&gate] { gate.acquire(); });
+    const CListener listener(decoupler, [&gate] { acquireSoon(gate); });
     decoupler.setNodeData(CTestData::make(0));
     QVERIFY(listener.waitFor(1));
     for (int i = 1; i <= 3; ++i)
@@ -385,7 +418,7 @@ void tst_CDecoupler::dataForABusyWorkerIsNoWakeUp()
     for (int i = 0; i < 200; ++i) {
         QSemaphore gate;
         CDecoupler decoupler;
-        const CListener listener(decoupler, [&gate] { gate.acquire(); });
+        const CListener listener(decoupler, [&gate] { acquireSoon(gate); });
         decoupler.setNodeData(CTestData::make(0));
         gate.release();
         QVERIFY(listener.waitFor(1));
@@ -505,7 +538,7 @@ void tst_CDecoupler::everythingOfQThreadSpeaksOfTheWorker()
     QCOMPARE(finished.size(), 0);
 
     decoupler.shutDown();
-    QVERIFY(thread->wait());
+    waitForEnd(*thread);
     QVERIFY(!thread->isRunning());
     QVERIFY(thread->isFinished());
     QTRY_COMPARE(finished.size(), 1);
@@ -547,7 +580,7 @@ void tst_CDecoupler::dataMayComeFromAThreadWithoutAnEventLoop()
 {
     CDecoupler decoupler;
     const CListener listener(decoupler);
-    std::thread feeder([&decoupler] { decoupler.setNodeData(CTestData::make(1)); });
+    CTestThread feeder([&decoupler] { decoupler.setNodeData(CTestData::make(1)); });
     feeder.join();
     QVERIFY(listener.waitFor(1)); // though the thread that has started the worker is gone
     decoupler.setNodeData(CTestData::make(2));
@@ -660,7 +693,7 @@ void tst_CDecoupler::destroyingManyAtOnce()
         CDecoupler& decoupler = *decouplers.back();
         const CListener listener(decoupler, [&] {
             if (state == "in a slot")
-                gate.acquire();
+                acquireSoon(gate);
         });
         decoupler.enableThrottle(true);
         if (state != "not started") {
@@ -685,7 +718,7 @@ void tst_CDecoupler::statisticsAddUpAtEveryMoment()
     std::atomic<bool> isEnough{false};
     std::atomic<int> samples{0};
     std::atomic<int> faults{0};
-    std::thread sampler([&] {
+    CTestThread sampler([&] {
         SDecouplerStatistics before;
         while (!isEnough) {
             const SDecouplerStatistics now = decoupler.statistics();
@@ -699,7 +732,10 @@ void tst_CDecoupler::statisticsAddUpAtEveryMoment()
     });
 
     quint64 given = 0;
+    const QDeadlineTimer deadline(longestWait);
     while (given < 50000 || samples < 1000) {
+        if (deadline.hasExpired())
+            qFatal("The other thread gets no statistics.");
         decoupler.enableThrottle(given % 1000 < 500);
         if (given % 13 == 0)
             decoupler.throttleTimerTick();
@@ -724,7 +760,7 @@ void tst_CDecoupler::everySlotFromAnyThread()
 {
     CDecoupler decoupler;
     const CListener listener(decoupler);
-    std::vector<std::thread> callers;
+    std::vector<CTestThread> callers;
     callers.reserve(4);
     for (int caller = 0; caller < 4; ++caller) {
         callers.emplace_back([&decoupler, caller] {
@@ -738,7 +774,7 @@ void tst_CDecoupler::everySlotFromAnyThread()
             decoupler.shutDown();
         });
     }
-    for (std::thread& caller : callers)
+    for (CTestThread& caller : callers)
         caller.join();
     QVERIFY(!decoupler.isRunning());
     QCOMPARE(decoupler.statistics().received, quint64(20000));
@@ -772,7 +808,7 @@ void tst_CDecoupler::slotShutsDown()
     });
     decoupler.setNodeData(CTestData::make(1));
     QVERIFY(listener.waitFor(1));
-    QVERIFY(decoupler.wait());
+    waitForEnd(decoupler);
     QVERIFY(decoupler.isFinished());
     QCOMPARE(countsOf(decoupler), QStringLiteral("2 1 1 0 0"));
     QCOMPARE(CTestData::alive(), 0);
@@ -858,6 +894,51 @@ void tst_CDecoupler::emissionThatThrowsCountsAsDropped()
     QCOMPARE(messages.texts("halvex.graph").filter("slot").size(), 2);
 }
 
+void tst_CDecoupler::messageHandlerMayAskForTheCounts_data()
+{
+    QTest::addColumn<Provocation>("provoke");
+    QTest::newRow("slot throws") << Provocation([](CDecoupler& decoupler) {
+        const CListener listener(decoupler, [] { throw std::runtime_error("slot"); });
+        decoupler.setNodeData(CTestData::make(1));
+    });
+    QTest::newRow("no thread") << Provocation([](CDecoupler& decoupler) {
+        decoupler.setStackSize(1); // with which none can be made
+        decoupler.setNodeData(CTestData::make(1));
+    });
+    QTest::newRow("worker hangs") << Provocation([](CDecoupler& decoupler) {
+        const CShutDownWait shortened(1);
+        QSemaphore gate;
+        const CListener listener(decoupler, [&gate] { acquireSoon(gate); });
+        decoupler.setNodeData(CTestData::make(1));
+        listener.waitFor(1);
+        decoupler.shutDown();
+        gate.release();
+        waitForEnd(decoupler);
+    });
+}
+
+void tst_CDecoupler::messageHandlerMayAskForTheCounts()
+{
+    QFETCH(const Provocation, provoke);
+    auto decoupler = std::make_unique<CDecoupler>();
+    auto handler = std::make_unique<CAskingHandler>(*decoupler);
+    QSemaphore returned;
+    CTestThread caller([&] {
+        provoke(*decoupler);
+        returned.release();
+    });
+    const bool isAnswered = QTest::qWaitFor([] { return CAskingHandler::answers() > 0; });
+    if (!isAnswered) {
+        static_cast<void>(decoupler.release()); // it hangs, and so would its destructor
+        handler.reset();                        // and what is said about the thread that hangs
+    }
+    QVERIFY(isAnswered);
+    acquireSoon(returned);
+    caller.join();
+    decoupler.reset();
+    QCOMPARE(CTestData::alive(), 0);
+}
+
 void tst_CDecoupler::hangingWorkerIsReportedOnce_data()
 {
     QTest::addColumn<QString>("place");
@@ -879,7 +960,7 @@ void tst_CDecoupler::hangingWorkerIsReportedOnce()
     std::atomic<bool> hasReturned{false};
     const std::function<void()> hang = [&] {
         reached.release();
-        gate.acquire();
+        acquireSoon(gate);
         hasReturned = true;
     };
     auto decoupler = std::make_unique<CDecoupler>();
@@ -900,9 +981,8 @@ void tst_CDecoupler::hangingWorkerIsReportedOnce()
     }
 
     // The destructor goes on waiting when it has said so.
-    std::thread opener([&] {
-        while (messages.texts().isEmpty())
-            QThread::yieldCurrentThread();
+    CTestThread opener([&] {
+        waitUntil("the warning", [&] { return !messages.texts().isEmpty(); });
         gate.release();
     });
     decoupler.reset();
@@ -919,12 +999,12 @@ void tst_CDecoupler::slowWorkerIsWaitedFor()
     std::atomic<bool> hasReturned{false};
     auto decoupler = std::make_unique<CDecoupler>();
     const CListener listener(*decoupler, [&] {
-        gate.acquire();
+        acquireSoon(gate);
         hasReturned = true;
     });
     decoupler->setNodeData(CTestData::make(1));
     QVERIFY(listener.waitFor(1));
-    std::thread opener([&gate] { gate.release(); });
+    CTestThread opener([&gate] { gate.release(); });
     decoupler.reset();
     QVERIFY(hasReturned);
     opener.join();
@@ -962,10 +1042,10 @@ void tst_CDecoupler::hangingDecouplerIsDeletedWhenItHasEnded()
         decoupler = new CDecoupler;
         const CListener listener(*decoupler, [&] {
             reached.release();
-            gate.acquire();
+            acquireSoon(gate);
         });
         decoupler->setNodeData(CTestData::make(1));
-        reached.acquire();
+        acquireSoon(reached);
         endDecoupler(decoupler);
     };
     if (isCallersThreadGone)

@@ -4,6 +4,7 @@
 #include <Halvex/models/CNodeDataEntry.h>
 
 #include "TestModels.h"
+#include "support/BoundedWait.h"
 #include "support/CTestModel.h"
 #include "support/SceneConsistency.h"
 
@@ -290,7 +291,7 @@ void tst_CNodeDataEntry::followsTheSourceIntoAnotherThread()
     source.release()->deleteLater();
     QTRY_VERIFY(!entry.setData(CNodeDataPtr()));
     graph.quit();
-    QVERIFY(graph.wait());
+    waitForEnd(graph);
 }
 
 void tst_CNodeDataEntry::sourceGoesWhileThreadsSend()
@@ -307,11 +308,10 @@ void tst_CNodeDataEntry::sourceGoesWhileThreadsSend()
             }));
             threads.back()->start();
         }
-        while (sent <= round)
-            QThread::yieldCurrentThread();
+        waitUntil("the threads send", [&] { return sent > round; });
         source.reset();
         for (const auto& thread : threads)
-            QVERIFY(thread->wait());
+            waitForEnd(*thread);
         QCOMPARE(CTestData::alive(), 0);
     }
 }

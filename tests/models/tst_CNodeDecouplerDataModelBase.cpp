@@ -3,6 +3,7 @@
 
 #include <Halvex/models/CNodeDecouplerDataModelBase.h>
 
+#include "support/BoundedWait.h"
 #include "support/CTestData.h"
 #include "support/CTestModel.h"
 #include "support/CTestScene.h"
@@ -13,6 +14,7 @@
 #include <Halvex/scene/CNodeScene.h>
 
 #include <QDir>
+#include <QEventLoop>
 #include <QMetaProperty>
 #include <QRandomGenerator>
 #include <QSignalSpy>
@@ -24,7 +26,6 @@
 #include <cmath>
 #include <limits>
 #include <memory>
-#include <thread>
 #include <type_traits>
 #include <vector>
 
@@ -148,6 +149,7 @@ private Q_SLOTS:
     void dyingModelHasNoOutput();
     void lastOutputGoesAfterTheWorkersData();
     void dyingModelTakesNoQueuedData();
+    void dyingModelDoesNotTick();
 
     void decouplesInAScene();
     void isSavedAndRestoredWithItsScene();
@@ -561,13 +563,16 @@ void tst_CNodeDecouplerDataModelBase::statisticsFromAnotherThread()
     std::atomic<bool> isEnough{false};
     std::atomic<int> samples{0};
     std::atomic<int> faults{0};
-    std::thread sampler([&] {
+    CTestThread sampler([&] {
         while (!isEnough) {
             faults += !addsUp(model.statistics());
             ++samples;
         }
     });
+    const QDeadlineTimer deadline(longestWait);
     for (int i = 0; i < 20000 || samples < 1000; ++i) {
+        if (deadline.hasExpired())
+            qFatal("The other thread gets no statistics.");
         model.setInData(i % 17 ? CTestData::make(i) : nullptr, 0);
         if (i % 100 == 0)
             QCoreApplication::processEvents();
@@ -686,8 +691,7 @@ void tst_CNodeDecouplerDataModelBase::previousOutputDestroysTheModel()
     // The worker lets go of the first when it wakes up for the second, and the model holds it alone.
     tick(*model);
     model->setInData(CTestData::make(2), 0);
-    while (model->statistics().pending == 1)
-        QThread::yieldCurrentThread();
+    waitUntil("the worker takes what waits", [&] { return model->statistics().pending == 0; });
     data.reset();
     QTRY_VERIFY(!model);
     QCOMPARE(releasedIn, here);
@@ -743,9 +747,10 @@ void tst_CNodeDecouplerDataModelBase::lastOutputGoesAfterTheWorkersData()
     QTRY_COMPARE(output.values, std::vector<int>({1})); // held as the last output
     tick(*model);
     send(2);
-    while (model->statistics().pending == 1)
-        QThread::yieldCurrentThread(); // held by the worker, and by what is queued for the model
-    send(3);                           // waits for a tick
+    waitUntil("the worker takes what waits", [&] {
+        return model->statistics().pending == 0;
+    });      // held by the worker, and by what is queued for the model
+    send(3); // waits for a tick
     model.reset();
     QCOMPARE(released, std::vector<int>({3, 1, 2}));
 }
@@ -758,13 +763,30 @@ void tst_CNodeDecouplerDataModelBase::dyingModelTakesNoQueuedData()
     connect(owner.get(), &CNodeDataModel::dataUpdated, [&outputs] { ++outputs; });
     tick(*owner);
     owner->setInData(CTestData::make(1), 0);
-    while (owner->statistics().pending == 1)
-        QThread::yieldCurrentThread();
+    waitUntil("the worker takes what waits", [&] { return owner->statistics().pending == 0; });
     auto waiting = CTestData::make(2);
     waiting->onDestroyed = [] { QCoreApplication::processEvents(); };
     owner->setInData(std::move(waiting), 0);
     owner.reset();
     QCOMPARE(outputs, 0);
+    QCOMPARE(CTestData::alive(), 0);
+}
+
+void tst_CNodeDecouplerDataModelBase::dyingModelDoesNotTick()
+{
+    auto owner = std::make_unique<CModel>();
+    owner->setFramesPerSecond(1000);
+    bool hasWaited = false;
+    auto waiting = CTestData::make(1);
+    waiting->onDestroyed = [&hasWaited] {
+        QEventLoop loop;
+        QTimer::singleShot(20, &loop, &QEventLoop::quit); // after the tick
+        loop.exec();
+        hasWaited = true;
+    };
+    owner->setInData(std::move(waiting), 0);
+    owner.reset();
+    QVERIFY(hasWaited);
     QCOMPARE(CTestData::alive(), 0);
 }
 

@@ -3,11 +3,12 @@
 
 #include <Halvex/platform/CGrabResultPtr.h>
 
+#include "support/BoundedWait.h"
+
 #include <QtTest>
 
 #include <array>
 #include <atomic>
-#include <thread>
 #include <type_traits>
 #include <vector>
 
@@ -151,7 +152,7 @@ void tst_CGrabResultPtr::lastHandleOfSeveralThreadsGivesTheBufferBackOnce()
     for (int round = 0; round < 200; ++round) {
         SBuffer buffer;
         std::atomic<int> wrongPixels{0};
-        std::vector<std::thread> readers;
+        std::vector<CTestThread> readers;
         {
             const CGrabResultPtr frame = buffer.grab();
             for (int thread = 0; thread < 4; ++thread) {
@@ -164,7 +165,7 @@ void tst_CGrabResultPtr::lastHandleOfSeveralThreadsGivesTheBufferBackOnce()
                 });
             }
         }
-        for (std::thread& reader : readers)
+        for (CTestThread& reader : readers)
             reader.join();
         QCOMPARE(wrongPixels.load(), 0);
         QCOMPARE(buffer.returned.load(), 1);

@@ -3,13 +3,14 @@
 
 #include <Halvex/platform/CId.h>
 
+#include "support/BoundedWait.h"
+
 #include <QtTest>
 
 #include <algorithm>
 #include <array>
 #include <iterator>
 #include <set>
-#include <thread>
 #include <type_traits>
 #include <unordered_set>
 #include <vector>
@@ -65,11 +66,11 @@ void tst_CId::createdOnesDifferBetweenThreads()
 {
     constexpr std::size_t perThread = 10000;
     std::array<std::vector<CId>, 4> created;
-    std::vector<std::thread> threads;
+    std::vector<CTestThread> threads;
     threads.reserve(created.size());
     for (std::vector<CId>& ids : created)
         threads.emplace_back([&ids] { std::generate_n(std::back_inserter(ids), perThread, CId::createId); });
-    for (std::thread& thread : threads)
+    for (CTestThread& thread : threads)
         thread.join();
 
     std::unordered_set<CId> seen;

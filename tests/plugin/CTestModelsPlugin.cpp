@@ -68,7 +68,8 @@ CTestModelsPlugin::~CTestModelsPlugin()
     if (!m_camera)
         return;
     m_camera->requestInterruption();
-    m_camera->wait();
+    if (!m_camera->wait(60000UL))
+        qFatal("The camera's thread has not ended within a minute.");
 }
 
 bool CTestModelsPlugin::initialize(const QWeakPointer<Core::Service::IServiceManager>& manager)

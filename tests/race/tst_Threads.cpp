@@ -5,7 +5,9 @@
 // whether the threads are ordered; in the other builds, whether nothing is lost and nothing is left.
 
 #include "models/TestModels.h"
+#include "support/BoundedWait.h"
 #include "support/CServiceManager.h"
+#include "support/FreshSeed.h"
 #include "support/STestNode.h"
 #include "support/SceneConsistency.h"
 
@@ -56,7 +58,7 @@ public:
     {
         m_isStopped.store(true, std::memory_order_relaxed);
         for (const auto& thread : m_threads)
-            thread->wait();
+            waitForEnd(*thread);
     }
 
 private:
@@ -278,7 +280,7 @@ void tst_Threads::graphsOfSeveralThreadsBegin()
     for (const auto& thread : threads)
         thread->start();
     for (const auto& thread : threads)
-        QVERIFY(thread->wait());
+        waitForEnd(*thread);
     QCOMPARE(failures.load(), 0);
 }
 
@@ -321,7 +323,7 @@ void tst_Threads::threadsFeedWhileTheGraphChanges()
             proxy.setData(frame);
     });
 
-    std::mt19937 random(20261121);
+    std::mt19937 random(freshSeed());
     std::atomic<int> delivered{0};
     std::vector<CNodeBase*> consumers;
     for (int change = 0; change < 500; ++change) {
@@ -408,8 +410,7 @@ void tst_Threads::decouplersAreFedByManyThreads()
             if (counts.received != counts.emitted + counts.dropped + counts.cancelled + counts.pending)
                 qFatal("the counts do not add up");
         });
-        while (emitted <= round)
-            QThread::yieldCurrentThread();
+        waitUntil("the decoupler emits", [&] { return emitted > round; });
         if (round % 4 < 2)
             decoupler.shutDown(); // while they go on
         feeders.stop();
@@ -459,8 +460,7 @@ void tst_Threads::placeOfADestroyedConnectionIsTakenByAnotherThread()
                     place.reset();
                 }
             });
-            while (!isTaken)
-                QThread::yieldCurrentThread();
+            waitUntil("another thread takes the place", [&isTaken] { return isTaken.load(); });
         };
         for (std::size_t i = 0; i < 2; ++i) {
             connections[i].emplace(*sinks[i], 0, *source, 0, NodeDataConverter());
@@ -526,13 +526,11 @@ void tst_Threads::sourceGoesWhileThreadsSend()
             if (const auto frame = grab(free, 1))
                 ++(entry.setData(frame) ? sent : refused);
         });
-        while (sent <= round)
-            QThread::yieldCurrentThread();
+        waitUntil("the threads send", [&] { return sent > round; });
         remove(service, node);
         QVERIFY(!service.findNode(node));
         QVERIFY(!entry.setData(CTestData::make(1)));
-        while (refused <= round) // they go on
-            QThread::yieldCurrentThread();
+        waitUntil("what is sent is refused", [&] { return refused > round; }); // they go on
     }
 }
 
@@ -560,7 +558,7 @@ void tst_Threads::sinkGoesWhileAnotherThreadListens()
         QCOMPARE(inconsistencyOf(scene), QString());
     }
     other.quit();
-    QVERIFY(other.wait());
+    waitForEnd(other);
 }
 
 void tst_Threads::pluginIsUnloadedWhileThreadsSend()
@@ -593,8 +591,7 @@ void tst_Threads::pluginIsUnloadedWhileThreadsSend()
         plugin->uninitialize(manager);
         // The cameras' code is linked with the library, so that it stays mapped.
         QVERIFY(loader.unload());
-        while (refused <= round)
-            QThread::yieldCurrentThread();
+        waitUntil("what is sent is refused", [&] { return refused > round; });
     }
 }
 

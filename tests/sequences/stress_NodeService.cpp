@@ -8,7 +8,7 @@
 //
 // Every 500 steps a new service begins, in a process of its own, with the next seed. Ends at the first difference,
 // crash, hang or leak: the sequence is shrunk and printed as the body of a test, with what the process says that runs
-// it. The same seed leads to the same sequence again.
+// it. The first seed is printed; without one, each run has another. The same seed leads to the same sequence again.
 
 #include "sequences/CChildRunner.h"
 
@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <random>
 
 using namespace Sequences;
 
@@ -38,7 +39,9 @@ int report(unsigned int seed, const SRandomRun& run, CChildRunner& runner)
 int main(int argc, char* argv[])
 {
     const int steps = argc > 1 ? std::atoi(argv[1]) : 200000;
-    const unsigned int firstSeed = argc > 2 ? unsigned(std::strtoul(argv[2], nullptr, 10)) : 1;
+    const unsigned int firstSeed = argc > 2 ? unsigned(std::strtoul(argv[2], nullptr, 10)) : std::random_device()();
+    std::printf("first seed %u\n", firstSeed);
+    std::fflush(stdout);
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {}); // of models nobody registered
 
     CChildRunner runner(CChildRunner::ELeaks::Sought);

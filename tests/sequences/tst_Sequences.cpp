@@ -7,6 +7,7 @@
 #include "sequences/CChildRunner.h"
 #include "sequences/Shrink.h"
 #include "support/CMessageCatcher.h"
+#include "support/FreshSeed.h"
 
 #include <QFile>
 #include <QSet>
@@ -158,10 +159,11 @@ void TestSequences::randomReachesEveryOperationAndEveryHandler()
 {
     QSet<int> operations;
     std::set<SCall> handlers;
+    const unsigned int firstSeed = freshSeed();
     const CMessageCatcher messages; // of models that nobody registered
-    for (unsigned int seed = 1; seed <= 20; ++seed) {
+    for (unsigned int seed = firstSeed; seed < firstSeed + 20; ++seed) {
         const SRandomRun run = runRandomly(seed, 500);
-        QCOMPARE(run.difference, QString());
+        QVERIFY2(run.difference.isEmpty(), qPrintable(QString("seed %1: %2").arg(seed).arg(run.difference)));
         for (const SStep& step : run.sequence) {
             operations.insert(int(step.operation.kind));
             for (const SNested& nested : step.nested) {

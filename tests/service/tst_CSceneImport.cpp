@@ -7,6 +7,7 @@
 #include "ImportDocument.h"
 #include "support/CTestModel.h"
 #include "support/CTestScene.h"
+#include "support/FreshSeed.h"
 #include "support/ServiceConsistency.h"
 
 #include <Halvex/graph/CNodeConnection.h>
@@ -827,7 +828,8 @@ void tst_CSceneImport::wrongConsumers()
 void tst_CSceneImport::randomDocuments_data()
 {
     QTest::addColumn<unsigned int>("seed");
-    for (unsigned int seed = 1; seed <= 20; ++seed)
+    const unsigned int firstSeed = freshSeed();
+    for (unsigned int seed = firstSeed; seed < firstSeed + 20; ++seed)
         QTest::addRow("%u", seed) << seed;
 }
 

@@ -4,12 +4,16 @@
 // Twenty decouplers at mixed rates behind one source, which a thread feeds, while the graph changes all the time: nodes
 // are removed and made anew, connections deleted and made again, rates set, documents written and read.
 //
-//   soak_decouplers SECONDS
+//   soak_decouplers SECONDS [SEED]
+//
+// The seed is printed; without one, each run has another.
 //
 // Exit code 0: the counts of every decoupler added up whenever they were asked for; those that stayed to the end have
 // received all that was pushed, the last frame included, and delivered all that they emitted; no thread, node or frame
-// is left; and the memory in use has not grown since the first tenth of the run.
+// is left; and the memory in use has not grown since the first tenth of the run. The last of these is not looked at,
+// and not said, where a sanitizer's allocator tells nothing.
 
+#include "support/BoundedWait.h"
 #include "support/CTestData.h"
 #include "support/CTestModel.h"
 #include "support/CTestSource.h"
@@ -28,6 +32,7 @@
 
 #include <atomic>
 #include <cstdio>
+#include <cstdlib>
 #include <random>
 
 using namespace Plugin::Halvex;
@@ -85,7 +90,7 @@ public:
     void stop()
     {
         requestInterruption();
-        wait();
+        waitForEnd(*this);
     }
     quint64 pushed() const { return m_pushed; }
 
@@ -103,11 +108,27 @@ private:
     quint64 m_pushed = 0;
 };
 
+std::size_t memoryInUse()
+{
+    return mallinfo2().uordblks;
+}
+
+/// Whether the allocator's figures are of this program: a sanitizer has an allocator of its own.
+bool isMemoryMeasured()
+{
+    const std::size_t before = memoryInUse();
+    void* const volatile some = std::malloc(10000); // volatile, or the compiler leaves it out
+    const bool isMeasured = memoryInUse() >= before + 10000;
+    std::free(some);
+    return isMeasured;
+}
+
 class CSoak
 {
 public:
-    CSoak()
-        : m_source(&m_scene.createNode(std::make_unique<CTestSource>()))
+    explicit CSoak(unsigned int seed)
+        : m_random(seed)
+        , m_source(&m_scene.createNode(std::make_unique<CTestSource>()))
         , m_feeder(static_cast<CTestSource*>(m_source->nodeDataModel())->getDataFlowProxy())
     {
         m_registry->registerModel<CTestDecoupler>(QStringLiteral("Tools"));
@@ -133,7 +154,8 @@ public:
         drain();
         // Frames under way and Qt's own caches vary; a leak of one frame or node per change would be a hundred times as
         // much.
-        check(memoryInUse() < settled + std::size_t{256} * 1024, "the memory in use has grown");
+        if (isMemoryMeasured())
+            check(memoryInUse() < settled + std::size_t{256} * 1024, "the memory in use has grown");
     }
 
     void checkPermanentBranches()
@@ -226,11 +248,9 @@ private:
         }
     }
 
-    static std::size_t memoryInUse() { return mallinfo2().uordblks; }
-
     int pick(std::size_t choices) { return int(m_random() % choices); }
 
-    std::mt19937 m_random{20261120};
+    std::mt19937 m_random;
     std::shared_ptr<CNodeDataModelRegistry> m_registry = std::make_shared<CNodeDataModelRegistry>();
     CNodeScene m_scene{m_registry, nullptr, nullptr};
     CNodeBase* m_source;
@@ -245,16 +265,19 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     const int seconds = argc > 1 ? QByteArray(argv[1]).toInt() : 60;
+    const unsigned int seed = argc > 2 ? QByteArray(argv[2]).toUInt() : std::random_device()();
+    std::printf("soak_decouplers: seed %u\n", seed);
+    std::fflush(stdout);
     // A first thread brings along those that watch over threads, such as a sanitizer's; they stay.
     QThread first;
     first.start();
     first.quit();
-    first.wait();
+    waitForEnd(first);
     const int threadsBefore = threads();
     int changes = 0;
     quint64 pushed = 0;
     {
-        CSoak soak;
+        CSoak soak(seed);
         soak.run(seconds);
         soak.checkPermanentBranches();
         soak.checkScene();
@@ -267,7 +290,7 @@ int main(int argc, char** argv)
     clock.start();
     while (threads() > threadsBefore) // a thread that was waited for may still be on its very last steps
         check(clock.elapsed() < 10000, "threads are left");
-    std::printf("soak_decouplers: %d s, %llu frames, %d changes: counts exact, memory flat, nothing left\n", seconds,
-                static_cast<unsigned long long>(pushed), changes);
+    std::printf("soak_decouplers: %d s, %llu frames, %d changes: counts exact, %snothing left\n", seconds,
+                static_cast<unsigned long long>(pushed), changes, isMemoryMeasured() ? "memory flat, " : "");
     return 0;
 }
