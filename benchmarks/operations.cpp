@@ -78,8 +78,7 @@ void find(const char* who, int times)
             found = work();
     };
     choose(
-        who, [&] { lookUp([&] { return service.findNode(id); }); },
-        [&] { lookUp([&] { return table.at(id); }); });
+        who, [&] { lookUp([&] { return service.findNode(id); }); }, [&] { lookUp([&] { return table.at(id); }); });
 }
 
 /// Data pushed into a slot that is full: the floor is H.
