@@ -363,9 +363,9 @@ void tst_CNodeState::writtenEntriesAreServedWhileAnotherWalkStands()
 {
     const STestNode source;
     const STestNode sink;
-    std::vector<std::unique_ptr<CNodeConnection>> connections;
-    for (int i = 0; i < 3; ++i)
-        connections.push_back(join(source, sink));
+    std::vector<std::unique_ptr<CNodeConnection>> connections(3);
+    for (auto& connection : connections)
+        connection = join(source, sink);
     auto& port = source->nodeState().getEntries(Out)[0];
     sink.model->onSetInData = [&](const CNodeDataPtr& data, NodePortIndex) {
         if (CTestData::valueOf(data) != 1 || connections.size() < 3)
@@ -385,9 +385,9 @@ void tst_CNodeState::rowIsTidyAfterAWalk()
     const STestNode source;
     const STestNode sink;
     auto stays = join(source, sink);
-    std::vector<std::unique_ptr<CNodeConnection>> others;
-    for (int i = 0; i < 5; ++i)
-        others.push_back(join(source, sink));
+    std::vector<std::unique_ptr<CNodeConnection>> others(5);
+    for (auto& other : others)
+        other = join(source, sink);
     int places = 0;
     sink.model->onSetInData = [&](const CNodeDataPtr& data, NodePortIndex) {
         if (!data || others.empty())
