@@ -6,11 +6,12 @@
 #   scripts/count-instructions.sh
 . "$(dirname "$0")/common.sh"
 
-# The greatest count and ratio: one to two per cent above what was measured.
+# The greatest count and ratio: one to two per cent above what was measured. A push meets its worker at one point or
+# another: 192 to 202.
 declare -A limits=(
     [chain]="360 1.185" [converting]="422 1.235" [fan-out]="70 1.70" [fan-in]="215 1.245" [diamonds]="232 1.235"
     [random]="151 1.335"
-    [construct]="13500 2.59" [load]="40500 1.365" [import]="77500 4.32" [find]="135 1.875" [push]="205 1.61")
+    [construct]="13500 2.59" [load]="40500 1.365" [import]="77500 4.32" [find]="135 1.875" [push]="208 1.64")
 
 # The instructions of one run.
 instructions() {
