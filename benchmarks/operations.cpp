@@ -60,10 +60,7 @@ void import(const char* who, int elements)
     CImportService host;
     choose(
         who, [&] { host.service.importDocument(text); },
-        [&] {
-            const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8());
-            const CSignalChain chain(elements);
-        });
+        [&] { const CSignalChain chain(QJsonDocument::fromJson(text.toUtf8()).array().size()); });
 }
 
 /// A node looked up by its id: the floor is the table alone.

@@ -49,10 +49,11 @@ void CDecoupler::setNodeData(CNodeDataPtr ptrNodeData)
 
     if (!isReleaseAllowed())
         return;
-    const bool needsThread = isData && !m_isAsleep && !isRunning();
+    const bool needsThread = isData && !m_isAsleep;
     wakeUp(lock);
-    if (needsThread)
-        start(InheritPriority); // without the mutex: Qt may warn, and a message handler may call statistics()
+    // Without the mutex: Qt may warn, and a message handler may call statistics().
+    if (needsThread && !isRunning())
+        start(InheritPriority);
 }
 
 void CDecoupler::throttleTimerTick()

@@ -68,7 +68,7 @@ public Q_SLOTS:
 
     /// Ends the worker for good and drops what waits. Waits for the end of the thread, at most 30000 ms. If that is not
     /// enough, one warning says so, the thread runs on, and the next call waits again. Called in the worker's own
-    /// thread, it does not wait.
+    /// thread, it does not wait. Data that another thread sets meanwhile may make the thread begin and end once more.
     void shutDown();
 
     /// Sets whether each emission needs a tick. Does not wake the worker: what waits goes out with the next data or
