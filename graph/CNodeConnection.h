@@ -138,10 +138,10 @@ private:
     };
 
     // The walk, in CNodeWalk.cpp. They take the pointer over from whoever has no more use for it.
-    HALVEX_NO_EXPORT inline void deliver(CNodeDataPtr&& data, CStackGauge& gauge) const;
-    HALVEX_NO_EXPORT inline void deliver(const CNodeDataPtr& data, CStackGauge& gauge) const;
+    template <typename DataPtr>
+    HALVEX_NO_EXPORT void deliver(DataPtr&& data, CStackGauge& gauge) const;
     HALVEX_NO_EXPORT inline void deliverConverted(CNodeDataPtr&& data, CStackGauge& gauge) const;
-    [[gnu::noinline]] HALVEX_NO_EXPORT void deliverConvertedCopy(const CNodeDataPtr& data, CStackGauge& gauge) const;
+    [[gnu::noinline]] HALVEX_NO_EXPORT void deliverConverted(const CNodeDataPtr& data, CStackGauge& gauge) const;
 
     const SEnd& end(ENodePortType portType) const { return portType == ENodePortType::In ? m_in : m_out; }
     SEnd& end(ENodePortType portType) { return portType == ENodePortType::In ? m_in : m_out; }

@@ -33,8 +33,8 @@ class CNodeVisit
 public:
     static constexpr int mostRounds = 1000;
 
-    // Whoever reads m_dropsBefore has set it; a hop has no instruction to spare for it.
-    // NOLINTBEGIN(cppcoreguidelines-pro-type-member-init,clang-analyzer-optin.cplusplus.UninitializedObject)
+    // NOLINTBEGIN(cppcoreguidelines-pro-type-member-init,clang-analyzer-optin.cplusplus.UninitializedObject): whoever
+    // reads m_dropsBefore has set it, and a hop has no instruction to spare for it
     CNodeVisit(const CNodeBase& node, CStackGauge& gauge)
         : m_node(&node)
         , m_outer(std::exchange(node.m_state.m_visit, this))

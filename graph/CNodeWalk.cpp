@@ -36,29 +36,21 @@ Q_ALWAYS_INLINE void CNodeConnection::deliverConverted(CNodeDataPtr&& data, CSta
         m_in.node->deliver(std::move(converted), m_in.index, gauge);
 }
 
-void CNodeConnection::deliverConvertedCopy(const CNodeDataPtr& data, CStackGauge& gauge) const
+// A copy is what a fan-out delivers, whose loop has no registers to spare: a function of its own.
+void CNodeConnection::deliverConverted(const CNodeDataPtr& data, CStackGauge& gauge) const
 {
     deliverConverted(CNodeDataPtr(data), gauge);
 }
 
-Q_ALWAYS_INLINE void CNodeConnection::deliver(CNodeDataPtr&& data, CStackGauge& gauge) const
+template <typename DataPtr>
+Q_ALWAYS_INLINE void CNodeConnection::deliver(DataPtr&& data, CStackGauge& gauge) const
 {
     if (!m_in.node)
         return;
     if (m_converter)
-        deliverConverted(std::move(data), gauge);
+        deliverConverted(std::forward<DataPtr>(data), gauge);
     else
-        m_in.node->deliver(std::move(data), m_in.index, gauge);
-}
-
-Q_ALWAYS_INLINE void CNodeConnection::deliver(const CNodeDataPtr& data, CStackGauge& gauge) const
-{
-    if (!m_in.node)
-        return;
-    if (m_converter)
-        deliverConvertedCopy(data, gauge);
-    else
-        m_in.node->deliver(data, m_in.index, gauge);
+        m_in.node->deliver(std::forward<DataPtr>(data), m_in.index, gauge);
 }
 
 Q_ALWAYS_INLINE void CNodeBase::deliverToPort(NodePortIndex outIndex, CNodeDataPtr&& data, const CNodeVisit& visit)

@@ -13,7 +13,8 @@ race_packages=(qtbase5-private-dev) # how Qt's events name their sender, for the
 fuzz_packages=(clang libclang-rt-dev llvm)
 coverage_packages=(gcovr)
 bench_packages=(libbenchmark-dev valgrind)
-bench_peers_packages=(pkg-config libgstreamer1.0-dev libtbb-dev libboost-dev) # what the benchmarks can be compared with
+bench_peers_packages=(pkg-config libtbb-dev libboost-dev # what the benchmarks can be compared with
+    libgstreamer1.0-dev libunwind-dev) # LLVM's libunwind stands in for it as a package, but has no file for pkg-config
 lint_packages=(clang-format clang-tidy clazy)
 
 # A compiler cache, where there is one, also for a tree that lies elsewhere.

@@ -23,7 +23,8 @@ compilers() {
     need_packages "${library_packages[@]}" "${test_packages[@]}" clang >&2
     cmake --preset release -B build/clang -DHALVEX_BUILD_HOST=OFF -DHALVEX_WERROR=ON -DCMAKE_CXX_COMPILER=clang++ >&2
     cmake --build build/clang >&2
-    echo "$(clang++ --version | head -n 1): $(run_tests build/clang)"
+    clang++ --version | head -n 1
+    run_tests build/clang
 }
 sanitizers() {
     need_packages "${library_packages[@]}" "${host_packages[@]}" "${test_packages[@]}" >&2

@@ -5,6 +5,7 @@
 
 seconds=${1:-600}
 targets=(Id ImportDocument Operations Restore SceneDocument)
+# One leak is Qt's own: the file says which, and why the stacks have to be whole.
 export LSAN_OPTIONS=suppressions=fuzz/lsan.suppressions:print_suppressions=0:fast_unwind_on_malloc=0:malloc_context_size=255
 export UBSAN_OPTIONS=print_stacktrace=1
 

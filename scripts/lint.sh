@@ -30,7 +30,10 @@ mapfile -t sources < <(scripts/lint_sources.py build/dev/compile_commands.json b
 [ ${#sources[@]} -gt 0 ] || exit 0
 
 step "clang-tidy over ${#sources[@]} files, changed since ${base:-ever}"
-printf '%s\0' "${sources[@]}" | xargs -0 -P "$(nproc)" -n 1 clang-tidy -p build/lint --quiet 2>build/lint/clang-tidy.log
+printf '%s\0' "${sources[@]}" | xargs -0 -P "$(nproc)" -n 1 clang-tidy -p build/lint --quiet 2>build/lint/clang-tidy.log || {
+    tail -n 20 build/lint/clang-tidy.log >&2 # how many warnings are not ours, and what kept it from running
+    false
+}
 
 # Signals and slots are published with unqualified types, under which the library registers them with Qt; the one
 # check that objects to that is off.

@@ -345,9 +345,9 @@ void tst_CNodeScene::registryMayBeEmpty()
 
 void tst_CNodeScene::missingRegistryIsAsserted()
 {
-    const CTestScene scene(nullptr, nullptr);
     if (!hasAssertions)
-        return; // undefined
+        QSKIP("Without assertions, what happens is undefined.");
+    const CTestScene scene(nullptr, nullptr);
     const pid_t child = fork();
     if (child == 0) {
         // Dies quietly: Qt Test would write a report, and the system an image of the memory.

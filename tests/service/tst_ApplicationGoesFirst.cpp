@@ -52,11 +52,12 @@ void tst_ApplicationGoesFirst::serviceGoesOnWithoutIt()
     const Core::CId first = service->addNode(makeSource("first"), nullptr);
     service->addNode(makeSource("camera"), nullptr);
     // The view gets every frame at port 0, and what comes out of the decoupler at port 1.
-    QVERIFY(service->importDocument(
-        document({element("view", "View", {{"unique_sources", QJsonArray{QJsonArray{"camera"}}}}),
-                  element("decoupler", "DecouplerT",
-                          {{"unique_sources", QJsonArray{QJsonArray{"camera"}}},
-                           {"connection", QJsonArray{QJsonArray{QJsonObject{{"name", "view"}, {"index_in", 1}}}}}})})));
+    QVERIFY(service->importDocument(document(
+        {element("view", "View", {{"unique_sources", QJsonArray{QJsonValue(QJsonArray{"camera"})}}}),
+         element(
+             "decoupler", "DecouplerT",
+             {{"unique_sources", QJsonArray{QJsonValue(QJsonArray{"camera"})}},
+              {"connection", QJsonArray{QJsonValue(QJsonArray{QJsonObject{{"name", "view"}, {"index_in", 1}}})}}})})));
     CNodeScene& scene = *service->getActiveScene();
     CHostModel& camera = *modelNamed(&scene, "camera");
     CHostModel& view = *modelNamed(&scene, "View");

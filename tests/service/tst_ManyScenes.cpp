@@ -42,8 +42,8 @@ struct SManyScenes
         for (int i = 0; i < sceneCount; ++i) {
             infos.emplace_back(QSharedPointer<CInfo>::create());
             ids.push_back(service.addNode(makeSource(cameraName(i)), infos.back()));
-            service.importDocument(
-                document({element("view", "View", {{"unique_sources", QJsonArray{QJsonArray{cameraName(i)}}}})}));
+            service.importDocument(document(
+                {element("view", "View", {{"unique_sources", QJsonArray{QJsonValue(QJsonArray{cameraName(i)})}}})}));
         }
     }
 

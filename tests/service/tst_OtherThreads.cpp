@@ -5,6 +5,7 @@
 // here does anything but be made, and the threads take turns: what would happen else is undefined.
 
 #include "CHostModel.h"
+#include "support/BoundedWait.h"
 #include "support/CMessageCatcher.h"
 #include "support/HasAssertions.h"
 #include "support/STestNode.h"
@@ -39,7 +40,7 @@ void runInThread(const QString& name, const std::function<void()>& work)
     const std::unique_ptr<QThread> thread(QThread::create(work));
     thread->setObjectName(name);
     thread->start();
-    thread->wait();
+    waitForEnd(*thread);
 }
 
 } // namespace
