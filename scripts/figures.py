@@ -2,7 +2,8 @@
 """Keeps docs/figures.md, the page with everything that was measured: a section for each part of scripts/deep.sh.
 
     scripts/figures.py set limits "How far it goes" "scripts/limits.sh" < table   # puts a section in, or anew
-    scripts/figures.py behind   # how many changes of the library came after the oldest section
+    scripts/figures.py behind   # how many changes of the library came after each section
+    scripts/figures.py commit lint   # the commit that a section was measured on; nothing if there is no such section
 
 A section begins with its heading and one line that names the command, the commit and the date.
 """
@@ -51,5 +52,7 @@ def say_behind():
 
 if sys.argv[1] == "set":
     set_section(*sys.argv[2:5], sys.stdin.read())
+elif sys.argv[1] == "commit":
+    print(dict(MEASURED.findall(PAGE.read_text())).get(sys.argv[2], ""))
 else:
     say_behind()

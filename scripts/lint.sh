@@ -2,7 +2,8 @@
 # clang-format, clang-tidy and clazy over our own files; any finding fails.
 #
 #   scripts/lint.sh             # every file
-#   scripts/lint.sh --changed   # what differs from the last release tag or from main; every file if neither is known
+#   scripts/lint.sh --changed   # what differs from the last release tag, or else from what docs/figures.md says was
+#                               # linted whole; every file if neither is known
 #   scripts/lint.sh --changed COMMIT   # what differs from that
 #   scripts/lint.sh --format    # clang-format alone, over every file
 . "$(dirname "$0")/common.sh"
@@ -23,8 +24,8 @@ cmake --build --preset dev --target "${moc_targets[@]}"
 
 base=
 if [ "${1-}" = --changed ]; then
-    base=${2-$(git describe --tags --abbrev=0 2>/dev/null || git merge-base HEAD origin/main 2>/dev/null || true)}
-    [ "$base" != "$(git rev-parse HEAD)" ] || base=
+    base=${2-$(git describe --tags --abbrev=0 2>/dev/null || scripts/figures.py commit lint)}
+    git rev-parse --quiet --verify "$base^{commit}" >/dev/null || base= # the clone may not reach back so far
 fi
 mapfile -t sources < <(scripts/lint_sources.py build/dev/compile_commands.json build/lint $base)
 [ ${#sources[@]} -gt 0 ] || exit 0
