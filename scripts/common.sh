@@ -16,6 +16,7 @@ bench_packages=(libbenchmark-dev valgrind)
 bench_peers_packages=(pkg-config libtbb-dev libboost-dev # what the benchmarks can be compared with
     libgstreamer1.0-dev libunwind-dev) # LLVM's libunwind stands in for it as a package, but has no file for pkg-config
 lint_packages=(clang-format clang-tidy clazy)
+qt512_packages=(qt5-qmake clang clang-tidy python3-clang qtbase5-doc-html)
 
 # A compiler cache, where there is one, also for a tree that lies elsewhere.
 if command -v ccache >/dev/null; then

@@ -12,7 +12,7 @@
 FUZZ_SECONDS=${FUZZ_SECONDS:-600}
 STEPS=${STEPS:-1000000}
 SOAK_SECONDS=${SOAK_SECONDS:-3600}
-parts=(lint compilers sanitizers race instructions bench limits soak sequences fuzz coverage mutants)
+parts=(lint compilers qt512 sanitizers race instructions bench limits soak sequences fuzz coverage mutants)
 
 # Each of these prints what the page is to show; the rest of what is said goes to the log.
 lint() {
@@ -25,6 +25,10 @@ compilers() {
     cmake --build build/clang >&2
     clang++ --version | head -n 1
     run_tests build/clang
+}
+qt512() {
+    scripts/qt512.sh | tee /dev/stderr | sed -n 's/^== \(nothing newer than .* files\).*/\1/p'
+    echo "By its documentation: Qt 5.12 itself was not there to build with."
 }
 sanitizers() {
     need_packages "${library_packages[@]}" "${host_packages[@]}" "${test_packages[@]}" >&2
@@ -63,7 +67,8 @@ build_tests() {
 }
 indent() { sed 's/^/    /'; } # Markdown leaves it as it is
 
-declare -A headings=([lint]="Linters" [compilers]="Other compilers" [sanitizers]="All tests with sanitizers, the host's among them"
+declare -A headings=([lint]="Linters" [compilers]="Other compilers" [qt512]="Newer than Qt 5.12"
+    [sanitizers]="All tests with sanitizers, the host's among them"
     [race]="All tests with the race detector" [instructions]="Instructions per delivery" [bench]="Times and memory"
     [limits]="How far it goes" [soak]="Soak" [sequences]="Random sequences" [fuzz]="Fuzzers" [coverage]="Coverage"
     [mutants]="Mutants")
