@@ -45,15 +45,11 @@ class tst_CNodeData : public QObject
 
 private Q_SLOTS:
     void typeStartsWithItsId();
-    void sameTypeComparesIds_data();
     void sameTypeComparesIds();
     void sameTypeAcrossClasses();
     void copiesHaveTheSameType();
     void isDestroyedThroughItsBase();
-    void nullPointerIsEmptyData();
-    void pointerHasItsQualifiedName();
-    void aliasNamesTheSamePointer();
-    void pointerTravelsInAVariant();
+    void pointerIsAMetaType();
 };
 
 void tst_CNodeData::typeStartsWithItsId()
@@ -66,61 +62,30 @@ void tst_CNodeData::typeStartsWithItsId()
     QVERIFY(SNodeDataType().name.isEmpty());
 }
 
-void tst_CNodeData::sameTypeComparesIds_data()
-{
-    QTest::addColumn<QString>("id");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("otherId");
-    QTest::addColumn<QString>("otherName");
-    QTest::addColumn<bool>("same");
-
-    QTest::newRow("equal") << "Image"
-                           << "I"
-                           << "Image"
-                           << "I" << true;
-    QTest::newRow("other name") << "Image"
-                                << "I"
-                                << "Image"
-                                << "IMG" << true;
-    QTest::newRow("other id") << "Image"
-                              << "I"
-                              << "Frame"
-                              << "I" << false;
-    QTest::newRow("id is the other's name") << "Image"
-                                            << "I"
-                                            << "I"
-                                            << "Image" << false;
-    QTest::newRow("other case") << "Image"
-                                << "I"
-                                << "image"
-                                << "I" << false;
-    QTest::newRow("blank behind") << "Image"
-                                  << "I"
-                                  << "Image "
-                                  << "I" << false;
-    QTest::newRow("no ids") << ""
-                            << "I"
-                            << ""
-                            << "J" << true;
-    QTest::newRow("one id") << "Image"
-                            << "I"
-                            << ""
-                            << "I" << false;
-}
-
 void tst_CNodeData::sameTypeComparesIds()
 {
-    QFETCH(const QString, id);
-    QFETCH(const QString, name);
-    QFETCH(const QString, otherId);
-    QFETCH(const QString, otherName);
-    QFETCH(const bool, same);
-
-    const CTestData data(0, {id, name});
-    const CTestData other(0, {otherId, otherName});
-    QCOMPARE(data.sameType(other), same);
-    QCOMPARE(other.sameType(data), same);
-    QVERIFY(data.sameType(data));
+    const struct
+    {
+        const char* what;
+        SNodeDataType one;
+        SNodeDataType other;
+        bool isSame;
+    } rows[] = {
+        {"equal", {"Image", "I"}, {"Image", "I"}, true},
+        {"other name", {"Image", "I"}, {"Image", "IMG"}, true},
+        {"other id", {"Image", "I"}, {"Frame", "I"}, false},
+        {"id is the other's name", {"Image", "I"}, {"I", "Image"}, false},
+        {"other case", {"Image", "I"}, {"image", "I"}, false},
+        {"blank behind", {"Image", "I"}, {"Image ", "I"}, false},
+        {"no ids", {"", "I"}, {"", "J"}, true},
+        {"one id", {"Image", "I"}, {"", "I"}, false},
+    };
+    for (const auto& row : rows) {
+        const CTestData data(0, row.one);
+        const CTestData other(0, row.other);
+        QVERIFY2(data.sameType(other) == row.isSame && other.sameType(data) == row.isSame, row.what);
+        QVERIFY2(data.sameType(data), row.what);
+    }
 }
 
 void tst_CNodeData::sameTypeAcrossClasses()
@@ -141,43 +106,24 @@ void tst_CNodeData::copiesHaveTheSameType()
 
 void tst_CNodeData::isDestroyedThroughItsBase()
 {
-    CNodeDataPtr data = CTestData::make(1);
-    QCOMPARE(CTestData::alive(), 1);
-    const CNodeDataPtr second = std::exchange(data, CNodeDataPtr());
-    QCOMPARE(CTestData::alive(), 1);
-    data = second;
-    QCOMPARE(data, second);
-
-    QScopedPointer<CNodeData> other(new CTestData);
+    CNodeDataPtr shared = CTestData::make(1);
+    QScopedPointer<CNodeData> owned(new CTestData);
     QCOMPARE(CTestData::alive(), 2);
-    other.reset();
-    QCOMPARE(CTestData::alive(), 1);
+    owned.reset();
+    shared.reset();
+    QCOMPARE(CTestData::alive(), 0);
 }
 
-void tst_CNodeData::nullPointerIsEmptyData()
-{
-    QVERIFY(CNodeDataPtr().isNull());
-    QCOMPARE(CTestData::valueOf(CNodeDataPtr()), -1);
-}
-
-void tst_CNodeData::pointerHasItsQualifiedName()
+void tst_CNodeData::pointerIsAMetaType()
 {
     const int type = qMetaTypeId<CNodeDataPtr>();
     QCOMPARE(QByteArray(QMetaType::typeName(type)), QByteArray("Plugin::Halvex::CNodeDataPtr"));
-}
-
-void tst_CNodeData::aliasNamesTheSamePointer()
-{
-    QCOMPARE(qRegisterMetaType<CNodeDataPtr>("CNodeDataPtr"), qMetaTypeId<CNodeDataPtr>());
-    QCOMPARE(QMetaType::type("CNodeDataPtr"), qMetaTypeId<CNodeDataPtr>());
+    QCOMPARE(qRegisterMetaType<CNodeDataPtr>("CNodeDataPtr"), type); // an alias
+    QCOMPARE(QMetaType::type("CNodeDataPtr"), type);
     QCOMPARE(qRegisterMetaType<NodePortIndex>("NodePortIndex"), int(QMetaType::Int));
-}
 
-void tst_CNodeData::pointerTravelsInAVariant()
-{
     const CNodeDataPtr data = CTestData::make(5);
-    const QVariant variant = QVariant::fromValue(data);
-    QCOMPARE(variant.value<CNodeDataPtr>(), data);
+    QCOMPARE(QVariant::fromValue(data).value<CNodeDataPtr>(), data);
 }
 
 QTEST_GUILESS_MAIN(tst_CNodeData)

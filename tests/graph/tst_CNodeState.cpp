@@ -10,7 +10,6 @@
 #include <QtTest>
 
 #include <algorithm>
-#include <functional>
 #include <limits>
 #include <memory>
 #include <new>
@@ -34,6 +33,10 @@ static_assert(std::is_same_v<CNodeState::Connections, std::unordered_map<Core::C
 constexpr ENodePortType In = ENodePortType::In;
 constexpr ENodePortType Out = ENodePortType::Out;
 constexpr ENodePortType None = ENodePortType::None;
+constexpr NodePortIndex Largest = std::numeric_limits<NodePortIndex>::max();
+constexpr NodePortIndex Smallest = std::numeric_limits<NodePortIndex>::min();
+
+using Numbers = std::vector<int>;
 
 /// A table for a model with these ports.
 CNodeState makeState(unsigned int inPorts, unsigned int outPorts)
@@ -44,26 +47,27 @@ CNodeState makeState(unsigned int inPorts, unsigned int outPorts)
 /// Two nodes and a connection between them that no table holds, in a place where another can follow it.
 struct SLooseConnection
 {
-    SLooseConnection() { connection.emplace(*sink, 0, *source, 0, NodeDataConverter()); }
+    SLooseConnection() { make(); }
+    void make() { connection.emplace(*sink, 0, *source, 0, NodeDataConverter()); }
 
     STestNode source;
     STestNode sink;
     std::optional<CNodeConnection> connection;
 };
 
-/// Counts how often each side's ports are asked for, and changes its mind each time.
-class CUnsteadyModel : public CTestModel
+/// One that comes into the table of a third node, from which it will not take itself out.
+struct SForeignConnection : SLooseConnection
 {
-public:
-    unsigned int nPorts(ENodePortType portType) const override
-    {
-        asked.push_back(portType);
-        return unsigned(asked.size());
-    }
-    mutable std::vector<ENodePortType> asked;
+    SForeignConnection() { table.setConnection(Out, 0, *connection); }
+
+    STestNode holder;
+    CNodeState table = makeState(1, 1); ///< To be given to the holder.
 };
+using WayIn = void (*)(SForeignConnection&);
 
 } // namespace
+
+Q_DECLARE_METATYPE(WayIn)
 
 class tst_CNodeState : public QObject
 {
@@ -72,85 +76,79 @@ class tst_CNodeState : public QObject
 private Q_SLOTS:
     void hasOneEmptyMapPerPort();
     void portCountsAreReadOnce();
-    void nullModelHasNoPorts();
     void morePortsThanAnIndexCanTellAreRefused();
     void missingPortIsReported_data();
     void missingPortIsReported();
-    void existingPortIsNotReported();
     void constAndModifiableEntriesAreTheSame();
     void setConnectionEntersItUnderItsId();
-    void connectionOfAnotherPortIsGoneWhenDestroyed();
-    void settingTwiceLeavesOneEntry();
     void settingLeavesAnEntryThatIsThere();
     void erasingTakesOneEntryOut();
-    void erasingWhatIsNotThereChangesNothing();
-    void nullEntryIsErased();
     void missingPortIsNeitherSetNorErased();
     void tablesFollowOnceTheyWereMade();
+    void nullEntryIsNeverUsed();
     void writtenEntriesAreServed();
     void writtenEntryTakesTheOthersPlace();
     void writtenEntriesAreServedWhileAnotherWalkStands();
     void rowIsTidyAfterAWalk();
     void connectionsAreACopy();
-    void copyIsIndependent();
-    void assignedCopyIsIndependent();
-    void tableAssignedToItselfStays();
+    void copiesAreIndependent();
     void moveTakesTheEntriesAlong();
+    void tableAssignedToItselfStays();
     void movedTableServesNothing();
     void walkServesTheTableThatItBeganWith();
     void destructorLeavesConnectionsAlone();
     void connectionLeavesItsOwnTables();
     void destroyedConnectionIsNeverUsed_data();
     void destroyedConnectionIsNeverUsed();
-    void connectionInAnothersPlaceIsNotTakenForIt_data();
-    void connectionInAnothersPlaceIsNotTakenForIt();
-    void inputsKeepNoDestroyedConnectionEither_data();
     void inputsKeepNoDestroyedConnectionEither();
-    void nullEntryIsNeverUsed();
     void tablesMayChangePlacesBetweenNodes();
-
-private:
-    static void addWaysIntoATable();
 };
 
 void tst_CNodeState::hasOneEmptyMapPerPort()
 {
-    const CNodeState state = makeState(0, 2);
-    QVERIFY(state.getEntries(In).empty());
+    const CMessageCatcher messages;
+    const CNodeState state = makeState(1, 2);
+    QCOMPARE(state.getEntries(In).size(), std::size_t(1));
     QCOMPARE(state.getEntries(Out).size(), std::size_t(2));
     QVERIFY(state.getEntries(None).empty());
     for (const CNodeState::Connections& port : state.getEntries(Out))
         QVERIFY(port.empty());
+    QVERIFY(state.connections(In, 0).empty());
+    QVERIFY(state.connections(Out, 1).empty());
+    QCOMPARE(messages.texts(), QStringList());
 
-    QCOMPARE(makeState(3, 0).getEntries(In).size(), std::size_t(3));
+    const CNodeState none{std::unique_ptr<CNodeDataModel>()};
+    QVERIFY(none.getEntries(In).empty());
+    QVERIFY(none.getEntries(Out).empty());
 }
 
 void tst_CNodeState::portCountsAreReadOnce()
 {
-    auto owned = std::make_unique<CUnsteadyModel>();
-    const CUnsteadyModel& model = *owned;
-    const std::unique_ptr<CNodeDataModel> held = std::move(owned);
+    class CUnsteadyModel : public CTestModel
+    {
+    public:
+        unsigned int nPorts(ENodePortType side) const override
+        {
+            asked.push_back(side);
+            return unsigned(asked.size());
+        }
+        mutable std::vector<ENodePortType> asked;
+    };
+    const std::unique_ptr<CNodeDataModel> model = std::make_unique<CUnsteadyModel>();
+    const auto& asked = static_cast<CUnsteadyModel&>(*model).asked;
 
-    const CNodeState state(held);
+    const CNodeState state(model);
 
-    QCOMPARE(model.asked, std::vector<ENodePortType>({In, Out}));
+    QCOMPARE(asked, std::vector<ENodePortType>({In, Out}));
     QCOMPARE(state.getEntries(In).size(), std::size_t(1));
     QCOMPARE(state.getEntries(Out).size(), std::size_t(2));
-    QCOMPARE(model.asked.size(), std::size_t(2));
+    QCOMPARE(asked.size(), std::size_t(2));
 }
 
 void tst_CNodeState::morePortsThanAnIndexCanTellAreRefused()
 {
-    const std::unique_ptr<CNodeDataModel> model =
-        std::make_unique<CTestModel>(unsigned(std::numeric_limits<NodePortIndex>::max()) + 1);
+    const std::unique_ptr<CNodeDataModel> model = std::make_unique<CTestModel>(unsigned(Largest) + 1);
     QVERIFY_EXCEPTION_THROWN(CNodeState{model}, std::bad_alloc);
-}
-
-void tst_CNodeState::nullModelHasNoPorts()
-{
-    const CNodeState state{std::unique_ptr<CNodeDataModel>()};
-    QVERIFY(state.getEntries(In).empty());
-    QVERIFY(state.getEntries(Out).empty());
 }
 
 void tst_CNodeState::missingPortIsReported_data()
@@ -162,8 +160,8 @@ void tst_CNodeState::missingPortIsReported_data()
     QTest::newRow("no inputs") << In << 0 << " 0  of type  1";
     QTest::newRow("negative") << Out << -1 << " -1  of type  2";
     QTest::newRow("one too far") << Out << 2 << " 2  of type  2";
-    QTest::newRow("largest") << Out << std::numeric_limits<int>::max() << " 2147483647  of type  2";
-    QTest::newRow("smallest") << Out << std::numeric_limits<int>::min() << " -2147483648  of type  2";
+    QTest::newRow("largest") << Out << Largest << " 2147483647  of type  2";
+    QTest::newRow("smallest") << Out << Smallest << " -2147483648  of type  2";
     QTest::newRow("neither side") << None << 0 << " 0  of type  0";
     QTest::newRow("neither side, negative") << None << -1 << " -1  of type  0";
     QTest::newRow("unknown side") << ENodePortType(7) << 1 << " 1  of type  7";
@@ -184,15 +182,6 @@ void tst_CNodeState::missingPortIsReported()
     QCOMPARE(messages.texts("default").size(), 1);
 }
 
-void tst_CNodeState::existingPortIsNotReported()
-{
-    const CNodeState state = makeState(1, 2);
-    const CMessageCatcher messages;
-    QVERIFY(state.connections(In, 0).empty());
-    QVERIFY(state.connections(Out, 1).empty());
-    QCOMPARE(messages.texts(), QStringList());
-}
-
 void tst_CNodeState::constAndModifiableEntriesAreTheSame()
 {
     CNodeState state = makeState(1, 1);
@@ -200,51 +189,22 @@ void tst_CNodeState::constAndModifiableEntriesAreTheSame()
         QCOMPARE(&state.getEntries(side), &std::as_const(state).getEntries(side));
     QVERIFY(&state.getEntries(In) != &state.getEntries(Out));
     QCOMPARE(&state.getEntries(None), &state.getEntries(ENodePortType(7)));
-
-    const Core::CId id = Core::CId::createId();
-    state.getEntries(Out)[0].emplace(id, nullptr);
-    QCOMPARE(std::as_const(state).getEntries(Out)[0].count(id), std::size_t(1));
-    QVERIFY(std::as_const(state).getEntries(In)[0].empty());
 }
 
 void tst_CNodeState::setConnectionEntersItUnderItsId()
 {
     SLooseConnection loose;
     CNodeState state = makeState(2, 2);
-    state.setConnection(Out, 1, *loose.connection);
-
     const CNodeState::Connections expected{{loose.connection->id(), &*loose.connection}};
-    QCOMPARE(state.connections(Out, 1), expected);
+    for (int time = 0; time < 2; ++time) { // once is enough
+        state.setConnection(Out, 1, *loose.connection);
+        QCOMPARE(state.connections(Out, 1), expected);
+    }
     QVERIFY(state.connections(Out, 0).empty());
     QVERIFY(state.connections(In, 1).empty());
 
     state.setConnection(In, 0, *loose.connection);
     QCOMPARE(state.connections(In, 0), expected);
-}
-
-void tst_CNodeState::connectionOfAnotherPortIsGoneWhenDestroyed()
-{
-    const STestNode source(1, 2);
-    const STestNode sink;
-    auto connection = std::make_unique<CNodeConnection>(*sink, 0, *source, 0, NodeDataConverter());
-    source->nodeState().setConnection(Out, 1, *connection);
-    QCOMPARE(source.outputs(1).size(), std::size_t(1));
-
-    connection.reset();
-
-    QVERIFY(source.outputs(1).empty());
-    sink.model->received.clear();
-    source.model->offer(CTestData::make(1), 1);
-    QVERIFY(sink.model->received.empty());
-}
-
-void tst_CNodeState::settingTwiceLeavesOneEntry()
-{
-    SLooseConnection loose;
-    CNodeState state = makeState(1, 1);
-    state.setConnection(Out, 0, *loose.connection);
-    state.setConnection(Out, 0, *loose.connection);
-    QCOMPARE(state.connections(Out, 0).size(), std::size_t(1));
 }
 
 void tst_CNodeState::settingLeavesAnEntryThatIsThere()
@@ -266,30 +226,12 @@ void tst_CNodeState::erasingTakesOneEntryOut()
     state.setConnection(Out, 0, *second.connection);
     state.setConnection(Out, 1, *first.connection);
 
-    state.eraseConnection(Out, 0, first.connection->id());
+    for (const Core::CId& id : {first.connection->id(), first.connection->id(), Core::CId::createId(), Core::CId()})
+        state.eraseConnection(Out, 0, id);
+    state.eraseConnection(In, 0, second.connection->id());
 
     QCOMPARE(state.connections(Out, 0), CNodeState::Connections({{second.connection->id(), &*second.connection}}));
     QCOMPARE(state.connections(Out, 1).size(), std::size_t(1));
-}
-
-void tst_CNodeState::erasingWhatIsNotThereChangesNothing()
-{
-    SLooseConnection loose;
-    CNodeState state = makeState(1, 1);
-    state.setConnection(Out, 0, *loose.connection);
-    state.eraseConnection(Out, 0, Core::CId::createId());
-    state.eraseConnection(Out, 0, Core::CId());
-    state.eraseConnection(In, 0, loose.connection->id());
-    QCOMPARE(state.connections(Out, 0).size(), std::size_t(1));
-}
-
-void tst_CNodeState::nullEntryIsErased()
-{
-    CNodeState state = makeState(0, 1);
-    const Core::CId id = Core::CId::createId();
-    state.getEntries(Out)[0].emplace(id, nullptr);
-    state.eraseConnection(Out, 0, id);
-    QVERIFY(state.getEntries(Out)[0].empty());
 }
 
 void tst_CNodeState::missingPortIsNeitherSetNorErased()
@@ -298,7 +240,7 @@ void tst_CNodeState::missingPortIsNeitherSetNorErased()
     CNodeState state = makeState(1, 1);
     state.setConnection(Out, 0, *loose.connection);
     const CMessageCatcher messages;
-    for (const NodePortIndex index : {-1, 1, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
+    for (const NodePortIndex index : {-1, 1, Largest, Smallest}) {
         state.setConnection(Out, index, *loose.connection);
         state.eraseConnection(Out, index, loose.connection->id());
     }
@@ -329,22 +271,33 @@ void tst_CNodeState::tablesFollowOnceTheyWereMade()
     QVERIFY(port.empty());
 }
 
+void tst_CNodeState::nullEntryIsNeverUsed()
+{
+    const STestNode node;
+    auto& port = node->nodeState().getEntries(Out)[0];
+    const Core::CId id = Core::CId::createId();
+    port.emplace(id, nullptr);
+    node.model->offer(CTestData::make(1));
+    node->nodeState().eraseConnection(Out, 0, id);
+    QVERIFY(port.empty());
+}
+
 void tst_CNodeState::writtenEntriesAreServed()
 {
     const STestNode source;
-    const SLooseConnection loose;
+    SLooseConnection loose;
     auto& port = source->nodeState().getEntries(Out)[0];
-    port.emplace(loose.connection->id(), const_cast<CNodeConnection*>(&*loose.connection));
+    port.emplace(loose.connection->id(), &*loose.connection);
     source.model->offer(CTestData::make(1));
     port.clear();
     source.model->offer(CTestData::make(2));
-    port.emplace(loose.connection->id(), const_cast<CNodeConnection*>(&*loose.connection));
+    port.emplace(loose.connection->id(), &*loose.connection);
     source.model->offer(CTestData::make(3));
     // What the host takes out and enters again by other ways is served as well.
     port.clear();
-    source->nodeState().setConnection(Out, 0, const_cast<CNodeConnection&>(*loose.connection));
+    source->nodeState().setConnection(Out, 0, *loose.connection);
     source.model->offer(CTestData::make(4));
-    QCOMPARE(loose.sink.model->values(), std::vector<int>({1, 3, 4}));
+    QCOMPARE(loose.sink.model->values(), Numbers({1, 3, 4}));
 }
 
 void tst_CNodeState::writtenEntryTakesTheOthersPlace()
@@ -356,7 +309,7 @@ void tst_CNodeState::writtenEntryTakesTheOthersPlace()
     source->nodeState().getEntries(Out)[0].at(connection->id()) = &*loose.connection;
     source.model->offer(CTestData::make(1));
     QVERIFY(sink.model->received.empty());
-    QCOMPARE(loose.sink.model->values(), std::vector<int>({1}));
+    QCOMPARE(loose.sink.model->values(), Numbers({1}));
 }
 
 void tst_CNodeState::writtenEntriesAreServedWhileAnotherWalkStands()
@@ -375,7 +328,7 @@ void tst_CNodeState::writtenEntriesAreServedWhileAnotherWalkStands()
         source.model->offer(CTestData::make(2));
     };
     source.model->offer(CTestData::make(1));
-    const std::vector<int> values = sink.model->values();
+    const Numbers values = sink.model->values();
     QCOMPARE(std::count(values.begin(), values.end(), 2), 1);
     QCOMPARE(CRowInspector::places(source->nodeState(), Out, 0), 1);
 }
@@ -384,7 +337,7 @@ void tst_CNodeState::rowIsTidyAfterAWalk()
 {
     const STestNode source;
     const STestNode sink;
-    auto stays = join(source, sink);
+    const auto stays = join(source, sink);
     std::vector<std::unique_ptr<CNodeConnection>> others(5);
     for (auto& other : others)
         other = join(source, sink);
@@ -394,6 +347,7 @@ void tst_CNodeState::rowIsTidyAfterAWalk()
             return;
         others[0]->removeFromNodes();
         others[1].reset();
+        source.model->offer(CTestData::make(3)); // another walk, which is not to tidy up
         const auto going = std::move(others);
         others.clear();
         places = CRowInspector::places(source->nodeState(), Out, 0);
@@ -401,11 +355,11 @@ void tst_CNodeState::rowIsTidyAfterAWalk()
 
     source.model->offer(CTestData::make(1));
 
-    QVERIFY(places > 1);
+    QCOMPARE(places, 6);
     QCOMPARE(CRowInspector::places(source->nodeState(), Out, 0), 1);
     sink.model->received.clear();
     source.model->offer(CTestData::make(2));
-    QCOMPARE(sink.model->values(), std::vector<int>({2}));
+    QCOMPARE(sink.model->values(), Numbers({2}));
 }
 
 void tst_CNodeState::connectionsAreACopy()
@@ -417,46 +371,31 @@ void tst_CNodeState::connectionsAreACopy()
     state.setConnection(Out, 0, *second.connection);
 
     const CNodeState::Connections copy = state.connections(Out, 0);
-    int visited = 0;
-    for (const auto& entry : copy) {
-        state.eraseConnection(Out, 0, first.connection->id());
-        state.eraseConnection(Out, 0, second.connection->id());
-        QVERIFY(entry.second->id() == entry.first);
-        ++visited;
-    }
+    state.eraseConnection(Out, 0, first.connection->id());
+    state.eraseConnection(Out, 0, second.connection->id());
 
-    QCOMPARE(visited, 2);
+    QCOMPARE(copy.size(), std::size_t(2));
     QVERIFY(state.connections(Out, 0).empty());
 }
 
-void tst_CNodeState::copyIsIndependent()
+void tst_CNodeState::copiesAreIndependent()
 {
     SLooseConnection loose;
     CNodeState state = makeState(1, 2);
     state.setConnection(Out, 1, *loose.connection);
 
     CNodeState copy(state);
-    QCOMPARE(copy.getEntries(In), state.getEntries(In));
-    QCOMPARE(copy.getEntries(Out), state.getEntries(Out));
+    CNodeState assigned = makeState(5, 0);
+    assigned = state;
+    for (const CNodeState* const each : {&copy, &assigned}) {
+        QCOMPARE(each->getEntries(In), state.getEntries(In));
+        QCOMPARE(each->getEntries(Out), state.getEntries(Out));
+    }
     copy.eraseConnection(Out, 1, loose.connection->id());
-
     QVERIFY(copy.connections(Out, 1).empty());
     QCOMPARE(state.connections(Out, 1).size(), std::size_t(1));
-}
-
-void tst_CNodeState::assignedCopyIsIndependent()
-{
-    SLooseConnection loose;
-    CNodeState state = makeState(1, 2);
-    state.setConnection(Out, 1, *loose.connection);
-
-    CNodeState copy = makeState(5, 0);
-    copy = state;
-    QCOMPARE(copy.getEntries(In).size(), std::size_t(1));
-    QCOMPARE(copy.getEntries(Out), state.getEntries(Out));
     state.eraseConnection(Out, 1, loose.connection->id());
-
-    QCOMPARE(copy.connections(Out, 1).size(), std::size_t(1));
+    QCOMPARE(assigned.connections(Out, 1).size(), std::size_t(1));
 }
 
 void tst_CNodeState::moveTakesTheEntriesAlong()
@@ -485,21 +424,7 @@ void tst_CNodeState::tableAssignedToItselfStays()
     table = same;
     table = std::move(same);
     source.model->offer(CTestData::make(1));
-    QCOMPARE(sink.model->values(), std::vector<int>({1}));
-}
-
-void tst_CNodeState::walkServesTheTableThatItBeganWith()
-{
-    const STestNode source;
-    const STestNode sink;
-    const auto first = join(source, sink);
-    const auto second = join(source, sink);
-    sink.model->onSetInData = [&](const CNodeDataPtr&, NodePortIndex) { source->nodeState() = makeState(1, 1); };
-    source.model->offer(CTestData::make(1));
-    QCOMPARE(sink.model->values(), std::vector<int>({1, 1}));
-    source.model->offer(CTestData::make(2));
-    QCOMPARE(sink.model->values(), std::vector<int>({1, 1}));
-    QCOMPARE(CRowInspector::places(source->nodeState(), Out, 0), 0);
+    QCOMPARE(sink.model->values(), Numbers({1}));
 }
 
 void tst_CNodeState::movedTableServesNothing()
@@ -515,6 +440,20 @@ void tst_CNodeState::movedTableServesNothing()
     QCOMPARE(moved.connections(Out, 0).size(), std::size_t(1));
 }
 
+void tst_CNodeState::walkServesTheTableThatItBeganWith()
+{
+    const STestNode source;
+    const STestNode sink;
+    const auto first = join(source, sink);
+    const auto second = join(source, sink);
+    sink.model->onSetInData = [&](const CNodeDataPtr&, NodePortIndex) { source->nodeState() = makeState(1, 1); };
+    source.model->offer(CTestData::make(1));
+    QCOMPARE(sink.model->values(), Numbers({1, 1}));
+    source.model->offer(CTestData::make(2));
+    QCOMPARE(sink.model->values(), Numbers({1, 1}));
+    QCOMPARE(CRowInspector::places(source->nodeState(), Out, 0), 0);
+}
+
 void tst_CNodeState::destructorLeavesConnectionsAlone()
 {
     SLooseConnection loose;
@@ -523,7 +462,7 @@ void tst_CNodeState::destructorLeavesConnectionsAlone()
         state.setConnection(Out, 0, *loose.connection);
     }
     loose.connection->propagateData(CTestData::make(3));
-    QCOMPARE(loose.sink.model->values(), std::vector<int>({3}));
+    QCOMPARE(loose.sink.model->values(), Numbers({3}));
 }
 
 void tst_CNodeState::connectionLeavesItsOwnTables()
@@ -536,154 +475,74 @@ void tst_CNodeState::connectionLeavesItsOwnTables()
     QVERIFY(std::as_const(*loose.sink).nodeState().getEntries(In)[0].empty());
 }
 
-/// How a connection comes into a node's table from which it will not take itself out.
-using WayIntoATable = std::function<void(CNodeBase& holder, CNodeConnection& connection)>;
-Q_DECLARE_METATYPE(WayIntoATable)
-
-void tst_CNodeState::addWaysIntoATable()
-{
-    QTest::addColumn<WayIntoATable>("enterInto");
-
-    QTest::newRow("another node's table") << WayIntoATable(
-        [](CNodeBase& holder, CNodeConnection& connection) { holder.nodeState().setConnection(Out, 0, connection); });
-    QTest::newRow("assigned table") << WayIntoATable([](CNodeBase& holder, CNodeConnection& connection) {
-        CNodeState state = makeState(1, 1);
-        state.setConnection(Out, 0, connection);
-        holder.nodeState() = state;
-    });
-    QTest::newRow("move-assigned table") << WayIntoATable([](CNodeBase& holder, CNodeConnection& connection) {
-        CNodeState state = makeState(1, 1);
-        state.setConnection(Out, 0, connection);
-        holder.nodeState() = std::move(state);
-    });
-    QTest::newRow("table of its own node") << WayIntoATable([](CNodeBase& holder, CNodeConnection& connection) {
-        enter(connection);
-        holder.nodeState() = std::as_const(connection).getNode(Out)->nodeState();
-    });
-    QTest::newRow("moved from its own node") << WayIntoATable([](CNodeBase& holder, CNodeConnection& connection) {
-        enter(connection);
-        holder.nodeState() = std::move(std::as_const(connection).getNode(Out)->nodeState());
-    });
-    QTest::newRow("end set to another node") << WayIntoATable([](CNodeBase& holder, CNodeConnection& connection) {
-        CNodeBase& source = *std::as_const(connection).getNode(Out);
-        connection.setNodeToPort(holder, Out, 0);
-        enter(connection);
-        connection.setNodeToPort(source, Out, 0);
-    });
-    QTest::newRow("end set by no side") << WayIntoATable([](CNodeBase& holder, CNodeConnection& connection) {
-        CNodeBase& source = *std::as_const(connection).getNode(Out);
-        connection.setNodeToPort(holder, Out, 0);
-        enter(connection);
-        connection.setNodeToPort(source, None, 0);
-    });
-    QTest::newRow("end set to another port") << WayIntoATable([](CNodeBase& holder, CNodeConnection& connection) {
-        connection.setNodeToPort(holder, Out, 0);
-        enter(connection);
-        connection.setNodeToPort(holder, Out, 1);
-    });
-    QTest::newRow("end cleared") << WayIntoATable([](CNodeBase& holder, CNodeConnection& connection) {
-        connection.setNodeToPort(holder, Out, 0);
-        enter(connection);
-        connection.clearNode(Out);
-    });
-    QTest::newRow("end cleared by no side") << WayIntoATable([](CNodeBase& holder, CNodeConnection& connection) {
-        connection.setNodeToPort(holder, Out, 0);
-        enter(connection);
-        connection.clearNode(None);
-    });
-    QTest::newRow("end overwritten") << WayIntoATable([](CNodeBase& holder, CNodeConnection& connection) {
-        CNodeBase* const source = std::as_const(connection).getNode(Out);
-        connection.setNodeToPort(holder, Out, 0);
-        enter(connection);
-        connection.getNode(Out) = source;
-    });
-    QTest::newRow("end overwritten with null") << WayIntoATable([](CNodeBase& holder, CNodeConnection& connection) {
-        connection.setNodeToPort(holder, Out, 0);
-        enter(connection);
-        connection.getNode(Out) = nullptr;
-    });
-}
-
 void tst_CNodeState::destroyedConnectionIsNeverUsed_data()
 {
-    addWaysIntoATable();
+    QTest::addColumn<bool>("isEnteredAtHolder");
+    QTest::addColumn<WayIn>("comeIn");
+
+    // clang-format off
+    const auto addRow = [](const char* name, bool isEnteredAtHolder, WayIn comeIn) {
+        QTest::newRow(name) << isEnteredAtHolder << comeIn;
+    };
+    using World = SForeignConnection;
+    addRow("another node's table", false, [](World& w) { w.holder->nodeState().setConnection(Out, 0, *w.connection); });
+    addRow("assigned table", false, [](World& w) { w.holder->nodeState() = w.table; });
+    addRow("move-assigned table", false, [](World& w) { w.holder->nodeState() = std::move(w.table); });
+    addRow("table of its own node", false, [](World& w) { w.holder->nodeState() = w.source->nodeState(); });
+    addRow("moved from its own node", false, [](World& w) { w.holder->nodeState() = std::move(w.source->nodeState()); });
+    addRow("end set to another node", true, [](World& w) { w.connection->setNodeToPort(*w.source, Out, 0); });
+    addRow("end set by no side", true, [](World& w) { w.connection->setNodeToPort(*w.source, None, 0); });
+    addRow("end set to another port", true, [](World& w) { w.connection->setNodeToPort(*w.holder, Out, 1); });
+    addRow("end cleared", true, [](World& w) { w.connection->clearNode(Out); });
+    addRow("end cleared by no side", true, [](World& w) { w.connection->clearNode(None); });
+    addRow("end overwritten", true, [](World& w) { w.connection->getNode(Out) = w.source.node.get(); });
+    addRow("end overwritten with null", true, [](World& w) { w.connection->getNode(Out) = nullptr; });
+    // clang-format on
 }
 
 void tst_CNodeState::destroyedConnectionIsNeverUsed()
 {
-    QFETCH(const WayIntoATable, enterInto);
-    const STestNode holder;
-    const STestNode source;
-    const STestNode sink;
-    auto connection = std::make_unique<CNodeConnection>(*sink, 0, *source, 0, NodeDataConverter());
-    enterInto(*holder, *connection);
+    QFETCH(const bool, isEnteredAtHolder);
+    QFETCH(const WayIn, comeIn);
+    SForeignConnection world;
+    if (isEnteredAtHolder)
+        world.connection->setNodeToPort(*world.holder, Out, 0);
+    enter(*world.connection);
+    comeIn(world);
+    const STestNode& holder = world.holder;
     QCOMPARE(holder.outputs().size(), std::size_t(1));
     holder.model->offer(CTestData::make(1));
-    QCOMPARE(sink.model->values(), std::vector<int>({1}));
+    QCOMPARE(world.sink.model->values(), Numbers({1}));
 
-    connection.reset();
-    sink.model->received.clear();
-
-    QVERIFY(holder.outputs().empty());
-    QVERIFY(CNodeState(holder->nodeState()).connections(Out, 0).empty());
-    holder.model->offer(CTestData::make(2));
-    holder->propagateData(CTestData::make(4), 0);
-    if (!std::as_const(*source).nodeState().getEntries(Out).empty())
-        source.model->offer(CTestData::make(3));
-    QVERIFY(sink.model->received.empty());
-}
-
-void tst_CNodeState::connectionInAnothersPlaceIsNotTakenForIt_data()
-{
-    addWaysIntoATable();
-}
-
-void tst_CNodeState::connectionInAnothersPlaceIsNotTakenForIt()
-{
-    QFETCH(const WayIntoATable, enterInto);
-    const STestNode holder;
-    SLooseConnection loose;
-    const CNodeConnection* const place = &*loose.connection;
-    enterInto(*holder, *loose.connection);
-    loose.connection.reset();
-    loose.sink.model->received.clear();
-
-    loose.connection.emplace(*loose.sink, 0, *loose.source, 0, NodeDataConverter());
-
-    QCOMPARE(&*loose.connection, place);
-    QVERIFY(holder.outputs().empty());
-    holder.model->offer(CTestData::make(2));
-    holder->propagateData(CTestData::make(3), 0);
-    QVERIFY(loose.sink.model->received.empty());
-}
-
-void tst_CNodeState::inputsKeepNoDestroyedConnectionEither_data()
-{
-    QTest::addColumn<ENodePortType>("side");
-
-    QTest::newRow("set for the side") << In;
-    QTest::newRow("set for no side") << None; // moves the index of the in end and the node of the out end
+    const CNodeConnection* const place = &*world.connection;
+    world.connection.reset();
+    for (const bool isPlaceTaken : {false, true}) { // by one that is not to be taken for it
+        if (isPlaceTaken) {
+            world.make();
+            QCOMPARE(&*world.connection, place);
+        }
+        world.sink.model->received.clear();
+        QVERIFY(holder.outputs().empty());
+        QVERIFY(CNodeState(holder->nodeState()).connections(Out, 0).empty());
+        holder.model->offer(CTestData::make(2));
+        holder->propagateData(CTestData::make(3), 0);
+        world.source.model->offer(CTestData::make(4));
+        QVERIFY(world.sink.model->received.empty());
+    }
 }
 
 void tst_CNodeState::inputsKeepNoDestroyedConnectionEither()
 {
-    QFETCH(const ENodePortType, side);
-    const STestNode source;
-    const STestNode sink(2, 0);
-    auto connection = join(source, sink);
-    connection->setNodeToPort(side == In ? *sink : *source, side, 1);
-    QCOMPARE(sink->nodeState().connections(In, 0).size(), std::size_t(1));
-
-    connection.reset();
-
-    QVERIFY(sink->nodeState().connections(In, 0).empty());
-}
-
-void tst_CNodeState::nullEntryIsNeverUsed()
-{
-    const STestNode node;
-    node->nodeState().getEntries(Out)[0].emplace(Core::CId::createId(), nullptr);
-    node.model->offer(CTestData::make(1));
+    for (const ENodePortType side :
+         {In, None}) { // the latter moves the index of the in end and the node of the out end
+        const STestNode source;
+        const STestNode sink(2, 0);
+        auto connection = join(source, sink);
+        connection->setNodeToPort(side == In ? *sink : *source, side, 1);
+        QCOMPARE(sink->nodeState().connections(In, 0).size(), std::size_t(1));
+        connection.reset();
+        QVERIFY(sink->nodeState().connections(In, 0).empty());
+    }
 }
 
 void tst_CNodeState::tablesMayChangePlacesBetweenNodes()
@@ -695,7 +554,7 @@ void tst_CNodeState::tablesMayChangePlacesBetweenNodes()
     std::swap(first->nodeState(), second->nodeState());
 
     second.model->offer(CTestData::make(5));
-    QCOMPARE(sink.model->values(), std::vector<int>({5}));
+    QCOMPARE(sink.model->values(), Numbers({5}));
 
     connection.reset();
     sink.model->received.clear();
