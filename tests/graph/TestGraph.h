@@ -61,7 +61,8 @@ struct SFan
     {
         int count = 0;
         for (const auto& sink : sinks) {
-            const std::vector<int> values = sink->node ? sink->model->values() : std::vector<int>();
+            const bool isThere = sink && sink->node;
+            const std::vector<int> values = isThere ? sink->model->values() : std::vector<int>();
             count += int(std::count(values.begin(), values.end(), value));
         }
         return count;
