@@ -3,12 +3,13 @@
 
 #pragma once
 
-#include "Allocations.h"
 #include "CFrame.h"
 #include "CRatioTable.h"
 #include "SShape.h"
 #include "Subjects.h"
 #include "WorkedSeconds.h"
+
+#include "tests/support/Allocations.h"
 
 #include <benchmark/benchmark.h>
 

@@ -4,9 +4,7 @@
 #include <Halvex/graph/CNodeConnection.h>
 
 #include "graph/TestGraph.h"
-#include "support/CContextTranslator.h"
 #include "support/CMessageCatcher.h"
-#include "support/MetaMethods.h"
 
 #include <QtTest>
 
@@ -107,7 +105,6 @@ class tst_CNodeConnection : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void metaObject();
     void everyConnectionHasItsOwnId();
     void hasTwoEndsAndNoOther();
     void changesOfTheEnds_data();
@@ -151,18 +148,6 @@ private Q_SLOTS:
     void exceptionsOfDeliveriesPassThrough();
     void exceptionsOfTheLastDeliveryAreReported();
 };
-
-void tst_CNodeConnection::metaObject()
-{
-    const QMetaObject& meta = CNodeConnection::staticMetaObject;
-    QCOMPARE(QByteArray(meta.className()), QByteArray("Plugin::Halvex::CNodeConnection"));
-    QCOMPARE(meta.superClass(), &QObject::staticMetaObject);
-    QCOMPARE(methodsOf(meta), QStringList(QStringLiteral("public signal updated(CNodeConnection& conn)")));
-    QCOMPARE(otherMembersOf(meta), 0);
-    QCOMPARE(SPair().connection->metaObject(), &meta);
-    const CContextTranslator translator;
-    QCOMPARE(CNodeConnection::tr("any"), QStringLiteral("Plugin::Halvex::CNodeConnection"));
-}
 
 void tst_CNodeConnection::everyConnectionHasItsOwnId()
 {

@@ -3,11 +3,8 @@
 
 #include <Halvex/graph/CNodeDataModel.h>
 
-#include "support/CContextTranslator.h"
 #include "support/CTestModel.h"
-#include "support/MetaMethods.h"
 
-#include <QMetaEnum>
 #include <QtTest>
 
 #include <functional>
@@ -70,9 +67,6 @@ class tst_CNodeDataModel : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void metaObject();
-    void connectionPolicyIsKnownToTheMetaObject();
-    void translatesUnderItsClassName();
     void defaults();
     void infoIsHeldAndAnnounced();
     void infoHeldAlreadyIsNotAnnounced();
@@ -84,43 +78,6 @@ private Q_SLOTS:
     void saveHoldsTheNameAlone();
     void restoreDoesNothing();
 };
-
-void tst_CNodeDataModel::metaObject()
-{
-    const QMetaObject& meta = CNodeDataModel::staticMetaObject;
-    QCOMPARE(QByteArray(meta.className()), QByteArray("Plugin::Halvex::CNodeDataModel"));
-    QCOMPARE(meta.superClass(), &QObject::staticMetaObject);
-    QCOMPARE(methodsOf(meta), QStringList({
-                                  QStringLiteral("public signal dataUpdated(NodePortIndex index)"),
-                                  QStringLiteral("public signal dataInvalidated(NodePortIndex index)"),
-                                  QStringLiteral("public signal computingStarted()"),
-                                  QStringLiteral("public signal computingFinished()"),
-                                  QStringLiteral("public signal infoInjected("
-                                                 "Core::AppCoreComponents::BaseInfoPtr info)"),
-                              }));
-    QCOMPARE(otherMembersOf(meta), 1);
-    QCOMPARE(CTestModel().metaObject(), &meta);
-}
-
-void tst_CNodeDataModel::connectionPolicyIsKnownToTheMetaObject()
-{
-    const QMetaEnum policy = QMetaEnum::fromType<CNodeDataModel::EConnectionPolicy>();
-    QVERIFY(policy.isValid());
-    QCOMPARE(policy.keyCount(), 2);
-    QCOMPARE(policy.value(0), 0);
-    QCOMPARE(policy.value(1), 1);
-}
-
-void tst_CNodeDataModel::translatesUnderItsClassName()
-{
-    const CContextTranslator translator;
-    const QString context = QStringLiteral("Plugin::Halvex::CNodeDataModel");
-    QCOMPARE(CNodeDataModel::tr("Blur"), context);
-    QT_WARNING_PUSH
-    QT_WARNING_DISABLE_DEPRECATED
-    QCOMPARE(CNodeDataModel::trUtf8("Blur"), context);
-    QT_WARNING_POP
-}
 
 void tst_CNodeDataModel::defaults()
 {

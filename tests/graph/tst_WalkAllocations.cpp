@@ -1,127 +1,65 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
+#include "graph/TestGraph.h"
+#include "support/Allocations.h"
 #include "support/BoundedWait.h"
-#include "support/CTestData.h"
 
-#include <Halvex/graph/CNodeBase.h>
-#include <Halvex/graph/CNodeConnection.h>
-
-#include <QThread>
+#include <QPointer>
 #include <QtTest>
 
-#include <cstddef>
 #include <memory>
 #include <vector>
 
 using namespace Plugin::Halvex;
 
-// Every allocation of the process goes through these: operator new and Qt's containers end in malloc, and a program's
-// own malloc comes before the C library's. That one is reached by its second name.
-// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): it is the C library that named them
-extern "C" {
-void* __libc_malloc(std::size_t size);
-void* __libc_calloc(std::size_t nmemb, std::size_t size);
-void* __libc_realloc(void* ptr, std::size_t size);
-}
-// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)
-
 namespace {
 
-thread_local long t_allocations = 0;
-
-} // namespace
-
-extern "C" {
-
-Q_DECL_EXPORT void* malloc(std::size_t size)
+template <typename Work>
+long allocationsOf(const Work& work)
 {
-    ++t_allocations;
-    return __libc_malloc(size);
+    const long before = allocations();
+    work();
+    return allocations() - before;
 }
 
-Q_DECL_EXPORT void* calloc(std::size_t nmemb, std::size_t size)
-{
-    ++t_allocations;
-    return __libc_calloc(nmemb, size);
-}
-
-Q_DECL_EXPORT void* realloc(void* ptr, std::size_t size)
-{
-    ++t_allocations;
-    return __libc_realloc(ptr, size);
-}
-}
-
-namespace {
-
-/// Passes on what it receives and allocates nothing.
-class CRelayModel : public CNodeDataModel
-{
-public:
-    QString caption() override { return QString(); }
-    QString name() override { return QString(); }
-    unsigned int nPorts(ENodePortType) const override { return 1; }
-    SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return {}; }
-    void setInData(CNodeDataPtr data, NodePortIndex) override
-    {
-        ++received;
-        m_data = std::move(data);
-        if (m_data)
-            Q_EMIT dataUpdated(0);
-    }
-    CNodeDataPtr outData(NodePortIndex) override { return m_data; }
-
-    int received = 0;
-
-private:
-    CNodeDataPtr m_data;
-};
-
+/// Nodes whose models are ready to receive one data object without an allocation of their own.
 class CGraph
 {
 public:
-    CNodeBase& addNode()
+    explicit CGraph(int nodes)
+        : m_nodes(std::size_t(nodes))
     {
-        auto model = std::make_unique<CRelayModel>();
-        m_models.push_back(model.get());
-        m_nodes.push_back(std::make_unique<CNodeBase>(std::move(model)));
-        return *m_nodes.back();
+        for (const STestNode& node : m_nodes) {
+            node.model->received.reserve(1);
+            m_models.emplace_back(node.model);
+        }
     }
 
-    void connectNodes(CNodeBase& out, CNodeBase& in, NodeDataConverter converter = {})
+    CNodeState& firstTable() const { return m_nodes.front()->nodeState(); }
+
+    void connectNodes(std::size_t out, std::size_t in, bool converts = false)
     {
-        m_connections.push_back(std::make_unique<CNodeConnection>(in, 0, out, 0, std::move(converter)));
-        CNodeConnection& connection = *m_connections.back();
-        in.nodeState().setConnection(ENodePortType::In, 0, connection);
-        out.nodeState().setConnection(ENodePortType::Out, 0, connection);
+        m_connections.push_back(join(m_nodes[out], m_nodes[in], converts ? &passOn : NodeDataConverter()));
     }
 
     /// Sends data into the first node. Returns what that took of allocations, -1 if not every node was served.
-    long allocationsOfAWalk()
+    long allocationsOfAWalk() const
     {
         const CNodeDataPtr data = CTestData::make(1);
-        const long before = t_allocations;
-        m_nodes.front()->propagateData(data, 0);
-        const long after = t_allocations;
-
-        for (const CRelayModel* const model : m_models) {
-            if (model->received != 1)
+        const long taken = allocationsOf([&] { m_nodes.front()->propagateData(data, 0); });
+        for (const STestNode& node : m_nodes) {
+            if (node.model->received.size() != 1)
                 return -1;
         }
-        return after - before;
+        return taken;
     }
 
 private:
-    std::vector<std::unique_ptr<CNodeBase>> m_nodes;
-    std::vector<const CRelayModel*> m_models;
+    std::vector<STestNode> m_nodes;
+    std::vector<QPointer<CTestModel>> m_models; // the first pointer to an object allocates
     std::vector<std::unique_ptr<CNodeConnection>> m_connections;
 };
-
-CNodeDataPtr pass(CNodeDataPtr data)
-{
-    return data;
-}
 
 } // namespace
 
@@ -131,9 +69,7 @@ class tst_WalkAllocations : public QObject
 
 private Q_SLOTS:
     void allocationsAreCounted();
-    void connectionsOfOnePort_data();
     void connectionsOfOnePort();
-    void chain_data();
     void chain();
     void portWithEntriesOfTheHost();
     void anotherThread();
@@ -141,83 +77,54 @@ private Q_SLOTS:
 
 void tst_WalkAllocations::allocationsAreCounted()
 {
-    const auto counted = [](auto&& work) {
-        const long before = t_allocations;
-        work();
-        return t_allocations - before;
-    };
-    QCOMPARE(counted([] {}), 0L);
-    QVERIFY(counted([] { std::make_unique<CRelayModel>(); }) > 0);
-    QCOMPARE(counted([] { QVector<int>(10); }), 1L);
-    QVERIFY(counted([] { CTestData::make(1); }) > 0);
-}
-
-void tst_WalkAllocations::connectionsOfOnePort_data()
-{
-    QTest::addColumn<int>("count");
-    QTest::addColumn<bool>("converts");
-
-    for (const int count : {1, 2, 16, 17, 100, 1000}) {
-        QTest::addRow("%d", count) << count << false;
-        QTest::addRow("%d, converting", count) << count << true;
-    }
+    QCOMPARE(allocationsOf([] {}), 0L);
+    QVERIFY(allocationsOf([] { std::make_unique<CTestModel>(); }) > 0);
+    QCOMPARE(allocationsOf([] { QVector<int>(10); }), 1L);
+    QVERIFY(allocationsOf([] { CTestData::make(1); }) > 0);
 }
 
 void tst_WalkAllocations::connectionsOfOnePort()
 {
-    QFETCH(const int, count);
-    QFETCH(const bool, converts);
-    CGraph graph;
-    CNodeBase& source = graph.addNode();
-    for (int i = 0; i < count; ++i)
-        graph.connectNodes(source, graph.addNode(), converts ? pass : NodeDataConverter());
-    QCOMPARE(graph.allocationsOfAWalk(), 0L);
-}
-
-void tst_WalkAllocations::chain_data()
-{
-    QTest::addColumn<bool>("converts");
-
-    QTest::newRow("plain") << false;
-    QTest::newRow("converting") << true;
+    for (const std::size_t count : {1, 2, 16, 17, 100, 1000}) {
+        for (const bool converts : {false, true}) {
+            CGraph graph(int(count) + 1);
+            for (std::size_t i = 1; i <= count; ++i)
+                graph.connectNodes(0, i, converts);
+            QCOMPARE(graph.allocationsOfAWalk(), 0L);
+        }
+    }
 }
 
 void tst_WalkAllocations::chain()
 {
-    QFETCH(const bool, converts);
-    CGraph graph;
-    CNodeBase* last = &graph.addNode();
-    for (int i = 1; i < 100; ++i) {
-        CNodeBase& next = graph.addNode();
-        graph.connectNodes(*last, next, converts ? pass : NodeDataConverter());
-        last = &next;
+    for (const bool converts : {false, true}) {
+        CGraph graph(100);
+        for (std::size_t i = 1; i < 100; ++i)
+            graph.connectNodes(i - 1, i, converts);
+        QCOMPARE(graph.allocationsOfAWalk(), 0L);
     }
-    QCOMPARE(graph.allocationsOfAWalk(), 0L);
 }
 
 void tst_WalkAllocations::portWithEntriesOfTheHost()
 {
-    CGraph graph;
-    CNodeBase& source = graph.addNode();
-    for (int i = 0; i < 20; ++i)
-        graph.connectNodes(source, graph.addNode());
+    CGraph graph(21);
+    for (std::size_t i = 1; i <= 20; ++i)
+        graph.connectNodes(0, i);
     // From here on each walk looks for what was written.
-    source.nodeState().getEntries(ENodePortType::Out);
+    graph.firstTable().getEntries(ENodePortType::Out);
     QCOMPARE(graph.allocationsOfAWalk(), 0L);
 }
 
 void tst_WalkAllocations::anotherThread()
 {
-    long allocations = -1;
-    const std::unique_ptr<QThread> thread(QThread::create([&allocations] {
-        CGraph graph;
-        CNodeBase& source = graph.addNode();
-        graph.connectNodes(source, graph.addNode());
-        allocations = graph.allocationsOfAWalk();
-    }));
-    thread->start();
-    waitForEnd(*thread);
-    QCOMPARE(allocations, 0L);
+    long taken = -1;
+    CTestThread thread([&taken] {
+        CGraph graph(2);
+        graph.connectNodes(0, 1);
+        taken = graph.allocationsOfAWalk();
+    });
+    thread.join();
+    QCOMPARE(taken, 0L);
 }
 
 QTEST_GUILESS_MAIN(tst_WalkAllocations)

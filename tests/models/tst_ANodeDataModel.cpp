@@ -3,9 +3,7 @@
 
 #include <Halvex/models/ANodeDataModel.h>
 
-#include "TestModels.h"
-#include "support/CContextTranslator.h"
-#include "support/MetaMethods.h"
+#include "support/CTestModel.h"
 
 #include <Halvex/graph/CNodeBase.h>
 
@@ -26,12 +24,14 @@ namespace {
 
 const QString Marker = QStringLiteral("Halvex.NoUniqueName");
 
-class CNamedModel : public CPlainModel<ANodeDataModel>
+class CNamedModel : public CNamedTestModel
 {
 public:
-    using CPlainModel::CPlainModel;
-    CNodeDataPtr outData(NodePortIndex) override { return {}; }
-    void setType(ENodeDataModelType type) { m_modelType = type; }
+    CNamedModel() = default;
+    explicit CNamedModel(const QString& uniqueName)
+        : CNamedTestModel(1, 1, QStringLiteral("Plain"), uniqueName)
+    {
+    }
 };
 
 } // namespace
@@ -47,14 +47,9 @@ private Q_SLOTS:
     void uniqueNames();
     void everyModelHasItsOwnId();
     void kindIsSinkUnlessSet();
-    void savesWhetherItIsUnique();
     void asksForUniquenessAtEachSave();
-    void nodeSavesItsIdentity();
-    void nameMayRemoveTheModelThatIsSaved() const;
+    void nameMayRemoveTheModelThatIsSaved();
     void restoreChangesNothing();
-    void noInfoAtFirst();
-    void metaObject();
-    void textsAreTranslatedUnderTheClassName();
 };
 
 void tst_ANodeDataModel::initTestCase()
@@ -116,54 +111,29 @@ void tst_ANodeDataModel::kindIsSinkUnlessSet()
 {
     CNamedModel model;
     QCOMPARE(int(model.getType()), 1);
-
     model.setType(ENodeDataModelType::Decoupler);
     QCOMPARE(model.getType(), ENodeDataModelType::Decoupler);
 }
 
-void tst_ANodeDataModel::savesWhetherItIsUnique()
-{
-    CNamedModel model(QStringLiteral("Camera"));
-    model.unique = true;
-    QCOMPARE(model.save(), (QJsonObject{{"name", "Plain"}, {"is_unique", true}, {"unique_name", "Camera"}}));
-}
-
 void tst_ANodeDataModel::asksForUniquenessAtEachSave()
 {
-    CNamedModel model;
-    QCOMPARE(model.save().value("is_unique"), QJsonValue(false));
-    model.unique = true;
-    QCOMPARE(model.save().value("is_unique"), QJsonValue(true));
+    CNamedModel model(QStringLiteral("Camera"));
+    for (const bool unique : {false, true}) {
+        model.unique = unique;
+        QCOMPARE(model.save(), QJsonObject({{"name", "Plain"}, {"is_unique", unique}, {"unique_name", "Camera"}}));
+    }
 }
 
-void tst_ANodeDataModel::nodeSavesItsIdentity()
+void tst_ANodeDataModel::nameMayRemoveTheModelThatIsSaved()
 {
-    const CNodeBase node(std::make_unique<CNamedModel>(QStringLiteral("Camera")));
-    QCOMPARE(node.save().value("model").toObject(), node.nodeDataModel()->save());
-    QCOMPARE(node.save().value("model").toObject().value("unique_name"), QJsonValue("Camera"));
-}
-
-void tst_ANodeDataModel::nameMayRemoveTheModelThatIsSaved() const
-{
-    class CVanishingModel : public CNamedModel
-    {
-    public:
-        QString name() override
-        {
-            if (owner)
-                owner->reset();
-            return QStringLiteral("Vanishing");
-        }
-        std::unique_ptr<CNodeBase>* owner = nullptr;
-    };
-    auto vanishing = std::make_unique<CVanishingModel>();
-    CVanishingModel* const model = vanishing.get();
-    auto node = std::make_unique<CNodeBase>(std::move(vanishing));
-    model->owner = &node;
+    auto owned = std::make_unique<CNamedModel>(QString());
+    CNamedModel* const model = owned.get();
+    auto node = std::make_unique<CNodeBase>(std::move(owned));
+    model->onName = [&node] { node.reset(); };
     // Asked directly: the node's own save() would keep the model until it has ended.
-    const QJsonObject json = node->nodeDataModel()->save();
+    const QJsonObject json = model->ANodeDataModel::save();
     QVERIFY(!node);
-    QCOMPARE(json, QJsonObject({{"name", "Vanishing"}}));
+    QCOMPARE(json, QJsonObject({{"name", "Plain"}}));
 }
 
 void tst_ANodeDataModel::restoreChangesNothing()
@@ -172,32 +142,10 @@ void tst_ANodeDataModel::restoreChangesNothing()
     const Core::CId id = model.id();
     const QJsonObject saved = model.save();
 
-    model.restore({{"name", "Other"}, {"is_unique", true}, {"unique_name", "Other"}});
+    model.ANodeDataModel::restore({{"name", "Other"}, {"is_unique", true}, {"unique_name", "Other"}});
 
     QCOMPARE(model.id(), id);
     QCOMPARE(model.save(), saved);
-}
-
-void tst_ANodeDataModel::noInfoAtFirst()
-{
-    CNamedModel model;
-    QVERIFY(!model.getInfo());
-    QVERIFY(!model.parent());
-}
-
-void tst_ANodeDataModel::metaObject()
-{
-    const QMetaObject& metaObject = ANodeDataModel::staticMetaObject;
-    QCOMPARE(metaObject.className(), "Plugin::Halvex::ANodeDataModel");
-    QCOMPARE(metaObject.superClass(), &CNodeDataModel::staticMetaObject);
-    QCOMPARE(methodsOf(metaObject), QStringList());
-    QCOMPARE(otherMembersOf(metaObject), 0);
-}
-
-void tst_ANodeDataModel::textsAreTranslatedUnderTheClassName()
-{
-    const CContextTranslator translator;
-    QCOMPARE(ANodeDataModel::tr("text"), QStringLiteral("Plugin::Halvex::ANodeDataModel"));
 }
 
 QTEST_GUILESS_MAIN(tst_ANodeDataModel)

@@ -4,8 +4,6 @@
 #include <Halvex/models/CNodeDataFlowProxy.h>
 
 #include "TestModels.h"
-#include "support/CContextTranslator.h"
-#include "support/MetaMethods.h"
 
 #include <QtTest>
 
@@ -29,6 +27,24 @@ public Q_SLOTS:
     void receive(const CNodeDataPtr& data) { received << data; }
 };
 
+/// How each kind of model holds its proxy.
+template <typename Model>
+void requireProxyOfItsOwn()
+{
+    auto model = std::make_unique<Model>();
+    const QPointer<CNodeDataFlowProxy> proxy = model->getDataFlowProxy();
+    QVERIFY(proxy);
+    QCOMPARE(proxy->parent(), model.get());
+    QCOMPARE(proxy->thread(), model->thread());
+    QCOMPARE(model->getDataFlowProxy(), proxy);
+    model.reset();
+    QVERIFY(!proxy);
+
+    model = std::make_unique<Model>();
+    delete model->getDataFlowProxy().data();
+    QVERIFY(!model->getDataFlowProxy());
+}
+
 } // namespace
 
 class tst_CNodeDataFlowProxy : public QObject
@@ -38,15 +54,12 @@ class tst_CNodeDataFlowProxy : public QObject
 private Q_SLOTS:
     void cleanup();
 
-    void defaultHasNoParent();
     void belongsToItsParent();
-    void emitsOncePerCall();
+    void sourcesAndSinksHaveOne();
+    void emitsOncePerCallAndKeepsNothing();
     void emitsInTheCallersThread();
-    void keepsNoData();
     void queuesDataByTheNamesOfSignalAndSlot();
     void listenerMayDestroyIt();
-    void metaObject();
-    void textsAreTranslatedUnderTheClassName();
 };
 
 void tst_CNodeDataFlowProxy::cleanup()
@@ -54,34 +67,34 @@ void tst_CNodeDataFlowProxy::cleanup()
     QCOMPARE(CTestData::alive(), 0);
 }
 
-void tst_CNodeDataFlowProxy::defaultHasNoParent()
-{
-    const CNodeDataFlowProxy proxy;
-    QVERIFY(!proxy.parent());
-    QCOMPARE(proxy.thread(), QThread::currentThread());
-}
-
 void tst_CNodeDataFlowProxy::belongsToItsParent()
 {
-    auto parent = std::make_unique<QObject>();
-    const QPointer<CNodeDataFlowProxy> proxy = new CNodeDataFlowProxy(parent.get());
-    QCOMPARE(proxy->parent(), parent.get());
-    parent.reset();
-    QVERIFY(!proxy);
+    QVERIFY(!CNodeDataFlowProxy().parent());
+    QObject parent;
+    QCOMPARE((new CNodeDataFlowProxy(&parent))->parent(), &parent);
 }
 
-void tst_CNodeDataFlowProxy::emitsOncePerCall()
+void tst_CNodeDataFlowProxy::sourcesAndSinksHaveOne()
+{
+    requireProxyOfItsOwn<CSource>();
+    requireProxyOfItsOwn<CSink>();
+}
+
+void tst_CNodeDataFlowProxy::emitsOncePerCallAndKeepsNothing()
 {
     CNodeDataFlowProxy proxy;
     QList<CNodeDataPtr> heard;
     connect(&proxy, &CNodeDataFlowProxy::newDataAvailable, &proxy,
             [&heard](const CNodeDataPtr& data) { heard << data; });
 
-    const CNodeDataPtr data = CTestData::make(1);
+    CNodeDataPtr data = CTestData::make(1);
     proxy.setData(CNodeDataPtr());
     proxy.setData(data);
     proxy.setData(data);
     QCOMPARE(heard, QList<CNodeDataPtr>({CNodeDataPtr(), data, data}));
+    heard.clear();
+    data.reset();
+    QCOMPARE(CTestData::alive(), 0);
 }
 
 void tst_CNodeDataFlowProxy::emitsInTheCallersThread()
@@ -102,17 +115,6 @@ void tst_CNodeDataFlowProxy::emitsInTheCallersThread()
 
     proxy.setData(CTestData::make(2));
     QCOMPARE(heardIn, QThread::currentThread());
-}
-
-void tst_CNodeDataFlowProxy::keepsNoData()
-{
-    CNodeDataFlowProxy proxy;
-    int heard = -1;
-    connect(&proxy, &CNodeDataFlowProxy::newDataAvailable, &proxy,
-            [&heard](const CNodeDataPtr& data) { heard = CTestData::valueOf(data); });
-    proxy.setData(CTestData::make(1));
-    QCOMPARE(heard, 1);
-    QCOMPARE(CTestData::alive(), 0);
 }
 
 void tst_CNodeDataFlowProxy::queuesDataByTheNamesOfSignalAndSlot()
@@ -142,21 +144,6 @@ void tst_CNodeDataFlowProxy::listenerMayDestroyIt()
     proxy->setData(data);
     QVERIFY(!proxy);
     QCOMPARE(heard, data);
-}
-
-void tst_CNodeDataFlowProxy::metaObject()
-{
-    const QMetaObject& metaObject = CNodeDataFlowProxy::staticMetaObject;
-    QCOMPARE(metaObject.className(), "Plugin::Halvex::CNodeDataFlowProxy");
-    QCOMPARE(metaObject.superClass(), &QObject::staticMetaObject);
-    QCOMPARE(methodsOf(metaObject), QStringList{"public signal newDataAvailable(CNodeDataPtr ptrNodeData)"});
-    QCOMPARE(otherMembersOf(metaObject), 0);
-}
-
-void tst_CNodeDataFlowProxy::textsAreTranslatedUnderTheClassName()
-{
-    const CContextTranslator translator;
-    QCOMPARE(CNodeDataFlowProxy::tr("text"), QStringLiteral("Plugin::Halvex::CNodeDataFlowProxy"));
 }
 
 QTEST_GUILESS_MAIN(tst_CNodeDataFlowProxy)

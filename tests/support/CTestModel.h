@@ -11,6 +11,7 @@
 
 #include <QPointer>
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -42,7 +43,7 @@ protected:
     }
 
 private:
-    static inline int s_alive = 0;
+    static inline std::atomic<int> s_alive{0};
 };
 
 /**

@@ -19,6 +19,19 @@ namespace {
 static_assert(!std::is_copy_constructible_v<CDeferredQueue> && !std::is_copy_assignable_v<CDeferredQueue>,
               "what waits, waits once");
 
+/// A queue, and what was done in it.
+struct SDiary
+{
+    std::function<void()> note(const char* name)
+    {
+        return [this, name] { done << QString(name); };
+    }
+    bool isIdle() const { return !queue->isBusy() && queue->depth() == 0 && queue->size() == 0; }
+
+    std::unique_ptr<CDeferredQueue> queue = std::make_unique<CDeferredQueue>();
+    QStringList done;
+};
+
 } // namespace
 
 class tst_CDeferredQueue : public QObject
@@ -26,106 +39,68 @@ class tst_CDeferredQueue : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void nothingIsUnderWayAtFirst();
     void actionIsDoneAtOnceIfNothingIsUnderWay();
-    void actionsWaitForTheWorkInOrder();
-    void actionsWaitForTheOutermostWork();
-    void actionOfAnActionJoinsTheEnd();
-    void workOfAnActionIsNested();
+    void actionsWaitForTheOutermostWorkInOrder();
+    void whatAnActionDefersJoinsTheEnd();
     void stackStaysFlat();
-    void exceptionPassesAfterWhatWaited_data();
     void exceptionPassesAfterWhatWaited();
     void firstOfSeveralExceptionsPasses();
     void exceptionOfNestedWorkPassesThroughTheOuter();
     void workMayDestroyTheOwner();
-    void actionMayDestroyTheOwner_data();
     void actionMayDestroyTheOwner();
     void exceptionOutlivesTheOwner();
-    void ownerDropsWhatWaits();
     void workThatWasLeftRunsNothingThatWaits();
     void leftQueueIsAsGoodAsNew();
 };
 
-void tst_CDeferredQueue::nothingIsUnderWayAtFirst()
-{
-    const CDeferredQueue queue;
-    QVERIFY(!queue.isBusy());
-    QCOMPARE(queue.depth(), 0u);
-    QCOMPARE(queue.size(), std::size_t(0));
-}
-
 void tst_CDeferredQueue::actionIsDoneAtOnceIfNothingIsUnderWay()
 {
-    CDeferredQueue queue;
-    QStringList done;
-    QVERIFY(queue.defer([&] {
-        QCOMPARE(queue.depth(), 1u);
-        done << QStringLiteral("action");
+    SDiary diary;
+    QVERIFY(diary.isIdle());
+    QVERIFY(diary.queue->defer([&] {
+        QCOMPARE(diary.queue->depth(), 1u);
+        diary.done << QStringLiteral("action");
     }));
-    QCOMPARE(done, QStringList({"action"}));
-    QVERIFY(!queue.isBusy());
+    QCOMPARE(diary.done, QStringList("action"));
+    QVERIFY(diary.isIdle());
 }
 
-void tst_CDeferredQueue::actionsWaitForTheWorkInOrder()
+void tst_CDeferredQueue::actionsWaitForTheOutermostWorkInOrder()
 {
-    CDeferredQueue queue;
-    QStringList done;
+    SDiary diary;
+    CDeferredQueue& queue = *diary.queue;
     QVERIFY(queue.run([&] {
-        QVERIFY(queue.defer([&] { done << QStringLiteral("first"); }));
-        QVERIFY(queue.defer([&] { done << QStringLiteral("second"); }));
-        QCOMPARE(queue.size(), std::size_t(2));
-        QVERIFY(queue.isBusy());
-        done << QStringLiteral("work");
-    }));
-    QCOMPARE(done, QStringList({"work", "first", "second"}));
-    QVERIFY(!queue.isBusy());
-    QCOMPARE(queue.size(), std::size_t(0));
-}
-
-void tst_CDeferredQueue::actionsWaitForTheOutermostWork()
-{
-    CDeferredQueue queue;
-    QStringList done;
-    queue.run([&] {
         queue.run([&] {
             QCOMPARE(queue.depth(), 2u);
-            queue.defer([&] { done << QStringLiteral("action"); });
-            done << QStringLiteral("inner");
+            QVERIFY(queue.defer(diary.note("first")));
+            QVERIFY(queue.defer(diary.note("second")));
+            diary.done << QStringLiteral("inner");
         });
         QCOMPARE(queue.depth(), 1u);
-        done << QStringLiteral("outer");
-    });
-    QCOMPARE(queue.depth(), 0u);
-    QCOMPARE(done, QStringList({"inner", "outer", "action"}));
+        QCOMPARE(queue.size(), std::size_t(2));
+        QVERIFY(queue.isBusy());
+        diary.done << QStringLiteral("outer");
+    }));
+    QVERIFY(diary.isIdle());
+    QCOMPARE(diary.done, QStringList({"inner", "outer", "first", "second"}));
 }
 
-void tst_CDeferredQueue::actionOfAnActionJoinsTheEnd()
+void tst_CDeferredQueue::whatAnActionDefersJoinsTheEnd()
 {
-    CDeferredQueue queue;
-    QStringList done;
-    queue.run([&] {
-        queue.defer([&] {
-            queue.defer([&] { done << QStringLiteral("third"); });
-            done << QStringLiteral("first");
+    // Also from work of its own: the end of that is not the end of all work.
+    for (const bool fromWork : {false, true}) {
+        SDiary diary;
+        CDeferredQueue& queue = *diary.queue;
+        queue.run([&] {
+            queue.defer([&] {
+                const auto defer = [&] { queue.defer(diary.note("third")); };
+                fromWork ? static_cast<void>(queue.run(defer)) : defer();
+                diary.done << QStringLiteral("first");
+            });
+            queue.defer(diary.note("second"));
         });
-        queue.defer([&] { done << QStringLiteral("second"); });
-    });
-    QCOMPARE(done, QStringList({"first", "second", "third"}));
-}
-
-void tst_CDeferredQueue::workOfAnActionIsNested()
-{
-    // Its end is not the end of all work: what it defers must wait for the action, and for those before it.
-    CDeferredQueue queue;
-    QStringList done;
-    queue.run([&] {
-        queue.defer([&] {
-            queue.run([&] { queue.defer([&] { done << QStringLiteral("third"); }); });
-            done << QStringLiteral("first");
-        });
-        queue.defer([&] { done << QStringLiteral("second"); });
-    });
-    QCOMPARE(done, QStringList({"first", "second", "third"}));
+        QCOMPARE(diary.done, QStringList({"first", "second", "third"}));
+    }
 }
 
 void tst_CDeferredQueue::stackStaysFlat()
@@ -140,36 +115,28 @@ void tst_CDeferredQueue::stackStaysFlat()
     QCOMPARE(left, 0);
 }
 
-void tst_CDeferredQueue::exceptionPassesAfterWhatWaited_data()
-{
-    QTest::addColumn<bool>("isOfWork");
-
-    QTest::newRow("of the work") << true;
-    QTest::newRow("of an action") << false;
-}
-
 void tst_CDeferredQueue::exceptionPassesAfterWhatWaited()
 {
-    QFETCH(const bool, isOfWork);
-    const CMessageCatcher messages;
-    CDeferredQueue queue;
-    QStringList done;
-    const auto work = [&] {
-        queue.defer([&] {
-            if (!isOfWork)
+    for (const bool isOfWork : {true, false}) {
+        const CMessageCatcher messages;
+        SDiary diary;
+        const auto work = [&] {
+            diary.queue->defer([&] {
+                if (!isOfWork)
+                    throw std::runtime_error("thrown");
+            });
+            diary.queue->defer(diary.note("action"));
+            if (isOfWork)
                 throw std::runtime_error("thrown");
-        });
-        queue.defer([&] { done << QStringLiteral("action"); });
-        if (isOfWork)
-            throw std::runtime_error("thrown");
-    };
-    QVERIFY_EXCEPTION_THROWN(queue.run(work), std::runtime_error);
-    QCOMPARE(done, QStringList({"action"}));
-    QVERIFY(!queue.isBusy());
-    QCOMPARE(messages.texts(), QStringList());
+        };
+        QVERIFY_EXCEPTION_THROWN(diary.queue->run(work), std::runtime_error);
+        QCOMPARE(diary.done, QStringList("action"));
+        QVERIFY(diary.isIdle());
+        QCOMPARE(messages.texts(), QStringList());
 
-    QVERIFY(queue.defer([&] { done << QStringLiteral("later"); }));
-    QCOMPARE(done.constLast(), QStringLiteral("later"));
+        QVERIFY(diary.queue->defer(diary.note("later")));
+        QCOMPARE(diary.done, QStringList({"action", "later"}));
+    }
 }
 
 void tst_CDeferredQueue::firstOfSeveralExceptionsPasses()
@@ -184,119 +151,98 @@ void tst_CDeferredQueue::firstOfSeveralExceptionsPasses()
     QVERIFY_EXCEPTION_THROWN(queue.run(work), std::runtime_error);
     const QStringList reports = messages.texts("halvex.graph");
     QCOMPARE(reports.size(), 2);
-    QVERIFY2(reports.at(0).contains(QLatin1String("second")), qPrintable(reports.at(0)));
-    QVERIFY2(reports.at(1).contains(QLatin1String("unknown type")), qPrintable(reports.at(1)));
+    QVERIFY2(reports.at(0).contains("second"), qPrintable(reports.at(0)));
+    QVERIFY2(reports.at(1).contains("unknown type"), qPrintable(reports.at(1)));
 }
 
 void tst_CDeferredQueue::exceptionOfNestedWorkPassesThroughTheOuter()
 {
-    CDeferredQueue queue;
-    QStringList done;
+    SDiary diary;
+    CDeferredQueue& queue = *diary.queue;
     queue.run([&] {
         const auto inner = [&] {
-            queue.defer([&] { done << QStringLiteral("action"); });
+            queue.defer(diary.note("action"));
             throw std::runtime_error("thrown");
         };
         QVERIFY_EXCEPTION_THROWN(queue.run(inner), std::runtime_error);
         QCOMPARE(queue.depth(), 1u);
-        done << QStringLiteral("outer");
+        diary.done << QStringLiteral("outer");
     });
-    QCOMPARE(done, QStringList({"outer", "action"}));
+    QCOMPARE(diary.done, QStringList({"outer", "action"}));
 }
 
 void tst_CDeferredQueue::workMayDestroyTheOwner()
 {
-    auto queue = std::make_unique<CDeferredQueue>();
-    bool isActionDone = false;
-    const bool isOuterThere = queue->run([&] {
-        const bool isInnerThere = queue->run([&] {
-            queue->defer([&] { isActionDone = true; });
-            queue.reset();
-        });
-        QVERIFY(!isInnerThere);
-    });
-    QVERIFY(!isOuterThere);
-    QVERIFY(!isActionDone);
-}
-
-void tst_CDeferredQueue::actionMayDestroyTheOwner_data()
-{
-    QTest::addColumn<bool>("waits");
-
-    QTest::newRow("at once") << false;
-    QTest::newRow("after work") << true;
+    SDiary diary;
+    const auto held = std::make_shared<int>(0);
+    QVERIFY(!diary.queue->run([&] {
+        QVERIFY(!diary.queue->run([&] {
+            diary.queue->defer([held, note = diary.note("action")] { note(); });
+            QCOMPARE(held.use_count(), 2L);
+            diary.queue.reset();
+            QCOMPARE(held.use_count(), 1L); // what waited is gone as well
+        }));
+    }));
+    QCOMPARE(diary.done, QStringList());
 }
 
 void tst_CDeferredQueue::actionMayDestroyTheOwner()
 {
-    QFETCH(const bool, waits);
-    auto queue = std::make_unique<CDeferredQueue>();
-    bool isNextDone = false;
-    const auto destroy = [&] {
-        queue->defer([&] { isNextDone = true; });
-        queue.reset();
-    };
-    if (waits)
-        QVERIFY(!queue->run([&] { QVERIFY(queue->defer(destroy)); }));
-    else
-        QVERIFY(!queue->defer(destroy));
-    QVERIFY(!isNextDone);
+    for (const bool waits : {false, true}) {
+        SDiary diary;
+        const auto destroy = [&] {
+            diary.queue->defer(diary.note("next"));
+            diary.queue.reset();
+        };
+        const bool isThere =
+            waits ? diary.queue->run([&] { QVERIFY(diary.queue->defer(destroy)); }) : diary.queue->defer(destroy);
+        QVERIFY(!isThere);
+        QCOMPARE(diary.done, QStringList());
+    }
 }
 
 void tst_CDeferredQueue::exceptionOutlivesTheOwner()
 {
-    auto queue = std::make_unique<CDeferredQueue>();
+    SDiary diary;
     const auto work = [&] {
-        queue.reset();
+        diary.queue.reset();
         throw std::runtime_error("thrown");
     };
-    QVERIFY_EXCEPTION_THROWN(queue->run(work), std::runtime_error);
-}
-
-void tst_CDeferredQueue::ownerDropsWhatWaits()
-{
-    auto queue = std::make_unique<CDeferredQueue>();
-    const auto held = std::make_shared<int>(0);
-    queue->run([&] {
-        queue->defer([held] { QFAIL("The owner is gone"); });
-        QCOMPARE(held.use_count(), 2L);
-        queue.reset();
-        QCOMPARE(held.use_count(), 1L);
-    });
+    QVERIFY_EXCEPTION_THROWN(diary.queue->run(work), std::runtime_error);
 }
 
 void tst_CDeferredQueue::workThatWasLeftRunsNothingThatWaits()
 {
-    CDeferredQueue queue;
-    QStringList done;
+    SDiary diary;
+    CDeferredQueue& queue = *diary.queue;
     QVERIFY(!queue.run([&] {
-        queue.defer([&] { done << QStringLiteral("first"); });
+        queue.defer(diary.note("first"));
         queue.leaveWorkUnderWay();
         QCOMPARE(queue.depth(), 0u);
         QCOMPARE(queue.size(), std::size_t(1));
         QVERIFY(queue.isBusy());
     }));
-    QCOMPARE(done, QStringList());
+    QCOMPARE(diary.done, QStringList());
 
     // What is deferred now has its turn behind that.
-    QVERIFY(queue.defer([&] { done << QStringLiteral("second"); }));
-    QCOMPARE(done, QStringList({"first", "second"}));
-    QVERIFY(!queue.isBusy());
+    QVERIFY(queue.defer(diary.note("second")));
+    QCOMPARE(diary.done, QStringList({"first", "second"}));
+    QVERIFY(diary.isIdle());
 }
 
 void tst_CDeferredQueue::leftQueueIsAsGoodAsNew()
 {
-    CDeferredQueue queue;
-    QStringList done;
+    SDiary diary;
+    CDeferredQueue& queue = *diary.queue;
     QVERIFY(!queue.run([&] {
         queue.leaveWorkUnderWay();
         QVERIFY(queue.run([&] {
-            queue.defer([&] { done << QStringLiteral("action"); });
-            done << QStringLiteral("work");
+            queue.defer(diary.note("action"));
+            diary.done << QStringLiteral("work");
         }));
-        QCOMPARE(done, QStringList({"work", "action"}));
+        QCOMPARE(diary.done, QStringList({"work", "action"}));
     }));
-    QVERIFY(!queue.isBusy());
+    QVERIFY(diary.isIdle());
 }
 
 QTEST_APPLESS_MAIN(tst_CDeferredQueue)

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "Allocations.h"
+#include "tests/support/Allocations.h"
 
 #include <QtGlobal>
 
