@@ -72,3 +72,26 @@ struct SFan
     std::vector<std::unique_ptr<STestNode>> sinks;
     std::vector<std::unique_ptr<Plugin::Halvex::CNodeConnection>> connections;
 };
+
+/// A connection from the source's output 1 to the sink's input 2, in the tables of both, and a node that is free.
+struct SPair
+{
+    explicit SPair(Plugin::Halvex::NodeDataConverter converter = {})
+        : connection(join(source, sink, std::move(converter), 1, 2))
+    {
+    }
+
+    void deliver(int value) const { connection->propagateData(CTestData::make(value)); }
+    std::vector<int> values() const { return sink.model->values(); }
+
+    STestNode source{0, 2, QStringLiteral("source")};
+    STestNode sink{3, 1, QStringLiteral("sink")};
+    STestNode other{9, 9, QStringLiteral("other")};
+    std::unique_ptr<Plugin::Halvex::CNodeConnection> connection;
+};
+
+/// A converter that adds ten.
+inline Plugin::Halvex::CNodeDataPtr addTen(const Plugin::Halvex::CNodeDataPtr& data)
+{
+    return data ? CTestData::make(CTestData::valueOf(data) + 10) : nullptr;
+}
