@@ -39,10 +39,11 @@ class tst_CNodeBase : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { QCOMPARE(CTestModel::alive(), 0); }
+
     void slotsAreInvokable();
     void newNodeHasAnIdItsModelAndItsPorts();
     void nullModelIsReplaced();
-    void modelGoesWithTheNode();
     void propagateDataReachesTheModel();
     void otherSignalsOfTheModelAreNotConnected();
     void saveHoldsIdAndModel();
@@ -113,14 +114,6 @@ void tst_CNodeBase::nullModelIsReplaced()
     QCOMPARE(none.name(), QString());
     QCOMPARE(none.dataType(In, 0).id, QString());
     QVERIFY(!none.outData(0));
-}
-
-void tst_CNodeBase::modelGoesWithTheNode()
-{
-    STestNode node;
-    QCOMPARE(CTestModel::alive(), 1);
-    node.node.reset();
-    QCOMPARE(CTestModel::alive(), 0);
 }
 
 void tst_CNodeBase::propagateDataReachesTheModel()

@@ -75,7 +75,6 @@ private Q_SLOTS:
     void sinkMayDestroyTheWholeGraph();
     void connectionInAnothersPlaceIsNotServed();
     void addedConnectionIsNotServedInTheSameWalk();
-    void converterMayDestroyTheSource();
     void modelMayLoseItsNodeWhenAsked();
     void nodeMayGoInAFurtherRound();
     void mayBeginAnew();
@@ -338,19 +337,6 @@ void tst_CNodeBaseWalk::addedConnectionIsNotServedInTheSameWalk()
     QCOMPARE(fan.deliveries(1), 1);
     fan.source.model->offer(CTestData::make(2));
     QCOMPARE(late.model->received.size(), std::size_t(100));
-}
-
-void tst_CNodeBaseWalk::converterMayDestroyTheSource()
-{
-    STestNode* source = nullptr;
-    SFan fan(2, [&source](CNodeDataPtr data) {
-        source->node.reset();
-        return data;
-    });
-    source = &fan.source;
-    fan.source.model->offer(CTestData::make(1));
-    // The connection that converted, and its in node, are there still.
-    QCOMPARE(fan.deliveries(1), 1);
 }
 
 void tst_CNodeBaseWalk::modelMayLoseItsNodeWhenAsked()

@@ -97,7 +97,6 @@ private Q_SLOTS:
     void movedTableServesNothing();
     void walkServesTheTableThatItBeganWith();
     void destructorLeavesConnectionsAlone();
-    void connectionLeavesItsOwnTables();
     void destroyedConnectionIsNeverUsed_data();
     void destroyedConnectionIsNeverUsed();
     void inputsKeepNoDestroyedConnectionEither();
@@ -463,16 +462,6 @@ void tst_CNodeState::destructorLeavesConnectionsAlone()
     }
     loose.connection->propagateData(CTestData::make(3));
     QCOMPARE(loose.sink.model->values(), Numbers({3}));
-}
-
-void tst_CNodeState::connectionLeavesItsOwnTables()
-{
-    SLooseConnection loose;
-    enter(*loose.connection);
-    loose.connection.reset();
-    // Looked at directly, since connections() might merely have left a stale entry out.
-    QVERIFY(std::as_const(*loose.source).nodeState().getEntries(Out)[0].empty());
-    QVERIFY(std::as_const(*loose.sink).nodeState().getEntries(In)[0].empty());
 }
 
 void tst_CNodeState::destroyedConnectionIsNeverUsed_data()

@@ -4,7 +4,6 @@
 #include <Halvex/models/ASinkNodeDataModel.h>
 
 #include "TestModels.h"
-#include "support/CTestScene.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -30,7 +29,6 @@ private Q_SLOTS:
     void survivesDataThatDestroysIt();
     void survivesAListenerThatDestroysIt();
     void dyingModelTakesAndLeavesNoData();
-    void handsOutWhatAScenesSourceWasFed();
 };
 
 void tst_ASinkNodeDataModel::cleanup()
@@ -136,33 +134,6 @@ void tst_ASinkNodeDataModel::dyingModelTakesAndLeavesNoData()
     sink.reset();
     QCOMPARE(calls, 1);
     QCOMPARE(CTestData::alive(), 0);
-}
-
-void tst_ASinkNodeDataModel::handsOutWhatAScenesSourceWasFed()
-{
-    CTestScene scene(nullptr, nullptr);
-    auto source = std::make_unique<CSource>();
-    auto sink = std::make_unique<CSink>();
-    const QPointer<CNodeDataFlowProxy> in = source->getDataFlowProxy();
-    const QPointer<CNodeDataFlowProxy> out = sink->getDataFlowProxy();
-    CNodeBase& from = scene.createNode(std::move(source));
-    CNodeBase& to = scene.createNode(std::move(sink));
-    QVERIFY(scene.createConnection(to, 0, from, 0, NodeDataConverter()));
-
-    QList<CNodeDataPtr> heard;
-    connect(out.data(), &CNodeDataFlowProxy::newDataAvailable, out.data(),
-            [&heard](const CNodeDataPtr& data) { heard << data; });
-
-    const CNodeDataPtr data = CTestData::make(1);
-    in->setData(data);
-    QCOMPARE(heard, QList<CNodeDataPtr>({data}));
-
-    // Without its source the sink receives empty data.
-    scene.removeNode(from);
-    QCOMPARE(heard, QList<CNodeDataPtr>({data, CNodeDataPtr()}));
-
-    scene.clearScene();
-    QVERIFY(!in && !out);
 }
 
 QTEST_GUILESS_MAIN(tst_ASinkNodeDataModel)

@@ -45,7 +45,6 @@ private Q_SLOTS:
     void ticksDoNotAddUp();
     void pendingTickLetsIsolatedDataThrough();
     void emptyDataCancels();
-    void emptyDataIsNeverEmitted();
     void lastEmittedDataLivesUntilTheNextWakeUp();
     void dataForABusyWorkerIsNoWakeUp();
     void newestIsNeverLostUnderLoad();
@@ -167,19 +166,6 @@ void tst_CDecoupler::emptyDataCancels()
     QCOMPARE(decoupler.counts(), QStringLiteral("3 2 0 1 0"));
 }
 
-void tst_CDecoupler::emptyDataIsNeverEmitted()
-{
-    CHeard decoupler;
-    for (int i = 0; i < 100; ++i) {
-        decoupler.giveNothing();
-        decoupler.give(i);
-        QVERIFY(decoupler.hears(i + 1));
-    }
-    decoupler.shutDown();
-    QVERIFY(!decoupler.values().contains(-1));
-    QCOMPARE(decoupler.counts(), QStringLiteral("100 100 0 0 0"));
-}
-
 void tst_CDecoupler::lastEmittedDataLivesUntilTheNextWakeUp()
 {
     // Often, to catch a worker that releases it on its way to sleep.
@@ -199,6 +185,7 @@ void tst_CDecoupler::lastEmittedDataLivesUntilTheNextWakeUp()
             decoupler.shutDown(); // it goes with the thread
         QCOMPARE(CTestData::alive(), 0);
         QVERIFY(!wasEarly);
+        QCOMPARE(decoupler.values(), QVector<int>({1})); // and nothing that is empty
     }
 }
 

@@ -4,7 +4,6 @@
 #include <Halvex/models/CNodeDataEntry.h>
 
 #include "TestModels.h"
-#include "support/CTestScene.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -66,7 +65,6 @@ private Q_SLOTS:
     void dyingDataMaySendToItsSource();
     void followsTheSourceIntoAnotherThread();
     void sourceGoesWhileThreadsSend();
-    void feedsAScene();
 };
 
 void tst_CNodeDataEntry::cleanup()
@@ -259,25 +257,6 @@ void tst_CNodeDataEntry::sourceGoesWhileThreadsSend()
             thread.join();
         QCOMPARE(CTestData::alive(), 0);
     }
-}
-
-void tst_CNodeDataEntry::feedsAScene()
-{
-    CTestScene scene(nullptr, nullptr);
-    auto source = std::make_unique<CSource>();
-    auto consumer = std::make_unique<CTestModel>();
-    const CTestModel& received = *consumer;
-    const CNodeDataEntry entry = source->dataEntry();
-    CNodeBase& from = scene.createNode(std::move(source));
-    CNodeBase& to = scene.createNode(std::move(consumer));
-    QVERIFY(scene.createConnection(to, 0, from, 0, NodeDataConverter()));
-
-    entry.setData(CTestData::make(1));
-    QTRY_COMPARE(received.values(), Numbers({1}));
-
-    scene.removeNode(from);
-    QVERIFY(!entry.setData(CTestData::make(2)));
-    QCOMPARE(received.values(), Numbers({1, -1}));
 }
 
 QTEST_GUILESS_MAIN(tst_CNodeDataEntry)
