@@ -78,7 +78,6 @@ private Q_SLOTS:
     void modelMayLoseItsNodeWhenAsked();
     void nodeMayGoInAFurtherRound();
     void mayBeginAnew();
-    void exceptionsPassThrough_data();
     void exceptionsPassThrough();
 };
 
@@ -341,26 +340,26 @@ void tst_CNodeBaseWalk::addedConnectionIsNotServedInTheSameWalk()
 
 void tst_CNodeBaseWalk::modelMayLoseItsNodeWhenAsked()
 {
-    for (const int count : {1, 2}) {
-        for (const bool hasData : {false, true}) {
-            for (const bool isRetired : {false, true}) {
-                for (const bool answersADelivery : {false, true}) {
-                    SFan fan(count);
-                    fan.source.model->onOutData = [&fan, hasData, isRetired](NodePortIndex) {
-                        if (isRetired)
-                            CGraphOwner::retire(std::move(fan.source.node));
-                        else
-                            fan.source.node.reset();
-                        return hasData ? CTestData::make(1) : CNodeDataPtr();
+    using Loss = void (*)(STestNode&);
+    const Loss destroy = [](STestNode& node) { node.node.reset(); };
+    const Loss retire = [](STestNode& node) { CGraphOwner::retire(std::move(node.node)); };
+    const CNodeDataPtr data = CTestData::make(1);
+    for (const Loss lose : {destroy, retire}) {
+        for (const CNodeDataPtr& answer : {CNodeDataPtr(), data}) {
+            for (const int count : {1, 2}) {
+                SFan asked(count);
+                SFan delivered(count);
+                for (SFan* const fan : {&asked, &delivered}) {
+                    fan->source.model->onOutData = [fan, lose, answer](NodePortIndex) {
+                        lose(fan->source);
+                        return answer;
                     };
-                    if (answersADelivery)
-                        fan.source->propagateData(CTestData::make(2), 0);
-                    else
-                        fan.source->onDataUpdated(0);
-                    QVERIFY(!fan.source.node);
-                    QCOMPARE(fan.deliveries(1), 0);
-                    QCOMPARE(CTestModel::alive(), count);
                 }
+                asked.source->onDataUpdated(0);
+                delivered.source->propagateData(CTestData::make(2), 0);
+                QVERIFY(!asked.source.node && !delivered.source.node);
+                QCOMPARE(asked.deliveries(1) + delivered.deliveries(1), 0);
+                QCOMPARE(CTestModel::alive(), 2 * count);
             }
         }
     }
@@ -405,53 +404,42 @@ void tst_CNodeBaseWalk::mayBeginAnew()
     QCOMPARE(fan.deliveries(2), 2);
 }
 
-void tst_CNodeBaseWalk::exceptionsPassThrough_data()
-{
-    QTest::addColumn<QString>("place");
-
-    QTest::newRow("output") << "output";
-    QTest::newRow("converter") << "converter";
-    QTest::newRow("input") << "input";
-}
-
 void tst_CNodeBaseWalk::exceptionsPassThrough()
 {
-    QFETCH(const QString, place);
-    QString failing = place;
-    const auto failIn = [&failing](const char* here) {
-        if (failing == QLatin1String(here))
-            throw std::runtime_error(here);
-    };
-    STestNode first;
-    const SFan fan(2, [&](CNodeDataPtr data) {
-        failIn("converter");
-        return data;
-    });
-    const auto connection = join(first, fan.source);
-    fan.source.model->onOutData = [&](NodePortIndex) {
-        failIn("output");
-        return fan.source.model->out;
-    };
-    for (const auto& sink : fan.sinks)
-        sink->model->onSetInData = [&](const CNodeDataPtr&, NodePortIndex) { failIn("input"); };
+    for (const QString& place : {QStringLiteral("output"), QStringLiteral("converter"), QStringLiteral("input")}) {
+        QString failing = place;
+        const auto failIn = [&failing](const char* here) {
+            if (failing == QLatin1String(here))
+                throw std::runtime_error(here);
+        };
+        STestNode first;
+        SFan fan(2, [&](CNodeDataPtr data) {
+            failIn("converter");
+            return data;
+        });
+        const auto connection = join(first, fan.source);
+        fan.source.model->onOutData = [&](NodePortIndex) {
+            failIn("output");
+            return fan.source.model->out;
+        };
+        fan.onDelivery([&](std::size_t) { failIn("input"); });
 
-    fan.source.model->out = CTestData::make(1);
-    QVERIFY_EXCEPTION_THROWN(fan.source->onDataUpdated(0), std::runtime_error);
-    // From further up, through the signals of two models.
-    QVERIFY_EXCEPTION_THROWN(first.model->offer(CTestData::make(2)), std::runtime_error);
+        fan.source.model->out = CTestData::make(1);
+        QVERIFY_EXCEPTION_THROWN(fan.source->onDataUpdated(0), std::runtime_error);
+        // From further up, through the signals of two models.
+        QVERIFY_EXCEPTION_THROWN(first.model->offer(CTestData::make(2)), std::runtime_error);
+        failing.clear();
+        first.model->offer(CTestData::make(3));
+        QCOMPARE(fan.deliveries(3), 2);
 
-    failing.clear();
-    for (const auto& sink : fan.sinks)
-        sink->model->received.clear();
-    first.model->offer(CTestData::make(3));
-    QCOMPARE(fan.deliveries(3), 2);
-    // A walk that was left this way stands nowhere any more: a node that is retired goes at once.
-    failing = place;
-    QVERIFY_EXCEPTION_THROWN(first.model->offer(CTestData::make(4)), std::runtime_error);
-    failing.clear();
-    const int models = CTestModel::alive();
-    CGraphOwner::retire(std::move(first.node));
-    QCOMPARE(CTestModel::alive(), models - 1);
+        // A walk that was left this way stands nowhere any more: a node that is retired goes at once.
+        failing = place;
+        QVERIFY_EXCEPTION_THROWN(first.model->offer(CTestData::make(4)), std::runtime_error);
+        failing.clear();
+        const int models = CTestModel::alive();
+        CGraphOwner::retire(std::move(first.node));
+        QCOMPARE(CTestModel::alive(), models - 1);
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_CNodeBaseWalk)

@@ -55,6 +55,26 @@ struct SLooseConnection
     std::optional<CNodeConnection> connection;
 };
 
+/// A table with a connection at output 1.
+struct STable
+{
+    STable() { state.setConnection(Out, 1, *loose.connection); }
+
+    SLooseConnection loose;
+    CNodeState state = makeState(1, 2);
+};
+
+/// Two nodes that are connected.
+struct SLine
+{
+    void offer(int value) const { source.model->offer(CTestData::make(value)); }
+    Numbers values() const { return sink.model->values(); }
+
+    STestNode source;
+    STestNode sink;
+    std::unique_ptr<CNodeConnection> connection = join(source, sink);
+};
+
 /// One that comes into the table of a third node, from which it will not take itself out.
 struct SForeignConnection : SLooseConnection
 {
@@ -235,20 +255,19 @@ void tst_CNodeState::erasingTakesOneEntryOut()
 
 void tst_CNodeState::missingPortIsNeitherSetNorErased()
 {
-    SLooseConnection loose;
-    CNodeState state = makeState(1, 1);
-    state.setConnection(Out, 0, *loose.connection);
+    STable table;
+    CNodeConnection& connection = *table.loose.connection;
     const CMessageCatcher messages;
-    for (const NodePortIndex index : {-1, 1, Largest, Smallest}) {
-        state.setConnection(Out, index, *loose.connection);
-        state.eraseConnection(Out, index, loose.connection->id());
+    for (const NodePortIndex index : {-1, 2, Largest, Smallest}) {
+        table.state.setConnection(Out, index, connection);
+        table.state.eraseConnection(Out, index, connection.id());
     }
-    state.setConnection(None, 0, *loose.connection);
-    state.eraseConnection(None, 0, loose.connection->id());
+    table.state.setConnection(None, 0, connection);
+    table.state.eraseConnection(None, 0, connection.id());
 
-    QCOMPARE(state.getEntries(Out).size(), std::size_t(1));
-    QCOMPARE(state.connections(Out, 0).size(), std::size_t(1));
-    QVERIFY(state.getEntries(None).empty());
+    QCOMPARE(table.state.getEntries(Out).size(), std::size_t(2));
+    QCOMPARE(table.state.connections(Out, 1).size(), std::size_t(1));
+    QVERIFY(table.state.getEntries(None).empty());
     QCOMPARE(messages.texts(), QStringList());
 }
 
@@ -301,13 +320,11 @@ void tst_CNodeState::writtenEntriesAreServed()
 
 void tst_CNodeState::writtenEntryTakesTheOthersPlace()
 {
-    const STestNode source;
-    const STestNode sink;
-    const auto connection = join(source, sink);
+    const SLine line;
     SLooseConnection loose;
-    source->nodeState().getEntries(Out)[0].at(connection->id()) = &*loose.connection;
-    source.model->offer(CTestData::make(1));
-    QVERIFY(sink.model->received.empty());
+    line.source->nodeState().getEntries(Out)[0].at(line.connection->id()) = &*loose.connection;
+    line.offer(1);
+    QCOMPARE(line.values(), Numbers());
     QCOMPARE(loose.sink.model->values(), Numbers({1}));
 }
 
@@ -363,26 +380,17 @@ void tst_CNodeState::rowIsTidyAfterAWalk()
 
 void tst_CNodeState::connectionsAreACopy()
 {
-    SLooseConnection first;
-    SLooseConnection second;
-    CNodeState state = makeState(1, 1);
-    state.setConnection(Out, 0, *first.connection);
-    state.setConnection(Out, 0, *second.connection);
-
-    const CNodeState::Connections copy = state.connections(Out, 0);
-    state.eraseConnection(Out, 0, first.connection->id());
-    state.eraseConnection(Out, 0, second.connection->id());
-
-    QCOMPARE(copy.size(), std::size_t(2));
-    QVERIFY(state.connections(Out, 0).empty());
+    STable table;
+    const CNodeState::Connections copy = table.state.connections(Out, 1);
+    table.state.eraseConnection(Out, 1, table.loose.connection->id());
+    QCOMPARE(copy.size(), std::size_t(1));
+    QVERIFY(table.state.connections(Out, 1).empty());
 }
 
 void tst_CNodeState::copiesAreIndependent()
 {
-    SLooseConnection loose;
-    CNodeState state = makeState(1, 2);
-    state.setConnection(Out, 1, *loose.connection);
-
+    STable table;
+    CNodeState& state = table.state;
     CNodeState copy(state);
     CNodeState assigned = makeState(5, 0);
     assigned = state;
@@ -390,20 +398,17 @@ void tst_CNodeState::copiesAreIndependent()
         QCOMPARE(each->getEntries(In), state.getEntries(In));
         QCOMPARE(each->getEntries(Out), state.getEntries(Out));
     }
-    copy.eraseConnection(Out, 1, loose.connection->id());
+    copy.eraseConnection(Out, 1, table.loose.connection->id());
     QVERIFY(copy.connections(Out, 1).empty());
     QCOMPARE(state.connections(Out, 1).size(), std::size_t(1));
-    state.eraseConnection(Out, 1, loose.connection->id());
+    state.eraseConnection(Out, 1, table.loose.connection->id());
     QCOMPARE(assigned.connections(Out, 1).size(), std::size_t(1));
 }
 
 void tst_CNodeState::moveTakesTheEntriesAlong()
 {
-    SLooseConnection loose;
-    CNodeState state = makeState(1, 2);
-    state.setConnection(Out, 1, *loose.connection);
-
-    CNodeState moved(std::move(state));
+    STable table;
+    CNodeState moved(std::move(table.state));
     QCOMPARE(moved.getEntries(In).size(), std::size_t(1));
     QCOMPARE(moved.connections(Out, 1).size(), std::size_t(1));
 
@@ -415,42 +420,34 @@ void tst_CNodeState::moveTakesTheEntriesAlong()
 
 void tst_CNodeState::tableAssignedToItselfStays()
 {
-    const STestNode source;
-    const STestNode sink;
-    const auto connection = join(source, sink);
-    CNodeState& table = source->nodeState();
-    CNodeState& same = source->nodeState();
+    const SLine line;
+    CNodeState& table = line.source->nodeState();
+    CNodeState& same = line.source->nodeState();
     table = same;
     table = std::move(same);
-    source.model->offer(CTestData::make(1));
-    QCOMPARE(sink.model->values(), Numbers({1}));
+    line.offer(1);
+    QCOMPARE(line.values(), Numbers({1}));
 }
 
 void tst_CNodeState::movedTableServesNothing()
 {
-    const STestNode source;
-    const STestNode sink;
-    const auto connection = join(source, sink);
-
-    const CNodeState moved(std::move(source->nodeState()));
-    source.model->offer(CTestData::make(1));
-
-    QVERIFY(sink.model->received.empty());
+    const SLine line;
+    const CNodeState moved(std::move(line.source->nodeState()));
+    line.offer(1);
+    QCOMPARE(line.values(), Numbers());
     QCOMPARE(moved.connections(Out, 0).size(), std::size_t(1));
 }
 
 void tst_CNodeState::walkServesTheTableThatItBeganWith()
 {
-    const STestNode source;
-    const STestNode sink;
-    const auto first = join(source, sink);
-    const auto second = join(source, sink);
-    sink.model->onSetInData = [&](const CNodeDataPtr&, NodePortIndex) { source->nodeState() = makeState(1, 1); };
-    source.model->offer(CTestData::make(1));
-    QCOMPARE(sink.model->values(), Numbers({1, 1}));
-    source.model->offer(CTestData::make(2));
-    QCOMPARE(sink.model->values(), Numbers({1, 1}));
-    QCOMPARE(CRowInspector::places(source->nodeState(), Out, 0), 0);
+    const SLine line;
+    const auto second = join(line.source, line.sink);
+    line.sink.model->onSetInData = [&line](const CNodeDataPtr&, int) { line.source->nodeState() = makeState(1, 1); };
+    for (int frame : {1, 2}) {
+        line.offer(frame);
+        QCOMPARE(line.values(), Numbers({1, 1}));
+    }
+    QCOMPARE(CRowInspector::places(line.source->nodeState(), Out, 0), 0);
 }
 
 void tst_CNodeState::destructorLeavesConnectionsAlone()
@@ -536,20 +533,18 @@ void tst_CNodeState::inputsKeepNoDestroyedConnectionEither()
 
 void tst_CNodeState::tablesMayChangePlacesBetweenNodes()
 {
-    const STestNode first;
+    SLine line;
     const STestNode second;
-    const STestNode sink;
-    auto connection = join(first, sink);
-    std::swap(first->nodeState(), second->nodeState());
+    std::swap(line.source->nodeState(), second->nodeState());
 
     second.model->offer(CTestData::make(5));
-    QCOMPARE(sink.model->values(), Numbers({5}));
+    QCOMPARE(line.values(), Numbers({5}));
 
-    connection.reset();
-    sink.model->received.clear();
-    first.model->offer(CTestData::make(6));
+    line.connection.reset();
+    line.sink.model->received.clear();
+    line.offer(6);
     second.model->offer(CTestData::make(7));
-    QVERIFY(sink.model->received.empty());
+    QCOMPARE(line.values(), Numbers());
     QVERIFY(second.outputs().empty());
 }
 
