@@ -1,17 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-// What a scene does when its own handlers, or the models that a walk runs through, change or destroy it.
+// What a scene does in which order, and returns, when its own handlers, or the models that a walk runs through, change
+// or destroy it. That it comes through all that is proved by tst_DeletionMatrix.
 
-#include <Halvex/scene/CNodeScene.h>
-
+#include "scene/SceneSupport.h"
 #include "support/CMessageCatcher.h"
-#include "support/CTestData.h"
-#include "support/CTestModel.h"
-#include "support/CTestScene.h"
-#include "support/SceneConsistency.h"
 
-#include <QTest>
+#include <QtTest>
 
 #include <stdexcept>
 
@@ -19,9 +15,82 @@ using namespace Plugin::Halvex;
 
 namespace {
 
-CTestModel& modelOf(CNodeBase& node)
+enum ESignal
 {
-    return *static_cast<CTestModel*>(node.nodeDataModel());
+    NodeCreated,
+    NodeDeleted,
+    ConnectionCreated,
+    ConnectionDeleted
+};
+
+/// A scene with a chain A → B → C, whose connections the scene alone has, and what its signals said.
+struct SChain
+{
+    /// Makes the scene emit that signal.
+    void provoke(ESignal signal);
+
+    /// Runs \a action in the first handler of the first \a signal.
+    void runAtFirst(ESignal signal, const std::function<void()>& action);
+
+    std::unique_ptr<CTestScene> scene = std::make_unique<CTestScene>(nullptr, nullptr);
+    SPlaced a = place(*scene, "A");
+    SPlaced b = place(*scene, "B");
+    SPlaced c = place(*scene, "C");
+    CNodeConnection* upper = join(*scene, a, b).get();
+    CNodeConnection* lower = join(*scene, b, c).get();
+    std::unique_ptr<CSignalLog> log = std::make_unique<CSignalLog>(*scene);
+};
+
+void SChain::provoke(ESignal signal)
+{
+    switch (signal) {
+    case NodeCreated:
+        place(*scene, "D");
+        break;
+    case NodeDeleted:
+        scene->removeNode(a.node);
+        break;
+    case ConnectionCreated:
+        join(*scene, a, c);
+        break;
+    case ConnectionDeleted:
+        scene->deleteConnection(*upper);
+        break;
+    }
+}
+
+void SChain::runAtFirst(ESignal signal, const std::function<void()>& action)
+{
+    const auto runOnce = [action, isFirst = true]() mutable {
+        if (std::exchange(isFirst, false))
+            action();
+    };
+    switch (signal) {
+    case NodeCreated:
+        QObject::connect(scene.get(), &CNodeScene::nodeCreated, scene.get(), runOnce);
+        break;
+    case NodeDeleted:
+        QObject::connect(scene.get(), &CNodeScene::nodeDeleted, scene.get(), runOnce);
+        break;
+    case ConnectionCreated:
+        QObject::connect(scene.get(), &CNodeScene::connectionCreated, scene.get(), runOnce);
+        break;
+    case ConnectionDeleted:
+        QObject::connect(scene.get(), &CNodeScene::connectionDeleted, scene.get(), runOnce);
+        break;
+    }
+}
+
+using Action = std::function<void(SChain&)>;
+
+void removeB(SChain& chain)
+{
+    const Core::CId id = chain.b.node.id();
+    chain.scene->removeNode(chain.b.node);
+    // Out of the table, yet whole until the queue has run.
+    QCOMPARE(chain.scene->nodes().count(id), std::size_t(0));
+    QCOMPARE(chain.b.model.caption(), QString("B"));
+    chain.scene->removeNode(chain.b.node);
 }
 
 /// Something for a converter to capture that notices when it is copied.
@@ -46,69 +115,10 @@ private:
     std::function<void()> m_onCopied;
 };
 
-/// A scene with a chain first → second → third, and what its signals said.
-class CChain
-{
-public:
-    CChain()
-    {
-        for (CNodeBase** node : {&first, &second, &third})
-            *node = &scene->createNode(std::make_unique<CTestModel>());
-        upper = scene->createConnection(*second, 0, *first, 0, NodeDataConverter());
-        lower = scene->createConnection(*third, 0, *second, 0, NodeDataConverter());
-
-        connect(&CNodeScene::nodeCreated, "nodeCreated");
-        connect(&CNodeScene::nodeDeleted, "nodeDeleted");
-        connect(&CNodeScene::connectionCreated, "connectionCreated");
-        connect(&CNodeScene::connectionDeleted, "connectionDeleted");
-    }
-
-    /// Leaves the connections to the scene alone, which then destroys those it deletes.
-    void releaseConnections()
-    {
-        upper.reset();
-        lower.reset();
-    }
-
-    /// The handler runs at the first emission of \a signal.
-    template <typename Object>
-    void atFirst(void (CNodeScene::*signal)(Object&), std::function<void(Object&)> handler)
-    {
-        auto isFirst = std::make_shared<bool>(true);
-        QObject::connect(scene.get(), signal, scene.get(), [isFirst, handler](Object& object) {
-            if (std::exchange(*isFirst, false))
-                handler(object);
-        });
-    }
-
-    QStringList said; // before the scene, whose destructor still speaks
-    std::unique_ptr<CTestScene> scene = std::make_unique<CTestScene>(nullptr, nullptr);
-    CNodeBase* first = nullptr;
-    CNodeBase* second = nullptr;
-    CNodeBase* third = nullptr;
-    std::shared_ptr<CNodeConnection> upper;
-    std::shared_ptr<CNodeConnection> lower;
-
-private:
-    template <typename Object>
-    void connect(void (CNodeScene::*signal)(Object&), const char* name)
-    {
-        QObject::connect(scene.get(), signal, scene.get(),
-                         [this, name](Object&) { said << QString::fromLatin1(name); });
-    }
-};
-
-enum ESignal
-{
-    NodeCreated,
-    NodeDeleted,
-    ConnectionCreated,
-    ConnectionDeleted
-};
-
 } // namespace
 
 Q_DECLARE_METATYPE(ESignal)
+Q_DECLARE_METATYPE(Action)
 
 class tst_CNodeSceneReentry : public QObject
 {
@@ -117,66 +127,40 @@ class tst_CNodeSceneReentry : public QObject
 private Q_SLOTS:
     void cleanup();
 
-    void connectionOutlivesItsNodes();
-    void halfConnectionOutlivesItsNode();
-    void nodeKnownUnderAChangedIdIsRemoved();
+    void deletionWaitsForTheOtherHandlers();
+    void deletionNowDoesNotWait();
+    void deletionsKeepTheirOrder();
+    void deletionWaitsForTheOutermostOperation();
+    void deletionAskedForTwiceIsDoneOnce();
+    void deletionAskedForWhenItIsAnnouncedChangesNothing();
+    void deletionAskedForWhenARemovalIsAnnouncedComesFirst();
+    void longQueueNeedsNoStack();
 
-    void deletingAConnectionFromTwoHandlersDeletesItOnce();
-    void deletingAConnectionWhileItIsDeletedChangesNothing();
-    void connectionOfAnotherSceneIsLeftAlone();
-
-    void removingANodeInAnySignal_data();
-    void removingANodeInAnySignal();
-    void removingTheAnnouncedNodeTwice();
-    void nodeRemovedInAHandlerDiesAfterItsConnections();
-    void nodeThatHasLeftTakesNoConnection();
-    void clearingInAnySignal_data() { removingANodeInAnySignal_data(); }
-    void clearingInAnySignal();
-    void destroyingTheSceneInAnySignal_data() { removingANodeInAnySignal_data(); }
-    void destroyingTheSceneInAnySignal();
-    void createNodeReturnsNoNodeWhenAHandlerRemovedIt();
-    void infoHandlerMayDestroyTheScene();
+    void operationInAnySignal_data();
+    void operationInAnySignal();
+    void removalAskedForWhenItIsAnnouncedChangesNothing();
+    void nodeRemovedInAHandlerGoesAfterItsConnections();
+    void leavingNodeTakesNoConnection();
+    void createNodeReturnsNoNodeWhenItIsGone();
 
     void modelRemovesItsOwnNodeAndFinishes();
-    void modelRemovesItsNeighbours();
-    void modelClearsTheScene();
-    void modelDestroysTheScene();
-    void outDataRemovesItsOwnNode();
-    void converterDeletesItsConnection();
     void nodeRemovedDuringANestedWalkIsDestroyedOnce();
-
-    void consumerRemovedByThePushIsNotConnected();
-    void producerRemovedByThePushIsNotConnected();
-    void sceneDestroyedByThePush();
-
-    void modelDestructorChangesTheScene();
-    void handlerThatFillsADyingSceneDoesNotHoldItUp();
-    void queueOfADyingSceneIsFinished();
-    void longQueueNeedsNoStack();
-    void dyingSceneTakesNothingIn();
-    void modelThatCountsItsPortsMayDestroyTheScene();
+    void pushMayRemoveWhatItConnects_data();
+    void pushMayRemoveWhatItConnects();
     void copyingAConverterMayRemoveTheNode() const;
     void dyingNodeIsNotConnected();
-    void connectionMadeDuringARemovalIsRefused();
 
-    void exceptionOfAHandlerLeavesTheSceneUsable_data() { removingANodeInAnySignal_data(); }
+    void handlerThatFillsADyingSceneDoesNotHoldItUp();
+    void queueOfADyingSceneIsFinished();
+    void dyingSceneTakesNothingIn();
+
+    void exceptionOfAHandlerLeavesTheSceneUsable_data();
     void exceptionOfAHandlerLeavesTheSceneUsable();
     void exceptionOfAModelLeavesTheSceneUsable();
-    void destructorReportsAndSwallowsExceptions();
-    void queueRunsInSpiteOfAnException_data() { removingANodeInAnySignal_data(); }
-    void queueRunsInSpiteOfAnException();
     void firstOfSeveralExceptionsPasses();
     void nodeThatAnExceptionKeepsTakesConnections();
-    void deferredDeletionIsDoneInSpiteOfAnException();
-    void destructorGoesOnAfterAnException();
-
-    void nodesOfTwoScenesGoInAnyOrder_data();
-    void nodesOfTwoScenesGoInAnyOrder();
-
-private:
-    // Makes the scene emit that signal.
-    static void provoke(CChain& chain, ESignal signal);
-    static void runAtFirst(CChain& chain, ESignal signal, const std::function<void()>& action);
+    void deferredRemovalIsDoneInSpiteOfAnException();
+    void destructorReportsAndSwallowsExceptions();
 };
 
 void tst_CNodeSceneReentry::cleanup()
@@ -185,732 +169,484 @@ void tst_CNodeSceneReentry::cleanup()
     QCOMPARE(CTestData::alive(), 0);
 }
 
-void tst_CNodeSceneReentry::provoke(CChain& chain, ESignal signal)
+void tst_CNodeSceneReentry::deletionWaitsForTheOtherHandlers()
 {
-    switch (signal) {
-    case NodeCreated:
-        chain.scene->createNode(std::make_unique<CTestModel>());
-        break;
-    case NodeDeleted:
-        chain.scene->removeNode(*chain.first);
-        break;
-    case ConnectionCreated:
-        chain.scene->createConnection(*chain.third, 0, *chain.first, 0, NodeDataConverter());
-        break;
-    case ConnectionDeleted:
-        chain.scene->deleteConnection(*chain.upper);
-        break;
-    }
+    CPairScene scene;
+    bool wasWholeAfterAsking = false;
+    bool wasWholeForTheNext = false;
+    connect(&scene, &CNodeScene::connectionCreated, &scene, [&](CNodeConnection& connection) {
+        scene.deleteConnection(connection);
+        wasWholeAfterAsking = isWhole(scene, connection);
+    });
+    connect(&scene, &CNodeScene::connectionCreated, &scene,
+            [&](CNodeConnection& connection) { wasWholeForTheNext = isWhole(scene, connection); });
+
+    const auto connection = join(scene, scene.a, scene.b);
+    QVERIFY(wasWholeAfterAsking && wasWholeForTheNext);
+    QCOMPARE(scene.log.said, QStringList({"connected A0-B0", "disconnected A0-B0"}));
+    QVERIFY(connection);
+    QVERIFY(!isInTable(scene, *connection));
+    QCOMPARE(connection.use_count(), 1L);
 }
 
-void tst_CNodeSceneReentry::runAtFirst(CChain& chain, ESignal signal, const std::function<void()>& action)
+void tst_CNodeSceneReentry::deletionNowDoesNotWait()
 {
-    const auto onNode = [action](CNodeBase&) { action(); };
-    const auto onConnection = [action](CNodeConnection&) { action(); };
-    switch (signal) {
-    case NodeCreated:
-        return chain.atFirst<CNodeBase>(&CNodeScene::nodeCreated, onNode);
-    case NodeDeleted:
-        return chain.atFirst<CNodeBase>(&CNodeScene::nodeDeleted, onNode);
-    case ConnectionCreated:
-        return chain.atFirst<CNodeConnection>(&CNodeScene::connectionCreated, onConnection);
-    case ConnectionDeleted:
-        return chain.atFirst<CNodeConnection>(&CNodeScene::connectionDeleted, onConnection);
-    }
+    CPairScene scene;
+    bool wasInTableForTheNext = true;
+    connect(&scene, &CNodeScene::connectionCreated, &scene, &CNodeScene::deleteConnectionNow);
+    connect(&scene, &CNodeScene::connectionCreated, &scene,
+            [&](CNodeConnection& connection) { wasInTableForTheNext = isInTable(scene, connection); });
+    QVERIFY(join(scene, scene.a, scene.b));
+    QVERIFY(!wasInTableForTheNext);
+    QVERIFY(scene.connections().empty());
 }
 
-void tst_CNodeSceneReentry::connectionOutlivesItsNodes()
+void tst_CNodeSceneReentry::deletionsKeepTheirOrder()
 {
-    CChain chain;
-    const auto kept = chain.upper;
-    chain.scene->removeNode(*chain.second);
+    CTestScene scene(nullptr, nullptr);
+    const SPlaced a = place(scene, "A", 0, 4);
+    const SPlaced b = place(scene, "B", 4, 0);
+    std::vector<CNodeConnection*> connections;
+    for (int index = 0; index < 4; ++index)
+        connections.push_back(join(scene, a, b, index, index).get());
+    connect(&scene, &CNodeScene::nodeCreated, &scene, [&] {
+        for (const std::size_t index : {2U, 0U, 1U})
+            scene.deleteConnection(*connections[index]);
+    });
+    connect(&scene, &CNodeScene::connectionDeleted, &scene, [&](CNodeConnection& connection) {
+        if (&connection == connections[2])
+            scene.deleteConnection(*connections[3]); // asked for by a deletion, it comes last
+    });
 
-    QVERIFY(!std::as_const(*kept).getNode(ENodePortType::In));
-    QCOMPARE(kept->getPortIndex(ENodePortType::In), -1);
-    QCOMPARE(std::as_const(*kept).getNode(ENodePortType::Out), chain.first);
-    QVERIFY(kept->save().isEmpty());
-    kept->propagateData(CTestData::make(1));
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
+    const CSignalLog log(scene);
+    place(scene, "C");
+    QCOMPARE(log.said, QStringList({"created C", "disconnected A2-B2", "disconnected A0-B0", "disconnected A1-B1",
+                                    "disconnected A3-B3"}));
 }
 
-void tst_CNodeSceneReentry::halfConnectionOutlivesItsNode()
+void tst_CNodeSceneReentry::deletionWaitsForTheOutermostOperation()
 {
-    CChain chain;
-    const auto half = chain.scene->createConnection(ENodePortType::Out, *chain.first, 0);
-    chain.scene->removeNode(*chain.first);
-
-    QCOMPARE(chain.scene->connections().count(half->id()), std::size_t(1));
-    QVERIFY(!half->getNode(ENodePortType::Out));
-    half->propagateData(CTestData::make(1));
-    chain.scene->deleteConnection(*half);
-    QCOMPARE(chain.scene->connections().count(half->id()), std::size_t(0));
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
+    CPairScene scene;
+    bool wasWholeInTheOuterHandler = false;
+    connect(&scene, &CNodeScene::connectionCreated, &scene, &CNodeScene::deleteConnection);
+    connect(&scene, &CNodeScene::nodeCreated, &scene, [&] {
+        const auto connection = join(scene, scene.a, scene.b);
+        wasWholeInTheOuterHandler = connection && isWhole(scene, *connection);
+    });
+    place(scene, "C");
+    QVERIFY(wasWholeInTheOuterHandler);
+    QCOMPARE(scene.log.said, QStringList({"created C", "connected A0-B0", "disconnected A0-B0"}));
 }
 
-void tst_CNodeSceneReentry::nodeKnownUnderAChangedIdIsRemoved()
+void tst_CNodeSceneReentry::deletionAskedForTwiceIsDoneOnce()
 {
-    CChain chain;
-    chain.second->restore(QJsonObject());
-    chain.scene->removeNode(*chain.second);
-
-    QCOMPARE(chain.scene->nodes().size(), std::size_t(2));
-    QCOMPARE(CTestModel::alive(), 2);
-    QVERIFY(chain.scene->connections().empty());
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
-}
-
-void tst_CNodeSceneReentry::deletingAConnectionFromTwoHandlersDeletesItOnce()
-{
-    CChain chain;
+    SChain chain;
     for (int handler = 0; handler < 2; ++handler) {
-        QObject::connect(chain.scene.get(), &CNodeScene::connectionCreated, chain.scene.get(), [&chain] {
+        chain.runAtFirst(NodeCreated, [&chain] {
             chain.scene->deleteConnection(*chain.upper);
             chain.scene->deleteConnection(*chain.upper);
-            QCOMPARE(chain.scene->connections().count(chain.upper->id()), std::size_t(1));
+            QVERIFY(isWhole(*chain.scene, *chain.upper));
         });
     }
-    provoke(chain, ConnectionCreated);
-
-    QCOMPARE(chain.said, QStringList({"connectionCreated", "connectionDeleted"}));
-    QCOMPARE(chain.scene->connections().count(chain.upper->id()), std::size_t(0));
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
-}
-
-void tst_CNodeSceneReentry::deletingAConnectionWhileItIsDeletedChangesNothing()
-{
-    CChain chain;
-    QObject::connect(chain.scene.get(), &CNodeScene::connectionDeleted, chain.scene.get(),
-                     [&chain](CNodeConnection& connection) {
-                         chain.scene->deleteConnectionNow(connection);
-                         chain.scene->deleteConnection(connection);
-                         QCOMPARE(chain.scene->connections().count(connection.id()), std::size_t(1));
-                     });
-    chain.scene->deleteConnectionNow(*chain.upper);
-
-    QCOMPARE(chain.said, QStringList({"connectionDeleted"}));
+    chain.provoke(NodeCreated);
+    QCOMPARE(chain.log->said, QStringList({"created D", "disconnected A0-B0"}));
     QCOMPARE(chain.scene->connections().size(), std::size_t(1));
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
 }
 
-void tst_CNodeSceneReentry::connectionOfAnotherSceneIsLeftAlone()
+void tst_CNodeSceneReentry::deletionAskedForWhenItIsAnnouncedChangesNothing()
 {
-    CChain chain;
-    CChain other;
-    chain.scene->deleteConnection(*other.upper);
-    chain.scene->deleteConnectionNow(*other.upper);
-    chain.scene->removeNode(*other.first);
-
-    QCOMPARE(chain.said, QStringList());
-    QCOMPARE(other.said, QStringList());
-    QCOMPARE(other.scene->connections().size(), std::size_t(2));
-    QCOMPARE(inconsistencyOf(*other.scene), QString());
+    SChain chain;
+    chain.runAtFirst(ConnectionDeleted, [&chain] {
+        chain.scene->deleteConnectionNow(*chain.upper);
+        chain.scene->deleteConnection(*chain.upper);
+        QVERIFY(isWhole(*chain.scene, *chain.upper));
+    });
+    chain.scene->deleteConnectionNow(*chain.upper);
+    QCOMPARE(chain.log->said, QStringList({"disconnected A0-B0"}));
+    QCOMPARE(chain.scene->connections().size(), std::size_t(1));
 }
 
-void tst_CNodeSceneReentry::removingANodeInAnySignal_data()
+void tst_CNodeSceneReentry::deletionAskedForWhenARemovalIsAnnouncedComesFirst()
+{
+    SChain chain;
+    chain.runAtFirst(NodeDeleted, [&chain] { chain.scene->deleteConnection(*chain.lower); });
+    chain.scene->removeNode(chain.b.node);
+    QCOMPARE(chain.log->said, QStringList({"deleted B", "disconnected B0-C0", "disconnected A0-B0"}));
+}
+
+void tst_CNodeSceneReentry::longQueueNeedsNoStack()
+{
+    const int count = 100000;
+    CTestScene scene(nullptr, nullptr);
+    const SPlaced hub = place(scene);
+    const SPlaced sink = place(scene, "Sink", 1, 0);
+    sink.model.onSetInData = [](const CNodeDataPtr&, NodePortIndex) {};
+    for (int i = 0; i < count; ++i)
+        join(scene, hub, sink);
+    int deleted = 0;
+    connect(&scene, &CNodeScene::connectionDeleted, &scene, [&deleted] { ++deleted; });
+    connect(&scene, &CNodeScene::nodeCreated, &scene, [&] { scene.clearScene(); });
+    place(scene);
+    QCOMPARE(deleted, count);
+    QVERIFY(scene.nodes().empty() && scene.connections().empty());
+}
+
+void tst_CNodeSceneReentry::operationInAnySignal_data()
 {
     QTest::addColumn<ESignal>("signal");
-    QTest::newRow("nodeCreated") << NodeCreated;
-    QTest::newRow("nodeDeleted") << NodeDeleted;
-    QTest::newRow("connectionCreated") << ConnectionCreated;
-    QTest::newRow("connectionDeleted") << ConnectionDeleted;
+    QTest::addColumn<Action>("operation");
+    QTest::addColumn<int>("nodesDeleted");
+    QTest::addColumn<int>("connectionsDeleted");
+
+    const Action remove = &removeB;
+    const Action clear = [](SChain& chain) { chain.scene->clearScene(); };
+    const Action destroy = [](SChain& chain) { CTestScene::endInside(chain.scene); };
+    QTest::newRow("nodeCreated, remove") << NodeCreated << remove << 1 << 2;
+    QTest::newRow("nodeDeleted, remove") << NodeDeleted << remove << 2 << 2;
+    QTest::newRow("connectionCreated, remove") << ConnectionCreated << remove << 1 << 2;
+    QTest::newRow("connectionDeleted, remove") << ConnectionDeleted << remove << 1 << 2;
+    QTest::newRow("nodeCreated, clear") << NodeCreated << clear << 4 << 2;
+    QTest::newRow("nodeDeleted, clear") << NodeDeleted << clear << 3 << 2;
+    QTest::newRow("connectionCreated, clear") << ConnectionCreated << clear << 3 << 3;
+    QTest::newRow("connectionDeleted, clear") << ConnectionDeleted << clear << 3 << 2;
+    QTest::newRow("nodeCreated, destroy") << NodeCreated << destroy << 4 << 2;
+    QTest::newRow("nodeDeleted, destroy") << NodeDeleted << destroy << 3 << 2;
+    QTest::newRow("connectionCreated, destroy") << ConnectionCreated << destroy << 3 << 3;
+    QTest::newRow("connectionDeleted, destroy") << ConnectionDeleted << destroy << 3 << 2;
 }
 
-void tst_CNodeSceneReentry::removingANodeInAnySignal()
+void tst_CNodeSceneReentry::operationInAnySignal()
 {
-    QFETCH(ESignal, signal);
-    CChain chain;
-    chain.releaseConnections();
-    runAtFirst(chain, signal, [&chain] {
-        const Core::CId id = chain.second->id();
-        chain.scene->removeNode(*chain.second);
-        QCOMPARE(chain.scene->nodes().count(id), std::size_t(0));
-        QVERIFY(CTestModel::alive() >= 3); // out of the table, yet whole until the queue has run
-        QCOMPARE(modelOf(*chain.second).caption(), QStringLiteral("Test"));
-        chain.scene->removeNode(*chain.second);
-    });
-    if (signal == ConnectionDeleted)
-        chain.upper = chain.scene->connections().begin()->second;
-    provoke(chain, signal);
+    QFETCH(const ESignal, signal);
+    QFETCH(const Action, operation);
+    SChain chain;
+    chain.runAtFirst(signal, [&] { operation(chain); });
+    chain.provoke(signal);
 
-    const auto secondRemoved = [&chain] { return chain.said.count("connectionDeleted") == 2; };
-    QVERIFY(secondRemoved());
-    QCOMPARE(chain.said.count("nodeDeleted"), signal == NodeDeleted ? 2 : 1);
-    QCOMPARE(CTestModel::alive(), int(chain.scene->nodes().size()));
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
+    QTEST(chain.log->count("deleted"), "nodesDeleted");
+    QTEST(chain.log->count("disconnected"), "connectionsDeleted");
+    QCOMPARE(CTestModel::alive(), chain.scene ? int(chain.scene->nodes().size()) : 0);
 }
 
-void tst_CNodeSceneReentry::removingTheAnnouncedNodeTwice()
+void tst_CNodeSceneReentry::removalAskedForWhenItIsAnnouncedChangesNothing()
 {
-    CChain chain;
-    QObject::connect(chain.scene.get(), &CNodeScene::nodeDeleted, chain.scene.get(),
-                     [&chain](CNodeBase& node) { chain.scene->removeNode(node); });
-    chain.scene->removeNode(*chain.second);
-
-    QCOMPARE(chain.said, QStringList({"nodeDeleted", "connectionDeleted", "connectionDeleted"}));
+    SChain chain;
+    connect(chain.scene.get(), &CNodeScene::nodeDeleted, chain.scene.get(), &CNodeScene::removeNode);
+    chain.scene->removeNode(chain.b.node);
+    QCOMPARE(chain.log->said, QStringList({"deleted B", "disconnected A0-B0", "disconnected B0-C0"}));
     QCOMPARE(CTestModel::alive(), 2);
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
 }
 
-void tst_CNodeSceneReentry::nodeRemovedInAHandlerDiesAfterItsConnections()
+void tst_CNodeSceneReentry::nodeRemovedInAHandlerGoesAfterItsConnections()
 {
-    CChain chain;
-    QStringList order;
-    modelOf(*chain.second).onDestroyed = [&order] { order << "destroyed"; };
-    QObject::connect(chain.scene.get(), &CNodeScene::connectionDeleted, chain.scene.get(),
-                     [&](CNodeConnection& connection) {
-                         QVERIFY(connection.getNode(ENodePortType::In));
-                         QVERIFY(connection.getNode(ENodePortType::Out));
-                         order << "connectionDeleted";
-                     });
-    chain.atFirst<CNodeBase>(&CNodeScene::nodeCreated, [&](CNodeBase&) {
-        chain.scene->removeNode(*chain.second);
-        order << "handler ends";
+    SChain chain;
+    chain.b.model.onDestroyed = [&chain] { chain.log->said << "destroyed B"; };
+    chain.runAtFirst(NodeCreated, [&chain] {
+        chain.scene->removeNode(chain.b.node);
+        chain.log->said << "handler ends";
     });
-    provoke(chain, NodeCreated);
-
-    QCOMPARE(order, QStringList({"handler ends", "connectionDeleted", "connectionDeleted", "destroyed"}));
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
+    chain.provoke(NodeCreated);
+    QCOMPARE(chain.log->said, QStringList({"created D", "deleted B", "handler ends", "disconnected A0-B0",
+                                           "disconnected B0-C0", "destroyed B"}));
 }
 
-void tst_CNodeSceneReentry::nodeThatHasLeftTakesNoConnection()
+void tst_CNodeSceneReentry::leavingNodeTakesNoConnection()
 {
-    CChain chain;
-    chain.atFirst<CNodeBase>(&CNodeScene::nodeCreated, [&](CNodeBase& added) {
-        chain.scene->removeNode(*chain.second);
-        QVERIFY(!chain.scene->createConnection(*chain.second, 0, added, 0, NodeDataConverter()));
-        QVERIFY(!chain.scene->createConnection(added, 0, *chain.second, 0, NodeDataConverter()));
-        QVERIFY(!chain.scene->createConnection(ENodePortType::In, *chain.second, 0));
-    });
-    provoke(chain, NodeCreated);
-
-    QVERIFY(chain.scene->connections().empty());
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
-}
-
-void tst_CNodeSceneReentry::clearingInAnySignal()
-{
-    QFETCH(ESignal, signal);
-    CChain chain;
-    runAtFirst(chain, signal, [&chain] { chain.scene->clearScene(); });
-    provoke(chain, signal);
-
-    const int nodes = signal == NodeCreated ? 4 : 3;
-    QCOMPARE(chain.said.count("nodeDeleted"), nodes);
-    QCOMPARE(chain.said.count("connectionDeleted"), signal == ConnectionCreated ? 3 : 2);
-    QVERIFY(chain.scene->nodes().empty());
-    QVERIFY(chain.scene->connections().empty());
-    QCOMPARE(CTestModel::alive(), 0);
-}
-
-void tst_CNodeSceneReentry::destroyingTheSceneInAnySignal()
-{
-    QFETCH(ESignal, signal);
-    CChain chain;
-    runAtFirst(chain, signal, [&chain] { CTestScene::endInside(chain.scene); });
-    provoke(chain, signal);
-
-    QVERIFY(!chain.scene);
-    QCOMPARE(chain.said.count("nodeDeleted"), signal == NodeCreated ? 4 : 3);
-    QCOMPARE(chain.said.count("connectionDeleted"), signal == ConnectionCreated ? 3 : 2);
-    QCOMPARE(CTestModel::alive(), 0);
-}
-
-void tst_CNodeSceneReentry::createNodeReturnsNoNodeWhenAHandlerRemovedIt()
-{
-    CChain chain;
-    QObject::connect(chain.scene.get(), &CNodeScene::nodeCreated, chain.scene.get(),
-                     [&chain](CNodeBase& node) { chain.scene->removeNode(node); });
-    CNodeBase& none = chain.scene->createNode(std::make_unique<CTestModel>());
-
-    QCOMPARE(&none, &CNodeScene::noNode());
-    QVERIFY(none.id() == Core::CId());
-    QVERIFY(!chain.scene->createConnection(none, 0, *chain.first, 0, NodeDataConverter()));
-    chain.scene->removeNode(none);
-    QCOMPARE(chain.scene->nodes().size(), std::size_t(3));
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
-}
-
-void tst_CNodeSceneReentry::infoHandlerMayDestroyTheScene()
-{
-    class CInfo : public Core::AppCoreComponents::IBaseInfo
-    {
+    SChain chain;
+    const auto refuse = [&chain] {
+        QVERIFY(!join(*chain.scene, chain.a, chain.b));
+        QVERIFY(!join(*chain.scene, chain.b, chain.c));
+        QVERIFY(!chain.scene->createConnection(ENodePortType::In, chain.b.node, 0));
     };
-    auto scene = std::make_unique<CTestScene>(QSharedPointer<CInfo>::create(), nullptr);
-    auto model = std::make_unique<CTestModel>();
-    QObject::connect(model.get(), &CNodeDataModel::infoInjected, [&scene] { scene.reset(); });
-    CNodeBase& none = scene->createNode(std::move(model));
+    chain.runAtFirst(NodeCreated, [&] {
+        chain.scene->removeNode(chain.b.node);
+        refuse(); // it is out of the table
+    });
+    chain.runAtFirst(ConnectionDeleted, refuse); // its connections go
+    chain.provoke(NodeCreated);
+    QVERIFY(chain.scene->connections().empty());
+    QCOMPARE(chain.log->count("disconnected"), 2);
+}
 
-    QVERIFY(!scene);
-    QCOMPARE(&none, &CNodeScene::noNode());
-    QCOMPARE(CTestModel::alive(), 0);
+void tst_CNodeSceneReentry::createNodeReturnsNoNodeWhenItIsGone()
+{
+    CPairScene scene;
+    connect(&scene, &CNodeScene::nodeCreated, &scene, &CNodeScene::removeNode);
+    QCOMPARE(&place(scene).node, &CNodeScene::noNode());
+    QCOMPARE(scene.nodes().size(), std::size_t(2));
+
+    auto informed = std::make_unique<CTestScene>(QSharedPointer<CTestInfo>::create(), nullptr);
+    auto model = std::make_unique<CTestModel>();
+    connect(model.get(), &CNodeDataModel::infoInjected, [&informed] { informed.reset(); });
+    QCOMPARE(&informed->createNode(std::move(model)), &CNodeScene::noNode());
+    QVERIFY(!informed);
+
+    auto asking = std::make_unique<CTestScene>(nullptr, nullptr);
+    model = std::make_unique<CTestModel>();
+    model->onPorts = [&asking] { asking.reset(); };
+    QCOMPARE(&asking->createNode(std::move(model)), &CNodeScene::noNode());
+    QVERIFY(!asking);
 }
 
 void tst_CNodeSceneReentry::modelRemovesItsOwnNodeAndFinishes()
 {
-    CChain chain;
-    chain.releaseConnections();
-    const Core::CId id = chain.second->id();
-    QStringList order;
-    CTestModel& model = modelOf(*chain.second);
-    model.onDestroyed = [&order] { order << "destroyed"; };
-    model.onSetInData = [&](const CNodeDataPtr& data, NodePortIndex) {
+    SChain chain;
+    const Core::CId id = chain.b.node.id();
+    chain.b.model.onDestroyed = [&chain] { chain.log->said << "destroyed B"; };
+    chain.b.model.onSetInData = [&](const CNodeDataPtr& data, NodePortIndex) {
         if (!data)
             return;
-        chain.scene->removeNode(*chain.second);
+        chain.scene->removeNode(chain.b.node);
         QCOMPARE(chain.scene->nodes().count(id), std::size_t(0));
-        QCOMPARE(chain.said.count("connectionDeleted"), 2);
-        order << "finished " + model.name(); // still whole
+        chain.log->said << "finished " + chain.b.model.name(); // still whole
     };
-    modelOf(*chain.first).offer(CTestData::make(1));
-
-    QCOMPARE(order, QStringList({"finished Test", "destroyed"}));
-    QCOMPARE(modelOf(*chain.third).values(), std::vector<int>({-1}));
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
-}
-
-void tst_CNodeSceneReentry::modelRemovesItsNeighbours()
-{
-    CChain chain;
-    chain.releaseConnections();
-    modelOf(*chain.second).onSetInData = [&](const CNodeDataPtr& data, NodePortIndex) {
-        if (!data)
-            return;
-        chain.scene->removeNode(*chain.first);
-        chain.scene->removeNode(*chain.third);
-    };
-    modelOf(*chain.first).offer(CTestData::make(1));
-
-    QCOMPARE(CTestModel::alive(), 1);
-    QCOMPARE(chain.scene->nodes().size(), std::size_t(1));
-    QVERIFY(chain.scene->connections().empty());
-    QCOMPARE(modelOf(*chain.second).values(), std::vector<int>({1, -1}));
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
-}
-
-void tst_CNodeSceneReentry::modelClearsTheScene()
-{
-    CChain chain;
-    modelOf(*chain.third).onSetInData = [&](const CNodeDataPtr& data, NodePortIndex) {
-        if (!data)
-            return;
-        chain.scene->clearScene();
-        QVERIFY(chain.scene->nodes().empty());
-        QCOMPARE(CTestModel::alive(), 3); // the walk stands in all of them
-    };
-    modelOf(*chain.first).offer(CTestData::make(1));
-    QCOMPARE(CTestModel::alive(), 0);
-    QCOMPARE(chain.said.count("nodeDeleted"), 3);
-}
-
-void tst_CNodeSceneReentry::modelDestroysTheScene()
-{
-    CChain chain;
-    modelOf(*chain.third).onSetInData = [&](const CNodeDataPtr& data, NodePortIndex) {
-        if (data)
-            chain.scene.reset();
-    };
-    modelOf(*chain.first).offer(CTestData::make(1));
-    QVERIFY(!chain.scene);
-    QCOMPARE(CTestModel::alive(), 0);
-}
-
-void tst_CNodeSceneReentry::outDataRemovesItsOwnNode()
-{
-    CChain chain;
-    chain.releaseConnections();
-    modelOf(*chain.first).onOutData = [&](NodePortIndex) -> CNodeDataPtr {
-        chain.scene->removeNode(*chain.first);
-        return CTestData::make(1);
-    };
-    CTestModel& second = modelOf(*chain.second);
-    Q_EMIT modelOf(*chain.first).dataUpdated(0);
-
-    QCOMPARE(second.values(), std::vector<int>({-1}));
-    QCOMPARE(CTestModel::alive(), 2);
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
-}
-
-void tst_CNodeSceneReentry::converterDeletesItsConnection()
-{
-    CChain chain;
-    chain.upper->setTypeConverter([&chain](const CNodeDataPtr& data) {
-        if (chain.upper)
-            chain.scene->deleteConnectionNow(*std::exchange(chain.upper, nullptr));
-        return data;
-    });
-    modelOf(*chain.first).offer(CTestData::make(1));
-
-    QCOMPARE(modelOf(*chain.second).values(), std::vector<int>({-1}));
-    QCOMPARE(chain.scene->connections().size(), std::size_t(1));
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
+    chain.a.model.offer(CTestData::make(1));
+    QCOMPARE(chain.log->said,
+             QStringList({"deleted B", "disconnected A0-B0", "disconnected B0-C0", "finished B", "destroyed B"}));
+    QCOMPARE(chain.c.model.values(), std::vector<int>({-1}));
 }
 
 void tst_CNodeSceneReentry::nodeRemovedDuringANestedWalkIsDestroyedOnce()
 {
-    CChain chain;
+    SChain chain;
     int depth = 0;
-    modelOf(*chain.second).onSetInData = [&](const CNodeDataPtr& data, NodePortIndex) {
+    chain.b.model.onSetInData = [&](const CNodeDataPtr& data, NodePortIndex) {
         if (!data || ++depth > 3)
             return;
-        modelOf(*chain.first).offer(CTestData::make(depth));
+        chain.a.model.offer(CTestData::make(depth));
         if (depth == 4)
-            chain.scene->removeNode(*chain.second);
+            chain.scene->removeNode(chain.b.node);
     };
-    modelOf(*chain.first).offer(CTestData::make(0));
+    chain.a.model.offer(CTestData::make(0));
     QCOMPARE(CTestModel::alive(), 2);
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
 }
 
-void tst_CNodeSceneReentry::consumerRemovedByThePushIsNotConnected()
+void tst_CNodeSceneReentry::pushMayRemoveWhatItConnects_data()
 {
-    CChain chain;
-    modelOf(*chain.first).out = CTestData::make(1);
-    modelOf(*chain.third).onSetInData = [&](const CNodeDataPtr& data, NodePortIndex) {
-        if (data)
-            chain.scene->removeNode(*chain.third);
-    };
-    chain.lower.reset();
-    QVERIFY(!chain.scene->createConnection(*chain.third, 0, *chain.first, 0, NodeDataConverter()));
+    QTest::addColumn<Action>("removal");
+    QTest::addColumn<bool>("isInHandler"); // where the node waits in the queue when the push has ended
 
-    QCOMPARE(chain.said.count("connectionCreated"), 0);
+    const Action consumer = [](SChain& chain) { chain.scene->removeNode(chain.c.node); };
+    const Action producer = [](SChain& chain) { chain.scene->removeNode(chain.a.node); };
+    const Action scene = [](SChain& chain) { CTestScene::endInside(chain.scene); };
+    for (const bool isInHandler : {false, true}) {
+        const char* const where = isInHandler ? " in a handler" : "";
+        QTest::addRow("consumer%s", where) << consumer << isInHandler;
+        QTest::addRow("producer%s", where) << producer << isInHandler;
+        QTest::addRow("scene%s", where) << scene << isInHandler;
+    }
+}
+
+void tst_CNodeSceneReentry::pushMayRemoveWhatItConnects()
+{
+    QFETCH(const Action, removal);
+    QFETCH(const bool, isInHandler);
+    SChain chain;
+    chain.a.model.out = CTestData::make(1);
+    chain.c.model.onSetInData = [&](const CNodeDataPtr& data, NodePortIndex) {
+        if (data)
+            removal(chain);
+    };
+    const auto connectThem = [&chain] { QVERIFY(!join(*chain.scene, chain.a, chain.c)); };
+    if (isInHandler) {
+        chain.runAtFirst(NodeCreated, connectThem);
+        chain.provoke(NodeCreated);
+    } else {
+        connectThem();
+    }
+
+    QCOMPARE(chain.log->count("connected"), 0);
+    if (!chain.scene)
+        return; // cleanup() looks whether all is gone
+    QCOMPARE(CTestModel::alive(), isInHandler ? 3 : 2);
     QCOMPARE(chain.scene->connections().size(), std::size_t(1));
-    QCOMPARE(CTestModel::alive(), 2);
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
 }
 
-void tst_CNodeSceneReentry::producerRemovedByThePushIsNotConnected()
+void tst_CNodeSceneReentry::copyingAConverterMayRemoveTheNode() const
 {
-    CChain chain;
-    modelOf(*chain.first).out = CTestData::make(1);
-    modelOf(*chain.third).onSetInData = [&](const CNodeDataPtr& data, NodePortIndex) {
-        if (data)
-            chain.scene->removeNode(*chain.first);
-    };
-    // From a handler, so that the node waits in the queue when the push has ended.
-    chain.atFirst<CNodeBase>(&CNodeScene::nodeCreated, [&](CNodeBase&) {
-        QVERIFY(!chain.scene->createConnection(*chain.third, 0, *chain.first, 0, NodeDataConverter()));
+    SChain chain;
+    bool isArmed = false;
+    const CCopyWatch watch([&] {
+        if (std::exchange(isArmed, false))
+            chain.scene->removeNode(chain.c.node);
     });
-    provoke(chain, NodeCreated);
-
-    QCOMPARE(chain.said.count("connectionCreated"), 0);
-    QCOMPARE(chain.scene->connections().size(), std::size_t(1));
-    QCOMPARE(CTestModel::alive(), 3);
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
-}
-
-void tst_CNodeSceneReentry::sceneDestroyedByThePush()
-{
-    CChain chain;
-    modelOf(*chain.first).out = CTestData::make(1);
-    modelOf(*chain.third).onSetInData = [&](const CNodeDataPtr& data, NodePortIndex) {
-        if (data)
-            CTestScene::endInside(chain.scene);
-    };
-    QVERIFY(!chain.scene->createConnection(*chain.third, 0, *chain.first, 0, NodeDataConverter()));
-    QVERIFY(!chain.scene);
-    QCOMPARE(CTestModel::alive(), 0);
-}
-
-void tst_CNodeSceneReentry::modelDestructorChangesTheScene()
-{
-    CChain chain;
-    modelOf(*chain.first).onDestroyed = [&chain] {
-        chain.scene->removeNode(*chain.second);
-        chain.scene->createNode(std::make_unique<CTestModel>());
-    };
-    chain.scene->removeNode(*chain.first);
-
+    const NodeDataConverter converter = [watch](const CNodeDataPtr& data) { return data; };
+    isArmed = true;
+    QVERIFY(!chain.scene->createConnection(chain.c.node, 0, chain.a.node, 0, converter));
     QCOMPARE(chain.scene->nodes().size(), std::size_t(2));
-    QVERIFY(chain.scene->connections().empty());
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
+}
+
+void tst_CNodeSceneReentry::dyingNodeIsNotConnected()
+{
+    SChain chain;
+    int calls = 0;
+    const CCopyWatch watch([&calls, &dying = chain.c.node] {
+        ++calls;
+        dying.onDataUpdated(0);
+    });
+    chain.c.model.onDestroyed = [&] {
+        const NodeDataConverter converter = [watch](const CNodeDataPtr& data) { return data; };
+        calls = 0;
+        QVERIFY(!chain.scene->createConnection(chain.c.node, 0, chain.a.node, 0, converter));
+        QVERIFY(!chain.scene->createConnection(chain.a.node, 0, chain.c.node, 0, converter));
+    };
+    chain.scene->removeNode(chain.c.node);
+    QCOMPARE(calls, 0);
 }
 
 void tst_CNodeSceneReentry::handlerThatFillsADyingSceneDoesNotHoldItUp()
 {
-    CChain chain;
+    SChain chain;
     CNodeScene* const scene = chain.scene.get();
-    const auto refills = std::make_shared<int>(0);
-    QObject::connect(scene, &CNodeScene::nodeDeleted, scene, [refills, scene] {
-        ++*refills;
-        scene->createNode(std::make_unique<CTestModel>());
+    int refills = 0;
+    connect(scene, &CNodeScene::nodeDeleted, scene, [&refills, scene] {
+        ++refills;
+        place(*scene);
     });
     chain.scene.reset();
-    QCOMPARE(*refills, 3); // once for each node that the scene had, and never for those filled in
+    QCOMPARE(refills, 3); // once for each node that the scene had, and never for those filled in
     QCOMPARE(CTestModel::alive(), 0);
 }
 
 void tst_CNodeSceneReentry::queueOfADyingSceneIsFinished()
 {
-    CChain chain;
-    chain.atFirst<CNodeBase>(&CNodeScene::nodeCreated, [&chain](CNodeBase&) {
+    SChain chain;
+    chain.runAtFirst(NodeCreated, [&chain] {
         chain.scene->deleteConnection(*chain.upper);
-        chain.scene->removeNode(*chain.third);
-        QCOMPARE(chain.said.count("connectionDeleted"), 0);
+        chain.scene->removeNode(chain.c.node);
+        QCOMPARE(chain.log->count("disconnected"), 0);
         CTestScene::endInside(chain.scene);
     });
-    provoke(chain, NodeCreated);
-    QCOMPARE(chain.said.count("connectionDeleted"), 2);
-    QCOMPARE(chain.said.count("nodeDeleted"), 4);
+    chain.provoke(NodeCreated);
+    QCOMPARE(chain.log->count("disconnected"), 2);
+    QCOMPARE(chain.log->count("deleted"), 4);
     QCOMPARE(CTestModel::alive(), 0);
-}
-
-void tst_CNodeSceneReentry::longQueueNeedsNoStack()
-{
-    CTestScene scene(nullptr, nullptr);
-    CNodeBase& hub = scene.createNode(std::make_unique<CTestModel>(1, 1));
-    CNodeBase& sink = scene.createNode(std::make_unique<CTestModel>(1, 0));
-    modelOf(sink).onSetInData = [](const CNodeDataPtr&, NodePortIndex) {};
-    for (int i = 0; i < 100000; ++i)
-        scene.createConnection(sink, 0, hub, 0, NodeDataConverter());
-    QObject::connect(&scene, &CNodeScene::nodeCreated, &scene, [&] { scene.clearScene(); });
-    scene.createNode(std::make_unique<CTestModel>());
-
-    QVERIFY(scene.connections().empty());
-    QVERIFY(scene.nodes().empty());
 }
 
 void tst_CNodeSceneReentry::dyingSceneTakesNothingIn()
 {
     // A half connection goes with the scene's tables, when all signals are sent, and its last delivery asks for more.
-    CChain other;
+    CPairScene other;
     auto dying = std::make_unique<CTestScene>(nullptr, nullptr);
     CNodeScene* const late = dying.get();
-    QVERIFY(late->createConnection(ENodePortType::In, *other.first, 0));
+    QVERIFY(late->createConnection(ENodePortType::In, other.a.node, 0));
     int calls = 0;
     bool isRefused = false;
-    modelOf(*other.first).onSetInData = [&](const CNodeDataPtr&, NodePortIndex) {
+    other.a.model.onSetInData = [&](const CNodeDataPtr&, NodePortIndex) {
         ++calls;
         isRefused = &late->createNode(std::make_unique<CTestModel>()) == &CNodeScene::noNode() &&
-                    !late->createConnection(ENodePortType::In, *other.first, 0);
+                    !late->createConnection(ENodePortType::In, other.a.node, 0);
     };
     dying.reset();
     QCOMPARE(calls, 1);
     QVERIFY(isRefused);
 }
 
-void tst_CNodeSceneReentry::modelThatCountsItsPortsMayDestroyTheScene()
+void tst_CNodeSceneReentry::exceptionOfAHandlerLeavesTheSceneUsable_data()
 {
-    class CCountingModel : public CTestModel
-    {
-    public:
-        unsigned int nPorts(ENodePortType portType) const override
-        {
-            if (onCount)
-                onCount();
-            return CTestModel::nPorts(portType);
-        }
-        std::function<void()> onCount;
-    };
-    CChain chain;
-    auto model = std::make_unique<CCountingModel>();
-    model->onCount = [&chain] { chain.scene.reset(); };
-    QCOMPARE(&chain.scene->createNode(std::move(model)), &CNodeScene::noNode());
-    QVERIFY(!chain.scene);
-}
-
-void tst_CNodeSceneReentry::copyingAConverterMayRemoveTheNode() const
-{
-    CChain chain;
-    bool isArmed = false;
-    const NodeDataConverter converter = [capture = CCopyWatch([&] {
-                                             if (std::exchange(isArmed, false))
-                                                 chain.scene->removeNode(*chain.third);
-                                         })](const CNodeDataPtr& data) { return data; };
-    isArmed = true;
-    QVERIFY(!chain.scene->createConnection(*chain.third, 0, *chain.first, 0, converter));
-    QCOMPARE(chain.scene->nodes().size(), std::size_t(2));
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
-}
-
-void tst_CNodeSceneReentry::dyingNodeIsNotConnected()
-{
-    CChain chain;
-    CNodeBase* const dying = chain.third;
-    int calls = 0;
-    const CCopyWatch watch([&calls, dying] {
-        ++calls;
-        dying->onDataUpdated(0);
-    });
-    modelOf(*dying).onDestroyed = [&] {
-        const NodeDataConverter converter = [watch](const CNodeDataPtr& data) { return data; };
-        calls = 0;
-        QVERIFY(!chain.scene->createConnection(*dying, 0, *chain.first, 0, converter));
-        QVERIFY(!chain.scene->createConnection(*chain.first, 0, *dying, 0, converter));
-    };
-    chain.scene->removeNode(*dying);
-    QCOMPARE(calls, 0);
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
-}
-
-void tst_CNodeSceneReentry::connectionMadeDuringARemovalIsRefused()
-{
-    CChain chain;
-    chain.atFirst<CNodeConnection>(&CNodeScene::connectionDeleted, [&chain](CNodeConnection&) {
-        QVERIFY(!chain.scene->createConnection(*chain.second, 0, *chain.first, 0, NodeDataConverter()));
-    });
-    chain.scene->removeNode(*chain.second);
-    QVERIFY(chain.scene->connections().empty());
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
-}
-
-void tst_CNodeSceneReentry::deferredDeletionIsDoneInSpiteOfAnException()
-{
-    CChain chain;
-    chain.releaseConnections();
-    chain.atFirst<CNodeConnection>(&CNodeScene::connectionDeleted,
-                                   [](CNodeConnection&) { throw std::runtime_error("handler"); });
-    chain.atFirst<CNodeBase>(&CNodeScene::nodeCreated,
-                             [&chain](CNodeBase&) { chain.scene->removeNode(*chain.second); });
-    QVERIFY_EXCEPTION_THROWN(provoke(chain, NodeCreated), std::runtime_error);
-
-    QVERIFY(chain.scene->connections().empty());
-    QCOMPARE(CTestModel::alive(), 3);
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
-}
-
-void tst_CNodeSceneReentry::destructorGoesOnAfterAnException()
-{
-    CChain chain;
-    QObject::connect(chain.scene.get(), &CNodeScene::nodeDeleted, [] { throw std::runtime_error("handler"); });
-    const CMessageCatcher messages;
-    chain.scene.reset();
-    QCOMPARE(chain.said.count("connectionDeleted"), 2);
-    QCOMPARE(messages.texts("halvex.graph").size(), 3);
+    QTest::addColumn<ESignal>("signal");
+    QTest::addColumn<bool>("isMoreWaiting");
+    for (const bool isMoreWaiting : {false, true}) {
+        const char* const what = isMoreWaiting ? ", more waits" : "";
+        QTest::addRow("nodeCreated%s", what) << NodeCreated << isMoreWaiting;
+        QTest::addRow("nodeDeleted%s", what) << NodeDeleted << isMoreWaiting;
+        QTest::addRow("connectionCreated%s", what) << ConnectionCreated << isMoreWaiting;
+        QTest::addRow("connectionDeleted%s", what) << ConnectionDeleted << isMoreWaiting;
+    }
 }
 
 void tst_CNodeSceneReentry::exceptionOfAHandlerLeavesTheSceneUsable()
 {
-    QFETCH(ESignal, signal);
-    CChain chain;
-    runAtFirst(chain, signal, [] { throw std::runtime_error("handler"); });
-    QVERIFY_EXCEPTION_THROWN(provoke(chain, signal), std::runtime_error);
+    QFETCH(const ESignal, signal);
+    QFETCH(const bool, isMoreWaiting);
+    SChain chain;
+    const auto waiting = join(*chain.scene, chain.c, chain.a);
+    chain.runAtFirst(signal, [&] {
+        if (isMoreWaiting)
+            chain.scene->deleteConnection(*waiting);
+        throw std::runtime_error("handler");
+    });
+    QVERIFY_EXCEPTION_THROWN(chain.provoke(signal), std::runtime_error);
     QCOMPARE(inconsistencyOf(*chain.scene), QString());
+    QCOMPARE(isInTable(*chain.scene, *waiting), !isMoreWaiting); // the queue runs all the same
+    QCOMPARE(chain.log->said.last() == "disconnected C0-A0", isMoreWaiting);
 
-    // The depth is back at zero, and what the exception cut short can be done again.
-    chain.said.clear();
+    // Nothing is put off any more, and what the exception cut short can be done again.
+    chain.log->said.clear();
     chain.scene->deleteConnection(*chain.lower);
-    QCOMPARE(chain.said, QStringList({"connectionDeleted"}));
-    chain.scene->removeNode(*chain.first);
-    QCOMPARE(chain.said.count("nodeDeleted"), 1);
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
+    QCOMPARE(chain.log->said, QStringList({"disconnected B0-C0"}));
+    chain.scene->removeNode(chain.a.node);
+    QCOMPARE(chain.log->count("deleted"), 1);
 }
 
 void tst_CNodeSceneReentry::exceptionOfAModelLeavesTheSceneUsable()
 {
-    CChain chain;
+    SChain chain;
     bool throws = true;
-    modelOf(*chain.third).onSetInData = [&throws](const CNodeDataPtr&, NodePortIndex) {
+    chain.c.model.onSetInData = [&throws](const CNodeDataPtr&, NodePortIndex) {
         if (throws)
             throw std::runtime_error("model");
     };
-    QVERIFY_EXCEPTION_THROWN(modelOf(*chain.first).offer(CTestData::make(1)), std::runtime_error);
-    QVERIFY_EXCEPTION_THROWN(chain.scene->createConnection(*chain.third, 0, *chain.first, 0, NodeDataConverter()),
-                             std::runtime_error);
+    QVERIFY_EXCEPTION_THROWN(chain.a.model.offer(CTestData::make(1)), std::runtime_error);
+    QVERIFY_EXCEPTION_THROWN(join(*chain.scene, chain.a, chain.c), std::runtime_error);
     QCOMPARE(chain.scene->connections().size(), std::size_t(2));
     QCOMPARE(inconsistencyOf(*chain.scene), QString());
 
     throws = false;
-    modelOf(*chain.first).offer(CTestData::make(2));
-    QCOMPARE(CTestData::valueOf(modelOf(*chain.third).received.back().data), 2);
-}
-
-void tst_CNodeSceneReentry::destructorReportsAndSwallowsExceptions()
-{
-    CChain chain;
-    QObject::connect(chain.scene.get(), &CNodeScene::nodeDeleted, [] { throw std::runtime_error("handler"); });
-    modelOf(*chain.second).onSetInData = [](const CNodeDataPtr&, NodePortIndex) { throw 42; };
-    chain.upper.reset();
-    const CMessageCatcher messages;
-    chain.scene.reset();
-
-    QCOMPARE(CTestModel::alive(), 0);
-    QCOMPARE(messages.texts("halvex.graph").filter("handler").size(), 3);
-}
-
-void tst_CNodeSceneReentry::queueRunsInSpiteOfAnException()
-{
-    QFETCH(ESignal, signal);
-    CChain chain;
-    CNodeBase& fourth = chain.scene->createNode(std::make_unique<CTestModel>());
-    const auto other = chain.scene->createConnection(fourth, 0, *chain.first, 0, NodeDataConverter());
-    chain.said.clear();
-    runAtFirst(chain, signal, [&] {
-        chain.scene->deleteConnection(*other);
-        throw std::runtime_error("handler");
-    });
-    QVERIFY_EXCEPTION_THROWN(provoke(chain, signal), std::runtime_error);
-    QCOMPARE(chain.said.last(), QStringLiteral("connectionDeleted"));
-    QCOMPARE(chain.scene->connections().count(other->id()), std::size_t(0));
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
+    chain.a.model.offer(CTestData::make(2));
+    QCOMPARE(chain.c.model.values().back(), 2);
 }
 
 void tst_CNodeSceneReentry::firstOfSeveralExceptionsPasses()
 {
-    CChain chain;
+    SChain chain;
     int deleted = 0;
-    QObject::connect(chain.scene.get(), &CNodeScene::connectionDeleted,
-                     [&deleted] { throw std::runtime_error("handler " + std::to_string(++deleted)); });
-    chain.atFirst<CNodeBase>(&CNodeScene::nodeCreated, [&chain](CNodeBase&) {
+    connect(chain.scene.get(), &CNodeScene::connectionDeleted,
+            [&deleted] { throw std::runtime_error("handler " + std::to_string(++deleted)); });
+    chain.runAtFirst(NodeCreated, [&chain] {
         chain.scene->deleteConnection(*chain.upper);
         chain.scene->deleteConnection(*chain.lower);
     });
     const CMessageCatcher messages;
     QString passed;
     try {
-        provoke(chain, NodeCreated);
+        chain.provoke(NodeCreated);
     } catch (const std::runtime_error& error) {
         passed = error.what();
     }
-    QCOMPARE(passed, QStringLiteral("handler 1"));
+    QCOMPARE(passed, QString("handler 1"));
     QCOMPARE(messages.texts("halvex.graph").filter("handler 2").size(), 1);
     QVERIFY(chain.scene->connections().empty());
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
 }
 
 void tst_CNodeSceneReentry::nodeThatAnExceptionKeepsTakesConnections()
 {
-    CChain chain;
-    chain.releaseConnections();
-    chain.atFirst<CNodeConnection>(&CNodeScene::connectionDeleted,
-                                   [](CNodeConnection&) { throw std::runtime_error("handler"); });
-    QVERIFY_EXCEPTION_THROWN(chain.scene->removeNode(*chain.second), std::runtime_error);
-    QVERIFY(chain.scene->createConnection(*chain.second, 0, *chain.first, 0, NodeDataConverter()));
-    QCOMPARE(inconsistencyOf(*chain.scene), QString());
+    SChain chain;
+    chain.runAtFirst(ConnectionDeleted, [] { throw std::runtime_error("handler"); });
+    QVERIFY_EXCEPTION_THROWN(chain.scene->removeNode(chain.b.node), std::runtime_error);
+    QVERIFY(join(*chain.scene, chain.a, chain.b));
 }
 
-void tst_CNodeSceneReentry::nodesOfTwoScenesGoInAnyOrder_data()
+void tst_CNodeSceneReentry::deferredRemovalIsDoneInSpiteOfAnException()
 {
-    QTest::addColumn<bool>("ownerFirst");
-    QTest::addColumn<bool>("wholeScene");
-    for (const bool ownerFirst : {true, false}) {
-        for (const bool wholeScene : {true, false}) {
-            QTest::addRow("%s %s first", wholeScene ? "scene" : "node", ownerFirst ? "consumer" : "producer")
-                << ownerFirst << wholeScene;
-        }
-    }
+    SChain chain;
+    chain.runAtFirst(ConnectionDeleted, [] { throw std::runtime_error("handler"); });
+    chain.runAtFirst(NodeCreated, [&chain] { chain.scene->removeNode(chain.b.node); });
+    QVERIFY_EXCEPTION_THROWN(chain.provoke(NodeCreated), std::runtime_error);
+    QVERIFY(chain.scene->connections().empty());
+    QCOMPARE(CTestModel::alive(), 3);
 }
 
-void tst_CNodeSceneReentry::nodesOfTwoScenesGoInAnyOrder()
+void tst_CNodeSceneReentry::destructorReportsAndSwallowsExceptions()
 {
-    QFETCH(bool, ownerFirst);
-    QFETCH(bool, wholeScene);
-    CChain consumer;
-    CChain producer;
-    auto crossing = consumer.scene->createConnection(*consumer.first, 0, *producer.third, 0, NodeDataConverter());
-    QVERIFY(crossing);
-    modelOf(*producer.first).offer(CTestData::make(7));
-    QCOMPARE(modelOf(*consumer.third).values(), std::vector<int>({7}));
-    crossing.reset();
-
-    CChain& goes = ownerFirst ? consumer : producer;
-    CChain& stays = ownerFirst ? producer : consumer;
-    if (wholeScene)
-        goes.scene.reset();
-    else
-        goes.scene->removeNode(ownerFirst ? *consumer.first : *producer.third);
-
-    modelOf(*stays.first).offer(CTestData::make(8));
-    QCOMPARE(CTestData::valueOf(modelOf(*stays.third).received.back().data), 8);
+    SChain chain;
+    connect(chain.scene.get(), &CNodeScene::nodeDeleted, [] { throw std::runtime_error("handler"); });
+    chain.b.model.onSetInData = [](const CNodeDataPtr&, NodePortIndex) { throw 42; };
+    const CMessageCatcher messages;
+    chain.scene.reset();
+    QCOMPARE(CTestModel::alive(), 0);
+    QCOMPARE(chain.log->count("disconnected"), 2);
+    QCOMPARE(messages.texts("halvex.graph").filter("handler").size(), 3);
 }
 
 QTEST_GUILESS_MAIN(tst_CNodeSceneReentry)

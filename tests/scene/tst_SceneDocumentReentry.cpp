@@ -1,0 +1,286 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+// What is written and read when foreign code changes or destroys the scene, or throws, meanwhile. That the scene comes
+// through all that is proved by tst_DeletionMatrix.
+
+#include "scene/SceneDocuments.h"
+
+#include <QtTest>
+
+#include <stdexcept>
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+using World = SDocumentWorld;
+
+/// What a handler does that is told of a node, or of a connection that leads to it.
+using Action = void (*)(World&, CNodeBase&);
+
+void removeIt(World& world, CNodeBase& node)
+{
+    world.scene->removeNode(node);
+}
+void removeOthers(World& world, CNodeBase& node)
+{
+    world.scene->iterateOverNodes([&](CNodeBase* other) {
+        if (other != &node)
+            world.scene->removeNode(*other);
+    });
+}
+void disconnectIt(World& world, CNodeBase&)
+{
+    world.scene->deleteConnection(world.onlyConnection());
+}
+void clear(World& world, CNodeBase&)
+{
+    world.scene->clearScene();
+}
+void save(World& world, CNodeBase&)
+{
+    world.scene->saveToMemory();
+}
+void destroy(World& world, CNodeBase&)
+{
+    CTestScene::endInside(world.scene);
+}
+
+/// Connects what the converters of connections make them ask for: their types.
+void connectWithTypes(const World& world)
+{
+    const NodeDataConverter pass = [](CNodeDataPtr data) { return data; };
+    world.scene->createConnection(world.node(idB), 0, world.node(idA), 0, pass);
+    world.scene->createConnection(world.node(idC), 0, world.node(idA), 1, pass);
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Action)
+
+class tst_SceneDocumentReentry : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+
+    void handlerDuringALoad_data();
+    void handlerDuringALoad();
+    void sceneDestroyedWhileANodeIsMade_data();
+    void sceneDestroyedWhileANodeIsMade();
+    void creatorReplacesTheRegistry();
+    void handlersThatThrow();
+    void restoreThatThrows();
+    void nameOfAModelRemovesNodes() const;
+
+    void saveThatRemovesNodes();
+    void saveThatChangesConnections();
+    void typeAskedForDeletesConnections();
+    void typeAskedForDestroysTheScene();
+};
+
+void tst_SceneDocumentReentry::cleanup()
+{
+    QCOMPARE(CTestModel::alive(), 0);
+    QCOMPARE(CTestData::alive(), 0);
+}
+
+void tst_SceneDocumentReentry::handlerDuringALoad_data()
+{
+    QTest::addColumn<bool>("isOfNodes"); // or of connections
+    QTest::addColumn<Action>("action");
+    QTest::addColumn<int>("created");
+    QTest::addColumn<int>("nodes"); // at the end; -1: the scene is gone
+    QTest::addColumn<int>("connections");
+
+    QTest::newRow("node created, removed") << true << Action(&removeIt) << 3 << 0 << 0;
+    QTest::newRow("node created, others removed") << true << Action(&removeOthers) << 3 << 1 << 0;
+    QTest::newRow("node created, scene cleared") << true << Action(&clear) << 3 << 0 << 0;
+    QTest::newRow("node created, scene saved") << true << Action(&save) << 3 << 3 << 2;
+    QTest::newRow("node created, scene destroyed") << true << Action(&destroy) << 1 << -1 << 0;
+    QTest::newRow("connection created, deleted") << false << Action(&disconnectIt) << 3 << 3 << 0;
+    QTest::newRow("connection created, node removed") << false << Action(&removeIt) << 3 << 2 << 0;
+    QTest::newRow("connection created, scene cleared") << false << Action(&clear) << 3 << 0 << 0;
+    QTest::newRow("connection created, scene destroyed") << false << Action(&destroy) << 3 << -1 << 0;
+}
+
+void tst_SceneDocumentReentry::handlerDuringALoad()
+{
+    QFETCH(const bool, isOfNodes);
+    QFETCH(const Action, action);
+    World world;
+    const CNodeScene* const scene = world.scene.get();
+    if (isOfNodes)
+        connect(scene, &CNodeScene::nodeCreated, scene, [&](CNodeBase& node) { action(world, node); });
+    else
+        connect(scene, &CNodeScene::connectionCreated, scene,
+                [&](const CNodeConnection& made) { action(world, *made.getNode(ENodePortType::In)); });
+    world.loadChain();
+
+    QTEST(world.log->count("created"), "created");
+    QTEST(world.scene ? int(world.scene->nodes().size()) : -1, "nodes");
+    QTEST(world.scene ? int(world.scene->connections().size()) : 0, "connections");
+}
+
+void tst_SceneDocumentReentry::sceneDestroyedWhileANodeIsMade_data()
+{
+    QTest::addColumn<QString>("by");
+    for (const char* by : {"creator", "info", "restore", "replaced model"})
+        QTest::newRow(by) << by;
+}
+
+void tst_SceneDocumentReentry::sceneDestroyedWhileANodeIsMade()
+{
+    QFETCH(const QString, by);
+    World world;
+    world.load({nodeJson(idA)});
+    world.log->said.clear();
+    const auto destroyScene = [&world] { world.scene.reset(); };
+    world.onCreate = [&](CTestModel& model) {
+        if (by == "creator")
+            destroyScene();
+        else if (by == "info")
+            connect(&model, &CNodeDataModel::infoInjected, destroyScene);
+        else if (by == "restore")
+            model.onRestore = destroyScene;
+    };
+    if (by == "replaced model")
+        world.model(idA).onDestroyed = destroyScene;
+    world.loadChain();
+    QVERIFY(!world.scene);
+    QCOMPARE(world.log->count("created"), 0);
+}
+
+void tst_SceneDocumentReentry::creatorReplacesTheRegistry()
+{
+    World world;
+    const World other;
+    world.onCreate = [&](CTestModel&) {
+        world.registry.reset();
+        world.scene->setRegistry(other.registry);
+    };
+    world.loadChain();
+    QCOMPARE(world.contents(), contentsOf(chainDocument()));
+}
+
+void tst_SceneDocumentReentry::handlersThatThrow()
+{
+    for (const bool onNode : {true, false}) {
+        const World world;
+        const auto throwOnce = [throws = true]() mutable {
+            if (std::exchange(throws, false))
+                throw std::runtime_error("handler");
+        };
+        if (onNode)
+            connect(world.scene.get(), &CNodeScene::nodeCreated, throwOnce);
+        else
+            connect(world.scene.get(), &CNodeScene::connectionCreated, throwOnce);
+        QVERIFY_EXCEPTION_THROWN(world.loadChain(), std::runtime_error);
+        QCOMPARE(world.scene->nodes().size(), std::size_t(onNode ? 1 : 3));
+        QCOMPARE(inconsistencyOf(*world.scene), QString());
+
+        world.scene->clearScene();
+        world.loadChain();
+        QCOMPARE(world.scene->nodes().size(), std::size_t(3));
+    }
+}
+
+void tst_SceneDocumentReentry::restoreThatThrows()
+{
+    World world;
+    world.load({nodeJson(idA), nodeJson(idB)});
+    world.onCreate = [](CTestModel& model) { model.onRestore = [] { throw std::runtime_error("settings"); }; };
+    QVERIFY_EXCEPTION_THROWN(world.load({nodeJson(idC, "Named"), nodeJson(idB), nodeJson(noId, "Named")}),
+                             std::runtime_error);
+    QVERIFY(world.has(idC));
+    QCOMPARE(world.scene->nodes().size(), std::size_t(3)); // the old one of the same id among them
+
+    world.onCreate = nullptr;
+    world.load({}, chainConnections());
+    QCOMPARE(world.scene->connections().size(), std::size_t(2));
+}
+
+void tst_SceneDocumentReentry::nameOfAModelRemovesNodes() const
+{
+    for (const bool wholeScene : {false, true}) {
+        auto scene = std::make_unique<CTestScene>(nullptr, nullptr);
+        const SPlaced fleeting = place(*scene, "Fleeting");
+        fleeting.model.onName = [&] { wholeScene ? scene.reset() : scene->removeNode(fleeting.node); };
+        QCOMPARE(&scene->restoreNode(nodeJson(idA, "Fleeting", true)), &CNodeScene::noNode());
+        QCOMPARE(CTestModel::alive(), 0);
+    }
+}
+
+void tst_SceneDocumentReentry::saveThatRemovesNodes()
+{
+    for (const bool wholeScene : {false, true}) {
+        World world;
+        world.loadChain();
+        // Whichever is asked first removes the two others and then itself.
+        for (const QString& id : {idA, idB, idC})
+            world.model(id).onSave = [&] { wholeScene ? world.scene.reset() : world.scene->clearScene(); };
+        const QJsonObject root = world.saved();
+
+        QCOMPARE(root["nodes"].toArray().size(), 1);
+        QCOMPARE(root["nodes"][0]["model"]["name"].toString(), QString("Test"));
+        QCOMPARE(root["connections"].toArray(), QJsonArray());
+        QCOMPARE(world.scene == nullptr, wholeScene);
+        QCOMPARE(CTestModel::alive(), 0);
+    }
+}
+
+void tst_SceneDocumentReentry::saveThatChangesConnections()
+{
+    const World world;
+    world.loadChain();
+    // Whichever is asked first: what it deletes is not saved, what it makes is.
+    bool isFirst = true;
+    for (const QString& id : {idA, idB, idC}) {
+        world.model(id).onSave = [&] {
+            if (!std::exchange(isFirst, false))
+                return;
+            while (!world.scene->connections().empty())
+                world.scene->deleteConnectionNow(world.onlyConnection());
+            QVERIFY(world.scene->restoreConnection(connectionJson(idB, idB)));
+        };
+    }
+    QCOMPARE(world.saved()["connections"].toArray(), QJsonArray{connectionJson(idB, idB)});
+}
+
+void tst_SceneDocumentReentry::typeAskedForDeletesConnections()
+{
+    const World world;
+    world.load(chainNodes());
+    connectWithTypes(world);
+    // Whichever is saved first deletes the other.
+    world.model(idA).onDataType = [&world](ENodePortType, NodePortIndex index) {
+        const auto present = world.scene->connections();
+        for (const auto& entry : present) {
+            if (entry.second->getPortIndex(ENodePortType::Out) != index)
+                world.scene->deleteConnectionNow(*entry.second);
+        }
+        return CTestData::defaultType();
+    };
+    QCOMPARE(world.saved()["connections"].toArray().size(), 1);
+    QCOMPARE(world.scene->connections().size(), std::size_t(1));
+}
+
+void tst_SceneDocumentReentry::typeAskedForDestroysTheScene()
+{
+    World world;
+    world.load(chainNodes());
+    connectWithTypes(world);
+    world.model(idA).onDataType = [&world](ENodePortType, NodePortIndex) {
+        world.scene.reset();
+        return CTestData::defaultType();
+    };
+    const QJsonObject root = world.saved();
+    QVERIFY(!world.scene);
+    QCOMPARE(root["nodes"].toArray().size(), 3);
+    QCOMPARE(root["connections"].toArray().size(), 1); // the one that was asked
+}
+
+QTEST_GUILESS_MAIN(tst_SceneDocumentReentry)
+#include "tst_SceneDocumentReentry.moc"
