@@ -11,7 +11,6 @@
 #include "support/STestNode.h"
 #include "support/SceneConsistency.h"
 
-#include <Halvex/models/CDecoupler.h>
 #include <Halvex/models/CGenericNodeDecouplerDataModel.h>
 #include <Halvex/models/CNodeDataEntry.h>
 #include <Halvex/platform/IPlugin.h>
@@ -24,9 +23,9 @@
 #include <QtTest>
 
 #include <atomic>
+#include <map>
 #include <optional>
 #include <random>
-#include <set>
 #include <vector>
 
 using namespace Plugin::Halvex;
@@ -44,11 +43,10 @@ public:
     CThreads(int count, const std::function<void(int thread)>& work)
     {
         for (int thread = 0; thread < count; ++thread) {
-            m_threads.emplace_back(QThread::create([this, thread, work] {
+            m_threads.emplace_back([this, thread, work] {
                 while (!m_isStopped.load(std::memory_order_relaxed))
                     work(thread);
-            }));
-            m_threads.back()->start();
+            });
         }
     }
     ~CThreads() { stop(); }
@@ -57,12 +55,12 @@ public:
     void stop()
     {
         m_isStopped.store(true, std::memory_order_relaxed);
-        for (const auto& thread : m_threads)
-            waitForEnd(*thread);
+        for (CTestThread& thread : m_threads)
+            thread.join();
     }
 
 private:
-    std::vector<std::unique_ptr<QThread>> m_threads;
+    std::vector<CTestThread> m_threads;
     std::atomic<bool> m_isStopped{false};
 };
 
@@ -102,28 +100,16 @@ std::unique_ptr<CTestModel> makeConsumer(std::atomic<int>& count)
 class CDevice
 {
 public:
-    CDevice()
-        : m_threads(4, [this](int) { callBack(); })
-    {
-    }
     ~CDevice() { m_threads.stop(); }
-    Q_DISABLE_COPY(CDevice)
 
-    class IListener
-    {
-    public:
-        virtual ~IListener() = default;
-        virtual void onTick() = 0;
-    };
-
-    void add(IListener* listener)
+    void add(const void* listener, std::function<void()> onTick)
     {
         const QMutexLocker lock(&m_mutex);
-        m_listeners.insert(listener);
+        m_listeners.emplace(listener, std::move(onTick));
     }
 
     /// Waits for a call in progress.
-    void remove(IListener* listener)
+    void remove(const void* listener)
     {
         const QMutexLocker lock(&m_mutex);
         m_listeners.erase(listener);
@@ -134,41 +120,35 @@ private:
     {
         {
             const QMutexLocker lock(&m_mutex);
-            for (IListener* const listener : m_listeners)
-                listener->onTick();
+            for (const auto& entry : m_listeners)
+                entry.second();
         }
         QThread::yieldCurrentThread();
     }
 
     QMutex m_mutex;
-    std::set<IListener*> m_listeners;
-    CThreads m_threads; // the last, since they use the others
+    std::map<const void*, std::function<void()>> m_listeners;
+    CThreads m_threads{4, [this](int) { callBack(); }}; // the last, since they use the others
 };
 
 /// Announces its output from a device's threads, until its destructor has left the device.
-class CDeviceModel : public CNodeDataModel, private CDevice::IListener
+class CDeviceModel : public CTestModel
 {
 public:
     explicit CDeviceModel(CDevice& device)
-        : m_device(device)
+        : CTestModel(0, 1, QStringLiteral("Device"))
+        , m_device(device)
     {
-        m_device.add(this);
+        onOutData = [this](NodePortIndex) {
+            const QMutexLocker lock(&m_mutex);
+            return m_out;
+        };
+        m_device.add(this, [this] { tick(); });
     }
     ~CDeviceModel() override { m_device.remove(this); }
 
-    QString caption() override { return name(); }
-    QString name() override { return QStringLiteral("Device"); }
-    unsigned int nPorts(ENodePortType portType) const override { return portType == ENodePortType::Out ? 1 : 0; }
-    SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return CTestData::defaultType(); }
-    void setInData(CNodeDataPtr, NodePortIndex) override {}
-    CNodeDataPtr outData(NodePortIndex) override
-    {
-        const QMutexLocker lock(&m_mutex);
-        return m_out;
-    }
-
 private:
-    void onTick() override
+    void tick()
     {
         if (!m_free.tryAcquire())
             return;
@@ -235,7 +215,39 @@ QString liveThroughAGraph()
 }
 
 /// Ways to remove a source's node.
-using Removal = std::function<void(CNodeService&, const Core::CId&)>;
+using Removal = void (*)(CNodeService&, const Core::CId&);
+
+void removeNode(CNodeService& service, const Core::CId& node)
+{
+    service.removeNode(node, false);
+}
+void clearScene(CNodeService& service, const Core::CId&)
+{
+    service.getActiveScene()->clearScene();
+}
+void removeScene(CNodeService& service, const Core::CId& node)
+{
+    service.removeSceneOfNode(node);
+}
+void deleteScene(CNodeService& service, const Core::CId&)
+{
+    delete service.getActiveScene().data();
+}
+void removeNodeInAWalk(CNodeService& service, const Core::CId& node)
+{
+    const QPointer<CNodeBase> source = service.findNode(node);
+    QObject::connect(source->nodeDataModel(), &CNodeDataModel::dataUpdated, source,
+                     [&service, node] { service.removeNode(node, false); });
+    while (source)
+        QCoreApplication::processEvents();
+}
+void removeNodeInAHandler(CNodeService& service, const Core::CId& node)
+{
+    CNodeScene& scene = *service.getActiveScene();
+    const QObject context; // ends the handler
+    QObject::connect(&scene, &CNodeScene::nodeCreated, &context, [&service, node] { service.removeNode(node, false); });
+    scene.createNode(std::make_unique<CTestModel>());
+}
 
 } // namespace
 
@@ -252,7 +264,6 @@ private Q_SLOTS:
     void threadsFeedWhileTheGraphChanges_data();
     void threadsFeedWhileTheGraphChanges();
     void decouplersGoUnderLoad();
-    void decouplersAreFedByManyThreads();
     void modelsAnnounceFromForeignThreads();
     void placeOfADestroyedConnectionIsTakenByAnotherThread();
     void sourceGoesWhileThreadsSend_data();
@@ -270,17 +281,11 @@ void tst_Threads::cleanup()
 void tst_Threads::graphsOfSeveralThreadsBegin()
 {
     std::atomic<int> failures{0};
-    std::vector<std::unique_ptr<QThread>> threads(4);
-    for (auto& thread : threads) {
-        thread.reset(QThread::create([&failures] {
-            if (!liveThroughAGraph().isEmpty())
-                ++failures;
-        }));
-    }
-    for (const auto& thread : threads)
-        thread->start();
-    for (const auto& thread : threads)
-        waitForEnd(*thread);
+    std::vector<CTestThread> threads;
+    for (int thread = 0; thread < 4; ++thread)
+        threads.emplace_back([&failures] { failures += liveThroughAGraph().isEmpty() ? 0 : 1; });
+    for (CTestThread& thread : threads)
+        thread.join();
     QCOMPARE(failures.load(), 0);
 }
 
@@ -393,30 +398,6 @@ void tst_Threads::decouplersGoUnderLoad()
     QCOMPARE(inconsistencyOf(scene), QString());
 }
 
-void tst_Threads::decouplersAreFedByManyThreads()
-{
-    QSemaphore free(100);
-    for (int round = 0; round < 20; ++round) {
-        CDecoupler decoupler;
-        decoupler.enableThrottle(round % 2 == 0);
-        std::atomic<int> emitted{0};
-        connect(
-            &decoupler, &CDecoupler::nodeDataAvailable, this, [&emitted] { ++emitted; }, Qt::DirectConnection);
-        CThreads feeders(threadCount, [&](int thread) {
-            if (const auto frame = grab(free, thread))
-                decoupler.setNodeData(frame);
-            decoupler.throttleTimerTick();
-            const SDecouplerStatistics counts = decoupler.statistics();
-            if (counts.received != counts.emitted + counts.dropped + counts.cancelled + counts.pending)
-                qFatal("the counts do not add up");
-        });
-        waitUntil("the decoupler emits", [&] { return emitted > round; });
-        if (round % 4 < 2)
-            decoupler.shutDown(); // while they go on
-        feeders.stop();
-    }
-}
-
 void tst_Threads::modelsAnnounceFromForeignThreads()
 {
     CDevice device;
@@ -483,29 +464,12 @@ void tst_Threads::sourceGoesWhileThreadsSend_data()
 {
     QTest::addColumn<Removal>("remove");
 
-    QTest::newRow("node") << Removal(
-        [](CNodeService& service, const Core::CId& node) { service.removeNode(node, false); });
-    QTest::newRow("all nodes") << Removal(
-        [](CNodeService& service, const Core::CId&) { service.getActiveScene()->clearScene(); });
-    QTest::newRow("scene") << Removal(
-        [](CNodeService& service, const Core::CId& node) { service.removeSceneOfNode(node); });
-    QTest::newRow("scene, by the host") << Removal(
-        [](CNodeService& service, const Core::CId&) { delete service.getActiveScene().data(); });
-    QTest::newRow("in a walk") << Removal([](CNodeService& service, const Core::CId& node) {
-        CNodeBase* const source = service.findNode(node);
-        const QPointer<CNodeBase> watched(source);
-        connect(source->nodeDataModel(), &CNodeDataModel::dataUpdated, source,
-                [&service, node] { service.removeNode(node, false); });
-        while (watched)
-            QCoreApplication::processEvents();
-    });
-    QTest::newRow("deferred") << Removal([](CNodeService& service, const Core::CId& node) {
-        CNodeScene& scene = *service.getActiveScene();
-        const auto connection =
-            connect(&scene, &CNodeScene::nodeCreated, &scene, [&service, node] { service.removeNode(node, false); });
-        scene.createNode(std::make_unique<CTestModel>());
-        disconnect(connection);
-    });
+    QTest::newRow("node") << Removal(&removeNode);
+    QTest::newRow("all nodes") << Removal(&clearScene);
+    QTest::newRow("scene") << Removal(&removeScene);
+    QTest::newRow("scene, by the host") << Removal(&deleteScene);
+    QTest::newRow("in a walk") << Removal(&removeNodeInAWalk);
+    QTest::newRow("deferred") << Removal(&removeNodeInAHandler);
 }
 
 void tst_Threads::sourceGoesWhileThreadsSend()
