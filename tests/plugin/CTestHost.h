@@ -66,3 +66,36 @@ private:
     QSharedPointer<CServiceManager> m_manager{new CServiceManager};
     bool m_isUp;
 };
+
+/// A source, a decoupler and a sink in a host's graph, connected with each other.
+struct SFrameChain
+{
+    explicit SFrameChain(Plugin::Halvex::INodeService& service, double framesPerSecond)
+        : source(add(service, "TestSource"))
+        , decoupler(add(service, "DecouplerVGR"))
+        , sink(add(service, "TestSink"))
+    {
+        if (!decoupler->setProperty("framesPerSecond", framesPerSecond))
+            qFatal("The decoupler has no rate.");
+        service.connectModels(decoupler, 0, source, 0);
+        service.connectModels(sink, 0, decoupler, 0);
+    }
+
+    /// Sends a frame of that number.
+    void send(qulonglong number) const { QMetaObject::invokeMethod(source, "send", Q_ARG(qulonglong, number)); }
+
+    Plugin::Halvex::ANodeDataModel* source;
+    Plugin::Halvex::ANodeDataModel* decoupler;
+    Plugin::Halvex::ANodeDataModel* sink;
+
+private:
+    static Plugin::Halvex::ANodeDataModel* add(Plugin::Halvex::INodeService& service, const char* modelName)
+    {
+        auto model = service.createModel(QString::fromLatin1(modelName));
+        if (!model)
+            qFatal("There is no model %s.", modelName);
+        Plugin::Halvex::ANodeDataModel* const added = model.get();
+        service.addNode(std::move(model), {});
+        return added;
+    }
+};

@@ -52,10 +52,8 @@ class tst_PluginLife : public QObject
 
 private Q_SLOTS:
     void cleanup();
-    void thereIsOneInstance();
-    void isMadeAnewAfterTheHostDestroyedIt();
-    void brings_data();
-    void brings();
+    void thereIsOneInstanceAtATime();
+    void modelsOfBothPluginsAreMadeByName();
     void framesPassADecoupler();
     void hostWorksWithTheService();
     void signalsNeedNoRegistration();
@@ -71,22 +69,15 @@ void tst_PluginLife::cleanup()
     QVERIFY(!isLibraryMapped());
 }
 
-void tst_PluginLife::thereIsOneInstance()
-{
-    CPluginFile file(HALVEX_PLUGIN_FILE);
-    QObject* const instance = file.instance();
-    QVERIFY2(instance, qPrintable(file.loader().errorString()));
-    QCOMPARE(file.instance(), instance);
-    QVERIFY(instance->inherits("Plugin::Halvex::CHalvexPlugin"));
-    QVERIFY(dynamic_cast<ALocalizedPlugin*>(instance));
-}
-
-void tst_PluginLife::isMadeAnewAfterTheHostDestroyedIt()
+void tst_PluginLife::thereIsOneInstanceAtATime()
 {
     CPluginFile file(HALVEX_PLUGIN_FILE);
     const QPointer<QObject> first = file.instance();
-    QVERIFY(first);
-    delete first;
+    QVERIFY2(first, qPrintable(file.loader().errorString()));
+    QCOMPARE(file.instance(), first.data());
+    QVERIFY(dynamic_cast<ALocalizedPlugin*>(first.data()));
+
+    delete first; // by the host
     const QPointer<QObject> second = file.instance();
     QVERIFY(second);
     QVERIFY(second->inherits("Plugin::Halvex::CHalvexPlugin"));
@@ -94,49 +85,27 @@ void tst_PluginLife::isMadeAnewAfterTheHostDestroyedIt()
     QVERIFY(!second);
 }
 
-void tst_PluginLife::brings_data()
+void tst_PluginLife::modelsOfBothPluginsAreMadeByName()
 {
-    QTest::addColumn<QString>("modelName");
-    QTest::newRow("the library's decoupler") << "DecouplerVGR";
-    QTest::newRow("the other plugin's source") << "TestSource";
-    QTest::newRow("the other plugin's sink") << "TestSink";
-}
-
-void tst_PluginLife::brings()
-{
-    QFETCH(QString, modelName);
     CTestHost host;
     QVERIFY(host.isUp());
-    const auto model = host.service()->createModel(modelName);
-    QVERIFY(model);
-    QCOMPARE(model->name(), modelName);
-    QVERIFY(!host.service()->createModel(QStringLiteral("NoSuchModel")));
+    for (const QString& name : {QString("DecouplerVGR"), QString("TestSource"), QString("TestSink")}) {
+        const auto model = host.service()->createModel(name);
+        QVERIFY2(model, qPrintable(name));
+        QCOMPARE(model->name(), name);
+    }
+    QVERIFY(!host.service()->createModel("NoSuchModel"));
 }
 
 void tst_PluginLife::framesPassADecoupler()
 {
     CTestHost host;
     QVERIFY(host.isUp());
-    INodeService* const service = host.service();
-    auto source = service->createModel(QStringLiteral("TestSource"));
-    auto decoupler = service->createModel(QStringLiteral("DecouplerVGR"));
-    auto sink = service->createModel(QStringLiteral("TestSink"));
-    QVERIFY(source && decoupler && sink);
-    QVERIFY(decoupler->setProperty("framesPerSecond", 1000.0));
-    ANodeDataModel* const first = source.get();
-    ANodeDataModel* const second = decoupler.get();
-    ANodeDataModel* const third = sink.get();
-    QSignalSpy frames(third, SIGNAL(received(qulonglong)));
+    const SFrameChain chain(*host.service(), 1000);
+    QSignalSpy frames(chain.sink, SIGNAL(received(qulonglong)));
     QVERIFY(frames.isValid());
-
-    QVERIFY(service->addNode(std::move(source), {}) != Core::CId());
-    QVERIFY(service->addNode(std::move(decoupler), {}) != Core::CId());
-    QVERIFY(service->addNode(std::move(sink), {}) != Core::CId());
-    QVERIFY(service->connectModels(second, 0, first, 0) != Core::CId());
-    QVERIFY(service->connectModels(third, 0, second, 0) != Core::CId());
-
     for (qulonglong number = 1; number <= 3; ++number) {
-        QVERIFY(QMetaObject::invokeMethod(first, "send", Q_ARG(qulonglong, number)));
+        chain.send(number);
         QTRY_COMPARE(frames.count(), int(number));
         QCOMPARE(frames.last().at(0).toULongLong(), number);
     }

@@ -15,7 +15,6 @@
 #include <malloc.h>
 #endif
 
-using Plugin::Halvex::ANodeDataModel;
 using Plugin::Halvex::INodeService;
 
 namespace {
@@ -84,29 +83,20 @@ void tst_PluginRounds::live(int round)
 
     INodeService* const service = host.service();
     const QSignalSpy scenes(service, SIGNAL(sceneAdded(CNodeScene*)));
-    auto source = service->createModel(QStringLiteral("TestSource"));
-    auto decoupler = service->createModel(QStringLiteral("DecouplerVGR"));
-    auto sink = service->createModel(QStringLiteral("TestSink"));
-    QVERIFY(source && decoupler && sink);
-    QVERIFY(decoupler->setProperty("framesPerSecond", 2000.0));
-    ANodeDataModel* const first = source.get();
-    ANodeDataModel* const second = decoupler.get();
-    ANodeDataModel* const third = sink.get();
-    QSignalSpy frames(third, SIGNAL(received(qulonglong)));
-
-    service->addNode(std::move(source), {});
-    service->addNode(std::move(decoupler), {});
-    service->addNode(std::move(sink), {});
+    const SFrameChain chain(*service, 2000);
+    QSignalSpy frames(chain.sink, SIGNAL(received(qulonglong)));
     QCOMPARE(scenes.count(), 1);
-    service->connectModels(second, 0, first, 0);
-    service->connectModels(third, 0, second, 0);
-    const std::initializer_list<const QObject*> objects{
-        host.halvex().instance(),       service, first, second, third, scenes.at(0).at(0).value<QObject*>(),
-        service->findNodeByModel(first)};
+    const std::initializer_list<const QObject*> objects{host.halvex().instance(),
+                                                        service,
+                                                        chain.source,
+                                                        chain.decoupler,
+                                                        chain.sink,
+                                                        scenes.at(0).at(0).value<QObject*>(),
+                                                        service->findNodeByModel(chain.source)};
     for (const QObject* object : objects)
         readParameterTypes(*object);
 
-    QVERIFY(QMetaObject::invokeMethod(first, "send", Q_ARG(qulonglong, qulonglong(round))));
+    chain.send(qulonglong(round));
     QVERIFY(!frames.isEmpty() || frames.wait());
     QCOMPARE(frames.at(0).at(0).toULongLong(), qulonglong(round));
 }
