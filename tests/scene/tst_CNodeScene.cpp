@@ -17,7 +17,6 @@
 #include <csignal>
 #include <cstdio>
 #include <functional>
-#include <stdexcept>
 #include <type_traits>
 #include <vector>
 
@@ -90,7 +89,6 @@ private Q_SLOTS:
 
     void createdNodeOwnsTheModel();
     void modelHasTheInfoBeforeItsNodeIsBuilt();
-    void nullModelMakesNothing();
     void noNodeBelongsNowhere();
 
     void removedNodeGoesAfterItsConnections();
@@ -111,10 +109,6 @@ private Q_SLOTS:
     void visitorMayRemoveNodes();
     void visitorMayAdd_data() { visitsInTheOrderOfTheTable_data(); }
     void visitorMayAdd();
-    void visitorMayDestroyTheScene_data() { visitsInTheOrderOfTheTable_data(); }
-    void visitorMayDestroyTheScene();
-    void visitorsExceptionPassesThrough_data() { visitsInTheOrderOfTheTable_data(); }
-    void visitorsExceptionPassesThrough();
 
     void metaObject();
     void textsAreTranslatedUnderTheClassName();
@@ -310,29 +304,19 @@ void tst_CNodeScene::modelHasTheInfoBeforeItsNodeIsBuilt()
     QCOMPARE(said, QStringList({"info", "ports", "ports"}));
 }
 
-void tst_CNodeScene::nullModelMakesNothing()
-{
-    CTestScene scene(nullptr, nullptr);
-    const CSignalLog log(scene);
-    QCOMPARE(&scene.createNode(nullptr), &CNodeScene::noNode());
-    QCOMPARE(log.said, QStringList());
-    QVERIFY(scene.nodes().empty());
-}
-
 void tst_CNodeScene::noNodeBelongsNowhere()
 {
-    CTestScene scene(nullptr, nullptr);
-    const SPlaced a = place(scene);
+    CPairScene scene;
     CNodeBase& none = CNodeScene::noNode();
+    QCOMPARE(&scene.createNode(nullptr), &none);
     QCOMPARE(none.id(), Core::CId());
     QVERIFY(none.nodeDataModel());
-
-    const CSignalLog log(scene);
-    QVERIFY(!scene.createConnection(a.node, 0, none, 0, {}));
-    QVERIFY(!scene.createConnection(none, 0, a.node, 0, {}));
+    QVERIFY(!scene.createConnection(scene.a.node, 0, none, 0, {}));
+    QVERIFY(!scene.createConnection(none, 0, scene.a.node, 0, {}));
     QVERIFY(!scene.createConnection(ENodePortType::In, none, 0));
     scene.removeNode(none);
-    QCOMPARE(log.said, QStringList());
+    QCOMPARE(scene.log.said, QStringList());
+    QCOMPARE(scene.nodes().size(), std::size_t(2));
     QCOMPARE(&none, &CNodeScene::noNode());
 }
 
@@ -473,14 +457,14 @@ void tst_CNodeScene::destructionAnnouncesWhatRemains()
     auto scene = std::make_unique<CTestScene>(nullptr, nullptr);
     const SPlaced a = place(*scene, "A", 0, 1);
     const SPlaced b = place(*scene, "B", 1, 0);
-    auto shared = join(*scene, a, b);
-    const bool isFirstFirst = nodesInOrder(*scene).front() == &a.node;
-    const QString first = isFirstFirst ? "A" : "B";
-    const QString second = isFirstFirst ? "B" : "A";
+    const auto shared = join(*scene, a, b);
+    QStringList nodes;
+    for (const CNodeBase* const node : nodesInOrder(*scene))
+        nodes << "deleted " + node->nodeDataModel()->name();
 
     const CSignalLog log(*scene);
     scene.reset();
-    QCOMPARE(log.said, QStringList({"deleted " + first, "disconnected A0-B0", "deleted " + second}));
+    QCOMPARE(log.said, QStringList({nodes[0], "disconnected A0-B0", nodes[1]}));
     QCOMPARE(CTestModel::alive(), 0);
     QCOMPARE(shared.use_count(), 1L);
     QVERIFY(!endOf(*shared, ENodePortType::In) && !endOf(*shared, ENodePortType::Out));
@@ -553,36 +537,6 @@ void tst_CNodeScene::visitorMayAdd()
     });
     QCOMPARE(visits, 3);
     QCOMPARE(scene.nodes().size(), std::size_t(303));
-}
-
-void tst_CNodeScene::visitorMayDestroyTheScene()
-{
-    QFETCH(const bool, asModels);
-    auto scene = std::make_unique<CTestScene>(nullptr, nullptr);
-    placeMany(*scene, 3);
-    int visits = 0;
-    visit(*scene, asModels, [&](CNodeBase*) {
-        ++visits;
-        scene.reset();
-    });
-    QCOMPARE(visits, 1);
-    QVERIFY(!scene);
-}
-
-void tst_CNodeScene::visitorsExceptionPassesThrough()
-{
-    QFETCH(const bool, asModels);
-    CTestScene scene(nullptr, nullptr);
-    placeMany(scene, 3);
-    int visits = 0;
-    const auto failing = [&visits](CNodeBase*) {
-        ++visits;
-        throw std::runtime_error("enough seen");
-    };
-    QVERIFY_EXCEPTION_THROWN(visit(scene, asModels, failing), std::runtime_error);
-    QCOMPARE(visits, 1);
-    scene.clearScene();
-    QVERIFY(scene.nodes().empty());
 }
 
 void tst_CNodeScene::metaObject()
