@@ -96,7 +96,6 @@ private Q_SLOTS:
     void emptySceneHasEmptyArrays();
     void documentIsIndentedUtf8();
     void documentNamesItsParts();
-    void halfConnectionsAreLeftOut();
     void orderIsThatOfTheTables();
 
     void whatWasSavedIsRestored();
@@ -153,21 +152,19 @@ void tst_SceneDocument::documentIsIndentedUtf8()
 {
     CTestScene scene(nullptr, nullptr);
     const QString id = place(scene, QStringLiteral("Prüfung")).node.id().toString();
-    const QString expected = QStringLiteral(R"({
+    QCOMPARE(QString::fromUtf8(scene.saveToMemory()).replace(id, "ID"), QStringLiteral(R"({
     "connections": [
     ],
     "nodes": [
         {
-            "id": "%1",
+            "id": "ID",
             "model": {
                 "name": "Prüfung"
             }
         }
     ]
 }
-)")
-                                 .arg(id);
-    QCOMPARE(QString::fromUtf8(scene.saveToMemory()), expected);
+)"));
 }
 
 void tst_SceneDocument::documentNamesItsParts()
@@ -185,16 +182,6 @@ void tst_SceneDocument::documentNamesItsParts()
         QCOMPARE(json.toObject().keys(), QStringList({"id", "model"}));
         QCOMPARE(json["model"].toObject(), json["id"] == idB ? decoupler : QJsonObject({{"name", "Test"}}));
     }
-}
-
-void tst_SceneDocument::halfConnectionsAreLeftOut()
-{
-    const SDocumentWorld world;
-    world.loadChain();
-    world.scene->createConnection(ENodePortType::In, world.node(idA), 0);
-    world.scene->createConnection(ENodePortType::Out, world.node(idA), 1);
-    QCOMPARE(world.scene->connections().size(), std::size_t(4));
-    QCOMPARE(world.contents(), contentsOf(chainDocument()));
 }
 
 void tst_SceneDocument::orderIsThatOfTheTables()
@@ -253,6 +240,7 @@ void tst_SceneDocument::savingAfterLoadingGivesTheSameDocument()
     world.scene->createConnection(sink, 1, named, 0, {});
     world.scene->createConnection(sink, 1, named, 0, {}); // a second one between the same ports
     world.scene->createConnection(source, 0, source, 0, {});
+    world.scene->createConnection(ENodePortType::In, sink, 0); // half a connection, which is left out
 
     CTestScene second(world.registry, nullptr, nullptr);
     second.loadFromMemory(world.scene->saveToMemory());
@@ -423,11 +411,8 @@ void tst_SceneDocument::uniqueModelIsNeverCreated()
 {
     const SDocumentWorld world;
     world.load({nodeJson(idA, "Test", true), nodeJson(idB, "Unheard of", true), nodeJson(idC)});
-    QVERIFY(world.has(idC));
-    QCOMPARE(world.scene->nodes().size(), std::size_t(1));
-
+    QCOMPARE(world.contents(), contentsOf(documentOf({nodeJson(idC)})));
     QCOMPARE(&world.scene->restoreNode(nodeJson(idA, "Named", true)), &CNodeScene::noNode());
-    QVERIFY(CNodeScene::noNode().id() == Core::CId());
     QCOMPARE(world.log->said, QStringList{"created Test"});
 }
 
