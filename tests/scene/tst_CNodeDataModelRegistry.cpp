@@ -95,18 +95,14 @@ class tst_CNodeDataModelRegistry : public QObject
 private Q_SLOTS:
     void cleanup();
 
-    void defaultIsEmpty();
-    void registersAModel();
+    void holdsWhatIsRegistered();
     void registersByType();
     void makesAndDestroysOnePrototype();
     void prototypeIsGoneBeforeTheNameIsLookedUp();
-    void firstCreatorOfANameWins();
-    void namesAreComparedExactly();
+    void firstCreatorOfEachNameWins();
     void categoriesAreSortedAndListedOnce();
     void createsIndependentModels();
-    void unknownNameMakesNothing();
     void creatorsThatMakeNothingLeaveTheRegistryAsItWas();
-    void creatorMayMakeNothingLater();
     void storedCreatorIsCalled();
     void creatorMayRegister();
     void creatorMayReplaceTheRegistry();
@@ -123,23 +119,17 @@ void tst_CNodeDataModelRegistry::cleanup()
     QCOMPARE(CTestModel::alive(), 0);
 }
 
-void tst_CNodeDataModelRegistry::defaultIsEmpty()
+void tst_CNodeDataModelRegistry::holdsWhatIsRegistered()
 {
     CNodeDataModelRegistry registry;
     QVERIFY(isEmpty(registry));
-}
-
-void tst_CNodeDataModelRegistry::registersAModel()
-{
-    CNodeDataModelRegistry registry;
-    registry.registerModel(creatorOf(Blur), Filters);
-
-    QCOMPARE(registry.registeredModelCreators().size(), std::size_t(1));
+    fill(registry);
+    QVERIFY(isFilled(registry));
     QCOMPARE(registry.registeredModelCreators().count(Blur), std::size_t(1));
     QCOMPARE(registry.registeredModelsCategoryAssociation().size(), std::size_t(1));
-    QCOMPARE(registry.registeredModelsCategoryAssociation().at(Blur), Filters);
-    QCOMPARE(registry.categories(), Categories{Filters});
     QCOMPARE(registry.create(Blur)->name(), Blur);
+    QVERIFY(!registry.create(Edges) && !registry.create(QString()));
+    QVERIFY(isFilled(registry));
 }
 
 void tst_CNodeDataModelRegistry::registersByType()
@@ -190,26 +180,17 @@ void tst_CNodeDataModelRegistry::prototypeIsGoneBeforeTheNameIsLookedUp()
     QCOMPARE(registry.categories(), Categories{Tools});
 }
 
-void tst_CNodeDataModelRegistry::firstCreatorOfANameWins()
+void tst_CNodeDataModelRegistry::firstCreatorOfEachNameWins()
 {
     CNodeDataModelRegistry registry;
     registry.registerModel(creatorOf(Blur, 1), Filters);
     registry.registerModel(creatorOf(Blur, 2), Tools);
-
+    registry.registerModel(creatorOf(Blur.toLower(), 3), Filters);
+    registry.registerModel(creatorOf(QString(), 4), QString());
     QCOMPARE(outPortsOf(registry, Blur), 1U);
+    QCOMPARE(outPortsOf(registry, Blur.toLower()), 3U);
+    QCOMPARE(outPortsOf(registry, QLatin1String("")), 4U); // a name like any other
     QCOMPARE(registry.registeredModelsCategoryAssociation().at(Blur), Filters);
-    QCOMPARE(registry.categories(), Categories{Filters});
-}
-
-void tst_CNodeDataModelRegistry::namesAreComparedExactly()
-{
-    CNodeDataModelRegistry registry;
-    registry.registerModel(creatorOf(Blur, 1), Filters);
-    registry.registerModel(creatorOf(Blur.toLower(), 2), Filters);
-    registry.registerModel(creatorOf(QString(), 3), QString());
-    QCOMPARE(outPortsOf(registry, Blur), 1U);
-    QCOMPARE(outPortsOf(registry, Blur.toLower()), 2U);
-    QCOMPARE(outPortsOf(registry, QLatin1String("")), 3U); // a name like any other
     QCOMPARE(registry.categories(), (Categories{QString(), Filters}));
 }
 
@@ -239,15 +220,6 @@ void tst_CNodeDataModelRegistry::createsIndependentModels()
     QCOMPARE(outPortsOf(registry, Edges), 2U);
 }
 
-void tst_CNodeDataModelRegistry::unknownNameMakesNothing()
-{
-    CNodeDataModelRegistry registry;
-    fill(registry);
-    QVERIFY(!registry.create(Edges));
-    QVERIFY(!registry.create(QString()));
-    QVERIFY(isFilled(registry));
-}
-
 void tst_CNodeDataModelRegistry::creatorsThatMakeNothingLeaveTheRegistryAsItWas()
 {
     CNodeDataModelRegistry registry;
@@ -265,29 +237,20 @@ void tst_CNodeDataModelRegistry::creatorsThatMakeNothingLeaveTheRegistryAsItWas(
     QVERIFY(!registry.create(QString()));
 }
 
-void tst_CNodeDataModelRegistry::creatorMayMakeNothingLater()
-{
-    CNodeDataModelRegistry registry;
-    bool isReady = true;
-    registry.registerModel([&isReady] { return isReady ? std::make_unique<CTestModel>(0U, 1U, Blur) : nullptr; },
-                           Filters);
-    QVERIFY(registry.create(Blur));
-    isReady = false;
-    QVERIFY(!registry.create(Blur));
-}
-
 void tst_CNodeDataModelRegistry::storedCreatorIsCalled()
 {
     CNodeDataModelRegistry registry;
-    // It names the models after how often it was called, the prototype's call included.
+    // It names the models after how often it was called, the prototype's call included, until it has none left.
     registry.registerModel(
         [calls = 0]() mutable {
             ++calls;
-            return std::make_unique<CTestModel>(0U, 1U, calls == 1 ? Blur : QString::number(calls));
+            const QString name = calls == 1 ? Blur : QString::number(calls);
+            return calls > 3 ? nullptr : std::make_unique<CTestModel>(0U, 1U, name);
         },
         Filters);
-    QCOMPARE(registry.create(Blur)->name(), QStringLiteral("2"));
-    QCOMPARE(registry.create(Blur)->name(), QStringLiteral("3"));
+    QCOMPARE(registry.create(Blur)->name(), QString("2"));
+    QCOMPARE(registry.create(Blur)->name(), QString("3"));
+    QVERIFY(!registry.create(Blur));
 }
 
 void tst_CNodeDataModelRegistry::creatorMayRegister()
