@@ -282,6 +282,7 @@ void tst_Threads::graphsOfSeveralThreadsBegin()
 {
     std::atomic<int> failures{0};
     std::vector<CTestThread> threads;
+    threads.reserve(4);
     for (int thread = 0; thread < 4; ++thread)
         threads.emplace_back([&failures] { failures += liveThroughAGraph().isEmpty() ? 0 : 1; });
     for (CTestThread& thread : threads)

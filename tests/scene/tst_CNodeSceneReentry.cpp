@@ -30,7 +30,7 @@ struct SChain
     void provoke(ESignal signal);
 
     /// Runs \a action in the first handler of the first \a signal.
-    void runAtFirst(ESignal signal, const std::function<void()>& action);
+    void runAtFirst(ESignal signal, const std::function<void()>& action) const;
 
     std::unique_ptr<CTestScene> scene = std::make_unique<CTestScene>(nullptr, nullptr);
     SPlaced a = place(*scene, "A");
@@ -59,7 +59,7 @@ void SChain::provoke(ESignal signal)
     }
 }
 
-void SChain::runAtFirst(ESignal signal, const std::function<void()>& action)
+void SChain::runAtFirst(ESignal signal, const std::function<void()>& action) const
 {
     const auto runOnce = [action, isFirst = true]() mutable {
         if (std::exchange(isFirst, false))
@@ -203,6 +203,7 @@ void tst_CNodeSceneReentry::deletionsKeepTheirOrder()
     const SPlaced a = place(scene, "A", 0, 4);
     const SPlaced b = place(scene, "B", 4, 0);
     std::vector<CNodeConnection*> connections;
+    connections.reserve(4);
     for (int index = 0; index < 4; ++index)
         connections.push_back(join(scene, a, b, index, index).get());
     connect(&scene, &CNodeScene::nodeCreated, &scene, [&] {
