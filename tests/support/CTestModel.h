@@ -64,7 +64,7 @@ public:
     struct SReceived
     {
         CNodeDataPtr data;
-        NodePortIndex index;
+        NodePortIndex index = 0;
     };
 
     /// What follows the name goes to the constructor of the base.
@@ -160,8 +160,8 @@ public:
     std::function<void()> onDestroyed; ///< Runs in the destructor, when this class's part is still whole.
 
 private:
-    unsigned int m_inPorts;
-    unsigned int m_outPorts;
+    unsigned int m_inPorts = 0;
+    unsigned int m_outPorts = 0;
     QString m_name;
 };
 
