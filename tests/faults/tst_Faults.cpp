@@ -3,7 +3,7 @@
 
 #include "faults/CFault.h"
 
-#include "service/CHostModel.h"
+#include "service/HostModels.h"
 #include "support/SceneConsistency.h"
 
 #include <Halvex/models/CGenericNodeDecouplerDataModel.h>
@@ -22,26 +22,27 @@ const QString chain = QStringLiteral(
         {"name": "d", "model": {"name": "DecouplerT"}}])");
 
 /// A model of a host whose operations on data may throw.
-class CThrowingModel : public CHostModel
+class CThrowingModel : public CNamedTestModel
 {
 public:
-    using CHostModel::CHostModel;
+    using CNamedTestModel::CNamedTestModel;
 
     void setInData(CNodeDataPtr data, NodePortIndex index) override
     {
         CFault::chance(EFault::SetInData);
-        CHostModel::setInData(std::move(data), index);
+        CNamedTestModel::setInData(std::move(data), index);
     }
     CNodeDataPtr outData(NodePortIndex index) override
     {
         CFault::chance(EFault::OutData);
-        return CHostModel::outData(index);
+        return CNamedTestModel::outData(index);
     }
 };
 
-std::unique_ptr<CHostModel> makeThrowingSource(const QString& name = QStringLiteral("cam"))
+std::unique_ptr<CNamedTestModel> makeThrowingSource(const QString& name = QStringLiteral("cam"))
 {
-    auto source = std::make_unique<CThrowingModel>(ENodeDataModelType::Source, name, name);
+    auto source = std::make_unique<CThrowingModel>(2u, 2u, name, name);
+    source->setType(ENodeDataModelType::Source);
     source->unique = true;
     return source;
 }
@@ -58,7 +59,7 @@ void registerModels(CNodeDataModelRegistry& registry)
         registry.registerModel(
             [text = QString::fromLatin1(name)] {
                 CFault::chance(EFault::Creator);
-                return std::make_unique<CThrowingModel>(ENodeDataModelType::Sink, text);
+                return std::make_unique<CThrowingModel>(2u, 2u, text);
             },
             QStringLiteral("Host"));
     }
@@ -153,8 +154,8 @@ void CScenario::run()
     runServiceStep("adding a source", [&] { m_service->addNode(makeThrowingSource(), info); });
     runServiceStep("importing", [&] { m_service->importDocument(chain); });
 
-    CHostModel* const out = modelNamed(scene(), QStringLiteral("cam"));
-    CHostModel* const in = modelNamed(scene(), QStringLiteral("View"));
+    CNamedTestModel* const out = modelNamed(scene(), QStringLiteral("cam"));
+    CNamedTestModel* const in = modelNamed(scene(), QStringLiteral("View"));
     std::shared_ptr<CNodeConnection> connection;
     runStep("connecting", [&] {
         if (out && in)
@@ -202,15 +203,15 @@ void CScenario::requireUsable()
     registerModels(*m_service->registry());
     const int before = m_service->scenes().size();
     auto owned = makeSource();
-    CHostModel* const source = owned.get();
+    CNamedTestModel* const source = owned.get();
     const Core::CId id = m_service->addNode(std::move(owned), nullptr);
     QVERIFY(m_service->findNodeByModel(source));
     QVERIFY(m_service->importDocument(chain));
     source->offer(CTestData::make(7));
-    const CHostModel* const view = modelNamed(scene(), QStringLiteral("View"));
+    const CNamedTestModel* const view = modelNamed(scene(), QStringLiteral("View"));
     QVERIFY(view);
-    QVERIFY(!view->received.empty());
-    QCOMPARE(view->received.back().first, 7);
+    QVERIFY(!view->values().empty());
+    QCOMPARE(view->values().back(), 7);
     m_service->removeSceneOfNode(id);
     QCOMPARE(m_service->scenes().size(), before);
     check("using it again");
@@ -218,7 +219,7 @@ void CScenario::requireUsable()
 
 void requireNothingAlive()
 {
-    QCOMPARE(CHostModel::alive(), 0);
+    QCOMPARE(CTestModels::alive(), 0);
     QCOMPARE(CTestData::alive(), 0);
 }
 

@@ -3,8 +3,7 @@
 
 // Documents that hosts have kept: those of every version are read as they were then, and saved the same, byte for byte.
 
-#include "service/CHostModel.h"
-#include "support/CTestModel.h"
+#include "service/HostModels.h"
 #include "support/ServiceConsistency.h"
 
 #include <Halvex/Halvex.h>
@@ -78,7 +77,7 @@ void registerModels(CNodeDataModelRegistry& registry)
 {
     const QString category = QStringLiteral("Test");
     registry.registerModel<CGenericNodeDecouplerDataModel<CTestData>>(category);
-    registry.registerModel([] { return std::make_unique<CHostModel>(ENodeDataModelType::Sink, "View"); }, category);
+    registerModel(registry, ENodeDataModelType::Sink, "View");
     registry.registerModel([] { return std::make_unique<CTestModel>(2, 2, "Prüfung"); }, category);
     registry.registerTypeConverter({CTestData::defaultType(), CTestData::defaultType()},
                                    [](const CNodeDataPtr& data) { return data; });
@@ -88,14 +87,14 @@ void registerModels(CNodeDataModelRegistry& registry)
 /// only a document can choose an id: so the node is restored first, and unique afterwards.
 void makeSourceOf(CNodeScene& scene, const QByteArray& document)
 {
-    scene.registry().registerModel(
-        [] { return std::make_unique<CHostModel>(ENodeDataModelType::Source, "camera", "camera"); }, "Test");
+    scene.registry().registerModel([] { return makeModel(ENodeDataModelType::Source, "camera", QString("camera")); },
+                                   "Test");
     const QJsonArray nodes = QJsonDocument::fromJson(document).object()["nodes"].toArray();
     for (const QJsonValue& node : nodes) {
         if (!node["model"]["is_unique"].toBool())
             continue;
         const QJsonObject plain{{"id", node["id"]}, {"model", QJsonObject{{"name", node["model"]["name"]}}}};
-        static_cast<CHostModel*>(scene.restoreNode(plain).nodeDataModel())->unique = true;
+        static_cast<CNamedTestModel*>(scene.restoreNode(plain).nodeDataModel())->unique = true;
     }
 }
 

@@ -7,6 +7,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QString>
+#include <QStringList>
 
 /// An element of an import document: a model under a label, and whatever \a more says of it.
 inline QJsonObject element(const QString& label, const QString& model = QStringLiteral("View"),
@@ -16,6 +17,18 @@ inline QJsonObject element(const QString& label, const QString& model = QStringL
     json["name"] = label;
     json["model"] = QJsonObject{{"name", model}};
     return json;
+}
+
+/// What an element may say besides: which sources feed its first port.
+inline QJsonObject fedBy(const QStringList& sources)
+{
+    return {{"unique_sources", QJsonArray{QJsonValue(QJsonArray::fromStringList(sources))}}};
+}
+
+/// The same: which labels it feeds.
+inline QJsonObject feeding(const QStringList& labels)
+{
+    return {{"connection", QJsonArray{QJsonValue(QJsonArray::fromStringList(labels))}}};
 }
 
 /// The text of an import document.

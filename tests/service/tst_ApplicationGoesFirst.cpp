@@ -3,8 +3,7 @@
 
 // A host whose application object goes before the service does.
 
-#include "CHostModel.h"
-#include "ImportDocument.h"
+#include "HostModels.h"
 #include "support/CMessageCatcher.h"
 #include "support/ServiceConsistency.h"
 
@@ -18,16 +17,6 @@
 #include <memory>
 
 using namespace Plugin::Halvex;
-
-namespace {
-
-bool hasReceived(const CHostModel& model, int value, NodePortIndex port)
-{
-    const auto found = std::find(model.received.begin(), model.received.end(), std::make_pair(value, port));
-    return found != model.received.end();
-}
-
-} // namespace
 
 class tst_ApplicationGoesFirst : public QObject
 {
@@ -47,34 +36,35 @@ void tst_ApplicationGoesFirst::serviceGoesOnWithoutIt()
 
     auto service = std::make_unique<CNodeService>(nullptr);
     service->registry()->registerModel<CGenericNodeDecouplerDataModel<CTestData>>(QStringLiteral("Test"));
-    service->registry()->registerModel([] { return std::make_unique<CHostModel>(ENodeDataModelType::Sink, "View"); },
-                                       QStringLiteral("Test"));
+    registerModel(*service->registry(), ENodeDataModelType::Sink, "View");
     const Core::CId first = service->addNode(makeSource("first"), nullptr);
     service->addNode(makeSource("camera"), nullptr);
     // The view gets every frame at port 0, and what comes out of the decoupler at port 1.
-    QVERIFY(service->importDocument(document(
-        {element("view", "View", {{"unique_sources", QJsonArray{QJsonValue(QJsonArray{"camera"})}}}),
-         element(
-             "decoupler", "DecouplerT",
-             {{"unique_sources", QJsonArray{QJsonValue(QJsonArray{"camera"})}},
-              {"connection", QJsonArray{QJsonValue(QJsonArray{QJsonObject{{"name", "view"}, {"index_in", 1}}})}}})})));
+    QVERIFY(service->importDocument(
+        R"([{"name": "view", "model": {"name": "View"}, "unique_sources": [["camera"]]},
+            {"name": "decoupler", "model": {"name": "DecouplerT"}, "unique_sources": [["camera"]],
+             "connection": [[{"name": "view", "index_in": 1}]]}])"));
     CNodeScene& scene = *service->getActiveScene();
-    CHostModel& camera = *modelNamed(&scene, "camera");
-    CHostModel& view = *modelNamed(&scene, "View");
+    CNamedTestModel& camera = *modelNamed(&scene, "camera");
+    const CNamedTestModel& view = *modelNamed(&scene, "View");
+    const auto hasReceived = [&view](int value, int port) {
+        const Deliveries deliveries = deliveriesTo(view);
+        return std::count(deliveries.begin(), deliveries.end(), std::make_pair(value, port)) != 0;
+    };
 
     camera.offer(CTestData::make(1));
-    QTRY_VERIFY(hasReceived(view, 1, 1)); // now the decoupler's thread runs
+    QTRY_VERIFY(hasReceived(1, 1)); // now the decoupler's thread runs
 
     application.reset();
     camera.offer(CTestData::make(2));
-    QVERIFY(hasReceived(view, 2, 0));
+    QVERIFY(hasReceived(2, 0));
     service->removeSceneOfNode(first);
     QCOMPARE(service->scenes(), QList<CNodeScene*>({&scene}));
     QVERIFY(service->addNode(makeSource("late"), nullptr) != Core::CId());
     QCOMPARE(inconsistencyOfScenes(*service), QString());
 
     service.reset();
-    QCOMPARE(CHostModel::alive(), 0);
+    QCOMPARE(CTestModels::alive(), 0);
     QCOMPARE(CTestData::alive(), 0);
     QCOMPARE(messages.texts(), QStringList());
 }

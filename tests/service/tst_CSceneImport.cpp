@@ -1,22 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
+// What an import document says, and what comes of one that says it wrongly.
+
 #include "service/CSceneImport_p.h"
 
-#include "CHostModel.h"
-#include "ImportDocument.h"
-#include "support/CTestModel.h"
+#include "HostModels.h"
 #include "support/CTestScene.h"
 #include "support/FreshSeed.h"
-#include "support/ServiceConsistency.h"
 
-#include <Halvex/graph/CNodeConnection.h>
-#include <Halvex/scene/CNodeScene.h>
-#include <Halvex/service/CNodeService.h>
-
-#include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonObject>
 #include <QtTest>
 
 #include <map>
@@ -26,220 +19,81 @@ using namespace Plugin::Halvex;
 
 namespace {
 
-QString noId()
+/// A document's text: in the tests, ' stands for ".
+QString text(QString document)
 {
-    return Core::CId().toString();
+    return document.replace('\'', '"');
 }
 
-QString marker()
-{
-    return QStringLiteral("Halvex.NoUniqueName");
-}
-
-QJsonObject fedBy(const QString& label, const QJsonValue& sources)
-{
-    return element(label, "View", {{"unique_sources", sources}});
-}
-
-QJsonObject feeding(const QString& label, const QJsonValue& consumers)
-{
-    return element(label, "View", {{"connection", consumers}});
-}
-
-QJsonObject nodeEntry(const QString& id, const QJsonObject& model)
-{
-    return {{"id", id}, {"model", model}};
-}
-
-QJsonObject copiedView(const QString& id)
-{
-    return nodeEntry(id, {{"name", "View"}, {"is_unique", false}});
-}
-
-QJsonObject connectionEntry(const QString& inId, int inIndex, const QString& outId, int outIndex)
-{
-    return {{"in_id", inId}, {"in_index", inIndex}, {"out_id", outId}, {"out_index", outIndex}};
-}
-
-QJsonArray nodesOf(const QJsonObject& sceneDocument)
-{
-    return sceneDocument["nodes"].toArray();
-}
-
-QJsonArray connectionsOf(const QJsonObject& sceneDocument)
-{
-    return sceneDocument["connections"].toArray();
-}
-
-QString idAt(const QJsonObject& sceneDocument, int node)
-{
-    return nodesOf(sceneDocument).at(node)["id"].toString();
-}
-
-/// A scene of the test's own, and what an import of documents into it gives.
+/// A scene with sources: "cam" and "cam-2", which are unique; "shy", which is not; "" and "sink"; one whose unique name
+/// says that it has none; and one without an identity that is called "plain".
 class CFixture
 {
 public:
-    CNodeBase& add(const QString& uniqueName, bool unique = true, const QString& name = QStringLiteral("Source"))
+    CFixture()
     {
-        auto model = std::make_unique<CHostModel>(ENodeDataModelType::Source, name, uniqueName);
-        model->unique = unique;
-        return scene.createNode(std::move(model));
+        for (const char* name : {"cam", "cam-2"})
+            scene.createNode(makeSource(name));
+        for (const char* uniqueName : {"shy", "", "Halvex.NoUniqueName"})
+            scene.createNode(makeModel(ENodeDataModelType::Source, "Source", QString(uniqueName)));
+        scene.createNode(makeModel(ENodeDataModelType::Sink, "Sink", QString("sink")));
+        scene.createNode(std::make_unique<CTestModel>(1, 1, "plain"));
+        for (const auto& entry : scene.nodes()) {
+            if (const auto* const model = dynamic_cast<ANodeDataModel*>(entry.second->nodeDataModel()))
+                m_names[entry.first.toString()] = '<' + model->uniqueName() + '>';
+        }
     }
 
-    QJsonObject importAll(const QStringList& documents)
+    QJsonObject import(const QStringList& documents)
     {
         CSceneImport import(scene);
         for (const QString& document : documents)
             import.addDocument(document);
         return import.sceneDocument();
     }
-    QJsonObject import(const QJsonArray& elements) { return importAll({document(elements)}); }
+
+    /// The nodes of a scene document: for each what its id stands for, the name of its model if it has one, and "!" if
+    /// it says that it is unique. Nodes of the scene are called <unique name>, others A, B and so on.
+    QString nodesOf(const QJsonObject& sceneDocument)
+    {
+        QStringList nodes;
+        const QJsonArray all = sceneDocument["nodes"].toArray();
+        for (const QJsonValue& node : all) {
+            const QString model = node["model"]["name"].toString();
+            nodes << nameOf(node["id"]) + (model.isEmpty() ? "" : '=' + model) +
+                         (node["model"]["is_unique"].toBool(true) ? "!" : "");
+        }
+        return nodes.join(' ');
+    }
+
+    /// The connections of a scene document, as "A1-B0" if output 1 of A feeds input 0 of B; "?" is no node.
+    QString connectionsOf(const QJsonObject& sceneDocument)
+    {
+        QStringList connections;
+        const QJsonArray all = sceneDocument["connections"].toArray();
+        for (const QJsonValue& json : all)
+            connections << QString("%1%2-%3%4")
+                               .arg(nameOf(json["out_id"]))
+                               .arg(json["out_index"].toInt(99))
+                               .arg(nameOf(json["in_id"]))
+                               .arg(json["in_index"].toInt(99));
+        return connections.join(' ');
+    }
 
     CTestScene scene{nullptr, nullptr};
-};
-
-/// What the import should give, by searching the scene for every name.
-class CNaiveImport
-{
-public:
-    explicit CNaiveImport(const CNodeScene& scene)
-        : m_scene(scene)
-    {
-    }
-
-    void addDocument(const QString& text)
-    {
-        const QJsonDocument json = QJsonDocument::fromJson(text.toUtf8());
-        if (!json.isArray())
-            return;
-        const QJsonArray elements = json.array();
-        for (const QJsonValue& entry : elements) {
-            if (!entry.isObject())
-                continue;
-            const QString label = entry["name"].isString() ? entry["name"].toString() : "";
-            if (m_ids.count(label) == 0)
-                m_ids[label] = QString("fresh %1").arg(++m_count);
-            QJsonObject model = entry["model"].isObject() ? entry["model"].toObject() : QJsonObject();
-            model["is_unique"] = false;
-            m_nodes.append(nodeEntry(m_ids[label], model));
-            for (const auto& source : sourcesOf(entry)) {
-                CNodeBase* const node = find(source.second);
-                if (!node)
-                    continue;
-                auto* const found = dynamic_cast<ANodeDataModel*>(node->nodeDataModel());
-                m_ids[source.second] = node->id().toString();
-                m_nodes.append(
-                    nodeEntry(m_ids[source.second], {{"name", found->name()}, {"is_unique", found->isUnique()}}));
-            }
-        }
-        for (const QJsonValue& entry : elements) {
-            if (!entry.isObject())
-                continue;
-            const QString self = idOf(entry["name"].isString() ? entry["name"].toString() : "");
-            for (const auto& source : sourcesOf(entry))
-                m_connections.append(connectionEntry(self, source.first, idOf(source.second), source.first));
-            if (entry["connection"].isArray()) {
-                const QJsonArray groups = entry["connection"].toArray();
-                for (const QJsonValue& group : groups)
-                    feed(self, group);
-            }
-        }
-    }
-
-    QJsonObject sceneDocument() const { return {{"nodes", m_nodes}, {"connections", m_connections}}; }
 
 private:
-    static std::vector<std::pair<int, QString>> sourcesOf(const QJsonValue& entry)
+    QString nameOf(const QJsonValue& id)
     {
-        std::vector<std::pair<int, QString>> sources;
-        if (!entry["unique_sources"].isArray())
-            return sources;
-        int port = 0;
-        const QJsonArray ports = entry["unique_sources"].toArray();
-        for (const QJsonValue& names : ports) {
-            if (names.isArray()) {
-                const QJsonArray list = names.toArray();
-                for (const QJsonValue& name : list) {
-                    if (name.isString())
-                        sources.emplace_back(port, name.toString());
-                }
-            }
-            ++port;
-        }
-        return sources;
+        const QString fresh(QChar('A' + m_count));
+        const auto named = m_names.emplace(id.toString(), fresh);
+        m_count += int(named.second);
+        return named.first->second;
     }
 
-    static int indexOf(const QJsonValue& value)
-    {
-        const double number = value.isDouble() ? value.toDouble() : 0;
-        return number == int(number) ? int(number) : 0;
-    }
-
-    void feed(const QString& self, const QJsonValue& group)
-    {
-        if (!group.isArray())
-            return;
-        const QJsonArray items = group.toArray();
-        for (const QJsonValue& item : items) {
-            if (item.isString())
-                m_connections.append(connectionEntry(idOf(item.toString()), 0, self, 0));
-            if (!item.isObject())
-                continue;
-            const QString label = item["name"].isString() ? item["name"].toString() : "";
-            m_connections.append(
-                connectionEntry(idOf(label), indexOf(item["index_in"]), self, indexOf(item["index _out"])));
-        }
-    }
-
-    CNodeBase* find(const QString& uniqueName) const
-    {
-        for (const auto& entry : m_scene.nodes()) {
-            const auto* const model = dynamic_cast<ANodeDataModel*>(entry.second->nodeDataModel());
-            if (model && model->hasUniqueName() && model->uniqueName() == uniqueName)
-                return entry.second.get();
-        }
-        return nullptr;
-    }
-
-    QString idOf(const QString& label)
-    {
-        if (m_ids.count(label) == 0) {
-            const CNodeBase* const node = find(label);
-            m_ids[label] = node ? node->id().toString() : noId();
-        }
-        return m_ids[label];
-    }
-
-    const CNodeScene& m_scene;
-    std::map<QString, QString> m_ids;
-    QJsonArray m_nodes;
-    QJsonArray m_connections;
+    std::map<QString, QString> m_names{{Core::CId().toString(), "?"}};
     int m_count = 0;
 };
-
-/// The document with every id that is neither empty nor of a node in \a scene replaced by the number of its first
-/// appearance, since such ids are made anew by each import.
-QJsonObject withoutFreshIds(const QJsonObject& sceneDocument, const CNodeScene& scene)
-{
-    std::map<QString, QString> names{{noId(), noId()}};
-    for (const auto& entry : scene.nodes())
-        names[entry.first.toString()] = entry.first.toString();
-    const auto rename = [&names](QJsonObject entry, const QString& key) {
-        const QString number = QString("#%1").arg(names.size());
-        entry[key] = names.emplace(entry[key].toString(), number).first->second;
-        return entry;
-    };
-    QJsonArray nodes;
-    const QJsonArray sceneNodes = nodesOf(sceneDocument);
-    for (const QJsonValue& node : sceneNodes)
-        nodes.append(rename(node.toObject(), "id"));
-    QJsonArray connections;
-    const QJsonArray sceneConnections = connectionsOf(sceneDocument);
-    for (const QJsonValue& connection : sceneConnections)
-        connections.append(rename(rename(connection.toObject(), "in_id"), "out_id"));
-    return {{"nodes", nodes}, {"connections", connections}};
-}
 
 /// Documents in which everything that can be wrong is wrong sometimes.
 class CRandomDocuments
@@ -250,90 +104,39 @@ public:
     {
     }
 
-    int upTo(int most) { return int(m_random() % unsigned(most + 1)); }
-
     QString next()
     {
-        switch (upTo(24)) {
-        case 0:
-            return "[{\"name\":";
-        case 1:
-            return QString::fromUtf8(QJsonDocument(element()).toJson());
-        default:
-            break;
-        }
-        QJsonArray elements;
-        for (int count = upTo(6); count > 0; --count)
-            elements.append(oddOr(element()));
-        return document(elements);
+        const QByteArray document = text("[{'name': 'a', 'model': {'name': 'View', 'is_unique': true}},"
+                                         " {'name': 'b', 'unique_sources': [['cam', 'a'], [], ['', 'shy', 'none']]},"
+                                         " {'name': 'cam', 'connection': [['a', {'name': 'b', 'index_in': 1}], ['']]}]")
+                                        .toUtf8();
+        const QByteArray json = QJsonDocument(spoil(QJsonDocument::fromJson(document).array()).toArray()).toJson();
+        return QString::fromUtf8(once(20) ? json.left(json.size() / 2) : json);
     }
 
 private:
-    bool once(int in) { return upTo(in - 1) == 0; }
+    bool once(unsigned int in) { return m_random() % in == 0; }
 
-    QJsonValue oddOr(const QJsonValue& value)
+    QJsonValue spoil(const QJsonValue& value)
     {
-        if (!once(12))
-            return value;
-        const QJsonValue odd[] = {
-            QJsonValue(), 7,     1.5,          true, "text", QJsonArray{"a", 3}, QJsonObject{{"name", "a"}},
-            QJsonArray{}, -1e30, QJsonObject{}};
-        return odd[upTo(9)];
-    }
-
-    QString label()
-    {
-        const char* const labels[] = {"a",     "b",    "c",     "",       "cam",
-                                      "cam-2", "twin", "named", "nobody", "\xc3\xa9t\xc3\xa9"};
-        return once(20) ? marker() : QString::fromUtf8(labels[upTo(9)]);
-    }
-
-    QJsonObject element()
-    {
-        QJsonObject json;
-        if (!once(10))
-            json["name"] = oddOr(label());
-        if (!once(10))
-            json["model"] = oddOr(QJsonObject{{"name", label()}, {"is_unique", oddOr(once(2))}, {"x", upTo(5)}});
-        if (once(2))
-            json["unique_sources"] = oddOr(sources());
-        if (once(2))
-            json["connection"] = oddOr(consumers());
-        return json;
-    }
-
-    QJsonArray sources()
-    {
-        QJsonArray ports;
-        for (int count = upTo(3); count > 0; --count) {
-            QJsonArray names;
-            for (int name = upTo(2); name > 0; --name)
-                names.append(oddOr(label()));
-            ports.append(oddOr(names));
+        const QJsonValue odd[] = {QJsonValue(), 7, 1.5, true, "cam", "", QJsonArray{"a"}, QJsonObject{{"name", "b"}}};
+        if (once(12) && !value.isArray())
+            return odd[m_random() % 8];
+        if (value.isArray()) {
+            QJsonArray spoilt;
+            const QJsonArray whole = value.toArray();
+            for (const QJsonValue& entry : whole)
+                spoilt.append(spoil(entry));
+            return spoilt;
         }
-        return ports;
-    }
-
-    QJsonArray consumers()
-    {
-        QJsonArray groups;
-        for (int count = upTo(3); count > 0; --count) {
-            QJsonArray items;
-            for (int item = upTo(3); item > 0; --item)
-                items.append(oddOr(once(2) ? QJsonValue(label()) : consumer()));
-            groups.append(oddOr(items));
+        if (value.isObject()) {
+            QJsonObject spoilt;
+            const QJsonObject whole = value.toObject();
+            for (auto entry = whole.begin(); entry != whole.end(); ++entry)
+                spoilt.insert(entry.key(), spoil(entry.value()));
+            return spoilt;
         }
-        return groups;
-    }
-
-    QJsonObject consumer()
-    {
-        QJsonObject json{{"name", oddOr(label())}};
-        if (!once(5))
-            json["index_in"] = oddOr(upTo(3) - 1);
-        if (!once(5))
-            json[once(5) ? "index_out" : "index _out"] = oddOr(upTo(3) - 1);
-        return json;
+        return value;
     }
 
     std::mt19937 m_random;
@@ -348,481 +151,160 @@ class tst_CSceneImport : public QObject
 private Q_SLOTS:
     void cleanup();
 
-    void nothingGivesEmptyArrays();
-    void elementBecomesANode();
-    void modelIsCopiedAsItIs();
-    void copiedModelIsNeverUnique_data();
-    void copiedModelIsNeverUnique();
-    void everyLabelHasAFreshId();
-    void sameLabelTwiceIsOneId();
-    void labelsAreSharedByDocuments();
-    void labelsAreNotSharedByImports();
-
-    void sourceOfTheSceneIsReferredTo();
-    void sourceThatIsNotUniqueIsReferredToAsThat();
-    void sourceStandsOncePerNaming();
-    void sourceOverwritesALabel();
-    void labelAfterItsSourceHasTheSourcesId();
-    void firstOfTwoSourcesIsTaken();
-    void markerIsNeverMatched();
-    void emptyNameMatchesNoNodeWithoutAName();
-    void modelWithoutAnIdentityIsNeverMatched();
-    void kindOfTheSourceDoesNotMatter();
-    void sourceMayBeALabel();
-    void unknownSourceHasNoId();
-    void unknownLabelKeepsNoId();
-    void sourcePortsAreTheInputPorts();
-    void severalSourcesOfOnePort();
-
-    void connectionFeedsALabel();
-    void connectionHasIndexes();
-    void indexOutHasABlank();
-    void connectionToALaterElement();
-    void connectionToALaterDocumentIsLost();
-    void connectionsComeAfterSources();
-    void noConverterIsWritten();
-
-    void wrongDocuments_data();
-    void wrongDocuments();
-    void wrongElements_data();
-    void wrongElements();
-    void wrongConsumers_data();
-    void wrongConsumers();
-
+    void documents_data();
+    void documents();
+    void wrongValues_data();
+    void wrongValues();
+    void indexes_data();
+    void indexes();
     void randomDocuments_data();
     void randomDocuments();
 
+    void nodesAndConnectionsAreWhole();
+    void severalDocumentsAreOne();
+    void everyImportMakesNewIds();
+    void firstOfTwoSourcesIsTaken();
+    void emptyNameIsNoneOfAModelWithoutAName();
     void sourceThatLeavesWhenAsked_data();
     void sourceThatLeavesWhenAsked();
-    void sceneIsLeftAsItIs();
-
-    void chainCarriesData();
-    void chainOfSeveralPortsCarriesData();
-    void sourceThatHasDataFeedsTheChainAtOnce();
-    void manyElementsAskLittle();
 };
 
 void tst_CSceneImport::cleanup()
 {
-    QCOMPARE(CHostModel::alive(), 0);
-    QCOMPARE(CTestModel::alive(), 0);
+    QCOMPARE(CTestModels::alive(), 0);
     QCOMPARE(CTestData::alive(), 0);
 }
 
-void tst_CSceneImport::nothingGivesEmptyArrays()
+void tst_CSceneImport::documents_data()
 {
-    CFixture f;
-    f.add("cam");
-    const QJsonObject empty{{"nodes", QJsonArray()}, {"connections", QJsonArray()}};
-    QCOMPARE(f.importAll(QStringList()), empty);
-    QCOMPARE(f.import(QJsonArray()), empty);
+    QTest::addColumn<QString>("document");
+    QTest::addColumn<QString>("nodes");
+    QTest::addColumn<QString>("connections");
+    const auto add = [](const char* what, const char* document, const char* nodes, const char* connections) {
+        QTest::newRow(what) << text(document) << nodes << connections;
+    };
+
+    add("nothing", "[]", "", "");
+    add("model", "[{'name': 'a', 'model': {'name': 'View'}}]", "A=View", "");
+    add("model, unique", "[{'name': 'a', 'model': {'name': 'View', 'is_unique': true}}]", "A=View", "");
+    add("model, unique by a text", "[{'name': 'a', 'model': {'name': 'View', 'is_unique': 'yes'}}]", "A=View", "");
+    add("nothing in it", "[{}]", "A", "");
+    add("labels", "[{'name': 'a'}, {'name': 'b'}, {'name': 'A'}]", "A B C", "");
+    add("label twice", "[{'name': 'a'}, {'name': 'b'}, {'name': 'a'}]", "A B A", "");
+
+    add("source", "[{'name': 'a', 'unique_sources': [['cam']]}]", "A <cam>=cam!", "<cam>0-A0");
+    add("source not unique", "[{'name': 'a', 'unique_sources': [['shy']]}]", "A <shy>=Source", "<shy>0-A0");
+    add("source of another type", "[{'name': 'a', 'unique_sources': [['sink']]}]", "A <sink>=Sink", "<sink>0-A0");
+    add("source with an empty name", "[{'name': 'a', 'unique_sources': [['']]}]", "A <>=Source", "<>0-A0");
+    add("source that is a label", "[{'name': 'a', 'unique_sources': [['b']]}, {'name': 'b'}]", "A B", "B0-A0");
+    add("source unknown", "[{'name': 'a', 'unique_sources': [['nobody']]}]", "A", "?0-A0");
+    add("source by the mark", "[{'name': 'a', 'unique_sources': [['Halvex.NoUniqueName']]}]", "A", "?0-A0");
+    add("source without an identity", "[{'name': 'a', 'unique_sources': [['plain']]}]", "A", "?0-A0");
+    add("sources of one port", "[{'name': 'a', 'unique_sources': [['cam-2', 'cam']]}]", "A <cam-2>=cam-2! <cam>=cam!",
+        "<cam-2>0-A0 <cam>0-A0");
+    add("sources of later ports", "[{'name': 'a', 'unique_sources': [[], ['cam-2'], 3, ['cam']]}]",
+        "A <cam-2>=cam-2! <cam>=cam!", "<cam-2>1-A1 <cam>3-A3");
+    add("source twice",
+        "[{'name': 'a', 'unique_sources': [['cam', 'cam']]}, {'name': 'b', 'unique_sources': [['cam']]}]",
+        "A <cam>=cam! <cam>=cam! B <cam>=cam!", "<cam>0-A0 <cam>0-A0 <cam>0-B0");
+    // An element's node is entered before a source takes its label, its connections after.
+    add("source with the label of an earlier element",
+        "[{'name': 'cam', 'connection': [['a']]}, {'name': 'a', 'unique_sources': [['cam']]}]", "A B <cam>=cam!",
+        "<cam>0-B0 <cam>0-B0");
+    add("source with the label of a later element", "[{'name': 'a', 'unique_sources': [['cam']]}, {'name': 'cam'}]",
+        "A <cam>=cam! <cam>", "<cam>0-A0");
+
+    add("connection", "[{'name': 'a'}, {'name': 'b', 'connection': [['a']]}]", "A B", "B0-A0");
+    add("connection to a later element and itself", "[{'name': 'b', 'connection': [['a', 'b']]}, {'name': 'a'}]", "A B",
+        "A0-B0 A0-A0");
+    add("connection to a source", "[{'name': 'a', 'connection': [['cam']]}]", "A", "A0-<cam>0");
+    add("connections in groups", "[{'name': 'a', 'connection': [['b'], [], ['c', 'b']]}, {'name': 'b'}, {'name': 'c'}]",
+        "A B C", "A0-B0 A0-C0 A0-B0");
+    add("connection after sources",
+        "[{'name': 'a', 'connection': [['b']], 'unique_sources': [['cam']]}, {'name': 'b', 'unique_sources': [['a']]}]",
+        "A <cam>=cam! B", "<cam>0-A0 A0-B0 A0-B0");
+
+    // Text that is no array adds nothing, nor does an element that is no object.
+    for (const char* wrong :
+         {"", "name: a", "[{'name': 'a'}", "{'name': 'a'}", "'a'", "null", "[null, true, 1, 'a', [], [{'name': 'a'}]]"})
+        add(qPrintable(QString("wrong: ") + wrong), wrong, "", "");
 }
 
-void tst_CSceneImport::elementBecomesANode()
+void tst_CSceneImport::documents()
 {
+    QFETCH(QString, document);
+    QFETCH(QString, nodes);
+    QFETCH(QString, connections);
     CFixture f;
-    const QJsonObject made = f.import(QJsonArray{element("a")});
+    const QJsonObject made = f.import({document});
     QCOMPARE(made.keys(), QStringList({"connections", "nodes"}));
-    QCOMPARE(nodesOf(made), QJsonArray{copiedView(idAt(made, 0))});
-    QVERIFY(connectionsOf(made).isEmpty());
-    const QString id = idAt(made, 0);
-    QVERIFY(id != noId());
-    QCOMPARE(Core::CId(id.toLatin1().constData()).toString(), id);
+    QVERIFY(made["nodes"].isArray() && made["connections"].isArray());
+    QCOMPARE(f.nodesOf(made), nodes);
+    QCOMPARE(f.connectionsOf(made), connections);
+    QCOMPARE(f.scene.nodes().size(), std::size_t(7)); // it only reads the scene
+    QVERIFY(f.scene.connections().empty());
 }
 
-void tst_CSceneImport::modelIsCopiedAsItIs()
+void tst_CSceneImport::wrongValues_data()
 {
+    QTest::addColumn<QString>("document");
+    QTest::addColumn<QString>("nodes");
+    const auto add = [](const char* key, const char* rest, const char* nodes,
+                        std::initializer_list<const char*> values) {
+        for (const char* value : values)
+            QTest::addRow("%s %s", key, value) << text(QString("[{'%1': %2%3}]").arg(key, value, rest)) << nodes;
+    };
+    add("name", ", 'model': {'name': 'View'}", "A=View", {"null", "3", "true", "[]", "['a']", "{}", "{'name': 'a'}"});
+    add("model", ", 'name': 'a'", "A", {"null", "3", "true", "[]", "[{'name': 'View'}]", "'View'", "{}"});
+    add("unique_sources", ", 'name': 'a'", "A",
+        {"null", "3", "true", "'cam'", "{'0': ['cam']}", "[]", "['cam']", "[{'name': 'cam'}]", "[7, null]",
+         "[[7, null, true, ['cam'], {'name': 'cam'}]]"});
+    add("connection", ", 'name': 'a'", "A",
+        {"null", "3", "true", "'a'", "{'name': 'a'}", "[]", "['a']", "[{'name': 'a'}]", "[7, null]",
+         "[[7, null, true, ['a']]]"});
+}
+
+void tst_CSceneImport::wrongValues()
+{
+    QFETCH(QString, document);
+    QFETCH(QString, nodes);
     CFixture f;
-    const QJsonObject model{{"name", "Decoupler"}, {"property", QJsonObject{{"frames_per_second", 12}}}, {"n", 7}};
-    const QJsonObject made = f.import(QJsonArray{QJsonObject{{"name", "a"}, {"model", model}}});
-    QJsonObject expected = model;
-    expected["is_unique"] = false;
-    QCOMPARE(nodesOf(made).first()["model"].toObject(), expected);
+    const QJsonObject made = f.import({document});
+    QCOMPARE(f.nodesOf(made), nodes);
+    QCOMPARE(f.connectionsOf(made), QString());
 }
 
-void tst_CSceneImport::copiedModelIsNeverUnique_data()
+void tst_CSceneImport::indexes_data()
 {
-    QTest::addColumn<QJsonValue>("says");
-    QTest::newRow("true") << QJsonValue(true);
-    QTest::newRow("false") << QJsonValue(false);
-    QTest::newRow("no boolean") << QJsonValue("yes");
-    QTest::newRow("nothing") << QJsonValue(QJsonValue::Undefined);
+    QTest::addColumn<QString>("consumer");
+    QTest::addColumn<QString>("connection");
+    const auto add = [](const char* consumer, const char* connection) {
+        QTest::newRow(consumer) << text(consumer) << connection;
+    };
+    add("{'name': 'a', 'index_in': 3, 'index _out': 5}", "B5-A3");
+    add("{'name': 'a'}", "B0-A0");
+    // The blank is part of the key.
+    add("{'name': 'a', 'index_in': 3, 'index_out': 5, 'index  _out': 6, 'index_ out': 7}", "B0-A3");
+    // The label is then the empty text, which is the name of a source.
+    add("{}", "B0-<>0");
+    add("{'index_in': 1, 'index _out': 2}", "B2-<>1");
+    add("{'name': 1, 'index_in': 1, 'index _out': 2}", "B2-<>1");
+    add("{'name': 'a', 'index_in': '1', 'index _out': '2'}", "B0-A0");
+    add("{'name': 'a', 'index_in': 1.5, 'index _out': -0.5}", "B0-A0");
+    add("{'name': 'a', 'index_in': 1.0, 'index _out': 2e0}", "B2-A1");
+    add("{'name': 'a', 'index_in': 1e30, 'index _out': -1e30}", "B0-A0");
+    add("{'name': 'a', 'index_in': -1, 'index _out': -7}", "B-7-A-1");
+    add("{'name': 'a', 'index_in': null, 'index _out': []}", "B0-A0");
 }
 
-void tst_CSceneImport::copiedModelIsNeverUnique()
+void tst_CSceneImport::indexes()
 {
-    QFETCH(QJsonValue, says);
+    QFETCH(QString, consumer);
+    QFETCH(QString, connection);
     CFixture f;
-    QJsonObject json = element("a");
-    QJsonObject model{{"name", "View"}};
-    if (!says.isUndefined())
-        model["is_unique"] = says;
-    json["model"] = model;
-    const QJsonObject made = f.import(QJsonArray{json});
-    QCOMPARE(nodesOf(made), QJsonArray{copiedView(idAt(made, 0))});
-}
-
-void tst_CSceneImport::everyLabelHasAFreshId()
-{
-    CFixture f;
-    const QJsonArray elements{element("a"), element("b"), element("A")};
-    const QJsonObject first = f.import(elements);
-    const QJsonObject second = f.import(elements);
-    QSet<QString> ids;
-    for (int i = 0; i < 3; ++i)
-        ids << idAt(first, i) << idAt(second, i);
-    QCOMPARE(ids.size(), 6);
-}
-
-void tst_CSceneImport::sameLabelTwiceIsOneId()
-{
-    CFixture f;
-    const QJsonObject made = f.import(QJsonArray{element("a"), element("b"), element("a")});
-    QCOMPARE(nodesOf(made).size(), 3);
-    QCOMPARE(idAt(made, 2), idAt(made, 0));
-    QVERIFY(idAt(made, 1) != idAt(made, 0));
-}
-
-void tst_CSceneImport::labelsAreSharedByDocuments()
-{
-    CFixture f;
-    const QJsonObject made = f.importAll(
-        {document({element("a")}), document({element("a"), feeding("b", QJsonArray{QJsonValue(QJsonArray{"a"})})})});
-    QCOMPARE(nodesOf(made).size(), 3);
-    QCOMPARE(idAt(made, 1), idAt(made, 0));
-    QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 0, idAt(made, 2), 0)});
-}
-
-void tst_CSceneImport::labelsAreNotSharedByImports()
-{
-    CFixture f;
-    f.import(QJsonArray{element("a")});
-    const QJsonObject made = f.import(QJsonArray{feeding("b", QJsonArray{QJsonValue(QJsonArray{"a"})})});
-    QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(noId(), 0, idAt(made, 0), 0)});
-}
-
-void tst_CSceneImport::sourceOfTheSceneIsReferredTo()
-{
-    CFixture f;
-    f.add("other");
-    const QString cam = f.add("cam", true, "Camera").id().toString();
-    const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{"cam"})})});
-    QCOMPARE(nodesOf(made),
-             (QJsonArray{copiedView(idAt(made, 0)), nodeEntry(cam, {{"name", "Camera"}, {"is_unique", true}})}));
-    QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 0, cam, 0)});
-    QVERIFY(idAt(made, 0) != cam);
-}
-
-void tst_CSceneImport::sourceThatIsNotUniqueIsReferredToAsThat()
-{
-    CFixture f;
-    const QString cam = f.add("cam", false).id().toString();
-    const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{"cam"})})});
-    QCOMPARE(nodesOf(made).last().toObject(), nodeEntry(cam, {{"name", "Source"}, {"is_unique", false}}));
-}
-
-void tst_CSceneImport::sourceStandsOncePerNaming()
-{
-    CFixture f;
-    const QString cam = f.add("cam").id().toString();
-    const QJsonObject made =
-        f.importAll({document({fedBy("a", QJsonArray{QJsonArray{"cam", "cam"}, QJsonArray{"cam"}})}),
-                     document({fedBy("b", QJsonArray{QJsonValue(QJsonArray{"cam"})})})});
-    QStringList ids;
-    for (int i = 0; i < nodesOf(made).size(); ++i)
-        ids << idAt(made, i);
-    QCOMPARE(ids, QStringList({ids.at(0), cam, cam, cam, ids.at(4), cam}));
-    QCOMPARE(connectionsOf(made).size(), 4);
-}
-
-void tst_CSceneImport::sourceOverwritesALabel()
-{
-    CFixture f;
-    const QString cam = f.add("cam").id().toString();
-    const QJsonObject made = f.import(QJsonArray{feeding("cam", QJsonArray{QJsonValue(QJsonArray{"a"})}),
-                                                 fedBy("a", QJsonArray{QJsonValue(QJsonArray{"cam"})})});
-    // The element's node was entered before its label was overwritten, its connections after.
-    QVERIFY(idAt(made, 0) != cam);
-    const QString a = idAt(made, 1);
-    QCOMPARE(idAt(made, 2), cam);
-    QCOMPARE(connectionsOf(made), (QJsonArray{connectionEntry(a, 0, cam, 0), connectionEntry(a, 0, cam, 0)}));
-}
-
-void tst_CSceneImport::labelAfterItsSourceHasTheSourcesId()
-{
-    CFixture f;
-    const QString cam = f.add("cam").id().toString();
-    const QJsonObject made =
-        f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{"cam"})}), element("cam")});
-    QCOMPARE(nodesOf(made).last().toObject(), copiedView(cam));
-}
-
-void tst_CSceneImport::firstOfTwoSourcesIsTaken()
-{
-    for (int round = 0; round < 10; ++round) {
-        CFixture f;
-        f.add("twin");
-        f.add("twin");
-        f.add("other");
-        QString first;
-        for (auto entry = f.scene.nodes().begin(); first.isEmpty(); ++entry) {
-            if (static_cast<ANodeDataModel*>(entry->second->nodeDataModel())->uniqueName() == "twin")
-                first = entry->first.toString();
-        }
-        QCOMPARE(idAt(f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{"twin"})})}), 1), first);
-    }
-}
-
-void tst_CSceneImport::markerIsNeverMatched()
-{
-    CFixture f;
-    f.add(marker());
-    const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{marker()})})});
-    QCOMPARE(nodesOf(made), QJsonArray{copiedView(idAt(made, 0))});
-    QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 0, noId(), 0)});
-}
-
-// The marker says that there is no name at all, while an empty name is one, which a model can have. Models without a
-// name are the many: an empty text in a document must not take just any of them for its source.
-void tst_CSceneImport::emptyNameMatchesNoNodeWithoutAName()
-{
-    CFixture f;
-    f.add(marker());
-    const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{""})})});
-    QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 0, noId(), 0)});
-
-    const QString named = f.add("").id().toString();
-    const QJsonObject again = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{""})})});
-    QCOMPARE(connectionsOf(again), QJsonArray{connectionEntry(idAt(again, 0), 0, named, 0)});
-}
-
-void tst_CSceneImport::modelWithoutAnIdentityIsNeverMatched()
-{
-    CFixture f;
-    f.scene.createNode(std::make_unique<CTestModel>(1, 1, "cam"));
-    const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{"cam"})})});
-    QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 0, noId(), 0)});
-}
-
-void tst_CSceneImport::kindOfTheSourceDoesNotMatter()
-{
-    CFixture f;
-    const QString sink =
-        f.scene.createNode(std::make_unique<CHostModel>(ENodeDataModelType::Sink, "S", "sink")).id().toString();
-    QCOMPARE(idAt(f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{"sink"})})}), 1), sink);
-}
-
-void tst_CSceneImport::sourceMayBeALabel()
-{
-    CFixture f;
-    const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{"b"})}), element("b")});
-    QCOMPARE(nodesOf(made).size(), 2);
-    QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 0, idAt(made, 1), 0)});
-}
-
-void tst_CSceneImport::unknownSourceHasNoId()
-{
-    CFixture f;
-    f.add("cam");
-    const QJsonObject made = f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{"nobody"})})});
-    QCOMPARE(nodesOf(made), QJsonArray{copiedView(idAt(made, 0))});
-    QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 0, noId(), 0)});
-}
-
-void tst_CSceneImport::unknownLabelKeepsNoId()
-{
-    CFixture f;
-    const QJsonObject made = f.importAll(
-        {document({feeding("a", QJsonArray{QJsonValue(QJsonArray{"late"})})}), document({element("late")})});
-    QCOMPARE(idAt(made, 1), noId());
-}
-
-void tst_CSceneImport::sourcePortsAreTheInputPorts()
-{
-    CFixture f;
-    const QString a = f.add("A").id().toString();
-    const QString b = f.add("B").id().toString();
-    const QJsonObject made = f.import(QJsonArray{fedBy("x", QJsonArray{QJsonArray{"A"}, QJsonArray{"B"}})});
-    const QString x = idAt(made, 0);
-    QCOMPARE(connectionsOf(made), (QJsonArray{connectionEntry(x, 0, a, 0), connectionEntry(x, 1, b, 1)}));
-}
-
-void tst_CSceneImport::severalSourcesOfOnePort()
-{
-    CFixture f;
-    const QString a = f.add("A").id().toString();
-    const QString b = f.add("B").id().toString();
-    const QJsonObject made =
-        f.import(QJsonArray{fedBy("x", QJsonArray{QJsonArray{}, QJsonArray{"B", "A"}, 3, QJsonArray{"A"}})});
-    const QString x = idAt(made, 0);
-    QCOMPARE(connectionsOf(made),
-             (QJsonArray{connectionEntry(x, 1, b, 1), connectionEntry(x, 1, a, 1), connectionEntry(x, 3, a, 3)}));
-}
-
-void tst_CSceneImport::connectionFeedsALabel()
-{
-    CFixture f;
-    const QJsonObject made = f.import(QJsonArray{element("a"), feeding("b", QJsonArray{QJsonValue(QJsonArray{"a"})})});
-    QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 0, idAt(made, 1), 0)});
-}
-
-void tst_CSceneImport::connectionHasIndexes()
-{
-    CFixture f;
-    const QJsonObject item{{"name", "a"}, {"index_in", 3}, {"index _out", 5}};
-    const QJsonObject made = f.import(QJsonArray{element("a"), feeding("b", QJsonArray{QJsonValue(QJsonArray{item})})});
-    QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 3, idAt(made, 1), 5)});
-}
-
-void tst_CSceneImport::indexOutHasABlank()
-{
-    CFixture f;
-    const QJsonObject item{{"name", "a"}, {"index_in", 3}, {"index_out", 5}, {"index  _out", 6}, {"index_ out", 7}};
-    const QJsonObject made = f.import(QJsonArray{element("a"), feeding("b", QJsonArray{QJsonValue(QJsonArray{item})})});
-    QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(idAt(made, 0), 3, idAt(made, 1), 0)});
-}
-
-void tst_CSceneImport::connectionToALaterElement()
-{
-    CFixture f;
-    const QJsonObject made =
-        f.import(QJsonArray{feeding("b", QJsonArray{QJsonValue(QJsonArray{"a", "b"})}), element("a")});
-    QCOMPARE(connectionsOf(made), (QJsonArray{connectionEntry(idAt(made, 1), 0, idAt(made, 0), 0),
-                                              connectionEntry(idAt(made, 0), 0, idAt(made, 0), 0)}));
-}
-
-void tst_CSceneImport::connectionToALaterDocumentIsLost()
-{
-    CFixture f;
-    const QJsonObject made =
-        f.importAll({document({feeding("b", QJsonArray{QJsonValue(QJsonArray{"a"})})}), document({element("a")})});
-    QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(noId(), 0, idAt(made, 0), 0)});
-}
-
-void tst_CSceneImport::connectionsComeAfterSources()
-{
-    CFixture f;
-    const QString cam = f.add("cam").id().toString();
-    QJsonObject both = feeding("a", QJsonArray{QJsonArray{"b"}, QJsonArray{"c"}});
-    both["unique_sources"] = QJsonArray{QJsonValue(QJsonArray{"cam"})};
-    const QJsonObject made =
-        f.import(QJsonArray{both, element("b"), fedBy("c", QJsonArray{QJsonValue(QJsonArray{"b"})})});
-    const QString a = idAt(made, 0);
-    const QString b = idAt(made, 2);
-    const QString c = idAt(made, 3);
-    QCOMPARE(connectionsOf(made), (QJsonArray{connectionEntry(a, 0, cam, 0), connectionEntry(b, 0, a, 0),
-                                              connectionEntry(c, 0, a, 0), connectionEntry(c, 0, b, 0)}));
-}
-
-void tst_CSceneImport::noConverterIsWritten()
-{
-    CFixture f;
-    const QJsonObject item{{"name", "a"}, {"converter", QJsonObject{{"in", QJsonObject()}, {"out", QJsonObject()}}}};
-    const QJsonObject made = f.import(QJsonArray{element("a"), feeding("b", QJsonArray{QJsonValue(QJsonArray{item})})});
-    QCOMPARE(connectionsOf(made).first().toObject().keys(), QStringList({"in_id", "in_index", "out_id", "out_index"}));
-}
-
-void tst_CSceneImport::wrongDocuments_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::newRow("null text") << QString();
-    QTest::newRow("not JSON") << "name: a";
-    QTest::newRow("ends early") << R"([{"name": "a", "model": {"name": "View"}})";
-    QTest::newRow("object") << R"({"name": "a", "model": {"name": "View"}})";
-    QTest::newRow("string") << R"("a")";
-    QTest::newRow("null") << "null";
-    QTest::newRow("no elements in it") << R"([null, true, 1, "a", [], [{"name": "a"}]])";
-}
-
-void tst_CSceneImport::wrongDocuments()
-{
-    QFETCH(QString, text);
-    CFixture f;
-    f.add("cam");
-    const QString good = document({element("a"), feeding("b", QJsonArray{QJsonValue(QJsonArray{"a"})})});
-    const QJsonObject made = f.importAll({text, good, text});
-    QCOMPARE(nodesOf(made).size(), 2);
-    QCOMPARE(connectionsOf(made).size(), 1);
-}
-
-void tst_CSceneImport::wrongElements_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QJsonArray>("nodes");       // without ids
-    QTest::addColumn<QJsonArray>("connections"); // input port and output port
-    const QJsonObject view{{"name", "View"}, {"is_unique", false}};
-    const QJsonObject none{{"is_unique", false}};
-    const QJsonArray one{view};
-
-    QTest::newRow("empty object") << "[{}]" << QJsonArray{none} << QJsonArray();
-    for (const char* value : {"null", "3", "true", "[]", "[\"a\"]", "{}", "{\"name\": \"a\"}"}) {
-        QTest::addRow("name %s", value) << QString(R"([{"name": %1, "model": {"name": "View"}}])").arg(value) << one
-                                        << QJsonArray();
-    }
-    for (const char* value : {"null", "3", "true", "[]", "[{\"name\": \"View\"}]", "\"View\""}) {
-        QTest::addRow("model %s", value) << QString(R"([{"name": "a", "model": %1}])").arg(value) << QJsonArray{none}
-                                         << QJsonArray();
-    }
-    for (const char* value :
-         {"null", "3", "true", "\"cam\"", "{\"0\": [\"cam\"]}", "[]", "[\"cam\"]", "[{\"name\": \"cam\"}]", "[7, null]",
-          "[[7, null, true, [\"cam\"], {\"name\": \"cam\"}]]"}) {
-        QTest::addRow("unique_sources %s", value)
-            << QString(R"([{"name": "a", "model": {"name": "View"}, "unique_sources": %1}])").arg(value) << one
-            << QJsonArray();
-    }
-    for (const char* value : {"null", "3", "true", "\"a\"", "{\"name\": \"a\"}", "[]", "[\"a\"]", "[{\"name\": \"a\"}]",
-                              "[7, null]", "[[7, null, true, [\"a\"]]]"}) {
-        QTest::addRow("connection %s", value)
-            << QString(R"([{"name": "a", "model": {"name": "View"}, "connection": %1}])").arg(value) << one
-            << QJsonArray();
-    }
-}
-
-void tst_CSceneImport::wrongElements()
-{
-    QFETCH(QString, text);
-    QFETCH(QJsonArray, nodes);
-    QFETCH(QJsonArray, connections);
-    CFixture f;
-    f.add("cam");
-    const QJsonObject made = f.importAll(QStringList(text));
-    QJsonArray models;
-    const QJsonArray madeNodes = nodesOf(made);
-    for (const QJsonValue& node : madeNodes)
-        models.append(node["model"]);
-    QCOMPARE(models, nodes);
-    QCOMPARE(connectionsOf(made), connections);
-}
-
-void tst_CSceneImport::wrongConsumers_data()
-{
-    QTest::addColumn<QString>("item");
-    QTest::addColumn<bool>("known");
-    QTest::addColumn<int>("in");
-    QTest::addColumn<int>("out");
-    QTest::newRow("empty object") << "{}" << false << 0 << 0;
-    QTest::newRow("no name") << R"({"index_in": 1, "index _out": 2})" << false << 1 << 2;
-    QTest::newRow("name is a number") << R"({"name": 1, "index_in": 1, "index _out": 2})" << false << 1 << 2;
-    QTest::newRow("indexes are texts") << R"({"name": "a", "index_in": "1", "index _out": "2"})" << true << 0 << 0;
-    QTest::newRow("indexes are fractions") << R"({"name": "a", "index_in": 1.5, "index _out": -0.5})" << true << 0 << 0;
-    QTest::newRow("indexes are integers with a point")
-        << R"({"name": "a", "index_in": 1.0, "index _out": 2e0})" << true << 1 << 2;
-    QTest::newRow("indexes are too large")
-        << R"({"name": "a", "index_in": 1e30, "index _out": -1e30})" << true << 0 << 0;
-    QTest::newRow("indexes are negative") << R"({"name": "a", "index_in": -1, "index _out": -7})" << true << -1 << -7;
-    QTest::newRow("indexes are null") << R"({"name": "a", "index_in": null, "index _out": []})" << true << 0 << 0;
-}
-
-void tst_CSceneImport::wrongConsumers()
-{
-    QFETCH(QString, item);
-    QFETCH(bool, known);
-    QFETCH(int, in);
-    QFETCH(int, out);
-    CFixture f;
-    const QString text = R"([{"name": "a", "model": {}}, {"name": "b", "model": {}, "connection": [[%1]]}])";
-    const QJsonObject made = f.importAll(QStringList(text.arg(item)));
-    QCOMPARE(connectionsOf(made), QJsonArray{connectionEntry(known ? idAt(made, 0) : noId(), in, idAt(made, 1), out)});
+    const QJsonObject made = f.import({text("[{'name': 'a'}, {'name': 'b', 'connection': [[%1]]}]").arg(consumer)});
+    QCOMPARE(f.nodesOf(made), QString("A B"));
+    QCOMPARE(f.connectionsOf(made), connection);
 }
 
 void tst_CSceneImport::randomDocuments_data()
@@ -836,30 +318,99 @@ void tst_CSceneImport::randomDocuments_data()
 void tst_CSceneImport::randomDocuments()
 {
     QFETCH(unsigned int, seed);
-    CFixture f;
-    f.add("cam");
-    f.add("cam-2");
-    f.add("twin");
-    f.add("twin", false);
-    f.add("named", false, "Other");
-    f.add(marker());
-    f.scene.createNode(std::make_unique<CTestModel>(1, 1, "a"));
-
     CRandomDocuments random(seed);
-    for (int round = 0; round < 100; ++round) {
-        CSceneImport import(f.scene);
-        CNaiveImport naive(f.scene);
-        QString texts;
-        for (int count = random.upTo(4); count >= 0; --count) {
-            const QString text = random.next();
-            texts += text + '\n';
-            import.addDocument(text);
-            naive.addDocument(text);
-        }
-        const QJsonObject made = withoutFreshIds(import.sceneDocument(), f.scene);
-        const QJsonObject expected = withoutFreshIds(naive.sceneDocument(), f.scene);
-        QVERIFY2(made == expected, qPrintable(texts));
+    QStringList texts;
+    QString nodes;
+    QString connections;
+    for (int count = 0; count < 10; ++count) {
+        texts << random.next();
+        CFixture f;
+        const QJsonObject made = f.import(texts);
+        const QString allNodes = f.nodesOf(made);
+        const QString allConnections = f.connectionsOf(made);
+        // A document changes nothing of what those before it gave.
+        QVERIFY2(allNodes.startsWith(nodes), qPrintable(texts.join('\n')));
+        QVERIFY2(allConnections.startsWith(connections), qPrintable(texts.join('\n')));
+        nodes = allNodes;
+        connections = allConnections;
+
+        // Whatever is connected is a node of the scene or of the document, or nothing.
+        QStringList known{"?"};
+        const QStringList entries = nodes.split(' ');
+        for (const QString& entry : entries)
+            known << entry.section('=', 0, 0).remove('!');
+        const QStringList ends = connections.split(QRegularExpression("[ -]"));
+        for (const QString& end : ends)
+            QVERIFY2(end.isEmpty() || end.startsWith('<') || known.contains(end.chopped(1)), qPrintable(end));
     }
+}
+
+void tst_CSceneImport::nodesAndConnectionsAreWhole()
+{
+    CFixture f;
+    const QJsonObject model{{"name", "Filter"}, {"property", QJsonObject{{"frames_per_second", 12}}}, {"n", 7}};
+    const QString document = text("[{'name': 'a', 'model': %1, 'unique_sources': [[], ['cam']],"
+                                  "  'connection': [[{'name': 'a', 'converter': {'in': {}, 'out': {}}}]]}]")
+                                 .arg(QString::fromUtf8(QJsonDocument(model).toJson()));
+    const QJsonObject made = f.import({document});
+    const QString id = made["nodes"][0]["id"].toString();
+    const QString cam = nodeOf(f.scene, modelNamed(&f.scene, "cam"))->id().toString();
+    QJsonObject copied = model;
+    copied["is_unique"] = false;
+    const QJsonArray nodes{QJsonObject{{"id", id}, {"model", copied}},
+                           QJsonObject{{"id", cam}, {"model", QJsonObject{{"name", "cam"}, {"is_unique", true}}}}};
+    const QJsonArray connections{QJsonObject{{"in_id", id}, {"in_index", 1}, {"out_id", cam}, {"out_index", 1}},
+                                 QJsonObject{{"in_id", id}, {"in_index", 0}, {"out_id", id}, {"out_index", 0}}};
+    QCOMPARE(made["nodes"].toArray(), nodes);
+    QCOMPARE(made["connections"].toArray(), connections);
+    QVERIFY(Core::CId(id.toLatin1().constData()) != Core::CId());
+    QCOMPARE(Core::CId(id.toLatin1().constData()).toString(), id);
+}
+
+void tst_CSceneImport::severalDocumentsAreOne()
+{
+    CFixture f;
+    const QJsonObject made = f.import({text("[{'name': 'a', 'connection': [['late']], 'unique_sources': [['cam']]}]"),
+                                       text("{'name': 'no array'}"), text("[{'name': 'late'}, {'name': 'a'}]"),
+                                       text("[{'name': 'b', 'unique_sources': [['cam', 'a']]}]")});
+    // A label that nothing had when it was first used stands for nothing from then on.
+    QCOMPARE(f.nodesOf(made), QString("A <cam>=cam! ? A B <cam>=cam!"));
+    QCOMPARE(f.connectionsOf(made), QString("<cam>0-A0 A0-?0 <cam>0-B0 A0-B0"));
+    QCOMPARE(f.connectionsOf(f.import({})), QString());
+}
+
+void tst_CSceneImport::everyImportMakesNewIds()
+{
+    CFixture f;
+    const QStringList documents{text("[{'name': 'a'}, {'name': 'b'}]")};
+    QCOMPARE(f.nodesOf(f.import(documents)), QString("A B"));
+    QCOMPARE(f.nodesOf(f.import(documents)), QString("C D"));
+}
+
+void tst_CSceneImport::firstOfTwoSourcesIsTaken()
+{
+    for (int round = 0; round < 10; ++round) {
+        CFixture f;
+        f.scene.createNode(makeSource("twin"));
+        f.scene.createNode(makeSource("twin"));
+        QString first;
+        for (auto entry = f.scene.nodes().begin(); first.isEmpty(); ++entry) {
+            if (entry->second->nodeDataModel()->name() == "twin")
+                first = entry->first.toString();
+        }
+        const QJsonObject made = f.import({text("[{'name': 'a', 'unique_sources': [['twin']]}]")});
+        QCOMPARE(made["nodes"][1]["id"].toString(), first);
+    }
+}
+
+// Models without a name are the many: an empty text in a document must not take just any of them for its source.
+void tst_CSceneImport::emptyNameIsNoneOfAModelWithoutAName()
+{
+    CTestScene scene(nullptr, nullptr);
+    scene.createNode(makeModel(ENodeDataModelType::Source));
+    CSceneImport import(scene);
+    import.addDocument(text("[{'name': 'a', 'unique_sources': [['']]}]"));
+    QCOMPARE(import.sceneDocument()["nodes"].toArray().size(), 1);
 }
 
 void tst_CSceneImport::sourceThatLeavesWhenAsked_data()
@@ -878,7 +429,7 @@ void tst_CSceneImport::sourceThatLeavesWhenAsked()
     QFETCH(bool, byName);
     auto scene = std::make_unique<CTestScene>(nullptr, nullptr);
     CNodeBase& node = scene->createNode(makeSource("cam"));
-    auto* const model = static_cast<CHostModel*>(node.nodeDataModel());
+    auto* const model = static_cast<CNamedTestModel*>(node.nodeDataModel());
     (byName ? model->onName : model->onIsUnique) = [&] {
         if (wholeScene)
             scene.reset();
@@ -886,133 +437,9 @@ void tst_CSceneImport::sourceThatLeavesWhenAsked()
             scene->removeNode(node);
     };
     CSceneImport import(*scene);
-    import.addDocument(document({fedBy("a", QJsonArray{QJsonArray{"cam"}, QJsonArray { "cam" }})}));
-    const QJsonObject made = import.sceneDocument();
-    QCOMPARE(nodesOf(made), QJsonArray{copiedView(idAt(made, 0))});
-    QCOMPARE(CHostModel::alive(), 0);
-}
-
-void tst_CSceneImport::sceneIsLeftAsItIs()
-{
-    CFixture f;
-    f.add("cam");
-    f.import(QJsonArray{fedBy("a", QJsonArray{QJsonValue(QJsonArray{"cam"})}),
-                        feeding("b", QJsonArray{QJsonValue(QJsonArray{"a"})})});
-    QCOMPARE(f.scene.nodes().size(), std::size_t(1));
-    QVERIFY(f.scene.connections().empty());
-}
-
-namespace {
-
-/// A service with a unique source "cam", whose registry knows "View".
-class CServiceFixture
-{
-public:
-    CServiceFixture()
-    {
-        service.registry()->registerModel([] { return std::make_unique<CHostModel>(ENodeDataModelType::Sink, "View"); },
-                                          QStringLiteral("Test"));
-        cam = add("cam");
-    }
-    ~CServiceFixture() { QCOMPARE(inconsistencyOfScenes(service), QString()); }
-
-    CHostModel* add(const QString& uniqueName)
-    {
-        auto model = makeSource(uniqueName);
-        CHostModel* const added = model.get();
-        service.addNode(std::move(model), nullptr);
-        return added;
-    }
-
-    std::vector<CHostModel*> views() const
-    {
-        std::vector<CHostModel*> found;
-        const auto documentNodes = service.documentNodes();
-        for (CNodeBase* node : documentNodes)
-            found.push_back(dynamic_cast<CHostModel*>(node->nodeDataModel()));
-        return found;
-    }
-
-    CNodeService service{nullptr};
-    CHostModel* cam = nullptr;
-};
-
-} // namespace
-
-void tst_CSceneImport::chainCarriesData()
-{
-    CServiceFixture f;
-    QJsonObject first = feeding("a", QJsonArray{QJsonValue(QJsonArray{"b", "c"})});
-    first["unique_sources"] = QJsonArray{QJsonValue(QJsonArray{"cam"})};
-    QVERIFY(f.service.importDocument(
-        document({first, element("b"), feeding("c", QJsonArray{QJsonValue(QJsonArray{"d"})}), element("d")})));
-    QCOMPARE(f.service.getActiveScene()->connections().size(), std::size_t(4));
-    f.cam->offer(CTestData::make(6));
-    QCOMPARE(f.views().size(), std::size_t(4));
-    for (const CHostModel* view : f.views())
-        QCOMPARE(view->received, (std::vector<std::pair<int, int>>{{6, 0}}));
-    QCOMPARE(inconsistencyOf(*f.service.getActiveScene()), QString());
-}
-
-void tst_CSceneImport::chainOfSeveralPortsCarriesData()
-{
-    CServiceFixture f;
-    const QJsonObject item{{"name", "b"}, {"index_in", 1}, {"index _out", 0}};
-    QVERIFY(f.service.importDocument(document({element("b"), fedBy("a", QJsonArray{QJsonArray{}, QJsonArray{"cam"}}),
-                                               feeding("c", QJsonArray{QJsonValue(QJsonArray{item})})})));
-    std::vector<std::pair<int, int>> ports;
-    for (const auto& entry : f.service.getActiveScene()->connections())
-        ports.emplace_back(entry.second->getPortIndex(ENodePortType::In),
-                           entry.second->getPortIndex(ENodePortType::Out));
-    std::sort(ports.begin(), ports.end());
-    QCOMPARE(ports, (std::vector<std::pair<int, int>>{{1, 0}, {1, 1}}));
-    for (CHostModel* view : f.views())
-        view->offer(CTestData::make(9)); // on output 0
-    std::vector<std::pair<int, int>> received;
-    for (const CHostModel* view : f.views())
-        received.insert(received.end(), view->received.begin(), view->received.end());
-    QCOMPARE(received, (std::vector<std::pair<int, int>>{{9, 1}}));
-}
-
-void tst_CSceneImport::sourceThatHasDataFeedsTheChainAtOnce()
-{
-    CServiceFixture f;
-    f.cam->offer(CTestData::make(2));
-    QVERIFY(f.service.importDocument(document({fedBy("a", QJsonArray{QJsonValue(QJsonArray{"cam"})})})));
-    QCOMPARE(f.views().front()->received, (std::vector<std::pair<int, int>>{{2, 0}}));
-}
-
-void tst_CSceneImport::manyElementsAskLittle()
-{
-    CServiceFixture f;
-    const int sources = 5000;
-    const int elements = 10000;
-    for (int i = 0; i < sources; ++i) {
-        auto model = std::make_unique<CHostModel>(ENodeDataModelType::Source, "Source", QString("source-%1").arg(i));
-        model->unique = true;
-        f.service.getActiveScene()->createNode(std::move(model));
-    }
-    QJsonArray chain;
-    for (int i = 0; i < elements; ++i) {
-        const QJsonArray names{QString("source-%1").arg((i * 7) % sources), "cam"};
-        chain.append(fedBy(QString("element-%1").arg(i), QJsonArray{QJsonValue(names)}));
-    }
-
-    int before = CHostModel::calls();
-    CSceneImport import(*f.service.getActiveScene());
-    import.addDocument(document(chain));
-    const int buildCalls = CHostModel::calls() - before;
-    QCOMPARE(nodesOf(import.sceneDocument()).size(), 3 * elements);
-
-    before = CHostModel::calls();
-    QVERIFY(f.service.importDocument(document(chain)));
-    const int importCalls = CHostModel::calls() - before;
-    QCOMPARE(f.service.getActiveScene()->nodes().size(), std::size_t(1 + sources + elements));
-    QCOMPARE(f.service.getActiveScene()->connections().size(), std::size_t(2 * elements));
-
-    // A search per mention would ask thousands of models ten thousand times.
-    QVERIFY2(buildCalls < 10 * (sources + elements), qPrintable(QString::number(buildCalls)));
-    QVERIFY2(importCalls < 50 * (sources + elements), qPrintable(QString::number(importCalls)));
+    import.addDocument(text("[{'name': 'a', 'unique_sources': [['cam'], ['cam']]}]"));
+    QCOMPARE(import.sceneDocument()["nodes"].toArray().size(), 1);
+    QCOMPARE(CTestModels::alive(), 0);
 }
 
 QTEST_GUILESS_MAIN(tst_CSceneImport)

@@ -4,7 +4,7 @@
 // Calls from a thread that they must not come from: a build with assertions says so, once for each operation. No call
 // here does anything but be made, and the threads take turns: what would happen else is undefined.
 
-#include "CHostModel.h"
+#include "HostModels.h"
 #include "support/BoundedWait.h"
 #include "support/CMessageCatcher.h"
 #include "support/HasAssertions.h"
@@ -150,7 +150,7 @@ void tst_OtherThreads::serviceWasMadeInAnotherThread()
     // Qt would have to queue the scene's signals to the service, and cannot: the service never hears of the node.
     QVERIFY(service->addNode(makeSource(), nullptr) == Core::CId());
     service.reset();
-    QCOMPARE(CHostModel::alive(), 0);
+    QCOMPARE(CTestModels::alive(), 0);
 
     QVERIFY(!messages.texts().isEmpty()); // Qt's own in every build
     const QStringList texts = messages.texts("halvex.graph");
