@@ -25,7 +25,7 @@ struct SPlaced
 
 /**
  * A service whose registry knows "Filter" (a decoupler), "View" (a sink) and "Plain" (without an identity), what it and
- * its scenes said, and what it reported. It fails the test if it leaves its scenes unsound.
+ * its scenes said, and what it reported. It fails the test if it leaves its scenes unsound or anything behind.
  */
 class CServiceFixture
 {
@@ -45,6 +45,9 @@ public:
     {
         if (service)
             QCOMPARE(inconsistencyOfScenes(*service), QString());
+        service.reset();
+        QCOMPARE(CTestModels::alive(), 0);
+        QCOMPARE(CTestData::alive(), 0);
     }
 
     static BaseInfoPtr makeInfo() { return QSharedPointer<Core::AppCoreComponents::IBaseInfo>::create(); }

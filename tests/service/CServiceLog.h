@@ -44,38 +44,32 @@ public:
 private:
     void add(Plugin::Halvex::CNodeScene* scene)
     {
-        using Plugin::Halvex::CNodeBase;
-        using Plugin::Halvex::CNodeConnection;
         using Plugin::Halvex::CNodeScene;
         const QString number = QString::number(++m_count);
         m_numbers[scene] = number;
         said << "added " + number;
         if (!m_service.scenes().contains(scene))
             return; // another handler has destroyed it
-        QObject::connect(scene, &CNodeScene::nodeCreated, &m_context, [this, number](CNodeBase& node) {
-            said << number + " created " + node.nodeDataModel()->name();
-        });
-        QObject::connect(scene, &CNodeScene::nodeDeleted, &m_context, [this, number](CNodeBase& node) {
-            said << number + " deleted " + node.nodeDataModel()->name();
-        });
-        QObject::connect(
-            scene, &CNodeScene::connectionCreated, &m_context,
-            [this, number](const CNodeConnection& connection) { said << number + " connected " + endsOf(connection); });
-        QObject::connect(scene, &CNodeScene::connectionDeleted, &m_context,
-                         [this, number](const CNodeConnection& connection) {
-                             said << number + " disconnected " + endsOf(connection);
-                         });
+        const auto log = [this, scene, number](auto signal, const QString& what) {
+            QObject::connect(scene, signal, &m_context,
+                             [this, prefix = number + what](auto& subject) { said << prefix + nameOf(subject); });
+        };
+        log(&CNodeScene::nodeCreated, " created ");
+        log(&CNodeScene::nodeDeleted, " deleted ");
+        log(&CNodeScene::connectionCreated, " connected ");
+        log(&CNodeScene::connectionDeleted, " disconnected ");
     }
 
-    static QString endOf(const Plugin::Halvex::CNodeConnection& connection, Plugin::Halvex::ENodePortType side)
-    {
-        const Plugin::Halvex::CNodeBase* const node = connection.getNode(side);
-        return node ? node->nodeDataModel()->name() + QString::number(connection.getPortIndex(side)) : QString();
-    }
-    static QString endsOf(const Plugin::Halvex::CNodeConnection& connection)
+    static QString nameOf(const Plugin::Halvex::CNodeBase& node) { return node.nodeDataModel()->name(); }
+    static QString nameOf(const Plugin::Halvex::CNodeConnection& connection)
     {
         using Plugin::Halvex::ENodePortType;
         return endOf(connection, ENodePortType::Out) + '-' + endOf(connection, ENodePortType::In);
+    }
+    static QString endOf(const Plugin::Halvex::CNodeConnection& connection, Plugin::Halvex::ENodePortType side)
+    {
+        const Plugin::Halvex::CNodeBase* const node = connection.getNode(side);
+        return node ? nameOf(*node) + QString::number(connection.getPortIndex(side)) : QString();
     }
 
     Plugin::Halvex::CNodeService& m_service;

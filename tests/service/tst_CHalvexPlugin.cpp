@@ -1,75 +1,48 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
+// The plugin, linked, from its making to its end. Loaded from its file it is tested in tests/plugin.
+
 #include <Halvex/service/CHalvexPlugin.h>
 
+#include "HostModels.h"
 #include "support/CServiceManager.h"
-#include "support/CTestScene.h"
 
-#include <Halvex/models/ASourceNodeDataModel.h>
 #include <Halvex/models/CNodeDecouplerDataModelBase.h>
-#include <Halvex/service/CVeltraGrabResultData.h>
 
-#include <QDir>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QPointer>
-#include <QSignalSpy>
 #include <QtTest>
 
-#include <memory>
-#include <stdexcept>
 #include <type_traits>
 
 using namespace Plugin::Halvex;
-using Core::Plugin::ALocalizedPlugin;
-using Core::Plugin::IPlugin;
 using Core::Service::IService;
 using Core::Service::IServiceManager;
 
-static_assert(std::is_base_of_v<ALocalizedPlugin, CHalvexPlugin>, "its texts follow the host's language");
-
-extern "C" const char* qt_plugin_query_metadata();
+static_assert(std::is_base_of_v<Core::Plugin::ALocalizedPlugin, CHalvexPlugin>, "its texts follow the host's language");
 
 namespace {
 
-INodeService& nodesOf(const CServiceManager& manager)
-{
-    return dynamic_cast<INodeService&>(*manager.services().first());
-}
+constexpr auto decoupler = "DecouplerVGR";
 
-/// A host's manager with the two operations that a plugin needs.
-class CPlainManager : public IServiceManager
+/// A host whose plugin is initialized.
+struct SHost
 {
-public:
-    void registerService(const QSharedPointer<IService>& service) override { published = service; }
-    void unregisterService(const QSharedPointer<IService>& service) override
-    {
-        if (published == service)
-            published.reset();
-    }
+    SHost() { initialized = plugin.initialize(manager); }
 
-    QSharedPointer<IService> published;
+    QSharedPointer<IService> service() const { return manager->services().value(0); }
+    INodeService& nodes() const { return dynamic_cast<INodeService&>(*service()); }
+
+    QSharedPointer<CServiceManager> manager{new CServiceManager};
+    CHalvexPlugin plugin;
+    bool initialized = false;
 };
 
-class CUniqueSource : public ASourceNodeDataModel
+/// A manager that looks nothing up.
+class CPlainManager : public CServiceManager
 {
 public:
-    QString caption() override { return QStringLiteral("Source"); }
-    QString name() override { return QStringLiteral("Source"); }
-    unsigned int nPorts(ENodePortType side) const override { return side == ENodePortType::Out ? 1 : 0; }
-    SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return CVeltraGrabResultData().type(); }
-    void setInData(CNodeDataPtr, NodePortIndex) override {}
-    bool isUnique() override { return true; }
+    ServicePtr findService(const char* name) const override { return IServiceManager::findService(name); }
 };
-
-QByteArray documentWithADecoupler()
-{
-    const QJsonObject model{{QStringLiteral("name"), QStringLiteral("DecouplerVGR")}};
-    const QJsonObject node{{QStringLiteral("id"), Core::CId::createId().toString()}, {QStringLiteral("model"), model}};
-    return QJsonDocument(QJsonObject{{QStringLiteral("nodes"), QJsonArray{node}}}).toJson();
-}
 
 } // namespace
 
@@ -80,26 +53,16 @@ class tst_CHalvexPlugin : public QObject
 private Q_SLOTS:
     void initializeNamesThePortIndex(); // first: with the first node the name is there anyway
     void initializePublishesTheService();
+    void decouplerComesWhenExtensionsAreInitialized();
+    void uninitializeWithdrawsTheService();
     void managerNeedsNoLookUp();
     void goneManagerIsPassedOver();
-    void mayCloseAndGoAtAnyTime();
-    void decouplerComesWhenExtensionsAreInitialized();
-    void decouplerOfADocumentNeedsIt();
-    void extensionsMayBeInitializedTwice();
-    void uninitializeWithdrawsTheService();
-    void uninitializeDropsTheServiceWithoutAManager();
     void serviceGoesWithItsLastOwner();
-    void serviceTakesItsScenesAlong();
     void serviceGoesWithThePlugin();
     void isWithoutAServiceAfterUninitialize();
-    void guardsFollowTheService();
     void captionFollowsTheLanguage_data();
     void captionFollowsTheLanguage();
-    void unknownLanguageKeepsTheLast();
-    void keysAreNotTranslated();
-    void translationsAreEmbedded();
-    void entryPointGivesTheMetadata();
-    void sceneSignalsNeedNoRegistration();
+    void signalsMayBeQueued();
 };
 
 void tst_CHalvexPlugin::initializeNamesThePortIndex()
@@ -113,16 +76,42 @@ void tst_CHalvexPlugin::initializeNamesThePortIndex()
 
 void tst_CHalvexPlugin::initializePublishesTheService()
 {
-    const QSharedPointer<CServiceManager> manager(new CServiceManager);
-    CHalvexPlugin plugin;
-    QVERIFY(manager->services().isEmpty());
-    QVERIFY(plugin.initialize(manager));
-    QCOMPARE(manager->services().size(), 1);
-    const QObject& service = *manager->services().first();
-    QVERIFY(service.inherits("Plugin::Halvex::INodeService"));
-    QVERIFY(service.parent() == nullptr);
-    QVERIFY(dynamic_cast<const CNodeService*>(&service));
-    QVERIFY(nodesOf(*manager).registry()->categories().empty());
+    const SHost host;
+    QVERIFY(host.initialized);
+    QCOMPARE(host.manager->services().size(), 1);
+    QVERIFY(host.service()->inherits("Plugin::Halvex::INodeService"));
+    QVERIFY(!host.service()->parent());
+    QVERIFY(host.service().dynamicCast<CNodeService>());
+    QVERIFY(host.nodes().registry()->categories().empty());
+}
+
+void tst_CHalvexPlugin::decouplerComesWhenExtensionsAreInitialized()
+{
+    SHost host;
+    QVERIFY(!host.nodes().createModel(decoupler));
+    for (int round = 0; round < 2; ++round) { // a host may do so twice
+        QVERIFY(host.plugin.extensionsInitialized());
+        const auto model = host.nodes().createModel(decoupler);
+        QVERIFY(dynamic_cast<CNodeDecouplerDataModelBase*>(model.get()));
+        QCOMPARE(model->dataType(ENodePortType::In, 0).id, QString("Veltra Grab Result"));
+        QCOMPARE(model->name(), QString(decoupler));
+        QCOMPARE(host.nodes().registry()->categories(), std::set<QString>{"Tools"});
+        QCOMPARE(host.nodes().registry()->registeredModelsCategoryAssociation().at(decoupler), QString("Tools"));
+        QCOMPARE(host.nodes().registry()->registeredModelCreators().size(), std::size_t(1));
+    }
+}
+
+void tst_CHalvexPlugin::uninitializeWithdrawsTheService()
+{
+    SHost host;
+    // Guards of either kind, one made from the plain pointer and one from the shared one, share one count.
+    const QPointer<IService> pointer(host.service().data());
+    const QWeakPointer<IService> weak(host.service());
+    QCOMPARE(weak.toStrongRef().data(), pointer.data());
+    QVERIFY(host.plugin.uninitialize(host.manager));
+    QVERIFY(host.manager->services().isEmpty());
+    QVERIFY(pointer.isNull());
+    QVERIFY(weak.toStrongRef().isNull());
 }
 
 void tst_CHalvexPlugin::managerNeedsNoLookUp()
@@ -130,254 +119,106 @@ void tst_CHalvexPlugin::managerNeedsNoLookUp()
     const auto manager = QSharedPointer<CPlainManager>::create();
     CHalvexPlugin plugin;
     QVERIFY(plugin.initialize(manager));
-    QVERIFY(manager->published);
+    QCOMPARE(manager->services().size(), 1);
     QVERIFY(!manager->findService("Plugin::Halvex::INodeService"));
     QVERIFY(plugin.uninitialize(manager));
-    QVERIFY(!manager->published);
+    QVERIFY(manager->services().isEmpty());
 }
 
 void tst_CHalvexPlugin::goneManagerIsPassedOver()
 {
-    QSharedPointer<CServiceManager> manager(new CServiceManager);
-    const QWeakPointer<IServiceManager> gone(manager);
-    manager.reset();
-    CHalvexPlugin plugin;
-    QVERIFY(plugin.initialize(gone));
-    QVERIFY(plugin.extensionsInitialized());
-    QVERIFY(plugin.uninitialize(gone));
-}
-
-void tst_CHalvexPlugin::mayCloseAndGoAtAnyTime()
-{
-    CHalvexPlugin plugin;
-    QVERIFY(plugin.checkPluginClosability(false));
-    QVERIFY(plugin.checkPluginClosability(true));
-    QCOMPARE(plugin.aboutToUninitialize(), IPlugin::UninitializeMode::Synchronous);
-}
-
-void tst_CHalvexPlugin::decouplerComesWhenExtensionsAreInitialized()
-{
-    const QSharedPointer<CServiceManager> manager(new CServiceManager);
-    CHalvexPlugin plugin;
-    plugin.initialize(manager);
-    INodeService& nodes = nodesOf(*manager);
-    const QString name = QStringLiteral("DecouplerVGR");
-    QVERIFY(!nodes.createModel(name));
-    QVERIFY(plugin.extensionsInitialized());
-
-    const auto model = nodes.createModel(name);
-    QVERIFY(dynamic_cast<CNodeDecouplerDataModelBase*>(model.get()));
-    QCOMPARE(model->dataType(ENodePortType::In, 0).id, QStringLiteral("Veltra Grab Result"));
-    QCOMPARE(model->name(), name);
-    QCOMPARE(nodes.registry()->categories(), std::set<QString>{QStringLiteral("Tools")});
-    QCOMPARE(nodes.registry()->registeredModelsCategoryAssociation().at(name), QStringLiteral("Tools"));
-    QCOMPARE(nodes.registry()->registeredModelCreators().size(), std::size_t(1));
-}
-
-void tst_CHalvexPlugin::decouplerOfADocumentNeedsIt()
-{
-    const QSharedPointer<CServiceManager> manager(new CServiceManager);
-    CHalvexPlugin plugin;
-    plugin.initialize(manager);
-    CTestScene scene(nodesOf(*manager).registry(), {}, nullptr);
-    QVERIFY_EXCEPTION_THROWN(scene.loadFromMemory(documentWithADecoupler()), std::logic_error);
-    plugin.extensionsInitialized();
-    scene.loadFromMemory(documentWithADecoupler());
-    QCOMPARE(scene.nodes().size(), std::size_t(1));
-}
-
-void tst_CHalvexPlugin::extensionsMayBeInitializedTwice()
-{
-    const QSharedPointer<CServiceManager> manager(new CServiceManager);
-    CHalvexPlugin plugin;
-    plugin.initialize(manager);
-    QVERIFY(plugin.extensionsInitialized());
-    QVERIFY(plugin.extensionsInitialized());
-    QCOMPARE(nodesOf(*manager).registry()->registeredModelCreators().size(), std::size_t(1));
-}
-
-void tst_CHalvexPlugin::uninitializeWithdrawsTheService()
-{
-    const QSharedPointer<CServiceManager> manager(new CServiceManager);
-    CHalvexPlugin plugin;
-    plugin.initialize(manager);
-    const QPointer<QObject> service = manager->services().first().data();
-    QVERIFY(plugin.uninitialize(manager));
-    QVERIFY(manager->services().isEmpty());
-    QVERIFY(!service);
-}
-
-void tst_CHalvexPlugin::uninitializeDropsTheServiceWithoutAManager()
-{
-    QSharedPointer<CServiceManager> manager(new CServiceManager);
-    const QWeakPointer<IServiceManager> weak(manager);
-    CHalvexPlugin plugin;
-    plugin.initialize(weak);
-    const QPointer<QObject> service = manager->services().first().data();
-    manager.reset();
+    SHost host;
+    const QPointer<IService> service = host.service().data();
+    const QWeakPointer<IServiceManager> gone(std::exchange(host.manager, {}));
+    CHalvexPlugin other;
+    QVERIFY(other.initialize(gone));
+    QVERIFY(other.extensionsInitialized());
+    QVERIFY(other.uninitialize(gone));
     QVERIFY(service);
-    QVERIFY(plugin.uninitialize(weak));
+    QVERIFY(host.plugin.uninitialize(gone));
     QVERIFY(!service);
 }
 
 void tst_CHalvexPlugin::serviceGoesWithItsLastOwner()
 {
-    const QSharedPointer<CServiceManager> manager(new CServiceManager);
-    CHalvexPlugin plugin;
-    plugin.initialize(manager);
-    plugin.extensionsInitialized();
-    QSharedPointer<IService> kept = manager->services().first();
-    const QPointer<QObject> guard = kept.data();
-    plugin.uninitialize(manager);
+    SHost host;
+    host.plugin.extensionsInitialized();
+    QSharedPointer<IService> kept = host.service();
+    const QPointer<IService> guard = kept.data();
+    host.plugin.uninitialize(host.manager);
     QVERIFY(guard);
-    QVERIFY(dynamic_cast<INodeService&>(*kept).createModel(QStringLiteral("DecouplerVGR")));
+    QVERIFY(dynamic_cast<INodeService&>(*kept).createModel(decoupler));
     kept.reset();
     QVERIFY(!guard);
 }
 
-void tst_CHalvexPlugin::serviceTakesItsScenesAlong()
-{
-    const QSharedPointer<CServiceManager> manager(new CServiceManager);
-    CHalvexPlugin plugin;
-    plugin.initialize(manager);
-    nodesOf(*manager).addNode(std::make_unique<CUniqueSource>(), {});
-    const QPointer<CNodeScene> scene = nodesOf(*manager).getActiveScene();
-    QVERIFY(scene);
-    plugin.uninitialize(manager);
-    QVERIFY(!scene);
-}
-
 void tst_CHalvexPlugin::serviceGoesWithThePlugin()
 {
-    QPointer<QObject> service;
+    QPointer<IService> service;
+    QPointer<CNodeScene> scene;
     {
-        const QSharedPointer<CServiceManager> manager(new CServiceManager);
-        CHalvexPlugin plugin;
-        plugin.initialize(manager);
-        service = manager->services().first().data();
-        QVERIFY(service);
+        const SHost host;
+        service = host.service().data();
+        host.nodes().addNode(makeSource(), {});
+        scene = host.nodes().getActiveScene();
+        QVERIFY(service && scene);
     }
     QVERIFY(!service);
+    QVERIFY(!scene);
 }
 
 void tst_CHalvexPlugin::isWithoutAServiceAfterUninitialize()
 {
-    const QSharedPointer<CServiceManager> manager(new CServiceManager);
-    CHalvexPlugin plugin;
-    plugin.initialize(manager);
-    plugin.uninitialize(manager);
-    QVERIFY(plugin.initialize(manager));
-    QVERIFY(manager->services().isEmpty());
-    QVERIFY(plugin.extensionsInitialized());
-    QVERIFY(plugin.uninitialize(manager));
-}
-
-void tst_CHalvexPlugin::guardsFollowTheService()
-{
-    const QSharedPointer<CServiceManager> manager(new CServiceManager);
-    CHalvexPlugin plugin;
-    plugin.initialize(manager);
-    IService* const service = manager->services().first().data();
-    // Guards of either kind, one made from the plain pointer and one from the shared one, share one count.
-    const QPointer<IService> pointer(service);
-    const QWeakPointer<IService> weak(manager->services().first());
-    QCOMPARE(pointer.data(), service);
-    QCOMPARE(weak.toStrongRef().data(), service);
-    plugin.uninitialize(manager);
-    QVERIFY(pointer.isNull());
-    QVERIFY(weak.toStrongRef().isNull());
+    SHost host;
+    host.plugin.uninitialize(host.manager);
+    QVERIFY(host.plugin.initialize(host.manager));
+    QVERIFY(host.manager->services().isEmpty());
+    QVERIFY(host.plugin.extensionsInitialized());
+    QVERIFY(host.plugin.uninitialize(host.manager));
 }
 
 void tst_CHalvexPlugin::captionFollowsTheLanguage_data()
 {
     QTest::addColumn<QString>("language");
     QTest::addColumn<QString>("caption");
-    QTest::newRow("English") << "en"
-                             << "Decoupler for VGR";
+    QTest::newRow("English") << "en" << QString("Decoupler for VGR");
     QTest::newRow("Korean") << "ko" << QString::fromUtf8("VGR용 디커플러");
     QTest::newRow("Japanese") << "ja" << QString::fromUtf8("VGR 用デカップラー");
     QTest::newRow("Chinese") << "zh" << QString::fromUtf8("VGR 解耦器");
-    QTest::newRow("with a country") << "ko_KR" << QString::fromUtf8("VGR용 디커플러");
 }
 
 void tst_CHalvexPlugin::captionFollowsTheLanguage()
 {
     QFETCH(QString, language);
     QFETCH(QString, caption);
-    const QSharedPointer<CServiceManager> manager(new CServiceManager);
-    CHalvexPlugin plugin;
-    plugin.initialize(manager);
-    plugin.extensionsInitialized();
-    const auto model = nodesOf(*manager).createModel(QStringLiteral("DecouplerVGR"));
-    QCOMPARE(model->caption(), QStringLiteral("Decoupler for VGR"));
-    plugin.setLanguage(language);
+    SHost host;
+    host.plugin.extensionsInitialized();
+    const auto model = host.nodes().createModel(decoupler);
+    QCOMPARE(model->caption(), QString("Decoupler for VGR"));
+    host.plugin.setLanguage(language);
     QCOMPARE(model->caption(), caption);
-    plugin.setLanguage(QStringLiteral("en"));
-    QCOMPARE(model->caption(), QStringLiteral("Decoupler for VGR"));
+
+    // What documents and plugins name things by is the same in every language.
+    host.plugin.extensionsInitialized();
+    QCOMPARE(host.nodes().createModel(decoupler)->save().value("name").toString(), QString(decoupler));
+    QCOMPARE(model->portCaption(ENodePortType::In, 0), QString("VGR"));
+    QCOMPARE(host.nodes().registry()->categories(), std::set<QString>{"Tools"});
+
+    host.plugin.setLanguage("en");
+    QCOMPARE(model->caption(), QString("Decoupler for VGR"));
 }
 
-void tst_CHalvexPlugin::unknownLanguageKeepsTheLast()
+void tst_CHalvexPlugin::signalsMayBeQueued()
 {
-    const QSharedPointer<CServiceManager> manager(new CServiceManager);
-    CHalvexPlugin plugin;
-    plugin.initialize(manager);
-    plugin.extensionsInitialized();
-    const auto model = nodesOf(*manager).createModel(QStringLiteral("DecouplerVGR"));
-    plugin.setLanguage(QStringLiteral("zh"));
-    const QString caption = model->caption();
-    for (const char* language : {"xx", "", "english"}) {
-        plugin.setLanguage(QString::fromLatin1(language));
-        QCOMPARE(model->caption(), caption);
-    }
-}
-
-void tst_CHalvexPlugin::keysAreNotTranslated()
-{
-    const QSharedPointer<CServiceManager> manager(new CServiceManager);
-    CHalvexPlugin plugin;
-    plugin.setLanguage(QStringLiteral("ja"));
-    plugin.initialize(manager);
-    plugin.extensionsInitialized();
-    const auto model = nodesOf(*manager).createModel(QStringLiteral("DecouplerVGR"));
-    QVERIFY(model);
-    QCOMPARE(model->save().value(QStringLiteral("name")).toString(), QStringLiteral("DecouplerVGR"));
-    QCOMPARE(model->portCaption(ENodePortType::In, 0), QStringLiteral("VGR"));
-    QCOMPARE(nodesOf(*manager).registry()->categories(), std::set<QString>{QStringLiteral("Tools")});
-}
-
-void tst_CHalvexPlugin::translationsAreEmbedded()
-{
-    QCOMPARE(QDir(QStringLiteral(":/translation")).entryList(),
-             (QStringList{QStringLiteral("Halvex_en.qm"), QStringLiteral("Halvex_ja.qm"),
-                          QStringLiteral("Halvex_ko.qm"), QStringLiteral("Halvex_zh.qm")}));
-}
-
-void tst_CHalvexPlugin::entryPointGivesTheMetadata()
-{
-    QCOMPARE(QByteArray(qt_plugin_query_metadata(), 16), QByteArray("QTMETADATA !\0\5\14\0", 16));
-}
-
-void tst_CHalvexPlugin::sceneSignalsNeedNoRegistration()
-{
-    const QSharedPointer<CServiceManager> manager(new CServiceManager);
-    CHalvexPlugin plugin;
-    plugin.initialize(manager);
-    INodeService& nodes = nodesOf(*manager);
-    const QSignalSpy added(&nodes, &INodeService::sceneAdded);
-    QVERIFY(added.isValid());
+    SHost host;
     QVector<CNodeScene*> queued;
     connect(
-        &nodes, &INodeService::sceneAdded, &plugin, [&queued](CNodeScene* scene) { queued << scene; },
+        &host.nodes(), &INodeService::sceneAdded, &host.plugin, [&queued](CNodeScene* scene) { queued << scene; },
         Qt::QueuedConnection);
-
-    nodes.addNode(std::make_unique<CUniqueSource>(), {});
-    CNodeScene* const scene = nodes.getActiveScene();
-    QCOMPARE(added.count(), 1);
-    QCOMPARE(added.at(0).at(0).value<CNodeScene*>(), scene);
+    host.nodes().addNode(makeSource(), {});
     QVERIFY(queued.isEmpty());
-    QTRY_COMPARE(queued, QVector<CNodeScene*>{scene});
+    QTRY_COMPARE(queued, QVector<CNodeScene*>{host.nodes().getActiveScene()});
 }
 
 QTEST_GUILESS_MAIN(tst_CHalvexPlugin)
-
 #include "tst_CHalvexPlugin.moc"

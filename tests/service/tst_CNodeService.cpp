@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-// What a service takes in, finds and connects. What goes, imports and exceptions have programs of their own.
+// What a service says of each operation, and what it finds. What becomes of things that go, what imports do to nodes,
+// and exceptions have programs of their own.
 
 #include "CServiceFixture.h"
 #include "support/CTestScene.h"
@@ -12,7 +13,6 @@
 #include <type_traits>
 
 using namespace Plugin::Halvex;
-using Core::AppCoreComponents::BaseInfoPtr;
 
 static_assert(std::is_abstract_v<INodeService> && std::is_base_of_v<Core::Service::IService, INodeService>,
               "a service of the host");
@@ -21,56 +21,61 @@ static_assert(!std::is_copy_constructible_v<CNodeService>, "an object");
 namespace {
 
 using F = CServiceFixture;
-using Place = std::function<CNamedTestModel*(F&)>;
 
-constexpr auto allTypes = {ENodeDataModelType::Source, ENodeDataModelType::Sink, ENodeDataModelType::Decoupler};
+/// In the first scene "cam" feeds "view", in the second, which is active, is "cam-2".
+class CWorld : public F
+{
+public:
+    CWorld()
+    {
+        connect(view, cam);
+        other = addSource("cam-2");
+        log.take();
+    }
+
+    const SPlaced cam = addSource();
+    const SPlaced view = addView();
+    SPlaced other;
+};
+
+using W = CWorld;
+using Operation = std::function<void(W&)>;
+
+void removeByModel(W& w, ANodeDataModel* model, bool removeLoneNodeScene = false)
+{
+    const ANodeDataModel* const before = model;
+    w.service->removeNodeByModel(model, removeLoneNodeScene);
+    QVERIFY(model == before);
+}
 
 } // namespace
 
-Q_DECLARE_METATYPE(Place)
+Q_DECLARE_METATYPE(Operation)
 
 class tst_CNodeService : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup();
-
     void signalsAndSlots();
     void startsEmpty();
-
-    void uniqueSourceGetsASceneOfItsOwn();
+    void operations_data();
+    void operations();
+    void strangersAreIgnored();
+    void serviceWithoutAnActiveSceneDropsModels();
     void sceneIsAddedThenActivatedThenFilled();
-    void sameSourceAgainActivatesItsScene();
-    void uniqueModelOfAnotherKindIsNeverPlaced();
-    void modelWithoutAnActiveSceneIsDropped();
-    void modelGoesToTheActiveScene();
-    void modelThatHasANodeStaysWhereItIs_data();
-    void modelThatHasANodeStaysWhereItIs();
+    void addedNodeIsFound();
     void modelOfALeavingNodeStaysWhereItIs();
 
     void findNodeLooksIntoEveryScene();
-    void findNodeTakesTheFirstOfTwoScenes();
 
-    void connectModelsTakesTheConsumerFirst();
-    void connectModelsRefusesOtherPorts();
+    void connectionIsMadeWithoutAConverter();
     void modelThatWasNotAddedIsNotConnected();
     void connectionThatAHandlerTakesBackHasNoId();
-    void connectionOfTwoScenesBelongsToTheConsumers();
-
-    void setActiveSceneTellsEvenTheSame();
-    void setActiveSceneIgnoresOthers();
     void findSceneByInfoComparesPointers();
-
     void createModelMakesModelsWithAnIdentity();
     void registerTypeConverterReachesEveryScene();
 };
-
-void tst_CNodeService::cleanup()
-{
-    QCOMPARE(CTestModels::alive(), 0);
-    QCOMPARE(CTestData::alive(), 0);
-}
 
 void tst_CNodeService::signalsAndSlots()
 {
@@ -101,40 +106,239 @@ void tst_CNodeService::startsEmpty()
     QVERIFY(service->registry() != CNodeService(nullptr).registry());
 }
 
-void tst_CNodeService::uniqueSourceGetsASceneOfItsOwn()
+void tst_CNodeService::operations_data()
+{
+    QTest::addColumn<QString>("expected");
+    QTest::addColumn<Operation>("operation");
+    const auto add = [](const char* what, const QString& expected, const Operation& operation) {
+        QTest::newRow(what) << expected << operation;
+    };
+    const auto addModel = [](ENodeDataModelType type) {
+        return [type](W& w) { QVERIFY(w.add(makeModel(type)).id != Core::CId()); };
+    };
+    const auto addUnique = [](ENodeDataModelType type) {
+        return [type](W& w) {
+            auto model = makeModel(type, "odd", "odd");
+            model->unique = true;
+            QVERIFY(w.add(std::move(model), F::makeInfo()).id == Core::CId());
+        };
+    };
+
+    add("source", "added 3, active 3, 3 created new", [](W& w) { w.addSource("new"); });
+    add("source of a known name", "added 3, active 3, 3 created cam", [](W& w) { w.addSource("cam"); });
+    add("source that is not unique", "2 created Model", addModel(ENodeDataModelType::Source));
+    add("sink", "2 created Model", addModel(ENodeDataModelType::Sink));
+    add("decoupler", "2 created Model", addModel(ENodeDataModelType::Decoupler));
+    add("unique sink", "active none", addUnique(ENodeDataModelType::Sink));
+    add("unique decoupler", "active none", addUnique(ENodeDataModelType::Decoupler));
+    add("with no active scene", "active none", [=](W& w) {
+        addUnique(ENodeDataModelType::Sink)(w);
+        QVERIFY(w.addView().id == Core::CId());
+        QVERIFY(!w.import({element("a")}));
+    });
+    add("no model", "", [](W& w) { QVERIFY(w.add(nullptr).id == Core::CId()); });
+
+    // A model that has a node stays where it is, and its owner the same.
+    add("source again", "active 1, active 1", [](W& w) {
+        QVERIFY(w.addAgain(w.cam.model) == w.cam.id);
+        QVERIFY(w.addAgain(w.cam.model, F::makeInfo()) == w.cam.id);
+        QVERIFY(!w.cam.model->getInfo()); // of the first time
+        QVERIFY(!w.active()->getSceneInfo());
+    });
+    add("sink again", "", [](W& w) { QVERIFY(w.addAgain(w.view.model) == w.view.id); });
+    add("sink again, unique since then", "active 1", [](W& w) {
+        w.view.model->unique = true;
+        QVERIFY(w.addAgain(w.view.model) == w.view.id);
+    });
+    add("sink of a document again", "2 created View", [](W& w) {
+        w.import({element("a")});
+        CNamedTestModel* const model = modelNamed(w.active(), "View");
+        QVERIFY(w.addAgain(model) == nodeOf(*w.active(), model)->id());
+    });
+    add("source that the host placed again", "1 created by hand, active 1", [](W& w) {
+        CNodeBase& node = w.scene(0)->createNode(makeSource("by hand"));
+        QVERIFY(w.addAgain(static_cast<CNamedTestModel*>(node.nodeDataModel())) == node.id());
+    });
+
+    // A connection belongs to the scene of the consumer, which is given first.
+    add("connection", "1 connected view1-cam0",
+        [](W& w) { w.service->connectModels(w.cam.model, 0, w.view.model, 1); });
+    add("connections of two scenes", "1 connected cam-20-view0, 2 connected cam0-cam-20", [](W& w) {
+        w.connect(w.view, w.other);
+        w.connect(w.other, w.cam);
+    });
+    add("connections of other ports", "", [](W& w) {
+        for (const int port : {-1, 2, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
+            QVERIFY(w.service->connectModels(w.view.model, port, w.cam.model, 0) == Core::CId());
+            QVERIFY(w.service->connectModels(w.view.model, 0, w.cam.model, port) == Core::CId());
+        }
+    });
+
+    const QString viewGoes = "1 deleted view, 1 disconnected cam0-view0";
+    add("node removed", viewGoes, [](W& w) { w.service->removeNode(w.view.id, true); });
+    add("node removed by its model", viewGoes, [](W& w) { removeByModel(w, w.view.model); });
+    add("last node removed", "2 deleted cam-2", [](W& w) { w.service->removeNode(w.other.id, true); });
+    add("node removed twice", "1 deleted cam, 1 disconnected cam0-view0", [](W& w) {
+        w.service->removeNode(w.cam.id, false);
+        w.service->removeNode(w.cam.id, true); // nothing is removed, so nothing is cleaned up
+    });
+
+    // What becomes of the last node in the scene of a node that is removed.
+    const QString loneSink = "2 deleted cam-2, 2 deleted View, removing 2, removed, active 1";
+    const auto addLone = [&add](const char* what, const QString& expected, const Operation& place) {
+        add(what, expected, [place](W& w) {
+            place(w);
+            w.service->removeNode(w.other.id, true);
+        });
+    };
+    const Operation view = [](W& w) { w.addView("View"); };
+    const Operation plain = [](W& w) { w.active()->createNode(std::make_unique<CTestModel>()); };
+    const Operation imported = [](W& w) { w.import({element("a")}); };
+    addLone("lone sink", "2 created View, " + loneSink, view);
+    addLone("lone sink of a document", "2 created View, " + loneSink, imported);
+    addLone("lone source", "2 created Model, 2 deleted cam-2", addModel(ENodeDataModelType::Source));
+    addLone("lone decoupler", "2 created Model, 2 deleted cam-2", addModel(ENodeDataModelType::Decoupler));
+    addLone("lone node without an identity", "2 created Test, 2 deleted cam-2", plain);
+    addLone("two sinks", "2 created View, 2 created View, 2 deleted cam-2", [=](W& w) { view(w), view(w); });
+    addLone("sink and other", "2 created View, 2 created Test, 2 deleted cam-2", [=](W& w) { view(w), plain(w); });
+    add("lone sink, by the model", "2 created View, " + loneSink, [=](W& w) {
+        view(w);
+        removeByModel(w, w.other.model, true);
+    });
+    add("lone sink, not asked", "2 created View, 2 deleted cam-2", [=](W& w) {
+        view(w);
+        w.service->removeNode(w.other.id, false);
+    });
+
+    // The first of the scenes that are left is the active one.
+    add("scene removed", "removing 2, 2 deleted cam-2, removed, active 1",
+        [](W& w) { w.service->removeSceneOfNode(w.service->findNode(w.other.id)); });
+    add("scene destroyed", "2 deleted cam-2, removed, active 1", [](W& w) { delete w.scene(1); });
+    add("scene removed that is not active", "active 1, removing 2, 2 deleted cam-2, removed, active 1", [](W& w) {
+        w.service->setActiveScene(w.scene(0));
+        w.service->removeSceneOfNode(w.other.id);
+    });
+    add("first of three scenes destroyed",
+        "added 3, active 3, 3 created new, " + viewGoes + ", 1 deleted cam, removed, active 2", [](W& w) {
+            w.addSource("new");
+            w.service->removeNode(w.view.id, false);
+            delete w.scene(0);
+        });
+    add("all scenes removed",
+        viewGoes + ", removing 2, 2 deleted cam-2, removed, active 1, removing 1, 1 deleted cam, removed", [](W& w) {
+            w.service->removeNode(w.view.id, false);
+            for (const SPlaced& cam : {w.other, w.cam})
+                w.service->removeSceneOfNode(cam.id);
+        });
+
+    const QString chainIsMade = "2 created Filter, 2 created View, 2 connected Filter0-View0";
+    add("import", chainIsMade, [](W& w) { QVERIFY(w.import(chain())); }); // "cam" is in the other scene
+    add("import into the other scene",
+        "active 1, 1 created Filter, 1 created View, 1 connected cam0-Filter0, 1 connected Filter0-View0", [](W& w) {
+            w.service->setActiveScene(w.scene(0));
+            QVERIFY(w.import(chain()));
+        });
+    add("import of nonsense", "", [](W& w) {
+        for (const char* text : {"", "[{", R"({"name": "a", "model": {"name": "View"}})", "[]", R"([1, "a", [{}]])"})
+            QVERIFY2(w.service->importDocument(text), text);
+    });
+    add("imports share no labels", "2 created View, 2 created Filter", [](W& w) {
+        QVERIFY(w.import({element("a")}));
+        QVERIFY(w.import({element("b", "Filter", feeding({"a"}))}));
+    });
+    add("stored documents are one import", "2 created View, 2 created Filter, 2 connected Filter0-View0", [](W& w) {
+        QVERIFY(!w.service->importStoredDocuments()); // of none
+        w.service->addStoredDocument(document({element("a")}));
+        w.service->addStoredDocument(document({element("b", "Filter", feeding({"a"}))}));
+        QVERIFY(w.service->importStoredDocuments());
+    });
+    add("stored documents are kept", "2 created View, 2 created Filter, 2 created View, active 1, 1 created View",
+        [](W& w) {
+            w.service->addStoredDocument(document({element("a")}));
+            QVERIFY(w.service->importStoredDocuments());
+            QVERIFY(w.import({element("a", "Filter")})); // neither stored, nor with what is stored
+            QVERIFY(w.service->importStoredDocuments());
+            w.addAgain(w.cam.model);
+            QVERIFY(w.service->importStoredDocuments());
+        });
+
+    add("activated", "active 1", [](W& w) { w.service->setActiveScene(w.scene(0)); });
+    add("activated again", "active 2", [](W& w) { w.service->setActiveScene(w.scene(1)); });
+}
+
+// What an operation tells, and that what can be asked for afterwards is as it was told.
+void tst_CNodeService::operations()
+{
+    QFETCH(QString, expected);
+    QFETCH(Operation, operation);
+    W w;
+    operation(w);
+    const QStringList said = w.log.take();
+    QCOMPARE(said.join(", "), expected);
+
+    const QStringList active = QStringList{"active 2"} + said.filter("active");
+    QCOMPARE("active " + w.log.numberOf(w.active()), w.sceneCount() ? active.last() : "active none");
+    int nodes = 0;
+    int connections = 0;
+    const auto scenes = w.service->scenes();
+    for (const CNodeScene* scene : scenes) {
+        nodes += F::nodeCount(scene);
+        connections += int(scene->connections().size());
+    }
+    QCOMPARE(CTestModels::alive(), nodes);
+    QCOMPARE(scenes.size(), 2 + said.filter("added").size() - said.count("removed"));
+    QCOMPARE(nodes, 3 + said.filter(" created ").size() - said.filter(" deleted ").size());
+    QCOMPARE(connections, 1 + said.filter(" connected ").size() - said.filter(" disconnected ").size());
+}
+
+void tst_CNodeService::strangersAreIgnored()
+{
+    W w;
+    CNodeService service(nullptr);
+    const Core::CId id = service.addNode(makeSource(), nullptr);
+    CNodeBase* const node = service.findNode(id);
+    CTestScene scene(nullptr, nullptr);
+    CNodeBase& loose = scene.createNode(std::make_unique<CTestModel>());
+    CNamedTestModel model;
+
+    for (const Core::CId& stranger : {id, Core::CId(), Core::CId::createId()}) {
+        w.service->removeNode(stranger, true);
+        w.service->removeSceneOfNode(stranger);
+    }
+    for (CNodeBase* stranger : std::initializer_list<CNodeBase*>{nullptr, node, &loose, &CNodeScene::noNode()})
+        w.service->removeSceneOfNode(stranger);
+    for (CNodeScene* stranger : std::initializer_list<CNodeScene*>{nullptr, service.getActiveScene(), &scene})
+        w.service->setActiveScene(stranger);
+    removeByModel(w, nullptr, true);
+    removeByModel(w, &model, true);
+    QCOMPARE(w.log.take(), QStringList());
+    QCOMPARE(w.active(), w.scene(1));
+    QCOMPARE(service.findNode(id), node);
+    QCOMPARE(F::nodeCount(&scene), 1);
+}
+
+void tst_CNodeService::serviceWithoutAnActiveSceneDropsModels()
 {
     F f;
-    const BaseInfoPtr info = F::makeInfo();
-    const SPlaced cam = f.addSource("cam", info);
-
-    QCOMPARE(f.log.take(), QStringList({"added 1", "active 1", "1 created cam"}));
-    QVERIFY(cam.id != Core::CId());
-    CNodeBase* const node = f.service->findNode(cam.id);
-    QVERIFY(node);
-    QCOMPARE(node->id(), cam.id);
-    QCOMPARE(node->nodeDataModel(), cam.model);
-    QCOMPARE(f.service->findNodeByModel(cam.model), node);
-    QCOMPARE(F::nodeCount(f.active()), 1);
-    QCOMPARE(f.active()->getSceneInfo(), info);
-    QCOMPARE(cam.model->getInfo(), info);
-    QVERIFY(f.service->documentNodes().isEmpty());
-
-    const SPlaced other = f.addSource("cam"); // another one, for all its name
-    QCOMPARE(f.log.take(), QStringList({"added 2", "active 2", "2 created cam"}));
-    QVERIFY(other.id != cam.id);
-    QCOMPARE(f.service->findNodeByModel(other.model)->id(), other.id);
-    QCOMPARE(f.sceneCount(), 2);
-    QCOMPARE(f.scene(1), f.active());
-    for (const int index : {0, 1}) {
-        QCOMPARE(&f.scene(index)->registry(), f.service->registry().get());
-        QVERIFY(!f.scene(index)->parent());
+    for (const bool hadAScene : {false, true}) {
+        if (hadAScene) {
+            f.addSource();
+            delete f.active();
+            f.log.take();
+        }
+        for (const auto type : {ENodeDataModelType::Source, ENodeDataModelType::Sink, ENodeDataModelType::Decoupler})
+            QVERIFY(f.service->addNode(makeModel(type), F::makeInfo()) == Core::CId());
+        QVERIFY(f.service->addNode(nullptr, F::makeInfo()) == Core::CId());
+        QCOMPARE(CTestModels::alive(), 0);
+        QCOMPARE(f.sceneCount(), 0);
+        QCOMPARE(f.log.take(), QStringList());
     }
 }
 
 void tst_CNodeService::sceneIsAddedThenActivatedThenFilled()
 {
     F f;
-    const BaseInfoPtr info = F::makeInfo();
+    const auto info = F::makeInfo();
     int heard = 0;
     connect(f.service.get(), &INodeService::sceneAdded, this, [&](CNodeScene* scene) {
         ++heard;
@@ -142,7 +346,8 @@ void tst_CNodeService::sceneIsAddedThenActivatedThenFilled()
         QCOMPARE(f.service->scenes(), QList<CNodeScene*>({scene}));
         QCOMPARE(scene->getSceneInfo(), info);
         QCOMPARE(f.service->findSceneByInfo(info), scene);
-        QVERIFY(scene->isRegistyValid());
+        QCOMPARE(&scene->registry(), f.service->registry().get());
+        QVERIFY(!scene->parent());
         QVERIFY(scene->nodes().empty());
     });
     connect(f.service.get(), &INodeService::activeSceneChanged, this, [&](CNodeScene* scene) {
@@ -152,142 +357,24 @@ void tst_CNodeService::sceneIsAddedThenActivatedThenFilled()
     });
     f.addSource("cam", info);
     QCOMPARE(heard, 2);
-}
-
-void tst_CNodeService::sameSourceAgainActivatesItsScene()
-{
-    F f;
-    const BaseInfoPtr info = F::makeInfo();
-    const SPlaced cam = f.addSource("cam", info);
-    f.addSource("cam-2");
-    f.log.take();
-    for (int round = 0; round < 2; ++round) {
-        QVERIFY(f.addAgain(cam.model, F::makeInfo()) == cam.id);
-        QCOMPARE(f.log.take(), QStringList({"active 1"}));
-    }
-    QCOMPARE(CTestModels::alive(), 2);
-    QCOMPARE(f.sceneCount(), 2);
-    QCOMPARE(f.active(), f.scene(0));
     QCOMPARE(F::nodeCount(f.active()), 1);
-    QCOMPARE(f.active()->getSceneInfo(), info); // what comes with it later is ignored
-    QCOMPARE(cam.model->getInfo(), info);
-
-    const SPlaced view = f.addView();
-    QVERIFY(f.connect(view, cam) != Core::CId());
-    cam.model->offer(CTestData::make(5));
-    QCOMPARE(view.model->values().back(), 5);
 }
 
-void tst_CNodeService::uniqueModelOfAnotherKindIsNeverPlaced()
-{
-    for (const auto type : {ENodeDataModelType::Sink, ENodeDataModelType::Decoupler}) {
-        F f;
-        const auto addUnique = [&] {
-            auto model = makeModel(type, "odd", "odd");
-            model->unique = true;
-            return f.service->addNode(std::move(model), F::makeInfo());
-        };
-        QVERIFY(addUnique() == Core::CId());
-        QCOMPARE(f.log.take(), QStringList({"active none"}));
-        QCOMPARE(f.sceneCount(), 0);
-
-        f.addSource();
-        f.log.take();
-        QVERIFY(addUnique() == Core::CId());
-        QCOMPARE(f.log.take(), QStringList({"active none"}));
-        QVERIFY(f.service->getActiveScene().isNull());
-        QCOMPARE(f.sceneCount(), 1);
-        QCOMPARE(CTestModels::alive(), 1);
-
-        // With a scene, but none that is active.
-        QVERIFY(f.addView().id == Core::CId());
-        QCOMPARE(CTestModels::alive(), 1);
-        QCOMPARE(f.log.take(), QStringList());
-        QVERIFY(!f.import({element("a")}));
-    }
-}
-
-void tst_CNodeService::modelWithoutAnActiveSceneIsDropped()
+void tst_CNodeService::addedNodeIsFound()
 {
     F f;
-    for (const bool hadAScene : {false, true}) {
-        if (hadAScene) {
-            f.addSource();
-            delete f.active();
-            f.log.take();
-        }
-        for (const auto type : allTypes)
-            QVERIFY(f.service->addNode(makeModel(type), F::makeInfo()) == Core::CId());
-        QVERIFY(f.service->addNode(nullptr, F::makeInfo()) == Core::CId());
-        QCOMPARE(CTestModels::alive(), 0);
-        QCOMPARE(f.sceneCount(), 0);
-        QCOMPARE(f.log.take(), QStringList());
-    }
-}
-
-void tst_CNodeService::modelGoesToTheActiveScene()
-{
-    F f;
-    const BaseInfoPtr info = F::makeInfo();
-    f.addSource("cam", info);
-    f.addSource("cam-2");
-    f.service->setActiveScene(f.scene(0));
-    f.log.take();
-
-    for (const auto type : allTypes) {
-        const SPlaced added = f.add(makeModel(type, "model"));
-        QCOMPARE(f.log.take(), QStringList({"1 created model"}));
+    const auto info = F::makeInfo();
+    for (const SPlaced& added : {f.addSource("cam", info), f.addView()}) {
         CNodeBase* const node = f.service->findNode(added.id);
         QVERIFY(node);
+        QVERIFY(added.id != Core::CId());
+        QCOMPARE(node->id(), added.id);
         QCOMPARE(node->nodeDataModel(), added.model);
         QCOMPARE(f.service->findNodeByModel(added.model), node);
         QCOMPARE(f.active()->nodes().count(added.id), std::size_t(1));
         QCOMPARE(added.model->getInfo(), info);
     }
-    QVERIFY(f.service->addNode(nullptr, nullptr) == Core::CId());
-    QCOMPARE(f.log.take(), QStringList());
-    QCOMPARE(f.active(), f.scene(0));
     QVERIFY(f.service->documentNodes().isEmpty());
-}
-
-void tst_CNodeService::modelThatHasANodeStaysWhereItIs_data()
-{
-    QTest::addColumn<Place>("place");
-    QTest::addColumn<bool>("unique");
-    const Place byHand = [](F& f) {
-        return static_cast<CNamedTestModel*>(f.active()->createNode(makeSource("by hand")).nodeDataModel());
-    };
-    const Place byDocument = [](F& f) {
-        f.import({element("a")});
-        return modelNamed(f.active(), "View");
-    };
-    const Place byAddNode = [](F& f) { return f.addView().model; };
-    QTest::newRow("added") << byAddNode << false;
-    QTest::newRow("added, unique since then") << byAddNode << true;
-    QTest::newRow("from a document") << byDocument << false;
-    QTest::newRow("unique, placed by the host") << byHand << true;
-}
-
-void tst_CNodeService::modelThatHasANodeStaysWhereItIs()
-{
-    QFETCH(Place, place);
-    QFETCH(bool, unique);
-    F f;
-    f.addSource("cam");
-    CNamedTestModel* const model = place(f);
-    QVERIFY(model);
-    model->unique = unique;
-    const CNodeBase* const node = nodeOf(*f.active(), model);
-    f.addSource("cam-2");
-    f.log.take();
-
-    QVERIFY(f.addAgain(model) == node->id());
-    QCOMPARE(f.log.take(), unique ? QStringList({"active 1"}) : QStringList());
-    QCOMPARE(f.active(), f.scene(unique ? 0 : 1));
-    QCOMPARE(CTestModels::alive(), 3);
-    QCOMPARE(f.sceneCount(), 2);
-    QCOMPARE(F::nodeCount(f.scene(0)), 2);
-    QCOMPARE(nodeOf(*f.scene(0), model), node);
 }
 
 void tst_CNodeService::modelOfALeavingNodeStaysWhereItIs()
@@ -320,65 +407,37 @@ void tst_CNodeService::modelOfALeavingNodeStaysWhereItIs()
 
 void tst_CNodeService::findNodeLooksIntoEveryScene()
 {
-    F f;
-    const SPlaced cam = f.addSource("cam");
-    const SPlaced view = f.addView();
-    const SPlaced other = f.addSource("cam-2");
-    CNodeBase& byHand = f.active()->createNode(std::make_unique<CTestModel>());
+    W w;
+    CNodeBase& byHand = w.active()->createNode(std::make_unique<CTestModel>());
+    QCOMPARE(w.service->findNode(byHand.id()), &byHand);
+    for (const SPlaced& placed : {w.cam, w.view, w.other})
+        QCOMPARE(w.service->findNode(placed.id)->nodeDataModel(), placed.model);
+    for (const Core::CId& unknown : {Core::CId(), Core::CId::createId(), w.cam.model->id()})
+        QVERIFY(!w.service->findNode(unknown));
 
-    for (const SPlaced& placed : {cam, view, other})
-        QCOMPARE(f.service->findNode(placed.id)->nodeDataModel(), placed.model);
-    QCOMPARE(f.service->findNode(byHand.id()), &byHand);
-    for (const Core::CId& unknown : {Core::CId(), Core::CId::createId(), cam.model->id()})
-        QVERIFY(!f.service->findNode(unknown));
-}
-
-void tst_CNodeService::findNodeTakesTheFirstOfTwoScenes()
-{
-    F f;
-    f.addSource("cam");
-    f.addSource("cam-2");
+    // A node of the same id in two scenes, as from one document.
     const Core::CId id = Core::CId::createId();
     for (const int index : {1, 0}) {
-        f.scene(index)->loadFromMemory(sceneDocument(id));
-        QCOMPARE(f.service->findNode(id), f.scene(index)->nodes().at(id).get());
+        w.scene(index)->loadFromMemory(sceneDocument(id));
+        QCOMPARE(w.service->findNode(id), w.scene(index)->nodes().at(id).get());
     }
-    f.service->removeNode(id, false);
-    QCOMPARE(f.service->findNode(id), f.scene(1)->nodes().at(id).get());
-    f.service->removeSceneOfNode(id);
-    QVERIFY(!f.service->findNode(id));
-    QCOMPARE(f.sceneCount(), 1);
+    w.service->removeNode(id, false);
+    QCOMPARE(w.service->findNode(id), w.scene(1)->nodes().at(id).get());
+    w.service->removeSceneOfNode(id);
+    QVERIFY(!w.service->findNode(id));
+    QCOMPARE(w.sceneCount(), 1);
 }
 
-void tst_CNodeService::connectModelsTakesTheConsumerFirst()
+void tst_CNodeService::connectionIsMadeWithoutAConverter()
 {
-    F f;
+    W w;
     const SNodeDataType type = CTestData::defaultType();
-    f.service->registerTypeConverter({type, type}, [](const CNodeDataPtr&) { return CTestData::make(99); });
-    const SPlaced cam = f.addSource();
-    const SPlaced view = f.addView();
-    f.log.take();
-    const Core::CId id = f.service->connectModels(view.model, 1, cam.model, 0);
-
-    QCOMPARE(f.log.take(), QStringList({"1 connected cam0-view1"}));
-    QVERIFY(f.active()->connections().at(id)->id() == id);
-    cam.model->offer(CTestData::make(3));
-    QCOMPARE(deliveriesTo(*view.model), (Deliveries{{3, 1}})); // without the converter
-    QVERIFY(cam.model->received.empty());
-}
-
-void tst_CNodeService::connectModelsRefusesOtherPorts()
-{
-    F f;
-    const SPlaced cam = f.addSource();
-    const SPlaced view = f.addView();
-    f.log.take();
-    for (const int port : {-1, 2, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
-        QVERIFY(f.service->connectModels(view.model, port, cam.model, 0) == Core::CId());
-        QVERIFY(f.service->connectModels(view.model, 0, cam.model, port) == Core::CId());
-    }
-    QVERIFY(f.active()->connections().empty());
-    QCOMPARE(f.log.take(), QStringList());
+    w.service->registerTypeConverter({type, type}, [](const CNodeDataPtr&) { return CTestData::make(99); });
+    const Core::CId id = w.service->connectModels(w.view.model, 1, w.other.model, 0);
+    QVERIFY(w.scene(0)->connections().at(id)->id() == id);
+    w.other.model->offer(CTestData::make(3));
+    QCOMPARE(deliveriesTo(*w.view.model), (Deliveries{{3, 1}}));
+    QVERIFY(w.other.model->received.empty());
 }
 
 void tst_CNodeService::modelThatWasNotAddedIsNotConnected()
@@ -418,56 +477,11 @@ void tst_CNodeService::connectionThatAHandlerTakesBackHasNoId()
     }
 }
 
-void tst_CNodeService::connectionOfTwoScenesBelongsToTheConsumers()
-{
-    F f;
-    const SPlaced cam = f.addSource("cam");
-    const SPlaced view = f.addView();
-    const SPlaced other = f.addSource("cam-2");
-    f.log.take();
-    const Core::CId id = f.connect(view, other);
-
-    QCOMPARE(f.log.take(), QStringList({"1 connected cam-20-view0"}));
-    QCOMPARE(f.scene(0)->connections().count(id), std::size_t(1));
-    QVERIFY(f.scene(1)->connections().empty());
-    QVERIFY(f.connect(other, cam) != Core::CId());
-    QCOMPARE(f.log.take(), QStringList({"2 connected cam0-cam-20"}));
-    other.model->offer(CTestData::make(4));
-    QCOMPARE(view.model->values().back(), 4);
-}
-
-void tst_CNodeService::setActiveSceneTellsEvenTheSame()
-{
-    F f;
-    f.addSource("cam");
-    f.addSource("cam-2");
-    f.log.take();
-    for (const int index : {0, 0, 1}) {
-        f.service->setActiveScene(f.scene(index));
-        QCOMPARE(f.active(), f.scene(index));
-    }
-    QCOMPARE(f.log.take(), QStringList({"active 1", "active 1", "active 2"}));
-}
-
-void tst_CNodeService::setActiveSceneIgnoresOthers()
-{
-    F f;
-    f.addSource();
-    CNodeService other(nullptr);
-    other.addNode(makeSource(), nullptr);
-    CTestScene loose(nullptr, nullptr);
-    f.log.take();
-    for (CNodeScene* scene : std::initializer_list<CNodeScene*>{nullptr, other.getActiveScene(), &loose})
-        f.service->setActiveScene(scene);
-    QCOMPARE(f.log.take(), QStringList());
-    QCOMPARE(f.active(), f.scene(0));
-}
-
 void tst_CNodeService::findSceneByInfoComparesPointers()
 {
     F f;
-    const BaseInfoPtr own = F::makeInfo();
-    const BaseInfoPtr shared = F::makeInfo();
+    const auto own = F::makeInfo();
+    const auto shared = F::makeInfo();
     f.addSource("cam", own);
     f.addSource("cam-2", shared);
     f.addSource("cam-3", shared);

@@ -29,16 +29,6 @@ void throwAt(Sender* sender, Signal signal)
     });
 }
 
-/// Everything that makes a service emit one of its signals.
-void useTheService(F& f)
-{
-    f.addSource("one");
-    const SPlaced two = f.addSource("two");
-    f.service->setActiveScene(f.scene(0));
-    f.service->removeSceneOfNode(two.id);
-    delete f.scene(1);
-}
-
 } // namespace
 
 Q_DECLARE_METATYPE(Step)
@@ -48,63 +38,39 @@ class tst_CNodeServiceExceptions : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup();
-
     void nothingGetsOut_data();
     void nothingGetsOut();
     void modelWhoseAnnouncementThrewIsNotTakenTwice();
 };
-
-void tst_CNodeServiceExceptions::cleanup()
-{
-    QCOMPARE(CTestModels::alive(), 0);
-    QCOMPARE(CTestData::alive(), 0);
-}
 
 void tst_CNodeServiceExceptions::nothingGetsOut_data()
 {
     QTest::addColumn<Step>("step"); // with a service whose active scene has the source "cam"
     const auto add = [](const char* name, const Step& step) { QTest::newRow(name) << step; };
 
-    add("isUnique", [](F& f) {
-        auto model = makeSource("bad");
-        model->onIsUnique = &throwSomething;
-        QVERIFY(f.add(std::move(model)).id == Core::CId());
-        QCOMPARE(CTestModels::alive(), 1);
-    });
-    add("ports", [](F& f) {
-        auto model = makeModel(ENodeDataModelType::Sink);
-        model->onPorts = &throwSomething;
-        QVERIFY(f.add(std::move(model)).id == Core::CId());
-        QCOMPARE(CTestModels::alive(), 1);
-    });
-    add("ports, what is no exception", [](F& f) {
-        auto model = makeModel(ENodeDataModelType::Sink);
-        model->onPorts = [] { throw 42; };
-        QVERIFY(f.add(std::move(model)).id == Core::CId());
-    });
-    add("ports of a unique source", [](F& f) {
-        auto model = makeSource("bad");
-        model->onPorts = &throwSomething;
-        QVERIFY(f.add(std::move(model)).id == Core::CId());
-    });
+    const auto addModel = [&add](const char* name, const std::function<void(CNamedTestModel&)>& spoil) {
+        add(name, [spoil](F& f) {
+            auto model = makeSource("bad");
+            spoil(*model);
+            QVERIFY(f.add(std::move(model)).id == Core::CId());
+            QCOMPARE(CTestModels::alive(), 1);
+        });
+    };
+    addModel("isUnique", [](auto& model) { model.onIsUnique = &throwSomething; });
+    addModel("ports", [](auto& model) { model.unique = false, model.onPorts = &throwSomething; });
+    addModel("ports of a unique source", [](auto& model) { model.onPorts = &throwSomething; });
+    addModel("what is no exception", [](auto& model) { model.onPorts = [] { throw 42; }; });
     add("nodeCreated", [](F& f) {
         throwAt(f.active(), &CNodeScene::nodeCreated);
         QVERIFY(f.addView().id != Core::CId()); // what was announced stays
     });
-    add("nodeDeleted", [](F& f) {
+    add("nodeDeleted, of the only node, a sink", [](F& f) {
+        f.addSource("other");
         const SPlaced view = f.addView();
+        f.service->removeNode(f.service->findNodeByModel(modelNamed(f.active(), "other"))->id(), false);
         throwAt(f.active(), &CNodeScene::nodeDeleted);
         ANodeDataModel* model = view.model;
         f.service->removeNodeByModel(model, true);
-        QCOMPARE(f.service->findNode(view.id)->nodeDataModel(), view.model);
-    });
-    add("nodeDeleted of the only node, a sink", [](F& f) {
-        const SPlaced bad = f.addSource("bad");
-        const SPlaced view = f.addView();
-        f.service->removeNode(bad.id, false);
-        throwAt(f.active(), &CNodeScene::nodeDeleted);
-        f.service->removeNode(view.id, true);
         QCOMPARE(f.sceneCount(), 2);
         QCOMPARE(f.service->findNode(view.id)->nodeDataModel(), view.model);
     });
@@ -149,22 +115,20 @@ void tst_CNodeServiceExceptions::nothingGetsOut_data()
         QVERIFY(!f.import({element("a", "View", fedBy({"s"}))}));
         source.model->onIsUnique = nullptr;
     });
-    add("sceneAdded", [](F& f) {
-        throwAt(f.service.get(), &INodeService::sceneAdded);
-        useTheService(f);
-    });
-    add("activeSceneChanged", [](F& f) {
-        throwAt(f.service.get(), &INodeService::activeSceneChanged);
-        useTheService(f);
-    });
-    add("sceneRemoving", [](F& f) {
-        throwAt(f.service.get(), &INodeService::sceneRemoving);
-        useTheService(f);
-    });
-    add("sceneRemoved", [](F& f) {
-        throwAt(f.service.get(), &INodeService::sceneRemoved);
-        useTheService(f);
-    });
+    const auto addSignal = [&add](const char* name, auto signal) {
+        add(name, [signal](F& f) {
+            throwAt(f.service.get(), signal);
+            f.addSource("one");
+            const SPlaced two = f.addSource("two");
+            f.service->setActiveScene(f.scene(0));
+            f.service->removeSceneOfNode(two.id);
+            delete f.scene(1);
+        });
+    };
+    addSignal("sceneAdded", &INodeService::sceneAdded);
+    addSignal("activeSceneChanged", &INodeService::activeSceneChanged);
+    addSignal("sceneRemoving", &INodeService::sceneRemoving);
+    addSignal("sceneRemoved", &INodeService::sceneRemoved);
 }
 
 void tst_CNodeServiceExceptions::nothingGetsOut()

@@ -22,31 +22,17 @@ class tst_CNodeServiceImport : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup();
-
     void needsAnActiveScene();
     void wiresAChain();
-    void goesToTheActiveScene();
-    void nonsenseAddsNothing();
-    void unregisteredModelEndsIt();
-    void modelThatThrowsWhileRestoredEndsIt();
-    void sceneThatIsLostEndsIt_data();
+    void modelThatIsNotMadeEndsIt_data();
+    void modelThatIsNotMadeEndsIt();
     void sceneThatIsLostEndsIt();
-    void storedDocumentsAreOneImport();
-    void storedDocumentsAreKept();
-    void separateImportsShareNoLabels();
     void nodeOfANonUniqueSourceIsReplaced();
 
     void documentNodesAreThoseNotAdded();
     void documentNodesForgetWhatGoes();
     void documentNodesHoldNothingReplaced();
 };
-
-void tst_CNodeServiceImport::cleanup()
-{
-    QCOMPARE(CTestModels::alive(), 0);
-    QCOMPARE(CTestData::alive(), 0);
-}
 
 void tst_CNodeServiceImport::needsAnActiveScene()
 {
@@ -78,41 +64,31 @@ void tst_CNodeServiceImport::wiresAChain()
     QCOMPARE(view->restored, (std::vector<QJsonObject>{{{"name", "View"}, {"is_unique", false}}}));
 }
 
-void tst_CNodeServiceImport::goesToTheActiveScene()
+void tst_CNodeServiceImport::modelThatIsNotMadeEndsIt_data()
 {
-    F f;
-    f.addSource("cam");
-    f.addSource("cam-2");
-    f.service->setActiveScene(f.scene(0));
-    f.log.take();
-    QVERIFY(f.import({element("a")}));
-    QCOMPARE(f.log.take(), QStringList({"1 created View"}));
-
-    // Sources of other scenes are not found.
-    f.service->setActiveScene(f.scene(1));
-    f.log.take();
-    QVERIFY(f.import(chain()));
-    QCOMPARE(f.log.take(), QStringList({"2 created Filter", "2 created View", "2 connected Filter0-View0"}));
+    QTest::addColumn<QString>("model");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("not registered") << "Nobody knows"
+                                    << "Nobody knows";
+    QTest::newRow("throws while restored") << "Thrower"
+                                           << "not like this";
 }
 
-void tst_CNodeServiceImport::nonsenseAddsNothing()
+void tst_CNodeServiceImport::modelThatIsNotMadeEndsIt()
 {
+    QFETCH(QString, model);
+    QFETCH(QString, message);
     F f;
+    f.service->registry()->registerModel(
+        [] {
+            auto thrower = makeModel(ENodeDataModelType::Sink, "Thrower");
+            thrower->onRestore = [] { throw std::runtime_error("not like this"); };
+            return thrower;
+        },
+        QStringLiteral("Test"));
     f.addSource();
     f.log.take();
-    for (const char* text : {"", "[{", R"({"name": "a", "model": {"name": "View"}})", "7", "[]", R"([1, "a", [{}]])"})
-        QVERIFY2(f.service->importDocument(text), text);
-    QVERIFY(f.service->importDocument(QString()));
-    QCOMPARE(f.log.take(), QStringList());
-    QCOMPARE(F::nodeCount(f.active()), 1);
-}
-
-void tst_CNodeServiceImport::unregisteredModelEndsIt()
-{
-    F f;
-    f.addSource();
-    f.log.take();
-    const QJsonArray before{element("a"), element("b", "Nobody knows")};
+    const QJsonArray before{element("a"), element("b", model)};
     const QJsonArray after{element("c", "Filter"), element("d", "View", feeding({"a"}))};
     QVERIFY(!f.import({before[0], before[1], after[0], after[1]}));
     f.service->addStoredDocument(document(before));
@@ -120,96 +96,31 @@ void tst_CNodeServiceImport::unregisteredModelEndsIt()
     QVERIFY(!f.service->importStoredDocuments());
 
     QCOMPARE(f.log.take(), QStringList({"1 created View", "1 created View"}));
-    QCOMPARE(f.messages.texts("halvex.service").filter("Nobody knows").size(), 2);
+    QCOMPARE(f.messages.texts("halvex.service").filter(message).size(), 2);
+    QCOMPARE(CTestModels::alive(), 3);
     QCOMPARE(f.service->documentNodes().size(), 2);
     QVERIFY(f.import(chain()));
 }
 
-void tst_CNodeServiceImport::modelThatThrowsWhileRestoredEndsIt()
-{
-    F f;
-    f.service->registry()->registerModel(
-        [] {
-            auto model = makeModel(ENodeDataModelType::Sink, "Thrower");
-            model->onRestore = [] { throw std::runtime_error("not like this"); };
-            return model;
-        },
-        QStringLiteral("Test"));
-    f.addSource();
-    QVERIFY(!f.import({element("a"), element("b", "Thrower"), element("c")}));
-    QCOMPARE(F::nodeCount(f.active()), 2);
-    QCOMPARE(CTestModels::alive(), 2);
-    QCOMPARE(f.messages.texts("halvex.service").filter("not like this").size(), 1);
-}
-
-void tst_CNodeServiceImport::sceneThatIsLostEndsIt_data()
-{
-    QTest::addColumn<QString>("from");
-    for (const char* from : {"name", "isUnique", "nodeCreated"})
-        QTest::newRow(from) << from;
-}
-
 void tst_CNodeServiceImport::sceneThatIsLostEndsIt()
 {
-    QFETCH(QString, from);
-    F f;
-    CNamedTestModel* const source = f.addSource().model;
-    const auto destroyTheScene = [&f] {
-        if (!f.active()->isBeingDestroyed()) // the log asks for names as well
-            delete f.active();
-    };
-    if (from == "name")
-        source->onName = destroyTheScene;
-    else if (from == "isUnique")
-        source->onIsUnique = destroyTheScene;
-    else
-        connect(f.active(), &CNodeScene::nodeCreated, this, destroyTheScene);
-    QVERIFY(!f.import(chain()));
-    QCOMPARE(f.sceneCount(), 0);
-    QCOMPARE(CTestModels::alive(), 0);
-}
-
-void tst_CNodeServiceImport::storedDocumentsAreOneImport()
-{
-    F f;
-    f.addSource();
-    QVERIFY(!f.service->importStoredDocuments()); // of none
-    f.service->addStoredDocument(document({element("a")}));
-    f.service->addStoredDocument(document({element("b", "Filter", feeding({"a"}))}));
-    f.log.take();
-    QVERIFY(f.service->importStoredDocuments());
-    QCOMPARE(f.log.take(), QStringList({"1 created View", "1 created Filter", "1 connected Filter0-View0"}));
-}
-
-void tst_CNodeServiceImport::storedDocumentsAreKept()
-{
-    F f;
-    f.service->addStoredDocument(document({element("a")}));
-    for (const char* cam : {"cam", "cam-2"}) {
-        f.addSource(cam);
-        f.log.take();
-        QVERIFY(f.service->importStoredDocuments());
-        QVERIFY(f.service->importStoredDocuments());
-        const QString created = f.log.numberOf(f.active()) + " created View";
-        QCOMPARE(f.log.take(), QStringList({created, created}));
+    for (const QString from : {"name", "isUnique", "nodeCreated"}) {
+        F f;
+        CNamedTestModel* const source = f.addSource().model;
+        const auto destroyTheScene = [&f] {
+            if (!f.active()->isBeingDestroyed()) // the log asks for names as well
+                delete f.active();
+        };
+        if (from == "name")
+            source->onName = destroyTheScene;
+        else if (from == "isUnique")
+            source->onIsUnique = destroyTheScene;
+        else
+            connect(f.active(), &CNodeScene::nodeCreated, this, destroyTheScene);
+        QVERIFY(!f.import(chain()));
+        QCOMPARE(f.sceneCount(), 0);
+        QCOMPARE(CTestModels::alive(), 0);
     }
-
-    // importDocument() neither stores what it is given nor imports what is stored.
-    QVERIFY(f.import({element("a", "Filter")}));
-    QVERIFY(f.service->importStoredDocuments());
-    QCOMPARE(f.log.take(), QStringList({"2 created Filter", "2 created View"}));
-}
-
-void tst_CNodeServiceImport::separateImportsShareNoLabels()
-{
-    F f;
-    f.addSource();
-    QVERIFY(f.import({element("a")}));
-    QVERIFY(f.import({element("b", "Filter", feeding({"a"}))}));
-    QVERIFY(f.active()->connections().empty());
-    QVERIFY(f.import({element("b", "Filter", feeding({"a"})), element("a")}));
-    QCOMPARE(F::nodeCount(f.active()), 5);
-    QCOMPARE(f.active()->connections().size(), std::size_t(1));
 }
 
 // A source that has a unique name but is not unique is described anew by the import, under the id of its node.

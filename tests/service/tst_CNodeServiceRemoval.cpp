@@ -22,32 +22,16 @@ class tst_CNodeServiceRemoval : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup();
-
     void noDestroyedNodeIsFound_data();
     void noDestroyedNodeIsFound();
-    void removeNodeTellsTheSceneAlone();
-    void removeNodeOfAnUnknownIdDoesNothing();
-    void removeNodeByModelLeavesThePointer();
-    void loneNode_data();
-    void loneNode();
 
     void removeSceneOfNodeByIdCallsTheOther();
-    void removeSceneOfUnknownNodesDoesNothing();
-    void firstSceneBecomesActive_data();
-    void firstSceneBecomesActive();
     void sceneIsWholeWhileRemovingAndGoneWhenRemoved();
     void sceneThatTheHostDestroysIsInNoTable();
 
     void dyingServiceDestroysItsScenesInOrder();
     void dyingServiceMayBeCalled();
 };
-
-void tst_CNodeServiceRemoval::cleanup()
-{
-    QCOMPARE(CTestModels::alive(), 0);
-    QCOMPARE(CTestData::alive(), 0);
-}
 
 void tst_CNodeServiceRemoval::noDestroyedNodeIsFound_data()
 {
@@ -92,112 +76,6 @@ void tst_CNodeServiceRemoval::noDestroyedNodeIsFound()
     QVERIFY(!found || found->nodeDataModel()->name() == "View");
 }
 
-void tst_CNodeServiceRemoval::removeNodeTellsTheSceneAlone()
-{
-    F f;
-    const SPlaced cam = f.addSource();
-    const SPlaced view = f.addView();
-    f.connect(view, cam);
-    f.log.take();
-    f.service->removeNode(view.id, false);
-    QCOMPARE(f.log.take(), QStringList({"1 deleted view", "1 disconnected cam0-view0"}));
-    QCOMPARE(CTestModels::alive(), 1);
-    QVERIFY(!f.service->findNode(view.id));
-
-    f.service->removeNode(cam.id, false);
-    QCOMPARE(f.log.take(), QStringList({"1 deleted cam"}));
-    QVERIFY(f.active());
-    QCOMPARE(f.sceneCount(), 1);
-}
-
-void tst_CNodeServiceRemoval::removeNodeOfAnUnknownIdDoesNothing()
-{
-    F f;
-    f.service->removeNode(Core::CId(), true);
-    const SPlaced cam = f.addSource();
-    const SPlaced view = f.addView();
-    f.service->removeNode(cam.id, false);
-    f.log.take();
-    // The first of them again: nothing was removed, so nothing is cleaned up.
-    for (const Core::CId& unknown : {cam.id, Core::CId::createId(), view.model->id()})
-        f.service->removeNode(unknown, true);
-    QCOMPARE(f.log.take(), QStringList());
-    QCOMPARE(f.service->findNode(view.id)->nodeDataModel(), view.model);
-}
-
-void tst_CNodeServiceRemoval::removeNodeByModelLeavesThePointer()
-{
-    F f;
-    f.addSource();
-    const SPlaced view = f.addView();
-    CNamedTestModel never;
-    f.log.take();
-    const auto remove = [&f](ANodeDataModel* model) {
-        const ANodeDataModel* const before = model;
-        f.service->removeNodeByModel(model, false);
-        QVERIFY(model == before);
-    };
-    remove(nullptr);
-    remove(&never);
-    QCOMPARE(f.log.take(), QStringList());
-    remove(view.model);
-    QCOMPARE(f.log.take(), QStringList({"1 deleted view"}));
-}
-
-void tst_CNodeServiceRemoval::loneNode_data()
-{
-    QTest::addColumn<QString>("rest"); // a letter for each node that stays
-    QTest::addColumn<bool>("cleanUp");
-    QTest::addColumn<bool>("isGone");
-    QTest::newRow("nothing left") << "" << true << false;
-    QTest::newRow("one sink") << "v" << true << true;
-    QTest::newRow("one sink from a document") << "i" << true << true;
-    QTest::newRow("one sink, not asked") << "v" << false << false;
-    QTest::newRow("two sinks") << "vv" << true << false;
-    QTest::newRow("one source") << "s" << true << false;
-    QTest::newRow("one decoupler") << "d" << true << false;
-    QTest::newRow("one without an identity") << "p" << true << false;
-    QTest::newRow("sink and other") << "vp" << true << false;
-}
-
-void tst_CNodeServiceRemoval::loneNode()
-{
-    QFETCH(QString, rest);
-    QFETCH(bool, cleanUp);
-    QFETCH(bool, isGone);
-    const QMap<QChar, ENodeDataModelType> types{
-        {'v', ENodeDataModelType::Sink}, {'s', ENodeDataModelType::Source}, {'d', ENodeDataModelType::Decoupler}};
-    for (const bool byModel : {false, true}) {
-        F f;
-        f.addSource("first"); // its scene becomes the active one
-        const SPlaced cam = f.addSource();
-        for (const QChar kind : rest) {
-            if (types.contains(kind))
-                f.add(makeModel(types[kind], "View"));
-            else if (kind == 'i')
-                f.import({element("a")});
-            else
-                f.active()->createNode(std::make_unique<CTestModel>());
-        }
-        f.log.take();
-
-        ANodeDataModel* model = cam.model;
-        if (byModel)
-            f.service->removeNodeByModel(model, cleanUp);
-        else
-            f.service->removeNode(cam.id, cleanUp);
-
-        QStringList expected{"2 deleted cam"};
-        if (isGone)
-            expected += QStringList{"2 deleted View", "removing 2", "removed", "active 1"};
-        QCOMPARE(f.log.take(), expected);
-        QCOMPARE(f.active(), f.scene(isGone ? 0 : 1));
-        QCOMPARE(f.sceneCount(), isGone ? 1 : 2);
-        QCOMPARE(F::nodeCount(f.active()), isGone ? 1 : rest.size());
-        QVERIFY(f.service->documentNodes().isEmpty());
-    }
-}
-
 void tst_CNodeServiceRemoval::removeSceneOfNodeByIdCallsTheOther()
 {
     class CCounting : public CNodeService
@@ -213,78 +91,6 @@ void tst_CNodeServiceRemoval::removeSceneOfNodeByIdCallsTheOther()
     service.removeSceneOfNode(id);
     QCOMPARE(service.asked, QList<CNodeBase*>({service.findNode(id)}));
     QCOMPARE(service.scenes().size(), 1);
-}
-
-void tst_CNodeServiceRemoval::removeSceneOfUnknownNodesDoesNothing()
-{
-    F f;
-    const SPlaced cam = f.addSource();
-    CNodeService other(nullptr);
-    const Core::CId stranger = other.addNode(makeSource(), nullptr);
-    CTestScene ownScene(nullptr, nullptr);
-    CNodeBase& loose = ownScene.createNode(std::make_unique<CTestModel>());
-    f.log.take();
-
-    f.service->removeSceneOfNode(Core::CId());
-    f.service->removeSceneOfNode(stranger);
-    f.service->removeNode(stranger, true);
-    for (CNodeBase* node :
-         std::initializer_list<CNodeBase*>{nullptr, other.findNode(stranger), &loose, &CNodeScene::noNode()})
-        f.service->removeSceneOfNode(node);
-    QCOMPARE(f.log.take(), QStringList());
-    QVERIFY(f.service->findNode(cam.id));
-    QVERIFY(other.findNode(stranger));
-    QCOMPARE(F::nodeCount(&ownScene), 1);
-}
-
-void tst_CNodeServiceRemoval::firstSceneBecomesActive_data()
-{
-    QTest::addColumn<int>("scenes");
-    QTest::addColumn<int>("active");
-    QTest::addColumn<int>("removed");
-    for (const int scenes : {1, 3}) {
-        for (int active = 1; active <= scenes; ++active) {
-            for (int removed = 1; removed <= scenes; ++removed)
-                QTest::addRow("%d of %d, %d active", removed, scenes, active) << scenes << active << removed;
-        }
-    }
-}
-
-void tst_CNodeServiceRemoval::firstSceneBecomesActive()
-{
-    QFETCH(int, scenes);
-    QFETCH(int, active);
-    QFETCH(int, removed);
-    for (const bool byHost : {false, true}) {
-        F f;
-        for (int number = 1; number <= scenes; ++number)
-            f.addSource(QString("cam%1").arg(number));
-        f.service->setActiveScene(f.scene(active - 1));
-        f.log.take();
-
-        CNodeScene* const scene = f.scene(removed - 1);
-        const Core::CId id = scene->nodes().begin()->first;
-        if (byHost)
-            delete scene;
-        else
-            f.service->removeSceneOfNode(f.service->findNode(id));
-        const QString gone = QString::number(removed);
-        const QString first = scenes == 1 ? "none" : removed == 1 ? "2" : "1";
-        QStringList expected{gone + " deleted cam" + gone, "removed"};
-        if (!byHost)
-            expected.prepend("removing " + gone);
-        if (scenes > 1)
-            expected << "active " + first;
-        QCOMPARE(f.log.take(), expected);
-        QCOMPARE(f.log.numberOf(f.active()), first);
-        QCOMPARE(f.active(), f.scene(0));
-        QCOMPARE(f.sceneCount(), scenes - 1);
-        QVERIFY(!f.service->findNode(id));
-
-        f.addSource("next");
-        const QString next = QString::number(scenes + 1);
-        QCOMPARE(f.log.take(), QStringList({"added " + next, "active " + next, next + " created next"}));
-    }
 }
 
 void tst_CNodeServiceRemoval::sceneIsWholeWhileRemovingAndGoneWhenRemoved()

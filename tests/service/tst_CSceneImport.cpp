@@ -1,19 +1,17 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-// What an import document says, and what comes of one that says it wrongly.
+// What an import document says, and what comes of one that says it wrongly; any text at all is fuzz_ImportDocument's.
 
 #include "service/CSceneImport_p.h"
 
 #include "HostModels.h"
 #include "support/CTestScene.h"
-#include "support/FreshSeed.h"
 
 #include <QJsonDocument>
 #include <QtTest>
 
 #include <map>
-#include <random>
 
 using namespace Plugin::Halvex;
 
@@ -95,53 +93,6 @@ private:
     int m_count = 0;
 };
 
-/// Documents in which everything that can be wrong is wrong sometimes.
-class CRandomDocuments
-{
-public:
-    explicit CRandomDocuments(unsigned int seed)
-        : m_random(seed)
-    {
-    }
-
-    QString next()
-    {
-        const QByteArray document = text("[{'name': 'a', 'model': {'name': 'View', 'is_unique': true}},"
-                                         " {'name': 'b', 'unique_sources': [['cam', 'a'], [], ['', 'shy', 'none']]},"
-                                         " {'name': 'cam', 'connection': [['a', {'name': 'b', 'index_in': 1}], ['']]}]")
-                                        .toUtf8();
-        const QByteArray json = QJsonDocument(spoil(QJsonDocument::fromJson(document).array()).toArray()).toJson();
-        return QString::fromUtf8(once(20) ? json.left(json.size() / 2) : json);
-    }
-
-private:
-    bool once(unsigned int in) { return m_random() % in == 0; }
-
-    QJsonValue spoil(const QJsonValue& value)
-    {
-        const QJsonValue odd[] = {QJsonValue(), 7, 1.5, true, "cam", "", QJsonArray{"a"}, QJsonObject{{"name", "b"}}};
-        if (once(12) && !value.isArray())
-            return odd[m_random() % 8];
-        if (value.isArray()) {
-            QJsonArray spoilt;
-            const QJsonArray whole = value.toArray();
-            for (const QJsonValue& entry : whole)
-                spoilt.append(spoil(entry));
-            return spoilt;
-        }
-        if (value.isObject()) {
-            QJsonObject spoilt;
-            const QJsonObject whole = value.toObject();
-            for (auto entry = whole.begin(); entry != whole.end(); ++entry)
-                spoilt.insert(entry.key(), spoil(entry.value()));
-            return spoilt;
-        }
-        return value;
-    }
-
-    std::mt19937 m_random;
-};
-
 } // namespace
 
 class tst_CSceneImport : public QObject
@@ -157,8 +108,6 @@ private Q_SLOTS:
     void wrongValues();
     void indexes_data();
     void indexes();
-    void randomDocuments_data();
-    void randomDocuments();
 
     void nodesAndConnectionsAreWhole();
     void severalDocumentsAreOne();
@@ -305,44 +254,6 @@ void tst_CSceneImport::indexes()
     const QJsonObject made = f.import({text("[{'name': 'a'}, {'name': 'b', 'connection': [[%1]]}]").arg(consumer)});
     QCOMPARE(f.nodesOf(made), QString("A B"));
     QCOMPARE(f.connectionsOf(made), connection);
-}
-
-void tst_CSceneImport::randomDocuments_data()
-{
-    QTest::addColumn<unsigned int>("seed");
-    const unsigned int firstSeed = freshSeed();
-    for (unsigned int seed = firstSeed; seed < firstSeed + 20; ++seed)
-        QTest::addRow("%u", seed) << seed;
-}
-
-void tst_CSceneImport::randomDocuments()
-{
-    QFETCH(unsigned int, seed);
-    CRandomDocuments random(seed);
-    QStringList texts;
-    QString nodes;
-    QString connections;
-    for (int count = 0; count < 10; ++count) {
-        texts << random.next();
-        CFixture f;
-        const QJsonObject made = f.import(texts);
-        const QString allNodes = f.nodesOf(made);
-        const QString allConnections = f.connectionsOf(made);
-        // A document changes nothing of what those before it gave.
-        QVERIFY2(allNodes.startsWith(nodes), qPrintable(texts.join('\n')));
-        QVERIFY2(allConnections.startsWith(connections), qPrintable(texts.join('\n')));
-        nodes = allNodes;
-        connections = allConnections;
-
-        // Whatever is connected is a node of the scene or of the document, or nothing.
-        QStringList known{"?"};
-        const QStringList entries = nodes.split(' ');
-        for (const QString& entry : entries)
-            known << entry.section('=', 0, 0).remove('!');
-        const QStringList ends = connections.split(QRegularExpression("[ -]"));
-        for (const QString& end : ends)
-            QVERIFY2(end.isEmpty() || end.startsWith('<') || known.contains(end.chopped(1)), qPrintable(end));
-    }
 }
 
 void tst_CSceneImport::nodesAndConnectionsAreWhole()

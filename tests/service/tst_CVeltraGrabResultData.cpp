@@ -35,6 +35,8 @@ public:
     using CVeltraGrabResultData::CVeltraGrabResultData;
 };
 
+const CVeltraGrabResultData emptyData;
+
 } // namespace
 
 class tst_CVeltraGrabResultData : public QObject
@@ -42,31 +44,29 @@ class tst_CVeltraGrabResultData : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void withoutAFrameItIsValidData();
     void hasTheTypeOfGrabResults();
+    void withoutAFrameItIsValidData();
     void carriesTheFrame();
     void releasesTheFrame();
-    void sameTypeGoesByTheTypesId();
-    void subclassIsOfTheSameType();
 };
-
-void tst_CVeltraGrabResultData::withoutAFrameItIsValidData()
-{
-    const CVeltraGrabResultData data;
-    QVERIFY(!data.grabResult());
-    QCOMPARE(data.type().id, QStringLiteral("Veltra Grab Result"));
-    QCOMPARE(data.type().name, QStringLiteral("VGR"));
-
-    const CNodeDataPtr shared = QSharedPointer<CVeltraGrabResultData>::create();
-    QVERIFY(!shared.isNull());
-}
 
 void tst_CVeltraGrabResultData::hasTheTypeOfGrabResults()
 {
-    const CVeltraGrabResultData data(frame(1));
-    const CNodeData& base = data;
-    QCOMPARE(base.type().id, QStringLiteral("Veltra Grab Result"));
-    QCOMPARE(base.type().name, QStringLiteral("VGR"));
+    const CMarkedData marked(frame(2));
+    for (const CNodeData* data : std::initializer_list<const CNodeData*>{&marked, &emptyData}) {
+        QCOMPARE(data->type().id, QString("Veltra Grab Result"));
+        QCOMPARE(data->type().name, QString("VGR"));
+        QVERIFY(data->sameType(emptyData));
+        QVERIFY(!data->sameType(CTestData(1)));
+        QVERIFY(!CTestData(1).sameType(*data));
+    }
+}
+
+void tst_CVeltraGrabResultData::withoutAFrameItIsValidData()
+{
+    const CNodeDataPtr shared = QSharedPointer<CVeltraGrabResultData>::create();
+    QVERIFY(!shared.isNull());
+    QVERIFY(!emptyData.grabResult());
 }
 
 void tst_CVeltraGrabResultData::carriesTheFrame()
@@ -89,21 +89,5 @@ void tst_CVeltraGrabResultData::releasesTheFrame()
     QVERIFY(guard.expired());
 }
 
-void tst_CVeltraGrabResultData::sameTypeGoesByTheTypesId()
-{
-    const CVeltraGrabResultData data(frame(1));
-    QVERIFY(data.sameType(CVeltraGrabResultData()));
-    QVERIFY(!data.sameType(CTestData(1)));
-    QVERIFY(!CTestData(1).sameType(data));
-}
-
-void tst_CVeltraGrabResultData::subclassIsOfTheSameType()
-{
-    const CMarkedData marked(frame(2));
-    QVERIFY(marked.sameType(CVeltraGrabResultData()));
-    QCOMPARE(marked.type().name, QStringLiteral("VGR"));
-}
-
 QTEST_GUILESS_MAIN(tst_CVeltraGrabResultData)
-
 #include "tst_CVeltraGrabResultData.moc"

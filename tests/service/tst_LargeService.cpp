@@ -68,8 +68,6 @@ class tst_LargeService : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void cleanup();
-
     void eachSceneIsFound();
     void eachSceneHasItsOwnFrames();
     void scenesGoInAnyOrder();
@@ -80,12 +78,6 @@ private Q_SLOTS:
 void tst_LargeService::initTestCase()
 {
     CTestModels::onCalled = [] { ++CCountedModel::calls; };
-}
-
-void tst_LargeService::cleanup()
-{
-    QCOMPARE(CTestModels::alive(), 0);
-    QCOMPARE(CTestData::alive(), 0);
 }
 
 void tst_LargeService::eachSceneIsFound()
