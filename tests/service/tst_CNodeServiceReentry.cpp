@@ -234,7 +234,6 @@ void tst_CNodeServiceReentry::anythingInAnySignal_data()
         ANodeDataModel* model = g.modelOf(g.cams[1]);
         g.service->removeNodeByModel(model, true);
     });
-    add("remove the very scene", [](G& g) { g.service->removeSceneOfNode(g.cams[1].id); });
     add("remove every scene, twice", [](G& g) {
         for (const int scene : {1, 0, 1, 0})
             g.service->removeSceneOfNode(g.cams[scene].id);
@@ -245,9 +244,7 @@ void tst_CNodeServiceReentry::anythingInAnySignal_data()
         G::destroy(g.scene(0));
     });
     add("connect", [](G& g) { g.service->connectModels(g.modelOf(g.views[1]), 1, g.modelOf(g.cams[1]), 1); });
-    add("import", [](G& g) { g.import(G::chainOfAll()); });
     add("import what is stored", [](G& g) { g.service->importStoredDocuments(); });
-    add("activate", [](G& g) { g.service->setActiveScene(g.scene(0)); });
     add("look things up", [](G& g) {
         for (const SPlaced& placed : {g.cams[0], g.cams[1], g.views[0], g.views[1]})
             g.service->findNodeByModel(g.modelOf(placed));
@@ -263,26 +260,28 @@ void tst_CNodeServiceReentry::anythingInAnySignal_data()
 void tst_CNodeServiceReentry::anythingInAnySignal()
 {
     QFETCH(Operation, operation);
-    const QString byTheHost = ", the host destroys the scene";
-    for (QString signal : {"sceneAdded", "activeSceneChanged", "sceneRemoving", "sceneRemoved", "nodeCreated",
-                           "nodeDeleted", "connectionCreated", "connectionDeleted", "destroyed", "isUnique", "nPorts",
-                           "setInData", "restore", "~model", "nodeDeleted, the host destroys the scene",
-                           "connectionDeleted, the host destroys the scene", "~model, the host destroys the scene",
-                           "destroyed, the host destroys the scene", "sceneRemoved, the host destroys the scene"}) {
+    // Once in what the service does, once in what a host does that destroys the scene.
+    const QStringList ofTheHost{"nodeDeleted", "connectionDeleted", "~model", "destroyed", "sceneRemoved"};
+    const QStringList signalsInOrder =
+        QStringList{"sceneAdded", "activeSceneChanged", "sceneRemoving", "nodeCreated", "connectionCreated", "isUnique",
+                    "nPorts",     "setInData",          "restore"} +
+        ofTheHost + ofTheHost;
+    for (int i = 0; i < signalsInOrder.size(); ++i) {
+        const QString& signal = signalsInOrder.at(i);
+        const bool isByTheHost = i >= signalsInOrder.size() - ofTheHost.size();
         G g;
-        const bool isByTheHost = signal.endsWith(byTheHost);
         bool hasActed = false;
-        g.act(signal.remove(byTheHost), [&] {
+        g.act(signal, [&] {
             hasActed = true;
             operation(g);
         });
         if (isByTheHost)
-            G::destroy(g.scene(1));
+            delete g.scene(1);
         else
             g.provoke(signal);
         QVERIFY2(hasActed, qPrintable(signal));
         if (!g.service)
-            continue; // that all models are gone, cleanup() sees
+            continue;
         QVERIFY2(g.disorder().isEmpty(), qPrintable(signal + ": " + g.disorder()));
         QCOMPARE(ofTheService(*g.last), ofTheService(g.log));
         if (isByTheHost)

@@ -68,8 +68,7 @@ class tst_LargeService : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void eachSceneIsFound();
-    void eachSceneHasItsOwnFrames();
+    void eachSceneIsFoundAndHasItsOwnFrames();
     void scenesGoInAnyOrder();
     void lookUpsWalkOverNoNodes();
     void importOfManyElementsAsksLittle();
@@ -80,7 +79,7 @@ void tst_LargeService::initTestCase()
     CTestModels::onCalled = [] { ++CCountedModel::calls; };
 }
 
-void tst_LargeService::eachSceneIsFound()
+void tst_LargeService::eachSceneIsFoundAndHasItsOwnFrames()
 {
     const CManyScenes many;
     QCOMPARE(many.sceneCount(), cameraCount);
@@ -91,14 +90,8 @@ void tst_LargeService::eachSceneIsFound()
         QVERIFY(node);
         QCOMPARE(node->nodeDataModel(), many.cameras[i].model);
         QCOMPARE(F::nodeCount(many.scene(i)), 2);
-    }
-}
-
-void tst_LargeService::eachSceneHasItsOwnFrames()
-{
-    const CManyScenes many;
-    for (int i = 0; i < cameraCount; ++i)
         many.cameras[i].model->offer(CTestData::make(i));
+    }
     for (int i = 0; i < cameraCount; ++i) {
         const CNamedTestModel* const view = modelNamed(many.scene(i), "View");
         QVERIFY(view);

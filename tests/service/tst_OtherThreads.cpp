@@ -68,24 +68,26 @@ void tst_OtherThreads::isReportedOnce_data()
 {
     QTest::addColumn<QString>("operation");
     QTest::addColumn<Call>("call");
-    const auto add = [](const char* operation, const Call& call, const char* more = "") {
-        QTest::newRow(qPrintable(QString(operation) + more)) << QString(operation) << call;
+    const auto add = [](const char* operation, const Call& call, const char* of = "") {
+        QTest::addRow("%s%s", operation, of) << QString(operation) << call;
+    };
+    const Call connectBoth = [](SObjects& our) { our.scene.createConnection(*our.node, 7, *our.otherNode, 7, {}); };
+    const Call connectOne = [](SObjects& our) { our.scene.createConnection(ENodePortType::In, *our.node, 7); };
+    const Call removeFromScene = [](SObjects& our) { our.scene.removeNode(*our.node); };
+    const Call removeFromService = [](SObjects& our) { our.service.removeNode(Core::CId(), false); };
+    const Call removeByModel = [](SObjects& our) {
+        ANodeDataModel* none = nullptr;
+        our.service.removeNodeByModel(none, false);
     };
 
     add("propagateData", [](SObjects& our) { our.node->propagateData(nullptr, 0); });
 
     add("createNode", [](SObjects& our) { our.scene.createNode(nullptr); });
-    add(
-        "createConnection",
-        [](SObjects& our) { our.scene.createConnection(*our.node, 7, *our.otherNode, 7, NodeDataConverter()); },
-        ", both ends");
-    add(
-        "createConnection", [](SObjects& our) { our.scene.createConnection(ENodePortType::In, *our.node, 7); },
-        ", one end");
+    add("createConnection", connectBoth, ", both ends");
+    add("createConnection", connectOne, ", one end");
     add("deleteConnection", [](SObjects& our) { our.scene.deleteConnection(*our.connection); });
     add("deleteConnectionNow", [](SObjects& our) { our.scene.deleteConnectionNow(*our.connection); });
-    add(
-        "removeNode", [](SObjects& our) { our.scene.removeNode(*our.node); }, " of the scene");
+    add("removeNode", removeFromScene, " of the scene");
     add("clearScene", [](SObjects& our) { our.scene.clearScene(); });
     add("loadFromMemory", [](SObjects& our) { our.scene.loadFromMemory("{}"); });
     add("restoreNode", [](SObjects& our) { our.scene.restoreNode({{"model", QJsonObject{{"is_unique", true}}}}); });
@@ -93,12 +95,8 @@ void tst_OtherThreads::isReportedOnce_data()
     add("setRegistry", [](SObjects& our) { our.scene.setRegistry(nullptr); });
 
     // addNode() comes below.
-    add(
-        "removeNode", [](SObjects& our) { our.service.removeNode(Core::CId(), false); }, " of the service");
-    add("removeNodeByModel", [](SObjects& our) {
-        ANodeDataModel* none = nullptr;
-        our.service.removeNodeByModel(none, false);
-    });
+    add("removeNode", removeFromService, " of the service");
+    add("removeNodeByModel", removeByModel);
     add("removeSceneOfNode", [](SObjects& our) { our.service.removeSceneOfNode(Core::CId()); });
     add("connectModels", [](SObjects& our) { our.service.connectModels(nullptr, 0, nullptr, 0); });
     add("importDocument", [](SObjects& our) { our.service.importDocument({}); });
