@@ -41,7 +41,9 @@ public:
         service->registry()->registerModel([] { return std::make_unique<CTestModel>(1, 1, QStringLiteral("Plain")); },
                                            QStringLiteral("Test"));
     }
-    ~CServiceFixture()
+    ~CServiceFixture() { endService(); }
+
+    void endService()
     {
         if (service)
             QCOMPARE(inconsistencyOfScenes(*service), QString());

@@ -138,6 +138,14 @@ void tst_CNodeService::operations_data()
     });
     add("no model", "", [](W& w) { QVERIFY(w.add(nullptr).id == Core::CId()); });
 
+    add("source whose scene a handler destroys", "added 3, active 3, 3 created new, 3 deleted new, removed, active 1",
+        [](W& w) {
+            QObject::connect(w.service.get(), &INodeService::sceneAdded, [](CNodeScene* scene) {
+                QObject::connect(scene, &CNodeScene::nodeCreated, [scene] { delete scene; });
+            });
+            QVERIFY(w.addSource("new").id == Core::CId());
+        });
+
     // A model that has a node stays where it is, and its owner the same.
     add("source again", "active 1, active 1", [](W& w) {
         QVERIFY(w.addAgain(w.cam.model) == w.cam.id);

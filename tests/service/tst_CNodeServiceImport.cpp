@@ -24,7 +24,6 @@ class tst_CNodeServiceImport : public QObject
 private Q_SLOTS:
     void needsAnActiveScene();
     void wiresAChain();
-    void modelThatIsNotMadeEndsIt_data();
     void modelThatIsNotMadeEndsIt();
     void sceneThatIsLostEndsIt();
     void nodeOfANonUniqueSourceIsReplaced();
@@ -64,42 +63,31 @@ void tst_CNodeServiceImport::wiresAChain()
     QCOMPARE(view->restored, (std::vector<QJsonObject>{{{"name", "View"}, {"is_unique", false}}}));
 }
 
-void tst_CNodeServiceImport::modelThatIsNotMadeEndsIt_data()
-{
-    QTest::addColumn<QString>("model");
-    QTest::addColumn<QString>("message");
-    QTest::newRow("not registered") << "Nobody knows"
-                                    << "Nobody knows";
-    QTest::newRow("throws while restored") << "Thrower"
-                                           << "not like this";
-}
-
 void tst_CNodeServiceImport::modelThatIsNotMadeEndsIt()
 {
-    QFETCH(QString, model);
-    QFETCH(QString, message);
-    F f;
-    f.service->registry()->registerModel(
-        [] {
+    for (const QString model : {"Not registered", "Thrower"}) {
+        F f;
+        const auto makeThrower = [model] {
             auto thrower = makeModel(ENodeDataModelType::Sink, "Thrower");
-            thrower->onRestore = [] { throw std::runtime_error("not like this"); };
+            thrower->onRestore = [model] { throw std::runtime_error(model.toStdString()); };
             return thrower;
-        },
-        QStringLiteral("Test"));
-    f.addSource();
-    f.log.take();
-    const QJsonArray before{element("a"), element("b", model)};
-    const QJsonArray after{element("c", "Filter"), element("d", "View", feeding({"a"}))};
-    QVERIFY(!f.import({before[0], before[1], after[0], after[1]}));
-    f.service->addStoredDocument(document(before));
-    f.service->addStoredDocument(document(after));
-    QVERIFY(!f.service->importStoredDocuments());
+        };
+        f.service->registry()->registerModel(makeThrower, "Test");
+        f.addSource();
+        f.log.take();
+        const QJsonArray before{element("a"), element("b", model)};
+        const QJsonArray after{element("c", "Filter"), element("d", "View", feeding({"a"}))};
+        QVERIFY(!f.import({before[0], before[1], after[0], after[1]}));
+        f.service->addStoredDocument(document(before));
+        f.service->addStoredDocument(document(after));
+        QVERIFY(!f.service->importStoredDocuments());
 
-    QCOMPARE(f.log.take(), QStringList({"1 created View", "1 created View"}));
-    QCOMPARE(f.messages.texts("halvex.service").filter(message).size(), 2);
-    QCOMPARE(CTestModels::alive(), 3);
-    QCOMPARE(f.service->documentNodes().size(), 2);
-    QVERIFY(f.import(chain()));
+        QCOMPARE(f.log.take(), QStringList({"1 created View", "1 created View"}));
+        QCOMPARE(f.messages.texts("halvex.service").filter(model).size(), 2);
+        QCOMPARE(CTestModels::alive(), 3);
+        QCOMPARE(f.service->documentNodes().size(), 2);
+        QVERIFY(f.import(chain()));
+    }
 }
 
 void tst_CNodeServiceImport::sceneThatIsLostEndsIt()
