@@ -5,16 +5,46 @@
 
 #include "service/CServiceLog.h"
 #include "service/HostModels.h"
-#include "service/ImportDocument.h"
 #include "support/CMessageCatcher.h"
 #include "support/ServiceConsistency.h"
 
 #include <Halvex/platform/IBaseInfo.h>
 #include <Halvex/service/CNodeService.h>
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QtTest>
 
 #include <memory>
+
+/// An element of an import document: a model under a label, and whatever \a more says of it.
+inline QJsonObject element(const QString& label, const QString& model = QStringLiteral("View"),
+                           const QJsonObject& more = {})
+{
+    QJsonObject json = more;
+    json["name"] = label;
+    json["model"] = QJsonObject{{"name", model}};
+    return json;
+}
+
+/// What an element may say besides: which sources feed its first port.
+inline QJsonObject fedBy(const QStringList& sources)
+{
+    return {{"unique_sources", QJsonArray{QJsonValue(QJsonArray::fromStringList(sources))}}};
+}
+
+/// The same: which labels it feeds.
+inline QJsonObject feeding(const QStringList& labels)
+{
+    return {{"connection", QJsonArray{QJsonValue(QJsonArray::fromStringList(labels))}}};
+}
+
+/// The text of an import document.
+inline QString document(const QJsonArray& elements)
+{
+    return QString::fromUtf8(QJsonDocument(elements).toJson(QJsonDocument::Compact));
+}
 
 /// A model with its node.
 struct SPlaced

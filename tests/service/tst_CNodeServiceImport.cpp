@@ -11,11 +11,7 @@
 
 using namespace Plugin::Halvex;
 
-namespace {
-
 using F = CServiceFixture;
-
-} // namespace
 
 class tst_CNodeServiceImport : public QObject
 {

@@ -164,15 +164,15 @@ void tst_CNodeServiceRemoval::dyingServiceMayBeCalled()
 {
     F f;
     INodeService* const service = f.service.get();
-    std::vector<SPlaced> cams;
+    std::vector<std::pair<Core::CId, QPointer<CNamedTestModel>>> cams;
     int calls = 0;
     const auto callEverything = [&] {
         ++calls;
-        for (const SPlaced& cam : cams) {
-            service->findNode(cam.id);
-            service->removeNode(cam.id, true);
-            service->removeSceneOfNode(cam.id);
-            service->connectModels(cam.model, 0, cam.model, 0);
+        for (const auto& cam : cams) {
+            service->findNode(cam.first);
+            service->removeNode(cam.first, true);
+            service->removeSceneOfNode(cam.first);
+            service->connectModels(cam.second, 0, cam.second, 0);
         }
         QVERIFY(service->addNode(makeSource("late"), nullptr) == Core::CId());
         QVERIFY(service->addNode(makeModel(ENodeDataModelType::Sink), nullptr) == Core::CId());
@@ -186,7 +186,7 @@ void tst_CNodeServiceRemoval::dyingServiceMayBeCalled()
     };
     for (const char* name : {"one", "two"}) {
         const SPlaced cam = f.addSource(name);
-        cams.push_back(cam);
+        cams.emplace_back(cam.id, cam.model);
         cam.model->onDestroyed = [&, model = cam.model] {
             QVERIFY(!service->findNodeByModel(model));
             callEverything();
