@@ -4,6 +4,10 @@
 #include "CHostProgram.h"
 
 #include <QRegularExpression>
+#include <QTest>
+
+#include <algorithm>
+#include <csignal>
 
 CHostProgram::~CHostProgram()
 {
@@ -13,16 +17,13 @@ CHostProgram::~CHostProgram()
     m_process.waitForFinished();
 }
 
-void CHostProgram::start(const QStringList& arguments)
+void CHostProgram::start(QStringList arguments)
 {
+    if (arguments.value(0) == QLatin1String("run") && !arguments.contains(QStringLiteral("--output")))
+        arguments << QStringLiteral("--output") << outputFolder();
+    for (QString* text : {&m_output, &m_chosen, &m_errors})
+        text->clear();
     m_process.start(QStringLiteral(HOST_PROGRAM), arguments);
-}
-
-QString CHostProgram::errorsUpToNow()
-{
-    m_process.waitForReadyRead(10);
-    m_errors += QString::fromUtf8(m_process.readAllStandardError());
-    return m_errors;
 }
 
 bool CHostProgram::waitForEnd()
@@ -33,10 +34,40 @@ bool CHostProgram::waitForEnd()
     return ended && m_process.exitStatus() == QProcess::NormalExit;
 }
 
-bool CHostProgram::run(const QStringList& arguments)
+int CHostProgram::exec(const QStringList& arguments)
 {
     start(arguments);
-    return waitForEnd();
+    return waitForEnd() ? m_process.exitCode() : -1;
+}
+
+int CHostProgram::interrupt(const QStringList& arguments, int signal)
+{
+    const int cameras = std::max(1, arguments.count(QStringLiteral("--camera")));
+    start(QStringList{"run", "--frames", "100000"} + arguments);
+    if (!waitForFramesOf(100000 * cameras) || kill(pid_t(m_process.processId()), signal) != 0 || !waitForEnd())
+        return -1;
+    return m_process.exitCode();
+}
+
+bool CHostProgram::waitForFramesOf(int all)
+{
+    const auto isCounting = [this, all] {
+        m_errors += QString::fromUtf8(m_process.readAllStandardError());
+        return m_errors.contains(QStringLiteral("/%1 frames, ").arg(all));
+    };
+    return QTest::qWaitFor(isCounting, 30000);
+}
+
+QString CHostProgram::refusal(const QStringList& arguments)
+{
+    const int exitCode = run(arguments);
+    if (exitCode != 2 || !m_output.isEmpty())
+        return QStringLiteral("exit code %1, standard output '%2'").arg(exitCode).arg(m_output);
+    const QString name = QStringLiteral("halvex-host: ");
+    QStringList lines = errorLines();
+    for (QString& line : lines)
+        line = line.startsWith(name) ? line.mid(name.size()) : QStringLiteral("without its name: ") + line;
+    return lines.join(QLatin1Char('\n'));
 }
 
 QStringList CHostProgram::errorLines() const
@@ -54,61 +85,42 @@ bool CHostProgram::choose(const QString& camera)
     return found.size() == 1;
 }
 
-QStringList CHostProgram::frameLine() const
+std::vector<QStringList> CHostProgram::rows(const char* pattern) const
 {
-    static const QRegularExpression line(
-        QStringLiteral("^Frames grabbed +(\\d+) = (\\d+) complete \\+ (\\d+) incomplete$"),
-        QRegularExpression::MultilineOption);
-    QStringList numbers = line.match(table()).capturedTexts();
-    if (numbers.size() != 4 || numbers.at(1).toInt() != numbers.at(2).toInt() + numbers.at(3).toInt())
-        return {};
-    return numbers;
+    const QRegularExpression row(QLatin1String(pattern), QRegularExpression::MultilineOption);
+    const QString text = m_chosen.isEmpty() ? m_output : m_chosen;
+    std::vector<QStringList> rows;
+    for (auto match = row.globalMatch(text); match.hasNext();)
+        rows.push_back(match.next().capturedTexts());
+    return rows;
 }
 
-int CHostProgram::completeFrames() const
+int CHostProgram::frames(int column) const
 {
-    const QStringList numbers = frameLine();
-    return numbers.isEmpty() ? -1 : numbers.at(2).toInt();
-}
-
-int CHostProgram::incompleteFrames() const
-{
-    const QStringList numbers = frameLine();
-    return numbers.isEmpty() ? -1 : numbers.at(3).toInt();
+    const auto lines = rows(R"(^Frames grabbed +(\d+) = (\d+) complete \+ (\d+) incomplete$)");
+    const auto count = [&lines](int each) { return lines.front().at(each).toInt(); };
+    return lines.size() == 1 && count(1) == count(2) + count(3) ? count(column) : -1;
 }
 
 double CHostProgram::framesPerSecond() const
 {
-    static const QRegularExpression line(QStringLiteral("^Frames per second +([\\d.]+)$"),
-                                         QRegularExpression::MultilineOption);
-    return line.match(table()).captured(1).toDouble();
+    const auto lines = rows(R"(^Frames per second +([\d.]+)$)");
+    return lines.empty() ? 0.0 : lines.front().at(1).toDouble();
 }
 
 std::map<QString, CHostProgram::SSink> CHostProgram::sinks() const
 {
-    static const QRegularExpression row(QStringLiteral("^(\\w+) +(\\d+) +[\\d.]+ ms +[\\d.]+ ms +(\\d+)  "),
-                                        QRegularExpression::MultilineOption);
-    const QString text = table();
     std::map<QString, SSink> sinks;
-    for (auto rows = row.globalMatch(text); rows.hasNext();) {
-        const QRegularExpressionMatch match = rows.next();
-        sinks[match.captured(1)] = {match.captured(2).toInt(), match.captured(3).toInt()};
-    }
+    for (const QStringList& row : rows(R"(^(\w+) +(\d+) +[\d.]+ ms +[\d.]+ ms +(\d+)  )"))
+        sinks[row[1]] = {row[2].toInt(), row[3].toInt()};
     return sinks;
 }
 
 std::vector<CHostProgram::SDecoupler> CHostProgram::decouplers() const
 {
-    static const QRegularExpression row(
-        QStringLiteral("^\\[\\d+\\] Decoupler for VGR +[\\d.]+ +(\\d+) +(\\d+) +(\\d+) +(\\d+) +(\\d+)$"),
-        QRegularExpression::MultilineOption);
-    const QString text = table();
     std::vector<SDecoupler> decouplers;
-    for (auto rows = row.globalMatch(text); rows.hasNext();) {
-        const QRegularExpressionMatch match = rows.next();
-        const auto count = [&match](int column) { return match.captured(column).toInt(); };
-        decouplers.push_back({count(1), count(2), count(3), count(4), count(5)});
-    }
+    for (const QStringList& row : rows(R"(^\[\d+\] Decoupler for VGR +[\d.]+ +(\d+) +(\d+) +(\d+) +(\d+) +(\d+)$)"))
+        decouplers.push_back({row[1].toInt(), row[2].toInt(), row[3].toInt(), row[4].toInt(), row[5].toInt()});
     return decouplers;
 }
 

@@ -6,11 +6,12 @@
 #include <QProcess>
 #include <QString>
 #include <QStringList>
+#include <QTemporaryDir>
 
 #include <map>
 #include <vector>
 
-/// The program as a user runs it.
+/// The program as a user runs it, with a folder of its own for what it writes.
 class CHostProgram
 {
 public:
@@ -37,19 +38,34 @@ public:
     ~CHostProgram();
     Q_DISABLE_COPY(CHostProgram)
 
-    void start(const QStringList& arguments);
-
-    /// Reads what the program printed on standard error up to now, without waiting for long.
-    QString errorsUpToNow();
+    /// Starts it with these arguments; a run writes into outputFolder() unless they say where.
+    void start(QStringList arguments);
 
     /// False if it does not end in time, or crashed.
     bool waitForEnd();
 
-    /// Starts it and waits for its end.
-    bool run(const QStringList& arguments);
+    /// Starts it and waits for its end. The exit code, or -1 if it does not end in time or crashed.
+    int exec(const QStringList& arguments);
+    int run(const QStringList& arguments) { return exec(QStringList("run") + arguments); }
+
+    /// Runs it for 100000 frames and sends it \a signal as soon as it counts some. The exit code, as exec() has it.
+    int interrupt(const QStringList& arguments, int signal);
+
+    /// Waits until it counts the frames of so many; false if it never does.
+    bool waitForFramesOf(int all);
+
+    /// What it says, without its name, when it refuses to run: several lines are joined. Text on standard output and
+    /// an exit code other than 2 are told instead.
+    QString refusal(const QStringList& arguments);
+
+    /// In a folder that goes with this object.
+    QString file(const QString& name) const { return m_folder.filePath(name); }
+    QString outputFolder() const { return file(QStringLiteral("out")); }
+
+    /// In the output folder.
+    QString written(const QString& name) const { return outputFolder() + QLatin1Char('/') + name; }
 
     QProcess& process() { return m_process; }
-    int exitCode() const { return m_process.exitCode(); }
     QString output() const { return m_output; }
     QStringList errorLines() const;
 
@@ -57,8 +73,8 @@ public:
     bool choose(const QString& camera);
 
     /// The number behind "complete" in the table's line of frames, or -1 when there is no line that adds up.
-    int completeFrames() const;
-    int incompleteFrames() const;
+    int completeFrames() const { return frames(2); }
+    int incompleteFrames() const { return frames(3); }
     double framesPerSecond() const;
     std::map<QString, SSink> sinks() const;
     std::vector<SDecoupler> decouplers() const;
@@ -68,9 +84,10 @@ public:
     bool addsUp() const;
 
 private:
-    QString table() const { return m_chosen.isEmpty() ? m_output : m_chosen; }
-    QStringList frameLine() const;
+    std::vector<QStringList> rows(const char* pattern) const;
+    int frames(int column) const;
 
+    QTemporaryDir m_folder;
     QProcess m_process;
     QString m_output;
     QString m_chosen;

@@ -26,8 +26,7 @@ bool CPluginTestFolder::addHostPlugins()
 
 bool CPluginTestFolder::addFile(const QString& name, const QByteArray& bytes)
 {
-    QFile file(m_folder.filePath(name));
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+    return write(m_folder.filePath(name), bytes);
 }
 
 QString CPluginTestFolder::testPlugin(const QString& name)
@@ -38,10 +37,4 @@ QString CPluginTestFolder::testPlugin(const QString& name)
 QString CPluginTestFolder::library()
 {
     return QFileInfo(QStringLiteral(HOST_PLUGINS "/libHalvex.so")).canonicalFilePath();
-}
-
-QByteArray CPluginTestFolder::content(const QString& file)
-{
-    QFile in(file);
-    return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
 }

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "TestFile.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -28,8 +30,6 @@ public:
 
     /// Where the library's plugin really is.
     static QString library();
-
-    static QByteArray content(const QString& file);
 
 private:
     QTemporaryDir m_folder;

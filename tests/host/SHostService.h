@@ -8,6 +8,7 @@
 
 #include <Halvex/models/ASourceNodeDataModel.h>
 #include <Halvex/models/CGenericNodeDecouplerDataModel.h>
+#include <Halvex/models/CNodeDecouplerDataModelBase.h>
 #include <Halvex/service/CNodeService.h>
 #include <Halvex/service/CVeltraGrabResultData.h>
 
@@ -34,4 +35,14 @@ inline Plugin::Halvex::ASourceNodeDataModel* sourceIn(const Plugin::Halvex::CNod
             return source;
     }
     return nullptr;
+}
+
+/// The rate of all decouplers in a scene.
+inline void setDecouplerRate(const Plugin::Halvex::CNodeScene& scene, double rate)
+{
+    using Plugin::Halvex::CNodeDecouplerDataModelBase;
+    for (const auto& node : scene.nodes()) {
+        if (auto* const decoupler = qobject_cast<CNodeDecouplerDataModelBase*>(node.second->nodeDataModel()))
+            decoupler->setFramesPerSecond(rate);
+    }
 }

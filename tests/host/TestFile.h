@@ -4,8 +4,8 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDir>
 #include <QFile>
-#include <QString>
 
 inline QByteArray content(const QString& name)
 {
@@ -17,4 +17,9 @@ inline bool write(const QString& name, const QByteArray& bytes)
 {
     QFile file(name);
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+inline QStringList pngFiles(const QString& folder)
+{
+    return QDir(folder).entryList({"*.png"}, QDir::Files, QDir::Name);
 }

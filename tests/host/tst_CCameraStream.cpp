@@ -8,14 +8,10 @@
 #include "host/run/CStreamGraph.h"
 #include "host/run/Chain.h"
 
-#include <Halvex/models/CNodeDecouplerDataModelBase.h>
-
 #include <QDir>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
-
-#include <algorithm>
 
 using namespace Host;
 using namespace Plugin::Halvex;
@@ -24,6 +20,8 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr int endless = 1000000;
+
+const QString changed = QStringLiteral("the graph of camera 'fake' was changed or removed by somebody else");
 
 // The built-in camera with the default chain, and the services that its graph lives in.
 struct SLiveStream
@@ -35,6 +33,8 @@ struct SLiveStream
         SCameraOptions options;
         options.framesPerSecond = 200.0;
         stream = std::make_unique<CCameraStream>(options, std::move(graphs.at(0)));
+        ended = std::make_unique<QSignalSpy>(stream.get(), &CCameraStream::ended);
+        failed = std::make_unique<QSignalSpy>(stream.get(), &CCameraStream::failed);
     }
 
     QString prepare() const
@@ -43,9 +43,20 @@ struct SLiveStream
         return error.isEmpty() ? stream->prepareSinks(folder.path(), 10) : error;
     }
 
+    QString start(int frames) const
+    {
+        const QString error = prepare();
+        return error.isEmpty() ? stream->start(frames, 5s) : error;
+    }
+
+    quint64 frames() const { return stream->report().frames.complete; }
+    QString failure() const { return failed->value(0).value(0).toString(); }
+
     SHostService services;
     QTemporaryDir folder;
     std::unique_ptr<CCameraStream> stream;
+    std::unique_ptr<QSignalSpy> ended;
+    std::unique_ptr<QSignalSpy> failed;
 };
 
 } // namespace
@@ -66,21 +77,17 @@ private Q_SLOTS:
 
 void tst_CCameraStream::everyFrameIsThroughWhenItEnds()
 {
-    SLiveStream live;
-    CCameraStream& stream = *live.stream;
-    QCOMPARE(stream.camera(), QStringLiteral("fake"));
-    QCOMPARE(live.prepare(), QString());
+    const SLiveStream live;
+    QCOMPARE(live.stream->camera(), QStringLiteral("fake"));
+    QVERIFY(!live.stream->isStarted());
+    QCOMPARE(live.start(20), QString());
     QVERIFY(QDir(live.folder.filePath("frames")).exists());
-    QVERIFY(!stream.isStarted());
-    QSignalSpy ended(&stream, &CCameraStream::ended);
-    QSignalSpy failed(&stream, &CCameraStream::failed);
-    QCOMPARE(stream.start(20, 5s), QString());
-    QVERIFY(stream.isStreaming());
-    QTRY_COMPARE_WITH_TIMEOUT(ended.count(), 1, 30000);
-    QCOMPARE(failed.count(), 0);
-    QVERIFY(!stream.isStreaming());
-    QVERIFY(stream.isStarted());
-    const SRunReport report = stream.account();
+    QVERIFY(live.stream->isStreaming());
+    QTRY_COMPARE_WITH_TIMEOUT(live.ended->count(), 1, 30000);
+    QCOMPARE(live.failed->count(), 0);
+    QVERIFY(!live.stream->isStreaming());
+    QVERIFY(live.stream->isStarted());
+    const SRunReport report = live.stream->account();
     QCOMPARE(report.mismatch(), QString());
     QCOMPARE(report.frames.complete, quint64(20));
     QCOMPARE(report.sinks[0].delivered, quint64(20));
@@ -88,37 +95,32 @@ void tst_CCameraStream::everyFrameIsThroughWhenItEnds()
 
 void tst_CCameraStream::endsWhenItIsAskedTo()
 {
-    SLiveStream live;
-    QCOMPARE(live.prepare(), QString());
-    QSignalSpy ended(live.stream.get(), &CCameraStream::ended);
-    QCOMPARE(live.stream->start(endless, 5s), QString());
-    QTRY_VERIFY(live.stream->report().frames.complete > 0);
+    const SLiveStream live;
+    QCOMPARE(live.start(endless), QString());
+    QTRY_VERIFY(live.frames() > 0);
     live.stream->requestEnd();
-    QTRY_COMPARE_WITH_TIMEOUT(ended.count(), 1, 30000);
+    QTRY_COMPARE_WITH_TIMEOUT(live.ended->count(), 1, 30000);
     QCOMPARE(live.stream->account().mismatch(), QString());
 }
 
 void tst_CCameraStream::sinkThatCannotWriteEndsIt()
 {
-    SLiveStream live;
+    const SLiveStream live;
     QCOMPARE(live.prepare(), QString());
     const QString file = live.folder.filePath("frames/frame-000010.png");
     QVERIFY(QFile::link(QStringLiteral("/dev/full"), file));
-    QSignalSpy ended(live.stream.get(), &CCameraStream::ended);
-    QSignalSpy failed(live.stream.get(), &CCameraStream::failed);
     QCOMPARE(live.stream->start(endless, 5s), QString());
-    QTRY_COMPARE_WITH_TIMEOUT(ended.count(), 1, 30000);
-    QVERIFY(failed.count() >= 1);
-    QCOMPARE(failed.at(0).at(0).toString(), QStringLiteral("cannot write '%1': No space left on device").arg(file));
+    QTRY_COMPARE_WITH_TIMEOUT(live.ended->count(), 1, 30000);
+    QVERIFY(live.failed->count() >= 1);
+    QCOMPARE(live.failure(), QStringLiteral("cannot write '%1': No space left on device").arg(file));
     QCOMPARE(live.stream->account().mismatch(), QString());
 }
 
 void tst_CCameraStream::destroyedWhileItStreams()
 {
     SLiveStream live;
-    QCOMPARE(live.prepare(), QString());
-    QCOMPARE(live.stream->start(endless, 5s), QString());
-    QTRY_VERIFY(live.stream->report().frames.complete > 0);
+    QCOMPARE(live.start(endless), QString());
+    QTRY_VERIFY(live.frames() > 0);
     live.stream.reset();
     QCOMPARE(live.services.nodes.scenes().size(), 1);
 }
@@ -126,61 +128,43 @@ void tst_CCameraStream::destroyedWhileItStreams()
 void tst_CCameraStream::sceneThatIsRemovedEndsIt()
 {
     SLiveStream live;
-    CCameraStream& stream = *live.stream;
-    QCOMPARE(live.prepare(), QString());
-    QSignalSpy ended(&stream, &CCameraStream::ended);
-    QSignalSpy failed(&stream, &CCameraStream::failed);
-    QCOMPARE(stream.start(endless, 5s), QString());
-    QTRY_VERIFY(stream.report().frames.complete > 0);
-
-    CNodeBase* const node = stream.graph().scene().nodes().begin()->second.get();
-    live.services.nodes.removeSceneOfNode(node);
+    QCOMPARE(live.start(endless), QString());
+    QTRY_VERIFY(live.frames() > 0);
+    live.services.nodes.removeSceneOfNode(live.stream->graph().scene().nodes().begin()->second.get());
     // Whoever removed it finds nothing under way any more.
-    QCOMPARE(ended.count(), 1);
-    QCOMPARE(failed.count(), 1);
-    QCOMPARE(failed.at(0).at(0).toString(),
-             QStringLiteral("the graph of camera 'fake' was changed or removed by somebody else"));
-    QVERIFY(!stream.isStreaming());
-    QVERIFY(!stream.graph().isIntact());
-    const quint64 frames = stream.report().frames.complete;
+    QCOMPARE(live.ended->count(), 1);
+    QCOMPARE(live.failed->count(), 1);
+    QCOMPARE(live.failure(), changed);
+    QVERIFY(!live.stream->isStreaming());
+    QVERIFY(!live.stream->graph().isIntact());
+    const quint64 frames = live.frames();
     // What the thread had posted arrives and touches nothing.
     QCoreApplication::processEvents();
-    QCOMPARE(ended.count(), 1);
-    QCOMPARE(stream.report().frames.complete, frames);
+    QCOMPARE(live.ended->count(), 1);
+    QCOMPARE(live.frames(), frames);
 }
 
 void tst_CCameraStream::sceneThatIsRemovedBeforeItStarts()
 {
     SLiveStream live;
     QCOMPARE(live.prepare(), QString());
-    QSignalSpy ended(live.stream.get(), &CCameraStream::ended);
-    QSignalSpy failed(live.stream.get(), &CCameraStream::failed);
     delete live.services.nodes.getActiveScene().data();
-    QCOMPARE(failed.count(), 1);
-    QCOMPARE(ended.count(), 0);
-    QCOMPARE(live.stream->start(endless, 5s),
-             QStringLiteral("the graph of camera 'fake' was changed or removed by somebody else"));
+    QCOMPARE(live.failed->count(), 1);
+    QCOMPARE(live.ended->count(), 0);
+    QCOMPARE(live.stream->start(endless, 5s), changed);
     QVERIFY(!live.stream->isStarted());
 }
 
 void tst_CCameraStream::sceneThatIsRemovedWhileItDrains()
 {
     SLiveStream live;
-    QCOMPARE(live.prepare(), QString());
-    QSignalSpy ended(live.stream.get(), &CCameraStream::ended);
     // The decoupler keeps what it gets.
-    const auto isDecoupler = [](const auto& node) {
-        return qobject_cast<CNodeDecouplerDataModelBase*>(node.second->nodeDataModel()) != nullptr;
-    };
-    const auto& nodes = live.stream->graph().scene().nodes();
-    const auto decoupler = std::find_if(nodes.begin(), nodes.end(), isDecoupler);
-    QVERIFY(decoupler != nodes.end());
-    qobject_cast<CNodeDecouplerDataModelBase*>(decoupler->second->nodeDataModel())->setFramesPerSecond(0.001);
-    QCOMPARE(live.stream->start(3, 5s), QString());
-    QTRY_COMPARE(live.stream->report().frames.complete, quint64(3));
+    setDecouplerRate(live.stream->graph().scene(), 0.001);
+    QCOMPARE(live.start(3), QString());
+    QTRY_COMPARE(live.frames(), quint64(3));
     QTRY_VERIFY(!live.stream->graph().isDrained());
     delete live.services.nodes.getActiveScene().data();
-    QCOMPARE(ended.count(), 1);
+    QCOMPARE(live.ended->count(), 1);
 }
 
 QTEST_GUILESS_MAIN(tst_CCameraStream)

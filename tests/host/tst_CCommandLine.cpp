@@ -3,7 +3,7 @@
 
 #include "host/run/CCommandLine.h"
 
-#include <QTest>
+#include "TestTable.h"
 
 using namespace Host;
 
@@ -37,18 +37,17 @@ void tst_CCommandLine::defaults()
 {
     const CCommandLine line = parse({"run"});
     QCOMPARE(line.action(), CCommandLine::EAction::Run);
-    QCOMPARE(line.options().cameras.size(), std::size_t(1));
-    QCOMPARE(line.options().cameras[0].address, QStringLiteral("fake"));
-    QCOMPARE(line.options().cameras[0].pixelFormat, QString());
-    QCOMPARE(line.options().cameras[0].framesPerSecond, 200.0);
-    QCOMPARE(line.options().plugins, QString());
-    QCOMPARE(line.options().chain, QString());
-    QCOMPARE(line.options().load, QString());
-    QCOMPARE(line.options().save, QString());
-    QCOMPARE(line.options().frames, 300);
-    QCOMPARE(line.options().writeEvery, 30);
-    QCOMPARE(line.options().output, QStringLiteral("halvex-output"));
-    QCOMPARE(line.options().silence.count(), 5000);
+    const SRunOptions& options = line.options();
+    QCOMPARE(options.cameras.size(), std::size_t(1));
+    QCOMPARE(options.cameras[0].address, QStringLiteral("fake"));
+    QCOMPARE(options.cameras[0].framesPerSecond, 200.0);
+    for (const QString& text :
+         {options.cameras[0].pixelFormat, options.plugins, options.chain, options.load, options.save})
+        QCOMPARE(text, QString());
+    QCOMPARE(options.frames, 300);
+    QCOMPARE(options.writeEvery, 30);
+    QCOMPARE(options.output, QStringLiteral("halvex-output"));
+    QCOMPARE(options.silence.count(), 5000);
 }
 
 void tst_CCommandLine::everyOption()
@@ -57,16 +56,17 @@ void tst_CCommandLine::everyOption()
         parse({"run", "--camera", "10.0.0.2", "--frames", "7", "--fps", "12.5", "--output", "o", "--pixel-format",
                "RGB8", "--write-every", "2", "--load", "l.json", "--save", "s.json", "--plugins", "p"});
     QCOMPARE(line.action(), CCommandLine::EAction::Run);
-    QCOMPARE(line.options().cameras[0].address, QStringLiteral("10.0.0.2"));
-    QCOMPARE(line.options().cameras[0].pixelFormat, QStringLiteral("RGB8"));
-    QCOMPARE(line.options().cameras[0].framesPerSecond, 12.5);
-    QCOMPARE(line.options().plugins, QStringLiteral("p"));
-    QCOMPARE(line.options().frames, 7);
-    QCOMPARE(line.options().writeEvery, 2);
-    QCOMPARE(line.options().output, QStringLiteral("o"));
-    QCOMPARE(line.options().load, QStringLiteral("l.json"));
-    QCOMPARE(line.options().save, QStringLiteral("s.json"));
-    QCOMPARE(line.options().silence.count(), 5000);
+    const SRunOptions& options = line.options();
+    QCOMPARE(options.cameras[0].address, QStringLiteral("10.0.0.2"));
+    QCOMPARE(options.cameras[0].pixelFormat, QStringLiteral("RGB8"));
+    QCOMPARE(options.cameras[0].framesPerSecond, 12.5);
+    QCOMPARE(options.plugins, QStringLiteral("p"));
+    QCOMPARE(options.frames, 7);
+    QCOMPARE(options.writeEvery, 2);
+    QCOMPARE(options.output, QStringLiteral("o"));
+    QCOMPARE(options.load, QStringLiteral("l.json"));
+    QCOMPARE(options.save, QStringLiteral("s.json"));
+    QCOMPARE(options.silence.count(), 5000);
 }
 
 void tst_CCommandLine::realCameraKeepsItsRate()
@@ -81,16 +81,10 @@ void tst_CCommandLine::severalCamerasAndAChain()
                                      "fake-20", "--pixel-format", "RGB8"});
     QCOMPARE(line.action(), CCommandLine::EAction::Run);
     QCOMPARE(line.options().chain, QStringLiteral("chain.json"));
-    const auto& cameras = line.options().cameras;
-    QCOMPARE(cameras.size(), std::size_t(3));
-    QCOMPARE(cameras[0].address, QStringLiteral("fake-1"));
-    QCOMPARE(cameras[0].framesPerSecond, 200.0);
-    QCOMPARE(cameras[1].address, QStringLiteral("10.0.0.2"));
-    QCOMPARE(cameras[1].framesPerSecond, 0.0);
-    QCOMPARE(cameras[2].address, QStringLiteral("fake-20"));
-    QCOMPARE(cameras[2].framesPerSecond, 200.0);
-    for (const SCameraOptions& camera : cameras)
-        QCOMPARE(camera.pixelFormat, QStringLiteral("RGB8"));
+    QStringList told;
+    for (const SCameraOptions& camera : line.options().cameras)
+        told << QStringLiteral("%1 %2 %3").arg(camera.address, camera.pixelFormat).arg(camera.framesPerSecond);
+    QCOMPARE(told, QStringList({"fake-1 RGB8 200", "10.0.0.2 RGB8 0", "fake-20 RGB8 200"}));
 }
 
 void tst_CCommandLine::compare()
@@ -107,45 +101,35 @@ void tst_CCommandLine::slowCameraMayBeSilentForLonger()
 
 void tst_CCommandLine::refused_data()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("no command") << QStringList{} << "No command given.";
-    QTest::newRow("unknown command") << QStringList{"walk"} << "Unknown command 'walk'.";
-    QTest::newRow("second command") << QStringList{"run", "a.json", "fast"} << "Unexpected argument 'fast'.";
-    QTest::newRow("chain without a name") << QStringList{"run", ""} << "The chain's file has no name.";
-    QTest::newRow("chain and document") << QStringList{"run", "a.json", "--load", "b.json"}
-                                        << "A chain or --load, not both.";
-    QTest::newRow("camera twice") << QStringList{"run", "--camera", "a", "--camera", "b", "--camera", "a"}
-                                  << "--camera 'a' is given twice.";
-    QTest::newRow("camera where the chain goes")
-        << QStringList{"run", "--camera", "chain.json"} << "--camera 'chain.json' is no address.";
-    QTest::newRow("camera without a unique name")
-        << QStringList{"run", "--camera", "Halvex.NoUniqueName"} << "--camera 'Halvex.NoUniqueName' is no address.";
-    QTest::newRow("camera elsewhere") << QStringList{"run", "--camera", "../a"} << "--camera '../a' is no address.";
-    for (const char* option : {"--load", "--save"})
-        QTest::newRow(qPrintable(QStringLiteral("%1 for two").arg(option)))
-            << QStringList{"run", "--camera", "a", "--camera", "b", option, "c.json"}
-            << "--load and --save take one camera.";
-    QTest::newRow("unknown option") << QStringList{"run", "--speed", "3"} << "Unknown option 'speed'.";
-    QTest::newRow("value missing") << QStringList{"run", "--frames"} << "Missing value after '--frames'.";
-    for (const char* value : {"0", "-1", "many", "1000001", "3.5", ""})
-        QTest::newRow(qPrintable(QStringLiteral("frames '%1'").arg(value)))
-            << QStringList{"run", "--frames", value}
-            << QStringLiteral("--frames takes a whole number from 1 to 1000000, not '%1'.").arg(value);
-    QTest::newRow("write never") << QStringList{"run", "--write-every", "0"}
-                                 << "--write-every takes a whole number from 1 to 1000000, not '0'.";
+    addColumns<QStringList, QString>({"arguments", "reason"});
+    addRow("no command", QStringList(), "No command given.");
+    const auto row = [](const QString& line, const QString& reason) {
+        // Two quotes stand for an empty argument.
+        addRow(qPrintable(line), line.split(' ').replaceInStrings("''", ""), reason);
+    };
+    row("walk", "Unknown command 'walk'.");
+    row("run a.json fast", "Unexpected argument 'fast'.");
+    row("run ''", "The chain's file has no name.");
+    row("run a.json --load b.json", "A chain or --load, not both.");
+    row("run --camera a --camera b --camera a", "--camera 'a' is given twice.");
+    for (const char* camera : {"chain.json", "Halvex.NoUniqueName", "../a"})
+        row(QString("run --camera ") + camera, QStringLiteral("--camera '%1' is no address.").arg(camera));
+    row("run --camera a --camera b --load c.json", "--load and --save take one camera.");
+    row("run --camera a --camera b --save c.json", "--load and --save take one camera.");
+    row("run --speed 3", "Unknown option 'speed'.");
+    row("run --frames", "Missing value after '--frames'.");
+    row("run --frames ''", "--frames takes a whole number from 1 to 1000000, not ''.");
+    row("run --write-every 0", "--write-every takes a whole number from 1 to 1000000, not '0'.");
+    for (const char* value : {"0", "-1", "many", "1000001", "3.5"})
+        row(QString("run --frames ") + value,
+            QStringLiteral("--frames takes a whole number from 1 to 1000000, not '%1'.").arg(value));
     for (const char* value : {"0", "-1", "nan", "inf", "fast", "10001"})
-        QTest::newRow(qPrintable(QStringLiteral("fps '%1'").arg(value)))
-            << QStringList{"run", "--fps", value}
-            << QStringLiteral("--fps takes a number above 0, at most 10000, not '%1'.").arg(value);
-    QTest::newRow("compare one") << QStringList{"compare", "a"} << "'compare' takes two files and no option.";
-    QTest::newRow("compare three") << QStringList{"compare", "a", "b", "c"}
-                                   << "'compare' takes two files and no option.";
-    QTest::newRow("compare with option") << QStringList{"compare", "a", "b", "--frames", "3"}
-                                         << "'compare' takes two files and no option.";
-    for (const char* option : {"camera", "output", "pixel-format", "load", "save", "plugins"})
-        QTest::newRow(qPrintable(QStringLiteral("no %1").arg(option)))
-            << QStringList{"run", QStringLiteral("--%1=").arg(option)} << QStringLiteral("--%1 is empty.").arg(option);
+        row(QString("run --fps ") + value,
+            QStringLiteral("--fps takes a number above 0, at most 10000, not '%1'.").arg(value));
+    for (const char* line : {"compare a", "compare a b c", "compare a b --frames 3"})
+        row(line, "'compare' takes two files and no option.");
+    for (const char* option : {"--camera", "--output", "--pixel-format", "--load", "--save", "--plugins"})
+        row(QStringLiteral("run %1=").arg(option), QStringLiteral("%1 is empty.").arg(option));
 }
 
 void tst_CCommandLine::refused()

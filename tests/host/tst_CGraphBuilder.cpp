@@ -4,11 +4,11 @@
 #include "host/run/CGraphBuilder.h"
 
 #include "SHostService.h"
+#include "TestFile.h"
 #include "ThrowingModels.h"
 #include "host/models/IFrameSink.h"
 #include "host/run/CStreamGraph.h"
 #include "host/run/Chain.h"
-#include "host/run/Output.h"
 
 #include <QJsonDocument>
 #include <QRegularExpression>
@@ -21,12 +21,44 @@ using namespace Plugin::Halvex;
 
 namespace {
 
-QString textOf(const CStreamGraph& graph)
+SRunReport report(const CStreamGraph& graph)
 {
     SRunReport report;
     graph.account(&report);
-    return report.graph;
+    return report;
 }
+
+// The builder, what it builds in and what it says.
+struct SBuilder
+{
+    std::vector<std::unique_ptr<CStreamGraph>> import(const QStringList& cameras)
+    {
+        return import(defaultChain(cameras), cameras);
+    }
+
+    std::vector<std::unique_ptr<CStreamGraph>> import(const SChain& chain, const QStringList& cameras)
+    {
+        error.clear();
+        return CGraphBuilder(host.nodes, host.models).import(chain, cameras, &error);
+    }
+
+    // What is wrong with the import of \a chain for the camera "left".
+    QString errorOf(const SChain& chain = defaultChain({"left"}))
+    {
+        return import(chain, {"left"}).empty() ? error : QStringLiteral("none");
+    }
+
+    std::unique_ptr<CStreamGraph> load(const QString& file, const QString& camera = QStringLiteral("left"))
+    {
+        error.clear();
+        return CGraphBuilder(host.nodes, host.models).load(file, camera, &error);
+    }
+
+    SHostService host;
+    QString error;
+};
+
+const QString notAll = QStringLiteral("cannot load 'default chain': not all of it came into the scene of 'left'");
 
 } // namespace
 
@@ -45,24 +77,24 @@ private Q_SLOTS:
     void cameraWithoutASceneIsRefused();
     void documentMakesTheSameGraph();
     void wrongDocumentIsNamed();
+
+private:
+    QTemporaryDir m_folder;
+    QString m_file = m_folder.filePath("a.json");
 };
 
 void tst_CGraphBuilder::everyCameraGetsASceneOfItsOwn()
 {
-    SHostService host;
-    QString error;
+    SBuilder builder;
     const QStringList cameras{"left", "right"};
-    const auto graphs = CGraphBuilder(host.nodes, host.models).import(defaultChain(cameras), cameras, &error);
-    QCOMPARE(error, QString());
+    const auto graphs = builder.import(cameras);
+    QCOMPARE(builder.error, QString());
     QCOMPARE(graphs.size(), std::size_t(2));
-    QCOMPARE(host.nodes.scenes().size(), 2);
+    QCOMPARE(builder.host.nodes.scenes().size(), 2);
     for (int i = 0; i < 2; ++i) {
         const CStreamGraph& graph = *graphs[std::size_t(i)];
-        QCOMPARE(&graph.scene(), host.nodes.scenes().at(i));
-        QCOMPARE(graph.scene().nodes().size(), std::size_t(12));
-        QCOMPARE(graph.scene().connections().size(), std::size_t(11));
-        QVERIFY(textOf(graph).startsWith(QStringLiteral("  [0] Camera: %1\n").arg(cameras.at(i))));
-        QCOMPARE(graph.sinks().size(), std::size_t(4));
+        QCOMPARE(&graph.scene(), builder.host.nodes.scenes().at(i));
+        QVERIFY(report(graph).graph.startsWith(QStringLiteral("  [0] Camera: %1\n").arg(cameras.at(i))));
         const QSignalSpy fed(sourceIn(graph.scene()), &CNodeDataModel::dataUpdated);
         QVERIFY(graph.entry().setData(CNodeDataPtr()));
         QTRY_COMPARE(fed.count(), 1);
@@ -71,133 +103,106 @@ void tst_CGraphBuilder::everyCameraGetsASceneOfItsOwn()
 
 void tst_CGraphBuilder::wrongChainIsNamed()
 {
-    SHostService host;
-    QString error;
-    SChain chain = defaultChain({"left"});
+    SBuilder builder;
+    SChain chain = defaultChain({"right"});
     chain.name = QStringLiteral("a.json");
-    QVERIFY(CGraphBuilder(host.nodes, host.models).import(chain, {"right"}, &error).empty());
-    QCOMPARE(error, QStringLiteral("cannot load 'a.json': nothing is wired to the camera 'right'"));
-    QVERIFY(host.nodes.scenes().isEmpty());
+    QCOMPARE(builder.errorOf(chain), QStringLiteral("cannot load 'a.json': nothing is wired to the camera 'left'"));
+    QVERIFY(builder.host.nodes.scenes().isEmpty());
 }
 
 void tst_CGraphBuilder::importThatMakesLessIsNoticed()
 {
     // What the service is given makes less than what was checked.
-    SHostService host;
-    QString error;
     SChain chain = defaultChain({"left"});
     chain.text = "[]";
-    QVERIFY(CGraphBuilder(host.nodes, host.models).import(chain, {"left"}, &error).empty());
-    QCOMPARE(error, QStringLiteral("cannot load 'default chain': not all of it came into the scene of 'left'"));
+    QCOMPARE(SBuilder().errorOf(chain), notAll);
 }
 
 void tst_CGraphBuilder::modelThatIsGoneByThenIsNoticed()
 {
-    SHostService host;
-    registerThrowingModels(*host.nodes.registry(), 1); // for the check alone
-    QString error;
+    SBuilder builder;
+    registerThrowingModels(*builder.host.nodes.registry(), 1); // for the check alone
     SChain chain = defaultChain({"left"});
     chain.elements.append(QJsonObject{{"name", "scarce"}, {"model", QJsonObject{{"name", "Scarce"}}}});
     chain.text = QJsonDocument(chain.elements).toJson();
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no more of them"));
-    QVERIFY(CGraphBuilder(host.nodes, host.models).import(chain, {"left"}, &error).empty());
-    QCOMPARE(error, QStringLiteral("cannot load 'default chain': not all of it came into the scene of 'left'"));
+    QCOMPARE(builder.errorOf(chain), notAll);
 }
 
 void tst_CGraphBuilder::connectionThatIsTakenAwayIsNoticed()
 {
-    SHostService host;
-    connect(&host.nodes, &INodeService::sceneAdded, this, [](CNodeScene* scene) {
+    SBuilder builder;
+    connect(&builder.host.nodes, &INodeService::sceneAdded, this, [](CNodeScene* scene) {
         connect(scene, &CNodeScene::connectionCreated, scene,
                 [scene](CNodeConnection& connection) { scene->deleteConnection(connection); });
     });
-    QString error;
-    QVERIFY(CGraphBuilder(host.nodes, host.models).import(defaultChain({"left"}), {"left"}, &error).empty());
-    QCOMPARE(error, QStringLiteral("cannot load 'default chain': not all of it came into the scene of 'left'"));
+    QCOMPARE(builder.errorOf(), notAll);
 }
 
 void tst_CGraphBuilder::sceneThatIsTakenAwayIsNoticed()
 {
-    SHostService host;
-    auto* const nodes = &host.nodes;
+    SBuilder builder;
+    auto* const nodes = &builder.host.nodes;
     connect(nodes, &INodeService::sceneAdded, this, [nodes](CNodeScene* scene) {
         connect(scene, &CNodeScene::connectionCreated, scene, [nodes] {
             if (CNodeScene* active = nodes->getActiveScene())
                 nodes->removeSceneOfNode(active->nodes().begin()->second.get());
         });
     });
-    QString error;
-    QVERIFY(CGraphBuilder(host.nodes, host.models).import(defaultChain({"left"}), {"left"}, &error).empty());
-    QCOMPARE(error, QStringLiteral("cannot load 'default chain': not all of it came into the scene of 'left'"));
+    QCOMPARE(builder.errorOf(), notAll);
 }
 
 void tst_CGraphBuilder::graphThatIsChangedMeanwhileIsNoticed()
 {
-    SHostService host;
-    connect(&host.nodes, &INodeService::sceneAdded, this, [&host] {
-        if (host.nodes.scenes().size() == 2)
-            host.nodes.scenes().constFirst()->clearScene();
+    SBuilder builder;
+    auto* const nodes = &builder.host.nodes;
+    connect(nodes, &INodeService::sceneAdded, this, [nodes] {
+        if (nodes->scenes().size() == 2)
+            nodes->scenes().constFirst()->clearScene();
     });
-    QString error;
-    const QStringList cameras{"left", "right"};
-    QVERIFY(CGraphBuilder(host.nodes, host.models).import(defaultChain(cameras), cameras, &error).empty());
-    QCOMPARE(error, QStringLiteral("the graph of camera 'left' was changed or removed by somebody else"));
+    QVERIFY(builder.import({"left", "right"}).empty());
+    QCOMPARE(builder.error, QStringLiteral("the graph of camera 'left' was changed or removed by somebody else"));
 }
 
 void tst_CGraphBuilder::cameraWithoutASceneIsRefused()
 {
-    const QTemporaryDir folder;
-    const QString file = folder.filePath("a.json");
-    QCOMPARE(replaceFile(file, "{\"nodes\": [], \"connections\": []}"), QString());
+    QVERIFY(write(m_file, "{\"nodes\": [], \"connections\": []}"));
     // What is no unique name makes no unique source.
     const QString camera = QStringLiteral("Halvex.NoUniqueName");
     const QString refusal = QStringLiteral("the service gives the camera 'Halvex.NoUniqueName' no scene");
-    SHostService host;
-    CGraphBuilder builder(host.nodes, host.models);
-    QString error;
-    QVERIFY(builder.import(defaultChain({camera}), {camera}, &error).empty());
-    QCOMPARE(error, refusal);
-    error.clear();
-    QVERIFY(!builder.load(file, camera, &error));
-    QCOMPARE(error, refusal);
+    SBuilder builder;
+    QVERIFY(builder.import({camera}).empty());
+    QCOMPARE(builder.error, refusal);
+    QVERIFY(!builder.load(m_file, camera));
+    QCOMPARE(builder.error, refusal);
 }
 
 void tst_CGraphBuilder::documentMakesTheSameGraph()
 {
-    const QTemporaryDir folder;
-    const QString file = folder.filePath("a.json");
-    SHostService host;
-    CGraphBuilder builder(host.nodes, host.models);
-    QString error;
+    SBuilder builder;
     SChain chain = defaultChain({"left"});
     chain.text.replace("\"frames_per_second\": 25", "\"frames_per_second\": 12.5");
-    const auto graphs = builder.import(chain, {"left"}, &error);
-    QCOMPARE(error, QString());
-    QCOMPARE(replaceFile(file, graphs[0]->scene().saveToMemory()), QString());
+    const auto graphs = builder.import(chain, {"left"});
+    QCOMPARE(builder.error, QString());
+    QVERIFY(write(m_file, graphs[0]->scene().saveToMemory()));
 
-    SHostService other;
-    const auto loaded = CGraphBuilder(other.nodes, other.models).load(file, "left", &error);
-    QVERIFY2(loaded, qPrintable(error));
-    QCOMPARE(textOf(*loaded), textOf(*graphs[0]));
-    SRunReport report;
-    loaded->account(&report);
-    QCOMPARE(report.decouplers[0].framesPerSecond, 12.5);
-    QCOMPARE(report.mismatch(), QString());
+    SBuilder other;
+    const auto loaded = other.load(m_file);
+    QVERIFY2(loaded, qPrintable(other.error));
+    QCOMPARE(report(*loaded).graph, report(*graphs[0]).graph);
+    QCOMPARE(report(*loaded).decouplers[0].framesPerSecond, 12.5);
+    QCOMPARE(report(*loaded).mismatch(), QString());
 }
 
 void tst_CGraphBuilder::wrongDocumentIsNamed()
 {
-    const QTemporaryDir folder;
-    const QString file = folder.filePath("a.json");
-    SHostService host;
-    CGraphBuilder builder(host.nodes, host.models);
-    QString error;
-    QVERIFY(!builder.load(file, "left", &error));
-    QCOMPARE(error, QStringLiteral("cannot read '%1': No such file or directory").arg(file));
-    QCOMPARE(replaceFile(file, "{\"nodes\": [], \"connections\": []}"), QString());
-    error.clear();
-    QVERIFY(!builder.load(file, "left", &error));
-    QCOMPARE(error, QStringLiteral("cannot load '%1': nodes: no 'Camera Source' among them").arg(file));
+    SBuilder builder;
+    const QString missing = m_folder.filePath("missing.json");
+    QVERIFY(!builder.load(missing));
+    QCOMPARE(builder.error, QStringLiteral("cannot read '%1': No such file or directory").arg(missing));
+    QVERIFY(write(m_file, "{\"nodes\": [], \"connections\": []}"));
+    QVERIFY(!builder.load(m_file));
+    QCOMPARE(builder.error, QStringLiteral("cannot load '%1': nodes: no 'Camera Source' among them").arg(m_file));
 }
 
 QTEST_GUILESS_MAIN(tst_CGraphBuilder)

@@ -4,22 +4,31 @@
 #include "host/plugins/CPluginHost.h"
 
 #include "CPluginTestFolder.h"
+#include "TestTable.h"
 #include "host/models/IHostModels.h"
 
 #include <Halvex/service/INodeService.h>
 
 #include <QCoreApplication>
-#include <QDir>
-#include <QFile>
-#include <QTest>
 
 using namespace Host;
+using Plugin::Halvex::INodeService;
 
 namespace {
+
+const char* const nodeService = INodeService::staticMetaObject.className();
 
 QStringList calls()
 {
     return qApp->property("calls").toStringList();
+}
+
+// What was called since then.
+QStringList takeCalls()
+{
+    const QStringList taken = calls();
+    qApp->setProperty("calls", QStringList());
+    return taken;
 }
 
 QStringList reasons(const CPluginHost& host)
@@ -33,9 +42,23 @@ QStringList reasons(const CPluginHost& host)
 // Whether code of that file is in the process.
 bool isMapped(const QString& file)
 {
-    QFile maps(QStringLiteral("/proc/self/maps"));
-    return maps.open(QIODevice::ReadOnly) && maps.readAll().contains(file.toLocal8Bit());
+    return content(QStringLiteral("/proc/self/maps")).contains(file.toLocal8Bit());
 }
+
+bool isPluginMapped(const char* name)
+{
+    return isMapped(CPluginTestFolder::testPlugin(QString::fromLatin1(name)));
+}
+
+// A folder with test plugins.
+struct SPlugins : CPluginTestFolder
+{
+    explicit SPlugins(const QStringList& names)
+    {
+        if (!addTestPlugins(names))
+            qFatal("The test plugins are not there.");
+    }
+};
 
 } // namespace
 
@@ -49,15 +72,12 @@ private Q_SLOTS:
     void noCodeOfARefusedPluginRuns();
     void failure_data();
     void failure();
-    void failedOneLeavesNoServiceBehind_data();
     void failedOneLeavesNoServiceBehind();
     void failureToUndoIsTold();
     void serviceThatAPluginKeepsGoesBeforeItsCode();
     void whatIsPostedComesBeforeTheCodeGoes();
-    void failureOfARequiredOne_data();
     void failureOfARequiredOne();
     void failureAtTheEndIsNoEnd();
-    void notLoadable_data();
     void notLoadable();
     void ownPluginsPublishTheirServices();
     void copyOfTheLibraryIsRefused();
@@ -72,26 +92,23 @@ void tst_CPluginHost::init()
 
 void tst_CPluginHost::lifeCycle()
 {
-    CPluginTestFolder folder;
-    QVERIFY(folder.addTestPlugins({"above", "base"}));
+    const SPlugins folder({"above", "base"});
     {
         const CPluginHost host(folder.path());
         QCOMPARE(reasons(host), QStringList());
-        QCOMPARE(calls(), QStringList({"base.made", "above.made", "base.initialize", "above.initialize",
-                                       "base.extensionsInitialized", "above.extensionsInitialized"}));
-        QVERIFY(isMapped(CPluginTestFolder::testPlugin("above")));
-        qApp->setProperty("calls", QStringList());
+        QCOMPARE(takeCalls(), QStringList({"base.made", "above.made", "base.initialize", "above.initialize",
+                                           "base.extensionsInitialized", "above.extensionsInitialized"}));
+        QVERIFY(isPluginMapped("above"));
     }
     QCOMPARE(calls(), QStringList({"above.aboutToUninitialize", "base.aboutToUninitialize", "above.uninitialize",
                                    "base.uninitialize", "above.gone", "base.gone"}));
-    QVERIFY(!isMapped(CPluginTestFolder::testPlugin("above")));
-    QVERIFY(!isMapped(CPluginTestFolder::testPlugin("base")));
+    QVERIFY(!isPluginMapped("above"));
+    QVERIFY(!isPluginMapped("base"));
 }
 
 void tst_CPluginHost::noCodeOfARefusedPluginRuns()
 {
-    CPluginTestFolder folder;
-    QVERIFY(folder.addTestPlugins({"for_newer_host", "lacking", "circle_one", "circle_two", "foreign"}));
+    const SPlugins folder({"for_newer_host", "lacking", "circle_one", "circle_two", "foreign"});
     const CPluginHost host(folder.path());
     QCOMPARE(host.refusals().size(), std::size_t(5));
     QCOMPARE(calls(), QStringList());
@@ -102,22 +119,10 @@ void tst_CPluginHost::noCodeOfARefusedPluginRuns()
 
 void tst_CPluginHost::failure_data()
 {
-    QTest::addColumn<QString>("property");
-    QTest::addColumn<QString>("call");
-    QTest::addColumn<QString>("reason");
-    QTest::addColumn<QString>("uncalled");
-    QTest::newRow("initialize() fails") << "failing"
-                                        << "base.initialize"
-                                        << "initialize() fails"
-                                        << "above.initialize";
-    QTest::newRow("initialize() throws") << "throwing"
-                                         << "base.initialize"
-                                         << "initialize() throws: thrown by base.initialize"
-                                         << "above.initialize";
-    QTest::newRow("constructor throws") << "throwing"
-                                        << "base.made"
-                                        << "loading throws: thrown by base.made"
-                                        << "above.made";
+    addColumns<QString, QString, QString>({"property", "call", "reason"});
+    addRow("initialize() fails", "failing", "initialize", "initialize() fails");
+    addRow("initialize() throws", "throwing", "initialize", "initialize() throws: thrown by base.initialize");
+    addRow("constructor throws", "throwing", "made", "loading throws: thrown by base.made");
 }
 
 void tst_CPluginHost::failure()
@@ -125,18 +130,16 @@ void tst_CPluginHost::failure()
     QFETCH(QString, property);
     QFETCH(QString, call);
     QFETCH(QString, reason);
-    QFETCH(QString, uncalled);
-    CPluginTestFolder folder;
-    QVERIFY(folder.addTestPlugins({"above", "base"}));
-    qApp->setProperty(property.toLatin1().constData(), QStringList{call});
+    const SPlugins folder({"above", "base"});
+    qApp->setProperty(property.toLatin1(), QStringList{"base." + call});
     {
         const CPluginHost host(folder.path());
         // What needs it goes too.
         QCOMPARE(reasons(host).size(), 2);
         QVERIFY2(reasons(host).at(0).startsWith(reason), qPrintable(reasons(host).at(0)));
         QCOMPARE(reasons(host).at(1), QStringLiteral("it needs 'base', which is left out"));
-        QVERIFY(calls().contains(call));
-        QVERIFY(!calls().contains(uncalled));
+        QVERIFY(calls().contains("base." + call));
+        QVERIFY(!calls().contains("above." + call));
         QVERIFY(!calls().contains("base.extensionsInitialized"));
     }
     QVERIFY(!calls().contains("above.uninitialize"));
@@ -147,34 +150,27 @@ void tst_CPluginHost::failure()
         QVERIFY(calls().indexOf("above.gone") < calls().indexOf("base.gone"));
 }
 
-void tst_CPluginHost::failedOneLeavesNoServiceBehind_data()
-{
-    QTest::addColumn<QString>("property");
-    QTest::newRow("fails") << "failing";
-    QTest::newRow("throws") << "throwing";
-}
-
 void tst_CPluginHost::failedOneLeavesNoServiceBehind()
 {
-    QFETCH(QString, property);
-    CPluginTestFolder folder;
-    QVERIFY(folder.addTestPlugins({"base", "for_host"}));
-    qApp->setProperty("publishing", QStringList({"base.initialize", "for_host.initialize"}));
-    qApp->setProperty(property.toLatin1().constData(), QStringList{"for_host.initialize"});
-    const CPluginHost host(folder.path());
-    QCOMPARE(reasons(host).size(), 1);
-    QVERIFY(!isMapped(CPluginTestFolder::testPlugin("for_host")));
-    QVERIFY(calls().contains("for_host.service gone"));
-    QVERIFY(calls().indexOf("for_host.service gone") < calls().indexOf("for_host.gone"));
-    // What the others have published stays.
-    QVERIFY(!calls().contains("base.service gone"));
-    QVERIFY(host.services().findService("QObject"));
+    for (const char* property : {"failing", "throwing"}) {
+        init();
+        const SPlugins folder({"base", "for_host"});
+        qApp->setProperty("publishing", QStringList({"base.initialize", "for_host.initialize"}));
+        qApp->setProperty(property, QStringList{"for_host.initialize"});
+        const CPluginHost host(folder.path());
+        QCOMPARE(reasons(host).size(), 1);
+        QVERIFY(!isPluginMapped("for_host"));
+        QVERIFY(calls().contains("for_host.service gone"));
+        QVERIFY(calls().indexOf("for_host.service gone") < calls().indexOf("for_host.gone"));
+        // What the others have published stays.
+        QVERIFY(!calls().contains("base.service gone"));
+        QVERIFY(host.services().findService("QObject"));
+    }
 }
 
 void tst_CPluginHost::failureToUndoIsTold()
 {
-    CPluginTestFolder folder;
-    QVERIFY(folder.addTestPlugins({"base"}));
+    const SPlugins folder({"base"});
     qApp->setProperty("failing", QStringList{"base.initialize"});
     qApp->setProperty("throwing", QStringList{"base.uninitialize"});
     const CPluginHost host(folder.path());
@@ -183,16 +179,15 @@ void tst_CPluginHost::failureToUndoIsTold()
 
 void tst_CPluginHost::serviceThatAPluginKeepsGoesBeforeItsCode()
 {
-    CPluginTestFolder folder;
+    SPlugins folder({"base"});
     QVERIFY(folder.addHostPlugins());
-    QVERIFY(folder.addTestPlugins({"base"}));
     // It is loaded first, needing nobody, and so its code goes last.
     qApp->setProperty("keeping", QStringList{"base.extensionsInitialized"});
     QWeakPointer<Core::Service::IService> service;
     {
         const CPluginHost host(folder.path());
         QCOMPARE(reasons(host), QStringList());
-        service = host.services().findService(Plugin::Halvex::INodeService::staticMetaObject.className());
+        service = host.services().findService(nodeService);
         QVERIFY(service);
     }
     QVERIFY(!service);
@@ -201,45 +196,35 @@ void tst_CPluginHost::serviceThatAPluginKeepsGoesBeforeItsCode()
 
 void tst_CPluginHost::whatIsPostedComesBeforeTheCodeGoes()
 {
-    CPluginTestFolder folder;
-    QVERIFY(folder.addTestPlugins({"base"}));
+    const SPlugins folder({"base"});
     qApp->setProperty("posting", QStringList{"base.uninitialize"});
     {
         const CPluginHost host(folder.path());
         QCOMPARE(reasons(host), QStringList());
-        qApp->setProperty("calls", QStringList());
+        takeCalls();
     }
     QCOMPARE(calls(), QStringList({"base.aboutToUninitialize", "base.uninitialize", "base.posted", "base.service gone",
                                    "base.gone"}));
-    QVERIFY(!isMapped(CPluginTestFolder::testPlugin("base")));
-}
-
-void tst_CPluginHost::failureOfARequiredOne_data()
-{
-    QTest::addColumn<QString>("call");
-    QTest::newRow("constructor") << "made";
-    QTest::newRow("initialize()") << "initialize";
-    QTest::newRow("extensionsInitialized()") << "extensionsInitialized";
+    QVERIFY(!isPluginMapped("base"));
 }
 
 void tst_CPluginHost::failureOfARequiredOne()
 {
-    QFETCH(QString, call);
-    CPluginTestFolder folder;
-    QVERIFY(folder.addTestPlugins({"required", "base"}));
-    qApp->setProperty("throwing", QStringList({"required." + call, "base." + call}));
-    const CPluginHost host(folder.path());
-    QCOMPARE(host.refusals().size(), std::size_t(2));
-    QCOMPARE(host.refusals()[0].file, CPluginTestFolder::testPlugin("base"));
-    QVERIFY(!host.refusals()[0].isRequired);
-    QCOMPARE(host.refusals()[1].file, CPluginTestFolder::testPlugin("required"));
-    QVERIFY(host.refusals()[1].isRequired);
+    for (const QString& call : {QString(".made"), QString(".initialize"), QString(".extensionsInitialized")}) {
+        const SPlugins folder({"required", "base"});
+        qApp->setProperty("throwing", QStringList({"required" + call, "base" + call}));
+        const CPluginHost host(folder.path());
+        QCOMPARE(host.refusals().size(), std::size_t(2));
+        QCOMPARE(host.refusals()[0].file, CPluginTestFolder::testPlugin("base"));
+        QVERIFY(!host.refusals()[0].isRequired);
+        QCOMPARE(host.refusals()[1].file, CPluginTestFolder::testPlugin("required"));
+        QVERIFY(host.refusals()[1].isRequired);
+    }
 }
 
 void tst_CPluginHost::failureAtTheEndIsNoEnd()
 {
-    CPluginTestFolder folder;
-    QVERIFY(folder.addTestPlugins({"above", "base"}));
+    const SPlugins folder({"above", "base"});
     qApp->setProperty("failing", QStringList{"base.extensionsInitialized"});
     qApp->setProperty("throwing", QStringList{"above.aboutToUninitialize", "above.uninitialize"});
     {
@@ -253,26 +238,15 @@ void tst_CPluginHost::failureAtTheEndIsNoEnd()
              QStringList({"above.uninitialize", "base.uninitialize", "above.gone", "base.gone"}));
 }
 
-void tst_CPluginHost::notLoadable_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("function that nobody has") << "unresolved"
-                                              << "functionThatNobodyHas";
-    QTest::newRow("instance of another class") << "no_instance"
-                                               << "its instance is no plugin for this host";
-}
-
 void tst_CPluginHost::notLoadable()
 {
-    QFETCH(QString, name);
-    QFETCH(QString, reason);
-    CPluginTestFolder folder;
-    QVERIFY(folder.addTestPlugins({name, "base"}));
+    const SPlugins folder({"unresolved", "no_instance", "base"});
     const CPluginHost host(folder.path());
-    QCOMPARE(reasons(host).size(), 1);
-    QVERIFY2(reasons(host).constFirst().contains(reason), qPrintable(reasons(host).constFirst()));
-    QCOMPARE(host.refusals()[0].file, CPluginTestFolder::testPlugin(name));
+    QCOMPARE(reasons(host).size(), 2);
+    QCOMPARE(host.refusals()[0].file, CPluginTestFolder::testPlugin("no_instance"));
+    QCOMPARE(reasons(host).at(0), QStringLiteral("its instance is no plugin for this host"));
+    QCOMPARE(host.refusals()[1].file, CPluginTestFolder::testPlugin("unresolved"));
+    QVERIFY2(reasons(host).at(1).contains("functionThatNobodyHas"), qPrintable(reasons(host).at(1)));
     QVERIFY(calls().contains("base.extensionsInitialized"));
 }
 
@@ -280,13 +254,12 @@ void tst_CPluginHost::ownPluginsPublishTheirServices()
 {
     const CPluginHost host(QStringLiteral(HOST_PLUGINS));
     QCOMPARE(reasons(host), QStringList());
-    const auto found = host.services().findService(Plugin::Halvex::INodeService::staticMetaObject.className());
-    auto* const nodes = qobject_cast<Plugin::Halvex::INodeService*>(found.data());
+    const auto found = host.services().findService(nodeService);
+    auto* const nodes = qobject_cast<INodeService*>(found.data());
     QVERIFY(nodes);
-    const std::unordered_map<QString, QString> models{
-        {"Blur", "Filters"},          {"Edges", "Filters"},  {"Histogram", "Filters"},  {"Threshold", "Filters"},
-        {"Camera Source", "Sources"}, {"PNG Sink", "Sinks"}, {"DecouplerVGR", "Tools"}, {"To Image", "Filters"}};
-    QCOMPARE(nodes->registry()->registeredModelsCategoryAssociation(), models);
+    // Of the library's plugin and of the host's.
+    for (const char* model : {"DecouplerVGR", "Camera Source"})
+        QVERIFY2(nodes->createModel(model), model);
 
     const auto service = host.services().findService(qobject_interface_iid<IHostModels*>());
     auto* const own = qobject_cast<IHostModels*>(service.data());
@@ -301,7 +274,7 @@ void tst_CPluginHost::ownPluginsPublishTheirServices()
 void tst_CPluginHost::copyOfTheLibraryIsRefused()
 {
     CPluginTestFolder folder;
-    QVERIFY(folder.addFile("libHalvex.so.1.3.1", CPluginTestFolder::content(CPluginTestFolder::library())));
+    QVERIFY(folder.addFile("libHalvex.so.1.3.1", content(CPluginTestFolder::library())));
     const CPluginHost host(folder.path());
     QCOMPARE(reasons(host),
              QStringList{QStringLiteral("a copy of '%1', which is in use").arg(CPluginTestFolder::library())});
@@ -313,7 +286,7 @@ void tst_CPluginHost::againAndAgain()
     for (int i = 0; i < 20; ++i) {
         const CPluginHost host(QStringLiteral(HOST_PLUGINS));
         QVERIFY(host.refusals().empty());
-        QVERIFY(host.services().findService(Plugin::Halvex::INodeService::staticMetaObject.className()));
+        QVERIFY(host.services().findService(nodeService));
     }
     QVERIFY(!isMapped(QStringLiteral("libHalvexHostModels")));
 }

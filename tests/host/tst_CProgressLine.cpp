@@ -15,16 +15,6 @@
 using namespace Host;
 using namespace std::chrono_literals;
 
-class tst_CProgressLine : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void firstLineIsShownAtOnce();
-    void nextLineWaits();
-    void terminalLineIsDrawnAnew();
-};
-
 namespace {
 
 // What was written to a plain file.
@@ -46,6 +36,16 @@ QByteArray written(std::chrono::milliseconds quietTime, Draw draw)
 }
 
 } // namespace
+
+class tst_CProgressLine : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void firstLineIsShownAtOnce();
+    void nextLineWaits();
+    void terminalLineIsDrawnAnew();
+};
 
 void tst_CProgressLine::firstLineIsShownAtOnce()
 {

@@ -6,11 +6,22 @@
 #include <Halvex/service/CNodeService.h>
 
 #include <QCoreApplication>
-#include <QPointer>
 #include <QTest>
 
 using namespace Host;
 using Core::Service::IService;
+
+namespace {
+
+// Publishes a service that the manager alone keeps.
+QWeakPointer<IService> publish(CServiceManager& manager)
+{
+    const auto service = QSharedPointer<IService>::create(nullptr);
+    manager.registerService(service);
+    return service;
+}
+
+} // namespace
 
 class tst_CServiceManager : public QObject
 {
@@ -28,9 +39,8 @@ void tst_CServiceManager::findsByClass()
 {
     CServiceManager manager;
     QVERIFY(!manager.findService("Plugin::Halvex::INodeService"));
-    const auto other = QSharedPointer<IService>::create(nullptr);
+    const auto other = publish(manager);
     const auto service = QSharedPointer<Plugin::Halvex::CNodeService>::create(nullptr);
-    manager.registerService(other);
     manager.registerService(service);
     QCOMPARE(manager.findService("Plugin::Halvex::INodeService").data(), service.data());
     QCOMPARE(manager.findService("Plugin::Halvex::CNodeService").data(), service.data());
@@ -41,30 +51,21 @@ void tst_CServiceManager::findsByClass()
 void tst_CServiceManager::firstPublishedIsFound()
 {
     CServiceManager manager;
-    const auto first = QSharedPointer<IService>::create(nullptr);
-    const auto second = QSharedPointer<IService>::create(nullptr);
-    manager.registerService(first);
-    manager.registerService(second);
+    const auto first = publish(manager);
+    const auto second = publish(manager);
     QCOMPARE(manager.findService("QObject"), first);
-    manager.unregisterService(first);
+    manager.unregisterService(first.toStrongRef());
     QCOMPARE(manager.findService("QObject"), second);
 }
 
 void tst_CServiceManager::sharesUntilWithdrawn()
 {
     CServiceManager manager;
-    auto service = QSharedPointer<IService>::create(nullptr);
-    const QPointer<IService> watched(service.data());
-    manager.registerService(service);
-    service.reset();
-    QVERIFY(watched);
+    const auto service = publish(manager);
+    QVERIFY(service);
     manager.unregisterService(manager.findService("QObject"));
-    QVERIFY(!watched);
-
-    service = QSharedPointer<IService>::create(nullptr);
-    const QPointer<IService> left(service.data());
-    manager.registerService(service);
-    service.reset();
+    QVERIFY(!service);
+    const auto left = publish(manager);
     manager.truncate(0);
     QVERIFY(!left);
 }
@@ -72,14 +73,9 @@ void tst_CServiceManager::sharesUntilWithdrawn()
 void tst_CServiceManager::truncatedFromTheEnd()
 {
     CServiceManager manager;
-    const auto publish = [&manager] {
-        const auto service = QSharedPointer<IService>::create(nullptr);
-        manager.registerService(service);
-        return service.toWeakRef();
-    };
-    const QWeakPointer<IService> first = publish();
-    const QWeakPointer<IService> second = publish();
-    const QWeakPointer<IService> third = publish();
+    const auto first = publish(manager);
+    const auto second = publish(manager);
+    const auto third = publish(manager);
     QCOMPARE(manager.size(), std::size_t(3));
     manager.truncate(5);
     QVERIFY(third);

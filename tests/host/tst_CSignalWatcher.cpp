@@ -26,30 +26,22 @@ class tst_CSignalWatcher : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void signalComesThroughTheEventLoop_data();
     void signalComesThroughTheEventLoop();
     void handlersAreRestored();
 };
 
-void tst_CSignalWatcher::signalComesThroughTheEventLoop_data()
-{
-    QTest::addColumn<int>("number");
-    QTest::newRow("SIGINT") << SIGINT;
-    QTest::newRow("SIGTERM") << SIGTERM;
-}
-
 void tst_CSignalWatcher::signalComesThroughTheEventLoop()
 {
-    QFETCH(int, number);
-    CSignalWatcher watcher;
-    QSignalSpy received(&watcher, &CSignalWatcher::received);
-    QVERIFY(received.isValid());
-    raise(number);
-    QCOMPARE(received.count(), 0);
-    QTRY_COMPARE(received.count(), 1);
-    QCOMPARE(received.at(0).at(0).toInt(), number);
-    // The second one does what it does by default.
-    QVERIFY(handlerOf(number) == Handler(nullptr)); // SIG_DFL
+    for (const int number : {SIGINT, SIGTERM}) {
+        CSignalWatcher watcher;
+        QSignalSpy received(&watcher, &CSignalWatcher::received);
+        raise(number);
+        QCOMPARE(received.count(), 0);
+        QTRY_COMPARE(received.count(), 1);
+        QCOMPARE(received.at(0).at(0).toInt(), number);
+        // The second one does what it does by default.
+        QVERIFY(handlerOf(number) == Handler(nullptr)); // SIG_DFL
+    }
 }
 
 void tst_CSignalWatcher::handlersAreRestored()

@@ -4,74 +4,44 @@
 #include "host/run/CStreamGraph.h"
 
 #include "SHostService.h"
-#include "host/models/CGrabResultData.h"
+#include "TestFrame.h"
+#include "TestTable.h"
 #include "host/models/IFrameSink.h"
 #include "host/run/CGraphBuilder.h"
 #include "host/run/Chain.h"
 
-#include <Halvex/models/CNodeDecouplerDataModelBase.h>
-
 #include <QJsonObject>
 #include <QSignalSpy>
-#include <QTest>
 
 #include <functional>
 #include <limits>
 
 using namespace Host;
 using namespace Plugin::Halvex;
-using namespace std::chrono_literals;
 
 namespace {
-
-CNodeDataPtr frame()
-{
-    const auto pixels = std::make_shared<std::vector<std::byte>>(64 * 48);
-    Veltra::SGrabResult result;
-    result.pixels = pixels->data();
-    result.size = pixels->size();
-    result.width = result.stride = 64;
-    result.height = 48;
-    result.pixelFormat = QStringLiteral("Mono8");
-    result.complete = true;
-    result.owner = pixels;
-    return QSharedPointer<CGrabResultData>::create(Veltra::CGrabResultPtr(std::move(result)), SFrameInfo());
-}
 
 // The default chain's graph for a camera "left", and the services that it lives in.
 struct SDemo
 {
-    SDemo()
+    SRunReport account(quint64 frames) const
     {
-        QString error;
-        auto graphs = CGraphBuilder(host.nodes, host.models).import(defaultChain({"left"}), {"left"}, &error);
-        if (!graphs.empty())
-            graph = std::move(graphs.front());
+        SRunReport report;
+        report.frames.complete = frames;
+        graph->account(&report);
+        return report;
     }
 
+    QString error;
     SHostService host;
-    std::unique_ptr<CStreamGraph> graph;
+    std::unique_ptr<CStreamGraph> graph =
+        std::move(CGraphBuilder(host.nodes, host.models).import(defaultChain({"left"}), {"left"}, &error).at(0));
 };
-
-SRunReport account(const CStreamGraph& graph, quint64 frames)
-{
-    SRunReport report;
-    report.frames.complete = frames;
-    graph.account(&report);
-    return report;
-}
-
-void setRate(const CStreamGraph& graph, double rate)
-{
-    for (const auto& node : graph.scene().nodes()) {
-        if (auto* decoupler = qobject_cast<CNodeDecouplerDataModelBase*>(node.second->nodeDataModel()))
-            decoupler->setFramesPerSecond(rate);
-    }
-}
 
 } // namespace
 
-Q_DECLARE_METATYPE(std::function<void(Plugin::Halvex::CNodeScene&)>)
+using Change = std::function<void(CNodeScene&)>;
+Q_DECLARE_METATYPE(Change)
 
 class tst_CStreamGraph : public QObject
 {
@@ -81,7 +51,6 @@ private Q_SLOTS:
     void demoGraph();
     void everyFrameIsAccountedFor();
     void accountOfWhatIsNotDrained();
-    void drainTimeKnowsTheRate_data();
     void drainTimeKnowsTheRate();
     void changeIsTold_data();
     void changeIsTold();
@@ -90,16 +59,36 @@ private Q_SLOTS:
 void tst_CStreamGraph::demoGraph()
 {
     const SDemo demo;
-    const auto& graph = demo.graph;
-    QVERIFY(graph);
     QStringList names;
-    for (const IFrameSink* sink : graph->sinks())
+    for (const IFrameSink* sink : demo.graph->sinks())
         names << sink->sinkName();
     QCOMPARE(names, QStringList({"frames", "histogram", "threshold", "edges"}));
-    QCOMPARE(graph->scene().nodes().size(), std::size_t(12));
-    QCOMPARE(graph->scene().connections().size(), std::size_t(11));
-    QVERIFY(graph->isDrained());
-    const SRunReport report = account(*graph, 0);
+    QVERIFY(demo.graph->isDrained());
+    const SRunReport report = demo.account(0);
+    QCOMPARE(report.graph, QStringLiteral(R"(  [0] Camera: left
+        VGR -> [1] Decoupler for VGR
+        VGR -> [2] To image
+  [1] Decoupler for VGR
+        VGR -> [4] To image
+  [2] To image
+        IMG -> [3] PNG files: frames
+  [3] PNG files: frames
+  [4] To image
+        IMG -> [5] Blur
+        IMG -> [6] Histogram
+  [5] Blur
+        IMG -> [8] Threshold
+  [6] Histogram
+        IMG -> [7] PNG files: histogram
+  [7] PNG files: histogram
+  [8] Threshold
+        IMG -> [9] Edges
+        IMG -> [10] PNG files: threshold
+  [9] Edges
+        IMG -> [11] PNG files: edges
+  [10] PNG files: threshold
+  [11] PNG files: edges
+)"));
     QCOMPARE(report.mismatch(), QString());
     QCOMPARE(report.decouplers.size(), std::size_t(1));
     QCOMPARE(report.decouplers[0].name, QStringLiteral("[1] Decoupler for VGR"));
@@ -109,19 +98,17 @@ void tst_CStreamGraph::demoGraph()
 void tst_CStreamGraph::everyFrameIsAccountedFor()
 {
     const SDemo demo;
-    const auto& graph = demo.graph;
-    QVERIFY(graph);
-    QSignalSpy cameThrough(graph.get(), &CStreamGraph::cameThrough);
+    QSignalSpy cameThrough(demo.graph.get(), &CStreamGraph::cameThrough);
     for (int i = 0; i < 5; ++i)
-        graph->entry().setData(frame());
+        demo.graph->entry().setData(frameData());
     QCoreApplication::sendPostedEvents();
     // The recording has them all, before anything of the preview is out.
-    QCOMPARE(graph->sinks()[0]->delivered(), quint64(5));
+    QCOMPARE(demo.graph->sinks()[0]->delivered(), quint64(5));
     QCOMPARE(cameThrough.count(), 0);
-    QVERIFY(!graph->isDrained());
-    QTRY_VERIFY(graph->isDrained());
+    QVERIFY(!demo.graph->isDrained());
+    QTRY_VERIFY(demo.graph->isDrained());
 
-    const SRunReport report = account(*graph, 5);
+    const SRunReport report = demo.account(5);
     QCOMPARE(report.mismatch(), QString());
     const SDecouplerStatistics& counts = report.decouplers[0].counts;
     QCOMPARE(counts.received, quint64(5));
@@ -133,52 +120,41 @@ void tst_CStreamGraph::everyFrameIsAccountedFor()
         QCOMPARE(report.sinks[i].delivered, counts.emitted);
     }
     // A frame that never came is missed.
-    QVERIFY(account(*graph, 6).mismatch().startsWith(
-        QStringLiteral("the decoupler '[1] Decoupler for VGR' received 5 frames, not the 6 ")));
+    QVERIFY(
+        demo.account(6).mismatch().startsWith("the decoupler '[1] Decoupler for VGR' received 5 frames, not the 6 "));
 }
 
 void tst_CStreamGraph::accountOfWhatIsNotDrained()
 {
     const SDemo demo;
-    const auto& graph = demo.graph;
-    QVERIFY(graph);
-    setRate(*graph, 0.001);
-    graph->entry().setData(frame());
-    QTRY_VERIFY(!graph->isDrained());
-    const SRunReport report = account(*graph, 1);
+    setDecouplerRate(demo.graph->scene(), 0.001);
+    demo.graph->entry().setData(frameData());
+    QTRY_VERIFY(!demo.graph->isDrained());
+    const SRunReport report = demo.account(1);
     QCOMPARE(report.decouplers[0].counts.pending, quint64(1));
     QCOMPARE(report.mismatch(),
              QStringLiteral("the decoupler '[1] Decoupler for VGR' let its last frame not through in time"));
 }
 
-void tst_CStreamGraph::drainTimeKnowsTheRate_data()
-{
-    QTest::addColumn<double>("rate");
-    QTest::addColumn<qint64>("time");
-    QTest::newRow("25") << 25.0 << qint64(5080);
-    QTest::newRow("slow") << 0.1 << qint64(25000);
-    QTest::newRow("zero") << 0.0 << qint64(5000);
-    QTest::newRow("negative") << -1.0 << qint64(5000);
-    QTest::newRow("no number") << std::numeric_limits<double>::quiet_NaN() << qint64(5000);
-    QTest::newRow("tiny") << 1e-300 << qint64(2000000000);
-}
-
 void tst_CStreamGraph::drainTimeKnowsTheRate()
 {
-    QFETCH(double, rate);
-    QFETCH(qint64, time);
     const SDemo demo;
-    const auto& graph = demo.graph;
-    QVERIFY(graph);
-    setRate(*graph, rate);
-    QCOMPARE(qint64(graph->drainTime().count()), time);
+    const auto milliseconds = [&demo](double rate) {
+        setDecouplerRate(demo.graph->scene(), rate);
+        return qint64(demo.graph->drainTime().count());
+    };
+    QCOMPARE(milliseconds(25.0), qint64(5080));
+    QCOMPARE(milliseconds(0.1), qint64(25000));
+    QCOMPARE(milliseconds(0.0), qint64(5000));
+    QCOMPARE(milliseconds(-1.0), qint64(5000));
+    QCOMPARE(milliseconds(std::numeric_limits<double>::quiet_NaN()), qint64(5000));
+    QCOMPARE(milliseconds(1e-300), qint64(2000000000));
 }
 
 void tst_CStreamGraph::changeIsTold_data()
 {
-    using Change = std::function<void(CNodeScene&)>;
-    QTest::addColumn<Change>("change");
-    const auto row = [](const char* name, const Change& change) { QTest::newRow(name) << change; };
+    addColumns<Change>({"change"});
+    const auto row = [](const char* name, const Change& change) { addRow(name, change); };
     row("node removed", [](CNodeScene& scene) { scene.removeNode(*scene.nodes().begin()->second); });
     row("node made", [](CNodeScene& scene) { scene.createNode(scene.registry().create("Blur")); });
     row("connection deleted", [](CNodeScene& scene) { scene.deleteConnection(*scene.connections().begin()->second); });
@@ -197,9 +173,8 @@ void tst_CStreamGraph::changeIsTold_data()
 
 void tst_CStreamGraph::changeIsTold()
 {
-    QFETCH(std::function<void(CNodeScene&)>, change);
+    QFETCH(Change, change);
     SDemo demo;
-    QVERIFY(demo.graph);
     QVERIFY(demo.graph->isIntact());
     const CNodeDataEntry entry = demo.graph->entry();
     const QPointer<CNodeDataModel> source = sourceIn(demo.graph->scene());

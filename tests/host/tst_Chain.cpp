@@ -3,7 +3,8 @@
 
 #include "host/run/Chain.h"
 
-#include <QFile>
+#include "TestFile.h"
+
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTemporaryDir>
@@ -17,56 +18,39 @@ class tst_Chain : public QObject
 
 private Q_SLOTS:
     void textIsKeptAsItIs();
-    void refused_data();
     void refused();
-    void missingFile();
     void defaultChainNamesTheCameras();
+
+private:
+    QTemporaryDir m_folder;
+    QString m_file = m_folder.filePath("a.json");
 };
 
 void tst_Chain::textIsKeptAsItIs()
 {
-    const QTemporaryDir folder;
-    QFile file(folder.filePath("a.json"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
     const QByteArray text = " [ {\"name\":\"a\"},\n 2 ]\n";
-    QCOMPARE(file.write(text), qint64(text.size()));
-    file.close();
+    QVERIFY(write(m_file, text));
     QString error;
-    const SChain chain = readChain(file.fileName(), &error);
+    const SChain chain = readChain(m_file, &error);
     QCOMPARE(error, QString());
-    QCOMPARE(chain.name, file.fileName());
+    QCOMPARE(chain.name, m_file);
     QCOMPARE(chain.text, text);
     QCOMPARE(chain.elements, QJsonArray({QJsonObject{{"name", "a"}}, 2}));
 }
 
-void tst_Chain::refused_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<QString>("error");
-    QTest::newRow("no JSON") << QByteArray("[\n  {\"name\": nonsense]")
-                             << "cannot load '%1': no JSON: line 2, column 14 (offset 15): illegal value";
-    QTest::newRow("no array") << QByteArray("{}") << "cannot load '%1': the top level is no array";
-}
-
 void tst_Chain::refused()
 {
-    QFETCH(QByteArray, text);
-    QFETCH(QString, error);
-    const QTemporaryDir folder;
-    QFile file(folder.filePath("a.json"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(text), qint64(text.size()));
-    file.close();
-    QString told;
-    readChain(file.fileName(), &told);
-    QCOMPARE(told, error.arg(file.fileName()));
-}
-
-void tst_Chain::missingFile()
-{
-    QString error;
-    readChain(QStringLiteral("/nowhere/a.json"), &error);
-    QCOMPARE(error, QStringLiteral("cannot read '/nowhere/a.json': No such file or directory"));
+    const auto errorOf = [](const QString& file) {
+        QString error;
+        readChain(file, &error);
+        return error;
+    };
+    QVERIFY(write(m_file, "[\n  {\"name\": nonsense]"));
+    QCOMPARE(errorOf(m_file),
+             QStringLiteral("cannot load '%1': no JSON: line 2, column 14 (offset 15): illegal value").arg(m_file));
+    QVERIFY(write(m_file, "{}"));
+    QCOMPARE(errorOf(m_file), QStringLiteral("cannot load '%1': the top level is no array").arg(m_file));
+    QCOMPARE(errorOf("/nowhere"), QStringLiteral("cannot read '/nowhere': No such file or directory"));
 }
 
 void tst_Chain::defaultChainNamesTheCameras()

@@ -3,8 +3,8 @@
 
 #include "host/run/Output.h"
 
-#include <QDir>
-#include <QFile>
+#include "TestFile.h"
+
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -15,12 +15,6 @@
 using namespace Host;
 
 namespace {
-
-QByteArray content(const QString& name)
-{
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
-}
 
 // For as long as it lives no file of this process grows beyond so many bytes: a disk that is full.
 class CFullDisk
@@ -54,103 +48,73 @@ class tst_Output : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void namesOfFolders_data();
+    void init();
     void namesOfFolders();
     void replacesAFile();
     void followsALink();
-    void fullDiskLeavesTheOldFile_data();
     void fullDiskLeavesTheOldFile();
-    void refused_data();
     void refused();
+
+private:
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_file; // a file in it that is not there yet
 };
 
-void tst_Output::namesOfFolders_data()
+void tst_Output::init()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("isFolder");
-    QTest::newRow("word") << "fake-1" << true;
-    QTest::newRow("address") << "10.0.0.2" << true;
-    QTest::newRow("empty") << "" << false;
-    QTest::newRow("dots") << ".." << false;
-    QTest::newRow("hidden") << ".a" << false;
-    QTest::newRow("slash") << "a/b" << false;
-    QTest::newRow("line break") << "a\nb" << false;
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_file = m_folder->filePath("a.json");
 }
 
 void tst_Output::namesOfFolders()
 {
-    QFETCH(QString, name);
-    QFETCH(bool, isFolder);
-    QCOMPARE(makesAFolder(name), isFolder);
+    for (const char* name : {"fake-1", "10.0.0.2"})
+        QVERIFY2(makesAFolder(name), name);
+    for (const char* name : {"", "..", ".a", "a/b", "a\nb"})
+        QVERIFY2(!makesAFolder(name), name);
 }
 
 void tst_Output::replacesAFile()
 {
-    const QTemporaryDir folder;
-    const QString file = folder.filePath("a.json");
-    QCOMPARE(replaceFile(file, "first"), QString());
-    QCOMPARE(content(file), QByteArray("first"));
-    QCOMPARE(replaceFile(file, ""), QString());
-    QCOMPARE(content(file), QByteArray());
-    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{"a.json"});
+    for (const QByteArray& text : {QByteArray("first"), QByteArray()}) {
+        QCOMPARE(replaceFile(m_file, text), QString());
+        QCOMPARE(content(m_file), text);
+    }
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), QStringList{"a.json"});
 }
 
 void tst_Output::followsALink()
 {
-    const QTemporaryDir folder;
-    const QString file = folder.filePath("a.json");
-    QCOMPARE(replaceFile(file, "first"), QString());
-    QVERIFY(QFile::link(file, folder.filePath("link.json")));
-    QCOMPARE(replaceFile(folder.filePath("link.json"), "second"), QString());
-    QCOMPARE(content(file), QByteArray("second"));
-}
-
-void tst_Output::fullDiskLeavesTheOldFile_data()
-{
-    QTest::addColumn<int>("room");
-    QTest::addColumn<int>("size");
-    QTest::newRow("no room") << 0 << 1;
-    QTest::newRow("room for a part") << 1000 << 5000;
-    QTest::newRow("room for a part of much") << 20000 << 200000;
+    const QString link = m_folder->filePath("link.json");
+    QVERIFY(write(m_file, "first"));
+    QVERIFY(QFile::link(m_file, link));
+    QCOMPARE(replaceFile(link, "second"), QString());
+    QCOMPARE(content(m_file), QByteArray("second"));
 }
 
 void tst_Output::fullDiskLeavesTheOldFile()
 {
-    QFETCH(int, room);
-    QFETCH(int, size);
-    const QTemporaryDir folder;
-    const QString file = folder.filePath("a.json");
-    QCOMPARE(replaceFile(file, "old"), QString());
-    QString error;
-    {
-        const CFullDisk disk{rlim_t(room)};
-        error = replaceFile(file, QByteArray(size, 'x'));
+    QVERIFY(write(m_file, "old"));
+    const auto replaceOn = [this](rlim_t room, int size) {
+        const CFullDisk disk(room);
+        return replaceFile(m_file, QByteArray(size, 'x'));
+    };
+    // No room, room for a part, room for a part of much.
+    for (const auto& disk : {std::pair(0, 1), std::pair(1000, 5000), std::pair(20000, 200000)}) {
+        QCOMPARE(replaceOn(rlim_t(disk.first), disk.second),
+                 QStringLiteral("cannot write '%1': File too large").arg(m_file));
+        QCOMPARE(content(m_file), QByteArray("old"));
+        QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), QStringList{"a.json"});
     }
-    QCOMPARE(error, QStringLiteral("cannot write '%1': File too large").arg(file));
-    QCOMPARE(content(file), QByteArray("old"));
-    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{"a.json"});
-}
-
-void tst_Output::refused_data()
-{
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("missing folder") << "nowhere/a.json"
-                                    << "No such file or directory";
-    QTest::newRow("folder") << "."
-                            << "Not a regular file";
-    QTest::newRow("device") << "/dev/full"
-                            << "Not a regular file";
 }
 
 void tst_Output::refused()
 {
-    QFETCH(QString, file);
-    QFETCH(QString, reason);
-    const QTemporaryDir folder;
-    const QString name = QDir(folder.path()).filePath(file);
-    QCOMPARE(replaceFile(name, "text"), QStringLiteral("cannot write '%1': %2").arg(name, reason));
-    QVERIFY(QDir(folder.path()).isEmpty());
+    const QString below = m_folder->filePath("nowhere/a.json");
+    QCOMPARE(replaceFile(below, "x"), QStringLiteral("cannot write '%1': No such file or directory").arg(below));
+    for (const QString& file : {m_folder->filePath("."), QStringLiteral("/dev/full")})
+        QCOMPARE(replaceFile(file, "x"), QStringLiteral("cannot write '%1': Not a regular file").arg(file));
+    QVERIFY(QDir(m_folder->path()).isEmpty());
     // No file took the device's place.
     QVERIFY(!QFileInfo(QStringLiteral("/dev/full")).isFile());
 }

@@ -3,12 +3,22 @@
 
 #include "host/run/SceneFile.h"
 
-#include <QFile>
-#include <QJsonArray>
+#include "TestFile.h"
+#include "TestJson.h"
+#include "TestTable.h"
+
 #include <QTemporaryDir>
-#include <QTest>
 
 using namespace Host;
+
+namespace {
+
+QJsonObject object(const char* text)
+{
+    return json(text).toObject();
+}
+
+} // namespace
 
 class tst_SceneFile : public QObject
 {
@@ -21,48 +31,40 @@ private Q_SLOTS:
     void deviceWithoutEndIsRefused();
     void orderDoesNotMatter();
     void uniqueNodesGoByTheirNames();
-    void differences_data();
     void differences();
+
+private:
+    QTemporaryDir m_folder;
+    QString m_file = m_folder.filePath("a.json");
 };
 
 void tst_SceneFile::reads()
 {
-    const QTemporaryDir folder;
-    QFile file(folder.filePath("a.json"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QVERIFY(file.write("{\"nodes\": [1]}") > 0);
-    file.close();
+    QVERIFY(write(m_file, "{\"nodes\": [1]}"));
     QString error;
-    QCOMPARE(readSceneFile(file.fileName(), &error), QJsonObject({{"nodes", QJsonArray{1}}}));
+    QCOMPARE(readSceneFile(m_file, &error), object("{'nodes': [1]}"));
     QCOMPARE(error, QString());
 }
 
 void tst_SceneFile::refused_data()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("error");
-    QTest::newRow("empty") << QByteArray("") << "cannot load '%1': no JSON: line 1, column 1 (offset 0): illegal value";
-    QTest::newRow("cut off") << QByteArray("{\n  \"nodes\": [")
-                             << "cannot load '%1': no JSON: line 2, column 13 (offset 14): unterminated array";
-    QTest::newRow("behind other characters than ASCII")
-        << QByteArray("{\n\"\xc3\xa4\xc3\xa4\": nonsense}")
-        << "cannot load '%1': no JSON: line 2, column 9 (offset 12): illegal value";
-    QTest::newRow("array") << QByteArray("[]") << "cannot load '%1': the top level is no object";
-    QTest::newRow("nested too deeply") << QByteArray(100000, '[') << "cannot load '%1': no JSON: line 1, column ";
+    addColumns<QByteArray, QString>({"bytes", "error"});
+    addRow("empty", QByteArray(""), "no JSON: line 1, column 1 (offset 0): illegal value");
+    addRow("cut off", QByteArray("{\n  \"nodes\": ["), "no JSON: line 2, column 13 (offset 14): unterminated array");
+    addRow("behind other characters than ASCII", QByteArray("{\n\"\xc3\xa4\xc3\xa4\": nonsense}"),
+           "no JSON: line 2, column 9 (offset 12): illegal value");
+    addRow("array", QByteArray("[]"), "the top level is no object");
+    addRow("nested too deeply", QByteArray(100000, '['), "no JSON: line 1, column ");
 }
 
 void tst_SceneFile::refused()
 {
     QFETCH(QByteArray, bytes);
     QFETCH(QString, error);
-    const QTemporaryDir folder;
-    QFile file(folder.filePath("a.json"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), qint64(bytes.size()));
-    file.close();
+    QVERIFY(write(m_file, bytes));
     QString told;
-    QVERIFY(readSceneFile(file.fileName(), &told).isEmpty());
-    QVERIFY2(told.startsWith(error.arg(file.fileName())), qPrintable(told));
+    QVERIFY(readSceneFile(m_file, &told).isEmpty());
+    QVERIFY2(told.startsWith(QStringLiteral("cannot load '%1': %2").arg(m_file, error)), qPrintable(told));
 }
 
 void tst_SceneFile::deviceWithoutEndIsRefused()
@@ -74,51 +76,40 @@ void tst_SceneFile::deviceWithoutEndIsRefused()
 
 void tst_SceneFile::orderDoesNotMatter()
 {
-    const QJsonObject a{{"id", "a"}, {"model", QJsonObject{{"name", "A"}, {"is_unique", false}}}};
-    const QJsonObject b{{"id", "b"}};
-    const QJsonObject left{{"nodes", QJsonArray{a, b}}, {"connections", QJsonArray{1, 2, 2}}};
-    const QJsonObject right{{"connections", QJsonArray{2, 1, 2}}, {"nodes", QJsonArray{b, a}}};
+    const QJsonObject left =
+        object("{'nodes': [{'id': 'a', 'model': {'name': 'A'}}, {'id': 'b'}], 'connections': [1, 2, 2]}");
+    const QJsonObject right =
+        object("{'connections': [2, 1, 2], 'nodes': [{'id': 'b'}, {'model': {'name': 'A'}, 'id': 'a'}]}");
     QCOMPARE(sceneDifference(left, right), QString());
 }
 
 void tst_SceneFile::uniqueNodesGoByTheirNames()
 {
-    const auto document = [](const char* id, const char* name, bool isUnique) {
-        const QJsonObject model{{"name", "Camera Source"}, {"is_unique", isUnique}, {"unique_name", name}};
-        const QJsonObject blur{{"id", "b"}, {"model", QJsonObject{{"name", "Blur"}}}};
-        return QJsonObject{{"nodes", QJsonArray{QJsonObject{{"id", id}, {"model", model}}, blur}},
-                           {"connections", QJsonArray{QJsonObject{{"out_id", id}, {"in_id", "b"}}}}};
+    const auto document = [](const char* id, const char* name, const char* isUnique = "true",
+                             const char* outId = nullptr) {
+        const QString text = QStringLiteral("{'nodes': [{'id': '%1', 'model': {'is_unique': %3, 'unique_name': '%2'}}, "
+                                            "{'id': 'b'}], 'connections': [{'out_id': '%4', 'in_id': 'b'}]}");
+        return json(text.arg(id, name, isUnique, outId ? outId : id).toUtf8()).toObject();
     };
-    QCOMPARE(sceneDifference(document("1", "left", true), document("2", "left", true)), QString());
-    QVERIFY(!sceneDifference(document("1", "left", true), document("1", "right", true)).isEmpty());
-    QVERIFY(!sceneDifference(document("1", "left", false), document("2", "left", false)).isEmpty());
-    QVERIFY(!sceneDifference(document("1", "left", true), document("1", "left", false)).isEmpty());
-    QJsonObject unconnected = document("2", "left", true);
-    unconnected.insert("connections", QJsonArray{QJsonObject{{"out_id", "1"}, {"in_id", "b"}}});
-    QVERIFY(!sceneDifference(document("1", "left", true), unconnected).isEmpty());
-}
-
-void tst_SceneFile::differences_data()
-{
-    QTest::addColumn<QJsonObject>("right");
-    QTest::addColumn<QString>("difference");
-    const QJsonArray nodes{"a", "b"};
-    QTest::newRow("node missing") << QJsonObject{{"nodes", QJsonArray{"a"}}, {"connections", QJsonArray{1}}}
-                                  << "only the first has, in nodes: [\"b\"]";
-    QTest::newRow("node too many") << QJsonObject{{"nodes", QJsonArray{"a", "b", "b"}}, {"connections", QJsonArray{1}}}
-                                   << "only the second has, in nodes: [\"b\"]";
-    QTest::newRow("connection") << QJsonObject{{"nodes", nodes}, {"connections", QJsonArray{2}}}
-                                << "only the first has, in connections: [1]";
-    QTest::newRow("other key") << QJsonObject{{"nodes", nodes}, {"connections", QJsonArray{1}}, {"x", 1}}
-                               << "what is neither node nor connection";
+    QCOMPARE(sceneDifference(document("1", "left"), document("2", "left")), QString());
+    QVERIFY(!sceneDifference(document("1", "left"), document("1", "right")).isEmpty());
+    QVERIFY(!sceneDifference(document("1", "left", "false"), document("2", "left", "false")).isEmpty());
+    QVERIFY(!sceneDifference(document("1", "left"), document("1", "left", "false")).isEmpty());
+    QVERIFY(!sceneDifference(document("1", "left"), document("2", "left", "true", "1")).isEmpty());
 }
 
 void tst_SceneFile::differences()
 {
-    QFETCH(QJsonObject, right);
-    QFETCH(QString, difference);
-    const QJsonObject left{{"nodes", QJsonArray{"a", "b"}}, {"connections", QJsonArray{1}}};
-    QCOMPARE(sceneDifference(left, right), difference);
+    const auto difference = [](const char* other) {
+        return sceneDifference(object("{'nodes': ['a', 'b'], 'connections': [1]}"), object(other));
+    };
+    QCOMPARE(difference("{'nodes': ['a'], 'connections': [1]}"), QString("only the first has, in nodes: [\"b\"]"));
+    QCOMPARE(difference("{'nodes': ['a', 'b', 'b'], 'connections': [1]}"),
+             QString("only the second has, in nodes: [\"b\"]"));
+    QCOMPARE(difference("{'nodes': ['a', 'b'], 'connections': [2]}"),
+             QString("only the first has, in connections: [1]"));
+    QCOMPARE(difference("{'nodes': ['a', 'b'], 'connections': [1], 'x': 1}"),
+             QString("what is neither node nor connection"));
 }
 
 QTEST_GUILESS_MAIN(tst_SceneFile)
