@@ -16,7 +16,7 @@ using Plugin::Halvex::INodeService;
 
 namespace {
 
-const char* const nodeService = INodeService::staticMetaObject.className();
+const char* const nodeService = "Plugin::Halvex::INodeService";
 
 QStringList calls()
 {
