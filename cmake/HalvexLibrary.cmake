@@ -25,6 +25,7 @@ set(HALVEX_PUBLIC_HEADERS
   models/ANodeDataModel.h
   models/ASinkNodeDataModel.h
   models/ASourceNodeDataModel.h
+  models/AWorkerNodeDataModel.h
   models/CDecoupler.h
   models/CGenericNodeDecouplerDataModel.h
   models/CNodeDataEntry.h
@@ -32,6 +33,7 @@ set(HALVEX_PUBLIC_HEADERS
   models/CNodeDecouplerDataModelBase.h
   models/ENodeDataModelType.h
   models/SDecouplerStatistics.h
+  models/SWorkerStatistics.h
   scene/CNodeDataModelRegistry.h
   scene/CNodeScene.h
   service/CHalvexPlugin.h
@@ -74,12 +76,18 @@ target_sources(Halvex PRIVATE
   models/ANodeDataModel.cpp
   models/ASinkNodeDataModel.cpp
   models/ASourceNodeDataModel.cpp
+  models/AWorkerNodeDataModel.cpp
   models/CDecoupler.cpp
   models/DecouplerEnd_p.h
   models/CNodeDataEntry.cpp
   models/CNodeDataFlowProxy.cpp
   models/CNodeDecouplerDataModelBase.cpp
   models/CSourceDataFlowProxy_p.h
+  models/CInputGatherer_p.h
+  models/CWorkQueue.cpp
+  models/CWorkQueue_p.h
+  models/RemovedWork.cpp
+  models/RemovedWork_p.h
   scene/CNodeDataModelRegistry.cpp
   scene/CNodeScene.cpp
   scene/CNodeSceneDocument.cpp

@@ -44,6 +44,11 @@ constexpr QLatin1String uniqueName = makeKey("unique_name");
 constexpr QLatin1String property = makeKey("property");
 constexpr QLatin1String framesPerSecond = makeKey("frames_per_second");
 
+// AWorkerNodeDataModel: under "property" too.
+constexpr QLatin1String policy = makeKey("policy");
+constexpr QLatin1String mostWaiting = makeKey("most_waiting");
+constexpr QLatin1String parallelism = makeKey("parallelism");
+
 // CNodeConnection: a connection. The types in its converter have an id and a name, with the keys above.
 constexpr QLatin1String inId = makeKey("in_id");
 constexpr QLatin1String inIndex = makeKey("in_index");

@@ -1,0 +1,222 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include <Halvex/models/AWorkerNodeDataModel.h>
+
+#include "graph/support/JsonObject_p.h"
+#include "graph/support/LoggingCategory_p.h"
+#include "models/CInputGatherer_p.h"
+#include "models/CWorkQueue_p.h"
+#include "models/RemovedWork_p.h"
+#include "models/StoreNewestData_p.h"
+
+#include <Halvex/graph/DocumentKeys.h>
+
+#include <QMetaEnum>
+#include <QPointer>
+
+#include <utility>
+
+namespace Plugin::Halvex {
+
+AWorkerNodeDataModel::AWorkerNodeDataModel(QString uniqueName)
+    : ANodeDataModel(std::move(uniqueName))
+    , m_queue(std::make_shared<CWorkQueue>(*this))
+{
+    applyLimits();
+}
+
+AWorkerNodeDataModel::~AWorkerNodeDataModel()
+{
+    m_queue->close();
+}
+
+void AWorkerNodeDataModel::setInData(CNodeDataPtr data, NodePortIndex index)
+{
+    if (!m_gatherer)
+        m_gatherer = std::make_unique<CInputGatherer>(nPorts(ENodePortType::In));
+    if (index < 0 || std::size_t(index) >= m_gatherer->ports())
+        return;
+
+    const std::size_t port = std::size_t(index);
+    CInputGatherer::Inputs frame;
+    CInputGatherer::Inputs passedOver; // released last: destructors of data are foreign code
+    if (!data) {
+        m_gatherer->clear(passedOver);
+        m_queue->cancel();
+    } else if (m_gathering == EGathering::SameNumber) {
+        const qint64 itsNumber = number(data);
+        if (m_gatherer->addNumbered(port, itsNumber, std::move(data), frame, passedOver))
+            addFrame(frame);
+    } else if (m_gatherer->addNewest(port, data, frame)) {
+        addFrame(frame);
+    }
+}
+
+void AWorkerNodeDataModel::addFrame(Inputs& frame)
+{
+    const QPointer<AWorkerNodeDataModel> self(this);
+    if (!m_work)
+        m_work = std::make_shared<const Work>(makeWork());
+    if (!std::exchange(m_isComputing, true))
+        Q_EMIT computingStarted();
+    if (self)
+        m_queue->add(frame, m_work);
+}
+
+CNodeDataPtr AWorkerNodeDataModel::outData(NodePortIndex index)
+{
+    return index == 0 ? m_output : CNodeDataPtr();
+}
+
+void AWorkerNodeDataModel::onResultsReady()
+{
+    const QPointer<AWorkerNodeDataModel> self(this);
+    m_queue->beginDelivery();
+    while (auto result = m_queue->takeNext()) {
+        m_message = result->error;
+        if (!result->error.isNull())
+            report(result->error);
+        if (!self || !giveOut(std::move(result->data)))
+            return;
+    }
+    if (m_isComputing && m_queue->isIdle()) {
+        m_isComputing = false;
+        Q_EMIT computingFinished();
+    }
+}
+
+/// Whether the model is still there.
+bool AWorkerNodeDataModel::giveOut(CNodeDataPtr data)
+{
+    const QPointer<AWorkerNodeDataModel> self(this);
+    const bool isData = !data.isNull();
+    if (!storeNewestData(*this, m_output, std::move(data)))
+        return false;
+    if (isData)
+        Q_EMIT dataUpdated(0);
+    else
+        Q_EMIT dataInvalidated(0);
+    return !self.isNull();
+}
+
+void AWorkerNodeDataModel::report(const QString& error)
+{
+    qCWarning(lcGraph, "The work of the model \"%s\" ended with an exception: %s", qUtf8Printable(name()),
+              qUtf8Printable(error));
+}
+
+ENodeValidationState AWorkerNodeDataModel::validationState() const
+{
+    return m_message.isNull() ? ENodeValidationState::Valid : ENodeValidationState::Error;
+}
+
+QString AWorkerNodeDataModel::validationMessage() const
+{
+    return m_message;
+}
+
+QJsonObject AWorkerNodeDataModel::save() const
+{
+    const QJsonObject property = jsonObject(
+        {{DocumentKeys::policy, QString::fromLatin1(QMetaEnum::fromType<EPolicy>().valueToKey(int(m_policy)))},
+         {DocumentKeys::mostWaiting, m_mostWaiting},
+         {DocumentKeys::parallelism, m_parallelism}});
+    QJsonObject json = ANodeDataModel::save(); // asks the subclass, which may remove the node that owns this model
+    json.insert(QString(DocumentKeys::property), property);
+    return json;
+}
+
+void AWorkerNodeDataModel::restore(const QJsonObject& json)
+{
+    const QJsonObject property = json.value(DocumentKeys::property).toObject();
+    bool isPolicy = false;
+    const int policy = QMetaEnum::fromType<EPolicy>().keyToValue(
+        property.value(DocumentKeys::policy).toString().toLatin1().constData(), &isPolicy);
+    const QPointer<AWorkerNodeDataModel> self(this);
+    if (isPolicy)
+        setPolicy(EPolicy(policy));
+    if (self)
+        setMostWaiting(property.value(DocumentKeys::mostWaiting).toInt());
+    if (self)
+        setParallelism(property.value(DocumentKeys::parallelism).toInt());
+}
+
+AWorkerNodeDataModel::EPolicy AWorkerNodeDataModel::policy() const
+{
+    return m_policy;
+}
+
+void AWorkerNodeDataModel::setPolicy(EPolicy policy)
+{
+    if (policy == m_policy)
+        return;
+    m_policy = policy;
+    applyLimits();
+    Q_EMIT policyChanged();
+}
+
+int AWorkerNodeDataModel::mostWaiting() const
+{
+    return m_mostWaiting;
+}
+
+void AWorkerNodeDataModel::setMostWaiting(int frames)
+{
+    if (frames < 1 || frames == m_mostWaiting)
+        return;
+    m_mostWaiting = frames;
+    applyLimits();
+    Q_EMIT mostWaitingChanged();
+}
+
+int AWorkerNodeDataModel::parallelism() const
+{
+    return m_parallelism;
+}
+
+void AWorkerNodeDataModel::setParallelism(int frames)
+{
+    if (frames < 1 || frames == m_parallelism)
+        return;
+    m_parallelism = frames;
+    applyLimits();
+    Q_EMIT parallelismChanged();
+}
+
+void AWorkerNodeDataModel::applyLimits()
+{
+    m_queue->setLimits(
+        {m_policy == EPolicy::NewestWins ? 1 : m_mostWaiting, m_policy == EPolicy::DropNewest, m_parallelism});
+}
+
+void AWorkerNodeDataModel::setThreadPool(QThreadPool* pool)
+{
+    m_queue->setPool(pool);
+}
+
+SWorkerStatistics AWorkerNodeDataModel::statistics() const
+{
+    return m_queue->statistics();
+}
+
+bool AWorkerNodeDataModel::waitForRemovedWork(unsigned long milliseconds)
+{
+    if (RemovedWork::wait(milliseconds))
+        return true;
+    qWarning("Work of models that are gone has not ended within %lu ms.", milliseconds);
+    return false;
+}
+
+void AWorkerNodeDataModel::renewWork()
+{
+    m_work.reset();
+}
+
+qint64 AWorkerNodeDataModel::number(const CNodeDataPtr& data) const
+{
+    Q_UNUSED(data)
+    return 0;
+}
+
+} // namespace Plugin::Halvex

@@ -1,0 +1,364 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "models/CWorkQueue_p.h"
+
+#include "models/RemovedWork_p.h"
+
+#include <QElapsedTimer>
+#include <QMetaObject>
+#include <QMutexLocker>
+#include <QRunnable>
+
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+namespace Plugin::Halvex {
+
+/// A frame with its work and then its result, or empty data in the order of the frames.
+class CWorkQueue::CJob : public QRunnable
+{
+public:
+    CJob() { setAutoDelete(false); }
+
+    void run() override
+    {
+        std::shared_ptr<CWorkQueue> share = std::move(queue); // the job may be used again before this returns
+        share->perform(*this);
+        const bool isRemoved = share->leave();
+        share.reset(); // maybe the last, with this job
+        if (isRemoved)
+            RemovedWork::end();
+    }
+
+    void clear()
+    {
+        inputs.clear();
+        work.reset();
+        result.reset();
+        error = QString();
+    }
+
+    CJob* next = nullptr;
+    std::shared_ptr<CWorkQueue> queue; // while it is in the pool
+    Inputs inputs;
+    std::shared_ptr<const Work> work;
+    CNodeDataPtr result;
+    QString error; // null if there is none
+    bool isFrame = true;
+    bool isRunning = false; // in the pool
+    bool isReady = false;
+    bool isVoid = false; // it runs, and its result is not wanted
+};
+
+/// Jobs that are of no more use. What they hold is released when the mutex, locked after this was made, is free again.
+class CWorkQueue::CDiscarded
+{
+public:
+    explicit CDiscarded(CWorkQueue& queue)
+        : m_queue(queue.shared_from_this()) // what is released may end the model
+    {
+    }
+    ~CDiscarded()
+    {
+        if (!jobs.first)
+            return;
+        for (CJob* job = jobs.first; job; job = job->next)
+            job->clear();
+        const QMutexLocker lock(&m_queue->m_mutex);
+        while (jobs.first)
+            m_queue->m_unused.append(jobs.takeFirst());
+    }
+    Q_DISABLE_COPY(CDiscarded)
+
+    SList jobs;
+
+private:
+    const std::shared_ptr<CWorkQueue> m_queue;
+};
+
+void CWorkQueue::SList::append(CJob& job)
+{
+    job.next = nullptr;
+    (first ? last->next : first) = &job;
+    last = &job;
+}
+
+CWorkQueue::CJob& CWorkQueue::SList::takeFirst()
+{
+    Q_ASSERT(first);
+    CJob& job = *first;
+    first = job.next;
+    return job;
+}
+
+CWorkQueue::CWorkQueue(AWorkerNodeDataModel& receiver)
+    : m_receiver(&receiver)
+{
+}
+
+CWorkQueue::~CWorkQueue() = default;
+
+void CWorkQueue::setLimits(const SLimits& limits)
+{
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_limits = limits;
+    }
+    startWaiting();
+}
+
+void CWorkQueue::setPool(QThreadPool* pool)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_pool = pool;
+}
+
+void CWorkQueue::add(Inputs& inputs, const std::shared_ptr<const Work>& work)
+{
+    CDiscarded discarded(*this);
+    {
+        const QMutexLocker lock(&m_mutex);
+        ++m_counts.received;
+        if (m_limits.dropsNewest && m_waitingCount >= m_limits.waiting) {
+            ++m_counts.dropped;
+            return;
+        }
+        for (; m_waitingCount >= m_limits.waiting; --m_waitingCount)
+            end(m_waiting.takeFirst(), &SWorkerStatistics::dropped, discarded.jobs);
+
+        CJob& job = makeJob();
+        job.inputs.swap(inputs);
+        job.work = work;
+        m_waiting.append(job);
+        ++m_waitingCount;
+        ++m_counts.pending;
+    }
+    startWaiting();
+}
+
+void CWorkQueue::cancel()
+{
+    CDiscarded discarded(*this);
+    const QMutexLocker lock(&m_mutex);
+    endUnfinished(&SWorkerStatistics::cancelled, discarded.jobs);
+    // One after the other says no more than one.
+    if (!m_begun.first || m_begun.last->isFrame) {
+        CJob& job = makeJob();
+        job.isFrame = false;
+        job.isReady = true;
+        m_begun.append(job);
+    }
+    announce();
+}
+
+void CWorkQueue::close()
+{
+    CDiscarded discarded(*this);
+    const QMutexLocker lock(&m_mutex);
+    m_receiver = nullptr;
+    endUnfinished(&SWorkerStatistics::dropped, discarded.jobs);
+    while (m_begun.first)
+        end(m_begun.takeFirst(), &SWorkerStatistics::dropped, discarded.jobs);
+    m_ready = 0;
+
+    for (const auto& job : m_jobs) {
+        if (!job->isRunning || !pool().tryTake(job.get()))
+            continue;
+        --m_inPool;
+        job->queue.reset();
+        endRun(*job, discarded.jobs);
+    }
+    RemovedWork::begin(m_inPool);
+}
+
+/// What waits or is worked on will have no result.
+void CWorkQueue::endUnfinished(quint64 SWorkerStatistics::*count, SList& discarded)
+{
+    for (SList begun = std::exchange(m_begun, {}); begun.first;) {
+        CJob& job = begun.takeFirst();
+        if (job.isReady)
+            m_begun.append(job);
+        else
+            countEnd(count); // the job comes back when its work has ended
+        job.isVoid = !job.isReady;
+    }
+    for (; m_waiting.first; --m_waitingCount)
+        end(m_waiting.takeFirst(), count, discarded);
+}
+
+void CWorkQueue::end(CJob& job, quint64 SWorkerStatistics::*count, SList& discarded)
+{
+    if (job.isFrame)
+        countEnd(count);
+    discarded.append(job);
+}
+
+void CWorkQueue::countEnd(quint64 SWorkerStatistics::*count)
+{
+    --m_counts.pending;
+    ++(m_counts.*count);
+}
+
+std::optional<CWorkQueue::SResult> CWorkQueue::takeNext()
+{
+    SResult result;
+    {
+        const QMutexLocker lock(&m_mutex);
+        if (!m_begun.first || !m_begun.first->isReady)
+            return std::nullopt;
+        CJob& job = m_begun.takeFirst();
+        result.data.swap(job.result);
+        result.error.swap(job.error);
+        if (job.isFrame) {
+            --m_ready;
+            countEnd(result.error.isNull() ? &SWorkerStatistics::emitted : &SWorkerStatistics::failed);
+        }
+        m_unused.append(job);
+    }
+    startWaiting();
+    return result;
+}
+
+void CWorkQueue::beginDelivery()
+{
+    const QMutexLocker lock(&m_mutex);
+    m_isAnnounced = false;
+}
+
+SWorkerStatistics CWorkQueue::statistics() const
+{
+    SWorkerStatistics statistics;
+    auto times = m_times; // a copy of the type; it is filled under the mutex
+    std::size_t count = 0;
+    {
+        const QMutexLocker lock(&m_mutex);
+        statistics = m_counts;
+        times = m_times;
+        count = std::size_t(qMin(m_timeCount, quint64(times.size())));
+    }
+    if (count == 0)
+        return statistics;
+    std::sort(times.begin(), times.begin() + std::ptrdiff_t(count));
+    statistics.workP50 = times[(count - 1) / 2];
+    statistics.workP99 = times[(count * 99 - 1) / 100];
+    return statistics;
+}
+
+bool CWorkQueue::isIdle() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_counts.pending == 0;
+}
+
+CWorkQueue::CJob& CWorkQueue::makeJob()
+{
+    if (!m_unused.first) {
+        m_jobs.push_back(std::make_unique<CJob>());
+        return *m_jobs.back();
+    }
+    CJob& job = m_unused.takeFirst();
+    job.isFrame = true;
+    job.isReady = false;
+    job.isVoid = false;
+    return job;
+}
+
+QThreadPool& CWorkQueue::pool() const
+{
+    return m_pool ? *m_pool : *QThreadPool::globalInstance();
+}
+
+/// As many results may wait as frames are worked on: a graph whose thread is busy holds the work up, and not the
+/// memory.
+bool CWorkQueue::mayStart() const
+{
+    return m_waiting.first && m_running < m_limits.parallelism && m_running + m_ready < 2 * m_limits.parallelism;
+}
+
+void CWorkQueue::startWaiting()
+{
+    for (;;) {
+        QMutexLocker lock(&m_mutex);
+        if (!mayStart())
+            return;
+        CJob& job = m_waiting.takeFirst();
+        --m_waitingCount;
+        m_begun.append(job);
+        ++m_running;
+        ++m_inPool;
+        job.isRunning = true;
+        job.queue = shared_from_this();
+        QThreadPool& chosen = pool();
+        lock.unlock(); // Qt may warn, and a message handler is foreign code
+        chosen.start(&job);
+    }
+}
+
+/// In the pool.
+void CWorkQueue::perform(CJob& job)
+{
+    QElapsedTimer timer;
+    timer.start();
+    CNodeDataPtr result;
+    QString error;
+    try {
+        result = (*job.work)(job.inputs);
+    } catch (const std::exception& exception) {
+        error = QString::fromLocal8Bit(exception.what());
+    } catch (...) {
+        error = QStringLiteral("an exception of unknown type");
+    }
+    const qint64 time = timer.nsecsElapsed();
+    job.clear();
+
+    CDiscarded discarded(*this);
+    {
+        const QMutexLocker lock(&m_mutex);
+        recordTime(time);
+        job.result.swap(result);
+        job.error.swap(error);
+        endRun(job, discarded.jobs);
+        announce();
+    }
+    startWaiting();
+}
+
+/// The last that a job does. Whether the model is gone.
+bool CWorkQueue::leave()
+{
+    const QMutexLocker lock(&m_mutex);
+    --m_inPool;
+    return !m_receiver;
+}
+
+void CWorkQueue::endRun(CJob& job, SList& discarded)
+{
+    --m_running;
+    job.isRunning = false;
+    if (job.isVoid) {
+        discarded.append(job);
+        return;
+    }
+    job.isReady = true;
+    ++m_ready;
+}
+
+/// The call is queued under the mutex, which the receiver needs in order to go.
+void CWorkQueue::announce()
+{
+    if (m_isAnnounced || !m_receiver || !m_begun.first || !m_begun.first->isReady)
+        return;
+    m_isAnnounced = true;
+    QMetaObject::invokeMethod(
+        m_receiver, [receiver = m_receiver] { receiver->onResultsReady(); }, Qt::QueuedConnection);
+}
+
+void CWorkQueue::recordTime(qint64 nanoseconds)
+{
+    m_counts.workSum += nanoseconds;
+    m_times[std::size_t(m_timeCount++ % m_times.size())] = nanoseconds;
+}
+
+} // namespace Plugin::Halvex

@@ -1,0 +1,508 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include <Halvex/models/AWorkerNodeDataModel.h>
+
+#include "CWorkerModel.h"
+
+#include "support/CMessageCatcher.h"
+#include "support/CTestModel.h"
+#include "support/CTestScene.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <QThread>
+#include <QThreadPool>
+
+#include <stdexcept>
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+using EPolicy = AWorkerNodeDataModel::EPolicy;
+using EGathering = AWorkerNodeDataModel::EGathering;
+using Values = std::vector<int>;
+
+bool addsUp(const SWorkerStatistics& counts)
+{
+    return counts.received == counts.emitted + counts.dropped + counts.cancelled + counts.failed + counts.pending;
+}
+
+/// A model with gated work, and a pool of its own: what it waits for is no other test's business.
+struct SGatedModel
+{
+    explicit SGatedModel(int threads = 1)
+    {
+        pool.setMaxThreadCount(threads);
+        model = std::make_unique<CWorkerModel>();
+        model->setThreadPool(&pool);
+        model->setParallelism(threads);
+        model->setWork(work);
+    }
+
+    QThreadPool pool;
+    CGatedWork work;
+    std::unique_ptr<CWorkerModel> model;
+};
+
+} // namespace
+
+class tst_AWorkerNodeDataModel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void worksInThePoolAndGivesOutInTheGraphsThread();
+    void worksBetweenNodesOfAScene();
+    void copiesSettings();
+    void keepsTheOrder();
+    void policySaysWhatIsDropped_data();
+    void policySaysWhatIsDropped();
+    void smallerLimitDropsTheOldest();
+    void resultsThatWaitHoldTheWorkUp();
+    void emptyDataCancels();
+    void emptyDataComesAfterCompleteResults();
+    void countsAddUpAtEveryMoment();
+    void timesTheWork();
+
+    void gathersTheNewestOfEach();
+    void gathersTheSameNumber();
+    void forgetsWhatFindsNoPartner();
+    void passesOverPortsThatDoNotExist();
+
+    void reportsExceptions();
+    void missingResultIsEmptyData();
+    void saysWhenItComputes();
+
+    void removedWhileItWorks();
+    void removedByItsResult();
+    void takesWhatHasNotBegunOutOfThePool();
+    void waitsForRemovedWorkWithABound();
+
+    void savesItsSettings();
+    void restoresWhatMakesSense_data();
+    void restoresWhatMakesSense();
+    void settingsTellChanges();
+};
+
+void tst_AWorkerNodeDataModel::init()
+{
+    QCOMPARE(CTestData::alive(), 0);
+}
+
+void tst_AWorkerNodeDataModel::cleanup()
+{
+    QVERIFY(AWorkerNodeDataModel::waitForRemovedWork());
+    QTRY_COMPARE(CTestData::alive(), 0);
+}
+
+void tst_AWorkerNodeDataModel::worksInThePoolAndGivesOutInTheGraphsThread()
+{
+    CWorkerModel model;
+    QThread* worker = nullptr;
+    QThread* receiver = nullptr;
+    model.setWork([&worker](const auto& inputs) {
+        worker = QThread::currentThread();
+        return CWorkerModel::addUp(inputs);
+    });
+    connect(&model, &CNodeDataModel::dataUpdated, [&receiver] { receiver = QThread::currentThread(); });
+    model.send(3);
+    QVERIFY(model.values.empty());
+    QTRY_COMPARE(model.values, Values{3});
+    QCOMPARE(receiver, QThread::currentThread());
+    QVERIFY(worker && worker != receiver);
+    QCOMPARE(CTestData::valueOf(model.outData(0)), 3);
+    QVERIFY(!model.outData(1));
+}
+
+void tst_AWorkerNodeDataModel::worksBetweenNodesOfAScene()
+{
+    CTestScene scene(nullptr, nullptr);
+    auto& first = scene.createNode(std::make_unique<CTestModel>());
+    auto& middle = scene.createNode(std::make_unique<CWorkerModel>());
+    auto& last = scene.createNode(std::make_unique<CTestModel>());
+    scene.createConnection(middle, 0, first, 0, {});
+    scene.createConnection(last, 0, middle, 0, {});
+    const auto& sink = static_cast<const CTestModel&>(*last.nodeDataModel());
+    static_cast<CTestModel&>(*first.nodeDataModel()).offer(CTestData::make(5));
+    QTRY_COMPARE(sink.values(), Values{5});
+}
+
+void tst_AWorkerNodeDataModel::copiesSettings()
+{
+    SGatedModel gated;
+    gated.model->setPolicy(EPolicy::DropNewest);
+    gated.model->send(1);
+    gated.model->send(2);
+    gated.model->setWork([](const auto&) { return CTestData::make(100); });
+    gated.model->send(3);
+    gated.work.open(1);
+    gated.work.open(2);
+    QTRY_COMPARE(gated.model->values, (Values{1, 2, 100}));
+}
+
+void tst_AWorkerNodeDataModel::keepsTheOrder()
+{
+    SGatedModel gated(3);
+    for (const int value : {1, 2, 3})
+        gated.model->send(value);
+    for (int i = 0; i < 3; ++i)
+        gated.work.waitForBegin();
+    gated.work.open(3);
+    gated.work.open(2);
+    QTRY_VERIFY(gated.pool.activeThreadCount() == 1);
+    QCoreApplication::processEvents();
+    QCOMPARE(gated.model->values, Values());
+    gated.work.open(1);
+    QTRY_COMPARE(gated.model->values, (Values{1, 2, 3}));
+}
+
+void tst_AWorkerNodeDataModel::policySaysWhatIsDropped_data()
+{
+    QTest::addColumn<EPolicy>("policy");
+    QTest::addColumn<Values>("expected");
+    QTest::newRow("newest wins") << EPolicy::NewestWins << Values{1, 6};
+    QTest::newRow("drop oldest") << EPolicy::DropOldest << Values{1, 4, 5, 6};
+    QTest::newRow("drop newest") << EPolicy::DropNewest << Values{1, 2, 3, 4};
+}
+
+void tst_AWorkerNodeDataModel::policySaysWhatIsDropped()
+{
+    QFETCH(EPolicy, policy);
+    QFETCH(Values, expected);
+    SGatedModel gated;
+    gated.model->setPolicy(policy);
+    gated.model->setMostWaiting(3);
+    gated.model->send(1);
+    gated.work.waitForBegin();
+    for (int value = 2; value <= 6; ++value)
+        gated.model->send(value);
+    for (int value = 1; value <= 6; ++value)
+        gated.work.open(value);
+    QTRY_COMPARE(gated.model->values, expected);
+    QCOMPARE(gated.model->statistics().dropped, quint64(6 - expected.size()));
+    QVERIFY(addsUp(gated.model->statistics()));
+}
+
+void tst_AWorkerNodeDataModel::smallerLimitDropsTheOldest()
+{
+    SGatedModel gated;
+    gated.model->setPolicy(EPolicy::DropOldest);
+    for (int value = 1; value <= 5; ++value)
+        gated.model->send(value);
+    gated.model->setMostWaiting(1);
+    gated.model->send(6);
+    gated.work.open(1);
+    gated.work.open(6);
+    QTRY_COMPARE(gated.model->values, (Values{1, 6}));
+    QCOMPARE(gated.model->statistics().dropped, quint64(4));
+}
+
+void tst_AWorkerNodeDataModel::resultsThatWaitHoldTheWorkUp()
+{
+    CWorkerModel model;
+    std::atomic<int> begun{0};
+    model.setPolicy(EPolicy::DropNewest);
+    model.setMostWaiting(100);
+    model.setWork([&begun](const auto& inputs) {
+        ++begun;
+        return CWorkerModel::addUp(inputs);
+    });
+    for (int value = 0; value < 100; ++value)
+        model.send(value);
+    // The graph's thread takes no result meanwhile.
+    waitUntil("two results are there", [&] { return model.statistics().workSum > 0 && begun == 2; });
+    QTRY_COMPARE(model.values.size(), std::size_t(100));
+    QCOMPARE(begun.load(), 100);
+}
+
+void tst_AWorkerNodeDataModel::emptyDataCancels()
+{
+    SGatedModel gated;
+    gated.model->setPolicy(EPolicy::DropOldest);
+    for (const int value : {1, 2, 3})
+        gated.model->send(value);
+    gated.work.waitForBegin();
+    gated.model->setInData({}, 0);
+    gated.model->setInData({}, 0);
+    QCOMPARE(gated.model->statistics().cancelled, quint64(3));
+    QTRY_COMPARE(gated.model->values, Values{-1}); // without waiting for the work
+    gated.model->send(4);
+    gated.work.open(1);
+    gated.work.open(4);
+    QTRY_COMPARE(gated.model->values, (Values{-1, 4}));
+    QVERIFY(addsUp(gated.model->statistics()));
+}
+
+void tst_AWorkerNodeDataModel::emptyDataComesAfterCompleteResults()
+{
+    SGatedModel gated;
+    gated.work.open(1);
+    gated.model->send(1);
+    waitUntil("the result is there", [&] { return gated.model->statistics().workSum > 0; });
+    gated.model->setInData({}, 0);
+    QTRY_COMPARE(gated.model->values, (Values{1, -1}));
+    QCOMPARE(gated.model->statistics().emitted, quint64(1));
+}
+
+void tst_AWorkerNodeDataModel::countsAddUpAtEveryMoment()
+{
+    CWorkerModel model;
+    model.setParallelism(2);
+    model.setWork([](const auto& inputs) {
+        if (CTestData::valueOf(inputs.front()) % 7 == 0)
+            throw std::runtime_error("seven");
+        return CWorkerModel::addUp(inputs);
+    });
+    const CMessageCatcher catcher;
+    std::atomic<bool> isOver{false};
+    std::atomic<bool> isRight{true};
+    CTestThread watcher([&] {
+        while (!isOver)
+            isRight = isRight && addsUp(model.statistics());
+    });
+    for (int value = 1; value <= 3000; ++value) {
+        model.send(value);
+        if (value % 100 == 0)
+            model.setInData({}, 0);
+        if (value % 3 == 0)
+            QCoreApplication::processEvents();
+    }
+    isOver = true;
+    watcher.join();
+    QVERIFY(isRight);
+    QTRY_COMPARE(model.statistics().pending, quint64(0));
+    QCOMPARE(model.statistics().received, quint64(3000));
+}
+
+void tst_AWorkerNodeDataModel::timesTheWork()
+{
+    CWorkerModel model;
+    QCOMPARE(model.statistics().workSum, qint64(0));
+    QCOMPARE(model.statistics().workP50, qint64(0));
+    for (int count = 1; count <= 3; ++count) {
+        model.send(1);
+        QTRY_COMPARE(model.values.size(), std::size_t(count));
+    }
+    const SWorkerStatistics counts = model.statistics();
+    QVERIFY(counts.workP50 > 0 && counts.workP50 <= counts.workP99);
+    QVERIFY(counts.workSum >= counts.workP50 + counts.workP99);
+}
+
+void tst_AWorkerNodeDataModel::gathersTheNewestOfEach()
+{
+    CWorkerModel model(2);
+    model.send(1, 0);
+    model.send(2, 0);
+    QCOMPARE(model.statistics().received, quint64(0));
+    model.send(10, 1);
+    QTRY_COMPARE(model.values, Values{12});
+    model.send(3, 0);
+    QTRY_COMPARE(model.values, (Values{12, 13}));
+    model.setInData({}, 1);
+    model.send(4, 0);
+    QTRY_COMPARE(model.values, (Values{12, 13, -1}));
+    QCOMPARE(model.statistics().received, quint64(2));
+}
+
+void tst_AWorkerNodeDataModel::gathersTheSameNumber()
+{
+    CWorkerModel model(2, EGathering::SameNumber);
+    model.setPolicy(EPolicy::DropOldest);
+    model.send(11, 0);
+    model.send(21, 0);
+    model.send(22, 1); // passes 11 over
+    model.send(12, 1); // finds it no more
+    model.send(32, 1);
+    model.send(31, 0);
+    QTRY_COMPARE(model.values, (Values{43, 63}));
+    model.send(41, 0);
+    model.setInData({}, 1);
+    model.send(42, 1); // 41 is forgotten
+    QTRY_COMPARE(model.values, (Values{43, 63, -1}));
+}
+
+void tst_AWorkerNodeDataModel::forgetsWhatFindsNoPartner()
+{
+    CWorkerModel model(2, EGathering::SameNumber);
+    for (int value = 0; value < 1000; value += 10)
+        model.send(value, 0);
+    QCOMPARE(CTestData::alive(), 16);
+}
+
+void tst_AWorkerNodeDataModel::passesOverPortsThatDoNotExist()
+{
+    CWorkerModel model;
+    model.send(1, 1);
+    model.send(1, -1);
+    model.setInData({}, 1);
+    QCOMPARE(model.statistics().received, quint64(0));
+    QCOMPARE(CTestData::alive(), 0);
+}
+
+void tst_AWorkerNodeDataModel::reportsExceptions()
+{
+    CWorkerModel model;
+    model.setWork([](const auto& inputs) -> CNodeDataPtr {
+        switch (CTestData::valueOf(inputs.front())) {
+        case 1:
+            throw std::runtime_error("too dark");
+        case 2:
+            throw 2; // NOLINT(hicpp-exception-baseclass): also what is no std::exception
+        default:
+            return CWorkerModel::addUp(inputs);
+        }
+    });
+    const CMessageCatcher catcher;
+    model.send(1);
+    QTRY_COMPARE(model.values, Values{-1});
+    QCOMPARE(model.validationState(), ENodeValidationState::Error);
+    QCOMPARE(model.validationMessage(), QStringLiteral("too dark"));
+    model.send(2);
+    QTRY_COMPARE(model.values, (Values{-1, -1}));
+    model.send(3);
+    QTRY_COMPARE(model.values, (Values{-1, -1, 3}));
+    QCOMPARE(model.validationState(), ENodeValidationState::Valid);
+    QCOMPARE(model.statistics().failed, quint64(2));
+    const QString begin = QStringLiteral("The work of the model \"Worker\" ended with an exception: ");
+    QCOMPARE(catcher.texts("halvex.graph"), (QStringList{begin + "too dark", begin + "an exception of unknown type"}));
+}
+
+void tst_AWorkerNodeDataModel::missingResultIsEmptyData()
+{
+    CWorkerModel model;
+    model.setWork([](const auto&) { return CNodeDataPtr(); });
+    model.send(1);
+    QTRY_COMPARE(model.values, Values{-1});
+    QCOMPARE(model.statistics().emitted, quint64(1));
+    QCOMPARE(model.validationState(), ENodeValidationState::Valid);
+}
+
+void tst_AWorkerNodeDataModel::saysWhenItComputes()
+{
+    SGatedModel gated;
+    const QSignalSpy started(gated.model.get(), &CNodeDataModel::computingStarted);
+    const QSignalSpy finished(gated.model.get(), &CNodeDataModel::computingFinished);
+    gated.model->send(1);
+    gated.model->send(2);
+    QCOMPARE(started.count(), 1);
+    gated.work.open(1);
+    QTRY_COMPARE(gated.model->values, Values{1});
+    QCOMPARE(finished.count(), 0);
+    gated.work.open(2);
+    QTRY_COMPARE(finished.count(), 1);
+    gated.model->send(3);
+    QCOMPARE(started.count(), 2);
+    gated.model->setInData({}, 0);
+    QTRY_COMPARE(finished.count(), 2);
+    gated.work.open(3);
+}
+
+void tst_AWorkerNodeDataModel::removedWhileItWorks()
+{
+    SGatedModel gated;
+    gated.model->send(1);
+    gated.model->send(2);
+    gated.work.waitForBegin();
+    gated.model.reset(); // does not wait
+    QVERIFY(CTestData::alive() > 0);
+    gated.work.open(1);
+    QVERIFY(AWorkerNodeDataModel::waitForRemovedWork());
+    QCOMPARE(CTestData::alive(), 0);
+}
+
+void tst_AWorkerNodeDataModel::removedByItsResult()
+{
+    CTestScene scene(nullptr, nullptr);
+    auto owned = std::make_unique<CWorkerModel>();
+    CWorkerModel& model = *owned;
+    model.setParallelism(2);
+    CNodeBase& node = scene.createNode(std::move(owned));
+    connect(&model, &CNodeDataModel::dataUpdated, [&] { scene.removeNode(node); });
+    model.send(1);
+    model.send(2);
+    QTRY_VERIFY(scene.nodes().empty());
+}
+
+void tst_AWorkerNodeDataModel::takesWhatHasNotBegunOutOfThePool()
+{
+    SGatedModel blocking;
+    blocking.model->send(1);
+    blocking.work.waitForBegin();
+    auto model = std::make_unique<CWorkerModel>();
+    model->setThreadPool(&blocking.pool);
+    model->send(2);
+    model.reset();
+    QCOMPARE(CTestData::alive(), 1);
+    QVERIFY(AWorkerNodeDataModel::waitForRemovedWork(0));
+    blocking.work.open(1);
+    QTRY_COMPARE(blocking.model->values, Values{1});
+}
+
+void tst_AWorkerNodeDataModel::waitsForRemovedWorkWithABound()
+{
+    SGatedModel gated;
+    gated.model->send(1);
+    gated.work.waitForBegin();
+    gated.model.reset();
+    const CMessageCatcher catcher;
+    QVERIFY(!AWorkerNodeDataModel::waitForRemovedWork(1));
+    QCOMPARE(catcher.texts(), QStringList{"Work of models that are gone has not ended within 1 ms."});
+    gated.work.open(1);
+}
+
+void tst_AWorkerNodeDataModel::savesItsSettings()
+{
+    CWorkerModel model;
+    const auto property = [&model] { return model.save().value("property").toObject(); };
+    QCOMPARE(property(), (QJsonObject{{"policy", "NewestWins"}, {"most_waiting", 8}, {"parallelism", 1}}));
+    model.setPolicy(EPolicy::DropNewest);
+    model.setMostWaiting(3);
+    model.setParallelism(4);
+    QCOMPARE(property(), (QJsonObject{{"policy", "DropNewest"}, {"most_waiting", 3}, {"parallelism", 4}}));
+    CWorkerModel other;
+    other.restore(model.save());
+    QCOMPARE(other.save(), model.save());
+}
+
+void tst_AWorkerNodeDataModel::restoresWhatMakesSense_data()
+{
+    QTest::addColumn<QJsonObject>("property");
+    QTest::newRow("nothing") << QJsonObject();
+    QTest::newRow("unknown policy") << QJsonObject{{"policy", "Newest"}};
+    QTest::newRow("policy of another type") << QJsonObject{{"policy", 1}};
+    QTest::newRow("no room") << QJsonObject{{"most_waiting", 0}, {"parallelism", 0}};
+    QTest::newRow("less than none") << QJsonObject{{"most_waiting", -1}, {"parallelism", -1}};
+    QTest::newRow("texts") << QJsonObject{{"most_waiting", "2"}, {"parallelism", "2"}};
+}
+
+void tst_AWorkerNodeDataModel::restoresWhatMakesSense()
+{
+    QFETCH(QJsonObject, property);
+    CWorkerModel model;
+    const QJsonObject before = model.save();
+    model.restore({{"property", property}});
+    QCOMPARE(model.save(), before);
+}
+
+void tst_AWorkerNodeDataModel::settingsTellChanges()
+{
+    CWorkerModel model;
+    const QSignalSpy policy(&model, &AWorkerNodeDataModel::policyChanged);
+    const QSignalSpy waiting(&model, &AWorkerNodeDataModel::mostWaitingChanged);
+    const QSignalSpy parallelism(&model, &AWorkerNodeDataModel::parallelismChanged);
+    for (int i = 0; i < 2; ++i) {
+        model.setProperty("policy", QVariant::fromValue(EPolicy::DropOldest));
+        model.setProperty("mostWaiting", 2);
+        model.setProperty("parallelism", 2);
+    }
+    QCOMPARE(policy.count() + 10 * waiting.count() + 100 * parallelism.count(), 111);
+    QCOMPARE(model.policy(), EPolicy::DropOldest);
+}
+
+QTEST_GUILESS_MAIN(tst_AWorkerNodeDataModel)
+#include "tst_AWorkerNodeDataModel.moc"
