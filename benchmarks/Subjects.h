@@ -12,6 +12,7 @@ void registerDocuments(CRatioTable& table, int largest);
 void registerDecoupler(CRatioTable& table);
 void registerService(CRatioTable& table, int largest);
 void registerThreads(CRatioTable& table);
+void registerWorkers(CRatioTable& table);
 #ifdef HALVEX_BENCH_PEERS
 void registerPeers(CRatioTable& table);
 #endif

@@ -3,6 +3,7 @@
 
 // What a decoupler costs whoever pushes, and how long a single frame is on its way.
 
+#include "CLatencies.h"
 #include "CMailbox.h"
 #include "Measuring.h"
 
@@ -12,10 +13,6 @@
 
 #include <QCoreApplication>
 #include <QTimer>
-
-#include <algorithm>
-#include <chrono>
-#include <thread>
 
 using namespace Plugin::Halvex;
 
@@ -105,16 +102,6 @@ private:
     QTimer* m_timer;
 };
 
-/// Sends a frame that may go out and waits until it is there.
-template <typename Channel>
-void sendOne(Channel& channel, const CNodeDataPtr& frame)
-{
-    const int before = channel.received;
-    channel.push(frame);
-    while (channel.received == before)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-}
-
 template <typename Channel>
 std::string addPush(const std::string& name)
 {
@@ -132,61 +119,6 @@ std::string addPush(const std::string& name)
     return name;
 }
 
-/// How long single frames take through a channel.
-template <typename Channel>
-class CLatencies
-{
-public:
-    CLatencies()
-    {
-        m_channel.tick();
-        sendOne(m_channel, m_frame);
-    }
-
-    void add()
-    {
-        m_channel.tick();
-        std::this_thread::sleep_for(std::chrono::microseconds(200)); // for the worker to fall asleep
-        const auto start = std::chrono::steady_clock::now();
-        sendOne(m_channel, m_frame);
-        m_seconds.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
-    }
-
-    double last() const { return m_seconds.back(); }
-    double percentile(std::size_t percent)
-    {
-        std::sort(m_seconds.begin(), m_seconds.end());
-        return m_seconds[m_seconds.size() * percent / 100];
-    }
-
-private:
-    const CNodeDataPtr m_frame = makeFrame();
-    Channel m_channel;
-    std::vector<double> m_seconds;
-};
-
-/// Frames through the floor and the model by turns: what disturbs the machine makes few frames late, and a p99 shows
-/// little else. Neither always goes first: the floor against itself is some percent slower in the second place.
-void measureIsolatedFrames(benchmark::State& state)
-{
-    CLatencies<CMailboxChannel> floor;
-    CLatencies<CModelChannel> engine;
-    bool isFloorFirst = false;
-    for ([[maybe_unused]] auto iteration : state) {
-        isFloorFirst = !isFloorFirst;
-        if (isFloorFirst)
-            floor.add();
-        engine.add();
-        if (!isFloorFirst)
-            floor.add();
-        state.SetIterationTime(engine.last());
-    }
-    state.counters[Counters::p50] = engine.percentile(50);
-    state.counters[Counters::p99] = engine.percentile(99);
-    state.counters[Counters::floorP50] = floor.percentile(50);
-    state.counters[Counters::floorP99] = floor.percentile(99);
-}
-
 } // namespace
 
 void registerDecoupler(CRatioTable& table)
@@ -201,7 +133,7 @@ void registerDecoupler(CRatioTable& table)
     table.add({"the same, against a signal and H", model, {signal}});
 
     const std::string frame = "isolated frame";
-    benchmark::RegisterBenchmark(frame.c_str(), measureIsolatedFrames)->UseManualTime()->Iterations(1000);
+    addIsolatedFrames<CMailboxChannel, CModelChannel>(frame);
     const std::string work = "isolated frame through a decoupler, ";
     table.add({work + "p50", frame, {frame}, 1.15, Counters::p50, Counters::floorP50});
     table.add({work + "p99", frame, {frame}, 1.15, Counters::p99, Counters::floorP99});

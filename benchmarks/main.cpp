@@ -33,6 +33,7 @@ int main(int argc, char* argv[])
     registerDecoupler(table);
     registerService(table, largest);
     registerThreads(table);
+    registerWorkers(table);
 #ifdef HALVEX_BENCH_PEERS
     registerPeers(table);
 #endif

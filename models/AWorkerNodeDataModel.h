@@ -29,11 +29,11 @@ class CWorkQueue;
  * pool, and the result goes out in the graph's thread again, from its event loop.
  *
  * \code
- * class CBlurModel : public AWorkerNodeDataModel
+ * class CWideBlurModel : public AWorkerNodeDataModel
  * {
  * public:
  *     QString caption() override { return name(); }
- *     QString name() override { return QStringLiteral("Blur"); }
+ *     QString name() override { return QStringLiteral("Wide Blur"); }
  *     unsigned int nPorts(ENodePortType side) const override { return side == ENodePortType::None ? 0 : 1; }
  *     SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return CImageData().type(); }
  *     bool isUnique() override { return false; }
@@ -142,8 +142,8 @@ public:
     /// What became of the frames so far; all numbers are of one moment.
     SWorkerStatistics statistics() const;
 
-    /// Waits until no work of models that are gone is running, at most \a milliseconds. Returns false, and one warning
-    /// says so, if that is not enough. For any thread.
+    /// Waits until no work of models that are gone is running, at most \a milliseconds. Returns false, and a warning says
+    /// so, if that is not enough. A plugin whose models are workers calls it before it is unloaded. For any thread.
     static bool waitForRemovedWork(unsigned long milliseconds = 30000);
 
 Q_SIGNALS:

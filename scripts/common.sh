@@ -12,7 +12,7 @@ test_packages=(aravis-tools # arv-fake-gv-camera-0.8, a GigE Vision camera on th
 race_packages=(qtbase5-private-dev) # how Qt's events name their sender, for the race detector
 fuzz_packages=(clang libclang-rt-dev llvm)
 coverage_packages=(gcovr)
-bench_packages=(libbenchmark-dev valgrind)
+bench_packages=(libbenchmark-dev libopencv-core-dev libopencv-imgproc-dev valgrind)
 bench_peers_packages=(pkg-config libtbb-dev libboost-dev # what the benchmarks can be compared with
     libgstreamer1.0-dev libunwind-dev) # LLVM's libunwind stands in for it as a package, but has no file for pkg-config
 lint_packages=(clang-format clang-tidy clazy)

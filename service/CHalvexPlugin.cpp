@@ -3,6 +3,7 @@
 
 #include <Halvex/service/CHalvexPlugin.h>
 
+#include <Halvex/models/AWorkerNodeDataModel.h>
 #include <Halvex/models/CGenericNodeDecouplerDataModel.h>
 #include <Halvex/service/CVeltraGrabResultData.h>
 
@@ -18,7 +19,12 @@ CHalvexPlugin::CHalvexPlugin()
 {
 }
 
-CHalvexPlugin::~CHalvexPlugin() = default;
+CHalvexPlugin::~CHalvexPlugin()
+{
+    m_service.reset();
+    // What a thread pool runs for models that are gone is code of this library.
+    AWorkerNodeDataModel::waitForRemovedWork();
+}
 
 bool CHalvexPlugin::initialize(const QWeakPointer<Core::Service::IServiceManager>& manager)
 {

@@ -52,6 +52,16 @@ struct PSinkModel : PModel<ASinkNodeDataModel>
     bool isUnique() override { return false; }
 };
 
+struct PWorkerModel : AWorkerNodeDataModel
+{
+    QString caption() override { return {}; }
+    QString name() override { return {}; }
+    unsigned int nPorts(ENodePortType) const override { return 0; }
+    SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return {}; }
+    bool isUnique() override { return false; }
+    Work makeWork() const override { return {}; }
+};
+
 template class Plugin::Halvex::CGenericNodeDecouplerDataModel<CVeltraGrabResultData>;
 
 struct PDecouplerModel : CNodeDecouplerDataModelBase

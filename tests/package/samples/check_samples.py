@@ -26,6 +26,7 @@ HERE = pathlib.Path(__file__).resolve().parent
 GIVEN = {
     "ASinkNodeDataModel.h": "extern CDisplayModel& display; extern CWindow* window;",
     "ASourceNodeDataModel.h": "extern ASourceNodeDataModel& camera; extern CNodeDataPtr frame;",
+    "AWorkerNodeDataModel.h": "CNodeDataPtr blurred(const CNodeDataPtr& image, int radius);",
     "CDecoupler.h": "extern CDisplay* display; extern CNodeDataPtr frame;",
     "CGrabResultPtr.h": "extern Veltra::SGrabResult result; template <typename... Pixels> void show(Pixels...);",
     "CHalvexPlugin.h": """
