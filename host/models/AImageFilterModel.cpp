@@ -5,9 +5,36 @@
 
 #include "host/models/CImageData.h"
 
+#include <QString>
+
+#include <stdexcept>
+
 namespace Host {
 
 using namespace Plugin::Halvex;
+
+namespace {
+
+CNodeDataPtr filtered(const CNodeDataPtr& data, const std::function<cv::Mat(const cv::Mat&)>& filter)
+{
+    const auto input = data.dynamicCast<CImageData>();
+    if (!input || input->image().empty())
+        throw std::invalid_argument("this is no image");
+    try {
+        return QSharedPointer<CImageData>::create(filter(input->image()), input->info());
+    } catch (const cv::Exception& exception) {
+        // Without the place in the library's sources that its what() begins with.
+        throw std::runtime_error(QString::fromStdString(exception.err).simplified().toStdString());
+    }
+}
+
+} // namespace
+
+AImageFilterModel::AImageFilterModel()
+{
+    setPolicy(EPolicy::DropOldest);
+    setMostWaiting(16);
+}
 
 unsigned int AImageFilterModel::nPorts(ENodePortType portType) const
 {
@@ -19,41 +46,9 @@ SNodeDataType AImageFilterModel::dataType(ENodePortType, NodePortIndex) const
     return CImageData::dataType();
 }
 
-void AImageFilterModel::setInData(CNodeDataPtr data, NodePortIndex)
+AWorkerNodeDataModel::Work AImageFilterModel::makeWork() const
 {
-    m_message.clear();
-    m_output = processed(data);
-    if (m_output)
-        Q_EMIT dataUpdated(0);
-    else
-        Q_EMIT dataInvalidated(0);
-}
-
-CNodeDataPtr AImageFilterModel::processed(const CNodeDataPtr& data)
-{
-    const auto input = data.dynamicCast<CImageData>();
-    if (!input || input->image().empty())
-        return {};
-
-    CNodeDataPtr output;
-    Q_EMIT computingStarted();
-    try {
-        output = QSharedPointer<CImageData>::create(process(input->image()), input->info());
-    } catch (const cv::Exception& exception) {
-        m_message = QString::fromStdString(exception.err).simplified();
-    }
-    Q_EMIT computingFinished();
-    return output;
-}
-
-CNodeDataPtr AImageFilterModel::outData(NodePortIndex index)
-{
-    return index == 0 ? m_output : CNodeDataPtr();
-}
-
-ENodeValidationState AImageFilterModel::validationState() const
-{
-    return m_message.isEmpty() ? ENodeValidationState::Valid : ENodeValidationState::Error;
+    return [filter = makeFilter()](const Inputs& inputs) { return filtered(inputs.front(), filter); };
 }
 
 } // namespace Host

@@ -3,49 +3,46 @@
 
 #pragma once
 
-#include <Halvex/models/ANodeDataModel.h>
+#include <Halvex/models/AWorkerNodeDataModel.h>
 
 #include <opencv2/core.hpp>
 
-#include <QString>
+#include <functional>
 
 namespace Host {
 
 /**
- * What image filters have in common: one image in, one image out, computed at once.
+ * What image filters have in common: one image in, one image out, computed in a thread pool.
  *
- * A subclass gives its names and process(). Empty data, data that is no image and an image that process() cannot
- * work on clear the output and announce dataInvalidated(); the reason of the last is the validation message. The
- * output carries the frame information of the input.
+ * A subclass gives its names and makeFilter(). Data that is no image, and an image that the filter cannot work on, fail
+ * with a validation message. The output carries the frame information of the input.
  *
- * Threads: as every model.
+ * Unless a document says otherwise, every frame is filtered, in the order of the frames; of more than 16 that wait the
+ * oldest is dropped.
+ *
+ * Threads: as every worker model.
  */
-class AImageFilterModel : public Plugin::Halvex::ANodeDataModel
+class AImageFilterModel : public Plugin::Halvex::AWorkerNodeDataModel
 {
     Q_OBJECT
 
 public:
-    AImageFilterModel() = default;
+    AImageFilterModel();
 
     unsigned int nPorts(Plugin::Halvex::ENodePortType portType) const override;
     Plugin::Halvex::SNodeDataType dataType(Plugin::Halvex::ENodePortType portType,
                                            Plugin::Halvex::NodePortIndex index) const override;
-    void setInData(Plugin::Halvex::CNodeDataPtr data, Plugin::Halvex::NodePortIndex index) override;
-    Plugin::Halvex::CNodeDataPtr outData(Plugin::Halvex::NodePortIndex index) override;
-    Plugin::Halvex::ENodeValidationState validationState() const override;
-    QString validationMessage() const override { return m_message; }
     bool isUnique() override { return false; }
 
 protected:
-    /// The filtered image, a new one: \a image is shared with other nodes. It is not empty. May throw cv::Exception
-    /// for an image that the filter has no answer to.
-    virtual cv::Mat process(const cv::Mat& image) const = 0;
+    /// Makes the filtered image, a new one, of an image that is shared with other nodes and not empty. May throw
+    /// cv::Exception for an image that it has no answer to. Called in several threads at once.
+    using Filter = std::function<cv::Mat(const cv::Mat& image)>;
 
-private:
-    Plugin::Halvex::CNodeDataPtr processed(const Plugin::Halvex::CNodeDataPtr& data);
+    /// The filter with a copy of the model's settings.
+    virtual Filter makeFilter() const = 0;
 
-    Plugin::Halvex::CNodeDataPtr m_output;
-    QString m_message;
+    Work makeWork() const override;
 };
 
 } // namespace Host

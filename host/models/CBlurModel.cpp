@@ -6,17 +6,25 @@
 #include <opencv2/imgproc.hpp>
 
 namespace Host {
+namespace {
+
+cv::Mat blurred(const cv::Mat& image)
+{
+    cv::Mat blurred;
+    cv::GaussianBlur(image, blurred, cv::Size(7, 7), 0);
+    return blurred;
+}
+
+} // namespace
 
 QString CBlurModel::modelName()
 {
     return QStringLiteral("Blur");
 }
 
-cv::Mat CBlurModel::process(const cv::Mat& image) const
+AImageFilterModel::Filter CBlurModel::makeFilter() const
 {
-    cv::Mat blurred;
-    cv::GaussianBlur(image, blurred, cv::Size(7, 7), 0);
-    return blurred;
+    return &blurred;
 }
 
 } // namespace Host

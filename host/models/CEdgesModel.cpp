@@ -8,17 +8,25 @@
 #include <opencv2/imgproc.hpp>
 
 namespace Host {
+namespace {
+
+cv::Mat edgesOf(const cv::Mat& image)
+{
+    cv::Mat edges;
+    cv::Canny(grayImage(image), edges, 50, 150);
+    return edges;
+}
+
+} // namespace
 
 QString CEdgesModel::modelName()
 {
     return QStringLiteral("Edges");
 }
 
-cv::Mat CEdgesModel::process(const cv::Mat& image) const
+AImageFilterModel::Filter CEdgesModel::makeFilter() const
 {
-    cv::Mat edges;
-    cv::Canny(grayImage(image), edges, 50, 150);
-    return edges;
+    return &edgesOf;
 }
 
 } // namespace Host

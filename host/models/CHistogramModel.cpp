@@ -31,9 +31,7 @@ cv::Mat counts(const cv::Mat& gray)
     return bins;
 }
 
-} // namespace
-
-cv::Mat CHistogramModel::process(const cv::Mat& image) const
+cv::Mat drawnHistogram(const cv::Mat& image)
 {
     const cv::Mat bins = counts(grayImage(image));
     cv::Mat drawing = cv::Mat::zeros(height, values, CV_8UC1);
@@ -42,6 +40,13 @@ cv::Mat CHistogramModel::process(const cv::Mat& image) const
         drawing(cv::Rect(value, height - bar, 1, bar)).setTo(255);
     }
     return drawing;
+}
+
+} // namespace
+
+AImageFilterModel::Filter CHistogramModel::makeFilter() const
+{
+    return &drawnHistogram;
 }
 
 } // namespace Host

@@ -8,17 +8,25 @@
 #include <opencv2/imgproc.hpp>
 
 namespace Host {
+namespace {
+
+cv::Mat thresholded(const cv::Mat& image)
+{
+    cv::Mat blackAndWhite;
+    cv::threshold(grayImage(image), blackAndWhite, 0, 255, cv::THRESH_BINARY | cv::THRESH_OTSU);
+    return blackAndWhite;
+}
+
+} // namespace
 
 QString CThresholdModel::modelName()
 {
     return QStringLiteral("Threshold");
 }
 
-cv::Mat CThresholdModel::process(const cv::Mat& image) const
+AImageFilterModel::Filter CThresholdModel::makeFilter() const
 {
-    cv::Mat blackAndWhite;
-    cv::threshold(grayImage(image), blackAndWhite, 0, 255, cv::THRESH_BINARY | cv::THRESH_OTSU);
-    return blackAndWhite;
+    return &thresholded;
 }
 
 } // namespace Host

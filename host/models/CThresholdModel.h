@@ -19,7 +19,7 @@ public:
     QString name() override { return modelName(); }
 
 protected:
-    cv::Mat process(const cv::Mat& image) const override;
+    Filter makeFilter() const override;
 };
 
 } // namespace Host

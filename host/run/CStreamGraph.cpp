@@ -8,6 +8,7 @@
 #include "host/run/CGraphText.h"
 
 #include <Halvex/models/ASourceNodeDataModel.h>
+#include <Halvex/models/AWorkerNodeDataModel.h>
 #include <Halvex/models/CNodeDecouplerDataModelBase.h>
 
 #include <algorithm>
@@ -24,6 +25,11 @@ CNodeDataEntry entryOf(const CNodeBase& camera)
     const auto* const source = qobject_cast<ASourceNodeDataModel*>(camera.nodeDataModel());
     Q_ASSERT(source);
     return source->dataEntry();
+}
+
+QString numbered(std::size_t number, CNodeDataModel& model)
+{
+    return QStringLiteral("[%1] %2").arg(number).arg(model.caption());
 }
 
 SSinkReport sinkReport(const IFrameSink& sink)
@@ -70,6 +76,10 @@ void CStreamGraph::addNode(const CNodeBase& node)
             Q_EMIT cameThrough();
         });
     }
+    if (auto* worker = qobject_cast<AWorkerNodeDataModel*>(model)) {
+        m_workers.push_back(worker);
+        connect(model, &CNodeDataModel::computingFinished, this, &CStreamGraph::cameThrough);
+    }
 }
 
 QString CStreamGraph::changedText(const QString& camera)
@@ -87,10 +97,13 @@ void CStreamGraph::onChanged()
 
 bool CStreamGraph::isDrained() const
 {
-    return std::all_of(m_decouplers.begin(), m_decouplers.end(), [](const SDecoupler& decoupler) {
+    const auto hasComeThrough = [](const SDecoupler& decoupler) {
         const SDecouplerStatistics counts = decoupler.model->statistics();
         return counts.pending == 0 && counts.emitted == decoupler.delivered;
-    });
+    };
+    const auto isDone = [](const AWorkerNodeDataModel* worker) { return worker->statistics().pending == 0; };
+    return std::all_of(m_decouplers.begin(), m_decouplers.end(), hasComeThrough) &&
+           std::all_of(m_workers.begin(), m_workers.end(), isDone);
 }
 
 std::chrono::milliseconds CStreamGraph::drainTime() const
@@ -115,9 +128,10 @@ CStreamGraph::Counts CStreamGraph::expected(quint64 frames) const
     auto edge = edges.begin();
     for (std::size_t i = 0; i < m_nodes.size(); ++i) {
         CNodeDataModel* const model = m_nodes[i]->nodeDataModel();
-        const auto* decoupler = qobject_cast<CNodeDecouplerDataModelBase*>(model);
-        if (decoupler)
+        if (const auto* decoupler = qobject_cast<CNodeDecouplerDataModelBase*>(model))
             out[i] = decoupler->statistics().emitted;
+        else if (const auto* worker = qobject_cast<AWorkerNodeDataModel*>(model))
+            out[i] = worker->statistics().emitted;
         else
             out[i] = m_nodes[i] == &m_camera ? frames : in[i];
         for (; edge != edges.end() && std::size_t(edge->first) == i; ++edge)
@@ -137,10 +151,11 @@ void CStreamGraph::account(SRunReport* report) const
             report->sinks.push_back(sinkReport(*sink));
             report->sinks.back().expected = in[i];
         } else if (decoupler != m_decouplers.end() && decoupler->node == m_nodes[i]) {
-            report->decouplers.push_back({QStringLiteral("[%1] %2").arg(i).arg(model->caption()),
-                                          decoupler->model->framesPerSecond(), decoupler->model->statistics(), in[i],
-                                          decoupler->delivered});
+            report->decouplers.push_back({numbered(i, *model), decoupler->model->framesPerSecond(),
+                                          decoupler->model->statistics(), in[i], decoupler->delivered});
             ++decoupler;
+        } else if (const auto* worker = qobject_cast<AWorkerNodeDataModel*>(model)) {
+            report->workers.push_back({numbered(i, *model), worker->statistics(), in[i]});
         }
     }
 }

@@ -14,6 +14,7 @@
 #include <vector>
 
 namespace Plugin::Halvex {
+class AWorkerNodeDataModel;
 class CNodeDecouplerDataModelBase;
 } // namespace Plugin::Halvex
 
@@ -54,18 +55,19 @@ public:
     /// False once the scene is not what it was when this object was made.
     bool isIntact() const { return m_isIntact; }
 
-    /// Whether no decoupler holds anything back or has anything on its way: all that went in has come through.
+    /// Whether no decoupler and no worker holds anything back or has anything on its way: all that went in has come
+    /// through.
     bool isDrained() const;
 
     /// How long draining takes at most, once nothing goes in any more: a tick for each decoupler, and time to spare.
     std::chrono::milliseconds drainTime() const;
 
-    /// Fills in the graph, its decouplers and sinks. What they should have got follows from \a report's complete
-    /// frames and what each decoupler let through.
+    /// Fills in the graph, its decouplers, workers and sinks. What they should have got follows from \a report's
+    /// complete frames and what each decoupler and worker let through.
     void account(SRunReport* report) const;
 
 Q_SIGNALS:
-    /// What a decoupler let through has gone through everything behind it.
+    /// What a decoupler or a worker let through has gone through everything behind it.
     void cameThrough();
 
     /// The scene is being changed, or destroyed; once.
@@ -90,6 +92,7 @@ private:
     std::vector<const Plugin::Halvex::CNodeBase*> m_nodes; // by their numbers in the text
     std::vector<IFrameSink*> m_sinks;
     std::vector<SDecoupler> m_decouplers;
+    std::vector<Plugin::Halvex::AWorkerNodeDataModel*> m_workers;
     bool m_isIntact = true;
 };
 

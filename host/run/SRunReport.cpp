@@ -4,11 +4,11 @@
 #include "host/run/SRunReport.h"
 
 #include <QFileInfo>
+#include <QStringList>
 #include <QTextStream>
 
 #include <algorithm>
 #include <cmath>
-#include <initializer_list>
 
 namespace Host {
 
@@ -36,22 +36,44 @@ void writeRow(QTextStream& out, const QString& sink, const QString& delivered, c
         << percentile99.rightJustified(11) << written.rightJustified(9) << "  " << files << '\n';
 }
 
+/// A name and figures below their headings.
+void writeFigures(QTextStream& out, const QString& name, const QStringList& figures)
+{
+    out << name.leftJustified(26);
+    for (const QString& figure : figures)
+        out << figure.rightJustified(11);
+    out << '\n';
+}
+
 void writeDecouplers(QTextStream& out, const std::vector<SDecouplerReport>& decouplers)
 {
-    const auto row = [&out](const QString& name, std::initializer_list<QString> cells) {
-        out << name.leftJustified(26);
-        for (const QString& cell : cells)
-            out << cell.rightJustified(11);
-        out << '\n';
-    };
-    row(QStringLiteral("Decoupler"),
-        {QStringLiteral("per second"), QStringLiteral("received"), QStringLiteral("emitted"), QStringLiteral("dropped"),
-         QStringLiteral("cancelled"), QStringLiteral("pending")});
+    writeFigures(out, "Decoupler", {"per second", "received", "emitted", "dropped", "cancelled", "pending"});
     for (const SDecouplerReport& decoupler : decouplers) {
         const auto& counts = decoupler.counts;
-        row(decoupler.name, {QString::number(decoupler.framesPerSecond), QString::number(counts.received),
-                             QString::number(counts.emitted), QString::number(counts.dropped),
-                             QString::number(counts.cancelled), QString::number(counts.pending)});
+        writeFigures(out, decoupler.name,
+                     {QString::number(decoupler.framesPerSecond), QString::number(counts.received),
+                      QString::number(counts.emitted), QString::number(counts.dropped),
+                      QString::number(counts.cancelled), QString::number(counts.pending)});
+    }
+    out << '\n';
+}
+
+QString percent(double share)
+{
+    return QStringLiteral("%1 %").arg(share * 100, 0, 'f', 1);
+}
+
+void writeWorkers(QTextStream& out, const std::vector<SWorkerReport>& workers, std::chrono::nanoseconds span)
+{
+    writeFigures(out, "Filter", {"of a core", "p50", "p99", "received", "emitted", "dropped", "failed"});
+    for (const SWorkerReport& worker : workers) {
+        const auto& counts = worker.counts;
+        const double share = span.count() > 0 ? double(counts.workSum) / double(span.count()) : 0;
+        writeFigures(out, worker.name,
+                     {percent(share), milliseconds(std::chrono::nanoseconds(counts.workP50)),
+                      milliseconds(std::chrono::nanoseconds(counts.workP99)), QString::number(counts.received),
+                      QString::number(counts.emitted), QString::number(counts.dropped + counts.cancelled),
+                      QString::number(counts.failed)});
     }
     out << '\n';
 }
@@ -71,6 +93,43 @@ QString decouplerMismatch(const SDecouplerReport& decoupler)
     return {};
 }
 
+QString workerMismatch(const SWorkerReport& worker)
+{
+    const auto& counts = worker.counts;
+    if (counts.received != worker.expected)
+        return QStringLiteral("the filter '%1' received %2 frames, not the %3 that went its way")
+            .arg(worker.name)
+            .arg(counts.received)
+            .arg(worker.expected);
+    if (counts.pending != 0)
+        return QStringLiteral("the filter '%1' did not get done with its frames in time").arg(worker.name);
+    if (counts.failed != 0)
+        return QStringLiteral("the filter '%1' failed on %2 frames").arg(worker.name).arg(counts.failed);
+    return {};
+}
+
+/// The first complaint about any of \a reports; empty if there is none.
+template <typename Reports, typename Mismatch>
+QString firstMismatch(const Reports& reports, const Mismatch& mismatch)
+{
+    for (const auto& report : reports) {
+        const QString error = mismatch(report);
+        if (!error.isEmpty())
+            return error;
+    }
+    return {};
+}
+
+QString sinkMismatch(const SSinkReport& sink)
+{
+    if (sink.delivered == sink.expected)
+        return {};
+    return QStringLiteral("the sink '%1' got %2 frames, not the %3 that went its way")
+        .arg(sink.name)
+        .arg(sink.delivered)
+        .arg(sink.expected);
+}
+
 } // namespace
 
 double SRunReport::framesPerSecond() const
@@ -82,19 +141,10 @@ double SRunReport::framesPerSecond() const
 
 QString SRunReport::mismatch() const
 {
-    for (const SDecouplerReport& decoupler : decouplers) {
-        const QString error = decouplerMismatch(decoupler);
-        if (!error.isEmpty())
-            return error;
-    }
-    const auto found = std::find_if(sinks.begin(), sinks.end(),
-                                    [](const SSinkReport& sink) { return sink.delivered != sink.expected; });
-    if (found == sinks.end())
-        return {};
-    return QStringLiteral("the sink '%1' got %2 frames, not the %3 that went its way")
-        .arg(found->name)
-        .arg(found->delivered)
-        .arg(found->expected);
+    QString error = firstMismatch(decouplers, &decouplerMismatch);
+    if (error.isEmpty())
+        error = firstMismatch(workers, &workerMismatch);
+    return error.isEmpty() ? firstMismatch(sinks, &sinkMismatch) : error;
 }
 
 QString SRunReport::text() const
@@ -110,6 +160,8 @@ QString SRunReport::text() const
     out << "Frames per second  " << QString::number(framesPerSecond(), 'f', 1) << "\n\n";
     if (!decouplers.empty())
         writeDecouplers(out, decouplers);
+    if (!workers.empty())
+        writeWorkers(out, workers, span);
     writeRow(out, QStringLiteral("Sink"), QStringLiteral("delivered"), QStringLiteral("grab to sink p50"),
              QStringLiteral("p99"), QStringLiteral("written"), QStringLiteral("files"));
     for (const SSinkReport& sink : sinks)

@@ -6,6 +6,7 @@
 #include "host/camera/SGrabStatistics.h"
 
 #include <Halvex/models/SDecouplerStatistics.h>
+#include <Halvex/models/SWorkerStatistics.h>
 
 #include <QString>
 
@@ -36,6 +37,13 @@ struct SDecouplerReport
 };
 
 /// What a run did. A plain value.
+struct SWorkerReport
+{
+    QString name;
+    Plugin::Halvex::SWorkerStatistics counts;
+    quint64 expected = 0; ///< What must have been received.
+};
+
 struct SRunReport
 {
     QString camera; ///< Its name and format.
@@ -44,6 +52,7 @@ struct SRunReport
     SGrabStatistics frames;
     std::chrono::nanoseconds span{0}; ///< From the first to the last complete frame.
     std::vector<SDecouplerReport> decouplers;
+    std::vector<SWorkerReport> workers;
     std::vector<SSinkReport> sinks;
 
     /// Frames between the first and the last over the time between them; 0 with fewer than two.
