@@ -4,25 +4,13 @@
 #pragma once
 
 #include "Measuring.h"
-
-#include <QCoreApplication>
-#include <QEventLoop>
+#include "SendOne.h"
 
 #include <algorithm>
 #include <chrono>
 #include <string>
 #include <thread>
 #include <vector>
-
-/// Sends a frame that may go out and waits until it is there.
-template <typename Channel>
-void sendOne(Channel& channel, const Plugin::Halvex::CNodeDataPtr& frame)
-{
-    const int before = channel.received;
-    channel.push(frame);
-    while (channel.received == before)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-}
 
 /// How long single frames take through a channel.
 template <typename Channel>

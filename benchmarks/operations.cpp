@@ -3,14 +3,16 @@
 
 // Does one thing many times, for a profiler that counts instructions.
 //
-//   halvex-operations engine|floor|nothing construct|load|import|find|push TIMES
+//   halvex-operations engine|floor|nothing construct|load|import|find|push|work TIMES
 
 #include "CDocumentScene.h"
 #include "CImportService.h"
 #include "CMailbox.h"
 #include "CSceneChain.h"
 #include "CSignalChain.h"
+#include "CWorkerChannel.h"
 #include "SDocument.h"
+#include "SendOne.h"
 
 #include <Halvex/models/CDecoupler.h>
 
@@ -98,6 +100,26 @@ void push(const char* who, int times)
         });
 }
 
+/// A frame through an empty worker and back: the floor is a runnable on the same pool, and one queued call.
+void work(const char* who, int times)
+{
+    const CNodeDataPtr frame = makeFrame();
+    const auto send = [&](auto& channel) {
+        for (int i = 0; i < times; ++i)
+            sendOne(channel, frame);
+    };
+    choose(
+        who,
+        [&] {
+            CWorkerChannel channel;
+            send(channel);
+        },
+        [&] {
+            CPoolChannel channel;
+            send(channel);
+        });
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
@@ -107,7 +129,8 @@ int main(int argc, char* argv[])
     {
         const char* name;
         void (*work)(const char* who, int times);
-    } operations[] = {{"construct", construct}, {"load", load}, {"import", import}, {"find", find}, {"push", push}};
+    } operations[] = {{"construct", construct}, {"load", load}, {"import", import},
+                      {"find", find},           {"push", push}, {"work", work}};
     if (argc != 4)
         return 2;
     for (const auto& operation : operations) {

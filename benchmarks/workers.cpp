@@ -4,17 +4,15 @@
 // What it costs to move work to other cores, and what it gains.
 
 #include "CLatencies.h"
+#include "CWorkerChannel.h"
 #include "Measuring.h"
 
 #include <Halvex/models/ASinkNodeDataModel.h>
 #include <Halvex/models/ASourceNodeDataModel.h>
-#include <Halvex/models/AWorkerNodeDataModel.h>
 #include <Halvex/models/CNodeDataFlowProxy.h>
 #include <Halvex/scene/CNodeScene.h>
 
 #include <QCoreApplication>
-#include <QRunnable>
-#include <QThreadPool>
 
 #include <opencv2/core.hpp>
 #include <opencv2/imgproc.hpp>
@@ -25,85 +23,6 @@
 using namespace Plugin::Halvex;
 
 namespace {
-
-/// The floor: a runnable started on the pool, and one queued call back.
-class CPoolChannel
-{
-public:
-    void push(const CNodeDataPtr& data) { QThreadPool::globalInstance()->start(new CTask(*this, data)); }
-    void tick() {}
-
-    int received = 0;
-
-private:
-    class CTask : public QRunnable
-    {
-    public:
-        CTask(CPoolChannel& channel, CNodeDataPtr data)
-            : m_channel(channel)
-            , m_data(std::move(data))
-        {
-        }
-        void run() override
-        {
-            const auto take = [channel = &m_channel, result = m_data] {
-                channel->m_data = result;
-                ++channel->received;
-            };
-            QMetaObject::invokeMethod(&m_channel.m_receiver, take, Qt::QueuedConnection);
-        }
-
-    private:
-        CPoolChannel& m_channel;
-        CNodeDataPtr m_data;
-    };
-
-    QObject m_receiver;
-    CNodeDataPtr m_data;
-};
-
-/// A worker with one input. Its work is a function.
-class CFunctionModel : public AWorkerNodeDataModel
-{
-public:
-    using Function = CNodeDataPtr (*)(const CNodeDataPtr&);
-
-    explicit CFunctionModel(Function function)
-        : m_function(function)
-    {
-    }
-    QString caption() override { return name(); }
-    QString name() override { return QStringLiteral("Function"); }
-    bool isUnique() override { return false; }
-    unsigned int nPorts(ENodePortType) const override { return 1; }
-    SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return CFrame().type(); }
-
-protected:
-    Work makeWork() const override
-    {
-        return [function = m_function](const Inputs& inputs) { return function(inputs.front()); };
-    }
-
-private:
-    Function m_function;
-};
-
-class CWorkerChannel
-{
-public:
-    CWorkerChannel()
-    {
-        QObject::connect(&m_model, &CNodeDataModel::dataUpdated, &m_model, [this] { ++received; });
-    }
-
-    void push(const CNodeDataPtr& data) { m_model.setInData(data, 0); }
-    void tick() {}
-
-    int received = 0;
-
-private:
-    CFunctionModel m_model{[](const CNodeDataPtr& data) { return data; }};
-};
 
 template <typename Channel>
 std::string addSingleFrames(const std::string& name)

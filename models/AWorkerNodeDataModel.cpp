@@ -39,8 +39,8 @@ void AWorkerNodeDataModel::setInData(CNodeDataPtr data, NodePortIndex index)
         return;
 
     const std::size_t port = std::size_t(index);
-    CInputGatherer::Inputs frame;
-    CInputGatherer::Inputs passedOver; // released last: destructors of data are foreign code
+    Inputs frame = std::exchange(m_spareFrame, {});
+    Inputs passedOver; // released last: destructors of data are foreign code
     if (!data) {
         m_gatherer->clear(passedOver);
         m_queue->cancel();
@@ -60,8 +60,12 @@ void AWorkerNodeDataModel::addFrame(Inputs& frame)
         m_work = std::make_shared<const Work>(makeWork());
     if (!std::exchange(m_isComputing, true))
         Q_EMIT computingStarted();
+    if (!self)
+        return;
+    m_queue->add(frame, m_work);
+    frame.clear();
     if (self)
-        m_queue->add(frame, m_work);
+        m_spareFrame = std::move(frame);
 }
 
 CNodeDataPtr AWorkerNodeDataModel::outData(NodePortIndex index)
@@ -74,9 +78,10 @@ void AWorkerNodeDataModel::onResultsReady()
     const QPointer<AWorkerNodeDataModel> self(this);
     m_queue->beginDelivery();
     while (auto result = m_queue->takeNext()) {
+        const bool isNews = !result->error.isNull() && result->error != m_message;
         m_message = result->error;
-        if (!result->error.isNull())
-            report(result->error);
+        if (isNews)
+            report(m_message);
         if (!self || !giveOut(std::move(result->data)))
             return;
     }

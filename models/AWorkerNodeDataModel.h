@@ -60,9 +60,10 @@ class CWorkQueue;
  * Results leave in the order in which their frames came: what is ready too early waits.
  *
  * Results: each becomes the output, and dataUpdated(0) is emitted. A null result, a frame that failed and empty data
- * make the output empty, and dataInvalidated(0) is emitted. What the work throws is reported to "halvex.graph" with the
- * model's name, is the validation message until a frame succeeds, and counts as failed. computingStarted() is emitted
- * when a frame comes and none is pending, computingFinished() when none is pending any more.
+ * make the output empty, and dataInvalidated(0) is emitted. What the work throws is the validation message until a
+ * frame succeeds, and is reported to "halvex.graph" with the model's name, once as long as it is the same.
+ * computingStarted() is emitted when a frame comes and none is pending, computingFinished() when none is pending any
+ * more.
  *
  * Empty data on any input forgets what was collected, cancels what waits, and lets what is worked on end without a
  * result. It goes out itself, after the results that are complete.
@@ -73,8 +74,8 @@ class CWorkQueue;
  * Threads: the graph's, but for statistics(), which may be called in any while the model exists, and for the work,
  * which runs in the pool's threads. Ownership: as CNodeDataModel. No mutex is held while foreign code runs.
  *
- * Allocations per frame: Qt's event for the result, and what the pool allocates to start a runnable; for a model that
- * is busy, no others.
+ * Allocations per frame: two for Qt's queued call, one in the pool where the runnable waits for its thread, and the
+ * result's own.
  */
 class HALVEX_EXPORT AWorkerNodeDataModel : public ANodeDataModel
 {
@@ -142,8 +143,9 @@ public:
     /// What became of the frames so far; all numbers are of one moment.
     SWorkerStatistics statistics() const;
 
-    /// Waits until no work of models that are gone is running, at most \a milliseconds. Returns false, and a warning says
-    /// so, if that is not enough. A plugin whose models are workers calls it before it is unloaded. For any thread.
+    /// Waits until no work of models that are gone is running, at most \a milliseconds. Returns false, and a warning
+    /// says so, if that is not enough. A plugin whose models are workers calls it before it is unloaded. For any
+    /// thread.
     static bool waitForRemovedWork(unsigned long milliseconds = 30000);
 
 Q_SIGNALS:
@@ -178,6 +180,7 @@ private:
     std::shared_ptr<CWorkQueue> m_queue; // shared with work that may outlive the model
     std::unique_ptr<CInputGatherer> m_gatherer;
     std::shared_ptr<const Work> m_work; // null: to be made
+    Inputs m_spareFrame;                // empty, with room: for the next frame
     CNodeDataPtr m_output;
     QString m_message;
     bool m_isComputing = false;

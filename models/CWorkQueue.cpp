@@ -42,6 +42,7 @@ public:
 
     CJob* next = nullptr;
     std::shared_ptr<CWorkQueue> queue; // while it is in the pool
+    QThreadPool* pool = nullptr;
     Inputs inputs;
     std::shared_ptr<const Work> work;
     CNodeDataPtr result;
@@ -102,11 +103,15 @@ CWorkQueue::~CWorkQueue() = default;
 
 void CWorkQueue::setLimits(const SLimits& limits)
 {
-    {
-        const QMutexLocker lock(&m_mutex);
-        m_limits = limits;
-    }
-    startWaiting();
+    CJob* next = nullptr;
+    do {
+        {
+            const QMutexLocker lock(&m_mutex);
+            m_limits = limits;
+            next = begin();
+        }
+        start(next);
+    } while (next);
 }
 
 void CWorkQueue::setPool(QThreadPool* pool)
@@ -118,6 +123,7 @@ void CWorkQueue::setPool(QThreadPool* pool)
 void CWorkQueue::add(Inputs& inputs, const std::shared_ptr<const Work>& work)
 {
     CDiscarded discarded(*this);
+    CJob* next = nullptr;
     {
         const QMutexLocker lock(&m_mutex);
         ++m_counts.received;
@@ -134,8 +140,9 @@ void CWorkQueue::add(Inputs& inputs, const std::shared_ptr<const Work>& work)
         m_waiting.append(job);
         ++m_waitingCount;
         ++m_counts.pending;
+        next = begin();
     }
-    startWaiting();
+    start(next);
 }
 
 void CWorkQueue::cancel()
@@ -164,7 +171,7 @@ void CWorkQueue::close()
     m_ready = 0;
 
     for (const auto& job : m_jobs) {
-        if (!job->isRunning || !pool().tryTake(job.get()))
+        if (!job->isRunning || !job->pool->tryTake(job.get()))
             continue;
         --m_inPool;
         job->queue.reset();
@@ -204,6 +211,7 @@ void CWorkQueue::countEnd(quint64 SWorkerStatistics::*count)
 std::optional<CWorkQueue::SResult> CWorkQueue::takeNext()
 {
     SResult result;
+    CJob* next = nullptr;
     {
         const QMutexLocker lock(&m_mutex);
         if (!m_begun.first || !m_begun.first->isReady)
@@ -216,8 +224,9 @@ std::optional<CWorkQueue::SResult> CWorkQueue::takeNext()
             countEnd(result.error.isNull() ? &SWorkerStatistics::emitted : &SWorkerStatistics::failed);
         }
         m_unused.append(job);
+        next = begin();
     }
-    startWaiting();
+    start(next);
     return result;
 }
 
@@ -277,23 +286,27 @@ bool CWorkQueue::mayStart() const
     return m_waiting.first && m_running < m_limits.parallelism && m_running + m_ready < 2 * m_limits.parallelism;
 }
 
-void CWorkQueue::startWaiting()
+/// Takes what waits longest out, to be started; null if nothing may begin. Whoever makes room for one asks once.
+CWorkQueue::CJob* CWorkQueue::begin()
 {
-    for (;;) {
-        QMutexLocker lock(&m_mutex);
-        if (!mayStart())
-            return;
-        CJob& job = m_waiting.takeFirst();
-        --m_waitingCount;
-        m_begun.append(job);
-        ++m_running;
-        ++m_inPool;
-        job.isRunning = true;
-        job.queue = shared_from_this();
-        QThreadPool& chosen = pool();
-        lock.unlock(); // Qt may warn, and a message handler is foreign code
-        chosen.start(&job);
-    }
+    if (!mayStart())
+        return nullptr;
+    CJob& job = m_waiting.takeFirst();
+    --m_waitingCount;
+    m_begun.append(job);
+    ++m_running;
+    ++m_inPool;
+    job.isRunning = true;
+    job.queue = shared_from_this();
+    job.pool = &pool();
+    return &job;
+}
+
+/// Without the mutex: Qt may warn, and a message handler is foreign code.
+void CWorkQueue::start(CJob* job)
+{
+    if (job)
+        job->pool->start(job);
 }
 
 /// In the pool.
@@ -314,6 +327,7 @@ void CWorkQueue::perform(CJob& job)
     job.clear();
 
     CDiscarded discarded(*this);
+    CJob* next = nullptr;
     {
         const QMutexLocker lock(&m_mutex);
         recordTime(time);
@@ -321,8 +335,9 @@ void CWorkQueue::perform(CJob& job)
         job.error.swap(error);
         endRun(job, discarded.jobs);
         announce();
+        next = begin();
     }
-    startWaiting();
+    start(next);
 }
 
 /// The last that a job does. Whether the model is gone.

@@ -95,10 +95,11 @@ private:
 
     void perform(CJob& job);
     bool leave();
-    void startWaiting();
+    static void start(CJob* job);
 
     // These expect the mutex to be held.
     CJob& makeJob();
+    CJob* begin();
     QThreadPool& pool() const;
     bool mayStart() const;
     void endRun(CJob& job, SList& discarded);

@@ -362,12 +362,14 @@ void tst_AWorkerNodeDataModel::reportsExceptions()
     QTRY_COMPARE(model.values, Values{-1});
     QCOMPARE(model.validationState(), ENodeValidationState::Error);
     QCOMPARE(model.validationMessage(), QStringLiteral("too dark"));
-    model.send(2);
+    model.send(1);
     QTRY_COMPARE(model.values, (Values{-1, -1}));
+    model.send(2);
+    QTRY_COMPARE(model.values, (Values{-1, -1, -1}));
     model.send(3);
-    QTRY_COMPARE(model.values, (Values{-1, -1, 3}));
+    QTRY_COMPARE(model.values, (Values{-1, -1, -1, 3}));
     QCOMPARE(model.validationState(), ENodeValidationState::Valid);
-    QCOMPARE(model.statistics().failed, quint64(2));
+    QCOMPARE(model.statistics().failed, quint64(3));
     const QString begin = QStringLiteral("The work of the model \"Worker\" ended with an exception: ");
     QCOMPARE(catcher.texts("halvex.graph"), (QStringList{begin + "too dark", begin + "an exception of unknown type"}));
 }
