@@ -9,9 +9,11 @@
 #include "host/models/CHistogramModel.h"
 #include "host/models/CImageData.h"
 #include "host/models/CThresholdModel.h"
+#include "support/CMessageCatcher.h"
 
 #include <opencv2/imgproc.hpp>
 
+#include <QCoreApplication>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -37,11 +39,19 @@ QSharedPointer<CImageData> imageData(const cv::Mat& image = sample())
     return QSharedPointer<CImageData>::create(image, info);
 }
 
+// Returns when what there is to come out is out.
+void send(AImageFilterModel& model, const CNodeDataPtr& data)
+{
+    model.setInData(data, 0);
+    QCoreApplication::processEvents();
+    QVERIFY(QTest::qWaitFor([&model] { return model.statistics().pending == 0; }));
+}
+
 template <typename Model>
 cv::Mat filtered(const cv::Mat& image)
 {
     Model model;
-    model.setInData(imageData(image), 0);
+    send(model, imageData(image));
     const auto output = model.outData(0).template dynamicCast<CImageData>();
     return output ? output->image() : cv::Mat();
 }
@@ -68,11 +78,13 @@ public:
     QString name() override { return {}; }
 
 protected:
-    cv::Mat process(const cv::Mat& image) const override
+    Filter makeFilter() const override
     {
-        cv::Mat result;
-        cv::cvtColor(image, result, cv::COLOR_BGRA2GRAY);
-        return result;
+        return [](const cv::Mat& image) {
+            cv::Mat result;
+            cv::cvtColor(image, result, cv::COLOR_BGRA2GRAY);
+            return result;
+        };
     }
 };
 
@@ -85,7 +97,7 @@ class tst_AImageFilterModel : public QObject
 private Q_SLOTS:
     void imageComesOutFiltered();
     void emptyDataClearsTheOutput();
-    void otherDataCountsAsEmpty();
+    void otherDataIsAnError();
     void refusedImageIsAnError();
     void inputIsLeftAlone();
     void blur();
@@ -100,7 +112,7 @@ void tst_AImageFilterModel::imageComesOutFiltered()
     QSignalSpy updated(&model, &CNodeDataModel::dataUpdated);
     QSignalSpy started(&model, &CNodeDataModel::computingStarted);
     QSignalSpy finished(&model, &CNodeDataModel::computingFinished);
-    model.setInData(imageData(), 0);
+    send(model, imageData());
     QCOMPARE(updated.count(), 1);
     QCOMPARE(updated.at(0).at(0).toInt(), 0);
     QCOMPARE(started.count(), 1);
@@ -115,38 +127,44 @@ void tst_AImageFilterModel::imageComesOutFiltered()
 void tst_AImageFilterModel::emptyDataClearsTheOutput()
 {
     CBlurModel model;
-    model.setInData(imageData(), 0);
+    send(model, imageData());
     QVERIFY(model.outData(0));
     QSignalSpy updated(&model, &CNodeDataModel::dataUpdated);
     QSignalSpy invalidated(&model, &CNodeDataModel::dataInvalidated);
-    model.setInData({}, 0);
+    send(model, {});
     QVERIFY(!model.outData(0));
     QCOMPARE(updated.count(), 0);
     QCOMPARE(invalidated.count(), 1);
-    model.setInData(imageData(cv::Mat()), 0);
-    QVERIFY(!model.outData(0));
     QCOMPARE(model.validationState(), ENodeValidationState::Valid);
 }
 
-void tst_AImageFilterModel::otherDataCountsAsEmpty()
+void tst_AImageFilterModel::otherDataIsAnError()
 {
+    const CMessageCatcher catcher;
     CBlurModel model;
-    model.setInData(imageData(), 0);
-    model.setInData(QSharedPointer<CGrabResultData>::create(Veltra::CGrabResultPtr(), info), 0);
-    QVERIFY(!model.outData(0));
+    for (const CNodeDataPtr& data :
+         {CNodeDataPtr(imageData(cv::Mat())),
+          CNodeDataPtr(QSharedPointer<CGrabResultData>::create(Veltra::CGrabResultPtr(), info))}) {
+        send(model, imageData());
+        QVERIFY(model.outData(0));
+        send(model, data);
+        QVERIFY(!model.outData(0));
+        QCOMPARE(model.validationMessage(), QStringLiteral("this is no image"));
+    }
 }
 
 void tst_AImageFilterModel::refusedImageIsAnError()
 {
+    const CMessageCatcher catcher;
     CRefusingModel model;
     QSignalSpy finished(&model, &CNodeDataModel::computingFinished);
-    model.setInData(imageData(), 0);
+    send(model, imageData());
     QVERIFY(!model.outData(0));
     QCOMPARE(finished.count(), 1);
     QCOMPARE(model.validationState(), ENodeValidationState::Error);
     QVERIFY(!model.validationMessage().isEmpty());
     // The next input starts afresh.
-    model.setInData({}, 0);
+    send(model, {});
     QCOMPARE(model.validationState(), ENodeValidationState::Valid);
     QVERIFY(model.validationMessage().isEmpty());
 }

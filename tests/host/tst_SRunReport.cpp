@@ -18,6 +18,7 @@ private Q_SLOTS:
     void framesPerSecondNeedTwoFrames();
     void sinkThatGotTooFew();
     void decouplerThatDoesNotAddUp();
+    void filterThatIsNotDone();
     void table();
 };
 
@@ -78,6 +79,19 @@ void tst_SRunReport::decouplerThatDoesNotAddUp()
     QCOMPARE(mismatch({9, 4, 3, 2, 0}, 3), notThrough); // one is on its way
 }
 
+void tst_SRunReport::filterThatIsNotDone()
+{
+    const auto mismatch = [](const SWorkerStatistics& counts) {
+        SRunReport report;
+        report.workers = {{"f", counts, 9}};
+        return report.mismatch();
+    };
+    QCOMPARE(mismatch({9, 6, 2, 1, 0, 0}), QString());
+    QCOMPARE(mismatch({8, 8}), QStringLiteral("the filter 'f' received 8 frames, not the 9 that went its way"));
+    QCOMPARE(mismatch({9, 8, 0, 0, 0, 1}), QStringLiteral("the filter 'f' did not get done with its frames in time"));
+    QCOMPARE(mismatch({9, 7, 0, 0, 2, 0}), QStringLiteral("the filter 'f' failed on 2 frames"));
+}
+
 void tst_SRunReport::table()
 {
     SRunReport report;
@@ -87,6 +101,7 @@ void tst_SRunReport::table()
     report.frames = {5, 3, 2, 7};
     report.span = 80ms;
     report.decouplers = {{"[1] Decoupler for VGR", 12.5, {300, 38, 260, 1, 1}, 300, 38}};
+    report.workers = {{"[5] Blur", {38, 30, 5, 1, 2, 0, 20000000, 1234567, 2000000}, 38}};
     report.sinks = {{"none", 3, 3, {}, 0ns, 0ns},
                     {"one", 3, 3, {"o/one/frame-000000.png"}, 1234567ns, 2s},
                     {"more", 3, 3, {"o/frame-000000.png", "o/frame-000001.png", "o/frame-000002.png"}, 5us, 15us}};
@@ -101,6 +116,9 @@ Frames per second  25.0
 
 Decoupler                  per second   received    emitted    dropped  cancelled    pending
 [1] Decoupler for VGR            12.5        300         38        260          1          1
+
+Filter                      of a core        p50        p99   received    emitted    dropped     failed
+[5] Blur                       25.0 %    1.23 ms    2.00 ms         38         30          6          2
 
 Sink        delivered  grab to sink p50        p99  written  files
 none                3           0.00 ms    0.00 ms        0  none
