@@ -8,7 +8,6 @@
 // restored into another node, gives the same; a decoupler has the very rate that it was given, and a timer that ticks
 // at it if that is possible.
 
-#include "support/CFuzzInput.h"
 #include "support/CFuzzModel.h"
 #include "support/FuzzProperties.h"
 #include "support/StableIds.h"

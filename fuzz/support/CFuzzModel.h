@@ -8,9 +8,7 @@
 #include <Halvex/models/ANodeDataModel.h>
 
 #include <QJsonObject>
-#include <QPointer>
 
-#include <functional>
 #include <utility>
 
 /// What a CFuzzModel is like.
@@ -26,8 +24,7 @@ struct SFuzzModelKind
 };
 
 /**
- * A model for inputs that nobody thought of: it passes data on, has a setting that it saves and restores, and calls
- * back in all that it does.
+ * A model for inputs that nobody thought of: it passes data on, and has a setting that it saves and restores.
  *
  * A graph may have more ways than anybody can wait for. What a model takes while deliveriesLeft is 0 ends with it.
  */
@@ -50,7 +47,6 @@ public:
 
     static int alive() { return s_alive; }
     static inline int deliveriesLeft = 0;
-    static inline std::function<void()> onCalled; ///< Runs in every operation that a walk, saving or loading calls.
 
     QString caption() override { return m_kind.name; }
     QString name() override { return m_kind.name; }
@@ -71,29 +67,20 @@ public:
         if (deliveriesLeft == 0)
             return;
         --deliveriesLeft;
-        const QPointer<CFuzzModel> self(this);
-        call();
-        if (self && data)
+        if (data)
             offer(data);
     }
-    CNodeDataPtr outData(NodePortIndex) override
-    {
-        const CNodeDataPtr data = m_data;
-        call();
-        return data;
-    }
+    CNodeDataPtr outData(NodePortIndex) override { return m_data; }
 
     QJsonObject save() const override
     {
         QJsonObject json = ANodeDataModel::save();
         json.insert(QStringLiteral("property"), QJsonObject{{QStringLiteral("setting"), m_setting}});
-        call();
         return json;
     }
     void restore(const QJsonObject& json) override
     {
         m_setting = json[QLatin1String("property")][QLatin1String("setting")].toInt();
-        call();
     }
 
     void offer(const CNodeDataPtr& data)
@@ -103,12 +90,6 @@ public:
     }
 
 private:
-    static void call()
-    {
-        if (onCalled)
-            onCalled();
-    }
-
     SFuzzModelKind m_kind;
     CNodeDataPtr m_data;
     int m_setting = 0;

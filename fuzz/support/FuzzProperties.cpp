@@ -6,12 +6,9 @@
 #include "support/CFuzzModel.h"
 #include "support/CTestModel.h"
 #include "support/SceneConsistency.h"
+#include "support/SceneContent.h"
 
 #include <Halvex/models/CGenericNodeDecouplerDataModel.h>
-
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QSet>
 
 #include <cstdio>
 #include <cstdlib>
@@ -23,16 +20,6 @@ namespace {
 void registerKind(CNodeDataModelRegistry& registry, const SFuzzModelKind& kind)
 {
     registry.registerModel([kind] { return std::make_unique<CFuzzModel>(kind); }, QStringLiteral("Fuzz"));
-}
-
-SNodeDataType typeIn(const QJsonValue& json)
-{
-    return {json[QLatin1String("id")].toString(), json[QLatin1String("name")].toString()};
-}
-
-QString lineOf(const QJsonObject& json)
-{
-    return QString::fromUtf8(QJsonDocument(json).toJson(QJsonDocument::Compact));
 }
 
 } // namespace
@@ -77,39 +64,6 @@ std::shared_ptr<CNodeDataModelRegistry> fuzzRegistry()
         return registry;
     }();
     return shared;
-}
-
-QStringList contentOf(const CNodeScene& scene)
-{
-    const QJsonObject document = QJsonDocument::fromJson(scene.saveToMemory()).object();
-    QStringList lines;
-    QSet<QString> ids;
-    const QJsonArray nodes = document[QLatin1String("nodes")].toArray();
-    for (const QJsonValue& node : nodes) {
-        if (node[QLatin1String("model")][QLatin1String("is_unique")].toBool())
-            continue;
-        ids << node[QLatin1String("id")].toString();
-        QJsonObject json = node.toObject();
-        QJsonObject model = json[QLatin1String("model")].toObject();
-        model.remove(QLatin1String("unique_name"));
-        json[QLatin1String("model")] = model;
-        lines << lineOf(json);
-    }
-
-    const QJsonArray connections = document[QLatin1String("connections")].toArray();
-    for (const QJsonValue& connection : connections) {
-        if (!ids.contains(connection[QLatin1String("in_id")].toString()) ||
-            !ids.contains(connection[QLatin1String("out_id")].toString()))
-            continue;
-        QJsonObject json = connection.toObject();
-        const QJsonValue converter = json[QLatin1String("converter")];
-        if (!scene.registry().getTypeConverter(typeIn(converter[QLatin1String("out")]),
-                                               typeIn(converter[QLatin1String("in")])))
-            json.remove(QLatin1String("converter"));
-        lines << lineOf(json);
-    }
-    lines.sort();
-    return lines;
 }
 
 void requireSoundness(const CNodeScene& scene)

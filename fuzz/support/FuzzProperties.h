@@ -6,7 +6,6 @@
 #include <Halvex/scene/CNodeScene.h>
 
 #include <QString>
-#include <QStringList>
 
 #include <memory>
 
@@ -18,11 +17,6 @@ void registerFuzzModels(Plugin::Halvex::CNodeDataModelRegistry& registry);
 
 /// The one registry, with these in it, of the scenes that fuzzers make by themselves.
 std::shared_ptr<Plugin::Halvex::CNodeDataModelRegistry> fuzzRegistry();
-
-/// One line for each thing that a scene's document says and reading brings back: no unique models, which are only
-/// referred to, no unique names, which models are made with, and no converters between types that the registry has none
-/// for.
-QStringList contentOf(const Plugin::Halvex::CNodeScene& scene);
 
 /// The scene is sound, and its document, read into another scene, gives the same again.
 void requireSoundness(const Plugin::Halvex::CNodeScene& scene);

@@ -3,9 +3,8 @@
 
 // Whatever foreign code destroys or rewires from within the library, in every place where the library calls it.
 
-#include "matrix/CMatrixWorld.h"
-#include "matrix/MatrixHooks.h"
-#include "matrix/MatrixOperations.h"
+#include "world/Hooks.h"
+#include "world/Operations.h"
 
 #include <QTest>
 
@@ -89,7 +88,8 @@ void tst_DeletionMatrix::cell_data()
     QTest::addColumn<SCell>("cell");
     for (const ELayout layout : {ELayout::OneScene, ELayout::SceneEach}) {
         for (const SHook& hook : matrixHooks()) {
-            for (const SOperation& operation : matrixOperations()) {
+            for (std::size_t i = 0; i < matrixOperations; ++i) {
+                const SOperation& operation = operations()[i];
                 for (const ETarget target :
                      {ETarget::AtHand, ETarget::Upstream, ETarget::Downstream, ETarget::Unrelated}) {
                     const SCell cell{layout, &hook, &operation, target};
@@ -113,14 +113,14 @@ void tst_DeletionMatrix::cell()
     Proof proof;
     world->setHandler([&] {
         const SPlace& target = world->at(cell.target);
-        isThere = target.has(cell.operation->part, world->service());
+        isThere = world->has(cell.operation->part, target);
         if (isThere)
-            proof = cell.operation->run(*world, target);
+            proof = cell.operation->run(*world, target, {});
     });
     cell.hook->provoke(*world);
     QVERIFY2(world->hasFired(), "the hook has not run");
     QCOMPARE(isThere, !reasonAgainst(cell));
-    QVERIFY2(!isThere || proof(), "the operation has done nothing");
+    QVERIFY2(!proof || proof(), "the operation has done nothing");
 
     QCOMPARE(world->inconsistency(), QString());
     QCOMPARE(world->inconsistencyOfWalks(), QString());
@@ -128,9 +128,9 @@ void tst_DeletionMatrix::cell()
 
 void tst_DeletionMatrix::cleanup()
 {
-    QCOMPARE(CStepModel::alive(), 0);
+    QCOMPARE(CTestModels::alive(), 0);
     QCOMPARE(CTestData::alive(), 0);
-    QCOMPARE(CMatrixInfo::alive(), 0);
+    QCOMPARE(CWorldInfo::alive(), 0);
 }
 
 QTEST_GUILESS_MAIN(tst_DeletionMatrix)

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "matrix/CMatrixWorld.h"
+#include "world/CMatrixWorld.h"
 
 #include <vector>
 
@@ -16,7 +16,7 @@ struct SGone
     std::vector<ETarget> inSceneEach;
 };
 
-/// A place where the library runs foreign code.
+/// A way in which the library comes to run foreign code: a hook may have several.
 struct SHook
 {
     /// What provoking it takes beyond the plain world.
