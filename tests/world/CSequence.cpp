@@ -131,10 +131,10 @@ QString CSequence::runEnd()
     return wrong.isEmpty() ? wrong : wrong + QStringLiteral("\nat the end");
 }
 
-void CSequence::runOperation(const SRecord& record)
+void CSequence::runOperation(const SRecord& record, const void* atHand)
 {
     StableIds::startOperation(++m_operations);
-    const SPlace place = placeOf(record);
+    const SPlace place = placeOf(record, atHand);
     if (!has(record.operation->part, place))
         return;
     ++s_runs[std::size_t(record.operation - operations().data())];
@@ -147,7 +147,7 @@ void CSequence::runOperation(const SRecord& record)
     }
 }
 
-void CSequence::onHook(EHook hook, const void*)
+void CSequence::onHook(EHook hook, const void* object)
 {
     const int call = ++m_calls[std::size_t(hook)];
     const auto found = std::find_if(m_waiting.begin(), m_waiting.end(),
@@ -166,7 +166,7 @@ void CSequence::onHook(EHook hook, const void*)
         witness().hear(*scene);
     ++m_depth;
     try {
-        runOperation(record);
+        runOperation(record, record.scene % 2 == 0 ? object : nullptr);
         --m_depth;
     } catch (...) {
         --m_depth;
@@ -177,7 +177,7 @@ void CSequence::onHook(EHook hook, const void*)
     }
 }
 
-SPlace CSequence::placeOf(const SRecord& record) const
+SPlace CSequence::placeOf(const SRecord& record, const void* atHand) const
 {
     const auto ofScene = [this](const CNodeScene* scene) { return witness().numberOf(scene); };
     const auto ofNode = [this](const CNodeBase* node) { return witness().numberOf(node); };
@@ -189,6 +189,15 @@ SPlace CSequence::placeOf(const SRecord& record) const
     };
     SPlace place;
     place.scene = anyOf(scenes(), record.scene, ofScene);
+    for (CNodeScene* const scene : scenes()) {
+        const auto isNode = [atHand](const auto& entry) {
+            return entry.second.get() == atHand || entry.second->nodeDataModel() == atHand;
+        };
+        const auto isIt = [atHand](const auto& entry) { return entry.second.get() == atHand; };
+        if (scene == atHand || std::any_of(scene->nodes().begin(), scene->nodes().end(), isNode) ||
+            std::any_of(scene->connections().begin(), scene->connections().end(), isIt))
+            place.scene = scene;
+    }
     if (!place.scene)
         return place;
     const std::vector<CNodeBase*> nodes = nodesOf(*place.scene);
@@ -199,6 +208,8 @@ SPlace CSequence::placeOf(const SRecord& record) const
     }
     std::vector<CNodeBase*> decouplers;
     for (CNodeBase* const node : nodes) {
+        if (node == atHand || (atHand && node->nodeDataModel() == atHand))
+            place.node = node;
         if (qobject_cast<CNodeDecouplerDataModelBase*>(node->nodeDataModel()))
             decouplers.push_back(node);
         const auto* const model = dynamic_cast<CWorldModel*>(node->nodeDataModel());
@@ -208,12 +219,17 @@ SPlace CSequence::placeOf(const SRecord& record) const
         }
     }
     std::vector<CNodeConnection*> connections;
-    for (const auto& entry : place.scene->connections())
+    for (const auto& entry : place.scene->connections()) {
         connections.push_back(entry.second.get());
+        if (entry.second.get() == atHand)
+            place.connection = entry.second.get();
+    }
 
-    place.node = anyOf(nodes, record.node, ofNode);
+    if (!place.node)
+        place.node = anyOf(nodes, record.node, ofNode);
     place.feeder = anyOf(record.arguments.c % 4 == 3 ? all : nodes, record.feeder, ofNode);
-    place.connection = anyOf(connections, record.node, [](const CNodeConnection* which) { return which->id(); });
+    if (!place.connection)
+        place.connection = anyOf(connections, record.node, [](const CNodeConnection* which) { return which->id(); });
     place.decoupler = anyOf(decouplers, record.node, ofNode);
     return place;
 }

@@ -18,7 +18,7 @@
  * (scene, node, feeder), and three arguments.
  *
  * A first byte below 128 begins a step. Others name a hook and which call of it in the step: there, the operation is
- * run within the step, once. It may also throw.
+ * run within the step, once, half of the time on what the hook is about. It may also throw.
  */
 struct SRecord
 {
@@ -60,8 +60,8 @@ private:
 
     QString runStep(const std::vector<SRecord>& records, const Fault& fault);
     QString runEnd();
-    void runOperation(const SRecord& record);
-    SPlace placeOf(const SRecord& record) const;
+    void runOperation(const SRecord& record, const void* atHand = nullptr);
+    SPlace placeOf(const SRecord& record, const void* atHand = nullptr) const;
     void onHook(EHook hook, const void* object) override;
 
     std::vector<SRecord> m_waiting; // for their hooks

@@ -5,6 +5,8 @@
 
 #include <Halvex/models/CNodeDecouplerDataModelBase.h>
 
+#include <QScopeGuard>
+
 using namespace Plugin::Halvex;
 
 CWitness::CWitness(CNodeService& service)
@@ -71,7 +73,10 @@ void CWitness::hear(CNodeScene& scene)
     const auto hearNode = [&](EHook hook, auto signal) {
         QObject::connect(&scene, signal, &m_context,
                          [this, hook, &scene](CNodeBase& node) { onNode(hook, scene, node); });
-        QObject::connect(&scene, signal, &m_context, [this](CNodeBase& node) {
+        QObject::connect(&scene, signal, &m_context, [this, &scene, hook](CNodeBase& node) {
+            require(scene.nodes().count(node.id()) != 0 || scene.isBeingDestroyed() || m_mayReplace ||
+                        hook == EHook::NodeCreated, // an earlier handler may have removed that
+                    "a handler was given a node that is not in its scene");
             require(node.nodeDataModel() && !node.nodeDataModel()->caption().isEmpty(),
                     "a handler was given a node that is not whole");
         });
@@ -105,7 +110,7 @@ void CWitness::onNode(EHook hook, CNodeScene& scene, CNodeBase& node)
     m_told.push_back({hook, numberOf(&scene), known.number, 0});
     if (hook == EHook::NodeCreated)
         hearModel(node);
-    IHookListener::call(hook, &node);
+    call(hook, scene, &node);
 }
 
 void CWitness::onConnection(EHook hook, CNodeScene& scene, CNodeConnection& connection)
@@ -120,7 +125,34 @@ void CWitness::onConnection(EHook hook, CNodeScene& scene, CNodeConnection& conn
     if (hook == EHook::ConnectionCreated)
         QObject::connect(&connection, &CNodeConnection::updated, &m_context,
                          [which = &connection] { IHookListener::call(EHook::Updated, which); });
-    IHookListener::call(hook, &connection);
+    if (hook == EHook::ConnectionCreated)
+        known.ends = endsOf(scene, connection);
+    else
+        require(allEndsOf(connection) >= known.ends || m_isThrown || m_mayReplace,
+                "a connection is whole when its deletion is told");
+    call(hook, scene, &connection);
+}
+
+int CWitness::allEndsOf(const CNodeConnection& connection)
+{
+    return (connection.getNode(ENodePortType::In) ? 1 : 0) + (connection.getNode(ENodePortType::Out) ? 1 : 0);
+}
+
+int CWitness::endsOf(const CNodeScene& scene, const CNodeConnection& connection)
+{
+    for (const ENodePortType side : {ENodePortType::In, ENodePortType::Out}) {
+        const CNodeBase* const node = connection.getNode(side);
+        if (node && scene.nodes().count(node->id()) == 0)
+            return 0; // what happens in another scene is not told
+    }
+    return allEndsOf(connection);
+}
+
+void CWitness::call(EHook hook, const CNodeScene& scene, const void* object)
+{
+    const auto telling = m_telling.insert(&scene);
+    const auto end = qScopeGuard([&] { m_telling.erase(telling); });
+    IHookListener::call(hook, object);
 }
 
 void CWitness::hearModel(CNodeBase& node)
@@ -211,6 +243,7 @@ QString CWitness::complaintAfterStep(std::size_t kept)
         for (const auto& entry : scene->connections()) {
             SConnection& connection = m_connections[entry.second.get()];
             connection.deleted = m_isThrown ? 0 : connection.deleted;
+            connection.ends = endsOf(*scene, *entry.second);
             require(connection.created == 1 && connection.deleted == 0, "a connection that is there was told once");
         }
         nodes += scene->nodes().size();

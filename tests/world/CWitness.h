@@ -11,6 +11,7 @@
 #include <QPointer>
 
 #include <map>
+#include <set>
 #include <vector>
 
 /**
@@ -47,6 +48,9 @@ public:
     int nextNode() const { return m_lastNode + 1; }
     int nextScene() const { return m_lastScene + 1; }
 
+    /// Whether a handler of \a scene's signals is being called.
+    bool isTelling(const CNodeScene* scene) const { return m_telling.count(scene) != 0; }
+
     void beginStep();
     const std::vector<STold>& told() const { return m_told; }
 
@@ -55,7 +59,9 @@ public:
     void onReplacement() { m_mayReplace = true; }
     void onThrown() { m_isThrown = true; }
     void onSceneDestroyedByHost() { m_hasHostDestroyedScene = true; }
+    bool hasHostDestroyedScene() const { return m_hasHostDestroyedScene; }
 
+    void complain(const char* what) { require(false, what); }
     /// The first untruth that was told; empty if there was none.
     QString complaint() const { return m_complaint; }
     /// The same, and what is untrue when nothing is under way. \a kept: so many connections are shared.
@@ -74,6 +80,7 @@ private:
         int created = 0;
         int deleted = 0;
         QPointer<CNodeScene> scene;
+        int ends = 0; ///< How many it has, as long as nothing takes one away in silence.
     };
     struct SScene
     {
@@ -90,6 +97,9 @@ private:
     void hearModel(CNodeBase& node);
     SNode& know(CNodeScene& scene, CNodeBase& node);
     SConnection& know(CNodeScene& scene, CNodeConnection& connection);
+    static int allEndsOf(const CNodeConnection& connection);
+    static int endsOf(const CNodeScene& scene, const CNodeConnection& connection);
+    void call(EHook hook, const CNodeScene& scene, const void* object);
     void onGone(const SNode& node);
     void onGone(const SConnection& connection);
     void require(bool holds, const char* what);
@@ -99,6 +109,7 @@ private:
     std::map<const CNodeBase*, SNode> m_nodes;
     std::map<const CNodeConnection*, SConnection> m_connections;
     std::vector<STold> m_told;
+    std::multiset<const CNodeScene*> m_telling;
     QPointer<CNodeScene> m_lastActive; // as it was told
     int m_lastNode = 0;
     int m_lastScene = 0;

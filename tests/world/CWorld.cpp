@@ -161,8 +161,12 @@ void CWorld::onReceived(const void* model, int value, int port)
 {
     for (const CNodeScene* const scene : scenes()) {
         for (const auto& entry : scene->nodes()) {
-            if (entry.second->nodeDataModel() && dynamic_cast<const void*>(entry.second->nodeDataModel()) == model)
-                m_received.push_back({m_witness.numberOf(entry.second.get()), port, value});
+            const CNodeBase& node = *entry.second;
+            if (!node.nodeDataModel() || dynamic_cast<const void*>(node.nodeDataModel()) != model)
+                continue;
+            m_received.push_back({m_witness.numberOf(&node), port, value});
+            if (value != -1 && node.nodeState().connections(ENodePortType::In, port).empty())
+                m_witness.complain("data comes to a port that no connection leads to");
         }
     }
 }

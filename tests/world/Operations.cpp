@@ -67,7 +67,11 @@ Proof deleteConnection(CWorld& world, const SPlace& place, const Arguments&)
     const QPointer<CNodeScene> scene = place.scene;
     const QPointer<CNodeConnection> connection = place.connection;
     const Core::CId id = connection->id();
+    constexpr bool waits = deleteIt == &CNodeScene::deleteConnection;
+    const bool isPutOff = waits && world.witness().isTelling(scene) && !scene->isBeingDestroyed();
     (*place.scene.*deleteIt)(*place.connection);
+    if (isPutOff && !connection)
+        return [] { return false; }; // other handlers have not heard of it
     return [=] { return !connection || (isKept && (!scene || scene->connections().count(id) == 0)); };
 }
 
@@ -198,11 +202,20 @@ void expectSceneRemoval(STables& tables, const CWorld& world, const SPlace& plac
 Proof setActiveScene(CWorld& world, const SPlace& place, const Arguments&)
 {
     const QPointer<CNodeScene> scene = place.scene;
-    const auto told = world.witness().told().size();
+    const auto& all = world.witness().told();
+    const auto told = all.size();
+    const int which = number(world, scene);
+    const bool isRemoving = told != 0 && all.back().signal == EHook::SceneRemoving && all.back().scene == which;
     world.service().setActiveScene(scene);
     const bool isActive =
         !world.hasService() || world.service().getActiveScene() == scene || world.witness().told().size() > told + 1;
-    return [=] { return isActive || !scene; }; // the service has none that is going
+    return [=, &world] {
+        // A scene that is about to be removed is still whole, and so its activation is told before it goes.
+        const auto& signals = world.witness().told();
+        const auto isIt = [which](const auto& s) { return s.signal == EHook::ActiveSceneChanged && s.scene == which; };
+        const bool isTold = std::any_of(signals.begin() + long(told), signals.end(), isIt);
+        return (isActive || !scene) && (!isRemoving || isTold || world.witness().hasHostDestroyedScene());
+    };
 }
 
 void expectActive(STables& tables, const CWorld& world, const SPlace& place, const Arguments&)
@@ -756,8 +769,8 @@ const std::vector<SOperation>& operations()
         {"clearScene", EPart::Scene, &clearScene, &expectClear, 1},
         {"loadFromMemory", EPart::Scene, &loadFromMemory, &expectLoad, 3},
         {"scene destroyed", EPart::OwnedScene, &destroyScene, &expectDestruction, 1},
-        {"removeSceneOfNode", EPart::Node, &removeSceneOfNode, &expectSceneRemoval, 1, ofService},
-        {"setActiveScene", EPart::Scene, &setActiveScene, &expectActive, 1, ofService},
+        {"removeSceneOfNode", EPart::Node, &removeSceneOfNode, &expectSceneRemoval, 3, ofService},
+        {"setActiveScene", EPart::Scene, &setActiveScene, &expectActive, 4, ofService},
         {"importDocument", EPart::Scene, &importDocument, &expectImport, 3, ofService},
         {"decoupler shut down", EPart::Decoupler, &shutDecouplerDown, &expectShutDown, 1},
 

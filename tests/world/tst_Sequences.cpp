@@ -53,7 +53,7 @@ void TestSequences::randomReachesEveryOperationAndEveryHook()
     for (std::size_t i = 0; i < operations().size(); ++i)
         QVERIFY2(CSequence::runs()[i] > 0, operations()[i].name);
     for (std::size_t i = 0; i < CSequence::nested().size(); ++i)
-            QVERIFY2(CSequence::nested()[i] > 0, qPrintable(QString::number(i)));
+        QVERIFY2(CSequence::nested()[i] > 0, qPrintable(QString::number(i)));
 }
 
 void TestSequences::sameBytesDoTheSame()
