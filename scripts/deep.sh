@@ -52,8 +52,8 @@ soak() {
     build/release/tests/soak/soak_decouplers "$SOAK_SECONDS"
 }
 sequences() {
-    build_tests stress_NodeService
-    build/release/tests/sequences/stress_NodeService "$STEPS" "$((RANDOM * 32768 + RANDOM))"
+    build_tests sequences
+    build/release/tests/world/sequences "$STEPS" "$((RANDOM * 32768 + RANDOM))"
 }
 fuzz() { scripts/fuzz.sh "$FUZZ_SECONDS" | tee /dev/stderr | sed '1,/^== what was run/d' | indent; }
 coverage() { scripts/coverage.sh | tee /dev/stderr | sed '1,/^== coverage/d' | indent; }
