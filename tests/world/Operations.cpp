@@ -9,16 +9,18 @@
 
 namespace {
 
-template <void (CNodeScene::*deleteIt)(CNodeConnection&)>
+template <bool isAtOnce>
 Proof deleteConnection(CWorld& world, const SPlace& place, const Arguments&)
 {
     const bool isKept = !world.kept.empty();
     const QPointer<CNodeScene> scene = place.scene;
     const QPointer<CNodeConnection> connection = place.connection;
     const Core::CId id = connection->id();
-    constexpr bool waits = deleteIt == &CNodeScene::deleteConnection;
-    const bool isPutOff = waits && world.witness().isTelling(scene) && !scene->isBeingDestroyed();
-    (*place.scene.*deleteIt)(*place.connection);
+    const bool isPutOff = !isAtOnce && world.witness().isTelling(scene) && !scene->isBeingDestroyed();
+    if (isAtOnce)
+        scene->deleteConnectionNow(*connection);
+    else
+        scene->deleteConnection(*connection);
     if (isPutOff && !connection)
         return [] { return false; }; // other handlers have not heard of it
     return [=] { return !connection || (isKept && (!scene || scene->connections().count(id) == 0)); };
@@ -317,10 +319,8 @@ const std::vector<SOperation>& operations()
     static const std::vector<SOperation> all = [] {
         constexpr bool ofService = true;
         std::vector<SOperation> found{
-            {"deleteConnection", EPart::Connection, &deleteConnection<&CNodeScene::deleteConnection>, &expectDeletion,
-             3},
-            {"deleteConnectionNow", EPart::Connection, &deleteConnection<&CNodeScene::deleteConnectionNow>,
-             &expectDeletion, 3},
+            {"deleteConnection", EPart::Connection, &deleteConnection<false>, &expectDeletion, 3},
+            {"deleteConnectionNow", EPart::Connection, &deleteConnection<true>, &expectDeletion, 3},
             {"createConnection", EPart::Node, &createConnection, &expectConnection, 10},
             {"removeNode", EPart::Node, &removeNode, &expectRemoval, 2},
             {"clearScene", EPart::Scene, &clearScene, &expectClear, 1},
