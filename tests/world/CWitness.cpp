@@ -142,7 +142,9 @@ int CWitness::endsOf(const CNodeScene& scene, const CNodeConnection& connection)
 {
     for (const ENodePortType side : {ENodePortType::In, ENodePortType::Out}) {
         const CNodeBase* const node = connection.getNode(side);
-        if (node && scene.nodes().count(node->id()) == 0)
+        const auto found = node ? scene.nodes().find(node->id()) : scene.nodes().end();
+        // Two scenes may have nodes of one id.
+        if (node && (found == scene.nodes().end() || found->second.get() != node))
             return 0; // what happens in another scene is not told
     }
     return allEndsOf(connection);

@@ -12,7 +12,6 @@ namespace {
 template <bool isAtOnce>
 Proof deleteConnection(CWorld& world, const SPlace& place, const Arguments&)
 {
-    const bool isKept = !world.kept.empty();
     const QPointer<CNodeScene> scene = place.scene;
     const QPointer<CNodeConnection> connection = place.connection;
     const Core::CId id = connection->id();
@@ -23,7 +22,10 @@ Proof deleteConnection(CWorld& world, const SPlace& place, const Arguments&)
         scene->deleteConnection(*connection);
     if (isPutOff && !connection)
         return [] { return false; }; // other handlers have not heard of it
-    return [=] { return !connection || (isKept && (!scene || scene->connections().count(id) == 0)); };
+    return [=, &world] {
+        const bool isOut = !scene || scene->connections().count(id) == 0;
+        return !connection || (!world.kept.empty() && isOut);
+    };
 }
 
 void expectDeletion(STables& tables, const CWorld& world, const SPlace& place, const Arguments&)
