@@ -147,7 +147,8 @@ int CWitness::endsOf(const CNodeScene& scene, const CNodeConnection& connection)
         if (node && (found == scene.nodes().end() || found->second.get() != node))
             return 0; // what happens in another scene is not told
     }
-    return allEndsOf(connection);
+    const int ends = allEndsOf(connection);
+    return ends == 2 ? ends : 0; // a half one stays when its node goes, without that end
 }
 
 void CWitness::call(EHook hook, const CNodeScene& scene, const void* object)
