@@ -238,7 +238,10 @@ void STables::loadLink(int scene, const QJsonObject& json)
 {
     if (!isThrown)
         addLink(scene, find(scene, json["in_id"].toString()), json["in_index"].toInt(),
-                find(scene, json["out_id"].toString()), json["out_index"].toInt(), json.contains("converter"));
+                find(scene, json["out_id"].toString()), json["out_index"].toInt(),
+                // The types are missing if an end went while the document was written.
+                !json["converter"]["in"]["id"].toString().isEmpty() &&
+                    !json["converter"]["out"]["id"].toString().isEmpty());
 }
 
 void STables::load(int scene, const QByteArray& document)
