@@ -45,6 +45,12 @@ public:
 
     int numberOf(const CNodeScene* scene) const;
     int numberOf(const CNodeBase* node) const;
+    /// Whether nodeCreated() has come for it.
+    bool isCreated(const CNodeBase* node) const
+    {
+        const auto known = m_nodes.find(node);
+        return known != m_nodes.end() && known->second.created != 0;
+    }
     int nextNode() const { return m_lastNode + 1; }
     int nextScene() const { return m_lastScene + 1; }
 

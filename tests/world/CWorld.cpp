@@ -10,6 +10,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
 #include <set>
 #include <utility>
 
@@ -86,6 +87,15 @@ CWorld::~CWorld()
 {
     s_current = nullptr;
     destroyService();
+}
+
+bool CWorld::staysInScene(const CNodeScene& scene, const CNodeConnection& connection)
+{
+    const auto isOfScene = [&scene](const CNodeBase* node) {
+        const auto found = node ? scene.nodes().find(node->id()) : scene.nodes().end();
+        return !node || (found != scene.nodes().end() && found->second.get() == node);
+    };
+    return isOfScene(connection.getNode(ENodePortType::In)) && isOfScene(connection.getNode(ENodePortType::Out));
 }
 
 std::vector<CNodeScene*> CWorld::scenes() const
@@ -217,7 +227,9 @@ QString CWorld::inconsistencyOfDocuments() const
 {
     const CSilence silence;
     for (const CNodeScene* const scene : scenes()) {
-        if (&scene->registry() != m_service->registry().get())
+        if (&scene->registry() != m_service->registry().get() ||
+            !std::all_of(scene->connections().begin(), scene->connections().end(),
+                         [&](const auto& entry) { return staysInScene(*scene, *entry.second); }))
             continue;
         CNodeScene copy(m_service->registry(), nullptr, nullptr);
         copy.loadFromMemory(scene->saveToMemory());

@@ -75,6 +75,8 @@ public:
     CWitness& witness() { return m_witness; }
     const CWitness& witness() const { return m_witness; }
     std::vector<CNodeScene*> scenes() const;
+    /// Whether no end is in another scene, whose nodes may have the ids of this one's.
+    static bool staysInScene(const CNodeScene& scene, const Plugin::Halvex::CNodeConnection& connection);
     /// Whether the operation of that part can be done there.
     bool has(EPart part, const SPlace& place) const;
 

@@ -235,7 +235,7 @@ Proof importDocument(CWorld& world, const SPlace& place, const Arguments& argume
     const bool isDone = arguments.c % 3 != 2 ? service.importDocument(document)
                                              : (service.addStoredDocument(document), service.importStoredDocuments());
     world.result = isDone;
-    const bool isPlain = arguments.a == 0 && arguments.b == 0;
+    const bool isPlain = arguments.a == 0 && arguments.b == 0 && scene && !hasOtherRegistry(world, *scene);
     const bool isImported =
         isDone && scene && (scene->nodes().size() == before + 1 || world.witness().nextNode() > next + 1);
     return [=] { return isImported || !isPlain || !scene; };

@@ -82,7 +82,7 @@ Proof addAgain(CWorld& world, const SPlace& place, const Arguments&)
     const Core::CId id = place.node->id();
     ANodeDataModel* const model = namedModel(place);
     // Until a node was told, nobody can know its model.
-    if (model && number(world, place.node) != 0)
+    if (model && world.witness().isCreated(place.node))
         world.result = world.service().addNode(std::unique_ptr<ANodeDataModel>(model), {}) == id;
     return {};
 }
@@ -330,7 +330,9 @@ void expectConverter(STables& tables, const CWorld& world, const SPlace& place, 
 Proof keepConnection(CWorld& world, const SPlace& place, const Arguments& arguments)
 {
     if (arguments.a % 2 == 0) {
-        world.kept.push_back(place.scene->connections().at(place.connection->id()));
+        // One that leads into another scene goes on leading there when its own scene is destroyed.
+        if (CWorld::staysInScene(*place.scene, *place.connection))
+            world.kept.push_back(place.scene->connections().at(place.connection->id()));
         return {};
     }
     const auto dropped = std::move(world.kept); // which runs foreign code
