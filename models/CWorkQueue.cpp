@@ -239,7 +239,7 @@ void CWorkQueue::beginDelivery()
 SWorkerStatistics CWorkQueue::statistics() const
 {
     SWorkerStatistics statistics;
-    auto times = m_times; // a copy of the type; it is filled under the mutex
+    decltype(m_times) times{};
     std::size_t count = 0;
     {
         const QMutexLocker lock(&m_mutex);

@@ -13,6 +13,7 @@
 //   what happened before a function was queued   is seen by it when it runs, and by whoever destroys it then
 //   what happened before deleteLater()           is seen by the destructor
 //   what happened before a thread finished       is seen by who waited for it
+//   what happened before a runnable was started  is seen by it when it runs
 //
 // Queued signals are told apart by their sender: between two emissions of one sender the detector may take the later
 // one for the one that a slot has seen.
@@ -28,7 +29,9 @@
 #include <QEvent>
 #include <QMetaObject>
 #include <QMutex>
+#include <QRunnable>
 #include <QThread>
+#include <QThreadPool>
 #include <QThreadStorage>
 #include <QWaitCondition>
 
@@ -37,6 +40,8 @@
 
 #include <cstring>
 #include <iterator>
+#include <map>
+#include <mutex>
 #include <new>
 #include <utility>
 
@@ -139,6 +144,46 @@ QThreadStorage<CThreadEnd*>& threadEnds()
     static QThreadStorage<CThreadEnd*> ends;
     return ends;
 }
+
+/// Runs \a runnable in a thread pool in its place. A runnable that deletes itself does not come here.
+class CPooledRunnable : public QRunnable
+{
+public:
+    explicit CPooledRunnable(QRunnable* runnable)
+        : m_runnable(runnable)
+    {
+        Q_ASSERT(!runnable->autoDelete());
+        const std::lock_guard<std::mutex> lock(s_mutex);
+        s_all[runnable] = this;
+    }
+
+    void run() override
+    {
+        {
+            const std::lock_guard<std::mutex> lock(s_mutex); // the edge that is wanted
+            s_all.erase(m_runnable);
+        }
+        m_runnable->run();
+    }
+
+    /// Calls \a take with what stands in a pool for \a runnable; false if nothing does.
+    template <typename Take>
+    static bool takeBack(const QRunnable* runnable, const Take& take)
+    {
+        const std::lock_guard<std::mutex> lock(s_mutex);
+        const auto found = s_all.find(runnable);
+        if (found == s_all.end() || !take(found->second))
+            return false;
+        delete found->second;
+        s_all.erase(found);
+        return true;
+    }
+
+private:
+    QRunnable* m_runnable;
+    static inline std::mutex s_mutex;
+    static inline std::map<const QRunnable*, CPooledRunnable*> s_all;
+};
 
 bool onEventDelivered(void** arguments)
 {
@@ -257,4 +302,16 @@ bool QThread::wait(QDeadlineTimer deadline)
     if (isFinished)
         __tsan_acquire(edgesOf(this));
     return isFinished;
+}
+
+void QThreadPool::start(QRunnable* runnable, int priority)
+{
+    static const auto qtStart = original<void (QThreadPool::*)(QRunnable*, int)>("_ZN11QThreadPool5startEP9QRunnablei");
+    (this->*qtStart)(new CPooledRunnable(runnable), priority);
+}
+
+bool QThreadPool::tryTake(QRunnable* runnable)
+{
+    static const auto qtTryTake = original<bool (QThreadPool::*)(QRunnable*)>("_ZN11QThreadPool7tryTakeEP9QRunnable");
+    return CPooledRunnable::takeBack(runnable, [this](QRunnable* pooled) { return (this->*qtTryTake)(pooled); });
 }
