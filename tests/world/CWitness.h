@@ -79,7 +79,7 @@ private:
         int number;
         int created = 0;
         int deleted = 0;
-        bool isLate; ///< Made while its scene is destroyed, which then takes it along in silence.
+        bool isLate = false; ///< Made while its scene is destroyed, which then takes it along in silence.
     };
     struct SConnection
     {
@@ -90,7 +90,7 @@ private:
     };
     struct SScene
     {
-        int number;
+        int number = 0;
         bool isAdded = false;
         bool isRemoving = false;
     };

@@ -133,7 +133,7 @@ public:
         };
         onOutData = [this](int port) {
             IHookListener::call(EHook::OutData, this);
-            return nextOut ? std::exchange(nextOut, {}) : ASourceNodeDataModel::outData(port);
+            return nextOut ? std::exchange(nextOut, {}) : kept(port);
         };
         QObject::connect(getDataFlowProxy(), &Plugin::Halvex::CNodeDataFlowProxy::newDataAvailable, this,
                          [this] { IHookListener::call(EHook::NewData, this); });
@@ -150,12 +150,14 @@ public:
     int lastPassed() const { return m_lastPassed; }
 
     /// The number in the data that it keeps.
-    int value() { return CTestData::valueOf(ASourceNodeDataModel::outData(0)); }
+    int value() { return CTestData::valueOf(kept(0)); }
 
     bool isDeaf = false;  ///< Keeps nothing and passes nothing on.
     CNodeDataPtr nextOut; ///< What it gives out instead of what it keeps, once.
 
 private:
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): what the source keeps, and not what the test model gives out
+    CNodeDataPtr kept(int port) { return ASourceNodeDataModel::outData(port); }
     static int sendingOf(const CNodeDataPtr& data) { return data ? CTestData::valueOf(data) / perSending : 0; }
     void passOn(const CNodeDataPtr& data)
     {

@@ -29,12 +29,12 @@ struct SThrown
 /// An operation of the service, a scene, a node or a connection.
 struct SOperation
 {
-    const char* name;
-    EPart part; ///< What it is done to.
-    Proof (*run)(CWorld&, const SPlace&, const SArguments&);
+    const char* name = nullptr;
+    EPart part = EPart::Node; ///< What it is done to.
+    Proof (*run)(CWorld&, const SPlace&, const SArguments&) = nullptr;
     /// Changes the tables as the operation does.
-    void (*expect)(STables&, const CWorld&, const SPlace&, const SArguments&);
-    int weight;               ///< How often it is chosen, among others.
+    void (*expect)(STables&, const CWorld&, const SPlace&, const SArguments&) = nullptr;
+    int weight = 0;           ///< How often it is chosen, among others.
     bool isOfService = false; ///< And so throws nothing.
 };
 
