@@ -66,10 +66,10 @@ void tst_CNodeData::sameTypeComparesIds()
 {
     const struct
     {
-        const char* what;
+        const char* what = nullptr;
         SNodeDataType one;
         SNodeDataType other;
-        bool isSame;
+        bool isSame = false;
     } rows[] = {
         {"equal", {"Image", "I"}, {"Image", "I"}, true},
         {"other name", {"Image", "I"}, {"Image", "IMG"}, true},

@@ -85,7 +85,7 @@ void tst_WalkAllocations::allocationsAreCounted()
 
 void tst_WalkAllocations::connectionsOfOnePort()
 {
-    for (const std::size_t count : {1, 2, 16, 17, 100, 1000}) {
+    for (const std::size_t count : {1U, 2U, 16U, 17U, 100U, 1000U}) {
         for (const bool converts : {false, true}) {
             CGraph graph(int(count) + 1);
             for (std::size_t i = 1; i <= count; ++i)
