@@ -21,12 +21,12 @@ namespace {
 /// What Qt knows of a class: hosts connect by these names, and translators find its texts under them.
 struct SClass
 {
-    const char* name;
-    const QMetaObject* meta;
-    const QMetaObject* super;
-    QString (*translate)(const char* text, const char* comment, int number);
+    const char* name = nullptr;
+    const QMetaObject* meta = nullptr;
+    const QMetaObject* super = nullptr;
+    QString (*translate)(const char* text, const char* comment, int number) = nullptr;
     QStringList methods;
-    int otherMembers;
+    int otherMembers = 0;
 };
 
 template <typename Class, typename Super>

@@ -10,7 +10,7 @@
 /// What an operation cannot be done to where a hook runs, since it is not there.
 struct SGone
 {
-    const char* reason;
+    const char* reason = nullptr;
     std::vector<EPart> parts;
     std::vector<ETarget> inOneScene;
     std::vector<ETarget> inSceneEach;
@@ -27,8 +27,8 @@ struct SHook
         HandFirst ///< The node at hand is the first to go when its scene is cleared.
     };
 
-    const char* name;
-    void (*provoke)(CMatrixWorld&); ///< Makes the library run the world's handler there.
+    const char* name = nullptr;
+    void (*provoke)(CMatrixWorld&) = nullptr; ///< Makes the library run the world's handler there.
     std::vector<SGone> gone;
     ENeeds needs = Nothing;
 };
