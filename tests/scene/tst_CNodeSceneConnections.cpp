@@ -132,7 +132,7 @@ void tst_CNodeSceneConnections::portsThatDoNotExist()
 
 void tst_CNodeSceneConnections::deliversTheCurrentOutputBeforeItAnnounces()
 {
-    QStringList said; // before the scene, since there are more deliveries at its end
+    QStringList said;
     CPairScene scene;
     scene.b.model.onSetInData = [&](const CNodeDataPtr&, NodePortIndex) {
         said << QString("delivered, %1 in the ports, %2 in the table")
@@ -151,6 +151,7 @@ void tst_CNodeSceneConnections::deliversTheCurrentOutputBeforeItAnnounces()
     QCOMPARE(said, QStringList({"delivered, 4 in the ports, 1 in the table", "announced"}));
     QCOMPARE(scene.b.model.received.back().data, scene.a.model.out);
     QCOMPARE(scene.a.model.outDataCalls, 2);
+    scene.b.model.onSetInData = nullptr; // there are more deliveries at the end of the scene
 }
 
 void tst_CNodeSceneConnections::servesEarlierConsumersAgain()

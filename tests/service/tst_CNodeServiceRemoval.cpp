@@ -164,7 +164,7 @@ void tst_CNodeServiceRemoval::dyingServiceMayBeCalled()
 {
     F f;
     INodeService* const service = f.service.get();
-    std::vector<std::pair<Core::CId, QPointer<CNamedTestModel>>> cams;
+    std::vector<std::pair<Core::CId, QPointer<ANodeDataModel>>> cams; // what they still are in their destructors
     int calls = 0;
     const auto callEverything = [&] {
         ++calls;
