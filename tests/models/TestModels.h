@@ -16,6 +16,7 @@ public:
     explicit CSource(const QString& uniqueName = noUniqueName())
         : CNamedTestModelOf(1, 1, QStringLiteral("Plain"), uniqueName)
     {
+        // NOLINTNEXTLINE(bugprone-parent-virtual-call): what the source keeps, and not what the test model gives out
         onOutData = [this](NodePortIndex index) { return ASourceNodeDataModel::outData(index); };
         onSetInData = [](const CNodeDataPtr&, NodePortIndex) {};
     }

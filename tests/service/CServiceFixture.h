@@ -49,7 +49,7 @@ inline QString document(const QJsonArray& elements)
 /// A model with its node.
 struct SPlaced
 {
-    CNamedTestModel* model;
+    CNamedTestModel* model = nullptr;
     Core::CId id;
 };
 

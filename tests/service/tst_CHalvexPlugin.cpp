@@ -28,6 +28,7 @@ constexpr auto decoupler = "DecouplerVGR";
 class CPlainManager : public CServiceManager
 {
 public:
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): the default
     ServicePtr findService(const char* name) const override { return IServiceManager::findService(name); }
 };
 

@@ -85,12 +85,12 @@ void tst_LargeService::eachSceneIsFoundAndHasItsOwnFrames()
     QCOMPARE(many.sceneCount(), cameraCount);
     QCOMPARE(many.active(), many.scene(cameraCount - 1));
     for (int i = 0; i < cameraCount; ++i) {
-        QCOMPARE(many.service->findSceneByInfo(many.infos[i]), many.scene(i));
-        CNodeBase* const node = many.service->findNode(many.cameras[i].id);
+        QCOMPARE(many.service->findSceneByInfo(many.infos[std::size_t(i)]), many.scene(i));
+        CNodeBase* const node = many.service->findNode(many.cameras[std::size_t(i)].id);
         QVERIFY(node);
-        QCOMPARE(node->nodeDataModel(), many.cameras[i].model);
+        QCOMPARE(node->nodeDataModel(), many.cameras[std::size_t(i)].model);
         QCOMPARE(F::nodeCount(many.scene(i)), 2);
-        many.cameras[i].model->offer(CTestData::make(i));
+        many.cameras[std::size_t(i)].model->offer(CTestData::make(i));
     }
     for (int i = 0; i < cameraCount; ++i) {
         const CNamedTestModel* const view = modelNamed(many.scene(i), "View");
@@ -109,11 +109,11 @@ void tst_LargeService::scenesGoInAnyOrder()
     for (int turn = 0; turn < cameraCount; ++turn) {
         const int number = turn * 7 % cameraCount;
         if (turn % 2 == 0)
-            many.service->removeSceneOfNode(many.cameras[number].id);
+            many.service->removeSceneOfNode(many.cameras[std::size_t(number)].id);
         else
-            delete many.service->findSceneByInfo(many.infos[number]); // as its host may
+            delete many.service->findSceneByInfo(many.infos[std::size_t(number)]); // as its host may
         QCOMPARE(many.sceneCount(), cameraCount - turn - 1);
-        QVERIFY(!many.service->findNode(many.cameras[number].id));
+        QVERIFY(!many.service->findNode(many.cameras[std::size_t(number)].id));
         QCOMPARE(many.active(), many.scene(0));
     }
     QCOMPARE(removing.size(), cameraCount / 2);

@@ -76,7 +76,7 @@ public:
 private:
     struct SNode
     {
-        int number;
+        int number = 0;
         int created = 0;
         int deleted = 0;
         bool isLate = false; ///< Made while its scene is destroyed, which then takes it along in silence.

@@ -20,16 +20,16 @@ struct STables
 {
     struct SNode
     {
-        int scene;
+        int scene = 0;
         QString model;
         QString uniqueName;
         QString id;
-        bool isNamed;   ///< Has an ANodeDataModel.
-        bool isPassing; ///< Passes on what is newer than
-        int lastPassed;
-        bool isSink;
-        bool isKnown; ///< The service finds it by its model.
-        bool ofDocument;
+        bool isNamed = false;   ///< Has an ANodeDataModel.
+        bool isPassing = false; ///< Passes on what is newer than
+        int lastPassed = 0;
+        bool isSink = false;
+        bool isKnown = false; ///< The service finds it by its model.
+        bool ofDocument = false;
         auto key() const { return std::tie(scene, model, id, isKnown, ofDocument); }
     };
     /// A connection. An end is in its node's port table unless it was made as the only one.
