@@ -12,32 +12,44 @@
 namespace Plugin::Halvex::RemovedWork {
 namespace {
 
-QMutex mutex;
-QWaitCondition hasEnded;
-int running = 0;
+struct SCount
+{
+    QMutex mutex;
+    QWaitCondition hasEnded;
+    int running = 0;
+};
+
+SCount& theCount()
+{
+    static SCount count;
+    return count;
+}
 
 } // namespace
 
 void begin(int count)
 {
-    const QMutexLocker lock(&mutex);
-    running += count;
+    SCount& all = theCount();
+    const QMutexLocker lock(&all.mutex);
+    all.running += count;
 }
 
 void end()
 {
-    const QMutexLocker lock(&mutex);
-    if (--running == 0)
-        hasEnded.wakeAll();
+    SCount& all = theCount();
+    const QMutexLocker lock(&all.mutex);
+    if (--all.running == 0)
+        all.hasEnded.wakeAll();
 }
 
 bool wait(unsigned long milliseconds)
 {
     const QDeadlineTimer deadline(qint64(milliseconds) < 0 ? -1 : qint64(milliseconds));
     {
-        const QMutexLocker lock(&mutex);
-        while (running > 0) {
-            if (!hasEnded.wait(&mutex, deadline))
+        SCount& all = theCount();
+        const QMutexLocker lock(&all.mutex);
+        while (all.running > 0) {
+            if (!all.hasEnded.wait(&all.mutex, deadline))
                 return false;
         }
     }

@@ -109,7 +109,7 @@ void tst_AWorkerNodeDataModel::worksInThePoolAndGivesOutInTheGraphsThread()
         worker = QThread::currentThread();
         return CWorkerModel::addUp(inputs);
     });
-    connect(&model, &CNodeDataModel::dataUpdated, [&receiver] { receiver = QThread::currentThread(); });
+    connect(&model, &CNodeDataModel::dataUpdated, &model, [&receiver] { receiver = QThread::currentThread(); });
     model.send(3);
     QVERIFY(model.values.empty());
     QTRY_COMPARE(model.values, Values{3});
@@ -424,7 +424,7 @@ void tst_AWorkerNodeDataModel::removedByItsResult()
     CWorkerModel& model = *owned;
     model.setParallelism(2);
     CNodeBase& node = scene.createNode(std::move(owned));
-    connect(&model, &CNodeDataModel::dataUpdated, [&] { scene.removeNode(node); });
+    connect(&model, &CNodeDataModel::dataUpdated, &model, [&] { scene.removeNode(node); });
     model.send(1);
     model.send(2);
     QTRY_VERIFY(scene.nodes().empty());

@@ -112,11 +112,13 @@ void tst_SceneDocumentReentry::handlerDuringALoad()
     QFETCH(const Action, action);
     World world;
     const CNodeScene* const scene = world.scene.get();
+    // The world ends before the action does.
+    const auto onNode = [&](CNodeBase& node) { action(world, node); };
+    const auto onConnection = [&](const CNodeConnection& made) { action(world, *made.getNode(ENodePortType::In)); };
     if (isOfNodes)
-        connect(scene, &CNodeScene::nodeCreated, scene, [&](CNodeBase& node) { action(world, node); });
+        connect(scene, &CNodeScene::nodeCreated, scene, onNode);
     else
-        connect(scene, &CNodeScene::connectionCreated, scene,
-                [&](const CNodeConnection& made) { action(world, *made.getNode(ENodePortType::In)); });
+        connect(scene, &CNodeScene::connectionCreated, scene, onConnection);
     world.loadChain();
 
     QTEST(world.log->count("created"), "created");

@@ -140,8 +140,8 @@ void tst_CNodeService::operations_data()
 
     add("source whose scene a handler destroys", "added 3, active 3, 3 created new, 3 deleted new, removed, active 1",
         [](W& w) {
-            QObject::connect(w.service.get(), &INodeService::sceneAdded, [](CNodeScene* scene) {
-                QObject::connect(scene, &CNodeScene::nodeCreated, [scene] { delete scene; });
+            QObject::connect(w.service.get(), &INodeService::sceneAdded, w.service.get(), [](CNodeScene* scene) {
+                QObject::connect(scene, &CNodeScene::nodeCreated, scene, [scene] { delete scene; });
             });
             QVERIFY(w.addSource("new").id == Core::CId());
         });

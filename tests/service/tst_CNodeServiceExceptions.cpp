@@ -145,7 +145,7 @@ void tst_CNodeServiceExceptions::nothingGetsOut()
     }
     const QStringList said = f.messages.texts("halvex.service") + f.messages.texts("halvex.graph");
     QCOMPARE(said.size(), 1);
-    const QRegularExpression expected("ended with an exception(: thrown by the test| of unknown type)$");
+    static const QRegularExpression expected("ended with an exception(: thrown by the test| of unknown type)$");
     QVERIFY2(said.first().contains(expected), qPrintable(said.first()));
 
     // It goes on working: nothing waits, nothing is counted wrongly.

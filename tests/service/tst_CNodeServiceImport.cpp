@@ -61,7 +61,7 @@ void tst_CNodeServiceImport::wiresAChain()
 
 void tst_CNodeServiceImport::modelThatIsNotMadeEndsIt()
 {
-    for (const QString model : {"Not registered", "Thrower"}) {
+    for (const QString& model : {QString("Not registered"), QString("Thrower")}) {
         F f;
         const auto makeThrower = [model] {
             auto thrower = makeModel(ENodeDataModelType::Sink, "Thrower");
@@ -88,7 +88,7 @@ void tst_CNodeServiceImport::modelThatIsNotMadeEndsIt()
 
 void tst_CNodeServiceImport::sceneThatIsLostEndsIt()
 {
-    for (const QString from : {"name", "isUnique", "nodeCreated"}) {
+    for (const QString& from : {QString("name"), QString("isUnique"), QString("nodeCreated")}) {
         F f;
         CNamedTestModel* const source = f.addSource().model;
         const auto destroyTheScene = [&f] {

@@ -28,8 +28,6 @@ Veltra::CGrabResultPtr frame(quint64 number, std::shared_ptr<const void> memory 
     return Veltra::CGrabResultPtr(std::move(result));
 }
 
-const CVeltraGrabResultData emptyData;
-
 } // namespace
 
 class tst_CVeltraGrabResultData : public QObject
@@ -48,6 +46,7 @@ void tst_CVeltraGrabResultData::hasTheTypeOfGrabResults()
     };
     const CVeltraGrabResultData full(frame(2));
     const CSubclass subclass;
+    const CVeltraGrabResultData emptyData;
     for (const CNodeData* data : std::initializer_list<const CNodeData*>{&emptyData, &full, &subclass}) {
         QCOMPARE(data->type().id, QString("Veltra Grab Result"));
         QCOMPARE(data->type().name, QString("VGR"));
@@ -69,7 +68,7 @@ void tst_CVeltraGrabResultData::carriesTheFrame()
     QCOMPARE(data.dynamicCast<CVeltraGrabResultData>()->grabResult()->frameNumber, quint64(7));
     data.reset();
     QVERIFY(guard.expired());
-    QVERIFY(!emptyData.grabResult());
+    QVERIFY(!CVeltraGrabResultData().grabResult());
 }
 
 QTEST_GUILESS_MAIN(tst_CVeltraGrabResultData)
