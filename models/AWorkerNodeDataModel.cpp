@@ -39,33 +39,34 @@ void AWorkerNodeDataModel::setInData(CNodeDataPtr data, NodePortIndex index)
         return;
 
     const std::size_t port = std::size_t(index);
-    Inputs frame = std::exchange(m_spareFrame, {});
     Inputs passedOver; // released last: destructors of data are foreign code
     if (!data) {
         m_gatherer->clear(passedOver);
         m_queue->cancel();
     } else if (m_gathering == EGathering::SameNumber) {
         const qint64 itsNumber = number(data);
-        if (m_gatherer->addNumbered(port, itsNumber, std::move(data), frame, passedOver))
-            addFrame(frame);
-    } else if (m_gatherer->addNewest(port, data, frame)) {
-        addFrame(frame);
+        if (m_gatherer->addNumbered(port, itsNumber, std::move(data), m_frame, passedOver))
+            addFrame();
+    } else if (m_gatherer->addNewest(port, data, m_frame)) {
+        addFrame();
     }
 }
 
-void AWorkerNodeDataModel::addFrame(Inputs& frame)
+void AWorkerNodeDataModel::addFrame()
 {
     const QPointer<AWorkerNodeDataModel> self(this);
+    Inputs frame = std::exchange(m_frame, {});
     if (!m_work)
         m_work = std::make_shared<const Work>(makeWork());
+    const std::shared_ptr<const Work> work = m_work; // a handler may change a setting, for the next frame
     if (!std::exchange(m_isComputing, true))
         Q_EMIT computingStarted();
     if (!self)
         return;
-    m_queue->add(frame, m_work);
+    m_queue->add(frame, work);
     frame.clear();
     if (self)
-        m_spareFrame = std::move(frame);
+        m_frame = std::move(frame); // for its room
 }
 
 CNodeDataPtr AWorkerNodeDataModel::outData(NodePortIndex index)
@@ -78,6 +79,8 @@ void AWorkerNodeDataModel::onResultsReady()
     const QPointer<AWorkerNodeDataModel> self(this);
     m_queue->beginDelivery();
     while (auto result = m_queue->takeNext()) {
+        if (!self)
+            return; // Qt may have warned that it has no thread, and a message handler is foreign code
         const bool isNews = !result->error.isNull() && result->error != m_message;
         m_message = result->error;
         if (isNews)
@@ -85,7 +88,7 @@ void AWorkerNodeDataModel::onResultsReady()
         if (!self || !giveOut(std::move(result->data)))
             return;
     }
-    if (m_isComputing && m_queue->isIdle()) {
+    if (self && m_isComputing && m_queue->isIdle()) {
         m_isComputing = false;
         Q_EMIT computingFinished();
     }

@@ -54,7 +54,7 @@ class CWorkQueue;
  * };
  * \endcode
  *
- * Frames: a frame is one set of inputs, one data object for each input port. gathering() says when it is complete. When
+ * Frames: a frame is one set of inputs, one data object for each input port. m_gathering says when it is complete. When
  * it is, it is handed to the pool, or waits until one of the frames before it has left: parallelism() frames are worked
  * on at a time, and as many results may wait for the graph's thread. policy() says what happens when too many wait.
  * Results leave in the order in which their frames came: what is ready too early waits.
@@ -156,7 +156,8 @@ Q_SIGNALS:
 
 protected:
     /// The work with a copy of the model's settings. Asked for before the first frame, and before the next one after
-    /// renewWork(). It must not refer to the model: it may run when that is gone.
+    /// renewWork(). It must not refer to the model: it may run when that is gone. What makeWork() itself throws passes
+    /// through to whoever sent the data, and the frame is not counted.
     virtual Work makeWork() const = 0;
 
     /// To be called when a setting has changed. It applies from the next frame on.
@@ -172,7 +173,7 @@ private:
     friend class CWorkQueue;
 
     void onResultsReady();
-    void addFrame(Inputs& frame);
+    void addFrame();
     bool giveOut(CNodeDataPtr data);
     void report(const QString& error);
     void applyLimits();
@@ -180,7 +181,7 @@ private:
     std::shared_ptr<CWorkQueue> m_queue; // shared with work that may outlive the model
     std::unique_ptr<CInputGatherer> m_gatherer;
     std::shared_ptr<const Work> m_work; // null: to be made
-    Inputs m_spareFrame;                // empty, with room: for the next frame
+    Inputs m_frame;                     // empty but while it is handed on
     CNodeDataPtr m_output;
     QString m_message;
     bool m_isComputing = false;

@@ -5,6 +5,7 @@
 
 #include "host/models/HostModels.h"
 
+#include <Halvex/models/AWorkerNodeDataModel.h>
 #include <Halvex/service/INodeService.h>
 
 namespace Host {
@@ -12,6 +13,12 @@ namespace Host {
 CHostModelsPlugin::CHostModelsPlugin()
     : m_service(new CHostModelService)
 {
+}
+
+CHostModelsPlugin::~CHostModelsPlugin()
+{
+    // Filters that are gone may still be at work, in code of this plugin.
+    Plugin::Halvex::AWorkerNodeDataModel::waitForRemovedWork();
 }
 
 bool CHostModelsPlugin::initialize(const QWeakPointer<Core::Service::IServiceManager>& manager)

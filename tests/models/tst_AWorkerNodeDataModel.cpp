@@ -59,6 +59,7 @@ private Q_SLOTS:
     void worksInThePoolAndGivesOutInTheGraphsThread();
     void worksBetweenNodesOfAScene();
     void copiesSettings();
+    void settingMayChangeAsAFrameComes();
     void keepsTheOrder();
     void policySaysWhatIsDropped_data();
     void policySaysWhatIsDropped();
@@ -80,6 +81,7 @@ private Q_SLOTS:
 
     void removedWhileItWorks();
     void removedByItsResult();
+    void removedAsAFrameComes();
     void takesWhatHasNotBegunOutOfThePool();
     void waitsForRemovedWorkWithABound();
 
@@ -145,6 +147,17 @@ void tst_AWorkerNodeDataModel::copiesSettings()
     QTRY_COMPARE(gated.model->values, (Values{1, 2, 100}));
 }
 
+void tst_AWorkerNodeDataModel::settingMayChangeAsAFrameComes()
+{
+    CWorkerModel model;
+    connect(&model, &CNodeDataModel::computingStarted, &model,
+            [&model] { model.setWork([](const auto&) { return CTestData::make(100); }); });
+    model.send(1);
+    QTRY_COMPARE(model.values, Values{1});
+    model.send(2);
+    QTRY_COMPARE(model.values, (Values{1, 100}));
+}
+
 void tst_AWorkerNodeDataModel::keepsTheOrder()
 {
     SGatedModel gated(3);
@@ -204,7 +217,9 @@ void tst_AWorkerNodeDataModel::smallerLimitDropsTheOldest()
 
 void tst_AWorkerNodeDataModel::resultsThatWaitHoldTheWorkUp()
 {
+    QThreadPool pool;
     CWorkerModel model;
+    model.setThreadPool(&pool);
     std::atomic<int> begun{0};
     model.setPolicy(EPolicy::DropNewest);
     model.setMostWaiting(100);
@@ -215,7 +230,8 @@ void tst_AWorkerNodeDataModel::resultsThatWaitHoldTheWorkUp()
     for (int value = 0; value < 100; ++value)
         model.send(value);
     // The graph's thread takes no result meanwhile.
-    waitUntil("two results are there", [&] { return model.statistics().workSum > 0 && begun == 2; });
+    QVERIFY(pool.waitForDone(longestWait));
+    QCOMPARE(begun.load(), 2);
     QTRY_COMPARE(model.values.size(), std::size_t(100));
     QCOMPARE(begun.load(), 100);
 }
@@ -428,6 +444,14 @@ void tst_AWorkerNodeDataModel::removedByItsResult()
     model.send(1);
     model.send(2);
     QTRY_VERIFY(scene.nodes().empty());
+}
+
+void tst_AWorkerNodeDataModel::removedAsAFrameComes()
+{
+    auto* const model = new CWorkerModel;
+    connect(model, &CNodeDataModel::computingStarted, model, [model] { delete model; });
+    model->send(1);
+    QCOMPARE(CTestData::alive(), 0);
 }
 
 void tst_AWorkerNodeDataModel::takesWhatHasNotBegunOutOfThePool()

@@ -122,7 +122,7 @@ void tst_CNodeDataFlowProxy::queuesDataByTheNamesOfSignalAndSlot()
     const CSource anyModel; // which makes the name of the argument's type known
     CNodeDataFlowProxy proxy;
     CReceiver receiver;
-    // clazy:excludeall=old-style-connect,fully-qualified-moc-types
+    // Connecting by names is the question. clazy:excludeall=old-style-connect,fully-qualified-moc-types
     QVERIFY(connect(&proxy, SIGNAL(newDataAvailable(CNodeDataPtr)), &receiver, SLOT(receive(CNodeDataPtr)),
                     Qt::QueuedConnection));
 

@@ -474,10 +474,11 @@ void tst_CNodeSceneReentry::handlerThatFillsADyingSceneDoesNotHoldItUp()
     SChain chain;
     CNodeScene* const scene = chain.scene.get();
     int refills = 0;
-    connect(scene, &CNodeScene::nodeDeleted, scene, [&refills, scene] { // clazy:exclude=lambda-in-connect
+    const auto refill = [&refills, scene] {
         ++refills;
         place(*scene);
-    });
+    };
+    connect(scene, &CNodeScene::nodeDeleted, scene, refill);
     chain.scene.reset();
     QCOMPARE(refills, 3); // once for each node that the scene had, and never for those filled in
     QCOMPARE(CTestModel::alive(), 0);
