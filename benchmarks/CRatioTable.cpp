@@ -86,9 +86,10 @@ int CRatioTable::print(std::ostream& out) const
         const bool isRatio = !row.floors.empty();
         const bool hasTarget = std::isfinite(row.target);
         const double judged = isRatio ? measured / floor : measured;
+        const std::string target = isRatio ? text(row.target, 2) : valueText(row.target, row.counter);
         out << "| " << row.work << " | " << valueText(measured, row.counter) << " | "
             << (isRatio ? valueText(floor, row.counter) : "") << " | " << (isRatio ? text(judged, 2) : "") << " | "
-            << (hasTarget ? text(row.target, 2) : "") << " | "
+            << (hasTarget ? target : "") << " | "
             << (!hasTarget             ? ""
                 : judged <= row.target ? "yes"
                                        : "**no**")

@@ -13,9 +13,10 @@
 
 /// What every benchmark measures, by the name of the counter.
 namespace Counters {
-constexpr const char* time = "time"; // seconds per item
-constexpr const char* p50 = "p50";   // seconds
-constexpr const char* p99 = "p99";   // seconds
+constexpr const char* time = "time";       // seconds per item
+constexpr const char* p50 = "p50";         // seconds
+constexpr const char* p99 = "p99";         // seconds
+constexpr const char* longest = "longest"; // seconds
 constexpr const char* floorP50 = "floor p50";
 constexpr const char* floorP99 = "floor p99";
 constexpr const char* bytes = "bytes";

@@ -3,7 +3,7 @@
 
 // Measures the library against floors that are written by hand, and prints one table of the ratios.
 //
-//   --quick          builds small graphs only: whether everything runs
+//   --quick          small graphs and short runs only: whether everything runs
 //   --benchmark_...  as Google Benchmark takes them
 
 #include "CRatioTable.h"
@@ -33,7 +33,11 @@ int main(int argc, char* argv[])
     registerDecoupler(table);
     registerService(table, largest);
     registerThreads(table);
-    registerWorkers(table);
+    registerWorkers(table, isQuick);
+    registerFilters(table, isQuick);
+#ifdef HALVEX_BENCH_HOST
+    registerRecording(table, isQuick);
+#endif
 #ifdef HALVEX_BENCH_PEERS
     registerPeers(table);
 #endif

@@ -1,11 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-// What a hop costs in other systems, against the same floor as ours.
+// What a hop costs in other systems, against the same floor as ours; and ours against how they filter images.
 
 #include "Measuring.h"
+#include "peers/CGStreamerFilters.h"
 #include "peers/CGStreamerGraph.h"
 #include "peers/CSignals2Graph.h"
+#include "peers/CTbbFilters.h"
 #include "peers/CTbbGraph.h"
 
 namespace {
@@ -27,4 +29,11 @@ void registerPeers(CRatioTable& table)
     addPeer<CGStreamerGraph>(table, "GStreamer pads");
     addPeer<CTbbGraph>(table, "oneTBB's flow graph");
     addPeer<CSignals2Graph>(table, "Boost.Signals2");
+
+    const std::string work = "a frame through two filters, two cameras, in workers, against ";
+    table.add({work + "GStreamer with a queue before each filter",
+               filtersInWorkers,
+               {addFilters<CGStreamerFilters>("filters/GStreamer")},
+               1});
+    table.add({work + "oneTBB's flow graph", filtersInWorkers, {addFilters<CTbbFilters>("filters/oneTBB")}, 1});
 }
