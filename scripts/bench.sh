@@ -9,7 +9,7 @@
 . "$(dirname "$0")/common.sh"
 
 peers=OFF
-packages=("${library_packages[@]}" "${bench_packages[@]}")
+packages=("${library_packages[@]}" "${host_packages[@]}" "${bench_packages[@]}")
 # Short repetitions in random order: what disturbs the machine for a while disturbs what is compared alike.
 options=(--benchmark_enable_random_interleaving=true --benchmark_repetitions=15 --benchmark_min_time=0.02)
 for argument in "$@"; do
@@ -22,7 +22,10 @@ done
 
 need_packages "${packages[@]}" >&2
 step "build" >&2
-cmake --preset bench -DHALVEX_BENCH_PEERS="$peers" >&2
+cmake --preset bench -DHALVEX_BUILD_HOST=ON -DHALVEX_BENCH_PEERS="$peers" >&2
 cmake --build --preset bench --target halvex-benchmarks >&2
 step "measure" >&2
+# The C library keeps the memory that was freed. Otherwise it gives back large images and fetches them again, page by
+# page: how often depends on which thread frees them, and hides what the filters' rows compare.
+export GLIBC_TUNABLES=glibc.malloc.mmap_threshold=$((32 << 20)):glibc.malloc.trim_threshold=$((1 << 30))
 build/bench/benchmarks/halvex-benchmarks "${options[@]}"
