@@ -58,7 +58,8 @@ QString chainDocument(bool hasPreviews)
         names.append(cameraName(camera));
 
     QJsonArray chain;
-    for (const QJsonValue& value : QJsonDocument::fromJson(file.readAll()).array()) {
+    const QJsonArray whole = QJsonDocument::fromJson(file.readAll()).array();
+    for (const auto& value : whole) {
         QJsonObject element = value.toObject();
         const QString name = element.value(QStringLiteral("name")).toString();
         if (!hasPreviews && name != QLatin1String("recording") && name != QLatin1String("frames"))
@@ -122,9 +123,11 @@ public:
     std::vector<double> run(int framesEach)
     {
         std::vector<std::thread> threads;
+        threads.reserve(cameras);
         for (int camera = 0; camera < cameras; ++camera)
             threads.emplace_back([=] { sendFrames(m_entries[std::size_t(camera)], camera, framesEach); });
-        while (recorded() < quint64(cameras * framesEach))
+        const quint64 all = quint64{cameras} * quint64(framesEach);
+        while (recorded() < all)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         for (std::thread& thread : threads)
             thread.join();
