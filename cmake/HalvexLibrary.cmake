@@ -54,7 +54,6 @@ set(HALVEX_PLATFORM_HEADERS
 target_sources(Halvex PRIVATE
   ${HALVEX_PUBLIC_HEADERS}
   graph/CConversion_p.h
-  graph/CGraphOwner_p.h
   graph/support/CDeferredQueue.cpp
   graph/support/CDeferredQueue_p.h
   graph/support/CMetaTypeRegistration_p.h
@@ -91,7 +90,6 @@ target_sources(Halvex PRIVATE
   scene/CNodeDataModelRegistry.cpp
   scene/CNodeScene.cpp
   scene/CNodeSceneDocument.cpp
-  scene/CSceneLoader_p.h
   service/CHalvexPlugin.cpp
   service/CNodeService.cpp
   service/CSceneImport.cpp

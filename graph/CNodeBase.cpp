@@ -5,10 +5,8 @@
 
 #include "graph/CNodeVisit_p.h"
 #include "graph/CStackGauge_p.h"
-#include "graph/PortSides_p.h"
 #include "graph/support/JsonObject_p.h"
 
-#include <Halvex/graph/CNodeConnection.h>
 #include <Halvex/graph/DocumentKeys.h>
 
 #include <utility>
@@ -89,17 +87,55 @@ void CNodeBase::restore(const QJsonObject& json)
         m_model->restore(json.value(DocumentKeys::model).toObject());
 }
 
-CNodeConnection*& CNodeBase::firstConnection(ENodePortType side)
-{
-    return side == ENodePortType::In ? m_firstIn : m_firstOut;
-}
-
 void CNodeBase::clearEnds()
 {
-    for (const ENodePortType side : portSides) {
-        while (CNodeConnection* const connection = firstConnection(side))
-            connection->onNodeGone(side, *this);
+    while (SEnd* const end = m_firstEnd) {
+        end->unlink();
+        if (end->node == this) // a host may have written another
+            end->clear();
     }
+}
+
+void CNodeBase::retire(std::unique_ptr<CNodeBase> node)
+{
+    Q_ASSERT(node);
+    node->m_owner = nullptr;
+    node->m_stage = EStage::Closed;
+    node->clearEnds();
+    CNodeVisit::endAll(*node);
+    if (node->m_state.m_visit)
+        static_cast<void>(node.release()); // the last visit destroys it
+}
+
+void CNodeBase::SEnd::leadTo(CNodeBase& to)
+{
+    unlink();
+    node = nullptr;
+    if (!to.m_model)
+        return; // it is being destroyed
+    node = &to;
+    link = &to.m_firstEnd;
+    next = *link;
+    if (next)
+        next->link = &next;
+    *link = this;
+}
+
+void CNodeBase::SEnd::unlink()
+{
+    if (!link)
+        return;
+    *link = next;
+    if (next)
+        next->link = link;
+    link = nullptr;
+}
+
+void CNodeBase::SEnd::clear()
+{
+    unlink();
+    node = nullptr;
+    index = -1;
 }
 
 } // namespace Plugin::Halvex

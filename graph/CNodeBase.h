@@ -88,9 +88,23 @@ public Q_SLOTS:
     void onDataUpdated(NodePortIndex index);
 
 private:
-    friend class CGraphOwner;
+    friend class CGraphInspector;
     friend class CNodeConnection;
+    friend class CNodeScene;
     friend class CNodeVisit;
+
+    /// An end of a connection. It is in a list of the node that it leads to, which clears it when it goes.
+    struct SEnd
+    {
+        CNodeBase* node = nullptr;
+        NodePortIndex index = -1;
+        SEnd* next = nullptr;
+        SEnd** link = nullptr; ///< What points at this end in that list; null if it is in none.
+
+        HALVEX_NO_EXPORT void leadTo(CNodeBase& to);
+        HALVEX_NO_EXPORT void unlink();
+        HALVEX_NO_EXPORT void clear();
+    };
 
     /// How far its removal has come.
     enum class EStage
@@ -110,16 +124,16 @@ private:
     HALVEX_NO_EXPORT inline void deliverToPort(NodePortIndex outIndex, CNodeDataPtr&& data, const CNodeVisit& visit);
     [[gnu::cold]] HALVEX_NO_EXPORT void dropData(CStackGauge& gauge, const char* reason) const;
 
-    CNodeConnection*& firstConnection(ENodePortType side);
     void clearEnds();
+    // Takes a node out of the graph: every end that leads to it is cleared, and it is destroyed, at once or when the
+    // last visit has left it.
+    static void retire(std::unique_ptr<CNodeBase> node);
 
     // What a walk reads comes first and lies in a row with what the table begins with, for the cache.
     std::unique_ptr<CNodeDataModel> m_model;
     mutable CNodeState m_state; // also counts who stands in the node
     Core::CId m_id;
-    // The connections that lead here, one list for each side; the node clears their ends when it goes.
-    CNodeConnection* m_firstIn = nullptr;
-    CNodeConnection* m_firstOut = nullptr;
+    SEnd* m_firstEnd = nullptr;    // of those that lead here
     const void* m_owner = nullptr; // the scene that holds it; null before it is added and after it was taken out
     EStage m_stage = EStage::Staying;
     mutable bool m_hasWarned = false;

@@ -10,12 +10,10 @@
 #include "graph/support/LoggingCategory_p.h"
 #include "graph/support/Swallow_p.h"
 
-#include <Halvex/graph/CNodeBase.h>
 #include <Halvex/graph/DocumentKeys.h>
 
 #include <QPointer>
 
-#include <algorithm>
 #include <utility>
 
 namespace Plugin::Halvex {
@@ -69,14 +67,14 @@ CNodeConnection::~CNodeConnection()
 
     CConversion::endAll(*this);
     leaveTables();
-    unlinkEnd(ENodePortType::In);
-    unlinkEnd(ENodePortType::Out);
+    m_in.unlink();
+    m_out.unlink();
 }
 
 void CNodeConnection::leaveTables()
 {
     for (const CNodeState::SEntry& entry : qAsConst(m_entries))
-        entry.state->forgetConnection(entry, *this);
+        entry.state->forgetConnection(entry, m_id);
     m_entries.clear();
 }
 
@@ -112,16 +110,14 @@ SNodeDataType CNodeConnection::dataType(ENodePortType portType) const
 void CNodeConnection::setNodeToPort(CNodeBase& node, ENodePortType portType, NodePortIndex index)
 {
     // For None the two go to different ends.
-    setNode(portType == ENodePortType::In ? ENodePortType::In : ENodePortType::Out, node);
+    end(portType).leadTo(node);
     (portType == ENodePortType::Out ? m_out : m_in).index = index;
     Q_EMIT updated(*this);
 }
 
 void CNodeConnection::clearNode(ENodePortType portType)
 {
-    unlinkEnd(portType);
-    end(portType).node = nullptr;
-    end(portType).index = -1;
+    end(portType).clear();
 }
 
 void CNodeConnection::setTypeConverter(NodeDataConverter converter)
@@ -173,69 +169,15 @@ QJsonObject CNodeConnection::getTypeJson(ENodePortType portType) const
     return jsonObject({{DocumentKeys::id, type.id}, {DocumentKeys::name, type.name}});
 }
 
-void CNodeConnection::setNode(ENodePortType side, CNodeBase& node)
-{
-    unlinkEnd(side);
-    SEnd& here = end(side);
-    here.node = nullptr;
-    if (!node.nodeDataModel())
-        return; // it is being destroyed
-    here.node = &node;
-    here.link = &node.firstConnection(side);
-    here.next = *here.link;
-    if (here.next)
-        here.next->end(side).link = &here.next;
-    *here.link = this;
-}
-
-void CNodeConnection::unlinkEnd(ENodePortType side)
-{
-    SEnd& here = end(side);
-    if (!here.link)
-        return;
-    *here.link = here.next;
-    if (here.next)
-        here.next->end(side).link = here.link;
-    here.link = nullptr;
-}
-
-void CNodeConnection::onNodeGone(ENodePortType side, const CNodeBase& node)
-{
-    unlinkEnd(side);
-    if (end(side).node == &node)
-        clearNode(side);
-}
-
 const CNodeState::SEntry* CNodeConnection::findEntry(const CNodeState& state, ENodePortType side,
                                                      NodePortIndex port) const
 {
     for (const CNodeState::SEntry& entry : m_entries) {
-        if (entry.state == &state && entry.side == side && entry.port == port && state.isFilled(entry))
+        const bool isThere = entry.state == &state && entry.side == side && entry.port == port;
+        if (isThere && entry.state->place(entry).until == CNodeState::staysFilled)
             return &entry;
     }
     return nullptr;
-}
-
-void CNodeConnection::dropEntry(const CNodeState::SEntry& entry)
-{
-    const auto found = findOwnEntry(entry);
-    *found = m_entries.last();
-    m_entries.removeLast();
-}
-
-void CNodeConnection::moveEntry(const CNodeState::SEntry& entry, int position)
-{
-    findOwnEntry(entry)->position = position;
-}
-
-CNodeState::SEntry* CNodeConnection::findOwnEntry(const CNodeState::SEntry& entry)
-{
-    const auto found = std::find_if(m_entries.begin(), m_entries.end(), [&entry](const CNodeState::SEntry& note) {
-        return note.state == entry.state && note.side == entry.side && note.port == entry.port &&
-               note.position == entry.position;
-    });
-    Q_ASSERT(found != m_entries.end());
-    return found;
 }
 
 } // namespace Plugin::Halvex

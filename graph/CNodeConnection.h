@@ -4,6 +4,7 @@
 #pragma once
 
 #include <Halvex/HalvexExport.h>
+#include <Halvex/graph/CNodeBase.h>
 #include <Halvex/graph/CNodeData.h>
 #include <Halvex/graph/CNodeState.h>
 #include <Halvex/graph/ENodePortType.h>
@@ -22,7 +23,6 @@
 namespace Plugin::Halvex {
 
 class CConversion;
-class CNodeBase;
 class CStackGauge;
 
 /**
@@ -115,19 +115,11 @@ protected:
 
 private:
     friend class CConversion;
-    friend class CGraphOwner;
+    friend class CGraphInspector;
     friend class CNodeBase;
+    friend class CNodeScene;
     friend class CNodeState;
-
-    /// One end: a port of a node, and the place among the connections that lead to that node, which clears the end when
-    /// it goes.
-    struct SEnd
-    {
-        CNodeBase* node = nullptr;
-        NodePortIndex index = -1;
-        CNodeConnection* next = nullptr;
-        CNodeConnection** link = nullptr; ///< What points at this connection in that list; null if it is in none.
-    };
+    using SEnd = CNodeBase::SEnd;
 
     /// What is going on with it.
     enum class EStage
@@ -145,16 +137,8 @@ private:
 
     const SEnd& end(ENodePortType portType) const { return portType == ENodePortType::In ? m_in : m_out; }
     SEnd& end(ENodePortType portType) { return portType == ENodePortType::In ? m_in : m_out; }
-    void setNode(ENodePortType side, CNodeBase& node);
-    void unlinkEnd(ENodePortType side);
     void leaveTables();
-    // For the node, which is being destroyed or leaves its scene.
-    void onNodeGone(ENodePortType side, const CNodeBase& node);
-
     const CNodeState::SEntry* findEntry(const CNodeState& state, ENodePortType side, NodePortIndex port) const;
-    void dropEntry(const CNodeState::SEntry& entry);
-    void moveEntry(const CNodeState::SEntry& entry, int position);
-    CNodeState::SEntry* findOwnEntry(const CNodeState::SEntry& entry);
 
     Core::CId m_id;
     SEnd m_out;

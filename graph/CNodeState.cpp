@@ -28,25 +28,20 @@ int countPorts(const CNodeDataModel& model, ENodePortType side)
 
 } // namespace
 
-template <typename Visitor>
-void CNodeState::forEachPlace(ENodePortType side, NodePortIndex port, const Visitor& visitor) const
-{
-    for (const SPlace& place : rows(side)[port]) {
-        if (place.until == staysFilled)
-            visitor(*place.connection);
-    }
-}
-
+/// The tables first: a host may have written into them.
 template <typename Visitor>
 void CNodeState::forEachConnection(ENodePortType side, NodePortIndex port, const Visitor& visitor) const
 {
-    if (!m_tables) {
-        forEachPlace(side, port, visitor);
+    if (m_tables) {
+        for (const auto& entry : table(side)[std::size_t(port)]) {
+            if (entry.second)
+                visitor(*entry.second);
+        }
         return;
     }
-    for (const auto& entry : table(side)[std::size_t(port)]) {
-        if (entry.second)
-            visitor(*entry.second);
+    for (const SPlace& place : rows(side)[port]) {
+        if (place.until == staysFilled)
+            visitor(*place.connection);
     }
 }
 
@@ -69,22 +64,10 @@ CNodeState::CNodeState(CNodeState&& other) noexcept
     other.clear();
 }
 
-CNodeState& CNodeState::operator=(const CNodeState& other)
+CNodeState& CNodeState::operator=(CNodeState other) noexcept
 {
-    if (this == &other)
-        return *this;
     clear();
     copyFrom(other);
-    return *this;
-}
-
-CNodeState& CNodeState::operator=(CNodeState&& other) noexcept
-{
-    if (this == &other)
-        return *this;
-    clear();
-    copyFrom(other);
-    other.clear();
     return *this;
 }
 
@@ -110,9 +93,7 @@ void CNodeState::setConnection(ENodePortType portType, NodePortIndex index, CNod
         return;
     if (m_tables && !table(portType)[std::size_t(index)].emplace(connection.id(), &connection).second)
         return;
-    // It has a place already if a host has taken it out of the table alone.
-    if (!connection.findEntry(*this, portType, index))
-        addPlace(portType, index, connection);
+    addPlace(portType, index, connection);
 }
 
 void CNodeState::eraseConnection(ENodePortType portType, NodePortIndex index, const Core::CId& id)
@@ -184,10 +165,11 @@ void CNodeState::resizeRows(int inPorts, int outPorts)
 void CNodeState::addPlace(ENodePortType side, NodePortIndex port, CNodeConnection& connection)
 {
     static_assert(sizeof(SPlace) <= 16, "four to a line of the cache");
-    Q_ASSERT(!connection.findEntry(*this, side, port));
-    auto& places = rows(side)[port];
-    connection.m_entries.append({this, side, port, places.size()});
-    places.append({&connection, staysFilled});
+    if (connection.findEntry(*this, side, port))
+        return; // a host may have taken it out of the table alone, or written it there twice
+    Row& row = rows(side)[port];
+    connection.m_entries.append({this, side, port, row.size()});
+    row.append({&connection, staysFilled});
 }
 
 void CNodeState::takeOut(ENodePortType side, NodePortIndex port, const CNodeConnection& connection)
@@ -195,31 +177,31 @@ void CNodeState::takeOut(ENodePortType side, NodePortIndex port, const CNodeConn
     if (m_tables && hasPort(side, port))
         table(side)[std::size_t(port)].erase(connection.id());
     if (const SEntry* const entry = connection.findEntry(*this, side, port))
-        givePlaceUp(*entry);
+        givePlaceUp(*entry, {place(*entry).connection, ++m_lastChange});
 }
 
-void CNodeState::givePlaceUp(SEntry entry)
+void CNodeState::givePlaceUp(const SEntry& entry, SPlace left)
 {
-    SPlace& place = rows(entry.side)[entry.port][entry.position];
-    if (m_visit) {
-        place.until = ++m_lastChange;
+    place(entry) = left;
+    if (m_visit)
         CNodeVisit::leaveUntidy(*this);
-        return;
-    }
-    place.connection->dropEntry(entry);
-    removePlace(entry.side, entry.port, entry.position);
+    else
+        removePlace(entry);
 }
 
-void CNodeState::removePlace(ENodePortType side, NodePortIndex port, int position)
+void CNodeState::removePlace(SEntry entry)
 {
     Q_ASSERT(!m_visit); // a walk would miss what moves
-    auto& places = rows(side)[port];
-    const SPlace moved = places.last();
-    places.removeLast();
-    if (position == places.size())
+    if (CNodeConnection* const connection = place(entry).connection)
+        connection->m_entries.remove(connection->m_entries.indexOf(entry));
+    Row& row = rows(entry.side)[entry.port];
+    const SPlace moved = row.last();
+    row.removeLast();
+    if (entry.position == row.size())
         return;
-    places[position] = moved;
-    moved.connection->moveEntry({this, side, port, places.size()}, position);
+    place(entry) = moved;
+    auto& entries = moved.connection->m_entries;
+    entries[entries.indexOf({this, entry.side, entry.port, row.size()})].position = entry.position;
 }
 
 CNodeState::Ids CNodeState::connectionIds() const
@@ -233,35 +215,26 @@ CNodeState::Ids CNodeState::connectionIds() const
     return ids;
 }
 
-bool CNodeState::isFilled(const SEntry& entry) const
-{
-    return rows(entry.side)[entry.port][entry.position].until == staysFilled;
-}
-
 bool CNodeState::prepareRow(NodePortIndex outPort)
 {
+    Q_ASSERT(m_visit); // so that no place moves
     if (!requirePort(ENodePortType::Out, outPort))
         return false;
-    readTable(outPort);
-    return true;
-}
-
-void CNodeState::readTable(NodePortIndex outPort)
-{
-    Q_ASSERT(m_visit); // so that no place moves
     const Connections& port = table(ENodePortType::Out)[std::size_t(outPort)];
-    Row& row = m_outRows[outPort];
+    const Row& row = m_outRows[outPort];
     for (int position = 0; position < row.size(); ++position) {
-        if (row[position].until != staysFilled)
+        const SPlace& place = row[position];
+        if (place.until != staysFilled)
             continue;
-        const auto found = port.find(row[position].connection->id());
-        if (found == port.end() || found->second != row[position].connection)
-            givePlaceUp({this, ENodePortType::Out, outPort, position});
+        const auto found = port.find(place.connection->id());
+        if (found == port.end() || found->second != place.connection)
+            givePlaceUp({this, ENodePortType::Out, outPort, position}, {place.connection, ++m_lastChange});
     }
     for (const auto& entry : port) {
-        if (entry.second && !entry.second->findEntry(*this, ENodePortType::Out, outPort))
+        if (entry.second)
             addPlace(ENodePortType::Out, outPort, *entry.second);
     }
+    return true;
 }
 
 void CNodeState::copyFrom(const CNodeState& other)
@@ -271,8 +244,8 @@ void CNodeState::copyFrom(const CNodeState& other)
     if (other.m_tables)
         m_tables = std::make_unique<Tables>(*other.m_tables);
     for (const ENodePortType side : portSides) {
-        for (NodePortIndex port = 0; port < other.rows(side).size(); ++port)
-            other.forEachPlace(side, port, [&](CNodeConnection& connection) { addPlace(side, port, connection); });
+        for (NodePortIndex port = 0; hasPort(side, port); ++port)
+            other.forEachConnection(side, port, [&](CNodeConnection& connection) { addPlace(side, port, connection); });
     }
 }
 
@@ -293,41 +266,24 @@ void CNodeState::clear()
         tidy();
 }
 
-void CNodeState::forgetConnection(const SEntry& entry, const CNodeConnection& connection)
+void CNodeState::forgetConnection(const SEntry& entry, const Core::CId& id)
 {
-    if (m_tables && hasPort(entry.side, entry.port)) {
-        Connections& port = table(entry.side)[std::size_t(entry.port)];
-        const auto found = port.find(connection.id());
-        if (found != port.end() && found->second == &connection)
-            port.erase(found);
-    }
-    if (m_visit) {
-        rows(entry.side)[entry.port][entry.position] = {nullptr, 0};
-        CNodeVisit::leaveUntidy(*this);
-    } else {
-        removePlace(entry.side, entry.port, entry.position);
-    }
+    if (m_tables && hasPort(entry.side, entry.port))
+        table(entry.side)[std::size_t(entry.port)].erase(id);
+    givePlaceUp(entry, {nullptr, 0});
 }
 
 void CNodeState::tidy()
 {
     m_lastChange = 0;
     for (const ENodePortType side : portSides) {
-        for (NodePortIndex port = 0; port < rows(side).size(); ++port)
-            tidyRow(side, port);
-    }
-}
-
-void CNodeState::tidyRow(ENodePortType side, NodePortIndex port)
-{
-    // From the end, so that the place that fills a gap is one that stays.
-    for (int position = rows(side)[port].size() - 1; position >= 0; --position) {
-        const SPlace place = rows(side)[port][position];
-        if (place.until == staysFilled)
-            continue;
-        if (place.connection)
-            place.connection->dropEntry({this, side, port, position});
-        removePlace(side, port, position);
+        for (NodePortIndex port = 0; port < rows(side).size(); ++port) {
+            // From the end, so that the place that fills a gap is one that stays.
+            for (int position = rows(side)[port].size() - 1; position >= 0; --position) {
+                if (rows(side)[port][position].until != staysFilled)
+                    removePlace({this, side, port, position});
+            }
+        }
     }
 }
 

@@ -51,8 +51,7 @@ public:
     explicit CNodeState(const std::unique_ptr<CNodeDataModel>& model);
     CNodeState(const CNodeState&);
     CNodeState(CNodeState&&) noexcept;
-    CNodeState& operator=(const CNodeState&);
-    CNodeState& operator=(CNodeState&&) noexcept;
+    CNodeState& operator=(CNodeState) noexcept;
     ~CNodeState();
 
     /// A copy of one port's connections. For a port that does not exist: empty, and a debug message says which.
@@ -72,9 +71,9 @@ public:
     const std::vector<Connections>& getEntries(ENodePortType portType) const;
 
 private:
-    friend class CGraphOwner;
     friend class CNodeBase;
     friend class CNodeConnection;
+    friend class CNodeScene;
     friend class CNodeVisit;
     friend class CRowInspector;
 
@@ -98,6 +97,11 @@ private:
         ENodePortType side;
         NodePortIndex port;
         int position;
+
+        bool operator==(const SEntry& other) const
+        {
+            return state == other.state && side == other.side && port == other.port && position == other.position;
+        }
     };
 
     /// The same as tables, by the number of the side: what hosts read.
@@ -116,26 +120,22 @@ private:
     Ids connectionIds() const;
 
     template <typename Visitor>
-    void forEachPlace(ENodePortType side, NodePortIndex port, const Visitor& visitor) const;
-    // The same with what a host may have written.
-    template <typename Visitor>
     void forEachConnection(ENodePortType side, NodePortIndex port, const Visitor& visitor) const;
     void addPlace(ENodePortType side, NodePortIndex port, CNodeConnection& connection);
-    void givePlaceUp(SEntry entry);
-    void removePlace(ENodePortType side, NodePortIndex port, int position);
-    bool isFilled(const SEntry& entry) const;
+    // Leaves \a left in the place as long as a walk may read it.
+    void givePlaceUp(const SEntry& entry, SPlace left);
+    void removePlace(SEntry entry);
+    SPlace& place(const SEntry& entry) { return rows(entry.side)[entry.port][entry.position]; }
+    // Whether a walk may read the row; first enters what a host has written into the table.
     bool prepareRow(NodePortIndex outPort);
-    void readTable(NodePortIndex outPort);
     void takeOut(ENodePortType side, NodePortIndex port, const CNodeConnection& connection);
 
     void copyFrom(const CNodeState& other);
     void clear();
-
     // For the connection, which is being destroyed.
-    void forgetConnection(const SEntry& entry, const CNodeConnection& connection);
+    void forgetConnection(const SEntry& entry, const Core::CId& id);
     // For the last visit that leaves the node.
     void tidy();
-    void tidyRow(ENodePortType side, NodePortIndex port);
 
     // What a walk reads comes first.
     CNodeVisit* m_visit = nullptr; // the innermost stretch of code that stands in the node: places stay where they are

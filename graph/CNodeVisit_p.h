@@ -98,7 +98,6 @@ public:
     };
 
 private:
-    friend class CGraphOwner;
     friend class CNodeBase;
     friend class CNodeState;
 
@@ -110,7 +109,6 @@ private:
 
     bool mayGoOnOtherwise() const { return !isOver() && (m_round == 1 || m_gauge.drops() == m_dropsBefore); }
 
-    static bool standsIn(const CNodeBase& node) { return node.m_state.m_visit != nullptr; }
     static void endAll(const CNodeBase& node)
     {
         for (CNodeVisit* visit = node.m_state.m_visit; visit; visit = visit->m_outer) {

@@ -3,7 +3,7 @@
 
 #include <Halvex/scene/CNodeScene.h>
 
-#include "graph/CGraphOwner_p.h"
+#include "graph/CNodeVisit_p.h"
 #include "graph/support/CDeferredQueue_p.h"
 #include "graph/support/LoggingCategory_p.h"
 #include "graph/support/Swallow_p.h"
@@ -16,9 +16,6 @@
 #include <utility>
 
 namespace Plugin::Halvex {
-
-using ENodeStage = CGraphOwner::ENodeStage;
-using EConnectionStage = CGraphOwner::EConnectionStage;
 
 CNodeScene::CNodeScene(Core::AppCoreComponents::BaseInfoPtr info, QObject* parent)
     : CNodeScene(nullptr, std::move(info), parent)
@@ -133,7 +130,7 @@ void CNodeScene::deleteConnectionNow(CNodeConnection& connection)
 void CNodeScene::removeConnection(const Core::CId& id, EIfThrown ifThrown)
 {
     const auto found = m_connections.find(id);
-    if (found == m_connections.end() || CGraphOwner::stage(*found->second) != EConnectionStage::Staying)
+    if (found == m_connections.end() || found->second->m_stage != EConnectionStage::Staying)
         return;
 
     std::shared_ptr<CNodeConnection> kept = found->second;
@@ -145,14 +142,14 @@ void CNodeScene::removeConnection(const Core::CId& id, EIfThrown ifThrown)
             m_connections.erase(id);
             kept.reset();
         };
-        CGraphOwner::setStage(connection, EConnectionStage::Leaving);
+        connection.m_stage = EConnectionStage::Leaving;
         try {
             emitGuarded([this, &connection] { Q_EMIT connectionDeleted(connection); });
         } catch (...) {
             if (self && ifThrown == EIfThrown::Goes)
                 takeApart();
             else
-                CGraphOwner::setStage(connection, EConnectionStage::Staying);
+                connection.m_stage = EConnectionStage::Staying;
             throw;
         }
         if (self)
@@ -163,22 +160,22 @@ void CNodeScene::removeConnection(const Core::CId& id, EIfThrown ifThrown)
 void CNodeScene::removeNode(CNodeBase& node)
 {
     HALVEX_WARN_IF_IN_OTHER_THREAD();
-    const bool isAnnounced = CGraphOwner::stage(node) != ENodeStage::Staying;
+    const bool isAnnounced = node.m_stage != ENodeStage::Staying;
     if (!holds(node) || (isAnnounced && m_stage == EStage::Open))
         return;
 
     const CNodeVisit visit(node);
-    CGraphOwner::setStage(node, ENodeStage::Leaving);
+    node.m_stage = ENodeStage::Leaving;
     // If a handler's exception ends the removal, the node stays and can be removed later.
     auto keepIfThrown = qScopeGuard([&] {
         if (!visit.isOver())
-            CGraphOwner::setStage(node, ENodeStage::Staying);
+            node.m_stage = ENodeStage::Staying;
     });
     if (!isAnnounced && !m_queue->run([&] { emitGuarded([&] { Q_EMIT nodeDeleted(node); }); }))
         return;
     if (!holds(node))
         return;
-    CGraphOwner::setStage(node, ENodeStage::Closed);
+    node.m_stage = ENodeStage::Closed;
     if (!deleteConnectionsOf(node) || !holds(node))
         return;
     keepIfThrown.dismiss();
@@ -247,9 +244,9 @@ CNodeBase& CNodeScene::addNode(std::unique_ptr<CNodeBase> node)
     const CNodeVisit visit(added);
     const QPointer<CNodeScene> self(this);
     std::swap(m_nodes[added.id()], node);
-    CGraphOwner::setOwner(added, this);
+    added.m_owner = this;
     if (node) {
-        CGraphOwner::retire(std::move(node));
+        CNodeBase::retire(std::move(node));
         if (!self || !holds(added))
             return noNode();
     }
@@ -267,17 +264,17 @@ std::shared_ptr<CNodeConnection> CNodeScene::addConnection(std::shared_ptr<CNode
 
 bool CNodeScene::holds(const CNodeBase& node) const
 {
-    return CGraphOwner::owner(node) == this;
+    return node.m_owner == this;
 }
 
 bool CNodeScene::isOpen(const CNodeBase& node) const
 {
-    return m_stage != EStage::Closed && CGraphOwner::stage(node) < ENodeStage::Closed;
+    return m_stage != EStage::Closed && node.m_stage < ENodeStage::Closed;
 }
 
 bool CNodeScene::canConnect(const CNodeBase& node, ENodePortType portType, int portIndex) const
 {
-    return isOpen(node) && CGraphOwner::hasPort(node, portType, portIndex);
+    return isOpen(node) && node.m_state.hasPort(portType, portIndex);
 }
 
 bool CNodeScene::isWhole(const CNodeConnection& connection) const
@@ -302,14 +299,14 @@ void CNodeScene::takeOut(CNodeBase& node)
 {
     Q_ASSERT(holds(node));
     auto taken = m_nodes.extract(find(node));
-    CGraphOwner::setOwner(node, nullptr);
+    node.m_owner = nullptr;
     if (!m_queue->isBusy()) {
-        CGraphOwner::retire(std::move(taken.mapped()));
+        CNodeBase::retire(std::move(taken.mapped()));
         return;
     }
     // Its connections may wait in the queue, and their handlers are still to see them with both ends.
-    const std::shared_ptr<CNodeBase> last(
-        taken.mapped().release(), [](CNodeBase* left) { CGraphOwner::retire(std::unique_ptr<CNodeBase>(left)); });
+    const std::shared_ptr<CNodeBase> last(taken.mapped().release(),
+                                          [](CNodeBase* left) { CNodeBase::retire(std::unique_ptr<CNodeBase>(left)); });
     m_queue->defer([last] {});
 }
 
@@ -350,7 +347,7 @@ bool CNodeScene::deferDeletion(const Core::CId& id)
 
 bool CNodeScene::deleteConnectionsOf(const CNodeBase& node)
 {
-    const auto ids = CGraphOwner::connectionIds(node);
+    const auto ids = node.m_state.connectionIds();
     for (const Core::CId& id : ids) {
         if (!deferDeletion(id))
             return false;

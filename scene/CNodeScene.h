@@ -173,8 +173,10 @@ Q_SIGNALS:
 
 private:
     friend class CSceneInspector;
-    friend class CSceneLoader;
+    friend class CNodeService; // loads what an import has made, without writing it out as text
     using Nodes = std::unordered_map<Core::CId, std::unique_ptr<CNodeBase>>;
+    using ENodeStage = CNodeBase::EStage;
+    using EConnectionStage = CNodeConnection::EStage;
 
     enum class EStage
     {

@@ -3,7 +3,7 @@
 
 // The scene as a document: the half of CNodeScene that writes and reads it.
 
-#include "graph/CGraphOwner_p.h"
+#include "graph/CNodeVisit_p.h"
 #include "graph/support/JsonObject_p.h"
 #include "graph/support/ThreadCheck_p.h"
 

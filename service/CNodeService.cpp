@@ -6,7 +6,6 @@
 #include "graph/support/CDeferredQueue_p.h"
 #include "graph/support/Swallow_p.h"
 #include "graph/support/ThreadCheck_p.h"
-#include "scene/CSceneLoader_p.h"
 #include "service/CSceneImport_p.h"
 
 #include <algorithm>
@@ -313,7 +312,7 @@ bool CNodeService::importAll(const QStringList& documents)
         for (const QString& document : documents)
             import.addDocument(document);
         if (scene)
-            CSceneLoader::load(*scene, import.sceneDocument());
+            scene->load(import.sceneDocument());
     });
     return isDone && scene;
 }
@@ -363,31 +362,23 @@ void CNodeService::removeScene(CNodeScene& scene)
     });
 }
 
-void CNodeService::destroyScene(const QPointer<CNodeScene>& scene)
+void CNodeService::destroyScene(CNodeScene* scene)
 {
     Q_ASSERT(!scene || !scene->isBeingDestroyed());
-    const QPointer<CNodeService> self(this);
     m_scenes.removeOne(scene);
-    delete scene.data();
-    if (self)
-        announceRemoval();
+    delete scene;
 }
 
 void CNodeService::onSceneDestroyed(CNodeScene* scene)
 {
     m_scenes.removeOne(scene); // only its address
-    if (!m_leavingScenes.remove(scene))
-        announceRemoval();
-}
-
-void CNodeService::announceRemoval()
-{
+    m_leavingScenes.remove(scene);
     takeTurn([this] {
         if (!emitGuarded([this] { Q_EMIT sceneRemoved(); }))
             return;
         takeTurn([this] {
             const auto first = std::find_if(m_scenes.cbegin(), m_scenes.cend(),
-                                            [](const CNodeScene* scene) { return !scene->isBeingDestroyed(); });
+                                            [](const CNodeScene* left) { return !left->isBeingDestroyed(); });
             if (first != m_scenes.cend())
                 activateScene(*first);
         });

@@ -100,9 +100,8 @@ private:
     QPointer<CNodeScene> addScene(const Core::AppCoreComponents::BaseInfoPtr& info);
     void activateScene(CNodeScene* scene);
     void removeScene(CNodeScene& scene);
-    void destroyScene(const QPointer<CNodeScene>& scene);
-    void onSceneDestroyed(CNodeScene* scene);
-    void announceRemoval(); // of a scene; then the first of the others is the active one
+    void destroyScene(CNodeScene* scene);
+    void onSceneDestroyed(CNodeScene* scene); // tells of it; then the first of the others is the active one
 
     // Does \a work, which emits a signal, when what was asked for before it is done. It may end the service.
     template <typename Work>

@@ -3,7 +3,7 @@
 
 #include "service/CSceneImport_p.h"
 
-#include "graph/CGraphOwner_p.h"
+#include "graph/CNodeVisit_p.h"
 #include "graph/support/JsonObject_p.h"
 
 #include <Halvex/graph/DocumentKeys.h>

@@ -3,9 +3,9 @@
 
 #include <Halvex/graph/CNodeBase.h>
 
-#include "graph/CGraphOwner_p.h"
 #include "graph/TestGraph.h"
 #include "support/BoundedWait.h"
+#include "support/CGraphInspector.h"
 #include "support/CMessageCatcher.h"
 
 #include <QThread>
@@ -284,7 +284,7 @@ void tst_CNodeBase::retiredNodeGoesAtOnce()
 {
     SFan fan(1);
     fan.source.model->offer(CTestData::make(1)); // a walk that has ended
-    CGraphOwner::retire(std::move(fan.source.node));
+    CGraphInspector::retire(std::move(fan.source.node));
     QCOMPARE(CTestModel::alive(), 1);
     QVERIFY(!std::as_const(*fan.connections[0]).getNode(Out));
     QCOMPARE(fan.connections[0]->getPortIndex(Out), -1);
@@ -297,7 +297,7 @@ void tst_CNodeBase::retiredNodeLivesUntilItIsSavedAndRestored()
         int modelsMeanwhile = 0;
         const auto retire = [&] {
             int& models = modelsMeanwhile; // what was captured goes with the model
-            CGraphOwner::retire(std::move(node.node));
+            CGraphInspector::retire(std::move(node.node));
             models = CTestModel::alive();
         };
         node.model->onSave = node.model->onRestore = retire;
@@ -316,7 +316,7 @@ void tst_CNodeBase::retiredNodeLivesUntilTheLastDeliveryHasEnded()
     int modelsMeanwhile = 0;
     node.model->onSetInData = [&](const CNodeDataPtr& data, NodePortIndex) {
         if (CTestData::valueOf(data) == 2) {
-            CGraphOwner::retire(std::move(node.node));
+            CGraphInspector::retire(std::move(node.node));
         } else {
             int& models = modelsMeanwhile;
             node->propagateData(CTestData::make(2), 0);
@@ -333,7 +333,7 @@ void tst_CNodeBase::retiredNodeMayBeDestroyedInADelivery()
     STestNode node;
     node.model->onSetInData = [&node](const CNodeDataPtr&, NodePortIndex) {
         CNodeBase* const retired = node.node.get();
-        CGraphOwner::retire(std::move(node.node));
+        CGraphInspector::retire(std::move(node.node));
         delete retired; // the end of the delivery must not destroy it again
     };
     node->propagateData(CTestData::make(1), 0);
@@ -352,7 +352,7 @@ void tst_CNodeBase::retiredNodesModelMayUseIt()
         dying->restore({});
         dying->onDataUpdated(0);
     };
-    CGraphOwner::retire(std::move(node.node));
+    CGraphInspector::retire(std::move(node.node));
     QCOMPARE(saved, 1);
 }
 
@@ -362,7 +362,7 @@ void tst_CNodeBase::retiredNodePassesNothingOn()
     const CNodeBase* const node = fan.source.node.get();
     fan.source.model->onOutData = [&](NodePortIndex) {
         fan.source.model->onOutData = nullptr;
-        CGraphOwner::retire(std::move(fan.source.node));
+        CGraphInspector::retire(std::move(fan.source.node));
         // Whoever knows the node may use it as long as it is there.
         node->propagateData(CTestData::make(2), 0);
         return CNodeDataPtr();

@@ -3,8 +3,8 @@
 
 #include <Halvex/graph/CNodeBase.h>
 
-#include "graph/CGraphOwner_p.h"
 #include "graph/TestGraph.h"
+#include "support/CGraphInspector.h"
 #include "support/CMessageCatcher.h"
 
 #include <QtTest>
@@ -252,7 +252,7 @@ void tst_CNodeBaseWalk::sinkMayChangeTheGraph_data()
     addRow("source destroyed", One, NoneOfThem, NoneOfThem, [](SFan& f, std::size_t) { f.source.node.reset(); });
     addRow("source retired", One, NoneOfThem, NoneOfThem, [](SFan& f, std::size_t) {
         const int models = CTestModel::alive();
-        CGraphOwner::retire(std::move(f.source.node));
+        CGraphInspector::retire(std::move(f.source.node));
         QCOMPARE(CTestModel::alive(), models); // until the walk has left it
     });
 }
@@ -342,7 +342,7 @@ void tst_CNodeBaseWalk::modelMayLoseItsNodeWhenAsked()
 {
     using Loss = void (*)(STestNode&);
     const Loss destroy = [](STestNode& node) { node.node.reset(); };
-    const Loss retire = [](STestNode& node) { CGraphOwner::retire(std::move(node.node)); };
+    const Loss retire = [](STestNode& node) { CGraphInspector::retire(std::move(node.node)); };
     const CNodeDataPtr data = CTestData::make(1);
     for (const Loss lose : {destroy, retire}) {
         for (const CNodeDataPtr& answer : {CNodeDataPtr(), data}) {
@@ -378,7 +378,7 @@ void tst_CNodeBaseWalk::nodeMayGoInAFurtherRound()
             if (++rounds < 3) {
                 fan.source.model->offer(data);
             } else if (isRetired) {
-                CGraphOwner::retire(std::move(fan.source.node));
+                CGraphInspector::retire(std::move(fan.source.node));
             } else {
                 fan.source.node.reset();
             }
@@ -437,7 +437,7 @@ void tst_CNodeBaseWalk::exceptionsPassThrough()
         QVERIFY_EXCEPTION_THROWN(first.model->offer(CTestData::make(4)), std::runtime_error);
         failing.clear();
         const int models = CTestModel::alive();
-        CGraphOwner::retire(std::move(first.node));
+        CGraphInspector::retire(std::move(first.node));
         QCOMPARE(CTestModel::alive(), models - 1);
     }
 }

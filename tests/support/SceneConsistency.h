@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "graph/CGraphOwner_p.h"
+#include "support/CGraphInspector.h"
 #include "support/CRowInspector.h"
 #include "support/CSceneInspector.h"
 
@@ -102,14 +102,14 @@ inline QString inconsistencyOf(const SceneWorld& world)
         for (const auto& entry : scene->nodes()) {
             if (entry.second->id() != entry.first)
                 return QStringLiteral("a node stands under another id");
-            if (CGraphOwner::stage(*entry.second) != CGraphOwner::ENodeStage::Staying)
+            if (!CGraphInspector::isStaying(*entry.second))
                 return QStringLiteral("a node that stays is marked as leaving");
             nodes.insert(entry.second.get());
         }
         for (const auto& entry : scene->connections()) {
             if (entry.second->id() != entry.first)
                 return QStringLiteral("a connection stands under another id");
-            if (CGraphOwner::stage(*entry.second) != CGraphOwner::EConnectionStage::Staying)
+            if (!CGraphInspector::isStaying(*entry.second))
                 return QStringLiteral("a connection that stays is marked as leaving");
             const QString wrong = SceneConsistency::inconsistencyOf(*entry.second);
             if (!wrong.isEmpty())
