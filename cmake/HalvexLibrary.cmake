@@ -68,10 +68,7 @@ target_sources(Halvex PRIVATE
   graph/CStackGauge_p.h
   graph/PortSides_p.h
   graph/support/JsonObject_p.h
-  graph/support/LoggingCategory.cpp
-  graph/support/LoggingCategory_p.h
-  graph/support/Swallow_p.h
-  graph/support/ThreadCheck_p.h
+  graph/support/Reports_p.h
   models/ANodeDataModel.cpp
   models/ASinkNodeDataModel.cpp
   models/ASourceNodeDataModel.cpp
@@ -81,7 +78,6 @@ target_sources(Halvex PRIVATE
   models/CNodeDataEntry.cpp
   models/CNodeDataFlowProxy.cpp
   models/CNodeDecouplerDataModelBase.cpp
-  models/CSourceDataFlowProxy_p.h
   models/CInputGatherer_p.h
   models/CWorkQueue.cpp
   models/CWorkQueue_p.h
@@ -94,8 +90,7 @@ target_sources(Halvex PRIVATE
   service/CNodeService.cpp
   service/CSceneImport.cpp
   service/CSceneImport_p.h
-  service/CVeltraGrabResultData.cpp
-  service/INodeService.cpp)
+  service/CVeltraGrabResultData.cpp)
 
 # The umbrella header is made from the same list that is installed, so that it misses no class.
 set(HALVEX_INCLUDES "")

@@ -34,8 +34,7 @@ CNodeBase::CNodeBase(std::unique_ptr<CNodeDataModel>&& model)
     , m_id(Core::CId::createId())
 {
     // Without the name, Qt could not queue a model's signal that comes from another thread.
-    static const int nameOfPortIndex = qRegisterMetaType<NodePortIndex>("NodePortIndex");
-    Q_UNUSED(nameOfPortIndex)
+    [[maybe_unused]] static const int nameOfPortIndex = qRegisterMetaType<NodePortIndex>("NodePortIndex");
 
     CStackGauge::ofThisThread().measureOnce(); // measures this thread's stack, which allocates, before any walk does
     connect(m_model.get(), &CNodeDataModel::dataUpdated, this, &CNodeBase::onDataUpdated);

@@ -7,8 +7,7 @@
 #include "graph/CNodeVisit_p.h"
 #include "graph/PortSides_p.h"
 #include "graph/support/JsonObject_p.h"
-#include "graph/support/LoggingCategory_p.h"
-#include "graph/support/Swallow_p.h"
+#include "graph/support/Reports_p.h"
 
 #include <Halvex/graph/DocumentKeys.h>
 

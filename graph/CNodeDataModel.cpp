@@ -24,23 +24,18 @@ bool CNodeDataModel::captionVisible() const
     return true;
 }
 
-QString CNodeDataModel::portCaption(ENodePortType portType, NodePortIndex index) const
+QString CNodeDataModel::portCaption(ENodePortType, NodePortIndex) const
 {
-    Q_UNUSED(portType)
-    Q_UNUSED(index)
     return QString();
 }
 
-bool CNodeDataModel::portCaptionVisible(ENodePortType portType, NodePortIndex index) const
+bool CNodeDataModel::portCaptionVisible(ENodePortType, NodePortIndex) const
 {
-    Q_UNUSED(portType)
-    Q_UNUSED(index)
     return false;
 }
 
-CNodeDataModel::EConnectionPolicy CNodeDataModel::portOutConnectionPolicy(NodePortIndex index) const
+CNodeDataModel::EConnectionPolicy CNodeDataModel::portOutConnectionPolicy(NodePortIndex) const
 {
-    Q_UNUSED(index)
     return EConnectionPolicy::Many;
 }
 

@@ -6,8 +6,7 @@
 
 #include "graph/CConversion_p.h"
 #include "graph/CNodeVisit_p.h"
-#include "graph/support/LoggingCategory_p.h"
-#include "graph/support/ThreadCheck_p.h"
+#include "graph/support/Reports_p.h"
 
 #include <Halvex/graph/CNodeBase.h>
 #include <Halvex/graph/CNodeConnection.h>

@@ -11,7 +11,6 @@ ASinkNodeDataModel::ASinkNodeDataModel(QString uniqueName)
     : ANodeDataModel(std::move(uniqueName))
     , m_dataFlowProxy(new CNodeDataFlowProxy(this))
 {
-    qRegisterMetaType<CNodeDataPtr>("CNodeDataPtr");
     connect(m_dataFlowProxy.data(), &CNodeDataFlowProxy::newDataAvailable, this,
             &ASinkNodeDataModel::onNewDataAvailable);
 }

@@ -3,17 +3,15 @@
 
 #include <Halvex/models/ASourceNodeDataModel.h>
 
-#include "models/CSourceDataFlowProxy_p.h"
 #include "models/StoreNewestData_p.h"
 
 namespace Plugin::Halvex {
 
 ASourceNodeDataModel::ASourceNodeDataModel(QString uniqueName)
     : ANodeDataModel(std::move(uniqueName))
-    , m_dataFlowProxy(new CSourceDataFlowProxy(this))
+    , m_dataFlowProxy(new CNodeDataFlowProxy(this))
 {
     m_modelType = ENodeDataModelType::Source;
-    qRegisterMetaType<CNodeDataPtr>("CNodeDataPtr");
     connect(m_dataFlowProxy.data(), &CNodeDataFlowProxy::newDataAvailable, this,
             &ASourceNodeDataModel::onNewDataAvailable);
 }
@@ -33,8 +31,8 @@ QPointer<CNodeDataFlowProxy> ASourceNodeDataModel::getDataFlowProxy()
 
 CNodeDataEntry ASourceNodeDataModel::dataEntry() const
 {
-    const auto* const proxy = static_cast<const CSourceDataFlowProxy*>(m_dataFlowProxy.data());
-    return proxy ? proxy->entry() : CNodeDataEntry();
+    const CNodeDataFlowProxy* const proxy = m_dataFlowProxy;
+    return proxy ? proxy->m_entry : CNodeDataEntry();
 }
 
 CNodeDataPtr ASourceNodeDataModel::outData(NodePortIndex)

@@ -4,7 +4,7 @@
 #include <Halvex/models/AWorkerNodeDataModel.h>
 
 #include "graph/support/JsonObject_p.h"
-#include "graph/support/LoggingCategory_p.h"
+#include "graph/support/Reports_p.h"
 #include "models/CInputGatherer_p.h"
 #include "models/CWorkQueue_p.h"
 #include "models/RemovedWork_p.h"

@@ -3,8 +3,7 @@
 
 #include <Halvex/models/CDecoupler.h>
 
-#include "graph/support/LoggingCategory_p.h"
-#include "graph/support/Swallow_p.h"
+#include "graph/support/Reports_p.h"
 #include "models/DecouplerEnd_p.h"
 
 #include <QCoreApplication>

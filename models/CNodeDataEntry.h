@@ -49,7 +49,7 @@ public:
     bool setData(const CNodeDataPtr& data) const;
 
 private:
-    friend class CSourceDataFlowProxy;
+    friend class CNodeDataFlowProxy;
     class CTarget;
 
     explicit CNodeDataEntry(CNodeDataFlowProxy& proxy);

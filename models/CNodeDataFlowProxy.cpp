@@ -7,10 +7,14 @@ namespace Plugin::Halvex {
 
 CNodeDataFlowProxy::CNodeDataFlowProxy(QObject* parent)
     : QObject(parent)
+    , m_entry(*this)
 {
 }
 
-CNodeDataFlowProxy::~CNodeDataFlowProxy() = default;
+CNodeDataFlowProxy::~CNodeDataFlowProxy()
+{
+    m_entry.close(); // so that nothing is queued for an object that is no longer there
+}
 
 void CNodeDataFlowProxy::setData(CNodeDataPtr ptrNodeData)
 {

@@ -5,6 +5,7 @@
 
 #include <Halvex/HalvexExport.h>
 #include <Halvex/graph/CNodeData.h>
+#include <Halvex/models/CNodeDataEntry.h>
 
 #include <QObject>
 
@@ -41,6 +42,11 @@ public:
 Q_SIGNALS:
     /// Once per setData(), in the thread that called it.
     void newDataAvailable(CNodeDataPtr ptrNodeData);
+
+private:
+    friend class ASourceNodeDataModel;
+
+    CNodeDataEntry m_entry; // leads here
 };
 
 } // namespace Plugin::Halvex

@@ -47,10 +47,8 @@ QString CNodeDecouplerDataModelBase::caption()
     return tr("Decoupler for %1").arg(dataTypeName());
 }
 
-QString CNodeDecouplerDataModelBase::portCaption(ENodePortType portType, NodePortIndex index) const
+QString CNodeDecouplerDataModelBase::portCaption(ENodePortType, NodePortIndex) const
 {
-    Q_UNUSED(portType)
-    Q_UNUSED(index)
     return mutableSelf(*this).dataTypeName();
 }
 

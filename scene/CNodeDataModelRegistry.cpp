@@ -3,8 +3,6 @@
 
 #include <Halvex/scene/CNodeDataModelRegistry.h>
 
-#include <tuple>
-
 namespace Plugin::Halvex {
 
 CNodeDataModelRegistry::CNodeDataModelRegistry()
@@ -56,18 +54,13 @@ const std::unordered_map<QString, QString>& CNodeDataModelRegistry::registeredMo
 void CNodeDataModelRegistry::registerTypeConverter(const std::pair<SNodeDataType, SNodeDataType>& fromTo,
                                                    NodeDataConverter converter)
 {
-    m_converters[fromTo] = std::move(converter);
+    m_converters[{fromTo.first.id, fromTo.second.id}] = std::move(converter);
 }
 
 NodeDataConverter CNodeDataModelRegistry::getTypeConverter(const SNodeDataType& from, const SNodeDataType& to) const
 {
-    const auto found = m_converters.find({from, to});
+    const auto found = m_converters.find({from.id, to.id});
     return found == m_converters.end() ? NodeDataConverter() : found->second;
-}
-
-bool CNodeDataModelRegistry::SLessById::operator()(const TypePair& left, const TypePair& right) const
-{
-    return std::tie(left.first.id, left.second.id) < std::tie(right.first.id, right.second.id);
 }
 
 void CNodeDataModelRegistry::add(ModelCreator creator, const QString& category)

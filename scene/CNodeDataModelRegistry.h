@@ -103,19 +103,13 @@ public:
     NodeDataConverter getTypeConverter(const SNodeDataType& from, const SNodeDataType& to) const;
 
 private:
-    using TypePair = std::pair<SNodeDataType, SNodeDataType>;
-    struct SLessById
-    {
-        bool operator()(const TypePair& left, const TypePair& right) const;
-    };
-
     void add(ModelCreator creator, const QString& category);
 
     std::unordered_map<QString, QString> m_categoryOfModel;
     std::set<QString> m_categories;
     // Shared with a create() that is under way: the creator that it calls may replace or destroy this registry.
     std::shared_ptr<std::unordered_map<QString, ModelCreator>> m_creators;
-    std::map<TypePair, NodeDataConverter, SLessById> m_converters;
+    std::map<std::pair<QString, QString>, NodeDataConverter> m_converters; // by the ids of both types
 };
 
 } // namespace Plugin::Halvex

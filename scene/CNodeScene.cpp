@@ -5,9 +5,7 @@
 
 #include "graph/CNodeVisit_p.h"
 #include "graph/support/CDeferredQueue_p.h"
-#include "graph/support/LoggingCategory_p.h"
-#include "graph/support/Swallow_p.h"
-#include "graph/support/ThreadCheck_p.h"
+#include "graph/support/Reports_p.h"
 
 #include <QPointer>
 #include <QScopeGuard>
@@ -137,23 +135,19 @@ void CNodeScene::removeConnection(const Core::CId& id, EIfThrown ifThrown)
     CNodeConnection& connection = *kept;
     m_queue->run([&] {
         const QPointer<CNodeScene> self(this);
-        const auto takeApart = [&] {
+        bool isGoing = ifThrown == EIfThrown::Goes;
+        const auto end = qScopeGuard([&] {
+            if (!self || !isGoing) {
+                connection.m_stage = EConnectionStage::Staying;
+                return;
+            }
             connection.removeFromNodes();
             m_connections.erase(id);
             kept.reset();
-        };
+        });
         connection.m_stage = EConnectionStage::Leaving;
-        try {
-            emitGuarded([this, &connection] { Q_EMIT connectionDeleted(connection); });
-        } catch (...) {
-            if (self && ifThrown == EIfThrown::Goes)
-                takeApart();
-            else
-                connection.m_stage = EConnectionStage::Staying;
-            throw;
-        }
-        if (self)
-            takeApart();
+        emitGuarded([this, &connection] { Q_EMIT connectionDeleted(connection); });
+        isGoing = true;
     });
 }
 
@@ -176,7 +170,12 @@ void CNodeScene::removeNode(CNodeBase& node)
     if (!holds(node))
         return;
     node.m_stage = ENodeStage::Closed;
-    if (!deleteConnectionsOf(node) || !holds(node))
+    const auto ids = node.m_state.connectionIds();
+    for (const Core::CId& id : ids) {
+        if (!deferDeletion(id))
+            return;
+    }
+    if (!holds(node))
         return;
     keepIfThrown.dismiss();
     takeOut(node);
@@ -343,16 +342,6 @@ bool CNodeScene::deferDeletion(const Core::CId& id)
 {
     // By id and not by reference: until its turn comes, somebody else may have deleted the connection.
     return m_queue->defer([this, id] { removeConnection(id, EIfThrown::Goes); });
-}
-
-bool CNodeScene::deleteConnectionsOf(const CNodeBase& node)
-{
-    const auto ids = node.m_state.connectionIds();
-    for (const Core::CId& id : ids) {
-        if (!deferDeletion(id))
-            return false;
-    }
-    return true;
 }
 
 } // namespace Plugin::Halvex

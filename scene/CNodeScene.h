@@ -218,7 +218,6 @@ private:
     // Each of these runs foreign code and returns false when that has destroyed the scene.
     bool forEachNode(const std::function<void(CNodeBase*)>& visitor) const;
     bool deferDeletion(const Core::CId& id);
-    bool deleteConnectionsOf(const CNodeBase& node);
 
     std::unordered_map<Core::CId, std::shared_ptr<CNodeConnection>> m_connections;
     Nodes m_nodes;

@@ -5,7 +5,7 @@
 
 #include "graph/CNodeVisit_p.h"
 #include "graph/support/JsonObject_p.h"
-#include "graph/support/ThreadCheck_p.h"
+#include "graph/support/Reports_p.h"
 
 #include <Halvex/graph/DocumentKeys.h>
 #include <Halvex/scene/CNodeScene.h>

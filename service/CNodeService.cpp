@@ -4,8 +4,8 @@
 #include <Halvex/service/CNodeService.h>
 
 #include "graph/support/CDeferredQueue_p.h"
-#include "graph/support/Swallow_p.h"
-#include "graph/support/ThreadCheck_p.h"
+#include "graph/support/CMetaTypeRegistration_p.h"
+#include "graph/support/Reports_p.h"
 #include "service/CSceneImport_p.h"
 
 #include <algorithm>
@@ -33,6 +33,17 @@ bool holds(const CNodeScene& scene, const CNodeBase& node)
 }
 
 } // namespace
+
+INodeService::INodeService(QObject* parent)
+    : IService(parent)
+    , m_registry(std::make_shared<CNodeDataModelRegistry>())
+{
+    // Spies look for the type by the name that the signals have it by. A type under its full name could stay behind in
+    // Qt's table, with functions of the unloaded library: Qt keeps what a host, too, has asked for by the class.
+    static const CMetaTypeRegistration<CNodeScene*> scenePointer("CNodeScene*");
+}
+
+INodeService::~INodeService() = default;
 
 CNodeService::CNodeService(QObject* parent)
     : INodeService(parent)

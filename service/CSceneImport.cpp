@@ -66,8 +66,6 @@ CSceneImport::CSceneImport(CNodeScene& scene)
     });
 }
 
-CSceneImport::~CSceneImport() = default;
-
 void CSceneImport::addDocument(const QString& text)
 {
     const QJsonArray array = QJsonDocument::fromJson(text.toUtf8()).array();

@@ -35,8 +35,6 @@ class HALVEX_EXPORT CSceneImport
 {
 public:
     explicit CSceneImport(CNodeScene& scene);
-    ~CSceneImport();
-    Q_DISABLE_COPY(CSceneImport)
 
     /// Adds a document, which may use the labels of those before it. Text that is no JSON array adds nothing.
     void addDocument(const QString& text);

@@ -3,8 +3,7 @@
 
 #include "graph/support/CDeferredQueue_p.h"
 
-#include "graph/support/LoggingCategory_p.h"
-#include "graph/support/Swallow_p.h"
+#include "graph/support/Reports_p.h"
 
 namespace Plugin::Halvex {
 

@@ -3,14 +3,33 @@
 
 #pragma once
 
-#include "graph/support/LoggingCategory_p.h"
-
 #include <QDebug>
+#include <QLoggingCategory>
 #include <QThread>
 
 #include <atomic>
+#include <exception>
 
 namespace Plugin::Halvex {
+
+/// "halvex.graph": what the engine has to say beyond the messages that its operations define.
+inline Q_LOGGING_CATEGORY(lcGraph, "halvex.graph")
+
+    /// Runs \a work, which calls foreign code, where nothing may be thrown. What it throws is reported to \a category
+    /// under the name \a where. Returns whether the work came to its end.
+    template <typename Work>
+    bool swallowExceptions(const QLoggingCategory& (*category)(), const char* where, Work&& work) noexcept
+{
+    try {
+        work();
+        return true;
+    } catch (const std::exception& exception) {
+        qCWarning(category, "%s ended with an exception: %s", where, exception.what());
+    } catch (...) {
+        qCWarning(category, "%s ended with an exception of unknown type", where);
+    }
+    return false;
+}
 
 /// Warns, if this is the first time for \a hasWarned, that \a operation of \a object is not called in its thread.
 inline void warnIfInOtherThread(const QObject& object, const char* operation, std::atomic<bool>& hasWarned)
