@@ -142,12 +142,11 @@ bool CNodeState::hasPort(ENodePortType side, NodePortIndex index) const
 
 bool CNodeState::requirePort(ENodePortType side, NodePortIndex index) const
 {
-    const bool isThere = hasPort(side, index);
-    if (!isThere) {
-        qDebug() << "Plugin::Halvex::CNodeState::connections"
-                 << ": Could not find port " << index << " of type " << int(side);
-    }
-    return isThere;
+    if (hasPort(side, index))
+        return true;
+    qDebug() << "Plugin::Halvex::CNodeState::connections"
+             << ": Could not find port " << index << " of type " << int(side);
+    return false;
 }
 
 void CNodeState::resizeRows(int inPorts, int outPorts)

@@ -369,15 +369,12 @@ void CNodeService::removeScene(CNodeScene& scene)
     takeTurn([this, leaving = QPointer<CNodeScene>(&scene)] {
         if (leaving && !emitGuarded([&] { Q_EMIT sceneRemoving(leaving); }))
             return;
-        takeTurn([this, leaving] { destroyScene(leaving); });
+        takeTurn([this, leaving] {
+            Q_ASSERT(!leaving || !leaving->isBeingDestroyed());
+            m_scenes.removeOne(leaving);
+            delete leaving.data();
+        });
     });
-}
-
-void CNodeService::destroyScene(CNodeScene* scene)
-{
-    Q_ASSERT(!scene || !scene->isBeingDestroyed());
-    m_scenes.removeOne(scene);
-    delete scene;
 }
 
 void CNodeService::onSceneDestroyed(CNodeScene* scene)

@@ -100,7 +100,6 @@ private:
     QPointer<CNodeScene> addScene(const Core::AppCoreComponents::BaseInfoPtr& info);
     void activateScene(CNodeScene* scene);
     void removeScene(CNodeScene& scene);
-    void destroyScene(CNodeScene* scene);
     void onSceneDestroyed(CNodeScene* scene); // tells of it; then the first of the others is the active one
 
     // Does \a work, which emits a signal, when what was asked for before it is done. It may end the service.
