@@ -33,8 +33,13 @@ AWorkerNodeDataModel::~AWorkerNodeDataModel()
 
 void AWorkerNodeDataModel::setInData(CNodeDataPtr data, NodePortIndex index)
 {
-    if (!m_gatherer)
-        m_gatherer = std::make_unique<CInputGatherer>(nPorts(ENodePortType::In));
+    const QPointer<AWorkerNodeDataModel> self(this); // what a subclass says is foreign code
+    if (!m_gatherer) {
+        auto gatherer = std::make_unique<CInputGatherer>(nPorts(ENodePortType::In));
+        if (!self)
+            return;
+        m_gatherer = std::move(gatherer);
+    }
     if (index < 0 || std::size_t(index) >= m_gatherer->ports())
         return;
 
@@ -45,7 +50,7 @@ void AWorkerNodeDataModel::setInData(CNodeDataPtr data, NodePortIndex index)
         m_queue->cancel();
     } else if (m_gathering == EGathering::SameNumber) {
         const qint64 itsNumber = number(data);
-        if (m_gatherer->addNumbered(port, itsNumber, std::move(data), m_frame, passedOver))
+        if (self && m_gatherer->addNumbered(port, itsNumber, std::move(data), m_frame, passedOver))
             addFrame();
     } else if (m_gatherer->addNewest(port, data, m_frame)) {
         addFrame();
@@ -56,17 +61,19 @@ void AWorkerNodeDataModel::addFrame()
 {
     const QPointer<AWorkerNodeDataModel> self(this);
     Inputs frame = std::exchange(m_frame, {});
-    if (!m_work)
-        m_work = std::make_shared<const Work>(makeWork());
-    const std::shared_ptr<const Work> work = m_work; // a handler may change a setting, for the next frame
-    if (!std::exchange(m_isComputing, true))
-        Q_EMIT computingStarted();
+    if (!m_work) {
+        auto made = std::make_shared<const Work>(makeWork());
+        if (!self)
+            return;
+        m_work = std::move(made);
+    }
+    m_queue->add(frame, m_work);
+    frame.clear();
     if (!self)
         return;
-    m_queue->add(frame, work);
-    frame.clear();
-    if (self)
-        m_frame = std::move(frame); // for its room
+    m_frame = std::move(frame); // for its room
+    if (!std::exchange(m_isComputing, true))
+        Q_EMIT computingStarted(); // last: what a handler sends comes after this frame
 }
 
 CNodeDataPtr AWorkerNodeDataModel::outData(NodePortIndex index)
@@ -98,10 +105,12 @@ void AWorkerNodeDataModel::onResultsReady()
 bool AWorkerNodeDataModel::giveOut(CNodeDataPtr data)
 {
     const QPointer<AWorkerNodeDataModel> self(this);
-    const bool isData = !data.isNull();
+    const CNodeData* const given = data.data();
     if (!storeNewestData(*this, m_output, std::move(data)))
         return false;
-    if (isData)
+    if (m_output.data() != given)
+        return true; // the end of the old one has let a newer one out
+    if (given)
         Q_EMIT dataUpdated(0);
     else
         Q_EMIT dataInvalidated(0);

@@ -36,7 +36,9 @@ public:
     bool isUnique() override { return false; }
     unsigned int nPorts(ENodePortType side) const override
     {
-        return side == ENodePortType::In ? m_inputs : side == ENodePortType::Out ? 1 : 0;
+        const unsigned int ports = side == ENodePortType::In ? m_inputs : side == ENodePortType::Out ? 1 : 0;
+        call(onPorts);
+        return ports;
     }
     Plugin::Halvex::SNodeDataType dataType(ENodePortType, NodePortIndex) const override
     {
@@ -60,12 +62,32 @@ public:
 
     std::vector<int> values; ///< What went out, -1 for empty data.
 
+    // Each may destroy the model.
+    std::function<void()> onPorts;
+    std::function<void()> onMakeWork;
+    std::function<void()> onNumber;
+
 protected:
-    Work makeWork() const override { return m_testWork; }
+    Work makeWork() const override
+    {
+        Work work = m_testWork;
+        call(onMakeWork);
+        return work;
+    }
     /// Data belongs together if it has the same tens.
-    qint64 number(const CNodeDataPtr& data) const override { return CTestData::valueOf(data) / 10; }
+    qint64 number(const CNodeDataPtr& data) const override
+    {
+        call(onNumber);
+        return CTestData::valueOf(data) / 10;
+    }
 
 private:
+    static void call(std::function<void()> code)
+    {
+        if (code)
+            code();
+    }
+
     unsigned int m_inputs;
     Work m_testWork = &addUp;
 };

@@ -78,10 +78,12 @@ private Q_SLOTS:
     void reportsExceptions();
     void missingResultIsEmptyData();
     void saysWhenItComputes();
+    void frameThatComesAsItStartsIsTheSecond();
 
     void removedWhileItWorks();
     void removedByItsResult();
     void removedAsAFrameComes();
+    void removedByWhatItIsAsked();
     void takesWhatHasNotBegunOutOfThePool();
     void waitsForRemovedWorkWithABound();
 
@@ -420,6 +422,14 @@ void tst_AWorkerNodeDataModel::saysWhenItComputes()
     gated.work.open(3);
 }
 
+void tst_AWorkerNodeDataModel::frameThatComesAsItStartsIsTheSecond()
+{
+    CWorkerModel model;
+    connect(&model, &CNodeDataModel::computingStarted, &model, [&model] { model.send(2); });
+    model.send(1);
+    QTRY_COMPARE(model.values, (Values{1, 2}));
+}
+
 void tst_AWorkerNodeDataModel::removedWhileItWorks()
 {
     SGatedModel gated;
@@ -451,7 +461,18 @@ void tst_AWorkerNodeDataModel::removedAsAFrameComes()
     auto* const model = new CWorkerModel;
     connect(model, &CNodeDataModel::computingStarted, model, [model] { delete model; });
     model->send(1);
+    QVERIFY(AWorkerNodeDataModel::waitForRemovedWork());
     QCOMPARE(CTestData::alive(), 0);
+}
+
+void tst_AWorkerNodeDataModel::removedByWhatItIsAsked()
+{
+    for (const auto question : {&CWorkerModel::onPorts, &CWorkerModel::onNumber, &CWorkerModel::onMakeWork}) {
+        auto* const model = new CWorkerModel(1, EGathering::SameNumber);
+        model->*question = [model] { delete model; };
+        model->send(1);
+        QCOMPARE(CTestData::alive(), 0);
+    }
 }
 
 void tst_AWorkerNodeDataModel::takesWhatHasNotBegunOutOfThePool()
