@@ -19,7 +19,7 @@ CNodeBase& addStep(CNodeScene& scene)
 
 } // namespace
 
-CMatrixWorld::CMatrixWorld(ELayout layout, bool hasDecouplers)
+CMatrixWorld::CMatrixWorld(ELayout layout, bool hasDecouplers, bool hasWorkers)
 {
     SPlace& up = at(ETarget::Upstream);
     // The node at hand is the last, which makes it likely to be the first in its scene's table.
@@ -33,6 +33,8 @@ CMatrixWorld::CMatrixWorld(ELayout layout, bool hasDecouplers)
         }
         if (hasDecouplers)
             place.decoupler = &place.scene->createNode(std::make_unique<TestDecoupler>());
+        if (hasWorkers)
+            place.worker = &place.scene->createNode(makeWorker());
         place.node = &addStep(*place.scene);
     }
     hand().feeder = up.node;
@@ -43,6 +45,8 @@ CMatrixWorld::CMatrixWorld(ELayout layout, bool hasDecouplers)
         place.connection = connectPlace(place);
         if (hasDecouplers)
             place.scene->createConnection(*place.decoupler, 0, *place.node, 0, {});
+        if (hasWorkers)
+            place.scene->createConnection(*place.worker, 0, *place.node, 0, {});
     }
     feed(up);
 }
@@ -91,10 +95,10 @@ CNodeConnection* CMatrixWorld::connectPlace(const SPlace& place)
     return place.scene->createConnection(*place.node, 0, *place.feeder, 0, {}).get();
 }
 
-CWorldModel& CMatrixWorld::addBehindDecoupler(const SPlace& place)
+CWorldModel& CMatrixWorld::addBehind(const SPlace& place, CNodeBase& feeder)
 {
     CNodeBase& behind = addStep(*place.scene);
-    place.scene->createConnection(behind, 0, *place.decoupler, 0, {});
+    place.scene->createConnection(behind, 0, feeder, 0, {});
     return static_cast<CWorldModel&>(*behind.nodeDataModel());
 }
 

@@ -31,7 +31,7 @@ enum class ELayout
 class CMatrixWorld : public CWorld
 {
 public:
-    CMatrixWorld(ELayout layout, bool hasDecouplers);
+    CMatrixWorld(ELayout layout, bool hasDecouplers, bool hasWorkers);
 
     SPlace& at(ETarget target) { return m_places[target]; }
     SPlace& hand() { return at(ETarget::AtHand); }
@@ -53,8 +53,8 @@ public:
 
     /// Makes the connection from \a place's feeder to its node.
     static Plugin::Halvex::CNodeConnection* connectPlace(const SPlace& place);
-    /// Adds a node that \a place's decoupler feeds.
-    static CWorldModel& addBehindDecoupler(const SPlace& place);
+    /// Adds a node that \a feeder, of \a place's scene, feeds.
+    static CWorldModel& addBehind(const SPlace& place, CNodeBase& feeder);
     /// Sends a new number through \a place, if it is still there.
     void feed(const SPlace& place);
     /// Hands \a data to \a place's decoupler, which passes it on as soon as it can.

@@ -124,6 +124,8 @@ QString CSequence::runEnd()
     QString wrong = inconsistencyOfDocuments();
     if (wrong.isEmpty())
         wrong = inconsistencyOfWalks();
+    if (wrong.isEmpty())
+        wrong = inconsistencyOfWorkers();
     s_current = nullptr;
     destroyService();
     if (wrong.isEmpty() && CTestModels::alive() + CTestData::alive() + CWorldInfo::alive() != 0)
@@ -207,11 +209,14 @@ SPlace CSequence::placeOf(const SRecord& record, const void* atHand) const
         all.insert(all.end(), others.begin(), others.end());
     }
     std::vector<CNodeBase*> decouplers;
+    std::vector<CNodeBase*> workers;
     for (CNodeBase* const node : nodes) {
         if (node == atHand || (atHand && node->nodeDataModel() == atHand))
             place.node = node;
         if (qobject_cast<CNodeDecouplerDataModelBase*>(node->nodeDataModel()))
             decouplers.push_back(node);
+        if (qobject_cast<AWorkerNodeDataModel*>(node->nodeDataModel()))
+            workers.push_back(node);
         const auto* const model = dynamic_cast<CWorldModel*>(node->nodeDataModel());
         if (model && model->unique) {
             place.source = node;
@@ -231,6 +236,7 @@ SPlace CSequence::placeOf(const SRecord& record, const void* atHand) const
     if (!place.connection)
         place.connection = anyOf(connections, record.node, [](const CNodeConnection* which) { return which->id(); });
     place.decoupler = anyOf(decouplers, record.node, ofNode);
+    place.worker = anyOf(workers, record.node, ofNode);
     return place;
 }
 

@@ -53,7 +53,7 @@ std::set<const CNodeBase*> reachedFrom(const CNodeBase& first, const SceneWorld&
 
 const char* nameOf(EKind kind)
 {
-    static constexpr const char* names[]{"Step", "View", "Camera", "Named", "Screen", "Plain", "DecouplerT"};
+    static constexpr const char* names[]{"Step", "View", "Camera", "Named", "Screen", "Plain", "DecouplerT", "Worker"};
     return names[int(kind)];
 }
 
@@ -77,6 +77,7 @@ CWorld::CWorld()
     };
     registry->registerModel(createPlain, QStringLiteral("Test"));
     registry->registerModel<TestDecoupler>(QStringLiteral("Test"));
+    registry->registerModel([this] { return makeWorker(); }, QStringLiteral("Test"));
     // Output ports give another type than input ports take, but for a decoupler's.
     registry->registerTypeConverter({otherType(), CTestData::defaultType()}, converter());
     registry->registerTypeConverter({CTestData::defaultType(), CTestData::defaultType()}, converter());
@@ -119,6 +120,8 @@ bool CWorld::has(EPart part, const SPlace& place) const
         return place.scene && place.node;
     case EPart::Decoupler:
         return place.scene && place.decoupler;
+    case EPart::Worker:
+        return place.scene && place.worker;
     case EPart::OwnedScene:
         return place.scene && m_service->scenes().contains(place.scene) && !place.scene->isBeingDestroyed();
     default:
@@ -156,6 +159,7 @@ void CWorld::destroyService()
     m_isServiceLeaving = true;
     kept.clear();
     delete std::exchange(m_service, nullptr);
+    m_pool.endWork(); // which keeps data
 }
 
 QByteArray CWorld::sceneDocument(const SPlace& place)
@@ -193,7 +197,36 @@ QString CWorld::inconsistency() const
 {
     if (!m_witness.complaint().isEmpty() || !hasService())
         return m_witness.complaint();
+    for (const CWorldWorker* const worker : workers()) {
+        if (!worker->areCountsRight())
+            return QStringLiteral("the counts of a worker do not add up");
+    }
     return inconsistencyOfScenes(*m_service);
+}
+
+std::vector<CWorldWorker*> CWorld::workers() const
+{
+    std::vector<CWorldWorker*> found;
+    for (const CNodeScene* const scene : scenes()) {
+        for (const auto& entry : scene->nodes()) {
+            if (auto* const worker = dynamic_cast<CWorldWorker*>(entry.second->nodeDataModel()))
+                found.push_back(worker);
+        }
+    }
+    return found;
+}
+
+QString CWorld::inconsistencyOfWorkers() const
+{
+    const CSilence silence;
+    for (CWorldWorker* const worker : workers()) {
+        // With each pass at least one comes out.
+        for (quint64 left = worker->statistics().pending; left > 0; --left)
+            worker->letResultsArrive();
+        if (worker->statistics().pending != 0 || !worker->areCountsRight())
+            return QStringLiteral("a worker keeps frames");
+    }
+    return QString();
 }
 
 QString CWorld::inconsistencyOfWalks()

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "world/CWitness.h"
+#include "world/CWorldWorker.h"
 
 #include <Halvex/models/CGenericNodeDecouplerDataModel.h>
 
@@ -22,6 +23,7 @@ enum class EPart
     Connection,
     Node,
     Decoupler,
+    Worker,
     Scene,
     OwnedScene ///< One that the service has, and that is not being destroyed.
 };
@@ -35,6 +37,7 @@ struct SPlace
     /// From the feeder to the node. No std::weak_ptr, which would keep the memory, and hide who touches it too late.
     QPointer<Plugin::Halvex::CNodeConnection> connection;
     QPointer<Plugin::Halvex::CNodeBase> decoupler;
+    QPointer<Plugin::Halvex::CNodeBase> worker;
     QPointer<Plugin::Halvex::CNodeBase> source; ///< The unique one that the scene was made for.
     QString sourceName;
     QWeakPointer<CWorldInfo> info; ///< The scene's.
@@ -45,6 +48,7 @@ struct SPlace
     {
         return *static_cast<Plugin::Halvex::CNodeDecouplerDataModelBase*>(decoupler->nodeDataModel());
     }
+    CWorldWorker& workerModel() const { return *static_cast<CWorldWorker*>(worker->nodeDataModel()); }
 };
 
 /// A service with its scenes: what the operations work on. There is one at a time, which hears the hooks.
@@ -82,6 +86,7 @@ public:
 
     /// What the host does.
     std::unique_ptr<CWorldModel> makeSource(QString* name = nullptr);
+    std::unique_ptr<CWorldWorker> makeWorker() { return std::make_unique<CWorldWorker>(m_pool); }
     CNodeDataPtr makeNextData() { return makeData(++m_lastSending * perSending); }
     /// Adds one to what passes, so that it shows.
     NodeDataConverter converter();
@@ -91,6 +96,7 @@ public:
     static QByteArray sceneDocument(const SPlace& place);
 
     void onReceived(const void* model, int value, int port) override;
+    void onUntruth(const char* what) override { m_witness.complain(what); }
     void beginStep();
     const std::vector<SReceived>& received() const { return m_received; }
     int conversions() const { return m_conversions; }
@@ -102,6 +108,8 @@ public:
     QString inconsistencyOfWalks();
     /// Reads each scene's document into another scene. Returns what has not come back.
     QString inconsistencyOfDocuments() const;
+    /// Lets all results of workers arrive. Returns what is wrong.
+    QString inconsistencyOfWorkers() const;
 
     // What the host keeps.
     std::vector<std::shared_ptr<Plugin::Halvex::CNodeConnection>> kept;
@@ -109,6 +117,9 @@ public:
     int result = 0; ///< What the last operation said: whether it has done something.
 
 private:
+    std::vector<CWorldWorker*> workers() const;
+
+    CHeldPool m_pool; // outlives the workers
     CNodeService* m_service;
     CWitness m_witness;
     bool m_isServiceLeaving = false;

@@ -16,13 +16,19 @@ public:
     virtual ~IHookListener() = default;
     virtual void onHook(EHook hook, const void* object) = 0;
     virtual void onReceived(const void* model, int value, int port) = 0;
+    virtual void onUntruth(const char* what) = 0;
 
-    /// The one that hears, if any does.
-    static inline IHookListener* s_current = nullptr;
+    /// The one that hears, if any does: in the graph's thread, so that what happens in others is no part of it.
+    static inline thread_local IHookListener* s_current = nullptr;
     static void call(EHook hook, const void* object)
     {
         if (s_current)
             s_current->onHook(hook, object);
+    }
+    static void complain(const char* what)
+    {
+        if (s_current)
+            s_current->onUntruth(what);
     }
 };
 
@@ -46,13 +52,14 @@ private:
 /// What a node of a world is.
 enum class EKind
 {
-    Step,     ///< Keeps what it receives and passes it on.
-    View,     ///< A sink.
-    Camera,   ///< A unique source.
-    Named,    ///< A source with a unique name, which is not unique.
-    Screen,   ///< A unique sink, which the service refuses.
-    Plain,    ///< Without an identity.
-    Decoupler ///< The library's own.
+    Step,      ///< Keeps what it receives and passes it on.
+    View,      ///< A sink.
+    Camera,    ///< A unique source.
+    Named,     ///< A source with a unique name, which is not unique.
+    Screen,    ///< A unique sink, which the service refuses.
+    Plain,     ///< Without an identity.
+    Decoupler, ///< The library's own.
+    Worker
 };
 
 const char* nameOf(EKind kind);

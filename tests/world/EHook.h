@@ -6,7 +6,7 @@
 /// Every place where the library runs foreign code in the graph's thread.
 enum class EHook
 {
-    // Signals of a scene, of the service, of a connection, of a model, its proxy and a decoupler.
+    // Signals of a scene, of the service, of a connection, of a model, its proxy, a decoupler and a worker.
     NodeCreated,
     NodeDeleted,
     ConnectionCreated,
@@ -22,6 +22,10 @@ enum class EHook
     InfoInjected,
     InDataUpdated,
     RateChanged,
+    ComputingStarted,
+    ComputingFinished,
+    DataInvalidated,
+    SettingChanged,
     // What a model is asked or told; converters, creators and visitors.
     Name,
     IsUnique,
@@ -29,6 +33,7 @@ enum class EHook
     DataType,
     SetInData,
     OutData,
+    MakeWork,
     Save,
     Restore,
     Creator,

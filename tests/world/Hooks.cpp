@@ -156,6 +156,62 @@ void onRateChanged(CMatrixWorld& world)
     world.hand().decouplerModel().setFramesPerSecond(50);
 }
 
+// ---- a worker, which has data pending
+
+void letResultsArrive(CMatrixWorld& world)
+{
+    world.hand().workerModel().letResultsArrive();
+}
+
+void cancelWork(CMatrixWorld& world)
+{
+    world.hand().workerModel().feed({});
+}
+
+void feedWorker(CMatrixWorld& world)
+{
+    world.hand().workerModel().feed(world.makeNextData());
+}
+
+/// When all frames have left.
+void feedIdleWorker(CMatrixWorld& world)
+{
+    letResultsArrive(world);
+    feedWorker(world);
+}
+
+void removeWorker(CMatrixWorld& world)
+{
+    world.hand().scene->removeNode(*world.hand().worker);
+}
+
+void setPolicy(CMatrixWorld& world)
+{
+    world.hand().workerModel().setPolicy(AWorkerNodeDataModel::EPolicy::DropNewest);
+}
+
+template <EHook hook, void (*provoke)(CMatrixWorld&)>
+void ofWorker(CMatrixWorld& world)
+{
+    world.arm(hook, &world.hand().workerModel());
+    provoke(world);
+}
+
+void onMakeWork(CMatrixWorld& world)
+{
+    auto worker = world.makeWorker();
+    world.arm(EHook::MakeWork, worker.get());
+    world.hand().worker = &world.hand().scene->createNode(std::move(worker));
+    feedWorker(world);
+}
+
+/// That of empty data.
+void onDataInvalidated(CMatrixWorld& world)
+{
+    cancelWork(world);
+    ofWorker<EHook::DataInvalidated, &letResultsArrive>(world);
+}
+
 // ---- operations of a model, converters
 
 void onPorts(CMatrixWorld& world)
@@ -186,9 +242,15 @@ void onFirstSetInData(CMatrixWorld& world)
 
 void onSetInDataBehindDecoupler(CMatrixWorld& world)
 {
-    world.arm(EHook::SetInData, &CMatrixWorld::addBehindDecoupler(world.hand()));
+    world.arm(EHook::SetInData, &CMatrixWorld::addBehind(world.hand(), *world.hand().decoupler));
     CMatrixWorld::feedDecoupler(world.hand(), CTestData::make(0));
     waitForHandler(world);
+}
+
+void onSetInDataBehindWorker(CMatrixWorld& world)
+{
+    world.arm(EHook::SetInData, &CMatrixWorld::addBehind(world.hand(), *world.hand().worker));
+    letResultsArrive(world);
 }
 
 void onConverter(CMatrixWorld& world)
@@ -225,20 +287,22 @@ void visitModels(CMatrixWorld& world)
 
 // ---- destructors
 
-/// A decoupler that is fed has its data for as long as its worker likes.
-void cutDecouplerOff(const SPlace& place)
+/// What works in other threads has its data for as long as these like.
+void cutOff(const SPlace& place)
 {
-    if (!place.decoupler)
-        return;
-    const CNodeState::Connections inputs = place.decoupler->nodeState().getEntries(ENodePortType::In).front();
-    for (const auto& entry : inputs)
-        place.scene->deleteConnectionNow(*entry.second);
+    for (CNodeBase* const node : {place.decoupler.data(), place.worker.data()}) {
+        if (!node)
+            continue;
+        const CNodeState::Connections inputs = node->nodeState().getEntries(ENodePortType::In).front();
+        for (const auto& entry : inputs)
+            place.scene->deleteConnectionNow(*entry.second);
+    }
 }
 
 /// Data that only what is fed with it keeps. Its end is what is meant.
 CNodeDataPtr makeLastData(CMatrixWorld& world)
 {
-    cutDecouplerOff(world.hand());
+    cutOff(world.hand());
     world.at(ETarget::Downstream).model()->isDeaf = true;
     const CNodeDataPtr data = world.makeNextData();
     world.arm(EHook::DataDestroyed, data.data());
@@ -263,6 +327,23 @@ void onDataReplacedInDecoupler(CMatrixWorld& world)
     static_cast<void>(QTest::qWaitFor([&] { return hand.decouplerModel().outData(0).data() == marked; }));
     CMatrixWorld::feedDecoupler(hand, CTestData::make(0));
     waitForHandler(world);
+}
+
+/// Data that waits for its work.
+template <void (*provoke)(CMatrixWorld&)>
+void onDataWaitingInWorker(CMatrixWorld& world)
+{
+    world.hand().workerModel().feed(makeLastData(world));
+    provoke(world);
+}
+
+void onDataReplacedInWorker(CMatrixWorld& world)
+{
+    feedIdleWorker(world);
+    letResultsArrive(world);
+    world.arm(EHook::DataDestroyed, world.hand().workerModel().output().data());
+    feedWorker(world);
+    letResultsArrive(world);
 }
 
 void onDataDestroyedAfterTheWalk(CMatrixWorld& world)
@@ -349,14 +430,14 @@ const std::vector<SHook>& matrixHooks()
         {"sceneAdded",
          &onSceneAdded,
          {{"a new scene is empty",
-           {EPart::Connection, EPart::Node, EPart::Decoupler},
+           {EPart::Connection, EPart::Node, EPart::Decoupler, EPart::Worker},
            {ETarget::AtHand},
            {ETarget::AtHand}}}},
         {"sceneRemoving", &ofAny<EHook::SceneRemoving, &removeSceneAtHand>, {}},
         {"sceneRemoved",
          &ofAny<EHook::SceneRemoved, &removeSceneAtHand>,
-         {inItsScene("the scene is gone",
-                     {EPart::Connection, EPart::Node, EPart::Decoupler, EPart::Scene, EPart::OwnedScene})}},
+         {inItsScene("the scene is gone", {EPart::Connection, EPart::Node, EPart::Decoupler, EPart::Worker,
+                                           EPart::Scene, EPart::OwnedScene})}},
         {"updated", &onUpdated, {}},
         {"dataUpdated before the walk", &ofModel<EHook::DataUpdatedFirst, &feedUpstream>, {}},
         {"dataUpdated after the walk", &ofModel<EHook::DataUpdatedLast, &feedUpstream>, {}},
@@ -364,6 +445,19 @@ const std::vector<SHook>& matrixHooks()
         {"infoInjected", &ofModel<EHook::InfoInjected, &setInfoAtHand>, {}},
         {"inDataUpdated", &onInDataUpdated, {}, SHook::Decouplers},
         {"framesPerSecondChanged", &onRateChanged, {}, SHook::Decouplers},
+        {"computingStarted", &ofWorker<EHook::ComputingStarted, &feedIdleWorker>, {}, SHook::Workers},
+        {"computingFinished", &ofWorker<EHook::ComputingFinished, &letResultsArrive>, {}, SHook::Workers},
+        {"dataUpdated of a result, before the walk",
+         &ofWorker<EHook::DataUpdatedFirst, &letResultsArrive>,
+         {},
+         SHook::Workers},
+        {"dataUpdated of a result, after the walk",
+         &ofWorker<EHook::DataUpdatedLast, &letResultsArrive>,
+         {},
+         SHook::Workers},
+        {"dataInvalidated", &onDataInvalidated, {}, SHook::Workers},
+        {"policyChanged", &ofWorker<EHook::SettingChanged, &setPolicy>, {}, SHook::Workers},
+        {"makeWork", &onMakeWork, {}, SHook::Workers},
         {"nPorts", &onPorts, {}},
         {"creator of a model", &ofAny<EHook::Creator, &loadAtHand>, {}},
         {"name in a search", &ofModel<EHook::Name, &searchForName>, {}},
@@ -376,6 +470,7 @@ const std::vector<SHook>& matrixHooks()
         {"setInData of a new connection", &onFirstSetInData, {itsConnection("the connection is not in its scene yet")}},
         {"setInData of a connection that goes", &ofModel<EHook::SetInData, &deleteConnectionAtHand>, {}},
         {"setInData behind a decoupler", &onSetInDataBehindDecoupler, {}, SHook::Decouplers},
+        {"setInData behind a worker", &onSetInDataBehindWorker, {}, SHook::Workers},
         {"outData", &ofModel<EHook::OutData, &feedUpstream>, {}},
         {"converter", &onConverter, {}},
         {"save", &ofModel<EHook::Save, &saveAtHand>, {}},
@@ -390,14 +485,18 @@ const std::vector<SHook>& matrixHooks()
         {"data replaced in a walk", &onDataReplaced<&feedUpstream>, {}},
         {"data replaced through the proxy", &onDataReplaced<&feedAtHand>, {}},
         {"data replaced in a decoupler", &onDataReplacedInDecoupler, {}, SHook::Decouplers},
+        {"data replaced in a worker", &onDataReplacedInWorker, {}, SHook::Workers},
+        {"data dropped by a worker", &onDataWaitingInWorker<&feedWorker>, {}, SHook::Workers},
+        {"data cancelled in a worker", &onDataWaitingInWorker<&cancelWork>, {}, SHook::Workers},
+        {"data destroyed with its worker", &onDataWaitingInWorker<&removeWorker>, {}, SHook::Workers},
         {"data destroyed after the walk", &onDataDestroyedAfterTheWalk, {}},
         {"data destroyed with its model", &onDataDestroyedWithModel, {connectionsOfItsNode()}},
         {"info replaced", &onInfoReplaced, {}},
         {"info destroyed with its model", &onInfoDestroyedWithModel, {connectionsOfItsNode()}},
         {"info destroyed with its scene",
          &onInfoDestroyedWithScene,
-         {sceneItself(),
-          inItsScene("the scene has lost its nodes", {EPart::Connection, EPart::Node, EPart::Decoupler})}},
+         {sceneItself(), inItsScene("the scene has lost its nodes",
+                                    {EPart::Connection, EPart::Node, EPart::Decoupler, EPart::Worker})}},
     };
     return hooks;
 }

@@ -24,6 +24,7 @@ struct SHook
     {
         Nothing,
         Decouplers,
+        Workers,
         HandFirst ///< The node at hand is the first to go when its scene is cleared.
     };
 

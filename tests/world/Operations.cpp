@@ -188,7 +188,7 @@ struct SElement
 /// A document that the arguments choose. The plainest adds a node behind the source of \a place's scene.
 std::vector<SElement> elementsFor(const SPlace& place, const Arguments& arguments)
 {
-    static constexpr EKind kinds[]{EKind::Step, EKind::View, EKind::Decoupler, EKind::Plain};
+    static constexpr EKind kinds[]{EKind::Step, EKind::View, EKind::Decoupler, EKind::Worker};
     const auto label = [](int which) { return QStringLiteral("label %1").arg(which % 4); };
     const QString source = arguments.c / 64 == 1 ? QStringLiteral("named") : place.sourceName;
     std::vector<SElement> elements{{0, QString::fromLatin1(nameOf(EKind::Step)), {{source}}, {}}};
@@ -297,16 +297,19 @@ void expectImport(STables& tables, const CWorld& world, const SPlace& place, con
     tables.hasWalks = true;
 }
 
-Proof shutDecouplerDown(CWorld&, const SPlace& place, const Arguments&)
+/// What works in other threads goes.
+template <QPointer<CNodeBase> SPlace::*which>
+Proof shutDown(CWorld&, const SPlace& place, const Arguments&)
 {
-    const QPointer<CNodeBase> decoupler = place.decoupler;
-    place.scene->removeNode(*decoupler);
-    return goes(decoupler.data());
+    const QPointer<CNodeBase> node = place.*which;
+    place.scene->removeNode(*node);
+    return goes(node.data());
 }
 
+template <QPointer<CNodeBase> SPlace::*which>
 void expectShutDown(STables& tables, const CWorld& world, const SPlace& place, const Arguments&)
 {
-    tables.removeNode(number(world, place.decoupler));
+    tables.removeNode(number(world, place.*which));
 }
 
 } // namespace
@@ -331,7 +334,9 @@ const std::vector<SOperation>& operations()
             {"removeSceneOfNode", EPart::Node, &removeSceneOfNode, &expectSceneRemoval, 3, ofService},
             {"setActiveScene", EPart::Scene, &setActiveScene, &expectActive, 4, ofService},
             {"importDocument", EPart::Scene, &importDocument, &expectImport, 3, ofService},
-            {"decoupler shut down", EPart::Decoupler, &shutDecouplerDown, &expectShutDown, 1},
+            {"decoupler shut down", EPart::Decoupler, &shutDown<&SPlace::decoupler>,
+             &expectShutDown<&SPlace::decoupler>, 1},
+            {"worker removed", EPart::Worker, &shutDown<&SPlace::worker>, &expectShutDown<&SPlace::worker>, 1},
         };
         Q_ASSERT(found.size() == matrixOperations);
         const std::vector<SOperation> others = otherOperations();

@@ -43,4 +43,4 @@ QString importDocumentFor(const SPlace& place);
 
 /// All operations. The first ones, which destroy or rewire something, are those of the matrix.
 const std::vector<SOperation>& operations();
-constexpr std::size_t matrixOperations = 11;
+constexpr std::size_t matrixOperations = 12;

@@ -34,9 +34,9 @@ void expectSource(STables& tables, const CWorld&, const SPlace&, const Arguments
 
 EKind kindFor(const Arguments& arguments)
 {
-    static constexpr EKind kinds[]{EKind::Step,  EKind::View, EKind::Step, EKind::Decoupler,
-                                   EKind::Named, EKind::View, EKind::Step, EKind::Plain};
-    return kinds[arguments.a % 8];
+    static constexpr EKind kinds[]{EKind::Step,   EKind::View, EKind::Step,   EKind::Decoupler, EKind::Named,
+                                   EKind::Worker, EKind::View, EKind::Worker, EKind::Plain};
+    return kinds[arguments.a % 9];
 }
 
 Proof addModel(CWorld& world, const SPlace&, const Arguments& arguments)
@@ -127,7 +127,7 @@ void expectHalfConnection(STables& tables, const CWorld& world, const SPlace& pl
     const auto side = ENodePortType(arguments.b % 3);
     const int node = number(world, place.node);
     const int index = port(arguments.a);
-    const int ports = tables.nodes.at(node).model == QLatin1String(nameOf(EKind::Decoupler)) ? 1 : 2;
+    const int ports = STables::portsOf(tables.nodes.at(node).model);
     tables.result = hasRoom(place.scene) && (side == ENodePortType::None || (index >= 0 && index < ports));
     const bool isIn = side == ENodePortType::In;
     if (*tables.result)
@@ -380,6 +380,38 @@ Proof setRate(CWorld&, const SPlace& place, const Arguments& arguments)
     return {};
 }
 
+Proof feedWorker(CWorld& world, const SPlace& place, const Arguments& arguments)
+{
+    place.workerModel().feed(arguments.a % 4 == 3 ? CNodeDataPtr() : world.makeNextData());
+    return {};
+}
+
+Proof letResultsArrive(CWorld&, const SPlace& place, const Arguments&)
+{
+    place.workerModel().letResultsArrive();
+    return {};
+}
+
+void expectResults(STables& tables, const CWorld&, const SPlace&, const Arguments&)
+{
+    tables.hasWalks = true; // one for each
+}
+
+Proof setPolicy(CWorld&, const SPlace& place, const Arguments& arguments)
+{
+    const QPointer<CNodeBase> worker = place.worker;
+    place.workerModel().setPolicy(AWorkerNodeDataModel::EPolicy(arguments.a % 3));
+    if (worker)
+        place.workerModel().setMostWaiting(1 + arguments.b % 4);
+    return {};
+}
+
+Proof setParallelism(CWorld&, const SPlace& place, const Arguments& arguments)
+{
+    place.workerModel().setParallelism(1 + arguments.a % 3);
+    return {};
+}
+
 Proof restoreItself(CWorld& world, const SPlace& place, const Arguments&)
 {
     const QPointer<CNodeBase> node = place.node;
@@ -423,13 +455,17 @@ std::vector<SOperation> otherOperations()
         {"iterateOverNodes", EPart::Scene, &visit, &expectNothing, 2},
         {"restoreNode", EPart::Scene, &restoreNode, &expectRestoredNode, 2},
         {"restoreConnection", EPart::Scene, &restoreConnection, &expectRestoredConnection, 2},
-        {"setTypeConverter", EPart::Connection, &setTypeConverter, &expectConverter, 2},
+        {"setTypeConverter", EPart::Connection, &setTypeConverter, &expectConverter, 3},
         {"connection kept", EPart::Connection, &keepConnection, &expectKept, 1},
-        {"setNodeToPort", EPart::Connection, &setNodeToPort, &expectNothing, 1},
+        {"setNodeToPort", EPart::Connection, &setNodeToPort, &expectNothing, 3},
         {"setInfo", EPart::Node, &setInfo, &expectNothing, 1},
         {"setRegistry", EPart::Scene, &setRegistry, &expectNothing, 1},
         {"registerTypeConverter", EPart::Service, &registerTypeConverter, &expectNothing, 1, ofService},
-        {"setFramesPerSecond", EPart::Decoupler, &setRate, &expectNothing, 2},
+        {"setFramesPerSecond", EPart::Decoupler, &setRate, &expectNothing, 4},
+        {"setInData of a worker", EPart::Worker, &feedWorker, &expectNothing, 6},
+        {"results of a worker arrive", EPart::Worker, &letResultsArrive, &expectResults, 10},
+        {"setPolicy", EPart::Worker, &setPolicy, &expectNothing, 3},
+        {"setParallelism", EPart::Worker, &setParallelism, &expectNothing, 2},
         {"restore", EPart::Node, &restoreItself, &expectNothing, 1},
         {"exception", EPart::Nothing, &throwSomething, &expectAnything, 2},
     };

@@ -26,7 +26,7 @@ CNodeBase* nodeOf(const CWorld& world, int number)
 
 bool isRegistered(const QString& model)
 {
-    for (const EKind kind : {EKind::Step, EKind::View, EKind::Named, EKind::Plain, EKind::Decoupler}) {
+    for (const EKind kind : {EKind::Step, EKind::View, EKind::Named, EKind::Plain, EKind::Decoupler, EKind::Worker}) {
         if (model == QLatin1String(nameOf(kind)))
             return true;
     }
@@ -53,12 +53,12 @@ Core::CId idOf(const QString& text)
     return Core::CId(text.toLatin1().constData());
 }
 
-int portsOf(const QString& model)
-{
-    return model == QLatin1String(nameOf(EKind::Decoupler)) ? 1 : 2;
-}
-
 } // namespace
+
+int STables::portsOf(const QString& model)
+{
+    return model == QLatin1String(nameOf(EKind::Decoupler)) || model == QLatin1String(nameOf(EKind::Worker)) ? 1 : 2;
+}
 
 STables STables::of(const CWorld& world)
 {
@@ -316,6 +316,8 @@ QString STables::differenceOfDeliveries(const STables& after, const CWorld& worl
     const auto valueOf = [&world](int number) {
         const CNodeBase* const node = nodeOf(world, number);
         auto* const model = node ? dynamic_cast<CWorldModel*>(node->nodeDataModel()) : nullptr;
+        if (auto* const worker = node ? dynamic_cast<CWorldWorker*>(node->nodeDataModel()) : nullptr)
+            return CTestData::valueOf(worker->output());
         return model && model->isPassing() ? model->value() : -1;
     };
     std::multiset<std::tuple<int, int, int>> expected;

@@ -49,6 +49,8 @@ struct STables
     using Signal = std::pair<EHook, int>; // of a scene, or of a node that was made
 
     static STables of(const CWorld& world);
+    /// On each side.
+    static int portsOf(const QString& model);
     static SLink linkOf(const CWorld& world, const Plugin::Halvex::CNodeScene& scene,
                         const Plugin::Halvex::CNodeConnection& connection);
 

@@ -60,8 +60,9 @@ const char* reasonAgainst(const SCell& cell)
 std::unique_ptr<CMatrixWorld> makeWorld(const SCell& cell)
 {
     const bool hasDecouplers = cell.operation->part == EPart::Decoupler || cell.hook->needs == SHook::Decouplers;
+    const bool hasWorkers = cell.operation->part == EPart::Worker || cell.hook->needs == SHook::Workers;
     for (int attempt = 0; attempt < 1000; ++attempt) {
-        auto world = std::make_unique<CMatrixWorld>(cell.layout, hasDecouplers);
+        auto world = std::make_unique<CMatrixWorld>(cell.layout, hasDecouplers, hasWorkers);
         if (cell.hook->needs == SHook::HandFirst && !world->isHandFirst())
             continue;
         return !hasDecouplers || world->startDecouplers() ? std::move(world) : nullptr;
@@ -124,6 +125,7 @@ void tst_DeletionMatrix::cell()
 
     QCOMPARE(world->inconsistency(), QString());
     QCOMPARE(world->inconsistencyOfWalks(), QString());
+    QCOMPARE(world->inconsistencyOfWorkers(), QString());
 }
 
 void tst_DeletionMatrix::cleanup()

@@ -45,7 +45,7 @@ void TestSequences::randomReachesEveryOperationAndEveryHook()
 {
     const CMessageCatcher messages; // of what is refused
     const unsigned int first = freshSeed();
-    for (unsigned int seed = first; seed < first + 100; ++seed) {
+    for (unsigned int seed = first; seed < first + 200; ++seed) {
         const QByteArray bytes = CSequence::random(seed, 200);
         const QString wrong = CSequence::run(bytes);
         QVERIFY2(wrong.isEmpty(), qPrintable(QStringLiteral("%1\n%2").arg(wrong, QString::fromLatin1(bytes.toHex()))));
