@@ -4,6 +4,7 @@
 // Everything that crosses threads, at the moments when it is most likely to break. With the race detector it says
 // whether the threads are ordered; in the other builds, whether nothing is lost and nothing is left.
 
+#include "models/CWorkerModel.h"
 #include "models/TestModels.h"
 #include "support/BoundedWait.h"
 #include "support/CServiceManager.h"
@@ -214,6 +215,25 @@ QString liveThroughAGraph()
     return inconsistencyOf(scene);
 }
 
+/// Makes a model that passes data on by way of another thread. \a number: of the model.
+using Maker = std::unique_ptr<CNodeDataModel> (*)(int number);
+
+std::unique_ptr<CNodeDataModel> makeDecoupler(int)
+{
+    auto decoupler = std::make_unique<CTestDecoupler>();
+    decoupler->setFramesPerSecond(1000);
+    return decoupler;
+}
+
+std::unique_ptr<CNodeDataModel> makeWorker(int number)
+{
+    using EPolicy = AWorkerNodeDataModel::EPolicy;
+    auto worker = std::make_unique<CWorkerModel>(1 + unsigned(number) % 2);
+    worker->setPolicy(EPolicy(number % 3));
+    worker->setParallelism(1 + number % 4);
+    return worker;
+}
+
 /// Ways to remove a source's node.
 using Removal = void (*)(CNodeService&, const Core::CId&);
 
@@ -252,6 +272,7 @@ void removeNodeInAHandler(CNodeService& service, const Core::CId& node)
 } // namespace
 
 Q_DECLARE_METATYPE(Removal)
+Q_DECLARE_METATYPE(Maker)
 
 class tst_Threads : public QObject
 {
@@ -263,7 +284,8 @@ private Q_SLOTS:
     void graphsOfSeveralThreadsBegin(); // comes first: the process has registered nothing yet
     void threadsFeedWhileTheGraphChanges_data();
     void threadsFeedWhileTheGraphChanges();
-    void decouplersGoUnderLoad();
+    void whatUsesThreadsGoesUnderLoad_data();
+    void whatUsesThreadsGoesUnderLoad();
     void modelsAnnounceFromForeignThreads();
     void placeOfADestroyedConnectionIsTakenByAnotherThread();
     void sourceGoesWhileThreadsSend_data();
@@ -353,42 +375,63 @@ void tst_Threads::threadsFeedWhileTheGraphChanges()
     QCOMPARE(inconsistencyOf(scene), QString());
 }
 
-void tst_Threads::decouplersGoUnderLoad()
+void tst_Threads::whatUsesThreadsGoesUnderLoad_data()
 {
+    QTest::addColumn<Maker>("make");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("feederCount");
+
+    QTest::newRow("decouplers") << Maker(&makeDecoupler) << 6 << threadCount;
+    QTest::newRow("workers") << Maker(&makeWorker) << 20 << 4;
+}
+
+void tst_Threads::whatUsesThreadsGoesUnderLoad()
+{
+    QFETCH(const Maker, make);
+    QFETCH(const int, count);
+    QFETCH(const int, feederCount);
+
     QSemaphore free(100);
     CNodeScene scene(nullptr, nullptr);
     auto model = std::make_unique<CSource>();
     const CNodeDataEntry entry = model->dataEntry();
     CNodeBase& source = scene.createNode(std::move(model));
-    std::atomic<int> emitted{0}; // by workers
+    auto stays = std::make_unique<CWorkerModel>();
+    const CWorkerModel& staying = *stays;
+    scene.createConnection(scene.createNode(std::move(stays)), 0, source, 0, NodeDataConverter());
+    std::atomic<bool> areCountsRight{true};
+    std::atomic<int> emitted{0}; // by their threads
     std::atomic<int> delivered{0};
     {
-        CThreads feeders(threadCount, [&](int) {
+        CThreads feeders(feederCount, [&](int) {
             if (const auto frame = grab(free, 1))
                 entry.setData(frame);
+            const SWorkerStatistics counts = staying.statistics();
+            if (counts.received != counts.emitted + counts.dropped + counts.cancelled + counts.failed + counts.pending)
+                areCountsRight = false;
         });
 
         struct SBranch
         {
-            CNodeBase* decoupler = nullptr;
+            CNodeBase* first = nullptr;
             CNodeBase* consumer = nullptr;
         };
-        SBranch branches[6];
+        std::vector<SBranch> branches{std::size_t(count)};
         for (int round = 0; round < 150; ++round) {
-            SBranch& branch = branches[round % 6];
-            if (branch.decoupler) {
-                scene.removeNode(*branch.decoupler);
+            SBranch& branch = branches[std::size_t(round % count)];
+            if (branch.first) {
+                scene.removeNode(*branch.first);
                 scene.removeNode(*branch.consumer);
             }
-            auto decoupler = std::make_unique<CTestDecoupler>();
-            decoupler->setFramesPerSecond(1000);
-            CTestDecoupler& rate = *decoupler;
-            branch = {&scene.createNode(std::move(decoupler)), &scene.createNode(makeConsumer(delivered))};
-            scene.createConnection(*branch.consumer, 0, *branch.decoupler, 0, NodeDataConverter());
-            scene.createConnection(*branch.decoupler, 0, source, 0, NodeDataConverter());
+            std::unique_ptr<CNodeDataModel> added = make(round);
+            const CNodeDataModel& mover = *added;
+            branch = {&scene.createNode(std::move(added)), &scene.createNode(makeConsumer(delivered))};
+            scene.createConnection(*branch.consumer, 0, *branch.first, 0, NodeDataConverter());
+            for (unsigned int port = 0; port < mover.nPorts(ENodePortType::In); ++port)
+                scene.createConnection(*branch.first, int(port), source, 0, NodeDataConverter());
             const int before = emitted;
-            connect(&rate, &CTestDecoupler::dataUpdated, this, [&emitted] { ++emitted; });
-            // Every other one goes with its worker started a moment ago.
+            connect(&mover, &CNodeDataModel::dataUpdated, this, [&emitted] { ++emitted; });
+            // Every other one goes with its thread started a moment ago.
             if (round % 2 == 0)
                 QTRY_VERIFY(emitted > before);
             else
@@ -396,7 +439,12 @@ void tst_Threads::decouplersGoUnderLoad()
         }
         QVERIFY(delivered > 0);
     }
+    QTRY_COMPARE(staying.statistics().pending, quint64(0));
+    QVERIFY(staying.statistics().emitted > 0);
+    QVERIFY(areCountsRight);
     QCOMPARE(inconsistencyOf(scene), QString());
+    scene.clearScene();
+    QVERIFY(AWorkerNodeDataModel::waitForRemovedWork());
 }
 
 void tst_Threads::modelsAnnounceFromForeignThreads()
