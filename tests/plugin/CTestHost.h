@@ -67,18 +67,20 @@ private:
     bool m_isUp;
 };
 
-/// A source, a decoupler and a sink in a host's graph, connected with each other.
+/// A source, a decoupler and a sink in a host's graph, connected with each other, and a worker behind the source.
 struct SFrameChain
 {
     explicit SFrameChain(Plugin::Halvex::INodeService& service, double framesPerSecond)
         : source(add(service, "TestSource"))
         , decoupler(add(service, "DecouplerVGR"))
         , sink(add(service, "TestSink"))
+        , worker(add(service, "TestWorker"))
     {
         if (!decoupler->setProperty("framesPerSecond", framesPerSecond))
             qFatal("The decoupler has no rate.");
         service.connectModels(decoupler, 0, source, 0);
         service.connectModels(sink, 0, decoupler, 0);
+        service.connectModels(worker, 0, source, 0);
     }
 
     /// Sends a frame of that number.
@@ -87,6 +89,7 @@ struct SFrameChain
     Plugin::Halvex::ANodeDataModel* source;
     Plugin::Halvex::ANodeDataModel* decoupler;
     Plugin::Halvex::ANodeDataModel* sink;
+    Plugin::Halvex::ANodeDataModel* worker; ///< Works on a frame until the test's plugin goes.
 
 private:
     static Plugin::Halvex::ANodeDataModel* add(Plugin::Halvex::INodeService& service, const char* modelName)

@@ -3,10 +3,17 @@
 
 #include "CTestModelsPlugin.h"
 
+#include "support/BoundedWait.h"
+
 #include <Halvex/models/ASinkNodeDataModel.h>
 #include <Halvex/models/ASourceNodeDataModel.h>
+#include <Halvex/models/AWorkerNodeDataModel.h>
 #include <Halvex/service/CVeltraGrabResultData.h>
 
+#include <QSemaphore>
+
+#include <atomic>
+#include <memory>
 #include <utility>
 
 using namespace Plugin::Halvex;
@@ -61,15 +68,53 @@ Q_SIGNALS:
     void received(qulonglong);
 };
 
+/// Is opened when the plugin is about to go.
+QSemaphore& gateOfWork()
+{
+    static QSemaphore gate;
+    return gate;
+}
+
+/// Its work, once begun, is under way until the plugin goes.
+class CTestWorker : public AWorkerNodeDataModel
+{
+    Q_OBJECT
+
+public:
+    QString caption() override { return QStringLiteral("Test worker"); }
+    QString name() override { return QString::fromLatin1("TestWorker"); }
+    unsigned int nPorts(ENodePortType side) const override { return side == ENodePortType::None ? 0 : 1; }
+    SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return CVeltraGrabResultData().type(); }
+    bool isUnique() override { return false; }
+
+    Q_INVOKABLE void waitForWork() { acquireSoon(*m_begun); }
+
+protected:
+    Work makeWork() const override
+    {
+        return [begun = m_begun](const Inputs& inputs) {
+            begun->release();
+            acquireSoon(gateOfWork());
+            return inputs.front();
+        };
+    }
+
+private:
+    std::shared_ptr<QSemaphore> m_begun = std::make_shared<QSemaphore>();
+};
+
 } // namespace
 
 CTestModelsPlugin::~CTestModelsPlugin()
 {
-    if (!m_camera)
-        return;
-    m_camera->requestInterruption();
-    if (!m_camera->wait(60000UL))
-        qFatal("The camera's thread has not ended within a minute.");
+    if (m_camera) {
+        m_camera->requestInterruption();
+        waitForEnd(*m_camera);
+    }
+    gateOfWork().release(1000); // more than there is
+    // The work is code of this plugin.
+    if (!AWorkerNodeDataModel::waitForRemovedWork())
+        qFatal("The work has not ended.");
 }
 
 bool CTestModelsPlugin::initialize(const QWeakPointer<Core::Service::IServiceManager>& manager)
@@ -85,6 +130,7 @@ bool CTestModelsPlugin::extensionsInitialized()
         return false;
     nodes->registry()->registerModel<CTestSource>(QString::fromLatin1("Test"));
     nodes->registry()->registerModel<CTestSink>(QString::fromLatin1("Test"));
+    nodes->registry()->registerModel<CTestWorker>(QString::fromLatin1("Test"));
     return true;
 }
 

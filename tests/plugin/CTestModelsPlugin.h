@@ -13,7 +13,7 @@
 #include <memory>
 
 /// A plugin beside the library's, as a third party writes one: it links the library, finds the published service and
-/// brings models of its own, TestSource and TestSink.
+/// brings models of its own, TestSource, TestWorker and TestSink.
 class CTestModelsPlugin : public Core::Plugin::IPlugin
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ class CTestModelsPlugin : public Core::Plugin::IPlugin
 
 public:
     CTestModelsPlugin() = default;
-    ~CTestModelsPlugin() override; ///< Ends the camera.
+    ~CTestModelsPlugin() override; ///< Ends the camera and the work.
     Q_DISABLE_COPY(CTestModelsPlugin)
 
     bool initialize(const QWeakPointer<Core::Service::IServiceManager>& manager) override;

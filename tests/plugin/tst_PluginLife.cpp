@@ -3,9 +3,12 @@
 
 #include "CTestHost.h"
 
+#include "support/BoundedWait.h"
+
 #include <QDir>
 #include <QPointer>
 #include <QSignalSpy>
+#include <QThreadPool>
 #include <QtTest>
 
 #include <memory>
@@ -58,6 +61,7 @@ private Q_SLOTS:
     void hostWorksWithTheService();
     void signalsNeedNoRegistration();
     void cameraGoesOnUntilItsPluginIsUnloaded();
+    void unloadingWaitsForWork();
     void stringsOutliveTheLibrary();
     void nothingStaysBehind();
     void hostsOwnTypeStays();
@@ -89,7 +93,8 @@ void tst_PluginLife::modelsOfBothPluginsAreMadeByName()
 {
     CTestHost host;
     QVERIFY(host.isUp());
-    for (const QString& name : {QString("DecouplerVGR"), QString("TestSource"), QString("TestSink")}) {
+    for (const QString& name :
+         {QString("DecouplerVGR"), QString("TestSource"), QString("TestWorker"), QString("TestSink")}) {
         const auto model = host.service()->createModel(name);
         QVERIFY2(model, qPrintable(name));
         QCOMPARE(model->name(), name);
@@ -209,6 +214,23 @@ void tst_PluginLife::cameraGoesOnUntilItsPluginIsUnloaded()
     QVERIFY(isLibraryMapped()); // the plugin that the camera belongs to is linked with it
     const int before = refusedFrames();
     QTRY_VERIFY(refusedFrames() > before);
+}
+
+void tst_PluginLife::unloadingWaitsForWork()
+{
+    {
+        CTestHost host;
+        QVERIFY(host.isUp());
+        const SFrameChain chain(*host.service(), 1000);
+        const QPointer<QObject> worker(chain.worker);
+        chain.send(1);
+        QVERIFY(QMetaObject::invokeMethod(chain.worker, "waitForWork"));
+        host.shutDown();
+        QVERIFY(!worker);
+        QCOMPARE(QThreadPool::globalInstance()->activeThreadCount(), 1); // its work is code of the test's plugin
+    }
+    QVERIFY(!isLibraryMapped());
+    QVERIFY(QThreadPool::globalInstance()->waitForDone(longestWait));
 }
 
 void tst_PluginLife::stringsOutliveTheLibrary()

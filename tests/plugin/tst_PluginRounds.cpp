@@ -3,11 +3,14 @@
 
 #include "CTestHost.h"
 
+#include "support/BoundedWait.h"
+
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QMetaMethod>
 #include <QSignalSpy>
 #include <QThread>
+#include <QThreadPool>
 #include <QtTest>
 
 #include <functional>
@@ -91,6 +94,7 @@ void tst_PluginRounds::live(int round)
                                                         chain.source,
                                                         chain.decoupler,
                                                         chain.sink,
+                                                        chain.worker,
                                                         scenes.at(0).at(0).value<QObject*>(),
                                                         service->findNodeByModel(chain.source)};
     for (const QObject* object : objects)
@@ -99,6 +103,7 @@ void tst_PluginRounds::live(int round)
     chain.send(qulonglong(round));
     QVERIFY(!frames.isEmpty() || frames.wait());
     QCOMPARE(frames.at(0).at(0).toULongLong(), qulonglong(round));
+    QVERIFY(QMetaObject::invokeMethod(chain.worker, "waitForWork"));
 }
 
 void tst_PluginRounds::everyRoundLeavesNothing()
@@ -114,6 +119,7 @@ void tst_PluginRounds::everyRoundLeavesNothing()
         live(round);
         if (QTest::currentTestFailed())
             return;
+        QVERIFY(QThreadPool::globalInstance()->waitForDone(longestWait)); // which ends its threads
         // A thread that has ended for Qt is still on its way out of the kernel.
         const QDeadlineTimer deadline(10000);
         while (threads() > threadsBefore && !deadline.hasExpired())
