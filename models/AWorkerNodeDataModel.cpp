@@ -33,13 +33,8 @@ AWorkerNodeDataModel::~AWorkerNodeDataModel()
 
 void AWorkerNodeDataModel::setInData(CNodeDataPtr data, NodePortIndex index)
 {
-    const QPointer<AWorkerNodeDataModel> self(this); // what a subclass says is foreign code
-    if (!m_gatherer) {
-        auto gatherer = std::make_unique<CInputGatherer>(nPorts(ENodePortType::In));
-        if (!self)
-            return;
-        m_gatherer = std::move(gatherer);
-    }
+    if (!m_gatherer && !makeGatherer())
+        return;
     if (index < 0 || std::size_t(index) >= m_gatherer->ports())
         return;
 
@@ -49,12 +44,24 @@ void AWorkerNodeDataModel::setInData(CNodeDataPtr data, NodePortIndex index)
         m_gatherer->clear(passedOver);
         m_queue->cancel();
     } else if (m_gathering == EGathering::SameNumber) {
+        const QPointer<AWorkerNodeDataModel> self(this);
         const qint64 itsNumber = number(data);
         if (self && m_gatherer->addNumbered(port, itsNumber, std::move(data), m_frame, passedOver))
             addFrame();
     } else if (m_gatherer->addNewest(port, data, m_frame)) {
         addFrame();
     }
+}
+
+/// Whether the model is still there: what a subclass says is foreign code.
+bool AWorkerNodeDataModel::makeGatherer()
+{
+    const QPointer<AWorkerNodeDataModel> self(this);
+    auto gatherer = std::make_unique<CInputGatherer>(nPorts(ENodePortType::In));
+    if (!self)
+        return false;
+    m_gatherer = std::move(gatherer);
+    return true;
 }
 
 void AWorkerNodeDataModel::addFrame()
@@ -92,7 +99,9 @@ void AWorkerNodeDataModel::onResultsReady()
         m_message = result->error;
         if (isNews)
             report(m_message);
-        if (!self || !giveOut(std::move(result->data)))
+        if (self)
+            giveOut(std::move(result->data));
+        if (!self)
             return;
     }
     if (self && m_isComputing && m_queue->isIdle()) {
@@ -101,20 +110,16 @@ void AWorkerNodeDataModel::onResultsReady()
     }
 }
 
-/// Whether the model is still there.
-bool AWorkerNodeDataModel::giveOut(CNodeDataPtr data)
+/// The model may be gone afterwards.
+void AWorkerNodeDataModel::giveOut(CNodeDataPtr data)
 {
-    const QPointer<AWorkerNodeDataModel> self(this);
     const CNodeData* const given = data.data();
-    if (!storeNewestData(*this, m_output, std::move(data)))
-        return false;
-    if (m_output.data() != given)
-        return true; // the end of the old one has let a newer one out
+    if (!storeNewestData(*this, m_output, std::move(data)) || m_output.data() != given)
+        return; // the end of the old one has removed the model, or let a newer one out
     if (given)
         Q_EMIT dataUpdated(0);
     else
         Q_EMIT dataInvalidated(0);
-    return !self.isNull();
 }
 
 void AWorkerNodeDataModel::report(const QString& error)

@@ -173,8 +173,9 @@ private:
     friend class CWorkQueue;
 
     void onResultsReady();
+    bool makeGatherer();
     void addFrame();
-    bool giveOut(CNodeDataPtr data);
+    void giveOut(CNodeDataPtr data);
     void report(const QString& error);
     void applyLimits();
 
