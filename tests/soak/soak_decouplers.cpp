@@ -13,6 +13,7 @@
 // is left; and the memory in use has not grown since the first tenth of the run. The last of these is not looked at,
 // and not said, where a sanitizer's allocator tells nothing.
 
+#include "soak/SoakSupport.h"
 #include "support/BoundedWait.h"
 #include "support/CTestData.h"
 #include "support/CTestModel.h"
@@ -27,8 +28,6 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QThread>
-
-#include <malloc.h>
 
 #include <atomic>
 #include <cstdio>
@@ -56,18 +55,6 @@ struct SBranch
 
     CTestDecoupler& model() const { return *static_cast<CTestDecoupler*>(decoupler->nodeDataModel()); }
 };
-
-[[noreturn]] void fail(const char* what)
-{
-    std::fprintf(stderr, "soak_decouplers: %s\n", what);
-    std::_Exit(1);
-}
-
-void check(bool holds, const char* what)
-{
-    if (!holds)
-        fail(what);
-}
 
 bool addsUp(const SDecouplerStatistics& counts)
 {
@@ -108,21 +95,6 @@ private:
     quint64 m_pushed = 0;
 };
 
-std::size_t memoryInUse()
-{
-    return mallinfo2().uordblks;
-}
-
-/// Whether the allocator's figures are of this program: a sanitizer has an allocator of its own.
-bool isMemoryMeasured()
-{
-    const std::size_t before = memoryInUse();
-    void* const volatile some = std::malloc(10000); // volatile, or the compiler leaves it out
-    const bool isMeasured = memoryInUse() >= before + 10000;
-    std::free(some);
-    return isMeasured;
-}
-
 class CSoak
 {
 public:
@@ -152,10 +124,7 @@ public:
         }
         m_feeder.stop();
         drain();
-        // Frames under way and Qt's own caches vary; a leak of one frame or node per change would be a hundred times as
-        // much.
-        if (isMemoryMeasured())
-            check(memoryInUse() < settled + std::size_t{256} * 1024, "the memory in use has grown");
+        checkMemoryIsFlat(settled);
     }
 
     void checkPermanentBranches()
@@ -240,12 +209,8 @@ private:
             }
             return true;
         };
-        QElapsedTimer clock;
-        clock.start();
-        while (!isDrained()) {
-            check(clock.elapsed() < 30000, "what waits does not come out");
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-        }
+        workUntil(isDrained, "what waits does not come out",
+                  [] { QCoreApplication::processEvents(QEventLoop::AllEvents, 5); });
     }
 
     int pick(std::size_t choices) { return int(m_random() % choices); }
@@ -286,10 +251,8 @@ int main(int argc, char** argv)
     }
     check(CTestData::alive() == 0, "frames are left");
     check(CTestModel::alive() == 0, "nodes are left");
-    QElapsedTimer clock;
-    clock.start();
-    while (threads() > threadsBefore) // a thread that was waited for may still be on its very last steps
-        check(clock.elapsed() < 10000, "threads are left");
+    // A thread that was waited for may still be on its very last steps.
+    workUntil([threadsBefore] { return threads() <= threadsBefore; }, "threads are left", &QThread::yieldCurrentThread);
     std::printf("soak_decouplers: %d s, %llu frames, %d changes: counts exact, %snothing left\n", seconds,
                 static_cast<unsigned long long>(pushed), changes, isMemoryMeasured() ? "memory flat, " : "");
     return 0;
