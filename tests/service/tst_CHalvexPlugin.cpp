@@ -6,6 +6,7 @@
 #include <Halvex/service/CHalvexPlugin.h>
 
 #include "HostModels.h"
+#include "models/CWorkerModel.h"
 #include "support/CServiceManager.h"
 
 #include <Halvex/models/CNodeDecouplerDataModelBase.h>
@@ -62,6 +63,7 @@ private Q_SLOTS:
     void goneManagerIsPassedOver();
     void serviceGoesWithItsLastOwner();
     void serviceGoesWithThePlugin();
+    void waitsForTheWorkOfItsModels();
     void isWithoutAServiceAfterUninitialize();
     void captionFollowsTheLanguage_data();
     void captionFollowsTheLanguage();
@@ -158,6 +160,31 @@ void tst_CHalvexPlugin::serviceGoesWithThePlugin()
     }
     QVERIFY(!service);
     QVERIFY(!scene);
+}
+
+void tst_CHalvexPlugin::waitsForTheWorkOfItsModels()
+{
+    const CGatedWork work;
+    std::atomic<bool> isLeaving{false};
+    CTestThread opener([&] {
+        waitUntil("the plugin goes", [&isLeaving] { return isLeaving.load(); });
+        QThread::msleep(1); // time to leave it, if it does not wait
+        work.open(1);
+    });
+    {
+        SHost host;
+        host.nodes().addNode(makeSource(), {});
+        auto model = std::make_unique<CWorkerModel>();
+        CWorkerModel& worker = *model;
+        worker.setWork(work);
+        host.nodes().addNode(std::move(model), {});
+        worker.send(1);
+        work.waitForBegin();
+        host.plugin.uninitialize(host.manager);
+        isLeaving = true;
+    }
+    QVERIFY(AWorkerNodeDataModel::waitForRemovedWork(0));
+    opener.join();
 }
 
 void tst_CHalvexPlugin::isWithoutAServiceAfterUninitialize()

@@ -6,6 +6,8 @@
 
 #include "CServiceFixture.h"
 
+#include "models/CWorkerModel.h"
+
 #include <algorithm>
 #include <stdexcept>
 
@@ -23,6 +25,7 @@ private Q_SLOTS:
     void modelThatIsNotMadeEndsIt();
     void sceneThatIsLostEndsIt();
     void nodeOfANonUniqueSourceIsReplaced();
+    void elementSetsPolicyAndParallelismOfAWorker();
 
     void documentNodesAreThoseNotAdded();
     void documentNodesForgetWhatGoes();
@@ -126,6 +129,23 @@ void tst_CNodeServiceImport::nodeOfANonUniqueSourceIsReplaced()
     QCOMPARE(modelNamed(f.active(), "View")->values().back(), 4);
     f.service->removeNode(named.id, false);
     QCOMPARE(f.service->documentNodes().size(), 1);
+}
+
+void tst_CNodeServiceImport::elementSetsPolicyAndParallelismOfAWorker()
+{
+    F f;
+    f.service->registry()->registerModel([] { return std::make_unique<CWorkerModel>(); }, "Test");
+    f.addSource();
+    QJsonObject worker = element("a", "Worker", fedBy({"cam"}));
+    const QJsonObject property{{"policy", "DropOldest"}, {"most_waiting", 5}, {"parallelism", 3}};
+    worker["model"] = QJsonObject{{"name", "Worker"}, {"property", property}};
+    QVERIFY(f.import({worker}));
+    const auto nodes = f.service->documentNodes();
+    QCOMPARE(nodes.size(), 1);
+    const auto& model = dynamic_cast<CWorkerModel&>(*nodes.front()->nodeDataModel());
+    QCOMPARE(model.policy(), AWorkerNodeDataModel::EPolicy::DropOldest);
+    QCOMPARE(model.mostWaiting(), 5);
+    QCOMPARE(model.parallelism(), 3);
 }
 
 void tst_CNodeServiceImport::documentNodesAreThoseNotAdded()
