@@ -180,6 +180,12 @@ void feedIdleWorker(CMatrixWorld& world)
     feedWorker(world);
 }
 
+void overfillWorker(CMatrixWorld& world)
+{
+    world.hand().workerModel().setMostWaiting(1);
+    feedWorker(world);
+}
+
 void removeWorker(CMatrixWorld& world)
 {
     world.hand().scene->removeNode(*world.hand().worker);
@@ -329,11 +335,13 @@ void onDataReplacedInDecoupler(CMatrixWorld& world)
     waitForHandler(world);
 }
 
-/// Data that waits for its work.
+/// Data that waits for its work, with other data behind it.
 template <void (*provoke)(CMatrixWorld&)>
 void onDataWaitingInWorker(CMatrixWorld& world)
 {
+    world.hand().workerModel().setPolicy(AWorkerNodeDataModel::EPolicy::DropOldest);
     world.hand().workerModel().feed(makeLastData(world));
+    feedWorker(world);
     provoke(world);
 }
 
@@ -486,7 +494,7 @@ const std::vector<SHook>& matrixHooks()
         {"data replaced through the proxy", &onDataReplaced<&feedAtHand>, {}},
         {"data replaced in a decoupler", &onDataReplacedInDecoupler, {}, SHook::Decouplers},
         {"data replaced in a worker", &onDataReplacedInWorker, {}, SHook::Workers},
-        {"data dropped by a worker", &onDataWaitingInWorker<&feedWorker>, {}, SHook::Workers},
+        {"data dropped by a worker", &onDataWaitingInWorker<&overfillWorker>, {}, SHook::Workers},
         {"data cancelled in a worker", &onDataWaitingInWorker<&cancelWork>, {}, SHook::Workers},
         {"data destroyed with its worker", &onDataWaitingInWorker<&removeWorker>, {}, SHook::Workers},
         {"data destroyed after the walk", &onDataDestroyedAfterTheWalk, {}},
