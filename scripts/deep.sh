@@ -48,8 +48,9 @@ instructions() { scripts/count-instructions.sh | tee /dev/stderr | sed '1,/^== c
 bench() { scripts/bench.sh --peers | tee /dev/stderr | grep '^|'; }
 limits() { scripts/limits.sh | tee /dev/stderr | sed '1,/^== measure/d'; }
 soak() {
-    build_tests soak_decouplers
+    build_tests soak_decouplers soak_workers
     build/release/tests/soak/soak_decouplers "$SOAK_SECONDS"
+    build/release/tests/soak/soak_workers "$SOAK_SECONDS"
 }
 sequences() {
     build_tests sequences
