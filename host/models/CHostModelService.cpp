@@ -3,7 +3,7 @@
 
 #include "host/models/CHostModelService.h"
 
-#include "host/models/CCameraSourceModel.h"
+#include "host/sources/CCameraSourceModel.h"
 #include "host/models/CGrabResultConverter.h"
 
 namespace Host {

@@ -4,12 +4,12 @@
 #include "host/models/HostModels.h"
 
 #include "host/models/CBlurModel.h"
-#include "host/models/CCameraSourceModel.h"
+#include "host/sources/CCameraSourceModel.h"
 #include "host/models/CEdgesModel.h"
 #include "host/models/CGrabResultConverter.h"
 #include "host/models/CHistogramModel.h"
 #include "host/models/CImageData.h"
-#include "host/models/CPngSinkModel.h"
+#include "host/sinks/CPngSinkModel.h"
 #include "host/models/CThresholdModel.h"
 #include "host/models/CToImageModel.h"
 

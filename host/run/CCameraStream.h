@@ -4,7 +4,7 @@
 #pragma once
 
 #include "host/camera/SCameraOptions.h"
-#include "host/run/SRunReport.h"
+#include "host/report/SRunReport.h"
 
 #include <QObject>
 #include <QString>

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "host/base/FlowOrder.h"
-#include "host/run/CSinkNames.h"
+#include "host/sinks/CSinkNames.h"
 
 #include <Halvex/platform/CId.h>
 

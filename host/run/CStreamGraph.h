@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "host/run/SRunReport.h"
+#include "host/report/SRunReport.h"
 
 #include <Halvex/models/CNodeDataEntry.h>
 #include <Halvex/scene/CNodeScene.h>

@@ -3,13 +3,14 @@
 
 #include "host/run/CStreamRun.h"
 
+#include "host/base/EExitCode.h"
 #include "host/base/Shown.h"
 #include "host/models/IHostModels.h"
 #include "host/plugins/CPluginHost.h"
 #include "host/run/CCameraStream.h"
 #include "host/run/CGraphBuilder.h"
-#include "host/run/CGraphText.h"
-#include "host/run/CProgressLine.h"
+#include "host/report/CGraphText.h"
+#include "host/report/CProgressLine.h"
 #include "host/run/CSignalWatcher.h"
 #include "host/run/CStreamGraph.h"
 #include "host/run/Chain.h"
@@ -57,9 +58,9 @@ int CStreamRun::exec()
         fail(QStringLiteral("cannot write to standard output: %1").arg(QString::fromLocal8Bit(std::strerror(errno))));
     if (!m_error.isEmpty()) {
         printErrorLine(m_error);
-        return Failure;
+        return m_hasStreamed ? Failed : Refused;
     }
-    return m_signal == 0 ? int(Success) : InterruptedBase + m_signal;
+    return m_signal == 0 ? int(Done) : InterruptedBase + m_signal;
 }
 
 bool CStreamRun::loadPlugins()
@@ -168,6 +169,7 @@ bool CStreamRun::stream()
         requestEnd();
     if (!isStreaming())
         return false;
+    m_hasStreamed = true;
 
     CProgressLine line(stderr);
     QTimer timer;

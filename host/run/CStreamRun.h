@@ -44,18 +44,10 @@ class CStreamRun : public QObject
     Q_OBJECT
 
 public:
-    /// What the program exits with. Frozen: scripts test it.
-    enum EExitCode
-    {
-        Success = 0,
-        Failure = 2,
-        InterruptedBase = 128 ///< Plus the signal's number: 130 for SIGINT, 143 for SIGTERM.
-    };
-
     explicit CStreamRun(SRunOptions options);
     ~CStreamRun() override;
 
-    /// Runs to the end and returns the exit code. Prints progress, errors and the plugins that were left out, one line
+    /// Runs to the end and returns the exit code, see EExitCode. Prints progress, errors and the plugins that were left out, one line
     /// each, on standard error, and the report on standard output. Once per object.
     int exec();
 
@@ -91,6 +83,7 @@ private:
     QByteArray m_chain; // what was imported
     QEventLoop m_loop;
     QString m_error; // the first
+    bool m_hasStreamed = false;
     int m_signal = 0;
 };
 

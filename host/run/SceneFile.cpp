@@ -3,6 +3,7 @@
 
 #include "host/run/SceneFile.h"
 
+#include "host/base/EExitCode.h"
 #include "host/run/Output.h"
 
 #include <Halvex/graph/DocumentKeys.h>
@@ -150,7 +151,7 @@ int compareSceneFiles(const QString& left, const QString& right)
     const QJsonObject second = error.isEmpty() ? readSceneFile(right, &error) : QJsonObject();
     if (!error.isEmpty()) {
         printErrorLine(error);
-        return 2;
+        return Refused;
     }
 
     const QString difference = sceneDifference(first, second);
@@ -160,9 +161,7 @@ int compareSceneFiles(const QString& left, const QString& right)
                                    .arg(first[DocumentKeys::nodes].toArray().size())
                                    .arg(first[DocumentKeys::connections].toArray().size())
                              : QStringLiteral("'%1' and '%2' differ: %3\n").arg(left, right, difference);
-    if (!printText(text))
-        return 2;
-    return difference.isEmpty() ? 0 : 1;
+    return printText(text) && difference.isEmpty() ? Done : Failed;
 }
 
 } // namespace Host

@@ -6,7 +6,7 @@
 #include "SHostService.h"
 #include "TestFile.h"
 #include "ThrowingModels.h"
-#include "host/models/IFrameSink.h"
+#include "host/sinks/IFrameSink.h"
 #include "host/run/CStreamGraph.h"
 #include "host/run/Chain.h"
 

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "host/run/CGraphText.h"
+#include "host/report/CGraphText.h"
 
 #include "host/models/CBlurModel.h"
-#include "host/models/CCameraSourceModel.h"
+#include "host/sources/CCameraSourceModel.h"
 #include "host/models/CEdgesModel.h"
 #include "host/models/CGrabResultConverter.h"
-#include "host/models/CPngSinkModel.h"
+#include "host/sinks/CPngSinkModel.h"
 #include "support/CTestScene.h"
 
 #include <QTest>

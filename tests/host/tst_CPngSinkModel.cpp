@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "host/models/CPngSinkModel.h"
+#include "host/sinks/CPngSinkModel.h"
 
 #include "TestFile.h"
 #include "host/models/CImageData.h"

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "host/run/CSinkNames.h"
+#include "host/sinks/CSinkNames.h"
 
 #include "host/models/CBlurModel.h"
-#include "host/models/CPngSinkModel.h"
+#include "host/sinks/CPngSinkModel.h"
 
 #include <QTest>
 

@@ -6,7 +6,7 @@
 #include "SHostService.h"
 #include "TestFrame.h"
 #include "TestTable.h"
-#include "host/models/IFrameSink.h"
+#include "host/sinks/IFrameSink.h"
 #include "host/run/CGraphBuilder.h"
 #include "host/run/Chain.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "host/run/SRunReport.h"
+#include "host/report/SRunReport.h"
 
 #include <QTest>
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "host/models/IFrameSink.h"
+#include "host/sinks/IFrameSink.h"
 
 #include <Halvex/models/ASinkNodeDataModel.h>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "host/run/CGraphText.h"
+#include "host/report/CGraphText.h"
 
 #include <Halvex/scene/CNodeScene.h>
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "host/run/CSinkNames.h"
+#include "host/sinks/CSinkNames.h"
 
 #include "host/base/Shown.h"
-#include "host/models/IFrameSink.h"
+#include "host/sinks/IFrameSink.h"
 #include "host/run/Output.h"
 
 #include <Halvex/graph/CNodeDataModel.h>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "host/models/CCameraSourceModel.h"
+#include "host/sources/CCameraSourceModel.h"
 
 #include <Halvex/service/CVeltraGrabResultData.h>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "host/run/CProgressLine.h"
+#include "host/report/CProgressLine.h"
 
 #include <unistd.h>
 

@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "host/run/SRunOptions.h"
+
+#include <QString>
+
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace Host {
+
+/// The arguments of `run`: declared in the constructor, read by the parser, checked by options().
+class CRunArguments
+{
+public:
+    /// \a command writes into this object when it is parsed.
+    explicit CRunArguments(CLI::App& command);
+
+    /// What was asked for. Throws CLI::ValidationError, with a whole sentence, at the first thing that makes no sense.
+    SRunOptions options() const;
+
+private:
+    void declareSources(CLI::App& command);
+    void declareEnding(CLI::App& command);
+    void declareFiles(CLI::App& command);
+    bool isGiven(const char* option) const;
+    QString text(const char* option, const std::string& value) const;
+    int count(const char* option, const std::string& value, int least, int most) const;
+    double framesPerSecond(SRunOptions* options) const;
+    void readCameras(const SCameraOptions& common, SRunOptions* options) const;
+    void readGraph(SRunOptions* options) const;
+
+    const CLI::App& m_command;
+    std::string m_chain;
+    std::vector<std::string> m_cameras;
+    std::string m_frames;
+    std::string m_rate;
+    std::string m_pixelFormat;
+    std::string m_output;
+    std::string m_writeEvery;
+    std::string m_load;
+    std::string m_save;
+    std::string m_plugins;
+};
+
+} // namespace Host

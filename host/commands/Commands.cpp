@@ -1,0 +1,158 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/commands/Commands.h"
+
+#include "host/base/ClosestWords.h"
+#include "host/base/EExitCode.h"
+#include "host/base/Shown.h"
+#include "host/commands/CHelpFormatter.h"
+#include "host/run/Output.h"
+
+#include <Halvex/Halvex.h>
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Host {
+
+namespace {
+
+// In the order of the help.
+constexpr void (*addCommands[])(CLI::App&, Action*) = {
+    &addRunCommand,
+    &addCompareCommand,
+};
+
+const char examples[] = R"(Examples:
+  halvex-host run                    a built-in camera, through the default chain
+  halvex-host run chain.json --camera 192.168.0.5
+  halvex-host run --help             what else a run can do
+
+Exit codes: 0 done, 1 it ran and something failed, 2 a request that cannot be
+met, 128 and the number of the signal that ended it.)";
+
+QStringList commandNames(const CLI::App& program)
+{
+    QStringList names;
+    for (const CLI::App* command : program.get_subcommands({}))
+        names << QString::fromStdString(command->get_name());
+    return names;
+}
+
+QStringList optionNames(const CLI::App& command)
+{
+    QStringList names;
+    for (const CLI::Option* option : command.get_options()) {
+        for (const std::string& name : option->get_lnames())
+            names << QString::fromStdString("--" + name);
+    }
+    return names;
+}
+
+// What stands where nothing of that kind belongs.
+QString unexpected(const CLI::App& program, const CLI::App& command, const QString& word)
+{
+    if (word.startsWith(QLatin1String("--")))
+        return QStringLiteral("Unknown option %1%2").arg(shown(word), didYouMean(word, optionNames(command)));
+    if (word.startsWith(QLatin1Char('-')) && word.size() > 1)
+        return QStringLiteral("Unknown option %1").arg(shown(word));
+    if (&command == &program)
+        return QStringLiteral("Unknown command %1%2").arg(shown(word), didYouMean(word, commandNames(program)));
+    return QStringLiteral("Unexpected argument %1").arg(shown(word));
+}
+
+// "--frames: 1 required N missing" is nothing to read.
+QString sentence(const CLI::ParseError& error)
+{
+    const QString text = QString::fromUtf8(error.what()).simplified();
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error))
+        return QStringLiteral("Missing value after '%1'").arg(text.section(QLatin1Char(':'), 0, 0));
+    return text;
+}
+
+int refuse(const CLI::App& program, const CLI::App& command, QString reason)
+{
+    if (!reason.endsWith(QLatin1Char('.')) && !reason.endsWith(QLatin1Char('?')))
+        reason += QLatin1Char('.');
+    const QString name =
+        &command == &program ? QString() : QString::fromStdString(command.get_name()) + QLatin1Char(' ');
+    printErrorLine(QStringLiteral("%1 See 'halvex-host %2--help'.").arg(reason, name));
+    return Refused;
+}
+
+const CLI::App& chosenCommand(const CLI::App& program)
+{
+    const std::vector<CLI::App*> commands = program.get_subcommands();
+    return commands.empty() ? program : *commands.front();
+}
+
+// The words in the order that the parser takes them from: the last one first.
+std::vector<std::string> stack(const QStringList& arguments)
+{
+    std::vector<std::string> words;
+    for (auto word = arguments.rbegin(); word != arguments.rend(); ++word)
+        words.push_back(word->toStdString());
+    return words;
+}
+
+int parse(CLI::App& program, const QStringList& arguments)
+{
+    try {
+        program.parse(stack(arguments));
+    } catch (const CLI::CallForVersion&) {
+        return printText(QStringLiteral("halvex-host " HALVEX_VERSION_STR "\n")) ? Done : Failed;
+    } catch (const CLI::CallForHelp&) {
+        return printText(QString::fromStdString(program.help("halvex-host"))) ? Done : Failed;
+    } catch (const CLI::ParseError& error) {
+        return refuse(program, chosenCommand(program), sentence(error));
+    }
+    const CLI::App& command = chosenCommand(program);
+    for (const CLI::App* place : {&command, static_cast<const CLI::App*>(&program)}) {
+        const std::vector<std::string> rest = place->remaining();
+        if (!rest.empty())
+            return refuse(program, command, unexpected(program, *place, QString::fromStdString(rest.front())));
+    }
+    return &command == &program ? refuse(program, program, QStringLiteral("No command given")) : int(Done);
+}
+
+} // namespace
+
+CLI::App& addCommand(CLI::App& program, const char* name, const char* description, const char* example)
+{
+    CLI::App& command = *program.add_subcommand(name, description);
+    command.footer(std::string("Examples:\n") + example);
+    command.group("Commands");
+    command.allow_extras();
+    return command;
+}
+
+void addPluginsOption(CLI::App& command, std::string* folder)
+{
+    command
+        .add_option("--plugins", *folder, "Folder with the plugins (default: 'plugins' beside the program's folder).")
+        ->type_name("DIR");
+}
+
+int execute(const QStringList& arguments)
+{
+    CLI::App program("Streams the frames of cameras through Halvex graphs.");
+    program.formatter(std::make_shared<CHelpFormatter>());
+    program.footer(examples);
+    program.set_version_flag("--version", std::string(HALVEX_VERSION_STR), "Print the version and exit.");
+    program.set_help_flag("-h,--help", "Print this help and exit.");
+    program.require_subcommand(0, 1); // the name of a second one is an argument of the first
+    // What is left over is refused here, with the closest words that there are.
+    program.allow_extras();
+    Action action;
+    for (const auto& add : addCommands)
+        add(program, &action);
+
+    const int exitCode = parse(program, arguments);
+    return exitCode == Done && action ? action() : exitCode;
+}
+
+} // namespace Host

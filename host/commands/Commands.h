@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+namespace CLI {
+class App;
+}
+
+namespace Host {
+
+/**
+ * The program's commands. Each has a file of its own, and one function that adds it to the program:
+ *
+ * \code
+ * void addSayCommand(CLI::App& program, Action* action)
+ * {
+ *     CLI::App& command = addCommand(program, "say", "Say a word.", "halvex-host say hello");
+ *     auto word = std::make_shared<std::string>();
+ *     command.add_option("WORD", *word, "What to say.")->required();
+ *     command.final_callback([word, action] {
+ *         *action = [word] { return printText(QString::fromStdString(*word)) ? Done : Failed; };
+ *     });
+ * }
+ * \endcode
+ *
+ * A callback throws CLI::ValidationError with a whole sentence when what was asked for makes no sense.
+ */
+
+/// What the arguments ask for; returns the exit code. Runs when all of them are read.
+using Action = std::function<int()>;
+
+void addRunCommand(CLI::App& program, Action* action);
+void addCompareCommand(CLI::App& program, Action* action);
+
+/// Adds an empty command. \a example is printed below its help.
+CLI::App& addCommand(CLI::App& program, const char* name, const char* description, const char* example);
+
+/// Declares --plugins DIR for \a command.
+void addPluginsOption(CLI::App& command, std::string* folder);
+
+/// Does what \a arguments ask for, the program's name not among them, and returns the exit code.
+int execute(const QStringList& arguments);
+
+} // namespace Host

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/commands/CRunArguments.h"
+#include "host/commands/Commands.h"
+#include "host/run/CStreamRun.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
+namespace Host {
+
+void addRunCommand(CLI::App& program, Action* action)
+{
+    CLI::App& command = addCommand(program, "run", "Stream cameras, write PNG files, print a table.",
+                                   "  halvex-host run\n"
+                                   "  halvex-host run --pixel-format RGB8 --fps 100 --output out\n"
+                                   "  halvex-host run chain.json --camera 192.168.0.5 --frames 1000");
+    const auto arguments = std::make_shared<CRunArguments>(command);
+    command.final_callback(
+        [arguments, action] { *action = [options = arguments->options()] { return CStreamRun(options).exec(); }; });
+}
+
+} // namespace Host

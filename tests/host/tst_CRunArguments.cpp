@@ -1,0 +1,134 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/commands/CRunArguments.h"
+
+#include "TestTable.h"
+
+#include <CLI/CLI.hpp>
+
+using namespace Host;
+
+namespace {
+
+SRunOptions parse(QStringList arguments)
+{
+    CLI::App command;
+    const CRunArguments run(command);
+    std::vector<std::string> words; // the parser takes the last one first
+    while (!arguments.isEmpty())
+        words.push_back(arguments.takeLast().toStdString());
+    command.parse(words);
+    return run.options();
+}
+
+} // namespace
+
+class tst_CRunArguments : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void defaults();
+    void everyOption();
+    void realCameraKeepsItsRate();
+    void severalCamerasAndAChain();
+    void slowCameraMayBeSilentForLonger();
+    void refused_data();
+    void refused();
+};
+
+void tst_CRunArguments::defaults()
+{
+    const SRunOptions options = parse({});
+    QCOMPARE(options.cameras.size(), std::size_t(1));
+    QCOMPARE(options.cameras[0].address, QStringLiteral("fake"));
+    QCOMPARE(options.cameras[0].framesPerSecond, 200.0);
+    for (const QString& text :
+         {options.cameras[0].pixelFormat, options.plugins, options.chain, options.load, options.save})
+        QCOMPARE(text, QString());
+    QCOMPARE(options.frames, 300);
+    QCOMPARE(options.writeEvery, 30);
+    QCOMPARE(options.output, QStringLiteral("halvex-output"));
+    QCOMPARE(options.silence.count(), 5000);
+}
+
+void tst_CRunArguments::everyOption()
+{
+    const SRunOptions options =
+        parse({"--camera", "10.0.0.2", "--frames", "7", "--fps", "12.5", "--output", "o", "--pixel-format", "RGB8",
+               "--write-every", "2", "--load", "l.json", "--save", "s.json", "--plugins", "p"});
+    QCOMPARE(options.cameras[0].address, QStringLiteral("10.0.0.2"));
+    QCOMPARE(options.cameras[0].pixelFormat, QStringLiteral("RGB8"));
+    QCOMPARE(options.cameras[0].framesPerSecond, 12.5);
+    QCOMPARE(options.plugins, QStringLiteral("p"));
+    QCOMPARE(options.frames, 7);
+    QCOMPARE(options.writeEvery, 2);
+    QCOMPARE(options.output, QStringLiteral("o"));
+    QCOMPARE(options.load, QStringLiteral("l.json"));
+    QCOMPARE(options.save, QStringLiteral("s.json"));
+    QCOMPARE(options.silence.count(), 5000);
+}
+
+void tst_CRunArguments::realCameraKeepsItsRate()
+{
+    QCOMPARE(parse({"--camera", "10.0.0.2"}).cameras[0].framesPerSecond, 0.0);
+    QCOMPARE(parse({"--camera", "fake", "--fps", "10"}).cameras[0].framesPerSecond, 10.0);
+}
+
+void tst_CRunArguments::severalCamerasAndAChain()
+{
+    const SRunOptions options = parse(
+        {"chain.json", "--camera", "fake-1", "--camera", "10.0.0.2", "--camera", "fake-20", "--pixel-format", "RGB8"});
+    QCOMPARE(options.chain, QStringLiteral("chain.json"));
+    QStringList told;
+    for (const SCameraOptions& camera : options.cameras)
+        told << QStringLiteral("%1 %2 %3").arg(camera.address, camera.pixelFormat).arg(camera.framesPerSecond);
+    QCOMPARE(told, QStringList({"fake-1 RGB8 200", "10.0.0.2 RGB8 0", "fake-20 RGB8 200"}));
+}
+
+void tst_CRunArguments::slowCameraMayBeSilentForLonger()
+{
+    QCOMPARE(parse({"--fps", "0.1"}).silence.count(), 30000);
+}
+
+void tst_CRunArguments::refused_data()
+{
+    addColumns<QStringList, QString>({"arguments", "reason"});
+    const auto row = [](const QString& line, const QString& reason) {
+        // Two quotes stand for an empty argument.
+        addRow(qPrintable(line), line.split(' ').replaceInStrings("''", ""), reason);
+    };
+    row("''", "The chain's file has no name.");
+    row("a.json --load b.json", "A chain or --load, not both.");
+    row("--camera a --camera b --camera a", "--camera 'a' is given twice.");
+    for (const char* camera : {"chain.json", "Halvex.NoUniqueName", "../a"})
+        row(QString("--camera ") + camera, QStringLiteral("--camera '%1' is no address.").arg(camera));
+    row("--camera a --camera b --load c.json", "--load and --save take one camera.");
+    row("--camera a --camera b --save c.json", "--load and --save take one camera.");
+    row("--frames ''", "--frames takes a whole number from 1 to 1000000, not ''.");
+    row("--write-every 0", "--write-every takes a whole number from 1 to 1000000, not '0'.");
+    for (const char* value : {"0", "-1", "many", "1000001", "3.5"})
+        row(QString("--frames ") + value,
+            QStringLiteral("--frames takes a whole number from 1 to 1000000, not '%1'.").arg(value));
+    for (const char* value : {"0", "-1", "nan", "inf", "fast", "10001"})
+        row(QString("--fps ") + value,
+            QStringLiteral("--fps takes a number above 0, at most 10000, not '%1'.").arg(value));
+    for (const char* option : {"--camera", "--output", "--pixel-format", "--load", "--save", "--plugins"})
+        row(QStringLiteral("%1 ''").arg(option), QStringLiteral("%1 is empty.").arg(option));
+}
+
+void tst_CRunArguments::refused()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, reason);
+    try {
+        parse(arguments);
+        QFAIL("not refused");
+    } catch (const CLI::ParseError& error) {
+        QCOMPARE(QString::fromUtf8(error.what()), reason);
+    }
+}
+
+QTEST_GUILESS_MAIN(tst_CRunArguments)
+#include "tst_CRunArguments.moc"
