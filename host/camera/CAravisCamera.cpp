@@ -4,6 +4,7 @@
 #include "host/camera/CAravisCamera.h"
 
 #include "host/camera/CGLibError.h"
+#include "host/camera/Device.h"
 #include "host/camera/PixelFormat.h"
 
 #include <arv.h>
@@ -19,17 +20,6 @@ namespace {
 
 // Cameras count the time of a frame in steps of their own, so that few rates are met exactly.
 constexpr double rateTolerance = 0.01;
-
-GObjectPtr<ArvDevice> openDevice(const QString& address, CGLibError* error)
-{
-    // Straight to the kind of device that is meant: the library's own look-up by name asks every interface in
-    // turn, which scans the network and the USB bus and takes unknown names to a name server.
-    const QByteArray name = address.toUtf8();
-    if (SCameraOptions::isFake(address))
-        return GObjectPtr<ArvDevice>(arv_fake_device_new(name.constData(), error->slot()));
-    return GObjectPtr<ArvDevice>(
-        arv_interface_open_device(arv_gv_interface_get_instance(), name.constData(), error->slot()));
-}
 
 bool carriesImage(ArvBuffer* buffer)
 {

@@ -23,12 +23,12 @@ namespace {
 
 // In the order of the help.
 constexpr void (*addCommands[])(CLI::App&, Action*) = {
-    &addRunCommand,
-    &addCompareCommand,
+    &addRunCommand, // what checks documents comes behind it
+    &addCompareCommand, &addModelsCommand, &addCamerasCommand, &addPluginsCommand,
 };
 
 const char examples[] = R"(Examples:
-  halvex-host run                    a built-in camera, through the default chain
+  halvex-host run                    a built-in camera, the default chain
   halvex-host run chain.json --camera 192.168.0.5
   halvex-host run --help             what else a run can do
 

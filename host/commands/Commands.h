@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <string>
 
 namespace CLI {
 class App;
@@ -37,6 +38,9 @@ using Action = std::function<int()>;
 
 void addRunCommand(CLI::App& program, Action* action);
 void addCompareCommand(CLI::App& program, Action* action);
+void addModelsCommand(CLI::App& program, Action* action);
+void addCamerasCommand(CLI::App& program, Action* action);
+void addPluginsCommand(CLI::App& program, Action* action);
 
 /// Adds an empty command. \a example is printed below its help.
 CLI::App& addCommand(CLI::App& program, const char* name, const char* description, const char* example);

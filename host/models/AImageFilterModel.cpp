@@ -5,9 +5,14 @@
 
 #include "host/models/CImageData.h"
 
+#include <Halvex/graph/DocumentKeys.h>
+
+#include <QMetaProperty>
+#include <QPointer>
 #include <QString>
 
 #include <stdexcept>
+#include <vector>
 
 namespace Host {
 
@@ -28,6 +33,32 @@ CNodeDataPtr filtered(const CNodeDataPtr& data, const std::function<cv::Mat(cons
     }
 }
 
+// Those that the subclass has added.
+std::vector<QMetaProperty> ownProperties(const AImageFilterModel& model)
+{
+    std::vector<QMetaProperty> properties;
+    const QMetaObject* const meta = model.metaObject();
+    for (int i = AImageFilterModel::staticMetaObject.propertyCount(); i < meta->propertyCount(); ++i)
+        properties.push_back(meta->property(i));
+    return properties;
+}
+
+// Enumerations by the names of their values.
+QJsonValue toJson(const QMetaProperty& property, const QVariant& value)
+{
+    if (property.isEnumType())
+        return QString::fromLatin1(property.enumerator().valueToKey(value.toInt()));
+    return QJsonValue::fromVariant(value);
+}
+
+// Numbers for numbers and text for enumerations: everything else would be converted to something.
+bool fits(const QMetaProperty& property, const QJsonValue& json)
+{
+    if (property.isEnumType())
+        return json.isString();
+    return json.isDouble() && (property.type() == QVariant::Int || property.type() == QVariant::Double);
+}
+
 } // namespace
 
 AImageFilterModel::AImageFilterModel()
@@ -44,6 +75,30 @@ unsigned int AImageFilterModel::nPorts(ENodePortType portType) const
 SNodeDataType AImageFilterModel::dataType(ENodePortType, NodePortIndex) const
 {
     return CImageData::dataType();
+}
+
+QJsonObject AImageFilterModel::save() const
+{
+    QJsonObject json = AWorkerNodeDataModel::save();
+    QJsonObject settings = json.value(DocumentKeys::property).toObject();
+    for (const QMetaProperty& property : ownProperties(*this))
+        settings.insert(QString::fromLatin1(property.name()), toJson(property, property.read(this)));
+    json.insert(QString(DocumentKeys::property), settings);
+    return json;
+}
+
+void AImageFilterModel::restore(const QJsonObject& json)
+{
+    const QPointer<AImageFilterModel> self(this);
+    AWorkerNodeDataModel::restore(json);
+    const QJsonObject settings = json.value(DocumentKeys::property).toObject();
+    if (!self)
+        return;
+    for (const QMetaProperty& property : ownProperties(*this)) {
+        const QJsonValue value = settings.value(QLatin1String(property.name()));
+        if (fits(property, value))
+            property.write(this, value.toVariant());
+    }
 }
 
 AWorkerNodeDataModel::Work AImageFilterModel::makeWork() const

@@ -14,7 +14,17 @@ namespace Host {
 /**
  * What image filters have in common: one image in, one image out, computed in a thread pool.
  *
- * A subclass gives its names and makeFilter(). Data that is no image, and an image that the filter cannot work on, fail
+ * A subclass gives its names and makeFilter(). Its settings are Qt properties, each of one word; a setter calls
+ * renewWork() and leaves the setting as it is when a value makes no sense. Its class information tells what makes
+ * sense:
+ *
+ * \code
+ * Q_PROPERTY(int level READ level WRITE setLevel)
+ * Q_CLASSINFO("level.range", "0..255")
+ * Q_CLASSINFO("level.help", "Grey values above it become white.")
+ * \endcode
+ *
+ * Data that is no image, and an image that the filter cannot work on, fail
  * with a validation message. The output carries the frame information of the input.
  *
  * Unless a document says otherwise, every frame is filtered, in the order of the frames; of more than 16 that wait the
@@ -33,6 +43,12 @@ public:
     Plugin::Halvex::SNodeDataType dataType(Plugin::Halvex::ENodePortType portType,
                                            Plugin::Halvex::NodePortIndex index) const override;
     bool isUnique() override { return false; }
+
+    /// What AWorkerNodeDataModel saves, and the subclass's properties under "property".
+    QJsonObject save() const override;
+
+    /// Reads what save() writes. A setting that is missing or makes no sense stays as it is.
+    void restore(const QJsonObject& json) override;
 
 protected:
     /// Makes the filtered image, a new one, of an image that is shared with other nodes and not empty. May throw

@@ -8,10 +8,17 @@
 namespace Host {
 namespace {
 
-cv::Mat blurred(const cv::Mat& image)
+using EMethod = CBlurModel::EMethod;
+
+cv::Mat blurred(const cv::Mat& image, EMethod method, int size)
 {
     cv::Mat blurred;
-    cv::GaussianBlur(image, blurred, cv::Size(7, 7), 0);
+    if (method == EMethod::Gaussian)
+        cv::GaussianBlur(image, blurred, cv::Size(size, size), 0);
+    else if (method == EMethod::Box)
+        cv::blur(image, blurred, cv::Size(size, size));
+    else
+        cv::medianBlur(image, blurred, size);
     return blurred;
 }
 
@@ -22,9 +29,23 @@ QString CBlurModel::modelName()
     return QStringLiteral("Blur");
 }
 
+void CBlurModel::setSize(int pixels)
+{
+    if (pixels < 1 || pixels > 99 || pixels % 2 == 0 || pixels == m_size)
+        return;
+    m_size = pixels;
+    renewWork();
+}
+
+void CBlurModel::setMethod(EMethod method)
+{
+    m_method = method;
+    renewWork();
+}
+
 AImageFilterModel::Filter CBlurModel::makeFilter() const
 {
-    return &blurred;
+    return [method = m_method, size = m_size](const cv::Mat& image) { return blurred(image, method, size); };
 }
 
 } // namespace Host

@@ -3,8 +3,8 @@
 
 #include "host/models/CHostModelService.h"
 
-#include "host/sources/CCameraSourceModel.h"
 #include "host/models/CGrabResultConverter.h"
+#include "host/sources/CCameraSourceModel.h"
 
 namespace Host {
 

@@ -10,10 +10,10 @@
 namespace Host {
 namespace {
 
-cv::Mat thresholded(const cv::Mat& image)
+cv::Mat thresholded(const cv::Mat& image, double level, int type)
 {
     cv::Mat blackAndWhite;
-    cv::threshold(grayImage(image), blackAndWhite, 0, 255, cv::THRESH_BINARY | cv::THRESH_OTSU);
+    cv::threshold(grayImage(image), blackAndWhite, level, 255, type);
     return blackAndWhite;
 }
 
@@ -24,9 +24,24 @@ QString CThresholdModel::modelName()
     return QStringLiteral("Threshold");
 }
 
+void CThresholdModel::setMethod(EMethod method)
+{
+    m_method = method;
+    renewWork();
+}
+
+void CThresholdModel::setLevel(int level)
+{
+    if (level < 0 || level > 255 || level == m_level)
+        return;
+    m_level = level;
+    renewWork();
+}
+
 AImageFilterModel::Filter CThresholdModel::makeFilter() const
 {
-    return &thresholded;
+    const int type = m_method == EMethod::Otsu ? int(cv::THRESH_BINARY) | int(cv::THRESH_OTSU) : int(cv::THRESH_BINARY);
+    return [level = m_level, type](const cv::Mat& image) { return thresholded(image, level, type); };
 }
 
 } // namespace Host

@@ -4,14 +4,14 @@
 #include "host/models/HostModels.h"
 
 #include "host/models/CBlurModel.h"
-#include "host/sources/CCameraSourceModel.h"
 #include "host/models/CEdgesModel.h"
 #include "host/models/CGrabResultConverter.h"
 #include "host/models/CHistogramModel.h"
 #include "host/models/CImageData.h"
-#include "host/sinks/CPngSinkModel.h"
 #include "host/models/CThresholdModel.h"
 #include "host/models/CToImageModel.h"
+#include "host/sinks/CPngSinkModel.h"
+#include "host/sources/CCameraSourceModel.h"
 
 #include <Halvex/service/CVeltraGrabResultData.h>
 #include <Halvex/service/INodeService.h>

@@ -106,6 +106,14 @@ QString CPluginHost::defaultFolder()
     return QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../plugins"));
 }
 
+std::vector<SPluginInfo> CPluginHost::plugins() const
+{
+    std::vector<SPluginInfo> infos;
+    for (const SPlugin& plugin : m_plugins)
+        infos.push_back(plugin.info);
+    return infos;
+}
+
 QString CPluginHost::load(SPlugin& plugin)
 {
     // Two copies of the library in one process would each have their own idea of what a scene is.

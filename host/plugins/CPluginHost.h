@@ -63,6 +63,9 @@ public:
     /// host does not go on when one of them is required.
     const std::vector<SPluginRefusal>& refusals() const { return m_refusals; }
 
+    /// What was loaded and stays, each behind those that it needs.
+    std::vector<SPluginInfo> plugins() const;
+
     const CServiceManager& services() const { return *m_services; }
 
 private:

@@ -6,10 +6,10 @@
 #include "host/camera/CAravisCamera.h"
 #include "host/camera/CGrabThread.h"
 #include "host/models/CGrabResultData.h"
-#include "host/sinks/IFrameSink.h"
 #include "host/models/IHostModels.h"
 #include "host/run/CStreamGraph.h"
 #include "host/run/Output.h"
+#include "host/sinks/IFrameSink.h"
 
 #include <Halvex/models/CNodeDataEntry.h>
 

@@ -4,8 +4,8 @@
 #include "host/run/CStreamGraph.h"
 
 #include "host/base/Shown.h"
-#include "host/sinks/IFrameSink.h"
 #include "host/report/CGraphText.h"
+#include "host/sinks/IFrameSink.h"
 
 #include <Halvex/models/ASourceNodeDataModel.h>
 #include <Halvex/models/AWorkerNodeDataModel.h>

@@ -5,18 +5,14 @@
 
 #include "host/base/EExitCode.h"
 #include "host/base/Shown.h"
-#include "host/models/IHostModels.h"
-#include "host/plugins/CPluginHost.h"
-#include "host/run/CCameraStream.h"
-#include "host/run/CGraphBuilder.h"
 #include "host/report/CGraphText.h"
 #include "host/report/CProgressLine.h"
+#include "host/run/CCameraStream.h"
+#include "host/run/CGraphBuilder.h"
 #include "host/run/CSignalWatcher.h"
 #include "host/run/CStreamGraph.h"
 #include "host/run/Chain.h"
 #include "host/run/Output.h"
-
-#include <Halvex/service/INodeService.h>
 
 #include <QDir>
 #include <QTimer>
@@ -27,8 +23,6 @@
 #include <utility>
 
 namespace Host {
-
-using namespace Plugin::Halvex;
 
 namespace {
 
@@ -46,6 +40,7 @@ QStringList addresses(const std::vector<SCameraOptions>& cameras)
 
 CStreamRun::CStreamRun(SRunOptions options)
     : m_options(std::move(options))
+    , m_services(m_options.plugins)
 {
 }
 
@@ -65,36 +60,13 @@ int CStreamRun::exec()
 
 bool CStreamRun::loadPlugins()
 {
-    const QString folder = m_options.plugins.isEmpty() ? CPluginHost::defaultFolder() : m_options.plugins;
-    const QDir present(folder);
-    if (!present.exists() || !present.isReadable()) {
-        fail(QStringLiteral("cannot read the plugin folder '%1'").arg(printable(folder)));
-        return false;
-    }
-    m_plugins = std::make_unique<CPluginHost>(folder);
-    for (const SPluginRefusal& refusal : m_plugins->refusals())
-        printErrorLine(QStringLiteral("plugin '%1': %2").arg(printable(refusal.file), refusal.reason));
-    const auto required = std::find_if(m_plugins->refusals().begin(), m_plugins->refusals().end(),
-                                       [](const SPluginRefusal& refusal) { return refusal.isRequired; });
-    if (required != m_plugins->refusals().end()) {
-        fail(QStringLiteral("the plugin '%1' is required").arg(printable(required->file)));
-        return false;
-    }
-
-    const CServiceManager& services = m_plugins->services();
-    m_nodeService = services.findService(INodeService::staticMetaObject.className()).objectCast<INodeService>();
-    m_modelService = services.findService(qobject_interface_iid<IHostModels*>());
-    m_models = qobject_cast<IHostModels*>(m_modelService.data());
-    if (!m_nodeService)
-        fail(QStringLiteral("no plugin in '%1' publishes a node service").arg(folder));
-    if (!m_models)
-        fail(QStringLiteral("no plugin in '%1' brings the host's models").arg(folder));
+    fail(m_services.load());
     return m_error.isEmpty();
 }
 
 bool CStreamRun::buildGraphs()
 {
-    CGraphBuilder builder(*m_nodeService, *m_models);
+    CGraphBuilder builder(m_services.nodes(), m_services.models());
     const QStringList cameras = addresses(m_options.cameras);
     std::vector<std::unique_ptr<CStreamGraph>> graphs;
     QString error;
@@ -130,7 +102,7 @@ bool CStreamRun::forEachStream(const Step& step)
 
 bool CStreamRun::openCameras()
 {
-    return forEachStream([this](CCameraStream& stream) { return stream.open(*m_models); });
+    return forEachStream([this](CCameraStream& stream) { return stream.open(m_services.models()); });
 }
 
 bool CStreamRun::prepareSinks()

@@ -3,32 +3,20 @@
 
 #pragma once
 
+#include "host/plugins/CHostServices.h"
 #include "host/run/SRunOptions.h"
 
 #include <QEventLoop>
 #include <QObject>
-#include <QSharedPointer>
 
 #include <functional>
 #include <memory>
 #include <vector>
 
-namespace Core {
-namespace Service {
-class IService;
-}
-} // namespace Core
-
-namespace Plugin::Halvex {
-class INodeService;
-}
-
 namespace Host {
 
 class CCameraStream;
-class CPluginHost;
 class CProgressLine;
-class IHostModels;
 
 /**
  * One run of the program: loads the plugins, builds a graph for each camera, opens the cameras, saves the scene,
@@ -47,8 +35,8 @@ public:
     explicit CStreamRun(SRunOptions options);
     ~CStreamRun() override;
 
-    /// Runs to the end and returns the exit code, see EExitCode. Prints progress, errors and the plugins that were left out, one line
-    /// each, on standard error, and the report on standard output. Once per object.
+    /// Runs to the end and returns the exit code, see EExitCode. Prints progress, errors and the plugins that were left
+    /// out, one line each, on standard error, and the report on standard output. Once per object.
     int exec();
 
 private:
@@ -74,11 +62,8 @@ private:
     void showProgress(CProgressLine& line) const;
 
     const SRunOptions m_options;
-    // In this order: cameras go before the scenes that they feed, and the services before the code that they run.
-    std::unique_ptr<CPluginHost> m_plugins;
-    QSharedPointer<Plugin::Halvex::INodeService> m_nodeService;
-    QSharedPointer<Core::Service::IService> m_modelService;
-    const IHostModels* m_models = nullptr; // the same object
+    // In this order: cameras go before the scenes that they feed.
+    CHostServices m_services;
     std::vector<std::unique_ptr<CCameraStream>> m_streams;
     QByteArray m_chain; // what was imported
     QEventLoop m_loop;

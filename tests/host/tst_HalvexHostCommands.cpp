@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LicenseRef-Halvex
 
 #include "CHostProgram.h"
+#include "CPluginTestFolder.h"
 #include "TestTable.h"
 
 /// The command line as a user meets it: help, and what is no command.
@@ -15,6 +16,11 @@ private Q_SLOTS:
     void version();
     void refused_data();
     void refused();
+    void models();
+    void settingsOfAModel();
+    void plugins();
+    void cameras();
+    void featuresOfACamera();
 };
 
 void tst_HalvexHostCommands::help_data()
@@ -25,6 +31,9 @@ void tst_HalvexHostCommands::help_data()
            QStringList{"[CHAIN]", "--camera ID", "--frames N", "--fps N", "--output DIR", "--pixel-format NAME",
                        "--write-every N", "--load FILE", "--save FILE", "--plugins DIR"});
     addRow("compare", QStringList{"compare", "-h"}, QStringList{"A", "B"});
+    addRow("models", QStringList{"models", "-h"}, QStringList{"NAME", "--plugins DIR"});
+    addRow("cameras", QStringList{"cameras", "-h"}, QStringList{"ID"});
+    addRow("plugins", QStringList{"plugins", "-h"}, QStringList{"--plugins DIR"});
 }
 
 void tst_HalvexHostCommands::help()
@@ -74,6 +83,76 @@ void tst_HalvexHostCommands::refused()
     QCOMPARE(program.exec(line.isEmpty() ? QStringList() : line.split(' ')), 2);
     QCOMPARE(program.errorLines(), QStringList("halvex-host: " + reason));
     QCOMPARE(program.output(), QString());
+}
+
+void tst_HalvexHostCommands::models()
+{
+    CHostProgram program;
+    QCOMPARE(program.exec({"models"}), 0);
+    QCOMPARE(program.output(), QString(R"(Category  Model          Takes  Gives  Settings  Plugin
+Filters   Blur           IMG    IMG           5  HalvexHostModels
+          Edges          IMG    IMG           6  HalvexHostModels
+          Histogram      IMG    IMG           3  HalvexHostModels
+          Threshold      IMG    IMG           5  HalvexHostModels
+          To Image       VGR    IMG           -  HalvexHostModels
+Sinks     PNG Sink       IMG    -             -  HalvexHostModels
+Sources   Camera Source  -      VGR           -  HalvexHostModels
+Tools     DecouplerVGR   VGR    VGR           1  Halvex
+
+Converters
+  VGR (Veltra Grab Result) to IMG (Host Image)
+)"));
+}
+
+void tst_HalvexHostCommands::settingsOfAModel()
+{
+    CHostProgram program;
+    QCOMPARE(program.exec({"models", "Blur"}), 0);
+    for (const char* line : {"in 0   IMG   Host Image  -\n", "size         int     7           1 to 99, odd\n",
+                             "method       one of  Gaussian    Gaussian, Box, Median\n"})
+        QVERIFY2(program.output().contains(line), line);
+    QCOMPARE(program.exec({"models", "Blr"}), 2);
+    QCOMPARE(program.errorLines(), QStringList("halvex-host: no model 'Blr' is registered; did you mean 'Blur'?"));
+    QCOMPARE(program.exec({"models", "--plugins", "/nowhere"}), 2);
+    QCOMPARE(program.errorLines(), QStringList("halvex-host: cannot read the plugin folder '/nowhere'"));
+}
+
+void tst_HalvexHostCommands::plugins()
+{
+    CHostProgram program;
+    QCOMPARE(program.exec({"plugins"}), 0);
+    QVERIFY2(program.output().contains("HalvexHostModels  "), qPrintable(program.output()));
+    QVERIFY(!program.output().contains("Not loaded"));
+    QCOMPARE(program.exec({"plugins", "--plugins", "/nowhere"}), 2);
+
+    CPluginTestFolder folder;
+    QVERIFY(folder.addFile("notes.txt", "no library\n") && folder.addTestPlugins({"base", "lacking"}));
+    QCOMPARE(program.exec({"plugins", "--plugins", folder.path()}), 0);
+    QVERIFY(program.output().contains("base    1.4.0    test_base.so\n"));
+    QVERIFY(program.output().contains("  notes.txt\n    no plugin\n"));
+    QVERIFY(program.output().contains("  test_lacking.so\n    it needs 'nobody' 1.0.0, which is not there\n"));
+}
+
+void tst_HalvexHostCommands::cameras()
+{
+    CHostProgram program;
+    QCOMPARE(program.exec({"cameras"}), 0);
+    QVERIFY(program.output().startsWith("Camera"));
+    QVERIFY(program.output().contains("\nfake "));
+}
+
+void tst_HalvexHostCommands::featuresOfACamera()
+{
+    CHostProgram program;
+    QCOMPARE(program.exec({"cameras", "fake"}), 0);
+    const QString text = program.output().simplified();
+    for (const char* line : {"Width 512 integer, 1 to 2048", "SensorWidth 2048 read only", "TriggerMode Off Off, On",
+                             "ExposureTimeAbs 10000 float, 10 to 10000000", "TriggerSoftware - command"})
+        QVERIFY2(text.contains(line), line);
+    for (const QString& line : program.output().split('\n'))
+        QVERIFY2(line.size() <= 80, qPrintable(line));
+    QCOMPARE(program.exec({"cameras", "127.0.0.3"}), 2);
+    QVERIFY(program.errorLines().constLast().startsWith("halvex-host: cannot open camera '127.0.0.3': "));
 }
 
 QTEST_GUILESS_MAIN(tst_HalvexHostCommands)

@@ -1,0 +1,183 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/camera/CFeatures.h"
+
+#include "host/base/ClosestWords.h"
+#include "host/base/Shown.h"
+#include "host/camera/CGLibError.h"
+
+#include <arv.h>
+
+#include <limits>
+
+namespace Host {
+
+namespace {
+
+QString numberText(double number)
+{
+    return QString::number(number, 'g', 9);
+}
+
+QString withUnit(const QString& value, const char* unit)
+{
+    return unit && *unit ? QStringLiteral("%1 %2").arg(value, QString::fromUtf8(unit)) : value;
+}
+
+// Bounds that a type has anyway say nothing.
+QString integerRange(ArvGcInteger* integer)
+{
+    const gint64 least = arv_gc_integer_get_min(integer, CGLibError().slot());
+    const gint64 most = arv_gc_integer_get_max(integer, CGLibError().slot());
+    const gint64 step = arv_gc_integer_get_inc(integer, CGLibError().slot());
+    if (least >= most || most == std::numeric_limits<gint64>::max())
+        return {};
+    const QString range = QStringLiteral("%1 to %2").arg(least).arg(most);
+    return step > 1 ? QStringLiteral("%1 in steps of %2").arg(range).arg(step) : range;
+}
+
+QString floatRange(ArvGcFloat* number)
+{
+    const double least = arv_gc_float_get_min(number, CGLibError().slot());
+    const double most = arv_gc_float_get_max(number, CGLibError().slot());
+    const bool isBounded = least < most && most < std::numeric_limits<double>::max() / 2;
+    return isBounded ? QStringLiteral("%1 to %2").arg(numberText(least), numberText(most)) : QString();
+}
+
+QStringList enumValues(ArvGcEnumeration* enumeration)
+{
+    guint count = 0;
+    const char** const values =
+        arv_gc_enumeration_dup_available_string_values(enumeration, &count, CGLibError().slot());
+    QStringList names;
+    for (guint i = 0; values && i < count; ++i)
+        names << QString::fromUtf8(values[i]);
+    g_free(values);
+    return names;
+}
+
+QString typeOf(ArvGcNode* node)
+{
+    if (ARV_IS_GC_COMMAND(node))
+        return QStringLiteral("command");
+    if (ARV_IS_GC_ENUMERATION(node)) // which is an integer too
+        return QStringLiteral("one of");
+    if (ARV_IS_GC_BOOLEAN(node))
+        return QStringLiteral("boolean");
+    if (ARV_IS_GC_INTEGER(node))
+        return QStringLiteral("integer");
+    if (ARV_IS_GC_FLOAT(node))
+        return QStringLiteral("float");
+    return ARV_IS_GC_STRING(node) ? QStringLiteral("text") : QString();
+}
+
+QString rangeOf(ArvGcNode* node)
+{
+    if (ARV_IS_GC_ENUMERATION(node))
+        return enumValues(ARV_GC_ENUMERATION(node)).join(QStringLiteral(", "));
+    if (ARV_IS_GC_BOOLEAN(node))
+        return QStringLiteral("true, false");
+    if (ARV_IS_GC_INTEGER(node))
+        return integerRange(ARV_GC_INTEGER(node));
+    return ARV_IS_GC_FLOAT(node) ? floatRange(ARV_GC_FLOAT(node)) : QString();
+}
+
+QString valueOf(ArvGcNode* node)
+{
+    CGLibError error;
+    if (ARV_IS_GC_COMMAND(node))
+        return {};
+    if (ARV_IS_GC_FLOAT(node)) {
+        const double value = arv_gc_float_get_value(ARV_GC_FLOAT(node), error.slot());
+        return error ? QString() : withUnit(numberText(value), arv_gc_float_get_unit(ARV_GC_FLOAT(node)));
+    }
+    const char* const value = arv_gc_feature_node_get_value_as_string(ARV_GC_FEATURE_NODE(node), error.slot());
+    if (error || !value)
+        return {};
+    const bool isNumber = ARV_IS_GC_INTEGER(node) && !ARV_IS_GC_ENUMERATION(node);
+    return withUnit(QString::fromUtf8(value), isNumber ? arv_gc_integer_get_unit(ARV_GC_INTEGER(node)) : nullptr);
+}
+
+bool isWritable(ArvGcNode* node)
+{
+    ArvGcFeatureNode* const feature = ARV_GC_FEATURE_NODE(node);
+    return arv_gc_feature_node_get_actual_access_mode(feature) != ARV_GC_ACCESS_MODE_RO &&
+           !arv_gc_feature_node_is_locked(feature, CGLibError().slot());
+}
+
+// What is wrong with the value for a feature of that type, before the camera is asked; empty when nothing is.
+QString refusal(ArvGcNode* node, const QString& value)
+{
+    bool ok = true;
+    if (ARV_IS_GC_ENUMERATION(node)) {
+        const QStringList values = enumValues(ARV_GC_ENUMERATION(node));
+        if (!values.contains(value))
+            return QStringLiteral("takes one of %1, not %2%3")
+                .arg(values.join(QStringLiteral(", ")), shown(value), didYouMean(value, values));
+    } else if (ARV_IS_GC_BOOLEAN(node)) {
+        ok = value == QLatin1String("true") || value == QLatin1String("false");
+    } else if (ARV_IS_GC_INTEGER(node)) {
+        const qint64 number = value.toLongLong(&ok, 0);
+        ok = ok && number >= arv_gc_integer_get_min(ARV_GC_INTEGER(node), CGLibError().slot()) &&
+             number <= arv_gc_integer_get_max(ARV_GC_INTEGER(node), CGLibError().slot());
+    } else if (ARV_IS_GC_FLOAT(node)) {
+        const double number = value.toDouble(&ok);
+        ok = ok && number >= arv_gc_float_get_min(ARV_GC_FLOAT(node), CGLibError().slot()) &&
+             number <= arv_gc_float_get_max(ARV_GC_FLOAT(node), CGLibError().slot());
+    }
+    if (ok)
+        return {};
+    const QString range = rangeOf(node);
+    return QStringLiteral("takes %1%2, not %3")
+        .arg(typeOf(node), range.isEmpty() ? QString() : QStringLiteral(", ") + range, shown(value));
+}
+
+} // namespace
+
+std::vector<SFeature> CFeatures::all() const
+{
+    std::vector<SFeature> features;
+    if (ArvGcNode* const root = arv_device_get_feature(m_device, "Root"))
+        add(root, {}, &features);
+    return features;
+}
+
+void CFeatures::add(ArvGcNode* node, const QString& category, std::vector<SFeature>* features) const
+{
+    ArvGcFeatureNode* const feature = ARV_GC_FEATURE_NODE(node);
+    const QString name = QString::fromUtf8(arv_gc_feature_node_get_name(feature));
+    if (ARV_IS_GC_CATEGORY(node)) {
+        const GSList* names = arv_gc_category_get_features(ARV_GC_CATEGORY(node));
+        for (; names; names = names->next) {
+            if (ArvGcNode* const child = arv_device_get_feature(m_device, static_cast<const char*>(names->data)))
+                add(child, name, features);
+        }
+    } else if (arv_gc_feature_node_is_implemented(feature, CGLibError().slot())) {
+        features->push_back({category, name, typeOf(node), valueOf(node), rangeOf(node), isWritable(node)});
+    }
+}
+
+QString CFeatures::set(const QString& name, const QString& value) const
+{
+    ArvGcNode* const node = arv_device_get_feature(m_device, name.toUtf8().constData());
+    if (!node || !ARV_IS_GC_FEATURE_NODE(node) || ARV_IS_GC_CATEGORY(node)) {
+        QStringList known;
+        for (const SFeature& feature : all())
+            known << feature.name;
+        return QStringLiteral("it has no feature %1%2").arg(shown(name), didYouMean(name, known));
+    }
+    if (!isWritable(node))
+        return QStringLiteral("the feature '%1' cannot be written now").arg(name);
+    const QString wrong = refusal(node, value);
+    if (!wrong.isEmpty())
+        return QStringLiteral("the feature '%1' %2").arg(name, wrong);
+    CGLibError error;
+    if (ARV_IS_GC_COMMAND(node))
+        arv_device_execute_command(m_device, name.toUtf8().constData(), error.slot());
+    else
+        arv_gc_feature_node_set_value_from_string(ARV_GC_FEATURE_NODE(node), value.toUtf8().constData(), error.slot());
+    return error ? QStringLiteral("the feature '%1' refuses %2: %3").arg(name, shown(value), error.text()) : QString();
+}
+
+} // namespace Host

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+struct _ArvDevice;
+struct _ArvGcNode;
+
+namespace Host {
+
+/// A GenICam feature as the camera tells it.
+struct SFeature
+{
+    QString category;
+    QString name;
+    QString type;  ///< "integer", "float", "boolean", "text", "one of", "command"; empty for others.
+    QString value; ///< With its unit; empty when it cannot be read.
+    QString range; ///< "1 to 512", "16 to 2048 in steps of 16", or the values of an enumeration; may be empty.
+    bool isWritable = false;
+};
+
+/**
+ * The GenICam features of an open camera.
+ *
+ * \code
+ * const QString error = CFeatures(device).set(QStringLiteral("ExposureTimeAbs"), QStringLiteral("5000"));
+ * \endcode
+ *
+ * Threads: that of the camera's owner. The device outlives this object.
+ */
+class CFeatures
+{
+public:
+    explicit CFeatures(_ArvDevice* device)
+        : m_device(device)
+    {
+    }
+
+    /// In the camera's own order, category by category; what the camera does not implement is left out.
+    std::vector<SFeature> all() const;
+
+    /// Sets a feature, or runs a command whatever \a value says. Returns what is wrong, in one line: a feature that is
+    /// not there (with the closest names), that cannot be written now, or a value that it does not take. Empty on
+    /// success.
+    QString set(const QString& name, const QString& value) const;
+
+private:
+    void add(_ArvGcNode* node, const QString& category, std::vector<SFeature>* features) const;
+
+    _ArvDevice* const m_device;
+};
+
+} // namespace Host

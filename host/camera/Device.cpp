@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/camera/Device.h"
+
+#include "host/camera/SCameraOptions.h"
+
+#include <arv.h>
+
+#include <algorithm>
+
+namespace Host {
+
+namespace {
+
+// A number and dots are an address; nothing on the USB bus is called so.
+bool isAddress(const QString& text)
+{
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.isDigit() || c == QLatin1Char('.'); });
+}
+
+} // namespace
+
+std::vector<SCameraEntry> findCameras()
+{
+    std::vector<SCameraEntry> cameras;
+    cameras.push_back(
+        {SCameraOptions().address, QStringLiteral("Aravis"), QStringLiteral("Fake"), {}, QStringLiteral("built in")});
+    arv_update_device_list();
+    for (unsigned int i = 0; i < arv_get_n_devices(); ++i) {
+        const QString protocol = QString::fromUtf8(arv_get_device_protocol(i));
+        const bool isOnTheNetwork = protocol == QLatin1String("GigEVision");
+        cameras.push_back({QString::fromUtf8(isOnTheNetwork ? arv_get_device_address(i) : arv_get_device_id(i)),
+                           QString::fromUtf8(arv_get_device_vendor(i)), QString::fromUtf8(arv_get_device_model(i)),
+                           QString::fromUtf8(arv_get_device_serial_nbr(i)), protocol});
+    }
+    return cameras;
+}
+
+GObjectPtr<ArvDevice> openDevice(const QString& address, CGLibError* error)
+{
+    // Straight to the kind of device that is meant: the library's own look-up by name asks every interface in
+    // turn, which scans the network and takes unknown names to a name server.
+    const QByteArray name = address.toUtf8();
+    if (SCameraOptions::isFake(address))
+        return GObjectPtr<ArvDevice>(arv_fake_device_new(name.constData(), error->slot()));
+#if ARAVIS_HAS_USB
+    if (!isAddress(address)) {
+        ArvInterface* const usb = arv_uv_interface_get_instance();
+        arv_interface_update_device_list(usb);
+        if (ArvDevice* const device = arv_interface_open_device(usb, name.constData(), error->slot()))
+            return GObjectPtr<ArvDevice>(device);
+    }
+#endif
+    return GObjectPtr<ArvDevice>(
+        arv_interface_open_device(arv_gv_interface_get_instance(), name.constData(), error->slot()));
+}
+
+} // namespace Host

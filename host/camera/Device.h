@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "host/camera/CGLibError.h"
+#include "host/camera/GObjectPtr.h"
+
+#include <QString>
+
+#include <vector>
+
+struct _ArvDevice;
+
+namespace Host {
+
+/// What can be opened, as it tells of itself.
+struct SCameraEntry
+{
+    QString id; ///< What --camera takes.
+    QString maker;
+    QString model;
+    QString serialNumber;
+    QString protocol;
+};
+
+/// The cameras that answer, and the one that is built into the library first. Asks the network and the USB bus, which
+/// takes a second.
+std::vector<SCameraEntry> findCameras();
+
+/// Opens what SCameraOptions::address names. Null, with the reason in \a error, if it is not there.
+GObjectPtr<_ArvDevice> openDevice(const QString& address, CGLibError* error);
+
+} // namespace Host

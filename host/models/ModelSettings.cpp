@@ -1,0 +1,158 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/models/ModelSettings.h"
+
+#include "host/base/ClosestWords.h"
+#include "host/base/Shown.h"
+
+#include <QMetaClassInfo>
+#include <QMetaProperty>
+#include <QRegularExpression>
+
+namespace Host {
+
+namespace {
+
+QString classInfo(const QMetaObject& meta, const QMetaProperty& property, const char* key)
+{
+    const QByteArray name = QByteArray(property.name()) + key;
+    const int index = meta.indexOfClassInfo(name.constData());
+    return index < 0 ? QString() : QString::fromUtf8(meta.classInfo(index).value());
+}
+
+QStringList enumNames(const QMetaEnum& values)
+{
+    QStringList names;
+    for (int i = 0; i < values.keyCount(); ++i)
+        names << QString::fromLatin1(values.key(i));
+    return names;
+}
+
+std::vector<QMetaProperty> propertiesOf(const QMetaObject& meta)
+{
+    std::vector<QMetaProperty> properties;
+    for (const QMetaObject* each = &meta; each && each != &QObject::staticMetaObject; each = each->superClass()) {
+        for (int i = each->propertyOffset(); i < each->propertyCount(); ++i)
+            properties.push_back(each->property(i));
+    }
+    return properties;
+}
+
+QString typeName(const QMetaProperty& property)
+{
+    if (property.isEnumType())
+        return QStringLiteral("one of");
+    return property.type() == QVariant::String ? QStringLiteral("text") : QString::fromLatin1(property.typeName());
+}
+
+QString valueText(const QMetaProperty& property, const QVariant& value)
+{
+    if (property.isEnumType())
+        return QString::fromLatin1(property.enumerator().valueToKey(value.toInt()));
+    return value.toString();
+}
+
+QString rangeText(const QMetaObject& meta, const QMetaProperty& property)
+{
+    if (property.isEnumType())
+        return enumNames(property.enumerator()).join(QStringLiteral(", "));
+    return classInfo(meta, property, ".range").replace(QLatin1String(".."), QLatin1String(" to "));
+}
+
+// A name however it is spelt.
+QString folded(QString name)
+{
+    return name.remove(QLatin1Char('_')).toLower();
+}
+
+// Whether \a text lies within "MIN..MAX"; whatever else the range says is up to the model.
+bool isInRange(const QString& range, const QString& text)
+{
+    static const QRegularExpression bounds(QStringLiteral(R"(^(-?[\d.]+?)\.\.(-?[\d.]+))"));
+    const auto match = bounds.match(range);
+    const double value = text.toDouble();
+    return !match.hasMatch() || (value >= match.captured(1).toDouble() && value <= match.captured(2).toDouble());
+}
+
+bool toBool(const QString& text, bool* ok)
+{
+    static const QStringList yes{QStringLiteral("true"), QStringLiteral("on"), QStringLiteral("yes"),
+                                 QStringLiteral("1")};
+    static const QStringList no{QStringLiteral("false"), QStringLiteral("off"), QStringLiteral("no"),
+                                QStringLiteral("0")};
+    const bool isYes = yes.contains(text.toLower());
+    *ok = isYes || no.contains(text.toLower());
+    return isYes;
+}
+
+// The value that \a text spells; an invalid one if it spells none.
+QVariant valueOf(const QMetaProperty& property, const QString& text)
+{
+    bool ok = true;
+    QVariant value(text);
+    if (property.isEnumType())
+        value = property.enumerator().keyToValue(text.toLatin1().constData(), &ok);
+    else if (property.type() == QVariant::Bool)
+        value = toBool(text, &ok);
+    else if (property.type() == QVariant::Int)
+        value = text.toInt(&ok);
+    else if (property.type() == QVariant::Double)
+        value = text.toDouble(&ok);
+    else
+        ok = value.convert(property.userType());
+    return ok ? value : QVariant();
+}
+
+QString takes(const QMetaObject& meta, const QMetaProperty& property, const QString& value)
+{
+    const QString range = rangeText(meta, property);
+    QString text = QStringLiteral("'%1' takes ").arg(QLatin1String(property.name()));
+    if (property.isEnumType())
+        text += QStringLiteral("one of ") + range;
+    else if (range.isEmpty())
+        text += typeName(property);
+    else
+        text += QStringLiteral("%1, %2").arg(typeName(property), range);
+    const QString close = property.isEnumType() ? didYouMean(value, enumNames(property.enumerator())) : QString();
+    return QStringLiteral("%1, not %2%3").arg(text, shown(value), close);
+}
+
+} // namespace
+
+std::vector<SModelSetting> settingsOf(const QObject& model)
+{
+    const QMetaObject& meta = *model.metaObject();
+    std::vector<SModelSetting> settings;
+    for (const QMetaProperty& property : propertiesOf(meta)) {
+        settings.push_back({QString::fromLatin1(property.name()), typeName(property),
+                            valueText(property, property.read(&model)), rangeText(meta, property),
+                            classInfo(meta, property, ".help")});
+    }
+    return settings;
+}
+
+QString setSetting(QObject& model, const QString& name, const QString& value)
+{
+    const QMetaObject& meta = *model.metaObject();
+    QStringList known;
+    for (const QMetaProperty& property : propertiesOf(meta)) {
+        known << QString::fromLatin1(property.name());
+        if (folded(known.constLast()) != folded(name))
+            continue;
+        const QVariant wanted = valueOf(property, value);
+        if (!wanted.isValid() || !isInRange(classInfo(meta, property, ".range"), value))
+            return takes(meta, property, value);
+        // A model that does not take the value leaves the setting as it is.
+        property.write(&model, wanted);
+        const QVariant present = property.read(&model);
+        return valueText(property, present) == valueText(property, wanted) ? QString() : takes(meta, property, value);
+    }
+    if (known.isEmpty())
+        return QStringLiteral("it has no settings");
+    return QStringLiteral("it has no setting %1%2; it has %3")
+        .arg(shown(name), didYouMean(name, known), known.join(QStringLiteral(", ")))
+        .replace(QLatin1String("?; it"), QLatin1String("? It"));
+}
+
+} // namespace Host

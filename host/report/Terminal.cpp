@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/report/Terminal.h"
+
+#include <QStringList>
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+namespace Host {
+
+int columnsOf(std::FILE* stream)
+{
+    constexpr int usual = 80;
+    winsize size{};
+    const bool isTerminal = isatty(fileno(stream)) == 1 && ioctl(fileno(stream), TIOCGWINSZ, &size) == 0;
+    return isTerminal && size.ws_col > 0 ? int(size.ws_col) : usual;
+}
+
+bool takesColors(std::FILE* stream)
+{
+    return isatty(fileno(stream)) == 1 && qEnvironmentVariableIsEmpty("NO_COLOR") && qgetenv("TERM") != "dumb";
+}
+
+QString wrapped(const QString& text, int width, int indent)
+{
+    QString result;
+    QString line;
+    const QString margin(indent, QLatin1Char(' '));
+    const QStringList words = text.simplified().split(QLatin1Char(' '));
+    for (const QString& word : words) {
+        if (!line.isEmpty() && indent + line.size() + 1 + word.size() > width) {
+            result += margin + line + QLatin1Char('\n');
+            line.clear();
+        }
+        line += (line.isEmpty() ? QString() : QStringLiteral(" ")) + word;
+    }
+    return result + margin + line + QLatin1Char('\n');
+}
+
+} // namespace Host
