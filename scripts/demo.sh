@@ -12,7 +12,7 @@ report=out/demo-report.txt
 summary() {
     awk '/^Camera/ { camera = $4; gsub(/[(),]/, "", camera) }
         /^Ended/ { asked = $3 }
-        /^\[[0-9]+\] Decoupler for VGR/ { previewed = $(NF - 3) }
+        /^\[[0-9]+\] Decoupler for VGR/ { previewed = $6 }
         $1 == "frames" { print camera, asked, $2, previewed }' "$1"
 }
 

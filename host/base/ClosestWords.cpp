@@ -16,21 +16,25 @@ namespace {
 
 constexpr int mostWords = 3;
 
-// How many characters must be put in, taken out or replaced to make one word of the other.
+// How many characters must be put in, taken out, replaced or swapped with the next to make one word of the other.
 int distance(const QString& left, const QString& right)
 {
-    std::vector<int> row(std::size_t(right.size()) + 1);
-    std::iota(row.begin(), row.end(), 0);
+    std::vector<int> before;
+    std::vector<int> above(std::size_t(right.size()) + 1);
+    std::iota(above.begin(), above.end(), 0);
     for (int i = 0; i < left.size(); ++i) {
-        int diagonal = std::exchange(row[0], i + 1);
+        std::vector<int> row(above.size(), i + 1);
         for (int j = 0; j < right.size(); ++j) {
             const std::size_t at = std::size_t(j) + 1;
-            const int replaced = diagonal + (left.at(i) == right.at(j) ? 0 : 1);
-            diagonal = row[at];
-            row[at] = std::min({replaced, row[at] + 1, row[at - 1] + 1});
+            const int replaced = above[at - 1] + (left.at(i) == right.at(j) ? 0 : 1);
+            row[at] = std::min({replaced, above[at] + 1, row[at - 1] + 1});
+            const bool isSwapped = i > 0 && j > 0 && left.at(i) == right.at(j - 1) && left.at(i - 1) == right.at(j);
+            if (isSwapped)
+                row[at] = std::min(row[at], before[at - 2] + 1);
         }
+        before = std::exchange(above, std::move(row));
     }
-    return row.back();
+    return above.back();
 }
 
 } // namespace
@@ -49,6 +53,7 @@ QStringList closestWords(const QString& word, const QStringList& known)
             found.emplace_back(away, candidate);
     }
     std::sort(found.begin(), found.end());
+    found.erase(std::unique(found.begin(), found.end()), found.end());
     QStringList words;
     for (std::size_t i = 0; i < found.size() && words.size() < mostWords; ++i)
         words << found[i].second;

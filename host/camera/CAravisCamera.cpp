@@ -3,6 +3,7 @@
 
 #include "host/camera/CAravisCamera.h"
 
+#include "host/camera/CFeatures.h"
 #include "host/camera/CGLibError.h"
 #include "host/camera/Device.h"
 #include "host/camera/PixelFormat.h"
@@ -137,7 +138,21 @@ bool CAravisCamera::configure(QString* error)
                      .arg(m_options.address, m_options.pixelFormat, reason.text());
         return false;
     }
-    return m_options.framesPerSecond <= 0.0 || setFrameRate(error);
+    return (m_options.framesPerSecond <= 0.0 || setFrameRate(error)) && setFeatures(error);
+}
+
+bool CAravisCamera::setFeatures(QString* error)
+{
+    // After the frame rate, which the library sets together with the trigger: what was asked for by name stays.
+    const CFeatures features(arv_camera_get_device(m_camera.get()));
+    for (const auto& feature : m_options.features) {
+        const QString wrong = features.set(feature.first, feature.second);
+        if (!wrong.isEmpty()) {
+            *error = QStringLiteral("camera '%1': %2").arg(m_options.address, wrong);
+            return false;
+        }
+    }
+    return true;
 }
 
 bool CAravisCamera::setFrameRate(QString* error)

@@ -99,6 +99,7 @@ private:
 
     bool configure(QString* error);
     bool setFrameRate(QString* error);
+    bool setFeatures(QString* error);
     bool readGeometry(QString* error);
     bool createStream(QString* error);
     void destroyStream();

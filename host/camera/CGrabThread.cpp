@@ -48,25 +48,50 @@ void CGrabThread::run()
 QString CGrabThread::grabAll()
 {
     auto lastSign = Clock::now();
-    while (m_complete < m_frames && !isInterruptionRequested()) {
+    auto lastFrame = lastSign;
+    while ((m_frames == 0 || m_complete < m_frames) && !isInterruptionRequested()) {
         CAravisCamera::SGrab grab = m_camera.grab(patience);
         const quint64 underruns = m_camera.underruns();
         // A camera whose frames find no buffer is alive: it is the graph that is slow.
-        if (grab.status != CAravisCamera::EGrab::Timeout || underruns != m_underruns)
+        if (underruns != m_underruns)
+            lastFrame = lastSign = Clock::now();
+        if (grab.status != CAravisCamera::EGrab::Timeout)
             lastSign = Clock::now();
         m_underruns = underruns;
 
         if (grab.status == CAravisCamera::EGrab::Lost)
             return QStringLiteral("camera '%1' has gone: it no longer answers").arg(m_camera.address());
-        if (Clock::now() - lastSign >= m_silence)
-            return QStringLiteral("camera '%1' has gone: no frame for %2 s")
-                .arg(m_camera.address(), QString::number(double(m_silence.count()) / 1000.0));
         if (grab.status == CAravisCamera::EGrab::Incomplete)
             ++m_incomplete;
-        if (grab.status == CAravisCamera::EGrab::Frame)
+        if (grab.status == CAravisCamera::EGrab::Frame) {
+            lastFrame = lastSign;
             handOn(std::move(grab.frame));
+        }
+        const QString missing = missingFrame(lastSign, lastFrame);
+        if (!missing.isEmpty())
+            return missing;
     }
     return {};
+}
+
+QString CGrabThread::missingFrame(Clock::time_point lastSign, Clock::time_point lastFrame) const
+{
+    const auto now = Clock::now();
+    const auto seconds = [](std::chrono::milliseconds time) { return QString::number(double(time.count()) / 1000.0); };
+    if (now - lastSign >= m_silence) {
+        if (m_complete > 0 || m_incomplete > 0)
+            return QStringLiteral("camera '%1' has gone: no frame for %2 s")
+                .arg(m_camera.address(), seconds(m_silence));
+        return QStringLiteral("camera '%1' sends nothing: no frame for %2 s; does it wait for a trigger "
+                              "(--camera-set TriggerMode=Off), or is a firewall in the way?")
+            .arg(m_camera.address(), seconds(m_silence));
+    }
+    if (m_timeout.count() == 0 || now - lastFrame < m_timeout)
+        return {};
+    return QStringLiteral("camera '%1' gave no whole frame for %2 s, %3 incomplete ones in all; try smaller packets "
+                          "(--camera-set GevSCPSPacketSize=1400) or more buffers (--buffers 64)")
+        .arg(m_camera.address(), seconds(m_timeout))
+        .arg(m_incomplete.load());
 }
 
 void CGrabThread::handOn(Veltra::CGrabResultPtr result)

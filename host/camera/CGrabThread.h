@@ -47,9 +47,12 @@ public:
     };
     using FrameHandler = std::function<void(const SFrame&)>;
 
-    /// \a frames complete frames end the thread; so does \a silence without any frame.
+    /// \a frames complete frames end the thread, 0 never do; so does \a silence without any frame.
     CGrabThread(CAravisCamera& camera, quint64 frames, std::chrono::milliseconds silence, FrameHandler handler);
     ~CGrabThread() override;
+
+    /// Without a complete frame for \a timeout the thread ends as well, 0 for never. Before it is started.
+    void setTimeout(std::chrono::milliseconds timeout) { m_timeout = timeout; }
 
     /// What was grabbed up to now. A frame is counted before its handler is called.
     SGrabStatistics statistics() const;
@@ -67,12 +70,15 @@ protected:
 
 private:
     QString grabAll();
+    QString missingFrame(std::chrono::steady_clock::time_point lastSign,
+                         std::chrono::steady_clock::time_point lastFrame) const;
     void handOn(Veltra::CGrabResultPtr result);
 
     CAravisCamera& m_camera;
     const quint64 m_frames;
     const std::chrono::milliseconds m_silence;
     const FrameHandler m_handler;
+    std::chrono::milliseconds m_timeout{0};
     std::chrono::steady_clock::time_point m_first; // grab thread only
     // Written by the grab thread alone.
     std::atomic<quint64> m_complete{0};

@@ -5,17 +5,22 @@
 
 #include <QString>
 
+#include <utility>
+#include <vector>
+
 namespace Host {
 
 /// Which camera to open, and how. A plain value.
 struct SCameraOptions
 {
-    /// "fake", "fake-1", "fake-2"..., each a camera of its own that is built into the library, or the IP address (or
-    /// host name) of a GigE Vision camera.
+    /// "fake", "fake-1", "fake-2"..., each a camera of its own that is built into the library, the IP address (or host
+    /// name) of a GigE Vision camera, or the id of a USB3 Vision camera.
     QString address = QStringLiteral("fake");
     QString pixelFormat;          ///< GenICam name; empty leaves the camera's own.
     double framesPerSecond = 0.0; ///< 0 leaves the camera's own rate.
     int buffers = 16;             ///< Frames that may be in flight at once, at least 1.
+
+    std::vector<std::pair<QString, QString>> features; ///< GenICam features to set last, in this order, as text.
 
     /// Whether it is one of the cameras that are built into the library.
     static bool isFake(const QString& address);

@@ -10,8 +10,11 @@
 
 #include <CLI/CLI.hpp>
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <cmath>
+#include <map>
 
 namespace Host {
 
@@ -54,21 +57,64 @@ void CRunArguments::declareSources(CLI::App& command)
         ->type_name("NAME");
     command.add_option("--load", m_load, "Stream one camera through the scene of this document instead of a chain.")
         ->type_name("FILE");
+    command
+        .add_option("--set", m_settings,
+                    "Set a setting of a model, as 'models NAME' lists it. NODE is an element's name in the chain, or "
+                    "a node's number or caption in the printed graph. May be given several times; 'set "
+                    "NODE.key=value' on standard input does the same while it runs.")
+        ->type_name("NODE.key=value")
+        ->expected(1)
+        ->take_all();
+    command
+        .add_option("--camera-set", m_features,
+                    "Set a GenICam feature, as 'cameras ID' lists it: exposure, gain, trigger... May be given several "
+                    "times.")
+        ->type_name("Feature=value")
+        ->expected(1)
+        ->take_all();
+    command.add_option("--buffers", m_buffers, "Frames that may be in flight at once (default: 16).")->type_name("N");
     addPluginsOption(command, &m_plugins);
 }
 
 void CRunArguments::declareEnding(CLI::App& command)
 {
-    command.add_option("--frames", m_frames, "End after N complete frames of each camera (default: 300).")
-        ->type_name("N");
+    const char* const group = "When it ends";
+    command
+        .add_option("--frames", m_frames,
+                    "End after N complete frames of each camera; 0: with Ctrl-C (default: 300 with fake cameras, else "
+                    "0).")
+        ->type_name("N")
+        ->group(group);
+    command.add_option("--duration", m_duration, "End after that time: 500ms, 30s, 5min, 2h.")
+        ->type_name("TIME")
+        ->group(group);
+    command
+        .add_option("--timeout", m_timeout,
+                    "Give up a camera that gives no whole frame for so long (default: 10s; 5s if nothing comes at "
+                    "all).")
+        ->type_name("TIME")
+        ->group(group);
+    command
+        .add_flag("--strict", m_isStrict,
+                  "Frames lost, or a rate missed by more than 5 %, end the run with exit code 1.")
+        ->group(group);
 }
 
 void CRunArguments::declareFiles(CLI::App& command)
 {
-    command.add_option("--output", m_output, "Folder for what is written (default: halvex-output).")->type_name("DIR");
-    command.add_option("--write-every", m_writeEvery, "Write one of N frames (default: 30).")->type_name("N");
+    const char* const group = "What it writes";
+    command.add_option("--output", m_output, "Folder for what is written (default: halvex-output).")
+        ->type_name("DIR")
+        ->group(group);
+    command.add_option("--write-every", m_writeEvery, "Write one of N frames (default: 30).")
+        ->type_name("N")
+        ->group(group);
     command.add_option("--save", m_save, "Write the scene document of one camera, before the first frame is grabbed.")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->group(group);
+    command.add_option("--json", m_json, "Write the report as JSON; '-' is standard output, without the table.")
+        ->type_name("FILE")
+        ->group(group);
 }
 
 bool CRunArguments::isGiven(const char* option) const
@@ -104,15 +150,68 @@ SRunOptions CRunArguments::options() const
     options.save = text("--save", m_save);
     if (isGiven("--output"))
         options.output = text("--output", m_output);
-    if (isGiven("--frames"))
-        options.frames = count("--frames", m_frames, 1, SRunOptions::maxFrames);
+    options.json = text("--json", m_json);
+    options.isStrict = m_isStrict;
+    if (isGiven("--buffers"))
+        camera.buffers = count("--buffers", m_buffers, 1, 10000);
+    readSettings(&camera, &options);
     if (isGiven("--write-every"))
         options.writeEvery = count("--write-every", m_writeEvery, 1, SRunOptions::maxFrames);
     if (isGiven("--fps"))
         camera.framesPerSecond = framesPerSecond(&options);
     readCameras(camera, &options);
+    readEnding(&options);
     readGraph(&options);
     return options;
+}
+
+void CRunArguments::readEnding(SRunOptions* options) const
+{
+    const bool hasRealCamera = std::any_of(options->cameras.begin(), options->cameras.end(),
+                                           [](const auto& camera) { return !SCameraOptions::isFake(camera.address); });
+    if (isGiven("--duration"))
+        options->duration = time("--duration", m_duration);
+    if (isGiven("--timeout"))
+        options->silence = options->timeout = time("--timeout", m_timeout);
+    if (isGiven("--frames"))
+        options->frames = count("--frames", m_frames, 0, SRunOptions::maxFrames);
+    else if (hasRealCamera || isGiven("--duration"))
+        options->frames = 0;
+}
+
+void CRunArguments::readSettings(SCameraOptions* camera, SRunOptions* options) const
+{
+    for (const std::string& each : m_settings) {
+        const SNodeSetting setting = SNodeSetting::read(QString::fromStdString(each));
+        if (setting.key.isEmpty())
+            refuse(QStringLiteral("--set takes NODE.key=value, not '%1'.").arg(QString::fromStdString(each)));
+        options->settings.push_back(setting);
+    }
+    for (const std::string& each : m_features) {
+        const QString feature = QString::fromStdString(each);
+        const int sign = feature.indexOf(QLatin1Char('='));
+        if (sign < 1)
+            refuse(QStringLiteral("--camera-set takes Feature=value, not '%1'.").arg(feature));
+        camera->features.emplace_back(feature.left(sign), feature.mid(sign + 1));
+    }
+}
+
+std::chrono::milliseconds CRunArguments::time(const char* option, const std::string& value) const
+{
+    static const QRegularExpression pattern(QStringLiteral(R"(^(\d+(?:\.\d+)?)(ms|s|min|h)?$)"));
+    static const std::map<QString, double> units{{QStringLiteral("ms"), 1.0},
+                                                 {QStringLiteral("s"), 1e3},
+                                                 {QStringLiteral("min"), 6e4},
+                                                 {QStringLiteral("h"), 36e5}};
+    const QString text = QString::fromStdString(value);
+    const auto match = pattern.match(text);
+    const QString unit = match.captured(2).isEmpty() ? QStringLiteral("s") : match.captured(2);
+    const double milliseconds = match.hasMatch() ? match.captured(1).toDouble() * units.at(unit) : 0.0;
+    // Up to what a timer can wait.
+    if (milliseconds < 1.0 || milliseconds > 2e9)
+        refuse(
+            QStringLiteral("%1 takes a time like 500ms, 30s, 5min or 2h, not '%2'.").arg(QLatin1String(option), text));
+    return std::chrono::milliseconds(std::llround(milliseconds));
 }
 
 void CRunArguments::readGraph(SRunOptions* options) const
@@ -159,7 +258,9 @@ double CRunArguments::framesPerSecond(SRunOptions* options) const
     if (!(rate > 0.0 && rate <= maxFramesPerSecond))
         refuse(QStringLiteral("--fps takes a number above 0, at most %1, not '%2'.")
                    .arg(QString::number(maxFramesPerSecond), text));
+    options->askedForPerSecond = rate;
     // A slow camera is silent between its frames.
+    options->timeout = std::max(options->timeout, std::chrono::milliseconds(std::llround(3000.0 / rate)));
     options->silence = std::max(options->silence, std::chrono::milliseconds(std::llround(3000.0 / rate)));
     return rate;
 }

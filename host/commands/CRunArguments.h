@@ -7,6 +7,7 @@
 
 #include <QString>
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -34,13 +35,23 @@ private:
     QString text(const char* option, const std::string& value) const;
     int count(const char* option, const std::string& value, int least, int most) const;
     double framesPerSecond(SRunOptions* options) const;
+    void readEnding(SRunOptions* options) const;
+    void readSettings(SCameraOptions* camera, SRunOptions* options) const;
+    std::chrono::milliseconds time(const char* option, const std::string& value) const;
     void readCameras(const SCameraOptions& common, SRunOptions* options) const;
     void readGraph(SRunOptions* options) const;
 
     const CLI::App& m_command;
     std::string m_chain;
     std::vector<std::string> m_cameras;
+    std::vector<std::string> m_features;
+    std::vector<std::string> m_settings;
+    std::string m_buffers;
     std::string m_frames;
+    std::string m_duration;
+    std::string m_timeout;
+    std::string m_json;
+    bool m_isStrict = false;
     std::string m_rate;
     std::string m_pixelFormat;
     std::string m_output;

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "host/models/SFrameInfo.h"
+#include "host/models/IFrameInfo.h"
 
 #include <Halvex/service/CVeltraGrabResultData.h>
 
@@ -19,7 +19,7 @@ namespace Host {
  *
  * Threads: may be made in one thread and read and dropped in others.
  */
-class Q_DECL_EXPORT CGrabResultData : public Plugin::Halvex::CVeltraGrabResultData
+class Q_DECL_EXPORT CGrabResultData : public Plugin::Halvex::CVeltraGrabResultData, public IFrameInfo
 {
 public:
     CGrabResultData(Veltra::CGrabResultPtr grabResult, const SFrameInfo& info)
@@ -28,7 +28,7 @@ public:
     {
     }
 
-    const SFrameInfo& info() const { return m_info; }
+    const SFrameInfo& info() const override { return m_info; }
 
 private:
     SFrameInfo m_info;

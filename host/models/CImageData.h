@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "host/models/SFrameInfo.h"
+#include "host/models/IFrameInfo.h"
 
 #include <Halvex/graph/CNodeData.h>
 #include <Halvex/platform/CGrabResultPtr.h>
@@ -18,7 +18,7 @@ namespace Host {
  *
  * Threads: may be made in one thread and read and dropped in others.
  */
-class CImageData : public Plugin::Halvex::CNodeData
+class CImageData : public Plugin::Halvex::CNodeData, public IFrameInfo
 {
 public:
     CImageData(cv::Mat image, const SFrameInfo& info);
@@ -30,7 +30,7 @@ public:
     Plugin::Halvex::SNodeDataType type() const override { return dataType(); }
 
     const cv::Mat& image() const { return m_image; }
-    const SFrameInfo& info() const { return m_info; }
+    const SFrameInfo& info() const override { return m_info; }
 
 private:
     Veltra::CGrabResultPtr m_pixels; // before the image that points into it

@@ -31,6 +31,12 @@ void CProgressLine::show(const QString& text)
     std::fflush(m_stream);
 }
 
+void CProgressLine::showLast(const QString& text)
+{
+    m_next = {};
+    show(text);
+}
+
 void CProgressLine::finish()
 {
     if (m_width > 0)

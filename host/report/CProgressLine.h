@@ -29,6 +29,9 @@ public:
     /// \a text is one line. The first one is always shown.
     void show(const QString& text);
 
+    /// The same, however little time has passed: the last one.
+    void showLast(const QString& text);
+
     /// Ends the line, so that something else can be printed.
     void finish();
 

@@ -4,13 +4,17 @@
 #pragma once
 
 #include "host/camera/SGrabStatistics.h"
+#include "host/report/SNodeReport.h"
 
 #include <Halvex/models/SDecouplerStatistics.h>
 #include <Halvex/models/SWorkerStatistics.h>
 
+#include <QJsonObject>
 #include <QString>
+#include <QStringList>
 
 #include <chrono>
+#include <optional>
 #include <vector>
 
 namespace Host {
@@ -20,10 +24,8 @@ struct SSinkReport
 {
     QString name;
     quint64 delivered = 0;
-    quint64 expected = 0;               ///< What must have been delivered.
-    std::vector<QString> files;         ///< Written, oldest first.
-    std::chrono::nanoseconds median{0}; ///< From the camera's stream to the sink.
-    std::chrono::nanoseconds percentile99{0};
+    quint64 expected = 0;       ///< What its connections carried.
+    std::vector<QString> files; ///< Written, oldest first.
 };
 
 /// What one decoupler of a run did.
@@ -32,11 +34,11 @@ struct SDecouplerReport
     QString name;
     double framesPerSecond = 0.0;
     Plugin::Halvex::SDecouplerStatistics counts;
-    quint64 expected = 0;  ///< What must have been received.
+    quint64 expected = 0;  ///< What its connections carried.
     quint64 delivered = 0; ///< What has come out, of all that was emitted.
 };
 
-/// What a run did. A plain value.
+/// What one worker of a run did.
 struct SWorkerReport
 {
     QString name;
@@ -44,28 +46,41 @@ struct SWorkerReport
     quint64 expected = 0; ///< What must have been received.
 };
 
+/// What a run did with one camera. A plain value.
 struct SRunReport
 {
-    QString camera; ///< Its name and format.
-    QString graph;  ///< The graph as text.
-    QString ending; ///< Why the run ended.
+    QString address; ///< The camera's.
+    QString camera;  ///< Its name and format.
+    QString graph;   ///< The graph as text.
+    QString ending;  ///< Why the run ended.
     SGrabStatistics frames;
-    std::chrono::nanoseconds span{0}; ///< From the first to the last complete frame.
+    std::chrono::nanoseconds span{0};        ///< From the first to the last complete frame.
+    std::optional<double> askedForPerSecond; ///< Frames per second that the camera was set to.
+    QString flowMismatch;                    ///< The first connection that did not carry what it should have.
+    std::vector<SNodeReport> nodes;
     std::vector<SDecouplerReport> decouplers;
     std::vector<SWorkerReport> workers;
     std::vector<SSinkReport> sinks;
 
-    /// Frames between the first and the last over the time between them; 0 with fewer than two.
-    double framesPerSecond() const;
+    /// Frames between the first and the last over the time between them; nothing with fewer than two.
+    std::optional<double> framesPerSecond() const;
 
-    /// The first thing in the table that does not add up, in one line; empty when nothing was lost.
+    /// The first thing that does not add up, in one line; empty when nothing was lost.
     QString mismatch() const;
 
-    /// For people: the graph and the tables.
-    QString text() const;
-};
+    /// What a reader should know although nothing failed: frames lost, a rate that was missed by more than 5 %. A line
+    /// each.
+    QStringList remarks() const;
 
-/// The value that \a fraction (0 to 1) of \a values does not exceed, the nearest rank; 0 for no values.
-std::chrono::nanoseconds percentile(std::vector<std::chrono::nanoseconds> values, double fraction);
+    /// What makes the run a failure, in one line: a mismatch, no complete frame among those that came, with
+    /// \a isStrict also a remark.
+    QString failure(bool isStrict) const;
+
+    /// For people: the graph and the tables, for a terminal of \a width columns.
+    QString text(int width = 80, bool isBold = false) const;
+
+    /// All of it for programs; times in seconds, null where nothing was measured.
+    QJsonObject json() const;
+};
 
 } // namespace Host

@@ -58,18 +58,20 @@ QString CCameraStream::prepareSinks(const QString& folder, int writeEvery)
     return makeFolder(folder);
 }
 
-QString CCameraStream::start(int frames, std::chrono::milliseconds silence)
+QString CCameraStream::start(int frames, std::chrono::milliseconds silence, std::chrono::milliseconds timeout)
 {
     if (!m_graph->isIntact())
         return CStreamGraph::changedText(camera());
     QString error;
     if (!m_camera->start(&error))
         return error;
+    m_graph->startCounting();
     const auto handOn = [entry = m_graph->entry()](const CGrabThread::SFrame& frame) {
         const SFrameInfo info{frame.result->frameNumber, frame.grabbed};
         entry.setData(QSharedPointer<CGrabResultData>::create(frame.result, info));
     };
     m_thread = std::make_unique<CGrabThread>(*m_camera, quint64(frames), silence, handOn);
+    m_thread->setTimeout(timeout);
     // Queued behind the frames that the thread has handed on: when it arrives, all of them are through the graph.
     connect(m_thread.get(), &CGrabThread::ended, this, &CCameraStream::onGrabbed, Qt::QueuedConnection);
     m_thread->start();
@@ -124,6 +126,7 @@ void CCameraStream::end()
 SRunReport CCameraStream::report() const
 {
     SRunReport report;
+    report.address = camera();
     report.camera = QStringLiteral("%1, %2 x %3 %4")
                         .arg(m_camera->name())
                         .arg(m_camera->width())

@@ -52,6 +52,7 @@ public:
     QString camera() const { return m_options.address; }
 
     const CStreamGraph& graph() const { return *m_graph; }
+    CStreamGraph& graph() { return *m_graph; }
 
     /// Opens the camera; one whose frames \a models cannot make images of is refused.
     QString open(const IHostModels& models);
@@ -59,8 +60,10 @@ public:
     /// Makes \a folder and one in it for each sink, which writes every \a writeEvery-th image there.
     QString prepareSinks(const QString& folder, int writeEvery);
 
-    /// Starts to grab, until \a frames complete frames came or none for \a silence. The camera is open.
-    QString start(int frames, std::chrono::milliseconds silence);
+    /// Starts to grab, until \a frames complete frames came (0: until requestEnd()), none at all for \a silence, or no
+    /// complete one for \a timeout (0: for however long). The camera is open.
+    QString start(int frames, std::chrono::milliseconds silence,
+                  std::chrono::milliseconds timeout = std::chrono::milliseconds(0));
 
     /// Grabs no more; ended() follows as always.
     void requestEnd();

@@ -11,6 +11,7 @@
 #include "host/run/Chain.h"
 #include "host/run/SceneFile.h"
 
+#include <Halvex/graph/DocumentKeys.h>
 #include <Halvex/scene/CNodeScene.h>
 #include <Halvex/service/INodeService.h>
 
@@ -30,6 +31,14 @@ QString cannotLoad(const QString& document, const QString& reason)
 QString noScene(const QString& camera)
 {
     return QStringLiteral("the service gives the camera %1 no scene").arg(shown(camera));
+}
+
+std::map<Core::CId, QString> labels(const std::vector<Core::CId>& made, const QJsonArray& elements)
+{
+    std::map<Core::CId, QString> labels;
+    for (int i = 0; i < elements.size() && std::size_t(i) < made.size(); ++i)
+        labels.emplace(made[std::size_t(i)], elements.at(i)[DocumentKeys::name].toString());
+    return labels;
 }
 
 } // namespace
@@ -57,8 +66,13 @@ std::vector<std::unique_ptr<CStreamGraph>> CGraphBuilder::import(const SChain& c
             *error = noScene(cameras.at(i));
             return {};
         }
+        // An import makes the nodes in the order of the elements.
+        std::vector<Core::CId> made;
+        const auto collecting = QObject::connect(place.scene.data(), &CNodeScene::nodeCreated,
+                                                 [&made](const CNodeBase& node) { made.push_back(node.id()); });
         // Counted, since an import that makes less than the chain says is no failure to the service.
         const bool isImported = m_service.importDocument(QString::fromUtf8(chain.text));
+        QObject::disconnect(collecting);
         if (!isImported || !place.isThere() || place.scene->nodes().size() != 1 + std::size_t(chain.elements.size()) ||
             place.scene->connections().size() != check.connections(i)) {
             *error = cannotLoad(chain.name,
@@ -66,6 +80,7 @@ std::vector<std::unique_ptr<CStreamGraph>> CGraphBuilder::import(const SChain& c
             return {};
         }
         graphs.push_back(std::make_unique<CStreamGraph>(*place.scene, *place.camera));
+        graphs.back()->setLabels(labels(made, chain.elements));
     }
     // What is done for one camera may have made somebody change the graph of another.
     for (std::size_t i = 0; i < graphs.size(); ++i) {

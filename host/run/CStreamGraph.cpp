@@ -3,7 +3,9 @@
 
 #include "host/run/CStreamGraph.h"
 
+#include "host/base/ClosestWords.h"
 #include "host/base/Shown.h"
+#include "host/models/ModelSettings.h"
 #include "host/report/CGraphText.h"
 #include "host/sinks/IFrameSink.h"
 
@@ -27,32 +29,24 @@ CNodeDataEntry entryOf(const CNodeBase& camera)
     return source->dataEntry();
 }
 
-QString numbered(std::size_t number, CNodeDataModel& model)
+SSinkReport sinkReport(const IFrameSink& sink, quint64 expected)
 {
-    return QStringLiteral("[%1] %2").arg(number).arg(model.caption());
-}
-
-SSinkReport sinkReport(const IFrameSink& sink)
-{
-    SSinkReport report;
-    report.name = sink.sinkName();
-    report.delivered = sink.delivered();
-    report.files = sink.files();
-    report.median = percentile(sink.delays(), 0.5);
-    report.percentile99 = percentile(sink.delays(), 0.99);
-    return report;
+    return {sink.sinkName(), sink.delivered(), expected, sink.files()};
 }
 
 } // namespace
 
 CStreamGraph::CStreamGraph(const CNodeScene& scene, const CNodeBase& camera)
     : m_scene(scene)
-    , m_camera(camera)
     , m_entry(entryOf(camera))
     , m_nodes(CGraphText(scene).nodes())
+    , m_meter(scene, m_nodes)
 {
-    for (const CNodeBase* node : m_nodes)
-        addNode(*node);
+    for (std::size_t i = 0; i < m_nodes.size(); ++i) {
+        addNode(*m_nodes[i]);
+        if (m_nodes[i] == &camera)
+            m_cameraNumber = i;
+    }
     connect(&scene, &CNodeScene::nodeCreated, this, &CStreamGraph::onChanged);
     connect(&scene, &CNodeScene::nodeDeleted, this, &CStreamGraph::onChanged);
     connect(&scene, &CNodeScene::connectionCreated, this, &CStreamGraph::onChanged);
@@ -69,7 +63,7 @@ void CStreamGraph::addNode(const CNodeBase& node)
     if (auto* sink = qobject_cast<IFrameSink*>(model))
         m_sinks.push_back(sink);
     if (auto* decoupler = qobject_cast<CNodeDecouplerDataModelBase*>(model)) {
-        m_decouplers.push_back({&node, decoupler});
+        m_decouplers.push_back({decoupler});
         // Connected after the node, whose walk is then over.
         connect(model, &CNodeDataModel::dataUpdated, this, [this, index = m_decouplers.size() - 1] {
             ++m_decouplers[index].delivered;
@@ -118,46 +112,69 @@ std::chrono::milliseconds CStreamGraph::drainTime() const
     return std::chrono::milliseconds(time < 2e9 ? std::int64_t(time) : 2000000000);
 }
 
-CStreamGraph::Counts CStreamGraph::expected(quint64 frames) const
+// Label, caption and number: whatever a person may call it.
+QStringList CStreamGraph::namesOf(std::size_t node) const
 {
-    Counts in(m_nodes.size(), 0);
-    Counts out(m_nodes.size(), 0);
-    // Each number is higher than those of the nodes before it, so the counts of these are known.
-    const CGraphText text(m_scene);
-    const FlowEdges edges = text.edges();
-    auto edge = edges.begin();
-    for (std::size_t i = 0; i < m_nodes.size(); ++i) {
-        CNodeDataModel* const model = m_nodes[i]->nodeDataModel();
-        if (const auto* decoupler = qobject_cast<CNodeDecouplerDataModelBase*>(model))
-            out[i] = decoupler->statistics().emitted;
-        else if (const auto* worker = qobject_cast<AWorkerNodeDataModel*>(model))
-            out[i] = worker->statistics().emitted;
-        else
-            out[i] = m_nodes[i] == &m_camera ? frames : in[i];
-        for (; edge != edges.end() && std::size_t(edge->first) == i; ++edge)
-            in[std::size_t(edge->second)] += out[i];
+    QStringList names{m_nodes[node]->nodeDataModel()->caption(), QString::number(node)};
+    const auto label = m_labels.find(m_nodes[node]->id());
+    if (label != m_labels.end())
+        names.prepend(label->second);
+    return names;
+}
+
+QString CStreamGraph::set(const SNodeSetting& setting)
+{
+    QStringList known;
+    CNodeDataModel* model = nullptr;
+    // A label is unique and goes before a caption, that before a number.
+    for (const int rank : {0, 1, 2}) {
+        for (std::size_t node = 0; !model && node < m_nodes.size(); ++node) {
+            const QStringList names = namesOf(node);
+            if (names.value(rank) == setting.node)
+                model = m_nodes[node]->nodeDataModel();
+            known << names.first();
+        }
     }
-    return in;
+    if (!model)
+        return QStringLiteral("no node is called %1%2").arg(shown(setting.node), didYouMean(setting.node, known));
+    return setSetting(*model, setting.key, setting.value);
 }
 
 void CStreamGraph::account(SRunReport* report) const
 {
     report->graph = CGraphText(m_scene).text();
-    const Counts in = expected(report->frames.complete);
-    auto decoupler = m_decouplers.begin();
-    for (std::size_t i = 0; i < m_nodes.size(); ++i) {
-        CNodeDataModel* const model = m_nodes[i]->nodeDataModel();
-        if (const auto* sink = qobject_cast<IFrameSink*>(model)) {
-            report->sinks.push_back(sinkReport(*sink));
-            report->sinks.back().expected = in[i];
-        } else if (decoupler != m_decouplers.end() && decoupler->node == m_nodes[i]) {
-            report->decouplers.push_back({numbered(i, *model), decoupler->model->framesPerSecond(),
-                                          decoupler->model->statistics(), in[i], decoupler->delivered});
-            ++decoupler;
-        } else if (const auto* worker = qobject_cast<AWorkerNodeDataModel*>(model)) {
-            report->workers.push_back({numbered(i, *model), worker->statistics(), in[i]});
-        }
+    report->flowMismatch = m_meter.mismatch(m_cameraNumber, report->frames.complete);
+    for (std::size_t node = 0; node < m_nodes.size(); ++node)
+        accountNode(node, report);
+}
+
+void CStreamGraph::accountNode(std::size_t node, SRunReport* report) const
+{
+    CNodeDataModel* const model = m_nodes[node]->nodeDataModel();
+    SNodeReport row = m_meter.report(node);
+    const quint64 expected = m_meter.delivered(node);
+    if (const auto* sink = qobject_cast<IFrameSink*>(model))
+        report->sinks.push_back(sinkReport(*sink, expected));
+    if (auto* const decoupler = qobject_cast<CNodeDecouplerDataModelBase*>(model)) {
+        const SDecouplerStatistics counts = decoupler->statistics();
+        row.dropped = counts.dropped + counts.cancelled;
+        row.pending = counts.pending;
+        const auto known = std::find_if(m_decouplers.begin(), m_decouplers.end(),
+                                        [decoupler](const SDecoupler& each) { return each.model == decoupler; });
+        report->decouplers.push_back({row.name, decoupler->framesPerSecond(), counts, expected, known->delivered});
     }
+    if (const auto* worker = qobject_cast<AWorkerNodeDataModel*>(model)) {
+        const SWorkerStatistics counts = worker->statistics();
+        row.dropped = counts.dropped + counts.cancelled;
+        row.pending = counts.pending;
+        // It tells the work of each frame; its signals tell only when there was any.
+        if (counts.workSum > 0)
+            row.computing = std::chrono::nanoseconds(counts.workP50);
+        // Several inputs make one frame of what comes on them; how is up to the model.
+        const bool hasOneInput = model->nPorts(ENodePortType::In) == 1;
+        report->workers.push_back({row.name, counts, hasOneInput ? expected : counts.received});
+    }
+    report->nodes.push_back(row);
 }
 
 } // namespace Host

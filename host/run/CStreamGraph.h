@@ -4,6 +4,8 @@
 #pragma once
 
 #include "host/report/SRunReport.h"
+#include "host/run/CFlowMeter.h"
+#include "host/run/SRunOptions.h"
 
 #include <Halvex/models/CNodeDataEntry.h>
 #include <Halvex/scene/CNodeScene.h>
@@ -11,6 +13,7 @@
 #include <QObject>
 
 #include <chrono>
+#include <map>
 #include <vector>
 
 namespace Plugin::Halvex {
@@ -62,8 +65,18 @@ public:
     /// How long draining takes at most, once nothing goes in any more: a tick for each decoupler, and time to spare.
     std::chrono::milliseconds drainTime() const;
 
-    /// Fills in the graph, its decouplers, workers and sinks. What they should have got follows from \a report's
-    /// complete frames and what each decoupler and worker let through.
+    /// Gives nodes the names by which set() finds them, beside their numbers and captions.
+    void setLabels(const std::map<Core::CId, QString>& labels) { m_labels = labels; }
+
+    /// Sets what \a setting says, at once. Returns what is wrong, in one line; empty on success.
+    QString set(const SNodeSetting& setting);
+
+    /// Counts what goes over each connection from now on. The scene's document has been saved by then: the connections
+    /// get converters that count.
+    void startCounting() { m_meter.start(); }
+
+    /// Fills in the graph, its nodes, decouplers, workers and sinks. What they should have got is what their
+    /// connections carried since startCounting(), and the camera's must have carried \a report's complete frames.
     void account(SRunReport* report) const;
 
 Q_SIGNALS:
@@ -76,23 +89,24 @@ Q_SIGNALS:
 private:
     struct SDecoupler
     {
-        const Plugin::Halvex::CNodeBase* node = nullptr;
         Plugin::Halvex::CNodeDecouplerDataModelBase* model = nullptr;
         quint64 delivered = 0;
     };
-    using Counts = std::vector<quint64>;
 
     void addNode(const Plugin::Halvex::CNodeBase& node);
     void onChanged();
-    Counts expected(quint64 frames) const;
+    QStringList namesOf(std::size_t node) const;
+    void accountNode(std::size_t node, SRunReport* report) const;
 
     const Plugin::Halvex::CNodeScene& m_scene;
-    const Plugin::Halvex::CNodeBase& m_camera;
     const Plugin::Halvex::CNodeDataEntry m_entry;
     std::vector<const Plugin::Halvex::CNodeBase*> m_nodes; // by their numbers in the text
+    CFlowMeter m_meter;
     std::vector<IFrameSink*> m_sinks;
+    std::map<Core::CId, QString> m_labels;
     std::vector<SDecoupler> m_decouplers;
     std::vector<Plugin::Halvex::AWorkerNodeDataModel*> m_workers;
+    std::size_t m_cameraNumber = 0;
     bool m_isIntact = true;
 };
 

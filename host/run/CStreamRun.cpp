@@ -7,12 +7,15 @@
 #include "host/base/Shown.h"
 #include "host/report/CGraphText.h"
 #include "host/report/CProgressLine.h"
+#include "host/report/Counted.h"
 #include "host/run/CCameraStream.h"
 #include "host/run/CGraphBuilder.h"
+#include "host/run/CLineReader.h"
 #include "host/run/CSignalWatcher.h"
 #include "host/run/CStreamGraph.h"
 #include "host/run/Chain.h"
 #include "host/run/Output.h"
+#include "host/run/RunOutput.h"
 
 #include <QDir>
 #include <QTimer>
@@ -48,8 +51,8 @@ CStreamRun::~CStreamRun() = default;
 
 int CStreamRun::exec()
 {
-    if (loadPlugins() && buildGraphs() && openCameras() && prepareSinks() && saveScene() && writeGraphFiles() &&
-        stream() && !printReport())
+    if (loadPlugins() && buildGraphs() && applySettings() && openCameras() && prepareSinks() && saveScene() &&
+        writeGraphFiles() && stream() && !printReport())
         fail(QStringLiteral("cannot write to standard output: %1").arg(QString::fromLocal8Bit(std::strerror(errno))));
     if (!m_error.isEmpty()) {
         printErrorLine(m_error);
@@ -100,6 +103,18 @@ bool CStreamRun::forEachStream(const Step& step)
     return m_error.isEmpty();
 }
 
+bool CStreamRun::applySettings()
+{
+    return forEachStream([this](CCameraStream& stream) {
+        for (const SNodeSetting& setting : m_options.settings) {
+            const QString error = stream.graph().set(setting);
+            if (!error.isEmpty())
+                return QStringLiteral("--set %1: %2").arg(printable(setting.text()), error);
+        }
+        return QString();
+    });
+}
+
 bool CStreamRun::openCameras()
 {
     return forEachStream([this](CCameraStream& stream) { return stream.open(m_services.models()); });
@@ -137,20 +152,53 @@ bool CStreamRun::stream()
 {
     CSignalWatcher signalWatcher;
     connect(&signalWatcher, &CSignalWatcher::received, this, &CStreamRun::onSignal);
-    if (!forEachStream([this](CCameraStream& each) { return each.start(m_options.frames, m_options.silence); }))
+    if (!forEachStream(
+            [this](CCameraStream& each) { return each.start(m_options.frames, m_options.silence, m_options.timeout); }))
         requestEnd();
     if (!isStreaming())
         return false;
     m_hasStreamed = true;
 
+    if (m_options.duration.count() > 0)
+        QTimer::singleShot(m_options.duration, this, &CStreamRun::onTimeUp);
+    CLineReader commands(stdin);
+    connect(&commands, &CLineReader::lineRead, this, &CStreamRun::onCommand);
     CProgressLine line(stderr);
     QTimer timer;
-    connect(&timer, &QTimer::timeout, this, [&] { showProgress(line); });
+    connect(&timer, &QTimer::timeout, this, [&] { line.show(runProgress(m_streams, m_options.frames)); });
     timer.start(progressInterval);
     m_loop.exec();
-    showProgress(line);
+    line.showLast(runProgress(m_streams, m_options.frames) + lastWord());
     // The cameras are stopped with this object, after the report: one that has gone takes seconds not to answer.
     return true;
+}
+
+QString CStreamRun::lastWord() const
+{
+    const bool isWhole = m_error.isEmpty() && m_signal == 0;
+    return isWhole ? QString() : QStringLiteral(", ended %1").arg(ending());
+}
+
+void CStreamRun::onTimeUp()
+{
+    m_isTimeUp = true;
+    requestEnd();
+}
+
+void CStreamRun::onCommand(const QString& line)
+{
+    const QString set = QStringLiteral("set ");
+    const SNodeSetting setting = SNodeSetting::read(line.mid(set.size()));
+    if (!line.startsWith(set) || setting.key.isEmpty()) {
+        printErrorLine(QStringLiteral("'set NODE.key=value' is all that can be said now, not %1").arg(shown(line)));
+        return;
+    }
+    // What is mistyped now is told, and the run goes on: frames are being recorded.
+    for (const auto& stream : m_streams) {
+        const QString error = stream->graph().isIntact() ? stream->graph().set(setting) : QString();
+        if (!error.isEmpty())
+            printErrorLine(QStringLiteral("set %1: %2").arg(printable(setting.text()), error));
+    }
 }
 
 bool CStreamRun::isStreaming() const
@@ -188,44 +236,23 @@ void CStreamRun::fail(const QString& error)
         m_error = error;
 }
 
-void CStreamRun::showProgress(CProgressLine& line) const
-{
-    SGrabStatistics sum;
-    double rate = 0.0;
-    for (const auto& stream : m_streams) {
-        if (!stream->isStarted())
-            continue;
-        const SRunReport now = stream->report();
-        sum.grabbed += now.frames.grabbed;
-        sum.complete += now.frames.complete;
-        sum.incomplete += now.frames.incomplete;
-        sum.underruns += now.frames.underruns;
-        rate += now.framesPerSecond();
-    }
-    if (sum.grabbed == 0)
-        return;
-    line.show(QStringLiteral("%1/%2 frames, %3 per second, %4 incomplete, %5 underruns")
-                  .arg(sum.complete)
-                  .arg(m_streams.size() * std::size_t(m_options.frames))
-                  .arg(rate, 0, 'f', 1)
-                  .arg(sum.incomplete)
-                  .arg(sum.underruns));
-}
-
 bool CStreamRun::printReport()
 {
-    QStringList texts;
+    std::vector<SRunReport> reports;
     for (const auto& stream : m_streams) {
         if (!stream->isStarted() || !stream->graph().isIntact())
             continue;
-        SRunReport report = stream->account();
-        const QString mismatch = report.mismatch();
-        if (!mismatch.isEmpty())
-            fail(QStringLiteral("camera '%1': %2").arg(stream->camera(), mismatch));
-        report.ending = ending();
-        texts << report.text();
+        reports.push_back(stream->account());
+        reports.back().askedForPerSecond = m_options.askedForPerSecond;
+        const QString failure = reports.back().failure(m_options.isStrict);
+        if (!failure.isEmpty())
+            fail(QStringLiteral("camera '%1': %2").arg(stream->camera(), failure));
     }
-    return printText(texts.join(QLatin1Char('\n')));
+    for (SRunReport& report : reports)
+        report.ending = ending();
+    if (!m_options.json.isEmpty())
+        fail(writeRunJson(m_options.json, reports, m_error));
+    return m_options.json == QLatin1String("-") || printText(runText(reports));
 }
 
 QString CStreamRun::ending() const
@@ -234,7 +261,9 @@ QString CStreamRun::ending() const
         return QStringLiteral("by an error");
     if (m_signal != 0)
         return QStringLiteral("by signal %1").arg(m_signal);
-    return QStringLiteral("after %1 frames, as asked").arg(m_options.frames);
+    if (m_isTimeUp)
+        return QStringLiteral("after %1 s, as asked").arg(double(m_options.duration.count()) / 1000.0);
+    return QStringLiteral("after %1, as asked").arg(counted(quint64(m_options.frames), "frame"));
 }
 
 QString CStreamRun::folder(const CCameraStream& stream) const

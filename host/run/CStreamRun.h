@@ -16,7 +16,6 @@
 namespace Host {
 
 class CCameraStream;
-class CProgressLine;
 
 /**
  * One run of the program: loads the plugins, builds a graph for each camera, opens the cameras, saves the scene,
@@ -25,7 +24,8 @@ class CProgressLine;
  * The run ends when every camera has, as CCameraStream says; an error of one, or a signal, ends all of them.
  *
  * Threads: one, with the application object alive and no event loop needed; frames are grabbed in threads of the
- * streams. SIGINT and SIGTERM are caught while frames stream.
+ * streams. SIGINT, SIGTERM and SIGHUP are caught while frames stream, and the lines "set NODE.key=value" on standard
+ * input are obeyed.
  */
 class CStreamRun : public QObject
 {
@@ -45,6 +45,7 @@ private:
     bool loadPlugins();
     bool buildGraphs();
     bool forEachStream(const Step& step);
+    bool applySettings();
     bool openCameras();
     bool prepareSinks();
     bool saveScene();
@@ -52,6 +53,7 @@ private:
     bool stream();
     bool printReport();
     QString ending() const;
+    QString lastWord() const;
     QString folder(const CCameraStream& stream) const;
     void fail(const QString& error);
     void requestEnd();
@@ -59,7 +61,8 @@ private:
     void onFailed(const QString& error);
     void onEnded();
     void onSignal(int number);
-    void showProgress(CProgressLine& line) const;
+    void onTimeUp();
+    void onCommand(const QString& line);
 
     const SRunOptions m_options;
     // In this order: cameras go before the scenes that they feed.
@@ -70,6 +73,7 @@ private:
     QString m_error; // the first
     bool m_hasStreamed = false;
     int m_signal = 0;
+    bool m_isTimeUp = false;
 };
 
 } // namespace Host

@@ -8,25 +8,43 @@
 #include <QString>
 
 #include <chrono>
+#include <optional>
 #include <vector>
 
 namespace Host {
+
+/// A setting of a model: that of every graph of the run whose nodes include such a one.
+struct SNodeSetting
+{
+    QString node; ///< The label of a chain's element, the number in the graph's text, or a caption.
+    QString key;
+    QString value;
+
+    /// Reads "NODE.key=value"; the node's name may have dots. What has no such form has an empty key.
+    static SNodeSetting read(const QString& text);
+    QString text() const { return QStringLiteral("%1.%2=%3").arg(node, key, value); }
+};
 
 /// What one run does. A plain value.
 struct SRunOptions
 {
     std::vector<SCameraOptions> cameras{SCameraOptions()}; ///< At least one, each with an address of its own.
-    int frames = 300;                                      ///< Complete frames of each camera, 1 to maxFrames.
-    int writeEvery = 30;                                   ///< Each sink writes every so many frames, at least 1.
-    QString output = QStringLiteral("halvex-output");      ///< Folder for everything that is written.
-    QString plugins;                                       ///< Folder with plugins; empty for that of the program.
-    QString chain;                                         ///< Chain to import; empty for the default one.
-    QString load;                            ///< Scene document instead of a chain, for one camera; empty for none.
-    QString save;                            ///< File for the scene document of one camera; empty for none.
-    std::chrono::milliseconds silence{5000}; ///< A camera without any frame for so long has gone.
+    int frames = 300;                                 ///< Complete frames of each camera, up to maxFrames; 0: no end.
+    std::chrono::milliseconds duration{0};            ///< How long frames are grabbed; 0: no end.
+    int writeEvery = 30;                              ///< Each sink writes every so many frames, at least 1.
+    QString output = QStringLiteral("halvex-output"); ///< Folder for everything that is written.
+    QString plugins;                                  ///< Folder with plugins; empty for that of the program.
+    QString chain;                                    ///< Chain to import; empty for the default one.
+    QString load; ///< Scene document instead of a chain, for one camera; empty for none.
+    QString save; ///< File for the scene document of one camera; empty for none.
+    QString json; ///< File for the report, "-" for standard output instead of the table; empty for none.
+    std::vector<SNodeSetting> settings;
+    std::optional<double> askedForPerSecond;  ///< The rate that was asked for and not only assumed.
+    bool isStrict = false;                    ///< A remark in the report is a failure.
+    std::chrono::milliseconds silence{5000};  ///< A camera without any frame for so long has gone.
+    std::chrono::milliseconds timeout{10000}; ///< One without a whole frame for so long is of no use.
 
-    /// The delay of every frame is kept until the end of the run, 8 bytes for each sink.
-    static constexpr int maxFrames = 1000000;
+    static constexpr int maxFrames = 1000000000;
 };
 
 } // namespace Host

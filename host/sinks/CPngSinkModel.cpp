@@ -96,8 +96,7 @@ SNodeDataType CPngSinkModel::dataType(ENodePortType, NodePortIndex) const
 void CPngSinkModel::setInData(CNodeDataPtr data, NodePortIndex)
 {
     if (const auto input = data.dynamicCast<CImageData>()) {
-        const quint64 number = delivered();
-        m_delays.push_back(std::chrono::steady_clock::now() - input->info().grabbed);
+        const quint64 number = m_delivered++;
         if (number % m_every == 0 && !m_folder.isEmpty() && m_error.isEmpty())
             write(input->image(), number);
     }

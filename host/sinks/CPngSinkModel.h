@@ -9,7 +9,6 @@
 
 #include <QString>
 
-#include <chrono>
 #include <vector>
 
 namespace cv {
@@ -19,7 +18,7 @@ class Mat;
 namespace Host {
 
 /**
- * Where images leave the graph: counts every one, measures how long it was on its way, and writes every nth as a PNG
+ * Where images leave the graph: counts every one, and writes every nth as a PNG
  * file.
  *
  * The files are "frame-000000.png", "frame-000010.png"...: the number counts the images that this sink was given,
@@ -48,9 +47,8 @@ public:
 
     QString sinkName() const override { return m_sinkName; }
     void setOutput(const QString& folder, int every) override;
-    quint64 delivered() const override { return m_delays.size(); }
+    quint64 delivered() const override { return m_delivered; }
     const std::vector<QString>& files() const override { return m_files; }
-    const std::vector<std::chrono::nanoseconds>& delays() const override { return m_delays; }
     void notifyFailure(const QObject* context, std::function<void(const QString&)> handler) override;
 
     QString caption() override;
@@ -83,7 +81,7 @@ private:
     quint64 m_every = 1;
     QString m_error;
     std::vector<QString> m_files;
-    std::vector<std::chrono::nanoseconds> m_delays;
+    quint64 m_delivered = 0;
 };
 
 } // namespace Host

@@ -4,8 +4,8 @@
 #include "host/sinks/CSinkNames.h"
 
 #include "host/base/Shown.h"
-#include "host/sinks/IFrameSink.h"
 #include "host/run/Output.h"
+#include "host/sinks/IFrameSink.h"
 
 #include <Halvex/graph/CNodeDataModel.h>
 

@@ -6,7 +6,6 @@
 #include <QObject>
 #include <QString>
 
-#include <chrono>
 #include <functional>
 #include <vector>
 
@@ -43,13 +42,10 @@ public:
     /// Full names of the files written, oldest first.
     virtual const std::vector<QString>& files() const = 0;
 
-    /// For each image received: from the camera's stream to here, before writing.
-    virtual const std::vector<std::chrono::nanoseconds>& delays() const = 0;
-
     /// Calls \a handler with the reason when a file cannot be written, once at most, as long as \a context lives.
     virtual void notifyFailure(const QObject* context, std::function<void(const QString&)> handler) = 0;
 };
 
 } // namespace Host
 
-Q_DECLARE_INTERFACE(Host::IFrameSink, "Host.IFrameSink/1.0")
+Q_DECLARE_INTERFACE(Host::IFrameSink, "Host.IFrameSink/2.0")

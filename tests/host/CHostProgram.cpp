@@ -111,7 +111,7 @@ double CHostProgram::framesPerSecond() const
 std::map<QString, CHostProgram::SSink> CHostProgram::sinks() const
 {
     std::map<QString, SSink> sinks;
-    for (const QStringList& row : rows(R"(^(\w+) +(\d+) +[\d.]+ ms +[\d.]+ ms +(\d+)  )"))
+    for (const QStringList& row : rows(R"(^(\w+) +(\d+) +(\d+)  )"))
         sinks[row[1]] = {row[2].toInt(), row[3].toInt()};
     return sinks;
 }
@@ -119,8 +119,9 @@ std::map<QString, CHostProgram::SSink> CHostProgram::sinks() const
 std::vector<CHostProgram::SDecoupler> CHostProgram::decouplers() const
 {
     std::vector<SDecoupler> decouplers;
-    for (const QStringList& row : rows(R"(^\[\d+\] Decoupler for VGR +[\d.]+ +(\d+) +(\d+) +(\d+) +(\d+) +(\d+)$)"))
-        decouplers.push_back({row[1].toInt(), row[2].toInt(), row[3].toInt(), row[4].toInt(), row[5].toInt()});
+    for (const QStringList& row :
+         rows(R"(^\[\d+\] Decoupler for VGR +(\d+) +(\d+) +[\d.-]+ +- +[\d.-]+ +[\d.-]+ +(\d+) +(\d+)$)"))
+        decouplers.push_back({row[1].toInt(), row[2].toInt(), row[3].toInt(), row[4].toInt()});
     return decouplers;
 }
 
@@ -132,7 +133,7 @@ bool CHostProgram::addsUp() const
         return false;
     const SDecoupler& one = all.front();
     bool isEqual = got["frames"].delivered == completeFrames() && one.received == completeFrames() &&
-                   one.received == one.emitted + one.dropped + one.cancelled + one.pending && one.pending == 0;
+                   one.received == one.emitted + one.dropped + one.pending && one.pending == 0;
     for (const char* preview : {"threshold", "edges", "histogram"})
         isEqual = isEqual && got[preview].delivered == one.emitted;
     return isEqual;

@@ -28,7 +28,6 @@ public:
         int received = 0;
         int emitted = 0;
         int dropped = 0;
-        int cancelled = 0;
         int pending = 0;
     };
 

@@ -6,9 +6,9 @@
 #include "SHostService.h"
 #include "TestFile.h"
 #include "ThrowingModels.h"
-#include "host/sinks/IFrameSink.h"
 #include "host/run/CStreamGraph.h"
 #include "host/run/Chain.h"
+#include "host/sinks/IFrameSink.h"
 
 #include <QJsonDocument>
 #include <QRegularExpression>

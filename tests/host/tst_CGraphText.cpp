@@ -4,10 +4,10 @@
 #include "host/report/CGraphText.h"
 
 #include "host/models/CBlurModel.h"
-#include "host/sources/CCameraSourceModel.h"
 #include "host/models/CEdgesModel.h"
 #include "host/models/CGrabResultConverter.h"
 #include "host/sinks/CPngSinkModel.h"
+#include "host/sources/CCameraSourceModel.h"
 #include "support/CTestScene.h"
 
 #include <QTest>

@@ -50,7 +50,6 @@ private Q_SLOTS:
     void withoutAFolderItOnlyCounts();
     void writesEveryNthImage();
     void filesHoldTheImages();
-    void delaysAreMeasuredFromTheGrab();
     void emptyDataIsNoImage();
     void listenersGetTheImageAfterItsFile();
     void fullDiskIsReportedOnce();
@@ -125,17 +124,6 @@ void tst_CPngSinkModel::filesHoldTheImages()
         QCOMPARE(read.size(), data->image().size());
         QCOMPARE(cv::norm(read, data->image(), cv::NORM_INF), 0.0);
     }
-}
-
-void tst_CPngSinkModel::delaysAreMeasuredFromTheGrab()
-{
-    CPngSinkModel model;
-    const SFrameInfo old{0, std::chrono::steady_clock::now() - std::chrono::seconds(5)};
-    model.setInData(QSharedPointer<CImageData>::create(cv::Mat(2, 2, CV_8UC1), old), 0);
-    const auto upTo = std::chrono::steady_clock::now() - old.grabbed;
-    QCOMPARE(model.delays().size(), std::size_t(1));
-    QVERIFY(model.delays()[0] >= std::chrono::seconds(5));
-    QVERIFY(model.delays()[0] <= upTo);
 }
 
 void tst_CPngSinkModel::emptyDataIsNoImage()

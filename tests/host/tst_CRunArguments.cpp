@@ -31,6 +31,9 @@ class tst_CRunArguments : public QObject
 private Q_SLOTS:
     void defaults();
     void everyOption();
+    void whatIsSet();
+    void ending_data();
+    void ending();
     void realCameraKeepsItsRate();
     void severalCamerasAndAChain();
     void slowCameraMayBeSilentForLonger();
@@ -70,6 +73,46 @@ void tst_CRunArguments::everyOption()
     QCOMPARE(options.silence.count(), 5000);
 }
 
+void tst_CRunArguments::whatIsSet()
+{
+    const SRunOptions options = parse({"--set", "a.b.size=x=1", "--set", "c d.method=", "--camera-set", "Gain=3",
+                                       "--camera-set", "Text=a=b", "--buffers", "3", "--strict", "--json", "-"});
+    QCOMPARE(options.settings.size(), std::size_t(2));
+    QCOMPARE(options.settings[0].node, QStringLiteral("a.b"));
+    QCOMPARE(options.settings[0].key, QStringLiteral("size"));
+    QCOMPARE(options.settings[0].value, QStringLiteral("x=1"));
+    QCOMPARE(options.settings[1].text(), QStringLiteral("c d.method="));
+    const std::vector<std::pair<QString, QString>> features{{"Gain", "3"}, {"Text", "a=b"}};
+    QVERIFY(options.cameras[0].features == features);
+    QCOMPARE(options.cameras[0].buffers, 3);
+    QVERIFY(options.isStrict);
+    QCOMPARE(options.json, QStringLiteral("-"));
+}
+
+void tst_CRunArguments::ending_data()
+{
+    addColumns<QStringList, int, int>({"arguments", "frames", "milliseconds"});
+    addRow("fake camera", QStringList(), 300, 0);
+    addRow("real camera", QStringList{"--camera", "10.0.0.2"}, 0, 0);
+    addRow("one of them is real", QStringList{"--camera", "fake", "--camera", "10.0.0.2"}, 0, 0);
+    addRow("without an end", QStringList{"--frames", "0"}, 0, 0);
+    addRow("time", QStringList{"--duration", "1.5s"}, 0, 1500);
+    addRow("time without a unit", QStringList{"--duration", "2"}, 0, 2000);
+    addRow("both", QStringList{"--duration", "2min", "--frames", "7"}, 7, 120000);
+    addRow("short", QStringList{"--duration", "20ms"}, 0, 20);
+    addRow("long", QStringList{"--duration", "2h"}, 0, 7200000);
+}
+
+void tst_CRunArguments::ending()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(int, frames);
+    QFETCH(int, milliseconds);
+    const SRunOptions options = parse(arguments);
+    QCOMPARE(options.frames, frames);
+    QCOMPARE(int(options.duration.count()), milliseconds);
+}
+
 void tst_CRunArguments::realCameraKeepsItsRate()
 {
     QCOMPARE(parse({"--camera", "10.0.0.2"}).cameras[0].framesPerSecond, 0.0);
@@ -106,11 +149,18 @@ void tst_CRunArguments::refused_data()
         row(QString("--camera ") + camera, QStringLiteral("--camera '%1' is no address.").arg(camera));
     row("--camera a --camera b --load c.json", "--load and --save take one camera.");
     row("--camera a --camera b --save c.json", "--load and --save take one camera.");
-    row("--frames ''", "--frames takes a whole number from 1 to 1000000, not ''.");
-    row("--write-every 0", "--write-every takes a whole number from 1 to 1000000, not '0'.");
-    for (const char* value : {"0", "-1", "many", "1000001", "3.5"})
+    row("--frames ''", "--frames takes a whole number from 0 to 1000000000, not ''.");
+    row("--write-every 0", "--write-every takes a whole number from 1 to 1000000000, not '0'.");
+    for (const char* value : {"-1", "many", "1000000001", "3.5"})
         row(QString("--frames ") + value,
-            QStringLiteral("--frames takes a whole number from 1 to 1000000, not '%1'.").arg(value));
+            QStringLiteral("--frames takes a whole number from 0 to 1000000000, not '%1'.").arg(value));
+    for (const char* value : {"0", "-3s", "fast", "1d", "999999h"})
+        row(QString("--duration ") + value,
+            QStringLiteral("--duration takes a time like 500ms, 30s, 5min or 2h, not '%1'.").arg(value));
+    for (const char* value : {"size=3", "blur", ".size=3"})
+        row(QString("--set ") + value, QStringLiteral("--set takes NODE.key=value, not '%1'.").arg(value));
+    row("--camera-set Gain", "--camera-set takes Feature=value, not 'Gain'.");
+    row("--buffers 0", "--buffers takes a whole number from 1 to 10000, not '0'.");
     for (const char* value : {"0", "-1", "nan", "inf", "fast", "10001"})
         row(QString("--fps ") + value,
             QStringLiteral("--fps takes a number above 0, at most 10000, not '%1'.").arg(value));

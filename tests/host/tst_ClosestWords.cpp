@@ -19,7 +19,8 @@ private Q_SLOTS:
 void tst_ClosestWords::closestComesFirst()
 {
     const QStringList known{"Gain", "GainAuto", "ExposureTimeAbs", "Width"};
-    QCOMPARE(closestWords("gian", known), QStringList());
+    QCOMPARE(closestWords("Giann", known), QStringList());
+    QCOMPARE(closestWords("widht", known), QStringList("Width"));
     QCOMPARE(closestWords("gain", known), QStringList({"Gain", "GainAuto"}));
     QCOMPARE(closestWords("GainAto", known), QStringList("GainAuto"));
     QCOMPARE(closestWords("Exposure", known), QStringList("ExposureTimeAbs"));

@@ -73,7 +73,6 @@ void tst_HalvexHost::previewIsThrottled()
     QVERIFY2(preview.emitted >= 2, qPrintable(program.output()));
     QVERIFY2(preview.emitted <= 25.0 * 1.1 * seconds + 5.0, qPrintable(program.output()));
     QCOMPARE(preview.received, 200);
-    QCOMPARE(preview.cancelled, 0);
 }
 
 void tst_HalvexHost::fakeCameraDoes200FramesPerSecond()

@@ -29,7 +29,9 @@ void tst_HalvexHostCommands::help_data()
     addRow("program", QStringList{"--help"}, QStringList{"run", "compare", "Exit codes"});
     addRow("run", QStringList{"run", "--help"},
            QStringList{"[CHAIN]", "--camera ID", "--frames N", "--fps N", "--output DIR", "--pixel-format NAME",
-                       "--write-every N", "--load FILE", "--save FILE", "--plugins DIR"});
+                       "--write-every N", "--load FILE", "--save FILE", "--plugins DIR", "--set NODE.key=value",
+                       "--camera-set Feature=value", "--duration TIME", "--timeout TIME", "--strict", "--json FILE",
+                       "--buffers N"});
     addRow("compare", QStringList{"compare", "-h"}, QStringList{"A", "B"});
     addRow("models", QStringList{"models", "-h"}, QStringList{"NAME", "--plugins DIR"});
     addRow("cameras", QStringList{"cameras", "-h"}, QStringList{"ID"});
@@ -70,7 +72,7 @@ void tst_HalvexHostCommands::refused_data()
     row("run --frame 3", "Unknown option '--frame'; did you mean '--frames'? See 'halvex-host run --help'.");
     row("run -x", "Unknown option '-x'. See 'halvex-host run --help'.");
     row("run --output o --frames", "Missing value after '--frames'. See 'halvex-host run --help'.");
-    row("run --frames x", "--frames takes a whole number from 1 to 1000000, not 'x'. See 'halvex-host run --help'.");
+    row("run --frames x", "--frames takes a whole number from 0 to 1000000000, not 'x'. See 'halvex-host run --help'.");
     row("compare a", "B is required. See 'halvex-host compare --help'.");
     row("compare a b c", "Unexpected argument 'c'. See 'halvex-host compare --help'.");
 }

@@ -3,6 +3,7 @@
 
 #include "host/report/SRunReport.h"
 
+#include <QJsonArray>
 #include <QTest>
 
 using namespace Host;
@@ -14,48 +15,36 @@ class tst_SRunReport : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void percentileIsTheNearestRank();
     void framesPerSecondNeedTwoFrames();
     void sinkThatGotTooFew();
     void decouplerThatDoesNotAddUp();
     void filterThatIsNotDone();
+    void connectionThatCarriedTooFew();
+    void remarks();
+    void failure();
     void table();
+    void json();
 };
-
-void tst_SRunReport::percentileIsTheNearestRank()
-{
-    using Times = std::vector<std::chrono::nanoseconds>;
-    QCOMPARE(percentile({}, 0.5).count(), 0);
-    QCOMPARE(percentile({7ns}, 0.0).count(), 7);
-    QCOMPARE(percentile({7ns}, 1.0).count(), 7);
-    QCOMPARE(percentile({40ns, 10ns, 30ns, 20ns}, 0.5).count(), 20);
-    QCOMPARE(percentile({40ns, 10ns, 30ns, 20ns}, 0.51).count(), 30);
-    Times times;
-    for (int i = 200; i >= 1; --i)
-        times.emplace_back(i);
-    QCOMPARE(percentile(times, 0.99).count(), 198);
-    QCOMPARE(percentile(times, 1.0).count(), 200);
-}
 
 void tst_SRunReport::framesPerSecondNeedTwoFrames()
 {
     SRunReport report;
-    QCOMPARE(report.framesPerSecond(), 0.0);
+    QVERIFY(!report.framesPerSecond());
     report.frames.complete = 1;
     report.span = 1s;
-    QCOMPARE(report.framesPerSecond(), 0.0);
+    QVERIFY(!report.framesPerSecond());
     report.frames.complete = 51;
     report.span = 2s;
-    QCOMPARE(report.framesPerSecond(), 25.0);
+    QCOMPARE(report.framesPerSecond().value_or(0), 25.0);
     report.span = 0s;
-    QCOMPARE(report.framesPerSecond(), 0.0);
+    QVERIFY(!report.framesPerSecond());
 }
 
 void tst_SRunReport::sinkThatGotTooFew()
 {
     SRunReport report;
     QCOMPARE(report.mismatch(), QString());
-    report.sinks = {{"a", 3, 3, {}, 0ns, 0ns}, {"b", 3, 3, {}, 0ns, 0ns}};
+    report.sinks = {{"a", 3, 3, {}}, {"b", 3, 3, {}}};
     QCOMPARE(report.mismatch(), QString());
     report.sinks[1].delivered = 2;
     QCOMPARE(report.mismatch(), QStringLiteral("the sink 'b' got 2 frames, not the 3 that went its way"));
@@ -92,39 +81,111 @@ void tst_SRunReport::filterThatIsNotDone()
     QCOMPARE(mismatch({9, 7, 0, 0, 2, 0}), QStringLiteral("the filter 'f' failed on 2 frames"));
 }
 
-void tst_SRunReport::table()
+void tst_SRunReport::connectionThatCarriedTooFew()
 {
     SRunReport report;
+    report.flowMismatch = QStringLiteral("the connection");
+    report.sinks = {{"a", 2, 3, {}}};
+    QCOMPARE(report.mismatch(), QStringLiteral("the connection"));
+    report.flowMismatch.clear();
+    report.sinks = {{"a", 1, 3, {}}};
+    QCOMPARE(report.mismatch(), QStringLiteral("the sink 'a' got 1 frame, not the 3 that went its way"));
+}
+
+void tst_SRunReport::remarks()
+{
+    SRunReport report;
+    report.askedForPerSecond = 100.0;
+    QCOMPARE(report.remarks(), QStringList());
+    report.frames = {96, 96, 0, 0};
+    report.span = 1s; // 95 per second
+    QCOMPARE(report.remarks(), QStringList());
+    report.frames = {95, 94, 1, 2};
+    QCOMPARE(report.remarks(), QStringList({"100 frames per second were asked for, 93.0 came",
+                                            "1 frame came incomplete", "2 frames found no free buffer"}));
+}
+
+void tst_SRunReport::failure()
+{
+    SRunReport report;
+    report.frames = {5, 3, 2, 0};
+    QCOMPARE(report.failure(false), QString());
+    QCOMPARE(report.failure(true), QStringLiteral("2 frames came incomplete"));
+    report.frames = {2, 0, 2, 0};
+    QCOMPARE(report.failure(false), QStringLiteral("all of 2 frames came incomplete"));
+}
+
+namespace {
+
+SRunReport sample()
+{
+    SRunReport report;
+    report.address = QStringLiteral("fake");
     report.camera = QStringLiteral("Maker Model");
     report.graph = QStringLiteral("  [0] Camera\n");
     report.ending = QStringLiteral("after 3 frames, as asked");
-    report.frames = {5, 3, 2, 7};
+    report.frames = {5, 3, 2, 0};
     report.span = 80ms;
-    report.decouplers = {{"[1] Decoupler for VGR", 12.5, {300, 38, 260, 1, 1}, 300, 38}};
-    report.workers = {{"[5] Blur", {38, 30, 5, 1, 2, 0, 20000000, 1234567, 2000000}, 38}};
-    report.sinks = {{"none", 3, 3, {}, 0ns, 0ns},
-                    {"one", 3, 3, {"o/one/frame-000000.png"}, 1234567ns, 2s},
-                    {"more", 3, 3, {"o/frame-000000.png", "o/frame-000001.png", "o/frame-000002.png"}, 5us, 15us}};
-    QCOMPARE(report.text(), QStringLiteral(R"(Graph
+    SNodeReport camera;
+    camera.name = QStringLiteral("[0] Camera");
+    camera.out = 3;
+    camera.framesPerSecond = 25.0;
+    SNodeReport blur;
+    blur.name = QStringLiteral("[5] Blur");
+    blur.in = 3;
+    blur.out = 2;
+    blur.computing = 1234567ns;
+    blur.grabToHere = 5us;
+    blur.grabToHere99 = 2s;
+    blur.dropped = 1;
+    blur.pending = 0;
+    blur.lastError = QStringLiteral("this is no image");
+    report.nodes = {camera, blur};
+    report.sinks = {{"none", 3, 3, {}},
+                    {"one", 3, 3, {"o/one/frame-000000.png"}},
+                    {"more", 3, 3, {"o/frame-000000.png", "o/frame-000001.png", "o/frame-000002.png"}}};
+    return report;
+}
+
+} // namespace
+
+void tst_SRunReport::table()
+{
+    QCOMPARE(sample().text(), QStringLiteral(R"(Graph
   [0] Camera
 
 Camera             Maker Model
 Ended              after 3 frames, as asked
 Frames grabbed     5 = 3 complete + 2 incomplete
-Underruns          7
+Underruns          0
 Frames per second  25.0
+Remark             2 frames came incomplete
 
-Decoupler                  per second   received    emitted    dropped  cancelled    pending
-[1] Decoupler for VGR            12.5        300         38        260          1          1
+Node        in  out   fps  work   p50      p99  drops  pending
+[0] Camera   -    3  25.0     -     -        -      -        -
+[5] Blur     3    2     -  1.23  0.01  2000.00      1        0
+work: median of a frame's own computing; p50, p99: from the grab to the node; ms
+Error of [5] Blur: this is no image
 
-Filter                      of a core        p50        p99   received    emitted    dropped     failed
-[5] Blur                       25.0 %    1.23 ms    2.00 ms         38         30          6          2
-
-Sink        delivered  grab to sink p50        p99  written  files
-none                3           0.00 ms    0.00 ms        0  none
-one                 3           1.23 ms 2000.00 ms        1  o/one/frame-000000.png
-more                3           0.01 ms    0.01 ms        3  o/frame-000000.png to frame-000002.png
+Sink  delivered  written  Files
+none          3        0  -
+one           3        1  o/one/frame-000000.png
+more          3        3  o/frame-000000.png to frame-000002.png
 )"));
+}
+
+void tst_SRunReport::json()
+{
+    const QJsonObject json = sample().json();
+    QCOMPARE(json["address"].toString(), QStringLiteral("fake"));
+    QCOMPARE(json["frames"]["incomplete"].toInt(), 2);
+    QCOMPARE(json["frames_per_second"].toDouble(), 25.0);
+    QVERIFY(json["mismatch"].isNull());
+    QCOMPARE(json["nodes"][0]["out"].toInt(), 3);
+    QVERIFY(json["nodes"][0]["in"].isNull());
+    QCOMPARE(json["nodes"][1]["grab_to_here_p99"].toDouble(), 2.0);
+    QCOMPARE(json["nodes"][1]["last_error"].toString(), QStringLiteral("this is no image"));
+    QCOMPARE(json["sinks"][2]["files"].toArray().size(), 3);
 }
 
 QTEST_GUILESS_MAIN(tst_SRunReport)

@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/report/SRunReport.h"
+
+#include <QJsonArray>
+
+namespace Host {
+
+namespace {
+
+QJsonValue seconds(Delay time)
+{
+    return time ? QJsonValue(double(time->count()) / 1e9) : QJsonValue();
+}
+
+template <typename Number>
+QJsonValue number(std::optional<Number> value)
+{
+    return value ? QJsonValue(double(*value)) : QJsonValue();
+}
+
+QJsonObject nodeJson(const SNodeReport& node)
+{
+    return {{"name", node.name},
+            {"in", number(node.in)},
+            {"out", number(node.out)},
+            {"frames_per_second", number(node.framesPerSecond)},
+            {"computing_p50", seconds(node.computing)},
+            {"grab_to_here_p50", seconds(node.grabToHere)},
+            {"grab_to_here_p99", seconds(node.grabToHere99)},
+            {"dropped", number(node.dropped)},
+            {"pending", number(node.pending)},
+            {"last_error", node.lastError.isEmpty() ? QJsonValue() : QJsonValue(node.lastError)}};
+}
+
+QJsonObject sinkJson(const SSinkReport& sink)
+{
+    QJsonArray files;
+    for (const QString& file : sink.files)
+        files.append(file);
+    return {{"name", sink.name}, {"delivered", double(sink.delivered)}, {"files", files}};
+}
+
+template <typename Items, typename ToJson>
+QJsonArray array(const Items& items, const ToJson& toJson)
+{
+    QJsonArray array;
+    for (const auto& item : items)
+        array.append(toJson(item));
+    return array;
+}
+
+} // namespace
+
+QJsonObject SRunReport::json() const
+{
+    const QString wrong = mismatch();
+    const QJsonObject counts{{"grabbed", double(frames.grabbed)},
+                             {"complete", double(frames.complete)},
+                             {"incomplete", double(frames.incomplete)},
+                             {"underruns", double(frames.underruns)}};
+    return {{"address", address},
+            {"camera", camera},
+            {"ended", ending},
+            {"frames", counts},
+            {"frames_per_second", number(framesPerSecond())},
+            {"remarks", QJsonArray::fromStringList(remarks())},
+            {"mismatch", wrong.isEmpty() ? QJsonValue() : QJsonValue(wrong)},
+            {"nodes", array(nodes, &nodeJson)},
+            {"sinks", array(sinks, &sinkJson)}};
+}
+
+} // namespace Host

@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/report/CTable.h"
+#include "host/report/SRunReport.h"
+
+#include <QFileInfo>
+#include <QTextStream>
+
+namespace Host {
+
+namespace {
+
+QString milliseconds(Delay time)
+{
+    return time ? QString::number(double(time->count()) / 1e6, 'f', 2) : QString();
+}
+
+QString number(std::optional<quint64> value)
+{
+    return value ? QString::number(*value) : QString();
+}
+
+QString rate(std::optional<double> value)
+{
+    return value ? QString::number(*value, 'f', 1) : QString();
+}
+
+// "a/frame-000000.png to frame-000270.png"
+QString fileRange(const std::vector<QString>& files)
+{
+    if (files.size() < 2)
+        return files.empty() ? QString() : files.front();
+    return QStringLiteral("%1 to %2").arg(files.front(), QFileInfo(files.back()).fileName());
+}
+
+CTable nodeTable(const std::vector<SNodeReport>& nodes)
+{
+    CTable table({"Node", ">in", ">out", ">fps", ">work", ">p50", ">p99", ">drops", ">pending"});
+    for (const SNodeReport& node : nodes)
+        table.addRow({node.name, number(node.in), number(node.out), rate(node.framesPerSecond),
+                      milliseconds(node.computing), milliseconds(node.grabToHere), milliseconds(node.grabToHere99),
+                      number(node.dropped), number(node.pending)});
+    return table;
+}
+
+CTable sinkTable(const std::vector<SSinkReport>& sinks)
+{
+    CTable table({"Sink", ">delivered", ">written", "Files"});
+    for (const SSinkReport& sink : sinks)
+        table.addRow(
+            {sink.name, QString::number(sink.delivered), QString::number(sink.files.size()), fileRange(sink.files)});
+    return table;
+}
+
+void writeErrors(QTextStream& out, const std::vector<SNodeReport>& nodes)
+{
+    for (const SNodeReport& node : nodes) {
+        if (!node.lastError.isEmpty())
+            out << "Error of " << node.name << ": " << node.lastError << '\n';
+    }
+}
+
+} // namespace
+
+QString SRunReport::text(int width, bool isBold) const
+{
+    QString text;
+    QTextStream out(&text);
+    const QString given = rate(framesPerSecond());
+    out << "Graph\n" << graph << '\n';
+    out << "Camera             " << camera << '\n';
+    out << "Ended              " << ending << '\n';
+    out << "Frames grabbed     " << frames.grabbed << " = " << frames.complete << " complete + " << frames.incomplete
+        << " incomplete\n";
+    out << "Underruns          " << frames.underruns << '\n';
+    out << "Frames per second  " << (given.isEmpty() ? QStringLiteral("-") : given) << '\n';
+    for (const QString& remark : remarks())
+        out << "Remark             " << remark << '\n';
+    if (!nodes.empty())
+        out << '\n'
+            << nodeTable(nodes).text(width, isBold)
+            << "work: median of a frame's own computing; p50, p99: from the grab to the node; ms\n";
+    writeErrors(out, nodes);
+    if (!sinks.empty())
+        out << '\n' << sinkTable(sinks).text(width, isBold);
+    out.flush();
+    return text;
+}
+
+} // namespace Host

@@ -1,0 +1,171 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/run/CFlowMeter.h"
+
+#include "host/models/IFrameInfo.h"
+#include "host/report/Counted.h"
+
+#include <Halvex/graph/DocumentKeys.h>
+#include <Halvex/scene/CNodeScene.h>
+
+#include <QJsonObject>
+
+#include <algorithm>
+#include <utility>
+
+namespace Host {
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+// The converter that the connection has, by the types that it was made with.
+NodeDataConverter converterOf(const CNodeConnection& connection, const CNodeScene& scene)
+{
+    if (!connection.save().contains(DocumentKeys::converter))
+        return {};
+    return scene.registry().getTypeConverter(connection.dataType(ENodePortType::Out),
+                                             connection.dataType(ENodePortType::In));
+}
+
+} // namespace
+
+CFlowMeter::CFlowMeter(const CNodeScene& scene, const std::vector<const CNodeBase*>& nodes)
+    : m_scene(scene)
+{
+    std::map<const CNodeBase*, std::size_t> numbers;
+    for (const CNodeBase* node : nodes) {
+        numbers.emplace(node, m_nodes.size());
+        m_nodes.emplace_back();
+        m_nodes.back().model = node->nodeDataModel();
+        m_nodes.back().caption = QStringLiteral("[%1] %2").arg(m_nodes.size() - 1).arg(m_nodes.back().model->caption());
+    }
+    for (const auto& entry : scene.connections()) {
+        const CNodeConnection& connection = *entry.second;
+        const auto from = numbers.find(connection.getNode(ENodePortType::Out));
+        const auto to = numbers.find(connection.getNode(ENodePortType::In));
+        if (from != numbers.end() && to != numbers.end())
+            m_edges.push_back({from->second, connection.getPortIndex(ENodePortType::Out), to->second, entry.second,
+                               std::make_shared<SFlow>()});
+    }
+    // Connections have no order of their own, and of several complaints the first is told.
+    std::sort(m_edges.begin(), m_edges.end(), [](const SEdge& left, const SEdge& right) {
+        return std::tie(left.from, left.outPort, left.to) < std::tie(right.from, right.outPort, right.to);
+    });
+}
+
+CFlowMeter::~CFlowMeter() = default;
+
+void CFlowMeter::start()
+{
+    for (std::size_t node = 0; node < m_nodes.size(); ++node)
+        watchModel(node);
+    for (const SEdge& edge : m_edges) {
+        if (const auto connection = edge.connection.lock())
+            countDeliveries(edge, *connection);
+    }
+}
+
+void CFlowMeter::countDeliveries(const SEdge& edge, CNodeConnection& connection) const
+{
+    const auto count = [flow = edge.flow, convert = converterOf(connection, m_scene)](CNodeDataPtr data) {
+        if (!data)
+            return convert ? convert(std::move(data)) : data;
+        const auto now = Clock::now();
+        if (flow->delivered++ == 0)
+            flow->first = now;
+        flow->last = now;
+        if (const auto* frame = dynamic_cast<const IFrameInfo*>(data.data()))
+            flow->delays.add(now - frame->info().grabbed);
+        return convert ? convert(std::move(data)) : data;
+    };
+    connection.setTypeConverter(count);
+}
+
+void CFlowMeter::watchModel(std::size_t node)
+{
+    CNodeDataModel* const model = m_nodes[node].model;
+    connect(model, &CNodeDataModel::dataUpdated, this,
+            [this, node](NodePortIndex port) { ++m_nodes[node].updates[port]; });
+    connect(model, &CNodeDataModel::computingStarted, this,
+            [this, node] { m_nodes[node].computingSince = Clock::now(); });
+    connect(model, &CNodeDataModel::computingFinished, this, [this, node] {
+        if (m_nodes[node].computingSince != Clock::time_point())
+            m_nodes[node].computing.add(Clock::now() - m_nodes[node].computingSince);
+    });
+    // A model that goes on working forgets what was wrong before.
+    connect(model, &CNodeDataModel::dataInvalidated, this, [this, node] {
+        const QString message = m_nodes[node].model->validationMessage();
+        if (!message.isEmpty())
+            m_nodes[node].lastError = message;
+    });
+}
+
+quint64 CFlowMeter::delivered(std::size_t node) const
+{
+    quint64 sum = 0;
+    for (const SEdge& edge : m_edges)
+        sum += edge.to == node ? edge.flow->delivered : 0;
+    return sum;
+}
+
+quint64 CFlowMeter::sent(std::size_t node) const
+{
+    // A port may tell of data and then have none: what its connections carried counts, where it has some.
+    std::map<int, quint64> counts = m_nodes[node].updates;
+    for (const SEdge& edge : m_edges) {
+        if (edge.from == node)
+            counts[edge.outPort] = edge.flow->delivered;
+    }
+    quint64 sum = 0;
+    for (const auto& count : counts)
+        sum += count.second;
+    return sum;
+}
+
+SNodeReport CFlowMeter::report(std::size_t node) const
+{
+    const SNode& known = m_nodes[node];
+    SNodeReport report;
+    report.name = known.caption;
+    const bool hasInputs = known.model->nPorts(ENodePortType::In) > 0;
+    const bool hasOutputs = known.model->nPorts(ENodePortType::Out) > 0;
+    if (hasInputs)
+        report.in = delivered(node);
+    if (hasOutputs)
+        report.out = sent(node);
+
+    CDelays delays;
+    for (const SEdge& edge : m_edges) {
+        const SFlow& flow = *edge.flow;
+        if (edge.to == node)
+            delays.add(flow.delays);
+        const bool tellsRate = hasOutputs ? edge.from == node : edge.to == node;
+        if (tellsRate && flow.delivered > 1 && flow.last > flow.first)
+            report.framesPerSecond =
+                double(flow.delivered - 1) / std::chrono::duration<double>(flow.last - flow.first).count();
+    }
+    report.grabToHere = delays.percentile(0.5);
+    report.grabToHere99 = delays.percentile(0.99);
+    report.computing = known.computing.percentile(0.5);
+    const QString message = known.model->validationMessage();
+    report.lastError = message.isEmpty() ? known.lastError : message;
+    return report;
+}
+
+QString CFlowMeter::mismatch(std::size_t source, quint64 frames) const
+{
+    std::map<std::pair<std::size_t, int>, quint64> expected;
+    for (const SEdge& edge : m_edges) {
+        const quint64 first = edge.from == source ? frames : edge.flow->delivered;
+        const quint64 wanted = expected.emplace(std::make_pair(edge.from, edge.outPort), first).first->second;
+        if (edge.flow->delivered != wanted)
+            return QStringLiteral("the connection from '%1' to '%2' carried %3, not %4")
+                .arg(m_nodes[edge.from].caption, m_nodes[edge.to].caption, counted(edge.flow->delivered, "frame"))
+                .arg(wanted);
+    }
+    return {};
+}
+
+} // namespace Host

@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/run/RunOutput.h"
+
+#include "host/report/Counted.h"
+#include "host/report/SRunReport.h"
+#include "host/report/Terminal.h"
+#include "host/run/CCameraStream.h"
+#include "host/run/Output.h"
+
+#include <Halvex/Halvex.h>
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QStringList>
+
+#include <cerrno>
+#include <cstring>
+
+namespace Host {
+
+namespace {
+
+// "30/300 frames, 10 %" or, without an end, "30 frames".
+QString share(quint64 complete, quint64 all)
+{
+    if (all == 0)
+        return counted(complete, "frame");
+    return QStringLiteral("%1/%2, %3 %").arg(complete).arg(counted(all, "frame")).arg(complete * 100 / all);
+}
+
+} // namespace
+
+QString runProgress(const std::vector<std::unique_ptr<CCameraStream>>& streams, int frames)
+{
+    SGrabStatistics sum;
+    double rate = 0.0;
+    for (const auto& stream : streams) {
+        if (!stream->isStarted())
+            continue;
+        const SRunReport now = stream->report();
+        sum.complete += now.frames.complete;
+        sum.incomplete += now.frames.incomplete;
+        sum.underruns += now.frames.underruns;
+        rate += now.framesPerSecond().value_or(0.0);
+    }
+    const QString rateText = rate > 0.0 ? QStringLiteral(", %1 per second").arg(rate, 0, 'f', 1) : QString();
+    return QStringLiteral("%1%2, %3 incomplete, %4")
+        .arg(share(sum.complete, streams.size() * quint64(frames)), rateText)
+        .arg(sum.incomplete)
+        .arg(counted(sum.underruns, "underrun"));
+}
+
+QString runText(const std::vector<SRunReport>& reports)
+{
+    QStringList texts;
+    for (const SRunReport& report : reports)
+        texts << report.text(columnsOf(stdout), takesColors(stdout));
+    return texts.join(QLatin1Char('\n'));
+}
+
+QString writeRunJson(const QString& file, const std::vector<SRunReport>& reports, const QString& error)
+{
+    QJsonArray cameras;
+    for (const SRunReport& report : reports)
+        cameras.append(report.json());
+    const QJsonObject root{{"version", HALVEX_VERSION_STR},
+                           {"error", error.isEmpty() ? QJsonValue() : QJsonValue(error)},
+                           {"cameras", cameras}};
+    const QByteArray bytes = QJsonDocument(root).toJson();
+    if (file != QLatin1String("-"))
+        return replaceFile(file, bytes);
+    if (printText(QString::fromUtf8(bytes)))
+        return {};
+    return QStringLiteral("cannot write to standard output: %1").arg(QString::fromLocal8Bit(std::strerror(errno)));
+}
+
+} // namespace Host

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace Host {
+
+class CCameraStream;
+struct SRunReport;
+
+/// How far all cameras together are, in a line: "30/300 frames, 10 %, 196.2 per second, ...". \a frames is what each
+/// is to give; 0 for no end.
+QString runProgress(const std::vector<std::unique_ptr<CCameraStream>>& streams, int frames);
+
+/// The reports one after the other, for the terminal that standard output leads to.
+QString runText(const std::vector<SRunReport>& reports);
+
+/// Writes the reports to \a file, or to standard output for "-". \a error is what the run failed with. Returns what is
+/// wrong, in one line; empty on success.
+QString writeRunJson(const QString& file, const std::vector<SRunReport>& reports, const QString& error);
+
+} // namespace Host

@@ -1,0 +1,178 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "CHostProgram.h"
+#include "CPluginTestFolder.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTest>
+
+#include <csignal>
+
+namespace {
+
+QJsonObject nodeOf(const QJsonObject& report, const QString& name)
+{
+    const QJsonArray nodes = report["cameras"][0]["nodes"].toArray();
+    for (const QJsonValue& node : nodes) {
+        if (node["name"].toString().endsWith(name))
+            return node.toObject();
+    }
+    return {};
+}
+
+} // namespace
+
+/// What a run does with its settings, and how it accounts for what came.
+class tst_HalvexHostRuns : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void filtersDoWithFramesWhatTheyLike();
+    void endsAfterATime();
+    void settingsOfModels();
+    void settingsWhileItRuns();
+    void featuresOfTheCamera();
+    void refused_data();
+    void refused();
+    void reportAsJson();
+    void cameraThatWaitsForATrigger();
+    void lastProgressLineTellsHowItEnded();
+
+private:
+    // Reads the standard output of a run with --json -.
+    static QJsonObject json(const CHostProgram& program)
+    {
+        return QJsonDocument::fromJson(program.output().toUtf8()).object();
+    }
+};
+
+void tst_HalvexHostRuns::filtersDoWithFramesWhatTheyLike()
+{
+    CPluginTestFolder folder;
+    QVERIFY(folder.addHostPlugins() && folder.addTestPlugins({"models"}));
+    CHostProgram program;
+    const QString chain = program.file("chain.json");
+    QVERIFY(write(chain, R"([
+        {"name": "half", "model": {"name": "Every Second"}, "unique_sources": [["fake"]],
+         "connection": [["half image", {"name": "join", "index_in": 1, "index _out": 0}]]},
+        {"name": "all", "model": {"name": "Join", "property": {"policy": "DropOldest", "most_waiting": 1000}},
+         "unique_sources": [["fake"]], "connection": []},
+        {"name": "join", "model": {"name": "Join", "property": {"policy": "DropOldest", "most_waiting": 1000}},
+         "unique_sources": [["fake"]], "connection": [["joined image"]]},
+        {"name": "half image", "model": {"name": "To Image"}, "connection": [["half files"]]},
+        {"name": "joined image", "model": {"name": "To Image"}, "connection": [["joined files"]]},
+        {"name": "half files", "model": {"name": "PNG Sink", "property": {"sink_name": "half"}}},
+        {"name": "joined files", "model": {"name": "PNG Sink", "property": {"sink_name": "joined"}}}])"));
+    QCOMPARE(program.run({chain, "--plugins", folder.path(), "--frames", "20"}), 0);
+    QCOMPARE(program.sinks()["half"].delivered, 10);
+    QVERIFY2(program.sinks()["joined"].delivered >= 20, qPrintable(program.output()));
+}
+
+void tst_HalvexHostRuns::endsAfterATime()
+{
+    CHostProgram program;
+    QCOMPARE(program.run({"--duration", "300ms", "--fps", "100"}), 0);
+    QVERIFY2(program.output().contains("Ended              after 0.3 s, as asked\n"), qPrintable(program.output()));
+    QVERIFY(program.completeFrames() > 0);
+    QVERIFY2(program.addsUp(), qPrintable(program.output()));
+}
+
+void tst_HalvexHostRuns::settingsOfModels()
+{
+    CHostProgram program;
+    const QString scene = program.file("scene.json");
+    QCOMPARE(program.run({"--frames", "1", "--set", "blur.size=9", "--set", "blur.method=Median", "--set",
+                          "preview.framesPerSecond=50", "--save", scene}),
+             0);
+    const QByteArray saved = content(scene);
+    for (const char* setting : {"\"size\": 9", "\"method\": \"Median\"", "\"frames_per_second\": 50"})
+        QVERIFY2(saved.contains(setting), setting);
+}
+
+void tst_HalvexHostRuns::settingsWhileItRuns()
+{
+    CHostProgram program;
+    program.start({"run", "--frames", "0"});
+    program.process().write("set blur.size=8\nset preview.framesPerSecond=100\nstop\n");
+    QVERIFY(QTest::qWaitFor([&program] {
+        return program.process().peek(1 << 20).isEmpty() && program.process().readAllStandardError().contains("stop");
+    }));
+    program.process().terminate();
+    QVERIFY(program.waitForEnd());
+    QCOMPARE(program.process().exitCode(), 143);
+}
+
+void tst_HalvexHostRuns::featuresOfTheCamera()
+{
+    CHostProgram program;
+    QCOMPARE(program.run({"--frames", "1", "--camera-set", "Width=128", "--camera-set", "PixelFormat=RGB8"}), 0);
+    QVERIFY2(program.output().contains("(fake), 128 x 512 RGB8\n"), qPrintable(program.output()));
+}
+
+void tst_HalvexHostRuns::refused_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("reason");
+    const auto row = [](const QStringList& arguments, const char* reason) {
+        QTest::newRow(qPrintable(arguments.last())) << arguments << QString(reason);
+    };
+    row({"--set", "blur.size=8"}, "--set blur.size=8: 'size' takes int, 1 to 99, odd, not '8'");
+    row({"--set", "blurr.size=9"}, "--set blurr.size=9: no node is called 'blurr'; did you mean 'blur'?");
+    row({"--camera-set", "Widht=9"}, "camera 'fake': it has no feature 'Widht'; did you mean 'Width'?");
+    row({"--camera-set", "Width=0"}, "camera 'fake': the feature 'Width' takes integer, 1 to 2048, not '0'");
+    row({"--camera-set", "SensorWidth=9"}, "camera 'fake': the feature 'SensorWidth' cannot be written now");
+    row({"--camera-set", "TriggerMode=Of"},
+        "camera 'fake': the feature 'TriggerMode' takes one of Off, On, not 'Of'; did you mean 'Off' or 'On'?");
+}
+
+void tst_HalvexHostRuns::refused()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, reason);
+    QCOMPARE(CHostProgram().refusal(arguments), reason);
+}
+
+void tst_HalvexHostRuns::reportAsJson()
+{
+    CHostProgram program;
+    QCOMPARE(program.run({"--frames", "20", "--json", "-"}), 0);
+    const QJsonObject report = json(program);
+    QVERIFY(report["error"].isNull());
+    QCOMPARE(report["cameras"][0]["frames"]["complete"].toInt(), 20);
+    const QJsonObject camera = nodeOf(report, "Camera: fake");
+    QCOMPARE(camera["out"].toInt(), 20);
+    QVERIFY(camera["in"].isNull() && camera["grab_to_here_p50"].isNull());
+    const QJsonObject blur = nodeOf(report, "Blur");
+    QVERIFY(blur["in"].toInt() > 0);
+    QVERIFY(blur["computing_p50"].toDouble() > 0.0);
+    QVERIFY(blur["grab_to_here_p99"].toDouble() >= blur["grab_to_here_p50"].toDouble());
+    const QString file = program.file("report.json");
+    QCOMPARE(program.run({"--frames", "2", "--json", file}), 0);
+    QVERIFY(QJsonDocument::fromJson(content(file)).isObject());
+    QCOMPARE(program.completeFrames(), 2);
+}
+
+void tst_HalvexHostRuns::cameraThatWaitsForATrigger()
+{
+    CHostProgram program;
+    QCOMPARE(program.run({"--frames", "3", "--camera-set", "TriggerMode=On", "--timeout", "200ms"}), 1);
+    QVERIFY2(program.errorLines().constLast().contains("sends nothing: no frame for 0.2 s; does it wait for a trigger"),
+             qPrintable(program.errorLines().constLast()));
+}
+
+void tst_HalvexHostRuns::lastProgressLineTellsHowItEnded()
+{
+    CHostProgram program;
+    QCOMPARE(program.run({"--frames", "20"}), 0);
+    QVERIFY(program.errorLines().constLast().startsWith("20/20 frames, 100 %, "));
+    QCOMPARE(program.interrupt({}, SIGINT), 130);
+    QVERIFY2(program.errorLines().constLast().endsWith(", ended by signal 2"),
+             qPrintable(program.errorLines().constLast()));
+}
+
+QTEST_GUILESS_MAIN(tst_HalvexHostRuns)
+#include "tst_HalvexHostRuns.moc"
