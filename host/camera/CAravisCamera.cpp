@@ -3,15 +3,14 @@
 
 #include "host/camera/CAravisCamera.h"
 
+#include "host/camera/CBufferReturn.h"
 #include "host/camera/CFeatures.h"
 #include "host/camera/CGLibError.h"
 #include "host/camera/Device.h"
+#include "host/camera/GrabResult.h"
 #include "host/camera/PixelFormat.h"
 
 #include <arv.h>
-
-#include <QMutex>
-#include <QMutexLocker>
 
 #include <cmath>
 
@@ -22,73 +21,7 @@ namespace {
 // Cameras count the time of a frame in steps of their own, so that few rates are met exactly.
 constexpr double rateTolerance = 0.01;
 
-bool carriesImage(ArvBuffer* buffer)
-{
-    switch (arv_buffer_get_payload_type(buffer)) {
-    case ARV_BUFFER_PAYLOAD_TYPE_IMAGE:
-    case ARV_BUFFER_PAYLOAD_TYPE_EXTENDED_CHUNK_DATA:
-        return true;
-    case ARV_BUFFER_PAYLOAD_TYPE_MULTIPART:
-        return arv_buffer_get_n_parts(buffer) > 0;
-    default:
-        return false;
-    }
-}
-
-// The frame in the buffer, its owner not yet set. Incomplete when the pixels do not fill the promised geometry.
-Veltra::SGrabResult describe(ArvBuffer* buffer)
-{
-    Veltra::SGrabResult result;
-    if (arv_buffer_get_status(buffer) != ARV_BUFFER_STATUS_SUCCESS || !carriesImage(buffer))
-        return result;
-
-    const quint32 format = arv_buffer_get_image_pixel_format(buffer);
-    gint xPadding = 0;
-    gint yPadding = 0;
-    arv_buffer_get_image_padding(buffer, &xPadding, &yPadding);
-    result.pixels = static_cast<const std::byte*>(arv_buffer_get_image_data(buffer, &result.size));
-    result.width = arv_buffer_get_image_width(buffer);
-    result.height = arv_buffer_get_image_height(buffer);
-    result.stride = (result.width * bitsPerPixel(format) + 7) / 8 + xPadding;
-    result.pixelFormat = pixelFormatName(format);
-    result.frameNumber = arv_buffer_get_frame_id(buffer);
-    result.timestampNs = arv_buffer_get_timestamp(buffer);
-    result.complete = result.pixels && result.width > 0 && result.height > 0 &&
-                      result.size >= std::size_t(result.stride) * std::size_t(result.height);
-    return result;
-}
-
 } // namespace
-
-// The way back of the buffers, shared by the camera and every frame that is out. The frames may be dropped in any
-// thread, also while the stream is being destroyed, hence the lock: whoever holds it sees the stream whole or gone.
-class CAravisCamera::CBufferReturn
-{
-public:
-    explicit CBufferReturn(ArvStream* stream)
-        : m_stream(stream)
-    {
-    }
-
-    void giveBack(ArvBuffer* buffer)
-    {
-        const QMutexLocker lock(&m_mutex);
-        if (m_stream)
-            arv_stream_push_buffer(m_stream, buffer);
-        else
-            g_object_unref(buffer);
-    }
-
-    void close()
-    {
-        const QMutexLocker lock(&m_mutex);
-        m_stream = nullptr;
-    }
-
-private:
-    QMutex m_mutex;
-    ArvStream* m_stream; // guarded by m_mutex; the camera owns it
-};
 
 std::unique_ptr<CAravisCamera> CAravisCamera::open(const SCameraOptions& options, QString* error)
 {
@@ -250,7 +183,7 @@ CAravisCamera::SGrab CAravisCamera::grab(std::chrono::milliseconds timeout)
 
 CAravisCamera::SGrab CAravisCamera::wrap(ArvBuffer* buffer)
 {
-    Veltra::SGrabResult result = describe(buffer);
+    Veltra::SGrabResult result = grabResult(buffer);
     if (!result.complete) {
         arv_stream_push_buffer(m_stream.get(), buffer);
         return {EGrab::Incomplete, {}};

@@ -22,6 +22,8 @@ struct _ArvStream;
 
 namespace Host {
 
+class CBufferReturn;
+
 /**
  * A camera: the one built into the library, or a GigE Vision camera at an address.
  *
@@ -93,8 +95,6 @@ public:
     int freeBuffers() const;
 
 private:
-    class CBufferReturn;
-
     CAravisCamera(SCameraOptions options, GObjectPtr<_ArvCamera> camera);
 
     bool configure(QString* error);

@@ -3,6 +3,7 @@
 
 #include "host/commands/CRunArguments.h"
 
+#include "host/commands/ArgumentValues.h"
 #include "host/commands/Commands.h"
 #include "host/run/Output.h"
 
@@ -10,11 +11,8 @@
 
 #include <CLI/CLI.hpp>
 
-#include <QRegularExpression>
-
 #include <algorithm>
 #include <cmath>
-#include <map>
 
 namespace Host {
 
@@ -24,11 +22,6 @@ constexpr double maxFramesPerSecond = 10000.0;
 
 // A camera that is no device has no rate of its own worth keeping: far more than the preview shows.
 constexpr double fakeFramesPerSecond = 200.0;
-
-[[noreturn]] void refuse(const QString& sentence)
-{
-    throw CLI::ValidationError(sentence.toStdString());
-}
 
 } // namespace
 
@@ -129,17 +122,6 @@ QString CRunArguments::text(const char* option, const std::string& value) const
     return QString::fromStdString(value);
 }
 
-int CRunArguments::count(const char* option, const std::string& value, int least, int most) const
-{
-    const QString text = QString::fromStdString(value);
-    bool ok = false;
-    const int number = text.toInt(&ok);
-    if (!ok || number < least || number > most)
-        refuse(QStringLiteral("%1 takes a whole number from %2 to %3, not '%4'.")
-                   .arg(QLatin1String(option), QString::number(least), QString::number(most), text));
-    return number;
-}
-
 SRunOptions CRunArguments::options() const
 {
     SRunOptions options;
@@ -153,10 +135,10 @@ SRunOptions CRunArguments::options() const
     options.json = text("--json", m_json);
     options.isStrict = m_isStrict;
     if (isGiven("--buffers"))
-        camera.buffers = count("--buffers", m_buffers, 1, 10000);
+        camera.buffers = readCount("--buffers", m_buffers, 1, 10000);
     readSettings(&camera, &options);
     if (isGiven("--write-every"))
-        options.writeEvery = count("--write-every", m_writeEvery, 1, SRunOptions::maxFrames);
+        options.writeEvery = readCount("--write-every", m_writeEvery, 1, SRunOptions::maxFrames);
     if (isGiven("--fps"))
         camera.framesPerSecond = framesPerSecond(&options);
     readCameras(camera, &options);
@@ -170,11 +152,11 @@ void CRunArguments::readEnding(SRunOptions* options) const
     const bool hasRealCamera = std::any_of(options->cameras.begin(), options->cameras.end(),
                                            [](const auto& camera) { return !SCameraOptions::isFake(camera.address); });
     if (isGiven("--duration"))
-        options->duration = time("--duration", m_duration);
+        options->duration = readTime("--duration", m_duration);
     if (isGiven("--timeout"))
-        options->silence = options->timeout = time("--timeout", m_timeout);
+        options->silence = options->timeout = readTime("--timeout", m_timeout);
     if (isGiven("--frames"))
-        options->frames = count("--frames", m_frames, 0, SRunOptions::maxFrames);
+        options->frames = readCount("--frames", m_frames, 0, SRunOptions::maxFrames);
     else if (hasRealCamera || isGiven("--duration"))
         options->frames = 0;
 }
@@ -194,24 +176,6 @@ void CRunArguments::readSettings(SCameraOptions* camera, SRunOptions* options) c
             refuse(QStringLiteral("--camera-set takes Feature=value, not '%1'.").arg(feature));
         camera->features.emplace_back(feature.left(sign), feature.mid(sign + 1));
     }
-}
-
-std::chrono::milliseconds CRunArguments::time(const char* option, const std::string& value) const
-{
-    static const QRegularExpression pattern(QStringLiteral(R"(^(\d+(?:\.\d+)?)(ms|s|min|h)?$)"));
-    static const std::map<QString, double> units{{QStringLiteral("ms"), 1.0},
-                                                 {QStringLiteral("s"), 1e3},
-                                                 {QStringLiteral("min"), 6e4},
-                                                 {QStringLiteral("h"), 36e5}};
-    const QString text = QString::fromStdString(value);
-    const auto match = pattern.match(text);
-    const QString unit = match.captured(2).isEmpty() ? QStringLiteral("s") : match.captured(2);
-    const double milliseconds = match.hasMatch() ? match.captured(1).toDouble() * units.at(unit) : 0.0;
-    // Up to what a timer can wait.
-    if (milliseconds < 1.0 || milliseconds > 2e9)
-        refuse(
-            QStringLiteral("%1 takes a time like 500ms, 30s, 5min or 2h, not '%2'.").arg(QLatin1String(option), text));
-    return std::chrono::milliseconds(std::llround(milliseconds));
 }
 
 void CRunArguments::readGraph(SRunOptions* options) const

@@ -7,7 +7,6 @@
 
 #include <QString>
 
-#include <chrono>
 #include <string>
 #include <vector>
 
@@ -33,11 +32,9 @@ private:
     void declareFiles(CLI::App& command);
     bool isGiven(const char* option) const;
     QString text(const char* option, const std::string& value) const;
-    int count(const char* option, const std::string& value, int least, int most) const;
     double framesPerSecond(SRunOptions* options) const;
     void readEnding(SRunOptions* options) const;
     void readSettings(SCameraOptions* camera, SRunOptions* options) const;
-    std::chrono::milliseconds time(const char* option, const std::string& value) const;
     void readCameras(const SCameraOptions& common, SRunOptions* options) const;
     void readGraph(SRunOptions* options) const;
 

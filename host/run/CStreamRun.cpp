@@ -4,8 +4,6 @@
 #include "host/run/CStreamRun.h"
 
 #include "host/base/EExitCode.h"
-#include "host/base/Shown.h"
-#include "host/report/CGraphText.h"
 #include "host/report/CProgressLine.h"
 #include "host/report/Counted.h"
 #include "host/run/CCameraStream.h"
@@ -16,6 +14,7 @@
 #include "host/run/Chain.h"
 #include "host/run/Output.h"
 #include "host/run/RunOutput.h"
+#include "host/run/RunSettings.h"
 
 #include <QDir>
 #include <QTimer>
@@ -74,10 +73,11 @@ bool CStreamRun::buildGraphs()
     std::vector<std::unique_ptr<CStreamGraph>> graphs;
     QString error;
     if (m_options.load.isEmpty()) {
-        const SChain chain = m_options.chain.isEmpty() ? defaultChain(cameras) : readChain(m_options.chain, &error);
+        const SChain chain = m_options.chain.isEmpty() ? defaultChain(cameras)
+                                                       : withCameras(readChain(m_options.chain, &error), cameras);
         if (error.isEmpty())
             graphs = builder.import(chain, cameras, &error);
-        m_chain = chain.text;
+        m_chain = chain.source;
     } else {
         graphs.push_back(builder.load(m_options.load, cameras.first(), &error));
     }
@@ -105,14 +105,8 @@ bool CStreamRun::forEachStream(const Step& step)
 
 bool CStreamRun::applySettings()
 {
-    return forEachStream([this](CCameraStream& stream) {
-        for (const SNodeSetting& setting : m_options.settings) {
-            const QString error = stream.graph().set(setting);
-            if (!error.isEmpty())
-                return QStringLiteral("--set %1: %2").arg(printable(setting.text()), error);
-        }
-        return QString();
-    });
+    return forEachStream(
+        [this](CCameraStream& stream) { return Host::applySettings(stream.graph(), m_options.settings); });
 }
 
 bool CStreamRun::openCameras()
@@ -140,11 +134,7 @@ bool CStreamRun::writeGraphFiles()
         // It may be the very file that was read.
         fail(replaceFile(QDir(m_options.output).filePath(QStringLiteral("chain.json")), m_chain));
     return m_error.isEmpty() && forEachStream([this](CCameraStream& stream) {
-               const CGraphText graph(stream.graph().scene());
-               const QDir output(folder(stream));
-               const QString error = writeTextFile(output.filePath(QStringLiteral("graph.txt")), graph.text());
-               return error.isEmpty() ? writeTextFile(output.filePath(QStringLiteral("graph.dot")), graph.dot())
-                                      : error;
+               return Host::writeGraphFiles(stream.graph().scene(), folder(stream));
            });
 }
 
@@ -168,15 +158,10 @@ bool CStreamRun::stream()
     connect(&timer, &QTimer::timeout, this, [&] { line.show(runProgress(m_streams, m_options.frames)); });
     timer.start(progressInterval);
     m_loop.exec();
-    line.showLast(runProgress(m_streams, m_options.frames) + lastWord());
+    const bool isWhole = m_error.isEmpty() && m_signal == 0;
+    line.showLast(runProgress(m_streams, m_options.frames) + (isWhole ? QString() : ", ended " + ending()));
     // The cameras are stopped with this object, after the report: one that has gone takes seconds not to answer.
     return true;
-}
-
-QString CStreamRun::lastWord() const
-{
-    const bool isWhole = m_error.isEmpty() && m_signal == 0;
-    return isWhole ? QString() : QStringLiteral(", ended %1").arg(ending());
 }
 
 void CStreamRun::onTimeUp()
@@ -187,17 +172,11 @@ void CStreamRun::onTimeUp()
 
 void CStreamRun::onCommand(const QString& line)
 {
-    const QString set = QStringLiteral("set ");
-    const SNodeSetting setting = SNodeSetting::read(line.mid(set.size()));
-    if (!line.startsWith(set) || setting.key.isEmpty()) {
-        printErrorLine(QStringLiteral("'set NODE.key=value' is all that can be said now, not %1").arg(shown(line)));
-        return;
-    }
-    // What is mistyped now is told, and the run goes on: frames are being recorded.
+    // What is mistyped is told, and the run goes on: frames are being recorded.
     for (const auto& stream : m_streams) {
-        const QString error = stream->graph().isIntact() ? stream->graph().set(setting) : QString();
+        const QString error = stream->graph().isIntact() ? obey(stream->graph(), line) : QString();
         if (!error.isEmpty())
-            printErrorLine(QStringLiteral("set %1: %2").arg(printable(setting.text()), error));
+            return printErrorLine(error);
     }
 }
 

@@ -53,7 +53,6 @@ private:
     bool stream();
     bool printReport();
     QString ending() const;
-    QString lastWord() const;
     QString folder(const CCameraStream& stream) const;
     void fail(const QString& error);
     void requestEnd();

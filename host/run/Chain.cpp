@@ -17,11 +17,29 @@ static void initResources()
 
 namespace Host {
 
+namespace {
+
+// The names of the cameras where a star stands, each name once.
+QJsonArray withCameras(const QJsonArray& sources, const QStringList& cameras)
+{
+    QStringList names;
+    for (const QJsonValue& source : sources) {
+        if (source == QJsonValue(QStringLiteral("*")))
+            names << cameras;
+        else
+            names << source.toString();
+    }
+    names.removeDuplicates();
+    return QJsonArray::fromStringList(names);
+}
+
+} // namespace
+
 SChain readChain(const QString& file, QString* error)
 {
     SChain chain;
     chain.name = file;
-    chain.text = readDocument(file, error);
+    chain.source = chain.text = readDocument(file, error);
     if (!error->isEmpty())
         return chain;
     const QJsonDocument document = parseDocument(file, chain.text, error);
@@ -39,16 +57,32 @@ SChain defaultChain(const QStringList& cameras)
     Q_ASSERT(error.isEmpty());
     chain.name = QStringLiteral("default chain");
 
-    // What is fed by the cameras of the file is fed by those of the run.
+    return withCameras(chain, cameras);
+}
+
+SChain withCameras(SChain chain, const QStringList& cameras)
+{
     const QString sourcesKey = QStringLiteral("unique_sources");
+    bool isChanged = false;
     for (int i = 0; i < chain.elements.size(); ++i) {
         QJsonObject element = chain.elements.at(i).toObject();
-        if (!element.contains(sourcesKey))
+        QJsonArray ports = element.value(sourcesKey).toArray();
+        bool isForAny = false;
+        for (int port = 0; port < ports.size(); ++port) {
+            const QJsonArray sources = ports.at(port).toArray();
+            if (!sources.contains(QStringLiteral("*")))
+                continue;
+            ports.replace(port, withCameras(sources, cameras));
+            isForAny = true;
+        }
+        if (!isForAny)
             continue;
-        element.insert(sourcesKey, QJsonArray{QJsonValue(QJsonArray::fromStringList(cameras))});
+        element.insert(sourcesKey, ports);
         chain.elements.replace(i, element);
+        isChanged = true;
     }
-    chain.text = QJsonDocument(chain.elements).toJson();
+    if (isChanged)
+        chain.text = QJsonDocument(chain.elements).toJson();
     return chain;
 }
 

@@ -14,9 +14,14 @@ namespace Host {
 struct SChain
 {
     QString name;        ///< For messages: the file.
+    QByteArray source;   ///< As it was read.
     QByteArray text;     ///< As the node service takes it.
     QJsonArray elements; ///< What the text says.
 };
+
+/// \a chain with the run's \a cameras wherever it says "any camera" in "unique_sources": "*". A chain without that
+/// stays as it is, byte for byte.
+SChain withCameras(SChain chain, const QStringList& cameras);
 
 /// The chain in \a file, at most 64 MiB. On failure the reason, which names the file and the place, in \a error.
 SChain readChain(const QString& file, QString* error);

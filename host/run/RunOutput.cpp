@@ -3,6 +3,7 @@
 
 #include "host/run/RunOutput.h"
 
+#include "host/report/CGraphText.h"
 #include "host/report/Counted.h"
 #include "host/report/SRunReport.h"
 #include "host/report/Terminal.h"
@@ -11,6 +12,7 @@
 
 #include <Halvex/Halvex.h>
 
+#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QStringList>
@@ -58,6 +60,14 @@ QString runText(const std::vector<SRunReport>& reports)
     for (const SRunReport& report : reports)
         texts << report.text(columnsOf(stdout), takesColors(stdout));
     return texts.join(QLatin1Char('\n'));
+}
+
+QString writeGraphFiles(const Plugin::Halvex::CNodeScene& scene, const QString& folder)
+{
+    const CGraphText graph(scene);
+    const QDir output(folder);
+    const QString error = writeTextFile(output.filePath(QStringLiteral("graph.txt")), graph.text());
+    return error.isEmpty() ? writeTextFile(output.filePath(QStringLiteral("graph.dot")), graph.dot()) : error;
 }
 
 QString writeRunJson(const QString& file, const std::vector<SRunReport>& reports, const QString& error)

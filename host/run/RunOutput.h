@@ -8,6 +8,10 @@
 #include <memory>
 #include <vector>
 
+namespace Plugin::Halvex {
+class CNodeScene;
+}
+
 namespace Host {
 
 class CCameraStream;
@@ -19,6 +23,9 @@ QString runProgress(const std::vector<std::unique_ptr<CCameraStream>>& streams, 
 
 /// The reports one after the other, for the terminal that standard output leads to.
 QString runText(const std::vector<SRunReport>& reports);
+
+/// Writes graph.txt and graph.dot into \a folder. Returns what is wrong; empty on success.
+QString writeGraphFiles(const Plugin::Halvex::CNodeScene& scene, const QString& folder);
 
 /// Writes the reports to \a file, or to standard output for "-". \a error is what the run failed with. Returns what is
 /// wrong, in one line; empty on success.

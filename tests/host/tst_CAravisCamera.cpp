@@ -217,10 +217,10 @@ void tst_CAravisCamera::refusedOptions()
         QVERIFY(error.size() > beginning.size());
         QVERIFY(!error.contains(QLatin1Char('\n')));
     };
-    refuse({"127.0.0.3", {}, 0.0, 1}, "cannot open camera '127.0.0.3': ");
-    refuse({"fake", {}, 1e6, 1}, "camera 'fake' cannot do 1e+06 frames per second, ");
-    refuse({"fake", {}, 0.01, 1}, "camera 'fake' cannot do 0.01 frames per second, ");
-    refuse({"fake", "Mono9", 0.0, 1}, "camera 'fake' refuses the pixel format 'Mono9': ");
+    refuse({"127.0.0.3", {}, 0.0, 1, {}}, "cannot open camera '127.0.0.3': ");
+    refuse({"fake", {}, 1e6, 1, {}}, "camera 'fake' cannot do 1e+06 frames per second, ");
+    refuse({"fake", {}, 0.01, 1, {}}, "camera 'fake' cannot do 0.01 frames per second, ");
+    refuse({"fake", "Mono9", 0.0, 1, {}}, "camera 'fake' refuses the pixel format 'Mono9': ");
 }
 
 void tst_CAravisCamera::startTwice()

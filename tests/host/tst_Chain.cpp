@@ -20,6 +20,7 @@ private Q_SLOTS:
     void textIsKeptAsItIs();
     void refused();
     void defaultChainNamesTheCameras();
+    void starIsEveryCamera();
 
 private:
     QTemporaryDir m_folder;
@@ -66,6 +67,21 @@ void tst_Chain::defaultChainNamesTheCameras()
         QCOMPARE(sources.toArray(), QJsonArray({QJsonArray{"left", "right"}}));
     }
     QCOMPARE(fed, 2);
+}
+
+void tst_Chain::starIsEveryCamera()
+{
+    QVERIFY(write(m_file, R"([{"name": "a", "unique_sources": [["x", "*"], ["y"]]}, {"name": "b"}, 2])"));
+    QString error;
+    const SChain chain = readChain(m_file, &error);
+    const SChain wired = withCameras(chain, {"left", "x"});
+    QCOMPARE(wired.elements[0]["unique_sources"].toArray(), QJsonArray({QJsonArray{"x", "left"}, QJsonArray{"y"}}));
+    QCOMPARE(wired.elements[1], chain.elements[1]);
+    QCOMPARE(QJsonDocument::fromJson(wired.text).array(), wired.elements);
+    QCOMPARE(wired.source, chain.text);
+    // Without a star there is nothing to do.
+    QVERIFY(write(m_file, R"( [{"name": "a", "unique_sources": [["x"]]}])"));
+    QCOMPARE(withCameras(readChain(m_file, &error), {"left"}).text, content(m_file));
 }
 
 QTEST_GUILESS_MAIN(tst_Chain)

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/commands/ArgumentValues.h"
+
+#include <CLI/CLI.hpp>
+
+#include <QRegularExpression>
+
+#include <cmath>
+#include <map>
+
+namespace Host {
+
+void refuse(const QString& sentence)
+{
+    throw CLI::ValidationError(sentence.toStdString());
+}
+
+int readCount(const char* option, const std::string& text, int least, int most)
+{
+    const QString given = QString::fromStdString(text);
+    bool ok = false;
+    const int number = given.toInt(&ok);
+    if (!ok || number < least || number > most)
+        refuse(QStringLiteral("%1 takes a whole number from %2 to %3, not '%4'.")
+                   .arg(QLatin1String(option), QString::number(least), QString::number(most), given));
+    return number;
+}
+
+std::chrono::milliseconds readTime(const char* option, const std::string& text)
+{
+    static const QRegularExpression pattern(QStringLiteral(R"(^(\d+(?:\.\d+)?)(ms|s|min|h)?$)"));
+    static const std::map<QString, double> units{{QStringLiteral("ms"), 1.0},
+                                                 {QStringLiteral("s"), 1e3},
+                                                 {QStringLiteral("min"), 6e4},
+                                                 {QStringLiteral("h"), 36e5}};
+    const QString given = QString::fromStdString(text);
+    const auto match = pattern.match(given);
+    const QString unit = match.captured(2).isEmpty() ? QStringLiteral("s") : match.captured(2);
+    const double milliseconds = match.hasMatch() ? match.captured(1).toDouble() * units.at(unit) : 0.0;
+    // Up to what a timer can wait.
+    if (milliseconds < 1.0 || milliseconds > 2e9)
+        refuse(
+            QStringLiteral("%1 takes a time like 500ms, 30s, 5min or 2h, not '%2'.").arg(QLatin1String(option), given));
+    return std::chrono::milliseconds(std::llround(milliseconds));
+}
+
+} // namespace Host

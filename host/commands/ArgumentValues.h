@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QString>
+
+#include <chrono>
+#include <string>
+
+namespace Host {
+
+/// Throws CLI::ValidationError with \a sentence.
+[[noreturn]] void refuse(const QString& sentence);
+
+/// The whole number from \a least to \a most that \a text is; refuses everything else, with the name of \a option.
+int readCount(const char* option, const std::string& text, int least, int most);
+
+/// The time that \a text is, such as "500ms", "30s", "5min", "2h" or, in seconds, "30"; refuses everything else.
+std::chrono::milliseconds readTime(const char* option, const std::string& text);
+
+} // namespace Host
