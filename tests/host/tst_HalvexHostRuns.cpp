@@ -159,7 +159,9 @@ void tst_HalvexHostRuns::reportAsJson()
 void tst_HalvexHostRuns::cameraThatWaitsForATrigger()
 {
     CHostProgram program;
-    QCOMPARE(program.run({"--frames", "3", "--camera-set", "TriggerMode=On", "--timeout", "200ms"}), 1);
+    QCOMPARE(program.run({"--frames", "3", "--camera-set", "TriggerMode=On", "--camera-set", "TriggerSource=Software",
+                          "--timeout", "200ms"}),
+             1);
     QVERIFY2(program.errorLines().constLast().contains("sends nothing: no frame for 0.2 s; does it wait for a trigger"),
              qPrintable(program.errorLines().constLast()));
 }
