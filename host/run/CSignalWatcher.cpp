@@ -12,7 +12,7 @@ namespace Host {
 
 namespace {
 
-constexpr std::array<int, 2> watched = {SIGINT, SIGTERM};
+constexpr std::array<int, 3> watched = {SIGINT, SIGTERM, SIGHUP};
 
 // A handler may do next to nothing, but it may write to a pipe; the event loop reads the other end.
 int pipeEnds[2] = {-1, -1};

@@ -13,7 +13,7 @@
 namespace Host {
 
 /**
- * Brings SIGINT and SIGTERM into the event loop, from construction to destruction.
+ * Brings SIGINT, SIGTERM and SIGHUP into the event loop, from construction to destruction.
  *
  * Each is caught once: the second one of its kind does what it does by default, so that a program that does not
  * end can be ended.
@@ -29,14 +29,14 @@ public:
     ~CSignalWatcher() override;
 
 Q_SIGNALS:
-    /// \a number is SIGINT or SIGTERM. Emitted from the event loop.
+    /// \a number is SIGINT, SIGTERM or SIGHUP. Emitted from the event loop.
     void received(int number);
 
 private:
     void read();
 
     QSocketNotifier m_notifier;
-    std::array<struct sigaction, 2> m_previous{};
+    std::array<struct sigaction, 3> m_previous{};
 };
 
 } // namespace Host

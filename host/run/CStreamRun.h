@@ -24,7 +24,7 @@ class CCameraStream;
  * The run ends when every camera has, as CCameraStream says; an error of one, or a signal, ends all of them.
  *
  * Threads: one, with the application object alive and no event loop needed; frames are grabbed in threads of the
- * streams. SIGINT and SIGTERM are caught while frames stream, and the lines "set NODE.key=value" on standard
+ * streams. SIGINT, SIGTERM and SIGHUP are caught while frames stream, and the lines "set NODE.key=value" on standard
  * input are obeyed.
  */
 class CStreamRun : public QObject

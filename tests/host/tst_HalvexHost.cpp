@@ -155,6 +155,7 @@ void tst_HalvexHost::signalEndsCleanly_data()
     addColumns<QStringList, int>({"cameras", "number"});
     addRow("SIGINT", QStringList{"fake"}, SIGINT);
     addRow("SIGTERM", QStringList{"fake"}, SIGTERM);
+    addRow("SIGHUP", QStringList{"fake"}, SIGHUP);
     addRow("two cameras", QStringList{"fake-1", "fake-2"}, SIGINT);
 }
 
