@@ -37,6 +37,7 @@ class CPngSinkModel : public Plugin::Halvex::ASinkNodeDataModel, public IFrameSi
 {
     Q_OBJECT
     Q_INTERFACES(Host::IFrameSink)
+    Q_PROPERTY(QString sinkName READ sinkName)
 
 public:
     explicit CPngSinkModel(QString sinkName = {});

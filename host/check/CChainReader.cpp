@@ -1,0 +1,214 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/check/CChainReader.h"
+
+#include "host/base/Shown.h"
+#include "host/check/CFaultList.h"
+#include "host/check/CJsonTree.h"
+#include "host/check/CWordFinder.h"
+
+#include <Halvex/graph/DocumentKeys.h>
+
+#include <utility>
+
+namespace Host {
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+constexpr QLatin1String sourcesKey = DocumentKeys::makeKey("unique_sources");
+constexpr QLatin1String targetsKey = DocumentKeys::makeKey("connection");
+constexpr QLatin1String indexInKey = DocumentKeys::makeKey("index_in");
+constexpr QLatin1String indexOutKey = DocumentKeys::makeKey("index _out"); // the blank is part of it
+
+// The children of an array; none if it is something else, or not there.
+const std::vector<SJsonNode*>& itemsOf(const SJsonNode* json)
+{
+    static const std::vector<SJsonNode*> none;
+    return json && json->isArray() ? json->children : none;
+}
+
+template <typename Visitor>
+void forEachSource(const SJsonNode& element, const Visitor& visitor)
+{
+    for (const SJsonNode* port : itemsOf(element.member(sourcesKey))) {
+        for (const SJsonNode* source : itemsOf(port))
+            visitor(*source, int(port->index));
+    }
+}
+
+} // namespace
+
+CChainReader::CChainReader(CGraphCheck& graph, CNodeReader& nodes, CFaultList& faults, CWordFinder& words,
+                           const SCheckOptions& options, SGraphNode camera)
+    : m_graph(graph)
+    , m_nodes(nodes)
+    , m_faults(faults)
+    , m_words(words)
+    , m_options(options)
+    , m_camera(std::move(camera))
+{
+}
+
+void CChainReader::read(const SJsonNode& root)
+{
+    for (const QString& camera : m_options.cameras)
+        addCamera(camera);
+    const int first = m_cameras.size();
+    for (const SJsonNode* element : itemsOf(&root))
+        addElement(*element);
+    if (m_options.cameras.isEmpty())
+        findCameras(root);
+    for (const SJsonNode* element : itemsOf(&root))
+        connectElement(*element, first + int(element->index));
+    checkUnknownSources();
+    if (m_cameras.isEmpty())
+        m_faults.addError(EFaultRule::Camera, root, QStringLiteral("no element has a camera as its source"));
+    m_graph.finish(root);
+}
+
+void CChainReader::addCamera(const QString& name)
+{
+    SGraphNode node = m_camera;
+    node.name = QStringLiteral("the camera %1").arg(shown(name));
+    m_cameras.insert(name, m_graph.addNode(std::move(node)));
+}
+
+void CChainReader::addElement(const SJsonNode& element)
+{
+    SGraphNode node;
+    const SJsonNode* const label = element.member(DocumentKeys::name);
+    node.json = label ? label : &element;
+    node.name = label && label->isString() ? shown(label->text()) : pathOf(element);
+    const SJsonNode* const model = element.member(DocumentKeys::model);
+    if (model && model->isObject() && !m_nodes.read(*model, node)) {
+        const SJsonNode& name = *model->member(DocumentKeys::name);
+        m_faults.addError(EFaultRule::UnusableModel, name,
+                          QStringLiteral("a %1 of its own; frames come from the cameras of the run, named in %2")
+                              .arg(shown(name.text()), shown(sourcesKey)));
+    }
+    addLabel(element, m_graph.addNode(std::move(node)));
+}
+
+void CChainReader::addLabel(const SJsonNode& element, int number)
+{
+    const SJsonNode* const json = element.member(DocumentKeys::name);
+    if (!json || !json->isString() || json->text().isEmpty())
+        return;
+    const QString label = json->text();
+    if (m_cameras.contains(label) || (label == m_options.anyCamera && !label.isEmpty())) {
+        m_faults.addError(EFaultRule::DoubleName, *json,
+                          QStringLiteral("%1 is the name of a camera").arg(shown(label)));
+    } else if (m_labels.contains(label)) {
+        m_faults.addError(EFaultRule::DoubleName, *json,
+                          QStringLiteral("a second element %1, after that at %2")
+                              .arg(shown(label), m_faults.place(m_labelBegins.value(label))));
+    } else {
+        m_labels.insert(label, number);
+        m_labelBegins.insert(label, json->begin);
+        m_labelList << label;
+        return;
+    }
+    m_graph.node(number).isDoubtful = true; // what feeds it may have been meant for it
+}
+
+// Without a list of cameras, they are what no element is.
+void CChainReader::findCameras(const SJsonNode& root)
+{
+    for (const SJsonNode* element : itemsOf(&root))
+        forEachSource(*element, [this](const SJsonNode& source, int) { findCamera(source); });
+}
+
+void CChainReader::findCamera(const SJsonNode& source)
+{
+    const QString name = source.text();
+    if (name.isEmpty() || m_labels.contains(name) || m_cameras.contains(name))
+        return;
+    addCamera(name);
+    const QString meant = name == m_options.anyCamera ? QString() : m_words.closest(name, m_labelList);
+    if (!meant.isNull())
+        m_faults.addWarning(EFaultRule::Source, source,
+                            QStringLiteral("no element is named %1, so a camera must be; did you mean %2?")
+                                .arg(shown(name), shown(meant)));
+}
+
+void CChainReader::connectElement(const SJsonNode& element, int number)
+{
+    forEachSource(element, [&](const SJsonNode& source, int port) { addSource(source, number, port); });
+    for (const SJsonNode* group : itemsOf(element.member(targetsKey))) {
+        for (const SJsonNode* target : itemsOf(group))
+            addTarget(*target, number);
+    }
+}
+
+void CChainReader::addSource(const SJsonNode& source, int element, int port)
+{
+    if (!source.isString()) {
+        m_graph.node(element).isDoubtful = true;
+        return;
+    }
+    SGraphConnection connection;
+    connection.to = element;
+    connection.outPort = connection.inPort = port;
+    connection.json = &source;
+    const QString name = source.text();
+    if (name == m_options.anyCamera && !name.isEmpty() && !m_cameras.contains(name)) {
+        for (const int camera : qAsConst(m_cameras)) {
+            connection.from = camera;
+            m_graph.connect(connection);
+        }
+        return;
+    }
+    connection.from = m_cameras.value(name, m_labels.value(name, -1));
+    if (connection.from >= 0)
+        m_graph.connect(connection);
+    else
+        m_unknown.push_back({element, port, &source});
+}
+
+void CChainReader::addTarget(const SJsonNode& target, int element)
+{
+    const SJsonNode* const label = target.isObject() ? target.member(DocumentKeys::name) : &target;
+    if (!label || !label->isString())
+        return;
+    SGraphConnection connection;
+    connection.from = element;
+    connection.to = m_labels.value(label->text(), m_cameras.value(label->text(), -1));
+    if (connection.to < 0) {
+        const QString meant = m_words.closest(label->text(), m_labelList);
+        m_faults.addError(EFaultRule::UnknownName, *label,
+                          QStringLiteral("no element is named %1%2")
+                              .arg(shown(label->text()), m_words.hint(label->text(), m_labelList)));
+        if (!meant.isNull())
+            m_graph.node(m_labels.value(meant)).isDoubtful = true;
+        return;
+    }
+    connection.json = label;
+    connection.outPortJson = target.member(indexOutKey);
+    connection.inPortJson = target.member(indexInKey);
+    connection.outPort = connection.outPortJson ? connection.outPortJson->scalar.toDouble() : 0;
+    connection.inPort = connection.inPortJson ? connection.inPortJson->scalar.toDouble() : 0;
+    m_graph.connect(connection);
+}
+
+// A chain may serve cameras that this run lacks, as long as something else feeds the port.
+void CChainReader::checkUnknownSources()
+{
+    QStringList known = m_labelList;
+    for (const QString& camera : m_options.cameras)
+        known << camera;
+    for (const SUnknownSource& unknown : m_unknown) {
+        const QString name = unknown.json->text();
+        const QString message = QStringLiteral("no camera of the run and no element is named %1").arg(shown(name));
+        if (m_graph.isFed(unknown.element, unknown.port)) {
+            m_faults.addWarning(EFaultRule::Source, *unknown.json, message);
+        } else {
+            m_faults.addError(EFaultRule::Source, *unknown.json, message + m_words.hint(name, known));
+            m_graph.node(unknown.element).isDoubtful = true;
+        }
+    }
+}
+
+} // namespace Host

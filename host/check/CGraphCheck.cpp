@@ -1,0 +1,240 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/check/CGraphCheck.h"
+
+#include "host/base/Shown.h"
+#include "host/check/CFaultList.h"
+#include "host/check/CJsonTree.h"
+#include "host/check/CWordFinder.h"
+#include "host/check/ShortestLoops.h"
+
+#include <algorithm>
+#include <iterator>
+#include <limits>
+#include <utility>
+
+namespace Host {
+
+namespace {
+
+constexpr std::size_t maxShownNodes = 20; // of a loop
+
+QString portCount(std::size_t count, const QString& side)
+{
+    if (count == 0)
+        return QStringLiteral("it has none");
+    return count == 1 ? QStringLiteral("its only %1 port is 0").arg(side)
+                      : QStringLiteral("its %1 ports are 0 to %2").arg(side).arg(count - 1);
+}
+
+int portNumber(double port)
+{
+    return port >= 0 && port <= std::numeric_limits<int>::max() ? int(port) : -1;
+}
+
+} // namespace
+
+CGraphCheck::CGraphCheck(CModelCatalogue& models, CFaultList& faults)
+    : m_models(models)
+    , m_faults(faults)
+{
+}
+
+int CGraphCheck::addNode(SGraphNode node)
+{
+    m_nodes.push_back(std::move(node));
+    return int(m_nodes.size()) - 1;
+}
+
+void CGraphCheck::connect(const SGraphConnection& connection)
+{
+    const bool arePorts = checkPort(connection, true) && checkPort(connection, false);
+    if (arePorts)
+        checkTypes(connection);
+
+    const int inPort = portNumber(connection.inPort);
+    const SJsonNode*& known = m_known[{connection.from, portNumber(connection.outPort), connection.to, inPort}];
+    if (known && arePorts)
+        m_faults.addWarning(
+            EFaultRule::DoubleConnection, *connection.json,
+            QStringLiteral("%1 feeds %2 already, at %3: all comes twice")
+                .arg(node(connection.from).name, node(connection.to).name, m_faults.place(known->begin)));
+    known = connection.json;
+    m_edges.emplace_back(connection.from, connection.to);
+    m_fedPorts.emplace(connection.to, inPort);
+}
+
+bool CGraphCheck::checkPort(const SGraphConnection& connection, bool isOutput)
+{
+    const SGraphNode& node = m_nodes[std::size_t(isOutput ? connection.from : connection.to)];
+    const PortTypes& ports = isOutput ? node.outputs : node.inputs;
+    const double port = isOutput ? connection.outPort : connection.inPort;
+    if (!node.hasModel || (port >= 0 && port < double(ports.size())))
+        return true;
+    const SJsonNode* const written = isOutput ? connection.outPortJson : connection.inPortJson;
+    const QString side = isOutput ? QStringLiteral("output") : QStringLiteral("input");
+    m_faults.addError(EFaultRule::Port, written ? *written : *connection.json,
+                      QStringLiteral("%1 has no %2 port %3; %4")
+                          .arg(node.name, side, QString::number(port, 'g', 15), portCount(ports.size(), side)));
+    return false;
+}
+
+void CGraphCheck::checkTypes(const SGraphConnection& connection)
+{
+    const SGraphNode& from = node(connection.from);
+    const SGraphNode& to = node(connection.to);
+    if (!from.hasModel || !to.hasModel)
+        return;
+    const QString given = from.outputs[std::size_t(connection.outPort)].id;
+    const QString taken = to.inputs[std::size_t(connection.inPort)].id;
+    if (!connection.convertedFrom.isEmpty() || !connection.convertedTo.isEmpty()) {
+        checkConverter(connection, given, taken);
+    } else if (given != taken) {
+        m_faults.addError(EFaultRule::DataType, *connection.json,
+                          QStringLiteral("%1 gives %2, and %3 takes %4; %5")
+                              .arg(from.name, shown(given), to.name, shown(taken), remedy(connection, given, taken)));
+    }
+}
+
+void CGraphCheck::checkConverter(const SGraphConnection& connection, const QString& given, const QString& taken)
+{
+    const QString converted =
+        QStringLiteral("a converter from %1 to %2").arg(shown(connection.convertedFrom), shown(connection.convertedTo));
+    if (connection.convertedFrom != given || connection.convertedTo != taken)
+        m_faults.addError(
+            EFaultRule::DataType, *connection.json,
+            QStringLiteral("%1, where %2 gives %3, and %4 takes %5")
+                .arg(converted, node(connection.from).name, shown(given), node(connection.to).name, shown(taken)));
+    else if (!m_models.converts(given, taken))
+        m_faults.addError(EFaultRule::DataType, *connection.json,
+                          QStringLiteral("%1 is not registered").arg(converted));
+}
+
+QString CGraphCheck::remedy(const SGraphConnection& connection, const QString& given, const QString& taken)
+{
+    const QString model = m_models.modelBetween(given, taken);
+    if (connection.canConvert && m_models.converts(given, taken))
+        return QStringLiteral("give the connection a converter, which is registered");
+    if (!model.isEmpty())
+        return QStringLiteral("put a %1 between").arg(shown(model));
+    return QStringLiteral("no model makes the one of the other");
+}
+
+void CGraphCheck::finish(const SJsonNode& root)
+{
+    findLoops();
+    if (findIdleCameras(root))
+        findUnreached();
+}
+
+// What leads through a decoupler does not go round at once, but with its rate.
+void CGraphCheck::findLoops()
+{
+    FlowEdges edges;
+    std::copy_if(m_edges.begin(), m_edges.end(), std::back_inserter(edges),
+                 [this](const auto& edge) { return !node(edge.first).isDecoupler && !node(edge.second).isDecoupler; });
+    for (const auto& loop : shortestLoops(int(m_nodes.size()), edges)) {
+        QStringList names;
+        for (std::size_t i = 0; i < loop.size() && i < maxShownNodes; ++i)
+            names << node(loop[i]).name;
+        if (loop.size() > maxShownNodes)
+            names << QStringLiteral("%1 more").arg(loop.size() - maxShownNodes);
+        names << node(loop.front()).name;
+        m_faults.addError(
+            EFaultRule::Loop, *node(loop.front()).json,
+            QStringLiteral("a loop, with no decoupler in it: %1").arg(names.join(QStringLiteral(" -> "))));
+    }
+}
+
+// Whether any camera is wired: otherwise it goes without saying that nothing is reached.
+bool CGraphCheck::findIdleCameras(const SJsonNode& root)
+{
+    std::vector<bool> isWired(m_nodes.size(), false);
+    for (const auto& edge : m_edges)
+        isWired[std::size_t(edge.first)] = true;
+    QStringList idle;
+    bool isAnyWired = false;
+    for (std::size_t i = 0; i < m_nodes.size(); ++i) {
+        if (m_nodes[i].isCamera && !isWired[i])
+            idle << m_nodes[i].name;
+        isAnyWired = isAnyWired || (m_nodes[i].isCamera && isWired[i]);
+    }
+    if (!idle.isEmpty())
+        m_faults.addError(EFaultRule::Camera, root,
+                          QStringLiteral("nothing is wired to %1").arg(idle.join(QStringLiteral(", "))));
+    return isAnyWired;
+}
+
+void CGraphCheck::findUnreached()
+{
+    std::vector<std::vector<int>> targets(m_nodes.size());
+    for (const auto& edge : m_edges)
+        targets[std::size_t(edge.first)].push_back(edge.second);
+    std::vector<bool> isReached(m_nodes.size(), false);
+    const auto reachFrom = [&](int first) {
+        std::vector<int> open{first};
+        int count = 0;
+        while (!open.empty()) {
+            const auto at = std::size_t(open.back());
+            open.pop_back();
+            if (isReached[at])
+                continue;
+            isReached[at] = true;
+            ++count;
+            open.insert(open.end(), targets[at].begin(), targets[at].end());
+        }
+        return count;
+    };
+    for (int i = 0; i < int(m_nodes.size()); ++i) {
+        const SGraphNode& each = node(i);
+        if (each.isCamera || each.isDoubtful || !each.hasModel || each.inputs.empty())
+            reachFrom(i);
+    }
+    for (int i = 0; i < int(m_nodes.size()); ++i) {
+        if (isReached[std::size_t(i)])
+            findUnfedPorts(i);
+    }
+
+    // In the order of the flow, so that a branch is told by its beginning; what is left then are loops.
+    std::vector<int> order = flowOrder(int(m_nodes.size()), m_edges);
+    for (int i = 0; i < int(m_nodes.size()); ++i)
+        order.push_back(i);
+    for (const int first : order) {
+        if (isReached[std::size_t(first)])
+            continue;
+        const int behind = reachFrom(first) - 1;
+        const QString others = behind == 0 ? QString()
+                                           : QStringLiteral(", and so not what lies behind it (%1 %2)")
+                                                 .arg(QString::number(behind),
+                                                      behind == 1 ? QStringLiteral("node") : QStringLiteral("nodes"));
+        m_faults.addError(EFaultRule::Unreached, *node(first).json,
+                          QStringLiteral("no source reaches %1%2").arg(node(first).name, others));
+    }
+}
+
+void CGraphCheck::findUnfedPorts(int number)
+{
+    const SGraphNode& each = node(number);
+    if (each.inputs.size() < 2 || each.isDoubtful)
+        return;
+    QStringList unfed;
+    for (int port = 0; port < int(each.inputs.size()); ++port) {
+        if (!isFed(number, port))
+            unfed << QString::number(port);
+    }
+    if (!unfed.isEmpty())
+        m_faults.addWarning(
+            EFaultRule::Unreached, *each.json,
+            QStringLiteral("nothing feeds input port %1 of %2").arg(unfed.join(QStringLiteral(", ")), each.name));
+}
+
+std::size_t CGraphCheck::connectionsOf(int camera) const
+{
+    const auto count = std::count_if(m_edges.begin(), m_edges.end(), [&](const auto& edge) {
+        return edge.first == camera || !m_nodes[std::size_t(edge.first)].isCamera;
+    });
+    return std::size_t(count);
+}
+
+} // namespace Host

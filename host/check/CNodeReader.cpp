@@ -1,0 +1,107 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/check/CNodeReader.h"
+
+#include "host/base/Attempt.h"
+#include "host/base/Shown.h"
+#include "host/check/CFaultList.h"
+#include "host/check/CJsonTree.h"
+#include "host/check/CSettingsCheck.h"
+#include "host/check/CWordFinder.h"
+#include "host/models/IFrameSink.h"
+
+#include <Halvex/graph/DocumentKeys.h>
+#include <Halvex/models/ASourceNodeDataModel.h>
+#include <Halvex/models/CNodeDecouplerDataModelBase.h>
+
+#include <algorithm>
+
+namespace Host {
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+// What lies in the folder of a graph beside those of its sinks has a name that ends so.
+bool makesAFolder(const QString& name)
+{
+    const bool isFile = name == QLatin1String("graph.txt") || name == QLatin1String("graph.dot");
+    return !isFile && !name.isEmpty() && !name.startsWith(QLatin1Char('.')) &&
+           std::all_of(name.begin(), name.end(), [](QChar c) { return c.isPrint() && c != QLatin1Char('/'); });
+}
+
+} // namespace
+
+CNodeReader::CNodeReader(CModelCatalogue& models, CFaultList& faults, CWordFinder& words)
+    : m_models(models)
+    , m_faults(faults)
+    , m_words(words)
+{
+}
+
+bool CNodeReader::read(const SJsonNode& json, SGraphNode& node)
+{
+    const SJsonNode* const nameJson = json.member(DocumentKeys::name);
+    if (!nameJson || !nameJson->isString() || nameJson->text().isEmpty())
+        return true; // told with the shape of the document
+    const QString name = nameJson->text();
+    if (!m_models.names().contains(name)) {
+        m_faults.addError(
+            EFaultRule::UnknownModel, *nameJson,
+            QStringLiteral("no model %1 is registered%2").arg(shown(name), m_words.hint(name, m_models.names())));
+        return true;
+    }
+    QString error;
+    const auto model = m_models.create(name, &error);
+    if (!model) {
+        m_faults.addError(EFaultRule::UnusableModel, *nameJson,
+                          error.isEmpty() ? QStringLiteral("a %1 cannot be made").arg(shown(name)) : error);
+        return true;
+    }
+    if (qobject_cast<ASourceNodeDataModel*>(model.get()))
+        return false;
+    readModel(*model, json, node);
+    return true;
+}
+
+void CNodeReader::readModel(CNodeDataModel& model, const SJsonNode& json, SGraphNode& node)
+{
+    checkSink(model, json);
+    CSettingsCheck(model, json, m_faults, m_words).check();
+    const QString error = attempt(QStringLiteral("asking for ports"), [&] {
+        node.inputs = portTypes(model, ENodePortType::In);
+        node.outputs = portTypes(model, ENodePortType::Out);
+        return true;
+    });
+    node.hasModel = error.isEmpty();
+    node.isDecoupler = qobject_cast<CNodeDecouplerDataModelBase*>(&model) != nullptr;
+    if (!error.isEmpty())
+        m_faults.addError(EFaultRule::UnusableModel, json, error);
+}
+
+void CNodeReader::checkSink(CNodeDataModel& model, const SJsonNode& json)
+{
+    const auto* const sink = qobject_cast<IFrameSink*>(&model);
+    if (!sink)
+        return;
+    const QString sinkName = QStringLiteral("sink_name");
+    const SJsonNode* const settings = json.member(DocumentKeys::property);
+    const SJsonNode* at = settings ? settings->member(QLatin1String("sink_name")) : nullptr;
+    const QString name = at ? at->text() : QString();
+    at = at ? at : json.member(DocumentKeys::name);
+    const auto known = m_sinks.constFind(name);
+    if (!makesAFolder(name))
+        m_faults.addError(EFaultRule::Sink, *at,
+                          name.isEmpty()
+                              ? QStringLiteral("a sink needs a name for its folder: \"property\": {\"sink_name\": …}")
+                              : QStringLiteral("the sink's name %1 makes no folder").arg(shown(name)));
+    else if (known != m_sinks.constEnd())
+        m_faults.addError(
+            EFaultRule::Sink, *at,
+            QStringLiteral("a second sink %1, after that at %2").arg(shown(name), m_faults.place(*known)));
+    else
+        m_sinks.insert(name, at->begin);
+}
+
+} // namespace Host

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "host/check/CNodeReader.h"
+
+#include <Halvex/platform/CId.h>
+
+#include <QStringList>
+
+#include <unordered_map>
+
+namespace Host {
+
+/// Reads a scene, docs/scene-document.md, into a graph, and finds what is wrong with its ids and cameras. What is not
+/// as the schema has it was told before, and is passed over.
+class CSceneReader
+{
+public:
+    /// \a camera: what stands for the camera of the run, with the name of its model in \a cameraModel. All references
+    /// outlive this object.
+    CSceneReader(CGraphCheck& graph, CNodeReader& nodes, CFaultList& faults, CWordFinder& words, QString cameraModel,
+                 SGraphNode camera);
+
+    void read(const SJsonNode& root);
+
+private:
+    void addNode(const SJsonNode& json);
+    void readModel(const SJsonNode& json, SGraphNode& node);
+    void readCamera(const SJsonNode& json, SGraphNode& node);
+    void addId(const SJsonNode& json, int number);
+    void addConnection(const SJsonNode& json);
+    int findEnd(const SJsonNode& connection, QLatin1String key);
+
+    CGraphCheck& m_graph;
+    CNodeReader& m_nodes;
+    CFaultList& m_faults;
+    CWordFinder& m_words;
+    const QString m_cameraModel;
+    const SGraphNode m_camera;
+    std::unordered_map<Core::CId, int> m_numbers; // of nodes
+    std::unordered_map<Core::CId, int> m_begins;  // where the ids stand
+    QStringList m_ids;                            // as they are written
+    const SJsonNode* m_cameraJson = nullptr;
+};
+
+} // namespace Host

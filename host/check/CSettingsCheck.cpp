@@ -1,0 +1,152 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/check/CSettingsCheck.h"
+
+#include "host/base/Attempt.h"
+#include "host/base/Shown.h"
+#include "host/check/CFaultList.h"
+#include "host/check/CJsonTree.h"
+#include "host/check/CWordFinder.h"
+#include "host/check/SettingProperty.h"
+
+#include <Halvex/graph/CNodeDataModel.h>
+#include <Halvex/graph/DocumentKeys.h>
+#include <Halvex/models/CNodeDecouplerDataModelBase.h>
+
+namespace Host {
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+QJsonObject settings(const QJsonObject& model)
+{
+    return model.value(DocumentKeys::property).toObject();
+}
+
+bool isSameKind(QJsonValue::Type type, const QJsonValue& value)
+{
+    return value.isUndefined() || value.isNull() || value.type() == type;
+}
+
+} // namespace
+
+CSettingsCheck::CSettingsCheck(CNodeDataModel& model, const SJsonNode& json, CFaultList& faults, CWordFinder& words)
+    : m_model(model)
+    , m_json(json)
+    , m_faults(faults)
+    , m_words(words)
+{
+}
+
+void CSettingsCheck::check()
+{
+    if (m_json.children.size() == 1)
+        return; // the name alone, as most elements have it
+    const QString error = attempt(QStringLiteral("making %1").arg(shown(m_model.name())), [this] {
+        m_before = m_model.save();
+        m_model.restore(valueOf(m_json).toObject());
+        m_after = m_model.save();
+        return true;
+    });
+    if (!error.isEmpty()) {
+        m_faults.addError(EFaultRule::UnusableModel, m_json, error);
+        return;
+    }
+    checkKeys();
+    checkSettings();
+}
+
+void CSettingsCheck::checkKeys()
+{
+    for (const SJsonNode* member : m_json.children) {
+        const QString& key = member->key;
+        if (key == DocumentKeys::name || key == DocumentKeys::property)
+            continue;
+        const QJsonValue given = valueOf(*member);
+        const QJsonValue kept = m_after.value(key);
+        if (kept == given || (key == DocumentKeys::isUnique && given == false))
+            continue;
+        if (kept.isUndefined()) {
+            QStringList keys = m_after.keys();
+            keys << QString(DocumentKeys::property);
+            m_faults.addKeyError(EFaultRule::UnknownKey, *member,
+                                 QStringLiteral("unknown key %1: a %2 does not keep it%3")
+                                     .arg(shown(key), shown(m_model.name()), m_words.hint(key, keys)));
+        } else {
+            m_faults.addError(EFaultRule::Setting, *member,
+                              QStringLiteral("%1 for %2 is not taken; it stays %3")
+                                  .arg(description(*member), shown(key), jsonText(kept)));
+        }
+    }
+}
+
+void CSettingsCheck::checkSettings()
+{
+    const SJsonNode* const all = m_json.member(DocumentKeys::property);
+    if (!all || !all->isObject())
+        return;
+    for (const SJsonNode* setting : all->children)
+        checkSetting(*setting);
+}
+
+void CSettingsCheck::checkSetting(const SJsonNode& setting)
+{
+    const QStringList names = settingNames();
+    if (!names.contains(setting.key)) {
+        const QString none = names.isEmpty() ? QStringLiteral("; it has none") : m_words.hint(setting.key, names);
+        m_faults.addKeyError(
+            EFaultRule::Setting, setting,
+            QStringLiteral("a %1 has no setting %2%3").arg(shown(m_model.name()), shown(setting.key), none));
+        return;
+    }
+    if (!checkType(setting) || !checkRate(setting))
+        return;
+    const QJsonValue now = present(setting.key);
+    if (!now.isUndefined() && now != valueOf(setting))
+        m_faults.addError(
+            EFaultRule::Setting, setting,
+            QStringLiteral("%1 refuses %2; it stays %3").arg(shown(setting.key), description(setting), jsonText(now)));
+}
+
+bool CSettingsCheck::checkType(const SJsonNode& setting)
+{
+    const QString expected = expectedBySetting(m_model, setting, m_words);
+    if (expected.isEmpty() && isSameKind(setting.type, settings(m_before).value(setting.key)))
+        return true;
+    const QString belongs = expected.isEmpty()
+                                ? QStringLiteral("a value like %1").arg(jsonText(settings(m_before).value(setting.key)))
+                                : expected;
+    m_faults.addError(EFaultRule::Setting, setting,
+                      QStringLiteral("%1, where %2 belongs").arg(description(setting), belongs));
+    return false;
+}
+
+// A decoupler keeps such a rate, but its timer goes on with the one before.
+bool CSettingsCheck::checkRate(const SJsonNode& setting)
+{
+    const bool isRate =
+        setting.key == DocumentKeys::framesPerSecond && qobject_cast<CNodeDecouplerDataModelBase*>(&m_model) != nullptr;
+    if (!isRate || setting.scalar.toDouble() > 0)
+        return true;
+    m_faults.addError(EFaultRule::Setting, setting,
+                      QStringLiteral("%1, where a rate above 0 belongs").arg(description(setting)));
+    return false;
+}
+
+QJsonValue CSettingsCheck::present(const QString& key) const
+{
+    const QJsonValue saved = settings(m_after).value(key);
+    return saved.isUndefined() ? settingProperty(m_model, key) : saved;
+}
+
+QStringList CSettingsCheck::settingNames() const
+{
+    QStringList names = settings(m_before).keys() + settings(m_after).keys() + settingProperties(m_model);
+    names.removeDuplicates();
+    names.sort();
+    return names;
+}
+
+} // namespace Host

@@ -1,0 +1,219 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/check/CShapeCheck.h"
+
+#include "host/base/Shown.h"
+#include "host/check/CFaultList.h"
+#include "host/check/CJsonTree.h"
+#include "host/check/CWordFinder.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QSet>
+
+#include <valijson/adapters/qtjson_adapter.hpp>
+#include <valijson/schema.hpp>
+#include <valijson/schema_parser.hpp>
+#include <valijson/validation_results.hpp>
+#include <valijson/validator.hpp>
+
+#include <algorithm>
+#include <iterator>
+#include <set>
+
+// Outside of any namespace, as Qt wants it: the resource is in a static library, which is asked for it by name.
+static void initResources()
+{
+    Q_INIT_RESOURCE(schemas);
+}
+
+namespace Host {
+
+namespace {
+
+bool hasType(const SJsonNode& node, const QString& type)
+{
+    if (type == QLatin1String("array"))
+        return node.isArray();
+    if (type == QLatin1String("object"))
+        return node.isObject();
+    if (type == QLatin1String("string"))
+        return node.isString();
+    if (type == QLatin1String("boolean"))
+        return node.type == QJsonValue::Bool;
+    if (type == QLatin1String("number"))
+        return node.type == QJsonValue::Double;
+    // A whole number, of 32 bits: of no other does toInt() make a number.
+    return node.type == QJsonValue::Double && node.scalar.toInt(0) == node.scalar.toInt(1);
+}
+
+QString typeText(const QString& type)
+{
+    if (type == QLatin1String("integer"))
+        return QStringLiteral("a whole number");
+    if (type == QLatin1String("boolean"))
+        return QStringLiteral("true or false");
+    const bool isVowel = QStringLiteral("ao").contains(type.at(0));
+    return (isVowel ? QStringLiteral("an ") : QStringLiteral("a ")) + type;
+}
+
+QStringList texts(const QJsonValue& json)
+{
+    return json.isString() ? QStringList(json.toString()) : json.toVariant().toStringList();
+}
+
+} // namespace
+
+CShapeCheck::CShapeCheck(const QJsonObject& schema, CFaultList& faults, CWordFinder& words)
+    : m_schema(schema)
+    , m_faults(faults)
+    , m_words(words)
+{
+}
+
+void CShapeCheck::check(SJsonNode& root)
+{
+    using namespace valijson;
+    const QJsonValue schemaJson(m_schema);
+    Schema schema;
+    SchemaParser().populateSchema(adapters::QtJsonAdapter(schemaJson), schema);
+    const QJsonValue document = valueOf(root);
+    ValidationResults results;
+    if (Validator().validate(schema, adapters::QtJsonAdapter(document), &results))
+        return;
+
+    // What encloses a faulty value is reported with it, and has nothing to explain.
+    bool isExplained = false;
+    std::set<Path> seen;
+    for (const auto& error : results) {
+        if (seen.insert(error.context).second)
+            isExplained = explain(root, error.context) || isExplained;
+    }
+    Q_ASSERT(isExplained);
+    if (!isExplained)
+        m_faults.addError(EFaultRule::WrongValue, root, QString::fromStdString(results.begin()->description));
+}
+
+bool CShapeCheck::explain(SJsonNode& root, const Path& path)
+{
+    // Steps are "<root>", "[3]", "[key]".
+    SJsonNode* node = &root;
+    QJsonObject schema = m_schema;
+    for (auto step = path.begin() + 1; step != path.end(); ++step) {
+        const QString key = QString::fromStdString(step->substr(1, step->size() - 2));
+        if (node->isArray()) {
+            node = node->children.at(key.toUInt());
+            schema = resolved(schema.value(QLatin1String("items")));
+            continue;
+        }
+        // The last of several, as the validator has it.
+        const auto member = std::find_if(node->children.rbegin(), node->children.rend(),
+                                         [&key](const SJsonNode* child) { return child->key == key; });
+        if (member == node->children.rend())
+            return false;
+        node = *member;
+        schema = resolved(schema.value(QLatin1String("properties"))[key]);
+    }
+    if (explainType(*node, schema))
+        return true;
+    const bool hasUnknown = node->isObject() && explainKeys(*node, schema);
+    const bool hasMissing = node->isObject() && explainMissing(*node, schema);
+    return explainValue(*node, schema) || hasUnknown || hasMissing;
+}
+
+bool CShapeCheck::explainType(const SJsonNode& node, const QJsonObject& schema)
+{
+    const QStringList types = texts(schema.value(QLatin1String("type")));
+    if (types.isEmpty() ||
+        std::any_of(types.begin(), types.end(), [&node](const QString& type) { return hasType(node, type); }))
+        return false;
+    QStringList allowed;
+    std::transform(types.begin(), types.end(), std::back_inserter(allowed), typeText);
+    const QString title = schema.value(QLatin1String("title")).toString();
+    m_faults.addError(
+        EFaultRule::WrongType, node,
+        QStringLiteral("%1, where %2 belongs: %3").arg(description(node), allowed.join(QStringLiteral(" or ")), title));
+    return true;
+}
+
+bool CShapeCheck::explainKeys(SJsonNode& object, const QJsonObject& schema)
+{
+    if (schema.value(QLatin1String("additionalProperties")).toBool(true))
+        return false;
+    const QStringList known = schema.value(QLatin1String("properties")).toObject().keys();
+    QStringList unused = known;
+    for (const SJsonNode* member : object.children)
+        unused.removeAll(member->key);
+
+    bool isFound = false;
+    for (SJsonNode* member : object.children) {
+        if (known.contains(member->key))
+            continue;
+        isFound = true;
+        const QString meant = m_words.closest(member->key, known);
+        const QString hint = meant.isNull() ? QStringLiteral("; allowed are %1").arg(listed(known))
+                                            : QStringLiteral("; did you mean %1?").arg(shown(meant));
+        m_faults.addKeyError(EFaultRule::UnknownKey, *member,
+                             QStringLiteral("unknown key %1%2").arg(shown(member->key), hint));
+        if (unused.removeOne(meant))
+            member->meant = meant;
+    }
+    return isFound;
+}
+
+bool CShapeCheck::explainMissing(const SJsonNode& object, const QJsonObject& schema)
+{
+    QStringList missing;
+    const QStringList required = texts(schema.value(QLatin1String("required")));
+    for (const QString& key : required) {
+        if (!object.member(QLatin1String(key.toLatin1())))
+            missing << key;
+    }
+    if (missing.isEmpty())
+        return false;
+    m_faults.addError(
+        EFaultRule::MissingKey, object,
+        QStringLiteral("%1 has no %2").arg(schema.value(QLatin1String("title")).toString(), listed(missing)));
+    return true;
+}
+
+bool CShapeCheck::explainValue(const SJsonNode& node, const QJsonObject& schema)
+{
+    if (node.isString() && node.text().size() < schema.value(QLatin1String("minLength")).toInt()) {
+        m_faults.addError(EFaultRule::WrongValue, node,
+                          QStringLiteral("%1 is empty").arg(schema.value(QLatin1String("title")).toString()));
+        return true;
+    }
+    const QJsonValue least = schema.value(QLatin1String("minimum"));
+    if (node.type == QJsonValue::Double && least.isDouble() && node.scalar.toDouble() < least.toDouble()) {
+        m_faults.addError(
+            EFaultRule::WrongValue, node,
+            QStringLiteral("%1, where %2 belongs, from %3")
+                .arg(description(node), schema.value(QLatin1String("title")).toString(), least.toVariant().toString()));
+        return true;
+    }
+    return false;
+}
+
+QJsonObject CShapeCheck::resolved(const QJsonValue& schema) const
+{
+    const QString reference = schema[QLatin1String("$ref")].toString();
+    if (reference.isEmpty())
+        return schema.toObject();
+    // "#/definitions/element"
+    return m_schema.value(QLatin1String("definitions"))[reference.section(QLatin1Char('/'), 2)].toObject();
+}
+
+QJsonObject shippedSchema(const QString& name)
+{
+    initResources();
+    QFile file(QStringLiteral(":/halvex-host/schemas/%1.schema.json").arg(name));
+    const bool isOpen = file.open(QIODevice::ReadOnly);
+    Q_ASSERT(isOpen);
+    Q_UNUSED(isOpen)
+    return QJsonDocument::fromJson(file.readAll()).object();
+}
+
+} // namespace Host

@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/check/CWordFinder.h"
+
+#include "host/base/Shown.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <utility>
+#include <vector>
+
+namespace Host {
+
+namespace {
+
+constexpr int maxWordLength = 100; // of what is compared: the time goes with the square
+constexpr int maxListed = 10;
+
+// What may be different in a word of so many letters. A word of two has nothing left to be recognised by.
+int mostDifferences(int letters)
+{
+    return letters < 3 ? 0 : std::max(1, letters / 3);
+}
+
+} // namespace
+
+int editDistance(const QString& left, const QString& right)
+{
+    const QString a = left.toCaseFolded();
+    const QString b = right.toCaseFolded();
+    const auto width = std::size_t(b.size()) + 1;
+    std::vector<int> beforeLast(width);
+    std::vector<int> last(width);
+    std::vector<int> row(width);
+    std::iota(last.begin(), last.end(), 0);
+    for (int i = 1; i <= a.size(); ++i) {
+        row[0] = i;
+        for (int j = 1; j <= b.size(); ++j) {
+            const auto at = std::size_t(j);
+            const bool isSame = a.at(i - 1) == b.at(j - 1);
+            row[at] = std::min({last[at] + 1, row[at - 1] + 1, last[at - 1] + (isSame ? 0 : 1)});
+            if (i > 1 && j > 1 && a.at(i - 1) == b.at(j - 2) && a.at(i - 2) == b.at(j - 1))
+                row[at] = std::min(row[at], beforeLast[at - 2] + 1);
+        }
+        std::swap(beforeLast, last);
+        std::swap(last, row);
+    }
+    return last.back();
+}
+
+QString CWordFinder::closest(const QString& word, const QStringList& words)
+{
+    if (word.isEmpty() || word.size() > maxWordLength)
+        return {};
+    QString best;
+    int bestDistance = mostDifferences(word.size()) + 1;
+    for (const QString& candidate : words) {
+        if (std::abs(candidate.size() - word.size()) >= bestDistance || candidate == word)
+            continue;
+        if (--m_comparisonsLeft < 0)
+            return {};
+        const int distance = editDistance(word, candidate);
+        if (distance < bestDistance) {
+            best = candidate;
+            bestDistance = distance;
+        }
+    }
+    return best;
+}
+
+QString CWordFinder::hint(const QString& word, const QStringList& words)
+{
+    const QString meant = closest(word, words);
+    if (!meant.isNull())
+        return QStringLiteral("; did you mean %1?").arg(shown(meant));
+    if (words.isEmpty() || words.size() > maxListed)
+        return {};
+    return QStringLiteral("; there %1 %2")
+        .arg(words.size() == 1 ? QStringLiteral("is only") : QStringLiteral("are"), listed(words));
+}
+
+QString listed(const QStringList& words, const QString& conjunction)
+{
+    QStringList quoted;
+    for (const QString& word : words)
+        quoted << shown(word);
+    if (quoted.size() < 2)
+        return quoted.join(QString());
+    const QString last = quoted.takeLast();
+    return QStringLiteral("%1 %2 %3").arg(quoted.join(QStringLiteral(", ")), conjunction, last);
+}
+
+} // namespace Host

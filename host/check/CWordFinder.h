@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace Host {
+
+/// How many letters must be put in, left out, exchanged or swapped with their neighbours to make one word the other.
+/// The case of letters does not count.
+int editDistance(const QString& left, const QString& right);
+
+/**
+ * Finds the word that was meant by a mistyped one.
+ *
+ * Comparing takes time for each pair of words, so after some millions of them it finds nothing any more: a document
+ * with thousands of wrong words is told so at once rather than helpfully in a minute.
+ */
+class CWordFinder
+{
+public:
+    /// The one of \a words that is most like \a word; null if none is. A third of the letters may differ.
+    QString closest(const QString& word, const QStringList& words);
+
+    /// "; did you mean 'Blur'?", or else the words when they are few: "; there are 'a' and 'b'". May be empty.
+    QString hint(const QString& word, const QStringList& words);
+
+private:
+    int m_comparisonsLeft = 2000000;
+};
+
+/// "'a', 'b' and 'c'", or with \a conjunction between the last two.
+QString listed(const QStringList& words, const QString& conjunction = QStringLiteral("and"));
+
+} // namespace Host

@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/check/CheckFiles.h"
+
+#include "host/check/CDocumentCheck.h"
+#include "host/check/FaultReport.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace Host {
+
+namespace {
+
+constexpr qint64 maxSize = qint64(64) * 1024 * 1024;
+
+bool isStandardInput(const QString& file)
+{
+    return file == QLatin1String("-");
+}
+
+// On failure the reason in \a error.
+QByteArray readFile(const QString& name, QString* error)
+{
+    QFile file(name);
+    const bool isOpen = isStandardInput(name) ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
+    // Not all at once: a device may have no end.
+    const QByteArray bytes = isOpen ? file.read(maxSize + 1) : QByteArray();
+    if (!isOpen || file.error() != QFileDevice::NoError)
+        *error = QStringLiteral("cannot read: %1").arg(file.errorString());
+    else if (bytes.size() > maxSize)
+        *error = QStringLiteral("larger than 64 MiB");
+    return bytes;
+}
+
+SCheckedFile checkFile(const QString& name, CDocumentCheck& check)
+{
+    SCheckedFile checked{isStandardInput(name) ? QStringLiteral("<stdin>") : name, {}};
+    QString error;
+    const QByteArray text = readFile(name, &error);
+    if (error.isEmpty())
+        checked.faults = check.check(text);
+    else
+        checked.faults.push_back({true, EFaultRule::Unreadable, 0, 0, {}, error});
+    return checked;
+}
+
+int exitCodeOf(const SCheckedFile& file, bool isStrict)
+{
+    if (!file.faults.empty() && file.faults.front().rule == EFaultRule::Unreadable)
+        return 2;
+    return file.errors() > 0 || (isStrict && file.warnings() > 0) ? 1 : 0;
+}
+
+QByteArray report(const std::vector<SCheckedFile>& files, const SReportOptions& options)
+{
+    switch (options.format) {
+    case EReportFormat::Json:
+        return faultJson(files);
+    case EReportFormat::Sarif:
+        return faultSarif(files, options.version);
+    case EReportFormat::Text:
+        break;
+    }
+    return faultText(files);
+}
+
+} // namespace
+
+SCheckOutcome checkFiles(const QStringList& files, CDocumentCheck& check, const SReportOptions& options)
+{
+    SCheckOutcome outcome;
+    std::vector<SCheckedFile> checked;
+    for (const QString& file : files) {
+        checked.push_back(checkFile(file, check));
+        outcome.exitCode = std::max(outcome.exitCode, exitCodeOf(checked.back(), options.isStrict));
+    }
+    outcome.report = report(checked, options);
+    return outcome;
+}
+
+} // namespace Host

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace Host {
+
+/// What a document is to be.
+enum class EDocumentKind
+{
+    Any, ///< Told by the document: an array is a chain, an object a scene.
+    Chain,
+    Scene
+};
+
+/// What a document is checked for. A plain value.
+struct SCheckOptions
+{
+    EDocumentKind kind = EDocumentKind::Any;
+    QStringList cameras; ///< Those of the run. If empty, names in a chain that are no labels are those of cameras.
+    QString anyCamera;   ///< The name by which a chain means all cameras of the run; empty for none.
+};
+
+} // namespace Host

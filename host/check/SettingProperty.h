@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QJsonValue>
+#include <QString>
+#include <QStringList>
+
+class QObject;
+
+namespace Host {
+
+class CWordFinder;
+struct SJsonNode;
+
+/// The Qt properties that the model's own classes have, under the names that documents use: "framesPerSecond" is
+/// "frames_per_second".
+QStringList settingProperties(const QObject& model);
+
+/// The value of the property that stands under \a setting in a document; undefined if there is none.
+QJsonValue settingProperty(const QObject& model, const QString& setting);
+
+/// What the property of a setting is, if the value in the document is something else: "a number", "one of 'A' and
+/// 'B'". Empty if it may be one, or if there is no such property.
+QString expectedBySetting(const QObject& model, const SJsonNode& setting, CWordFinder& words);
+
+/// The value as JSON has it.
+QString jsonText(const QJsonValue& value);
+
+} // namespace Host

@@ -1,0 +1,127 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/check/SyntaxError.h"
+
+#include "host/base/Shown.h"
+#include "host/check/CFaultList.h"
+#include "host/check/CJsonTree.h"
+#include "host/check/CWordFinder.h"
+
+#include <rapidjson/error/en.h>
+
+#include <cctype>
+
+namespace Host {
+
+namespace {
+
+bool isLetter(char c)
+{
+    return std::isalnum(static_cast<unsigned char>(c)) || c == '_';
+}
+
+// The word around that place; the parser may report any letter of it.
+QString wordAt(const QByteArray& text, int offset)
+{
+    int begin = offset;
+    int end = offset;
+    while (begin > 0 && isLetter(text.at(begin - 1)))
+        --begin;
+    while (end < text.size() && isLetter(text.at(end)))
+        ++end;
+    return QString::fromLatin1(text.mid(begin, end - begin));
+}
+
+QString openText(const SJsonNode& open, const CFaultList& faults)
+{
+    const QString kind = open.isArray() ? QStringLiteral("array") : QStringLiteral("object");
+    return QStringLiteral("the %1 that begins at %2").arg(kind, faults.place(open.begin));
+}
+
+QString valueText(const QByteArray& text, int offset)
+{
+    const char found = offset < text.size() ? text.at(offset) : '\0';
+    if (found == '\'')
+        return QStringLiteral("JSON has strings in double quotes only");
+    if (found == '#')
+        return QStringLiteral("JSON has no comments");
+    const QString word = wordAt(text, offset);
+    if (word.isEmpty())
+        return QStringLiteral("a value is missing before %1").arg(shown(QString(QLatin1Char(found))));
+    if (word.front().isDigit())
+        return QStringLiteral("%1 is no number").arg(shown(word));
+    return QStringLiteral("%1 is no value%2; strings stand in double quotes")
+        .arg(shown(word),
+             CWordFinder().hint(word, {QStringLiteral("true"), QStringLiteral("false"), QStringLiteral("null")}));
+}
+
+QString keyText(const QByteArray& text, int offset)
+{
+    const char found = text.at(offset);
+    const QString word = wordAt(text, offset);
+    if (found == '\'' || !word.isEmpty())
+        return QStringLiteral("a key stands in double quotes");
+    return QStringLiteral("a key is missing before %1").arg(shown(QString(QLatin1Char(found))));
+}
+
+QString behindValueText(const QByteArray& text, int offset, const SJsonNode& open, const CFaultList& faults)
+{
+    const char found = text.at(offset);
+    const char closing = open.isArray() ? ']' : '}';
+    if (found == ']' || found == '}')
+        return QStringLiteral("'%1' belongs here, to close %2")
+            .arg(QString(QLatin1Char(closing)), openText(open, faults));
+    if (offset > 0 && text.at(offset - 1) == '0' && std::isdigit(static_cast<unsigned char>(found)))
+        return QStringLiteral("a number does not begin with 0");
+    return QStringLiteral("',' or '%1' is missing before this").arg(QLatin1Char(closing));
+}
+
+QString stringText(const QByteArray& text, int offset)
+{
+    const char found = offset < text.size() ? text.at(offset) : '\0';
+    if (found == '\n' || found == '\r')
+        return QStringLiteral("a string ends on the line where it begins; a line break in it is written \\n");
+    if (static_cast<unsigned char>(found) < 0x20)
+        return QStringLiteral("a control character in a string is written \\u%1")
+            .arg(int(found), 4, 16, QLatin1Char('0'));
+    return QStringLiteral("these bytes are no UTF-8");
+}
+
+} // namespace
+
+QString syntaxErrorText(const QByteArray& text, rapidjson::ParseErrorCode code, int offset, const SJsonNode* open,
+                        const CFaultList& faults)
+{
+    using namespace rapidjson;
+    if (code == kParseErrorDocumentEmpty)
+        return QStringLiteral("the document is empty");
+    if (code == kParseErrorStringMissQuotationMark)
+        return QStringLiteral("this string has no end");
+    if (offset >= text.size() && open)
+        return QStringLiteral("the document ends within %1").arg(openText(*open, faults));
+
+    switch (code) {
+    case kParseErrorDocumentRootNotSingular:
+        return QStringLiteral("something stands behind the end of the document");
+    case kParseErrorValueInvalid:
+        return valueText(text, offset);
+    case kParseErrorObjectMissName:
+        return keyText(text, offset);
+    case kParseErrorObjectMissColon:
+        return QStringLiteral("':' is missing behind the key");
+    case kParseErrorObjectMissCommaOrCurlyBracket:
+    case kParseErrorArrayMissCommaOrSquareBracket:
+        return behindValueText(text, offset, *open, faults);
+    case kParseErrorStringInvalidEncoding:
+        return stringText(text, offset);
+    case kParseErrorStringEscapeInvalid:
+        return QStringLiteral("no such escape; a backslash itself is written \\\\");
+    case kParseErrorNumberTooBig:
+        return QStringLiteral("the number is too large");
+    default:
+        return QString::fromLatin1(GetParseError_En(code));
+    }
+}
+
+} // namespace Host

@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/check/CDocumentCheck.h"
+
+#include "SCheckedService.h"
+#include "host/check/FaultReport.h"
+
+#include <QTest>
+
+#include <algorithm>
+
+using namespace Host;
+
+namespace {
+
+// An array of elements, one from each number.
+template <typename Element>
+QByteArray chainOf(int count, const Element& element)
+{
+    QByteArray text = "[";
+    for (int i = 0; i < count; ++i)
+        text += (i == 0 ? "" : ",\n") + element(QByteArray::number(i));
+    return text + "]";
+}
+
+QByteArray blur(const QByteArray& label, const QByteArray& target)
+{
+    return R"({"name": "blur )" + label + R"(", "model": {"name": "Blur", "property": {"parallelism": 2}},
+               "connection": [[")" +
+           target + R"("]]})";
+}
+
+QByteArray firstLine(const std::vector<SFault>& faults)
+{
+    return faults.empty() ? QByteArray() : faultLine("file", faults.front()).toUtf8();
+}
+
+const QByteArray image = R"([{"name": "image", "model": {"name": "To Image"}, "unique_sources": [["left"]]}])";
+
+} // namespace
+
+class tst_CDocumentCheck : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void countsConnectionsOfCameras();
+    void asOftenAsYouLike();
+    void otherKindThanAsked();
+    void sourceAtLabel();
+    void largeChain();
+    void largeChainOfFaults();
+    void largeLoop();
+};
+
+void tst_CDocumentCheck::countsConnectionsOfCameras()
+{
+    SCheckedService service(withCameras({"left", "right"}));
+    const QByteArray chain = R"([
+        {"name": "a", "model": {"name": "To Image"}, "unique_sources": [["left", "right"]], "connection": [["b"]]},
+        {"name": "b", "model": {"name": "Blur"}},
+        {"name": "c", "model": {"name": "To Image"}, "unique_sources": [["right"]]}])";
+    QCOMPARE(firstLine(service.check.check(chain)), QByteArray());
+    QCOMPARE(service.check.connections(0), std::size_t(2));
+    QCOMPARE(service.check.connections(1), std::size_t(3));
+}
+
+void tst_CDocumentCheck::asOftenAsYouLike()
+{
+    SCheckedService service(withCameras({"left"}));
+    QVERIFY(hasErrors(service.check.check("[")));
+    for (int i = 0; i < 2; ++i)
+        QCOMPARE(firstLine(service.check.check(image)), QByteArray());
+}
+
+void tst_CDocumentCheck::otherKindThanAsked()
+{
+    SCheckOptions options;
+    options.kind = EDocumentKind::Scene;
+    SCheckedService scene(options);
+    QCOMPARE(firstLine(scene.check.check(image)),
+             QByteArray("file:1:1: error: $: an array, where an object belongs: a scene"));
+    options.kind = EDocumentKind::Chain;
+    SCheckedService chain(options);
+    QCOMPARE(firstLine(chain.check.check("{}")),
+             QByteArray("file:1:1: error: $: an object, where an array belongs: the elements of a chain"));
+}
+
+// What names an element may come before it.
+void tst_CDocumentCheck::sourceAtLabel()
+{
+    SCheckedService service(withCameras({"left"}));
+    const QByteArray chain =
+        R"([{"name": "b", "model": {"name": "Blur"}, "unique_sources": [["image"]]}, )" + image.mid(1);
+    QCOMPARE(firstLine(service.check.check(chain)), QByteArray());
+    QCOMPARE(service.check.connections(0), std::size_t(2));
+}
+
+void tst_CDocumentCheck::largeChain()
+{
+    constexpr int count = 10000;
+    const QByteArray blurs =
+        chainOf(count, [](const QByteArray& i) { return blur(i, QByteArray::number(i.toInt() + 1).prepend("blur ")); });
+    const QByteArray ends = R"([{"name": "image", "model": {"name": "To Image"}, "unique_sources": [["left"]],
+                                "connection": [["blur 0"]]}, {"name": "blur 10000", "model": {"name": "Blur"}}, )";
+    SCheckedService service(withCameras({"left"}));
+    QCOMPARE(firstLine(service.check.check(ends + blurs.mid(1))), QByteArray());
+    QCOMPARE(service.check.connections(0), std::size_t(count + 2));
+}
+
+// All on one line, each wrong in the same ways.
+void tst_CDocumentCheck::largeChainOfFaults()
+{
+    constexpr int count = 10000;
+    const QByteArray chain = chainOf(count, [](const QByteArray& i) {
+        return R"({"name": "a )" + i + R"(", "model": {"name": "Sharpen"}, "colour": 1, "connection": [["b"], 5]})";
+    });
+    SCheckedService service(withCameras({"left"}));
+    const std::vector<SFault> faults = service.check.check(QByteArray(chain).replace('\n', ' '));
+    for (const EFaultRule rule :
+         {EFaultRule::UnknownModel, EFaultRule::UnknownKey, EFaultRule::UnknownName, EFaultRule::WrongType}) {
+        const auto isMeant = [rule](const SFault& fault) { return fault.rule == rule; };
+        QCOMPARE(std::count_if(faults.begin(), faults.end(), isMeant), std::ptrdiff_t(count));
+    }
+}
+
+void tst_CDocumentCheck::largeLoop()
+{
+    constexpr int count = 10000;
+    const QByteArray chain = chainOf(
+        count, [](const QByteArray& i) { return blur(i, "blur " + QByteArray::number((i.toInt() + 1) % count)); });
+    SCheckedService service(withCameras({"left"}));
+    const std::vector<SFault> faults = service.check.check(chain);
+    const auto loop =
+        std::find_if(faults.begin(), faults.end(), [](const SFault& fault) { return fault.rule == EFaultRule::Loop; });
+    QVERIFY(loop != faults.end());
+    QVERIFY2(loop->message.contains("'blur 18' -> 'blur 19' -> 9980 more -> 'blur 0'"), qPrintable(loop->message));
+}
+
+QTEST_GUILESS_MAIN(tst_CDocumentCheck)
+#include "tst_CDocumentCheck.moc"
