@@ -10,6 +10,7 @@
 
 #include <Halvex/graph/DocumentKeys.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace Host {
@@ -64,7 +65,7 @@ void CChainReader::read(const SJsonNode& root)
     for (const SJsonNode* element : itemsOf(&root))
         connectElement(*element, first + int(element->index));
     checkUnknownSources();
-    if (m_cameras.isEmpty())
+    if (m_cameras.isEmpty() && m_unknown.empty())
         m_faults.addError(EFaultRule::Camera, root, QStringLiteral("no element has a camera as its source"));
     m_graph.finish(root);
 }
@@ -114,7 +115,7 @@ void CChainReader::addLabel(const SJsonNode& element, int number)
     m_graph.node(number).isDoubtful = true; // what feeds it may have been meant for it
 }
 
-// Without a list of cameras, they are what no element is.
+// Without a list of cameras, they are what no element is, nor was meant to be.
 void CChainReader::findCameras(const SJsonNode& root)
 {
     for (const SJsonNode* element : itemsOf(&root))
@@ -126,16 +127,19 @@ void CChainReader::findCamera(const SJsonNode& source)
     const QString name = source.text();
     if (name.isEmpty() || m_labels.contains(name) || m_cameras.contains(name))
         return;
-    addCamera(name);
     const QString meant = name == m_options.anyCamera ? QString() : m_words.closest(name, m_labelList);
-    if (!meant.isNull())
-        m_faults.addWarning(EFaultRule::Source, source,
-                            QStringLiteral("no element is named %1, so a camera must be; did you mean %2?")
-                                .arg(shown(name), shown(meant)));
+    if (meant.isNull())
+        addCamera(name);
 }
 
 void CChainReader::connectElement(const SJsonNode& element, int number)
 {
+    const SJsonNode* const sources = element.member(sourcesKey);
+    const auto& ports = itemsOf(sources);
+    const bool areArrays =
+        std::all_of(ports.begin(), ports.end(), [](const SJsonNode* port) { return port->isArray(); });
+    if (sources && !(sources->isArray() && areArrays))
+        m_graph.node(number).isDoubtful = true;
     forEachSource(element, [&](const SJsonNode& source, int port) { addSource(source, number, port); });
     for (const SJsonNode* group : itemsOf(element.member(targetsKey))) {
         for (const SJsonNode* target : itemsOf(group))

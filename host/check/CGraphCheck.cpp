@@ -10,7 +10,7 @@
 #include "host/check/ShortestLoops.h"
 
 #include <algorithm>
-#include <iterator>
+
 #include <limits>
 #include <utility>
 
@@ -50,18 +50,22 @@ int CGraphCheck::addNode(SGraphNode node)
 void CGraphCheck::connect(const SGraphConnection& connection)
 {
     const bool arePorts = checkPort(connection, true) && checkPort(connection, false);
-    if (arePorts)
-        checkTypes(connection);
+    const bool isSound = arePorts && checkTypes(connection);
+    if (node(connection.to).isCamera)
+        return; // it was told: a camera has no input
 
     const int inPort = portNumber(connection.inPort);
     const SJsonNode*& known = m_known[{connection.from, portNumber(connection.outPort), connection.to, inPort}];
     if (known && arePorts)
         m_faults.addWarning(
             EFaultRule::DoubleConnection, *connection.json,
-            QStringLiteral("%1 feeds %2 already, at %3: all comes twice")
+            QStringLiteral("%1 feeds %2 already, at %3: all data would come twice")
                 .arg(node(connection.from).name, node(connection.to).name, m_faults.place(known->begin)));
     known = connection.json;
     m_edges.emplace_back(connection.from, connection.to);
+    // What leads through a decoupler does not go round at once, but with its rate.
+    if (isSound && !node(connection.from).isDecoupler && !node(connection.to).isDecoupler)
+        m_loopEdges.push_back(m_edges.back());
     m_fedPorts.emplace(connection.to, inPort);
 }
 
@@ -80,24 +84,24 @@ bool CGraphCheck::checkPort(const SGraphConnection& connection, bool isOutput)
     return false;
 }
 
-void CGraphCheck::checkTypes(const SGraphConnection& connection)
+bool CGraphCheck::checkTypes(const SGraphConnection& connection)
 {
     const SGraphNode& from = node(connection.from);
     const SGraphNode& to = node(connection.to);
     if (!from.hasModel || !to.hasModel)
-        return;
+        return true;
     const QString given = from.outputs[std::size_t(connection.outPort)].id;
     const QString taken = to.inputs[std::size_t(connection.inPort)].id;
-    if (!connection.convertedFrom.isEmpty() || !connection.convertedTo.isEmpty()) {
-        checkConverter(connection, given, taken);
-    } else if (given != taken) {
+    if (!connection.convertedFrom.isEmpty() || !connection.convertedTo.isEmpty())
+        return checkConverter(connection, given, taken);
+    if (given != taken)
         m_faults.addError(EFaultRule::DataType, *connection.json,
                           QStringLiteral("%1 gives %2, and %3 takes %4; %5")
                               .arg(from.name, shown(given), to.name, shown(taken), remedy(connection, given, taken)));
-    }
+    return given == taken;
 }
 
-void CGraphCheck::checkConverter(const SGraphConnection& connection, const QString& given, const QString& taken)
+bool CGraphCheck::checkConverter(const SGraphConnection& connection, const QString& given, const QString& taken)
 {
     const QString converted =
         QStringLiteral("a converter from %1 to %2").arg(shown(connection.convertedFrom), shown(connection.convertedTo));
@@ -109,13 +113,16 @@ void CGraphCheck::checkConverter(const SGraphConnection& connection, const QStri
     else if (!m_models.converts(given, taken))
         m_faults.addError(EFaultRule::DataType, *connection.json,
                           QStringLiteral("%1 is not registered").arg(converted));
+    else
+        return true;
+    return false;
 }
 
 QString CGraphCheck::remedy(const SGraphConnection& connection, const QString& given, const QString& taken)
 {
     const QString model = m_models.modelBetween(given, taken);
     if (connection.canConvert && m_models.converts(given, taken))
-        return QStringLiteral("give the connection a converter, which is registered");
+        return QStringLiteral("give the connection a 'converter'; one is registered");
     if (!model.isEmpty())
         return QStringLiteral("put a %1 between").arg(shown(model));
     return QStringLiteral("no model makes the one of the other");
@@ -128,13 +135,9 @@ void CGraphCheck::finish(const SJsonNode& root)
         findUnreached();
 }
 
-// What leads through a decoupler does not go round at once, but with its rate.
 void CGraphCheck::findLoops()
 {
-    FlowEdges edges;
-    std::copy_if(m_edges.begin(), m_edges.end(), std::back_inserter(edges),
-                 [this](const auto& edge) { return !node(edge.first).isDecoupler && !node(edge.second).isDecoupler; });
-    for (const auto& loop : shortestLoops(int(m_nodes.size()), edges)) {
+    for (const auto& loop : shortestLoops(int(m_nodes.size()), m_loopEdges)) {
         QStringList names;
         for (std::size_t i = 0; i < loop.size() && i < maxShownNodes; ++i)
             names << node(loop[i]).name;
@@ -147,20 +150,23 @@ void CGraphCheck::findLoops()
     }
 }
 
-// Whether any camera is wired: otherwise it goes without saying that nothing is reached.
+// Whether data may come from anywhere: otherwise it goes without saying that nothing is reached.
 bool CGraphCheck::findIdleCameras(const SJsonNode& root)
 {
     std::vector<bool> isWired(m_nodes.size(), false);
     for (const auto& edge : m_edges)
         isWired[std::size_t(edge.first)] = true;
+    // What is in error may be what was to be wired to a camera.
+    const bool isDoubtful =
+        std::any_of(m_nodes.begin(), m_nodes.end(), [](const SGraphNode& each) { return each.isDoubtful; });
     QStringList idle;
-    bool isAnyWired = false;
+    bool isAnyWired = isDoubtful;
     for (std::size_t i = 0; i < m_nodes.size(); ++i) {
         if (m_nodes[i].isCamera && !isWired[i])
             idle << m_nodes[i].name;
         isAnyWired = isAnyWired || (m_nodes[i].isCamera && isWired[i]);
     }
-    if (!idle.isEmpty())
+    if (!idle.isEmpty() && !isDoubtful)
         m_faults.addError(EFaultRule::Camera, root,
                           QStringLiteral("nothing is wired to %1").arg(idle.join(QStringLiteral(", "))));
     return isAnyWired;

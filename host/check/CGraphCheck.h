@@ -76,8 +76,8 @@ public:
 
 private:
     bool checkPort(const SGraphConnection& connection, bool isOutput);
-    void checkTypes(const SGraphConnection& connection);
-    void checkConverter(const SGraphConnection& connection, const QString& given, const QString& taken);
+    bool checkTypes(const SGraphConnection& connection);
+    bool checkConverter(const SGraphConnection& connection, const QString& given, const QString& taken);
     QString remedy(const SGraphConnection& connection, const QString& given, const QString& taken);
     void findLoops();
     bool findIdleCameras(const SJsonNode& root);
@@ -88,6 +88,7 @@ private:
     CFaultList& m_faults;
     std::vector<SGraphNode> m_nodes;
     FlowEdges m_edges;
+    FlowEdges m_loopEdges;                                  // of those, what a loop can be made of
     std::map<std::array<int, 4>, const SJsonNode*> m_known; // connections: from, output port, to, input port
     std::set<std::pair<int, int>> m_fedPorts;               // nodes with input ports
 };

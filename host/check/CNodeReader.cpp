@@ -23,6 +23,8 @@ using namespace Plugin::Halvex;
 
 namespace {
 
+constexpr QLatin1String sinkNameKey = DocumentKeys::makeKey("sink_name");
+
 // What lies in the folder of a graph beside those of its sinks has a name that ends so.
 bool makesAFolder(const QString& name)
 {
@@ -47,9 +49,11 @@ bool CNodeReader::read(const SJsonNode& json, SGraphNode& node)
         return true; // told with the shape of the document
     const QString name = nameJson->text();
     if (!m_models.names().contains(name)) {
+        const QString hint = m_words.hint(name, m_models.names());
         m_faults.addError(
             EFaultRule::UnknownModel, *nameJson,
-            QStringLiteral("no model %1 is registered%2").arg(shown(name), m_words.hint(name, m_models.names())));
+            QStringLiteral("no model %1 is registered%2")
+                .arg(shown(name), hint.isEmpty() ? QStringLiteral("; 'halvex-host models' lists them") : hint));
         return true;
     }
     QString error;
@@ -67,8 +71,8 @@ bool CNodeReader::read(const SJsonNode& json, SGraphNode& node)
 
 void CNodeReader::readModel(CNodeDataModel& model, const SJsonNode& json, SGraphNode& node)
 {
-    checkSink(model, json);
     CSettingsCheck(model, json, m_faults, m_words).check();
+    checkSink(model, json);
     const QString error = attempt(QStringLiteral("asking for ports"), [&] {
         node.inputs = portTypes(model, ENodePortType::In);
         node.outputs = portTypes(model, ENodePortType::Out);
@@ -85,9 +89,10 @@ void CNodeReader::checkSink(CNodeDataModel& model, const SJsonNode& json)
     const auto* const sink = qobject_cast<IFrameSink*>(&model);
     if (!sink)
         return;
-    const QString sinkName = QStringLiteral("sink_name");
     const SJsonNode* const settings = json.member(DocumentKeys::property);
-    const SJsonNode* at = settings ? settings->member(QLatin1String("sink_name")) : nullptr;
+    const SJsonNode* at = settings ? settings->member(sinkNameKey) : nullptr;
+    if (!at && settings && !settings->children.empty())
+        return; // told as a setting that a sink does not have
     const QString name = at ? at->text() : QString();
     at = at ? at : json.member(DocumentKeys::name);
     const auto known = m_sinks.constFind(name);

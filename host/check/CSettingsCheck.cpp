@@ -70,9 +70,10 @@ void CSettingsCheck::checkKeys()
             continue;
         if (kept.isUndefined()) {
             QStringList keys = m_after.keys();
-            keys << QString(DocumentKeys::property);
+            if (!keys.contains(DocumentKeys::property) && !settingNames().isEmpty())
+                keys << QString(DocumentKeys::property);
             m_faults.addKeyError(EFaultRule::UnknownKey, *member,
-                                 QStringLiteral("unknown key %1: a %2 does not keep it%3")
+                                 QStringLiteral("unknown key %1, which %2 does not keep%3")
                                      .arg(shown(key), shown(m_model.name()), m_words.hint(key, keys)));
         } else {
             m_faults.addError(EFaultRule::Setting, *member,
@@ -95,10 +96,10 @@ void CSettingsCheck::checkSetting(const SJsonNode& setting)
 {
     const QStringList names = settingNames();
     if (!names.contains(setting.key)) {
-        const QString none = names.isEmpty() ? QStringLiteral("; it has none") : m_words.hint(setting.key, names);
+        const QString others = names.isEmpty() ? QStringLiteral(", nor any other") : m_words.hint(setting.key, names);
         m_faults.addKeyError(
             EFaultRule::Setting, setting,
-            QStringLiteral("a %1 has no setting %2%3").arg(shown(m_model.name()), shown(setting.key), none));
+            QStringLiteral("%1 has no setting %2%3").arg(shown(m_model.name()), shown(setting.key), others));
         return;
     }
     if (!checkType(setting) || !checkRate(setting))
@@ -112,14 +113,16 @@ void CSettingsCheck::checkSetting(const SJsonNode& setting)
 
 bool CSettingsCheck::checkType(const SJsonNode& setting)
 {
-    const QString expected = expectedBySetting(m_model, setting, m_words);
+    const QString expected = expectedBySetting(m_model, setting);
     if (expected.isEmpty() && isSameKind(setting.type, settings(m_before).value(setting.key)))
         return true;
     const QString belongs = expected.isEmpty()
                                 ? QStringLiteral("a value like %1").arg(jsonText(settings(m_before).value(setting.key)))
                                 : expected;
+    const QString meant = m_words.closest(setting.text(), settingChoices(m_model, setting.key));
+    const QString hint = meant.isNull() ? QString() : QStringLiteral("; did you mean %1?").arg(shown(meant));
     m_faults.addError(EFaultRule::Setting, setting,
-                      QStringLiteral("%1, where %2 belongs").arg(description(setting), belongs));
+                      QStringLiteral("%1, where %2 belongs%3").arg(description(setting), belongs, hint));
     return false;
 }
 

@@ -20,6 +20,7 @@
 #include <valijson/validator.hpp>
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <set>
 
@@ -49,10 +50,12 @@ bool hasType(const SJsonNode& node, const QString& type)
     return node.type == QJsonValue::Double && node.scalar.toInt(0) == node.scalar.toInt(1);
 }
 
-QString typeText(const QString& type)
+QString typeText(const QString& type, const SJsonNode& found)
 {
-    if (type == QLatin1String("integer"))
-        return QStringLiteral("a whole number");
+    if (type == QLatin1String("integer")) {
+        const double number = found.scalar.toDouble(0.5);
+        return std::floor(number) == number ? QStringLiteral("a smaller number") : QStringLiteral("a whole number");
+    }
     if (type == QLatin1String("boolean"))
         return QStringLiteral("true or false");
     const bool isVowel = QStringLiteral("ao").contains(type.at(0));
@@ -130,7 +133,8 @@ bool CShapeCheck::explainType(const SJsonNode& node, const QJsonObject& schema)
         std::any_of(types.begin(), types.end(), [&node](const QString& type) { return hasType(node, type); }))
         return false;
     QStringList allowed;
-    std::transform(types.begin(), types.end(), std::back_inserter(allowed), typeText);
+    std::transform(types.begin(), types.end(), std::back_inserter(allowed),
+                   [&node](const QString& name) { return typeText(name, node); });
     const QString title = schema.value(QLatin1String("title")).toString();
     m_faults.addError(
         EFaultRule::WrongType, node,

@@ -74,18 +74,21 @@ QJsonValue settingProperty(const QObject& model, const QString& setting)
     return QJsonValue::fromVariant(value);
 }
 
-QString expectedBySetting(const QObject& model, const SJsonNode& setting, CWordFinder& words)
+QStringList settingChoices(const QObject& model, const QString& setting)
+{
+    const QMetaProperty property = propertyOf(model, setting);
+    return property.isValid() && property.isEnumType() ? keysOf(property.enumerator()) : QStringList();
+}
+
+QString expectedBySetting(const QObject& model, const SJsonNode& setting)
 {
     const QMetaProperty property = propertyOf(model, setting.key);
     if (!property.isValid())
         return {};
     if (property.isEnumType()) {
         const QStringList keys = keysOf(property.enumerator());
-        if (setting.isString() && keys.contains(setting.text()))
-            return {};
-        const QString meant = words.closest(setting.text(), keys);
-        const QString hint = meant.isNull() ? QString() : QStringLiteral(" (%1?)").arg(shown(meant));
-        return QStringLiteral("one of %1%2").arg(listed(keys, QStringLiteral("or")), hint);
+        const bool isOne = setting.isString() && keys.contains(setting.text());
+        return isOne ? QString() : QStringLiteral("one of %1").arg(listed(keys, QStringLiteral("or")));
     }
     switch (property.userType()) {
     case QMetaType::Bool:

@@ -11,7 +11,6 @@ class QObject;
 
 namespace Host {
 
-class CWordFinder;
 struct SJsonNode;
 
 /// The Qt properties that the model's own classes have, under the names that documents use: "framesPerSecond" is
@@ -21,9 +20,12 @@ QStringList settingProperties(const QObject& model);
 /// The value of the property that stands under \a setting in a document; undefined if there is none.
 QJsonValue settingProperty(const QObject& model, const QString& setting);
 
-/// What the property of a setting is, if the value in the document is something else: "a number", "one of 'A' and
-/// 'B'". Empty if it may be one, or if there is no such property.
-QString expectedBySetting(const QObject& model, const SJsonNode& setting, CWordFinder& words);
+/// The values that a setting may have, if they have names; empty otherwise.
+QStringList settingChoices(const QObject& model, const QString& setting);
+
+/// What the property of a setting is, if the value in the document is something else: "a number", "one of 'A' or 'B'".
+/// Empty if it may be one, or if there is no such property.
+QString expectedBySetting(const QObject& model, const SJsonNode& setting);
 
 /// The value as JSON has it.
 QString jsonText(const QJsonValue& value);

@@ -51,9 +51,10 @@ QString valueText(const QByteArray& text, int offset)
         return QStringLiteral("a value is missing before %1").arg(shown(QString(QLatin1Char(found))));
     if (word.front().isDigit())
         return QStringLiteral("%1 is no number").arg(shown(word));
-    return QStringLiteral("%1 is no value%2; strings stand in double quotes")
-        .arg(shown(word),
-             CWordFinder().hint(word, {QStringLiteral("true"), QStringLiteral("false"), QStringLiteral("null")}));
+    const QString meant =
+        CWordFinder().closest(word, {QStringLiteral("true"), QStringLiteral("false"), QStringLiteral("null")});
+    return meant.isNull() ? QStringLiteral("%1 is no value; strings stand in double quotes").arg(shown(word))
+                          : QStringLiteral("%1 is no value; did you mean %2?").arg(shown(word), shown(meant));
 }
 
 QString keyText(const QByteArray& text, int offset)
@@ -77,7 +78,7 @@ QString behindValueText(const QByteArray& text, int offset, const SJsonNode& ope
     return QStringLiteral("',' or '%1' is missing before this").arg(QLatin1Char(closing));
 }
 
-QString stringText(const QByteArray& text, int offset)
+QString stringText(const QByteArray& text, int offset, rapidjson::ParseErrorCode code)
 {
     const char found = offset < text.size() ? text.at(offset) : '\0';
     if (found == '\n' || found == '\r')
@@ -85,7 +86,9 @@ QString stringText(const QByteArray& text, int offset)
     if (static_cast<unsigned char>(found) < 0x20)
         return QStringLiteral("a control character in a string is written \\u%1")
             .arg(int(found), 4, 16, QLatin1Char('0'));
-    return QStringLiteral("these bytes are no UTF-8");
+    return code == rapidjson::kParseErrorStringInvalidEncoding
+               ? QStringLiteral("these bytes are no UTF-8")
+               : QStringLiteral("no such escape; a backslash itself is written \\\\");
 }
 
 } // namespace
@@ -96,8 +99,10 @@ QString syntaxErrorText(const QByteArray& text, rapidjson::ParseErrorCode code, 
     using namespace rapidjson;
     if (code == kParseErrorDocumentEmpty)
         return QStringLiteral("the document is empty");
+    if (code == kParseErrorUnspecificSyntaxError)
+        return QStringLiteral("JSON has no comments, and this one has no end");
     if (code == kParseErrorStringMissQuotationMark)
-        return QStringLiteral("this string has no end");
+        return QStringLiteral("the document ends within a string");
     if (offset >= text.size() && open)
         return QStringLiteral("the document ends within %1").arg(openText(*open, faults));
 
@@ -114,9 +119,8 @@ QString syntaxErrorText(const QByteArray& text, rapidjson::ParseErrorCode code, 
     case kParseErrorArrayMissCommaOrSquareBracket:
         return behindValueText(text, offset, *open, faults);
     case kParseErrorStringInvalidEncoding:
-        return stringText(text, offset);
     case kParseErrorStringEscapeInvalid:
-        return QStringLiteral("no such escape; a backslash itself is written \\\\");
+        return stringText(text, offset, code);
     case kParseErrorNumberTooBig:
         return QStringLiteral("the number is too large");
     default:
