@@ -10,7 +10,6 @@
 
 #include <Halvex/graph/DocumentKeys.h>
 
-#include <algorithm>
 #include <utility>
 
 namespace Host {
@@ -24,19 +23,23 @@ constexpr QLatin1String targetsKey = DocumentKeys::makeKey("connection");
 constexpr QLatin1String indexInKey = DocumentKeys::makeKey("index_in");
 constexpr QLatin1String indexOutKey = DocumentKeys::makeKey("index _out"); // the blank is part of it
 
-// The children of an array; none if it is something else, or not there.
-const std::vector<SJsonNode*>& itemsOf(const SJsonNode* json)
+// The items of an array. What stands where an array belongs was told, and is taken for its only item.
+std::vector<const SJsonNode*> itemsOf(const SJsonNode* json)
 {
-    static const std::vector<SJsonNode*> none;
-    return json && json->isArray() ? json->children : none;
+    if (!json)
+        return {};
+    return json->isArray() ? std::vector<const SJsonNode*>(json->children.begin(), json->children.end())
+                           : std::vector<const SJsonNode*>{json};
 }
 
 template <typename Visitor>
 void forEachSource(const SJsonNode& element, const Visitor& visitor)
 {
+    int number = 0;
     for (const SJsonNode* port : itemsOf(element.member(sourcesKey))) {
         for (const SJsonNode* source : itemsOf(port))
-            visitor(*source, int(port->index));
+            visitor(*source, number);
+        ++number;
     }
 }
 
@@ -134,12 +137,7 @@ void CChainReader::findCamera(const SJsonNode& source)
 
 void CChainReader::connectElement(const SJsonNode& element, int number)
 {
-    const SJsonNode* const sources = element.member(sourcesKey);
-    const auto& ports = itemsOf(sources);
-    const bool areArrays =
-        std::all_of(ports.begin(), ports.end(), [](const SJsonNode* port) { return port->isArray(); });
-    if (sources && !(sources->isArray() && areArrays))
-        m_graph.node(number).isDoubtful = true;
+
     forEachSource(element, [&](const SJsonNode& source, int port) { addSource(source, number, port); });
     for (const SJsonNode* group : itemsOf(element.member(targetsKey))) {
         for (const SJsonNode* target : itemsOf(group))
@@ -203,10 +201,13 @@ void CChainReader::checkUnknownSources()
     QStringList known = m_labelList;
     for (const QString& camera : m_options.cameras)
         known << camera;
+    const bool areCamerasKnown = !m_options.cameras.isEmpty();
+    const QString whoIsNot = areCamerasKnown ? QStringLiteral("no camera of the run and no element is named %1")
+                                             : QStringLiteral("no element is named %1");
     for (const SUnknownSource& unknown : m_unknown) {
         const QString name = unknown.json->text();
-        const QString message = QStringLiteral("no camera of the run and no element is named %1").arg(shown(name));
-        if (m_graph.isFed(unknown.element, unknown.port)) {
+        const QString message = whoIsNot.arg(shown(name));
+        if (areCamerasKnown && m_graph.isFed(unknown.element, unknown.port)) {
             m_faults.addWarning(EFaultRule::Source, *unknown.json, message);
         } else {
             m_faults.addError(EFaultRule::Source, *unknown.json, message + m_words.hint(name, known));

@@ -122,7 +122,7 @@ QString CGraphCheck::remedy(const SGraphConnection& connection, const QString& g
 {
     const QString model = m_models.modelBetween(given, taken);
     if (connection.canConvert && m_models.converts(given, taken))
-        return QStringLiteral("give the connection a 'converter'; one is registered");
+        return QStringLiteral("the connection lacks its 'converter', which is registered");
     if (!model.isEmpty())
         return QStringLiteral("put a %1 between").arg(shown(model));
     return QStringLiteral("no model makes the one of the other");

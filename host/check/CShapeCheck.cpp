@@ -179,7 +179,7 @@ bool CShapeCheck::explainMissing(const SJsonNode& object, const QJsonObject& sch
         return false;
     m_faults.addError(
         EFaultRule::MissingKey, object,
-        QStringLiteral("%1 has no %2").arg(schema.value(QLatin1String("title")).toString(), listed(missing)));
+        QStringLiteral("%1 lacks %2").arg(schema.value(QLatin1String("title")).toString(), listed(missing)));
     return true;
 }
 

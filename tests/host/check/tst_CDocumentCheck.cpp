@@ -4,6 +4,7 @@
 #include "host/check/CDocumentCheck.h"
 
 #include "SCheckedService.h"
+#include "TestFile.h"
 #include "host/check/FaultReport.h"
 
 #include <QTest>
@@ -49,6 +50,8 @@ private Q_SLOTS:
     void asOftenAsYouLike();
     void otherKindThanAsked();
     void sourceAtLabel();
+    void shippedChain();
+    void savedScene();
     void largeChain();
     void largeChainOfFaults();
     void largeLoop();
@@ -95,6 +98,26 @@ void tst_CDocumentCheck::sourceAtLabel()
         R"([{"name": "b", "model": {"name": "Blur"}, "unique_sources": [["image"]]}, )" + image.mid(1);
     QCOMPARE(firstLine(service.check.check(chain)), QByteArray());
     QCOMPARE(service.check.connections(0), std::size_t(2));
+}
+
+void tst_CDocumentCheck::shippedChain()
+{
+    SCheckedService fakes(withCameras({"fake-1", "fake-2"}));
+    const QByteArray chain = content(DEMO_CHAIN);
+    QCOMPARE(firstLine(fakes.check.check(chain)), QByteArray());
+    QCOMPARE(fakes.check.connections(0), std::size_t(11));
+    SCheckedService anyone;
+    QCOMPARE(firstLine(anyone.check.check(chain)), QByteArray());
+}
+
+void tst_CDocumentCheck::savedScene()
+{
+    SCheckedService service;
+    const auto info = Core::AppCoreComponents::BaseInfoPtr::create();
+    service.host.nodes.addNode(service.host.models.createCameraSource("fake-1"), info);
+    QVERIFY(service.host.nodes.importDocument(QString::fromUtf8(content(DEMO_CHAIN))));
+    const QByteArray scene = service.host.nodes.findSceneByInfo(info)->saveToMemory();
+    QCOMPARE(firstLine(service.check.check(scene)), QByteArray());
 }
 
 void tst_CDocumentCheck::largeChain()

@@ -90,7 +90,7 @@ void tst_CheckFiles::severalFiles()
                         "broken.json: 1 error\n"
                         "sound.json: no faults\n"
                         "warned.json:1:75: warning: $[0].unique_sources[0][1]: the camera 'left' feeds 'a' already, at "
-                        "1:67: all comes twice\n"
+                        "1:67: all data would come twice\n"
                         "warned.json: 1 warning\n"));
 }
 
