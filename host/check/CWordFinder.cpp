@@ -57,10 +57,11 @@ QString CWordFinder::closest(const QString& word, const QStringList& words)
     QString best;
     int bestDistance = mostDifferences(word.size()) + 1;
     for (const QString& candidate : words) {
+        if (--m_stepsLeft < 0)
+            return {};
         if (std::abs(candidate.size() - word.size()) >= bestDistance || candidate == word)
             continue;
-        if (--m_comparisonsLeft < 0)
-            return {};
+        m_stepsLeft -= word.size() * candidate.size();
         const int distance = editDistance(word, candidate);
         if (distance < bestDistance) {
             best = candidate;

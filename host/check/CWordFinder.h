@@ -15,7 +15,7 @@ int editDistance(const QString& left, const QString& right);
 /**
  * Finds the word that was meant by a mistyped one.
  *
- * Comparing takes time for each pair of words, so after half a million of them it finds nothing any more: a document
+ * Comparing takes time for each pair of words, so after some millions of letters it finds nothing any more: a document
  * with thousands of wrong words is told so at once rather than helpfully in a minute.
  */
 class CWordFinder
@@ -28,7 +28,7 @@ public:
     QString hint(const QString& word, const QStringList& words);
 
 private:
-    int m_comparisonsLeft = 500000;
+    int m_stepsLeft = 20000000; // looking at a word, and each pair of letters that is compared
 };
 
 /// "'a', 'b' and 'c'", or with \a conjunction between the last two.
