@@ -5,7 +5,6 @@
 
 #include "host/base/Shown.h"
 
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -106,6 +105,16 @@ QString faultLine(const QString& file, const SFault& fault)
     if (!fault.path.isEmpty())
         line += fault.path + QStringLiteral(": ");
     return line + fault.message;
+}
+
+QStringList errorLines(const SCheckedFile& file)
+{
+    QStringList lines;
+    for (const SFault& fault : file.faults) {
+        if (fault.isError)
+            lines << faultLine(file.file, fault);
+    }
+    return lines;
 }
 
 QByteArray faultText(const std::vector<SCheckedFile>& files)

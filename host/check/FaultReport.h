@@ -7,6 +7,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -24,6 +25,9 @@ struct SCheckedFile
 
 /// As compilers write it: "chain.json:3:14: error: $[2].name: no element is named 'blurr'". Without an end of line.
 QString faultLine(const QString& file, const SFault& fault);
+
+/// What a run says when it refuses the document: the lines of its errors. Empty if it has none.
+QStringList errorLines(const SCheckedFile& file);
 
 /// A line for each fault, and one for each file that says how many there are.
 QByteArray faultText(const std::vector<SCheckedFile>& files);

@@ -43,6 +43,13 @@ bool readJson(const QByteArray& text, CJsonTree& tree, CFaultList& faults)
         return false;
     }
 
+    // The parser would take it for the end.
+    const int zero = text.indexOf('\0');
+    if (zero >= 0) {
+        faults.addTextError(EFaultRule::Encoding, zero, QStringLiteral("a zero byte, which no text has"));
+        return false;
+    }
+
     rapidjson::MemoryStream stream(text.constData(), std::size_t(text.size()));
     if (startsWith(text, "\xef\xbb\xbf", 3)) // the mark of UTF-8, which every reader of JSON here passes over
         stream.src_ += 3;

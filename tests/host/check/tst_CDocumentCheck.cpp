@@ -7,6 +7,7 @@
 #include "TestFile.h"
 #include "host/check/FaultReport.h"
 
+#include <QJsonDocument>
 #include <QTest>
 
 #include <algorithm>
@@ -52,6 +53,8 @@ private Q_SLOTS:
     void sourceAtLabel();
     void shippedChain();
     void savedScene();
+    void truncated();
+    void whatARunCannotRead();
     void largeChain();
     void largeChainOfFaults();
     void largeLoop();
@@ -118,6 +121,29 @@ void tst_CDocumentCheck::savedScene()
     QVERIFY(service.host.nodes.importDocument(QString::fromUtf8(content(DEMO_CHAIN))));
     const QByteArray scene = service.host.nodes.findSceneByInfo(info)->saveToMemory();
     QCOMPARE(firstLine(service.check.check(scene)), QByteArray());
+}
+
+void tst_CDocumentCheck::truncated()
+{
+    SCheckedService service(withCameras({"left"}));
+    for (int size = 0; size < image.size(); ++size)
+        QVERIFY2(hasErrors(service.check.check(image.left(size))), image.left(size));
+}
+
+// A run reads with another parser: whatever that one refuses must be an error here.
+void tst_CDocumentCheck::whatARunCannotRead()
+{
+    SCheckedService service(withCameras({"left"}));
+    for (const char byte :
+         {'"', '\\', '{', '}', '[', ']', ',', ':', '0', '-', '.', 'e', '/', '\n', '\x01', '\0', '\x80', '\xc3'}) {
+        for (int i = 0; i < image.size(); ++i) {
+            const QByteArray text = QByteArray(image).replace(i, 1, &byte, 1);
+            const std::vector<SFault> faults = service.check.check(text);
+            QJsonParseError error;
+            QJsonDocument::fromJson(text, &error);
+            QVERIFY2(error.error == QJsonParseError::NoError || hasErrors(faults), text);
+        }
+    }
 }
 
 void tst_CDocumentCheck::largeChain()

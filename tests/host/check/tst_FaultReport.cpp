@@ -32,6 +32,7 @@ class tst_FaultReport : public QObject
 private Q_SLOTS:
     void lines();
     void unprintableName();
+    void linesOfErrors();
     void text();
     void json();
     void sarif();
@@ -48,6 +49,12 @@ void tst_FaultReport::lines()
 void tst_FaultReport::unprintableName()
 {
     QCOMPARE(faultLine("chain\n.json", unreadable), QString("chain?.json: error: cannot read"));
+}
+
+void tst_FaultReport::linesOfErrors()
+{
+    QCOMPARE(errorLines(files[0]), QStringList("a b/chain.json:3:14: error: $[2].colour: unknown key 'colour'"));
+    QCOMPARE(errorLines({"chain.json", {warning}}), QStringList());
 }
 
 void tst_FaultReport::text()
