@@ -14,6 +14,8 @@
 #include <Halvex/graph/DocumentKeys.h>
 #include <Halvex/models/CNodeDecouplerDataModelBase.h>
 
+#include <algorithm>
+
 namespace Host {
 
 using namespace Plugin::Halvex;
@@ -23,6 +25,20 @@ namespace {
 QJsonObject settings(const QJsonObject& model)
 {
     return model.value(DocumentKeys::property).toObject();
+}
+
+// Whether a model that saves \a kept has taken what was given: to the accuracy of a float, and whatever else it keeps
+// in an object.
+bool isTaken(const QJsonValue& given, const QJsonValue& kept)
+{
+    if (given.isDouble() && kept.isDouble())
+        return float(given.toDouble()) == float(kept.toDouble());
+    if (!given.isObject() || !kept.isObject())
+        return given == kept;
+    const QJsonObject object = given.toObject();
+    const QStringList keys = object.keys();
+    return std::all_of(keys.begin(), keys.end(),
+                       [&](const QString& key) { return isTaken(object.value(key), kept[key]); });
 }
 
 bool isSameKind(QJsonValue::Type type, const QJsonValue& value)
@@ -66,7 +82,7 @@ void CSettingsCheck::checkKeys()
             continue;
         const QJsonValue given = valueOf(*member);
         const QJsonValue kept = m_after.value(key);
-        if (kept == given || (key == DocumentKeys::isUnique && given == false))
+        if (isTaken(given, kept) || (key == DocumentKeys::isUnique && given == false))
             continue;
         if (kept.isUndefined()) {
             QStringList keys = m_after.keys();
@@ -105,7 +121,7 @@ void CSettingsCheck::checkSetting(const SJsonNode& setting)
     if (!checkType(setting) || !checkRate(setting))
         return;
     const QJsonValue now = present(setting.key);
-    if (!now.isUndefined() && now != valueOf(setting))
+    if (!now.isUndefined() && !isTaken(valueOf(setting), now))
         m_faults.addError(
             EFaultRule::Setting, setting,
             QStringLiteral("%1 refuses %2; it stays %3").arg(shown(setting.key), description(setting), jsonText(now)));

@@ -53,6 +53,7 @@ private Q_SLOTS:
     void sourceAtLabel();
     void shippedChain();
     void savedScene();
+    void settingsAreTaken();
     void truncated();
     void whatARunCannotRead();
     void largeChain();
@@ -121,6 +122,23 @@ void tst_CDocumentCheck::savedScene()
     QVERIFY(service.host.nodes.importDocument(QString::fromUtf8(content(DEMO_CHAIN))));
     const QByteArray scene = service.host.nodes.findSceneByInfo(info)->saveToMemory();
     QCOMPARE(firstLine(service.check.check(scene)), QByteArray());
+}
+
+void tst_CDocumentCheck::settingsAreTaken()
+{
+    SCheckedService service(withCameras({"left"}));
+    const auto checked = [&](const QByteArray& model) {
+        const QByteArray tuned =
+            R"(, {"name": "tuned", "model": {"name": "Tuned", )" + model + R"(}, "unique_sources": [["image"]]}])";
+        return firstLine(service.check.check(QByteArray(image).replace("}]", '}' + tuned)));
+    };
+    QCOMPARE(checked(R"("property": {"gain": 0.1})"), QByteArray());
+    QCOMPARE(checked(R"("lens": {"focus": 7})"), QByteArray());
+    QVERIFY(checked(R"("property": {"gain": "high"})").contains("the string 'high', where a value like 1 belongs"));
+    QVERIFY(checked(R"("lens": {"focus": 7.5})")
+                .endsWith("an object for 'lens' is not taken; it stays "
+                          R"({"focus":1,"zoom":1})"));
+    QVERIFY(checked(R"("lense": {"focus": 7})").endsWith("did you mean 'lens'?"));
 }
 
 void tst_CDocumentCheck::truncated()
