@@ -82,7 +82,7 @@ private:
     void findLoops();
     bool findIdleCameras(const SJsonNode& root);
     void findUnreached();
-    void findUnfedPorts(int node);
+    void findUnfedPorts(int number);
 
     CModelCatalogue& m_models;
     CFaultList& m_faults;

@@ -39,7 +39,7 @@ public:
     /// The innermost array or object that is not closed; null if there is none.
     const SJsonNode* openBracket() const { return m_open; }
 
-    // What the parser calls.
+    // What the parser calls, by its names. NOLINTBEGIN(readability-identifier-naming)
     bool Null() { return addScalar({}); }
     bool Bool(bool value) { return addScalar(value); }
     bool Int(int value) { return addScalar(value); }
@@ -54,6 +54,7 @@ public:
     bool EndObject(unsigned members);
     bool StartArray() { return open(QJsonValue::Array); }
     bool EndArray(unsigned items);
+    // NOLINTEND(readability-identifier-naming)
 
 private:
     SJsonNode& addNode();
