@@ -24,9 +24,9 @@ public:
     /// All arguments outlive this object.
     CNodeReader(CModelCatalogue& models, CFaultList& faults, CWordFinder& words);
 
-    /// Reads \a model, a model's object, into \a node; what is wrong with it is told, and the node then lacks its
+    /// Reads \a json, a model's object, into \a node; what is wrong with it is told, and the node then lacks its
     /// model. False when the model is a source, which is not told.
-    bool read(const SJsonNode& model, SGraphNode& node);
+    bool read(const SJsonNode& json, SGraphNode& node);
 
 private:
     void readModel(Plugin::Halvex::CNodeDataModel& model, const SJsonNode& json, SGraphNode& node);

@@ -117,7 +117,7 @@ QString syntaxErrorText(const QByteArray& text, rapidjson::ParseErrorCode code, 
         return QStringLiteral("':' is missing behind the key");
     case kParseErrorObjectMissCommaOrCurlyBracket:
     case kParseErrorArrayMissCommaOrSquareBracket:
-        return behindValueText(text, offset, *open, faults);
+        return open ? behindValueText(text, offset, *open, faults) : QString();
     case kParseErrorStringInvalidEncoding:
     case kParseErrorStringEscapeInvalid:
         return stringText(text, offset, code);
