@@ -6,6 +6,8 @@
 
 #include "Measuring.h"
 
+#include <Halvex/graph/CNodeBase.h>
+#include <Halvex/graph/CNodeConnection.h>
 #include <Halvex/models/ASourceNodeDataModel.h>
 #include <Halvex/models/CGenericNodeDecouplerDataModel.h>
 #include <Halvex/scene/CNodeScene.h>
@@ -15,7 +17,8 @@
 #include "host/models/CGrabResultData.h"
 #include "host/models/CHostModelService.h"
 #include "host/models/HostModels.h"
-#include "host/models/IFrameSink.h"
+#include "host/models/IFrameInfo.h"
+#include "host/sinks/IFrameSink.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -127,17 +130,13 @@ public:
         for (int camera = 0; camera < cameras; ++camera)
             threads.emplace_back([=] { sendFrames(m_entries[std::size_t(camera)], camera, framesEach); });
         const quint64 all = quint64{cameras} * quint64(framesEach);
-        while (recorded() < all)
+        m_delays.reserve(all);
+        while (m_delays.size() < all)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         for (std::thread& thread : threads)
             thread.join();
 
-        std::vector<double> delays;
-        for (const Host::IFrameSink* sink : m_recordings) {
-            for (const std::chrono::nanoseconds& delay : sink->delays())
-                delays.push_back(std::chrono::duration<double>(delay).count());
-        }
-        return delays;
+        return std::move(m_delays);
     }
 
 private:
@@ -150,16 +149,22 @@ private:
             if (writesFiles)
                 sink->setOutput(m_folder.path(), 30);
             if (sink->sinkName() == QLatin1String("frames"))
-                m_recordings.push_back(sink);
+                recordDelays(scene, *entry.second);
         }
     }
 
-    quint64 recorded() const
+    /// Of what is delivered to \a sink. A converter sees it just before.
+    void recordDelays(const CNodeScene& scene, const CNodeBase& sink)
     {
-        quint64 sum = 0;
-        for (const Host::IFrameSink* sink : m_recordings)
-            sum += sink->delivered();
-        return sum;
+        for (const auto& entry : scene.connections()) {
+            if (entry.second->getNode(ENodePortType::In) != &sink)
+                continue;
+            entry.second->setTypeConverter([this](CNodeDataPtr data) {
+                if (const auto* frame = dynamic_cast<const Host::IFrameInfo*>(data.data()))
+                    m_delays.push_back(std::chrono::duration<double>(Clock::now() - frame->info().grabbed).count());
+                return data;
+            });
+        }
     }
 
     void sendFrames(const CNodeDataEntry& entry, int camera, int frames) const
@@ -176,7 +181,7 @@ private:
     const Veltra::CGrabResultPtr m_frame = makeGrabResult();
     const QTemporaryDir m_folder;
     std::vector<CNodeDataEntry> m_entries;
-    std::vector<const Host::IFrameSink*> m_recordings;
+    std::vector<double> m_delays; // in seconds
     CNodeService m_service;
 };
 

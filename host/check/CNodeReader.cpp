@@ -9,7 +9,7 @@
 #include "host/check/CJsonTree.h"
 #include "host/check/CSettingsCheck.h"
 #include "host/check/CWordFinder.h"
-#include "host/models/IFrameSink.h"
+#include "host/sinks/IFrameSink.h"
 
 #include <Halvex/graph/DocumentKeys.h>
 #include <Halvex/models/ASourceNodeDataModel.h>
