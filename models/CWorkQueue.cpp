@@ -148,21 +148,27 @@ void CWorkQueue::add(Inputs& inputs, const std::shared_ptr<const Work>& work)
 void CWorkQueue::cancel()
 {
     CDiscarded discarded(*this);
-    const QMutexLocker lock(&m_mutex);
-    endUnfinished(&SWorkerStatistics::cancelled, discarded.jobs);
-    // One after the other says no more than one.
-    if (!m_begun.first || m_begun.last->isFrame) {
-        CJob& job = makeJob();
-        job.isFrame = false;
-        job.isReady = true;
-        m_begun.append(job);
+    bool isNews = false;
+    {
+        const QMutexLocker lock(&m_mutex);
+        endUnfinished(&SWorkerStatistics::cancelled, discarded.jobs);
+        // One after the other says no more than one.
+        if (!m_begun.first || m_begun.last->isFrame) {
+            CJob& job = makeJob();
+            job.isFrame = false;
+            job.isReady = true;
+            m_begun.append(job);
+        }
+        isNews = becomesNews();
     }
-    announce();
+    if (isNews)
+        announce();
 }
 
 void CWorkQueue::close()
 {
     CDiscarded discarded(*this);
+    const QMutexLocker announcing(&m_receiverMutex);
     const QMutexLocker lock(&m_mutex);
     m_receiver = nullptr;
     endUnfinished(&SWorkerStatistics::dropped, discarded.jobs);
@@ -328,16 +334,19 @@ void CWorkQueue::perform(CJob& job)
 
     CDiscarded discarded(*this);
     CJob* next = nullptr;
+    bool isNews = false;
     {
         const QMutexLocker lock(&m_mutex);
         recordTime(time);
         job.result.swap(result);
         job.error.swap(error);
         endRun(job, discarded.jobs);
-        announce();
+        isNews = becomesNews();
         next = begin();
     }
     start(next);
+    if (isNews)
+        announce();
 }
 
 /// The last that a job does. Whether the model is gone.
@@ -360,12 +369,22 @@ void CWorkQueue::endRun(CJob& job, SList& discarded)
     ++m_ready;
 }
 
-/// The call is queued under the mutex, which the receiver needs in order to go.
+/// Whether the receiver has to be told of what is ready, which is noted.
+bool CWorkQueue::becomesNews()
+{
+    if (m_isAnnounced || !m_begun.first || !m_begun.first->isReady)
+        return false;
+    m_isAnnounced = true;
+    return true;
+}
+
+/// The call is queued under a mutex that the receiver needs in order to go, but not in order to take what is ready: it
+/// would wake up only to wait for this thread.
 void CWorkQueue::announce()
 {
-    if (m_isAnnounced || !m_receiver || !m_begun.first || !m_begun.first->isReady)
+    const QMutexLocker lock(&m_receiverMutex);
+    if (!m_receiver)
         return;
-    m_isAnnounced = true;
     QMetaObject::invokeMethod(
         m_receiver, [receiver = m_receiver] { receiver->onResultsReady(); }, Qt::QueuedConnection);
 }

@@ -95,6 +95,7 @@ private:
 
     void perform(CJob& job);
     bool leave();
+    void announce();
     static void start(CJob* job);
 
     // These expect the mutex to be held.
@@ -106,11 +107,12 @@ private:
     void endUnfinished(quint64 SWorkerStatistics::*count, SList& discarded);
     void end(CJob& job, quint64 SWorkerStatistics::*count, SList& discarded);
     void countEnd(quint64 SWorkerStatistics::*count);
-    void announce();
+    bool becomesNews();
     void recordTime(qint64 nanoseconds);
 
+    QMutex m_receiverMutex; // locked before the other one
     mutable QMutex m_mutex;
-    AWorkerNodeDataModel* m_receiver; // null once it is gone
+    AWorkerNodeDataModel* m_receiver; // null once it is gone; written under both
     QPointer<QThreadPool> m_pool;     // null: Qt's global one
     SLimits m_limits;
     std::vector<std::unique_ptr<CJob>> m_jobs; // all there are
