@@ -27,6 +27,7 @@ QJsonObject nodeJson(const SNodeReport& node)
             {"out", number(node.out)},
             {"frames_per_second", number(node.framesPerSecond)},
             {"computing_p50", seconds(node.computing)},
+            {"computing_sum", seconds(node.worked)},
             {"grab_to_here_p50", seconds(node.grabToHere)},
             {"grab_to_here_p99", seconds(node.grabToHere99)},
             {"dropped", number(node.dropped)},

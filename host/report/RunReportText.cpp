@@ -34,13 +34,20 @@ QString fileRange(const std::vector<QString>& files)
     return QStringLiteral("%1 to %2").arg(files.front(), QFileInfo(files.back()).fileName());
 }
 
-CTable nodeTable(const std::vector<SNodeReport>& nodes)
+// How much of one core the work took.
+QString percentOfCore(Delay worked, std::chrono::nanoseconds span)
 {
-    CTable table({"Node", ">in", ">out", ">fps", ">work", ">p50", ">p99", ">drops", ">pending"});
+    return worked && span.count() > 0 ? QString::number(100.0 * double(worked->count()) / double(span.count()), 'f', 1)
+                                      : QString();
+}
+
+CTable nodeTable(const std::vector<SNodeReport>& nodes, std::chrono::nanoseconds span)
+{
+    CTable table({"Node", ">in", ">out", ">fps", ">work", ">core", ">p50", ">p99", ">drops", ">left"});
     for (const SNodeReport& node : nodes)
         table.addRow({node.name, number(node.in), number(node.out), rate(node.framesPerSecond),
-                      milliseconds(node.computing), milliseconds(node.grabToHere), milliseconds(node.grabToHere99),
-                      number(node.dropped), number(node.pending)});
+                      milliseconds(node.computing), percentOfCore(node.worked, span), milliseconds(node.grabToHere),
+                      milliseconds(node.grabToHere99), number(node.dropped), number(node.pending)});
     return table;
 }
 
@@ -79,8 +86,9 @@ QString SRunReport::text(int width, bool isBold) const
         out << "Remark             " << remark << '\n';
     if (!nodes.empty())
         out << '\n'
-            << nodeTable(nodes).text(width, isBold)
-            << "work: median of a frame's own computing; p50, p99: from the grab to the node; ms\n";
+            << nodeTable(nodes, span).text(width, isBold)
+            << "work: median of a frame's own computing; p50, p99: from the grab to here; in ms\n"
+            << "core: how much of one core that computing took, in %; left: pending at the end\n";
     writeErrors(out, nodes);
     if (!sinks.empty())
         out << '\n' << sinkTable(sinks).text(width, isBold);

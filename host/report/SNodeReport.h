@@ -19,6 +19,7 @@ struct SNodeReport
     std::optional<quint64> out;
     std::optional<double> framesPerSecond;
     Delay computing;  ///< Median of a frame's own work, as the model tells it.
+    Delay worked;     ///< The sum of all of that work, on whatever cores.
     Delay grabToHere; ///< Median, from the camera's stream to the node's input.
     Delay grabToHere99;
     std::optional<quint64> dropped; ///< With what empty data cancelled.

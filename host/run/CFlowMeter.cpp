@@ -91,8 +91,12 @@ void CFlowMeter::watchModel(std::size_t node)
     connect(model, &CNodeDataModel::computingStarted, this,
             [this, node] { m_nodes[node].computingSince = Clock::now(); });
     connect(model, &CNodeDataModel::computingFinished, this, [this, node] {
-        if (m_nodes[node].computingSince != Clock::time_point())
-            m_nodes[node].computing.add(Clock::now() - m_nodes[node].computingSince);
+        SNode& known = m_nodes[node];
+        if (known.computingSince == Clock::time_point())
+            return;
+        const auto time = Clock::now() - known.computingSince;
+        known.computing.add(time);
+        known.worked = known.worked.value_or(std::chrono::nanoseconds::zero()) + time;
     });
     // A model that goes on working forgets what was wrong before.
     connect(model, &CNodeDataModel::dataInvalidated, this, [this, node] {
@@ -149,6 +153,7 @@ SNodeReport CFlowMeter::report(std::size_t node) const
     report.grabToHere = delays.percentile(0.5);
     report.grabToHere99 = delays.percentile(0.99);
     report.computing = known.computing.percentile(0.5);
+    report.worked = known.worked;
     const QString message = known.model->validationMessage();
     report.lastError = message.isEmpty() ? known.lastError : message;
     return report;

@@ -82,6 +82,7 @@ private:
         std::map<int, quint64> updates; ///< By output port: how often it told of new data.
         Clock::time_point computingSince;
         CDelays computing;
+        Delay worked; ///< All of that.
         QString lastError;
     };
 

@@ -168,8 +168,10 @@ void CStreamGraph::accountNode(std::size_t node, SRunReport* report) const
         row.dropped = counts.dropped + counts.cancelled;
         row.pending = counts.pending;
         // It tells the work of each frame; its signals tell only when there was any.
-        if (counts.workSum > 0)
+        if (counts.workSum > 0) {
             row.computing = std::chrono::nanoseconds(counts.workP50);
+            row.worked = std::chrono::nanoseconds(counts.workSum);
+        }
         // Several inputs make one frame of what comes on them; how is up to the model.
         const bool hasOneInput = model->nPorts(ENodePortType::In) == 1;
         report->workers.push_back({row.name, counts, hasOneInput ? expected : counts.received});

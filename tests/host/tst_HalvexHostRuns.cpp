@@ -149,6 +149,7 @@ void tst_HalvexHostRuns::reportAsJson()
     const QJsonObject blur = nodeOf(report, "Blur");
     QVERIFY(blur["in"].toInt() > 0);
     QVERIFY(blur["computing_p50"].toDouble() > 0.0);
+    QVERIFY(blur["computing_sum"].toDouble() >= blur["computing_p50"].toDouble());
     QVERIFY(blur["grab_to_here_p99"].toDouble() >= blur["grab_to_here_p50"].toDouble());
     const QString file = program.file("report.json");
     QCOMPARE(program.run({"--frames", "2", "--json", file}), 0);

@@ -135,6 +135,7 @@ SRunReport sample()
     blur.in = 3;
     blur.out = 2;
     blur.computing = 1234567ns;
+    blur.worked = 10ms;
     blur.grabToHere = 5us;
     blur.grabToHere99 = 2s;
     blur.dropped = 1;
@@ -161,10 +162,11 @@ Underruns          0
 Frames per second  25.0
 Remark             2 frames came incomplete
 
-Node        in  out   fps  work   p50      p99  drops  pending
-[0] Camera   -    3  25.0     -     -        -      -        -
-[5] Blur     3    2     -  1.23  0.01  2000.00      1        0
-work: median of a frame's own computing; p50, p99: from the grab to the node; ms
+Node        in  out   fps  work  core   p50      p99  drops  left
+[0] Camera   -    3  25.0     -     -     -        -      -     -
+[5] Blur     3    2     -  1.23  12.5  0.01  2000.00      1     0
+work: median of a frame's own computing; p50, p99: from the grab to here; in ms
+core: how much of one core that computing took, in %; left: pending at the end
 Error of [5] Blur: this is no image
 
 Sink  delivered  written  Files
