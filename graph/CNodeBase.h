@@ -20,6 +20,7 @@
 namespace Plugin::Halvex {
 
 class CNodeConnection;
+class CNodeScene;
 class CNodeVisit;
 class CStackGauge;
 
@@ -93,7 +94,8 @@ private:
     friend class CNodeScene;
     friend class CNodeVisit;
 
-    /// An end of a connection. It is in a list of the node that it leads to, which clears it when it goes.
+    /// An end of a connection. It is in a list of the node that it leads to, which clears it when it goes,
+    /// unless a host has written another node into it.
     struct SEnd
     {
         CNodeBase* node = nullptr;
@@ -133,8 +135,8 @@ private:
     std::unique_ptr<CNodeDataModel> m_model;
     mutable CNodeState m_state; // also counts who stands in the node
     Core::CId m_id;
-    SEnd* m_firstEnd = nullptr;    // of those that lead here
-    const void* m_owner = nullptr; // the scene that holds it; null before it is added and after it was taken out
+    SEnd* m_firstEnd = nullptr;          // of those that lead here
+    const CNodeScene* m_owner = nullptr; // the scene that holds it; null before it is added and after it was taken out
     EStage m_stage = EStage::Staying;
     mutable bool m_hasWarned = false;
 };

@@ -7,8 +7,8 @@
 
 namespace Plugin::Halvex {
 
-/// The sides that a node has ports on. A new one needs rows in CNodeState, an end in CNodeConnection and a list of
-/// connections in CNodeBase: these take In for one side and everything else for the other.
+/// The sides that a node has ports on. A new one needs rows in CNodeState, and an end in CNodeConnection: these take In
+/// for one side and everything else for the other.
 constexpr ENodePortType portSides[] = {ENodePortType::In, ENodePortType::Out};
 
 /// Whether \a side is among portSides. It may be any number: hosts pass what they read.

@@ -14,6 +14,7 @@
 
 #include <QMetaEnum>
 #include <QPointer>
+#include <QScopeGuard>
 
 #include <utility>
 
@@ -28,11 +29,16 @@ AWorkerNodeDataModel::AWorkerNodeDataModel(QString uniqueName)
 
 AWorkerNodeDataModel::~AWorkerNodeDataModel()
 {
+    // What is released here runs foreign code, which must find a model that has no data and takes none.
+    m_isEnding = true;
     m_queue->close();
+    const CNodeDataPtr last = std::exchange(m_output, CNodeDataPtr());
 }
 
 void AWorkerNodeDataModel::setInData(CNodeDataPtr data, NodePortIndex index)
 {
+    if (m_isEnding)
+        return;
     if (!m_gatherer && !makeGatherer())
         return;
     if (index < 0 || std::size_t(index) >= m_gatherer->ports())
@@ -53,27 +59,36 @@ void AWorkerNodeDataModel::setInData(CNodeDataPtr data, NodePortIndex index)
     }
 }
 
-/// Whether the model is still there: what a subclass says is foreign code.
+/// Whether the model is still there: what a subclass says is foreign code. That may also send data, and with it have
+/// made the gatherer.
 bool AWorkerNodeDataModel::makeGatherer()
 {
     const QPointer<AWorkerNodeDataModel> self(this);
-    auto gatherer = std::make_unique<CInputGatherer>(nPorts(ENodePortType::In));
+    const unsigned int ports = nPorts(ENodePortType::In);
     if (!self)
         return false;
-    m_gatherer = std::move(gatherer);
+    if (!m_gatherer)
+        m_gatherer = std::make_unique<CInputGatherer>(ports);
     return true;
+}
+
+/// The same with the work.
+bool AWorkerNodeDataModel::prepareWork()
+{
+    const QPointer<AWorkerNodeDataModel> self(this);
+    auto made = std::make_shared<const Work>(makeWork());
+    if (self && !m_work)
+        m_work = std::move(made);
+    made.reset(); // what it captured may remove the model, too
+    return self;
 }
 
 void AWorkerNodeDataModel::addFrame()
 {
     const QPointer<AWorkerNodeDataModel> self(this);
     Inputs frame = std::exchange(m_frame, {});
-    if (!m_work) {
-        auto made = std::make_shared<const Work>(makeWork());
-        if (!self)
-            return;
-        m_work = std::move(made);
-    }
+    if (!m_work && !prepareWork())
+        return;
     m_queue->add(frame, m_work);
     frame.clear();
     if (!self)
@@ -91,10 +106,14 @@ CNodeDataPtr AWorkerNodeDataModel::outData(NodePortIndex index)
 void AWorkerNodeDataModel::onResultsReady()
 {
     const QPointer<AWorkerNodeDataModel> self(this);
+    // An exception of a handler's ends this call; what is left then is for another one.
+    auto callAgain = qScopeGuard([&self] {
+        if (self)
+            QMetaObject::invokeMethod(
+                self.data(), [worker = self.data()] { worker->onResultsReady(); }, Qt::QueuedConnection);
+    });
     m_queue->beginDelivery();
     while (auto result = m_queue->takeNext()) {
-        if (!self)
-            return; // Qt may have warned that it has no thread, and a message handler is foreign code
         const bool isNews = !result->error.isNull() && result->error != m_message;
         m_message = result->error;
         if (isNews)
@@ -104,7 +123,8 @@ void AWorkerNodeDataModel::onResultsReady()
         if (!self)
             return;
     }
-    if (self && m_isComputing && m_queue->isIdle()) {
+    callAgain.dismiss();
+    if (m_isComputing && m_queue->isIdle()) {
         m_isComputing = false;
         Q_EMIT computingFinished();
     }
@@ -113,10 +133,11 @@ void AWorkerNodeDataModel::onResultsReady()
 /// The model may be gone afterwards.
 void AWorkerNodeDataModel::giveOut(CNodeDataPtr data)
 {
-    const CNodeData* const given = data.data();
-    if (!storeNewestData(*this, m_output, std::move(data)) || m_output.data() != given)
+    const bool hasData = !data.isNull();
+    const quint64 turn = ++m_turn;
+    if (!storeNewestData(*this, m_output, std::move(data)) || m_turn != turn)
         return; // the end of the old one has removed the model, or let a newer one out
-    if (given)
+    if (hasData)
         Q_EMIT dataUpdated(0);
     else
         Q_EMIT dataInvalidated(0);
@@ -174,8 +195,8 @@ void AWorkerNodeDataModel::setPolicy(EPolicy policy)
     if (policy == m_policy)
         return;
     m_policy = policy;
-    applyLimits();
-    Q_EMIT policyChanged();
+    if (applyLimits())
+        Q_EMIT policyChanged();
 }
 
 int AWorkerNodeDataModel::mostWaiting() const
@@ -188,8 +209,8 @@ void AWorkerNodeDataModel::setMostWaiting(int frames)
     if (frames < 1 || frames == m_mostWaiting)
         return;
     m_mostWaiting = frames;
-    applyLimits();
-    Q_EMIT mostWaitingChanged();
+    if (applyLimits())
+        Q_EMIT mostWaitingChanged();
 }
 
 int AWorkerNodeDataModel::parallelism() const
@@ -202,14 +223,18 @@ void AWorkerNodeDataModel::setParallelism(int frames)
     if (frames < 1 || frames == m_parallelism)
         return;
     m_parallelism = frames;
-    applyLimits();
-    Q_EMIT parallelismChanged();
+    if (applyLimits())
+        Q_EMIT parallelismChanged();
 }
 
-void AWorkerNodeDataModel::applyLimits()
+/// Whether the model is still there: data that now finds no room is released.
+bool AWorkerNodeDataModel::applyLimits()
 {
-    m_queue->setLimits(
+    const QPointer<AWorkerNodeDataModel> self(this);
+    const auto queue = m_queue;
+    queue->setLimits(
         {m_policy == EPolicy::NewestWins ? 1 : m_mostWaiting, m_policy == EPolicy::DropNewest, m_parallelism});
+    return self;
 }
 
 void AWorkerNodeDataModel::setThreadPool(QThreadPool* pool)

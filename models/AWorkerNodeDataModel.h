@@ -59,11 +59,11 @@ class CWorkQueue;
  * on at a time, and as many results may wait for the graph's thread. policy() says what happens when too many wait.
  * Results leave in the order in which their frames came: what is ready too early waits.
  *
- * Results: each becomes the output, and dataUpdated(0) is emitted. A null result, a frame that failed and empty data
- * make the output empty, and dataInvalidated(0) is emitted. What the work throws is the validation message until a
- * frame succeeds, and is reported to "halvex.graph" with the model's name, once as long as it is the same.
- * computingStarted() is emitted when a frame comes and none is pending, computingFinished() when none is pending any
- * more.
+ * Results: each becomes the output, and dataUpdated(0) is emitted, unless the end of the output before it has already
+ * let a newer one out. A null result, a frame that failed and empty data make the output empty, and dataInvalidated(0)
+ * is emitted. What the work throws is the validation message until a frame succeeds, and is reported to "halvex.graph"
+ * with the model's name, once as long as it is the same. computingStarted() is emitted after a frame was taken in, if
+ * none was pending before it, and computingFinished() when none is pending any more.
  *
  * Empty data on any input forgets what was collected, cancels what waits, and lets what is worked on end without a
  * result. It goes out itself, after the results that are complete.
@@ -174,18 +174,21 @@ private:
 
     void onResultsReady();
     bool makeGatherer();
+    bool prepareWork();
     void addFrame();
     void giveOut(CNodeDataPtr data);
     void report(const QString& error);
-    void applyLimits();
+    bool applyLimits();
 
     std::shared_ptr<CWorkQueue> m_queue; // shared with work that may outlive the model
     std::unique_ptr<CInputGatherer> m_gatherer;
     std::shared_ptr<const Work> m_work; // null: to be made
     Inputs m_frame;                     // empty but while it is handed on
     CNodeDataPtr m_output;
+    quint64 m_turn = 0; // of the output
     QString m_message;
     bool m_isComputing = false;
+    bool m_isEnding = false;
     EPolicy m_policy = EPolicy::NewestWins;
     int m_mostWaiting = 8;
     int m_parallelism = 1;

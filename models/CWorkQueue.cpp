@@ -344,9 +344,9 @@ void CWorkQueue::perform(CJob& job)
         isNews = becomesNews();
         next = begin();
     }
-    start(next);
     if (isNews)
         announce();
+    start(next);
 }
 
 /// The last that a job does. Whether the model is gone.

@@ -29,8 +29,9 @@ namespace Plugin::Halvex {
  *     use(*result);
  * \endcode
  *
- * Threads: the graph's, but for statistics(). The pool's threads come in by the jobs. The mutex guards all members;
- * neither work nor a destructor of data runs under it.
+ * Threads: the graph's, but for statistics(). The pool's threads come in by the jobs. m_mutex guards all members,
+ * m_receiverMutex keeps the receiver from going while a call to it is queued. Neither work nor a destructor of data
+ * runs under them.
  *
  * Ownership: the model has a share, and so has every job that is in the pool.
  */

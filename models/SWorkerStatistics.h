@@ -18,7 +18,7 @@ namespace Plugin::Halvex {
 struct SWorkerStatistics
 {
     quint64 received = 0;  ///< Sets of inputs that were complete.
-    quint64 emitted = 0;   ///< Results that went out.
+    quint64 emitted = 0;   ///< Results that became the output.
     quint64 dropped = 0;   ///< Frames that found no room.
     quint64 cancelled = 0; ///< Frames that empty data made void before their result went out.
     quint64 failed = 0;    ///< Frames whose work threw.

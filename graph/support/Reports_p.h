@@ -13,12 +13,16 @@
 namespace Plugin::Halvex {
 
 /// "halvex.graph": what the engine has to say beyond the messages that its operations define.
-inline Q_LOGGING_CATEGORY(lcGraph, "halvex.graph")
+inline const QLoggingCategory& lcGraph()
+{
+    static const QLoggingCategory category("halvex.graph");
+    return category;
+}
 
-    /// Runs \a work, which calls foreign code, where nothing may be thrown. What it throws is reported to \a category
-    /// under the name \a where. Returns whether the work came to its end.
-    template <typename Work>
-    bool swallowExceptions(const QLoggingCategory& (*category)(), const char* where, Work&& work) noexcept
+/// Runs \a work, which calls foreign code, where nothing may be thrown. What it throws is reported to \a category
+/// under the name \a where. Returns whether the work came to its end.
+template <typename Work>
+bool swallowExceptions(const QLoggingCategory& (*category)(), const char* where, Work&& work) noexcept
 {
     try {
         work();

@@ -80,11 +80,14 @@ private Q_SLOTS:
     void saysWhenItComputes();
     void frameThatComesAsItStartsIsTheSecond();
     void resultThatIsOvertakenIsNotAnnounced();
+    void handlerThatThrowsHoldsNothingUp();
+    void takesWhatComesWhileItAsks();
 
     void removedWhileItWorks();
     void removedByItsResult();
     void removedAsAFrameComes();
     void removedByWhatItIsAsked();
+    void takesNothingWhileItEnds();
     void takesWhatHasNotBegunOutOfThePool();
     void waitsForRemovedWorkWithABound();
 
@@ -439,22 +442,61 @@ void tst_AWorkerNodeDataModel::frameThatComesAsItStartsIsTheSecond()
 
 void tst_AWorkerNodeDataModel::resultThatIsOvertakenIsNotAnnounced()
 {
-    CWorkerModel model;
-    model.setWork([&model](const auto& inputs) {
-        const auto data = CTestData::make(CTestData::valueOf(inputs.front()));
-        if (data->value() == 1) {
-            data->onDestroyed = [&model] {
-                model.setInData({}, 0);
-                QCoreApplication::sendPostedEvents(&model, QEvent::MetaCall);
-            };
-        }
-        return data;
-    });
-    model.send(1);
-    QTRY_COMPARE(model.values, Values{1});
-    model.send(2); // ends 1, and so empty data goes out before it
-    QTRY_COMPARE(model.statistics().pending, quint64(0));
-    QCOMPARE(model.values, (Values{1, -1}));
+    for (const int second : {2, 3}) {
+        CWorkerModel model;
+        model.setWork([&model](const auto& inputs) {
+            const auto data = CTestData::make(CTestData::valueOf(inputs.front()));
+            if (data->value() == 1) {
+                data->onDestroyed = [&model] {
+                    model.setInData({}, 0);
+                    QCoreApplication::sendPostedEvents(&model, QEvent::MetaCall);
+                };
+            }
+            return data->value() == 3 ? CNodeDataPtr() : data;
+        });
+        model.send(1);
+        QTRY_COMPARE(model.values, Values{1});
+        model.send(second); // ends 1, and so empty data goes out before it
+        QTRY_COMPARE(model.statistics().pending, quint64(0));
+        QCOMPARE(model.values, (Values{1, -1}));
+    }
+}
+
+void tst_AWorkerNodeDataModel::handlerThatThrowsHoldsNothingUp()
+{
+    SGatedModel gated(2);
+    const QSignalSpy finished(gated.model.get(), &CNodeDataModel::computingFinished);
+    connect(gated.model.get(), &CNodeDataModel::dataUpdated, [] { throw std::runtime_error("handler"); });
+    for (const int value : {1, 2}) {
+        gated.model->send(value);
+        gated.work.waitForBegin();
+        gated.work.open(value);
+    }
+    QVERIFY(gated.pool.waitForDone(longestWait));
+    for (const Values& values : {Values{1}, Values{1, 2}}) {
+        QVERIFY_EXCEPTION_THROWN(QCoreApplication::sendPostedEvents(gated.model.get(), QEvent::MetaCall),
+                                 std::runtime_error);
+        QCOMPARE(gated.model->values, values);
+    }
+    QCoreApplication::sendPostedEvents(gated.model.get(), QEvent::MetaCall);
+    QCOMPARE(finished.count(), 1);
+}
+
+void tst_AWorkerNodeDataModel::takesWhatComesWhileItAsks()
+{
+    CWorkerModel model(2);
+    model.onPorts = [&model] {
+        model.onPorts = {};
+        model.send(1, 0);
+    };
+    model.onMakeWork = [&model] {
+        model.onMakeWork = {};
+        model.send(10, 0);
+    };
+    model.setParallelism(2);
+    model.setPolicy(EPolicy::DropOldest);
+    model.send(2, 1);
+    QTRY_COMPARE(model.values, (Values{12, 3}));
 }
 
 void tst_AWorkerNodeDataModel::removedWhileItWorks()
@@ -500,6 +542,23 @@ void tst_AWorkerNodeDataModel::removedByWhatItIsAsked()
         model->send(1);
         QCOMPARE(CTestData::alive(), 0);
     }
+}
+
+void tst_AWorkerNodeDataModel::takesNothingWhileItEnds()
+{
+    SGatedModel gated;
+    auto* const model = gated.model.get();
+    model->setPolicy(EPolicy::DropOldest);
+    model->send(1);
+    gated.work.waitForBegin();
+    auto data = CTestData::make(2);
+    data->onDestroyed = [model] { model->send(3); };
+    model->setInData(std::move(data), 0);
+    model->send(4);
+    gated.model.reset();
+    gated.work.open(1);
+    QVERIFY(AWorkerNodeDataModel::waitForRemovedWork());
+    QCOMPARE(CTestData::alive(), 0); // else 3 is worked on
 }
 
 void tst_AWorkerNodeDataModel::takesWhatHasNotBegunOutOfThePool()
