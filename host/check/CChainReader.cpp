@@ -3,6 +3,7 @@
 
 #include "host/check/CChainReader.h"
 
+#include "host/base/AnyCamera.h"
 #include "host/base/Shown.h"
 #include "host/check/CFaultList.h"
 #include "host/check/CJsonTree.h"
@@ -102,9 +103,10 @@ void CChainReader::addLabel(const SJsonNode& element, int number)
     if (!json || !json->isString() || json->text().isEmpty())
         return;
     const QString label = json->text();
-    if (m_cameras.contains(label) || (label == m_options.anyCamera && !label.isEmpty())) {
-        m_faults.addError(EFaultRule::DoubleName, *json,
-                          QStringLiteral("%1 is the name of a camera").arg(shown(label)));
+    if (m_cameras.contains(label) || label == anyCamera) {
+        const QString taken = label == anyCamera ? QStringLiteral("%1 stands for any camera")
+                                                 : QStringLiteral("%1 is the name of a camera");
+        m_faults.addError(EFaultRule::DoubleName, *json, taken.arg(shown(label)));
     } else if (m_labels.contains(label)) {
         m_faults.addError(EFaultRule::DoubleName, *json,
                           QStringLiteral("a second element %1, after that at %2")
@@ -130,14 +132,13 @@ void CChainReader::findCamera(const SJsonNode& source)
     const QString name = source.text();
     if (name.isEmpty() || m_labels.contains(name) || m_cameras.contains(name))
         return;
-    const QString meant = name == m_options.anyCamera ? QString() : m_words.closest(name, m_labelList);
-    if (meant.isNull())
+    // Any camera is one of its own then.
+    if (name == anyCamera || m_words.closest(name, m_labelList).isNull())
         addCamera(name);
 }
 
 void CChainReader::connectElement(const SJsonNode& element, int number)
 {
-
     forEachSource(element, [&](const SJsonNode& source, int port) { addSource(source, number, port); });
     for (const SJsonNode* group : itemsOf(element.member(targetsKey))) {
         for (const SJsonNode* target : itemsOf(group))
@@ -156,9 +157,9 @@ void CChainReader::addSource(const SJsonNode& source, int element, int port)
     connection.outPort = connection.inPort = port;
     connection.json = &source;
     const QString name = source.text();
-    if (name == m_options.anyCamera && !name.isEmpty() && !m_cameras.contains(name)) {
-        for (const int camera : qAsConst(m_cameras)) {
-            connection.from = camera;
+    if (name == anyCamera && !m_options.cameras.isEmpty()) {
+        for (const QString& camera : camerasNotBeside(source)) {
+            connection.from = m_cameras.value(camera);
             m_graph.connect(connection);
         }
         return;
@@ -168,6 +169,15 @@ void CChainReader::addSource(const SJsonNode& source, int element, int port)
         m_graph.connect(connection);
     else
         m_unknown.push_back({element, port, &source});
+}
+
+// Those of the run that are not named among the sources of the same port.
+QStringList CChainReader::camerasNotBeside(const SJsonNode& source) const
+{
+    QStringList cameras = m_options.cameras;
+    for (const SJsonNode* named : source.parent->children)
+        cameras.removeAll(named->text());
+    return cameras;
 }
 
 void CChainReader::addTarget(const SJsonNode& target, int element)

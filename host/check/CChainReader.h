@@ -39,6 +39,7 @@ private:
     void findCamera(const SJsonNode& source);
     void connectElement(const SJsonNode& element, int number);
     void addSource(const SJsonNode& source, int element, int port);
+    QStringList camerasNotBeside(const SJsonNode& source) const;
     void addTarget(const SJsonNode& target, int element);
     void checkUnknownSources();
 

@@ -4,6 +4,7 @@
 #include "host/check/CNodeReader.h"
 
 #include "host/base/Attempt.h"
+#include "host/base/FolderName.h"
 #include "host/base/Shown.h"
 #include "host/check/CFaultList.h"
 #include "host/check/CJsonTree.h"
@@ -15,8 +16,6 @@
 #include <Halvex/models/ASourceNodeDataModel.h>
 #include <Halvex/models/CNodeDecouplerDataModelBase.h>
 
-#include <algorithm>
-
 namespace Host {
 
 using namespace Plugin::Halvex;
@@ -24,14 +23,6 @@ using namespace Plugin::Halvex;
 namespace {
 
 constexpr QLatin1String sinkNameKey = DocumentKeys::makeKey("sink_name");
-
-// What lies in the folder of a graph beside those of its sinks has a name that ends so.
-bool makesAFolder(const QString& name)
-{
-    const bool isFile = name == QLatin1String("graph.txt") || name == QLatin1String("graph.dot");
-    return !isFile && !name.isEmpty() && !name.startsWith(QLatin1Char('.')) &&
-           std::all_of(name.begin(), name.end(), [](QChar c) { return c.isPrint() && c != QLatin1Char('/'); });
-}
 
 } // namespace
 
@@ -96,7 +87,7 @@ void CNodeReader::checkSink(CNodeDataModel& model, const SJsonNode& json)
     const QString name = at ? at->text() : QString();
     at = at ? at : json.member(DocumentKeys::name);
     const auto known = m_sinks.constFind(name);
-    if (!makesAFolder(name))
+    if (!makesASinkFolder(name))
         m_faults.addError(EFaultRule::Sink, *at,
                           name.isEmpty()
                               ? QStringLiteral("a sink needs a name for its folder: \"property\": {\"sink_name\": …}")

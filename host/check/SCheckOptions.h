@@ -21,7 +21,6 @@ struct SCheckOptions
 {
     EDocumentKind kind = EDocumentKind::Any;
     QStringList cameras; ///< Those of the run. If empty, names in a chain that are no labels are those of cameras.
-    QString anyCamera;   ///< The name by which a chain means all cameras of the run; empty for none.
 };
 
 } // namespace Host

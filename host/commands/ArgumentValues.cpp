@@ -3,6 +3,10 @@
 
 #include "host/commands/ArgumentValues.h"
 
+#include "host/base/FolderName.h"
+
+#include <Halvex/models/ANodeDataModel.h>
+
 #include <CLI/CLI.hpp>
 
 #include <QRegularExpression>
@@ -44,6 +48,25 @@ std::chrono::milliseconds readTime(const char* option, const std::string& text)
         refuse(
             QStringLiteral("%1 takes a time like 500ms, 30s, 5min or 2h, not '%2'.").arg(QLatin1String(option), given));
     return std::chrono::milliseconds(std::llround(milliseconds));
+}
+
+QStringList readCameras(const std::vector<std::string>& texts)
+{
+    QStringList cameras;
+    for (const std::string& text : texts) {
+        const QString camera = QString::fromStdString(text);
+        if (camera.isEmpty())
+            refuse(QStringLiteral("--camera is empty."));
+        // A run writes its files into a folder of that name, beside the chain's; and what is no unique name gets no
+        // scene.
+        if (!makesAFolder(camera) || camera == QLatin1String("chain.json") ||
+            camera == Plugin::Halvex::ANodeDataModel::noUniqueName())
+            refuse(QStringLiteral("--camera '%1' is no address.").arg(camera));
+        if (cameras.contains(camera))
+            refuse(QStringLiteral("--camera '%1' is given twice.").arg(camera));
+        cameras << camera;
+    }
+    return cameras;
 }
 
 } // namespace Host

@@ -4,9 +4,11 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <chrono>
 #include <string>
+#include <vector>
 
 namespace Host {
 
@@ -18,5 +20,8 @@ int readCount(const char* option, const std::string& text, int least, int most);
 
 /// The time that \a text is, such as "500ms", "30s", "5min", "2h" or, in seconds, "30"; refuses everything else.
 std::chrono::milliseconds readTime(const char* option, const std::string& text);
+
+/// What was given with --camera: each is the name of a folder, and given once; refuses everything else.
+QStringList readCameras(const std::vector<std::string>& texts);
 
 } // namespace Host

@@ -5,9 +5,6 @@
 
 #include "host/commands/ArgumentValues.h"
 #include "host/commands/Commands.h"
-#include "host/run/Output.h"
-
-#include <Halvex/models/ANodeDataModel.h>
 
 #include <CLI/CLI.hpp>
 
@@ -42,6 +39,7 @@ void CRunArguments::declareSources(CLI::App& command)
                     "several times.")
         ->type_name("ID")
         ->expected(1)
+        ->allow_extra_args(false)
         ->take_all();
     command
         .add_option("--fps", m_rate, "Frames per second (default: 200 for fake cameras, else as the camera is set).")
@@ -57,6 +55,7 @@ void CRunArguments::declareSources(CLI::App& command)
                     "NODE.key=value' on standard input does the same while it runs.")
         ->type_name("NODE.key=value")
         ->expected(1)
+        ->allow_extra_args(false)
         ->take_all();
     command
         .add_option("--camera-set", m_features,
@@ -64,6 +63,7 @@ void CRunArguments::declareSources(CLI::App& command)
                     "times.")
         ->type_name("Feature=value")
         ->expected(1)
+        ->allow_extra_args(false)
         ->take_all();
     command.add_option("--buffers", m_buffers, "Frames that may be in flight at once (default: 16).")->type_name("N");
     addPluginsOption(command, &m_plugins);
@@ -195,20 +195,12 @@ void CRunArguments::readGraph(SRunOptions* options) const
 void CRunArguments::readCameras(const SCameraOptions& common, SRunOptions* options) const
 {
     options->cameras.clear();
-    std::vector<std::string> addresses = m_cameras;
-    if (addresses.empty())
-        addresses.push_back(common.address.toStdString());
-    for (const std::string& each : addresses) {
+    QStringList addresses = Host::readCameras(m_cameras);
+    if (addresses.isEmpty())
+        addresses << common.address;
+    for (const QString& address : qAsConst(addresses)) {
         SCameraOptions camera = common;
-        camera.address = QString::fromStdString(each);
-        if (camera.address.isEmpty())
-            refuse(QStringLiteral("--camera is empty."));
-        // Its files go into a folder of that name, beside the chain's; and what is no unique name gets no scene.
-        if (!makesAFolder(camera.address) || camera.address == QLatin1String("chain.json") ||
-            camera.address == Plugin::Halvex::ANodeDataModel::noUniqueName())
-            refuse(QStringLiteral("--camera '%1' is no address.").arg(camera.address));
-        if (std::count(addresses.begin(), addresses.end(), each) > 1)
-            refuse(QStringLiteral("--camera '%1' is given twice.").arg(camera.address));
+        camera.address = address;
         if (SCameraOptions::isFake(camera.address) && camera.framesPerSecond <= 0.0)
             camera.framesPerSecond = fakeFramesPerSecond;
         options->cameras.push_back(camera);

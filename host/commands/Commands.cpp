@@ -23,8 +23,7 @@ namespace {
 
 // In the order of the help.
 constexpr void (*addCommands[])(CLI::App&, Action*) = {
-    &addRunCommand, // what checks documents comes behind it
-    &addCompareCommand, &addModelsCommand, &addCamerasCommand, &addPluginsCommand,
+    &addRunCommand, &addCheckCommand, &addCompareCommand, &addModelsCommand, &addCamerasCommand, &addPluginsCommand,
 };
 
 const char examples[] = R"(Examples:

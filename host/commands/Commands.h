@@ -37,6 +37,7 @@ namespace Host {
 using Action = std::function<int()>;
 
 void addRunCommand(CLI::App& program, Action* action);
+void addCheckCommand(CLI::App& program, Action* action);
 void addCompareCommand(CLI::App& program, Action* action);
 void addModelsCommand(CLI::App& program, Action* action);
 void addCamerasCommand(CLI::App& program, Action* action);

@@ -7,7 +7,6 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
-#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 
@@ -29,12 +28,6 @@ bool writeAll(QFileDevice& out, const QByteArray& bytes)
 }
 
 } // namespace
-
-bool makesAFolder(const QString& name)
-{
-    return !name.isEmpty() && !name.startsWith(QLatin1Char('.')) &&
-           std::all_of(name.begin(), name.end(), [](QChar c) { return c.isPrint() && c != QLatin1Char('/'); });
-}
 
 QString makeFolder(const QString& folder)
 {

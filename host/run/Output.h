@@ -7,9 +7,6 @@
 
 namespace Host {
 
-/// Whether \a name is that of one folder or file within another one, and not hidden.
-bool makesAFolder(const QString& name);
-
 /// Makes the folder and those above it; one that exists is fine. Returns the error, empty on success.
 QString makeFolder(const QString& folder);
 

@@ -3,8 +3,8 @@
 
 #include "host/sinks/CSinkNames.h"
 
+#include "host/base/FolderName.h"
 #include "host/base/Shown.h"
-#include "host/run/Output.h"
 #include "host/sinks/IFrameSink.h"
 
 #include <Halvex/graph/CNodeDataModel.h>
@@ -17,9 +17,7 @@ QString CSinkNames::add(Plugin::Halvex::CNodeDataModel* model)
     if (!sink)
         return {};
     const QString name = sink->sinkName();
-    // The folder lies beside the files of the graph.
-    const bool isTaken = name == QLatin1String("graph.txt") || name == QLatin1String("graph.dot");
-    if (isTaken || !makesAFolder(name))
+    if (!makesASinkFolder(name))
         return QStringLiteral("the sink's name %1 makes no folder").arg(shown(name));
     if (m_names.contains(name))
         return QStringLiteral("a second sink %1").arg(shown(name));

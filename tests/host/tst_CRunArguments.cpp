@@ -36,6 +36,7 @@ private Q_SLOTS:
     void ending();
     void realCameraKeepsItsRate();
     void severalCamerasAndAChain();
+    void chainBehindOptionsOfSeveralValues();
     void slowCameraMayBeSilentForLonger();
     void refused_data();
     void refused();
@@ -128,6 +129,15 @@ void tst_CRunArguments::severalCamerasAndAChain()
     for (const SCameraOptions& camera : options.cameras)
         told << QStringLiteral("%1 %2 %3").arg(camera.address, camera.pixelFormat).arg(camera.framesPerSecond);
     QCOMPARE(told, QStringList({"fake-1 RGB8 200", "10.0.0.2 RGB8 0", "fake-20 RGB8 200"}));
+}
+
+void tst_CRunArguments::chainBehindOptionsOfSeveralValues()
+{
+    for (const QStringList& option :
+         {QStringList{"--camera", "fake-1"}, QStringList{"--set", "a.b=1"}, QStringList{"--camera-set", "Gain=3"}}) {
+        const SRunOptions options = parse(option + option.mid(0, 1) + QStringList{option[1] + '2', "chain.json"});
+        QCOMPARE(options.chain, QStringLiteral("chain.json"));
+    }
 }
 
 void tst_CRunArguments::slowCameraMayBeSilentForLonger()

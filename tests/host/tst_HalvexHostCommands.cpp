@@ -32,6 +32,8 @@ void tst_HalvexHostCommands::help_data()
                        "--write-every N", "--load FILE", "--save FILE", "--plugins DIR", "--set NODE.key=value",
                        "--camera-set Feature=value", "--duration TIME", "--timeout TIME", "--strict", "--json FILE",
                        "--buffers N"});
+    addRow("check", QStringList{"check", "-h"},
+           QStringList{"FILE", "--camera ID", "--json", "--sarif", "--strict", "--plugins DIR"});
     addRow("compare", QStringList{"compare", "-h"}, QStringList{"A", "B"});
     addRow("models", QStringList{"models", "-h"}, QStringList{"NAME", "--plugins DIR"});
     addRow("cameras", QStringList{"cameras", "-h"}, QStringList{"ID"});
@@ -73,6 +75,9 @@ void tst_HalvexHostCommands::refused_data()
     row("run -x", "Unknown option '-x'. See 'halvex-host run --help'.");
     row("run --output o --frames", "Missing value after '--frames'. See 'halvex-host run --help'.");
     row("run --frames x", "--frames takes a whole number from 0 to 1000000000, not 'x'. See 'halvex-host run --help'.");
+    row("check", "FILE is required. See 'halvex-host check --help'.");
+    row("check a --json --sarif", "--json or --sarif, not both. See 'halvex-host check --help'.");
+    row("check a --camera b --camera b", "--camera 'b' is given twice. See 'halvex-host check --help'.");
     row("compare a", "B is required. See 'halvex-host compare --help'.");
     row("compare a b c", "Unexpected argument 'c'. See 'halvex-host compare --help'.");
 }
@@ -97,7 +102,7 @@ Filters   Blur           IMG    IMG           5  HalvexHostModels
           Histogram      IMG    IMG           3  HalvexHostModels
           Threshold      IMG    IMG           5  HalvexHostModels
           To Image       VGR    IMG           -  HalvexHostModels
-Sinks     PNG Sink       IMG    -             -  HalvexHostModels
+Sinks     PNG Sink       IMG    -             1  HalvexHostModels
 Sources   Camera Source  -      VGR           -  HalvexHostModels
 Tools     DecouplerVGR   VGR    VGR           1  Halvex
 

@@ -49,7 +49,6 @@ class tst_Output : public QObject
 
 private Q_SLOTS:
     void init();
-    void namesOfFolders();
     void replacesAFile();
     void followsALink();
     void fullDiskLeavesTheOldFile();
@@ -64,14 +63,6 @@ void tst_Output::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
     m_file = m_folder->filePath("a.json");
-}
-
-void tst_Output::namesOfFolders()
-{
-    for (const char* name : {"fake-1", "10.0.0.2"})
-        QVERIFY2(makesAFolder(name), name);
-    for (const char* name : {"", "..", ".a", "a/b", "a\nb"})
-        QVERIFY2(!makesAFolder(name), name);
 }
 
 void tst_Output::replacesAFile()

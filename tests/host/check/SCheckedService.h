@@ -58,10 +58,9 @@ struct SCheckedService
     Host::CDocumentCheck check;
 };
 
-inline Host::SCheckOptions withCameras(const QStringList& cameras, const QString& anyCamera = {})
+inline Host::SCheckOptions withCameras(const QStringList& cameras)
 {
     Host::SCheckOptions options;
     options.cameras = cameras;
-    options.anyCamera = anyCamera;
     return options;
 }

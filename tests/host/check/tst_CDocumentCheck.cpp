@@ -71,6 +71,10 @@ void tst_CDocumentCheck::countsConnectionsOfCameras()
     QCOMPARE(firstLine(service.check.check(chain)), QByteArray());
     QCOMPARE(service.check.connections(0), std::size_t(2));
     QCOMPARE(service.check.connections(1), std::size_t(3));
+    // What is connected twice counts twice; the star leaves out the camera beside it.
+    service.check.check(QByteArray(chain).replace(R"([["right"]])", R"([["left", "*", "left"]])"));
+    QCOMPARE(service.check.connections(0), std::size_t(4));
+    QCOMPARE(service.check.connections(1), std::size_t(3));
 }
 
 void tst_CDocumentCheck::asOftenAsYouLike()
@@ -119,7 +123,8 @@ void tst_CDocumentCheck::savedScene()
     SCheckedService service;
     const auto info = Core::AppCoreComponents::BaseInfoPtr::create();
     service.host.nodes.addNode(service.host.models.createCameraSource("fake-1"), info);
-    QVERIFY(service.host.nodes.importDocument(QString::fromUtf8(content(DEMO_CHAIN))));
+    const QByteArray chain = content(DEMO_CHAIN).replace("\"*\"", "\"fake-1\"");
+    QVERIFY(service.host.nodes.importDocument(QString::fromUtf8(chain)));
     const QByteArray scene = service.host.nodes.findSceneByInfo(info)->saveToMemory();
     QCOMPARE(firstLine(service.check.check(scene)), QByteArray());
 }

@@ -21,7 +21,7 @@ namespace {
 const QMap<QString, SCheckOptions> runs{
     {"syntax", withCameras({"fake"})},
     {"chain", withCameras({"fake"})},
-    {"two-cameras", withCameras({"left", "right"}, "camera")},
+    {"two-cameras", withCameras({"left", "right"})},
     {"no-cameras", {}},
     {"scene", withCameras({"fake"})},
 };

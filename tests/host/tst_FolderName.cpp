@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/base/FolderName.h"
+
+#include <QTest>
+
+using namespace Host;
+
+class tst_FolderName : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void usable();
+    void unusable();
+    void filesOfTheGraph();
+};
+
+void tst_FolderName::usable()
+{
+    for (const char* name : {"fake-1", "10.0.0.2", "two words"}) {
+        QVERIFY2(makesAFolder(name), name);
+        QVERIFY2(makesASinkFolder(name), name);
+    }
+}
+
+void tst_FolderName::unusable()
+{
+    for (const char* name : {"", "..", ".a", "/etc", "a/b", "a\nb"}) {
+        QVERIFY2(!makesAFolder(name), name);
+        QVERIFY2(!makesASinkFolder(name), name);
+    }
+}
+
+void tst_FolderName::filesOfTheGraph()
+{
+    for (const char* name : {"graph.txt", "graph.dot"}) {
+        QVERIFY2(makesAFolder(name), name);
+        QVERIFY2(!makesASinkFolder(name), name);
+    }
+}
+
+QTEST_GUILESS_MAIN(tst_FolderName)
+#include "tst_FolderName.moc"
