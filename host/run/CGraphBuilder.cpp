@@ -4,8 +4,10 @@
 #include "host/run/CGraphBuilder.h"
 
 #include "host/base/Shown.h"
+#include "host/check/CDocumentCheck.h"
+#include "host/check/FaultReport.h"
 #include "host/models/IHostModels.h"
-#include "host/run/CChainCheck.h"
+#include "host/report/Counted.h"
 #include "host/run/CSceneLoader.h"
 #include "host/run/CStreamGraph.h"
 #include "host/run/Chain.h"
@@ -26,6 +28,16 @@ namespace {
 QString cannotLoad(const QString& document, const QString& reason)
 {
     return QStringLiteral("cannot load '%1': %2").arg(document, reason);
+}
+
+// The errors of a document as 'check' tells them, below a line that says how many; empty if there are none.
+QString errorsText(const SCheckedFile& document)
+{
+    const QStringList lines = errorLines(document);
+    if (lines.isEmpty())
+        return {};
+    const QString reason = QStringLiteral("it has %1:\n").arg(counted(quint64(lines.size()), "error"));
+    return cannotLoad(document.file, reason + lines.join(QLatin1Char('\n')));
 }
 
 QString noScene(const QString& camera)
@@ -52,12 +64,10 @@ CGraphBuilder::CGraphBuilder(INodeService& service, const IHostModels& models)
 std::vector<std::unique_ptr<CStreamGraph>> CGraphBuilder::import(const SChain& chain, const QStringList& cameras,
                                                                  QString* error)
 {
-    CChainCheck check(m_service, m_models, cameras);
-    const QString reason = check.check(chain.elements);
-    if (!reason.isEmpty()) {
-        *error = cannotLoad(chain.name, reason);
+    CDocumentCheck check(m_service, m_models, {EDocumentKind::Chain, cameras});
+    *error = errorsText({chain.name, check.check(chain.source)});
+    if (!error->isEmpty())
         return {};
-    }
 
     std::vector<std::unique_ptr<CStreamGraph>> graphs;
     for (int i = 0; i < cameras.size(); ++i) {

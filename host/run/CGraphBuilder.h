@@ -33,7 +33,8 @@ struct SChain;
  *     return fail(error);
  * \endcode
  *
- * What is wrong is told in one line, which names the document and the place in it. Scenes that were made before stay.
+ * What is wrong is told in one line, or of a document in one for each of its errors, which names the place in it.
+ * Scenes that were made before stay.
  *
  * Threads: the host's main thread.
  */

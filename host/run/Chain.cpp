@@ -3,6 +3,7 @@
 
 #include "host/run/Chain.h"
 
+#include "host/base/AnyCamera.h"
 #include "host/run/SceneFile.h"
 
 #include <QDir>
@@ -19,18 +20,21 @@ namespace Host {
 
 namespace {
 
-// The names of the cameras where a star stands, each name once.
+// The sources of a port, with the names of the cameras where a star stands.
 QJsonArray withCameras(const QJsonArray& sources, const QStringList& cameras)
 {
-    QStringList names;
+    QJsonArray result;
     for (const QJsonValue& source : sources) {
-        if (source == QJsonValue(QStringLiteral("*")))
-            names << cameras;
-        else
-            names << source.toString();
+        if (source.toString() != anyCamera) {
+            result.append(source);
+            continue;
+        }
+        for (const QString& camera : cameras) {
+            if (!sources.contains(camera))
+                result.append(camera);
+        }
     }
-    names.removeDuplicates();
-    return QJsonArray::fromStringList(names);
+    return result;
 }
 
 } // namespace
@@ -40,12 +44,7 @@ SChain readChain(const QString& file, QString* error)
     SChain chain;
     chain.name = file;
     chain.source = chain.text = readDocument(file, error);
-    if (!error->isEmpty())
-        return chain;
-    const QJsonDocument document = parseDocument(file, chain.text, error);
-    if (error->isEmpty() && !document.isArray())
-        *error = QStringLiteral("cannot load '%1': the top level is no array").arg(file);
-    chain.elements = document.array();
+    chain.elements = QJsonDocument::fromJson(chain.text).array();
     return chain;
 }
 
@@ -70,7 +69,7 @@ SChain withCameras(SChain chain, const QStringList& cameras)
         bool isForAny = false;
         for (int port = 0; port < ports.size(); ++port) {
             const QJsonArray sources = ports.at(port).toArray();
-            if (!sources.contains(QStringLiteral("*")))
+            if (!sources.contains(QJsonValue(anyCamera)))
                 continue;
             ports.replace(port, withCameras(sources, cameras));
             isForAny = true;

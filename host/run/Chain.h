@@ -14,16 +14,17 @@ namespace Host {
 struct SChain
 {
     QString name;        ///< For messages: the file.
-    QByteArray source;   ///< As it was read.
+    QByteArray source;   ///< As it was read; it need not be sound.
     QByteArray text;     ///< As the node service takes it.
-    QJsonArray elements; ///< What the text says.
+    QJsonArray elements; ///< What the text says; none if it is no array.
 };
 
-/// \a chain with the run's \a cameras wherever it says "any camera" in "unique_sources": "*". A chain without that
-/// stays as it is, byte for byte.
+/// \a chain with the run's \a cameras wherever it says anyCamera in "unique_sources", but for those that are named
+/// beside it. A chain without that stays as it is, byte for byte.
 SChain withCameras(SChain chain, const QStringList& cameras);
 
-/// The chain in \a file, at most 64 MiB. On failure the reason, which names the file and the place, in \a error.
+/// The chain in \a file, at most 64 MiB. On failure the reason, which names the file, in \a error. What is wrong with
+/// the chain itself is left to CDocumentCheck.
 SChain readChain(const QString& file, QString* error);
 
 /**

@@ -64,10 +64,11 @@ QString CHostProgram::refusal(const QStringList& arguments)
     if (exitCode != 2 || !m_output.isEmpty())
         return QStringLiteral("exit code %1, standard output '%2'").arg(exitCode).arg(m_output);
     const QString name = QStringLiteral("halvex-host: ");
-    QStringList lines = errorLines();
-    for (QString& line : lines)
-        line = line.startsWith(name) ? line.mid(name.size()) : QStringLiteral("without its name: ") + line;
-    return lines.join(QLatin1Char('\n'));
+    // The errors of a document follow as 'check' prints them.
+    const QString text = QLatin1Char('\n') + errorLines().join(QLatin1Char('\n'));
+    if (!text.startsWith(QLatin1Char('\n') + name))
+        return QStringLiteral("without its name: ") + text;
+    return QString(text).replace(QLatin1Char('\n') + name, QStringLiteral("\n")).mid(1);
 }
 
 QStringList CHostProgram::errorLines() const

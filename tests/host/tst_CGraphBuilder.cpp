@@ -68,6 +68,7 @@ class tst_CGraphBuilder : public QObject
 
 private Q_SLOTS:
     void everyCameraGetsASceneOfItsOwn();
+    void anyCameraBesideAnother();
     void wrongChainIsNamed();
     void importThatMakesLessIsNoticed();
     void modelThatIsGoneByThenIsNoticed();
@@ -101,12 +102,30 @@ void tst_CGraphBuilder::everyCameraGetsASceneOfItsOwn()
     }
 }
 
+void tst_CGraphBuilder::anyCameraBesideAnother()
+{
+    QVERIFY(write(m_file, R"([{"name": "a", "model": {"name": "To Image"}, "unique_sources": [["left", "*"]]}])"));
+    SBuilder builder;
+    const QStringList cameras{"left", "right"};
+    const auto graphs = builder.import(withCameras(readChain(m_file, &builder.error), cameras), cameras);
+    QCOMPARE(builder.error, QString());
+    for (const auto& graph : graphs)
+        QCOMPARE(graph->scene().connections().size(), std::size_t(1));
+}
+
 void tst_CGraphBuilder::wrongChainIsNamed()
 {
     SBuilder builder;
-    SChain chain = defaultChain({"right"});
+    SChain chain = defaultChain({"left"});
     chain.name = QStringLiteral("a.json");
-    QCOMPARE(builder.errorOf(chain), QStringLiteral("cannot load 'a.json': nothing is wired to the camera 'left'"));
+    chain.source.replace("\"*\"", "\"right\"").replace("\"Blur\"", "\"Blr\"");
+    QCOMPARE(
+        builder.errorOf(chain),
+        QStringLiteral(
+            "cannot load 'a.json': it has 3 errors:\n"
+            "a.json:5:29: error: $[0].unique_sources[0][0]: no camera of the run and no element is named 'right'\n"
+            "a.json:13:29: error: $[2].unique_sources[0][0]: no camera of the run and no element is named 'right'\n"
+            "a.json:17:42: error: $[4].model.name: no model 'Blr' is registered; did you mean 'Blur'?"));
     QVERIFY(builder.host.nodes.scenes().isEmpty());
 }
 
@@ -123,8 +142,10 @@ void tst_CGraphBuilder::modelThatIsGoneByThenIsNoticed()
     SBuilder builder;
     registerThrowingModels(*builder.host.nodes.registry(), 1); // for the check alone
     SChain chain = defaultChain({"left"});
-    chain.elements.append(QJsonObject{{"name", "scarce"}, {"model", QJsonObject{{"name", "Scarce"}}}});
-    chain.text = QJsonDocument(chain.elements).toJson();
+    chain.elements.append(QJsonObject{{"name", "scarce"},
+                                      {"model", QJsonObject{{"name", "Scarce"}}},
+                                      {"unique_sources", QJsonArray{QJsonArray{"image"}}}});
+    chain.source = chain.text = QJsonDocument(chain.elements).toJson();
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no more of them"));
     QCOMPARE(builder.errorOf(chain), notAll);
 }

@@ -20,6 +20,7 @@ private Q_SLOTS:
     void camerasWithChainsOfTheirOwn();
     void sinkThatCannotWriteEndsAll();
     void refusedBeforeAnyCamera();
+    void refusedWithTheWordsOfCheck();
 };
 
 void tst_HalvexHostChains::twoCamerasInTwoScenes()
@@ -120,10 +121,27 @@ void tst_HalvexHostChains::refusedBeforeAnyCamera()
     const auto refusalOf = [&](const QByteArray& text) {
         return write(chain, text) ? program.refusal({chain, "--camera", "fake-1", "--camera", "127.0.0.3"}) : QString();
     };
-    QCOMPARE(refusalOf("{}"), QStringLiteral("cannot load '%1': the top level is no array").arg(chain));
-    QCOMPARE(refusalOf(content(DEMO_CHAIN).replace("Histogram", "Sharpen")),
-             QStringLiteral("cannot load '%1': elements[7]: no model 'Sharpen' is registered").arg(chain));
+    const auto said = [&](const char* count, const char* lines) {
+        return QStringLiteral("cannot load '%1': it has %2:\n").arg(chain, count) + QString(lines).replace("%", chain);
+    };
+    QCOMPARE(refusalOf("{}"),
+             said("1 error", "%:1:1: error: $: an object, where an array belongs: the elements of a chain"));
+    QCOMPARE(refusalOf(content(DEMO_CHAIN).replace("Histogram", "Blr")),
+             said("1 error", "%:20:47: error: $[7].model.name: no model 'Blr' is registered; did you mean 'Blur'?"));
     QVERIFY(!QFile::exists(program.outputFolder()));
+}
+
+void tst_HalvexHostChains::refusedWithTheWordsOfCheck()
+{
+    CHostProgram program;
+    const QString chain = program.file("chain.json");
+    QVERIFY(write(chain, content(DEMO_CHAIN).replace("\"Blur\"", "\"Blr\"").replace("sink_name", "sinkname")));
+    QCOMPARE(program.exec({"check", "--camera", "fake", chain}), 1);
+    const QStringList errors = program.output().split('\n').filter(": error: ");
+    QVERIFY(errors.size() > 1);
+    const QStringList refusal = program.refusal({chain}).split('\n');
+    QCOMPARE(refusal.first(), QStringLiteral("cannot load '%1': it has %2 errors:").arg(chain).arg(errors.size()));
+    QCOMPARE(refusal.mid(1), errors);
 }
 
 QTEST_GUILESS_MAIN(tst_HalvexHostChains)
