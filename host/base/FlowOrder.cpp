@@ -3,7 +3,6 @@
 
 #include "host/base/FlowOrder.h"
 
-#include <algorithm>
 #include <cstddef>
 
 namespace Host {
@@ -29,27 +28,6 @@ std::vector<int> flowOrder(int nodes, const FlowEdges& edges)
         }
     }
     return order;
-}
-
-int nodeOfLoop(int nodes, const FlowEdges& edges)
-{
-    std::vector<char> isLeft(static_cast<std::size_t>(nodes), 1);
-    for (const int node : flowOrder(nodes, edges))
-        isLeft[std::size_t(node)] = 0;
-    const auto first = std::find(isLeft.begin(), isLeft.end(), 1);
-    if (first == isLeft.end())
-        return -1;
-
-    // Each node that is left has another such node before it: so many steps back, and one stands in a loop.
-    std::vector<int> before(static_cast<std::size_t>(nodes), -1);
-    for (const auto& edge : edges) {
-        if (isLeft[std::size_t(edge.first)])
-            before[std::size_t(edge.second)] = edge.first;
-    }
-    int node = int(first - isLeft.begin());
-    for (int i = 0; i < nodes; ++i)
-        node = before[std::size_t(node)];
-    return node;
 }
 
 } // namespace Host

@@ -15,7 +15,4 @@ using FlowEdges = std::vector<std::pair<int, int>>;
 /// one, are left out. Takes time in proportion to nodes and edges.
 std::vector<int> flowOrder(int nodes, const FlowEdges& edges);
 
-/// A node of a loop; -1 if there is none.
-int nodeOfLoop(int nodes, const FlowEdges& edges);
-
 } // namespace Host

@@ -17,6 +17,9 @@
 #include <Halvex/scene/CNodeScene.h>
 #include <Halvex/service/INodeService.h>
 
+#include <QJsonDocument>
+#include <QJsonObject>
+
 #include <utility>
 
 namespace Host {
@@ -104,7 +107,9 @@ std::vector<std::unique_ptr<CStreamGraph>> CGraphBuilder::import(const SChain& c
 
 std::unique_ptr<CStreamGraph> CGraphBuilder::load(const QString& file, const QString& camera, QString* error)
 {
-    const QJsonObject document = readSceneFile(file, error);
+    const QByteArray text = readDocument(file, error);
+    if (error->isEmpty())
+        *error = errorsText({file, CDocumentCheck(m_service, m_models, {EDocumentKind::Scene, {camera}}).check(text)});
     if (!error->isEmpty())
         return nullptr;
     const SCameraScene place = addCamera(camera);
@@ -112,6 +117,7 @@ std::unique_ptr<CStreamGraph> CGraphBuilder::load(const QString& file, const QSt
         *error = noScene(camera);
         return nullptr;
     }
+    const QJsonObject document = QJsonDocument::fromJson(text).object();
     const QString reason = CSceneLoader(*place.scene, *place.camera).load(document);
     if (reason.isEmpty())
         return std::make_unique<CStreamGraph>(*place.scene, *place.camera);

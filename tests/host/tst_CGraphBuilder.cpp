@@ -187,7 +187,8 @@ void tst_CGraphBuilder::graphThatIsChangedMeanwhileIsNoticed()
 
 void tst_CGraphBuilder::cameraWithoutASceneIsRefused()
 {
-    QVERIFY(write(m_file, "{\"nodes\": [], \"connections\": []}"));
+    SBuilder other;
+    QVERIFY(write(m_file, other.import({"left"}).front()->scene().saveToMemory()));
     // What is no unique name makes no unique source.
     const QString camera = QStringLiteral("Halvex.NoUniqueName");
     const QString refusal = QStringLiteral("the service gives the camera 'Halvex.NoUniqueName' no scene");
@@ -223,7 +224,11 @@ void tst_CGraphBuilder::wrongDocumentIsNamed()
     QCOMPARE(builder.error, QStringLiteral("cannot read '%1': No such file or directory").arg(missing));
     QVERIFY(write(m_file, "{\"nodes\": [], \"connections\": []}"));
     QVERIFY(!builder.load(m_file));
-    QCOMPARE(builder.error, QStringLiteral("cannot load '%1': nodes: no 'Camera Source' among them").arg(m_file));
+    QCOMPARE(builder.error,
+             QStringLiteral("cannot load '%1': it has 1 error:\n"
+                            "%1:1:11: error: $.nodes: none of the nodes is a 'Camera Source', the camera of the run")
+                 .arg(m_file));
+    QVERIFY(builder.host.nodes.scenes().isEmpty());
 }
 
 QTEST_GUILESS_MAIN(tst_CGraphBuilder)

@@ -17,7 +17,7 @@ private Q_SLOTS:
     void initTestCase();
     void savedSceneIsTheSameInTheNextProcess();
     void anotherCameraTakesThePlaceOfTheSavedOne();
-    void cameraAlone();
+    void neitherSinksNorDecouplers();
     void refusedBeforeAnyCamera();
     void killWhileSavingLeavesTheOldDocument();
     void compare();
@@ -62,12 +62,15 @@ void tst_HalvexHostScenes::anotherCameraTakesThePlaceOfTheSavedOne()
     QVERIFY2(program.output().contains("\"unique_name\":\"fake\""), qPrintable(program.output()));
 }
 
-void tst_HalvexHostScenes::cameraAlone()
+void tst_HalvexHostScenes::neitherSinksNorDecouplers()
 {
     CHostProgram program;
     const QString file = program.file("scene.json");
-    QVERIFY(write(file, R"({"nodes": [{"id": "00000000-0000-0000-0000-000000000001",
-                                       "model": {"name": "Camera Source"}}], "connections": []})"));
+    QVERIFY(write(file, R"({"nodes": [
+        {"id": "00000000-0000-0000-0000-000000000001", "model": {"name": "Camera Source"}},
+        {"id": "00000000-0000-0000-0000-000000000002", "model": {"name": "To Image"}}], "connections": [
+        {"out_id": "00000000-0000-0000-0000-000000000001", "out_index": 0,
+         "in_id": "00000000-0000-0000-0000-000000000002", "in_index": 0}]})"));
     QCOMPARE(program.run({"--frames", "3", "--load", file}), 0);
     QCOMPARE(program.completeFrames(), 3);
     QVERIFY(program.sinks().empty());
@@ -83,9 +86,12 @@ void tst_HalvexHostScenes::refusedBeforeAnyCamera()
     const auto refusalOf = [&](const QByteArray& text) {
         return write(file, text) ? program.refusal({"--camera", "127.0.0.3", "--load", file}) : QString();
     };
-    QCOMPARE(refusalOf("[]"), QStringLiteral("cannot load '%1': the top level is no object").arg(file));
+    const auto said = [&](const char* line) {
+        return QStringLiteral("cannot load '%1': it has 1 error:\n%1:%2").arg(file, line);
+    };
+    QCOMPARE(refusalOf("[]"), said("1:1: error: $: an array, where an object belongs: a scene"));
     QCOMPARE(refusalOf("{\"nodes\": [], \"connections\": []}"),
-             QStringLiteral("cannot load '%1': nodes: no 'Camera Source' among them").arg(file));
+             said("1:11: error: $.nodes: none of the nodes is a 'Camera Source', the camera of the run"));
     QVERIFY(!QFile::exists(program.outputFolder()));
 }
 
