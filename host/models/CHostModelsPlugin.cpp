@@ -17,7 +17,7 @@ CHostModelsPlugin::CHostModelsPlugin()
 
 CHostModelsPlugin::~CHostModelsPlugin()
 {
-    // Filters that are gone may still be at work, in code of this plugin.
+    // Filters and sinks that are gone may still be at work, in code of this plugin.
     Plugin::Halvex::AWorkerNodeDataModel::waitForRemovedWork();
 }
 

@@ -25,7 +25,7 @@ class CHostModelsPlugin : public Core::Plugin::IPlugin
 public:
     CHostModelsPlugin();
 
-    /// Waits for the work of filters that are gone, 30 seconds at most.
+    /// Waits for the work of filters and sinks that are gone, 30 seconds at most.
     ~CHostModelsPlugin() override;
 
     /// Publishes the service. False when there is nobody to publish it with.

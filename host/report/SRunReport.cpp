@@ -51,11 +51,17 @@ QString firstMismatch(const Reports& reports, const Mismatch& mismatch)
 
 QString sinkMismatch(const SSinkReport& sink)
 {
-    if (sink.delivered == sink.expected)
-        return {};
-    return QStringLiteral("the sink '%1' got %2, not the %3 that went its way")
-        .arg(sink.name, counted(sink.delivered, "frame"))
-        .arg(sink.expected);
+    if (sink.delivered != sink.expected)
+        return QStringLiteral("the sink '%1' got %2, not the %3 that went its way")
+            .arg(sink.name, counted(sink.delivered, "frame"))
+            .arg(sink.expected);
+    if (sink.writing.dropped != 0)
+        return QStringLiteral("the sink '%1' was too slow: it did not write %2")
+            .arg(sink.name, counted(sink.writing.dropped, "file"));
+    if (sink.writing.pending != 0)
+        return QStringLiteral("the sink '%1' did not write its last %2 in time")
+            .arg(sink.name, counted(sink.writing.pending, "file"));
+    return {};
 }
 
 } // namespace

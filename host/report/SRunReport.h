@@ -24,8 +24,9 @@ struct SSinkReport
 {
     QString name;
     quint64 delivered = 0;
-    quint64 expected = 0;       ///< What its connections carried.
-    std::vector<QString> files; ///< Written, oldest first.
+    quint64 expected = 0;                        ///< What its connections carried.
+    std::vector<QString> files;                  ///< Written, oldest first.
+    Plugin::Halvex::SWorkerStatistics writing{}; ///< Of the images that were to be written.
 };
 
 /// What one decoupler of a run did.

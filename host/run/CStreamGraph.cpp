@@ -31,7 +31,18 @@ CNodeDataEntry entryOf(const CNodeBase& camera)
 
 SSinkReport sinkReport(const IFrameSink& sink, quint64 expected)
 {
-    return {sink.sinkName(), sink.delivered(), expected, sink.files()};
+    return {sink.sinkName(), sink.delivered(), expected, sink.files(), sink.writing()};
+}
+
+// Counts tell the work of each frame; the signals of a model tell only when there was any.
+void fillIn(const SWorkerStatistics& counts, SNodeReport* row)
+{
+    row->dropped = counts.dropped + counts.cancelled;
+    row->pending = counts.pending;
+    if (counts.workSum == 0)
+        return;
+    row->computing = std::chrono::nanoseconds(counts.workP50);
+    row->worked = std::chrono::nanoseconds(counts.workSum);
 }
 
 } // namespace
@@ -60,8 +71,10 @@ void CStreamGraph::addNode(const CNodeBase& node)
     CNodeDataModel* model = node.nodeDataModel();
     // A node that is replaced goes without the scene's signals.
     connect(model, &QObject::destroyed, this, &CStreamGraph::onChanged);
-    if (auto* sink = qobject_cast<IFrameSink*>(model))
+    if (auto* sink = qobject_cast<IFrameSink*>(model)) {
         m_sinks.push_back(sink);
+        connect(model, &CNodeDataModel::computingFinished, this, &CStreamGraph::cameThrough);
+    }
     if (auto* decoupler = qobject_cast<CNodeDecouplerDataModelBase*>(model)) {
         m_decouplers.push_back({decoupler});
         // Connected after the node, whose walk is then over.
@@ -96,8 +109,10 @@ bool CStreamGraph::isDrained() const
         return counts.pending == 0 && counts.emitted == decoupler.delivered;
     };
     const auto isDone = [](const AWorkerNodeDataModel* worker) { return worker->statistics().pending == 0; };
+    const auto hasWritten = [](const IFrameSink* sink) { return sink->writing().pending == 0; };
     return std::all_of(m_decouplers.begin(), m_decouplers.end(), hasComeThrough) &&
-           std::all_of(m_workers.begin(), m_workers.end(), isDone);
+           std::all_of(m_workers.begin(), m_workers.end(), isDone) &&
+           std::all_of(m_sinks.begin(), m_sinks.end(), hasWritten);
 }
 
 std::chrono::milliseconds CStreamGraph::drainTime() const
@@ -108,6 +123,8 @@ std::chrono::milliseconds CStreamGraph::drainTime() const
         if (std::isfinite(rate) && rate > 0.0)
             time += 2000.0 / rate;
     }
+    for (const IFrameSink* sink : m_sinks)
+        time += 500.0 * double(sink->writing().pending);
     // A timer's range.
     return std::chrono::milliseconds(time < 2e9 ? std::int64_t(time) : 2000000000);
 }
@@ -153,8 +170,10 @@ void CStreamGraph::accountNode(std::size_t node, SRunReport* report) const
     CNodeDataModel* const model = m_nodes[node]->nodeDataModel();
     SNodeReport row = m_meter.report(node);
     const quint64 expected = m_meter.delivered(node);
-    if (const auto* sink = qobject_cast<IFrameSink*>(model))
+    if (const auto* sink = qobject_cast<IFrameSink*>(model)) {
         report->sinks.push_back(sinkReport(*sink, expected));
+        fillIn(report->sinks.back().writing, &row);
+    }
     if (auto* const decoupler = qobject_cast<CNodeDecouplerDataModelBase*>(model)) {
         const SDecouplerStatistics counts = decoupler->statistics();
         row.dropped = counts.dropped + counts.cancelled;
@@ -165,13 +184,7 @@ void CStreamGraph::accountNode(std::size_t node, SRunReport* report) const
     }
     if (const auto* worker = qobject_cast<AWorkerNodeDataModel*>(model)) {
         const SWorkerStatistics counts = worker->statistics();
-        row.dropped = counts.dropped + counts.cancelled;
-        row.pending = counts.pending;
-        // It tells the work of each frame; its signals tell only when there was any.
-        if (counts.workSum > 0) {
-            row.computing = std::chrono::nanoseconds(counts.workP50);
-            row.worked = std::chrono::nanoseconds(counts.workSum);
-        }
+        fillIn(counts, &row);
         // Several inputs make one frame of what comes on them; how is up to the model.
         const bool hasOneInput = model->nPorts(ENodePortType::In) == 1;
         report->workers.push_back({row.name, counts, hasOneInput ? expected : counts.received});

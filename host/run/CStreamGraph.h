@@ -58,11 +58,12 @@ public:
     /// False once the scene is not what it was when this object was made.
     bool isIntact() const { return m_isIntact; }
 
-    /// Whether no decoupler and no worker holds anything back or has anything on its way: all that went in has come
-    /// through.
+    /// Whether no decoupler and no worker holds anything back or has anything on its way, and no sink has an image that
+    /// it is still to write: all that went in has come through.
     bool isDrained() const;
 
-    /// How long draining takes at most, once nothing goes in any more: a tick for each decoupler, and time to spare.
+    /// How long draining takes at most, once nothing goes in any more: a tick for each decoupler, half a second for
+    /// each image that waits to be written, and time to spare.
     std::chrono::milliseconds drainTime() const;
 
     /// Gives nodes the names by which set() finds them, beside their numbers and captions.
@@ -80,7 +81,8 @@ public:
     void account(SRunReport* report) const;
 
 Q_SIGNALS:
-    /// What a decoupler or a worker let through has gone through everything behind it.
+    /// What a decoupler or a worker let through has gone through everything behind it, or a sink has written what it
+    /// had to.
     void cameThrough();
 
     /// The scene is being changed, or destroyed; once.

@@ -7,10 +7,7 @@
 
 #include <Halvex/graph/DocumentKeys.h>
 
-#include <opencv2/imgcodecs.hpp>
-
 #include <QDir>
-#include <QFile>
 #include <QJsonObject>
 
 #include <utility>
@@ -24,41 +21,15 @@ namespace {
 // Under "property". Frozen: documents hold it.
 const QString sinkNameKey = QStringLiteral("sink_name");
 
-using Bytes = std::vector<uchar>;
-
-// The image as a PNG, lightly compressed: the graph waits for it. Empty when the encoder refuses the image.
-Bytes encode(const cv::Mat& image)
-{
-    Bytes png;
-    try {
-        if (!cv::imencode(".png", image, png, {cv::IMWRITE_PNG_COMPRESSION, 1}))
-            png.clear();
-    } catch (const cv::Exception&) {
-        png.clear();
-    }
-    return png;
-}
-
-// Empty when every byte is written. The encoder could write the file itself, but it does not notice a full disk.
-QString writeFile(const QString& name, const Bytes& bytes)
-{
-    QFile file(name);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
-        return file.errorString();
-    const auto size = qint64(bytes.size());
-    if (file.write(reinterpret_cast<const char*>(bytes.data()), size) == size)
-        return {};
-    QString reason = file.errorString();
-    file.close();
-    QFile::remove(name);
-    return reason;
-}
-
 } // namespace
 
 CPngSinkModel::CPngSinkModel(QString sinkName)
     : m_sinkName(std::move(sinkName))
 {
+    connect(&m_writer, &CPngWriter::written, this, [this](const QString& file) { m_files.push_back(file); });
+    connect(&m_writer, &CPngWriter::failed, this, &CPngSinkModel::onFailed);
+    connect(&m_writer, &CNodeDataModel::computingStarted, this, &CNodeDataModel::computingStarted);
+    connect(&m_writer, &CNodeDataModel::computingFinished, this, &CNodeDataModel::computingFinished);
 }
 
 QString CPngSinkModel::modelName()
@@ -98,7 +69,7 @@ void CPngSinkModel::setInData(CNodeDataPtr data, NodePortIndex)
     if (const auto input = data.dynamicCast<CImageData>()) {
         const quint64 number = m_delivered++;
         if (number % m_every == 0 && !m_folder.isEmpty() && m_error.isEmpty())
-            write(input->image(), number);
+            m_writer.write(input, fileName(number));
     }
     // Empty data too: the listeners and the base class then let go of the image they hold.
     getDataFlowProxy()->setData(data);
@@ -129,22 +100,15 @@ void CPngSinkModel::restore(const QJsonObject& json)
         m_sinkName = name.toString();
 }
 
-void CPngSinkModel::write(const cv::Mat& image, quint64 number)
+QString CPngSinkModel::fileName(quint64 number) const
 {
-    const QString file = QDir(m_folder).filePath(QStringLiteral("frame-%1.png").arg(number, 6, 10, QLatin1Char('0')));
-    const Bytes png = encode(image);
-    if (png.empty())
-        return fail(file, QStringLiteral("the image has no PNG form"));
-    const QString reason = writeFile(file, png);
-    if (!reason.isEmpty())
-        return fail(file, reason);
-    m_files.push_back(file);
+    return QDir(m_folder).filePath(QStringLiteral("frame-%1.png").arg(number, 6, 10, QLatin1Char('0')));
 }
 
-void CPngSinkModel::fail(const QString& file, const QString& reason)
+void CPngSinkModel::onFailed(const QString& error)
 {
-    m_error = QStringLiteral("cannot write '%1': %2").arg(file, reason);
-    Q_EMIT failed(m_error);
+    m_error = error;
+    Q_EMIT failed(error);
 }
 
 } // namespace Host

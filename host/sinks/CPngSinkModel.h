@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "host/sinks/CPngWriter.h"
 #include "host/sinks/IFrameSink.h"
 
 #include <Halvex/models/ASinkNodeDataModel.h>
@@ -11,10 +12,6 @@
 
 #include <vector>
 
-namespace cv {
-class Mat;
-}
-
 namespace Host {
 
 /**
@@ -22,8 +19,13 @@ namespace Host {
  * file.
  *
  * The files are "frame-000000.png", "frame-000010.png"...: the number counts the images that this sink was given,
- * from 0. A file of that name is replaced. Each image goes on to the listeners of the data flow proxy, after its
- * file was written.
+ * from 0. A file of that name is replaced, in one step: there is never half an image under it. Each image goes on to
+ * the listeners of the data flow proxy when it comes.
+ *
+ * Files are written in a thread pool, see CPngWriter, and are in files() from the graph's event loop on. Between
+ * computingStarted() and computingFinished() there are images that are to be written. Empty data takes none of them
+ * back. An image that finds 32 of them waiting is not written; writing() counts it as dropped. Those that wait
+ * when the sink is destroyed are not written either.
  *
  * The first file that cannot be written is taken away again, failed() tells why, and from then on nothing is
  * written, while counting goes on.
@@ -31,7 +33,7 @@ namespace Host {
  * A sink may have a name, by which a run tells it from others. A scene document keeps it as "property": {"sink_name"},
  * not as the unique name, which is no setting: nothing takes it from a document.
  *
- * Threads: as every model. A file is written within the walk that brings the image.
+ * Threads: as every model.
  */
 class CPngSinkModel : public Plugin::Halvex::ASinkNodeDataModel, public IFrameSink
 {
@@ -50,6 +52,7 @@ public:
     void setOutput(const QString& folder, int every) override;
     quint64 delivered() const override { return m_delivered; }
     const std::vector<QString>& files() const override { return m_files; }
+    Plugin::Halvex::SWorkerStatistics writing() const override { return m_writer.statistics(); }
     void notifyFailure(const QObject* context, std::function<void(const QString&)> handler) override;
 
     QString caption() override;
@@ -74,8 +77,8 @@ Q_SIGNALS:
     void failed(const QString& error);
 
 private:
-    void write(const cv::Mat& image, quint64 number);
-    void fail(const QString& file, const QString& reason);
+    QString fileName(quint64 number) const;
+    void onFailed(const QString& error);
 
     QString m_sinkName;
     QString m_folder;
@@ -83,6 +86,7 @@ private:
     QString m_error;
     std::vector<QString> m_files;
     quint64 m_delivered = 0;
+    CPngWriter m_writer;
 };
 
 } // namespace Host

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <Halvex/models/SWorkerStatistics.h>
+
 #include <QObject>
 #include <QString>
 
@@ -32,8 +34,8 @@ public:
     /// The name by which a run tells it from others; empty for a sink without one.
     virtual QString sinkName() const = 0;
 
-    /// Writes image 0 and then every \a every-th, at least 1, into \a folder, which must exist. Without a folder,
-    /// as after construction, nothing is written.
+    /// Writes image 0 and then every \a every-th, at least 1, into \a folder, which must exist and be this sink's
+    /// alone. Without a folder, as after construction, nothing is written.
     virtual void setOutput(const QString& folder, int every) = 0;
 
     /// Images received.
@@ -42,10 +44,14 @@ public:
     /// Full names of the files written, oldest first.
     virtual const std::vector<QString>& files() const = 0;
 
+    /// What became of the images that were to be written, and how long encoding and writing of one took. None is
+    /// cancelled, and none is pending once the sink, a model, emits computingFinished(). For any thread.
+    virtual Plugin::Halvex::SWorkerStatistics writing() const = 0;
+
     /// Calls \a handler with the reason when a file cannot be written, once at most, as long as \a context lives.
     virtual void notifyFailure(const QObject* context, std::function<void(const QString&)> handler) = 0;
 };
 
 } // namespace Host
 
-Q_DECLARE_INTERFACE(Host::IFrameSink, "Host.IFrameSink/2.0")
+Q_DECLARE_INTERFACE(Host::IFrameSink, "Host.IFrameSink/3.0")

@@ -3,6 +3,7 @@
 
 #include "host/run/CCameraStream.h"
 
+#include "CBlockedFile.h"
 #include "SHostService.h"
 #include "host/run/CGraphBuilder.h"
 #include "host/run/CStreamGraph.h"
@@ -67,6 +68,7 @@ class tst_CCameraStream : public QObject
 
 private Q_SLOTS:
     void everyFrameIsThroughWhenItEnds();
+    void everyFileIsWrittenWhenItEnds();
     void endsWhenItIsAskedTo();
     void sinkThatCannotWriteEndsIt();
     void destroyedWhileItStreams();
@@ -93,6 +95,22 @@ void tst_CCameraStream::everyFrameIsThroughWhenItEnds()
     QCOMPARE(report.sinks[0].delivered, quint64(20));
 }
 
+void tst_CCameraStream::everyFileIsWrittenWhenItEnds()
+{
+    const SLiveStream live;
+    QCOMPARE(live.prepare(), QString());
+    CBlockedFile blocked(live.folder.filePath("frames/frame-000000.png"));
+    QCOMPARE(live.stream->start(15, 5s), QString());
+    const auto account = [&live] { return live.stream->account(); };
+    QTRY_COMPARE(account().frames.complete, quint64(15));
+    QTRY_COMPARE(account().sinks[0].writing.pending, quint64(2));
+    QCOMPARE(live.ended->count(), 0);
+    blocked.release();
+    QTRY_COMPARE_WITH_TIMEOUT(live.ended->count(), 1, 30000);
+    QCOMPARE(account().mismatch(), QString());
+    QCOMPARE(account().sinks[0].files.size(), std::size_t(2));
+}
+
 void tst_CCameraStream::endsWhenItIsAskedTo()
 {
     const SLiveStream live;
@@ -108,7 +126,7 @@ void tst_CCameraStream::sinkThatCannotWriteEndsIt()
     const SLiveStream live;
     QCOMPARE(live.prepare(), QString());
     const QString file = live.folder.filePath("frames/frame-000010.png");
-    QVERIFY(QFile::link(QStringLiteral("/dev/full"), file));
+    QVERIFY(QFile::link(QStringLiteral("/dev/full"), file + ".part"));
     QCOMPARE(live.stream->start(endless, 5s), QString());
     QTRY_COMPARE_WITH_TIMEOUT(live.ended->count(), 1, 30000);
     QVERIFY(live.failed->count() >= 1);

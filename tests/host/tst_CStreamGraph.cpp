@@ -3,6 +3,7 @@
 
 #include "host/run/CStreamGraph.h"
 
+#include "CBlockedFile.h"
 #include "SHostService.h"
 #include "TestFrame.h"
 #include "TestTable.h"
@@ -12,6 +13,7 @@
 
 #include <QJsonObject>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 
 #include <functional>
 #include <limits>
@@ -51,6 +53,7 @@ private Q_SLOTS:
     void demoGraph();
     void everyFrameIsAccountedFor();
     void accountOfWhatIsNotDrained();
+    void filesAreWrittenWhenItIsDrained();
     void drainTimeKnowsTheRate();
     void settings();
     void changeIsTold_data();
@@ -144,6 +147,35 @@ void tst_CStreamGraph::accountOfWhatIsNotDrained()
     QCOMPARE(report.decouplers[0].counts.pending, quint64(1));
     QCOMPARE(report.mismatch(),
              QStringLiteral("the decoupler '[1] Decoupler for VGR' let its last frame not through in time"));
+}
+
+void tst_CStreamGraph::filesAreWrittenWhenItIsDrained()
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath("frame-000000.png");
+    CBlockedFile blocked(file);
+    const SDemo demo;
+    IFrameSink* const sink = demo.graph->sinks()[0];
+    sink->setOutput(folder.path(), 1);
+    demo.graph->startCounting();
+    demo.graph->entry().setData(frameData());
+    QTRY_COMPARE(sink->writing().pending, quint64(1));
+    const auto previewIsShown = [&demo] { return demo.graph->sinks()[3]->delivered() == 1; };
+    QTRY_VERIFY(previewIsShown());
+    QVERIFY(!demo.graph->isDrained());
+    QCOMPARE(qint64(demo.graph->drainTime().count()), qint64(5580));
+    QCOMPARE(demo.account(1).nodes[3].pending.value_or(0), quint64(1));
+    QCOMPARE(demo.account(1).mismatch(), QStringLiteral("the sink 'frames' did not write its last 1 file in time"));
+
+    QSignalSpy cameThrough(demo.graph.get(), &CStreamGraph::cameThrough);
+    blocked.release();
+    QTRY_COMPARE(cameThrough.count(), 1);
+    QVERIFY(demo.graph->isDrained());
+    const SRunReport report = demo.account(1);
+    QCOMPARE(report.mismatch(), QString());
+    QCOMPARE(report.sinks[0].files, std::vector<QString>{file});
+    QCOMPARE(report.nodes[3].dropped.value_or(1), quint64(0));
+    QVERIFY(report.nodes[3].computing);
 }
 
 void tst_CStreamGraph::drainTimeKnowsTheRate()

@@ -17,6 +17,7 @@ class tst_SRunReport : public QObject
 private Q_SLOTS:
     void framesPerSecondNeedTwoFrames();
     void sinkThatGotTooFew();
+    void sinkThatWroteTooFew();
     void decouplerThatDoesNotAddUp();
     void filterThatIsNotDone();
     void connectionThatCarriedTooFew();
@@ -50,6 +51,18 @@ void tst_SRunReport::sinkThatGotTooFew()
     QCOMPARE(report.mismatch(), QStringLiteral("the sink 'b' got 2 frames, not the 3 that went its way"));
     report.sinks[0].delivered = 4;
     QCOMPARE(report.mismatch(), QStringLiteral("the sink 'a' got 4 frames, not the 3 that went its way"));
+}
+
+void tst_SRunReport::sinkThatWroteTooFew()
+{
+    const auto mismatch = [](const SWorkerStatistics& writing) {
+        SRunReport report;
+        report.sinks = {{"a", 9, 9, {}, writing}};
+        return report.mismatch();
+    };
+    QCOMPARE(mismatch({9, 9}), QString());
+    QCOMPARE(mismatch({9, 7, 2}), QStringLiteral("the sink 'a' was too slow: it did not write 2 files"));
+    QCOMPARE(mismatch({9, 8, 0, 0, 0, 1}), QStringLiteral("the sink 'a' did not write its last 1 file in time"));
 }
 
 void tst_SRunReport::decouplerThatDoesNotAddUp()
