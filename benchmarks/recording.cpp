@@ -21,6 +21,7 @@
 #include "host/sinks/IFrameSink.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -118,7 +119,7 @@ public:
             m_service.addNode(std::move(source), Core::AppCoreComponents::BaseInfoPtr::create());
             if (!m_service.importDocument(document))
                 qFatal("the chain cannot be imported");
-            prepareSinks(*m_service.getActiveScene(), beside.writesFiles);
+            prepareSinks(camera, *m_service.getActiveScene(), beside.writesFiles);
         }
     }
 
@@ -140,14 +141,18 @@ public:
     }
 
 private:
-    void prepareSinks(const CNodeScene& scene, bool writesFiles)
+    void prepareSinks(int camera, const CNodeScene& scene, bool writesFiles)
     {
         for (const auto& entry : scene.nodes()) {
             auto* const sink = qobject_cast<Host::IFrameSink*>(entry.second->nodeDataModel());
             if (sink == nullptr)
                 continue;
-            if (writesFiles)
-                sink->setOutput(m_folder.path(), 30);
+            if (writesFiles) {
+                const QString folder = m_folder.filePath(cameraName(camera) + QLatin1Char('/') + sink->sinkName());
+                if (!QDir().mkpath(folder))
+                    qFatal("cannot make %s", qUtf8Printable(folder));
+                sink->setOutput(folder, 30);
+            }
             if (sink->sinkName() == QLatin1String("frames"))
                 recordDelays(scene, *entry.second);
         }

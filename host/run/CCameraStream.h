@@ -31,7 +31,8 @@ class IHostModels;
  * \endcode
  *
  * Every complete frame that was grabbed has gone through the whole graph when the stream has ended, however it ended,
- * or was dropped and counted by a decoupler on the way; the last one that a decoupler got has come out of it.
+ * or was dropped and counted by a decoupler on the way; the last one that a decoupler got has come out of it. The sinks
+ * have written their files.
  *
  * A graph that somebody changes or removes on the way ends the stream at once: what went through it is not known.
  *
@@ -85,7 +86,8 @@ Q_SIGNALS:
     /// or whoever changes the graph.
     void failed(const QString& error);
 
-    /// Once: all frames are through the graph, it took too long, which the account shows, or the graph was changed.
+    /// Once: all frames are through the graph and all files written, it took too long, which the account shows, or the
+    /// graph was changed.
     void ended();
 
 private:

@@ -35,7 +35,7 @@ SSinkReport sinkReport(const IFrameSink& sink, quint64 expected)
 }
 
 // Counts tell the work of each frame; the signals of a model tell only when there was any.
-void fillIn(const SWorkerStatistics& counts, SNodeReport* row)
+void fillInCounts(const SWorkerStatistics& counts, SNodeReport* row)
 {
     row->dropped = counts.dropped + counts.cancelled;
     row->pending = counts.pending;
@@ -172,7 +172,7 @@ void CStreamGraph::accountNode(std::size_t node, SRunReport* report) const
     const quint64 expected = m_meter.delivered(node);
     if (const auto* sink = qobject_cast<IFrameSink*>(model)) {
         report->sinks.push_back(sinkReport(*sink, expected));
-        fillIn(report->sinks.back().writing, &row);
+        fillInCounts(report->sinks.back().writing, &row);
     }
     if (auto* const decoupler = qobject_cast<CNodeDecouplerDataModelBase*>(model)) {
         const SDecouplerStatistics counts = decoupler->statistics();
@@ -184,7 +184,7 @@ void CStreamGraph::accountNode(std::size_t node, SRunReport* report) const
     }
     if (const auto* worker = qobject_cast<AWorkerNodeDataModel*>(model)) {
         const SWorkerStatistics counts = worker->statistics();
-        fillIn(counts, &row);
+        fillInCounts(counts, &row);
         // Several inputs make one frame of what comes on them; how is up to the model.
         const bool hasOneInput = model->nPorts(ENodePortType::In) == 1;
         report->workers.push_back({row.name, counts, hasOneInput ? expected : counts.received});
