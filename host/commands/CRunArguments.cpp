@@ -25,6 +25,8 @@ constexpr double fakeFramesPerSecond = 200.0;
 CRunArguments::CRunArguments(CLI::App& command)
     : m_command(command)
 {
+    // What is given twice counts as it was given last, so that scripts can have defaults.
+    command.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
     declareSources(command);
     declareEnding(command);
     declareFiles(command);

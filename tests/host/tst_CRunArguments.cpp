@@ -100,6 +100,7 @@ void tst_CRunArguments::ending_data()
     addRow("time", QStringList{"--duration", "1.5s"}, 0, 1500);
     addRow("time without a unit", QStringList{"--duration", "2"}, 0, 2000);
     addRow("both", QStringList{"--duration", "2min", "--frames", "7"}, 7, 120000);
+    addRow("given twice", QStringList{"--frames", "300", "--frames", "7"}, 7, 0);
     addRow("short", QStringList{"--duration", "20ms"}, 0, 20);
     addRow("long", QStringList{"--duration", "2h"}, 0, 7200000);
 }
