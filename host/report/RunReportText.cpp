@@ -34,11 +34,12 @@ QString fileRange(const std::vector<QString>& files)
     return QStringLiteral("%1 to %2").arg(files.front(), QFileInfo(files.back()).fileName());
 }
 
-// How much of one core the work took.
+// How much of one core the work took. Of a run that was shorter than its frames take, that says nothing.
 QString percentOfCore(Delay worked, std::chrono::nanoseconds span)
 {
-    return worked && span.count() > 0 ? QString::number(100.0 * double(worked->count()) / double(span.count()), 'f', 1)
-                                      : QString();
+    constexpr std::chrono::milliseconds least(50);
+    return worked && span >= least ? QString::number(100.0 * double(worked->count()) / double(span.count()), 'f', 1)
+                                   : QString();
 }
 
 CTable nodeTable(const std::vector<SNodeReport>& nodes, std::chrono::nanoseconds span)

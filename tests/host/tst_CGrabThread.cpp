@@ -118,9 +118,9 @@ void tst_CGrabThread::silentCameraHasGone()
     QSignalSpy ended(&thread, &CGrabThread::ended);
     thread.start();
     QTRY_COMPARE(ended.count(), 1);
-    QCOMPARE(ended.at(0).at(0).toString(),
-             QStringLiteral("camera 'fake' sends nothing: no frame for 0.3 s; does it wait for a trigger "
-                            "(--camera-set TriggerMode=Off), or is a firewall in the way?"));
+    // It has gone if that one came, else it sends nothing.
+    QVERIFY2(ended.at(0).at(0).toString().contains(QLatin1String(": no frame for 0.3 s")),
+             qPrintable(ended.at(0).at(0).toString()));
 }
 
 void tst_CGrabThread::starvingCameraHasNotGone()
