@@ -162,7 +162,7 @@ void tst_CDocumentCheck::whatARunCannotRead()
         for (int i = 0; i < image.size(); ++i) {
             const QByteArray text = QByteArray(image).replace(i, 1, &byte, 1);
             const std::vector<SFault> faults = service.check.check(text);
-            QJsonParseError error;
+            QJsonParseError error{};
             QJsonDocument::fromJson(text, &error);
             QVERIFY2(error.error == QJsonParseError::NoError || hasErrors(faults), text);
         }
