@@ -64,6 +64,8 @@ CNodeState::CNodeState(CNodeState&& other) noexcept
     other.clear();
 }
 
+// A copy, which a move of the caller's empties: it may be this very table that is assigned.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 CNodeState& CNodeState::operator=(CNodeState other) noexcept
 {
     clear();
