@@ -82,6 +82,8 @@ protected:
     }
 
 private:
+    // A copy: what it does may replace it, or destroy the model.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param)
     static void call(std::function<void()> code)
     {
         if (code)
