@@ -158,7 +158,8 @@ void CChainReader::addSource(const SJsonNode& source, int element, int port)
     connection.json = &source;
     const QString name = source.text();
     if (name == anyCamera && !m_options.cameras.isEmpty()) {
-        for (const QString& camera : camerasNotBeside(source)) {
+        const QStringList cameras = camerasNotBeside(source);
+        for (const QString& camera : cameras) {
             connection.from = m_cameras.value(camera);
             m_graph.connect(connection);
         }

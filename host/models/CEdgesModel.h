@@ -11,6 +11,7 @@ namespace Host {
 class CEdgesModel : public AImageFilterModel
 {
     Q_OBJECT
+    // Who sets them by name tells whom it concerns. clazy:excludeall=qproperty-without-notify
     Q_PROPERTY(EMethod method READ method WRITE setMethod)
     Q_PROPERTY(int level READ level WRITE setLevel)
     Q_PROPERTY(int size READ size WRITE setSize)

@@ -83,7 +83,8 @@ QString SRunReport::text(int width, bool isBold) const
         << " incomplete\n";
     out << "Underruns          " << frames.underruns << '\n';
     out << "Frames per second  " << (given.isEmpty() ? QStringLiteral("-") : given) << '\n';
-    for (const QString& remark : remarks())
+    const QStringList said = remarks();
+    for (const QString& remark : said)
         out << "Remark             " << remark << '\n';
     if (!nodes.empty())
         out << '\n'

@@ -81,7 +81,7 @@ std::vector<std::unique_ptr<CStreamGraph>> CGraphBuilder::import(const SChain& c
         }
         // An import makes the nodes in the order of the elements.
         std::vector<Core::CId> made;
-        const auto collecting = QObject::connect(place.scene.data(), &CNodeScene::nodeCreated,
+        const auto collecting = QObject::connect(place.scene.data(), &CNodeScene::nodeCreated, place.scene.data(),
                                                  [&made](const CNodeBase& node) { made.push_back(node.id()); });
         // Counted, since an import that makes less than the chain says is no failure to the service.
         const bool isImported = m_service.importDocument(QString::fromUtf8(chain.text));

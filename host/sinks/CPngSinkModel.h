@@ -39,6 +39,7 @@ class CPngSinkModel : public Plugin::Halvex::ASinkNodeDataModel, public IFrameSi
 {
     Q_OBJECT
     Q_INTERFACES(Host::IFrameSink)
+    // Who sets them by name tells whom it concerns. clazy:excludeall=qproperty-without-notify
     Q_PROPERTY(QString sinkName READ sinkName)
 
 public:

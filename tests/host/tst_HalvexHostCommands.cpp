@@ -46,10 +46,12 @@ void tst_HalvexHostCommands::help()
     QFETCH(QStringList, told);
     CHostProgram program;
     QCOMPARE(program.exec(arguments), 0);
-    for (const QString& text : told << "Usage: halvex-host"
-                                    << "Examples:\n  halvex-host ")
+    told << "Usage: halvex-host"
+         << "Examples:\n  halvex-host ";
+    for (const QString& text : qAsConst(told))
         QVERIFY2(program.output().contains(text), qPrintable(text));
-    for (const QString& line : program.output().split('\n'))
+    const QStringList lines = program.output().split('\n');
+    for (const QString& line : lines)
         QVERIFY2(line.size() <= 80, qPrintable(line));
 }
 
@@ -156,7 +158,8 @@ void tst_HalvexHostCommands::featuresOfACamera()
     for (const char* line : {"Width 512 integer, 1 to 2048", "SensorWidth 2048 read only", "TriggerMode Off Off, On",
                              "ExposureTimeAbs 10000 float, 10 to 10000000", "TriggerSoftware - command"})
         QVERIFY2(text.contains(line), line);
-    for (const QString& line : program.output().split('\n'))
+    const QStringList lines = program.output().split('\n');
+    for (const QString& line : lines)
         QVERIFY2(line.size() <= 80, qPrintable(line));
     QCOMPARE(program.exec({"cameras", "127.0.0.3"}), 2);
     QVERIFY(program.errorLines().constLast().startsWith("halvex-host: cannot open camera '127.0.0.3': "));

@@ -13,6 +13,7 @@ using namespace Host;
 
 namespace {
 
+// A test program has one thread, and nothing before main() reads these. clazy:excludeall=non-pod-global-static
 const SFault error{true, EFaultRule::UnknownKey, 3, 14, "$[2].colour", "unknown key 'colour'"};
 const SFault warning{false, EFaultRule::Source, 5, 1, "$[3]", "no camera"};
 const SFault unreadable{true, EFaultRule::Unreadable, 0, 0, {}, "cannot read"};

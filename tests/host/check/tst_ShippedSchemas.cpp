@@ -19,7 +19,8 @@ QStringList untold(const QString& place, const QJsonObject& schema)
         list << place;
     for (const char* group : {"properties", "definitions"}) {
         const QJsonObject parts = schema[group].toObject();
-        for (const QString& name : parts.keys())
+        const QStringList names = parts.keys();
+        for (const QString& name : names)
             list += untold(place + '/' + name, parts[name].toObject());
     }
     if (schema.contains("items"))
