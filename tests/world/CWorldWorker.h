@@ -116,8 +116,9 @@ public:
     {
         const QPointer<CWorldWorker> self(this);
         CNamedTestModelOf::restore(json);
+        // The test model keeps the document only.
         if (self)
-            AWorkerNodeDataModel::restore(json); // NOLINT(bugprone-parent-virtual-call): the test model keeps it only
+            AWorkerNodeDataModel::restore(json); // NOLINT clazy:exclude=skipped-base-method
     }
 
     // NOLINTNEXTLINE(bugprone-parent-virtual-call): without the hook
