@@ -16,39 +16,40 @@ namespace {
 
 constexpr int mostWords = 3;
 
-// How many characters must be put in, taken out, replaced or swapped with the next to make one word of the other.
-int distance(const QString& left, const QString& right)
-{
-    std::vector<int> before;
-    std::vector<int> above(std::size_t(right.size()) + 1);
-    std::iota(above.begin(), above.end(), 0);
-    for (int i = 0; i < left.size(); ++i) {
-        std::vector<int> row(above.size(), i + 1);
-        for (int j = 0; j < right.size(); ++j) {
-            const std::size_t at = std::size_t(j) + 1;
-            const int replaced = above[at - 1] + (left.at(i) == right.at(j) ? 0 : 1);
-            row[at] = std::min({replaced, above[at] + 1, row[at - 1] + 1});
-            const bool isSwapped = i > 0 && j > 0 && left.at(i) == right.at(j - 1) && left.at(i - 1) == right.at(j);
-            if (isSwapped)
-                row[at] = std::min(row[at], before[at - 2] + 1);
-        }
-        before = std::exchange(above, std::move(row));
-    }
-    return above.back();
-}
-
 } // namespace
+
+int editDistance(const QString& left, const QString& right)
+{
+    const QString a = left.toCaseFolded();
+    const QString b = right.toCaseFolded();
+    const auto width = std::size_t(b.size()) + 1;
+    std::vector<int> beforeLast(width);
+    std::vector<int> last(width);
+    std::vector<int> row(width);
+    std::iota(last.begin(), last.end(), 0);
+    for (int i = 1; i <= a.size(); ++i) {
+        row[0] = i;
+        for (int j = 1; j <= b.size(); ++j) {
+            const auto at = std::size_t(j);
+            const bool isSame = a.at(i - 1) == b.at(j - 1);
+            row[at] = std::min({last[at] + 1, row[at - 1] + 1, last[at - 1] + (isSame ? 0 : 1)});
+            if (i > 1 && j > 1 && a.at(i - 1) == b.at(j - 2) && a.at(i - 2) == b.at(j - 1))
+                row[at] = std::min(row[at], beforeLast[at - 2] + 1);
+        }
+        std::swap(beforeLast, last);
+        std::swap(last, row);
+    }
+    return last.back();
+}
 
 QStringList closestWords(const QString& word, const QStringList& known)
 {
-    const QString meant = word.toLower();
-    const int most = std::max(1, meant.size() / 3);
+    const int most = std::max(1, word.size() / 3);
     std::vector<std::pair<int, QString>> found;
     for (const QString& candidate : known) {
-        const QString lower = candidate.toLower();
         // Whoever knows the beginning of a long name alone is helped as well.
-        const bool isBeginning = meant.size() >= 4 && lower.startsWith(meant);
-        const int away = isBeginning ? 1 : distance(meant, lower);
+        const bool isBeginning = word.size() >= 4 && candidate.startsWith(word, Qt::CaseInsensitive);
+        const int away = isBeginning ? 1 : editDistance(word, candidate);
         if (away <= most)
             found.emplace_back(away, candidate);
     }

@@ -8,6 +8,10 @@
 
 namespace Host {
 
+/// How many letters must be put in, left out, exchanged or swapped with their neighbours to make one word the other.
+/// The case of letters does not count.
+int editDistance(const QString& left, const QString& right);
+
 /// Those of \a known that \a word may have been meant for, the closest first, three at most. Case does not count.
 QStringList closestWords(const QString& word, const QStringList& known);
 

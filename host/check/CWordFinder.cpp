@@ -3,13 +3,11 @@
 
 #include "host/check/CWordFinder.h"
 
+#include "host/base/ClosestWords.h"
 #include "host/base/Shown.h"
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
-#include <utility>
-#include <vector>
 
 namespace Host {
 
@@ -25,30 +23,6 @@ int mostDifferences(int letters)
 }
 
 } // namespace
-
-int editDistance(const QString& left, const QString& right)
-{
-    const QString a = left.toCaseFolded();
-    const QString b = right.toCaseFolded();
-    const auto width = std::size_t(b.size()) + 1;
-    std::vector<int> beforeLast(width);
-    std::vector<int> last(width);
-    std::vector<int> row(width);
-    std::iota(last.begin(), last.end(), 0);
-    for (int i = 1; i <= a.size(); ++i) {
-        row[0] = i;
-        for (int j = 1; j <= b.size(); ++j) {
-            const auto at = std::size_t(j);
-            const bool isSame = a.at(i - 1) == b.at(j - 1);
-            row[at] = std::min({last[at] + 1, row[at - 1] + 1, last[at - 1] + (isSame ? 0 : 1)});
-            if (i > 1 && j > 1 && a.at(i - 1) == b.at(j - 2) && a.at(i - 2) == b.at(j - 1))
-                row[at] = std::min(row[at], beforeLast[at - 2] + 1);
-        }
-        std::swap(beforeLast, last);
-        std::swap(last, row);
-    }
-    return last.back();
-}
 
 QString CWordFinder::closest(const QString& word, const QStringList& words)
 {

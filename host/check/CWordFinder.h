@@ -8,10 +8,6 @@
 
 namespace Host {
 
-/// How many letters must be put in, left out, exchanged or swapped with their neighbours to make one word the other.
-/// The case of letters does not count.
-int editDistance(const QString& left, const QString& right);
-
 /**
  * Finds the word that was meant by a mistyped one.
  *

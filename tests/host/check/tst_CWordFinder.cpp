@@ -12,38 +12,11 @@ class tst_CWordFinder : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void distance_data();
-    void distance();
     void closest_data();
     void closest();
     void hint();
     void givesUp();
 };
-
-void tst_CWordFinder::distance_data()
-{
-    addColumns<QString, QString, int>({"left", "right", "distance"});
-    const auto row = [](const char* left, const char* right, int distance) {
-        addRow(QByteArray(left).append(" and ").append(right).constData(), QString(left), QString(right), distance);
-    };
-    row("", "", 0);
-    row("", "abc", 3);
-    row("blur", "blur", 0);
-    row("blur", "Blur", 0);
-    row("blur", "blurr", 1);
-    row("blur", "bulr", 1);
-    row("blur", "glue", 2);
-    row("index_out", "index _out", 1);
-    row("kitten", "sitting", 3);
-}
-
-void tst_CWordFinder::distance()
-{
-    QFETCH(QString, left);
-    QFETCH(QString, right);
-    QTEST(editDistance(left, right), "distance");
-    QTEST(editDistance(right, left), "distance");
-}
 
 void tst_CWordFinder::closest_data()
 {
