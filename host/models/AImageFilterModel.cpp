@@ -94,10 +94,12 @@ void AImageFilterModel::restore(const QJsonObject& json)
     const QJsonObject settings = json.value(DocumentKeys::property).toObject();
     if (!self)
         return;
-    for (const QMetaProperty& property : ownProperties(*this)) {
+    for (const QMetaProperty& property : ownProperties(*this)) { // who hears of a change may remove the model
         const QJsonValue value = settings.value(QLatin1String(property.name()));
         if (fits(property, value))
             property.write(this, value.toVariant());
+        if (!self)
+            return;
     }
 }
 

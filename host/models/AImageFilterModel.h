@@ -14,12 +14,12 @@ namespace Host {
 /**
  * What image filters have in common: one image in, one image out, computed in a thread pool.
  *
- * A subclass gives its names and makeFilter(). Its settings are Qt properties, each of one word; a setter calls
- * renewWork() and leaves the setting as it is when a value makes no sense. Its class information tells what makes
- * sense:
+ * A subclass gives its names and makeFilter(). Its settings are Qt properties, each of one word; a setter
+ * leaves the setting as it is when a value makes no sense, and else calls changeSetting(). Its class information tells
+ * what makes sense:
  *
  * \code
- * Q_PROPERTY(int level READ level WRITE setLevel)
+ * Q_PROPERTY(int level READ level WRITE setLevel NOTIFY settingChanged)
  * Q_CLASSINFO("level.range", "0..255")
  * Q_CLASSINFO("level.help", "Grey values above it become white.")
  * \endcode
@@ -50,7 +50,22 @@ public:
     /// Reads what save() writes. A setting that is missing or makes no sense stays as it is.
     void restore(const QJsonObject& json) override;
 
+Q_SIGNALS:
+    /// A setting of the subclass has changed. Once for each change.
+    void settingChanged();
+
 protected:
+    /// Stores a setting of the subclass, which applies from the next frame on.
+    template <typename Value>
+    void changeSetting(Value* setting, Value value)
+    {
+        if (*setting == value)
+            return;
+        *setting = value;
+        renewWork();
+        Q_EMIT settingChanged();
+    }
+
     /// Makes the filtered image, a new one, of an image that is shared with other nodes and not empty. May throw
     /// cv::Exception for an image that it has no answer to. Called in several threads at once.
     using Filter = std::function<cv::Mat(const cv::Mat& image)>;

@@ -31,16 +31,13 @@ QString CBlurModel::modelName()
 
 void CBlurModel::setSize(int pixels)
 {
-    if (pixels < 1 || pixels > 99 || pixels % 2 == 0 || pixels == m_size)
-        return;
-    m_size = pixels;
-    renewWork();
+    if (pixels >= 1 && pixels <= 99 && pixels % 2 == 1)
+        changeSetting(&m_size, pixels);
 }
 
 void CBlurModel::setMethod(EMethod method)
 {
-    m_method = method;
-    renewWork();
+    changeSetting(&m_method, method);
 }
 
 AImageFilterModel::Filter CBlurModel::makeFilter() const

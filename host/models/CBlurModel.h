@@ -11,9 +11,8 @@ namespace Host {
 class CBlurModel : public AImageFilterModel
 {
     Q_OBJECT
-    // Who sets them by name tells whom it concerns. clazy:excludeall=qproperty-without-notify
-    Q_PROPERTY(int size READ size WRITE setSize)
-    Q_PROPERTY(EMethod method READ method WRITE setMethod)
+    Q_PROPERTY(int size READ size WRITE setSize NOTIFY settingChanged)
+    Q_PROPERTY(EMethod method READ method WRITE setMethod NOTIFY settingChanged)
     Q_CLASSINFO("size.range", "1..99, odd")
     Q_CLASSINFO("size.help", "Pixels along each side of the square that a pixel is smoothed over.")
     Q_CLASSINFO("method.help", "Gaussian keeps most detail, Box is fastest, Median removes single wrong pixels.")

@@ -37,24 +37,19 @@ QString CEdgesModel::modelName()
 
 void CEdgesModel::setMethod(EMethod method)
 {
-    m_method = method;
-    renewWork();
+    changeSetting(&m_method, method);
 }
 
 void CEdgesModel::setLevel(int level)
 {
-    if (level < 1 || level > 1000 || level == m_level)
-        return;
-    m_level = level;
-    renewWork();
+    if (level >= 1 && level <= 1000)
+        changeSetting(&m_level, level);
 }
 
 void CEdgesModel::setSize(int pixels)
 {
-    if (pixels < 3 || pixels > 7 || pixels % 2 == 0 || pixels == m_size)
-        return;
-    m_size = pixels;
-    renewWork();
+    if (pixels >= 3 && pixels <= 7 && pixels % 2 == 1)
+        changeSetting(&m_size, pixels);
 }
 
 AImageFilterModel::Filter CEdgesModel::makeFilter() const

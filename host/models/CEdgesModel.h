@@ -11,10 +11,9 @@ namespace Host {
 class CEdgesModel : public AImageFilterModel
 {
     Q_OBJECT
-    // Who sets them by name tells whom it concerns. clazy:excludeall=qproperty-without-notify
-    Q_PROPERTY(EMethod method READ method WRITE setMethod)
-    Q_PROPERTY(int level READ level WRITE setLevel)
-    Q_PROPERTY(int size READ size WRITE setSize)
+    Q_PROPERTY(EMethod method READ method WRITE setMethod NOTIFY settingChanged)
+    Q_PROPERTY(int level READ level WRITE setLevel NOTIFY settingChanged)
+    Q_PROPERTY(int size READ size WRITE setSize NOTIFY settingChanged)
     Q_CLASSINFO("method.help",
                 "Canny draws thin lines, and follows an edge down to a third of 'level'; Sobel draws all of it.")
     Q_CLASSINFO("level.range", "1..1000")

@@ -26,16 +26,13 @@ QString CThresholdModel::modelName()
 
 void CThresholdModel::setMethod(EMethod method)
 {
-    m_method = method;
-    renewWork();
+    changeSetting(&m_method, method);
 }
 
 void CThresholdModel::setLevel(int level)
 {
-    if (level < 0 || level > 255 || level == m_level)
-        return;
-    m_level = level;
-    renewWork();
+    if (level >= 0 && level <= 255)
+        changeSetting(&m_level, level);
 }
 
 AImageFilterModel::Filter CThresholdModel::makeFilter() const

@@ -11,9 +11,8 @@ namespace Host {
 class CThresholdModel : public AImageFilterModel
 {
     Q_OBJECT
-    // Who sets them by name tells whom it concerns. clazy:excludeall=qproperty-without-notify
-    Q_PROPERTY(EMethod method READ method WRITE setMethod)
-    Q_PROPERTY(int level READ level WRITE setLevel)
+    Q_PROPERTY(EMethod method READ method WRITE setMethod NOTIFY settingChanged)
+    Q_PROPERTY(int level READ level WRITE setLevel NOTIFY settingChanged)
     Q_CLASSINFO("method.help", "Otsu finds the threshold that separates each image best, Fixed takes 'level'.")
     Q_CLASSINFO("level.range", "0..255")
     Q_CLASSINFO("level.help", "Grey values above it become white. Otsu does not ask for it.")

@@ -8,6 +8,7 @@
 
 #include <QMetaClassInfo>
 #include <QMetaProperty>
+#include <QPointer>
 #include <QRegularExpression>
 
 namespace Host {
@@ -144,7 +145,10 @@ QString setSetting(QObject& model, const QString& name, const QString& value)
         if (!wanted.isValid() || !isInRange(classInfo(meta, property, ".range"), value))
             return takes(meta, property, value);
         // A model that does not take the value leaves the setting as it is.
+        const QPointer<QObject> self(&model);
         property.write(&model, wanted);
+        if (!self)
+            return QStringLiteral("it is gone");
         const QVariant present = property.read(&model);
         return valueText(property, present) == valueText(property, wanted) ? QString() : takes(meta, property, value);
     }

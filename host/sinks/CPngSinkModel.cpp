@@ -96,8 +96,10 @@ QJsonObject CPngSinkModel::save() const
 void CPngSinkModel::restore(const QJsonObject& json)
 {
     const QJsonValue name = json.value(DocumentKeys::property)[sinkNameKey];
-    if (!name.isUndefined())
-        m_sinkName = name.toString();
+    if (name.isUndefined() || name.toString() == m_sinkName)
+        return;
+    m_sinkName = name.toString();
+    Q_EMIT sinkNameChanged();
 }
 
 QString CPngSinkModel::fileName(quint64 number) const

@@ -39,8 +39,7 @@ class CPngSinkModel : public Plugin::Halvex::ASinkNodeDataModel, public IFrameSi
 {
     Q_OBJECT
     Q_INTERFACES(Host::IFrameSink)
-    // Who sets them by name tells whom it concerns. clazy:excludeall=qproperty-without-notify
-    Q_PROPERTY(QString sinkName READ sinkName)
+    Q_PROPERTY(QString sinkName READ sinkName NOTIFY sinkNameChanged)
 
 public:
     explicit CPngSinkModel(QString sinkName = {});
@@ -76,6 +75,9 @@ public:
 Q_SIGNALS:
     /// A file could not be written; \a error names it and says why. Once at most.
     void failed(const QString& error);
+
+    /// restore() has given it another name.
+    void sinkNameChanged();
 
 private:
     QString fileName(quint64 number) const;

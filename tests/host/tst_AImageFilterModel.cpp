@@ -9,11 +9,13 @@
 #include "host/models/CHistogramModel.h"
 #include "host/models/CImageData.h"
 #include "host/models/CThresholdModel.h"
+#include "host/models/ModelSettings.h"
 #include "support/CMessageCatcher.h"
 
 #include <opencv2/imgproc.hpp>
 
 #include <QCoreApplication>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -100,6 +102,8 @@ private Q_SLOTS:
     void otherDataIsAnError();
     void refusedImageIsAnError();
     void inputIsLeftAlone();
+    void settingsTellChangesOnce();
+    void removedByAChangedSetting();
     void blur();
     void threshold();
     void edges();
@@ -178,6 +182,33 @@ void tst_AImageFilterModel::inputIsLeftAlone()
         QVERIFY(isSame(image, sample()));
         QVERIFY(!output.empty() && output.data != image.data);
     }
+}
+
+void tst_AImageFilterModel::settingsTellChangesOnce()
+{
+    CBlurModel model;
+    const QSignalSpy changed(&model, &AImageFilterModel::settingChanged);
+    for (const int size : {9, 9, 8, 101}) // the same again; two that make no sense
+        model.setSize(size);
+    QCOMPARE(model.size(), 9);
+    QCOMPARE(changed.count(), 1);
+    for (int i = 0; i < 2; ++i)
+        model.setMethod(CBlurModel::EMethod::Box);
+    QCOMPARE(changed.count(), 2);
+}
+
+void tst_AImageFilterModel::removedByAChangedSetting()
+{
+    CBlurModel changed;
+    changed.setSize(9);
+    changed.setMethod(CBlurModel::EMethod::Box);
+    QPointer<CBlurModel> model(new CBlurModel);
+    connect(model.data(), &AImageFilterModel::settingChanged, model.data(), [&model] { delete model; });
+    model->restore(changed.save());
+    QVERIFY(!model);
+    model = new CBlurModel;
+    connect(model.data(), &AImageFilterModel::settingChanged, model.data(), [&model] { delete model; });
+    QCOMPARE(setSetting(*model, QStringLiteral("size"), QStringLiteral("9")), QStringLiteral("it is gone"));
 }
 
 void tst_AImageFilterModel::blur()
