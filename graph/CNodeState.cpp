@@ -64,8 +64,7 @@ CNodeState::CNodeState(CNodeState&& other) noexcept
     other.clear();
 }
 
-// A copy, which a move of the caller's empties: it may be this very table that is assigned.
-// NOLINTNEXTLINE(performance-unnecessary-value-param)
+// NOLINTNEXTLINE(performance-unnecessary-value-param): clear() would empty what is assigned, if it is this very table
 CNodeState& CNodeState::operator=(CNodeState other) noexcept
 {
     clear();

@@ -82,8 +82,7 @@ protected:
     }
 
 private:
-    // A copy: what it does may replace it, or destroy the model.
-    // NOLINTNEXTLINE(performance-unnecessary-value-param)
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): what runs may replace it, or destroy the model
     static void call(std::function<void()> code)
     {
         if (code)

@@ -116,9 +116,10 @@ public:
     {
         const QPointer<CWorldWorker> self(this);
         CNamedTestModelOf::restore(json);
-        // The test model keeps the document only.
-        if (self)
-            AWorkerNodeDataModel::restore(json); // NOLINT clazy:exclude=skipped-base-method
+        if (!self)
+            return;
+        // Past the test model, which keeps the document only. NOLINTNEXTLINE(bugprone-parent-virtual-call)
+        AWorkerNodeDataModel::restore(json); // clazy:exclude=skipped-base-method
     }
 
     // NOLINTNEXTLINE(bugprone-parent-virtual-call): without the hook
