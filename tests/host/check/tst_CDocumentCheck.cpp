@@ -38,7 +38,10 @@ QByteArray firstLine(const std::vector<SFault>& faults)
     return faults.empty() ? QByteArray() : faultLine("file", faults.front()).toUtf8();
 }
 
-const QByteArray image = R"([{"name": "image", "model": {"name": "To Image"}, "unique_sources": [["left"]]}])";
+QByteArray imageChain()
+{
+    return R"([{"name": "image", "model": {"name": "To Image"}, "unique_sources": [["left"]]}])";
+}
 
 } // namespace
 
@@ -82,7 +85,7 @@ void tst_CDocumentCheck::asOftenAsYouLike()
     SCheckedService service(withCameras({"left"}));
     QVERIFY(hasErrors(service.check.check("[")));
     for (int i = 0; i < 2; ++i)
-        QCOMPARE(firstLine(service.check.check(image)), QByteArray());
+        QCOMPARE(firstLine(service.check.check(imageChain())), QByteArray());
 }
 
 void tst_CDocumentCheck::otherKindThanAsked()
@@ -90,7 +93,7 @@ void tst_CDocumentCheck::otherKindThanAsked()
     SCheckOptions options;
     options.kind = EDocumentKind::Scene;
     SCheckedService scene(options);
-    QCOMPARE(firstLine(scene.check.check(image)),
+    QCOMPARE(firstLine(scene.check.check(imageChain())),
              QByteArray("file:1:1: error: $: an array, where an object belongs: a scene"));
     options.kind = EDocumentKind::Chain;
     SCheckedService chain(options);
@@ -103,7 +106,7 @@ void tst_CDocumentCheck::sourceAtLabel()
 {
     SCheckedService service(withCameras({"left"}));
     const QByteArray chain =
-        R"([{"name": "b", "model": {"name": "Blur"}, "unique_sources": [["image"]]}, )" + image.mid(1);
+        R"([{"name": "b", "model": {"name": "Blur"}, "unique_sources": [["image"]]}, )" + imageChain().mid(1);
     QCOMPARE(firstLine(service.check.check(chain)), QByteArray());
     QCOMPARE(service.check.connections(0), std::size_t(2));
 }
@@ -135,7 +138,7 @@ void tst_CDocumentCheck::settingsAreTaken()
     const auto checked = [&](const QByteArray& model) {
         const QByteArray tuned =
             R"(, {"name": "tuned", "model": {"name": "Tuned", )" + model + R"(}, "unique_sources": [["image"]]}])";
-        return firstLine(service.check.check(QByteArray(image).replace("}]", '}' + tuned)));
+        return firstLine(service.check.check(imageChain().replace("}]", '}' + tuned)));
     };
     QCOMPARE(checked(R"("property": {"gain": 0.1})"), QByteArray());
     QCOMPARE(checked(R"("lens": {"focus": 7})"), QByteArray());
@@ -149,6 +152,7 @@ void tst_CDocumentCheck::settingsAreTaken()
 void tst_CDocumentCheck::truncated()
 {
     SCheckedService service(withCameras({"left"}));
+    const QByteArray image = imageChain();
     for (int size = 0; size < image.size(); ++size)
         QVERIFY2(hasErrors(service.check.check(image.left(size))), image.left(size));
 }
@@ -157,6 +161,7 @@ void tst_CDocumentCheck::truncated()
 void tst_CDocumentCheck::whatARunCannotRead()
 {
     SCheckedService service(withCameras({"left"}));
+    const QByteArray image = imageChain();
     for (const char byte :
          {'"', '\\', '{', '}', '[', ']', ',', ':', '0', '-', '.', 'e', '/', '\n', '\x01', '\0', '\x80', '\xc3'}) {
         for (int i = 0; i < image.size(); ++i) {

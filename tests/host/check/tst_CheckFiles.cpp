@@ -17,9 +17,9 @@ using namespace Host;
 
 namespace {
 
-const QByteArray sound = R"([{"name": "a", "model": {"name": "To Image"}, "unique_sources": [["left"]]}])";
-const QByteArray warned = R"([{"name": "a", "model": {"name": "To Image"}, "unique_sources": [["left", "left"]]}])";
-const QByteArray broken = R"([{"name": "a", "model": {"name": "To Imge"}, "unique_sources": [["left"]]}])";
+const char sound[] = R"([{"name": "a", "model": {"name": "To Image"}, "unique_sources": [["left"]]}])";
+const char warned[] = R"([{"name": "a", "model": {"name": "To Image"}, "unique_sources": [["left", "left"]]}])";
+const char broken[] = R"([{"name": "a", "model": {"name": "To Imge"}, "unique_sources": [["left"]]}])";
 
 } // namespace
 
