@@ -3,6 +3,7 @@
 
 #include "host/models/AImageFilterModel.h"
 
+#include "host/models/CBackgroundPool.h"
 #include "host/models/CImageData.h"
 
 #include <Halvex/graph/DocumentKeys.h>
@@ -33,12 +34,12 @@ CNodeDataPtr filtered(const CNodeDataPtr& data, const std::function<cv::Mat(cons
     }
 }
 
-// Those that the subclass has added.
+// Those that AImageFilterModel and the subclass have added.
 std::vector<QMetaProperty> ownProperties(const AImageFilterModel& model)
 {
     std::vector<QMetaProperty> properties;
     const QMetaObject* const meta = model.metaObject();
-    for (int i = AImageFilterModel::staticMetaObject.propertyCount(); i < meta->propertyCount(); ++i)
+    for (int i = AImageFilterModel::staticMetaObject.propertyOffset(); i < meta->propertyCount(); ++i)
         properties.push_back(meta->property(i));
     return properties;
 }
@@ -75,6 +76,12 @@ unsigned int AImageFilterModel::nPorts(ENodePortType portType) const
 SNodeDataType AImageFilterModel::dataType(ENodePortType, NodePortIndex) const
 {
     return CImageData::dataType();
+}
+
+void AImageFilterModel::setPriority(EPriority priority)
+{
+    setThreadPool(priority == EPriority::Background ? &CBackgroundPool::instance() : nullptr);
+    changeSetting(&m_priority, priority);
 }
 
 QJsonObject AImageFilterModel::save() const

@@ -28,15 +28,25 @@ namespace Host {
  * with a validation message. The output carries the frame information of the input.
  *
  * Unless a document says otherwise, every frame is filtered, in the order of the frames; of more than 16 that wait the
- * oldest is dropped.
+ * oldest is dropped. A filter whose result may come late works in the background: nothing that is recorded, and no
+ * window, then waits for a core because of it.
  *
  * Threads: as every worker model.
  */
 class AImageFilterModel : public Plugin::Halvex::AWorkerNodeDataModel
 {
     Q_OBJECT
+    Q_PROPERTY(EPriority priority READ priority WRITE setPriority NOTIFY settingChanged)
+    Q_CLASSINFO("priority.help", "Background works only on cores that nothing else wants, as is right for previews.")
 
 public:
+    enum class EPriority
+    {
+        Normal,    ///< In Qt's global pool.
+        Background ///< In CBackgroundPool.
+    };
+    Q_ENUM(EPriority)
+
     AImageFilterModel();
 
     unsigned int nPorts(Plugin::Halvex::ENodePortType portType) const override;
@@ -44,18 +54,21 @@ public:
                                            Plugin::Halvex::NodePortIndex index) const override;
     bool isUnique() override { return false; }
 
-    /// What AWorkerNodeDataModel saves, and the subclass's properties under "property".
+    EPriority priority() const { return m_priority; }
+    void setPriority(EPriority priority);
+
+    /// What AWorkerNodeDataModel saves, and under "property" the properties of this class and of the subclass.
     QJsonObject save() const override;
 
     /// Reads what save() writes. A setting that is missing or makes no sense stays as it is.
     void restore(const QJsonObject& json) override;
 
 Q_SIGNALS:
-    /// A setting of the subclass has changed. Once for each change.
+    /// A setting of this class or of the subclass has changed. Once for each change.
     void settingChanged();
 
 protected:
-    /// Stores a setting of the subclass, which applies from the next frame on.
+    /// Stores a setting, which applies from the next frame on.
     template <typename Value>
     void changeSetting(Value* setting, Value value)
     {
@@ -74,6 +87,9 @@ protected:
     virtual Filter makeFilter() const = 0;
 
     Work makeWork() const override;
+
+private:
+    EPriority m_priority = EPriority::Normal;
 };
 
 } // namespace Host

@@ -18,6 +18,9 @@
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
+#include <QThread>
+
+#include <memory>
 
 using namespace Host;
 using namespace Plugin::Halvex;
@@ -90,6 +93,25 @@ protected:
     }
 };
 
+// Remembers the priority of the thread that worked last.
+class CPriorityModel : public AImageFilterModel
+{
+public:
+    QString caption() override { return {}; }
+    QString name() override { return {}; }
+
+    const std::shared_ptr<QThread::Priority> seen = std::make_shared<QThread::Priority>();
+
+protected:
+    Filter makeFilter() const override
+    {
+        return [seen = seen](const cv::Mat& image) {
+            *seen = QThread::currentThread()->priority();
+            return image.clone();
+        };
+    }
+};
+
 } // namespace
 
 class tst_AImageFilterModel : public QObject
@@ -104,6 +126,7 @@ private Q_SLOTS:
     void inputIsLeftAlone();
     void settingsTellChangesOnce();
     void removedByAChangedSetting();
+    void worksInTheBackground();
     void blur();
     void threshold();
     void edges();
@@ -209,6 +232,26 @@ void tst_AImageFilterModel::removedByAChangedSetting()
     model = new CBlurModel;
     connect(model.data(), &AImageFilterModel::settingChanged, model.data(), [&model] { delete model; });
     QCOMPARE(setSetting(*model, QStringLiteral("size"), QStringLiteral("9")), QStringLiteral("it is gone"));
+}
+
+void tst_AImageFilterModel::worksInTheBackground()
+{
+    CPriorityModel model;
+    send(model, imageData());
+    QCOMPARE(*model.seen, QThread::InheritPriority);
+    QCOMPARE(setSetting(model, "priority", "Background"), QString());
+    send(model, imageData());
+    QCOMPARE(*model.seen, QThread::IdlePriority);
+
+    CPriorityModel restored;
+    restored.restore(model.save());
+    QCOMPARE(restored.priority(), AImageFilterModel::EPriority::Background);
+    send(restored, imageData());
+    QCOMPARE(*restored.seen, QThread::IdlePriority);
+
+    model.setPriority(AImageFilterModel::EPriority::Normal);
+    send(model, imageData());
+    QCOMPARE(*model.seen, QThread::InheritPriority);
 }
 
 void tst_AImageFilterModel::blur()

@@ -127,7 +127,7 @@ void tst_HalvexHostChains::refusedBeforeAnyCamera()
     QCOMPARE(refusalOf("{}"),
              said("1 error", "%:1:1: error: $: an object, where an array belongs: the elements of a chain"));
     QCOMPARE(refusalOf(content(DEMO_CHAIN).replace("Histogram", "Blr")),
-             said("1 error", "%:20:47: error: $[7].model.name: no model 'Blr' is registered; did you mean 'Blur'?"));
+             said("1 error", "%:34:28: error: $[7].model.name: no model 'Blr' is registered; did you mean 'Blur'?"));
     QVERIFY(!QFile::exists(program.outputFolder()));
 }
 

@@ -99,10 +99,10 @@ void tst_HalvexHostCommands::models()
     CHostProgram program;
     QCOMPARE(program.exec({"models"}), 0);
     QCOMPARE(program.output(), QString(R"(Category  Model          Takes  Gives  Settings  Plugin
-Filters   Blur           IMG    IMG           5  HalvexHostModels
-          Edges          IMG    IMG           6  HalvexHostModels
-          Histogram      IMG    IMG           3  HalvexHostModels
-          Threshold      IMG    IMG           5  HalvexHostModels
+Filters   Blur           IMG    IMG           6  HalvexHostModels
+          Edges          IMG    IMG           7  HalvexHostModels
+          Histogram      IMG    IMG           4  HalvexHostModels
+          Threshold      IMG    IMG           6  HalvexHostModels
           To Image       VGR    IMG           -  HalvexHostModels
 Sinks     PNG Sink       IMG    -             1  HalvexHostModels
 Sources   Camera Source  -      VGR           -  HalvexHostModels

@@ -29,7 +29,7 @@ private Q_SLOTS:
 void tst_ModelSettings::settingsAreTold()
 {
     const std::vector<SModelSetting> settings = settingsOf(CBlurModel());
-    QCOMPARE(settings.size(), std::size_t(5));
+    QCOMPARE(settings.size(), std::size_t(6));
     QCOMPARE(settings[0].name, QStringLiteral("size"));
     QCOMPARE(settings[0].type, QStringLiteral("int"));
     QCOMPARE(settings[0].value, QStringLiteral("7"));
@@ -64,7 +64,7 @@ void tst_ModelSettings::refused_data()
     addRow("close to one", "method", "gausian",
            "'method' takes one of Gaussian, Box, Median, not 'gausian'; did you mean 'Gaussian'?");
     addRow("unknown", "sise", "3",
-           "it has no setting 'sise'; did you mean 'size'? It has size, method, policy, mostWaiting, parallelism");
+           "it has no setting 'sise'; did you mean 'size'? It has size, method, priority, policy, mostWaiting, parallelism");
 }
 
 void tst_ModelSettings::refused()
