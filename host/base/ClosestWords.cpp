@@ -6,6 +6,7 @@
 #include "host/base/Shown.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <numeric>
 #include <utility>
 #include <vector>
@@ -15,6 +16,13 @@ namespace Host {
 namespace {
 
 constexpr int mostWords = 3;
+constexpr int maxLetters = 100; // of a word that is compared: the time goes with the square
+
+// A word of two has nothing left to be recognised by.
+int mostDifferences(const QString& word)
+{
+    return word.size() < 3 ? 0 : std::max(1, word.size() / 3);
+}
 
 } // namespace
 
@@ -42,14 +50,19 @@ int editDistance(const QString& left, const QString& right)
     return last.back();
 }
 
-QStringList closestWords(const QString& word, const QStringList& known)
+QStringList closestWords(const QString& word, const QStringList& known, qint64* stepsLeft)
 {
-    const int most = std::max(1, word.size() / 3);
+    if (word.isEmpty() || word.size() > maxLetters)
+        return {};
+    const int most = mostDifferences(word);
     std::vector<std::pair<int, QString>> found;
     for (const QString& candidate : known) {
-        // Whoever knows the beginning of a long name alone is helped as well.
-        const bool isBeginning = word.size() >= 4 && candidate.startsWith(word, Qt::CaseInsensitive);
-        const int away = isBeginning ? 1 : editDistance(word, candidate);
+        const bool mayBeLike = std::abs(candidate.size() - word.size()) <= most;
+        if (stepsLeft)
+            *stepsLeft -= mayBeLike ? 1 + word.size() * candidate.size() : 1;
+        if (stepsLeft && *stepsLeft < 0)
+            return {};
+        const int away = mayBeLike ? editDistance(word, candidate) : most + 1;
         if (away <= most)
             found.emplace_back(away, candidate);
     }
@@ -64,6 +77,11 @@ QStringList closestWords(const QString& word, const QStringList& known)
 QString didYouMean(const QString& word, const QStringList& known)
 {
     QStringList words = closestWords(word, known);
+    for (const QString& candidate : known) {
+        const bool isBeginning = word.size() >= 4 && candidate.startsWith(word, Qt::CaseInsensitive);
+        if (isBeginning && words.size() < mostWords && !words.contains(candidate))
+            words << candidate;
+    }
     for (QString& each : words)
         each = shown(each);
     return words.isEmpty() ? QString() : QStringLiteral("; did you mean %1?").arg(words.join(QStringLiteral(" or ")));

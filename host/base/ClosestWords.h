@@ -12,10 +12,17 @@ namespace Host {
 /// The case of letters does not count.
 int editDistance(const QString& left, const QString& right);
 
-/// Those of \a known that \a word may have been meant for, the closest first, three at most. Case does not count.
-QStringList closestWords(const QString& word, const QStringList& known);
+/**
+ * Those of \a known that \a word may be a misspelling of, the closest first, three at most.
+ *
+ * A third of its letters may differ, and one of three to five; case does not count. A word of more than 100 letters is
+ * like no other. What is compared is taken from \a stepsLeft, and once that is below 0 nothing is found: thousands of
+ * wrong words among thousands of right ones take minutes.
+ */
+QStringList closestWords(const QString& word, const QStringList& known, qint64* stepsLeft = nullptr);
 
 /// "; did you mean 'Gain' or 'GainRaw'?", to be put behind a sentence about \a word; empty when nothing comes close.
+/// Names that begin with it count as well: whoever knows the beginning of a long name alone is helped, too.
 QString didYouMean(const QString& word, const QStringList& known);
 
 } // namespace Host

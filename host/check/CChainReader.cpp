@@ -120,7 +120,8 @@ void CChainReader::addLabel(const SJsonNode& element, int number)
     m_graph.node(number).isDoubtful = true; // what feeds it may have been meant for it
 }
 
-// Without a list of cameras, they are what no element is, nor was meant to be.
+// Without a list of cameras, they are what no element is. A name that looks like a label is doubtful, and no more: a
+// camera may have it.
 void CChainReader::findCameras(const SJsonNode& root)
 {
     for (const SJsonNode* element : itemsOf(&root))
@@ -130,11 +131,30 @@ void CChainReader::findCameras(const SJsonNode& root)
 void CChainReader::findCamera(const SJsonNode& source)
 {
     const QString name = source.text();
-    if (name.isEmpty() || m_labels.contains(name) || m_cameras.contains(name))
+    if (name.isEmpty() || m_labels.contains(name))
         return;
-    // Any camera is one of its own then.
-    if (name == anyCamera || m_words.closest(name, m_labelList).isNull())
+    if (!m_cameras.contains(name)) {
         addCamera(name);
+        m_cameraDoubts.insert(name, doubtOfCamera(name));
+    }
+    const QString doubt = m_cameraDoubts.value(name);
+    if (doubt.isEmpty())
+        return;
+    m_graph.node(m_cameras.value(name)).hasModel = false; // it may be an element of which the ports are not known
+    m_faults.addWarning(
+        EFaultRule::Source, source,
+        QStringLiteral("no element is named %1, so that it is taken for a camera; %2").arg(shown(name), doubt));
+}
+
+QString CChainReader::doubtOfCamera(const QString& name)
+{
+    if (name == anyCamera)
+        return {};
+    const QString meant = m_words.closest(name, m_labelList);
+    if (!meant.isNull())
+        return QStringLiteral("did you mean %1?").arg(shown(meant));
+    return m_words.hasGivenUp() ? QStringLiteral("too many names are unknown to say whether a label was meant")
+                                : QString();
 }
 
 void CChainReader::connectElement(const SJsonNode& element, int number)
@@ -212,13 +232,10 @@ void CChainReader::checkUnknownSources()
     QStringList known = m_labelList;
     for (const QString& camera : m_options.cameras)
         known << camera;
-    const bool areCamerasKnown = !m_options.cameras.isEmpty();
-    const QString whoIsNot = areCamerasKnown ? QStringLiteral("no camera of the run and no element is named %1")
-                                             : QStringLiteral("no element is named %1");
     for (const SUnknownSource& unknown : m_unknown) {
         const QString name = unknown.json->text();
-        const QString message = whoIsNot.arg(shown(name));
-        if (areCamerasKnown && m_graph.isFed(unknown.element, unknown.port)) {
+        const QString message = QStringLiteral("no camera of the run and no element is named %1").arg(shown(name));
+        if (m_graph.isFed(unknown.element, unknown.port)) {
             m_faults.addWarning(EFaultRule::Source, *unknown.json, message);
         } else {
             m_faults.addError(EFaultRule::Source, *unknown.json, message + m_words.hint(name, known));

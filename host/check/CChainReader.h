@@ -37,6 +37,7 @@ private:
     void addLabel(const SJsonNode& element, int number);
     void findCameras(const SJsonNode& root);
     void findCamera(const SJsonNode& source);
+    QString doubtOfCamera(const QString& name);
     void connectElement(const SJsonNode& element, int number);
     void addSource(const SJsonNode& source, int element, int port);
     QStringList camerasNotBeside(const SJsonNode& source) const;
@@ -50,6 +51,7 @@ private:
     const SCheckOptions& m_options;
     const SGraphNode m_camera;
     QHash<QString, int> m_cameras; // numbers of nodes, by name
+    QHash<QString, QString> m_cameraDoubts;
     QHash<QString, int> m_labels;
     QHash<QString, int> m_labelBegins; // where they stand
     QStringList m_labelList;           // in the order of the elements

@@ -6,43 +6,17 @@
 #include "host/base/ClosestWords.h"
 #include "host/base/Shown.h"
 
-#include <algorithm>
-#include <cmath>
-
 namespace Host {
 
 namespace {
 
-constexpr int maxWordLength = 100; // of what is compared: the time goes with the square
 constexpr int maxListed = 10;
-
-// What may be different in a word of so many letters. A word of two has nothing left to be recognised by.
-int mostDifferences(int letters)
-{
-    return letters < 3 ? 0 : std::max(1, letters / 3);
-}
 
 } // namespace
 
 QString CWordFinder::closest(const QString& word, const QStringList& words)
 {
-    if (word.isEmpty() || word.size() > maxWordLength)
-        return {};
-    QString best;
-    int bestDistance = mostDifferences(word.size()) + 1;
-    for (const QString& candidate : words) {
-        if (--m_stepsLeft < 0)
-            return {};
-        if (std::abs(candidate.size() - word.size()) >= bestDistance || candidate == word)
-            continue;
-        m_stepsLeft -= word.size() * candidate.size();
-        const int distance = editDistance(word, candidate);
-        if (distance < bestDistance) {
-            best = candidate;
-            bestDistance = distance;
-        }
-    }
-    return best;
+    return closestWords(word, words, &m_stepsLeft).value(0);
 }
 
 QString CWordFinder::hint(const QString& word, const QStringList& words)

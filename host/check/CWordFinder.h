@@ -9,22 +9,26 @@
 namespace Host {
 
 /**
- * Finds the word that was meant by a mistyped one.
+ * Finds the words that were meant by the mistyped ones of a document.
  *
  * Comparing takes time for each pair of words, so after some millions of letters it finds nothing any more: a document
- * with thousands of wrong words is told so at once rather than helpfully in a minute.
+ * with thousands of wrong words is told so at once rather than helpfully in a minute. No verdict may rest on that:
+ * hasGivenUp() says whether nothing found means nothing.
  */
 class CWordFinder
 {
 public:
-    /// The one of \a words that is most like \a word; null if none is. A third of the letters may differ.
+    /// The one of \a words that is most like \a word, as closestWords() has it; null if none is.
     QString closest(const QString& word, const QStringList& words);
 
     /// "; did you mean 'Blur'?", or else the words when they are few: "; there are 'a' and 'b'". May be empty.
     QString hint(const QString& word, const QStringList& words);
 
+    /// Whether no more words are compared.
+    bool hasGivenUp() const { return m_stepsLeft < 0; }
+
 private:
-    int m_stepsLeft = 20000000; // looking at a word, and each pair of letters that is compared
+    qint64 m_stepsLeft = 20000000; // looking at a word, and each pair of letters that is compared
 };
 
 /// "'a', 'b' and 'c'", or with \a conjunction between the last two.

@@ -48,9 +48,10 @@ void tst_ClosestWords::closestComesFirst()
     const QStringList known{"Gain", "GainAuto", "ExposureTimeAbs", "Width"};
     QCOMPARE(closestWords("Giann", known), QStringList());
     QCOMPARE(closestWords("widht", known), QStringList("Width"));
-    QCOMPARE(closestWords("gain", known), QStringList({"Gain", "GainAuto"}));
+    QCOMPARE(closestWords("gain", known), QStringList("Gain"));
     QCOMPARE(closestWords("GainAto", known), QStringList("GainAuto"));
-    QCOMPARE(closestWords("Exposure", known), QStringList("ExposureTimeAbs"));
+    QCOMPARE(closestWords("Exposure", known), QStringList());
+    QCOMPARE(closestWords("y", {"X", "x"}), QStringList());
     QCOMPARE(closestWords("", known), QStringList());
     QCOMPARE(closestWords("aa1", {"aa2", "aa3", "aa4", "aa5"}), QStringList({"aa2", "aa3", "aa4"}));
 }
@@ -58,6 +59,7 @@ void tst_ClosestWords::closestComesFirst()
 void tst_ClosestWords::sentence()
 {
     QCOMPARE(didYouMean("x", {"Gain"}), QString());
+    QCOMPARE(didYouMean("Exposure", {"Gain", "ExposureTimeAbs"}), QStringLiteral("; did you mean 'ExposureTimeAbs'?"));
     QCOMPARE(didYouMean("gain", {"Gain", "GainAuto"}), QStringLiteral("; did you mean 'Gain' or 'GainAuto'?"));
 }
 

@@ -61,6 +61,7 @@ private Q_SLOTS:
     void whatARunCannotRead();
     void largeChain();
     void largeChainOfFaults();
+    void labelsAmongTooManyNames();
     void largeLoop();
 };
 
@@ -200,6 +201,26 @@ void tst_CDocumentCheck::largeChainOfFaults()
         const auto isMeant = [rule](const SFault& fault) { return fault.rule == rule; };
         QCOMPARE(std::count_if(faults.begin(), faults.end(), isMeant), std::ptrdiff_t(count));
     }
+}
+
+// Names of cameras are compared with all labels, until that takes too long. No mistyped label may pass for a camera
+// then.
+void tst_CDocumentCheck::labelsAmongTooManyNames()
+{
+    const QByteArray blurs = chainOf(5000, [](const QByteArray& i) { return blur(i, "last"); });
+    QByteArray cameras;
+    for (int i = 0; i < 200; ++i)
+        cameras += QByteArray::number(i).rightJustified(8, 'x') + "\", \"";
+    const QByteArray ends = R"([{"name": "image", "model": {"name": "To Image"}, "unique_sources": [[")" + cameras +
+                            R"(camera"]], "connection": [["last"]]},
+                               {"name": "last", "model": {"name": "Blur"}, "unique_sources": [["imaeg"]]}, )";
+    SCheckedService service;
+    const std::vector<SFault> faults = service.check.check(ends + blurs.mid(1));
+    const bool isTold = std::any_of(faults.begin(), faults.end(), [](const SFault& fault) {
+        return fault.rule == EFaultRule::Source &&
+               fault.message.startsWith("no element is named 'imaeg', so that it is taken for a camera; ");
+    });
+    QVERIFY(isTold);
 }
 
 void tst_CDocumentCheck::largeLoop()

@@ -58,9 +58,11 @@ void tst_CWordFinder::givesUp()
         labels << QStringLiteral("blur %1").arg(i);
     CWordFinder words;
     QCOMPARE(words.closest("blur 1O003", labels), QString("blur 10003"));
+    QVERIFY(!words.hasGivenUp());
     for (int i = 0; i < 1000; ++i)
         words.closest("edges 1000", labels);
     QCOMPARE(words.closest("blur 1O003", labels), QString());
+    QVERIFY(words.hasGivenUp());
 }
 
 QTEST_GUILESS_MAIN(tst_CWordFinder)
