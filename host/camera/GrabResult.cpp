@@ -7,6 +7,8 @@
 
 #include <arv.h>
 
+#include <limits>
+
 namespace Host {
 
 namespace {
@@ -24,6 +26,15 @@ bool carriesImage(ArvBuffer* buffer)
     }
 }
 
+// In bytes; 0 if no memory has such rows. What a packet says may be anything.
+int strideOf(int width, int bitsPerPixel, int padding)
+{
+    if (width <= 0 || bitsPerPixel <= 0 || padding < 0)
+        return 0;
+    const qint64 stride = (qint64(width) * bitsPerPixel + 7) / 8 + padding;
+    return stride <= std::numeric_limits<int>::max() ? int(stride) : 0;
+}
+
 } // namespace
 
 Veltra::SGrabResult grabResult(ArvBuffer* buffer)
@@ -39,12 +50,12 @@ Veltra::SGrabResult grabResult(ArvBuffer* buffer)
     result.pixels = static_cast<const std::byte*>(arv_buffer_get_image_data(buffer, &result.size));
     result.width = arv_buffer_get_image_width(buffer);
     result.height = arv_buffer_get_image_height(buffer);
-    result.stride = (result.width * bitsPerPixel(format) + 7) / 8 + xPadding;
+    result.stride = strideOf(result.width, bitsPerPixel(format), xPadding);
     result.pixelFormat = pixelFormatName(format);
     result.frameNumber = arv_buffer_get_frame_id(buffer);
     result.timestampNs = arv_buffer_get_timestamp(buffer);
-    result.complete = result.pixels && result.width > 0 && result.height > 0 &&
-                      result.size >= std::size_t(result.stride) * std::size_t(result.height);
+    result.complete = result.pixels && result.stride > 0 && result.height > 0 &&
+                      quint64(result.size) >= quint64(result.stride) * quint64(result.height);
     return result;
 }
 
