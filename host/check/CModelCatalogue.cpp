@@ -63,10 +63,14 @@ void CModelCatalogue::findPassages()
         const auto model = create(name, &error);
         if (!model)
             continue;
-        const PortTypes inputs = portTypes(*model, ENodePortType::In);
-        const PortTypes outputs = portTypes(*model, ENodePortType::Out);
-        if (inputs.size() == 1 && !outputs.empty())
-            m_passages.push_back({name, inputs.front().id, outputs.front().id});
+        // One that throws is none to be put between others.
+        attempt(QStringLiteral("asking for ports"), [&] {
+            const PortTypes inputs = portTypes(*model, ENodePortType::In);
+            const PortTypes outputs = portTypes(*model, ENodePortType::Out);
+            if (inputs.size() == 1 && !outputs.empty())
+                m_passages.push_back({name, inputs.front().id, outputs.front().id});
+            return true;
+        });
     }
 }
 

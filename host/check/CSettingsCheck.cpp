@@ -64,14 +64,12 @@ void CSettingsCheck::check()
         m_before = m_model.save();
         m_model.restore(valueOf(m_json).toObject());
         m_after = m_model.save();
+        checkKeys();
+        checkSettings();
         return true;
     });
-    if (!error.isEmpty()) {
+    if (!error.isEmpty())
         m_faults.addError(EFaultRule::UnusableModel, m_json, error);
-        return;
-    }
-    checkKeys();
-    checkSettings();
 }
 
 void CSettingsCheck::checkKeys()

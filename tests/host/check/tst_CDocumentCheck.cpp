@@ -33,6 +33,17 @@ QByteArray blur(const QByteArray& label, const QByteArray& target)
            target + R"("]]})";
 }
 
+/// Throws when it is asked for its setting.
+class CUnaskableModel : public CBlurModel
+{
+    Q_OBJECT
+    Q_PROPERTY(int mood READ mood CONSTANT)
+
+public:
+    QString name() override { return QStringLiteral("Unaskable"); }
+    int mood() const { throw std::runtime_error("do not ask"); }
+};
+
 QByteArray firstLine(const std::vector<SFault>& faults)
 {
     return faults.empty() ? QByteArray() : faultLine("file", faults.front()).toUtf8();
@@ -57,6 +68,7 @@ private Q_SLOTS:
     void shippedChain();
     void savedScene();
     void settingsAreTaken();
+    void settingThatThrows();
     void truncated();
     void whatARunCannotRead();
     void largeChain();
@@ -148,6 +160,15 @@ void tst_CDocumentCheck::settingsAreTaken()
                 .endsWith("an object for 'lens' is not taken; it stays "
                           R"({"focus":1,"zoom":1})"));
     QVERIFY(checked(R"("lense": {"focus": 7})").endsWith("did you mean 'lens'?"));
+}
+
+void tst_CDocumentCheck::settingThatThrows()
+{
+    SCheckedService service(withCameras({"left"}));
+    service.host.nodes.registry()->registerModel<CUnaskableModel>(QStringLiteral("Tests"));
+    const QByteArray chain = imageChain().replace("To Image\"", "Unaskable\", \"property\": {\"mood\": 5}");
+    QCOMPARE(firstLine(service.check.check(chain)),
+             QByteArray("file:1:29: error: $[0].model: making 'Unaskable' throws: do not ask"));
 }
 
 void tst_CDocumentCheck::truncated()
