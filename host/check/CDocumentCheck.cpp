@@ -62,7 +62,7 @@ std::vector<SFault> CDocumentCheck::check(const QByteArray& text)
     CWordFinder words;
     const QJsonObject schema = shippedSchema(isChain ? QStringLiteral("chain") : QStringLiteral("scene"));
     CShapeCheck(schema, faults, words).check(root);
-    if (kindOf(root) != kind)
+    if (kindOf(root) != kind || faults.isCut())
         return faults.sorted();
 
     CModelCatalogue catalogue(*m_service.registry());

@@ -44,6 +44,12 @@ void CFaultList::add(int offset, SFault fault)
 {
     if (m_wrongOffsets.contains(offset))
         return;
+    if (int(m_faults.size()) == mostFaults) {
+        const bool isError = fault.isError || (isCut() && m_leftOut.isError);
+        m_leftOut = {isError, fault.rule, 0,
+                     0,       {},         QStringLiteral("there are more faults than these %1").arg(mostFaults)};
+        return;
+    }
     if (fault.isError)
         m_wrongOffsets.insert(offset);
     const STextPlace place = m_places.at(offset);
@@ -61,6 +67,8 @@ std::vector<SFault> CFaultList::sorted() const
     result.reserve(faults.size());
     for (auto& fault : faults)
         result.push_back(std::move(fault.second));
+    if (isCut())
+        result.push_back(m_leftOut);
     return result;
 }
 

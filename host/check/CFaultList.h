@@ -25,6 +25,9 @@ struct SJsonNode;
 class CFaultList
 {
 public:
+    /// What is kept. Nobody reads more, and a file of something else altogether has millions.
+    static constexpr int mostFaults = 5000;
+
     explicit CFaultList(const QByteArray& text);
 
     /// The value, or one that is missing in it.
@@ -42,7 +45,11 @@ public:
 
     bool isEmpty() const { return m_faults.empty(); }
 
-    /// The faults in the order of the text.
+    /// Whether there are more faults than mostFaults.
+    bool isCut() const { return !m_leftOut.message.isEmpty(); }
+
+    /// The faults in the order of the text. Behind the first mostFaults comes one more, of no place: that there are
+    /// others. It is an error if one of them is.
     std::vector<SFault> sorted() const;
 
 private:
@@ -51,6 +58,7 @@ private:
     CTextPlaces m_places;
     std::vector<std::pair<int, SFault>> m_faults; // with their offsets
     QSet<int> m_wrongOffsets;
+    SFault m_leftOut; // stands for all that are left out; without a message while there are none
 };
 
 } // namespace Host

@@ -91,6 +91,8 @@ void CShapeCheck::check(SJsonNode& root)
     bool isExplained = false;
     std::set<Path> seen;
     for (const auto& error : results) {
+        if (m_faults.isCut())
+            return;
         if (seen.insert(error.context).second)
             isExplained = explain(root, error.context) || isExplained;
     }

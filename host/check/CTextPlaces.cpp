@@ -28,6 +28,7 @@ CTextPlaces::CTextPlaces(QByteArray text)
     : m_text(std::move(text))
     , m_lineBegins{0}
 {
+    m_lineBegins.reserve(std::size_t(m_text.count('\n')) + 1);
     int units = 0;
     for (int i = 0; i < m_text.size(); ++i) {
         if (i % blockBytes == 0)

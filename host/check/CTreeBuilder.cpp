@@ -15,7 +15,8 @@ namespace Host {
 
 namespace {
 
-constexpr int maxDepth = 1000; // Qt's own reader, by which a run reads, gives up at 1024
+constexpr int maxDepth = 1000;    // Qt's own reader, by which a run reads, gives up at 1024
+constexpr int maxValues = 500000; // 50,000 elements; looking at all of them takes some 300 MB
 
 } // namespace
 
@@ -42,7 +43,7 @@ bool CTreeBuilder::Double(double value)
     m_faults.addError(EFaultRule::Syntax, node,
                       QStringLiteral("%1 is no JSON: numbers are finite there")
                           .arg(QString::fromLatin1(m_text.mid(node.begin, node.end - node.begin))));
-    return true;
+    return isWithinLimit(node);
 }
 
 bool CTreeBuilder::RawNumber(const char*, unsigned, bool)
@@ -91,6 +92,7 @@ SJsonNode& CTreeBuilder::addNode()
         node.keyBegin = m_keyBegin;
     }
     m_offset = node.end;
+    ++m_values;
     return node;
 }
 
@@ -99,7 +101,7 @@ bool CTreeBuilder::addScalar(const QJsonValue& value)
     SJsonNode& node = addNode();
     node.type = value.type();
     node.scalar = value;
-    return true;
+    return isWithinLimit(node);
 }
 
 bool CTreeBuilder::open(QJsonValue::Type type)
@@ -109,11 +111,7 @@ bool CTreeBuilder::open(QJsonValue::Type type)
     node.end = node.begin + 1;
     m_offset = node.end; // the parser has not taken the bracket yet
     m_open = &node;
-    if (++m_depth <= maxDepth)
-        return true;
-    m_faults.addTextError(EFaultRule::Syntax, node.begin, QStringLiteral("arrays and objects nest too deep"));
-    m_isStopped = true;
-    return false;
+    return ++m_depth <= maxDepth ? isWithinLimit(node) : stop(node, QStringLiteral("arrays and objects nest too deep"));
 }
 
 void CTreeBuilder::close()
@@ -127,6 +125,18 @@ void CTreeBuilder::close()
     m_open->end = m_offset;
     m_open = m_open->parent;
     --m_depth;
+}
+
+bool CTreeBuilder::isWithinLimit(const SJsonNode& value)
+{
+    return m_values <= maxValues || stop(value, QStringLiteral("more than %1 values").arg(maxValues));
+}
+
+bool CTreeBuilder::stop(const SJsonNode& at, const QString& reason)
+{
+    m_faults.addTextError(EFaultRule::Syntax, at.begin, reason);
+    m_isStopped = true;
+    return false;
 }
 
 void CTreeBuilder::passGap()

@@ -61,6 +61,8 @@ private:
     bool addScalar(const QJsonValue& value);
     bool open(QJsonValue::Type type);
     void close();
+    bool isWithinLimit(const SJsonNode& value);
+    bool stop(const SJsonNode& at, const QString& reason);
     void passGap();
     int skipComment(int offset);
     void findDoubleKeys(const SJsonNode& object);
@@ -70,6 +72,7 @@ private:
     CJsonTree& m_tree;
     CFaultList& m_faults;
     SJsonNode* m_open = nullptr;
+    int m_values = 0;
     int m_depth = 0;
     int m_offset = 0; // what lies before was looked at
     int m_comma = -1; // in the gap before the next value; -1 for none

@@ -5,6 +5,7 @@
 
 #include "SCheckedService.h"
 #include "TestFile.h"
+#include "host/check/CFaultList.h"
 #include "host/check/FaultReport.h"
 
 #include <QJsonDocument>
@@ -73,6 +74,9 @@ private Q_SLOTS:
     void whatARunCannotRead();
     void largeChain();
     void largeChainOfFaults();
+    void moreFaultsThanAnyoneReads();
+    void errorsBehindTooManyWarnings();
+    void moreValuesThanAnyChainHas();
     void labelsAmongTooManyNames();
     void largeLoop();
 };
@@ -211,7 +215,7 @@ void tst_CDocumentCheck::largeChain()
 // All on one line, each wrong in the same ways.
 void tst_CDocumentCheck::largeChainOfFaults()
 {
-    constexpr int count = 10000;
+    constexpr int count = CFaultList::mostFaults / 5;
     const QByteArray chain = chainOf(count, [](const QByteArray& i) {
         return R"({"name": "a )" + i + R"(", "model": {"name": "Sharpen"}, "colour": 1, "connection": [["b"], 5]})";
     });
@@ -222,6 +226,33 @@ void tst_CDocumentCheck::largeChainOfFaults()
         const auto isMeant = [rule](const SFault& fault) { return fault.rule == rule; };
         QCOMPARE(std::count_if(faults.begin(), faults.end(), isMeant), std::ptrdiff_t(count));
     }
+}
+
+void tst_CDocumentCheck::moreFaultsThanAnyoneReads()
+{
+    SCheckedService service(withCameras({"left"}));
+    const std::vector<SFault> faults = service.check.check(chainOf(10000, [](const QByteArray& i) { return i; }));
+    QCOMPARE(faults.size(), std::size_t(CFaultList::mostFaults + 1));
+    QCOMPARE(faultLine("file", faults.front()).section(' ', 0, 2), QString("file:1:2: error: $[0]:"));
+    QCOMPARE(faultLine("file", faults.back()), QString("file: error: there are more faults than these 5000"));
+}
+
+void tst_CDocumentCheck::errorsBehindTooManyWarnings()
+{
+    SCheckedService service(withCameras({"left"}));
+    const QByteArray chain =
+        imageChain().replace("[\"left\"]", '[' + QByteArray("\"left\", ").repeated(10000) + "\"left\"]");
+    QVERIFY(!hasErrors(service.check.check(chain)));
+    const QByteArray alone = R"(, {"name": "alone", "model": {"name": "Blur"}}])";
+    QVERIFY(hasErrors(service.check.check(QByteArray(chain).replace("}]", '}' + alone))));
+}
+
+void tst_CDocumentCheck::moreValuesThanAnyChainHas()
+{
+    SCheckedService service(withCameras({"left"}));
+    const std::vector<SFault> faults = service.check.check('[' + QByteArray("[],").repeated(500000) + "1]");
+    QCOMPARE(faults.size(), std::size_t(1));
+    QCOMPARE(faultLine("file", faults.front()), QString("file:1:1499999: error: more than 500000 values"));
 }
 
 // Names of cameras are compared with all labels, until that takes too long. No mistyped label may pass for a camera
