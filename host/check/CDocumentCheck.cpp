@@ -78,7 +78,7 @@ std::vector<SFault> CDocumentCheck::check(const QByteArray& text)
         for (int i = 0; i < m_options.cameras.size(); ++i)
             m_connections.push_back(graph.connectionsOf(i));
     } else {
-        CSceneReader(graph, nodes, faults, words, source->name(), camera).read(root);
+        CSceneReader(graph, nodes, faults, words, m_models, camera).read(root);
     }
     return faults.sorted();
 }

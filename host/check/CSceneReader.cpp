@@ -6,7 +6,9 @@
 #include "host/base/Shown.h"
 #include "host/check/CFaultList.h"
 #include "host/check/CJsonTree.h"
+#include "host/check/CSettingsCheck.h"
 #include "host/check/CWordFinder.h"
+#include "host/models/IHostModels.h"
 
 #include <Halvex/graph/DocumentKeys.h>
 
@@ -40,12 +42,13 @@ QString typeId(const SJsonNode* converter, QLatin1String side)
 } // namespace
 
 CSceneReader::CSceneReader(CGraphCheck& graph, CNodeReader& nodes, CFaultList& faults, CWordFinder& words,
-                           QString cameraModel, SGraphNode camera)
+                           const IHostModels& models, SGraphNode camera)
     : m_graph(graph)
     , m_nodes(nodes)
     , m_faults(faults)
     , m_words(words)
-    , m_cameraModel(std::move(cameraModel))
+    , m_models(models)
+    , m_cameraModel(models.createCameraSource(QStringLiteral("camera"))->name())
     , m_camera(std::move(camera))
 {
 }
@@ -85,7 +88,7 @@ void CSceneReader::readModel(const SJsonNode& json, SGraphNode& node)
     node.name += QStringLiteral(" (%1)").arg(shown(name->text()));
     const SJsonNode* const isUnique = json.member(DocumentKeys::isUnique);
     if (name->text() == m_cameraModel)
-        readCamera(*name, node);
+        readCamera(json, node);
     else if (isUnique && isUnique->scalar.toBool())
         m_faults.addError(EFaultRule::UnusableModel, *isUnique,
                           QStringLiteral("a unique %1 is not made of a document, and there is none to refer to")
@@ -103,15 +106,25 @@ void CSceneReader::readCamera(const SJsonNode& json, SGraphNode& node)
     node = m_camera;
     node.json = place;
     node.name = std::move(name);
+    const SJsonNode& nameJson = *json.member(DocumentKeys::name);
     if (!m_cameraJson) {
-        m_cameraJson = &json;
+        m_cameraJson = &nameJson;
+        checkCamera(json);
         return;
     }
     node.isCamera = false; // so that it is not told for a second time, as one to which nothing is wired
     node.isDoubtful = true;
-    m_faults.addError(EFaultRule::Camera, json,
+    m_faults.addError(EFaultRule::Camera, nameJson,
                       QStringLiteral("a second %1, after that at %2; a scene has one camera")
                           .arg(shown(m_cameraModel), m_faults.place(m_cameraJson->begin)));
+}
+
+// A run has the camera already, and takes nothing of the document for it.
+void CSceneReader::checkCamera(const SJsonNode& json)
+{
+    const SJsonNode* const name = json.member(DocumentKeys::uniqueName);
+    const auto model = m_models.createCameraSource(name ? name->text() : QStringLiteral("camera"));
+    CSettingsCheck(*model, json, m_faults, m_words).check();
 }
 
 void CSceneReader::addId(const SJsonNode& json, int number)

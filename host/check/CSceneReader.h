@@ -13,15 +13,16 @@
 
 namespace Host {
 
+class IHostModels;
+
 /// Reads a scene, docs/scene-document.md, into a graph, and finds what is wrong with its ids and cameras. What is not
 /// as the schema has it was told before, and is passed over.
 class CSceneReader
 {
 public:
-    /// \a camera: what stands for the camera of the run, with the name of its model in \a cameraModel. All references
-    /// outlive this object.
-    CSceneReader(CGraphCheck& graph, CNodeReader& nodes, CFaultList& faults, CWordFinder& words, QString cameraModel,
-                 SGraphNode camera);
+    /// \a camera: what stands for the camera of the run, which \a models make. All references outlive this object.
+    CSceneReader(CGraphCheck& graph, CNodeReader& nodes, CFaultList& faults, CWordFinder& words,
+                 const IHostModels& models, SGraphNode camera);
 
     void read(const SJsonNode& root);
 
@@ -29,6 +30,7 @@ private:
     void addNode(const SJsonNode& json);
     void readModel(const SJsonNode& json, SGraphNode& node);
     void readCamera(const SJsonNode& json, SGraphNode& node);
+    void checkCamera(const SJsonNode& json);
     void addId(const SJsonNode& json, int number);
     void addConnection(const SJsonNode& json);
     int findEnd(const SJsonNode& connection, QLatin1String key);
@@ -37,7 +39,8 @@ private:
     CNodeReader& m_nodes;
     CFaultList& m_faults;
     CWordFinder& m_words;
-    const QString m_cameraModel;
+    const IHostModels& m_models;
+    const QString m_cameraModel; // its name
     const SGraphNode m_camera;
     std::unordered_map<Core::CId, int> m_numbers; // of nodes
     std::unordered_map<Core::CId, int> m_begins;  // where the ids stand
