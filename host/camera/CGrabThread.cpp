@@ -5,6 +5,8 @@
 
 #include "host/camera/CAravisCamera.h"
 
+#include <algorithm>
+
 namespace Host {
 
 namespace {
@@ -47,16 +49,19 @@ void CGrabThread::run()
 
 QString CGrabThread::grabAll()
 {
-    auto lastSign = Clock::now();
-    auto lastFrame = lastSign;
+    // What was waited for a frame in vain. The time of a handler does not count, nor that of a stopped process.
+    Clock::duration silent{0};
+    Clock::duration frameless{0};
     while ((m_frames == 0 || m_complete < m_frames) && !isInterruptionRequested()) {
+        const auto begin = Clock::now();
         CAravisCamera::SGrab grab = m_camera.grab(patience);
+        const auto waited = std::min<Clock::duration>(Clock::now() - begin, patience);
+        silent = grab.status == CAravisCamera::EGrab::Timeout ? silent + waited : Clock::duration::zero();
+        frameless += waited;
         const quint64 underruns = m_camera.underruns();
         // A camera whose frames find no buffer is alive: it is the graph that is slow.
         if (underruns != m_underruns)
-            lastFrame = lastSign = Clock::now();
-        if (grab.status != CAravisCamera::EGrab::Timeout)
-            lastSign = Clock::now();
+            silent = frameless = Clock::duration::zero();
         m_underruns = underruns;
 
         if (grab.status == CAravisCamera::EGrab::Lost)
@@ -64,21 +69,20 @@ QString CGrabThread::grabAll()
         if (grab.status == CAravisCamera::EGrab::Incomplete)
             ++m_incomplete;
         if (grab.status == CAravisCamera::EGrab::Frame) {
-            lastFrame = lastSign;
+            frameless = Clock::duration::zero();
             handOn(std::move(grab.frame));
         }
-        const QString missing = missingFrame(lastSign, lastFrame);
+        const QString missing = missingFrame(silent, frameless);
         if (!missing.isEmpty())
             return missing;
     }
     return {};
 }
 
-QString CGrabThread::missingFrame(Clock::time_point lastSign, Clock::time_point lastFrame) const
+QString CGrabThread::missingFrame(Clock::duration silent, Clock::duration frameless) const
 {
-    const auto now = Clock::now();
     const auto seconds = [](std::chrono::milliseconds time) { return QString::number(double(time.count()) / 1000.0); };
-    if (now - lastSign >= m_silence) {
+    if (silent >= m_silence) {
         if (m_complete > 0 || m_incomplete > 0)
             return QStringLiteral("camera '%1' has gone: no frame for %2 s")
                 .arg(m_camera.address(), seconds(m_silence));
@@ -86,7 +90,7 @@ QString CGrabThread::missingFrame(Clock::time_point lastSign, Clock::time_point 
                               "(--camera-set TriggerMode=Off), or is a firewall in the way?")
             .arg(m_camera.address(), seconds(m_silence));
     }
-    if (m_timeout.count() == 0 || now - lastFrame < m_timeout)
+    if (m_timeout.count() == 0 || frameless < m_timeout)
         return {};
     return QStringLiteral("camera '%1' gave no whole frame for %2 s, %3 incomplete ones in all; try smaller packets "
                           "(--camera-set GevSCPSPacketSize=1400) or more buffers (--buffers 64)")

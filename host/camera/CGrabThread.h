@@ -47,11 +47,13 @@ public:
     };
     using FrameHandler = std::function<void(const SFrame&)>;
 
-    /// \a frames complete frames end the thread, 0 never do; so does \a silence without any frame.
+    /// \a frames complete frames end the thread, 0 never do; so does \a silence without any frame. What counts is the
+    /// time that the thread waits for one, not that of the handler.
     CGrabThread(CAravisCamera& camera, quint64 frames, std::chrono::milliseconds silence, FrameHandler handler);
     ~CGrabThread() override;
 
-    /// Without a complete frame for \a timeout the thread ends as well, 0 for never. Before it is started.
+    /// Without a complete frame for \a timeout, counted in the same way, the thread ends as well, 0 for never. Before
+    /// it is started.
     void setTimeout(std::chrono::milliseconds timeout) { m_timeout = timeout; }
 
     /// What was grabbed up to now. A frame is counted before its handler is called.
@@ -70,8 +72,8 @@ protected:
 
 private:
     QString grabAll();
-    QString missingFrame(std::chrono::steady_clock::time_point lastSign,
-                         std::chrono::steady_clock::time_point lastFrame) const;
+    QString missingFrame(std::chrono::steady_clock::duration silent,
+                         std::chrono::steady_clock::duration frameless) const;
     void handOn(Veltra::CGrabResultPtr result);
 
     CAravisCamera& m_camera;

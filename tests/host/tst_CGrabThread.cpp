@@ -25,6 +25,8 @@ private Q_SLOTS:
     void endsWhenAskedTo();
     void destructorEndsIt();
     void silentCameraHasGone();
+    void cameraWithoutAWholeFrame();
+    void slowHandlerIsNoSilence();
     void starvingCameraHasNotGone();
 };
 
@@ -121,6 +123,31 @@ void tst_CGrabThread::silentCameraHasGone()
     // It has gone if that one came, else it sends nothing.
     QVERIFY2(ended.at(0).at(0).toString().contains(QLatin1String(": no frame for 0.3 s")),
              qPrintable(ended.at(0).at(0).toString()));
+}
+
+void tst_CGrabThread::cameraWithoutAWholeFrame()
+{
+    const auto camera = startFake(16, 0.5);
+    CGrabThread thread(*camera, 2, 1h, [](const CGrabThread::SFrame&) {});
+    thread.setTimeout(300ms);
+    QSignalSpy ended(&thread, &CGrabThread::ended);
+    thread.start();
+    QTRY_COMPARE(ended.count(), 1);
+    QVERIFY2(ended.at(0).at(0).toString().contains(QLatin1String(" gave no whole frame for 0.3 s")),
+             qPrintable(ended.at(0).at(0).toString()));
+}
+
+// Nor is a process that was stopped for a while.
+void tst_CGrabThread::slowHandlerIsNoSilence()
+{
+    const auto camera = startFake();
+    CGrabThread thread(*camera, 2, 300ms, [](const CGrabThread::SFrame&) { QThread::msleep(400); });
+    thread.setTimeout(300ms);
+    QSignalSpy ended(&thread, &CGrabThread::ended);
+    thread.start();
+    QTRY_COMPARE(ended.count(), 1);
+    QCOMPARE(ended.at(0).at(0).toString(), QString());
+    QCOMPARE(thread.statistics().complete, quint64(2));
 }
 
 void tst_CGrabThread::starvingCameraHasNotGone()
