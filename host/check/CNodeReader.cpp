@@ -16,6 +16,8 @@
 #include <Halvex/models/ASourceNodeDataModel.h>
 #include <Halvex/models/CNodeDecouplerDataModelBase.h>
 
+#include <algorithm>
+
 namespace Host {
 
 using namespace Plugin::Halvex;
@@ -75,6 +77,12 @@ void CNodeReader::readModel(CNodeDataModel& model, const SJsonNode& json, SGraph
         m_faults.addError(EFaultRule::UnusableModel, json, error);
 }
 
+bool CNodeReader::isAnyLike(const SJsonNode& settings, const QString& name)
+{
+    return std::any_of(settings.children.begin(), settings.children.end(),
+                       [&](const SJsonNode* each) { return !m_words.closest(each->key, {name}).isNull(); });
+}
+
 void CNodeReader::checkSink(CNodeDataModel& model, const SJsonNode& json)
 {
     const auto* const sink = qobject_cast<IFrameSink*>(&model);
@@ -82,9 +90,9 @@ void CNodeReader::checkSink(CNodeDataModel& model, const SJsonNode& json)
         return;
     const SJsonNode* const settings = json.member(DocumentKeys::property);
     const SJsonNode* at = settings ? settings->member(sinkNameKey) : nullptr;
-    if (!at && settings && !settings->children.empty())
+    if (!at && settings && isAnyLike(*settings, sinkNameKey))
         return; // told as a setting that a sink does not have
-    const QString name = at ? at->text() : QString();
+    const QString name = sink->sinkName();
     at = at ? at : json.member(DocumentKeys::name);
     const auto known = m_sinks.constFind(name);
     if (!makesASinkFolder(name))

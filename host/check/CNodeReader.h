@@ -30,6 +30,7 @@ public:
 
 private:
     void readModel(Plugin::Halvex::CNodeDataModel& model, const SJsonNode& json, SGraphNode& node);
+    bool isAnyLike(const SJsonNode& settings, const QString& name);
     void checkSink(Plugin::Halvex::CNodeDataModel& model, const SJsonNode& json);
 
     CModelCatalogue& m_models;
