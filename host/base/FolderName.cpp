@@ -3,14 +3,21 @@
 
 #include "host/base/FolderName.h"
 
+#include "host/base/Shown.h"
+
+#include <QFile>
+
 #include <algorithm>
+#include <string>
 
 namespace Host {
 
 bool makesAFolder(const QString& name)
 {
-    return !name.isEmpty() && !name.startsWith(QLatin1Char('.')) &&
-           std::all_of(name.begin(), name.end(), [](QChar c) { return c.isPrint() && c != QLatin1Char('/'); });
+    constexpr int maxBytes = 255; // on the file systems in use
+    const std::u32string letters = name.toStdU32String();
+    return !name.isEmpty() && !name.startsWith(QLatin1Char('.')) && QFile::encodeName(name).size() <= maxBytes &&
+           std::all_of(letters.begin(), letters.end(), [](char32_t c) { return isPrintable(c) && c != U'/'; });
 }
 
 bool makesASinkFolder(const QString& name)

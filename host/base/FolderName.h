@@ -7,7 +7,8 @@
 
 namespace Host {
 
-/// Whether \a name is that of one folder or file within another one, and not hidden.
+/// Whether \a name is that of one folder or file within another one, and not hidden: printable, without '/' and '.' in
+/// front, and at most 255 bytes.
 bool makesAFolder(const QString& name);
 
 /// Whether a sink can have that name: it makes a folder, which is none of the files beside it.

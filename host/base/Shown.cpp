@@ -3,7 +3,9 @@
 
 #include "host/base/Shown.h"
 
-#include <algorithm>
+#include <QChar>
+
+#include <string>
 
 namespace Host {
 
@@ -13,18 +15,28 @@ constexpr int maxShown = 80;
 
 } // namespace
 
+bool isPrintable(char32_t codePoint)
+{
+    const QChar::Category category = QChar::category(codePoint);
+    const bool endsLine = category == QChar::Separator_Line || category == QChar::Separator_Paragraph;
+    return QChar::isPrint(codePoint) && !endsLine;
+}
+
 QString printable(const QString& text)
 {
-    QString line = text;
-    std::replace_if(
-        line.begin(), line.end(), [](QChar c) { return !c.isPrint(); }, QLatin1Char('?'));
+    QString line;
+    const std::u32string codePoints = text.toStdU32String();
+    for (const char32_t codePoint : codePoints)
+        line += isPrintable(codePoint) ? QString::fromUcs4(&codePoint, 1) : QStringLiteral("?");
     return line;
 }
 
 QString shown(const QString& text)
 {
     const QString line = printable(text);
-    const QString cut = line.size() > maxShown ? line.left(maxShown) + QStringLiteral("...") : line;
+    const bool isLong = line.size() > maxShown;
+    const int end = isLong && line.at(maxShown - 1).isHighSurrogate() ? maxShown - 1 : maxShown;
+    const QString cut = isLong ? line.left(end) + QStringLiteral("...") : line;
     return QLatin1Char('\'') + cut + QLatin1Char('\'');
 }
 

@@ -7,7 +7,10 @@
 
 namespace Host {
 
-/// \a text from elsewhere, fit for a line: what cannot be printed, the ends of lines included, is a question mark.
+/// Whether the letter, a Unicode code point, has a shape and no effect on the line; an end of a line has one.
+bool isPrintable(char32_t codePoint);
+
+/// \a text from elsewhere, fit for a line: each letter that is not isPrintable() is a question mark.
 QString printable(const QString& text);
 
 /// \a text from elsewhere within a line: printable(), in quotes, and cut when it is long.

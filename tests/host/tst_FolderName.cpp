@@ -3,6 +3,7 @@
 
 #include "host/base/FolderName.h"
 
+#include <QFile>
 #include <QTest>
 
 using namespace Host;
@@ -14,12 +15,13 @@ class tst_FolderName : public QObject
 private Q_SLOTS:
     void usable();
     void unusable();
+    void length();
     void filesOfTheGraph();
 };
 
 void tst_FolderName::usable()
 {
-    for (const char* name : {"fake-1", "10.0.0.2", "two words"}) {
+    for (const char* name : {"fake-1", "10.0.0.2", "two words", "größe", "📷"}) {
         QVERIFY2(makesAFolder(name), name);
         QVERIFY2(makesASinkFolder(name), name);
     }
@@ -27,10 +29,19 @@ void tst_FolderName::usable()
 
 void tst_FolderName::unusable()
 {
-    for (const char* name : {"", "..", ".a", "/etc", "a/b", "a\nb"}) {
+    for (const char* name : {"", "..", ".a", "/etc", "a/b", "a\nb", "a\u2028b"}) {
         QVERIFY2(!makesAFolder(name), name);
         QVERIFY2(!makesASinkFolder(name), name);
     }
+}
+
+void tst_FolderName::length()
+{
+    QVERIFY(makesAFolder(QString(255, 'x')));
+    QVERIFY(!makesAFolder(QString(256, 'x')));
+    const QString wide = QStringLiteral("ä");
+    if (QFile::encodeName(wide).size() == 2)
+        QVERIFY(!makesAFolder(wide.repeated(128)));
 }
 
 void tst_FolderName::filesOfTheGraph()

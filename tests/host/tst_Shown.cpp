@@ -19,6 +19,8 @@ private Q_SLOTS:
 void tst_Shown::printableOnOneLine()
 {
     QCOMPARE(printable(QStringLiteral("a\nb\x1b[31m")), QStringLiteral("a?b?[31m"));
+    QCOMPARE(printable(QStringLiteral("größe 📷")), QStringLiteral("größe 📷"));
+    QCOMPARE(printable(QStringLiteral("a\u2028b\u2029c\u0085d")), QStringLiteral("a?b?c?d"));
     const QString path(1000, QChar('x'));
     QCOMPARE(printable(path), path);
 }
@@ -29,6 +31,8 @@ void tst_Shown::shownInQuotesAndCut()
     QCOMPARE(shown(QStringLiteral("a\nb\x1b[31m")), QStringLiteral("'a?b?[31m'"));
     QCOMPARE(shown(QString(80, QChar('x'))), QStringLiteral("'%1'").arg(QString(80, QChar('x'))));
     QCOMPARE(shown(QString(81, QChar('x'))), QStringLiteral("'%1...'").arg(QString(80, QChar('x'))));
+    QCOMPARE(shown(QString(79, QChar('x')) + QStringLiteral("📷")),
+             QStringLiteral("'%1...'").arg(QString(79, QChar('x'))));
 }
 
 QTEST_GUILESS_MAIN(tst_Shown)
