@@ -49,7 +49,8 @@ int CGraphCheck::addNode(SGraphNode node)
 
 void CGraphCheck::connect(const SGraphConnection& connection)
 {
-    const bool arePorts = checkPort(connection, true) && checkPort(connection, false);
+    const bool isOutPort = checkPort(connection, true);
+    const bool arePorts = checkPort(connection, false) && isOutPort;
     const bool isSound = arePorts && checkTypes(connection);
     if (node(connection.to).isCamera)
         return; // it was told: a camera has no input
