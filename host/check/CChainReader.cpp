@@ -33,17 +33,6 @@ std::vector<const SJsonNode*> itemsOf(const SJsonNode* json)
                            : std::vector<const SJsonNode*>{json};
 }
 
-template <typename Visitor>
-void forEachSource(const SJsonNode& element, const Visitor& visitor)
-{
-    int number = 0;
-    for (const SJsonNode* port : itemsOf(element.member(sourcesKey))) {
-        for (const SJsonNode* source : itemsOf(port))
-            visitor(*source, number);
-        ++number;
-    }
-}
-
 } // namespace
 
 CChainReader::CChainReader(CGraphCheck& graph, CNodeReader& nodes, CFaultList& faults, CWordFinder& words,
@@ -124,8 +113,12 @@ void CChainReader::addLabel(const SJsonNode& element, int number)
 // camera may have it.
 void CChainReader::findCameras(const SJsonNode& root)
 {
-    for (const SJsonNode* element : itemsOf(&root))
-        forEachSource(*element, [this](const SJsonNode& source, int) { findCamera(source); });
+    for (const SJsonNode* element : itemsOf(&root)) {
+        for (const SJsonNode* port : itemsOf(element->member(sourcesKey))) {
+            for (const SJsonNode* source : itemsOf(port))
+                findCamera(*source);
+        }
+    }
 }
 
 void CChainReader::findCamera(const SJsonNode& source)
@@ -159,14 +152,21 @@ QString CChainReader::doubtOfCamera(const QString& name)
 
 void CChainReader::connectElement(const SJsonNode& element, int number)
 {
-    forEachSource(element, [&](const SJsonNode& source, int port) { addSource(source, number, port); });
+    int port = 0;
+    for (const SJsonNode* sources : itemsOf(element.member(sourcesKey))) {
+        const QStringList anyCameras = camerasNotIn(*sources);
+        for (const SJsonNode* source : itemsOf(sources))
+            addSource(*source, number, port, anyCameras);
+        ++port;
+    }
     for (const SJsonNode* group : itemsOf(element.member(targetsKey))) {
         for (const SJsonNode* target : itemsOf(group))
             addTarget(*target, number);
     }
 }
 
-void CChainReader::addSource(const SJsonNode& source, int element, int port)
+// \a anyCameras: those that "*" stands for in this port.
+void CChainReader::addSource(const SJsonNode& source, int element, int port, const QStringList& anyCameras)
 {
     if (!source.isString()) {
         m_graph.node(element).isDoubtful = true;
@@ -178,8 +178,7 @@ void CChainReader::addSource(const SJsonNode& source, int element, int port)
     connection.json = &source;
     const QString name = source.text();
     if (name == anyCamera && !m_options.cameras.isEmpty()) {
-        const QStringList cameras = camerasNotBeside(source);
-        for (const QString& camera : cameras) {
+        for (const QString& camera : anyCameras) {
             connection.from = m_cameras.value(camera);
             m_graph.connect(connection);
         }
@@ -192,11 +191,11 @@ void CChainReader::addSource(const SJsonNode& source, int element, int port)
         m_unknown.push_back({element, port, &source});
 }
 
-// Those of the run that are not named among the sources of the same port.
-QStringList CChainReader::camerasNotBeside(const SJsonNode& source) const
+// Those of the run that are not named among the sources of the port.
+QStringList CChainReader::camerasNotIn(const SJsonNode& port) const
 {
     QStringList cameras = m_options.cameras;
-    for (const SJsonNode* named : source.parent->children)
+    for (const SJsonNode* named : itemsOf(&port))
         cameras.removeAll(named->text());
     return cameras;
 }

@@ -39,8 +39,8 @@ private:
     void findCamera(const SJsonNode& source);
     QString doubtOfCamera(const QString& name);
     void connectElement(const SJsonNode& element, int number);
-    void addSource(const SJsonNode& source, int element, int port);
-    QStringList camerasNotBeside(const SJsonNode& source) const;
+    void addSource(const SJsonNode& source, int element, int port, const QStringList& anyCameras);
+    QStringList camerasNotIn(const SJsonNode& port) const;
     void addTarget(const SJsonNode& target, int element);
     void checkUnknownSources();
 

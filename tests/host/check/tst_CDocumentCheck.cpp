@@ -79,6 +79,7 @@ private Q_SLOTS:
     void moreValuesThanAnyChainHas();
     void labelsAmongTooManyNames();
     void largeLoop();
+    void largePort();
 };
 
 void tst_CDocumentCheck::countsConnectionsOfCameras()
@@ -286,6 +287,15 @@ void tst_CDocumentCheck::largeLoop()
         std::find_if(faults.begin(), faults.end(), [](const SFault& fault) { return fault.rule == EFaultRule::Loop; });
     QVERIFY(loop != faults.end());
     QVERIFY2(loop->message.contains("'blur 18' -> 'blur 19' -> 9980 more -> 'blur 0'"), qPrintable(loop->message));
+}
+
+void tst_CDocumentCheck::largePort()
+{
+    SCheckedService service(withCameras({"left", "right"}));
+    const QByteArray stars = QByteArray("\"*\", ").repeated(50000);
+    service.check.check(imageChain().replace("[\"left\"]", '[' + stars + "\"left\"]"));
+    QCOMPARE(service.check.connections(0), std::size_t(1));
+    QCOMPARE(service.check.connections(1), std::size_t(50000));
 }
 
 QTEST_GUILESS_MAIN(tst_CDocumentCheck)
