@@ -32,6 +32,34 @@ const char* otherEncoding(const QByteArray& text)
     return nullptr;
 }
 
+// What the parser copies a letter to when only its bytes are of interest.
+struct SNoOutput
+{
+    void Put(char) {} // NOLINT(readability-identifier-naming): the parser's name for it
+};
+
+// Where the first letter begins that is no UTF-8; -1 if there is none.
+int findBadLetter(const QByteArray& text)
+{
+    rapidjson::MemoryStream stream(text.constData(), std::size_t(text.size()));
+    SNoOutput none;
+    while (int(stream.Tell()) < text.size()) {
+        const int begin = int(stream.Tell());
+        if (!rapidjson::UTF8<>::Validate(stream, none))
+            return begin;
+    }
+    return -1;
+}
+
+// Where the parser found an error.
+int errorOffset(const QByteArray& text, const rapidjson::Reader& reader)
+{
+    const int offset = int(reader.GetErrorOffset());
+    const bool isBehindSlash =
+        reader.GetParseErrorCode() == rapidjson::kParseErrorUnspecificSyntaxError && offset < text.size();
+    return isBehindSlash ? offset - 1 : offset; // of a slash that begins no comment it takes the next letter
+}
+
 } // namespace
 
 bool readJson(const QByteArray& text, CJsonTree& tree, CFaultList& faults)
@@ -43,10 +71,16 @@ bool readJson(const QByteArray& text, CJsonTree& tree, CFaultList& faults)
         return false;
     }
 
+    const int badLetter = findBadLetter(text);
+    if (badLetter >= 0) {
+        faults.addTextError(EFaultRule::Encoding, badLetter, QStringLiteral("these bytes are no UTF-8"));
+        return false;
+    }
+
     // The parser would take it for the end.
     const int zero = text.indexOf('\0');
     if (zero >= 0) {
-        faults.addTextError(EFaultRule::Encoding, zero, QStringLiteral("a zero byte, which no text has"));
+        faults.addTextError(EFaultRule::Syntax, zero, QStringLiteral("a zero byte, which no text has"));
         return false;
     }
 
@@ -55,19 +89,20 @@ bool readJson(const QByteArray& text, CJsonTree& tree, CFaultList& faults)
         stream.src_ += 3;
 
     // Not recursive: a text of nothing but brackets would use up the stack.
-    constexpr unsigned flags = rapidjson::kParseIterativeFlag | rapidjson::kParseValidateEncodingFlag |
-                               rapidjson::kParseFullPrecisionFlag | rapidjson::kParseCommentsFlag |
-                               rapidjson::kParseTrailingCommasFlag | rapidjson::kParseNanAndInfFlag;
+    constexpr unsigned flags = rapidjson::kParseIterativeFlag | rapidjson::kParseFullPrecisionFlag |
+                               rapidjson::kParseCommentsFlag | rapidjson::kParseTrailingCommasFlag |
+                               rapidjson::kParseNanAndInfFlag;
     CTreeBuilder builder(text, stream, tree, faults);
     rapidjson::Reader reader;
     if (!reader.Parse<flags>(stream, builder).IsError()) {
         builder.finish();
         return true;
     }
-    if (!builder.isStopped())
-        faults.addTextError(EFaultRule::Syntax, int(reader.GetErrorOffset()),
-                            syntaxErrorText(text, reader.GetParseErrorCode(), int(reader.GetErrorOffset()),
-                                            builder.openBracket(), faults));
+    if (builder.isStopped())
+        return false;
+    const int offset = errorOffset(text, reader);
+    faults.addTextError(EFaultRule::Syntax, offset,
+                        syntaxErrorText(text, reader.GetParseErrorCode(), offset, builder.openBracket(), faults));
     return false;
 }
 

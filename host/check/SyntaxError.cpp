@@ -8,17 +8,17 @@
 #include "host/check/CJsonTree.h"
 #include "host/check/CWordFinder.h"
 
-#include <rapidjson/error/en.h>
-
 #include <cctype>
 
 namespace Host {
 
 namespace {
 
+// Of a word, also of one that is not English.
 bool isLetter(char c)
 {
-    return std::isalnum(static_cast<unsigned char>(c)) || c == '_';
+    const auto byte = static_cast<unsigned char>(c);
+    return byte >= 0x80 || std::isalnum(byte) || c == '_';
 }
 
 // The word around that place; the parser may report any letter of it.
@@ -30,7 +30,22 @@ QString wordAt(const QByteArray& text, int offset)
         --begin;
     while (end < text.size() && isLetter(text.at(end)))
         ++end;
-    return QString::fromLatin1(text.mid(begin, end - begin));
+    return QString::fromUtf8(text.mid(begin, end - begin));
+}
+
+// What editors and web pages put in place of a quote or a blank looks right and is not; empty if it is something else.
+QString lookalikeText(const QByteArray& text, int offset)
+{
+    constexpr int maxBytes = 4; // of a letter
+    const QString letter = QString::fromUtf8(text.mid(offset, maxBytes)).left(1);
+    if (letter.isEmpty() || letter.front().unicode() < 0x80)
+        return {};
+    if (QStringLiteral("\u2018\u2019\u201a\u201c\u201d\u201e\u00ab\u00bb\uff02").contains(letter))
+        return QStringLiteral("%1 is no quote of JSON, which has straight ones: \"").arg(shown(letter));
+    if (letter.front().isSpace() || letter == QChar(0xfeff) || letter == QChar(0x200b))
+        return QStringLiteral("U+%1 looks like a blank, and is none of JSON")
+            .arg(int(letter.front().unicode()), 4, 16, QLatin1Char('0'));
+    return {};
 }
 
 QString openText(const SJsonNode& open, const CFaultList& faults)
@@ -86,9 +101,14 @@ QString stringText(const QByteArray& text, int offset, rapidjson::ParseErrorCode
     if (static_cast<unsigned char>(found) < 0x20)
         return QStringLiteral("a control character in a string is written \\u%1")
             .arg(int(found), 4, 16, QLatin1Char('0'));
-    return code == rapidjson::kParseErrorStringInvalidEncoding
-               ? QStringLiteral("these bytes are no UTF-8")
-               : QStringLiteral("no such escape; a backslash itself is written \\\\");
+    switch (code) {
+    case rapidjson::kParseErrorStringUnicodeEscapeInvalidHex:
+        return QStringLiteral("four digits belong behind \\u, each from 0 to 9 or a to f");
+    case rapidjson::kParseErrorStringUnicodeSurrogateInvalid:
+        return QStringLiteral("half a letter; \\ud800 to \\udfff stand in pairs");
+    default:
+        return QStringLiteral("no such escape; a backslash itself is written \\\\");
+    }
 }
 
 } // namespace
@@ -100,11 +120,16 @@ QString syntaxErrorText(const QByteArray& text, rapidjson::ParseErrorCode code, 
     if (code == kParseErrorDocumentEmpty)
         return QStringLiteral("the document is empty");
     if (code == kParseErrorUnspecificSyntaxError)
-        return QStringLiteral("JSON has no comments, and this one has no end");
+        return offset < text.size() ? QStringLiteral("'/' is nothing that JSON has")
+                                    : QStringLiteral("JSON has no comments, and this one has no end");
     if (code == kParseErrorStringMissQuotationMark)
         return QStringLiteral("the document ends within a string");
     if (offset >= text.size() && open)
         return QStringLiteral("the document ends within %1").arg(openText(*open, faults));
+
+    const QString lookalike = lookalikeText(text, offset);
+    if (!lookalike.isEmpty())
+        return lookalike;
 
     switch (code) {
     case kParseErrorDocumentRootNotSingular:
@@ -120,11 +145,18 @@ QString syntaxErrorText(const QByteArray& text, rapidjson::ParseErrorCode code, 
         return open ? behindValueText(text, offset, *open, faults) : QString();
     case kParseErrorStringInvalidEncoding:
     case kParseErrorStringEscapeInvalid:
+    case kParseErrorStringUnicodeEscapeInvalidHex:
+    case kParseErrorStringUnicodeSurrogateInvalid:
         return stringText(text, offset, code);
     case kParseErrorNumberTooBig:
         return QStringLiteral("the number is too large");
+    case kParseErrorNumberMissFraction:
+        return QStringLiteral("a digit belongs behind the point of a number");
+    case kParseErrorNumberMissExponent:
+        return QStringLiteral("a digit belongs behind the 'e' of a number");
     default:
-        return QString::fromLatin1(GetParseError_En(code));
+        Q_ASSERT(false);
+        return QStringLiteral("this is no JSON");
     }
 }
 

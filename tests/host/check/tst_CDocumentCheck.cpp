@@ -70,6 +70,7 @@ private Q_SLOTS:
     void savedScene();
     void settingsAreTaken();
     void settingThatThrows();
+    void bytesThatAreNoText();
     void truncated();
     void whatARunCannotRead();
     void largeChain();
@@ -174,6 +175,16 @@ void tst_CDocumentCheck::settingThatThrows()
     const QByteArray chain = imageChain().replace("To Image\"", "Unaskable\", \"property\": {\"mood\": 5}");
     QCOMPARE(firstLine(service.check.check(chain)),
              QByteArray("file:1:29: error: $[0].model: making 'Unaskable' throws: do not ask"));
+}
+
+void tst_CDocumentCheck::bytesThatAreNoText()
+{
+    SCheckedService service;
+    const auto ruleOf = [&](const QByteArray& text) { return faultRuleName(service.check.check(text).at(0).rule); };
+    QCOMPARE(ruleOf("[\"\xff\"]"), QString("encoding"));
+    QCOMPARE(ruleOf("[] \xc3"), QString("encoding"));
+    QCOMPARE(ruleOf("[1] \xed\xa0\x80"), QString("encoding")); // half of a letter of UTF-16
+    QCOMPARE(ruleOf(QByteArray("[\"a\0\"]", 6)), QString("syntax"));
 }
 
 void tst_CDocumentCheck::truncated()
