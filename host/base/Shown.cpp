@@ -31,13 +31,17 @@ QString printable(const QString& text)
     return line;
 }
 
+QString cut(const QString& line, int most)
+{
+    if (line.size() <= most)
+        return line;
+    const bool isHalf = most > 0 && line.at(most - 1).isHighSurrogate();
+    return line.left(isHalf ? most - 1 : most) + QStringLiteral("...");
+}
+
 QString shown(const QString& text)
 {
-    const QString line = printable(text);
-    const bool isLong = line.size() > maxShown;
-    const int end = isLong && line.at(maxShown - 1).isHighSurrogate() ? maxShown - 1 : maxShown;
-    const QString cut = isLong ? line.left(end) + QStringLiteral("...") : line;
-    return QLatin1Char('\'') + cut + QLatin1Char('\'');
+    return QLatin1Char('\'') + cut(printable(text), maxShown) + QLatin1Char('\'');
 }
 
 } // namespace Host

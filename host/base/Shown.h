@@ -13,6 +13,9 @@ bool isPrintable(char32_t codePoint);
 /// \a text from elsewhere, fit for a line: each letter that is not isPrintable() is a question mark.
 QString printable(const QString& text);
 
+/// The beginning of \a line, and "..." if that is not all of it: at most so many UTF-16 units, and no half letter.
+QString cut(const QString& line, int most);
+
 /// \a text from elsewhere within a line: printable(), in quotes, and cut when it is long.
 QString shown(const QString& text);
 

@@ -9,6 +9,12 @@
 
 namespace Host {
 
+namespace {
+
+constexpr qint64 maxPathLetters = 10000000; // a key of a megabyte is in the path of each of its members
+
+} // namespace
+
 CFaultList::CFaultList(const QByteArray& text)
     : m_places(text)
 {
@@ -16,22 +22,22 @@ CFaultList::CFaultList(const QByteArray& text)
 
 void CFaultList::addError(EFaultRule rule, const SJsonNode& at, const QString& message)
 {
-    add(at.begin, {true, rule, 0, 0, pathOf(at), message});
+    add(true, rule, at.begin, &at, message);
 }
 
 void CFaultList::addWarning(EFaultRule rule, const SJsonNode& at, const QString& message)
 {
-    add(at.begin, {false, rule, 0, 0, pathOf(at), message});
+    add(false, rule, at.begin, &at, message);
 }
 
 void CFaultList::addKeyError(EFaultRule rule, const SJsonNode& member, const QString& message)
 {
-    add(member.keyBegin, {true, rule, 0, 0, pathOf(member), message});
+    add(true, rule, member.keyBegin, &member, message);
 }
 
 void CFaultList::addTextError(EFaultRule rule, int offset, const QString& message)
 {
-    add(offset, {true, rule, 0, 0, {}, message});
+    add(true, rule, offset, nullptr, message);
 }
 
 QString CFaultList::place(int offset) const
@@ -40,22 +46,22 @@ QString CFaultList::place(int offset) const
     return QStringLiteral("%1:%2").arg(place.line).arg(place.column);
 }
 
-void CFaultList::add(int offset, SFault fault)
+void CFaultList::add(bool isError, EFaultRule rule, int offset, const SJsonNode* at, const QString& message)
 {
     if (m_wrongOffsets.contains(offset))
         return;
-    if (int(m_faults.size()) == mostFaults) {
-        const bool isError = fault.isError || (isCut() && m_leftOut.isError);
-        m_leftOut = {isError, fault.rule, 0,
-                     0,       {},         QStringLiteral("there are more faults than these %1").arg(mostFaults)};
+    if (int(m_faults.size()) == mostFaults || m_pathLetters > maxPathLetters) {
+        const bool isAnyError = isError || (isCut() && m_leftOut.isError);
+        const QString text = QStringLiteral("there are more faults than these %1").arg(m_faults.size());
+        m_leftOut = {isAnyError, rule, 0, 0, {}, text};
         return;
     }
-    if (fault.isError)
+    if (isError)
         m_wrongOffsets.insert(offset);
     const STextPlace place = m_places.at(offset);
-    fault.line = place.line;
-    fault.column = place.column;
-    m_faults.emplace_back(offset, std::move(fault));
+    const QString path = at ? pathOf(*at) : QString();
+    m_pathLetters += path.size();
+    m_faults.emplace_back(offset, SFault{isError, rule, place.line, place.column, path, message});
 }
 
 std::vector<SFault> CFaultList::sorted() const

@@ -25,7 +25,8 @@ struct SJsonNode;
 class CFaultList
 {
 public:
-    /// What is kept. Nobody reads more, and a file of something else altogether has millions.
+    /// What is kept, and less if paths are very long. Nobody reads more, and a file of something else altogether has
+    /// millions.
     static constexpr int mostFaults = 5000;
 
     explicit CFaultList(const QByteArray& text);
@@ -45,19 +46,20 @@ public:
 
     bool isEmpty() const { return m_faults.empty(); }
 
-    /// Whether there are more faults than mostFaults.
+    /// Whether there are more faults than are kept.
     bool isCut() const { return !m_leftOut.message.isEmpty(); }
 
-    /// The faults in the order of the text. Behind the first mostFaults comes one more, of no place: that there are
-    /// others. It is an error if one of them is.
+    /// The faults in the order of the text. If there are more, a last one of no place says so; it is an error if one of
+    /// those is.
     std::vector<SFault> sorted() const;
 
 private:
-    void add(int offset, SFault fault);
+    void add(bool isError, EFaultRule rule, int offset, const SJsonNode* at, const QString& message);
 
     CTextPlaces m_places;
     std::vector<std::pair<int, SFault>> m_faults; // with their offsets
     QSet<int> m_wrongOffsets;
+    qint64 m_pathLetters = 0;
     SFault m_leftOut; // stands for all that are left out; without a message while there are none
 };
 

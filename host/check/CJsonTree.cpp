@@ -10,6 +10,7 @@
 #include <QVariant>
 
 #include <algorithm>
+#include <string>
 
 namespace Host {
 
@@ -23,11 +24,44 @@ bool isWord(const QString& key)
     return !key.isEmpty() && !key.front().isDigit() && std::all_of(key.begin(), key.end(), isPart);
 }
 
+QString escaped(QChar c)
+{
+    switch (c.unicode()) {
+    case '\'':
+    case '\\':
+        return QLatin1Char('\\') + QString(c);
+    case '\n':
+        return QStringLiteral("\\n");
+    case '\r':
+        return QStringLiteral("\\r");
+    case '\t':
+        return QStringLiteral("\\t");
+    default:
+        return QStringLiteral("\\u%1").arg(int(c.unicode()), 4, 16, QLatin1Char('0'));
+    }
+}
+
+// As it is, but for what would not be seen or would end the quotes.
+QString quoted(const QString& key)
+{
+    QString text;
+    const std::u32string letters = key.toStdU32String();
+    for (const char32_t letter : letters) {
+        const QString units = QString::fromUcs4(&letter, 1);
+        if (isPrintable(letter) && letter != U'\'' && letter != U'\\')
+            text += units;
+        else
+            for (const QChar unit : units)
+                text += escaped(unit);
+    }
+    return QLatin1Char('\'') + text + QLatin1Char('\'');
+}
+
 QString stepTo(const SJsonNode& node)
 {
     if (node.parent->isArray())
         return QStringLiteral("[%1]").arg(node.index);
-    return isWord(node.key) ? QLatin1Char('.') + node.key : QLatin1Char('[') + shown(node.key) + QLatin1Char(']');
+    return isWord(node.key) ? QLatin1Char('.') + node.key : QLatin1Char('[') + quoted(node.key) + QLatin1Char(']');
 }
 
 } // namespace

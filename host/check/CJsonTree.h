@@ -53,7 +53,7 @@ private:
     std::deque<SJsonNode> m_nodes;
 };
 
-/// "$[2].connection[0][1]", as JSONPath writes it.
+/// "$[2].connection[0]['index _out']": JSONPath, complete and printable however long keys are.
 QString pathOf(const SJsonNode& node);
 
 /// The value without its places, under the keys as they are written.

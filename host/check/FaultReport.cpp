@@ -16,6 +16,8 @@ namespace Host {
 
 namespace {
 
+constexpr int maxPath = 200; // in a line for people; programs get all of it
+
 QString severity(const SFault& fault)
 {
     return fault.isError ? QStringLiteral("error") : QStringLiteral("warning");
@@ -103,7 +105,7 @@ QString faultLine(const QString& file, const SFault& fault)
         line += QStringLiteral(":%1:%2").arg(fault.line).arg(fault.column);
     line += QStringLiteral(": ") + severity(fault) + QStringLiteral(": ");
     if (!fault.path.isEmpty())
-        line += fault.path + QStringLiteral(": ");
+        line += cut(fault.path, maxPath) + QStringLiteral(": ");
     return line + fault.message;
 }
 

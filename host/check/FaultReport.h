@@ -23,7 +23,8 @@ struct SCheckedFile
     int warnings() const;
 };
 
-/// As compilers write it: "chain.json:3:14: error: $[2].name: no element is named 'blurr'". Without an end of line.
+/// As compilers write it: "chain.json:3:14: error: $[2].name: no element is named 'blurr'". Without an end of line; a
+/// long path is cut.
 QString faultLine(const QString& file, const SFault& fault);
 
 /// What a run says when it refuses the document: the lines of its errors. Empty if it has none.

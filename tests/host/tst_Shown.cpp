@@ -14,6 +14,7 @@ class tst_Shown : public QObject
 private Q_SLOTS:
     void printableOnOneLine();
     void shownInQuotesAndCut();
+    void cutBetweenLetters();
 };
 
 void tst_Shown::printableOnOneLine()
@@ -31,8 +32,14 @@ void tst_Shown::shownInQuotesAndCut()
     QCOMPARE(shown(QStringLiteral("a\nb\x1b[31m")), QStringLiteral("'a?b?[31m'"));
     QCOMPARE(shown(QString(80, QChar('x'))), QStringLiteral("'%1'").arg(QString(80, QChar('x'))));
     QCOMPARE(shown(QString(81, QChar('x'))), QStringLiteral("'%1...'").arg(QString(80, QChar('x'))));
-    QCOMPARE(shown(QString(79, QChar('x')) + QStringLiteral("📷")),
-             QStringLiteral("'%1...'").arg(QString(79, QChar('x'))));
+}
+
+void tst_Shown::cutBetweenLetters()
+{
+    QCOMPARE(cut(QStringLiteral("abc"), 3), QStringLiteral("abc"));
+    QCOMPARE(cut(QStringLiteral("abcd"), 3), QStringLiteral("abc..."));
+    QCOMPARE(cut(QStringLiteral("ab📷"), 3), QStringLiteral("ab..."));
+    QCOMPARE(cut(QStringLiteral("a📷b"), 3), QStringLiteral("a📷..."));
 }
 
 QTEST_GUILESS_MAIN(tst_Shown)

@@ -32,6 +32,7 @@ class tst_FaultReport : public QObject
 
 private Q_SLOTS:
     void lines();
+    void longPath();
     void unprintableName();
     void linesOfErrors();
     void text();
@@ -45,6 +46,17 @@ void tst_FaultReport::lines()
     QCOMPARE(faultLine("chain.json", error), QString("chain.json:3:14: error: $[2].colour: unknown key 'colour'"));
     QCOMPARE(faultLine("chain.json", warning), QString("chain.json:5:1: warning: $[3]: no camera"));
     QCOMPARE(faultLine("chain.json", unreadable), QString("chain.json: error: cannot read"));
+}
+
+void tst_FaultReport::longPath()
+{
+    SFault fault = error;
+    fault.path = "$[2]." + QString(300, 'k');
+    QCOMPARE(faultLine("chain.json", fault),
+             "chain.json:3:14: error: $[2]." + QString(195, 'k') + "...: unknown key 'colour'");
+    const QJsonObject report = parsed(faultJson({{"chain.json", {fault}}}));
+    const QJsonValue file = report["files"][0];
+    QCOMPARE(file["faults"][0]["path"].toString(), fault.path);
 }
 
 void tst_FaultReport::unprintableName()
