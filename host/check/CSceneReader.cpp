@@ -3,6 +3,7 @@
 
 #include "host/check/CSceneReader.h"
 
+#include "host/base/ClosestWords.h"
 #include "host/base/Shown.h"
 #include "host/check/CFaultList.h"
 #include "host/check/CJsonTree.h"
@@ -135,6 +136,7 @@ void CSceneReader::addId(const SJsonNode& json, int number)
                           QStringLiteral("%1 is no id; one is like %2")
                               .arg(shown(json.text()), shown(QStringLiteral("01234567-89ab-cdef-0123-456789abcdef"))));
         m_graph.node(number).isDoubtful = true;
+        m_badIds.insert(json.text(), number);
         return;
     }
     if (m_numbers.emplace(id, number).second) {
@@ -177,13 +179,24 @@ int CSceneReader::findEnd(const SJsonNode& connection, QLatin1String key)
     const auto found = m_numbers.find(idOf(*json));
     if (found != m_numbers.end())
         return found->second;
-    const QString meant = m_words.closest(json->text(), m_ids);
+    const auto bad = m_badIds.constFind(json->text());
+    if (bad != m_badIds.constEnd())
+        return *bad; // told at the node
+    const QString meant = closestId(json->text());
     if (!meant.isNull())
         m_graph.node(m_numbers.at(Core::CId(meant.toLatin1().constData()))).isDoubtful = true;
     const QString hint = meant.isNull() ? QString() : QStringLiteral("; did you mean %1?").arg(shown(meant));
     m_faults.addError(EFaultRule::UnknownName, *json,
                       QStringLiteral("no node has the id %1%2").arg(shown(json->text()), hint));
     return -1;
+}
+
+// Two ids that somebody has made are alike in many letters by chance.
+QString CSceneReader::closestId(const QString& id)
+{
+    constexpr int most = 2; // letters that differ
+    const QString closest = m_words.closest(id, m_ids);
+    return editDistance(id, closest) <= most ? closest : QString();
 }
 
 } // namespace Host

@@ -7,6 +7,7 @@
 
 #include <Halvex/platform/CId.h>
 
+#include <QHash>
 #include <QStringList>
 
 #include <unordered_map>
@@ -34,6 +35,7 @@ private:
     void addId(const SJsonNode& json, int number);
     void addConnection(const SJsonNode& json);
     int findEnd(const SJsonNode& connection, QLatin1String key);
+    QString closestId(const QString& id);
 
     CGraphCheck& m_graph;
     CNodeReader& m_nodes;
@@ -44,6 +46,7 @@ private:
     const SGraphNode m_camera;
     std::unordered_map<Core::CId, int> m_numbers; // of nodes
     std::unordered_map<Core::CId, int> m_begins;  // where the ids stand
+    QHash<QString, int> m_badIds;                 // numbers of nodes, by what stands there in place of an id
     QStringList m_ids;                            // as they are written
     const SJsonNode* m_cameraJson = nullptr;
 };
