@@ -83,6 +83,11 @@ QString rangeOf(ArvGcNode* node)
     return ARV_IS_GC_FLOAT(node) ? floatRange(ARV_GC_FLOAT(node)) : QString();
 }
 
+bool isInteger(ArvGcNode* node)
+{
+    return ARV_IS_GC_INTEGER(node) && !ARV_IS_GC_ENUMERATION(node) && !ARV_IS_GC_BOOLEAN(node);
+}
+
 QString valueOf(ArvGcNode* node)
 {
     CGLibError error;
@@ -95,8 +100,8 @@ QString valueOf(ArvGcNode* node)
     const char* const value = arv_gc_feature_node_get_value_as_string(ARV_GC_FEATURE_NODE(node), error.slot());
     if (error || !value)
         return {};
-    const bool isNumber = ARV_IS_GC_INTEGER(node) && !ARV_IS_GC_ENUMERATION(node);
-    return withUnit(QString::fromUtf8(value), isNumber ? arv_gc_integer_get_unit(ARV_GC_INTEGER(node)) : nullptr);
+    return withUnit(QString::fromUtf8(value),
+                    isInteger(node) ? arv_gc_integer_get_unit(ARV_GC_INTEGER(node)) : nullptr);
 }
 
 bool isWritable(ArvGcNode* node)
@@ -104,6 +109,12 @@ bool isWritable(ArvGcNode* node)
     ArvGcFeatureNode* const feature = ARV_GC_FEATURE_NODE(node);
     return arv_gc_feature_node_get_actual_access_mode(feature) != ARV_GC_ACCESS_MODE_RO &&
            !arv_gc_feature_node_is_locked(feature, CGLibError().slot());
+}
+
+// Decimal, or with 0x hexadecimal. A zero in front makes no octal number of it, as it would for the library.
+qint64 wholeNumber(const QString& value, bool* ok)
+{
+    return value.toLongLong(ok, value.startsWith(QLatin1String("0x"), Qt::CaseInsensitive) ? 16 : 10);
 }
 
 // What is wrong with the value for a feature of that type, before the camera is asked; empty when nothing is.
@@ -118,7 +129,7 @@ QString refusal(ArvGcNode* node, const QString& value)
     } else if (ARV_IS_GC_BOOLEAN(node)) {
         ok = value == QLatin1String("true") || value == QLatin1String("false");
     } else if (ARV_IS_GC_INTEGER(node)) {
-        const qint64 number = value.toLongLong(&ok, 0);
+        const qint64 number = wholeNumber(value, &ok);
         ok = ok && number >= arv_gc_integer_get_min(ARV_GC_INTEGER(node), CGLibError().slot()) &&
              number <= arv_gc_integer_get_max(ARV_GC_INTEGER(node), CGLibError().slot());
     } else if (ARV_IS_GC_FLOAT(node)) {
@@ -138,20 +149,26 @@ QString refusal(ArvGcNode* node, const QString& value)
 std::vector<SFeature> CFeatures::all() const
 {
     std::vector<SFeature> features;
+    QSet<QString> seen;
     if (ArvGcNode* const root = arv_device_get_feature(m_device, "Root"))
-        add(root, {}, &features);
+        add(root, {}, &seen, &features);
     return features;
 }
 
-void CFeatures::add(ArvGcNode* node, const QString& category, std::vector<SFeature>* features) const
+// A camera may name a feature in two categories, and a category in itself.
+void CFeatures::add(ArvGcNode* node, const QString& category, QSet<QString>* seen,
+                    std::vector<SFeature>* features) const
 {
     ArvGcFeatureNode* const feature = ARV_GC_FEATURE_NODE(node);
     const QString name = QString::fromUtf8(arv_gc_feature_node_get_name(feature));
+    if (seen->contains(name))
+        return;
+    seen->insert(name);
     if (ARV_IS_GC_CATEGORY(node)) {
         const GSList* names = arv_gc_category_get_features(ARV_GC_CATEGORY(node));
         for (; names; names = names->next) {
             if (ArvGcNode* const child = arv_device_get_feature(m_device, static_cast<const char*>(names->data)))
-                add(child, name, features);
+                add(child, name, seen, features);
         }
     } else if (arv_gc_feature_node_is_implemented(feature, CGLibError().slot())) {
         features->push_back({category, name, typeOf(node), valueOf(node), rangeOf(node), isWritable(node)});
@@ -175,6 +192,8 @@ QString CFeatures::set(const QString& name, const QString& value) const
     CGLibError error;
     if (ARV_IS_GC_COMMAND(node))
         arv_device_execute_command(m_device, name.toUtf8().constData(), error.slot());
+    else if (isInteger(node))
+        arv_gc_integer_set_value(ARV_GC_INTEGER(node), wholeNumber(value, nullptr), error.slot());
     else
         arv_gc_feature_node_set_value_from_string(ARV_GC_FEATURE_NODE(node), value.toUtf8().constData(), error.slot());
     return error ? QStringLiteral("the feature '%1' refuses %2: %3").arg(name, shown(value), error.text()) : QString();

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -41,16 +42,16 @@ public:
     {
     }
 
-    /// In the camera's own order, category by category; what the camera does not implement is left out.
+    /// In the camera's own order, category by category, each once; what the camera does not implement is left out.
     std::vector<SFeature> all() const;
 
-    /// Sets a feature, or runs a command whatever \a value says. Returns what is wrong, in one line: a feature that is
-    /// not there (with the closest names), that cannot be written now, or a value that it does not take. Empty on
-    /// success.
+    /// Sets a feature, or runs a command whatever \a value says. Whole numbers are decimal, or hexadecimal with 0x.
+    /// Returns what is wrong, in one line: a feature that is not there (with the closest names), that cannot be written
+    /// now, or a value that it does not take. Empty on success.
     QString set(const QString& name, const QString& value) const;
 
 private:
-    void add(_ArvGcNode* node, const QString& category, std::vector<SFeature>* features) const;
+    void add(_ArvGcNode* node, const QString& category, QSet<QString>* seen, std::vector<SFeature>* features) const;
 
     _ArvDevice* const m_device;
 };

@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/camera/CFeatures.h"
+
+#include "TestFile.h"
+#include "TestTable.h"
+#include "host/camera/GObjectPtr.h"
+
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <arv.h>
+
+using namespace Host;
+
+namespace {
+
+GObjectPtr<ArvDevice> fakeDevice()
+{
+    return GObjectPtr<ArvDevice>(arv_fake_device_new("test", nullptr));
+}
+
+std::vector<SFeature> featuresOf(const std::vector<SFeature>& all, const QString& name)
+{
+    std::vector<SFeature> found;
+    std::copy_if(all.begin(), all.end(), std::back_inserter(found),
+                 [&name](const SFeature& feature) { return feature.name == name; });
+    return found;
+}
+
+} // namespace
+
+class tst_CFeatures : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void wholeNumbers_data();
+    void wholeNumbers();
+    void categoryInItself();
+};
+
+void tst_CFeatures::wholeNumbers_data()
+{
+    addColumns<QString, QString>({"value", "width"});
+    const auto row = [](const char* value, const char* width) { addRow(value, QString(value), QString(width)); };
+    row("64", "64");
+    row("0100", "100");
+    row("0x40", "64");
+    row("0X40", "64");
+    row("40h", "512");
+    row("099", "99");
+}
+
+// The width is 512 as long as nothing else is set.
+void tst_CFeatures::wholeNumbers()
+{
+    QFETCH(QString, value);
+    QFETCH(QString, width);
+    const auto device = fakeDevice();
+    const CFeatures features(device.get());
+    QCOMPARE(features.set("Width", value).isEmpty(), width != "512");
+    const std::vector<SFeature> found = featuresOf(features.all(), "Width");
+    QCOMPARE(found.size(), std::size_t(1));
+    QCOMPARE(found[0].value, width);
+}
+
+void tst_CFeatures::categoryInItself()
+{
+    const GObjectPtr<ArvFakeCamera> camera(arv_fake_camera_new("test"));
+    std::size_t size = 0;
+    const char* const xml = arv_fake_camera_get_genicam_xml(camera.get(), &size);
+    const QByteArray root = "<Category Name=\"Root\" NameSpace=\"Standard\">";
+    QByteArray changed(xml, int(size));
+    QVERIFY(changed.contains(root));
+    changed.replace(root, root + "<pFeature>Root</pFeature><pFeature>Width</pFeature>");
+    const QTemporaryDir folder;
+    const QString file = folder.filePath("camera.xml");
+    QVERIFY(write(file, changed));
+
+    arv_set_fake_camera_genicam_filename(file.toUtf8().constData());
+    const auto device = fakeDevice();
+    arv_set_fake_camera_genicam_filename(nullptr);
+    const std::vector<SFeature> found = featuresOf(CFeatures(device.get()).all(), "Width");
+    QCOMPARE(found.size(), std::size_t(1));
+    QCOMPARE(found[0].category, QString("Root"));
+}
+
+QTEST_GUILESS_MAIN(tst_CFeatures)
+#include "tst_CFeatures.moc"
