@@ -25,7 +25,7 @@ namespace Host {
 class CBufferReturn;
 
 /**
- * A camera: the one built into the library, or a GigE Vision camera at an address.
+ * A camera: the one built into the library, a GigE Vision camera at its address, or a USB3 Vision camera by its name.
  *
  * \code
  * QString error;

@@ -85,7 +85,8 @@ std::vector<SFault> CDocumentCheck::check(const QByteArray& text)
 
 std::size_t CDocumentCheck::connections(int camera) const
 {
-    return m_connections.at(std::size_t(camera));
+    const auto at = std::size_t(camera);
+    return at < m_connections.size() ? m_connections[at] : 0;
 }
 
 bool hasErrors(const std::vector<SFault>& faults)

@@ -49,7 +49,7 @@ public:
     std::vector<SFault> check(const QByteArray& text);
 
     /// How many connections the chain that was checked last makes in the scene of the camera of that place in the
-    /// options.
+    /// options; 0 if the check ended before it came to them.
     std::size_t connections(int camera) const;
 
 private:

@@ -8,9 +8,9 @@
 #include "host/check/CJsonTree.h"
 #include "host/check/CWordFinder.h"
 #include "host/check/ShortestLoops.h"
+#include "host/report/Counted.h"
 
 #include <algorithm>
-
 #include <limits>
 #include <utility>
 
@@ -211,10 +211,9 @@ void CGraphCheck::findUnreached()
         if (isReached[std::size_t(first)])
             continue;
         const int behind = reachFrom(first) - 1;
-        const QString others = behind == 0 ? QString()
-                                           : QStringLiteral(", and so not what lies behind it (%1 %2)")
-                                                 .arg(QString::number(behind),
-                                                      behind == 1 ? QStringLiteral("node") : QStringLiteral("nodes"));
+        const QString others =
+            behind == 0 ? QString()
+                        : QStringLiteral(", and so not what lies behind it (%1)").arg(counted(quint64(behind), "node"));
         m_faults.addError(EFaultRule::Unreached, *node(first).json,
                           QStringLiteral("no source reaches %1%2").arg(node(first).name, others));
     }

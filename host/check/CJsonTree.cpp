@@ -109,6 +109,11 @@ QJsonValue valueOf(const SJsonNode& node)
     return node.scalar;
 }
 
+bool isWholeNumber(const QJsonValue& value)
+{
+    return value.isDouble() && value.toInt(0) == value.toInt(1); // of no other does toInt() make a number
+}
+
 QString description(const SJsonNode& node)
 {
     switch (node.type) {

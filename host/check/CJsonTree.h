@@ -59,6 +59,9 @@ QString pathOf(const SJsonNode& node);
 /// The value without its places, under the keys as they are written.
 QJsonValue valueOf(const SJsonNode& node);
 
+/// Whether it is a whole number, of 32 bits.
+bool isWholeNumber(const QJsonValue& value);
+
 /// What the value is, for a message: "the string 'left'", "the number 7", "an array".
 QString description(const SJsonNode& node);
 

@@ -27,12 +27,12 @@ QJsonObject settings(const QJsonObject& model)
     return model.value(DocumentKeys::property).toObject();
 }
 
-// Whether a model that saves \a kept has taken what was given: to the accuracy of a float, and whatever else it keeps
-// in an object.
+// Whether a model that saves \a kept has taken what was given: a fraction to the accuracy of a float, and in an object
+// whatever else it keeps.
 bool isTaken(const QJsonValue& given, const QJsonValue& kept)
 {
     if (given.isDouble() && kept.isDouble())
-        return float(given.toDouble()) == float(kept.toDouble());
+        return given == kept || (!isWholeNumber(given) && float(given.toDouble()) == float(kept.toDouble()));
     if (!given.isObject() || !kept.isObject())
         return given == kept;
     const QJsonObject object = given.toObject();

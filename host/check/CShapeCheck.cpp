@@ -46,8 +46,7 @@ bool hasType(const SJsonNode& node, const QString& type)
         return node.type == QJsonValue::Bool;
     if (type == QLatin1String("number"))
         return node.type == QJsonValue::Double;
-    // A whole number, of 32 bits: of no other does toInt() make a number.
-    return node.type == QJsonValue::Double && node.scalar.toInt(0) == node.scalar.toInt(1);
+    return isWholeNumber(node.scalar);
 }
 
 QString typeText(const QString& type, const SJsonNode& found)

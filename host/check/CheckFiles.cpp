@@ -51,8 +51,8 @@ SCheckedFile checkFile(const QString& name, CDocumentCheck& check)
 int exitCodeOf(const SCheckedFile& file, bool isStrict)
 {
     if (!file.faults.empty() && file.faults.front().rule == EFaultRule::Unreadable)
-        return 2;
-    return file.errors() > 0 || (isStrict && file.warnings() > 0) ? 1 : 0;
+        return Refused;
+    return file.errors() > 0 || (isStrict && file.warnings() > 0) ? Failed : Done;
 }
 
 QByteArray report(const std::vector<SCheckedFile>& files, const SReportOptions& options)

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "host/base/EExitCode.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -29,8 +31,8 @@ struct SReportOptions
 /// What came of a check. A plain value.
 struct SCheckOutcome
 {
-    QByteArray report; ///< To be printed.
-    int exitCode = 0;  ///< 0: no errors; 1: errors; 2: a file cannot be read.
+    QByteArray report;   ///< To be printed.
+    int exitCode = Done; ///< Failed with errors, Refused when a file cannot be read.
 };
 
 /// Checks the documents in these files, each at most 64 MiB; "-" is standard input. A file that cannot be read is told

@@ -4,6 +4,7 @@
 #include "host/check/FaultReport.h"
 
 #include "host/base/Shown.h"
+#include "host/report/Counted.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -23,18 +24,13 @@ QString severity(const SFault& fault)
     return fault.isError ? QStringLiteral("error") : QStringLiteral("warning");
 }
 
-QString counted(int count, const QString& what)
-{
-    return count == 1 ? QStringLiteral("1 %1").arg(what) : QStringLiteral("%1 %2s").arg(count).arg(what);
-}
-
 QString summary(const SCheckedFile& file)
 {
     QStringList parts;
     if (file.errors() > 0)
-        parts << counted(file.errors(), QStringLiteral("error"));
+        parts << counted(quint64(file.errors()), "error");
     if (file.warnings() > 0)
-        parts << counted(file.warnings(), QStringLiteral("warning"));
+        parts << counted(quint64(file.warnings()), "warning");
     return parts.isEmpty() ? QStringLiteral("no faults") : parts.join(QStringLiteral(", "));
 }
 

@@ -47,11 +47,6 @@ QStringList keysOf(const QMetaEnum& values)
     return keys;
 }
 
-bool isWhole(const SJsonNode& value)
-{
-    return value.scalar.isDouble() && value.scalar.toInt(0) == value.scalar.toInt(1);
-}
-
 } // namespace
 
 QStringList settingProperties(const QObject& model)
@@ -95,7 +90,7 @@ QString expectedBySetting(const QObject& model, const SJsonNode& setting)
         return setting.type == QJsonValue::Bool ? QString() : QStringLiteral("true or false");
     case QMetaType::Int:
     case QMetaType::UInt:
-        return isWhole(setting) ? QString() : QStringLiteral("a whole number");
+        return isWholeNumber(setting.scalar) ? QString() : QStringLiteral("a whole number");
     case QMetaType::Double:
     case QMetaType::Float:
         return setting.type == QJsonValue::Double ? QString() : QStringLiteral("a number");

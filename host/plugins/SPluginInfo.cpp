@@ -36,8 +36,8 @@ public:
     QVersionNumber version(const QString& key) const
     {
         const QString written = text(key);
-        // Written back and compared: where the version ends within the text, fromString() tells through a pointer, and
-        // is declared to the compiler as a function that writes through none.
+        // fromString() ignores what stands behind the version, so it is written back and compared. It could tell where
+        // the version ends, but Qt declares it as a function without effects: the compiler may leave that out.
         const QVersionNumber version = QVersionNumber::fromString(written);
         if (version.isNull() || version.toString() != written)
             refuse(QStringLiteral("%1 for '%2', which is no version").arg(shown(written), key));

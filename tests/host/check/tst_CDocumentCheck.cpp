@@ -103,6 +103,7 @@ void tst_CDocumentCheck::asOftenAsYouLike()
 {
     SCheckedService service(withCameras({"left"}));
     QVERIFY(hasErrors(service.check.check("[")));
+    QCOMPARE(service.check.connections(0), std::size_t(0));
     for (int i = 0; i < 2; ++i)
         QCOMPARE(firstLine(service.check.check(imageChain())), QByteArray());
 }
@@ -160,6 +161,7 @@ void tst_CDocumentCheck::settingsAreTaken()
         return firstLine(service.check.check(imageChain().replace("}]", '}' + tuned)));
     };
     QCOMPARE(checked(R"("property": {"gain": 0.1})"), QByteArray());
+    QVERIFY(checked(R"("property": {"gain": 16777217})").endsWith("it stays 16777216"));
     QCOMPARE(checked(R"("lens": {"focus": 7})"), QByteArray());
     QVERIFY(checked(R"("property": {"gain": "high"})").contains("the string 'high', where a value like 1 belongs"));
     QVERIFY(checked(R"("lens": {"focus": 7.5})")
