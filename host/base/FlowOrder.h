@@ -15,4 +15,8 @@ using FlowEdges = std::vector<std::pair<int, int>>;
 /// one, are left out. Takes time in proportion to nodes and edges.
 std::vector<int> flowOrder(int nodes, const FlowEdges& edges);
 
+/// For each node the number of steps on the longest way to it. A loop is entered where an edge leads into it from
+/// outside; one that is entered nowhere has 0 throughout. The order of nodes and edges does not matter.
+std::vector<int> flowDepths(int nodes, const FlowEdges& edges);
+
 } // namespace Host

@@ -67,6 +67,7 @@ void CChainReader::addCamera(const QString& name)
 {
     SGraphNode node = m_camera;
     node.name = QStringLiteral("the camera %1").arg(shown(name));
+    node.label = name;
     m_cameras.insert(name, m_graph.addNode(std::move(node)));
 }
 
@@ -76,7 +77,9 @@ void CChainReader::addElement(const SJsonNode& element)
     const SJsonNode* const label = element.member(DocumentKeys::name);
     node.json = label ? label : &element;
     node.name = label && label->isString() ? shown(label->text()) : pathOf(element);
+    node.label = label ? label->text() : QString();
     const SJsonNode* const model = element.member(DocumentKeys::model);
+    node.modelJson = model;
     if (model && model->isObject() && !m_nodes.read(*model, node)) {
         const SJsonNode& name = *model->member(DocumentKeys::name);
         m_faults.addError(EFaultRule::UnusableModel, name,

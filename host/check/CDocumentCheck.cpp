@@ -9,6 +9,7 @@
 #include "host/check/CSceneReader.h"
 #include "host/check/CShapeCheck.h"
 #include "host/check/CWordFinder.h"
+#include "host/check/DocumentGraph.h"
 #include "host/check/JsonText.h"
 #include "host/models/IHostModels.h"
 
@@ -42,7 +43,7 @@ CDocumentCheck::CDocumentCheck(INodeService& service, const IHostModels& models,
 
 CDocumentCheck::~CDocumentCheck() = default;
 
-std::vector<SFault> CDocumentCheck::check(const QByteArray& text)
+std::vector<SFault> CDocumentCheck::read(const QByteArray& text, SDocumentGraph* result)
 {
     m_connections.clear();
     CFaultList faults(text);
@@ -80,7 +81,21 @@ std::vector<SFault> CDocumentCheck::check(const QByteArray& text)
     } else {
         CSceneReader(graph, nodes, faults, words, m_models, camera).read(root);
     }
+    if (result) {
+        *result = documentGraph(graph, kind, faults);
+        addCaptions(result);
+    }
     return faults.sorted();
+}
+
+// Those of cameras: which they stand for is known only when all is read.
+void CDocumentCheck::addCaptions(SDocumentGraph* graph) const
+{
+    for (SDocumentNode& node : graph->nodes) {
+        const QString name = node.camera.isEmpty() ? QStringLiteral("any") : node.camera;
+        if (node.kind == EDocumentNode::Camera)
+            node.caption = m_models.createCameraSource(name)->caption();
+    }
 }
 
 std::size_t CDocumentCheck::connections(int camera) const

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "host/check/SCheckOptions.h"
+#include "host/check/SDocumentGraph.h"
 #include "host/check/SFault.h"
 
 #include <QByteArray>
@@ -46,13 +47,18 @@ public:
     Q_DISABLE_COPY(CDocumentCheck)
 
     /// The faults of \a text, UTF-8, in its order. As often as you like, each time for another document.
-    std::vector<SFault> check(const QByteArray& text);
+    std::vector<SFault> check(const QByteArray& text) { return read(text, nullptr); }
+
+    /// The same, with what the document says in \a graph, as far as it could be read.
+    std::vector<SFault> read(const QByteArray& text, SDocumentGraph* graph);
 
     /// How many connections the chain that was checked last makes in the scene of the camera of that place in the
     /// options; 0 if the check ended before it came to them.
     std::size_t connections(int camera) const;
 
 private:
+    void addCaptions(SDocumentGraph* graph) const;
+
     Plugin::Halvex::INodeService& m_service;
     const IHostModels& m_models;
     const SCheckOptions m_options;

@@ -40,6 +40,11 @@ void CFaultList::addTextError(EFaultRule rule, int offset, const QString& messag
     add(true, rule, offset, nullptr, message);
 }
 
+STextPlace CFaultList::placeOf(const SJsonNode& json) const
+{
+    return m_places.at(json.begin);
+}
+
 QString CFaultList::place(int offset) const
 {
     const STextPlace place = m_places.at(offset);

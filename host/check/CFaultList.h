@@ -41,6 +41,8 @@ public:
     /// A place in the text, whatever stands there.
     void addTextError(EFaultRule rule, int offset, const QString& message);
 
+    STextPlace placeOf(const SJsonNode& json) const;
+
     /// "3:14", for messages that refer to another place.
     QString place(int offset) const;
 

@@ -49,6 +49,7 @@ int CGraphCheck::addNode(SGraphNode node)
 
 void CGraphCheck::connect(const SGraphConnection& connection)
 {
+    m_connections.push_back(connection);
     const bool isOutPort = checkPort(connection, true);
     const bool arePorts = checkPort(connection, false) && isOutPort;
     const bool isSound = arePorts && checkTypes(connection);

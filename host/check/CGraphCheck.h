@@ -7,6 +7,7 @@
 #include "host/check/CModelCatalogue.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <array>
 #include <cstddef>
@@ -25,6 +26,11 @@ struct SGraphNode
 {
     QString name;                    ///< For messages: "'blur'", "the camera 'fake'".
     const SJsonNode* json = nullptr; ///< Where it is told that nothing reaches it; null for a camera of the run.
+    QString label;                   ///< As the document has it: an element's name, a camera's name, or an id.
+    const SJsonNode* modelJson = nullptr; ///< Null for a camera of the run.
+    QString caption;                 ///< What its model says of itself and its ports.
+    QStringList inputNames;
+    QStringList outputNames;
     PortTypes inputs;
     PortTypes outputs;
     bool hasModel = false; ///< Otherwise its ports are not known, and taken for what is needed.
@@ -43,6 +49,7 @@ struct SGraphConnection
     const SJsonNode* json = nullptr;        ///< Where the connection is told to be wrong.
     const SJsonNode* outPortJson = nullptr; ///< Where its ports are; null where they are not written.
     const SJsonNode* inPortJson = nullptr;
+    const SJsonNode* converter = nullptr;
     QString convertedFrom; ///< Ids of the types of its converter; empty without one.
     QString convertedTo;
     bool canConvert = false; ///< Whether the document could say a converter.
@@ -71,6 +78,11 @@ public:
     /// Finds loops and what nothing reaches; \a root: where a camera is told that nothing is wired to it.
     void finish(const SJsonNode& root);
 
+    const std::vector<SGraphNode>& nodes() const { return m_nodes; }
+
+    /// All of them, also those that are in error.
+    const std::vector<SGraphConnection>& connections() const { return m_connections; }
+
     /// How many connections the scene of a camera gets: all, but for those of other cameras.
     std::size_t connectionsOf(int camera) const;
 
@@ -87,6 +99,7 @@ private:
     CModelCatalogue& m_models;
     CFaultList& m_faults;
     std::vector<SGraphNode> m_nodes;
+    std::vector<SGraphConnection> m_connections;
     FlowEdges m_edges;
     FlowEdges m_loopEdges;                                  // of those, what a loop can be made of
     std::map<std::array<int, 4>, const SJsonNode*> m_known; // connections: from, output port, to, input port

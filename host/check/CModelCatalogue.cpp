@@ -23,6 +23,15 @@ PortTypes portTypes(const CNodeDataModel& model, ENodePortType side)
     return types;
 }
 
+QStringList portNames(const CNodeDataModel& model, ENodePortType side)
+{
+    QStringList names;
+    const unsigned count = model.nPorts(side);
+    for (unsigned port = 0; port < count; ++port)
+        names << model.portCaption(side, NodePortIndex(port));
+    return names;
+}
+
 CModelCatalogue::CModelCatalogue(CNodeDataModelRegistry& registry)
     : m_registry(registry)
 {

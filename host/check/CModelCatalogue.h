@@ -24,6 +24,9 @@ using PortTypes = std::vector<Plugin::Halvex::SNodeDataType>;
 
 PortTypes portTypes(const Plugin::Halvex::CNodeDataModel& model, Plugin::Halvex::ENodePortType side);
 
+/// The captions of the ports of one side, by their numbers; most models have none.
+QStringList portNames(const Plugin::Halvex::CNodeDataModel& model, Plugin::Halvex::ENodePortType side);
+
 /**
  * What a registry offers, for messages.
  *

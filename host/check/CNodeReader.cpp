@@ -69,6 +69,9 @@ void CNodeReader::readModel(CNodeDataModel& model, const SJsonNode& json, SGraph
     const QString error = attempt(QStringLiteral("asking for ports"), [&] {
         node.inputs = portTypes(model, ENodePortType::In);
         node.outputs = portTypes(model, ENodePortType::Out);
+        node.caption = model.caption();
+        node.inputNames = portNames(model, ENodePortType::In);
+        node.outputNames = portNames(model, ENodePortType::Out);
         return true;
     });
     node.hasModel = error.isEmpty();

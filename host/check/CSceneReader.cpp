@@ -76,6 +76,8 @@ void CSceneReader::addNode(const SJsonNode& json)
     if (model && model->isObject())
         readModel(*model, node);
     const SJsonNode* const id = json.member(DocumentKeys::id);
+    node.label = id ? id->text() : QString();
+    node.modelJson = model;
     const int number = m_graph.addNode(std::move(node));
     if (id && id->isString())
         addId(*id, number);
@@ -165,6 +167,7 @@ void CSceneReader::addConnection(const SJsonNode& json)
     connection.inPortJson = json.member(DocumentKeys::inIndex);
     connection.outPort = connection.outPortJson ? connection.outPortJson->scalar.toDouble() : 0;
     connection.inPort = connection.inPortJson ? connection.inPortJson->scalar.toDouble() : 0;
+    connection.converter = converter;
     connection.convertedFrom = typeId(converter, DocumentKeys::out);
     connection.convertedTo = typeId(converter, DocumentKeys::in);
     connection.canConvert = true;

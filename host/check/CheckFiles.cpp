@@ -3,48 +3,25 @@
 
 #include "host/check/CheckFiles.h"
 
+#include "host/base/InputFile.h"
 #include "host/check/CDocumentCheck.h"
 #include "host/check/FaultReport.h"
 
-#include <QFile>
-
 #include <algorithm>
-#include <cstdio>
 
 namespace Host {
 
 namespace {
 
-constexpr qint64 maxSize = qint64(64) * 1024 * 1024;
-
-bool isStandardInput(const QString& file)
-{
-    return file == QLatin1String("-");
-}
-
-// On failure the reason in \a error.
-QByteArray readFile(const QString& name, QString* error)
-{
-    QFile file(name);
-    const bool isOpen = isStandardInput(name) ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
-    // Not all at once: a device may have no end.
-    const QByteArray bytes = isOpen ? file.read(maxSize + 1) : QByteArray();
-    if (!isOpen || file.error() != QFileDevice::NoError)
-        *error = QStringLiteral("cannot read: %1").arg(file.errorString());
-    else if (bytes.size() > maxSize)
-        *error = QStringLiteral("larger than 64 MiB");
-    return bytes;
-}
-
 SCheckedFile checkFile(const QString& name, CDocumentCheck& check)
 {
-    SCheckedFile checked{isStandardInput(name) ? QStringLiteral("<stdin>") : name, {}};
+    SCheckedFile checked{inputName(name), {}};
     QString error;
-    const QByteArray text = readFile(name, &error);
+    const QByteArray text = readInput(name, &error);
     if (error.isEmpty())
         checked.faults = check.check(text);
     else
-        checked.faults.push_back({true, EFaultRule::Unreadable, 0, 0, {}, error});
+        checked.faults.push_back({true, EFaultRule::Unreadable, 0, 0, {}, QStringLiteral("cannot read: %1").arg(error)});
     return checked;
 }
 

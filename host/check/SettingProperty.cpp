@@ -3,48 +3,29 @@
 
 #include "host/check/SettingProperty.h"
 
+#include "host/base/ModelProperties.h"
 #include "host/base/Shown.h"
 #include "host/check/CJsonTree.h"
 #include "host/check/CWordFinder.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QMetaEnum>
-#include <QMetaProperty>
 #include <QObject>
+
+#include <algorithm>
 
 namespace Host {
 
 namespace {
 
-QString documentName(const QString& property)
-{
-    QString name;
-    for (const QChar c : property) {
-        if (c.isUpper())
-            name += QLatin1Char('_');
-        name += c.toLower();
-    }
-    return name;
-}
-
 // Not valid if there is none.
 QMetaProperty propertyOf(const QObject& model, const QString& setting)
 {
-    const QMetaObject& meta = *model.metaObject();
-    for (int i = QObject::staticMetaObject.propertyCount(); i < meta.propertyCount(); ++i) {
-        if (documentName(QString::fromLatin1(meta.property(i).name())) == setting)
-            return meta.property(i);
-    }
-    return {};
-}
-
-QStringList keysOf(const QMetaEnum& values)
-{
-    QStringList keys;
-    for (int i = 0; i < values.keyCount(); ++i)
-        keys << QString::fromLatin1(values.key(i));
-    return keys;
+    const auto properties = propertiesOf(model);
+    const auto found =
+        std::find_if(properties.begin(), properties.end(),
+                     [&setting](const QMetaProperty& property) { return documentName(property) == setting; });
+    return found == properties.end() ? QMetaProperty() : *found;
 }
 
 } // namespace
@@ -52,9 +33,9 @@ QStringList keysOf(const QMetaEnum& values)
 QStringList settingProperties(const QObject& model)
 {
     QStringList names;
-    const QMetaObject& meta = *model.metaObject();
-    for (int i = QObject::staticMetaObject.propertyCount(); i < meta.propertyCount(); ++i)
-        names << documentName(QString::fromLatin1(meta.property(i).name()));
+    const auto properties = propertiesOf(model);
+    for (const QMetaProperty& property : properties)
+        names << documentName(property);
     return names;
 }
 
@@ -63,16 +44,12 @@ QJsonValue settingProperty(const QObject& model, const QString& setting)
     const QMetaProperty property = propertyOf(model, setting);
     if (!property.isValid())
         return QJsonValue::Undefined;
-    const QVariant value = property.read(&model);
-    if (property.isEnumType())
-        return QString::fromLatin1(property.enumerator().valueToKey(value.toInt()));
-    return QJsonValue::fromVariant(value);
+    return toJson(property, property.read(&model));
 }
 
 QStringList settingChoices(const QObject& model, const QString& setting)
 {
-    const QMetaProperty property = propertyOf(model, setting);
-    return property.isValid() && property.isEnumType() ? keysOf(property.enumerator()) : QStringList();
+    return choicesOf(propertyOf(model, setting));
 }
 
 QString expectedBySetting(const QObject& model, const SJsonNode& setting)
@@ -81,7 +58,7 @@ QString expectedBySetting(const QObject& model, const SJsonNode& setting)
     if (!property.isValid())
         return {};
     if (property.isEnumType()) {
-        const QStringList keys = keysOf(property.enumerator());
+        const QStringList keys = choicesOf(property);
         const bool isOne = setting.isString() && keys.contains(setting.text());
         return isOne ? QString() : QStringLiteral("one of %1").arg(listed(keys, QStringLiteral("or")));
     }

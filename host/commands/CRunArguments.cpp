@@ -3,6 +3,7 @@
 
 #include "host/commands/CRunArguments.h"
 
+#include "host/base/InputFile.h"
 #include "host/commands/ArgumentValues.h"
 #include "host/commands/Commands.h"
 
@@ -48,7 +49,7 @@ void CRunArguments::declareSources(CLI::App& command)
         ->type_name("N");
     command.add_option("--pixel-format", m_pixelFormat, "GenICam name, e.g. RGB8 (default: as the camera is set).")
         ->type_name("NAME");
-    command.add_option("--load", m_load, "Stream one camera through the scene of this document instead of a chain.")
+    command.add_option("--load", m_load, "Stream one camera through the scene of this document instead of a chain; '-' is standard input.")
         ->type_name("FILE");
     command
         .add_option("--set", m_settings,
@@ -104,7 +105,8 @@ void CRunArguments::declareFiles(CLI::App& command)
     command.add_option("--write-every", m_writeEvery, "Write one of N frames (default: 30).")
         ->type_name("N")
         ->group(group);
-    command.add_option("--save", m_save, "Write the scene document of one camera, before the first frame is grabbed.")
+    command.add_option("--save", m_save, "Write the scene document of one camera, before the first frame is grabbed; '-' is standard "
+                    "output, without the table.")
         ->type_name("FILE")
         ->group(group);
     command.add_option("--json", m_json, "Write the report as JSON; '-' is standard output, without the table.")
@@ -185,6 +187,8 @@ void CRunArguments::readGraph(SRunOptions* options) const
     const bool isForOne = !options->load.isEmpty() || !options->save.isEmpty();
     if (isForOne && options->cameras.size() > 1)
         refuse(QStringLiteral("--load and --save take one camera."));
+    if (isStandardStream(options->save) && isStandardStream(options->json))
+        refuse(QStringLiteral("--save or --json to standard output, not both."));
     if (!isGiven("CHAIN"))
         return;
     options->chain = QString::fromStdString(m_chain);

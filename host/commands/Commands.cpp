@@ -23,7 +23,8 @@ namespace {
 
 // In the order of the help.
 constexpr void (*addCommands[])(CLI::App&, Action*) = {
-    &addRunCommand, &addCheckCommand, &addCompareCommand, &addModelsCommand, &addCamerasCommand, &addPluginsCommand,
+    &addRunCommand,    &addCheckCommand,  &addDrawCommand,    &addCompareCommand,
+    &addConvertCommand, &addModelsCommand, &addCamerasCommand, &addPluginsCommand,
 };
 
 const char examples[] = R"(Examples:

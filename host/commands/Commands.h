@@ -38,7 +38,9 @@ using Action = std::function<int()>;
 
 void addRunCommand(CLI::App& program, Action* action);
 void addCheckCommand(CLI::App& program, Action* action);
+void addDrawCommand(CLI::App& program, Action* action);
 void addCompareCommand(CLI::App& program, Action* action);
+void addConvertCommand(CLI::App& program, Action* action);
 void addModelsCommand(CLI::App& program, Action* action);
 void addCamerasCommand(CLI::App& program, Action* action);
 void addPluginsCommand(CLI::App& program, Action* action);

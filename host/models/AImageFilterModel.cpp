@@ -3,17 +3,16 @@
 
 #include "host/models/AImageFilterModel.h"
 
+#include "host/base/ModelProperties.h"
 #include "host/models/CBackgroundPool.h"
 #include "host/models/CImageData.h"
 
 #include <Halvex/graph/DocumentKeys.h>
 
-#include <QMetaProperty>
 #include <QPointer>
 #include <QString>
 
 #include <stdexcept>
-#include <vector>
 
 namespace Host {
 
@@ -32,24 +31,6 @@ CNodeDataPtr filtered(const CNodeDataPtr& data, const std::function<cv::Mat(cons
         // Without the place in the library's sources that its what() begins with.
         throw std::runtime_error(QString::fromStdString(exception.err).simplified().toStdString());
     }
-}
-
-// Those that AImageFilterModel and the subclass have added.
-std::vector<QMetaProperty> ownProperties(const AImageFilterModel& model)
-{
-    std::vector<QMetaProperty> properties;
-    const QMetaObject* const meta = model.metaObject();
-    for (int i = AImageFilterModel::staticMetaObject.propertyOffset(); i < meta->propertyCount(); ++i)
-        properties.push_back(meta->property(i));
-    return properties;
-}
-
-// Enumerations by the names of their values.
-QJsonValue toJson(const QMetaProperty& property, const QVariant& value)
-{
-    if (property.isEnumType())
-        return QString::fromLatin1(property.enumerator().valueToKey(value.toInt()));
-    return QJsonValue::fromVariant(value);
 }
 
 // Numbers for numbers and text for enumerations: everything else would be converted to something.
@@ -88,8 +69,9 @@ QJsonObject AImageFilterModel::save() const
 {
     QJsonObject json = AWorkerNodeDataModel::save();
     QJsonObject settings = json.value(DocumentKeys::property).toObject();
-    for (const QMetaProperty& property : ownProperties(*this))
-        settings.insert(QString::fromLatin1(property.name()), toJson(property, property.read(this)));
+    const auto properties = propertiesOf(*this, AWorkerNodeDataModel::staticMetaObject);
+    for (const QMetaProperty& property : properties)
+        settings.insert(documentName(property), toJson(property, property.read(this)));
     json.insert(QString(DocumentKeys::property), settings);
     return json;
 }
@@ -101,8 +83,9 @@ void AImageFilterModel::restore(const QJsonObject& json)
     const QJsonObject settings = json.value(DocumentKeys::property).toObject();
     if (!self)
         return;
-    for (const QMetaProperty& property : ownProperties(*this)) { // who hears of a change may remove the model
-        const QJsonValue value = settings.value(QLatin1String(property.name()));
+    const auto properties = propertiesOf(*this, AWorkerNodeDataModel::staticMetaObject);
+    for (const QMetaProperty& property : properties) { // who hears of a change may remove the model
+        const QJsonValue value = settings.value(documentName(property));
         if (fits(property, value))
             property.write(this, value.toVariant());
         if (!self)

@@ -14,7 +14,7 @@ namespace Host {
 /**
  * What image filters have in common: one image in, one image out, computed in a thread pool.
  *
- * A subclass gives its names and makeFilter(). Its settings are Qt properties, each of one word; a setter
+ * A subclass gives its names and makeFilter(). Its settings are Qt properties; a setter
  * leaves the setting as it is when a value makes no sense, and else calls changeSetting(). Its class information tells
  * what makes sense:
  *

@@ -4,6 +4,7 @@
 #include "host/models/ModelSettings.h"
 
 #include "host/base/ClosestWords.h"
+#include "host/base/ModelProperties.h"
 #include "host/base/Shown.h"
 
 #include <QMetaClassInfo>
@@ -22,24 +23,6 @@ QString classInfo(const QMetaObject& meta, const QMetaProperty& property, const 
     return index < 0 ? QString() : QString::fromUtf8(meta.classInfo(index).value());
 }
 
-QStringList enumNames(const QMetaEnum& values)
-{
-    QStringList names;
-    for (int i = 0; i < values.keyCount(); ++i)
-        names << QString::fromLatin1(values.key(i));
-    return names;
-}
-
-std::vector<QMetaProperty> propertiesOf(const QMetaObject& meta)
-{
-    std::vector<QMetaProperty> properties;
-    for (const QMetaObject* each = &meta; each && each != &QObject::staticMetaObject; each = each->superClass()) {
-        for (int i = each->propertyOffset(); i < each->propertyCount(); ++i)
-            properties.push_back(each->property(i));
-    }
-    return properties;
-}
-
 QString typeName(const QMetaProperty& property)
 {
     if (property.isEnumType())
@@ -49,15 +32,13 @@ QString typeName(const QMetaProperty& property)
 
 QString valueText(const QMetaProperty& property, const QVariant& value)
 {
-    if (property.isEnumType())
-        return QString::fromLatin1(property.enumerator().valueToKey(value.toInt()));
-    return value.toString();
+    return property.isEnumType() ? toJson(property, value).toString() : value.toString();
 }
 
 QString rangeText(const QMetaObject& meta, const QMetaProperty& property)
 {
     if (property.isEnumType())
-        return enumNames(property.enumerator()).join(QStringLiteral(", "));
+        return choicesOf(property).join(QStringLiteral(", "));
     return classInfo(meta, property, ".range").replace(QLatin1String(".."), QLatin1String(" to "));
 }
 
@@ -115,7 +96,7 @@ QString takes(const QMetaObject& meta, const QMetaProperty& property, const QStr
         text += typeName(property);
     else
         text += QStringLiteral("%1, %2").arg(typeName(property), range);
-    const QString close = property.isEnumType() ? didYouMean(value, enumNames(property.enumerator())) : QString();
+    const QString close = property.isEnumType() ? didYouMean(value, choicesOf(property)) : QString();
     return QStringLiteral("%1, not %2%3").arg(text, shown(value), close);
 }
 
@@ -125,7 +106,7 @@ std::vector<SModelSetting> settingsOf(const QObject& model)
 {
     const QMetaObject& meta = *model.metaObject();
     std::vector<SModelSetting> settings;
-    for (const QMetaProperty& property : propertiesOf(meta)) {
+    for (const QMetaProperty& property : propertiesOf(model)) {
         settings.push_back({QString::fromLatin1(property.name()), typeName(property),
                             valueText(property, property.read(&model)), rangeText(meta, property),
                             classInfo(meta, property, ".help")});
@@ -137,7 +118,7 @@ QString setSetting(QObject& model, const QString& name, const QString& value)
 {
     const QMetaObject& meta = *model.metaObject();
     QStringList known;
-    for (const QMetaProperty& property : propertiesOf(meta)) {
+    for (const QMetaProperty& property : propertiesOf(model)) {
         known << QString::fromLatin1(property.name());
         if (folded(known.constLast()) != folded(name))
             continue;

@@ -23,6 +23,7 @@ QJsonValue number(std::optional<Number> value)
 QJsonObject nodeJson(const SNodeReport& node)
 {
     return {{"name", node.name},
+            {"kind", node.kind},
             {"in", number(node.in)},
             {"out", number(node.out)},
             {"frames_per_second", number(node.framesPerSecond)},
@@ -33,6 +34,16 @@ QJsonObject nodeJson(const SNodeReport& node)
             {"dropped", number(node.dropped)},
             {"pending", number(node.pending)},
             {"last_error", node.lastError.isEmpty() ? QJsonValue() : QJsonValue(node.lastError)}};
+}
+
+QJsonObject connectionJson(const SConnectionReport& connection)
+{
+    return {{"from", int(connection.from)},
+            {"out_port", connection.outPort},
+            {"to", int(connection.to)},
+            {"in_port", connection.inPort},
+            {"type", connection.type},
+            {"delivered", double(connection.delivered)}};
 }
 
 QJsonObject sinkJson(const SSinkReport& sink)
@@ -69,6 +80,7 @@ QJsonObject SRunReport::json() const
             {"remarks", QJsonArray::fromStringList(remarks())},
             {"mismatch", wrong.isEmpty() ? QJsonValue() : QJsonValue(wrong)},
             {"nodes", array(nodes, &nodeJson)},
+            {"connections", array(connections, &connectionJson)},
             {"sinks", array(sinks, &sinkJson)}};
 }
 

@@ -7,13 +7,26 @@
 
 #include <QString>
 
+#include <cstddef>
 #include <optional>
 
 namespace Host {
 
+/// What one connection of a run carried.
+struct SConnectionReport
+{
+    std::size_t from = 0; ///< Numbers of nodes.
+    std::size_t to = 0;
+    QString outPort; ///< The name of a port, or its number where its node has several on that side; else empty.
+    QString inPort;
+    QString type; ///< "VGR", or "VGR to IMG" with a conversion.
+    quint64 delivered = 0;
+};
+
 /// What one node of a run did. Nothing stands where nothing was measured, or where a model tells nothing.
 struct SNodeReport
 {
+    QString kind; ///< "source", "filter", "decoupler" or "sink".
     QString name; ///< Its number in the graph and its caption.
     std::optional<quint64> in;
     std::optional<quint64> out;

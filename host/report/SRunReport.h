@@ -59,6 +59,7 @@ struct SRunReport
     std::optional<double> askedForPerSecond; ///< Frames per second that the camera was set to.
     QString flowMismatch;                    ///< The first connection that did not carry what it should have.
     std::vector<SNodeReport> nodes;
+    std::vector<SConnectionReport> connections;
     std::vector<SDecouplerReport> decouplers;
     std::vector<SWorkerReport> workers;
     std::vector<SSinkReport> sinks;

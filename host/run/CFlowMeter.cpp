@@ -29,6 +29,21 @@ NodeDataConverter converterOf(const CNodeConnection& connection, const CNodeScen
                                              connection.dataType(ENodePortType::In));
 }
 
+// Empty for the only port of its side that has no name of its own.
+QString portText(const CNodeDataModel& model, const CNodeConnection& connection, ENodePortType side)
+{
+    const NodePortIndex port = connection.getPortIndex(side);
+    const QString name = model.portCaption(side, port);
+    return name.isEmpty() && model.nPorts(side) > 1 ? QString::number(port) : name;
+}
+
+QString typeText(const CNodeConnection& connection)
+{
+    const SNodeDataType from = connection.dataType(ENodePortType::Out);
+    const SNodeDataType to = connection.dataType(ENodePortType::In);
+    return from.id == to.id ? from.name : QStringLiteral("%1 to %2").arg(from.name, to.name);
+}
+
 } // namespace
 
 CFlowMeter::CFlowMeter(const CNodeScene& scene, const std::vector<const CNodeBase*>& nodes)
@@ -135,6 +150,7 @@ SNodeReport CFlowMeter::report(std::size_t node) const
     report.name = known.caption;
     const bool hasInputs = known.model->nPorts(ENodePortType::In) > 0;
     const bool hasOutputs = known.model->nPorts(ENodePortType::Out) > 0;
+    report.kind = QLatin1String(!hasInputs ? "source" : hasOutputs ? "filter" : "sink");
     if (hasInputs)
         report.in = delivered(node);
     if (hasOutputs)
@@ -157,6 +173,18 @@ SNodeReport CFlowMeter::report(std::size_t node) const
     const QString message = known.model->validationMessage();
     report.lastError = message.isEmpty() ? known.lastError : message;
     return report;
+}
+
+std::vector<SConnectionReport> CFlowMeter::connections() const
+{
+    std::vector<SConnectionReport> reports;
+    for (const SEdge& edge : m_edges) {
+        if (const auto connection = edge.connection.lock())
+            reports.push_back({edge.from, edge.to, portText(*m_nodes[edge.from].model, *connection, ENodePortType::Out),
+                               portText(*m_nodes[edge.to].model, *connection, ENodePortType::In),
+                               typeText(*connection), edge.flow->delivered});
+    }
+    return reports;
 }
 
 QString CFlowMeter::mismatch(std::size_t source, quint64 frames) const

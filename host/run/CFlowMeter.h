@@ -50,6 +50,9 @@ public:
     /// What the connections show of that node; what its model tells by itself is left to fill in.
     SNodeReport report(std::size_t node) const;
 
+    /// What each connection carried; those whose scene has changed are left out.
+    std::vector<SConnectionReport> connections() const;
+
     /// The connection that did not deliver what others of the same output port did, or, at the node number \a source,
     /// \a frames; empty if there is none.
     QString mismatch(std::size_t source, quint64 frames) const;

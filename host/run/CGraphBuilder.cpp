@@ -3,6 +3,7 @@
 
 #include "host/run/CGraphBuilder.h"
 
+#include "host/base/InputFile.h"
 #include "host/base/Shown.h"
 #include "host/check/CDocumentCheck.h"
 #include "host/check/FaultReport.h"
@@ -109,7 +110,7 @@ std::unique_ptr<CStreamGraph> CGraphBuilder::load(const QString& file, const QSt
 {
     const QByteArray text = readDocument(file, error);
     if (error->isEmpty())
-        *error = errorsText({file, CDocumentCheck(m_service, m_models, {EDocumentKind::Scene, {camera}}).check(text)});
+        *error = errorsText({inputName(file), CDocumentCheck(m_service, m_models, {EDocumentKind::Scene, {camera}}).check(text)});
     if (!error->isEmpty())
         return nullptr;
     const SCameraScene place = addCamera(camera);
@@ -121,7 +122,7 @@ std::unique_ptr<CStreamGraph> CGraphBuilder::load(const QString& file, const QSt
     const QString reason = CSceneLoader(*place.scene, *place.camera).load(document);
     if (reason.isEmpty())
         return std::make_unique<CStreamGraph>(*place.scene, *place.camera);
-    *error = cannotLoad(file, reason);
+    *error = cannotLoad(inputName(file), reason);
     return nullptr;
 }
 

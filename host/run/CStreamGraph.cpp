@@ -160,6 +160,7 @@ QString CStreamGraph::set(const SNodeSetting& setting)
 void CStreamGraph::account(SRunReport* report) const
 {
     report->graph = CGraphText(m_scene).text();
+    report->connections = m_meter.connections();
     report->flowMismatch = m_meter.mismatch(m_cameraNumber, report->frames.complete);
     for (std::size_t node = 0; node < m_nodes.size(); ++node)
         accountNode(node, report);
@@ -176,6 +177,7 @@ void CStreamGraph::accountNode(std::size_t node, SRunReport* report) const
     }
     if (auto* const decoupler = qobject_cast<CNodeDecouplerDataModelBase*>(model)) {
         const SDecouplerStatistics counts = decoupler->statistics();
+        row.kind = QStringLiteral("decoupler");
         row.dropped = counts.dropped + counts.cancelled;
         row.pending = counts.pending;
         const auto known = std::find_if(m_decouplers.begin(), m_decouplers.end(),

@@ -15,6 +15,7 @@
 #include "host/run/Output.h"
 #include "host/run/RunOutput.h"
 #include "host/run/RunSettings.h"
+#include "host/run/SceneFile.h"
 
 #include <QDir>
 #include <QTimer>
@@ -124,7 +125,7 @@ bool CStreamRun::saveScene()
 {
     // Before the first frame: the graph does not change any more, and who cannot save learns it at once.
     if (!m_options.save.isEmpty())
-        fail(replaceFile(m_options.save, m_streams.front()->graph().scene().saveToMemory()));
+        fail(writeOutput(m_options.save, orderedScene(m_streams.front()->graph().scene().saveToMemory())));
     return m_error.isEmpty();
 }
 
@@ -231,7 +232,7 @@ bool CStreamRun::printReport()
         report.ending = ending();
     if (!m_options.json.isEmpty())
         fail(writeRunJson(m_options.json, reports, m_error));
-    return m_options.json == QLatin1String("-") || printText(runText(reports));
+    return m_options.hasStandardOutput() || printText(runText(reports));
 }
 
 QString CStreamRun::ending() const

@@ -4,6 +4,7 @@
 #include "host/run/Chain.h"
 
 #include "host/base/AnyCamera.h"
+#include "host/base/InputFile.h"
 #include "host/run/SceneFile.h"
 
 #include <QDir>
@@ -39,13 +40,14 @@ QJsonArray withCameras(const QJsonArray& sources, const QStringList& cameras)
 
 } // namespace
 
+SChain chainOf(const QString& name, const QByteArray& text)
+{
+    return {name, text, text, QJsonDocument::fromJson(text).array()};
+}
+
 SChain readChain(const QString& file, QString* error)
 {
-    SChain chain;
-    chain.name = file;
-    chain.source = chain.text = readDocument(file, error);
-    chain.elements = QJsonDocument::fromJson(chain.text).array();
-    return chain;
+    return chainOf(inputName(file), readDocument(file, error));
 }
 
 SChain defaultChain(const QStringList& cameras)

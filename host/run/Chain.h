@@ -23,6 +23,9 @@ struct SChain
 /// beside it. A chain without that stays as it is, byte for byte.
 SChain withCameras(SChain chain, const QStringList& cameras);
 
+/// The chain that \a text is; messages call it \a name.
+SChain chainOf(const QString& name, const QByteArray& text);
+
 /// The chain in \a file, at most 64 MiB. On failure the reason, which names the file, in \a error. What is wrong with
 /// the chain itself is left to CDocumentCheck.
 SChain readChain(const QString& file, QString* error);

@@ -3,11 +3,15 @@
 
 #include "host/run/Output.h"
 
+#include "host/base/InputFile.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
 
 namespace Host {
@@ -25,6 +29,12 @@ bool writeAll(QFileDevice& out, const QByteArray& bytes)
         done += taken;
     }
     return true;
+}
+
+bool printBytes(const QByteArray& bytes)
+{
+    return std::fwrite(bytes.constData(), 1, std::size_t(bytes.size()), stdout) == std::size_t(bytes.size()) &&
+           std::fflush(stdout) == 0;
 }
 
 } // namespace
@@ -62,11 +72,18 @@ QString replaceFile(const QString& file, const QByteArray& bytes)
     return out.commit() ? QString() : failure(out.errorString());
 }
 
+QString writeOutput(const QString& file, const QByteArray& bytes)
+{
+    if (!isStandardStream(file))
+        return replaceFile(file, bytes);
+    if (printBytes(bytes))
+        return {};
+    return QStringLiteral("cannot write to standard output: %1").arg(QString::fromLocal8Bit(std::strerror(errno)));
+}
+
 bool printText(const QString& text)
 {
-    const QByteArray bytes = text.toUtf8();
-    return std::fwrite(bytes.constData(), 1, std::size_t(bytes.size()), stdout) == std::size_t(bytes.size()) &&
-           std::fflush(stdout) == 0;
+    return printBytes(text.toUtf8());
 }
 
 void printErrorLine(const QString& text)

@@ -17,6 +17,9 @@ QString writeTextFile(const QString& file, const QString& text);
 /// is the old file or the new one, complete. Returns the error, empty on success.
 QString replaceFile(const QString& file, const QByteArray& bytes);
 
+/// Replaces \a file as replaceFile() does; "-" is standard output. Returns the error, empty on success.
+QString writeOutput(const QString& file, const QByteArray& bytes);
+
 /// On standard output, completely. False with errno set when it does not take it.
 bool printText(const QString& text);
 

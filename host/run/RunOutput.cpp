@@ -17,9 +17,6 @@
 #include <QJsonDocument>
 #include <QStringList>
 
-#include <cerrno>
-#include <cstring>
-
 namespace Host {
 
 namespace {
@@ -78,12 +75,7 @@ QString writeRunJson(const QString& file, const std::vector<SRunReport>& reports
     const QJsonObject root{{"version", HALVEX_VERSION_STR},
                            {"error", error.isEmpty() ? QJsonValue() : QJsonValue(error)},
                            {"cameras", cameras}};
-    const QByteArray bytes = QJsonDocument(root).toJson();
-    if (file != QLatin1String("-"))
-        return replaceFile(file, bytes);
-    if (printText(QString::fromUtf8(bytes)))
-        return {};
-    return QStringLiteral("cannot write to standard output: %1").arg(QString::fromLocal8Bit(std::strerror(errno)));
+    return writeOutput(file, QJsonDocument(root).toJson());
 }
 
 } // namespace Host

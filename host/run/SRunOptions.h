@@ -5,6 +5,7 @@
 
 #include "host/camera/SCameraOptions.h"
 
+#include <QLatin1String>
 #include <QString>
 
 #include <chrono>
@@ -35,14 +36,17 @@ struct SRunOptions
     QString output = QStringLiteral("halvex-output"); ///< Folder for everything that is written.
     QString plugins;                                  ///< Folder with plugins; empty for that of the program.
     QString chain;                                    ///< Chain to import; empty for the default one.
-    QString load; ///< Scene document instead of a chain, for one camera; empty for none.
-    QString save; ///< File for the scene document of one camera; empty for none.
+    QString load; ///< Scene document instead of a chain, for one camera, "-" for standard input; empty for none.
+    QString save; ///< File for the scene document of one camera, "-" for standard output; empty for none.
     QString json; ///< File for the report, "-" for standard output instead of the table; empty for none.
     std::vector<SNodeSetting> settings;
     std::optional<double> askedForPerSecond;  ///< The rate that was asked for and not only assumed.
     bool isStrict = false;                    ///< A remark in the report is a failure.
     std::chrono::milliseconds silence{5000};  ///< A camera without any frame for so long has gone.
     std::chrono::milliseconds timeout{10000}; ///< One without a whole frame for so long is of no use.
+
+    /// Whether a document goes to standard output, which then has no table.
+    bool hasStandardOutput() const { return save == QLatin1String("-") || json == QLatin1String("-"); }
 
     static constexpr int maxFrames = 1000000000;
 };

@@ -3,18 +3,20 @@
 
 #include "host/run/SceneFile.h"
 
-#include "host/base/EExitCode.h"
-#include "host/run/Output.h"
+#include "host/base/FlowOrder.h"
+#include "host/base/InputFile.h"
 
 #include <Halvex/graph/DocumentKeys.h>
 
-#include <QFile>
 #include <QHash>
 #include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QUuid>
 
 #include <algorithm>
-#include <initializer_list>
-#include <iterator>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 namespace Host {
@@ -23,145 +25,123 @@ using namespace Plugin::Halvex;
 
 namespace {
 
-constexpr qint64 maxSize = qint64(64) * 1024 * 1024;
+using Objects = std::vector<QJsonObject>;
 
-QString place(const QByteArray& bytes, int offset)
+Objects objectsOf(const QJsonObject& document, QLatin1String key)
 {
-    const QByteArray before = bytes.left(offset);
-    const int line = before.count('\n') + 1;
-    const int column = QString::fromUtf8(before.mid(before.lastIndexOf('\n') + 1)).size() + 1;
-    return QStringLiteral("line %1, column %2 (offset %3)").arg(line).arg(column).arg(offset);
+    Objects objects;
+    const QJsonArray array = document.value(key).toArray();
+    for (const QJsonValue& value : array)
+        objects.push_back(value.toObject());
+    return objects;
 }
 
-// The objects of a list with the texts under \a keys replaced by what \a names has for them.
-QJsonArray renamed(const QJsonValue& list, std::initializer_list<QString> keys, const QHash<QString, QString>& names)
+QJsonArray arrayOf(const Objects& objects)
 {
-    QJsonArray result;
-    const QJsonArray values = list.toArray();
-    for (const QJsonValue& value : values) {
-        QJsonObject object = value.toObject();
-        for (const QString& key : keys) {
-            const auto name = names.constFind(object.value(key).toString());
-            if (name != names.constEnd())
-                object.insert(key, *name);
+    QJsonArray array;
+    for (const QJsonObject& object : objects)
+        array.append(object);
+    return array;
+}
+
+QString idFor(const QString& uniqueName)
+{
+    const QUuid space(0x0e2f6f5a, 0x6b1d, 0x4c0e, 0x9a, 0x5b, 0x2d, 0x77, 0x3c, 0x51, 0x80, 0x4e);
+    return QUuid::createUuidV5(space, uniqueName).toString(QUuid::WithoutBraces);
+}
+
+// Gives the unique nodes ids made of their names, also where connections lead to them.
+void renameUniqueNodes(Objects* nodes, Objects* connections)
+{
+    QHash<QString, QString> ids;
+    for (QJsonObject& node : *nodes) {
+        const QJsonValue model = node.value(DocumentKeys::model);
+        if (!model[DocumentKeys::isUnique].toBool())
+            continue;
+        const QString id = idFor(model[DocumentKeys::uniqueName].toString());
+        ids.insert(node.value(DocumentKeys::id).toString(), id);
+        node.insert(QString(DocumentKeys::id), id);
+    }
+    for (QJsonObject& connection : *connections) {
+        for (const QLatin1String end : {DocumentKeys::inId, DocumentKeys::outId}) {
+            const auto id = ids.constFind(connection.value(end).toString());
+            if (id != ids.constEnd())
+                connection.insert(QString(end), *id);
         }
-        result.append(value.isObject() ? QJsonValue(object) : value);
     }
-    return result;
 }
 
-// The document with unique nodes told by their unique names: they are not made from documents, so that each process
-// gives them ids of its own.
-QJsonObject withoutIdsOfUniqueNodes(QJsonObject document)
+QHash<QString, int> placesById(const Objects& nodes)
 {
-    QHash<QString, QString> names;
-    const QJsonArray nodes = document.value(DocumentKeys::nodes).toArray();
-    for (const QJsonValue& node : nodes) {
-        const QJsonValue model = node[DocumentKeys::model];
-        const QJsonValue name = model[DocumentKeys::uniqueName];
-        if (model[DocumentKeys::isUnique].toBool() && name.isString())
-            names.insert(node[DocumentKeys::id].toString(), QStringLiteral("unique ") + name.toString());
+    QHash<QString, int> places;
+    for (const QJsonObject& node : nodes)
+        places.insert(node.value(DocumentKeys::id).toString(), places.size());
+    return places;
+}
+
+void sortNodes(Objects* nodes, const Objects& connections)
+{
+    const QHash<QString, int> places = placesById(*nodes);
+    FlowEdges edges;
+    for (const QJsonObject& connection : connections) {
+        const int from = places.value(connection.value(DocumentKeys::outId).toString(), -1);
+        const int to = places.value(connection.value(DocumentKeys::inId).toString(), -1);
+        if (from >= 0 && to >= 0)
+            edges.emplace_back(from, to);
     }
-    if (names.isEmpty())
-        return document;
-    document.insert(QString(DocumentKeys::nodes), renamed(nodes, {DocumentKeys::id}, names));
-    document.insert(QString(DocumentKeys::connections), renamed(document.value(DocumentKeys::connections),
-                                                                {DocumentKeys::inId, DocumentKeys::outId}, names));
-    return document;
+    const std::vector<int> depths = flowDepths(int(nodes->size()), edges);
+
+    using Place = std::tuple<int, QString, std::size_t>;
+    std::vector<Place> order;
+    for (std::size_t i = 0; i < nodes->size(); ++i)
+        order.emplace_back(depths[i], (*nodes)[i].value(DocumentKeys::id).toString(), i);
+    std::sort(order.begin(), order.end());
+    Objects sorted;
+    for (const Place& place : order)
+        sorted.push_back(std::move((*nodes)[std::get<2>(place)]));
+    *nodes = std::move(sorted);
 }
 
-std::vector<QByteArray> sorted(const QJsonValue& list)
+void sortConnections(Objects* connections, const QHash<QString, int>& places)
 {
-    std::vector<QByteArray> texts;
-    const QJsonArray values = list.toArray();
-    for (const QJsonValue& value : values)
-        texts.push_back(QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact));
-    std::sort(texts.begin(), texts.end());
-    return texts;
-}
-
-QString firstMissing(const std::vector<QByteArray>& from, const std::vector<QByteArray>& in)
-{
-    std::vector<QByteArray> missing;
-    std::set_difference(from.begin(), from.end(), in.begin(), in.end(), std::back_inserter(missing));
-    return missing.empty() ? QString() : QString::fromUtf8(missing.front());
+    const auto keyOf = [&places](const QJsonObject& json) {
+        return std::make_tuple(places.value(json.value(DocumentKeys::outId).toString()),
+                               json.value(DocumentKeys::outIndex).toInt(),
+                               places.value(json.value(DocumentKeys::inId).toString()),
+                               json.value(DocumentKeys::inIndex).toInt(),
+                               QJsonDocument(json).toJson(QJsonDocument::Compact));
+    };
+    using Key = decltype(keyOf(QJsonObject()));
+    std::vector<std::pair<Key, QJsonObject>> keyed;
+    for (const QJsonObject& connection : *connections)
+        keyed.emplace_back(keyOf(connection), connection);
+    std::sort(keyed.begin(), keyed.end(),
+              [](const auto& left, const auto& right) { return left.first < right.first; });
+    std::transform(keyed.begin(), keyed.end(), connections->begin(), [](const auto& each) { return each.second; });
 }
 
 } // namespace
 
 QByteArray readDocument(const QString& file, QString* error)
 {
-    QFile in(file);
-    if (!in.open(QIODevice::ReadOnly)) {
-        *error = QStringLiteral("cannot read '%1': %2").arg(file, in.errorString());
-        return {};
-    }
-    // Not all at once: a device may have no end.
-    QByteArray bytes = in.read(maxSize + 1);
-    if (in.error() != QFileDevice::NoError)
-        *error = QStringLiteral("cannot read '%1': %2").arg(file, in.errorString());
-    else if (bytes.size() > maxSize)
-        *error = QStringLiteral("cannot load '%1': it is larger than 64 MiB").arg(file);
+    QString reason;
+    const QByteArray bytes = readInput(file, &reason);
+    if (!reason.isEmpty())
+        *error = QStringLiteral("cannot read '%1': %2").arg(inputName(file), reason);
     return bytes;
 }
 
-QJsonDocument parseDocument(const QString& file, const QByteArray& bytes, QString* error)
+QByteArray orderedScene(const QByteArray& document)
 {
-    QJsonParseError parseError{};
-    QJsonDocument document = QJsonDocument::fromJson(bytes, &parseError);
-    if (parseError.error != QJsonParseError::NoError)
-        *error = QStringLiteral("cannot load '%1': no JSON: %2: %3")
-                     .arg(file, place(bytes, parseError.offset), parseError.errorString());
-    return document;
-}
-
-QJsonObject readSceneFile(const QString& file, QString* error)
-{
-    const QByteArray bytes = readDocument(file, error);
-    if (!error->isEmpty())
-        return {};
-    const QJsonDocument document = parseDocument(file, bytes, error);
-    if (error->isEmpty() && !document.isObject())
-        *error = QStringLiteral("cannot load '%1': the top level is no object").arg(file);
-    return document.object();
-}
-
-QString sceneDifference(const QJsonObject& left, const QJsonObject& right)
-{
-    QJsonObject leftRest = withoutIdsOfUniqueNodes(left);
-    QJsonObject rightRest = withoutIdsOfUniqueNodes(right);
-    for (const QLatin1String key : {DocumentKeys::nodes, DocumentKeys::connections}) {
-        const QString name(key);
-        const auto inLeft = sorted(leftRest.take(name));
-        const auto inRight = sorted(rightRest.take(name));
-        const QString onlyLeft = firstMissing(inLeft, inRight);
-        if (!onlyLeft.isEmpty())
-            return QStringLiteral("only the first has, in %1: %2").arg(name, onlyLeft);
-        const QString onlyRight = firstMissing(inRight, inLeft);
-        if (!onlyRight.isEmpty())
-            return QStringLiteral("only the second has, in %1: %2").arg(name, onlyRight);
-    }
-    return leftRest == rightRest ? QString() : QStringLiteral("what is neither node nor connection");
-}
-
-int compareSceneFiles(const QString& left, const QString& right)
-{
-    QString error;
-    const QJsonObject first = readSceneFile(left, &error);
-    const QJsonObject second = error.isEmpty() ? readSceneFile(right, &error) : QJsonObject();
-    if (!error.isEmpty()) {
-        printErrorLine(error);
-        return Refused;
-    }
-
-    const QString difference = sceneDifference(first, second);
-    const QString text = difference.isEmpty()
-                             ? QStringLiteral("'%1' and '%2' are the same scene: %3 nodes, %4 connections\n")
-                                   .arg(left, right)
-                                   .arg(first[DocumentKeys::nodes].toArray().size())
-                                   .arg(first[DocumentKeys::connections].toArray().size())
-                             : QStringLiteral("'%1' and '%2' differ: %3\n").arg(left, right, difference);
-    return printText(text) && difference.isEmpty() ? Done : Failed;
+    QJsonObject root = QJsonDocument::fromJson(document).object();
+    Objects nodes = objectsOf(root, DocumentKeys::nodes);
+    Objects connections = objectsOf(root, DocumentKeys::connections);
+    renameUniqueNodes(&nodes, &connections);
+    sortNodes(&nodes, connections);
+    sortConnections(&connections, placesById(nodes));
+    root.insert(QString(DocumentKeys::nodes), arrayOf(nodes));
+    root.insert(QString(DocumentKeys::connections), arrayOf(connections));
+    return QJsonDocument(root).toJson();
 }
 
 } // namespace Host

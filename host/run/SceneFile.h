@@ -3,30 +3,21 @@
 
 #pragma once
 
-#include <QJsonDocument>
-#include <QJsonObject>
+#include <QByteArray>
 #include <QString>
 
 namespace Host {
 
-/// What \a file holds, at most 64 MiB. On failure one line in \a error that names the file and the reason.
+/// What \a file holds, at most 64 MiB; "-" is standard input. On failure one line in \a error that names the file and
+/// the reason.
 QByteArray readDocument(const QString& file, QString* error);
 
-/// What \a bytes, read from \a file, say. If they are no JSON, one line in \a error that names the file, the reason
-/// and the place in it.
-QJsonDocument parseDocument(const QString& file, const QByteArray& bytes, QString* error);
-
-/// The JSON object that \a file holds, at most 64 MiB. On failure an empty one, and in \a error one line that names
-/// the file, the reason and the place in it.
-QJsonObject readSceneFile(const QString& file, QString* error);
-
-/// What keeps two scene documents from being the same scene: the first object that only one of them has, in one
-/// line. Empty when they are the same but for the order of nodes and connections, and for the ids of unique nodes,
-/// which go by their unique names.
-QString sceneDifference(const QJsonObject& left, const QJsonObject& right);
-
-/// Compares two files, says on standard output what came of it and returns the exit code: 0 for the same scene,
-/// 1 for different ones, 2, with a line on standard error, when a file cannot be read.
-int compareSceneFiles(const QString& left, const QString& right);
+/**
+ * The scene document \a document, written so that one scene is always the same text, whichever process saves it:
+ * nodes in the order of the flow, those at one depth by their ids, and connections by the nodes that they join.
+ *
+ * A unique node is made anew in each process, under a new id. Here it gets one that is made of its unique name.
+ */
+QByteArray orderedScene(const QByteArray& document);
 
 } // namespace Host

@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/documents/DocumentFile.h"
+
+#include "host/base/InputFile.h"
+#include "host/check/CDocumentCheck.h"
+#include "host/check/FaultReport.h"
+#include "host/report/Counted.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace Host {
+
+namespace {
+
+// Whether such a fault leaves open what the document says.
+bool leavesOpen(EFaultRule rule)
+{
+    switch (rule) {
+    case EFaultRule::Unreadable:
+    case EFaultRule::Encoding:
+    case EFaultRule::Syntax:
+    case EFaultRule::WrongType:
+    case EFaultRule::WrongValue:
+    case EFaultRule::UnknownKey:
+    case EFaultRule::DoubleKey:
+    case EFaultRule::MissingKey:
+    case EFaultRule::UnknownName:
+    case EFaultRule::DoubleName:
+    case EFaultRule::Source:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+SDocumentFile readDocumentFile(const QString& file, CDocumentCheck& check, QString* error)
+{
+    SDocumentFile document;
+    document.name = inputName(file);
+    QString reason;
+    document.text = readInput(file, &reason);
+    if (reason.isEmpty())
+        document.faults = check.read(document.text, &document.graph);
+    else
+        *error = QStringLiteral("cannot read '%1': %2").arg(document.name, reason);
+    return document;
+}
+
+QString faultsText(const QString& what, const QString& name, const std::vector<SFault>& faults)
+{
+    const QStringList lines = errorLines({name, faults});
+    if (lines.isEmpty())
+        return {};
+    return QStringLiteral("%1 '%2': it has %3:\n%4")
+        .arg(what, name, counted(quint64(lines.size()), "error"), lines.join(QLatin1Char('\n')));
+}
+
+QString unreadableText(const SDocumentFile& document)
+{
+    std::vector<SFault> faults;
+    std::copy_if(document.faults.begin(), document.faults.end(), std::back_inserter(faults),
+                 [](const SFault& fault) { return leavesOpen(fault.rule); });
+    return faultsText(QStringLiteral("cannot read"), document.name, faults);
+}
+
+} // namespace Host

@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/documents/DocumentPicture.h"
+
+#include "host/check/SDocumentGraph.h"
+
+namespace Host {
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+EPictureNode kindOf(const SDocumentNode& node)
+{
+    switch (node.kind) {
+    case EDocumentNode::Camera:
+        return EPictureNode::Source;
+    case EDocumentNode::Decoupler:
+        return EPictureNode::Decoupler;
+    case EDocumentNode::Sink:
+        return EPictureNode::Sink;
+    case EDocumentNode::Filter:
+        break;
+    }
+    return EPictureNode::Filter;
+}
+
+// Empty for the only port of its side that has no name of its own.
+QString portName(const PortTypes& ports, const QStringList& names, int port)
+{
+    const QString name = names.value(port);
+    return name.isEmpty() && ports.size() > 1 ? QString::number(port) : name;
+}
+
+SNodeDataType typeOf(const PortTypes& ports, int port)
+{
+    return port >= 0 && std::size_t(port) < ports.size() ? ports[std::size_t(port)] : SNodeDataType();
+}
+
+QString typeText(const SNodeDataType& from, const SNodeDataType& to)
+{
+    if (from.id == to.id || to.id.isEmpty())
+        return from.name;
+    return from.id.isEmpty() ? to.name : QStringLiteral("%1 to %2").arg(from.name, to.name);
+}
+
+SPictureEdge edgeOf(const SDocumentGraph& graph, const SDocumentConnection& connection)
+{
+    const SDocumentNode& from = graph.nodes[std::size_t(connection.from)];
+    const SDocumentNode& to = graph.nodes[std::size_t(connection.to)];
+    SPictureEdge edge;
+    edge.from = connection.from;
+    edge.to = connection.to;
+    edge.type = typeText(typeOf(from.outputs, connection.outPort), typeOf(to.inputs, connection.inPort));
+    edge.outPort = portName(from.outputs, from.outputNames, connection.outPort);
+    edge.inPort = portName(to.inputs, to.inputNames, connection.inPort);
+    return edge;
+}
+
+} // namespace
+
+SPicture documentPicture(const SDocumentGraph& graph)
+{
+    SPicture picture;
+    for (const SDocumentNode& node : graph.nodes) {
+        SPictureNode drawn;
+        drawn.kind = kindOf(node);
+        drawn.caption = node.caption;
+        // An id tells nobody anything.
+        if (graph.kind == EDocumentKind::Chain)
+            drawn.label = node.label;
+        picture.nodes.push_back(drawn);
+    }
+    for (const SDocumentConnection& connection : graph.connections)
+        picture.edges.push_back(edgeOf(graph, connection));
+    return picture;
+}
+
+} // namespace Host

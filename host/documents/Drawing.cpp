@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/documents/Drawing.h"
+
+#include "host/base/Shown.h"
+
+#include <gvc.h>
+
+#include <memory>
+
+namespace Host {
+
+namespace {
+
+struct SContextDeleter
+{
+    void operator()(GVC_t* context) const { gvFreeContext(context); }
+};
+
+struct SGraphDeleter
+{
+    void operator()(Agraph_t* graph) const { agclose(graph); }
+};
+
+// A graph that is laid out, until this object goes.
+class CLayout
+{
+public:
+    CLayout(GVC_t* context, Agraph_t* graph)
+        : m_context(context)
+        , m_graph(graph)
+        , m_isDone(gvLayout(context, graph, agget(graph, const_cast<char*>("layout"))) == 0)
+    {
+    }
+
+    ~CLayout() { gvFreeLayout(m_context, m_graph); }
+    Q_DISABLE_COPY(CLayout)
+
+    bool isDone() const { return m_isDone; }
+
+private:
+    GVC_t* const m_context;
+    Agraph_t* const m_graph;
+    const bool m_isDone;
+};
+
+QString lastError()
+{
+    const char* const text = aglasterr();
+    const QString line = text ? printable(QString::fromUtf8(text).simplified()) : QString();
+    return line.isEmpty() ? QStringLiteral("Graphviz fails") : line;
+}
+
+} // namespace
+
+QByteArray draw(const QByteArray& dot, EDrawing kind, QString* error)
+{
+    if (kind == EDrawing::Dot)
+        return dot;
+    // It would print what it has to say, also where it only had to make a picture smaller.
+    agseterr(AGMAX);
+    const std::unique_ptr<GVC_t, SContextDeleter> context(gvContext());
+    const std::unique_ptr<Agraph_t, SGraphDeleter> graph(agmemread(dot.constData()));
+    if (!context || !graph) {
+        *error = lastError();
+        return {};
+    }
+    const CLayout layout(context.get(), graph.get());
+    char* data = nullptr;
+    unsigned int size = 0;
+    const char* const format = kind == EDrawing::Png ? "png" : "svg";
+    if (!layout.isDone() || gvRenderData(context.get(), graph.get(), format, &data, &size) != 0 || !data) {
+        *error = lastError();
+        return {};
+    }
+    const QByteArray bytes(data, int(size));
+    gvFreeRenderData(data);
+    return bytes;
+}
+
+} // namespace Host

@@ -1,0 +1,135 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/documents/PictureText.h"
+
+#include <QTextStream>
+
+#include <algorithm>
+
+namespace Host {
+
+namespace {
+
+const char* const grey = "#64748b";
+const char* const red = "#b4332b";
+
+QString escaped(const QString& text)
+{
+    QString result;
+    for (const QChar c : text.toHtmlEscaped()) {
+        // Graphviz reads its labels as XML, which knows no other control characters.
+        result += c.unicode() < 0x20 ? QLatin1Char(' ') : c;
+    }
+    return result;
+}
+
+QString colored(const QString& text, const char* color, int size)
+{
+    return QStringLiteral("<FONT COLOR=\"%1\" POINT-SIZE=\"%2\">%3</FONT>").arg(QLatin1String(color)).arg(size).arg(text);
+}
+
+QString nodeLabel(const SPictureNode& node)
+{
+    QStringList lines{QStringLiteral("<B>%1</B>").arg(escaped(node.caption))};
+    if (!node.label.isEmpty())
+        lines << colored(escaped(node.label), grey, 10);
+    if (!node.note.isEmpty())
+        lines << colored(escaped(node.note), grey, 10);
+    if (!node.warning.isEmpty())
+        lines << colored(escaped(node.warning), red, 10);
+    return lines.join(QStringLiteral("<BR/>"));
+}
+
+QString nodeStyle(EPictureNode kind)
+{
+    switch (kind) {
+    case EPictureNode::Source:
+        return QStringLiteral(" fillcolor=\"#e3f4e8\" color=\"#4f9a6b\"");
+    case EPictureNode::Decoupler:
+        return QStringLiteral(" fillcolor=\"#fdf3d8\" color=\"#c29a2f\" style=\"rounded,filled,dashed\"");
+    case EPictureNode::Sink:
+        return QStringLiteral(" fillcolor=\"#e2edfb\" color=\"#5a86c5\"");
+    case EPictureNode::Filter:
+        break;
+    }
+    return {};
+}
+
+QString edgeLabel(const SPictureEdge& edge)
+{
+    QStringList lines;
+    if (!edge.type.isEmpty())
+        lines << escaped(edge.type);
+    if (!edge.note.isEmpty())
+        lines << escaped(edge.note);
+    return lines.join(QStringLiteral("<BR/>"));
+}
+
+void addNode(const SPicture& picture, int number, QTextStream* out)
+{
+    const SPictureNode& node = picture.nodes[std::size_t(number)];
+    *out << "    n" << number << " [label=<" << nodeLabel(node) << '>' << nodeStyle(node.kind) << "]\n";
+}
+
+void addNodes(const SPicture& picture, QTextStream* out)
+{
+    for (int group = 0; group < std::max(1, picture.groups.size()); ++group) {
+        const bool isFramed = !picture.groups.isEmpty();
+        if (isFramed)
+            *out << "    subgraph cluster_" << group << " {\n    label=<" << escaped(picture.groups.at(group))
+                 << ">\n    style=rounded\n    color=\"#cbd5e1\"\n    fontcolor=\"" << grey << "\"\n    labeljust=l\n";
+        for (int i = 0; i < int(picture.nodes.size()); ++i) {
+            if (!isFramed || picture.nodes[std::size_t(i)].group == group)
+                addNode(picture, i, out);
+        }
+        if (isFramed)
+            *out << "    }\n";
+    }
+}
+
+void addEdge(const SPictureEdge& edge, QTextStream* out)
+{
+    QStringList attributes;
+    if (!edgeLabel(edge).isEmpty())
+        attributes << QStringLiteral("label=<%1>").arg(edgeLabel(edge));
+    if (!edge.outPort.isEmpty())
+        attributes << QStringLiteral("taillabel=<%1>").arg(escaped(edge.outPort));
+    if (!edge.inPort.isEmpty())
+        attributes << QStringLiteral("headlabel=<%1>").arg(escaped(edge.inPort));
+    *out << "    n" << edge.from << " -> n" << edge.to;
+    if (!attributes.isEmpty())
+        *out << " [" << attributes.join(QLatin1Char(' ')) << ']';
+    *out << '\n';
+}
+
+} // namespace
+
+bool isLayered(const SPicture& picture)
+{
+    return picture.nodes.size() <= mostInLayers && picture.edges.size() <= 2 * mostInLayers;
+}
+
+QByteArray dotText(const SPicture& picture)
+{
+    QString text;
+    QTextStream out(&text);
+    out << "digraph halvex {\n"
+           "    bgcolor=white pad=0.3 fontname=\"Helvetica\" fontsize=11\n";
+    if (isLayered(picture))
+        out << "    layout=dot rankdir=LR nodesep=0.35 ranksep=0.5\n";
+    else
+        out << "    layout=sfdp overlap=prism\n";
+    out << "    node [shape=box style=\"rounded,filled\" fillcolor=\"#f1f5f9\" color=\"#94a3b8\" fontname=\"Helvetica\" "
+           "fontsize=12 fontcolor=\"#1e293b\" margin=\"0.18,0.09\"]\n"
+           "    edge [color=\"#94a3b8\" fontname=\"Helvetica\" fontsize=9 fontcolor=\""
+        << grey << "\" arrowsize=0.7 labelfontsize=9]\n";
+    addNodes(picture, &out);
+    for (const SPictureEdge& edge : picture.edges)
+        addEdge(edge, &out);
+    out << "}\n";
+    out.flush();
+    return text.toUtf8();
+}
+
+} // namespace Host

@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "host/documents/SPicture.h"
+
+#include <QByteArray>
+
+namespace Host {
+
+/// Up to so many nodes, and so many connections, a picture is laid out in layers from left to right, which takes
+/// longer the more there are. Larger ones are laid out by forces between their nodes.
+constexpr std::size_t mostInLayers = 500;
+
+/// Whether it is laid out in layers.
+bool isLayered(const SPicture& picture);
+
+/// The picture in the DOT language: rounded boxes in calm colours, green for sources, yellow and dashed for decouplers,
+/// blue for sinks.
+QByteArray dotText(const SPicture& picture);
+
+} // namespace Host
