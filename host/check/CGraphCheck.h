@@ -24,11 +24,11 @@ struct SJsonNode;
 /// A node of the graph that a document describes. A plain value.
 struct SGraphNode
 {
-    QString name;                    ///< For messages: "'blur'", "the camera 'fake'".
-    const SJsonNode* json = nullptr; ///< Where it is told that nothing reaches it; null for a camera of the run.
-    QString label;                   ///< As the document has it: an element's name, a camera's name, or an id.
+    QString name;                         ///< For messages: "'blur'", "the camera 'fake'".
+    const SJsonNode* json = nullptr;      ///< Where it is told that nothing reaches it; null for a camera of the run.
+    QString label;                        ///< As the document has it: an element's name, a camera's name, or an id.
     const SJsonNode* modelJson = nullptr; ///< Null for a camera of the run.
-    QString caption;                 ///< What its model says of itself and its ports.
+    QString caption;                      ///< What its model says of itself and its ports.
     QStringList inputNames;
     QStringList outputNames;
     PortTypes inputs;

@@ -21,7 +21,8 @@ SCheckedFile checkFile(const QString& name, CDocumentCheck& check)
     if (error.isEmpty())
         checked.faults = check.check(text);
     else
-        checked.faults.push_back({true, EFaultRule::Unreadable, 0, 0, {}, QStringLiteral("cannot read: %1").arg(error)});
+        checked.faults.push_back(
+            {true, EFaultRule::Unreadable, 0, 0, {}, QStringLiteral("cannot read: %1").arg(error)});
     return checked;
 }
 

@@ -22,9 +22,9 @@ namespace {
 QMetaProperty propertyOf(const QObject& model, const QString& setting)
 {
     const auto properties = propertiesOf(model);
-    const auto found =
-        std::find_if(properties.begin(), properties.end(),
-                     [&setting](const QMetaProperty& property) { return documentName(property) == setting; });
+    const auto found = std::find_if(properties.begin(), properties.end(), [&setting](const QMetaProperty& property) {
+        return documentName(property) == setting;
+    });
     return found == properties.end() ? QMetaProperty() : *found;
 }
 

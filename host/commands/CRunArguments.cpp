@@ -49,7 +49,9 @@ void CRunArguments::declareSources(CLI::App& command)
         ->type_name("N");
     command.add_option("--pixel-format", m_pixelFormat, "GenICam name, e.g. RGB8 (default: as the camera is set).")
         ->type_name("NAME");
-    command.add_option("--load", m_load, "Stream one camera through the scene of this document instead of a chain; '-' is standard input.")
+    command
+        .add_option("--load", m_load,
+                    "Stream one camera through the scene of this document instead of a chain; '-' is standard input.")
         ->type_name("FILE");
     command
         .add_option("--set", m_settings,
@@ -105,7 +107,9 @@ void CRunArguments::declareFiles(CLI::App& command)
     command.add_option("--write-every", m_writeEvery, "Write one of N frames (default: 30).")
         ->type_name("N")
         ->group(group);
-    command.add_option("--save", m_save, "Write the scene document of one camera, before the first frame is grabbed; '-' is standard "
+    command
+        .add_option("--save", m_save,
+                    "Write the scene document of one camera, before the first frame is grabbed; '-' is standard "
                     "output, without the table.")
         ->type_name("FILE")
         ->group(group);

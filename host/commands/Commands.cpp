@@ -23,7 +23,7 @@ namespace {
 
 // In the order of the help.
 constexpr void (*addCommands[])(CLI::App&, Action*) = {
-    &addRunCommand,    &addCheckCommand,  &addDrawCommand,    &addCompareCommand,
+    &addRunCommand,     &addCheckCommand,  &addDrawCommand,    &addCompareCommand,
     &addConvertCommand, &addModelsCommand, &addCamerasCommand, &addPluginsCommand,
 };
 

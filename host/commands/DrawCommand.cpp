@@ -12,6 +12,7 @@
 #include "host/documents/PictureText.h"
 #include "host/documents/RunPicture.h"
 #include "host/plugins/CHostServices.h"
+#include "host/report/Counted.h"
 #include "host/run/Output.h"
 
 #include <CLI/CLI.hpp>
@@ -35,14 +36,14 @@ struct SDrawArguments
     std::string plugins;
 };
 
-SPicture pictureOfDocument(const SDrawArguments& arguments, QString* error)
+// What it says are texts of plugins: it goes before they do.
+SPicture pictureOfDocument(const QString& file, CHostServices& services, QString* error)
 {
-    CHostServices services(QString::fromStdString(arguments.plugins));
     *error = services.load();
     if (!error->isEmpty())
         return {};
     CDocumentCheck check(services.nodes(), services.models());
-    const SDocumentFile document = readDocumentFile(QString::fromStdString(arguments.file), check, error);
+    const SDocumentFile document = readDocumentFile(file, check, error);
     if (error->isEmpty())
         *error = unreadableText(document);
     return error->isEmpty() ? documentPicture(document.graph) : SPicture();
@@ -62,9 +63,15 @@ SPicture pictureOfRun(const QString& file, QString* error)
 
 int drawPicture(const SDrawArguments& arguments, EDrawing kind)
 {
+    CHostServices services(QString::fromStdString(arguments.plugins));
     QString error;
-    const SPicture picture = arguments.report.empty() ? pictureOfDocument(arguments, &error)
-                                                      : pictureOfRun(QString::fromStdString(arguments.report), &error);
+    const SPicture picture = arguments.report.empty()
+                                 ? pictureOfDocument(QString::fromStdString(arguments.file), services, &error)
+                                 : pictureOfRun(QString::fromStdString(arguments.report), &error);
+    if (error.isEmpty() && kind != EDrawing::Dot && picture.nodes.size() > mostDrawn)
+        error = QStringLiteral("it has %1, and %2 can be drawn; --format dot writes it for other programs")
+                    .arg(counted(picture.nodes.size(), "node"))
+                    .arg(mostDrawn);
     if (!error.isEmpty()) {
         printErrorLine(error);
         return Refused;
@@ -90,7 +97,8 @@ EDrawing formatOf(const SDrawArguments& arguments)
         name = isStandardStream(output) ? QStringLiteral("svg") : QFileInfo(output).suffix().toLower();
     const auto found = formats.find(name);
     if (found == formats.end() && arguments.format.empty())
-        refuse(QStringLiteral("'%1' ends with none of .svg, .png and .dot; --format says what it is to be.").arg(output));
+        refuse(
+            QStringLiteral("'%1' ends with none of .svg, .png and .dot; --format says what it is to be.").arg(output));
     if (found == formats.end())
         refuse(QStringLiteral("--format takes svg, png or dot, not '%1'.").arg(name));
     return found->second;

@@ -26,16 +26,18 @@ EPictureNode kindOf(const SDocumentNode& node)
     return EPictureNode::Filter;
 }
 
-// Empty for the only port of its side that has no name of its own.
-QString portName(const PortTypes& ports, const QStringList& names, int port)
-{
-    const QString name = names.value(port);
-    return name.isEmpty() && ports.size() > 1 ? QString::number(port) : name;
-}
-
 SNodeDataType typeOf(const PortTypes& ports, int port)
 {
     return port >= 0 && std::size_t(port) < ports.size() ? ports[std::size_t(port)] : SNodeDataType();
+}
+
+// Empty for the only port of its side; most have the name of their type, which stands there anyway.
+QString portName(const PortTypes& ports, const QStringList& names, int port)
+{
+    const QString name = names.value(port);
+    if (!name.isEmpty() && name != typeOf(ports, port).name)
+        return name;
+    return ports.size() > 1 ? QStringLiteral("port %1").arg(port) : QString();
 }
 
 QString typeText(const SNodeDataType& from, const SNodeDataType& to)

@@ -4,14 +4,25 @@
 #include "host/documents/Drawing.h"
 
 #include "host/base/Shown.h"
+#include "host/documents/PictureText.h"
 
 #include <gvc.h>
 
 #include <memory>
 
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/lsan_interface.h>
+#endif
+
 namespace Host {
 
 namespace {
+
+// The library takes all texts as if it changed them.
+char* attribute(const char* text)
+{
+    return const_cast<char*>(text);
+}
 
 struct SContextDeleter
 {
@@ -30,7 +41,7 @@ public:
     CLayout(GVC_t* context, Agraph_t* graph)
         : m_context(context)
         , m_graph(graph)
-        , m_isDone(gvLayout(context, graph, agget(graph, const_cast<char*>("layout"))) == 0)
+        , m_isDone(gvLayout(context, graph, agget(graph, attribute("layout"))) == 0)
     {
     }
 
@@ -58,6 +69,10 @@ QByteArray draw(const QByteArray& dot, EDrawing kind, QString* error)
 {
     if (kind == EDrawing::Dot)
         return dot;
+#ifdef __SANITIZE_ADDRESS__
+    // Graphviz, and what it takes fonts from, let go of some memory without freeing it.
+    const __lsan::ScopedDisabler noLeaks;
+#endif
     // It would print what it has to say, also where it only had to make a picture smaller.
     agseterr(AGMAX);
     const std::unique_ptr<GVC_t, SContextDeleter> context(gvContext());
@@ -66,6 +81,10 @@ QByteArray draw(const QByteArray& dot, EDrawing kind, QString* error)
         *error = lastError();
         return {};
     }
+    // Sharp, as long as the pixels can be afforded.
+    const bool isLarge = agnnodes(graph.get()) > int(mostInLayers);
+    if (kind == EDrawing::Png)
+        agsafeset(graph.get(), attribute("dpi"), attribute(isLarge ? "60" : "120"), attribute(""));
     const CLayout layout(context.get(), graph.get());
     char* data = nullptr;
     unsigned int size = 0;

@@ -64,8 +64,8 @@ void compareNodes(const SComparedGraph& left, const SComparedGraph& right, const
         if (partner < 0)
             differences->push_back({path, left.nodes[i].model, QJsonValue::Undefined, true});
         else
-            compareValues(path + QStringLiteral(".model"), left.nodes[i].model,
-                          right.nodes[std::size_t(partner)].model, differences);
+            compareValues(path + QStringLiteral(".model"), left.nodes[i].model, right.nodes[std::size_t(partner)].model,
+                          differences);
     }
     for (std::size_t i = 0; i < right.nodes.size(); ++i) {
         if (matcher.partnerOfRight(int(i)) < 0)
@@ -90,8 +90,8 @@ void compareConnections(const SComparedGraph& left, const SComparedGraph& right,
     for (const SDocumentConnection& each : right.connections)
         others[{each.from, each.outPort, each.to, each.inPort}].push_back(&each);
     for (const SDocumentConnection& each : left.connections) {
-        const auto found = others.find(
-            {matcher.partnerOf(each.from), each.outPort, matcher.partnerOf(each.to), each.inPort});
+        const auto found =
+            others.find({matcher.partnerOf(each.from), each.outPort, matcher.partnerOf(each.to), each.inPort});
         const QString path = connectionPath(left, each);
         if (found == others.end() || found->second.empty()) {
             differences->push_back({path, valueOf(each), QJsonValue::Undefined, true});
@@ -142,7 +142,8 @@ std::vector<SDifference> graphDifferences(const SComparedGraph& left, const SCom
 QString differenceLine(const SDifference& difference)
 {
     if (difference.isWhole)
-        return QStringLiteral("%1: only %2").arg(difference.path, QLatin1String(difference.there.isUndefined() ? "here" : "there"));
+        return QStringLiteral("%1: only %2")
+            .arg(difference.path, QLatin1String(difference.there.isUndefined() ? "here" : "there"));
     return QStringLiteral("%1: %2, %3")
         .arg(difference.path, sideText(difference.here, "here"), sideText(difference.there, "there"));
 }

@@ -16,9 +16,9 @@ struct SComparedGraph;
 /// One thing that differs between two documents. A plain value.
 struct SDifference
 {
-    QString path;     ///< `nodes["blur"].model.property.size`
-    QJsonValue here;  ///< In the first; undefined if it is not there.
-    QJsonValue there; ///< In the second.
+    QString path;         ///< `nodes["blur"].model.property.size`
+    QJsonValue here;      ///< In the first; undefined if it is not there.
+    QJsonValue there;     ///< In the second.
     bool isWhole = false; ///< A node or a connection that only one of them has.
 };
 

@@ -21,9 +21,8 @@ std::vector<int> flowOrderOf(const SDocumentGraph& graph)
     const std::vector<int> depths = flowDepths(int(graph.nodes.size()), edgesOf(graph));
     std::vector<int> order(graph.nodes.size());
     std::iota(order.begin(), order.end(), 0);
-    std::stable_sort(order.begin(), order.end(), [&depths](int left, int right) {
-        return depths[std::size_t(left)] < depths[std::size_t(right)];
-    });
+    std::stable_sort(order.begin(), order.end(),
+                     [&depths](int left, int right) { return depths[std::size_t(left)] < depths[std::size_t(right)]; });
     return order;
 }
 

@@ -38,9 +38,8 @@ QString wantedLabel(const SDocumentNode& node, bool isChain, bool hasOneCamera)
 QStringList nodeLabels(const SDocumentGraph& graph)
 {
     const bool isChain = graph.kind == EDocumentKind::Chain;
-    const auto cameras = std::count_if(graph.nodes.begin(), graph.nodes.end(), [](const SDocumentNode& node) {
-        return node.kind == EDocumentNode::Camera;
-    });
+    const auto cameras = std::count_if(graph.nodes.begin(), graph.nodes.end(),
+                                       [](const SDocumentNode& node) { return node.kind == EDocumentNode::Camera; });
     QSet<QString> taken;
     for (const SDocumentNode& node : graph.nodes) {
         // In a chain, names of cameras and of elements are one space.

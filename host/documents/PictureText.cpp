@@ -12,6 +12,9 @@ namespace Host {
 namespace {
 
 const char* const grey = "#64748b";
+// Beyond, Graphviz is told not to look for the best places for long.
+constexpr std::size_t mostWithCare = 100;
+
 const char* const red = "#b4332b";
 
 QString escaped(const QString& text)
@@ -26,7 +29,10 @@ QString escaped(const QString& text)
 
 QString colored(const QString& text, const char* color, int size)
 {
-    return QStringLiteral("<FONT COLOR=\"%1\" POINT-SIZE=\"%2\">%3</FONT>").arg(QLatin1String(color)).arg(size).arg(text);
+    return QStringLiteral("<FONT COLOR=\"%1\" POINT-SIZE=\"%2\">%3</FONT>")
+        .arg(QLatin1String(color))
+        .arg(size)
+        .arg(text);
 }
 
 QString nodeLabel(const SPictureNode& node)
@@ -61,6 +67,13 @@ QString edgeLabel(const SPictureEdge& edge)
     QStringList lines;
     if (!edge.type.isEmpty())
         lines << escaped(edge.type);
+    QStringList ports;
+    if (!edge.outPort.isEmpty())
+        ports << QStringLiteral("from %1").arg(escaped(edge.outPort));
+    if (!edge.inPort.isEmpty())
+        ports << QStringLiteral("to %1").arg(escaped(edge.inPort));
+    if (!ports.isEmpty())
+        lines << ports.join(QLatin1Char(' '));
     if (!edge.note.isEmpty())
         lines << escaped(edge.note);
     return lines.join(QStringLiteral("<BR/>"));
@@ -88,18 +101,11 @@ void addNodes(const SPicture& picture, QTextStream* out)
     }
 }
 
-void addEdge(const SPictureEdge& edge, QTextStream* out)
+void addEdge(const SPictureEdge& edge, const QString& label, QTextStream* out)
 {
-    QStringList attributes;
-    if (!edgeLabel(edge).isEmpty())
-        attributes << QStringLiteral("label=<%1>").arg(edgeLabel(edge));
-    if (!edge.outPort.isEmpty())
-        attributes << QStringLiteral("taillabel=<%1>").arg(escaped(edge.outPort));
-    if (!edge.inPort.isEmpty())
-        attributes << QStringLiteral("headlabel=<%1>").arg(escaped(edge.inPort));
     *out << "    n" << edge.from << " -> n" << edge.to;
-    if (!attributes.isEmpty())
-        *out << " [" << attributes.join(QLatin1Char(' ')) << ']';
+    if (!label.isEmpty())
+        *out << " [label=<" << label << ">]";
     *out << '\n';
 }
 
@@ -116,17 +122,21 @@ QByteArray dotText(const SPicture& picture)
     QTextStream out(&text);
     out << "digraph halvex {\n"
            "    bgcolor=white pad=0.3 fontname=\"Helvetica\" fontsize=11\n";
-    if (isLayered(picture))
+    const bool hasLayers = isLayered(picture);
+    if (hasLayers)
         out << "    layout=dot rankdir=LR nodesep=0.35 ranksep=0.5\n";
     else
-        out << "    layout=sfdp overlap=prism\n";
-    out << "    node [shape=box style=\"rounded,filled\" fillcolor=\"#f1f5f9\" color=\"#94a3b8\" fontname=\"Helvetica\" "
+        out << "    layout=sfdp overlap=prism20\n";
+    if (hasLayers && picture.nodes.size() > mostWithCare)
+        out << "    nslimit=1 nslimit1=1 mclimit=0.3\n";
+    out << "    node [shape=box style=\"rounded,filled\" fillcolor=\"#f1f5f9\" color=\"#94a3b8\" "
+           "fontname=\"Helvetica\" "
            "fontsize=12 fontcolor=\"#1e293b\" margin=\"0.18,0.09\"]\n"
            "    edge [color=\"#94a3b8\" fontname=\"Helvetica\" fontsize=9 fontcolor=\""
-        << grey << "\" arrowsize=0.7 labelfontsize=9]\n";
+        << grey << "\" arrowsize=0.7]\n";
     addNodes(picture, &out);
     for (const SPictureEdge& edge : picture.edges)
-        addEdge(edge, &out);
+        addEdge(edge, hasLayers ? edgeLabel(edge) : QString(), &out);
     out << "}\n";
     out.flush();
     return text.toUtf8();

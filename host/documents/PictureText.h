@@ -10,8 +10,12 @@
 namespace Host {
 
 /// Up to so many nodes, and so many connections, a picture is laid out in layers from left to right, which takes
-/// longer the more there are. Larger ones are laid out by forces between their nodes.
+/// longer the more there are. Larger ones are laid out by forces between their nodes, and their connections tell no
+/// types.
 constexpr std::size_t mostInLayers = 500;
+
+/// Larger pictures would take minutes, and nobody could see anything in them.
+constexpr std::size_t mostDrawn = 20000;
 
 /// Whether it is laid out in layers.
 bool isLayered(const SPicture& picture);

@@ -7,12 +7,31 @@
 #include "host/base/Shown.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QSet>
 
 #include <algorithm>
 
 namespace Host {
+
+namespace {
+
+bool haveSameContent(const QString& left, const QString& right)
+{
+    constexpr qint64 chunk = 1 << 16;
+    QFile a(left);
+    QFile b(right);
+    if (!a.open(QIODevice::ReadOnly) || !b.open(QIODevice::ReadOnly) || a.size() != b.size())
+        return false;
+    while (!a.atEnd()) {
+        if (a.read(chunk) != b.read(chunk))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
 
 CPluginFolder::CPluginFolder(const QString& folder, const SPluginInfo& host)
 {
@@ -46,6 +65,8 @@ void CPluginFolder::readAll(const QString& folder, const QString& hostName)
             m_refusals.push_back({file, error, info.isRequired});
         else if (info.name == hostName)
             m_refusals.push_back({file, QStringLiteral("%1 is the host itself").arg(shown(info.name))});
+        else if (known && haveSameContent(file, known->file))
+            continue;
         else if (known)
             m_refusals.push_back(
                 {file, QStringLiteral("a second %1, after '%2'").arg(shown(info.name), printable(known->file))});

@@ -21,8 +21,8 @@ namespace Host {
  * \endcode
  *
  * Every file of the folder is in one of the two lists, under its canonical name and once, however many links lead to
- * it. Folders within it are not searched. A second plugin of one name is not required, even if it says so: the first
- * one is there.
+ * it; copies of one plugin are one, too. Folders within it are not searched. A second plugin of one name is not
+ * required, even if it says so: the first one is there.
  *
  * Left out is what is no plugin for this host, bears a name that is taken, or needs something that is not there, is
  * there in no version that will do, is left out itself or needs it in turn.

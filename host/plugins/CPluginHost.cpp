@@ -116,9 +116,11 @@ std::vector<SPluginInfo> CPluginHost::plugins() const
 
 QString CPluginHost::load(SPlugin& plugin)
 {
-    // Two copies of the library in one process would each have their own idea of what a scene is.
-    if (plugin.info.name == QLatin1String("Halvex") && plugin.info.file != libraryFile())
-        return QStringLiteral("a copy of '%1', which is in use").arg(printable(libraryFile()));
+    if (plugin.info.name == QLatin1String("Halvex")) {
+        const QString error = useTheLibrary(&plugin);
+        if (!error.isEmpty())
+            return error;
+    }
     // By default unload() leaves the code where it is.
     plugin.loader->setLoadHints({});
     const QString error =
@@ -127,6 +129,23 @@ QString CPluginHost::load(SPlugin& plugin)
         return plugin.loader->isLoaded() ? error : error + QStringLiteral(": ") + loaderError(*plugin.loader);
     plugin.instance = dynamic_cast<Core::Plugin::IPlugin*>(plugin.loader->instance());
     return plugin.instance ? QString() : QStringLiteral("its instance is no plugin for this host");
+}
+
+// Two copies of the library in one process would each have their own idea of what a scene is: the one that the program
+// is linked with stands for a copy of it.
+QString CPluginHost::useTheLibrary(SPlugin* plugin)
+{
+    const QString used = libraryFile();
+    if (plugin->info.file == used)
+        return {};
+    QString error;
+    const SPluginInfo info = SPluginInfo::read(used, &error);
+    if (!error.isEmpty() || info.version != plugin->info.version)
+        return QStringLiteral("version %1 of the library, while '%2' is in use; leave this file out")
+            .arg(plugin->info.version.toString(), printable(used));
+    plugin->info = info;
+    plugin->loader = std::make_unique<QPluginLoader>(used);
+    return {};
 }
 
 QString CPluginHost::initialize(SPlugin& plugin) const

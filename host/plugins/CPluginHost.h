@@ -41,6 +41,9 @@ namespace Host {
  * Before code is unloaded what was posted to this thread is delivered and deleted, and all the plugins' objects go:
  * what a plugin still holds of another is gone before its code. What fails on the way out is a warning in the log.
  *
+ * The library itself is in the process once, whichever file it came from: the one that the program is linked with is
+ * used for a copy of it in the folder.
+ *
  * The host provides "AppCore" in hostVersion(), which stands in for no other version.
  *
  * Whoever holds a service, or anything that came of one, lets go of it before this object goes.
@@ -78,6 +81,7 @@ private:
     using Step = std::function<QString(SPlugin&)>; // what is wrong, empty on success
 
     static QString load(SPlugin& plugin);
+    static QString useTheLibrary(SPlugin* plugin);
     QString initialize(SPlugin& plugin) const;
     void keepWhatPasses(const Step& step, std::vector<SPlugin>* leftOut);
     static void unload(const std::vector<SPlugin>& plugins);

@@ -17,7 +17,7 @@ struct SConnectionReport
 {
     std::size_t from = 0; ///< Numbers of nodes.
     std::size_t to = 0;
-    QString outPort; ///< The name of a port, or its number where its node has several on that side; else empty.
+    QString outPort; ///< The name of the port, or "port 1" where its node has several on that side; else empty.
     QString inPort;
     QString type; ///< "VGR", or "VGR to IMG" with a conversion.
     quint64 delivered = 0;

@@ -29,12 +29,14 @@ NodeDataConverter converterOf(const CNodeConnection& connection, const CNodeScen
                                              connection.dataType(ENodePortType::In));
 }
 
-// Empty for the only port of its side that has no name of its own.
+// Empty for the only port of its side; most have the name of their type, which is told anyway.
 QString portText(const CNodeDataModel& model, const CNodeConnection& connection, ENodePortType side)
 {
     const NodePortIndex port = connection.getPortIndex(side);
     const QString name = model.portCaption(side, port);
-    return name.isEmpty() && model.nPorts(side) > 1 ? QString::number(port) : name;
+    if (!name.isEmpty() && name != model.dataType(side, port).name)
+        return name;
+    return model.nPorts(side) > 1 ? QStringLiteral("port %1").arg(port) : QString();
 }
 
 QString typeText(const CNodeConnection& connection)
@@ -181,8 +183,8 @@ std::vector<SConnectionReport> CFlowMeter::connections() const
     for (const SEdge& edge : m_edges) {
         if (const auto connection = edge.connection.lock())
             reports.push_back({edge.from, edge.to, portText(*m_nodes[edge.from].model, *connection, ENodePortType::Out),
-                               portText(*m_nodes[edge.to].model, *connection, ENodePortType::In),
-                               typeText(*connection), edge.flow->delivered});
+                               portText(*m_nodes[edge.to].model, *connection, ENodePortType::In), typeText(*connection),
+                               edge.flow->delivered});
     }
     return reports;
 }

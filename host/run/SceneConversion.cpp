@@ -44,8 +44,9 @@ SFault secondCamera(const SDocumentGraph& graph, const SDocumentNode& camera)
     const SDocumentPlace place = first == graph.connections.end() ? SDocumentPlace() : first->place;
     const QString name = camera.camera.isEmpty() ? QStringLiteral("any camera")
                                                  : QStringLiteral("the camera %1").arg(shown(camera.camera));
-    return {true, EFaultRule::Camera, place.line, place.column, place.path,
-            QStringLiteral("%1 beside another one; a scene has one camera, --camera says which").arg(name)};
+    return {true,       EFaultRule::Camera,
+            place.line, place.column,
+            place.path, QStringLiteral("%1 beside another one; a scene has one camera, --camera says which").arg(name)};
 }
 
 // A name that no element has, for the camera that has none.
@@ -96,7 +97,8 @@ QByteArray sceneOfChain(const SDocumentFile& chain, const QString& camera, INode
     if (isForAny)
         name = unusedName(chain.graph);
     const QStringList run{name};
-    const auto graphs = CGraphBuilder(service, models).import(withCameras(chainOf(chain.name, chain.text), run), run, error);
+    const auto graphs =
+        CGraphBuilder(service, models).import(withCameras(chainOf(chain.name, chain.text), run), run, error);
     if (!error->isEmpty())
         return {};
     const QByteArray scene = graphs.front()->scene().saveToMemory();

@@ -233,12 +233,13 @@ void tst_CPluginFolder::nameThatIsTaken()
 {
     CPluginTestFolder folder;
     QVERIFY(folder.addTestPlugins({"required"}));
-    QVERIFY(folder.addFile("second.so", contentOf("required")));
+    QVERIFY(folder.addFile("copy.so", contentOf("required"))); // which is the same one
+    QVERIFY(folder.addFile("second.so", contentOf("required") + "another"));
     const CPluginFolder found(folder.path(), host());
     QCOMPARE(names(found), QStringList{"required"});
     QVERIFY(found.plugins()[0].isRequired);
     // The second is not, as there is one.
-    const QString first = CPluginTestFolder::testPlugin("required");
+    const QString first = found.plugins()[0].file;
     QCOMPARE(reasons(found), QStringList{QStringLiteral("a second 'required', after '%1'").arg(first)});
     QVERIFY(!found.refusals()[0].isRequired);
     const CPluginFolder ofNamesake(folder.path(), host("required"));

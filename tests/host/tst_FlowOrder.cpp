@@ -15,6 +15,8 @@ private Q_SLOTS:
     void everyNodeBehindThoseThatLeadToIt();
     void loopsAndWhatLiesBehindAreLeftOut();
     void longChain();
+    void depthIsTheLongestWay();
+    void depthsInLoops();
 };
 
 void tst_FlowOrder::everyNodeBehindThoseThatLeadToIt()
@@ -39,6 +41,19 @@ void tst_FlowOrder::longChain()
     QCOMPARE(order.size(), std::size_t(nodes));
     QCOMPARE(order.front(), nodes - 1);
     QCOMPARE(order.back(), 0);
+}
+
+void tst_FlowOrder::depthIsTheLongestWay()
+{
+    QCOMPARE(flowDepths(0, {}), std::vector<int>());
+    QCOMPARE(flowDepths(4, {{2, 1}, {1, 0}, {2, 0}, {2, 0}}), std::vector<int>({2, 1, 0, 0}));
+}
+
+void tst_FlowOrder::depthsInLoops()
+{
+    QCOMPARE(flowDepths(4, {{0, 1}, {1, 2}, {2, 1}, {2, 3}}), std::vector<int>({0, 1, 2, 3}));
+    QCOMPARE(flowDepths(2, {{0, 1}, {1, 0}}), std::vector<int>({0, 0}));
+    QCOMPARE(flowDepths(1, {{0, 0}}), std::vector<int>{0});
 }
 
 QTEST_GUILESS_MAIN(tst_FlowOrder)

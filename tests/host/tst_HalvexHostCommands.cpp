@@ -34,7 +34,11 @@ void tst_HalvexHostCommands::help_data()
                        "--buffers N"});
     addRow("check", QStringList{"check", "-h"},
            QStringList{"FILE", "--camera ID", "--json", "--sarif", "--strict", "--plugins DIR"});
-    addRow("compare", QStringList{"compare", "-h"}, QStringList{"A", "B"});
+    addRow("draw", QStringList{"draw", "-h"},
+           QStringList{"FILE", "--from-run REPORT", "-o,--output FILE", "--format FORMAT", "--plugins DIR"});
+    addRow("compare", QStringList{"compare", "-h"}, QStringList{"A", "B", "--json", "--plugins DIR"});
+    addRow("convert", QStringList{"convert", "-h"},
+           QStringList{"FILE", "-o,--output FILE", "--camera ID", "--plugins DIR"});
     addRow("models", QStringList{"models", "-h"}, QStringList{"NAME", "--plugins DIR"});
     addRow("cameras", QStringList{"cameras", "-h"}, QStringList{"ID"});
     addRow("plugins", QStringList{"plugins", "-h"}, QStringList{"--plugins DIR"});
@@ -81,6 +85,13 @@ void tst_HalvexHostCommands::refused_data()
     row("check a --json --sarif", "--json or --sarif, not both. See 'halvex-host check --help'.");
     row("check a --camera b --camera b", "--camera 'b' is given twice. See 'halvex-host check --help'.");
     row("compare a", "B is required. See 'halvex-host compare --help'.");
+    row("compare - -", "A or B from standard input, not both. See 'halvex-host compare --help'.");
+    row("draw", "Give a FILE or --from-run REPORT, one of them. See 'halvex-host draw --help'.");
+    row("draw a --from-run b", "Give a FILE or --from-run REPORT, one of them. See 'halvex-host draw --help'.");
+    row("draw a -o b.gif", "'b.gif' ends with none of .svg, .png and .dot; --format says what it is to be. "
+                           "See 'halvex-host draw --help'.");
+    row("draw a --format gif", "--format takes svg, png or dot, not 'gif'. See 'halvex-host draw --help'.");
+    row("convert", "FILE is required. See 'halvex-host convert --help'.");
     row("compare a b c", "Unexpected argument 'c'. See 'halvex-host compare --help'.");
 }
 

@@ -14,6 +14,7 @@ class tst_HalvexHostPlugins : public QObject
 
 private Q_SLOTS:
     void runsInspiteOfBadPlugins();
+    void runsWithCopiesOfThePlugins();
     void withoutAServiceItEnds();
     void withoutARequiredPluginItEnds();
 };
@@ -39,6 +40,22 @@ void tst_HalvexHostPlugins::runsInspiteOfBadPlugins()
     QVERIFY(tells(CPluginTestFolder::testPlugin("lacking"), "it needs 'nobody' 1.0.0, which is not there"));
     QVERIFY(tells(CPluginTestFolder::testPlugin("unresolved"), "functionThatNobodyHas"));
     QVERIFY(tells(CPluginTestFolder::testPlugin("no_instance"), "its instance is no plugin for this host"));
+}
+
+void tst_HalvexHostPlugins::runsWithCopiesOfThePlugins()
+{
+    // Files instead of links: the library three times, as a copy of a folder has it.
+    const QTemporaryDir folder;
+    const QFileInfoList files = QDir(QStringLiteral(HOST_PLUGINS)).entryInfoList(QDir::Files);
+    QVERIFY(files.size() > 2);
+    for (const QFileInfo& file : files)
+        QVERIFY(QFile::copy(file.filePath(), folder.filePath(file.fileName())));
+    CHostProgram program;
+    QCOMPARE(program.run({"--plugins", folder.path(), "--frames", "5"}), 0);
+    QVERIFY2(program.addsUp(), qPrintable(program.output()));
+    QCOMPARE(program.errorLines().filter("plugin"), QStringList());
+    QCOMPARE(program.exec({"plugins", "--plugins", folder.path()}), 0);
+    QVERIFY2(!program.output().contains("Not loaded"), qPrintable(program.output()));
 }
 
 void tst_HalvexHostPlugins::withoutAServiceItEnds()

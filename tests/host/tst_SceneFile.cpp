@@ -5,17 +5,41 @@
 
 #include "TestFile.h"
 #include "TestJson.h"
-#include "TestTable.h"
 
 #include <QTemporaryDir>
+#include <QTest>
 
 using namespace Host;
 
 namespace {
 
-QJsonObject object(const char* text)
+QByteArray text(const QJsonArray& nodes, const QJsonArray& connections)
 {
-    return json(text).toObject();
+    return QJsonDocument(QJsonObject{{"nodes", nodes}, {"connections", connections}}).toJson();
+}
+
+QJsonObject node(const char* id, const char* uniqueName = nullptr)
+{
+    QJsonObject model{{"name", "Any"}};
+    if (uniqueName) {
+        model.insert("is_unique", true);
+        model.insert("unique_name", uniqueName);
+    }
+    return {{"id", id}, {"model", model}};
+}
+
+QJsonObject connection(const char* from, const char* to, int outIndex = 0)
+{
+    return {{"out_id", from}, {"out_index", outIndex}, {"in_id", to}, {"in_index", 0}};
+}
+
+QStringList idsOf(const QByteArray& scene)
+{
+    QStringList ids;
+    const QJsonArray nodes = QJsonDocument::fromJson(scene).object().value("nodes").toArray();
+    for (const QJsonValue& each : nodes)
+        ids << each["id"].toString();
+    return ids;
 }
 
 } // namespace
@@ -26,90 +50,66 @@ class tst_SceneFile : public QObject
 
 private Q_SLOTS:
     void reads();
-    void refused_data();
-    void refused();
-    void deviceWithoutEndIsRefused();
-    void orderDoesNotMatter();
-    void uniqueNodesGoByTheirNames();
-    void differences();
-
-private:
-    QTemporaryDir m_folder;
-    QString m_file = m_folder.filePath("a.json");
+    void cannotRead();
+    void flowThenId();
+    void orderOfTheDocumentDoesNotMatter();
+    void loopsHaveAnOrderToo();
+    void uniqueNodeIsNamedByItsUniqueName();
 };
 
 void tst_SceneFile::reads()
 {
-    QVERIFY(write(m_file, "{\"nodes\": [1]}"));
+    const QTemporaryDir folder;
+    QVERIFY(write(folder.filePath("a.json"), "{}"));
     QString error;
-    QCOMPARE(readSceneFile(m_file, &error), object("{'nodes': [1]}"));
+    QCOMPARE(readDocument(folder.filePath("a.json"), &error), QByteArray("{}"));
     QCOMPARE(error, QString());
 }
 
-void tst_SceneFile::refused_data()
-{
-    addColumns<QByteArray, QString>({"bytes", "error"});
-    addRow("empty", QByteArray(""), "no JSON: line 1, column 1 (offset 0): illegal value");
-    addRow("cut off", QByteArray("{\n  \"nodes\": ["), "no JSON: line 2, column 13 (offset 14): unterminated array");
-    addRow("behind other characters than ASCII", QByteArray("{\n\"\xc3\xa4\xc3\xa4\": nonsense}"),
-           "no JSON: line 2, column 9 (offset 12): illegal value");
-    addRow("array", QByteArray("[]"), "the top level is no object");
-    addRow("nested too deeply", QByteArray(100000, '['), "no JSON: line 1, column ");
-}
-
-void tst_SceneFile::refused()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(QString, error);
-    QVERIFY(write(m_file, bytes));
-    QString told;
-    QVERIFY(readSceneFile(m_file, &told).isEmpty());
-    QVERIFY2(told.startsWith(QStringLiteral("cannot load '%1': %2").arg(m_file, error)), qPrintable(told));
-}
-
-void tst_SceneFile::deviceWithoutEndIsRefused()
+void tst_SceneFile::cannotRead()
 {
     QString error;
-    readSceneFile(QStringLiteral("/dev/zero"), &error);
-    QCOMPARE(error, QStringLiteral("cannot load '/dev/zero': it is larger than 64 MiB"));
+    readDocument("/nowhere.json", &error);
+    QCOMPARE(error, QString("cannot read '/nowhere.json': No such file or directory"));
+    error.clear();
+    readDocument("/dev/zero", &error);
+    QCOMPARE(error, QString("cannot read '/dev/zero': it is larger than 64 MiB"));
 }
 
-void tst_SceneFile::orderDoesNotMatter()
+void tst_SceneFile::flowThenId()
 {
-    const QJsonObject left =
-        object("{'nodes': [{'id': 'a', 'model': {'name': 'A'}}, {'id': 'b'}], 'connections': [1, 2, 2]}");
-    const QJsonObject right =
-        object("{'connections': [2, 1, 2], 'nodes': [{'id': 'b'}, {'model': {'name': 'A'}, 'id': 'a'}]}");
-    QCOMPARE(sceneDifference(left, right), QString());
+    const QByteArray scene = orderedScene(text({node("a"), node("b"), node("c"), node("d")},
+                                               {connection("d", "c"), connection("d", "b"), connection("c", "a")}));
+    QCOMPARE(idsOf(scene), QStringList({"d", "b", "c", "a"}));
 }
 
-void tst_SceneFile::uniqueNodesGoByTheirNames()
+void tst_SceneFile::orderOfTheDocumentDoesNotMatter()
 {
-    const auto document = [](const char* id, const char* name, const char* isUnique = "true",
-                             const char* outId = nullptr) {
-        const QString text = QStringLiteral("{'nodes': [{'id': '%1', 'model': {'is_unique': %3, 'unique_name': '%2'}}, "
-                                            "{'id': 'b'}], 'connections': [{'out_id': '%4', 'in_id': 'b'}]}");
-        return json(text.arg(id, name, isUnique, outId ? outId : id).toUtf8()).toObject();
+    const QByteArray one = orderedScene(text({node("a"), node("b"), node("c")},
+                                             {connection("b", "a", 1), connection("b", "a", 0), connection("c", "a")}));
+    const QByteArray other = orderedScene(text(
+        {node("c"), node("b"), node("a")}, {connection("c", "a"), connection("b", "a", 0), connection("b", "a", 1)}));
+    QCOMPARE(one, other);
+    QCOMPARE(orderedScene(one), one);
+    QVERIFY(one.endsWith("}\n"));
+}
+
+void tst_SceneFile::loopsHaveAnOrderToo()
+{
+    const QJsonArray loop{connection("c", "b"), connection("b", "a"), connection("a", "b"), connection("a", "d")};
+    QCOMPARE(idsOf(orderedScene(text({node("d"), node("c"), node("b"), node("a")}, loop))),
+             QStringList({"c", "b", "a", "d"}));
+}
+
+void tst_SceneFile::uniqueNodeIsNamedByItsUniqueName()
+{
+    const auto scene = [](const char* id, const char* name) {
+        return orderedScene(text({node("x"), node(id, name)}, {connection(id, "x")}));
     };
-    QCOMPARE(sceneDifference(document("1", "left"), document("2", "left")), QString());
-    QVERIFY(!sceneDifference(document("1", "left"), document("1", "right")).isEmpty());
-    QVERIFY(!sceneDifference(document("1", "left", "false"), document("2", "left", "false")).isEmpty());
-    QVERIFY(!sceneDifference(document("1", "left"), document("1", "left", "false")).isEmpty());
-    QVERIFY(!sceneDifference(document("1", "left"), document("2", "left", "true", "1")).isEmpty());
-}
-
-void tst_SceneFile::differences()
-{
-    const auto difference = [](const char* other) {
-        return sceneDifference(object("{'nodes': ['a', 'b'], 'connections': [1]}"), object(other));
-    };
-    QCOMPARE(difference("{'nodes': ['a'], 'connections': [1]}"), QString("only the first has, in nodes: [\"b\"]"));
-    QCOMPARE(difference("{'nodes': ['a', 'b', 'b'], 'connections': [1]}"),
-             QString("only the second has, in nodes: [\"b\"]"));
-    QCOMPARE(difference("{'nodes': ['a', 'b'], 'connections': [2]}"),
-             QString("only the first has, in connections: [1]"));
-    QCOMPARE(difference("{'nodes': ['a', 'b'], 'connections': [1], 'x': 1}"),
-             QString("what is neither node nor connection"));
+    QCOMPARE(scene("1", "left"), scene("2", "left"));
+    QVERIFY(idsOf(scene("1", "left")) != idsOf(scene("1", "right")));
+    const QJsonObject document = QJsonDocument::fromJson(scene("1", "left")).object();
+    QCOMPARE(document["connections"][0]["out_id"], document["nodes"][0]["id"]);
 }
 
 QTEST_GUILESS_MAIN(tst_SceneFile)

@@ -107,7 +107,8 @@ void tst_CheckFiles::tooLarge()
     QFile large("large.json");
     QVERIFY(large.open(QIODevice::WriteOnly) && large.resize(64 * 1024 * 1024 + 1));
     const SCheckOutcome outcome = check({"large.json"});
-    QCOMPARE(outcome.report, QByteArray("large.json: error: larger than 64 MiB\nlarge.json: 1 error\n"));
+    QCOMPARE(outcome.report,
+             QByteArray("large.json: error: cannot read: it is larger than 64 MiB\nlarge.json: 1 error\n"));
     QCOMPARE(outcome.exitCode, 2);
 }
 

@@ -1,0 +1,99 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/documents/PictureText.h"
+
+#include "SReadDocuments.h"
+#include "host/documents/DocumentPicture.h"
+#include "host/documents/Drawing.h"
+
+#include <QTest>
+
+using namespace Host;
+
+class tst_PictureText : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void nodesAndEdges();
+    void textFromElsewhere();
+    void groups();
+    void largeOnesLackTypes();
+    void drawings();
+    void noDot();
+};
+
+void tst_PictureText::nodesAndEdges()
+{
+    SReadDocuments documents;
+    const QByteArray text = dotText(documentPicture(documents.graphOf(
+        "[{'name': 'a', 'model': {'name': 'DecouplerVGR'}, 'unique_sources': [['left']], 'connection': [['b']]},"
+        " {'name': 'b', 'model': {'name': 'To Image'},"
+        "  'connection': [[{'name': 'c', 'index_in': 0, 'index _out': 0}, {'name': 'c', 'index_in': 1, 'index _out': "
+        "0}]]},"
+        " {'name': 'c', 'model': {'name': 'Split'}},"
+        " {'name': 'd', 'model': {'name': 'Nobody'}}]")));
+    for (const char* part : {"layout=dot rankdir=LR", "<B>Camera: left</B>", "<B>Decoupler for VGR</B><BR/>",
+                             ">a</FONT>", "dashed", "<B>Nobody</B>", "n0 -> n1 [label=<VGR>]",
+                             "n2 -> n3 [label=<IMG<BR/>to left>]", "n2 -> n3 [label=<IMG<BR/>to port 1>]"})
+        QVERIFY2(text.contains(part), text.constData());
+}
+
+void tst_PictureText::textFromElsewhere()
+{
+    SPicture picture;
+    picture.nodes.resize(1);
+    picture.nodes[0].caption = QStringLiteral("<a> & \"b\"\n\x01");
+    const QByteArray text = dotText(picture);
+    QVERIFY2(text.contains("<B>&lt;a&gt; &amp; &quot;b&quot;  </B>"), text.constData());
+    QString error;
+    QVERIFY(draw(text, EDrawing::Svg, &error).contains("&lt;a&gt;"));
+    QCOMPARE(error, QString());
+}
+
+void tst_PictureText::groups()
+{
+    SPicture picture;
+    picture.nodes.resize(2);
+    picture.nodes[1].group = 1;
+    picture.groups = QStringList{"left", "right"};
+    const QByteArray text = dotText(picture);
+    QVERIFY(text.indexOf("label=<left>") < text.indexOf("n0 ["));
+    QVERIFY(text.indexOf("n0 [") < text.indexOf("label=<right>"));
+    QVERIFY(text.indexOf("label=<right>") < text.indexOf("n1 ["));
+}
+
+void tst_PictureText::largeOnesLackTypes()
+{
+    SPicture picture;
+    picture.nodes.resize(mostInLayers);
+    picture.edges.push_back({0, 1, "VGR", {}, {}, {}});
+    QVERIFY(dotText(picture).contains("<VGR>"));
+    picture.nodes.resize(mostInLayers + 1);
+    const QByteArray text = dotText(picture);
+    QVERIFY(text.contains("layout=sfdp") && !text.contains("<VGR>"));
+}
+
+void tst_PictureText::drawings()
+{
+    SPicture picture;
+    picture.nodes.resize(2);
+    picture.edges.push_back({0, 1, "VGR", {}, {}, {}});
+    const QByteArray text = dotText(picture);
+    QString error;
+    QCOMPARE(draw(text, EDrawing::Dot, &error), text);
+    QVERIFY(draw(text, EDrawing::Svg, &error).contains("<svg "));
+    QVERIFY(draw(text, EDrawing::Png, &error).startsWith("\x89PNG"));
+    QCOMPARE(error, QString());
+}
+
+void tst_PictureText::noDot()
+{
+    QString error;
+    QCOMPARE(draw("digraph {", EDrawing::Svg, &error), QByteArray());
+    QVERIFY2(error.contains("syntax error"), qPrintable(error));
+}
+
+QTEST_GUILESS_MAIN(tst_PictureText)
+#include "tst_PictureText.moc"
