@@ -59,7 +59,7 @@ struct SDocumentConnection
 struct SDocumentGraph
 {
     EDocumentKind kind = EDocumentKind::Any; ///< Any if it is neither.
-    std::vector<SDocumentNode> nodes;        ///< In the order of the document; the cameras of a chain come first.
+    std::vector<SDocumentNode> nodes;        ///< In the order of the document, and the cameras of a chain.
     std::vector<SDocumentConnection> connections;
 };
 

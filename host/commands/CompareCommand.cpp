@@ -78,10 +78,10 @@ void addCompareCommand(CLI::App& program, Action* action)
 {
     const auto arguments = std::make_shared<SCompareArguments>();
     CLI::App& command =
-        addCommand(program, "compare",
-                   "Tell what two chains or scenes differ in, whatever their nodes are called; exit code 0 or 1.",
+        addCommand(program, "compare", "Tell what two chains or scenes differ in, whatever their nodes are called.",
                    "  halvex-host compare before.json after.json\n"
-                   "  halvex-host convert scene.json | halvex-host compare chain.json -");
+                   "  halvex-host convert scene.json | halvex-host compare chain.json -\n"
+                   "Exit codes: 0 the same, 1 different, 2 one of them cannot be read.");
     command.add_option("A", arguments->left, "A chain or a scene document; '-' is standard input.")
         ->required()
         ->type_name("");

@@ -111,8 +111,7 @@ void addDrawCommand(CLI::App& program, Action* action)
     const auto arguments = std::make_shared<SDrawArguments>();
     CLI::App& command = addCommand(program, "draw", "Draw a chain, a scene, or what a run did, as SVG, PNG or DOT.",
                                    "  halvex-host draw chain.json -o chain.svg\n"
-                                   "  halvex-host run --json run.json; "
-                                   "halvex-host draw --from-run run.json -o run.png\n"
+                                   "  halvex-host run --json - | halvex-host draw --from-run - -o run.png\n"
                                    "  halvex-host draw scene.json > scene.svg");
     command.add_option("FILE", arguments->file, "A chain or a scene document; '-' is standard input.")->type_name("");
     command

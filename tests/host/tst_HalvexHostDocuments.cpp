@@ -84,7 +84,7 @@ void tst_HalvexHostDocuments::drawsWhatIsInErrorButNotWhatIsUnclear()
     QCOMPARE(program.exec({"draw", file}), 2);
     QCOMPARE(program.errorLines(),
              QStringList({QStringLiteral("halvex-host: cannot read '%1': it has 1 error:").arg(file),
-                          file + ":1:60: error: $[0].connection[0][0]: no element is named 'b'"}));
+                          file + ":1:59: error: $[0].connection[0][0]: no element is named 'b'; there is only 'a'"}));
 }
 
 void tst_HalvexHostDocuments::cannotDraw()

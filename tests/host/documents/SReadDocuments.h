@@ -6,6 +6,7 @@
 #include "SHostService.h"
 #include "host/check/CDocumentCheck.h"
 #include "host/check/CModelCatalogue.h"
+#include "host/models/CBlurModel.h"
 
 #include <QByteArray>
 

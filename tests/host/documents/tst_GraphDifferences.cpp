@@ -65,7 +65,7 @@ private:
 
 QStringList tst_GraphDifferences::compare(const QByteArray& left, const QByteArray& right)
 {
-    CNodeDataModelRegistry& registry = *m_documents.host.nodes.registry();
+    Plugin::Halvex::CNodeDataModelRegistry& registry = *m_documents.host.nodes.registry();
     QStringList lines;
     for (const SDifference& each : graphDifferences(comparedGraph(m_documents.graphOf(left), registry),
                                                     comparedGraph(m_documents.graphOf(right), registry)))
@@ -106,8 +106,9 @@ void tst_GraphDifferences::different_data()
            QStringList{"nodes[\"blur\"].model.property.size: 15 here, 7 there"});
     addRow("another model", changed("'Edges'", "'Threshold'"),
            QStringList{"nodes[\"edges\"].model.name: \"Edges\" here, \"Threshold\" there",
-                       "nodes[\"edges\"].model.property.high: 90 here, none there",
-                       "nodes[\"edges\"].model.property.level: none here, 127 there"});
+                       "nodes[\"edges\"].model.property.level: 150 here, 128 there",
+                       "nodes[\"edges\"].model.property.method: \"Canny\" here, \"Otsu\" there",
+                       "nodes[\"edges\"].model.property.size: 3 here, none there"});
     addRow("a camera", changed("'*'", "'left'"),
            QStringList{"nodes[\"camera\"].model.unique_name: none here, \"left\" there"});
     addRow("a node less", changed(", 'edges'", "").replace("{'name': 'edges', 'model': {'name': 'Edges'}},", ""),
