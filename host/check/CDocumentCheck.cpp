@@ -93,7 +93,7 @@ void CDocumentCheck::addCaptions(SDocumentGraph* graph) const
 {
     for (SDocumentNode& node : graph->nodes) {
         const QString name = node.camera.isEmpty() ? QStringLiteral("any") : node.camera;
-        if (node.kind == EDocumentNode::Camera)
+        if (node.kind == ENodeKind::Source)
             node.caption = m_models.createCameraSource(name)->caption();
     }
 }

@@ -24,13 +24,13 @@ SDocumentPlace placeOf(const SJsonNode* json, const CFaultList& faults)
     return {place.line, place.column, pathOf(*json)};
 }
 
-EDocumentNode kindOf(const SGraphNode& node)
+ENodeKind kindOf(const SGraphNode& node)
 {
     if (node.isCamera)
-        return EDocumentNode::Camera;
+        return ENodeKind::Source;
     if (node.isDecoupler)
-        return EDocumentNode::Decoupler;
-    return node.hasModel && node.outputs.empty() ? EDocumentNode::Sink : EDocumentNode::Filter;
+        return ENodeKind::Decoupler;
+    return node.hasModel && node.outputs.empty() ? ENodeKind::Sink : ENodeKind::Filter;
 }
 
 // The camera of a scene is called as its model says, that of a chain as its sources do.

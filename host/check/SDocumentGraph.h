@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "host/base/NodeKind.h"
 #include "host/check/CModelCatalogue.h"
 #include "host/check/SCheckOptions.h"
 
@@ -21,23 +22,15 @@ struct SDocumentPlace
     QString path; ///< JSONPath.
 };
 
-enum class EDocumentNode
-{
-    Filter,
-    Camera, ///< Stands for a camera of the run.
-    Decoupler,
-    Sink
-};
-
 /// A node of a document. A plain value.
 struct SDocumentNode
 {
-    EDocumentNode kind = EDocumentNode::Filter;
-    QString label;     ///< That of a chain's element, or the id of a scene's node; empty for a camera.
-    QString camera;    ///< The name of a camera; empty for any camera, and for what is none.
-    QJsonObject model; ///< As it is written; empty for the camera of a chain.
-    QString caption;   ///< What a person reads on it.
-    PortTypes inputs;  ///< None if the model cannot be made.
+    ENodeKind kind = ENodeKind::Filter; ///< A source is a camera of the run.
+    QString label;                      ///< That of a chain's element, or the id of a scene's node; empty for a camera.
+    QString camera;                     ///< The name of a camera; empty for any camera, and for what is none.
+    QJsonObject model;                  ///< As it is written; empty for the camera of a chain.
+    QString caption;                    ///< What a person reads on it.
+    PortTypes inputs;                   ///< None if the model cannot be made.
     PortTypes outputs;
     QStringList inputNames; ///< What a person reads on the ports; may be empty.
     QStringList outputNames;

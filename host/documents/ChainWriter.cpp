@@ -24,7 +24,7 @@ namespace {
 
 bool isFromCamera(const SDocumentGraph& graph, const SDocumentConnection& connection)
 {
-    return graph.nodes[std::size_t(connection.from)].kind == EDocumentNode::Camera;
+    return graph.nodes[std::size_t(connection.from)].kind == ENodeKind::Source;
 }
 
 QString converterText(const SDocumentConnection& connection, CModelCatalogue& models)
@@ -104,7 +104,7 @@ QByteArray chainText(const SDocumentGraph& graph)
     QJsonArray elements;
     for (const int node : flowOrderOf(graph)) {
         const auto at = std::size_t(node);
-        if (graph.nodes[at].kind != EDocumentNode::Camera)
+        if (graph.nodes[at].kind != ENodeKind::Source)
             elements.append(elementJson(graph.nodes[at], labels.at(node), sources[at], targets[at]));
     }
     return QJsonDocument(elements).toJson();

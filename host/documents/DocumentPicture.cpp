@@ -11,21 +11,6 @@ using namespace Plugin::Halvex;
 
 namespace {
 
-EPictureNode kindOf(const SDocumentNode& node)
-{
-    switch (node.kind) {
-    case EDocumentNode::Camera:
-        return EPictureNode::Source;
-    case EDocumentNode::Decoupler:
-        return EPictureNode::Decoupler;
-    case EDocumentNode::Sink:
-        return EPictureNode::Sink;
-    case EDocumentNode::Filter:
-        break;
-    }
-    return EPictureNode::Filter;
-}
-
 SNodeDataType typeOf(const PortTypes& ports, int port)
 {
     return port >= 0 && std::size_t(port) < ports.size() ? ports[std::size_t(port)] : SNodeDataType();
@@ -67,7 +52,7 @@ SPicture documentPicture(const SDocumentGraph& graph)
     SPicture picture;
     for (const SDocumentNode& node : graph.nodes) {
         SPictureNode drawn;
-        drawn.kind = kindOf(node);
+        drawn.kind = node.kind;
         drawn.caption = node.caption;
         // An id tells nobody anything.
         if (graph.kind == EDocumentKind::Chain)

@@ -28,7 +28,7 @@ QString modelLabel(const QJsonObject& model)
 QString wantedLabel(const SDocumentNode& node, bool isChain, bool hasOneCamera)
 {
     const QString camera = QStringLiteral("camera");
-    if (node.kind == EDocumentNode::Camera)
+    if (node.kind == ENodeKind::Source)
         return hasOneCamera || node.camera.isEmpty() ? camera : QStringLiteral("%1 %2").arg(camera, node.camera);
     return isChain ? node.label : modelLabel(node.model);
 }
@@ -39,7 +39,7 @@ QStringList nodeLabels(const SDocumentGraph& graph)
 {
     const bool isChain = graph.kind == EDocumentKind::Chain;
     const auto cameras = std::count_if(graph.nodes.begin(), graph.nodes.end(),
-                                       [](const SDocumentNode& node) { return node.kind == EDocumentNode::Camera; });
+                                       [](const SDocumentNode& node) { return node.kind == ENodeKind::Source; });
     QSet<QString> taken;
     for (const SDocumentNode& node : graph.nodes) {
         // In a chain, names of cameras and of elements are one space.
@@ -54,7 +54,7 @@ QStringList nodeLabels(const SDocumentGraph& graph)
     QHash<QString, int> last; // the number that was given last
     for (const int node : flowOrderOf(graph)) {
         const SDocumentNode& each = graph.nodes[std::size_t(node)];
-        const bool hasLabel = isChain && each.kind != EDocumentNode::Camera;
+        const bool hasLabel = isChain && each.kind != ENodeKind::Source;
         const QString wanted = wantedLabel(each, isChain, cameras == 1);
         QString label = wanted;
         while (!hasLabel && taken.contains(label)) {

@@ -47,16 +47,16 @@ QString nodeLabel(const SPictureNode& node)
     return lines.join(QStringLiteral("<BR/>"));
 }
 
-QString nodeStyle(EPictureNode kind)
+QString nodeStyle(ENodeKind kind)
 {
     switch (kind) {
-    case EPictureNode::Source:
+    case ENodeKind::Source:
         return QStringLiteral(" fillcolor=\"#e3f4e8\" color=\"#4f9a6b\"");
-    case EPictureNode::Decoupler:
+    case ENodeKind::Decoupler:
         return QStringLiteral(" fillcolor=\"#fdf3d8\" color=\"#c29a2f\" style=\"rounded,filled,dashed\"");
-    case EPictureNode::Sink:
+    case ENodeKind::Sink:
         return QStringLiteral(" fillcolor=\"#e2edfb\" color=\"#5a86c5\"");
-    case EPictureNode::Filter:
+    case ENodeKind::Filter:
         break;
     }
     return {};
@@ -120,7 +120,7 @@ QByteArray dotText(const SPicture& picture)
 {
     QString text;
     QTextStream out(&text);
-    out << "digraph halvex {\n"
+    out << "digraph Halvex {\n"
            "    bgcolor=white pad=0.3 fontname=\"Helvetica\" fontsize=11\n";
     const bool hasLayers = isLayered(picture);
     if (hasLayers)

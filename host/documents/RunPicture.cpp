@@ -5,7 +5,6 @@
 
 #include "host/report/Counted.h"
 
-#include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -14,18 +13,10 @@ namespace Host {
 
 namespace {
 
-EPictureNode kindOf(const QJsonValue& node)
-{
-    static const QHash<QString, EPictureNode> kinds{{QStringLiteral("source"), EPictureNode::Source},
-                                                    {QStringLiteral("decoupler"), EPictureNode::Decoupler},
-                                                    {QStringLiteral("sink"), EPictureNode::Sink}};
-    return kinds.value(node["kind"].toString(), EPictureNode::Filter);
-}
-
 SPictureNode nodeOf(const QJsonValue& json, int group)
 {
     SPictureNode node;
-    node.kind = kindOf(json);
+    node.kind = kindNamed(json["kind"].toString());
     node.caption = json["name"].toString();
     node.group = group;
     const QJsonValue rate = json["frames_per_second"];

@@ -67,7 +67,7 @@ QJsonObject completed(QJsonObject written, const QJsonObject& defaults)
 QJsonObject comparedModel(const SDocumentNode& node, EDocumentKind kind, CDefaults* defaults)
 {
     const QString uniqueName(DocumentKeys::uniqueName);
-    if (node.kind == EDocumentNode::Camera)
+    if (node.kind == ENodeKind::Source)
         return node.camera.isEmpty() ? QJsonObject() : QJsonObject{{uniqueName, node.camera}};
     QJsonObject model = completed(node.model, defaults->of(node.model.value(DocumentKeys::name).toString()));
     // An import makes every element of a chain a node that is not unique.

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "host/base/NodeKind.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -10,18 +12,10 @@
 
 namespace Host {
 
-enum class EPictureNode
-{
-    Filter,
-    Source,
-    Decoupler,
-    Sink
-};
-
 /// A node as it is drawn. A plain value.
 struct SPictureNode
 {
-    EPictureNode kind = EPictureNode::Filter;
+    ENodeKind kind = ENodeKind::Filter;
     QString caption;
     QString label;   ///< Below the caption, smaller; may be empty.
     QString note;    ///< What a run measured; may be empty.

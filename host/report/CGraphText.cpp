@@ -3,6 +3,8 @@
 
 #include "host/report/CGraphText.h"
 
+#include "host/documents/PictureText.h"
+
 #include <Halvex/scene/CNodeScene.h>
 
 #include <QTextStream>
@@ -26,45 +28,38 @@ bool isWhole(const CNodeConnection& connection)
     return nodeAt(connection, ENodePortType::In) && nodeAt(connection, ENodePortType::Out);
 }
 
-QString edgeLabel(const CNodeConnection& connection)
+} // namespace
+
+QString connectionType(const CNodeConnection& connection)
 {
     const SNodeDataType from = connection.dataType(ENodePortType::Out);
     const SNodeDataType to = connection.dataType(ENodePortType::In);
     return from.id == to.id ? from.name : QStringLiteral("%1 to %2").arg(from.name, to.name);
 }
 
-QString quoted(QString text)
-{
-    text.replace(QLatin1Char('\\'), QLatin1String("\\\\")).replace(QLatin1Char('"'), QLatin1String("\\\""));
-    return QLatin1Char('"') + text + QLatin1Char('"');
-}
-
-} // namespace
-
 CGraphText::CGraphText(const CNodeScene& scene)
 {
     addEdges(scene, addNodes(scene));
 }
 
-// The longest way from a node without input to each node.
+// How deep in the flow each node lies.
 CGraphText::Numbers CGraphText::depths(const CNodeScene& scene)
 {
-    Numbers depths;
-    // No way without a loop is longer than there are nodes; stopping there also ends with loops.
-    bool isChanged = true;
-    for (std::size_t round = 0; isChanged && round < scene.nodes().size(); ++round) {
-        isChanged = false;
-        for (const auto& entry : scene.connections()) {
-            const CNodeConnection& connection = *entry.second;
-            if (!isWhole(connection))
-                continue;
-            const int least = depths[nodeAt(connection, ENodePortType::Out)] + 1;
-            int& depth = depths[nodeAt(connection, ENodePortType::In)];
-            isChanged = isChanged || depth < least;
-            depth = std::max(depth, least);
-        }
+    Numbers numbers;
+    for (const auto& entry : scene.nodes())
+        numbers.emplace(entry.second.get(), int(numbers.size()));
+    FlowEdges edges;
+    for (const auto& entry : scene.connections()) {
+        const auto from = numbers.find(nodeAt(*entry.second, ENodePortType::Out));
+        const auto to = numbers.find(nodeAt(*entry.second, ENodePortType::In));
+        // A connection may lead to a node of another scene, or to none.
+        if (from != numbers.end() && to != numbers.end())
+            edges.emplace_back(from->second, to->second);
     }
-    return depths;
+    const std::vector<int> depths = flowDepths(int(numbers.size()), edges);
+    for (auto& number : numbers)
+        number.second = depths[std::size_t(number.second)];
+    return numbers;
 }
 
 CGraphText::Numbers CGraphText::addNodes(const CNodeScene& scene)
@@ -83,6 +78,7 @@ CGraphText::Numbers CGraphText::addNodes(const CNodeScene& scene)
         numbers[std::get<3>(place)] = int(m_nodes.size());
         m_nodes.push_back(std::get<3>(place));
         m_captions.push_back(std::get<1>(place));
+        m_kinds.push_back(kindOf(*std::get<3>(place)->nodeDataModel()));
     }
     return numbers;
 }
@@ -97,7 +93,7 @@ void CGraphText::addEdges(const CNodeScene& scene, const Numbers& numbers)
         const auto to = numbers.find(nodeAt(connection, ENodePortType::In));
         // A connection may lead to a node of another scene.
         if (from != numbers.end() && to != numbers.end())
-            m_edges.push_back({from->second, to->second, edgeLabel(connection)});
+            m_edges.push_back({from->second, to->second, connectionType(connection)});
     }
     std::sort(m_edges.begin(), m_edges.end(), [](const SEdge& left, const SEdge& right) {
         return std::tie(left.from, left.to, left.label) < std::tie(right.from, right.to, right.label);
@@ -129,16 +125,15 @@ QString CGraphText::text() const
 
 QString CGraphText::dot() const
 {
-    QString text;
-    QTextStream out(&text);
-    out << "digraph Halvex {\n    rankdir=LR\n    node [shape=box]\n";
-    for (std::size_t node = 0; node < m_captions.size(); ++node)
-        out << "    n" << node << " [label=" << quoted(m_captions[node]) << "]\n";
+    SPicture picture;
+    for (std::size_t node = 0; node < m_captions.size(); ++node) {
+        picture.nodes.emplace_back();
+        picture.nodes.back().kind = m_kinds[node];
+        picture.nodes.back().caption = m_captions[node];
+    }
     for (const SEdge& edge : m_edges)
-        out << "    n" << edge.from << " -> n" << edge.to << " [label=" << quoted(edge.label) << "]\n";
-    out << "}\n";
-    out.flush();
-    return text;
+        picture.edges.push_back({edge.from, edge.to, edge.label, {}, {}, {}});
+    return QString::fromUtf8(dotText(picture));
 }
 
 } // namespace Host

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "host/base/FlowOrder.h"
+#include "host/base/NodeKind.h"
 
 #include <QString>
 
@@ -19,6 +20,9 @@ class CNodeScene;
 
 namespace Host {
 
+/// "VGR", or "VGR to IMG" with a conversion.
+QString connectionType(const Plugin::Halvex::CNodeConnection& connection);
+
 /**
  * A scene as text, the same text for the same graph: nodes in the order of the data, those at the same depth by
  * caption and id. Half connections are left out.
@@ -33,7 +37,7 @@ public:
     /// For people, one line for each node and each connection.
     QString text() const;
 
-    /// In the DOT language of graph drawing programs.
+    /// In the DOT language, as `draw` has it.
     QString dot() const;
 
     /// The nodes by their numbers in the text. Without loops, each comes behind all that lead to it.
@@ -47,7 +51,7 @@ private:
     {
         int from;
         int to;
-        QString label; ///< "VGR", or "VGR to IMG" with a conversion.
+        QString label; ///< Its connectionType().
     };
     using Numbers = std::map<const Plugin::Halvex::CNodeBase*, int>;
 
@@ -57,6 +61,7 @@ private:
 
     std::vector<const Plugin::Halvex::CNodeBase*> m_nodes;
     std::vector<QString> m_captions;
+    std::vector<ENodeKind> m_kinds;
     std::vector<SEdge> m_edges;
 };
 

@@ -23,7 +23,7 @@ QJsonValue number(std::optional<Number> value)
 QJsonObject nodeJson(const SNodeReport& node)
 {
     return {{"name", node.name},
-            {"kind", node.kind},
+            {"kind", kindName(node.kind)},
             {"in", number(node.in)},
             {"out", number(node.out)},
             {"frames_per_second", number(node.framesPerSecond)},
@@ -38,12 +38,9 @@ QJsonObject nodeJson(const SNodeReport& node)
 
 QJsonObject connectionJson(const SConnectionReport& connection)
 {
-    return {{"from", int(connection.from)},
-            {"out_port", connection.outPort},
-            {"to", int(connection.to)},
-            {"in_port", connection.inPort},
-            {"type", connection.type},
-            {"delivered", double(connection.delivered)}};
+    return {{"from", int(connection.from)}, {"out_port", connection.outPort},
+            {"to", int(connection.to)},     {"in_port", connection.inPort},
+            {"type", connection.type},      {"delivered", double(connection.delivered)}};
 }
 
 QJsonObject sinkJson(const SSinkReport& sink)

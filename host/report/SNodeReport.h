@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "host/base/NodeKind.h"
 #include "host/report/CDelays.h"
 
 #include <QString>
@@ -26,7 +27,7 @@ struct SConnectionReport
 /// What one node of a run did. Nothing stands where nothing was measured, or where a model tells nothing.
 struct SNodeReport
 {
-    QString kind; ///< "source", "filter", "decoupler" or "sink".
+    ENodeKind kind = ENodeKind::Filter;
     QString name; ///< Its number in the graph and its caption.
     std::optional<quint64> in;
     std::optional<quint64> out;

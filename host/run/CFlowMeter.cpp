@@ -4,6 +4,7 @@
 #include "host/run/CFlowMeter.h"
 
 #include "host/models/IFrameInfo.h"
+#include "host/report/CGraphText.h"
 #include "host/report/Counted.h"
 
 #include <Halvex/graph/DocumentKeys.h>
@@ -37,13 +38,6 @@ QString portText(const CNodeDataModel& model, const CNodeConnection& connection,
     if (!name.isEmpty() && name != model.dataType(side, port).name)
         return name;
     return model.nPorts(side) > 1 ? QStringLiteral("port %1").arg(port) : QString();
-}
-
-QString typeText(const CNodeConnection& connection)
-{
-    const SNodeDataType from = connection.dataType(ENodePortType::Out);
-    const SNodeDataType to = connection.dataType(ENodePortType::In);
-    return from.id == to.id ? from.name : QStringLiteral("%1 to %2").arg(from.name, to.name);
 }
 
 } // namespace
@@ -152,7 +146,7 @@ SNodeReport CFlowMeter::report(std::size_t node) const
     report.name = known.caption;
     const bool hasInputs = known.model->nPorts(ENodePortType::In) > 0;
     const bool hasOutputs = known.model->nPorts(ENodePortType::Out) > 0;
-    report.kind = QLatin1String(!hasInputs ? "source" : hasOutputs ? "filter" : "sink");
+    report.kind = kindOf(*known.model);
     if (hasInputs)
         report.in = delivered(node);
     if (hasOutputs)
@@ -183,8 +177,8 @@ std::vector<SConnectionReport> CFlowMeter::connections() const
     for (const SEdge& edge : m_edges) {
         if (const auto connection = edge.connection.lock())
             reports.push_back({edge.from, edge.to, portText(*m_nodes[edge.from].model, *connection, ENodePortType::Out),
-                               portText(*m_nodes[edge.to].model, *connection, ENodePortType::In), typeText(*connection),
-                               edge.flow->delivered});
+                               portText(*m_nodes[edge.to].model, *connection, ENodePortType::In),
+                               connectionType(*connection), edge.flow->delivered});
     }
     return reports;
 }

@@ -110,7 +110,8 @@ std::unique_ptr<CStreamGraph> CGraphBuilder::load(const QString& file, const QSt
 {
     const QByteArray text = readDocument(file, error);
     if (error->isEmpty())
-        *error = errorsText({inputName(file), CDocumentCheck(m_service, m_models, {EDocumentKind::Scene, {camera}}).check(text)});
+        *error = errorsText(
+            {inputName(file), CDocumentCheck(m_service, m_models, {EDocumentKind::Scene, {camera}}).check(text)});
     if (!error->isEmpty())
         return nullptr;
     const SCameraScene place = addCamera(camera);

@@ -177,7 +177,6 @@ void CStreamGraph::accountNode(std::size_t node, SRunReport* report) const
     }
     if (auto* const decoupler = qobject_cast<CNodeDecouplerDataModelBase*>(model)) {
         const SDecouplerStatistics counts = decoupler->statistics();
-        row.kind = QStringLiteral("decoupler");
         row.dropped = counts.dropped + counts.cancelled;
         row.pending = counts.pending;
         const auto known = std::find_if(m_decouplers.begin(), m_decouplers.end(),

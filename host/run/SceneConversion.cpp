@@ -29,7 +29,7 @@ std::vector<const SDocumentNode*> camerasOf(const SDocumentGraph& graph)
 {
     std::vector<const SDocumentNode*> cameras;
     for (const SDocumentNode& node : graph.nodes) {
-        if (node.kind == EDocumentNode::Camera)
+        if (node.kind == ENodeKind::Source)
             cameras.push_back(&node);
     }
     return cameras;

@@ -105,18 +105,16 @@ void sortNodes(Objects* nodes, const Objects& connections)
 void sortConnections(Objects* connections, const QHash<QString, int>& places)
 {
     const auto keyOf = [&places](const QJsonObject& json) {
-        return std::make_tuple(places.value(json.value(DocumentKeys::outId).toString()),
-                               json.value(DocumentKeys::outIndex).toInt(),
-                               places.value(json.value(DocumentKeys::inId).toString()),
-                               json.value(DocumentKeys::inIndex).toInt(),
-                               QJsonDocument(json).toJson(QJsonDocument::Compact));
+        return std::make_tuple(
+            places.value(json.value(DocumentKeys::outId).toString()), json.value(DocumentKeys::outIndex).toInt(),
+            places.value(json.value(DocumentKeys::inId).toString()), json.value(DocumentKeys::inIndex).toInt(),
+            QJsonDocument(json).toJson(QJsonDocument::Compact));
     };
     using Key = decltype(keyOf(QJsonObject()));
     std::vector<std::pair<Key, QJsonObject>> keyed;
     for (const QJsonObject& connection : *connections)
         keyed.emplace_back(keyOf(connection), connection);
-    std::sort(keyed.begin(), keyed.end(),
-              [](const auto& left, const auto& right) { return left.first < right.first; });
+    std::sort(keyed.begin(), keyed.end(), [](const auto& left, const auto& right) { return left.first < right.first; });
     std::transform(keyed.begin(), keyed.end(), connections->begin(), [](const auto& each) { return each.second; });
 }
 

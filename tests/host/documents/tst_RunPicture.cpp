@@ -26,9 +26,9 @@ SRunReport sample()
     SRunReport report;
     report.camera = QStringLiteral("Fake");
     report.nodes.resize(2);
-    report.nodes[0].kind = QStringLiteral("source");
+    report.nodes[0].kind = ENodeKind::Source;
     report.nodes[0].framesPerSecond = 196.24;
-    report.nodes[1].kind = QStringLiteral("decoupler");
+    report.nodes[1].kind = ENodeKind::Decoupler;
     report.nodes[1].name = QStringLiteral("[1] Decoupler");
     report.nodes[1].dropped = 3;
     report.connections.push_back({0, 1, {}, QStringLiteral("port 1"), QStringLiteral("VGR"), 300});
@@ -53,9 +53,9 @@ void tst_RunPicture::ratesAndDrops()
     QString error;
     const SPicture picture = runPicture(reportOf({sample()}), &error);
     QCOMPARE(error, QString());
-    QVERIFY(picture.nodes[0].kind == EPictureNode::Source);
+    QVERIFY(picture.nodes[0].kind == ENodeKind::Source);
     QCOMPARE(picture.nodes[0].note, QString("196.2 per second"));
-    QVERIFY(picture.nodes[1].kind == EPictureNode::Decoupler);
+    QVERIFY(picture.nodes[1].kind == ENodeKind::Decoupler);
     QCOMPARE(picture.nodes[1].caption, QString("[1] Decoupler"));
     QCOMPARE(picture.nodes[1].warning, QString("3 dropped"));
     QCOMPARE(picture.edges.size(), std::size_t(1));
