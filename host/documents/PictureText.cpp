@@ -87,7 +87,8 @@ void addNode(const SPicture& picture, int number, QTextStream* out)
 
 void addNodes(const SPicture& picture, QTextStream* out)
 {
-    for (int group = 0; group < std::max(1, picture.groups.size()); ++group) {
+    // From the last one: in a picture from left to right, Graphviz puts what comes first at the bottom.
+    for (int group = std::max(0, picture.groups.size() - 1); group >= 0; --group) {
         const bool isFramed = !picture.groups.isEmpty();
         if (isFramed)
             *out << "    subgraph cluster_" << group << " {\n    label=<" << escaped(picture.groups.at(group))
@@ -126,7 +127,7 @@ QByteArray dotText(const SPicture& picture)
     if (hasLayers)
         out << "    layout=dot rankdir=LR nodesep=0.35 ranksep=0.5\n";
     else
-        out << "    layout=sfdp overlap=prism20\n";
+        out << "    layout=sfdp overlap=prism20 outputorder=edgesfirst\n";
     if (hasLayers && picture.nodes.size() > mostWithCare)
         out << "    nslimit=1 nslimit1=1 mclimit=0.3\n";
     out << "    node [shape=box style=\"rounded,filled\" fillcolor=\"#f1f5f9\" color=\"#94a3b8\" "

@@ -59,9 +59,9 @@ void tst_PictureText::groups()
     picture.nodes[1].group = 1;
     picture.groups = QStringList{"left", "right"};
     const QByteArray text = dotText(picture);
-    QVERIFY(text.indexOf("label=<left>") < text.indexOf("n0 ["));
-    QVERIFY(text.indexOf("n0 [") < text.indexOf("label=<right>"));
     QVERIFY(text.indexOf("label=<right>") < text.indexOf("n1 ["));
+    QVERIFY(text.indexOf("n1 [") < text.indexOf("label=<left>"));
+    QVERIFY(text.indexOf("label=<left>") < text.indexOf("n0 ["));
 }
 
 void tst_PictureText::largeOnesLackTypes()
