@@ -4,6 +4,8 @@
 #include "CHostProgram.h"
 #include "CPluginTestFolder.h"
 
+#include <Halvex/Halvex.h>
+
 #include <QDir>
 #include <QTest>
 
@@ -15,6 +17,7 @@ class tst_HalvexHostPlugins : public QObject
 private Q_SLOTS:
     void runsInspiteOfBadPlugins();
     void runsWithCopiesOfThePlugins();
+    void anotherVersionOfTheLibraryIsLeftOut();
     void withoutAServiceItEnds();
     void withoutARequiredPluginItEnds();
 };
@@ -56,6 +59,26 @@ void tst_HalvexHostPlugins::runsWithCopiesOfThePlugins()
     QCOMPARE(program.errorLines().filter("plugin"), QStringList());
     QCOMPARE(program.exec({"plugins", "--plugins", folder.path()}), 0);
     QVERIFY2(!program.output().contains("Not loaded"), qPrintable(program.output()));
+}
+
+void tst_HalvexHostPlugins::anotherVersionOfTheLibraryIsLeftOut()
+{
+    // The metadata in the file, in which the plugin's own version comes last, with another one of the same length.
+    QByteArray library = content(CPluginTestFolder::library());
+    const QByteArray version("Versione" HALVEX_VERSION_STR);
+    const int place = library.lastIndexOf(version);
+    QVERIFY(place >= 0);
+    const int last = place + version.size() - 1;
+    library[last] = library.at(last) == '9' ? '8' : '9';
+    CPluginTestFolder folder;
+    QVERIFY(folder.addFile("libHalvex.so", library));
+    CHostProgram program;
+    program.run({"--plugins", folder.path()});
+    const QString told = program.errorLines().value(0);
+    QVERIFY2(told.contains("libHalvex.so': version "), qPrintable(told));
+    QVERIFY2(told.endsWith(QStringLiteral(" of the library, while '%1' is in use; leave this file out")
+                               .arg(CPluginTestFolder::library())),
+             qPrintable(told));
 }
 
 void tst_HalvexHostPlugins::withoutAServiceItEnds()
