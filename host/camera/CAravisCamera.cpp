@@ -61,6 +61,11 @@ void CAravisCamera::onControlLost(ArvDevice*, void* self)
 
 bool CAravisCamera::configure(QString* error)
 {
+    if (m_options.resend && !arv_camera_is_gv_device(m_camera.get())) {
+        *error = QStringLiteral("camera '%1' has no packets to send again: it is no GigE Vision camera (--resend)")
+                     .arg(m_options.address);
+        return false;
+    }
     CGLibError reason;
     if (!m_options.pixelFormat.isEmpty()) {
         const QByteArray format = m_options.pixelFormat.toUtf8();
@@ -158,6 +163,10 @@ bool CAravisCamera::createStream(QString* error)
         *error = QStringLiteral("camera '%1' gives no stream: %2").arg(m_options.address, reason.text());
         return false;
     }
+    if (m_options.resend)
+        g_object_set(m_stream.get(), "packet-resend",
+                     *m_options.resend ? ARV_GV_STREAM_PACKET_RESEND_ALWAYS : ARV_GV_STREAM_PACKET_RESEND_NEVER,
+                     nullptr);
     m_bufferReturn = std::make_shared<CBufferReturn>(m_stream.get());
     for (int i = 0; i < m_options.buffers; ++i)
         arv_stream_push_buffer(m_stream.get(), arv_buffer_new_allocate(payload));
@@ -178,7 +187,12 @@ CAravisCamera::SGrab CAravisCamera::grab(std::chrono::milliseconds timeout)
     const auto timeoutUs = std::chrono::duration_cast<std::chrono::microseconds>(timeout).count();
     if (ArvBuffer* buffer = arv_stream_timeout_pop_buffer(m_stream.get(), guint64(timeoutUs)))
         return wrap(buffer);
-    return {isLost() ? EGrab::Lost : EGrab::Timeout, {}};
+    SGrab none;
+    if (isLost()) {
+        none.status = EGrab::Lost;
+        none.error = QStringLiteral("camera '%1' has gone: it no longer answers").arg(m_options.address);
+    }
+    return none;
 }
 
 CAravisCamera::SGrab CAravisCamera::wrap(ArvBuffer* buffer)
@@ -186,10 +200,35 @@ CAravisCamera::SGrab CAravisCamera::wrap(ArvBuffer* buffer)
     Veltra::SGrabResult result = grabResult(buffer);
     if (!result.complete) {
         arv_stream_push_buffer(m_stream.get(), buffer);
-        return {EGrab::Incomplete, {}};
+        SGrab incomplete;
+        incomplete.status = EGrab::Incomplete;
+        return incomplete;
     }
     result.owner = std::shared_ptr<ArvBuffer>(buffer, [way = m_bufferReturn](ArvBuffer* b) { way->giveBack(b); });
-    return {EGrab::Frame, Veltra::CGrabResultPtr(std::move(result))};
+    SGrab grab;
+    grab.status = EGrab::Frame;
+    grab.frame = Veltra::CGrabResultPtr(std::move(result));
+    return grab;
+}
+
+QString CAravisCamera::description() const
+{
+    return QStringLiteral("%1, %2 x %3 %4").arg(m_name).arg(m_width).arg(m_height).arg(m_pixelFormat);
+}
+
+QString CAravisCamera::stallText(const QString& time, bool isSilent, const SGrabStatistics& before) const
+{
+    if (!isSilent)
+        return QStringLiteral("camera '%1' gave no whole frame for %2, %3 incomplete ones in all; try smaller packets "
+                              "(--camera-set GevSCPSPacketSize=1400) or more buffers (--buffers 64)")
+            .arg(m_options.address, time)
+            .arg(before.incomplete);
+    if (before.grabbed > 0)
+        return QStringLiteral("camera '%1' has gone: no frame for %2").arg(m_options.address, time);
+    return QStringLiteral("camera '%1' sends nothing: no frame for %2; does it wait for a trigger (--camera-set "
+                          "TriggerMode=Off), is a firewall in the way, or are its packets too large for the network "
+                          "(--camera-set GevSCPSPacketSize=1400)?")
+        .arg(m_options.address, time);
 }
 
 void CAravisCamera::stop()

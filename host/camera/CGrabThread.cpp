@@ -3,8 +3,6 @@
 
 #include "host/camera/CGrabThread.h"
 
-#include "host/camera/CAravisCamera.h"
-
 namespace Host {
 
 namespace {
@@ -16,8 +14,8 @@ constexpr std::chrono::milliseconds patience(100);
 
 } // namespace
 
-CGrabThread::CGrabThread(CAravisCamera& camera, quint64 frames, std::chrono::milliseconds silence, FrameHandler handler)
-    : m_camera(camera)
+CGrabThread::CGrabThread(IFrameSource& source, quint64 frames, std::chrono::milliseconds silence, FrameHandler handler)
+    : m_source(source)
     , m_frames(frames)
     , m_silence(silence)
     , m_handler(std::move(handler))
@@ -47,25 +45,30 @@ void CGrabThread::run()
 
 QString CGrabThread::grabAll()
 {
+    using EGrab = IFrameSource::EGrab;
     auto lastSign = Clock::now();
     auto lastFrame = lastSign;
     while ((m_frames == 0 || m_complete < m_frames) && !isInterruptionRequested()) {
-        CAravisCamera::SGrab grab = m_camera.grab(patience);
-        const quint64 underruns = m_camera.underruns();
+        IFrameSource::SGrab grab = m_source.grab(patience);
+        const quint64 underruns = m_source.underruns();
         // A camera whose frames find no buffer is alive: it is the graph that is slow.
         if (underruns != m_underruns)
             lastFrame = lastSign = Clock::now();
-        if (grab.status != CAravisCamera::EGrab::Timeout)
+        if (grab.status != EGrab::Timeout)
             lastSign = Clock::now();
         m_underruns = underruns;
 
-        if (grab.status == CAravisCamera::EGrab::Lost)
-            return QStringLiteral("camera '%1' has gone: it no longer answers").arg(m_camera.address());
-        if (grab.status == CAravisCamera::EGrab::Incomplete)
+        if (grab.status == EGrab::Lost)
+            return grab.error;
+        if (grab.status == EGrab::Ended) {
+            m_hasRunOut = true;
+            return {};
+        }
+        if (grab.status == EGrab::Incomplete)
             ++m_incomplete;
-        if (grab.status == CAravisCamera::EGrab::Frame) {
+        if (grab.status == EGrab::Frame) {
             lastFrame = lastSign;
-            handOn(std::move(grab.frame));
+            handOn(std::move(grab));
         }
         const QString missing = missingFrame(lastSign, lastFrame);
         if (!missing.isEmpty())
@@ -77,26 +80,19 @@ QString CGrabThread::grabAll()
 QString CGrabThread::missingFrame(Clock::time_point lastSign, Clock::time_point lastFrame) const
 {
     const auto now = Clock::now();
-    const auto seconds = [](std::chrono::milliseconds time) { return QString::number(double(time.count()) / 1000.0); };
-    if (now - lastSign >= m_silence) {
-        if (m_complete > 0 || m_incomplete > 0)
-            return QStringLiteral("camera '%1' has gone: no frame for %2 s")
-                .arg(m_camera.address(), seconds(m_silence));
-        return QStringLiteral("camera '%1' sends nothing: no frame for %2 s; does it wait for a trigger "
-                              "(--camera-set TriggerMode=Off), or is a firewall in the way?")
-            .arg(m_camera.address(), seconds(m_silence));
-    }
-    if (m_timeout.count() == 0 || now - lastFrame < m_timeout)
-        return {};
-    return QStringLiteral("camera '%1' gave no whole frame for %2 s, %3 incomplete ones in all; try smaller packets "
-                          "(--camera-set GevSCPSPacketSize=1400) or more buffers (--buffers 64)")
-        .arg(m_camera.address(), seconds(m_timeout))
-        .arg(m_incomplete.load());
+    const auto text = [](std::chrono::milliseconds time) {
+        return QStringLiteral("%1 s").arg(double(time.count()) / 1000.0);
+    };
+    if (now - lastSign >= m_silence)
+        return m_source.stallText(text(m_silence), true, statistics());
+    if (m_timeout.count() > 0 && now - lastFrame >= m_timeout)
+        return m_source.stallText(text(m_timeout), false, statistics());
+    return {};
 }
 
-void CGrabThread::handOn(Veltra::CGrabResultPtr result)
+void CGrabThread::handOn(IFrameSource::SGrab grab)
 {
-    const SFrame frame{std::move(result), Clock::now()};
+    const SFrame frame{std::move(grab.frame), Clock::now(), std::move(grab.claim)};
     if (m_complete == 0)
         m_first = frame.grabbed;
     m_spanNs = std::chrono::nanoseconds(frame.grabbed - m_first).count();

@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -21,6 +22,7 @@ struct SCameraOptions
     int buffers = 16;             ///< Frames that may be in flight at once, at least 1.
 
     std::vector<std::pair<QString, QString>> features; ///< GenICam features to set last, in this order, as text.
+    std::optional<bool> resend{}; ///< Whether lost packets are asked for again, which only GigE Vision cameras can.
 
     /// Whether it is one of the cameras that are built into the library.
     static bool isFake(const QString& address);

@@ -44,10 +44,13 @@ void CRunArguments::declareSources(CLI::App& command)
         ->allow_extra_args(false)
         ->take_all();
     command
-        .add_option("--fps", m_rate, "Frames per second (default: 200 for fake cameras, else as the camera is set).")
+        .add_option("--fps", m_rate,
+                    "Frames per second (default: 200 for fake cameras, else as the camera is set; files as fast as "
+                    "they come).")
         ->type_name("N");
     command.add_option("--pixel-format", m_pixelFormat, "GenICam name, e.g. RGB8 (default: as the camera is set).")
         ->type_name("NAME");
+    m_sources.declare(command);
     command.add_option("--load", m_load, "Stream one camera through the scene of this document instead of a chain.")
         ->type_name("FILE");
     command
@@ -75,12 +78,13 @@ void CRunArguments::declareEnding(CLI::App& command)
 {
     const char* const group = "When it ends";
     command
-        .add_option("--frames", m_frames,
-                    "End after N complete frames of each camera; 0: with Ctrl-C (default: 300 with fake cameras, else "
-                    "0).")
+        .add_option(
+            "--frames", m_frames,
+            "End after N complete frames of each camera; 0: with Ctrl-C, or at the end of the files (default: 300 with "
+            "fake cameras, else 0).")
         ->type_name("N")
         ->group(group);
-    command.add_option("--duration", m_duration, "End after that time: 500ms, 30s, 5min, 2h.")
+    command.add_option("--duration", m_duration, "End after that time: 500ms, 30s, 5min, 2h; 0: with Ctrl-C.")
         ->type_name("TIME")
         ->group(group);
     command
@@ -143,7 +147,9 @@ SRunOptions CRunArguments::options() const
         options.writeEvery = readCount("--write-every", m_writeEvery, 1, SRunOptions::maxFrames);
     if (isGiven("--fps"))
         camera.framesPerSecond = framesPerSecond(&options);
+    m_sources.readHandling(&camera);
     readCameras(camera, &options);
+    m_sources.readFiles(camera.framesPerSecond, camera.buffers, &options);
     readEnding(&options);
     readGraph(&options);
     return options;
@@ -153,13 +159,13 @@ void CRunArguments::readEnding(SRunOptions* options) const
 {
     const bool hasRealCamera = std::any_of(options->cameras.begin(), options->cameras.end(),
                                            [](const auto& camera) { return !SCameraOptions::isFake(camera.address); });
-    if (isGiven("--duration"))
+    if (isGiven("--duration") && m_duration != "0")
         options->duration = readTime("--duration", m_duration);
     if (isGiven("--timeout"))
         options->silence = options->timeout = readTime("--timeout", m_timeout);
     if (isGiven("--frames"))
         options->frames = readCount("--frames", m_frames, 0, SRunOptions::maxFrames);
-    else if (hasRealCamera || isGiven("--duration"))
+    else if (hasRealCamera || m_sources.hasFiles() || isGiven("--duration"))
         options->frames = 0;
 }
 
@@ -183,7 +189,7 @@ void CRunArguments::readSettings(SCameraOptions* camera, SRunOptions* options) c
 void CRunArguments::readGraph(SRunOptions* options) const
 {
     const bool isForOne = !options->load.isEmpty() || !options->save.isEmpty();
-    if (isForOne && options->cameras.size() > 1)
+    if (isForOne && options->sources().size() > 1)
         refuse(QStringLiteral("--load and --save take one camera."));
     if (!isGiven("CHAIN"))
         return;
@@ -198,7 +204,7 @@ void CRunArguments::readCameras(const SCameraOptions& common, SRunOptions* optio
 {
     options->cameras.clear();
     QStringList addresses = Host::readCameras(m_cameras);
-    if (addresses.isEmpty())
+    if (addresses.isEmpty() && !m_sources.hasFiles())
         addresses << common.address;
     for (const QString& address : qAsConst(addresses)) {
         SCameraOptions camera = common;

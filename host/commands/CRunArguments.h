@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "host/commands/CSourceArguments.h"
 #include "host/run/SRunOptions.h"
 
 #include <QString>
@@ -39,6 +40,7 @@ private:
     void readGraph(SRunOptions* options) const;
 
     const CLI::App& m_command;
+    CSourceArguments m_sources;
     std::string m_chain;
     std::vector<std::string> m_cameras;
     std::vector<std::string> m_features;

@@ -30,12 +30,12 @@ namespace {
 
 constexpr std::chrono::milliseconds progressInterval(100);
 
-QStringList addresses(const std::vector<SCameraOptions>& cameras)
+QStringList namesOf(const std::vector<SourceOptions>& sources)
 {
-    QStringList list;
-    for (const SCameraOptions& camera : cameras)
-        list << camera.address;
-    return list;
+    QStringList names;
+    for (const SourceOptions& source : sources)
+        names << nameOf(source);
+    return names;
 }
 
 } // namespace
@@ -69,7 +69,8 @@ bool CStreamRun::loadPlugins()
 bool CStreamRun::buildGraphs()
 {
     CGraphBuilder builder(m_services.nodes(), m_services.models());
-    const QStringList cameras = addresses(m_options.cameras);
+    const std::vector<SourceOptions> sources = m_options.sources();
+    const QStringList cameras = namesOf(sources);
     std::vector<std::unique_ptr<CStreamGraph>> graphs;
     QString error;
     if (m_options.load.isEmpty()) {
@@ -86,7 +87,7 @@ bool CStreamRun::buildGraphs()
         return false;
 
     for (std::size_t i = 0; i < graphs.size(); ++i) {
-        m_streams.push_back(std::make_unique<CCameraStream>(m_options.cameras[i], std::move(graphs[i])));
+        m_streams.push_back(std::make_unique<CCameraStream>(sources[i], std::move(graphs[i])));
         connect(m_streams.back().get(), &CCameraStream::failed, this, &CStreamRun::onFailed);
         connect(m_streams.back().get(), &CCameraStream::ended, this, &CStreamRun::onEnded);
     }
@@ -158,8 +159,9 @@ bool CStreamRun::stream()
     connect(&timer, &QTimer::timeout, this, [&] { line.show(runProgress(m_streams, m_options.frames)); });
     timer.start(progressInterval);
     m_loop.exec();
-    const bool isWhole = m_error.isEmpty() && m_signal == 0;
-    line.showLast(runProgress(m_streams, m_options.frames) + (isWhole ? QString() : ", ended " + ending()));
+    const bool isUndisturbed = m_error.isEmpty() && m_signal == 0;
+    const QString end = isUndisturbed ? runOutText() : ending();
+    line.showLast(runProgress(m_streams, m_options.frames) + (end.isEmpty() ? QString() : ", ended " + end));
     // The cameras are stopped with this object, after the report: one that has gone takes seconds not to answer.
     return true;
 }
@@ -227,11 +229,22 @@ bool CStreamRun::printReport()
         if (!failure.isEmpty())
             fail(QStringLiteral("camera '%1': %2").arg(stream->camera(), failure));
     }
-    for (SRunReport& report : reports)
-        report.ending = ending();
+    for (SRunReport& report : reports) {
+        if (report.ending.isEmpty())
+            report.ending = ending();
+    }
     if (!m_options.json.isEmpty())
         fail(writeRunJson(m_options.json, reports, m_error));
     return m_options.json == QLatin1String("-") || printText(runText(reports));
+}
+
+QString CStreamRun::runOutText() const
+{
+    for (const auto& stream : m_streams) {
+        if (!stream->endText().isEmpty())
+            return stream->endText();
+    }
+    return {};
 }
 
 QString CStreamRun::ending() const

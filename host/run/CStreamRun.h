@@ -53,6 +53,7 @@ private:
     bool stream();
     bool printReport();
     QString ending() const;
+    QString runOutText() const;
     QString folder(const CCameraStream& stream) const;
     void fail(const QString& error);
     void requestEnd();

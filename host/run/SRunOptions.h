@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "host/camera/SCameraOptions.h"
+#include "host/sources/OpenSource.h"
 
 #include <QString>
 
@@ -28,7 +28,8 @@ struct SNodeSetting
 /// What one run does. A plain value.
 struct SRunOptions
 {
-    std::vector<SCameraOptions> cameras{SCameraOptions()}; ///< At least one, each with an address of its own.
+    std::vector<SCameraOptions> cameras{SCameraOptions()}; ///< With the files at least one, each with its own name.
+    std::vector<SFileOptions> files;                       ///< What stands in for cameras.
     int frames = 300;                                 ///< Complete frames of each camera, up to maxFrames; 0: no end.
     std::chrono::milliseconds duration{0};            ///< How long frames are grabbed; 0: no end.
     int writeEvery = 30;                              ///< Each sink writes every so many frames, at least 1.
@@ -45,6 +46,9 @@ struct SRunOptions
     std::chrono::milliseconds timeout{10000}; ///< One without a whole frame for so long is of no use.
 
     static constexpr int maxFrames = 1000000000;
+
+    /// The cameras, and then what stands in for some.
+    std::vector<SourceOptions> sources() const;
 };
 
 } // namespace Host

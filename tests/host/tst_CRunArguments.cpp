@@ -38,6 +38,8 @@ private Q_SLOTS:
     void severalCamerasAndAChain();
     void chainBehindOptionsOfSeveralValues();
     void slowCameraMayBeSilentForLonger();
+    void files();
+    void resend();
     void refused_data();
     void refused();
 };
@@ -102,6 +104,8 @@ void tst_CRunArguments::ending_data()
     addRow("both", QStringList{"--duration", "2min", "--frames", "7"}, 7, 120000);
     addRow("given twice", QStringList{"--frames", "300", "--frames", "7"}, 7, 0);
     addRow("short", QStringList{"--duration", "20ms"}, 0, 20);
+    addRow("time without an end", QStringList{"--duration", "0"}, 0, 0);
+    addRow("images", QStringList{"--images", "a"}, 0, 0);
     addRow("long", QStringList{"--duration", "2h"}, 0, 7200000);
 }
 
@@ -146,6 +150,34 @@ void tst_CRunArguments::slowCameraMayBeSilentForLonger()
     QCOMPARE(parse({"--fps", "0.1"}).silence.count(), 30000);
 }
 
+void tst_CRunArguments::files()
+{
+    const SRunOptions options = parse({"--images", "a", "--video", "b", "--images", "c/*.png", "chain.json", "--loop",
+                                       "--fps", "12", "--buffers", "5"});
+    QCOMPARE(options.chain, QStringLiteral("chain.json"));
+    QVERIFY(options.cameras.empty());
+    QStringList told;
+    for (const SFileOptions& file : options.files) {
+        told << QStringLiteral("%1 %2 %3").arg(file.name, file.place).arg(file.framesPerSecond);
+        QVERIFY(file.isLooped);
+        QCOMPARE(file.framesInFlight, 5);
+        QCOMPARE(file.kind == SFileOptions::EKind::Video, file.name == "video");
+    }
+    QCOMPARE(told, QStringList({"images a 12", "images-2 c/*.png 12", "video b 12"}));
+    const SRunOptions both = parse({"--camera", "fake", "--video", "b"});
+    QCOMPARE(both.cameras.size() + both.files.size(), both.sources().size());
+    QCOMPARE(nameOf(both.sources()[1]), QStringLiteral("video"));
+    QCOMPARE(both.files[0].framesPerSecond, 0.0);
+    QVERIFY(!both.files[0].isLooped);
+}
+
+void tst_CRunArguments::resend()
+{
+    QVERIFY(!parse({}).cameras[0].resend);
+    QCOMPARE(parse({"--resend", "off"}).cameras[0].resend, std::optional<bool>(false));
+    QCOMPARE(parse({"--resend", "on"}).cameras[0].resend, std::optional<bool>(true));
+}
+
 void tst_CRunArguments::refused_data()
 {
     addColumns<QStringList, QString>({"arguments", "reason"});
@@ -165,11 +197,13 @@ void tst_CRunArguments::refused_data()
     for (const char* value : {"-1", "many", "1000000001", "3.5"})
         row(QString("--frames ") + value,
             QStringLiteral("--frames takes a whole number from 0 to 1000000000, not '%1'.").arg(value));
-    for (const char* value : {"0", "-3s", "fast", "1d", "999999h"})
+    for (const char* value : {"0s", "-3s", "fast", "1d", "999999h"})
         row(QString("--duration ") + value,
             QStringLiteral("--duration takes a time like 500ms, 30s, 5min or 2h, not '%1'.").arg(value));
     for (const char* value : {"size=3", "blur", ".size=3"})
         row(QString("--set ") + value, QStringLiteral("--set takes NODE.key=value, not '%1'.").arg(value));
+    row("--resend maybe", "--resend takes 'on' or 'off', not 'maybe'.");
+    row("--images a --resend on", "--resend is for cameras, and this run has none.");
     row("--camera-set Gain", "--camera-set takes Feature=value, not 'Gain'.");
     row("--buffers 0", "--buffers takes a whole number from 1 to 10000, not '0'.");
     for (const char* value : {"0", "-1", "nan", "inf", "fast", "10001"})
