@@ -5,7 +5,7 @@
 
 #include "host/base/Shown.h"
 #include "host/sources/CImageFiles.h"
-#include "host/sources/CVideoFile.h"
+#include "host/sources/CVideoReader.h"
 
 #include <opencv2/imgproc.hpp>
 
@@ -37,7 +37,7 @@ QString formatOf(const cv::Mat& image)
 std::unique_ptr<IImageReader> openReader(const SFileOptions& options, QString* error)
 {
     if (options.kind == SFileOptions::EKind::Video)
-        return CVideoFile::open(options.place, error);
+        return CVideoReader::open(options.place, error);
     return CImageFiles::open(options.place, error);
 }
 

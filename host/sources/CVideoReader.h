@@ -13,11 +13,11 @@ namespace Host {
 
 /// The images of a video. One that ends before its own header says has failed; some formats tell the length only to
 /// about one per cent, so that a little less is no fault.
-class CVideoFile : public IImageReader
+class CVideoReader : public IImageReader
 {
 public:
     /// Null, with the reason in \a error, if it is no video.
-    static std::unique_ptr<CVideoFile> open(const QString& file, QString* error);
+    static std::unique_ptr<CVideoReader> open(const QString& file, QString* error);
 
     QString description() const override;
     QString file() const override { return m_file; }
@@ -26,7 +26,7 @@ public:
     std::optional<quint64> timestampNs() const override { return m_timestampNs; }
 
 private:
-    explicit CVideoFile(QString file);
+    explicit CVideoReader(QString file);
 
     bool isShort() const;
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "host/sources/CVideoFile.h"
+#include "host/sources/CVideoReader.h"
 
 #include "TestFile.h"
 #include "TestImages.h"
@@ -12,7 +12,7 @@
 using namespace Host;
 using ERead = IImageReader::ERead;
 
-class tst_CVideoFile : public QObject
+class tst_CVideoReader : public QObject
 {
     Q_OBJECT
 
@@ -22,13 +22,13 @@ private Q_SLOTS:
     void endsTooEarly();
 };
 
-void tst_CVideoFile::imagesWithTheirTimes()
+void tst_CVideoReader::imagesWithTheirTimes()
 {
     const QTemporaryDir folder;
     const QString name = folder.filePath("a.avi");
     QVERIFY(writeVideo(name, 20));
     QString error;
-    const auto video = CVideoFile::open(name, &error);
+    const auto video = CVideoReader::open(name, &error);
     QVERIFY2(video, qPrintable(error));
     QCOMPARE(video->description(), QStringLiteral("video '%1'").arg(name));
     for (int round = 0; round < 2; ++round) {
@@ -45,27 +45,27 @@ void tst_CVideoFile::imagesWithTheirTimes()
     }
 }
 
-void tst_CVideoFile::noVideo()
+void tst_CVideoReader::noVideo()
 {
     const QTemporaryDir folder;
     QString error;
     const QString name = folder.filePath("a.avi");
-    QVERIFY(!CVideoFile::open(name, &error));
+    QVERIFY(!CVideoReader::open(name, &error));
     QCOMPARE(error, QStringLiteral("cannot read the video '%1': No such file or directory").arg(name));
     QVERIFY(write(name, "no video"));
-    QVERIFY(!CVideoFile::open(name, &error));
+    QVERIFY(!CVideoReader::open(name, &error));
     QCOMPARE(
         error,
         QStringLiteral("cannot read the video '%1': no video, or one in a format that is not known here").arg(name));
 }
 
-void tst_CVideoFile::endsTooEarly()
+void tst_CVideoReader::endsTooEarly()
 {
     const QTemporaryDir folder;
     const QString name = folder.filePath("a.avi");
     QVERIFY(writeVideo(name, 20) && cutFile(name, 0.6));
     QString error;
-    const auto video = CVideoFile::open(name, &error);
+    const auto video = CVideoReader::open(name, &error);
     QVERIFY2(video, qPrintable(error));
     int frames = 0;
     ERead read = ERead::Image;
@@ -79,5 +79,5 @@ void tst_CVideoFile::endsTooEarly()
                         .arg(frames - 1));
 }
 
-QTEST_GUILESS_MAIN(tst_CVideoFile)
-#include "tst_CVideoFile.moc"
+QTEST_GUILESS_MAIN(tst_CVideoReader)
+#include "tst_CVideoReader.moc"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "host/sources/CVideoFile.h"
+#include "host/sources/CVideoReader.h"
 
 #include "host/base/Shown.h"
 
@@ -12,25 +12,25 @@
 
 namespace Host {
 
-std::unique_ptr<CVideoFile> CVideoFile::open(const QString& file, QString* error)
+std::unique_ptr<CVideoReader> CVideoReader::open(const QString& file, QString* error)
 {
     silenceOpenCv();
-    std::unique_ptr<CVideoFile> video(new CVideoFile(file));
+    std::unique_ptr<CVideoReader> video(new CVideoReader(file));
     return video->rewind(error) ? std::move(video) : nullptr;
 }
 
-CVideoFile::CVideoFile(QString file)
+CVideoReader::CVideoReader(QString file)
     : m_file(std::move(file))
 {
 }
 
-QString CVideoFile::description() const
+QString CVideoReader::description() const
 {
     return QStringLiteral("video %1").arg(shown(m_file));
 }
 
 // Opened anew: not every format can be put back.
-bool CVideoFile::rewind(QString* error)
+bool CVideoReader::rewind(QString* error)
 {
     QFile file(m_file);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -53,7 +53,7 @@ bool CVideoFile::rewind(QString* error)
     return true;
 }
 
-IImageReader::ERead CVideoFile::read(cv::Mat* image, QString* error)
+IImageReader::ERead CVideoReader::read(cv::Mat* image, QString* error)
 {
     bool isRead = false;
     try {
@@ -75,7 +75,7 @@ IImageReader::ERead CVideoFile::read(cv::Mat* image, QString* error)
     return ERead::Failed;
 }
 
-bool CVideoFile::isShort() const
+bool CVideoReader::isShort() const
 {
     return m_read + 1 + m_promised / 100 < m_promised || m_read == 0;
 }
