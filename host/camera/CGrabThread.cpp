@@ -51,8 +51,9 @@ QString CGrabThread::grabAll()
     while ((m_frames == 0 || m_complete < m_frames) && !isInterruptionRequested()) {
         IFrameSource::SGrab grab = m_source.grab(patience);
         const quint64 underruns = m_source.underruns();
-        // A camera whose frames find no buffer is alive: it is the graph that is slow.
-        if (underruns != m_underruns)
+        // A camera whose frames find no buffer is alive: it is the graph that is slow. For one that is away its source
+        // knows how long to wait.
+        if (underruns != m_underruns || grab.status == EGrab::Away)
             lastFrame = lastSign = Clock::now();
         if (grab.status != EGrab::Timeout)
             lastSign = Clock::now();

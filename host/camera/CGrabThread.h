@@ -33,7 +33,7 @@ namespace Host {
  *
  * Threads: requestInterruption() and statistics() from any thread; the frame handler runs in the grab thread, one
  * frame after the other. The destructor ends the thread and waits for it, which takes a tenth of a second at most
- * and as long as the handler takes.
+ * and as long as the handler takes, and a source that opens its camera again.
  */
 class CGrabThread : public QThread
 {

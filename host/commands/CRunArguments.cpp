@@ -34,7 +34,12 @@ CRunArguments::CRunArguments(CLI::App& command)
 
 void CRunArguments::declareSources(CLI::App& command)
 {
-    command.add_option("CHAIN", m_chain, "The chain to import for each camera (default: the demo's).")->type_name("");
+    command
+        .add_option("CHAIN", m_chains,
+                    "The chains to import, each for each camera, side by side; '-' is standard input, which then takes "
+                    "no 'set' lines (default: the demo's).")
+        ->type_name("")
+        ->take_all();
     command
         .add_option("--camera", m_cameras,
                     "'fake' (default), 'fake-1', 'fake-2'..., or the address of a GigE Vision camera. May be given "
@@ -163,6 +168,8 @@ void CRunArguments::readEnding(SRunOptions* options) const
         options->duration = readTime("--duration", m_duration);
     if (isGiven("--timeout"))
         options->silence = options->timeout = readTime("--timeout", m_timeout);
+    for (SCameraOptions& camera : options->cameras)
+        camera.silence = options->silence;
     if (isGiven("--frames"))
         options->frames = readCount("--frames", m_frames, 0, SRunOptions::maxFrames);
     else if (hasRealCamera || m_sources.hasFiles() || isGiven("--duration"))
@@ -191,12 +198,14 @@ void CRunArguments::readGraph(SRunOptions* options) const
     const bool isForOne = !options->load.isEmpty() || !options->save.isEmpty();
     if (isForOne && options->sources().size() > 1)
         refuse(QStringLiteral("--load and --save take one camera."));
-    if (!isGiven("CHAIN"))
-        return;
-    options->chain = QString::fromStdString(m_chain);
-    if (options->chain.isEmpty())
+    for (const std::string& chain : m_chains)
+        options->chains << QString::fromStdString(chain);
+    if (options->chains.contains(QString()))
         refuse(QStringLiteral("The chain's file has no name."));
-    if (!options->load.isEmpty())
+    if (options->chains.count(QStringLiteral("-")) > 1)
+        refuse(QStringLiteral("Standard input is one chain: '-' is given twice."));
+    m_sources.refuseImages(options->chains);
+    if (!options->chains.isEmpty() && !options->load.isEmpty())
         refuse(QStringLiteral("A chain or --load, not both."));
 }
 

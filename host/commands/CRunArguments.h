@@ -41,7 +41,7 @@ private:
 
     const CLI::App& m_command;
     CSourceArguments m_sources;
-    std::string m_chain;
+    std::vector<std::string> m_chains;
     std::vector<std::string> m_cameras;
     std::vector<std::string> m_features;
     std::vector<std::string> m_settings;

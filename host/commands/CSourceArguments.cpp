@@ -4,10 +4,11 @@
 #include "host/commands/CSourceArguments.h"
 
 #include "host/commands/ArgumentValues.h"
+#include "host/sources/CImageFiles.h"
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
+#include <QDir>
 
 namespace Host {
 
@@ -33,6 +34,9 @@ void CSourceArguments::declare(CLI::App& command)
                  "images and videos come as fast as the graph takes them; the run ends by itself at their end.",
                  &m_videos);
     command.add_flag("--loop", m_isLooped, "Images and videos begin again at their end.");
+    command.add_flag("--reconnect{60s}", m_reconnect,
+                     "Wait for a camera that has gone, and go on when it comes back: for 60s each time, or as long as "
+                     "--reconnect=TIME says.");
     command
         .add_option("--resend", m_resend,
                     "Whether a GigE Vision camera is asked for lost packets again: on (default) or off.")
@@ -41,6 +45,8 @@ void CSourceArguments::declare(CLI::App& command)
 
 void CSourceArguments::readHandling(SCameraOptions* camera) const
 {
+    if (m_command->count("--reconnect") > 0)
+        camera->reconnect = readTime("--reconnect", m_reconnect);
     if (m_command->count("--resend") == 0)
         return;
     if (m_resend != "on" && m_resend != "off")
@@ -86,9 +92,17 @@ void CSourceArguments::addFiles(SFileOptions::EKind kind, const std::vector<std:
 
 void CSourceArguments::refuseWhatNeedsACamera() const
 {
-    for (const char* option : {"--pixel-format", "--camera-set", "--resend"}) {
+    for (const char* option : {"--pixel-format", "--camera-set", "--resend", "--reconnect"}) {
         if (m_command->count(option) > 0)
             refuse(QStringLiteral("%1 is for cameras, and this run has none.").arg(QLatin1String(option)));
+    }
+}
+
+void CSourceArguments::refuseImages(const QStringList& chains) const
+{
+    for (const QString& chain : chains) {
+        if (!m_images.empty() && QDir::match(CImageFiles::namePatterns(), chain))
+            refuse(QStringLiteral("The image '%1' is no chain; put the pattern for --images in quotes.").arg(chain));
     }
 }
 

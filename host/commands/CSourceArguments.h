@@ -33,6 +33,9 @@ public:
     /// were asked for. Throws CLI::ValidationError, with a whole sentence, at the first thing that makes no sense.
     void readFiles(double framesPerSecond, int framesInFlight, SRunOptions* options) const;
 
+    /// Refuses images among \a chains: what a shell makes of a pattern that is not in quotes.
+    void refuseImages(const QStringList& chains) const;
+
 private:
     void addFiles(SFileOptions::EKind kind, const std::vector<std::string>& places, const SFileOptions& common,
                   SRunOptions* options) const;
@@ -42,6 +45,7 @@ private:
     std::vector<std::string> m_images;
     std::vector<std::string> m_videos;
     std::string m_resend;
+    std::string m_reconnect;
     bool m_isLooped = false;
 };
 

@@ -106,12 +106,13 @@ void CCameraStream::onGrabbed(const QString& error)
     connect(m_graph.get(), &CStreamGraph::cameThrough, this, &CCameraStream::endWhenDrained);
     // The account tells when there is something left by then.
     QTimer::singleShot(m_graph->drainTime(), this, &CCameraStream::end);
+    m_graph->holdLoops();
     endWhenDrained();
 }
 
 void CCameraStream::endWhenDrained()
 {
-    if (!m_hasEnded && m_graph->isDrained())
+    if (!m_hasEnded && m_graph->isDrained() && !m_graph->releaseLoop())
         end();
 }
 
@@ -134,6 +135,7 @@ SRunReport CCameraStream::report() const
     report.address = camera();
     report.camera = m_source->description();
     report.ending = endText();
+    report.absences = m_source->absences();
     report.frames = m_thread->statistics();
     report.span = m_thread->span();
     return report;

@@ -74,11 +74,11 @@ bool CStreamRun::buildGraphs()
     std::vector<std::unique_ptr<CStreamGraph>> graphs;
     QString error;
     if (m_options.load.isEmpty()) {
-        const SChain chain = m_options.chain.isEmpty() ? defaultChain(cameras)
-                                                       : withCameras(readChain(m_options.chain, &error), cameras);
+        const std::vector<SChain> chains = readChains(m_options.chains, cameras, &error);
         if (error.isEmpty())
-            graphs = builder.import(chain, cameras, &error);
-        m_chain = chain.source;
+            graphs = builder.import(chains, cameras, &error);
+        for (const SChain& chain : chains)
+            m_chains.push_back(chain.source);
     } else {
         graphs.push_back(builder.load(m_options.load, cameras.first(), &error));
     }
@@ -131,9 +131,11 @@ bool CStreamRun::saveScene()
 
 bool CStreamRun::writeGraphFiles()
 {
-    if (m_options.load.isEmpty())
+    for (std::size_t i = 0; i < m_chains.size(); ++i) {
+        const QString name = i == 0 ? QStringLiteral("chain.json") : QStringLiteral("chain-%1.json").arg(i + 1);
         // It may be the very file that was read.
-        fail(replaceFile(QDir(m_options.output).filePath(QStringLiteral("chain.json")), m_chain));
+        fail(replaceFile(QDir(m_options.output).filePath(name), m_chains[i]));
+    }
     return m_error.isEmpty() && forEachStream([this](CCameraStream& stream) {
                return Host::writeGraphFiles(stream.graph().scene(), folder(stream));
            });
@@ -152,8 +154,11 @@ bool CStreamRun::stream()
 
     if (m_options.duration.count() > 0)
         QTimer::singleShot(m_options.duration, this, &CStreamRun::onTimeUp);
-    CLineReader commands(stdin);
-    connect(&commands, &CLineReader::lineRead, this, &CStreamRun::onCommand);
+    std::unique_ptr<CLineReader> commands;
+    if (!m_options.readsStandardInput()) {
+        commands = std::make_unique<CLineReader>(stdin);
+        connect(commands.get(), &CLineReader::lineRead, this, &CStreamRun::onCommand);
+    }
     CProgressLine line(stderr);
     QTimer timer;
     connect(&timer, &QTimer::timeout, this, [&] { line.show(runProgress(m_streams, m_options.frames)); });

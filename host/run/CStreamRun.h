@@ -68,7 +68,7 @@ private:
     // In this order: cameras go before the scenes that they feed.
     CHostServices m_services;
     std::vector<std::unique_ptr<CCameraStream>> m_streams;
-    QByteArray m_chain; // what was imported
+    std::vector<QByteArray> m_chains; // what was imported
     QEventLoop m_loop;
     QString m_error; // the first
     bool m_hasStreamed = false;

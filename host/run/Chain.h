@@ -8,6 +8,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <vector>
+
 namespace Host {
 
 /// An import document, docs/import-document.md. A plain value.
@@ -23,8 +25,8 @@ struct SChain
 /// beside it. A chain without that stays as it is, byte for byte.
 SChain withCameras(SChain chain, const QStringList& cameras);
 
-/// The chain in \a file, at most 64 MiB. On failure the reason, which names the file, in \a error. What is wrong with
-/// the chain itself is left to CDocumentCheck.
+/// The chain in \a file, "-" for standard input, at most 64 MiB. On failure the reason, which names the file, in \a
+/// error. What is wrong with the chain itself is left to CDocumentCheck.
 SChain readChain(const QString& file, QString* error);
 
 /**
@@ -40,5 +42,12 @@ SChain readChain(const QString& file, QString* error);
  * The first branch gets every frame; the decoupler lets 25 per second through to the preview behind it.
  */
 SChain defaultChain(const QStringList& cameras);
+
+/// The chains in \a files for these cameras, or the default one if there are none. On failure the reason in \a error.
+std::vector<SChain> readChains(const QStringList& files, const QStringList& cameras, QString* error);
+
+/// Why these chains cannot be in one graph, in one line: two have sinks of one name, whose files would mix. Empty if
+/// they can.
+QString findClash(const std::vector<SChain>& chains);
 
 } // namespace Host

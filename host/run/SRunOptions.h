@@ -6,6 +6,7 @@
 #include "host/sources/OpenSource.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <chrono>
 #include <optional>
@@ -35,10 +36,10 @@ struct SRunOptions
     int writeEvery = 30;                              ///< Each sink writes every so many frames, at least 1.
     QString output = QStringLiteral("halvex-output"); ///< Folder for everything that is written.
     QString plugins;                                  ///< Folder with plugins; empty for that of the program.
-    QString chain;                                    ///< Chain to import; empty for the default one.
-    QString load; ///< Scene document instead of a chain, for one camera; empty for none.
-    QString save; ///< File for the scene document of one camera; empty for none.
-    QString json; ///< File for the report, "-" for standard output instead of the table; empty for none.
+    QStringList chains; ///< To import, each for each camera; "-" is standard input; none for the default one.
+    QString load;       ///< Scene document instead of a chain, for one camera; empty for none.
+    QString save;       ///< File for the scene document of one camera; empty for none.
+    QString json;       ///< File for the report, "-" for standard output instead of the table; empty for none.
     std::vector<SNodeSetting> settings;
     std::optional<double> askedForPerSecond;  ///< The rate that was asked for and not only assumed.
     bool isStrict = false;                    ///< A remark in the report is a failure.
@@ -49,6 +50,9 @@ struct SRunOptions
 
     /// The cameras, and then what stands in for some.
     std::vector<SourceOptions> sources() const;
+
+    /// Whether a document comes on standard input, which then takes no commands.
+    bool readsStandardInput() const { return load == QLatin1String("-") || chains.contains(QStringLiteral("-")); }
 };
 
 } // namespace Host

@@ -92,7 +92,7 @@ QString firstMissing(const std::vector<QByteArray>& from, const std::vector<QByt
 QByteArray readDocument(const QString& file, QString* error)
 {
     QFile in(file);
-    if (!in.open(QIODevice::ReadOnly)) {
+    if (!(file == QLatin1String("-") ? in.open(stdin, QIODevice::ReadOnly) : in.open(QIODevice::ReadOnly))) {
         *error = QStringLiteral("cannot read '%1': %2").arg(file, in.errorString());
         return {};
     }

@@ -9,7 +9,8 @@
 
 namespace Host {
 
-/// What \a file holds, at most 64 MiB. On failure one line in \a error that names the file and the reason.
+/// What \a file holds, "-" for standard input, at most 64 MiB. On failure one line in \a error that names the file and
+/// the reason.
 QByteArray readDocument(const QString& file, QString* error);
 
 /// What \a bytes, read from \a file, say. If they are no JSON, one line in \a error that names the file, the reason

@@ -21,19 +21,11 @@ namespace Host {
 
 namespace {
 
-QStringList imageNames()
-{
-    QStringList names;
-    for (const char* suffix : {"bmp", "jpeg", "jpg", "jp2", "pbm", "pgm", "png", "pnm", "ppm", "tif", "tiff", "webp"})
-        names << QStringLiteral("*.%1").arg(QLatin1String(suffix));
-    return names;
-}
-
 QStringList filesIn(const QString& folder)
 {
     const QDir dir(folder);
     QStringList files;
-    const QStringList names = dir.entryList(imageNames(), QDir::Files); // whatever the case
+    const QStringList names = dir.entryList(CImageFiles::namePatterns(), QDir::Files); // whatever the case
     for (const QString& name : names)
         files << dir.filePath(name);
     return files;
@@ -77,6 +69,14 @@ QString reasonFor(const QString& file)
 
 } // namespace
 
+QStringList CImageFiles::namePatterns()
+{
+    QStringList names;
+    for (const char* suffix : {"bmp", "jpeg", "jpg", "jp2", "pbm", "pgm", "png", "pnm", "ppm", "tif", "tiff", "webp"})
+        names << QStringLiteral("*.%1").arg(QLatin1String(suffix));
+    return names;
+}
+
 std::unique_ptr<CImageFiles> CImageFiles::open(const QString& place, QString* error)
 {
     silenceOpenCv();
@@ -84,7 +84,7 @@ std::unique_ptr<CImageFiles> CImageFiles::open(const QString& place, QString* er
     QStringList files = isFolder ? filesIn(place) : matches(place);
     if (files.isEmpty()) {
         *error = isFolder ? QStringLiteral("no image in the folder %1; it takes %2")
-                                .arg(shown(place), imageNames().join(QStringLiteral(", ")))
+                                .arg(shown(place), CImageFiles::namePatterns().join(QStringLiteral(", ")))
                           : QStringLiteral("no file matches %1").arg(shown(place));
         return nullptr;
     }

@@ -15,6 +15,9 @@ namespace Host {
 class CImageFiles : public IImageReader
 {
 public:
+    /// What images are called: "*.png"...
+    static QStringList namePatterns();
+
     /// \a place is a folder, of which every file counts that is called as images are, or a pattern as of a shell, of
     /// which every match counts. Null, with the reason in \a error, if there is none.
     static std::unique_ptr<CImageFiles> open(const QString& place, QString* error);

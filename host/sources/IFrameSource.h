@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "host/camera/SAbsences.h"
 #include "host/camera/SGrabStatistics.h"
 
 #include <Halvex/platform/CGrabResultPtr.h>
@@ -79,6 +80,9 @@ public:
     /// What to say, and to try, when no complete frame has come for \a time ("5 s"), and, if \a isSilent, nothing else
     /// either. \a before is what came until then.
     virtual QString stallText(const QString& time, bool isSilent, const SGrabStatistics& before) const = 0;
+
+    /// How often it had gone and came back.
+    virtual SAbsences absences() const { return {}; }
 
     /// Why a run is over when this has ended: "at the end of the images".
     virtual QString endText() const { return {}; }

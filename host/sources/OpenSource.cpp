@@ -4,9 +4,22 @@
 #include "host/sources/OpenSource.h"
 
 #include "host/camera/CAravisCamera.h"
+#include "host/camera/CReconnectingCamera.h"
 #include "host/sources/CFileSource.h"
 
 namespace Host {
+
+namespace {
+
+std::unique_ptr<IFrameSource> openCamera(const SCameraOptions& options, QString* error)
+{
+    if (options.reconnect.count() == 0)
+        return CAravisCamera::open(options, error);
+    const auto open = [options](QString* reason) { return CAravisCamera::open(options, reason); };
+    return CReconnectingCamera::open(open, options.silence, options.reconnect, error);
+}
+
+} // namespace
 
 QString nameOf(const SourceOptions& options)
 {
@@ -17,7 +30,7 @@ QString nameOf(const SourceOptions& options)
 std::unique_ptr<IFrameSource> openSource(const SourceOptions& options, QString* error)
 {
     if (const auto* const camera = std::get_if<SCameraOptions>(&options))
-        return CAravisCamera::open(*camera, error);
+        return openCamera(*camera, error);
     return CFileSource::open(std::get<SFileOptions>(options), error);
 }
 
