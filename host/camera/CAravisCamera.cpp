@@ -9,6 +9,7 @@
 #include "host/camera/Device.h"
 #include "host/camera/GrabResult.h"
 #include "host/camera/PixelFormat.h"
+#include "host/camera/StallText.h"
 
 #include <arv.h>
 
@@ -187,12 +188,10 @@ CAravisCamera::SGrab CAravisCamera::grab(std::chrono::milliseconds timeout)
     const auto timeoutUs = std::chrono::duration_cast<std::chrono::microseconds>(timeout).count();
     if (ArvBuffer* buffer = arv_stream_timeout_pop_buffer(m_stream.get(), guint64(timeoutUs)))
         return wrap(buffer);
-    SGrab none;
-    if (isLost()) {
-        none.status = EGrab::Lost;
-        none.error = QStringLiteral("camera '%1' has gone: it no longer answers").arg(m_options.address);
-    }
-    return none;
+    if (!isLost())
+        return {};
+    return SGrab::none(EGrab::Lost,
+                       QStringLiteral("camera '%1' has gone: it no longer answers").arg(m_options.address));
 }
 
 CAravisCamera::SGrab CAravisCamera::wrap(ArvBuffer* buffer)
@@ -200,15 +199,10 @@ CAravisCamera::SGrab CAravisCamera::wrap(ArvBuffer* buffer)
     Veltra::SGrabResult result = grabResult(buffer);
     if (!result.complete) {
         arv_stream_push_buffer(m_stream.get(), buffer);
-        SGrab incomplete;
-        incomplete.status = EGrab::Incomplete;
-        return incomplete;
+        return SGrab::none(EGrab::Incomplete);
     }
     result.owner = std::shared_ptr<ArvBuffer>(buffer, [way = m_bufferReturn](ArvBuffer* b) { way->giveBack(b); });
-    SGrab grab;
-    grab.status = EGrab::Frame;
-    grab.frame = Veltra::CGrabResultPtr(std::move(result));
-    return grab;
+    return {EGrab::Frame, Veltra::CGrabResultPtr(std::move(result)), {}, {}};
 }
 
 QString CAravisCamera::description() const
@@ -218,17 +212,7 @@ QString CAravisCamera::description() const
 
 QString CAravisCamera::stallText(const QString& time, bool isSilent, const SGrabStatistics& before) const
 {
-    if (!isSilent)
-        return QStringLiteral("camera '%1' gave no whole frame for %2, %3 incomplete ones in all; try smaller packets "
-                              "(--camera-set GevSCPSPacketSize=1400) or more buffers (--buffers 64)")
-            .arg(m_options.address, time)
-            .arg(before.incomplete);
-    if (before.grabbed > 0)
-        return QStringLiteral("camera '%1' has gone: no frame for %2").arg(m_options.address, time);
-    return QStringLiteral("camera '%1' sends nothing: no frame for %2; does it wait for a trigger (--camera-set "
-                          "TriggerMode=Off), is a firewall in the way, or are its packets too large for the network "
-                          "(--camera-set GevSCPSPacketSize=1400)?")
-        .arg(m_options.address, time);
+    return cameraStallText(m_options.address, time, isSilent, before);
 }
 
 void CAravisCamera::stop()

@@ -62,9 +62,7 @@ IFrameSource::SGrab CReconnectingCamera::grab(std::chrono::milliseconds timeout)
         return grab;
     }
     close(isSilent ? silenceText() : grab.error);
-    SGrab away;
-    away.status = EGrab::Away;
-    return away;
+    return SGrab::none(EGrab::Away);
 }
 
 void CReconnectingCamera::noteSign()
@@ -98,13 +96,9 @@ void CReconnectingCamera::close(const QString& reason)
 IFrameSource::SGrab CReconnectingCamera::tryToOpen(std::chrono::milliseconds timeout)
 {
     const auto begin = Clock::now();
-    SGrab away;
-    away.status = EGrab::Away;
-    if (begin - *m_goneSince >= m_patience) {
-        away.status = EGrab::Lost;
-        away.error = QStringLiteral("%1; it did not come back for %2 s").arg(m_reason, seconds(m_patience));
-        return away;
-    }
+    if (begin - *m_goneSince >= m_patience)
+        return SGrab::none(EGrab::Lost,
+                           QStringLiteral("%1; it did not come back for %2 s").arg(m_reason, seconds(m_patience)));
     QString error; // the next attempt may succeed
     auto camera = m_open(&error);
     // One that has forgotten its pixel format is of no use to the graph.
@@ -114,7 +108,7 @@ IFrameSource::SGrab CReconnectingCamera::tryToOpen(std::chrono::milliseconds tim
     } else {
         std::this_thread::sleep_until(begin + timeout);
     }
-    return away;
+    return SGrab::none(EGrab::Away);
 }
 
 QString CReconnectingCamera::silenceText() const

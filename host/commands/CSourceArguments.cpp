@@ -34,7 +34,7 @@ void CSourceArguments::declare(CLI::App& command)
                  "images and videos come as fast as the graph takes them; the run ends by itself at their end.",
                  &m_videos);
     command.add_flag("--loop", m_isLooped, "Images and videos begin again at their end.");
-    command.add_flag("--reconnect{60s}", m_reconnect,
+    command.add_flag("--reconnect", m_reconnect,
                      "Wait for a camera that has gone, and go on when it comes back: for 60s each time, or as long as "
                      "--reconnect=TIME says.");
     command
@@ -46,7 +46,7 @@ void CSourceArguments::declare(CLI::App& command)
 void CSourceArguments::readHandling(SCameraOptions* camera) const
 {
     if (m_command->count("--reconnect") > 0)
-        camera->reconnect = readTime("--reconnect", m_reconnect);
+        camera->reconnect = readTime("--reconnect", m_reconnect == "true" ? "60s" : m_reconnect);
     if (m_command->count("--resend") == 0)
         return;
     if (m_resend != "on" && m_resend != "off")

@@ -7,12 +7,11 @@
 #include "host/report/CProgressLine.h"
 #include "host/report/Counted.h"
 #include "host/run/CCameraStream.h"
-#include "host/run/CGraphBuilder.h"
 #include "host/run/CLineReader.h"
 #include "host/run/CSignalWatcher.h"
 #include "host/run/CStreamGraph.h"
-#include "host/run/Chain.h"
 #include "host/run/Output.h"
+#include "host/run/RunGraphs.h"
 #include "host/run/RunOutput.h"
 #include "host/run/RunSettings.h"
 
@@ -29,14 +28,6 @@ namespace Host {
 namespace {
 
 constexpr std::chrono::milliseconds progressInterval(100);
-
-QStringList namesOf(const std::vector<SourceOptions>& sources)
-{
-    QStringList names;
-    for (const SourceOptions& source : sources)
-        names << nameOf(source);
-    return names;
-}
 
 } // namespace
 
@@ -68,26 +59,16 @@ bool CStreamRun::loadPlugins()
 
 bool CStreamRun::buildGraphs()
 {
-    CGraphBuilder builder(m_services.nodes(), m_services.models());
-    const std::vector<SourceOptions> sources = m_options.sources();
-    const QStringList cameras = namesOf(sources);
-    std::vector<std::unique_ptr<CStreamGraph>> graphs;
     QString error;
-    if (m_options.load.isEmpty()) {
-        const std::vector<SChain> chains = readChains(m_options.chains, cameras, &error);
-        if (error.isEmpty())
-            graphs = builder.import(chains, cameras, &error);
-        for (const SChain& chain : chains)
-            m_chains.push_back(chain.source);
-    } else {
-        graphs.push_back(builder.load(m_options.load, cameras.first(), &error));
-    }
+    SRunGraphs built = buildRunGraphs(m_options, m_services, &error);
     fail(error);
     if (!m_error.isEmpty())
         return false;
 
-    for (std::size_t i = 0; i < graphs.size(); ++i) {
-        m_streams.push_back(std::make_unique<CCameraStream>(sources[i], std::move(graphs[i])));
+    m_chains = built.chains;
+    const std::vector<SourceOptions> sources = m_options.sources();
+    for (std::size_t i = 0; i < built.graphs.size(); ++i) {
+        m_streams.push_back(std::make_unique<CCameraStream>(sources[i], std::move(built.graphs[i])));
         connect(m_streams.back().get(), &CCameraStream::failed, this, &CStreamRun::onFailed);
         connect(m_streams.back().get(), &CCameraStream::ended, this, &CStreamRun::onEnded);
     }
@@ -131,11 +112,7 @@ bool CStreamRun::saveScene()
 
 bool CStreamRun::writeGraphFiles()
 {
-    for (std::size_t i = 0; i < m_chains.size(); ++i) {
-        const QString name = i == 0 ? QStringLiteral("chain.json") : QStringLiteral("chain-%1.json").arg(i + 1);
-        // It may be the very file that was read.
-        fail(replaceFile(QDir(m_options.output).filePath(name), m_chains[i]));
-    }
+    fail(writeChains(m_chains, m_options.output));
     return m_error.isEmpty() && forEachStream([this](CCameraStream& stream) {
                return Host::writeGraphFiles(stream.graph().scene(), folder(stream));
            });

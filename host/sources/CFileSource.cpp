@@ -90,16 +90,11 @@ IFrameSource::SGrab CFileSource::grab(std::chrono::milliseconds timeout)
                                          std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now())));
     if (!m_claim)
         return {};
-    SGrab grab;
-    const IImageReader::ERead read = m_next.empty() ? readNext(&grab.error) : IImageReader::ERead::Image;
-    if (read != IImageReader::ERead::Image) {
-        grab.status = read == IImageReader::ERead::End ? EGrab::Ended : EGrab::Lost;
-        return grab;
-    }
-    grab.status = EGrab::Frame;
-    grab.frame = Veltra::CGrabResultPtr(takeFrame());
-    grab.claim = std::move(m_claim);
-    return grab;
+    QString error;
+    const IImageReader::ERead read = m_next.empty() ? readNext(&error) : IImageReader::ERead::Image;
+    if (read != IImageReader::ERead::Image)
+        return SGrab::none(read == IImageReader::ERead::End ? EGrab::Ended : EGrab::Lost, error);
+    return {EGrab::Frame, Veltra::CGrabResultPtr(takeFrame()), std::move(m_claim), {}};
 }
 
 // False when that takes longer.

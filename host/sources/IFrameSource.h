@@ -56,6 +56,9 @@ public:
         std::shared_ptr<const void> claim;
 
         QString error; ///< Set exactly when status is Lost.
+
+        /// One without a frame.
+        static SGrab none(EGrab status, const QString& error = {}) { return {status, {}, {}, error}; }
     };
 
     IFrameSource() = default;
