@@ -9,6 +9,7 @@
 #include "host/camera/Device.h"
 #include "host/camera/GrabResult.h"
 #include "host/camera/PixelFormat.h"
+#include "host/camera/StallText.h"
 
 #include <arv.h>
 
@@ -61,6 +62,11 @@ void CAravisCamera::onControlLost(ArvDevice*, void* self)
 
 bool CAravisCamera::configure(QString* error)
 {
+    if (m_options.resend && !arv_camera_is_gv_device(m_camera.get())) {
+        *error = QStringLiteral("camera '%1' has no packets to send again: it is no GigE Vision camera (--resend)")
+                     .arg(m_options.address);
+        return false;
+    }
     CGLibError reason;
     if (!m_options.pixelFormat.isEmpty()) {
         const QByteArray format = m_options.pixelFormat.toUtf8();
@@ -158,6 +164,10 @@ bool CAravisCamera::createStream(QString* error)
         *error = QStringLiteral("camera '%1' gives no stream: %2").arg(m_options.address, reason.text());
         return false;
     }
+    if (m_options.resend)
+        g_object_set(m_stream.get(), "packet-resend",
+                     *m_options.resend ? ARV_GV_STREAM_PACKET_RESEND_ALWAYS : ARV_GV_STREAM_PACKET_RESEND_NEVER,
+                     nullptr);
     m_bufferReturn = std::make_shared<CBufferReturn>(m_stream.get());
     for (int i = 0; i < m_options.buffers; ++i)
         arv_stream_push_buffer(m_stream.get(), arv_buffer_new_allocate(payload));
@@ -178,7 +188,10 @@ CAravisCamera::SGrab CAravisCamera::grab(std::chrono::milliseconds timeout)
     const auto timeoutUs = std::chrono::duration_cast<std::chrono::microseconds>(timeout).count();
     if (ArvBuffer* buffer = arv_stream_timeout_pop_buffer(m_stream.get(), guint64(timeoutUs)))
         return wrap(buffer);
-    return {isLost() ? EGrab::Lost : EGrab::Timeout, {}};
+    if (!isLost())
+        return {};
+    return SGrab::none(EGrab::Lost,
+                       QStringLiteral("camera '%1' has gone: it no longer answers").arg(m_options.address));
 }
 
 CAravisCamera::SGrab CAravisCamera::wrap(ArvBuffer* buffer)
@@ -186,10 +199,20 @@ CAravisCamera::SGrab CAravisCamera::wrap(ArvBuffer* buffer)
     Veltra::SGrabResult result = grabResult(buffer);
     if (!result.complete) {
         arv_stream_push_buffer(m_stream.get(), buffer);
-        return {EGrab::Incomplete, {}};
+        return SGrab::none(EGrab::Incomplete);
     }
     result.owner = std::shared_ptr<ArvBuffer>(buffer, [way = m_bufferReturn](ArvBuffer* b) { way->giveBack(b); });
-    return {EGrab::Frame, Veltra::CGrabResultPtr(std::move(result))};
+    return {EGrab::Frame, Veltra::CGrabResultPtr(std::move(result)), {}, {}};
+}
+
+QString CAravisCamera::description() const
+{
+    return QStringLiteral("%1, %2 x %3 %4").arg(m_name).arg(m_width).arg(m_height).arg(m_pixelFormat);
+}
+
+QString CAravisCamera::stallText(const QString& time, bool isSilent, const SGrabStatistics& before) const
+{
+    return cameraStallText(m_options.address, time, isSilent, before);
 }
 
 void CAravisCamera::stop()

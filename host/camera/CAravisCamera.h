@@ -5,8 +5,7 @@
 
 #include "host/camera/GObjectPtr.h"
 #include "host/camera/SCameraOptions.h"
-
-#include <Halvex/platform/CGrabResultPtr.h>
+#include "host/sources/IFrameSource.h"
 
 #include <QString>
 
@@ -46,53 +45,40 @@ class CBufferReturn;
  * start(), stop() or the destructor runs. grab() from one thread at a time, underruns() and freeBuffers() from any
  * thread that may call grab().
  */
-class CAravisCamera
+class CAravisCamera : public IFrameSource
 {
 public:
-    enum class EGrab
-    {
-        Frame,      ///< A complete frame.
-        Incomplete, ///< A frame of which a part was lost; it is not handed out.
-        Timeout,    ///< No frame in time.
-        Lost        ///< The camera has gone; no frame will come any more.
-    };
-
-    struct SGrab
-    {
-        EGrab status = EGrab::Timeout;
-        Veltra::CGrabResultPtr frame; ///< Set exactly when status is Frame.
-    };
-
     /// Opens the camera and applies \a options. On failure null, and the reason in one line in \a error.
     static std::unique_ptr<CAravisCamera> open(const SCameraOptions& options, QString* error);
 
     /// Stops.
-    ~CAravisCamera();
-    Q_DISABLE_COPY(CAravisCamera)
+    ~CAravisCamera() override;
 
     /// "Maker Model (address)".
     QString name() const { return m_name; }
     QString address() const { return m_options.address; }
     int width() const { return m_width; }
     int height() const { return m_height; }
-    /// GenICam name.
-    QString pixelFormat() const { return m_pixelFormat; }
+    QString pixelFormat() const override { return m_pixelFormat; }
+    QString description() const override;
 
     /// Makes the buffers and begins to acquire; does nothing when it does so already. False with the reason in
     /// \a error leaves the camera stopped.
-    bool start(QString* error);
+    bool start(QString* error) override;
 
     /// Waits for the next frame. The camera must be started.
-    SGrab grab(std::chrono::milliseconds timeout);
+    SGrab grab(std::chrono::milliseconds timeout) override;
 
     /// Ends the acquisition and drops the frames that nobody grabbed. May be started again.
     void stop();
 
     /// Frames lost since start() because no buffer was free; 0 while stopped.
-    quint64 underruns() const;
+    quint64 underruns() const override;
 
     /// Buffers that wait for the camera to fill them; 0 while stopped.
     int freeBuffers() const;
+
+    QString stallText(const QString& time, bool isSilent, const SGrabStatistics& before) const override;
 
 private:
     CAravisCamera(SCameraOptions options, GObjectPtr<_ArvCamera> camera);

@@ -3,8 +3,6 @@
 
 #include "host/camera/CGrabThread.h"
 
-#include "host/camera/CAravisCamera.h"
-
 #include <algorithm>
 
 namespace Host {
@@ -18,8 +16,8 @@ constexpr std::chrono::milliseconds patience(100);
 
 } // namespace
 
-CGrabThread::CGrabThread(CAravisCamera& camera, quint64 frames, std::chrono::milliseconds silence, FrameHandler handler)
-    : m_camera(camera)
+CGrabThread::CGrabThread(IFrameSource& source, quint64 frames, std::chrono::milliseconds silence, FrameHandler handler)
+    : m_source(source)
     , m_frames(frames)
     , m_silence(silence)
     , m_handler(std::move(handler))
@@ -49,28 +47,34 @@ void CGrabThread::run()
 
 QString CGrabThread::grabAll()
 {
+    using EGrab = IFrameSource::EGrab;
     // What was waited for a frame in vain. The time of a handler does not count, nor that of a stopped process.
     Clock::duration silent{0};
     Clock::duration frameless{0};
     while ((m_frames == 0 || m_complete < m_frames) && !isInterruptionRequested()) {
         const auto begin = Clock::now();
-        CAravisCamera::SGrab grab = m_camera.grab(patience);
+        IFrameSource::SGrab grab = m_source.grab(patience);
         const auto waited = std::min<Clock::duration>(Clock::now() - begin, patience);
-        silent = grab.status == CAravisCamera::EGrab::Timeout ? silent + waited : Clock::duration::zero();
+        silent = grab.status == EGrab::Timeout ? silent + waited : Clock::duration::zero();
         frameless += waited;
-        const quint64 underruns = m_camera.underruns();
-        // A camera whose frames find no buffer is alive: it is the graph that is slow.
-        if (underruns != m_underruns)
+        const quint64 underruns = m_source.underruns();
+        // A camera whose frames find no buffer is alive: it is the graph that is slow. For one that is away its source
+        // knows how long to wait.
+        if (underruns != m_underruns || grab.status == EGrab::Away)
             silent = frameless = Clock::duration::zero();
         m_underruns = underruns;
 
-        if (grab.status == CAravisCamera::EGrab::Lost)
-            return QStringLiteral("camera '%1' has gone: it no longer answers").arg(m_camera.address());
-        if (grab.status == CAravisCamera::EGrab::Incomplete)
+        if (grab.status == EGrab::Lost)
+            return grab.error;
+        if (grab.status == EGrab::Ended) {
+            m_hasRunOut = true;
+            return {};
+        }
+        if (grab.status == EGrab::Incomplete)
             ++m_incomplete;
-        if (grab.status == CAravisCamera::EGrab::Frame) {
+        if (grab.status == EGrab::Frame) {
             frameless = Clock::duration::zero();
-            handOn(std::move(grab.frame));
+            handOn(std::move(grab));
         }
         const QString missing = missingFrame(silent, frameless);
         if (!missing.isEmpty())
@@ -81,26 +85,19 @@ QString CGrabThread::grabAll()
 
 QString CGrabThread::missingFrame(Clock::duration silent, Clock::duration frameless) const
 {
-    const auto seconds = [](std::chrono::milliseconds time) { return QString::number(double(time.count()) / 1000.0); };
-    if (silent >= m_silence) {
-        if (m_complete > 0 || m_incomplete > 0)
-            return QStringLiteral("camera '%1' has gone: no frame for %2 s")
-                .arg(m_camera.address(), seconds(m_silence));
-        return QStringLiteral("camera '%1' sends nothing: no frame for %2 s; does it wait for a trigger "
-                              "(--camera-set TriggerMode=Off), or is a firewall in the way?")
-            .arg(m_camera.address(), seconds(m_silence));
-    }
-    if (m_timeout.count() == 0 || frameless < m_timeout)
-        return {};
-    return QStringLiteral("camera '%1' gave no whole frame for %2 s, %3 incomplete ones in all; try smaller packets "
-                          "(--camera-set GevSCPSPacketSize=1400) or more buffers (--buffers 64)")
-        .arg(m_camera.address(), seconds(m_timeout))
-        .arg(m_incomplete.load());
+    const auto text = [](std::chrono::milliseconds time) {
+        return QStringLiteral("%1 s").arg(double(time.count()) / 1000.0);
+    };
+    if (silent >= m_silence)
+        return m_source.stallText(text(m_silence), true, statistics());
+    if (m_timeout.count() > 0 && frameless >= m_timeout)
+        return m_source.stallText(text(m_timeout), false, statistics());
+    return {};
 }
 
-void CGrabThread::handOn(Veltra::CGrabResultPtr result)
+void CGrabThread::handOn(IFrameSource::SGrab grab)
 {
-    const SFrame frame{std::move(result), Clock::now()};
+    const SFrame frame{std::move(grab.frame), Clock::now(), std::move(grab.claim)};
     if (m_complete == 0)
         m_first = frame.grabbed;
     m_spanNs = std::chrono::nanoseconds(frame.grabbed - m_first).count();

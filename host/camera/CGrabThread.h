@@ -4,6 +4,7 @@
 #pragma once
 
 #include "host/camera/SGrabStatistics.h"
+#include "host/sources/IFrameSource.h"
 
 #include <Halvex/platform/CGrabResultPtr.h>
 
@@ -16,24 +17,23 @@
 
 namespace Host {
 
-class CAravisCamera;
-
 /**
- * Grabs frames from a started camera until enough complete ones came, it is asked to end, or the camera has gone.
+ * Grabs frames from a started source, such as a camera, until enough complete ones came, it is asked to end, the source
+ * has no more, or the camera has gone.
  *
  * \code
- * CGrabThread thread(camera, 300, std::chrono::seconds(5), [entry](const CGrabThread::SFrame& frame) {
+ * CGrabThread thread(source, 300, std::chrono::seconds(5), [entry](const CGrabThread::SFrame& frame) {
  *     entry.setData(wrap(frame));
  * });
  * connect(&thread, &CGrabThread::ended, this, &CRun::onEnded);
  * thread.start();
  * \endcode
  *
- * Incomplete frames are counted and skipped. The camera must be started before the thread and outlive it.
+ * Incomplete frames are counted and skipped. The source must be started before the thread and outlive it.
  *
  * Threads: requestInterruption() and statistics() from any thread; the frame handler runs in the grab thread, one
  * frame after the other. The destructor ends the thread and waits for it, which takes a tenth of a second at most
- * and as long as the handler takes.
+ * and as long as the handler takes, and a source that opens its camera again.
  */
 class CGrabThread : public QThread
 {
@@ -43,13 +43,14 @@ public:
     struct SFrame
     {
         Veltra::CGrabResultPtr result;
-        std::chrono::steady_clock::time_point grabbed; ///< When it came out of the stream.
+        std::chrono::steady_clock::time_point grabbed; ///< When it came out of the source.
+        std::shared_ptr<const void> claim{};           ///< As the source has it.
     };
     using FrameHandler = std::function<void(const SFrame&)>;
 
     /// \a frames complete frames end the thread, 0 never do; so does \a silence without any frame. What counts is the
     /// time that the thread waits for one, not that of the handler.
-    CGrabThread(CAravisCamera& camera, quint64 frames, std::chrono::milliseconds silence, FrameHandler handler);
+    CGrabThread(IFrameSource& source, quint64 frames, std::chrono::milliseconds silence, FrameHandler handler);
     ~CGrabThread() override;
 
     /// Without a complete frame for \a timeout, counted in the same way, the thread ends as well, 0 for never. Before
@@ -62,9 +63,12 @@ public:
     /// From the first to the last complete frame.
     std::chrono::nanoseconds span() const { return std::chrono::nanoseconds(m_spanNs.load()); }
 
+    /// Whether the source has no more frames, which ends the thread without an error.
+    bool hasRunOut() const { return m_hasRunOut; }
+
 Q_SIGNALS:
     /// Emitted once, in the grab thread and after the last call of the handler, so that a queued receiver hears of
-    /// it after everything that the handler queued. \a error is empty unless the camera failed.
+    /// it after everything that the handler queued. \a error is empty unless the source failed.
     void ended(const QString& error);
 
 protected:
@@ -74,9 +78,9 @@ private:
     QString grabAll();
     QString missingFrame(std::chrono::steady_clock::duration silent,
                          std::chrono::steady_clock::duration frameless) const;
-    void handOn(Veltra::CGrabResultPtr result);
+    void handOn(IFrameSource::SGrab grab);
 
-    CAravisCamera& m_camera;
+    IFrameSource& m_source;
     const quint64 m_frames;
     const std::chrono::milliseconds m_silence;
     const FrameHandler m_handler;
@@ -87,6 +91,7 @@ private:
     std::atomic<quint64> m_incomplete{0};
     std::atomic<quint64> m_underruns{0};
     std::atomic<qint64> m_spanNs{0};
+    std::atomic<bool> m_hasRunOut{false};
 };
 
 } // namespace Host

@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <chrono>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -21,6 +23,9 @@ struct SCameraOptions
     int buffers = 16;             ///< Frames that may be in flight at once, at least 1.
 
     std::vector<std::pair<QString, QString>> features; ///< GenICam features to set last, in this order, as text.
+    std::chrono::milliseconds reconnect{0};            ///< How long it is waited for when it has gone; 0: not at all.
+    std::chrono::milliseconds silence{5000};           ///< Then it has gone.
+    std::optional<bool> resend{}; ///< Whether lost packets are asked for again, which only GigE Vision cameras can.
 
     /// Whether it is one of the cameras that are built into the library.
     static bool isFake(const QString& address);

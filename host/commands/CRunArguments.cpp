@@ -35,7 +35,12 @@ CRunArguments::CRunArguments(CLI::App& command)
 
 void CRunArguments::declareSources(CLI::App& command)
 {
-    command.add_option("CHAIN", m_chain, "The chain to import for each camera (default: the demo's).")->type_name("");
+    command
+        .add_option("CHAIN", m_chains,
+                    "The chains to import, each for each camera, side by side; '-' is standard input, which then takes "
+                    "no 'set' lines (default: the demo's).")
+        ->type_name("")
+        ->take_all();
     command
         .add_option("--camera", m_cameras,
                     "'fake' (default), 'fake-1', 'fake-2'..., or the address of a GigE Vision camera. May be given "
@@ -45,10 +50,13 @@ void CRunArguments::declareSources(CLI::App& command)
         ->allow_extra_args(false)
         ->take_all();
     command
-        .add_option("--fps", m_rate, "Frames per second (default: 200 for fake cameras, else as the camera is set).")
+        .add_option("--fps", m_rate,
+                    "Frames per second (default: 200 for fake cameras, else as the camera is set; files as fast as "
+                    "they come).")
         ->type_name("N");
     command.add_option("--pixel-format", m_pixelFormat, "GenICam name, e.g. RGB8 (default: as the camera is set).")
         ->type_name("NAME");
+    m_sources.declare(command);
     command
         .add_option("--load", m_load,
                     "Stream one camera through the scene of this document instead of a chain; '-' is standard input.")
@@ -78,12 +86,13 @@ void CRunArguments::declareEnding(CLI::App& command)
 {
     const char* const group = "When it ends";
     command
-        .add_option("--frames", m_frames,
-                    "End after N complete frames of each camera; 0: with Ctrl-C (default: 300 with fake cameras, else "
-                    "0).")
+        .add_option(
+            "--frames", m_frames,
+            "End after N complete frames of each camera; 0: with Ctrl-C, or at the end of the files (default: 300 with "
+            "fake cameras, else 0).")
         ->type_name("N")
         ->group(group);
-    command.add_option("--duration", m_duration, "End after that time: 500ms, 30s, 5min, 2h.")
+    command.add_option("--duration", m_duration, "End after that time: 500ms, 30s, 5min, 2h; 0: with Ctrl-C.")
         ->type_name("TIME")
         ->group(group);
     command
@@ -149,7 +158,9 @@ SRunOptions CRunArguments::options() const
         options.writeEvery = readCount("--write-every", m_writeEvery, 1, SRunOptions::maxFrames);
     if (isGiven("--fps"))
         camera.framesPerSecond = framesPerSecond(&options);
+    m_sources.readHandling(&camera);
     readCameras(camera, &options);
+    m_sources.readFiles(camera.framesPerSecond, camera.buffers, &options);
     readEnding(&options);
     readGraph(&options);
     return options;
@@ -159,13 +170,15 @@ void CRunArguments::readEnding(SRunOptions* options) const
 {
     const bool hasRealCamera = std::any_of(options->cameras.begin(), options->cameras.end(),
                                            [](const auto& camera) { return !SCameraOptions::isFake(camera.address); });
-    if (isGiven("--duration"))
+    if (isGiven("--duration") && m_duration != "0")
         options->duration = readTime("--duration", m_duration);
     if (isGiven("--timeout"))
         options->silence = options->timeout = readTime("--timeout", m_timeout);
+    for (SCameraOptions& camera : options->cameras)
+        camera.silence = options->silence;
     if (isGiven("--frames"))
         options->frames = readCount("--frames", m_frames, 0, SRunOptions::maxFrames);
-    else if (hasRealCamera || isGiven("--duration"))
+    else if (hasRealCamera || m_sources.hasFiles() || isGiven("--duration"))
         options->frames = 0;
 }
 
@@ -189,16 +202,18 @@ void CRunArguments::readSettings(SCameraOptions* camera, SRunOptions* options) c
 void CRunArguments::readGraph(SRunOptions* options) const
 {
     const bool isForOne = !options->load.isEmpty() || !options->save.isEmpty();
-    if (isForOne && options->cameras.size() > 1)
+    if (isForOne && options->sources().size() > 1)
         refuse(QStringLiteral("--load and --save take one camera."));
     if (isStandardStream(options->save) && isStandardStream(options->json))
         refuse(QStringLiteral("--save or --json to standard output, not both."));
-    if (!isGiven("CHAIN"))
-        return;
-    options->chain = QString::fromStdString(m_chain);
-    if (options->chain.isEmpty())
+    for (const std::string& chain : m_chains)
+        options->chains << QString::fromStdString(chain);
+    if (options->chains.contains(QString()))
         refuse(QStringLiteral("The chain's file has no name."));
-    if (!options->load.isEmpty())
+    if (options->chains.count(QStringLiteral("-")) > 1)
+        refuse(QStringLiteral("Standard input is one chain: '-' is given twice."));
+    m_sources.refuseImages(options->chains);
+    if (!options->chains.isEmpty() && !options->load.isEmpty())
         refuse(QStringLiteral("A chain or --load, not both."));
 }
 
@@ -206,7 +221,7 @@ void CRunArguments::readCameras(const SCameraOptions& common, SRunOptions* optio
 {
     options->cameras.clear();
     QStringList addresses = Host::readCameras(m_cameras);
-    if (addresses.isEmpty())
+    if (addresses.isEmpty() && !m_sources.hasFiles())
         addresses << common.address;
     for (const QString& address : qAsConst(addresses)) {
         SCameraOptions camera = common;

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "host/commands/CSourceArguments.h"
 #include "host/run/SRunOptions.h"
 
 #include <QString>
@@ -39,7 +40,8 @@ private:
     void readGraph(SRunOptions* options) const;
 
     const CLI::App& m_command;
-    std::string m_chain;
+    CSourceArguments m_sources;
+    std::vector<std::string> m_chains;
     std::vector<std::string> m_cameras;
     std::vector<std::string> m_features;
     std::vector<std::string> m_settings;

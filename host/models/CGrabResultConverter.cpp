@@ -33,6 +33,7 @@ const SRecipe recipes[] = {
     {"Mono14", CV_16UC1, noCode, 1.0 / 64},
     {"Mono16", CV_16UC1, noCode, 1.0 / 256},
     {"BGR8", CV_8UC3, noCode, 1.0},
+    {"BGR16", CV_16UC3, noCode, 1.0 / 256},
     {"RGB8", CV_8UC3, cv::COLOR_RGB2BGR, 1.0},
     {"BayerRG8", CV_8UC1, cv::COLOR_BayerRGGB2BGR, 1.0},
     {"BayerGR8", CV_8UC1, cv::COLOR_BayerGRBG2BGR, 1.0},
@@ -88,7 +89,7 @@ Plugin::Halvex::CNodeDataPtr CGrabResultConverter::operator()(const Plugin::Halv
     cv::Mat image;
     if (recipe->colorCode != noCode)
         cv::cvtColor(pixels, image, recipe->colorCode);
-    else if (recipe->matType == CV_16UC1)
+    else if (CV_MAT_DEPTH(recipe->matType) == CV_16U)
         // Moved by half a step, rounding to the nearest value rounds down: what stays is the 8 highest bits.
         pixels.convertTo(image, CV_8U, recipe->scale, -0.5 + recipe->scale / 2);
     else

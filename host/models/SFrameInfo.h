@@ -6,6 +6,7 @@
 #include <QtGlobal>
 
 #include <chrono>
+#include <memory>
 
 namespace Host {
 
@@ -14,6 +15,7 @@ struct SFrameInfo
 {
     quint64 frameNumber = 0;                       ///< As the device counts frames.
     std::chrono::steady_clock::time_point grabbed; ///< When the frame came out of the camera's stream.
+    std::shared_ptr<const void> claim{}; ///< Whoever waits until a frame has gone waits for its end; may be null.
 };
 
 } // namespace Host

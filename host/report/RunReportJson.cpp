@@ -73,6 +73,7 @@ QJsonObject SRunReport::json() const
             {"camera", camera},
             {"ended", ending},
             {"frames", counts},
+            {"absences", QJsonObject{{"count", absences.count}, {"seconds", double(absences.total.count()) / 1000.0}}},
             {"frames_per_second", number(framesPerSecond())},
             {"remarks", QJsonArray::fromStringList(remarks())},
             {"mismatch", wrong.isEmpty() ? QJsonValue() : QJsonValue(wrong)},

@@ -18,7 +18,8 @@ QString decouplerMismatch(const SDecouplerReport& decoupler)
             .arg(decoupler.expected);
     if (counts.received != counts.emitted + counts.dropped + counts.cancelled + counts.pending)
         return QStringLiteral("the counts of the decoupler '%1' do not add up").arg(decoupler.name);
-    if (counts.pending != 0 || counts.emitted != decoupler.delivered)
+    const bool isPendingSound = counts.pending == 0 || decoupler.isOnLoop;
+    if (!isPendingSound || counts.emitted != decoupler.delivered)
         return QStringLiteral("the decoupler '%1' let its last frame not through in time").arg(decoupler.name);
     return {};
 }
@@ -96,6 +97,10 @@ QStringList SRunReport::remarks() const
         remarks << QStringLiteral("%1 came incomplete").arg(counted(frames.incomplete, "frame"));
     if (frames.underruns > 0)
         remarks << QStringLiteral("%1 found no free buffer").arg(counted(frames.underruns, "frame"));
+    if (absences.count > 0)
+        remarks << QStringLiteral("the camera had gone %1 and came back, %2 s in all")
+                       .arg(counted(quint64(absences.count), "time"))
+                       .arg(double(absences.total.count()) / 1000.0, 0, 'f', 1);
     return remarks;
 }
 

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "host/camera/SAbsences.h"
 #include "host/camera/SGrabStatistics.h"
 #include "host/report/SNodeReport.h"
 
@@ -37,6 +38,7 @@ struct SDecouplerReport
     Plugin::Halvex::SDecouplerStatistics counts;
     quint64 expected = 0;  ///< What its connections carried.
     quint64 delivered = 0; ///< What has come out, of all that was emitted.
+    bool isOnLoop = false; ///< What goes round may stay in it.
 };
 
 /// What one worker of a run did.
@@ -55,6 +57,7 @@ struct SRunReport
     QString graph;   ///< The graph as text.
     QString ending;  ///< Why the run ended.
     SGrabStatistics frames;
+    SAbsences absences;                      ///< Of the camera.
     std::chrono::nanoseconds span{0};        ///< From the first to the last complete frame.
     std::optional<double> askedForPerSecond; ///< Frames per second that the camera was set to.
     QString flowMismatch;                    ///< The first connection that did not carry what it should have.
@@ -70,8 +73,8 @@ struct SRunReport
     /// The first thing that does not add up, in one line; empty when nothing was lost.
     QString mismatch() const;
 
-    /// What a reader should know although nothing failed: frames lost, a rate that was missed by more than 5 %. A line
-    /// each.
+    /// What a reader should know although nothing failed: frames lost, a rate that was missed by more than 5 %, a
+    /// camera that had gone. A line each.
     QStringList remarks() const;
 
     /// What makes the run a failure, in one line: a mismatch, no complete frame among those that came, with

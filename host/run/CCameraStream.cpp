@@ -3,13 +3,13 @@
 
 #include "host/run/CCameraStream.h"
 
-#include "host/camera/CAravisCamera.h"
 #include "host/camera/CGrabThread.h"
 #include "host/models/CGrabResultData.h"
 #include "host/models/IHostModels.h"
 #include "host/run/CStreamGraph.h"
 #include "host/run/Output.h"
 #include "host/sinks/IFrameSink.h"
+#include "host/sources/IFrameSource.h"
 
 #include <Halvex/models/CNodeDataEntry.h>
 
@@ -22,7 +22,7 @@ namespace Host {
 
 using namespace Plugin::Halvex;
 
-CCameraStream::CCameraStream(SCameraOptions options, std::unique_ptr<CStreamGraph> graph)
+CCameraStream::CCameraStream(SourceOptions options, std::unique_ptr<CStreamGraph> graph)
     : m_options(std::move(options))
     , m_graph(std::move(graph))
 {
@@ -34,10 +34,10 @@ CCameraStream::~CCameraStream() = default;
 QString CCameraStream::open(const IHostModels& models)
 {
     QString error;
-    m_camera = CAravisCamera::open(m_options, &error);
-    if (m_camera && !models.supports(m_camera->pixelFormat()))
+    m_source = openSource(m_options, &error);
+    if (m_source && !models.supports(m_source->pixelFormat()))
         error = QStringLiteral("camera '%1' sends pixels as %2, which has no conversion to an image")
-                    .arg(m_camera->address(), m_camera->pixelFormat());
+                    .arg(camera(), m_source->pixelFormat());
     return error;
 }
 
@@ -63,14 +63,14 @@ QString CCameraStream::start(int frames, std::chrono::milliseconds silence, std:
     if (!m_graph->isIntact())
         return CStreamGraph::changedText(camera());
     QString error;
-    if (!m_camera->start(&error))
+    if (!m_source->start(&error))
         return error;
     m_graph->startCounting();
     const auto handOn = [entry = m_graph->entry()](const CGrabThread::SFrame& frame) {
-        const SFrameInfo info{frame.result->frameNumber, frame.grabbed};
+        const SFrameInfo info{frame.result->frameNumber, frame.grabbed, frame.claim};
         entry.setData(QSharedPointer<CGrabResultData>::create(frame.result, info));
     };
-    m_thread = std::make_unique<CGrabThread>(*m_camera, quint64(frames), silence, handOn);
+    m_thread = std::make_unique<CGrabThread>(*m_source, quint64(frames), silence, handOn);
     m_thread->setTimeout(timeout);
     // Queued behind the frames that the thread has handed on: when it arrives, all of them are through the graph.
     connect(m_thread.get(), &CGrabThread::ended, this, &CCameraStream::onGrabbed, Qt::QueuedConnection);
@@ -106,12 +106,13 @@ void CCameraStream::onGrabbed(const QString& error)
     connect(m_graph.get(), &CStreamGraph::cameThrough, this, &CCameraStream::endWhenDrained);
     // The account tells when there is something left by then.
     QTimer::singleShot(m_graph->drainTime(), this, &CCameraStream::end);
+    m_graph->holdLoops();
     endWhenDrained();
 }
 
 void CCameraStream::endWhenDrained()
 {
-    if (!m_hasEnded && m_graph->isDrained())
+    if (!m_hasEnded && m_graph->isDrained() && !m_graph->releaseLoop())
         end();
 }
 
@@ -123,15 +124,18 @@ void CCameraStream::end()
     Q_EMIT ended();
 }
 
+QString CCameraStream::endText() const
+{
+    return m_thread && m_thread->hasRunOut() ? m_source->endText() : QString();
+}
+
 SRunReport CCameraStream::report() const
 {
     SRunReport report;
     report.address = camera();
-    report.camera = QStringLiteral("%1, %2 x %3 %4")
-                        .arg(m_camera->name())
-                        .arg(m_camera->width())
-                        .arg(m_camera->height())
-                        .arg(m_camera->pixelFormat());
+    report.camera = m_source->description();
+    report.ending = endText();
+    report.absences = m_source->absences();
     report.frames = m_thread->statistics();
     report.span = m_thread->span();
     return report;

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "host/camera/SCameraOptions.h"
 #include "host/report/SRunReport.h"
+#include "host/sources/OpenSource.h"
 
 #include <QObject>
 #include <QString>
@@ -14,13 +14,13 @@
 
 namespace Host {
 
-class CAravisCamera;
 class CGrabThread;
 class CStreamGraph;
+class IFrameSource;
 class IHostModels;
 
 /**
- * One camera of a run and the graph that its frames go through.
+ * One camera of a run, or what stands in for it, and the graph that its frames go through.
  *
  * \code
  * CCameraStream stream(options, std::move(graph));
@@ -46,11 +46,11 @@ class CCameraStream : public QObject
     Q_OBJECT
 
 public:
-    CCameraStream(SCameraOptions options, std::unique_ptr<CStreamGraph> graph);
+    CCameraStream(SourceOptions options, std::unique_ptr<CStreamGraph> graph);
     ~CCameraStream() override;
 
-    /// The address by which it is opened.
-    QString camera() const { return m_options.address; }
+    /// The name by which it is opened: a camera's address.
+    QString camera() const { return nameOf(m_options); }
 
     const CStreamGraph& graph() const { return *m_graph; }
     CStreamGraph& graph() { return *m_graph; }
@@ -75,6 +75,9 @@ public:
     /// Whether it was started: there may be frames to account for.
     bool isStarted() const { return m_thread != nullptr; }
 
+    /// Why it is over if its source has no more frames; empty else.
+    QString endText() const;
+
     /// The camera and its frames up to now.
     SRunReport report() const;
 
@@ -96,9 +99,9 @@ private:
     void endWhenDrained();
     void end();
 
-    const SCameraOptions m_options;
+    const SourceOptions m_options;
     // In this order: the thread ends before the graph goes that it feeds, and both before the camera.
-    std::unique_ptr<CAravisCamera> m_camera;
+    std::unique_ptr<IFrameSource> m_source;
     const std::unique_ptr<CStreamGraph> m_graph;
     std::unique_ptr<CGrabThread> m_thread;
     bool m_hasEnded = false;

@@ -49,14 +49,6 @@ QString noScene(const QString& camera)
     return QStringLiteral("the service gives the camera %1 no scene").arg(shown(camera));
 }
 
-std::map<Core::CId, QString> labels(const std::vector<Core::CId>& made, const QJsonArray& elements)
-{
-    std::map<Core::CId, QString> labels;
-    for (int i = 0; i < elements.size() && std::size_t(i) < made.size(); ++i)
-        labels.emplace(made[std::size_t(i)], elements.at(i)[DocumentKeys::name].toString());
-    return labels;
-}
-
 } // namespace
 
 CGraphBuilder::CGraphBuilder(INodeService& service, const IHostModels& models)
@@ -68,8 +60,13 @@ CGraphBuilder::CGraphBuilder(INodeService& service, const IHostModels& models)
 std::vector<std::unique_ptr<CStreamGraph>> CGraphBuilder::import(const SChain& chain, const QStringList& cameras,
                                                                  QString* error)
 {
-    CDocumentCheck check(m_service, m_models, {EDocumentKind::Chain, cameras});
-    *error = errorsText({chain.name, check.check(chain.source)});
+    return import(std::vector<SChain>{chain}, cameras, error);
+}
+
+std::vector<std::unique_ptr<CStreamGraph>> CGraphBuilder::import(const std::vector<SChain>& chains,
+                                                                 const QStringList& cameras, QString* error)
+{
+    const std::vector<SSoundChain> sound = check(chains, cameras, error);
     if (!error->isEmpty())
         return {};
 
@@ -80,21 +77,16 @@ std::vector<std::unique_ptr<CStreamGraph>> CGraphBuilder::import(const SChain& c
             *error = noScene(cameras.at(i));
             return {};
         }
-        // An import makes the nodes in the order of the elements.
-        std::vector<Core::CId> made;
-        const auto collecting = QObject::connect(place.scene.data(), &CNodeScene::nodeCreated, place.scene.data(),
-                                                 [&made](const CNodeBase& node) { made.push_back(node.id()); });
-        // Counted, since an import that makes less than the chain says is no failure to the service.
-        const bool isImported = m_service.importDocument(QString::fromUtf8(chain.text));
-        QObject::disconnect(collecting);
-        if (!isImported || !place.isThere() || place.scene->nodes().size() != 1 + std::size_t(chain.elements.size()) ||
-            place.scene->connections().size() != check.connections(i)) {
-            *error = cannotLoad(chain.name,
+        std::map<Core::CId, QString> labels;
+        for (const SSoundChain& each : sound) {
+            if (importInto(place, each.chain, each.connections[std::size_t(i)], &labels))
+                continue;
+            *error = cannotLoad(each.chain.name,
                                 QStringLiteral("not all of it came into the scene of %1").arg(shown(cameras.at(i))));
             return {};
         }
         graphs.push_back(std::make_unique<CStreamGraph>(*place.scene, *place.camera));
-        graphs.back()->setLabels(labels(made, chain.elements));
+        graphs.back()->setLabels(labels);
     }
     // What is done for one camera may have made somebody change the graph of another.
     for (std::size_t i = 0; i < graphs.size(); ++i) {
@@ -104,6 +96,43 @@ std::vector<std::unique_ptr<CStreamGraph>> CGraphBuilder::import(const SChain& c
         }
     }
     return graphs;
+}
+
+// All of their errors at once.
+std::vector<CGraphBuilder::SSoundChain> CGraphBuilder::check(const std::vector<SChain>& chains,
+                                                             const QStringList& cameras, QString* error)
+{
+    std::vector<SSoundChain> sound;
+    QStringList errors;
+    for (const SChain& chain : chains) {
+        CDocumentCheck check(m_service, m_models, {EDocumentKind::Chain, cameras});
+        errors << errorsText({chain.name, check.check(chain.source)});
+        sound.push_back({chain, {}});
+        for (int i = 0; i < cameras.size() && errors.last().isEmpty(); ++i)
+            sound.back().connections.push_back(check.connections(i));
+    }
+    errors.removeAll(QString());
+    *error = errors.isEmpty() ? findClash(chains) : errors.join(QLatin1Char('\n'));
+    return sound;
+}
+
+// Counted, since an import that makes less than the chain says is no failure to the service.
+bool CGraphBuilder::importInto(const SCameraScene& place, const SChain& chain, std::size_t connections,
+                               std::map<Core::CId, QString>* labels)
+{
+    // An import makes the nodes in the order of the elements.
+    std::vector<Core::CId> made;
+    const auto collecting = QObject::connect(place.scene.data(), &CNodeScene::nodeCreated, place.scene.data(),
+                                             [&made](const CNodeBase& node) { made.push_back(node.id()); });
+    const std::size_t nodesBefore = place.scene->nodes().size();
+    const std::size_t connectionsBefore = place.scene->connections().size();
+    const bool isImported = m_service.importDocument(QString::fromUtf8(chain.text));
+    QObject::disconnect(collecting);
+    for (int i = 0; i < chain.elements.size() && std::size_t(i) < made.size(); ++i)
+        labels->emplace(made[std::size_t(i)], chain.elements.at(i)[DocumentKeys::name].toString());
+    return isImported && place.isThere() &&
+           place.scene->nodes().size() == nodesBefore + std::size_t(chain.elements.size()) &&
+           place.scene->connections().size() == connectionsBefore + connections;
 }
 
 std::unique_ptr<CStreamGraph> CGraphBuilder::load(const QString& file, const QString& camera, QString* error)

@@ -3,10 +3,14 @@
 
 #pragma once
 
+#include <Halvex/platform/CId.h>
+
 #include <QPointer>
 #include <QString>
 #include <QStringList>
 
+#include <cstddef>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -44,7 +48,9 @@ public:
     /// Both outlive this object.
     CGraphBuilder(Plugin::Halvex::INodeService& service, const IHostModels& models);
 
-    /// A graph for each camera, in their order. On failure the reason in \a error.
+    /// A graph for each camera, in their order, with all of the chains side by side. On failure the reason in \a error.
+    std::vector<std::unique_ptr<CStreamGraph>> import(const std::vector<SChain>& chains, const QStringList& cameras,
+                                                      QString* error);
     std::vector<std::unique_ptr<CStreamGraph>> import(const SChain& chain, const QStringList& cameras, QString* error);
 
     /// The graph that the scene document in \a file describes, with \a camera for the camera in it. On failure null
@@ -61,6 +67,16 @@ private:
         QPointer<Plugin::Halvex::CNodeBase> camera;
     };
 
+    /// A chain that was checked.
+    struct SSoundChain
+    {
+        const SChain& chain;
+        std::vector<std::size_t> connections; ///< For each camera.
+    };
+
+    std::vector<SSoundChain> check(const std::vector<SChain>& chains, const QStringList& cameras, QString* error);
+    bool importInto(const SCameraScene& place, const SChain& chain, std::size_t connections,
+                    std::map<Core::CId, QString>* labels);
     SCameraScene addCamera(const QString& camera);
 
     Plugin::Halvex::INodeService& m_service;

@@ -4,6 +4,7 @@
 #include "host/run/CStreamGraph.h"
 
 #include "host/base/ClosestWords.h"
+#include "host/base/Loops.h"
 #include "host/base/Shown.h"
 #include "host/models/ModelSettings.h"
 #include "host/report/CGraphText.h"
@@ -58,6 +59,7 @@ CStreamGraph::CStreamGraph(const CNodeScene& scene, const CNodeBase& camera)
         if (m_nodes[i] == &camera)
             m_cameraNumber = i;
     }
+    findLoops();
     connect(&scene, &CNodeScene::nodeCreated, this, &CStreamGraph::onChanged);
     connect(&scene, &CNodeScene::nodeDeleted, this, &CStreamGraph::onChanged);
     connect(&scene, &CNodeScene::connectionCreated, this, &CStreamGraph::onChanged);
@@ -80,12 +82,21 @@ void CStreamGraph::addNode(const CNodeBase& node)
         // Connected after the node, whose walk is then over.
         connect(model, &CNodeDataModel::dataUpdated, this, [this, index = m_decouplers.size() - 1] {
             ++m_decouplers[index].delivered;
+            m_brake.noteDelivery(*m_decouplers[index].model);
             Q_EMIT cameThrough();
         });
     }
     if (auto* worker = qobject_cast<AWorkerNodeDataModel*>(model)) {
         m_workers.push_back(worker);
         connect(model, &CNodeDataModel::computingFinished, this, &CStreamGraph::cameThrough);
+    }
+}
+
+void CStreamGraph::findLoops()
+{
+    for (const int node : nodesOnLoops(int(m_nodes.size()), CGraphText(m_scene).edges(), int(m_cameraNumber))) {
+        if (auto* decoupler = qobject_cast<CNodeDecouplerDataModelBase*>(m_nodes[std::size_t(node)]->nodeDataModel()))
+            m_brake.add(*decoupler);
     }
 }
 
@@ -104,9 +115,9 @@ void CStreamGraph::onChanged()
 
 bool CStreamGraph::isDrained() const
 {
-    const auto hasComeThrough = [](const SDecoupler& decoupler) {
+    const auto hasComeThrough = [this](const SDecoupler& decoupler) {
         const SDecouplerStatistics counts = decoupler.model->statistics();
-        return counts.pending == 0 && counts.emitted == decoupler.delivered;
+        return (counts.pending == 0 || m_brake.isHolding(*decoupler.model)) && counts.emitted == decoupler.delivered;
     };
     const auto isDone = [](const AWorkerNodeDataModel* worker) { return worker->statistics().pending == 0; };
     const auto hasWritten = [](const IFrameSink* sink) { return sink->writing().pending == 0; };
@@ -142,19 +153,26 @@ QStringList CStreamGraph::namesOf(std::size_t node) const
 QString CStreamGraph::set(const SNodeSetting& setting)
 {
     QStringList known;
-    CNodeDataModel* model = nullptr;
-    // A label is unique and goes before a caption, that before a number.
+    std::vector<CNodeDataModel*> meant;
+    // A label, which several chains may have, goes before a caption, that before a number.
     for (const int rank : {0, 1, 2}) {
-        for (std::size_t node = 0; !model && node < m_nodes.size(); ++node) {
+        for (std::size_t node = 0; node < m_nodes.size(); ++node) {
             const QStringList names = namesOf(node);
             if (names.value(rank) == setting.node)
-                model = m_nodes[node]->nodeDataModel();
+                meant.push_back(m_nodes[node]->nodeDataModel());
             known << names.first();
         }
+        if (!meant.empty())
+            break;
     }
-    if (!model)
+    if (meant.empty())
         return QStringLiteral("no node is called %1%2").arg(shown(setting.node), didYouMean(setting.node, known));
-    return setSetting(*model, setting.key, setting.value);
+    QString error;
+    for (CNodeDataModel* const model : meant) {
+        if (error.isEmpty())
+            error = setSetting(*model, setting.key, setting.value);
+    }
+    return error;
 }
 
 void CStreamGraph::account(SRunReport* report) const
@@ -181,7 +199,8 @@ void CStreamGraph::accountNode(std::size_t node, SRunReport* report) const
         row.pending = counts.pending;
         const auto known = std::find_if(m_decouplers.begin(), m_decouplers.end(),
                                         [decoupler](const SDecoupler& each) { return each.model == decoupler; });
-        report->decouplers.push_back({row.name, decoupler->framesPerSecond(), counts, expected, known->delivered});
+        report->decouplers.push_back({row.name, m_brake.framesPerSecond(*decoupler), counts, expected, known->delivered,
+                                      m_brake.isOnLoop(*decoupler)});
     }
     if (const auto* worker = qobject_cast<AWorkerNodeDataModel*>(model)) {
         const SWorkerStatistics counts = worker->statistics();

@@ -5,6 +5,7 @@
 
 #include "host/report/SRunReport.h"
 #include "host/run/CFlowMeter.h"
+#include "host/run/CLoopBrake.h"
 #include "host/run/SRunOptions.h"
 
 #include <Halvex/models/CNodeDataEntry.h>
@@ -40,7 +41,7 @@ class CStreamGraph : public QObject
     Q_OBJECT
 
 public:
-    /// \a camera is the node of a source in \a scene, which has no loops.
+    /// \a camera is the node of a source in \a scene, whose loops all lead through decouplers.
     CStreamGraph(const Plugin::Halvex::CNodeScene& scene, const Plugin::Halvex::CNodeBase& camera);
     ~CStreamGraph() override;
 
@@ -62,6 +63,13 @@ public:
     /// it is still to write: all that went in has come through.
     bool isDrained() const;
 
+    /// Brings loops to rest, once nothing goes in any more: what a decoupler in one has is no longer waited for.
+    void holdLoops() { m_brake.hold(); }
+
+    /// To be called when it is drained: lets out what the next decoupler in a loop has, once. False when there is none
+    /// left.
+    bool releaseLoop() { return m_brake.releaseNext(); }
+
     /// How long draining takes at most, once nothing goes in any more: a tick for each decoupler, half a second for
     /// each image that waits to be written, and time to spare.
     std::chrono::milliseconds drainTime() const;
@@ -69,7 +77,8 @@ public:
     /// Gives nodes the names by which set() finds them, beside their numbers and captions.
     void setLabels(const std::map<Core::CId, QString>& labels) { m_labels = labels; }
 
-    /// Sets what \a setting says, at once. Returns what is wrong, in one line; empty on success.
+    /// Sets what \a setting says, at once, at all nodes that are called so. Returns what is wrong, in one line; empty
+    /// on success.
     QString set(const SNodeSetting& setting);
 
     /// Counts what goes over each connection from now on. The scene's document has been saved by then: the connections
@@ -96,6 +105,7 @@ private:
     };
 
     void addNode(const Plugin::Halvex::CNodeBase& node);
+    void findLoops();
     void onChanged();
     QStringList namesOf(std::size_t node) const;
     void accountNode(std::size_t node, SRunReport* report) const;
@@ -107,6 +117,7 @@ private:
     std::vector<IFrameSink*> m_sinks;
     std::map<Core::CId, QString> m_labels;
     std::vector<SDecoupler> m_decouplers;
+    CLoopBrake m_brake;
     std::vector<Plugin::Halvex::AWorkerNodeDataModel*> m_workers;
     std::size_t m_cameraNumber = 0;
     bool m_isIntact = true;

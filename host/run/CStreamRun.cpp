@@ -7,12 +7,11 @@
 #include "host/report/CProgressLine.h"
 #include "host/report/Counted.h"
 #include "host/run/CCameraStream.h"
-#include "host/run/CGraphBuilder.h"
 #include "host/run/CLineReader.h"
 #include "host/run/CSignalWatcher.h"
 #include "host/run/CStreamGraph.h"
-#include "host/run/Chain.h"
 #include "host/run/Output.h"
+#include "host/run/RunGraphs.h"
 #include "host/run/RunOutput.h"
 #include "host/run/RunSettings.h"
 #include "host/run/SceneFile.h"
@@ -30,14 +29,6 @@ namespace Host {
 namespace {
 
 constexpr std::chrono::milliseconds progressInterval(100);
-
-QStringList addresses(const std::vector<SCameraOptions>& cameras)
-{
-    QStringList list;
-    for (const SCameraOptions& camera : cameras)
-        list << camera.address;
-    return list;
-}
 
 } // namespace
 
@@ -69,25 +60,16 @@ bool CStreamRun::loadPlugins()
 
 bool CStreamRun::buildGraphs()
 {
-    CGraphBuilder builder(m_services.nodes(), m_services.models());
-    const QStringList cameras = addresses(m_options.cameras);
-    std::vector<std::unique_ptr<CStreamGraph>> graphs;
     QString error;
-    if (m_options.load.isEmpty()) {
-        const SChain chain = m_options.chain.isEmpty() ? defaultChain(cameras)
-                                                       : withCameras(readChain(m_options.chain, &error), cameras);
-        if (error.isEmpty())
-            graphs = builder.import(chain, cameras, &error);
-        m_chain = chain.source;
-    } else {
-        graphs.push_back(builder.load(m_options.load, cameras.first(), &error));
-    }
+    SRunGraphs built = buildRunGraphs(m_options, m_services, &error);
     fail(error);
     if (!m_error.isEmpty())
         return false;
 
-    for (std::size_t i = 0; i < graphs.size(); ++i) {
-        m_streams.push_back(std::make_unique<CCameraStream>(m_options.cameras[i], std::move(graphs[i])));
+    m_chains = built.chains;
+    const std::vector<SourceOptions> sources = m_options.sources();
+    for (std::size_t i = 0; i < built.graphs.size(); ++i) {
+        m_streams.push_back(std::make_unique<CCameraStream>(sources[i], std::move(built.graphs[i])));
         connect(m_streams.back().get(), &CCameraStream::failed, this, &CStreamRun::onFailed);
         connect(m_streams.back().get(), &CCameraStream::ended, this, &CStreamRun::onEnded);
     }
@@ -131,9 +113,7 @@ bool CStreamRun::saveScene()
 
 bool CStreamRun::writeGraphFiles()
 {
-    if (m_options.load.isEmpty())
-        // It may be the very file that was read.
-        fail(replaceFile(QDir(m_options.output).filePath(QStringLiteral("chain.json")), m_chain));
+    fail(writeChains(m_chains, m_options.output));
     return m_error.isEmpty() && forEachStream([this](CCameraStream& stream) {
                return Host::writeGraphFiles(stream.graph().scene(), folder(stream));
            });
@@ -152,15 +132,19 @@ bool CStreamRun::stream()
 
     if (m_options.duration.count() > 0)
         QTimer::singleShot(m_options.duration, this, &CStreamRun::onTimeUp);
-    CLineReader commands(stdin);
-    connect(&commands, &CLineReader::lineRead, this, &CStreamRun::onCommand);
+    std::unique_ptr<CLineReader> commands;
+    if (!m_options.readsStandardInput()) {
+        commands = std::make_unique<CLineReader>(stdin);
+        connect(commands.get(), &CLineReader::lineRead, this, &CStreamRun::onCommand);
+    }
     CProgressLine line(stderr);
     QTimer timer;
     connect(&timer, &QTimer::timeout, this, [&] { line.show(runProgress(m_streams, m_options.frames)); });
     timer.start(progressInterval);
     m_loop.exec();
-    const bool isWhole = m_error.isEmpty() && m_signal == 0;
-    line.showLast(runProgress(m_streams, m_options.frames) + (isWhole ? QString() : ", ended " + ending()));
+    const bool isUndisturbed = m_error.isEmpty() && m_signal == 0;
+    const QString end = isUndisturbed ? runOutText() : ending();
+    line.showLast(runProgress(m_streams, m_options.frames) + (end.isEmpty() ? QString() : ", ended " + end));
     // The cameras are stopped with this object, after the report: one that has gone takes seconds not to answer.
     return true;
 }
@@ -228,11 +212,22 @@ bool CStreamRun::printReport()
         if (!failure.isEmpty())
             fail(QStringLiteral("camera '%1': %2").arg(stream->camera(), failure));
     }
-    for (SRunReport& report : reports)
-        report.ending = ending();
+    for (SRunReport& report : reports) {
+        if (report.ending.isEmpty())
+            report.ending = ending();
+    }
     if (!m_options.json.isEmpty())
         fail(writeRunJson(m_options.json, reports, m_error));
     return m_options.hasStandardOutput() || printText(runText(reports));
+}
+
+QString CStreamRun::runOutText() const
+{
+    for (const auto& stream : m_streams) {
+        if (!stream->endText().isEmpty())
+            return stream->endText();
+    }
+    return {};
 }
 
 QString CStreamRun::ending() const

@@ -53,6 +53,7 @@ private:
     bool stream();
     bool printReport();
     QString ending() const;
+    QString runOutText() const;
     QString folder(const CCameraStream& stream) const;
     void fail(const QString& error);
     void requestEnd();
@@ -67,7 +68,7 @@ private:
     // In this order: cameras go before the scenes that they feed.
     CHostServices m_services;
     std::vector<std::unique_ptr<CCameraStream>> m_streams;
-    QByteArray m_chain; // what was imported
+    std::vector<QByteArray> m_chains; // what was imported
     QEventLoop m_loop;
     QString m_error; // the first
     bool m_hasStreamed = false;

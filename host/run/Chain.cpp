@@ -7,7 +7,10 @@
 #include "host/base/InputFile.h"
 #include "host/run/SceneFile.h"
 
+#include <Halvex/graph/DocumentKeys.h>
+
 #include <QDir>
+#include <QHash>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -18,6 +21,8 @@ static void initResources()
 }
 
 namespace Host {
+
+using namespace Plugin::Halvex;
 
 namespace {
 
@@ -85,6 +90,37 @@ SChain withCameras(SChain chain, const QStringList& cameras)
     if (isChanged)
         chain.text = QJsonDocument(chain.elements).toJson();
     return chain;
+}
+
+std::vector<SChain> readChains(const QStringList& files, const QStringList& cameras, QString* error)
+{
+    std::vector<SChain> chains;
+    for (const QString& file : files) {
+        if (error->isEmpty())
+            chains.push_back(withCameras(readChain(file, error), cameras));
+    }
+    if (files.isEmpty())
+        chains.push_back(defaultChain(cameras));
+    return chains;
+}
+
+QString findClash(const std::vector<SChain>& chains)
+{
+    QHash<QString, QString> sinks; // and the chains that they are in
+    for (const SChain& chain : chains) {
+        for (const QJsonValue& element : chain.elements) {
+            const QString sink =
+                element[DocumentKeys::model][DocumentKeys::property][QLatin1String("sink_name")].toString();
+            if (sink.isEmpty())
+                continue;
+            const QString known = sinks.value(sink, chain.name);
+            if (known != chain.name)
+                return QStringLiteral("the sink '%1' is in '%2' and in '%3': their files would mix")
+                    .arg(sink, known, chain.name);
+            sinks.insert(sink, chain.name);
+        }
+    }
+    return {};
 }
 
 } // namespace Host

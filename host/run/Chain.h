@@ -8,6 +8,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <vector>
+
 namespace Host {
 
 /// An import document, docs/import-document.md. A plain value.
@@ -43,5 +45,12 @@ SChain readChain(const QString& file, QString* error);
  * The first branch gets every frame; the decoupler lets 25 per second through to the preview behind it.
  */
 SChain defaultChain(const QStringList& cameras);
+
+/// The chains in \a files for these cameras, or the default one if there are none. On failure the reason in \a error.
+std::vector<SChain> readChains(const QStringList& files, const QStringList& cameras, QString* error);
+
+/// Why these chains cannot be in one graph, in one line: two have sinks of one name, whose files would mix. Empty if
+/// they can.
+QString findClash(const std::vector<SChain>& chains);
 
 } // namespace Host

@@ -29,6 +29,23 @@ QString share(quint64 complete, quint64 all)
     return QStringLiteral("%1/%2, %3 %").arg(complete).arg(counted(all, "frame")).arg(complete * 100 / all);
 }
 
+// What a reader should know of cameras that go away; empty if none did.
+QString absenceText(const std::vector<std::unique_ptr<CCameraStream>>& streams)
+{
+    quint64 count = 0;
+    QStringList away;
+    for (const auto& stream : streams) {
+        const SAbsences absences = stream->isStarted() ? stream->report().absences : SAbsences();
+        count += quint64(absences.count);
+        if (absences.isAway)
+            away << QStringLiteral("'%1'").arg(stream->camera());
+    }
+    QString text = count == 0 ? QString() : QStringLiteral(", came back %1").arg(counted(count, "time"));
+    if (!away.isEmpty())
+        text += QStringLiteral(", waiting for %1").arg(away.join(QStringLiteral(" and ")));
+    return text;
+}
+
 } // namespace
 
 QString runProgress(const std::vector<std::unique_ptr<CCameraStream>>& streams, int frames)
@@ -45,10 +62,10 @@ QString runProgress(const std::vector<std::unique_ptr<CCameraStream>>& streams, 
         rate += now.framesPerSecond().value_or(0.0);
     }
     const QString rateText = rate > 0.0 ? QStringLiteral(", %1 per second").arg(rate, 0, 'f', 1) : QString();
-    return QStringLiteral("%1%2, %3 incomplete, %4")
+    return QStringLiteral("%1%2, %3 incomplete, %4%5")
         .arg(share(sum.complete, streams.size() * quint64(frames)), rateText)
         .arg(sum.incomplete)
-        .arg(counted(sum.underruns, "underrun"));
+        .arg(counted(sum.underruns, "underrun"), absenceText(streams));
 }
 
 QString runText(const std::vector<SRunReport>& reports)

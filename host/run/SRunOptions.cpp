@@ -15,4 +15,11 @@ SNodeSetting SNodeSetting::read(const QString& text)
     return {place.left(dot), place.mid(dot + 1), text.mid(sign + 1)};
 }
 
+std::vector<SourceOptions> SRunOptions::sources() const
+{
+    std::vector<SourceOptions> all(cameras.begin(), cameras.end());
+    all.insert(all.end(), files.begin(), files.end());
+    return all;
+}
+
 } // namespace Host

@@ -3,10 +3,11 @@
 
 #pragma once
 
-#include "host/camera/SCameraOptions.h"
+#include "host/sources/OpenSource.h"
 
 #include <QLatin1String>
 #include <QString>
+#include <QStringList>
 
 #include <chrono>
 #include <optional>
@@ -29,16 +30,17 @@ struct SNodeSetting
 /// What one run does. A plain value.
 struct SRunOptions
 {
-    std::vector<SCameraOptions> cameras{SCameraOptions()}; ///< At least one, each with an address of its own.
+    std::vector<SCameraOptions> cameras{SCameraOptions()}; ///< With the files at least one, each with its own name.
+    std::vector<SFileOptions> files;                       ///< What stands in for cameras.
     int frames = 300;                                 ///< Complete frames of each camera, up to maxFrames; 0: no end.
     std::chrono::milliseconds duration{0};            ///< How long frames are grabbed; 0: no end.
     int writeEvery = 30;                              ///< Each sink writes every so many frames, at least 1.
     QString output = QStringLiteral("halvex-output"); ///< Folder for everything that is written.
     QString plugins;                                  ///< Folder with plugins; empty for that of the program.
-    QString chain;                                    ///< Chain to import; empty for the default one.
-    QString load; ///< Scene document instead of a chain, for one camera, "-" for standard input; empty for none.
-    QString save; ///< File for the scene document of one camera, "-" for standard output; empty for none.
-    QString json; ///< File for the report, "-" for standard output instead of the table; empty for none.
+    QStringList chains; ///< To import, each for each camera; "-" is standard input; none for the default one.
+    QString load;       ///< Scene document instead of a chain, for one camera, "-" for standard input; empty for none.
+    QString save;       ///< File for the scene document of one camera, "-" for standard output; empty for none.
+    QString json;       ///< File for the report, "-" for standard output instead of the table; empty for none.
     std::vector<SNodeSetting> settings;
     std::optional<double> askedForPerSecond;  ///< The rate that was asked for and not only assumed.
     bool isStrict = false;                    ///< A remark in the report is a failure.
@@ -49,6 +51,12 @@ struct SRunOptions
     bool hasStandardOutput() const { return save == QLatin1String("-") || json == QLatin1String("-"); }
 
     static constexpr int maxFrames = 1000000000;
+
+    /// The cameras, and then what stands in for some.
+    std::vector<SourceOptions> sources() const;
+
+    /// Whether a document comes on standard input, which then takes no commands.
+    bool readsStandardInput() const { return load == QLatin1String("-") || chains.contains(QStringLiteral("-")); }
 };
 
 } // namespace Host

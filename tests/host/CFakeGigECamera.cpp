@@ -22,9 +22,7 @@ bool CFakeGigECamera::start(int lostPerThousand)
         qWarning() << "another test holds the camera port";
         return false;
     }
-    m_process.setProcessChannelMode(QProcess::ForwardedChannels);
-    m_process.start(QStringLiteral(FAKE_GIGE_CAMERA),
-                    {QStringLiteral("-i"), address(), QStringLiteral("-r"), QString::number(lostPerThousand)});
+    startProcess(lostPerThousand);
     if (!m_process.waitForStarted())
         return false;
     const auto canBeOpened = [] {
@@ -37,11 +35,28 @@ bool CFakeGigECamera::start(int lostPerThousand)
            m_process.state() == QProcess::Running;
 }
 
+void CFakeGigECamera::startProcess(int lostPerThousand)
+{
+    m_process.setProcessChannelMode(QProcess::ForwardedChannels);
+    m_process.start(QStringLiteral(FAKE_GIGE_CAMERA),
+                    {QStringLiteral("-i"), address(), QStringLiteral("-r"), QString::number(lostPerThousand)});
+}
+
 void CFakeGigECamera::kill()
 {
-    if (m_process.state() != QProcess::NotRunning) {
-        m_process.kill();
-        m_process.waitForFinished();
-    }
+    pullCable();
     m_lock.unlock();
+}
+
+void CFakeGigECamera::pullCable()
+{
+    if (m_process.state() == QProcess::NotRunning)
+        return;
+    m_process.kill();
+    m_process.waitForFinished();
+}
+
+void CFakeGigECamera::putCableIn()
+{
+    startProcess(0);
 }

@@ -24,10 +24,16 @@ public:
     /// Loses so many of a thousand packets. Returns when the camera can be opened; false if it never can.
     bool start(int lostPerThousand = 0);
 
-    /// As if its cable were pulled.
+    /// As if its cable were pulled. Another test may then have the port.
     void kill();
 
+    /// The same, but the port stays this test's; and as if it were put in again, which takes a moment to be noticed.
+    void pullCable();
+    void putCableIn();
+
 private:
+    void startProcess(int lostPerThousand);
+
     QLockFile m_lock;
     QProcess m_process;
 };

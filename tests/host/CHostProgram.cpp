@@ -51,11 +51,16 @@ int CHostProgram::interrupt(const QStringList& arguments, int signal)
 
 bool CHostProgram::waitForFramesOf(int all)
 {
-    const auto isCounting = [this, all] {
+    return waitForError(QStringLiteral("/%1 frames, ").arg(all));
+}
+
+bool CHostProgram::waitForError(const QString& text)
+{
+    const auto isSaid = [&] {
         m_errors += QString::fromUtf8(m_process.readAllStandardError());
-        return m_errors.contains(QStringLiteral("/%1 frames, ").arg(all));
+        return m_errors.contains(text);
     };
-    return QTest::qWaitFor(isCounting, 30000);
+    return QTest::qWaitFor(isSaid, 30000);
 }
 
 QString CHostProgram::refusal(const QStringList& arguments)

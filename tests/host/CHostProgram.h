@@ -53,6 +53,9 @@ public:
     /// Waits until it counts the frames of so many; false if it never does.
     bool waitForFramesOf(int all);
 
+    /// Waits until its standard error has \a text; false if it never does.
+    bool waitForError(const QString& text);
+
     /// What it says, without its name, when it refuses to run: several lines are joined. Text on standard output and
     /// an exit code other than 2 are told instead.
     QString refusal(const QStringList& arguments);

@@ -14,6 +14,41 @@
 using namespace Host;
 using namespace std::chrono_literals;
 
+namespace {
+
+// A source that is away for a while, gives three frames, and ends as it is told to.
+class CShortSource : public IFrameSource
+{
+public:
+    explicit CShortSource(SGrab end)
+        : m_end(std::move(end))
+    {
+    }
+
+    QString description() const override { return QStringLiteral("three frames"); }
+    QString pixelFormat() const override { return QStringLiteral("Mono8"); }
+    bool start(QString*) override { return true; }
+    SGrab grab(std::chrono::milliseconds) override
+    {
+        ++m_grabs;
+        if (m_grabs <= 50) {
+            QThread::msleep(1);
+            return SGrab::none(EGrab::Away);
+        }
+        if (m_grabs > 53)
+            return m_end;
+        return {EGrab::Frame, Veltra::CGrabResultPtr(Veltra::SGrabResult()), std::make_shared<int>(m_grabs), {}};
+    }
+    quint64 underruns() const override { return 0; }
+    QString stallText(const QString& time, bool, const SGrabStatistics&) const override { return time; }
+
+private:
+    const SGrab m_end;
+    int m_grabs = 0;
+};
+
+} // namespace
+
 class tst_CGrabThread : public QObject
 {
     Q_OBJECT
@@ -28,6 +63,8 @@ private Q_SLOTS:
     void cameraWithoutAWholeFrame();
     void slowHandlerIsNoSilence();
     void starvingCameraHasNotGone();
+    void sourceThatRunsOutEndsIt();
+    void sourceThatFailsEndsIt();
 };
 
 void tst_CGrabThread::beforeItStarts()
@@ -165,6 +202,36 @@ void tst_CGrabThread::starvingCameraHasNotGone()
     QTRY_COMPARE(ended.count(), 1);
     QCOMPARE(ended.at(0).at(0).toString(), QString());
     QCOMPARE(thread.statistics().complete, quint64(3));
+}
+
+void tst_CGrabThread::sourceThatRunsOutEndsIt()
+{
+    CShortSource source(IFrameSource::SGrab::none(IFrameSource::EGrab::Ended));
+    std::vector<std::shared_ptr<const void>> claims; // the handler's until the thread has ended
+    // It is away for longer than it may be silent.
+    CGrabThread thread(source, 10, 20ms, [&](const CGrabThread::SFrame& frame) { claims.push_back(frame.claim); });
+    thread.setTimeout(20ms);
+    QVERIFY(!thread.hasRunOut());
+    QSignalSpy ended(&thread, &CGrabThread::ended);
+    thread.start();
+    QTRY_COMPARE(ended.count(), 1);
+    QVERIFY(thread.wait(30000));
+    QCOMPARE(ended.at(0).at(0).toString(), QString());
+    QVERIFY(thread.hasRunOut());
+    QCOMPARE(thread.statistics().complete, quint64(3));
+    QCOMPARE(claims.size(), std::size_t(3));
+    QVERIFY(claims.front());
+}
+
+void tst_CGrabThread::sourceThatFailsEndsIt()
+{
+    CShortSource source(IFrameSource::SGrab::none(IFrameSource::EGrab::Lost, QStringLiteral("it broke")));
+    CGrabThread thread(source, 10, 5s, [](const CGrabThread::SFrame&) {});
+    QSignalSpy ended(&thread, &CGrabThread::ended);
+    thread.start();
+    QTRY_COMPARE(ended.count(), 1);
+    QCOMPARE(ended.at(0).at(0).toString(), QStringLiteral("it broke"));
+    QVERIFY(!thread.hasRunOut());
 }
 
 QTEST_GUILESS_MAIN(tst_CGrabThread)

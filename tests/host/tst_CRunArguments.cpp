@@ -38,6 +38,10 @@ private Q_SLOTS:
     void severalCamerasAndAChain();
     void chainBehindOptionsOfSeveralValues();
     void slowCameraMayBeSilentForLonger();
+    void files();
+    void resend();
+    void reconnect();
+    void severalChains();
     void refused_data();
     void refused();
 };
@@ -48,8 +52,7 @@ void tst_CRunArguments::defaults()
     QCOMPARE(options.cameras.size(), std::size_t(1));
     QCOMPARE(options.cameras[0].address, QStringLiteral("fake"));
     QCOMPARE(options.cameras[0].framesPerSecond, 200.0);
-    for (const QString& text :
-         {options.cameras[0].pixelFormat, options.plugins, options.chain, options.load, options.save})
+    for (const QString& text : {options.cameras[0].pixelFormat, options.plugins, options.load, options.save})
         QCOMPARE(text, QString());
     QCOMPARE(options.frames, 300);
     QCOMPARE(options.writeEvery, 30);
@@ -102,6 +105,8 @@ void tst_CRunArguments::ending_data()
     addRow("both", QStringList{"--duration", "2min", "--frames", "7"}, 7, 120000);
     addRow("given twice", QStringList{"--frames", "300", "--frames", "7"}, 7, 0);
     addRow("short", QStringList{"--duration", "20ms"}, 0, 20);
+    addRow("time without an end", QStringList{"--duration", "0"}, 0, 0);
+    addRow("images", QStringList{"--images", "a"}, 0, 0);
     addRow("long", QStringList{"--duration", "2h"}, 0, 7200000);
 }
 
@@ -125,7 +130,7 @@ void tst_CRunArguments::severalCamerasAndAChain()
 {
     const SRunOptions options = parse(
         {"chain.json", "--camera", "fake-1", "--camera", "10.0.0.2", "--camera", "fake-20", "--pixel-format", "RGB8"});
-    QCOMPARE(options.chain, QStringLiteral("chain.json"));
+    QCOMPARE(options.chains, QStringList("chain.json"));
     QStringList told;
     for (const SCameraOptions& camera : options.cameras)
         told << QStringLiteral("%1 %2 %3").arg(camera.address, camera.pixelFormat).arg(camera.framesPerSecond);
@@ -137,13 +142,60 @@ void tst_CRunArguments::chainBehindOptionsOfSeveralValues()
     for (const QStringList& option :
          {QStringList{"--camera", "fake-1"}, QStringList{"--set", "a.b=1"}, QStringList{"--camera-set", "Gain=3"}}) {
         const SRunOptions options = parse(option + option.mid(0, 1) + QStringList{option[1] + '2', "chain.json"});
-        QCOMPARE(options.chain, QStringLiteral("chain.json"));
+        QCOMPARE(options.chains, QStringList("chain.json"));
     }
 }
 
 void tst_CRunArguments::slowCameraMayBeSilentForLonger()
 {
     QCOMPARE(parse({"--fps", "0.1"}).silence.count(), 30000);
+}
+
+void tst_CRunArguments::files()
+{
+    const SRunOptions options = parse({"--images", "a", "--video", "b", "--images", "c/*.png", "chain.json", "--loop",
+                                       "--fps", "12", "--buffers", "5"});
+    QCOMPARE(options.chains, QStringList("chain.json"));
+    QVERIFY(options.cameras.empty());
+    QStringList told;
+    for (const SFileOptions& file : options.files) {
+        told << QStringLiteral("%1 %2 %3").arg(file.name, file.place).arg(file.framesPerSecond);
+        QVERIFY(file.isLooped);
+        QCOMPARE(file.framesInFlight, 5);
+        QCOMPARE(file.kind == SFileOptions::EKind::Video, file.name == "video");
+    }
+    QCOMPARE(told, QStringList({"images a 12", "images-2 c/*.png 12", "video b 12"}));
+    const SRunOptions both = parse({"--camera", "fake", "--video", "b"});
+    QCOMPARE(both.cameras.size() + both.files.size(), both.sources().size());
+    QCOMPARE(nameOf(both.sources()[1]), QStringLiteral("video"));
+    QCOMPARE(both.files[0].framesPerSecond, 0.0);
+    QVERIFY(!both.files[0].isLooped);
+}
+
+void tst_CRunArguments::resend()
+{
+    QVERIFY(!parse({}).cameras[0].resend);
+    QCOMPARE(parse({"--resend", "off"}).cameras[0].resend, std::optional<bool>(false));
+    QCOMPARE(parse({"--resend", "on"}).cameras[0].resend, std::optional<bool>(true));
+}
+
+void tst_CRunArguments::reconnect()
+{
+    QCOMPARE(int(parse({}).cameras[0].reconnect.count()), 0);
+    QCOMPARE(int(parse({"--reconnect"}).cameras[0].reconnect.count()), 60000);
+    const SRunOptions options = parse({"--reconnect=5min", "chain.json", "--timeout", "3s"});
+    QCOMPARE(int(options.cameras[0].reconnect.count()), 300000);
+    QCOMPARE(int(options.cameras[0].silence.count()), 3000);
+    QCOMPARE(options.chains, QStringList("chain.json"));
+}
+
+void tst_CRunArguments::severalChains()
+{
+    QVERIFY(parse({}).chains.isEmpty());
+    QVERIFY(!parse({"a.json"}).readsStandardInput());
+    const SRunOptions options = parse({"a.json", "--camera", "fake-1", "b.json", "-"});
+    QCOMPARE(options.chains, QStringList({"a.json", "b.json", "-"}));
+    QVERIFY(options.readsStandardInput());
 }
 
 void tst_CRunArguments::refused_data()
@@ -165,11 +217,16 @@ void tst_CRunArguments::refused_data()
     for (const char* value : {"-1", "many", "1000000001", "3.5"})
         row(QString("--frames ") + value,
             QStringLiteral("--frames takes a whole number from 0 to 1000000000, not '%1'.").arg(value));
-    for (const char* value : {"0", "-3s", "fast", "1d", "999999h"})
+    for (const char* value : {"0s", "-3s", "fast", "1d", "999999h"})
         row(QString("--duration ") + value,
             QStringLiteral("--duration takes a time like 500ms, 30s, 5min or 2h, not '%1'.").arg(value));
     for (const char* value : {"size=3", "blur", ".size=3"})
         row(QString("--set ") + value, QStringLiteral("--set takes NODE.key=value, not '%1'.").arg(value));
+    row("- --frames 3 -", "Standard input is one chain: '-' is given twice.");
+    row("--images a.png b.png", "The image 'b.png' is no chain; put the pattern for --images in quotes.");
+    row("--reconnect=soon", "--reconnect takes a time like 500ms, 30s, 5min or 2h, not 'soon'.");
+    row("--resend maybe", "--resend takes 'on' or 'off', not 'maybe'.");
+    row("--images a --resend on", "--resend is for cameras, and this run has none.");
     row("--camera-set Gain", "--camera-set takes Feature=value, not 'Gain'.");
     row("--buffers 0", "--buffers takes a whole number from 1 to 10000, not '0'.");
     for (const char* value : {"0", "-1", "nan", "inf", "fast", "10001"})

@@ -17,6 +17,8 @@ class tst_Chain : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void severalChains();
+    void sinksThatWouldMix();
     void textIsKeptAsItIs();
     void refused();
     void whatIsNoChainIsKept();
@@ -92,6 +94,36 @@ void tst_Chain::starIsEveryCamera()
     // Without a star there is nothing to do.
     QVERIFY(write(m_file, R"( [{"name": "a", "unique_sources": [["x"]]}])"));
     QCOMPARE(withCameras(readChain(m_file, &error), {"left"}).text, content(m_file));
+}
+
+void tst_Chain::severalChains()
+{
+    const QTemporaryDir folder;
+    const QString first = folder.filePath("a.json");
+    QVERIFY(write(first, "[]"));
+    QString error;
+    QCOMPARE(readChains({}, {"left"}, &error).at(0).name, QStringLiteral("default chain"));
+    const std::vector<SChain> chains = readChains({first, first}, {"left"}, &error);
+    QCOMPARE(error, QString());
+    QCOMPARE(chains.size(), std::size_t(2));
+    QCOMPARE(chains[1].name, first);
+    readChains({first, folder.filePath("b.json"), folder.filePath("c.json")}, {"left"}, &error);
+    QVERIFY2(error.startsWith(QStringLiteral("cannot read '%1': ").arg(folder.filePath("b.json"))), qPrintable(error));
+}
+
+void tst_Chain::sinksThatWouldMix()
+{
+    const auto chain = [](const char* name, const QStringList& sinks) {
+        SChain made;
+        made.name = QString(name);
+        for (const QString& sink : sinks)
+            made.elements.append(QJsonObject{{"model", QJsonObject{{"property", QJsonObject{{"sink_name", sink}}}}}});
+        return made;
+    };
+    QCOMPARE(findClash({}), QString());
+    QCOMPARE(findClash({chain("a", {"x", "y"}), chain("b", {"z"})}), QString());
+    QCOMPARE(findClash({chain("a", {"x", "y"}), chain("b", {"z", "y"})}),
+             QStringLiteral("the sink 'y' is in 'a' and in 'b': their files would mix"));
 }
 
 QTEST_GUILESS_MAIN(tst_Chain)

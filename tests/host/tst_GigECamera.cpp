@@ -10,6 +10,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <csignal>
+
 using namespace Host;
 using namespace std::chrono_literals;
 
@@ -36,6 +38,11 @@ private Q_SLOTS:
     void cameraThatGoesEndsTheThread();
     void programSkipsIncompleteFrames();
     void programEndsWhenTheCameraGoes();
+    void programWaitsForTheCameraToComeBack();
+    void programDoesNotWaitForEver();
+    void allFramesIncomplete();
+    void allPacketsLost();
+    void resend();
 };
 
 void tst_GigECamera::framesArriveComplete()
@@ -126,6 +133,86 @@ void tst_GigECamera::programEndsWhenTheCameraGoes()
     QVERIFY(program.errorLines().constLast().startsWith("halvex-host: camera '127.0.0.1' has gone: "));
     QVERIFY(program.completeFrames() > 0);
     QVERIFY(program.addsUp());
+}
+
+void tst_GigECamera::programWaitsForTheCameraToComeBack()
+{
+    CFakeGigECamera device;
+    QVERIFY(device.start());
+    CHostProgram program;
+    program.start(
+        {"run", "--camera", CFakeGigECamera::address(), "--frames", "100000", "--timeout", "2s", "--reconnect"});
+    QVERIFY(program.waitForFramesOf(100000));
+    device.pullCable();
+    QVERIFY(program.waitForError(QStringLiteral(", waiting for '127.0.0.1'")));
+    device.putCableIn();
+    QVERIFY(program.waitForError(QStringLiteral(", came back 1 time")));
+    kill(pid_t(program.process().processId()), SIGINT);
+    QVERIFY(program.waitForEnd());
+    QCOMPARE(program.process().exitCode(), 130);
+    QVERIFY2(program.output().contains("Remark             the camera had gone 1 time and came back, "),
+             qPrintable(program.output()));
+    QVERIFY2(program.addsUp(), qPrintable(program.output()));
+}
+
+void tst_GigECamera::programDoesNotWaitForEver()
+{
+    CFakeGigECamera device;
+    QVERIFY(device.start());
+    CHostProgram program;
+    program.start(
+        {"run", "--camera", CFakeGigECamera::address(), "--frames", "100000", "--timeout", "1s", "--reconnect=2s"});
+    QVERIFY(program.waitForFramesOf(100000));
+    device.pullCable();
+    QVERIFY(program.waitForEnd());
+    QCOMPARE(program.process().exitCode(), 1);
+    const QString said = program.errorLines().constLast();
+    QVERIFY2(said.startsWith("halvex-host: camera '127.0.0.1' has gone: "), qPrintable(said));
+    QVERIFY2(said.endsWith("; it did not come back for 2 s"), qPrintable(said));
+    QVERIFY2(program.addsUp(), qPrintable(program.output()));
+}
+
+void tst_GigECamera::allFramesIncomplete()
+{
+    CFakeGigECamera device;
+    // Hardly any of the 190 packets of a frame, but never all of them.
+    QVERIFY(device.start(300));
+    CHostProgram program;
+    QCOMPARE(program.run({"--camera", CFakeGigECamera::address(), "--timeout", "3s"}), 1);
+    const QString said = program.errorLines().constLast();
+    QVERIFY2(said.startsWith("halvex-host: camera '127.0.0.1' gave no whole frame for 3 s, "), qPrintable(said));
+    QVERIFY2(said.contains("GevSCPSPacketSize") && said.contains("--buffers"), qPrintable(said));
+    QCOMPARE(program.completeFrames(), 0);
+    QVERIFY(program.incompleteFrames() > 0);
+    QCOMPARE(program.run({"--camera", CFakeGigECamera::address(), "--duration", "2s"}), 1);
+    QVERIFY2(program.errorLines().constLast().contains(" came incomplete"),
+             qPrintable(program.errorLines().constLast()));
+}
+
+void tst_GigECamera::allPacketsLost()
+{
+    CFakeGigECamera device;
+    QVERIFY(device.start(1000));
+    CHostProgram program;
+    QCOMPARE(program.run({"--camera", CFakeGigECamera::address(), "--timeout", "2s"}), 1);
+    const QString said = program.errorLines().constLast();
+    QVERIFY2(said.startsWith("halvex-host: camera '127.0.0.1' sends nothing: no frame for 2 s; "), qPrintable(said));
+    for (const char* attempt : {"TriggerMode", "firewall", "GevSCPSPacketSize"})
+        QVERIFY2(said.contains(attempt), qPrintable(said));
+    QCOMPARE(program.completeFrames(), 0);
+}
+
+void tst_GigECamera::resend()
+{
+    CFakeGigECamera device;
+    QVERIFY(device.start());
+    for (const char* value : {"on", "off"}) {
+        CHostProgram program;
+        QCOMPARE(program.run({"--camera", CFakeGigECamera::address(), "--frames", "10", "--resend", value}), 0);
+        QCOMPARE(program.completeFrames(), 10);
+    }
+    QCOMPARE(CHostProgram().refusal({"--resend", "off"}),
+             QStringLiteral("camera 'fake' has no packets to send again: it is no GigE Vision camera (--resend)"));
 }
 
 QTEST_GUILESS_MAIN(tst_GigECamera)

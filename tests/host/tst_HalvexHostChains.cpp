@@ -21,6 +21,9 @@ private Q_SLOTS:
     void sinkThatCannotWriteEndsAll();
     void refusedBeforeAnyCamera();
     void refusedWithTheWordsOfCheck();
+    void severalChainsSideBySide();
+    void everyBrokenChainIsTold();
+    void chainFromStandardInput();
 };
 
 void tst_HalvexHostChains::twoCamerasInTwoScenes()
@@ -142,6 +145,77 @@ void tst_HalvexHostChains::refusedWithTheWordsOfCheck()
     const QStringList refusal = program.refusal({chain}).split('\n');
     QCOMPARE(refusal.first(), QStringLiteral("cannot load '%1': it has %2 errors:").arg(chain).arg(errors.size()));
     QCOMPARE(refusal.mid(1), errors);
+}
+
+namespace {
+
+QByteArray recording(const char* label, const char* sink)
+{
+    return QByteArray(R"([
+        {"name": "%1", "model": {"name": "To Image"}, "unique_sources": [["*"]], "connection": [["blur"]]},
+        {"name": "blur", "model": {"name": "Blur"}, "connection": [["files"]]},
+        {"name": "files", "model": {"name": "PNG Sink", "property": {"sink_name": "%2"}}}])")
+        .replace("%1", label)
+        .replace("%2", sink);
+}
+
+} // namespace
+
+void tst_HalvexHostChains::severalChainsSideBySide()
+{
+    CHostProgram program;
+    const QString first = program.file("first.json");
+    const QString second = program.file("second.json");
+    QVERIFY(write(first, recording("a", "one")) && write(second, recording("a", "two")));
+    const QString scene = program.file("scene.json");
+    QCOMPARE(program.run({first, second, "--frames", "9", "--set", "blur.size=9", "--save", scene}), 0);
+    QCOMPARE(program.sinks()["one"].delivered, 9);
+    QCOMPARE(program.sinks()["two"].delivered, 9);
+    QCOMPARE(content(scene).count("\"size\": 9"), 2); // what both call so
+    QCOMPARE(content(program.written("chain.json")), content(first));
+    QCOMPARE(content(program.written("chain-2.json")), content(second));
+
+    QCOMPARE(program.run({first, second, "--camera", "fake-1", "--camera", "fake-2", "--frames", "4"}), 0);
+    for (const char* camera : {"fake-1", "fake-2"}) {
+        QVERIFY(program.choose(camera));
+        QCOMPARE(program.sinks()["one"].delivered, 4);
+        QCOMPARE(program.sinks()["two"].delivered, 4);
+    }
+    QVERIFY(write(second, recording("b", "one")));
+    QCOMPARE(program.refusal({first, second}),
+             QStringLiteral("the sink 'one' is in '%1' and in '%2': their files would mix").arg(first, second));
+}
+
+void tst_HalvexHostChains::everyBrokenChainIsTold()
+{
+    CHostProgram program;
+    const QString first = program.file("first.json");
+    const QString sound = program.file("sound.json");
+    const QString last = program.file("last.json");
+    QVERIFY(write(first, "[]x") && write(sound, recording("a", "one")) && write(last, "{}"));
+    const QStringList lines = program.refusal({first, sound, last}).split('\n');
+    QCOMPARE(lines.filter(": error: ").size(), 2);
+    QCOMPARE(lines.value(0), QStringLiteral("cannot load '%1': it has 1 error:").arg(first));
+    QVERIFY(lines.contains(QStringLiteral("cannot load '%1': it has 1 error:").arg(last)));
+    QVERIFY(lines.constLast().startsWith(last + ":1:1: error: $: an object, "));
+}
+
+void tst_HalvexHostChains::chainFromStandardInput()
+{
+    CHostProgram program;
+    program.start({"run", "-", "--frames", "6"});
+    program.process().write(recording("a", "one"));
+    program.process().closeWriteChannel();
+    QVERIFY(program.waitForEnd());
+    QCOMPARE(program.process().exitCode(), 0);
+    QCOMPARE(program.sinks()["one"].delivered, 6);
+
+    program.start({"run", "-"});
+    program.process().write("{}");
+    program.process().closeWriteChannel();
+    QVERIFY(program.waitForEnd());
+    QCOMPARE(program.process().exitCode(), 2);
+    QCOMPARE(program.errorLines().value(0), QStringLiteral("halvex-host: cannot load '<stdin>': it has 1 error:"));
 }
 
 QTEST_GUILESS_MAIN(tst_HalvexHostChains)

@@ -32,6 +32,8 @@ class tst_HalvexHostRuns : public QObject
 
 private Q_SLOTS:
     void filtersDoWithFramesWhatTheyLike();
+    void loopThroughDecouplers();
+    void loopThroughAFilter();
     void endsAfterATime();
     void settingsOfModels();
     void settingsWhileItRuns();
@@ -70,6 +72,51 @@ void tst_HalvexHostRuns::filtersDoWithFramesWhatTheyLike()
     QCOMPARE(program.run({chain, "--plugins", folder.path(), "--frames", "20"}), 0);
     QCOMPARE(program.sinks()["half"].delivered, 10);
     QVERIFY2(program.sinks()["joined"].delivered >= 20, qPrintable(program.output()));
+}
+
+void tst_HalvexHostRuns::loopThroughDecouplers()
+{
+    CHostProgram program;
+    const QString chain = program.file("chain.json");
+    QVERIFY(write(chain, R"([
+        {"name": "first", "model": {"name": "DecouplerVGR", "property": {"frames_per_second": 100}},
+         "unique_sources": [["*"]], "connection": [["second", "image"]]},
+        {"name": "second", "model": {"name": "DecouplerVGR", "property": {"frames_per_second": 50}},
+         "connection": [["first", "other image"]]},
+        {"name": "image", "model": {"name": "To Image"}, "connection": [["files"]]},
+        {"name": "other image", "model": {"name": "To Image"}, "connection": [["other files"]]},
+        {"name": "files", "model": {"name": "PNG Sink", "property": {"sink_name": "one"}}},
+        {"name": "other files", "model": {"name": "PNG Sink", "property": {"sink_name": "other"}}}])"));
+    QCOMPARE(program.exec({"check", "--camera", "fake", chain}), 0);
+    QCOMPARE(program.run({chain, "--frames", "20"}), 0);
+    QVERIFY2(program.output().contains("after 20 frames, as asked"), qPrintable(program.output()));
+    QVERIFY(program.sinks()["one"].delivered > 0);
+    QVERIFY(program.sinks()["other"].delivered > 0);
+    // A single frame goes through all of it, too.
+    QCOMPARE(program.run({chain, "--frames", "1"}), 0);
+    QVERIFY(program.sinks()["one"].delivered > 0);
+    QVERIFY(program.sinks()["other"].delivered > 0);
+    QCOMPARE(program.interrupt({chain}, SIGINT), 130);
+}
+
+void tst_HalvexHostRuns::loopThroughAFilter()
+{
+    CPluginTestFolder folder;
+    QVERIFY(folder.addHostPlugins() && folder.addTestPlugins({"models"}));
+    CHostProgram program;
+    const QString chain = program.file("chain.json");
+    // What comes out of the filter goes into it again, beside the camera's frames.
+    QVERIFY(write(chain, R"([
+        {"name": "half", "model": {"name": "Every Second"}, "unique_sources": [["*"]],
+         "connection": [[{"name": "join", "index_in": 1, "index _out": 0}]]},
+        {"name": "join", "model": {"name": "Join", "property": {"policy": "DropOldest", "most_waiting": 1000}},
+         "unique_sources": [["*"]], "connection": [["delay", "image"]]},
+        {"name": "delay", "model": {"name": "DecouplerVGR", "property": {"frames_per_second": 100}},
+         "connection": [[{"name": "join", "index_in": 1, "index _out": 0}]]},
+        {"name": "image", "model": {"name": "To Image"}, "connection": [["files"]]},
+        {"name": "files", "model": {"name": "PNG Sink", "property": {"sink_name": "one"}}}])"));
+    QCOMPARE(program.run({chain, "--plugins", folder.path(), "--frames", "30"}), 0);
+    QVERIFY2(program.sinks()["one"].delivered >= 30, qPrintable(program.output()));
 }
 
 void tst_HalvexHostRuns::endsAfterATime()

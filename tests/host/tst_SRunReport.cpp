@@ -113,9 +113,11 @@ void tst_SRunReport::remarks()
     report.frames = {96, 96, 0, 0};
     report.span = 1s; // 95 per second
     QCOMPARE(report.remarks(), QStringList());
+    report.absences = {2, 7340ms, false};
     report.frames = {95, 94, 1, 2};
-    QCOMPARE(report.remarks(), QStringList({"100 frames per second were asked for, 93.0 came",
-                                            "1 frame came incomplete", "2 frames found no free buffer"}));
+    QCOMPARE(report.remarks(),
+             QStringList({"100 frames per second were asked for, 93.0 came", "1 frame came incomplete",
+                          "2 frames found no free buffer", "the camera had gone 2 times and came back, 7.3 s in all"}));
 }
 
 void tst_SRunReport::failure()

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/run/RunGraphs.h"
+
+#include "host/plugins/CHostServices.h"
+#include "host/run/CGraphBuilder.h"
+#include "host/run/CStreamGraph.h"
+#include "host/run/Chain.h"
+#include "host/run/Output.h"
+
+#include <QDir>
+
+namespace Host {
+
+SRunGraphs buildRunGraphs(const SRunOptions& options, const CHostServices& services, QString* error)
+{
+    QStringList names;
+    const std::vector<SourceOptions> sources = options.sources();
+    for (const SourceOptions& source : sources)
+        names << nameOf(source);
+
+    SRunGraphs run;
+    CGraphBuilder builder(services.nodes(), services.models());
+    if (!options.load.isEmpty()) {
+        run.graphs.push_back(builder.load(options.load, names.first(), error));
+        return run;
+    }
+    const std::vector<SChain> chains = readChains(options.chains, names, error);
+    if (error->isEmpty())
+        run.graphs = builder.import(chains, names, error);
+    for (const SChain& chain : chains)
+        run.chains.push_back(chain.source);
+    return run;
+}
+
+QString writeChains(const std::vector<QByteArray>& chains, const QString& folder)
+{
+    QString error;
+    for (std::size_t i = 0; i < chains.size() && error.isEmpty(); ++i) {
+        const QString name = i == 0 ? QStringLiteral("chain.json") : QStringLiteral("chain-%1.json").arg(i + 1);
+        // It may be the very file that was read.
+        error = replaceFile(QDir(folder).filePath(name), chains[i]);
+    }
+    return error;
+}
+
+} // namespace Host

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "host/run/SRunOptions.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace Host {
+
+class CHostServices;
+class CStreamGraph;
+
+/// What the frames of a run go through.
+struct SRunGraphs
+{
+    std::vector<std::unique_ptr<CStreamGraph>> graphs; ///< For each source, in the order of the options.
+    std::vector<QByteArray> chains;                    ///< What was imported, as it was read.
+};
+
+/// Imports the chains that \a options name, or loads their scene. On failure the reason in \a error.
+SRunGraphs buildRunGraphs(const SRunOptions& options, const CHostServices& services, QString* error);
+
+/// Writes the chains into \a folder, as "chain.json", "chain-2.json"... Returns what is wrong; empty on success.
+QString writeChains(const std::vector<QByteArray>& chains, const QString& folder);
+
+} // namespace Host
