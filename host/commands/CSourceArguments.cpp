@@ -9,6 +9,7 @@
 #include <CLI/CLI.hpp>
 
 #include <QDir>
+#include <QFileInfo>
 
 namespace Host {
 
@@ -101,7 +102,7 @@ void CSourceArguments::refuseWhatNeedsACamera() const
 void CSourceArguments::refuseImages(const QStringList& chains) const
 {
     for (const QString& chain : chains) {
-        if (!m_images.empty() && QDir::match(CImageFiles::namePatterns(), chain))
+        if (!m_images.empty() && QDir::match(CImageFiles::namePatterns(), QFileInfo(chain).fileName()))
             refuse(QStringLiteral("The image '%1' is no chain; put the pattern for --images in quotes.").arg(chain));
     }
 }

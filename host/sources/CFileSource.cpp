@@ -157,9 +157,11 @@ Veltra::SGrabResult CFileSource::takeFrame()
 
 QString CFileSource::stallText(const QString& time, bool, const SGrabStatistics&) const
 {
-    return QStringLiteral("the graph holds all %1 frames of %2 that may be in flight, and gave none back for %3; try "
-                          "more (--buffers %4), or a longer --timeout")
-        .arg(QString::number(m_options.framesInFlight), m_reader->description(), time)
+    return QStringLiteral("the graph holds as many frames of '%1' as may be in flight (%2), and gave none back for %3; "
+                          "try more (--buffers %4), or a longer --timeout")
+        .arg(m_options.name)
+        .arg(m_options.framesInFlight)
+        .arg(time)
         .arg(4 * m_options.framesInFlight);
 }
 

@@ -45,7 +45,7 @@ QStringList matches(const QString& pattern)
 
 void sortByNumber(QStringList* files)
 {
-    QCollator byNumber(QLocale(QLocale::English)); // that of a machine may know no numbers
+    QCollator byNumber{QLocale(QLocale::English)}; // that of a machine may know no numbers
     byNumber.setNumericMode(true);
     std::stable_sort(files->begin(), files->end(), byNumber);
 }

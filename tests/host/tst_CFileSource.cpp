@@ -163,7 +163,7 @@ void tst_CFileSource::waitsWhileAllFramesAreInFlight()
     first.claim.reset();
     QCOMPARE(source->grab(5s).status, EGrab::Frame);
     QCOMPARE(source->stallText("5 s", false, {}),
-             QStringLiteral("the graph holds all 2 frames of test images that may be in flight, and gave none back "
+             QStringLiteral("the graph holds as many frames of 'images' as may be in flight (2), and gave none back "
                             "for 5 s; try more (--buffers 8), or a longer --timeout"));
 }
 

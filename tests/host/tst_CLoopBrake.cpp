@@ -39,9 +39,9 @@ void tst_CLoopBrake::eachLetsOutWhatItHasOnce()
         brake.add(*decoupler);
     for (Decoupler* decoupler : {&first, &second}) {
         // What it gives out comes back to it.
-        connect(decoupler, &CNodeDataModel::dataUpdated, this, [decoupler, &brake] {
+        connect(decoupler, &CNodeDataModel::dataUpdated, this, [decoupler, watching = &brake] {
             decoupler->setInData(decoupler->outData(0), 0);
-            brake.noteDelivery(*decoupler);
+            watching->noteDelivery(*decoupler);
         });
     }
     second.setFramesPerSecond(50.0);

@@ -223,7 +223,7 @@ void tst_CRunArguments::refused_data()
     for (const char* value : {"size=3", "blur", ".size=3"})
         row(QString("--set ") + value, QStringLiteral("--set takes NODE.key=value, not '%1'.").arg(value));
     row("- --frames 3 -", "Standard input is one chain: '-' is given twice.");
-    row("--images a.png b.png", "The image 'b.png' is no chain; put the pattern for --images in quotes.");
+    row("--images s/a.png s/b.png", "The image 's/b.png' is no chain; put the pattern for --images in quotes.");
     row("--reconnect=soon", "--reconnect takes a time like 500ms, 30s, 5min or 2h, not 'soon'.");
     row("--resend maybe", "--resend takes 'on' or 'off', not 'maybe'.");
     row("--images a --resend on", "--resend is for cameras, and this run has none.");
