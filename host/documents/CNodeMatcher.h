@@ -51,13 +51,13 @@ private:
 
     struct SNeighbour
     {
-        int node;
-        int way; // the same number for ends of connections that are alike
+        int node = 0;
+        int way = 0; // the same number for ends of connections that are alike
     };
 
     struct SSide
     {
-        const SComparedGraph* graph;
+        const SComparedGraph* graph = nullptr;
         std::vector<std::vector<SNeighbour>> neighbours;
         std::vector<int> partners;
         Looks looks;
