@@ -50,7 +50,8 @@ QString idFor(const QString& uniqueName)
     return QUuid::createUuidV5(space, uniqueName).toString(QUuid::WithoutBraces);
 }
 
-// Gives the unique nodes ids made of their names, also where connections lead to them.
+// Gives the unique nodes ids made of their names, also where connections lead to them. Of two of one name the second
+// keeps its own.
 void renameUniqueNodes(Objects* nodes, Objects* connections)
 {
     QHash<QString, QString> ids;
@@ -59,6 +60,8 @@ void renameUniqueNodes(Objects* nodes, Objects* connections)
         if (!model[DocumentKeys::isUnique].toBool())
             continue;
         const QString id = idFor(model[DocumentKeys::uniqueName].toString());
+        if (ids.values().contains(id))
+            continue;
         ids.insert(node.value(DocumentKeys::id).toString(), id);
         node.insert(QString(DocumentKeys::id), id);
     }

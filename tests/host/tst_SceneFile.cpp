@@ -110,6 +110,7 @@ void tst_SceneFile::uniqueNodeIsNamedByItsUniqueName()
     QVERIFY(idsOf(scene("1", "left")) != idsOf(scene("1", "right")));
     const QJsonObject document = QJsonDocument::fromJson(scene("1", "left")).object();
     QCOMPARE(document["connections"][0]["out_id"], document["nodes"][0]["id"]);
+    QVERIFY(idsOf(orderedScene(text({node("1", "left"), node("2", "left")}, {}))).contains("2"));
 }
 
 QTEST_GUILESS_MAIN(tst_SceneFile)
