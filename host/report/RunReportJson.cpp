@@ -40,7 +40,10 @@ QJsonObject sinkJson(const SSinkReport& sink)
     QJsonArray files;
     for (const QString& file : sink.files)
         files.append(file);
-    return {{"name", sink.name}, {"delivered", double(sink.delivered)}, {"files", files}};
+    return {{"name", sink.name},
+            {"delivered", double(sink.delivered)},
+            {"written", double(sink.written)},
+            {"files", files}};
 }
 
 template <typename Items, typename ToJson>

@@ -57,7 +57,7 @@ CTable sinkTable(const std::vector<SSinkReport>& sinks)
     CTable table({"Sink", ">delivered", ">written", "Files"});
     for (const SSinkReport& sink : sinks)
         table.addRow(
-            {sink.name, QString::number(sink.delivered), QString::number(sink.files.size()), fileRange(sink.files)});
+            {sink.name, QString::number(sink.delivered), QString::number(sink.written), fileRange(sink.files)});
     return table;
 }
 

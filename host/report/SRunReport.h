@@ -26,7 +26,8 @@ struct SSinkReport
     quint64 delivered = 0;
     quint64 expected = 0;                        ///< What its connections carried.
     std::vector<QString> files;                  ///< Written, oldest first.
-    Plugin::Halvex::SWorkerStatistics writing{}; ///< Of the images that were to be written.
+    Plugin::Halvex::SWorkerStatistics writing{}; ///< Of the frames that were to be written.
+    quint64 written = 0;                         ///< Frames, of which a file may hold several.
 };
 
 /// What one decoupler of a run did.

@@ -67,7 +67,7 @@ QString CCameraStream::start(int frames, std::chrono::milliseconds silence, std:
         return error;
     m_graph->startCounting();
     const auto handOn = [entry = m_graph->entry()](const CGrabThread::SFrame& frame) {
-        const SFrameInfo info{frame.result->frameNumber, frame.grabbed};
+        const SFrameInfo info{frame.result->frameNumber, frame.grabbed, frame.result->timestampNs};
         entry.setData(QSharedPointer<CGrabResultData>::create(frame.result, info));
     };
     m_thread = std::make_unique<CGrabThread>(*m_camera, quint64(frames), silence, handOn);
@@ -111,7 +111,10 @@ void CCameraStream::onGrabbed(const QString& error)
 
 void CCameraStream::endWhenDrained()
 {
-    if (!m_hasEnded && m_graph->isDrained())
+    if (m_hasEnded || !m_graph->isDrained())
+        return;
+    m_graph->finishSinks();
+    if (m_graph->isDrained())
         end();
 }
 

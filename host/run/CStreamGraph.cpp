@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace Host {
 
@@ -31,7 +32,7 @@ CNodeDataEntry entryOf(const CNodeBase& camera)
 
 SSinkReport sinkReport(const IFrameSink& sink, quint64 expected)
 {
-    return {sink.sinkName(), sink.delivered(), expected, sink.files(), sink.writing()};
+    return {sink.sinkName(), sink.delivered(), expected, sink.files(), sink.writing(), sink.written()};
 }
 
 // Counts tell the work of each frame; the signals of a model tell only when there was any.
@@ -113,6 +114,14 @@ bool CStreamGraph::isDrained() const
     return std::all_of(m_decouplers.begin(), m_decouplers.end(), hasComeThrough) &&
            std::all_of(m_workers.begin(), m_workers.end(), isDone) &&
            std::all_of(m_sinks.begin(), m_sinks.end(), hasWritten);
+}
+
+void CStreamGraph::finishSinks()
+{
+    if (std::exchange(m_areSinksFinished, true))
+        return;
+    for (IFrameSink* sink : m_sinks)
+        sink->finish();
 }
 
 std::chrono::milliseconds CStreamGraph::drainTime() const

@@ -66,6 +66,10 @@ public:
     /// each image that waits to be written, and time to spare.
     std::chrono::milliseconds drainTime() const;
 
+    /// Has the sinks complete the files that they still have open, once: to be called when it is drained, which it may
+    /// then not be for a while.
+    void finishSinks();
+
     /// Gives nodes the names by which set() finds them, beside their numbers and captions.
     void setLabels(const std::map<Core::CId, QString>& labels) { m_labels = labels; }
 
@@ -109,6 +113,7 @@ private:
     std::vector<SDecoupler> m_decouplers;
     std::vector<Plugin::Halvex::AWorkerNodeDataModel*> m_workers;
     std::size_t m_cameraNumber = 0;
+    bool m_areSinksFinished = false;
     bool m_isIntact = true;
 };
 

@@ -104,7 +104,9 @@ Filters   Blur           IMG    IMG           5  HalvexHostModels
           Histogram      IMG    IMG           3  HalvexHostModels
           Threshold      IMG    IMG           5  HalvexHostModels
           To Image       VGR    IMG           -  HalvexHostModels
-Sinks     PNG Sink       IMG    -             1  HalvexHostModels
+Sinks     PNG Sink       IMG    -             2  HalvexHostModels
+          Raw Sink       VGR    -             2  HalvexHostModels
+          Video Sink     IMG    -             3  HalvexHostModels
 Sources   Camera Source  -      VGR           -  HalvexHostModels
 Tools     DecouplerVGR   VGR    VGR           1  Halvex
 

@@ -156,8 +156,8 @@ SRunReport sample()
     blur.lastError = QStringLiteral("this is no image");
     report.nodes = {camera, blur};
     report.sinks = {{"none", 3, 3, {}},
-                    {"one", 3, 3, {"o/one/frame-000000.png"}},
-                    {"more", 3, 3, {"o/frame-000000.png", "o/frame-000001.png", "o/frame-000002.png"}}};
+                    {"one", 3, 3, {"o/one/frame-000000.png"}, {}, 1},
+                    {"more", 3, 3, {"o/frame-000000.png", "o/frame-000001.png", "o/frame-000002.png"}, {}, 3}};
     return report;
 }
 
