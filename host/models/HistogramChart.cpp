@@ -162,14 +162,12 @@ void drawAxes(double most, double valueEnd)
 
 void drawChannel(const std::vector<float>& bins, const SChannel& channel, double valueEnd)
 {
-    // Each step has its count all over, with the ends on the axis.
+    // One point for each step: what is drawn of a preview must not cost more than that.
     std::vector<PLFLT> x{0.0};
     std::vector<PLFLT> y{0.0};
     for (int step = 0; step < steps; ++step) {
-        for (const int end : {step, step + 1}) {
-            x.push_back(valueEnd * end / steps);
-            y.push_back(double(bins[std::size_t(step)]));
-        }
+        x.push_back(valueEnd * (step + 0.5) / steps);
+        y.push_back(double(bins[std::size_t(step)]));
     }
     x.push_back(valueEnd);
     y.push_back(0.0);

@@ -76,6 +76,12 @@ public:
     /// Sets what \a setting says, at once. Returns what is wrong, in one line; empty on success.
     QString set(const SNodeSetting& setting);
 
+    /// Has startCounting() tell \a file of everything, too; \a process is a number of its own in that.
+    void traceInto(const std::shared_ptr<CTraceFile>& file, int process, const QString& camera)
+    {
+        m_meter.traceInto(file, process, camera, m_cameraNumber);
+    }
+
     /// Counts what goes over each connection from now on. The scene's document has been saved by then: the connections
     /// get converters that count.
     void startCounting() { m_meter.start(); }

@@ -15,4 +15,12 @@ SNodeSetting SNodeSetting::read(const QString& text)
     return {place.left(dot), place.mid(dot + 1), text.mid(sign + 1)};
 }
 
+QStringList SRunOptions::addresses() const
+{
+    QStringList list;
+    for (const SCameraOptions& camera : cameras)
+        list << camera.address;
+    return list;
+}
+
 } // namespace Host
