@@ -5,6 +5,8 @@
 
 #include <QJsonArray>
 
+#include <cmath>
+
 namespace Host {
 
 namespace {
@@ -46,6 +48,17 @@ QJsonObject sinkJson(const SSinkReport& sink)
             {"files", files}};
 }
 
+QJsonObject decouplerJson(const SDecouplerReport& decoupler)
+{
+    return {{"name", decoupler.name},
+            {"set_to", std::isfinite(decoupler.framesPerSecond) ? QJsonValue(decoupler.framesPerSecond) : QJsonValue()},
+            {"most_per_second", number(decoupler.mostPerSecond)},
+            {"received", double(decoupler.counts.received)},
+            {"emitted", double(decoupler.counts.emitted)},
+            {"dropped", double(decoupler.counts.dropped)},
+            {"cancelled", double(decoupler.counts.cancelled)}};
+}
+
 template <typename Items, typename ToJson>
 QJsonArray array(const Items& items, const ToJson& toJson)
 {
@@ -72,6 +85,7 @@ QJsonObject SRunReport::json() const
             {"remarks", QJsonArray::fromStringList(remarks())},
             {"mismatch", wrong.isEmpty() ? QJsonValue() : QJsonValue(wrong)},
             {"nodes", array(nodes, &nodeJson)},
+            {"decouplers", array(decouplers, &decouplerJson)},
             {"sinks", array(sinks, &sinkJson)}};
 }
 

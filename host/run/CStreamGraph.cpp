@@ -13,8 +13,10 @@
 #include <Halvex/models/AWorkerNodeDataModel.h>
 #include <Halvex/models/CNodeDecouplerDataModelBase.h>
 
+#include <QTimer>
+
 #include <algorithm>
-#include <cmath>
+#include <optional>
 #include <utility>
 
 namespace Host {
@@ -33,6 +35,21 @@ CNodeDataEntry entryOf(const CNodeBase& camera)
 SSinkReport sinkReport(const IFrameSink& sink, quint64 expected)
 {
     return {sink.sinkName(), sink.delivered(), expected, sink.files(), sink.writing(), sink.written()};
+}
+
+// Between two frames that the decoupler lets through. A rate that makes no sense leaves the timer as it was, so that
+// the timer is asked.
+std::chrono::milliseconds tickInterval(const CNodeDecouplerDataModelBase& decoupler)
+{
+    const auto* const timer = decoupler.findChild<const QTimer*>();
+    Q_ASSERT(timer);
+    return timer->intervalAsDuration();
+}
+
+std::optional<double> mostPerSecond(const CNodeDecouplerDataModelBase& decoupler)
+{
+    const auto interval = tickInterval(decoupler);
+    return interval.count() > 0 ? std::optional<double>(1000.0 / double(interval.count())) : std::nullopt;
 }
 
 // Counts tell the work of each frame; the signals of a model tell only when there was any.
@@ -128,9 +145,7 @@ std::chrono::milliseconds CStreamGraph::drainTime() const
 {
     double time = 5000.0;
     for (const SDecoupler& decoupler : m_decouplers) {
-        const double rate = decoupler.model->framesPerSecond();
-        if (std::isfinite(rate) && rate > 0.0)
-            time += 2000.0 / rate;
+        time += 2.0 * double(tickInterval(*decoupler.model).count());
     }
     for (const IFrameSink* sink : m_sinks)
         time += 500.0 * double(sink->writing().pending);
@@ -189,7 +204,8 @@ void CStreamGraph::accountNode(std::size_t node, SRunReport* report) const
         row.pending = counts.pending;
         const auto known = std::find_if(m_decouplers.begin(), m_decouplers.end(),
                                         [decoupler](const SDecoupler& each) { return each.model == decoupler; });
-        report->decouplers.push_back({row.name, decoupler->framesPerSecond(), counts, expected, known->delivered});
+        report->decouplers.push_back(
+            {row.name, decoupler->framesPerSecond(), counts, expected, known->delivered, mostPerSecond(*decoupler)});
     }
     if (const auto* worker = qobject_cast<AWorkerNodeDataModel*>(model)) {
         const SWorkerStatistics counts = worker->statistics();

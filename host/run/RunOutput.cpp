@@ -22,6 +22,9 @@
 
 #include <cerrno>
 #include <cstring>
+#include <limits>
+
+#include <unistd.h>
 
 namespace Host {
 
@@ -71,8 +74,10 @@ QString runEnding(const SRunOptions& options, const QString& error, int signal, 
 QString runText(const std::vector<SRunReport>& reports)
 {
     QStringList texts;
+    // What is no terminal may be read by a program: a row stays a row.
+    const int width = isatty(fileno(stdout)) == 1 ? columnsOf(stdout) : std::numeric_limits<int>::max();
     for (const SRunReport& report : reports)
-        texts << report.text(columnsOf(stdout), takesColors(stdout));
+        texts << report.text(width, takesColors(stdout));
     return texts.join(QLatin1Char('\n'));
 }
 
