@@ -3,6 +3,8 @@
 
 #include "host/models/HistogramChart.h"
 
+#include "host/models/SHistogramScale.h"
+
 #include <opencv2/imgproc.hpp>
 
 #include <plplot.h>
@@ -55,14 +57,16 @@ struct SChannel
 constexpr std::array<SChannel, 3> colorChannels{{{"blue", Blue, 0.955}, {"green", Green, 0.88}, {"red", Red, 0.83}}};
 constexpr SChannel grayChannel{"grey", Gray, 0.945};
 
-double white(const cv::Mat& image)
+using Counts = SHistogramScale::Counts;
+
+double endOfValues(const cv::Mat& image)
 {
     return image.depth() == CV_8U ? 256.0 : 65536.0;
 }
 
-std::vector<float> counts(const cv::Mat& image, int channel)
+Counts counts(const cv::Mat& image, int channel)
 {
-    const float range[] = {0, float(white(image))};
+    const float range[] = {0, float(endOfValues(image))};
     const float* ranges[] = {range};
     cv::Mat bins;
     cv::calcHist(&image, 1, &channel, cv::noArray(), bins, 1, &steps, ranges);
@@ -160,7 +164,7 @@ void drawAxes(double most, double valueEnd)
     plmtex("t", 1.3, 0.0, 0.0, "Histogram");
 }
 
-void drawChannel(const std::vector<float>& bins, const SChannel& channel, double valueEnd)
+void drawChannel(const Counts& bins, const SChannel& channel, double valueEnd)
 {
     // One point for each step: what is drawn of a preview must not cost more than that.
     std::vector<PLFLT> x{0.0};
@@ -173,7 +177,7 @@ void drawChannel(const std::vector<float>& bins, const SChannel& channel, double
     y.push_back(0.0);
     CPicture::setColor(channel.color, 0.2);
     plfill(PLINT(x.size()), x.data(), y.data());
-    CPicture::setColor(channel.color);
+    CPicture::setColor(channel.color, 0.8); // so that one channel is seen through another
     plwidth(1.2);
     plline(PLINT(x.size()), x.data(), y.data());
     plschr(0, 0.85);
@@ -182,18 +186,20 @@ void drawChannel(const std::vector<float>& bins, const SChannel& channel, double
 
 void draw(const cv::Mat& image, cv::Mat* pixels)
 {
-    std::vector<std::vector<float>> bins;
-    double most = 1.0;
-    for (int channel = 0; channel < image.channels(); ++channel) {
+    std::vector<Counts> bins;
+    for (int channel = 0; channel < image.channels(); ++channel)
         bins.push_back(counts(image, channel));
-        most = std::max(most, double(*std::max_element(bins.back().begin(), bins.back().end())));
-    }
+    const SHistogramScale scale(bins);
+    const double most = scale.most;
     const CPicture picture(*pixels);
     plvpor(0.105, 0.955, 0.145, 0.875);
-    plwind(0, white(image), 0, most * 1.06);
-    drawAxes(most, white(image));
+    plwind(0, endOfValues(image), 0, most * 1.06);
+    drawAxes(most, endOfValues(image));
+    CPicture::setColor(Text);
+    plschr(0, 0.78);
+    plmtex("t", 1.45, 0.5, 0.5, scale.note(double(image.total())).c_str());
     for (std::size_t i = 0; i < bins.size(); ++i)
-        drawChannel(bins[i], bins.size() == 1 ? grayChannel : colorChannels.at(i), white(image));
+        drawChannel(bins[i], bins.size() == 1 ? grayChannel : colorChannels.at(i), endOfValues(image));
 }
 
 } // namespace
