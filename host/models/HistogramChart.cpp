@@ -180,6 +180,7 @@ void drawChannel(const Counts& bins, const SChannel& channel, double valueEnd)
     CPicture::setColor(channel.color, 0.8); // so that one channel is seen through another
     plwidth(1.2);
     plline(PLINT(x.size()), x.data(), y.data());
+    CPicture::setColor(channel.color);
     plschr(0, 0.85);
     plmtex("t", 1.4, channel.nameAt, 0.0, channel.name);
 }
@@ -187,6 +188,7 @@ void drawChannel(const Counts& bins, const SChannel& channel, double valueEnd)
 void draw(const cv::Mat& image, cv::Mat* pixels)
 {
     std::vector<Counts> bins;
+    bins.reserve(std::size_t(image.channels()));
     for (int channel = 0; channel < image.channels(); ++channel)
         bins.push_back(counts(image, channel));
     const SHistogramScale scale(bins);
