@@ -37,7 +37,7 @@ cv::Mat colorImage(const cv::Mat& image)
 bool isFull(const QString& file, const cv::Mat& image)
 {
     const QStorageInfo disk(QFileInfo(file).path());
-    return disk.isValid() && disk.bytesAvailable() < qint64(image.total() * image.elemSize());
+    return disk.isValid() && disk.bytesAvailable() < qint64(image.total()) * qint64(image.elemSize());
 }
 
 // Images in the file, by the index at its end.
