@@ -69,7 +69,8 @@ QStringList closestWords(const QString& word, const QStringList& known, qint64* 
     std::sort(found.begin(), found.end());
     found.erase(std::unique(found.begin(), found.end()), found.end());
     QStringList words;
-    for (std::size_t i = 0; i < found.size() && words.size() < mostWords; ++i)
+    // One that is further away than another is not the closest.
+    for (std::size_t i = 0; i < found.size() && found[i].first == found.front().first && words.size() < mostWords; ++i)
         words << found[i].second;
     return words;
 }

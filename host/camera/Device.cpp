@@ -56,4 +56,12 @@ GObjectPtr<ArvDevice> openDevice(const QString& address, CGLibError* error)
         arv_interface_open_device(arv_gv_interface_get_instance(), name.constData(), error->slot()));
 }
 
+QString aravisVersion()
+{
+    return QStringLiteral("%1.%2.%3")
+        .arg(arv_get_major_version())
+        .arg(arv_get_minor_version())
+        .arg(arv_get_micro_version());
+}
+
 } // namespace Host

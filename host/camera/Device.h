@@ -28,6 +28,9 @@ struct SCameraEntry
 /// takes a second.
 std::vector<SCameraEntry> findCameras();
 
+/// Of the library that opens cameras, as it runs: "0.8.26".
+QString aravisVersion();
+
 /// Opens what SCameraOptions::address names. Null, with the reason in \a error, if it is not there.
 GObjectPtr<_ArvDevice> openDevice(const QString& address, CGLibError* error);
 

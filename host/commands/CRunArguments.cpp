@@ -113,7 +113,13 @@ void CRunArguments::declareFiles(CLI::App& command)
     command.add_option("--output", m_output, "Folder for what is written (default: halvex-output).")
         ->type_name("DIR")
         ->group(group);
-    command.add_option("--write-every", m_writeEvery, "Write one of N frames (default: 30).")
+    command
+        .add_flag("--keep", m_isKept,
+                  "Give each run a folder in DIR, named by the time; without it a run replaces the one before it.")
+        ->group(group);
+    command
+        .add_option("--write-every", m_writeEvery,
+                    "Write one of N frames, where a sink's own 'write_every' says nothing (default: 30).")
         ->type_name("N")
         ->group(group);
     command
@@ -123,6 +129,10 @@ void CRunArguments::declareFiles(CLI::App& command)
         ->type_name("FILE")
         ->group(group);
     command.add_option("--json", m_json, "Write the report as JSON; '-' is standard output, without the table.")
+        ->type_name("FILE")
+        ->group(group);
+    command
+        .add_option("--trace", m_trace, "Write each frame's way through the nodes as a trace, which Perfetto opens.")
         ->type_name("FILE")
         ->group(group);
 }
@@ -150,6 +160,8 @@ SRunOptions CRunArguments::options() const
     if (isGiven("--output"))
         options.output = text("--output", m_output);
     options.json = text("--json", m_json);
+    options.trace = text("--trace", m_trace);
+    options.isKept = m_isKept;
     options.isStrict = m_isStrict;
     if (isGiven("--buffers"))
         camera.buffers = readCount("--buffers", m_buffers, 1, 10000);

@@ -50,6 +50,8 @@ private:
     std::string m_duration;
     std::string m_timeout;
     std::string m_json;
+    std::string m_trace;
+    bool m_isKept = false;
     bool m_isStrict = false;
     std::string m_rate;
     std::string m_pixelFormat;

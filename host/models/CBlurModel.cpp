@@ -3,12 +3,17 @@
 
 #include "host/models/CBlurModel.h"
 
+#include "host/models/GrayImage.h"
+
 #include <opencv2/imgproc.hpp>
 
 namespace Host {
 namespace {
 
 using EMethod = CBlurModel::EMethod;
+
+// OpenCV has a median of 16 bits up to that size only.
+constexpr int mostDeepMedian = 5;
 
 cv::Mat blurred(const cv::Mat& image, EMethod method, int size)
 {
@@ -18,7 +23,7 @@ cv::Mat blurred(const cv::Mat& image, EMethod method, int size)
     else if (method == EMethod::Box)
         cv::blur(image, blurred, cv::Size(size, size));
     else
-        cv::medianBlur(image, blurred, size);
+        cv::medianBlur(size <= mostDeepMedian ? image : eightBitImage(image), blurred, size);
     return blurred;
 }
 

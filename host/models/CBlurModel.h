@@ -7,7 +7,7 @@
 
 namespace Host {
 
-/// Smooths, grey and colour alike.
+/// Smooths, grey and colour alike. 16 bits stay 16 bits, but for a median over more than 5 pixels.
 class CBlurModel : public AImageFilterModel
 {
     Q_OBJECT

@@ -13,13 +13,13 @@ namespace {
 cv::Mat cannyEdges(const cv::Mat& image, int level, int size)
 {
     cv::Mat edges;
-    cv::Canny(grayImage(image), edges, level / 3.0, level, size);
+    cv::Canny(grayImage(eightBitImage(image)), edges, level / 3.0, level, size);
     return edges;
 }
 
 cv::Mat sobelEdges(const cv::Mat& image, int level, int size)
 {
-    const cv::Mat gray = grayImage(image);
+    const cv::Mat gray = grayImage(eightBitImage(image));
     cv::Mat across;
     cv::Mat down;
     cv::Sobel(gray, across, CV_32F, 1, 0, size);

@@ -7,7 +7,7 @@
 
 namespace Host {
 
-/// White edges on black, where the grey value changes enough.
+/// White edges on black, where the grey value, of 256, changes enough. Of 16 bits the 8 highest count.
 class CEdgesModel : public AImageFilterModel
 {
     Q_OBJECT

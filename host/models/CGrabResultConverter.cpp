@@ -3,8 +3,10 @@
 
 #include "host/models/CGrabResultConverter.h"
 
-#include "host/models/CGrabResultData.h"
 #include "host/models/CImageData.h"
+#include "host/models/FrameInfo.h"
+
+#include <Halvex/service/CVeltraGrabResultData.h>
 
 #include <opencv2/imgproc.hpp>
 
@@ -28,12 +30,12 @@ struct SRecipe
 
 const SRecipe recipes[] = {
     {"Mono8", CV_8UC1, noCode, 1.0},
-    {"Mono10", CV_16UC1, noCode, 1.0 / 4},
-    {"Mono12", CV_16UC1, noCode, 1.0 / 16},
-    {"Mono14", CV_16UC1, noCode, 1.0 / 64},
-    {"Mono16", CV_16UC1, noCode, 1.0 / 256},
+    {"Mono10", CV_16UC1, noCode, 64.0},
+    {"Mono12", CV_16UC1, noCode, 16.0},
+    {"Mono14", CV_16UC1, noCode, 4.0},
+    {"Mono16", CV_16UC1, noCode, 1.0},
     {"BGR8", CV_8UC3, noCode, 1.0},
-    {"BGR16", CV_16UC3, noCode, 1.0 / 256},
+    {"BGR16", CV_16UC3, noCode, 1.0},
     {"RGB8", CV_8UC3, cv::COLOR_RGB2BGR, 1.0},
     {"BayerRG8", CV_8UC1, cv::COLOR_BayerRGGB2BGR, 1.0},
     {"BayerGR8", CV_8UC1, cv::COLOR_BayerGRBG2BGR, 1.0},
@@ -54,14 +56,6 @@ const SRecipe* findRecipe(const QString& pixelFormat)
 cv::Mat view(const Veltra::SGrabResult& frame, int matType)
 {
     return cv::Mat(frame.height, frame.width, matType, const_cast<std::byte*>(frame.pixels), std::size_t(frame.stride));
-}
-
-// A grab result of somebody else does not say when it was grabbed: its way is measured from here.
-SFrameInfo frameInfo(const Plugin::Halvex::CVeltraGrabResultData& grab)
-{
-    if (const auto* own = dynamic_cast<const CGrabResultData*>(&grab))
-        return own->info();
-    return {grab.grabResult()->frameNumber, std::chrono::steady_clock::now()};
 }
 
 } // namespace
@@ -89,9 +83,8 @@ Plugin::Halvex::CNodeDataPtr CGrabResultConverter::operator()(const Plugin::Halv
     cv::Mat image;
     if (recipe->colorCode != noCode)
         cv::cvtColor(pixels, image, recipe->colorCode);
-    else if (CV_MAT_DEPTH(recipe->matType) == CV_16U)
-        // Moved by half a step, rounding to the nearest value rounds down: what stays is the 8 highest bits.
-        pixels.convertTo(image, CV_8U, recipe->scale, -0.5 + recipe->scale / 2);
+    else if (recipe->scale != 1.0)
+        pixels.convertTo(image, recipe->matType, recipe->scale);
     else
         return QSharedPointer<CImageData>::create(pixels, info, grab->grabResult());
     return QSharedPointer<CImageData>::create(image, info);

@@ -12,8 +12,8 @@ namespace Host {
 /**
  * Turns a camera frame into an image, to be registered for connections from a port of grab results to one of images.
  *
- * Mono8 and BGR8 pixels are not copied: the image keeps the frame. RGB8 and the 8-bit Bayer patterns become colour
- * images, the deeper Mono formats grey ones that keep their 8 highest bits.
+ * Mono8, Mono16 and BGR8 pixels are not copied: the image keeps the frame. RGB8 and the 8-bit Bayer patterns become
+ * colour images, Mono10 to Mono14 grey ones with 16 bits, as CImageData says.
  *
  * Threads: stateless.
  */

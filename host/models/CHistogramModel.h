@@ -7,7 +7,7 @@
 
 namespace Host {
 
-/// Draws how often each grey value occurs: 256 columns, one per value, the most frequent one 128 pixels high.
+/// Draws a chart of how often each value occurs in each channel, see histogramChart().
 class CHistogramModel : public AImageFilterModel
 {
     Q_OBJECT

@@ -6,6 +6,8 @@
 #include "host/models/CGrabResultConverter.h"
 #include "host/sources/CCameraSourceModel.h"
 
+#include <opencv2/core/utility.hpp>
+
 namespace Host {
 
 CHostModelService::CHostModelService()
@@ -21,6 +23,11 @@ std::unique_ptr<Plugin::Halvex::ANodeDataModel> CHostModelService::createCameraS
 bool CHostModelService::supports(const QString& pixelFormat) const
 {
     return CGrabResultConverter::supports(pixelFormat);
+}
+
+QString CHostModelService::imageLibraryVersion() const
+{
+    return QString::fromStdString(cv::getVersionString());
 }
 
 } // namespace Host

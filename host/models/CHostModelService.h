@@ -20,6 +20,7 @@ public:
 
     std::unique_ptr<Plugin::Halvex::ANodeDataModel> createCameraSource(const QString& camera) const override;
     bool supports(const QString& pixelFormat) const override;
+    QString imageLibraryVersion() const override;
 };
 
 } // namespace Host

@@ -13,8 +13,11 @@
 namespace Host {
 
 /**
- * An image: 8 bits per channel, one channel (grey) or three (blue, green, red). Immutable, and shared by every
+ * An image: 8 or 16 bits per channel, one channel (grey) or three (blue, green, red). Immutable, and shared by every
  * node that gets it: whoever wants to draw into it clones it.
+ *
+ * 16 bits are used from the highest one down, whatever the camera's depth: a Mono12 value is 16 times as large here.
+ * So black and white are the same for all depths, and nothing of a value is lost.
  *
  * Threads: may be made in one thread and read and dropped in others.
  */

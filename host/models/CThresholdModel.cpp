@@ -13,7 +13,7 @@ namespace {
 cv::Mat thresholded(const cv::Mat& image, double level, int type)
 {
     cv::Mat blackAndWhite;
-    cv::threshold(grayImage(image), blackAndWhite, level, 255, type);
+    cv::threshold(grayImage(eightBitImage(image)), blackAndWhite, level, 255, type);
     return blackAndWhite;
 }
 

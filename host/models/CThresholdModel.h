@@ -7,7 +7,7 @@
 
 namespace Host {
 
-/// Black and white: 255 where the grey value is above a threshold, else 0.
+/// Black and white: 255 where the grey value, of 256, is above a threshold, else 0. Of 16 bits the 8 highest count.
 class CThresholdModel : public AImageFilterModel
 {
     Q_OBJECT

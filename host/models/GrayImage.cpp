@@ -16,4 +16,15 @@ cv::Mat grayImage(const cv::Mat& image)
     return gray;
 }
 
+cv::Mat eightBitImage(const cv::Mat& image)
+{
+    if (image.depth() == CV_8U)
+        return image;
+    // Moved by half a step, rounding to the nearest value rounds down.
+    constexpr double scale = 1.0 / 256;
+    cv::Mat result;
+    image.convertTo(result, CV_8U, scale, -0.5 + scale / 2);
+    return result;
+}
+
 } // namespace Host

@@ -11,6 +11,8 @@
 #include "host/models/CThresholdModel.h"
 #include "host/models/CToImageModel.h"
 #include "host/sinks/CPngSinkModel.h"
+#include "host/sinks/CRawSinkModel.h"
+#include "host/sinks/CVideoSinkModel.h"
 #include "host/sources/CCameraSourceModel.h"
 
 #include <Halvex/service/CVeltraGrabResultData.h>
@@ -28,7 +30,10 @@ void registerHostModels(Plugin::Halvex::INodeService& service)
     registry->registerModel<CThresholdModel>(filters);
     registry->registerModel<CEdgesModel>(filters);
     registry->registerModel<CHistogramModel>(filters);
-    registry->registerModel<CPngSinkModel>(QStringLiteral("Sinks"));
+    const QString sinks = QStringLiteral("Sinks");
+    registry->registerModel<CPngSinkModel>(sinks);
+    registry->registerModel<CRawSinkModel>(sinks);
+    registry->registerModel<CVideoSinkModel>(sinks);
     service.registerTypeConverter({Plugin::Halvex::CVeltraGrabResultData().type(), CImageData::dataType()},
                                   CGrabResultConverter());
 }

@@ -36,8 +36,11 @@ public:
 
     /// Whether frames of this pixel format, a GenICam name, can be made images.
     virtual bool supports(const QString& pixelFormat) const = 0;
+
+    /// The version of OpenCV, which the models work with.
+    virtual QString imageLibraryVersion() const = 0;
 };
 
 } // namespace Host
 
-Q_DECLARE_INTERFACE(Host::IHostModels, "Host.IHostModels/1.0")
+Q_DECLARE_INTERFACE(Host::IHostModels, "Host.IHostModels/1.1")

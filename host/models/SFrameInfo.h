@@ -15,6 +15,7 @@ struct SFrameInfo
 {
     quint64 frameNumber = 0;                       ///< As the device counts frames.
     std::chrono::steady_clock::time_point grabbed; ///< When the frame came out of the camera's stream.
+    quint64 timestampNs = 0;                       ///< Device clock, nanoseconds; 0 where there is none.
     std::shared_ptr<const void> claim{}; ///< Whoever waits until a frame has gone waits for its end; may be null.
 };
 

@@ -3,6 +3,8 @@
 
 #include "host/report/CProgressLine.h"
 
+#include "host/report/Terminal.h"
+
 #include <unistd.h>
 
 namespace Host {
@@ -16,13 +18,9 @@ CProgressLine::CProgressLine(std::FILE* stream, std::chrono::milliseconds quietT
 
 void CProgressLine::show(const QString& text)
 {
-    if (m_isTerminal) {
-        // Blanks cover what is left of a longer line.
-        std::fprintf(m_stream, "\r%s", qPrintable(text.leftJustified(m_width)));
-        std::fflush(m_stream);
-        m_width = text.size();
-        return;
-    }
+    // A line that goes on in the next one cannot be drawn anew.
+    if (m_isTerminal)
+        return draw(text.left(columnsOf(m_stream) - 1));
     const auto now = std::chrono::steady_clock::now();
     if (now < m_next)
         return;
@@ -33,8 +31,18 @@ void CProgressLine::show(const QString& text)
 
 void CProgressLine::showLast(const QString& text)
 {
+    if (m_isTerminal)
+        return draw(text);
     m_next = {};
     show(text);
+}
+
+void CProgressLine::draw(const QString& text)
+{
+    // Blanks cover what is left of a longer line.
+    std::fprintf(m_stream, "\r%s", qPrintable(text.leftJustified(m_width)));
+    std::fflush(m_stream);
+    m_width = text.size();
 }
 
 void CProgressLine::finish()

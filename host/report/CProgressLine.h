@@ -26,16 +26,18 @@ public:
     ~CProgressLine() { finish(); }
     Q_DISABLE_COPY(CProgressLine)
 
-    /// \a text is one line. The first one is always shown.
+    /// \a text is one line, of which a terminal shows what fits. The first one is always shown.
     void show(const QString& text);
 
-    /// The same, however little time has passed: the last one.
+    /// The same, however little time has passed, and all of it: the last one.
     void showLast(const QString& text);
 
     /// Ends the line, so that something else can be printed.
     void finish();
 
 private:
+    void draw(const QString& text);
+
     std::FILE* const m_stream;
     const bool m_isTerminal;
     const std::chrono::milliseconds m_quietTime;

@@ -18,20 +18,6 @@ QString shortened(const QString& text, int width)
     return text.size() <= width ? text : text.left(width - 1) + QChar(0x2026);
 }
 
-QString line(const QStringList& cells, const std::vector<int>& widths, const std::vector<bool>& isRight)
-{
-    QString line;
-    for (int i = 0; i < cells.size(); ++i) {
-        const std::size_t column = std::size_t(i);
-        const QString cell = i == 0 ? shortened(cells.at(i), widths[column]) : cells.at(i);
-        line += isRight[column] ? cell.rightJustified(widths[column]) : cell.leftJustified(widths[column]);
-        line += QString(gap, QLatin1Char(' '));
-    }
-    while (line.endsWith(QLatin1Char(' ')))
-        line.chop(1);
-    return line;
-}
-
 } // namespace
 
 CTable::CTable(const QStringList& headings)
@@ -70,16 +56,49 @@ std::vector<int> CTable::widths(int width) const
     return widths;
 }
 
+std::vector<CTable::Columns> CTable::split(const std::vector<int>& widths, int width) const
+{
+    std::vector<Columns> tables{{0}};
+    int used = widths.front();
+    for (std::size_t i = 1; i < widths.size(); ++i) {
+        const bool mayBeTooWide = i + 1 == widths.size() && !m_isRight[i];
+        if (used + gap + widths[i] > width && tables.back().size() > 1 && !mayBeTooWide) {
+            tables.push_back({0});
+            used = widths.front();
+        }
+        tables.back().push_back(int(i));
+        used += gap + widths[i];
+    }
+    return tables;
+}
+
+QString CTable::line(const QStringList& cells, const Columns& columns, const std::vector<int>& widths) const
+{
+    QString line;
+    for (const int column : columns) {
+        const int width = widths[std::size_t(column)];
+        const QString cell = column == 0 ? shortened(cells.at(column), width) : cells.at(column);
+        line += m_isRight[std::size_t(column)] ? cell.rightJustified(width) : cell.leftJustified(width);
+        line += QString(gap, QLatin1Char(' '));
+    }
+    while (line.endsWith(QLatin1Char(' ')))
+        line.chop(1);
+    return line;
+}
+
 QString CTable::text(int width, bool isBold) const
 {
-    const std::vector<int> columns = widths(width);
-    QString text = line(m_headings, columns, m_isRight);
-    if (isBold)
-        text = QStringLiteral("\x1b[1m%1\x1b[0m").arg(text);
-    text += QLatin1Char('\n');
-    for (const QStringList& row : m_rows)
-        text += line(row, columns, m_isRight) + QLatin1Char('\n');
-    return text;
+    const std::vector<int> columnWidths = widths(width);
+    QStringList tables;
+    const std::vector<Columns> all = split(columnWidths, width);
+    for (const Columns& columns : all) {
+        const QString heading = line(m_headings, columns, columnWidths);
+        QString table = (isBold ? QStringLiteral("\x1b[1m%1\x1b[0m").arg(heading) : heading) + QLatin1Char('\n');
+        for (const QStringList& row : m_rows)
+            table += line(row, columns, columnWidths) + QLatin1Char('\n');
+        tables << table;
+    }
+    return tables.join(QLatin1Char('\n'));
 }
 
 } // namespace Host

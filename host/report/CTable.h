@@ -19,8 +19,9 @@ namespace Host {
  * printText(table.text(80));
  * \endcode
  *
- * An empty cell is shown as a dash. In a table that is too wide the first column is cut, down to 16 characters; what is
- * still too wide is left so: a file name that is cut is of no use.
+ * An empty cell is shown as a dash. In a table that is too wide the first column is cut, down to 16 characters. If that
+ * is not enough, the columns that do not fit come in a second table below it, with the first column again. But a last
+ * column of words may be too wide: a file name that is cut is of no use.
  */
 class CTable
 {
@@ -34,7 +35,11 @@ public:
     QString text(int width, bool isBold = false) const;
 
 private:
+    using Columns = std::vector<int>;
+
     std::vector<int> widths(int width) const;
+    std::vector<Columns> split(const std::vector<int>& widths, int width) const;
+    QString line(const QStringList& cells, const Columns& columns, const std::vector<int>& widths) const;
 
     QStringList m_headings;
     std::vector<bool> m_isRight;

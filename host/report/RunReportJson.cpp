@@ -5,6 +5,8 @@
 
 #include <QJsonArray>
 
+#include <cmath>
+
 namespace Host {
 
 namespace {
@@ -48,7 +50,21 @@ QJsonObject sinkJson(const SSinkReport& sink)
     QJsonArray files;
     for (const QString& file : sink.files)
         files.append(file);
-    return {{"name", sink.name}, {"delivered", double(sink.delivered)}, {"files", files}};
+    return {{"name", sink.name},
+            {"delivered", double(sink.delivered)},
+            {"written", double(sink.written)},
+            {"files", files}};
+}
+
+QJsonObject decouplerJson(const SDecouplerReport& decoupler)
+{
+    return {{"name", decoupler.name},
+            {"set_to", std::isfinite(decoupler.framesPerSecond) ? QJsonValue(decoupler.framesPerSecond) : QJsonValue()},
+            {"most_per_second", number(decoupler.mostPerSecond)},
+            {"received", double(decoupler.counts.received)},
+            {"emitted", double(decoupler.counts.emitted)},
+            {"dropped", double(decoupler.counts.dropped)},
+            {"cancelled", double(decoupler.counts.cancelled)}};
 }
 
 template <typename Items, typename ToJson>
@@ -79,6 +95,7 @@ QJsonObject SRunReport::json() const
             {"mismatch", wrong.isEmpty() ? QJsonValue() : QJsonValue(wrong)},
             {"nodes", array(nodes, &nodeJson)},
             {"connections", array(connections, &connectionJson)},
+            {"decouplers", array(decouplers, &decouplerJson)},
             {"sinks", array(sinks, &sinkJson)}};
 }
 

@@ -3,9 +3,12 @@
 
 #include "host/report/CTable.h"
 #include "host/report/SRunReport.h"
+#include "host/report/Terminal.h"
 
 #include <QFileInfo>
 #include <QTextStream>
+
+#include <cmath>
 
 namespace Host {
 
@@ -13,7 +16,10 @@ namespace {
 
 QString milliseconds(Delay time)
 {
-    return time ? QString::number(double(time->count()) / 1e6, 'f', 2) : QString();
+    if (!time)
+        return {};
+    const QString text = QString::number(double(time->count()) / 1e6, 'f', 2);
+    return text == QLatin1String("0.00") ? QStringLiteral("<0.01") : text;
 }
 
 QString number(std::optional<quint64> value)
@@ -57,8 +63,23 @@ CTable sinkTable(const std::vector<SSinkReport>& sinks)
     CTable table({"Sink", ">delivered", ">written", "Files"});
     for (const SSinkReport& sink : sinks)
         table.addRow(
-            {sink.name, QString::number(sink.delivered), QString::number(sink.files.size()), fileRange(sink.files)});
+            {sink.name, QString::number(sink.delivered), QString::number(sink.written), fileRange(sink.files)});
     return table;
+}
+
+// What each decoupler really does: a rate may be set that no timer has.
+void writeRates(QTextStream& out, const std::vector<SDecouplerReport>& decouplers)
+{
+    for (const SDecouplerReport& decoupler : decouplers) {
+        const QString most = decoupler.mostPerSecond
+                                 ? QStringLiteral("at most %1 frames per second").arg(*decoupler.mostPerSecond)
+                                 : QStringLiteral("every frame that comes");
+        out << "Rate of " << decoupler.name << ": " << most;
+        // What is not even a number is not close either.
+        if (!decoupler.mostPerSecond || !(std::abs(*decoupler.mostPerSecond - decoupler.framesPerSecond) <= 0.5))
+            out << ", although it is set to " << decoupler.framesPerSecond;
+        out << '\n';
+    }
 }
 
 void writeErrors(QTextStream& out, const std::vector<SNodeReport>& nodes)
@@ -89,8 +110,9 @@ QString SRunReport::text(int width, bool isBold) const
     if (!nodes.empty())
         out << '\n'
             << nodeTable(nodes, span).text(width, isBold)
-            << "work: median of a frame's own computing; p50, p99: from the grab to here; in ms\n"
-            << "core: how much of one core that computing took, in %; left: pending at the end\n";
+            << wrapped("work: median of a frame's own computing; p50, p99: from the grab to here; in ms", width, 0)
+            << wrapped("core: how much of one core that computing took, in %; left: pending at the end", width, 0);
+    writeRates(out, decouplers);
     writeErrors(out, nodes);
     if (!sinks.empty())
         out << '\n' << sinkTable(sinks).text(width, isBold);

@@ -27,18 +27,20 @@ struct SSinkReport
     quint64 delivered = 0;
     quint64 expected = 0;                        ///< What its connections carried.
     std::vector<QString> files;                  ///< Written, oldest first.
-    Plugin::Halvex::SWorkerStatistics writing{}; ///< Of the images that were to be written.
+    Plugin::Halvex::SWorkerStatistics writing{}; ///< Of the frames that were to be written.
+    quint64 written = 0;                         ///< Frames, of which a file may hold several.
 };
 
 /// What one decoupler of a run did.
 struct SDecouplerReport
 {
     QString name;
-    double framesPerSecond = 0.0;
+    double framesPerSecond = 0.0; ///< As it is set, whatever number that is.
     Plugin::Halvex::SDecouplerStatistics counts;
-    quint64 expected = 0;  ///< What its connections carried.
-    quint64 delivered = 0; ///< What has come out, of all that was emitted.
-    bool isOnLoop = false; ///< What goes round may stay in it.
+    quint64 expected = 0;                  ///< What its connections carried.
+    quint64 delivered = 0;                 ///< What has come out, of all that was emitted.
+    bool isOnLoop = false;                 ///< What goes round may stay in it.
+    std::optional<double> mostPerSecond{}; ///< What its timer lets through; nothing if that is all that comes.
 };
 
 /// What one worker of a run did.

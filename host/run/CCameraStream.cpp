@@ -67,7 +67,7 @@ QString CCameraStream::start(int frames, std::chrono::milliseconds silence, std:
         return error;
     m_graph->startCounting();
     const auto handOn = [entry = m_graph->entry()](const CGrabThread::SFrame& frame) {
-        const SFrameInfo info{frame.result->frameNumber, frame.grabbed, frame.claim};
+        const SFrameInfo info{frame.result->frameNumber, frame.grabbed, frame.result->timestampNs, frame.claim};
         entry.setData(QSharedPointer<CGrabResultData>::create(frame.result, info));
     };
     m_thread = std::make_unique<CGrabThread>(*m_source, quint64(frames), silence, handOn);
@@ -112,7 +112,10 @@ void CCameraStream::onGrabbed(const QString& error)
 
 void CCameraStream::endWhenDrained()
 {
-    if (!m_hasEnded && m_graph->isDrained() && !m_graph->releaseLoop())
+    if (m_hasEnded || !m_graph->isDrained() || m_graph->releaseLoop())
+        return;
+    m_graph->finishSinks();
+    if (m_graph->isDrained())
         end();
 }
 

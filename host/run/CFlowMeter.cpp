@@ -6,6 +6,7 @@
 #include "host/models/IFrameInfo.h"
 #include "host/report/CGraphText.h"
 #include "host/report/Counted.h"
+#include "host/run/CFlowTrace.h"
 
 #include <Halvex/graph/DocumentKeys.h>
 #include <Halvex/scene/CNodeScene.h>
@@ -68,6 +69,18 @@ CFlowMeter::CFlowMeter(const CNodeScene& scene, const std::vector<const CNodeBas
 
 CFlowMeter::~CFlowMeter() = default;
 
+void CFlowMeter::traceInto(const std::shared_ptr<CTraceFile>& file, int process, const QString& camera,
+                           std::size_t source)
+{
+    QStringList captions;
+    for (const SNode& node : m_nodes)
+        captions << node.caption;
+    CFlowTrace::Edges edges;
+    for (const SEdge& edge : m_edges)
+        edges.emplace_back(edge.from, edge.to);
+    m_trace = std::make_shared<CFlowTrace>(file, process, camera, captions, edges, source);
+}
+
 void CFlowMeter::start()
 {
     for (std::size_t node = 0; node < m_nodes.size(); ++node)
@@ -80,16 +93,23 @@ void CFlowMeter::start()
 
 void CFlowMeter::countDeliveries(const SEdge& edge, CNodeConnection& connection) const
 {
-    const auto count = [flow = edge.flow, convert = converterOf(connection, m_scene)](CNodeDataPtr data) {
+    const auto count = [flow = edge.flow, convert = converterOf(connection, m_scene), trace = m_trace, from = edge.from,
+                        to = edge.to](CNodeDataPtr data) {
         if (!data)
             return convert ? convert(std::move(data)) : data;
         const auto now = Clock::now();
         if (flow->delivered++ == 0)
             flow->first = now;
         flow->last = now;
-        if (const auto* frame = dynamic_cast<const IFrameInfo*>(data.data()))
+        const auto* frame = dynamic_cast<const IFrameInfo*>(data.data());
+        if (frame)
             flow->delays.add(now - frame->info().grabbed);
-        return convert ? convert(std::move(data)) : data;
+        if (!trace)
+            return convert ? convert(std::move(data)) : data;
+        const SFrameInfo info = frame ? frame->info() : SFrameInfo();
+        CNodeDataPtr converted = convert ? convert(std::move(data)) : std::move(data);
+        trace->addDelivery(from, to, frame ? &info : nullptr, now, Clock::now());
+        return converted;
     };
     connection.setTypeConverter(count);
 }
@@ -99,10 +119,15 @@ void CFlowMeter::watchModel(std::size_t node)
     CNodeDataModel* const model = m_nodes[node].model;
     connect(model, &CNodeDataModel::dataUpdated, this,
             [this, node](NodePortIndex port) { ++m_nodes[node].updates[port]; });
-    connect(model, &CNodeDataModel::computingStarted, this,
-            [this, node] { m_nodes[node].computingSince = Clock::now(); });
+    connect(model, &CNodeDataModel::computingStarted, this, [this, node] {
+        m_nodes[node].computingSince = Clock::now();
+        if (m_trace)
+            m_trace->startComputing(node, m_nodes[node].computingSince);
+    });
     connect(model, &CNodeDataModel::computingFinished, this, [this, node] {
         SNode& known = m_nodes[node];
+        if (m_trace)
+            m_trace->finishComputing(node, Clock::now());
         if (known.computingSince == Clock::time_point())
             return;
         const auto time = Clock::now() - known.computingSince;

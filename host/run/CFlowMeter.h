@@ -23,6 +23,9 @@ class CNodeScene;
 
 namespace Host {
 
+class CFlowTrace;
+class CTraceFile;
+
 /**
  * Counts and times what goes through the nodes of a scene, whatever their models are: each connection counts its
  * deliveries. What a node does with them is its own business.
@@ -40,6 +43,9 @@ public:
     /// \a nodes in the order of their numbers; \a scene has whole connections between them.
     CFlowMeter(const Plugin::Halvex::CNodeScene& scene, const std::vector<const Plugin::Halvex::CNodeBase*>& nodes);
     ~CFlowMeter() override;
+
+    /// Has start() tell \a file of everything, too: of a camera that is the node number \a source.
+    void traceInto(const std::shared_ptr<CTraceFile>& file, int process, const QString& camera, std::size_t source);
 
     /// Counts from now on.
     void start();
@@ -96,6 +102,7 @@ private:
     const Plugin::Halvex::CNodeScene& m_scene;
     std::vector<SNode> m_nodes;
     std::vector<SEdge> m_edges;
+    std::shared_ptr<CFlowTrace> m_trace; // null without one; shared with the converters
 };
 
 } // namespace Host

@@ -14,8 +14,11 @@
 #include <Halvex/models/AWorkerNodeDataModel.h>
 #include <Halvex/models/CNodeDecouplerDataModelBase.h>
 
+#include <QTimer>
+
 #include <algorithm>
-#include <cmath>
+#include <optional>
+#include <utility>
 
 namespace Host {
 
@@ -32,7 +35,22 @@ CNodeDataEntry entryOf(const CNodeBase& camera)
 
 SSinkReport sinkReport(const IFrameSink& sink, quint64 expected)
 {
-    return {sink.sinkName(), sink.delivered(), expected, sink.files(), sink.writing()};
+    return {sink.sinkName(), sink.delivered(), expected, sink.files(), sink.writing(), sink.written()};
+}
+
+// Between two frames that the decoupler lets through. A rate that makes no sense leaves the timer as it was, so that
+// the timer is asked.
+std::chrono::milliseconds tickInterval(const CNodeDecouplerDataModelBase& decoupler)
+{
+    const auto* const timer = decoupler.findChild<const QTimer*>();
+    Q_ASSERT(timer);
+    return timer->intervalAsDuration();
+}
+
+std::optional<double> mostPerSecond(const CNodeDecouplerDataModelBase& decoupler)
+{
+    const auto interval = tickInterval(decoupler);
+    return interval.count() > 0 ? std::optional<double>(1000.0 / double(interval.count())) : std::nullopt;
 }
 
 // Counts tell the work of each frame; the signals of a model tell only when there was any.
@@ -126,13 +144,19 @@ bool CStreamGraph::isDrained() const
            std::all_of(m_sinks.begin(), m_sinks.end(), hasWritten);
 }
 
+void CStreamGraph::finishSinks()
+{
+    if (std::exchange(m_areSinksFinished, true))
+        return;
+    for (IFrameSink* sink : m_sinks)
+        sink->finish();
+}
+
 std::chrono::milliseconds CStreamGraph::drainTime() const
 {
     double time = 5000.0;
     for (const SDecoupler& decoupler : m_decouplers) {
-        const double rate = decoupler.model->framesPerSecond();
-        if (std::isfinite(rate) && rate > 0.0)
-            time += 2000.0 / rate;
+        time += 2.0 * double(tickInterval(*decoupler.model).count());
     }
     for (const IFrameSink* sink : m_sinks)
         time += 500.0 * double(sink->writing().pending);
@@ -200,7 +224,7 @@ void CStreamGraph::accountNode(std::size_t node, SRunReport* report) const
         const auto known = std::find_if(m_decouplers.begin(), m_decouplers.end(),
                                         [decoupler](const SDecoupler& each) { return each.model == decoupler; });
         report->decouplers.push_back({row.name, m_brake.framesPerSecond(*decoupler), counts, expected, known->delivered,
-                                      m_brake.isOnLoop(*decoupler)});
+                                      m_brake.isOnLoop(*decoupler), mostPerSecond(*decoupler)});
     }
     if (const auto* worker = qobject_cast<AWorkerNodeDataModel*>(model)) {
         const SWorkerStatistics counts = worker->statistics();

@@ -74,12 +74,22 @@ public:
     /// each image that waits to be written, and time to spare.
     std::chrono::milliseconds drainTime() const;
 
+    /// Has the sinks complete the files that they still have open, once: to be called when it is drained, which it may
+    /// then not be for a while.
+    void finishSinks();
+
     /// Gives nodes the names by which set() finds them, beside their numbers and captions.
     void setLabels(const std::map<Core::CId, QString>& labels) { m_labels = labels; }
 
     /// Sets what \a setting says, at once, at all nodes that are called so. Returns what is wrong, in one line; empty
     /// on success.
     QString set(const SNodeSetting& setting);
+
+    /// Has startCounting() tell \a file of everything, too; \a process is a number of its own in that.
+    void traceInto(const std::shared_ptr<CTraceFile>& file, int process, const QString& camera)
+    {
+        m_meter.traceInto(file, process, camera, m_cameraNumber);
+    }
 
     /// Counts what goes over each connection from now on. The scene's document has been saved by then: the connections
     /// get converters that count.
@@ -120,6 +130,7 @@ private:
     CLoopBrake m_brake;
     std::vector<Plugin::Halvex::AWorkerNodeDataModel*> m_workers;
     std::size_t m_cameraNumber = 0;
+    bool m_areSinksFinished = false;
     bool m_isIntact = true;
 };
 

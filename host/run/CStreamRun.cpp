@@ -5,13 +5,14 @@
 
 #include "host/base/EExitCode.h"
 #include "host/report/CProgressLine.h"
-#include "host/report/Counted.h"
 #include "host/run/CCameraStream.h"
 #include "host/run/CLineReader.h"
 #include "host/run/CSignalWatcher.h"
 #include "host/run/CStreamGraph.h"
+#include "host/run/CTraceFile.h"
 #include "host/run/Output.h"
 #include "host/run/RunGraphs.h"
+#include "host/run/RunManifest.h"
 #include "host/run/RunOutput.h"
 #include "host/run/RunSettings.h"
 #include "host/run/SceneFile.h"
@@ -42,9 +43,10 @@ CStreamRun::~CStreamRun() = default;
 
 int CStreamRun::exec()
 {
-    if (loadPlugins() && buildGraphs() && applySettings() && openCameras() && prepareSinks() && saveScene() &&
-        writeGraphFiles() && stream() && !printReport())
+    if (loadPlugins() && buildGraphs() && applySettings() && openCameras() && openFiles() && prepareSinks() &&
+        saveScene() && writeGraphFiles() && stream() && !printReport())
         fail(QStringLiteral("cannot write to standard output: %1").arg(QString::fromLocal8Bit(std::strerror(errno))));
+    closeFiles();
     if (!m_error.isEmpty()) {
         printErrorLine(m_error);
         return m_hasStreamed ? Failed : Refused;
@@ -97,6 +99,24 @@ bool CStreamRun::openCameras()
     return forEachStream([this](CCameraStream& stream) { return stream.open(m_services.models()); });
 }
 
+bool CStreamRun::openFiles()
+{
+    QString error = m_folder.open(m_options.output, m_options.isKept);
+    if (error.isEmpty())
+        error = m_folder.begin(runClaims(m_options, m_streams), runFacts(m_options, m_services.models()));
+    if (error.isEmpty())
+        m_trace = openTrace(m_options.trace, m_streams, &error);
+    fail(error);
+    return m_error.isEmpty();
+}
+
+void CStreamRun::closeFiles()
+{
+    if (m_trace)
+        fail(m_trace->close());
+    fail(m_folder.finish(runOutcome(m_reports, m_hasStreamed ? ending() : QString(), m_error)));
+}
+
 bool CStreamRun::prepareSinks()
 {
     return forEachStream(
@@ -113,7 +133,7 @@ bool CStreamRun::saveScene()
 
 bool CStreamRun::writeGraphFiles()
 {
-    fail(writeChains(m_chains, m_options.output));
+    fail(writeChains(m_chains, m_folder.path()));
     return m_error.isEmpty() && forEachStream([this](CCameraStream& stream) {
                return Host::writeGraphFiles(stream.graph().scene(), folder(stream));
            });
@@ -135,15 +155,15 @@ bool CStreamRun::stream()
     std::unique_ptr<CLineReader> commands;
     if (!m_options.readsStandardInput()) {
         commands = std::make_unique<CLineReader>(stdin);
-        connect(commands.get(), &CLineReader::lineRead, this, &CStreamRun::onCommand);
+        connect(commands.get(), &CLineReader::lineRead, this, [this](const QString& each) { obey(m_streams, each); });
     }
     CProgressLine line(stderr);
     QTimer timer;
     connect(&timer, &QTimer::timeout, this, [&] { line.show(runProgress(m_streams, m_options.frames)); });
     timer.start(progressInterval);
     m_loop.exec();
-    const bool isUndisturbed = m_error.isEmpty() && m_signal == 0;
-    const QString end = isUndisturbed ? runOutText() : ending();
+    const bool isWhole = m_error.isEmpty() && m_signal == 0 && !m_isTimeUp;
+    const QString end = isWhole ? runOutText() : ending();
     line.showLast(runProgress(m_streams, m_options.frames) + (end.isEmpty() ? QString() : ", ended " + end));
     // The cameras are stopped with this object, after the report: one that has gone takes seconds not to answer.
     return true;
@@ -153,16 +173,6 @@ void CStreamRun::onTimeUp()
 {
     m_isTimeUp = true;
     requestEnd();
-}
-
-void CStreamRun::onCommand(const QString& line)
-{
-    // What is mistyped is told, and the run goes on: frames are being recorded.
-    for (const auto& stream : m_streams) {
-        const QString error = stream->graph().isIntact() ? obey(stream->graph(), line) : QString();
-        if (!error.isEmpty())
-            return printErrorLine(error);
-    }
 }
 
 bool CStreamRun::isStreaming() const
@@ -202,23 +212,22 @@ void CStreamRun::fail(const QString& error)
 
 bool CStreamRun::printReport()
 {
-    std::vector<SRunReport> reports;
     for (const auto& stream : m_streams) {
         if (!stream->isStarted() || !stream->graph().isIntact())
             continue;
-        reports.push_back(stream->account());
-        reports.back().askedForPerSecond = m_options.askedForPerSecond;
-        const QString failure = reports.back().failure(m_options.isStrict);
+        m_reports.push_back(stream->account());
+        m_reports.back().askedForPerSecond = m_options.askedForPerSecond;
+        const QString failure = m_reports.back().failure(m_options.isStrict);
         if (!failure.isEmpty())
             fail(QStringLiteral("camera '%1': %2").arg(stream->camera(), failure));
     }
-    for (SRunReport& report : reports) {
+    for (SRunReport& report : m_reports) {
         if (report.ending.isEmpty())
             report.ending = ending();
     }
     if (!m_options.json.isEmpty())
-        fail(writeRunJson(m_options.json, reports, m_error));
-    return m_options.hasStandardOutput() || printText(runText(reports));
+        fail(writeRunJson(m_options.json, m_reports, m_error));
+    return m_options.hasStandardOutput() || printText(runText(m_reports));
 }
 
 QString CStreamRun::runOutText() const
@@ -232,18 +241,12 @@ QString CStreamRun::runOutText() const
 
 QString CStreamRun::ending() const
 {
-    if (!m_error.isEmpty())
-        return QStringLiteral("by an error");
-    if (m_signal != 0)
-        return QStringLiteral("by signal %1").arg(m_signal);
-    if (m_isTimeUp)
-        return QStringLiteral("after %1 s, as asked").arg(double(m_options.duration.count()) / 1000.0);
-    return QStringLiteral("after %1, as asked").arg(counted(quint64(m_options.frames), "frame"));
+    return runEnding(m_options, m_error, m_signal, m_isTimeUp);
 }
 
 QString CStreamRun::folder(const CCameraStream& stream) const
 {
-    return QDir(m_options.output).filePath(stream.camera());
+    return QDir(m_folder.path()).filePath(stream.camera());
 }
 
 } // namespace Host

@@ -4,6 +4,8 @@
 #pragma once
 
 #include "host/plugins/CHostServices.h"
+#include "host/report/SRunReport.h"
+#include "host/run/CRunFolder.h"
 #include "host/run/SRunOptions.h"
 
 #include <QEventLoop>
@@ -16,6 +18,7 @@
 namespace Host {
 
 class CCameraStream;
+class CTraceFile;
 
 /**
  * One run of the program: loads the plugins, builds a graph for each camera, opens the cameras, saves the scene,
@@ -47,11 +50,13 @@ private:
     bool forEachStream(const Step& step);
     bool applySettings();
     bool openCameras();
+    bool openFiles();
     bool prepareSinks();
     bool saveScene();
     bool writeGraphFiles();
     bool stream();
     bool printReport();
+    void closeFiles();
     QString ending() const;
     QString runOutText() const;
     QString folder(const CCameraStream& stream) const;
@@ -62,14 +67,16 @@ private:
     void onEnded();
     void onSignal(int number);
     void onTimeUp();
-    void onCommand(const QString& line);
 
     const SRunOptions m_options;
     // In this order: cameras go before the scenes that they feed.
     CHostServices m_services;
+    CRunFolder m_folder;
+    std::shared_ptr<CTraceFile> m_trace; // null without one
     std::vector<std::unique_ptr<CCameraStream>> m_streams;
     std::vector<QByteArray> m_chains; // what was imported
     QEventLoop m_loop;
+    std::vector<SRunReport> m_reports;
     QString m_error; // the first
     bool m_hasStreamed = false;
     int m_signal = 0;

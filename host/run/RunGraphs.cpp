@@ -34,13 +34,21 @@ SRunGraphs buildRunGraphs(const SRunOptions& options, const CHostServices& servi
     return run;
 }
 
+QStringList chainFiles(std::size_t count)
+{
+    QStringList files;
+    for (std::size_t i = 0; i < count; ++i)
+        files << (i == 0 ? QStringLiteral("chain.json") : QStringLiteral("chain-%1.json").arg(i + 1));
+    return files;
+}
+
 QString writeChains(const std::vector<QByteArray>& chains, const QString& folder)
 {
+    const QStringList files = chainFiles(chains.size());
     QString error;
     for (std::size_t i = 0; i < chains.size() && error.isEmpty(); ++i) {
-        const QString name = i == 0 ? QStringLiteral("chain.json") : QStringLiteral("chain-%1.json").arg(i + 1);
         // It may be the very file that was read.
-        error = replaceFile(QDir(folder).filePath(name), chains[i]);
+        error = replaceFile(QDir(folder).filePath(files.at(int(i))), chains[i]);
     }
     return error;
 }

@@ -7,6 +7,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <vector>
@@ -26,7 +27,10 @@ struct SRunGraphs
 /// Imports the chains that \a options name, or loads their scene. On failure the reason in \a error.
 SRunGraphs buildRunGraphs(const SRunOptions& options, const CHostServices& services, QString* error);
 
-/// Writes the chains into \a folder, as "chain.json", "chain-2.json"... Returns what is wrong; empty on success.
+/// The names of the files that \a count chains are written into: "chain.json", "chain-2.json"...
+QStringList chainFiles(std::size_t count);
+
+/// Writes the chains into \a folder, into chainFiles(). Returns what is wrong; empty on success.
 QString writeChains(const std::vector<QByteArray>& chains, const QString& folder);
 
 } // namespace Host

@@ -8,7 +8,10 @@
 #include "host/report/SRunReport.h"
 #include "host/report/Terminal.h"
 #include "host/run/CCameraStream.h"
+#include "host/run/CStreamGraph.h"
+#include "host/run/CTraceFile.h"
 #include "host/run/Output.h"
+#include "host/run/SRunOptions.h"
 
 #include <Halvex/Halvex.h>
 
@@ -16,6 +19,12 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QStringList>
+
+#include <cerrno>
+#include <cstring>
+#include <limits>
+
+#include <unistd.h>
 
 namespace Host {
 
@@ -68,12 +77,40 @@ QString runProgress(const std::vector<std::unique_ptr<CCameraStream>>& streams, 
         .arg(counted(sum.underruns, "underrun"), absenceText(streams));
 }
 
+QString runEnding(const SRunOptions& options, const QString& error, int signal, bool isTimeUp)
+{
+    if (!error.isEmpty())
+        return QStringLiteral("by an error");
+    if (signal != 0)
+        return QStringLiteral("by signal %1").arg(signal);
+    if (isTimeUp)
+        return QStringLiteral("after %1 s, as asked").arg(double(options.duration.count()) / 1000.0);
+    return QStringLiteral("after %1, as asked").arg(counted(quint64(options.frames), "frame"));
+}
+
 QString runText(const std::vector<SRunReport>& reports)
 {
     QStringList texts;
+    // What is no terminal may be read by a program: a row stays a row.
+    const int width = isatty(fileno(stdout)) == 1 ? columnsOf(stdout) : std::numeric_limits<int>::max();
     for (const SRunReport& report : reports)
-        texts << report.text(columnsOf(stdout), takesColors(stdout));
+        texts << report.text(width, takesColors(stdout));
     return texts.join(QLatin1Char('\n'));
+}
+
+std::shared_ptr<CTraceFile> openTrace(const QString& file, const std::vector<std::unique_ptr<CCameraStream>>& streams,
+                                      QString* error)
+{
+    if (file.isEmpty())
+        return nullptr;
+    auto trace = std::make_shared<CTraceFile>(file);
+    *error = trace->open();
+    int process = 0;
+    for (const auto& stream : streams) {
+        if (stream->graph().isIntact())
+            stream->graph().traceInto(trace, ++process, stream->camera());
+    }
+    return trace;
 }
 
 QString writeGraphFiles(const Plugin::Halvex::CNodeScene& scene, const QString& folder)

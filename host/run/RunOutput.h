@@ -15,14 +15,24 @@ class CNodeScene;
 namespace Host {
 
 class CCameraStream;
+class CTraceFile;
+struct SRunOptions;
 struct SRunReport;
 
 /// How far all cameras together are, in a line: "30/300 frames, 10 %, 196.2 per second, ...". \a frames is what each
 /// is to give; 0 for no end.
 QString runProgress(const std::vector<std::unique_ptr<CCameraStream>>& streams, int frames);
 
+/// Why a run ended: by \a error or \a signal, if there is one, or as it was asked to.
+QString runEnding(const SRunOptions& options, const QString& error, int signal, bool isTimeUp);
+
 /// The reports one after the other, for the terminal that standard output leads to.
 QString runText(const std::vector<SRunReport>& reports);
+
+/// A trace in \a file, or null without a name, that the streams, once they are started, tell of everything. On failure
+/// the reason in \a error.
+std::shared_ptr<CTraceFile> openTrace(const QString& file, const std::vector<std::unique_ptr<CCameraStream>>& streams,
+                                      QString* error);
 
 /// Writes graph.txt and graph.dot into \a folder. Returns what is wrong; empty on success.
 QString writeGraphFiles(const Plugin::Halvex::CNodeScene& scene, const QString& folder);

@@ -4,7 +4,9 @@
 #include "host/run/RunSettings.h"
 
 #include "host/base/Shown.h"
+#include "host/run/CCameraStream.h"
 #include "host/run/CStreamGraph.h"
+#include "host/run/Output.h"
 
 namespace Host {
 
@@ -18,14 +20,18 @@ QString applySettings(CStreamGraph& graph, const std::vector<SNodeSetting>& sett
     return {};
 }
 
-QString obey(CStreamGraph& graph, const QString& line)
+void obey(const std::vector<std::unique_ptr<CCameraStream>>& streams, const QString& line)
 {
     const QString set = QStringLiteral("set ");
     const SNodeSetting setting = SNodeSetting::read(line.mid(set.size()));
     if (!line.startsWith(set) || setting.key.isEmpty())
-        return QStringLiteral("'set NODE.key=value' is all that can be said now, not %1").arg(shown(line));
-    const QString error = graph.set(setting);
-    return error.isEmpty() ? error : QStringLiteral("set %1: %2").arg(printable(setting.text()), error);
+        return printErrorLine(
+            QStringLiteral("'set NODE.key=value' is all that can be said now, not %1").arg(shown(line)));
+    for (const auto& stream : streams) {
+        const QString error = stream->graph().isIntact() ? stream->graph().set(setting) : QString();
+        if (!error.isEmpty())
+            return printErrorLine(QStringLiteral("set %1: %2").arg(printable(setting.text()), error));
+    }
 }
 
 } // namespace Host

@@ -7,16 +7,19 @@
 
 #include <QString>
 
+#include <memory>
 #include <vector>
 
 namespace Host {
 
+class CCameraStream;
 class CStreamGraph;
 
 /// Sets them in their order. Returns what is wrong with the first that is not taken; empty on success.
 QString applySettings(CStreamGraph& graph, const std::vector<SNodeSetting>& settings);
 
-/// Does what "set NODE.key=value" says. Returns what is wrong, in one line; empty on success.
-QString obey(CStreamGraph& graph, const QString& line);
+/// Does what "set NODE.key=value" says in each graph that is intact. What is wrong is told on standard error, and the
+/// run goes on: frames are being recorded.
+void obey(const std::vector<std::unique_ptr<CCameraStream>>& streams, const QString& line);
 
 } // namespace Host

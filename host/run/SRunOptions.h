@@ -36,11 +36,13 @@ struct SRunOptions
     std::chrono::milliseconds duration{0};            ///< How long frames are grabbed; 0: no end.
     int writeEvery = 30;                              ///< Each sink writes every so many frames, at least 1.
     QString output = QStringLiteral("halvex-output"); ///< Folder for everything that is written.
+    bool isKept = false;                              ///< In a folder of its own in that.
     QString plugins;                                  ///< Folder with plugins; empty for that of the program.
     QStringList chains; ///< To import, each for each camera; "-" is standard input; none for the default one.
     QString load;       ///< Scene document instead of a chain, for one camera, "-" for standard input; empty for none.
     QString save;       ///< File for the scene document of one camera, "-" for standard output; empty for none.
     QString json;       ///< File for the report, "-" for standard output instead of the table; empty for none.
+    QString trace;      ///< File for a trace; empty for none.
     std::vector<SNodeSetting> settings;
     std::optional<double> askedForPerSecond;  ///< The rate that was asked for and not only assumed.
     bool isStrict = false;                    ///< A remark in the report is a failure.

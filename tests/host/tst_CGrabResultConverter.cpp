@@ -72,7 +72,7 @@ private Q_SLOTS:
     void rowsBetweenValuesAreEmpty();
     void mono8IsNotCopied();
     void imageKeepsTheFrame();
-    void deepMonoKeepsTheHighestBits();
+    void deepMonoKeepsAllBits();
     void colorOrder();
     void bayer();
 };
@@ -139,7 +139,7 @@ void tst_CGrabResultConverter::imageKeepsTheFrame()
     QVERIFY(memory.expired());
 }
 
-void tst_CGrabResultConverter::deepMonoKeepsTheHighestBits()
+void tst_CGrabResultConverter::deepMonoKeepsAllBits()
 {
     for (const int bits : {10, 12, 14, 16}) {
         const int count = 1 << bits;
@@ -151,9 +151,9 @@ void tst_CGrabResultConverter::deepMonoKeepsTheHighestBits()
         }
         const auto image = frame.converted();
         QVERIFY(image);
-        QCOMPARE(image->image().type(), CV_8UC1);
+        QCOMPARE(image->image().type(), CV_16UC1);
         for (int value = 0; value < count; ++value)
-            QCOMPARE(int(image->image().at<uchar>(value / 256, value % 256)), value >> (bits - 8));
+            QCOMPARE(int(image->image().at<ushort>(value / 256, value % 256)), value << (16 - bits));
     }
 }
 

@@ -10,6 +10,7 @@
 #include <cstdlib>
 
 #include <fcntl.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 using namespace Host;
@@ -35,6 +36,46 @@ QByteArray written(std::chrono::milliseconds quietTime, Draw draw)
     return file.readAll();
 }
 
+// A terminal of so many columns.
+struct CTerminal
+{
+    explicit CTerminal(unsigned short columns)
+        : terminal(posix_openpt(O_RDWR | O_NOCTTY))
+    {
+        if (terminal < 0 || grantpt(terminal) != 0 || unlockpt(terminal) != 0)
+            qFatal("no terminal");
+        stream = std::fopen(ptsname(terminal), "w");
+        winsize size{};
+        size.ws_col = columns;
+        if (!stream || ioctl(terminal, TIOCSWINSZ, &size) != 0)
+            qFatal("no terminal");
+    }
+    ~CTerminal()
+    {
+        std::fclose(stream);
+        close(terminal);
+    }
+    Q_DISABLE_COPY(CTerminal)
+
+    // A terminal hands out what it has, which may be a part.
+    QByteArray shown() const
+    {
+        std::fflush(stream);
+        QByteArray shown;
+        while (!shown.endsWith('\n')) {
+            char bytes[100];
+            const auto got = read(terminal, bytes, sizeof bytes);
+            if (got <= 0)
+                break;
+            shown.append(bytes, int(got));
+        }
+        return shown;
+    }
+
+    const int terminal;
+    std::FILE* stream = nullptr;
+};
+
 } // namespace
 
 class tst_CProgressLine : public QObject
@@ -45,6 +86,7 @@ private Q_SLOTS:
     void firstLineIsShownAtOnce();
     void nextLineWaits();
     void terminalLineIsDrawnAnew();
+    void narrowTerminalShowsWhatFits();
 };
 
 void tst_CProgressLine::firstLineIsShownAtOnce()
@@ -65,30 +107,27 @@ void tst_CProgressLine::nextLineWaits()
 
 void tst_CProgressLine::terminalLineIsDrawnAnew()
 {
-    const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
-    QVERIFY(terminal >= 0 && grantpt(terminal) == 0 && unlockpt(terminal) == 0);
-    std::FILE* stream = std::fopen(ptsname(terminal), "w");
-    QVERIFY(stream);
+    const CTerminal terminal(80);
     {
-        CProgressLine line(stream, 1h);
+        CProgressLine line(terminal.stream, 1h);
         line.show(QStringLiteral("three"));
         line.show(QStringLiteral("two"));
         line.finish();
         line.finish();
     }
-    std::fflush(stream);
-    // A terminal hands out what it has, which may be a part.
-    QByteArray shown;
-    while (!shown.endsWith('\n')) {
-        char bytes[100];
-        const auto got = read(terminal, bytes, sizeof bytes);
-        QVERIFY(got > 0);
-        shown.append(bytes, int(got));
-    }
     // The terminal itself puts a carriage return before the line's end.
-    QCOMPARE(shown, QByteArray("\rthree\rtwo  \r\n"));
-    std::fclose(stream);
-    close(terminal);
+    QCOMPARE(terminal.shown(), QByteArray("\rthree\rtwo  \r\n"));
+}
+
+void tst_CProgressLine::narrowTerminalShowsWhatFits()
+{
+    const CTerminal terminal(10);
+    {
+        CProgressLine line(terminal.stream, 1h);
+        line.show(QStringLiteral("1234567890123"));
+        line.showLast(QStringLiteral("1234567890, ended"));
+    }
+    QCOMPARE(terminal.shown(), QByteArray("\r123456789\r1234567890, ended\r\n"));
 }
 
 QTEST_GUILESS_MAIN(tst_CProgressLine)

@@ -97,6 +97,7 @@ void tst_CStreamGraph::demoGraph()
     QCOMPARE(report.decouplers.size(), std::size_t(1));
     QCOMPARE(report.decouplers[0].name, QStringLiteral("[1] Decoupler for VGR"));
     QCOMPARE(report.decouplers[0].framesPerSecond, 25.0);
+    QCOMPARE(report.decouplers[0].mostPerSecond.value_or(0.0), 25.0);
     QStringList filters;
     for (const SWorkerReport& worker : report.workers)
         filters << worker.name;
@@ -187,9 +188,10 @@ void tst_CStreamGraph::drainTimeKnowsTheRate()
     };
     QCOMPARE(milliseconds(25.0), qint64(5080));
     QCOMPARE(milliseconds(0.1), qint64(25000));
-    QCOMPARE(milliseconds(0.0), qint64(5000));
-    QCOMPARE(milliseconds(-1.0), qint64(5000));
-    QCOMPARE(milliseconds(std::numeric_limits<double>::quiet_NaN()), qint64(5000));
+    // What is no rate leaves the timer as it was.
+    QCOMPARE(milliseconds(0.0), qint64(25000));
+    QCOMPARE(milliseconds(-1.0), qint64(25000));
+    QCOMPARE(milliseconds(std::numeric_limits<double>::quiet_NaN()), qint64(25000));
     QCOMPARE(milliseconds(1e-300), qint64(2000000000));
 }
 

@@ -16,6 +16,7 @@ class tst_CTable : public QObject
 private Q_SLOTS:
     void columnsAreAligned();
     void firstColumnIsCut();
+    void tableIsSplit();
     void textIsWrapped();
 };
 
@@ -36,6 +37,16 @@ void tst_CTable::firstColumnIsCut()
     QCOMPARE(table.text(80), QStringLiteral("Node                      in\na name of 24 characters.   1\n"));
     QCOMPARE(table.text(24), QStringLiteral("Node                  in\na name of 24 charac…   1\n"));
     QCOMPARE(table.text(5), QStringLiteral("Node              in\na name of 24 ch…   1\n"));
+}
+
+void tst_CTable::tableIsSplit()
+{
+    CTable table({"Node", ">in", ">out", ">rate", "Files"});
+    table.addRow({"a", "1234", "1234", "1000.0", "x.png to y.png"});
+    QCOMPARE(table.text(17), QStringLiteral("Node    in   out\na     1234  1234\n\n"
+                                            "Node    rate  Files\na     1000.0  x.png to y.png\n"));
+    QCOMPARE(table.text(1), QStringLiteral("Node    in\na     1234\n\nNode   out\na     1234\n\n"
+                                           "Node    rate  Files\na     1000.0  x.png to y.png\n"));
 }
 
 void tst_CTable::textIsWrapped()

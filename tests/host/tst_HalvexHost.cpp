@@ -108,7 +108,7 @@ void tst_HalvexHost::filesHoldWhatTheGraphComputes()
     cv::Mat edges;
     cv::Canny(threshold, edges, 50, 150);
     QVERIFY(isSame(read("edges", last), edges));
-    QCOMPARE(read("histogram", last).size(), cv::Size(256, 128));
+    QCOMPARE(read("histogram", last).size(), cv::Size(640, 400));
 }
 
 void tst_HalvexHost::colorFrames()
@@ -123,9 +123,9 @@ void tst_HalvexHost::refused_data()
     addColumns<QStringList, QString>({"arguments", "beginning"});
     const QStringList secondIsMissing{"--camera", "fake", "--camera", "127.0.0.3"};
     addRow("missing camera", secondIsMissing, "cannot open camera '127.0.0.3': ");
-    addRow("folder below a file", QStringList{"--output", "%file%/x"}, "cannot make the folder '%file%/x/fake/");
-    addRow("folder is a file", QStringList{"--output", "%file%"}, "cannot make the folder '%file%/fake/");
-    addRow("folder that takes nothing", QStringList{"--output", "/proc/x"}, "cannot make the folder '/proc/x/fake/");
+    addRow("folder below a file", QStringList{"--output", "%file%/x"}, "cannot make the folder '%file%/x': ");
+    addRow("folder is a file", QStringList{"--output", "%file%"}, "cannot make the folder '%file%': ");
+    addRow("folder that takes nothing", QStringList{"--output", "/proc/x"}, "cannot make the folder '/proc/x': ");
     addRow("unknown option", QStringList{"--speed", "3"}, "Unknown option '--speed'. See 'halvex-host run --help'.");
     addRow("document nowhere", QStringList{"--save", "/nowhere/a"}, "cannot write '/nowhere/a': No such file");
 }

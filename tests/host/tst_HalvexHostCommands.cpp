@@ -132,7 +132,9 @@ Filters   Blur           IMG    IMG           6  HalvexHostModels
           Histogram      IMG    IMG           4  HalvexHostModels
           Threshold      IMG    IMG           6  HalvexHostModels
           To Image       VGR    IMG           -  HalvexHostModels
-Sinks     PNG Sink       IMG    -             1  HalvexHostModels
+Sinks     PNG Sink       IMG    -             2  HalvexHostModels
+          Raw Sink       VGR    -             2  HalvexHostModels
+          Video Sink     IMG    -             3  HalvexHostModels
 Sources   Camera Source  -      VGR           -  HalvexHostModels
 Tools     DecouplerVGR   VGR    VGR           1  Halvex
 

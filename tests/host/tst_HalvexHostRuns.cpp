@@ -36,6 +36,7 @@ private Q_SLOTS:
     void loopThroughAFilter();
     void endsAfterATime();
     void settingsOfModels();
+    void rateOfADecouplerIsWhatItDoes();
     void settingsWhileItRuns();
     void featuresOfTheCamera();
     void refused_data();
@@ -140,6 +141,19 @@ void tst_HalvexHostRuns::settingsOfModels()
         QVERIFY2(saved.contains(setting), setting);
 }
 
+void tst_HalvexHostRuns::rateOfADecouplerIsWhatItDoes()
+{
+    for (const char* rate : {"0", "-2", "nan"}) {
+        CHostProgram program;
+        QCOMPARE(program.run({"--frames", "2", "--set", QStringLiteral("preview.framesPerSecond=%1").arg(rate)}), 0);
+        const QString line =
+            QStringLiteral("\nRate of [1] Decoupler for VGR: at most 25 frames per second, although it is "
+                           "set to %1\n")
+                .arg(rate);
+        QVERIFY2(program.output().contains(line), qPrintable(program.output()));
+    }
+}
+
 void tst_HalvexHostRuns::settingsWhileItRuns()
 {
     CHostProgram program;
@@ -217,6 +231,9 @@ void tst_HalvexHostRuns::lastProgressLineTellsHowItEnded()
     CHostProgram program;
     QCOMPARE(program.run({"--frames", "20"}), 0);
     QVERIFY(program.errorLines().constLast().startsWith("20/20 frames, 100 %, "));
+    QCOMPARE(program.run({"--frames", "1000", "--duration", "200ms"}), 0);
+    QVERIFY2(program.errorLines().constLast().endsWith(", ended after 0.2 s, as asked"),
+             qPrintable(program.errorLines().constLast()));
     QCOMPARE(program.interrupt({}, SIGINT), 130);
     QVERIFY2(program.errorLines().constLast().endsWith(", ended by signal 2"),
              qPrintable(program.errorLines().constLast()));

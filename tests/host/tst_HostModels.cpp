@@ -30,8 +30,9 @@ private:
 void tst_HostModels::categories()
 {
     const std::unordered_map<QString, QString> expected{
-        {"Blur", "Filters"},          {"Edges", "Filters"},  {"Histogram", "Filters"}, {"Threshold", "Filters"},
-        {"Camera Source", "Sources"}, {"PNG Sink", "Sinks"}, {"To Image", "Filters"}};
+        {"Blur", "Filters"},      {"Edges", "Filters"},         {"Histogram", "Filters"},
+        {"Threshold", "Filters"}, {"Camera Source", "Sources"}, {"PNG Sink", "Sinks"},
+        {"Raw Sink", "Sinks"},    {"Video Sink", "Sinks"},      {"To Image", "Filters"}};
     QCOMPARE(m_service.registry()->registeredModelsCategoryAssociation(), expected);
 }
 
@@ -41,6 +42,8 @@ void tst_HostModels::models_data()
     addRow("Camera Source", "Camera", "", "Veltra Grab Result");
     addRow("To Image", "To image", "Veltra Grab Result", "Host Image");
     addRow("PNG Sink", "PNG files", "Host Image", "");
+    addRow("Raw Sink", "Raw files", "Veltra Grab Result", "");
+    addRow("Video Sink", "Video", "Host Image", "");
     for (const char* filter : {"Blur", "Threshold", "Edges", "Histogram"})
         addRow(filter, filter, "Host Image", "Host Image");
 }

@@ -24,6 +24,8 @@ private Q_SLOTS:
     void remarks();
     void failure();
     void table();
+    void ratesOfDecouplers();
+    void timesTooShortToShow();
     void json();
 };
 
@@ -158,8 +160,8 @@ SRunReport sample()
     blur.lastError = QStringLiteral("this is no image");
     report.nodes = {camera, blur};
     report.sinks = {{"none", 3, 3, {}},
-                    {"one", 3, 3, {"o/one/frame-000000.png"}},
-                    {"more", 3, 3, {"o/frame-000000.png", "o/frame-000001.png", "o/frame-000002.png"}}};
+                    {"one", 3, 3, {"o/one/frame-000000.png"}, {}, 1},
+                    {"more", 3, 3, {"o/frame-000000.png", "o/frame-000001.png", "o/frame-000002.png"}, {}, 3}};
     return report;
 }
 
@@ -189,6 +191,30 @@ none          3        0  -
 one           3        1  o/one/frame-000000.png
 more          3        3  o/frame-000000.png to frame-000002.png
 )"));
+}
+
+void tst_SRunReport::ratesOfDecouplers()
+{
+    const auto rate = [](double set, std::optional<double> real) {
+        SRunReport report;
+        report.decouplers = {{"[1] D", set, {}, 0, 0, real}};
+        const QString text = report.text();
+        return text.mid(text.indexOf("Rate of")).section('\n', 0, 0);
+    };
+    QCOMPARE(rate(25.0, 25.0), QStringLiteral("Rate of [1] D: at most 25 frames per second"));
+    QCOMPARE(rate(-3.0, 25.0), QStringLiteral("Rate of [1] D: at most 25 frames per second, although it is set to -3"));
+    QCOMPARE(rate(600.0, 1000.0),
+             QStringLiteral("Rate of [1] D: at most 1000 frames per second, although it is set to 600"));
+    QCOMPARE(rate(5000.0, {}), QStringLiteral("Rate of [1] D: every frame that comes, although it is set to 5000"));
+    QVERIFY(rate(qQNaN(), 25.0).endsWith("although it is set to nan"));
+}
+
+void tst_SRunReport::timesTooShortToShow()
+{
+    SRunReport report = sample();
+    report.nodes[1].computing = 900ns;
+    QVERIFY(report.text().contains("<0.01"));
+    QVERIFY(!report.text().contains(" 0.00"));
 }
 
 void tst_SRunReport::json()

@@ -1,0 +1,161 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/run/CRunFolder.h"
+
+#include "host/run/Output.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QLockFile>
+
+namespace Host {
+
+namespace {
+
+const char* const manifestName = "manifest.json";
+
+// "2026-11-22T11:40:05.123+01:00"
+QString now()
+{
+    const QDateTime time = QDateTime::currentDateTime();
+    return time.toOffsetFromUtc(time.offsetFromUtc()).toString(Qt::ISODateWithMs);
+}
+
+QStringList filesIn(const QString& folder)
+{
+    return QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
+}
+
+// A manifest may have been edited: what it claims must lie in the folder.
+bool isInside(const QString& claim)
+{
+    const QString clean = QDir::cleanPath(claim);
+    return !clean.isEmpty() && QDir::isRelativePath(clean) && clean != QLatin1String(".") &&
+           clean != QLatin1String("..") && !clean.startsWith(QLatin1String("../"));
+}
+
+// The files that \a claim stands for in \a folder, as they are called there.
+QStringList claimedFiles(const QString& folder, const QString& claim)
+{
+    if (!claim.endsWith(QLatin1Char('/')))
+        return QFileInfo::exists(folder + QLatin1Char('/') + claim) ? QStringList(claim) : QStringList();
+    QStringList files = filesIn(folder + QLatin1Char('/') + claim);
+    for (QString& file : files)
+        file.prepend(claim);
+    return files;
+}
+
+// A folder with a name of the time in \a folder; a number tells two of one second apart. Empty when none can be made.
+QString newFolder(const QString& folder)
+{
+    const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-ddThh-mm-ss"));
+    for (int number = 1; number < 1000; ++number) {
+        const QString name = number == 1 ? stamp : QStringLiteral("%1-%2").arg(stamp).arg(number);
+        const QString path = QDir(folder).filePath(name);
+        if (QDir().mkdir(path))
+            return path;
+        if (!QFileInfo::exists(path))
+            return {};
+    }
+    return {};
+}
+
+QString lockError(const QString& folder, const QLockFile& lock)
+{
+    if (lock.error() != QLockFile::LockFailedError)
+        return QStringLiteral("cannot write into the folder '%1'").arg(folder);
+    qint64 process = 0;
+    QString host;
+    QString program;
+    const bool isKnown = lock.getLockInfo(&process, &host, &program);
+    const QString who = isKnown ? QStringLiteral(" (process %1)").arg(process) : QString();
+    return QStringLiteral("another run writes into the folder '%1'%2; --keep or another --output keeps them apart")
+        .arg(folder, who);
+}
+
+} // namespace
+
+CRunFolder::CRunFolder() = default;
+
+CRunFolder::~CRunFolder() = default;
+
+QString CRunFolder::open(const QString& folder, bool isKept)
+{
+    const QString error = makeFolder(folder);
+    if (!error.isEmpty())
+        return error;
+    m_path = isKept ? newFolder(folder) : folder;
+    if (m_path.isEmpty())
+        return QStringLiteral("cannot make a folder in '%1'").arg(folder);
+    m_lock = std::make_unique<QLockFile>(filePath(QStringLiteral(".halvex-host.lock")));
+    m_lock->setStaleLockTime(0); // a run may last for weeks; that of a process that is gone does not count anyway
+    return m_lock->tryLock(0) ? QString() : lockError(m_path, *m_lock);
+}
+
+QString CRunFolder::filePath(const QString& name) const
+{
+    return QDir(m_path).filePath(name);
+}
+
+QString CRunFolder::begin(const QStringList& claims, const QJsonObject& facts)
+{
+    const QString error = removeEarlierRun();
+    if (!error.isEmpty())
+        return error;
+    m_claims = claims;
+    m_manifest = facts;
+    m_manifest.insert(QStringLiteral("began"), now());
+    m_manifest.insert(QStringLiteral("ended"), QJsonValue());
+    m_manifest.insert(QStringLiteral("claims"), QJsonArray::fromStringList(claims));
+    return write();
+}
+
+QString CRunFolder::removeEarlierRun() const
+{
+    QFile manifest(filePath(QLatin1String(manifestName)));
+    if (!manifest.open(QIODevice::ReadOnly))
+        return {};
+    const QJsonArray claims =
+        QJsonDocument::fromJson(manifest.readAll()).object().value(QLatin1String("claims")).toArray();
+    for (const QJsonValue& claim : claims) {
+        const QString name = claim.toString();
+        if (!isInside(name))
+            continue;
+        const QStringList files = claimedFiles(m_path, name);
+        for (const QString& file : files) {
+            if (!QFile::remove(filePath(file)))
+                return QStringLiteral("cannot remove '%1', which an earlier run left").arg(filePath(file));
+        }
+        // Folders that became empty go, too.
+        if (name.contains(QLatin1Char('/')))
+            QDir(m_path).rmpath(QFileInfo(name).path());
+    }
+    return {};
+}
+
+QString CRunFolder::finish(const QJsonObject& facts)
+{
+    if (m_manifest.isEmpty())
+        return {};
+    for (auto fact = facts.begin(); fact != facts.end(); ++fact)
+        m_manifest.insert(fact.key(), fact.value());
+    m_manifest.insert(QStringLiteral("ended"), now());
+    QJsonArray files;
+    for (const QString& claim : qAsConst(m_claims)) {
+        const QStringList names = claimedFiles(m_path, claim);
+        for (const QString& name : names)
+            files.append(QJsonObject{{"name", name}, {"bytes", double(QFileInfo(filePath(name)).size())}});
+    }
+    m_manifest.insert(QStringLiteral("files"), files);
+    return write();
+}
+
+QString CRunFolder::write() const
+{
+    return replaceFile(filePath(QLatin1String(manifestName)), QJsonDocument(m_manifest).toJson());
+}
+
+} // namespace Host

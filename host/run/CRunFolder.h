@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+class QLockFile;
+
+namespace Host {
+
+/**
+ * The folder of a run. It is the run's own: another one at the same time is refused, and what an earlier one left there
+ * goes before this one writes, so that two are never mixed. "manifest.json" says what is in it.
+ *
+ * \code
+ * CRunFolder folder;
+ * QString error = folder.open(QStringLiteral("out"), false);
+ * if (error.isEmpty())
+ *     error = folder.begin({"chain.json", "fake/frames/"}, {{"command", command}});
+ * ... // files are written
+ * error = folder.finish({{"error", QJsonValue()}});
+ * \endcode
+ *
+ * Only what an earlier run's manifest claims is removed, never anything else that lies in the folder. The claims are
+ * written before the first file, so that this holds for a run that was killed, too.
+ *
+ * Functions that may fail return the reason in one line; empty on success. Threads: one.
+ */
+class CRunFolder
+{
+public:
+    CRunFolder();
+
+    /// Unlocks it.
+    ~CRunFolder();
+    CRunFolder(const CRunFolder&) = delete;
+    CRunFolder& operator=(const CRunFolder&) = delete;
+
+    /// Makes \a folder, or with \a isKept a new one in it that is named by the time, and locks it.
+    QString open(const QString& folder, bool isKept);
+
+    /// The folder of the run; empty before open().
+    QString path() const { return m_path; }
+
+    /// Removes what an earlier run left and writes the manifest: \a facts, when the run began, and \a claims, the names
+    /// of files in the folder, and of folders, with a slash at the end, all of whose files will be the run's own.
+    QString begin(const QStringList& claims, const QJsonObject& facts);
+
+    /// Writes the manifest with \a facts beside those of begin(), when the run ended, and the files that are there.
+    /// Does nothing before begin().
+    QString finish(const QJsonObject& facts);
+
+private:
+    QString removeEarlierRun() const;
+    QString write() const;
+    QString filePath(const QString& name) const;
+
+    QString m_path;
+    std::unique_ptr<QLockFile> m_lock;
+    QStringList m_claims;
+    QJsonObject m_manifest;
+};
+
+} // namespace Host

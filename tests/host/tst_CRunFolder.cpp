@@ -1,0 +1,159 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/run/CRunFolder.h"
+
+#include "TestFile.h"
+
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Host;
+
+namespace {
+
+// A folder to run in, and a run that claims a file and a folder there.
+struct SRun
+{
+    QString open(bool isKept = false) { return folder.open(place.path(), isKept); }
+    QString begin()
+    {
+        const QString error = open();
+        return error.isEmpty() ? folder.begin({"chain.json", "fake/frames/"}, {{"command", "x"}}) : error;
+    }
+    QJsonObject manifest() const { return QJsonDocument::fromJson(content(folder.path() + "/manifest.json")).object(); }
+
+    const QTemporaryDir& place;
+    CRunFolder folder;
+};
+
+QStringList files(const QString& folder)
+{
+    return QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name);
+}
+
+bool writeAll(const QTemporaryDir& place, const QStringList& names)
+{
+    return std::all_of(names.begin(), names.end(), [&place](const QString& name) {
+        const QString file = place.filePath(name);
+        return QDir().mkpath(QFileInfo(file).path()) && write(file, "12345");
+    });
+}
+
+} // namespace
+
+class tst_CRunFolder : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void manifestTellsTheFiles();
+    void earlierRunGoes_data();
+    void earlierRunGoes();
+    void claimsOutsideAreLeftAlone();
+    void twoAtOnceAreRefused();
+    void keptRunsHaveFoldersOfTheirOwn();
+    void folderThatCannotBeMade();
+};
+
+void tst_CRunFolder::manifestTellsTheFiles()
+{
+    const QTemporaryDir place;
+    SRun run{place, {}};
+    QCOMPARE(run.folder.finish({}), QString());
+    QVERIFY(files(place.path()).isEmpty());
+    QCOMPARE(run.begin(), QString());
+    QVERIFY(run.manifest()["ended"].isNull());
+    QVERIFY(writeAll(place, {"chain.json", "fake/frames/a.png", "fake/other.txt"}));
+    QCOMPARE(run.folder.finish({{"error", "none"}}), QString());
+    const QJsonArray expected{QJsonObject{{"name", "chain.json"}, {"bytes", 5}},
+                              QJsonObject{{"name", "fake/frames/a.png"}, {"bytes", 5}}};
+    QCOMPARE(run.manifest()["files"].toArray(), expected);
+    QCOMPARE(run.manifest()["command"].toString(), QStringLiteral("x"));
+    QCOMPARE(run.manifest()["error"].toString(), QStringLiteral("none"));
+    QVERIFY(run.manifest()["ended"].toString() >= run.manifest()["began"].toString());
+}
+
+void tst_CRunFolder::earlierRunGoes_data()
+{
+    QTest::addColumn<bool>("isKilled");
+    QTest::newRow("ended") << false;
+    QTest::newRow("killed") << true;
+}
+
+void tst_CRunFolder::earlierRunGoes()
+{
+    QFETCH(const bool, isKilled);
+    const QTemporaryDir place;
+    QVERIFY(writeAll(place, {"mine.txt", "fake/mine.txt", "other/frames/a.png"}));
+    {
+        SRun earlier{place, {}};
+        QCOMPARE(earlier.begin(), QString());
+        QVERIFY(writeAll(place, {"chain.json", "fake/frames/a.png", "fake/frames/b.png.part"}));
+        if (!isKilled)
+            QCOMPARE(earlier.folder.finish({}), QString());
+    }
+    SRun run{place, {}};
+    QCOMPARE(run.open(), QString());
+    QCOMPARE(run.folder.begin({}, {}), QString());
+    QCOMPARE(files(place.path()), QStringList({"fake", "manifest.json", "mine.txt", "other"}));
+    QCOMPARE(files(place.filePath("fake")), QStringList("mine.txt"));
+    QCOMPARE(files(place.filePath("other/frames")), QStringList("a.png"));
+}
+
+void tst_CRunFolder::claimsOutsideAreLeftAlone()
+{
+    const QTemporaryDir place;
+    QVERIFY(writeAll(place, {"precious/a.txt", "out/manifest.json"}));
+    const QByteArray precious = place.filePath("precious/").toUtf8();
+    QVERIFY(write(place.filePath("out/manifest.json"), "{\"claims\": [\"../precious/\", \"" + precious +
+                                                           "\", \"x/../../precious/a.txt\", \"\", \"./\", 7]}"));
+    CRunFolder folder;
+    QCOMPARE(folder.open(place.filePath("out"), false), QString());
+    QCOMPARE(folder.begin({}, {}), QString());
+    QVERIFY(QFile::exists(place.filePath("precious/a.txt")));
+}
+
+void tst_CRunFolder::twoAtOnceAreRefused()
+{
+    const QTemporaryDir place;
+    {
+        SRun run{place, {}};
+        QCOMPARE(run.open(), QString());
+        SRun second{place, {}};
+        QCOMPARE(second.open(),
+                 QStringLiteral("another run writes into the folder '%1' (process %2); --keep or another "
+                                "--output keeps them apart")
+                     .arg(place.path())
+                     .arg(QCoreApplication::applicationPid()));
+    }
+    SRun after{place, {}};
+    QCOMPARE(after.open(), QString());
+}
+
+void tst_CRunFolder::keptRunsHaveFoldersOfTheirOwn()
+{
+    const QTemporaryDir place;
+    SRun first{place, {}};
+    SRun second{place, {}};
+    QCOMPARE(first.open(true), QString());
+    QCOMPARE(second.open(true), QString());
+    QVERIFY(first.folder.path() != second.folder.path());
+    const QRegularExpression stamp(place.path() + R"(/\d{4}-\d\d-\d\dT\d\d-\d\d-\d\d(-2)?$)");
+    for (const SRun* run : {&first, &second})
+        QVERIFY2(stamp.match(run->folder.path()).hasMatch(), qPrintable(run->folder.path()));
+}
+
+void tst_CRunFolder::folderThatCannotBeMade()
+{
+    CRunFolder folder;
+    QVERIFY(folder.open(QStringLiteral("/proc/x"), false).startsWith("cannot make the folder '/proc/x': "));
+    QVERIFY(!CRunFolder().open(QStringLiteral("/proc"), false).isEmpty());
+    QVERIFY(!CRunFolder().open(QStringLiteral("/proc"), true).isEmpty());
+}
+
+QTEST_GUILESS_MAIN(tst_CRunFolder)
+#include "tst_CRunFolder.moc"

@@ -1,0 +1,153 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "CHostProgram.h"
+#include "TestFile.h"
+#include "TestTrace.h"
+
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTest>
+
+/// The folder of a run and its trace, through the program.
+class tst_HalvexHostOutput : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void manifest();
+    void runReplacesTheOneBefore();
+    void keptRuns();
+    void twoAtOnce();
+    void failureIsInTheManifest();
+    void trace();
+    void traceThatCannotBeWritten();
+
+private:
+    static QJsonObject manifestIn(const QString& folder)
+    {
+        return QJsonDocument::fromJson(content(folder + "/manifest.json")).object();
+    }
+};
+
+void tst_HalvexHostOutput::manifest()
+{
+    CHostProgram program;
+    QCOMPARE(program.run({"--frames", "3", "--camera", "fake-1"}), 0);
+    const QJsonObject manifest = manifestIn(program.outputFolder());
+    QCOMPARE(manifest["command"][1].toString(), QStringLiteral("run"));
+    QCOMPARE(manifest["command"].toArray().size(), 8);
+    for (const char* part : {"program", "library", "qt", "aravis", "opencv"})
+        QVERIFY2(manifest["versions"][part].toString().contains('.'), part);
+    QCOMPARE(manifest["cameras"][0]["frames"]["complete"].toInt(), 3);
+    QCOMPARE(manifest["cameras"][0]["sinks"].toArray().size(), 4);
+    QCOMPARE(manifest["ending"].toString(), QStringLiteral("after 3 frames, as asked"));
+    QVERIFY(manifest["error"].isNull());
+    QCOMPARE(manifest["chains"][0].toString(), QStringLiteral("the default one"));
+    QStringList names;
+    const QJsonArray files = manifest["files"].toArray();
+    for (const QJsonValue& file : files) {
+        names << file["name"].toString();
+        QCOMPARE(file["bytes"].toDouble(), double(QFileInfo(program.written(names.last())).size()));
+    }
+    for (const char* name : {"chain.json", "fake-1/graph.dot", "fake-1/frames/frame-000000.png",
+                             "fake-1/frames/frames.csv", "fake-1/edges/frame-000000.png"})
+        QVERIFY2(names.contains(QLatin1String(name)), name);
+}
+
+void tst_HalvexHostOutput::runReplacesTheOneBefore()
+{
+    CHostProgram program;
+    QCOMPARE(program.run({"--frames", "3", "--write-every", "1", "--camera", "fake-1", "--camera", "fake-2"}), 0);
+    QVERIFY(write(program.written("fake-1/notes.txt"), "mine"));
+    QCOMPARE(program.run({"--frames", "1", "--camera", "fake-1"}), 0);
+    QCOMPARE(pngFiles(program.written("fake-1/frames")), QStringList("frame-000000.png"));
+    QVERIFY(!QFile::exists(program.written("fake-2")));
+    QCOMPARE(content(program.written("fake-1/notes.txt")), QByteArray("mine"));
+    // A chain of the run before may be run again.
+    QCOMPARE(program.run({program.written("chain.json"), "--frames", "1"}), 0);
+    QVERIFY(QFile::exists(program.written("fake/frames/frame-000000.png")));
+    // A run that cannot begin leaves what is there.
+    QCOMPARE(program.run({"--camera", "127.0.0.3"}), 2);
+    QVERIFY(QFile::exists(program.written("fake/frames/frame-000000.png")));
+}
+
+void tst_HalvexHostOutput::keptRuns()
+{
+    CHostProgram program;
+    for (int i = 0; i < 2; ++i)
+        QCOMPARE(program.run({"--frames", "1", "--keep"}), 0);
+    const QStringList runs = QDir(program.outputFolder()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    QCOMPARE(runs.size(), 2);
+    for (const QString& run : runs) {
+        QVERIFY(QFile::exists(program.written(run + "/fake/frames/frame-000000.png")));
+        QVERIFY(!manifestIn(program.written(run)).isEmpty());
+    }
+}
+
+void tst_HalvexHostOutput::twoAtOnce()
+{
+    CHostProgram first;
+    first.start({"run", "--frames", "0"});
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(first.written("manifest.json")), 30000);
+    CHostProgram second;
+    QCOMPARE(
+        second.refusal({"--output", first.outputFolder()}),
+        QStringLiteral("another run writes into the folder '%1' (process %2); --keep or another --output keeps them "
+                       "apart")
+            .arg(first.outputFolder())
+            .arg(first.process().processId()));
+    first.process().terminate();
+    QVERIFY(first.waitForEnd());
+    QCOMPARE(second.run({"--frames", "1", "--output", first.outputFolder()}), 0);
+}
+
+void tst_HalvexHostOutput::failureIsInTheManifest()
+{
+    CHostProgram program;
+    QCOMPARE(program.run({"--frames", "3", "--fps", "1", "--timeout", "200ms"}), 1);
+    const QJsonObject manifest = manifestIn(program.outputFolder());
+    QCOMPARE(manifest["ending"].toString(), QStringLiteral("by an error"));
+    QVERIFY(manifest["error"].toString().contains("no frame for 0.2 s"));
+}
+
+void tst_HalvexHostOutput::trace()
+{
+    CHostProgram program;
+    const QString file = program.file("trace.json");
+    QCOMPARE(
+        program.run({"--frames", "20", "--fps", "50", "--camera", "fake-1", "--camera", "fake-2", "--trace", file}), 0);
+    STestTrace trace = readTrace(content(file));
+    QCOMPARE(trace.fault, QString());
+    for (const char* row : {"thread that grabs", "thread of the graph", "[0] Camera: fake-1", "[5] Blur"})
+        QVERIFY2(trace.rows.contains(QLatin1String(row)), row);
+    for (const char* slice : {"work", "computing", "[5] Blur"})
+        QVERIFY2(trace.slices[slice] > 0, slice);
+    for (const char* camera : {"fake-1", "fake-2"}) {
+        QVERIFY(program.choose(camera));
+        // Each frame comes to the sink that gets all, by way of the node that makes its image.
+        int whole = 0;
+        int previewed = 0;
+        for (const auto& flow : trace.flows) {
+            whole += flow.first.startsWith(QLatin1String(camera) + "|[3] PNG files: frames|") && flow.second == "stf";
+            previewed += flow.first.startsWith(QLatin1String(camera)) && flow.first.contains("PNG files: edges") &&
+                         flow.second == "sttttttf";
+        }
+        QCOMPARE(whole, 20);
+        QVERIFY(previewed <= program.decouplers().front().emitted);
+    }
+}
+
+void tst_HalvexHostOutput::traceThatCannotBeWritten()
+{
+    QVERIFY(CHostProgram().refusal({"--trace", "/nowhere/t"}).startsWith("cannot write '/nowhere/t': "));
+    CHostProgram program;
+    QCOMPARE(program.run({"--frames", "3", "--trace", "/dev/full"}), 1);
+    QCOMPARE(program.errorLines().constLast(),
+             QStringLiteral("halvex-host: cannot write '/dev/full': No space left on device"));
+}
+
+QTEST_GUILESS_MAIN(tst_HalvexHostOutput)
+#include "tst_HalvexHostOutput.moc"
