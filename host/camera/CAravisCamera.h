@@ -94,6 +94,11 @@ public:
     /// Buffers that wait for the camera to fill them; 0 while stopped.
     int freeBuffers() const;
 
+    /// The camera library's own objects, for questions that this class does not answer. The stream is null while
+    /// stopped.
+    _ArvCamera* handle() const { return m_camera.get(); }
+    _ArvStream* stream() const { return m_stream.get(); }
+
 private:
     CAravisCamera(SCameraOptions options, GObjectPtr<_ArvCamera> camera);
 

@@ -18,9 +18,13 @@ struct SCameraOptions
     QString address = QStringLiteral("fake");
     QString pixelFormat;          ///< GenICam name; empty leaves the camera's own.
     double framesPerSecond = 0.0; ///< 0 leaves the camera's own rate.
-    int buffers = 16;             ///< Frames that may be in flight at once, at least 1.
+    int buffers = 16;             ///< Frames that may be in flight at once, from 1 to mostBuffers.
 
     std::vector<std::pair<QString, QString>> features; ///< GenICam features to set last, in this order, as text.
+
+    bool asksAgain = true; ///< A network camera for packets that got lost.
+
+    static constexpr int mostBuffers = 10000;
 
     /// Whether it is one of the cameras that are built into the library.
     static bool isFake(const QString& address);

@@ -50,6 +50,19 @@ std::chrono::milliseconds readTime(const char* option, const std::string& text)
     return std::chrono::milliseconds(std::llround(milliseconds));
 }
 
+std::vector<std::pair<QString, QString>> readFeatures(const std::vector<std::string>& texts)
+{
+    std::vector<std::pair<QString, QString>> features;
+    for (const std::string& text : texts) {
+        const QString feature = QString::fromStdString(text);
+        const int sign = feature.indexOf(QLatin1Char('='));
+        if (sign < 1)
+            refuse(QStringLiteral("--camera-set takes Feature=value, not '%1'.").arg(feature));
+        features.emplace_back(feature.left(sign), feature.mid(sign + 1));
+    }
+    return features;
+}
+
 QStringList readCameras(const std::vector<std::string>& texts)
 {
     QStringList cameras;

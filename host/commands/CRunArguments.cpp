@@ -68,6 +68,7 @@ void CRunArguments::declareSources(CLI::App& command)
         ->allow_extra_args(false)
         ->take_all();
     command.add_option("--buffers", m_buffers, "Frames that may be in flight at once (default: 16).")->type_name("N");
+    command.add_flag("--no-resend", m_asksForNothingAgain, "Do not ask a network camera for lost packets again.");
     addPluginsOption(command, &m_plugins);
 }
 
@@ -136,8 +137,9 @@ SRunOptions CRunArguments::options() const
         options.output = text("--output", m_output);
     options.json = text("--json", m_json);
     options.isStrict = m_isStrict;
+    camera.asksAgain = !m_asksForNothingAgain;
     if (isGiven("--buffers"))
-        camera.buffers = readCount("--buffers", m_buffers, 1, 10000);
+        camera.buffers = readCount("--buffers", m_buffers, 1, SCameraOptions::mostBuffers);
     readSettings(&camera, &options);
     if (isGiven("--write-every"))
         options.writeEvery = readCount("--write-every", m_writeEvery, 1, SRunOptions::maxFrames);
@@ -171,13 +173,7 @@ void CRunArguments::readSettings(SCameraOptions* camera, SRunOptions* options) c
             refuse(QStringLiteral("--set takes NODE.key=value, not '%1'.").arg(QString::fromStdString(each)));
         options->settings.push_back(setting);
     }
-    for (const std::string& each : m_features) {
-        const QString feature = QString::fromStdString(each);
-        const int sign = feature.indexOf(QLatin1Char('='));
-        if (sign < 1)
-            refuse(QStringLiteral("--camera-set takes Feature=value, not '%1'.").arg(feature));
-        camera->features.emplace_back(feature.left(sign), feature.mid(sign + 1));
-    }
+    camera->features = readFeatures(m_features);
 }
 
 void CRunArguments::readGraph(SRunOptions* options) const

@@ -44,6 +44,7 @@ private:
     std::vector<std::string> m_features;
     std::vector<std::string> m_settings;
     std::string m_buffers;
+    bool m_asksForNothingAgain = false;
     std::string m_frames;
     std::string m_duration;
     std::string m_timeout;
