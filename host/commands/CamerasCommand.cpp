@@ -10,6 +10,7 @@
 #include "host/report/FeatureList.h"
 #include "host/report/Terminal.h"
 #include "host/run/Output.h"
+#include "host/run/PrintResult.h"
 
 #include <CLI/CLI.hpp>
 
@@ -36,7 +37,7 @@ struct SCamerasArguments
 
 int print(const QJsonArray& array)
 {
-    return printText(QString::fromUtf8(QJsonDocument(array).toJson())) ? Done : Failed;
+    return printResult(QString::fromUtf8(QJsonDocument(array).toJson()));
 }
 
 int listCameras(bool isJson)
@@ -53,7 +54,7 @@ int listCameras(bool isJson)
     }
     if (isJson)
         return print(array);
-    return printText(table.text(columnsOf(stdout), takesColors(stdout))) ? Done : Failed;
+    return printResult(table.text(columnsOf(stdout), takesColors(stdout)));
 }
 
 int showFeatures(const QString& id, bool isJson)
@@ -67,7 +68,7 @@ int showFeatures(const QString& id, bool isJson)
     const std::vector<SFeature> features = CFeatures(device.get()).all();
     if (isJson)
         return print(featureJson(features));
-    return printText(featureText(features, columnsOf(stdout), takesColors(stdout))) ? Done : Failed;
+    return printResult(featureText(features, columnsOf(stdout), takesColors(stdout)));
 }
 
 void declare(CLI::App& command, SCamerasArguments* arguments)

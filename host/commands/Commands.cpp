@@ -11,6 +11,7 @@
 #include "host/commands/Completion.h"
 #include "host/commands/ManPage.h"
 #include "host/run/Output.h"
+#include "host/run/PrintResult.h"
 
 #include <Halvex/Halvex.h>
 
@@ -111,9 +112,9 @@ int parse(CLI::App& program, const QStringList& arguments)
     try {
         program.parse(stack(arguments));
     } catch (const CLI::CallForVersion&) {
-        return printText(QStringLiteral("halvex-host " HALVEX_VERSION_STR "\n")) ? Done : Failed;
+        return printResult(QStringLiteral("halvex-host " HALVEX_VERSION_STR "\n"));
     } catch (const CLI::CallForHelp&) {
-        return printText(QString::fromStdString(program.help("halvex-host"))) ? Done : Failed;
+        return printResult(QString::fromStdString(program.help("halvex-host")));
     } catch (const CLI::ParseError& error) {
         return refuse(program, chosenCommand(program), sentence(error));
     }
@@ -159,9 +160,9 @@ int readArguments(const QStringList& arguments, Action* action)
 
     // What the shell and the build ask for; nobody types it.
     if (arguments.value(0) == QLatin1String("--complete"))
-        return printText(lines(completions(program, arguments.mid(1)))) ? Done : Failed;
+        return printResult(lines(completions(program, arguments.mid(1))));
     if (arguments.value(0) == QLatin1String("--man-page"))
-        return printText(manPage(program, exitCodes())) ? Done : Failed;
+        return printResult(manPage(program, exitCodes()));
     return parse(program, arguments);
 }
 

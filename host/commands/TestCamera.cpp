@@ -11,6 +11,7 @@
 #include "host/run/CLinkTest.h"
 #include "host/run/CSignalWatcher.h"
 #include "host/run/Output.h"
+#include "host/run/PrintResult.h"
 
 #include <QEventLoop>
 #include <QJsonDocument>
@@ -32,10 +33,10 @@ QString progress(const CLinkTest& test, std::chrono::milliseconds time)
         .arg(frames.incomplete);
 }
 
-bool printReport(const SLinkReport& report, bool isJson)
+QString text(const SLinkReport& report, bool isJson)
 {
-    return printText(isJson ? QString::fromUtf8(QJsonDocument(report.json()).toJson())
-                            : report.text(columnsOf(stdout), takesColors(stdout)));
+    return isJson ? QString::fromUtf8(QJsonDocument(report.json()).toJson())
+                  : report.text(columnsOf(stdout), takesColors(stdout));
 }
 
 } // namespace
@@ -71,12 +72,10 @@ int testCamera(const SCameraOptions& camera, std::chrono::milliseconds time, boo
         line.showLast(progress(test, time));
     }
     const SLinkReport report = test.report();
-    const bool isPrinted = printReport(report, isJson);
+    const int exitCode = printResult(text(report, isJson), report.isSound() && failure.isEmpty() ? Done : Failed);
     if (!failure.isEmpty())
         printErrorLine(failure);
-    if (signal != 0)
-        return InterruptedBase + signal;
-    return isPrinted && failure.isEmpty() && report.isSound() ? Done : Failed;
+    return signal == 0 ? exitCode : InterruptedBase + signal;
 }
 
 } // namespace Host

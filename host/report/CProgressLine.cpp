@@ -3,6 +3,8 @@
 
 #include "host/report/CProgressLine.h"
 
+#include "host/report/Terminal.h"
+
 #include <unistd.h>
 
 namespace Host {
@@ -17,10 +19,13 @@ CProgressLine::CProgressLine(std::FILE* stream, std::chrono::milliseconds quietT
 void CProgressLine::show(const QString& text)
 {
     if (m_isTerminal) {
+        // A line that the terminal breaks cannot be drawn anew. Its last column stays free, or some terminals break it.
+        const int most = columnsOf(m_stream) - 1;
+        const QString line = text.size() <= most ? text : text.left(most - 1) + QChar(0x2026);
         // Blanks cover what is left of a longer line.
-        std::fprintf(m_stream, "\r%s", qPrintable(text.leftJustified(m_width)));
+        std::fprintf(m_stream, "\r%s", line.leftJustified(m_width).toUtf8().constData());
         std::fflush(m_stream);
-        m_width = text.size();
+        m_width = line.size();
         return;
     }
     const auto now = std::chrono::steady_clock::now();

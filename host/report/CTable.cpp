@@ -18,24 +18,11 @@ QString shortened(const QString& text, int width)
     return text.size() <= width ? text : text.left(width - 1) + QChar(0x2026);
 }
 
-QString line(const QStringList& cells, const std::vector<int>& widths, const std::vector<bool>& isRight)
-{
-    QString line;
-    for (int i = 0; i < cells.size(); ++i) {
-        const std::size_t column = std::size_t(i);
-        const QString cell = i == 0 ? shortened(cells.at(i), widths[column]) : cells.at(i);
-        line += isRight[column] ? cell.rightJustified(widths[column]) : cell.leftJustified(widths[column]);
-        line += QString(gap, QLatin1Char(' '));
-    }
-    while (line.endsWith(QLatin1Char(' ')))
-        line.chop(1);
-    return line;
-}
-
 } // namespace
 
-CTable::CTable(const QStringList& headings)
-    : m_headings(headings)
+CTable::CTable(const QStringList& headings, int keys)
+    : m_keys(std::size_t(keys))
+    , m_headings(headings)
 {
     for (QString& heading : m_headings) {
         m_isRight.push_back(heading.startsWith(QLatin1Char('>')));
@@ -70,15 +57,59 @@ std::vector<int> CTable::widths(int width) const
     return widths;
 }
 
+// Words at the end of a line may go beyond it.
+int CTable::leastWidth(std::size_t column, const std::vector<int>& widths) const
+{
+    const bool isOpenEnd = column + 1 == widths.size() && !m_isRight[column];
+    return isOpenEnd ? m_headings.at(int(column)).size() : widths[column];
+}
+
+std::vector<CTable::Columns> CTable::parts(int width, const std::vector<int>& widths) const
+{
+    Columns keys;
+    int keyWidth = 0;
+    for (std::size_t column = 0; column < m_keys; ++column) {
+        keys.push_back(column);
+        keyWidth += widths[column] + gap;
+    }
+    std::vector<Columns> parts{keys};
+    int used = keyWidth;
+    for (std::size_t column = m_keys; column < widths.size(); ++column) {
+        const int needed = leastWidth(column, widths);
+        if (used + needed > width && parts.back().size() > m_keys) {
+            parts.push_back(keys);
+            used = keyWidth;
+        }
+        parts.back().push_back(column);
+        used += needed + gap;
+    }
+    return parts;
+}
+
+QString CTable::line(const QStringList& cells, const std::vector<int>& widths, const Columns& columns) const
+{
+    QString line;
+    for (const std::size_t column : columns) {
+        const int width = widths[column];
+        const QString cell = column == 0 ? shortened(cells.at(0), width) : cells.at(int(column));
+        line += m_isRight[column] ? cell.rightJustified(width) : cell.leftJustified(width);
+        line += QString(gap, QLatin1Char(' '));
+    }
+    while (line.endsWith(QLatin1Char(' ')))
+        line.chop(1);
+    return line;
+}
+
 QString CTable::text(int width, bool isBold) const
 {
-    const std::vector<int> columns = widths(width);
-    QString text = line(m_headings, columns, m_isRight);
-    if (isBold)
-        text = QStringLiteral("\x1b[1m%1\x1b[0m").arg(text);
-    text += QLatin1Char('\n');
-    for (const QStringList& row : m_rows)
-        text += line(row, columns, m_isRight) + QLatin1Char('\n');
+    const QString heading = isBold ? QStringLiteral("\x1b[1m%1\x1b[0m\n") : QStringLiteral("%1\n");
+    const std::vector<int> all = widths(width);
+    QString text;
+    for (const Columns& columns : parts(width, all)) {
+        text += (text.isEmpty() ? QString() : QStringLiteral("\n")) + heading.arg(line(m_headings, all, columns));
+        for (const QStringList& row : m_rows)
+            text += line(row, all, columns) + QLatin1Char('\n');
+    }
     return text;
 }
 

@@ -19,13 +19,15 @@ namespace Host {
  * printText(table.text(80));
  * \endcode
  *
- * An empty cell is shown as a dash. In a table that is too wide the first column is cut, down to 16 characters; what is
- * still too wide is left so: a file name that is cut is of no use.
+ * An empty cell is shown as a dash. In a table that is too wide the first column is cut, down to 16 characters. What is
+ * still too wide comes in several parts, one below the other, each with the first columns, by which rows are known.
+ * Only words in the last column may go beyond the width: a file name that is cut is of no use.
  */
 class CTable
 {
 public:
-    explicit CTable(const QStringList& headings);
+    /// \a keys: how many of the first columns a row is known by.
+    explicit CTable(const QStringList& headings, int keys = 1);
 
     void addRow(const QStringList& cells);
     bool isEmpty() const { return m_rows.empty(); }
@@ -34,8 +36,14 @@ public:
     QString text(int width, bool isBold = false) const;
 
 private:
-    std::vector<int> widths(int width) const;
+    using Columns = std::vector<std::size_t>; // numbers of columns, in their order
 
+    std::vector<int> widths(int width) const;
+    int leastWidth(std::size_t column, const std::vector<int>& widths) const;
+    std::vector<Columns> parts(int width, const std::vector<int>& widths) const;
+    QString line(const QStringList& cells, const std::vector<int>& widths, const Columns& columns) const;
+
+    const std::size_t m_keys;
     QStringList m_headings;
     std::vector<bool> m_isRight;
     std::vector<QStringList> m_rows;

@@ -37,19 +37,18 @@ int nameColumns(const std::vector<SFeature>& features)
 
 QString featureLines(const SFeature& feature, int nameWidth, int width)
 {
-    constexpr int valueColumns = 20;
+    constexpr int valueColumns = 19;
+    constexpr int leastTaken = 24;
+    constexpr int below = 6;
     const QString value = feature.value.isEmpty() ? QStringLiteral("-") : feature.value;
-    const QString margin(indent, QLatin1Char(' '));
-    QString line = margin + feature.name.leftJustified(nameWidth + gap) + value;
-    const QString taken = takenBy(feature);
-    const QString whole = line.leftJustified(indent + nameWidth + gap + valueColumns) + QLatin1Char(' ') + taken;
-    if (whole.size() <= width)
-        return whole + QLatin1Char('\n');
-    // On a narrow terminal the names take so much of the line that little is left behind them.
-    const int below = std::min(indent + nameWidth + gap, width / 2);
-    if (line.size() > width)
-        line = margin + feature.name + QLatin1Char('\n') + QString(below, QLatin1Char(' ')) + value;
-    return line + QLatin1Char('\n') + wrapped(taken, width, below);
+    const QString line =
+        QString(indent, QLatin1Char(' ')) + feature.name.leftJustified(nameWidth + gap) + value + QLatin1String("  ");
+    const int column = indent + nameWidth + gap + valueColumns + gap;
+    // On a narrow terminal, or behind a long value, little would be left of the line.
+    if (width - column < leastTaken || line.size() > column)
+        return line.trimmed().prepend(QStringLiteral("  ")) + QLatin1Char('\n') +
+               wrapped(takenBy(feature), width, below);
+    return line.leftJustified(column) + wrapped(takenBy(feature), width, column).mid(column);
 }
 
 } // namespace

@@ -12,7 +12,8 @@
 
 namespace Host {
 
-/// A line for each feature, below its category; what it takes goes below it when it finds no room beside it.
+/// The features below their categories, in three columns: name, value, and what it takes, which goes below the others
+/// when it finds no room beside them.
 QString featureText(const std::vector<SFeature>& features, int width, bool isBold = false);
 
 /// The same for programs.

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: LicenseRef-Halvex
 
 #include "host/report/CTable.h"
+#include "host/report/LabelledLine.h"
 #include "host/report/SRunReport.h"
+#include "host/report/Terminal.h"
 
 #include <QFileInfo>
 #include <QTextStream>
@@ -77,20 +79,22 @@ QString SRunReport::text(int width, bool isBold) const
     QTextStream out(&text);
     const QString given = rate(framesPerSecond());
     out << "Graph\n" << graph << '\n';
-    out << "Camera             " << camera << '\n';
-    out << "Ended              " << ending << '\n';
-    out << "Frames grabbed     " << frames.grabbed << " = " << frames.complete << " complete + " << frames.incomplete
-        << " incomplete\n";
-    out << "Underruns          " << frames.underruns << '\n';
-    out << "Frames per second  " << (given.isEmpty() ? QStringLiteral("-") : given) << '\n';
+    const QString grabbed = QStringLiteral("%1 = %2 complete + %3 incomplete")
+                                .arg(frames.grabbed)
+                                .arg(frames.complete)
+                                .arg(frames.incomplete);
+    out << labelledLine("Camera", camera, width) << labelledLine("Ended", ending, width)
+        << labelledLine("Frames grabbed", grabbed, width)
+        << labelledLine("Underruns", QString::number(frames.underruns), width)
+        << labelledLine("Frames per second", given, width);
     const QStringList said = remarks();
     for (const QString& remark : said)
-        out << "Remark             " << remark << '\n';
+        out << labelledLine("Remark", remark, width);
     if (!nodes.empty())
         out << '\n'
             << nodeTable(nodes, span).text(width, isBold)
-            << "work: median of a frame's own computing; p50, p99: from the grab to here; in ms\n"
-            << "core: how much of one core that computing took, in %; left: pending at the end\n";
+            << wrapped("work: median of a frame's own computing; p50, p99: from the grab to here; in ms", width, 0)
+            << wrapped("core: how much of one core that computing took, in %; left: pending at the end", width, 0);
     writeErrors(out, nodes);
     if (!sinks.empty())
         out << '\n' << sinkTable(sinks).text(width, isBold);

@@ -16,6 +16,8 @@ class tst_CTable : public QObject
 private Q_SLOTS:
     void columnsAreAligned();
     void firstColumnIsCut();
+    void wideTableComesInParts();
+    void lastWordsMayGoBeyondTheWidth();
     void textIsWrapped();
 };
 
@@ -38,10 +40,30 @@ void tst_CTable::firstColumnIsCut()
     QCOMPARE(table.text(5), QStringLiteral("Node              in\na name of 24 ch…   1\n"));
 }
 
+void tst_CTable::wideTableComesInParts()
+{
+    CTable table({"Node", ">received", ">sent"});
+    table.addRow({"a", "1", "2"});
+    QCOMPARE(table.text(21), QStringLiteral("Node  received  sent\na            1     2\n"));
+    QCOMPARE(table.text(19), QStringLiteral("Node  received\na            1\n\nNode  sent\na        2\n"));
+
+    CTable keyed({"Kind", "Name", "In", ">Out"}, 2);
+    keyed.addRow({"x", "y", "z", "1"});
+    QCOMPARE(keyed.text(18), QStringLiteral("Kind  Name  In\nx     y     z\n\nKind  Name  Out\nx     y       1\n"));
+}
+
+void tst_CTable::lastWordsMayGoBeyondTheWidth()
+{
+    CTable table({"Sink", ">written", "Files"});
+    table.addRow({"a", "1", "folder/frame-000000.png"});
+    QCOMPARE(table.text(22), QStringLiteral("Sink  written  Files\na           1  folder/frame-000000.png\n"));
+}
+
 void tst_CTable::textIsWrapped()
 {
     QCOMPARE(wrapped("one two  three", 9, 2), QStringLiteral("  one two\n  three\n"));
     QCOMPARE(wrapped("unbreakable", 4, 0), QStringLiteral("unbreakable\n"));
+    QCOMPARE(wrapped(QString("word ").repeated(21), 200, 0).indexOf('\n'), 99);
 }
 
 QTEST_GUILESS_MAIN(tst_CTable)
