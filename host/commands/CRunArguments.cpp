@@ -37,8 +37,8 @@ void CRunArguments::declareSources(CLI::App& command)
     command.add_option("CHAIN", m_chain, "The chain to import for each camera (default: the demo's).")->type_name("");
     command
         .add_option("--camera", m_cameras,
-                    "'fake' (default), 'fake-1', 'fake-2'..., or the address of a GigE Vision camera. May be given "
-                    "several times.")
+                    "'fake' (default), 'fake-1', 'fake-2'..., or a camera as 'cameras' lists it. May be given several "
+                    "times.")
         ->type_name("ID")
         ->expected(1)
         ->allow_extra_args(false)

@@ -140,9 +140,7 @@ CLI::App& addCommand(CLI::App& program, const char* name, const char* descriptio
 
 void addPluginsOption(CLI::App& command, std::string* folder)
 {
-    command
-        .add_option("--plugins", *folder, "Folder with the plugins (default: 'plugins' beside the program's folder).")
-        ->type_name("DIR");
+    command.add_option("--plugins", *folder, "Folder with the plugins (default: the program's own).")->type_name("DIR");
 }
 
 int readArguments(const QStringList& arguments, Action* action)

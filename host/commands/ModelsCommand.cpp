@@ -67,14 +67,15 @@ void addTypes(const CNodeDataModel& model, Types* types)
     }
 }
 
-QString convertersText(const CNodeDataModelRegistry& registry, const Types& types)
+QString convertersText(const CNodeDataModelRegistry& registry, const Types& types, int width)
 {
     QString text;
     for (const auto& from : types) {
         for (const auto& to : types) {
             if (registry.getTypeConverter(from.second, to.second))
-                text += QStringLiteral("  %1 (%2) to %3 (%4)\n")
-                            .arg(from.second.name, from.first, to.second.name, to.first);
+                text += wrapped(
+                    QStringLiteral("%1 (%2) to %3 (%4)").arg(from.second.name, from.first, to.second.name, to.first),
+                    width, 2);
         }
     }
     return text.isEmpty() ? text : QStringLiteral("\nConverters\n") + text;
@@ -119,7 +120,8 @@ QString overview(CNodeDataModelRegistry& registry, const CPluginHost& plugins)
                       settings == 0 ? QString() : QString::number(settings), pluginOf(*model, plugins)});
         category = entry.first;
     }
-    return table.text(columnsOf(stdout), takesColors(stdout)) + convertersText(registry, types);
+    const int width = columnsOf(stdout);
+    return table.text(width, takesColors(stdout)) + convertersText(registry, types, width);
 }
 
 void addPorts(const CNodeDataModel& model, ENodePortType side, const QString& name, CTable* table)

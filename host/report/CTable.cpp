@@ -3,6 +3,8 @@
 
 #include "host/report/CTable.h"
 
+#include "host/report/Terminal.h"
+
 #include <algorithm>
 #include <numeric>
 
@@ -12,6 +14,7 @@ namespace {
 
 constexpr int gap = 2;
 constexpr int leastFirstColumn = 16;
+constexpr int leastLastColumn = 16;
 
 QString shortened(const QString& text, int width)
 {
@@ -57,11 +60,10 @@ std::vector<int> CTable::widths(int width) const
     return widths;
 }
 
-// Words at the end of a line may go beyond it.
-int CTable::leastWidth(std::size_t column, const std::vector<int>& widths) const
+// Words in the last column go on in the next line.
+bool CTable::isOpenEnd(std::size_t column) const
 {
-    const bool isOpenEnd = column + 1 == widths.size() && !m_isRight[column];
-    return isOpenEnd ? m_headings.at(int(column)).size() : widths[column];
+    return column + 1 == m_isRight.size() && !m_isRight[column];
 }
 
 std::vector<CTable::Columns> CTable::parts(int width, const std::vector<int>& widths) const
@@ -75,7 +77,7 @@ std::vector<CTable::Columns> CTable::parts(int width, const std::vector<int>& wi
     std::vector<Columns> parts{keys};
     int used = keyWidth;
     for (std::size_t column = m_keys; column < widths.size(); ++column) {
-        const int needed = leastWidth(column, widths);
+        const int needed = isOpenEnd(column) ? std::min(widths[column], leastLastColumn) : widths[column];
         if (used + needed > width && parts.back().size() > m_keys) {
             parts.push_back(keys);
             used = keyWidth;
@@ -86,13 +88,14 @@ std::vector<CTable::Columns> CTable::parts(int width, const std::vector<int>& wi
     return parts;
 }
 
-QString CTable::line(const QStringList& cells, const std::vector<int>& widths, const Columns& columns) const
+QString CTable::line(const QStringList& cells, const std::vector<int>& widths, const Columns& columns, int width) const
 {
     QString line;
     for (const std::size_t column : columns) {
-        const int width = widths[column];
-        const QString cell = column == 0 ? shortened(cells.at(0), width) : cells.at(int(column));
-        line += m_isRight[column] ? cell.rightJustified(width) : cell.leftJustified(width);
+        QString cell = column == 0 ? shortened(cells.at(0), widths[0]) : cells.at(int(column));
+        if (isOpenEnd(column) && line.size() + cell.size() > width)
+            cell = wrapped(cell, width, line.size()).mid(line.size()).chopped(1);
+        line += m_isRight[column] ? cell.rightJustified(widths[column]) : cell.leftJustified(widths[column]);
         line += QString(gap, QLatin1Char(' '));
     }
     while (line.endsWith(QLatin1Char(' ')))
@@ -106,9 +109,10 @@ QString CTable::text(int width, bool isBold) const
     const std::vector<int> all = widths(width);
     QString text;
     for (const Columns& columns : parts(width, all)) {
-        text += (text.isEmpty() ? QString() : QStringLiteral("\n")) + heading.arg(line(m_headings, all, columns));
+        text +=
+            (text.isEmpty() ? QString() : QStringLiteral("\n")) + heading.arg(line(m_headings, all, columns, width));
         for (const QStringList& row : m_rows)
-            text += line(row, all, columns) + QLatin1Char('\n');
+            text += line(row, all, columns, width) + QLatin1Char('\n');
     }
     return text;
 }

@@ -21,7 +21,7 @@ namespace Host {
  *
  * An empty cell is shown as a dash. In a table that is too wide the first column is cut, down to 16 characters. What is
  * still too wide comes in several parts, one below the other, each with the first columns, by which rows are known.
- * Only words in the last column may go beyond the width: a file name that is cut is of no use.
+ * Words in the last column go on in the next line. Nothing else is cut: a part of a file's name is of no use.
  */
 class CTable
 {
@@ -39,9 +39,9 @@ private:
     using Columns = std::vector<std::size_t>; // numbers of columns, in their order
 
     std::vector<int> widths(int width) const;
-    int leastWidth(std::size_t column, const std::vector<int>& widths) const;
+    bool isOpenEnd(std::size_t column) const;
     std::vector<Columns> parts(int width, const std::vector<int>& widths) const;
-    QString line(const QStringList& cells, const std::vector<int>& widths, const Columns& columns) const;
+    QString line(const QStringList& cells, const std::vector<int>& widths, const Columns& columns, int width) const;
 
     const std::size_t m_keys;
     QStringList m_headings;

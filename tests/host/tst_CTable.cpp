@@ -17,7 +17,7 @@ private Q_SLOTS:
     void columnsAreAligned();
     void firstColumnIsCut();
     void wideTableComesInParts();
-    void lastWordsMayGoBeyondTheWidth();
+    void lastWordsGoOnInTheNextLine();
     void textIsWrapped();
 };
 
@@ -52,11 +52,14 @@ void tst_CTable::wideTableComesInParts()
     QCOMPARE(keyed.text(18), QStringLiteral("Kind  Name  In\nx     y     z\n\nKind  Name  Out\nx     y       1\n"));
 }
 
-void tst_CTable::lastWordsMayGoBeyondTheWidth()
+void tst_CTable::lastWordsGoOnInTheNextLine()
 {
     CTable table({"Sink", ">written", "Files"});
-    table.addRow({"a", "1", "folder/frame-000000.png"});
-    QCOMPARE(table.text(22), QStringLiteral("Sink  written  Files\na           1  folder/frame-000000.png\n"));
+    table.addRow({"a", "2", "folder/frame-000000.png to frame-000001.png"});
+    QCOMPARE(table.text(31), QStringLiteral("Sink  written  Files\n"
+                                            "a           2  folder/frame-000000.png\n"
+                                            "               to\n"
+                                            "               frame-000001.png\n"));
 }
 
 void tst_CTable::textIsWrapped()
