@@ -55,6 +55,7 @@ void tst_CRunArguments::defaults()
     QCOMPARE(options.writeEvery, 30);
     QCOMPARE(options.output, QStringLiteral("halvex-output"));
     QCOMPARE(options.silence.count(), 5000);
+    QVERIFY(options.cameras[0].asksAgain);
 }
 
 void tst_CRunArguments::everyOption()
@@ -76,8 +77,9 @@ void tst_CRunArguments::everyOption()
 
 void tst_CRunArguments::whatIsSet()
 {
-    const SRunOptions options = parse({"--set", "a.b.size=x=1", "--set", "c d.method=", "--camera-set", "Gain=3",
-                                       "--camera-set", "Text=a=b", "--buffers", "3", "--strict", "--json", "-"});
+    const SRunOptions options =
+        parse({"--set", "a.b.size=x=1", "--set", "c d.method=", "--camera-set", "Gain=3", "--camera-set", "Text=a=b",
+               "--buffers", "3", "--no-resend", "--strict", "--json", "-"});
     QCOMPARE(options.settings.size(), std::size_t(2));
     QCOMPARE(options.settings[0].node, QStringLiteral("a.b"));
     QCOMPARE(options.settings[0].key, QStringLiteral("size"));
@@ -86,6 +88,7 @@ void tst_CRunArguments::whatIsSet()
     const std::vector<std::pair<QString, QString>> features{{"Gain", "3"}, {"Text", "a=b"}};
     QVERIFY(options.cameras[0].features == features);
     QCOMPARE(options.cameras[0].buffers, 3);
+    QVERIFY(!options.cameras[0].asksAgain);
     QVERIFY(options.isStrict);
     QCOMPARE(options.json, QStringLiteral("-"));
 }
