@@ -43,6 +43,11 @@ QString runWithPackets(const SLinkReport& report, quint64 bytes)
     return runWith(report, QStringLiteral("--camera-set %1=%2").arg(report.packetSizeFeature).arg(bytes));
 }
 
+QString testAgain(const SLinkReport& report)
+{
+    return QStringLiteral("halvex-host cameras %1 --test 10s").arg(report.address);
+}
+
 // Frames per second that leave a fifth of the link free; empty when the camera has no rate to set.
 QString lowerRate(const SLinkReport& report)
 {
@@ -167,8 +172,7 @@ Advice onLoss(const SLinkReport& report)
                                .arg(resendText(report));
     const QString command = lowerRate(report);
     if (command.isEmpty())
-        return SLinkAdvice{reason + QStringLiteral(", and test again."),
-                           QStringLiteral("halvex-host cameras %1 --test 10s").arg(report.address)};
+        return SLinkAdvice{reason + QStringLiteral(", and test again."), testAgain(report)};
     return SLinkAdvice{reason + QStringLiteral(", or fewer frames per second."), command};
 }
 
@@ -182,11 +186,14 @@ Advice onSmallRing(const SLinkReport& report)
 
 Advice onSlowReading(const SLinkReport& report)
 {
-    if (drops(report) == 0 || isBufferTooSmall(report) || lowerRate(report).isEmpty())
+    if (drops(report) == 0 || isBufferTooSmall(report))
         return {};
-    return SLinkAdvice{QStringLiteral("The kernel dropped %1, since this computer did not take them fast enough.")
-                           .arg(counted(drops(report), "packet")),
-                       lowerRate(report)};
+    const QString reason = QStringLiteral("The kernel dropped %1, since this computer did not take them fast enough.")
+                               .arg(counted(drops(report), "packet"));
+    const QString command = lowerRate(report);
+    return command.isEmpty()
+               ? SLinkAdvice{reason + QStringLiteral(" End what else it does, and test again."), testAgain(report)}
+               : SLinkAdvice{reason, command};
 }
 
 Advice onUnderruns(const SLinkReport& report)

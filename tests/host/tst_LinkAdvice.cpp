@@ -98,6 +98,12 @@ void tst_LinkAdvice::commands_data()
         },
         {"sudo sysctl -w net.core.rmem_max=16777216"});
     row("slow computer", [](SLinkReport& report) { report.socket.drops = 17; }, {run + "--fps 8"});
+    row("slow computer, camera without a rate",
+        [](SLinkReport& report) {
+            report.socket.drops = 17;
+            report.hasFrameRate = false;
+        },
+        {"halvex-host cameras 192.168.0.5 --test 10s"});
     row("cable", &loseFrames, {run + "--fps 7.2", "sudo ethtool -G eth0 rx 4096"});
     row("camera without a rate",
         [](SLinkReport& report) {
