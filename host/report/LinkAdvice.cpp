@@ -48,14 +48,14 @@ QString testAgain(const SLinkReport& report)
     return QStringLiteral("halvex-host cameras %1 --test 10s").arg(report.address);
 }
 
-// Frames per second that leave a fifth of the link free; empty when the camera has no rate to set.
+// Fewer frames per second than came, whole or not, by a fifth; empty when the camera has no rate to set.
 QString lowerRate(const SLinkReport& report)
 {
     constexpr double share = 0.8;
-    const std::optional<double> rate = report.framesPerSecond();
-    return report.hasFrameRate && rate
-               ? runWith(report, QStringLiteral("--fps %1").arg(QString::number(*rate * share, 'g', 3)))
-               : QString();
+    if (!report.hasFrameRate || report.frames.grabbed == 0 || report.time.count() <= 0)
+        return {};
+    const double rate = double(report.frames.grabbed) * 1000.0 / double(report.time.count());
+    return runWith(report, QStringLiteral("--fps %1").arg(QString::number(rate * share, 'g', 3)));
 }
 
 // A packet size that saves a quarter of the packets or more, if there is one.

@@ -37,10 +37,10 @@ offers "--json" check --j
 offers "" run --output ""
 offers "" run chain.json --load ""
 offers fake run --camera ""
-offers 'PNG\ Sink' models P
+offers 'PNG\ Sink' models PNG
 offers 'PNG\ Sink' models 'PNG\ '
 offers "blur.size=" run --set blur.s
-offers 'threshold\ files.sinkName=' run --set 'threshold\ f'
+offers 'threshold\ files.sinkName=' run --set 'threshold\ files.sinkN'
 offers "TriggerMode=" run --camera-set TriggerM
 
 echo '[{"name": "soft", "model": {"name": "Blur"}, "unique_sources": [["*"]]}]' >own.json
