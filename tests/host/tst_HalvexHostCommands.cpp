@@ -31,12 +31,13 @@ void tst_HalvexHostCommands::help_data()
            QStringList{"[CHAIN]", "--camera ID", "--frames N", "--fps N", "--output DIR", "--pixel-format NAME",
                        "--write-every N", "--load FILE", "--save FILE", "--plugins DIR", "--set NODE.key=value",
                        "--camera-set Feature=value", "--duration TIME", "--timeout TIME", "--strict", "--json FILE",
-                       "--buffers N"});
+                       "--buffers N", "--no-resend"});
     addRow("check", QStringList{"check", "-h"},
            QStringList{"FILE", "--camera ID", "--json", "--sarif", "--strict", "--plugins DIR"});
     addRow("compare", QStringList{"compare", "-h"}, QStringList{"A", "B"});
     addRow("models", QStringList{"models", "-h"}, QStringList{"NAME", "--plugins DIR"});
-    addRow("cameras", QStringList{"cameras", "-h"}, QStringList{"ID"});
+    addRow("cameras", QStringList{"cameras", "-h"},
+           QStringList{"ID", "--test TIME", "--camera-set Feature=value", "--buffers N", "--no-resend", "--json"});
     addRow("plugins", QStringList{"plugins", "-h"}, QStringList{"--plugins DIR"});
 }
 
