@@ -95,12 +95,13 @@ QString commandText(const CLI::App& command)
 QString manPage(const CLI::App& program, const ExitCodes& exitCodes)
 {
     const QString about = escaped(program.get_description());
-    QString text =
-        QStringLiteral(".TH HALVEX\\-HOST 1 \"\" \"halvex\\-host %1\" \"User Commands\"\n"
-                       ".SH NAME\nhalvex\\-host \\- %2\n"
-                       ".SH SYNOPSIS\n.B halvex\\-host\n\\fICOMMAND\\fR [\\fIOPTION\\fR]...\n"
-                       ".SH DESCRIPTION\n%3\n")
-            .arg(QLatin1String(HALVEX_VERSION_STR), about.left(1).toLower() + about.mid(1).chopped(1), about);
+    // As part of the line that names the program.
+    const QString inShort = about.at(0).toLower() + about.mid(1).chopped(1);
+    QString text = QStringLiteral(".TH HALVEX\\-HOST 1 \"\" \"halvex\\-host %1\" \"User Commands\"\n"
+                                  ".SH NAME\nhalvex\\-host \\- %2\n"
+                                  ".SH SYNOPSIS\n.B halvex\\-host\n\\fICOMMAND\\fR [\\fIOPTION\\fR]...\n"
+                                  ".SH DESCRIPTION\n%3\n")
+                       .arg(QLatin1String(HALVEX_VERSION_STR), inShort, about);
     text += exampleText(program) + QStringLiteral(".SH OPTIONS\n") + optionEntries(program);
     text += QStringLiteral(".SH COMMANDS\n");
     for (const CLI::App* command : program.get_subcommands({}))
