@@ -104,7 +104,7 @@ Advice onSmallSocketBuffer(const SLinkReport& report)
 {
     if (drops(report) == 0 || !isBufferTooSmall(report))
         return {};
-    quint64 bytes = 1024 * 1024;
+    quint64 bytes = 1 << 20;
     while (bytes < 2 * report.frameBytes)
         bytes *= 2;
     return SLinkAdvice{
