@@ -19,14 +19,13 @@ QStringList words(const QString& line)
     QStringList words;
     QString word;
     QChar quote;
-    for (const QChar c : line + ' ') {
+    const QString text = line + ' ';
+    for (const QChar c : text) {
         if (!quote.isNull() && c == quote)
             quote = QChar();
-        else if (!quote.isNull())
-            word += c;
-        else if (c == '\'' || c == '"')
+        else if (quote.isNull() && (c == '\'' || c == '"'))
             quote = c;
-        else if (c != ' ')
+        else if (!quote.isNull() || c != ' ')
             word += c;
         else if (!word.isEmpty()) {
             if (QStringList{"#", "|", ">", "<"}.contains(word))

@@ -34,9 +34,9 @@ public:
 
     quint16 port() const { return ntohs(m_address.sin_port); }
 
-    void setBuffer(int bytes) { setsockopt(m_descriptor, SOL_SOCKET, SO_RCVBUF, &bytes, sizeof bytes); }
+    void setBuffer(int bytes) const { setsockopt(m_descriptor, SOL_SOCKET, SO_RCVBUF, &bytes, sizeof bytes); }
 
-    void sendToItself(int packets)
+    void sendToItself(int packets) const
     {
         const QByteArray packet(1000, 'x');
         for (int i = 0; i < packets; ++i)
