@@ -11,6 +11,7 @@ host_packages=(pkg-config libaravis-dev libusb-1.0-0-dev # named in aravis-0.8.p
     libplplot-dev plplot-driver-cairo fonts-dejavu-core # charts, drawn in memory
     libcli11-dev rapidjson-dev libvalijson-dev) # headers: arguments, JSON with its places, and JSON Schema
 test_packages=(aravis-tools # arv-fake-gv-camera-0.8, a GigE Vision camera on the loopback
+    man-db   # reads the manual page
     python3) # compiles the samples
 race_packages=(qtbase5-private-dev) # how Qt's events name their sender, for the race detector
 fuzz_packages=(clang libclang-rt-dev llvm)

@@ -13,6 +13,7 @@
 
 #include <arv.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace Host {
@@ -21,6 +22,17 @@ namespace {
 
 // Cameras count the time of a frame in steps of their own, so that few rates are met exactly.
 constexpr double rateTolerance = 0.01;
+
+// The packets of a whole frame come at once. They are to find room in the socket's buffer, as far as the kernel allows.
+void configureStream(ArvStream* stream, std::size_t frameBytes, bool asksAgain)
+{
+    constexpr std::size_t leastBytes = 1 << 20;
+    constexpr std::size_t mostBytes = 1 << 30;
+    if (ARV_IS_GV_STREAM(stream))
+        g_object_set(stream, "socket-buffer", ARV_GV_STREAM_SOCKET_BUFFER_FIXED, "socket-buffer-size",
+                     gint(std::clamp(frameBytes, leastBytes, mostBytes)), "packet-resend",
+                     asksAgain ? ARV_GV_STREAM_PACKET_RESEND_ALWAYS : ARV_GV_STREAM_PACKET_RESEND_NEVER, nullptr);
+}
 
 } // namespace
 
@@ -164,10 +176,7 @@ bool CAravisCamera::createStream(QString* error)
         *error = QStringLiteral("camera '%1' gives no stream: %2").arg(m_options.address, reason.text());
         return false;
     }
-    if (m_options.resend)
-        g_object_set(m_stream.get(), "packet-resend",
-                     *m_options.resend ? ARV_GV_STREAM_PACKET_RESEND_ALWAYS : ARV_GV_STREAM_PACKET_RESEND_NEVER,
-                     nullptr);
+    configureStream(m_stream.get(), payload, m_options.resend.value_or(true));
     m_bufferReturn = std::make_shared<CBufferReturn>(m_stream.get());
     for (int i = 0; i < m_options.buffers; ++i)
         arv_stream_push_buffer(m_stream.get(), arv_buffer_new_allocate(payload));

@@ -79,6 +79,10 @@ public:
     int freeBuffers() const;
 
     QString stallText(const QString& time, bool isSilent, const SGrabStatistics& before) const override;
+    /// The camera library's own objects, for questions that this class does not answer. The stream is null while
+    /// stopped.
+    _ArvCamera* handle() const { return m_camera.get(); }
+    _ArvStream* stream() const { return m_stream.get(); }
 
 private:
     CAravisCamera(SCameraOptions options, GObjectPtr<_ArvCamera> camera);

@@ -19,6 +19,13 @@ bool isAddress(const QString& text)
     return std::all_of(text.begin(), text.end(), [](QChar c) { return c.isDigit() || c == QLatin1Char('.'); });
 }
 
+QString protocolName(const QString& protocol)
+{
+    // "GigEVision", "USB3Vision"
+    const QString vision = QStringLiteral("Vision");
+    return protocol.endsWith(vision) ? protocol.chopped(vision.size()) + QLatin1Char(' ') + vision : protocol;
+}
+
 } // namespace
 
 std::vector<SCameraEntry> findCameras()
@@ -32,7 +39,7 @@ std::vector<SCameraEntry> findCameras()
         const bool isOnTheNetwork = protocol == QLatin1String("GigEVision");
         cameras.push_back({QString::fromUtf8(isOnTheNetwork ? arv_get_device_address(i) : arv_get_device_id(i)),
                            QString::fromUtf8(arv_get_device_vendor(i)), QString::fromUtf8(arv_get_device_model(i)),
-                           QString::fromUtf8(arv_get_device_serial_nbr(i)), protocol});
+                           QString::fromUtf8(arv_get_device_serial_nbr(i)), protocolName(protocol)});
     }
     return cameras;
 }

@@ -20,12 +20,14 @@ struct SCameraOptions
     QString address = QStringLiteral("fake");
     QString pixelFormat;          ///< GenICam name; empty leaves the camera's own.
     double framesPerSecond = 0.0; ///< 0 leaves the camera's own rate.
-    int buffers = 16;             ///< Frames that may be in flight at once, at least 1.
+    int buffers = 16;             ///< Frames that may be in flight at once, from 1 to mostBuffers.
 
     std::vector<std::pair<QString, QString>> features; ///< GenICam features to set last, in this order, as text.
     std::chrono::milliseconds reconnect{0};            ///< How long it is waited for when it has gone; 0: not at all.
     std::chrono::milliseconds silence{5000};           ///< Then it has gone.
-    std::optional<bool> resend{}; ///< Whether lost packets are asked for again, which only GigE Vision cameras can.
+    std::optional<bool> resend{}; ///< Whether lost packets are asked for again, which only GigE Vision cameras can: yes.
+
+    static constexpr int mostBuffers = 10000;
 
     /// Whether it is one of the cameras that are built into the library.
     static bool isFake(const QString& address);

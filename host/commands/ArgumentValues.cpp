@@ -50,6 +50,26 @@ std::chrono::milliseconds readTime(const char* option, const std::string& text)
     return std::chrono::milliseconds(std::llround(milliseconds));
 }
 
+bool readSwitch(const char* option, const std::string& text)
+{
+    if (text != "on" && text != "off")
+        refuse(QStringLiteral("%1 takes 'on' or 'off', not '%2'.").arg(option, QString::fromStdString(text)));
+    return text == "on";
+}
+
+std::vector<std::pair<QString, QString>> readFeatures(const std::vector<std::string>& texts)
+{
+    std::vector<std::pair<QString, QString>> features;
+    for (const std::string& text : texts) {
+        const QString feature = QString::fromStdString(text);
+        const int sign = feature.indexOf(QLatin1Char('='));
+        if (sign < 1)
+            refuse(QStringLiteral("--camera-set takes Feature=value, not '%1'.").arg(feature));
+        features.emplace_back(feature.left(sign), feature.mid(sign + 1));
+    }
+    return features;
+}
+
 QStringList readCameras(const std::vector<std::string>& texts)
 {
     QStringList cameras;

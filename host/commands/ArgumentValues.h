@@ -8,6 +8,7 @@
 
 #include <chrono>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Host {
@@ -20,6 +21,12 @@ int readCount(const char* option, const std::string& text, int least, int most);
 
 /// The time that \a text is, such as "500ms", "30s", "5min", "2h" or, in seconds, "30"; refuses everything else.
 std::chrono::milliseconds readTime(const char* option, const std::string& text);
+
+/// Whether \a text is "on"; refuses everything but that and "off".
+bool readSwitch(const char* option, const std::string& text);
+
+/// What was given with --camera-set, as names and values; refuses what has no "=".
+std::vector<std::pair<QString, QString>> readFeatures(const std::vector<std::string>& texts);
 
 /// What was given with --camera: each is the name of a folder, and given once; refuses everything else.
 QStringList readCameras(const std::vector<std::string>& texts);

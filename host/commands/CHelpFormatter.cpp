@@ -50,6 +50,25 @@ std::string CHelpFormatter::make_usage(const CLI::App* command, std::string name
     return "\n" + CLI::detail::find_and_replace(Formatter::make_usage(command, std::move(name)), "  ", " ");
 }
 
+std::string CHelpFormatter::make_help(const CLI::App* command, std::string name, CLI::AppFormatMode mode) const
+{
+    const std::string text = Formatter::make_help(command, std::move(name), mode);
+    return CLI::detail::find_and_replace(text, "\n\n\n", "\n\n");
+}
+
+std::string CHelpFormatter::make_option_name(const CLI::Option* option, bool isPositional) const
+{
+    return CLI::detail::find_and_replace(Formatter::make_option_name(option, isPositional), ",", ", ");
+}
+
+std::string CHelpFormatter::make_option_opts(const CLI::Option* option) const
+{
+    // Whether it must be given is told by the line of usage.
+    if (option->get_positional())
+        return option->get_items_expected_max() > 1 ? "..." : "";
+    return option->get_type_size() > 0 ? " " + option->get_type_name() : "";
+}
+
 std::string CHelpFormatter::make_option_desc(const CLI::Option* option) const
 {
     return wrapped(option->get_description());

@@ -17,6 +17,9 @@ public:
 
     std::string make_subcommand(const CLI::App* command) const override;
     std::string make_usage(const CLI::App* command, std::string name) const override;
+    std::string make_help(const CLI::App* command, std::string name, CLI::AppFormatMode mode) const override;
+    std::string make_option_name(const CLI::Option* option, bool isPositional) const override;
+    std::string make_option_opts(const CLI::Option* option) const override;
     std::string make_option_desc(const CLI::Option* option) const override;
 };
 

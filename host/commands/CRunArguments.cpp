@@ -43,8 +43,8 @@ void CRunArguments::declareSources(CLI::App& command)
         ->take_all();
     command
         .add_option("--camera", m_cameras,
-                    "'fake' (default), 'fake-1', 'fake-2'..., or the address of a GigE Vision camera. May be given "
-                    "several times.")
+                    "'fake' (default), 'fake-1', 'fake-2'..., or a camera as 'cameras' lists it. May be given several "
+                    "times.")
         ->type_name("ID")
         ->expected(1)
         ->allow_extra_args(false)
@@ -164,7 +164,7 @@ SRunOptions CRunArguments::options() const
     options.isKept = m_isKept;
     options.isStrict = m_isStrict;
     if (isGiven("--buffers"))
-        camera.buffers = readCount("--buffers", m_buffers, 1, 10000);
+        camera.buffers = readCount("--buffers", m_buffers, 1, SCameraOptions::mostBuffers);
     readSettings(&camera, &options);
     if (isGiven("--write-every"))
         options.writeEvery = readCount("--write-every", m_writeEvery, 1, SRunOptions::maxFrames);
@@ -202,13 +202,7 @@ void CRunArguments::readSettings(SCameraOptions* camera, SRunOptions* options) c
             refuse(QStringLiteral("--set takes NODE.key=value, not '%1'.").arg(QString::fromStdString(each)));
         options->settings.push_back(setting);
     }
-    for (const std::string& each : m_features) {
-        const QString feature = QString::fromStdString(each);
-        const int sign = feature.indexOf(QLatin1Char('='));
-        if (sign < 1)
-            refuse(QStringLiteral("--camera-set takes Feature=value, not '%1'.").arg(feature));
-        camera->features.emplace_back(feature.left(sign), feature.mid(sign + 1));
-    }
+    camera->features = readFeatures(m_features);
 }
 
 void CRunArguments::readGraph(SRunOptions* options) const

@@ -48,11 +48,8 @@ void CSourceArguments::readHandling(SCameraOptions* camera) const
 {
     if (m_command->count("--reconnect") > 0)
         camera->reconnect = readTime("--reconnect", m_reconnect == "true" ? "60s" : m_reconnect);
-    if (m_command->count("--resend") == 0)
-        return;
-    if (m_resend != "on" && m_resend != "off")
-        refuse(QStringLiteral("--resend takes 'on' or 'off', not '%1'.").arg(QString::fromStdString(m_resend)));
-    camera->resend = m_resend == "on";
+    if (m_command->count("--resend") > 0)
+        camera->resend = readSwitch("--resend", m_resend);
 }
 
 void CSourceArguments::readFiles(double framesPerSecond, int framesInFlight, SRunOptions* options) const

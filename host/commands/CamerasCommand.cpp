@@ -2,62 +2,62 @@
 // SPDX-License-Identifier: LicenseRef-Halvex
 
 #include "host/base/EExitCode.h"
-#include "host/camera/CFeatures.h"
 #include "host/camera/Device.h"
+#include "host/commands/ArgumentValues.h"
 #include "host/commands/Commands.h"
+#include "host/commands/TestCamera.h"
 #include "host/report/CTable.h"
+#include "host/report/FeatureList.h"
 #include "host/report/Terminal.h"
 #include "host/run/Output.h"
+#include "host/run/PrintResult.h"
 
 #include <CLI/CLI.hpp>
 
+#include <QJsonDocument>
+#include <QJsonObject>
+
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace Host {
 
 namespace {
 
-int listCameras()
+struct SCamerasArguments
 {
+    std::string id;
+    std::string time;
+    std::vector<std::string> features;
+    std::string buffers;
+    std::string resend;
+    bool isJson = false;
+};
+
+int print(const QJsonArray& array)
+{
+    return printResult(QString::fromUtf8(QJsonDocument(array).toJson()));
+}
+
+int listCameras(bool isJson)
+{
+    QJsonArray array;
     CTable table({"Camera", "Maker", "Model", "Serial number", "Protocol"});
-    for (const SCameraEntry& camera : findCameras())
+    for (const SCameraEntry& camera : findCameras()) {
         table.addRow({camera.id, camera.maker, camera.model, camera.serialNumber, camera.protocol});
-    return printText(table.text(columnsOf(stdout), takesColors(stdout))) ? Done : Failed;
-}
-
-// A line for each feature; what it takes goes below it when it finds no room beside it.
-QString featureText(const std::vector<SFeature>& features, int width, bool isBold)
-{
-    constexpr int nameColumns = 32;
-    constexpr int valueColumns = 20;
-    const QString bold = isBold ? QStringLiteral("\x1b[1m%1\x1b[0m\n") : QStringLiteral("%1\n");
-    QString text;
-    QString category;
-    for (const SFeature& feature : features) {
-        if (feature.category != category)
-            text += (category.isEmpty() ? QString() : QStringLiteral("\n")) + bold.arg(feature.category);
-        category = feature.category;
-        const QString value = feature.value.isEmpty() ? QStringLiteral("-") : feature.value;
-        QString line = QStringLiteral("  %1 %2").arg(feature.name.leftJustified(nameColumns), value);
-        QString takes = feature.type == QLatin1String("one of") || feature.range.isEmpty()
-                            ? feature.range
-                            : QStringLiteral("%1, %2").arg(feature.type, feature.range);
-        if (takes.isEmpty())
-            takes = feature.type;
-        if (!feature.isWritable)
-            takes = QStringLiteral("read only");
-        line = line.leftJustified(2 + nameColumns + 1 + valueColumns);
-        if (line.size() + 1 + takes.size() <= width)
-            text += QStringLiteral("%1 %2\n").arg(line, takes);
-        else
-            text += line.trimmed().prepend(QStringLiteral("  ")) + QLatin1Char('\n') +
-                    wrapped(takes, width, 2 + nameColumns + 1);
+        array.append(QJsonObject{{"id", camera.id},
+                                 {"maker", camera.maker},
+                                 {"model", camera.model},
+                                 {"serial_number", camera.serialNumber},
+                                 {"protocol", camera.protocol}});
     }
-    return text;
+    if (isJson)
+        return print(array);
+    return printResult(table.text(columnsOf(stdout), takesColors(stdout)));
 }
 
-int showFeatures(const QString& id)
+int showFeatures(const QString& id, bool isJson)
 {
     CGLibError error;
     const GObjectPtr<_ArvDevice> device = openDevice(id, &error);
@@ -65,23 +65,73 @@ int showFeatures(const QString& id)
         printErrorLine(QStringLiteral("cannot open camera '%1': %2").arg(id, error.text()));
         return Refused;
     }
-    const QString text = featureText(CFeatures(device.get()).all(), columnsOf(stdout), takesColors(stdout));
-    return printText(text) ? Done : Failed;
+    const std::vector<SFeature> features = CFeatures(device.get()).all();
+    if (isJson)
+        return print(featureJson(features));
+    return printResult(featureText(features, columnsOf(stdout), takesColors(stdout)));
+}
+
+void declare(CLI::App& command, SCamerasArguments* arguments)
+{
+    const char* const group = "Measuring";
+    command.add_option("ID", arguments->id, "A camera, as 'cameras' lists it: its features with values and ranges.")
+        ->type_name("");
+    command.add_flag("--json", arguments->isJson, "Print all of it as JSON.");
+    command
+        .add_option("--test", arguments->time,
+                    "Grab its frames for that time, 500ms, 10s, 5min, and tell what became of their packets, and what "
+                    "to change. Exit code 1 when a frame was lost.")
+        ->type_name("TIME")
+        ->group(group);
+    command.add_option("--camera-set", arguments->features, "Set a feature before. May be given several times.")
+        ->type_name("Feature=value")
+        ->expected(1)
+        ->allow_extra_args(false)
+        ->take_all()
+        ->group(group);
+    command.add_option("--buffers", arguments->buffers, "Frames that may be in flight at once (default: 16).")
+        ->type_name("N")
+        ->group(group);
+    command
+        .add_option("--resend", arguments->resend,
+                    "Whether a GigE Vision camera is asked for lost packets again: on (default) or off.")
+        ->type_name("on|off")
+        ->group(group);
+}
+
+Action actionFor(const SCamerasArguments& arguments)
+{
+    const QString id = QString::fromStdString(arguments.id);
+    const bool isJson = arguments.isJson;
+    const bool isForTest = !arguments.features.empty() || !arguments.buffers.empty() || !arguments.resend.empty();
+    if (!arguments.time.empty() && id.isEmpty())
+        refuse(QStringLiteral("--test takes a camera's ID."));
+    if (isForTest && arguments.time.empty())
+        refuse(QStringLiteral("--camera-set, --buffers and --resend go with --test."));
+    if (!arguments.time.empty()) {
+        SCameraOptions camera;
+        camera.address = id;
+        if (!arguments.resend.empty())
+            camera.resend = readSwitch("--resend", arguments.resend);
+        camera.features = readFeatures(arguments.features);
+        if (!arguments.buffers.empty())
+            camera.buffers = readCount("--buffers", arguments.buffers, 1, SCameraOptions::mostBuffers);
+        return [camera, isJson, time = readTime("--test", arguments.time)] { return testCamera(camera, time, isJson); };
+    }
+    return [id, isJson] { return id.isEmpty() ? listCameras(isJson) : showFeatures(id, isJson); };
 }
 
 } // namespace
 
 void addCamerasCommand(CLI::App& program, Action* action)
 {
-    CLI::App& command = addCommand(program, "cameras", "List the cameras, or the features of one.",
+    CLI::App& command = addCommand(program, "cameras", "List the cameras, the features of one, or test its link.",
                                    "  halvex-host cameras\n"
-                                   "  halvex-host cameras 192.168.0.5");
-    const auto id = std::make_shared<std::string>();
-    command.add_option("ID", *id, "A camera, as 'cameras' lists it: its features with values and ranges.")
-        ->type_name("");
-    command.final_callback([id, action] {
-        *action = [id] { return id->empty() ? listCameras() : showFeatures(QString::fromStdString(*id)); };
-    });
+                                   "  halvex-host cameras 192.168.0.5\n"
+                                   "  halvex-host cameras 192.168.0.5 --test 10s");
+    const auto arguments = std::make_shared<SCamerasArguments>();
+    declare(command, arguments.get());
+    command.final_callback([arguments, action] { *action = actionFor(*arguments); });
 }
 
 } // namespace Host

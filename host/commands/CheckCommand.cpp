@@ -8,12 +8,12 @@
 #include "host/commands/Commands.h"
 #include "host/plugins/CHostServices.h"
 #include "host/run/Output.h"
+#include "host/run/PrintResult.h"
 
 #include <Halvex/Halvex.h>
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -59,7 +59,7 @@ int checkDocuments(const SCheckArguments& arguments, const QStringList& cameras)
     options.cameras = cameras;
     CDocumentCheck check(services.nodes(), services.models(), options);
     const SCheckOutcome outcome = checkFiles(files, check, reportOptions(arguments));
-    return printText(QString::fromUtf8(outcome.report)) ? outcome.exitCode : std::max(outcome.exitCode, int(Failed));
+    return printResult(QString::fromUtf8(outcome.report), outcome.exitCode);
 }
 
 void declare(CLI::App& command, SCheckArguments* arguments)

@@ -7,7 +7,11 @@
 #include "host/base/EExitCode.h"
 #include "host/base/Shown.h"
 #include "host/commands/CHelpFormatter.h"
+#include "host/commands/CommandWords.h"
+#include "host/commands/Completion.h"
+#include "host/commands/ManPage.h"
 #include "host/run/Output.h"
+#include "host/run/PrintResult.h"
 
 #include <Halvex/Halvex.h>
 
@@ -32,25 +36,30 @@ const char examples[] = R"(Examples:
   halvex-host run chain.json --camera 192.168.0.5
   halvex-host run --help             what else a run can do
 
-Exit codes: 0 done, 1 it ran and something failed, 2 a request that cannot be
-met, 128 and the number of the signal that ended it.)";
+Exit codes:)";
 
-QStringList commandNames(const CLI::App& program)
+ExitCodes exitCodes()
 {
-    QStringList names;
-    for (const CLI::App* command : program.get_subcommands({}))
-        names << QString::fromStdString(command->get_name());
-    return names;
+    return {{QStringLiteral("0"), QStringLiteral("done")},
+            {QStringLiteral("1"), QStringLiteral("it ran, and something failed")},
+            {QStringLiteral("2"), QStringLiteral("a request that cannot be met")},
+            {QStringLiteral("128+n"), QStringLiteral("ended by signal n, 130 for Ctrl-C")}};
 }
 
-QStringList optionNames(const CLI::App& command)
+std::string footer()
 {
-    QStringList names;
-    for (const CLI::Option* option : command.get_options()) {
-        for (const std::string& name : option->get_lnames())
-            names << QString::fromStdString("--" + name);
-    }
-    return names;
+    QString text = QLatin1String(examples);
+    for (const auto& code : exitCodes())
+        text += QStringLiteral("\n  %1%2").arg(code.first.leftJustified(7), code.second);
+    return text.toStdString();
+}
+
+QString lines(const QStringList& words)
+{
+    QString text;
+    for (const QString& word : words)
+        text += word + QLatin1Char('\n');
+    return text;
 }
 
 // What stands where nothing of that kind belongs.
@@ -104,9 +113,9 @@ int parse(CLI::App& program, const QStringList& arguments)
     try {
         program.parse(stack(arguments));
     } catch (const CLI::CallForVersion&) {
-        return printText(QStringLiteral("halvex-host " HALVEX_VERSION_STR "\n")) ? Done : Failed;
+        return printResult(QStringLiteral("halvex-host " HALVEX_VERSION_STR "\n"));
     } catch (const CLI::CallForHelp&) {
-        return printText(QString::fromStdString(program.help("halvex-host"))) ? Done : Failed;
+        return printResult(QString::fromStdString(program.help("halvex-host")));
     } catch (const CLI::ParseError& error) {
         return refuse(program, chosenCommand(program), sentence(error));
     }
@@ -132,26 +141,34 @@ CLI::App& addCommand(CLI::App& program, const char* name, const char* descriptio
 
 void addPluginsOption(CLI::App& command, std::string* folder)
 {
-    command
-        .add_option("--plugins", *folder, "Folder with the plugins (default: 'plugins' beside the program's folder).")
-        ->type_name("DIR");
+    command.add_option("--plugins", *folder, "Folder with the plugins (default: the program's own).")->type_name("DIR");
 }
 
-int execute(const QStringList& arguments)
+int readArguments(const QStringList& arguments, Action* action)
 {
     CLI::App program("Streams the frames of cameras through Halvex graphs.");
     program.formatter(std::make_shared<CHelpFormatter>());
-    program.footer(examples);
+    program.footer(footer());
     program.set_version_flag("--version", std::string(HALVEX_VERSION_STR), "Print the version and exit.");
     program.set_help_flag("-h,--help", "Print this help and exit.");
     program.require_subcommand(0, 1); // the name of a second one is an argument of the first
     // What is left over is refused here, with the closest words that there are.
     program.allow_extras();
-    Action action;
     for (const auto& add : addCommands)
-        add(program, &action);
+        add(program, action);
 
-    const int exitCode = parse(program, arguments);
+    // What the shell and the build ask for; nobody types it.
+    if (arguments.value(0) == QLatin1String("--complete"))
+        return printResult(lines(completions(program, arguments.mid(1))));
+    if (arguments.value(0) == QLatin1String("--man-page"))
+        return printResult(manPage(program, exitCodes()));
+    return parse(program, arguments);
+}
+
+int execute(const QStringList& arguments)
+{
+    Action action;
+    const int exitCode = readArguments(arguments, &action);
     return exitCode == Done && action ? action() : exitCode;
 }
 

@@ -51,6 +51,10 @@ CLI::App& addCommand(CLI::App& program, const char* name, const char* descriptio
 /// Declares --plugins DIR for \a command.
 void addPluginsOption(CLI::App& command, std::string* folder);
 
+/// Puts into \a action what \a arguments ask for, and returns Done. Refuses what makes no sense as the program does,
+/// and leaves \a action as it was; also when it is for help, which it prints.
+int readArguments(const QStringList& arguments, Action* action);
+
 /// Does what \a arguments ask for, the program's name not among them, and returns the exit code.
 int execute(const QStringList& arguments);
 

@@ -11,6 +11,7 @@
 #include "host/report/CTable.h"
 #include "host/report/Terminal.h"
 #include "host/run/Output.h"
+#include "host/run/PrintResult.h"
 
 #include <Halvex/service/INodeService.h>
 
@@ -66,14 +67,15 @@ void addTypes(const CNodeDataModel& model, Types* types)
     }
 }
 
-QString convertersText(const CNodeDataModelRegistry& registry, const Types& types)
+QString convertersText(const CNodeDataModelRegistry& registry, const Types& types, int width)
 {
     QString text;
     for (const auto& from : types) {
         for (const auto& to : types) {
             if (registry.getTypeConverter(from.second, to.second))
-                text += QStringLiteral("  %1 (%2) to %3 (%4)\n")
-                            .arg(from.second.name, from.first, to.second.name, to.first);
+                text += wrapped(
+                    QStringLiteral("%1 (%2) to %3 (%4)").arg(from.second.name, from.first, to.second.name, to.first),
+                    width, 2);
         }
     }
     return text.isEmpty() ? text : QStringLiteral("\nConverters\n") + text;
@@ -104,7 +106,7 @@ std::unique_ptr<CNodeDataModel> make(CNodeDataModelRegistry& registry, const QSt
 QString overview(CNodeDataModelRegistry& registry, const CPluginHost& plugins)
 {
     Types types;
-    CTable table({"Category", "Model", "Takes", "Gives", ">Settings", "Plugin"});
+    CTable table({"Category", "Model", "Takes", "Gives", ">Settings", "Plugin"}, 2);
     QString category;
     for (const auto& entry : modelNames(registry)) {
         const auto model = make(registry, entry.second);
@@ -118,7 +120,8 @@ QString overview(CNodeDataModelRegistry& registry, const CPluginHost& plugins)
                       settings == 0 ? QString() : QString::number(settings), pluginOf(*model, plugins)});
         category = entry.first;
     }
-    return table.text(columnsOf(stdout), takesColors(stdout)) + convertersText(registry, types);
+    const int width = columnsOf(stdout);
+    return table.text(width, takesColors(stdout)) + convertersText(registry, types, width);
 }
 
 void addPorts(const CNodeDataModel& model, ENodePortType side, const QString& name, CTable* table)
@@ -137,7 +140,8 @@ QString details(const CNodeDataModel& model, const QString& name, const QString&
     CTable ports({"Port", "Type", "Type's id", "Caption"});
     addPorts(model, ENodePortType::In, QStringLiteral("in"), &ports);
     addPorts(model, ENodePortType::Out, QStringLiteral("out"), &ports);
-    QString text = QStringLiteral("%1 (%2, from the plugin %3)\n\n").arg(name, category, plugin);
+    QString text = wrapped(QStringLiteral("%1 (%2, from the plugin %3)").arg(name, category, plugin), width, 0) +
+                   QLatin1Char('\n');
     text += ports.isEmpty() ? QStringLiteral("No ports.\n") : ports.text(width, isBold);
 
     CTable table({"Setting", "Type", "Default", "Takes"});
@@ -162,7 +166,7 @@ int showModels(const QString& folder, const QString& name)
     }
     const auto registry = services.nodes().registry();
     if (name.isEmpty())
-        return printText(overview(*registry, services.plugins())) ? Done : Failed;
+        return printResult(overview(*registry, services.plugins()));
 
     QStringList known;
     for (const auto& entry : modelNames(*registry)) {
@@ -170,8 +174,8 @@ int showModels(const QString& folder, const QString& name)
         if (entry.second != name)
             continue;
         const auto model = make(*registry, name);
-        return model && printText(details(*model, name, entry.first, pluginOf(*model, services.plugins()))) ? Done
-                                                                                                            : Failed;
+        return model ? printResult(details(*model, name, entry.first, pluginOf(*model, services.plugins())))
+                     : int(Failed);
     }
     printErrorLine(QStringLiteral("no model '%1' is registered%2").arg(name, didYouMean(name, known)));
     return Refused;

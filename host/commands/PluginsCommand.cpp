@@ -9,6 +9,7 @@
 #include "host/report/CTable.h"
 #include "host/report/Terminal.h"
 #include "host/run/Output.h"
+#include "host/run/PrintResult.h"
 
 #include <CLI/CLI.hpp>
 
@@ -47,7 +48,7 @@ int listPlugins(const QString& folder)
         printErrorLine(error);
         return Refused;
     }
-    return printText(pluginsText(services.plugins(), services.folder())) ? Done : Failed;
+    return printResult(pluginsText(services.plugins(), services.folder()));
 }
 
 } // namespace

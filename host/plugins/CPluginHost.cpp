@@ -103,7 +103,9 @@ CPluginHost::~CPluginHost()
 
 QString CPluginHost::defaultFolder()
 {
-    return QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../plugins"));
+    const QDir program(QCoreApplication::applicationDirPath());
+    const QString installed = QDir::cleanPath(program.filePath(QStringLiteral(HALVEX_INSTALLED_PLUGINS)));
+    return QDir(installed).exists() ? installed : QDir::cleanPath(program.filePath(QStringLiteral("../plugins")));
 }
 
 std::vector<SPluginInfo> CPluginHost::plugins() const

@@ -57,7 +57,7 @@ public:
     ~CPluginHost();
     Q_DISABLE_COPY(CPluginHost)
 
-    /// "plugins", beside the folder that the program lies in.
+    /// Where the plugins are installed, seen from the program; in a build, "plugins" beside the program's folder.
     static QString defaultFolder();
 
     static QVersionNumber hostVersion() { return {1, 3, 1}; }

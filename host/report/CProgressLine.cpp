@@ -18,9 +18,10 @@ CProgressLine::CProgressLine(std::FILE* stream, std::chrono::milliseconds quietT
 
 void CProgressLine::show(const QString& text)
 {
-    // A line that goes on in the next one cannot be drawn anew.
+    // A line that the terminal breaks cannot be drawn anew. Its last column stays free, or some terminals break it.
+    const int most = columnsOf(m_stream) - 1;
     if (m_isTerminal)
-        return draw(text.left(columnsOf(m_stream) - 1));
+        return draw(text.size() <= most ? text : text.left(most - 1) + QChar(0x2026));
     const auto now = std::chrono::steady_clock::now();
     if (now < m_next)
         return;
@@ -40,7 +41,7 @@ void CProgressLine::showLast(const QString& text)
 void CProgressLine::draw(const QString& text)
 {
     // Blanks cover what is left of a longer line.
-    std::fprintf(m_stream, "\r%s", qPrintable(text.leftJustified(m_width)));
+    std::fprintf(m_stream, "\r%s", text.leftJustified(m_width).toUtf8().constData());
     std::fflush(m_stream);
     m_width = text.size();
 }

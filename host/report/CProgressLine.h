@@ -11,8 +11,8 @@
 namespace Host {
 
 /**
- * Tells how far a run is: on a terminal one line that is drawn anew, elsewhere a line now and then, so that a log
- * stays readable.
+ * Tells how far a run is: on a terminal one line that is drawn anew, cut where the terminal ends; elsewhere a line now
+ * and then, so that a log stays readable.
  *
  * Threads: one.
  */

@@ -3,6 +3,8 @@
 
 #include "host/report/CTable.h"
 
+#include "host/report/Terminal.h"
+
 #include <algorithm>
 #include <numeric>
 
@@ -12,6 +14,7 @@ namespace {
 
 constexpr int gap = 2;
 constexpr int leastFirstColumn = 16;
+constexpr int leastLastColumn = 16;
 
 QString shortened(const QString& text, int width)
 {
@@ -20,8 +23,9 @@ QString shortened(const QString& text, int width)
 
 } // namespace
 
-CTable::CTable(const QStringList& headings)
-    : m_headings(headings)
+CTable::CTable(const QStringList& headings, int keys)
+    : m_keys(std::size_t(keys))
+    , m_headings(headings)
 {
     for (QString& heading : m_headings) {
         m_isRight.push_back(heading.startsWith(QLatin1Char('>')));
@@ -56,29 +60,42 @@ std::vector<int> CTable::widths(int width) const
     return widths;
 }
 
-std::vector<CTable::Columns> CTable::split(const std::vector<int>& widths, int width) const
+// Words in the last column go on in the next line.
+bool CTable::isOpenEnd(std::size_t column) const
 {
-    std::vector<Columns> tables{{0}};
-    int used = widths.front();
-    for (std::size_t i = 1; i < widths.size(); ++i) {
-        const bool mayBeTooWide = i + 1 == widths.size() && !m_isRight[i];
-        if (used + gap + widths[i] > width && tables.back().size() > 1 && !mayBeTooWide) {
-            tables.push_back({0});
-            used = widths.front();
-        }
-        tables.back().push_back(int(i));
-        used += gap + widths[i];
-    }
-    return tables;
+    return column + 1 == m_isRight.size() && !m_isRight[column];
 }
 
-QString CTable::line(const QStringList& cells, const Columns& columns, const std::vector<int>& widths) const
+std::vector<CTable::Columns> CTable::parts(int width, const std::vector<int>& widths) const
+{
+    Columns keys;
+    int keyWidth = 0;
+    for (std::size_t column = 0; column < m_keys; ++column) {
+        keys.push_back(column);
+        keyWidth += widths[column] + gap;
+    }
+    std::vector<Columns> parts{keys};
+    int used = keyWidth;
+    for (std::size_t column = m_keys; column < widths.size(); ++column) {
+        const int needed = isOpenEnd(column) ? std::min(widths[column], leastLastColumn) : widths[column];
+        if (used + needed > width && parts.back().size() > m_keys) {
+            parts.push_back(keys);
+            used = keyWidth;
+        }
+        parts.back().push_back(column);
+        used += needed + gap;
+    }
+    return parts;
+}
+
+QString CTable::line(const QStringList& cells, const std::vector<int>& widths, const Columns& columns, int width) const
 {
     QString line;
-    for (const int column : columns) {
-        const int width = widths[std::size_t(column)];
-        const QString cell = column == 0 ? shortened(cells.at(column), width) : cells.at(column);
-        line += m_isRight[std::size_t(column)] ? cell.rightJustified(width) : cell.leftJustified(width);
+    for (const std::size_t column : columns) {
+        QString cell = column == 0 ? shortened(cells.at(0), widths[0]) : cells.at(int(column));
+        if (isOpenEnd(column) && line.size() + cell.size() > width)
+            cell = wrapped(cell, width, line.size()).mid(line.size()).chopped(1);
+        line += m_isRight[column] ? cell.rightJustified(widths[column]) : cell.leftJustified(widths[column]);
         line += QString(gap, QLatin1Char(' '));
     }
     while (line.endsWith(QLatin1Char(' ')))
@@ -88,17 +105,16 @@ QString CTable::line(const QStringList& cells, const Columns& columns, const std
 
 QString CTable::text(int width, bool isBold) const
 {
-    const std::vector<int> columnWidths = widths(width);
-    QStringList tables;
-    const std::vector<Columns> all = split(columnWidths, width);
-    for (const Columns& columns : all) {
-        const QString heading = line(m_headings, columns, columnWidths);
-        QString table = (isBold ? QStringLiteral("\x1b[1m%1\x1b[0m").arg(heading) : heading) + QLatin1Char('\n');
+    const QString heading = isBold ? QStringLiteral("\x1b[1m%1\x1b[0m\n") : QStringLiteral("%1\n");
+    const std::vector<int> all = widths(width);
+    QString text;
+    for (const Columns& columns : parts(width, all)) {
+        text +=
+            (text.isEmpty() ? QString() : QStringLiteral("\n")) + heading.arg(line(m_headings, all, columns, width));
         for (const QStringList& row : m_rows)
-            table += line(row, columns, columnWidths) + QLatin1Char('\n');
-        tables << table;
+            text += line(row, all, columns, width) + QLatin1Char('\n');
     }
-    return tables.join(QLatin1Char('\n'));
+    return text;
 }
 
 } // namespace Host

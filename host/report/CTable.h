@@ -19,14 +19,15 @@ namespace Host {
  * printText(table.text(80));
  * \endcode
  *
- * An empty cell is shown as a dash. In a table that is too wide the first column is cut, down to 16 characters. If that
- * is not enough, the columns that do not fit come in a second table below it, with the first column again. But a last
- * column of words may be too wide: a file name that is cut is of no use.
+ * An empty cell is shown as a dash. In a table that is too wide the first column is cut, down to 16 characters. What is
+ * still too wide comes in several parts, one below the other, each with the first columns, by which rows are known.
+ * Words in the last column go on in the next line. Nothing else is cut: a part of a file's name is of no use.
  */
 class CTable
 {
 public:
-    explicit CTable(const QStringList& headings);
+    /// \a keys: how many of the first columns a row is known by.
+    explicit CTable(const QStringList& headings, int keys = 1);
 
     void addRow(const QStringList& cells);
     bool isEmpty() const { return m_rows.empty(); }
@@ -35,12 +36,14 @@ public:
     QString text(int width, bool isBold = false) const;
 
 private:
-    using Columns = std::vector<int>;
+    using Columns = std::vector<std::size_t>; // numbers of columns, in their order
 
     std::vector<int> widths(int width) const;
-    std::vector<Columns> split(const std::vector<int>& widths, int width) const;
-    QString line(const QStringList& cells, const Columns& columns, const std::vector<int>& widths) const;
+    bool isOpenEnd(std::size_t column) const;
+    std::vector<Columns> parts(int width, const std::vector<int>& widths) const;
+    QString line(const QStringList& cells, const std::vector<int>& widths, const Columns& columns, int width) const;
 
+    const std::size_t m_keys;
     QStringList m_headings;
     std::vector<bool> m_isRight;
     std::vector<QStringList> m_rows;

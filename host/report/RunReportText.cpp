@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LicenseRef-Halvex
 
 #include "host/report/CTable.h"
+#include "host/report/LabelledLine.h"
 #include "host/report/SRunReport.h"
 #include "host/report/Terminal.h"
 
@@ -98,15 +99,17 @@ QString SRunReport::text(int width, bool isBold) const
     QTextStream out(&text);
     const QString given = rate(framesPerSecond());
     out << "Graph\n" << graph << '\n';
-    out << "Camera             " << camera << '\n';
-    out << "Ended              " << ending << '\n';
-    out << "Frames grabbed     " << frames.grabbed << " = " << frames.complete << " complete + " << frames.incomplete
-        << " incomplete\n";
-    out << "Underruns          " << frames.underruns << '\n';
-    out << "Frames per second  " << (given.isEmpty() ? QStringLiteral("-") : given) << '\n';
+    const QString grabbed = QStringLiteral("%1 = %2 complete + %3 incomplete")
+                                .arg(frames.grabbed)
+                                .arg(frames.complete)
+                                .arg(frames.incomplete);
+    out << labelledLine("Camera", camera, width) << labelledLine("Ended", ending, width)
+        << labelledLine("Frames grabbed", grabbed, width)
+        << labelledLine("Underruns", QString::number(frames.underruns), width)
+        << labelledLine("Frames per second", given, width);
     const QStringList said = remarks();
     for (const QString& remark : said)
-        out << "Remark             " << remark << '\n';
+        out << labelledLine("Remark", remark, width);
     if (!nodes.empty())
         out << '\n'
             << nodeTable(nodes, span).text(width, isBold)

@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+#include <algorithm>
+
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -25,12 +27,14 @@ bool takesColors(std::FILE* stream)
 
 QString wrapped(const QString& text, int width, int indent)
 {
+    constexpr int mostReadable = 100;
+    const int most = std::min(width, mostReadable);
     QString result;
     QString line;
     const QString margin(indent, QLatin1Char(' '));
     const QStringList words = text.simplified().split(QLatin1Char(' '));
     for (const QString& word : words) {
-        if (!line.isEmpty() && indent + line.size() + 1 + word.size() > width) {
+        if (!line.isEmpty() && indent + line.size() + 1 + word.size() > most) {
             result += margin + line + QLatin1Char('\n');
             line.clear();
         }

@@ -58,6 +58,7 @@ void tst_CRunArguments::defaults()
     QCOMPARE(options.writeEvery, 30);
     QCOMPARE(options.output, QStringLiteral("halvex-output"));
     QCOMPARE(options.silence.count(), 5000);
+    QVERIFY(!options.cameras[0].resend);
 }
 
 void tst_CRunArguments::everyOption()
@@ -79,8 +80,9 @@ void tst_CRunArguments::everyOption()
 
 void tst_CRunArguments::whatIsSet()
 {
-    const SRunOptions options = parse({"--set", "a.b.size=x=1", "--set", "c d.method=", "--camera-set", "Gain=3",
-                                       "--camera-set", "Text=a=b", "--buffers", "3", "--strict", "--json", "-"});
+    const SRunOptions options =
+        parse({"--set", "a.b.size=x=1", "--set", "c d.method=", "--camera-set", "Gain=3", "--camera-set", "Text=a=b",
+               "--buffers", "3", "--strict", "--json", "-"});
     QCOMPARE(options.settings.size(), std::size_t(2));
     QCOMPARE(options.settings[0].node, QStringLiteral("a.b"));
     QCOMPARE(options.settings[0].key, QStringLiteral("size"));

@@ -16,7 +16,8 @@ class tst_CTable : public QObject
 private Q_SLOTS:
     void columnsAreAligned();
     void firstColumnIsCut();
-    void tableIsSplit();
+    void wideTableComesInParts();
+    void lastWordsGoOnInTheNextLine();
     void textIsWrapped();
 };
 
@@ -39,20 +40,33 @@ void tst_CTable::firstColumnIsCut()
     QCOMPARE(table.text(5), QStringLiteral("Node              in\na name of 24 ch…   1\n"));
 }
 
-void tst_CTable::tableIsSplit()
+void tst_CTable::wideTableComesInParts()
 {
-    CTable table({"Node", ">in", ">out", ">rate", "Files"});
-    table.addRow({"a", "1234", "1234", "1000.0", "x.png to y.png"});
-    QCOMPARE(table.text(17), QStringLiteral("Node    in   out\na     1234  1234\n\n"
-                                            "Node    rate  Files\na     1000.0  x.png to y.png\n"));
-    QCOMPARE(table.text(1), QStringLiteral("Node    in\na     1234\n\nNode   out\na     1234\n\n"
-                                           "Node    rate  Files\na     1000.0  x.png to y.png\n"));
+    CTable table({"Node", ">received", ">sent"});
+    table.addRow({"a", "1", "2"});
+    QCOMPARE(table.text(21), QStringLiteral("Node  received  sent\na            1     2\n"));
+    QCOMPARE(table.text(19), QStringLiteral("Node  received\na            1\n\nNode  sent\na        2\n"));
+
+    CTable keyed({"Kind", "Name", "In", ">Out"}, 2);
+    keyed.addRow({"x", "y", "z", "1"});
+    QCOMPARE(keyed.text(18), QStringLiteral("Kind  Name  In\nx     y     z\n\nKind  Name  Out\nx     y       1\n"));
+}
+
+void tst_CTable::lastWordsGoOnInTheNextLine()
+{
+    CTable table({"Sink", ">written", "Files"});
+    table.addRow({"a", "2", "folder/frame-000000.png to frame-000001.png"});
+    QCOMPARE(table.text(31), QStringLiteral("Sink  written  Files\n"
+                                            "a           2  folder/frame-000000.png\n"
+                                            "               to\n"
+                                            "               frame-000001.png\n"));
 }
 
 void tst_CTable::textIsWrapped()
 {
     QCOMPARE(wrapped("one two  three", 9, 2), QStringLiteral("  one two\n  three\n"));
     QCOMPARE(wrapped("unbreakable", 4, 0), QStringLiteral("unbreakable\n"));
+    QCOMPARE(wrapped(QString("word ").repeated(21), 200, 0).indexOf('\n'), 99);
 }
 
 QTEST_GUILESS_MAIN(tst_CTable)

@@ -37,6 +37,7 @@ private Q_SLOTS:
     void incompleteFramesAreCountedAndNeverHandedOn();
     void cameraThatGoesEndsTheThread();
     void programSkipsIncompleteFrames();
+    void programEndsWhenNothingComes();
     void programEndsWhenTheCameraGoes();
     void programWaitsForTheCameraToComeBack();
     void programDoesNotWaitForEver();
@@ -118,6 +119,17 @@ void tst_GigECamera::programSkipsIncompleteFrames()
     QCOMPARE(program.completeFrames(), 40);
     QVERIFY(program.incompleteFrames() > 0);
     QVERIFY(program.addsUp());
+}
+
+void tst_GigECamera::programEndsWhenNothingComes()
+{
+    CFakeGigECamera device;
+    QVERIFY(device.start(1000));
+    CHostProgram program;
+    QCOMPARE(program.run({"--camera", CFakeGigECamera::address(), "--frames", "5", "--timeout", "500ms"}), 1);
+    QVERIFY2(program.errorLines().constLast().startsWith("halvex-host: camera '127.0.0.1' sends nothing: "),
+             qPrintable(program.errorLines().constLast()));
+    QCOMPARE(program.completeFrames(), 0);
 }
 
 void tst_GigECamera::programEndsWhenTheCameraGoes()

@@ -58,7 +58,8 @@ void tst_HalvexHostCommands::help_data()
     addRow("convert", QStringList{"convert", "-h"},
            QStringList{"FILE", "-o,--output FILE", "--camera ID", "--plugins DIR"});
     addRow("models", QStringList{"models", "-h"}, QStringList{"NAME", "--plugins DIR"});
-    addRow("cameras", QStringList{"cameras", "-h"}, QStringList{"ID"});
+    addRow("cameras", QStringList{"cameras", "-h"},
+           QStringList{"ID", "--test TIME", "--camera-set Feature=value", "--buffers N", "--resend on|off", "--json"});
     addRow("plugins", QStringList{"plugins", "-h"}, QStringList{"--plugins DIR"});
 }
 

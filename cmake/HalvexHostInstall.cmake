@@ -1,0 +1,32 @@
+# What is installed of the reference host: component "host". The program finds its plugins and the library from where it
+# lies, so that the prefix can be moved.
+
+file(RELATIVE_PATH HALVEX_LIB_FROM_BIN "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}")
+set(HALVEX_HOST_PLUGIN_DIR "${CMAKE_INSTALL_LIBDIR}/halvex/plugins")
+set_source_files_properties(plugins/CPluginHost.cpp PROPERTIES
+  COMPILE_DEFINITIONS "HALVEX_INSTALLED_PLUGINS=\"${HALVEX_LIB_FROM_BIN}/halvex/plugins\"")
+set_target_properties(halvex-host PROPERTIES INSTALL_RPATH "$ORIGIN/${HALVEX_LIB_FROM_BIN}")
+set_target_properties(HalvexHostModels PROPERTIES INSTALL_RPATH "$ORIGIN/../..")
+
+# All that --help tells, as a manual page.
+set(man_page "${CMAKE_CURRENT_BINARY_DIR}/halvex-host.1")
+add_custom_command(OUTPUT "${man_page}"
+  COMMAND halvex-host --man-page > "${man_page}"
+  DEPENDS halvex-host
+  VERBATIM)
+add_custom_target(halvex-host-man-page ALL DEPENDS "${man_page}")
+
+# The library is a plugin like any other, and lies where other programs link with it.
+set(library_link "${CMAKE_CURRENT_BINARY_DIR}/installed/libHalvex.so")
+file(MAKE_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/installed")
+file(CREATE_LINK "../../libHalvex.so.${PROJECT_VERSION_MAJOR}" "${library_link}" SYMBOLIC)
+
+install(TARGETS halvex-host RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT host)
+install(TARGETS HalvexHostModels LIBRARY DESTINATION "${HALVEX_HOST_PLUGIN_DIR}" COMPONENT host)
+install(FILES "${library_link}" DESTINATION "${HALVEX_HOST_PLUGIN_DIR}" COMPONENT host)
+install(FILES schemas/chain.schema.json schemas/scene.schema.json
+  DESTINATION "${CMAKE_INSTALL_DATADIR}/halvex/schemas" COMPONENT host)
+install(FILES chains/demo.json DESTINATION "${CMAKE_INSTALL_DATADIR}/halvex/chains" COMPONENT host)
+install(FILES completion/halvex-host.bash DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions"
+  RENAME halvex-host COMPONENT host)
+install(FILES "${man_page}" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT host)

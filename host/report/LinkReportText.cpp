@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/report/ByteText.h"
+#include "host/report/LabelledLine.h"
+#include "host/report/LinkAdvice.h"
+#include "host/report/SLinkReport.h"
+#include "host/report/Terminal.h"
+
+#include <QStringList>
+
+namespace Host {
+
+namespace {
+
+constexpr double mega = 1e6;
+
+QString number(std::optional<quint64> value)
+{
+    return value ? QString::number(*value) : QString();
+}
+
+QString rate(std::optional<double> value, const char* unit)
+{
+    return value ? QString::number(*value, 'f', 1) + QLatin1String(unit) : QString();
+}
+
+QString packetSizeText(const SLinkReport& report)
+{
+    if (!report.packetBytes)
+        return {};
+    const QString size = byteText(*report.packetBytes);
+    if (!report.largestPacketBytes)
+        return QStringLiteral("%1; no test packets to find the largest").arg(size);
+    return *report.largestPacketBytes > *report.packetBytes
+               ? QStringLiteral("%1; up to %2 get through").arg(size, byteText(*report.largestPacketBytes))
+               : QStringLiteral("%1, the largest that gets through").arg(size);
+}
+
+QString socketText(const SStreamSocket& socket)
+{
+    if (socket.isPacketSocket)
+        return QStringLiteral("none needed: read from a packet socket");
+    if (!socket.bufferBytes)
+        return {};
+    const QString size = byteText(*socket.bufferBytes);
+    return socket.mostBufferBytes ? QStringLiteral("%1, at most %2").arg(size, byteText(*socket.mostBufferBytes))
+                                  : size;
+}
+
+QString interfaceText(const SNetworkLink& link)
+{
+    QStringList parts;
+    if (!link.interface.isEmpty())
+        parts << link.interface;
+    if (link.mtu)
+        parts << QStringLiteral("packets of up to %1").arg(byteText(*link.mtu));
+    if (link.bitsPerSecond)
+        parts << QStringLiteral("%1 Mbit/s").arg(double(*link.bitsPerSecond) / mega);
+    return parts.join(QStringLiteral(", "));
+}
+
+QString framesText(const SLinkReport& report, int width)
+{
+    const SGrabStatistics& frames = report.frames;
+    const std::optional<double> bytes = report.bytesPerSecond();
+    const QString grabbed = QStringLiteral("%1 = %2 complete + %3 incomplete")
+                                .arg(frames.grabbed)
+                                .arg(frames.complete)
+                                .arg(frames.incomplete);
+    return labelledLine("Frames grabbed", grabbed, width) +
+           labelledLine("Frames missed", number(report.packets.missedFrames), width) +
+           labelledLine("Underruns", QString::number(frames.underruns), width) +
+           labelledLine("Frames per second", rate(report.framesPerSecond(), ""), width) +
+           labelledLine("Data rate", rate(bytes ? std::optional<double>(*bytes / mega) : std::nullopt, " MB/s"), width);
+}
+
+QString packetsText(const SLinkReport& report, int width)
+{
+    const SPacketCounts& packets = report.packets;
+    return labelledLine("Interface", interfaceText(report.link), width) +
+           labelledLine("Packet size", packetSizeText(report), width) +
+           labelledLine("Packets received", number(packets.received), width) +
+           labelledLine("Packets missing", number(packets.missing), width) +
+           labelledLine("Asked for again", number(packets.askedAgain), width) +
+           labelledLine("Sent again", number(packets.sentAgain), width) +
+           labelledLine("Socket buffer", socketText(report.socket), width) +
+           labelledLine("Kernel drops", number(report.socket.drops), width);
+}
+
+QString adviceText(const SLinkReport& report, int width)
+{
+    constexpr int reasonIndent = 2;
+    constexpr int commandIndent = 6;
+    const std::vector<SLinkAdvice> advices = linkAdvice(report);
+    if (advices.empty())
+        return wrapped(QStringLiteral("Nothing: every frame came whole."), width, reasonIndent);
+    QString text;
+    for (const SLinkAdvice& advice : advices)
+        // A command is not broken: it is there to be copied.
+        text += wrapped(advice.reason, width, reasonIndent) + QString(commandIndent, QLatin1Char(' ')) +
+                advice.command + QLatin1Char('\n');
+    return text;
+}
+
+} // namespace
+
+QString SLinkReport::text(int width, bool isBold) const
+{
+    const QString heading = isBold ? QStringLiteral("\x1b[1m%1\x1b[0m\n") : QStringLiteral("%1\n");
+    QString text = labelledLine("Camera", camera, width) +
+                   labelledLine("Tested for", rate(double(time.count()) / 1000.0, " s"), width) +
+                   framesText(*this, width) + QLatin1Char('\n') + packetsText(*this, width);
+    if (packets.missing.value_or(0) > 0)
+        text += QLatin1Char('\n') +
+                wrapped(QStringLiteral("missing: of each frame from its first gap on, unless they were sent again"),
+                        width, 0);
+    return text + QLatin1Char('\n') + heading.arg(QStringLiteral("What to change")) + adviceText(*this, width);
+}
+
+} // namespace Host

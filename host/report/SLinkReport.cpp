@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/report/SLinkReport.h"
+
+namespace Host {
+
+bool SLinkReport::isSound() const
+{
+    return frames.complete > 0 && frames.incomplete == 0 && frames.underruns == 0 &&
+           packets.missedFrames.value_or(0) == 0;
+}
+
+std::optional<double> SLinkReport::framesPerSecond() const
+{
+    if (frames.complete < 2 || span.count() <= 0)
+        return {};
+    return double(frames.complete - 1) * 1e9 / double(span.count());
+}
+
+std::optional<double> SLinkReport::bytesPerSecond() const
+{
+    if (!packets.bytes || time.count() <= 0)
+        return {};
+    return double(*packets.bytes) * 1000.0 / double(time.count());
+}
+
+} // namespace Host

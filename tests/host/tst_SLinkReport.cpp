@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/report/SLinkReport.h"
+
+#include "host/report/ByteText.h"
+
+#include <QTest>
+
+using namespace Host;
+
+class tst_SLinkReport : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void defaults();
+    void dashesStandWhereNothingWasMeasured();
+    void text();
+    void lineIsAsWideAsTheTerminal();
+    void bytes();
+};
+
+void tst_SLinkReport::defaults()
+{
+    const SLinkReport report;
+    QVERIFY(!report.isSound());
+    QVERIFY(!report.framesPerSecond());
+    QVERIFY(!report.bytesPerSecond());
+    const QJsonObject json = report.json();
+    QVERIFY(json["packets"]["received"].isNull());
+    QVERIFY(json["link"]["interface"].isNull());
+}
+
+void tst_SLinkReport::dashesStandWhereNothingWasMeasured()
+{
+    SLinkReport report;
+    report.frames.grabbed = report.frames.complete = 2;
+    for (const char* line : {"\nData rate          -\n", "\nInterface          -\n", "\nPacket size        -\n",
+                             "\nPackets received   -\n", "\nSocket buffer      -\n", "\nKernel drops       -\n"})
+        QVERIFY2(report.text().contains(line), line);
+}
+
+void tst_SLinkReport::text()
+{
+    SLinkReport report;
+    report.camera = QStringLiteral("Maker Model (192.168.0.5), 640 x 480 Mono8");
+    report.address = QStringLiteral("192.168.0.5");
+    report.time = std::chrono::milliseconds(2000);
+    report.span = std::chrono::milliseconds(1000);
+    report.frames = {12, 11, 1, 0};
+    report.packetBytes = 1500;
+    report.largestPacketBytes = 9000;
+    report.packets = {2400, 3, 5, 2, 0, 4000000};
+    report.socket = {false, 1048576, 4194304, 0};
+    report.link = {QStringLiteral("eth0"), 9000, 1000000000};
+    QVERIFY2(report.text().startsWith(QStringLiteral(R"(Camera             Maker Model (192.168.0.5), 640 x 480 Mono8
+Tested for         2.0 s
+Frames grabbed     12 = 11 complete + 1 incomplete
+Frames missed      0
+Underruns          0
+Frames per second  10.0
+Data rate          2.0 MB/s
+
+Interface          eth0, packets of up to 9000 bytes, 1000 Mbit/s
+Packet size        1500 bytes; up to 9000 bytes get through
+Packets received   2400
+Packets missing    3
+Asked for again    5
+Sent again         2
+Socket buffer      1.0 MiB, at most 4.0 MiB
+Kernel drops       0
+
+missing: of each frame from its first gap on, unless they were sent again
+
+What to change
+  Packets of 9000 bytes get through. They are fewer, and less work.
+      halvex-host run --camera 192.168.0.5 --camera-set )")),
+             qPrintable(report.text()));
+    QVERIFY(report.text(80, true).contains("\x1b[1mWhat to change\x1b[0m\n"));
+}
+
+void tst_SLinkReport::lineIsAsWideAsTheTerminal()
+{
+    SLinkReport report;
+    report.link.interface = QStringLiteral("eth0");
+    report.packets.received = 0;
+    const QStringList lines = report.text(40).split('\n');
+    for (const QString& line : lines)
+        QVERIFY2(line.size() <= 40 || line.startsWith(QStringLiteral("      sudo ")), qPrintable(line));
+}
+
+void tst_SLinkReport::bytes()
+{
+    QCOMPARE(byteText(1), QStringLiteral("1 byte"));
+    QCOMPARE(byteText(9000), QStringLiteral("9000 bytes"));
+    QCOMPARE(byteText(65536), QStringLiteral("64 KiB"));
+    QCOMPARE(byteText(5 * 1024 * 1024 + 102400), QStringLiteral("5.1 MiB"));
+}
+
+QTEST_GUILESS_MAIN(tst_SLinkReport)
+#include "tst_SLinkReport.moc"

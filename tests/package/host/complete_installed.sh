@@ -1,0 +1,54 @@
+#!/usr/bin/env bash
+# Bash completes what the installed program knows: prefix, folder to work in.
+set -Eeuo pipefail
+trap 'echo "FAILED: $BASH_COMMAND" >&2' ERR
+prefix=$(realpath "$1")
+work=$2
+PATH=$prefix/bin:$PATH
+
+rm -rf "$work"
+mkdir -p "$work"
+cd "$work"
+. "$prefix/share/bash-completion/completions/halvex-host"
+complete -p halvex-host | grep -q -- '-o default' # names of files, where it has no words
+
+# What is offered for the last word of a command line.
+offered() {
+    COMP_WORDS=(halvex-host "$@")
+    COMP_CWORD=$#
+    COMPREPLY=()
+    _halvex_host
+    echo "${COMPREPLY[*]}"
+}
+
+# offers EXPECTED WORD...
+offers() {
+    local got
+    got=$(offered "${@:2}")
+    [ "$got" = "$1" ] || {
+        echo "'${*:2}' offers '$got', not '$1'" >&2
+        return 1
+    }
+}
+
+offers run r
+offers "--pixel-format --plugins" run --p
+offers "--json" check --j
+offers "" run --output ""
+offers "" run chain.json --load ""
+offers fake run --camera ""
+offers 'PNG\ Sink' models PNG
+offers 'PNG\ Sink' models 'PNG\ '
+offers "blur.size=" run --set blur.s
+offers 'threshold\ files.sinkName=' run --set 'threshold\ files.sinkN'
+offers "TriggerMode=" run --camera-set TriggerM
+
+echo '[{"name": "soft", "model": {"name": "Blur"}, "unique_sources": [["*"]]}]' >own.json
+offers "soft.size=" run own.json --set soft.s
+
+# Every option that --help tells is offered.
+for command in $(offered ""); do
+    told=$(halvex-host "$command" --help | grep -o '^  \(-h, \)\?--[a-z-]*' | sed 's/^ *//; s/-h, //' | sort | tr '\n' ' ')
+    [ "$(offered "$command" -- | tr ' ' '\n' | sort | tr '\n' ' ')" = "$told" ]
+done
+echo "completes"
