@@ -36,8 +36,8 @@ struct SDecouplerReport
     QString name;
     double framesPerSecond = 0.0; ///< As it is set, whatever number that is.
     Plugin::Halvex::SDecouplerStatistics counts;
-    quint64 expected = 0;                ///< What its connections carried.
-    quint64 delivered = 0;               ///< What has come out, of all that was emitted.
+    quint64 expected = 0;                  ///< What its connections carried.
+    quint64 delivered = 0;                 ///< What has come out, of all that was emitted.
     std::optional<double> mostPerSecond{}; ///< What its timer lets through; nothing if that is all that comes.
 };
 
