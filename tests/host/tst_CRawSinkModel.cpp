@@ -21,11 +21,14 @@ using namespace Plugin::Halvex;
 namespace {
 
 // Two rows of three values, with four bytes behind each row.
-const QByteArray bytes("\x01\x02\x03\x04\x05\x06xxxx\x11\x12\x13\x14\x15\x16yyyy", 20);
+QByteArray bytes()
+{
+    return QByteArray("\x01\x02\x03\x04\x05\x06xxxx\x11\x12\x13\x14\x15\x16yyyy", 20);
+}
 
 CNodeDataPtr frame(const char* format = "Mono12")
 {
-    const auto memory = std::make_shared<QByteArray>(bytes + "behind the picture");
+    const auto memory = std::make_shared<QByteArray>(bytes() + "behind the picture");
     Veltra::SGrabResult result;
     result.pixels = reinterpret_cast<const std::byte*>(memory->constData());
     result.size = std::size_t(memory->size());
@@ -62,7 +65,7 @@ void tst_CRawSinkModel::bytesAreAsTheyCame()
     QTRY_COMPARE(sink.written(), quint64(2));
     QCOMPARE(sink.files(),
              std::vector<QString>({folder.filePath("frame-000000.raw"), folder.filePath("frame-000002.raw")}));
-    QCOMPARE(content(folder.filePath("frame-000002.raw")), bytes);
+    QCOMPARE(content(folder.filePath("frame-000002.raw")), bytes());
     const QJsonObject format = QJsonDocument::fromJson(content(folder.filePath("frame-000002.json"))).object();
     const QJsonObject expected{{"width", 3},   {"height", 2},
                                {"stride", 10}, {"pixel_format", "Mono12"},
