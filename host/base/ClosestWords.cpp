@@ -79,7 +79,7 @@ QString didYouMean(const QString& word, const QStringList& known)
 {
     QStringList words = closestWords(word, known);
     for (const QString& candidate : known) {
-        const bool isBeginning = word.size() >= 4 && candidate.startsWith(word, Qt::CaseInsensitive);
+        const bool isBeginning = word.size() > 1 && candidate.startsWith(word, Qt::CaseInsensitive);
         if (isBeginning && words.size() < mostWords && !words.contains(candidate))
             words << candidate;
     }

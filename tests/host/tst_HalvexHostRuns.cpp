@@ -187,7 +187,7 @@ void tst_HalvexHostRuns::refused_data()
     row({"--camera-set", "Width=0"}, "camera 'fake': the feature 'Width' takes integer, 1 to 2048, not '0'");
     row({"--camera-set", "SensorWidth=9"}, "camera 'fake': the feature 'SensorWidth' cannot be written now");
     row({"--camera-set", "TriggerMode=Of"},
-        "camera 'fake': the feature 'TriggerMode' takes one of Off, On, not 'Of'; did you mean 'Off' or 'On'?");
+        "camera 'fake': the feature 'TriggerMode' takes one of Off, On, not 'Of'; did you mean 'Off'?");
 }
 
 void tst_HalvexHostRuns::refused()
