@@ -37,14 +37,15 @@ QString wordAt(const QByteArray& text, int offset)
 QString lookalikeText(const QByteArray& text, int offset)
 {
     constexpr int maxBytes = 4; // of a letter
-    const QString letter = QString::fromUtf8(text.mid(offset, maxBytes)).left(1);
-    if (letter.isEmpty() || letter.front().unicode() < 0x80)
+    const QString found = QString::fromUtf8(text.mid(offset, maxBytes));
+    if (found.isEmpty() || found.front().unicode() < 0x80)
         return {};
+    const QChar letter = found.front();
     if (QStringLiteral("\u2018\u2019\u201a\u201c\u201d\u201e\u00ab\u00bb\uff02").contains(letter))
-        return QStringLiteral("%1 is no quote of JSON, which has straight ones: \"").arg(shown(letter));
-    if (letter.front().isSpace() || letter == QChar(0xfeff) || letter == QChar(0x200b))
+        return QStringLiteral("%1 is no quote of JSON, which has straight ones: \"").arg(shown(QString(letter)));
+    if (letter.isSpace() || letter == QChar(0xfeff) || letter == QChar(0x200b))
         return QStringLiteral("U+%1 looks like a blank, and is none of JSON")
-            .arg(int(letter.front().unicode()), 4, 16, QLatin1Char('0'));
+            .arg(int(letter.unicode()), 4, 16, QLatin1Char('0'));
     return {};
 }
 
