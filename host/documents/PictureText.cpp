@@ -19,8 +19,9 @@ const char* const red = "#b4332b";
 
 QString escaped(const QString& text)
 {
+    const QString html = text.toHtmlEscaped();
     QString result;
-    for (const QChar c : text.toHtmlEscaped()) {
+    for (const QChar c : html) {
         // Graphviz reads its labels as XML, which knows no other control characters.
         result += c.unicode() < 0x20 ? QLatin1Char(' ') : c;
     }

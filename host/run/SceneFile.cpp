@@ -12,6 +12,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSet>
 #include <QUuid>
 
 #include <algorithm>
@@ -55,13 +56,15 @@ QString idFor(const QString& uniqueName)
 void renameUniqueNodes(Objects* nodes, Objects* connections)
 {
     QHash<QString, QString> ids;
+    QSet<QString> given;
     for (QJsonObject& node : *nodes) {
         const QJsonValue model = node.value(DocumentKeys::model);
         if (!model[DocumentKeys::isUnique].toBool())
             continue;
         const QString id = idFor(model[DocumentKeys::uniqueName].toString());
-        if (ids.values().contains(id))
+        if (given.contains(id))
             continue;
+        given.insert(id);
         ids.insert(node.value(DocumentKeys::id).toString(), id);
         node.insert(QString(DocumentKeys::id), id);
     }
