@@ -49,8 +49,8 @@ public:
     /// The faults of \a text, UTF-8, in its order. As often as you like, each time for another document.
     std::vector<SFault> check(const QByteArray& text) { return read(text, nullptr); }
 
-    /// The same, with what the document says in \a graph, as far as it could be read.
-    std::vector<SFault> read(const QByteArray& text, SDocumentGraph* graph);
+    /// The same, with what the document says in \a result, as far as it could be read.
+    std::vector<SFault> read(const QByteArray& text, SDocumentGraph* result);
 
     /// How many connections the chain that was checked last makes in the scene of the camera of that place in the
     /// options; 0 if the check ended before it came to them.
