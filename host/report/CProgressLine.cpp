@@ -5,6 +5,8 @@
 
 #include "host/report/Terminal.h"
 
+#include <QStringList>
+
 #include <unistd.h>
 
 namespace Host {
@@ -33,9 +35,18 @@ void CProgressLine::show(const QString& text)
 void CProgressLine::showLast(const QString& text)
 {
     if (m_isTerminal)
-        return draw(text);
+        return drawWhole(text);
     m_next = {};
     show(text);
+}
+
+void CProgressLine::drawWhole(const QString& text)
+{
+    QStringList lines = wrapped(text, columnsOf(m_stream) - 1, 0).chopped(1).split(QLatin1Char('\n'));
+    draw(lines.takeFirst());
+    for (const QString& line : qAsConst(lines))
+        std::fprintf(m_stream, "\n%s", line.toUtf8().constData());
+    std::fflush(m_stream);
 }
 
 void CProgressLine::draw(const QString& text)

@@ -11,8 +11,8 @@
 namespace Host {
 
 /**
- * Tells how far a run is: on a terminal one line that is drawn anew, cut where the terminal ends; elsewhere a line now
- * and then, so that a log stays readable.
+ * Tells how far a run is: on a terminal one line that is drawn anew, cut where the terminal ends, but for the last one;
+ * elsewhere a line now and then, so that a log stays readable.
  *
  * Threads: one.
  */
@@ -37,6 +37,7 @@ public:
 
 private:
     void draw(const QString& text);
+    void drawWhole(const QString& text);
 
     std::FILE* const m_stream;
     const bool m_isTerminal;

@@ -69,17 +69,17 @@ CTable sinkTable(const std::vector<SSinkReport>& sinks)
 }
 
 // What each decoupler really does: a rate may be set that no timer has.
-void writeRates(QTextStream& out, const std::vector<SDecouplerReport>& decouplers)
+void writeRates(QTextStream& out, const std::vector<SDecouplerReport>& decouplers, int width)
 {
     for (const SDecouplerReport& decoupler : decouplers) {
         const QString most = decoupler.mostPerSecond
                                  ? QStringLiteral("at most %1 frames per second").arg(*decoupler.mostPerSecond)
                                  : QStringLiteral("every frame that comes");
-        out << "Rate of " << decoupler.name << ": " << most;
+        QString line = QStringLiteral("Rate of %1: %2").arg(decoupler.name, most);
         // What is not even a number is not close either.
         if (!decoupler.mostPerSecond || !(std::abs(*decoupler.mostPerSecond - decoupler.framesPerSecond) <= 0.5))
-            out << ", although it is set to " << decoupler.framesPerSecond;
-        out << '\n';
+            line += QStringLiteral(", although it is set to %1").arg(decoupler.framesPerSecond);
+        out << wrapped(line, width, 0);
     }
 }
 
@@ -115,7 +115,7 @@ QString SRunReport::text(int width, bool isBold) const
             << nodeTable(nodes, span).text(width, isBold)
             << wrapped("work: median of a frame's own computing; p50, p99: from the grab to here; in ms", width, 0)
             << wrapped("core: how much of one core that computing took, in %; left: pending at the end", width, 0);
-    writeRates(out, decouplers);
+    writeRates(out, decouplers, width);
     writeErrors(out, nodes);
     if (!sinks.empty())
         out << '\n' << sinkTable(sinks).text(width, isBold);

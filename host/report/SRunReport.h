@@ -39,8 +39,8 @@ struct SDecouplerReport
     Plugin::Halvex::SDecouplerStatistics counts;
     quint64 expected = 0;                  ///< What its connections carried.
     quint64 delivered = 0;                 ///< What has come out, of all that was emitted.
-    bool isOnLoop = false;                 ///< What goes round may stay in it.
     std::optional<double> mostPerSecond{}; ///< What its timer lets through; nothing if that is all that comes.
+    bool isOnLoop = false;                 ///< What goes round may stay in it.
 };
 
 /// What one worker of a run did.

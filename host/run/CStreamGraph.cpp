@@ -224,7 +224,7 @@ void CStreamGraph::accountNode(std::size_t node, SRunReport* report) const
         const auto known = std::find_if(m_decouplers.begin(), m_decouplers.end(),
                                         [decoupler](const SDecoupler& each) { return each.model == decoupler; });
         report->decouplers.push_back({row.name, m_brake.framesPerSecond(*decoupler), counts, expected, known->delivered,
-                                      m_brake.isOnLoop(*decoupler), mostPerSecond(*decoupler)});
+                                      mostPerSecond(*decoupler), m_brake.isOnLoop(*decoupler)});
     }
     if (const auto* worker = qobject_cast<AWorkerNodeDataModel*>(model)) {
         const SWorkerStatistics counts = worker->statistics();

@@ -125,7 +125,7 @@ void tst_CGraphBuilder::wrongChainIsNamed()
             "cannot load 'a.json': it has 3 errors:\n"
             "a.json:5:29: error: $[0].unique_sources[0][0]: no camera of the run and no element is named 'right'\n"
             "a.json:13:29: error: $[2].unique_sources[0][0]: no camera of the run and no element is named 'right'\n"
-            "a.json:17:42: error: $[4].model.name: no model 'Blr' is registered; did you mean 'Blur'?"));
+            "a.json:19:28: error: $[4].model.name: no model 'Blr' is registered; did you mean 'Blur'?"));
     QVERIFY(builder.host.nodes.scenes().isEmpty());
 }
 

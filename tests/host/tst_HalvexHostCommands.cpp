@@ -53,10 +53,10 @@ void tst_HalvexHostCommands::help_data()
     addRow("check", QStringList{"check", "-h"},
            QStringList{"FILE", "--camera ID", "--json", "--sarif", "--strict", "--plugins DIR"});
     addRow("draw", QStringList{"draw", "-h"},
-           QStringList{"FILE", "--from-run REPORT", "-o,--output FILE", "--format FORMAT", "--plugins DIR"});
+           QStringList{"FILE", "--from-run REPORT", "-o, --output FILE", "--format FORMAT", "--plugins DIR"});
     addRow("compare", QStringList{"compare", "-h"}, QStringList{"A", "B", "--json", "--plugins DIR"});
     addRow("convert", QStringList{"convert", "-h"},
-           QStringList{"FILE", "-o,--output FILE", "--camera ID", "--plugins DIR"});
+           QStringList{"FILE", "-o, --output FILE", "--camera ID", "--plugins DIR"});
     addRow("models", QStringList{"models", "-h"}, QStringList{"NAME", "--plugins DIR"});
     addRow("cameras", QStringList{"cameras", "-h"},
            QStringList{"ID", "--test TIME", "--camera-set Feature=value", "--buffers N", "--resend on|off", "--json"});

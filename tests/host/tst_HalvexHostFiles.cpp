@@ -134,9 +134,9 @@ void tst_HalvexHostFiles::sceneOfImages()
     const QString shots = program.file("shots");
     QVERIFY(writeImages(shots, 5));
     QCOMPARE(program.run({"--images", shots, "--save", program.file("scene.json")}), 0);
+    QCOMPARE(program.exec({"check", "--camera", "images", program.written("chain.json")}), 0);
     QCOMPARE(program.run({"--images", shots, "--load", program.file("scene.json")}), 0);
     QVERIFY2(program.addsUp(), qPrintable(program.output()));
-    QCOMPARE(program.exec({"check", "--camera", "images", program.written("chain.json")}), 0);
 }
 
 void tst_HalvexHostFiles::imageThatBreaksOff()

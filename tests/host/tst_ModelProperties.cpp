@@ -26,7 +26,7 @@ void tst_ModelProperties::mostDerivedClassFirst()
     const auto properties = propertiesOf(CBlurModel());
     for (const QMetaProperty& property : properties)
         names << documentName(property);
-    QCOMPARE(names, QStringList({"size", "method", "policy", "most_waiting", "parallelism"}));
+    QCOMPARE(names, QStringList({"size", "method", "priority", "policy", "most_waiting", "parallelism"}));
 }
 
 void tst_ModelProperties::beyondABase()

@@ -64,7 +64,8 @@ void tst_ModelSettings::refused_data()
     addRow("close to one", "method", "gausian",
            "'method' takes one of Gaussian, Box, Median, not 'gausian'; did you mean 'Gaussian'?");
     addRow("unknown", "sise", "3",
-           "it has no setting 'sise'; did you mean 'size'? It has size, method, priority, policy, mostWaiting, parallelism");
+           "it has no setting 'sise'; did you mean 'size'? It has size, method, priority, policy, mostWaiting, "
+           "parallelism");
 }
 
 void tst_ModelSettings::refused()

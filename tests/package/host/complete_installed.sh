@@ -48,7 +48,7 @@ offers "soft.size=" run own.json --set soft.s
 
 # Every option that --help tells is offered.
 for command in $(offered ""); do
-    told=$(halvex-host "$command" --help | grep -o '^  \(-h, \)\?--[a-z-]*' | sed 's/^ *//; s/-h, //' | sort | tr '\n' ' ')
+    told=$(halvex-host "$command" --help | grep -o '^  \(-[a-z], \)\?--[a-z-]*' | sed 's/.*--/--/' | sort | tr '\n' ' ')
     [ "$(offered "$command" -- | tr ' ' '\n' | sort | tr '\n' ' ')" = "$told" ]
 done
 echo "completes"
