@@ -25,7 +25,7 @@ struct SCameraOptions
     std::vector<std::pair<QString, QString>> features; ///< GenICam features to set last, in this order, as text.
     std::chrono::milliseconds reconnect{0};            ///< How long it is waited for when it has gone; 0: not at all.
     std::chrono::milliseconds silence{5000};           ///< Then it has gone.
-    std::optional<bool> resend{}; ///< Whether lost packets are asked for again, which only GigE Vision cameras can: yes.
+    std::optional<bool> resend{}; ///< Whether a GigE Vision camera is asked for lost packets again.
 
     static constexpr int mostBuffers = 10000;
 
