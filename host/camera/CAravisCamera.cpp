@@ -6,6 +6,7 @@
 #include "host/camera/CBufferReturn.h"
 #include "host/camera/CFeatures.h"
 #include "host/camera/CGLibError.h"
+#include "host/camera/ConfigureStream.h"
 #include "host/camera/Device.h"
 #include "host/camera/GrabResult.h"
 #include "host/camera/PixelFormat.h"
@@ -22,17 +23,6 @@ namespace {
 
 // Cameras count the time of a frame in steps of their own, so that few rates are met exactly.
 constexpr double rateTolerance = 0.01;
-
-// The packets of a whole frame come at once. They are to find room in the socket's buffer, as far as the kernel allows.
-void configureStream(ArvStream* stream, std::size_t frameBytes, bool asksAgain)
-{
-    constexpr std::size_t leastBytes = 1 << 20;
-    constexpr std::size_t mostBytes = 1 << 30;
-    if (ARV_IS_GV_STREAM(stream))
-        g_object_set(stream, "socket-buffer", ARV_GV_STREAM_SOCKET_BUFFER_FIXED, "socket-buffer-size",
-                     gint(std::clamp(frameBytes, leastBytes, mostBytes)), "packet-resend",
-                     asksAgain ? ARV_GV_STREAM_PACKET_RESEND_ALWAYS : ARV_GV_STREAM_PACKET_RESEND_NEVER, nullptr);
-}
 
 } // namespace
 

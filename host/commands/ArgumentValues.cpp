@@ -32,6 +32,16 @@ int readCount(const char* option, const std::string& text, int least, int most)
     return number;
 }
 
+double readRate(const char* option, const std::string& text, double most)
+{
+    const QString number = QString::fromStdString(text);
+    const double rate = number.toDouble();
+    if (!(rate > 0.0 && rate <= most))
+        refuse(QStringLiteral("%1 takes a number above 0, at most %2, not '%3'.")
+                   .arg(option, QString::number(most), number));
+    return rate;
+}
+
 std::chrono::milliseconds readTime(const char* option, const std::string& text)
 {
     static const QRegularExpression pattern(QStringLiteral(R"(^(\d+(?:\.\d+)?)(ms|s|min|h)?$)"));

@@ -19,6 +19,9 @@ namespace Host {
 /// The whole number from \a least to \a most that \a text is; refuses everything else, with the name of \a option.
 int readCount(const char* option, const std::string& text, int least, int most);
 
+/// The number above 0 and up to \a most that \a text is; refuses everything else.
+double readRate(const char* option, const std::string& text, double most);
+
 /// The time that \a text is, such as "500ms", "30s", "5min", "2h" or, in seconds, "30"; refuses everything else.
 std::chrono::milliseconds readTime(const char* option, const std::string& text);
 

@@ -240,11 +240,7 @@ void CRunArguments::readCameras(const SCameraOptions& common, SRunOptions* optio
 
 double CRunArguments::framesPerSecond(SRunOptions* options) const
 {
-    const QString text = QString::fromStdString(m_rate);
-    const double rate = text.toDouble();
-    if (!(rate > 0.0 && rate <= maxFramesPerSecond))
-        refuse(QStringLiteral("--fps takes a number above 0, at most %1, not '%2'.")
-                   .arg(QString::number(maxFramesPerSecond), text));
+    const double rate = readRate("--fps", m_rate, maxFramesPerSecond);
     options->askedForPerSecond = rate;
     // A slow camera is silent between its frames.
     options->timeout = std::max(options->timeout, std::chrono::milliseconds(std::llround(3000.0 / rate)));

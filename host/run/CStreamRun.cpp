@@ -163,7 +163,7 @@ bool CStreamRun::stream()
     timer.start(progressInterval);
     m_loop.exec();
     const bool isWhole = m_error.isEmpty() && m_signal == 0 && !m_isTimeUp;
-    const QString end = isWhole ? runOutText() : ending();
+    const QString end = isWhole ? runOutText(m_streams) : ending();
     line.showLast(runProgress(m_streams, m_options.frames) + (end.isEmpty() ? QString() : ", ended " + end));
     // The cameras are stopped with this object, after the report: one that has gone takes seconds not to answer.
     return true;
@@ -228,15 +228,6 @@ bool CStreamRun::printReport()
     if (!m_options.json.isEmpty())
         fail(writeRunJson(m_options.json, m_reports, m_error));
     return m_options.hasStandardOutput() || printText(runText(m_reports));
-}
-
-QString CStreamRun::runOutText() const
-{
-    for (const auto& stream : m_streams) {
-        if (!stream->endText().isEmpty())
-            return stream->endText();
-    }
-    return {};
 }
 
 QString CStreamRun::ending() const

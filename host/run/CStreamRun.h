@@ -58,7 +58,6 @@ private:
     bool printReport();
     void closeFiles();
     QString ending() const;
-    QString runOutText() const;
     QString folder(const CCameraStream& stream) const;
     void fail(const QString& error);
     void requestEnd();

@@ -57,6 +57,15 @@ QString absenceText(const std::vector<std::unique_ptr<CCameraStream>>& streams)
 
 } // namespace
 
+QString runOutText(const std::vector<std::unique_ptr<CCameraStream>>& streams)
+{
+    for (const auto& stream : streams) {
+        if (!stream->endText().isEmpty())
+            return stream->endText();
+    }
+    return {};
+}
+
 QString runProgress(const std::vector<std::unique_ptr<CCameraStream>>& streams, int frames)
 {
     SGrabStatistics sum;

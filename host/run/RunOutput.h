@@ -26,6 +26,9 @@ QString runProgress(const std::vector<std::unique_ptr<CCameraStream>>& streams, 
 /// Why a run ended: by \a error or \a signal, if there is one, or as it was asked to.
 QString runEnding(const SRunOptions& options, const QString& error, int signal, bool isTimeUp);
 
+/// What the first stream ended at that came to its own end, such as "at the end of the images"; empty if none did.
+QString runOutText(const std::vector<std::unique_ptr<CCameraStream>>& streams);
+
 /// The reports one after the other, for the terminal that standard output leads to.
 QString runText(const std::vector<SRunReport>& reports);
 
