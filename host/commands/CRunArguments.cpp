@@ -43,8 +43,7 @@ void CRunArguments::declareSources(CLI::App& command)
         ->take_all();
     command
         .add_option("--camera", m_cameras,
-                    "'fake' (default), 'fake-1', 'fake-2'..., or a camera as 'cameras' lists it. May be given several "
-                    "times.")
+                    "'fake' (default), 'fake-1'..., or a camera as 'cameras' lists it. May be given several times.")
         ->type_name("ID")
         ->expected(1)
         ->allow_extra_args(false)
