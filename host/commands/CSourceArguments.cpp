@@ -21,14 +21,6 @@ void declareFiles(CLI::App& command, const char* option, const char* type, const
     command.add_option(option, *places, description)->type_name(type)->expected(1)->allow_extra_args(false)->take_all();
 }
 
-bool liesIn(const QString& place, const QString& folder)
-{
-    const auto cleaned = [](const QString& path) {
-        return QDir::cleanPath(QFileInfo(path).absoluteFilePath()) + QLatin1Char('/');
-    };
-    return cleaned(place).startsWith(cleaned(folder));
-}
-
 } // namespace
 
 void CSourceArguments::declare(CLI::App& command)
@@ -88,11 +80,6 @@ void CSourceArguments::addFiles(SFileOptions::EKind kind, const std::vector<std:
         files.place = QString::fromStdString(places[i]);
         if (files.place.isEmpty())
             refuse(QStringLiteral("--%1 is empty.").arg(name));
-        if (!options->isKept && liesIn(files.place, options->output))
-            refuse(
-                QStringLiteral("--%1 '%2' lies in the output folder, whose files this run replaces; --keep or another "
-                               "--output leaves them.")
-                    .arg(name, files.place));
         for (const SCameraOptions& camera : options->cameras) {
             if (camera.address == files.name)
                 refuse(QStringLiteral("--camera '%1' is called as --%2 is.").arg(files.name, name));

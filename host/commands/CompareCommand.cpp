@@ -12,6 +12,7 @@
 #include "host/plugins/CHostServices.h"
 #include "host/report/Counted.h"
 #include "host/run/Output.h"
+#include "host/run/PrintResult.h"
 
 #include <Halvex/service/INodeService.h>
 
@@ -69,7 +70,7 @@ int compareDocuments(const SCompareArguments& arguments)
     const QString text = arguments.isJson
                              ? QString::fromUtf8(differencesJson(files[0].name, files[1].name, differences))
                              : differencesText(files[0], files[1], differences);
-    return printText(text) && differences.empty() ? Done : Failed;
+    return printResult(text, differences.empty() ? Done : Failed);
 }
 
 } // namespace

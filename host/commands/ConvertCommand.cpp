@@ -91,7 +91,9 @@ void addConvertCommand(CLI::App& program, Action* action)
         .add_option("--camera", arguments->cameras,
                     "The camera of the scene (default: the one that the chain names, or any).")
         ->type_name("ID")
-        ->expected(1);
+        ->expected(1)
+        ->allow_extra_args(false)
+        ->take_all();
     addPluginsOption(command, &arguments->plugins);
     command.final_callback([arguments, action] {
         const QString camera = readCameras(arguments->cameras).value(0);

@@ -3,6 +3,7 @@
 
 #include "host/run/CRunFolder.h"
 
+#include "host/base/RealPath.h"
 #include "host/run/Output.h"
 
 #include <QDateTime>
@@ -10,6 +11,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QLockFile>
+#include <QRegularExpression>
+#include <QSet>
 
 namespace Host {
 
@@ -113,17 +116,52 @@ QString CRunFolder::begin(const QStringList& claims, const QJsonObject& facts)
     return write();
 }
 
-QString CRunFolder::removeEarlierRun() const
+QJsonObject CRunFolder::earlierManifest() const
 {
     QFile manifest(filePath(QLatin1String(manifestName)));
-    if (!manifest.open(QIODevice::ReadOnly))
-        return {};
-    const QJsonArray claims =
-        QJsonDocument::fromJson(manifest.readAll()).object().value(QLatin1String("claims")).toArray();
+    return manifest.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(manifest.readAll()).object() : QJsonObject();
+}
+
+QStringList CRunFolder::earlierClaims() const
+{
+    QStringList names;
+    const QJsonArray claims = earlierManifest().value(QLatin1String("claims")).toArray();
     for (const QJsonValue& claim : claims) {
-        const QString name = claim.toString();
-        if (!isInside(name))
-            continue;
+        if (isInside(claim.toString()))
+            names << claim.toString();
+    }
+    return names;
+}
+
+QString CRunFolder::conflict(const QStringList& claims, const QStringList& inUse) const
+{
+    const QStringList earlier = earlierClaims();
+    const QString manifest = QLatin1String(manifestName);
+    QStringList files = claims.filter(QRegularExpression(QStringLiteral("[^/]$"))) << manifest;
+    for (const QString& file : qAsConst(files)) {
+        const bool isOfARun =
+            file == manifest ? earlierManifest().contains(QLatin1String("claims")) : earlier.contains(file);
+        if (!isOfARun && QFileInfo::exists(filePath(file)))
+            return QStringLiteral("'%1' is there, and no run wrote it; --keep or another --output leaves it")
+                .arg(filePath(file));
+    }
+    QSet<QString> own;
+    const QStringList all = earlier + claims + QStringList(manifest);
+    for (const QString& claim : all)
+        own.insert(realPath(filePath(claim)));
+    for (const QString& file : inUse) {
+        const QString path = realPath(file);
+        if (own.contains(path) || own.contains(QFileInfo(path).path()))
+            return QStringLiteral("this run uses '%1' and would replace it; --keep or another --output leaves it")
+                .arg(file);
+    }
+    return {};
+}
+
+QString CRunFolder::removeEarlierRun() const
+{
+    const QStringList claims = earlierClaims();
+    for (const QString& name : claims) {
         const QStringList files = claimedFiles(m_path, name);
         for (const QString& file : files) {
             if (!QFile::remove(filePath(file)))

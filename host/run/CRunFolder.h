@@ -26,8 +26,8 @@ namespace Host {
  * error = folder.finish({{"error", QJsonValue()}});
  * \endcode
  *
- * Only what an earlier run's manifest claims is removed, never anything else that lies in the folder. The claims are
- * written before the first file, so that this holds for a run that was killed, too.
+ * Ask conflict() before begin(). Only what an earlier run's manifest claims is removed, never anything else that lies
+ * in the folder. The claims are written before the first file, so that this holds for a run that was killed, too.
  *
  * Functions that may fail return the reason in one line; empty on success. Threads: one.
  */
@@ -47,6 +47,10 @@ public:
     /// The folder of the run; empty before open().
     QString path() const { return m_path; }
 
+    /// Why begin() must not be called: it would remove or replace one of \a inUse, which are files that this run reads
+    /// or writes elsewhere, or a file that no run wrote. Empty if it may.
+    QString conflict(const QStringList& claims, const QStringList& inUse) const;
+
     /// Removes what an earlier run left and writes the manifest: \a facts, when the run began, and \a claims, the names
     /// of files in the folder, and of folders, with a slash at the end, all of whose files will be the run's own.
     QString begin(const QStringList& claims, const QJsonObject& facts);
@@ -56,6 +60,8 @@ public:
     QString finish(const QJsonObject& facts);
 
 private:
+    QJsonObject earlierManifest() const;
+    QStringList earlierClaims() const;
     QString removeEarlierRun() const;
     QString write() const;
     QString filePath(const QString& name) const;

@@ -43,8 +43,8 @@ CStreamRun::~CStreamRun() = default;
 
 int CStreamRun::exec()
 {
-    if (loadPlugins() && buildGraphs() && applySettings() && openCameras() && openFiles() && prepareSinks() &&
-        saveScene() && writeGraphFiles() && stream() && !printReport())
+    if (loadPlugins() && buildGraphs() && applySettings() && openCameras() && openFolder() && saveScene() &&
+        openFiles() && prepareSinks() && writeGraphFiles() && stream() && !printReport())
         fail(QStringLiteral("cannot write to standard output: %1").arg(QString::fromLocal8Bit(std::strerror(errno))));
     closeFiles();
     if (!m_error.isEmpty()) {
@@ -99,13 +99,23 @@ bool CStreamRun::openCameras()
     return forEachStream([this](CCameraStream& stream) { return stream.open(m_services.models()); });
 }
 
+bool CStreamRun::openFolder()
+{
+    fail(m_folder.open(m_options.output, m_options.isKept));
+    if (m_error.isEmpty())
+        fail(m_folder.conflict(runClaims(m_options, m_streams), m_options.filesInUse()));
+    return m_error.isEmpty();
+}
+
+// What an earlier run left goes when nothing else can be refused.
 bool CStreamRun::openFiles()
 {
-    QString error = m_folder.open(m_options.output, m_options.isKept);
+    QString error;
+    m_trace = openTrace(m_options.trace, m_streams, &error);
     if (error.isEmpty())
         error = m_folder.begin(runClaims(m_options, m_streams), runFacts(m_options, m_services.models()));
     if (error.isEmpty())
-        m_trace = openTrace(m_options.trace, m_streams, &error);
+        error = writeChains(m_chains, m_folder.path());
     fail(error);
     return m_error.isEmpty();
 }
@@ -114,7 +124,9 @@ void CStreamRun::closeFiles()
 {
     if (m_trace)
         fail(m_trace->close());
-    fail(m_folder.finish(runOutcome(m_reports, m_hasStreamed ? ending() : QString(), m_error)));
+    const bool isWhole = m_error.isEmpty() && m_signal == 0 && !m_isTimeUp;
+    const QString runOut = isWhole ? runOutText(m_streams) : QString();
+    fail(m_folder.finish(runOutcome(m_reports, !m_hasStreamed || !runOut.isEmpty() ? runOut : ending(), m_error)));
 }
 
 bool CStreamRun::prepareSinks()
@@ -133,10 +145,8 @@ bool CStreamRun::saveScene()
 
 bool CStreamRun::writeGraphFiles()
 {
-    fail(writeChains(m_chains, m_folder.path()));
-    return m_error.isEmpty() && forEachStream([this](CCameraStream& stream) {
-               return Host::writeGraphFiles(stream.graph().scene(), folder(stream));
-           });
+    return forEachStream(
+        [this](CCameraStream& stream) { return Host::writeGraphFiles(stream.graph().scene(), folder(stream)); });
 }
 
 bool CStreamRun::stream()

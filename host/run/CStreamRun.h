@@ -50,6 +50,7 @@ private:
     bool forEachStream(const Step& step);
     bool applySettings();
     bool openCameras();
+    bool openFolder();
     bool openFiles();
     bool prepareSinks();
     bool saveScene();

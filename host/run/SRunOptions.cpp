@@ -3,6 +3,9 @@
 
 #include "host/run/SRunOptions.h"
 
+#include "host/base/RealPath.h"
+#include "host/sources/CImageFiles.h"
+
 namespace Host {
 
 SNodeSetting SNodeSetting::read(const QString& text)
@@ -13,6 +16,36 @@ SNodeSetting SNodeSetting::read(const QString& text)
     if (sign < 0 || dot < 1)
         return {};
     return {place.left(dot), place.mid(dot + 1), text.mid(sign + 1)};
+}
+
+QStringList SRunOptions::filesInUse() const
+{
+    QStringList used;
+    for (const SFileOptions& each : files)
+        used << (each.kind == SFileOptions::EKind::Images ? CImageFiles::find(each.place) : QStringList(each.place));
+    for (const QString& file : {save, json, trace}) {
+        if (!file.isEmpty() && file != QLatin1String("-"))
+            used << file;
+    }
+    return used;
+}
+
+QString SRunOptions::sharedFile() const
+{
+    QStringList used;
+    const QStringList read = chains + QStringList(save == load ? QString() : load);
+    for (const QString& file : read)
+        used << realPath(file);
+    for (const SFileOptions& each : files)
+        used << realPath(each.place);
+    for (const QString& file : {save, json, trace}) {
+        if (file.isEmpty() || file == QLatin1String("-"))
+            continue;
+        if (used.contains(realPath(file)))
+            return file;
+        used << realPath(file);
+    }
+    return {};
 }
 
 std::vector<SourceOptions> SRunOptions::sources() const

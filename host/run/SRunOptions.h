@@ -57,6 +57,13 @@ struct SRunOptions
     /// The cameras, and then what stands in for some.
     std::vector<SourceOptions> sources() const;
 
+    /// The files that the run reads while frames stream, and those that it writes outside its folder.
+    QStringList filesInUse() const;
+
+    /// A file that is written to, and is read or written as something else, too; empty if there is none. A scene may be
+    /// saved into the file that it was loaded from.
+    QString sharedFile() const;
+
     /// Whether a document comes on standard input, which then takes no commands.
     bool readsStandardInput() const { return load == QLatin1String("-") || chains.contains(QStringLiteral("-")); }
 };

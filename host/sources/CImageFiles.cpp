@@ -77,15 +77,20 @@ QStringList CImageFiles::namePatterns()
     return names;
 }
 
+QStringList CImageFiles::find(const QString& place)
+{
+    return QFileInfo(place).isDir() ? filesIn(place) : matches(place);
+}
+
 std::unique_ptr<CImageFiles> CImageFiles::open(const QString& place, QString* error)
 {
     silenceOpenCv();
-    const bool isFolder = QFileInfo(place).isDir();
-    QStringList files = isFolder ? filesIn(place) : matches(place);
+    QStringList files = find(place);
     if (files.isEmpty()) {
-        *error = isFolder ? QStringLiteral("no image in the folder %1; it takes %2")
-                                .arg(shown(place), CImageFiles::namePatterns().join(QStringLiteral(", ")))
-                          : QStringLiteral("no file matches %1").arg(shown(place));
+        *error = QFileInfo(place).isDir()
+                     ? QStringLiteral("no image in the folder %1; it takes %2")
+                           .arg(shown(place), CImageFiles::namePatterns().join(QStringLiteral(", ")))
+                     : QStringLiteral("no file matches %1").arg(shown(place));
         return nullptr;
     }
     sortByNumber(&files);

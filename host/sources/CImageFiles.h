@@ -18,6 +18,9 @@ public:
     /// What images are called: "*.png"...
     static QStringList namePatterns();
 
+    /// The images that open() would read.
+    static QStringList find(const QString& place);
+
     /// \a place is a folder, of which every file counts that is called as images are, or a pattern as of a shell, of
     /// which every match counts. Null, with the reason in \a error, if there is none.
     static std::unique_ptr<CImageFiles> open(const QString& place, QString* error);

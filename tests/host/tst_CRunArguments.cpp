@@ -227,9 +227,8 @@ void tst_CRunArguments::refused_data()
     row("--images s/a.png s/b.png", "The image 's/b.png' is no chain; put the pattern for --images in quotes.");
     row("--reconnect=soon", "--reconnect takes a time like 500ms, 30s, 5min or 2h, not 'soon'.");
     row("--resend maybe", "--resend takes 'on' or 'off', not 'maybe'.");
-    row("--images o/a --output ./o",
-        "--images 'o/a' lies in the output folder, whose files this run replaces; --keep or "
-        "another --output leaves them.");
+    row("a.json --trace ./a.json", "'./a.json' would be replaced while the run uses it.");
+    row("--save a --json a", "'a' would be replaced while the run uses it.");
     row("--images a --resend on", "--resend is for cameras, and this run has none.");
     row("--camera-set Gain", "--camera-set takes Feature=value, not 'Gain'.");
     row("--buffers 0", "--buffers takes a whole number from 1 to 10000, not '0'.");

@@ -19,6 +19,9 @@ class tst_HalvexHostOutput : public QObject
 private Q_SLOTS:
     void manifest();
     void runReplacesTheOneBefore();
+    void whatIsInUseStays();
+    void whatNoRunWroteStays();
+    void refusedRunRemovesNothing();
     void keptRuns();
     void twoAtOnce();
     void failureIsInTheManifest();
@@ -72,6 +75,46 @@ void tst_HalvexHostOutput::runReplacesTheOneBefore()
     // A run that cannot begin leaves what is there.
     QCOMPARE(program.run({"--camera", "127.0.0.3"}), 2);
     QVERIFY(QFile::exists(program.written("fake/frames/frame-000000.png")));
+}
+
+void tst_HalvexHostOutput::whatIsInUseStays()
+{
+    CHostProgram program;
+    QCOMPARE(program.run({"--frames", "3", "--write-every", "1"}), 0);
+    const QString image = program.written("fake/frames/frame-000000.png");
+    const QString link = program.file("link");
+    QVERIFY(QFile::link(program.written("fake/frames"), link));
+    for (const QString& images : {program.written("fake/frames"), program.written("f[a]ke/fr*/*.png"), link}) {
+        QVERIFY2(program.refusal({"--images", images}).contains(" and would replace it; --keep or another --output"),
+                 qPrintable(images));
+        QVERIFY(QFile::exists(image));
+    }
+    QVERIFY(program.refusal({"--save", program.written("chain.json")}).startsWith("this run uses "));
+    QVERIFY(program.refusal({"--json", program.written("manifest.json")}).startsWith("this run uses "));
+    QCOMPARE(program.run({"--images", link, "--keep"}), 0);
+    QVERIFY(QFile::exists(image));
+}
+
+void tst_HalvexHostOutput::whatNoRunWroteStays()
+{
+    for (const char* name : {"chain.json", "manifest.json"}) {
+        CHostProgram program;
+        QVERIFY(QDir().mkpath(program.outputFolder()) && write(program.written(name), "[]"));
+        QCOMPARE(program.refusal({"--frames", "1"}),
+                 QStringLiteral("'%1' is there, and no run wrote it; --keep or another --output leaves it")
+                     .arg(program.written(name)));
+        QCOMPARE(content(program.written(name)), QByteArray("[]"));
+    }
+}
+
+void tst_HalvexHostOutput::refusedRunRemovesNothing()
+{
+    CHostProgram program;
+    QCOMPARE(program.run({"--frames", "1"}), 0);
+    const QString chain = program.written("chain.json");
+    QVERIFY(program.refusal({chain, "--trace", "/nowhere/t"}).startsWith("cannot write '/nowhere/t': "));
+    QVERIFY(program.refusal({chain, "--save", "/nowhere/s"}).startsWith("cannot write '/nowhere/s': "));
+    QVERIFY(QFile::exists(chain) && QFile::exists(program.written("fake/frames/frame-000000.png")));
 }
 
 void tst_HalvexHostOutput::keptRuns()

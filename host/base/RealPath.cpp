@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/base/RealPath.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace Host {
+
+QString realPath(const QString& path)
+{
+    const QFileInfo file(QDir::cleanPath(path));
+    if (file.exists())
+        return file.canonicalFilePath();
+    const QFileInfo folder(file.path());
+    return folder.exists() ? folder.canonicalFilePath() + QLatin1Char('/') + file.fileName() : file.absoluteFilePath();
+}
+
+} // namespace Host
