@@ -21,6 +21,12 @@ void refuse(const QString& sentence)
     throw CLI::ValidationError(sentence.toStdString());
 }
 
+void refuseShared(const QString& file)
+{
+    if (!file.isEmpty())
+        refuse(QStringLiteral("'%1' would be replaced while the run uses it.").arg(file));
+}
+
 int readCount(const char* option, const std::string& text, int least, int most)
 {
     const QString given = QString::fromStdString(text);

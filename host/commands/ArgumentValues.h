@@ -16,6 +16,9 @@ namespace Host {
 /// Throws CLI::ValidationError with \a sentence.
 [[noreturn]] void refuse(const QString& sentence);
 
+/// Refuses a run that would replace \a file while it uses it, unless that is empty.
+void refuseShared(const QString& file);
+
 /// The whole number from \a least to \a most that \a text is; refuses everything else, with the name of \a option.
 int readCount(const char* option, const std::string& text, int least, int most);
 

@@ -218,8 +218,7 @@ void CRunArguments::readGraph(SRunOptions* options) const
     if (options->chains.count(QStringLiteral("-")) > 1)
         refuse(QStringLiteral("Standard input is one chain: '-' is given twice."));
     m_sources.refuseImages(options->chains);
-    if (!options->sharedFile().isEmpty())
-        refuse(QStringLiteral("'%1' would be replaced while the run uses it.").arg(options->sharedFile()));
+    refuseShared(options->sharedFile());
     if (!options->chains.isEmpty() && !options->load.isEmpty())
         refuse(QStringLiteral("A chain or --load, not both."));
 }

@@ -11,7 +11,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QLockFile>
-#include <QRegularExpression>
 #include <QSet>
 
 namespace Host {
@@ -133,27 +132,46 @@ QStringList CRunFolder::earlierClaims() const
     return names;
 }
 
-QString CRunFolder::conflict(const QStringList& claims, const QStringList& inUse) const
+QString CRunFolder::conflict(const QStringList& claims, const QStringList& inUse, const QStringList& known) const
 {
-    const QStringList earlier = earlierClaims();
-    const QString manifest = QLatin1String(manifestName);
-    QStringList files = claims.filter(QRegularExpression(QStringLiteral("[^/]$"))) << manifest;
-    for (const QString& file : qAsConst(files)) {
-        const bool isOfARun =
-            file == manifest ? earlierManifest().contains(QLatin1String("claims")) : earlier.contains(file);
-        if (!isOfARun && QFileInfo::exists(filePath(file)))
-            return QStringLiteral("'%1' is there, and no run wrote it; --keep or another --output leaves it")
-                .arg(filePath(file));
-    }
-    QSet<QString> own;
-    const QStringList all = earlier + claims + QStringList(manifest);
+    const QString used = usedFile(claims, inUse);
+    if (!used.isEmpty())
+        return QStringLiteral("this run uses '%1' and would replace it; --keep or another --output leaves it")
+            .arg(used);
+    const QString foreign = foreignFile(claims, known);
+    if (!foreign.isEmpty())
+        return QStringLiteral("'%1' is there, and no run wrote it; --keep or another --output leaves it").arg(foreign);
+    return {};
+}
+
+QString CRunFolder::usedFile(const QStringList& claims, const QStringList& inUse) const
+{
+    QSet<QString> own{realPath(filePath(QLatin1String(manifestName)))};
+    const QStringList all = earlierClaims() + claims;
     for (const QString& claim : all)
         own.insert(realPath(filePath(claim)));
     for (const QString& file : inUse) {
         const QString path = realPath(file);
         if (own.contains(path) || own.contains(QFileInfo(path).path()))
-            return QStringLiteral("this run uses '%1' and would replace it; --keep or another --output leaves it")
-                .arg(file);
+            return file;
+    }
+    return {};
+}
+
+QString CRunFolder::foreignFile(const QStringList& claims, const QStringList& known) const
+{
+    if (QFileInfo::exists(filePath(QLatin1String(manifestName))) &&
+        !earlierManifest().contains(QLatin1String("claims")))
+        return filePath(QLatin1String(manifestName));
+    QSet<QString> knownPaths;
+    for (const QString& file : known)
+        knownPaths.insert(realPath(file));
+    const QStringList earlier = earlierClaims();
+    for (const QString& claim : claims) {
+        const QString file = filePath(claim);
+        if (!claim.endsWith(QLatin1Char('/')) && !earlier.contains(claim) && QFileInfo::exists(file) &&
+            !knownPaths.contains(realPath(file)))
+            return file;
     }
     return {};
 }

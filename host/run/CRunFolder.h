@@ -48,8 +48,9 @@ public:
     QString path() const { return m_path; }
 
     /// Why begin() must not be called: it would remove or replace one of \a inUse, which are files that this run reads
-    /// or writes elsewhere, or a file that no run wrote. Empty if it may.
-    QString conflict(const QStringList& claims, const QStringList& inUse) const;
+    /// or writes elsewhere, or a file that no run wrote and that is none of \a known, whose contents this run has.
+    /// Empty if it may.
+    QString conflict(const QStringList& claims, const QStringList& inUse, const QStringList& known) const;
 
     /// Removes what an earlier run left and writes the manifest: \a facts, when the run began, and \a claims, the names
     /// of files in the folder, and of folders, with a slash at the end, all of whose files will be the run's own.
@@ -60,6 +61,8 @@ public:
     QString finish(const QJsonObject& facts);
 
 private:
+    QString usedFile(const QStringList& claims, const QStringList& inUse) const;
+    QString foreignFile(const QStringList& claims, const QStringList& known) const;
     QJsonObject earlierManifest() const;
     QStringList earlierClaims() const;
     QString removeEarlierRun() const;

@@ -103,7 +103,7 @@ bool CStreamRun::openFolder()
 {
     fail(m_folder.open(m_options.output, m_options.isKept));
     if (m_error.isEmpty())
-        fail(m_folder.conflict(runClaims(m_options, m_streams), m_options.filesInUse()));
+        fail(m_folder.conflict(runClaims(m_options, m_streams), m_options.filesInUse(), m_options.chains));
     return m_error.isEmpty();
 }
 
@@ -124,9 +124,7 @@ void CStreamRun::closeFiles()
 {
     if (m_trace)
         fail(m_trace->close());
-    const bool isWhole = m_error.isEmpty() && m_signal == 0 && !m_isTimeUp;
-    const QString runOut = isWhole ? runOutText(m_streams) : QString();
-    fail(m_folder.finish(runOutcome(m_reports, !m_hasStreamed || !runOut.isEmpty() ? runOut : ending(), m_error)));
+    fail(m_folder.finish(runOutcome(m_reports, m_error)));
 }
 
 bool CStreamRun::prepareSinks()

@@ -58,8 +58,9 @@ QJsonObject runFacts(const SRunOptions& options, const IHostModels& models)
             {"scene", textOrNull(options.load)}};
 }
 
-QJsonObject runOutcome(const std::vector<SRunReport>& reports, const QString& ending, const QString& error)
+QJsonObject runOutcome(const std::vector<SRunReport>& reports, const QString& error)
 {
+    const QString ending = reports.empty() ? QString() : reports.front().ending;
     QJsonArray cameras;
     for (const SRunReport& report : reports) {
         QJsonObject camera = report.json();

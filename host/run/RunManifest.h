@@ -23,7 +23,7 @@ QStringList runClaims(const SRunOptions& options, const std::vector<std::unique_
 /// What is known of a run before it begins: the command, versions, the chain.
 QJsonObject runFacts(const SRunOptions& options, const IHostModels& models);
 
-/// What is known of it at its end: cameras with their counts, why it ended and what was wrong.
-QJsonObject runOutcome(const std::vector<SRunReport>& reports, const QString& ending, const QString& error);
+/// What is known of it at its end: cameras with their counts, why the first of them ended and what was wrong.
+QJsonObject runOutcome(const std::vector<SRunReport>& reports, const QString& error);
 
 } // namespace Host
