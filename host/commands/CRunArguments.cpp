@@ -17,7 +17,6 @@ namespace Host {
 namespace {
 
 constexpr double maxFramesPerSecond = 10000.0;
-
 // A camera that is no device has no rate of its own worth keeping: far more than the preview shows.
 constexpr double fakeFramesPerSecond = 200.0;
 

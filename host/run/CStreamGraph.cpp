@@ -158,8 +158,11 @@ std::chrono::milliseconds CStreamGraph::drainTime() const
     for (const SDecoupler& decoupler : m_decouplers) {
         time += 2.0 * double(tickInterval(*decoupler.model).count());
     }
+    constexpr double mostOfOne = 500.0; // of a frame that a filter works on, or that is written
+    for (const AWorkerNodeDataModel* worker : m_workers)
+        time += mostOfOne * double(worker->statistics().pending);
     for (const IFrameSink* sink : m_sinks)
-        time += 500.0 * double(sink->writing().pending);
+        time += mostOfOne * double(sink->writing().pending);
     // A timer's range.
     return std::chrono::milliseconds(time < 2e9 ? std::int64_t(time) : 2000000000);
 }

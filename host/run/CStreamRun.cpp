@@ -170,8 +170,7 @@ bool CStreamRun::stream()
     connect(&timer, &QTimer::timeout, this, [&] { line.show(runProgress(m_streams, m_options.frames)); });
     timer.start(progressInterval);
     m_loop.exec();
-    const bool isWhole = m_error.isEmpty() && m_signal == 0 && !m_isTimeUp;
-    const QString end = isWhole ? runOutText(m_streams) : ending();
+    const QString end = m_error.isEmpty() && m_signal == 0 && !m_isTimeUp ? runOutText(m_streams) : ending();
     line.showLast(runProgress(m_streams, m_options.frames) + (end.isEmpty() ? QString() : ", ended " + end));
     // The cameras are stopped with this object, after the report: one that has gone takes seconds not to answer.
     return true;

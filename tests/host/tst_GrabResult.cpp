@@ -47,7 +47,7 @@ void tst_GrabResult::promisesMoreThanThereIs()
     arv_fake_camera_set_fill_pattern(camera.get(), &leaveEmpty, nullptr);
     QVERIFY(arv_fake_camera_write_register(camera.get(), ARV_FAKE_CAMERA_REGISTER_WIDTH, width));
     QVERIFY(arv_fake_camera_write_register(camera.get(), ARV_FAKE_CAMERA_REGISTER_HEIGHT, height));
-    const GObjectPtr<ArvBuffer> buffer(arv_buffer_new_allocate(64 * 64));
+    const GObjectPtr<ArvBuffer> buffer(arv_buffer_new_allocate(std::size_t(64) * 64));
     arv_fake_camera_fill_buffer(camera.get(), buffer.get(), nullptr);
     QCOMPARE(arv_buffer_get_status(buffer.get()), ARV_BUFFER_STATUS_SUCCESS);
     QVERIFY(!grabResult(buffer.get()).complete);
