@@ -25,7 +25,7 @@ SLinkReport soundReport()
     report.time = std::chrono::seconds(10);
     report.span = std::chrono::seconds(10);
     report.frames = {100, 100, 0, 0};
-    report.frameBytes = 5 * 1024 * 1024;
+    report.frameBytes = quint64(5) * 1024 * 1024;
     report.buffers = 16;
     report.hasFrameRate = true;
     report.packetSizeFeature = QStringLiteral("GevSCPSPacketSize");
