@@ -552,7 +552,8 @@ void tst_AWorkerNodeDataModel::takesNothingWhileItEnds()
     model->send(1);
     gated.work.waitForBegin();
     auto data = CTestData::make(2);
-    data->onDestroyed = [model] { model->send(3); };
+    // By then only the base is left of the model.
+    data->onDestroyed = [base = static_cast<AWorkerNodeDataModel*>(model)] { base->setInData(CTestData::make(3), 0); };
     model->setInData(std::move(data), 0);
     model->send(4);
     gated.model.reset();
