@@ -118,6 +118,8 @@ void CWorkQueue::setPool(QThreadPool* pool)
 {
     const QMutexLocker lock(&m_mutex);
     m_pool = pool;
+    if (!m_jobs.empty())
+        RemovedWork::addPool(this->pool());
 }
 
 void CWorkQueue::add(Inputs& inputs, const std::shared_ptr<const Work>& work)
@@ -270,6 +272,7 @@ bool CWorkQueue::isIdle() const
 CWorkQueue::CJob& CWorkQueue::makeJob()
 {
     if (!m_unused.first) {
+        RemovedWork::addPool(pool());
         m_jobs.push_back(std::make_unique<CJob>());
         return *m_jobs.back();
     }

@@ -6,8 +6,13 @@
 #include <QDeadlineTimer>
 #include <QMutex>
 #include <QMutexLocker>
-#include <QThread>
+#include <QPointer>
+#include <QThreadPool>
 #include <QWaitCondition>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace Plugin::Halvex::RemovedWork {
 namespace {
@@ -17,6 +22,7 @@ struct SCount
     QMutex mutex;
     QWaitCondition hasEnded;
     int running = 0;
+    std::vector<QPointer<QThreadPool>> pools;
 };
 
 SCount& theCount()
@@ -45,17 +51,39 @@ void end()
 bool wait(unsigned long milliseconds)
 {
     const QDeadlineTimer deadline(qint64(milliseconds) < 0 ? -1 : qint64(milliseconds));
+    SCount& all = theCount();
+    const QMutexLocker lock(&all.mutex);
+    while (all.running > 0) {
+        if (!all.hasEnded.wait(&all.mutex, deadline))
+            return false;
+    }
+    return true;
+}
+
+void addPool(QThreadPool& pool)
+{
+    SCount& all = theCount();
+    const QMutexLocker lock(&all.mutex);
+    auto& pools = all.pools;
+    pools.erase(std::remove_if(pools.begin(), pools.end(), [](const auto& known) { return known.isNull(); }),
+                pools.end());
+    if (std::find(pools.cbegin(), pools.cend(), &pool) == pools.cend())
+        pools.emplace_back(&pool);
+}
+
+void waitForThreads(unsigned long milliseconds)
+{
+    const QDeadlineTimer deadline{qint64(milliseconds)};
+    std::vector<QPointer<QThreadPool>> pools;
     {
         SCount& all = theCount();
         const QMutexLocker lock(&all.mutex);
-        while (all.running > 0) {
-            if (!all.hasEnded.wait(&all.mutex, deadline))
-                return false;
-        }
+        pools = std::exchange(all.pools, {});
     }
-    // Who has ended the last work may still have to return from end(), which is code of this library.
-    QThread::msleep(1);
-    return true;
+    for (const auto& pool : pools) {
+        if (pool)
+            pool->waitForDone(int(deadline.remainingTime()));
+    }
 }
 
 } // namespace Plugin::Halvex::RemovedWork

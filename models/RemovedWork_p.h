@@ -3,6 +3,8 @@
 
 #pragma once
 
+class QThreadPool;
+
 namespace Plugin::Halvex {
 
 /// Counts the work in thread pools whose models are gone, so that somebody can wait for its end. For any thread.
@@ -11,8 +13,16 @@ namespace RemovedWork {
 void begin(int count);
 void end();
 
-/// Whether there is none any more, within so many milliseconds.
+/// Whether there is none any more, within so many milliseconds. What is left then of its threads' way back into the
+/// pool is code of this library alone.
 bool wait(unsigned long milliseconds);
+
+/// Notes that the threads of \a pool run code of this library.
+void addPool(QThreadPool& pool);
+
+/// Waits until the threads of all pools that were added are back in Qt's code, at most so many milliseconds: other work
+/// in the pools is waited for as well.
+void waitForThreads(unsigned long milliseconds);
 
 } // namespace RemovedWork
 } // namespace Plugin::Halvex

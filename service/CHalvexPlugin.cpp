@@ -3,6 +3,8 @@
 
 #include <Halvex/service/CHalvexPlugin.h>
 
+#include "models/RemovedWork_p.h"
+
 #include <Halvex/models/AWorkerNodeDataModel.h>
 #include <Halvex/models/CGenericNodeDecouplerDataModel.h>
 #include <Halvex/service/CVeltraGrabResultData.h>
@@ -22,8 +24,9 @@ CHalvexPlugin::CHalvexPlugin()
 CHalvexPlugin::~CHalvexPlugin()
 {
     m_service.reset();
-    // What a thread pool runs for models that are gone is code of this library.
-    AWorkerNodeDataModel::waitForRemovedWork();
+    // What a thread pool runs for models that are gone is code of this library, to the last instruction.
+    if (AWorkerNodeDataModel::waitForRemovedWork())
+        RemovedWork::waitForThreads(30000);
 }
 
 bool CHalvexPlugin::initialize(const QWeakPointer<Core::Service::IServiceManager>& manager)

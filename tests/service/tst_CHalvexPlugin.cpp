@@ -64,6 +64,7 @@ private Q_SLOTS:
     void serviceGoesWithItsLastOwner();
     void serviceGoesWithThePlugin();
     void waitsForTheWorkOfItsModels();
+    void waitsForTheThreadsThatItsModelsUsed();
     void isWithoutAServiceAfterUninitialize();
     void captionFollowsTheLanguage_data();
     void captionFollowsTheLanguage();
@@ -184,6 +185,31 @@ void tst_CHalvexPlugin::waitsForTheWorkOfItsModels()
         isLeaving = true;
     }
     QVERIFY(AWorkerNodeDataModel::waitForRemovedWork(0));
+    opener.join();
+}
+
+// A thread that has done the work of a model that is gone may still be on its way out of the library: only a pool at
+// rest is a proof that it is not.
+void tst_CHalvexPlugin::waitsForTheThreadsThatItsModelsUsed()
+{
+    QThreadPool pool;
+    const CGatedWork work;
+    CWorkerModel elsewhere;
+    elsewhere.setThreadPool(&pool);
+    elsewhere.setWork(work);
+    elsewhere.send(1);
+    work.waitForBegin();
+    std::atomic<bool> isLeaving{false};
+    CTestThread opener([&] {
+        waitUntil("the plugin goes", [&isLeaving] { return isLeaving.load(); });
+        QThread::msleep(1); // time to leave it, if it does not wait
+        work.open(1);
+    });
+    {
+        SHost host;
+        isLeaving = true;
+    }
+    QCOMPARE(pool.activeThreadCount(), 0);
     opener.join();
 }
 
