@@ -70,7 +70,7 @@ CGStreamerFilters::~CGStreamerFilters()
 
 void CGStreamerFilters::run(const Plugin::Halvex::CNodeDataPtr& image, int framesEach)
 {
-    Q_ASSERT(framesEach <= filterFramesEach);
+    Q_ASSERT(framesEach <= filterRunEach);
     m_received = 0;
     for (int frame = 0; frame < framesEach; ++frame) {
         for (GstPad* const camera : m_cameras)
@@ -87,7 +87,7 @@ GstPad* CGStreamerFilters::makeQueue(GstPad* from)
     if (queue == nullptr)
         qFatal("GStreamer has no queue: its core elements are missing");
     gst_object_ref_sink(queue);
-    g_object_set(queue, "max-size-buffers", guint(filterFramesEach), "max-size-bytes", 0U, "max-size-time", guint64{0},
+    g_object_set(queue, "max-size-buffers", guint(filterRunEach), "max-size-bytes", 0U, "max-size-time", guint64{0},
                  nullptr);
     m_queues.push_back(queue);
 

@@ -20,7 +20,7 @@ public:
     ~CGStreamerFilters();
     Q_DISABLE_COPY(CGStreamerFilters)
 
-    /// At most filterFramesEach: the thread that sends must not wait at a queue.
+    /// At most filterRunEach: the thread that sends must not wait at a queue.
     void run(const Plugin::Halvex::CNodeDataPtr& image, int framesEach);
 
 private:
