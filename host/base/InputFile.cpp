@@ -38,4 +38,13 @@ QByteArray readInput(const QString& file, QString* error)
     return bytes;
 }
 
+QByteArray readDocument(const QString& file, QString* error)
+{
+    QString reason;
+    const QByteArray bytes = readInput(file, &reason);
+    if (!reason.isEmpty())
+        *error = QStringLiteral("cannot read '%1': %2").arg(inputName(file), reason);
+    return bytes;
+}
+
 } // namespace Host

@@ -17,4 +17,7 @@ QString inputName(const QString& file);
 /// What \a file holds, at most 64 MiB. On failure the reason in \a error, which does not name the file.
 QByteArray readInput(const QString& file, QString* error);
 
+/// What \a file holds, as readInput() reads it. On failure one line in \a error that names the file.
+QByteArray readDocument(const QString& file, QString* error);
+
 } // namespace Host

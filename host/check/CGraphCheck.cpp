@@ -3,12 +3,12 @@
 
 #include "host/check/CGraphCheck.h"
 
+#include "host/base/Counted.h"
 #include "host/base/Shown.h"
 #include "host/check/CFaultList.h"
 #include "host/check/CJsonTree.h"
 #include "host/check/CWordFinder.h"
 #include "host/check/ShortestLoops.h"
-#include "host/report/Counted.h"
 
 #include <algorithm>
 #include <limits>

@@ -3,8 +3,8 @@
 
 #include "host/check/FaultReport.h"
 
+#include "host/base/Counted.h"
 #include "host/base/Shown.h"
-#include "host/report/Counted.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -25,7 +25,7 @@ namespace Host {
  *     auto word = std::make_shared<std::string>();
  *     command.add_option("WORD", *word, "What to say.")->required();
  *     command.final_callback([word, action] {
- *         *action = [word] { return printText(QString::fromStdString(*word)) ? Done : Failed; };
+ *         *action = [word] { return printResult(QString::fromStdString(*word)); };
  *     });
  * }
  * \endcode

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
+#include "host/base/Counted.h"
 #include "host/base/EExitCode.h"
 #include "host/base/InputFile.h"
 #include "host/check/CDocumentCheck.h"
@@ -10,7 +11,6 @@
 #include "host/documents/GraphDifferences.h"
 #include "host/documents/SComparedGraph.h"
 #include "host/plugins/CHostServices.h"
-#include "host/report/Counted.h"
 #include "host/run/Output.h"
 #include "host/run/PrintResult.h"
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
+#include "host/base/Counted.h"
 #include "host/base/EExitCode.h"
 #include "host/base/InputFile.h"
 #include "host/check/CDocumentCheck.h"
@@ -12,7 +13,6 @@
 #include "host/documents/PictureText.h"
 #include "host/documents/RunPicture.h"
 #include "host/plugins/CHostServices.h"
-#include "host/report/Counted.h"
 #include "host/run/Output.h"
 
 #include <CLI/CLI.hpp>
@@ -51,11 +51,11 @@ SPicture pictureOfDocument(const QString& file, CHostServices& services, QString
 
 SPicture pictureOfRun(const QString& file, QString* error)
 {
+    const QByteArray report = readDocument(file, error);
+    if (!error->isEmpty())
+        return {};
     QString reason;
-    const QByteArray report = readInput(file, &reason);
-    SPicture picture;
-    if (reason.isEmpty())
-        picture = runPicture(report, &reason);
+    const SPicture picture = runPicture(report, &reason);
     if (!reason.isEmpty())
         *error = QStringLiteral("cannot read '%1': %2").arg(inputName(file), reason);
     return picture;

@@ -3,9 +3,9 @@
 
 #include "host/commands/TestCamera.h"
 
+#include "host/base/Counted.h"
 #include "host/base/EExitCode.h"
 #include "host/report/CProgressLine.h"
-#include "host/report/Counted.h"
 #include "host/report/SLinkReport.h"
 #include "host/report/Terminal.h"
 #include "host/run/CLinkTest.h"

@@ -3,10 +3,10 @@
 
 #include "host/documents/DocumentFile.h"
 
+#include "host/base/Counted.h"
 #include "host/base/InputFile.h"
 #include "host/check/CDocumentCheck.h"
 #include "host/check/FaultReport.h"
-#include "host/report/Counted.h"
 
 #include <algorithm>
 #include <iterator>
@@ -42,12 +42,9 @@ SDocumentFile readDocumentFile(const QString& file, CDocumentCheck& check, QStri
 {
     SDocumentFile document;
     document.name = inputName(file);
-    QString reason;
-    document.text = readInput(file, &reason);
-    if (reason.isEmpty())
+    document.text = readDocument(file, error);
+    if (error->isEmpty())
         document.faults = check.read(document.text, &document.graph);
-    else
-        *error = QStringLiteral("cannot read '%1': %2").arg(document.name, reason);
     return document;
 }
 

@@ -3,7 +3,7 @@
 
 #include "host/documents/RunPicture.h"
 
-#include "host/report/Counted.h"
+#include "host/base/Counted.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

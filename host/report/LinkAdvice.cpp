@@ -3,9 +3,9 @@
 
 #include "host/report/LinkAdvice.h"
 
+#include "host/base/Counted.h"
 #include "host/camera/SCameraOptions.h"
 #include "host/report/ByteText.h"
-#include "host/report/Counted.h"
 #include "host/report/SLinkReport.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 
 #include "host/report/SRunReport.h"
 
-#include "host/report/Counted.h"
+#include "host/base/Counted.h"
 
 namespace Host {
 

@@ -3,9 +3,9 @@
 
 #include "host/run/CFlowMeter.h"
 
+#include "host/base/Counted.h"
 #include "host/models/IFrameInfo.h"
 #include "host/report/CGraphText.h"
-#include "host/report/Counted.h"
 #include "host/run/CFlowTrace.h"
 
 #include <Halvex/graph/DocumentKeys.h>

@@ -6,9 +6,8 @@
 #include "host/base/InputFile.h"
 #include "host/base/Shown.h"
 #include "host/check/CDocumentCheck.h"
-#include "host/check/FaultReport.h"
+#include "host/documents/DocumentFile.h"
 #include "host/models/IHostModels.h"
-#include "host/report/Counted.h"
 #include "host/run/CSceneLoader.h"
 #include "host/run/CStreamGraph.h"
 #include "host/run/Chain.h"
@@ -29,19 +28,15 @@ using namespace Plugin::Halvex;
 
 namespace {
 
-QString cannotLoad(const QString& document, const QString& reason)
+// As faultsText() takes it.
+QString cannotLoad()
 {
-    return QStringLiteral("cannot load '%1': %2").arg(document, reason);
+    return QStringLiteral("cannot load");
 }
 
-// The errors of a document as 'check' tells them, below a line that says how many; empty if there are none.
-QString errorsText(const SCheckedFile& document)
+QString cannotLoad(const QString& document, const QString& reason)
 {
-    const QStringList lines = errorLines(document);
-    if (lines.isEmpty())
-        return {};
-    const QString reason = QStringLiteral("it has %1:\n").arg(counted(quint64(lines.size()), "error"));
-    return cannotLoad(document.file, reason + lines.join(QLatin1Char('\n')));
+    return QStringLiteral("%1 '%2': %3").arg(cannotLoad(), document, reason);
 }
 
 QString noScene(const QString& camera)
@@ -106,7 +101,7 @@ std::vector<CGraphBuilder::SSoundChain> CGraphBuilder::check(const std::vector<S
     QStringList errors;
     for (const SChain& chain : chains) {
         CDocumentCheck check(m_service, m_models, {EDocumentKind::Chain, cameras});
-        errors << errorsText({chain.name, check.check(chain.source)});
+        errors << faultsText(cannotLoad(), chain.name, check.check(chain.source));
         sound.push_back({chain, {}});
         for (int i = 0; i < cameras.size() && errors.last().isEmpty(); ++i)
             sound.back().connections.push_back(check.connections(i));
@@ -139,8 +134,8 @@ std::unique_ptr<CStreamGraph> CGraphBuilder::load(const QString& file, const QSt
 {
     const QByteArray text = readDocument(file, error);
     if (error->isEmpty())
-        *error = errorsText(
-            {inputName(file), CDocumentCheck(m_service, m_models, {EDocumentKind::Scene, {camera}}).check(text)});
+        *error = faultsText(cannotLoad(), inputName(file),
+                            CDocumentCheck(m_service, m_models, {EDocumentKind::Scene, {camera}}).check(text));
     if (!error->isEmpty())
         return nullptr;
     const SCameraScene place = addCamera(camera);

@@ -21,8 +21,6 @@
 #include <QTimer>
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 #include <utility>
 
 namespace Host {
@@ -44,8 +42,8 @@ CStreamRun::~CStreamRun() = default;
 int CStreamRun::exec()
 {
     if (loadPlugins() && buildGraphs() && applySettings() && openCameras() && openFolder() && saveScene() &&
-        openFiles() && prepareSinks() && writeGraphFiles() && stream() && !printReport())
-        fail(QStringLiteral("cannot write to standard output: %1").arg(QString::fromLocal8Bit(std::strerror(errno))));
+        openFiles() && prepareSinks() && writeGraphFiles() && stream())
+        printReport();
     closeFiles();
     if (!m_error.isEmpty()) {
         printErrorLine(m_error);
@@ -217,7 +215,7 @@ void CStreamRun::fail(const QString& error)
         m_error = error;
 }
 
-bool CStreamRun::printReport()
+void CStreamRun::printReport()
 {
     for (const auto& stream : m_streams) {
         if (!stream->isStarted() || !stream->graph().isIntact())
@@ -234,7 +232,8 @@ bool CStreamRun::printReport()
     }
     if (!m_options.json.isEmpty())
         fail(writeRunJson(m_options.json, m_reports, m_error));
-    return m_options.hasStandardOutput() || printText(runText(m_reports));
+    if (!m_options.hasStandardOutput())
+        fail(printText(runText(m_reports)));
 }
 
 QString CStreamRun::ending() const

@@ -56,7 +56,7 @@ private:
     bool saveScene();
     bool writeGraphFiles();
     bool stream();
-    bool printReport();
+    void printReport();
     void closeFiles();
     QString ending() const;
     QString folder(const CCameraStream& stream) const;

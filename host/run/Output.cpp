@@ -4,6 +4,7 @@
 #include "host/run/Output.h"
 
 #include "host/base/InputFile.h"
+#include "host/base/WriteAll.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -18,23 +19,12 @@ namespace Host {
 
 namespace {
 
-// A device that fills up takes a part first and tells the reason when it is asked to take the rest.
-bool writeAll(QFileDevice& out, const QByteArray& bytes)
+QString printBytes(const QByteArray& bytes)
 {
-    qint64 done = 0;
-    while (done < bytes.size()) {
-        const qint64 taken = out.write(bytes.constData() + done, bytes.size() - done);
-        if (taken <= 0)
-            return false;
-        done += taken;
-    }
-    return true;
-}
-
-bool printBytes(const QByteArray& bytes)
-{
-    return std::fwrite(bytes.constData(), 1, std::size_t(bytes.size()), stdout) == std::size_t(bytes.size()) &&
-           std::fflush(stdout) == 0;
+    const auto size = std::size_t(bytes.size());
+    if (std::fwrite(bytes.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0)
+        return {};
+    return QStringLiteral("cannot write to standard output: %1").arg(QString::fromLocal8Bit(std::strerror(errno)));
 }
 
 } // namespace
@@ -52,7 +42,8 @@ QString writeTextFile(const QString& file, const QString& text)
 {
     const QByteArray bytes = text.toUtf8();
     QFile out(file);
-    if (out.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered) && writeAll(out, bytes))
+    if (out.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered) &&
+        writeAll(out, bytes.constData(), std::size_t(bytes.size())))
         return {};
     return QStringLiteral("cannot write '%1': %2").arg(file, out.errorString());
 }
@@ -67,21 +58,18 @@ QString replaceFile(const QString& file, const QByteArray& bytes)
     if (present.exists() && !present.isFile())
         return failure(QStringLiteral("Not a regular file"));
     QSaveFile out(file);
-    if (!out.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(out, bytes))
+    if (!out.open(QIODevice::WriteOnly | QIODevice::Unbuffered) ||
+        !writeAll(out, bytes.constData(), std::size_t(bytes.size())))
         return failure(out.errorString());
     return out.commit() ? QString() : failure(out.errorString());
 }
 
 QString writeOutput(const QString& file, const QByteArray& bytes)
 {
-    if (!isStandardStream(file))
-        return replaceFile(file, bytes);
-    if (printBytes(bytes))
-        return {};
-    return QStringLiteral("cannot write to standard output: %1").arg(QString::fromLocal8Bit(std::strerror(errno)));
+    return isStandardStream(file) ? printBytes(bytes) : replaceFile(file, bytes);
 }
 
-bool printText(const QString& text)
+QString printText(const QString& text)
 {
     return printBytes(text.toUtf8());
 }

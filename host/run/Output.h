@@ -20,8 +20,8 @@ QString replaceFile(const QString& file, const QByteArray& bytes);
 /// Replaces \a file as replaceFile() does; "-" is standard output. Returns the error, empty on success.
 QString writeOutput(const QString& file, const QByteArray& bytes);
 
-/// On standard output, completely. False with errno set when it does not take it.
-bool printText(const QString& text);
+/// On standard output, completely. Returns the error, empty on success.
+QString printText(const QString& text);
 
 /// On standard error, behind the program's name.
 void printErrorLine(const QString& text);

@@ -6,17 +6,15 @@
 #include "host/run/Output.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 
 namespace Host {
 
 int printResult(const QString& text, int exitCode)
 {
-    if (printText(text))
+    const QString error = printText(text);
+    if (error.isEmpty())
         return exitCode;
-    printErrorLine(
-        QStringLiteral("cannot write to standard output: %1").arg(QString::fromLocal8Bit(std::strerror(errno))));
+    printErrorLine(error);
     return std::max(exitCode, int(Failed));
 }
 

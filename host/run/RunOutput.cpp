@@ -3,8 +3,8 @@
 
 #include "host/run/RunOutput.h"
 
+#include "host/base/Counted.h"
 #include "host/report/CGraphText.h"
-#include "host/report/Counted.h"
 #include "host/report/SRunReport.h"
 #include "host/report/Terminal.h"
 #include "host/run/CCameraStream.h"

@@ -126,15 +126,6 @@ void sortConnections(Objects* connections, const QHash<QString, int>& places)
 
 } // namespace
 
-QByteArray readDocument(const QString& file, QString* error)
-{
-    QString reason;
-    const QByteArray bytes = readInput(file, &reason);
-    if (!reason.isEmpty())
-        *error = QStringLiteral("cannot read '%1': %2").arg(inputName(file), reason);
-    return bytes;
-}
-
 QByteArray orderedScene(const QByteArray& document)
 {
     QJsonObject root = QJsonDocument::fromJson(document).object();

@@ -8,10 +8,6 @@
 
 namespace Host {
 
-/// What \a file holds, at most 64 MiB; "-" is standard input. On failure one line in \a error that names the file and
-/// the reason.
-QByteArray readDocument(const QString& file, QString* error);
-
 /**
  * The scene document \a document, written so that one scene is always the same text, whichever process saves it:
  * nodes in the order of the flow, those at one depth by their ids, and connections by the nodes that they join.

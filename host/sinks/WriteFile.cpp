@@ -3,29 +3,14 @@
 
 #include "host/sinks/WriteFile.h"
 
+#include "host/base/WriteAll.h"
+
 #include <QFile>
 
 #include <filesystem>
 #include <system_error>
 
 namespace Host {
-
-namespace {
-
-// A disk that fills up takes a part first and tells the reason when it is asked to take the rest.
-bool writeAll(QFile& file, const char* bytes, std::size_t size)
-{
-    std::size_t done = 0;
-    while (done < size) {
-        const qint64 taken = file.write(bytes + done, qint64(size - done));
-        if (taken <= 0)
-            return false;
-        done += std::size_t(taken);
-    }
-    return true;
-}
-
-} // namespace
 
 QString renameFile(const QString& from, const QString& to)
 {
@@ -41,7 +26,7 @@ QString writeFile(const QString& name, const void* bytes, std::size_t size)
     if (!part.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
         return part.errorString();
     QString reason;
-    if (!writeAll(part, static_cast<const char*>(bytes), size))
+    if (!writeAll(part, bytes, size))
         reason = part.errorString();
     part.close();
     if (reason.isEmpty())

@@ -37,6 +37,7 @@ void tst_InputFile::reads()
     QVERIFY(write(folder.filePath("a"), "text"));
     QString error;
     QCOMPARE(readInput(folder.filePath("a"), &error), QByteArray("text"));
+    QCOMPARE(readDocument(folder.filePath("a"), &error), QByteArray("text"));
     QCOMPARE(error, QString());
 }
 
@@ -48,6 +49,12 @@ void tst_InputFile::cannotRead()
     error.clear();
     readInput("/dev/zero", &error);
     QCOMPARE(error, QString("it is larger than 64 MiB"));
+    error.clear();
+    readDocument("/nowhere.json", &error);
+    QCOMPARE(error, QString("cannot read '/nowhere.json': No such file or directory"));
+    error.clear();
+    readDocument("/dev/zero", &error);
+    QCOMPARE(error, QString("cannot read '/dev/zero': it is larger than 64 MiB"));
 }
 
 void tst_InputFile::standardInput()

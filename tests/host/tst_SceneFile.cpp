@@ -3,10 +3,8 @@
 
 #include "host/run/SceneFile.h"
 
-#include "TestFile.h"
 #include "TestJson.h"
 
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Host;
@@ -49,32 +47,11 @@ class tst_SceneFile : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void reads();
-    void cannotRead();
     void flowThenId();
     void orderOfTheDocumentDoesNotMatter();
     void loopsHaveAnOrderToo();
     void uniqueNodeIsNamedByItsUniqueName();
 };
-
-void tst_SceneFile::reads()
-{
-    const QTemporaryDir folder;
-    QVERIFY(write(folder.filePath("a.json"), "{}"));
-    QString error;
-    QCOMPARE(readDocument(folder.filePath("a.json"), &error), QByteArray("{}"));
-    QCOMPARE(error, QString());
-}
-
-void tst_SceneFile::cannotRead()
-{
-    QString error;
-    readDocument("/nowhere.json", &error);
-    QCOMPARE(error, QString("cannot read '/nowhere.json': No such file or directory"));
-    error.clear();
-    readDocument("/dev/zero", &error);
-    QCOMPARE(error, QString("cannot read '/dev/zero': it is larger than 64 MiB"));
-}
 
 void tst_SceneFile::flowThenId()
 {
