@@ -145,12 +145,13 @@ QThreadStorage<CThreadEnd*>& threadEnds()
     return ends;
 }
 
-/// Runs \a runnable in a thread pool in its place. A runnable that deletes itself does not come here.
+/// Runs \a runnable in \a pool in its place. A runnable that deletes itself does not come here.
 class CPooledRunnable : public QRunnable
 {
 public:
-    explicit CPooledRunnable(QRunnable* runnable)
-        : m_runnable(runnable)
+    CPooledRunnable(const QThreadPool* pool, QRunnable* runnable)
+        : m_pool(pool)
+        , m_runnable(runnable)
     {
         Q_ASSERT(!runnable->autoDelete());
         const std::lock_guard<std::mutex> lock(s_mutex);
@@ -164,6 +165,7 @@ public:
             s_all.erase(m_runnable);
         }
         m_runnable->run();
+        __tsan_release(edgesOf(m_pool));
     }
 
     /// Calls \a take with what stands in a pool for \a runnable; false if nothing does.
@@ -180,6 +182,7 @@ public:
     }
 
 private:
+    const QThreadPool* m_pool;
     QRunnable* m_runnable;
     static inline std::mutex s_mutex;
     static inline std::map<const QRunnable*, CPooledRunnable*> s_all;
@@ -307,11 +310,20 @@ bool QThread::wait(QDeadlineTimer deadline)
 void QThreadPool::start(QRunnable* runnable, int priority)
 {
     static const auto qtStart = original<void (QThreadPool::*)(QRunnable*, int)>("_ZN11QThreadPool5startEP9QRunnablei");
-    (this->*qtStart)(new CPooledRunnable(runnable), priority);
+    (this->*qtStart)(new CPooledRunnable(this, runnable), priority);
 }
 
 bool QThreadPool::tryTake(QRunnable* runnable)
 {
     static const auto qtTryTake = original<bool (QThreadPool::*)(QRunnable*)>("_ZN11QThreadPool7tryTakeEP9QRunnable");
     return CPooledRunnable::takeBack(runnable, [this](QRunnable* pooled) { return (this->*qtTryTake)(pooled); });
+}
+
+bool QThreadPool::waitForDone(int milliseconds)
+{
+    static const auto qtWait = original<bool (QThreadPool::*)(int)>("_ZN11QThreadPool11waitForDoneEi");
+    const bool isDone = (this->*qtWait)(milliseconds);
+    if (isDone)
+        __tsan_acquire(edgesOf(this));
+    return isDone;
 }
