@@ -179,6 +179,7 @@ QStringList CStreamGraph::namesOf(std::size_t node) const
 
 QString CStreamGraph::set(const SNodeSetting& setting)
 {
+    Q_ASSERT(m_isIntact);
     QStringList known;
     std::vector<CNodeDataModel*> meant;
     // A label, which several chains may have, goes before a caption, that before a number.
@@ -194,12 +195,15 @@ QString CStreamGraph::set(const SNodeSetting& setting)
     }
     if (meant.empty())
         return QStringLiteral("no node is called %1%2").arg(shown(setting.node), didYouMean(setting.node, known));
-    QString error;
     for (CNodeDataModel* const model : meant) {
-        if (error.isEmpty())
-            error = setSetting(*model, setting.key, setting.value);
+        const QString error = setSetting(*model, setting.key, setting.value);
+        // Who hears of a change may remove the models that are still to be set.
+        if (!m_isIntact)
+            return QStringLiteral("the graph was changed meanwhile");
+        if (!error.isEmpty())
+            return error;
     }
-    return error;
+    return {};
 }
 
 void CStreamGraph::account(SRunReport* report) const

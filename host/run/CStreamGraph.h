@@ -82,7 +82,7 @@ public:
     void setLabels(const std::map<Core::CId, QString>& labels) { m_labels = labels; }
 
     /// Sets what \a setting says, at once, at all nodes that are called so. Returns what is wrong, in one line; empty
-    /// on success.
+    /// on success. Who hears of a setting may change the graph; that is wrong, too, and the graph no longer intact.
     QString set(const SNodeSetting& setting);
 
     /// Has startCounting() tell \a file of everything, too; \a process is a number of its own in that.

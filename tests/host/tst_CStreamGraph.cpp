@@ -7,8 +7,10 @@
 #include "SHostService.h"
 #include "TestFrame.h"
 #include "TestTable.h"
+#include "host/models/CBlurModel.h"
 #include "host/run/CGraphBuilder.h"
 #include "host/run/Chain.h"
+#include "host/run/RunSettings.h"
 #include "host/sinks/IFrameSink.h"
 
 #include <QJsonObject>
@@ -56,6 +58,7 @@ private Q_SLOTS:
     void filesAreWrittenWhenItIsDrained();
     void drainTimeKnowsTheRate();
     void settings();
+    void settingThatChangesTheGraph();
     void changeIsTold_data();
     void changeIsTold();
 };
@@ -216,6 +219,41 @@ void tst_CStreamGraph::settings()
              QStringLiteral("no node is called 'treshold'; did you mean 'threshold'?"));
     QCOMPARE(demo.graph->set({"12", "level", "40"}), QStringLiteral("no node is called '12'"));
     QCOMPARE(demo.graph->set({"image", "level", "40"}), QStringLiteral("it has no settings"));
+}
+
+void tst_CStreamGraph::settingThatChangesTheGraph()
+{
+    const QByteArray chain = R"([
+        {"name": "one", "model": {"name": "Blur"}, "connection": []},
+        {"name": "other", "model": {"name": "Blur"}, "connection": []},
+        {"name": "image", "model": {"name": "To Image"}, "unique_sources": [["left"]],
+         "connection": [["one", "other"]]}])";
+    SHostService host;
+    QString error;
+    const auto graphs = CGraphBuilder(host.nodes, host.models).import(chainOf("chain", chain), {"left"}, &error);
+    QCOMPARE(error, QString());
+    CStreamGraph& graph = *graphs.at(0);
+    CNodeScene& scene = *host.nodes.getActiveScene();
+    std::vector<CBlurModel*> blurs;
+    for (const auto& node : scene.nodes()) {
+        if (auto* const blur = qobject_cast<CBlurModel*>(node.second->nodeDataModel()))
+            blurs.push_back(blur);
+    }
+    QCOMPARE(blurs.size(), std::size_t(2));
+    // The first that is set removes the other one.
+    for (const CBlurModel* const blur : blurs)
+        connect(blur, &CBlurModel::settingChanged, &scene, [&scene, blur] {
+            for (const auto& node : scene.nodes()) {
+                const auto* const other = qobject_cast<CBlurModel*>(node.second->nodeDataModel());
+                if (other && other != blur)
+                    return scene.removeNode(*node.second);
+            }
+        });
+    // Nor is the setting behind it applied.
+    QCOMPARE(applySettings(graph, {{"Blur", "size", "9"}, {"Blur", "size", "11"}}),
+             QStringLiteral("--set Blur.size=9: the graph was changed meanwhile"));
+    QVERIFY(!graph.isIntact());
+    QCOMPARE(scene.nodes().size(), std::size_t(3));
 }
 
 void tst_CStreamGraph::changeIsTold_data()
