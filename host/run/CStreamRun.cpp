@@ -159,10 +159,8 @@ bool CStreamRun::stream()
     if (m_options.duration.count() > 0)
         QTimer::singleShot(m_options.duration, this, &CStreamRun::onTimeUp);
     std::unique_ptr<CLineReader> commands;
-    if (!m_options.readsStandardInput()) {
-        commands = std::make_unique<CLineReader>(stdin);
-        connect(commands.get(), &CLineReader::lineRead, this, [this](const QString& each) { obey(m_streams, each); });
-    }
+    if (!m_options.readsStandardInput())
+        commands = obeyStandardInput(m_streams);
     CProgressLine line(stderr);
     QTimer timer;
     connect(&timer, &QTimer::timeout, this, [&] { line.show(runProgress(m_streams, m_options.frames)); });
