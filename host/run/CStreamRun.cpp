@@ -108,8 +108,9 @@ bool CStreamRun::openFolder()
 // What an earlier run left goes when nothing else can be refused.
 bool CStreamRun::openFiles()
 {
-    QString error;
-    m_trace = openTrace(m_options.trace, m_streams, &error);
+    QString error = m_options.json.isEmpty() ? QString() : tryOutput(m_options.json); // it is written at the end
+    if (error.isEmpty())
+        m_trace = openTrace(m_options.trace, m_streams, &error);
     if (error.isEmpty())
         error = m_folder.begin(runClaims(m_options, m_streams), runFacts(m_options, m_services.models()));
     if (error.isEmpty())
