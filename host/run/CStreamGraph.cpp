@@ -84,8 +84,6 @@ CStreamGraph::CStreamGraph(const CNodeScene& scene, const CNodeBase& camera)
     connect(&scene, &CNodeScene::connectionDeleted, this, &CStreamGraph::onChanged);
 }
 
-CStreamGraph::~CStreamGraph() = default;
-
 void CStreamGraph::addNode(const CNodeBase& node)
 {
     CNodeDataModel* model = node.nodeDataModel();
@@ -152,19 +150,25 @@ void CStreamGraph::finishSinks()
         sink->finish();
 }
 
-std::chrono::milliseconds CStreamGraph::drainTime() const
+quint64 CStreamGraph::workDone() const
 {
-    double time = 5000.0;
-    for (const SDecoupler& decoupler : m_decouplers) {
-        time += 2.0 * double(tickInterval(*decoupler.model).count());
-    }
-    constexpr double mostOfOne = 500.0; // of a frame that a filter works on, or that is written
+    const auto settled = [](const SWorkerStatistics& counts) { return counts.received - counts.pending; };
+    quint64 done = 0;
+    for (const SDecoupler& decoupler : m_decouplers)
+        done += decoupler.delivered;
     for (const AWorkerNodeDataModel* worker : m_workers)
-        time += mostOfOne * double(worker->statistics().pending);
+        done += settled(worker->statistics());
     for (const IFrameSink* sink : m_sinks)
-        time += mostOfOne * double(sink->writing().pending);
-    // A timer's range.
-    return std::chrono::milliseconds(time < 2e9 ? std::int64_t(time) : 2000000000);
+        done += settled(sink->writing());
+    return done;
+}
+
+std::chrono::milliseconds CStreamGraph::patience() const
+{
+    std::chrono::milliseconds time(10000); // a disk may stop for some seconds
+    for (const SDecoupler& decoupler : m_decouplers)
+        time += 2 * tickInterval(*decoupler.model);
+    return time;
 }
 
 // Label, caption and number: whatever a person may call it.
