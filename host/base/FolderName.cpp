@@ -3,6 +3,7 @@
 
 #include "host/base/FolderName.h"
 
+#include "host/base/RunFiles.h"
 #include "host/base/Shown.h"
 
 #include <QFile>
@@ -20,11 +21,14 @@ bool makesAFolder(const QString& name)
            std::all_of(letters.begin(), letters.end(), [](char32_t c) { return isPrintable(c) && c != U'/'; });
 }
 
+bool makesACameraFolder(const QString& name)
+{
+    return makesAFolder(name) && !RunFiles::isBesideCameras(name);
+}
+
 bool makesASinkFolder(const QString& name)
 {
-    // A run writes these into the same folder.
-    const bool isTaken = name == QLatin1String("graph.txt") || name == QLatin1String("graph.dot");
-    return !isTaken && makesAFolder(name);
+    return makesAFolder(name) && !RunFiles::isBesideSinks(name);
 }
 
 } // namespace Host

@@ -11,6 +11,9 @@ namespace Host {
 /// front, and at most 255 bytes.
 bool makesAFolder(const QString& name);
 
+/// Whether a camera can have that name: it makes a folder, which is none of the files beside it.
+bool makesACameraFolder(const QString& name);
+
 /// Whether a sink can have that name: it makes a folder, which is none of the files beside it.
 bool makesASinkFolder(const QString& name);
 

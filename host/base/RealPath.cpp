@@ -11,8 +11,9 @@ namespace Host {
 QString realPath(const QString& path)
 {
     const QFileInfo file(QDir::cleanPath(path));
+    // A pipe has a name in "/dev/fd", and no path behind it.
     if (file.exists())
-        return file.canonicalFilePath();
+        return file.canonicalFilePath().isEmpty() ? file.absoluteFilePath() : file.canonicalFilePath();
     const QFileInfo folder(file.path());
     return folder.exists() ? folder.canonicalFilePath() + QLatin1Char('/') + file.fileName() : file.absoluteFilePath();
 }

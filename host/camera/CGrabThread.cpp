@@ -37,6 +37,7 @@ SGrabStatistics CGrabThread::statistics() const
     statistics.incomplete = m_incomplete;
     statistics.grabbed = statistics.complete + statistics.incomplete;
     statistics.underruns = m_underruns;
+    statistics.missed = m_missed;
     return statistics;
 }
 
@@ -64,6 +65,8 @@ QString CGrabThread::grabAll()
             silent = frameless = Clock::duration::zero();
         m_underruns = underruns;
 
+        if (grab.status == EGrab::Away)
+            m_numbers.restart();
         if (grab.status == EGrab::Lost)
             return grab.error;
         if (grab.status == EGrab::Ended) {
@@ -101,6 +104,8 @@ void CGrabThread::handOn(IFrameSource::SGrab grab)
     if (m_complete == 0)
         m_first = frame.grabbed;
     m_spanNs = std::chrono::nanoseconds(frame.grabbed - m_first).count();
+    m_numbers.add(frame.result->frameNumber, m_incomplete + m_underruns);
+    m_missed = m_numbers.missed(m_incomplete + m_underruns);
     ++m_complete;
     m_handler(frame);
 }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "host/camera/CFrameNumbers.h"
 #include "host/camera/SGrabStatistics.h"
 #include "host/sources/IFrameSource.h"
 
@@ -86,10 +87,12 @@ private:
     const FrameHandler m_handler;
     std::chrono::milliseconds m_timeout{0};
     std::chrono::steady_clock::time_point m_first; // grab thread only
+    CFrameNumbers m_numbers;                       // the same
     // Written by the grab thread alone.
     std::atomic<quint64> m_complete{0};
     std::atomic<quint64> m_incomplete{0};
     std::atomic<quint64> m_underruns{0};
+    std::atomic<quint64> m_missed{0};
     std::atomic<qint64> m_spanNs{0};
     std::atomic<bool> m_hasRunOut{false};
 };

@@ -93,10 +93,8 @@ QStringList readCameras(const std::vector<std::string>& texts)
         const QString camera = QString::fromStdString(text);
         if (camera.isEmpty())
             refuse(QStringLiteral("--camera is empty."));
-        // A run writes its files into a folder of that name, beside the chain's and the manifest; and what is no unique
-        // name gets no scene.
-        if (!makesAFolder(camera) || camera == QLatin1String("chain.json") ||
-            camera == QLatin1String("manifest.json") || camera == Plugin::Halvex::ANodeDataModel::noUniqueName())
+        // A run writes its files into a folder of that name; and what is no unique name gets no scene.
+        if (!makesACameraFolder(camera) || camera == Plugin::Halvex::ANodeDataModel::noUniqueName())
             refuse(QStringLiteral("--camera '%1' is no address.").arg(camera));
         if (cameras.contains(camera))
             refuse(QStringLiteral("--camera '%1' is given twice.").arg(camera));

@@ -3,9 +3,9 @@
 
 #include "host/commands/CRunArguments.h"
 
-#include "host/base/InputFile.h"
 #include "host/commands/ArgumentValues.h"
 #include "host/commands/Commands.h"
+#include "host/run/Output.h"
 
 #include <CLI/CLI.hpp>
 
@@ -130,7 +130,8 @@ void CRunArguments::declareFiles(CLI::App& command)
         ->type_name("FILE")
         ->group(group);
     command
-        .add_option("--trace", m_trace, "Write each frame's way through the nodes as a trace, which Perfetto opens.")
+        .add_option("--trace", m_trace,
+                    "Write each frame's way as a trace for Perfetto; '-' is standard output, without the table.")
         ->type_name("FILE")
         ->group(group);
 }
@@ -154,11 +155,11 @@ SRunOptions CRunArguments::options() const
     camera.pixelFormat = text("--pixel-format", m_pixelFormat);
     options.plugins = text("--plugins", m_plugins);
     options.load = text("--load", m_load);
-    options.save = text("--save", m_save);
+    options.save = outputName(text("--save", m_save));
     if (isGiven("--output"))
         options.output = text("--output", m_output);
-    options.json = text("--json", m_json);
-    options.trace = text("--trace", m_trace);
+    options.json = outputName(text("--json", m_json));
+    options.trace = outputName(text("--trace", m_trace));
     options.isKept = m_isKept;
     options.isStrict = m_isStrict;
     if (isGiven("--buffers"))
@@ -205,11 +206,10 @@ void CRunArguments::readSettings(SCameraOptions* camera, SRunOptions* options) c
 
 void CRunArguments::readGraph(SRunOptions* options) const
 {
-    const bool isForOne = !options->load.isEmpty() || !options->save.isEmpty();
-    if (isForOne && options->sources().size() > 1)
+    if (options->sources().size() > 1 && !(options->load.isEmpty() && options->save.isEmpty()))
         refuse(QStringLiteral("--load and --save take one camera."));
-    if (isStandardStream(options->save) && isStandardStream(options->json))
-        refuse(QStringLiteral("--save or --json to standard output, not both."));
+    if (options->documents().count(QStringLiteral("-")) > 1)
+        refuse(QStringLiteral("One of --save, --json and --trace to standard output, not several."));
     for (const std::string& chain : m_chains)
         options->chains << QString::fromStdString(chain);
     if (options->chains.contains(QString()))

@@ -84,7 +84,8 @@ QJsonObject SRunReport::json() const
     const QJsonObject counts{{"grabbed", double(frames.grabbed)},
                              {"complete", double(frames.complete)},
                              {"incomplete", double(frames.incomplete)},
-                             {"underruns", double(frames.underruns)}};
+                             {"underruns", double(frames.underruns)},
+                             {"missed", double(frames.missed)}};
     return {{"address", address},
             {"camera", camera},
             {"ended", ending},

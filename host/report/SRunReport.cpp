@@ -97,6 +97,9 @@ QStringList SRunReport::remarks() const
         remarks << QStringLiteral("%1 came incomplete").arg(counted(frames.incomplete, "frame"));
     if (frames.underruns > 0)
         remarks << QStringLiteral("%1 found no free buffer").arg(counted(frames.underruns, "frame"));
+    if (frames.missed > 0)
+        remarks << QStringLiteral("%1 never came, though the camera counted %2")
+                       .arg(counted(frames.missed, "frame"), frames.missed == 1 ? "it" : "them");
     if (absences.count > 0)
         remarks << QStringLiteral("the camera had gone %1 and came back, %2 s in all")
                        .arg(counted(quint64(absences.count), "time"))

@@ -14,7 +14,6 @@
 #include <Halvex/models/CNodeDataEntry.h>
 
 #include <QDir>
-#include <QTimer>
 
 #include <utility>
 
@@ -25,7 +24,10 @@ using namespace Plugin::Halvex;
 CCameraStream::CCameraStream(SourceOptions options, std::unique_ptr<CStreamGraph> graph)
     : m_options(std::move(options))
     , m_graph(std::move(graph))
+    , m_stallWatch([this] { return m_graph->workDone(); })
 {
+    // The account then tells what is left.
+    connect(&m_stallWatch, &CStallWatch::stalled, this, &CCameraStream::end);
     connect(m_graph.get(), &CStreamGraph::changed, this, &CCameraStream::onGraphChanged);
 }
 
@@ -104,8 +106,8 @@ void CCameraStream::onGrabbed(const QString& error)
     if (!error.isEmpty())
         Q_EMIT failed(error);
     connect(m_graph.get(), &CStreamGraph::cameThrough, this, &CCameraStream::endWhenDrained);
-    // The account tells when there is something left by then.
-    QTimer::singleShot(m_graph->drainTime(), this, &CCameraStream::end);
+    // Before loops are held, whose decouplers then do not tick any more.
+    m_stallWatch.start(m_graph->patience());
     m_graph->holdLoops();
     endWhenDrained();
 }
@@ -124,6 +126,7 @@ void CCameraStream::end()
     if (m_hasEnded)
         return;
     m_hasEnded = true;
+    m_stallWatch.stop();
     Q_EMIT ended();
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "host/report/SRunReport.h"
+#include "host/run/CStallWatch.h"
 #include "host/sources/OpenSource.h"
 
 #include <QObject>
@@ -89,8 +90,8 @@ Q_SIGNALS:
     /// or whoever changes the graph.
     void failed(const QString& error);
 
-    /// Once: all frames are through the graph and all files written, it took too long, which the account shows, or the
-    /// graph was changed.
+    /// Once: all frames are through the graph and all files written, nothing got done any more for a while, so that
+    /// the account shows what is left, or the graph was changed.
     void ended();
 
 private:
@@ -104,6 +105,7 @@ private:
     std::unique_ptr<IFrameSource> m_source;
     const std::unique_ptr<CStreamGraph> m_graph;
     std::unique_ptr<CGrabThread> m_thread;
+    CStallWatch m_stallWatch;
     bool m_hasEnded = false;
 };
 

@@ -3,6 +3,9 @@
 
 #include "host/run/CLineReader.h"
 
+#include <cerrno>
+#include <utility>
+
 #include <unistd.h>
 
 namespace Host {
@@ -20,17 +23,41 @@ void CLineReader::read()
 {
     char bytes[4096];
     const auto got = ::read(int(m_notifier.socket()), bytes, sizeof bytes);
+    // The notifier tells again when there is something to read.
+    if (got < 0 && (errno == EINTR || errno == EAGAIN))
+        return;
     if (got <= 0) {
         m_notifier.setEnabled(false);
+        takeLine(std::exchange(m_rest, {}));
         return;
     }
     m_rest.append(bytes, int(got));
+    takeLines();
+}
+
+void CLineReader::takeLines()
+{
     for (int end = m_rest.indexOf('\n'); end >= 0; end = m_rest.indexOf('\n')) {
-        const QString line = QString::fromUtf8(m_rest.left(end)).trimmed();
+        const QByteArray line = m_rest.left(end);
         m_rest.remove(0, end + 1);
-        if (!line.isEmpty())
-            Q_EMIT lineRead(line);
+        takeLine(line);
     }
+    if (m_rest.size() <= mostBytes)
+        return;
+    takeLine(m_rest);
+    m_isSkipped = true;
+    m_rest.clear();
+}
+
+void CLineReader::takeLine(const QByteArray& bytes)
+{
+    if (std::exchange(m_isSkipped, false))
+        return;
+    const QString line = QString::fromUtf8(bytes).trimmed();
+    if (bytes.size() > mostBytes)
+        Q_EMIT lineLeftOut(line);
+    else if (!line.isEmpty())
+        Q_EMIT lineRead(line);
 }
 
 } // namespace Host

@@ -4,6 +4,7 @@
 #include "host/run/CRunFolder.h"
 
 #include "host/base/RealPath.h"
+#include "host/base/RunFiles.h"
 #include "host/run/Output.h"
 
 #include <QDateTime>
@@ -16,8 +17,6 @@
 namespace Host {
 
 namespace {
-
-const char* const manifestName = "manifest.json";
 
 // "2026-11-22T11:40:05.123+01:00"
 QString now()
@@ -117,7 +116,7 @@ QString CRunFolder::begin(const QStringList& claims, const QJsonObject& facts)
 
 QJsonObject CRunFolder::earlierManifest() const
 {
-    QFile manifest(filePath(QLatin1String(manifestName)));
+    QFile manifest(filePath(RunFiles::manifest()));
     return manifest.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(manifest.readAll()).object() : QJsonObject();
 }
 
@@ -146,7 +145,7 @@ QString CRunFolder::conflict(const QStringList& claims, const QStringList& inUse
 
 QString CRunFolder::usedFile(const QStringList& claims, const QStringList& inUse) const
 {
-    QSet<QString> own{realPath(filePath(QLatin1String(manifestName)))};
+    QSet<QString> own{realPath(filePath(RunFiles::manifest()))};
     const QStringList all = earlierClaims() + claims;
     for (const QString& claim : all)
         own.insert(realPath(filePath(claim)));
@@ -160,9 +159,8 @@ QString CRunFolder::usedFile(const QStringList& claims, const QStringList& inUse
 
 QString CRunFolder::foreignFile(const QStringList& claims, const QStringList& known) const
 {
-    if (QFileInfo::exists(filePath(QLatin1String(manifestName))) &&
-        !earlierManifest().contains(QLatin1String("claims")))
-        return filePath(QLatin1String(manifestName));
+    if (QFileInfo::exists(filePath(RunFiles::manifest())) && !earlierManifest().contains(QLatin1String("claims")))
+        return filePath(RunFiles::manifest());
     QSet<QString> knownPaths;
     for (const QString& file : known)
         knownPaths.insert(realPath(file));
@@ -211,7 +209,7 @@ QString CRunFolder::finish(const QJsonObject& facts)
 
 QString CRunFolder::write() const
 {
-    return replaceFile(filePath(QLatin1String(manifestName)), QJsonDocument(m_manifest).toJson());
+    return replaceFile(filePath(RunFiles::manifest()), QJsonDocument(m_manifest).toJson());
 }
 
 } // namespace Host

@@ -84,8 +84,6 @@ CStreamGraph::CStreamGraph(const CNodeScene& scene, const CNodeBase& camera)
     connect(&scene, &CNodeScene::connectionDeleted, this, &CStreamGraph::onChanged);
 }
 
-CStreamGraph::~CStreamGraph() = default;
-
 void CStreamGraph::addNode(const CNodeBase& node)
 {
     CNodeDataModel* model = node.nodeDataModel();
@@ -152,19 +150,25 @@ void CStreamGraph::finishSinks()
         sink->finish();
 }
 
-std::chrono::milliseconds CStreamGraph::drainTime() const
+quint64 CStreamGraph::workDone() const
 {
-    double time = 5000.0;
-    for (const SDecoupler& decoupler : m_decouplers) {
-        time += 2.0 * double(tickInterval(*decoupler.model).count());
-    }
-    constexpr double mostOfOne = 500.0; // of a frame that a filter works on, or that is written
+    const auto settled = [](const SWorkerStatistics& counts) { return counts.received - counts.pending; };
+    quint64 done = 0;
+    for (const SDecoupler& decoupler : m_decouplers)
+        done += decoupler.delivered;
     for (const AWorkerNodeDataModel* worker : m_workers)
-        time += mostOfOne * double(worker->statistics().pending);
+        done += settled(worker->statistics());
     for (const IFrameSink* sink : m_sinks)
-        time += mostOfOne * double(sink->writing().pending);
-    // A timer's range.
-    return std::chrono::milliseconds(time < 2e9 ? std::int64_t(time) : 2000000000);
+        done += settled(sink->writing());
+    return done;
+}
+
+std::chrono::milliseconds CStreamGraph::patience() const
+{
+    std::chrono::milliseconds time(10000); // a disk may stop for some seconds
+    for (const SDecoupler& decoupler : m_decouplers)
+        time += 2 * tickInterval(*decoupler.model);
+    return time;
 }
 
 // Label, caption and number: whatever a person may call it.
@@ -179,6 +183,7 @@ QStringList CStreamGraph::namesOf(std::size_t node) const
 
 QString CStreamGraph::set(const SNodeSetting& setting)
 {
+    Q_ASSERT(m_isIntact);
     QStringList known;
     std::vector<CNodeDataModel*> meant;
     // A label, which several chains may have, goes before a caption, that before a number.
@@ -194,12 +199,15 @@ QString CStreamGraph::set(const SNodeSetting& setting)
     }
     if (meant.empty())
         return QStringLiteral("no node is called %1%2").arg(shown(setting.node), didYouMean(setting.node, known));
-    QString error;
     for (CNodeDataModel* const model : meant) {
-        if (error.isEmpty())
-            error = setSetting(*model, setting.key, setting.value);
+        const QString error = setSetting(*model, setting.key, setting.value);
+        // Who hears of a change may remove the models that are still to be set.
+        if (!m_isIntact)
+            return QStringLiteral("the graph was changed meanwhile");
+        if (!error.isEmpty())
+            return error;
     }
-    return error;
+    return {};
 }
 
 void CStreamGraph::account(SRunReport* report) const

@@ -43,7 +43,7 @@ class CStreamGraph : public QObject
 public:
     /// \a camera is the node of a source in \a scene, whose loops all lead through decouplers.
     CStreamGraph(const Plugin::Halvex::CNodeScene& scene, const Plugin::Halvex::CNodeBase& camera);
-    ~CStreamGraph() override;
+    ~CStreamGraph() override = default;
 
     /// Where frames enter. Copies may be fed as long as one likes; once the camera's node is gone, nothing happens.
     const Plugin::Halvex::CNodeDataEntry& entry() const { return m_entry; }
@@ -70,9 +70,13 @@ public:
     /// left.
     bool releaseLoop() { return m_brake.releaseNext(); }
 
-    /// How long draining takes at most, once nothing goes in any more: a tick for each decoupler, half a second for
-    /// each image that waits to be written, and time to spare.
-    std::chrono::milliseconds drainTime() const;
+    /// Counts the frames that decouplers let out and that workers and sinks are done with. As long as that grows,
+    /// draining goes on.
+    quint64 workDone() const;
+
+    /// How long it may take until workDone() grows, once nothing goes in any more: two ticks of each decoupler, and
+    /// time for a frame in a filter or a sink.
+    std::chrono::milliseconds patience() const;
 
     /// Has the sinks complete the files that they still have open, once: to be called when it is drained, which it may
     /// then not be for a while.
@@ -82,7 +86,7 @@ public:
     void setLabels(const std::map<Core::CId, QString>& labels) { m_labels = labels; }
 
     /// Sets what \a setting says, at once, at all nodes that are called so. Returns what is wrong, in one line; empty
-    /// on success.
+    /// on success. Who hears of a setting may change the graph; that is wrong, too, and the graph no longer intact.
     QString set(const SNodeSetting& setting);
 
     /// Has startCounting() tell \a file of everything, too; \a process is a number of its own in that.

@@ -108,8 +108,9 @@ bool CStreamRun::openFolder()
 // What an earlier run left goes when nothing else can be refused.
 bool CStreamRun::openFiles()
 {
-    QString error;
-    m_trace = openTrace(m_options.trace, m_streams, &error);
+    QString error = m_options.json.isEmpty() ? QString() : tryOutput(m_options.json); // it is written at the end
+    if (error.isEmpty())
+        m_trace = openTrace(m_options.trace, m_streams, &error);
     if (error.isEmpty())
         error = m_folder.begin(runClaims(m_options, m_streams), runFacts(m_options, m_services.models()));
     if (error.isEmpty())
@@ -159,10 +160,8 @@ bool CStreamRun::stream()
     if (m_options.duration.count() > 0)
         QTimer::singleShot(m_options.duration, this, &CStreamRun::onTimeUp);
     std::unique_ptr<CLineReader> commands;
-    if (!m_options.readsStandardInput()) {
-        commands = std::make_unique<CLineReader>(stdin);
-        connect(commands.get(), &CLineReader::lineRead, this, [this](const QString& each) { obey(m_streams, each); });
-    }
+    if (!m_options.readsStandardInput())
+        commands = obeyStandardInput(m_streams);
     CProgressLine line(stderr);
     QTimer timer;
     connect(&timer, &QTimer::timeout, this, [&] { line.show(runProgress(m_streams, m_options.frames)); });

@@ -3,21 +3,32 @@
 
 #include "host/run/CTraceFile.h"
 
+#include "host/base/InputFile.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
+
+#include <cstdio>
 
 namespace Host {
 
 CTraceFile::CTraceFile(const QString& file)
-    : m_file(file)
+    : m_name(file)
+    , m_file(file)
 {
 }
 
 QString CTraceFile::open()
 {
-    if (m_file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return {};
-    return QStringLiteral("cannot write '%1': %2").arg(m_file.fileName(), m_file.errorString());
+    const bool isOpen = isStandardStream(m_name) ? m_file.open(stdout, QIODevice::WriteOnly)
+                                                 : m_file.open(QIODevice::WriteOnly | QIODevice::Truncate);
+    return isOpen ? QString() : failure();
+}
+
+QString CTraceFile::failure() const
+{
+    return isStandardStream(m_name) ? QStringLiteral("cannot write to standard output: %1").arg(m_file.errorString())
+                                    : QStringLiteral("cannot write '%1': %2").arg(m_name, m_file.errorString());
 }
 
 QString CTraceFile::close()
@@ -31,7 +42,7 @@ QString CTraceFile::close()
     if (!m_file.isOpen())
         return m_error;
     if (m_error.isEmpty() && (m_file.write(m_isFirst ? "[]\n" : "\n]\n") < 0 || !m_file.flush()))
-        m_error = QStringLiteral("cannot write '%1': %2").arg(m_file.fileName(), m_file.errorString());
+        m_error = failure();
     m_file.close();
     return m_error;
 }
@@ -100,7 +111,7 @@ void CTraceFile::write(const QByteArray& event)
     if (!m_file.isOpen() || !m_error.isEmpty())
         return;
     if (m_file.write((m_isFirst ? "[\n" : ",\n") + event) < 0)
-        m_error = QStringLiteral("cannot write '%1': %2").arg(m_file.fileName(), m_file.errorString());
+        m_error = failure();
     m_isFirst = false;
 }
 

@@ -52,6 +52,7 @@ public:
         End = 'f'
     };
 
+    /// "-" is standard output.
     explicit CTraceFile(const QString& file);
 
     QString open();
@@ -77,7 +78,9 @@ private:
     void write(const QByteArray& event);
     void writeName(const char* what, SRow row, const QString& name);
     QByteArray head(char phase, SRow row, Time time) const;
+    QString failure() const;
 
+    const QString m_name;
     QFile m_file;
     const Time m_start = std::chrono::steady_clock::now();
     std::map<SRow, int> m_open; // slices that have no end yet

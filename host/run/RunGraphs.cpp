@@ -3,6 +3,7 @@
 
 #include "host/run/RunGraphs.h"
 
+#include "host/base/RunFiles.h"
 #include "host/plugins/CHostServices.h"
 #include "host/run/CGraphBuilder.h"
 #include "host/run/CStreamGraph.h"
@@ -38,7 +39,7 @@ QStringList chainFiles(std::size_t count)
 {
     QStringList files;
     for (std::size_t i = 0; i < count; ++i)
-        files << (i == 0 ? QStringLiteral("chain.json") : QStringLiteral("chain-%1.json").arg(i + 1));
+        files << RunFiles::chain(i);
     return files;
 }
 

@@ -3,6 +3,7 @@
 
 #include "host/run/RunManifest.h"
 
+#include "host/base/RunFiles.h"
 #include "host/camera/Device.h"
 #include "host/models/IHostModels.h"
 #include "host/report/SRunReport.h"
@@ -37,7 +38,7 @@ QStringList runClaims(const SRunOptions& options, const std::vector<std::unique_
         claims << chainFiles(std::max(std::size_t(options.chains.size()), std::size_t(1)));
     for (const auto& stream : streams) {
         const QString folder = stream->camera() + QLatin1Char('/');
-        claims << folder + QLatin1String("graph.txt") << folder + QLatin1String("graph.dot");
+        claims << folder + RunFiles::graphText() << folder + RunFiles::graphPicture();
         for (const IFrameSink* sink : stream->graph().sinks())
             claims << folder + sink->sinkName() + QLatin1Char('/');
     }

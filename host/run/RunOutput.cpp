@@ -4,6 +4,7 @@
 #include "host/run/RunOutput.h"
 
 #include "host/base/Counted.h"
+#include "host/base/RunFiles.h"
 #include "host/report/CGraphText.h"
 #include "host/report/SRunReport.h"
 #include "host/report/Terminal.h"
@@ -126,8 +127,8 @@ QString writeGraphFiles(const Plugin::Halvex::CNodeScene& scene, const QString& 
 {
     const CGraphText graph(scene);
     const QDir output(folder);
-    const QString error = writeTextFile(output.filePath(QStringLiteral("graph.txt")), graph.text());
-    return error.isEmpty() ? writeTextFile(output.filePath(QStringLiteral("graph.dot")), graph.dot()) : error;
+    const QString error = writeTextFile(output.filePath(RunFiles::graphText()), graph.text());
+    return error.isEmpty() ? writeTextFile(output.filePath(RunFiles::graphPicture()), graph.dot()) : error;
 }
 
 QString writeRunJson(const QString& file, const std::vector<SRunReport>& reports, const QString& error)

@@ -32,8 +32,8 @@ QString runOutText(const std::vector<std::unique_ptr<CCameraStream>>& streams);
 /// The reports one after the other, for the terminal that standard output leads to.
 QString runText(const std::vector<SRunReport>& reports);
 
-/// A trace in \a file, or null without a name, that the streams, once they are started, tell of everything. On failure
-/// the reason in \a error.
+/// A trace in \a file, "-" for standard output, or null without a name, that the streams, once they are started, tell
+/// of everything. On failure the reason in \a error.
 std::shared_ptr<CTraceFile> openTrace(const QString& file, const std::vector<std::unique_ptr<CCameraStream>>& streams,
                                       QString* error);
 

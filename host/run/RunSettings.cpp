@@ -5,22 +5,17 @@
 
 #include "host/base/Shown.h"
 #include "host/run/CCameraStream.h"
+#include "host/run/CLineReader.h"
 #include "host/run/CStreamGraph.h"
 #include "host/run/Output.h"
 
 namespace Host {
 
-QString applySettings(CStreamGraph& graph, const std::vector<SNodeSetting>& settings)
-{
-    for (const SNodeSetting& setting : settings) {
-        const QString error = graph.set(setting);
-        if (!error.isEmpty())
-            return QStringLiteral("--set %1: %2").arg(printable(setting.text()), error);
-    }
-    return {};
-}
+namespace {
 
-void obey(const std::vector<std::unique_ptr<CCameraStream>>& streams, const QString& line)
+using Streams = std::vector<std::unique_ptr<CCameraStream>>;
+
+void obey(const Streams& streams, const QString& line)
 {
     const QString set = QStringLiteral("set ");
     const SNodeSetting setting = SNodeSetting::read(line.mid(set.size()));
@@ -32,6 +27,34 @@ void obey(const std::vector<std::unique_ptr<CCameraStream>>& streams, const QStr
         if (!error.isEmpty())
             return printErrorLine(QStringLiteral("set %1: %2").arg(printable(setting.text()), error));
     }
+}
+
+void tellLeftOut(const QString& beginning)
+{
+    printErrorLine(QStringLiteral("a line on standard input has more than %1 KiB and is left out: %2")
+                       .arg(CLineReader::mostBytes / 1024)
+                       .arg(shown(beginning)));
+}
+
+} // namespace
+
+QString applySettings(CStreamGraph& graph, const std::vector<SNodeSetting>& settings)
+{
+    for (const SNodeSetting& setting : settings) {
+        const QString error = graph.set(setting);
+        if (!error.isEmpty())
+            return QStringLiteral("--set %1: %2").arg(printable(setting.text()), error);
+    }
+    return {};
+}
+
+std::unique_ptr<CLineReader> obeyStandardInput(const Streams& streams)
+{
+    auto reader = std::make_unique<CLineReader>(stdin);
+    QObject::connect(reader.get(), &CLineReader::lineRead, reader.get(),
+                     [&streams](const QString& line) { obey(streams, line); });
+    QObject::connect(reader.get(), &CLineReader::lineLeftOut, &tellLeftOut);
+    return reader;
 }
 
 } // namespace Host

@@ -13,13 +13,15 @@
 namespace Host {
 
 class CCameraStream;
+class CLineReader;
 class CStreamGraph;
 
 /// Sets them in their order. Returns what is wrong with the first that is not taken; empty on success.
 QString applySettings(CStreamGraph& graph, const std::vector<SNodeSetting>& settings);
 
-/// Does what "set NODE.key=value" says in each graph that is intact. What is wrong is told on standard error, and the
-/// run goes on: frames are being recorded.
-void obey(const std::vector<std::unique_ptr<CCameraStream>>& streams, const QString& line);
+/// Does what each line "set NODE.key=value" on standard input says in each graph that is intact, as long as the reader
+/// lives, which must not be longer than \a streams. What is wrong is told on standard error, and the run goes on:
+/// frames are being recorded.
+std::unique_ptr<CLineReader> obeyStandardInput(const std::vector<std::unique_ptr<CCameraStream>>& streams);
 
 } // namespace Host

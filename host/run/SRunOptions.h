@@ -42,7 +42,7 @@ struct SRunOptions
     QString load;       ///< Scene document instead of a chain, for one camera, "-" for standard input; empty for none.
     QString save;       ///< File for the scene document of one camera, "-" for standard output; empty for none.
     QString json;       ///< File for the report, "-" for standard output instead of the table; empty for none.
-    QString trace;      ///< File for a trace; empty for none.
+    QString trace;      ///< File for a trace, "-" for standard output instead of the table; empty for none.
     std::vector<SNodeSetting> settings;
     std::optional<double> askedForPerSecond;  ///< The rate that was asked for and not only assumed.
     bool isStrict = false;                    ///< A remark in the report is a failure.
@@ -50,12 +50,15 @@ struct SRunOptions
     std::chrono::milliseconds timeout{10000}; ///< One without a whole frame for so long is of no use.
 
     /// Whether a document goes to standard output, which then has no table.
-    bool hasStandardOutput() const { return save == QLatin1String("-") || json == QLatin1String("-"); }
+    bool hasStandardOutput() const { return documents().contains(QStringLiteral("-")); }
 
     static constexpr int maxFrames = 1000000000;
 
     /// The cameras, and then what stands in for some.
     std::vector<SourceOptions> sources() const;
+
+    /// What is written outside the run's folder, as it was asked for: scene, report, trace.
+    QStringList documents() const { return {save, json, trace}; }
 
     /// The files that the run reads while frames stream, and those that it writes outside its folder.
     QStringList filesInUse() const;

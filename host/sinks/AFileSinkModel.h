@@ -26,8 +26,9 @@ namespace Host {
  * back. A frame that finds 32 of them waiting is not written; writing() counts it as dropped. Those that wait
  * when the sink is destroyed are not written either.
  *
- * The first file that cannot be written is taken away again, failed() tells why, and from then on nothing is
- * written, while counting goes on.
+ * When a frame cannot be written failed() tells why, and from then on nothing is written, while counting goes on. What
+ * there is of a file for this one frame is taken away. A file that has others before it is completed with those; if
+ * that fails as well, it is taken away.
  *
  * A sink may have a name, by which a run tells it from others. A scene document keeps it as "property": {"sink_name"},
  * not as the unique name, which is no setting: nothing takes it from a document. "write_every" stands beside it if it

@@ -96,6 +96,10 @@ AWorkerNodeDataModel::Work CFileWriter::makeWork() const
         QString file = job.file;
         const QString error = writeJob(*files, job, &file);
         files->hasFailed = !error.isEmpty();
+        // At once, and not when this function goes: the run lists its files by then. What failed first is told.
+        QString open;
+        if (files->hasFailed)
+            files->save(CNodeDataPtr(), &open);
         return QSharedPointer<CFileJob>::create(job.file.isEmpty() ? QString() : file, CNodeDataPtr(), error);
     };
 }

@@ -26,7 +26,8 @@ namespace Host {
  * 32 frames may wait; one that comes then is not written, and statistics() counts it as dropped. A frame is shared
  * until it is written, not copied.
  *
- * When a file cannot be written failed() tells why. From then on nothing is written.
+ * When a file cannot be written failed() tells why. From then on nothing is written; a file that is still open, since
+ * it holds several frames, is complete by then, with those that it has.
  *
  * Threads: the graph's, but for statistics(). Signals come from its event loop.
  */

@@ -16,6 +16,36 @@ using namespace std::chrono_literals;
 
 namespace {
 
+// A source that gives a frame of each number, and for 0 an incomplete one.
+class CNumberedSource : public IFrameSource
+{
+public:
+    explicit CNumberedSource(std::vector<quint64> numbers)
+        : m_numbers(std::move(numbers))
+    {
+    }
+
+    QString description() const override { return QStringLiteral("numbered frames"); }
+    QString pixelFormat() const override { return QStringLiteral("Mono8"); }
+    bool start(QString*) override { return true; }
+    SGrab grab(std::chrono::milliseconds) override
+    {
+        if (m_next == m_numbers.size())
+            return SGrab::none(EGrab::Ended);
+        Veltra::SGrabResult frame;
+        frame.frameNumber = m_numbers[m_next++];
+        if (frame.frameNumber == 0)
+            return SGrab::none(EGrab::Incomplete);
+        return {EGrab::Frame, Veltra::CGrabResultPtr(std::move(frame)), {}, {}};
+    }
+    quint64 underruns() const override { return 0; }
+    QString stallText(const QString& time, bool, const SGrabStatistics&) const override { return time; }
+
+private:
+    const std::vector<quint64> m_numbers;
+    std::size_t m_next = 0;
+};
+
 // A source that is away for a while, gives three frames, and ends as it is told to.
 class CShortSource : public IFrameSource
 {
@@ -63,6 +93,7 @@ private Q_SLOTS:
     void cameraWithoutAWholeFrame();
     void slowHandlerIsNoSilence();
     void starvingCameraHasNotGone();
+    void numbersTellOfMissedFrames();
     void sourceThatRunsOutEndsIt();
     void sourceThatFailsEndsIt();
 };
@@ -95,6 +126,7 @@ void tst_CGrabThread::endsAfterTheFramesAskedFor()
     QTRY_COMPARE(ended.count(), 1);
     QCOMPARE(ended.at(0).at(0).toString(), QString());
     QCOMPARE(numbers.size(), std::size_t(25));
+    QCOMPARE(thread.statistics().missed, quint64(0));
     QVERIFY(inOrder);
     QCOMPARE(thread.statistics().complete, quint64(25));
     QCOMPARE(thread.statistics().grabbed, thread.statistics().complete + thread.statistics().incomplete);
@@ -202,6 +234,19 @@ void tst_CGrabThread::starvingCameraHasNotGone()
     QTRY_COMPARE(ended.count(), 1);
     QCOMPARE(ended.at(0).at(0).toString(), QString());
     QCOMPARE(thread.statistics().complete, quint64(3));
+}
+
+void tst_CGrabThread::numbersTellOfMissedFrames()
+{
+    // 12 came incomplete, of 16 to 18 nothing came.
+    CNumberedSource source({10, 11, 0, 13, 14, 15, 19});
+    CGrabThread thread(source, 0, 5s, [](const CGrabThread::SFrame&) {});
+    QCOMPARE(thread.statistics().missed, quint64(0));
+    thread.start();
+    QVERIFY(thread.wait(30000));
+    QCOMPARE(thread.statistics().complete, quint64(6));
+    QCOMPARE(thread.statistics().incomplete, quint64(1));
+    QCOMPARE(thread.statistics().missed, quint64(3));
 }
 
 void tst_CGrabThread::sourceThatRunsOutEndsIt()

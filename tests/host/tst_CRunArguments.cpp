@@ -209,7 +209,7 @@ void tst_CRunArguments::refused_data()
     row("''", "The chain's file has no name.");
     row("a.json --load b.json", "A chain or --load, not both.");
     row("--camera a --camera b --camera a", "--camera 'a' is given twice.");
-    for (const char* camera : {"chain.json", "Halvex.NoUniqueName", "../a"})
+    for (const char* camera : {"chain.json", "chain-2.json", "manifest.json", "Halvex.NoUniqueName", "../a"})
         row(QString("--camera ") + camera, QStringLiteral("--camera '%1' is no address.").arg(camera));
     row("--camera a --camera b --load c.json", "--load and --save take one camera.");
     row("--camera a --camera b --save c.json", "--load and --save take one camera.");

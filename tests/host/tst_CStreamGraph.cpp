@@ -7,8 +7,10 @@
 #include "SHostService.h"
 #include "TestFrame.h"
 #include "TestTable.h"
+#include "host/models/CBlurModel.h"
 #include "host/run/CGraphBuilder.h"
 #include "host/run/Chain.h"
+#include "host/run/RunSettings.h"
 #include "host/sinks/IFrameSink.h"
 
 #include <QJsonObject>
@@ -54,8 +56,9 @@ private Q_SLOTS:
     void everyFrameIsAccountedFor();
     void accountOfWhatIsNotDrained();
     void filesAreWrittenWhenItIsDrained();
-    void drainTimeKnowsTheRate();
+    void patienceKnowsTheRate();
     void settings();
+    void settingThatChangesTheGraph();
     void changeIsTold_data();
     void changeIsTold();
 };
@@ -164,7 +167,7 @@ void tst_CStreamGraph::filesAreWrittenWhenItIsDrained()
     const auto previewIsShown = [&demo] { return demo.graph->sinks()[3]->delivered() == 1; };
     QTRY_VERIFY(previewIsShown());
     QVERIFY(!demo.graph->isDrained());
-    QCOMPARE(qint64(demo.graph->drainTime().count()), qint64(5580));
+    const quint64 doneBefore = demo.graph->workDone();
     QCOMPARE(demo.account(1).nodes[3].pending.value_or(0), quint64(1));
     QCOMPARE(demo.account(1).mismatch(), QStringLiteral("the sink 'frames' did not write its last 1 file in time"));
 
@@ -172,6 +175,7 @@ void tst_CStreamGraph::filesAreWrittenWhenItIsDrained()
     blocked.release();
     QTRY_COMPARE(cameThrough.count(), 1);
     QVERIFY(demo.graph->isDrained());
+    QCOMPARE(demo.graph->workDone(), doneBefore + 1);
     const SRunReport report = demo.account(1);
     QCOMPARE(report.mismatch(), QString());
     QCOMPARE(report.sinks[0].files, std::vector<QString>{file});
@@ -179,20 +183,20 @@ void tst_CStreamGraph::filesAreWrittenWhenItIsDrained()
     QVERIFY(report.nodes[3].computing);
 }
 
-void tst_CStreamGraph::drainTimeKnowsTheRate()
+void tst_CStreamGraph::patienceKnowsTheRate()
 {
     const SDemo demo;
     const auto milliseconds = [&demo](double rate) {
         setDecouplerRate(demo.graph->scene(), rate);
-        return qint64(demo.graph->drainTime().count());
+        return qint64(demo.graph->patience().count());
     };
-    QCOMPARE(milliseconds(25.0), qint64(5080));
-    QCOMPARE(milliseconds(0.1), qint64(25000));
+    QCOMPARE(milliseconds(25.0), qint64(10080));
+    QCOMPARE(milliseconds(0.1), qint64(30000));
     // What is no rate leaves the timer as it was.
-    QCOMPARE(milliseconds(0.0), qint64(25000));
-    QCOMPARE(milliseconds(-1.0), qint64(25000));
-    QCOMPARE(milliseconds(std::numeric_limits<double>::quiet_NaN()), qint64(25000));
-    QCOMPARE(milliseconds(1e-300), qint64(2000000000));
+    QCOMPARE(milliseconds(0.0), qint64(30000));
+    QCOMPARE(milliseconds(-1.0), qint64(30000));
+    QCOMPARE(milliseconds(std::numeric_limits<double>::quiet_NaN()), qint64(30000));
+    QVERIFY(milliseconds(1e-300) > 2000000000);
 }
 
 void tst_CStreamGraph::settings()
@@ -216,6 +220,41 @@ void tst_CStreamGraph::settings()
              QStringLiteral("no node is called 'treshold'; did you mean 'threshold'?"));
     QCOMPARE(demo.graph->set({"12", "level", "40"}), QStringLiteral("no node is called '12'"));
     QCOMPARE(demo.graph->set({"image", "level", "40"}), QStringLiteral("it has no settings"));
+}
+
+void tst_CStreamGraph::settingThatChangesTheGraph()
+{
+    const QByteArray chain = R"([
+        {"name": "one", "model": {"name": "Blur"}, "connection": []},
+        {"name": "other", "model": {"name": "Blur"}, "connection": []},
+        {"name": "image", "model": {"name": "To Image"}, "unique_sources": [["left"]],
+         "connection": [["one", "other"]]}])";
+    SHostService host;
+    QString error;
+    const auto graphs = CGraphBuilder(host.nodes, host.models).import(chainOf("chain", chain), {"left"}, &error);
+    QCOMPARE(error, QString());
+    CStreamGraph& graph = *graphs.at(0);
+    CNodeScene& scene = *host.nodes.getActiveScene();
+    std::vector<CBlurModel*> blurs;
+    for (const auto& node : scene.nodes()) {
+        if (auto* const blur = qobject_cast<CBlurModel*>(node.second->nodeDataModel()))
+            blurs.push_back(blur);
+    }
+    QCOMPARE(blurs.size(), std::size_t(2));
+    // The first that is set removes the other one.
+    for (const CBlurModel* const blur : blurs)
+        connect(blur, &CBlurModel::settingChanged, &scene, [&scene, blur] {
+            for (const auto& node : scene.nodes()) {
+                const auto* const other = qobject_cast<CBlurModel*>(node.second->nodeDataModel());
+                if (other && other != blur)
+                    return scene.removeNode(*node.second);
+            }
+        });
+    // Nor is the setting behind it applied.
+    QCOMPARE(applySettings(graph, {{"Blur", "size", "9"}, {"Blur", "size", "11"}}),
+             QStringLiteral("--set Blur.size=9: the graph was changed meanwhile"));
+    QVERIFY(!graph.isIntact());
+    QCOMPARE(scene.nodes().size(), std::size_t(3));
 }
 
 void tst_CStreamGraph::changeIsTold_data()

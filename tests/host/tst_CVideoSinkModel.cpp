@@ -124,6 +124,10 @@ void tst_CVideoSinkModel::imageOfAnotherSize()
     QTRY_COMPARE(sink.failed.count(), 1);
     QCOMPARE(sink.failed.at(0).at(0).toString(),
              QStringLiteral("cannot write '%1': an image is 32 x 48, the video 64 x 48").arg(sink.file()));
+    // The video with the images before it is complete.
+    QCOMPARE(QDir(sink.folder.path()).entryList(QDir::Files), QStringList({"frames.csv", "video-000000.avi"}));
+    cv::VideoCapture video(sink.file().toStdString(), cv::CAP_OPENCV_MJPEG);
+    QCOMPARE(int(video.get(cv::CAP_PROP_FRAME_COUNT)), 1);
 }
 
 void tst_CVideoSinkModel::nameThatIsTaken()

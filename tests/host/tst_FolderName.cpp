@@ -17,6 +17,7 @@ private Q_SLOTS:
     void unusable();
     void length();
     void filesOfTheGraph();
+    void filesOfTheRun();
 };
 
 void tst_FolderName::usable()
@@ -31,6 +32,7 @@ void tst_FolderName::unusable()
 {
     for (const char* name : {"", "..", ".a", "/etc", "a/b", "a\nb", "a\u2028b"}) {
         QVERIFY2(!makesAFolder(name), name);
+        QVERIFY2(!makesACameraFolder(name), name);
         QVERIFY2(!makesASinkFolder(name), name);
     }
 }
@@ -50,6 +52,16 @@ void tst_FolderName::filesOfTheGraph()
         QVERIFY2(makesAFolder(name), name);
         QVERIFY2(!makesASinkFolder(name), name);
     }
+}
+
+void tst_FolderName::filesOfTheRun()
+{
+    for (const char* name : {"manifest.json", "chain.json", "chain-2.json", "chain-17.json"}) {
+        QVERIFY2(makesAFolder(name), name);
+        QVERIFY2(!makesACameraFolder(name), name);
+    }
+    for (const char* name : {"fake-1", "10.0.0.2", "chain", "chain-2", "chain-a.json", "my chain.json", "chainXjson"})
+        QVERIFY2(makesACameraFolder(name), name);
 }
 
 QTEST_GUILESS_MAIN(tst_FolderName)

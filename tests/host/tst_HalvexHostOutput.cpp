@@ -11,6 +11,8 @@
 #include <QJsonObject>
 #include <QTest>
 
+#include <sys/stat.h>
+
 /// The folder of a run and its trace, through the program.
 class tst_HalvexHostOutput : public QObject
 {
@@ -27,6 +29,9 @@ private Q_SLOTS:
     void failureIsInTheManifest();
     void trace();
     void traceThatCannotBeWritten();
+    void documentsOnStandardOutput_data();
+    void documentsOnStandardOutput();
+    void reportIntoAPipe();
 
 private:
     static QJsonObject manifestIn(const QString& folder)
@@ -114,6 +119,8 @@ void tst_HalvexHostOutput::refusedRunRemovesNothing()
     const QString chain = program.written("chain.json");
     QVERIFY(program.refusal({chain, "--trace", "/nowhere/t"}).startsWith("cannot write '/nowhere/t': "));
     QVERIFY(program.refusal({chain, "--save", "/nowhere/s"}).startsWith("cannot write '/nowhere/s': "));
+    QCOMPARE(program.refusal({chain, "--json", "/nowhere/j"}), "cannot write '/nowhere/j': No such file or directory");
+    QCOMPARE(program.refusal({chain, "--json", "/tmp"}), "cannot write '/tmp': Is a directory");
     QVERIFY(QFile::exists(chain) && QFile::exists(program.written("fake/frames/frame-000000.png")));
 }
 
@@ -190,6 +197,43 @@ void tst_HalvexHostOutput::traceThatCannotBeWritten()
     QCOMPARE(program.run({"--frames", "3", "--trace", "/dev/full"}), 1);
     QCOMPARE(program.errorLines().constLast(),
              QStringLiteral("halvex-host: cannot write '/dev/full': No space left on device"));
+}
+
+void tst_HalvexHostOutput::documentsOnStandardOutput_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QString>("name");
+    for (const char* option : {"--json", "--trace", "--save"}) {
+        for (const char* name : {"-", "/dev/stdout", "/dev/fd/1"})
+            QTest::addRow("%s %s", option, name) << option << name;
+    }
+}
+
+void tst_HalvexHostOutput::documentsOnStandardOutput()
+{
+    QFETCH(QString, option);
+    QFETCH(QString, name);
+    CHostProgram program;
+    QCOMPARE(program.run({"--frames", "2", option, name}), 0);
+    // Nothing stands beside the document.
+    const QJsonDocument document = QJsonDocument::fromJson(program.output().toUtf8());
+    QCOMPARE(document.isArray(), option == "--trace");
+    QCOMPARE(document.isObject(), option != "--trace");
+    QVERIFY(program.refusal({option, name, option == "--json" ? "--trace" : "--json", "-"})
+                .startsWith("One of --save, --json and --trace to standard output, not several."));
+}
+
+void tst_HalvexHostOutput::reportIntoAPipe()
+{
+    CHostProgram program;
+    const QString pipe = program.file("pipe");
+    QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    program.start({"run", "--frames", "2", "--json", pipe});
+    const QJsonObject report = QJsonDocument::fromJson(content(pipe)).object();
+    QCOMPARE(report["cameras"][0]["frames"]["complete"].toInt(), 2);
+    QVERIFY(program.waitForEnd());
+    QCOMPARE(program.process().exitCode(), 0);
+    QCOMPARE(program.completeFrames(), 2);
 }
 
 QTEST_GUILESS_MAIN(tst_HalvexHostOutput)

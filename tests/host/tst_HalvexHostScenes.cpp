@@ -124,8 +124,9 @@ void tst_HalvexHostScenes::standardStreams()
     program.process().setStandardInputFile(QProcess::nullDevice());
     QCOMPARE(program.refusal({"--load", "-"}), QString("cannot load '<stdin>': it has 1 error:\n"
                                                        "<stdin>:1:1: error: the document is empty"));
-    QCOMPARE(program.refusal({"--save", "-", "--json", "-"}),
-             QString("--save or --json to standard output, not both. See 'halvex-host run --help'."));
+    QCOMPARE(
+        program.refusal({"--save", "-", "--json", "-"}),
+        QString("One of --save, --json and --trace to standard output, not several. See 'halvex-host run --help'."));
 }
 
 QTEST_GUILESS_MAIN(tst_HalvexHostScenes)

@@ -3,11 +3,10 @@
 
 #include "CHostProgram.h"
 #include "TestFile.h"
-
-#include <opencv2/imgcodecs.hpp>
-#include <opencv2/videoio.hpp>
+#include "TestImages.h"
 
 #include <QDir>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTest>
@@ -34,6 +33,7 @@ private Q_SLOTS:
     void everySinkWritesItsKind();
     void settingsOfSinks();
     void videoThatCannotBeWritten();
+    void videoThatFailsOnTheWayIsInTheManifest();
 };
 
 void tst_HalvexHostSinks::sixteenBitsStay()
@@ -92,6 +92,25 @@ void tst_HalvexHostSinks::videoThatCannotBeWritten()
     QVERIFY2(
         program.errorLines().constLast().endsWith("video-000000.avi': it did not become complete; is the disk full?"),
         qPrintable(program.errorLines().constLast()));
+}
+
+void tst_HalvexHostSinks::videoThatFailsOnTheWayIsInTheManifest()
+{
+    CHostProgram program;
+    QVERIFY(write(program.file("chain.json"), chain));
+    QVERIFY(writeImages(program.file("shots"), 3));
+    QVERIFY(writeImage(program.file("shots/shot-3.png"), cv::Mat(48, 64, CV_8UC1, cv::Scalar::all(9))));
+    QCOMPARE(program.run({program.file("chain.json"), "--images", program.file("shots")}), 1);
+    QVERIFY2(program.errorLines().constLast().endsWith("': an image is 64 x 48, the video 32 x 24"),
+             qPrintable(program.errorLines().constLast()));
+    const QJsonArray files =
+        QJsonDocument::fromJson(content(program.written("manifest.json"))).object()["files"].toArray();
+    QStringList videos;
+    for (const QJsonValue& file : files)
+        videos += QStringList(file["name"].toString()).filter(".avi");
+    QCOMPARE(videos, QStringList("images/video/video-000000.avi"));
+    const cv::VideoCapture video(program.written(videos.constFirst()).toStdString(), cv::CAP_OPENCV_MJPEG);
+    QCOMPARE(int(video.get(cv::CAP_PROP_FRAME_COUNT)), 3);
 }
 
 QTEST_GUILESS_MAIN(tst_HalvexHostSinks)

@@ -10,7 +10,9 @@
 
 #include <csignal>
 
+#include <fcntl.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 using namespace Host;
 
@@ -53,6 +55,9 @@ private Q_SLOTS:
     void followsALink();
     void fullDiskLeavesTheOldFile();
     void refused();
+    void pipeIsWrittenTo();
+    void trialChangesNothing();
+    void namesOfStandardOutput();
 
 private:
     std::unique_ptr<QTemporaryDir> m_folder;
@@ -108,6 +113,44 @@ void tst_Output::refused()
     QVERIFY(QDir(m_folder->path()).isEmpty());
     // No file took the device's place.
     QVERIFY(!QFileInfo(QStringLiteral("/dev/full")).isFile());
+}
+
+void tst_Output::pipeIsWrittenTo()
+{
+    QCOMPARE(mkfifo(QFile::encodeName(m_file).constData(), 0600), 0);
+    QCOMPARE(tryOutput(m_file), QString());
+    const int reader = open(QFile::encodeName(m_file).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    for (const QString& name : {m_file, QStringLiteral("/dev/fd/%1").arg(reader)})
+        QCOMPARE(tryOutput(name), QString());
+    QCOMPARE(writeOutput(m_file, "text"), QString());
+    QFile file;
+    QVERIFY(file.open(reader, QIODevice::ReadOnly, QFile::AutoCloseHandle));
+    QCOMPARE(file.read(5), QByteArray("text"));
+    QVERIFY(!QFileInfo(m_file).isFile());
+    QCOMPARE(writeOutput("/dev/full", "x"), QString("cannot write '/dev/full': No space left on device"));
+}
+
+void tst_Output::trialChangesNothing()
+{
+    QCOMPARE(tryOutput("-"), QString());
+    QCOMPARE(tryOutput(m_file), QString());
+    QVERIFY(QDir(m_folder->path()).isEmpty());
+    QVERIFY(write(m_file, "old"));
+    QCOMPARE(tryOutput(m_file), QString());
+    QCOMPARE(content(m_file), QByteArray("old"));
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), QStringList{"a.json"});
+    QCOMPARE(tryOutput(m_file + "/b"), QStringLiteral("cannot write '%1/b': Not a directory").arg(m_file));
+    QCOMPARE(tryOutput(m_folder->path()), QStringLiteral("cannot write '%1': Is a directory").arg(m_folder->path()));
+    QCOMPARE(tryOutput("/nowhere/a"), QString("cannot write '/nowhere/a': No such file or directory"));
+}
+
+void tst_Output::namesOfStandardOutput()
+{
+    for (const char* name : {"-", "/dev/stdout", "/dev/fd/1", "/proc/self/fd/1"})
+        QCOMPARE(outputName(name), QString("-"));
+    QVERIFY(write(m_file, "text"));
+    for (const QString& name : {m_file, QString("/nowhere/a"), QString()})
+        QCOMPARE(outputName(name), name);
 }
 
 QTEST_GUILESS_MAIN(tst_Output)

@@ -116,10 +116,11 @@ void tst_SRunReport::remarks()
     report.span = 1s; // 95 per second
     QCOMPARE(report.remarks(), QStringList());
     report.absences = {2, 7340ms, false};
-    report.frames = {95, 94, 1, 2};
+    report.frames = {95, 94, 1, 2, 3};
     QCOMPARE(report.remarks(),
              QStringList({"100 frames per second were asked for, 93.0 came", "1 frame came incomplete",
-                          "2 frames found no free buffer", "the camera had gone 2 times and came back, 7.3 s in all"}));
+                          "2 frames found no free buffer", "3 frames never came, though the camera counted them",
+                          "the camera had gone 2 times and came back, 7.3 s in all"}));
 }
 
 void tst_SRunReport::failure()
