@@ -24,6 +24,13 @@ SCameraOptions gigE()
     return options;
 }
 
+// Returns when its frames are counted; false if none ever comes.
+bool startLongRun(CHostProgram* program, const QStringList& options = {})
+{
+    program->start(QStringList{"run", "--camera", CFakeGigECamera::address(), "--frames", "100000"} + options);
+    return program->waitForFramesOf(100000);
+}
+
 } // namespace
 
 /// A GigE Vision camera over the network: the same camera class, the same grab thread, the same program.
@@ -126,8 +133,7 @@ void tst_GigECamera::programEndsWhenTheCameraGoes()
     CFakeGigECamera device;
     QVERIFY(device.start());
     CHostProgram program;
-    program.start({"run", "--camera", CFakeGigECamera::address(), "--frames", "100000"});
-    QVERIFY(program.waitForFramesOf(100000));
+    QVERIFY(startLongRun(&program));
     device.kill();
     QVERIFY(program.waitForEnd());
     QCOMPARE(program.process().exitCode(), 1);
@@ -141,9 +147,7 @@ void tst_GigECamera::programWaitsForTheCameraToComeBack()
     CFakeGigECamera device;
     QVERIFY(device.start());
     CHostProgram program;
-    program.start(
-        {"run", "--camera", CFakeGigECamera::address(), "--frames", "100000", "--timeout", "2s", "--reconnect"});
-    QVERIFY(program.waitForFramesOf(100000));
+    QVERIFY(startLongRun(&program, {"--timeout", "2s", "--reconnect"}));
     device.pullCable();
     QVERIFY(program.waitForError(QStringLiteral(", waiting for '127.0.0.1'")));
     device.putCableIn();
@@ -161,9 +165,7 @@ void tst_GigECamera::programDoesNotWaitForEver()
     CFakeGigECamera device;
     QVERIFY(device.start());
     CHostProgram program;
-    program.start(
-        {"run", "--camera", CFakeGigECamera::address(), "--frames", "100000", "--timeout", "1s", "--reconnect=2s"});
-    QVERIFY(program.waitForFramesOf(100000));
+    QVERIFY(startLongRun(&program, {"--timeout", "1s", "--reconnect=2s"}));
     device.pullCable();
     QVERIFY(program.waitForEnd());
     QCOMPARE(program.process().exitCode(), 1);
