@@ -49,6 +49,7 @@ void tst_RealPath::fileThatIsNotThereYet()
     QCOMPARE(realPath(m_real + "/link/new"), m_real + "/real/new");
     QCOMPARE(realPath(m_real + "/link/inner/../new"), m_real + "/real/new");
     QCOMPARE(realPath(m_real + "/nowhere/new"), m_real + "/nowhere/new");
+    QCOMPARE(realPath(m_real + "/nowhere/../link/new/"), m_real + "/real/new");
 }
 
 void tst_RealPath::relativePath()

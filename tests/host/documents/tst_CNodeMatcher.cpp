@@ -47,6 +47,7 @@ private Q_SLOTS:
     void namesOfAnotherKindOfDocumentSayNothing();
     void neighboursTellEqualNodesApart();
     void portsTellEqualNodesApart();
+    void onlyOneOfItsModelLeadsToItsNeighbours();
     void settingsMayDiffer();
     void everyPairIsMutual();
 };
@@ -93,6 +94,17 @@ void tst_CNodeMatcher::portsTellEqualNodesApart()
     CNodeMatcher matcher(left, right);
     matcher.pairByLooks();
     QCOMPARE(partners(matcher, left), std::vector<int>({0, 2, 1}));
+}
+
+void tst_CNodeMatcher::onlyOneOfItsModelLeadsToItsNeighbours()
+{
+    // All that is connected differs somewhere, and the filters come in another order.
+    const SComparedGraph left = graph({"Blur", "Blur", "Edges", "Threshold"}, {{1, 2}, {0, 3}});
+    const SComparedGraph right =
+        graph({"Blur", "Blur", "Edges", "Sink", "Histogram"}, {{0, 2}, {2, 3}, {1, 4}}, "other");
+    CNodeMatcher matcher(left, right);
+    matcher.pairByLooks();
+    QCOMPARE(partners(matcher, left), std::vector<int>({1, 0, 2, -1}));
 }
 
 void tst_CNodeMatcher::settingsMayDiffer()

@@ -27,6 +27,7 @@ private Q_SLOTS:
     void severalCameras();
     void cameraGivesWay();
     void nodesOfASceneAreNumberedInTheFlow();
+    void cameraKeepsItsNameToItself();
 
 private:
     QStringList labels(const QByteArray& text);
@@ -64,6 +65,14 @@ void tst_NodeLabels::nodesOfASceneAreNumberedInTheFlow()
                             " 'in_id': '00000000-0000-0000-0000-000000000001', 'in_index': 0}]}";
     // What nothing leads to comes first.
     QCOMPARE(labels(text), QStringList({"To Image 2", "To Image", "PNG Sink edges", "camera"}));
+}
+
+void tst_NodeLabels::cameraKeepsItsNameToItself()
+{
+    const QByteArray text = "{'nodes': [" + sceneNode("1", "'name': 'To Image'") + ',' +
+                            sceneNode("2", "'name': 'Camera Source', 'is_unique': true, 'unique_name': 'To Image'") +
+                            "], 'connections': []}";
+    QCOMPARE(labels(text), QStringList({"To Image 2", "camera"}));
 }
 
 QStringList tst_NodeLabels::labels(const QByteArray& text)
