@@ -21,7 +21,7 @@ private Q_SLOTS:
     void textOfAValue();
 
 private:
-    const CEdgesModel m_model;
+    CEdgesModel m_model;
 };
 
 void tst_SettingProperty::namesOfDocuments()
