@@ -139,6 +139,18 @@ CLI::App& addCommand(CLI::App& program, const char* name, const char* descriptio
     return command;
 }
 
+CLI::Option& addDocumentArgument(CLI::App& command, const char* name, std::string* file)
+{
+    return *command.add_option(name, *file, "A chain or a scene document; '-' is standard input.")->type_name("");
+}
+
+void addOutputOption(CLI::App& command, std::string* file, const char* what)
+{
+    command
+        .add_option("-o,--output", *file, std::string("Where to write it") + what + " (default: '-', standard output).")
+        ->type_name("FILE");
+}
+
 void addPluginsOption(CLI::App& command, std::string* folder)
 {
     command.add_option("--plugins", *folder, "Folder with the plugins (default: the program's own).")->type_name("DIR");

@@ -11,7 +11,8 @@
 
 namespace CLI {
 class App;
-}
+class Option;
+} // namespace CLI
 
 namespace Host {
 
@@ -47,6 +48,13 @@ void addPluginsCommand(CLI::App& program, Action* action);
 
 /// Adds an empty command. \a example is printed below its help.
 CLI::App& addCommand(CLI::App& program, const char* name, const char* description, const char* example);
+
+/// Declares an argument of that name, a chain or a scene that \a command reads.
+CLI::Option& addDocumentArgument(CLI::App& command, const char* name, std::string* file);
+
+/// Declares --output FILE for \a command. \a what: what to say of the file besides, ", with the ending .svg"; may be
+/// empty.
+void addOutputOption(CLI::App& command, std::string* file, const char* what);
 
 /// Declares --plugins DIR for \a command.
 void addPluginsOption(CLI::App& command, std::string* folder);

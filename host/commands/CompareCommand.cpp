@@ -83,9 +83,7 @@ void addCompareCommand(CLI::App& program, Action* action)
                    "  halvex-host compare before.json after.json\n"
                    "  halvex-host convert scene.json | halvex-host compare chain.json -\n"
                    "Exit codes: 0 the same, 1 different, 2 one of them cannot be read.");
-    command.add_option("A", arguments->left, "A chain or a scene document; '-' is standard input.")
-        ->required()
-        ->type_name("");
+    addDocumentArgument(command, "A", &arguments->left).required();
     command.add_option("B", arguments->right, "Another one.")->required()->type_name("");
     command.add_flag("--json", arguments->isJson, "Print the differences as JSON.");
     addPluginsOption(command, &arguments->plugins);

@@ -8,6 +8,7 @@
 #include "host/camera/Device.h"
 #include "host/camera/SCameraOptions.h"
 #include "host/commands/CommandWords.h"
+#include "host/commands/ModelNames.h"
 #include "host/models/ModelSettings.h"
 #include "host/plugins/CHostServices.h"
 #include "host/run/Chain.h"
@@ -77,15 +78,6 @@ QStringList nodeSettings(const SChain& chain, CNodeDataModelRegistry& registry)
     return settings;
 }
 
-QStringList modelNames(const CNodeDataModelRegistry& registry)
-{
-    QStringList names;
-    // A copy: the text may lie in the code of a plugin, which goes before the name does.
-    for (const auto& model : registry.registeredModelsCategoryAssociation())
-        names << QString(model.first.constData(), model.first.size());
-    return names;
-}
-
 // Asking a camera on the network would take it from whoever uses it.
 QStringList featureNames(const QString& address)
 {
@@ -133,7 +125,10 @@ QStringList argumentsOf(const CLI::App& command, const QStringList& words)
     CHostServices services(given(command, words, QStringLiteral("--plugins")));
     if (command.get_name() != "models" || !services.load().isEmpty())
         return {};
-    return modelNames(*services.nodes().registry());
+    QStringList names;
+    for (const auto& model : modelNames(*services.nodes().registry()))
+        names << model.second;
+    return names;
 }
 
 QStringList candidates(const CLI::App& program, const QStringList& before, bool isOption)

@@ -82,11 +82,8 @@ void addConvertCommand(CLI::App& program, Action* action)
                                    "  halvex-host convert chain.json -o scene.json\n"
                                    "  halvex-host convert --camera 192.168.0.5 chain.json -o scene.json\n"
                                    "  halvex-host convert scene.json | less");
-    command.add_option("FILE", arguments->file, "A chain or a scene document; '-' is standard input.")
-        ->required()
-        ->type_name("");
-    command.add_option("-o,--output", arguments->output, "Where to write it (default: '-', standard output).")
-        ->type_name("FILE");
+    addDocumentArgument(command, "FILE", &arguments->file).required();
+    addOutputOption(command, &arguments->output, "");
     command
         .add_option("--camera", arguments->cameras,
                     "The camera of the scene (default: the one that the chain names, or any).")

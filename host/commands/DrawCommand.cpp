@@ -113,15 +113,12 @@ void addDrawCommand(CLI::App& program, Action* action)
                                    "  halvex-host draw chain.json -o chain.svg\n"
                                    "  halvex-host run --json - | halvex-host draw --from-run - -o run.png\n"
                                    "  halvex-host draw scene.json > scene.svg");
-    command.add_option("FILE", arguments->file, "A chain or a scene document; '-' is standard input.")->type_name("");
+    addDocumentArgument(command, "FILE", &arguments->file);
     command
         .add_option("--from-run", arguments->report,
                     "Draw the graphs of a run with rates and drops: what 'run --json' wrote.")
         ->type_name("REPORT");
-    command
-        .add_option("-o,--output", arguments->output,
-                    "Where to write it, with the ending .svg, .png or .dot (default: '-', standard output).")
-        ->type_name("FILE");
+    addOutputOption(command, &arguments->output, ", with the ending .svg, .png or .dot");
     command
         .add_option("--format", arguments->format,
                     "svg, png or dot (default: as the file ends; svg on standard output).")

@@ -5,6 +5,7 @@
 #include "host/base/ClosestWords.h"
 #include "host/base/EExitCode.h"
 #include "host/commands/Commands.h"
+#include "host/commands/ModelNames.h"
 #include "host/models/ModelSettings.h"
 #include "host/plugins/CHostServices.h"
 #include "host/plugins/CPluginHost.h"
@@ -20,7 +21,6 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <algorithm>
 #include <map>
 #include <memory>
 #include <string>
@@ -79,16 +79,6 @@ QString convertersText(const CNodeDataModelRegistry& registry, const Types& type
         }
     }
     return text.isEmpty() ? text : QStringLiteral("\nConverters\n") + text;
-}
-
-// Category and name of each model, sorted.
-std::vector<std::pair<QString, QString>> modelNames(const CNodeDataModelRegistry& registry)
-{
-    std::vector<std::pair<QString, QString>> names;
-    for (const auto& model : registry.registeredModelsCategoryAssociation())
-        names.emplace_back(model.second, model.first);
-    std::sort(names.begin(), names.end());
-    return names;
 }
 
 std::unique_ptr<CNodeDataModel> make(CNodeDataModelRegistry& registry, const QString& name)

@@ -3,6 +3,7 @@
 
 #include "host/documents/DocumentPicture.h"
 
+#include "host/base/ConnectionText.h"
 #include "host/check/SDocumentGraph.h"
 
 namespace Host {
@@ -16,20 +17,9 @@ SNodeDataType typeOf(const PortTypes& ports, int port)
     return port >= 0 && std::size_t(port) < ports.size() ? ports[std::size_t(port)] : SNodeDataType();
 }
 
-// Empty for the only port of its side; most have the name of their type, which stands there anyway.
-QString portName(const PortTypes& ports, const QStringList& names, int port)
+QString endText(const PortTypes& ports, const QStringList& names, int port)
 {
-    const QString name = names.value(port);
-    if (!name.isEmpty() && name != typeOf(ports, port).name)
-        return name;
-    return ports.size() > 1 ? QStringLiteral("port %1").arg(port) : QString();
-}
-
-QString typeText(const SNodeDataType& from, const SNodeDataType& to)
-{
-    if (from.id == to.id || to.id.isEmpty())
-        return from.name;
-    return from.id.isEmpty() ? to.name : QStringLiteral("%1 to %2").arg(from.name, to.name);
+    return portText(port, ports.size(), names.value(port), typeOf(ports, port));
 }
 
 SPictureEdge edgeOf(const SDocumentGraph& graph, const SDocumentConnection& connection)
@@ -39,9 +29,9 @@ SPictureEdge edgeOf(const SDocumentGraph& graph, const SDocumentConnection& conn
     SPictureEdge edge;
     edge.from = connection.from;
     edge.to = connection.to;
-    edge.type = typeText(typeOf(from.outputs, connection.outPort), typeOf(to.inputs, connection.inPort));
-    edge.outPort = portName(from.outputs, from.outputNames, connection.outPort);
-    edge.inPort = portName(to.inputs, to.inputNames, connection.inPort);
+    edge.type = connectionTypeText(typeOf(from.outputs, connection.outPort), typeOf(to.inputs, connection.inPort));
+    edge.outPort = endText(from.outputs, from.outputNames, connection.outPort);
+    edge.inPort = endText(to.inputs, to.inputNames, connection.inPort);
     return edge;
 }
 

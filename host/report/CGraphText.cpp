@@ -3,6 +3,7 @@
 
 #include "host/report/CGraphText.h"
 
+#include "host/base/ConnectionText.h"
 #include "host/documents/PictureText.h"
 
 #include <Halvex/scene/CNodeScene.h>
@@ -29,13 +30,6 @@ bool isWhole(const CNodeConnection& connection)
 }
 
 } // namespace
-
-QString connectionType(const CNodeConnection& connection)
-{
-    const SNodeDataType from = connection.dataType(ENodePortType::Out);
-    const SNodeDataType to = connection.dataType(ENodePortType::In);
-    return from.id == to.id ? from.name : QStringLiteral("%1 to %2").arg(from.name, to.name);
-}
 
 CGraphText::CGraphText(const CNodeScene& scene)
 {
@@ -93,7 +87,9 @@ void CGraphText::addEdges(const CNodeScene& scene, const Numbers& numbers)
         const auto to = numbers.find(nodeAt(connection, ENodePortType::In));
         // A connection may lead to a node of another scene.
         if (from != numbers.end() && to != numbers.end())
-            m_edges.push_back({from->second, to->second, connectionType(connection)});
+            m_edges.push_back(
+                {from->second, to->second,
+                 connectionTypeText(connection.dataType(ENodePortType::Out), connection.dataType(ENodePortType::In))});
     }
     std::sort(m_edges.begin(), m_edges.end(), [](const SEdge& left, const SEdge& right) {
         return std::tie(left.from, left.to, left.label) < std::tie(right.from, right.to, right.label);

@@ -14,14 +14,10 @@
 
 namespace Plugin::Halvex {
 class CNodeBase;
-class CNodeConnection;
 class CNodeScene;
 } // namespace Plugin::Halvex
 
 namespace Host {
-
-/// "VGR", or "VGR to IMG" with a conversion.
-QString connectionType(const Plugin::Halvex::CNodeConnection& connection);
 
 /**
  * A scene as text, the same text for the same graph: nodes in the order of the data, those at the same depth by
@@ -51,7 +47,7 @@ private:
     {
         int from;
         int to;
-        QString label; ///< Its connectionType().
+        QString label; ///< What it carries.
     };
     using Numbers = std::map<const Plugin::Halvex::CNodeBase*, int>;
 

@@ -105,12 +105,12 @@ QString CTable::line(const QStringList& cells, const std::vector<int>& widths, c
 
 QString CTable::text(int width, bool isBold) const
 {
-    const QString heading = isBold ? QStringLiteral("\x1b[1m%1\x1b[0m\n") : QStringLiteral("%1\n");
     const std::vector<int> all = widths(width);
     QString text;
     for (const Columns& columns : parts(width, all)) {
-        text +=
-            (text.isEmpty() ? QString() : QStringLiteral("\n")) + heading.arg(line(m_headings, all, columns, width));
+        if (!text.isEmpty())
+            text += QLatin1Char('\n');
+        text += headingLine(line(m_headings, all, columns, width), isBold);
         for (const QStringList& row : m_rows)
             text += line(row, all, columns, width) + QLatin1Char('\n');
     }

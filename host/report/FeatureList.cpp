@@ -55,13 +55,12 @@ QString featureLines(const SFeature& feature, int nameWidth, int width)
 
 QString featureText(const std::vector<SFeature>& features, int width, bool isBold)
 {
-    const QString bold = isBold ? QStringLiteral("\x1b[1m%1\x1b[0m\n") : QStringLiteral("%1\n");
     const int nameWidth = nameColumns(features);
     QString text;
     QString category;
     for (const SFeature& feature : features) {
         if (feature.category != category)
-            text += (category.isEmpty() ? QString() : QStringLiteral("\n")) + bold.arg(feature.category);
+            text += (category.isEmpty() ? QString() : QStringLiteral("\n")) + headingLine(feature.category, isBold);
         category = feature.category;
         text += featureLines(feature, nameWidth, width);
     }

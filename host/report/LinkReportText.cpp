@@ -107,7 +107,6 @@ QString adviceText(const SLinkReport& report, int width)
 
 QString SLinkReport::text(int width, bool isBold) const
 {
-    const QString heading = isBold ? QStringLiteral("\x1b[1m%1\x1b[0m\n") : QStringLiteral("%1\n");
     QString text = labelledLine("Camera", camera, width) +
                    labelledLine("Tested for", rate(double(time.count()) / 1000.0, " s"), width) +
                    framesText(*this, width) + QLatin1Char('\n') + packetsText(*this, width);
@@ -115,7 +114,7 @@ QString SLinkReport::text(int width, bool isBold) const
         text += QLatin1Char('\n') +
                 wrapped(QStringLiteral("missing: of each frame from its first gap on, unless they were sent again"),
                         width, 0);
-    return text + QLatin1Char('\n') + heading.arg(QStringLiteral("What to change")) + adviceText(*this, width);
+    return text + QLatin1Char('\n') + headingLine(QStringLiteral("What to change"), isBold) + adviceText(*this, width);
 }
 
 } // namespace Host

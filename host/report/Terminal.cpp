@@ -25,6 +25,11 @@ bool takesColors(std::FILE* stream)
     return isatty(fileno(stream)) == 1 && qEnvironmentVariableIsEmpty("NO_COLOR") && qgetenv("TERM") != "dumb";
 }
 
+QString headingLine(const QString& text, bool isBold)
+{
+    return isBold ? QLatin1String("\x1b[1m") + text + QLatin1String("\x1b[0m\n") : text + QLatin1Char('\n');
+}
+
 QString wrapped(const QString& text, int width, int indent)
 {
     constexpr int mostReadable = 100;

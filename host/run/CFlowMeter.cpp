@@ -3,9 +3,9 @@
 
 #include "host/run/CFlowMeter.h"
 
+#include "host/base/ConnectionText.h"
 #include "host/base/Counted.h"
 #include "host/models/IFrameInfo.h"
-#include "host/report/CGraphText.h"
 #include "host/run/CFlowTrace.h"
 
 #include <Halvex/graph/DocumentKeys.h>
@@ -31,14 +31,15 @@ NodeDataConverter converterOf(const CNodeConnection& connection, const CNodeScen
                                              connection.dataType(ENodePortType::In));
 }
 
-// Empty for the only port of its side; most have the name of their type, which is told anyway.
-QString portText(const CNodeDataModel& model, const CNodeConnection& connection, ENodePortType side)
+QString endText(const CNodeDataModel& model, const CNodeConnection& connection, ENodePortType side)
 {
     const NodePortIndex port = connection.getPortIndex(side);
-    const QString name = model.portCaption(side, port);
-    if (!name.isEmpty() && name != model.dataType(side, port).name)
-        return name;
-    return model.nPorts(side) > 1 ? QStringLiteral("port %1").arg(port) : QString();
+    return portText(port, model.nPorts(side), model.portCaption(side, port), model.dataType(side, port));
+}
+
+QString typeText(const CNodeConnection& connection)
+{
+    return connectionTypeText(connection.dataType(ENodePortType::Out), connection.dataType(ENodePortType::In));
 }
 
 } // namespace
@@ -201,9 +202,9 @@ std::vector<SConnectionReport> CFlowMeter::connections() const
     std::vector<SConnectionReport> reports;
     for (const SEdge& edge : m_edges) {
         if (const auto connection = edge.connection.lock())
-            reports.push_back({edge.from, edge.to, portText(*m_nodes[edge.from].model, *connection, ENodePortType::Out),
-                               portText(*m_nodes[edge.to].model, *connection, ENodePortType::In),
-                               connectionType(*connection), edge.flow->delivered});
+            reports.push_back({edge.from, edge.to, endText(*m_nodes[edge.from].model, *connection, ENodePortType::Out),
+                               endText(*m_nodes[edge.to].model, *connection, ENodePortType::In), typeText(*connection),
+                               edge.flow->delivered});
     }
     return reports;
 }

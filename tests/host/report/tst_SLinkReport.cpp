@@ -3,8 +3,6 @@
 
 #include "host/report/SLinkReport.h"
 
-#include "host/report/ByteText.h"
-
 #include <QTest>
 
 using namespace Host;
@@ -18,7 +16,6 @@ private Q_SLOTS:
     void dashesStandWhereNothingWasMeasured();
     void text();
     void lineIsAsWideAsTheTerminal();
-    void bytes();
 };
 
 void tst_SLinkReport::defaults()
@@ -88,14 +85,6 @@ void tst_SLinkReport::lineIsAsWideAsTheTerminal()
     const QStringList lines = report.text(40).split('\n');
     for (const QString& line : lines)
         QVERIFY2(line.size() <= 40 || line.startsWith(QStringLiteral("      sudo ")), qPrintable(line));
-}
-
-void tst_SLinkReport::bytes()
-{
-    QCOMPARE(byteText(1), QStringLiteral("1 byte"));
-    QCOMPARE(byteText(9000), QStringLiteral("9000 bytes"));
-    QCOMPARE(byteText(65536), QStringLiteral("64 KiB"));
-    QCOMPARE(byteText(5 * 1024 * 1024 + 102400), QStringLiteral("5.1 MiB"));
 }
 
 QTEST_GUILESS_MAIN(tst_SLinkReport)

@@ -3,8 +3,6 @@
 
 #include "host/report/CTable.h"
 
-#include "host/report/Terminal.h"
-
 #include <QTest>
 
 using namespace Host;
@@ -18,7 +16,6 @@ private Q_SLOTS:
     void firstColumnIsCut();
     void wideTableComesInParts();
     void lastWordsGoOnInTheNextLine();
-    void textIsWrapped();
 };
 
 void tst_CTable::columnsAreAligned()
@@ -60,13 +57,6 @@ void tst_CTable::lastWordsGoOnInTheNextLine()
                                             "a           2  folder/frame-000000.png\n"
                                             "               to\n"
                                             "               frame-000001.png\n"));
-}
-
-void tst_CTable::textIsWrapped()
-{
-    QCOMPARE(wrapped("one two  three", 9, 2), QStringLiteral("  one two\n  three\n"));
-    QCOMPARE(wrapped("unbreakable", 4, 0), QStringLiteral("unbreakable\n"));
-    QCOMPARE(wrapped(QString("word ").repeated(21), 200, 0).indexOf('\n'), 99);
 }
 
 QTEST_GUILESS_MAIN(tst_CTable)

@@ -4,6 +4,7 @@
 #include "host/plugins/CPluginHost.h"
 
 #include "CPluginTestFolder.h"
+#include "RefusalReasons.h"
 #include "TestTable.h"
 #include "host/models/IHostModels.h"
 
@@ -29,14 +30,6 @@ QStringList takeCalls()
     const QStringList taken = calls();
     qApp->setProperty("calls", QStringList());
     return taken;
-}
-
-QStringList reasons(const CPluginHost& host)
-{
-    QStringList reasons;
-    for (const SPluginRefusal& refusal : host.refusals())
-        reasons << refusal.reason;
-    return reasons;
 }
 
 // Whether code of that file is in the process.

@@ -4,6 +4,7 @@
 #include "host/plugins/CPluginFolder.h"
 
 #include "CPluginTestFolder.h"
+#include "RefusalReasons.h"
 #include "TestTable.h"
 
 #include <Halvex/platform/IPlugin.h>
@@ -31,14 +32,6 @@ QStringList names(const CPluginFolder& folder)
     for (const SPluginInfo& plugin : folder.plugins())
         names << plugin.name;
     return names;
-}
-
-QStringList reasons(const CPluginFolder& folder)
-{
-    QStringList reasons;
-    for (const SPluginRefusal& refusal : folder.refusals())
-        reasons << refusal.reason;
-    return reasons;
 }
 
 QByteArray contentOf(const char* plugin)
