@@ -1,11 +1,17 @@
-# halvex_precompile(<target>): reads Qt's headers once for all these targets, which nearly halves what a build of the
-# tests costs. For tests and the host: the library is built with what its sources name and nothing besides.
+# halvex_precompile(<target> [<header>...]): reads Qt's headers once for all these targets, which nearly halves what a
+# build of the tests costs; more headers once for the target that names them. For tests and the host: the library is
+# built with what its sources name and nothing besides.
 #
 # A compiler cache cannot share objects that were built so, and the linters are to see what each file includes: the
 # preset "dev" sets CMAKE_DISABLE_PRECOMPILE_HEADERS.
 
 function(halvex_precompile target)
   if(CMAKE_CXX_COMPILER_LAUNCHER OR CMAKE_DISABLE_PRECOMPILE_HEADERS OR HALVEX_BUILD_FUZZERS)
+    return()
+  endif()
+  set(headers <QtCore> <functional> <memory> <vector>)
+  if(ARGN)
+    target_precompile_headers(${target} PRIVATE ${headers} ${ARGN})
     return()
   endif()
   if(NOT TARGET HalvexPrecompiled)
@@ -15,7 +21,7 @@ function(halvex_precompile target)
     set_target_properties(HalvexPrecompiled PROPERTIES AUTOMOC OFF)
     target_link_libraries(HalvexPrecompiled PRIVATE Qt5::Core)
     target_compile_options(HalvexPrecompiled PRIVATE -pthread) # some libraries ask for it, and all must have the same
-    target_precompile_headers(HalvexPrecompiled PRIVATE <QtCore> <functional> <memory> <vector>)
+    target_precompile_headers(HalvexPrecompiled PRIVATE ${headers})
   endif()
   target_precompile_headers(${target} REUSE_FROM HalvexPrecompiled)
   # Where a target differs in more than that, the headers are read again.
