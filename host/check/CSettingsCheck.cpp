@@ -12,7 +12,6 @@
 
 #include <Halvex/graph/CNodeDataModel.h>
 #include <Halvex/graph/DocumentKeys.h>
-#include <Halvex/models/CNodeDecouplerDataModelBase.h>
 
 #include <algorithm>
 
@@ -116,13 +115,8 @@ void CSettingsCheck::checkSetting(const SJsonNode& setting)
             QStringLiteral("%1 has no setting %2%3").arg(shown(m_model.name()), shown(setting.key), others));
         return;
     }
-    if (!checkType(setting) || !checkRate(setting))
-        return;
-    const QJsonValue now = present(setting.key);
-    if (!now.isUndefined() && !isTaken(valueOf(setting), now))
-        m_faults.addError(
-            EFaultRule::Setting, setting,
-            QStringLiteral("%1 refuses %2; it stays %3").arg(shown(setting.key), description(setting), jsonText(now)));
+    if (checkType(setting))
+        checkValue(setting);
 }
 
 bool CSettingsCheck::checkType(const SJsonNode& setting)
@@ -140,16 +134,19 @@ bool CSettingsCheck::checkType(const SJsonNode& setting)
     return false;
 }
 
-// A decoupler keeps such a rate, but its timer goes on with the one before.
-bool CSettingsCheck::checkRate(const SJsonNode& setting)
+void CSettingsCheck::checkValue(const SJsonNode& setting)
 {
-    const bool isRate =
-        setting.key == DocumentKeys::framesPerSecond && qobject_cast<CNodeDecouplerDataModelBase*>(&m_model) != nullptr;
-    if (!isRate || setting.scalar.toDouble() > 0)
-        return true;
-    m_faults.addError(EFaultRule::Setting, setting,
-                      QStringLiteral("%1, where a rate above 0 belongs").arg(description(setting)));
-    return false;
+    const QJsonValue now = present(setting.key);
+    const bool isKept = now.isUndefined() || isTaken(valueOf(setting), now);
+    if (isKept && isInRangeOfSetting(m_model, setting))
+        return;
+    const QString taken = takenBySetting(m_model, setting.key);
+    const QString refusal = taken.isEmpty()
+                                ? QStringLiteral("%1 refuses %2").arg(shown(setting.key), description(setting))
+                                : QStringLiteral("%1 takes %2, not %3")
+                                      .arg(shown(setting.key), taken, setting.scalar.toVariant().toString());
+    const QString stays = isKept ? QString() : QStringLiteral("; it stays %1").arg(jsonText(now));
+    m_faults.addError(EFaultRule::Setting, setting, refusal + stays);
 }
 
 QJsonValue CSettingsCheck::present(const QString& key) const
