@@ -13,7 +13,11 @@
 #include <Halvex/graph/CNodeDataModel.h>
 #include <Halvex/graph/DocumentKeys.h>
 
+#include <QHash>
+
 #include <algorithm>
+#include <iterator>
+#include <vector>
 
 namespace Host {
 
@@ -38,6 +42,18 @@ bool isTaken(const QJsonValue& given, const QJsonValue& kept)
     const QStringList keys = object.keys();
     return std::all_of(keys.begin(), keys.end(),
                        [&](const QString& key) { return isTaken(object.value(key), kept[key]); });
+}
+
+// What counts of an object: of a double key, which was told, the last.
+std::vector<const SJsonNode*> lastOfEachKey(const SJsonNode& object)
+{
+    QHash<QString, const SJsonNode*> last;
+    for (const SJsonNode* member : object.children)
+        last.insert(member->key, member);
+    std::vector<const SJsonNode*> members;
+    std::copy_if(object.children.begin(), object.children.end(), std::back_inserter(members),
+                 [&last](const SJsonNode* member) { return last.value(member->key) == member; });
+    return members;
 }
 
 bool isSameKind(QJsonValue::Type type, const QJsonValue& value)
@@ -73,7 +89,7 @@ void CSettingsCheck::check()
 
 void CSettingsCheck::checkKeys()
 {
-    for (const SJsonNode* member : m_json.children) {
+    for (const SJsonNode* member : lastOfEachKey(m_json)) {
         const QString& key = member->key;
         if (key == DocumentKeys::name || key == DocumentKeys::property)
             continue;
@@ -101,7 +117,7 @@ void CSettingsCheck::checkSettings()
     const SJsonNode* const all = m_json.member(DocumentKeys::property);
     if (!all || !all->isObject())
         return;
-    for (const SJsonNode* setting : all->children)
+    for (const SJsonNode* setting : lastOfEachKey(*all))
         checkSetting(*setting);
 }
 
