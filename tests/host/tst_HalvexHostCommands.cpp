@@ -5,6 +5,10 @@
 #include "CPluginTestFolder.h"
 #include "TestTable.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
 /// The command line as a user meets it: help, and what is no command.
 class tst_HalvexHostCommands : public QObject
 {
@@ -18,6 +22,7 @@ private Q_SLOTS:
     void refused();
     void models();
     void settingsOfAModel();
+    void modelsAsJson();
     void plugins();
     void cameras();
     void featuresOfACamera();
@@ -57,10 +62,10 @@ void tst_HalvexHostCommands::help_data()
     addRow("compare", QStringList{"compare", "-h"}, QStringList{"A", "B", "--json", "--plugins DIR"});
     addRow("convert", QStringList{"convert", "-h"},
            QStringList{"FILE", "-o, --output FILE", "--camera ID", "--plugins DIR"});
-    addRow("models", QStringList{"models", "-h"}, QStringList{"NAME", "--plugins DIR"});
+    addRow("models", QStringList{"models", "-h"}, QStringList{"NAME", "--json", "--plugins DIR"});
     addRow("cameras", QStringList{"cameras", "-h"},
            QStringList{"ID", "--test TIME", "--camera-set Feature=value", "--buffers N", "--resend on|off", "--json"});
-    addRow("plugins", QStringList{"plugins", "-h"}, QStringList{"--plugins DIR"});
+    addRow("plugins", QStringList{"plugins", "-h"}, QStringList{"--json", "--plugins DIR"});
 }
 
 void tst_HalvexHostCommands::help()
@@ -155,6 +160,21 @@ void tst_HalvexHostCommands::settingsOfAModel()
     QCOMPARE(program.errorLines(), QStringList("halvex-host: no model 'Blr' is registered; did you mean 'Blur'?"));
     QCOMPARE(program.exec({"models", "--plugins", "/nowhere"}), 2);
     QCOMPARE(program.errorLines(), QStringList("halvex-host: cannot read the plugin folder '/nowhere'"));
+}
+
+void tst_HalvexHostCommands::modelsAsJson()
+{
+    CHostProgram program;
+    QCOMPARE(program.exec({"models", "--json"}), 0);
+    const QJsonObject all = QJsonDocument::fromJson(program.output().toUtf8()).object();
+    QCOMPARE(all["converters"].toArray().size(), 1);
+    QCOMPARE(program.exec({"models", "Blur", "--json"}), 0);
+    const QJsonObject blur = QJsonDocument::fromJson(program.output().toUtf8()).object();
+    QVERIFY(all["models"].toArray().contains(blur));
+    QCOMPARE(blur["name"], QJsonValue("Blur"));
+    QCOMPARE(blur["plugin"], QJsonValue("HalvexHostModels"));
+    QCOMPARE(blur["inputs"].toArray().size(), 1);
+    QCOMPARE(blur["settings"][0]["range"], QJsonValue("1 to 99, odd"));
 }
 
 void tst_HalvexHostCommands::plugins()
