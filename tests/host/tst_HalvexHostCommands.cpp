@@ -8,6 +8,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QProcess>
 
 /// The command line as a user meets it: help, and what is no command.
 class tst_HalvexHostCommands : public QObject
@@ -20,6 +21,10 @@ private Q_SLOTS:
     void version();
     void refused_data();
     void refused();
+    void completions_data();
+    void completions();
+    void completionOfBash_data();
+    void completionOfBash();
     void models();
     void settingsOfAModel();
     void modelsAsJson();
@@ -126,6 +131,62 @@ void tst_HalvexHostCommands::refused()
     QCOMPARE(program.exec(line.isEmpty() ? QStringList() : line.split(' ')), 2);
     QCOMPARE(program.errorLines(), QStringList("halvex-host: " + reason));
     QCOMPARE(program.output(), QString());
+}
+
+void tst_HalvexHostCommands::completions_data()
+{
+    addColumns<QStringList, QString, bool>({"words", "told", "areFiles"});
+    addRow("command", QStringList{"ch"}, "check\n", false);
+    addRow("chain", QStringList{"run", ""}, "", true);
+    addRow("file of an option", QStringList{"run", "--save", ""}, "", true);
+    addRow("number", QStringList{"run", "--frames", ""}, "", false);
+    addRow("switch", QStringList{"run", "--resend", ""}, "off\non\n", false);
+    addRow("format", QStringList{"draw", "--format", ""}, "dot\npng\nsvg\n", false);
+    addRow("pixel format", QStringList{"run", "--pixel-format", "M"}, "Mono16\nMono8\n", false);
+    addRow("pixel format of a camera that is not asked",
+           QStringList{"run", "--camera", "127.0.0.3", "--camera-set", "PixelFormat=RG"}, "PixelFormat=RGB8\n", false);
+    addRow("feature", QStringList{"run", "--camera-set", "TriggerM"}, "TriggerMode=\n", false);
+    addRow("value of a feature", QStringList{"run", "--camera-set", "TriggerMode="},
+           "TriggerMode=Off\nTriggerMode=On\n", false);
+    addRow("setting", QStringList{"run", "--set", "blur.m"}, "blur.method=\nblur.mostWaiting=\n", false);
+    addRow("value of a setting", QStringList{"run", "--set", "blur.method="},
+           "blur.method=Box\nblur.method=Gaussian\nblur.method=Median\n", false);
+    addRow("number of a setting", QStringList{"run", "--set", "blur.size="}, "", false);
+    addRow("model", QStringList{"models", "\"To"}, "To Image\n", false);
+    addRow("nothing", QStringList{"plugins", ""}, "", false);
+}
+
+void tst_HalvexHostCommands::completions()
+{
+    QFETCH(QStringList, words);
+    QFETCH(bool, areFiles);
+    CHostProgram program;
+    QCOMPARE(program.exec(QStringList("--complete") + words), areFiles ? 1 : 0);
+    QTEST(program.output(), "told");
+}
+
+void tst_HalvexHostCommands::completionOfBash_data()
+{
+    addColumns<QString, QString>({"words", "replies"});
+    // As bash splits the line.
+    addRow("value", "run --set blur.method =", "Box Gaussian Median");
+    addRow("part of a value", "run --set blur.method = G", "Gaussian");
+    addRow("feature", "run --camera-set TriggerM", "TriggerMode=");
+    addRow("blank", "models To", "To\\ Image");
+    addRow("blank in quotes", "models '\"To'", "To Image");
+    addRow("behind a quote", "run --set '\"threshold files\".wri'", "threshold\\ files.writeEvery=");
+}
+
+void tst_HalvexHostCommands::completionOfBash()
+{
+    QFETCH(QString, words);
+    const QString script = QStringLiteral("source '%1'; COMP_WORDS=('%2' %3); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); "
+                                          "_halvex_host; printf %s \"${COMPREPLY[*]}\"")
+                               .arg(BASH_COMPLETION, HOST_PROGRAM, words);
+    QProcess bash;
+    bash.start("bash", {"-c", script});
+    QVERIFY(bash.waitForFinished());
+    QTEST(QString::fromUtf8(bash.readAllStandardOutput()), "replies");
 }
 
 void tst_HalvexHostCommands::models()
