@@ -10,8 +10,8 @@
 #include "host/models/CToImageModel.h"
 #include "host/sinks/CPngSinkModel.h"
 
-#include <Halvex/service/CVeltraGrabResultData.h>
 #include <Halvex/models/CGenericNodeDecouplerDataModel.h>
+#include <Halvex/service/CVeltraGrabResultData.h>
 
 #include <QJsonObject>
 
