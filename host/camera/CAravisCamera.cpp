@@ -34,7 +34,7 @@ std::unique_ptr<CAravisCamera> CAravisCamera::open(const SCameraOptions& options
     if (device)
         handle.reset(arv_camera_new_with_device(device.get(), reason.slot()));
     if (!handle) {
-        *error = QStringLiteral("cannot open camera '%1': %2").arg(options.address, reason.text());
+        *error = cannotOpenText(options.address, reason);
         return nullptr;
     }
     std::unique_ptr<CAravisCamera> camera(new CAravisCamera(options, std::move(handle)));
@@ -69,31 +69,24 @@ bool CAravisCamera::configure(QString* error)
                      .arg(m_options.address);
         return false;
     }
-    CGLibError reason;
-    if (!m_options.pixelFormat.isEmpty()) {
-        const QByteArray format = m_options.pixelFormat.toUtf8();
-        arv_camera_set_pixel_format_from_string(m_camera.get(), format.constData(), reason.slot());
-    }
-    if (reason) {
-        *error = QStringLiteral("camera '%1' refuses the pixel format '%2': %3")
-                     .arg(m_options.address, m_options.pixelFormat, reason.text());
-        return false;
-    }
-    return (m_options.framesPerSecond <= 0.0 || setFrameRate(error)) && setFeatures(error);
+    const bool hasFormat =
+        m_options.pixelFormat.isEmpty() || setFeature(QStringLiteral("PixelFormat"), m_options.pixelFormat, error);
+    return hasFormat && (m_options.framesPerSecond <= 0.0 || setFrameRate(error)) && setFeatures(error);
 }
 
 bool CAravisCamera::setFeatures(QString* error)
 {
     // After the frame rate, which the library sets together with the trigger: what was asked for by name stays.
-    const CFeatures features(arv_camera_get_device(m_camera.get()));
-    for (const auto& feature : m_options.features) {
-        const QString wrong = features.set(feature.first, feature.second);
-        if (!wrong.isEmpty()) {
-            *error = QStringLiteral("camera '%1': %2").arg(m_options.address, wrong);
-            return false;
-        }
-    }
-    return true;
+    return std::all_of(m_options.features.begin(), m_options.features.end(),
+                       [&](const auto& feature) { return setFeature(feature.first, feature.second, error); });
+}
+
+bool CAravisCamera::setFeature(const QString& name, const QString& value, QString* error)
+{
+    const QString wrong = CFeatures(arv_camera_get_device(m_camera.get())).set(name, value);
+    if (!wrong.isEmpty())
+        *error = QStringLiteral("camera '%1': %2").arg(m_options.address, wrong);
+    return wrong.isEmpty();
 }
 
 bool CAravisCamera::setFrameRate(QString* error)

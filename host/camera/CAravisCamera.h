@@ -90,6 +90,7 @@ private:
     bool configure(QString* error);
     bool setFrameRate(QString* error);
     bool setFeatures(QString* error);
+    bool setFeature(const QString& name, const QString& value, QString* error);
     bool readGeometry(QString* error);
     bool createStream(QString* error);
     void destroyStream();

@@ -111,6 +111,14 @@ bool isWritable(ArvGcNode* node)
            !arv_gc_feature_node_is_locked(feature, CGLibError().slot());
 }
 
+// Neither a register nor a value that is computed of others.
+bool isForUsers(ArvDomNode* node)
+{
+    const bool isFeature = ARV_IS_GC_INTEGER_NODE(node) || ARV_IS_GC_FLOAT_NODE(node) || ARV_IS_GC_BOOLEAN(node) ||
+                           ARV_IS_GC_ENUMERATION(node) || ARV_IS_GC_COMMAND(node);
+    return isFeature && arv_gc_feature_node_get_name(ARV_GC_FEATURE_NODE(node));
+}
+
 // Decimal, or with 0x hexadecimal. A zero in front makes no octal number of it, as it would for the library.
 qint64 wholeNumber(const QString& value, bool* ok)
 {
@@ -152,7 +160,21 @@ std::vector<SFeature> CFeatures::all() const
     QSet<QString> seen;
     if (ArvGcNode* const root = arv_device_get_feature(m_device, "Root"))
         add(root, {}, &seen, &features);
+    if (ArvGc* const description = arv_device_get_genicam(m_device))
+        addOthers(ARV_DOM_NODE(description), &seen, &features);
     return features;
+}
+
+// Of what is in no category only what can be set is of use. The registers behind features are not told: whoever writes
+// these goes round the checks of the feature.
+void CFeatures::addOthers(ArvDomNode* parent, QSet<QString>* seen, std::vector<SFeature>* features) const
+{
+    for (ArvDomNode* each = arv_dom_node_get_first_child(parent); each; each = arv_dom_node_get_next_sibling(each)) {
+        if (!isForUsers(each))
+            addOthers(each, seen, features); // it may be a group
+        else if (isWritable(ARV_GC_NODE(each)))
+            add(ARV_GC_NODE(each), QStringLiteral("In no category"), seen, features);
+    }
 }
 
 // A camera may name a feature in two categories, and a category in itself.

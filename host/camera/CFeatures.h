@@ -10,6 +10,7 @@
 #include <vector>
 
 struct _ArvDevice;
+struct _ArvDomNode;
 struct _ArvGcNode;
 
 namespace Host {
@@ -42,7 +43,8 @@ public:
     {
     }
 
-    /// In the camera's own order, category by category, each once; what the camera does not implement is left out.
+    /// In the camera's own order, category by category, each once; what the camera does not implement is left out. What
+    /// can be set and stands in no category comes last: the packet size of many network cameras does.
     std::vector<SFeature> all() const;
 
     /// Sets a feature, or runs a command whatever \a value says. Whole numbers are decimal, or hexadecimal with 0x.
@@ -51,6 +53,7 @@ public:
     QString set(const QString& name, const QString& value) const;
 
 private:
+    void addOthers(_ArvDomNode* parent, QSet<QString>* seen, std::vector<SFeature>* features) const;
     void add(_ArvGcNode* node, const QString& category, QSet<QString>* seen, std::vector<SFeature>* features) const;
 
     _ArvDevice* const m_device;

@@ -3,6 +3,7 @@
 
 #include "host/camera/Device.h"
 
+#include "host/base/ClosestWords.h"
 #include "host/camera/SCameraOptions.h"
 
 #include <arv.h>
@@ -61,6 +62,14 @@ GObjectPtr<ArvDevice> openDevice(const QString& address, CGLibError* error)
 #endif
     return GObjectPtr<ArvDevice>(
         arv_interface_open_device(arv_gv_interface_get_instance(), name.constData(), error->slot()));
+}
+
+QString cannotOpenText(const QString& address, const CGLibError& error)
+{
+    // Looking for all there are would take a second, each time that a camera is waited for.
+    const QString close = didYouMean(address, {SCameraOptions().address});
+    return QStringLiteral("cannot open camera '%1': %2%3 'halvex-host cameras' lists them")
+        .arg(address, error.text(), close.isEmpty() ? QStringLiteral(";") : close);
 }
 
 QString aravisVersion()

@@ -34,4 +34,7 @@ QString aravisVersion();
 /// Opens what SCameraOptions::address names. Null, with the reason in \a error, if it is not there.
 GObjectPtr<_ArvDevice> openDevice(const QString& address, CGLibError* error);
 
+/// Why the camera cannot be opened, and where to look for its right name.
+QString cannotOpenText(const QString& address, const CGLibError& error);
+
 } // namespace Host

@@ -39,6 +39,14 @@ QString pixelFormatName(quint32 code)
     return QStringLiteral("0x%1").arg(code, 8, 16, QLatin1Char('0'));
 }
 
+QStringList pixelFormatNames()
+{
+    QStringList names;
+    for (const SFormat& format : formats)
+        names << QString::fromLatin1(format.name);
+    return names;
+}
+
 int bitsPerPixel(quint32 code)
 {
     return int(ARV_PIXEL_FORMAT_BIT_PER_PIXEL(code));

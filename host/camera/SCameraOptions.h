@@ -28,6 +28,7 @@ struct SCameraOptions
     std::optional<bool> resend{}; ///< Whether a GigE Vision camera is asked for lost packets again.
 
     static constexpr int mostBuffers = 10000;
+    static constexpr double mostFramesPerSecond = 10000.0;
 
     /// Whether it is one of the cameras that are built into the library.
     static bool isFake(const QString& address);

@@ -6,12 +6,18 @@
 #include "host/check/CJsonTree.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Host {
 
 namespace {
 
 constexpr qint64 maxPathLetters = 10000000; // a key of a megabyte is in the path of each of its members
+
+bool isOfSyntax(const SFault& fault)
+{
+    return fault.rule == EFaultRule::Syntax;
+}
 
 } // namespace
 
@@ -69,11 +75,17 @@ void CFaultList::add(bool isError, EFaultRule rule, int offset, const SJsonNode*
     m_faults.emplace_back(offset, SFault{isError, rule, place.line, place.column, path, message});
 }
 
+bool CFaultList::hasSyntaxErrors() const
+{
+    return std::any_of(m_faults.begin(), m_faults.end(), [](const auto& fault) { return isOfSyntax(fault.second); });
+}
+
 std::vector<SFault> CFaultList::sorted() const
 {
     auto faults = m_faults;
+    const auto rank = [](const auto& fault) { return std::make_pair(!isOfSyntax(fault.second), fault.first); };
     std::stable_sort(faults.begin(), faults.end(),
-                     [](const auto& left, const auto& right) { return left.first < right.first; });
+                     [&rank](const auto& left, const auto& right) { return rank(left) < rank(right); });
     std::vector<SFault> result;
     result.reserve(faults.size());
     for (auto& fault : faults)

@@ -48,11 +48,14 @@ public:
 
     bool isEmpty() const { return m_faults.empty(); }
 
+    /// Whether something of the document could not be read: what seems to be missing may be there.
+    bool hasSyntaxErrors() const;
+
     /// Whether there are more faults than are kept.
     bool isCut() const { return !m_leftOut.message.isEmpty(); }
 
-    /// The faults in the order of the text. If there are more, a last one of no place says so; it is an error if one of
-    /// those is.
+    /// The faults in the order of the text, but those of its syntax first. If there are more, a last one of no place
+    /// says so; it is an error if one of those is.
     std::vector<SFault> sorted() const;
 
 private:

@@ -75,7 +75,8 @@ public:
     /// Whether an input port of the node has a connection.
     bool isFed(int node, int port) const { return m_fedPorts.count({node, port}) > 0; }
 
-    /// Finds loops and what nothing reaches; \a root: where a camera is told that nothing is wired to it.
+    /// Finds loops and, in a document that was read whole, what nothing reaches; \a root: where a camera is told that
+    /// nothing is wired to it.
     void finish(const SJsonNode& root);
 
     const std::vector<SGraphNode>& nodes() const { return m_nodes; }

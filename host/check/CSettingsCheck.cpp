@@ -12,9 +12,12 @@
 
 #include <Halvex/graph/CNodeDataModel.h>
 #include <Halvex/graph/DocumentKeys.h>
-#include <Halvex/models/CNodeDecouplerDataModelBase.h>
+
+#include <QHash>
 
 #include <algorithm>
+#include <iterator>
+#include <vector>
 
 namespace Host {
 
@@ -39,6 +42,18 @@ bool isTaken(const QJsonValue& given, const QJsonValue& kept)
     const QStringList keys = object.keys();
     return std::all_of(keys.begin(), keys.end(),
                        [&](const QString& key) { return isTaken(object.value(key), kept[key]); });
+}
+
+// What counts of an object: of a double key, which was told, the last.
+std::vector<const SJsonNode*> lastOfEachKey(const SJsonNode& object)
+{
+    QHash<QString, const SJsonNode*> last;
+    for (const SJsonNode* member : object.children)
+        last.insert(member->key, member);
+    std::vector<const SJsonNode*> members;
+    std::copy_if(object.children.begin(), object.children.end(), std::back_inserter(members),
+                 [&last](const SJsonNode* member) { return last.value(member->key) == member; });
+    return members;
 }
 
 bool isSameKind(QJsonValue::Type type, const QJsonValue& value)
@@ -74,7 +89,7 @@ void CSettingsCheck::check()
 
 void CSettingsCheck::checkKeys()
 {
-    for (const SJsonNode* member : m_json.children) {
+    for (const SJsonNode* member : lastOfEachKey(m_json)) {
         const QString& key = member->key;
         if (key == DocumentKeys::name || key == DocumentKeys::property)
             continue;
@@ -102,7 +117,7 @@ void CSettingsCheck::checkSettings()
     const SJsonNode* const all = m_json.member(DocumentKeys::property);
     if (!all || !all->isObject())
         return;
-    for (const SJsonNode* setting : all->children)
+    for (const SJsonNode* setting : lastOfEachKey(*all))
         checkSetting(*setting);
 }
 
@@ -116,13 +131,8 @@ void CSettingsCheck::checkSetting(const SJsonNode& setting)
             QStringLiteral("%1 has no setting %2%3").arg(shown(m_model.name()), shown(setting.key), others));
         return;
     }
-    if (!checkType(setting) || !checkRate(setting))
-        return;
-    const QJsonValue now = present(setting.key);
-    if (!now.isUndefined() && !isTaken(valueOf(setting), now))
-        m_faults.addError(
-            EFaultRule::Setting, setting,
-            QStringLiteral("%1 refuses %2; it stays %3").arg(shown(setting.key), description(setting), jsonText(now)));
+    if (checkType(setting))
+        checkValue(setting);
 }
 
 bool CSettingsCheck::checkType(const SJsonNode& setting)
@@ -140,16 +150,19 @@ bool CSettingsCheck::checkType(const SJsonNode& setting)
     return false;
 }
 
-// A decoupler keeps such a rate, but its timer goes on with the one before.
-bool CSettingsCheck::checkRate(const SJsonNode& setting)
+void CSettingsCheck::checkValue(const SJsonNode& setting)
 {
-    const bool isRate =
-        setting.key == DocumentKeys::framesPerSecond && qobject_cast<CNodeDecouplerDataModelBase*>(&m_model) != nullptr;
-    if (!isRate || setting.scalar.toDouble() > 0)
-        return true;
-    m_faults.addError(EFaultRule::Setting, setting,
-                      QStringLiteral("%1, where a rate above 0 belongs").arg(description(setting)));
-    return false;
+    const QJsonValue now = present(setting.key);
+    const bool isKept = now.isUndefined() || isTaken(valueOf(setting), now);
+    if (isKept && isInRangeOfSetting(m_model, setting))
+        return;
+    const QString taken = takenBySetting(m_model, setting.key);
+    const QString refusal = taken.isEmpty()
+                                ? QStringLiteral("%1 refuses %2").arg(shown(setting.key), description(setting))
+                                : QStringLiteral("%1 takes %2, not %3")
+                                      .arg(shown(setting.key), taken, setting.scalar.toVariant().toString());
+    const QString stays = isKept ? QString() : QStringLiteral("; it stays %1").arg(jsonText(now));
+    m_faults.addError(EFaultRule::Setting, setting, refusal + stays);
 }
 
 QJsonValue CSettingsCheck::present(const QString& key) const

@@ -23,7 +23,7 @@ struct SJsonNode;
  *
  * A model tells its settings by its Qt properties ("framesPerSecond" stands under "property" as "frames_per_second")
  * and by what it saves. A setting that is neither of these is none of its own. One that is different when it is saved
- * again was refused.
+ * again was refused; so is one beyond its range that a model keeps without effect.
  *
  * Threads: the model's.
  */
@@ -41,7 +41,7 @@ private:
     void checkSettings();
     void checkSetting(const SJsonNode& setting);
     bool checkType(const SJsonNode& setting);
-    bool checkRate(const SJsonNode& setting);
+    void checkValue(const SJsonNode& setting);
     QJsonValue present(const QString& key) const;
     QStringList settingNames() const;
 

@@ -66,6 +66,17 @@ QStringList texts(const QJsonValue& json)
     return json.isString() ? QStringList(json.toString()) : json.toVariant().toStringList();
 }
 
+QStringList missingKeys(const SJsonNode& object, const QJsonObject& schema)
+{
+    QStringList missing;
+    const QStringList required = texts(schema.value(QLatin1String("required")));
+    for (const QString& key : required) {
+        if (!object.member(QLatin1String(key.toLatin1())))
+            missing << key;
+    }
+    return missing;
+}
+
 } // namespace
 
 CShapeCheck::CShapeCheck(const QJsonObject& schema, CFaultList& faults, CWordFinder& words)
@@ -145,19 +156,23 @@ bool CShapeCheck::explainType(const SJsonNode& node, const QJsonObject& schema)
 
 bool CShapeCheck::explainKeys(SJsonNode& object, const QJsonObject& schema)
 {
-    if (schema.value(QLatin1String("additionalProperties")).toBool(true))
-        return false;
+    // Where any key may stand, one is wrong only if it looks like one that is missing.
+    const bool isOpen = schema.value(QLatin1String("additionalProperties")).toBool(true);
     const QStringList known = schema.value(QLatin1String("properties")).toObject().keys();
-    QStringList unused = known;
+    QStringList unused = isOpen ? missingKeys(object, schema) : known;
     for (const SJsonNode* member : object.children)
         unused.removeAll(member->key);
+    if (isOpen && unused.isEmpty())
+        return false;
 
     bool isFound = false;
     for (SJsonNode* member : object.children) {
         if (known.contains(member->key))
             continue;
+        const QString meant = m_words.closest(member->key, isOpen ? unused : known);
+        if (isOpen && meant.isNull())
+            continue;
         isFound = true;
-        const QString meant = m_words.closest(member->key, known);
         const QString hint = meant.isNull() ? QStringLiteral("; allowed are %1").arg(listed(known))
                                             : QStringLiteral("; did you mean %1?").arg(shown(meant));
         m_faults.addKeyError(EFaultRule::UnknownKey, *member,
@@ -170,12 +185,7 @@ bool CShapeCheck::explainKeys(SJsonNode& object, const QJsonObject& schema)
 
 bool CShapeCheck::explainMissing(const SJsonNode& object, const QJsonObject& schema)
 {
-    QStringList missing;
-    const QStringList required = texts(schema.value(QLatin1String("required")));
-    for (const QString& key : required) {
-        if (!object.member(QLatin1String(key.toLatin1())))
-            missing << key;
-    }
+    const QStringList missing = missingKeys(object, schema);
     if (missing.isEmpty())
         return false;
     m_faults.addError(

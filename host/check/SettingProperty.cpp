@@ -4,6 +4,7 @@
 #include "host/check/SettingProperty.h"
 
 #include "host/base/ModelProperties.h"
+#include "host/base/SettingRange.h"
 #include "host/base/Shown.h"
 #include "host/check/CJsonTree.h"
 #include "host/check/CWordFinder.h"
@@ -26,6 +27,43 @@ QMetaProperty propertyOf(const QObject& model, const QString& setting)
         return documentName(property) == setting;
     });
     return found == properties.end() ? QMetaProperty() : *found;
+}
+
+QString typeText(const QMetaProperty& property)
+{
+    switch (property.userType()) {
+    case QMetaType::Bool:
+        return QStringLiteral("true or false");
+    case QMetaType::Int:
+    case QMetaType::UInt:
+        return QStringLiteral("a whole number");
+    case QMetaType::Double:
+    case QMetaType::Float:
+        return QStringLiteral("a number");
+    case QMetaType::QString:
+        return QStringLiteral("a string");
+    default:
+        return {};
+    }
+}
+
+// Whether a value of a document can be one of the property; true of types that documents do not have.
+bool hasType(const SJsonNode& setting, const QMetaProperty& property)
+{
+    switch (property.userType()) {
+    case QMetaType::Bool:
+        return setting.type == QJsonValue::Bool;
+    case QMetaType::Int:
+    case QMetaType::UInt:
+        return isWholeNumber(setting.scalar);
+    case QMetaType::Double:
+    case QMetaType::Float:
+        return setting.type == QJsonValue::Double;
+    case QMetaType::QString:
+        return setting.isString();
+    default:
+        return true;
+    }
 }
 
 } // namespace
@@ -62,20 +100,20 @@ QString expectedBySetting(const QObject& model, const SJsonNode& setting)
         const bool isOne = setting.isString() && keys.contains(setting.text());
         return isOne ? QString() : QStringLiteral("one of %1").arg(listed(keys, QStringLiteral("or")));
     }
-    switch (property.userType()) {
-    case QMetaType::Bool:
-        return setting.type == QJsonValue::Bool ? QString() : QStringLiteral("true or false");
-    case QMetaType::Int:
-    case QMetaType::UInt:
-        return isWholeNumber(setting.scalar) ? QString() : QStringLiteral("a whole number");
-    case QMetaType::Double:
-    case QMetaType::Float:
-        return setting.type == QJsonValue::Double ? QString() : QStringLiteral("a number");
-    case QMetaType::QString:
-        return setting.isString() ? QString() : QStringLiteral("a string");
-    default:
-        return {};
-    }
+    return hasType(setting, property) ? QString() : typeText(property);
+}
+
+QString takenBySetting(const QObject& model, const QString& setting)
+{
+    const QMetaProperty property = propertyOf(model, setting);
+    const QString range = property.isValid() ? rangeOf(model, property) : QString();
+    return range.isEmpty() ? range : QStringLiteral("%1, %2").arg(typeText(property), range);
+}
+
+bool isInRangeOfSetting(const QObject& model, const SJsonNode& setting)
+{
+    const QMetaProperty property = propertyOf(model, setting.key);
+    return !property.isValid() || isInRange(model, property, setting.scalar.toDouble());
 }
 
 QString jsonText(const QJsonValue& value)

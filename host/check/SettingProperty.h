@@ -27,6 +27,13 @@ QStringList settingChoices(const QObject& model, const QString& setting);
 /// Empty if it may be one, or if there is no such property.
 QString expectedBySetting(const QObject& model, const SJsonNode& setting);
 
+/// What a setting with a range takes: "a whole number, 1 to 99, odd". Empty without a range.
+QString takenBySetting(const QObject& model, const QString& setting);
+
+/// Whether the value in the document, which is of the right type, lies between the bounds of the range, if there is
+/// one.
+bool isInRangeOfSetting(const QObject& model, const SJsonNode& setting);
+
 /// The value as JSON has it.
 QString jsonText(const QJsonValue& value);
 

@@ -16,7 +16,6 @@ namespace Host {
 
 namespace {
 
-constexpr double maxFramesPerSecond = 10000.0;
 // A camera that is no device has no rate of its own worth keeping: far more than the preview shows.
 constexpr double fakeFramesPerSecond = 200.0;
 
@@ -239,7 +238,7 @@ void CRunArguments::readCameras(const SCameraOptions& common, SRunOptions* optio
 
 double CRunArguments::framesPerSecond(SRunOptions* options) const
 {
-    const double rate = readRate("--fps", m_rate, maxFramesPerSecond);
+    const double rate = readRate("--fps", m_rate, SCameraOptions::mostFramesPerSecond);
     options->askedForPerSecond = rate;
     // A slow camera is silent between its frames.
     options->timeout = std::max(options->timeout, std::chrono::milliseconds(std::llround(3000.0 / rate)));

@@ -29,6 +29,8 @@ struct SCamerasArguments
 {
     std::string id;
     std::string time;
+    std::string rate;
+    std::string pixelFormat;
     std::vector<std::string> features;
     std::string buffers;
     std::string resend;
@@ -62,7 +64,7 @@ int showFeatures(const QString& id, bool isJson)
     CGLibError error;
     const GObjectPtr<_ArvDevice> device = openDevice(id, &error);
     if (!device) {
-        printErrorLine(QStringLiteral("cannot open camera '%1': %2").arg(id, error.text()));
+        printErrorLine(cannotOpenText(id, error));
         return Refused;
     }
     const std::vector<SFeature> features = CFeatures(device.get()).all();
@@ -82,6 +84,14 @@ void declare(CLI::App& command, SCamerasArguments* arguments)
                     "Grab its frames for that time, 500ms, 10s, 5min, and tell what became of their packets, and what "
                     "to change. Exit code 1 when a frame was lost.")
         ->type_name("TIME")
+        ->group(group);
+    command.add_option("--fps", arguments->rate, "Frames per second (default: as the camera is set).")
+        ->type_name("N")
+        ->group(group);
+    command
+        .add_option("--pixel-format", arguments->pixelFormat,
+                    "GenICam name, e.g. RGB8 (default: as the camera is set).")
+        ->type_name("NAME")
         ->group(group);
     command.add_option("--camera-set", arguments->features, "Set a feature before. May be given several times.")
         ->type_name("Feature=value")
@@ -103,16 +113,20 @@ Action actionFor(const SCamerasArguments& arguments)
 {
     const QString id = QString::fromStdString(arguments.id);
     const bool isJson = arguments.isJson;
-    const bool isForTest = !arguments.features.empty() || !arguments.buffers.empty() || !arguments.resend.empty();
+    const bool isForTest = !arguments.rate.empty() || !arguments.pixelFormat.empty() || !arguments.features.empty() ||
+                           !arguments.buffers.empty() || !arguments.resend.empty();
     if (!arguments.time.empty() && id.isEmpty())
         refuse(QStringLiteral("--test takes a camera's ID."));
     if (isForTest && arguments.time.empty())
-        refuse(QStringLiteral("--camera-set, --buffers and --resend go with --test."));
+        refuse(QStringLiteral("--fps, --pixel-format, --camera-set, --buffers and --resend go with --test."));
     if (!arguments.time.empty()) {
         SCameraOptions camera;
         camera.address = id;
         if (!arguments.resend.empty())
             camera.resend = readSwitch("--resend", arguments.resend);
+        if (!arguments.rate.empty())
+            camera.framesPerSecond = readRate("--fps", arguments.rate, SCameraOptions::mostFramesPerSecond);
+        camera.pixelFormat = QString::fromStdString(arguments.pixelFormat);
         camera.features = readFeatures(arguments.features);
         if (!arguments.buffers.empty())
             camera.buffers = readCount("--buffers", arguments.buffers, 1, SCameraOptions::mostBuffers);

@@ -62,6 +62,12 @@ QString lines(const QStringList& words)
     return text;
 }
 
+// The exit code tells the shell whether names of files belong there, too.
+int printCompletions(const SCompletions& completions)
+{
+    return printResult(lines(completions.words), completions.areFiles ? Failed : Done);
+}
+
 // What stands where nothing of that kind belongs.
 QString unexpected(const CLI::App& program, const CLI::App& command, const QString& word)
 {
@@ -171,7 +177,7 @@ int readArguments(const QStringList& arguments, Action* action)
 
     // What the shell and the build ask for; nobody types it.
     if (arguments.value(0) == QLatin1String("--complete"))
-        return printResult(lines(completions(program, arguments.mid(1))));
+        return printCompletions(completions(program, arguments.mid(1)));
     if (arguments.value(0) == QLatin1String("--man-page"))
         return printResult(manPage(program, exitCodes()));
     return parse(program, arguments);

@@ -6,6 +6,7 @@
 #include "host/base/Attempt.h"
 #include "host/camera/CFeatures.h"
 #include "host/camera/Device.h"
+#include "host/camera/PixelFormat.h"
 #include "host/camera/SCameraOptions.h"
 #include "host/commands/CommandWords.h"
 #include "host/commands/ModelNames.h"
@@ -60,7 +61,20 @@ QString given(const CLI::App& command, const QStringList& words, const QString& 
     return {};
 }
 
-// Each setting of each element of a chain, as "NODE.key=".
+// "blur.method=" and "blur.method=Box"... of a setting or feature whose values have names, else the first alone.
+QStringList withValues(const QString& name, const QString& values, const QString& type)
+{
+    static const QStringList named{QStringLiteral("one of"), QStringLiteral("bool"), QStringLiteral("boolean")};
+    QStringList words{name};
+    if (!named.contains(type))
+        return words;
+    const QStringList all = values.split(QStringLiteral(", "));
+    for (const QString& value : all)
+        words << name + value;
+    return words;
+}
+
+// Each setting of each element of a chain, as "NODE.key=", or with its values where these have names.
 QStringList nodeSettings(const SChain& chain, CNodeDataModelRegistry& registry)
 {
     QStringList settings;
@@ -73,25 +87,45 @@ QStringList nodeSettings(const SChain& chain, CNodeDataModelRegistry& registry)
         if (!model)
             continue;
         for (const SModelSetting& setting : settingsOf(*model))
-            settings << QStringLiteral("%1.%2=").arg(element[QLatin1String("name")].toString(), setting.name);
+            settings << withValues(
+                QStringLiteral("%1.%2=").arg(element[QLatin1String("name")].toString(), setting.name),
+                setting.type == QLatin1String("bool") ? QStringLiteral("true, false") : setting.range, setting.type);
     }
     return settings;
 }
 
-// Asking a camera on the network would take it from whoever uses it.
-QStringList featureNames(const QString& address)
+// Asking a camera on the network would take it from whoever uses it: of such a one its formats may be guessed, no more.
+QStringList featureWords(const QString& address)
 {
-    QStringList names;
+    const QString format = QStringLiteral("PixelFormat=");
+    QStringList words;
     CGLibError error;
     const GObjectPtr<_ArvDevice> device =
         SCameraOptions::isFake(address) ? openDevice(address, &error) : GObjectPtr<_ArvDevice>();
     if (!device)
-        return names;
+        return withValues(format, pixelFormatNames().join(QStringLiteral(", ")), QStringLiteral("one of"));
     for (const SFeature& feature : CFeatures(device.get()).all()) {
         if (feature.isWritable)
-            names << feature.name + QLatin1Char('=');
+            words << withValues(feature.name + QLatin1Char('='), feature.range, feature.type);
     }
-    return names;
+    return words;
+}
+
+QStringList pixelFormats(const QString& address)
+{
+    QStringList formats;
+    const QStringList words = featureWords(address).filter(QStringLiteral("PixelFormat="));
+    for (const QString& word : words)
+        formats << word.section(QLatin1Char('='), 1);
+    formats.removeAll(QString());
+    return formats;
+}
+
+QString cameraOf(const CLI::App& command, const QStringList& words)
+{
+    const QString camera =
+        command.get_option_no_throw("--camera") ? given(command, words, "--camera") : given(command, words, {});
+    return camera.isEmpty() ? SCameraOptions().address : camera;
 }
 
 QStringList settingsFor(const CLI::App& command, const QStringList& words)
@@ -105,16 +139,24 @@ QStringList settingsFor(const CLI::App& command, const QStringList& words)
     return nodeSettings(chain, *services.nodes().registry());
 }
 
+bool takesFiles(const std::string& type)
+{
+    return type == "FILE" || type == "DIR" || type == "DIR|GLOB" || type == "REPORT";
+}
+
 QStringList valuesOf(const CLI::App& command, const CLI::Option& option, const QStringList& words)
 {
     const std::string type = option.get_type_name();
     if (type == "NODE.key=value")
         return settingsFor(command, words);
-    if (type == "Feature=value") {
-        const QString camera =
-            command.get_option_no_throw("--camera") ? given(command, words, "--camera") : given(command, words, {});
-        return featureNames(camera.isEmpty() ? SCameraOptions().address : camera);
-    }
+    if (type == "Feature=value")
+        return featureWords(cameraOf(command, words));
+    if (type == "NAME")
+        return pixelFormats(cameraOf(command, words));
+    if (type == "FORMAT")
+        return {QStringLiteral("svg"), QStringLiteral("png"), QStringLiteral("dot")};
+    if (type == "on|off")
+        return {QStringLiteral("on"), QStringLiteral("off")};
     return type == "ID" ? QStringList(SCameraOptions().address) : QStringList();
 }
 
@@ -131,31 +173,42 @@ QStringList argumentsOf(const CLI::App& command, const QStringList& words)
     return names;
 }
 
-QStringList candidates(const CLI::App& program, const QStringList& before, bool isOption)
+SCompletions candidates(const CLI::App& program, const QStringList& before, bool isOption)
 {
     const CLI::App* const command = commandOf(program, before);
     if (!command)
-        return isOption ? optionNames(program) : commandNames(program);
+        return {isOption ? optionNames(program) : commandNames(program)};
     if (const CLI::Option* const option = optionWithValue(*command, before.last()))
-        return valuesOf(*command, *option, before);
-    return isOption ? optionNames(*command) : argumentsOf(*command, before);
+        return {valuesOf(*command, *option, before), takesFiles(option->get_type_name())};
+    static const QStringList withoutFiles{QStringLiteral("models"), QStringLiteral("cameras"),
+                                          QStringLiteral("plugins")};
+    const bool areFiles = !isOption && !withoutFiles.contains(QString::fromStdString(command->get_name()));
+    return {isOption ? optionNames(*command) : argumentsOf(*command, before), areFiles};
+}
+
+// Those that go on where \a current ends. Behind "blur.method=" stand its values, and before it none.
+QStringList fittingWords(const QStringList& words, const QString& current)
+{
+    QStringList fitting;
+    for (const QString& word : words) {
+        const int sign = word.indexOf(QLatin1Char('='));
+        const bool isValue = sign >= 0 && sign + 1 < word.size();
+        if (word.startsWith(current) && isValue == (sign >= 0 && current.size() > sign))
+            fitting << word;
+    }
+    fitting.sort();
+    return fitting;
 }
 
 } // namespace
 
-QStringList completions(const CLI::App& program, const QStringList& words)
+SCompletions completions(const CLI::App& program, const QStringList& words)
 {
     // As it was typed, with the shell's quotes.
     QString current = words.isEmpty() ? QString() : words.last();
     current.remove(QLatin1Char('\\')).remove(QLatin1Char('"')).remove(QLatin1Char('\''));
-    QStringList fitting;
-    const QStringList all = candidates(program, words.mid(0, words.size() - 1), current.startsWith(QLatin1Char('-')));
-    for (const QString& candidate : all) {
-        if (candidate.startsWith(current))
-            fitting << candidate;
-    }
-    fitting.sort();
-    return fitting;
+    const SCompletions all = candidates(program, words.mid(0, words.size() - 1), current.startsWith(QLatin1Char('-')));
+    return {fittingWords(all.words, current), all.areFiles};
 }
 
 } // namespace Host

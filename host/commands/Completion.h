@@ -11,8 +11,15 @@ class App;
 
 namespace Host {
 
+/// What fits in the place of a word. A plain value.
+struct SCompletions
+{
+    QStringList words;
+    bool areFiles = false; ///< Names of files belong there, too.
+};
+
 /// What fits in the place of the last of \a words, which may be empty and stands behind the others on the command line:
-/// commands, options, and values of options. Empty where files belong. \a program has its commands.
-QStringList completions(const CLI::App& program, const QStringList& words);
+/// commands, options, and values of options. \a program has its commands.
+SCompletions completions(const CLI::App& program, const QStringList& words);
 
 } // namespace Host

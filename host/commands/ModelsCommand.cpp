@@ -5,6 +5,7 @@
 #include "host/base/ClosestWords.h"
 #include "host/base/EExitCode.h"
 #include "host/commands/Commands.h"
+#include "host/commands/ModelJson.h"
 #include "host/commands/ModelNames.h"
 #include "host/models/ModelSettings.h"
 #include "host/plugins/CHostServices.h"
@@ -20,6 +21,9 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include <map>
 #include <memory>
@@ -114,6 +118,37 @@ QString overview(CNodeDataModelRegistry& registry, const CPluginHost& plugins)
     return table.text(width, takesColors(stdout)) + convertersText(registry, types, width);
 }
 
+QJsonArray convertersJson(const CNodeDataModelRegistry& registry, const Types& types)
+{
+    QJsonArray converters;
+    for (const auto& from : types) {
+        for (const auto& to : types) {
+            if (registry.getTypeConverter(from.second, to.second))
+                converters.append(QJsonObject{{"from", from.first}, {"to", to.first}});
+        }
+    }
+    return converters;
+}
+
+QJsonObject allJson(CNodeDataModelRegistry& registry, const CPluginHost& plugins)
+{
+    Types types;
+    QJsonArray models;
+    for (const auto& entry : modelNames(registry)) {
+        const auto model = make(registry, entry.second);
+        if (!model)
+            continue;
+        addTypes(*model, &types);
+        models.append(modelJson(*model, entry.second, entry.first, pluginOf(*model, plugins)));
+    }
+    return {{"models", models}, {"converters", convertersJson(registry, types)}};
+}
+
+int print(const QJsonObject& json)
+{
+    return printResult(QString::fromUtf8(QJsonDocument(json).toJson()));
+}
+
 void addPorts(const CNodeDataModel& model, ENodePortType side, const QString& name, CTable* table)
 {
     for (unsigned int i = 0; i < model.nPorts(side); ++i) {
@@ -146,7 +181,7 @@ QString details(const CNodeDataModel& model, const QString& name, const QString&
            (help.isEmpty() ? help : QLatin1Char('\n') + help);
 }
 
-int showModels(const QString& folder, const QString& name)
+int showModels(const QString& folder, const QString& name, bool isJson)
 {
     CHostServices services(folder);
     const QString error = services.load();
@@ -155,8 +190,9 @@ int showModels(const QString& folder, const QString& name)
         return Refused;
     }
     const auto registry = services.nodes().registry();
+    const CPluginHost& plugins = services.plugins();
     if (name.isEmpty())
-        return printResult(overview(*registry, services.plugins()));
+        return isJson ? print(allJson(*registry, plugins)) : printResult(overview(*registry, plugins));
 
     QStringList known;
     for (const auto& entry : modelNames(*registry)) {
@@ -164,8 +200,11 @@ int showModels(const QString& folder, const QString& name)
         if (entry.second != name)
             continue;
         const auto model = make(*registry, name);
-        return model ? printResult(details(*model, name, entry.first, pluginOf(*model, services.plugins())))
-                     : int(Failed);
+        if (!model)
+            return Failed;
+        const QString plugin = pluginOf(*model, plugins);
+        return isJson ? print(modelJson(*model, name, entry.first, plugin))
+                      : printResult(details(*model, name, entry.first, plugin));
     }
     printErrorLine(QStringLiteral("no model '%1' is registered%2").arg(name, didYouMean(name, known)));
     return Refused;
@@ -179,6 +218,7 @@ void addModelsCommand(CLI::App& program, Action* action)
     {
         std::string name;
         std::string plugins;
+        bool isJson = false;
     };
     CLI::App& command = addCommand(program, "models", "List the models that a chain can use, or the settings of one.",
                                    "  halvex-host models\n"
@@ -186,10 +226,12 @@ void addModelsCommand(CLI::App& program, Action* action)
     const auto arguments = std::make_shared<SArguments>();
     command.add_option("NAME", arguments->name, "A model, as 'models' lists it: its ports and settings.")
         ->type_name("");
+    command.add_flag("--json", arguments->isJson, "Print all of it as JSON.");
     addPluginsOption(command, &arguments->plugins);
     command.final_callback([arguments, action] {
         *action = [arguments] {
-            return showModels(QString::fromStdString(arguments->plugins), QString::fromStdString(arguments->name));
+            return showModels(QString::fromStdString(arguments->plugins), QString::fromStdString(arguments->name),
+                              arguments->isJson);
         };
     });
 }

@@ -14,6 +14,9 @@
 #include <CLI/CLI.hpp>
 
 #include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include <memory>
 #include <string>
@@ -21,6 +24,34 @@
 namespace Host {
 
 namespace {
+
+QString refusalLines(const SPluginRefusal& refusal, int width)
+{
+    const QString required = refusal.isRequired ? QStringLiteral(" (required)") : QString();
+    return QStringLiteral("  %1%2\n").arg(printable(QFileInfo(refusal.file).fileName()), required) +
+           wrapped(refusal.reason, width, 4);
+}
+
+QJsonArray refusalJson(const std::vector<SPluginRefusal>& refusals)
+{
+    QJsonArray array;
+    for (const SPluginRefusal& refusal : refusals)
+        array.append(QJsonObject{{"file", refusal.file}, {"reason", refusal.reason}, {"required", refusal.isRequired}});
+    return array;
+}
+
+QString pluginsJson(const CPluginHost& plugins, const QString& folder)
+{
+    QJsonArray loaded;
+    for (const SPluginInfo& plugin : plugins.plugins())
+        loaded.append(
+            QJsonObject{{"name", plugin.name}, {"version", plugin.version.toString()}, {"file", plugin.file}});
+    const QJsonObject json{{"folder", QFileInfo(folder).canonicalFilePath()},
+                           {"plugins", loaded},
+                           {"refused", refusalJson(plugins.refusals())},
+                           {"copies", refusalJson(plugins.copies())}};
+    return QString::fromUtf8(QJsonDocument(json).toJson());
+}
 
 QString pluginsText(const CPluginHost& plugins, const QString& folder)
 {
@@ -33,14 +64,15 @@ QString pluginsText(const CPluginHost& plugins, const QString& folder)
     if (!plugins.refusals().empty())
         text += QStringLiteral("\nNot loaded, or failed\n\n");
     for (const SPluginRefusal& refusal : plugins.refusals())
-        text += QStringLiteral("  %1%2\n")
-                    .arg(printable(QFileInfo(refusal.file).fileName()),
-                         refusal.isRequired ? QStringLiteral(" (required)") : QString()) +
-                wrapped(refusal.reason, width, 4);
+        text += refusalLines(refusal, width);
+    if (!plugins.copies().empty())
+        text += QStringLiteral("\nCopies, which were not loaded\n\n");
+    for (const SPluginRefusal& copy : plugins.copies())
+        text += refusalLines(copy, width);
     return text;
 }
 
-int listPlugins(const QString& folder)
+int listPlugins(const QString& folder, bool isJson)
 {
     CHostServices services(folder);
     QString error;
@@ -48,7 +80,7 @@ int listPlugins(const QString& folder)
         printErrorLine(error);
         return Refused;
     }
-    return printResult(pluginsText(services.plugins(), services.folder()));
+    return printResult((isJson ? pluginsJson : pluginsText)(services.plugins(), services.folder()));
 }
 
 } // namespace
@@ -58,10 +90,17 @@ void addPluginsCommand(CLI::App& program, Action* action)
     CLI::App& command = addCommand(program, "plugins", "List the plugins, and why one was not loaded.",
                                    "  halvex-host plugins\n"
                                    "  halvex-host plugins --plugins ~/my-plugins");
-    const auto folder = std::make_shared<std::string>();
-    addPluginsOption(command, folder.get());
-    command.final_callback(
-        [folder, action] { *action = [folder] { return listPlugins(QString::fromStdString(*folder)); }; });
+    struct SArguments
+    {
+        std::string folder;
+        bool isJson = false;
+    };
+    const auto arguments = std::make_shared<SArguments>();
+    command.add_flag("--json", arguments->isJson, "Print all of it as JSON.");
+    addPluginsOption(command, &arguments->folder);
+    command.final_callback([arguments, action] {
+        *action = [arguments] { return listPlugins(QString::fromStdString(arguments->folder), arguments->isJson); };
+    });
 }
 
 } // namespace Host

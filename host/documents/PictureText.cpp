@@ -3,6 +3,8 @@
 
 #include "host/documents/PictureText.h"
 
+#include "host/base/FlowOrder.h"
+
 #include <QTextStream>
 
 #include <algorithm>
@@ -12,10 +14,11 @@ namespace Host {
 namespace {
 
 const char* const grey = "#64748b";
+const char* const red = "#b4332b";
+// Beyond, a picture from left to right is too wide to be read on a page.
+constexpr int mostSideBySide = 6;
 // Beyond, Graphviz is told not to look for the best places for long.
 constexpr std::size_t mostWithCare = 100;
-
-const char* const red = "#b4332b";
 
 QString escaped(const QString& text)
 {
@@ -45,7 +48,12 @@ QString nodeLabel(const SPictureNode& node)
         lines << colored(escaped(node.note), grey, 10);
     if (!node.warning.isEmpty())
         lines << colored(escaped(node.warning), red, 10);
-    return lines.join(QStringLiteral("<BR/>"));
+    if (lines.size() == 1)
+        return lines.constFirst();
+    // Lines of one text would nearly touch.
+    return QStringLiteral(
+               "<TABLE BORDER=\"0\" CELLBORDER=\"0\" CELLSPACING=\"0\" CELLPADDING=\"2\"><TR><TD>%1</TD></TR></TABLE>")
+        .arg(lines.join(QStringLiteral("</TD></TR><TR><TD>")));
 }
 
 QString nodeStyle(ENodeKind kind)
@@ -63,7 +71,7 @@ QString nodeStyle(ENodeKind kind)
     return {};
 }
 
-QString edgeLabel(const SPictureEdge& edge)
+QString edgeLabel(const SPictureEdge& edge, bool isTopDown)
 {
     QStringList lines;
     if (!edge.type.isEmpty())
@@ -77,7 +85,9 @@ QString edgeLabel(const SPictureEdge& edge)
         lines << ports.join(QLatin1Char(' '));
     if (!edge.note.isEmpty())
         lines << escaped(edge.note);
-    return lines.join(QStringLiteral("<BR/>"));
+    // Beside an edge that goes down, a label would touch it.
+    const QString gap = isTopDown && !lines.isEmpty() ? QStringLiteral("&#160;&#160;") : QString();
+    return gap + lines.join(QStringLiteral("<BR/>") + gap);
 }
 
 void addNode(const SPicture& picture, int number, QTextStream* out)
@@ -86,17 +96,31 @@ void addNode(const SPicture& picture, int number, QTextStream* out)
     *out << "    n" << number << " [label=<" << nodeLabel(node) << '>' << nodeStyle(node.kind) << "]\n";
 }
 
-void addNodes(const SPicture& picture, QTextStream* out)
+// How many nodes stand behind each other on the longest way.
+int layersOf(const SPicture& picture)
 {
-    // From the last one: in a picture from left to right, Graphviz puts what comes first at the bottom.
-    for (int group = std::max(0, picture.groups.size() - 1); group >= 0; --group) {
-        const bool isFramed = !picture.groups.isEmpty();
+    FlowEdges edges;
+    for (const SPictureEdge& edge : picture.edges)
+        edges.emplace_back(edge.from, edge.to);
+    int layers = 0;
+    for (const int depth : flowDepths(int(picture.nodes.size()), edges))
+        layers = std::max(layers, depth + 1);
+    return layers;
+}
+
+void addNodes(const SPicture& picture, bool isTopDown, QTextStream* out)
+{
+    const bool isFramed = !picture.groups.isEmpty();
+    const int groups = std::max(1, picture.groups.size());
+    for (int i = 0; i < groups; ++i) {
+        // In a picture from left to right, Graphviz puts what comes first at the bottom.
+        const int group = isTopDown ? i : groups - 1 - i;
         if (isFramed)
             *out << "    subgraph cluster_" << group << " {\n    label=<" << escaped(picture.groups.at(group))
                  << ">\n    style=rounded\n    color=\"#cbd5e1\"\n    fontcolor=\"" << grey << "\"\n    labeljust=l\n";
-        for (int i = 0; i < int(picture.nodes.size()); ++i) {
-            if (!isFramed || picture.nodes[std::size_t(i)].group == group)
-                addNode(picture, i, out);
+        for (int node = 0; node < int(picture.nodes.size()); ++node) {
+            if (!isFramed || picture.nodes[std::size_t(node)].group == group)
+                addNode(picture, node, out);
         }
         if (isFramed)
             *out << "    }\n";
@@ -125,8 +149,10 @@ QByteArray dotText(const SPicture& picture)
     out << "digraph Halvex {\n"
            "    bgcolor=white pad=0.3 fontname=\"Helvetica\" fontsize=11\n";
     const bool hasLayers = isLayered(picture);
+    const bool isTopDown = hasLayers && layersOf(picture) > mostSideBySide;
     if (hasLayers)
-        out << "    layout=dot rankdir=LR nodesep=0.35 ranksep=0.5\n";
+        out << "    layout=dot rankdir=" << (isTopDown ? "TB" : "LR")
+            << " nodesep=0.35 ranksep=" << (isTopDown ? "0.35" : "0.5") << '\n';
     else
         out << "    layout=sfdp overlap=prism20 outputorder=edgesfirst\n";
     if (hasLayers && picture.nodes.size() > mostWithCare)
@@ -136,9 +162,9 @@ QByteArray dotText(const SPicture& picture)
            "fontsize=12 fontcolor=\"#1e293b\" margin=\"0.18,0.09\"]\n"
            "    edge [color=\"#94a3b8\" fontname=\"Helvetica\" fontsize=9 fontcolor=\""
         << grey << "\" arrowsize=0.7]\n";
-    addNodes(picture, &out);
+    addNodes(picture, isTopDown, &out);
     for (const SPictureEdge& edge : picture.edges)
-        addEdge(edge, hasLayers ? edgeLabel(edge) : QString(), &out);
+        addEdge(edge, hasLayers ? edgeLabel(edge, isTopDown) : QString(), &out);
     out << "}\n";
     out.flush();
     return text.toUtf8();

@@ -9,9 +9,9 @@
 
 namespace Host {
 
-/// Up to so many nodes, and so many connections, a picture is laid out in layers from left to right, which takes
-/// longer the more there are. Larger ones are laid out by forces between their nodes, and their connections tell no
-/// types.
+/// Up to so many nodes, and so many connections, a picture is laid out in layers, which takes longer the more
+/// there are: from left to right, or from top to bottom where that would be too wide for a page. Larger ones are laid
+/// out by forces between their nodes, and their connections tell no types.
 constexpr std::size_t mostInLayers = 500;
 
 /// Larger pictures would take minutes, and nobody could see anything in them.

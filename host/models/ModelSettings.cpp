@@ -4,22 +4,23 @@
 #include "host/models/ModelSettings.h"
 
 #include "host/base/ClosestWords.h"
+#include "host/base/FolderName.h"
 #include "host/base/ModelProperties.h"
+#include "host/base/SettingRange.h"
 #include "host/base/Shown.h"
+#include "host/sinks/IFrameSink.h"
 
 #include <QMetaClassInfo>
 #include <QMetaProperty>
 #include <QPointer>
-#include <QRegularExpression>
 
 namespace Host {
 
 namespace {
 
-QString classInfo(const QMetaObject& meta, const QMetaProperty& property, const char* key)
+QString helpText(const QMetaObject& meta, const QMetaProperty& property)
 {
-    const QByteArray name = QByteArray(property.name()) + key;
-    const int index = meta.indexOfClassInfo(name.constData());
+    const int index = meta.indexOfClassInfo((QByteArray(property.name()) + ".help").constData());
     return index < 0 ? QString() : QString::fromUtf8(meta.classInfo(index).value());
 }
 
@@ -35,26 +36,15 @@ QString valueText(const QMetaProperty& property, const QVariant& value)
     return property.isEnumType() ? toJson(property, value).toString() : value.toString();
 }
 
-QString rangeText(const QMetaObject& meta, const QMetaProperty& property)
+QString rangeText(const QObject& model, const QMetaProperty& property)
 {
-    if (property.isEnumType())
-        return choicesOf(property).join(QStringLiteral(", "));
-    return classInfo(meta, property, ".range").replace(QLatin1String(".."), QLatin1String(" to "));
+    return property.isEnumType() ? choicesOf(property).join(QStringLiteral(", ")) : rangeOf(model, property);
 }
 
 // A name however it is spelt.
 QString folded(QString name)
 {
     return name.remove(QLatin1Char('_')).toLower();
-}
-
-// Whether \a text lies within "MIN..MAX"; whatever else the range says is up to the model.
-bool isInRange(const QString& range, const QString& text)
-{
-    static const QRegularExpression bounds(QStringLiteral(R"(^(-?[\d.]+?)\.\.(-?[\d.]+))"));
-    const auto match = bounds.match(range);
-    const double value = text.toDouble();
-    return !match.hasMatch() || (value >= match.captured(1).toDouble() && value <= match.captured(2).toDouble());
 }
 
 bool toBool(const QString& text, bool* ok)
@@ -86,9 +76,9 @@ QVariant valueOf(const QMetaProperty& property, const QString& text)
     return ok ? value : QVariant();
 }
 
-QString takes(const QMetaObject& meta, const QMetaProperty& property, const QString& value)
+QString takes(const QObject& model, const QMetaProperty& property, const QString& value)
 {
-    const QString range = rangeText(meta, property);
+    const QString range = rangeText(model, property);
     QString text = QStringLiteral("'%1' takes ").arg(QLatin1String(property.name()));
     if (property.isEnumType())
         text += QStringLiteral("one of ") + range;
@@ -100,6 +90,15 @@ QString takes(const QMetaObject& meta, const QMetaProperty& property, const QStr
     return QStringLiteral("%1, not %2%3").arg(text, shown(value), close);
 }
 
+// Only a document can say what such a setting is. Of a sink's name one hears first when it would not do there either.
+QString notWritable(const QObject& model, const QMetaProperty& property, const QString& value)
+{
+    const bool isSinkName = dynamic_cast<const IFrameSink*>(&model) && qstrcmp(property.name(), "sinkName") == 0;
+    if (isSinkName && !makesASinkFolder(value))
+        return QStringLiteral("the sink's name %1 makes no folder").arg(shown(value));
+    return QStringLiteral("'%1' cannot be set; a chain gives it").arg(QLatin1String(property.name()));
+}
+
 } // namespace
 
 std::vector<SModelSetting> settingsOf(const QObject& model)
@@ -108,30 +107,31 @@ std::vector<SModelSetting> settingsOf(const QObject& model)
     std::vector<SModelSetting> settings;
     for (const QMetaProperty& property : propertiesOf(model)) {
         settings.push_back({QString::fromLatin1(property.name()), typeName(property),
-                            valueText(property, property.read(&model)), rangeText(meta, property),
-                            classInfo(meta, property, ".help")});
+                            valueText(property, property.read(&model)), rangeText(model, property),
+                            helpText(meta, property)});
     }
     return settings;
 }
 
 QString setSetting(QObject& model, const QString& name, const QString& value)
 {
-    const QMetaObject& meta = *model.metaObject();
     QStringList known;
     for (const QMetaProperty& property : propertiesOf(model)) {
         known << QString::fromLatin1(property.name());
         if (folded(known.constLast()) != folded(name))
             continue;
         const QVariant wanted = valueOf(property, value);
-        if (!wanted.isValid() || !isInRange(classInfo(meta, property, ".range"), value))
-            return takes(meta, property, value);
+        if (!wanted.isValid() || !isInRange(model, property, value.toDouble()))
+            return takes(model, property, value);
+        if (!property.isWritable() && property.read(&model) != wanted)
+            return notWritable(model, property, value);
         // A model that does not take the value leaves the setting as it is.
         const QPointer<QObject> self(&model);
         property.write(&model, wanted);
         if (!self)
             return QStringLiteral("it is gone");
         const QVariant present = property.read(&model);
-        return valueText(property, present) == valueText(property, wanted) ? QString() : takes(meta, property, value);
+        return valueText(property, present) == valueText(property, wanted) ? QString() : takes(model, property, value);
     }
     if (known.isEmpty())
         return QStringLiteral("it has no settings");

@@ -66,10 +66,11 @@ void CPluginFolder::readAll(const QString& folder, const QString& hostName)
         else if (info.name == hostName)
             m_refusals.push_back({file, QStringLiteral("%1 is the host itself").arg(shown(info.name))});
         else if (known && haveSameContent(file, known->file))
-            continue;
+            m_copies.push_back({file, QStringLiteral("a copy of '%1', which stands for it; leave this file out")
+                                          .arg(printable(known->file))});
         else if (known)
-            m_refusals.push_back(
-                {file, QStringLiteral("a second %1, after '%2'").arg(shown(info.name), printable(known->file))});
+            m_refusals.push_back({file, QStringLiteral("a second %1, after '%2'; leave one of them out")
+                                            .arg(shown(info.name), printable(known->file))});
         else
             m_plugins.push_back(std::move(info));
     }

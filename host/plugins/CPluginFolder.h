@@ -20,9 +20,9 @@ namespace Host {
  *     report(refusal.file, refusal.reason);
  * \endcode
  *
- * Every file of the folder is in one of the two lists, under its canonical name and once, however many links lead to
- * it; copies of one plugin are one, too. Folders within it are not searched. A second plugin of one name is not
- * required, even if it says so: the first one is there.
+ * Every file of the folder is in one of the three lists, under its canonical name and once, however many links lead to
+ * it. Of copies of one plugin the first by its name is the plugin. Folders within it are not searched. A second plugin
+ * of one name is not required, even if it says so: the first one is there.
  *
  * Left out is what is no plugin for this host, bears a name that is taken, or needs something that is not there, is
  * there in no version that will do, is left out itself or needs it in turn.
@@ -38,6 +38,9 @@ public:
 
     const std::vector<SPluginRefusal>& refusals() const { return m_refusals; }
 
+    /// Copies of plugins. They do no harm: a copied folder has the library under all names of its links.
+    const std::vector<SPluginRefusal>& copies() const { return m_copies; }
+
 private:
     void readAll(const QString& folder, const QString& hostName);
     bool refuseWhatLacksSomething(const SPluginInfo& host);
@@ -47,6 +50,7 @@ private:
 
     std::vector<SPluginInfo> m_plugins;
     std::vector<SPluginRefusal> m_refusals;
+    std::vector<SPluginRefusal> m_copies;
 };
 
 } // namespace Host

@@ -63,11 +63,12 @@ CPluginHost::CPluginHost(const QString& folder)
 {
     const CPluginFolder found(folder, hostInfo());
     m_refusals = found.refusals();
+    m_copies = found.copies();
     for (const SPluginInfo& info : found.plugins())
         m_plugins.push_back({info, std::make_unique<QPluginLoader>(info.file)});
 
     std::vector<SPlugin> leftOut;
-    keepWhatPasses(&CPluginHost::load, &leftOut);
+    keepWhatPasses([this](SPlugin& plugin) { return load(plugin); }, &leftOut);
     keepWhatPasses([this](SPlugin& plugin) { return initialize(plugin); }, &leftOut);
     for (const SPlugin& plugin : m_plugins) {
         const QString error = attempt(QStringLiteral("extensionsInitialized()"),
@@ -145,6 +146,8 @@ QString CPluginHost::useTheLibrary(SPlugin* plugin)
     if (!error.isEmpty() || info.version != plugin->info.version)
         return QStringLiteral("version %1 of the library, while '%2' is in use; leave this file out")
             .arg(plugin->info.version.toString(), printable(used));
+    m_copies.push_back({plugin->info.file,
+                        QStringLiteral("a copy of '%1', which the program has loaded already").arg(printable(used))});
     plugin->info = info;
     plugin->loader = std::make_unique<QPluginLoader>(used);
     return {};

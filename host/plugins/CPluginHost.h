@@ -66,6 +66,9 @@ public:
     /// host does not go on when one of them is required.
     const std::vector<SPluginRefusal>& refusals() const { return m_refusals; }
 
+    /// What was not loaded because it is a copy of what was, and what stands for it; no harm comes of it.
+    const std::vector<SPluginRefusal>& copies() const { return m_copies; }
+
     /// What was loaded and stays, each behind those that it needs.
     std::vector<SPluginInfo> plugins() const;
 
@@ -80,8 +83,8 @@ private:
     };
     using Step = std::function<QString(SPlugin&)>; // what is wrong, empty on success
 
-    static QString load(SPlugin& plugin);
-    static QString useTheLibrary(SPlugin* plugin);
+    QString load(SPlugin& plugin);
+    QString useTheLibrary(SPlugin* plugin);
     QString initialize(SPlugin& plugin) const;
     void keepWhatPasses(const Step& step, std::vector<SPlugin>* leftOut);
     static void unload(const std::vector<SPlugin>& plugins);
@@ -90,6 +93,7 @@ private:
     const QSharedPointer<CServiceManager> m_services;
     std::vector<SPlugin> m_plugins; // each behind all that it needs
     std::vector<SPluginRefusal> m_refusals;
+    std::vector<SPluginRefusal> m_copies;
 };
 
 } // namespace Host

@@ -67,6 +67,17 @@ QString reasonFor(const QString& file)
     return in.open(QIODevice::ReadOnly) ? QStringLiteral("no image, or a broken one") : in.errorString();
 }
 
+QString emptyText(const QString& place)
+{
+    if (QFileInfo(place).isDir())
+        return QStringLiteral("no image in the folder %1; it takes %2")
+            .arg(shown(place), CImageFiles::namePatterns().join(QStringLiteral(", ")));
+    const bool isPattern =
+        std::any_of(place.begin(), place.end(), [](QChar letter) { return QStringLiteral("*?[").contains(letter); });
+    return isPattern ? QStringLiteral("no file matches %1").arg(shown(place))
+                     : QStringLiteral("no such folder or file: %1").arg(shown(place));
+}
+
 } // namespace
 
 QStringList CImageFiles::namePatterns()
@@ -87,10 +98,7 @@ std::unique_ptr<CImageFiles> CImageFiles::open(const QString& place, QString* er
     silenceOpenCv();
     QStringList files = find(place);
     if (files.isEmpty()) {
-        *error = QFileInfo(place).isDir()
-                     ? QStringLiteral("no image in the folder %1; it takes %2")
-                           .arg(shown(place), CImageFiles::namePatterns().join(QStringLiteral(", ")))
-                     : QStringLiteral("no file matches %1").arg(shown(place));
+        *error = emptyText(place);
         return nullptr;
     }
     sortByNumber(&files);

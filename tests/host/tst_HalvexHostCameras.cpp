@@ -43,6 +43,8 @@ private Q_SLOTS:
     void cameraThatIsNotOnTheNetwork();
     void signalEndsTheTest();
     void cameraThatGoes();
+    void sameOptionsAsARun();
+    void featuresWithoutACategory();
     void listAndFeaturesAsJson();
     void refused_data();
     void refused();
@@ -157,6 +159,27 @@ void tst_HalvexHostCameras::cameraThatGoes()
              QStringLiteral("halvex-host: camera '127.0.0.1' has gone: it no longer answers"));
 }
 
+void tst_HalvexHostCameras::sameOptionsAsARun()
+{
+    CHostProgram program;
+    QCOMPARE(program.exec({"cameras", "fake", "--test", "500ms", "--json", "--fps", "10", "--pixel-format", "RGB8"}),
+             0);
+    QVERIFY2(json(program)["camera"].toString().endsWith(" RGB8"), qPrintable(program.output()));
+    // The camera's own rate is 25.
+    QVERIFY2(json(program)["frames"]["complete"].toInt() < 10, qPrintable(program.output()));
+}
+
+void tst_HalvexHostCameras::featuresWithoutACategory()
+{
+    CFakeGigECamera device;
+    QVERIFY(device.start());
+    CHostProgram program;
+    QCOMPARE(program.exec({"cameras", CFakeGigECamera::address()}), 0);
+    const QString others = program.output().section("\nIn no category\n", 1);
+    QVERIFY2(others.contains("\n  GevSCPSPacketSize  "), qPrintable(program.output()));
+    QVERIFY(!others.contains("Reg ")); // registers are behind the features
+}
+
 void tst_HalvexHostCameras::listAndFeaturesAsJson()
 {
     CHostProgram program;
@@ -177,7 +200,12 @@ void tst_HalvexHostCameras::refused_data()
     addRow("no time", QStringList{"fake", "--test", "long"},
            "--test takes a time like 500ms, 30s, 5min or 2h, not 'long'." + help);
     addRow("no test", QStringList{"fake", "--buffers", "3"},
-           "--camera-set, --buffers and --resend go with --test." + help);
+           "--fps, --pixel-format, --camera-set, --buffers and --resend go with --test." + help);
+    addRow("no rate", QStringList{"fake", "--test", "1s", "--fps", "0"},
+           "--fps takes a number above 0, at most 10000, not '0'." + help);
+    addRow("no pixel format", QStringList{"fake", "--test", "1s", "--pixel-format", "rgb8"},
+           QStringLiteral("camera 'fake': the feature 'PixelFormat' takes one of BayerBG8, BayerGB8, "
+                          "BayerGR8, BayerRG8, Mono8, RGB8, Mono16, not 'rgb8'; did you mean 'RGB8'?"));
     addRow("no feature", QStringList{"fake", "--test", "1s", "--camera-set", "Widht=9"},
            QStringLiteral("camera 'fake': it has no feature 'Widht'; did you mean 'Width'?"));
 }

@@ -5,6 +5,11 @@
 #include "CPluginTestFolder.h"
 #include "TestTable.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+
 /// The command line as a user meets it: help, and what is no command.
 class tst_HalvexHostCommands : public QObject
 {
@@ -16,8 +21,13 @@ private Q_SLOTS:
     void version();
     void refused_data();
     void refused();
+    void completions_data();
+    void completions();
+    void completionOfBash_data();
+    void completionOfBash();
     void models();
     void settingsOfAModel();
+    void modelsAsJson();
     void plugins();
     void cameras();
     void featuresOfACamera();
@@ -57,10 +67,10 @@ void tst_HalvexHostCommands::help_data()
     addRow("compare", QStringList{"compare", "-h"}, QStringList{"A", "B", "--json", "--plugins DIR"});
     addRow("convert", QStringList{"convert", "-h"},
            QStringList{"FILE", "-o, --output FILE", "--camera ID", "--plugins DIR"});
-    addRow("models", QStringList{"models", "-h"}, QStringList{"NAME", "--plugins DIR"});
+    addRow("models", QStringList{"models", "-h"}, QStringList{"NAME", "--json", "--plugins DIR"});
     addRow("cameras", QStringList{"cameras", "-h"},
            QStringList{"ID", "--test TIME", "--camera-set Feature=value", "--buffers N", "--resend on|off", "--json"});
-    addRow("plugins", QStringList{"plugins", "-h"}, QStringList{"--plugins DIR"});
+    addRow("plugins", QStringList{"plugins", "-h"}, QStringList{"--json", "--plugins DIR"});
 }
 
 void tst_HalvexHostCommands::help()
@@ -123,6 +133,62 @@ void tst_HalvexHostCommands::refused()
     QCOMPARE(program.output(), QString());
 }
 
+void tst_HalvexHostCommands::completions_data()
+{
+    addColumns<QStringList, QString, bool>({"words", "told", "areFiles"});
+    addRow("command", QStringList{"ch"}, "check\n", false);
+    addRow("chain", QStringList{"run", ""}, "", true);
+    addRow("file of an option", QStringList{"run", "--save", ""}, "", true);
+    addRow("number", QStringList{"run", "--frames", ""}, "", false);
+    addRow("switch", QStringList{"run", "--resend", ""}, "off\non\n", false);
+    addRow("format", QStringList{"draw", "--format", ""}, "dot\npng\nsvg\n", false);
+    addRow("pixel format", QStringList{"run", "--pixel-format", "M"}, "Mono16\nMono8\n", false);
+    addRow("pixel format of a camera that is not asked",
+           QStringList{"run", "--camera", "127.0.0.3", "--camera-set", "PixelFormat=RG"}, "PixelFormat=RGB8\n", false);
+    addRow("feature", QStringList{"run", "--camera-set", "TriggerM"}, "TriggerMode=\n", false);
+    addRow("value of a feature", QStringList{"run", "--camera-set", "TriggerMode="},
+           "TriggerMode=Off\nTriggerMode=On\n", false);
+    addRow("setting", QStringList{"run", "--set", "blur.m"}, "blur.method=\nblur.mostWaiting=\n", false);
+    addRow("value of a setting", QStringList{"run", "--set", "blur.method="},
+           "blur.method=Box\nblur.method=Gaussian\nblur.method=Median\n", false);
+    addRow("number of a setting", QStringList{"run", "--set", "blur.size="}, "", false);
+    addRow("model", QStringList{"models", "\"To"}, "To Image\n", false);
+    addRow("nothing", QStringList{"plugins", ""}, "", false);
+}
+
+void tst_HalvexHostCommands::completions()
+{
+    QFETCH(QStringList, words);
+    QFETCH(bool, areFiles);
+    CHostProgram program;
+    QCOMPARE(program.exec(QStringList("--complete") + words), areFiles ? 1 : 0);
+    QTEST(program.output(), "told");
+}
+
+void tst_HalvexHostCommands::completionOfBash_data()
+{
+    addColumns<QString, QString>({"words", "replies"});
+    // As bash splits the line.
+    addRow("value", "run --set blur.method =", "Box Gaussian Median");
+    addRow("part of a value", "run --set blur.method = G", "Gaussian");
+    addRow("feature", "run --camera-set TriggerM", "TriggerMode=");
+    addRow("blank", "models To", "To\\ Image");
+    addRow("blank in quotes", "models '\"To'", "To Image");
+    addRow("behind a quote", "run --set '\"threshold files\".wri'", "threshold\\ files.writeEvery=");
+}
+
+void tst_HalvexHostCommands::completionOfBash()
+{
+    QFETCH(QString, words);
+    const QString script = QStringLiteral("source '%1'; COMP_WORDS=('%2' %3); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); "
+                                          "_halvex_host; printf %s \"${COMPREPLY[*]}\"")
+                               .arg(BASH_COMPLETION, HOST_PROGRAM, words);
+    QProcess bash;
+    bash.start("bash", {"-c", script});
+    QVERIFY(bash.waitForFinished());
+    QTEST(QString::fromUtf8(bash.readAllStandardOutput()), "replies");
+}
+
 void tst_HalvexHostCommands::models()
 {
     CHostProgram program;
@@ -155,6 +221,21 @@ void tst_HalvexHostCommands::settingsOfAModel()
     QCOMPARE(program.errorLines(), QStringList("halvex-host: no model 'Blr' is registered; did you mean 'Blur'?"));
     QCOMPARE(program.exec({"models", "--plugins", "/nowhere"}), 2);
     QCOMPARE(program.errorLines(), QStringList("halvex-host: cannot read the plugin folder '/nowhere'"));
+}
+
+void tst_HalvexHostCommands::modelsAsJson()
+{
+    CHostProgram program;
+    QCOMPARE(program.exec({"models", "--json"}), 0);
+    const QJsonObject all = QJsonDocument::fromJson(program.output().toUtf8()).object();
+    QCOMPARE(all["converters"].toArray().size(), 1);
+    QCOMPARE(program.exec({"models", "Blur", "--json"}), 0);
+    const QJsonObject blur = QJsonDocument::fromJson(program.output().toUtf8()).object();
+    QVERIFY(all["models"].toArray().contains(blur));
+    QCOMPARE(blur["name"], QJsonValue("Blur"));
+    QCOMPARE(blur["plugin"], QJsonValue("HalvexHostModels"));
+    QCOMPARE(blur["inputs"].toArray().size(), 1);
+    QCOMPARE(blur["settings"][0]["range"], QJsonValue("1 to 99, odd"));
 }
 
 void tst_HalvexHostCommands::plugins()

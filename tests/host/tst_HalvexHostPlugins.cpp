@@ -7,6 +7,9 @@
 #include <Halvex/Halvex.h>
 
 #include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTest>
 
 /// The program's plugins as a user meets them: what it says about those that it leaves out, and what it does then.
@@ -59,6 +62,19 @@ void tst_HalvexHostPlugins::runsWithCopiesOfThePlugins()
     QCOMPARE(program.errorLines().filter("plugin"), QStringList());
     QCOMPARE(program.exec({"plugins", "--plugins", folder.path()}), 0);
     QVERIFY2(!program.output().contains("Not loaded"), qPrintable(program.output()));
+    // Each file that is no plugin of its own is named.
+    QVERIFY2(program.output().contains("\nCopies, which were not loaded\n\n"), qPrintable(program.output()));
+    QCOMPARE(program.exec({"plugins", "--plugins", folder.path(), "--json"}), 0);
+    const QJsonObject json = QJsonDocument::fromJson(program.output().toUtf8()).object();
+    QCOMPARE(json["folder"].toString(), QDir(folder.path()).canonicalPath());
+    QCOMPARE(json["refused"].toArray(), QJsonArray());
+    QCOMPARE(json["copies"].toArray().size(), files.size() - 1); // all but the models, which are there once
+    QVERIFY(json["copies"][0]["reason"].toString().startsWith("a copy of '"));
+    QStringList names;
+    const QJsonArray plugins = json["plugins"].toArray();
+    for (const QJsonValue& plugin : plugins)
+        names << plugin["name"].toString();
+    QCOMPARE(names, QStringList({"Halvex", "HalvexHostModels"}));
 }
 
 void tst_HalvexHostPlugins::anotherVersionOfTheLibraryIsLeftOut()

@@ -210,6 +210,9 @@ void tst_CAravisCamera::framesDroppedWhileTheCameraGoes()
 
 void tst_CAravisCamera::refusedOptions()
 {
+    QString misspelt;
+    QVERIFY(!CAravisCamera::open({"fak", {}, 0.0, 1, {}}, &misspelt));
+    QVERIFY2(misspelt.endsWith("; did you mean 'fake'? 'halvex-host cameras' lists them"), qPrintable(misspelt));
     const auto refuse = [](const SCameraOptions& options, const QString& beginning) {
         QString error;
         QVERIFY(!CAravisCamera::open(options, &error));
@@ -220,7 +223,7 @@ void tst_CAravisCamera::refusedOptions()
     refuse({"127.0.0.3", {}, 0.0, 1, {}}, "cannot open camera '127.0.0.3': ");
     refuse({"fake", {}, 1e6, 1, {}}, "camera 'fake' cannot do 1e+06 frames per second, ");
     refuse({"fake", {}, 0.01, 1, {}}, "camera 'fake' cannot do 0.01 frames per second, ");
-    refuse({"fake", "Mono9", 0.0, 1, {}}, "camera 'fake' refuses the pixel format 'Mono9': ");
+    refuse({"fake", "Mono9", 0.0, 1, {}}, "camera 'fake': the feature 'PixelFormat' takes one of ");
 }
 
 void tst_CAravisCamera::startTwice()

@@ -39,6 +39,7 @@ private Q_SLOTS:
     void wholeNumbers_data();
     void wholeNumbers();
     void categoryInItself();
+    void outsideOfAllCategories();
 };
 
 void tst_CFeatures::wholeNumbers_data()
@@ -85,6 +86,17 @@ void tst_CFeatures::categoryInItself()
     const std::vector<SFeature> found = featuresOf(CFeatures(device.get()).all(), "Width");
     QCOMPARE(found.size(), std::size_t(1));
     QCOMPARE(found[0].category, QString("Root"));
+}
+
+void tst_CFeatures::outsideOfAllCategories()
+{
+    const auto device = fakeDevice();
+    const std::vector<SFeature> all = CFeatures(device.get()).all();
+    const std::vector<SFeature> found = featuresOf(all, "TestBoolean");
+    QCOMPARE(found.size(), std::size_t(1));
+    QCOMPARE(found[0].category, QStringLiteral("In no category"));
+    QVERIFY(featuresOf(all, "WidthRegister").empty());
+    QCOMPARE(featuresOf(all, "Width").size(), std::size_t(1));
 }
 
 QTEST_GUILESS_MAIN(tst_CFeatures)

@@ -7,6 +7,8 @@
 #include "host/documents/DocumentPicture.h"
 #include "host/documents/Drawing.h"
 
+#include <QRegularExpression>
+#include <QSize>
 #include <QTest>
 
 using namespace Host;
@@ -19,6 +21,7 @@ private Q_SLOTS:
     void nodesAndEdges();
     void textFromElsewhere();
     void groups();
+    void longOnesGoDown();
     void largeOnesLackTypes();
     void drawings();
     void noDot();
@@ -34,9 +37,10 @@ void tst_PictureText::nodesAndEdges()
         "0}]]},"
         " {'name': 'c', 'model': {'name': 'Split'}},"
         " {'name': 'd', 'model': {'name': 'Nobody'}}]")));
-    for (const char* part : {"layout=dot rankdir=LR", "<B>Camera: left</B>", "<B>Decoupler for VGR</B><BR/>",
-                             ">a</FONT>", "dashed", "<B>Nobody</B>", "n4 -> n0 [label=<VGR>]", "n0 -> n1 [label=<VGR>]",
-                             "n1 -> n2 [label=<IMG<BR/>to left>]", "n1 -> n2 [label=<IMG<BR/>to port 1>]"})
+    for (const char* part :
+         {"layout=dot rankdir=LR", "<B>Camera: left</B>", "<B>Decoupler for VGR</B></TD></TR><TR><TD>", ">a</FONT>",
+          "dashed", "<B>Nobody</B>", "n4 -> n0 [label=<VGR>]", "n0 -> n1 [label=<VGR>]",
+          "n1 -> n2 [label=<IMG<BR/>to left>]", "n1 -> n2 [label=<IMG<BR/>to port 1>]"})
         QVERIFY2(text.contains(part), text.constData());
 }
 
@@ -62,6 +66,37 @@ void tst_PictureText::groups()
     QVERIFY(text.indexOf("label=<right>") < text.indexOf("n1 ["));
     QVERIFY(text.indexOf("n1 [") < text.indexOf("label=<left>"));
     QVERIFY(text.indexOf("label=<left>") < text.indexOf("n0 ["));
+}
+
+// Points of what is drawn.
+QSize sizeOf(const SPicture& picture)
+{
+    QString error;
+    const QByteArray svg = draw(dotText(picture), EDrawing::Svg, &error);
+    const QRegularExpression size(QStringLiteral(R"(<svg width="(\d+)pt" height="(\d+)pt")"));
+    const auto match = size.match(QString::fromUtf8(svg));
+    return {match.captured(1).toInt(), match.captured(2).toInt()};
+}
+
+SPicture chainOf(int nodes)
+{
+    SPicture picture;
+    for (int i = 0; i < nodes; ++i) {
+        picture.nodes.emplace_back();
+        picture.nodes.back().caption = QStringLiteral("Threshold");
+        picture.nodes.back().label = QStringLiteral("threshold %1").arg(i);
+        if (i > 0)
+            picture.edges.push_back({i - 1, i, "IMG", {}, {}, {}});
+    }
+    return picture;
+}
+
+void tst_PictureText::longOnesGoDown()
+{
+    const QSize flat = sizeOf(chainOf(6));
+    QVERIFY2(flat.width() > 3 * flat.height() && flat.width() < 1200, qPrintable(QString::number(flat.width())));
+    const QSize tall = sizeOf(chainOf(12));
+    QVERIFY2(tall.width() < 400 && tall.height() < 1200, qPrintable(QString::number(tall.height())));
 }
 
 void tst_PictureText::largeOnesLackTypes()

@@ -8,10 +8,15 @@
 #include "host/models/CEdgesModel.h"
 #include "host/models/CThresholdModel.h"
 #include "host/models/CToImageModel.h"
+#include "host/sinks/CPngSinkModel.h"
+
+#include <Halvex/models/CGenericNodeDecouplerDataModel.h>
+#include <Halvex/service/CVeltraGrabResultData.h>
 
 #include <QJsonObject>
 
 using namespace Host;
+using namespace Plugin::Halvex;
 
 class tst_ModelSettings : public QObject
 {
@@ -22,6 +27,9 @@ private Q_SLOTS:
     void settingIsSet();
     void refused_data();
     void refused();
+    void refusedByADecoupler_data();
+    void refusedByADecoupler();
+    void nameOfASink();
     void documentKeepsThem();
     void documentWithNonsenseChangesNothing();
 };
@@ -59,7 +67,8 @@ void tst_ModelSettings::refused_data()
     addRow("no number", "size", "wide", "'size' takes int, 1 to 99, odd, not 'wide'");
     addRow("out of range", "size", "101", "'size' takes int, 1 to 99, odd, not '101'");
     addRow("refused by the model", "size", "8", "'size' takes int, 1 to 99, odd, not '8'");
-    addRow("without a range", "mostWaiting", "0", "'mostWaiting' takes int, not '0'");
+    addRow("too few", "mostWaiting", "0", "'mostWaiting' takes int, from 1, not '0'");
+    addRow("too many", "parallelism", "100000000", "'parallelism' takes int, 1 to 1024, not '100000000'");
     addRow("no value of an enumeration", "method", "Bocks", "'method' takes one of Gaussian, Box, Median, not 'Bocks'");
     addRow("close to one", "method", "gausian",
            "'method' takes one of Gaussian, Box, Median, not 'gausian'; did you mean 'Gaussian'?");
@@ -78,6 +87,32 @@ void tst_ModelSettings::refused()
     QCOMPARE(blur.size(), 7);
     CToImageModel without;
     QCOMPARE(setSetting(without, name, value), QStringLiteral("it has no settings"));
+}
+
+void tst_ModelSettings::refusedByADecoupler_data()
+{
+    addColumns<QString>({"value"});
+    for (const char* value : {"0", "-3", "nan", "inf", "fast"})
+        addRow(value, value);
+}
+
+void tst_ModelSettings::refusedByADecoupler()
+{
+    QFETCH(QString, value);
+    CGenericNodeDecouplerDataModel<CVeltraGrabResultData> decoupler;
+    QCOMPARE(setSetting(decoupler, "framesPerSecond", value),
+             QStringLiteral("'framesPerSecond' takes double, above 0, not '%1'").arg(value));
+    QCOMPARE(decoupler.framesPerSecond(), 25.0);
+}
+
+void tst_ModelSettings::nameOfASink()
+{
+    CPngSinkModel sink;
+    QCOMPARE(setSetting(sink, "sinkName", "a/b"), QStringLiteral("the sink's name 'a/b' makes no folder"));
+    QCOMPARE(setSetting(sink, "sinkName", "b"), QStringLiteral("'sinkName' cannot be set; a chain gives it"));
+    sink.restore({{"property", QJsonObject{{"sink_name", "b"}}}});
+    QCOMPARE(setSetting(sink, "sinkName", ""), QStringLiteral("the sink's name '' makes no folder"));
+    QCOMPARE(setSetting(sink, "sinkName", "b"), QString());
 }
 
 void tst_ModelSettings::documentKeepsThem()

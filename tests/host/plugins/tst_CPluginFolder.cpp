@@ -233,8 +233,14 @@ void tst_CPluginFolder::nameThatIsTaken()
     QVERIFY(found.plugins()[0].isRequired);
     // The second is not, as there is one.
     const QString first = found.plugins()[0].file;
-    QCOMPARE(reasons(found), QStringList{QStringLiteral("a second 'required', after '%1'").arg(first)});
+    QCOMPARE(reasons(found),
+             QStringList{QStringLiteral("a second 'required', after '%1'; leave one of them out").arg(first)});
     QVERIFY(!found.refusals()[0].isRequired);
+    QCOMPARE(found.copies().size(), std::size_t(1));
+    const SPluginRefusal& copy = found.copies().front();
+    QCOMPARE(first, QFileInfo(folder.path() + "/copy.so").canonicalFilePath()); // "copy" comes before "required"
+    QCOMPARE(copy.file, CPluginTestFolder::testPlugin("required"));
+    QCOMPARE(copy.reason, QStringLiteral("a copy of '%1', which stands for it; leave this file out").arg(first));
     const CPluginFolder ofNamesake(folder.path(), host("required"));
     QCOMPARE(reasons(ofNamesake).value(0), QStringLiteral("'required' is the host itself"));
 }

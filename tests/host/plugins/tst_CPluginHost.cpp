@@ -271,6 +271,10 @@ void tst_CPluginHost::copyOfTheLibraryStandsForIt()
     const CPluginHost host(folder.path());
     QCOMPARE(reasons(host), QStringList());
     QCOMPARE(host.plugins().front().file, CPluginTestFolder::library());
+    QCOMPARE(host.copies().size(), std::size_t(1));
+    QCOMPARE(QFileInfo(host.copies().front().file).fileName(), QStringLiteral("libHalvex.so.1.3.1"));
+    QCOMPARE(host.copies().front().reason,
+             QStringLiteral("a copy of '%1', which the program has loaded already").arg(CPluginTestFolder::library()));
     QVERIFY(host.services().findService(nodeService));
 }
 

@@ -100,6 +100,8 @@ void tst_CImageFiles::nothingThere()
              qPrintable(error));
     QVERIFY(!CImageFiles::open(folder.filePath("*.png"), &error));
     QCOMPARE(error, QStringLiteral("no file matches '%1'").arg(folder.filePath("*.png")));
+    QVERIFY(!CImageFiles::open(folder.filePath("nosuchdir"), &error));
+    QCOMPARE(error, QStringLiteral("no such folder or file: '%1'").arg(folder.filePath("nosuchdir")));
 }
 
 void tst_CImageFiles::brokenImage()

@@ -10,7 +10,7 @@ rm -rf "$work"
 mkdir -p "$work"
 cd "$work"
 . "$prefix/share/bash-completion/completions/halvex-host"
-complete -p halvex-host | grep -q -- '-o default' # names of files, where it has no words
+complete -p halvex-host | grep -q -- '-F _halvex_host'
 
 # What is offered for the last word of a command line.
 offered() {
@@ -41,6 +41,7 @@ offers 'PNG\ Sink' models PNG
 offers 'PNG\ Sink' models 'PNG\ '
 offers "blur.size=" run --set blur.s
 offers 'threshold\ files.sinkName=' run --set 'threshold\ files.sinkN'
+offers "Otsu" run --set 'threshold.method' = O
 offers "TriggerMode=" run --camera-set TriggerM
 
 echo '[{"name": "soft", "model": {"name": "Blur"}, "unique_sources": [["*"]]}]' >own.json

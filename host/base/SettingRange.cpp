@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/base/SettingRange.h"
+
+#include <Halvex/models/AWorkerNodeDataModel.h>
+#include <Halvex/models/CNodeDecouplerDataModelBase.h>
+
+#include <QMetaClassInfo>
+#include <QRegularExpression>
+
+#include <cmath>
+
+namespace Host {
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+// Of settings that come from the library, which says in its headers alone what they take.
+QString rangeInLibrary(const QMetaProperty& property)
+{
+    const QMetaObject* const owner = property.enclosingMetaObject();
+    const QLatin1String name(property.name());
+    if (owner == &AWorkerNodeDataModel::staticMetaObject && name == QLatin1String("mostWaiting"))
+        return QStringLiteral("1..");
+    // The library has no upper bound. More than that is a slip of the hand: no machine has as many cores.
+    if (owner == &AWorkerNodeDataModel::staticMetaObject && name == QLatin1String("parallelism"))
+        return QStringLiteral("1..1024");
+    // Any other rate is kept, but the timer goes on with the one before.
+    if (owner == &CNodeDecouplerDataModelBase::staticMetaObject && name == QLatin1String("framesPerSecond"))
+        return QStringLiteral(">0");
+    return {};
+}
+
+// As it is written: "1..99, odd", "1..", ">0".
+QString writtenRange(const QObject& model, const QMetaProperty& property)
+{
+    const QMetaObject& meta = *model.metaObject();
+    const int index = meta.indexOfClassInfo((QByteArray(property.name()) + ".range").constData());
+    return index < 0 ? rangeInLibrary(property) : QString::fromUtf8(meta.classInfo(index).value());
+}
+
+} // namespace
+
+QString rangeOf(const QObject& model, const QMetaProperty& property)
+{
+    QString range = writtenRange(model, property);
+    if (range.startsWith(QLatin1Char('>')))
+        return QStringLiteral("above ") + range.mid(1);
+    if (range.endsWith(QLatin1String("..")))
+        return QStringLiteral("from ") + range.left(range.size() - 2);
+    return range.replace(QLatin1String(".."), QLatin1String(" to "));
+}
+
+bool isInRange(const QObject& model, const QMetaProperty& property, double value)
+{
+    static const QRegularExpression bounds(QStringLiteral(R"(^(>?)(-?\d+(?:\.\d+)?)(?:\.\.(-?\d+(?:\.\d+)?)?)?)"));
+    const auto match = bounds.match(writtenRange(model, property));
+    if (!match.hasMatch())
+        return true;
+    const double least = match.captured(2).toDouble();
+    const bool isLarge = match.captured(1).isEmpty() ? value >= least : value > least;
+    return isLarge && std::isfinite(value) && (match.captured(3).isEmpty() || value <= match.captured(3).toDouble());
+}
+
+} // namespace Host

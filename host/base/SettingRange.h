@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QMetaProperty>
+#include <QString>
+
+class QObject;
+
+namespace Host {
+
+/// The numbers that a setting of \a model takes, to be read behind its type: "1 to 99, odd", "from 1", "above 0". The
+/// class information of the model says it, see AImageFilterModel; of settings that the library's own models have it is
+/// known here. Empty when nobody says.
+QString rangeOf(const QObject& model, const QMetaProperty& property);
+
+/// Whether \a value lies between the bounds of the range; true without one. Whatever else a range says ("odd") is up to
+/// the model.
+bool isInRange(const QObject& model, const QMetaProperty& property, double value);
+
+} // namespace Host
