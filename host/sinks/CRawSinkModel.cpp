@@ -67,6 +67,11 @@ QString CRawSinkModel::modelName()
     return QStringLiteral("Raw Sink");
 }
 
+QStringList CRawSinkModel::fileNames() const
+{
+    return AFileSinkModel::fileNames() << QStringLiteral("frame-*.json");
+}
+
 SNodeDataType CRawSinkModel::dataType(ENodePortType, NodePortIndex) const
 {
     return CVeltraGrabResultData().type();

@@ -28,6 +28,7 @@ public:
 
     static QString modelName();
 
+    QStringList fileNames() const override;
     QString name() override { return modelName(); }
     Plugin::Halvex::SNodeDataType dataType(Plugin::Halvex::ENodePortType portType,
                                            Plugin::Halvex::NodePortIndex index) const override;
@@ -35,7 +36,7 @@ public:
 protected:
     QString kind() const override { return QStringLiteral("Raw files"); }
     bool takes(const Plugin::Halvex::CNodeData& data) const override;
-    QString fileName(quint64 number) const override { return numbered("frame", number, "raw"); }
+    QString fileName() const override { return QStringLiteral("frame-*.raw"); }
     CFileWriter::Save makeSave() const override;
 };
 
