@@ -13,11 +13,11 @@ namespace Host {
  *
  * \code{.json}
  * {"width": 512, "height": 512, "stride": 1024, "pixel_format": "Mono12", "bits": 12, "byte_order": "little-endian",
- *  "frame": 4711}
+ *  "frame": 4711, "source": null}
  * \endcode
  *
  * "stride" is the bytes from one row to the next, "bits" those of a value that count, null where the pixel format does
- * not say. Otherwise as AFileSinkModel says.
+ * not say, "source" the file that the frame was read from, null for a camera. Otherwise as AFileSinkModel says.
  */
 class CRawSinkModel : public AFileSinkModel
 {
