@@ -27,7 +27,8 @@ void tst_CFileClaim::numberedFiles()
     QVERIFY(QDir(place.path()).mkpath("c*m/a"));
     const QStringList others{"frame-.png", "frame-1.jpg", "frame-1.png.bak", "golden.png", "frame-x.png"};
     const QStringList parts{"frame-000002.part.png", "frame-000003.png.part"};
-    for (const QString& name : others + parts + QStringList{"frame-000001.png", "frame-1000000.png"})
+    const QStringList all = others + parts + QStringList{"frame-000001.png", "frame-1000000.png"};
+    for (const QString& name : all)
         QVERIFY(write(place.filePath("c*m/a/" + name), "x"));
     const CFileClaim claim(place.path(), QStringLiteral("c*m/a/frame-*.png"));
     QCOMPARE(claim.files(), QStringList({"c*m/a/frame-000001.png", "c*m/a/frame-1000000.png"}));

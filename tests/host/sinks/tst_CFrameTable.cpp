@@ -38,7 +38,7 @@ void tst_CFrameTable::lineForEachFrame()
     const QStringList lines = QString(content(folder.filePath(CFrameTable::fileName()))).split('\n');
     QCOMPARE(lines.size(), 4);
     QCOMPARE(lines[0], QString(header));
-    const QRegularExpression row(
+    static const QRegularExpression row(
         QRegularExpression::anchoredPattern(R"(b\.png,5,0,\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{6}Z,)"));
     QVERIFY2(row.match(lines[2]).hasMatch(), qPrintable(lines[2]));
     QCOMPARE(lines[3], QString());
