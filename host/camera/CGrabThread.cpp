@@ -100,7 +100,7 @@ QString CGrabThread::missingFrame(Clock::duration silent, Clock::duration framel
 
 void CGrabThread::handOn(IFrameSource::SGrab grab)
 {
-    const SFrame frame{std::move(grab.frame), Clock::now(), std::move(grab.claim)};
+    const SFrame frame{std::move(grab.frame), Clock::now(), std::move(grab.claim), std::move(grab.origin)};
     if (m_complete == 0)
         m_first = frame.grabbed;
     m_spanNs = std::chrono::nanoseconds(frame.grabbed - m_first).count();

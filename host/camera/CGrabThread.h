@@ -46,6 +46,7 @@ public:
         Veltra::CGrabResultPtr result;
         std::chrono::steady_clock::time_point grabbed; ///< When it came out of the source.
         std::shared_ptr<const void> claim{};           ///< As the source has it.
+        QString origin{};                              ///< The same.
     };
     using FrameHandler = std::function<void(const SFrame&)>;
 

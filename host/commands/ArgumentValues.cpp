@@ -61,8 +61,8 @@ std::chrono::milliseconds readTime(const char* option, const std::string& text)
     const double milliseconds = match.hasMatch() ? match.captured(1).toDouble() * units.at(unit) : 0.0;
     // Up to what a timer can wait.
     if (milliseconds < 1.0 || milliseconds > 2e9)
-        refuse(
-            QStringLiteral("%1 takes a time like 500ms, 30s, 5min or 2h, not '%2'.").arg(QLatin1String(option), given));
+        refuse(QStringLiteral("%1 takes a time like 500ms, 30s, 5min or 2h, or 30 for seconds, not '%2'.")
+                   .arg(QLatin1String(option), given));
     return std::chrono::milliseconds(std::llround(milliseconds));
 }
 

@@ -89,7 +89,9 @@ void CRunArguments::declareEnding(CLI::App& command)
             "fake cameras, else 0).")
         ->type_name("N")
         ->group(group);
-    command.add_option("--duration", m_duration, "End after that time: 500ms, 30s, 5min, 2h; 0: with Ctrl-C.")
+    command
+        .add_option("--duration", m_duration,
+                    "End after that time: 500ms, 30s, 5min, 2h, or 30 for seconds; 0: with Ctrl-C.")
         ->type_name("TIME")
         ->group(group);
     command

@@ -13,7 +13,9 @@ namespace Host {
 
 void addRunCommand(CLI::App& program, Action* action)
 {
-    CLI::App& command = addCommand(program, "run", "Stream cameras, write PNG files, print a table.",
+    CLI::App& command = addCommand(program, "run",
+                                   "Stream cameras or files through a graph, write images, raw frames or a video, "
+                                   "print a table.",
                                    "  halvex-host run\n"
                                    "  halvex-host run --pixel-format RGB8 --fps 100 --output out\n"
                                    "  halvex-host run chain.json --camera 192.168.0.5 --frames 1000\n"

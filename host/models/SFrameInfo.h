@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <QtGlobal>
+#include <QString>
 
 #include <chrono>
 #include <memory>
@@ -17,6 +17,7 @@ struct SFrameInfo
     std::chrono::steady_clock::time_point grabbed; ///< When the frame came out of the camera's stream.
     quint64 timestampNs = 0;                       ///< Device clock, nanoseconds; 0 where there is none.
     std::shared_ptr<const void> claim{}; ///< Whoever waits until a frame has gone waits for its end; may be null.
+    QString source{};                    ///< The file that it was read from: "a.png", "a.avi#12"; empty for a camera.
 };
 
 } // namespace Host

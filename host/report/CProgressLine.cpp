@@ -20,13 +20,16 @@ CProgressLine::CProgressLine(std::FILE* stream, std::chrono::milliseconds quietT
 
 void CProgressLine::show(const QString& text)
 {
+    if (text.isEmpty())
+        return;
     // A line that the terminal breaks cannot be drawn anew. Its last column stays free, or some terminals break it.
     const int most = columnsOf(m_stream) - 1;
     if (m_isTerminal)
         return draw(text.size() <= most ? text : text.left(most - 1) + QChar(0x2026));
     const auto now = std::chrono::steady_clock::now();
-    if (now < m_next)
+    if (now < m_next || text == m_printed)
         return;
+    m_printed = text;
     m_next = now + m_quietTime;
     std::fprintf(m_stream, "%s\n", qPrintable(text));
     std::fflush(m_stream);
@@ -34,7 +37,7 @@ void CProgressLine::show(const QString& text)
 
 void CProgressLine::showLast(const QString& text)
 {
-    if (m_isTerminal)
+    if (m_isTerminal && !text.isEmpty())
         return drawWhole(text);
     m_next = {};
     show(text);

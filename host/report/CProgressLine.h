@@ -26,7 +26,8 @@ public:
     ~CProgressLine() { finish(); }
     Q_DISABLE_COPY(CProgressLine)
 
-    /// \a text is one line, of which a terminal shows what fits. The first one is always shown.
+    /// \a text is one line, of which a terminal shows what fits. The first one is always shown, an
+    /// empty one never, nor, where there is no terminal, the same one twice.
     void show(const QString& text);
 
     /// The same, however little time has passed, and all of it: the last one.
@@ -43,7 +44,8 @@ private:
     const bool m_isTerminal;
     const std::chrono::milliseconds m_quietTime;
     std::chrono::steady_clock::time_point m_next;
-    int m_width = 0; // characters on the terminal's line; 0: nothing is drawn
+    QString m_printed; // the last one where there is no terminal
+    int m_width = 0;   // characters on the terminal's line; 0: nothing is drawn
 };
 
 } // namespace Host

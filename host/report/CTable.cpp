@@ -16,9 +16,13 @@ constexpr int gap = 2;
 constexpr int leastFirstColumn = 16;
 constexpr int leastLastColumn = 16;
 
+// Cut in the middle: "[7] PNG files: edges" is known by its number and by its end.
 QString shortened(const QString& text, int width)
 {
-    return text.size() <= width ? text : text.left(width - 1) + QChar(0x2026);
+    if (text.size() <= width)
+        return text;
+    const int behind = width / 2;
+    return text.left(width - 1 - behind) + QChar(0x2026) + text.right(behind);
 }
 
 } // namespace

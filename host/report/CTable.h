@@ -19,7 +19,8 @@ namespace Host {
  * printText(table.text(80));
  * \endcode
  *
- * An empty cell is shown as a dash. In a table that is too wide the first column is cut, down to 16 characters. What is
+ * An empty cell is shown as a dash. In a table that is too wide the first column is cut in the middle, down to
+ * 16 characters. What is
  * still too wide comes in several parts, one below the other, each with the first columns, by which rows are known.
  * Words in the last column go on in the next line. Nothing else is cut: a part of a file's name is of no use.
  */

@@ -89,6 +89,7 @@ QJsonObject SRunReport::json() const
     return {{"address", address},
             {"camera", camera},
             {"ended", ending},
+            {"failed", failed.isEmpty() ? QJsonValue() : QJsonValue(failed)},
             {"frames", counts},
             {"absences", QJsonObject{{"count", absences.count}, {"seconds", double(absences.total.count()) / 1000.0}}},
             {"frames_per_second", number(framesPerSecond())},

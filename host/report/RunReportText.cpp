@@ -103,8 +103,10 @@ QString SRunReport::text(int width, bool isBold) const
                                 .arg(frames.grabbed)
                                 .arg(frames.complete)
                                 .arg(frames.incomplete);
-    out << labelledLine("Camera", camera, width) << labelledLine("Ended", ending, width)
-        << labelledLine("Frames grabbed", grabbed, width)
+    out << labelledLine("Camera", camera, width) << labelledLine("Ended", ending, width);
+    if (!failed.isEmpty())
+        out << labelledLine("Failed", failed, width);
+    out << labelledLine("Frames grabbed", grabbed, width)
         << labelledLine("Underruns", QString::number(frames.underruns), width)
         << labelledLine("Frames per second", given, width);
     const QStringList said = remarks();

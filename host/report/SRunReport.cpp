@@ -88,6 +88,9 @@ QStringList SRunReport::remarks() const
 {
     constexpr double mostMissed = 0.05;
     QStringList remarks;
+    if (frames.complete < askedForFrames)
+        remarks
+            << QStringLiteral("%1 were asked for, %2 came").arg(counted(askedForFrames, "frame")).arg(frames.complete);
     const std::optional<double> given = framesPerSecond();
     if (askedForPerSecond && given && *given < *askedForPerSecond * (1.0 - mostMissed))
         remarks << QStringLiteral("%1 frames per second were asked for, %2 came")
@@ -114,7 +117,8 @@ QString SRunReport::failure(bool isStrict) const
         return wrong;
     if (frames.complete == 0 && frames.incomplete > 0)
         return QStringLiteral("all of %1 came incomplete").arg(counted(frames.incomplete, "frame"));
-    return isStrict ? remarks().value(0) : QString();
+    const QString remark = remarks().value(0);
+    return isStrict && !remark.isEmpty() ? QStringLiteral("--strict: %1").arg(remark) : QString();
 }
 
 } // namespace Host

@@ -58,10 +58,12 @@ struct SRunReport
     QString camera;  ///< Its name and format.
     QString graph;   ///< The graph as text.
     QString ending;  ///< Why the run ended.
+    QString failed;  ///< What failure() said of it; empty for nothing.
     SGrabStatistics frames;
     SAbsences absences;                      ///< Of the camera.
     std::chrono::nanoseconds span{0};        ///< From the first to the last complete frame.
     std::optional<double> askedForPerSecond; ///< Frames per second that the camera was set to.
+    quint64 askedForFrames = 0;              ///< Complete frames that it should have given; 0 for no number.
     QString flowMismatch;                    ///< The first connection that did not carry what it should have.
     std::vector<SNodeReport> nodes;
     std::vector<SConnectionReport> connections;
@@ -75,8 +77,8 @@ struct SRunReport
     /// The first thing that does not add up, in one line; empty when nothing was lost.
     QString mismatch() const;
 
-    /// What a reader should know although nothing failed: frames lost, a rate that was missed by more than 5 %, a
-    /// camera that had gone. A line each.
+    /// What a reader should know although nothing failed: frames lost, fewer than were asked for, a rate that was
+    /// missed by more than 5 %, a camera that had gone. A line each.
     QStringList remarks() const;
 
     /// What makes the run a failure, in one line: a mismatch, no complete frame among those that came, with

@@ -69,7 +69,8 @@ QString CCameraStream::start(int frames, std::chrono::milliseconds silence, std:
         return error;
     m_graph->startCounting();
     const auto handOn = [entry = m_graph->entry()](const CGrabThread::SFrame& frame) {
-        const SFrameInfo info{frame.result->frameNumber, frame.grabbed, frame.result->timestampNs, frame.claim};
+        const SFrameInfo info{frame.result->frameNumber, frame.grabbed, frame.result->timestampNs, frame.claim,
+                              frame.origin};
         entry.setData(QSharedPointer<CGrabResultData>::create(frame.result, info));
     };
     m_thread = std::make_unique<CGrabThread>(*m_source, quint64(frames), silence, handOn);

@@ -165,7 +165,31 @@ quint64 CFlowMeter::sent(std::size_t node) const
     return sum;
 }
 
-SNodeReport CFlowMeter::report(std::size_t node) const
+CFlowMeter::Clock::time_point CFlowMeter::firstDelivery() const
+{
+    Clock::time_point first = Clock::time_point::max();
+    for (const SEdge& edge : m_edges) {
+        if (edge.flow->delivered > 0)
+            first = std::min(first, edge.flow->first);
+    }
+    return first;
+}
+
+std::optional<double> CFlowMeter::rateOf(const SEdge& edge, std::chrono::nanoseconds span) const
+{
+    const SFlow& flow = *edge.flow;
+    if (flow.delivered < 2)
+        return {};
+    // What comes from the camera comes as fast as the camera gives it, whatever waits in between.
+    const bool isFromSource = m_nodes[edge.from].model->nPorts(ENodePortType::In) == 0;
+    const std::chrono::nanoseconds here = flow.last - firstDelivery();
+    const std::chrono::nanoseconds time = isFromSource && span.count() > 0 ? span : std::max(span, here);
+    if (time.count() <= 0)
+        return {};
+    return double(flow.delivered - 1) / std::chrono::duration<double>(time).count();
+}
+
+SNodeReport CFlowMeter::report(std::size_t node, std::chrono::nanoseconds span) const
 {
     const SNode& known = m_nodes[node];
     SNodeReport report;
@@ -180,13 +204,10 @@ SNodeReport CFlowMeter::report(std::size_t node) const
 
     CDelays delays;
     for (const SEdge& edge : m_edges) {
-        const SFlow& flow = *edge.flow;
         if (edge.to == node)
-            delays.add(flow.delays);
-        const bool tellsRate = hasOutputs ? edge.from == node : edge.to == node;
-        if (tellsRate && flow.delivered > 1 && flow.last > flow.first)
-            report.framesPerSecond =
-                double(flow.delivered - 1) / std::chrono::duration<double>(flow.last - flow.first).count();
+            delays.add(edge.flow->delays);
+        if ((hasOutputs ? edge.from : edge.to) == node)
+            report.framesPerSecond = rateOf(edge, span);
     }
     report.grabToHere = delays.percentile(0.5);
     report.grabToHere99 = delays.percentile(0.99);

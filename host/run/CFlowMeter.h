@@ -12,6 +12,7 @@
 #include <chrono>
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace Plugin::Halvex {
@@ -53,8 +54,10 @@ public:
     /// What came to node number \a node over all its connections.
     quint64 delivered(std::size_t node) const;
 
-    /// What the connections show of that node; what its model tells by itself is left to fill in.
-    SNodeReport report(std::size_t node) const;
+    /// What the connections show of that node; what its model tells by itself is left to fill in. Rates of all nodes
+    /// count from the first frame of the graph, and at least over \a span, the time from the camera's first frame to
+    /// its last, so that a burst at the end is no high rate.
+    SNodeReport report(std::size_t node, std::chrono::nanoseconds span) const;
 
     /// What each connection carried; those whose scene has changed are left out.
     std::vector<SConnectionReport> connections() const;
@@ -98,6 +101,8 @@ private:
     void watchModel(std::size_t node);
     void countDeliveries(const SEdge& edge, Plugin::Halvex::CNodeConnection& connection) const;
     quint64 sent(std::size_t node) const;
+    Clock::time_point firstDelivery() const;
+    std::optional<double> rateOf(const SEdge& edge, std::chrono::nanoseconds span) const;
 
     const Plugin::Halvex::CNodeScene& m_scene;
     std::vector<SNode> m_nodes;

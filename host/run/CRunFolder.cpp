@@ -5,6 +5,7 @@
 
 #include "host/base/RealPath.h"
 #include "host/base/RunFiles.h"
+#include "host/run/CFileClaim.h"
 #include "host/run/Output.h"
 
 #include <QDateTime>
@@ -13,6 +14,9 @@
 #include <QJsonDocument>
 #include <QLockFile>
 #include <QSet>
+
+#include <algorithm>
+#include <vector>
 
 namespace Host {
 
@@ -25,28 +29,12 @@ QString now()
     return time.toOffsetFromUtc(time.offsetFromUtc()).toString(Qt::ISODateWithMs);
 }
 
-QStringList filesIn(const QString& folder)
-{
-    return QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
-}
-
 // A manifest may have been edited: what it claims must lie in the folder.
 bool isInside(const QString& claim)
 {
     const QString clean = QDir::cleanPath(claim);
     return !clean.isEmpty() && QDir::isRelativePath(clean) && clean != QLatin1String(".") &&
            clean != QLatin1String("..") && !clean.startsWith(QLatin1String("../"));
-}
-
-// The files that \a claim stands for in \a folder, as they are called there.
-QStringList claimedFiles(const QString& folder, const QString& claim)
-{
-    if (!claim.endsWith(QLatin1Char('/')))
-        return QFileInfo::exists(folder + QLatin1Char('/') + claim) ? QStringList(claim) : QStringList();
-    QStringList files = filesIn(folder + QLatin1Char('/') + claim);
-    for (QString& file : files)
-        file.prepend(claim);
-    return files;
 }
 
 // A folder with a name of the time in \a folder; a number tells two of one second apart. Empty when none can be made.
@@ -131,6 +119,26 @@ QStringList CRunFolder::earlierClaims() const
     return names;
 }
 
+QSet<QString> CRunFolder::earlierFiles() const
+{
+    const QJsonObject manifest = earlierManifest();
+    QSet<QString> files;
+    const QStringList claims = earlierClaims();
+    for (const QString& claim : claims) {
+        const QStringList covered = CFileClaim(m_path, claim).filesAndParts();
+        for (const QString& file : covered)
+            files.insert(file);
+    }
+    // A run that was killed could not list them.
+    if (manifest.value(QLatin1String("ended")).isNull())
+        return files;
+    QSet<QString> listed;
+    const QJsonArray entries = manifest.value(QLatin1String("files")).toArray();
+    for (const QJsonValue& entry : entries)
+        listed.insert(entry[QLatin1String("name")].toString());
+    return files.intersect(listed);
+}
+
 QString CRunFolder::conflict(const QStringList& claims, const QStringList& inUse, const QStringList& known) const
 {
     const QString used = usedFile(claims, inUse);
@@ -145,13 +153,13 @@ QString CRunFolder::conflict(const QStringList& claims, const QStringList& inUse
 
 QString CRunFolder::usedFile(const QStringList& claims, const QStringList& inUse) const
 {
-    QSet<QString> own{realPath(filePath(RunFiles::manifest()))};
+    std::vector<CFileClaim> own{CFileClaim(m_path, RunFiles::manifest())};
     const QStringList all = earlierClaims() + claims;
     for (const QString& claim : all)
-        own.insert(realPath(filePath(claim)));
+        own.emplace_back(m_path, claim);
     for (const QString& file : inUse) {
         const QString path = realPath(file);
-        if (own.contains(path) || own.contains(QFileInfo(path).path()))
+        if (std::any_of(own.begin(), own.end(), [&path](const CFileClaim& claim) { return claim.covers(path); }))
             return file;
     }
     return {};
@@ -164,28 +172,29 @@ QString CRunFolder::foreignFile(const QStringList& claims, const QStringList& kn
     QSet<QString> knownPaths;
     for (const QString& file : known)
         knownPaths.insert(realPath(file));
-    const QStringList earlier = earlierClaims();
+    const QSet<QString> earlier = earlierFiles();
     for (const QString& claim : claims) {
-        const QString file = filePath(claim);
-        if (!claim.endsWith(QLatin1Char('/')) && !earlier.contains(claim) && QFileInfo::exists(file) &&
-            !knownPaths.contains(realPath(file)))
-            return file;
+        const QStringList present = CFileClaim(m_path, claim).files();
+        for (const QString& name : present) {
+            if (!earlier.contains(name) && !knownPaths.contains(realPath(filePath(name))))
+                return filePath(name);
+        }
     }
     return {};
 }
 
 QString CRunFolder::removeEarlierRun() const
 {
+    const QSet<QString> files = earlierFiles();
+    for (const QString& file : files) {
+        if (!QFile::remove(filePath(file)))
+            return QStringLiteral("cannot remove '%1', which an earlier run left").arg(filePath(file));
+    }
+    // Folders that became empty go, too.
     const QStringList claims = earlierClaims();
-    for (const QString& name : claims) {
-        const QStringList files = claimedFiles(m_path, name);
-        for (const QString& file : files) {
-            if (!QFile::remove(filePath(file)))
-                return QStringLiteral("cannot remove '%1', which an earlier run left").arg(filePath(file));
-        }
-        // Folders that became empty go, too.
-        if (name.contains(QLatin1Char('/')))
-            QDir(m_path).rmpath(QFileInfo(name).path());
+    for (const QString& claim : claims) {
+        if (claim.contains(QLatin1Char('/')))
+            QDir(m_path).rmpath(QFileInfo(claim).path());
     }
     return {};
 }
@@ -199,7 +208,7 @@ QString CRunFolder::finish(const QJsonObject& facts)
     m_manifest.insert(QStringLiteral("ended"), now());
     QJsonArray files;
     for (const QString& claim : qAsConst(m_claims)) {
-        const QStringList names = claimedFiles(m_path, claim);
+        const QStringList names = CFileClaim(m_path, claim).filesAndParts();
         for (const QString& name : names)
             files.append(QJsonObject{{"name", name}, {"bytes", double(QFileInfo(filePath(name)).size())}});
     }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QJsonObject>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -21,13 +22,14 @@ namespace Host {
  * CRunFolder folder;
  * QString error = folder.open(QStringLiteral("out"), false);
  * if (error.isEmpty())
- *     error = folder.begin({"chain.json", "fake/frames/"}, {{"command", command}});
+ *     error = folder.begin({"chain.json", "fake/frames/frame-*.png"}, {{"command", command}});
  * ... // files are written
  * error = folder.finish({{"error", QJsonValue()}});
  * \endcode
  *
- * Ask conflict() before begin(). Only what an earlier run's manifest claims is removed, never anything else that lies
- * in the folder. The claims are written before the first file, so that this holds for a run that was killed, too.
+ * Ask conflict() before begin(). Only the files that an earlier run's manifest lists are removed, and folders that are
+ * empty then; never anything else that lies there. A run that was killed has no such list: of that one go the files
+ * that its claims cover, which it wrote down before the first file.
  *
  * Functions that may fail return the reason in one line; empty on success. Threads: one.
  */
@@ -48,12 +50,12 @@ public:
     QString path() const { return m_path; }
 
     /// Why begin() must not be called: it would remove or replace one of \a inUse, which are files that this run reads
-    /// or writes elsewhere, or a file that no run wrote and that is none of \a known, whose contents this run has.
-    /// Empty if it may.
+    /// or writes elsewhere, or a file that the run before did not write and that is none of \a known, whose contents
+    /// this run has. Empty if it may.
     QString conflict(const QStringList& claims, const QStringList& inUse, const QStringList& known) const;
 
-    /// Removes what an earlier run left and writes the manifest: \a facts, when the run began, and \a claims, the names
-    /// of files in the folder, and of folders, with a slash at the end, all of whose files will be the run's own.
+    /// Removes what an earlier run left and writes the manifest: \a facts, when the run began, and \a claims, the files
+    /// that will be the run's own, as CFileClaim takes them.
     QString begin(const QStringList& claims, const QJsonObject& facts);
 
     /// Writes the manifest with \a facts beside those of begin(), when the run ended, and the files that are there.
@@ -65,6 +67,7 @@ private:
     QString foreignFile(const QStringList& claims, const QStringList& known) const;
     QJsonObject earlierManifest() const;
     QStringList earlierClaims() const;
+    QSet<QString> earlierFiles() const;
     QString removeEarlierRun() const;
     QString write() const;
     QString filePath(const QString& name) const;

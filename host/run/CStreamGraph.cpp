@@ -222,7 +222,7 @@ void CStreamGraph::account(SRunReport* report) const
 void CStreamGraph::accountNode(std::size_t node, SRunReport* report) const
 {
     CNodeDataModel* const model = m_nodes[node]->nodeDataModel();
-    SNodeReport row = m_meter.report(node);
+    SNodeReport row = m_meter.report(node, report->span);
     const quint64 expected = m_meter.delivered(node);
     if (const auto* sink = qobject_cast<IFrameSink*>(model)) {
         report->sinks.push_back(sinkReport(*sink, expected));

@@ -168,7 +168,7 @@ bool CStreamRun::stream()
     timer.start(progressInterval);
     m_loop.exec();
     const QString end = m_error.isEmpty() && m_signal == 0 && !m_isTimeUp ? runOutText(m_streams) : ending();
-    line.showLast(runProgress(m_streams, m_options.frames) + (end.isEmpty() ? QString() : ", ended " + end));
+    line.showLast(lastProgress(m_streams, m_options.frames, end));
     // The cameras are stopped with this object, after the report: one that has gone takes seconds not to answer.
     return true;
 }
@@ -216,23 +216,25 @@ void CStreamRun::fail(const QString& error)
 
 void CStreamRun::printReport()
 {
+    const QString ended = ending(); // as it did, whatever is found now
     for (const auto& stream : m_streams) {
         if (!stream->isStarted() || !stream->graph().isIntact())
             continue;
         m_reports.push_back(stream->account());
-        m_reports.back().askedForPerSecond = m_options.askedForPerSecond;
-        const QString failure = m_reports.back().failure(m_options.isStrict);
-        if (!failure.isEmpty())
-            fail(QStringLiteral("camera '%1': %2").arg(stream->camera(), failure));
-    }
-    for (SRunReport& report : m_reports) {
+        SRunReport& report = m_reports.back();
+        report.askedForPerSecond = m_options.askedForPerSecond;
         if (report.ending.isEmpty())
-            report.ending = ending();
+            report.ending = ended;
+        else // it ran out
+            report.askedForFrames = quint64(m_options.frames);
+        report.failed = report.failure(m_options.isStrict);
+        if (!report.failed.isEmpty())
+            fail(QStringLiteral("camera '%1': %2").arg(stream->camera(), report.failed));
     }
     if (!m_options.json.isEmpty())
         fail(writeRunJson(m_options.json, m_reports, m_error));
     if (!m_options.hasStandardOutput())
-        fail(printText(runText(m_reports)));
+        fail(printText(runText(m_reports, !m_error.isEmpty())));
 }
 
 QString CStreamRun::ending() const

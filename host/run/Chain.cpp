@@ -106,18 +106,18 @@ std::vector<SChain> readChains(const QStringList& files, const QStringList& came
 
 QString findClash(const std::vector<SChain>& chains)
 {
-    QHash<QString, QString> sinks; // and the chains that they are in
-    for (const SChain& chain : chains) {
-        for (const QJsonValue& element : chain.elements) {
+    QHash<QString, std::size_t> sinks; // and the chains that they are in
+    for (std::size_t i = 0; i < chains.size(); ++i) {
+        for (const QJsonValue& element : chains[i].elements) {
             const QString sink =
                 element[DocumentKeys::model][DocumentKeys::property][QLatin1String("sink_name")].toString();
             if (sink.isEmpty())
                 continue;
-            const QString known = sinks.value(sink, chain.name);
-            if (known != chain.name)
+            const std::size_t known = sinks.value(sink, i);
+            if (known != i)
                 return QStringLiteral("the sink '%1' is in '%2' and in '%3': their files would mix")
-                    .arg(sink, known, chain.name);
-            sinks.insert(sink, chain.name);
+                    .arg(sink, chains[known].name, chains[i].name);
+            sinks.insert(sink, i);
         }
     }
     return {};

@@ -39,8 +39,11 @@ QStringList runClaims(const SRunOptions& options, const std::vector<std::unique_
     for (const auto& stream : streams) {
         const QString folder = stream->camera() + QLatin1Char('/');
         claims << folder + RunFiles::graphText() << folder + RunFiles::graphPicture();
-        for (const IFrameSink* sink : stream->graph().sinks())
-            claims << folder + sink->sinkName() + QLatin1Char('/');
+        for (const IFrameSink* sink : stream->graph().sinks()) {
+            const QStringList files = sink->fileNames();
+            for (const QString& names : files)
+                claims << folder + sink->sinkName() + QLatin1Char('/') + names;
+        }
     }
     return claims;
 }

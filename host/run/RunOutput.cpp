@@ -70,7 +70,7 @@ QString runOutText(const std::vector<std::unique_ptr<CCameraStream>>& streams)
 QString runProgress(const std::vector<std::unique_ptr<CCameraStream>>& streams, int frames)
 {
     SGrabStatistics sum;
-    double rate = 0.0;
+    QStringList rates;
     for (const auto& stream : streams) {
         if (!stream->isStarted())
             continue;
@@ -78,13 +78,24 @@ QString runProgress(const std::vector<std::unique_ptr<CCameraStream>>& streams, 
         sum.complete += now.frames.complete;
         sum.incomplete += now.frames.incomplete;
         sum.underruns += now.frames.underruns;
-        rate += now.framesPerSecond().value_or(0.0);
+        sum.grabbed += now.frames.grabbed;
+        if (const auto rate = now.framesPerSecond())
+            rates << QString::number(*rate, 'f', 1);
     }
-    const QString rateText = rate > 0.0 ? QStringLiteral(", %1 per second").arg(rate, 0, 'f', 1) : QString();
+    if (sum.grabbed == 0)
+        return {};
+    const QString rateText =
+        rates.isEmpty() ? QString() : QStringLiteral(", %1 per second").arg(rates.join(QStringLiteral(" and ")));
     return QStringLiteral("%1%2, %3 incomplete, %4%5")
         .arg(share(sum.complete, streams.size() * quint64(frames)), rateText)
         .arg(sum.incomplete)
         .arg(counted(sum.underruns, "underrun"), absenceText(streams));
+}
+
+QString lastProgress(const std::vector<std::unique_ptr<CCameraStream>>& streams, int frames, const QString& end)
+{
+    const QString progress = runProgress(streams, frames);
+    return progress.isEmpty() || end.isEmpty() ? progress : QStringLiteral("%1, ended %2").arg(progress, end);
 }
 
 QString runEnding(const SRunOptions& options, const QString& error, int signal, bool isTimeUp)
@@ -98,13 +109,17 @@ QString runEnding(const SRunOptions& options, const QString& error, int signal, 
     return QStringLiteral("after %1, as asked").arg(counted(quint64(options.frames), "frame"));
 }
 
-QString runText(const std::vector<SRunReport>& reports)
+QString runText(const std::vector<SRunReport>& reports, bool hasFailed)
 {
     QStringList texts;
     // What is no terminal may be read by a program: a row stays a row.
     const int width = isatty(fileno(stdout)) == 1 ? columnsOf(stdout) : std::numeric_limits<int>::max();
-    for (const SRunReport& report : reports)
+    for (const SRunReport& report : reports) {
+        // A table of dashes would only hide the message.
+        if (hasFailed && report.frames.grabbed == 0)
+            continue;
         texts << report.text(width, takesColors(stdout));
+    }
     return texts.join(QLatin1Char('\n'));
 }
 

@@ -20,8 +20,11 @@ struct SRunOptions;
 struct SRunReport;
 
 /// How far all cameras together are, in a line: "30/300 frames, 10 %, 196.2 per second, ...". \a frames is what each
-/// is to give; 0 for no end.
+/// is to give; 0 for no end. Each camera has its own rate in it. Empty before the first frame.
 QString runProgress(const std::vector<std::unique_ptr<CCameraStream>>& streams, int frames);
+
+/// The same, and behind it why the run ended; \a end may be empty.
+QString lastProgress(const std::vector<std::unique_ptr<CCameraStream>>& streams, int frames, const QString& end);
 
 /// Why a run ended: by \a error or \a signal, if there is one, or as it was asked to.
 QString runEnding(const SRunOptions& options, const QString& error, int signal, bool isTimeUp);
@@ -29,8 +32,9 @@ QString runEnding(const SRunOptions& options, const QString& error, int signal, 
 /// What the first stream ended at that came to its own end, such as "at the end of the images"; empty if none did.
 QString runOutText(const std::vector<std::unique_ptr<CCameraStream>>& streams);
 
-/// The reports one after the other, for the terminal that standard output leads to.
-QString runText(const std::vector<SRunReport>& reports);
+/// The reports one after the other, for the terminal that standard output leads to. Of a run that \a hasFailed those of
+/// cameras that gave no frame are left out.
+QString runText(const std::vector<SRunReport>& reports, bool hasFailed);
 
 /// A trace in \a file, "-" for standard output, or null without a name, that the streams, once they are started, tell
 /// of everything. On failure the reason in \a error.

@@ -3,6 +3,8 @@
 
 #include "host/sinks/AFileSinkModel.h"
 
+#include "host/sinks/CFrameTable.h"
+
 #include <Halvex/graph/DocumentKeys.h>
 
 #include <QDir>
@@ -71,7 +73,7 @@ void AFileSinkModel::setInData(CNodeDataPtr data, NodePortIndex)
         const quint64 number = m_delivered++;
         const auto every = quint64(m_writeEvery > 0 ? m_writeEvery : m_every);
         if (number % every == 0 && !m_folder.isEmpty() && m_error.isEmpty())
-            m_writer.write(data, QDir(m_folder).filePath(fileName(number)));
+            m_writer.write(data, numberedFile(number));
     }
     // Empty data too: the listeners and the base class then let go of the frame they hold.
     getDataFlowProxy()->setData(data);
@@ -113,12 +115,16 @@ void AFileSinkModel::restore(const QJsonObject& json)
         setWriteEvery(settings[writeEveryKey].toInt(-1));
 }
 
-QString AFileSinkModel::numbered(const char* name, quint64 number, const char* suffix)
+QStringList AFileSinkModel::fileNames() const
 {
-    return QStringLiteral("%1-%2.%3")
-        .arg(QLatin1String(name))
-        .arg(number, 6, 10, QLatin1Char('0'))
-        .arg(QLatin1String(suffix));
+    return {fileName(), CFrameTable::fileName()};
+}
+
+// "out/frame-000012.png"
+QString AFileSinkModel::numberedFile(quint64 number) const
+{
+    const QString digits = QStringLiteral("%1").arg(number, 6, 10, QLatin1Char('0'));
+    return QDir(m_folder).filePath(fileName().replace(QLatin1Char('*'), digits));
 }
 
 void AFileSinkModel::onWritten(const QString& file)

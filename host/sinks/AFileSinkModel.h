@@ -55,6 +55,7 @@ public:
 
     QString sinkName() const override { return m_sinkName; }
     void setOutput(const QString& folder, int every) override;
+    QStringList fileNames() const override;
     quint64 delivered() const override { return m_delivered; }
     quint64 written() const override { return m_written; }
     const std::vector<QString>& files() const override { return m_files; }
@@ -95,18 +96,16 @@ protected:
     /// Whether \a data is something to write, and counts.
     virtual bool takes(const Plugin::Halvex::CNodeData& data) const = 0;
 
-    /// The file for frame \a number, without its folder.
-    virtual QString fileName(quint64 number) const = 0;
+    /// What a file is called, without its folder; '*' stands for the number of its frame: "frame-*.png".
+    virtual QString fileName() const = 0;
 
     /// How a file is written, with a copy of the settings.
     virtual CFileWriter::Save makeSave() const = 0;
 
-    /// "frame-000012.png"
-    static QString numbered(const char* name, quint64 number, const char* suffix);
-
     CFileWriter& writer() { return m_writer; }
 
 private:
+    QString numberedFile(quint64 number) const;
     void onWritten(const QString& file);
     void onFailed(const QString& error);
 

@@ -7,6 +7,7 @@
 
 #include <QDateTime>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 namespace Host {
 
@@ -24,10 +25,19 @@ QByteArray timeOfDay(std::chrono::steady_clock::time_point time)
            QByteArray::number(us % 1000000).rightJustified(6, '0') + 'Z';
 }
 
+// A name with a comma, a quote or a line break stands in quotes, those within it twice.
+QByteArray quoted(const QString& name)
+{
+    static const QRegularExpression special(QStringLiteral("[\",\\r\\n]"));
+    if (!name.contains(special))
+        return name.toUtf8();
+    return '"' + QString(name).replace(QLatin1Char('"'), QLatin1String("\"\"")).toUtf8() + '"';
+}
+
 QByteArray row(const QString& file, const SFrameInfo& info)
 {
     return QFileInfo(file).fileName().toUtf8() + ',' + QByteArray::number(info.frameNumber) + ',' +
-           QByteArray::number(info.timestampNs) + ',' + timeOfDay(info.grabbed) + '\n';
+           QByteArray::number(info.timestampNs) + ',' + timeOfDay(info.grabbed) + ',' + quoted(info.source) + '\n';
 }
 
 } // namespace
@@ -50,7 +60,7 @@ bool CFrameTable::open(const QString& name)
 {
     m_table.close();
     m_table.setFileName(name);
-    const QByteArray header = "file,frame,timestamp_ns,grabbed_utc\n";
+    const QByteArray header = "file,frame,timestamp_ns,grabbed_utc,source\n";
     return m_table.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered) &&
            m_table.write(header) == header.size();
 }

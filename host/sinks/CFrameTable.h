@@ -14,12 +14,12 @@ namespace Host {
  * "frames.csv" in the folder of a sink: a line for each frame that was written, at once.
  *
  * \verbatim
- * file,frame,timestamp_ns,grabbed_utc
- * frame-000000.png,4711,81923746123,2026-11-22T11:40:05.123456Z
+ * file,frame,timestamp_ns,grabbed_utc,source
+ * frame-000000.png,4711,81923746123,2026-11-22T11:40:05.123456Z,
  * \endverbatim
  *
  * "frame" and "timestamp_ns" are the camera's own; "grabbed_utc" is when the frame came out of its stream, by the clock
- * of this computer. Threads: one at a time.
+ * of this computer; "source" is the file that it was read from, empty for a camera. Threads: one at a time.
  */
 class CFrameTable
 {

@@ -24,7 +24,7 @@ public:
 protected:
     QString kind() const override { return QStringLiteral("PNG files"); }
     bool takes(const Plugin::Halvex::CNodeData& data) const override;
-    QString fileName(quint64 number) const override { return numbered("frame", number, "png"); }
+    QString fileName() const override { return QStringLiteral("frame-*.png"); }
     CFileWriter::Save makeSave() const override;
 };
 

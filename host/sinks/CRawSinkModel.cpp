@@ -3,6 +3,7 @@
 
 #include "host/sinks/CRawSinkModel.h"
 
+#include "host/models/FrameInfo.h"
 #include "host/sinks/WriteFile.h"
 
 #include <Halvex/service/CVeltraGrabResultData.h>
@@ -27,7 +28,7 @@ QJsonValue bitsOf(const QString& pixelFormat)
     return match.hasMatch() ? QJsonValue(match.captured(1).toInt()) : QJsonValue();
 }
 
-QByteArray formatText(const Veltra::SGrabResult& frame)
+QByteArray formatText(const Veltra::SGrabResult& frame, const QString& source)
 {
     // Cameras of this kind send values of several bytes with the lowest first, whatever computer they are on.
     const QJsonObject format{{"width", frame.width},
@@ -36,7 +37,8 @@ QByteArray formatText(const Veltra::SGrabResult& frame)
                              {"pixel_format", frame.pixelFormat},
                              {"bits", bitsOf(frame.pixelFormat)},
                              {"byte_order", "little-endian"},
-                             {"frame", double(frame.frameNumber)}};
+                             {"frame", double(frame.frameNumber)},
+                             {"source", source.isEmpty() ? QJsonValue() : QJsonValue(source)}};
     return QJsonDocument(format).toJson();
 }
 
@@ -46,7 +48,7 @@ QString writeRaw(const CNodeDataPtr& data, QString* file)
     if (!data)
         return {};
     const Veltra::SGrabResult& frame = *static_cast<const CVeltraGrabResultData&>(*data).grabResult();
-    const QByteArray format = formatText(frame);
+    const QByteArray format = formatText(frame, frameInfo(*data).source);
     QString formatFile = *file;
     formatFile.replace(formatFile.size() - 3, 3, QStringLiteral("json"));
     const QString reason = writeFile(formatFile, format.constData(), std::size_t(format.size()));
@@ -65,6 +67,11 @@ CRawSinkModel::CRawSinkModel(QString sinkName)
 QString CRawSinkModel::modelName()
 {
     return QStringLiteral("Raw Sink");
+}
+
+QStringList CRawSinkModel::fileNames() const
+{
+    return AFileSinkModel::fileNames() << QStringLiteral("frame-*.json");
 }
 
 SNodeDataType CRawSinkModel::dataType(ENodePortType, NodePortIndex) const

@@ -13,11 +13,11 @@ namespace Host {
  *
  * \code{.json}
  * {"width": 512, "height": 512, "stride": 1024, "pixel_format": "Mono12", "bits": 12, "byte_order": "little-endian",
- *  "frame": 4711}
+ *  "frame": 4711, "source": null}
  * \endcode
  *
  * "stride" is the bytes from one row to the next, "bits" those of a value that count, null where the pixel format does
- * not say. Otherwise as AFileSinkModel says.
+ * not say, "source" the file that the frame was read from, null for a camera. Otherwise as AFileSinkModel says.
  */
 class CRawSinkModel : public AFileSinkModel
 {
@@ -28,6 +28,7 @@ public:
 
     static QString modelName();
 
+    QStringList fileNames() const override;
     QString name() override { return modelName(); }
     Plugin::Halvex::SNodeDataType dataType(Plugin::Halvex::ENodePortType portType,
                                            Plugin::Halvex::NodePortIndex index) const override;
@@ -35,7 +36,7 @@ public:
 protected:
     QString kind() const override { return QStringLiteral("Raw files"); }
     bool takes(const Plugin::Halvex::CNodeData& data) const override;
-    QString fileName(quint64 number) const override { return numbered("frame", number, "raw"); }
+    QString fileName() const override { return QStringLiteral("frame-*.raw"); }
     CFileWriter::Save makeSave() const override;
 };
 

@@ -42,7 +42,7 @@ Q_SIGNALS:
 protected:
     QString kind() const override { return QStringLiteral("Video"); }
     bool takes(const Plugin::Halvex::CNodeData& data) const override;
-    QString fileName(quint64 number) const override { return numbered("video", number, "avi"); }
+    QString fileName() const override { return QStringLiteral("video-*.avi"); }
     CFileWriter::Save makeSave() const override;
 
 private:

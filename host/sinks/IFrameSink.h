@@ -7,6 +7,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <vector>
@@ -34,10 +35,14 @@ public:
     /// The name by which a run tells it from others; empty for a sink without one.
     virtual QString sinkName() const = 0;
 
-    /// Writes frame 0 and then every \a every-th, at least 1, into \a folder, which must exist and be this sink's
-    /// alone; a sink that has a number of its own for that takes its own. Without a folder, as after construction,
+    /// Writes frame 0 and then every \a every-th, at least 1, into \a folder, which must exist and be no other
+    /// sink's; a sink that has a number of its own for that takes its own. Without a folder, as after construction,
     /// nothing is written.
     virtual void setOutput(const QString& folder, int every) = 0;
+
+    /// What its files will be called; '*' stands for a number: "frame-*.png", "frames.csv". It writes no other
+    /// files, but for parts of these, as WriteFile.h and CVideoFile call them.
+    virtual QStringList fileNames() const = 0;
 
     /// Frames received.
     virtual quint64 delivered() const = 0;
@@ -62,4 +67,4 @@ public:
 
 } // namespace Host
 
-Q_DECLARE_INTERFACE(Host::IFrameSink, "Host.IFrameSink/4.0")
+Q_DECLARE_INTERFACE(Host::IFrameSink, "Host.IFrameSink/5.0")

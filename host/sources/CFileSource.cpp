@@ -94,7 +94,7 @@ IFrameSource::SGrab CFileSource::grab(std::chrono::milliseconds timeout)
     const IImageReader::ERead read = m_next.empty() ? readNext(&error) : IImageReader::ERead::Image;
     if (read != IImageReader::ERead::Image)
         return SGrab::none(read == IImageReader::ERead::End ? EGrab::Ended : EGrab::Lost, error);
-    return {EGrab::Frame, Veltra::CGrabResultPtr(takeFrame()), std::move(m_claim), {}};
+    return {EGrab::Frame, Veltra::CGrabResultPtr(takeFrame()), std::move(m_claim), {}, m_reader->origin()};
 }
 
 // False when that takes longer.

@@ -21,6 +21,7 @@ public:
 
     QString description() const override;
     QString file() const override { return m_file; }
+    QString origin() const override { return QStringLiteral("%1#%2").arg(m_file).arg(m_read - 1); }
     ERead read(cv::Mat* image, QString* error) override;
     bool rewind(QString* error) override;
     std::optional<quint64> timestampNs() const override { return m_timestampNs; }

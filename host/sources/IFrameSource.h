@@ -57,6 +57,9 @@ public:
 
         QString error; ///< Set exactly when status is Lost.
 
+        QString
+            origin{}; ///< The file of the frame: "a.png", or "a.avi#12" for an image of a video; empty for a camera.
+
         /// One without a frame.
         static SGrab none(EGrab status, const QString& error = {}) { return {status, {}, {}, error}; }
     };

@@ -36,6 +36,10 @@ public:
     /// The file of the image that was read last. For the thread that reads.
     virtual QString file() const = 0;
 
+    /// The image that was read last: its file, or "film.avi#12", counted from 0, for one of several in a file. For the
+    /// thread that reads.
+    virtual QString origin() const { return file(); }
+
     /// Reads the next one into \a image, an empty matrix. On failure one line in \a error, which names the file.
     virtual ERead read(cv::Mat* image, QString* error) = 0;
 

@@ -198,7 +198,7 @@ void tst_HalvexHostCameras::refused_data()
     const QString help = QStringLiteral(" See 'halvex-host cameras --help'.");
     addRow("no camera", QStringList{"--test", "1s"}, "--test takes a camera's ID." + help);
     addRow("no time", QStringList{"fake", "--test", "long"},
-           "--test takes a time like 500ms, 30s, 5min or 2h, not 'long'." + help);
+           "--test takes a time like 500ms, 30s, 5min or 2h, or 30 for seconds, not 'long'." + help);
     addRow("no test", QStringList{"fake", "--buffers", "3"},
            "--fps, --pixel-format, --camera-set, --buffers and --resend go with --test." + help);
     addRow("no rate", QStringList{"fake", "--test", "1s", "--fps", "0"},

@@ -184,6 +184,8 @@ void tst_HalvexHostChains::severalChainsSideBySide()
     QVERIFY(write(second, recording("b", "one")));
     QCOMPARE(program.refusal({first, second}),
              QStringLiteral("the sink 'one' is in '%1' and in '%2': their files would mix").arg(first, second));
+    QCOMPARE(program.refusal({first, first}),
+             QStringLiteral("the sink 'one' is in '%1' and in '%1': their files would mix").arg(first));
 }
 
 void tst_HalvexHostChains::everyBrokenChainIsTold()

@@ -6,6 +6,9 @@
 #include "TestImages.h"
 #include "TestTable.h"
 
+#include <QJsonDocument>
+#include <QJsonObject>
+
 #include <csignal>
 
 /// Images and videos in place of a camera, as a user meets them.
@@ -20,6 +23,7 @@ private Q_SLOTS:
     void loopedUntilTheFramesAskedFor();
     void loopedUntilASignal();
     void rateThatIsMissed();
+    void fewerImagesThanAskedFor();
     void besideACamera();
     void sceneOfImages();
     void imageThatBreaksOff();
@@ -43,6 +47,9 @@ void tst_HalvexHostFiles::imagesOnce()
         const cv::Mat image = cv::imread(file.toStdString(), cv::IMREAD_UNCHANGED);
         QCOMPARE(cv::norm(image, plainImage(CV_8UC1, i), cv::NORM_INF), 0.0);
     }
+    const QList<QByteArray> rows = content(program.written("images/frames/frames.csv")).split('\n');
+    for (int i = 0; i < 40; ++i)
+        QCOMPARE(QString(rows.value(i + 1)).section(',', -1), QStringLiteral("%1/shot-%2.png").arg(shots).arg(i));
 }
 
 void tst_HalvexHostFiles::everyImageComesThroughASlowGraph()
@@ -110,6 +117,25 @@ void tst_HalvexHostFiles::rateThatIsMissed()
     QVERIFY2(program.errorLines().constLast().contains("1000 frames per second were asked for, "),
              qPrintable(program.errorLines().constLast()));
     QCOMPARE(program.completeFrames(), 12);
+    // It ended as it should have; it is judged afterwards.
+    QVERIFY2(
+        program.output().contains("Ended              after 12 frames, as asked\nFailed             --strict: 1000 "),
+        qPrintable(program.output()));
+    const QJsonObject manifest = QJsonDocument::fromJson(content(program.written("manifest.json"))).object();
+    QCOMPARE(manifest["ending"].toString(), QStringLiteral("after 12 frames, as asked"));
+    QVERIFY(manifest["cameras"][0]["failed"].toString().startsWith("--strict: 1000 frames per second"));
+}
+
+void tst_HalvexHostFiles::fewerImagesThanAskedFor()
+{
+    CHostProgram program;
+    const QString shots = program.file("shots");
+    QVERIFY(writeImages(shots, 4));
+    QCOMPARE(program.run({"--images", shots, "--frames", "10"}), 0);
+    QVERIFY2(program.output().contains("Remark             10 frames were asked for, 4 came\n"),
+             qPrintable(program.output()));
+    QCOMPARE(program.run({"--images", shots, "--frames", "10", "--strict"}), 1);
+    QVERIFY(program.errorLines().constLast().endsWith("camera 'images': --strict: 10 frames were asked for, 4 came"));
 }
 
 void tst_HalvexHostFiles::besideACamera()

@@ -70,8 +70,11 @@ void tst_HalvexHostOutput::runReplacesTheOneBefore()
     CHostProgram program;
     QCOMPARE(program.run({"--frames", "3", "--write-every", "1", "--camera", "fake-1", "--camera", "fake-2"}), 0);
     QVERIFY(write(program.written("fake-1/notes.txt"), "mine"));
+    for (const char* name : {"my-notes.txt", "golden.png"})
+        QVERIFY(write(program.written("fake-1/frames/") + name, "mine"));
     QCOMPARE(program.run({"--frames", "1", "--camera", "fake-1"}), 0);
-    QCOMPARE(pngFiles(program.written("fake-1/frames")), QStringList("frame-000000.png"));
+    QCOMPARE(pngFiles(program.written("fake-1/frames")), QStringList({"frame-000000.png", "golden.png"}));
+    QCOMPARE(content(program.written("fake-1/frames/my-notes.txt")), QByteArray("mine"));
     QVERIFY(!QFile::exists(program.written("fake-2")));
     QCOMPARE(content(program.written("fake-1/notes.txt")), QByteArray("mine"));
     // A chain of the run before may be run again.

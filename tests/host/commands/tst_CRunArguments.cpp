@@ -220,12 +220,13 @@ void tst_CRunArguments::refused_data()
             QStringLiteral("--frames takes a whole number from 0 to 1000000000, not '%1'.").arg(value));
     for (const char* value : {"0s", "-3s", "fast", "1d", "999999h"})
         row(QString("--duration ") + value,
-            QStringLiteral("--duration takes a time like 500ms, 30s, 5min or 2h, not '%1'.").arg(value));
+            QStringLiteral("--duration takes a time like 500ms, 30s, 5min or 2h, or 30 for seconds, not '%1'.")
+                .arg(value));
     for (const char* value : {"size=3", "blur", ".size=3"})
         row(QString("--set ") + value, QStringLiteral("--set takes NODE.key=value, not '%1'.").arg(value));
     row("- --frames 3 -", "Standard input is one chain: '-' is given twice.");
     row("--images s/a.png s/b.png", "The image 's/b.png' is no chain; put the pattern for --images in quotes.");
-    row("--reconnect=soon", "--reconnect takes a time like 500ms, 30s, 5min or 2h, not 'soon'.");
+    row("--reconnect=soon", "--reconnect takes a time like 500ms, 30s, 5min or 2h, or 30 for seconds, not 'soon'.");
     row("--resend maybe", "--resend takes 'on' or 'off', not 'maybe'.");
     row("a.json --trace ./a.json", "'./a.json' would be replaced while the run uses it.");
     row("--save a --json a", "'a' would be replaced while the run uses it.");

@@ -103,6 +103,12 @@ void tst_CProgressLine::nextLineWaits()
     };
     QCOMPARE(written(1h, draw), QByteArray("one\n"));
     QCOMPARE(written(0ms, draw), QByteArray("one\ntwo\n"));
+    const auto drawTwice = [](CProgressLine& line) {
+        line.show(QStringLiteral("one"));
+        line.showLast(QString());
+        line.showLast(QStringLiteral("one"));
+    };
+    QCOMPARE(written(0ms, drawTwice), QByteArray("one\n"));
 }
 
 void tst_CProgressLine::terminalLineIsDrawnAnew()

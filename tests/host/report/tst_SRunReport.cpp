@@ -110,6 +110,12 @@ void tst_SRunReport::connectionThatCarriedTooFew()
 void tst_SRunReport::remarks()
 {
     SRunReport report;
+    report.frames.complete = 4;
+    report.askedForFrames = 4;
+    QCOMPARE(report.remarks(), QStringList());
+    report.askedForFrames = 10;
+    QCOMPARE(report.remarks(), QStringList("10 frames were asked for, 4 came"));
+    report.askedForFrames = 0;
     report.askedForPerSecond = 100.0;
     QCOMPARE(report.remarks(), QStringList());
     report.frames = {96, 96, 0, 0};
@@ -128,7 +134,7 @@ void tst_SRunReport::failure()
     SRunReport report;
     report.frames = {5, 3, 2, 0};
     QCOMPARE(report.failure(false), QString());
-    QCOMPARE(report.failure(true), QStringLiteral("2 frames came incomplete"));
+    QCOMPARE(report.failure(true), QStringLiteral("--strict: 2 frames came incomplete"));
     report.frames = {2, 0, 2, 0};
     QCOMPARE(report.failure(false), QStringLiteral("all of 2 frames came incomplete"));
 }

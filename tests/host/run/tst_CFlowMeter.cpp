@@ -17,6 +17,7 @@
 
 using namespace Host;
 using namespace Plugin::Halvex;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -76,6 +77,7 @@ private Q_SLOTS:
     void emptyDataDoesNotCount();
     void missingDeliveryIsNamed();
     void reportOfANode();
+    void ratesHaveOneTimeBase();
     void errorIsRemembered();
     void connectionThatIsGoneIsLeftOut();
 };
@@ -109,7 +111,7 @@ void tst_CFlowMeter::emptyDataDoesNotCount()
     fork.send(frameData());
     fork.send({});
     QCOMPARE(fork.meter->delivered(1), quint64(1));
-    QCOMPARE(fork.meter->report(0).out.value_or(0), quint64(1));
+    QCOMPARE(fork.meter->report(0, 0s).out.value_or(0), quint64(1));
 }
 
 void tst_CFlowMeter::missingDeliveryIsNamed()
@@ -126,17 +128,28 @@ void tst_CFlowMeter::reportOfANode()
     SFork fork;
     fork.meter->start();
     fork.send(frameData());
-    const SNodeReport camera = fork.meter->report(0);
+    const SNodeReport camera = fork.meter->report(0, 0s);
     QCOMPARE(camera.name, QStringLiteral("[0] Camera"));
     QVERIFY(camera.kind == ENodeKind::Source);
     QVERIFY(!camera.in);
     QCOMPARE(camera.out.value_or(0), quint64(1));
     QVERIFY(!camera.framesPerSecond); // of one frame
-    const SNodeReport sink = fork.meter->report(3);
+    const SNodeReport sink = fork.meter->report(3, 0s);
     QVERIFY(sink.kind == ENodeKind::Sink);
     QCOMPARE(sink.in.value_or(0), quint64(1));
     QVERIFY(!sink.out);
     QVERIFY(sink.grabToHere);
+}
+
+void tst_CFlowMeter::ratesHaveOneTimeBase()
+{
+    SFork fork;
+    fork.meter->start();
+    for (int i = 0; i < 11; ++i)
+        fork.send(frameData());
+    // They came at once, but the camera took ten seconds for them.
+    for (const std::size_t node : {0, 1, 2, 3})
+        QCOMPARE(fork.meter->report(node, 10s).framesPerSecond.value_or(0), 1.0);
 }
 
 void tst_CFlowMeter::errorIsRemembered()
@@ -144,11 +157,11 @@ void tst_CFlowMeter::errorIsRemembered()
     SFork fork;
     fork.meter->start();
     auto& model = dynamic_cast<CSayingModel&>(*fork.image.nodeDataModel());
-    QCOMPARE(fork.meter->report(1).lastError, QString());
+    QCOMPARE(fork.meter->report(1, 0s).lastError, QString());
     model.message = QStringLiteral("too dark");
     Q_EMIT model.dataInvalidated(0);
     model.message.clear();
-    QCOMPARE(fork.meter->report(1).lastError, QStringLiteral("too dark"));
+    QCOMPARE(fork.meter->report(1, 0s).lastError, QStringLiteral("too dark"));
 }
 
 void tst_CFlowMeter::connectionThatIsGoneIsLeftOut()

@@ -22,7 +22,7 @@ struct SRun
     QString begin()
     {
         const QString error = open();
-        return error.isEmpty() ? folder.begin({"chain.json", "fake/frames/"}, {{"command", "x"}}) : error;
+        return error.isEmpty() ? folder.begin({"chain.json", "fake/frames/frame-*.png"}, {{"command", "x"}}) : error;
     }
     QJsonObject manifest() const { return QJsonDocument::fromJson(content(folder.path() + "/manifest.json")).object(); }
 
@@ -53,6 +53,8 @@ private Q_SLOTS:
     void manifestTellsTheFiles();
     void earlierRunGoes_data();
     void earlierRunGoes();
+    void otherFilesOfASinkStay();
+    void filesOfNoRunAreAConflict();
     void claimsOutsideAreLeftAlone();
     void twoAtOnceAreRefused();
     void keptRunsHaveFoldersOfTheirOwn();
@@ -67,10 +69,10 @@ void tst_CRunFolder::manifestTellsTheFiles()
     QVERIFY(files(place.path()).isEmpty());
     QCOMPARE(run.begin(), QString());
     QVERIFY(run.manifest()["ended"].isNull());
-    QVERIFY(writeAll(place, {"chain.json", "fake/frames/a.png", "fake/other.txt"}));
+    QVERIFY(writeAll(place, {"chain.json", "fake/frames/frame-000000.png", "fake/other.txt"}));
     QCOMPARE(run.folder.finish({{"error", "none"}}), QString());
     const QJsonArray expected{QJsonObject{{"name", "chain.json"}, {"bytes", 5}},
-                              QJsonObject{{"name", "fake/frames/a.png"}, {"bytes", 5}}};
+                              QJsonObject{{"name", "fake/frames/frame-000000.png"}, {"bytes", 5}}};
     QCOMPARE(run.manifest()["files"].toArray(), expected);
     QCOMPARE(run.manifest()["command"].toString(), QStringLiteral("x"));
     QCOMPARE(run.manifest()["error"].toString(), QStringLiteral("none"));
@@ -92,7 +94,7 @@ void tst_CRunFolder::earlierRunGoes()
     {
         SRun earlier{place, {}};
         QCOMPARE(earlier.begin(), QString());
-        QVERIFY(writeAll(place, {"chain.json", "fake/frames/a.png", "fake/frames/b.png.part"}));
+        QVERIFY(writeAll(place, {"chain.json", "fake/frames/frame-000000.png", "fake/frames/frame-000001.png.part"}));
         if (!isKilled)
             QCOMPARE(earlier.folder.finish({}), QString());
     }
@@ -104,13 +106,47 @@ void tst_CRunFolder::earlierRunGoes()
     QCOMPARE(files(place.filePath("other/frames")), QStringList("a.png"));
 }
 
+void tst_CRunFolder::otherFilesOfASinkStay()
+{
+    const QTemporaryDir place;
+    const QStringList mine{"frame-000007.png", "golden.png", "my-notes.txt"};
+    {
+        SRun earlier{place, {}};
+        QCOMPARE(earlier.begin(), QString());
+        QVERIFY(writeAll(place, {"fake/frames/frame-000000.png", "fake/frames/golden.png"}));
+        QCOMPARE(earlier.folder.finish({}), QString());
+    }
+    for (const QString& name : mine)
+        QVERIFY(writeAll(place, {"fake/frames/" + name}));
+    SRun run{place, {}};
+    QCOMPARE(run.open(), QString());
+    QCOMPARE(run.folder.begin({}, {}), QString());
+    QCOMPARE(files(place.filePath("fake/frames")), mine);
+}
+
+void tst_CRunFolder::filesOfNoRunAreAConflict()
+{
+    const QTemporaryDir place;
+    QVERIFY(writeAll(place, {"fake/frames/frame-000003.png", "fake/frames/frames.csv", "fake/frames/frame-x.png"}));
+    SRun run{place, {}};
+    QCOMPARE(run.open(), QString());
+    const QStringList claims{"fake/frames/frame-*.png"};
+    const QString file = place.filePath("fake/frames/frame-000003.png");
+    QCOMPARE(run.folder.conflict(claims, {}, {}),
+             QStringLiteral("'%1' is there, and no run wrote it; --keep or another --output leaves it").arg(file));
+    QVERIFY(QFile::remove(file));
+    QCOMPARE(run.folder.conflict(claims, {}, {}), QString());
+    // One that this run is to write, though it is not there.
+    QVERIFY(run.folder.conflict(claims, {file}, {}).startsWith("this run uses '"));
+}
+
 void tst_CRunFolder::claimsOutsideAreLeftAlone()
 {
     const QTemporaryDir place;
     QVERIFY(writeAll(place, {"precious/a.txt", "out/manifest.json"}));
     const QByteArray precious = place.filePath("precious/").toUtf8();
-    QVERIFY(write(place.filePath("out/manifest.json"), "{\"claims\": [\"../precious/\", \"" + precious +
-                                                           "\", \"x/../../precious/a.txt\", \"\", \"./\", 7]}"));
+    QVERIFY(write(place.filePath("out/manifest.json"), "{\"claims\": [\"../precious/a.txt\", \"" + precious +
+                                                           "a.txt\", \"x/../../precious/a.txt\", \"\", \"./\", 7]}"));
     CRunFolder folder;
     QCOMPARE(folder.open(place.filePath("out"), false), QString());
     QCOMPARE(folder.begin({}, {}), QString());

@@ -124,6 +124,8 @@ void tst_Chain::sinksThatWouldMix()
     QCOMPARE(findClash({chain("a", {"x", "y"}), chain("b", {"z"})}), QString());
     QCOMPARE(findClash({chain("a", {"x", "y"}), chain("b", {"z", "y"})}),
              QStringLiteral("the sink 'y' is in 'a' and in 'b': their files would mix"));
+    QCOMPARE(findClash({chain("a", {"x"}), chain("a", {"x"})}),
+             QStringLiteral("the sink 'x' is in 'a' and in 'a': their files would mix"));
 }
 
 QTEST_GUILESS_MAIN(tst_Chain)

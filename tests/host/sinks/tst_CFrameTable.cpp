@@ -14,7 +14,7 @@ using namespace Host;
 
 namespace {
 
-const char header[] = "file,frame,timestamp_ns,grabbed_utc";
+const char header[] = "file,frame,timestamp_ns,grabbed_utc,source";
 
 } // namespace
 
@@ -24,6 +24,7 @@ class tst_CFrameTable : public QObject
 
 private Q_SLOTS:
     void lineForEachFrame();
+    void sourceOfAFrame();
     void eachFolderHasItsOwn();
     void failureNamesTheTable();
 };
@@ -37,10 +38,28 @@ void tst_CFrameTable::lineForEachFrame()
     const QStringList lines = QString(content(folder.filePath(CFrameTable::fileName()))).split('\n');
     QCOMPARE(lines.size(), 4);
     QCOMPARE(lines[0], QString(header));
-    const QRegularExpression row(
-        QRegularExpression::anchoredPattern(R"(b\.png,5,0,\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{6}Z)"));
+    static const QRegularExpression row(
+        QRegularExpression::anchoredPattern(R"(b\.png,5,0,\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{6}Z,)"));
     QVERIFY2(row.match(lines[2]).hasMatch(), qPrintable(lines[2]));
     QCOMPARE(lines[3], QString());
+}
+
+void tst_CFrameTable::sourceOfAFrame()
+{
+    const QTemporaryDir folder;
+    CFrameTable table;
+    int rows = 0;
+    const auto row = [&](const QString& source) {
+        SFrameInfo info;
+        info.source = source;
+        const CGrabResultData data(Veltra::CGrabResultPtr(), info);
+        if (!table.add(folder.filePath("a.png"), data).isEmpty())
+            return QString();
+        return QString(content(folder.filePath(CFrameTable::fileName()))).split('\n').value(++rows);
+    };
+    QVERIFY(row("shots/a.png").endsWith("Z,shots/a.png"));
+    QVERIFY(row("a.avi#12").endsWith("Z,a.avi#12"));
+    QVERIFY(row("a, \"b\".png").endsWith(R"(Z,"a, ""b"".png")"));
 }
 
 void tst_CFrameTable::eachFolderHasItsOwn()

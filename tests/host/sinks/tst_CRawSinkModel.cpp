@@ -67,16 +67,16 @@ void tst_CRawSinkModel::bytesAreAsTheyCame()
              std::vector<QString>({folder.filePath("frame-000000.raw"), folder.filePath("frame-000002.raw")}));
     QCOMPARE(content(folder.filePath("frame-000002.raw")), bytes());
     const QJsonObject format = QJsonDocument::fromJson(content(folder.filePath("frame-000002.json"))).object();
-    const QJsonObject expected{{"width", 3},   {"height", 2},
-                               {"stride", 10}, {"pixel_format", "Mono12"},
-                               {"bits", 12},   {"byte_order", "little-endian"},
-                               {"frame", 4711}};
+    const QJsonObject expected{{"width", 3},    {"height", 2},
+                               {"stride", 10},  {"pixel_format", "Mono12"},
+                               {"bits", 12},    {"byte_order", "little-endian"},
+                               {"frame", 4711}, {"source", QJsonValue()}};
     QCOMPARE(format, expected);
     const QList<QByteArray> table = content(folder.filePath("frames.csv")).split('\n');
     QCOMPARE(table.size(), 4);
-    QCOMPARE(table.at(0), QByteArray("file,frame,timestamp_ns,grabbed_utc"));
+    QCOMPARE(table.at(0), QByteArray("file,frame,timestamp_ns,grabbed_utc,source"));
     QVERIFY2(table.at(2).startsWith("frame-000002.raw,4711,18446744073709551615,20"), table.at(2).constData());
-    QVERIFY(table.at(2).endsWith('Z'));
+    QVERIFY(table.at(2).endsWith("Z,"));
 }
 
 void tst_CRawSinkModel::formatWithoutANumber()

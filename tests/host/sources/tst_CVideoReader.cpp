@@ -37,6 +37,7 @@ void tst_CVideoReader::imagesWithTheirTimes()
             QCOMPARE(video->read(&image, &error), ERead::Image);
             QCOMPARE(image.type(), CV_8UC3);
             QVERIFY(std::abs(int(image.at<cv::Vec3b>(0, 0)[0]) - 8 * i) < 6);
+            QCOMPARE(video->origin(), QStringLiteral("%1#%2").arg(name).arg(i));
             QCOMPARE(video->timestampNs().value_or(0) / 1000000, quint64(40 * i));
         }
         cv::Mat none;
