@@ -45,9 +45,16 @@ QString featureLines(const SFeature& feature, int nameWidth, int width)
         QString(indent, QLatin1Char(' ')) + feature.name.leftJustified(nameWidth + gap) + value + QLatin1String("  ");
     const int column = indent + nameWidth + gap + valueColumns + gap;
     // On a narrow terminal, or behind a long value, little would be left of the line.
-    if (width - column < leastTaken || line.size() > column)
-        return line.trimmed().prepend(QStringLiteral("  ")) + QLatin1Char('\n') +
-               wrapped(takenBy(feature), width, below);
+    if (width - column < leastTaken || line.size() > column) {
+        const QString taken = takenBy(feature);
+        // Where the longest name leaves too little, each goes by its own length.
+        for (const QString& first : {line.trimmed(), feature.name + QLatin1String("  ") + value}) {
+            if (indent + first.size() <= width)
+                return QString(indent, QLatin1Char(' ')) + first + QLatin1Char('\n') + wrapped(taken, width, below);
+        }
+        return QString(indent, QLatin1Char(' ')) + feature.name + QLatin1Char('\n') +
+               wrapped(value + QLatin1String("  ") + taken, width, below);
+    }
     return line.leftJustified(column) + wrapped(takenBy(feature), width, column).mid(column);
 }
 

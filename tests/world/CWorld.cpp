@@ -179,7 +179,8 @@ void CWorld::onReceived(const void* model, int value, int port)
             if (!node.nodeDataModel() || dynamic_cast<const void*>(node.nodeDataModel()) != model)
                 continue;
             m_received.push_back({m_witness.numberOf(&node), port, value});
-            if (value != -1 && node.nodeState().connections(ENodePortType::In, port).empty())
+            // One that was taken out, but is kept alive, is served to the end of the walk that it stood in.
+            if (value != -1 && kept.empty() && node.nodeState().connections(ENodePortType::In, port).empty())
                 m_witness.complain("data comes to a port that no connection leads to");
         }
     }

@@ -178,7 +178,7 @@ void tst_GigECamera::programDoesNotWaitForEver()
 void tst_GigECamera::noWholeFrame_data()
 {
     addColumns<int, QString, QStringList, bool>({"lostPerThousand", "begin", "attempts", "hasFrames"});
-    // Hardly any of the 190 packets of a frame, but never all of them.
+    // Without a frame there is no table. Hardly any of the 190 packets of a frame, but never all of them.
     addRow("incomplete frames", 300, "camera '127.0.0.1' gave no whole frame for 2 s, ",
            QStringList{"GevSCPSPacketSize", "--buffers"}, true);
     addRow("nothing", 1000, "camera '127.0.0.1' sends nothing: no frame for 2 s; ",
@@ -198,8 +198,9 @@ void tst_GigECamera::noWholeFrame()
     QVERIFY2(said.startsWith("halvex-host: " + begin), qPrintable(said));
     for (const QString& attempt : attempts)
         QVERIFY2(said.contains(attempt), qPrintable(said));
-    QCOMPARE(program.completeFrames(), 0);
-    QTEST(program.incompleteFrames() > 0, "hasFrames");
+    QFETCH(bool, hasFrames);
+    QCOMPARE(program.completeFrames(), hasFrames ? 0 : -1);
+    QCOMPARE(program.incompleteFrames() > 0, hasFrames);
 }
 
 void tst_GigECamera::endsAsAskedWithoutAWholeFrame()
