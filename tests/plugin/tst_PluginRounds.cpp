@@ -54,7 +54,8 @@ void readParameterTypes(const QObject& object)
 QByteArrayList threads()
 {
     QByteArrayList names;
-    for (const QString& thread : QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+    const QStringList tasks = QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    for (const QString& thread : tasks) {
         QFile name(QStringLiteral("/proc/self/task/%1/comm").arg(thread));
         if (name.open(QIODevice::ReadOnly)) // else it has ended meanwhile
             names << name.readAll().trimmed();

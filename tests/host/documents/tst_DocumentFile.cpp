@@ -63,7 +63,8 @@ void tst_DocumentFile::documentThatIsNoGraph()
     const QStringList lines = unreadableText(read()).split('\n');
     QCOMPARE(m_error, QString());
     QCOMPARE(lines.value(0), QStringLiteral("cannot read '%1': it has %2 errors:").arg(m_file).arg(lines.size() - 1));
-    for (const QString& line : lines.mid(1))
+    const QStringList errors = lines.mid(1);
+    for (const QString& line : errors)
         QVERIFY2(line.startsWith(m_file + ":"), qPrintable(line));
 }
 

@@ -148,7 +148,7 @@ void tst_CFlowMeter::ratesHaveOneTimeBase()
     for (int i = 0; i < 11; ++i)
         fork.send(frameData());
     // They came at once, but the camera took ten seconds for them.
-    for (const std::size_t node : {0, 1, 2, 3})
+    for (std::size_t node = 0; node < 4; ++node)
         QCOMPARE(fork.meter->report(node, 10s).framesPerSecond.value_or(0), 1.0);
 }
 
