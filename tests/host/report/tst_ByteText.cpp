@@ -27,8 +27,8 @@ void tst_ByteText::units()
 void tst_ByteText::whereTheUnitChanges()
 {
     QCOMPARE(byteText(10 * 1024 - 1), QStringLiteral("10239 bytes"));
-    QCOMPARE(byteText(10 * 1024), QStringLiteral("10 KiB"));
-    QCOMPARE(byteText(1024 * 1024), QStringLiteral("1.0 MiB"));
+    QCOMPARE(byteText(quint64(10) * 1024), QStringLiteral("10 KiB"));
+    QCOMPARE(byteText(quint64(1024) * 1024), QStringLiteral("1.0 MiB"));
 }
 
 QTEST_GUILESS_MAIN(tst_ByteText)

@@ -42,7 +42,7 @@ struct SFork
     }
 
     // Goes through the graph at once: the way of a frame into it is an event of this thread.
-    void send(const CNodeDataPtr& data)
+    void send(const CNodeDataPtr& data) const
     {
         dynamic_cast<ASourceNodeDataModel&>(*camera.nodeDataModel()).getDataFlowProxy()->setData(data);
         QCoreApplication::processEvents();
