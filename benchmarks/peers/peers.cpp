@@ -35,12 +35,5 @@ void registerPeers(CRatioTable& table)
                filtersInWorkers,
                {addFilters<CGStreamerFilters>("filters/GStreamer")},
                1});
-    table.add({work + "oneTBB's flow graph beside the thread that takes the results",
-               filtersInWorkers,
-               {addFilters<CTbbFiltersBeside>("filters/oneTBB beside the thread")},
-               1});
-    table.add({work + "oneTBB's flow graph in that thread and one more",
-               filtersInWorkers,
-               {addFilters<CTbbFilters>("filters/oneTBB in the thread")},
-               1});
+    table.add({work + "oneTBB's flow graph", filtersInWorkers, {addFilters<CTbbFilters>("filters/oneTBB")}, 1});
 }
