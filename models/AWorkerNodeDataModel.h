@@ -137,7 +137,8 @@ public:
     void setParallelism(int frames);
 
     /// Where frames are worked on from now on: Qt's global pool if \a pool is null. The host owns the pool, and keeps
-    /// it until the model is gone.
+    /// it until the model is gone. It does not destroy the pool while the plugin is being unloaded, which waits for the
+    /// pool's threads.
     void setThreadPool(QThreadPool* pool);
 
     /// What became of the frames so far; all numbers are of one moment.

@@ -11,7 +11,6 @@
 #include <QWaitCondition>
 
 #include <algorithm>
-#include <utility>
 #include <vector>
 
 namespace Plugin::Halvex::RemovedWork {
@@ -78,7 +77,7 @@ void waitForThreads(unsigned long milliseconds)
     {
         SCount& all = theCount();
         const QMutexLocker lock(&all.mutex);
-        pools = std::exchange(all.pools, {});
+        pools = all.pools; // which another plugin in this process may wait for as well
     }
     for (const auto& pool : pools) {
         if (pool)

@@ -13,11 +13,12 @@ namespace RemovedWork {
 void begin(int count);
 void end();
 
-/// Whether there is none any more, within so many milliseconds. What is left then of its threads' way back into the
-/// pool is code of this library alone.
+/// Whether there is none any more, within so many milliseconds. A thread that did the work may still be running code of
+/// this library then: see waitForThreads().
 bool wait(unsigned long milliseconds);
 
-/// Notes that the threads of \a pool run code of this library.
+/// Notes that the threads of \a pool run code of this library. It may be destroyed at any time but during
+/// waitForThreads().
 void addPool(QThreadPool& pool);
 
 /// Waits until the threads of all pools that were added are back in Qt's code, at most so many milliseconds: other work

@@ -49,6 +49,28 @@ struct SHost
     bool initialized = false;
 };
 
+/// Lets \a work end a little after the plugin has begun to go.
+class COpener
+{
+public:
+    explicit COpener(const CGatedWork& work)
+        : m_thread([this, &work] {
+            waitUntil("the plugin goes", [this] { return m_isLeaving.load(); });
+            QThread::msleep(1); // time to leave it, if it does not wait
+            work.open(1);
+        })
+    {
+    }
+    ~COpener() { m_thread.join(); }
+    Q_DISABLE_COPY(COpener)
+
+    void expectThePluginToGo() { m_isLeaving = true; }
+
+private:
+    std::atomic<bool> m_isLeaving{false};
+    CTestThread m_thread;
+};
+
 } // namespace
 
 class tst_CHalvexPlugin : public QObject
@@ -166,12 +188,7 @@ void tst_CHalvexPlugin::serviceGoesWithThePlugin()
 void tst_CHalvexPlugin::waitsForTheWorkOfItsModels()
 {
     const CGatedWork work;
-    std::atomic<bool> isLeaving{false};
-    CTestThread opener([&] {
-        waitUntil("the plugin goes", [&isLeaving] { return isLeaving.load(); });
-        QThread::msleep(1); // time to leave it, if it does not wait
-        work.open(1);
-    });
+    COpener opener(work);
     {
         SHost host;
         host.nodes().addNode(makeSource(), {});
@@ -182,10 +199,9 @@ void tst_CHalvexPlugin::waitsForTheWorkOfItsModels()
         worker.send(1);
         work.waitForBegin();
         host.plugin.uninitialize(host.manager);
-        isLeaving = true;
+        opener.expectThePluginToGo();
     }
     QVERIFY(AWorkerNodeDataModel::waitForRemovedWork(0));
-    opener.join();
 }
 
 // A thread that has done the work of a model that is gone may still be on its way out of the library: only a pool at
@@ -197,20 +213,17 @@ void tst_CHalvexPlugin::waitsForTheThreadsThatItsModelsUsed()
     CWorkerModel elsewhere;
     elsewhere.setThreadPool(&pool);
     elsewhere.setWork(work);
-    elsewhere.send(1);
-    work.waitForBegin();
-    std::atomic<bool> isLeaving{false};
-    CTestThread opener([&] {
-        waitUntil("the plugin goes", [&isLeaving] { return isLeaving.load(); });
-        QThread::msleep(1); // time to leave it, if it does not wait
-        work.open(1);
-    });
-    {
-        SHost host;
-        isLeaving = true;
+    for (int plugin = 1; plugin <= 2; ++plugin) { // the first one leaves the pool to the second
+        elsewhere.send(1);
+        work.waitForBegin();
+        COpener opener(work);
+        {
+            SHost host;
+            opener.expectThePluginToGo();
+        }
+        QCOMPARE(pool.activeThreadCount(), 0);
+        QTRY_COMPARE(elsewhere.statistics().pending, 0); // what has run is used for the next frame
     }
-    QCOMPARE(pool.activeThreadCount(), 0);
-    opener.join();
 }
 
 void tst_CHalvexPlugin::isWithoutAServiceAfterUninitialize()

@@ -180,7 +180,12 @@ void CWorld::onReceived(const void* model, int value, int port)
                 continue;
             m_received.push_back({m_witness.numberOf(&node), port, value});
             // One that was taken out, but is kept alive, is served to the end of the walk that it stood in.
-            if (value != -1 && kept.empty() && node.nodeState().connections(ENodePortType::In, port).empty())
+            const auto leadsHere = [&node, port](const std::shared_ptr<CNodeConnection>& connection) {
+                return connection->getNode(ENodePortType::In) == &node &&
+                       connection->getPortIndex(ENodePortType::In) == port;
+            };
+            if (value != -1 && node.nodeState().connections(ENodePortType::In, port).empty() &&
+                std::none_of(kept.cbegin(), kept.cend(), leadsHere))
                 m_witness.complain("data comes to a port that no connection leads to");
         }
     }
