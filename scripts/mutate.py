@@ -25,6 +25,7 @@ text, any other verdict as long as the tests are the same too. Needs what script
 import argparse
 import collections
 import dataclasses
+import hashlib
 import itertools
 import json
 import os
@@ -257,6 +258,12 @@ def read_library(root):
     return mutants, reasons
 
 
+def tests_of(root):
+    """Names the text of all tests that judge mutants: those of the host are not among them."""
+    entries = committed(root, "ls-tree", "HEAD:tests").splitlines()
+    return hashlib.sha1("".join(entry for entry in entries if not entry.endswith("\thost")).encode()).hexdigest()
+
+
 class Running:
     """A test that runs, with all that it starts."""
 
@@ -394,7 +401,7 @@ def judge_all(root, preset, mutants, jobs):
     """Verdicts by mutant. Those that an earlier run has found are not asked for again."""
     file = root / "out" / "mutants" / f"{preset}.jsonl"
     file.parent.mkdir(parents=True, exist_ok=True)
-    tests = committed(root, "rev-parse", "HEAD:tests")
+    tests = tests_of(root)
     lines = file.read_text().splitlines() if file.exists() else []
     entries = [json.loads(line) for line in lines if line.endswith("}")]  # the last one may be cut
     known = {entry["mutant"]: entry["verdict"] for entry in entries
