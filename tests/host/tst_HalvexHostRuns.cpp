@@ -36,6 +36,8 @@ private Q_SLOTS:
     void loopThroughAFilter();
     void endsAfterATime();
     void settingsOfModels();
+    void rateOfADecouplerIsWhatItDoes_data();
+    void rateOfADecouplerIsWhatItDoes();
     void settingsWhileItRuns();
     void featuresOfTheCamera();
     void refused_data();
@@ -140,6 +142,32 @@ void tst_HalvexHostRuns::settingsOfModels()
         QVERIFY2(saved.contains(setting), setting);
 }
 
+void tst_HalvexHostRuns::rateOfADecouplerIsWhatItDoes_data()
+{
+    QTest::addColumn<QString>("rate");
+    for (const char* rate : {"0", "-2", "nan"})
+        QTest::newRow(rate) << QString(rate);
+}
+
+void tst_HalvexHostRuns::rateOfADecouplerIsWhatItDoes()
+{
+    QFETCH(QString, rate);
+    const QString line = QStringLiteral("\nRate of [1] Decoupler for VGR: at most 25 frames per second, although it is "
+                                        "set to %1\n")
+                             .arg(rate);
+    CHostProgram program;
+    QCOMPARE(program.run({"--frames", "2", "--set", QStringLiteral("preview.framesPerSecond=%1").arg(rate)}), 0);
+    QVERIFY2(program.output().contains(line), qPrintable(program.output()));
+
+    program.start({"run", "--frames", "0"});
+    program.process().write(QStringLiteral("set preview.framesPerSecond=%1\nstop\n").arg(rate).toUtf8());
+    QVERIFY(program.waitForError(QStringLiteral("'stop'")));
+    QVERIFY2(!program.errorLines().join('\n').contains("framesPerSecond"), qPrintable(program.errorLines().join('\n')));
+    program.process().terminate();
+    QVERIFY(program.waitForEnd());
+    QVERIFY2(program.output().contains(line), qPrintable(program.output()));
+}
+
 void tst_HalvexHostRuns::settingsWhileItRuns()
 {
     CHostProgram program;
@@ -169,10 +197,8 @@ void tst_HalvexHostRuns::refused_data()
     };
     row({"--set", "blur.size=8"}, "--set blur.size=8: 'size' takes int, 1 to 99, odd, not '8'");
     row({"--set", "blur.mostWaiting=0"}, "--set blur.mostWaiting=0: 'mostWaiting' takes int, from 1, not '0'");
-    for (const char* rate : {"0", "-2", "nan"}) {
-        const QByteArray set = QByteArray("preview.framesPerSecond=") + rate;
-        row({"--set", set}, "--set " + set + ": 'framesPerSecond' takes double, above 0, not '" + rate + '\'');
-    }
+    row({"--set", "preview.framesPerSecond=fast"},
+        "--set preview.framesPerSecond=fast: 'framesPerSecond' takes double, not 'fast'");
     row({"--set", "frames.sinkName=a/b"}, "--set frames.sinkName=a/b: the sink's name 'a/b' makes no folder");
     row({"--set", "blurr.size=9"}, "--set blurr.size=9: no node is called 'blurr'; did you mean 'blur'?");
     row({"--camera-set", "Widht=9"}, "camera 'fake': it has no feature 'Widht'; did you mean 'Width'?");
