@@ -10,6 +10,7 @@
 #include "host/commands/CommandWords.h"
 #include "host/commands/Completion.h"
 #include "host/commands/ManPage.h"
+#include "host/report/Terminal.h"
 #include "host/run/Output.h"
 #include "host/run/PrintResult.h"
 
@@ -165,7 +166,7 @@ void addPluginsOption(CLI::App& command, std::string* folder)
 int readArguments(const QStringList& arguments, Action* action)
 {
     CLI::App program("Streams the frames of cameras through Halvex graphs.");
-    program.formatter(std::make_shared<CHelpFormatter>());
+    program.formatter(std::make_shared<CHelpFormatter>(columnsOf(stdout)));
     program.footer(footer());
     program.set_version_flag("--version", std::string(HALVEX_VERSION_STR), "Print the version and exit.");
     program.set_help_flag("-h,--help", "Print this help and exit.");

@@ -51,7 +51,9 @@ void tst_HalvexHostTerminal::linesFit_data()
     QTest::addColumn<int>("columns");
     for (const char* command :
          {"run --frames 3", "run --frames 3 --camera fake-1 --camera fake-2", "models", "models Blur",
-          "models 'PNG Sink'", "cameras", "cameras fake", "cameras fake --test 300ms", "plugins"}) {
+          "models 'PNG Sink'", "cameras", "cameras fake", "cameras fake --test 300ms", "plugins", "--help",
+          "run --help", "check --help", "draw --help", "compare --help", "convert --help", "models --help",
+          "cameras --help", "plugins --help"}) {
         for (const int columns : {40, 80, 200})
             QTest::newRow(qPrintable(QStringLiteral("%1 at %2").arg(command).arg(columns)))
                 << QString(command) << columns;
