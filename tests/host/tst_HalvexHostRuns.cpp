@@ -134,8 +134,8 @@ void tst_HalvexHostRuns::settingsOfModels()
 {
     CHostProgram program;
     const QString scene = program.file("scene.json");
-    QCOMPARE(program.run({"--frames", "1", "--set", "blur.size=9", "--set", "blur.method=Median", "--set",
-                          "preview.framesPerSecond=50", "--save", scene}),
+    QCOMPARE(program.run({"--frames", "1", "--set", "blur.size=3", "--set", "blur.size=9", "--set",
+                          "blur.method=Median", "--set", "preview.framesPerSecond=50", "--save", scene}),
              0);
     const QByteArray saved = content(scene);
     for (const char* setting : {"\"size\": 9", "\"method\": \"Median\"", "\"frames_per_second\": 50"})
@@ -184,7 +184,9 @@ void tst_HalvexHostRuns::settingsWhileItRuns()
 void tst_HalvexHostRuns::featuresOfTheCamera()
 {
     CHostProgram program;
-    QCOMPARE(program.run({"--frames", "1", "--camera-set", "Width=128", "--camera-set", "PixelFormat=RGB8"}), 0);
+    QCOMPARE(program.run({"--frames", "1", "--camera-set", "Width=64", "--camera-set", "Width=128", "--camera-set",
+                          "PixelFormat=RGB8"}),
+             0);
     QVERIFY2(program.output().contains("(fake), 128 x 512 RGB8\n"), qPrintable(program.output()));
 }
 
@@ -206,6 +208,15 @@ void tst_HalvexHostRuns::refused_data()
     row({"--camera-set", "SensorWidth=9"}, "camera 'fake': the feature 'SensorWidth' cannot be written now");
     row({"--camera-set", "TriggerMode=Of"},
         "camera 'fake': the feature 'TriggerMode' takes one of Off, On, not 'Of'; did you mean 'Off'?");
+    // Each value that is wrong, once, though others are right and there are two cameras.
+    row({"--camera", "fake-1", "--camera", "fake-2", "--set", "blur.size=x", "--set", "blur.size=3", "--set",
+         "nix.size=3", "--set", "blur.size=8"},
+        "--set blur.size=x: 'size' takes int, 1 to 99, odd, not 'x'\n"
+        "--set nix.size=3: no node is called 'nix'\n"
+        "--set blur.size=8: 'size' takes int, 1 to 99, odd, not '8'");
+    row({"--camera-set", "Width=x", "--camera-set", "Width=64", "--camera-set", "Width=0"},
+        "camera 'fake': the feature 'Width' takes integer, 1 to 2048, not 'x'\n"
+        "camera 'fake': the feature 'Width' takes integer, 1 to 2048, not '0'");
 }
 
 void tst_HalvexHostRuns::refused()
