@@ -210,7 +210,7 @@ QString CAravisCamera::description() const
 
 QString CAravisCamera::stallText(const QString& time, bool isSilent, const SGrabStatistics& before) const
 {
-    return cameraStallText(m_options.address, time, isSilent, before);
+    return cameraStallText(m_options.address, time, isSilent, arv_camera_is_uv_device(m_camera.get()), before);
 }
 
 void CAravisCamera::stop()
