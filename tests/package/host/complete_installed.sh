@@ -19,6 +19,7 @@ compopt() {
 
 # What is offered for the last word of a command line; FILES stands for the names of files, which bash adds.
 offered() {
+    trap - ERR # that the program wants names of files is no failure
     files=
     COMP_WORDS=(halvex-host "$@")
     COMP_CWORD=$#
