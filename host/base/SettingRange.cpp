@@ -4,12 +4,9 @@
 #include "host/base/SettingRange.h"
 
 #include <Halvex/models/AWorkerNodeDataModel.h>
-#include <Halvex/models/CNodeDecouplerDataModelBase.h>
 
 #include <QMetaClassInfo>
 #include <QRegularExpression>
-
-#include <cmath>
 
 namespace Host {
 
@@ -27,13 +24,10 @@ QString rangeInLibrary(const QMetaProperty& property)
     // The library has no upper bound. More than that is a slip of the hand: no machine has as many cores.
     if (owner == &AWorkerNodeDataModel::staticMetaObject && name == QLatin1String("parallelism"))
         return QStringLiteral("1..1024");
-    // Any other rate is kept, but the timer goes on with the one before.
-    if (owner == &CNodeDecouplerDataModelBase::staticMetaObject && name == QLatin1String("framesPerSecond"))
-        return QStringLiteral(">0");
     return {};
 }
 
-// As it is written: "1..99, odd", "1..", ">0".
+// As it is written: "1..99, odd", "1..".
 QString writtenRange(const QObject& model, const QMetaProperty& property)
 {
     const QMetaObject& meta = *model.metaObject();
@@ -46,8 +40,6 @@ QString writtenRange(const QObject& model, const QMetaProperty& property)
 QString rangeOf(const QObject& model, const QMetaProperty& property)
 {
     QString range = writtenRange(model, property);
-    if (range.startsWith(QLatin1Char('>')))
-        return QStringLiteral("above ") + range.mid(1);
     if (range.endsWith(QLatin1String("..")))
         return QStringLiteral("from ") + range.left(range.size() - 2);
     return range.replace(QLatin1String(".."), QLatin1String(" to "));
@@ -55,13 +47,12 @@ QString rangeOf(const QObject& model, const QMetaProperty& property)
 
 bool isInRange(const QObject& model, const QMetaProperty& property, double value)
 {
-    static const QRegularExpression bounds(QStringLiteral(R"(^(>?)(-?\d+(?:\.\d+)?)(?:\.\.(-?\d+(?:\.\d+)?)?)?)"));
+    static const QRegularExpression bounds(QStringLiteral(R"(^(-?\d+(?:\.\d+)?)(?:\.\.(-?\d+(?:\.\d+)?)?)?)"));
     const auto match = bounds.match(writtenRange(model, property));
     if (!match.hasMatch())
         return true;
-    const double least = match.captured(2).toDouble();
-    const bool isLarge = match.captured(1).isEmpty() ? value >= least : value > least;
-    return isLarge && std::isfinite(value) && (match.captured(3).isEmpty() || value <= match.captured(3).toDouble());
+    return value >= match.captured(1).toDouble() &&
+           (match.captured(2).isEmpty() || value <= match.captured(2).toDouble());
 }
 
 } // namespace Host

@@ -10,8 +10,8 @@ class QObject;
 
 namespace Host {
 
-/// The numbers that a setting of \a model takes, to be read behind its type: "1 to 99, odd", "from 1", "above 0". The
-/// class information of the model says it, see AImageFilterModel; of settings that the library's own models have it is
+/// The numbers that a setting of \a model takes, to be read behind its type: "1 to 99, odd", "from 1". The class
+/// information of the model says it, see AImageFilterModel; of settings that the library's own models have it is
 /// known here. Empty when nobody says.
 QString rangeOf(const QObject& model, const QMetaProperty& property);
 

@@ -14,7 +14,8 @@
 
 #include <arv.h>
 
-#include <algorithm>
+#include <QStringList>
+
 #include <cmath>
 
 namespace Host {
@@ -77,8 +78,13 @@ bool CAravisCamera::configure(QString* error)
 bool CAravisCamera::setFeatures(QString* error)
 {
     // After the frame rate, which the library sets together with the trigger: what was asked for by name stays.
-    return std::all_of(m_options.features.begin(), m_options.features.end(),
-                       [&](const auto& feature) { return setFeature(feature.first, feature.second, error); });
+    QStringList errors;
+    for (const auto& [name, value] : m_options.features) {
+        if (!setFeature(name, value, error))
+            errors << *error;
+    }
+    *error = errors.join(QLatin1Char('\n')); // a line for each that is not taken
+    return errors.isEmpty();
 }
 
 bool CAravisCamera::setFeature(const QString& name, const QString& value, QString* error)
@@ -204,7 +210,7 @@ QString CAravisCamera::description() const
 
 QString CAravisCamera::stallText(const QString& time, bool isSilent, const SGrabStatistics& before) const
 {
-    return cameraStallText(m_options.address, time, isSilent, before);
+    return cameraStallText(m_options.address, time, isSilent, arv_camera_is_uv_device(m_camera.get()), before);
 }
 
 void CAravisCamera::stop()

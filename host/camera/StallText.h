@@ -9,7 +9,9 @@
 
 namespace Host {
 
-/// What to say, and to try, when a camera gives no whole frame; see IFrameSource::stallText().
-QString cameraStallText(const QString& camera, const QString& time, bool isSilent, const SGrabStatistics& before);
+/// What to say, and to try, when a camera gives no whole frame; see IFrameSource::stallText(). Over USB there
+/// are no packets to make smaller, and no firewall.
+QString cameraStallText(const QString& camera, const QString& time, bool isSilent, bool isUsb,
+                        const SGrabStatistics& before);
 
 } // namespace Host

@@ -12,6 +12,7 @@
 
 #include <Halvex/graph/CNodeDataModel.h>
 #include <Halvex/graph/DocumentKeys.h>
+#include <Halvex/models/CNodeDecouplerDataModelBase.h>
 
 #include <QHash>
 
@@ -131,7 +132,7 @@ void CSettingsCheck::checkSetting(const SJsonNode& setting)
             QStringLiteral("%1 has no setting %2%3").arg(shown(m_model.name()), shown(setting.key), others));
         return;
     }
-    if (checkType(setting))
+    if (checkType(setting) && checkRate(setting))
         checkValue(setting);
 }
 
@@ -147,6 +148,19 @@ bool CSettingsCheck::checkType(const SJsonNode& setting)
     const QString hint = meant.isNull() ? QString() : QStringLiteral("; did you mean %1?").arg(shown(meant));
     m_faults.addError(EFaultRule::Setting, setting,
                       QStringLiteral("%1, where %2 belongs%3").arg(description(setting), belongs, hint));
+    return false;
+}
+
+// A decoupler keeps any rate, but its timer follows none but these. In a document, where nobody sees what it does
+// instead, that is a mistake; a run tells it of a rate that it is given.
+bool CSettingsCheck::checkRate(const SJsonNode& setting)
+{
+    const bool isRate =
+        setting.key == DocumentKeys::framesPerSecond && qobject_cast<CNodeDecouplerDataModelBase*>(&m_model) != nullptr;
+    if (!isRate || setting.scalar.toDouble() > 0)
+        return true;
+    m_faults.addError(EFaultRule::Setting, setting,
+                      QStringLiteral("%1, where a rate above 0 belongs").arg(description(setting)));
     return false;
 }
 

@@ -41,6 +41,7 @@ private:
     void checkSettings();
     void checkSetting(const SJsonNode& setting);
     bool checkType(const SJsonNode& setting);
+    bool checkRate(const SJsonNode& setting);
     void checkValue(const SJsonNode& setting);
     QJsonValue present(const QString& key) const;
     QStringList settingNames() const;

@@ -51,8 +51,7 @@ void CRunArguments::declareSources(CLI::App& command)
                     "Frames per second (default: 200 for fake cameras, else as the camera is set; files as fast as "
                     "they come).")
         ->type_name("N");
-    command.add_option("--pixel-format", m_pixelFormat, "GenICam name, e.g. RGB8 (default: as the camera is set).")
-        ->type_name("NAME");
+    addPixelFormatOption(command, &m_pixelFormat);
     m_sources.declare(command);
     command
         .add_option("--load", m_load,
@@ -75,7 +74,7 @@ void CRunArguments::declareSources(CLI::App& command)
         ->expected(1)
         ->allow_extra_args(false)
         ->take_all();
-    command.add_option("--buffers", m_buffers, "Frames that may be in flight at once (default: 16).")->type_name("N");
+    addBuffersOption(command, &m_buffers);
     addPluginsOption(command, &m_plugins);
 }
 

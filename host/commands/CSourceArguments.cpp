@@ -4,6 +4,7 @@
 #include "host/commands/CSourceArguments.h"
 
 #include "host/commands/ArgumentValues.h"
+#include "host/commands/Commands.h"
 #include "host/sources/CImageFiles.h"
 
 #include <CLI/CLI.hpp>
@@ -38,10 +39,7 @@ void CSourceArguments::declare(CLI::App& command)
     command.add_flag("--reconnect", m_reconnect,
                      "Wait for a camera that has gone, and go on when it comes back: for 60s each time, or as long as "
                      "--reconnect=TIME says.");
-    command
-        .add_option("--resend", m_resend,
-                    "Whether a GigE Vision camera is asked for lost packets again: on (default) or off.")
-        ->type_name("on|off");
+    addResendOption(command, &m_resend);
 }
 
 void CSourceArguments::readHandling(SCameraOptions* camera) const

@@ -37,9 +37,10 @@ struct SCamerasArguments
     bool isJson = false;
 };
 
-int print(const QJsonArray& array)
+// One of them.
+int print(bool isJson, const QJsonArray& array, const QString& text)
 {
-    return printResult(QString::fromUtf8(QJsonDocument(array).toJson()));
+    return printResult(isJson ? QString::fromUtf8(QJsonDocument(array).toJson()) : text);
 }
 
 int listCameras(bool isJson)
@@ -54,9 +55,7 @@ int listCameras(bool isJson)
                                  {"serial_number", camera.serialNumber},
                                  {"protocol", camera.protocol}});
     }
-    if (isJson)
-        return print(array);
-    return printResult(table.text(columnsOf(stdout), takesColors(stdout)));
+    return print(isJson, array, table.text(columnsOf(stdout), takesColors(stdout)));
 }
 
 int showFeatures(const QString& id, bool isJson)
@@ -68,9 +67,7 @@ int showFeatures(const QString& id, bool isJson)
         return Refused;
     }
     const std::vector<SFeature> features = CFeatures(device.get()).all();
-    if (isJson)
-        return print(featureJson(features));
-    return printResult(featureText(features, columnsOf(stdout), takesColors(stdout)));
+    return print(isJson, featureJson(features), featureText(features, columnsOf(stdout), takesColors(stdout)));
 }
 
 void declare(CLI::App& command, SCamerasArguments* arguments)
@@ -88,25 +85,15 @@ void declare(CLI::App& command, SCamerasArguments* arguments)
     command.add_option("--fps", arguments->rate, "Frames per second (default: as the camera is set).")
         ->type_name("N")
         ->group(group);
-    command
-        .add_option("--pixel-format", arguments->pixelFormat,
-                    "GenICam name, e.g. RGB8 (default: as the camera is set).")
-        ->type_name("NAME")
-        ->group(group);
+    addPixelFormatOption(command, &arguments->pixelFormat).group(group);
     command.add_option("--camera-set", arguments->features, "Set a feature before. May be given several times.")
         ->type_name("Feature=value")
         ->expected(1)
         ->allow_extra_args(false)
         ->take_all()
         ->group(group);
-    command.add_option("--buffers", arguments->buffers, "Frames that may be in flight at once (default: 16).")
-        ->type_name("N")
-        ->group(group);
-    command
-        .add_option("--resend", arguments->resend,
-                    "Whether a GigE Vision camera is asked for lost packets again: on (default) or off.")
-        ->type_name("on|off")
-        ->group(group);
+    addBuffersOption(command, &arguments->buffers).group(group);
+    addResendOption(command, &arguments->resend).group(group);
 }
 
 Action actionFor(const SCamerasArguments& arguments)

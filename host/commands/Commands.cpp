@@ -10,6 +10,7 @@
 #include "host/commands/CommandWords.h"
 #include "host/commands/Completion.h"
 #include "host/commands/ManPage.h"
+#include "host/report/Terminal.h"
 #include "host/run/Output.h"
 #include "host/run/PrintResult.h"
 
@@ -157,6 +158,26 @@ void addOutputOption(CLI::App& command, std::string* file, const char* what)
         ->type_name("FILE");
 }
 
+CLI::Option& addPixelFormatOption(CLI::App& command, std::string* format)
+{
+    return *command.add_option("--pixel-format", *format, "GenICam name, e.g. RGB8 (default: as the camera is set).")
+                ->type_name("NAME");
+}
+
+CLI::Option& addBuffersOption(CLI::App& command, std::string* count)
+{
+    return *command.add_option("--buffers", *count, "Frames that may be in flight at once (default: 16).")
+                ->type_name("N");
+}
+
+CLI::Option& addResendOption(CLI::App& command, std::string* choice)
+{
+    return *command
+                .add_option("--resend", *choice,
+                            "Whether a GigE Vision camera is asked for lost packets again: on (default) or off.")
+                ->type_name("on|off");
+}
+
 void addPluginsOption(CLI::App& command, std::string* folder)
 {
     command.add_option("--plugins", *folder, "Folder with the plugins (default: the program's own).")->type_name("DIR");
@@ -165,7 +186,7 @@ void addPluginsOption(CLI::App& command, std::string* folder)
 int readArguments(const QStringList& arguments, Action* action)
 {
     CLI::App program("Streams the frames of cameras through Halvex graphs.");
-    program.formatter(std::make_shared<CHelpFormatter>());
+    program.formatter(std::make_shared<CHelpFormatter>(columnsOf(stdout)));
     program.footer(footer());
     program.set_version_flag("--version", std::string(HALVEX_VERSION_STR), "Print the version and exit.");
     program.set_help_flag("-h,--help", "Print this help and exit.");

@@ -56,6 +56,11 @@ CLI::Option& addDocumentArgument(CLI::App& command, const char* name, std::strin
 /// empty.
 void addOutputOption(CLI::App& command, std::string* file, const char* what);
 
+/// Declares --pixel-format NAME, --buffers N and --resend on|off for \a command: what belongs to a camera's stream.
+CLI::Option& addPixelFormatOption(CLI::App& command, std::string* format);
+CLI::Option& addBuffersOption(CLI::App& command, std::string* count);
+CLI::Option& addResendOption(CLI::App& command, std::string* choice);
+
 /// Declares --plugins DIR for \a command.
 void addPluginsOption(CLI::App& command, std::string* folder);
 

@@ -37,7 +37,7 @@ class AImageFilterModel : public Plugin::Halvex::AWorkerNodeDataModel
 {
     Q_OBJECT
     Q_PROPERTY(EPriority priority READ priority WRITE setPriority NOTIFY settingChanged)
-    Q_CLASSINFO("priority.help", "Background works only on cores that nothing else wants, as is right for previews.")
+    Q_CLASSINFO("priority.help", "Background keeps one core free for what is recorded, as is right for previews.")
 
 public:
     enum class EPriority

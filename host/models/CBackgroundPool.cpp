@@ -4,54 +4,17 @@
 #include "host/models/CBackgroundPool.h"
 
 #include <QGlobalStatic>
-#include <QRunnable>
-#include <QSemaphore>
 #include <QThread>
 
-#include <memory>
+#include <algorithm>
 
 namespace Host {
 
-namespace {
-
-struct SGate
-{
-    QSemaphore lowered;
-    QSemaphore open;
-};
-
-// Lowers the thread that runs it, and keeps it until the gate is open.
-class CLowering : public QRunnable
-{
-public:
-    explicit CLowering(std::shared_ptr<SGate> gate)
-        : m_gate(std::move(gate))
-    {
-    }
-
-    void run() override
-    {
-        QThread::currentThread()->setPriority(QThread::IdlePriority);
-        m_gate->lowered.release();
-        m_gate->open.acquire();
-    }
-
-private:
-    std::shared_ptr<SGate> m_gate;
-};
-
-} // namespace
-
-// A pool starts its threads as it needs them and with the priority of whoever needs them. So all are started here, and
-// none ends before the pool does.
+// A low priority instead would free all cores, but also starve the work: next to two busy programs a thread that yields
+// to everything gets some thousandths of a core, and only a privileged process can raise it again for the last frames.
 CBackgroundPool::CBackgroundPool()
 {
-    setExpiryTimeout(-1);
-    const auto gate = std::make_shared<SGate>();
-    for (int i = 0; i < maxThreadCount(); ++i)
-        start(new CLowering(gate));
-    gate->lowered.acquire(maxThreadCount());
-    gate->open.release(maxThreadCount());
+    setMaxThreadCount(std::max(1, QThread::idealThreadCount() - 1));
 }
 
 Q_GLOBAL_STATIC(CBackgroundPool, backgroundPool)

@@ -8,10 +8,11 @@
 namespace Host {
 
 /**
- * A thread for each core that works only while nothing else of the machine wants that core.
+ * A thread for each core but one, which stays free for whoever delivers frames.
  *
- * For what may come late, such as previews: a thread that wakes up to deliver a frame has a core at once, however much
- * is worked on here. On a machine whose cores are all busy with other programs, next to nothing is done here.
+ * For what may come late, such as previews: a thread that wakes up to deliver a frame finds a core that no work of this
+ * pool keeps. On a machine whose cores are all busy with other programs the work gets its fair share, so that it ends.
+ * A machine with one core has none to keep free: there is one thread then.
  *
  * Threads: as QThreadPool. Ownership: that of instance() belongs to the models' plugin, and ends its threads when the
  * plugin is unloaded.

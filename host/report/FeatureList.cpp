@@ -52,7 +52,9 @@ QString featureLines(const SFeature& feature, int nameWidth, int width)
             if (indent + first.size() <= width)
                 return QString(indent, QLatin1Char(' ')) + first + QLatin1Char('\n') + wrapped(taken, width, below);
         }
-        return QString(indent, QLatin1Char(' ')) + feature.name + QLatin1Char('\n') +
+        // Rather no indent than a line that the terminal breaks.
+        const int nameIndent = std::clamp(width - feature.name.size(), 0, indent);
+        return QString(nameIndent, QLatin1Char(' ')) + feature.name + QLatin1Char('\n') +
                wrapped(value + QLatin1String("  ") + taken, width, below);
     }
     return line.leftJustified(column) + wrapped(takenBy(feature), width, column).mid(column);

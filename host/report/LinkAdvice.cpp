@@ -6,6 +6,7 @@
 #include "host/base/Counted.h"
 #include "host/camera/SCameraOptions.h"
 #include "host/report/ByteText.h"
+#include "host/report/LinkCommands.h"
 #include "host/report/SLinkReport.h"
 
 #include <algorithm>
@@ -30,32 +31,12 @@ quint64 drops(const SLinkReport& report)
 
 bool isLossy(const SLinkReport& report)
 {
-    return report.frames.incomplete > 0 || report.packets.missedFrames.value_or(0) > 0;
-}
-
-QString runWith(const SLinkReport& report, const QString& option)
-{
-    return QStringLiteral("halvex-host run --camera %1 %2").arg(report.address, option);
+    return report.frames.incomplete > 0 || report.missedFrames().value_or(0) > 0;
 }
 
 QString runWithPackets(const SLinkReport& report, quint64 bytes)
 {
     return runWith(report, QStringLiteral("--camera-set %1=%2").arg(report.packetSizeFeature).arg(bytes));
-}
-
-QString testAgain(const SLinkReport& report)
-{
-    return QStringLiteral("halvex-host cameras %1 --test 10s").arg(report.address);
-}
-
-// Fewer frames per second than came, whole or not, by a fifth; empty when the camera has no rate to set.
-QString lowerRate(const SLinkReport& report)
-{
-    constexpr double share = 0.8;
-    if (!report.hasFrameRate || report.frames.grabbed == 0 || report.time.count() <= 0)
-        return {};
-    const double rate = double(report.frames.grabbed) * 1000.0 / double(report.time.count());
-    return runWith(report, QStringLiteral("--fps %1").arg(QString::number(rate * share, 'g', 3)));
 }
 
 // A packet size that saves a quarter of the packets or more, if there is one.
@@ -166,7 +147,7 @@ QString resendText(const SLinkReport& report)
 
 Advice onLoss(const SLinkReport& report)
 {
-    if (!isLossy(report) || drops(report) > 0)
+    if (!isLossy(report) || drops(report) > 0 || report.usb.isUsed)
         return {};
     const QString reason = QStringLiteral("Packets got lost between camera and computer.%1 Try another cable or port")
                                .arg(resendText(report));
@@ -196,6 +177,37 @@ Advice onSlowReading(const SLinkReport& report)
                : SLinkAdvice{reason, command};
 }
 
+// Buffers that wait for frames are lent by the kernel. A program that gets none of it hears nothing but silence.
+Advice onSmallUsbMemory(const SLinkReport& report)
+{
+    const quint64 needed = report.frameBytes * quint64(std::max(report.buffers, 0));
+    const bool isShort = isLossy(report) || report.frames.grabbed == 0 || report.frames.underruns > 0;
+    if (!isShort || !report.usb.memoryBytes || *report.usb.memoryBytes >= needed)
+        return {};
+    constexpr quint64 mebi = 1 << 20;
+    quint64 mebibytes = 64;
+    while (mebibytes * mebi < 2 * needed)
+        mebibytes *= 2;
+    return SLinkAdvice{
+        QStringLiteral("The kernel lends %1 to all USB cameras together; %2 of %3 need %4.")
+            .arg(byteText(*report.usb.memoryBytes), counted(quint64(report.buffers), "buffer"),
+                 byteText(report.frameBytes), byteText(needed)),
+        QStringLiteral("echo %1 | sudo tee /sys/module/usbcore/parameters/usbfs_memory_mb").arg(mebibytes)};
+}
+
+Advice onFullUsb(const SLinkReport& report)
+{
+    if (!isLossy(report) || !report.usb.isUsed)
+        return {};
+    const QString reason =
+        QStringLiteral("Frames did not come whole over USB. All devices at a controller share its "
+                       "bandwidth: use a USB 3 port without a hub or other cameras, a shorter cable");
+    const QString command = lowerRate(report);
+    if (command.isEmpty())
+        return SLinkAdvice{reason + QStringLiteral(", and test again."), testAgain(report)};
+    return SLinkAdvice{reason + QStringLiteral(", or fewer frames per second."), command};
+}
+
 Advice onUnderruns(const SLinkReport& report)
 {
     if (report.frames.underruns == 0)
@@ -210,8 +222,9 @@ Advice onUnderruns(const SLinkReport& report)
 std::vector<SLinkAdvice> linkAdvice(const SLinkReport& report)
 {
     constexpr Advice (*rules[])(const SLinkReport&) = {
-        &onNothing,  &onBlockedPackets, &onSmallSocketBuffer, &onFullLink,    &onSmallPackets, &onSmallMtu,
-        &onNoResend, &onLoss,           &onSmallRing,         &onSlowReading, &onUnderruns};
+        &onNothing,  &onBlockedPackets, &onSmallSocketBuffer, &onFullLink,    &onSmallPackets,   &onSmallMtu,
+        &onNoResend, &onLoss,           &onSmallRing,         &onSlowReading, &onSmallUsbMemory, &onFullUsb,
+        &onUnderruns};
     std::vector<SLinkAdvice> advices;
     for (const auto& rule : rules) {
         if (const Advice advice = rule(report))

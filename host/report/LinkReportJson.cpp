@@ -31,7 +31,7 @@ QJsonObject SLinkReport::json() const
     const QJsonObject frameCounts{{"grabbed", double(frames.grabbed)},
                                   {"complete", double(frames.complete)},
                                   {"incomplete", double(frames.incomplete)},
-                                  {"missed", number(packets.missedFrames)},
+                                  {"missed", number(missedFrames())},
                                   {"underruns", double(frames.underruns)}};
     const QJsonObject packetCounts{{"bytes", number(packetBytes)},
                                    {"largest_bytes", number(largestPacketBytes)},
@@ -45,6 +45,7 @@ QJsonObject SLinkReport::json() const
     const QJsonObject linkState{{"interface", link.interface.isEmpty() ? QJsonValue() : QJsonValue(link.interface)},
                                 {"most_packet_bytes", number(link.mtu)},
                                 {"bits_per_second", number(link.bitsPerSecond)}};
+    const QJsonObject usbState{{"memory_bytes", number(usb.memoryBytes)}};
     return {{"address", address},
             {"camera", camera},
             {"seconds", double(time.count()) / 1000.0},
@@ -54,6 +55,7 @@ QJsonObject SLinkReport::json() const
             {"packets", packetCounts},
             {"socket", socketState},
             {"link", linkState},
+            {"usb", usb.isUsed ? QJsonValue(usbState) : QJsonValue()},
             {"sound", isSound()},
             {"advice", adviceJson(*this)}};
 }

@@ -69,7 +69,7 @@ QString framesText(const SLinkReport& report, int width)
                                 .arg(frames.complete)
                                 .arg(frames.incomplete);
     return labelledLine("Frames grabbed", grabbed, width) +
-           labelledLine("Frames missed", number(report.packets.missedFrames), width) +
+           labelledLine("Frames missed", number(report.missedFrames()), width) +
            labelledLine("Underruns", QString::number(frames.underruns), width) +
            labelledLine("Frames per second", rate(report.framesPerSecond(), ""), width) +
            labelledLine("Data rate", rate(bytes ? std::optional<double>(*bytes / mega) : std::nullopt, " MB/s"), width);
@@ -86,6 +86,15 @@ QString packetsText(const SLinkReport& report, int width)
            labelledLine("Sent again", number(packets.sentAgain), width) +
            labelledLine("Socket buffer", socketText(report.socket), width) +
            labelledLine("Kernel drops", number(report.socket.drops), width);
+}
+
+QString usbText(const SUsbLink& usb, int width)
+{
+    const QString memory = usb.memoryBytes
+                               ? QStringLiteral("%1 for all cameras together").arg(byteText(*usb.memoryBytes))
+                               : QStringLiteral("no limit");
+    return labelledLine("Interface", QStringLiteral("USB3 Vision"), width) +
+           labelledLine("Memory for USB", memory, width);
 }
 
 QString adviceText(const SLinkReport& report, int width)
@@ -109,7 +118,8 @@ QString SLinkReport::text(int width, bool isBold) const
 {
     QString text = labelledLine("Camera", camera, width) +
                    labelledLine("Tested for", rate(double(time.count()) / 1000.0, " s"), width) +
-                   framesText(*this, width) + QLatin1Char('\n') + packetsText(*this, width);
+                   framesText(*this, width) + QLatin1Char('\n') +
+                   (usb.isUsed ? usbText(usb, width) : packetsText(*this, width));
     if (packets.missing.value_or(0) > 0)
         text += QLatin1Char('\n') +
                 wrapped(QStringLiteral("missing: of each frame from its first gap on, unless they were sent again"),

@@ -7,8 +7,12 @@ namespace Host {
 
 bool SLinkReport::isSound() const
 {
-    return frames.complete > 0 && frames.incomplete == 0 && frames.underruns == 0 &&
-           packets.missedFrames.value_or(0) == 0;
+    return frames.complete > 0 && frames.incomplete == 0 && frames.underruns == 0 && missedFrames().value_or(0) == 0;
+}
+
+std::optional<quint64> SLinkReport::missedFrames() const
+{
+    return usb.isUsed ? std::optional<quint64>(frames.missed) : packets.missedFrames;
 }
 
 std::optional<double> SLinkReport::framesPerSecond() const

@@ -7,6 +7,7 @@
 #include "host/camera/PacketCounts.h"
 #include "host/camera/SGrabStatistics.h"
 #include "host/camera/StreamSocket.h"
+#include "host/camera/UsbLink.h"
 
 #include <QJsonObject>
 #include <QString>
@@ -38,9 +39,13 @@ struct SLinkReport
     SPacketCounts packets;
     SStreamSocket socket;
     SNetworkLink link;
+    SUsbLink usb;
 
     /// Whether frames came, and all of them whole.
     bool isSound() const;
+
+    /// Of which nothing came: as the stream counted them, or, over USB, as the numbers of the frames tell.
+    std::optional<quint64> missedFrames() const;
 
     std::optional<double> framesPerSecond() const;
     std::optional<double> bytesPerSecond() const;

@@ -40,12 +40,14 @@ void tellLeftOut(const QString& beginning)
 
 QString applySettings(CStreamGraph& graph, const std::vector<SNodeSetting>& settings)
 {
+    QStringList errors;
     for (const SNodeSetting& setting : settings) {
-        const QString error = graph.set(setting);
+        // Who hears of a setting may change the graph, whose stream then says so.
+        const QString error = graph.isIntact() ? graph.set(setting) : QString();
         if (!error.isEmpty())
-            return QStringLiteral("--set %1: %2").arg(printable(setting.text()), error);
+            errors << QStringLiteral("--set %1: %2").arg(printable(setting.text()), error);
     }
-    return {};
+    return errors.join(QLatin1Char('\n'));
 }
 
 std::unique_ptr<CLineReader> obeyStandardInput(const Streams& streams)

@@ -16,7 +16,8 @@ class CCameraStream;
 class CLineReader;
 class CStreamGraph;
 
-/// Sets them in their order. Returns what is wrong with the first that is not taken; empty on success.
+/// Sets them in their order, so that of two values for one setting the last counts. Returns what is wrong with each
+/// that is not taken, a line each; empty on success.
 QString applySettings(CStreamGraph& graph, const std::vector<SNodeSetting>& settings);
 
 /// Does what each line "set NODE.key=value" on standard input says in each graph that is intact, as long as the reader

@@ -168,21 +168,29 @@ void tst_HalvexHostCommands::completions()
 void tst_HalvexHostCommands::completionOfBash_data()
 {
     addColumns<QString, QString>({"words", "replies"});
-    // As bash splits the line.
+    // As bash splits the line. Behind them stands what bash is asked for besides: names of files, or no blank.
+    addRow("chain", "run ''", "; -o default");
+    addRow("file of an option", "run --save ''", "; -o default");
+    addRow("folder of an option", "run --output ''", "; -o default");
+    addRow("words where no file belongs", "run --resend ''", "off on");
+    addRow("nothing where no file belongs", "run --frames ''", "");
     addRow("value", "run --set blur.method =", "Box Gaussian Median");
     addRow("part of a value", "run --set blur.method = G", "Gaussian");
-    addRow("feature", "run --camera-set TriggerM", "TriggerMode=");
+    addRow("feature", "run --camera-set TriggerM", "TriggerMode=; -o nospace");
     addRow("blank", "models To", "To\\ Image");
     addRow("blank in quotes", "models '\"To'", "To Image");
-    addRow("behind a quote", "run --set '\"threshold files\".wri'", "threshold\\ files.writeEvery=");
+    addRow("behind a quote", "run --set '\"threshold files\".wri'", "threshold\\ files.writeEvery=; -o nospace");
 }
 
 void tst_HalvexHostCommands::completionOfBash()
 {
     QFETCH(QString, words);
-    const QString script = QStringLiteral("source '%1'; COMP_WORDS=('%2' %3); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); "
-                                          "_halvex_host; printf %s \"${COMPREPLY[*]}\"")
-                               .arg(BASH_COMPLETION, HOST_PROGRAM, words);
+    // Bash has compopt only while it completes.
+    const QString script =
+        QStringLiteral(
+            "source '%1'; compopt() { asked+=\"; $*\"; }; COMP_WORDS=('%2' %3); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); "
+            "_halvex_host; printf %s \"${COMPREPLY[*]}$asked\"")
+            .arg(BASH_COMPLETION, HOST_PROGRAM, words);
     QProcess bash;
     bash.start("bash", {"-c", script});
     QVERIFY(bash.waitForFinished());

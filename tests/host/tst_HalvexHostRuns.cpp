@@ -36,6 +36,8 @@ private Q_SLOTS:
     void loopThroughAFilter();
     void endsAfterATime();
     void settingsOfModels();
+    void rateOfADecouplerIsWhatItDoes_data();
+    void rateOfADecouplerIsWhatItDoes();
     void settingsWhileItRuns();
     void featuresOfTheCamera();
     void refused_data();
@@ -132,12 +134,38 @@ void tst_HalvexHostRuns::settingsOfModels()
 {
     CHostProgram program;
     const QString scene = program.file("scene.json");
-    QCOMPARE(program.run({"--frames", "1", "--set", "blur.size=9", "--set", "blur.method=Median", "--set",
-                          "preview.framesPerSecond=50", "--save", scene}),
+    QCOMPARE(program.run({"--frames", "1", "--set", "blur.size=3", "--set", "blur.size=9", "--set",
+                          "blur.method=Median", "--set", "preview.framesPerSecond=50", "--save", scene}),
              0);
     const QByteArray saved = content(scene);
     for (const char* setting : {"\"size\": 9", "\"method\": \"Median\"", "\"frames_per_second\": 50"})
         QVERIFY2(saved.contains(setting), setting);
+}
+
+void tst_HalvexHostRuns::rateOfADecouplerIsWhatItDoes_data()
+{
+    QTest::addColumn<QString>("rate");
+    for (const char* rate : {"0", "-2", "nan"})
+        QTest::newRow(rate) << QString(rate);
+}
+
+void tst_HalvexHostRuns::rateOfADecouplerIsWhatItDoes()
+{
+    QFETCH(QString, rate);
+    const QString line = QStringLiteral("\nRate of [1] Decoupler for VGR: at most 25 frames per second, although it is "
+                                        "set to %1\n")
+                             .arg(rate);
+    CHostProgram program;
+    QCOMPARE(program.run({"--frames", "2", "--set", QStringLiteral("preview.framesPerSecond=%1").arg(rate)}), 0);
+    QVERIFY2(program.output().contains(line), qPrintable(program.output()));
+
+    program.start({"run", "--frames", "0"});
+    program.process().write(QStringLiteral("set preview.framesPerSecond=%1\nstop\n").arg(rate).toUtf8());
+    QVERIFY(program.waitForError(QStringLiteral("'stop'")));
+    QVERIFY2(!program.errorLines().join('\n').contains("framesPerSecond"), qPrintable(program.errorLines().join('\n')));
+    program.process().terminate();
+    QVERIFY(program.waitForEnd());
+    QVERIFY2(program.output().contains(line), qPrintable(program.output()));
 }
 
 void tst_HalvexHostRuns::settingsWhileItRuns()
@@ -156,7 +184,9 @@ void tst_HalvexHostRuns::settingsWhileItRuns()
 void tst_HalvexHostRuns::featuresOfTheCamera()
 {
     CHostProgram program;
-    QCOMPARE(program.run({"--frames", "1", "--camera-set", "Width=128", "--camera-set", "PixelFormat=RGB8"}), 0);
+    QCOMPARE(program.run({"--frames", "1", "--camera-set", "Width=64", "--camera-set", "Width=128", "--camera-set",
+                          "PixelFormat=RGB8"}),
+             0);
     QVERIFY2(program.output().contains("(fake), 128 x 512 RGB8\n"), qPrintable(program.output()));
 }
 
@@ -169,10 +199,8 @@ void tst_HalvexHostRuns::refused_data()
     };
     row({"--set", "blur.size=8"}, "--set blur.size=8: 'size' takes int, 1 to 99, odd, not '8'");
     row({"--set", "blur.mostWaiting=0"}, "--set blur.mostWaiting=0: 'mostWaiting' takes int, from 1, not '0'");
-    for (const char* rate : {"0", "-2", "nan"}) {
-        const QByteArray set = QByteArray("preview.framesPerSecond=") + rate;
-        row({"--set", set}, "--set " + set + ": 'framesPerSecond' takes double, above 0, not '" + rate + '\'');
-    }
+    row({"--set", "preview.framesPerSecond=fast"},
+        "--set preview.framesPerSecond=fast: 'framesPerSecond' takes double, not 'fast'");
     row({"--set", "frames.sinkName=a/b"}, "--set frames.sinkName=a/b: the sink's name 'a/b' makes no folder");
     row({"--set", "blurr.size=9"}, "--set blurr.size=9: no node is called 'blurr'; did you mean 'blur'?");
     row({"--camera-set", "Widht=9"}, "camera 'fake': it has no feature 'Widht'; did you mean 'Width'?");
@@ -180,6 +208,15 @@ void tst_HalvexHostRuns::refused_data()
     row({"--camera-set", "SensorWidth=9"}, "camera 'fake': the feature 'SensorWidth' cannot be written now");
     row({"--camera-set", "TriggerMode=Of"},
         "camera 'fake': the feature 'TriggerMode' takes one of Off, On, not 'Of'; did you mean 'Off'?");
+    // Each value that is wrong, once, though others are right and there are two cameras.
+    row({"--camera", "fake-1", "--camera", "fake-2", "--set", "blur.size=x", "--set", "blur.size=3", "--set",
+         "nix.size=3", "--set", "blur.size=8"},
+        "--set blur.size=x: 'size' takes int, 1 to 99, odd, not 'x'\n"
+        "--set nix.size=3: no node is called 'nix'\n"
+        "--set blur.size=8: 'size' takes int, 1 to 99, odd, not '8'");
+    row({"--camera-set", "Width=x", "--camera-set", "Width=64", "--camera-set", "Width=0"},
+        "camera 'fake': the feature 'Width' takes integer, 1 to 2048, not 'x'\n"
+        "camera 'fake': the feature 'Width' takes integer, 1 to 2048, not '0'");
 }
 
 void tst_HalvexHostRuns::refused()

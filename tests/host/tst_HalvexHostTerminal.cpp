@@ -51,7 +51,9 @@ void tst_HalvexHostTerminal::linesFit_data()
     QTest::addColumn<int>("columns");
     for (const char* command :
          {"run --frames 3", "run --frames 3 --camera fake-1 --camera fake-2", "models", "models Blur",
-          "models 'PNG Sink'", "cameras", "cameras fake", "cameras fake --test 300ms", "plugins"}) {
+          "models 'PNG Sink'", "cameras", "cameras fake", "cameras fake --test 300ms", "plugins", "--help",
+          "run --help", "check --help", "draw --help", "compare --help", "convert --help", "models --help",
+          "cameras --help", "plugins --help"}) {
         for (const int columns : {40, 80, 200})
             QTest::newRow(qPrintable(QStringLiteral("%1 at %2").arg(command).arg(columns)))
                 << QString(command) << columns;
@@ -70,9 +72,9 @@ void tst_HalvexHostTerminal::linesFit()
     const QStringList lines = QString(text).replace('\r', '\n').split('\n');
     for (const QString& line : lines) {
         QVERIFY2(!line.startsWith("exit code"), qPrintable(line));
-        // Names of files, features and plugins are not broken, nor is where they lie.
+        // Names of files and plugins are not broken, nor is where they lie.
         const bool isName = line.contains(".png") || line.contains(".so") || line.startsWith("Loaded from ") ||
-                            line.endsWith("  HalvexHostModels") || !line.trimmed().contains(' ');
+                            line.endsWith("  HalvexHostModels");
         QVERIFY2(line.size() <= columns || isName, qPrintable(line));
         QVERIFY2(!line.endsWith(' ') || line.contains("frame"), qPrintable('\'' + line + '\''));
         QVERIFY2(!line.contains(" 1 frames") && !line.contains(" 1 bytes"), qPrintable(line));

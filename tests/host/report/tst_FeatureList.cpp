@@ -26,6 +26,7 @@ class tst_FeatureList : public QObject
 private Q_SLOTS:
     void columnsBelowTheirCategories();
     void withoutRoomWhatIsTakenGoesBelow();
+    void longNameLosesItsIndent();
     void asJson();
 };
 
@@ -51,6 +52,16 @@ void tst_FeatureList::withoutRoomWhatIsTakenGoesBelow()
     longOne.value = QString(20, 'x');
     QCOMPARE(featureText({longOne}, 80), QStringLiteral("Image\n  Width  xxxxxxxxxxxxxxxxxxxx\n"
                                                         "      integer, 1 to 2048\n"));
+}
+
+void tst_FeatureList::longNameLosesItsIndent()
+{
+    SFeature longOne = features()[0];
+    for (const auto& [length, indent] : {std::pair(38, 2), std::pair(39, 1), std::pair(40, 0), std::pair(41, 0)}) {
+        longOne.name = QString(length, 'N');
+        QCOMPARE(featureText({longOne}, 40),
+                 "Image\n" + QString(indent, ' ') + longOne.name + "\n      512 integer, 1 to 2048\n");
+    }
 }
 
 void tst_FeatureList::asJson()

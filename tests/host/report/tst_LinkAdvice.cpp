@@ -44,6 +44,18 @@ void loseFrames(SLinkReport& report)
     report.packets.sentAgain = 100;
 }
 
+// Five megabytes a frame; the bus counts no packets.
+void loseFramesOverUsb(SLinkReport& report)
+{
+    report.frames = {100, 90, 10, 0};
+    report.packetSizeFeature.clear();
+    report.setPacketBytes = report.packetBytes = report.largestPacketBytes = {};
+    report.packets = {};
+    report.socket = {};
+    report.link = {};
+    report.usb.isUsed = true;
+}
+
 } // namespace
 
 class tst_LinkAdvice : public QObject
@@ -90,6 +102,26 @@ void tst_LinkAdvice::commands_data()
             report.link = {};
         },
         {"halvex-host cameras 192.168.0.5"});
+    row("frames lost over USB", &loseFramesOverUsb, {run + "--fps 8"});
+    row("little memory for USB",
+        [](SLinkReport& report) {
+            loseFramesOverUsb(report);
+            report.usb.memoryBytes = 16 << 20;
+        },
+        {"echo 256 | sudo tee /sys/module/usbcore/parameters/usbfs_memory_mb", run + "--fps 8"});
+    row("USB camera without a rate",
+        [](SLinkReport& report) {
+            loseFramesOverUsb(report);
+            report.hasFrameRate = false;
+        },
+        {"halvex-host cameras 192.168.0.5 --test 10s"});
+    row("silent USB camera, little memory",
+        [](SLinkReport& report) {
+            loseFramesOverUsb(report);
+            report.frames = {};
+            report.usb.memoryBytes = 16 << 20;
+        },
+        {"halvex-host cameras 192.168.0.5", "echo 256 | sudo tee /sys/module/usbcore/parameters/usbfs_memory_mb"});
     row("packets too large", [](SLinkReport& report) { report.packetBytes = report.largestPacketBytes = 1500; },
         {run + "--camera-set GevSCPSPacketSize=1500"});
     row("small socket buffer",

@@ -15,6 +15,7 @@ private Q_SLOTS:
     void defaults();
     void dashesStandWhereNothingWasMeasured();
     void text();
+    void usbHasNoPackets();
     void lineIsAsWideAsTheTerminal();
 };
 
@@ -75,6 +76,40 @@ What to change
       halvex-host run --camera 192.168.0.5 --camera-set )")),
              qPrintable(report.text()));
     QVERIFY(report.text(80, true).contains("\x1b[1mWhat to change\x1b[0m\n"));
+}
+
+void tst_SLinkReport::usbHasNoPackets()
+{
+    SLinkReport report;
+    report.camera = QStringLiteral("Maker Model (Maker-17), 640 x 480 Mono8");
+    report.address = QStringLiteral("Maker-17");
+    report.time = std::chrono::milliseconds(2000);
+    report.span = std::chrono::milliseconds(1000);
+    report.frames = {12, 11, 1, 0, 2};
+    report.packets.bytes = 4000000;
+    report.usb = {true, 16 << 20};
+    QCOMPARE(report.text(), QStringLiteral(R"(Camera             Maker Model (Maker-17), 640 x 480 Mono8
+Tested for         2.0 s
+Frames grabbed     12 = 11 complete + 1 incomplete
+Frames missed      2
+Underruns          0
+Frames per second  10.0
+Data rate          2.0 MB/s
+
+Interface          USB3 Vision
+Memory for USB     16.0 MiB for all cameras together
+
+What to change
+  Frames did not come whole over USB. All devices at a controller share its
+  bandwidth: use a USB 3 port without a hub or other cameras, a shorter cable,
+  and test again.
+      halvex-host cameras Maker-17 --test 10s
+)"));
+    QCOMPARE(report.json().value("usb")["memory_bytes"].toInt(), 16 << 20);
+    report.usb.memoryBytes.reset();
+    QVERIFY(report.text().contains("\nMemory for USB     no limit\n"));
+    report.usb.isUsed = false;
+    QVERIFY(report.json().value("usb").isNull());
 }
 
 void tst_SLinkReport::lineIsAsWideAsTheTerminal()

@@ -10,15 +10,22 @@ rm -rf "$work"
 mkdir -p "$work"
 cd "$work"
 . "$prefix/share/bash-completion/completions/halvex-host"
-complete -p halvex-host | grep -q -- '-F _halvex_host'
+[ "$(complete -p halvex-host)" = "complete -F _halvex_host halvex-host" ]
 
-# What is offered for the last word of a command line.
+# Bash has compopt only while it completes. Here it tells what it is asked for.
+compopt() {
+    [ "$*" != "-o default" ] || files=" FILES"
+}
+
+# What is offered for the last word of a command line; FILES stands for the names of files, which bash adds.
 offered() {
+    trap - ERR # that the program wants names of files is no failure
+    files=
     COMP_WORDS=(halvex-host "$@")
     COMP_CWORD=$#
     COMPREPLY=()
     _halvex_host
-    echo "${COMPREPLY[*]}"
+    echo "${COMPREPLY[*]}$files"
 }
 
 # offers EXPECTED WORD...
@@ -34,8 +41,13 @@ offers() {
 offers run r
 offers "--pixel-format --plugins" run --p
 offers "--json" check --j
-offers "" run --output ""
-offers "" run chain.json --load ""
+for place in "run" "run chain.json" "check" "draw" "compare a.json" "run --load" "run --save" "run --json" "run --output"; do
+    read -ra words <<< "$place"
+    offers " FILES" "${words[@]}" ""
+done
+offers "" run --frames ""
+offers "" plugins ""
+offers "off on" run --resend ""
 offers fake run --camera ""
 offers 'PNG\ Sink' models PNG
 offers 'PNG\ Sink' models 'PNG\ '
