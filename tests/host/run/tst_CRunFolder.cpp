@@ -55,6 +55,7 @@ private Q_SLOTS:
     void earlierRunGoes();
     void otherFilesOfASinkStay();
     void filesOfNoRunAreAConflict();
+    void claimsOutsideAreLeftAlone_data();
     void claimsOutsideAreLeftAlone();
     void twoAtOnceAreRefused();
     void keptRunsHaveFoldersOfTheirOwn();
@@ -140,13 +141,31 @@ void tst_CRunFolder::filesOfNoRunAreAConflict()
     QVERIFY(run.folder.conflict(claims, {file}, {}).startsWith("this run uses '"));
 }
 
+void tst_CRunFolder::claimsOutsideAreLeftAlone_data()
+{
+    QTest::addColumn<bool>("isKilled");
+    QTest::newRow("ended") << false;
+    QTest::newRow("killed") << true;
+}
+
 void tst_CRunFolder::claimsOutsideAreLeftAlone()
 {
+    QFETCH(const bool, isKilled);
     const QTemporaryDir place;
-    QVERIFY(writeAll(place, {"precious/a.txt", "out/manifest.json"}));
-    const QByteArray precious = place.filePath("precious/").toUtf8();
-    QVERIFY(write(place.filePath("out/manifest.json"), "{\"claims\": [\"../precious/a.txt\", \"" + precious +
-                                                           "a.txt\", \"x/../../precious/a.txt\", \"\", \"./\", 7]}"));
+    QVERIFY(writeAll(place, {"precious/a.txt", "out/mine.txt"}));
+    const QStringList outside{"../precious/a.txt", place.filePath("precious/a.txt"), "x/../../precious/a.txt"};
+    QJsonArray claims{"", "./", 7};
+    QJsonArray files;
+    for (const QString& name : outside) {
+        claims.append(name);
+        files.append(QJsonObject{{"name", name}, {"bytes", 5}});
+    }
+    QJsonObject manifest{{"claims", claims}, {"ended", QJsonValue()}};
+    if (!isKilled) {
+        manifest.insert("ended", "2026-11-22T11:40:05.123+01:00");
+        manifest.insert("files", files);
+    }
+    QVERIFY(write(place.filePath("out/manifest.json"), QJsonDocument(manifest).toJson()));
     CRunFolder folder;
     QCOMPARE(folder.open(place.filePath("out"), false), QString());
     QCOMPARE(folder.begin({}, {}), QString());
