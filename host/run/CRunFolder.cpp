@@ -174,7 +174,7 @@ QString CRunFolder::foreignFile(const QStringList& claims, const QStringList& kn
         knownPaths.insert(realPath(file));
     const QSet<QString> earlier = earlierFiles();
     for (const QString& claim : claims) {
-        const QStringList present = CFileClaim(m_path, claim).files();
+        const QStringList present = CFileClaim(m_path, claim).filesAndFolders();
         for (const QString& name : present) {
             if (!earlier.contains(name) && !knownPaths.contains(realPath(filePath(name))))
                 return filePath(name);

@@ -55,6 +55,7 @@ private Q_SLOTS:
     void earlierRunGoes();
     void otherFilesOfASinkStay();
     void filesOfNoRunAreAConflict();
+    void folderCalledLikeAFileIsAConflict();
     void claimsOutsideAreLeftAlone_data();
     void claimsOutsideAreLeftAlone();
     void twoAtOnceAreRefused();
@@ -139,6 +140,17 @@ void tst_CRunFolder::filesOfNoRunAreAConflict()
     QCOMPARE(run.folder.conflict(claims, {}, {}), QString());
     // One that this run is to write, though it is not there.
     QVERIFY(run.folder.conflict(claims, {file}, {}).startsWith("this run uses '"));
+}
+
+void tst_CRunFolder::folderCalledLikeAFileIsAConflict()
+{
+    const QTemporaryDir place;
+    QVERIFY(QDir(place.path()).mkpath("chain.json"));
+    SRun run{place, {}};
+    QCOMPARE(run.open(), QString());
+    QCOMPARE(run.folder.conflict({"chain.json"}, {}, {}),
+             QStringLiteral("'%1' is there, and no run wrote it; --keep or another --output leaves it")
+                 .arg(place.filePath("chain.json")));
 }
 
 void tst_CRunFolder::claimsOutsideAreLeftAlone_data()
