@@ -185,8 +185,9 @@ QString CRunFolder::foreignFile(const QStringList& claims, const QStringList& kn
 
 QString CRunFolder::removeEarlierRun() const
 {
-    const QSet<QString> files = earlierFiles();
-    for (const QString& file : files) {
+    QStringList files = earlierFiles().values();
+    files.sort(); // the same one is told each time
+    for (const QString& file : qAsConst(files)) {
         if (!QFile::remove(filePath(file)))
             return QStringLiteral("cannot remove '%1', which an earlier run left").arg(filePath(file));
     }

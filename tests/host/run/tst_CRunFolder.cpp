@@ -58,6 +58,7 @@ private Q_SLOTS:
     void folderCalledLikeAFileIsAConflict();
     void claimsOutsideAreLeftAlone_data();
     void claimsOutsideAreLeftAlone();
+    void fileThatCannotBeRemoved();
     void twoAtOnceAreRefused();
     void keptRunsHaveFoldersOfTheirOwn();
     void folderThatCannotBeMade();
@@ -182,6 +183,20 @@ void tst_CRunFolder::claimsOutsideAreLeftAlone()
     QCOMPARE(folder.open(place.filePath("out"), false), QString());
     QCOMPARE(folder.begin({}, {}), QString());
     QVERIFY(QFile::exists(place.filePath("precious/a.txt")));
+}
+
+void tst_CRunFolder::fileThatCannotBeRemoved()
+{
+    const QTemporaryDir place;
+    // Nobody may remove what is there, whoever runs this.
+    QVERIFY(QFile::link(QStringLiteral("/proc/self"), place.filePath("fake")));
+    const QJsonArray claims{"fake/status", "fake/maps", "fake/stat", "fake/cmdline", "fake/mounts", "fake/limits"};
+    QVERIFY(write(place.filePath("manifest.json"), QJsonDocument(QJsonObject{{"claims", claims}}).toJson()));
+    SRun run{place, {}};
+    QCOMPARE(run.open(), QString());
+    // The first by its name, each time.
+    QCOMPARE(run.folder.begin({}, {}),
+             QStringLiteral("cannot remove '%1', which an earlier run left").arg(place.filePath("fake/cmdline")));
 }
 
 void tst_CRunFolder::twoAtOnceAreRefused()
