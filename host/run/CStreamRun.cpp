@@ -123,7 +123,7 @@ void CStreamRun::closeFiles()
 {
     if (m_trace)
         fail(m_trace->close());
-    fail(m_folder.finish(runOutcome(m_reports, m_error)));
+    fail(m_folder.finish(runOutcome(m_reports, m_error), areFilesWritten(m_streams)));
 }
 
 bool CStreamRun::prepareSinks()

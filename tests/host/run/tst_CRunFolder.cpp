@@ -53,6 +53,7 @@ private Q_SLOTS:
     void manifestTellsTheFiles();
     void earlierRunGoes_data();
     void earlierRunGoes();
+    void filesThatAreCompletedAfterTheEndGo();
     void otherFilesOfASinkStay();
     void filesOfNoRunAreAConflict();
     void folderCalledLikeAFileIsAConflict();
@@ -68,12 +69,12 @@ void tst_CRunFolder::manifestTellsTheFiles()
 {
     const QTemporaryDir place;
     SRun run{place, {}};
-    QCOMPARE(run.folder.finish({}), QString());
+    QCOMPARE(run.folder.finish({}, true), QString());
     QVERIFY(files(place.path()).isEmpty());
     QCOMPARE(run.begin(), QString());
     QVERIFY(run.manifest()["ended"].isNull());
     QVERIFY(writeAll(place, {"chain.json", "fake/frames/frame-000000.png", "fake/other.txt"}));
-    QCOMPARE(run.folder.finish({{"error", "none"}}), QString());
+    QCOMPARE(run.folder.finish({{"error", "none"}}, true), QString());
     const QJsonArray expected{QJsonObject{{"name", "chain.json"}, {"bytes", 5}},
                               QJsonObject{{"name", "fake/frames/frame-000000.png"}, {"bytes", 5}}};
     QCOMPARE(run.manifest()["files"].toArray(), expected);
@@ -99,7 +100,7 @@ void tst_CRunFolder::earlierRunGoes()
         QCOMPARE(earlier.begin(), QString());
         QVERIFY(writeAll(place, {"chain.json", "fake/frames/frame-000000.png", "fake/frames/frame-000001.png.part"}));
         if (!isKilled)
-            QCOMPARE(earlier.folder.finish({}), QString());
+            QCOMPARE(earlier.folder.finish({}, true), QString());
     }
     SRun run{place, {}};
     QCOMPARE(run.open(), QString());
@@ -107,6 +108,26 @@ void tst_CRunFolder::earlierRunGoes()
     QCOMPARE(files(place.path()), QStringList({"fake", "manifest.json", "mine.txt", "other"}));
     QCOMPARE(files(place.filePath("fake")), QStringList("mine.txt"));
     QCOMPARE(files(place.filePath("other/frames")), QStringList("a.png"));
+}
+
+void tst_CRunFolder::filesThatAreCompletedAfterTheEndGo()
+{
+    const QTemporaryDir place;
+    const QString file = place.filePath("fake/frames/frame-000000.png");
+    {
+        SRun earlier{place, {}};
+        QCOMPARE(earlier.begin(), QString());
+        QVERIFY(writeAll(place, {"fake/frames/frame-000000.png.part"}));
+        QCOMPARE(earlier.folder.finish({}, false), QString());
+        QVERIFY(earlier.manifest()["ended"].isString());
+        QVERIFY(earlier.manifest()["files"].isNull());
+    }
+    QVERIFY(QFile::rename(file + ".part", file));
+    SRun run{place, {}};
+    QCOMPARE(run.open(), QString());
+    QCOMPARE(run.folder.conflict({"fake/frames/frame-*.png"}, {}, {}), QString());
+    QCOMPARE(run.folder.begin({}, {}), QString());
+    QVERIFY(!QFile::exists(file));
 }
 
 void tst_CRunFolder::otherFilesOfASinkStay()
@@ -117,7 +138,7 @@ void tst_CRunFolder::otherFilesOfASinkStay()
         SRun earlier{place, {}};
         QCOMPARE(earlier.begin(), QString());
         QVERIFY(writeAll(place, {"fake/frames/frame-000000.png", "fake/frames/golden.png"}));
-        QCOMPARE(earlier.folder.finish({}), QString());
+        QCOMPARE(earlier.folder.finish({}, true), QString());
     }
     for (const QString& name : mine)
         QVERIFY(writeAll(place, {"fake/frames/" + name}));
