@@ -13,6 +13,7 @@
 #include "host/run/CTraceFile.h"
 #include "host/run/Output.h"
 #include "host/run/SRunOptions.h"
+#include "host/run/SceneFile.h"
 
 #include <Halvex/Halvex.h>
 
@@ -121,6 +122,24 @@ QString runText(const std::vector<SRunReport>& reports, bool hasFailed)
         texts << report.text(width, takesColors(stdout));
     }
     return texts.join(QLatin1Char('\n'));
+}
+
+QString tryDocuments(const SRunOptions& options)
+{
+    const QStringList files = options.writtenFiles();
+    for (const QString& file : files) {
+        const QString error = tryOutput(file);
+        if (!error.isEmpty())
+            return error;
+    }
+    return {};
+}
+
+QString saveScene(const QString& file, const std::vector<std::unique_ptr<CCameraStream>>& streams)
+{
+    if (file.isEmpty())
+        return {};
+    return writeOutput(file, orderedScene(streams.front()->graph().scene().saveToMemory()));
 }
 
 std::shared_ptr<CTraceFile> openTrace(const QString& file, const std::vector<std::unique_ptr<CCameraStream>>& streams,

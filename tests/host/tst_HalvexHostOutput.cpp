@@ -24,6 +24,8 @@ private Q_SLOTS:
     void whatIsInUseStays();
     void whatNoRunWroteStays();
     void refusedRunRemovesNothing();
+    void refusedRunSavesNothing_data();
+    void refusedRunSavesNothing();
     void keptRuns();
     void twoAtOnce();
     void failureIsInTheManifest();
@@ -125,6 +127,24 @@ void tst_HalvexHostOutput::refusedRunRemovesNothing()
     QCOMPARE(program.refusal({chain, "--json", "/nowhere/j"}), "cannot write '/nowhere/j': No such file or directory");
     QCOMPARE(program.refusal({chain, "--json", "/tmp"}), "cannot write '/tmp': Is a directory");
     QVERIFY(QFile::exists(chain) && QFile::exists(program.written("fake/frames/frame-000000.png")));
+}
+
+void tst_HalvexHostOutput::refusedRunSavesNothing_data()
+{
+    QTest::addColumn<QString>("option");
+    for (const char* option : {"--json", "--trace"})
+        QTest::newRow(option) << option;
+}
+
+void tst_HalvexHostOutput::refusedRunSavesNothing()
+{
+    QFETCH(QString, option);
+    CHostProgram program;
+    const QString scene = program.file("scene.json");
+    QVERIFY(write(scene, "mine"));
+    QCOMPARE(program.refusal({"--save", scene, option, "/nowhere/x"}),
+             QStringLiteral("cannot write '/nowhere/x': No such file or directory"));
+    QCOMPARE(content(scene), QByteArray("mine"));
 }
 
 void tst_HalvexHostOutput::keptRuns()
