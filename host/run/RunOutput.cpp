@@ -18,6 +18,7 @@
 #include <Halvex/Halvex.h>
 
 #include <QDir>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QStringList>
@@ -173,7 +174,9 @@ QString writeRunJson(const QString& file, const std::vector<SRunReport>& reports
     const QJsonObject root{{"version", HALVEX_VERSION_STR},
                            {"error", error.isEmpty() ? QJsonValue() : QJsonValue(error)},
                            {"cameras", cameras}};
-    return writeOutput(file, QJsonDocument(root).toJson());
+    // The folder may have been an earlier run's, and have gone with its files.
+    const QString fault = makeFolder(QFileInfo(file).path());
+    return fault.isEmpty() ? writeOutput(file, QJsonDocument(root).toJson()) : fault;
 }
 
 } // namespace Host

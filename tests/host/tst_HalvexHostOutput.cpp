@@ -26,6 +26,7 @@ private Q_SLOTS:
     void refusedRunRemovesNothing();
     void refusedRunSavesNothing_data();
     void refusedRunSavesNothing();
+    void reportInAFolderOfTheRunBefore();
     void keptRuns();
     void twoAtOnce();
     void failureIsInTheManifest();
@@ -145,6 +146,15 @@ void tst_HalvexHostOutput::refusedRunSavesNothing()
     QCOMPARE(program.refusal({"--save", scene, option, "/nowhere/x"}),
              QStringLiteral("cannot write '/nowhere/x': No such file or directory"));
     QCOMPARE(content(scene), QByteArray("mine"));
+}
+
+void tst_HalvexHostOutput::reportInAFolderOfTheRunBefore()
+{
+    CHostProgram program;
+    QCOMPARE(program.run({"--frames", "1", "--camera", "fake-1"}), 0);
+    const QString report = program.written("fake-1/report.json");
+    QCOMPARE(program.run({"--frames", "1", "--camera", "fake-2", "--json", report}), 0);
+    QVERIFY(QJsonDocument::fromJson(content(report)).isObject());
 }
 
 void tst_HalvexHostOutput::keptRuns()
