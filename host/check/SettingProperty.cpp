@@ -106,8 +106,11 @@ QString expectedBySetting(const QObject& model, const SJsonNode& setting)
 QString takenBySetting(const QObject& model, const QString& setting)
 {
     const QMetaProperty property = propertyOf(model, setting);
-    const QString range = property.isValid() ? rangeOf(model, property) : QString();
-    return range.isEmpty() ? range : QStringLiteral("%1, %2").arg(typeText(property), range);
+    if (!property.isValid())
+        return {};
+    const QString range = rangeOf(model, property);
+    const QString type = typeText(property);
+    return range.isEmpty() || type.isEmpty() ? range : QStringLiteral("%1, %2").arg(type, range);
 }
 
 bool isInRangeOfSetting(const QObject& model, const SJsonNode& setting)

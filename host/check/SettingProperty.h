@@ -27,7 +27,8 @@ QStringList settingChoices(const QObject& model, const QString& setting);
 /// Empty if it may be one, or if there is no such property.
 QString expectedBySetting(const QObject& model, const SJsonNode& setting);
 
-/// What a setting with a range takes: "a whole number, 1 to 99, odd". Empty without a range.
+/// What a setting with a range takes: "a whole number, 1 to 99, odd", or the range alone of a type that documents do
+/// not have. Empty without a range.
 QString takenBySetting(const QObject& model, const QString& setting);
 
 /// Whether the value in the document, which is of the right type, lies between the bounds of the range, if there is

@@ -27,7 +27,7 @@ CRunArguments::CRunArguments(CLI::App& command)
     // What is given twice counts as it was given last, so that scripts can have defaults.
     command.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
     declareSources(command);
-    declareEnding(command);
+    m_ending.declare(command);
     declareFiles(command);
 }
 
@@ -76,33 +76,6 @@ void CRunArguments::declareSources(CLI::App& command)
         ->take_all();
     addBuffersOption(command, &m_buffers);
     addPluginsOption(command, &m_plugins);
-}
-
-void CRunArguments::declareEnding(CLI::App& command)
-{
-    const char* const group = "When it ends";
-    command
-        .add_option(
-            "--frames", m_frames,
-            "End after N complete frames of each camera; 0: with Ctrl-C, or at the end of the files (default: 300 with "
-            "fake cameras, else 0).")
-        ->type_name("N")
-        ->group(group);
-    command
-        .add_option("--duration", m_duration,
-                    "End after that time: 500ms, 30s, 5min, 2h, or 30 for seconds; 0: with Ctrl-C.")
-        ->type_name("TIME")
-        ->group(group);
-    command
-        .add_option("--timeout", m_timeout,
-                    "Give up a camera that gives no whole frame for so long (default: 10s; 5s if nothing comes at "
-                    "all).")
-        ->type_name("TIME")
-        ->group(group);
-    command
-        .add_flag("--strict", m_isStrict,
-                  "Frames lost, or a rate missed by more than 5 %, end the run with exit code 1.")
-        ->group(group);
 }
 
 void CRunArguments::declareFiles(CLI::App& command)
@@ -161,7 +134,6 @@ SRunOptions CRunArguments::options() const
     options.json = outputName(text("--json", m_json));
     options.trace = outputName(text("--trace", m_trace));
     options.isKept = m_isKept;
-    options.isStrict = m_isStrict;
     if (isGiven("--buffers"))
         camera.buffers = readCount("--buffers", m_buffers, 1, SCameraOptions::mostBuffers);
     readSettings(&camera, &options);
@@ -172,25 +144,9 @@ SRunOptions CRunArguments::options() const
     m_sources.readHandling(&camera);
     readCameras(camera, &options);
     m_sources.readFiles(camera.framesPerSecond, camera.buffers, &options);
-    readEnding(&options);
+    m_ending.read(&options);
     readGraph(&options);
     return options;
-}
-
-void CRunArguments::readEnding(SRunOptions* options) const
-{
-    const bool hasRealCamera = std::any_of(options->cameras.begin(), options->cameras.end(),
-                                           [](const auto& camera) { return !SCameraOptions::isFake(camera.address); });
-    if (isGiven("--duration") && m_duration != "0")
-        options->duration = readTime("--duration", m_duration);
-    if (isGiven("--timeout"))
-        options->silence = options->timeout = readTime("--timeout", m_timeout);
-    for (SCameraOptions& camera : options->cameras)
-        camera.silence = options->silence;
-    if (isGiven("--frames"))
-        options->frames = readCount("--frames", m_frames, 0, SRunOptions::maxFrames);
-    else if (hasRealCamera || m_sources.hasFiles() || isGiven("--duration"))
-        options->frames = 0;
 }
 
 void CRunArguments::readSettings(SCameraOptions* camera, SRunOptions* options) const

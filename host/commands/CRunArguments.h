@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "host/commands/CEndingArguments.h"
 #include "host/commands/CSourceArguments.h"
 #include "host/run/SRunOptions.h"
 
@@ -29,30 +30,25 @@ public:
 
 private:
     void declareSources(CLI::App& command);
-    void declareEnding(CLI::App& command);
     void declareFiles(CLI::App& command);
     bool isGiven(const char* option) const;
     QString text(const char* option, const std::string& value) const;
     double framesPerSecond(SRunOptions* options) const;
-    void readEnding(SRunOptions* options) const;
     void readSettings(SCameraOptions* camera, SRunOptions* options) const;
     void readCameras(const SCameraOptions& common, SRunOptions* options) const;
     void readGraph(SRunOptions* options) const;
 
     const CLI::App& m_command;
     CSourceArguments m_sources;
+    CEndingArguments m_ending;
     std::vector<std::string> m_chains;
     std::vector<std::string> m_cameras;
     std::vector<std::string> m_features;
     std::vector<std::string> m_settings;
     std::string m_buffers;
-    std::string m_frames;
-    std::string m_duration;
-    std::string m_timeout;
     std::string m_json;
     std::string m_trace;
     bool m_isKept = false;
-    bool m_isStrict = false;
     std::string m_rate;
     std::string m_pixelFormat;
     std::string m_output;

@@ -47,6 +47,20 @@ const CLI::Option* optionWithValue(const CLI::App& command, const QString& word)
     return option && option->get_items_expected_max() > 0 ? option : nullptr;
 }
 
+// "--save=a" as "--save" and "a".
+QStringList splitValues(const CLI::App& command, const QStringList& words)
+{
+    QStringList split;
+    for (const QString& word : words) {
+        const int sign = word.indexOf(QLatin1Char('='));
+        if (sign > 0 && optionWithValue(command, word.left(sign)))
+            split << word.left(sign) << word.mid(sign + 1);
+        else
+            split << word;
+    }
+    return split;
+}
+
 // The value of an option among the words, or the first word that belongs to none.
 QString given(const CLI::App& command, const QStringList& words, const QString& option)
 {
@@ -207,8 +221,18 @@ SCompletions completions(const CLI::App& program, const QStringList& words)
     // As it was typed, with the shell's quotes.
     QString current = words.isEmpty() ? QString() : words.last();
     current.remove(QLatin1Char('\\')).remove(QLatin1Char('"')).remove(QLatin1Char('\''));
-    const SCompletions all = candidates(program, words.mid(0, words.size() - 1), current.startsWith(QLatin1Char('-')));
-    return {fittingWords(all.words, current), all.areFiles};
+    QStringList typed = words.mid(0, words.size() - 1);
+    const CLI::App* const command = commandOf(program, typed);
+    typed << current;
+    if (command)
+        typed = splitValues(*command, typed);
+    const QString part = typed.takeLast();
+    const SCompletions all = candidates(program, typed, part.startsWith(QLatin1Char('-')));
+    // The shell is told whole words.
+    QStringList fitting = fittingWords(all.words, part);
+    for (QString& word : fitting)
+        word.prepend(current.left(current.size() - part.size()));
+    return {fitting, all.areFiles};
 }
 
 } // namespace Host

@@ -1,8 +1,8 @@
 # Completion for bash. It asks the program itself, so that it knows what the program knows. Names of files are completed
 # only where the program says so, with its exit code.
 
-# Puts into COMP_ASKED the words up to the cursor, and into COMP_CUT what bash keeps of the last one: it takes the "=" of
-# "blur.size=9" for a word of its own.
+# Puts into COMP_ASKED the words up to the cursor, and into COMP_CUT what bash keeps of the last one: it takes each "=" of
+# "--set=blur.size=9" for a word of its own.
 _halvex_host_words() {
     local i word
     COMP_ASKED=()
@@ -22,7 +22,7 @@ _halvex_host_words() {
 }
 
 _halvex_host() {
-    local word answer code COMP_CUT
+    local word answer code cut COMP_CUT
     local -a COMP_ASKED
     COMPREPLY=()
     _halvex_host_words
@@ -30,7 +30,12 @@ _halvex_host() {
     code=$?
     while IFS= read -r word; do
         [[ -n $word ]] || continue
-        [[ -z $COMP_CUT ]] || word=${word#*=}
+        # The word has no quotes, and so does not begin as COMP_CUT does; it has the same "=".
+        cut=$COMP_CUT
+        while [[ $cut == *=* ]]; do
+            cut=${cut#*=}
+            word=${word#*=}
+        done
         # Within a quote that is still open, bash wants the word as it is.
         [[ ${COMP_ASKED[-1]} =~ ^\"[^\"]*$|^\'[^\']*$ ]] || word=$(printf '%q' "$word")
         COMPREPLY+=("$word")

@@ -31,7 +31,7 @@ quint64 drops(const SLinkReport& report)
 
 bool isLossy(const SLinkReport& report)
 {
-    return report.frames.incomplete > 0 || report.missedFrames().value_or(0) > 0;
+    return report.frames.incomplete > 0 || report.missedFrames() > 0;
 }
 
 QString runWithPackets(const SLinkReport& report, quint64 bytes)

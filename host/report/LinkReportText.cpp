@@ -69,7 +69,7 @@ QString framesText(const SLinkReport& report, int width)
                                 .arg(frames.complete)
                                 .arg(frames.incomplete);
     return labelledLine("Frames grabbed", grabbed, width) +
-           labelledLine("Frames missed", number(report.missedFrames()), width) +
+           labelledLine("Frames missed", QString::number(report.missedFrames()), width) +
            labelledLine("Underruns", QString::number(frames.underruns), width) +
            labelledLine("Frames per second", rate(report.framesPerSecond(), ""), width) +
            labelledLine("Data rate", rate(bytes ? std::optional<double>(*bytes / mega) : std::nullopt, " MB/s"), width);

@@ -3,16 +3,18 @@
 
 #include "host/report/SLinkReport.h"
 
+#include <algorithm>
+
 namespace Host {
 
 bool SLinkReport::isSound() const
 {
-    return frames.complete > 0 && frames.incomplete == 0 && frames.underruns == 0 && missedFrames().value_or(0) == 0;
+    return frames.complete > 0 && frames.incomplete == 0 && frames.underruns == 0 && missedFrames() == 0;
 }
 
-std::optional<quint64> SLinkReport::missedFrames() const
+quint64 SLinkReport::missedFrames() const
 {
-    return usb.isUsed ? std::optional<quint64>(frames.missed) : packets.missedFrames;
+    return std::max(packets.missedFrames.value_or(0), frames.missed);
 }
 
 std::optional<double> SLinkReport::framesPerSecond() const

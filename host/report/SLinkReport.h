@@ -44,8 +44,8 @@ struct SLinkReport
     /// Whether frames came, and all of them whole.
     bool isSound() const;
 
-    /// Of which nothing came: as the stream counted them, or, over USB, as the numbers of the frames tell.
-    std::optional<quint64> missedFrames() const;
+    /// Of which nothing came: as the stream counted them, or as the numbers of the frames tell, if these are more.
+    quint64 missedFrames() const;
 
     std::optional<double> framesPerSecond() const;
     std::optional<double> bytesPerSecond() const;

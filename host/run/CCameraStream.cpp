@@ -118,8 +118,10 @@ void CCameraStream::endWhenDrained()
     if (m_hasEnded || !m_graph->isDrained() || m_graph->releaseLoop())
         return;
     m_graph->finishSinks();
-    if (m_graph->isDrained())
-        end();
+    if (!m_graph->isDrained())
+        return;
+    m_areFilesWritten = true;
+    end();
 }
 
 void CCameraStream::end()

@@ -35,7 +35,8 @@ class IHostModels;
  * or was dropped and counted by a decoupler on the way; the last one that a decoupler got has come out of it. The sinks
  * have written their files.
  *
- * A graph that somebody changes or removes on the way ends the stream at once: what went through it is not known.
+ * Two ends are otherwise. When nothing gets done any more, the account tells what is left. A graph that somebody
+ * changes or removes on the way ends the stream at once: what went through it is not known.
  *
  * The destructor ends the grabbing, if it goes on, and closes the camera.
  *
@@ -76,6 +77,10 @@ public:
     /// Whether it was started: there may be frames to account for.
     bool isStarted() const { return m_thread != nullptr; }
 
+    /// Whether the sinks are done with their files: false of a stream that was started until it ends, and afterwards if
+    /// nothing got done any more or the graph was changed.
+    bool areFilesWritten() const { return !m_thread || m_areFilesWritten; }
+
     /// Why it is over if its source has no more frames; empty else.
     QString endText() const;
 
@@ -106,6 +111,7 @@ private:
     const std::unique_ptr<CStreamGraph> m_graph;
     std::unique_ptr<CGrabThread> m_thread;
     CStallWatch m_stallWatch;
+    bool m_areFilesWritten = false;
     bool m_hasEnded = false;
 };
 

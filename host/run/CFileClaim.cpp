@@ -5,7 +5,6 @@
 
 #include "host/base/RealPath.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 namespace Host {
@@ -44,19 +43,19 @@ CFileClaim::CFileClaim(const QString& folder, const QString& claim)
     m_namesAndParts = exactly(withParts(name));
 }
 
-QStringList CFileClaim::files() const
+QStringList CFileClaim::filesAndFolders() const
 {
-    return find(m_names);
+    return find(m_names, QDir::Files | QDir::Dirs);
 }
 
 QStringList CFileClaim::filesAndParts() const
 {
-    return find(m_namesAndParts);
+    return find(m_namesAndParts, QDir::Files);
 }
 
-QStringList CFileClaim::find(const QRegularExpression& pattern) const
+QStringList CFileClaim::find(const QRegularExpression& pattern, QDir::Filters kinds) const
 {
-    QStringList found = QDir(m_directory).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
+    QStringList found = QDir(m_directory).entryList(kinds | QDir::Hidden | QDir::System, QDir::Name);
     found = found.filter(pattern);
     for (QString& file : found)
         file.prepend(m_prefix);

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QDir>
 #include <QRegularExpression>
 #include <QString>
 #include <QStringList>
@@ -14,7 +15,9 @@ namespace Host {
  * of the file stands for a number. Whatever else lies beside them is not claimed.
  *
  * \code
- * for (const QString& file : CFileClaim(QStringLiteral("out"), QStringLiteral("fake/frames/frame-*.png")).files())
+ * const CFileClaim claim(QStringLiteral("out"), QStringLiteral("fake/frames/frame-*.png"));
+ * const QStringList files = claim.filesAndParts();
+ * for (const QString& file : files)
  *     QFile::remove(QStringLiteral("out/") + file);
  * \endcode
  *
@@ -28,17 +31,17 @@ class CFileClaim
 public:
     CFileClaim(const QString& folder, const QString& claim);
 
-    /// Those that are there, by their names in the folder, sorted.
-    QStringList files() const;
+    /// Those that are there, and folders that are called like one; by their names in the run's folder, sorted.
+    QStringList filesAndFolders() const;
 
-    /// Those that are there, and what became of none.
+    /// Those that are there, and what became of none, sorted.
     QStringList filesAndParts() const;
 
     /// Whether the file at \a realPath, which need not be there, is one of them.
     bool covers(const QString& realPath) const;
 
 private:
-    QStringList find(const QRegularExpression& pattern) const;
+    QStringList find(const QRegularExpression& pattern, QDir::Filters kinds) const;
 
     QString m_path;      // the file's real path, for a claim without a number
     QString m_directory; // its real path

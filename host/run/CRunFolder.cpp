@@ -10,7 +10,6 @@
 
 #include <QDateTime>
 #include <QDir>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QLockFile>
 #include <QSet>
@@ -99,6 +98,7 @@ QString CRunFolder::begin(const QStringList& claims, const QJsonObject& facts)
     m_manifest.insert(QStringLiteral("began"), now());
     m_manifest.insert(QStringLiteral("ended"), QJsonValue());
     m_manifest.insert(QStringLiteral("claims"), QJsonArray::fromStringList(claims));
+    m_manifest.insert(QStringLiteral("files"), QJsonValue());
     return write();
 }
 
@@ -129,11 +129,11 @@ QSet<QString> CRunFolder::earlierFiles() const
         for (const QString& file : covered)
             files.insert(file);
     }
-    // A run that was killed could not list them.
-    if (manifest.value(QLatin1String("ended")).isNull())
+    const QJsonValue list = manifest.value(QLatin1String("files"));
+    if (!list.isArray())
         return files;
     QSet<QString> listed;
-    const QJsonArray entries = manifest.value(QLatin1String("files")).toArray();
+    const QJsonArray entries = list.toArray();
     for (const QJsonValue& entry : entries)
         listed.insert(entry[QLatin1String("name")].toString());
     return files.intersect(listed);
@@ -174,7 +174,7 @@ QString CRunFolder::foreignFile(const QStringList& claims, const QStringList& kn
         knownPaths.insert(realPath(file));
     const QSet<QString> earlier = earlierFiles();
     for (const QString& claim : claims) {
-        const QStringList present = CFileClaim(m_path, claim).files();
+        const QStringList present = CFileClaim(m_path, claim).filesAndFolders();
         for (const QString& name : present) {
             if (!earlier.contains(name) && !knownPaths.contains(realPath(filePath(name))))
                 return filePath(name);
@@ -185,8 +185,9 @@ QString CRunFolder::foreignFile(const QStringList& claims, const QStringList& kn
 
 QString CRunFolder::removeEarlierRun() const
 {
-    const QSet<QString> files = earlierFiles();
-    for (const QString& file : files) {
+    QStringList files = earlierFiles().values();
+    files.sort(); // the same one is told each time
+    for (const QString& file : qAsConst(files)) {
         if (!QFile::remove(filePath(file)))
             return QStringLiteral("cannot remove '%1', which an earlier run left").arg(filePath(file));
     }
@@ -199,21 +200,27 @@ QString CRunFolder::removeEarlierRun() const
     return {};
 }
 
-QString CRunFolder::finish(const QJsonObject& facts)
+QString CRunFolder::finish(const QJsonObject& facts, bool areFilesWritten)
 {
     if (m_manifest.isEmpty())
         return {};
     for (auto fact = facts.begin(); fact != facts.end(); ++fact)
         m_manifest.insert(fact.key(), fact.value());
     m_manifest.insert(QStringLiteral("ended"), now());
+    if (areFilesWritten)
+        m_manifest.insert(QStringLiteral("files"), listFiles());
+    return write();
+}
+
+QJsonArray CRunFolder::listFiles() const
+{
     QJsonArray files;
-    for (const QString& claim : qAsConst(m_claims)) {
+    for (const QString& claim : m_claims) {
         const QStringList names = CFileClaim(m_path, claim).filesAndParts();
         for (const QString& name : names)
             files.append(QJsonObject{{"name", name}, {"bytes", double(QFileInfo(filePath(name)).size())}});
     }
-    m_manifest.insert(QStringLiteral("files"), files);
-    return write();
+    return files;
 }
 
 QString CRunFolder::write() const

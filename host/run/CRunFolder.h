@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QSet>
 #include <QString>
@@ -24,12 +25,12 @@ namespace Host {
  * if (error.isEmpty())
  *     error = folder.begin({"chain.json", "fake/frames/frame-*.png"}, {{"command", command}});
  * ... // files are written
- * error = folder.finish({{"error", QJsonValue()}});
+ * error = folder.finish({{"error", QJsonValue()}}, true);
  * \endcode
  *
  * Ask conflict() before begin(). Only the files that an earlier run's manifest lists are removed, and folders that are
- * empty then; never anything else that lies there. A run that was killed has no such list: of that one go the files
- * that its claims cover, which it wrote down before the first file.
+ * empty then; never anything else that lies there. A run that was killed has no such list, nor has one that ended while
+ * files were still written: of these go the files that the claims cover, which were written down before the first file.
  *
  * Functions that may fail return the reason in one line; empty on success. Threads: one.
  */
@@ -58,14 +59,15 @@ public:
     /// that will be the run's own, as CFileClaim takes them.
     QString begin(const QStringList& claims, const QJsonObject& facts);
 
-    /// Writes the manifest with \a facts beside those of begin(), when the run ended, and the files that are there.
-    /// Does nothing before begin().
-    QString finish(const QJsonObject& facts);
+    /// Writes the manifest with \a facts beside those of begin(), when the run ended, and the files that are there,
+    /// unless they may still change their names: if not \a areFilesWritten. Does nothing before begin().
+    QString finish(const QJsonObject& facts, bool areFilesWritten);
 
 private:
     QString usedFile(const QStringList& claims, const QStringList& inUse) const;
     QString foreignFile(const QStringList& claims, const QStringList& known) const;
     QJsonObject earlierManifest() const;
+    QJsonArray listFiles() const;
     QStringList earlierClaims() const;
     QSet<QString> earlierFiles() const;
     QString removeEarlierRun() const;

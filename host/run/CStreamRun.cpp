@@ -15,7 +15,6 @@
 #include "host/run/RunManifest.h"
 #include "host/run/RunOutput.h"
 #include "host/run/RunSettings.h"
-#include "host/run/SceneFile.h"
 
 #include <QDir>
 #include <QTimer>
@@ -41,8 +40,8 @@ CStreamRun::~CStreamRun() = default;
 
 int CStreamRun::exec()
 {
-    if (loadPlugins() && buildGraphs() && applySettings() && openCameras() && openFolder() && saveScene() &&
-        openFiles() && prepareSinks() && writeGraphFiles() && stream())
+    if (loadPlugins() && buildGraphs() && applySettings() && openCameras() && openFolder() && openFiles() &&
+        prepareSinks() && writeGraphFiles() && stream())
         printReport();
     closeFiles();
     if (!m_error.isEmpty()) {
@@ -105,10 +104,12 @@ bool CStreamRun::openFolder()
     return m_error.isEmpty();
 }
 
-// What an earlier run left goes when nothing else can be refused.
+// What is there is replaced, and what an earlier run left goes, when nothing else can be refused.
 bool CStreamRun::openFiles()
 {
-    QString error = m_options.json.isEmpty() ? QString() : tryOutput(m_options.json); // it is written at the end
+    QString error = tryDocuments(m_options);
+    if (error.isEmpty())
+        error = saveScene(m_options.save, m_streams);
     if (error.isEmpty())
         m_trace = openTrace(m_options.trace, m_streams, &error);
     if (error.isEmpty())
@@ -123,21 +124,13 @@ void CStreamRun::closeFiles()
 {
     if (m_trace)
         fail(m_trace->close());
-    fail(m_folder.finish(runOutcome(m_reports, m_error)));
+    fail(m_folder.finish(runOutcome(m_reports, m_error), areFilesWritten(m_streams)));
 }
 
 bool CStreamRun::prepareSinks()
 {
     return forEachStream(
         [this](CCameraStream& stream) { return stream.prepareSinks(folder(stream), m_options.writeEvery); });
-}
-
-bool CStreamRun::saveScene()
-{
-    // Before the first frame: the graph does not change any more, and who cannot save learns it at once.
-    if (!m_options.save.isEmpty())
-        fail(writeOutput(m_options.save, orderedScene(m_streams.front()->graph().scene().saveToMemory())));
-    return m_error.isEmpty();
 }
 
 bool CStreamRun::writeGraphFiles()

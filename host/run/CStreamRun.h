@@ -53,7 +53,6 @@ private:
     bool openFolder();
     bool openFiles();
     bool prepareSinks();
-    bool saveScene();
     bool writeGraphFiles();
     bool stream();
     void printReport();

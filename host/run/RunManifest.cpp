@@ -48,6 +48,11 @@ QStringList runClaims(const SRunOptions& options, const std::vector<std::unique_
     return claims;
 }
 
+bool areFilesWritten(const std::vector<std::unique_ptr<CCameraStream>>& streams)
+{
+    return std::all_of(streams.begin(), streams.end(), [](const auto& stream) { return stream->areFilesWritten(); });
+}
+
 QJsonObject runFacts(const SRunOptions& options, const IHostModels& models)
 {
     const QJsonObject versions{{"program", HALVEX_VERSION_STR},

@@ -20,6 +20,9 @@ struct SRunReport;
 /// What a run with \a options will write into its folder, as CRunFolder::begin() takes it.
 QStringList runClaims(const SRunOptions& options, const std::vector<std::unique_ptr<CCameraStream>>& streams);
 
+/// Whether the sinks of all are done with their files, as CRunFolder::finish() takes it.
+bool areFilesWritten(const std::vector<std::unique_ptr<CCameraStream>>& streams);
+
 /// What is known of a run before it begins: the command, versions, the chain.
 QJsonObject runFacts(const SRunOptions& options, const IHostModels& models);
 

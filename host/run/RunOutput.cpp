@@ -13,10 +13,12 @@
 #include "host/run/CTraceFile.h"
 #include "host/run/Output.h"
 #include "host/run/SRunOptions.h"
+#include "host/run/SceneFile.h"
 
 #include <Halvex/Halvex.h>
 
 #include <QDir>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QStringList>
@@ -123,6 +125,24 @@ QString runText(const std::vector<SRunReport>& reports, bool hasFailed)
     return texts.join(QLatin1Char('\n'));
 }
 
+QString tryDocuments(const SRunOptions& options)
+{
+    const QStringList files = options.writtenFiles();
+    for (const QString& file : files) {
+        const QString error = tryOutput(file);
+        if (!error.isEmpty())
+            return error;
+    }
+    return {};
+}
+
+QString saveScene(const QString& file, const std::vector<std::unique_ptr<CCameraStream>>& streams)
+{
+    if (file.isEmpty())
+        return {};
+    return writeOutput(file, orderedScene(streams.front()->graph().scene().saveToMemory()));
+}
+
 std::shared_ptr<CTraceFile> openTrace(const QString& file, const std::vector<std::unique_ptr<CCameraStream>>& streams,
                                       QString* error)
 {
@@ -154,7 +174,9 @@ QString writeRunJson(const QString& file, const std::vector<SRunReport>& reports
     const QJsonObject root{{"version", HALVEX_VERSION_STR},
                            {"error", error.isEmpty() ? QJsonValue() : QJsonValue(error)},
                            {"cameras", cameras}};
-    return writeOutput(file, QJsonDocument(root).toJson());
+    // The folder may have been an earlier run's, and have gone with its files.
+    const QString fault = makeFolder(QFileInfo(file).path());
+    return fault.isEmpty() ? writeOutput(file, QJsonDocument(root).toJson()) : fault;
 }
 
 } // namespace Host

@@ -36,6 +36,14 @@ QString runOutText(const std::vector<std::unique_ptr<CCameraStream>>& streams);
 /// cameras that gave no frame are left out.
 QString runText(const std::vector<SRunReport>& reports, bool hasFailed);
 
+/// Whether the scene, the report and the trace could be written now, where the run is asked for them. Nothing is
+/// changed. Returns what is wrong, in one line; empty on success.
+QString tryDocuments(const SRunOptions& options);
+
+/// Writes the scene document of the first stream to \a file, or to standard output for "-". Does nothing without a
+/// name. Returns what is wrong, in one line; empty on success.
+QString saveScene(const QString& file, const std::vector<std::unique_ptr<CCameraStream>>& streams);
+
 /// A trace in \a file, "-" for standard output, or null without a name, that the streams, once they are started, tell
 /// of everything. On failure the reason in \a error.
 std::shared_ptr<CTraceFile> openTrace(const QString& file, const std::vector<std::unique_ptr<CCameraStream>>& streams,
@@ -44,8 +52,8 @@ std::shared_ptr<CTraceFile> openTrace(const QString& file, const std::vector<std
 /// Writes graph.txt and graph.dot into \a folder. Returns what is wrong; empty on success.
 QString writeGraphFiles(const Plugin::Halvex::CNodeScene& scene, const QString& folder);
 
-/// Writes the reports to \a file, or to standard output for "-". \a error is what the run failed with. Returns what is
-/// wrong, in one line; empty on success.
+/// Writes the reports to \a file, whose folder is made if it has gone, or to standard output for "-". \a error is what
+/// the run failed with. Returns what is wrong, in one line; empty on success.
 QString writeRunJson(const QString& file, const std::vector<SRunReport>& reports, const QString& error);
 
 } // namespace Host

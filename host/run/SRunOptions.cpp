@@ -18,16 +18,20 @@ SNodeSetting SNodeSetting::read(const QString& text)
     return {place.left(dot), place.mid(dot + 1), text.mid(sign + 1)};
 }
 
+QStringList SRunOptions::writtenFiles() const
+{
+    QStringList written = documents();
+    written.removeAll(QString());
+    written.removeAll(QStringLiteral("-"));
+    return written;
+}
+
 QStringList SRunOptions::filesInUse() const
 {
     QStringList used;
     for (const SFileOptions& each : files)
         used << (each.kind == SFileOptions::EKind::Images ? CImageFiles::find(each.place) : QStringList(each.place));
-    for (const QString& file : {save, json, trace}) {
-        if (!file.isEmpty() && file != QLatin1String("-"))
-            used << file;
-    }
-    return used;
+    return used + writtenFiles();
 }
 
 QString SRunOptions::sharedFile() const
@@ -38,9 +42,8 @@ QString SRunOptions::sharedFile() const
         used << realPath(file);
     for (const SFileOptions& each : files)
         used << realPath(each.place);
-    for (const QString& file : {save, json, trace}) {
-        if (file.isEmpty() || file == QLatin1String("-"))
-            continue;
+    const QStringList written = writtenFiles();
+    for (const QString& file : written) {
         if (used.contains(realPath(file)))
             return file;
         used << realPath(file);

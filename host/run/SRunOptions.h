@@ -60,6 +60,9 @@ struct SRunOptions
     /// What is written outside the run's folder, as it was asked for: scene, report, trace.
     QStringList documents() const { return {save, json, trace}; }
 
+    /// Those of them that are no standard output.
+    QStringList writtenFiles() const;
+
     /// The files that the run reads while frames stream, and those that it writes outside its folder.
     QStringList filesInUse() const;
 

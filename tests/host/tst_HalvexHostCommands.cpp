@@ -139,12 +139,19 @@ void tst_HalvexHostCommands::completions_data()
     addRow("command", QStringList{"ch"}, "check\n", false);
     addRow("chain", QStringList{"run", ""}, "", true);
     addRow("file of an option", QStringList{"run", "--save", ""}, "", true);
+    addRow("file behind a sign", QStringList{"run", "--save="}, "", true);
+    addRow("part of a file behind a sign", QStringList{"run", "--json=rep"}, "", true);
+    addRow("no value behind a sign", QStringList{"run", "--keep="}, "", false);
     addRow("number", QStringList{"run", "--frames", ""}, "", false);
     addRow("switch", QStringList{"run", "--resend", ""}, "off\non\n", false);
+    addRow("switch behind a sign", QStringList{"run", "--resend="}, "--resend=off\n--resend=on\n", false);
     addRow("format", QStringList{"draw", "--format", ""}, "dot\npng\nsvg\n", false);
     addRow("pixel format", QStringList{"run", "--pixel-format", "M"}, "Mono16\nMono8\n", false);
     addRow("pixel format of a camera that is not asked",
            QStringList{"run", "--camera", "127.0.0.3", "--camera-set", "PixelFormat=RG"}, "PixelFormat=RGB8\n", false);
+    addRow("pixel format of such a camera, with signs",
+           QStringList{"run", "--camera=127.0.0.3", "--camera-set=PixelFormat=RG"}, "--camera-set=PixelFormat=RGB8\n",
+           false);
     addRow("feature", QStringList{"run", "--camera-set", "TriggerM"}, "TriggerMode=\n", false);
     addRow("value of a feature", QStringList{"run", "--camera-set", "TriggerMode="},
            "TriggerMode=Off\nTriggerMode=On\n", false);
@@ -176,6 +183,9 @@ void tst_HalvexHostCommands::completionOfBash_data()
     addRow("nothing where no file belongs", "run --frames ''", "");
     addRow("value", "run --set blur.method =", "Box Gaussian Median");
     addRow("part of a value", "run --set blur.method = G", "Gaussian");
+    addRow("value behind two signs", "run --set = blur.method = G", "Gaussian");
+    addRow("setting behind a sign", "run --set = blur.meth", "blur.method=; -o nospace");
+    addRow("switch behind a sign", "run --resend =", "off on");
     addRow("feature", "run --camera-set TriggerM", "TriggerMode=; -o nospace");
     addRow("blank", "models To", "To\\ Image");
     addRow("blank in quotes", "models '\"To'", "To Image");

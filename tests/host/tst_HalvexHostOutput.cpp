@@ -24,6 +24,9 @@ private Q_SLOTS:
     void whatIsInUseStays();
     void whatNoRunWroteStays();
     void refusedRunRemovesNothing();
+    void refusedRunSavesNothing_data();
+    void refusedRunSavesNothing();
+    void reportInAFolderOfTheRunBefore();
     void keptRuns();
     void twoAtOnce();
     void failureIsInTheManifest();
@@ -125,6 +128,33 @@ void tst_HalvexHostOutput::refusedRunRemovesNothing()
     QCOMPARE(program.refusal({chain, "--json", "/nowhere/j"}), "cannot write '/nowhere/j': No such file or directory");
     QCOMPARE(program.refusal({chain, "--json", "/tmp"}), "cannot write '/tmp': Is a directory");
     QVERIFY(QFile::exists(chain) && QFile::exists(program.written("fake/frames/frame-000000.png")));
+}
+
+void tst_HalvexHostOutput::refusedRunSavesNothing_data()
+{
+    QTest::addColumn<QString>("option");
+    for (const char* option : {"--json", "--trace"})
+        QTest::newRow(option) << option;
+}
+
+void tst_HalvexHostOutput::refusedRunSavesNothing()
+{
+    QFETCH(QString, option);
+    CHostProgram program;
+    const QString scene = program.file("scene.json");
+    QVERIFY(write(scene, "mine"));
+    QCOMPARE(program.refusal({"--save", scene, option, "/nowhere/x"}),
+             QStringLiteral("cannot write '/nowhere/x': No such file or directory"));
+    QCOMPARE(content(scene), QByteArray("mine"));
+}
+
+void tst_HalvexHostOutput::reportInAFolderOfTheRunBefore()
+{
+    CHostProgram program;
+    QCOMPARE(program.run({"--frames", "1", "--camera", "fake-1"}), 0);
+    const QString report = program.written("fake-1/report.json");
+    QCOMPARE(program.run({"--frames", "1", "--camera", "fake-2", "--json", report}), 0);
+    QVERIFY(QJsonDocument::fromJson(content(report)).isObject());
 }
 
 void tst_HalvexHostOutput::keptRuns()

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
+#include "CBlockedFile.h"
 #include "CHostProgram.h"
 #include "TestFile.h"
 #include "TestImages.h"
@@ -34,6 +35,7 @@ private Q_SLOTS:
     void settingsOfSinks();
     void videoThatCannotBeWritten();
     void videoThatFailsOnTheWayIsInTheManifest();
+    void runThatGotStuckIsReplaced();
 };
 
 void tst_HalvexHostSinks::sixteenBitsStay()
@@ -112,6 +114,28 @@ void tst_HalvexHostSinks::videoThatFailsOnTheWayIsInTheManifest()
     QCOMPARE(videos, QStringList("images/video/video-000000.avi"));
     const cv::VideoCapture video(program.written(videos.constFirst()).toStdString(), cv::CAP_OPENCV_MJPEG);
     QCOMPARE(int(video.get(cv::CAP_PROP_FRAME_COUNT)), 3);
+}
+
+void tst_HalvexHostSinks::runThatGotStuckIsReplaced()
+{
+    CHostProgram program;
+    QVERIFY(write(program.file("chain.json"), chain));
+    QVERIFY(writeImages(program.file("shots"), 3));
+    QVERIFY(QDir().mkpath(program.written("images/png")));
+    const QString video = program.written("images/video/video-000000.avi");
+    const QStringList arguments{program.file("chain.json"), "--images", program.file("shots")};
+    {
+        CBlockedFile blocked(program.written("images/png/frame-000000.png"));
+        program.start(QStringList("run") + arguments);
+        QVERIFY(program.waitForError(QStringLiteral("the sink 'png' did not write its last 1 file in time")));
+        blocked.release();
+        QVERIFY(program.waitForEnd());
+    }
+    // It was open as the run ended, and completed afterwards.
+    QVERIFY(QFile::exists(video));
+    QCOMPARE(program.run(arguments), 0);
+    QCOMPARE(QDir(program.written("images/video")).entryList(QDir::Files),
+             QStringList({"frames.csv", "video-000000.avi"}));
 }
 
 QTEST_GUILESS_MAIN(tst_HalvexHostSinks)

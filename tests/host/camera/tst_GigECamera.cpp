@@ -177,23 +177,28 @@ void tst_GigECamera::programDoesNotWaitForEver()
 
 void tst_GigECamera::noWholeFrame_data()
 {
-    addColumns<int, QString, QStringList, bool>({"lostPerThousand", "begin", "attempts", "hasFrames"});
-    // Without a frame there is no table. Hardly any of the 190 packets of a frame, but never all of them.
-    addRow("incomplete frames", 300, "camera '127.0.0.1' gave no whole frame for 2 s, ",
+    addColumns<int, QStringList, QString, QStringList, bool>(
+        {"lostPerThousand", "options", "begin", "attempts", "hasFrames"});
+    // Without a frame there is no table. Hardly any of the 190 packets of a frame, but never all of them; a frame must
+    // be given up within the time.
+    addRow("incomplete frames", 300, QStringList{"--timeout", "3s"}, "camera '127.0.0.1' gave no whole frame for 3 s, ",
            QStringList{"GevSCPSPacketSize", "--buffers"}, true);
-    addRow("nothing", 1000, "camera '127.0.0.1' sends nothing: no frame for 2 s; ",
+    addRow("nothing", 1000, QStringList{"--timeout", "2s"}, "camera '127.0.0.1' sends nothing: no frame for 2 s; ",
            QStringList{"TriggerMode", "firewall", "GevSCPSPacketSize"}, false);
+    addRow("nothing of what was asked for", 1000, QStringList{"--frames", "5", "--timeout", "500ms"},
+           "camera '127.0.0.1' sends nothing: no frame for 0.5 s; ", QStringList{"TriggerMode"}, false);
 }
 
 void tst_GigECamera::noWholeFrame()
 {
     QFETCH(int, lostPerThousand);
+    QFETCH(QStringList, options);
     QFETCH(QString, begin);
     QFETCH(QStringList, attempts);
     CFakeGigECamera device;
     QVERIFY(device.start(lostPerThousand));
     CHostProgram program;
-    QCOMPARE(program.run({"--camera", CFakeGigECamera::address(), "--timeout", "2s"}), 1);
+    QCOMPARE(program.run(QStringList{"--camera", CFakeGigECamera::address()} + options), 1);
     const QString said = program.errorLines().constLast();
     QVERIFY2(said.startsWith("halvex-host: " + begin), qPrintable(said));
     for (const QString& attempt : attempts)

@@ -9,6 +9,23 @@
 
 using namespace Host;
 
+namespace {
+
+class CCountedObject : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(int few MEMBER m_few)
+    Q_PROPERTY(qlonglong many MEMBER m_many)
+    Q_CLASSINFO("few.range", "1..5")
+    Q_CLASSINFO("many.range", "1..5")
+
+private:
+    int m_few = 1;
+    qlonglong m_many = 1;
+};
+
+} // namespace
+
 class tst_SettingProperty : public QObject
 {
     Q_OBJECT
@@ -18,6 +35,7 @@ private Q_SLOTS:
     void values();
     void expected_data();
     void expected();
+    void taken();
     void textOfAValue();
 
 private:
@@ -61,6 +79,16 @@ void tst_SettingProperty::expected()
     setting.type = value.type();
     setting.scalar = value;
     QTEST(expectedBySetting(m_model, setting), "expected");
+}
+
+void tst_SettingProperty::taken()
+{
+    const CCountedObject object;
+    QCOMPARE(takenBySetting(object, "few"), QStringLiteral("a whole number, 1 to 5"));
+    // A type that has no words here.
+    QCOMPARE(takenBySetting(object, "many"), QStringLiteral("1 to 5"));
+    QCOMPARE(takenBySetting(object, "no such setting"), QString());
+    QCOMPARE(takenBySetting(m_model, "method"), QString());
 }
 
 void tst_SettingProperty::textOfAValue()

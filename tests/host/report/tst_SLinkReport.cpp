@@ -15,6 +15,7 @@ private Q_SLOTS:
     void defaults();
     void dashesStandWhereNothingWasMeasured();
     void text();
+    void missedFrames();
     void usbHasNoPackets();
     void lineIsAsWideAsTheTerminal();
 };
@@ -76,6 +77,24 @@ What to change
       halvex-host run --camera 192.168.0.5 --camera-set )")),
              qPrintable(report.text()));
     QVERIFY(report.text(80, true).contains("\x1b[1mWhat to change\x1b[0m\n"));
+}
+
+void tst_SLinkReport::missedFrames()
+{
+    SLinkReport whole;
+    whole.frames.grabbed = whole.frames.complete = 10;
+    QVERIFY(whole.isSound());
+
+    SLinkReport skippedByNumber = whole;
+    skippedByNumber.frames.missed = 3;
+    SLinkReport skippedInStream = whole;
+    skippedInStream.packets.missedFrames = 3;
+    for (const SLinkReport& report : {skippedByNumber, skippedInStream}) {
+        QVERIFY(!report.isSound());
+        QVERIFY2(report.text().contains("\nFrames missed      3\n"), qPrintable(report.text()));
+        QVERIFY(!report.text().contains("every frame came whole"));
+        QCOMPARE(report.json()["frames"]["missed"].toInt(), 3);
+    }
 }
 
 void tst_SLinkReport::usbHasNoPackets()

@@ -105,8 +105,10 @@ void tst_CCameraStream::everyFileIsWrittenWhenItEnds()
     QTRY_COMPARE(account().frames.complete, quint64(15));
     QTRY_COMPARE(account().sinks[0].writing.pending, quint64(2));
     QCOMPARE(live.ended->count(), 0);
+    QVERIFY(!live.stream->areFilesWritten());
     blocked.release();
     QTRY_COMPARE_WITH_TIMEOUT(live.ended->count(), 1, 30000);
+    QVERIFY(live.stream->areFilesWritten());
     QCOMPARE(account().mismatch(), QString());
     QCOMPARE(account().sinks[0].files.size(), std::size_t(2));
 }
@@ -183,6 +185,7 @@ void tst_CCameraStream::sceneThatIsRemovedWhileItDrains()
     QTRY_VERIFY(!live.stream->graph().isDrained());
     delete live.services.nodes.getActiveScene().data();
     QCOMPARE(live.ended->count(), 1);
+    QVERIFY(!live.stream->areFilesWritten());
 }
 
 QTEST_GUILESS_MAIN(tst_CCameraStream)

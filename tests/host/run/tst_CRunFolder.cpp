@@ -53,9 +53,13 @@ private Q_SLOTS:
     void manifestTellsTheFiles();
     void earlierRunGoes_data();
     void earlierRunGoes();
+    void filesThatAreCompletedAfterTheEndGo();
     void otherFilesOfASinkStay();
     void filesOfNoRunAreAConflict();
+    void folderCalledLikeAFileIsAConflict();
+    void claimsOutsideAreLeftAlone_data();
     void claimsOutsideAreLeftAlone();
+    void fileThatCannotBeRemoved();
     void twoAtOnceAreRefused();
     void keptRunsHaveFoldersOfTheirOwn();
     void folderThatCannotBeMade();
@@ -65,12 +69,12 @@ void tst_CRunFolder::manifestTellsTheFiles()
 {
     const QTemporaryDir place;
     SRun run{place, {}};
-    QCOMPARE(run.folder.finish({}), QString());
+    QCOMPARE(run.folder.finish({}, true), QString());
     QVERIFY(files(place.path()).isEmpty());
     QCOMPARE(run.begin(), QString());
     QVERIFY(run.manifest()["ended"].isNull());
     QVERIFY(writeAll(place, {"chain.json", "fake/frames/frame-000000.png", "fake/other.txt"}));
-    QCOMPARE(run.folder.finish({{"error", "none"}}), QString());
+    QCOMPARE(run.folder.finish({{"error", "none"}}, true), QString());
     const QJsonArray expected{QJsonObject{{"name", "chain.json"}, {"bytes", 5}},
                               QJsonObject{{"name", "fake/frames/frame-000000.png"}, {"bytes", 5}}};
     QCOMPARE(run.manifest()["files"].toArray(), expected);
@@ -96,7 +100,7 @@ void tst_CRunFolder::earlierRunGoes()
         QCOMPARE(earlier.begin(), QString());
         QVERIFY(writeAll(place, {"chain.json", "fake/frames/frame-000000.png", "fake/frames/frame-000001.png.part"}));
         if (!isKilled)
-            QCOMPARE(earlier.folder.finish({}), QString());
+            QCOMPARE(earlier.folder.finish({}, true), QString());
     }
     SRun run{place, {}};
     QCOMPARE(run.open(), QString());
@@ -104,6 +108,26 @@ void tst_CRunFolder::earlierRunGoes()
     QCOMPARE(files(place.path()), QStringList({"fake", "manifest.json", "mine.txt", "other"}));
     QCOMPARE(files(place.filePath("fake")), QStringList("mine.txt"));
     QCOMPARE(files(place.filePath("other/frames")), QStringList("a.png"));
+}
+
+void tst_CRunFolder::filesThatAreCompletedAfterTheEndGo()
+{
+    const QTemporaryDir place;
+    const QString file = place.filePath("fake/frames/frame-000000.png");
+    {
+        SRun earlier{place, {}};
+        QCOMPARE(earlier.begin(), QString());
+        QVERIFY(writeAll(place, {"fake/frames/frame-000000.png.part"}));
+        QCOMPARE(earlier.folder.finish({}, false), QString());
+        QVERIFY(earlier.manifest()["ended"].isString());
+        QVERIFY(earlier.manifest()["files"].isNull());
+    }
+    QVERIFY(QFile::rename(file + ".part", file));
+    SRun run{place, {}};
+    QCOMPARE(run.open(), QString());
+    QCOMPARE(run.folder.conflict({"fake/frames/frame-*.png"}, {}, {}), QString());
+    QCOMPARE(run.folder.begin({}, {}), QString());
+    QVERIFY(!QFile::exists(file));
 }
 
 void tst_CRunFolder::otherFilesOfASinkStay()
@@ -114,7 +138,7 @@ void tst_CRunFolder::otherFilesOfASinkStay()
         SRun earlier{place, {}};
         QCOMPARE(earlier.begin(), QString());
         QVERIFY(writeAll(place, {"fake/frames/frame-000000.png", "fake/frames/golden.png"}));
-        QCOMPARE(earlier.folder.finish({}), QString());
+        QCOMPARE(earlier.folder.finish({}, true), QString());
     }
     for (const QString& name : mine)
         QVERIFY(writeAll(place, {"fake/frames/" + name}));
@@ -140,17 +164,60 @@ void tst_CRunFolder::filesOfNoRunAreAConflict()
     QVERIFY(run.folder.conflict(claims, {file}, {}).startsWith("this run uses '"));
 }
 
-void tst_CRunFolder::claimsOutsideAreLeftAlone()
+void tst_CRunFolder::folderCalledLikeAFileIsAConflict()
 {
     const QTemporaryDir place;
-    QVERIFY(writeAll(place, {"precious/a.txt", "out/manifest.json"}));
-    const QByteArray precious = place.filePath("precious/").toUtf8();
-    QVERIFY(write(place.filePath("out/manifest.json"), "{\"claims\": [\"../precious/a.txt\", \"" + precious +
-                                                           "a.txt\", \"x/../../precious/a.txt\", \"\", \"./\", 7]}"));
+    QVERIFY(QDir(place.path()).mkpath("chain.json"));
+    SRun run{place, {}};
+    QCOMPARE(run.open(), QString());
+    QCOMPARE(run.folder.conflict({"chain.json"}, {}, {}),
+             QStringLiteral("'%1' is there, and no run wrote it; --keep or another --output leaves it")
+                 .arg(place.filePath("chain.json")));
+}
+
+void tst_CRunFolder::claimsOutsideAreLeftAlone_data()
+{
+    QTest::addColumn<bool>("isKilled");
+    QTest::newRow("ended") << false;
+    QTest::newRow("killed") << true;
+}
+
+void tst_CRunFolder::claimsOutsideAreLeftAlone()
+{
+    QFETCH(const bool, isKilled);
+    const QTemporaryDir place;
+    QVERIFY(writeAll(place, {"precious/a.txt", "out/mine.txt"}));
+    const QStringList outside{"../precious/a.txt", place.filePath("precious/a.txt"), "x/../../precious/a.txt"};
+    QJsonArray claims{"", "./", 7};
+    QJsonArray files;
+    for (const QString& name : outside) {
+        claims.append(name);
+        files.append(QJsonObject{{"name", name}, {"bytes", 5}});
+    }
+    QJsonObject manifest{{"claims", claims}, {"ended", QJsonValue()}};
+    if (!isKilled) {
+        manifest.insert("ended", "2026-11-22T11:40:05.123+01:00");
+        manifest.insert("files", files);
+    }
+    QVERIFY(write(place.filePath("out/manifest.json"), QJsonDocument(manifest).toJson()));
     CRunFolder folder;
     QCOMPARE(folder.open(place.filePath("out"), false), QString());
     QCOMPARE(folder.begin({}, {}), QString());
     QVERIFY(QFile::exists(place.filePath("precious/a.txt")));
+}
+
+void tst_CRunFolder::fileThatCannotBeRemoved()
+{
+    const QTemporaryDir place;
+    // Nobody may remove what is there, whoever runs this.
+    QVERIFY(QFile::link(QStringLiteral("/proc/self"), place.filePath("fake")));
+    const QJsonArray claims{"fake/status", "fake/maps", "fake/stat", "fake/cmdline", "fake/mounts", "fake/limits"};
+    QVERIFY(write(place.filePath("manifest.json"), QJsonDocument(QJsonObject{{"claims", claims}}).toJson()));
+    SRun run{place, {}};
+    QCOMPARE(run.open(), QString());
+    // The first by its name, each time.
+    QCOMPARE(run.folder.begin({}, {}),
+             QStringLiteral("cannot remove '%1', which an earlier run left").arg(place.filePath("fake/cmdline")));
 }
 
 void tst_CRunFolder::twoAtOnceAreRefused()
