@@ -93,7 +93,7 @@ void tst_SLinkReport::missedFrames()
         QVERIFY(!report.isSound());
         QVERIFY2(report.text().contains("\nFrames missed      3\n"), qPrintable(report.text()));
         QVERIFY(!report.text().contains("every frame came whole"));
-        QCOMPARE(report.json()["frames"]["missed"].toInt(), 3);
+        QCOMPARE(report.json().value("frames")["missed"].toInt(), 3);
     }
 }
 
