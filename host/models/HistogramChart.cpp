@@ -3,6 +3,7 @@
 
 #include "host/models/HistogramChart.h"
 
+#include "host/models/HistogramSteps.h"
 #include "host/models/SHistogramScale.h"
 
 #include <opencv2/imgproc.hpp>
@@ -24,7 +25,6 @@ namespace {
 
 constexpr int width = 640;
 constexpr int height = 400;
-constexpr int steps = 256;
 
 // The library draws into memory with this driver, which comes in a package of its own.
 const char* const driver = "memcairo";
@@ -62,15 +62,6 @@ using Counts = SHistogramScale::Counts;
 double endOfValues(const cv::Mat& image)
 {
     return image.depth() == CV_8U ? 256.0 : 65536.0;
-}
-
-Counts counts(const cv::Mat& image, int channel)
-{
-    const float range[] = {0, float(endOfValues(image))};
-    const float* ranges[] = {range};
-    cv::Mat bins;
-    cv::calcHist(&image, 1, &channel, cv::noArray(), bins, 1, &steps, ranges);
-    return {bins.begin<float>(), bins.end<float>()};
 }
 
 // 1, 2 or 5 times a power of ten, so that some four of them make \a most.
@@ -169,9 +160,9 @@ void drawChannel(const Counts& bins, const SChannel& channel, double valueEnd)
     // One point for each step: what is drawn of a preview must not cost more than that.
     std::vector<PLFLT> x{0.0};
     std::vector<PLFLT> y{0.0};
-    for (int step = 0; step < steps; ++step) {
-        x.push_back(valueEnd * (step + 0.5) / steps);
-        y.push_back(double(bins[std::size_t(step)]));
+    for (std::size_t step = 0; step < bins.size(); ++step) {
+        x.push_back(valueEnd * (double(step) + 0.5) / double(bins.size()));
+        y.push_back(double(bins[step]));
     }
     x.push_back(valueEnd);
     y.push_back(0.0);
@@ -187,10 +178,7 @@ void drawChannel(const Counts& bins, const SChannel& channel, double valueEnd)
 
 void draw(const cv::Mat& image, cv::Mat* pixels)
 {
-    std::vector<Counts> bins;
-    bins.reserve(std::size_t(image.channels()));
-    for (int channel = 0; channel < image.channels(); ++channel)
-        bins.push_back(counts(image, channel));
+    const std::vector<Counts> bins = histogramSteps(image);
     const SHistogramScale scale(bins);
     const double most = scale.most;
     const CPicture picture(*pixels);

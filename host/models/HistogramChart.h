@@ -13,7 +13,7 @@ namespace Host {
  * When many pixels are black or white, these columns are cut, so that the others can be seen, and their share of all
  * pixels is told above.
  *
- * 256 steps from black to white, whatever the image's depth; the axes say values and pixels, the title the channels.
+ * The values are drawn in steps, see histogramSteps(). The axes say values and pixels, the title the channels.
  *
  * Throws std::runtime_error when the chart library lacks what it draws with. Threads: any; one chart is drawn at a
  * time.
