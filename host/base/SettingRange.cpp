@@ -8,6 +8,8 @@
 #include <QMetaClassInfo>
 #include <QRegularExpression>
 
+#include <cmath>
+
 namespace Host {
 
 using namespace Plugin::Halvex;
@@ -51,7 +53,7 @@ bool isInRange(const QObject& model, const QMetaProperty& property, double value
     const auto match = bounds.match(writtenRange(model, property));
     if (!match.hasMatch())
         return true;
-    return value >= match.captured(1).toDouble() &&
+    return std::isfinite(value) && value >= match.captured(1).toDouble() &&
            (match.captured(2).isEmpty() || value <= match.captured(2).toDouble());
 }
 

@@ -78,12 +78,17 @@ bool CAravisCamera::configure(QString* error)
 bool CAravisCamera::setFeatures(QString* error)
 {
     // After the frame rate, which the library sets together with the trigger: what was asked for by name stays.
+    const CFeatures features(arv_camera_get_device(m_camera.get()));
     QStringList errors;
     for (const auto& [name, value] : m_options.features) {
-        if (!setFeature(name, value, error))
-            errors << *error;
+        if (!errors.isEmpty() && isLost())
+            break; // it would only wait for each of the others
+        // Nothing is written any more once it is clear that the camera will not be used.
+        const QString wrong = errors.isEmpty() ? features.set(name, value) : features.refusalOf(name, value);
+        if (!wrong.isEmpty())
+            errors << QStringLiteral("camera '%1': %2").arg(m_options.address, wrong);
     }
-    *error = errors.join(QLatin1Char('\n')); // a line for each that is not taken
+    *error = errors.join(QLatin1Char('\n'));
     return errors.isEmpty();
 }
 

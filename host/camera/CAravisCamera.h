@@ -48,7 +48,8 @@ class CBufferReturn;
 class CAravisCamera : public IFrameSource
 {
 public:
-    /// Opens the camera and applies \a options. On failure null, and the reason in one line in \a error.
+    /// Opens the camera and applies \a options. On failure null, and the reason in \a error: a line, or one for each
+    /// feature that the camera does not take. After the first of these no other feature is set.
     static std::unique_ptr<CAravisCamera> open(const SCameraOptions& options, QString* error);
 
     /// Stops.

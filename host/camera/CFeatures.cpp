@@ -197,7 +197,7 @@ void CFeatures::add(ArvGcNode* node, const QString& category, QSet<QString>* see
     }
 }
 
-QString CFeatures::set(const QString& name, const QString& value) const
+QString CFeatures::refusalOf(const QString& name, const QString& value) const
 {
     ArvGcNode* const node = arv_device_get_feature(m_device, name.toUtf8().constData());
     if (!node || !ARV_IS_GC_FEATURE_NODE(node) || ARV_IS_GC_CATEGORY(node)) {
@@ -209,8 +209,15 @@ QString CFeatures::set(const QString& name, const QString& value) const
     if (!isWritable(node))
         return QStringLiteral("the feature '%1' cannot be written now").arg(name);
     const QString wrong = refusal(node, value);
+    return wrong.isEmpty() ? QString() : QStringLiteral("the feature '%1' %2").arg(name, wrong);
+}
+
+QString CFeatures::set(const QString& name, const QString& value) const
+{
+    const QString wrong = refusalOf(name, value);
     if (!wrong.isEmpty())
-        return QStringLiteral("the feature '%1' %2").arg(name, wrong);
+        return wrong;
+    ArvGcNode* const node = arv_device_get_feature(m_device, name.toUtf8().constData());
     CGLibError error;
     if (ARV_IS_GC_COMMAND(node))
         arv_device_execute_command(m_device, name.toUtf8().constData(), error.slot());

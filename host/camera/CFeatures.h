@@ -47,6 +47,9 @@ public:
     /// can be set and stands in no category comes last: the packet size of many network cameras does.
     std::vector<SFeature> all() const;
 
+    /// What set() would find wrong before it asks the camera. Empty when nothing is.
+    QString refusalOf(const QString& name, const QString& value) const;
+
     /// Sets a feature, or runs a command whatever \a value says. Whole numbers are decimal, or hexadecimal with 0x.
     /// Returns what is wrong, in one line: a feature that is not there (with the closest names), that cannot be written
     /// now, or a value that it does not take. Empty on success.

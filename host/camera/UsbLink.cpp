@@ -9,19 +9,13 @@
 
 namespace Host {
 
-SUsbLink usbLink(ArvDevice* device)
+SUsbLink usbLink(ArvCamera* camera)
 {
     SUsbLink link;
-#if ARAVIS_HAS_USB
-    link.isUsed = ARV_IS_UV_DEVICE(device);
-#else
-    Q_UNUSED(device)
-#endif
+    link.isUsed = arv_camera_is_uv_device(camera);
     QFile limit(QStringLiteral("/sys/module/usbcore/parameters/usbfs_memory_mb"));
-    const quint64 mebibytes =
-        link.isUsed && limit.open(QIODevice::ReadOnly) ? limit.readAll().trimmed().toULongLong() : 0;
-    if (mebibytes > 0)
-        link.memoryBytes = mebibytes << 20U;
+    if (link.isUsed && limit.open(QIODevice::ReadOnly))
+        link.memoryBytes = limit.readAll().trimmed().toULongLong() << 20U;
     return link;
 }
 

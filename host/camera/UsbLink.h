@@ -7,7 +7,7 @@
 
 #include <optional>
 
-struct _ArvDevice;
+struct _ArvCamera;
 
 namespace Host {
 
@@ -15,9 +15,9 @@ namespace Host {
 struct SUsbLink
 {
     bool isUsed = false;                ///< Whether the camera is one.
-    std::optional<quint64> memoryBytes; ///< What the kernel lends to all USB transfers together; none without a limit.
+    std::optional<quint64> memoryBytes; ///< What the kernel lends to all USB transfers; 0 without a limit.
 };
 
-SUsbLink usbLink(_ArvDevice* device);
+SUsbLink usbLink(_ArvCamera* camera);
 
 } // namespace Host

@@ -151,8 +151,8 @@ bool CSettingsCheck::checkType(const SJsonNode& setting)
     return false;
 }
 
-// A decoupler keeps any rate, but its timer follows none but these. In a document, where nobody sees what it does
-// instead, that is a mistake; a run tells it of a rate that it is given.
+// A decoupler keeps any rate, but its timer follows none but these. In a document another one is a mistake; who sets it
+// for a run sees in its table what the timer does instead.
 bool CSettingsCheck::checkRate(const SJsonNode& setting)
 {
     const bool isRate =

@@ -46,6 +46,7 @@ bool CEndingArguments::isGiven(const char* option) const
 
 void CEndingArguments::read(SRunOptions* options) const
 {
+    Q_ASSERT(m_command); // declare() comes first
     const bool hasRealCamera = std::any_of(options->cameras.begin(), options->cameras.end(),
                                            [](const auto& camera) { return !SCameraOptions::isFake(camera.address); });
     options->isStrict = m_isStrict;

@@ -28,8 +28,8 @@ namespace Host {
  * with a validation message. The output carries the frame information of the input.
  *
  * Unless a document says otherwise, every frame is filtered, in the order of the frames; of more than 16 that wait the
- * oldest is dropped. A filter whose result may come late works in the background: nothing that is recorded, and no
- * window, then waits for a core because of it.
+ * oldest is dropped. A filter whose result may come late works in the background: all of these together leave one core
+ * free for what is recorded, and for a window.
  *
  * Threads: as every worker model.
  */

@@ -31,7 +31,7 @@ quint64 drops(const SLinkReport& report)
 
 bool isLossy(const SLinkReport& report)
 {
-    return report.frames.incomplete > 0 || report.missedFrames() > 0;
+    return report.frames.incomplete > 0 || report.missedFrames().value_or(0) > 0;
 }
 
 QString runWithPackets(const SLinkReport& report, quint64 bytes)
@@ -145,12 +145,20 @@ QString resendText(const SLinkReport& report)
                                                                 "again.");
 }
 
+// \a seen where parts of frames are missing. Whole ones the camera itself may have left out.
+QString lossText(const SLinkReport& report, const QString& seen)
+{
+    const bool isSeen = report.frames.incomplete > 0 || report.packets.missing.value_or(0) > 0;
+    return isSeen ? seen : QStringLiteral("Whole frames are missing: they got lost, or the camera left them out.");
+}
+
 Advice onLoss(const SLinkReport& report)
 {
     if (!isLossy(report) || drops(report) > 0 || report.usb.isUsed)
         return {};
-    const QString reason = QStringLiteral("Packets got lost between camera and computer.%1 Try another cable or port")
-                               .arg(resendText(report));
+    const QString reason =
+        QStringLiteral("%1%2 Try another cable or port")
+            .arg(lossText(report, QStringLiteral("Packets got lost between camera and computer.")), resendText(report));
     const QString command = lowerRate(report);
     if (command.isEmpty())
         return SLinkAdvice{reason + QStringLiteral(", and test again."), testAgain(report)};
@@ -182,7 +190,7 @@ Advice onSmallUsbMemory(const SLinkReport& report)
 {
     const quint64 needed = report.frameBytes * quint64(std::max(report.buffers, 0));
     const bool isShort = isLossy(report) || report.frames.grabbed == 0 || report.frames.underruns > 0;
-    if (!isShort || !report.usb.memoryBytes || *report.usb.memoryBytes >= needed)
+    if (!isShort || report.usb.memoryBytes.value_or(0) == 0 || *report.usb.memoryBytes >= needed)
         return {};
     constexpr quint64 mebi = 1 << 20;
     quint64 mebibytes = 64;
@@ -199,9 +207,9 @@ Advice onFullUsb(const SLinkReport& report)
 {
     if (!isLossy(report) || !report.usb.isUsed)
         return {};
-    const QString reason =
-        QStringLiteral("Frames did not come whole over USB. All devices at a controller share its "
-                       "bandwidth: use a USB 3 port without a hub or other cameras, a shorter cable");
+    const QString reason = lossText(report, QStringLiteral("Frames did not come whole over USB.")) +
+                           QStringLiteral(" All devices at a controller share its bandwidth: use a USB 3 port without "
+                                          "a hub or other cameras, a shorter cable");
     const QString command = lowerRate(report);
     if (command.isEmpty())
         return SLinkAdvice{reason + QStringLiteral(", and test again."), testAgain(report)};

@@ -31,7 +31,7 @@ QJsonObject SLinkReport::json() const
     const QJsonObject frameCounts{{"grabbed", double(frames.grabbed)},
                                   {"complete", double(frames.complete)},
                                   {"incomplete", double(frames.incomplete)},
-                                  {"missed", double(missedFrames())},
+                                  {"missed", number(missedFrames())},
                                   {"underruns", double(frames.underruns)}};
     const QJsonObject packetCounts{{"bytes", number(packetBytes)},
                                    {"largest_bytes", number(largestPacketBytes)},

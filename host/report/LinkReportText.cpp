@@ -69,7 +69,7 @@ QString framesText(const SLinkReport& report, int width)
                                 .arg(frames.complete)
                                 .arg(frames.incomplete);
     return labelledLine("Frames grabbed", grabbed, width) +
-           labelledLine("Frames missed", QString::number(report.missedFrames()), width) +
+           labelledLine("Frames missed", number(report.missedFrames()), width) +
            labelledLine("Underruns", QString::number(frames.underruns), width) +
            labelledLine("Frames per second", rate(report.framesPerSecond(), ""), width) +
            labelledLine("Data rate", rate(bytes ? std::optional<double>(*bytes / mega) : std::nullopt, " MB/s"), width);
@@ -88,13 +88,18 @@ QString packetsText(const SLinkReport& report, int width)
            labelledLine("Kernel drops", number(report.socket.drops), width);
 }
 
+QString usbMemoryText(const SUsbLink& usb)
+{
+    if (!usb.memoryBytes)
+        return QStringLiteral("-");
+    return *usb.memoryBytes == 0 ? QStringLiteral("no limit")
+                                 : QStringLiteral("%1 for all cameras together").arg(byteText(*usb.memoryBytes));
+}
+
 QString usbText(const SUsbLink& usb, int width)
 {
-    const QString memory = usb.memoryBytes
-                               ? QStringLiteral("%1 for all cameras together").arg(byteText(*usb.memoryBytes))
-                               : QStringLiteral("no limit");
     return labelledLine("Interface", QStringLiteral("USB3 Vision"), width) +
-           labelledLine("Memory for USB", memory, width);
+           labelledLine("Memory for USB", usbMemoryText(usb), width);
 }
 
 QString adviceText(const SLinkReport& report, int width)

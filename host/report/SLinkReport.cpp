@@ -9,11 +9,13 @@ namespace Host {
 
 bool SLinkReport::isSound() const
 {
-    return frames.complete > 0 && frames.incomplete == 0 && frames.underruns == 0 && missedFrames() == 0;
+    return frames.complete > 0 && frames.incomplete == 0 && frames.underruns == 0 && missedFrames().value_or(0) == 0;
 }
 
-quint64 SLinkReport::missedFrames() const
+std::optional<quint64> SLinkReport::missedFrames() const
 {
+    if (!packets.missedFrames && frames.complete < 2)
+        return {};
     return std::max(packets.missedFrames.value_or(0), frames.missed);
 }
 

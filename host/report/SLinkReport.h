@@ -45,7 +45,8 @@ struct SLinkReport
     bool isSound() const;
 
     /// Of which nothing came: as the stream counted them, or as the numbers of the frames tell, if these are more.
-    quint64 missedFrames() const;
+    /// Nothing where the stream counts none and there are no two frames to compare.
+    std::optional<quint64> missedFrames() const;
 
     std::optional<double> framesPerSecond() const;
     std::optional<double> bytesPerSecond() const;

@@ -40,8 +40,8 @@ class IHostModels;
  *
  * The destructor ends the grabbing, if it goes on, and closes the camera.
  *
- * Functions that may fail return the reason in one line; empty on success. Threads: one, with an event loop; frames are
- * grabbed in a thread of the stream's own.
+ * Functions that may fail return the reason, as IFrameSource does; empty on success. Threads: one, with an event loop;
+ * frames are grabbed in a thread of the stream's own.
  */
 class CCameraStream : public QObject
 {

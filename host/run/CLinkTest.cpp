@@ -77,7 +77,7 @@ void CLinkTest::measurePackets()
     m_report.setPacketBytes = packetSize(camera);
     m_report.largestPacketBytes = largestPacketSize(camera);
     m_report.link = networkLink(arv_camera_get_device(camera));
-    m_report.usb = usbLink(arv_camera_get_device(camera));
+    m_report.usb = usbLink(camera);
 }
 
 void CLinkTest::requestEnd()

@@ -38,8 +38,8 @@ public:
     explicit CLinkTest(SCameraOptions options);
     ~CLinkTest() override;
 
-    /// Opens the camera, finds the largest packet that gets through, and begins. Returns what is wrong, in one line;
-    /// empty on success.
+    /// Opens the camera, finds the largest packet that gets through, and begins. Returns what is wrong, as
+    /// CAravisCamera::open() does; empty on success.
     QString start();
 
     /// The test ends soon after.

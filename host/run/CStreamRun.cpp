@@ -104,12 +104,12 @@ bool CStreamRun::openFolder()
     return m_error.isEmpty();
 }
 
-// What is there is replaced, and what an earlier run left goes, when nothing else can be refused.
+// Before anything is replaced all of it is tried. What no trial shows may still go wrong then, such as a full disk.
 bool CStreamRun::openFiles()
 {
     QString error = tryDocuments(m_options);
     if (error.isEmpty())
-        error = saveScene(m_options.save, m_streams);
+        error = saveScene(m_options.save, m_services, m_streams);
     if (error.isEmpty())
         m_trace = openTrace(m_options.trace, m_streams, &error);
     if (error.isEmpty())

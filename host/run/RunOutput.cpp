@@ -4,7 +4,11 @@
 #include "host/run/RunOutput.h"
 
 #include "host/base/Counted.h"
+#include "host/base/InputFile.h"
 #include "host/base/RunFiles.h"
+#include "host/check/CDocumentCheck.h"
+#include "host/documents/DocumentFile.h"
+#include "host/plugins/CHostServices.h"
 #include "host/report/CGraphText.h"
 #include "host/report/SRunReport.h"
 #include "host/report/Terminal.h"
@@ -136,11 +140,16 @@ QString tryDocuments(const SRunOptions& options)
     return {};
 }
 
-QString saveScene(const QString& file, const std::vector<std::unique_ptr<CCameraStream>>& streams)
+QString saveScene(const QString& file, const CHostServices& services,
+                  const std::vector<std::unique_ptr<CCameraStream>>& streams)
 {
     if (file.isEmpty())
         return {};
-    return writeOutput(file, orderedScene(streams.front()->graph().scene().saveToMemory()));
+    const CCameraStream& first = *streams.front();
+    const QByteArray document = orderedScene(first.graph().scene().saveToMemory());
+    CDocumentCheck check(services.nodes(), services.models(), {EDocumentKind::Scene, {first.camera()}});
+    const QString faults = faultsText(QStringLiteral("cannot save"), inputName(file), check.check(document));
+    return faults.isEmpty() ? writeOutput(file, document) : faults;
 }
 
 std::shared_ptr<CTraceFile> openTrace(const QString& file, const std::vector<std::unique_ptr<CCameraStream>>& streams,

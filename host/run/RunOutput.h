@@ -15,6 +15,7 @@ class CNodeScene;
 namespace Host {
 
 class CCameraStream;
+class CHostServices;
 class CTraceFile;
 struct SRunOptions;
 struct SRunReport;
@@ -41,8 +42,10 @@ QString runText(const std::vector<SRunReport>& reports, bool hasFailed);
 QString tryDocuments(const SRunOptions& options);
 
 /// Writes the scene document of the first stream to \a file, or to standard output for "-". Does nothing without a
-/// name. Returns what is wrong, in one line; empty on success.
-QString saveScene(const QString& file, const std::vector<std::unique_ptr<CCameraStream>>& streams);
+/// name. A document that no run would load is not written: there are settings that only a run takes. Returns what is
+/// wrong; empty on success.
+QString saveScene(const QString& file, const CHostServices& services,
+                  const std::vector<std::unique_ptr<CCameraStream>>& streams);
 
 /// A trace in \a file, "-" for standard output, or null without a name, that the streams, once they are started, tell
 /// of everything. On failure the reason in \a error.

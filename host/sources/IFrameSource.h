@@ -28,7 +28,7 @@ namespace Host {
  *     show(grab.frame);
  * \endcode
  *
- * Functions that may fail put the reason into \a error, in one line.
+ * Functions that may fail put the reason into \a error: a line, or one for each feature that the camera refuses.
  *
  * Threads: start() and the destructor while no grab() is under way; grab() and underruns() in one thread at a time; the
  * others in any.

@@ -4,6 +4,7 @@
 #include "CHostProgram.h"
 #include "CPluginTestFolder.h"
 
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -158,6 +159,14 @@ void tst_HalvexHostRuns::rateOfADecouplerIsWhatItDoes()
     CHostProgram program;
     QCOMPARE(program.run({"--frames", "2", "--set", QStringLiteral("preview.framesPerSecond=%1").arg(rate)}), 0);
     QVERIFY2(program.output().contains(line), qPrintable(program.output()));
+
+    // No scene is saved that could not be loaded again.
+    const QString scene = program.file("scene.json");
+    QCOMPARE(program.run(
+                 {"--frames", "2", "--set", QStringLiteral("preview.framesPerSecond=%1").arg(rate), "--save", scene}),
+             2);
+    QVERIFY2(program.errorLines().join('\n').contains("cannot save"), qPrintable(program.errorLines().join('\n')));
+    QVERIFY(!QFile::exists(scene));
 
     program.start({"run", "--frames", "0"});
     program.process().write(QStringLiteral("set preview.framesPerSecond=%1\nstop\n").arg(rate).toUtf8());

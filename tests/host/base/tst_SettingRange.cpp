@@ -10,6 +10,8 @@
 
 #include <QTest>
 
+#include <limits>
+
 using namespace Host;
 
 namespace {
@@ -62,6 +64,11 @@ void tst_SettingRange::fractions()
     QCOMPARE(rangeOf(sink, rate), QStringLiteral("0.01 to 10000"));
     QVERIFY(isInRange(sink, rate, 0.01));
     QVERIFY(!isInRange(sink, rate, 0.001));
+    // No bound above, but a number all the same.
+    const QMetaProperty waiting = propertyNamed(CBlurModel(), "mostWaiting");
+    QVERIFY(isInRange(CBlurModel(), waiting, 1e9));
+    QVERIFY(!isInRange(CBlurModel(), waiting, std::numeric_limits<double>::infinity()));
+    QVERIFY(!isInRange(CBlurModel(), waiting, std::numeric_limits<double>::quiet_NaN()));
     for (const double noRate : {qQNaN(), qInf(), -qInf()})
         QVERIFY(!isInRange(sink, rate, noRate));
 }

@@ -41,6 +41,7 @@ class tst_GigECamera : public QObject
 private Q_SLOTS:
     void framesArriveComplete();
     void rateThatCannotBeSetIsRefused();
+    void nothingIsSetBehindARefusedFeature();
     void incompleteFramesAreCountedAndNeverHandedOn();
     void cameraThatGoesEndsTheThread();
     void programSkipsIncompleteFrames();
@@ -78,6 +79,20 @@ void tst_GigECamera::rateThatCannotBeSetIsRefused()
     QString error;
     QVERIFY(!CAravisCamera::open(options, &error));
     QVERIFY2(error.startsWith("camera '127.0.0.1' cannot do 1e+09 frames per second, "), qPrintable(error));
+}
+
+// What is set stays in the camera.
+void tst_GigECamera::nothingIsSetBehindARefusedFeature()
+{
+    CFakeGigECamera device;
+    QVERIFY(device.start());
+    SCameraOptions options = gigE();
+    options.features = {{"Width", "256"}, {"Widht", "100"}, {"Width", "128"}, {"Height", "x"}};
+    QString error;
+    QVERIFY(!CAravisCamera::open(options, &error));
+    QCOMPARE(error.count('\n'), 1);
+    QVERIFY2(error.contains("Widht") && error.contains("Height"), qPrintable(error));
+    QCOMPARE(startCamera(gigE())->width(), 256);
 }
 
 void tst_GigECamera::incompleteFramesAreCountedAndNeverHandedOn()

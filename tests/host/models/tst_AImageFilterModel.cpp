@@ -94,7 +94,7 @@ protected:
     }
 };
 
-// Remembers in whose thread it worked last.
+// Remembers whether the background pool was at work when it was.
 class CPoolModel : public AImageFilterModel
 {
 public:
@@ -252,6 +252,7 @@ void tst_AImageFilterModel::worksInTheBackground()
     QVERIFY(*restored.isInBackground);
 
     model.setPriority(AImageFilterModel::EPriority::Normal);
+    QVERIFY(CBackgroundPool::instance().waitForDone(30000)); // its thread may still be on the way out
     send(model, imageData());
     QVERIFY(!*model.isInBackground);
 }

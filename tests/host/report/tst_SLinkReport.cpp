@@ -38,6 +38,8 @@ void tst_SLinkReport::dashesStandWhereNothingWasMeasured()
     for (const char* line : {"\nData rate          -\n", "\nInterface          -\n", "\nPacket size        -\n",
                              "\nPackets received   -\n", "\nSocket buffer      -\n", "\nKernel drops       -\n"})
         QVERIFY2(report.text().contains(line), line);
+    QVERIFY(SLinkReport().text().contains("\nFrames missed      -\n"));
+    QVERIFY(SLinkReport().json().value("frames")["missed"].isNull());
 }
 
 void tst_SLinkReport::text()
@@ -93,6 +95,7 @@ void tst_SLinkReport::missedFrames()
         QVERIFY(!report.isSound());
         QVERIFY2(report.text().contains("\nFrames missed      3\n"), qPrintable(report.text()));
         QVERIFY(!report.text().contains("every frame came whole"));
+        QVERIFY(report.text().simplified().contains("Whole frames are missing"));
         QCOMPARE(report.json().value("frames")["missed"].toInt(), 3);
     }
 }
@@ -125,8 +128,10 @@ What to change
       halvex-host cameras Maker-17 --test 10s
 )"));
     QCOMPARE(report.json().value("usb")["memory_bytes"].toInt(), 16 << 20);
-    report.usb.memoryBytes.reset();
+    report.usb.memoryBytes = 0;
     QVERIFY(report.text().contains("\nMemory for USB     no limit\n"));
+    report.usb.memoryBytes.reset();
+    QVERIFY(report.text().contains("\nMemory for USB     -\n"));
     report.usb.isUsed = false;
     QVERIFY(report.json().value("usb").isNull());
 }
