@@ -53,13 +53,21 @@ QString pluginsJson(const CPluginHost& plugins, const QString& folder)
     return QString::fromUtf8(QJsonDocument(json).toJson());
 }
 
+// Of a link or a copy in the folder the file that was loaded may be elsewhere.
+QString placeOf(const QString& file, const QString& folder)
+{
+    const QFileInfo info(file);
+    return printable(info.path() == folder ? info.fileName() : file);
+}
+
 QString pluginsText(const CPluginHost& plugins, const QString& folder)
 {
     const int width = columnsOf(stdout);
+    const QString place = QFileInfo(folder).canonicalFilePath();
     CTable table({"Plugin", "Version", "File"});
     for (const SPluginInfo& plugin : plugins.plugins())
-        table.addRow({plugin.name, plugin.version.toString(), printable(QFileInfo(plugin.file).fileName())});
-    QString text = QStringLiteral("Loaded from %1\n\n").arg(printable(QFileInfo(folder).canonicalFilePath()));
+        table.addRow({plugin.name, plugin.version.toString(), placeOf(plugin.file, place)});
+    QString text = QStringLiteral("Loaded from %1\n\n").arg(printable(place));
     text += table.isEmpty() ? QStringLiteral("nothing\n") : table.text(width, takesColors(stdout));
     if (!plugins.refusals().empty())
         text += QStringLiteral("\nNot loaded, or failed\n\n");
