@@ -13,6 +13,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -53,11 +54,11 @@ QString pluginsJson(const CPluginHost& plugins, const QString& folder)
     return QString::fromUtf8(QJsonDocument(json).toJson());
 }
 
-// Of a link or a copy in the folder the file that was loaded may be elsewhere.
+// Another file than the one in the folder may stand for a copy.
 QString placeOf(const QString& file, const QString& folder)
 {
-    const QFileInfo info(file);
-    return printable(info.path() == folder ? info.fileName() : file);
+    const QString name = QFileInfo(file).fileName();
+    return printable(QFileInfo(QDir(folder).filePath(name)).canonicalFilePath() == file ? name : file);
 }
 
 QString pluginsText(const CPluginHost& plugins, const QString& folder)
