@@ -19,6 +19,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 
@@ -54,11 +55,13 @@ QString pluginsJson(const CPluginHost& plugins, const QString& folder)
     return QString::fromUtf8(QJsonDocument(json).toJson());
 }
 
-// Another file than the one in the folder may stand for a copy.
+// Another file than the folder has, or links to, may stand for a copy.
 QString placeOf(const QString& file, const QString& folder)
 {
-    const QString name = QFileInfo(file).fileName();
-    return printable(QFileInfo(QDir(folder).filePath(name)).canonicalFilePath() == file ? name : file);
+    const QFileInfoList files = QDir(folder).entryInfoList(QDir::Files);
+    const bool isThere = std::any_of(files.begin(), files.end(),
+                                     [&file](const QFileInfo& each) { return each.canonicalFilePath() == file; });
+    return printable(isThere ? QFileInfo(file).fileName() : file);
 }
 
 QString pluginsText(const CPluginHost& plugins, const QString& folder)
