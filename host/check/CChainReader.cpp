@@ -58,7 +58,7 @@ void CChainReader::read(const SJsonNode& root)
     for (const SJsonNode* element : itemsOf(&root))
         connectElement(*element, first + int(element->index));
     checkUnknownSources();
-    if (m_cameras.isEmpty() && m_unknown.empty() && !m_faults.hasSyntaxErrors())
+    if (m_cameras.isEmpty() && m_unknown.empty() && !m_faults.hasUnreadValues())
         m_faults.addError(EFaultRule::Camera, root, QStringLiteral("no element has a camera as its source"));
     m_graph.finish(root);
 }

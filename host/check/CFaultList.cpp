@@ -75,9 +75,11 @@ void CFaultList::add(bool isError, EFaultRule rule, int offset, const SJsonNode*
     m_faults.emplace_back(offset, SFault{isError, rule, place.line, place.column, path, message});
 }
 
-bool CFaultList::hasSyntaxErrors() const
+bool CFaultList::hasUnreadValues() const
 {
-    return std::any_of(m_faults.begin(), m_faults.end(), [](const auto& fault) { return isOfSyntax(fault.second); });
+    // Only a value has a path.
+    return std::any_of(m_faults.begin(), m_faults.end(),
+                       [](const auto& fault) { return isOfSyntax(fault.second) && !fault.second.path.isEmpty(); });
 }
 
 std::vector<SFault> CFaultList::sorted() const

@@ -48,8 +48,9 @@ public:
 
     bool isEmpty() const { return m_faults.empty(); }
 
-    /// Whether something of the document could not be read: what seems to be missing may be there.
-    bool hasSyntaxErrors() const;
+    /// Whether a value of the document could not be read: what seems to be missing may be there. Comments and commas
+    /// behind the last item stand for no value.
+    bool hasUnreadValues() const;
 
     /// Whether there are more faults than are kept.
     bool isCut() const { return !m_leftOut.message.isEmpty(); }

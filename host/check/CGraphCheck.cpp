@@ -133,7 +133,7 @@ QString CGraphCheck::remedy(const SGraphConnection& connection, const QString& g
 void CGraphCheck::finish(const SJsonNode& root)
 {
     findLoops();
-    if (!m_faults.hasSyntaxErrors() && findIdleCameras(root))
+    if (!m_faults.hasUnreadValues() && findIdleCameras(root))
         findUnreached();
 }
 

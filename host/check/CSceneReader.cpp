@@ -59,7 +59,7 @@ void CSceneReader::read(const SJsonNode& root)
     const SJsonNode* const nodes = root.member(DocumentKeys::nodes);
     for (const SJsonNode* node : objectsOf(nodes))
         addNode(*node);
-    if (nodes && !m_cameraJson && !m_faults.hasSyntaxErrors())
+    if (nodes && !m_cameraJson && !m_faults.hasUnreadValues())
         m_faults.addError(EFaultRule::Camera, *nodes,
                           QStringLiteral("none of the nodes is a %1, the camera of the run").arg(shown(m_cameraModel)));
     for (const SJsonNode* connection : objectsOf(root.member(DocumentKeys::connections)))

@@ -110,7 +110,9 @@ QString manPage(const CLI::App& program, const ExitCodes& exitCodes)
     for (const auto& code : exitCodes)
         text += entry(bold(escaped(code.first.toStdString())), escaped(code.second.toStdString()));
     return text + QStringLiteral(".SH ENVIRONMENT\n") +
-           entry(bold(QStringLiteral("NO_COLOR")), QStringLiteral("Nothing is printed in bold when it is set."));
+           entry(bold(QStringLiteral("NO_COLOR")), QStringLiteral("Nothing is printed in bold when it is set.")) +
+           entry(bold(QStringLiteral("COLUMNS")),
+                 QStringLiteral("How wide texts are where there is no terminal; 80 without it."));
 }
 
 } // namespace Host

@@ -13,11 +13,13 @@
 
 #include <CLI/CLI.hpp>
 
+#include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 
@@ -53,13 +55,23 @@ QString pluginsJson(const CPluginHost& plugins, const QString& folder)
     return QString::fromUtf8(QJsonDocument(json).toJson());
 }
 
+// Another file than the folder has, or links to, may stand for a copy.
+QString placeOf(const QString& file, const QString& folder)
+{
+    const QFileInfoList files = QDir(folder).entryInfoList(QDir::Files);
+    const bool isThere = std::any_of(files.begin(), files.end(),
+                                     [&file](const QFileInfo& each) { return each.canonicalFilePath() == file; });
+    return printable(isThere ? QFileInfo(file).fileName() : file);
+}
+
 QString pluginsText(const CPluginHost& plugins, const QString& folder)
 {
     const int width = columnsOf(stdout);
+    const QString place = QFileInfo(folder).canonicalFilePath();
     CTable table({"Plugin", "Version", "File"});
     for (const SPluginInfo& plugin : plugins.plugins())
-        table.addRow({plugin.name, plugin.version.toString(), printable(QFileInfo(plugin.file).fileName())});
-    QString text = QStringLiteral("Loaded from %1\n\n").arg(printable(QFileInfo(folder).canonicalFilePath()));
+        table.addRow({plugin.name, plugin.version.toString(), placeOf(plugin.file, place)});
+    QString text = QStringLiteral("Loaded from %1\n\n").arg(printable(place));
     text += table.isEmpty() ? QStringLiteral("nothing\n") : table.text(width, takesColors(stdout));
     if (!plugins.refusals().empty())
         text += QStringLiteral("\nNot loaded, or failed\n\n");

@@ -74,7 +74,7 @@ void writeRates(QTextStream& out, const std::vector<SDecouplerReport>& decoupler
     for (const SDecouplerReport& decoupler : decouplers) {
         const QString most = decoupler.mostPerSecond
                                  ? QStringLiteral("at most %1 frames per second").arg(*decoupler.mostPerSecond)
-                                 : QStringLiteral("every frame that comes");
+                                 : QStringLiteral("at most one frame in each pass of the event loop");
         QString line = QStringLiteral("Rate of %1: %2").arg(decoupler.name, most);
         // What is not even a number is not close either.
         if (!decoupler.mostPerSecond || !(std::abs(*decoupler.mostPerSecond - decoupler.framesPerSecond) <= 0.5))

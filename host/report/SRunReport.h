@@ -37,10 +37,11 @@ struct SDecouplerReport
     QString name;
     double framesPerSecond = 0.0; ///< As it is set, whatever number that is.
     Plugin::Halvex::SDecouplerStatistics counts;
-    quint64 expected = 0;                  ///< What its connections carried.
-    quint64 delivered = 0;                 ///< What has come out, of all that was emitted.
-    std::optional<double> mostPerSecond{}; ///< What its timer lets through; nothing if that is all that comes.
-    bool isOnLoop = false;                 ///< What goes round may stay in it.
+    quint64 expected = 0;  ///< What its connections carried.
+    quint64 delivered = 0; ///< What has come out, of all that was emitted.
+    std::optional<double>
+        mostPerSecond{};   ///< What its timer lets through; nothing if it ticks in each pass of the event loop.
+    bool isOnLoop = false; ///< What goes round may stay in it.
 };
 
 /// What one worker of a run did.

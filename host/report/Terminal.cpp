@@ -17,7 +17,10 @@ int columnsOf(std::FILE* stream)
     constexpr int usual = 80;
     winsize size{};
     const bool isTerminal = isatty(fileno(stream)) == 1 && ioctl(fileno(stream), TIOCGWINSZ, &size) == 0;
-    return isTerminal && size.ws_col > 0 ? int(size.ws_col) : usual;
+    if (isTerminal && size.ws_col > 0)
+        return int(size.ws_col);
+    const int asked = qEnvironmentVariableIntValue("COLUMNS");
+    return asked > 0 ? asked : usual;
 }
 
 bool takesColors(std::FILE* stream)

@@ -9,7 +9,8 @@
 
 namespace Host {
 
-/// Columns of the terminal that \a stream leads to; 80 when it leads to none, so that a log looks the same everywhere.
+/// Columns of the terminal that \a stream leads to. When it leads to none, what COLUMNS says; without that 80, so that
+/// a log looks the same everywhere.
 int columnsOf(std::FILE* stream);
 
 /// Whether \a stream leads to a terminal that colours may be sent to: one that is not "dumb", and no NO_COLOR is set.

@@ -37,11 +37,6 @@ QString endText(const CNodeDataModel& model, const CNodeConnection& connection, 
     return portText(port, model.nPorts(side), model.portCaption(side, port), model.dataType(side, port));
 }
 
-QString typeText(const CNodeConnection& connection)
-{
-    return connectionTypeText(connection.dataType(ENodePortType::Out), connection.dataType(ENodePortType::In));
-}
-
 } // namespace
 
 CFlowMeter::CFlowMeter(const CNodeScene& scene, const std::vector<const CNodeBase*>& nodes)
@@ -175,16 +170,21 @@ CFlowMeter::Clock::time_point CFlowMeter::firstDelivery() const
     return first;
 }
 
+// What was thinned out on its way begins and ends with a beat of its own: one frame more or less is much of a few.
+bool CFlowMeter::isTooFew(const SEdge& edge) const
+{
+    const auto isMore = [&edge](const SEdge& other) { return other.flow->delivered > edge.flow->delivered; };
+    return edge.flow->delivered < leastThinned && std::any_of(m_edges.begin(), m_edges.end(), isMore);
+}
+
 std::optional<double> CFlowMeter::rateOf(const SEdge& edge, std::chrono::nanoseconds span) const
 {
     const SFlow& flow = *edge.flow;
-    if (flow.delivered < 2)
-        return {};
     // What comes from the camera comes as fast as the camera gives it, whatever waits in between.
     const bool isFromSource = m_nodes[edge.from].model->nPorts(ENodePortType::In) == 0;
     const std::chrono::nanoseconds here = flow.last - firstDelivery();
-    const std::chrono::nanoseconds time = isFromSource && span.count() > 0 ? span : std::max(span, here);
-    if (time.count() <= 0)
+    const auto time = isFromSource && span.count() > 0 ? span : std::max(span, here);
+    if (flow.delivered < 2 || isTooFew(edge) || time.count() <= 0)
         return {};
     return double(flow.delivered - 1) / std::chrono::duration<double>(time).count();
 }
@@ -194,19 +194,19 @@ SNodeReport CFlowMeter::report(std::size_t node, std::chrono::nanoseconds span) 
     const SNode& known = m_nodes[node];
     SNodeReport report;
     report.name = known.caption;
-    const bool hasInputs = known.model->nPorts(ENodePortType::In) > 0;
-    const bool hasOutputs = known.model->nPorts(ENodePortType::Out) > 0;
     report.kind = kindOf(*known.model);
-    if (hasInputs)
+    if (known.model->nPorts(ENodePortType::In) > 0)
         report.in = delivered(node);
-    if (hasOutputs)
+    if (known.model->nPorts(ENodePortType::Out) > 0)
         report.out = sent(node);
-
+    // Where nothing is wired to its outputs, the rate is that of what comes.
+    const bool isSending =
+        std::any_of(m_edges.begin(), m_edges.end(), [node](const SEdge& edge) { return edge.from == node; });
     CDelays delays;
     for (const SEdge& edge : m_edges) {
         if (edge.to == node)
             delays.add(edge.flow->delays);
-        if ((hasOutputs ? edge.from : edge.to) == node)
+        if ((isSending ? edge.from : edge.to) == node)
             report.framesPerSecond = rateOf(edge, span);
     }
     report.grabToHere = delays.percentile(0.5);
@@ -223,9 +223,11 @@ std::vector<SConnectionReport> CFlowMeter::connections() const
     std::vector<SConnectionReport> reports;
     for (const SEdge& edge : m_edges) {
         if (const auto connection = edge.connection.lock())
-            reports.push_back({edge.from, edge.to, endText(*m_nodes[edge.from].model, *connection, ENodePortType::Out),
-                               endText(*m_nodes[edge.to].model, *connection, ENodePortType::In), typeText(*connection),
-                               edge.flow->delivered});
+            reports.push_back(
+                {edge.from, edge.to, endText(*m_nodes[edge.from].model, *connection, ENodePortType::Out),
+                 endText(*m_nodes[edge.to].model, *connection, ENodePortType::In),
+                 connectionTypeText(connection->dataType(ENodePortType::Out), connection->dataType(ENodePortType::In)),
+                 edge.flow->delivered});
     }
     return reports;
 }

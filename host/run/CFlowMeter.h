@@ -41,6 +41,8 @@ class CFlowMeter : public QObject
     Q_OBJECT
 
 public:
+    static constexpr quint64 leastThinned = 20; ///< Frames that a rate takes where more came elsewhere in the graph.
+
     /// \a nodes in the order of their numbers; \a scene has whole connections between them.
     CFlowMeter(const Plugin::Halvex::CNodeScene& scene, const std::vector<const Plugin::Halvex::CNodeBase*>& nodes);
     ~CFlowMeter() override;
@@ -56,7 +58,8 @@ public:
 
     /// What the connections show of that node; what its model tells by itself is left to fill in. Rates of all nodes
     /// count from the first frame of the graph, and at least over \a span, the time from the camera's first frame to
-    /// its last, so that a burst at the end is no high rate.
+    /// its last, so that a burst at the end is no high rate. Where
+    /// fewer than leastThinned frames came, and more elsewhere, there is no rate.
     SNodeReport report(std::size_t node, std::chrono::nanoseconds span) const;
 
     /// What each connection carried; those whose scene has changed are left out.
@@ -102,6 +105,7 @@ private:
     void countDeliveries(const SEdge& edge, Plugin::Halvex::CNodeConnection& connection) const;
     quint64 sent(std::size_t node) const;
     Clock::time_point firstDelivery() const;
+    bool isTooFew(const SEdge& edge) const;
     std::optional<double> rateOf(const SEdge& edge, std::chrono::nanoseconds span) const;
 
     const Plugin::Halvex::CNodeScene& m_scene;

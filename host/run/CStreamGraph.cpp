@@ -33,11 +33,6 @@ CNodeDataEntry entryOf(const CNodeBase& camera)
     return source->dataEntry();
 }
 
-SSinkReport sinkReport(const IFrameSink& sink, quint64 expected)
-{
-    return {sink.sinkName(), sink.delivered(), expected, sink.files(), sink.writing(), sink.written()};
-}
-
 // Between two frames that the decoupler lets through. A rate that makes no sense leaves the timer as it was, so that
 // the timer is asked.
 std::chrono::milliseconds tickInterval(const CNodeDecouplerDataModelBase& decoupler)
@@ -225,7 +220,8 @@ void CStreamGraph::accountNode(std::size_t node, SRunReport* report) const
     SNodeReport row = m_meter.report(node, report->span);
     const quint64 expected = m_meter.delivered(node);
     if (const auto* sink = qobject_cast<IFrameSink*>(model)) {
-        report->sinks.push_back(sinkReport(*sink, expected));
+        report->sinks.push_back(
+            {sink->sinkName(), sink->delivered(), expected, sink->files(), sink->writing(), sink->written()});
         fillInCounts(report->sinks.back().writing, &row);
     }
     if (auto* const decoupler = qobject_cast<CNodeDecouplerDataModelBase*>(model)) {
@@ -234,8 +230,12 @@ void CStreamGraph::accountNode(std::size_t node, SRunReport* report) const
         row.pending = counts.pending;
         const auto known = std::find_if(m_decouplers.begin(), m_decouplers.end(),
                                         [decoupler](const SDecoupler& each) { return each.model == decoupler; });
+        const std::optional<double> most = mostPerSecond(*decoupler);
+        // A tick that found nothing lets the next frame through at once, so that one more came than ticks in the time.
+        if (most && row.framesPerSecond)
+            row.framesPerSecond = std::min(*row.framesPerSecond, *most);
         report->decouplers.push_back({row.name, m_brake.framesPerSecond(*decoupler), counts, expected, known->delivered,
-                                      mostPerSecond(*decoupler), m_brake.isOnLoop(*decoupler)});
+                                      most, m_brake.isOnLoop(*decoupler)});
     }
     if (const auto* worker = qobject_cast<AWorkerNodeDataModel*>(model)) {
         const SWorkerStatistics counts = worker->statistics();

@@ -124,7 +124,7 @@ void CStreamRun::closeFiles()
 {
     if (m_trace)
         fail(m_trace->close());
-    fail(m_folder.finish(runOutcome(m_reports, m_error), areFilesWritten(m_streams)));
+    fail(m_folder.finish(runOutcome(m_reports, m_liveSettings, m_error), areFilesWritten(m_streams)));
 }
 
 bool CStreamRun::prepareSinks()
@@ -154,7 +154,7 @@ bool CStreamRun::stream()
         QTimer::singleShot(m_options.duration, this, &CStreamRun::onTimeUp);
     std::unique_ptr<CLineReader> commands;
     if (!m_options.readsStandardInput())
-        commands = obeyStandardInput(m_streams);
+        commands = obeyStandardInput(m_streams, &m_liveSettings);
     CProgressLine line(stderr);
     QTimer timer;
     connect(&timer, &QTimer::timeout, this, [&] { line.show(runProgress(m_streams, m_options.frames)); });
@@ -225,7 +225,7 @@ void CStreamRun::printReport()
             fail(QStringLiteral("camera '%1': %2").arg(stream->camera(), report.failed));
     }
     if (!m_options.json.isEmpty())
-        fail(writeRunJson(m_options.json, m_reports, m_error));
+        fail(writeRunJson(m_options.json, m_reports, m_liveSettings, m_error));
     if (!m_options.hasStandardOutput())
         fail(printText(runText(m_reports, !m_error.isEmpty())));
 }

@@ -9,6 +9,7 @@
 #include "host/run/SRunOptions.h"
 
 #include <QEventLoop>
+#include <QJsonArray>
 #include <QObject>
 
 #include <functional>
@@ -76,7 +77,8 @@ private:
     std::vector<QByteArray> m_chains; // what was imported
     QEventLoop m_loop;
     std::vector<SRunReport> m_reports;
-    QString m_error; // the first
+    QJsonArray m_liveSettings; // set while frames streamed
+    QString m_error;           // the first
     bool m_hasStreamed = false;
     int m_signal = 0;
     bool m_isTimeUp = false;

@@ -16,7 +16,6 @@
 #include <Halvex/Halvex.h>
 
 #include <QCoreApplication>
-#include <QJsonArray>
 
 #include <algorithm>
 
@@ -67,7 +66,7 @@ QJsonObject runFacts(const SRunOptions& options, const IHostModels& models)
             {"scene", textOrNull(options.load)}};
 }
 
-QJsonObject runOutcome(const std::vector<SRunReport>& reports, const QString& error)
+QJsonObject runOutcome(const std::vector<SRunReport>& reports, const QJsonArray& liveSettings, const QString& error)
 {
     const QString ending = reports.empty() ? QString() : reports.front().ending;
     QJsonArray cameras;
@@ -81,7 +80,10 @@ QJsonObject runOutcome(const std::vector<SRunReport>& reports, const QString& er
         camera.insert(QStringLiteral("sinks"), sinks);
         cameras.append(camera);
     }
-    return {{"cameras", cameras}, {"ending", textOrNull(ending)}, {"error", textOrNull(error)}};
+    return {{"cameras", cameras},
+            {"live_settings", liveSettings},
+            {"ending", textOrNull(ending)},
+            {"error", textOrNull(error)}};
 }
 
 } // namespace Host

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QString>
 #include <QStringList>
@@ -26,7 +27,8 @@ bool areFilesWritten(const std::vector<std::unique_ptr<CCameraStream>>& streams)
 /// What is known of a run before it begins: the command, versions, the chain.
 QJsonObject runFacts(const SRunOptions& options, const IHostModels& models);
 
-/// What is known of it at its end: cameras with their counts, why the first of them ended and what was wrong.
-QJsonObject runOutcome(const std::vector<SRunReport>& reports, const QString& error);
+/// What is known of it at its end: cameras with their counts, what was set meanwhile, why the first of them ended and
+/// what was wrong.
+QJsonObject runOutcome(const std::vector<SRunReport>& reports, const QJsonArray& liveSettings, const QString& error);
 
 } // namespace Host

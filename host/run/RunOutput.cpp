@@ -23,7 +23,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QStringList>
 
@@ -175,13 +174,15 @@ QString writeGraphFiles(const Plugin::Halvex::CNodeScene& scene, const QString& 
     return error.isEmpty() ? writeTextFile(output.filePath(RunFiles::graphPicture()), graph.dot()) : error;
 }
 
-QString writeRunJson(const QString& file, const std::vector<SRunReport>& reports, const QString& error)
+QString writeRunJson(const QString& file, const std::vector<SRunReport>& reports, const QJsonArray& liveSettings,
+                     const QString& error)
 {
     QJsonArray cameras;
     for (const SRunReport& report : reports)
         cameras.append(report.json());
     const QJsonObject root{{"version", HALVEX_VERSION_STR},
                            {"error", error.isEmpty() ? QJsonValue() : QJsonValue(error)},
+                           {"live_settings", liveSettings},
                            {"cameras", cameras}};
     // The folder may have been an earlier run's, and have gone with its files.
     const QString fault = makeFolder(QFileInfo(file).path());

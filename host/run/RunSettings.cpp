@@ -9,24 +9,45 @@
 #include "host/run/CStreamGraph.h"
 #include "host/run/Output.h"
 
+#include <QElapsedTimer>
+#include <QJsonObject>
+
 namespace Host {
 
 namespace {
 
 using Streams = std::vector<std::unique_ptr<CCameraStream>>;
 
-void obey(const Streams& streams, const QString& line)
+// Whether it was taken.
+bool obey(const Streams& streams, const SNodeSetting& setting)
 {
-    const QString set = QStringLiteral("set ");
-    const SNodeSetting setting = SNodeSetting::read(line.mid(set.size()));
-    if (!line.startsWith(set) || setting.key.isEmpty())
-        return printErrorLine(
-            QStringLiteral("'set NODE.key=value' is all that can be said now, not %1").arg(shown(line)));
     for (const auto& stream : streams) {
         const QString error = stream->graph().isIntact() ? stream->graph().set(setting) : QString();
-        if (!error.isEmpty())
-            return printErrorLine(QStringLiteral("set %1: %2").arg(printable(setting.text()), error));
+        if (!error.isEmpty()) {
+            printErrorLine(QStringLiteral("set %1: %2").arg(printable(setting.text()), error));
+            return false;
+        }
     }
+    printErrorLine(
+        QStringLiteral("set %1.%2: %3").arg(printable(setting.node), printable(setting.key), printable(setting.value)));
+    return true;
+}
+
+SNodeSetting readCommand(const QString& line)
+{
+    const QString set = QStringLiteral("set ");
+    const SNodeSetting setting = line.startsWith(set) ? SNodeSetting::read(line.mid(set.size())) : SNodeSetting();
+    if (setting.key.isEmpty())
+        printErrorLine(QStringLiteral("'set NODE.key=value' is all that can be said now, not %1").arg(shown(line)));
+    return setting;
+}
+
+QJsonObject liveSettingJson(const SNodeSetting& setting, qint64 milliseconds)
+{
+    return {{"seconds", double(milliseconds) / 1000.0},
+            {"node", setting.node},
+            {"key", setting.key},
+            {"value", setting.value}};
 }
 
 void tellLeftOut(const QString& beginning)
@@ -50,11 +71,17 @@ QString applySettings(CStreamGraph& graph, const std::vector<SNodeSetting>& sett
     return errors.join(QLatin1Char('\n'));
 }
 
-std::unique_ptr<CLineReader> obeyStandardInput(const Streams& streams)
+std::unique_ptr<CLineReader> obeyStandardInput(const Streams& streams, QJsonArray* taken)
 {
     auto reader = std::make_unique<CLineReader>(stdin);
+    QElapsedTimer sinceStart;
+    sinceStart.start();
     QObject::connect(reader.get(), &CLineReader::lineRead, reader.get(),
-                     [&streams](const QString& line) { obey(streams, line); });
+                     [&streams, taken, sinceStart](const QString& line) {
+                         const SNodeSetting setting = readCommand(line);
+                         if (!setting.key.isEmpty() && obey(streams, setting))
+                             taken->append(liveSettingJson(setting, sinceStart.elapsed()));
+                     });
     QObject::connect(reader.get(), &CLineReader::lineLeftOut, &tellLeftOut);
     return reader;
 }

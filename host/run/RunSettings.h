@@ -5,6 +5,7 @@
 
 #include "host/run/SRunOptions.h"
 
+#include <QJsonArray>
 #include <QString>
 
 #include <memory>
@@ -21,8 +22,9 @@ class CStreamGraph;
 QString applySettings(CStreamGraph& graph, const std::vector<SNodeSetting>& settings);
 
 /// Does what each line "set NODE.key=value" on standard input says in each graph that is intact, as long as the reader
-/// lives, which must not be longer than \a streams. What is wrong is told on standard error, and the run goes on:
-/// frames are being recorded.
-std::unique_ptr<CLineReader> obeyStandardInput(const std::vector<std::unique_ptr<CCameraStream>>& streams);
+/// lives, which must not be longer than \a streams and \a taken. Standard error tells what was set; \a taken gets it
+/// with the seconds since this call. What is wrong is told there, too, and the run goes on: frames are being recorded.
+std::unique_ptr<CLineReader> obeyStandardInput(const std::vector<std::unique_ptr<CCameraStream>>& streams,
+                                               QJsonArray* taken);
 
 } // namespace Host

@@ -11,11 +11,11 @@ namespace Host {
 SNodeSetting SNodeSetting::read(const QString& text)
 {
     const int sign = text.indexOf(QLatin1Char('='));
-    const QString place = text.left(sign);
+    const QString place = text.left(sign).trimmed();
     const int dot = place.lastIndexOf(QLatin1Char('.'));
     if (sign < 0 || dot < 1)
         return {};
-    return {place.left(dot), place.mid(dot + 1), text.mid(sign + 1)};
+    return {place.left(dot).trimmed(), place.mid(dot + 1).trimmed(), text.mid(sign + 1).trimmed()};
 }
 
 QStringList SRunOptions::writtenFiles() const

@@ -22,7 +22,8 @@ struct SNodeSetting
     QString key;
     QString value;
 
-    /// Reads "NODE.key=value"; the node's name may have dots. What has no such form has an empty key.
+    /// Reads "NODE.key=value"; the node's name may have dots. Blanks around each do not count. What has no such form
+    /// has an empty key.
     static SNodeSetting read(const QString& text);
     QString text() const { return QStringLiteral("%1.%2=%3").arg(node, key, value); }
 };
@@ -57,7 +58,7 @@ struct SRunOptions
     /// The cameras, and then what stands in for some.
     std::vector<SourceOptions> sources() const;
 
-    /// What is written outside the run's folder, as it was asked for: scene, report, trace.
+    /// What is written beside the files of the run's folder, as it was asked for: scene, report, trace.
     QStringList documents() const { return {save, json, trace}; }
 
     /// Those of them that are no standard output.

@@ -64,6 +64,9 @@ void tst_HalvexHostPlugins::runsWithCopiesOfThePlugins()
     QVERIFY2(!program.output().contains("Not loaded"), qPrintable(program.output()));
     // Each file that is no plugin of its own is named.
     QVERIFY2(program.output().contains("\nCopies, which were not loaded\n\n"), qPrintable(program.output()));
+    // What stands for the copies is told with its own folder.
+    const QString library = QFileInfo(QStringLiteral(HOST_PLUGINS "/libHalvex.so")).canonicalFilePath();
+    QVERIFY2(program.output().section("\nCopies", 0, 0).contains(' ' + library + '\n'), qPrintable(program.output()));
     QCOMPARE(program.exec({"plugins", "--plugins", folder.path(), "--json"}), 0);
     const QJsonObject json = QJsonDocument::fromJson(program.output().toUtf8()).object();
     QCOMPARE(json["folder"].toString(), QDir(folder.path()).canonicalPath());

@@ -34,6 +34,13 @@ void tst_Terminal::whatIsNoTerminal()
 {
     std::FILE* const file = std::tmpfile();
     QVERIFY(file);
+    qputenv("COLUMNS", "60");
+    QCOMPARE(columnsOf(file), 60);
+    for (const char* nonsense : {"", "wide", "0", "-5"}) {
+        qputenv("COLUMNS", nonsense);
+        QCOMPARE(columnsOf(file), 80);
+    }
+    qunsetenv("COLUMNS");
     QCOMPARE(columnsOf(file), 80);
     QVERIFY(!takesColors(file));
     std::fclose(file);

@@ -27,7 +27,14 @@ class CSayingModel : public CToImageModel
 public:
     QString validationMessage() const override { return message; }
 
+    void setInData(CNodeDataPtr data, NodePortIndex index) override
+    {
+        if (!isHolding)
+            CToImageModel::setInData(std::move(data), index);
+    }
+
     QString message;
+    bool isHolding = false; // What comes goes nowhere.
 };
 
 // A camera, to a filter with a sink behind it, and to another sink.
@@ -78,6 +85,8 @@ private Q_SLOTS:
     void missingDeliveryIsNamed();
     void reportOfANode();
     void ratesHaveOneTimeBase();
+    void rateOfWhatComesIfNothingLeaves();
+    void fewOfManyHaveNoRate();
     void errorIsRemembered();
     void connectionThatIsGoneIsLeftOut();
 };
@@ -150,6 +159,37 @@ void tst_CFlowMeter::ratesHaveOneTimeBase()
     // They came at once, but the camera took ten seconds for them.
     for (std::size_t node = 0; node < 4; ++node)
         QCOMPARE(fork.meter->report(node, 10s).framesPerSecond.value_or(0), 1.0);
+}
+
+void tst_CFlowMeter::rateOfWhatComesIfNothingLeaves()
+{
+    SFork fork;
+    CNodeBase& last = fork.scene.createNode(std::make_unique<CToImageModel>());
+    fork.scene.createConnection(last, 0, fork.camera, 0, {});
+    CFlowMeter meter(fork.scene, {&fork.camera, &last});
+    meter.start();
+    for (int i = 0; i < 11; ++i)
+        fork.send(frameData());
+    QCOMPARE(meter.report(1, 10s).in.value_or(0), quint64(11));
+    QCOMPARE(meter.report(1, 10s).framesPerSecond.value_or(0), 1.0);
+}
+
+void tst_CFlowMeter::fewOfManyHaveNoRate()
+{
+    SFork fork;
+    fork.meter->start();
+    const auto send = [&fork](int frames, bool isHolding) {
+        dynamic_cast<CSayingModel&>(*fork.image.nodeDataModel()).isHolding = isHolding;
+        for (int i = 0; i < frames; ++i)
+            fork.send(frameData());
+    };
+    send(10, false);
+    send(10, true);
+    QCOMPARE(fork.meter->delivered(3), quint64(10));
+    QVERIFY(!fork.meter->report(3, 10s).framesPerSecond);
+    QVERIFY(fork.meter->report(0, 10s).framesPerSecond);
+    send(10, false);
+    QVERIFY(fork.meter->report(3, 10s).framesPerSecond);
 }
 
 void tst_CFlowMeter::errorIsRemembered()
