@@ -6,9 +6,11 @@
 #include "host/camera/CBufferReturn.h"
 #include "host/camera/CFeatures.h"
 #include "host/camera/CGLibError.h"
+#include "host/camera/CPacketUnderruns.h"
 #include "host/camera/ConfigureStream.h"
 #include "host/camera/Device.h"
 #include "host/camera/GrabResult.h"
+#include "host/camera/PacketSize.h"
 #include "host/camera/PixelFormat.h"
 #include "host/camera/StallText.h"
 
@@ -171,6 +173,8 @@ bool CAravisCamera::createStream(QString* error)
         return false;
     }
     configureStream(m_stream.get(), payload, m_options.resend.value_or(true));
+    if (const auto packets = packetsPerFrame(m_camera.get(), payload))
+        m_packetUnderruns = std::make_unique<CPacketUnderruns>(*packets);
     m_bufferReturn = std::make_shared<CBufferReturn>(m_stream.get());
     for (int i = 0; i < m_options.buffers; ++i)
         arv_stream_push_buffer(m_stream.get(), arv_buffer_new_allocate(payload));
@@ -182,6 +186,7 @@ void CAravisCamera::destroyStream()
     if (m_bufferReturn)
         m_bufferReturn->close();
     m_bufferReturn.reset();
+    m_packetUnderruns.reset();
     m_stream.reset();
 }
 
@@ -200,6 +205,8 @@ CAravisCamera::SGrab CAravisCamera::grab(std::chrono::milliseconds timeout)
 CAravisCamera::SGrab CAravisCamera::wrap(ArvBuffer* buffer)
 {
     Veltra::SGrabResult result = grabResult(buffer);
+    if (m_packetUnderruns)
+        m_packetUnderruns->add(result.frameNumber, result.complete);
     if (!result.complete) {
         arv_stream_push_buffer(m_stream.get(), buffer);
         return SGrab::none(EGrab::Incomplete);
@@ -235,7 +242,7 @@ quint64 CAravisCamera::underruns() const
     guint64 underruns = 0;
     if (m_stream)
         arv_stream_get_statistics(m_stream.get(), &completed, &failures, &underruns);
-    return underruns;
+    return m_packetUnderruns ? m_packetUnderruns->frames(underruns) : underruns;
 }
 
 int CAravisCamera::freeBuffers() const

@@ -22,6 +22,7 @@ struct _ArvStream;
 namespace Host {
 
 class CBufferReturn;
+class CPacketUnderruns;
 
 /**
  * A camera: the one built into the library, a GigE Vision camera at its address, or a USB3 Vision camera by its name.
@@ -73,7 +74,8 @@ public:
     /// Ends the acquisition and drops the frames that nobody grabbed. May be started again.
     void stop();
 
-    /// Frames lost since start() because no buffer was free; 0 while stopped.
+    /// Frames lost since start() because no buffer was free; 0 while stopped. A network camera's are worked
+    /// out of the packets that found none, see CPacketUnderruns; others are as the library counts them.
     quint64 underruns() const override;
 
     /// Buffers that wait for the camera to fill them; 0 while stopped.
@@ -108,6 +110,8 @@ private:
     unsigned long m_controlLostHandler = 0;
     std::atomic<bool> m_controlLost{false}; // set by the thread that keeps the connection to the camera alive
     GObjectPtr<_ArvStream> m_stream;        // null while stopped
+    // Of a network camera, for which the library counts packets instead of frames; null for others and while stopped.
+    std::unique_ptr<CPacketUnderruns> m_packetUnderruns;
     std::shared_ptr<CBufferReturn> m_bufferReturn;
 };
 

@@ -43,6 +43,7 @@ private Q_SLOTS:
     void rateThatCannotBeSetIsRefused();
     void nothingIsSetBehindARefusedFeature();
     void incompleteFramesAreCountedAndNeverHandedOn();
+    void underrunsAreFrames();
     void cameraThatGoesEndsTheThread();
     void programSkipsIncompleteFrames();
     void programEndsWhenTheCameraGoes();
@@ -114,6 +115,31 @@ void tst_GigECamera::incompleteFramesAreCountedAndNeverHandedOn()
     QCOMPARE(faulty.load(), 0);
     QCOMPARE(quint64(sound.load()), thread.statistics().complete);
     QCOMPARE(thread.statistics().grabbed, thread.statistics().complete + thread.statistics().incomplete);
+}
+
+// And not packets, of which each frame has about 190.
+void tst_GigECamera::underrunsAreFrames()
+{
+    CFakeGigECamera device;
+    QVERIFY(device.start());
+    SCameraOptions options = gigE();
+    options.buffers = 2;
+    const auto camera = startCamera(options);
+    CAravisCamera::SGrab first = camera->grab(5s);
+    const CAravisCamera::SGrab second = camera->grab(5s);
+    QVERIFY(first.frame && second.frame);
+    QTRY_VERIFY(camera->underruns() >= 5);
+    const quint64 last = second.frame->frameNumber;
+    first = {};
+    CAravisCamera::SGrab next = camera->grab(5s);
+    quint64 incomplete = 0;
+    for (; !next.frame && incomplete < 100; next = camera->grab(5s))
+        ++incomplete;
+    QVERIFY(next.frame);
+    // Before the frame that is held, and those that came incomplete. Since then it starves again.
+    const quint64 between = next.frame->frameNumber - last - 1 - incomplete;
+    QVERIFY2(camera->underruns() >= between && camera->underruns() <= between + 20,
+             qPrintable(QStringLiteral("%1, not %2").arg(camera->underruns()).arg(between)));
 }
 
 void tst_GigECamera::cameraThatGoesEndsTheThread()
