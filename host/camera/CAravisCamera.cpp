@@ -7,6 +7,7 @@
 #include "host/camera/CFeatures.h"
 #include "host/camera/CGLibError.h"
 #include "host/camera/CPacketUnderruns.h"
+#include "host/camera/CameraMode.h"
 #include "host/camera/ConfigureStream.h"
 #include "host/camera/Device.h"
 #include "host/camera/GrabResult.h"
@@ -206,7 +207,7 @@ CAravisCamera::SGrab CAravisCamera::wrap(ArvBuffer* buffer)
 {
     Veltra::SGrabResult result = grabResult(buffer);
     if (m_packetUnderruns)
-        m_packetUnderruns->add(result.frameNumber, result.complete);
+        m_packetUnderruns->add(result.frameNumber, result.complete, countedUnderruns());
     if (!result.complete) {
         arv_stream_push_buffer(m_stream.get(), buffer);
         return SGrab::none(EGrab::Incomplete);
@@ -220,9 +221,18 @@ QString CAravisCamera::description() const
     return QStringLiteral("%1, %2 x %3 %4").arg(m_name).arg(m_width).arg(m_height).arg(m_pixelFormat);
 }
 
-QString CAravisCamera::stallText(const QString& time, bool isSilent, const SGrabStatistics& before) const
+QString CAravisCamera::stallText(const QString& time, EStall stall, const SGrabStatistics& before) const
 {
-    return cameraStallText(m_options.address, time, isSilent, arv_camera_is_uv_device(m_camera.get()), before);
+    SStalledCamera camera;
+    camera.address = m_options.address;
+    camera.isUsb = arv_camera_is_uv_device(m_camera.get());
+    camera.buffers = m_options.buffers;
+    // One that has gone answers nothing any more.
+    if (stall != EStall::Silent || before.grabbed == 0) {
+        camera.waitsForTrigger = waitsForTrigger(m_camera.get());
+        camera.packetBytes = packetSize(m_camera.get());
+    }
+    return cameraStallText(camera, time, stall, before);
 }
 
 void CAravisCamera::stop()
@@ -237,12 +247,18 @@ void CAravisCamera::stop()
 
 quint64 CAravisCamera::underruns() const
 {
+    const quint64 counted = countedUnderruns();
+    return m_packetUnderruns ? m_packetUnderruns->frames(counted) : counted;
+}
+
+quint64 CAravisCamera::countedUnderruns() const
+{
     guint64 completed = 0;
     guint64 failures = 0;
     guint64 underruns = 0;
     if (m_stream)
         arv_stream_get_statistics(m_stream.get(), &completed, &failures, &underruns);
-    return m_packetUnderruns ? m_packetUnderruns->frames(underruns) : underruns;
+    return underruns;
 }
 
 int CAravisCamera::freeBuffers() const

@@ -81,7 +81,7 @@ public:
     /// Buffers that wait for the camera to fill them; 0 while stopped.
     int freeBuffers() const;
 
-    QString stallText(const QString& time, bool isSilent, const SGrabStatistics& before) const override;
+    QString stallText(const QString& time, EStall stall, const SGrabStatistics& before) const override;
     /// The camera library's own objects, for questions that this class does not answer. The stream is null while
     /// stopped.
     _ArvCamera* handle() const { return m_camera.get(); }
@@ -98,6 +98,7 @@ private:
     bool createStream(QString* error);
     void destroyStream();
     SGrab wrap(_ArvBuffer* buffer);
+    quint64 countedUnderruns() const; // by the library
     bool isLost() const { return m_controlLost.load(std::memory_order_acquire); }
     static void onControlLost(_ArvDevice* device, void* self);
 

@@ -52,6 +52,7 @@ private Q_SLOTS:
     void noWholeFrame_data();
     void noWholeFrame();
     void endsAsAskedWithoutAWholeFrame();
+    void graphThatHoldsAllBuffers();
     void resend();
 };
 
@@ -223,11 +224,17 @@ void tst_GigECamera::noWholeFrame_data()
     // Without a frame there is no table. Hardly any of the 190 packets of a frame, but never all of them; a frame must
     // be given up within the time.
     addRow("incomplete frames", 300, QStringList{"--timeout", "3s"}, "camera '127.0.0.1' gave no whole frame for 3 s, ",
-           QStringList{"GevSCPSPacketSize", "--buffers"}, true);
+           QStringList{"--buffers", "--fps"}, true);
     addRow("nothing", 1000, QStringList{"--timeout", "2s"}, "camera '127.0.0.1' sends nothing: no frame for 2 s; ",
-           QStringList{"TriggerMode", "firewall", "GevSCPSPacketSize"}, false);
+           QStringList{"firewall"}, false);
+    addRow("large packets", 1000, QStringList{"--timeout", "500ms", "--camera-set", "GevSCPSPacketSize=8000"},
+           "camera '127.0.0.1' sends nothing: no frame for 0.5 s; ", QStringList{"GevSCPSPacketSize=1400"}, false);
+    addRow(
+        "trigger", 0, QStringList{"--timeout", "500ms", "--camera-set", "TriggerMode=On"},
+        "camera '127.0.0.1' sends nothing: no frame for 0.5 s; it waits for a trigger (--camera-set TriggerMode=Off)",
+        QStringList(), false);
     addRow("nothing of what was asked for", 1000, QStringList{"--frames", "5", "--timeout", "500ms"},
-           "camera '127.0.0.1' sends nothing: no frame for 0.5 s; ", QStringList{"TriggerMode"}, false);
+           "camera '127.0.0.1' sends nothing: no frame for 0.5 s; ", QStringList{"firewall"}, false);
 }
 
 void tst_GigECamera::noWholeFrame()
@@ -257,6 +264,18 @@ void tst_GigECamera::endsAsAskedWithoutAWholeFrame()
     QCOMPARE(program.run({"--camera", CFakeGigECamera::address(), "--duration", "2s"}), 1);
     QVERIFY2(program.errorLines().constLast().contains(" came incomplete"),
              qPrintable(program.errorLines().constLast()));
+}
+
+void tst_GigECamera::graphThatHoldsAllBuffers()
+{
+    CFakeGigECamera device;
+    QVERIFY(device.start());
+    CHostProgram program;
+    QCOMPARE(program.run({"--camera", CFakeGigECamera::address(), "--buffers", "1", "--timeout", "1s"}), 1);
+    QCOMPARE(program.errorLines().constLast(),
+             QStringLiteral("halvex-host: the graph holds as many frames of camera '127.0.0.1' as may be in flight "
+                            "(1), and gave none back for 1 s; try more (--buffers 4), or a longer --timeout"));
+    QCOMPARE(program.completeFrames(), 1);
 }
 
 void tst_GigECamera::resend()
