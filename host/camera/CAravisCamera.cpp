@@ -10,6 +10,7 @@
 #include "host/camera/CameraMode.h"
 #include "host/camera/ConfigureStream.h"
 #include "host/camera/Device.h"
+#include "host/camera/FrameRate.h"
 #include "host/camera/GrabResult.h"
 #include "host/camera/PacketSize.h"
 #include "host/camera/PixelFormat.h"
@@ -19,16 +20,7 @@
 
 #include <QStringList>
 
-#include <cmath>
-
 namespace Host {
-
-namespace {
-
-// Cameras count the time of a frame in steps of their own, so that few rates are met exactly.
-constexpr double rateTolerance = 0.01;
-
-} // namespace
 
 std::unique_ptr<CAravisCamera> CAravisCamera::open(const SCameraOptions& options, QString* error)
 {
@@ -39,6 +31,10 @@ std::unique_ptr<CAravisCamera> CAravisCamera::open(const SCameraOptions& options
         handle.reset(arv_camera_new_with_device(device.get(), reason.slot()));
     if (!handle) {
         *error = cannotOpenText(options.address, reason);
+        return nullptr;
+    }
+    if (!hasControl(device.get(), &reason)) {
+        *error = QStringLiteral("camera '%1': another program is using it (%2)").arg(options.address, reason.text());
         return nullptr;
     }
     std::unique_ptr<CAravisCamera> camera(new CAravisCamera(options, std::move(handle)));
@@ -75,7 +71,8 @@ bool CAravisCamera::configure(QString* error)
     }
     const bool hasFormat =
         m_options.pixelFormat.isEmpty() || setFeature(QStringLiteral("PixelFormat"), m_options.pixelFormat, error);
-    return hasFormat && (m_options.framesPerSecond <= 0.0 || setFrameRate(error)) && setFeatures(error);
+    return hasFormat && (m_options.framesPerSecond <= 0.0 || setFrameRate(m_camera.get(), m_options, error)) &&
+           setFeatures(error);
 }
 
 bool CAravisCamera::setFeatures(QString* error)
@@ -101,28 +98,6 @@ bool CAravisCamera::setFeature(const QString& name, const QString& value, QStrin
     if (!wrong.isEmpty())
         *error = QStringLiteral("camera '%1': %2").arg(m_options.address, wrong);
     return wrong.isEmpty();
-}
-
-bool CAravisCamera::setFrameRate(QString* error)
-{
-    CGLibError reason;
-    if (!arv_camera_is_frame_rate_available(m_camera.get(), reason.slot())) {
-        *error = QStringLiteral("camera '%1' has no frame rate to set").arg(m_options.address);
-        return false;
-    }
-    const double asked = m_options.framesPerSecond;
-    double given = 0.0;
-    arv_camera_set_frame_rate(m_camera.get(), asked, reason.slot());
-    if (!reason)
-        given = arv_camera_get_frame_rate(m_camera.get(), reason.slot());
-    // A rate out of bounds is no error to the library: it sets the nearest one.
-    if (!reason && std::abs(given - asked) <= rateTolerance * asked)
-        return true;
-    *error = reason ? QStringLiteral("camera '%1' refuses %2 frames per second: %3")
-                          .arg(m_options.address, QString::number(asked), reason.text())
-                    : QStringLiteral("camera '%1' cannot do %2 frames per second, the nearest is %3")
-                          .arg(m_options.address, QString::number(asked), QString::number(given));
-    return false;
 }
 
 bool CAravisCamera::readGeometry(QString* error)

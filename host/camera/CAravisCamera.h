@@ -91,7 +91,6 @@ private:
     CAravisCamera(SCameraOptions options, GObjectPtr<_ArvCamera> camera);
 
     bool configure(QString* error);
-    bool setFrameRate(QString* error);
     bool setFeatures(QString* error);
     bool setFeature(const QString& name, const QString& value, QString* error);
     bool readGeometry(QString* error);

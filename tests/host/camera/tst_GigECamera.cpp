@@ -41,6 +41,7 @@ class tst_GigECamera : public QObject
 private Q_SLOTS:
     void framesArriveComplete();
     void rateThatCannotBeSetIsRefused();
+    void cameraOfAnotherProgramIsRefused();
     void nothingIsSetBehindARefusedFeature();
     void incompleteFramesAreCountedAndNeverHandedOn();
     void underrunsAreFrames();
@@ -70,6 +71,18 @@ void tst_GigECamera::framesArriveComplete()
         QCOMPARE(grab.frame->pixelFormat, QStringLiteral("Mono8"));
         QVERIFY(showsTestPattern(*grab.frame));
     }
+}
+
+void tst_GigECamera::cameraOfAnotherProgramIsRefused()
+{
+    CFakeGigECamera device;
+    QVERIFY(device.start());
+    const auto camera = startCamera(gigE());
+    for (const QStringList& options : {QStringList(), QStringList{"--fps", "10"}})
+        QCOMPARE(CHostProgram().refusal(QStringList{"--camera", CFakeGigECamera::address()} + options),
+                 QStringLiteral("camera '127.0.0.1': another program is using it (Controller privilege required for "
+                                "streaming control)"));
+    QCOMPARE(camera->grab(5s).status, CAravisCamera::EGrab::Frame);
 }
 
 void tst_GigECamera::rateThatCannotBeSetIsRefused()
