@@ -59,6 +59,8 @@ void CLinkTest::measurePackets()
                           .arg(m_camera->pixelFormat());
     m_report.frameBytes = arv_camera_get_payload(camera, error.slot());
     m_report.buffers = m_options.buffers;
+    if (m_options.framesPerSecond > 0.0)
+        m_report.askedForPerSecond = m_options.framesPerSecond;
     m_report.asksAgain = m_options.resend.value_or(true);
     m_report.waitsForTrigger = waitsForTrigger(camera);
     m_report.hasFrameRate = arv_camera_is_frame_rate_available(camera, error.slot());
