@@ -6,9 +6,13 @@
 #include "host/camera/CBufferReturn.h"
 #include "host/camera/CFeatures.h"
 #include "host/camera/CGLibError.h"
+#include "host/camera/CPacketUnderruns.h"
+#include "host/camera/CameraMode.h"
 #include "host/camera/ConfigureStream.h"
 #include "host/camera/Device.h"
+#include "host/camera/FrameRate.h"
 #include "host/camera/GrabResult.h"
+#include "host/camera/PacketSize.h"
 #include "host/camera/PixelFormat.h"
 #include "host/camera/StallText.h"
 
@@ -16,16 +20,7 @@
 
 #include <QStringList>
 
-#include <cmath>
-
 namespace Host {
-
-namespace {
-
-// Cameras count the time of a frame in steps of their own, so that few rates are met exactly.
-constexpr double rateTolerance = 0.01;
-
-} // namespace
 
 std::unique_ptr<CAravisCamera> CAravisCamera::open(const SCameraOptions& options, QString* error)
 {
@@ -36,6 +31,10 @@ std::unique_ptr<CAravisCamera> CAravisCamera::open(const SCameraOptions& options
         handle.reset(arv_camera_new_with_device(device.get(), reason.slot()));
     if (!handle) {
         *error = cannotOpenText(options.address, reason);
+        return nullptr;
+    }
+    if (!hasControl(device.get(), &reason)) {
+        *error = QStringLiteral("camera '%1': another program is using it (%2)").arg(options.address, reason.text());
         return nullptr;
     }
     std::unique_ptr<CAravisCamera> camera(new CAravisCamera(options, std::move(handle)));
@@ -72,7 +71,8 @@ bool CAravisCamera::configure(QString* error)
     }
     const bool hasFormat =
         m_options.pixelFormat.isEmpty() || setFeature(QStringLiteral("PixelFormat"), m_options.pixelFormat, error);
-    return hasFormat && (m_options.framesPerSecond <= 0.0 || setFrameRate(error)) && setFeatures(error);
+    return hasFormat && (m_options.framesPerSecond <= 0.0 || setFrameRate(m_camera.get(), m_options, error)) &&
+           setFeatures(error);
 }
 
 bool CAravisCamera::setFeatures(QString* error)
@@ -98,28 +98,6 @@ bool CAravisCamera::setFeature(const QString& name, const QString& value, QStrin
     if (!wrong.isEmpty())
         *error = QStringLiteral("camera '%1': %2").arg(m_options.address, wrong);
     return wrong.isEmpty();
-}
-
-bool CAravisCamera::setFrameRate(QString* error)
-{
-    CGLibError reason;
-    if (!arv_camera_is_frame_rate_available(m_camera.get(), reason.slot())) {
-        *error = QStringLiteral("camera '%1' has no frame rate to set").arg(m_options.address);
-        return false;
-    }
-    const double asked = m_options.framesPerSecond;
-    double given = 0.0;
-    arv_camera_set_frame_rate(m_camera.get(), asked, reason.slot());
-    if (!reason)
-        given = arv_camera_get_frame_rate(m_camera.get(), reason.slot());
-    // A rate out of bounds is no error to the library: it sets the nearest one.
-    if (!reason && std::abs(given - asked) <= rateTolerance * asked)
-        return true;
-    *error = reason ? QStringLiteral("camera '%1' refuses %2 frames per second: %3")
-                          .arg(m_options.address, QString::number(asked), reason.text())
-                    : QStringLiteral("camera '%1' cannot do %2 frames per second, the nearest is %3")
-                          .arg(m_options.address, QString::number(asked), QString::number(given));
-    return false;
 }
 
 bool CAravisCamera::readGeometry(QString* error)
@@ -171,6 +149,8 @@ bool CAravisCamera::createStream(QString* error)
         return false;
     }
     configureStream(m_stream.get(), payload, m_options.resend.value_or(true));
+    if (const auto packets = packetsPerFrame(m_camera.get(), payload))
+        m_packetUnderruns = std::make_unique<CPacketUnderruns>(*packets);
     m_bufferReturn = std::make_shared<CBufferReturn>(m_stream.get());
     for (int i = 0; i < m_options.buffers; ++i)
         arv_stream_push_buffer(m_stream.get(), arv_buffer_new_allocate(payload));
@@ -182,6 +162,7 @@ void CAravisCamera::destroyStream()
     if (m_bufferReturn)
         m_bufferReturn->close();
     m_bufferReturn.reset();
+    m_packetUnderruns.reset();
     m_stream.reset();
 }
 
@@ -200,6 +181,8 @@ CAravisCamera::SGrab CAravisCamera::grab(std::chrono::milliseconds timeout)
 CAravisCamera::SGrab CAravisCamera::wrap(ArvBuffer* buffer)
 {
     Veltra::SGrabResult result = grabResult(buffer);
+    if (m_packetUnderruns)
+        m_packetUnderruns->add(result.frameNumber, result.complete, countedUnderruns());
     if (!result.complete) {
         arv_stream_push_buffer(m_stream.get(), buffer);
         return SGrab::none(EGrab::Incomplete);
@@ -213,9 +196,18 @@ QString CAravisCamera::description() const
     return QStringLiteral("%1, %2 x %3 %4").arg(m_name).arg(m_width).arg(m_height).arg(m_pixelFormat);
 }
 
-QString CAravisCamera::stallText(const QString& time, bool isSilent, const SGrabStatistics& before) const
+QString CAravisCamera::stallText(const QString& time, EStall stall, const SGrabStatistics& before) const
 {
-    return cameraStallText(m_options.address, time, isSilent, arv_camera_is_uv_device(m_camera.get()), before);
+    SStalledCamera camera;
+    camera.address = m_options.address;
+    camera.isUsb = arv_camera_is_uv_device(m_camera.get());
+    camera.buffers = m_options.buffers;
+    // One that has gone answers nothing any more.
+    if (stall != EStall::Silent || before.grabbed == 0) {
+        camera.waitsForTrigger = waitsForTrigger(m_camera.get());
+        camera.packetBytes = packetSize(m_camera.get());
+    }
+    return cameraStallText(camera, time, stall, before);
 }
 
 void CAravisCamera::stop()
@@ -229,6 +221,12 @@ void CAravisCamera::stop()
 }
 
 quint64 CAravisCamera::underruns() const
+{
+    const quint64 counted = countedUnderruns();
+    return m_packetUnderruns ? m_packetUnderruns->frames(counted) : counted;
+}
+
+quint64 CAravisCamera::countedUnderruns() const
 {
     guint64 completed = 0;
     guint64 failures = 0;

@@ -22,6 +22,7 @@ struct _ArvStream;
 namespace Host {
 
 class CBufferReturn;
+class CPacketUnderruns;
 
 /**
  * A camera: the one built into the library, a GigE Vision camera at its address, or a USB3 Vision camera by its name.
@@ -73,13 +74,14 @@ public:
     /// Ends the acquisition and drops the frames that nobody grabbed. May be started again.
     void stop();
 
-    /// Frames lost since start() because no buffer was free; 0 while stopped.
+    /// Frames lost since start() because no buffer was free; 0 while stopped. A network camera's are worked
+    /// out of the packets that found none, see CPacketUnderruns; others are as the library counts them.
     quint64 underruns() const override;
 
     /// Buffers that wait for the camera to fill them; 0 while stopped.
     int freeBuffers() const;
 
-    QString stallText(const QString& time, bool isSilent, const SGrabStatistics& before) const override;
+    QString stallText(const QString& time, EStall stall, const SGrabStatistics& before) const override;
     /// The camera library's own objects, for questions that this class does not answer. The stream is null while
     /// stopped.
     _ArvCamera* handle() const { return m_camera.get(); }
@@ -89,13 +91,13 @@ private:
     CAravisCamera(SCameraOptions options, GObjectPtr<_ArvCamera> camera);
 
     bool configure(QString* error);
-    bool setFrameRate(QString* error);
     bool setFeatures(QString* error);
     bool setFeature(const QString& name, const QString& value, QString* error);
     bool readGeometry(QString* error);
     bool createStream(QString* error);
     void destroyStream();
     SGrab wrap(_ArvBuffer* buffer);
+    quint64 countedUnderruns() const; // by the library
     bool isLost() const { return m_controlLost.load(std::memory_order_acquire); }
     static void onControlLost(_ArvDevice* device, void* self);
 
@@ -108,6 +110,8 @@ private:
     unsigned long m_controlLostHandler = 0;
     std::atomic<bool> m_controlLost{false}; // set by the thread that keeps the connection to the camera alive
     GObjectPtr<_ArvStream> m_stream;        // null while stopped
+    // Of a network camera, for which the library counts packets instead of frames; null for others and while stopped.
+    std::unique_ptr<CPacketUnderruns> m_packetUnderruns;
     std::shared_ptr<CBufferReturn> m_bufferReturn;
 };
 

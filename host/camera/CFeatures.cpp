@@ -104,11 +104,14 @@ QString valueOf(ArvGcNode* node)
                     isInteger(node) ? arv_gc_integer_get_unit(ARV_GC_INTEGER(node)) : nullptr);
 }
 
+bool isReadOnly(ArvGcNode* node)
+{
+    return arv_gc_feature_node_get_actual_access_mode(ARV_GC_FEATURE_NODE(node)) == ARV_GC_ACCESS_MODE_RO;
+}
+
 bool isWritable(ArvGcNode* node)
 {
-    ArvGcFeatureNode* const feature = ARV_GC_FEATURE_NODE(node);
-    return arv_gc_feature_node_get_actual_access_mode(feature) != ARV_GC_ACCESS_MODE_RO &&
-           !arv_gc_feature_node_is_locked(feature, CGLibError().slot());
+    return !isReadOnly(node) && !arv_gc_feature_node_is_locked(ARV_GC_FEATURE_NODE(node), CGLibError().slot());
 }
 
 // Neither a register nor a value that is computed of others.
@@ -206,6 +209,8 @@ QString CFeatures::refusalOf(const QString& name, const QString& value) const
             known << feature.name;
         return QStringLiteral("it has no feature %1%2").arg(shown(name), didYouMean(name, known));
     }
+    if (isReadOnly(node))
+        return QStringLiteral("the feature '%1' is read only").arg(name);
     if (!isWritable(node))
         return QStringLiteral("the feature '%1' cannot be written now").arg(name);
     const QString wrong = refusal(node, value);

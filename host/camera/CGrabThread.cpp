@@ -52,6 +52,7 @@ QString CGrabThread::grabAll()
     // What was waited for a frame in vain. The time of a handler does not count, nor that of a stopped process.
     Clock::duration silent{0};
     Clock::duration frameless{0};
+    SGrabStatistics before; // when the last complete frame came
     while ((m_frames == 0 || m_complete < m_frames) && !isInterruptionRequested()) {
         const auto begin = Clock::now();
         IFrameSource::SGrab grab = m_source.grab(patience);
@@ -59,14 +60,15 @@ QString CGrabThread::grabAll()
         silent = grab.status == EGrab::Timeout ? silent + waited : Clock::duration::zero();
         frameless += waited;
         const quint64 underruns = m_source.underruns();
-        // A camera whose frames find no buffer is alive: it is the graph that is slow. For one that is away its source
-        // knows how long to wait.
-        if (underruns != m_underruns || grab.status == EGrab::Away)
-            silent = frameless = Clock::duration::zero();
+        // A camera whose frames find no buffer has not gone, but gives no frame either.
+        if (underruns != m_underruns)
+            silent = Clock::duration::zero();
         m_underruns = underruns;
 
-        if (grab.status == EGrab::Away)
+        if (grab.status == EGrab::Away) {
+            frameless = Clock::duration::zero(); // its source knows how long to wait
             m_numbers.restart();
+        }
         if (grab.status == EGrab::Lost)
             return grab.error;
         if (grab.status == EGrab::Ended) {
@@ -78,24 +80,29 @@ QString CGrabThread::grabAll()
         if (grab.status == EGrab::Frame) {
             frameless = Clock::duration::zero();
             handOn(std::move(grab));
+            before = statistics();
         }
-        const QString missing = missingFrame(silent, frameless);
+        const QString missing = missingFrame(silent, frameless, before);
         if (!missing.isEmpty())
             return missing;
     }
     return {};
 }
 
-QString CGrabThread::missingFrame(Clock::duration silent, Clock::duration frameless) const
+QString CGrabThread::missingFrame(Clock::duration silent, Clock::duration frameless,
+                                  const SGrabStatistics& before) const
 {
+    using EStall = IFrameSource::EStall;
     const auto text = [](std::chrono::milliseconds time) {
         return QStringLiteral("%1 s").arg(double(time.count()) / 1000.0);
     };
+    const SGrabStatistics now = statistics();
     if (silent >= m_silence)
-        return m_source.stallText(text(m_silence), true, statistics());
-    if (m_timeout.count() > 0 && frameless >= m_timeout)
-        return m_source.stallText(text(m_timeout), false, statistics());
-    return {};
+        return m_source.stallText(text(m_silence), EStall::Silent, now);
+    if (m_timeout.count() == 0 || frameless < m_timeout)
+        return {};
+    const bool isStarved = now.underruns > before.underruns && now.incomplete == before.incomplete;
+    return m_source.stallText(text(m_timeout), isStarved ? EStall::NoFreeBuffer : EStall::Incomplete, now);
 }
 
 void CGrabThread::handOn(IFrameSource::SGrab grab)

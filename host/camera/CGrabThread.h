@@ -78,8 +78,8 @@ protected:
 
 private:
     QString grabAll();
-    QString missingFrame(std::chrono::steady_clock::duration silent,
-                         std::chrono::steady_clock::duration frameless) const;
+    QString missingFrame(std::chrono::steady_clock::duration silent, std::chrono::steady_clock::duration frameless,
+                         const SGrabStatistics& before) const;
     void handOn(IFrameSource::SGrab grab);
 
     IFrameSource& m_source;

@@ -115,12 +115,12 @@ QString CReconnectingCamera::silenceText() const
 {
     SGrabStatistics before;
     before.grabbed = before.complete = 1;
-    return m_camera->stallText(QStringLiteral("%1 s").arg(seconds(m_silence)), true, before);
+    return m_camera->stallText(QStringLiteral("%1 s").arg(seconds(m_silence)), EStall::Silent, before);
 }
 
-QString CReconnectingCamera::stallText(const QString& time, bool isSilent, const SGrabStatistics& before) const
+QString CReconnectingCamera::stallText(const QString& time, EStall stall, const SGrabStatistics& before) const
 {
-    return m_camera ? m_camera->stallText(time, isSilent, before) : m_reason;
+    return m_camera ? m_camera->stallText(time, stall, before) : m_reason;
 }
 
 SAbsences CReconnectingCamera::absences() const

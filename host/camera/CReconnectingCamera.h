@@ -43,7 +43,7 @@ public:
     bool start(QString* error) override;
     SGrab grab(std::chrono::milliseconds timeout) override;
     quint64 underruns() const override { return m_underrunsBefore + m_underruns; }
-    QString stallText(const QString& time, bool isSilent, const SGrabStatistics& before) const override;
+    QString stallText(const QString& time, EStall stall, const SGrabStatistics& before) const override;
     SAbsences absences() const override;
 
 private:

@@ -64,6 +64,15 @@ GObjectPtr<ArvDevice> openDevice(const QString& address, CGLibError* error)
         arv_interface_open_device(arv_gv_interface_get_instance(), name.constData(), error->slot()));
 }
 
+bool hasControl(ArvDevice* device, CGLibError* error)
+{
+    if (!ARV_IS_GV_DEVICE(device) || arv_gv_device_is_controller(ARV_GV_DEVICE(device)))
+        return true;
+    // Only for the words: the library makes no stream now. Asking for control again may take it from the other program.
+    const GObjectPtr<ArvStream> none(arv_device_create_stream(device, nullptr, nullptr, error->slot()));
+    return false;
+}
+
 QString cannotOpenText(const QString& address, const CGLibError& error)
 {
     // Looking for all there are would take a second, each time that a camera is waited for.

@@ -34,6 +34,10 @@ QString aravisVersion();
 /// Opens what SCameraOptions::address names. Null, with the reason in \a error, if it is not there.
 GObjectPtr<_ArvDevice> openDevice(const QString& address, CGLibError* error);
 
+/// Whether this program may set the camera and have its frames. False, with the library's words in \a error, if another
+/// one is using a network camera; a camera of another kind is not opened then.
+bool hasControl(_ArvDevice* device, CGLibError* error);
+
 /// Why the camera cannot be opened, and where to look for its right name.
 QString cannotOpenText(const QString& address, const CGLibError& error);
 

@@ -4,6 +4,7 @@
 #include "host/camera/PacketSize.h"
 
 #include "host/camera/CGLibError.h"
+#include "host/camera/CameraMode.h"
 
 #include <arv.h>
 
@@ -32,6 +33,18 @@ std::optional<quint64> packetSize(ArvCamera* camera)
     CGLibError error;
     const guint bytes = arv_camera_is_gv_device(camera) ? arv_camera_gv_get_packet_size(camera, error.slot()) : 0;
     return error || bytes == 0 ? std::nullopt : std::optional<quint64>(bytes);
+}
+
+std::optional<quint64> packetsPerFrame(ArvCamera* camera, quint64 payload)
+{
+    constexpr quint64 networkHeaders = 20 + 8; // IP and UDP
+    constexpr quint64 leaderAndTrailer = 2;
+    const std::optional<quint64> bytes = packetSize(camera);
+    const quint64 headers = networkHeaders + (isOn(camera, "GevGVSPExtendedIDMode") ? 20 : 8);
+    if (!bytes || *bytes <= headers)
+        return {};
+    const quint64 pixels = *bytes - headers;
+    return (payload + pixels - 1) / pixels + leaderAndTrailer;
 }
 
 std::optional<quint64> largestPacketSize(ArvCamera* camera)

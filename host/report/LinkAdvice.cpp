@@ -7,6 +7,7 @@
 #include "host/camera/SCameraOptions.h"
 #include "host/report/ByteText.h"
 #include "host/report/LinkCommands.h"
+#include "host/report/MissedRate.h"
 #include "host/report/SLinkReport.h"
 
 #include <algorithm>
@@ -34,11 +35,6 @@ bool isLossy(const SLinkReport& report)
     return report.frames.incomplete > 0 || report.missedFrames().value_or(0) > 0;
 }
 
-QString runWithPackets(const SLinkReport& report, quint64 bytes)
-{
-    return runWith(report, QStringLiteral("--camera-set %1=%2").arg(report.packetSizeFeature).arg(bytes));
-}
-
 // A packet size that saves a quarter of the packets or more, if there is one.
 std::optional<quint64> largerPacket(const SLinkReport& report)
 {
@@ -61,7 +57,7 @@ Advice onNothing(const SLinkReport& report)
         return {};
     if (report.waitsForTrigger)
         return SLinkAdvice{QStringLiteral("No frame came: the camera waits for a trigger."),
-                           runWith(report, QStringLiteral("--camera-set TriggerMode=Off"))};
+                           testWith(report, QStringLiteral("--camera-set TriggerMode=Off"))};
     if (report.packets.received && *report.packets.received == 0 && !report.link.interface.isEmpty())
         return SLinkAdvice{QStringLiteral("Not one packet came, although the camera answers: most likely a firewall "
                                           "of this computer keeps them out."),
@@ -78,7 +74,7 @@ Advice onBlockedPackets(const SLinkReport& report)
         return {};
     return SLinkAdvice{
         QStringLiteral("Packets of %1 do not get through, those of %2 do.").arg(byteText(*set), byteText(*largest)),
-        runWithPackets(report, *largest)};
+        testWithPackets(report, *largest)};
 }
 
 Advice onSmallSocketBuffer(const SLinkReport& report)
@@ -114,7 +110,7 @@ Advice onSmallPackets(const SLinkReport& report)
     const char* const said = report.largestPacketBytes ? "Packets of %1 get through. They are fewer, and less work."
                                                        : "Packets of %1 may get through. They would be fewer, and less "
                                                          "work.";
-    return SLinkAdvice{QString(QLatin1String(said)).arg(byteText(*larger)), runWithPackets(report, *larger)};
+    return SLinkAdvice{QString(QLatin1String(said)).arg(byteText(*larger)), testWithPackets(report, *larger)};
 }
 
 Advice onSmallMtu(const SLinkReport& report)
@@ -132,7 +128,7 @@ Advice onNoResend(const SLinkReport& report)
     if (report.asksAgain || report.packets.missing.value_or(0) == 0)
         return {};
     return SLinkAdvice{QStringLiteral("Nobody asked for missing packets again. Leave out --resend off."),
-                       QStringLiteral("halvex-host run --camera %1").arg(report.address)};
+                       testAgain(report)};
 }
 
 QString resendText(const SLinkReport& report)
@@ -222,7 +218,18 @@ Advice onUnderruns(const SLinkReport& report)
         return {};
     const int buffers = std::min(report.buffers * 4, SCameraOptions::mostBuffers);
     return SLinkAdvice{QStringLiteral("%1 found no free buffer.").arg(counted(report.frames.underruns, "frame")),
-                       runWith(report, QStringLiteral("--buffers %1").arg(buffers))};
+                       testWith(report, QStringLiteral("--buffers %1").arg(buffers))};
+}
+
+// Frames that got lost explain it already.
+Advice onMissedRate(const SLinkReport& report)
+{
+    const QString missed = missedRateText(report.askedForPerSecond, report.framesPerSecond());
+    if (missed.isEmpty() || !report.isSound())
+        return {};
+    return SLinkAdvice{missed +
+                           QStringLiteral(". The exposure time, the size of the image or the camera may bound it."),
+                       QStringLiteral("halvex-host cameras %1").arg(report.address)};
 }
 
 } // namespace
@@ -230,9 +237,9 @@ Advice onUnderruns(const SLinkReport& report)
 std::vector<SLinkAdvice> linkAdvice(const SLinkReport& report)
 {
     constexpr Advice (*rules[])(const SLinkReport&) = {
-        &onNothing,  &onBlockedPackets, &onSmallSocketBuffer, &onFullLink,    &onSmallPackets,   &onSmallMtu,
-        &onNoResend, &onLoss,           &onSmallRing,         &onSlowReading, &onSmallUsbMemory, &onFullUsb,
-        &onUnderruns};
+        &onNothing,   &onBlockedPackets, &onSmallSocketBuffer, &onFullLink,    &onSmallPackets,   &onSmallMtu,
+        &onNoResend,  &onLoss,           &onSmallRing,         &onSlowReading, &onSmallUsbMemory, &onFullUsb,
+        &onUnderruns, &onMissedRate};
     std::vector<SLinkAdvice> advices;
     for (const auto& rule : rules) {
         if (const Advice advice = rule(report))

@@ -7,9 +7,14 @@
 
 namespace Host {
 
-QString runWith(const SLinkReport& report, const QString& option)
+QString testWith(const SLinkReport& report, const QString& option)
 {
-    return QStringLiteral("halvex-host run --camera %1 %2").arg(report.address, option);
+    return QStringLiteral("%1 %2").arg(testAgain(report), option);
+}
+
+QString testWithPackets(const SLinkReport& report, quint64 bytes)
+{
+    return testWith(report, QStringLiteral("--camera-set %1=%2").arg(report.packetSizeFeature).arg(bytes));
 }
 
 QString lowerRate(const SLinkReport& report)
@@ -18,7 +23,7 @@ QString lowerRate(const SLinkReport& report)
     if (!report.hasFrameRate || report.frames.grabbed == 0 || report.time.count() <= 0)
         return {};
     const double rate = double(report.frames.grabbed) * 1000.0 / double(report.time.count());
-    return runWith(report, QStringLiteral("--fps %1").arg(QString::number(rate * share, 'g', 3)));
+    return testWith(report, QStringLiteral("--fps %1").arg(QString::number(rate * share, 'g', 3)));
 }
 
 QString testAgain(const SLinkReport& report)

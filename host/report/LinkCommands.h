@@ -9,10 +9,13 @@ namespace Host {
 
 struct SLinkReport;
 
-/// A run of the camera with that option.
-QString runWith(const SLinkReport& report, const QString& option);
+/// The test once more, with that option.
+QString testWith(const SLinkReport& report, const QString& option);
 
-/// A run with fewer frames per second than came, whole or not, by a fifth; empty when the camera has no rate to set.
+/// The same with packets of that size.
+QString testWithPackets(const SLinkReport& report, quint64 bytes);
+
+/// A test with fewer frames per second than came, whole or not, by a fifth; empty when the camera has no rate to set.
 QString lowerRate(const SLinkReport& report);
 
 /// The test once more.

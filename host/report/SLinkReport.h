@@ -29,7 +29,8 @@ struct SLinkReport
     int buffers = 0;
     bool asksAgain = true; ///< For packets that are missing.
     bool waitsForTrigger = false;
-    bool hasFrameRate = false; ///< One that can be set.
+    bool hasFrameRate = false;               ///< One that can be set.
+    std::optional<double> askedForPerSecond; ///< Frames per second that the camera was set to.
 
     // Nothing of cameras that are not on the network, but for what USB counts as well.
     QString packetSizeFeature;

@@ -4,6 +4,7 @@
 #include "host/report/SRunReport.h"
 
 #include "host/base/Counted.h"
+#include "host/report/MissedRate.h"
 
 namespace Host {
 
@@ -86,16 +87,13 @@ QString SRunReport::mismatch() const
 
 QStringList SRunReport::remarks() const
 {
-    constexpr double mostMissed = 0.05;
     QStringList remarks;
     if (frames.complete < askedForFrames)
         remarks
             << QStringLiteral("%1 were asked for, %2 came").arg(counted(askedForFrames, "frame")).arg(frames.complete);
-    const std::optional<double> given = framesPerSecond();
-    if (askedForPerSecond && given && *given < *askedForPerSecond * (1.0 - mostMissed))
-        remarks << QStringLiteral("%1 frames per second were asked for, %2 came")
-                       .arg(*askedForPerSecond)
-                       .arg(*given, 0, 'f', 1);
+    const QString missedRate = missedRateText(askedForPerSecond, framesPerSecond());
+    if (!missedRate.isEmpty())
+        remarks << missedRate;
     if (frames.incomplete > 0)
         remarks << QStringLiteral("%1 came incomplete").arg(counted(frames.incomplete, "frame"));
     if (frames.underruns > 0)

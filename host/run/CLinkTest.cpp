@@ -6,11 +6,10 @@
 #include "host/camera/CAravisCamera.h"
 #include "host/camera/CGLibError.h"
 #include "host/camera/CGrabThread.h"
+#include "host/camera/CameraMode.h"
 #include "host/camera/PacketSize.h"
 
 #include <arv.h>
-
-#include <cstring>
 
 namespace Host {
 
@@ -20,16 +19,6 @@ using Clock = std::chrono::steady_clock;
 
 // A silent camera is a result, too.
 constexpr std::chrono::hours silence(24 * 365);
-
-bool waitsForTrigger(ArvCamera* camera)
-{
-    CGLibError error;
-    ArvDevice* const device = arv_camera_get_device(camera);
-    const char* const mode = arv_device_get_feature(device, "TriggerMode")
-                                 ? arv_device_get_string_feature_value(device, "TriggerMode", error.slot())
-                                 : nullptr;
-    return mode && std::strcmp(mode, "On") == 0;
-}
 
 } // namespace
 
@@ -70,6 +59,8 @@ void CLinkTest::measurePackets()
                           .arg(m_camera->pixelFormat());
     m_report.frameBytes = arv_camera_get_payload(camera, error.slot());
     m_report.buffers = m_options.buffers;
+    if (m_options.framesPerSecond > 0.0)
+        m_report.askedForPerSecond = m_options.framesPerSecond;
     m_report.asksAgain = m_options.resend.value_or(true);
     m_report.waitsForTrigger = waitsForTrigger(camera);
     m_report.hasFrameRate = arv_camera_is_frame_rate_available(camera, error.slot());

@@ -155,7 +155,7 @@ Veltra::SGrabResult CFileSource::takeFrame()
     return frame;
 }
 
-QString CFileSource::stallText(const QString& time, bool, const SGrabStatistics&) const
+QString CFileSource::stallText(const QString& time, EStall, const SGrabStatistics&) const
 {
     return QStringLiteral("the graph holds as many frames of '%1' as may be in flight (%2), and gave none back for %3; "
                           "try more (--buffers %4), or a longer --timeout")

@@ -37,7 +37,7 @@ public:
     bool start(QString* error) override;
     SGrab grab(std::chrono::milliseconds timeout) override;
     quint64 underruns() const override { return 0; }
-    QString stallText(const QString& time, bool isSilent, const SGrabStatistics& before) const override;
+    QString stallText(const QString& time, EStall stall, const SGrabStatistics& before) const override;
     QString endText() const override;
 
 private:

@@ -30,8 +30,8 @@ namespace Host {
  *
  * Functions that may fail put the reason into \a error: a line, or one for each feature that the camera refuses.
  *
- * Threads: start() and the destructor while no grab() is under way; grab() and underruns() in one thread at a time; the
- * others in any.
+ * Threads: start() and the destructor while no grab() is under way; grab(), underruns() and stallText()
+ * in one thread at a time; the others in any.
  */
 class IFrameSource
 {
@@ -44,6 +44,14 @@ public:
         Away,       ///< The same: the camera has gone, and is waited for.
         Ended,      ///< All frames have been given.
         Lost        ///< No frame will come any more, which is a fault.
+    };
+
+    /// Why no complete frame came for too long.
+    enum class EStall
+    {
+        Silent,      ///< Nothing came at all.
+        Incomplete,  ///< At most parts of frames.
+        NoFreeBuffer ///< Frames came, and found no free buffer.
     };
 
     struct SGrab
@@ -83,9 +91,9 @@ public:
     /// Frames lost since start() because there was no room for them.
     virtual quint64 underruns() const = 0;
 
-    /// What to say, and to try, when no complete frame has come for \a time ("5 s"), and, if \a isSilent, nothing else
-    /// either. \a before is what came until then.
-    virtual QString stallText(const QString& time, bool isSilent, const SGrabStatistics& before) const = 0;
+    /// What to say, and to try, when no complete frame has come for \a time ("5 s"). \a before is what came until
+    /// then. May ask the camera: in the thread of grab().
+    virtual QString stallText(const QString& time, EStall stall, const SGrabStatistics& before) const = 0;
 
     /// How often it had gone and came back.
     virtual SAbsences absences() const { return {}; }

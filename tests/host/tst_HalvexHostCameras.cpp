@@ -106,7 +106,7 @@ void tst_HalvexHostCameras::triggerThatNobodyPulls()
     CHostProgram program;
     const QStringList arguments{"cameras", CFakeGigECamera::address(), "--test", "300ms"};
     QCOMPARE(program.exec(arguments + QStringList{"--camera-set", "TriggerMode=On"}), 1);
-    QVERIFY2(program.output().contains("halvex-host run --camera 127.0.0.1 --camera-set TriggerMode=Off\n"),
+    QVERIFY2(program.output().contains("halvex-host cameras 127.0.0.1 --test 10s --camera-set TriggerMode=Off\n"),
              qPrintable(program.output()));
 }
 
@@ -165,6 +165,7 @@ void tst_HalvexHostCameras::sameOptionsAsARun()
     QCOMPARE(program.exec({"cameras", "fake", "--test", "500ms", "--json", "--fps", "10", "--pixel-format", "RGB8"}),
              0);
     QVERIFY2(json(program)["camera"].toString().endsWith(" RGB8"), qPrintable(program.output()));
+    QVERIFY(reasons(json(program)).isEmpty());
     // The camera's own rate is 25.
     QVERIFY2(json(program)["frames"]["complete"].toInt() < 10, qPrintable(program.output()));
 }

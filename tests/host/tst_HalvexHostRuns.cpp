@@ -238,7 +238,7 @@ void tst_HalvexHostRuns::refused_data()
     row({"--set", "blurr.size=9"}, "--set blurr.size=9: no node is called 'blurr'; did you mean 'blur'?");
     row({"--camera-set", "Widht=9"}, "camera 'fake': it has no feature 'Widht'; did you mean 'Width'?");
     row({"--camera-set", "Width=0"}, "camera 'fake': the feature 'Width' takes integer, 1 to 2048, not '0'");
-    row({"--camera-set", "SensorWidth=9"}, "camera 'fake': the feature 'SensorWidth' cannot be written now");
+    row({"--camera-set", "SensorWidth=9"}, "camera 'fake': the feature 'SensorWidth' is read only");
     row({"--camera-set", "TriggerMode=Of"},
         "camera 'fake': the feature 'TriggerMode' takes one of Off, On, not 'Of'; did you mean 'Off'?");
     // Each value that is wrong, once, though others are right and there are two cameras.

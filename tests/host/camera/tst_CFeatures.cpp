@@ -38,6 +38,7 @@ class tst_CFeatures : public QObject
 private Q_SLOTS:
     void wholeNumbers_data();
     void wholeNumbers();
+    void readOnlyFeature();
     void categoryInItself();
     void outsideOfAllCategories();
 };
@@ -65,6 +66,12 @@ void tst_CFeatures::wholeNumbers()
     const std::vector<SFeature> found = featuresOf(features.all(), "Width");
     QCOMPARE(found.size(), std::size_t(1));
     QCOMPARE(found[0].value, width);
+}
+
+void tst_CFeatures::readOnlyFeature()
+{
+    const auto device = fakeDevice();
+    QCOMPARE(CFeatures(device.get()).set("DeviceID", "3"), QStringLiteral("the feature 'DeviceID' is read only"));
 }
 
 void tst_CFeatures::categoryInItself()

@@ -39,7 +39,7 @@ public:
         return {EGrab::Frame, Veltra::CGrabResultPtr(std::move(frame)), {}, {}};
     }
     quint64 underruns() const override { return 0; }
-    QString stallText(const QString& time, bool, const SGrabStatistics&) const override { return time; }
+    QString stallText(const QString& time, EStall, const SGrabStatistics&) const override { return time; }
 
 private:
     const std::vector<quint64> m_numbers;
@@ -70,7 +70,7 @@ public:
         return {EGrab::Frame, Veltra::CGrabResultPtr(Veltra::SGrabResult()), std::make_shared<int>(m_grabs), {}};
     }
     quint64 underruns() const override { return 0; }
-    QString stallText(const QString& time, bool, const SGrabStatistics&) const override { return time; }
+    QString stallText(const QString& time, EStall, const SGrabStatistics&) const override { return time; }
 
 private:
     const SGrab m_end;
@@ -93,6 +93,7 @@ private Q_SLOTS:
     void cameraWithoutAWholeFrame();
     void slowHandlerIsNoSilence();
     void starvingCameraHasNotGone();
+    void starvingCameraTimesOut();
     void numbersTellOfMissedFrames();
     void sourceThatRunsOutEndsIt();
     void sourceThatFailsEndsIt();
@@ -234,6 +235,22 @@ void tst_CGrabThread::starvingCameraHasNotGone()
     QTRY_COMPARE(ended.count(), 1);
     QCOMPARE(ended.at(0).at(0).toString(), QString());
     QCOMPARE(thread.statistics().complete, quint64(3));
+}
+
+// Nothing whole comes, whatever the camera sends.
+void tst_CGrabThread::starvingCameraTimesOut()
+{
+    const auto camera = startFake(1);
+    std::vector<Veltra::CGrabResultPtr> held; // the handler's
+    CGrabThread thread(*camera, 3, 300ms, [&](const CGrabThread::SFrame& frame) { held.push_back(frame.result); });
+    thread.setTimeout(300ms);
+    QSignalSpy ended(&thread, &CGrabThread::ended);
+    thread.start();
+    QTRY_COMPARE(ended.count(), 1);
+    QCOMPARE(ended.at(0).at(0).toString(),
+             QStringLiteral("the graph holds as many frames of camera 'fake' as may be in flight (1), and gave none "
+                            "back for 0.3 s; try more (--buffers 4), or a longer --timeout"));
+    QCOMPARE(thread.statistics().complete, quint64(1));
 }
 
 void tst_CGrabThread::numbersTellOfMissedFrames()

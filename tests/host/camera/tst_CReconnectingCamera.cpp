@@ -36,7 +36,7 @@ public:
         return grab;
     }
     quint64 underruns() const override { return m_next >= 2 ? m_underruns : 0; }
-    QString stallText(const QString& time, bool, const SGrabStatistics&) const override
+    QString stallText(const QString& time, EStall, const SGrabStatistics&) const override
     {
         return QStringLiteral("silent for ") + time;
     }

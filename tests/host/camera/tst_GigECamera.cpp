@@ -41,8 +41,10 @@ class tst_GigECamera : public QObject
 private Q_SLOTS:
     void framesArriveComplete();
     void rateThatCannotBeSetIsRefused();
+    void cameraOfAnotherProgramIsRefused();
     void nothingIsSetBehindARefusedFeature();
     void incompleteFramesAreCountedAndNeverHandedOn();
+    void underrunsAreFrames();
     void cameraThatGoesEndsTheThread();
     void programSkipsIncompleteFrames();
     void programEndsWhenTheCameraGoes();
@@ -51,6 +53,7 @@ private Q_SLOTS:
     void noWholeFrame_data();
     void noWholeFrame();
     void endsAsAskedWithoutAWholeFrame();
+    void graphThatHoldsAllBuffers();
     void resend();
 };
 
@@ -68,6 +71,18 @@ void tst_GigECamera::framesArriveComplete()
         QCOMPARE(grab.frame->pixelFormat, QStringLiteral("Mono8"));
         QVERIFY(showsTestPattern(*grab.frame));
     }
+}
+
+void tst_GigECamera::cameraOfAnotherProgramIsRefused()
+{
+    CFakeGigECamera device;
+    QVERIFY(device.start());
+    const auto camera = startCamera(gigE());
+    for (const QStringList& options : {QStringList(), QStringList{"--fps", "10"}})
+        QCOMPARE(CHostProgram().refusal(QStringList{"--camera", CFakeGigECamera::address()} + options),
+                 QStringLiteral("camera '127.0.0.1': another program is using it (Controller privilege required for "
+                                "streaming control)"));
+    QCOMPARE(camera->grab(5s).status, CAravisCamera::EGrab::Frame);
 }
 
 void tst_GigECamera::rateThatCannotBeSetIsRefused()
@@ -114,6 +129,31 @@ void tst_GigECamera::incompleteFramesAreCountedAndNeverHandedOn()
     QCOMPARE(faulty.load(), 0);
     QCOMPARE(quint64(sound.load()), thread.statistics().complete);
     QCOMPARE(thread.statistics().grabbed, thread.statistics().complete + thread.statistics().incomplete);
+}
+
+// And not packets, of which each frame has about 190.
+void tst_GigECamera::underrunsAreFrames()
+{
+    CFakeGigECamera device;
+    QVERIFY(device.start());
+    SCameraOptions options = gigE();
+    options.buffers = 2;
+    const auto camera = startCamera(options);
+    CAravisCamera::SGrab first = camera->grab(5s);
+    const CAravisCamera::SGrab second = camera->grab(5s);
+    QVERIFY(first.frame && second.frame);
+    QTRY_VERIFY(camera->underruns() >= 5);
+    const quint64 last = second.frame->frameNumber;
+    first = {};
+    CAravisCamera::SGrab next = camera->grab(5s);
+    quint64 incomplete = 0;
+    for (; !next.frame && incomplete < 100; next = camera->grab(5s))
+        ++incomplete;
+    QVERIFY(next.frame);
+    // Before the frame that is held, and those that came incomplete. Since then it starves again.
+    const quint64 between = next.frame->frameNumber - last - 1 - incomplete;
+    QVERIFY2(camera->underruns() >= between && camera->underruns() <= between + 20,
+             qPrintable(QStringLiteral("%1, not %2").arg(camera->underruns()).arg(between)));
 }
 
 void tst_GigECamera::cameraThatGoesEndsTheThread()
@@ -197,11 +237,17 @@ void tst_GigECamera::noWholeFrame_data()
     // Without a frame there is no table. Hardly any of the 190 packets of a frame, but never all of them; a frame must
     // be given up within the time.
     addRow("incomplete frames", 300, QStringList{"--timeout", "3s"}, "camera '127.0.0.1' gave no whole frame for 3 s, ",
-           QStringList{"GevSCPSPacketSize", "--buffers"}, true);
+           QStringList{"--buffers", "--fps"}, true);
     addRow("nothing", 1000, QStringList{"--timeout", "2s"}, "camera '127.0.0.1' sends nothing: no frame for 2 s; ",
-           QStringList{"TriggerMode", "firewall", "GevSCPSPacketSize"}, false);
+           QStringList{"firewall"}, false);
+    addRow("large packets", 1000, QStringList{"--timeout", "500ms", "--camera-set", "GevSCPSPacketSize=8000"},
+           "camera '127.0.0.1' sends nothing: no frame for 0.5 s; ", QStringList{"GevSCPSPacketSize=1400"}, false);
+    addRow(
+        "trigger", 0, QStringList{"--timeout", "500ms", "--camera-set", "TriggerMode=On"},
+        "camera '127.0.0.1' sends nothing: no frame for 0.5 s; it waits for a trigger (--camera-set TriggerMode=Off)",
+        QStringList(), false);
     addRow("nothing of what was asked for", 1000, QStringList{"--frames", "5", "--timeout", "500ms"},
-           "camera '127.0.0.1' sends nothing: no frame for 0.5 s; ", QStringList{"TriggerMode"}, false);
+           "camera '127.0.0.1' sends nothing: no frame for 0.5 s; ", QStringList{"firewall"}, false);
 }
 
 void tst_GigECamera::noWholeFrame()
@@ -231,6 +277,18 @@ void tst_GigECamera::endsAsAskedWithoutAWholeFrame()
     QCOMPARE(program.run({"--camera", CFakeGigECamera::address(), "--duration", "2s"}), 1);
     QVERIFY2(program.errorLines().constLast().contains(" came incomplete"),
              qPrintable(program.errorLines().constLast()));
+}
+
+void tst_GigECamera::graphThatHoldsAllBuffers()
+{
+    CFakeGigECamera device;
+    QVERIFY(device.start());
+    CHostProgram program;
+    QCOMPARE(program.run({"--camera", CFakeGigECamera::address(), "--buffers", "1", "--timeout", "1s"}), 1);
+    QCOMPARE(program.errorLines().constLast(),
+             QStringLiteral("halvex-host: the graph holds as many frames of camera '127.0.0.1' as may be in flight "
+                            "(1), and gave none back for 1 s; try more (--buffers 4), or a longer --timeout"));
+    QCOMPARE(program.completeFrames(), 1);
 }
 
 void tst_GigECamera::resend()

@@ -79,7 +79,7 @@ void tst_LinkAdvice::commands_data()
 {
     QTest::addColumn<Change>("change");
     QTest::addColumn<QStringList>("commands");
-    const QString run = QStringLiteral("halvex-host run --camera 192.168.0.5 ");
+    const QString test = QStringLiteral("halvex-host cameras 192.168.0.5 --test 10s ");
     const auto row = [](const char* name, const Change& change, const QStringList& commands) {
         QTest::newRow(name) << change << commands;
     };
@@ -94,7 +94,7 @@ void tst_LinkAdvice::commands_data()
             nothing(report);
             report.waitsForTrigger = true;
         },
-        {run + "--camera-set TriggerMode=Off"});
+        {test + "--camera-set TriggerMode=Off"});
     row("silent USB camera",
         [](SLinkReport& report) {
             report.frames = {};
@@ -102,13 +102,13 @@ void tst_LinkAdvice::commands_data()
             report.link = {};
         },
         {"halvex-host cameras 192.168.0.5"});
-    row("frames lost over USB", &loseFramesOverUsb, {run + "--fps 8"});
+    row("frames lost over USB", &loseFramesOverUsb, {test + "--fps 8"});
     row("little memory for USB",
         [](SLinkReport& report) {
             loseFramesOverUsb(report);
             report.usb.memoryBytes = 16 << 20;
         },
-        {"echo 256 | sudo tee /sys/module/usbcore/parameters/usbfs_memory_mb", run + "--fps 8"});
+        {"echo 256 | sudo tee /sys/module/usbcore/parameters/usbfs_memory_mb", test + "--fps 8"});
     row("USB camera without a rate",
         [](SLinkReport& report) {
             loseFramesOverUsb(report);
@@ -123,20 +123,20 @@ void tst_LinkAdvice::commands_data()
         },
         {"halvex-host cameras 192.168.0.5", "echo 256 | sudo tee /sys/module/usbcore/parameters/usbfs_memory_mb"});
     row("packets too large", [](SLinkReport& report) { report.packetBytes = report.largestPacketBytes = 1500; },
-        {run + "--camera-set GevSCPSPacketSize=1500"});
+        {test + "--camera-set GevSCPSPacketSize=1500"});
     row("small socket buffer",
         [](SLinkReport& report) {
             report.socket = {false, 212992, 212992, 17};
         },
         {"sudo sysctl -w net.core.rmem_max=16777216"});
-    row("slow computer", [](SLinkReport& report) { report.socket.drops = 17; }, {run + "--fps 8"});
+    row("slow computer", [](SLinkReport& report) { report.socket.drops = 17; }, {test + "--fps 8"});
     row("slow computer, camera without a rate",
         [](SLinkReport& report) {
             report.socket.drops = 17;
             report.hasFrameRate = false;
         },
         {"halvex-host cameras 192.168.0.5 --test 10s"});
-    row("cable", &loseFrames, {run + "--fps 8", "sudo ethtool -G eth0 rx 4096"});
+    row("cable", &loseFrames, {test + "--fps 8", "sudo ethtool -G eth0 rx 4096"});
     row("camera without a rate",
         [](SLinkReport& report) {
             loseFrames(report);
@@ -148,26 +148,29 @@ void tst_LinkAdvice::commands_data()
             loseFrames(report);
             report.packets.bytes = 1200000000;
         },
-        {run + "--fps 8", run + "--fps 8", "sudo ethtool -G eth0 rx 4096"});
+        {test + "--fps 8", test + "--fps 8", "sudo ethtool -G eth0 rx 4096"});
     row("small packets",
         [](SLinkReport& report) {
             loseFrames(report);
             report.setPacketBytes = report.packetBytes = 1500;
         },
-        {run + "--camera-set GevSCPSPacketSize=9000", run + "--fps 8", "sudo ethtool -G eth0 rx 4096"});
+        {test + "--camera-set GevSCPSPacketSize=9000", test + "--fps 8", "sudo ethtool -G eth0 rx 4096"});
     row("small packets only",
         [](SLinkReport& report) {
             loseFrames(report);
             report.setPacketBytes = report.packetBytes = report.largestPacketBytes = report.link.mtu = 1500;
         },
-        {"sudo ip link set eth0 mtu 9000", run + "--fps 8", "sudo ethtool -G eth0 rx 4096"});
+        {"sudo ip link set eth0 mtu 9000", test + "--fps 8", "sudo ethtool -G eth0 rx 4096"});
     row("not asked again",
         [](SLinkReport& report) {
             loseFrames(report);
             report.asksAgain = false;
         },
-        {run.trimmed(), run + "--fps 8", "sudo ethtool -G eth0 rx 4096"});
-    row("few buffers", [](SLinkReport& report) { report.frames.underruns = 3; }, {run + "--buffers 64"});
+        {test.trimmed(), test + "--fps 8", "sudo ethtool -G eth0 rx 4096"});
+    row("rate that was missed", [](SLinkReport& report) { report.askedForPerSecond = 30.0; },
+        {"halvex-host cameras 192.168.0.5"});
+    row("rate that was met", [](SLinkReport& report) { report.askedForPerSecond = 10.0; }, {});
+    row("few buffers", [](SLinkReport& report) { report.frames.underruns = 3; }, {test + "--buffers 64"});
 }
 
 void tst_LinkAdvice::commands()

@@ -76,7 +76,7 @@ missing: of each frame from its first gap on, unless they were sent again
 
 What to change
   Packets of 9000 bytes get through. They are fewer, and less work.
-      halvex-host run --camera 192.168.0.5 --camera-set )")),
+      halvex-host cameras 192.168.0.5 --test 10s --camera-set )")),
              qPrintable(report.text()));
     QVERIFY(report.text(80, true).contains("\x1b[1mWhat to change\x1b[0m\n"));
 }

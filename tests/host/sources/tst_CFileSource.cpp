@@ -162,7 +162,7 @@ void tst_CFileSource::waitsWhileAllFramesAreInFlight()
     QCOMPARE(source->grab(1ms).status, EGrab::Timeout);
     first.claim.reset();
     QCOMPARE(source->grab(5s).status, EGrab::Frame);
-    QCOMPARE(source->stallText("5 s", false, {}),
+    QCOMPARE(source->stallText("5 s", IFrameSource::EStall::Incomplete, {}),
              QStringLiteral("the graph holds as many frames of 'images' as may be in flight (2), and gave none back "
                             "for 5 s; try more (--buffers 8), or a longer --timeout"));
 }
