@@ -30,11 +30,6 @@ quint64 drops(const SLinkReport& report)
     return report.socket.drops.value_or(0);
 }
 
-bool isLossy(const SLinkReport& report)
-{
-    return report.frames.incomplete > 0 || report.missedFrames().value_or(0) > 0;
-}
-
 // A packet size that saves a quarter of the packets or more, if there is one.
 std::optional<quint64> largerPacket(const SLinkReport& report)
 {
@@ -93,7 +88,7 @@ Advice onSmallSocketBuffer(const SLinkReport& report)
 Advice onFullLink(const SLinkReport& report)
 {
     const std::optional<double> bytes = report.bytesPerSecond();
-    if (!isLossy(report) || !bytes || !report.link.bitsPerSecond || lowerRate(report).isEmpty())
+    if (!report.isLossy() || !bytes || !report.link.bitsPerSecond || lowerRate(report).isEmpty())
         return {};
     const double share = *bytes * 8.0 / double(*report.link.bitsPerSecond);
     if (share < fullShare)
@@ -105,7 +100,7 @@ Advice onFullLink(const SLinkReport& report)
 Advice onSmallPackets(const SLinkReport& report)
 {
     const std::optional<quint64> larger = largerPacket(report);
-    if (!larger || (!isLossy(report) && drops(report) == 0))
+    if (!larger || (!report.isLossy() && drops(report) == 0))
         return {};
     const char* const said = report.largestPacketBytes ? "Packets of %1 get through. They are fewer, and less work."
                                                        : "Packets of %1 may get through. They would be fewer, and less "
@@ -115,7 +110,7 @@ Advice onSmallPackets(const SLinkReport& report)
 
 Advice onSmallMtu(const SLinkReport& report)
 {
-    if (!isLossy(report) || report.link.isLoopback() || !report.link.mtu || *report.link.mtu >= jumboBytes)
+    if (!report.isLossy() || report.link.isLoopback() || !report.link.mtu || *report.link.mtu >= jumboBytes)
         return {};
     return SLinkAdvice{
         QStringLiteral("%1 takes packets of up to %2. Larger ones are fewer, if all switches on the way take them.")
@@ -150,7 +145,7 @@ QString lossText(const SLinkReport& report, const QString& seen)
 
 Advice onLoss(const SLinkReport& report)
 {
-    if (!isLossy(report) || drops(report) > 0 || report.usb.isUsed)
+    if (!report.isLossy() || drops(report) > 0 || report.usb.isUsed)
         return {};
     const QString reason =
         QStringLiteral("%1%2 Try another cable or port")
@@ -163,7 +158,7 @@ Advice onLoss(const SLinkReport& report)
 
 Advice onSmallRing(const SLinkReport& report)
 {
-    if (!isLossy(report) || report.link.isLoopback() || report.link.interface.isEmpty())
+    if (!report.isLossy() || report.link.isLoopback() || report.link.interface.isEmpty())
         return {};
     return SLinkAdvice{QStringLiteral("The network card may have dropped packets. Give it more room."),
                        QStringLiteral("sudo ethtool -G %1 rx 4096").arg(report.link.interface)};
@@ -185,7 +180,7 @@ Advice onSlowReading(const SLinkReport& report)
 Advice onSmallUsbMemory(const SLinkReport& report)
 {
     const quint64 needed = report.frameBytes * quint64(std::max(report.buffers, 0));
-    const bool isShort = isLossy(report) || report.frames.grabbed == 0 || report.frames.underruns > 0;
+    const bool isShort = report.isLossy() || report.frames.grabbed == 0 || report.frames.underruns > 0;
     if (!isShort || report.usb.memoryBytes.value_or(0) == 0 || *report.usb.memoryBytes >= needed)
         return {};
     constexpr quint64 mebi = 1 << 20;
@@ -201,7 +196,7 @@ Advice onSmallUsbMemory(const SLinkReport& report)
 
 Advice onFullUsb(const SLinkReport& report)
 {
-    if (!isLossy(report) || !report.usb.isUsed)
+    if (!report.isLossy() || !report.usb.isUsed)
         return {};
     const QString reason = lossText(report, QStringLiteral("Frames did not come whole over USB.")) +
                            QStringLiteral(" All devices at a controller share its bandwidth: use a USB 3 port without "

@@ -9,7 +9,12 @@ namespace Host {
 
 bool SLinkReport::isSound() const
 {
-    return frames.complete > 0 && frames.incomplete == 0 && frames.underruns == 0 && missedFrames().value_or(0) == 0;
+    return frames.complete > 0 && frames.underruns == 0 && !isLossy();
+}
+
+bool SLinkReport::isLossy() const
+{
+    return frames.incomplete > 0 || missedFrames().value_or(0) > 0;
 }
 
 std::optional<quint64> SLinkReport::missedFrames() const

@@ -45,6 +45,9 @@ struct SLinkReport
     /// Whether frames came, and all of them whole.
     bool isSound() const;
 
+    /// Whether frames, or parts of them, got lost on the way.
+    bool isLossy() const;
+
     /// Of which nothing came: as the stream counted them, or as the numbers of the frames tell, if these are more.
     /// Nothing where the stream counts none and there are no two frames to compare.
     std::optional<quint64> missedFrames() const;
