@@ -53,6 +53,7 @@ Counts joinPairs(const Counts& bins)
 std::vector<Counts> histogramSteps(const cv::Mat& image)
 {
     std::vector<Counts> channels;
+    channels.reserve(std::size_t(image.channels()));
     for (int channel = 0; channel < image.channels(); ++channel)
         channels.push_back(counts(image, channel));
     while (channels.front().size() > leastSteps && std::any_of(channels.cbegin(), channels.cend(), &isComb))
