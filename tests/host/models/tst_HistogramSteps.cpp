@@ -38,7 +38,7 @@ void tst_HistogramSteps::everyNthValue()
     QFETCH(int, every);
     cv::Mat ramp(256, 10, CV_8U);
     for (int value = 0; value < 256; ++value)
-        ramp.row(value).setTo(value / every * every);
+        ramp.row(value).setTo(value - value % every);
     QFETCH(int, depth);
     ramp.convertTo(ramp, depth, depth == CV_8U ? 1.0 : 256.0);
     const auto channels = histogramSteps(ramp);
@@ -68,7 +68,7 @@ void tst_HistogramSteps::channelsHaveTheSameSteps()
 {
     cv::Mat image(256, 10, CV_8UC3, cv::Scalar(7, 7, 7));
     for (int value = 0; value < 256; ++value)
-        image.row(value).setTo(cv::Scalar(7, value, value / 2 * 2));
+        image.row(value).setTo(cv::Scalar(7, value, value - value % 2));
     const auto channels = histogramSteps(image);
     QCOMPARE(channels.size(), std::size_t(3));
     for (const auto& steps : channels)
