@@ -74,8 +74,8 @@ public:
     /// Ends the acquisition and drops the frames that nobody grabbed. May be started again.
     void stop();
 
-    /// Frames lost since start() because no buffer was free; 0 while stopped. A network camera's are worked
-    /// out of the packets that found none, see CPacketUnderruns; others are as the library counts them.
+    /// Frames lost since start() because no buffer was free; 0 while stopped. A network camera's are worked out of the
+    /// packets that found none, see CPacketUnderruns; others are as the library counts them.
     quint64 underruns() const override;
 
     /// Buffers that wait for the camera to fill them; 0 while stopped.

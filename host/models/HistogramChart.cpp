@@ -59,11 +59,6 @@ constexpr SChannel grayChannel{"grey", Gray, 0.945};
 
 using Counts = SHistogramScale::Counts;
 
-double endOfValues(const cv::Mat& image)
-{
-    return image.depth() == CV_8U ? 256.0 : 65536.0;
-}
-
 // 1, 2 or 5 times a power of ten, so that some four of them make \a most.
 double niceStep(double most)
 {
@@ -181,15 +176,16 @@ void draw(const cv::Mat& image, cv::Mat* pixels)
     const std::vector<Counts> bins = histogramSteps(image);
     const SHistogramScale scale(bins);
     const double most = scale.most;
+    const double valueEnd = endOfValues(image);
     const CPicture picture(*pixels);
     plvpor(0.105, 0.955, 0.145, 0.875);
-    plwind(0, endOfValues(image), 0, most * 1.06);
-    drawAxes(most, endOfValues(image));
+    plwind(0, valueEnd, 0, most * 1.06);
+    drawAxes(most, valueEnd);
     CPicture::setColor(Text);
     plschr(0, 0.78);
     plmtex("t", 1.45, 0.5, 0.5, scale.note(double(image.total())).c_str());
     for (std::size_t i = 0; i < bins.size(); ++i)
-        drawChannel(bins[i], bins.size() == 1 ? grayChannel : colorChannels.at(i), endOfValues(image));
+        drawChannel(bins[i], bins.size() == 1 ? grayChannel : colorChannels.at(i), valueEnd);
 }
 
 } // namespace

@@ -19,7 +19,7 @@ constexpr int leastTeeth = 16; // of a comb; fewer values are what the image sho
 
 Counts counts(const cv::Mat& image, int channel)
 {
-    const float range[] = {0, float(image.depth() == CV_8U ? 256 : 65536)};
+    const float range[] = {0, float(endOfValues(image))};
     const float* ranges[] = {range};
     cv::Mat bins;
     cv::calcHist(&image, 1, &channel, cv::noArray(), bins, 1, &mostSteps, ranges);
@@ -49,6 +49,11 @@ Counts joinPairs(const Counts& bins)
 }
 
 } // namespace
+
+double endOfValues(const cv::Mat& image)
+{
+    return image.depth() == CV_8U ? 256.0 : 65536.0;
+}
 
 std::vector<Counts> histogramSteps(const cv::Mat& image)
 {

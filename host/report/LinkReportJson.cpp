@@ -51,6 +51,7 @@ QJsonObject SLinkReport::json() const
             {"seconds", double(time.count()) / 1000.0},
             {"frames", frameCounts},
             {"frames_per_second", number(framesPerSecond())},
+            {"asked_frames_per_second", number(askedForPerSecond)},
             {"bytes_per_second", number(bytesPerSecond())},
             {"packets", packetCounts},
             {"socket", socketState},

@@ -58,8 +58,8 @@ public:
 
     /// What the connections show of that node; what its model tells by itself is left to fill in. Rates of all nodes
     /// count from the first frame of the graph, and at least over \a span, the time from the camera's first frame to
-    /// its last, so that a burst at the end is no high rate. Where
-    /// fewer than leastThinned frames came, and more elsewhere, there is no rate.
+    /// its last, so that a burst at the end is no high rate. Where fewer than leastThinned frames came, and more
+    /// elsewhere, there is no rate.
     SNodeReport report(std::size_t node, std::chrono::nanoseconds span) const;
 
     /// What each connection carried; those whose scene has changed are left out.

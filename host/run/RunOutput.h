@@ -56,9 +56,8 @@ std::shared_ptr<CTraceFile> openTrace(const QString& file, const std::vector<std
 /// Writes graph.txt and graph.dot into \a folder. Returns what is wrong; empty on success.
 QString writeGraphFiles(const Plugin::Halvex::CNodeScene& scene, const QString& folder);
 
-/// Writes the reports to \a file, whose folder is made if it has gone, or to standard output for "-", with what
-/// was set while frames streamed. \a error is what the run failed with. Returns what is wrong, in one line; empty on
-/// success.
+/// Writes the reports to \a file, whose folder is made if it has gone, or to standard output for "-", with what was set
+/// while frames streamed. \a error is what the run failed with. Returns what is wrong, in one line; empty on success.
 QString writeRunJson(const QString& file, const std::vector<SRunReport>& reports, const QJsonArray& liveSettings,
                      const QString& error);
 

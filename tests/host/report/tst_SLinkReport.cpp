@@ -20,6 +20,21 @@ private Q_SLOTS:
     void lineIsAsWideAsTheTerminal();
 };
 
+namespace {
+
+// Of a camera of that address, tested for two seconds.
+SLinkReport tested(const QString& address)
+{
+    SLinkReport report;
+    report.camera = QStringLiteral("Maker Model (%1), 640 x 480 Mono8").arg(address);
+    report.address = address;
+    report.time = std::chrono::milliseconds(2000);
+    report.span = std::chrono::milliseconds(1000);
+    return report;
+}
+
+} // namespace
+
 void tst_SLinkReport::defaults()
 {
     const SLinkReport report;
@@ -29,6 +44,10 @@ void tst_SLinkReport::defaults()
     const QJsonObject json = report.json();
     QVERIFY(json["packets"]["received"].isNull());
     QVERIFY(json["link"]["interface"].isNull());
+    QVERIFY(json["asked_frames_per_second"].isNull());
+    SLinkReport asked;
+    asked.askedForPerSecond = 12.5;
+    QCOMPARE(asked.json().value("asked_frames_per_second").toDouble(), 12.5);
 }
 
 void tst_SLinkReport::dashesStandWhereNothingWasMeasured()
@@ -44,11 +63,7 @@ void tst_SLinkReport::dashesStandWhereNothingWasMeasured()
 
 void tst_SLinkReport::text()
 {
-    SLinkReport report;
-    report.camera = QStringLiteral("Maker Model (192.168.0.5), 640 x 480 Mono8");
-    report.address = QStringLiteral("192.168.0.5");
-    report.time = std::chrono::milliseconds(2000);
-    report.span = std::chrono::milliseconds(1000);
+    SLinkReport report = tested(QStringLiteral("192.168.0.5"));
     report.frames = {12, 11, 1, 0};
     report.packetBytes = 1500;
     report.largestPacketBytes = 9000;
@@ -102,11 +117,7 @@ void tst_SLinkReport::missedFrames()
 
 void tst_SLinkReport::usbHasNoPackets()
 {
-    SLinkReport report;
-    report.camera = QStringLiteral("Maker Model (Maker-17), 640 x 480 Mono8");
-    report.address = QStringLiteral("Maker-17");
-    report.time = std::chrono::milliseconds(2000);
-    report.span = std::chrono::milliseconds(1000);
+    SLinkReport report = tested(QStringLiteral("Maker-17"));
     report.frames = {12, 11, 1, 0, 2};
     report.packets.bytes = 4000000;
     report.usb = {true, 16 << 20};
