@@ -3,8 +3,8 @@
 
     scripts/mutate.py                              a sample of 100 with a fresh seed, which is printed
     scripts/mutate.py --count 25 --seed 7          a sample that can be had again
-    scripts/mutate.py --all                        every mutant; days. What was interrupted goes on the next time
-    scripts/mutate.py service/CNodeService.cpp     the mutants of some files
+    scripts/mutate.py --all                        every mutant. What was interrupted goes on the next time
+    scripts/mutate.py service/CNodeService.cpp     the mutants of some files or folders
     scripts/mutate.py service/CNodeService.cpp:42  those of one line
     scripts/mutate.py --list                       says what would be changed
 
@@ -13,23 +13,28 @@ One that does not compile is not counted. It is killed when a test fails or cras
 repeated. One that only makes tests slow is "too slow", which is no kill. With --also asan, those that are not killed
 are judged again in a build with sanitizers; the rate is told without and with what these kill.
 
+A mutant in a source is shown to those tests alone that enter the function it stands in, as the counters of coverage
+tell: others do the same with it as without. What a program does that dies of a signal is not counted.
+
 The reason why a mutant survives stands on the line above it: "// Survives KIND: REASON". It counts as a survivor all
 the same. The exit code is 1 when less than --least percent are killed, or when a reason is wrong: there is no such
 mutant, or it was killed.
 
-Works on a clone of the committed tree below build/mutants, so that the tree itself is not touched, and builds there
-what the preset "coverage" builds. Verdicts are kept in out/mutants/. A kill is good as long as its file has the same
+Works on clones of the committed tree in build/mutants, one for each job, so that the tree itself is not touched, and
+builds there what the preset "coverage" builds. Verdicts are kept in out/mutants/. A kill is good as long as its file has the same
 text, any other verdict as long as the tests are the same too. Needs what scripts/test.sh installs, git and python3.
 """
 
 import argparse
 import collections
+import concurrent.futures
 import dataclasses
 import hashlib
 import itertools
 import json
 import os
 import pathlib
+import queue
 import random
 import re
 import resource
@@ -264,49 +269,60 @@ def tests_of(root):
     return hashlib.sha1("".join(entry for entry in entries if not entry.endswith("\thost")).encode()).hexdigest()
 
 
-class Running:
-    """A test that runs, with all that it starts."""
-
-    def __init__(self, test):
-        self.test = test
-        self.output = tempfile.TemporaryFile()
-        self.began = time.monotonic()
-        # Counters of another mutant lie about, and their reader complains.
-        self.process = subprocess.Popen(test.command, cwd=test.folder, stdin=subprocess.DEVNULL, stdout=self.output,
-                                        stderr=subprocess.STDOUT, start_new_session=True,
-                                        env={**os.environ, "GCOV_ERROR_FILE": os.devnull})
-
-    def failure(self):
-        """What has failed so far, even if the program has not ended; empty if nothing has."""
-        self.output.seek(0)
-        if failed := re.search(rb"^FAIL!  : (\w+::\w+)", self.output.read(), re.MULTILINE):
-            return failed.group(1).decode()
-        if self.process.returncode:
-            return f"{self.test.name}, exit code {self.process.returncode}"
-        return TOO_SLOW if time.monotonic() - self.began > max(5.0, 5 * self.test.seconds) else ""
-
-    def end(self):
-        if self.process.poll() is None:
-            os.killpg(self.process.pid, signal.SIGKILL)
-            self.process.wait()
-        self.output.close()
-
-
 @dataclasses.dataclass
 class Test:
     name: str
     command: list
     folder: str
     seconds: float = 60.0  # it takes; measured
+    entered: frozenset = frozenset()  # functions of the library: file and first line
+
+
+class Run:
+    """A test that runs, with all that it starts."""
+
+    def __init__(self, test):
+        self.test = test
+        self.output = tempfile.TemporaryFile()
+        self.latest = time.monotonic() + max(30.0, 10 * test.seconds)
+        busiest = int(max(5.0, 5 * test.seconds))  # by the processor's time: the machine may do other things
+        # Counters of another mutant lie about, and their reader complains.
+        self.process = subprocess.Popen(["prlimit", f"--cpu={busiest}:{busiest + 1}", *test.command], cwd=test.folder,
+                                        stdin=subprocess.DEVNULL, stdout=self.output, stderr=subprocess.STDOUT,
+                                        start_new_session=True, env={**os.environ, "GCOV_ERROR_FILE": os.devnull})
+
+    def failure(self):
+        """What has failed so far, even if the program has not ended; empty if nothing has."""
+        self.output.seek(0)
+        if failed := re.search(rb"^FAIL!  : (\w+::\w+)", self.output.read(), re.MULTILINE):
+            return failed.group(1).decode()
+        if self.process.returncode == -signal.SIGXCPU or time.monotonic() > self.latest:
+            return TOO_SLOW
+        return f"{self.test.name}, exit code {self.process.returncode}" if self.process.returncode else ""
+
+    def wait(self):
+        """The first failure, or the end."""
+        try:
+            while True:
+                has_ended = self.process.poll() is not None
+                failure = self.failure()
+                if has_ended or failure:
+                    return failure
+                time.sleep(0.01)
+        finally:
+            if self.process.poll() is None:
+                os.killpg(self.process.pid, signal.SIGKILL)
+                self.process.wait()
+            self.output.close()
 
 
 class Workplace:
     """A copy of the tree with a build of its own."""
 
-    def __init__(self, root, preset, jobs):
-        self.jobs = jobs
-        self.tree = root / "build" / "mutants"
+    def __init__(self, root, preset, number):
+        self.tree = root / "build" / "mutants" / str(number)
         self.build = self.tree / "build" / preset
+        self.functions = set()  # of the library's sources: file, first and last line
         # A clone, because git rewrites those files alone that differ: the build of the last time is still good.
         if not self.tree.exists():
             subprocess.run(["git", "clone", "--quiet", "--shared", "--no-checkout", root, self.tree], check=True)
@@ -317,84 +333,124 @@ class Workplace:
         try:
             self._make(test["name"] for test in self._known_tests())
         except subprocess.CalledProcessError as error:
-            sys.exit(error.stdout.decode())
+            raise SystemExit(error.stdout.decode()) from error
         self.tests = [Test(test["name"], test["command"], str(pathlib.Path(test["command"][0]).parent))
                       for test in self._known_tests()]
-        failed, failure, seconds = self._run(self.tests)
-        if failed:
-            sys.exit(f"The library is not changed yet, but a test fails: {failed.name}: {failure}")
-        for test in self.tests:
-            test.seconds = seconds[test.name]
 
     def _make(self, tests):
-        subprocess.run(["ninja", "-C", self.build, f"-j{self.jobs}", "Halvex", *tests], check=True, capture_output=True)
+        subprocess.run(["ninja", "-C", self.build, "-j1", "Halvex", *tests], check=True, capture_output=True)
 
     def _known_tests(self):
         """As ctest tells of them: those of what is changed here. Commands are missing as long as they are not built."""
         known = json.loads(subprocess.check_output(["ctest", "--show-only=json-v1"], cwd=self.build))["tests"]
         return [test for test in known if re.search(TESTS, test["name"]) and not re.search(LEFT_OUT, test["name"])]
 
-    def _groups_for(self, file):
+    def measure(self, test):
+        """How long a test takes, and what it enters. The library is not changed yet."""
+        counters = [path for folder in FOLDERS for path in (self.build / folder).rglob("*.gcda")]
+        for counter in counters:
+            counter.unlink()
+        began = time.monotonic()
+        if failure := Run(test).wait():
+            raise SystemExit(f"The library is not changed yet, but a test fails: {test.name}: {failure}")
+        test.seconds = time.monotonic() - began
+        functions = list(self._counted_functions())
+        self.functions |= {(file, first, last) for file, first, last, _ in functions}
+        test.entered = frozenset((file, first) for file, first, _, count in functions if count)
+
+    def _counted_functions(self):
+        """Of the library's sources: file, first and last line, and how often it was entered; none without counters."""
+        counters = [path for folder in FOLDERS for path in (self.build / folder).rglob("*.gcda")]
+        if not counters:
+            return
+        said = subprocess.check_output(["gcov", "--json-format", "--stdout", *counters], cwd=self.tree,
+                                       stderr=subprocess.DEVNULL, text=True)
+        for line in said.splitlines():
+            for file in json.loads(line)["files"]:
+                path = pathlib.Path(self.build, file["file"])
+                if path.suffix == ".cpp" and path.is_relative_to(self.tree):
+                    for each in file["functions"]:
+                        yield str(path.relative_to(self.tree)), each["start_line"], each["end_line"], \
+                            each["execution_count"]
+
+    def _groups_for(self, mutant, around):
         """The most likely to fail first: the class's own tests, those of its folder, all others; quick before slow. Of
         the others, those that take too long are left out."""
-        stem = re.sub(r"(_p|Document|Worker)?\.\w+$", "", file.split("/")[-1])
-        own = [test for test in self.tests if stem in test.name]
-        near = [test for test in self.tests if test.folder.endswith(f"/tests/{file.split('/')[0]}")]
-        wanted = own + [test for test in self.tests if test.seconds <= LONGEST and test not in own]
+        stem = re.sub(r"(_p|Document|Worker)?\.\w+$", "", mutant.file.split("/")[-1])
+        able = [test for test in self.tests if not around or around & test.entered]
+        own = [test for test in able if stem in test.name]
+        near = [test for test in able if test.folder.endswith(f"/tests/{mutant.file.split('/')[0]}")]
+        wanted = own + [test for test in able if test.seconds <= LONGEST and test not in own]
         wanted.sort(key=lambda test: (test not in own, test not in near, test.seconds))
         return [list(tests) for _, tests in itertools.groupby(wanted, lambda test: (test in own, test in near))]
 
-    def _run(self, tests):
-        """Which failed first, if any, and how; and how long each of those took that came to their end."""
-        seconds = {}
-        waiting = collections.deque(tests)
-        running = []
-        try:
-            while waiting or running:
-                while waiting and len(running) < self.jobs:
-                    running.append(Running(waiting.popleft()))
-                time.sleep(0.01)
-                for each in list(running):
-                    has_ended = each.process.poll() is not None
-                    if failure := each.failure():
-                        return each.test, failure, seconds
-                    if has_ended:
-                        seconds[each.test.name] = time.monotonic() - each.began
-                        each.end()
-                        running.remove(each)
-            return None, "", seconds
-        finally:
-            for each in running:
-                each.end()
-
-    def _verdict(self, file):
+    def _verdict(self, mutant, around):
         slow = 0
-        for tests in self._groups_for(file):
+        for tests in self._groups_for(mutant, around):
             self._make(test.name for test in tests)  # a header has them built again: one group at a time
-            while tests and slow < SLOW_TESTS:
-                failed, failure, seconds = self._run(tests)
-                if not failed:
-                    break
+            for test in tests:
+                failure = Run(test).wait()
                 if failure == TOO_SLOW:
                     slow += 1
-                elif self._run([failed])[1] not in ("", TOO_SLOW):
+                elif failure and Run(test).wait() not in ("", TOO_SLOW):
                     return f"killed by {failure}"
-                else:
+                elif failure:
                     print(f"    failed once only: {failure}")
-                tests = [test for test in tests if test.name not in seconds and test is not failed]
+                if slow == SLOW_TESTS:
+                    return TOO_SLOW
         return TOO_SLOW if slow else "survived"
 
-    def judge(self, mutant):
-        """"killed by ...", "survived", "too slow" or "does not compile"."""
+    def judge(self, mutant, around):
+        """"killed by ...", "survived", "too slow" or "does not compile"; `around` are the functions it stands in."""
         path = self.tree / mutant.file
         original = path.read_text()
         path.write_text(original[: mutant.start] + mutant.new + original[mutant.start + len(mutant.old) :])
         try:
-            return self._verdict(mutant.file)
+            return self._verdict(mutant, around)
         except subprocess.CalledProcessError:
             return "does not compile"
         finally:
             path.write_text(original)
+
+
+class Workplaces:
+    """As many as there are jobs, ready to judge."""
+
+    def __init__(self, root, preset, jobs):
+        with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
+            self.free = queue.SimpleQueue()
+            places = list(pool.map(lambda number: Workplace(root, preset, number), range(1, jobs + 1)))
+            waiting = collections.deque(test.name for test in places[0].tests)
+            measured = list(pool.map(lambda place: self._measure(place, waiting), places))
+        known = {test.name: test for tests in measured for test in tests}
+        self.functions = set().union(*(place.functions for place in places))
+        for place in places:
+            for test in place.tests:
+                test.seconds, test.entered = known[test.name].seconds, known[test.name].entered
+            self.free.put(place)
+
+    @staticmethod
+    def _measure(place, waiting):
+        """Each place takes the next test, so that each is measured in one of them."""
+        measured = []
+        by_name = {test.name: test for test in place.tests}
+        while waiting:
+            try:
+                test = by_name[waiting.popleft()]
+            except IndexError:
+                break
+            place.measure(test)
+            measured.append(test)
+        return measured
+
+    def judge(self, mutant):
+        around = {(file, first) for file, first, last in self.functions
+                  if file == mutant.file and first <= mutant.line <= last}
+        place = self.free.get()
+        try:
+            return place.judge(mutant, around)
+        finally:
+            self.free.put(place)
 
 
 def judge_all(root, preset, mutants, jobs):
@@ -406,17 +462,18 @@ def judge_all(root, preset, mutants, jobs):
     entries = [json.loads(line) for line in lines if line.endswith("}")]  # the last one may be cut
     known = {entry["mutant"]: entry["verdict"] for entry in entries
              if entry["tests"] == tests or entry["verdict"].startswith("killed")}
-    place = None
-    verdicts = {}
-    for number, mutant in enumerate(mutants, 1):
-        verdict = known.get(mutant.key())
-        if not verdict:
-            place = place or Workplace(root, preset, jobs)
-            verdict = place.judge(mutant)
-            with file.open("a") as out:
-                out.write(json.dumps({"mutant": mutant.key(), "verdict": verdict, "tests": tests}) + "\n")
-        verdicts[mutant] = verdict
-        print(f"[{number}/{len(mutants)}] {verdict}: {mutant}", flush=True)
+    verdicts = {mutant: known[mutant.key()] for mutant in mutants if mutant.key() in known}
+    unknown = [mutant for mutant in mutants if mutant not in verdicts]
+    if not unknown:
+        return verdicts
+    places = Workplaces(root, preset, jobs)
+    with concurrent.futures.ThreadPoolExecutor(jobs) as pool, file.open("a") as out:
+        judged = {pool.submit(places.judge, mutant): mutant for mutant in unknown}
+        for future in concurrent.futures.as_completed(judged):
+            mutant, verdict = judged[future], future.result()
+            verdicts[mutant] = verdict
+            print(json.dumps({"mutant": mutant.key(), "verdict": verdict, "tests": tests}), file=out, flush=True)
+            print(f"[{len(verdicts)}/{len(mutants)}] {verdict}: {mutant}", flush=True)
     return verdicts
 
 
@@ -444,13 +501,13 @@ def report(verdicts, also, reasons):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("files", nargs="*", help="files, or lines of files, instead of a sample")
+    parser.add_argument("files", nargs="*", help="files, lines of files or folders instead of a sample")
     parser.add_argument("--all", action="store_true", help="every mutant")
     parser.add_argument("--count", type=int, default=100, help="size of the sample (default: 100)")
     parser.add_argument("--seed", type=int, default=random.SystemRandom().randrange(10**6),
                         help="of the sample (default: another each time)")
     parser.add_argument("--also", metavar="PRESET", help="judge what is not killed in that build, too: asan")
-    parser.add_argument("--jobs", type=int, default=2, help="tests at the same time (default: 2)")
+    parser.add_argument("--jobs", type=int, default=2, help="mutants at the same time (default: 2)")
     parser.add_argument("--least", type=float, default=92.0, help="percent to be killed (default: 92)")
     parser.add_argument("--list", action="store_true", help="only say what would be changed")
     options = parser.parse_args()
@@ -463,7 +520,7 @@ def main():
 
     if options.files:
         mutants = [mutant for mutant in mutants
-                   if mutant.file in options.files or f"{mutant.file}:{mutant.line}" in options.files]
+                   if {mutant.file, f"{mutant.file}:{mutant.line}", mutant.file.split("/")[0]} & set(options.files)]
     elif not options.all and not options.list:
         print(f"{options.count} of {len(mutants)} mutants, --seed {options.seed}")
         chosen = random.Random(options.seed).sample(range(len(mutants)), min(options.count, len(mutants)))
