@@ -4,6 +4,7 @@
 // What is gained when the filters of two cameras are workers, and how free the graph's thread is meanwhile.
 
 #include "CEventWaits.h"
+#include "CPooledFilters.h"
 #include "CWorkerChannel.h"
 #include "ImageFilters.h"
 
@@ -201,6 +202,9 @@ void registerFilters(CRatioTable& table, bool isQuick)
     const std::string alone = addFilters<CFilterGraph<CInlineModel>>("filters/graph's thread");
     table.add({"a frame through two filters, two cameras, in workers", workers, {alone}, 1 / 1.8});
     table.add({"the same, against two bare threads", workers, {threads}, 1 / 0.95});
+    table.add({"the same, against bare work in the pool that returns to the graph's thread",
+               workers,
+               {addFilters<CPooledFilters>("filters/pool")}});
     table.add({"two bare threads, against the graph's thread", threads, {alone}});
 
     const int framesEach = isQuick ? filterFramesEach : 200;
