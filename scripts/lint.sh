@@ -15,6 +15,16 @@ step "clang-format"
 find "${folders[@]}" \( -name '*.h' -o -name '*.cpp' \) -print0 | xargs -0 clang-format --dry-run -Werror
 [ "${1-}" != --format ] || exit 0
 
+base=
+if [ "${1-}" = --changed ]; then
+    base=${2-$(git describe --tags --abbrev=0 2>/dev/null || scripts/figures.py commit lint)}
+    git rev-parse --quiet --verify "$base^{commit}" >/dev/null || base= # the clone may not reach back so far
+fi
+if [ -n "$base" ] && git diff --quiet "$base" -- '*.h' '*.cpp'; then
+    step "no source differs from $base"
+    exit 0
+fi
+
 need_packages "${library_packages[@]}" "${host_packages[@]}" "${test_packages[@]}" "${bench_packages[@]}" \
     "${bench_peers_packages[@]}"
 step "commands and moc files for the linters"
@@ -23,11 +33,6 @@ cmake --preset dev -DHALVEX_BUILD_BENCHMARKS=ON -DHALVEX_BENCH_PEERS=ON -DCMAKE_
 mapfile -t moc_targets < <(ninja -C build/dev -t targets all | sed -n 's/^\([^/]*_autogen\): phony$/\1/p')
 cmake --build --preset dev --target "${moc_targets[@]}"
 
-base=
-if [ "${1-}" = --changed ]; then
-    base=${2-$(git describe --tags --abbrev=0 2>/dev/null || scripts/figures.py commit lint)}
-    git rev-parse --quiet --verify "$base^{commit}" >/dev/null || base= # the clone may not reach back so far
-fi
 mapfile -t sources < <(scripts/lint_sources.py build/dev/compile_commands.json build/lint $base)
 [ ${#sources[@]} -gt 0 ] || exit 0
 
