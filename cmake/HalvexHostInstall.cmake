@@ -6,7 +6,6 @@ set(HALVEX_HOST_PLUGIN_DIR "${CMAKE_INSTALL_LIBDIR}/halvex/plugins")
 set_source_files_properties(plugins/CPluginHost.cpp PROPERTIES
   COMPILE_DEFINITIONS "HALVEX_INSTALLED_PLUGINS=\"${HALVEX_LIB_FROM_BIN}/halvex/plugins\"")
 set_target_properties(halvex-host PROPERTIES INSTALL_RPATH "$ORIGIN/${HALVEX_LIB_FROM_BIN}")
-set_target_properties(HalvexHostModels PROPERTIES INSTALL_RPATH "$ORIGIN/../..")
 
 # All that --help tells, as a manual page.
 set(man_page "${CMAKE_CURRENT_BINARY_DIR}/halvex-host.1")
@@ -22,7 +21,6 @@ file(MAKE_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/installed")
 file(CREATE_LINK "../../libHalvex.so.${PROJECT_VERSION_MAJOR}" "${library_link}" SYMBOLIC)
 
 install(TARGETS halvex-host RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT host)
-install(TARGETS HalvexHostModels LIBRARY DESTINATION "${HALVEX_HOST_PLUGIN_DIR}" COMPONENT host)
 install(FILES "${library_link}" DESTINATION "${HALVEX_HOST_PLUGIN_DIR}" COMPONENT host)
 install(FILES schemas/chain.schema.json schemas/scene.schema.json
   DESTINATION "${CMAKE_INSTALL_DATADIR}/halvex/schemas" COMPONENT host)

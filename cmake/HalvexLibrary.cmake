@@ -100,19 +100,25 @@ endforeach()
 configure_file(cmake/Halvex.h.in "${HALVEX_GENERATED_DIR}/Halvex/Halvex.h" @ONLY)
 generate_export_header(Halvex EXPORT_FILE_NAME "${HALVEX_GENERATED_DIR}/Halvex/HalvexExport.h")
 
-# The platform comes first, so that a build folder that has held our stand-in may change to another.
-target_include_directories(Halvex
-  PUBLIC
-    "$<BUILD_INTERFACE:$<TARGET_PROPERTY:HalvexPlatform,INTERFACE_INCLUDE_DIRECTORIES>>"
-    "$<BUILD_INTERFACE:${HALVEX_GENERATED_DIR}>"
-    "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>"
-  PRIVATE "${PROJECT_SOURCE_DIR}") # "graph/name_p.h": private headers
-target_compile_features(Halvex PUBLIC cxx_std_17)
-target_link_libraries(Halvex PUBLIC Qt5::Core HalvexPlatform)
+# What hosts use that load the plugin and do not link it: all but the library itself. The platform comes first, so that a
+# build folder that has held our stand-in may change to another.
+add_library(HalvexInterface INTERFACE)
+add_library(Halvex::Interface ALIAS HalvexInterface)
+set_target_properties(HalvexInterface PROPERTIES EXPORT_NAME Interface)
+target_include_directories(HalvexInterface INTERFACE
+  "$<BUILD_INTERFACE:$<TARGET_PROPERTY:HalvexPlatform,INTERFACE_INCLUDE_DIRECTORIES>>"
+  "$<BUILD_INTERFACE:${HALVEX_GENERATED_DIR}>"
+  "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>")
+target_compile_features(HalvexInterface INTERFACE cxx_std_17)
+target_link_libraries(HalvexInterface INTERFACE Qt5::Core HalvexPlatform)
+
+target_include_directories(Halvex PRIVATE "${PROJECT_SOURCE_DIR}") # "graph/name_p.h": private headers
+target_link_libraries(Halvex PUBLIC HalvexInterface)
 include(HalvexPlugin)
+include(HalvexAddPlugin)
 
 set(HALVEX_CMAKE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/Halvex")
-install(TARGETS Halvex EXPORT HalvexTargets
+install(TARGETS Halvex HalvexInterface EXPORT HalvexTargets
   LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
   RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
 foreach(header IN LISTS HALVEX_PUBLIC_HEADERS)
@@ -126,4 +132,5 @@ configure_package_config_file(cmake/HalvexConfig.cmake.in "${PROJECT_BINARY_DIR}
   INSTALL_DESTINATION "${HALVEX_CMAKE_DIR}")
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/HalvexConfigVersion.cmake" COMPATIBILITY SameMajorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/HalvexConfig.cmake" "${PROJECT_BINARY_DIR}/HalvexConfigVersion.cmake"
+  cmake/HalvexAddPlugin.cmake
   DESTINATION "${HALVEX_CMAKE_DIR}")

@@ -44,9 +44,9 @@ endfunction()
 halvex_write_metadata()
 
 # Everybody who has to do with the same host needs the identifier: the host itself, and other plugins for it.
-target_compile_definitions(Halvex
-  PUBLIC "HALVEX_PLUGIN_IID=\"${HALVEX_PLUGIN_IID}\""
-  PRIVATE QT_NO_VERSION_TAGGING) # or the file would ask for the very Qt it was built with
+target_compile_definitions(HalvexInterface INTERFACE "HALVEX_PLUGIN_IID=\"${HALVEX_PLUGIN_IID}\"")
+target_compile_definitions(Halvex PRIVATE
+  QT_NO_VERSION_TAGGING) # or the file would ask for the very Qt it was built with
 
 halvex_add_translations(Halvex
   service/translations/Halvex_en.ts
