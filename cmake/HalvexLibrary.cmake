@@ -68,6 +68,7 @@ target_sources(Halvex PRIVATE
   graph/CStackGauge_p.h
   graph/PortSides_p.h
   graph/support/JsonObject_p.h
+  graph/support/Reports.cpp
   graph/support/Reports_p.h
   models/ANodeDataModel.cpp
   models/ASinkNodeDataModel.cpp
@@ -98,7 +99,18 @@ foreach(header IN LISTS HALVEX_PLATFORM_HEADERS HALVEX_PUBLIC_HEADERS)
   string(APPEND HALVEX_INCLUDES "#include <Halvex/${header}>\n")
 endforeach()
 configure_file(cmake/Halvex.h.in "${HALVEX_GENERATED_DIR}/Halvex/Halvex.h" @ONLY)
-generate_export_header(Halvex EXPORT_FILE_NAME "${HALVEX_GENERATED_DIR}/Halvex/HalvexExport.h")
+# The checked containers of g++'s library have other sizes: whoever is compiled with them would read garbage of ours.
+string(REGEX MATCH "-D *_GLIBCXX_DEBUG($|[ =])" is_checked "${CMAKE_CXX_FLAGS} ${CMAKE_CXX_FLAGS_${CMAKE_BUILD_TYPE}}")
+if(NOT is_checked)
+  set(check_of_containers "
+#ifdef _GLIBCXX_DEBUG
+#error \"Halvex was built without _GLIBCXX_DEBUG: build it with that too, or what uses it without\"
+#endif
+")
+endif()
+generate_export_header(Halvex
+  EXPORT_FILE_NAME "${HALVEX_GENERATED_DIR}/Halvex/HalvexExport.h"
+  CUSTOM_CONTENT_FROM_VARIABLE check_of_containers)
 
 # What hosts use that load the plugin and do not link it: all but the library itself. The platform comes first, so that a
 # build folder that has held our stand-in may change to another.

@@ -6,6 +6,7 @@
 #include "graph/CNodeVisit_p.h"
 #include "graph/CStackGauge_p.h"
 #include "graph/support/JsonObject_p.h"
+#include "graph/support/Reports_p.h"
 
 #include <Halvex/graph/DocumentKeys.h>
 
@@ -36,6 +37,9 @@ CNodeBase::CNodeBase(std::unique_ptr<CNodeDataModel>&& model)
     // Without the name, Qt could not queue a model's signal that comes from another thread.
     [[maybe_unused]] static const int nameOfPortIndex = qRegisterMetaType<NodePortIndex>("NodePortIndex");
 
+    if (Q_UNLIKELY(m_model->parent()))
+        warnOnce("The model \"%\" has a QObject parent, which destroys it although the node owns it: give it none.",
+                 {m_model->name()});
     CStackGauge::ofThisThread().measureOnce(); // measures this thread's stack, which allocates, before any walk does
     connect(m_model.get(), &CNodeDataModel::dataUpdated, this, &CNodeBase::onDataUpdated);
 }

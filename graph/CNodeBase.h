@@ -125,6 +125,7 @@ private:
     HALVEX_NO_EXPORT void updateAlone(NodePortIndex index);
     HALVEX_NO_EXPORT inline void deliverToPort(NodePortIndex outIndex, CNodeDataPtr&& data, const CNodeVisit& visit);
     [[gnu::cold]] HALVEX_NO_EXPORT void dropData(CStackGauge& gauge, const char* reason) const;
+    [[gnu::cold]] HALVEX_NO_EXPORT void warnOfMissingPort(NodePortIndex outIndex) const;
 
     void clearEnds();
     // Takes a node out of the graph: every end that leads to it is cleared, and it is destroyed, at once or when the

@@ -54,8 +54,10 @@ Q_ALWAYS_INLINE void CNodeConnection::deliver(DataPtr&& data, CStackGauge& gauge
 
 Q_ALWAYS_INLINE void CNodeBase::deliverToPort(NodePortIndex outIndex, CNodeDataPtr&& data, const CNodeVisit& visit)
 {
-    if (Q_UNLIKELY(uint(outIndex) >= m_state.m_readyRows) && !m_state.prepareRow(outIndex))
+    if (Q_UNLIKELY(uint(outIndex) >= m_state.m_readyRows) && !m_state.prepareRow(outIndex)) {
+        warnOfMissingPort(outIndex);
         return;
+    }
 
     // Those that the row has now: one that is added comes behind, one that is taken out keeps its place for us.
     const quint64 start = m_state.m_lastChange;
@@ -136,6 +138,13 @@ void CNodeBase::dropData(CStackGauge& gauge, const char* reason) const
     gauge.countDrop();
     if (!std::exchange(m_hasWarned, true))
         qCWarning(lcGraph, "Data is dropped at the model \"%s\": %s.", qUtf8Printable(m_model->name()), reason);
+}
+
+void CNodeBase::warnOfMissingPort(NodePortIndex outIndex) const
+{
+    warnOnce("The model \"%\" of node % gives data for output port %, which it does not have: its nPorts() said so "
+             "when the node was made.",
+             {m_model->name(), m_id.toString(), QString::number(outIndex)});
 }
 
 void CNodeConnection::propagateData(CNodeDataPtr data) const

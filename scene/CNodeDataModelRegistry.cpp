@@ -3,6 +3,8 @@
 
 #include <Halvex/scene/CNodeDataModelRegistry.h>
 
+#include "graph/support/Reports_p.h"
+
 namespace Plugin::Halvex {
 
 CNodeDataModelRegistry::CNodeDataModelRegistry()
@@ -71,8 +73,11 @@ void CNodeDataModelRegistry::add(ModelCreator creator, const QString& category)
     const QString name = prototype->name();
     prototype.reset();
 
-    if (m_creators->count(name) != 0)
+    if (m_creators->count(name) != 0) {
+        warnOnce("A model named \"%\" is registered already, in \"%\"; the other one, in \"%\", is left out.",
+                 {name, m_categoryOfModel[name], category});
         return;
+    }
     // The creator last: a registration that failed on the way can be done again.
     m_categories.insert(category);
     m_categoryOfModel[name] = category;

@@ -14,6 +14,33 @@
 #include <utility>
 
 namespace Plugin::Halvex {
+namespace {
+
+/// Warns if \a connection, which has no converter, leads to a port of another type.
+void warnIfTypesDiffer(const CNodeConnection& connection)
+{
+    const CNodeBase* const in = connection.getNode(ENodePortType::In);
+    const CNodeBase* const out = connection.getNode(ENodePortType::Out);
+    if (!in || !out || !in->nodeDataModel() || !out->nodeDataModel())
+        return;
+    // The models that are asked are foreign code, which may remove the nodes.
+    const CNodeVisit visitIn(*in);
+    const CNodeVisit visitOut(*out);
+    SNodeDataType given;
+    SNodeDataType taken;
+    const bool areKnown = swallowExceptions(lcGraph, "Asking for the types of a connection", [&] {
+        given = connection.dataType(ENodePortType::Out);
+        taken = connection.dataType(ENodePortType::In);
+    });
+    if (!areKnown || visitIn.isOver() || visitOut.isOver() || given.id == taken.id)
+        return;
+    warnOnce(
+        "Output port % of node % gives \"%\", input port % of node % takes \"%\", and no converter is between them.",
+        {QString::number(connection.getPortIndex(ENodePortType::Out)), out->id().toString(), given.id,
+         QString::number(connection.getPortIndex(ENodePortType::In)), in->id().toString(), taken.id});
+}
+
+} // namespace
 
 CNodeScene::CNodeScene(Core::AppCoreComponents::BaseInfoPtr info, QObject* parent)
     : CNodeScene(nullptr, std::move(info), parent)
@@ -101,7 +128,10 @@ std::shared_ptr<CNodeConnection> CNodeScene::createConnection(CNodeBase& nodeIn,
     nodeOut.onDataUpdated(portIndexOut);
     if (!self || !isWhole(*connection))
         return nullptr;
-    return addConnection(std::move(connection));
+    addConnection(connection);
+    if (!connection->m_converter)
+        warnIfTypesDiffer(*connection);
+    return connection;
 }
 
 std::shared_ptr<CNodeConnection> CNodeScene::createConnection(ENodePortType portType, CNodeBase& node, int portIndex)

@@ -31,6 +31,49 @@ bool isUnique(const QJsonObject& modelJson)
     return modelJson.value(DocumentKeys::isUnique).toBool();
 }
 
+/// The object in \a data; empty, after a warning, if there is none.
+QJsonObject readDocument(const QByteArray& data)
+{
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(data, &error);
+    if (error.error != QJsonParseError::NoError)
+        warnOnce("A scene document is no JSON, nothing is loaded: %, at byte %.",
+                 {error.errorString(), QString::number(error.offset)});
+    else if (!document.isObject())
+        warnOnce("A scene document is no JSON object, nothing is loaded.");
+    return document.object();
+}
+
+/// The array under \a key of \a root; empty, after a warning, if something else is there.
+QJsonArray readArray(const QJsonObject& root, QLatin1String key)
+{
+    const QJsonValue value = root.value(key);
+    if (!value.isArray() && !value.isUndefined())
+        warnOnce("\"%\" of a scene document is no array and is left out.", {key});
+    return value.toArray();
+}
+
+/// Warns that a connection is left out. An import has told already of a label that nothing has, which has the null id.
+void warnOfMissingNode(const QJsonValue& id)
+{
+    const QString text = id.toString();
+    if (text != Core::CId().toString())
+        warnOnce("A connection of a document is left out: the scene has no node \"%\".", {text});
+}
+
+/// Warns of models in \a nodes that \a registry could not make again.
+void warnOfUnknownModels(const QJsonArray& nodes, const CNodeDataModelRegistry& registry)
+{
+    for (const QJsonValue& node : nodes) {
+        const QJsonObject model = node[DocumentKeys::model].toObject();
+        const QString name = model.value(DocumentKeys::name).toString();
+        if (!isUnique(model) && registry.registeredModelCreators().count(name) == 0)
+            warnOnce("The model \"%\" of node % is saved, but not registered under that name: the document cannot be "
+                     "loaded.",
+                     {name, node[DocumentKeys::id].toString()});
+    }
+}
+
 } // namespace
 
 QByteArray CNodeScene::saveToMemory() const
@@ -46,6 +89,9 @@ QByteArray CNodeScene::saveToMemory() const
             present.push_back(entry.second);
     }
 
+    if (self && m_registry)
+        warnOfUnknownModels(nodes, *std::shared_ptr<const CNodeDataModelRegistry>(m_registry));
+
     QJsonArray connections;
     for (const auto& connection : present) {
         if (!self || m_connections.count(connection->id()) == 0)
@@ -60,14 +106,20 @@ QByteArray CNodeScene::saveToMemory() const
 void CNodeScene::loadFromMemory(const QByteArray& data)
 {
     HALVEX_WARN_IF_IN_OTHER_THREAD();
-    load(QJsonDocument::fromJson(data).object());
+    const QPointer<const CNodeScene> self(this);
+    const QJsonObject document = readDocument(data);
+    if (self)
+        load(document);
 }
 
 void CNodeScene::load(const QJsonObject& root)
 {
     const QPointer<CNodeScene> self(this);
 
-    const QJsonArray nodes = root.value(DocumentKeys::nodes).toArray();
+    const QJsonArray nodes = readArray(root, DocumentKeys::nodes);
+    const QJsonArray connections = readArray(root, DocumentKeys::connections);
+    if (!self)
+        return;
     for (const QJsonValue& json : nodes) {
         const QJsonObject nodeJson = json.toObject();
         const QJsonObject modelJson = nodeJson.value(DocumentKeys::model).toObject();
@@ -78,7 +130,6 @@ void CNodeScene::load(const QJsonObject& root)
             return;
     }
 
-    const QJsonArray connections = root.value(DocumentKeys::connections).toArray();
     for (const QJsonValue& json : connections) {
         restoreConnection(json.toObject());
         if (!self)
@@ -104,10 +155,19 @@ std::shared_ptr<CNodeConnection> CNodeScene::restoreConnection(const QJsonObject
         return nullptr;
     CNodeBase* const in = findNode(connectionJson.value(DocumentKeys::inId));
     CNodeBase* const out = findNode(connectionJson.value(DocumentKeys::outId));
-    if (!in || !out)
+    if (!in || !out) {
+        warnOfMissingNode(connectionJson.value(in ? DocumentKeys::outId : DocumentKeys::inId));
         return nullptr;
-    return createConnection(*in, connectionJson.value(DocumentKeys::inIndex).toInt(), *out,
-                            connectionJson.value(DocumentKeys::outIndex).toInt(), converter);
+    }
+    const int inIndex = connectionJson.value(DocumentKeys::inIndex).toInt();
+    const int outIndex = connectionJson.value(DocumentKeys::outIndex).toInt();
+    if (!in->m_state.hasPort(ENodePortType::In, inIndex) || !out->m_state.hasPort(ENodePortType::Out, outIndex)) {
+        warnOnce("A connection of a document is left out: it leads from output port % of node % to input port % of "
+                 "node %, and one of them is not there.",
+                 {QString::number(outIndex), out->id().toString(), QString::number(inIndex), in->id().toString()});
+        return nullptr;
+    }
+    return createConnection(*in, inIndex, *out, outIndex, converter);
 }
 
 CNodeBase& CNodeScene::makeNode(const QJsonObject& nodeJson, const QJsonObject& modelJson)

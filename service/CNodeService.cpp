@@ -25,6 +25,14 @@ std::optional<bool> askIfUnique(ANodeDataModel& model)
     return answer;
 }
 
+/// For a message; empty if the model throws when it is asked.
+QString nameOf(CNodeDataModel& model)
+{
+    QString name;
+    swallowExceptions(lcService, "Adding a node", [&] { name = model.name(); });
+    return name;
+}
+
 /// Compares nodes, not only ids: two scenes can hold nodes of one id, from the same document.
 bool holds(const CNodeScene& scene, const CNodeBase& node)
 {
@@ -75,9 +83,10 @@ Core::CId CNodeService::addNode(std::unique_ptr<ANodeDataModel> model, Core::App
     if (!self || !isUnique)
         return Core::CId();
     if (!*isUnique)
-        return placeInto(m_activeScene, std::move(model));
+        return placeNotUnique(std::move(model));
     if (model->getType() != ENodeDataModelType::Source) {
         activateScene(nullptr);
+        warnOnce("addNode(): \"%\" is unique, but no source: it gets no scene, and is destroyed.", {nameOf(*model)});
         return Core::CId();
     }
 
@@ -258,6 +267,22 @@ Core::CId CNodeService::idOfKnownModel(ANodeDataModel& model)
     if (isUnique)
         activateScene(scene);
     return id;
+}
+
+Core::CId CNodeService::placeNotUnique(std::unique_ptr<ANodeDataModel> model)
+{
+    const QPointer<CNodeService> self(this);
+    const QString name = nameOf(*model);
+    if (!self)
+        return Core::CId();
+    if (!m_activeScene)
+        warnOnce("addNode(): there is no active scene for \"%\", which is destroyed. A unique source, added before, "
+                 "makes one.",
+                 {name});
+    else if (registry()->registeredModelCreators().count(name) == 0)
+        warnOnce("addNode(): no model named \"%\" is registered, so that its scene's document cannot be loaded.",
+                 {name});
+    return self ? placeInto(m_activeScene, std::move(model)) : Core::CId();
 }
 
 Core::CId CNodeService::placeInto(QPointer<CNodeScene> scene, std::unique_ptr<ANodeDataModel> model)

@@ -90,6 +90,7 @@ private:
     };
 
     Core::CId idOfKnownModel(ANodeDataModel& model);
+    Core::CId placeNotUnique(std::unique_ptr<ANodeDataModel> model);
     Core::CId placeInto(QPointer<CNodeScene> scene, std::unique_ptr<ANodeDataModel> model);
     void removeNode(CNodeBase& node, bool removeLoneNodeScene);
     void removeSceneOfLoneSink(CNodeScene& scene);

@@ -5,6 +5,7 @@
 
 #include "graph/CNodeVisit_p.h"
 #include "graph/support/JsonObject_p.h"
+#include "graph/support/Reports_p.h"
 
 #include <Halvex/graph/DocumentKeys.h>
 #include <Halvex/models/ANodeDataModel.h>
@@ -41,6 +42,19 @@ QJsonObject referenceTo(const CNodeBase& node)
     return nodeJson(node.id().toString(), jsonObject({{DocumentKeys::name, name}, {DocumentKeys::isUnique, isUnique}}));
 }
 
+/// The array that \a text is; empty, after a warning, if it is none.
+QJsonArray readArray(const QString& text)
+{
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8(), &error);
+    if (error.error != QJsonParseError::NoError)
+        warnOnce("An import is no JSON, nothing is added: %, at byte %.",
+                 {error.errorString(), QString::number(error.offset)});
+    else if (!document.isArray())
+        warnOnce("An import is no JSON array, nothing is added.");
+    return document.array();
+}
+
 /// Calls \a visitor with the position and the text of each string in the arrays of "unique_sources".
 template <typename Visitor>
 void forEachSource(const QJsonObject& element, const Visitor& visitor)
@@ -68,11 +82,13 @@ CSceneImport::CSceneImport(CNodeScene& scene)
 
 void CSceneImport::addDocument(const QString& text)
 {
-    const QJsonArray array = QJsonDocument::fromJson(text.toUtf8()).array();
+    const QJsonArray array = readArray(text);
     QJsonArray elements;
-    for (const QJsonValue& element : array) {
-        if (element.isObject())
-            elements.append(element);
+    for (int index = 0; index < array.size(); ++index) {
+        if (array.at(index).isObject())
+            elements.append(array.at(index));
+        else
+            warnOnce("Element % of an import is no object and is left out.", {QString::number(index)});
     }
 
     for (const QJsonValue& element : qAsConst(elements))
@@ -148,6 +164,10 @@ QString CSceneImport::idOf(const QString& label)
     if (known != m_ids.constEnd())
         return *known;
     const QPointer<CNodeBase> node = m_sources.value(label).node;
+    if (!node)
+        warnOnce("A connection of an import is left out: nothing is labelled \"%\", and no source of the scene has "
+                 "that unique name.",
+                 {label});
     return *m_ids.insert(label, (node ? node->id() : Core::CId()).toString());
 }
 

@@ -122,7 +122,8 @@ void tst_CNodeBaseWalk::missingPortIsAskedAndReported()
             QCOMPARE(asked, Numbers({index}));
             QVERIFY(fan.sinks[0]->model->received.empty());
             const QString report = "Plugin::Halvex::CNodeState::connections : Could not find port  %1  of type  2";
-            QCOMPARE(messages.texts(), hasData ? QStringList(report.arg(index)) : QStringList());
+            QCOMPARE(messages.texts("default"), hasData ? QStringList(report.arg(index)) : QStringList());
+            QCOMPARE(messages.texts("halvex.usage").size(), hasData ? 1 : 0);
         }
     }
 }

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "graph/support/Reports_p.h"
+
+#include <QMutex>
+#include <QMutexLocker>
+#include <QSet>
+
+namespace Plugin::Halvex {
+namespace {
+
+/// "halvex.usage": what looks like a mistake of whoever uses the library.
+Q_LOGGING_CATEGORY(lcUsage, "halvex.usage")
+
+bool isFirstTime(const QString& text)
+{
+    constexpr int most = 1000;
+    static QMutex mutex;
+    static QSet<QString> told;
+    const QMutexLocker lock(&mutex);
+    if (told.size() == most || told.contains(text))
+        return false;
+    told.insert(text);
+    return true;
+}
+
+} // namespace
+
+void warnOnce(const char* text, std::initializer_list<QString> insertions)
+{
+    if (!lcUsage().isWarningEnabled())
+        return;
+    QString said;
+    const QString* next = insertions.begin();
+    const QString all = QString::fromUtf8(text);
+    for (const QChar sign : all) {
+        if (sign != QLatin1Char('%')) {
+            said += sign;
+            continue;
+        }
+        Q_ASSERT(next != insertions.end());
+        said += *next++;
+    }
+    if (isFirstTime(said))
+        qCWarning(lcUsage, "%s", qUtf8Printable(said));
+}
+
+} // namespace Plugin::Halvex

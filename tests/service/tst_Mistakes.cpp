@@ -1,0 +1,346 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+// What the library says of the usual mistakes of those who use it: each in words, once, in a category that can be
+// switched off.
+
+#include "support/CMessageCatcher.h"
+#include "support/CTestModel.h"
+#include "support/CTestScene.h"
+
+#include <Halvex/models/ASourceNodeDataModel.h>
+#include <Halvex/service/CNodeService.h>
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QLoggingCategory>
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+using Registry = std::shared_ptr<CNodeDataModelRegistry>;
+
+/// Makes test models of that name.
+ModelCreator creatorOf(const QString& name)
+{
+    return [name] { return std::make_unique<CNamedTestModel>(1, 1, name); };
+}
+
+Registry registryWith(const QString& name)
+{
+    const auto registry = std::make_shared<CNodeDataModelRegistry>();
+    registry->registerModel<CNamedTestModel>(creatorOf(name), QStringLiteral("Tests"));
+    return registry;
+}
+
+QByteArray textOf(const QJsonObject& document)
+{
+    return QJsonDocument(document).toJson(QJsonDocument::Compact);
+}
+
+QString idText(const CNodeBase& node)
+{
+    return node.id().toString();
+}
+
+/// A service with an active scene.
+class CServiceWithSource
+{
+public:
+    CServiceWithSource()
+    {
+        auto source = std::make_unique<CNamedTestModelOf<ASourceNodeDataModel>>(0, 1, QStringLiteral("Camera"),
+                                                                                QStringLiteral("cam"));
+        source->unique = true;
+        service.addNode(std::move(source), {});
+    }
+
+    CNodeService service{nullptr};
+};
+
+} // namespace
+
+class tst_Mistakes : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void nothingIsSaidOfWhatIsRight();
+    void dataForAPortThatIsNotThere();
+    void modelWithAParent();
+    void nameThatIsRegisteredTwice();
+    void typesThatDiffer();
+    void askingForTypesMayEndTheScene();
+    void unknownModelIsSaved();
+    void sceneDocument_data();
+    void sceneDocument();
+    void connectionsThatAreLeftOut();
+    void import_data();
+    void import();
+    void addNodeWithoutAScene();
+    void addNodeOfAnUnknownModel();
+    void addNodeThatGetsNoScene();
+    void eachIsSaidOnce();
+    void categoriesCanBeSwitchedOff();
+    void onlySoManyAreSaid();
+};
+
+void tst_Mistakes::nothingIsSaidOfWhatIsRight()
+{
+    const CMessageCatcher messages;
+    CServiceWithSource host;
+    host.service.registry()->registerModel<CNamedTestModel>(creatorOf(QStringLiteral("Filter")),
+                                                            QStringLiteral("Tests"));
+    const char* const chain =
+        R"([{"name": "a", "model": {"name": "Filter"}, "unique_sources": [["cam"]], "connection": [["b"]]},
+            {"name": "b", "model": {"name": "Filter"}}])";
+    QVERIFY(host.service.importDocument(QString::fromLatin1(chain)));
+    const QByteArray document = host.service.getActiveScene()->saveToMemory();
+    host.service.getActiveScene()->loadFromMemory(document);
+    QCOMPARE(messages.texts(), QStringList());
+}
+
+void tst_Mistakes::dataForAPortThatIsNotThere()
+{
+    const CMessageCatcher messages;
+    CTestScene scene(nullptr, nullptr);
+    auto owned = std::make_unique<CTestModel>(1, 1, QStringLiteral("Splitter"));
+    CTestModel& model = *owned;
+    const CNodeBase& node = scene.createNode(std::move(owned));
+    model.offer(CTestData::make(1), 1);
+    model.offer(CTestData::make(2), 1);
+    QCOMPARE(
+        messages.texts("halvex.usage"),
+        QStringList{QStringLiteral("The model \"Splitter\" of node %1 gives data for output port 1, which it does not "
+                                   "have: its nPorts() said so when the node was made.")
+                        .arg(idText(node))});
+}
+
+void tst_Mistakes::modelWithAParent()
+{
+    const CMessageCatcher messages;
+    QObject parent;
+    auto owned = std::make_unique<CTestModel>(1, 1, QStringLiteral("Child"));
+    CTestModel* const model = owned.get();
+    model->setParent(&parent);
+    CTestScene scene(nullptr, nullptr);
+    scene.createNode(std::move(owned));
+    model->setParent(nullptr);
+    QCOMPARE(
+        messages.texts("halvex.usage"),
+        QStringList{QStringLiteral("The model \"Child\" has a QObject parent, which destroys it although the node owns "
+                                   "it: give it none.")});
+}
+
+void tst_Mistakes::nameThatIsRegisteredTwice()
+{
+    const Registry registry = registryWith(QStringLiteral("Blur"));
+    const CMessageCatcher messages;
+    registry->registerModel<CNamedTestModel>(creatorOf(QStringLiteral("Blur")), QStringLiteral("Others"));
+    QCOMPARE(messages.texts("halvex.usage"),
+             QStringList{QStringLiteral("A model named \"Blur\" is registered already, in \"Tests\"; the other one, in "
+                                        "\"Others\", is left out.")});
+}
+
+void tst_Mistakes::typesThatDiffer()
+{
+    const CMessageCatcher messages;
+    CTestScene scene(nullptr, nullptr);
+    CNodeBase& out = scene.createNode(std::make_unique<CTestModel>());
+    auto taker = std::make_unique<CTestModel>();
+    taker->onDataType = [](ENodePortType, NodePortIndex) { return SNodeDataType{"Image", "I"}; };
+    CNodeBase& in = scene.createNode(std::move(taker));
+    QVERIFY(scene.createConnection(in, 0, out, 0, [](const CNodeDataPtr& data) { return data; }));
+    QCOMPARE(messages.texts(), QStringList());
+    QVERIFY(scene.createConnection(in, 0, out, 0, {}));
+    QCOMPARE(messages.texts("halvex.usage"),
+             QStringList{QStringLiteral("Output port 0 of node %1 gives \"Test data\", input port 0 of node %2 takes "
+                                        "\"Image\", and no converter is between them.")
+                             .arg(idText(out), idText(in))});
+}
+
+void tst_Mistakes::askingForTypesMayEndTheScene()
+{
+    const CMessageCatcher messages;
+    auto scene = std::make_unique<CTestScene>(nullptr, nullptr);
+    CNodeBase& out = scene->createNode(std::make_unique<CTestModel>());
+    auto taker = std::make_unique<CTestModel>();
+    CTestModel& model = *taker;
+    CNodeBase& in = scene->createNode(std::move(taker));
+    model.onDataType = [&scene](ENodePortType, NodePortIndex) {
+        CTestScene::endInside(scene);
+        return SNodeDataType{"Image", "I"};
+    };
+    QVERIFY(scene->createConnection(in, 0, out, 0, {})); // it is shared, and leads nowhere
+    QVERIFY(!scene);
+    QCOMPARE(messages.texts(), QStringList());
+    QCOMPARE(CTestModels::alive(), 0);
+}
+
+void tst_Mistakes::unknownModelIsSaved()
+{
+    CTestScene scene(registryWith(QStringLiteral("Known")), nullptr, nullptr);
+    scene.createNode(std::make_unique<CNamedTestModel>(1, 1, QStringLiteral("Known")));
+    const CNodeBase& node = scene.createNode(std::make_unique<CTestModel>(1, 1, QStringLiteral("Stranger")));
+    auto unique = std::make_unique<CNamedTestModel>(1, 1, QStringLiteral("Camera"), QStringLiteral("cam"));
+    unique->unique = true; // it is looked for, not made
+    scene.createNode(std::move(unique));
+
+    const CMessageCatcher messages;
+    scene.saveToMemory();
+    QCOMPARE(messages.texts("halvex.usage"),
+             QStringList{
+                 QStringLiteral("The model \"Stranger\" of node %1 is saved, but not registered under that name: the "
+                                "document cannot be loaded.")
+                     .arg(idText(node))});
+}
+
+void tst_Mistakes::sceneDocument_data()
+{
+    QTest::addColumn<QByteArray>("document");
+    QTest::addColumn<QString>("message");
+
+    QTest::newRow("no JSON") << QByteArray("{\"nodes\": [")
+                             << "A scene document is no JSON, nothing is loaded: "
+                                "unterminated array, at byte 11.";
+    QTest::newRow("an array") << QByteArray("[]") << "A scene document is no JSON object, nothing is loaded.";
+    QTest::newRow("nodes") << QByteArray("{\"nodes\": {}}")
+                           << "\"nodes\" of a scene document is no array and is left out.";
+    QTest::newRow("connections") << QByteArray("{\"connections\": 7}")
+                                 << "\"connections\" of a scene document is no array and is left out.";
+}
+
+void tst_Mistakes::sceneDocument()
+{
+    QFETCH(const QByteArray, document);
+    QFETCH(const QString, message);
+    const CMessageCatcher messages;
+    CTestScene scene(registryWith(QStringLiteral("Known")), nullptr, nullptr);
+    scene.loadFromMemory(document);
+    QCOMPARE(messages.texts("halvex.usage"), QStringList{message});
+}
+
+void tst_Mistakes::connectionsThatAreLeftOut()
+{
+    const CMessageCatcher messages;
+    CTestScene scene(registryWith(QStringLiteral("Known")), nullptr, nullptr);
+    const CNodeBase& node = scene.createNode(std::make_unique<CNamedTestModel>(1, 1, QStringLiteral("Known")));
+    const QString id = idText(node);
+    const QJsonObject toNobody{{"in_id", "nobody"}, {"in_index", 0}, {"out_id", id}, {"out_index", 0}};
+    const QJsonObject toNoPort{{"in_id", id}, {"in_index", 7}, {"out_id", id}, {"out_index", 0}};
+    scene.loadFromMemory(textOf({{"connections", QJsonArray{toNobody, toNoPort}}}));
+    QCOMPARE(
+        messages.texts("halvex.usage"),
+        QStringList({QStringLiteral("A connection of a document is left out: the scene has no node \"nobody\"."),
+                     QStringLiteral("A connection of a document is left out: it leads from output port 0 of node %1 to "
+                                    "input port 7 of node %1, and one of them is not there.")
+                         .arg(id)}));
+    QVERIFY(scene.connections().empty());
+}
+
+void tst_Mistakes::import_data()
+{
+    QTest::addColumn<QString>("document");
+    QTest::addColumn<QString>("message");
+
+    QTest::newRow("no JSON") << "[1, "
+                             << "An import is no JSON, nothing is added: unterminated array, at byte 4.";
+    QTest::newRow("an object") << "{}"
+                               << "An import is no JSON array, nothing is added.";
+    QTest::newRow("an element") << "[7]"
+                                << "Element 0 of an import is no object and is left out.";
+    QTest::newRow("a label")
+        << R"([{"name": "a", "model": {"name": "Filter"}, "connection": [["gone"]]}])"
+        << "A connection of an import is left out: nothing is labelled \"gone\", and no source of the "
+           "scene has that unique name.";
+    QTest::newRow("a source")
+        << R"([{"name": "a", "model": {"name": "Filter"}, "unique_sources": [["away"]]}])"
+        << "A connection of an import is left out: nothing is labelled \"away\", and no source of the "
+           "scene has that unique name.";
+}
+
+void tst_Mistakes::import()
+{
+    QFETCH(const QString, document);
+    QFETCH(const QString, message);
+    const CMessageCatcher messages;
+    CServiceWithSource host;
+    host.service.registry()->registerModel<CNamedTestModel>(creatorOf(QStringLiteral("Filter")),
+                                                            QStringLiteral("Tests"));
+    host.service.importDocument(document);
+    QCOMPARE(messages.texts("halvex.usage"), QStringList{message});
+    QCOMPARE(messages.texts().size(), 1); // the scene does not say it again
+}
+
+void tst_Mistakes::addNodeWithoutAScene()
+{
+    const CMessageCatcher messages;
+    CNodeService service(nullptr);
+    QCOMPARE(service.addNode(std::make_unique<CNamedTestModel>(1, 1, QStringLiteral("Lost")), {}), Core::CId());
+    QCOMPARE(
+        messages.texts("halvex.usage"),
+        QStringList{QStringLiteral("addNode(): there is no active scene for \"Lost\", which is destroyed. A unique "
+                                   "source, added before, makes one.")});
+}
+
+void tst_Mistakes::addNodeOfAnUnknownModel()
+{
+    const CMessageCatcher messages;
+    CServiceWithSource host;
+    QVERIFY(host.service.addNode(std::make_unique<CNamedTestModel>(1, 1, QStringLiteral("Unheard")), {}) !=
+            Core::CId());
+    QCOMPARE(
+        messages.texts("halvex.usage"),
+        QStringList{QStringLiteral("addNode(): no model named \"Unheard\" is registered, so that its scene's document "
+                                   "cannot be loaded.")});
+}
+
+void tst_Mistakes::addNodeThatGetsNoScene()
+{
+    const CMessageCatcher messages;
+    CNodeService service(nullptr);
+    auto model = std::make_unique<CNamedTestModel>(1, 1, QStringLiteral("Only one"), QStringLiteral("one"));
+    model->unique = true;
+    QCOMPARE(service.addNode(std::move(model), {}), Core::CId());
+    QCOMPARE(messages.texts("halvex.usage"),
+             QStringList{QStringLiteral("addNode(): \"Only one\" is unique, but no source: it gets no scene, and is "
+                                        "destroyed.")});
+}
+
+void tst_Mistakes::eachIsSaidOnce()
+{
+    const Registry registry = registryWith(QStringLiteral("Twice"));
+    const CMessageCatcher messages;
+    for (int round = 0; round < 3; ++round)
+        registry->registerModel<CNamedTestModel>(creatorOf(QStringLiteral("Twice")), QStringLiteral("Tests"));
+    QCOMPARE(messages.texts().size(), 1);
+}
+
+void tst_Mistakes::categoriesCanBeSwitchedOff()
+{
+    QLoggingCategory::setFilterRules(QStringLiteral("halvex.usage.warning=false"));
+    const Registry registry = registryWith(QStringLiteral("Silent"));
+    const CMessageCatcher messages;
+    registry->registerModel<CNamedTestModel>(creatorOf(QStringLiteral("Silent")), QStringLiteral("Tests"));
+    QCOMPARE(messages.texts(), QStringList());
+
+    // It was not said, so it can still be.
+    QLoggingCategory::setFilterRules(QString());
+    registry->registerModel<CNamedTestModel>(creatorOf(QStringLiteral("Silent")), QStringLiteral("Tests"));
+    QCOMPARE(messages.texts().size(), 1);
+}
+
+// The last: nothing is said any more.
+void tst_Mistakes::onlySoManyAreSaid()
+{
+    const Registry registry = registryWith(QStringLiteral("Many"));
+    const CMessageCatcher messages;
+    for (int round = 0; round < 1100; ++round)
+        registry->registerModel<CNamedTestModel>(creatorOf(QStringLiteral("Many")), QString::number(round));
+    QVERIFY(messages.texts().size() > 900);
+    QVERIFY(messages.texts().size() <= 1000);
+}
+
+QTEST_GUILESS_MAIN(tst_Mistakes)
+#include "tst_Mistakes.moc"
