@@ -1,0 +1,2 @@
+# The sources of this folder.
+target_sources(HalvexHostViewer PRIVATE)
