@@ -1,2 +1,8 @@
-# The sources of this folder.
-target_sources(HalvexHostViewer PRIVATE)
+target_sources(HalvexHostViewer PRIVATE
+  base/Actions.h
+  base/CLanguage.cpp
+  base/CLanguage.h
+  base/CWorkThread.cpp
+  base/CWorkThread.h
+  base/Theme.cpp
+  base/Theme.h)

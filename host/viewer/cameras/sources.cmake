@@ -1,2 +1,21 @@
-# The sources of this folder.
-target_sources(HalvexHostViewer PRIVATE)
+target_sources(HalvexHostViewer PRIVATE
+  cameras/CCameraDelegate.cpp
+  cameras/CCameraDelegate.h
+  cameras/CCameraList.cpp
+  cameras/CCameraList.h
+  cameras/CCameraPanel.cpp
+  cameras/CCameraPanel.h
+  cameras/CCameraSession.cpp
+  cameras/CCameraSession.h
+  cameras/CCameraSessions.cpp
+  cameras/CCameraSessions.h
+  cameras/CFeatureEditor.cpp
+  cameras/CFeatureEditor.h
+  cameras/CFeaturePanel.cpp
+  cameras/CFeaturePanel.h
+  cameras/CFrameFeed.cpp
+  cameras/CFrameFeed.h
+  cameras/CSharedCamera.cpp
+  cameras/CSharedCamera.h
+  cameras/Preview.cpp
+  cameras/Preview.h)
