@@ -12,18 +12,13 @@
 
 namespace Host {
 
-namespace {
-
-constexpr int searchInterval = 4000; // milliseconds, from the end of a search to the next
-
-} // namespace
-
-CCameraList::CCameraList(CCameraSessions& sessions, QObject* parent, std::function<std::vector<SCameraEntry>()> find)
+CCameraList::CCameraList(CCameraSessions& sessions, QObject* parent, std::function<std::vector<SCameraEntry>()> find,
+                         std::chrono::milliseconds interval)
     : QAbstractListModel(parent)
     , m_sessions(sessions)
     , m_find(std::move(find))
 {
-    m_timer.setInterval(searchInterval);
+    m_timer.setInterval(interval);
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &CCameraList::search);
     connect(&sessions, &CCameraSessions::added, this, &CCameraList::rebuild);

@@ -9,6 +9,7 @@
 #include <QAbstractListModel>
 #include <QTimer>
 
+#include <chrono>
 #include <functional>
 #include <vector>
 
@@ -52,9 +53,11 @@ public:
         ErrorRole
     };
 
-    /// \a find looks for cameras, in another thread; \a sessions outlives this object.
+    /// \a find looks for cameras, in another thread, \a interval after it did so last; \a sessions outlives this
+    /// object.
     explicit CCameraList(CCameraSessions& sessions, QObject* parent = nullptr,
-                         std::function<std::vector<SCameraEntry>()> find = &findCameras);
+                         std::function<std::vector<SCameraEntry>()> find = &findCameras,
+                         std::chrono::milliseconds interval = std::chrono::seconds(4));
 
     void setActive(bool isActive);
 

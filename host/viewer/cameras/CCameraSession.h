@@ -35,7 +35,7 @@ class IHostModels;
  * A camera that a person has connected, or files that stand in for one, and its scene.
  *
  * \code
- * auto* const session = new CCameraSession(SCameraOptions{"fake-1"}, service, models, this);
+ * auto* const session = new CCameraSession(options, service, models, this);
  * connect(session, &CCameraSession::opened, session, &CCameraSession::start);
  * session->open();
  * \endcode

@@ -22,7 +22,7 @@ class IFrameSource;
  * gone.
  *
  * \code
- * const auto camera = CSharedCamera::open({"192.168.0.5"}, &error);
+ * const auto camera = CSharedCamera::open(options, &error);
  * const auto source = camera->makeSource(&error); // start(), grab() in the thread of a CGrabThread
  * camera->setFeature("ExposureTime", "5000");     // meanwhile
  * \endcode
