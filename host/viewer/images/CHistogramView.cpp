@@ -65,6 +65,8 @@ CHistogramView::CHistogramView(QWidget* parent)
     plotLayout()->setAlignCanvasToScales(true);
     setAxisMaxMajor(QwtPlot::xBottom, 6);
     setAxisMaxMinor(QwtPlot::xBottom, 0);
+    setContentsMargins(12, 4, 12, 0); // room for half of the first and the last number
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setAutoReplot(false);
     takeColors();
     retranslate();

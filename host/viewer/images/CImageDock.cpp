@@ -124,7 +124,7 @@ void CImageDock::connectView()
     connect(m_view, &CImageView::drawingChanged, this,
             [this] { m_actions->rectangle->setChecked(m_view->isDrawing()); });
     connect(m_range, &CRangeBar::rangeChanged, this,
-            [this] { m_view->setRange(ERangeMode::Manual, m_range->range()); });
+            [this] { m_view->setRange(m_view->look().rangeMode, m_range->range()); });
 }
 
 void CImageDock::connectLookActions()

@@ -4,6 +4,8 @@
 #include "host/viewer/images/CImageStatus.h"
 
 #include "host/viewer/images/CElidedLabel.h"
+#include "host/viewer/images/CMessageLabel.h"
+#include "host/viewer/images/CStatisticsTable.h"
 #include "host/viewer/images/OwnDepth.h"
 
 #include <QEvent>
@@ -22,23 +24,12 @@ QString rateText(double rate)
     return QLocale().toString(rate, 'f', rate > 0.0 && rate < 10.0 ? 1 : 0);
 }
 
-QString valueText(double value)
-{
-    return QLocale().toString(value, 'f', 1);
-}
-
-QString wholeText(double value)
-{
-    return QLocale().toString(value, 'f', value == double(qint64(value)) ? 0 : 1);
-}
-
 // Of a colour, the values are told as red, green and blue: so people say them.
-template <typename Values, typename Text>
-QString channelsText(const Values& values, const Text& text)
+QString channelsText(const std::vector<int>& values)
 {
     QStringList parts;
     for (auto value = values.rbegin(); value != values.rend(); ++value)
-        parts << text(*value);
+        parts << QString::number(*value);
     return parts.join(QStringLiteral(" / "));
 }
 
@@ -47,9 +38,9 @@ QString channelsText(const Values& values, const Text& text)
 CImageStatus::CImageStatus(QWidget* parent)
     : QWidget(parent)
     , m_probe(new CElidedLabel(this))
-    , m_statistics(new CElidedLabel(this))
+    , m_statistics(new CStatisticsTable(this))
     , m_rates(new CElidedLabel(this))
-    , m_message(new CElidedLabel(this))
+    , m_message(new CMessageLabel(this))
 {
     auto* const layout = new QGridLayout(this);
     layout->setContentsMargins(8, 4, 8, 4);
@@ -61,8 +52,6 @@ CImageStatus::CImageStatus(QWidget* parent)
     layout->addWidget(m_message, 2, 0, 1, 2);
     layout->setColumnStretch(0, 1);
     m_rates->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    m_statistics->hide();
-    m_message->hide();
     m_timer.setInterval(measureMs);
     connect(&m_timer, &QTimer::timeout, this, &CImageStatus::measure);
     retranslate();
@@ -72,7 +61,6 @@ void CImageStatus::retranslate()
 {
     setAccessibleName(tr("Image status"));
     m_probe->setAccessibleName(tr("Value under the cursor"));
-    m_statistics->setAccessibleName(tr("Statistics of the rectangle"));
     m_rates->setAccessibleName(tr("Rates"));
     m_message->setAccessibleName(tr("Message"));
     m_rates->setLine(tr("%1 of %2 /s shown").arg(rateText(m_shownRate.rate()), rateText(m_deliveredRate.rate())));
@@ -85,29 +73,12 @@ void CImageStatus::setProbe(const SRenderedImage& image, const std::optional<QPo
         m_probe->setLine({});
         return;
     }
-    const QString text = channelsText(values, [](int value) { return QString::number(value); });
-    m_probe->setLine(tr("x %1  y %2: %3").arg(pixel->x()).arg(pixel->y()).arg(text));
+    m_probe->setLine(tr("x %1  y %2: %3").arg(pixel->x()).arg(pixel->y()).arg(channelsText(values)));
 }
 
 void CImageStatus::setStatistics(const SRenderedImage& image)
 {
-    m_statistics->setVisible(!image.statistics.empty());
-    if (image.statistics.empty()) {
-        m_statistics->setLine({});
-        return;
-    }
-    const auto told = [&](double SChannelStatistics::*number, QString (*text)(double)) {
-        return channelsText(image.statistics, [&](const SChannelStatistics& channel) { return text(channel.*number); });
-    };
-    const QRect& part = image.selection;
-    m_statistics->setLine(
-        tr("%1 × %2 at %3, %4: mean %5  min %6  max %7  deviation %8")
-            .arg(part.width())
-            .arg(part.height())
-            .arg(part.x())
-            .arg(part.y())
-            .arg(told(&SChannelStatistics::mean, &valueText), told(&SChannelStatistics::least, &wholeText),
-                 told(&SChannelStatistics::most, &wholeText), told(&SChannelStatistics::deviation, &valueText)));
+    m_statistics->showImage(image);
 }
 
 void CImageStatus::setCounts(quint64 shown, quint64 delivered)
@@ -134,8 +105,7 @@ void CImageStatus::measure()
 
 void CImageStatus::setMessage(const QString& message)
 {
-    m_message->setLine(message);
-    m_message->setVisible(!message.isEmpty());
+    m_message->setMessage(message);
 }
 
 QString CImageStatus::probeText() const
@@ -155,7 +125,7 @@ QString CImageStatus::ratesText() const
 
 QString CImageStatus::messageText() const
 {
-    return m_message->text();
+    return m_message->message();
 }
 
 void CImageStatus::changeEvent(QEvent* event)

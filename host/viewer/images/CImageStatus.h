@@ -15,6 +15,8 @@
 namespace Host {
 
 class CElidedLabel;
+class CMessageLabel;
+class CStatisticsTable;
 
 /**
  * The lines below an image: the value under the cursor, how fast images are shown and delivered, and, while there is a
@@ -57,16 +59,16 @@ private:
     void measure();
 
     CElidedLabel* m_probe;
-    CElidedLabel* m_statistics;
+    CStatisticsTable* m_statistics;
     CElidedLabel* m_rates;
-    CElidedLabel* m_message;
+    CMessageLabel* m_message;
     quint64 m_shown = 0;
     quint64 m_delivered = 0;
     quint64 m_measured = 0; // of m_delivered
     int m_quietTurns = 0;   // of the timer, in which nothing came
     CRateMeter m_shownRate;
     CRateMeter m_deliveredRate;
-    QTimer m_timer;
+    QTimer m_timer{this};
 };
 
 } // namespace Host

@@ -138,6 +138,8 @@ void CImageView::setViewport(const SViewport& viewport, bool isFitted)
     if (viewport == m_viewport)
         return;
     m_viewport = viewport;
+    if (m_pointer)
+        setPointer(*m_pointer);
     markChanged();
     update();
 }

@@ -104,6 +104,7 @@ private:
     void markChanged();
     void render();
     void onRendered(const SRenderedImage& rendered);
+    void setPointer(const QPointF& widgetPoint);
     void setProbe(const std::optional<QPoint>& probe);
     void moveProbe(const QPoint& step);
     void moveSelection(const QPoint& step, const QPoint& growth);
@@ -128,11 +129,12 @@ private:
     bool m_hasChanged = false; // since the worker was given work
     bool m_isUnseen = false;   // another image is rendered and not drawn yet
     EDrag m_drag = EDrag::None;
-    QPointF m_dragFrom;       // of the widget, where the button was pressed
-    SViewport m_dragViewport; // and how the image was seen then
-    QPoint m_corner;          // of the rectangle that is drawn
+    QPointF m_dragFrom;               // of the widget, where the button was pressed
+    SViewport m_dragViewport;         // and how the image was seen then
+    QPoint m_corner;                  // of the rectangle that is drawn
+    std::optional<QPointF> m_pointer; // of the widget; none while the keyboard chooses the pixel
     std::optional<QPoint> m_probe;
-    QTimer m_pace;
+    QTimer m_pace{this};
     CTaskRunner m_renderer{CTaskRunner::EPolicy::NewestWins}; // last: it goes first, and calls nobody then
 };
 

@@ -32,6 +32,9 @@ CRangeBar::CRangeBar(QWidget* parent)
     m_whiteLabel->setBuddy(m_white);
     m_black->setObjectName(QStringLiteral("black"));
     m_white->setObjectName(QStringLiteral("white"));
+    // The first digit of a number that is typed must not move the other value.
+    m_black->setKeyboardTracking(false);
+    m_white->setKeyboardTracking(false);
     setBits(8);
     m_white->setValue(m_white->maximum());
     connect(m_black, QOverload<int>::of(&QSpinBox::valueChanged), this, &CRangeBar::onBlackChanged);

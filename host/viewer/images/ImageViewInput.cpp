@@ -70,8 +70,16 @@ void CImageView::setProbe(const std::optional<QPoint>& probe)
     Q_EMIT probeChanged();
 }
 
+// Another pixel may come to lie under a pointer that rests.
+void CImageView::setPointer(const QPointF& widgetPoint)
+{
+    m_pointer = widgetPoint;
+    setProbe(pixelAt(widgetPoint));
+}
+
 void CImageView::moveProbe(const QPoint& step)
 {
+    m_pointer.reset();
     const QPoint middle = m_viewport.visible(imageSize()).center();
     setProbe(limited(probe() ? *probe() + step : middle, imageSize()));
 }
@@ -133,7 +141,7 @@ void CImageView::wheelEvent(QWheelEvent* event)
 #endif
     viewport.zoomAt(viewport.zoom * factor, toDevice(pointer), imageSize());
     setViewport(viewport, false);
-    setProbe(pixelAt(pointer));
+    setPointer(pointer);
 }
 
 void CImageView::mousePressEvent(QMouseEvent* event)
@@ -160,7 +168,7 @@ void CImageView::mouseMoveEvent(QMouseEvent* event)
         viewport.panBy(toDevice(event->localPos() - m_dragFrom), imageSize());
         setViewport(viewport, m_isFitted && viewport == m_viewport);
     }
-    setProbe(pixelAt(event->localPos()));
+    setPointer(event->localPos());
 }
 
 void CImageView::mouseReleaseEvent(QMouseEvent* event)
@@ -182,7 +190,9 @@ void CImageView::mouseDoubleClickEvent(QMouseEvent* event)
 
 void CImageView::leaveEvent(QEvent*)
 {
-    setProbe({});
+    if (m_pointer)
+        setProbe({});
+    m_pointer.reset();
 }
 
 } // namespace Host

@@ -47,6 +47,8 @@ void SViewport::panBy(const QPointF& way, const QSize& image)
 
 QRect SViewport::visible(const QSize& image) const
 {
+    if (size.isEmpty() || image.isEmpty())
+        return {};
     const QPointF first = toImage({0.0, 0.0});
     const QPointF end = toImage({double(size.width()), double(size.height())});
     const QPoint from(int(std::floor(first.x())), int(std::floor(first.y())));
@@ -56,6 +58,8 @@ QRect SViewport::visible(const QSize& image) const
 
 QRect SViewport::covered(const QSize& image) const
 {
+    if (size.isEmpty() || image.isEmpty())
+        return {};
     const QPointF end = toDevice({double(image.width()), double(image.height())});
     const QPoint from(int(std::lround(origin.x())), int(std::lround(origin.y())));
     const QPoint to(int(std::lround(end.x())) - 1, int(std::lround(end.y())) - 1);

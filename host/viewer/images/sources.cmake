@@ -14,10 +14,14 @@ target_sources(HalvexHostViewer PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/CImageStatus.h
   ${CMAKE_CURRENT_LIST_DIR}/CImageView.cpp
   ${CMAKE_CURRENT_LIST_DIR}/CImageView.h
+  ${CMAKE_CURRENT_LIST_DIR}/CMessageLabel.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/CMessageLabel.h
   ${CMAKE_CURRENT_LIST_DIR}/CRangeBar.cpp
   ${CMAKE_CURRENT_LIST_DIR}/CRangeBar.h
   ${CMAKE_CURRENT_LIST_DIR}/CRateMeter.cpp
   ${CMAKE_CURRENT_LIST_DIR}/CRateMeter.h
+  ${CMAKE_CURRENT_LIST_DIR}/CStatisticsTable.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/CStatisticsTable.h
   ${CMAKE_CURRENT_LIST_DIR}/CTaskRunner.cpp
   ${CMAKE_CURRENT_LIST_DIR}/CTaskRunner.h
   ${CMAKE_CURRENT_LIST_DIR}/CViewModel.cpp

@@ -4,6 +4,7 @@
 #include "host/viewer/recording/CRecordBar.h"
 
 #include "host/viewer/images/CElidedLabel.h"
+#include "host/viewer/images/CMessageLabel.h"
 #include "host/viewer/recording/CRecorder.h"
 
 #include <QDir>
@@ -32,8 +33,9 @@ CRecordBar::CRecordBar(CRecorder& recorder, QWidget* parent)
     : QWidget(parent)
     , m_recorder(recorder)
     , m_dot(new QLabel(QStringLiteral("●"), this))
+    , m_state(new CMessageLabel(this))
     , m_counts(new CElidedLabel(this))
-    , m_detail(new CElidedLabel(this))
+    , m_detail(new CMessageLabel(this))
     , m_close(new QToolButton(this))
 {
     auto* const layout = new QGridLayout(this);
@@ -41,9 +43,10 @@ CRecordBar::CRecordBar(CRecorder& recorder, QWidget* parent)
     layout->setHorizontalSpacing(8);
     layout->setVerticalSpacing(2);
     layout->addWidget(m_dot, 0, 0);
-    layout->addWidget(m_counts, 0, 1);
+    layout->addWidget(m_state, 0, 1);
     layout->addWidget(m_close, 0, 2);
-    layout->addWidget(m_detail, 1, 1, 1, 2);
+    layout->addWidget(m_counts, 1, 0, 1, 3);
+    layout->addWidget(m_detail, 2, 0, 1, 3);
     layout->setColumnStretch(1, 1);
     QPalette dotPalette = m_dot->palette();
     dotPalette.setColor(QPalette::WindowText, QColor(0xd6, 0x3a, 0x2f));
@@ -84,7 +87,7 @@ QString CRecordBar::stateText() const
     case CRecorder::EState::Recording:
         return tr("Recording");
     case CRecorder::EState::Finishing:
-        return tr("Finishing");
+        return tr("Finishing, %1 waiting").arg(numberText(m_recorder.counts().pending));
     case CRecorder::EState::Finished:
         return m_recorder.error().isEmpty() ? tr("Recorded") : tr("Recording ended");
     case CRecorder::EState::Idle:
@@ -101,16 +104,32 @@ void CRecordBar::retranslate()
     m_close->setAccessibleName(tr("Hide the recording's counts"));
     m_close->setToolTip(m_close->accessibleName());
     const CRecorder::SCounts counts = m_recorder.counts();
-    m_counts->setLine(tr("%1: %2 received, %3 written, %4 dropped, %5 waiting")
-                          .arg(stateText(), numberText(counts.received), numberText(counts.written),
-                               numberText(counts.dropped), numberText(counts.pending)));
-    m_detail->setLine(m_recorder.error().isEmpty() ? QDir::toNativeSeparators(m_recorder.folder())
-                                                   : m_recorder.error());
+    m_state->setMessage(stateText());
+    m_counts->setLine(tr("%1 received · %2 written · %3 dropped")
+                          .arg(numberText(counts.received), numberText(counts.written), numberText(counts.dropped)));
+    m_counts->setVisible(m_recorder.state() != CRecorder::EState::Idle);
+    m_detail->setMessage(m_recorder.error().isEmpty() ? QDir::toNativeSeparators(m_recorder.folder())
+                                                      : m_recorder.error());
     const bool isOn = m_recorder.state() == CRecorder::EState::Recording;
     m_dot->setVisible(isOn);
     m_close->setVisible(!isOn);
     if (isOn || !m_recorder.error().isEmpty())
         show();
+}
+
+QString CRecordBar::stateMessage() const
+{
+    return m_state->message();
+}
+
+QString CRecordBar::countsText() const
+{
+    return m_counts->text();
+}
+
+QString CRecordBar::detailText() const
+{
+    return m_detail->message();
 }
 
 void CRecordBar::changeEvent(QEvent* event)

@@ -12,6 +12,7 @@ class QToolButton;
 namespace Host {
 
 class CElidedLabel;
+class CMessageLabel;
 class CRecorder;
 
 /**
@@ -29,8 +30,9 @@ class CRecordBar : public QWidget
 public:
     explicit CRecordBar(CRecorder& recorder, QWidget* parent = nullptr);
 
-    QString countsText() const;
-    QString detailText() const;
+    QString stateMessage() const; ///< "Recording"
+    QString countsText() const;   ///< "12 received · 12 written · 0 dropped"
+    QString detailText() const;   ///< The folder, or what is wrong.
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -43,10 +45,11 @@ private:
 
     CRecorder& m_recorder;
     QLabel* m_dot;
+    CMessageLabel* m_state;
     CElidedLabel* m_counts;
-    CElidedLabel* m_detail; // the error, or the folder
+    CMessageLabel* m_detail; // the error, or the folder
     QToolButton* m_close;
-    QTimer m_pace;
+    QTimer m_pace{this};
     bool m_hasChanged = false;
 };
 

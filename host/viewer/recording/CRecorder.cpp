@@ -45,10 +45,11 @@ bool CRecorder::start(EKind kind, const QString& parentFolder, double framesPerS
 {
     if (!m_view || m_state == EState::Recording || m_state == EState::Finishing)
         return false;
+    m_sink.reset();
     m_folder = makeRecordFolder(parentFolder, m_view->viewName());
     if (m_folder.isEmpty()) {
         m_error = tr("No folder can be made in %1.").arg(parentFolder);
-        Q_EMIT changed();
+        setState(EState::Idle);
         return false;
     }
     m_error.clear();

@@ -50,7 +50,7 @@ public:
 
     enum class EState
     {
-        Idle,      ///< Nothing has been recorded yet.
+        Idle,      ///< Nothing has been recorded yet, or the last recording could not begin.
         Recording, ///< What comes is written.
         Finishing, ///< No more is taken; what waits is written.
         Finished   ///< All is written, or has failed; until the next start().
