@@ -30,6 +30,13 @@ QMutex& deviceListMutex()
     return mutex;
 }
 
+// The library reads a device's description with tables that all devices share, and makes these without a lock.
+QMutex& openingMutex()
+{
+    static QMutex mutex;
+    return mutex;
+}
+
 QString protocolName(const QString& protocol)
 {
     // "GigEVision", "USB3Vision"
@@ -58,6 +65,7 @@ std::vector<SCameraEntry> findCameras()
 
 GObjectPtr<ArvDevice> openDevice(const QString& address, CGLibError* error)
 {
+    const QMutexLocker opening(&openingMutex());
     // Straight to the kind of device that is meant: the library's own look-up by name asks every interface in
     // turn, which scans the network and takes unknown names to a name server.
     const QByteArray name = address.toUtf8();

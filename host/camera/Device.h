@@ -31,7 +31,8 @@ std::vector<SCameraEntry> findCameras();
 /// Of the library that opens cameras, as it runs: "0.8.26".
 QString aravisVersion();
 
-/// Opens what SCameraOptions::address names. Null, with the reason in \a error, if it is not there.
+/// Opens what SCameraOptions::address names. Null, with the reason in \a error, if it is not there. Threads: any; one
+/// opens after the other.
 GObjectPtr<_ArvDevice> openDevice(const QString& address, CGLibError* error);
 
 /// Whether this program may set the camera and have its frames. False, with the library's words in \a error, if another

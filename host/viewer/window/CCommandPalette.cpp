@@ -105,7 +105,7 @@ QStringList CCommandPalette::texts() const
 
 void CCommandPalette::search()
 {
-    const QStringList words = m_search->text().split(QLatin1Char(' '), QString::SkipEmptyParts);
+    const QStringList words = m_search->text().simplified().split(QLatin1Char(' '));
     m_list->clear();
     for (int i = 0; i < m_commands.size(); ++i) {
         const SCommand& command = m_commands.at(i);

@@ -118,7 +118,8 @@ QString CSceneFiles::importChain(CScenePage& page, const QString& file)
         return error;
     }
     const bool isImported = !page.editor().importChain(QString::fromUtf8(chain.text)).empty();
-    return isImported || chain.elements.isEmpty() ? QString() : QStringLiteral("nothing of '%1' could be made").arg(chain.name);
+    return isImported || chain.elements.isEmpty() ? QString()
+                                                  : QStringLiteral("nothing of '%1' could be made").arg(chain.name);
 }
 
 } // namespace Host

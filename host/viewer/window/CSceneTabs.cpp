@@ -32,10 +32,11 @@ CSceneTabs::CSceneTabs(INodeService& service, QWidget* parent)
         addScene(active);
 }
 
-// Before the pages go: they tell of themselves when they do.
 CSceneTabs::~CSceneTabs()
 {
+    // The pages tell of themselves when they go, and the tabs would tell of the page that is shown then.
     disconnect();
+    qDeleteAll(pages());
 }
 
 CScenePage* CSceneTabs::current() const

@@ -6,6 +6,7 @@
 #include "host/viewer/base/Theme.h"
 #include "host/viewer/cameras/CCameraList.h"
 #include "host/viewer/cameras/CCameraPanel.h"
+#include "host/viewer/cameras/CCameraSession.h"
 #include "host/viewer/cameras/CCameraSessions.h"
 #include "host/viewer/cameras/CFeaturePanel.h"
 #include "host/viewer/edit/CFaultPanel.h"

@@ -10,8 +10,8 @@
 #include "host/viewer/graph/CGraphView.h"
 #include "host/viewer/images/CImageDock.h"
 #include "host/viewer/window/CImageDocks.h"
-#include "host/viewer/window/CSceneTabs.h"
 #include "host/viewer/window/CScenePage.h"
+#include "host/viewer/window/CSceneTabs.h"
 #include "host/viewer/window/CViewerDocks.h"
 #include "host/viewer/window/CViewerWindow.h"
 
@@ -25,12 +25,12 @@ CViewerMenus::CViewerMenus(CViewerWindow& window, QUndoGroup& history, const CVi
     : QObject(&window)
     , m_window(window)
     , m_settings(settings)
-    , m_file(window.menuBar()->addMenu({}))
-    , m_edit(window.menuBar()->addMenu({}))
-    , m_cameras(window.menuBar()->addMenu({}))
-    , m_graph(window.menuBar()->addMenu({}))
-    , m_images(window.menuBar()->addMenu({}))
-    , m_view(window.menuBar()->addMenu({}))
+    , m_file(window.menuBar()->addMenu(QString()))
+    , m_edit(window.menuBar()->addMenu(QString()))
+    , m_cameras(window.menuBar()->addMenu(QString()))
+    , m_graph(window.menuBar()->addMenu(QString()))
+    , m_images(window.menuBar()->addMenu(QString()))
+    , m_view(window.menuBar()->addMenu(QString()))
 {
     makeFileMenu();
     makeEditMenu(history);
@@ -55,7 +55,7 @@ void CViewerMenus::makeFileMenu()
 {
     m_new = add(m_file, "newScene", QKeySequence::New, &CViewerWindow::addScene);
     m_open = add(m_file, "openScene", QKeySequence::Open, &CViewerWindow::askForScene);
-    m_recent = m_file->addMenu({});
+    m_recent = m_file->addMenu(QString());
     m_file->addSeparator();
     m_save = add(m_file, "saveScene", QKeySequence::Save, &CViewerWindow::saveCurrent);
     m_saveAs = add(m_file, "saveSceneAs", Qt::CTRL + Qt::SHIFT + Qt::Key_S, &CViewerWindow::saveCurrentAs);
@@ -104,7 +104,7 @@ void CViewerMenus::makeViewMenu()
     m_view->addActions(m_window.docks().toggleActions());
     m_view->addSeparator();
 
-    m_colors = m_view->addMenu({});
+    m_colors = m_view->addMenu(QString());
     auto* const colors = new QActionGroup(this);
     for (const auto choice :
          {CViewerSettings::EColors::AsDesktop, CViewerSettings::EColors::Light, CViewerSettings::EColors::Dark}) {
@@ -114,15 +114,15 @@ void CViewerMenus::makeViewMenu()
                 [this, choice] { m_window.chooseColors(choice); });
     }
 
-    m_languages = m_view->addMenu({});
+    m_languages = m_view->addMenu(QString());
     auto* const languages = new QActionGroup(this);
     m_systemLanguage =
         addChoice(m_languages, languages, QStringLiteral("language-system"), m_settings.language().isEmpty());
     connect(m_systemLanguage, &QAction::triggered, &m_window, [this] { m_window.chooseLanguage({}); });
     const QStringList codes = CLanguage::codes();
     for (const QString& code : codes) {
-        QAction* const action = addChoice(m_languages, languages, QStringLiteral("language-%1").arg(code),
-                                          m_settings.language() == code);
+        QAction* const action =
+            addChoice(m_languages, languages, QStringLiteral("language-%1").arg(code), m_settings.language() == code);
         action->setText(CLanguage::nativeName(code));
         connect(action, &QAction::triggered, &m_window, [this, code] { m_window.chooseLanguage(code); });
     }

@@ -17,8 +17,8 @@
 #include "host/viewer/images/CViewModel.h"
 #include "host/viewer/window/CCommandPalette.h"
 #include "host/viewer/window/CImageDocks.h"
-#include "host/viewer/window/CSceneTabs.h"
 #include "host/viewer/window/CScenePage.h"
+#include "host/viewer/window/CSceneTabs.h"
 #include "host/viewer/window/CThreadWatch.h"
 #include "host/viewer/window/CViewerDocks.h"
 #include "host/viewer/window/CViewerMenus.h"
@@ -101,11 +101,9 @@ void CViewerWindow::onPageAdded(CScenePage* page)
     m_images->watch(*page->scene());
     m_watch->watch(*page->scene());
     connect(&page->editor(), &CGraphEditor::refused, m_status, &CViewerStatus::tellError);
-    connect(&page->view(), &CGraphView::nodeSelected, this, [this, page](const Core::CId& node) {
-        m_docks->settings().show(&page->editor(), node);
-    });
-    connect(&page->view(), &CGraphView::nodeActivated, this,
-            [this] { CViewerDocks::bringUp(m_docks->settings()); });
+    connect(&page->view(), &CGraphView::nodeSelected, this,
+            [this, page](const Core::CId& node) { m_docks->settings().show(&page->editor(), node); });
+    connect(&page->view(), &CGraphView::nodeActivated, this, [this] { CViewerDocks::bringUp(m_docks->settings()); });
     for (const auto change : {&CNodeScene::nodeCreated, &CNodeScene::nodeDeleted})
         connect(page->scene(), change, this, &CViewerWindow::checkSoon);
     for (const auto change : {&CNodeScene::connectionCreated, &CNodeScene::connectionDeleted})

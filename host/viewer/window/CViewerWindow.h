@@ -10,6 +10,10 @@
 #include <QTimer>
 #include <QUndoGroup>
 
+namespace Plugin::Halvex {
+class CNodeScene;
+}
+
 namespace Host {
 
 class CCameraSession;

@@ -19,8 +19,12 @@ target_sources(HalvexHostViewer PRIVATE
   window/CViewerMenus.h
   window/CViewerSettings.cpp
   window/CViewerSettings.h
+  window/CViewerStart.cpp
+  window/CViewerStart.h
   window/CViewerStatus.cpp
   window/CViewerStatus.h
   window/CViewerWindow.cpp
   window/CViewerWindow.h
-  window/CViewerWindowDialogs.cpp)
+  window/CViewerWindowDialogs.cpp
+  window/SViewerOptions.cpp
+  window/SViewerOptions.h)
