@@ -98,8 +98,10 @@ QVariant CCameraList::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return row.name;
     case TitleRole:
-        if (row.session && !row.session->description().isEmpty())
-            return row.session->description();
+        if (row.session && !row.session->description().isEmpty()) {
+            // The name stands above it.
+            return row.session->description().remove(QStringLiteral(" (%1)").arg(row.name));
+        }
         return SCameraOptions::isFake(row.name) ? tr("Simulated camera") : row.title;
     case StateRole:
         return int(stateOf(row));
@@ -165,10 +167,7 @@ QString CCameraList::stateText(const SRow& row) const
     const EState state = stateOf(row);
     if (state != EState::Streaming)
         return stateText(state);
-    return tr("%1 · %2 frames/s · %3 frames")
-        .arg(stateText(state))
-        .arg(row.session->framesPerSecond(), 0, 'f', 1)
-        .arg(row.session->frames());
+    return tr("%1 frames/s · %2 frames").arg(row.session->framesPerSecond(), 0, 'f', 1).arg(row.session->frames());
 }
 
 void CCameraList::retranslate()

@@ -51,19 +51,29 @@ void CImageDocks::addDock(CNodeBase& node)
 
 void CImageDocks::place(CImageDock* dock)
 {
-    constexpr int inSquare = 4;
-    QList<CImageDock*> placed;
-    std::copy_if(m_docks.begin(), m_docks.end(), std::back_inserter(placed),
-                 [](const CImageDock* each) { return !each->isFloating(); });
-    const int number = placed.size();
+    constexpr int inRow = 4;
+    QList<QDockWidget*> row;
+    std::copy_if(m_docks.begin(), m_docks.end(), std::back_inserter(row), [this](QDockWidget* each) {
+        return !each->isFloating() && m_window.dockWidgetArea(each) == Qt::TopDockWidgetArea;
+    });
+    const int number = row.size();
+    if (number >= inRow) {
+        m_window.tabifyDockWidget(row.at(number % inRow), dock);
+        return;
+    }
     if (number == 0)
-        m_window.addDockWidget(Qt::RightDockWidgetArea, dock);
-    else if (number == 1)
-        m_window.splitDockWidget(placed.first(), dock, Qt::Vertical);
-    else if (number < inSquare)
-        m_window.splitDockWidget(placed.at(number - 2), dock, Qt::Horizontal);
+        m_window.addDockWidget(Qt::TopDockWidgetArea, dock);
     else
-        m_window.tabifyDockWidget(placed.at(number % inSquare), dock);
+        m_window.splitDockWidget(row.last(), dock, Qt::Horizontal);
+    row.append(dock);
+    // Each as wide as the others, and together a little more than half of the height: what is left is the graph's,
+    // which is wider than high.
+    QList<int> widths;
+    for (int i = 0; i <= number; ++i)
+        widths << m_window.width();
+    m_window.resizeDocks(row, widths, Qt::Horizontal);
+    if (number == 0)
+        m_window.resizeDocks(row, {m_window.height() * 11 / 20}, Qt::Vertical);
 }
 
 // Small numbers again and again, so that the window finds the places that it remembers.

@@ -20,7 +20,7 @@ class CImageDock;
 /**
  * A dock for each node that shows images, in all scenes: it comes and goes with its node, by the scenes' signals.
  *
- * A new one goes where the window remembers it, else beside the others: four in a square, more as tabs.
+ * A new one goes where the window remembers it, else beside the others above the graph: four in a row, more as tabs.
  *
  * Ownership: the window owns the docks. Threads: the main thread.
  */

@@ -3,10 +3,15 @@
 
 #include "host/viewer/window/CSceneTabs.h"
 
+#include "host/viewer/base/Theme.h"
 #include "host/viewer/window/CScenePage.h"
 
 #include <Halvex/scene/CNodeScene.h>
 #include <Halvex/service/INodeService.h>
+
+#include <QEvent>
+#include <QTabBar>
+#include <QToolButton>
 
 namespace Host {
 
@@ -18,16 +23,10 @@ CSceneTabs::CSceneTabs(INodeService& service, QWidget* parent)
 {
     setDocumentMode(true);
     setMovable(true);
-    setTabsClosable(true);
     connect(&service, &INodeService::sceneAdded, this, &CSceneTabs::addScene);
     connect(&service, &INodeService::sceneRemoving, this, &CSceneTabs::removeScene);
     connect(&service, &INodeService::activeSceneChanged, this, &CSceneTabs::showScene);
     connect(this, &QTabWidget::currentChanged, this, &CSceneTabs::onCurrentChanged);
-    connect(this, &QTabWidget::tabCloseRequested, this, [this](int index) {
-        const auto* const page = static_cast<CScenePage*>(widget(index));
-        if (page->scene())
-            Q_EMIT closeRequested(page->scene());
-    });
     if (CNodeScene* const active = service.getActiveScene())
         addScene(active);
 }
@@ -66,11 +65,27 @@ void CSceneTabs::addScene(CNodeScene* scene)
     if (page(scene))
         return;
     auto* const added = new CScenePage(*scene, m_service, this);
-    connect(added, &CScenePage::titleChanged, this, &CSceneTabs::updateTitles);
     // For one that somebody destroys without the service.
     connect(scene, &QObject::destroyed, this, &CSceneTabs::removeScene);
-    addTab(added, added->title());
+    const int index = addTab(added, added->title());
+    addCloseButton(index, *added);
+    connect(added, &CScenePage::titleChanged, this, &CSceneTabs::updateTitles);
+    updateTitles();
     Q_EMIT pageAdded(added);
+}
+
+// Not the style's own, which cannot be told from a dark ground.
+void CSceneTabs::addCloseButton(int index, const CScenePage& page)
+{
+    auto* const button = new QToolButton(tabBar());
+    button->setText(QStringLiteral("×"));
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::NoFocus);
+    tabBar()->setTabButton(index, QTabBar::RightSide, button);
+    connect(button, &QToolButton::clicked, &page, [this, shown = &page] {
+        if (shown->scene())
+            Q_EMIT closeRequested(shown->scene());
+    });
 }
 
 // By address: a scene that is being destroyed is no CNodeScene any more.
@@ -98,15 +113,33 @@ void CSceneTabs::onCurrentChanged()
     CScenePage* const shown = current();
     if (shown && shown->scene() && m_service.getActiveScene() != shown->scene())
         m_service.setActiveScene(shown->scene());
+    updateTitles();
     Q_EMIT currentPageChanged(shown);
 }
 
 void CSceneTabs::updateTitles()
 {
     for (CScenePage* const page : pages()) {
-        setTabText(indexOf(page), page->title());
-        setTabToolTip(indexOf(page), page->toolTip());
+        const int index = indexOf(page);
+        setTabText(index, page->title());
+        setTabToolTip(index, page->toolTip());
+        // Which one is shown is hard to see otherwise where all is dark.
+        const QPalette& colors = palette();
+        tabBar()->setTabTextColor(index, page == current() ? accentColor(EAccent::Active, colors)
+                                                           : colors.color(QPalette::WindowText));
+        auto* const button = qobject_cast<QToolButton*>(tabBar()->tabButton(index, QTabBar::RightSide));
+        if (!button)
+            continue; // the first tab is shown before it is complete
+        button->setAccessibleName(tr("Close %1").arg(page->title()));
+        button->setToolTip(button->accessibleName());
     }
+}
+
+void CSceneTabs::changeEvent(QEvent* event)
+{
+    QTabWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::LanguageChange)
+        updateTitles();
 }
 
 } // namespace Host

@@ -43,8 +43,12 @@ Q_SIGNALS:
     /// A person asks for the end of that scene.
     void closeRequested(Plugin::Halvex::CNodeScene* scene);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     void addScene(Plugin::Halvex::CNodeScene* scene);
+    void addCloseButton(int index, const CScenePage& page);
     void removeScene(const QObject* scene);
     void showScene(Plugin::Halvex::CNodeScene* scene);
     void onCurrentChanged();

@@ -67,8 +67,10 @@ QDockWidget* CViewerDocks::addDock(const char* name, QWidget* content)
 
 void CViewerDocks::arrange()
 {
-    m_window.setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
-    m_window.setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
+    for (const Qt::Corner corner : {Qt::TopLeftCorner, Qt::BottomLeftCorner})
+        m_window.setCorner(corner, Qt::LeftDockWidgetArea);
+    for (const Qt::Corner corner : {Qt::TopRightCorner, Qt::BottomRightCorner})
+        m_window.setCorner(corner, Qt::RightDockWidgetArea);
     m_window.addDockWidget(Qt::LeftDockWidgetArea, m_docks[Cameras]);
     m_window.splitDockWidget(m_docks[Cameras], m_docks[Models], Qt::Vertical);
     m_window.tabifyDockWidget(m_docks[Models], m_docks[Settings]);

@@ -12,6 +12,7 @@
 #include "host/viewer/window/CImageDocks.h"
 #include "host/viewer/window/CScenePage.h"
 #include "host/viewer/window/CSceneTabs.h"
+#include "host/viewer/window/CViewerStatus.h"
 #include "host/viewer/window/CViewerWindow.h"
 
 #include <QPixmap>
@@ -31,13 +32,11 @@ constexpr int looksInARow = 10;   // rates are told after a while, pictures come
 CViewerStart::CViewerStart(CViewerWindow& window, SViewerOptions options)
     : m_window(window)
     , m_options(std::move(options))
+    , m_toConnect(m_options.cameras)
 {
     connect(&window.sessions(), &CCameraSessions::opened, this, &CViewerStart::onOpened);
-    for (const QString& name : m_options.cameras) {
-        SCameraOptions camera;
-        camera.address = name;
-        window.sessions().connectCamera(camera);
-    }
+    connect(&window.sessions(), &CCameraSessions::changed, this, &CViewerStart::onChanged);
+    connectNext();
     if (m_options.cameras.isEmpty() && !m_options.scene.isEmpty())
         window.openScene(m_options.scene);
     if (m_options.duration.count() > 0)
@@ -46,6 +45,25 @@ CViewerStart::CViewerStart(CViewerWindow& window, SViewerOptions options)
         connect(&m_poll, &QTimer::timeout, this, &CViewerStart::takeScreenshot);
         m_poll.start(lookInterval);
     }
+}
+
+void CViewerStart::connectNext()
+{
+    if (m_toConnect.isEmpty())
+        return;
+    SCameraOptions camera;
+    camera.address = m_toConnect.takeFirst();
+    m_window.sessions().connectCamera(camera);
+}
+
+void CViewerStart::onChanged(const CCameraSession* session)
+{
+    using EState = CCameraSession::EState;
+    const bool isRefused = session->state() == EState::Failed || session->state() == EState::InUse;
+    if (!isRefused || !m_options.cameras.contains(session->name()))
+        return;
+    m_window.status().tellError(session->error());
+    connectNext();
 }
 
 void CViewerStart::onOpened(CCameraSession* session)
@@ -60,14 +78,15 @@ void CViewerStart::onOpened(CCameraSession* session)
     if (const CScenePage* const page = m_window.tabs().page(session->scene()))
         page->view().fit();
     session->start();
+    connectNext();
 }
 
 bool CViewerStart::isEverythingSeen() const
 {
     const auto& sessions = m_window.sessions().all();
-    return std::all_of(sessions.begin(), sessions.end(), [](const CCameraSession* session) {
-        return !session->preview().isNull() && session->framesPerSecond() > 0.0;
-    });
+    return m_toConnect.isEmpty() && std::all_of(sessions.begin(), sessions.end(), [](const CCameraSession* session) {
+               return !session->preview().isNull() && session->framesPerSecond() > 0.0;
+           });
 }
 
 void CViewerStart::takeScreenshot()

@@ -6,6 +6,7 @@
 #include "host/viewer/window/SViewerOptions.h"
 
 #include <QObject>
+#include <QStringList>
 #include <QTimer>
 
 namespace Host {
@@ -37,12 +38,15 @@ Q_SIGNALS:
     void ended(int exitCode);
 
 private:
+    void connectNext();
+    void onChanged(const CCameraSession* session);
     void onOpened(CCameraSession* session);
     void takeScreenshot();
     bool isEverythingSeen() const;
 
     CViewerWindow& m_window;
     const SViewerOptions m_options;
+    QStringList m_toConnect; // one after the other, so that tabs and images are in their order
     QTimer m_poll;
     int m_seenFor = 0; // looks
 };

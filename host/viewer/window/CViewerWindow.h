@@ -29,7 +29,7 @@ class CViewerMenus;
 class CViewerStatus;
 
 /**
- * The window of the viewer: cameras at the left, the graph of each scene as a tab in the middle, images at the right.
+ * The window of the viewer: cameras at the left, images above the graphs, of which each scene has one in a tab.
  *
  * \code
  * CViewerWindow window({services.nodes(), services.models(), settings, positions});
