@@ -43,6 +43,9 @@ public:
 
     void watch(Plugin::Halvex::CNodeScene& scene);
 
+    /// False while nothing flows.
+    bool isBeating() const { return m_timer.isActive(); }
+
 Q_SIGNALS:
     /// \a who: captions, as a person reads them; empty if no model was at work. Once for each time, right afterwards.
     void heldUp(const QString& who, int milliseconds);
