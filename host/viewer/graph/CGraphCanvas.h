@@ -104,8 +104,11 @@ private:
     void syncConnections(const Plugin::Halvex::CNodeScene& scene);
     void addNode(Plugin::Halvex::CNodeBase& node);
     void dropNode(const Core::CId& id);
+    void dropAll();
     void dropConnection(const Core::CId& id);
     void placeNewNodes();
+    // Most often the only one is the camera, and a chain has just been added behind it.
+    void arrangeAroundTheOnlyOne();
     std::vector<QPointF> layoutOf(const std::vector<CNodeItem*>& items) const;
     void applyPositions();
     void commitMoves();
