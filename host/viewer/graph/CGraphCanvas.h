@@ -64,6 +64,10 @@ public:
     CNodeItem* nodeItem(const Core::CId& node) const;
     const std::map<Core::CId, CNodeItem*>& nodeItems() const { return m_nodes; }
     const std::map<Core::CId, CConnectionItem*>& connectionItems() const { return m_connections; }
+
+    /// What all nodes fill.
+    QRectF nodesRect() const;
+
     std::vector<Core::CId> selectedNodes() const;
     std::vector<Core::CId> selectedConnections() const;
 

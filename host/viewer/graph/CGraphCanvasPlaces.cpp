@@ -120,14 +120,19 @@ void CGraphCanvas::commitMoves()
     m_editor->moveNodes(moved);
 }
 
-void CGraphCanvas::fitSceneRect()
+QRectF CGraphCanvas::nodesRect() const
 {
     QRectF all;
     for (const auto& entry : m_nodes)
-        all |= entry.second->sceneBoundingRect();
+        all |= QRectF(entry.second->pos(), entry.second->size());
+    return all;
+}
+
+void CGraphCanvas::fitSceneRect()
+{
     // Room to move the drawing about.
     constexpr double room = 2000;
-    setSceneRect(all.adjusted(-room, -room, room, room));
+    setSceneRect(nodesRect().adjusted(-room, -room, room, room));
 }
 
 QPointF CGraphCanvas::viewCentre() const

@@ -59,9 +59,9 @@ CGraphView::CGraphView(CGraphEditor& editor, QWidget* parent)
     addActions(m_actions->actions());
     m_search->hide();
     connect(m_canvas, &QGraphicsScene::selectionChanged, this, &CGraphView::onSelectionChanged);
-    connect(m_canvas, &CGraphCanvas::drawn, m_overview, QOverload<>::of(&QWidget::update));
+    connect(m_canvas, &CGraphCanvas::drawn, this, &CGraphView::updateOverview);
     for (const QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()})
-        connect(bar, &QScrollBar::valueChanged, m_overview, QOverload<>::of(&QWidget::update));
+        connect(bar, &QScrollBar::valueChanged, this, &CGraphView::updateOverview);
     retranslate();
 }
 
@@ -84,16 +84,14 @@ QList<QAction*> CGraphView::graphActions() const
 void CGraphView::fit()
 {
     m_canvas->sync();
-    QRectF all;
-    for (const auto& entry : m_canvas->nodeItems())
-        all |= entry.second->sceneBoundingRect();
+    const QRectF all = m_canvas->nodesRect();
     if (all.isEmpty())
         return;
     fitInView(all.adjusted(-24, -24, 24, 24), Qt::KeepAspectRatio);
     if (transform().m11() > 1)
         setTransform(QTransform());
     centerOn(all.center());
-    m_overview->update();
+    updateOverview();
 }
 
 void CGraphView::zoom(double factor)
@@ -101,7 +99,7 @@ void CGraphView::zoom(double factor)
     const double now = transform().m11();
     const double wanted = std::clamp(now * factor, leastZoom, mostZoom);
     scale(wanted / now, wanted / now);
-    m_overview->update();
+    updateOverview();
 }
 
 void CGraphView::setActualSize()
@@ -141,14 +139,10 @@ void CGraphView::place(const QString& modelName)
         goTo(added);
 }
 
-void CGraphView::setOverviewVisible(bool visible)
+void CGraphView::setOverviewEnabled(bool enabled)
 {
-    m_overview->setVisible(visible);
-}
-
-bool CGraphView::isOverviewVisible() const
-{
-    return !m_overview->isHidden();
+    m_isOverviewEnabled = enabled;
+    updateOverview();
 }
 
 void CGraphView::connectSelected()
@@ -219,11 +213,19 @@ void CGraphView::onSelectionChanged()
 
 void CGraphView::placeOverlays()
 {
+    updateOverview();
     const QSize size = m_overview->sizeHint();
     m_overview->setGeometry(width() - size.width() - overlayMargin, height() - size.height() - overlayMargin,
                             size.width(), size.height());
     m_search->adjustSize();
     m_search->move(width() - m_search->width() - overlayMargin, overlayMargin);
+}
+
+void CGraphView::updateOverview()
+{
+    const QRectF shown = mapToScene(viewport()->rect()).boundingRect();
+    m_overview->setVisible(m_isOverviewEnabled && !shown.contains(m_canvas->nodesRect()));
+    m_overview->update();
 }
 
 void CGraphView::retranslate()
