@@ -32,7 +32,7 @@ QVariant CFaultModel::data(const QModelIndex& index, int role) const
 {
     const SFaultRow& shown = row(index.row());
     if (role == Qt::ToolTipRole)
-        return faultRuleText(shown.fault.rule);
+        return QStringLiteral("%1\n%2").arg(shown.fault.message, faultRuleText(shown.fault.rule));
     if (role == Qt::DecorationRole && index.column() == Severity)
         return QApplication::style()->standardIcon(shown.fault.isError ? QStyle::SP_MessageBoxCritical
                                                                        : QStyle::SP_MessageBoxWarning);

@@ -59,6 +59,7 @@ CFaultPanel::CFaultPanel(INodeService& service, const IHostModels& models, QWidg
     m_view->setRootIsDecorated(false);
     m_view->setAlternatingRowColors(true);
     m_view->setUniformRowHeights(true);
+    m_view->setAllColumnsShowFocus(true);
     m_view->header()->setSectionResizeMode(CFaultModel::Severity, QHeaderView::ResizeToContents);
     m_view->header()->setSectionResizeMode(CFaultModel::Place, QHeaderView::ResizeToContents);
     auto* const column = new QVBoxLayout(this);

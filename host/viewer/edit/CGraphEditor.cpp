@@ -31,22 +31,6 @@ bool isUnique(const CNodeBase& node)
     return model && model->isUnique();
 }
 
-QPointF middleOf(const NodePositions& positions)
-{
-    QPointF sum;
-    for (const QPointF& position : positions)
-        sum += position;
-    return positions.isEmpty() ? sum : sum / positions.size();
-}
-
-std::set<Core::CId> nodeIds(const CNodeScene& scene)
-{
-    std::set<Core::CId> ids;
-    for (const auto& entry : scene.nodes())
-        ids.insert(entry.first);
-    return ids;
-}
-
 QString valueOf(const QObject& model, const QString& setting)
 {
     for (const SModelSetting& each : settingsOf(model)) {
@@ -86,7 +70,7 @@ std::shared_ptr<CNodeDataModelRegistry> CGraphEditor::registry() const
 void CGraphEditor::setPositions(const NodePositions& positions)
 {
     for (auto each = positions.begin(); each != positions.end(); ++each)
-        m_positions.insert(each.key(), each.value());
+        m_positions.insert(each.key(), onGrid(each.value()));
     Q_EMIT positionsChanged();
 }
 
@@ -189,10 +173,11 @@ void CGraphEditor::moveNodes(const NodePositions& positions)
     NodePositions from;
     NodePositions to;
     for (auto each = positions.begin(); each != positions.end(); ++each) {
-        if (m_positions.value(each.key()) == each.value() && m_positions.contains(each.key()))
+        const QPointF position = onGrid(each.value());
+        if (m_positions.value(each.key()) == position && m_positions.contains(each.key()))
             continue;
         from.insert(each.key(), m_positions.value(each.key()));
-        to.insert(each.key(), each.value());
+        to.insert(each.key(), position);
     }
     if (to.isEmpty())
         return;
@@ -200,70 +185,6 @@ void CGraphEditor::moveNodes(const NodePositions& positions)
                              ? tr("Move %n nodes", nullptr, to.size())
                              : tr("Move '%1'").arg(captionOf(Core::CId(to.firstKey().toLatin1().constData())));
     m_undoStack.push(new CMoveStep(text, *this, from, to));
-}
-
-std::vector<Core::CId> CGraphEditor::duplicate(const std::vector<Core::CId>& nodes, QPointF offset)
-{
-    if (!m_scene)
-        return {};
-    const SGraphPart copy = copyOf(partOf(*m_scene, nodes, m_positions), offset);
-    if (copy.nodes.empty()) {
-        refuse(tr("There is nothing that can be there twice"));
-        return {};
-    }
-    const QString text = copy.nodes.size() > 1 ? tr("Duplicate %n nodes", nullptr, int(copy.nodes.size()))
-                                               : tr("Duplicate '%1'").arg(captionOf(nodes.front()));
-    return addPart(copy, text);
-}
-
-QByteArray CGraphEditor::copied(const std::vector<Core::CId>& nodes) const
-{
-    return m_scene ? toText(partOf(*m_scene, nodes, m_positions)) : QByteArray();
-}
-
-std::vector<Core::CId> CGraphEditor::paste(const QByteArray& text, QPointF middle)
-{
-    if (QJsonDocument::fromJson(text).isArray())
-        return importChain(QString::fromUtf8(text));
-    SGraphPart part = partFromText(text);
-    part = copyOf(part, middle - middleOf(part.positions));
-    if (!m_scene || part.nodes.empty()) {
-        refuse(tr("There are no nodes in the text"));
-        return {};
-    }
-    return addPart(part,
-                   part.nodes.size() > 1 ? tr("Paste %n nodes", nullptr, int(part.nodes.size())) : tr("Paste a node"));
-}
-
-std::vector<Core::CId> CGraphEditor::importChain(const QString& chain)
-{
-    if (!m_scene)
-        return {};
-    // Documents go into the active scene, which need not be this one.
-    const QPointer<CNodeScene> active = m_service.getActiveScene();
-    if (active != m_scene)
-        m_service.setActiveScene(m_scene);
-    if (m_service.getActiveScene() != m_scene) {
-        refuse(tr("Only a scene of the service takes chains"));
-        return {};
-    }
-    const std::set<Core::CId> before = nodeIds(*m_scene);
-    const bool isWhole = m_service.importDocument(chain);
-    if (active && active != m_scene)
-        m_service.setActiveScene(active);
-
-    std::vector<Core::CId> added;
-    for (const Core::CId& id : m_scene ? nodeIds(*m_scene) : before) {
-        if (before.count(id) == 0)
-            added.push_back(id);
-    }
-    if (!isWhole)
-        refuse(tr("The chain names a model that there is not"));
-    else if (added.empty())
-        refuse(tr("There is no chain in the text"));
-    if (!added.empty())
-        recordAdded(added.size() > 1 ? tr("Import %n nodes", nullptr, int(added.size())) : tr("Import a node"), added);
-    return added;
 }
 
 void CGraphEditor::exchange(SGraphPart* out, const SGraphPart& in)
@@ -290,20 +211,6 @@ void CGraphEditor::applySetting(const Core::CId& id, const QString& name, const 
         found ? Host::setSetting(*found->nodeDataModel(), name, value) : tr("The node of this step is gone");
     if (!error.isEmpty())
         refuse(error);
-}
-
-std::vector<Core::CId> CGraphEditor::addPart(const SGraphPart& part, const QString& text)
-{
-    SGraphPart nothing;
-    exchange(&nothing, part);
-    std::vector<Core::CId> added;
-    for (const Core::CId& id : idsIn(part)) {
-        if (node(id))
-            added.push_back(id);
-    }
-    if (!added.empty())
-        recordAdded(text, added);
-    return added;
 }
 
 void CGraphEditor::recordAdded(const QString& text, const std::vector<Core::CId>& nodes)

@@ -62,8 +62,8 @@ public:
     /// Where the nodes are drawn. Only of nodes that are there: a node that goes takes its position along.
     NodePositions positions() const { return m_positions; }
 
-    /// Sets these positions and leaves the others. It is no step; ids that the scene does not have are kept for nodes
-    /// to come. Emits positionsChanged() once.
+    /// Sets these positions, on the grid, and leaves the others. It is no step; ids that the scene does not have are
+    /// kept for nodes to come. Emits positionsChanged() once.
     void setPositions(const NodePositions& positions);
 
     /// Returns the new node's id; no id if there is no such model.

@@ -65,7 +65,9 @@ CSettingField::CSettingField(const SModelSetting& setting, const std::optional<S
     auto* const label = new QLabel(words, this);
     label->setBuddy(m_editor);
     auto* const range = new QLabel(setting.type == QLatin1String("one of") ? QString() : setting.range, this);
-    range->setForegroundRole(QPalette::PlaceholderText);
+    QFont small = range->font();
+    small.setPointSizeF(small.pointSizeF() * 0.85);
+    range->setFont(small);
     m_reset->setObjectName(QStringLiteral("reset ") + m_name);
     m_reset->setAutoRaise(true);
     m_reset->setText(QStringLiteral("↺"));

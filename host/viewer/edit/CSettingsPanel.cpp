@@ -57,7 +57,6 @@ CSettingsPanel::CSettingsPanel(QWidget* parent)
     bold.setBold(true);
     m_title->setFont(bold);
     m_hint->setWordWrap(true);
-    m_hint->setForegroundRole(QPalette::PlaceholderText);
     m_layout->setContentsMargins(8, 8, 8, 8);
     m_layout->setSpacing(8);
     m_layout->addWidget(m_title);

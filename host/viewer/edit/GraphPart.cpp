@@ -14,6 +14,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <cmath>
 #include <set>
 #include <utility>
 
@@ -95,6 +96,12 @@ SGraphPart presentPart(const CNodeScene& scene, const SGraphPart& part, const No
 }
 
 } // namespace
+
+QPointF onGrid(QPointF position)
+{
+    return {std::round(position.x() / positionGrid) * positionGrid,
+            std::round(position.y() / positionGrid) * positionGrid};
+}
 
 SGraphPart partOf(const CNodeScene& scene, const std::vector<Core::CId>& nodes, const NodePositions& positions)
 {
@@ -182,7 +189,7 @@ SGraphPart copyOf(const SGraphPart& part, QPointF offset)
         node.insert(QString(DocumentKeys::id), newIds.value(old));
         copy.nodes.push_back(node);
         if (part.positions.contains(old))
-            copy.positions.insert(newIds.value(old), part.positions.value(old) + offset);
+            copy.positions.insert(newIds.value(old), onGrid(part.positions.value(old) + offset));
     }
     for (QJsonObject json : part.connections) {
         const QString in = newIds.value(json.value(DocumentKeys::inId).toString());

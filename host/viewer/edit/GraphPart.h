@@ -20,8 +20,12 @@ class CNodeScene;
 
 namespace Host {
 
-/// Where nodes are drawn, by their ids: the middle of each, in pixels of the unscaled drawing.
+/// Where nodes are drawn, by their ids: the top left corner of each, in pixels of the unscaled drawing.
 using NodePositions = QMap<QString, QPointF>;
+
+/// The nearest point of the grid that all positions are on, so that nodes beside each other stand in line.
+constexpr double positionGrid = 8;
+QPointF onGrid(QPointF position);
 
 /// Some nodes and connections of a scene, as its document has them, and where the nodes are drawn. A plain value.
 struct SGraphPart
@@ -51,7 +55,7 @@ void takeOut(Plugin::Halvex::CNodeScene& scene, SGraphPart* part, const NodePosi
 int putBack(Plugin::Halvex::CNodeScene& scene, const SGraphPart& part);
 
 /// \a part with new ids and without what cannot be there twice: nodes with a unique model, and connections that lead
-/// out of it. \a offset is added to the positions.
+/// out of it. \a offset is added to the positions, which are put on the grid.
 SGraphPart copyOf(const SGraphPart& part, QPointF offset);
 
 /// \a part as a scene document, with "positions" besides, for the clipboard; and what such a text says.

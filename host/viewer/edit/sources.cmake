@@ -6,6 +6,7 @@ target_sources(HalvexHostViewer PRIVATE
   edit/CFaultPanel.h
   edit/CGraphEditor.cpp
   edit/CGraphEditor.h
+  edit/CGraphEditorCopies.cpp
   edit/CModelPalette.cpp
   edit/CModelPalette.h
   edit/CModelTree.cpp

@@ -29,6 +29,7 @@ using namespace Plugin::Halvex;
 namespace {
 
 constexpr double leastForLabel = 0.55;
+constexpr double leastForCurve = 0.2;
 
 // What goes by a converter changes its type on the way.
 QString typeText(const CNodeConnection& connection)
@@ -127,11 +128,14 @@ void CConnectionItem::paint(QPainter* painter, const QStyleOptionGraphicsItem* o
     const QPalette palette = widget ? widget->palette() : option->palette;
     const SGraphColors colors = graphColors(palette);
     const double detail = QStyleOptionGraphicsItem::levelOfDetailFromTransform(painter->worldTransform());
-    painter->setRenderHint(QPainter::Antialiasing, true);
+    painter->setRenderHint(QPainter::Antialiasing, detail >= leastForCurve);
     const double width = isSelected() ? 4 : 2;
     painter->setPen(QPen(isSelected() ? colors.selection : typeColor(m_typeId, palette), std::max(width, 1 / detail)));
     painter->setBrush(Qt::NoBrush);
-    painter->drawPath(m_path);
+    if (detail < leastForCurve)
+        painter->drawLine(m_path.pointAtPercent(0), m_path.pointAtPercent(1));
+    else
+        painter->drawPath(m_path);
     if (detail < leastForLabel)
         return;
     painter->setPen(QPen(isSelected() ? colors.selection : colors.grid, 1));

@@ -94,7 +94,7 @@ void CGraphActions::addViews()
     add("graphZoomIn", QKeySequence::ZoomIn, [this] { m_view.zoom(zoomStep); });
     add("graphZoomOut", QKeySequence::ZoomOut, [this] { m_view.zoom(1 / zoomStep); });
     add("graphOverview", QKeySequence(Qt::Key_M),
-        [this] { m_view.setOverviewVisible(find("graphOverview")->isChecked()); });
+        [this] { m_view.setOverviewEnabled(find("graphOverview")->isChecked()); });
 }
 
 void CGraphActions::updateEnabled()

@@ -48,10 +48,8 @@ CGraphCanvas::CGraphCanvas(CGraphEditor& editor, QObject* parent)
 
 CGraphCanvas::~CGraphCanvas()
 {
-    m_drag.reset();
-    // Connections refer to the items of their nodes.
-    while (!m_connections.empty())
-        dropConnection(m_connections.begin()->first);
+    // Who hears of the selection may ask for what is there.
+    dropAll();
 }
 
 CGraphEditor* CGraphCanvas::editor() const
@@ -64,8 +62,7 @@ void CGraphCanvas::sync()
     const CNodeScene* const scene = m_editor ? m_editor->scene() : nullptr;
     m_syncTimer.stop();
     if (!scene) {
-        while (!m_nodes.empty())
-            dropNode(m_nodes.begin()->first);
+        dropAll();
         return;
     }
     syncNodes(*scene);
@@ -135,20 +132,6 @@ SPort CGraphCanvas::portAt(QPointF point) const
             return port;
     }
     return {};
-}
-
-void CGraphCanvas::arrange()
-{
-    sync();
-    std::vector<CNodeItem*> all;
-    for (const auto& entry : m_nodes)
-        all.push_back(entry.second);
-    const std::vector<QPointF> corners = layoutOf(all);
-    NodePositions positions;
-    for (std::size_t i = 0; i < all.size(); ++i)
-        positions.insert(all[i]->id().toString(), corners[i]);
-    if (m_editor)
-        m_editor->moveNodes(positions);
 }
 
 void CGraphCanvas::startConnection(const SPort& port)
@@ -262,6 +245,12 @@ void CGraphCanvas::dropNode(const Core::CId& id)
         cancelConnection();
 }
 
+void CGraphCanvas::dropAll()
+{
+    while (!m_nodes.empty())
+        dropNode(m_nodes.begin()->first);
+}
+
 void CGraphCanvas::dropConnection(const Core::CId& id)
 {
     const auto found = m_connections.find(id);
@@ -269,85 +258,6 @@ void CGraphCanvas::dropConnection(const Core::CId& id)
         return;
     const std::unique_ptr<CConnectionItem> item(found->second);
     m_connections.erase(found);
-}
-
-void CGraphCanvas::placeNewNodes()
-{
-    const NodePositions known = m_editor->positions();
-    std::vector<CNodeItem*> placeless;
-    std::vector<QRectF> taken;
-    for (const auto& entry : m_nodes) {
-        if (known.contains(entry.first.toString()))
-            taken.emplace_back(entry.second->pos(), entry.second->size());
-        else
-            placeless.push_back(entry.second);
-    }
-    if (placeless.empty())
-        return;
-    const std::vector<QPointF> corners = layoutOf(placeless);
-    QRectF block;
-    for (std::size_t i = 0; i < placeless.size(); ++i)
-        block |= QRectF(corners[i], placeless[i]->size());
-    const QPointF wanted = viewCentre() - QPointF(block.width(), block.height()) / 2;
-    const QPointF corner = taken.empty() ? QPointF() : findFreePlace(block.size(), wanted, taken);
-    NodePositions positions;
-    for (std::size_t i = 0; i < placeless.size(); ++i)
-        positions.insert(placeless[i]->id().toString(), corner + corners[i]);
-    m_editor->setPositions(positions);
-}
-
-std::vector<QPointF> CGraphCanvas::layoutOf(const std::vector<CNodeItem*>& items) const
-{
-    std::map<const CNodeItem*, int> numbers;
-    std::vector<QSizeF> sizes;
-    for (const CNodeItem* item : items) {
-        numbers[item] = int(sizes.size());
-        sizes.push_back(item->size());
-    }
-    FlowEdges edges;
-    for (const auto& entry : m_connections) {
-        const auto from = numbers.find(&entry.second->from());
-        const auto to = numbers.find(&entry.second->to());
-        if (from != numbers.end() && to != numbers.end())
-            edges.emplace_back(from->second, to->second);
-    }
-    return sizes.size() > 1 ? layoutGraph(sizes, edges) : std::vector<QPointF>(sizes.size());
-}
-
-void CGraphCanvas::applyPositions()
-{
-    const NodePositions positions = m_editor->positions();
-    for (const auto& entry : m_nodes) {
-        const auto found = positions.find(entry.first.toString());
-        if (found != positions.end())
-            entry.second->setPos(found.value());
-    }
-    if (!m_syncTimer.isActive())
-        m_syncTimer.start();
-}
-
-void CGraphCanvas::commitMoves()
-{
-    if (!m_editor)
-        return;
-    const NodePositions known = m_editor->positions();
-    NodePositions moved;
-    for (const auto& entry : m_nodes) {
-        const QString id = entry.first.toString();
-        if (entry.second->isSelected() && known.value(id) != entry.second->pos())
-            moved.insert(id, entry.second->pos());
-    }
-    m_editor->moveNodes(moved);
-}
-
-void CGraphCanvas::fitSceneRect()
-{
-    QRectF all;
-    for (const auto& entry : m_nodes)
-        all |= entry.second->sceneBoundingRect();
-    // Room to move the drawing about.
-    constexpr double room = 2000;
-    setSceneRect(all.adjusted(-room, -room, room, room));
 }
 
 void CGraphCanvas::pulse()
@@ -377,12 +287,6 @@ bool CGraphCanvas::isShown() const
 {
     const QList<QGraphicsView*> shown = views();
     return std::any_of(shown.begin(), shown.end(), [](const QGraphicsView* view) { return view->isVisible(); });
-}
-
-QPointF CGraphCanvas::viewCentre() const
-{
-    const QList<QGraphicsView*> shown = views();
-    return shown.isEmpty() ? QPointF() : shown.front()->mapToScene(shown.front()->viewport()->rect().center());
 }
 
 } // namespace Host

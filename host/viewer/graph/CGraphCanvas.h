@@ -64,6 +64,10 @@ public:
     CNodeItem* nodeItem(const Core::CId& node) const;
     const std::map<Core::CId, CNodeItem*>& nodeItems() const { return m_nodes; }
     const std::map<Core::CId, CConnectionItem*>& connectionItems() const { return m_connections; }
+
+    /// What all nodes fill.
+    QRectF nodesRect() const;
+
     std::vector<Core::CId> selectedNodes() const;
     std::vector<Core::CId> selectedConnections() const;
 
@@ -104,8 +108,11 @@ private:
     void syncConnections(const Plugin::Halvex::CNodeScene& scene);
     void addNode(Plugin::Halvex::CNodeBase& node);
     void dropNode(const Core::CId& id);
+    void dropAll();
     void dropConnection(const Core::CId& id);
     void placeNewNodes();
+    // Most often the only one is the camera, and a chain has just been added behind it.
+    void arrangeAroundTheOnlyOne();
     std::vector<QPointF> layoutOf(const std::vector<CNodeItem*>& items) const;
     void applyPositions();
     void commitMoves();

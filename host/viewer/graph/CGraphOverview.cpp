@@ -23,14 +23,6 @@ namespace {
 
 constexpr double margin = 8;
 
-QRectF nodesRect(const CGraphCanvas& canvas)
-{
-    QRectF all;
-    for (const auto& entry : canvas.nodeItems())
-        all |= QRectF(entry.second->pos(), entry.second->size());
-    return all;
-}
-
 QColor colorOf(const SNodeLook& look, const QPalette& palette)
 {
     const SGraphColors colors = graphColors(palette);
@@ -95,7 +87,7 @@ void CGraphOverview::changeEvent(QEvent* event)
 
 QTransform CGraphOverview::fromScene() const
 {
-    const QRectF all = nodesRect(m_view.canvas());
+    const QRectF all = m_view.canvas().nodesRect();
     if (all.isEmpty())
         return {};
     const double scale = std::min((width() - 2 * margin) / all.width(), (height() - 2 * margin) / all.height());

@@ -95,7 +95,8 @@ void CGraphSearch::find(const QString& text)
 {
     m_found.clear();
     m_current = 0;
-    const CGraphCanvas& canvas = m_view.canvas();
+    CGraphCanvas& canvas = m_view.canvas();
+    canvas.sync();
     Core::CId node = nodeBeside(canvas, Core::CId(), true);
     while (!text.isEmpty() && node != Core::CId()) {
         if (matches(*canvas.nodeItem(node), text))

@@ -17,6 +17,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPixmapCache>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -32,7 +33,6 @@ namespace {
 constexpr double leastZoom = 0.04;
 constexpr double mostZoom = 4;
 constexpr double gridStep = 24;
-constexpr double moveStep = 8;
 constexpr int overlayMargin = 12;
 
 } // namespace
@@ -54,19 +54,21 @@ CGraphView::CGraphView(CGraphEditor& editor, QWidget* parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::StrongFocus);
     setAcceptDrops(true);
+    constexpr int cacheKilobytes = 64 * 1024; // the nodes that fill two large screens, twice as sharp
+    QPixmapCache::setCacheLimit(std::max(QPixmapCache::cacheLimit(), cacheKilobytes));
     addActions(m_actions->actions());
     m_search->hide();
     connect(m_canvas, &QGraphicsScene::selectionChanged, this, &CGraphView::onSelectionChanged);
-    connect(m_canvas, &CGraphCanvas::drawn, m_overview, QOverload<>::of(&QWidget::update));
+    connect(m_canvas, &CGraphCanvas::drawn, this, &CGraphView::updateOverview);
     for (const QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()})
-        connect(bar, &QScrollBar::valueChanged, m_overview, QOverload<>::of(&QWidget::update));
+        connect(bar, &QScrollBar::valueChanged, this, &CGraphView::updateOverview);
     retranslate();
 }
 
 CGraphView::~CGraphView()
 {
-    // The canvas tells of its selection when it goes; by then this is no view any more.
-    disconnect(m_canvas, nullptr, this, nullptr);
+    // The canvas tells of its selection when it goes; by then this is no CGraphView any more.
+    m_canvas->disconnect();
 }
 
 CGraphEditor* CGraphView::editor() const
@@ -82,16 +84,14 @@ QList<QAction*> CGraphView::graphActions() const
 void CGraphView::fit()
 {
     m_canvas->sync();
-    QRectF all;
-    for (const auto& entry : m_canvas->nodeItems())
-        all |= entry.second->sceneBoundingRect();
+    const QRectF all = m_canvas->nodesRect();
     if (all.isEmpty())
         return;
     fitInView(all.adjusted(-24, -24, 24, 24), Qt::KeepAspectRatio);
     if (transform().m11() > 1)
         setTransform(QTransform());
     centerOn(all.center());
-    m_overview->update();
+    updateOverview();
 }
 
 void CGraphView::zoom(double factor)
@@ -99,7 +99,7 @@ void CGraphView::zoom(double factor)
     const double now = transform().m11();
     const double wanted = std::clamp(now * factor, leastZoom, mostZoom);
     scale(wanted / now, wanted / now);
-    m_overview->update();
+    updateOverview();
 }
 
 void CGraphView::setActualSize()
@@ -139,14 +139,10 @@ void CGraphView::place(const QString& modelName)
         goTo(added);
 }
 
-void CGraphView::setOverviewVisible(bool visible)
+void CGraphView::setOverviewEnabled(bool enabled)
 {
-    m_overview->setVisible(visible);
-}
-
-bool CGraphView::isOverviewVisible() const
-{
-    return !m_overview->isHidden();
+    m_isOverviewEnabled = enabled;
+    updateOverview();
 }
 
 void CGraphView::connectSelected()
@@ -167,71 +163,6 @@ void CGraphView::connectSelected()
         drag->step(1);
 }
 
-void CGraphView::wheelEvent(QWheelEvent* event)
-{
-    constexpr double perNotch = 1.2;
-    constexpr double notch = 120;
-    const int turned = event->angleDelta().y() != 0 ? event->angleDelta().y() : event->angleDelta().x();
-    zoom(std::pow(perNotch, turned / notch));
-    event->accept();
-}
-
-void CGraphView::mousePressEvent(QMouseEvent* event)
-{
-    m_isPanning = event->button() == Qt::MiddleButton;
-    if (!m_isPanning) {
-        QGraphicsView::mousePressEvent(event);
-        return;
-    }
-    m_panFrom = event->pos();
-    viewport()->setCursor(Qt::ClosedHandCursor);
-}
-
-void CGraphView::mouseMoveEvent(QMouseEvent* event)
-{
-    if (!m_isPanning) {
-        QGraphicsView::mouseMoveEvent(event);
-        return;
-    }
-    const QPoint moved = event->pos() - m_panFrom;
-    m_panFrom = event->pos();
-    horizontalScrollBar()->setValue(horizontalScrollBar()->value() - moved.x());
-    verticalScrollBar()->setValue(verticalScrollBar()->value() - moved.y());
-}
-
-void CGraphView::mouseReleaseEvent(QMouseEvent* event)
-{
-    if (!m_isPanning) {
-        QGraphicsView::mouseReleaseEvent(event);
-        return;
-    }
-    m_isPanning = false;
-    viewport()->unsetCursor();
-}
-
-void CGraphView::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    const auto* const item = qgraphicsitem_cast<CNodeItem*>(itemAt(event->pos()));
-    const Core::CId id = item ? item->id() : Core::CId();
-    QGraphicsView::mouseDoubleClickEvent(event);
-    if (id != Core::CId())
-        Q_EMIT nodeActivated(id);
-}
-
-void CGraphView::keyPressEvent(QKeyEvent* event)
-{
-    if (steerConnection(event->key()) || goInDirection(event->key(), event->modifiers()))
-        return;
-    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    const std::vector<Core::CId> chosen = m_canvas->selectedNodes();
-    if (isEnter && chosen.size() == 1)
-        Q_EMIT nodeActivated(chosen.front());
-    else if (event->key() == Qt::Key_Escape)
-        m_canvas->clearSelection();
-    else
-        QGraphicsView::keyPressEvent(event);
-}
-
 void CGraphView::resizeEvent(QResizeEvent* event)
 {
     QGraphicsView::resizeEvent(event);
@@ -246,8 +177,10 @@ void CGraphView::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange)
         retranslate();
-    if (event->type() == QEvent::PaletteChange)
-        viewport()->update();
+    if (event->type() == QEvent::PaletteChange && m_canvas) {
+        for (QGraphicsItem* item : m_canvas->items())
+            item->update(); // what they keep is in the old colours
+    }
     QGraphicsView::changeEvent(event);
 }
 
@@ -269,71 +202,6 @@ void CGraphView::drawBackground(QPainter* painter, const QRectF& area)
     painter->drawPoints(points.constData(), points.size());
 }
 
-bool CGraphView::focusNextPrevChild(bool next)
-{
-    if (CPortDrag* const drag = m_canvas->connectionInProgress()) {
-        drag->step(next ? 1 : -1);
-        return true;
-    }
-    const std::vector<Core::CId> chosen = m_canvas->selectedNodes();
-    const Core::CId node = nodeBeside(*m_canvas, chosen.empty() ? Core::CId() : chosen.front(), next);
-    // Behind the last node the next widget follows.
-    if (node == Core::CId())
-        return QGraphicsView::focusNextPrevChild(next);
-    goTo(node);
-    return true;
-}
-
-bool CGraphView::steerConnection(int key)
-{
-    CPortDrag* const drag = m_canvas->connectionInProgress();
-    if (!drag)
-        return false;
-    switch (key) {
-    case Qt::Key_Escape:
-        m_canvas->cancelConnection();
-        return true;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        m_canvas->finishConnection();
-        return true;
-    case Qt::Key_Right:
-    case Qt::Key_Down:
-        drag->step(1);
-        return true;
-    case Qt::Key_Left:
-    case Qt::Key_Up:
-        drag->step(-1);
-        return true;
-    default:
-        return false;
-    }
-}
-
-bool CGraphView::goInDirection(int key, Qt::KeyboardModifiers modifiers)
-{
-    const QPointF direction = directionOf(key);
-    if (direction.isNull())
-        return false;
-    const std::vector<Core::CId> chosen = m_canvas->selectedNodes();
-    if (modifiers & Qt::ControlModifier)
-        moveSelected(direction * moveStep);
-    else if (chosen.empty())
-        goTo(nodeBeside(*m_canvas, Core::CId(), true));
-    else
-        goTo(nodeInDirection(*m_canvas, chosen.front(), direction));
-    return true;
-}
-
-void CGraphView::moveSelected(QPointF by)
-{
-    NodePositions moved;
-    for (const Core::CId& id : m_canvas->selectedNodes())
-        moved.insert(id.toString(), m_canvas->nodeItem(id)->pos() + by);
-    if (m_editor)
-        m_editor->moveNodes(moved);
-}
-
 void CGraphView::onSelectionChanged()
 {
     const std::vector<Core::CId> chosen = m_canvas->selectedNodes();
@@ -345,11 +213,19 @@ void CGraphView::onSelectionChanged()
 
 void CGraphView::placeOverlays()
 {
+    updateOverview();
     const QSize size = m_overview->sizeHint();
     m_overview->setGeometry(width() - size.width() - overlayMargin, height() - size.height() - overlayMargin,
                             size.width(), size.height());
     m_search->adjustSize();
     m_search->move(width() - m_search->width() - overlayMargin, overlayMargin);
+}
+
+void CGraphView::updateOverview()
+{
+    const QRectF shown = mapToScene(viewport()->rect()).boundingRect();
+    m_overview->setVisible(m_isOverviewEnabled && !shown.contains(m_canvas->nodesRect()));
+    m_overview->update();
 }
 
 void CGraphView::retranslate()

@@ -62,8 +62,8 @@ public:
     /// Adds a node of that model in the middle of the view, chosen. Connect CModelPalette::placeRequested() to it.
     void place(const QString& modelName);
 
-    void setOverviewVisible(bool visible);
-    bool isOverviewVisible() const;
+    /// The overview is there while the view does not show all nodes; it can be switched off.
+    void setOverviewEnabled(bool enabled);
 
     /// Begins a connection at the next output of the chosen node, or at its inputs if it has no outputs.
     void connectSelected();
@@ -93,6 +93,7 @@ private:
     void moveSelected(QPointF by);
     void onSelectionChanged();
     void placeOverlays();
+    void updateOverview();
     void retranslate();
 
     const QPointer<CGraphEditor> m_editor;
@@ -104,6 +105,7 @@ private:
     QPoint m_panFrom;
     bool m_isPanning = false;
     bool m_wasFitted = false;
+    bool m_isOverviewEnabled = true;
 };
 
 } // namespace Host

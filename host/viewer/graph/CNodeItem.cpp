@@ -3,6 +3,7 @@
 
 #include "host/viewer/graph/CNodeItem.h"
 
+#include "host/viewer/edit/GraphPart.h"
 #include "host/viewer/graph/CConnectionItem.h"
 #include "host/viewer/graph/CNodeGeometry.h"
 #include "host/viewer/graph/CNodePainter.h"
@@ -21,7 +22,6 @@ using namespace Plugin::Halvex;
 
 namespace {
 
-constexpr double grid = 8;
 constexpr double margin = 14; // room for ports and the glow
 
 } // namespace
@@ -35,6 +35,8 @@ CNodeItem::CNodeItem(CNodeBase& node, const CNodeDataModelRegistry* registry)
     , m_rates(m_look.outputs.size())
 {
     setFlags(ItemIsSelectable | ItemIsMovable | ItemSendsGeometryChanges);
+    // Moving the drawing about shows what was painted already.
+    setCacheMode(DeviceCoordinateCache);
     layOut();
 }
 
@@ -126,10 +128,8 @@ void CNodeItem::paint(QPainter* painter, const QStyleOptionGraphicsItem* option,
 
 QVariant CNodeItem::itemChange(GraphicsItemChange change, const QVariant& value)
 {
-    if (change == ItemPositionChange) {
-        const QPointF wanted = value.toPointF();
-        return QPointF(std::round(wanted.x() / grid) * grid, std::round(wanted.y() / grid) * grid);
-    }
+    if (change == ItemPositionChange)
+        return onGrid(value.toPointF());
     if (change == ItemPositionHasChanged) {
         for (CConnectionItem* connection : m_connections)
             connection->adjust();

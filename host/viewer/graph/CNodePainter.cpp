@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <algorithm>
+
 namespace Host {
 
 using namespace Plugin::Halvex;
@@ -23,6 +25,19 @@ void drawElided(QPainter& painter, const QRectF& place, int flags, const QString
 {
     painter.drawText(place, flags | Qt::AlignVCenter | Qt::TextSingleLine,
                      QFontMetricsF(painter.font()).elidedText(text, Qt::ElideRight, place.width()));
+}
+
+// With the corners of the box at its top.
+QPainterPath headPath(const QRectF& head)
+{
+    QPainterPath path(head.bottomLeft());
+    path.lineTo(head.left(), head.top() + radius);
+    path.arcTo(QRectF(head.left(), head.top(), 2 * radius, 2 * radius), 180, -90);
+    path.lineTo(head.right() - radius, head.top());
+    path.arcTo(QRectF(head.right() - 2 * radius, head.top(), 2 * radius, 2 * radius), 90, -90);
+    path.lineTo(head.bottomRight());
+    path.closeSubpath();
+    return path;
 }
 
 QString portText(const SPortLook& port)
@@ -43,15 +58,19 @@ CNodePainter::CNodePainter(const SNodeLook& look, const QPalette& palette)
 void CNodePainter::paint(QPainter& painter, const SNodeMood& mood, double detail) const
 {
     painter.setRenderHint(QPainter::Antialiasing, detail >= leastForText);
-    if (mood.litPorts && mood.litPorts->empty())
+    if (mood.litPorts && mood.litPorts->empty()) {
+        painter.fillRect(QRectF(QPointF(), m_geometry.size()), m_colors.canvas);
         painter.setOpacity(dimmed);
+    }
     if (mood.isGlowing)
         paintGlow(painter);
     paintBox(painter, mood, detail);
     if (detail >= leastForText)
         paintHead(painter);
-    paintPorts(painter, ENodePortType::In, mood, detail);
-    paintPorts(painter, ENodePortType::Out, mood, detail);
+    if (detail >= leastForText || mood.litPorts) {
+        paintPorts(painter, ENodePortType::In, mood, detail);
+        paintPorts(painter, ENodePortType::Out, mood, detail);
+    }
     if (detail < leastForDetails)
         return;
     paintFigures(painter);
@@ -74,21 +93,21 @@ void CNodePainter::paintGlow(QPainter& painter) const
 void CNodePainter::paintBox(QPainter& painter, const SNodeMood& mood, double detail) const
 {
     const QRectF box(QPointF(), m_geometry.size());
-    const QColor kind = kindColor(m_look.kind, m_palette);
-    QPainterPath outline;
-    outline.addRoundedRect(box, radius, radius);
-    painter.fillPath(outline, m_colors.node);
-    QPainterPath head;
-    head.addRect(m_geometry.head());
-    QColor tint = kind;
-    tint.setAlpha(detail < leastForText ? 255 : 45);
-    painter.fillPath(outline.intersected(head), tint);
+    QColor tint = kindColor(m_look.kind, m_palette);
     const bool isMarked = mood.isSelected || m_look.state != ENodeValidationState::Valid;
-    painter.setBrush(Qt::NoBrush);
     // At least a pixel of the screen, however small the node is.
-    painter.setPen(QPen(mood.isSelected ? m_colors.selection : stateColor(),
-                        std::max(isMarked ? 2.0 : 1.0, (isMarked ? 2.0 : 1.0) / detail)));
-    painter.drawPath(outline);
+    const double width = std::max(isMarked ? 2.0 : 1.0, (isMarked ? 2.0 : 1.0) / detail);
+    painter.setPen(QPen(mood.isSelected ? m_colors.selection : stateColor(), width));
+    if (detail < leastForText) {
+        painter.setBrush(m_colors.node);
+        painter.drawRect(box);
+        painter.fillRect(m_geometry.head(), tint);
+        return;
+    }
+    painter.setBrush(m_colors.node);
+    painter.drawRoundedRect(box, radius, radius);
+    tint.setAlpha(45);
+    painter.fillPath(headPath(m_geometry.head()), tint);
 }
 
 void CNodePainter::paintHead(QPainter& painter) const

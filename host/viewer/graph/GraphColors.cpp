@@ -51,7 +51,7 @@ SGraphColors graphColors(const QPalette& palette)
 
 QColor typeColor(const QString& typeId, const QPalette& palette)
 {
-    constexpr std::array<int, 8> hues{210, 130, 30, 280, 180, 330, 55, 250};
+    constexpr std::array<int, 8> hues{215, 130, 30, 285, 175, 330, 55, 95};
     uint sum = 0; // not qHash(), which differs from run to run
     for (const QChar letter : typeId)
         sum = sum * 31 + letter.unicode();

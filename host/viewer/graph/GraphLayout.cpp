@@ -4,6 +4,7 @@
 #include "host/viewer/graph/GraphLayout.h"
 
 #include "host/documents/Drawing.h"
+#include "host/viewer/edit/GraphPart.h"
 
 #include <QByteArray>
 #include <QList>
@@ -20,7 +21,6 @@ namespace {
 
 constexpr double pixelsPerInch = 72;
 constexpr double gap = 32;
-constexpr double grid = 8;
 
 // Graphviz reads and writes numbers as the locale has them.
 class CPlainNumbers
@@ -56,11 +56,6 @@ QByteArray dotText(const std::vector<QSizeF>& sizes, const FlowEdges& edges)
     for (const auto& edge : edges)
         text += QByteArray::number(edge.first) + " -> " + QByteArray::number(edge.second) + ";\n";
     return text + "}\n";
-}
-
-double snapped(double value)
-{
-    return std::round(value / grid) * grid;
 }
 
 // By the distance from the sources alone, without a look at what crosses what: for when Graphviz fails.
@@ -112,13 +107,13 @@ std::vector<QPointF> layoutGraph(const std::vector<QSizeF>& sizes, const FlowEdg
     if (found != sizes.size())
         return columns(sizes, edges);
     for (QPointF& corner : corners)
-        corner = QPointF(snapped(corner.x() - left), snapped(corner.y() - top));
+        corner = onGrid(corner - QPointF(left, top));
     return corners;
 }
 
 QPointF findFreePlace(QSizeF size, QPointF wanted, const std::vector<QRectF>& taken)
 {
-    const QPointF start(snapped(wanted.x()), snapped(wanted.y()));
+    const QPointF start = onGrid(wanted);
     constexpr int mostRings = 1000;
     // Squares around the wanted place, each one step further out.
     for (int ring = 0; ring < mostRings; ++ring) {

@@ -77,12 +77,12 @@ SNodeLook lookOf(CNodeDataModel& model, const CNodeDataModelRegistry* registry)
     look.message = look.state == ENodeValidationState::Valid ? QString() : model.validationMessage().simplified();
     if (const auto* const decoupler = qobject_cast<CNodeDecouplerDataModelBase*>(&model)) {
         look.figures = CNodeTexts::figuresOf(decoupler->statistics());
-        look.figures.insert(look.figures.begin(), CNodeTexts::rate(decoupler->framesPerSecond()));
+        look.figures.push_back(CNodeTexts::rate(decoupler->framesPerSecond()));
     } else if (const auto* const worker = qobject_cast<AWorkerNodeDataModel*>(&model)) {
         const SWorkerStatistics statistics = worker->statistics();
         look.figures = CNodeTexts::figuresOf(statistics);
         look.workTime = statistics.workP50;
-        look.figures.insert(look.figures.begin(), CNodeTexts::workTime(look.workTime));
+        look.figures.push_back(CNodeTexts::workTime(look.workTime));
     }
     return look;
 }

@@ -7,12 +7,14 @@ target_sources(HalvexHostViewer PRIVATE
   graph/CGraphCanvas.cpp
   graph/CGraphCanvas.h
   graph/CGraphCanvasMouse.cpp
+  graph/CGraphCanvasPlaces.cpp
   graph/CGraphOverview.cpp
   graph/CGraphOverview.h
   graph/CGraphSearch.cpp
   graph/CGraphSearch.h
   graph/CGraphView.cpp
   graph/CGraphView.h
+  graph/CGraphViewInput.cpp
   graph/CNodeActivity.cpp
   graph/CNodeActivity.h
   graph/CNodeGeometry.cpp

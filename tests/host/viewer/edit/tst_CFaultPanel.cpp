@@ -63,9 +63,8 @@ void tst_CFaultPanel::leadsToThePlaceInAText()
     const QSignalSpy chosen(&panel, &CFaultPanel::placeChosen);
     const auto* const view = panel.findChild<QTreeView*>(QStringLiteral("faults"));
     QCOMPARE(view->model()->index(0, CFaultModel::Severity).data().toString(), QStringLiteral("Error"));
-    const QModelIndexList found =
-        view->model()->match(view->model()->index(0, CFaultModel::Message), Qt::DisplayRole, QStringLiteral("'Blurr'"),
-                             1, Qt::MatchContains);
+    const QModelIndexList found = view->model()->match(view->model()->index(0, CFaultModel::Message), Qt::DisplayRole,
+                                                       QStringLiteral("'Blurr'"), 1, Qt::MatchContains);
     QCOMPARE(found.size(), 1);
     QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, view->visualRect(found.front()).center());
     QCOMPARE(chosen.count(), 1);

@@ -82,12 +82,12 @@ void tst_GraphPart::copiesGetNewIds()
     const Core::CId edges = edited.add("Edges", {16, 16});
     QVERIFY(edited.connectNodes(edited.camera, blur) && edited.connectNodes(blur, edges));
     const SGraphPart part = partOf(*edited.scene, {edited.camera, blur, edges}, edited.editor->positions());
-    const SGraphPart copy = copyOf(part, {100, 0});
+    const SGraphPart copy = copyOf(part, {95, 0});
     QCOMPARE(copy.nodes.size(), std::size_t(2)); // the camera is there once
     QCOMPARE(copy.connections.size(), std::size_t(1));
     for (const Core::CId& id : idsIn(copy))
         QVERIFY(!edited.editor->node(id));
-    QCOMPARE(copy.positions.value(idsIn(copy).front().toString()), QPointF(108, 16));
+    QCOMPARE(copy.positions.value(idsIn(copy).front().toString()), QPointF(104, 16));
 }
 
 void tst_GraphPart::textKeepsEverything()

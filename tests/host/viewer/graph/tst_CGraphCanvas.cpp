@@ -4,6 +4,7 @@
 #include "host/viewer/graph/CGraphCanvas.h"
 
 #include "graph/SShownGraph.h"
+#include "host/models/CImageData.h"
 #include "host/viewer/graph/CPortDrag.h"
 #include "support/CTestModel.h"
 
@@ -43,6 +44,7 @@ private Q_SLOTS:
     void showsRates();
     void showsStatesWhenDataFlows();
     void glowsWhileAModelComputes();
+    void glowsWhenTheWorkTakesLongerThanAFrame();
     void showsWhatBecameOfTheDataOfADecoupler();
     void isEmptyWhenTheSceneGoes();
     void survivesTheEndOfTheEditor();
@@ -188,6 +190,24 @@ void tst_CGraphCanvas::glowsWhileAModelComputes()
     QTRY_VERIFY(!shown.item(id)->isGlowing());
 }
 
+void tst_CGraphCanvas::glowsWhenTheWorkTakesLongerThanAFrame()
+{
+    const SShownGraph shown;
+    const Core::CId blur = shown.edited.add("Blur");
+    shown.canvas().sync();
+    CNodeItem& item = *shown.item(blur);
+    const cv::Mat image(64, 64, CV_8UC1, cv::Scalar(7));
+    shown.edited.editor->node(blur)->propagateData(QSharedPointer<CImageData>::create(image, SFrameInfo()), 0);
+    QTRY_VERIFY(item.look().workTime > 0); // it is read while data flows
+    constexpr double many = 1e9;
+    item.updateGlow(many);
+    QVERIFY(item.isGlowing());
+    item.updateGlow(1e-3);
+    QVERIFY(!item.isGlowing());
+    item.updateGlow(0);
+    QVERIFY(!item.isGlowing());
+}
+
 void tst_CGraphCanvas::showsWhatBecameOfTheDataOfADecoupler()
 {
     const SShownGraph shown;
@@ -196,8 +216,8 @@ void tst_CGraphCanvas::showsWhatBecameOfTheDataOfADecoupler()
     QStringList names;
     for (const auto& figure : shown.item(id)->look().figures)
         names << figure.first;
-    QCOMPARE(names, (QStringList{"rate", "received", "emitted", "dropped", "pending"}));
-    QCOMPARE(shown.item(id)->look().figures.front().second, QStringLiteral("25 fps"));
+    QCOMPARE(names, (QStringList{"received", "emitted", "dropped", "pending", "rate"}));
+    QCOMPARE(shown.item(id)->look().figures.back().second, QStringLiteral("25 fps"));
 }
 
 void tst_CGraphCanvas::isEmptyWhenTheSceneGoes()

@@ -5,6 +5,7 @@
 
 #include "graph/SShownGraph.h"
 #include "host/viewer/edit/CModelTree.h"
+#include "host/viewer/graph/CGraphOverview.h"
 #include "host/viewer/graph/CGraphSearch.h"
 #include "host/viewer/graph/CPortDrag.h"
 
@@ -36,6 +37,7 @@ private Q_SLOTS:
     void enterActivatesANode();
     void theWheelZoomsAtThePointer();
     void fitShowsAll();
+    void theOverviewIsThereWhenItIsNeeded();
     void searchGoesToWhatIsFound();
     void aDroppedModelBecomesANode();
     void actionsHaveNamesAndTexts();
@@ -253,6 +255,24 @@ void tst_CGraphView::fitShowsAll()
     for (const Core::CId& id : {shown.edited.camera, far})
         QVERIFY(shown.view->viewport()->rect().contains(
             shown.view->mapFromScene(shown.item(id)->sceneBoundingRect()).boundingRect()));
+}
+
+void tst_CGraphView::theOverviewIsThereWhenItIsNeeded()
+{
+    const SShownGraph shown;
+    const Core::CId far = shown.edited.add("Blur", {4000, 3000});
+    shown.view->fit();
+    auto* const overview = shown.view->findChild<CGraphOverview*>();
+    QVERIFY(!overview->isVisible());
+    shown.view->setActualSize();
+    QVERIFY(overview->isVisible());
+    QTest::mouseClick(overview, Qt::LeftButton, Qt::NoModifier, QPoint(4, 4));
+    QVERIFY(!shown.view->viewport()->rect().contains(shown.at(far)));
+    QTest::mouseClick(overview, Qt::LeftButton, Qt::NoModifier,
+                      QPoint(overview->width() - 12, overview->height() - 12));
+    QVERIFY(shown.view->viewport()->rect().contains(shown.at(far)));
+    shown.view->setOverviewEnabled(false);
+    QVERIFY(!overview->isVisible());
 }
 
 void tst_CGraphView::searchGoesToWhatIsFound()

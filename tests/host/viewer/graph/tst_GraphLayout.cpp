@@ -3,6 +3,7 @@
 
 #include "host/viewer/graph/GraphLayout.h"
 
+#include <QElapsedTimer>
 #include <QTest>
 
 using namespace Host;
@@ -14,6 +15,7 @@ class tst_GraphLayout : public QObject
 private Q_SLOTS:
     void nothingIsLaidOutAsNothing();
     void theFlowGoesFromLeftToRight();
+    void connectionsDoNotCrossWithoutNeed();
     void nodesKeepClearOfEachOther();
     void fiveHundredNodesTakeLessThanTwoSeconds();
     void aFreePlaceIsTheWantedOne();
@@ -55,6 +57,13 @@ void tst_GraphLayout::theFlowGoesFromLeftToRight()
     QVERIFY(corners[2].x() + 208 < corners[1].x());
     QVERIFY(corners[1].x() + 208 < corners[0].x());
     QCOMPARE(corners[0].x(), corners[3].x());
+}
+
+void tst_GraphLayout::connectionsDoNotCrossWithoutNeed()
+{
+    // Two chains whose second nodes come in the other order.
+    const auto corners = layoutGraph(std::vector<QSizeF>(4, QSizeF(208, 100)), {{0, 3}, {1, 2}});
+    QCOMPARE(corners[0].y() < corners[1].y(), corners[3].y() < corners[2].y());
 }
 
 void tst_GraphLayout::nodesKeepClearOfEachOther()
