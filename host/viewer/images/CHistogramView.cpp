@@ -120,7 +120,7 @@ void CHistogramView::showImage(const SRenderedImage& image)
     replot();
 }
 
-void CHistogramView::setCounts(QwtPlotCurve& curve, const SHistogramScale::Counts& counts, double end)
+void CHistogramView::setCounts(QwtPlotCurve& curve, const SHistogramScale::Counts& counts, double end) const
 {
     const double step = end / double(counts.size());
     QVector<QPointF> points;

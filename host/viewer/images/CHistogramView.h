@@ -48,7 +48,7 @@ private:
     void retranslate();
     void takeColors();
     void setHeight(const std::vector<SHistogramScale::Counts>& channels);
-    void setCounts(QwtPlotCurve& curve, const SHistogramScale::Counts& counts, double end);
+    void setCounts(QwtPlotCurve& curve, const SHistogramScale::Counts& counts, double end) const;
 
     // They belong to the plot.
     std::vector<QwtPlotCurve*> m_curves;

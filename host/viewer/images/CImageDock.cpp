@@ -110,7 +110,7 @@ QWidget* CImageDock::makeToolBar()
     return bar;
 }
 
-void CImageDock::connectModel(CViewModel& model)
+void CImageDock::connectModel(CViewModel& model) const
 {
     connect(&model, &CViewModel::imageChanged, this, &CImageDock::onImageChanged);
     connect(&model, &CViewModel::viewNameChanged, this, &CImageDock::retranslate);

@@ -58,7 +58,7 @@ private:
     void retranslate();
     QWidget* makeToolBar();
     void addParts(QVBoxLayout& layout);
-    void connectModel(CViewModel& model);
+    void connectModel(CViewModel& model) const;
     void connectView();
     void connectLookActions();
     void connectFileActions();

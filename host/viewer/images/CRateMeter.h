@@ -32,7 +32,7 @@ public:
 private:
     struct SSample
     {
-        unsigned long long count;
+        unsigned long long count = 0;
         Clock::time_point time;
     };
 

@@ -34,6 +34,7 @@ std::vector<int> ownValues(const CImageData& image, const QPoint& pixel)
     if (!cv::Rect(0, 0, pixels.cols, pixels.rows).contains({pixel.x(), pixel.y()}))
         return {};
     std::vector<int> values;
+    values.reserve(std::size_t(pixels.channels()));
     for (int channel = 0; channel < pixels.channels(); ++channel)
         values.push_back(valueAt(pixels, pixel, channel) / int(ownScale(image)));
     return values;
