@@ -63,8 +63,8 @@ private Q_SLOTS:
 void tst_CCommandPalette::listsWhatCanBeSeenInItsOrder()
 {
     const SPalette test;
-    QCOMPARE(test.palette.texts(), (QStringList{"File › Open scene…", "File › Save scene", "File › Recent › first.json",
-                                                "View › Dark"}));
+    QCOMPARE(test.palette.texts(),
+             (QStringList{"File › Open scene…", "File › Save scene", "File › Recent › first.json", "View › Dark"}));
 }
 
 void tst_CCommandPalette::everyWordMustBeFound()

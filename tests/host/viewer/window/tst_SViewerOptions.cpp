@@ -52,9 +52,9 @@ void tst_SViewerOptions::allOfThem()
 {
     QString error;
     const SViewerOptions options =
-        read({"--camera", "fake-1", "--camera", "fake-2", "--chain", "a.json", "--chain", "b.json", "--load", "s.json",
-              "--language", "ja", "--colors", "dark", "--screenshot", "x.png", "--for", "2.5", "--forget", "--plugins",
-              "here"},
+        read({"--camera",     "fake-1", "--camera", "fake-2",     "--chain",  "a.json",    "--chain",
+              "b.json",       "--load", "s.json",   "--language", "ja",       "--colors",  "dark",
+              "--screenshot", "x.png",  "--for",    "2.5",        "--forget", "--plugins", "here"},
              &error);
     QCOMPARE(error, QString());
     QCOMPARE(options.cameras, (QStringList{"fake-1", "fake-2"}));
