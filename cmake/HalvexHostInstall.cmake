@@ -20,6 +20,11 @@ set(library_link "${CMAKE_CURRENT_BINARY_DIR}/installed/libHalvex.so")
 file(MAKE_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/installed")
 file(CREATE_LINK "../../libHalvex.so.${PROJECT_VERSION_MAJOR}" "${library_link}" SYMBOLIC)
 
+if(TARGET halvex-viewer)
+  # It needs what the component "host" brings: the plugins.
+  set_target_properties(halvex-viewer PROPERTIES INSTALL_RPATH "$ORIGIN/${HALVEX_LIB_FROM_BIN}")
+  install(TARGETS halvex-viewer RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT viewer)
+endif()
 install(TARGETS halvex-host RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT host)
 install(FILES "${library_link}" DESTINATION "${HALVEX_HOST_PLUGIN_DIR}" COMPONENT host)
 install(FILES schemas/chain.schema.json schemas/scene.schema.json

@@ -8,6 +8,7 @@ library_packages=(g++ cmake ninja-build qtbase5-dev qttools5-dev)
 host_packages=(pkg-config libaravis-dev libusb-1.0-0-dev # named in aravis-0.8.pc, but no dependency of its package
     libopencv-core-dev libopencv-imgproc-dev libopencv-imgcodecs-dev libopencv-videoio-dev
     libgraphviz-dev # pictures of graphs
+    libqwt-qt5-dev # charts of the viewer, and with it Qt's widgets
     libplplot-dev plplot-driver-cairo fonts-dejavu-core # charts, drawn in memory
     libcli11-dev rapidjson-dev libvalijson-dev) # headers: arguments, JSON with its places, and JSON Schema
 test_packages=(aravis-tools # arv-fake-gv-camera-0.8, a GigE Vision camera on the loopback

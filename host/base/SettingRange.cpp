@@ -9,6 +9,7 @@
 #include <QRegularExpression>
 
 #include <cmath>
+#include <limits>
 
 namespace Host {
 
@@ -47,14 +48,21 @@ QString rangeOf(const QObject& model, const QMetaProperty& property)
     return range.replace(QLatin1String(".."), QLatin1String(" to "));
 }
 
-bool isInRange(const QObject& model, const QMetaProperty& property, double value)
+std::optional<SSettingBounds> boundsOf(const QObject& model, const QMetaProperty& property)
 {
     static const QRegularExpression bounds(QStringLiteral(R"(^(-?\d+(?:\.\d+)?)(?:\.\.(-?\d+(?:\.\d+)?)?)?)"));
     const auto match = bounds.match(writtenRange(model, property));
     if (!match.hasMatch())
-        return true;
-    return std::isfinite(value) && value >= match.captured(1).toDouble() &&
-           (match.captured(2).isEmpty() || value <= match.captured(2).toDouble());
+        return std::nullopt;
+    return SSettingBounds{match.captured(1).toDouble(), match.captured(2).isEmpty()
+                                                            ? std::numeric_limits<double>::infinity()
+                                                            : match.captured(2).toDouble()};
+}
+
+bool isInRange(const QObject& model, const QMetaProperty& property, double value)
+{
+    const auto bounds = boundsOf(model, property);
+    return !bounds || (std::isfinite(value) && value >= bounds->least && value <= bounds->most);
 }
 
 } // namespace Host

@@ -6,6 +6,8 @@
 #include <QMetaProperty>
 #include <QString>
 
+#include <optional>
+
 class QObject;
 
 namespace Host {
@@ -14,6 +16,16 @@ namespace Host {
 /// information of the model says it, see AImageFilterModel; of settings that the library's own models have it is
 /// known here. Empty when nobody says.
 QString rangeOf(const QObject& model, const QMetaProperty& property);
+
+/// The numbers between which a setting lies. A plain value.
+struct SSettingBounds
+{
+    double least = 0;
+    double most = 0; ///< Infinite without an upper bound.
+};
+
+/// The bounds of the range; none without one.
+std::optional<SSettingBounds> boundsOf(const QObject& model, const QMetaProperty& property);
 
 /// Whether \a value lies between the bounds of the range; true without one. Whatever else a range says ("odd") is up to
 /// the model.

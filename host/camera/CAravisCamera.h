@@ -64,6 +64,9 @@ public:
     QString pixelFormat() const override { return m_pixelFormat; }
     QString description() const override;
 
+    /// Reads size and format anew, which were set through handle() while it was stopped. Threads: as start().
+    bool refresh(QString* error) { return readGeometry(error); }
+
     /// Makes the buffers and begins to acquire; does nothing when it does so already. False with the reason in
     /// \a error leaves the camera stopped.
     bool start(QString* error) override;

@@ -20,29 +20,46 @@ QString numberText(double number)
     return QString::number(number, 'g', 9);
 }
 
-QString withUnit(const QString& value, const char* unit)
+QString withUnit(const QString& value, const QString& unit)
 {
-    return unit && *unit ? QStringLiteral("%1 %2").arg(value, QString::fromUtf8(unit)) : value;
+    return value.isEmpty() || unit.isEmpty() ? value : QStringLiteral("%1 %2").arg(value, unit);
 }
 
 // Bounds that a type has anyway say nothing.
+template <typename Number>
+struct SBounds
+{
+    bool areBounds() const { return least < most && most < std::numeric_limits<Number>::max() / 2; }
+
+    Number least;
+    Number most;
+};
+
+SBounds<gint64> boundsOf(ArvGcInteger* integer)
+{
+    return {arv_gc_integer_get_min(integer, CGLibError().slot()), arv_gc_integer_get_max(integer, CGLibError().slot())};
+}
+
+SBounds<double> boundsOf(ArvGcFloat* number)
+{
+    return {arv_gc_float_get_min(number, CGLibError().slot()), arv_gc_float_get_max(number, CGLibError().slot())};
+}
+
 QString integerRange(ArvGcInteger* integer)
 {
-    const gint64 least = arv_gc_integer_get_min(integer, CGLibError().slot());
-    const gint64 most = arv_gc_integer_get_max(integer, CGLibError().slot());
+    const SBounds<gint64> bounds = boundsOf(integer);
     const gint64 step = arv_gc_integer_get_inc(integer, CGLibError().slot());
-    if (least >= most || most == std::numeric_limits<gint64>::max())
+    if (!bounds.areBounds())
         return {};
-    const QString range = QStringLiteral("%1 to %2").arg(least).arg(most);
+    const QString range = QStringLiteral("%1 to %2").arg(bounds.least).arg(bounds.most);
     return step > 1 ? QStringLiteral("%1 in steps of %2").arg(range).arg(step) : range;
 }
 
 QString floatRange(ArvGcFloat* number)
 {
-    const double least = arv_gc_float_get_min(number, CGLibError().slot());
-    const double most = arv_gc_float_get_max(number, CGLibError().slot());
-    const bool isBounded = least < most && most < std::numeric_limits<double>::max() / 2;
-    return isBounded ? QStringLiteral("%1 to %2").arg(numberText(least), numberText(most)) : QString();
+    const SBounds<double> bounds = boundsOf(number);
+    return bounds.areBounds() ? QStringLiteral("%1 to %2").arg(numberText(bounds.least), numberText(bounds.most))
+                              : QString();
 }
 
 QStringList enumValues(ArvGcEnumeration* enumeration)
@@ -88,20 +105,54 @@ bool isInteger(ArvGcNode* node)
     return ARV_IS_GC_INTEGER(node) && !ARV_IS_GC_ENUMERATION(node) && !ARV_IS_GC_BOOLEAN(node);
 }
 
-QString valueOf(ArvGcNode* node)
+QString plainValueOf(ArvGcNode* node)
 {
     CGLibError error;
     if (ARV_IS_GC_COMMAND(node))
         return {};
     if (ARV_IS_GC_FLOAT(node)) {
         const double value = arv_gc_float_get_value(ARV_GC_FLOAT(node), error.slot());
-        return error ? QString() : withUnit(numberText(value), arv_gc_float_get_unit(ARV_GC_FLOAT(node)));
+        return error ? QString() : numberText(value);
     }
     const char* const value = arv_gc_feature_node_get_value_as_string(ARV_GC_FEATURE_NODE(node), error.slot());
-    if (error || !value)
-        return {};
-    return withUnit(QString::fromUtf8(value),
-                    isInteger(node) ? arv_gc_integer_get_unit(ARV_GC_INTEGER(node)) : nullptr);
+    return error || !value ? QString() : QString::fromUtf8(value);
+}
+
+QString unitOf(ArvGcNode* node)
+{
+    if (ARV_IS_GC_FLOAT(node))
+        return QString::fromUtf8(arv_gc_float_get_unit(ARV_GC_FLOAT(node)));
+    return isInteger(node) ? QString::fromUtf8(arv_gc_integer_get_unit(ARV_GC_INTEGER(node))) : QString();
+}
+
+template <typename Number>
+void setBounds(const SBounds<Number>& bounds, SFeature* feature)
+{
+    if (!bounds.areBounds())
+        return;
+    feature->least = double(bounds.least);
+    feature->most = double(bounds.most);
+}
+
+QString helpOf(ArvGcFeatureNode* feature)
+{
+    const char* const tip = arv_gc_feature_node_get_tooltip(feature);
+    return QString::fromUtf8(tip ? tip : arv_gc_feature_node_get_description(feature)).simplified();
+}
+
+void addPlain(ArvGcNode* node, SFeature* feature)
+{
+    feature->plainValue = plainValueOf(node);
+    feature->unit = unitOf(node);
+    feature->help = helpOf(ARV_GC_FEATURE_NODE(node));
+    if (ARV_IS_GC_ENUMERATION(node)) {
+        feature->choices = enumValues(ARV_GC_ENUMERATION(node));
+    } else if (isInteger(node)) {
+        setBounds(boundsOf(ARV_GC_INTEGER(node)), feature);
+        feature->step = double(arv_gc_integer_get_inc(ARV_GC_INTEGER(node), CGLibError().slot()));
+    } else if (ARV_IS_GC_FLOAT(node)) {
+        setBounds(boundsOf(ARV_GC_FLOAT(node)), feature);
+    }
 }
 
 bool isReadOnly(ArvGcNode* node)
@@ -196,7 +247,15 @@ void CFeatures::add(ArvGcNode* node, const QString& category, QSet<QString>* see
                 add(child, name, seen, features);
         }
     } else if (arv_gc_feature_node_is_implemented(feature, CGLibError().slot())) {
-        features->push_back({category, name, typeOf(node), valueOf(node), rangeOf(node), isWritable(node)});
+        SFeature found;
+        found.category = category;
+        found.name = name;
+        found.type = typeOf(node);
+        found.range = rangeOf(node);
+        found.isWritable = isWritable(node);
+        addPlain(node, &found);
+        found.value = withUnit(found.plainValue, found.unit);
+        features->push_back(found);
     }
 }
 

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 struct _ArvDevice;
@@ -24,6 +25,15 @@ struct SFeature
     QString value; ///< With its unit; empty when it cannot be read.
     QString range; ///< "1 to 512", "16 to 2048 in steps of 16", or the values of an enumeration; may be empty.
     bool isWritable = false;
+
+    // The same for programs, such as a window with widgets.
+    QString plainValue;          ///< Without its unit; as set() takes it, but for hexadecimal numbers.
+    QString unit;                ///< Of a number; may be empty.
+    QStringList choices;         ///< Of an enumeration, those that it takes now.
+    std::optional<double> least; ///< Of a number; none where the type alone bounds it.
+    std::optional<double> most;  ///< The same.
+    double step = 1.0;           ///< Of an integer.
+    QString help;                ///< What the camera says of it, may be empty.
 };
 
 /**

@@ -6,6 +6,9 @@
 #include "host/base/ClosestWords.h"
 #include "host/camera/SCameraOptions.h"
 
+#include <QMutex>
+#include <QMutexLocker>
+
 #include <arv.h>
 
 #include <algorithm>
@@ -20,6 +23,20 @@ bool isAddress(const QString& text)
     return std::all_of(text.begin(), text.end(), [](QChar c) { return c.isDigit() || c == QLatin1Char('.'); });
 }
 
+// The library's list of devices is one for all, and is read in several calls.
+QMutex& deviceListMutex()
+{
+    static QMutex mutex;
+    return mutex;
+}
+
+// The library reads a device's description with tables that all devices share, and makes these without a lock.
+QMutex& openingMutex()
+{
+    static QMutex mutex;
+    return mutex;
+}
+
 QString protocolName(const QString& protocol)
 {
     // "GigEVision", "USB3Vision"
@@ -31,6 +48,7 @@ QString protocolName(const QString& protocol)
 
 std::vector<SCameraEntry> findCameras()
 {
+    const QMutexLocker lock(&deviceListMutex());
     std::vector<SCameraEntry> cameras;
     cameras.push_back(
         {SCameraOptions().address, QStringLiteral("Aravis"), QStringLiteral("Fake"), {}, QStringLiteral("built in")});
@@ -47,6 +65,7 @@ std::vector<SCameraEntry> findCameras()
 
 GObjectPtr<ArvDevice> openDevice(const QString& address, CGLibError* error)
 {
+    const QMutexLocker opening(&openingMutex());
     // Straight to the kind of device that is meant: the library's own look-up by name asks every interface in
     // turn, which scans the network and takes unknown names to a name server.
     const QByteArray name = address.toUtf8();
@@ -54,6 +73,7 @@ GObjectPtr<ArvDevice> openDevice(const QString& address, CGLibError* error)
         return GObjectPtr<ArvDevice>(arv_fake_device_new(name.constData(), error->slot()));
 #if ARAVIS_HAS_USB
     if (!isAddress(address)) {
+        const QMutexLocker lock(&deviceListMutex());
         ArvInterface* const usb = arv_uv_interface_get_instance();
         arv_interface_update_device_list(usb);
         if (ArvDevice* const device = arv_interface_open_device(usb, name.constData(), error->slot()))
@@ -71,6 +91,13 @@ bool hasControl(ArvDevice* device, CGLibError* error)
     // Only for the words: the library makes no stream now. Asking for control again may take it from the other program.
     const GObjectPtr<ArvStream> none(arv_device_create_stream(device, nullptr, nullptr, error->slot()));
     return false;
+}
+
+bool isInUse(const QString& address)
+{
+    CGLibError error;
+    const GObjectPtr<ArvDevice> device = openDevice(address, &error);
+    return device && !hasControl(device.get(), &error);
 }
 
 QString cannotOpenText(const QString& address, const CGLibError& error)

@@ -56,6 +56,13 @@ private:
     const bool m_isDone;
 };
 
+const char* formatOf(EDrawing kind)
+{
+    if (kind == EDrawing::Plain)
+        return "plain";
+    return kind == EDrawing::Png ? "png" : "svg";
+}
+
 QString lastError()
 {
     const char* const text = aglasterr();
@@ -88,8 +95,7 @@ QByteArray draw(const QByteArray& dot, EDrawing kind, QString* error)
     const CLayout layout(context.get(), graph.get());
     char* data = nullptr;
     unsigned int size = 0;
-    const char* const format = kind == EDrawing::Png ? "png" : "svg";
-    if (!layout.isDone() || gvRenderData(context.get(), graph.get(), format, &data, &size) != 0 || !data) {
+    if (!layout.isDone() || gvRenderData(context.get(), graph.get(), formatOf(kind), &data, &size) != 0 || !data) {
         *error = lastError();
         return {};
     }

@@ -12,7 +12,8 @@ enum class EDrawing
 {
     Svg,
     Png,
-    Dot
+    Dot,
+    Plain ///< Where everything stands, as text, a line for each node.
 };
 
 /// What \a dot, text of the DOT language, looks like, as a file of that kind; it says its layout itself. EDrawing::Dot

@@ -19,28 +19,28 @@ namespace {
 
 constexpr int noCode = -1;
 
-// How one pixel format becomes an image: what its memory is, and then either a colour conversion or a factor.
+// How one pixel format becomes an image: what its memory is, and then either a colour conversion or none.
 struct SRecipe
 {
     const char* pixelFormat;
     int matType;
     int colorCode;
-    double scale;
+    int bits; // of a value, from the lowest one up
 };
 
 const SRecipe recipes[] = {
-    {"Mono8", CV_8UC1, noCode, 1.0},
-    {"Mono10", CV_16UC1, noCode, 64.0},
-    {"Mono12", CV_16UC1, noCode, 16.0},
-    {"Mono14", CV_16UC1, noCode, 4.0},
-    {"Mono16", CV_16UC1, noCode, 1.0},
-    {"BGR8", CV_8UC3, noCode, 1.0},
-    {"BGR16", CV_16UC3, noCode, 1.0},
-    {"RGB8", CV_8UC3, cv::COLOR_RGB2BGR, 1.0},
-    {"BayerRG8", CV_8UC1, cv::COLOR_BayerRGGB2BGR, 1.0},
-    {"BayerGR8", CV_8UC1, cv::COLOR_BayerGRBG2BGR, 1.0},
-    {"BayerGB8", CV_8UC1, cv::COLOR_BayerGBRG2BGR, 1.0},
-    {"BayerBG8", CV_8UC1, cv::COLOR_BayerBGGR2BGR, 1.0},
+    {"Mono8", CV_8UC1, noCode, 8},
+    {"Mono10", CV_16UC1, noCode, 10},
+    {"Mono12", CV_16UC1, noCode, 12},
+    {"Mono14", CV_16UC1, noCode, 14},
+    {"Mono16", CV_16UC1, noCode, 16},
+    {"BGR8", CV_8UC3, noCode, 8},
+    {"BGR16", CV_16UC3, noCode, 16},
+    {"RGB8", CV_8UC3, cv::COLOR_RGB2BGR, 8},
+    {"BayerRG8", CV_8UC1, cv::COLOR_BayerRGGB2BGR, 8},
+    {"BayerGR8", CV_8UC1, cv::COLOR_BayerGRBG2BGR, 8},
+    {"BayerGB8", CV_8UC1, cv::COLOR_BayerGBRG2BGR, 8},
+    {"BayerBG8", CV_8UC1, cv::COLOR_BayerBGGR2BGR, 8},
 };
 
 const SRecipe* findRecipe(const QString& pixelFormat)
@@ -78,13 +78,15 @@ Plugin::Halvex::CNodeDataPtr CGrabResultConverter::operator()(const Plugin::Halv
     if (std::size_t(frame.stride) % CV_ELEM_SIZE1(recipe->matType) != 0)
         return {};
 
-    const SFrameInfo info = frameInfo(*grab);
+    SFrameInfo info = frameInfo(*grab);
+    info.bits = recipe->bits;
+    const int shift = 8 * CV_ELEM_SIZE1(recipe->matType) - recipe->bits;
     const cv::Mat pixels = view(frame, recipe->matType);
     cv::Mat image;
     if (recipe->colorCode != noCode)
         cv::cvtColor(pixels, image, recipe->colorCode);
-    else if (recipe->scale != 1.0)
-        pixels.convertTo(image, recipe->matType, recipe->scale);
+    else if (shift > 0)
+        pixels.convertTo(image, recipe->matType, double(1 << shift));
     else
         return QSharedPointer<CImageData>::create(pixels, info, grab->grabResult());
     return QSharedPointer<CImageData>::create(image, info);

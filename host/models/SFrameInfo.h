@@ -18,6 +18,7 @@ struct SFrameInfo
     quint64 timestampNs = 0;                       ///< Device clock, nanoseconds; 0 where there is none.
     std::shared_ptr<const void> claim{}; ///< Whoever waits until a frame has gone waits for its end; may be null.
     QString source{};                    ///< The file that it was read from: "a.png", "a.avi#12"; empty for a camera.
+    int bits = 0;                        ///< Of a value as the camera counts it: 12 for Mono12. 0 if nobody said.
 };
 
 } // namespace Host

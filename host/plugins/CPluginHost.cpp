@@ -7,6 +7,7 @@
 #include "host/base/Shown.h"
 #include "host/plugins/CPluginFolder.h"
 
+#include <Halvex/platform/ALocalizedPlugin.h>
 #include <Halvex/platform/IPlugin.h>
 #include <Halvex/scene/CNodeScene.h>
 
@@ -206,6 +207,14 @@ QString CPluginHost::lacking(const SPluginInfo& info) const
             return QStringLiteral("it needs %1, which is left out").arg(shown(dependency.name));
     }
     return {};
+}
+
+void CPluginHost::setLanguage(const QString& language) const
+{
+    for (const SPlugin& plugin : m_plugins) {
+        if (auto* const localized = dynamic_cast<Core::Plugin::ALocalizedPlugin*>(plugin.instance))
+            localized->setLanguage(language);
+    }
 }
 
 } // namespace Host

@@ -74,6 +74,9 @@ public:
 
     const CServiceManager& services() const { return *m_services; }
 
+    /// Tells every plugin that has texts the host's language: "ko", or "ko_KR".
+    void setLanguage(const QString& language) const;
+
 private:
     struct SPlugin
     {

@@ -6,6 +6,7 @@
 #include "host/base/InputFile.h"
 #include "host/base/WriteAll.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -123,7 +124,7 @@ QString printText(const QString& text)
 
 void printErrorLine(const QString& text)
 {
-    std::fprintf(stderr, "halvex-host: %s\n", text.toUtf8().constData());
+    std::fprintf(stderr, "%s: %s\n", qUtf8Printable(QCoreApplication::applicationName()), text.toUtf8().constData());
 }
 
 } // namespace Host

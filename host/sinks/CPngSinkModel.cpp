@@ -4,12 +4,9 @@
 #include "host/sinks/CPngSinkModel.h"
 
 #include "host/models/CImageData.h"
-#include "host/sinks/WriteFile.h"
-
-#include <opencv2/imgcodecs.hpp>
+#include "host/sinks/WritePng.h"
 
 #include <utility>
-#include <vector>
 
 namespace Host {
 
@@ -17,26 +14,9 @@ using namespace Plugin::Halvex;
 
 namespace {
 
-// The image as a PNG, lightly compressed: speed counts for more than size. Empty when the encoder refuses the image.
-std::vector<uchar> encode(const cv::Mat& image)
+QString writeFrame(const CNodeDataPtr& frame, QString* file)
 {
-    std::vector<uchar> png;
-    try {
-        if (!cv::imencode(".png", image, png, {cv::IMWRITE_PNG_COMPRESSION, 1}))
-            png.clear();
-    } catch (const cv::Exception&) {
-        png.clear();
-    }
-    return png;
-}
-
-// The encoder could write the file itself, but it does not notice a full disk.
-QString writePng(const CNodeDataPtr& frame, QString* file)
-{
-    if (!frame)
-        return {};
-    const std::vector<uchar> png = encode(frame.staticCast<CImageData>()->image());
-    return png.empty() ? QStringLiteral("the image has no PNG form") : writeFile(*file, png.data(), png.size());
+    return frame ? writePng(*file, frame.staticCast<CImageData>()->image()) : QString();
 }
 
 } // namespace
@@ -63,7 +43,7 @@ bool CPngSinkModel::takes(const CNodeData& data) const
 
 CFileWriter::Save CPngSinkModel::makeSave() const
 {
-    return &writePng;
+    return &writeFrame;
 }
 
 } // namespace Host

@@ -1,12 +1,14 @@
-# The translations have every text of the library and no other: lupdate, run on copies, adds no entry and finds none
-# that is no longer asked for, and each has its translation. They are embedded in the format that Qt 5.12 reads.
+# The translations TRANSLATIONS_<language>.ts have every text of the folders SOURCES and no other: lupdate, run on copies,
+# adds no entry and finds none that is no longer asked for, and each has its translation. They are embedded in the format
+# that Qt 5.12 reads.
 
 set(copies "")
+get_filename_component(name "${TRANSLATIONS}" NAME)
 foreach(language en ja ko zh)
-  configure_file("${SOURCE_DIR}/service/translations/Halvex_${language}.ts" "${BINARY_DIR}" COPYONLY)
-  list(APPEND copies "${BINARY_DIR}/Halvex_${language}.ts")
+  configure_file("${SOURCE_DIR}/${TRANSLATIONS}_${language}.ts" "${BINARY_DIR}" COPYONLY)
+  list(APPEND copies "${BINARY_DIR}/${name}_${language}.ts")
 endforeach()
-execute_process(COMMAND "${LUPDATE}" -silent -locations none -I . -I "${INCLUDE_DIR}" graph models platform scene service -ts ${copies}
+execute_process(COMMAND "${LUPDATE}" -silent -locations none -I . -I "${INCLUDE_DIR}" ${SOURCES} -ts ${copies}
   WORKING_DIRECTORY "${SOURCE_DIR}" COMMAND_ERROR_IS_FATAL ANY)
 
 foreach(copy IN LISTS copies)
@@ -15,7 +17,7 @@ foreach(copy IN LISTS copies)
   if(NOT messages)
     message(SEND_ERROR "${copy} has no text at all")
   endif()
-  if(content MATCHES "type=\"(unfinished|vanished|obsolete)\"|<translation></translation>|<translation/>")
+  if(content MATCHES "type=\"(unfinished|vanished|obsolete)\"|<translation></translation>|<translation/>|<numerusform></numerusform>")
     message(SEND_ERROR "${copy} is not complete:\n${content}")
   endif()
 endforeach()

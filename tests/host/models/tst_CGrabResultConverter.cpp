@@ -152,6 +152,7 @@ void tst_CGrabResultConverter::deepMonoKeepsAllBits()
         const auto image = frame.converted();
         QVERIFY(image);
         QCOMPARE(image->image().type(), CV_16UC1);
+        QCOMPARE(image->info().bits, bits);
         for (int value = 0; value < count; ++value)
             QCOMPARE(int(image->image().at<ushort>(value / 256, value % 256)), value << (16 - bits));
     }

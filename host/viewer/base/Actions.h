@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QAction>
+#include <QKeySequence>
+#include <QString>
+
+#include <utility>
+
+namespace Host {
+
+/// An action of \a parent, which owns it, without a text: a widget's retranslate() gives it one.
+template <typename Receiver, typename Slot>
+QAction* makeAction(Receiver* parent, const char* name, const QKeySequence& shortcut, Slot slot)
+{
+    auto* const action = new QAction(parent);
+    action->setObjectName(QLatin1String(name));
+    action->setShortcut(shortcut);
+    QObject::connect(action, &QAction::triggered, parent, std::move(slot));
+    return action;
+}
+
+} // namespace Host

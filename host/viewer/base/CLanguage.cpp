@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/viewer/base/CLanguage.h"
+
+#include <QCoreApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+
+// Outside of any namespace, as Qt wants it: the resource is in a static library, which is asked for it by name.
+static void initTranslations()
+{
+    Q_INIT_RESOURCE(HalvexHostViewer_translations);
+}
+
+namespace Host {
+
+CLanguage::CLanguage()
+{
+    initTranslations();
+}
+
+CLanguage::~CLanguage() = default;
+
+QStringList CLanguage::codes()
+{
+    return {QStringLiteral("en"), QStringLiteral("ja"), QStringLiteral("ko"), QStringLiteral("zh")};
+}
+
+QString CLanguage::nativeName(const QString& code)
+{
+    if (code == QLatin1String("ja"))
+        return QStringLiteral("日本語");
+    if (code == QLatin1String("ko"))
+        return QStringLiteral("한국어");
+    if (code == QLatin1String("zh"))
+        return QStringLiteral("中文");
+    return QStringLiteral("English");
+}
+
+QString CLanguage::systemCode()
+{
+    const QStringList asked = QLocale::system().uiLanguages();
+    for (const QString& language : asked) {
+        const QString code = language.left(2);
+        if (codes().contains(code))
+            return code;
+    }
+    return QStringLiteral("en");
+}
+
+void CLanguage::install(const QString& code)
+{
+    if (code == m_code || !codes().contains(code))
+        return;
+    m_code = code;
+    // Taken out first: a translator that is installed and loads anew tells nobody of it.
+    QCoreApplication::removeTranslator(&m_qtTexts);
+    QCoreApplication::removeTranslator(&m_texts);
+    const QString qtFolder = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+    const QString qtCode = code == QLatin1String("zh") ? QStringLiteral("zh_CN") : code;
+    // Without Qt's own texts the buttons of its dialogs stay English.
+    if (m_qtTexts.load(QStringLiteral("qtbase_%1").arg(qtCode), qtFolder))
+        QCoreApplication::installTranslator(&m_qtTexts);
+    if (m_texts.load(QStringLiteral("HalvexViewer_%1").arg(code), QStringLiteral(":/translation")))
+        QCoreApplication::installTranslator(&m_texts);
+}
+
+} // namespace Host

@@ -1,0 +1,8 @@
+target_sources(HalvexHostViewer PRIVATE
+  base/Actions.h
+  base/CLanguage.cpp
+  base/CLanguage.h
+  base/CWorkThread.cpp
+  base/CWorkThread.h
+  base/Theme.cpp
+  base/Theme.h)

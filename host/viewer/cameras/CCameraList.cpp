@@ -1,0 +1,178 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/viewer/cameras/CCameraList.h"
+
+#include "host/camera/SCameraOptions.h"
+#include "host/viewer/cameras/CCameraSession.h"
+#include "host/viewer/cameras/CCameraSessions.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Host {
+
+CCameraList::CCameraList(CCameraSessions& sessions, QObject* parent, std::function<std::vector<SCameraEntry>()> find,
+                         std::chrono::milliseconds interval)
+    : QAbstractListModel(parent)
+    , m_sessions(sessions)
+    , m_find(std::move(find))
+{
+    m_timer.setInterval(interval);
+    m_timer.setSingleShot(true);
+    connect(&m_timer, &QTimer::timeout, this, &CCameraList::search);
+    connect(&sessions, &CCameraSessions::added, this, &CCameraList::rebuild);
+    connect(&sessions, &CCameraSessions::removed, this, &CCameraList::rebuild);
+    connect(&sessions, &CCameraSessions::changed, this, &CCameraList::onSessionChanged);
+    rebuild();
+}
+
+void CCameraList::setActive(bool isActive)
+{
+    if (!isActive)
+        m_timer.stop();
+    else if (!m_timer.isActive() && !m_isSearching)
+        search();
+}
+
+void CCameraList::search()
+{
+    m_isSearching = true;
+    m_timer.start(); // what stops it while the search is under way stops the next one
+    m_work.run(m_find, this, [this](const std::vector<SCameraEntry>& found) { onFound(found); });
+}
+
+void CCameraList::onFound(const std::vector<SCameraEntry>& found)
+{
+    m_isSearching = false;
+    if (m_timer.isActive())
+        m_timer.start();
+    const auto isSame = [](const SCameraEntry& one, const SCameraEntry& other) { return one.id == other.id; };
+    if (std::equal(found.begin(), found.end(), m_found.begin(), m_found.end(), isSame))
+        return;
+    m_found = found;
+    rebuild();
+}
+
+void CCameraList::rebuild()
+{
+    std::vector<SRow> rows;
+    for (CCameraSession* const session : m_sessions.all())
+        rows.push_back({session->name(), {}, session});
+    for (const SCameraEntry& camera : m_found) {
+        if (!SCameraOptions::isFake(camera.id) && !m_sessions.find(camera.id))
+            rows.push_back({camera.id, QStringLiteral("%1 %2").arg(camera.maker, camera.model), nullptr});
+    }
+    rows.push_back({m_sessions.freeSimulatedCamera(), {}, nullptr});
+    beginResetModel();
+    m_rows = std::move(rows);
+    endResetModel();
+}
+
+void CCameraList::onSessionChanged(const CCameraSession* session)
+{
+    const QModelIndex changed = indexOf(session->name());
+    if (changed.isValid())
+        Q_EMIT dataChanged(changed, changed);
+}
+
+QModelIndex CCameraList::indexOf(const QString& name) const
+{
+    const auto found =
+        std::find_if(m_rows.begin(), m_rows.end(), [&name](const SRow& row) { return row.name == name; });
+    return found == m_rows.end() ? QModelIndex() : index(int(found - m_rows.begin()));
+}
+
+int CCameraList::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int(m_rows.size());
+}
+
+QVariant CCameraList::data(const QModelIndex& index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const SRow& row = m_rows[std::size_t(index.row())];
+    switch (role) {
+    case NameRole:
+    case Qt::DisplayRole:
+        return row.name;
+    case TitleRole:
+        if (row.session && !row.session->description().isEmpty()) {
+            // The name stands above it.
+            return row.session->description().remove(QStringLiteral(" (%1)").arg(row.name));
+        }
+        return SCameraOptions::isFake(row.name) ? tr("Simulated camera") : row.title;
+    case StateRole:
+        return int(stateOf(row));
+    case StateTextRole:
+        return stateText(row);
+    case ErrorRole:
+    case Qt::ToolTipRole:
+        return row.session ? row.session->error() : QString();
+    case Qt::DecorationRole:
+        return row.session ? row.session->preview() : QImage();
+    case Qt::AccessibleTextRole:
+        return QStringLiteral("%1, %2").arg(row.name, stateText(row));
+    default:
+        return {};
+    }
+}
+
+CCameraList::EState CCameraList::stateOf(const SRow& row) const
+{
+    using ESession = CCameraSession::EState;
+    if (!row.session)
+        return EState::Free;
+    switch (row.session->state()) {
+    case ESession::Opening:
+        return EState::Opening;
+    case ESession::Ready:
+        return EState::Connected;
+    case ESession::Streaming:
+        return EState::Streaming;
+    case ESession::Away:
+        return EState::Gone;
+    case ESession::InUse:
+        return EState::InUse;
+    case ESession::Failed:
+        break;
+    }
+    return EState::Failed;
+}
+
+QString CCameraList::stateText(EState state)
+{
+    switch (state) {
+    case EState::Free:
+        return tr("Free");
+    case EState::Opening:
+        return tr("Connecting");
+    case EState::Connected:
+        return tr("Connected");
+    case EState::Streaming:
+        return tr("Streaming");
+    case EState::Gone:
+        return tr("Gone, waiting for it");
+    case EState::InUse:
+        return tr("In use by another program");
+    case EState::Failed:
+        break;
+    }
+    return tr("Cannot be opened");
+}
+
+QString CCameraList::stateText(const SRow& row) const
+{
+    const EState state = stateOf(row);
+    if (state != EState::Streaming)
+        return stateText(state);
+    return tr("%1 frames/s · %2 frames").arg(row.session->framesPerSecond(), 0, 'f', 1).arg(row.session->frames());
+}
+
+void CCameraList::retranslate()
+{
+    Q_EMIT dataChanged(index(0), index(int(m_rows.size()) - 1));
+}
+
+} // namespace Host

@@ -1,0 +1,290 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/viewer/cameras/CCameraSession.h"
+
+#include "host/camera/CGrabThread.h"
+#include "host/camera/Device.h"
+#include "host/models/IHostModels.h"
+#include "host/sources/IFrameSource.h"
+#include "host/viewer/cameras/CFrameFeed.h"
+#include "host/viewer/cameras/CSharedCamera.h"
+#include "host/viewer/cameras/Preview.h"
+
+#include <Halvex/models/ASourceNodeDataModel.h>
+#include <Halvex/service/INodeService.h>
+
+#include <utility>
+
+namespace Host {
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+constexpr int tickInterval = 400; // milliseconds
+constexpr QSize previewSize(96, 72);
+// A camera that sends nothing is shown with a rate of 0, not ended.
+constexpr std::chrono::hours forEver(24 * 365);
+
+} // namespace
+
+// What starting gives: a source that has begun, or the reason why there is none.
+struct CCameraSession::SStarted
+{
+    std::shared_ptr<IFrameSource> source;
+    QString error;
+};
+
+CCameraSession::CCameraSession(SourceOptions options, INodeService& service, const IHostModels& models, QObject* parent)
+    : QObject(parent)
+    , m_options(std::move(options))
+    , m_service(service)
+    , m_models(models)
+{
+    m_timer.setInterval(tickInterval);
+    connect(&m_timer, &QTimer::timeout, this, &CCameraSession::onTick);
+}
+
+CCameraSession::~CCameraSession() = default;
+
+quint64 CCameraSession::frames() const
+{
+    return m_feed ? m_feed->frames() : 0;
+}
+
+void CCameraSession::open()
+{
+    if (m_isBusy || isOpen())
+        return;
+    m_error.clear();
+    setState(EState::Opening);
+    setBusy(true);
+    if (isFile()) {
+        // The files are opened to see whether they can be, and again at each start: from the first image on.
+        m_work.run(
+            [options = m_options] {
+                QString error;
+                const auto source = openSource(options, &error);
+                return std::make_pair(source ? source->description() : QString(), error);
+            },
+            this,
+            [this](const auto& opened) {
+                m_description = opened.first;
+                onOpened(nullptr, opened.second, false);
+            });
+        return;
+    }
+    struct SOpened
+    {
+        std::shared_ptr<CSharedCamera> camera;
+        QString error;
+        bool isInUse;
+    };
+    m_work.run(
+        [options = std::get<SCameraOptions>(m_options)] {
+            QString error;
+            const auto camera = CSharedCamera::open(options, &error);
+            return SOpened{camera, error, !camera && isInUse(options.address)};
+        },
+        this,
+        [this](const SOpened& opened) {
+            if (opened.camera)
+                m_description = opened.camera->description();
+            onOpened(opened.camera, opened.error, opened.isInUse);
+        });
+}
+
+void CCameraSession::onOpened(const std::shared_ptr<CSharedCamera>& camera, const QString& error, bool isInUse)
+{
+    m_camera = camera;
+    m_error = error;
+    setBusy(false);
+    if (m_isClosing) {
+        deleteLater();
+        return;
+    }
+    if (!error.isEmpty()) {
+        setState(isInUse ? EState::InUse : EState::Failed);
+        return;
+    }
+    makeNode();
+    if (!m_node) {
+        m_error = tr("The graph has no place for this camera: its node was removed.");
+        setState(EState::Failed);
+        return;
+    }
+    setState(EState::Ready);
+    Q_EMIT opened();
+}
+
+void CCameraSession::makeNode()
+{
+    const auto info = Core::AppCoreComponents::BaseInfoPtr::create();
+    const Core::CId id = m_service.addNode(m_models.createCameraSource(name()), info);
+    m_scene = m_service.findSceneByInfo(info);
+    m_node = m_service.findNode(id);
+    auto* const source = m_node ? qobject_cast<ASourceNodeDataModel*>(m_node->nodeDataModel()) : nullptr;
+    if (!source) {
+        m_node = nullptr;
+        return;
+    }
+    m_feed = std::make_shared<CFrameFeed>(source->dataEntry());
+    // Queued: whoever removes it is not done with that, and may do more before this object goes.
+    connect(m_node, &QObject::destroyed, this, &CCameraSession::nodeLost, Qt::QueuedConnection);
+}
+
+void CCameraSession::start()
+{
+    startGrabbing(0);
+}
+
+void CCameraSession::grabSingle()
+{
+    startGrabbing(1);
+}
+
+void CCameraSession::startGrabbing(quint64 frames)
+{
+    if (m_isBusy || m_state != EState::Ready)
+        return;
+    m_error.clear();
+    setBusy(true);
+    m_work.run(
+        [camera = m_camera, options = m_options] {
+            SStarted started;
+            started.source = camera ? camera->makeSource(&started.error) : openSource(options, &started.error);
+            if (started.source && !started.source->start(&started.error))
+                started.source.reset();
+            return started;
+        },
+        this, [this, frames](const SStarted& started) { onStarted(started, frames); });
+}
+
+void CCameraSession::onStarted(const SStarted& started, quint64 frames)
+{
+    setBusy(false);
+    if (m_isClosing) {
+        deleteLater();
+        return;
+    }
+    if (!started.source) {
+        fail(started.error);
+        return;
+    }
+    m_source = started.source;
+    m_description = m_source->description();
+    m_thread = std::make_unique<CGrabThread>(*m_source, frames, forEver,
+                                             [feed = m_feed](const CGrabThread::SFrame& frame) { feed->take(frame); });
+    connect(m_thread.get(), &CGrabThread::ended, this, &CCameraSession::onGrabEnded, Qt::QueuedConnection);
+    m_framesAtTick = frames == 1 ? 0 : m_feed->frames();
+    m_sinceTick.start();
+    m_timer.start();
+    m_thread->start();
+    setState(EState::Streaming);
+}
+
+void CCameraSession::stop()
+{
+    if (m_isBusy || !m_thread)
+        return;
+    setBusy(true);
+    m_thread->requestInterruption();
+}
+
+void CCameraSession::onGrabEnded(const QString& error)
+{
+    m_timer.stop();
+    onTick(); // the last picture
+    m_thread.reset();
+    m_error = error;
+    m_isBusy = true;
+    // The camera is stopped by the end of its source.
+    m_work.run(
+        [source = std::exchange(m_source, nullptr)]() mutable {
+            source.reset();
+            return true;
+        },
+        this, [this](bool) { onStopped(); });
+}
+
+void CCameraSession::onStopped()
+{
+    m_framesPerSecond = 0.0;
+    setBusy(false);
+    setState(EState::Ready);
+    if (m_isClosing)
+        deleteLater();
+}
+
+void CCameraSession::onTick()
+{
+    const quint64 now = frames();
+    const double seconds = double(m_sinceTick.restart()) / 1000.0;
+    if (seconds > 0.0)
+        m_framesPerSecond = double(now - m_framesAtTick) / seconds;
+    const bool isNew = now != m_framesAtTick;
+    m_framesAtTick = now;
+    const bool isAway = m_source && m_source->absences().isAway;
+    if (m_source)
+        setState(isAway ? EState::Away : EState::Streaming);
+    if (isNew)
+        m_work.run([feed = m_feed] { return previewOf(feed->newest(), previewSize); }, this,
+                   [this](const QImage& preview) {
+                       m_preview = preview;
+                       Q_EMIT ticked();
+                   });
+    Q_EMIT ticked();
+}
+
+void CCameraSession::trigger()
+{
+    setFeature(QStringLiteral("TriggerSoftware"), {});
+}
+
+void CCameraSession::readFeatures()
+{
+    if (m_camera)
+        m_work.run([camera = m_camera] { return camera->features(); }, this,
+                   [this](const std::vector<SFeature>& features) { Q_EMIT featuresRead(features); });
+}
+
+void CCameraSession::setFeature(const QString& name, const QString& value)
+{
+    if (!m_camera)
+        return;
+    m_work.run([camera = m_camera, name, value] { return camera->setFeature(name, value); }, this,
+               [this](const QString& error) { fail(error); });
+    readFeatures();
+}
+
+void CCameraSession::close()
+{
+    m_isClosing = true;
+    if (m_thread)
+        m_thread->requestInterruption();
+    else if (!m_isBusy)
+        deleteLater();
+}
+
+void CCameraSession::setState(EState state)
+{
+    if (m_state == state)
+        return;
+    m_state = state;
+    Q_EMIT changed();
+}
+
+void CCameraSession::setBusy(bool isBusy)
+{
+    m_isBusy = isBusy;
+    Q_EMIT changed();
+}
+
+void CCameraSession::fail(const QString& error)
+{
+    m_error = error;
+    Q_EMIT changed();
+}
+
+} // namespace Host

@@ -1,0 +1,150 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/viewer/edit/CFaultPanel.h"
+
+#include "host/check/CDocumentCheck.h"
+#include "host/viewer/edit/CFaultModel.h"
+#include "host/viewer/edit/PortFit.h"
+
+#include <Halvex/graph/DocumentKeys.h>
+#include <Halvex/scene/CNodeScene.h>
+
+#include <QEvent>
+#include <QHeaderView>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLabel>
+#include <QRegularExpression>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+namespace Host {
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+Core::CId toId(const QJsonValue& json)
+{
+    return Core::CId(json.toString().toLatin1().constData());
+}
+
+// The node that a finding is about, or the one that a connection feeds. Of what is not there, the message alone says
+// which node lacks it.
+Core::CId nodeOfFault(const QJsonObject& document, const SFault& fault)
+{
+    static const QRegularExpression inPath(QStringLiteral(R"(^\$\.(nodes|connections)\[(\d+)\])"));
+    static const QRegularExpression inMessage(QStringLiteral(R"(\b(nodes)\[(\d+)\])"));
+    auto match = inPath.match(fault.path);
+    if (!match.hasMatch())
+        match = inMessage.match(fault.message);
+    const QJsonObject part = document.value(match.captured(1)).toArray().at(match.captured(2).toInt()).toObject();
+    return toId(part.value(part.contains(DocumentKeys::inId) ? DocumentKeys::inId : DocumentKeys::id));
+}
+
+} // namespace
+
+CFaultPanel::CFaultPanel(INodeService& service, const IHostModels& models, QWidget* parent)
+    : QWidget(parent)
+    , m_service(service)
+    , m_models(models)
+    , m_faults(new CFaultModel(this))
+    , m_summary(new QLabel(this))
+    , m_view(new QTreeView(this))
+{
+    m_view->setObjectName(QStringLiteral("faults"));
+    m_view->setModel(m_faults);
+    m_view->setRootIsDecorated(false);
+    m_view->setAlternatingRowColors(true);
+    m_view->setUniformRowHeights(true);
+    m_view->setAllColumnsShowFocus(true);
+    m_view->header()->setSectionResizeMode(CFaultModel::Severity, QHeaderView::ResizeToContents);
+    m_view->header()->setSectionResizeMode(CFaultModel::Place, QHeaderView::ResizeToContents);
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(8, 8, 8, 8);
+    column->setSpacing(8);
+    column->addWidget(m_summary);
+    column->addWidget(m_view);
+    connect(m_view, &QTreeView::clicked, this, &CFaultPanel::choose);
+    connect(m_view, &QTreeView::activated, this, &CFaultPanel::choose);
+    retranslate();
+}
+
+void CFaultPanel::checkScene(const CNodeScene& scene)
+{
+    showFaults(scene.saveToMemory(), &scene);
+}
+
+void CFaultPanel::checkText(const QByteArray& text)
+{
+    showFaults(text, nullptr);
+}
+
+int CFaultPanel::errors() const
+{
+    return count(true);
+}
+
+int CFaultPanel::warnings() const
+{
+    return count(false);
+}
+
+void CFaultPanel::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QWidget::changeEvent(event);
+}
+
+void CFaultPanel::showFaults(const QByteArray& text, const CNodeScene* scene)
+{
+    const QJsonObject document = QJsonDocument::fromJson(text).object();
+    std::vector<SFaultRow> rows;
+    for (const SFault& fault : CDocumentCheck(m_service, m_models).check(text)) {
+        SFaultRow row{
+            fault, fault.line > 0 ? tr("line %1, column %2").arg(fault.line).arg(fault.column) : QString(), {}};
+        const Core::CId id = scene ? nodeOfFault(document, fault) : Core::CId();
+        const CNodeBase* const node = scene ? nodeOf(*scene, id) : nullptr;
+        if (scene)
+            row.place = node ? node->nodeDataModel()->caption() : tr("scene");
+        row.node = node ? id : Core::CId();
+        rows.push_back(row);
+    }
+    m_faults->setRows(rows);
+    m_hasChecked = true;
+    retranslate();
+}
+
+void CFaultPanel::choose(const QModelIndex& index)
+{
+    const SFaultRow row = m_faults->row(index.row());
+    if (row.node != Core::CId())
+        Q_EMIT nodeChosen(row.node);
+    else if (row.fault.line > 0)
+        Q_EMIT placeChosen(row.fault.line, row.fault.column);
+}
+
+int CFaultPanel::count(bool areErrors) const
+{
+    int found = 0;
+    for (int i = 0; i < m_faults->rowCount(); ++i)
+        found += m_faults->row(i).fault.isError == areErrors ? 1 : 0;
+    return found;
+}
+
+void CFaultPanel::retranslate()
+{
+    setAccessibleName(tr("Check"));
+    m_view->setAccessibleName(tr("What the check found"));
+    if (!m_hasChecked)
+        m_summary->setText(tr("Nothing has been checked yet."));
+    else if (m_faults->rowCount() == 0)
+        m_summary->setText(tr("No faults were found."));
+    else
+        m_summary->setText(tr("Errors: %1, warnings: %2").arg(errors()).arg(warnings()));
+}
+
+} // namespace Host

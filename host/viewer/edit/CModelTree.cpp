@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/viewer/edit/CModelTree.h"
+
+#include <Halvex/scene/CNodeDataModelRegistry.h>
+
+#include <QMimeData>
+
+#include <map>
+
+namespace Host {
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+constexpr int modelNameRole = Qt::UserRole + 1;
+
+} // namespace
+
+CModelTree::CModelTree(const CNodeDataModelRegistry& registry, QObject* parent)
+    : QStandardItemModel(parent)
+{
+    std::map<QString, QStringList> modelsOf;
+    for (const auto& entry : registry.registeredModelsCategoryAssociation())
+        modelsOf[entry.second] << entry.first;
+    for (auto& entry : modelsOf) {
+        auto* const category = new QStandardItem(entry.first);
+        category->setFlags(Qt::ItemIsEnabled);
+        entry.second.sort(Qt::CaseInsensitive);
+        for (const QString& name : entry.second) {
+            auto* const model = new QStandardItem(name);
+            model->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled);
+            model->setData(name, modelNameRole);
+            category->appendRow(model);
+        }
+        appendRow(category);
+    }
+}
+
+QString CModelTree::modelNameAt(const QModelIndex& index)
+{
+    return index.data(modelNameRole).toString();
+}
+
+QMimeData* CModelTree::mimeData(const QModelIndexList& indexes) const
+{
+    auto* const data = new QMimeData;
+    if (!indexes.isEmpty())
+        data->setData(mimeType(), modelNameAt(indexes.front()).toUtf8());
+    return data;
+}
+
+} // namespace Host

@@ -1,0 +1,209 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/viewer/edit/CSettingField.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QEvent>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <QSpinBox>
+#include <QToolButton>
+
+#include <cmath>
+#include <limits>
+#include <utility>
+
+namespace Host {
+
+namespace {
+
+int toInt(double bound)
+{
+    if (std::isinf(bound))
+        return bound < 0 ? std::numeric_limits<int>::lowest() : std::numeric_limits<int>::max();
+    return int(bound);
+}
+
+QStringList choicesIn(const SModelSetting& setting)
+{
+    return setting.range.split(QStringLiteral(", "));
+}
+
+} // namespace
+
+QString wordsOf(const QString& name)
+{
+    QString words;
+    for (const QChar letter : name) {
+        if (letter.isUpper() && !words.isEmpty())
+            words += QLatin1Char(' ');
+        words += words.isEmpty() ? letter.toUpper() : letter.toLower();
+    }
+    return words;
+}
+
+CSettingField::CSettingField(const SModelSetting& setting, const std::optional<SSettingBounds>& bounds,
+                             QString defaultValue, QWidget* parent)
+    : QWidget(parent)
+    , m_name(setting.name)
+    , m_default(std::move(defaultValue))
+    , m_reset(new QToolButton(this))
+    , m_problem(new QLabel(this))
+{
+    makeEditor(setting, bounds);
+    const QString words = wordsOf(m_name);
+    m_editor->setObjectName(m_name);
+    m_editor->setAccessibleName(words);
+    m_editor->setAccessibleDescription(setting.help);
+    m_editor->installEventFilter(this);
+
+    auto* const label = new QLabel(words, this);
+    label->setBuddy(m_editor);
+    auto* const range = new QLabel(setting.type == QLatin1String("one of") ? QString() : setting.range, this);
+    QFont small = range->font();
+    small.setPointSizeF(small.pointSizeF() * 0.85);
+    range->setFont(small);
+    m_reset->setObjectName(QStringLiteral("reset ") + m_name);
+    m_reset->setAutoRaise(true);
+    m_reset->setText(QStringLiteral("↺"));
+    connect(m_reset, &QToolButton::clicked, this, [this] { announce(m_default); });
+    m_problem->setWordWrap(true);
+    m_problem->hide();
+
+    auto* const grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(8);
+    grid->setVerticalSpacing(4);
+    grid->addWidget(label, 0, 0);
+    grid->addWidget(range, 0, 1, Qt::AlignRight);
+    grid->addWidget(m_editor, 1, 0, 1, 2);
+    grid->addWidget(m_reset, 1, 2);
+    grid->addWidget(m_problem, 2, 0, 1, 3);
+    grid->setColumnStretch(1, 1);
+    for (QWidget* each : std::initializer_list<QWidget*>{this, label, m_editor})
+        each->setToolTip(setting.help);
+    retranslate();
+    showValue(setting.value);
+}
+
+void CSettingField::showValue(const QString& value)
+{
+    const QSignalBlocker blocker(m_editor);
+    m_show(value);
+    m_reset->setEnabled(value != m_default);
+}
+
+void CSettingField::showProblem(const QString& text)
+{
+    m_problem->setText(text);
+    m_problem->setVisible(!text.isEmpty());
+}
+
+bool CSettingField::eventFilter(QObject* watched, QEvent* event)
+{
+    // Turning the wheel over a panel scrolls it; only a field that was chosen takes it.
+    if (event->type() == QEvent::Wheel && !m_editor->hasFocus()) {
+        event->ignore();
+        return true;
+    }
+    const bool isKey = event->type() == QEvent::KeyPress && !static_cast<QKeyEvent*>(event)->isAutoRepeat();
+    if (isKey || event->type() == QEvent::MouseButtonPress || event->type() == QEvent::FocusIn)
+        ++m_gesture;
+    return QWidget::eventFilter(watched, event);
+}
+
+void CSettingField::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QWidget::changeEvent(event);
+}
+
+void CSettingField::makeEditor(const SModelSetting& setting, const std::optional<SSettingBounds>& bounds)
+{
+    if (setting.type == QLatin1String("bool"))
+        makeCheckBox();
+    else if (setting.type == QLatin1String("int"))
+        makeSpinBox(setting, bounds);
+    else if (setting.type == QLatin1String("double") || setting.type == QLatin1String("float"))
+        makeDoubleSpinBox(bounds);
+    else if (setting.type == QLatin1String("one of"))
+        makeComboBox(choicesIn(setting));
+    else
+        makeLineEdit();
+}
+
+void CSettingField::makeCheckBox()
+{
+    auto* const box = new QCheckBox(this);
+    m_editor = box;
+    m_show = [box](const QString& value) { box->setChecked(value == QLatin1String("true")); };
+    connect(box, &QCheckBox::toggled, this,
+            [this](bool on) { announce(on ? QStringLiteral("true") : QStringLiteral("false")); });
+}
+
+void CSettingField::makeSpinBox(const SModelSetting& setting, const std::optional<SSettingBounds>& bounds)
+{
+    auto* const box = new QSpinBox(this);
+    m_editor = box;
+    const double infinite = std::numeric_limits<double>::infinity();
+    box->setRange(toInt(bounds ? bounds->least : -infinite), toInt(bounds ? bounds->most : infinite));
+    box->setSingleStep(setting.range.contains(QLatin1String("odd")) ? 2 : 1);
+    box->setKeyboardTracking(false);
+    m_show = [box](const QString& value) { box->setValue(value.toInt()); };
+    connect(box, QOverload<int>::of(&QSpinBox::valueChanged), this,
+            [this](int value) { announce(QString::number(value)); });
+}
+
+void CSettingField::makeDoubleSpinBox(const std::optional<SSettingBounds>& bounds)
+{
+    auto* const box = new QDoubleSpinBox(this);
+    m_editor = box;
+    constexpr double most = 1e9;
+    box->setDecimals(3);
+    box->setRange(bounds ? bounds->least : -most, bounds && !std::isinf(bounds->most) ? bounds->most : most);
+    box->setKeyboardTracking(false);
+    m_show = [box](const QString& value) { box->setValue(value.toDouble()); };
+    connect(box, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
+            [this](double value) { announce(QString::number(value, 'g', 12)); });
+}
+
+void CSettingField::makeComboBox(const QStringList& words)
+{
+    auto* const box = new QComboBox(this);
+    m_editor = box;
+    for (const QString& word : words)
+        box->addItem(wordsOf(word), word);
+    m_show = [box](const QString& value) { box->setCurrentIndex(box->findData(value)); };
+    connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            [this, box](int index) { announce(box->itemData(index).toString()); });
+}
+
+void CSettingField::makeLineEdit()
+{
+    auto* const edit = new QLineEdit(this);
+    m_editor = edit;
+    m_show = [edit](const QString& value) { edit->setText(value); };
+    connect(edit, &QLineEdit::editingFinished, this, [this, edit] {
+        if (edit->isModified())
+            announce(edit->text());
+    });
+}
+
+void CSettingField::announce(const QString& value)
+{
+    Q_EMIT changed(m_name, value, m_gesture);
+}
+
+void CSettingField::retranslate()
+{
+    m_reset->setToolTip(tr("Back to the default, %1").arg(m_default));
+    m_reset->setAccessibleName(tr("Default of %1").arg(wordsOf(m_name)));
+}
+
+} // namespace Host

@@ -1,0 +1,236 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/viewer/graph/CGraphView.h"
+
+#include "host/viewer/edit/CGraphEditor.h"
+#include "host/viewer/graph/CGraphActions.h"
+#include "host/viewer/graph/CGraphCanvas.h"
+#include "host/viewer/graph/CGraphOverview.h"
+#include "host/viewer/graph/CGraphSearch.h"
+#include "host/viewer/graph/CNodeItem.h"
+#include "host/viewer/graph/CPortDrag.h"
+#include "host/viewer/graph/GraphColors.h"
+#include "host/viewer/graph/GraphLayout.h"
+#include "host/viewer/graph/NodeWalk.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPixmapCache>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Host {
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+constexpr double leastZoom = 0.04;
+constexpr double mostZoom = 4;
+constexpr double gridStep = 24;
+constexpr int overlayMargin = 12;
+
+} // namespace
+
+CGraphView::CGraphView(CGraphEditor& editor, QWidget* parent)
+    : QGraphicsView(parent)
+    , m_editor(&editor)
+    , m_canvas(new CGraphCanvas(editor, this))
+    , m_actions(new CGraphActions(*this))
+    , m_overview(new CGraphOverview(*this))
+    , m_search(new CGraphSearch(*this))
+{
+    setScene(m_canvas);
+    setDragMode(RubberBandDrag);
+    setTransformationAnchor(AnchorUnderMouse);
+    setViewportUpdateMode(MinimalViewportUpdate);
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::StrongFocus);
+    setAcceptDrops(true);
+    constexpr int cacheKilobytes = 64 * 1024; // the nodes that fill two large screens, twice as sharp
+    QPixmapCache::setCacheLimit(std::max(QPixmapCache::cacheLimit(), cacheKilobytes));
+    addActions(m_actions->actions());
+    m_search->hide();
+    connect(m_canvas, &QGraphicsScene::selectionChanged, this, &CGraphView::onSelectionChanged);
+    connect(m_canvas, &CGraphCanvas::drawn, this, &CGraphView::updateOverview);
+    for (const QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()})
+        connect(bar, &QScrollBar::valueChanged, this, &CGraphView::updateOverview);
+    retranslate();
+}
+
+CGraphView::~CGraphView()
+{
+    // The canvas tells of its selection when it goes; by then this is no CGraphView any more.
+    m_canvas->disconnect();
+}
+
+CGraphEditor* CGraphView::editor() const
+{
+    return m_editor;
+}
+
+QList<QAction*> CGraphView::graphActions() const
+{
+    return m_actions->actions();
+}
+
+void CGraphView::fit()
+{
+    m_canvas->sync();
+    const QRectF all = m_canvas->nodesRect();
+    if (all.isEmpty())
+        return;
+    fitInView(all.adjusted(-24, -24, 24, 24), Qt::KeepAspectRatio);
+    if (transform().m11() > 1)
+        setTransform(QTransform());
+    centerOn(all.center());
+    updateOverview();
+}
+
+void CGraphView::zoom(double factor)
+{
+    const double now = transform().m11();
+    const double wanted = std::clamp(now * factor, leastZoom, mostZoom);
+    scale(wanted / now, wanted / now);
+    updateOverview();
+}
+
+void CGraphView::setActualSize()
+{
+    zoom(1 / transform().m11());
+}
+
+void CGraphView::goTo(const Core::CId& node)
+{
+    m_canvas->sync();
+    const CNodeItem* const item = m_canvas->nodeItem(node);
+    if (!item)
+        return;
+    m_canvas->select({node});
+    // As little as needed, so that a person keeps the overview.
+    ensureVisible(item->sceneBoundingRect(), 48, 48);
+}
+
+void CGraphView::search()
+{
+    m_search->open();
+    placeOverlays();
+}
+
+void CGraphView::place(const QString& modelName)
+{
+    if (!m_editor)
+        return;
+    m_canvas->sync();
+    std::vector<QRectF> taken;
+    for (const auto& entry : m_canvas->nodeItems())
+        taken.emplace_back(entry.second->pos(), entry.second->size());
+    const QSizeF usual(208, 128);
+    const QPointF middle = mapToScene(viewport()->rect().center()) - QPointF(usual.width(), usual.height()) / 2;
+    const Core::CId added = m_editor->addNode(modelName, findFreePlace(usual, middle, taken));
+    if (added != Core::CId())
+        goTo(added);
+}
+
+void CGraphView::setOverviewEnabled(bool enabled)
+{
+    m_isOverviewEnabled = enabled;
+    updateOverview();
+}
+
+void CGraphView::connectSelected()
+{
+    const std::vector<Core::CId> chosen = m_canvas->selectedNodes();
+    const CNodeItem* const item = chosen.size() == 1 ? m_canvas->nodeItem(chosen.front()) : nullptr;
+    if (!item)
+        return;
+    const int outputs = int(item->look().outputs.size());
+    const ENodePortType side = outputs > 0 ? ENodePortType::Out : ENodePortType::In;
+    const int ports = outputs > 0 ? outputs : int(item->look().inputs.size());
+    if (ports == 0)
+        return;
+    const bool isNext = m_canvas->connectionInProgress() && m_lastSource.node == item->id();
+    m_lastSource = {item->id(), side, isNext ? (m_lastSource.index + 1) % ports : 0};
+    m_canvas->startConnection(m_lastSource);
+    if (CPortDrag* const drag = m_canvas->connectionInProgress())
+        drag->step(1);
+}
+
+void CGraphView::resizeEvent(QResizeEvent* event)
+{
+    QGraphicsView::resizeEvent(event);
+    placeOverlays();
+    if (!m_wasFitted && isVisible()) {
+        m_wasFitted = true;
+        fit();
+    }
+}
+
+void CGraphView::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    if (event->type() == QEvent::PaletteChange && m_canvas) {
+        for (QGraphicsItem* item : m_canvas->items())
+            item->update(); // what they keep is in the old colours
+    }
+    QGraphicsView::changeEvent(event);
+}
+
+void CGraphView::drawBackground(QPainter* painter, const QRectF& area)
+{
+    const SGraphColors colors = graphColors(palette());
+    painter->fillRect(area, colors.canvas);
+    constexpr double leastForGrid = 0.5;
+    if (transform().m11() < leastForGrid)
+        return;
+    QVector<QPointF> points;
+    for (double x = std::floor(area.left() / gridStep) * gridStep; x < area.right(); x += gridStep) {
+        for (double y = std::floor(area.top() / gridStep) * gridStep; y < area.bottom(); y += gridStep)
+            points.append(QPointF(x, y));
+    }
+    QPen pen(colors.grid, 2);
+    pen.setCosmetic(true);
+    painter->setPen(pen);
+    painter->drawPoints(points.constData(), points.size());
+}
+
+void CGraphView::onSelectionChanged()
+{
+    const std::vector<Core::CId> chosen = m_canvas->selectedNodes();
+    const Core::CId only = chosen.size() == 1 ? chosen.front() : Core::CId();
+    const CNodeItem* const item = m_canvas->nodeItem(only);
+    setAccessibleDescription(item ? item->look().caption : QString());
+    Q_EMIT nodeSelected(only);
+}
+
+void CGraphView::placeOverlays()
+{
+    updateOverview();
+    const QSize size = m_overview->sizeHint();
+    m_overview->setGeometry(width() - size.width() - overlayMargin, height() - size.height() - overlayMargin,
+                            size.width(), size.height());
+    m_search->adjustSize();
+    m_search->move(width() - m_search->width() - overlayMargin, overlayMargin);
+}
+
+void CGraphView::updateOverview()
+{
+    const QRectF shown = mapToScene(viewport()->rect()).boundingRect();
+    m_overview->setVisible(m_isOverviewEnabled && !shown.contains(m_canvas->nodesRect()));
+    m_overview->update();
+}
+
+void CGraphView::retranslate()
+{
+    setAccessibleName(tr("Graph"));
+}
+
+} // namespace Host

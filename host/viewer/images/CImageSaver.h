@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "host/viewer/images/CTaskRunner.h"
+
+#include <QImage>
+#include <QObject>
+#include <QSharedPointer>
+#include <QString>
+
+class QWidget;
+
+namespace Host {
+
+class CImageData;
+
+/**
+ * Writes single images into PNG files that a person chooses, on a worker.
+ *
+ * \code
+ * connect(&saver, &CImageSaver::ended, &status, &CImageStatus::setMessage);
+ * saver.askForImage(model.image()); // what it was when the person asked, however long the choice takes
+ * \endcode
+ *
+ * Threads: the window's.
+ */
+class CImageSaver : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Dialogs belong to \a window.
+    explicit CImageSaver(QWidget* window);
+
+    /// In the full depth that it has. Null does nothing.
+    void askForImage(const QSharedPointer<const CImageData>& image);
+
+    /// What is seen. Null does nothing.
+    void askForView(const QImage& view);
+
+    /// The same without asking.
+    void saveImage(const QSharedPointer<const CImageData>& image, const QString& file);
+    void saveView(const QImage& view, const QString& file);
+
+Q_SIGNALS:
+    /// A file is written, or cannot be: \a message says which. Once for each that was to be saved.
+    void ended(const QString& message);
+
+private:
+    void ask(const QString& title, const QString& name, const std::function<void(const QString&)>& save);
+    void save(const QString& file, const std::function<QString()>& write);
+
+    QWidget* const m_window;
+    CTaskRunner m_writer{CTaskRunner::EPolicy::DropNewest};
+};
+
+} // namespace Host

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QList>
+#include <QObject>
+
+class QMainWindow;
+
+namespace Plugin::Halvex {
+class CNodeBase;
+class CNodeScene;
+} // namespace Plugin::Halvex
+
+namespace Host {
+
+class CImageDock;
+
+/**
+ * A dock for each node that shows images, in all scenes: it comes and goes with its node, by the scenes' signals.
+ *
+ * A new one goes where the window remembers it, else beside the others above the graph: four in a row, more as tabs.
+ *
+ * Ownership: the window owns the docks. Threads: the main thread.
+ */
+class CImageDocks : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit CImageDocks(QMainWindow& window);
+
+    void watch(Plugin::Halvex::CNodeScene& scene);
+
+    /// In the order in which they came.
+    const QList<CImageDock*>& docks() const { return m_docks; }
+
+Q_SIGNALS:
+    /// One has come or gone.
+    void changed();
+
+private:
+    void addDock(Plugin::Halvex::CNodeBase& node);
+    void place(CImageDock* dock);
+    QString freeName() const;
+
+    QMainWindow& m_window;
+    QList<CImageDock*> m_docks;
+};
+
+} // namespace Host

@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/viewer/window/CSceneFiles.h"
+
+#include "host/base/Attempt.h"
+#include "host/base/InputFile.h"
+#include "host/check/CDocumentCheck.h"
+#include "host/documents/DocumentFile.h"
+#include "host/run/CSceneLoader.h"
+#include "host/run/Chain.h"
+#include "host/run/Output.h"
+#include "host/run/SceneFile.h"
+#include "host/viewer/edit/CGraphEditor.h"
+#include "host/viewer/window/CPositionsFile.h"
+#include "host/viewer/window/CScenePage.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <vector>
+
+namespace Host {
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+// The camera's node has another id in each process.
+const QString cameraKey = QStringLiteral("camera");
+
+void rename(QMap<QString, QPointF>* positions, const QString& from, const QString& to)
+{
+    if (positions->contains(from))
+        positions->insert(to, positions->take(from));
+}
+
+void removeAllBut(CNodeScene& scene, const CNodeBase& kept)
+{
+    std::vector<Core::CId> ids;
+    for (const auto& node : scene.nodes()) {
+        if (node.second.get() != &kept)
+            ids.push_back(node.first);
+    }
+    for (const Core::CId& id : ids) {
+        const auto node = scene.nodes().find(id);
+        if (node != scene.nodes().end())
+            scene.removeNode(*node->second);
+    }
+}
+
+} // namespace
+
+CSceneFiles::CSceneFiles(INodeService& service, const IHostModels& models, const CPositionsFile& positions)
+    : m_service(service)
+    , m_models(models)
+    , m_positions(positions)
+{
+}
+
+QString CSceneFiles::open(CScenePage& page, const QString& file)
+{
+    CNodeBase* const camera = page.camera();
+    if (!camera)
+        return QStringLiteral("the scene has no camera");
+    QString error;
+    const QByteArray text = readDocument(file, &error);
+    if (!error.isEmpty())
+        return error;
+    CDocumentCheck check(m_service, m_models, {EDocumentKind::Scene, {page.cameraName()}});
+    error = faultsText(QStringLiteral("cannot open"), inputName(file), check.check(text));
+    if (!error.isEmpty()) {
+        m_refusedText = text;
+        return error;
+    }
+    QMap<QString, QPointF> positions = m_positions.load(file);
+    rename(&positions, cameraKey, camera->id().toString());
+    CNodeScene& scene = *page.scene();
+    error = attempt(QStringLiteral("clearing the scene"), [&] {
+        removeAllBut(scene, *camera);
+        return true;
+    });
+    // Before the nodes, which are placed by themselves else.
+    page.editor().setPositions(positions);
+    if (error.isEmpty())
+        error = CSceneLoader(scene, *camera).load(QJsonDocument::fromJson(text).object());
+    page.editor().undoStack().clear();
+    page.setFile(file);
+    return error;
+}
+
+QString CSceneFiles::save(CScenePage& page, const QString& file) const
+{
+    if (!page.scene())
+        return QStringLiteral("the scene is gone");
+    QString error = replaceFile(file, orderedScene(page.scene()->saveToMemory()));
+    if (!error.isEmpty())
+        return error;
+    page.editor().undoStack().setClean();
+    page.setFile(file);
+    QMap<QString, QPointF> positions = page.editor().positions();
+    if (const CNodeBase* const camera = page.camera())
+        rename(&positions, camera->id().toString(), cameraKey);
+    return m_positions.save(file, positions);
+}
+
+QString CSceneFiles::importChain(CScenePage& page, const QString& file)
+{
+    QString error;
+    const QStringList cameras{page.cameraName()};
+    const SChain chain = withCameras(readChain(file, &error), cameras);
+    if (!error.isEmpty())
+        return error;
+    CDocumentCheck check(m_service, m_models, {EDocumentKind::Chain, cameras});
+    error = faultsText(QStringLiteral("cannot import"), chain.name, check.check(chain.source));
+    if (!error.isEmpty()) {
+        m_refusedText = chain.source;
+        return error;
+    }
+    const bool isImported = !page.editor().importChain(QString::fromUtf8(chain.text)).empty();
+    return isImported || chain.elements.isEmpty() ? QString()
+                                                  : QStringLiteral("nothing of '%1' could be made").arg(chain.name);
+}
+
+} // namespace Host

@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/viewer/window/CThreadWatch.h"
+
+#include <Halvex/graph/CNodeConnection.h>
+#include <Halvex/models/ASinkNodeDataModel.h>
+#include <Halvex/models/ASourceNodeDataModel.h>
+#include <Halvex/scene/CNodeScene.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace Host {
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+constexpr int beatInterval = 50; // milliseconds
+// So long after the last sign there is nothing to watch: the window is at rest and nothing is to wake it.
+constexpr qint64 restAfter = 2000;
+
+} // namespace
+
+CThreadWatch::CThreadWatch(std::chrono::milliseconds limit, QObject* parent)
+    : QObject(parent)
+    , m_limit(int(limit.count()))
+{
+    m_timer.setInterval(beatInterval);
+    m_timer.setTimerType(Qt::PreciseTimer);
+    connect(&m_timer, &QTimer::timeout, this, &CThreadWatch::onBeat);
+    m_clock.start();
+}
+
+void CThreadWatch::watch(CNodeScene& scene)
+{
+    for (const auto& node : scene.nodes())
+        watchNode(*node.second);
+    connect(&scene, &CNodeScene::nodeCreated, this, &CThreadWatch::watchNode, Qt::UniqueConnection);
+}
+
+void CThreadWatch::watchNode(CNodeBase& node)
+{
+    CNodeDataModel* const model = node.nodeDataModel();
+    const auto sign = [this, which = &node] { onSign(which); };
+    connect(model, &CNodeDataModel::dataUpdated, this, sign);
+    connect(model, &CNodeDataModel::computingStarted, this, sign);
+    connect(model, &CNodeDataModel::computingFinished, this, sign);
+    auto* const sink = qobject_cast<ASinkNodeDataModel*>(model);
+    if (sink && sink->getDataFlowProxy())
+        connect(sink->getDataFlowProxy(), &CNodeDataFlowProxy::newDataAvailable, this, sign);
+}
+
+void CThreadWatch::onSign(CNodeBase* node)
+{
+    const qint64 now = m_clock.elapsed();
+    if (!m_timer.isActive()) {
+        m_timer.start();
+        m_lastBeat = m_lastSign = now;
+    }
+    if (now - m_lastSign > m_longest) {
+        m_longest = now - m_lastSign;
+        m_suspect = node;
+    }
+    m_lastSign = now;
+    m_lastNode = node;
+    if (!wasHeard(node))
+        m_heard.emplace_back(node);
+}
+
+void CThreadWatch::onBeat()
+{
+    const qint64 now = m_clock.elapsed();
+    const qint64 late = now - m_lastBeat - beatInterval;
+    if (late > m_limit) {
+        // Nothing was heard at the end: whoever sent last fed one that says nothing.
+        if (now - m_lastSign > m_longest)
+            m_suspect = m_lastNode;
+        Q_EMIT heldUp(suspects(), int(late));
+    }
+    if (m_heard.empty() && now - m_lastSign > restAfter)
+        m_timer.stop();
+    m_lastBeat = now;
+    if (!m_heard.empty())
+        m_lastSign = now;
+    m_longest = 0;
+    m_suspect = nullptr;
+    m_lastNode = nullptr;
+    m_heard.clear();
+}
+
+QString CThreadWatch::suspects() const
+{
+    if (!m_suspect)
+        return {};
+    // A source only hands on what came from outside.
+    std::vector<const CNodeBase*> nodes;
+    if (!qobject_cast<ASourceNodeDataModel*>(m_suspect->nodeDataModel()))
+        nodes.push_back(m_suspect);
+    for (const auto& connections : std::as_const(m_suspect->nodeState()).getEntries(ENodePortType::Out)) {
+        for (const auto& entry : connections) {
+            const CNodeBase* const fed = entry.second->getNode(ENodePortType::In);
+            if (fed && !wasHeard(fed))
+                nodes.push_back(fed);
+        }
+    }
+    QStringList names;
+    for (const CNodeBase* const node : nodes)
+        names << node->nodeDataModel()->caption();
+    names.sort(); // the table's order means nothing
+    names.removeDuplicates();
+    return names.join(QStringLiteral(", "));
+}
+
+bool CThreadWatch::wasHeard(const CNodeBase* node) const
+{
+    return std::find(m_heard.begin(), m_heard.end(), node) != m_heard.end();
+}
+
+} // namespace Host

@@ -1,0 +1,98 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/viewer/window/CViewerStatus.h"
+
+#include "host/viewer/base/Theme.h"
+#include "host/viewer/cameras/CCameraSession.h"
+#include "host/viewer/cameras/CCameraSessions.h"
+
+#include <QLabel>
+#include <QStatusBar>
+
+namespace Host {
+
+namespace {
+
+constexpr int shownFor = 12000; // milliseconds
+
+} // namespace
+
+CViewerStatus::CViewerStatus(QStatusBar& bar, CCameraSessions& sessions)
+    : QObject(&bar)
+    , m_sessions(sessions)
+    , m_message(new QLabel(&bar))
+    , m_cameras(new QLabel(&bar))
+{
+    m_message->setObjectName(QStringLiteral("statusMessage"));
+    m_message->setTextFormat(Qt::PlainText);
+    // A long one is not to make the window wider.
+    m_message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    bar.addWidget(m_message, 1);
+    bar.addPermanentWidget(m_cameras);
+    bar.setContentsMargins(gridStep, 0, gridStep, 0);
+    m_clearTimer.setSingleShot(true);
+    m_clearTimer.setInterval(shownFor);
+    connect(&m_clearTimer, &QTimer::timeout, m_message, &QLabel::clear);
+    connect(&sessions, &CCameraSessions::added, this, &CViewerStatus::showCameras);
+    connect(&sessions, &CCameraSessions::removed, this, &CViewerStatus::showCameras);
+    connect(&sessions, &CCameraSessions::changed, this, &CViewerStatus::showCameras);
+    showCameras();
+}
+
+void CViewerStatus::show(const QString& text, const QColor& color)
+{
+    QPalette palette = m_message->palette();
+    palette.setColor(QPalette::WindowText, color);
+    m_message->setPalette(palette);
+    m_message->setText(text.section(QLatin1Char('\n'), 0, 0));
+    m_message->setToolTip(text);
+    m_message->setAccessibleName(text);
+    m_clearTimer.start();
+}
+
+void CViewerStatus::tell(const QString& text)
+{
+    const QPalette palette = m_message->parentWidget()->palette();
+    show(text, palette.color(QPalette::WindowText));
+}
+
+void CViewerStatus::tellError(const QString& text)
+{
+    show(text, accentColor(EAccent::Error, m_message->parentWidget()->palette()));
+}
+
+void CViewerStatus::tellHeldUp(const QString& who, int milliseconds)
+{
+    const QString text = who.isEmpty() ? tr("The window was held up for %1 ms").arg(milliseconds)
+                                       : tr("%1 held up the window for %2 ms").arg(who).arg(milliseconds);
+    show(text, accentColor(EAccent::Warning, m_message->parentWidget()->palette()));
+}
+
+QString CViewerStatus::message() const
+{
+    return m_message->text();
+}
+
+QString CViewerStatus::cameras() const
+{
+    return m_cameras->text();
+}
+
+void CViewerStatus::showCameras()
+{
+    int streaming = 0;
+    double framesPerSecond = 0.0;
+    for (const CCameraSession* const session : m_sessions.all()) {
+        streaming += session->state() == CCameraSession::EState::Streaming ? 1 : 0;
+        framesPerSecond += session->framesPerSecond();
+    }
+    const int connected = m_sessions.all().size();
+    m_cameras->setText(connected == 0 ? tr("No camera connected")
+                                      : tr("Cameras streaming: %1 of %2 · %3 frames/s")
+                                            .arg(streaming)
+                                            .arg(connected)
+                                            .arg(framesPerSecond, 0, 'f', 0));
+}
+
+} // namespace Host

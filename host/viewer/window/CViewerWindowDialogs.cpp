@@ -1,0 +1,157 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+// What a CViewerWindow asks a person, and what it shows and remembers of itself.
+
+#include "host/viewer/base/CLanguage.h"
+#include "host/viewer/base/Theme.h"
+#include "host/viewer/edit/CGraphEditor.h"
+#include "host/viewer/window/CCommandPalette.h"
+#include "host/viewer/window/CScenePage.h"
+#include "host/viewer/window/CSceneTabs.h"
+#include "host/viewer/window/CViewerDocks.h"
+#include "host/viewer/window/CViewerMenus.h"
+#include "host/viewer/window/CViewerStatus.h"
+#include "host/viewer/window/CViewerWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QStyle>
+
+namespace Host {
+
+namespace {
+
+QString documentFilter()
+{
+    return CViewerWindow::tr("Documents (*.json);;All files (*)");
+}
+
+} // namespace
+
+void CViewerWindow::askForScene()
+{
+    const CScenePage* const page = m_tabs->current();
+    const bool isOverwritten = page && page->scene() && page->scene()->nodes().size() > 2; // camera and view
+    if (isOverwritten && !mayLoseChanges(tr("The graph of %1 will be replaced.").arg(page->title())))
+        return;
+    const QString file = QFileDialog::getOpenFileName(this, tr("Open scene"), {}, documentFilter());
+    if (!file.isEmpty())
+        openScene(file);
+}
+
+void CViewerWindow::askForChain()
+{
+    const QString file = QFileDialog::getOpenFileName(this, tr("Import chain"), {}, documentFilter());
+    if (!file.isEmpty())
+        importChain(file);
+}
+
+void CViewerWindow::saveCurrent()
+{
+    const CScenePage* const page = m_tabs->current();
+    if (page && !page->file().isEmpty())
+        saveScene(page->file());
+    else
+        saveCurrentAs();
+}
+
+void CViewerWindow::saveCurrentAs()
+{
+    const QString file = QFileDialog::getSaveFileName(this, tr("Save scene"), {}, documentFilter());
+    if (!file.isEmpty())
+        saveScene(file);
+}
+
+void CViewerWindow::closeCurrent()
+{
+    const CScenePage* const page = m_tabs->current();
+    if (!page || !page->scene())
+        return;
+    if (!page->isModified() || mayLoseChanges(tr("%1 has changes that are not saved.").arg(page->title())))
+        closeScene(page->scene());
+}
+
+bool CViewerWindow::mayLoseChanges(const QString& question)
+{
+    return QMessageBox::question(this, tr("Halvex Viewer"), question, QMessageBox::Discard | QMessageBox::Cancel,
+                                 QMessageBox::Cancel) == QMessageBox::Discard;
+}
+
+void CViewerWindow::showCommands()
+{
+    m_menus->update();
+    m_palette->setCommands(commandsOf(m_menus->menus()));
+    m_palette->open();
+}
+
+void CViewerWindow::chooseLanguage(const QString& code)
+{
+    m_parts.settings.setLanguage(code);
+    Q_EMIT languageChosen(code.isEmpty() ? CLanguage::systemCode() : code);
+}
+
+void CViewerWindow::chooseColors(CViewerSettings::EColors colors)
+{
+    m_parts.settings.setColors(colors);
+    applyColors(colors);
+}
+
+void CViewerWindow::applyColors(CViewerSettings::EColors colors)
+{
+    switch (colors) {
+    case CViewerSettings::EColors::AsDesktop:
+        QApplication::setPalette(QApplication::style()->standardPalette());
+        break;
+    case CViewerSettings::EColors::Light:
+        QApplication::setPalette(lightPalette());
+        break;
+    case CViewerSettings::EColors::Dark:
+        QApplication::setPalette(darkPalette());
+        break;
+    }
+}
+
+void CViewerWindow::restoreLayout()
+{
+    restoreGeometry(m_parts.settings.geometry());
+    restoreState(m_parts.settings.layout());
+}
+
+void CViewerWindow::closeEvent(QCloseEvent* event)
+{
+    QStringList modified;
+    for (const CScenePage* const page : m_tabs->pages()) {
+        if (page->isModified())
+            modified << page->title();
+    }
+    if (!modified.isEmpty() &&
+        !mayLoseChanges(tr("%1 has changes that are not saved.").arg(modified.join(QStringLiteral(", "))))) {
+        event->ignore();
+        return;
+    }
+    m_parts.settings.setGeometry(saveGeometry());
+    m_parts.settings.setLayout(saveState());
+    QMainWindow::closeEvent(event);
+}
+
+void CViewerWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+void CViewerWindow::retranslate()
+{
+    setWindowTitle(tr("Halvex Viewer"));
+    m_tabs->setAccessibleName(tr("Scenes"));
+    m_docks->retranslate();
+    m_menus->retranslate();
+    m_menus->update();
+    m_status->retranslate();
+}
+
+} // namespace Host

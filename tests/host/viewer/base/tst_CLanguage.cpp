@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/viewer/base/CLanguage.h"
+
+#include <QEvent>
+#include <QSet>
+#include <QTest>
+#include <QWidget>
+
+using namespace Host;
+
+namespace {
+
+class CListener : public QWidget
+{
+public:
+    int changes = 0;
+
+protected:
+    void changeEvent(QEvent* event) override { changes += event->type() == QEvent::LanguageChange ? 1 : 0; }
+};
+
+} // namespace
+
+class tst_CLanguage : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void systemLanguageIsOneOfOurs();
+    void everyLanguageHasTexts();
+    void widgetsHearOfAChange();
+    void unknownLanguageIsIgnored();
+    void textsGoWithTheObject();
+};
+
+namespace {
+
+QString runText()
+{
+    return QCoreApplication::translate("Host::CCameraPanel", "Disconnect");
+}
+
+} // namespace
+
+void tst_CLanguage::systemLanguageIsOneOfOurs()
+{
+    QVERIFY(CLanguage::codes().contains(CLanguage::systemCode()));
+}
+
+void tst_CLanguage::everyLanguageHasTexts()
+{
+    CLanguage language;
+    QSet<QString> texts;
+    for (const QString& code : CLanguage::codes()) {
+        language.install(code);
+        QCOMPARE(language.code(), code);
+        texts.insert(runText());
+        QVERIFY(!CLanguage::nativeName(code).isEmpty());
+    }
+    QCOMPARE(texts.size(), CLanguage::codes().size());
+}
+
+void tst_CLanguage::widgetsHearOfAChange()
+{
+    CLanguage language;
+    language.install("en");
+    CListener listener;
+    listener.show();
+    QCoreApplication::sendPostedEvents();
+    listener.changes = 0;
+    language.install("ko");
+    QTRY_VERIFY(listener.changes > 0);
+    listener.changes = 0;
+    language.install("ko");
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(listener.changes, 0);
+}
+
+void tst_CLanguage::unknownLanguageIsIgnored()
+{
+    CLanguage language;
+    language.install("ja");
+    const QString text = runText();
+    language.install("xx");
+    QCOMPARE(language.code(), QString("ja"));
+    QCOMPARE(runText(), text);
+}
+
+void tst_CLanguage::textsGoWithTheObject()
+{
+    {
+        CLanguage language;
+        language.install("zh");
+        QVERIFY(runText() != "Disconnect");
+    }
+    QCOMPARE(runText(), QString("Disconnect"));
+}
+
+QTEST_MAIN(tst_CLanguage)
+#include "tst_CLanguage.moc"

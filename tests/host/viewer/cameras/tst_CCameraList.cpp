@@ -1,0 +1,146 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/viewer/cameras/CCameraList.h"
+
+#include "SHostService.h"
+#include "TestCameras.h"
+#include "host/viewer/cameras/CCameraSession.h"
+#include "host/viewer/cameras/CCameraSessions.h"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <atomic>
+
+using namespace Host;
+using EState = CCameraList::EState;
+
+namespace {
+
+const SCameraEntry network{"192.168.0.5", "Maker", "Model", "1", "GigE Vision"};
+
+struct SList
+{
+    SList()
+        : tester(&list)
+    {
+    }
+
+    EState state(const QString& name) const { return EState(list.indexOf(name).data(CCameraList::StateRole).toInt()); }
+
+    // No search came within some time in which several would.
+    bool isAtRest() const
+    {
+        const int before = searches;
+        QTest::qWait(200);
+        return searches == before;
+    }
+
+    SHostService service;
+    CCameraSessions sessions{service.nodes, service.models};
+    std::atomic<int> searches{0};
+    std::atomic<bool> isThere{true};
+    CCameraList list{sessions, nullptr,
+                     [this] {
+                         ++searches;
+                         std::vector<SCameraEntry> found{{"fake", "Aravis", "Fake", {}, {}}};
+                         if (isThere)
+                             found.push_back(network);
+                         return found;
+                     },
+                     std::chrono::milliseconds(20)};
+    QAbstractItemModelTester tester;
+};
+
+} // namespace
+
+class tst_CCameraList : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void simulatedCameraIsAlwaysThere();
+    void asksOnlyWhileActive();
+    void foundCamera();
+    void statesOfASession();
+    void connectedCameraIsListedOnce();
+    void everyStateHasAText();
+};
+
+void tst_CCameraList::simulatedCameraIsAlwaysThere()
+{
+    SList test;
+    QCOMPARE(test.list.rowCount(), 1);
+    QCOMPARE(test.list.index(0).data(CCameraList::NameRole).toString(), QString("fake"));
+    QCOMPARE(test.state("fake"), EState::Free);
+    test.sessions.connectCamera(camera("fake"));
+    QCOMPARE(test.list.rowCount(), 2);
+    QCOMPARE(test.list.index(1).data(CCameraList::NameRole).toString(), QString("fake-1"));
+}
+
+void tst_CCameraList::asksOnlyWhileActive()
+{
+    SList test;
+    QCoreApplication::processEvents();
+    QCOMPARE(test.searches.load(), 0);
+    test.list.setActive(true);
+    test.list.setActive(true);
+    QTRY_COMPARE(test.list.rowCount(), 2);
+    QTRY_VERIFY(test.searches.load() > 2); // again and again
+    test.list.setActive(false);
+    QTRY_VERIFY(test.isAtRest());
+}
+
+void tst_CCameraList::foundCamera()
+{
+    SList test;
+    test.list.setActive(true);
+    QTRY_VERIFY(test.list.indexOf(network.id).isValid());
+    const QModelIndex index = test.list.indexOf(network.id);
+    QCOMPARE(index.data(CCameraList::TitleRole).toString(), QString("Maker Model"));
+    QCOMPARE(test.state(network.id), EState::Free);
+    test.isThere = false;
+    QTRY_VERIFY(!test.list.indexOf(network.id).isValid());
+}
+
+void tst_CCameraList::statesOfASession()
+{
+    SList test;
+    CCameraSession* const session = test.sessions.connectCamera(camera("fake"));
+    QCOMPARE(test.state("fake"), EState::Opening);
+    QTRY_COMPARE(test.state("fake"), EState::Connected);
+    QSignalSpy changes(&test.list, &CCameraList::dataChanged);
+    session->start();
+    QTRY_COMPARE(test.state("fake"), EState::Streaming);
+    QVERIFY(!changes.isEmpty());
+    QTRY_VERIFY(!test.list.indexOf("fake").data(Qt::DecorationRole).value<QImage>().isNull());
+    QVERIFY(test.list.indexOf("fake").data(CCameraList::StateTextRole).toString().contains("frames"));
+    test.sessions.disconnectCamera("fake");
+    QCOMPARE(test.state("fake"), EState::Free);
+
+    test.sessions.connectCamera(camera("256.1.1.1"));
+    QTRY_COMPARE(test.state("256.1.1.1"), EState::Failed);
+    QVERIFY(!test.list.indexOf("256.1.1.1").data(Qt::ToolTipRole).toString().isEmpty());
+}
+
+void tst_CCameraList::connectedCameraIsListedOnce()
+{
+    SList test;
+    test.sessions.connectCamera(camera(network.id));
+    test.list.setActive(true);
+    QTRY_VERIFY(test.searches.load() > 1);
+    QCOMPARE(test.list.rowCount(), 2);
+}
+
+void tst_CCameraList::everyStateHasAText()
+{
+    QSet<QString> texts;
+    for (int state = 0; state <= int(EState::Failed); ++state)
+        texts.insert(CCameraList::stateText(EState(state)));
+    QCOMPARE(texts.size(), int(EState::Failed) + 1);
+}
+
+QTEST_GUILESS_MAIN(tst_CCameraList)
+#include "tst_CCameraList.moc"

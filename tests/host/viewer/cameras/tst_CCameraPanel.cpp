@@ -1,0 +1,166 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/viewer/cameras/CCameraPanel.h"
+
+#include "SHostService.h"
+#include "TestCameras.h"
+#include "TestImages.h"
+#include "host/viewer/cameras/CCameraList.h"
+#include "host/viewer/cameras/CCameraSession.h"
+#include "host/viewer/cameras/CCameraSessions.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QListView>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QToolButton>
+
+#include <atomic>
+
+using namespace Host;
+using EState = CCameraSession::EState;
+
+namespace {
+
+struct SPanel
+{
+    QToolButton* button(const char* action) const
+    {
+        for (QToolButton* each : panel.findChildren<QToolButton*>()) {
+            if (each->defaultAction() && each->defaultAction()->objectName() == QLatin1String(action))
+                return each;
+        }
+        qFatal("no button %s", action);
+    }
+
+    void click(const char* action) const { QTest::mouseClick(button(action), Qt::LeftButton); }
+
+    SHostService service;
+    CCameraSessions sessions{service.nodes, service.models};
+    CCameraList list{sessions, nullptr, [] { return std::vector<SCameraEntry>(); }};
+    CCameraPanel panel{sessions, list};
+};
+
+} // namespace
+
+class tst_CCameraPanel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void connectStartStopDisconnect();
+    void singleFrame();
+    void doubleClickConnectsAndStarts();
+    void searchesWhileItIsSeen();
+    void filesAsACamera();
+    void failureIsTold();
+    void everyActionHasATextAndAName();
+};
+
+void tst_CCameraPanel::connectStartStopDisconnect()
+{
+    SPanel test;
+    test.panel.show();
+    QSignalSpy chosen(&test.panel, &CCameraPanel::currentChanged);
+    QVERIFY(test.button("connectCamera")->isEnabled());
+    QVERIFY(!test.button("startCamera")->isEnabled());
+    QVERIFY(!test.button("disconnectCamera")->isEnabled());
+    test.click("connectCamera");
+    QVERIFY(!chosen.isEmpty());
+    const CCameraSession* const session = test.sessions.find("fake");
+    QVERIFY(session);
+    QCOMPARE(test.panel.current(), session);
+    QTRY_COMPARE(session->state(), EState::Streaming); // at once: who connects a camera wants to see it
+    QTRY_VERIFY(test.button("stopCamera")->isEnabled());
+    QVERIFY(!test.button("connectCamera")->isEnabled());
+    test.click("stopCamera");
+    QTRY_VERIFY(test.button("startCamera")->isEnabled());
+    test.click("startCamera");
+    QTRY_COMPARE(session->state(), EState::Streaming);
+    test.click("disconnectCamera");
+    QTRY_VERIFY(!test.sessions.find("fake"));
+    QVERIFY(test.button("connectCamera")->isEnabled());
+}
+
+void tst_CCameraPanel::singleFrame()
+{
+    SPanel test;
+    test.sessions.connectCamera(camera("fake"));
+    test.panel.show();
+    QTRY_VERIFY(test.button("grabSingle")->isEnabled());
+    test.click("grabSingle");
+    QTRY_COMPARE(test.panel.current()->frames(), quint64(1));
+    QTRY_VERIFY(test.button("grabSingle")->isEnabled());
+}
+
+void tst_CCameraPanel::doubleClickConnectsAndStarts()
+{
+    SPanel test;
+    test.panel.resize(320, 400);
+    test.panel.show();
+    auto* const view = test.panel.findChild<QListView*>();
+    const QPoint place = view->visualRect(test.list.index(0)).center();
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, place);
+    QTRY_VERIFY(test.sessions.find("fake"));
+    QTRY_COMPARE(test.sessions.find("fake")->state(), EState::Streaming);
+}
+
+void tst_CCameraPanel::searchesWhileItIsSeen()
+{
+    SHostService service;
+    CCameraSessions sessions(service.nodes, service.models);
+    std::atomic<int> searches{0};
+    CCameraList list(sessions, nullptr, [&searches] {
+        ++searches;
+        return std::vector<SCameraEntry>();
+    });
+    CCameraPanel panel(sessions, list);
+    QCoreApplication::processEvents();
+    QCOMPARE(searches.load(), 0);
+    panel.show();
+    QTRY_COMPARE(searches.load(), 1);
+}
+
+void tst_CCameraPanel::filesAsACamera()
+{
+    const QTemporaryDir folder;
+    QVERIFY(writeImages(folder.filePath("shots"), 3));
+    SPanel test;
+    test.panel.openFiles(SFileOptions::EKind::Images, folder.filePath("shots"), 200);
+    QTRY_VERIFY(test.panel.current());
+    QCOMPARE(test.panel.current()->name(), QString("shots"));
+    QTRY_VERIFY(test.panel.current()->frames() > 10); // over and over
+
+    QVERIFY(writeVideo(folder.filePath("film.avi"), 5));
+    test.panel.openFiles(SFileOptions::EKind::Video, folder.filePath("film.avi"), 200);
+    QCOMPARE(test.panel.current()->name(), QString("film.avi"));
+    QTRY_VERIFY(test.panel.current()->frames() > 10);
+}
+
+void tst_CCameraPanel::failureIsTold()
+{
+    SPanel test;
+    test.panel.openFiles(SFileOptions::EKind::Images, "/nowhere/at/all");
+    QTRY_COMPARE(test.panel.current()->state(), EState::Failed);
+    bool isTold = false;
+    for (const QLabel* label : test.panel.findChildren<QLabel*>())
+        isTold = isTold || label->text().contains("/nowhere/at/all");
+    QVERIFY(isTold);
+    QVERIFY(test.button("connectCamera")->isEnabled()); // to try again
+}
+
+void tst_CCameraPanel::everyActionHasATextAndAName()
+{
+    SPanel test;
+    for (const QAction* action : test.panel.cameraActions()) {
+        QVERIFY(!action->text().isEmpty());
+        QVERIFY(!action->objectName().isEmpty());
+    }
+}
+
+QTEST_MAIN(tst_CCameraPanel)
+#include "tst_CCameraPanel.moc"

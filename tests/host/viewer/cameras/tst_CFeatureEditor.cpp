@@ -1,0 +1,180 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/viewer/cameras/CFeatureEditor.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Host;
+
+namespace {
+
+SFeature feature(const char* type, const char* value)
+{
+    SFeature result;
+    result.name = "Feature";
+    result.type = QString(type);
+    result.value = result.plainValue = QString(value);
+    result.isWritable = true;
+    return result;
+}
+
+SFeature number(const char* type, const char* value)
+{
+    SFeature result = feature(type, value);
+    result.least = 10;
+    result.most = 1000;
+    result.unit = "us";
+    return result;
+}
+
+template <typename Widget>
+Widget* find(const CFeatureEditor& editor)
+{
+    auto* const widget = editor.findChild<Widget*>();
+    if (!widget)
+        qFatal("no such widget");
+    return widget;
+}
+
+} // namespace
+
+class tst_CFeatureEditor : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void integerWithRangeAndStep();
+    void floatWithUnit();
+    void unboundedNumber();
+    void choice();
+    void boolean();
+    void text();
+    void command();
+    void readOnly();
+    void newValueIsShownAndNotSent();
+    void wheelWithoutFocusChangesNothing();
+};
+
+void tst_CFeatureEditor::integerWithRangeAndStep()
+{
+    SFeature width = number("integer", "64");
+    width.step = 16;
+    CFeatureEditor editor(width);
+    QSignalSpy edited(&editor, &CFeatureEditor::edited);
+    auto* const box = find<QDoubleSpinBox>(editor);
+    QCOMPARE(box->minimum(), 10.0);
+    QCOMPARE(box->maximum(), 1000.0);
+    QCOMPARE(box->accessibleName(), QString("Feature"));
+    QTest::keyClick(box, Qt::Key_Up);
+    QCOMPARE(edited.count(), 1);
+    QCOMPARE(edited.takeFirst().first().toString(), QString("80"));
+    box->selectAll();
+    QTest::keyClicks(box, "512");
+    QVERIFY(edited.isEmpty()); // not before it is complete
+    QTest::keyClick(box, Qt::Key_Return);
+    QCOMPARE(edited.takeFirst().first().toString(), QString("512"));
+}
+
+void tst_CFeatureEditor::floatWithUnit()
+{
+    CFeatureEditor editor(number("float", "10.25"));
+    QSignalSpy edited(&editor, &CFeatureEditor::edited);
+    auto* const box = find<QDoubleSpinBox>(editor);
+    QCOMPARE(box->text(), QString("10.25 us"));
+    box->selectAll();
+    QTest::keyClicks(box, "99.5");
+    QTest::keyClick(box, Qt::Key_Return);
+    QCOMPARE(edited.takeFirst().first().toString(), QString("99.5"));
+}
+
+void tst_CFeatureEditor::unboundedNumber()
+{
+    CFeatureEditor editor(feature("integer", "-123456789012"));
+    QCOMPARE(find<QDoubleSpinBox>(editor)->text(), QString("-123456789012"));
+}
+
+void tst_CFeatureEditor::choice()
+{
+    SFeature mode = feature("one of", "Off");
+    mode.choices = QStringList{"Off", "On"};
+    CFeatureEditor editor(mode);
+    QSignalSpy edited(&editor, &CFeatureEditor::edited);
+    auto* const box = find<QComboBox>(editor);
+    QCOMPARE(box->count(), 2);
+    QCOMPARE(box->currentText(), QString("Off"));
+    QTest::keyClick(box, Qt::Key_Down);
+    QCOMPARE(edited.takeFirst().first().toString(), QString("On"));
+}
+
+void tst_CFeatureEditor::boolean()
+{
+    CFeatureEditor editor(feature("boolean", "true"));
+    QSignalSpy edited(&editor, &CFeatureEditor::edited);
+    auto* const box = find<QCheckBox>(editor);
+    QVERIFY(box->isChecked());
+    QTest::keyClick(box, Qt::Key_Space);
+    QCOMPARE(edited.takeFirst().first().toString(), QString("false"));
+}
+
+void tst_CFeatureEditor::text()
+{
+    CFeatureEditor editor(feature("text", "left"));
+    QSignalSpy edited(&editor, &CFeatureEditor::edited);
+    auto* const line = find<QLineEdit>(editor);
+    QTest::keyClick(line, Qt::Key_Return);
+    QVERIFY(edited.isEmpty());
+    line->selectAll();
+    QTest::keyClicks(line, "right");
+    QTest::keyClick(line, Qt::Key_Return);
+    QCOMPARE(edited.takeFirst().first().toString(), QString("right"));
+}
+
+void tst_CFeatureEditor::command()
+{
+    CFeatureEditor editor(feature("command", ""));
+    QSignalSpy edited(&editor, &CFeatureEditor::edited);
+    QTest::mouseClick(find<QPushButton>(editor), Qt::LeftButton);
+    QCOMPARE(edited.count(), 1);
+    QCOMPARE(edited.takeFirst().first().toString(), QString());
+}
+
+void tst_CFeatureEditor::readOnly()
+{
+    SFeature serial = feature("text", "1234");
+    serial.isWritable = false;
+    CFeatureEditor editor(serial);
+    QVERIFY(!find<QLineEdit>(editor)->isEnabled());
+    serial.isWritable = true;
+    editor.show(serial);
+    QVERIFY(find<QLineEdit>(editor)->isEnabled());
+}
+
+void tst_CFeatureEditor::newValueIsShownAndNotSent()
+{
+    CFeatureEditor editor(number("integer", "64"));
+    QSignalSpy edited(&editor, &CFeatureEditor::edited);
+    editor.show(number("integer", "128"));
+    QCOMPARE(find<QDoubleSpinBox>(editor)->value(), 128.0);
+    QVERIFY(edited.isEmpty());
+}
+
+void tst_CFeatureEditor::wheelWithoutFocusChangesNothing()
+{
+    CFeatureEditor editor(number("integer", "64"));
+    auto* const box = find<QDoubleSpinBox>(editor);
+    QWheelEvent wheel(QPointF(5, 5), QPointF(5, 5), {}, {0, 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                      false);
+    QCoreApplication::sendEvent(box, &wheel);
+    QCOMPARE(box->value(), 64.0);
+    QVERIFY(!wheel.isAccepted());
+}
+
+QTEST_MAIN(tst_CFeatureEditor)
+#include "tst_CFeatureEditor.moc"

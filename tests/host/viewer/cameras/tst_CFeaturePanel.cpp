@@ -1,0 +1,139 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/viewer/cameras/CFeaturePanel.h"
+
+#include "SHostService.h"
+#include "TestCameras.h"
+#include "host/viewer/cameras/CCameraSession.h"
+#include "host/viewer/cameras/CFeatureEditor.h"
+
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+#include <QTreeWidget>
+
+using namespace Host;
+
+namespace {
+
+struct SPanel
+{
+    SPanel()
+    {
+        panel.setSession(&session);
+        session.open();
+    }
+
+    bool isFilled() const { return panel.editor("Width") != nullptr; }
+
+    QDoubleSpinBox* number(const QString& feature) const { return panel.editor(feature)->findChild<QDoubleSpinBox*>(); }
+
+    SHostService service;
+    CCameraSession session{camera("fake-1"), service.nodes, service.models};
+    CFeaturePanel panel;
+};
+
+} // namespace
+
+class tst_CFeaturePanel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void withoutACamera();
+    void categoriesAndWidgets();
+    void changeComesBackFromTheCamera();
+    void refusalIsTold();
+    void search();
+    void widgetsStayWhenFeaturesAreReadAgain();
+    void sessionThatGoes();
+};
+
+void tst_CFeaturePanel::withoutACamera()
+{
+    CFeaturePanel panel;
+    QCOMPARE(panel.tree().topLevelItemCount(), 0);
+    QVERIFY(!panel.tree().isEnabled());
+    QVERIFY(!panel.findChild<QLabel*>()->text().isEmpty());
+}
+
+void tst_CFeaturePanel::categoriesAndWidgets()
+{
+    SPanel test;
+    QTRY_VERIFY(test.isFilled());
+    QVERIFY(test.panel.tree().isEnabled());
+    QVERIFY(!test.panel.tree().findItems("ImageFormatControl", Qt::MatchExactly).isEmpty());
+    QVERIFY(test.number("Width"));
+    QVERIFY(test.panel.editor("PixelFormat")->findChild<QComboBox*>());
+    QVERIFY(!test.panel.editor("DeviceModelName")->findChild<QLineEdit*>()->isEnabled());
+}
+
+void tst_CFeaturePanel::changeComesBackFromTheCamera()
+{
+    SPanel test;
+    QTRY_VERIFY(test.isFilled());
+    auto* const width = test.number("Width");
+    QCOMPARE(width->value(), 512.0);
+    width->selectAll();
+    QTest::keyClicks(width, "256");
+    QTest::keyClick(width, Qt::Key_Return);
+    // What is worked out of the width follows.
+    QTRY_COMPARE(test.number("PayloadSize")->value(), 256.0 * 512.0);
+    QCOMPARE(test.number("Width")->value(), 256.0);
+}
+
+void tst_CFeaturePanel::refusalIsTold()
+{
+    SPanel test;
+    QTRY_VERIFY(test.isFilled());
+    test.session.setFeature("Width", "100000");
+    QTRY_VERIFY(test.panel.findChild<QLabel*>()->text().contains("Width"));
+}
+
+void tst_CFeaturePanel::search()
+{
+    SPanel test;
+    QTRY_VERIFY(test.isFilled());
+    auto* const line = test.panel.findChild<QLineEdit*>("featureSearch");
+    QTest::keyClicks(line, "gain");
+    QStringList shown;
+    for (int i = 0; i < test.panel.tree().topLevelItemCount(); ++i) {
+        const QTreeWidgetItem* const category = test.panel.tree().topLevelItem(i);
+        for (int j = 0; j < category->childCount(); ++j) {
+            if (!category->isHidden() && !category->child(j)->isHidden())
+                shown << category->child(j)->text(0);
+        }
+    }
+    QVERIFY(shown.contains("GainRaw"));
+    for (const QString& name : shown)
+        QVERIFY(name.contains("gain", Qt::CaseInsensitive));
+}
+
+void tst_CFeaturePanel::widgetsStayWhenFeaturesAreReadAgain()
+{
+    SPanel test;
+    QTRY_VERIFY(test.isFilled());
+    const CFeatureEditor* const before = test.panel.editor("GainRaw");
+    test.session.setFeature("GainRaw", "3");
+    QTRY_COMPARE(test.number("GainRaw")->value(), 3.0);
+    QCOMPARE(test.panel.editor("GainRaw"), before);
+}
+
+void tst_CFeaturePanel::sessionThatGoes()
+{
+    SHostService service;
+    CFeaturePanel panel;
+    auto session = std::make_unique<CCameraSession>(camera("fake-1"), service.nodes, service.models);
+    panel.setSession(session.get());
+    session->open();
+    QTRY_VERIFY(panel.editor("Width"));
+    session.reset();
+    panel.setSession(nullptr);
+    QVERIFY(!panel.editor("Width"));
+}
+
+QTEST_MAIN(tst_CFeaturePanel)
+#include "tst_CFeaturePanel.moc"

@@ -1,0 +1,179 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/viewer/edit/CSettingsPanel.h"
+
+#include "edit/SEditedScene.h"
+#include "host/models/CBlurModel.h"
+#include "host/viewer/edit/CSettingField.h"
+
+#include <QAbstractSpinBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSpinBox>
+#include <QTest>
+#include <QToolButton>
+
+using namespace Host;
+using namespace Plugin::Halvex;
+
+class tst_CSettingsPanel : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void isEmptyWithoutANode();
+    void hasAFieldForEachSetting();
+    void aTypedValueIsOneStep();
+    void aKeyHeldDownIsOneStep();
+    void chooseAWord();
+    void bringsTheDefaultBack();
+    void showsWhatIsChangedElsewhere();
+    void tellsWhyAValueIsNotTaken();
+    void isEmptyWhenTheNodeGoes();
+    void writesNamesAsWords();
+};
+
+void tst_CSettingsPanel::isEmptyWithoutANode()
+{
+    const SEditedScene edited;
+    CSettingsPanel panel;
+    QVERIFY(panel.findChildren<CSettingField*>().isEmpty());
+    panel.show(edited.editor.get(), Core::CId::createId());
+    QVERIFY(panel.findChildren<CSettingField*>().isEmpty());
+    panel.show(nullptr, {});
+    QVERIFY(panel.findChildren<CSettingField*>().isEmpty());
+}
+
+void tst_CSettingsPanel::hasAFieldForEachSetting()
+{
+    const SEditedScene edited;
+    CSettingsPanel panel;
+    panel.show(edited.editor.get(), edited.add("Blur"));
+    const auto* const size = panel.findChild<QSpinBox*>(QStringLiteral("size"));
+    QVERIFY(size);
+    QCOMPARE(size->minimum(), 1);
+    QCOMPARE(size->maximum(), 99);
+    QCOMPARE(size->singleStep(), 2);
+    QCOMPARE(size->value(), 7);
+    QCOMPARE(size->accessibleName(), QStringLiteral("Size"));
+    const auto* const policy = panel.findChild<QComboBox*>(QStringLiteral("policy"));
+    QVERIFY(policy);
+    QCOMPARE(policy->currentText(), QStringLiteral("Drop oldest"));
+    panel.show(edited.editor.get(), edited.add("DecouplerVGR"));
+    QCOMPARE(panel.findChild<QDoubleSpinBox*>(QStringLiteral("framesPerSecond"))->value(), 25.0);
+}
+
+void tst_CSettingsPanel::aTypedValueIsOneStep()
+{
+    const SEditedScene edited;
+    const Core::CId blur = edited.add("Blur");
+    CSettingsPanel panel;
+    panel.show(edited.editor.get(), blur);
+    panel.show();
+    auto* const size = panel.findChild<QSpinBox*>(QStringLiteral("size"));
+    size->selectAll();
+    QTest::keyClicks(size, QStringLiteral("33"));
+    QCOMPARE(edited.stack().count(), 1);
+    QTest::keyClick(size, Qt::Key_Return);
+    QCOMPARE(edited.stack().count(), 2);
+    QCOMPARE(qobject_cast<CBlurModel*>(edited.editor->node(blur)->nodeDataModel())->size(), 33);
+    edited.stack().undo();
+    QCOMPARE(size->value(), 7);
+}
+
+void tst_CSettingsPanel::aKeyHeldDownIsOneStep()
+{
+    const SEditedScene edited;
+    CSettingsPanel panel;
+    panel.show(edited.editor.get(), edited.add("Blur"));
+    auto* const size = panel.findChild<QSpinBox*>(QStringLiteral("size"));
+    QTest::keyPress(size, Qt::Key_Up);
+    for (int i = 0; i < 5; ++i) {
+        QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Up, Qt::NoModifier, QString(), true);
+        QApplication::sendEvent(size, &repeated);
+    }
+    QVERIFY(size->value() > 9);
+    QCOMPARE(edited.stack().count(), 2);
+    QTest::keyPress(size, Qt::Key_Up);
+    QCOMPARE(edited.stack().count(), 3);
+}
+
+void tst_CSettingsPanel::chooseAWord()
+{
+    const SEditedScene edited;
+    const Core::CId blur = edited.add("Blur");
+    CSettingsPanel panel;
+    panel.show(edited.editor.get(), blur);
+    auto* const method = panel.findChild<QComboBox*>(QStringLiteral("method"));
+    QTest::keyClick(method, Qt::Key_Down);
+    QCOMPARE(qobject_cast<CBlurModel*>(edited.editor->node(blur)->nodeDataModel())->method(), CBlurModel::EMethod::Box);
+}
+
+void tst_CSettingsPanel::bringsTheDefaultBack()
+{
+    const SEditedScene edited;
+    const Core::CId blur = edited.add("Blur");
+    CSettingsPanel panel;
+    panel.show(edited.editor.get(), blur);
+    panel.show();
+    auto* const reset = panel.findChild<QToolButton*>(QStringLiteral("reset size"));
+    QVERIFY(!reset->isEnabled());
+    QVERIFY(edited.editor->setSetting(blur, QStringLiteral("size"), QStringLiteral("33")));
+    QVERIFY(reset->isEnabled());
+    QTest::mouseClick(reset, Qt::LeftButton);
+    QCOMPARE(qobject_cast<CBlurModel*>(edited.editor->node(blur)->nodeDataModel())->size(), 7);
+    QVERIFY(!reset->isEnabled());
+}
+
+void tst_CSettingsPanel::showsWhatIsChangedElsewhere()
+{
+    const SEditedScene edited;
+    const Core::CId blur = edited.add("Blur");
+    CSettingsPanel panel;
+    panel.show(edited.editor.get(), blur);
+    qobject_cast<CBlurModel*>(edited.editor->node(blur)->nodeDataModel())->setSize(55);
+    QCOMPARE(panel.findChild<QSpinBox*>(QStringLiteral("size"))->value(), 55);
+    QCOMPARE(edited.stack().count(), 1);
+}
+
+void tst_CSettingsPanel::tellsWhyAValueIsNotTaken()
+{
+    const SEditedScene edited;
+    const Core::CId blur = edited.add("Blur");
+    CSettingsPanel panel;
+    panel.show(edited.editor.get(), blur);
+    panel.show();
+    auto* const size = panel.findChild<QSpinBox*>(QStringLiteral("size"));
+    size->selectAll();
+    QTest::keyClicks(size, QStringLiteral("34"));
+    QTest::keyClick(size, Qt::Key_Return);
+    QCOMPARE(size->value(), 7);
+    QCOMPARE(edited.stack().count(), 1);
+    const auto labels = panel.findChildren<QLabel*>();
+    QVERIFY(std::any_of(labels.begin(), labels.end(), [](const QLabel* label) {
+        return label->isVisible() && label->text() == QLatin1String("'size' takes int, 1 to 99, odd, not '34'");
+    }));
+}
+
+void tst_CSettingsPanel::isEmptyWhenTheNodeGoes()
+{
+    const SEditedScene edited;
+    const Core::CId blur = edited.add("Blur");
+    CSettingsPanel panel;
+    panel.show(edited.editor.get(), blur);
+    edited.scene->removeNode(*edited.editor->node(blur));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(panel.findChildren<CSettingField*>().isEmpty());
+}
+
+void tst_CSettingsPanel::writesNamesAsWords()
+{
+    QCOMPARE(wordsOf(QStringLiteral("framesPerSecond")), QStringLiteral("Frames per second"));
+    QCOMPARE(wordsOf(QStringLiteral("NewestWins")), QStringLiteral("Newest wins"));
+    QCOMPARE(wordsOf(QString()), QString());
+}
+
+QTEST_MAIN(tst_CSettingsPanel)
+#include "tst_CSettingsPanel.moc"

@@ -1,0 +1,130 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/viewer/window/CImageDocks.h"
+
+#include "host/models/CBlurModel.h"
+#include "host/viewer/images/CImageDock.h"
+#include "host/viewer/images/CViewModel.h"
+
+#include <Halvex/scene/CNodeScene.h>
+
+#include <QMainWindow>
+#include <QPointer>
+#include <QSet>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <memory>
+
+using namespace Host;
+using namespace Plugin::Halvex;
+
+namespace {
+
+struct SDocks
+{
+    SDocks()
+    {
+        window.setCentralWidget(new QWidget);
+        window.resize(1200, 800);
+        window.show();
+    }
+
+    CNodeBase& addView(CNodeScene& scene) const { return scene.createNode(std::make_unique<CViewModel>()); }
+
+    CNodeScene scene{nullptr, nullptr};
+    QMainWindow window;
+    CImageDocks& docks = *new CImageDocks(window);
+};
+
+} // namespace
+
+class tst_CImageDocks : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void dockForEachViewAndForNothingElse();
+    void dockGoesWithItsNode();
+    void dockGoesWithItsScene();
+    void severalStandSideBySide();
+    void placeIsRemembered();
+};
+
+void tst_CImageDocks::dockForEachViewAndForNothingElse()
+{
+    SDocks test;
+    test.addView(test.scene);
+    test.docks.watch(test.scene);
+    QCOMPARE(test.docks.docks().size(), 1); // of the node that was there already
+    QSignalSpy changed(&test.docks, &CImageDocks::changed);
+    test.scene.createNode(std::make_unique<CBlurModel>());
+    QVERIFY(changed.isEmpty());
+    test.addView(test.scene);
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(test.docks.docks().size(), 2);
+    QVERIFY(test.docks.docks().first()->isVisible());
+}
+
+void tst_CImageDocks::dockGoesWithItsNode()
+{
+    SDocks test;
+    test.docks.watch(test.scene);
+    CNodeBase& one = test.addView(test.scene);
+    test.addView(test.scene);
+    const QPointer<CImageDock> dock = test.docks.docks().first();
+    test.scene.removeNode(one);
+    QCOMPARE(test.docks.docks().size(), 1);
+    QTRY_VERIFY(!dock);
+}
+
+void tst_CImageDocks::dockGoesWithItsScene()
+{
+    SDocks test;
+    auto scene = std::make_unique<CNodeScene>(nullptr, nullptr);
+    test.docks.watch(*scene);
+    test.addView(*scene);
+    QCOMPARE(test.docks.docks().size(), 1);
+    scene.reset();
+    QVERIFY(test.docks.docks().isEmpty());
+}
+
+void tst_CImageDocks::severalStandSideBySide()
+{
+    SDocks test;
+    test.docks.watch(test.scene);
+    QSet<QString> names;
+    for (int i = 0; i < 6; ++i)
+        test.addView(test.scene);
+    for (CImageDock* const dock : test.docks.docks()) {
+        names.insert(dock->objectName());
+        QCOMPARE(test.window.dockWidgetArea(dock), Qt::TopDockWidgetArea);
+    }
+    QCOMPARE(names.size(), 6);
+    QTRY_VERIFY(test.docks.docks().at(3)->x() > test.docks.docks().at(2)->x());
+    int tabbed = 0;
+    for (CImageDock* const dock : test.docks.docks())
+        tabbed += test.window.tabifiedDockWidgets(dock).isEmpty() ? 0 : 1;
+    QCOMPARE(tabbed, 4); // the fifth and the sixth, with one each
+}
+
+void tst_CImageDocks::placeIsRemembered()
+{
+    QByteArray layout;
+    {
+        SDocks test;
+        test.docks.watch(test.scene);
+        test.addView(test.scene);
+        test.window.addDockWidget(Qt::BottomDockWidgetArea, test.docks.docks().first());
+        layout = test.window.saveState();
+    }
+    SDocks test;
+    test.window.restoreState(layout);
+    test.docks.watch(test.scene);
+    test.addView(test.scene);
+    QCOMPARE(test.window.dockWidgetArea(test.docks.docks().first()), Qt::BottomDockWidgetArea);
+}
+
+QTEST_MAIN(tst_CImageDocks)
+#include "tst_CImageDocks.moc"

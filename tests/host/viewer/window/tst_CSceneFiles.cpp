@@ -1,0 +1,162 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/viewer/window/CSceneFiles.h"
+
+#include "SHostService.h"
+#include "TestFile.h"
+#include "host/run/SceneFile.h"
+#include "host/viewer/edit/CGraphEditor.h"
+#include "host/viewer/images/ViewModels.h"
+#include "host/viewer/window/CPositionsFile.h"
+#include "host/viewer/window/CScenePage.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Host;
+using namespace Plugin::Halvex;
+
+namespace {
+
+struct SFiles
+{
+    SFiles()
+    {
+        registerViewModels(service.nodes, service.models);
+        page = makePage("fake-1");
+    }
+
+    std::unique_ptr<CScenePage> makePage(const QString& camera)
+    {
+        const auto info = Core::AppCoreComponents::BaseInfoPtr::create();
+        service.nodes.addNode(service.models.createCameraSource(camera), info);
+        return std::make_unique<CScenePage>(*service.nodes.findSceneByInfo(info), service.nodes);
+    }
+
+    QString file(const char* name) const { return folder.filePath(QLatin1String(name)); }
+    QByteArray document(const CScenePage& of) const { return orderedScene(of.scene()->saveToMemory()); }
+
+    QTemporaryDir folder;
+    SHostService service;
+    CPositionsFile positions{folder.filePath("positions.json")};
+    CSceneFiles files{service.nodes, service.models, positions};
+    std::unique_ptr<CScenePage> page;
+};
+
+} // namespace
+
+class tst_CSceneFiles : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void importedChainIsOneStep();
+    void savedSceneComesBackAlike();
+    void positionsComeBackToo();
+    void openingReplacesAllButTheCamera();
+    void faultyDocumentChangesNothing();
+    void faultyChainChangesNothing();
+    void missingFile();
+    void folderThatCannotBeWritten();
+};
+
+void tst_CSceneFiles::importedChainIsOneStep()
+{
+    SFiles test;
+    QCOMPARE(test.files.importChain(*test.page, DEMO_CHAIN), QString());
+    QCOMPARE(test.page->scene()->nodes().size(), std::size_t(12)); // the camera and 11 of the chain
+    QVERIFY(test.page->isModified());
+    QCOMPARE(test.page->editor().undoStack().count(), 1);
+    test.page->editor().undoStack().undo();
+    QCOMPARE(test.page->scene()->nodes().size(), std::size_t(1));
+    QVERIFY(!test.page->isModified());
+}
+
+void tst_CSceneFiles::savedSceneComesBackAlike()
+{
+    SFiles test;
+    QCOMPARE(test.files.importChain(*test.page, DEMO_CHAIN), QString());
+    QCOMPARE(test.files.save(*test.page, test.file("scene.json")), QString());
+    QVERIFY(!test.page->isModified());
+    QCOMPARE(test.page->file(), test.file("scene.json"));
+    const QByteArray saved = test.document(*test.page);
+    QCOMPARE(content(test.file("scene.json")), saved);
+
+    test.page->editor().addNode("Blur", {});
+    QVERIFY(test.document(*test.page) != saved);
+    QCOMPARE(test.files.open(*test.page, test.file("scene.json")), QString());
+    QCOMPARE(test.document(*test.page), saved);
+    QVERIFY(!test.page->isModified());
+    QVERIFY(!test.page->editor().undoStack().canUndo());
+}
+
+void tst_CSceneFiles::positionsComeBackToo()
+{
+    SFiles test;
+    CGraphEditor& editor = test.page->editor();
+    const Core::CId blur = editor.addNode("Blur", QPointF(300, 40));
+    const QString camera = test.page->camera()->id().toString();
+    editor.setPositions({{camera, QPointF(-50, 7)}});
+    QCOMPARE(test.files.save(*test.page, test.file("scene.json")), QString());
+
+    // In another scene, where the camera's node has another id.
+    const std::unique_ptr<CScenePage> other = test.makePage("fake-2");
+    QCOMPARE(test.files.open(*other, test.file("scene.json")), QString());
+    QCOMPARE(other->editor().positions().value(blur.toString()), QPointF(300, 40));
+    QCOMPARE(other->editor().positions().value(other->camera()->id().toString()), QPointF(-50, 7));
+    QCOMPARE(other->cameraName(), QString("fake-2"));
+}
+
+void tst_CSceneFiles::openingReplacesAllButTheCamera()
+{
+    SFiles test;
+    QCOMPARE(test.files.save(*test.page, test.file("empty.json")), QString());
+    const Core::CId camera = test.page->camera()->id();
+    QCOMPARE(test.files.importChain(*test.page, DEMO_CHAIN), QString());
+    QCOMPARE(test.files.open(*test.page, test.file("empty.json")), QString());
+    QCOMPARE(test.page->scene()->nodes().size(), std::size_t(1));
+    QCOMPARE(test.page->camera()->id(), camera);
+}
+
+void tst_CSceneFiles::faultyDocumentChangesNothing()
+{
+    SFiles test;
+    QCOMPARE(test.files.importChain(*test.page, DEMO_CHAIN), QString());
+    const QByteArray before = test.document(*test.page);
+    const QByteArray faulty = R"({"nodes": [{"id": "x", "model": {"name": "No Such Model"}}], "connections": []})";
+    QVERIFY(write(test.file("bad.json"), faulty));
+    const QString error = test.files.open(*test.page, test.file("bad.json"));
+    QVERIFY2(error.contains("No Such Model"), qPrintable(error));
+    QCOMPARE(test.document(*test.page), before);
+    QCOMPARE(test.files.takeRefusedText(), faulty);
+    QVERIFY(test.files.takeRefusedText().isEmpty());
+}
+
+void tst_CSceneFiles::faultyChainChangesNothing()
+{
+    SFiles test;
+    QVERIFY(write(test.file("bad.json"), R"([{"name": "a", "model": {"name": "Blurr"}, "unique_sources": [["*"]]}])"));
+    const QString error = test.files.importChain(*test.page, test.file("bad.json"));
+    QVERIFY2(error.contains("Blurr"), qPrintable(error));
+    QCOMPARE(test.page->scene()->nodes().size(), std::size_t(1));
+    QVERIFY(!test.page->isModified());
+}
+
+void tst_CSceneFiles::missingFile()
+{
+    SFiles test;
+    QVERIFY(test.files.open(*test.page, test.file("none.json")).contains("none.json"));
+    QVERIFY(test.files.importChain(*test.page, test.file("none.json")).contains("none.json"));
+    QVERIFY(test.files.takeRefusedText().isEmpty());
+}
+
+void tst_CSceneFiles::folderThatCannotBeWritten()
+{
+    SFiles test;
+    QVERIFY(!test.files.save(*test.page, test.file("no/such/folder.json")).isEmpty());
+    QVERIFY(test.page->file().isEmpty());
+}
+
+QTEST_MAIN(tst_CSceneFiles)
+#include "tst_CSceneFiles.moc"

@@ -1,0 +1,339 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/viewer/window/CViewerWindow.h"
+
+#include "TestFile.h"
+#include "WindowFixture.h"
+#include "host/viewer/base/CLanguage.h"
+#include "host/viewer/base/Theme.h"
+#include "host/viewer/cameras/CCameraPanel.h"
+#include "host/viewer/edit/CFaultPanel.h"
+#include "host/viewer/edit/CGraphEditor.h"
+#include "host/viewer/edit/CModelPalette.h"
+#include "host/viewer/edit/CSettingsPanel.h"
+#include "host/viewer/graph/CGraphView.h"
+#include "host/viewer/images/CImageDock.h"
+#include "host/viewer/images/CViewModel.h"
+#include "host/viewer/window/CCommandPalette.h"
+#include "host/viewer/window/CImageDocks.h"
+#include "host/viewer/window/CScenePage.h"
+#include "host/viewer/window/CSceneTabs.h"
+#include "host/viewer/window/CViewerDocks.h"
+#include "host/viewer/window/CViewerStatus.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QDockWidget>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Host;
+using namespace Plugin::Halvex;
+
+namespace {
+
+QAction* action(const CViewerWindow& window, const char* name)
+{
+    auto* const found = window.findChild<QAction*>(name);
+    if (!found)
+        qFatal("no action %s", name);
+    return found;
+}
+
+} // namespace
+
+class tst_CViewerWindow : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void emptyWindow();
+    void connectedCameraIsSeen();
+    void twoCamerasTwoTabs();
+    void tabAndCameraListFollowOneAnother();
+    void closingATabDisconnectsItsCamera();
+    void sceneRemovedByOthers();
+    void openSaveImport();
+    void faultyFileIsListed();
+    void fileWithoutAScene();
+    void undoAndRedoOfTheShownScene();
+    void paletteAndSettings();
+    void commandsByKeyboard();
+    void everyCommandHasATextAndAName();
+    void languageChangesWhileItRuns();
+    void colors();
+    void layoutIsRemembered();
+    void everyWidgetThatIsUsedHasAName();
+    void destroyedWhileCamerasStream();
+};
+
+void tst_CViewerWindow::emptyWindow()
+{
+    const SWindow test;
+    QCOMPARE(test.window->tabs().count(), 0);
+    QVERIFY(test.window->imageDocks().docks().isEmpty());
+    QVERIFY(test.window->docks().cameras().isVisible());
+    for (const char* name : {"saveScene", "saveSceneAs", "importChain", "closeScene", "undo", "redo"})
+        QVERIFY2(!action(*test.window, name)->isEnabled(), name);
+    QVERIFY(action(*test.window, "openScene")->isEnabled());
+}
+
+void tst_CViewerWindow::connectedCameraIsSeen()
+{
+    const SWindow test;
+    CCameraSession* const session = test.connectCamera("fake-1");
+    QTRY_COMPARE(test.window->imageDocks().docks().size(), 1);
+    const CScenePage* const page = test.window->tabs().current();
+    QCOMPARE(page->scene(), session->scene());
+    QCOMPARE(countNodes(*page->scene(), CViewModel::modelName()), 1);
+    QVERIFY(!page->isModified());
+    QVERIFY(!action(*test.window, "undo")->isEnabled());
+    QCOMPARE(test.window->imageDocks().docks().first()->windowTitle(), QString("fake-1"));
+
+    session->start();
+    const CViewModel* view = nullptr;
+    for (const auto& node : page->scene()->nodes()) {
+        if (const auto* const found = qobject_cast<CViewModel*>(node.second->nodeDataModel()))
+            view = found;
+    }
+    QTRY_VERIFY(view->delivered() > 5);
+    QTRY_VERIFY(test.window->status().cameras().contains("1 of 1"));
+}
+
+void tst_CViewerWindow::twoCamerasTwoTabs()
+{
+    const SWindow test;
+    test.connectCamera("fake-1");
+    test.connectCamera("fake-2");
+    QTRY_COMPARE(test.window->imageDocks().docks().size(), 2);
+    QCOMPARE(test.window->tabs().count(), 2);
+    for (CCameraSession* const session : test.window->sessions().all())
+        session->start();
+    for (const CCameraSession* const session : test.window->sessions().all())
+        QTRY_VERIFY(session->frames() > 5);
+}
+
+void tst_CViewerWindow::tabAndCameraListFollowOneAnother()
+{
+    const SWindow test;
+    const CCameraSession* const one = test.connectCamera("fake-1");
+    QTRY_VERIFY(one->isOpen());
+    const CCameraSession* const two = test.connectCamera("fake-2");
+    QTRY_VERIFY(two->isOpen());
+    CCameraPanel& panel = test.window->docks().cameras();
+    QCOMPARE(panel.current(), two);
+    panel.choose("fake-1");
+    QCOMPARE(test.window->tabs().current()->scene(), one->scene());
+    test.window->tabs().setCurrentIndex(1);
+    QCOMPARE(panel.current(), two);
+}
+
+void tst_CViewerWindow::closingATabDisconnectsItsCamera()
+{
+    const SWindow test;
+    const QPointer<CCameraSession> session = test.connectCamera("fake-1");
+    QTRY_VERIFY(session->isOpen());
+    session->start();
+    QTRY_VERIFY(session->frames() > 0);
+    action(*test.window, "closeScene")->trigger();
+    QCOMPARE(test.window->tabs().count(), 0);
+    QTRY_VERIFY(!session);
+    QTRY_VERIFY(test.window->imageDocks().docks().isEmpty());
+    QVERIFY(test.window->newScene("without a camera"));
+    action(*test.window, "closeScene")->trigger();
+    QCOMPARE(test.window->tabs().count(), 0);
+}
+
+void tst_CViewerWindow::sceneRemovedByOthers()
+{
+    SWindow test;
+    const QPointer<CCameraSession> session = test.connectCamera("fake-1");
+    QTRY_VERIFY(session->isOpen());
+    session->start();
+    QTRY_VERIFY(session->frames() > 0);
+    test.service.nodes.removeSceneOfNode(session->node());
+    QCOMPARE(test.window->tabs().count(), 0);
+    QTRY_VERIFY(!session);
+    QTRY_VERIFY(test.window->sessions().all().isEmpty());
+}
+
+void tst_CViewerWindow::openSaveImport()
+{
+    SWindow test;
+    action(*test.window, "newScene")->trigger();
+    QCOMPARE(test.window->tabs().count(), 1);
+    QVERIFY(test.window->importChain(DEMO_CHAIN));
+    const std::size_t nodes = test.window->tabs().current()->scene()->nodes().size();
+    QVERIFY(nodes > 10);
+    QVERIFY(test.window->saveScene(test.file("scene.json")));
+    QVERIFY(!test.window->tabs().current()->isModified());
+    test.window->tabs().current()->editor().addNode("Blur", {});
+    QVERIFY(test.window->openScene(test.file("scene.json")));
+    QCOMPARE(test.window->tabs().count(), 1);
+    QCOMPARE(test.window->tabs().current()->scene()->nodes().size(), nodes);
+    QCOMPARE(test.settings.recentFiles(), QStringList{test.file("scene.json")});
+
+    action(*test.window, "closeScene")->trigger();
+    QVERIFY(test.window->openScene(test.file("scene.json"))); // makes a scene for it
+    QCOMPARE(test.window->tabs().current()->cameraName(), QString("scene"));
+}
+
+void tst_CViewerWindow::faultyFileIsListed()
+{
+    const SWindow test;
+    QVERIFY(write(test.file("bad.json"), R"({"nodes": [{"id": "x", "model": {"name": "Nothing"}}]})"));
+    QVERIFY(!test.window->openScene(test.file("bad.json")));
+    QCOMPARE(test.window->tabs().count(), 0); // the scene that was made for it is gone
+    QVERIFY(test.window->docks().faults().errors() > 0);
+    QVERIFY(test.window->docks().faults().isVisible());
+    QVERIFY(test.window->status().message().contains("bad.json"));
+}
+
+void tst_CViewerWindow::fileWithoutAScene()
+{
+    const SWindow test;
+    QVERIFY(!test.window->importChain(DEMO_CHAIN));
+    QVERIFY(!test.window->saveScene(test.file("scene.json")));
+    QVERIFY(!test.window->status().message().isEmpty());
+}
+
+void tst_CViewerWindow::undoAndRedoOfTheShownScene()
+{
+    const SWindow test;
+    CScenePage* const one = test.window->newScene("one");
+    one->editor().addNode("Blur", {});
+    QAction* const undo = action(*test.window, "undo");
+    QAction* const redo = action(*test.window, "redo");
+    QVERIFY(undo->isEnabled());
+    QVERIFY(undo->text().contains("Blur"));
+    test.window->newScene("two");
+    QVERIFY(!undo->isEnabled());
+    test.window->tabs().setCurrentWidget(one);
+    undo->trigger();
+    QCOMPARE(countNodes(*one->scene(), "Blur"), 0);
+    QVERIFY(redo->isEnabled());
+    redo->trigger();
+    QCOMPARE(countNodes(*one->scene(), "Blur"), 1);
+}
+
+void tst_CViewerWindow::paletteAndSettings()
+{
+    const SWindow test;
+    CScenePage* const page = test.window->newScene("one");
+    Q_EMIT test.window->docks().palette().placeRequested("Blur");
+    QCOMPARE(countNodes(*page->scene(), "Blur"), 1);
+    QVERIFY(test.window->docks().settings().findChildren<QWidget*>().size() > 4); // the new node is chosen
+}
+
+void tst_CViewerWindow::commandsByKeyboard()
+{
+    const SWindow test;
+    QApplication::setActiveWindow(test.window.get());
+    test.window->setFocus();
+    QTest::keyClick(test.window.get(), Qt::Key_K, Qt::ControlModifier);
+    CCommandPalette& palette = test.window->commandPalette();
+    QTRY_VERIFY(palette.isVisible());
+    auto* const line = palette.findChild<QLineEdit*>();
+    QTest::keyClicks(line, "new scene");
+    QTest::keyClick(line, Qt::Key_Return);
+    QCOMPARE(test.window->tabs().count(), 1);
+    QVERIFY(!palette.isVisible());
+}
+
+void tst_CViewerWindow::everyCommandHasATextAndAName()
+{
+    const SWindow test;
+    test.connectCamera("fake-1");
+    QTRY_COMPARE(test.window->imageDocks().docks().size(), 1);
+    test.window->showCommands();
+    const auto commands = commandsOf(test.window->menuBar()->actions());
+    QVERIFY(commands.size() > 50);
+    QMap<QString, int> shortcuts;
+    for (const CCommandPalette::SCommand& command : commands) {
+        QVERIFY2(!command.action->text().isEmpty(), qPrintable(command.action->objectName()));
+        if (!command.action->shortcut().isEmpty() && command.action->shortcutContext() == Qt::WindowShortcut)
+            ++shortcuts[command.action->shortcut().toString()];
+    }
+    for (auto shortcut = shortcuts.begin(); shortcut != shortcuts.end(); ++shortcut)
+        QVERIFY2(shortcut.value() == 1, qPrintable(shortcut.key()));
+}
+
+void tst_CViewerWindow::languageChangesWhileItRuns()
+{
+    SWindow test;
+    test.connectCamera("fake-1");
+    QTRY_COMPARE(test.window->imageDocks().docks().size(), 1);
+    CLanguage language;
+    connect(test.window.get(), &CViewerWindow::languageChosen, this,
+            [&language](const QString& code) { language.install(code); });
+    QSet<QString> titles;
+    for (const QString& code : CLanguage::codes()) {
+        test.window->chooseLanguage(code);
+        QCOMPARE(test.settings.language(), code);
+        QCoreApplication::processEvents();
+        titles.insert(action(*test.window, "openScene")->text());
+        QVERIFY(!test.window->findChild<QDockWidget*>("cameras")->windowTitle().isEmpty());
+    }
+    QCOMPARE(titles.size(), CLanguage::codes().size());
+}
+
+void tst_CViewerWindow::colors()
+{
+    SWindow test;
+    test.window->chooseColors(CViewerSettings::EColors::Dark);
+    QVERIFY(isDark(test.window->palette()));
+    QCOMPARE(test.settings.colors(), CViewerSettings::EColors::Dark);
+    test.window->chooseColors(CViewerSettings::EColors::Light);
+    QVERIFY(!isDark(test.window->palette()));
+    test.window->chooseColors(CViewerSettings::EColors::AsDesktop);
+}
+
+void tst_CViewerWindow::layoutIsRemembered()
+{
+    SWindow test;
+    auto* const models = test.window->findChild<QDockWidget*>("models");
+    auto* const history = test.window->findChild<QDockWidget*>("history");
+    QVERIFY(!history->isVisible());
+    models->close();
+    history->show();
+    test.window->resize(900, 700);
+    test.window->close();
+    test.makeWindow();
+    QVERIFY(!test.window->findChild<QDockWidget*>("models")->isVisible());
+    QVERIFY(!test.window->findChild<QDockWidget*>("history")->isHidden());
+    QCOMPARE(test.window->size(), QSize(900, 700));
+}
+
+void tst_CViewerWindow::everyWidgetThatIsUsedHasAName()
+{
+    const SWindow test;
+    test.connectCamera("fake-1");
+    QTRY_COMPARE(test.window->imageDocks().docks().size(), 1);
+    for (const QWidget* const widget : test.window->findChildren<QWidget*>()) {
+        if (widget->focusPolicy() == Qt::NoFocus || !widget->isVisible() || widget->objectName().startsWith("qt_"))
+            continue;
+        const QAccessibleInterface* const face = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(widget));
+        const QString name = face ? face->text(QAccessible::Name) : widget->accessibleName();
+        QVERIFY2(!name.isEmpty() || widget->focusProxy(), widget->metaObject()->className());
+    }
+}
+
+void tst_CViewerWindow::destroyedWhileCamerasStream()
+{
+    SWindow test;
+    for (const char* name : {"fake-1", "fake-2"}) {
+        CCameraSession* const session = test.connectCamera(name);
+        connect(session, &CCameraSession::opened, session, &CCameraSession::start);
+    }
+    for (const CCameraSession* const session : test.window->sessions().all())
+        QTRY_VERIFY(session->frames() > 0);
+    test.window.reset();
+    QCoreApplication::processEvents();
+    QVERIFY(test.service.nodes.getActiveScene()); // scenes are the service's
+}
+
+QTEST_MAIN(tst_CViewerWindow)
+#include "tst_CViewerWindow.moc"
