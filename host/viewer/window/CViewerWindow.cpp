@@ -67,9 +67,10 @@ CViewerWindow::CViewerWindow(const SParts& parts, QWidget* parent)
 
 CViewerWindow::~CViewerWindow()
 {
-    // What goes now tells of itself, and this object is none of its listeners any more.
-    m_tabs->disconnect(this);
+    // What goes now tells of itself, and later there is no window to hear of it.
     m_sessions->disconnect(this);
+    m_tabs->disconnect(this);
+    delete m_tabs;
 }
 
 void CViewerWindow::connectParts()
