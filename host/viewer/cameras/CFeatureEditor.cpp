@@ -59,6 +59,9 @@ CFeatureEditor::CFeatureEditor(const SFeature& feature, QWidget* parent)
     m_editor->setFocusPolicy(Qt::StrongFocus);
     m_editor->installEventFilter(this);
     setFocusProxy(m_editor);
+    // As wide as the column, whatever it would like to show.
+    m_editor->setMinimumWidth(0);
+    m_editor->setSizePolicy(QSizePolicy::Ignored, m_editor->sizePolicy().verticalPolicy());
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 1, 0, 1);
     layout->addWidget(m_editor);

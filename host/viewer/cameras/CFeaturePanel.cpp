@@ -25,7 +25,7 @@ CFeaturePanel::CFeaturePanel(QWidget* parent)
     , m_tree(new QTreeWidget(this))
     , m_message(new QLabel(this))
 {
-    m_refresh = makeAction(this, "readFeatures", QKeySequence::Refresh, [this] {
+    m_refresh = makeAction(this, "readFeatures", Qt::CTRL + Qt::Key_F5, [this] {
         if (m_session)
             m_session->readFeatures();
     });
@@ -36,6 +36,7 @@ CFeaturePanel::CFeaturePanel(QWidget* parent)
     m_tree->setColumnCount(2);
     m_tree->setHeaderHidden(true);
     m_tree->setSelectionMode(QAbstractItemView::NoSelection);
+    m_tree->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_tree->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_tree->setIndentation(2 * gridStep);
     m_tree->header()->setStretchLastSection(true);
@@ -120,7 +121,7 @@ void CFeaturePanel::build(const std::vector<SFeature>& features)
     m_tree->clear();
     for (const SFeature& feature : features) {
         auto* const item = new QTreeWidgetItem(categoryItem(feature.category), {feature.name});
-        item->setToolTip(0, feature.help);
+        item->setToolTip(0, feature.help.isEmpty() ? feature.name : feature.name + QLatin1Char('\n') + feature.help);
         auto* const editor = new CFeatureEditor(feature);
         connect(editor, &CFeatureEditor::edited, this, [this, name = feature.name](const QString& value) {
             if (m_session)
@@ -130,9 +131,21 @@ void CFeaturePanel::build(const std::vector<SFeature>& features)
         m_tree->setItemWidget(item, 1, editor);
     }
     m_tree->expandAll();
-    m_tree->resizeColumnToContents(0);
-    m_tree->setColumnWidth(0, std::min(m_tree->columnWidth(0), 26 * gridStep));
+    placeColumns();
     filter();
+}
+
+// Names that are too long are cut: their tool tips have them, and the values must be seen.
+void CFeaturePanel::placeColumns()
+{
+    m_tree->resizeColumnToContents(0);
+    m_tree->setColumnWidth(0, std::min(m_tree->columnWidth(0), m_tree->viewport()->width() * 11 / 20));
+}
+
+void CFeaturePanel::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    placeColumns();
 }
 
 QTreeWidgetItem* CFeaturePanel::categoryItem(const QString& category)

@@ -47,12 +47,14 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void showFeatures(const std::vector<SFeature>& features);
     bool isShown(const std::vector<SFeature>& features) const;
     void build(const std::vector<SFeature>& features);
     QTreeWidgetItem* categoryItem(const QString& category);
+    void placeColumns();
     void filter();
     void showState();
     void retranslate();

@@ -77,7 +77,7 @@ public:
 
     /// Sets a setting, see setSetting(QObject&, ...). Changes with the same \a gesture that follow one another are one
     /// step; 0 is always a step of its own.
-    bool setSetting(const Core::CId& node, const QString& name, const QString& value, int gesture = 0);
+    bool setSetting(const Core::CId& id, const QString& name, const QString& value, int gesture = 0);
 
     void moveNodes(const NodePositions& positions);
 
@@ -106,11 +106,11 @@ private:
 
     /// Removes \a out, which becomes what it was at that moment, and adds \a in.
     void exchange(SGraphPart* out, const SGraphPart& in);
-    void applySetting(const Core::CId& node, const QString& name, const QString& value);
+    void applySetting(const Core::CId& id, const QString& name, const QString& value);
 
     std::vector<Core::CId> addPart(const SGraphPart& part, const QString& text);
     void recordAdded(const QString& text, const std::vector<Core::CId>& nodes);
-    QString captionOf(const Core::CId& node) const;
+    QString captionOf(const Core::CId& id) const;
     QString removalText(const SGraphPart& part) const;
     void onNodeDeleted(Plugin::Halvex::CNodeBase& node);
     bool refuse(const QString& reason);

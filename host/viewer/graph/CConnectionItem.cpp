@@ -42,7 +42,9 @@ QString typeText(const CNodeConnection& connection)
 QPainterPath connectionPath(QPointF from, QPointF to)
 {
     // Leaves and comes in level; a way back makes a wide bow.
-    const double reach = std::clamp(std::abs(to.x() - from.x()) / 2, 40.0, 160.0);
+    const QPointF way = to - from;
+    const double least = std::min(40.0, std::hypot(way.x(), way.y()) / 2);
+    const double reach = std::clamp(std::abs(way.x()) / 2, least, 160.0);
     QPainterPath path(from);
     path.cubicTo(from + QPointF(reach, 0), to - QPointF(reach, 0), to);
     return path;

@@ -76,11 +76,11 @@ void CGraphActions::addEdits()
     });
     add("graphCopy", QKeySequence::Copy, [this] { copy(); });
     add("graphPaste", QKeySequence::Paste, [this] { paste(); });
-    add("graphDuplicate", QKeySequence(Qt::CTRL | Qt::Key_D), [this] { duplicate(); });
+    add("graphDuplicate", QKeySequence(QStringLiteral("Ctrl+D")), [this] { duplicate(); });
     add("graphDelete", QKeySequence::Delete, [this] { remove(); });
     add("graphSelectAll", QKeySequence::SelectAll, [this] { selectAll(); });
     add("graphConnect", QKeySequence(Qt::Key_C), [this] { m_view.connectSelected(); });
-    add("graphArrange", QKeySequence(Qt::CTRL | Qt::Key_L), [this] {
+    add("graphArrange", QKeySequence(QStringLiteral("Ctrl+L")), [this] {
         m_view.canvas().arrange();
         m_view.fit();
     });
@@ -89,8 +89,8 @@ void CGraphActions::addEdits()
 void CGraphActions::addViews()
 {
     add("graphFind", QKeySequence::Find, [this] { m_view.search(); });
-    add("graphFit", QKeySequence(Qt::CTRL | Qt::Key_0), [this] { m_view.fit(); });
-    add("graphActualSize", QKeySequence(Qt::CTRL | Qt::Key_1), [this] { m_view.setActualSize(); });
+    add("graphFit", QKeySequence(QStringLiteral("Ctrl+0")), [this] { m_view.fit(); });
+    add("graphActualSize", QKeySequence(QStringLiteral("Ctrl+1")), [this] { m_view.setActualSize(); });
     add("graphZoomIn", QKeySequence::ZoomIn, [this] { m_view.zoom(zoomStep); });
     add("graphZoomOut", QKeySequence::ZoomOut, [this] { m_view.zoom(1 / zoomStep); });
     add("graphOverview", QKeySequence(Qt::Key_M),

@@ -165,13 +165,19 @@ void CGraphCanvas::watch(CNodeScene& scene)
             m_syncTimer.start();
     };
     connect(&scene, &CNodeScene::nodeCreated, this, syncSoon);
-    connect(&scene, &CNodeScene::nodeDeleted, this, [this](CNodeBase& node) { dropNode(node.id()); });
+    // A handler of these that throws keeps what was to be deleted: it is drawn again then.
+    connect(&scene, &CNodeScene::nodeDeleted, this, [this, syncSoon](CNodeBase& node) {
+        dropNode(node.id());
+        syncSoon();
+    });
     connect(&scene, &CNodeScene::connectionCreated, this, [this, syncSoon](CNodeConnection& connection) {
         connect(&connection, &CNodeConnection::updated, this, syncSoon);
         syncSoon();
     });
-    connect(&scene, &CNodeScene::connectionDeleted, this,
-            [this](CNodeConnection& connection) { dropConnection(connection.id()); });
+    connect(&scene, &CNodeScene::connectionDeleted, this, [this, syncSoon](CNodeConnection& connection) {
+        dropConnection(connection.id());
+        syncSoon();
+    });
     connect(&scene, &QObject::destroyed, this, &CGraphCanvas::sync);
 }
 

@@ -32,7 +32,7 @@ namespace {
 
 constexpr double leastZoom = 0.04;
 constexpr double mostZoom = 4;
-constexpr double gridStep = 24;
+constexpr double dotDistance = 24;
 constexpr int overlayMargin = 12;
 
 } // namespace
@@ -192,10 +192,12 @@ void CGraphView::drawBackground(QPainter* painter, const QRectF& area)
     if (transform().m11() < leastForGrid)
         return;
     QVector<QPointF> points;
-    for (double x = std::floor(area.left() / gridStep) * gridStep; x < area.right(); x += gridStep) {
-        for (double y = std::floor(area.top() / gridStep) * gridStep; y < area.bottom(); y += gridStep)
-            points.append(QPointF(x, y));
-    }
+    const QPointF first(std::floor(area.left() / dotDistance) * dotDistance,
+                        std::floor(area.top() / dotDistance) * dotDistance);
+    const int columns = int((area.right() - first.x()) / dotDistance) + 1;
+    const int rows = int((area.bottom() - first.y()) / dotDistance) + 1;
+    for (int i = 0; i < columns * rows; ++i)
+        points.append(first + QPointF(i % columns, i / columns) * dotDistance);
     QPen pen(colors.grid, 2);
     pen.setCosmetic(true);
     painter->setPen(pen);

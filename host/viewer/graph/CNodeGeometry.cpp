@@ -30,7 +30,8 @@ int rowsOf(const SNodeLook& look)
 
 double figuresHeight(const SNodeLook& look)
 {
-    return look.figures.empty() ? 0 : double((look.figures.size() + 1) / 2) * figureHeight + 8;
+    const std::size_t rows = (look.figures.size() + 1) / 2;
+    return rows == 0 ? 0 : double(rows) * figureHeight + 8;
 }
 
 } // namespace
@@ -76,7 +77,8 @@ QRectF CNodeGeometry::figure(int index) const
     constexpr double columnGap = 12;
     const double column = (width - 2 * padding - columnGap) / 2;
     const double top = headHeight + rowsOf(m_look) * rowHeight + 8;
-    return {padding + (index % 2) * (column + columnGap), top + (index / 2) * figureHeight, column, figureHeight};
+    const int row = index / 2;
+    return {padding + (index % 2) * (column + columnGap), top + row * figureHeight, column, figureHeight};
 }
 
 QRectF CNodeGeometry::message() const

@@ -33,8 +33,8 @@ QColor hueColor(int hue, const QPalette& palette)
 SGraphColors graphColors(const QPalette& palette)
 {
     const bool dark = isDark(palette);
-    const QColor base = palette.color(QPalette::Base);
-    const QColor text = palette.color(QPalette::Text);
+    const QColor& base = palette.color(QPalette::Base);
+    const QColor& text = palette.color(QPalette::Text);
     SGraphColors colors;
     colors.node = dark ? mixed(base, text, 0.08) : base;
     colors.canvas = dark ? mixed(base, Qt::black, 0.25) : mixed(base, text, 0.05);

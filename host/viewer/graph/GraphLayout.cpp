@@ -13,7 +13,6 @@
 #include <clocale>
 #include <cmath>
 #include <limits>
-#include <locale.h>
 
 namespace Host {
 

@@ -894,6 +894,12 @@
         <source>Close %1</source>
         <translation>Close %1</translation>
     </message>
+    <message>
+        <source>Connect a camera at the left to see it, or open a scene.
+Ctrl+K finds every command.</source>
+        <translation>Connect a camera at the left to see it, or open a scene.
+Ctrl+K finds every command.</translation>
+    </message>
 </context>
 <context>
     <name>Host::CSettingField</name>

@@ -886,6 +886,12 @@
         <source>Close %1</source>
         <translation>%1 を閉じる</translation>
     </message>
+    <message>
+        <source>Connect a camera at the left to see it, or open a scene.
+Ctrl+K finds every command.</source>
+        <translation>左でカメラを接続するか、シーンを開いてください。
+Ctrl+K ですべてのコマンドを検索できます。</translation>
+    </message>
 </context>
 <context>
     <name>Host::CSettingField</name>

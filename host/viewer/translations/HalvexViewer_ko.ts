@@ -886,6 +886,12 @@
         <source>Close %1</source>
         <translation>%1 닫기</translation>
     </message>
+    <message>
+        <source>Connect a camera at the left to see it, or open a scene.
+Ctrl+K finds every command.</source>
+        <translation>왼쪽에서 카메라를 연결하거나 장면을 여세요.
+Ctrl+K로 모든 명령을 찾을 수 있습니다.</translation>
+    </message>
 </context>
 <context>
     <name>Host::CSettingField</name>

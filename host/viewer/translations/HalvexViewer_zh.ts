@@ -886,6 +886,12 @@
         <source>Close %1</source>
         <translation>关闭 %1</translation>
     </message>
+    <message>
+        <source>Connect a camera at the left to see it, or open a scene.
+Ctrl+K finds every command.</source>
+        <translation>在左侧连接相机，或打开场景。
+按 Ctrl+K 可查找所有命令。</translation>
+    </message>
 </context>
 <context>
     <name>Host::CSettingField</name>

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QRegularExpression>
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
@@ -23,12 +24,11 @@ namespace {
 constexpr int shortcutRole = Qt::UserRole;
 constexpr int numberRole = Qt::UserRole + 1;
 
-// "&Open…" as a person reads it.
+// "&Open…" and "ファイル(&F)" as a person reads them.
 QString plainText(const QString& text)
 {
     QString plain = text;
-    plain.remove(QLatin1Char('&'));
-    return plain;
+    return plain.remove(QRegularExpression(QStringLiteral("\\(&.\\)|&")));
 }
 
 QString fullText(const CCommandPalette::SCommand& command)

@@ -18,6 +18,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
 #include <vector>
 
 namespace Host {
@@ -33,6 +34,17 @@ void rename(QMap<QString, QPointF>* positions, const QString& from, const QStrin
 {
     if (positions->contains(from))
         positions->insert(to, positions->take(from));
+}
+
+// What says of a graph only that it is not complete is no reason to refuse it: it is here to be edited.
+std::vector<SFault> refusals(std::vector<SFault> faults)
+{
+    const auto isTolerable = [](const SFault& fault) {
+        return fault.rule == EFaultRule::Camera || fault.rule == EFaultRule::Unreached ||
+               fault.rule == EFaultRule::Sink;
+    };
+    faults.erase(std::remove_if(faults.begin(), faults.end(), isTolerable), faults.end());
+    return faults;
 }
 
 void removeAllBut(CNodeScene& scene, const CNodeBase& kept)
@@ -68,7 +80,7 @@ QString CSceneFiles::open(CScenePage& page, const QString& file)
     if (!error.isEmpty())
         return error;
     CDocumentCheck check(m_service, m_models, {EDocumentKind::Scene, {page.cameraName()}});
-    error = faultsText(QStringLiteral("cannot open"), inputName(file), check.check(text));
+    error = faultsText(QStringLiteral("cannot open"), inputName(file), refusals(check.check(text)));
     if (!error.isEmpty()) {
         m_refusedText = text;
         return error;
@@ -112,7 +124,7 @@ QString CSceneFiles::importChain(CScenePage& page, const QString& file)
     if (!error.isEmpty())
         return error;
     CDocumentCheck check(m_service, m_models, {EDocumentKind::Chain, cameras});
-    error = faultsText(QStringLiteral("cannot import"), chain.name, check.check(chain.source));
+    error = faultsText(QStringLiteral("cannot import"), chain.name, refusals(check.check(chain.source)));
     if (!error.isEmpty()) {
         m_refusedText = chain.source;
         return error;

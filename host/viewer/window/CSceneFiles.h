@@ -27,7 +27,8 @@ class IHostModels;
  *     faults->checkText(files.takeRefusedText()); // the errors as a list
  * \endcode
  *
- * What the checker finds errors in is not read, and changes nothing. Functions return what is wrong; empty on success.
+ * What the checker finds errors in is not read, and changes nothing; a graph that is only not complete is read.
+ * Functions return what is wrong; empty on success.
  *
  * Threads: the main thread.
  */

@@ -10,6 +10,7 @@
 #include <Halvex/service/INodeService.h>
 
 #include <QEvent>
+#include <QPainter>
 #include <QTabBar>
 #include <QToolButton>
 
@@ -133,6 +134,19 @@ void CSceneTabs::updateTitles()
         button->setAccessibleName(tr("Close %1").arg(page->title()));
         button->setToolTip(button->accessibleName());
     }
+}
+
+// Where there is nothing yet it says how to begin.
+void CSceneTabs::paintEvent(QPaintEvent* event)
+{
+    QTabWidget::paintEvent(event);
+    if (count() > 0)
+        return;
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(rect().adjusted(2 * gridStep, 2 * gridStep, -2 * gridStep, -2 * gridStep),
+                     Qt::AlignCenter | Qt::TextWordWrap,
+                     tr("Connect a camera at the left to see it, or open a scene.\nCtrl+K finds every command."));
 }
 
 void CSceneTabs::changeEvent(QEvent* event)

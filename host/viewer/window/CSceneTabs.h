@@ -45,6 +45,7 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void addScene(Plugin::Halvex::CNodeScene* scene);

@@ -27,7 +27,8 @@ namespace Host {
  * connect(&watch, &CThreadWatch::heldUp, statusBar, [=](const QString& who, int ms) { ... });
  * \endcode
  *
- * A timer beats while data flows, and some time after; a beat that comes late tells for how long. Who it was is told by
+ * A timer beats while data flows, and some time after; a beat that comes late tells for how long. So what the first
+ * data after a rest does goes unnoticed. Who it was is told by
  * the longest silence of the models' signals meanwhile: the model that broke it, and those that it feeds and that never
  * say anything, may have used it. So it may name two. What is slow in a thread of its own holds up nothing.
  *

@@ -45,7 +45,10 @@ void CViewerStatus::show(const QString& text, const QColor& color)
     QPalette palette = m_message->palette();
     palette.setColor(QPalette::WindowText, color);
     m_message->setPalette(palette);
-    m_message->setText(text.section(QLatin1Char('\n'), 0, 0));
+    QString line = text.section(QLatin1Char('\n'), 0, 0);
+    if (line.endsWith(QLatin1Char(':')))
+        line.chop(1); // what follows is in the tool tip
+    m_message->setText(line);
     m_message->setToolTip(text);
     m_message->setAccessibleName(text);
     m_clearTimer.start();

@@ -13,6 +13,7 @@
 #include "host/viewer/edit/CGraphEditor.h"
 #include "host/viewer/edit/CModelPalette.h"
 #include "host/viewer/edit/CSettingsPanel.h"
+#include "host/viewer/graph/CGraphCanvas.h"
 #include "host/viewer/graph/CGraphView.h"
 #include "host/viewer/images/CViewModel.h"
 #include "host/viewer/window/CCommandPalette.h"
@@ -67,9 +68,10 @@ CViewerWindow::CViewerWindow(const SParts& parts, QWidget* parent)
 
 CViewerWindow::~CViewerWindow()
 {
-    // What goes now tells of itself, and this object is none of its listeners any more.
-    m_tabs->disconnect(this);
+    // What goes now tells of itself, and later there is no window to hear of it.
     m_sessions->disconnect(this);
+    m_tabs->disconnect(this);
+    delete m_tabs;
 }
 
 void CViewerWindow::connectParts()
@@ -197,7 +199,14 @@ bool CViewerWindow::importChain(const QString& file)
     CScenePage* const page = m_tabs->current();
     if (!page)
         return report(tr("A chain needs a scene: connect a camera first."), {});
-    return report(m_files.importChain(*page, file), tr("Imported %1").arg(QFileInfo(file).fileName()));
+    constexpr std::size_t givenNodes = 2; // the camera and its view, which nobody has put anywhere
+    const bool isFresh = page->scene()->nodes().size() <= givenNodes;
+    const QString error = m_files.importChain(*page, file);
+    if (error.isEmpty() && isFresh) {
+        page->view().canvas().arrange();
+        page->view().fit();
+    }
+    return report(error, tr("Imported %1").arg(QFileInfo(file).fileName()));
 }
 
 bool CViewerWindow::report(const QString& error, const QString& done)

@@ -19,6 +19,7 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QStyle>
+#include <QTabBar>
 
 namespace Host {
 
@@ -148,6 +149,7 @@ void CViewerWindow::retranslate()
 {
     setWindowTitle(tr("Halvex Viewer"));
     m_tabs->setAccessibleName(tr("Scenes"));
+    m_tabs->tabBar()->setAccessibleName(tr("Scenes"));
     m_docks->retranslate();
     m_menus->retranslate();
     m_menus->update();

@@ -11,6 +11,8 @@
 #include <QAction>
 #include <QTest>
 
+#include <stdexcept>
+
 using namespace Host;
 using namespace Plugin::Halvex;
 
@@ -37,6 +39,7 @@ private Q_SLOTS:
     void drawsWhatIsThereAlready();
     void drawsWhatOthersAddAndRemove();
     void dropsItemsAtOnce();
+    void drawsAgainWhatAHandlerKeeps();
     void showsANodeThatReplacedAnother();
     void placesNewNodesApart();
     void takesThePositionsOfTheEditor();
@@ -86,6 +89,20 @@ void tst_CGraphCanvas::dropsItemsAtOnce()
     QVERIFY(shown.canvas().connectionItems().empty());
     shown.edited.scene->clearScene();
     QVERIFY(shown.canvas().nodeItems().empty());
+}
+
+void tst_CGraphCanvas::drawsAgainWhatAHandlerKeeps()
+{
+    const SShownGraph shown;
+    const Core::CId blur = shown.edited.add("Blur");
+    shown.canvas().sync();
+    const auto refusal = connect(shown.edited.scene.data(), &CNodeScene::nodeDeleted,
+                                 [](CNodeBase&) { throw std::runtime_error("it stays"); });
+    QVERIFY_EXCEPTION_THROWN(shown.edited.scene->removeNode(*shown.edited.editor->node(blur)), std::runtime_error);
+    QVERIFY(!shown.item(blur));
+    QTRY_VERIFY(shown.item(blur));
+    QCOMPARE(shown.mismatch(), QString());
+    disconnect(refusal);
 }
 
 void tst_CGraphCanvas::showsANodeThatReplacedAnother()

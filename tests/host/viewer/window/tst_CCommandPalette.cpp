@@ -25,7 +25,7 @@ struct SPalette
         file->addSeparator();
         QMenu* const recent = file->addMenu("Recent");
         recent->addAction("first.json");
-        QMenu* const view = bar.addMenu("View");
+        QMenu* const view = bar.addMenu("View(&V)");
         view->addAction("Hidden")->setVisible(false);
         dark = view->addAction("Dark");
         save->setEnabled(false);

@@ -31,7 +31,7 @@ struct SDocks
         window.show();
     }
 
-    CNodeBase& addView(CNodeScene& scene) const { return scene.createNode(std::make_unique<CViewModel>()); }
+    static CNodeBase& addView(CNodeScene& to) { return to.createNode(std::make_unique<CViewModel>()); }
 
     CNodeScene scene{nullptr, nullptr};
     QMainWindow window;

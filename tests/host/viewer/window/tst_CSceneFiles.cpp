@@ -95,16 +95,16 @@ void tst_CSceneFiles::positionsComeBackToo()
 {
     SFiles test;
     CGraphEditor& editor = test.page->editor();
-    const Core::CId blur = editor.addNode("Blur", QPointF(300, 40));
+    const Core::CId blur = editor.addNode("Blur", QPointF(304, 40));
     const QString camera = test.page->camera()->id().toString();
-    editor.setPositions({{camera, QPointF(-50, 7)}});
+    editor.setPositions({{camera, QPointF(-48, 8)}});
     QCOMPARE(test.files.save(*test.page, test.file("scene.json")), QString());
 
     // In another scene, where the camera's node has another id.
     const std::unique_ptr<CScenePage> other = test.makePage("fake-2");
     QCOMPARE(test.files.open(*other, test.file("scene.json")), QString());
-    QCOMPARE(other->editor().positions().value(blur.toString()), QPointF(300, 40));
-    QCOMPARE(other->editor().positions().value(other->camera()->id().toString()), QPointF(-50, 7));
+    QCOMPARE(other->editor().positions().value(blur.toString()), QPointF(304, 40));
+    QCOMPARE(other->editor().positions().value(other->camera()->id().toString()), QPointF(-48, 8));
     QCOMPARE(other->cameraName(), QString("fake-2"));
 }
 

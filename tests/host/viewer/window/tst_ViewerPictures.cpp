@@ -1,0 +1,122 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "TestFile.h"
+#include "TestTable.h"
+#include "WindowFixture.h"
+#include "host/viewer/base/CLanguage.h"
+#include "host/viewer/base/Theme.h"
+#include "host/viewer/cameras/CCameraPanel.h"
+#include "host/viewer/cameras/CFeaturePanel.h"
+#include "host/viewer/edit/CFaultPanel.h"
+#include "host/viewer/edit/CGraphEditor.h"
+#include "host/viewer/edit/CModelPalette.h"
+#include "host/viewer/edit/CSettingsPanel.h"
+#include "host/viewer/graph/CGraphView.h"
+#include "host/viewer/images/CImageDock.h"
+#include "host/viewer/window/CCommandPalette.h"
+#include "host/viewer/window/CImageDocks.h"
+#include "host/viewer/window/CScenePage.h"
+#include "host/viewer/window/CSceneTabs.h"
+#include "host/viewer/window/CViewerDocks.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QDockWidget>
+#include <QLineEdit>
+#include <QTreeWidget>
+
+using namespace Host;
+
+/// Pictures of the window in each of its states, for people to look at: PICTURES/<colours>-<language>-<scale>-<state>.
+/// The test itself only sees to it that there is a picture of each, and that something is in it.
+class tst_ViewerPictures : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QVERIFY(QDir().mkpath(PICTURES)); }
+    void states_data();
+    void states();
+
+private:
+    void take(QWidget& widget, const char* state) const;
+
+    QString m_prefix;
+};
+
+void tst_ViewerPictures::take(QWidget& widget, const char* state) const
+{
+    QCoreApplication::processEvents();
+    const QImage picture = widget.grab().toImage();
+    QVERIFY(!picture.isNull());
+    QSet<QRgb> colors;
+    for (int x = 0; x < picture.width(); x += 3) {
+        for (int y = 0; y < picture.height(); y += 3)
+            colors.insert(picture.pixel(x, y));
+    }
+    QVERIFY2(colors.size() > 8, state);
+    QVERIFY(picture.save(QStringLiteral("%1/%2-%3.png").arg(PICTURES, m_prefix, QLatin1String(state))));
+}
+
+void tst_ViewerPictures::states_data()
+{
+    addColumns<QString, bool>({"language", "isDark"});
+    for (const QString& code : CLanguage::codes()) {
+        for (const bool isDark : {false, true})
+            addRow(qPrintable(code + (isDark ? "-dark" : "-light")), code, isDark);
+    }
+}
+
+void tst_ViewerPictures::states()
+{
+    QFETCH(QString, language);
+    QFETCH(bool, isDark);
+    QApplication::setPalette(isDark ? darkPalette() : lightPalette());
+    CLanguage texts;
+    texts.install(language);
+    const SWindow test;
+    CViewerWindow& window = *test.window;
+    m_prefix = QStringLiteral("%1-%2-%3x").arg(isDark ? "dark" : "light", language).arg(window.devicePixelRatio());
+    take(window, "1-empty");
+
+    for (const char* name : {"fake-1", "fake-2"}) {
+        CCameraSession* const session = test.connectCamera(name);
+        QTRY_VERIFY(session->isOpen());
+        QVERIFY(window.importChain(DEMO_CHAIN));
+        session->start();
+    }
+    window.tabs().current()->view().fit();
+    for (const CCameraSession* const session : window.sessions().all())
+        QTRY_VERIFY(session->framesPerSecond() > 5.0 && !session->preview().isNull());
+    take(window, "2-cameras");
+
+    CViewerDocks& docks = window.docks();
+    CViewerDocks::bringUp(docks.features());
+    QTRY_VERIFY(docks.features().editor("Width"));
+    take(window, "3-features");
+
+    Q_EMIT docks.palette().placeRequested("Blur");
+    CViewerDocks::bringUp(docks.settings());
+    window.findChild<QDockWidget*>("history")->show();
+    take(window, "4-settings-history");
+    window.findChild<QDockWidget*>("history")->hide();
+
+    QVERIFY(write(test.file("bad.json"), R"([{"name": "a", "model": {"name": "Blurr"}, "unique_sources": [["*"]]}])"));
+    QVERIFY(!window.importChain(test.file("bad.json")));
+    take(window, "5-faults");
+
+    window.showCommands();
+    take(window.commandPalette(), "6-commands");
+    window.commandPalette().reject();
+
+    SCameraOptions absent;
+    absent.address = QStringLiteral("256.1.1.1");
+    const CCameraSession* const failed = window.sessions().connectCamera(absent);
+    QTRY_COMPARE(failed->state(), CCameraSession::EState::Failed);
+    docks.cameras().choose(absent.address);
+    take(docks.cameras(), "7-camera-failed");
+}
+
+QTEST_MAIN(tst_ViewerPictures)
+#include "tst_ViewerPictures.moc"
