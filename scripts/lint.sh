@@ -30,11 +30,10 @@ need_packages "${library_packages[@]}" "${host_packages[@]}" "${test_packages[@]
 step "commands and moc files for the linters"
 # What the linters read is made at once: a target's moc files need nothing of what the target links.
 cmake --preset dev -DHALVEX_BUILD_BENCHMARKS=ON -DHALVEX_BENCH_PEERS=ON -DCMAKE_AUTOGEN_ORIGIN_DEPENDS=OFF
-mapfile -t moc_targets < <(ninja -C build/dev -t targets all | sed -n 's/^\([^/]*_autogen\): phony$/\1/p')
-cmake --build --preset dev --target "${moc_targets[@]}"
-
 mapfile -t sources < <(scripts/lint_sources.py build/dev/compile_commands.json build/lint $base)
 [ ${#sources[@]} -gt 0 ] || exit 0
+mapfile -t moc_targets <build/lint/moc_targets
+cmake --build --preset dev --target "${moc_targets[@]}"
 
 step "clang-tidy over ${#sources[@]} files, changed since ${base:-ever}"
 printf '%s\0' "${sources[@]}" | xargs -0 -P "$(nproc)" -n 1 clang-tidy -p build/lint --quiet 2>build/lint/clang-tidy.log || {

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Writes the compile commands that the linters read, and prints the sources to be linted, one to a line.
+"""Writes the compile commands that the linters read, and the targets that make the moc files of what is linted, and
+prints the sources to be linted, one to a line.
 
     scripts/lint_sources.py build/dev/compile_commands.json build/lint          every source of ours
     scripts/lint_sources.py build/dev/compile_commands.json build/lint v1.3.1   those that differ from a commit
@@ -44,6 +45,9 @@ def main():
         chosen = {source for source in sources if source in changed}
         chosen |= {source_for(header, sources) for header in changed if header.suffix == ".h"}
         sources = sorted(chosen - {None})
+    chosen = [command for command in commands if pathlib.Path(os.path.relpath(command["file"])) in sources]
+    targets = {re.search(r" -o \S*CMakeFiles/([^/]+)\.dir/", command["command"]).group(1) for command in chosen}
+    (lint_folder / "moc_targets").write_text("".join(f"{target}_autogen\n" for target in sorted(targets)))
     for source in sources:
         print(source)
 
