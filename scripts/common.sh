@@ -11,6 +11,7 @@ host_packages=(pkg-config libaravis-dev libusb-1.0-0-dev # named in aravis-0.8.p
     libqwt-qt5-dev # charts of the viewer, and with it Qt's widgets
     libplplot-dev plplot-driver-cairo fonts-dejavu-core # charts, drawn in memory
     libcli11-dev rapidjson-dev libvalijson-dev) # headers: arguments, JSON with its places, and JSON Schema
+picture_packages=(xvfb xauth) # a display for pictures of the viewer, where there is none
 test_packages=(aravis-tools # arv-fake-gv-camera-0.8, a GigE Vision camera on the loopback
     man-db   # reads the manual page
     python3) # compiles the samples
