@@ -79,8 +79,8 @@ bool isDark(const QPalette& palette)
 QColor accentColor(EAccent accent, const QPalette& palette)
 {
     const SHue hue = hueOf(accent);
-    const QColor window = palette.color(QPalette::Window);
-    const QColor base = palette.color(QPalette::Base);
+    const QColor& window = palette.color(QPalette::Window);
+    const QColor& base = palette.color(QPalette::Base);
     const bool onDark = isDark(palette);
     // From the middle towards the text's end, as far as it must be and no farther: the more colour remains.
     QColor color;

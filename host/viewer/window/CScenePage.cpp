@@ -8,6 +8,7 @@
 
 #include <Halvex/models/ASourceNodeDataModel.h>
 
+#include <QAction>
 #include <QFileInfo>
 #include <QVBoxLayout>
 
@@ -26,6 +27,13 @@ CScenePage::CScenePage(CNodeScene& scene, INodeService& service, QWidget* parent
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_view);
     setFocusProxy(m_view);
+    // The window has these for all scenes. Two actions with one shortcut would be none.
+    for (QAction* const action : m_view->graphActions()) {
+        if (action->objectName() != QLatin1String("graphUndo") && action->objectName() != QLatin1String("graphRedo"))
+            continue;
+        action->setShortcut({});
+        action->setVisible(false);
+    }
     connect(&m_editor->undoStack(), &QUndoStack::cleanChanged, this, &CScenePage::titleChanged);
     // The camera comes when the scene is there already.
     connect(&scene, &CNodeScene::nodeCreated, this, &CScenePage::titleChanged);

@@ -41,6 +41,7 @@ private Q_SLOTS:
     void readOnlyFeature();
     void categoryInItself();
     void outsideOfAllCategories();
+    void plainValues();
 };
 
 void tst_CFeatures::wholeNumbers_data()
@@ -104,6 +105,30 @@ void tst_CFeatures::outsideOfAllCategories()
     QCOMPARE(found[0].category, QStringLiteral("In no category"));
     QVERIFY(featuresOf(all, "WidthRegister").empty());
     QCOMPARE(featuresOf(all, "Width").size(), std::size_t(1));
+}
+
+void tst_CFeatures::plainValues()
+{
+    const auto device = fakeDevice();
+    const std::vector<SFeature> all = CFeatures(device.get()).all();
+    const auto feature = [&all](const char* name) {
+        const std::vector<SFeature> found = featuresOf(all, QString(name));
+        return found.empty() ? SFeature() : found[0];
+    };
+    const SFeature width = feature("Width");
+    QCOMPARE(width.plainValue, QString("512"));
+    QCOMPARE(width.least.value_or(0), 1.0);
+    QCOMPARE(width.most.value_or(0), 2048.0);
+    QVERIFY(width.choices.isEmpty());
+    const SFeature format = feature("PixelFormat");
+    QVERIFY(format.choices.contains("Mono8") && format.choices.contains("RGB8"));
+    QCOMPARE(format.plainValue, QString("Mono8"));
+    QVERIFY(!format.least && !format.most);
+    const SFeature exposure = feature("ExposureTimeAbs");
+    QVERIFY(exposure.value.startsWith(exposure.plainValue));
+    QCOMPARE(exposure.value, exposure.unit.isEmpty() ? exposure.plainValue : exposure.plainValue + " " + exposure.unit);
+    QVERIFY(exposure.help.contains("microseconds"));
+    QCOMPARE(feature("TriggerSoftware").plainValue, QString());
 }
 
 QTEST_GUILESS_MAIN(tst_CFeatures)

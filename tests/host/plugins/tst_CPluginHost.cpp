@@ -73,6 +73,7 @@ private Q_SLOTS:
     void failureAtTheEndIsNoEnd();
     void notLoadable();
     void ownPluginsPublishTheirServices();
+    void textsFollowTheLanguage();
     void copyOfTheLibraryStandsForIt();
     void againAndAgain();
 };
@@ -241,6 +242,25 @@ void tst_CPluginHost::notLoadable()
     QCOMPARE(host.refusals()[1].file, CPluginTestFolder::testPlugin("unresolved"));
     QVERIFY2(reasons(host).at(1).contains("functionThatNobodyHas"), qPrintable(reasons(host).at(1)));
     QVERIFY(calls().contains("base.extensionsInitialized"));
+}
+
+void tst_CPluginHost::textsFollowTheLanguage()
+{
+    CPluginTestFolder folder;
+    QVERIFY(folder.addHostPlugins());
+    const auto text = [] {
+        return QCoreApplication::translate("Plugin::Halvex::CNodeDecouplerDataModelBase", "Decoupler for %1");
+    };
+    const QString english = text();
+    {
+        const CPluginHost plugins(folder.path());
+        plugins.setLanguage("ja");
+        const QString japanese = text();
+        QVERIFY(japanese != english);
+        plugins.setLanguage("ko_KR");
+        QVERIFY(text() != english && text() != japanese);
+    }
+    QCOMPARE(text(), english);
 }
 
 void tst_CPluginHost::ownPluginsPublishTheirServices()
