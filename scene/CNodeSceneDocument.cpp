@@ -34,7 +34,7 @@ bool isUnique(const QJsonObject& modelJson)
 /// The object in \a data; empty, after a warning, if there is none.
 QJsonObject readDocument(const QByteArray& data)
 {
-    QJsonParseError error;
+    QJsonParseError error{};
     const QJsonDocument document = QJsonDocument::fromJson(data, &error);
     if (error.error != QJsonParseError::NoError)
         warnOnce("A scene document is no JSON, nothing is loaded: %, at byte %.",

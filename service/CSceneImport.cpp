@@ -45,7 +45,7 @@ QJsonObject referenceTo(const CNodeBase& node)
 /// The array that \a text is; empty, after a warning, if it is none.
 QJsonArray readArray(const QString& text)
 {
-    QJsonParseError error;
+    QJsonParseError error{};
     const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8(), &error);
     if (error.error != QJsonParseError::NoError)
         warnOnce("An import is no JSON, nothing is added: %, at byte %.",
