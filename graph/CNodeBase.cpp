@@ -103,6 +103,7 @@ void CNodeBase::retire(std::unique_ptr<CNodeBase> node)
 {
     Q_ASSERT(node);
     node->m_owner = nullptr;
+    // Survives exchanged neighbours: clearing the ends runs no foreign code.
     node->m_stage = EStage::Closed;
     node->clearEnds();
     CNodeVisit::endAll(*node);

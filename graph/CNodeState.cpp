@@ -21,6 +21,7 @@ namespace {
 int countPorts(const CNodeDataModel& model, ENodePortType side)
 {
     const unsigned int ports = model.nPorts(side);
+    // Survives exchanged operator: a model with that many ports needs 64 GiB for its rows.
     if (ports > unsigned(std::numeric_limits<int>::max()))
         qBadAlloc();
     return int(ports);

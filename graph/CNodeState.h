@@ -88,6 +88,7 @@ private:
     /// The connections of one port: what walks read. There is room for one next to the other members, since most ports
     /// have one; what a hop reads then lies together.
     using Row = QVarLengthArray<SPlace, 1>;
+    // Survives number off by one: more room changes nothing but the size.
     using Rows = QVarLengthArray<Row, 1>;
 
     /// A connection's note of its place in a row.
@@ -139,8 +140,9 @@ private:
 
     // What a walk reads comes first.
     CNodeVisit* m_visit = nullptr; // the innermost stretch of code that stands in the node: places stay where they are
-    quint64 m_lastChange = 0;      // of the rows, counted since they were tidied up
-    uint m_readyRows = 0; // that a walk may read at once: all, or none once a host may have written into the tables
+    // Survives number off by one: changes are only compared with one another.
+    quint64 m_lastChange = 0; // of the rows, counted since they were tidied up
+    uint m_readyRows = 0;     // that a walk may read at once: all, or none once a host may have written into the tables
     int m_outPorts = 0;
     Rows m_outRows;
     int m_inPorts = 0;

@@ -16,6 +16,7 @@ namespace {
 quintptr framePosition()
 {
 #ifdef __GNUC__
+    // Survives number off by one: the caller's frame is next to it, and what is kept free is much larger.
     return reinterpret_cast<quintptr>(__builtin_frame_address(0)); // a sanitizer may keep locals elsewhere
 #else
     const char here = 0;

@@ -26,6 +26,7 @@ CNodeDecouplerDataModelBase::CNodeDecouplerDataModelBase()
     m_modelType = ENodeDataModelType::Decoupler;
     m_decoupler->enableThrottle(true);
     reconfigureTickTimer();
+    // Survives exchanged neighbours: no tick comes before an event loop runs.
     m_tickTimer->start();
 
     connect(m_tickTimer, &QTimer::timeout, m_decoupler.get(), &CDecoupler::throttleTimerTick);

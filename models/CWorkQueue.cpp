@@ -116,6 +116,7 @@ void CWorkQueue::setLimits(const SLimits& limits)
 
 void CWorkQueue::setPool(QThreadPool* pool)
 {
+    // Survives exchanged neighbours: only a job that begins just then tells.
     const QMutexLocker lock(&m_mutex);
     m_pool = pool;
     if (!m_jobs.empty())
@@ -171,6 +172,7 @@ void CWorkQueue::close()
 {
     CDiscarded discarded(*this);
     const QMutexLocker announcing(&m_receiverMutex);
+    // Survives exchanged neighbours: only a job that leaves just then tells.
     const QMutexLocker lock(&m_mutex);
     m_receiver = nullptr;
     endUnfinished(&SWorkerStatistics::dropped, discarded.jobs);
@@ -231,6 +233,7 @@ std::optional<CWorkQueue::SResult> CWorkQueue::takeNext()
             --m_ready;
             countEnd(result.error.isNull() ? &SWorkerStatistics::emitted : &SWorkerStatistics::failed);
         }
+        // Survives exchanged neighbours: what begins is none of the unused ones.
         m_unused.append(job);
         next = begin();
     }
@@ -240,6 +243,7 @@ std::optional<CWorkQueue::SResult> CWorkQueue::takeNext()
 
 void CWorkQueue::beginDelivery()
 {
+    // Survives removed statement: the receiver locks it next, to take results; a detector of races tells.
     const QMutexLocker lock(&m_mutex);
     m_isAnnounced = false;
 }

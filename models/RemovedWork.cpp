@@ -64,6 +64,7 @@ void addPool(QThreadPool& pool)
     SCount& all = theCount();
     const QMutexLocker lock(&all.mutex);
     auto& pools = all.pools;
+    // Survives removed statement: pools that are gone are passed over; the list only grows.
     pools.erase(std::remove_if(pools.begin(), pools.end(), [](const auto& known) { return known.isNull(); }),
                 pools.end());
     if (std::find(pools.cbegin(), pools.cend(), &pool) == pools.cend())

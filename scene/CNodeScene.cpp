@@ -55,6 +55,7 @@ CNodeScene::CNodeScene(std::shared_ptr<CNodeDataModelRegistry> registry, Core::A
     , m_queue(std::make_unique<CDeferredQueue>())
 {
     // With few entries to a bucket, a table's order is nearly that of memory: a large scene goes twice as fast.
+    // Survives exchanged neighbours: the tables do not know each other.
     m_nodes.max_load_factor(0.25F);
     m_connections.max_load_factor(0.25F);
 }
@@ -115,6 +116,7 @@ std::shared_ptr<CNodeConnection> CNodeScene::createConnection(CNodeBase& nodeIn,
         const CNodeVisit visitIn(nodeIn);
         const CNodeVisit visitOut(nodeOut);
         copy = converter;
+        // Survives exchanged operator: what is asked then instead was destroyed, and says the same; sanitizers tell.
         if (!self || visitIn.isOver() || visitOut.isOver())
             return nullptr;
     }
@@ -166,6 +168,7 @@ void CNodeScene::removeConnection(const Core::CId& id, EIfThrown ifThrown)
     m_queue->run([&] {
         const QPointer<CNodeScene> self(this);
         bool isGoing = ifThrown == EIfThrown::Goes;
+        // Survives exchanged neighbours: making the guard does nothing else.
         const auto end = qScopeGuard([&] {
             if (!self || !isGoing) {
                 connection.m_stage = EConnectionStage::Staying;

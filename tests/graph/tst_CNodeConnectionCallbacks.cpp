@@ -132,12 +132,20 @@ void tst_CNodeConnectionCallbacks::converterMayPutAnotherConnectionInItsPlace()
 
 void tst_CNodeConnectionCallbacks::converterMayReplaceItself()
 {
+    bool isHeld = true;
+    bool wasHeldWhileItRan = false;
     const SPair pair;
-    pair.connection->setTypeConverter([&pair, state = Numbers(1000, 5)](const CNodeDataPtr&) {
+    const auto replace = [&] { // what the converter captured must not be asked for this
         pair.connection->setTypeConverter(addTen);
-        return CTestData::make(state.back());
-    });
+        wasHeldWhileItRan = isHeld;
+    };
+    pair.connection->setTypeConverter(
+        [&replace, state = Numbers(1000, 5), end = atTheEnd([&isHeld] { isHeld = false; })](const CNodeDataPtr&) {
+            replace();
+            return CTestData::make(state.back());
+        });
     pair.deliver(1);
+    QVERIFY(wasHeldWhileItRan && !isHeld);
     pair.deliver(2);
     QCOMPARE(pair.values(), Numbers({5, 12}));
 }

@@ -143,6 +143,7 @@ private Q_SLOTS:
     void deletionWaitsForTheOtherHandlers();
     void deletionsKeepTheirOrder();
     void deletionWaitsForTheOutermostOperation();
+    void deletedConnectionIsGoneBeforeTheNextDeletion();
     void deletionAskedForTwiceIsDoneOnce();
     void deletionAskedForWhenItIsAnnouncedChangesNothing();
     void deletionAskedForWhenARemovalIsAnnouncedComesFirst();
@@ -233,6 +234,25 @@ void tst_CNodeSceneReentry::deletionWaitsForTheOutermostOperation()
     place(scene, "C");
     QVERIFY(wasWholeInTheOuterHandler);
     QCOMPARE(scene.log.said, QStringList({"created C", "connected A0-B0", "disconnected A0-B0"}));
+}
+
+void tst_CNodeSceneReentry::deletedConnectionIsGoneBeforeTheNextDeletion()
+{
+    SChain chain;
+    const std::weak_ptr<CNodeConnection> upper = chain.scene->connections().at(chain.upper->id());
+    bool wasThere = false;
+    bool wasGone = false;
+    connect(chain.scene.get(), &CNodeScene::connectionDeleted, [&](CNodeConnection& connection) {
+        if (&connection != chain.lower) {
+            wasThere = !upper.expired();
+            chain.scene->deleteConnection(*chain.lower);
+        } else {
+            wasGone = upper.expired();
+        }
+    });
+    chain.scene->deleteConnectionNow(*chain.upper);
+    QVERIFY(wasThere && wasGone);
+    QVERIFY(chain.scene->connections().empty());
 }
 
 void tst_CNodeSceneReentry::deletionAskedForTwiceIsDoneOnce()
@@ -439,16 +459,18 @@ void tst_CNodeSceneReentry::pushMayRemoveWhatItConnects()
 
 void tst_CNodeSceneReentry::copyingAConverterMayRemoveTheNode() const
 {
-    SChain chain;
-    bool isArmed = false;
-    const SCopyWatch watch([&] {
-        if (std::exchange(isArmed, false))
-            chain.scene->removeNode(chain.c.node);
-    });
-    const NodeDataConverter converter = [watch](const CNodeDataPtr& data) { return data; };
-    isArmed = true;
-    QVERIFY(!chain.scene->createConnection(chain.c.node, 0, chain.a.node, 0, converter));
-    QCOMPARE(chain.scene->nodes().size(), std::size_t(2));
+    for (const auto removed : {&SChain::a, &SChain::c}) {
+        SChain chain;
+        bool isArmed = false;
+        const SCopyWatch watch([&] {
+            if (std::exchange(isArmed, false))
+                chain.scene->removeNode((chain.*removed).node);
+        });
+        const NodeDataConverter converter = [watch](const CNodeDataPtr& data) { return data; };
+        isArmed = true;
+        QVERIFY(!chain.scene->createConnection(chain.c.node, 0, chain.a.node, 0, converter));
+        QCOMPARE(chain.scene->nodes().size(), std::size_t(2));
+    }
 }
 
 void tst_CNodeSceneReentry::dyingNodeIsNotConnected()

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void removeSceneOfNodeByIdCallsTheOther();
     void sceneIsWholeWhileRemovingAndGoneWhenRemoved();
     void sceneThatTheHostDestroysIsInNoTable();
+    void sceneMayGoWithItsLoneSink();
 
     void dyingServiceDestroysItsScenesInOrder();
     void dyingServiceMayBeCalled();
@@ -141,6 +142,23 @@ void tst_CNodeServiceRemoval::sceneThatTheHostDestroysIsInNoTable()
     f.service->setActiveScene(gone);
     f.service->removeSceneOfNode(cam.id);
     QCOMPARE(f.log.take().filter("removing"), QStringList());
+}
+
+void tst_CNodeServiceRemoval::sceneMayGoWithItsLoneSink()
+{
+    F f;
+    const SPlaced cam = f.addSource();
+    const SPlaced view = f.addView();
+    const QPointer<CNodeScene> scene = f.active();
+    connect(scene, &CNodeScene::nodeDeleted, this, [&](CNodeBase& node) {
+        if (node.id() == view.id)
+            delete scene.data();
+    });
+    f.log.take();
+    f.service->removeNode(cam.id, true);
+    QVERIFY(scene.isNull());
+    QCOMPARE(f.sceneCount(), 0);
+    QCOMPARE(f.log.take(), QStringList({"1 deleted cam", "1 deleted view", "removed"}));
 }
 
 void tst_CNodeServiceRemoval::dyingServiceDestroysItsScenesInOrder()
