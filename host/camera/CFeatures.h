@@ -27,13 +27,13 @@ struct SFeature
     bool isWritable = false;
 
     // The same for programs, such as a window with widgets.
-    QString plainValue;          ///< Without its unit; as set() takes it, but for hexadecimal numbers.
-    QString unit;                ///< Of a number; may be empty.
-    QStringList choices;         ///< Of an enumeration, those that it takes now.
-    std::optional<double> least; ///< Of a number; none where the type alone bounds it.
-    std::optional<double> most;  ///< The same.
+    QString plainValue{};          ///< Without its unit; as set() takes it, but for hexadecimal numbers.
+    QString unit{};                ///< Of a number; may be empty.
+    QStringList choices{};         ///< Of an enumeration, those that it takes now.
+    std::optional<double> least{}; ///< Of a number; none where the type alone bounds it.
+    std::optional<double> most{};  ///< The same.
     double step = 1.0;           ///< Of an integer.
-    QString help;                ///< What the camera says of it, may be empty.
+    QString help{};                ///< What the camera says of it, may be empty.
 };
 
 /**
