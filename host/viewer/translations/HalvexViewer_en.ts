@@ -1181,10 +1181,6 @@ Ctrl+K finds every command.</translation>
         <translation>Documents (*.json);;All files (*)</translation>
     </message>
     <message>
-        <source>The graph of %1 will be replaced.</source>
-        <translation>The graph of %1 will be replaced.</translation>
-    </message>
-    <message>
         <source>Open scene</source>
         <translation>Open scene</translation>
     </message>

@@ -1173,10 +1173,6 @@ Ctrl+K ですべてのコマンドを検索できます。</translation>
         <translation>ドキュメント (*.json);;すべてのファイル (*)</translation>
     </message>
     <message>
-        <source>The graph of %1 will be replaced.</source>
-        <translation>%1 のグラフは置き換えられます。</translation>
-    </message>
-    <message>
         <source>Open scene</source>
         <translation>シーンを開く</translation>
     </message>

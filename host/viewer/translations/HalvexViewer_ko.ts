@@ -1173,10 +1173,6 @@ Ctrl+K로 모든 명령을 찾을 수 있습니다.</translation>
         <translation>문서 (*.json);;모든 파일 (*)</translation>
     </message>
     <message>
-        <source>The graph of %1 will be replaced.</source>
-        <translation>%1의 그래프가 대체됩니다.</translation>
-    </message>
-    <message>
         <source>Open scene</source>
         <translation>장면 열기</translation>
     </message>

@@ -1173,10 +1173,6 @@ Ctrl+K finds every command.</source>
         <translation>文档 (*.json);;所有文件 (*)</translation>
     </message>
     <message>
-        <source>The graph of %1 will be replaced.</source>
-        <translation>%1 的图将被替换。</translation>
-    </message>
-    <message>
         <source>Open scene</source>
         <translation>打开场景</translation>
     </message>

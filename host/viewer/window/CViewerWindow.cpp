@@ -78,7 +78,7 @@ void CViewerWindow::connectParts()
 {
     connect(m_tabs, &CSceneTabs::pageAdded, this, &CViewerWindow::onPageAdded);
     connect(m_tabs, &CSceneTabs::currentPageChanged, this, &CViewerWindow::onPageChanged);
-    connect(m_tabs, &CSceneTabs::closeRequested, this, &CViewerWindow::closeScene);
+    connect(m_tabs, &CSceneTabs::closeRequested, this, &CViewerWindow::askToClose);
     connect(m_sessions, &CCameraSessions::opened, this, &CViewerWindow::onOpened);
     connect(m_images, &CImageDocks::changed, m_menus, &CViewerMenus::update);
     connect(m_watch, &CThreadWatch::heldUp, m_status, &CViewerStatus::tellHeldUp);
@@ -91,6 +91,7 @@ void CViewerWindow::connectParts()
         if (const CScenePage* const page = m_tabs->current())
             page->view().goTo(node);
     });
+    connect(&m_docks->cameras(), &CCameraPanel::disconnectRequested, this, &CViewerWindow::askToDisconnect);
     connect(&m_docks->cameras(), &CCameraPanel::currentChanged, this, [this](const CCameraSession* session) {
         if (CScenePage* const page = session ? m_tabs->page(session->scene()) : nullptr)
             m_tabs->setCurrentWidget(page);
@@ -238,7 +239,7 @@ void CViewerWindow::check()
         m_docks->faults().checkScene(*page->scene());
 }
 
-void CViewerWindow::closeScene(CNodeScene* scene)
+void CViewerWindow::closeScene(const CNodeScene* scene)
 {
     const CScenePage* const page = m_tabs->page(scene);
     if (!page)

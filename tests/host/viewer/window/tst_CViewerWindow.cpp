@@ -27,6 +27,7 @@
 #include <QDockWidget>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QTabBar>
 #include <QTest>
 
@@ -43,6 +44,16 @@ QAction* action(const CViewerWindow& window, const char* name)
     return found;
 }
 
+QAction* actionWithText(const CViewerWindow& window, const QString& part)
+{
+    for (QAction* const each : window.findChildren<QAction*>()) {
+        if (each->text().contains(part))
+            return each;
+    }
+    qFatal("no action with %s", qPrintable(part));
+    return nullptr;
+}
+
 // What a screen reader says of it.
 QString nameOf(const QWidget& widget)
 {
@@ -50,6 +61,24 @@ QString nameOf(const QWidget& widget)
     if (!widget.accessibleName().isEmpty() || !button)
         return widget.accessibleName();
     return button->text().isEmpty() ? button->toolTip() : button->text();
+}
+
+// Null if nothing is asked.
+QMessageBox* questionIn(const CViewerWindow& window)
+{
+    return window.findChild<QMessageBox*>();
+}
+
+// A way on which the graph of the shown scene would go.
+void goThatWay(const CViewerWindow& window, const QString& way)
+{
+    const CSceneTabs& tabs = window.tabs();
+    if (way == "close button")
+        qobject_cast<QAbstractButton*>(tabs.tabBar()->tabButton(tabs.currentIndex(), QTabBar::RightSide))->click();
+    else if (way == "recent file")
+        actionWithText(window, "scene.json")->trigger();
+    else
+        action(window, qPrintable(way))->trigger();
 }
 
 } // namespace
@@ -64,6 +93,10 @@ private Q_SLOTS:
     void twoCamerasTwoTabs();
     void tabAndCameraListFollowOneAnother();
     void closingATabDisconnectsItsCamera();
+    void changesAreAskedAbout_data();
+    void changesAreAskedAbout();
+    void questionGoesWithItsScene();
+    void closingTheWindowAsks();
     void sceneRemovedByOthers();
     void openSaveImport();
     void faultyFileIsListed();
@@ -155,6 +188,67 @@ void tst_CViewerWindow::closingATabDisconnectsItsCamera()
     QVERIFY(test.window->newScene("without a camera"));
     action(*test.window, "closeScene")->trigger();
     QCOMPARE(test.window->tabs().count(), 0);
+}
+
+void tst_CViewerWindow::changesAreAskedAbout_data()
+{
+    QTest::addColumn<QString>("way");
+    for (const char* way : {"closeScene", "close button", "recent file", "disconnectCamera"})
+        QTest::newRow(way) << way;
+}
+
+void tst_CViewerWindow::changesAreAskedAbout()
+{
+    QFETCH(const QString, way);
+    const SWindow test;
+    QVERIFY(test.window->newScene("saved"));
+    QVERIFY(test.window->saveScene(test.file("scene.json")));
+    const QPointer<CCameraSession> session = test.connectCamera("fake-1");
+    QTRY_VERIFY(session->isOpen());
+    const QPointer<CScenePage> page = test.window->tabs().current();
+    QCOMPARE(page->scene(), session->scene());
+    const QPointer<CNodeScene> scene = page->scene();
+    const Core::CId blur = page->editor().addNode("Blur", {});
+    for (const auto answer : {QMessageBox::Cancel, QMessageBox::Discard}) {
+        goThatWay(*test.window, way);
+        const QPointer<QMessageBox> question = questionIn(*test.window);
+        QVERIFY(question);
+        QVERIFY(question->text().contains("fake-1"));
+        QVERIFY(page && page->isModified() && page->editor().node(blur));
+        question->button(answer)->click();
+        QTRY_VERIFY(!question);
+        QCOMPARE(scene && page && page->editor().node(blur), answer == QMessageBox::Cancel);
+    }
+    QTRY_COMPARE(page.isNull(), way != "recent file");
+    QTRY_COMPARE(session.isNull(), way != "recent file");
+}
+
+void tst_CViewerWindow::questionGoesWithItsScene()
+{
+    SWindow test;
+    const CScenePage* const page = test.window->newScene("one");
+    page->editor().addNode("Blur", {});
+    test.window->closeCurrent();
+    const QPointer<QMessageBox> question = questionIn(*test.window);
+    QVERIFY(question);
+    test.service.nodes.removeSceneOfNode(page->camera());
+    QVERIFY(test.window->newScene("two"));
+    QTRY_VERIFY(!question);
+    QCOMPARE(test.window->tabs().count(), 1);
+}
+
+void tst_CViewerWindow::closingTheWindowAsks()
+{
+    const SWindow test;
+    test.window->newScene("one")->editor().addNode("Blur", {});
+    for (const auto answer : {QMessageBox::Cancel, QMessageBox::Discard}) {
+        QVERIFY(!test.window->close());
+        const QPointer<QMessageBox> question = questionIn(*test.window);
+        QVERIFY(question);
+        question->button(answer)->click();
+        QTRY_VERIFY(!question);
+        QCOMPARE(test.window->isVisible(), answer == QMessageBox::Cancel);
+    }
 }
 
 void tst_CViewerWindow::sceneRemovedByOthers()
