@@ -172,8 +172,24 @@ void CViewerWindow::addScene()
 
 bool CViewerWindow::openScene(const QString& file)
 {
-    const bool isNew = !m_tabs->current();
-    CScenePage* const page = isNew ? newScene(QFileInfo(file).completeBaseName()) : m_tabs->current();
+    return openScene(file, m_tabs->current());
+}
+
+bool CViewerWindow::saveScene(const QString& file)
+{
+    return saveScene(file, m_tabs->current());
+}
+
+bool CViewerWindow::importChain(const QString& file)
+{
+    return importChain(file, m_tabs->current());
+}
+
+bool CViewerWindow::openScene(const QString& file, CScenePage* page)
+{
+    const bool isNew = !page;
+    if (isNew)
+        page = newScene(QFileInfo(file).completeBaseName());
     if (!page)
         return report(tr("There is no scene to open it in."), {});
     const QString error = m_files.open(*page, file);
@@ -184,9 +200,8 @@ bool CViewerWindow::openScene(const QString& file)
     return report(error, tr("Opened %1").arg(QFileInfo(file).fileName()));
 }
 
-bool CViewerWindow::saveScene(const QString& file)
+bool CViewerWindow::saveScene(const QString& file, CScenePage* page)
 {
-    CScenePage* const page = m_tabs->current();
     if (!page)
         return report(tr("There is no scene to save."), {});
     const QString error = m_files.save(*page, file);
@@ -195,9 +210,8 @@ bool CViewerWindow::saveScene(const QString& file)
     return report(error, tr("Saved %1").arg(QFileInfo(file).fileName()));
 }
 
-bool CViewerWindow::importChain(const QString& file)
+bool CViewerWindow::importChain(const QString& file, CScenePage* page)
 {
-    CScenePage* const page = m_tabs->current();
     if (!page)
         return report(tr("A chain needs a scene: connect a camera first."), {});
     constexpr std::size_t givenNodes = 2; // the camera and its view, which nobody has put anywhere

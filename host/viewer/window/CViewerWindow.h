@@ -13,6 +13,7 @@
 #include <functional>
 
 class QDialog;
+class QFileDialog;
 
 namespace Plugin::Halvex {
 class CNodeScene;
@@ -120,7 +121,12 @@ private:
     void closeScene(const Plugin::Halvex::CNodeScene* scene);
     void checkSoon();
     void check();
+    bool openScene(const QString& file, CScenePage* page);
+    bool saveScene(const QString& file, CScenePage* page);
+    bool importChain(const QString& file, CScenePage* page);
     bool report(const QString& error, const QString& done);
+    void askToReplace(CScenePage* page, const QString& file);
+    void askForFile(CScenePage* page, QFileDialog* dialog, const std::function<void(const QString&)>& then);
     void ifChangesMayGo(CScenePage& page, const std::function<void(CScenePage&)>& then);
     QDialog* askToDiscard(const QString& modified, const std::function<void()>& then);
     void restoreLayout();

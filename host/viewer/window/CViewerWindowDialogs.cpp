@@ -27,51 +27,63 @@ namespace Host {
 
 using namespace Plugin::Halvex;
 
-namespace {
-
-QString documentFilter()
-{
-    return CViewerWindow::tr("Documents (*.json);;All files (*)");
-}
-
-} // namespace
-
 void CViewerWindow::askForScene()
 {
-    const QString file = QFileDialog::getOpenFileName(this, tr("Open scene"), {}, documentFilter());
-    if (!file.isEmpty())
-        askToOpen(file);
+    CScenePage* const page = m_tabs->current();
+    askForFile(page, new QFileDialog(this, tr("Open scene")), [=](const QString& file) { askToReplace(page, file); });
 }
 
 void CViewerWindow::askToOpen(const QString& file)
 {
-    if (CScenePage* const page = m_tabs->current())
-        ifChangesMayGo(*page, [this, file](CScenePage&) { openScene(file); });
+    askToReplace(m_tabs->current(), file);
+}
+
+void CViewerWindow::askToReplace(CScenePage* page, const QString& file)
+{
+    if (page)
+        ifChangesMayGo(*page, [this, file](CScenePage& asked) { openScene(file, &asked); });
     else
-        openScene(file);
+        openScene(file, nullptr);
 }
 
 void CViewerWindow::askForChain()
 {
-    const QString file = QFileDialog::getOpenFileName(this, tr("Import chain"), {}, documentFilter());
-    if (!file.isEmpty())
-        importChain(file);
+    CScenePage* const page = m_tabs->current();
+    askForFile(page, new QFileDialog(this, tr("Import chain")), [=](const QString& file) { importChain(file, page); });
 }
 
 void CViewerWindow::saveCurrent()
 {
-    const CScenePage* const page = m_tabs->current();
+    CScenePage* const page = m_tabs->current();
     if (page && !page->file().isEmpty())
-        saveScene(page->file());
+        saveScene(page->file(), page);
     else
         saveCurrentAs();
 }
 
 void CViewerWindow::saveCurrentAs()
 {
-    const QString file = QFileDialog::getSaveFileName(this, tr("Save scene"), {}, documentFilter());
-    if (!file.isEmpty())
-        saveScene(file);
+    CScenePage* const page = m_tabs->current();
+    auto* const dialog = new QFileDialog(this, tr("Save scene"));
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    askForFile(page, dialog, [=](const QString& file) { saveScene(file, page); });
+}
+
+// For that page, whichever is shown when the answer comes; null for none.
+void CViewerWindow::askForFile(CScenePage* page, QFileDialog* dialog, const std::function<void(const QString&)>& then)
+{
+    if (dialog->acceptMode() == QFileDialog::AcceptOpen)
+        dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setDefaultSuffix(QStringLiteral("json"));
+    dialog->setNameFilter(tr("Documents (*.json);;All files (*)"));
+    connect(dialog, &QFileDialog::fileSelected, this, [this, page, then](const QString& file) {
+        if (!page || m_tabs->pages().contains(page))
+            then(file);
+    });
+    if (page)
+        connect(page, &QObject::destroyed, dialog, &QDialog::reject);
+    dialog->open();
 }
 
 void CViewerWindow::closeCurrent()

@@ -25,6 +25,8 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDockWidget>
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -69,6 +71,15 @@ QMessageBox* questionIn(const CViewerWindow& window)
     return window.findChild<QMessageBox*>();
 }
 
+void choose(QFileDialog* dialog, const QString& file)
+{
+    QVERIFY(dialog);
+    QTRY_VERIFY(dialog->isVisible());
+    dialog->setDirectory(QFileInfo(file).path());
+    dialog->selectFile(file);
+    QMetaObject::invokeMethod(dialog, "accept");
+}
+
 // A way on which the graph of the shown scene would go.
 void goThatWay(const CViewerWindow& window, const QString& way)
 {
@@ -97,6 +108,8 @@ private Q_SLOTS:
     void changesAreAskedAbout();
     void questionGoesWithItsScene();
     void closingTheWindowAsks();
+    void fileIsForTheSceneItWasAskedFor();
+    void fileDialogGoesWithItsScene();
     void sceneRemovedByOthers();
     void openSaveImport();
     void faultyFileIsListed();
@@ -248,6 +261,42 @@ void tst_CViewerWindow::closingTheWindowAsks()
         question->button(answer)->click();
         QTRY_VERIFY(!question);
         QCOMPARE(test.window->isVisible(), answer == QMessageBox::Cancel);
+    }
+}
+
+void tst_CViewerWindow::fileIsForTheSceneItWasAskedFor()
+{
+    const SWindow test;
+    CScenePage* const one = test.window->newScene("one");
+    one->editor().addNode("Blur", {});
+    action(*test.window, "saveSceneAs")->trigger();
+    const QPointer<QFileDialog> saving = test.window->findChild<QFileDialog*>();
+    CScenePage* const two = test.window->newScene("two"); // as a camera does that opens meanwhile
+    QCOMPARE(test.window->tabs().current(), two);
+    choose(saving, test.file("one")); // the suffix is added
+    QTRY_COMPARE(one->file(), test.file("one.json"));
+    QVERIFY(two->file().isEmpty());
+    QTRY_VERIFY(!saving);
+    QVERIFY(content(test.file("one.json")).contains("Blur"));
+
+    action(*test.window, "openScene")->trigger();
+    auto* const opening = test.window->findChild<QFileDialog*>();
+    test.window->tabs().setCurrentWidget(one);
+    choose(opening, test.file("one.json"));
+    QTRY_COMPARE(two->file(), test.file("one.json"));
+    QCOMPARE(countNodes(*two->scene(), "Blur"), 1);
+}
+
+void tst_CViewerWindow::fileDialogGoesWithItsScene()
+{
+    SWindow test;
+    for (const char* way : {"openScene", "saveSceneAs", "importChain"}) {
+        const CScenePage* const page = test.window->newScene("one");
+        action(*test.window, way)->trigger();
+        const QPointer<QFileDialog> dialog = test.window->findChild<QFileDialog*>();
+        QVERIFY(dialog);
+        test.service.nodes.removeSceneOfNode(page->camera());
+        QTRY_VERIFY(!dialog);
     }
 }
 
