@@ -3,7 +3,6 @@
 
 #include "host/viewer/window/CSceneFiles.h"
 
-#include "host/base/Attempt.h"
 #include "host/base/InputFile.h"
 #include "host/check/CDocumentCheck.h"
 #include "host/documents/DocumentFile.h"
@@ -12,6 +11,7 @@
 #include "host/run/Output.h"
 #include "host/run/SceneFile.h"
 #include "host/viewer/edit/CGraphEditor.h"
+#include "host/viewer/edit/GraphPart.h"
 #include "host/viewer/window/CPositionsFile.h"
 #include "host/viewer/window/CScenePage.h"
 
@@ -47,18 +47,14 @@ std::vector<SFault> refusals(std::vector<SFault> faults)
     return faults;
 }
 
-void removeAllBut(CNodeScene& scene, const CNodeBase& kept)
+std::vector<Core::CId> idsBesides(const CNodeScene& scene, const Core::CId& left)
 {
     std::vector<Core::CId> ids;
     for (const auto& node : scene.nodes()) {
-        if (node.second.get() != &kept)
+        if (node.first != left)
             ids.push_back(node.first);
     }
-    for (const Core::CId& id : ids) {
-        const auto node = scene.nodes().find(id);
-        if (node != scene.nodes().end())
-            scene.removeNode(*node->second);
-    }
+    return ids;
 }
 
 } // namespace
@@ -87,17 +83,40 @@ QString CSceneFiles::open(CScenePage& page, const QString& file)
     }
     QMap<QString, QPointF> positions = m_positions.load(file);
     rename(&positions, cameraKey, camera->id().toString());
-    CNodeScene& scene = *page.scene();
-    error = attempt(QStringLiteral("clearing the scene"), [&] {
-        removeAllBut(scene, *camera);
-        return true;
-    });
+    return replace(page, *camera, positions, QJsonDocument::fromJson(text).object(), file);
+}
+
+QString CSceneFiles::replace(CScenePage& page, CNodeBase& camera, const NodePositions& positions,
+                             const QJsonObject& document, const QString& file)
+{
+    // Handlers may destroy scene and camera at each step.
+    const QPointer<CNodeScene> scene = page.scene();
+    const QPointer<CNodeBase> kept(&camera);
+    const Core::CId cameraId = camera.id();
+    CGraphEditor& editor = page.editor();
+    const NodePositions formerPositions = editor.positions();
+    SGraphPart former = partOf(*scene, idsBesides(*scene, cameraId), formerPositions);
+    takeOut(*scene, &former, formerPositions);
     // Before the nodes, which are placed by themselves else.
-    page.editor().setPositions(positions);
-    if (error.isEmpty())
-        error = CSceneLoader(scene, *camera).load(QJsonDocument::fromJson(text).object());
-    page.editor().undoStack().clear();
-    page.setFile(file);
+    editor.setPositions(positions);
+    const QString error =
+        scene && kept ? CSceneLoader(*scene, *kept).load(document) : QStringLiteral("the scene is gone");
+    if (error.isEmpty()) {
+        editor.undoStack().clear();
+        page.setFile(file);
+        return {};
+    }
+    if (scene) {
+        SGraphPart made = partOf(*scene, idsBesides(*scene, cameraId), {});
+        takeOut(*scene, &made, {});
+    }
+    editor.setPositions(formerPositions);
+    if (scene && putBack(*scene, former) > 0) {
+        // What is there now is nobody's document: nothing may be saved over one without a question.
+        editor.undoStack().clear();
+        editor.undoStack().resetClean();
+        page.setFile({});
+    }
     return error;
 }
 

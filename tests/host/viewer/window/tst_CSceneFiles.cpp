@@ -11,6 +11,9 @@
 #include "host/viewer/window/CPositionsFile.h"
 #include "host/viewer/window/CScenePage.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -37,6 +40,21 @@ struct SFiles
     QString file(const char* name) const { return folder.filePath(QLatin1String(name)); }
     QByteArray document(const CScenePage& of) const { return orderedScene(of.scene()->saveToMemory()); }
 
+    // Connections that are put back have new ids.
+    QByteArray withoutConnectionIds(const CScenePage& of) const
+    {
+        QJsonObject json = QJsonDocument::fromJson(document(of)).object();
+        QStringList connections;
+        for (const QJsonValue& each : json.value("connections").toArray()) {
+            QJsonObject connection = each.toObject();
+            connection.remove("id");
+            connections << QString::fromUtf8(QJsonDocument(connection).toJson());
+        }
+        connections.sort();
+        json.insert("connections", QJsonArray::fromStringList(connections));
+        return QJsonDocument(json).toJson();
+    }
+
     QTemporaryDir folder;
     SHostService service;
     CPositionsFile positions{folder.filePath("positions.json")};
@@ -56,6 +74,8 @@ private Q_SLOTS:
     void positionsComeBackToo();
     void openingReplacesAllButTheCamera();
     void faultyDocumentChangesNothing();
+    void failureWhileItIsReadChangesNothing();
+    void sceneRemovedWhileItIsRead();
     void faultyChainChangesNothing();
     void missingFile();
     void folderThatCannotBeWritten();
@@ -131,6 +151,45 @@ void tst_CSceneFiles::faultyDocumentChangesNothing()
     QCOMPARE(test.document(*test.page), before);
     QCOMPARE(test.files.takeRefusedText(), faulty);
     QVERIFY(test.files.takeRefusedText().isEmpty());
+}
+
+void tst_CSceneFiles::failureWhileItIsReadChangesNothing()
+{
+    SFiles test;
+    QCOMPARE(test.files.importChain(*test.page, DEMO_CHAIN), QString());
+    QCOMPARE(test.files.save(*test.page, test.file("bad.json")), QString());
+    CGraphEditor& editor = test.page->editor();
+    test.page->setFile(test.file("good.json"));
+    const Core::CId blur = editor.addNode("Blur", QPointF(304, 40));
+    const QByteArray before = test.withoutConnectionIds(*test.page);
+    // The scene loses the first node that is read: its connections cannot be made.
+    QMetaObject::Connection once;
+    CNodeScene* const scene = test.page->scene();
+    once = connect(scene, &CNodeScene::nodeCreated, this, [&once, scene](CNodeBase& node) {
+        disconnect(once);
+        scene->removeNode(node);
+    });
+    QVERIFY(!test.files.open(*test.page, test.file("bad.json")).isEmpty());
+    QCOMPARE(test.withoutConnectionIds(*test.page), before);
+    QCOMPARE(test.page->file(), test.file("good.json"));
+    QVERIFY(test.page->isModified());
+    QCOMPARE(editor.positions().value(blur.toString()), QPointF(304, 40));
+    editor.undoStack().undo();
+    QVERIFY(!editor.node(blur));
+}
+
+void tst_CSceneFiles::sceneRemovedWhileItIsRead()
+{
+    SFiles test;
+    QCOMPARE(test.files.importChain(*test.page, DEMO_CHAIN), QString());
+    QCOMPARE(test.files.save(*test.page, test.file("scene.json")), QString());
+    test.page->setFile({});
+    const QPointer<CNodeBase> camera = test.page->camera();
+    connect(test.page->scene(), &CNodeScene::nodeCreated, this,
+            [&test, camera] { test.service.nodes.removeSceneOfNode(camera); });
+    QVERIFY(test.files.open(*test.page, test.file("scene.json")).contains("gone"));
+    QVERIFY(!test.page->scene());
+    QVERIFY(test.page->file().isEmpty());
 }
 
 void tst_CSceneFiles::faultyChainChangesNothing()
