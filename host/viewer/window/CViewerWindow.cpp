@@ -147,9 +147,18 @@ void CViewerWindow::addImageView()
     editor.undoStack().beginMacro(tr("Show the camera's image"));
     const QPointF beside = editor.positions().value(cameraId.toString()) + QPointF(40 * gridStep, 0);
     const Core::CId view = editor.addNode(CViewModel::modelName(), beside);
-    editor.setSetting(view, QStringLiteral("viewName"), page->cameraName());
-    editor.connectPorts({cameraId, ENodePortType::Out, 0}, {view, ENodePortType::In, 0});
-    editor.undoStack().endMacro();
+    const bool isMade = editor.node(view) != nullptr;
+    if (isMade) {
+        editor.setSetting(view, QStringLiteral("viewName"), page->cameraName());
+        editor.connectPorts({cameraId, ENodePortType::Out, 0}, {view, ENodePortType::In, 0});
+    }
+    QUndoStack& steps = editor.undoStack();
+    steps.endMacro();
+    if (isMade)
+        return;
+    // The step does nothing. The stack has no other way to drop one.
+    const_cast<QUndoCommand*>(steps.command(steps.index() - 1))->setObsolete(true);
+    steps.undo();
 }
 
 CScenePage* CViewerWindow::newScene(const QString& name)

@@ -116,6 +116,7 @@ private Q_SLOTS:
     void fileWithoutAScene();
     void undoAndRedoOfTheShownScene();
     void undoByKeyboardInTheGraph();
+    void refusedImageViewIsNoStep();
     void paletteAndSettings();
     void commandsByKeyboard();
     void everyCommandHasATextAndAName();
@@ -384,6 +385,18 @@ void tst_CViewerWindow::undoByKeyboardInTheGraph()
     QCOMPARE(countNodes(*page->scene(), "Blur"), 0);
     QTest::keySequence(&page->view(), QKeySequence::Redo);
     QCOMPARE(countNodes(*page->scene(), "Blur"), 1);
+}
+
+void tst_CViewerWindow::refusedImageViewIsNoStep()
+{
+    const SWindow test;
+    const CScenePage* const page = test.window->newScene("one");
+    CNodeScene* const scene = page->scene();
+    connect(scene, &CNodeScene::nodeCreated, this, [scene](CNodeBase& node) { scene->removeNode(node); });
+    action(*test.window, "addImageView")->trigger();
+    QVERIFY(!test.window->status().message().isEmpty());
+    QCOMPARE(page->editor().undoStack().count(), 0);
+    QVERIFY(!page->isModified());
 }
 
 void tst_CViewerWindow::paletteAndSettings()
