@@ -881,6 +881,29 @@
     </message>
 </context>
 <context>
+    <name>Host::CSceneFiles</name>
+    <message>
+        <source>the scene has no camera</source>
+        <translation>シーンにカメラがありません</translation>
+    </message>
+    <message>
+        <source>cannot open</source>
+        <translation>開けません</translation>
+    </message>
+    <message>
+        <source>the scene is gone</source>
+        <translation>シーンはもうありません</translation>
+    </message>
+    <message>
+        <source>cannot import</source>
+        <translation>インポートできません</translation>
+    </message>
+    <message>
+        <source>nothing of &apos;%1&apos; could be made</source>
+        <translation>「%1」の要素を1つも作成できませんでした</translation>
+    </message>
+</context>
+<context>
     <name>Host::CSceneTabs</name>
     <message>
         <source>Close %1</source>

@@ -70,13 +70,13 @@ QString CSceneFiles::open(CScenePage& page, const QString& file)
 {
     CNodeBase* const camera = page.camera();
     if (!camera)
-        return QStringLiteral("the scene has no camera");
+        return tr("the scene has no camera");
     QString error;
     const QByteArray text = readDocument(file, &error);
     if (!error.isEmpty())
         return error;
     CDocumentCheck check(m_service, m_models, {EDocumentKind::Scene, {page.cameraName()}});
-    error = faultsText(QStringLiteral("cannot open"), inputName(file), refusals(check.check(text)));
+    error = faultsText(tr("cannot open"), inputName(file), refusals(check.check(text)));
     if (!error.isEmpty()) {
         m_refusedText = text;
         return error;
@@ -99,8 +99,7 @@ QString CSceneFiles::replace(CScenePage& page, CNodeBase& camera, const NodePosi
     takeOut(*scene, &former, formerPositions);
     // Before the nodes, which are placed by themselves else.
     editor.setPositions(positions);
-    const QString error =
-        scene && kept ? CSceneLoader(*scene, *kept).load(document) : QStringLiteral("the scene is gone");
+    const QString error = scene && kept ? CSceneLoader(*scene, *kept).load(document) : tr("the scene is gone");
     if (error.isEmpty()) {
         editor.undoStack().clear();
         page.setFile(file);
@@ -123,7 +122,7 @@ QString CSceneFiles::replace(CScenePage& page, CNodeBase& camera, const NodePosi
 QString CSceneFiles::save(CScenePage& page, const QString& file) const
 {
     if (!page.scene())
-        return QStringLiteral("the scene is gone");
+        return tr("the scene is gone");
     QString error = replaceFile(file, orderedScene(page.scene()->saveToMemory()));
     if (!error.isEmpty())
         return error;
@@ -143,14 +142,13 @@ QString CSceneFiles::importChain(CScenePage& page, const QString& file)
     if (!error.isEmpty())
         return error;
     CDocumentCheck check(m_service, m_models, {EDocumentKind::Chain, cameras});
-    error = faultsText(QStringLiteral("cannot import"), chain.name, refusals(check.check(chain.source)));
+    error = faultsText(tr("cannot import"), chain.name, refusals(check.check(chain.source)));
     if (!error.isEmpty()) {
         m_refusedText = chain.source;
         return error;
     }
     const bool isImported = !page.editor().importChain(QString::fromUtf8(chain.text)).empty();
-    return isImported || chain.elements.isEmpty() ? QString()
-                                                  : QStringLiteral("nothing of '%1' could be made").arg(chain.name);
+    return isImported || chain.elements.isEmpty() ? QString() : tr("nothing of '%1' could be made").arg(chain.name);
 }
 
 } // namespace Host

@@ -6,6 +6,7 @@
 #include "host/viewer/edit/GraphPart.h"
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QString>
 
 #include <utility>
@@ -37,6 +38,8 @@ class IHostModels;
  */
 class CSceneFiles
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CSceneFiles)
+
 public:
     /// All outlive this object.
     CSceneFiles(Plugin::Halvex::INodeService& service, const IHostModels& models, const CPositionsFile& positions);

@@ -6,6 +6,7 @@
 #include "SHostService.h"
 #include "TestFile.h"
 #include "host/run/SceneFile.h"
+#include "host/viewer/base/CLanguage.h"
 #include "host/viewer/edit/CGraphEditor.h"
 #include "host/viewer/images/ViewModels.h"
 #include "host/viewer/window/CPositionsFile.h"
@@ -14,6 +15,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -78,6 +80,7 @@ private Q_SLOTS:
     void sceneRemovedWhileItIsRead();
     void faultyChainChangesNothing();
     void missingFile();
+    void errorsAreInTheLanguageOfTheWindow();
     void folderThatCannotBeWritten();
 };
 
@@ -208,6 +211,21 @@ void tst_CSceneFiles::missingFile()
     QVERIFY(test.files.open(*test.page, test.file("none.json")).contains("none.json"));
     QVERIFY(test.files.importChain(*test.page, test.file("none.json")).contains("none.json"));
     QVERIFY(test.files.takeRefusedText().isEmpty());
+}
+
+void tst_CSceneFiles::errorsAreInTheLanguageOfTheWindow()
+{
+    SFiles test;
+    QVERIFY(write(test.file("bad.json"), R"({"nodes": [{"id": "x", "model": {"name": "No Such Model"}}]})"));
+    test.service.nodes.removeSceneOfNode(test.page->camera());
+    const std::unique_ptr<CScenePage> page = test.makePage("fake-2");
+    CLanguage language;
+    QSet<QString> errors;
+    for (const QString& code : CLanguage::codes()) {
+        language.install(code);
+        errors << test.files.save(*test.page, test.file("scene.json")) << test.files.open(*page, test.file("bad.json"));
+    }
+    QCOMPARE(errors.size(), 2 * CLanguage::codes().size());
 }
 
 void tst_CSceneFiles::folderThatCannotBeWritten()
