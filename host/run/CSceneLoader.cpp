@@ -11,6 +11,7 @@
 
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QPointer>
 
 namespace Host {
 
@@ -33,15 +34,24 @@ CSceneLoader::CSceneLoader(CNodeScene& scene, CNodeBase& camera)
 
 QString CSceneLoader::load(const QJsonObject& document)
 {
+    const QPointer<CNodeScene> scene(&m_scene);
+    const QPointer<CNodeBase> camera(&m_camera);
+    const auto isGone = [&] { return !scene || !camera; };
+    const QString gone = QStringLiteral("the scene is gone");
     const QJsonArray nodes = document.value(DocumentKeys::nodes).toArray();
     for (int i = 0; i < nodes.size(); ++i) {
         const QString error = addNode(nodes.at(i).toObject());
+        if (isGone())
+            return gone;
         if (!error.isEmpty())
             return QStringLiteral("nodes[%1]: %2").arg(i).arg(error);
     }
     const QJsonArray connections = document.value(DocumentKeys::connections).toArray();
     for (int i = 0; i < connections.size(); ++i) {
-        if (!addConnection(connections.at(i).toObject()))
+        const bool isMade = addConnection(connections.at(i).toObject());
+        if (isGone())
+            return gone;
+        if (!isMade)
             return QStringLiteral("connections[%1]: the scene refuses it").arg(i);
     }
     return {};

@@ -77,7 +77,7 @@ void CCameraPanel::makeActions()
     m_stop = make("stopCamera", Qt::Key_F6, &CCameraSession::stop);
     m_single = make("grabSingle", Qt::Key_F7, &CCameraSession::grabSingle);
     m_trigger = make("triggerCamera", Qt::Key_F8, &CCameraSession::trigger);
-    m_disconnect = makeAction(this, "disconnectCamera", {}, [this] { m_sessions.disconnectCamera(chosenName()); });
+    m_disconnect = makeAction(this, "disconnectCamera", {}, [this] { Q_EMIT disconnectRequested(chosenName()); });
     m_images = makeAction(this, "openImages", {}, [this] { askForImages(); });
     m_video = makeAction(this, "openVideo", {}, [this] { askForVideo(); });
 }

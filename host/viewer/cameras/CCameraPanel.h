@@ -47,6 +47,9 @@ Q_SIGNALS:
     /// Another row was chosen, or the chosen one was connected or disconnected; null if it is not connected.
     void currentChanged(Host::CCameraSession* session);
 
+    /// A person asks for the end of that session. Its scene goes with it: whoever hears of it asks first about changes.
+    void disconnectRequested(const QString& name);
+
 protected:
     void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;

@@ -889,6 +889,29 @@
     </message>
 </context>
 <context>
+    <name>Host::CSceneFiles</name>
+    <message>
+        <source>the scene has no camera</source>
+        <translation>the scene has no camera</translation>
+    </message>
+    <message>
+        <source>cannot open</source>
+        <translation>cannot open</translation>
+    </message>
+    <message>
+        <source>the scene is gone</source>
+        <translation>the scene is gone</translation>
+    </message>
+    <message>
+        <source>cannot import</source>
+        <translation>cannot import</translation>
+    </message>
+    <message>
+        <source>nothing of &apos;%1&apos; could be made</source>
+        <translation>nothing of &apos;%1&apos; could be made</translation>
+    </message>
+</context>
+<context>
     <name>Host::CSceneTabs</name>
     <message>
         <source>Close %1</source>
@@ -1179,10 +1202,6 @@ Ctrl+K finds every command.</translation>
     <message>
         <source>Documents (*.json);;All files (*)</source>
         <translation>Documents (*.json);;All files (*)</translation>
-    </message>
-    <message>
-        <source>The graph of %1 will be replaced.</source>
-        <translation>The graph of %1 will be replaced.</translation>
     </message>
     <message>
         <source>Open scene</source>

@@ -881,6 +881,29 @@
     </message>
 </context>
 <context>
+    <name>Host::CSceneFiles</name>
+    <message>
+        <source>the scene has no camera</source>
+        <translation>シーンにカメラがありません</translation>
+    </message>
+    <message>
+        <source>cannot open</source>
+        <translation>開けません</translation>
+    </message>
+    <message>
+        <source>the scene is gone</source>
+        <translation>シーンはもうありません</translation>
+    </message>
+    <message>
+        <source>cannot import</source>
+        <translation>インポートできません</translation>
+    </message>
+    <message>
+        <source>nothing of &apos;%1&apos; could be made</source>
+        <translation>「%1」の要素を1つも作成できませんでした</translation>
+    </message>
+</context>
+<context>
     <name>Host::CSceneTabs</name>
     <message>
         <source>Close %1</source>
@@ -1171,10 +1194,6 @@ Ctrl+K ですべてのコマンドを検索できます。</translation>
     <message>
         <source>Documents (*.json);;All files (*)</source>
         <translation>ドキュメント (*.json);;すべてのファイル (*)</translation>
-    </message>
-    <message>
-        <source>The graph of %1 will be replaced.</source>
-        <translation>%1 のグラフは置き換えられます。</translation>
     </message>
     <message>
         <source>Open scene</source>

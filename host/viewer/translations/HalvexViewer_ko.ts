@@ -881,6 +881,29 @@
     </message>
 </context>
 <context>
+    <name>Host::CSceneFiles</name>
+    <message>
+        <source>the scene has no camera</source>
+        <translation>장면에 카메라가 없습니다</translation>
+    </message>
+    <message>
+        <source>cannot open</source>
+        <translation>열 수 없습니다</translation>
+    </message>
+    <message>
+        <source>the scene is gone</source>
+        <translation>장면이 더 이상 없습니다</translation>
+    </message>
+    <message>
+        <source>cannot import</source>
+        <translation>가져올 수 없습니다</translation>
+    </message>
+    <message>
+        <source>nothing of &apos;%1&apos; could be made</source>
+        <translation>‘%1’의 요소를 하나도 만들 수 없었습니다</translation>
+    </message>
+</context>
+<context>
     <name>Host::CSceneTabs</name>
     <message>
         <source>Close %1</source>
@@ -1171,10 +1194,6 @@ Ctrl+K로 모든 명령을 찾을 수 있습니다.</translation>
     <message>
         <source>Documents (*.json);;All files (*)</source>
         <translation>문서 (*.json);;모든 파일 (*)</translation>
-    </message>
-    <message>
-        <source>The graph of %1 will be replaced.</source>
-        <translation>%1의 그래프가 대체됩니다.</translation>
     </message>
     <message>
         <source>Open scene</source>

@@ -881,6 +881,29 @@
     </message>
 </context>
 <context>
+    <name>Host::CSceneFiles</name>
+    <message>
+        <source>the scene has no camera</source>
+        <translation>场景中没有相机</translation>
+    </message>
+    <message>
+        <source>cannot open</source>
+        <translation>无法打开</translation>
+    </message>
+    <message>
+        <source>the scene is gone</source>
+        <translation>场景已不存在</translation>
+    </message>
+    <message>
+        <source>cannot import</source>
+        <translation>无法导入</translation>
+    </message>
+    <message>
+        <source>nothing of &apos;%1&apos; could be made</source>
+        <translation>无法创建“%1”中的任何内容</translation>
+    </message>
+</context>
+<context>
     <name>Host::CSceneTabs</name>
     <message>
         <source>Close %1</source>
@@ -1171,10 +1194,6 @@ Ctrl+K finds every command.</source>
     <message>
         <source>Documents (*.json);;All files (*)</source>
         <translation>文档 (*.json);;所有文件 (*)</translation>
-    </message>
-    <message>
-        <source>The graph of %1 will be replaced.</source>
-        <translation>%1 的图将被替换。</translation>
     </message>
     <message>
         <source>Open scene</source>

@@ -3,7 +3,6 @@
 
 #include "host/viewer/window/CSceneFiles.h"
 
-#include "host/base/Attempt.h"
 #include "host/base/InputFile.h"
 #include "host/check/CDocumentCheck.h"
 #include "host/documents/DocumentFile.h"
@@ -12,6 +11,7 @@
 #include "host/run/Output.h"
 #include "host/run/SceneFile.h"
 #include "host/viewer/edit/CGraphEditor.h"
+#include "host/viewer/edit/GraphPart.h"
 #include "host/viewer/window/CPositionsFile.h"
 #include "host/viewer/window/CScenePage.h"
 
@@ -47,18 +47,14 @@ std::vector<SFault> refusals(std::vector<SFault> faults)
     return faults;
 }
 
-void removeAllBut(CNodeScene& scene, const CNodeBase& kept)
+std::vector<Core::CId> idsBesides(const CNodeScene& scene, const Core::CId& left)
 {
     std::vector<Core::CId> ids;
     for (const auto& node : scene.nodes()) {
-        if (node.second.get() != &kept)
+        if (node.first != left)
             ids.push_back(node.first);
     }
-    for (const Core::CId& id : ids) {
-        const auto node = scene.nodes().find(id);
-        if (node != scene.nodes().end())
-            scene.removeNode(*node->second);
-    }
+    return ids;
 }
 
 } // namespace
@@ -74,37 +70,59 @@ QString CSceneFiles::open(CScenePage& page, const QString& file)
 {
     CNodeBase* const camera = page.camera();
     if (!camera)
-        return QStringLiteral("the scene has no camera");
+        return tr("the scene has no camera");
     QString error;
     const QByteArray text = readDocument(file, &error);
     if (!error.isEmpty())
         return error;
     CDocumentCheck check(m_service, m_models, {EDocumentKind::Scene, {page.cameraName()}});
-    error = faultsText(QStringLiteral("cannot open"), inputName(file), refusals(check.check(text)));
+    error = faultsText(tr("cannot open"), inputName(file), refusals(check.check(text)));
     if (!error.isEmpty()) {
         m_refusedText = text;
         return error;
     }
     QMap<QString, QPointF> positions = m_positions.load(file);
     rename(&positions, cameraKey, camera->id().toString());
-    CNodeScene& scene = *page.scene();
-    error = attempt(QStringLiteral("clearing the scene"), [&] {
-        removeAllBut(scene, *camera);
-        return true;
-    });
+    return replace(page, *camera, positions, QJsonDocument::fromJson(text).object(), file);
+}
+
+QString CSceneFiles::replace(CScenePage& page, CNodeBase& camera, const NodePositions& positions,
+                             const QJsonObject& document, const QString& file)
+{
+    // Handlers may destroy scene and camera at each step.
+    const QPointer<CNodeScene> scene = page.scene();
+    const QPointer<CNodeBase> kept(&camera);
+    const Core::CId cameraId = camera.id();
+    CGraphEditor& editor = page.editor();
+    const NodePositions formerPositions = editor.positions();
+    SGraphPart former = partOf(*scene, idsBesides(*scene, cameraId), formerPositions);
+    takeOut(*scene, &former, formerPositions);
     // Before the nodes, which are placed by themselves else.
-    page.editor().setPositions(positions);
-    if (error.isEmpty())
-        error = CSceneLoader(scene, *camera).load(QJsonDocument::fromJson(text).object());
-    page.editor().undoStack().clear();
-    page.setFile(file);
+    editor.setPositions(positions);
+    const QString error = scene && kept ? CSceneLoader(*scene, *kept).load(document) : tr("the scene is gone");
+    if (error.isEmpty()) {
+        editor.undoStack().clear();
+        page.setFile(file);
+        return {};
+    }
+    if (scene) {
+        SGraphPart made = partOf(*scene, idsBesides(*scene, cameraId), {});
+        takeOut(*scene, &made, {});
+    }
+    editor.setPositions(formerPositions);
+    if (scene && putBack(*scene, former) > 0) {
+        // What is there now is nobody's document: nothing may be saved over one without a question.
+        editor.undoStack().clear();
+        editor.undoStack().resetClean();
+        page.setFile({});
+    }
     return error;
 }
 
 QString CSceneFiles::save(CScenePage& page, const QString& file) const
 {
     if (!page.scene())
-        return QStringLiteral("the scene is gone");
+        return tr("the scene is gone");
     QString error = replaceFile(file, orderedScene(page.scene()->saveToMemory()));
     if (!error.isEmpty())
         return error;
@@ -124,14 +142,13 @@ QString CSceneFiles::importChain(CScenePage& page, const QString& file)
     if (!error.isEmpty())
         return error;
     CDocumentCheck check(m_service, m_models, {EDocumentKind::Chain, cameras});
-    error = faultsText(QStringLiteral("cannot import"), chain.name, refusals(check.check(chain.source)));
+    error = faultsText(tr("cannot import"), chain.name, refusals(check.check(chain.source)));
     if (!error.isEmpty()) {
         m_refusedText = chain.source;
         return error;
     }
     const bool isImported = !page.editor().importChain(QString::fromUtf8(chain.text)).empty();
-    return isImported || chain.elements.isEmpty() ? QString()
-                                                  : QStringLiteral("nothing of '%1' could be made").arg(chain.name);
+    return isImported || chain.elements.isEmpty() ? QString() : tr("nothing of '%1' could be made").arg(chain.name);
 }
 
 } // namespace Host

@@ -3,14 +3,18 @@
 
 #pragma once
 
+#include "host/viewer/edit/GraphPart.h"
+
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QString>
 
 #include <utility>
 
 namespace Plugin::Halvex {
+class CNodeBase;
 class INodeService;
-}
+} // namespace Plugin::Halvex
 
 namespace Host {
 
@@ -34,11 +38,14 @@ class IHostModels;
  */
 class CSceneFiles
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CSceneFiles)
+
 public:
     /// All outlive this object.
     CSceneFiles(Plugin::Halvex::INodeService& service, const IHostModels& models, const CPositionsFile& positions);
 
-    /// Replaces all of the scene but its camera by the document. It is no step that can be undone.
+    /// Replaces all of the scene but its camera by the document. It is no step that can be undone. If that fails, what
+    /// was there is put back; if that fails, too, the page is modified and has no file.
     QString open(CScenePage& page, const QString& file);
 
     QString save(CScenePage& page, const QString& file) const;
@@ -50,6 +57,9 @@ public:
     QByteArray takeRefusedText() { return std::exchange(m_refusedText, {}); }
 
 private:
+    static QString replace(CScenePage& page, Plugin::Halvex::CNodeBase& camera, const NodePositions& positions,
+                           const QJsonObject& document, const QString& file);
+
     Plugin::Halvex::INodeService& m_service;
     const IHostModels& m_models;
     const CPositionsFile& m_positions;

@@ -95,8 +95,10 @@ void CSceneTabs::removeScene(const QObject* scene)
     for (CScenePage* const page : pages()) {
         if (page->address() != scene)
             continue;
+        page->disconnect(this);
+        page->deleteLater(); // it may be what removes the scene: a step that is undone, a mouse button
+        page->hide();
         removeTab(indexOf(page));
-        delete page;
         return;
     }
 }

@@ -18,7 +18,9 @@ class CScenePage;
  * A tab for each scene of the service, by the service's signals alone: it comes with the scene, goes with it whoever
  * removes or destroys it, and the shown one is the active scene.
  *
- * Ownership: owns the pages. \a service outlives this object. Threads: the main thread.
+ * Ownership: owns the pages; one whose tab has gone is deleted by the event loop. \a service outlives this object.
+ *
+ * Threads: the main thread.
  */
 class CSceneTabs : public QTabWidget
 {

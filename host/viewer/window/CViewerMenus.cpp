@@ -150,7 +150,7 @@ void CViewerMenus::fillRecent()
     m_recent->clear();
     const QStringList files = m_settings.recentFiles();
     for (const QString& file : files)
-        m_recent->addAction(file, &m_window, [this, file] { m_window.openScene(file); });
+        m_recent->addAction(file, &m_window, [this, file] { m_window.askToOpen(file); });
     m_recent->setEnabled(!files.isEmpty());
 }
 

@@ -32,6 +32,8 @@ constexpr int looksInARow = 10;   // rates are told after a while, pictures come
 CViewerStart::CViewerStart(CViewerWindow& window, SViewerOptions options)
     : m_window(window)
     , m_options(std::move(options))
+    , m_sceneToOpen(m_options.scene)
+    , m_waitedFor(m_options.cameras)
     , m_toConnect(m_options.cameras)
 {
     connect(&window.sessions(), &CCameraSessions::opened, this, &CViewerStart::onOpened);
@@ -60,19 +62,23 @@ void CViewerStart::onChanged(const CCameraSession* session)
 {
     using EState = CCameraSession::EState;
     const bool isRefused = session->state() == EState::Failed || session->state() == EState::InUse;
-    if (!isRefused || !m_options.cameras.contains(session->name()))
+    if (!isRefused || !m_waitedFor.removeOne(session->name()))
         return;
     m_window.status().tellError(session->error());
+    if (m_poll.isActive()) {
+        endScreenshot(QStringLiteral("%1: %2").arg(printable(session->name()), printable(session->error())));
+        return;
+    }
     connectNext();
 }
 
 void CViewerStart::onOpened(CCameraSession* session)
 {
-    if (!m_options.cameras.contains(session->name()))
+    if (!m_waitedFor.removeOne(session->name()))
         return;
     // The window, which heard of it first, shows the scene of this camera now.
-    if (session->name() == m_options.cameras.first() && !m_options.scene.isEmpty())
-        m_window.openScene(m_options.scene);
+    if (!m_sceneToOpen.isEmpty())
+        m_window.openScene(std::exchange(m_sceneToOpen, {}));
     for (const QString& chain : m_options.chains)
         m_window.importChain(chain);
     if (const CScenePage* const page = m_window.tabs().page(session->scene()))
@@ -94,11 +100,17 @@ void CViewerStart::takeScreenshot()
     m_seenFor = isEverythingSeen() ? m_seenFor + 1 : 0;
     if (m_seenFor < looksInARow)
         return;
-    m_poll.stop();
     const bool isWritten = m_window.grab().save(m_options.screenshot);
-    if (!isWritten)
-        printErrorLine(QStringLiteral("cannot write the screenshot '%1'").arg(printable(m_options.screenshot)));
-    Q_EMIT ended(isWritten ? 0 : 1);
+    endScreenshot(isWritten ? QString()
+                            : QStringLiteral("cannot write the screenshot '%1'").arg(printable(m_options.screenshot)));
+}
+
+void CViewerStart::endScreenshot(const QString& error)
+{
+    m_poll.stop();
+    if (!error.isEmpty())
+        printErrorLine(error);
+    Q_EMIT ended(error.isEmpty() ? 0 : 1);
 }
 
 } // namespace Host

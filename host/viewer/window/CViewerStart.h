@@ -34,7 +34,8 @@ public:
     CViewerStart(CViewerWindow& window, SViewerOptions options);
 
 Q_SIGNALS:
-    /// The time is up, or the screenshot is written (0) or cannot be (1). At most once, from the event loop.
+    /// The time is up, or the screenshot is written (0) or cannot be, as when a camera is refused (1). At most once,
+    /// from the event loop.
     void ended(int exitCode);
 
 private:
@@ -42,10 +43,13 @@ private:
     void onChanged(const CCameraSession* session);
     void onOpened(CCameraSession* session);
     void takeScreenshot();
+    void endScreenshot(const QString& error);
     bool isEverythingSeen() const;
 
     CViewerWindow& m_window;
     const SViewerOptions m_options;
+    QString m_sceneToOpen;   // with the first camera that opens
+    QStringList m_waitedFor; // neither open nor refused
     QStringList m_toConnect; // one after the other, so that tabs and images are in their order
     QTimer m_poll;
     int m_seenFor = 0; // looks

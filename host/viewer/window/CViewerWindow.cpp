@@ -78,7 +78,7 @@ void CViewerWindow::connectParts()
 {
     connect(m_tabs, &CSceneTabs::pageAdded, this, &CViewerWindow::onPageAdded);
     connect(m_tabs, &CSceneTabs::currentPageChanged, this, &CViewerWindow::onPageChanged);
-    connect(m_tabs, &CSceneTabs::closeRequested, this, &CViewerWindow::closeScene);
+    connect(m_tabs, &CSceneTabs::closeRequested, this, &CViewerWindow::askToClose);
     connect(m_sessions, &CCameraSessions::opened, this, &CViewerWindow::onOpened);
     connect(m_images, &CImageDocks::changed, m_menus, &CViewerMenus::update);
     connect(m_watch, &CThreadWatch::heldUp, m_status, &CViewerStatus::tellHeldUp);
@@ -91,6 +91,7 @@ void CViewerWindow::connectParts()
         if (const CScenePage* const page = m_tabs->current())
             page->view().goTo(node);
     });
+    connect(&m_docks->cameras(), &CCameraPanel::disconnectRequested, this, &CViewerWindow::askToDisconnect);
     connect(&m_docks->cameras(), &CCameraPanel::currentChanged, this, [this](const CCameraSession* session) {
         if (CScenePage* const page = session ? m_tabs->page(session->scene()) : nullptr)
             m_tabs->setCurrentWidget(page);
@@ -146,9 +147,18 @@ void CViewerWindow::addImageView()
     editor.undoStack().beginMacro(tr("Show the camera's image"));
     const QPointF beside = editor.positions().value(cameraId.toString()) + QPointF(40 * gridStep, 0);
     const Core::CId view = editor.addNode(CViewModel::modelName(), beside);
-    editor.setSetting(view, QStringLiteral("viewName"), page->cameraName());
-    editor.connectPorts({cameraId, ENodePortType::Out, 0}, {view, ENodePortType::In, 0});
-    editor.undoStack().endMacro();
+    const bool isMade = editor.node(view) != nullptr;
+    if (isMade) {
+        editor.setSetting(view, QStringLiteral("viewName"), page->cameraName());
+        editor.connectPorts({cameraId, ENodePortType::Out, 0}, {view, ENodePortType::In, 0});
+    }
+    QUndoStack& steps = editor.undoStack();
+    steps.endMacro();
+    if (isMade)
+        return;
+    // The step does nothing. The stack has no other way to drop one.
+    const_cast<QUndoCommand*>(steps.command(steps.index() - 1))->setObsolete(true);
+    steps.undo();
 }
 
 CScenePage* CViewerWindow::newScene(const QString& name)
@@ -171,8 +181,24 @@ void CViewerWindow::addScene()
 
 bool CViewerWindow::openScene(const QString& file)
 {
-    const bool isNew = !m_tabs->current();
-    CScenePage* const page = isNew ? newScene(QFileInfo(file).completeBaseName()) : m_tabs->current();
+    return openScene(file, m_tabs->current());
+}
+
+bool CViewerWindow::saveScene(const QString& file)
+{
+    return saveScene(file, m_tabs->current());
+}
+
+bool CViewerWindow::importChain(const QString& file)
+{
+    return importChain(file, m_tabs->current());
+}
+
+bool CViewerWindow::openScene(const QString& file, CScenePage* page)
+{
+    const bool isNew = !page;
+    if (isNew)
+        page = newScene(QFileInfo(file).completeBaseName());
     if (!page)
         return report(tr("There is no scene to open it in."), {});
     const QString error = m_files.open(*page, file);
@@ -183,9 +209,8 @@ bool CViewerWindow::openScene(const QString& file)
     return report(error, tr("Opened %1").arg(QFileInfo(file).fileName()));
 }
 
-bool CViewerWindow::saveScene(const QString& file)
+bool CViewerWindow::saveScene(const QString& file, CScenePage* page)
 {
-    CScenePage* const page = m_tabs->current();
     if (!page)
         return report(tr("There is no scene to save."), {});
     const QString error = m_files.save(*page, file);
@@ -194,9 +219,8 @@ bool CViewerWindow::saveScene(const QString& file)
     return report(error, tr("Saved %1").arg(QFileInfo(file).fileName()));
 }
 
-bool CViewerWindow::importChain(const QString& file)
+bool CViewerWindow::importChain(const QString& file, CScenePage* page)
 {
-    CScenePage* const page = m_tabs->current();
     if (!page)
         return report(tr("A chain needs a scene: connect a camera first."), {});
     constexpr std::size_t givenNodes = 2; // the camera and its view, which nobody has put anywhere
@@ -238,7 +262,7 @@ void CViewerWindow::check()
         m_docks->faults().checkScene(*page->scene());
 }
 
-void CViewerWindow::closeScene(CNodeScene* scene)
+void CViewerWindow::closeScene(const CNodeScene* scene)
 {
     const CScenePage* const page = m_tabs->page(scene);
     if (!page)

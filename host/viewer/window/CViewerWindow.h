@@ -10,6 +10,11 @@
 #include <QTimer>
 #include <QUndoGroup>
 
+#include <functional>
+
+class QDialog;
+class QFileDialog;
+
 namespace Plugin::Halvex {
 class CNodeScene;
 }
@@ -41,7 +46,8 @@ class CViewerStatus;
  * connected is shown at once: its scene gets an image view.
  *
  * Functions that take a file ask nothing; what is wrong is told in the status bar and among the faults, and they
- * return false.
+ * return false. What a person does asks first if changes would be lost, without a nested event loop: cameras come and
+ * scenes go meanwhile, and a question about a scene goes with it.
  *
  * Threads: the main thread, in which the graphs run, too.
  */
@@ -88,6 +94,8 @@ public:
 public Q_SLOTS:
     void addScene();
     void askForScene();
+    /// In place of what is in the current scene. Asks first if that has changes.
+    void askToOpen(const QString& file);
     void askForChain();
     void saveCurrent();
     void saveCurrentAs();
@@ -108,11 +116,19 @@ private:
     void onPageAdded(CScenePage* page);
     void onPageChanged(CScenePage* page);
     void onOpened(const CCameraSession* session);
-    void closeScene(Plugin::Halvex::CNodeScene* scene);
+    void askToClose(const Plugin::Halvex::CNodeScene* scene);
+    void askToDisconnect(const QString& camera);
+    void closeScene(const Plugin::Halvex::CNodeScene* scene);
     void checkSoon();
     void check();
+    bool openScene(const QString& file, CScenePage* page);
+    bool saveScene(const QString& file, CScenePage* page);
+    bool importChain(const QString& file, CScenePage* page);
     bool report(const QString& error, const QString& done);
-    bool mayLoseChanges(const QString& question);
+    void askToReplace(CScenePage* page, const QString& file);
+    void askForFile(CScenePage* page, QFileDialog* dialog, const std::function<void(const QString&)>& then);
+    void ifChangesMayGo(CScenePage& page, const std::function<void(CScenePage&)>& then);
+    QDialog* askToDiscard(const QString& modified, const std::function<void()>& then);
     void restoreLayout();
     void retranslate();
 
@@ -120,6 +136,7 @@ private:
     CSceneFiles m_files;
     QUndoGroup m_history;
     QTimer m_checkTimer;
+    bool m_areChangesDiscarded = false; // the person has said so, and the window closes
     CCameraSessions* const m_sessions;
     CSceneTabs* const m_tabs;
     CImageDocks* m_images = nullptr;

@@ -5,6 +5,8 @@
 
 #include "host/viewer/base/CLanguage.h"
 #include "host/viewer/base/Theme.h"
+#include "host/viewer/cameras/CCameraSession.h"
+#include "host/viewer/cameras/CCameraSessions.h"
 #include "host/viewer/edit/CGraphEditor.h"
 #include "host/viewer/window/CCommandPalette.h"
 #include "host/viewer/window/CScenePage.h"
@@ -23,62 +25,114 @@
 
 namespace Host {
 
-namespace {
-
-QString documentFilter()
-{
-    return CViewerWindow::tr("Documents (*.json);;All files (*)");
-}
-
-} // namespace
+using namespace Plugin::Halvex;
 
 void CViewerWindow::askForScene()
 {
-    const CScenePage* const page = m_tabs->current();
-    const bool isOverwritten = page && page->scene() && page->scene()->nodes().size() > 2; // camera and view
-    if (isOverwritten && !mayLoseChanges(tr("The graph of %1 will be replaced.").arg(page->title())))
-        return;
-    const QString file = QFileDialog::getOpenFileName(this, tr("Open scene"), {}, documentFilter());
-    if (!file.isEmpty())
-        openScene(file);
+    CScenePage* const page = m_tabs->current();
+    askForFile(page, new QFileDialog(this, tr("Open scene")), [=](const QString& file) { askToReplace(page, file); });
+}
+
+void CViewerWindow::askToOpen(const QString& file)
+{
+    askToReplace(m_tabs->current(), file);
+}
+
+void CViewerWindow::askToReplace(CScenePage* page, const QString& file)
+{
+    if (page)
+        ifChangesMayGo(*page, [this, file](CScenePage& asked) { openScene(file, &asked); });
+    else
+        openScene(file, nullptr);
 }
 
 void CViewerWindow::askForChain()
 {
-    const QString file = QFileDialog::getOpenFileName(this, tr("Import chain"), {}, documentFilter());
-    if (!file.isEmpty())
-        importChain(file);
+    CScenePage* const page = m_tabs->current();
+    askForFile(page, new QFileDialog(this, tr("Import chain")), [=](const QString& file) { importChain(file, page); });
 }
 
 void CViewerWindow::saveCurrent()
 {
-    const CScenePage* const page = m_tabs->current();
+    CScenePage* const page = m_tabs->current();
     if (page && !page->file().isEmpty())
-        saveScene(page->file());
+        saveScene(page->file(), page);
     else
         saveCurrentAs();
 }
 
 void CViewerWindow::saveCurrentAs()
 {
-    const QString file = QFileDialog::getSaveFileName(this, tr("Save scene"), {}, documentFilter());
-    if (!file.isEmpty())
-        saveScene(file);
+    CScenePage* const page = m_tabs->current();
+    auto* const dialog = new QFileDialog(this, tr("Save scene"));
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    askForFile(page, dialog, [=](const QString& file) { saveScene(file, page); });
+}
+
+// For that page, whichever is shown when the answer comes; null for none.
+void CViewerWindow::askForFile(CScenePage* page, QFileDialog* dialog, const std::function<void(const QString&)>& then)
+{
+    if (dialog->acceptMode() == QFileDialog::AcceptOpen)
+        dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setDefaultSuffix(QStringLiteral("json"));
+    dialog->setNameFilter(tr("Documents (*.json);;All files (*)"));
+    connect(dialog, &QFileDialog::fileSelected, this, [this, page, then](const QString& file) {
+        if (!page || m_tabs->pages().contains(page))
+            then(file);
+    });
+    if (page)
+        connect(page, &QObject::destroyed, dialog, &QDialog::reject);
+    dialog->open();
 }
 
 void CViewerWindow::closeCurrent()
 {
-    const CScenePage* const page = m_tabs->current();
-    if (!page || !page->scene())
-        return;
-    if (!page->isModified() || mayLoseChanges(tr("%1 has changes that are not saved.").arg(page->title())))
-        closeScene(page->scene());
+    if (const CScenePage* const page = m_tabs->current())
+        askToClose(page->scene());
 }
 
-bool CViewerWindow::mayLoseChanges(const QString& question)
+void CViewerWindow::askToClose(const CNodeScene* scene)
 {
-    return QMessageBox::question(this, tr("Halvex Viewer"), question, QMessageBox::Discard | QMessageBox::Cancel,
-                                 QMessageBox::Cancel) == QMessageBox::Discard;
+    if (CScenePage* const page = m_tabs->page(scene))
+        ifChangesMayGo(*page, [this](const CScenePage& asked) { closeScene(asked.scene()); });
+}
+
+void CViewerWindow::askToDisconnect(const QString& camera)
+{
+    const CCameraSession* const session = m_sessions->find(camera);
+    if (session && m_tabs->page(session->scene()))
+        askToClose(session->scene());
+    else
+        m_sessions->disconnectCamera(camera);
+}
+
+void CViewerWindow::ifChangesMayGo(CScenePage& page, const std::function<void(CScenePage&)>& then)
+{
+    if (!page.isModified()) {
+        then(page);
+        return;
+    }
+    QDialog* const question = askToDiscard(page.title(), [this, asked = QPointer<CScenePage>(&page), then] {
+        if (asked && m_tabs->pages().contains(asked))
+            then(*asked);
+    });
+    connect(&page, &QObject::destroyed, question, &QDialog::reject);
+}
+
+QDialog* CViewerWindow::askToDiscard(const QString& modified, const std::function<void()>& then)
+{
+    auto* const question = new QMessageBox(QMessageBox::Question, tr("Halvex Viewer"),
+                                           tr("%1 has changes that are not saved.").arg(modified),
+                                           QMessageBox::Discard | QMessageBox::Cancel, this);
+    question->setAttribute(Qt::WA_DeleteOnClose);
+    question->setDefaultButton(QMessageBox::Cancel);
+    connect(question, &QMessageBox::finished, this, [then](int answer) {
+        if (answer == QMessageBox::Discard)
+            then();
+    });
+    question->open();
+    return question;
 }
 
 void CViewerWindow::showCommands()
@@ -128,9 +182,13 @@ void CViewerWindow::closeEvent(QCloseEvent* event)
         if (page->isModified())
             modified << page->title();
     }
-    if (!modified.isEmpty() &&
-        !mayLoseChanges(tr("%1 has changes that are not saved.").arg(modified.join(QStringLiteral(", "))))) {
+    if (!modified.isEmpty() && !m_areChangesDiscarded) {
         event->ignore();
+        askToDiscard(modified.join(QStringLiteral(", ")), [this] {
+            m_areChangesDiscarded = true;
+            close();
+            m_areChangesDiscarded = false;
+        });
         return;
     }
     m_parts.settings.setGeometry(saveGeometry());

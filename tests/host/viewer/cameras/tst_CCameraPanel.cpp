@@ -80,6 +80,8 @@ void tst_CCameraPanel::connectStartStopDisconnect()
     QTRY_VERIFY(test.button("startCamera")->isEnabled());
     test.click("startCamera");
     QTRY_COMPARE(session->state(), EState::Streaming);
+    connect(&test.panel, &CCameraPanel::disconnectRequested, this,
+            [&test](const QString& name) { test.sessions.disconnectCamera(name); });
     test.click("disconnectCamera");
     QTRY_VERIFY(!test.sessions.find("fake"));
     QVERIFY(test.button("connectCamera")->isEnabled());

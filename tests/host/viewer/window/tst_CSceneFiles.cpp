@@ -6,11 +6,16 @@
 #include "SHostService.h"
 #include "TestFile.h"
 #include "host/run/SceneFile.h"
+#include "host/viewer/base/CLanguage.h"
 #include "host/viewer/edit/CGraphEditor.h"
 #include "host/viewer/images/ViewModels.h"
 #include "host/viewer/window/CPositionsFile.h"
 #include "host/viewer/window/CScenePage.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -37,6 +42,21 @@ struct SFiles
     QString file(const char* name) const { return folder.filePath(QLatin1String(name)); }
     QByteArray document(const CScenePage& of) const { return orderedScene(of.scene()->saveToMemory()); }
 
+    // Connections that are put back have new ids.
+    QByteArray withoutConnectionIds(const CScenePage& of) const
+    {
+        QJsonObject json = QJsonDocument::fromJson(document(of)).object();
+        QStringList connections;
+        for (const QJsonValue& each : json.value("connections").toArray()) {
+            QJsonObject connection = each.toObject();
+            connection.remove("id");
+            connections << QString::fromUtf8(QJsonDocument(connection).toJson());
+        }
+        connections.sort();
+        json.insert("connections", QJsonArray::fromStringList(connections));
+        return QJsonDocument(json).toJson();
+    }
+
     QTemporaryDir folder;
     SHostService service;
     CPositionsFile positions{folder.filePath("positions.json")};
@@ -56,8 +76,11 @@ private Q_SLOTS:
     void positionsComeBackToo();
     void openingReplacesAllButTheCamera();
     void faultyDocumentChangesNothing();
+    void failureWhileItIsReadChangesNothing();
+    void sceneRemovedWhileItIsRead();
     void faultyChainChangesNothing();
     void missingFile();
+    void errorsAreInTheLanguageOfTheWindow();
     void folderThatCannotBeWritten();
 };
 
@@ -133,6 +156,45 @@ void tst_CSceneFiles::faultyDocumentChangesNothing()
     QVERIFY(test.files.takeRefusedText().isEmpty());
 }
 
+void tst_CSceneFiles::failureWhileItIsReadChangesNothing()
+{
+    SFiles test;
+    QCOMPARE(test.files.importChain(*test.page, DEMO_CHAIN), QString());
+    QCOMPARE(test.files.save(*test.page, test.file("bad.json")), QString());
+    CGraphEditor& editor = test.page->editor();
+    test.page->setFile(test.file("good.json"));
+    const Core::CId blur = editor.addNode("Blur", QPointF(304, 40));
+    const QByteArray before = test.withoutConnectionIds(*test.page);
+    // The scene loses the first node that is read: its connections cannot be made.
+    QMetaObject::Connection once;
+    CNodeScene* const scene = test.page->scene();
+    once = connect(scene, &CNodeScene::nodeCreated, this, [&once, scene](CNodeBase& node) {
+        disconnect(once);
+        scene->removeNode(node);
+    });
+    QVERIFY(!test.files.open(*test.page, test.file("bad.json")).isEmpty());
+    QCOMPARE(test.withoutConnectionIds(*test.page), before);
+    QCOMPARE(test.page->file(), test.file("good.json"));
+    QVERIFY(test.page->isModified());
+    QCOMPARE(editor.positions().value(blur.toString()), QPointF(304, 40));
+    editor.undoStack().undo();
+    QVERIFY(!editor.node(blur));
+}
+
+void tst_CSceneFiles::sceneRemovedWhileItIsRead()
+{
+    SFiles test;
+    QCOMPARE(test.files.importChain(*test.page, DEMO_CHAIN), QString());
+    QCOMPARE(test.files.save(*test.page, test.file("scene.json")), QString());
+    test.page->setFile({});
+    const QPointer<CNodeBase> camera = test.page->camera();
+    connect(test.page->scene(), &CNodeScene::nodeCreated, this,
+            [&test, camera] { test.service.nodes.removeSceneOfNode(camera); });
+    QVERIFY(test.files.open(*test.page, test.file("scene.json")).contains("gone"));
+    QVERIFY(!test.page->scene());
+    QVERIFY(test.page->file().isEmpty());
+}
+
 void tst_CSceneFiles::faultyChainChangesNothing()
 {
     SFiles test;
@@ -149,6 +211,21 @@ void tst_CSceneFiles::missingFile()
     QVERIFY(test.files.open(*test.page, test.file("none.json")).contains("none.json"));
     QVERIFY(test.files.importChain(*test.page, test.file("none.json")).contains("none.json"));
     QVERIFY(test.files.takeRefusedText().isEmpty());
+}
+
+void tst_CSceneFiles::errorsAreInTheLanguageOfTheWindow()
+{
+    SFiles test;
+    QVERIFY(write(test.file("bad.json"), R"({"nodes": [{"id": "x", "model": {"name": "No Such Model"}}]})"));
+    test.service.nodes.removeSceneOfNode(test.page->camera());
+    const std::unique_ptr<CScenePage> page = test.makePage("fake-2");
+    CLanguage language;
+    QSet<QString> errors;
+    for (const QString& code : CLanguage::codes()) {
+        language.install(code);
+        errors << test.files.save(*test.page, test.file("scene.json")) << test.files.open(*page, test.file("bad.json"));
+    }
+    QCOMPARE(errors.size(), 2 * CLanguage::codes().size());
 }
 
 void tst_CSceneFiles::folderThatCannotBeWritten()

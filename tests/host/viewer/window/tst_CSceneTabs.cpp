@@ -43,6 +43,8 @@ private Q_SLOTS:
     void sceneThatWasThereBefore();
     void shownTabIsTheActiveScene();
     void sceneDestroyedBySomebodyElse();
+    void sceneRemovedWhileItIsEdited_data();
+    void sceneRemovedWhileItIsEdited();
     void titleTellsFileAndChanges();
     void closeButtonAsks();
     void manyScenesAtOnce();
@@ -104,6 +106,41 @@ void tst_CSceneTabs::sceneDestroyedBySomebodyElse()
     QCOMPARE(test.tabs.count(), 1);
     QCOMPARE(test.tabs.current()->scene(), one);
     QCOMPARE(test.service.nodes.getActiveScene().data(), one);
+}
+
+void tst_CSceneTabs::sceneRemovedWhileItIsEdited_data()
+{
+    QTest::addColumn<QString>("work");
+    for (const char* work : {"add", "undo", "redo"})
+        QTest::newRow(work) << work;
+}
+
+// A handler of the scene's signals removes the scene in the middle of the editor's work.
+void tst_CSceneTabs::sceneRemovedWhileItIsEdited()
+{
+    QFETCH(const QString, work);
+    STabs test;
+    const QPointer<CNodeScene> scene = test.addScene("one");
+    const QPointer<CScenePage> page = test.tabs.page(scene);
+    CGraphEditor& editor = page->editor();
+    if (work != "add")
+        editor.addNode("Blur", {});
+    if (work == "redo")
+        editor.undoStack().undo();
+    const QPointer<CNodeBase> camera = page->camera();
+    const auto remove = [&test, camera] { test.service.nodes.removeSceneOfNode(camera); };
+    connect(scene, &CNodeScene::nodeCreated, &test.tabs, remove);
+    connect(scene, &CNodeScene::nodeDeleted, &test.tabs, remove);
+    if (work == "add")
+        editor.addNode("Blur", {});
+    else if (work == "undo")
+        editor.undoStack().undo();
+    else
+        editor.undoStack().redo();
+    QVERIFY(page); // the work above was its own
+    QCOMPARE(test.tabs.count(), 0);
+    QTRY_VERIFY(!page);
+    QVERIFY(!scene);
 }
 
 void tst_CSceneTabs::titleTellsFileAndChanges()

@@ -128,6 +128,7 @@ void tst_CThreadWatch::nobodyIsNamedWhileAllIsQuick()
         test.send();
         QTRY_COMPARE(updates.count(), i);
     }
+    QTRY_VERIFY(!test.watch.isBeating()); // all beats have come
     QVERIFY(heldUp.isEmpty());
 }
 
@@ -138,7 +139,9 @@ void tst_CThreadWatch::whatIsNoModel()
     QSignalSpy updates(sourceIn(*test.scene), &CNodeDataModel::dataUpdated);
     test.send();
     QTRY_COMPARE(updates.count(), 1);
-    QTest::qWait(100); // a beat after the last sign
+    QThread::msleep(400);
+    QTRY_COMPARE(heldUp.count(), 1); // so a beat has come after the last sign
+    heldUp.clear();
     QThread::msleep(400);
     QTRY_COMPARE(heldUp.count(), 1);
     QCOMPARE(heldUp.first().at(0).toString(), QString());
@@ -152,8 +155,10 @@ void tst_CThreadWatch::restsWhenNothingFlows()
     QSignalSpy updates(sourceIn(*test.scene), &CNodeDataModel::dataUpdated);
     QTRY_COMPARE(updates.count(), 1);
     QTRY_VERIFY(!test.watch.isBeating());
-    QThread::msleep(300);
-    QCoreApplication::processEvents();
+    QThread::msleep(300); // of this the next sign tells nothing
+    test.send();
+    QTRY_COMPARE(updates.count(), 2);
+    QTRY_VERIFY(!test.watch.isBeating());
     QVERIFY(heldUp.isEmpty());
 }
 

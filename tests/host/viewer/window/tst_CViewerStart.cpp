@@ -10,6 +10,7 @@
 #include "host/viewer/window/CSceneTabs.h"
 #include "host/viewer/window/CViewerStatus.h"
 
+#include <QFile>
 #include <QImage>
 #include <QSignalSpy>
 #include <QTest>
@@ -27,6 +28,8 @@ private Q_SLOTS:
     void sceneOfAFile();
     void screenshotIsWrittenOnce();
     void screenshotThatCannotBeWritten();
+    void screenshotOfACameraThatIsNotThere();
+    void sceneIsOpenedWithTheFirstCameraThatOpens();
     void endsAfterItsTime();
 };
 
@@ -99,6 +102,32 @@ void tst_CViewerStart::screenshotThatCannotBeWritten()
     QSignalSpy ended(&start, &CViewerStart::ended);
     QTRY_COMPARE(ended.count(), 1);
     QCOMPARE(ended.first().first().toInt(), 1);
+}
+
+void tst_CViewerStart::screenshotOfACameraThatIsNotThere()
+{
+    const SWindow test;
+    SViewerOptions options;
+    options.cameras = QStringList{"256.1.1.1", "fake-1"};
+    options.screenshot = test.file("window.png");
+    CViewerStart start(*test.window, options);
+    QSignalSpy ended(&start, &CViewerStart::ended);
+    QTRY_COMPARE(ended.count(), 1);
+    QCOMPARE(ended.first().first().toInt(), 1);
+    QVERIFY(!QFile::exists(options.screenshot));
+}
+
+void tst_CViewerStart::sceneIsOpenedWithTheFirstCameraThatOpens()
+{
+    const SWindow test;
+    QVERIFY(test.window->newScene("one"));
+    QVERIFY(test.window->saveScene(test.file("scene.json")));
+    SViewerOptions options;
+    options.cameras = QStringList{"256.1.1.1", "fake-1"};
+    options.scene = test.file("scene.json");
+    const CViewerStart start(*test.window, options);
+    QTRY_COMPARE(test.window->tabs().count(), 2);
+    QTRY_COMPARE(test.window->tabs().pages().at(1)->file(), options.scene);
 }
 
 void tst_CViewerStart::endsAfterItsTime()

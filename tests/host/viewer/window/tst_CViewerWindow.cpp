@@ -25,8 +25,11 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDockWidget>
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QTabBar>
 #include <QTest>
 
@@ -43,6 +46,16 @@ QAction* action(const CViewerWindow& window, const char* name)
     return found;
 }
 
+QAction* actionWithText(const CViewerWindow& window, const QString& part)
+{
+    for (QAction* const each : window.findChildren<QAction*>()) {
+        if (each->text().contains(part))
+            return each;
+    }
+    qFatal("no action with %s", qPrintable(part));
+    return nullptr;
+}
+
 // What a screen reader says of it.
 QString nameOf(const QWidget& widget)
 {
@@ -50,6 +63,33 @@ QString nameOf(const QWidget& widget)
     if (!widget.accessibleName().isEmpty() || !button)
         return widget.accessibleName();
     return button->text().isEmpty() ? button->toolTip() : button->text();
+}
+
+// Null if nothing is asked.
+QMessageBox* questionIn(const CViewerWindow& window)
+{
+    return window.findChild<QMessageBox*>();
+}
+
+void choose(QFileDialog* dialog, const QString& file)
+{
+    QVERIFY(dialog);
+    QTRY_VERIFY(dialog->isVisible());
+    dialog->setDirectory(QFileInfo(file).path());
+    dialog->selectFile(file);
+    QMetaObject::invokeMethod(dialog, "accept");
+}
+
+// A way on which the graph of the shown scene would go.
+void goThatWay(const CViewerWindow& window, const QString& way)
+{
+    const CSceneTabs& tabs = window.tabs();
+    if (way == "close button")
+        qobject_cast<QAbstractButton*>(tabs.tabBar()->tabButton(tabs.currentIndex(), QTabBar::RightSide))->click();
+    else if (way == "recent file")
+        actionWithText(window, "scene.json")->trigger();
+    else
+        action(window, qPrintable(way))->trigger();
 }
 
 } // namespace
@@ -64,12 +104,19 @@ private Q_SLOTS:
     void twoCamerasTwoTabs();
     void tabAndCameraListFollowOneAnother();
     void closingATabDisconnectsItsCamera();
+    void changesAreAskedAbout_data();
+    void changesAreAskedAbout();
+    void questionGoesWithItsScene();
+    void closingTheWindowAsks();
+    void fileIsForTheSceneItWasAskedFor();
+    void fileDialogGoesWithItsScene();
     void sceneRemovedByOthers();
     void openSaveImport();
     void faultyFileIsListed();
     void fileWithoutAScene();
     void undoAndRedoOfTheShownScene();
     void undoByKeyboardInTheGraph();
+    void refusedImageViewIsNoStep();
     void paletteAndSettings();
     void commandsByKeyboard();
     void everyCommandHasATextAndAName();
@@ -157,6 +204,103 @@ void tst_CViewerWindow::closingATabDisconnectsItsCamera()
     QCOMPARE(test.window->tabs().count(), 0);
 }
 
+void tst_CViewerWindow::changesAreAskedAbout_data()
+{
+    QTest::addColumn<QString>("way");
+    for (const char* way : {"closeScene", "close button", "recent file", "disconnectCamera"})
+        QTest::newRow(way) << way;
+}
+
+void tst_CViewerWindow::changesAreAskedAbout()
+{
+    QFETCH(const QString, way);
+    const SWindow test;
+    QVERIFY(test.window->newScene("saved"));
+    QVERIFY(test.window->saveScene(test.file("scene.json")));
+    const QPointer<CCameraSession> session = test.connectCamera("fake-1");
+    QTRY_VERIFY(session->isOpen());
+    const QPointer<CScenePage> page = test.window->tabs().current();
+    QCOMPARE(page->scene(), session->scene());
+    const QPointer<CNodeScene> scene = page->scene();
+    const Core::CId blur = page->editor().addNode("Blur", {});
+    for (const auto answer : {QMessageBox::Cancel, QMessageBox::Discard}) {
+        goThatWay(*test.window, way);
+        const QPointer<QMessageBox> question = questionIn(*test.window);
+        QVERIFY(question);
+        QVERIFY(question->text().contains("fake-1"));
+        QVERIFY(page && page->isModified() && page->editor().node(blur));
+        question->button(answer)->click();
+        QTRY_VERIFY(!question);
+        QCOMPARE(scene && page && page->editor().node(blur), answer == QMessageBox::Cancel);
+    }
+    QTRY_COMPARE(page.isNull(), way != "recent file");
+    QTRY_COMPARE(session.isNull(), way != "recent file");
+}
+
+void tst_CViewerWindow::questionGoesWithItsScene()
+{
+    SWindow test;
+    const CScenePage* const page = test.window->newScene("one");
+    page->editor().addNode("Blur", {});
+    test.window->closeCurrent();
+    const QPointer<QMessageBox> question = questionIn(*test.window);
+    QVERIFY(question);
+    test.service.nodes.removeSceneOfNode(page->camera());
+    QVERIFY(test.window->newScene("two"));
+    QTRY_VERIFY(!question);
+    QCOMPARE(test.window->tabs().count(), 1);
+}
+
+void tst_CViewerWindow::closingTheWindowAsks()
+{
+    const SWindow test;
+    test.window->newScene("one")->editor().addNode("Blur", {});
+    for (const auto answer : {QMessageBox::Cancel, QMessageBox::Discard}) {
+        QVERIFY(!test.window->close());
+        const QPointer<QMessageBox> question = questionIn(*test.window);
+        QVERIFY(question);
+        question->button(answer)->click();
+        QTRY_VERIFY(!question);
+        QCOMPARE(test.window->isVisible(), answer == QMessageBox::Cancel);
+    }
+}
+
+void tst_CViewerWindow::fileIsForTheSceneItWasAskedFor()
+{
+    const SWindow test;
+    CScenePage* const one = test.window->newScene("one");
+    one->editor().addNode("Blur", {});
+    action(*test.window, "saveSceneAs")->trigger();
+    const QPointer<QFileDialog> saving = test.window->findChild<QFileDialog*>();
+    CScenePage* const two = test.window->newScene("two"); // as a camera does that opens meanwhile
+    QCOMPARE(test.window->tabs().current(), two);
+    choose(saving, test.file("one")); // the suffix is added
+    QTRY_COMPARE(one->file(), test.file("one.json"));
+    QVERIFY(two->file().isEmpty());
+    QTRY_VERIFY(!saving);
+    QVERIFY(content(test.file("one.json")).contains("Blur"));
+
+    action(*test.window, "openScene")->trigger();
+    auto* const opening = test.window->findChild<QFileDialog*>();
+    test.window->tabs().setCurrentWidget(one);
+    choose(opening, test.file("one.json"));
+    QTRY_COMPARE(two->file(), test.file("one.json"));
+    QCOMPARE(countNodes(*two->scene(), "Blur"), 1);
+}
+
+void tst_CViewerWindow::fileDialogGoesWithItsScene()
+{
+    SWindow test;
+    for (const char* way : {"openScene", "saveSceneAs", "importChain"}) {
+        const CScenePage* const page = test.window->newScene("one");
+        action(*test.window, way)->trigger();
+        const QPointer<QFileDialog> dialog = test.window->findChild<QFileDialog*>();
+        QVERIFY(dialog);
+        test.service.nodes.removeSceneOfNode(page->camera());
+        QTRY_VERIFY(!dialog);
+    }
+}
+
 void tst_CViewerWindow::sceneRemovedByOthers()
 {
     SWindow test;
@@ -241,6 +385,18 @@ void tst_CViewerWindow::undoByKeyboardInTheGraph()
     QCOMPARE(countNodes(*page->scene(), "Blur"), 0);
     QTest::keySequence(&page->view(), QKeySequence::Redo);
     QCOMPARE(countNodes(*page->scene(), "Blur"), 1);
+}
+
+void tst_CViewerWindow::refusedImageViewIsNoStep()
+{
+    const SWindow test;
+    const CScenePage* const page = test.window->newScene("one");
+    CNodeScene* const scene = page->scene();
+    connect(scene, &CNodeScene::nodeCreated, this, [scene](CNodeBase& node) { scene->removeNode(node); });
+    action(*test.window, "addImageView")->trigger();
+    QVERIFY(!test.window->status().message().isEmpty());
+    QCOMPARE(page->editor().undoStack().count(), 0);
+    QVERIFY(!page->isModified());
 }
 
 void tst_CViewerWindow::paletteAndSettings()
