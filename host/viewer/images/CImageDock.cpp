@@ -53,9 +53,9 @@ CImageDock::CImageDock(CViewModel& model, QWidget* parent)
     , m_range(new CRangeBar)
     , m_histogram(new CHistogramView)
     , m_status(new CImageStatus)
-    , m_recorder(new CRecorder(model, this))
+    , m_recorder(new CRecorder(model, parent))
     , m_recordBar(new CRecordBar(*m_recorder))
-    , m_saver(new CImageSaver(this))
+    , m_saver(new CImageSaver(this, parent))
 {
     auto* const content = new QWidget;
     auto* const layout = new QVBoxLayout(content);
@@ -76,6 +76,10 @@ CImageDock::CImageDock(CViewModel& model, QWidget* parent)
 CImageDock::~CImageDock()
 {
     delete widget(); // before the recorder, which a part of it refers to
+    if (m_recorder)
+        m_recorder->deleteWhenDone();
+    if (m_saver)
+        m_saver->deleteWhenDone();
 }
 
 void CImageDock::addParts(QVBoxLayout& layout)
@@ -159,6 +163,11 @@ void CImageDock::connectFileActions()
 QList<QAction*> CImageDock::imageActions() const
 {
     return m_actions->actions();
+}
+
+CRecorder& CImageDock::recorder() const
+{
+    return *m_recorder;
 }
 
 void CImageDock::onImageChanged()

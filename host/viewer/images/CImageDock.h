@@ -33,7 +33,8 @@ class CViewModel;
  * \endcode
  *
  * Its title is the model's caption. When the model goes, the dock stays with an image view that is empty; whoever made
- * it deletes it then. It is no owner of the model.
+ * it deletes it then. It is no owner of the model. A recording and images that are still being written when the dock
+ * goes are completed; they belong to the dock's parent.
  *
  * Threads: the window's.
  */
@@ -49,7 +50,7 @@ public:
     QList<QAction*> imageActions() const;
 
     CImageView& view() const { return *m_view; }
-    CRecorder& recorder() const { return *m_recorder; }
+    CRecorder& recorder() const;
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -78,9 +79,9 @@ private:
     CRangeBar* m_range;
     CHistogramView* m_histogram;
     CImageStatus* m_status;
-    CRecorder* m_recorder;
+    const QPointer<CRecorder> m_recorder; // no part of the dock: it completes its files after it
     CRecordBar* m_recordBar;
-    CImageSaver* m_saver;
+    const QPointer<CImageSaver> m_saver; // nor is this
 };
 
 } // namespace Host

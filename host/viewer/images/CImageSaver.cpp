@@ -42,11 +42,19 @@ QString writeView(const QString& file, const QImage& view)
 
 } // namespace
 
-CImageSaver::CImageSaver(QWidget* window)
-    : QObject(window)
+CImageSaver::CImageSaver(QWidget* window, QObject* parent)
+    : QObject(parent)
     , m_window(window)
 {
     m_writer.setMostWaiting(mostWaiting);
+    connect(&m_writer, &CTaskRunner::computingFinished, this, &CImageSaver::onWritten);
+}
+
+void CImageSaver::deleteWhenDone()
+{
+    m_isLeft = true;
+    if (!m_programLock)
+        deleteLater();
 }
 
 void CImageSaver::askForImage(const QSharedPointer<const CImageData>& image)
@@ -90,12 +98,22 @@ void CImageSaver::saveView(const QImage& view, const QString& file)
 
 void CImageSaver::save(const QString& file, const std::function<QString()>& write)
 {
+    m_programLock = std::make_unique<QEventLoopLocker>();
     m_writer.run([this, file, write]() -> CTaskRunner::Done {
         return [this, file, error = write()] {
             const QString name = QDir::toNativeSeparators(file);
             Q_EMIT ended(error.isEmpty() ? tr("Saved %1").arg(name) : tr("Cannot save %1: %2").arg(name, error));
         };
     });
+}
+
+void CImageSaver::onWritten()
+{
+    if (m_writer.statistics().pending > 0)
+        return;
+    m_programLock.reset();
+    if (m_isLeft)
+        deleteLater();
 }
 
 } // namespace Host

@@ -5,12 +5,16 @@
 
 #include "host/viewer/images/CImageDock.h"
 #include "host/viewer/images/CViewModel.h"
+#include "host/viewer/recording/CRecorder.h"
 
 #include <Halvex/scene/CNodeScene.h>
 
+#include <QGuiApplication>
 #include <QMainWindow>
+#include <QTimer>
 
 #include <algorithm>
+#include <chrono>
 
 namespace Host {
 
@@ -20,6 +24,7 @@ CImageDocks::CImageDocks(QMainWindow& window)
     : QObject(&window)
     , m_window(window)
 {
+    connect(qGuiApp, &QGuiApplication::lastWindowClosed, this, &CImageDocks::endRecordings);
 }
 
 void CImageDocks::watch(CNodeScene& scene)
@@ -85,6 +90,14 @@ QString CImageDocks::freeName() const
                          [&name](const CImageDock* dock) { return dock->objectName() == name; }))
             return name;
     }
+}
+
+void CImageDocks::endRecordings()
+{
+    constexpr std::chrono::seconds longestWait{30}; // a disk may never answer
+    for (const CImageDock* const dock : m_docks)
+        dock->recorder().stop();
+    QTimer::singleShot(longestWait, qGuiApp, &QCoreApplication::quit);
 }
 
 } // namespace Host

@@ -22,6 +22,9 @@ class CImageDock;
  *
  * A new one goes where the window remembers it, else beside the others above the graph: four in a row, more as tabs.
  *
+ * When the program's last window is closed, recordings end; the program goes on without a window until all is written,
+ * for 30 s at most.
+ *
  * Ownership: the window owns the docks. Threads: the main thread.
  */
 class CImageDocks : public QObject
@@ -44,6 +47,7 @@ private:
     void addDock(Plugin::Halvex::CNodeBase& node);
     void place(CImageDock* dock);
     QString freeName() const;
+    void endRecordings();
 
     QMainWindow& m_window;
     QList<CImageDock*> m_docks;

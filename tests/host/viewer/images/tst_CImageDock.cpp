@@ -13,6 +13,7 @@
 
 #include <QAction>
 #include <QClipboard>
+#include <QDir>
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QMouseEvent>
@@ -290,10 +291,13 @@ void tst_CImageDock::dockMayGoWhileItRecords()
     QSettings().setValue(QStringLiteral("recording/folder"), folder.path());
     shown.action("image.record.video").trigger();
     QVERIFY(shown.showImage(rampImage()));
+    const QPointer<CRecorder> recorder = &shown.dock->recorder();
+    const QString file = QDir(recorder->folder()).filePath(QStringLiteral("video-000000.avi"));
     shown.dock.reset();
-    QVERIFY(CTaskRunner::waitForRemovedWork());
     shown.model->setInData(viewImage(rampImage()), 0);
     QCOMPARE(shown.model->delivered(), quint64(2));
+    QTRY_VERIFY(!recorder);
+    QVERIFY(QFile::exists(file));
 }
 
 QTEST_MAIN(tst_CImageDock)

@@ -7,7 +7,9 @@
 
 #include <opencv2/imgcodecs.hpp>
 
+#include <QDir>
 #include <QFileDialog>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -40,6 +42,7 @@ private Q_SLOTS:
     void whatGoesWrongIsTold();
     void personChoosesTheFile();
     void nothingToSaveAsksNothing();
+    void leftAloneItWritesAll();
 };
 
 void tst_CImageSaver::imageIsSavedInFullDepth()
@@ -93,6 +96,17 @@ void tst_CImageSaver::nothingToSaveAsksNothing()
     saving.saver.askForImage({});
     saving.saver.askForView({});
     QVERIFY(!saving.window.findChild<QFileDialog*>());
+}
+
+void tst_CImageSaver::leftAloneItWritesAll()
+{
+    const QTemporaryDir folder;
+    const QPointer<CImageSaver> saver = new CImageSaver(nullptr);
+    for (int i = 0; i < 20; ++i)
+        saver->saveImage(viewImage(rampImage()), folder.filePath(QStringLiteral("%1.png").arg(i)));
+    saver->deleteWhenDone();
+    QTRY_VERIFY(!saver);
+    QCOMPARE(QDir(folder.path()).entryList({QStringLiteral("*.png")}).size(), 20);
 }
 
 QTEST_MAIN(tst_CImageSaver)

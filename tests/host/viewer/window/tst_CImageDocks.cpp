@@ -3,17 +3,24 @@
 
 #include "host/viewer/window/CImageDocks.h"
 
+#include "CBlockedFile.h"
 #include "host/models/CBlurModel.h"
 #include "host/viewer/images/CImageDock.h"
 #include "host/viewer/images/CViewModel.h"
+#include "host/viewer/recording/CRecorder.h"
+#include "viewer/TestView.h"
 
 #include <Halvex/scene/CNodeScene.h>
 
+#include <QApplication>
+#include <QDir>
 #include <QMainWindow>
 #include <QPointer>
 #include <QSet>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include <memory>
 
@@ -50,6 +57,7 @@ private Q_SLOTS:
     void dockGoesWithItsScene();
     void severalStandSideBySide();
     void placeIsRemembered();
+    void programEndsWhenRecordingsAreComplete();
 };
 
 void tst_CImageDocks::dockForEachViewAndForNothingElse()
@@ -124,6 +132,27 @@ void tst_CImageDocks::placeIsRemembered()
     test.docks.watch(test.scene);
     test.addView(test.scene);
     QCOMPARE(test.window.dockWidgetArea(test.docks.docks().first()), Qt::BottomDockWidgetArea);
+}
+
+void tst_CImageDocks::programEndsWhenRecordingsAreComplete()
+{
+    SDocks test;
+    test.docks.watch(test.scene);
+    CNodeBase& view = test.addView(test.scene);
+    CRecorder& recorder = test.docks.docks().first()->recorder();
+    const QTemporaryDir folder;
+    QVERIFY(recorder.start(CRecorder::EKind::Png, folder.path(), 30.0));
+    CBlockedFile blocked(QDir(recorder.folder()).filePath(QStringLiteral("frame-000000.png")));
+    for (int i = 0; i < 3; ++i)
+        view.nodeDataModel()->setInData(viewImage(rampImage()), 0);
+    connect(&recorder, &CRecorder::changed, this, [&] {
+        if (recorder.state() == CRecorder::EState::Finishing)
+            blocked.release();
+    });
+    QTimer::singleShot(0, &test.window, &QWidget::close);
+    QApplication::exec();
+    QCOMPARE(recorder.state(), CRecorder::EState::Finished);
+    QCOMPARE(recorder.counts().written, quint64(3));
 }
 
 QTEST_MAIN(tst_CImageDocks)
