@@ -6,6 +6,7 @@
 #include "edit/SEditedScene.h"
 #include "host/models/CBlurModel.h"
 #include "host/viewer/edit/CSettingField.h"
+#include "support/CTestModel.h"
 
 #include <QAbstractSpinBox>
 #include <QComboBox>
@@ -17,6 +18,43 @@
 
 using namespace Host;
 using namespace Plugin::Halvex;
+
+namespace {
+
+/// A model that tells of a change of its setting until the end.
+class CTalkativeModel : public CTestModel
+{
+    Q_OBJECT
+    Q_PROPERTY(double gain READ gain WRITE setGain NOTIFY gainChanged)
+
+public:
+    ~CTalkativeModel() override { Q_EMIT gainChanged(); }
+
+    double gain() const { return m_gain; }
+    void setGain(double gain)
+    {
+        m_gain = gain;
+        Q_EMIT gainChanged();
+    }
+
+Q_SIGNALS:
+    void gainChanged();
+
+private:
+    double m_gain = 0.0004;
+};
+
+/// It has one more setting, which is gone when its base class tells for the last time.
+class CDyingModel : public CTalkativeModel
+{
+    Q_OBJECT
+    Q_PROPERTY(int offset MEMBER m_offset)
+
+private:
+    int m_offset = 1;
+};
+
+} // namespace
 
 class tst_CSettingsPanel : public QObject
 {
@@ -32,6 +70,7 @@ private Q_SLOTS:
     void showsWhatIsChangedElsewhere();
     void tellsWhyAValueIsNotTaken();
     void isEmptyWhenTheNodeGoes();
+    void survivesAChangeToldByADyingModel();
     void writesNamesAsWords();
 };
 
@@ -164,6 +203,18 @@ void tst_CSettingsPanel::isEmptyWhenTheNodeGoes()
     CSettingsPanel panel;
     panel.show(edited.editor.get(), blur);
     edited.scene->removeNode(*edited.editor->node(blur));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(panel.findChildren<CSettingField*>().isEmpty());
+}
+
+void tst_CSettingsPanel::survivesAChangeToldByADyingModel()
+{
+    const SEditedScene edited;
+    CNodeBase& node = edited.scene->createNode(std::make_unique<CDyingModel>());
+    CSettingsPanel panel;
+    panel.show(edited.editor.get(), node.id());
+    QVERIFY(panel.findChild<QSpinBox*>(QStringLiteral("offset")));
+    edited.scene->removeNode(node);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(panel.findChildren<CSettingField*>().isEmpty());
 }
