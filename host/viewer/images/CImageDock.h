@@ -16,6 +16,7 @@ namespace Host {
 
 class CHistogramView;
 class CImageActions;
+class CImageFolders;
 class CImageStatus;
 class CImageView;
 class CRangeBar;
@@ -28,7 +29,7 @@ class CViewModel;
  * tell of the image below.
  *
  * \code
- * auto* const dock = new CImageDock(*model, window); // for each node whose model is a CViewModel
+ * auto* const dock = new CImageDock(*model, folders, window); // for each node whose model is a CViewModel
  * window->addDockWidget(Qt::RightDockWidgetArea, dock);
  * \endcode
  *
@@ -43,7 +44,8 @@ class CImageDock : public QDockWidget
     Q_OBJECT
 
 public:
-    explicit CImageDock(CViewModel& model, QWidget* parent = nullptr);
+    /// \a folders outlives what a person does in the dock.
+    explicit CImageDock(CViewModel& model, CImageFolders& folders, QWidget* parent = nullptr);
     ~CImageDock() override;
 
     /// All that can be done with the image. Shortcuts work while the focus is in the dock.
@@ -74,6 +76,7 @@ private:
     void askForRecordFolder();
 
     const QPointer<CViewModel> m_model;
+    CImageFolders& m_folders;
     CImageActions* m_actions;
     CImageView* m_view;
     CRangeBar* m_range;

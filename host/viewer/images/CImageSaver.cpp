@@ -6,30 +6,18 @@
 #include "host/models/CImageData.h"
 #include "host/sinks/WriteFile.h"
 #include "host/sinks/WritePng.h"
+#include "host/viewer/images/CImageFolders.h"
 
 #include <QBuffer>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QSettings>
-#include <QStandardPaths>
 
 namespace Host {
 
 namespace {
 
 constexpr int mostWaiting = 1000; // more than a person asks for before the first is written
-
-QString folderKey()
-{
-    return QStringLiteral("images/folder");
-}
-
-QString rememberedFolder()
-{
-    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
-    return QSettings().value(folderKey(), pictures).toString();
-}
 
 QString writeView(const QString& file, const QImage& view)
 {
@@ -42,9 +30,10 @@ QString writeView(const QString& file, const QImage& view)
 
 } // namespace
 
-CImageSaver::CImageSaver(QWidget* window, QObject* parent)
+CImageSaver::CImageSaver(QWidget* window, CImageFolders& folders, QObject* parent)
     : QObject(parent)
     , m_window(window)
+    , m_folders(folders)
 {
     m_writer.setMostWaiting(mostWaiting);
     connect(&m_writer, &CTaskRunner::computingFinished, this, &CImageSaver::onWritten);
@@ -74,13 +63,13 @@ void CImageSaver::askForView(const QImage& view)
 // Not with exec(): frames go on meanwhile, and may end the view.
 void CImageSaver::ask(const QString& title, const QString& name, const std::function<void(const QString&)>& save)
 {
-    auto* const dialog = new QFileDialog(m_window, title, rememberedFolder(), tr("PNG images (*.png)"));
+    auto* const dialog = new QFileDialog(m_window, title, m_folders.images(), tr("PNG images (*.png)"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setDefaultSuffix(QStringLiteral("png"));
     dialog->selectFile(name + QStringLiteral(".png"));
-    connect(dialog, &QFileDialog::fileSelected, this, [save](const QString& file) {
-        QSettings().setValue(folderKey(), QFileInfo(file).absolutePath());
+    connect(dialog, &QFileDialog::fileSelected, this, [this, save](const QString& file) {
+        m_folders.setImages(QFileInfo(file).absolutePath());
         save(file);
     });
     dialog->open();

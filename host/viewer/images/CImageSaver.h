@@ -19,6 +19,7 @@ class QWidget;
 namespace Host {
 
 class CImageData;
+class CImageFolders;
 
 /**
  * Writes single images into PNG files that a person chooses, on a worker.
@@ -38,8 +39,8 @@ class CImageSaver : public QObject
     Q_OBJECT
 
 public:
-    /// Dialogs belong to \a window, which may go before this object does.
-    explicit CImageSaver(QWidget* window, QObject* parent = nullptr);
+    /// Dialogs belong to \a window, which may go before this object does. \a folders outlives the last question.
+    CImageSaver(QWidget* window, CImageFolders& folders, QObject* parent = nullptr);
 
     /// Deletes this object when all is written; at once if there is nothing to write.
     void deleteWhenDone();
@@ -65,6 +66,7 @@ private:
     void onWritten();
 
     const QPointer<QWidget> m_window;
+    CImageFolders& m_folders;
     bool m_isLeft = false;                           // deleteWhenDone() was called
     std::unique_ptr<QEventLoopLocker> m_programLock; // while it writes
     CTaskRunner m_writer{CTaskRunner::EPolicy::DropNewest};

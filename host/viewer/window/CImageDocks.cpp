@@ -6,6 +6,7 @@
 #include "host/viewer/images/CImageDock.h"
 #include "host/viewer/images/CViewModel.h"
 #include "host/viewer/recording/CRecorder.h"
+#include "host/viewer/window/CViewerSettings.h"
 
 #include <Halvex/scene/CNodeScene.h>
 
@@ -34,12 +35,22 @@ void CImageDocks::watch(CNodeScene& scene)
         addDock(*node.second);
 }
 
+void CImageDocks::remember(CViewerSettings& settings)
+{
+    m_folders.setImages(settings.imageFolder());
+    m_folders.setRecordings(settings.recordFolder());
+    connect(&m_folders, &CImageFolders::changed, this, [this, &settings] {
+        settings.setImageFolder(m_folders.images());
+        settings.setRecordFolder(m_folders.recordings());
+    });
+}
+
 void CImageDocks::addDock(CNodeBase& node)
 {
     auto* const model = qobject_cast<CViewModel*>(node.nodeDataModel());
     if (!model)
         return;
-    auto* const dock = new CImageDock(*model, &m_window);
+    auto* const dock = new CImageDock(*model, m_folders, &m_window);
     dock->setObjectName(freeName());
     if (!m_window.restoreDockWidget(dock))
         place(dock);

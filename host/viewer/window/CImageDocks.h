@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "host/viewer/images/CImageFolders.h"
+
 #include <QList>
 #include <QObject>
 
@@ -16,6 +18,7 @@ class CNodeScene;
 namespace Host {
 
 class CImageDock;
+class CViewerSettings;
 
 /**
  * A dock for each node that shows images, in all scenes: it comes and goes with its node, by the scenes' signals.
@@ -36,6 +39,9 @@ public:
 
     void watch(Plugin::Halvex::CNodeScene& scene);
 
+    /// Suggests the folders of \a settings, which outlives this object, and keeps there what a person chooses.
+    void remember(CViewerSettings& settings);
+
     /// In the order in which they came.
     const QList<CImageDock*>& docks() const { return m_docks; }
 
@@ -51,6 +57,7 @@ private:
 
     QMainWindow& m_window;
     QList<CImageDock*> m_docks;
+    CImageFolders m_folders;
 };
 
 } // namespace Host

@@ -3,6 +3,7 @@
 
 #include "host/viewer/images/CImageSaver.h"
 
+#include "host/viewer/images/CImageFolders.h"
 #include "viewer/TestView.h"
 
 #include <opencv2/imgcodecs.hpp>
@@ -25,7 +26,8 @@ struct SSaver
 
     QTemporaryDir folder;
     QWidget window;
-    CImageSaver saver{&window};
+    CImageFolders folders;
+    CImageSaver saver{&window, folders};
     QSignalSpy ended{&saver, &CImageSaver::ended};
 };
 
@@ -36,7 +38,6 @@ class tst_CImageSaver : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { useTestSettings(); }
     void imageIsSavedInFullDepth();
     void viewIsSaved();
     void whatGoesWrongIsTold();
@@ -87,6 +88,7 @@ void tst_CImageSaver::personChoosesTheFile()
     dialog->selectFile(QStringLiteral("chosen"));
     QMetaObject::invokeMethod(dialog, "accept");
     QTRY_VERIFY(QFile::exists(saving.file("chosen.png")));
+    QCOMPARE(saving.folders.images(), saving.folder.path());
     QTRY_COMPARE(saving.ended.count(), 1);
 }
 
@@ -101,7 +103,8 @@ void tst_CImageSaver::nothingToSaveAsksNothing()
 void tst_CImageSaver::leftAloneItWritesAll()
 {
     const QTemporaryDir folder;
-    const QPointer<CImageSaver> saver = new CImageSaver(nullptr);
+    CImageFolders folders;
+    const QPointer<CImageSaver> saver = new CImageSaver(nullptr, folders);
     for (int i = 0; i < 20; ++i)
         saver->saveImage(viewImage(rampImage()), folder.filePath(QStringLiteral("%1.png").arg(i)));
     saver->deleteWhenDone();

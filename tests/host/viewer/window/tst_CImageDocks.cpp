@@ -8,12 +8,15 @@
 #include "host/viewer/images/CImageDock.h"
 #include "host/viewer/images/CViewModel.h"
 #include "host/viewer/recording/CRecorder.h"
+#include "host/viewer/window/CViewerSettings.h"
 #include "viewer/TestView.h"
 
 #include <Halvex/scene/CNodeScene.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QFileDialog>
 #include <QMainWindow>
 #include <QPointer>
 #include <QSet>
@@ -22,6 +25,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
 #include <memory>
 
 using namespace Host;
@@ -58,6 +62,7 @@ private Q_SLOTS:
     void severalStandSideBySide();
     void placeIsRemembered();
     void programEndsWhenRecordingsAreComplete();
+    void foldersAreRemembered();
 };
 
 void tst_CImageDocks::dockForEachViewAndForNothingElse()
@@ -153,6 +158,35 @@ void tst_CImageDocks::programEndsWhenRecordingsAreComplete()
     QApplication::exec();
     QCOMPARE(recorder.state(), CRecorder::EState::Finished);
     QCOMPARE(recorder.counts().written, quint64(3));
+}
+
+void tst_CImageDocks::foldersAreRemembered()
+{
+    const QTemporaryDir folder;
+    CViewerSettings settings(folder.filePath(QStringLiteral("viewer.ini")));
+    settings.setRecordFolder(folder.filePath(QStringLiteral("former")));
+    SDocks test;
+    test.docks.remember(settings);
+    test.docks.watch(test.scene);
+    test.addView(test.scene);
+    CImageDock* const dock = test.docks.docks().first();
+    const auto actions = dock->imageActions();
+    const auto found = std::find_if(actions.begin(), actions.end(), [](const QAction* action) {
+        return action->objectName() == QLatin1String("image.record.png");
+    });
+    QVERIFY(found != actions.end());
+    (*found)->trigger();
+    QVERIFY(dock->recorder().folder().startsWith(settings.recordFolder()));
+    dock->recorder().stop();
+    const auto folderAction = std::find_if(actions.begin(), actions.end(), [](const QAction* action) {
+        return action->objectName() == QLatin1String("image.record.folder");
+    });
+    QVERIFY(folderAction != actions.end());
+    (*folderAction)->trigger();
+    auto* const dialog = dock->findChild<QFileDialog*>();
+    QVERIFY(dialog);
+    Q_EMIT dialog->fileSelected(folder.path());
+    QCOMPARE(settings.recordFolder(), folder.path());
 }
 
 QTEST_MAIN(tst_CImageDocks)
