@@ -92,6 +92,11 @@ QColor accentColor(EAccent accent, const QPalette& palette)
     return color;
 }
 
+QColor recordColor(const QPalette& palette)
+{
+    return accentColor(EAccent::Error, palette);
+}
+
 QPalette lightPalette()
 {
     return makePalette(QColor(0xf2, 0xf3, 0xf5), QColor(0xff, 0xff, 0xff), QColor(0x1d, 0x22, 0x28),

@@ -24,6 +24,9 @@ constexpr int gridStep = 8;
 /// least leastContrast.
 QColor accentColor(EAccent accent, const QPalette& palette);
 
+/// The red of what records, and of the button that begins it; as readable as an accent.
+QColor recordColor(const QPalette& palette);
+
 constexpr double leastContrast = 4.5;
 
 /// Between 1, for two equal colours, and 21, for black and white.

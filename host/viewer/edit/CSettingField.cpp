@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QToolButton>
@@ -33,6 +34,25 @@ QStringList choicesIn(const SModelSetting& setting)
 {
     return setting.range.split(QStringLiteral(", "));
 }
+
+constexpr int mostDecimals = 9;
+
+// Shows no more decimals than the value needs.
+class CShortNumberBox : public QDoubleSpinBox
+{
+public:
+    using QDoubleSpinBox::QDoubleSpinBox;
+
+    QString textFromValue(double value) const override
+    {
+        QLocale words = locale();
+        words.setNumberOptions(words.numberOptions() | QLocale::OmitGroupSeparator);
+        int decimals = 0;
+        while (decimals < mostDecimals && words.toDouble(words.toString(value, 'f', decimals)) != value)
+            ++decimals;
+        return words.toString(value, 'f', decimals);
+    }
+};
 
 } // namespace
 
@@ -93,9 +113,12 @@ CSettingField::CSettingField(const SModelSetting& setting, const std::optional<S
 
 void CSettingField::showValue(const QString& value)
 {
+    m_value = value;
+    m_reset->setEnabled(value != m_default);
+    if (m_isTyping)
+        return;
     const QSignalBlocker blocker(m_editor);
     m_show(value);
-    m_reset->setEnabled(value != m_default);
 }
 
 void CSettingField::showProblem(const QString& text)
@@ -158,19 +181,23 @@ void CSettingField::makeSpinBox(const SModelSetting& setting, const std::optiona
     m_show = [box](const QString& value) { box->setValue(value.toInt()); };
     connect(box, QOverload<int>::of(&QSpinBox::valueChanged), this,
             [this](int value) { announce(QString::number(value)); });
+    watchTyping(box->findChild<QLineEdit*>());
+    connect(box, &QSpinBox::editingFinished, this, &CSettingField::onEditingFinished);
 }
 
 void CSettingField::makeDoubleSpinBox(const std::optional<SSettingBounds>& bounds)
 {
-    auto* const box = new QDoubleSpinBox(this);
+    auto* const box = new CShortNumberBox(this);
     m_editor = box;
     constexpr double most = 1e9;
-    box->setDecimals(3);
+    box->setDecimals(mostDecimals);
     box->setRange(bounds ? bounds->least : -most, bounds && !std::isinf(bounds->most) ? bounds->most : most);
     box->setKeyboardTracking(false);
     m_show = [box](const QString& value) { box->setValue(value.toDouble()); };
     connect(box, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
             [this](double value) { announce(QString::number(value, 'g', 12)); });
+    watchTyping(box->findChild<QLineEdit*>());
+    connect(box, &QDoubleSpinBox::editingFinished, this, &CSettingField::onEditingFinished);
 }
 
 void CSettingField::makeComboBox(const QStringList& words)
@@ -193,10 +220,27 @@ void CSettingField::makeLineEdit()
         if (edit->isModified())
             announce(edit->text());
     });
+    watchTyping(edit);
+    connect(edit, &QLineEdit::editingFinished, this, &CSettingField::onEditingFinished);
+}
+
+void CSettingField::watchTyping(QLineEdit* edit)
+{
+    connect(edit, &QLineEdit::textEdited, this, [this] { m_isTyping = true; });
+}
+
+// Typed text that says nothing new is not announced: the value may have changed meanwhile.
+void CSettingField::onEditingFinished()
+{
+    if (!m_isTyping)
+        return;
+    m_isTyping = false;
+    showValue(m_value);
 }
 
 void CSettingField::announce(const QString& value)
 {
+    m_isTyping = false;
     Q_EMIT changed(m_name, value, m_gesture);
 }
 

@@ -13,6 +13,7 @@
 #include <optional>
 
 class QLabel;
+class QLineEdit;
 class QToolButton;
 
 namespace Host {
@@ -36,7 +37,7 @@ public:
     QString name() const { return m_name; }
     QWidget* editor() const { return m_editor; }
 
-    /// Shows the value without announcing it.
+    /// Shows the value without announcing it. While a person types, what is typed stays until it is announced.
     void showValue(const QString& value);
 
     /// Below the field, for as long as it is not empty: why a value was not taken.
@@ -57,6 +58,8 @@ private:
     void makeDoubleSpinBox(const std::optional<SSettingBounds>& bounds);
     void makeComboBox(const QStringList& words);
     void makeLineEdit();
+    void watchTyping(QLineEdit* edit);
+    void onEditingFinished();
     void announce(const QString& value);
     void retranslate();
 
@@ -66,6 +69,8 @@ private:
     QToolButton* m_reset = nullptr;
     QLabel* m_problem = nullptr;
     std::function<void(const QString&)> m_show;
+    QString m_value;         // as the model has it
+    bool m_isTyping = false; // there is text that is not announced yet
     int m_gesture = 1;
 };
 

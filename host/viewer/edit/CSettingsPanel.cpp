@@ -97,7 +97,10 @@ void CSettingsPanel::showValues()
         return;
     const auto values = valuesOf(*m_model);
     for (CSettingField* field : m_fields) {
-        field->showValue(values.at(field->name()));
+        // A model that is being destroyed may tell of a change when it has only the settings of its base class left.
+        const auto value = values.find(field->name());
+        if (value != values.end())
+            field->showValue(value->second);
         field->showProblem(QString());
     }
 }

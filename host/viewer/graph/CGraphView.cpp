@@ -110,12 +110,12 @@ void CGraphView::setActualSize()
 void CGraphView::goTo(const Core::CId& node)
 {
     m_canvas->sync();
-    const CNodeItem* const item = m_canvas->nodeItem(node);
-    if (!item)
+    if (!m_canvas->nodeItem(node))
         return;
     m_canvas->select({node});
-    // As little as needed, so that a person keeps the overview.
-    ensureVisible(item->sceneBoundingRect(), 48, 48);
+    // As little as needed, so that a person keeps the overview. Who hears of the selection may have removed the node.
+    if (const CNodeItem* const item = m_canvas->nodeItem(node))
+        ensureVisible(item->sceneBoundingRect(), 48, 48);
 }
 
 void CGraphView::search()

@@ -4,6 +4,7 @@
 #include "host/viewer/graph/GraphColors.h"
 
 #include "host/base/NodeKind.h"
+#include "host/viewer/base/Theme.h"
 
 #include <array>
 
@@ -11,9 +12,18 @@ namespace Host {
 
 namespace {
 
-bool isDark(const QPalette& palette)
+// The same palette for what stands on \a ground.
+QPalette paletteOn(const QColor& ground, QPalette palette)
 {
-    return palette.color(QPalette::Base).lightness() < 128;
+    palette.setColor(QPalette::Window, ground);
+    palette.setColor(QPalette::Base, ground);
+    palette.setColor(QPalette::WindowText, palette.color(QPalette::Text));
+    return palette;
+}
+
+bool isBaseDark(const QPalette& palette)
+{
+    return isDark(paletteOn(palette.color(QPalette::Base), palette));
 }
 
 QColor mixed(const QColor& one, const QColor& other, double share)
@@ -25,14 +35,14 @@ QColor mixed(const QColor& one, const QColor& other, double share)
 
 QColor hueColor(int hue, const QPalette& palette)
 {
-    return QColor::fromHsl(hue, 150, isDark(palette) ? 165 : 95);
+    return QColor::fromHsl(hue, 150, isBaseDark(palette) ? 165 : 95);
 }
 
 } // namespace
 
 SGraphColors graphColors(const QPalette& palette)
 {
-    const bool dark = isDark(palette);
+    const bool dark = isBaseDark(palette);
     const QColor& base = palette.color(QPalette::Base);
     const QColor& text = palette.color(QPalette::Text);
     SGraphColors colors;
@@ -43,9 +53,10 @@ SGraphColors graphColors(const QPalette& palette)
     colors.text = text;
     colors.dimText = mixed(colors.node, text, 0.68);
     colors.selection = palette.color(QPalette::Highlight);
-    colors.warning = dark ? QColor(0xff, 0xb8, 0x4d) : QColor(0x8a, 0x53, 0x00);
-    colors.error = dark ? QColor(0xff, 0x8a, 0x80) : QColor(0xb3, 0x1b, 0x1b);
-    colors.busy = dark ? QColor(0xfb, 0xbf, 0x24) : QColor(0xe0, 0x7b, 0x00);
+    const QPalette onNode = paletteOn(colors.node, palette);
+    colors.warning = accentColor(EAccent::Warning, onNode);
+    colors.error = accentColor(EAccent::Error, onNode);
+    colors.busy = accentColor(EAccent::Active, onNode);
     return colors;
 }
 

@@ -3,6 +3,7 @@
 
 #include "host/viewer/images/CHistogramView.h"
 
+#include "host/viewer/base/Theme.h"
 #include "host/viewer/images/OwnDepth.h"
 
 #include <QEvent>
@@ -29,11 +30,6 @@ QwtPlotMarker* addLine(QwtPlot& plot)
     line->setLineStyle(QwtPlotMarker::VLine);
     line->attach(&plot);
     return line;
-}
-
-bool isDark(const QPalette& palette)
-{
-    return palette.color(QPalette::Base).lightness() < 128;
 }
 
 // Of blue, green and red.

@@ -5,6 +5,7 @@
 
 #include "host/viewer/images/CHistogramView.h"
 #include "host/viewer/images/CImageActions.h"
+#include "host/viewer/images/CImageFolders.h"
 #include "host/viewer/images/CImageStatus.h"
 #include "host/viewer/images/CImageView.h"
 #include "host/viewer/images/CRangeBar.h"
@@ -17,8 +18,6 @@
 #include <QEvent>
 #include <QFileDialog>
 #include <QGuiApplication>
-#include <QSettings>
-#include <QStandardPaths>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -32,30 +31,20 @@ namespace {
 constexpr double zoomStep = 1.25;
 constexpr int iconSize = 18;
 
-QString recordFolderKey()
-{
-    return QStringLiteral("recording/folder");
-}
-
-QString recordFolder()
-{
-    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
-    return QSettings().value(recordFolderKey(), pictures).toString();
-}
-
 } // namespace
 
-CImageDock::CImageDock(CViewModel& model, QWidget* parent)
+CImageDock::CImageDock(CViewModel& model, CImageFolders& folders, QWidget* parent)
     : QDockWidget(parent)
     , m_model(&model)
+    , m_folders(folders)
     , m_actions(new CImageActions(this))
     , m_view(new CImageView)
     , m_range(new CRangeBar)
     , m_histogram(new CHistogramView)
     , m_status(new CImageStatus)
-    , m_recorder(new CRecorder(model, this))
+    , m_recorder(new CRecorder(model, parent))
     , m_recordBar(new CRecordBar(*m_recorder))
-    , m_saver(new CImageSaver(this))
+    , m_saver(new CImageSaver(this, folders, parent))
 {
     auto* const content = new QWidget;
     auto* const layout = new QVBoxLayout(content);
@@ -76,6 +65,10 @@ CImageDock::CImageDock(CViewModel& model, QWidget* parent)
 CImageDock::~CImageDock()
 {
     delete widget(); // before the recorder, which a part of it refers to
+    if (m_recorder)
+        m_recorder->deleteWhenDone();
+    if (m_saver)
+        m_saver->deleteWhenDone();
 }
 
 void CImageDock::addParts(QVBoxLayout& layout)
@@ -161,6 +154,11 @@ QList<QAction*> CImageDock::imageActions() const
     return m_actions->actions();
 }
 
+CRecorder& CImageDock::recorder() const
+{
+    return *m_recorder;
+}
+
 void CImageDock::onImageChanged()
 {
     m_view->setImage(m_model ? m_model->image() : nullptr);
@@ -206,17 +204,16 @@ void CImageDock::copyView()
 void CImageDock::record(int kind)
 {
     // A video plays as fast as the images come.
-    m_recorder->start(CRecorder::EKind(kind), recordFolder(), std::max(1.0, m_status->deliveredRate()));
+    m_recorder->start(CRecorder::EKind(kind), m_folders.recordings(), std::max(1.0, m_status->deliveredRate()));
 }
 
 void CImageDock::askForRecordFolder()
 {
-    auto* const dialog = new QFileDialog(this, tr("Recording folder"), recordFolder());
+    auto* const dialog = new QFileDialog(this, tr("Recording folder"), m_folders.recordings());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly);
-    connect(dialog, &QFileDialog::fileSelected, this,
-            [](const QString& folder) { QSettings().setValue(recordFolderKey(), folder); });
+    connect(dialog, &QFileDialog::fileSelected, &m_folders, &CImageFolders::setRecordings);
     dialog->open();
 }
 

@@ -16,6 +16,7 @@ namespace Host {
 
 class CHistogramView;
 class CImageActions;
+class CImageFolders;
 class CImageStatus;
 class CImageView;
 class CRangeBar;
@@ -28,12 +29,13 @@ class CViewModel;
  * tell of the image below.
  *
  * \code
- * auto* const dock = new CImageDock(*model, window); // for each node whose model is a CViewModel
+ * auto* const dock = new CImageDock(*model, folders, window); // for each node whose model is a CViewModel
  * window->addDockWidget(Qt::RightDockWidgetArea, dock);
  * \endcode
  *
  * Its title is the model's caption. When the model goes, the dock stays with an image view that is empty; whoever made
- * it deletes it then. It is no owner of the model.
+ * it deletes it then. It is no owner of the model. A recording and images that are still being written when the dock
+ * goes are completed; they belong to the dock's parent.
  *
  * Threads: the window's.
  */
@@ -42,14 +44,15 @@ class CImageDock : public QDockWidget
     Q_OBJECT
 
 public:
-    explicit CImageDock(CViewModel& model, QWidget* parent = nullptr);
+    /// \a folders outlives what a person does in the dock.
+    explicit CImageDock(CViewModel& model, CImageFolders& folders, QWidget* parent = nullptr);
     ~CImageDock() override;
 
     /// All that can be done with the image. Shortcuts work while the focus is in the dock.
     QList<QAction*> imageActions() const;
 
     CImageView& view() const { return *m_view; }
-    CRecorder& recorder() const { return *m_recorder; }
+    CRecorder& recorder() const;
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -73,14 +76,15 @@ private:
     void askForRecordFolder();
 
     const QPointer<CViewModel> m_model;
+    CImageFolders& m_folders;
     CImageActions* m_actions;
     CImageView* m_view;
     CRangeBar* m_range;
     CHistogramView* m_histogram;
     CImageStatus* m_status;
-    CRecorder* m_recorder;
+    const QPointer<CRecorder> m_recorder; // no part of the dock: it completes its files after it
     CRecordBar* m_recordBar;
-    CImageSaver* m_saver;
+    const QPointer<CImageSaver> m_saver; // nor is this
 };
 
 } // namespace Host

@@ -6,30 +6,18 @@
 #include "host/models/CImageData.h"
 #include "host/sinks/WriteFile.h"
 #include "host/sinks/WritePng.h"
+#include "host/viewer/images/CImageFolders.h"
 
 #include <QBuffer>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QSettings>
-#include <QStandardPaths>
 
 namespace Host {
 
 namespace {
 
 constexpr int mostWaiting = 1000; // more than a person asks for before the first is written
-
-QString folderKey()
-{
-    return QStringLiteral("images/folder");
-}
-
-QString rememberedFolder()
-{
-    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
-    return QSettings().value(folderKey(), pictures).toString();
-}
 
 QString writeView(const QString& file, const QImage& view)
 {
@@ -42,11 +30,20 @@ QString writeView(const QString& file, const QImage& view)
 
 } // namespace
 
-CImageSaver::CImageSaver(QWidget* window)
-    : QObject(window)
+CImageSaver::CImageSaver(QWidget* window, CImageFolders& folders, QObject* parent)
+    : QObject(parent)
     , m_window(window)
+    , m_folders(folders)
 {
     m_writer.setMostWaiting(mostWaiting);
+    connect(&m_writer, &CTaskRunner::computingFinished, this, &CImageSaver::onWritten);
+}
+
+void CImageSaver::deleteWhenDone()
+{
+    m_isLeft = true;
+    if (!m_programLock)
+        deleteLater();
 }
 
 void CImageSaver::askForImage(const QSharedPointer<const CImageData>& image)
@@ -66,13 +63,13 @@ void CImageSaver::askForView(const QImage& view)
 // Not with exec(): frames go on meanwhile, and may end the view.
 void CImageSaver::ask(const QString& title, const QString& name, const std::function<void(const QString&)>& save)
 {
-    auto* const dialog = new QFileDialog(m_window, title, rememberedFolder(), tr("PNG images (*.png)"));
+    auto* const dialog = new QFileDialog(m_window, title, m_folders.images(), tr("PNG images (*.png)"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setDefaultSuffix(QStringLiteral("png"));
     dialog->selectFile(name + QStringLiteral(".png"));
-    connect(dialog, &QFileDialog::fileSelected, this, [save](const QString& file) {
-        QSettings().setValue(folderKey(), QFileInfo(file).absolutePath());
+    connect(dialog, &QFileDialog::fileSelected, this, [this, save](const QString& file) {
+        m_folders.setImages(QFileInfo(file).absolutePath());
         save(file);
     });
     dialog->open();
@@ -90,12 +87,22 @@ void CImageSaver::saveView(const QImage& view, const QString& file)
 
 void CImageSaver::save(const QString& file, const std::function<QString()>& write)
 {
+    m_programLock = std::make_unique<QEventLoopLocker>();
     m_writer.run([this, file, write]() -> CTaskRunner::Done {
         return [this, file, error = write()] {
             const QString name = QDir::toNativeSeparators(file);
             Q_EMIT ended(error.isEmpty() ? tr("Saved %1").arg(name) : tr("Cannot save %1: %2").arg(name, error));
         };
     });
+}
+
+void CImageSaver::onWritten()
+{
+    if (m_writer.statistics().pending > 0)
+        return;
+    m_programLock.reset();
+    if (m_isLeft)
+        deleteLater();
 }
 
 } // namespace Host

@@ -5,16 +5,21 @@
 
 #include "host/viewer/images/CTaskRunner.h"
 
+#include <QEventLoopLocker>
 #include <QImage>
 #include <QObject>
+#include <QPointer>
 #include <QSharedPointer>
 #include <QString>
+
+#include <memory>
 
 class QWidget;
 
 namespace Host {
 
 class CImageData;
+class CImageFolders;
 
 /**
  * Writes single images into PNG files that a person chooses, on a worker.
@@ -24,6 +29,9 @@ class CImageData;
  * saver.askForImage(model.image()); // what it was when the person asked, however long the choice takes
  * \endcode
  *
+ * What still waits when this object is destroyed is not written: an owner that goes before leaves it alone with
+ * deleteWhenDone(). While it writes, the program does not end with its last window.
+ *
  * Threads: the window's.
  */
 class CImageSaver : public QObject
@@ -31,8 +39,11 @@ class CImageSaver : public QObject
     Q_OBJECT
 
 public:
-    /// Dialogs belong to \a window.
-    explicit CImageSaver(QWidget* window);
+    /// Dialogs belong to \a window, which may go before this object does. \a folders outlives the last question.
+    CImageSaver(QWidget* window, CImageFolders& folders, QObject* parent = nullptr);
+
+    /// Deletes this object when all is written; at once if there is nothing to write.
+    void deleteWhenDone();
 
     /// In the full depth that it has. Null does nothing.
     void askForImage(const QSharedPointer<const CImageData>& image);
@@ -52,7 +63,12 @@ private:
     void ask(const QString& title, const QString& name, const std::function<void(const QString&)>& save);
     void save(const QString& file, const std::function<QString()>& write);
 
-    QWidget* const m_window;
+    void onWritten();
+
+    const QPointer<QWidget> m_window;
+    CImageFolders& m_folders;
+    bool m_isLeft = false;                           // deleteWhenDone() was called
+    std::unique_ptr<QEventLoopLocker> m_programLock; // while it writes
     CTaskRunner m_writer{CTaskRunner::EPolicy::DropNewest};
 };
 

@@ -3,6 +3,8 @@
 
 #include "host/viewer/images/LineIcon.h"
 
+#include "host/viewer/base/Theme.h"
+
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
@@ -86,13 +88,13 @@ void drawRecord(QPainter& painter)
 {
     painter.drawEllipse(QRectF(2.5, 2.5, 11, 11));
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0xd6, 0x3a, 0x2f));
+    painter.setBrush(recordColor(QGuiApplication::palette()));
     painter.drawEllipse(QRectF(5, 5, 6, 6));
 }
 
 void drawStop(QPainter& painter)
 {
-    painter.fillRect(QRectF(3.5, 3.5, 9, 9), QColor(0xd6, 0x3a, 0x2f));
+    painter.fillRect(QRectF(3.5, 3.5, 9, 9), recordColor(QGuiApplication::palette()));
     painter.drawRect(QRectF(3.5, 3.5, 9, 9));
 }
 

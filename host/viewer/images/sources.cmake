@@ -8,6 +8,8 @@ target_sources(HalvexHostViewer PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/CImageActions.h
   ${CMAKE_CURRENT_LIST_DIR}/CImageDock.cpp
   ${CMAKE_CURRENT_LIST_DIR}/CImageDock.h
+  ${CMAKE_CURRENT_LIST_DIR}/CImageFolders.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/CImageFolders.h
   ${CMAKE_CURRENT_LIST_DIR}/CImageSaver.cpp
   ${CMAKE_CURRENT_LIST_DIR}/CImageSaver.h
   ${CMAKE_CURRENT_LIST_DIR}/CImageStatus.cpp

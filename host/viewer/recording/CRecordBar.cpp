@@ -3,6 +3,7 @@
 
 #include "host/viewer/recording/CRecordBar.h"
 
+#include "host/viewer/base/Theme.h"
 #include "host/viewer/images/CElidedLabel.h"
 #include "host/viewer/images/CMessageLabel.h"
 #include "host/viewer/recording/CRecorder.h"
@@ -48,9 +49,8 @@ CRecordBar::CRecordBar(CRecorder& recorder, QWidget* parent)
     layout->addWidget(m_counts, 1, 0, 1, 3);
     layout->addWidget(m_detail, 2, 0, 1, 3);
     layout->setColumnStretch(1, 1);
-    QPalette dotPalette = m_dot->palette();
-    dotPalette.setColor(QPalette::WindowText, QColor(0xd6, 0x3a, 0x2f));
-    m_dot->setPalette(dotPalette);
+    m_dot->setObjectName(QStringLiteral("recordingDot"));
+    takeColors();
     m_close->setAutoRaise(true);
     m_close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
     m_close->setObjectName(QStringLiteral("closeRecording"));
@@ -60,6 +60,13 @@ CRecordBar::CRecordBar(CRecorder& recorder, QWidget* parent)
     connect(&recorder, &CRecorder::changed, this, &CRecordBar::onChanged);
     hide();
     retranslate();
+}
+
+void CRecordBar::takeColors()
+{
+    QPalette dotPalette;
+    dotPalette.setColor(QPalette::WindowText, recordColor(palette()));
+    m_dot->setPalette(dotPalette);
 }
 
 void CRecordBar::onChanged()
@@ -136,6 +143,8 @@ void CRecordBar::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange)
         retranslate();
+    if (event->type() == QEvent::PaletteChange)
+        takeColors();
     QWidget::changeEvent(event);
 }
 

@@ -38,6 +38,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void takeColors();
     void onChanged();
     void refresh();
     void retranslate();

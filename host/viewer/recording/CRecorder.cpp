@@ -71,6 +71,14 @@ void CRecorder::stop()
     endIfDone();
 }
 
+void CRecorder::deleteWhenDone()
+{
+    stop();
+    m_isLeft = true;
+    if (m_state != EState::Finishing)
+        deleteLater();
+}
+
 CRecorder::SCounts CRecorder::counts() const
 {
     if (!m_sink)
@@ -112,6 +120,13 @@ void CRecorder::endIfDone()
 void CRecorder::setState(EState state)
 {
     m_state = state;
+    if (state == EState::Recording)
+        m_programLock = std::make_unique<QEventLoopLocker>();
+    if (state == EState::Idle || state == EState::Finished) {
+        m_programLock.reset();
+        if (m_isLeft)
+            deleteLater();
+    }
     Q_EMIT changed();
 }
 

@@ -5,6 +5,7 @@
 
 #include <Halvex/graph/CNodeData.h>
 
+#include <QEventLoopLocker>
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -31,7 +32,8 @@ class CViewModel;
  * as CImageData says, and not what the camera sent: for that there is the "Raw Sink", to be placed in the graph.
  *
  * A file that cannot be written ends the recording, with error(); what was written before stays. The end of the view
- * ends it, too. What still waits when this object is destroyed is not written.
+ * ends it, too. What still waits when this object is destroyed is not written: an owner that goes before leaves it
+ * alone with deleteWhenDone(). While it records or finishes, the program does not end with its last window.
  *
  * Threads: the graph's, which is that of the window.
  */
@@ -78,6 +80,9 @@ public:
     /// Takes no more. Does nothing unless it records.
     void stop();
 
+    /// Stops, and deletes this object when all is written; at once if there is nothing to write.
+    void deleteWhenDone();
+
     EState state() const { return m_state; }
     EKind kind() const { return m_kind; }
     SCounts counts() const;
@@ -99,7 +104,9 @@ private:
     EKind m_kind = EKind::Png;
     QString m_folder;
     QString m_error;
-    bool m_isCompleted = false; // the sink was asked to complete its file
+    bool m_isCompleted = false;                      // the sink was asked to complete its file
+    bool m_isLeft = false;                           // deleteWhenDone() was called
+    std::unique_ptr<QEventLoopLocker> m_programLock; // while it records or finishes
     std::unique_ptr<AFileSinkModel> m_sink;
 };
 

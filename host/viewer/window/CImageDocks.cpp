@@ -5,12 +5,17 @@
 
 #include "host/viewer/images/CImageDock.h"
 #include "host/viewer/images/CViewModel.h"
+#include "host/viewer/recording/CRecorder.h"
+#include "host/viewer/window/CViewerSettings.h"
 
 #include <Halvex/scene/CNodeScene.h>
 
+#include <QGuiApplication>
 #include <QMainWindow>
+#include <QTimer>
 
 #include <algorithm>
+#include <chrono>
 
 namespace Host {
 
@@ -20,6 +25,7 @@ CImageDocks::CImageDocks(QMainWindow& window)
     : QObject(&window)
     , m_window(window)
 {
+    connect(qGuiApp, &QGuiApplication::lastWindowClosed, this, &CImageDocks::endRecordings);
 }
 
 void CImageDocks::watch(CNodeScene& scene)
@@ -29,12 +35,22 @@ void CImageDocks::watch(CNodeScene& scene)
         addDock(*node.second);
 }
 
+void CImageDocks::remember(CViewerSettings& settings)
+{
+    m_folders.setImages(settings.imageFolder());
+    m_folders.setRecordings(settings.recordFolder());
+    connect(&m_folders, &CImageFolders::changed, this, [this, &settings] {
+        settings.setImageFolder(m_folders.images());
+        settings.setRecordFolder(m_folders.recordings());
+    });
+}
+
 void CImageDocks::addDock(CNodeBase& node)
 {
     auto* const model = qobject_cast<CViewModel*>(node.nodeDataModel());
     if (!model)
         return;
-    auto* const dock = new CImageDock(*model, &m_window);
+    auto* const dock = new CImageDock(*model, m_folders, &m_window);
     dock->setObjectName(freeName());
     if (!m_window.restoreDockWidget(dock))
         place(dock);
@@ -85,6 +101,14 @@ QString CImageDocks::freeName() const
                          [&name](const CImageDock* dock) { return dock->objectName() == name; }))
             return name;
     }
+}
+
+void CImageDocks::endRecordings()
+{
+    constexpr std::chrono::seconds longestWait{30}; // a disk may never answer
+    for (const CImageDock* const dock : m_docks)
+        dock->recorder().stop();
+    QTimer::singleShot(longestWait, qGuiApp, &QCoreApplication::quit);
 }
 
 } // namespace Host

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "host/viewer/images/CImageFolders.h"
+
 #include <QList>
 #include <QObject>
 
@@ -16,11 +18,15 @@ class CNodeScene;
 namespace Host {
 
 class CImageDock;
+class CViewerSettings;
 
 /**
  * A dock for each node that shows images, in all scenes: it comes and goes with its node, by the scenes' signals.
  *
  * A new one goes where the window remembers it, else beside the others above the graph: four in a row, more as tabs.
+ *
+ * When the program's last window is closed, recordings end; the program goes on without a window until all is written,
+ * for 30 s at most.
  *
  * Ownership: the window owns the docks. Threads: the main thread.
  */
@@ -33,6 +39,9 @@ public:
 
     void watch(Plugin::Halvex::CNodeScene& scene);
 
+    /// Suggests the folders of \a settings, which outlives this object, and keeps there what a person chooses.
+    void remember(CViewerSettings& settings);
+
     /// In the order in which they came.
     const QList<CImageDock*>& docks() const { return m_docks; }
 
@@ -44,9 +53,11 @@ private:
     void addDock(Plugin::Halvex::CNodeBase& node);
     void place(CImageDock* dock);
     QString freeName() const;
+    void endRecordings();
 
     QMainWindow& m_window;
     QList<CImageDock*> m_docks;
+    CImageFolders m_folders;
 };
 
 } // namespace Host

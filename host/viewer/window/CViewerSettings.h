@@ -11,8 +11,8 @@
 namespace Host {
 
 /**
- * What the viewer remembers from one start to the next: where its parts are, language, colours, and the files that were
- * opened last.
+ * What the viewer remembers from one start to the next: where its parts are, language, colours, folders, and the files
+ * that were opened last.
  *
  * Threads: the main thread. A value that cannot be written is lost without a word: nothing depends on it.
  */
@@ -41,6 +41,12 @@ public:
     /// Empty for that of the desktop.
     QString language() const { return m_settings.value(QStringLiteral("language")).toString(); }
     void setLanguage(const QString& code) { m_settings.setValue(QStringLiteral("language"), code); }
+
+    /// Where images and recordings went last; empty before the first.
+    QString imageFolder() const { return m_settings.value(QStringLiteral("images/folder")).toString(); }
+    void setImageFolder(const QString& folder) { m_settings.setValue(QStringLiteral("images/folder"), folder); }
+    QString recordFolder() const { return m_settings.value(QStringLiteral("recording/folder")).toString(); }
+    void setRecordFolder(const QString& folder) { m_settings.setValue(QStringLiteral("recording/folder"), folder); }
 
     EColors colors() const;
     void setColors(EColors colors) { m_settings.setValue(QStringLiteral("colors"), int(colors)); }

@@ -5,9 +5,7 @@
 
 #include "host/models/CImageData.h"
 
-#include <QCoreApplication>
 #include <QSharedPointer>
-#include <QStandardPaths>
 
 /// An image as a camera of so many bits gives it.
 inline QSharedPointer<Host::CImageData> viewImage(const cv::Mat& pixels, int bits = 8, quint64 number = 0)
@@ -25,12 +23,4 @@ inline cv::Mat rampImage(int width = 200, int height = 100)
     for (int x = 0; x < width; ++x)
         image.col(x).setTo(x);
     return image;
-}
-
-/// What tests remember is kept from what people remember.
-inline void useTestSettings()
-{
-    QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication::setOrganizationName(QStringLiteral("HalvexTest"));
-    QCoreApplication::setApplicationName(QStringLiteral("viewer"));
 }

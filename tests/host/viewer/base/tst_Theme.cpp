@@ -42,6 +42,7 @@ void tst_Theme::accentsCanBeRead_data()
 void tst_Theme::accentsCanBeRead()
 {
     QFETCH(QPalette, palette);
+    QVERIFY(contrast(recordColor(palette), palette.color(QPalette::Window)) >= leastContrast);
     for (const EAccent accent : {EAccent::Good, EAccent::Warning, EAccent::Error, EAccent::Active}) {
         const QColor color = accentColor(accent, palette);
         QVERIFY(contrast(color, palette.color(QPalette::Window)) >= leastContrast);

@@ -6,6 +6,7 @@
 #include "edit/SEditedScene.h"
 #include "host/models/CBlurModel.h"
 #include "host/viewer/edit/CSettingField.h"
+#include "support/CTestModel.h"
 
 #include <QAbstractSpinBox>
 #include <QComboBox>
@@ -17,6 +18,43 @@
 
 using namespace Host;
 using namespace Plugin::Halvex;
+
+namespace {
+
+/// A model that tells of a change of its setting until the end.
+class CTalkativeModel : public CTestModel
+{
+    Q_OBJECT
+    Q_PROPERTY(double gain READ gain WRITE setGain NOTIFY gainChanged)
+
+public:
+    ~CTalkativeModel() override { Q_EMIT gainChanged(); }
+
+    double gain() const { return m_gain; }
+    void setGain(double gain)
+    {
+        m_gain = gain;
+        Q_EMIT gainChanged();
+    }
+
+Q_SIGNALS:
+    void gainChanged();
+
+private:
+    double m_gain = 0.0004;
+};
+
+/// It has one more setting, which is gone when its base class tells for the last time.
+class CDyingModel : public CTalkativeModel
+{
+    Q_OBJECT
+    Q_PROPERTY(int offset MEMBER m_offset)
+
+private:
+    int m_offset = 1;
+};
+
+} // namespace
 
 class tst_CSettingsPanel : public QObject
 {
@@ -32,6 +70,9 @@ private Q_SLOTS:
     void showsWhatIsChangedElsewhere();
     void tellsWhyAValueIsNotTaken();
     void isEmptyWhenTheNodeGoes();
+    void survivesAChangeToldByADyingModel();
+    void whatIsTypedStays();
+    void smallNumbersAreShown();
     void writesNamesAsWords();
 };
 
@@ -166,6 +207,64 @@ void tst_CSettingsPanel::isEmptyWhenTheNodeGoes()
     edited.scene->removeNode(*edited.editor->node(blur));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(panel.findChildren<CSettingField*>().isEmpty());
+}
+
+void tst_CSettingsPanel::survivesAChangeToldByADyingModel()
+{
+    const SEditedScene edited;
+    CNodeBase& node = edited.scene->createNode(std::make_unique<CDyingModel>());
+    CSettingsPanel panel;
+    panel.show(edited.editor.get(), node.id());
+    QVERIFY(panel.findChild<QSpinBox*>(QStringLiteral("offset")));
+    edited.scene->removeNode(node);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(panel.findChildren<CSettingField*>().isEmpty());
+}
+
+void tst_CSettingsPanel::whatIsTypedStays()
+{
+    const SEditedScene edited;
+    const Core::CId blur = edited.add("Blur");
+    auto* const model = qobject_cast<CBlurModel*>(edited.editor->node(blur)->nodeDataModel());
+    CSettingsPanel panel;
+    panel.show(edited.editor.get(), blur);
+    panel.show();
+    auto* const size = panel.findChild<QSpinBox*>(QStringLiteral("size"));
+    size->selectAll();
+    QTest::keyClicks(size, QStringLiteral("3"));
+    model->setSize(55);
+    QCOMPARE(size->text(), QStringLiteral("3"));
+    QTest::keyClicks(size, QStringLiteral("1"));
+    QTest::keyClick(size, Qt::Key_Return);
+    QCOMPARE(model->size(), 31);
+    model->setSize(57);
+    QCOMPARE(size->value(), 57);
+    // What comes to what was there before is no change, and gives way to the newer value.
+    size->selectAll();
+    QTest::keyClicks(size, QStringLiteral("57"));
+    model->setSize(59);
+    QTest::keyClick(size, Qt::Key_Return);
+    QCOMPARE(size->value(), 59);
+    QCOMPARE(model->size(), 59);
+}
+
+void tst_CSettingsPanel::smallNumbersAreShown()
+{
+    const SEditedScene edited;
+    CNodeBase& node = edited.scene->createNode(std::make_unique<CTalkativeModel>());
+    auto* const model = qobject_cast<CTalkativeModel*>(node.nodeDataModel());
+    CSettingsPanel panel;
+    panel.show(edited.editor.get(), node.id());
+    auto* const gain = panel.findChild<QDoubleSpinBox*>(QStringLiteral("gain"));
+    QCOMPARE(gain->text(), QLocale().toString(0.0004, 'f', 4));
+    model->setGain(1234567.5);
+    QCOMPARE(gain->value(), 1234567.5);
+    model->setGain(25);
+    QCOMPARE(gain->text(), QStringLiteral("25"));
+    gain->selectAll();
+    QTest::keyClicks(gain, QLocale().toString(0.00025, 'f', 5));
+    QTest::keyClick(gain, Qt::Key_Return);
+    QCOMPARE(model->gain(), 0.00025);
 }
 
 void tst_CSettingsPanel::writesNamesAsWords()

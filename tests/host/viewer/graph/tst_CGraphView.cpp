@@ -35,6 +35,7 @@ private Q_SLOTS:
     void arrowsGoFromNodeToNode();
     void tabGoesThroughAllNodesAndOn();
     void enterActivatesANode();
+    void aNodeMayGoWhileItIsGoneTo();
     void theWheelZoomsAtThePointer();
     void fitShowsAll();
     void theOverviewIsThereWhenItIsNeeded();
@@ -222,6 +223,21 @@ void tst_CGraphView::enterActivatesANode()
     QCOMPARE(activated, std::vector<Core::CId>{shown.edited.camera});
     QTest::mouseDClick(shown.view->viewport(), Qt::LeftButton, Qt::NoModifier, shown.at(shown.edited.camera));
     QCOMPARE(activated.size(), std::size_t(2));
+}
+
+void tst_CGraphView::aNodeMayGoWhileItIsGoneTo()
+{
+    const SShownGraph shown;
+    const Core::CId blur = shown.edited.add("Blur", {400, 0});
+    shown.canvas().sync();
+    int drawings = 0;
+    connect(&shown.canvas(), &CGraphCanvas::drawn, this, [&] {
+        if (++drawings == 2) // the first is that of goTo(), the second that of the selection
+            shown.edited.scene->removeNode(*shown.edited.editor->node(blur));
+    });
+    shown.view->goTo(blur);
+    QVERIFY(!shown.edited.editor->node(blur));
+    QVERIFY(shown.canvas().selectedNodes().empty());
 }
 
 void tst_CGraphView::theWheelZoomsAtThePointer()

@@ -63,7 +63,7 @@ void tst_GraphColors::textCanBeRead()
 {
     QFETCH(const QPalette, palette);
     const SGraphColors colors = graphColors(palette);
-    for (const QColor& text : {colors.text, colors.dimText, colors.warning, colors.error})
+    for (const QColor& text : {colors.text, colors.dimText, colors.warning, colors.error, colors.busy})
         QVERIFY2(contrast(text, colors.node) >= 4.5, qPrintable(text.name()));
     QVERIFY(contrast(colors.dimText, colors.canvas) >= 4.5); // of connections
     for (const ENodeKind kind : {ENodeKind::Source, ENodeKind::Filter, ENodeKind::Decoupler, ENodeKind::Sink})

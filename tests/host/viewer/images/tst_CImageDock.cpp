@@ -4,6 +4,7 @@
 #include "host/viewer/images/CImageDock.h"
 
 #include "host/viewer/images/CHistogramView.h"
+#include "host/viewer/images/CImageFolders.h"
 #include "host/viewer/images/CImageStatus.h"
 #include "host/viewer/images/CImageView.h"
 #include "host/viewer/images/CRangeBar.h"
@@ -13,10 +14,10 @@
 
 #include <QAction>
 #include <QClipboard>
+#include <QDir>
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QMouseEvent>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolBar>
@@ -31,7 +32,7 @@ struct SDock
     SDock()
     {
         model->setViewName(QStringLiteral("Left"));
-        dock = std::make_unique<CImageDock>(*model);
+        dock = std::make_unique<CImageDock>(*model, folders);
         dock->setFloating(true);
         dock->resize(500, 400);
         dock->show();
@@ -68,6 +69,7 @@ struct SDock
         return *dock->findChild<Part*>();
     }
 
+    CImageFolders folders;
     std::unique_ptr<CViewModel> model = std::make_unique<CViewModel>();
     std::unique_ptr<CImageDock> dock;
 };
@@ -79,7 +81,6 @@ class tst_CImageDock : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { useTestSettings(); }
     void newDock();
     void titleFollowsTheModel();
     void imageAndItsValueAreShown();
@@ -237,7 +238,7 @@ void tst_CImageDock::recordingIsBegunAndEnded()
 {
     SDock shown;
     const QTemporaryDir folder;
-    QSettings().setValue(QStringLiteral("recording/folder"), folder.path());
+    shown.folders.setRecordings(folder.path());
     QVERIFY(shown.showImage(rampImage()));
     shown.action("image.record.png").trigger();
     QCOMPARE(shown.dock->recorder().state(), CRecorder::EState::Recording);
@@ -287,13 +288,16 @@ void tst_CImageDock::dockMayGoWhileItRecords()
 {
     SDock shown;
     const QTemporaryDir folder;
-    QSettings().setValue(QStringLiteral("recording/folder"), folder.path());
+    shown.folders.setRecordings(folder.path());
     shown.action("image.record.video").trigger();
     QVERIFY(shown.showImage(rampImage()));
+    const QPointer<CRecorder> recorder = &shown.dock->recorder();
+    const QString file = QDir(recorder->folder()).filePath(QStringLiteral("video-000000.avi"));
     shown.dock.reset();
-    QVERIFY(CTaskRunner::waitForRemovedWork());
     shown.model->setInData(viewImage(rampImage()), 0);
     QCOMPARE(shown.model->delivered(), quint64(2));
+    QTRY_VERIFY(!recorder);
+    QVERIFY(QFile::exists(file));
 }
 
 QTEST_MAIN(tst_CImageDock)

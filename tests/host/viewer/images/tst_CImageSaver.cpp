@@ -3,11 +3,14 @@
 
 #include "host/viewer/images/CImageSaver.h"
 
+#include "host/viewer/images/CImageFolders.h"
 #include "viewer/TestView.h"
 
 #include <opencv2/imgcodecs.hpp>
 
+#include <QDir>
 #include <QFileDialog>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -23,7 +26,8 @@ struct SSaver
 
     QTemporaryDir folder;
     QWidget window;
-    CImageSaver saver{&window};
+    CImageFolders folders;
+    CImageSaver saver{&window, folders};
     QSignalSpy ended{&saver, &CImageSaver::ended};
 };
 
@@ -34,12 +38,12 @@ class tst_CImageSaver : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { useTestSettings(); }
     void imageIsSavedInFullDepth();
     void viewIsSaved();
     void whatGoesWrongIsTold();
     void personChoosesTheFile();
     void nothingToSaveAsksNothing();
+    void leftAloneItWritesAll();
 };
 
 void tst_CImageSaver::imageIsSavedInFullDepth()
@@ -84,6 +88,7 @@ void tst_CImageSaver::personChoosesTheFile()
     dialog->selectFile(QStringLiteral("chosen"));
     QMetaObject::invokeMethod(dialog, "accept");
     QTRY_VERIFY(QFile::exists(saving.file("chosen.png")));
+    QCOMPARE(saving.folders.images(), saving.folder.path());
     QTRY_COMPARE(saving.ended.count(), 1);
 }
 
@@ -93,6 +98,18 @@ void tst_CImageSaver::nothingToSaveAsksNothing()
     saving.saver.askForImage({});
     saving.saver.askForView({});
     QVERIFY(!saving.window.findChild<QFileDialog*>());
+}
+
+void tst_CImageSaver::leftAloneItWritesAll()
+{
+    const QTemporaryDir folder;
+    CImageFolders folders;
+    const QPointer<CImageSaver> saver = new CImageSaver(nullptr, folders);
+    for (int i = 0; i < 20; ++i)
+        saver->saveImage(viewImage(rampImage()), folder.filePath(QStringLiteral("%1.png").arg(i)));
+    saver->deleteWhenDone();
+    QTRY_VERIFY(!saver);
+    QCOMPARE(QDir(folder.path()).entryList({QStringLiteral("*.png")}).size(), 20);
 }
 
 QTEST_MAIN(tst_CImageSaver)

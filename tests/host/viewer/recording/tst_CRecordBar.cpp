@@ -3,10 +3,12 @@
 
 #include "host/viewer/recording/CRecordBar.h"
 
+#include "host/viewer/base/Theme.h"
 #include "host/viewer/images/CViewModel.h"
 #include "host/viewer/recording/CRecorder.h"
 #include "viewer/TestView.h"
 
+#include <QLabel>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -34,6 +36,7 @@ private Q_SLOTS:
     void hiddenBeforeTheFirstRecording();
     void countsAreTold();
     void errorIsTold();
+    void colorFollowsThePalette();
 };
 
 void tst_CRecordBar::hiddenBeforeTheFirstRecording()
@@ -69,6 +72,17 @@ void tst_CRecordBar::errorIsTold()
     QVERIFY(!shown.bar.isHidden());
     QCOMPARE(shown.bar.detailText(), shown.recorder.error());
     QVERIFY(!shown.bar.detailText().isEmpty());
+}
+
+void tst_CRecordBar::colorFollowsThePalette()
+{
+    SBar shown;
+    const auto* const dot = shown.bar.findChild<QLabel*>(QStringLiteral("recordingDot"));
+    QVERIFY(dot);
+    for (const QPalette& palette : {darkPalette(), lightPalette()}) {
+        shown.bar.setPalette(palette);
+        QCOMPARE(dot->palette().color(QPalette::WindowText), recordColor(palette));
+    }
 }
 
 QTEST_MAIN(tst_CRecordBar)

@@ -61,6 +61,7 @@ private Q_SLOTS:
     void endOfTheViewEndsIt();
     void nothingCameAtAll();
     void destroyedWhileItWrites();
+    void leftAloneItCompletesItsFiles();
 };
 
 void tst_CRecorder::newRecorder()
@@ -216,6 +217,26 @@ void tst_CRecorder::destroyedWhileItWrites()
             view.setInData(viewImage(rampImage()), 0);
     }
     QVERIFY(Plugin::Halvex::AWorkerNodeDataModel::waitForRemovedWork());
+}
+
+void tst_CRecorder::leftAloneItCompletesItsFiles()
+{
+    const QTemporaryDir parent;
+    CViewModel view;
+    const QPointer<CRecorder> recorder = new CRecorder(view);
+    QVERIFY(recorder->start(EKind::Video, parent.path(), 30.0));
+    const QString file = QDir(recorder->folder()).filePath(QStringLiteral("video-000000.avi"));
+    for (int i = 0; i < 10; ++i)
+        view.setInData(viewImage(rampImage()), 0);
+    recorder->deleteWhenDone();
+    QCOMPARE(recorder->state(), EState::Finishing);
+    QTRY_VERIFY(!recorder);
+    const cv::VideoCapture video(file.toStdString(), cv::CAP_OPENCV_MJPEG);
+    QCOMPARE(int(video.get(cv::CAP_PROP_FRAME_COUNT)), 10);
+    // With nothing to write it goes as well.
+    const QPointer<CRecorder> idle = new CRecorder(view);
+    idle->deleteWhenDone();
+    QTRY_VERIFY(!idle);
 }
 
 QTEST_GUILESS_MAIN(tst_CRecorder)

@@ -3,18 +3,29 @@
 
 #include "host/viewer/window/CImageDocks.h"
 
+#include "CBlockedFile.h"
 #include "host/models/CBlurModel.h"
 #include "host/viewer/images/CImageDock.h"
 #include "host/viewer/images/CViewModel.h"
+#include "host/viewer/recording/CRecorder.h"
+#include "host/viewer/window/CViewerSettings.h"
+#include "viewer/TestView.h"
 
 #include <Halvex/scene/CNodeScene.h>
 
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
 #include <QMainWindow>
 #include <QPointer>
 #include <QSet>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
+#include <algorithm>
 #include <memory>
 
 using namespace Host;
@@ -50,6 +61,8 @@ private Q_SLOTS:
     void dockGoesWithItsScene();
     void severalStandSideBySide();
     void placeIsRemembered();
+    void programEndsWhenRecordingsAreComplete();
+    void foldersAreRemembered();
 };
 
 void tst_CImageDocks::dockForEachViewAndForNothingElse()
@@ -124,6 +137,56 @@ void tst_CImageDocks::placeIsRemembered()
     test.docks.watch(test.scene);
     test.addView(test.scene);
     QCOMPARE(test.window.dockWidgetArea(test.docks.docks().first()), Qt::BottomDockWidgetArea);
+}
+
+void tst_CImageDocks::programEndsWhenRecordingsAreComplete()
+{
+    SDocks test;
+    test.docks.watch(test.scene);
+    CNodeBase& view = test.addView(test.scene);
+    CRecorder& recorder = test.docks.docks().first()->recorder();
+    const QTemporaryDir folder;
+    QVERIFY(recorder.start(CRecorder::EKind::Png, folder.path(), 30.0));
+    CBlockedFile blocked(QDir(recorder.folder()).filePath(QStringLiteral("frame-000000.png")));
+    for (int i = 0; i < 3; ++i)
+        view.nodeDataModel()->setInData(viewImage(rampImage()), 0);
+    connect(&recorder, &CRecorder::changed, this, [&] {
+        if (recorder.state() == CRecorder::EState::Finishing)
+            blocked.release();
+    });
+    QTimer::singleShot(0, &test.window, &QWidget::close);
+    QApplication::exec();
+    QCOMPARE(recorder.state(), CRecorder::EState::Finished);
+    QCOMPARE(recorder.counts().written, quint64(3));
+}
+
+void tst_CImageDocks::foldersAreRemembered()
+{
+    const QTemporaryDir folder;
+    CViewerSettings settings(folder.filePath(QStringLiteral("viewer.ini")));
+    settings.setRecordFolder(folder.filePath(QStringLiteral("former")));
+    SDocks test;
+    test.docks.remember(settings);
+    test.docks.watch(test.scene);
+    test.addView(test.scene);
+    CImageDock* const dock = test.docks.docks().first();
+    const auto actions = dock->imageActions();
+    const auto found = std::find_if(actions.begin(), actions.end(), [](const QAction* action) {
+        return action->objectName() == QLatin1String("image.record.png");
+    });
+    QVERIFY(found != actions.end());
+    (*found)->trigger();
+    QVERIFY(dock->recorder().folder().startsWith(settings.recordFolder()));
+    dock->recorder().stop();
+    const auto folderAction = std::find_if(actions.begin(), actions.end(), [](const QAction* action) {
+        return action->objectName() == QLatin1String("image.record.folder");
+    });
+    QVERIFY(folderAction != actions.end());
+    (*folderAction)->trigger();
+    auto* const dialog = dock->findChild<QFileDialog*>();
+    QVERIFY(dialog);
+    Q_EMIT dialog->fileSelected(folder.path());
+    QCOMPARE(settings.recordFolder(), folder.path());
 }
 
 QTEST_MAIN(tst_CImageDocks)

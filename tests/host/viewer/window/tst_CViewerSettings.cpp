@@ -32,6 +32,8 @@ void tst_CViewerSettings::defaults()
     QVERIFY(settings.layout().isEmpty());
     QVERIFY(settings.language().isEmpty());
     QVERIFY(settings.recentFiles().isEmpty());
+    QVERIFY(settings.imageFolder().isEmpty());
+    QVERIFY(settings.recordFolder().isEmpty());
     QCOMPARE(settings.colors(), CViewerSettings::EColors::AsDesktop);
 }
 
@@ -43,12 +45,16 @@ void tst_CViewerSettings::whatIsSetIsThereNextTime()
         settings.setGeometry("geometry");
         settings.setLayout("layout");
         settings.setLanguage("ko");
+        settings.setImageFolder("/images");
+        settings.setRecordFolder("/recordings");
         settings.setColors(CViewerSettings::EColors::Dark);
     }
     const CViewerSettings settings(file);
     QCOMPARE(settings.geometry(), QByteArray("geometry"));
     QCOMPARE(settings.layout(), QByteArray("layout"));
     QCOMPARE(settings.language(), QString("ko"));
+    QCOMPARE(settings.imageFolder(), QString("/images"));
+    QCOMPARE(settings.recordFolder(), QString("/recordings"));
     QCOMPARE(settings.colors(), CViewerSettings::EColors::Dark);
 }
 

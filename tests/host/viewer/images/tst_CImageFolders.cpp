@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "host/viewer/images/CImageFolders.h"
+
+#include <QSignalSpy>
+#include <QStandardPaths>
+#include <QTest>
+
+using namespace Host;
+
+class tst_CImageFolders : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void picturesBeforeTheFirstChoice();
+    void choicesAreTold();
+};
+
+void tst_CImageFolders::picturesBeforeTheFirstChoice()
+{
+    const CImageFolders folders;
+    QCOMPARE(folders.images(), QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
+    QCOMPARE(folders.recordings(), folders.images());
+}
+
+void tst_CImageFolders::choicesAreTold()
+{
+    CImageFolders folders;
+    const QSignalSpy changed(&folders, &CImageFolders::changed);
+    folders.setImages(QStringLiteral("/images"));
+    folders.setRecordings(QStringLiteral("/recordings"));
+    QCOMPARE(changed.count(), 2);
+    folders.setImages(QStringLiteral("/images"));
+    QCOMPARE(changed.count(), 2);
+    QCOMPARE(folders.images(), QStringLiteral("/images"));
+    QCOMPARE(folders.recordings(), QStringLiteral("/recordings"));
+}
+
+QTEST_GUILESS_MAIN(tst_CImageFolders)
+#include "tst_CImageFolders.moc"
