@@ -223,18 +223,29 @@ void CCameraSession::onTick()
     const double seconds = double(m_sinceTick.restart()) / 1000.0;
     if (seconds > 0.0)
         m_framesPerSecond = double(now - m_framesAtTick) / seconds;
-    const bool isNew = now != m_framesAtTick;
     m_framesAtTick = now;
     const bool isAway = m_source && m_source->absences().isAway;
     if (m_source)
         setState(isAway ? EState::Away : EState::Streaming);
-    if (isNew)
-        m_work.run([feed = m_feed] { return previewOf(feed->newest(), previewSize); }, this,
-                   [this](const QImage& preview) {
-                       m_preview = preview;
-                       Q_EMIT ticked();
-                   });
+    makePreview();
     Q_EMIT ticked();
+}
+
+// One at a time: they would pile up behind work that takes longer than a tick.
+void CCameraSession::makePreview()
+{
+    if (m_isMakingPreview || m_framesAtPreview == frames())
+        return;
+    m_isMakingPreview = true;
+    m_framesAtPreview = frames();
+    m_work.run([feed = m_feed] { return previewOf(feed->newest(), previewSize); }, this,
+               [this](const QImage& preview) {
+                   m_isMakingPreview = false;
+                   m_preview = preview;
+                   if (!m_timer.isActive())
+                       makePreview(); // no tick comes for the last frame any more
+                   Q_EMIT ticked();
+               });
 }
 
 void CCameraSession::trigger()

@@ -144,6 +144,7 @@ private:
     void onGrabEnded(const QString& error);
     void onStopped();
     void onTick();
+    void makePreview();
     void makeNode();
     void setState(EState state);
     void setBusy(bool isBusy);
@@ -157,11 +158,13 @@ private:
     EState m_state = EState::Opening;
     bool m_isBusy = false;
     bool m_isClosing = false;
+    bool m_isMakingPreview = false;
     QPointer<Plugin::Halvex::CNodeScene> m_scene;
     QPointer<Plugin::Halvex::CNodeBase> m_node;
     QTimer m_timer;
     QElapsedTimer m_sinceTick;
     quint64 m_framesAtTick = 0;
+    quint64 m_framesAtPreview = 0;
     double m_framesPerSecond = 0.0;
     QImage m_preview;
     // In this order: the thread ends before what it feeds and grabs from, and work before all of them.
