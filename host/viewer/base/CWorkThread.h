@@ -34,14 +34,16 @@ public:
 
     void post(std::function<void()> task);
 
-    /// Does \a work here and hands what it returns to \a done in the thread of \a receiver.
+    /// Does \a work here and hands what it returns to \a done in the thread of \a receiver. The result is moved:
+    /// nothing here keeps a part of it.
     template <typename Work, typename Done>
     void run(Work work, QObject* receiver, Done done)
     {
         post([work = std::move(work), receiver, done = std::move(done)]() mutable {
             auto result = work();
             QMetaObject::invokeMethod(
-                receiver, [done, result = std::move(result)] { done(result); }, Qt::QueuedConnection);
+                receiver, [done, result = std::move(result)]() mutable { done(std::move(result)); },
+                Qt::QueuedConnection);
         });
     }
 

@@ -88,20 +88,20 @@ void CCameraSession::open()
             return SOpened{camera, error, !camera && isInUse(options.address)};
         },
         this,
-        [this](const SOpened& opened) {
+        [this](SOpened opened) {
             if (opened.camera)
                 m_description = opened.camera->description();
-            onOpened(opened.camera, opened.error, opened.isInUse);
+            onOpened(std::move(opened.camera), opened.error, opened.isInUse);
         });
 }
 
-void CCameraSession::onOpened(const std::shared_ptr<CSharedCamera>& camera, const QString& error, bool isInUse)
+void CCameraSession::onOpened(std::shared_ptr<CSharedCamera> camera, const QString& error, bool isInUse)
 {
-    m_camera = camera;
+    m_camera = std::move(camera);
     m_error = error;
     setBusy(false);
     if (m_isClosing) {
-        deleteLater();
+        release();
         return;
     }
     if (!error.isEmpty()) {
@@ -158,21 +158,21 @@ void CCameraSession::startGrabbing(quint64 frames)
                 started.source.reset();
             return started;
         },
-        this, [this, frames](const SStarted& started) { onStarted(started, frames); });
+        this, [this, frames](SStarted started) { onStarted(std::move(started), frames); });
 }
 
-void CCameraSession::onStarted(const SStarted& started, quint64 frames)
+void CCameraSession::onStarted(SStarted started, quint64 frames)
 {
+    m_source = std::move(started.source);
     setBusy(false);
     if (m_isClosing) {
-        deleteLater();
+        release();
         return;
     }
-    if (!started.source) {
+    if (!m_source) {
         fail(started.error);
         return;
     }
-    m_source = started.source;
     m_description = m_source->description();
     m_thread = std::make_unique<CGrabThread>(*m_source, frames, forEver,
                                              [feed = m_feed](const CGrabThread::SFrame& frame) { feed->take(frame); });
@@ -214,7 +214,7 @@ void CCameraSession::onStopped()
     setBusy(false);
     setState(EState::Ready);
     if (m_isClosing)
-        deleteLater();
+        release();
 }
 
 void CCameraSession::onTick()
@@ -271,11 +271,26 @@ void CCameraSession::setFeature(const QString& name, const QString& value)
 
 void CCameraSession::close()
 {
+    if (m_isClosing)
+        return;
     m_isClosing = true;
     if (m_thread)
         m_thread->requestInterruption();
     else if (!m_isBusy)
-        deleteLater();
+        release();
+}
+
+// To stop a camera and to close its device takes long. It is the last work, so the destructor finds nothing to wait
+// for.
+void CCameraSession::release()
+{
+    m_work.run(
+        [camera = std::exchange(m_camera, nullptr), source = std::exchange(m_source, nullptr)]() mutable {
+            source.reset();
+            camera.reset();
+            return true;
+        },
+        this, [this](bool) { deleteLater(); });
 }
 
 void CCameraSession::setState(EState state)

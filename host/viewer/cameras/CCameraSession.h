@@ -138,13 +138,14 @@ Q_SIGNALS:
 private:
     struct SStarted;
 
-    void onOpened(const std::shared_ptr<CSharedCamera>& camera, const QString& error, bool isInUse);
+    void onOpened(std::shared_ptr<CSharedCamera> camera, const QString& error, bool isInUse);
     void startGrabbing(quint64 frames);
-    void onStarted(const SStarted& started, quint64 frames);
+    void onStarted(SStarted started, quint64 frames);
     void onGrabEnded(const QString& error);
     void onStopped();
     void onTick();
     void makePreview();
+    void release();
     void makeNode();
     void setState(EState state);
     void setBusy(bool isBusy);

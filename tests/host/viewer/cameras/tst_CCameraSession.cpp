@@ -59,6 +59,7 @@ private Q_SLOTS:
     void imagesAsACamera();
     void nodeRemovedByOthers();
     void closing();
+    void closingDoesNotWaitForWhatIsRead();
     void destroyedWhileItStreams();
 };
 
@@ -232,6 +233,30 @@ void tst_CCameraSession::closing()
     opening->open();
     opening->close();
     QTRY_VERIFY(!opening);
+
+    QPointer<CCameraSession> starting = new CCameraSession(fake(), service.nodes, service.models);
+    starting->open();
+    QTRY_COMPARE(starting->state(), EState::Ready);
+    starting->start();
+    starting->close();
+    starting->close();
+    QTRY_VERIFY(!starting);
+}
+
+void tst_CCameraSession::closingDoesNotWaitForWhatIsRead()
+{
+    SHostService service;
+    QPointer<CCameraSession> session = new CCameraSession(fake(), service.nodes, service.models);
+    session->open();
+    QTRY_COMPARE(session->state(), EState::Ready);
+    QSignalSpy reads(session, &CCameraSession::featuresRead);
+    constexpr int count = 50;
+    for (int i = 0; i < count; ++i)
+        session->readFeatures();
+    session->close();
+    QTRY_VERIFY(!session);
+    // Its thread had nothing left to do: the destructor had nothing to wait for.
+    QCOMPARE(reads.count(), count);
 }
 
 void tst_CCameraSession::destroyedWhileItStreams()
