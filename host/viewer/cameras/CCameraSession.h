@@ -76,6 +76,8 @@ public:
     /// By which it is opened, and which its node has: a camera's address.
     QString name() const { return nameOf(m_options); }
 
+    const SourceOptions& options() const { return m_options; }
+
     /// "Maker Model (fake), 512 x 512 Mono8"; empty before it is open.
     QString description() const { return m_description; }
 
