@@ -198,7 +198,7 @@ void CCameraSession::onGrabEnded(const QString& error)
     onTick(); // the last picture
     m_thread.reset();
     m_error = error;
-    m_isBusy = true;
+    setBusy(true);
     // The camera is stopped by the end of its source.
     m_work.run(
         [source = std::exchange(m_source, nullptr)]() mutable {

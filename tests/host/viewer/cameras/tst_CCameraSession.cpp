@@ -58,6 +58,7 @@ private Q_SLOTS:
     void unknownCamera();
     void imagesAsACamera();
     void nodeRemovedByOthers();
+    void endOfTheFilesIsBusyAndTold();
     void closing();
     void closingDoesNotWaitForWhatIsRead();
     void destroyedWhileItStreams();
@@ -213,6 +214,23 @@ void tst_CCameraSession::nodeRemovedByOthers()
     QTRY_COMPARE(lost.count(), 1);
     QVERIFY(!session.scene());
     QVERIFY(!session.node());
+}
+
+void tst_CCameraSession::endOfTheFilesIsBusyAndTold()
+{
+    const QTemporaryDir folder;
+    QVERIFY(writeImages(folder.path(), 3));
+    SHostService service;
+    CCameraSession session(images(folder.path()), service.nodes, service.models);
+    session.open();
+    QTRY_COMPARE(session.state(), EState::Ready);
+    bool isTold = false;
+    connect(&session, &CCameraSession::changed, this,
+            [&] { isTold = isTold || (session.isBusy() && session.state() == EState::Streaming); });
+    session.start();
+    QTRY_VERIFY(!session.isBusy() && session.frames() == 3);
+    QTRY_COMPARE(session.state(), EState::Ready);
+    QVERIFY(isTold);
 }
 
 void tst_CCameraSession::closing()
