@@ -3,6 +3,8 @@
 
 #include "host/viewer/base/CWorkThread.h"
 
+#include <QMutexLocker>
+
 namespace Host {
 
 CWorkThread::CWorkThread()
@@ -15,13 +17,38 @@ CWorkThread::CWorkThread()
 
 CWorkThread::~CWorkThread()
 {
+    std::deque<std::function<void()>> dropped;
+    {
+        const QMutexLocker lock(&m_mutex);
+        dropped.swap(m_tasks);
+    }
+    dropped.clear();
     m_thread.quit();
     m_thread.wait();
 }
 
 void CWorkThread::post(std::function<void()> task)
 {
-    QMetaObject::invokeMethod(m_worker, std::move(task), Qt::QueuedConnection);
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_tasks.push_back(std::move(task));
+    }
+    QMetaObject::invokeMethod(
+        m_worker, [this] { runNext(); }, Qt::QueuedConnection);
+}
+
+// The tasks are not the events themselves: a thread that is told to quit still handles all events that wait.
+void CWorkThread::runNext()
+{
+    std::function<void()> task;
+    {
+        const QMutexLocker lock(&m_mutex);
+        if (m_tasks.empty())
+            return; // dropped
+        task = std::move(m_tasks.front());
+        m_tasks.pop_front();
+    }
+    task();
 }
 
 } // namespace Host

@@ -91,7 +91,7 @@ private:
     const std::function<std::vector<SCameraEntry>()> m_find;
     std::vector<SCameraEntry> m_found;
     std::vector<SRow> m_rows;
-    QTimer m_timer;
+    QTimer m_timer{this};
     bool m_isSearching = false;
     CWorkThread m_work;
 };

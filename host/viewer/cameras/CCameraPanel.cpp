@@ -140,7 +140,7 @@ void CCameraPanel::openFiles(SFileOptions::EKind kind, const QString& place, dou
     options.isLooped = true;
     CCameraSession* const session = m_sessions.connectCamera(options);
     connect(session, &CCameraSession::opened, session, &CCameraSession::start);
-    choose(options.name);
+    choose(session->name());
 }
 
 void CCameraPanel::askForImages()

@@ -88,20 +88,20 @@ void CCameraSession::open()
             return SOpened{camera, error, !camera && isInUse(options.address)};
         },
         this,
-        [this](const SOpened& opened) {
+        [this](SOpened opened) {
             if (opened.camera)
                 m_description = opened.camera->description();
-            onOpened(opened.camera, opened.error, opened.isInUse);
+            onOpened(std::move(opened.camera), opened.error, opened.isInUse);
         });
 }
 
-void CCameraSession::onOpened(const std::shared_ptr<CSharedCamera>& camera, const QString& error, bool isInUse)
+void CCameraSession::onOpened(std::shared_ptr<CSharedCamera> camera, const QString& error, bool isInUse)
 {
-    m_camera = camera;
+    m_camera = std::move(camera);
     m_error = error;
     setBusy(false);
     if (m_isClosing) {
-        deleteLater();
+        release();
         return;
     }
     if (!error.isEmpty()) {
@@ -158,21 +158,21 @@ void CCameraSession::startGrabbing(quint64 frames)
                 started.source.reset();
             return started;
         },
-        this, [this, frames](const SStarted& started) { onStarted(started, frames); });
+        this, [this, frames](SStarted started) { onStarted(std::move(started), frames); });
 }
 
-void CCameraSession::onStarted(const SStarted& started, quint64 frames)
+void CCameraSession::onStarted(SStarted started, quint64 frames)
 {
+    m_source = std::move(started.source);
     setBusy(false);
     if (m_isClosing) {
-        deleteLater();
+        release();
         return;
     }
-    if (!started.source) {
+    if (!m_source) {
         fail(started.error);
         return;
     }
-    m_source = started.source;
     m_description = m_source->description();
     m_thread = std::make_unique<CGrabThread>(*m_source, frames, forEver,
                                              [feed = m_feed](const CGrabThread::SFrame& frame) { feed->take(frame); });
@@ -198,7 +198,7 @@ void CCameraSession::onGrabEnded(const QString& error)
     onTick(); // the last picture
     m_thread.reset();
     m_error = error;
-    m_isBusy = true;
+    setBusy(true);
     // The camera is stopped by the end of its source.
     m_work.run(
         [source = std::exchange(m_source, nullptr)]() mutable {
@@ -214,7 +214,7 @@ void CCameraSession::onStopped()
     setBusy(false);
     setState(EState::Ready);
     if (m_isClosing)
-        deleteLater();
+        release();
 }
 
 void CCameraSession::onTick()
@@ -223,18 +223,29 @@ void CCameraSession::onTick()
     const double seconds = double(m_sinceTick.restart()) / 1000.0;
     if (seconds > 0.0)
         m_framesPerSecond = double(now - m_framesAtTick) / seconds;
-    const bool isNew = now != m_framesAtTick;
     m_framesAtTick = now;
     const bool isAway = m_source && m_source->absences().isAway;
     if (m_source)
         setState(isAway ? EState::Away : EState::Streaming);
-    if (isNew)
-        m_work.run([feed = m_feed] { return previewOf(feed->newest(), previewSize); }, this,
-                   [this](const QImage& preview) {
-                       m_preview = preview;
-                       Q_EMIT ticked();
-                   });
+    makePreview();
     Q_EMIT ticked();
+}
+
+// One at a time: they would pile up behind work that takes longer than a tick.
+void CCameraSession::makePreview()
+{
+    if (m_isMakingPreview || m_framesAtPreview == frames())
+        return;
+    m_isMakingPreview = true;
+    m_framesAtPreview = frames();
+    m_work.run([feed = m_feed] { return previewOf(feed->newest(), previewSize); }, this,
+               [this](const QImage& preview) {
+                   m_isMakingPreview = false;
+                   m_preview = preview;
+                   if (!m_timer.isActive())
+                       makePreview(); // no tick comes for the last frame any more
+                   Q_EMIT ticked();
+               });
 }
 
 void CCameraSession::trigger()
@@ -260,11 +271,26 @@ void CCameraSession::setFeature(const QString& name, const QString& value)
 
 void CCameraSession::close()
 {
+    if (m_isClosing)
+        return;
     m_isClosing = true;
     if (m_thread)
         m_thread->requestInterruption();
     else if (!m_isBusy)
-        deleteLater();
+        release();
+}
+
+// To stop a camera and to close its device takes long. It is the last work, so the destructor finds nothing to wait
+// for.
+void CCameraSession::release()
+{
+    m_work.run(
+        [camera = std::exchange(m_camera, nullptr), source = std::exchange(m_source, nullptr)]() mutable {
+            source.reset();
+            camera.reset();
+            return true;
+        },
+        this, [this](bool) { deleteLater(); });
 }
 
 void CCameraSession::setState(EState state)

@@ -76,6 +76,8 @@ public:
     /// By which it is opened, and which its node has: a camera's address.
     QString name() const { return nameOf(m_options); }
 
+    const SourceOptions& options() const { return m_options; }
+
     /// "Maker Model (fake), 512 x 512 Mono8"; empty before it is open.
     QString description() const { return m_description; }
 
@@ -138,12 +140,14 @@ Q_SIGNALS:
 private:
     struct SStarted;
 
-    void onOpened(const std::shared_ptr<CSharedCamera>& camera, const QString& error, bool isInUse);
+    void onOpened(std::shared_ptr<CSharedCamera> camera, const QString& error, bool isInUse);
     void startGrabbing(quint64 frames);
-    void onStarted(const SStarted& started, quint64 frames);
+    void onStarted(SStarted started, quint64 frames);
     void onGrabEnded(const QString& error);
     void onStopped();
     void onTick();
+    void makePreview();
+    void release();
     void makeNode();
     void setState(EState state);
     void setBusy(bool isBusy);
@@ -157,11 +161,13 @@ private:
     EState m_state = EState::Opening;
     bool m_isBusy = false;
     bool m_isClosing = false;
+    bool m_isMakingPreview = false;
     QPointer<Plugin::Halvex::CNodeScene> m_scene;
     QPointer<Plugin::Halvex::CNodeBase> m_node;
     QTimer m_timer;
     QElapsedTimer m_sinceTick;
     quint64 m_framesAtTick = 0;
+    quint64 m_framesAtPreview = 0;
     double m_framesPerSecond = 0.0;
     QImage m_preview;
     // In this order: the thread ends before what it feeds and grabs from, and work before all of them.

@@ -7,13 +7,35 @@
 
 #include <Halvex/service/INodeService.h>
 
+#include <QDir>
+#include <QFileInfo>
 #include <QPointer>
 
 #include <algorithm>
+#include <variant>
 
 namespace Host {
 
 using namespace Plugin::Halvex;
+
+namespace {
+
+QString pathOf(const SFileOptions& files)
+{
+    return QDir::cleanPath(QFileInfo(files.place).absoluteFilePath());
+}
+
+// Files are the same wherever their name comes from: two folders may be called alike.
+bool isSame(const SourceOptions& one, const SourceOptions& other)
+{
+    const auto* const files = std::get_if<SFileOptions>(&one);
+    const auto* const others = std::get_if<SFileOptions>(&other);
+    if (files && others)
+        return files->kind == others->kind && pathOf(*files) == pathOf(*others);
+    return !files && !others && nameOf(one) == nameOf(other);
+}
+
+} // namespace
 
 CCameraSessions::CCameraSessions(INodeService& service, const IHostModels& models, QObject* parent)
     : QObject(parent)
@@ -24,11 +46,17 @@ CCameraSessions::CCameraSessions(INodeService& service, const IHostModels& model
 
 CCameraSession* CCameraSessions::connectCamera(const SourceOptions& options)
 {
-    if (CCameraSession* const known = find(nameOf(options))) {
-        known->open();
-        return known;
+    const auto known = std::find_if(m_sessions.begin(), m_sessions.end(), [&options](const CCameraSession* each) {
+        return isSame(each->options(), options);
+    });
+    if (known != m_sessions.end()) {
+        (*known)->open();
+        return *known;
     }
-    auto* const session = new CCameraSession(options, m_service, m_models, this);
+    SourceOptions named = options;
+    if (auto* const files = std::get_if<SFileOptions>(&named))
+        files->name = freeName(files->name);
+    auto* const session = new CCameraSession(named, m_service, m_models, this);
     m_sessions.append(session);
     connect(session, &CCameraSession::opened, this, [this, session] { Q_EMIT opened(session); });
     connect(session, &CCameraSession::changed, this, [this, session] { Q_EMIT changed(session); });
@@ -75,7 +103,11 @@ CCameraSession* CCameraSessions::findByScene(const CNodeScene* scene) const
 
 QString CCameraSessions::freeSimulatedCamera() const
 {
-    const QString first = SCameraOptions().address;
+    return freeName(SCameraOptions().address);
+}
+
+QString CCameraSessions::freeName(const QString& first) const
+{
     QString name = first;
     for (int number = 1; find(name); ++number)
         name = QStringLiteral("%1-%2").arg(first).arg(number);

@@ -31,7 +31,8 @@ class CCameraSessions : public QObject
 public:
     CCameraSessions(Plugin::Halvex::INodeService& service, const IHostModels& models, QObject* parent = nullptr);
 
-    /// Begins to open it. One that is connected already, or that could not be opened before, is tried again.
+    /// Begins to open it. One that is connected already, or that could not be opened before, is tried again. Files
+    /// whose name another session has get a name of their own: "shots-1".
     CCameraSession* connectCamera(const SourceOptions& options);
 
     /// Stops the camera and removes its scene.
@@ -58,6 +59,7 @@ Q_SIGNALS:
 
 private:
     void take(CCameraSession* session);
+    QString freeName(const QString& first) const;
 
     Plugin::Halvex::INodeService& m_service;
     const IHostModels& m_models;

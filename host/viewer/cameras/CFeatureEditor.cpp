@@ -13,12 +13,15 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <cmath>
 
 namespace Host {
 
 namespace {
 
 constexpr double mostExact = 9007199254740992.0; // whole numbers beyond it are not exact in a spin box
+
+constexpr double mostTold = 1e12; // a spin box takes numbers for equal that differ in the 13th digit
 
 bool isInteger(const SFeature& feature)
 {
@@ -31,7 +34,12 @@ class CNumberBox : public QDoubleSpinBox
 public:
     using QDoubleSpinBox::QDoubleSpinBox;
 
-    QString textFromValue(double value) const override { return QString::number(value, 'g', 12); }
+    // More digits than 15 show what a double adds to a decimal number; a whole number is exact up to the bounds.
+    QString textFromValue(double value) const override
+    {
+        const bool isWhole = std::trunc(value) == value;
+        return isWhole ? QString::number(value, 'f', 0) : QString::number(value, 'g', 15);
+    }
     double valueFromText(const QString& text) const override { return number(text).toDouble(); }
     QValidator::State validate(QString& text, int& /*position*/) const override
     {
@@ -91,8 +99,8 @@ QWidget* CFeatureEditor::makeEditor(const SFeature& feature)
     }
     const bool isNumber = isInteger(feature) || feature.type == QLatin1String("float");
     bool isDecimal = false;
-    feature.plainValue.toDouble(&isDecimal);
-    return isNumber && isDecimal ? makeNumber(feature) : makeText();
+    const double value = feature.plainValue.toDouble(&isDecimal);
+    return isNumber && isDecimal && std::abs(value) < mostTold ? makeNumber(feature) : makeText();
 }
 
 QWidget* CFeatureEditor::makeNumber(const SFeature& feature)
@@ -125,9 +133,11 @@ void CFeatureEditor::show(const SFeature& feature)
         box->setChecked(m_shown == QLatin1String("true") || m_shown == QLatin1String("1"));
     else if (qobject_cast<QComboBox*>(m_editor))
         showChoices(feature);
-    else if (qobject_cast<QDoubleSpinBox*>(m_editor))
-        showNumber(feature);
-    else if (auto* const line = qobject_cast<QLineEdit*>(m_editor)) {
+    else if (auto* const number = qobject_cast<QDoubleSpinBox*>(m_editor)) {
+        const bool isTyped = number->hasFocus() && number->cleanText() != number->textFromValue(number->value());
+        if (!isTyped)
+            showNumber(feature);
+    } else if (auto* const line = qobject_cast<QLineEdit*>(m_editor)) {
         if (!line->isModified() || !line->hasFocus())
             line->setText(m_shown);
     }

@@ -69,7 +69,7 @@ void CFeaturePanel::setSession(CCameraSession* session)
     if (session) {
         connect(session, &CCameraSession::featuresRead, this, &CFeaturePanel::showFeatures);
         connect(session, &CCameraSession::changed, this, &CFeaturePanel::showState);
-        connect(session, &CCameraSession::opened, session, &CCameraSession::readFeatures);
+        connect(session, &CCameraSession::opened, this, [session] { session->readFeatures(); });
         session->readFeatures();
     }
     showState();
@@ -117,16 +117,20 @@ void CFeaturePanel::showFeatures(const std::vector<SFeature>& features)
 void CFeaturePanel::build(const std::vector<SFeature>& features)
 {
     m_features = features;
+    // One that loses the focus as it goes tells what is half typed in it.
+    for (CFeatureEditor* const editor : qAsConst(m_editors))
+        editor->disconnect();
     m_editors.clear();
     m_tree->clear();
     for (const SFeature& feature : features) {
         auto* const item = new QTreeWidgetItem(categoryItem(feature.category), {feature.name});
         item->setToolTip(0, feature.help.isEmpty() ? feature.name : feature.name + QLatin1Char('\n') + feature.help);
         auto* const editor = new CFeatureEditor(feature);
-        connect(editor, &CFeatureEditor::edited, this, [this, name = feature.name](const QString& value) {
-            if (m_session)
-                m_session->setFeature(name, value);
-        });
+        if (m_session)
+            connect(editor, &CFeatureEditor::edited, m_session,
+                    [session = m_session.data(), name = feature.name](const QString& value) {
+                        session->setFeature(name, value);
+                    });
         m_editors.insert(feature.name, editor);
         m_tree->setItemWidget(item, 1, editor);
     }

@@ -20,6 +20,7 @@ private Q_SLOTS:
     void resultsComeInOrderToTheReceiversThread();
     void tasksRunElsewhere();
     void endWaitsForWhatIsBeingDone();
+    void endDropsWhatWaits();
     void receiverThatIsGoneHearsNothing();
 };
 
@@ -66,6 +67,24 @@ void tst_CWorkThread::endWaitsForWhatIsBeingDone()
         begun.acquire();
     }
     QVERIFY(hasEnded);
+}
+
+void tst_CWorkThread::endDropsWhatWaits()
+{
+    bool hasRun = false;
+    QSemaphore begun;
+    QSemaphore dropped;
+    {
+        CWorkThread work;
+        work.post([&] {
+            begun.release();
+            dropped.tryAcquire(1, 5000); // until what waits is dropped
+        });
+        const std::shared_ptr<QSemaphore> guard(&dropped, [](QSemaphore* semaphore) { semaphore->release(); });
+        work.post([&hasRun, guard] { hasRun = true; });
+        begun.acquire();
+    }
+    QVERIFY(!hasRun);
 }
 
 void tst_CWorkThread::receiverThatIsGoneHearsNothing()

@@ -9,8 +9,10 @@
 #include "host/viewer/cameras/CCameraSessions.h"
 
 #include <QAbstractItemModelTester>
+#include <QSemaphore>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 
 #include <atomic>
 
@@ -30,21 +32,23 @@ struct SList
 
     EState state(const QString& name) const { return EState(list.indexOf(name).data(CCameraList::StateRole).toInt()); }
 
-    // No search came within some time in which several would.
-    bool isAtRest() const
-    {
-        const int before = searches;
-        QTest::qWait(200);
-        return searches == before;
-    }
+    // A search comes next.
+    bool isWaiting() const { return list.findChild<QTimer*>()->isActive(); }
 
     SHostService service;
     CCameraSessions sessions{service.nodes, service.models};
     std::atomic<int> searches{0};
     std::atomic<bool> isThere{true};
+    std::atomic<bool> isHeld{false};
+    QSemaphore held;
+    QSemaphore released;
     CCameraList list{sessions, nullptr,
                      [this] {
                          ++searches;
+                         if (isHeld) {
+                             held.release();
+                             released.tryAcquire(1, 5000);
+                         }
                          std::vector<SCameraEntry> found{{"fake", "Aravis", "Fake", {}, {}}};
                          if (isThere)
                              found.push_back(network);
@@ -89,8 +93,17 @@ void tst_CCameraList::asksOnlyWhileActive()
     test.list.setActive(true);
     QTRY_COMPARE(test.list.rowCount(), 2);
     QTRY_VERIFY(test.searches.load() > 2); // again and again
+    test.isHeld = true;
+    QTRY_VERIFY(test.held.available() > 0);
+    QVERIFY(test.isWaiting());
     test.list.setActive(false);
-    QTRY_VERIFY(test.isAtRest());
+    QVERIFY(!test.isWaiting());
+    // Nor does what is found afterwards have it ask again.
+    test.isThere = false;
+    test.isHeld = false;
+    test.released.release();
+    QTRY_COMPARE(test.list.rowCount(), 1);
+    QVERIFY(!test.isWaiting());
 }
 
 void tst_CCameraList::foundCamera()

@@ -58,7 +58,9 @@ private Q_SLOTS:
     void unknownCamera();
     void imagesAsACamera();
     void nodeRemovedByOthers();
+    void endOfTheFilesIsBusyAndTold();
     void closing();
+    void closingDoesNotWaitForWhatIsRead();
     void destroyedWhileItStreams();
 };
 
@@ -214,6 +216,23 @@ void tst_CCameraSession::nodeRemovedByOthers()
     QVERIFY(!session.node());
 }
 
+void tst_CCameraSession::endOfTheFilesIsBusyAndTold()
+{
+    const QTemporaryDir folder;
+    QVERIFY(writeImages(folder.path(), 3));
+    SHostService service;
+    CCameraSession session(images(folder.path()), service.nodes, service.models);
+    session.open();
+    QTRY_COMPARE(session.state(), EState::Ready);
+    bool isTold = false;
+    connect(&session, &CCameraSession::changed, this,
+            [&] { isTold = isTold || (session.isBusy() && session.state() == EState::Streaming); });
+    session.start();
+    QTRY_VERIFY(!session.isBusy() && session.frames() == 3);
+    QTRY_COMPARE(session.state(), EState::Ready);
+    QVERIFY(isTold);
+}
+
 void tst_CCameraSession::closing()
 {
     SHostService service;
@@ -232,6 +251,30 @@ void tst_CCameraSession::closing()
     opening->open();
     opening->close();
     QTRY_VERIFY(!opening);
+
+    QPointer<CCameraSession> starting = new CCameraSession(fake(), service.nodes, service.models);
+    starting->open();
+    QTRY_COMPARE(starting->state(), EState::Ready);
+    starting->start();
+    starting->close();
+    starting->close();
+    QTRY_VERIFY(!starting);
+}
+
+void tst_CCameraSession::closingDoesNotWaitForWhatIsRead()
+{
+    SHostService service;
+    QPointer<CCameraSession> session = new CCameraSession(fake(), service.nodes, service.models);
+    session->open();
+    QTRY_COMPARE(session->state(), EState::Ready);
+    QSignalSpy reads(session, &CCameraSession::featuresRead);
+    constexpr int count = 50;
+    for (int i = 0; i < count; ++i)
+        session->readFeatures();
+    session->close();
+    QTRY_VERIFY(!session);
+    // Its thread had nothing left to do: the destructor had nothing to wait for.
+    QCOMPARE(reads.count(), count);
 }
 
 void tst_CCameraSession::destroyedWhileItStreams()

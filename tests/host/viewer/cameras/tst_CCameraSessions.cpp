@@ -8,6 +8,7 @@
 #include "host/viewer/cameras/CCameraSession.h"
 
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Host;
@@ -20,6 +21,7 @@ class tst_CCameraSessions : public QObject
 private Q_SLOTS:
     void connectAndDisconnect();
     void oneSessionForEachName();
+    void otherFilesOfTheSameName();
     void sceneRemovedByOthersDisconnects();
     void freeSimulatedCamera();
 };
@@ -59,6 +61,30 @@ void tst_CCameraSessions::oneSessionForEachName()
     QTRY_VERIFY(session->isOpen());
     QCOMPARE(sessions.connectCamera(camera("fake-1")), session);
     QCOMPARE(sessions.all().size(), 1);
+}
+
+void tst_CCameraSessions::otherFilesOfTheSameName()
+{
+    const QTemporaryDir folder;
+    SHostService service;
+    CCameraSessions sessions(service.nodes, service.models);
+    SFileOptions files;
+    files.name = "shots";
+    files.place = folder.filePath("monday/shots");
+    CCameraSession* const monday = sessions.connectCamera(files);
+    QCOMPARE(monday->name(), QString("shots"));
+    files.place = folder.filePath("tuesday/shots");
+    CCameraSession* const tuesday = sessions.connectCamera(files);
+    QVERIFY(tuesday != monday);
+    QCOMPARE(tuesday->name(), QString("shots-1"));
+    files.place = folder.filePath("monday/../tuesday/shots");
+    QCOMPARE(sessions.connectCamera(files), tuesday);
+    QCOMPARE(sessions.all().size(), 2);
+
+    sessions.connectCamera(camera("fake"));
+    files.name = "fake";
+    files.place = folder.filePath("fake");
+    QCOMPARE(sessions.connectCamera(files)->name(), QString("fake-1"));
 }
 
 void tst_CCameraSessions::sceneRemovedByOthersDisconnects()

@@ -53,12 +53,14 @@ private Q_SLOTS:
     void integerWithRangeAndStep();
     void floatWithUnit();
     void unboundedNumber();
+    void longWholeNumberIsExact();
     void choice();
     void boolean();
     void text();
     void command();
     void readOnly();
     void newValueIsShownAndNotSent();
+    void whatIsTypedStays();
     void wheelWithoutFocusChangesNothing();
 };
 
@@ -98,6 +100,24 @@ void tst_CFeatureEditor::unboundedNumber()
 {
     CFeatureEditor editor(feature("integer", "-123456789012"));
     QCOMPARE(find<QDoubleSpinBox>(editor)->text(), QString("-123456789012"));
+}
+
+void tst_CFeatureEditor::longWholeNumberIsExact()
+{
+    CFeatureEditor grown(feature("integer", "1"));
+    grown.show(feature("integer", "1234567890123456"));
+    QCOMPARE(find<QDoubleSpinBox>(grown)->text(), QString("1234567890123456"));
+
+    CFeatureEditor editor(feature("integer", "1234567890123456"));
+    QSignalSpy edited(&editor, &CFeatureEditor::edited);
+    auto* const line = find<QLineEdit>(editor);
+    QCOMPARE(line->text(), QString("1234567890123456"));
+    QTest::keyClick(line, Qt::Key_End);
+    QTest::keyClick(line, Qt::Key_Backspace);
+    QTest::keyClicks(line, "7");
+    QTest::keyClick(line, Qt::Key_Return);
+    QCOMPARE(edited.count(), 1);
+    QCOMPARE(edited.takeFirst().first().toString(), QString("1234567890123457"));
 }
 
 void tst_CFeatureEditor::choice()
@@ -162,6 +182,28 @@ void tst_CFeatureEditor::newValueIsShownAndNotSent()
     QSignalSpy edited(&editor, &CFeatureEditor::edited);
     editor.show(number("integer", "128"));
     QCOMPARE(find<QDoubleSpinBox>(editor)->value(), 128.0);
+    QVERIFY(edited.isEmpty());
+}
+
+void tst_CFeatureEditor::whatIsTypedStays()
+{
+    CFeatureEditor editor(number("integer", "64"));
+    QSignalSpy edited(&editor, &CFeatureEditor::edited);
+    editor.resize(200, 40);
+    editor.QWidget::show();
+    editor.activateWindow();
+    auto* const box = find<QDoubleSpinBox>(editor);
+    box->setFocus();
+    QTRY_VERIFY(box->hasFocus());
+    box->selectAll();
+    QTest::keyClicks(box, "25");
+    editor.show(number("integer", "128"));
+    QTest::keyClicks(box, "6");
+    QTest::keyClick(box, Qt::Key_Return);
+    QCOMPARE(edited.count(), 1);
+    QCOMPARE(edited.takeFirst().first().toString(), QString("256"));
+    editor.show(number("integer", "250")); // what the camera made of it
+    QCOMPARE(box->value(), 250.0);
     QVERIFY(edited.isEmpty());
 }
 

@@ -12,6 +12,7 @@
 #include <QDoubleSpinBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTreeWidget>
 
@@ -49,6 +50,8 @@ private Q_SLOTS:
     void refusalIsTold();
     void search();
     void widgetsStayWhenFeaturesAreReadAgain();
+    void halfTypedValueIsSentToNoCamera();
+    void featuresAreReadOnceHoweverOftenChosen();
     void sessionThatGoes();
 };
 
@@ -120,6 +123,52 @@ void tst_CFeaturePanel::widgetsStayWhenFeaturesAreReadAgain()
     test.session.setFeature("GainRaw", "3");
     QTRY_COMPARE(test.number("GainRaw")->value(), 3.0);
     QCOMPARE(test.panel.editor("GainRaw"), before);
+}
+
+void tst_CFeaturePanel::halfTypedValueIsSentToNoCamera()
+{
+    SPanel test;
+    CCameraSession other(camera("fake-2"), test.service.nodes, test.service.models);
+    other.open();
+    QTRY_VERIFY(test.isFilled());
+    QTRY_VERIFY(other.isOpen());
+    test.panel.show();
+    test.panel.activateWindow();
+    auto* const width = test.number("Width");
+    width->setFocus();
+    QTRY_VERIFY(width->hasFocus());
+    width->selectAll();
+    QTest::keyClicks(width, "256");
+
+    for (CCameraSession* const session : {&other, &test.session}) {
+        test.panel.setSession(session);
+        QTRY_VERIFY(test.isFilled());
+        // What would have been sent would have been so before.
+        session->setFeature("GainRaw", "3");
+        QTRY_COMPARE(test.number("GainRaw")->value(), 3.0);
+        QCOMPARE(test.number("Width")->value(), 512.0);
+    }
+}
+
+void tst_CFeaturePanel::featuresAreReadOnceHoweverOftenChosen()
+{
+    SHostService service;
+    CCameraSession session(camera("fake-1"), service.nodes, service.models);
+    CFeaturePanel panel;
+    for (int i = 0; i < 3; ++i) {
+        panel.setSession(nullptr);
+        panel.setSession(&session);
+    }
+    QSignalSpy reads(&session, &CCameraSession::featuresRead);
+    int readsBeforeError = -1;
+    connect(&session, &CCameraSession::changed, this, [&] {
+        if (readsBeforeError < 0 && !session.error().isEmpty())
+            readsBeforeError = reads.count();
+    });
+    session.open();
+    QTRY_VERIFY(session.isOpen());
+    session.setFeature("Width", "100000"); // refused after all that was asked for before
+    QTRY_COMPARE(readsBeforeError, 1);
 }
 
 void tst_CFeaturePanel::sessionThatGoes()
