@@ -72,7 +72,8 @@ void CCameraPanel::makeActions()
                 (session->*step)();
         });
     };
-    m_connect = makeAction(this, "connectCamera", Qt::CTRL + Qt::SHIFT + Qt::Key_O, [this] { connectChosen(); });
+    m_connect =
+        makeAction(this, "connectCamera", QKeySequence(QStringLiteral("Ctrl+Shift+O")), [this] { connectChosen(); });
     m_start = make("startCamera", Qt::Key_F5, &CCameraSession::start);
     m_stop = make("stopCamera", Qt::Key_F6, &CCameraSession::stop);
     m_single = make("grabSingle", Qt::Key_F7, &CCameraSession::grabSingle);

@@ -25,7 +25,7 @@ CFeaturePanel::CFeaturePanel(QWidget* parent)
     , m_tree(new QTreeWidget(this))
     , m_message(new QLabel(this))
 {
-    m_refresh = makeAction(this, "readFeatures", Qt::CTRL + Qt::Key_F5, [this] {
+    m_refresh = makeAction(this, "readFeatures", QKeySequence(QStringLiteral("Ctrl+F5")), [this] {
         if (m_session)
             m_session->readFeatures();
     });

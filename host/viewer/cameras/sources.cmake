@@ -6,6 +6,7 @@ target_sources(HalvexHostViewer PRIVATE
   cameras/CCameraPanel.cpp
   cameras/CCameraPanel.h
   cameras/CCameraSession.cpp
+  cameras/CCameraSessionFeatures.cpp
   cameras/CCameraSession.h
   cameras/CCameraSessions.cpp
   cameras/CCameraSessions.h

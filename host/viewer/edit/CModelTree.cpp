@@ -29,7 +29,7 @@ CModelTree::CModelTree(const CNodeDataModelRegistry& registry, QObject* parent)
         auto* const category = new QStandardItem(entry.first);
         category->setFlags(Qt::ItemIsEnabled);
         entry.second.sort(Qt::CaseInsensitive);
-        for (const QString& name : entry.second) {
+        for (const QString& name : qAsConst(entry.second)) {
             auto* const model = new QStandardItem(name);
             model->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled);
             model->setData(name, modelNameRole);

@@ -159,7 +159,7 @@ void CSettingsPanel::onChanged(const QString& name, const QString& value, int ge
         return;
     QString problem;
     const auto heard =
-        connect(m_editor, &CGraphEditor::refused, this, [&problem](const QString& reason) { problem = reason; });
+        connect(m_editor, &CGraphEditor::refused, this, [said = &problem](const QString& reason) { *said = reason; });
     m_editor->setSetting(m_node, name, value, gesture);
     disconnect(heard);
     showValues();

@@ -178,7 +178,8 @@ void CGraphView::changeEvent(QEvent* event)
     if (event->type() == QEvent::LanguageChange)
         retranslate();
     if (event->type() == QEvent::PaletteChange && m_canvas) {
-        for (QGraphicsItem* item : m_canvas->items())
+        const auto allItems = m_canvas->items();
+        for (QGraphicsItem* item : allItems)
             item->update(); // what they keep is in the old colours
     }
     QGraphicsView::changeEvent(event);
@@ -197,7 +198,7 @@ void CGraphView::drawBackground(QPainter* painter, const QRectF& area)
     const int columns = int((area.right() - first.x()) / dotDistance) + 1;
     const int rows = int((area.bottom() - first.y()) / dotDistance) + 1;
     for (int i = 0; i < columns * rows; ++i)
-        points.append(first + QPointF(i % columns, i / columns) * dotDistance);
+        points.append(first + QPoint(i % columns, i / columns) * dotDistance);
     QPen pen(colors.grid, 2);
     pen.setCosmetic(true);
     painter->setPen(pen);

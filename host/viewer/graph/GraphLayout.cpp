@@ -90,7 +90,8 @@ std::vector<QPointF> layoutGraph(const std::vector<QSizeF>& sizes, const FlowEdg
     std::size_t found = 0;
     double top = std::numeric_limits<double>::infinity();
     double left = top;
-    for (const QByteArray& line : text.split('\n')) {
+    const auto lines = text.split('\n');
+    for (const QByteArray& line : lines) {
         const QList<QByteArray> words = line.split(' ');
         if (words.size() < 4 || words[0] != "node")
             continue;

@@ -50,7 +50,7 @@ CImageActions::CImageActions(QObject* parent)
     , histogram(makeCheckable("image.histogram", Qt::Key_H))
     , logarithmic(makeCheckable("image.logarithmic", Qt::Key_L))
     , saveImage(make("image.saveImage", Qt::Key_S))
-    , saveView(make("image.saveView", Qt::SHIFT + Qt::Key_S))
+    , saveView(make("image.saveView", QKeySequence(QStringLiteral("Shift+S"))))
     , copy(make("image.copy", QKeySequence::Copy))
     , records{make("image.record.png"), make("image.record.raw"), make("image.record.video", Qt::Key_V)}
     , recordFolder(make("image.record.folder"))

@@ -28,7 +28,8 @@ CScenePage::CScenePage(CNodeScene& scene, INodeService& service, QWidget* parent
     layout->addWidget(m_view);
     setFocusProxy(m_view);
     // The window has these for all scenes. Two actions with one shortcut would be none.
-    for (QAction* const action : m_view->graphActions()) {
+    const auto graphActions = m_view->graphActions();
+    for (QAction* const action : graphActions) {
         if (action->objectName() != QLatin1String("graphUndo") && action->objectName() != QLatin1String("graphRedo"))
             continue;
         action->setShortcut({});

@@ -46,7 +46,8 @@ CScenePage* CSceneTabs::current() const
 
 CScenePage* CSceneTabs::page(const CNodeScene* scene) const
 {
-    for (CScenePage* const page : pages()) {
+    const auto allPages = pages();
+    for (CScenePage* const page : allPages) {
         if (scene && page->scene() == scene)
             return page;
     }
@@ -92,7 +93,8 @@ void CSceneTabs::addCloseButton(int index, const CScenePage& page)
 // By address: a scene that is being destroyed is no CNodeScene any more.
 void CSceneTabs::removeScene(const QObject* scene)
 {
-    for (CScenePage* const page : pages()) {
+    const auto allPages = pages();
+    for (CScenePage* const page : allPages) {
         if (page->address() != scene)
             continue;
         page->disconnect(this);
@@ -122,7 +124,8 @@ void CSceneTabs::onCurrentChanged()
 
 void CSceneTabs::updateTitles()
 {
-    for (CScenePage* const page : pages()) {
+    const auto allPages = pages();
+    for (CScenePage* const page : allPages) {
         const int index = indexOf(page);
         setTabText(index, page->title());
         setTabToolTip(index, page->toolTip());

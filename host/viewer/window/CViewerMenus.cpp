@@ -58,12 +58,12 @@ void CViewerMenus::makeFileMenu()
     m_recent = m_file->addMenu(QString());
     m_file->addSeparator();
     m_save = add(m_file, "saveScene", QKeySequence::Save, &CViewerWindow::saveCurrent);
-    m_saveAs = add(m_file, "saveSceneAs", Qt::CTRL + Qt::SHIFT + Qt::Key_S, &CViewerWindow::saveCurrentAs);
+    m_saveAs = add(m_file, "saveSceneAs", QKeySequence(QStringLiteral("Ctrl+Shift+S")), &CViewerWindow::saveCurrentAs);
     m_file->addSeparator();
-    m_import = add(m_file, "importChain", Qt::CTRL + Qt::Key_I, &CViewerWindow::askForChain);
+    m_import = add(m_file, "importChain", QKeySequence(QStringLiteral("Ctrl+I")), &CViewerWindow::askForChain);
     m_file->addSeparator();
     m_close = add(m_file, "closeScene", QKeySequence::Close, &CViewerWindow::closeCurrent);
-    m_quit = makeAction(&m_window, "quit", Qt::CTRL + Qt::Key_Q, [this] { m_window.close(); });
+    m_quit = makeAction(&m_window, "quit", QKeySequence(QStringLiteral("Ctrl+Q")), [this] { m_window.close(); });
     m_file->addAction(m_quit);
 }
 
@@ -73,7 +73,7 @@ void CViewerMenus::makeEditMenu(QUndoGroup& history)
     m_redo = makeAction(&m_window, "redo", QKeySequence::Redo, [&history] { history.redo(); });
     m_edit->addActions({m_undo, m_redo});
     m_edit->addSeparator();
-    m_addView = add(m_edit, "addImageView", Qt::CTRL + Qt::Key_E, &CViewerWindow::addImageView);
+    m_addView = add(m_edit, "addImageView", QKeySequence(QStringLiteral("Ctrl+E")), &CViewerWindow::addImageView);
     connect(&history, &QUndoGroup::canUndoChanged, m_undo, &QAction::setEnabled);
     connect(&history, &QUndoGroup::canRedoChanged, m_redo, &QAction::setEnabled);
     m_undo->setEnabled(history.canUndo());
@@ -99,7 +99,7 @@ QAction* CViewerMenus::addChoice(QMenu* menu, QActionGroup* group, const QString
 
 void CViewerMenus::makeViewMenu()
 {
-    m_commands = add(m_view, "commands", Qt::CTRL + Qt::Key_K, &CViewerWindow::showCommands);
+    m_commands = add(m_view, "commands", QKeySequence(QStringLiteral("Ctrl+K")), &CViewerWindow::showCommands);
     m_view->addSeparator();
     m_view->addActions(m_window.docks().toggleActions());
     m_view->addSeparator();

@@ -59,7 +59,8 @@ CViewerWindow::CViewerWindow(const SParts& parts, QWidget* parent)
     m_checkTimer.setSingleShot(true);
     m_checkTimer.setInterval(300);
     connectParts();
-    for (CScenePage* const page : m_tabs->pages())
+    const auto allPages = m_tabs->pages();
+    for (CScenePage* const page : allPages)
         onPageAdded(page);
     onPageChanged(m_tabs->current());
     restoreLayout();
@@ -171,7 +172,8 @@ CScenePage* CViewerWindow::newScene(const QString& name)
 void CViewerWindow::addScene()
 {
     QStringList names;
-    for (const CScenePage* const page : m_tabs->pages())
+    const auto allPages = m_tabs->pages();
+    for (const CScenePage* const page : allPages)
         names << page->cameraName();
     QString name;
     for (int number = 1; name.isEmpty() || names.contains(name); ++number)

@@ -178,7 +178,8 @@ void CViewerWindow::restoreLayout()
 void CViewerWindow::closeEvent(QCloseEvent* event)
 {
     QStringList modified;
-    for (const CScenePage* const page : m_tabs->pages()) {
+    const auto allPages = m_tabs->pages();
+    for (const CScenePage* const page : allPages) {
         if (page->isModified())
             modified << page->title();
     }

@@ -62,8 +62,9 @@ SViewerOptions SViewerOptions::read(const QCommandLineParser& parser, QString* e
         *error = text("--camera names a camera twice");
     if (options.cameras.isEmpty() && !options.chains.isEmpty() && error->isEmpty())
         *error = text("--chain needs a camera: add --camera fake for a simulated one");
-    if (!parser.positionalArguments().isEmpty() && error->isEmpty())
-        *error = QStringLiteral("'%1' is no option").arg(parser.positionalArguments().first());
+    const QStringList others = parser.positionalArguments();
+    if (!others.isEmpty() && error->isEmpty())
+        *error = QStringLiteral("'%1' is no option").arg(others.first());
 
     constexpr double most = 1e6;
     bool ok = true;

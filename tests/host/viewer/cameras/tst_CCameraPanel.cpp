@@ -29,7 +29,8 @@ struct SPanel
 {
     QToolButton* button(const char* action) const
     {
-        for (QToolButton* each : panel.findChildren<QToolButton*>()) {
+        const auto allChildren = panel.findChildren<QToolButton*>();
+        for (QToolButton* each : allChildren) {
             if (each->defaultAction() && each->defaultAction()->objectName() == QLatin1String(action))
                 return each;
         }
@@ -149,7 +150,8 @@ void tst_CCameraPanel::failureIsTold()
     test.panel.openFiles(SFileOptions::EKind::Images, "/nowhere/at/all");
     QTRY_COMPARE(test.panel.current()->state(), EState::Failed);
     bool isTold = false;
-    for (const QLabel* label : test.panel.findChildren<QLabel*>())
+    const auto allChildren = test.panel.findChildren<QLabel*>();
+    for (const QLabel* label : allChildren)
         isTold = isTold || label->text().contains("/nowhere/at/all");
     QVERIFY(isTold);
     QVERIFY(test.button("connectCamera")->isEnabled()); // to try again
@@ -158,7 +160,8 @@ void tst_CCameraPanel::failureIsTold()
 void tst_CCameraPanel::everyActionHasATextAndAName()
 {
     SPanel test;
-    for (const QAction* action : test.panel.cameraActions()) {
+    const auto allCameraActions = test.panel.cameraActions();
+    for (const QAction* action : allCameraActions) {
         QVERIFY(!action->text().isEmpty());
         QVERIFY(!action->objectName().isEmpty());
     }

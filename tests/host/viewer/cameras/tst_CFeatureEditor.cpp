@@ -76,12 +76,12 @@ void tst_CFeatureEditor::integerWithRangeAndStep()
     QCOMPARE(box->accessibleName(), QString("Feature"));
     QTest::keyClick(box, Qt::Key_Up);
     QCOMPARE(edited.count(), 1);
-    QCOMPARE(edited.takeFirst().first().toString(), QString("80"));
+    QCOMPARE(edited.takeFirst().constFirst().toString(), QString("80"));
     box->selectAll();
     QTest::keyClicks(box, "512");
     QVERIFY(edited.isEmpty()); // not before it is complete
     QTest::keyClick(box, Qt::Key_Return);
-    QCOMPARE(edited.takeFirst().first().toString(), QString("512"));
+    QCOMPARE(edited.takeFirst().constFirst().toString(), QString("512"));
 }
 
 void tst_CFeatureEditor::floatWithUnit()
@@ -93,7 +93,7 @@ void tst_CFeatureEditor::floatWithUnit()
     box->selectAll();
     QTest::keyClicks(box, "99.5");
     QTest::keyClick(box, Qt::Key_Return);
-    QCOMPARE(edited.takeFirst().first().toString(), QString("99.5"));
+    QCOMPARE(edited.takeFirst().constFirst().toString(), QString("99.5"));
 }
 
 void tst_CFeatureEditor::unboundedNumber()
@@ -117,7 +117,7 @@ void tst_CFeatureEditor::longWholeNumberIsExact()
     QTest::keyClicks(line, "7");
     QTest::keyClick(line, Qt::Key_Return);
     QCOMPARE(edited.count(), 1);
-    QCOMPARE(edited.takeFirst().first().toString(), QString("1234567890123457"));
+    QCOMPARE(edited.takeFirst().constFirst().toString(), QString("1234567890123457"));
 }
 
 void tst_CFeatureEditor::choice()
@@ -130,7 +130,7 @@ void tst_CFeatureEditor::choice()
     QCOMPARE(box->count(), 2);
     QCOMPARE(box->currentText(), QString("Off"));
     QTest::keyClick(box, Qt::Key_Down);
-    QCOMPARE(edited.takeFirst().first().toString(), QString("On"));
+    QCOMPARE(edited.takeFirst().constFirst().toString(), QString("On"));
 }
 
 void tst_CFeatureEditor::boolean()
@@ -140,7 +140,7 @@ void tst_CFeatureEditor::boolean()
     auto* const box = find<QCheckBox>(editor);
     QVERIFY(box->isChecked());
     QTest::keyClick(box, Qt::Key_Space);
-    QCOMPARE(edited.takeFirst().first().toString(), QString("false"));
+    QCOMPARE(edited.takeFirst().constFirst().toString(), QString("false"));
 }
 
 void tst_CFeatureEditor::text()
@@ -153,7 +153,7 @@ void tst_CFeatureEditor::text()
     line->selectAll();
     QTest::keyClicks(line, "right");
     QTest::keyClick(line, Qt::Key_Return);
-    QCOMPARE(edited.takeFirst().first().toString(), QString("right"));
+    QCOMPARE(edited.takeFirst().constFirst().toString(), QString("right"));
 }
 
 void tst_CFeatureEditor::command()
@@ -162,7 +162,7 @@ void tst_CFeatureEditor::command()
     QSignalSpy edited(&editor, &CFeatureEditor::edited);
     QTest::mouseClick(find<QPushButton>(editor), Qt::LeftButton);
     QCOMPARE(edited.count(), 1);
-    QCOMPARE(edited.takeFirst().first().toString(), QString());
+    QCOMPARE(edited.takeFirst().constFirst().toString(), QString());
 }
 
 void tst_CFeatureEditor::readOnly()
@@ -201,7 +201,7 @@ void tst_CFeatureEditor::whatIsTypedStays()
     QTest::keyClicks(box, "6");
     QTest::keyClick(box, Qt::Key_Return);
     QCOMPARE(edited.count(), 1);
-    QCOMPARE(edited.takeFirst().first().toString(), QString("256"));
+    QCOMPARE(edited.takeFirst().constFirst().toString(), QString("256"));
     editor.show(number("integer", "250")); // what the camera made of it
     QCOMPARE(box->value(), 250.0);
     QVERIFY(edited.isEmpty());

@@ -27,7 +27,7 @@ void tst_CFrameFeed::countsKeepsAndDelivers()
     CFrameFeed feed(source.dataEntry());
     QCOMPARE(feed.frames(), quint64(0));
     QVERIFY(!feed.newest());
-    for (quint64 number : {7, 8}) {
+    for (const quint64 number : {quint64(7), quint64(8)}) {
         CGrabThread::SFrame frame;
         frame.result = testGrab(number);
         feed.take(frame);

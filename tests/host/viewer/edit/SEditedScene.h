@@ -25,7 +25,7 @@ struct SEditedScene
         scene = service.nodes.getActiveScene();
         editor = std::make_unique<Host::CGraphEditor>(*scene, service.nodes);
         editor->setPositions({{camera.toString(), QPointF(0, 0)}});
-        QObject::connect(editor.get(), &Host::CGraphEditor::refused,
+        QObject::connect(editor.get(), &Host::CGraphEditor::refused, editor.get(),
                          [this](const QString& reason) { refusals << reason; });
     }
     ~SEditedScene()

@@ -261,7 +261,8 @@ void tst_CGraphCanvas::survivesTheEndOfTheEditor()
     shown.edited.editor.reset();
     shown.canvas().sync();
     QVERIFY(shown.canvas().nodeItems().empty());
-    for (QAction* action : shown.view->graphActions())
+    const auto allGraphActions = shown.view->graphActions();
+    for (QAction* action : allGraphActions)
         action->trigger();
     shown.view->grab();
 }

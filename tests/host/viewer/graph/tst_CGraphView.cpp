@@ -335,7 +335,8 @@ void tst_CGraphView::actionsHaveNamesAndTexts()
 {
     const SShownGraph shown;
     QStringList names;
-    for (const QAction* action : shown.view->graphActions()) {
+    const auto allGraphActions = shown.view->graphActions();
+    for (const QAction* action : allGraphActions) {
         QVERIFY(!action->text().isEmpty());
         QVERIFY(!names.contains(action->objectName()));
         names << action->objectName();

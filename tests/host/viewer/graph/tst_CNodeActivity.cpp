@@ -43,6 +43,7 @@ void tst_CNodeActivity::countsFromManyThreads()
     CTestModel model;
     const CNodeActivity activity(model);
     std::vector<std::thread> threads;
+    threads.reserve(4);
     for (int i = 0; i < 4; ++i) {
         threads.emplace_back([&model] {
             for (int n = 0; n < each; ++n)

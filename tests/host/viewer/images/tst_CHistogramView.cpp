@@ -76,7 +76,7 @@ void tst_CHistogramView::curveHoldsTheCounts()
     cv::Mat pixels(10, 10, CV_8UC1, cv::Scalar(70));
     pixels.row(0).setTo(90);
     view.showImage(withHistogram(pixels));
-    const auto* const curve = static_cast<QwtPlotCurve*>(view.itemList(QwtPlotItem::Rtti_PlotCurve).front());
+    const auto* const curve = static_cast<QwtPlotCurve*>(view.itemList(QwtPlotItem::Rtti_PlotCurve).constFirst());
     QCOMPARE(curve->sample(70), QPointF(70, 90));
     QCOMPARE(curve->sample(90), QPointF(90, 10));
     QCOMPARE(curve->sample(71), QPointF(71, 0));

@@ -23,12 +23,14 @@ void tst_CImageActions::everyActionHasANameATextAndAKeyOfItsOwn()
     const CImageActions actions;
     QSet<QString> names;
     QSet<QString> keys;
-    for (const QAction* const action : actions.actions()) {
+    const auto allActions = actions.actions();
+    for (const QAction* const action : allActions) {
         QVERIFY(!action->text().isEmpty());
         QVERIFY(!action->toolTip().isEmpty());
         QVERIFY2(!names.contains(action->objectName()), qPrintable(action->objectName()));
         names.insert(action->objectName());
-        for (const QKeySequence& key : action->shortcuts()) {
+        const auto allShortcuts = action->shortcuts();
+        for (const QKeySequence& key : allShortcuts) {
             QVERIFY2(key.isEmpty() || !keys.contains(key.toString()), qPrintable(key.toString()));
             keys.insert(key.toString());
         }
@@ -49,7 +51,8 @@ void tst_CImageActions::oneOfEachChoiceIsChosen()
 void tst_CImageActions::toolBarShowsIcons()
 {
     const CImageActions actions;
-    for (const QAction* const action : actions.toolBarActions())
+    const auto allToolBarActions = actions.toolBarActions();
+    for (const QAction* const action : allToolBarActions)
         QVERIFY2(!action || !action->icon().isNull(), action ? qPrintable(action->text()) : "");
 }
 

@@ -47,7 +47,7 @@ struct SDock
         return QTest::qWaitFor([this] { return dock->view().hasFocus(); });
     }
 
-    bool showImage(const cv::Mat& pixels, int bits = 8)
+    bool showImage(const cv::Mat& pixels, int bits = 8) const
     {
         const auto image = viewImage(pixels, bits);
         model->setInData(image, 0);
@@ -56,7 +56,8 @@ struct SDock
 
     QAction& action(const char* name) const
     {
-        for (QAction* const action : dock->imageActions()) {
+        const auto allImageActions = dock->imageActions();
+        for (QAction* const action : allImageActions) {
             if (action->objectName() == QLatin1String(name))
                 return *action;
         }
@@ -256,7 +257,8 @@ void tst_CImageDock::recordingIsBegunAndEnded()
 void tst_CImageDock::toolBarIsReachedByTheKeyboard()
 {
     const SDock shown;
-    for (const QToolButton* const button : shown.part<QToolBar>().findChildren<QToolButton*>()) {
+    const auto allChildren = shown.part<QToolBar>().findChildren<QToolButton*>();
+    for (const QToolButton* const button : allChildren) {
         if (button->defaultAction())
             QVERIFY(button->focusPolicy() & Qt::TabFocus);
     }
@@ -277,7 +279,8 @@ void tst_CImageDock::modelMayGoFirst()
     QVERIFY(shown.showImage(rampImage()));
     shown.model.reset();
     QTRY_VERIFY(!shown.dock->view().rendered().data);
-    for (QAction* const action : shown.dock->imageActions()) {
+    const auto allImageActions = shown.dock->imageActions();
+    for (QAction* const action : allImageActions) {
         if (!action->text().endsWith(QChar(0x2026))) // no dialogs
             action->trigger();
     }

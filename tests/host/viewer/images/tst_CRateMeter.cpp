@@ -40,7 +40,7 @@ void tst_CRateMeter::steadyRate()
 {
     CRateMeter meter;
     for (int i = 0; i <= 40; ++i)
-        meter.add(quint64(50 * i), at(250 * i));
+        meter.add(quint64(50) * quint64(i), at(250 * i));
     QCOMPARE(meter.rate(), 200.0);
 }
 

@@ -47,7 +47,8 @@ struct SFiles
     {
         QJsonObject json = QJsonDocument::fromJson(document(of)).object();
         QStringList connections;
-        for (const QJsonValue& each : json.value("connections").toArray()) {
+        const auto allConnections = json.value("connections").toArray();
+        for (const QJsonValue& each : allConnections) {
             QJsonObject connection = each.toObject();
             connection.remove("id");
             connections << QString::fromUtf8(QJsonDocument(connection).toJson());
@@ -221,7 +222,8 @@ void tst_CSceneFiles::errorsAreInTheLanguageOfTheWindow()
     const std::unique_ptr<CScenePage> page = test.makePage("fake-2");
     CLanguage language;
     QSet<QString> errors;
-    for (const QString& code : CLanguage::codes()) {
+    const auto allCodes = CLanguage::codes();
+    for (const QString& code : allCodes) {
         language.install(code);
         errors << test.files.save(*test.page, test.file("scene.json")) << test.files.open(*page, test.file("bad.json"));
     }

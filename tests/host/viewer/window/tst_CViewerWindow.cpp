@@ -48,7 +48,8 @@ QAction* action(const CViewerWindow& window, const char* name)
 
 QAction* actionWithText(const CViewerWindow& window, const QString& part)
 {
-    for (QAction* const each : window.findChildren<QAction*>()) {
+    const auto allChildren = window.findChildren<QAction*>();
+    for (QAction* const each : allChildren) {
         if (each->text().contains(part))
             return each;
     }
@@ -167,9 +168,10 @@ void tst_CViewerWindow::twoCamerasTwoTabs()
     test.connectCamera("fake-2");
     QTRY_COMPARE(test.window->imageDocks().docks().size(), 2);
     QCOMPARE(test.window->tabs().count(), 2);
-    for (CCameraSession* const session : test.window->sessions().all())
+    const auto allOfThem = test.window->sessions().all();
+    for (CCameraSession* const session : allOfThem)
         session->start();
-    for (const CCameraSession* const session : test.window->sessions().all())
+    for (const CCameraSession* const session : allOfThem)
         QTRY_VERIFY(session->frames() > 5);
 }
 
@@ -455,7 +457,8 @@ void tst_CViewerWindow::languageChangesWhileItRuns()
     connect(test.window.get(), &CViewerWindow::languageChosen, this,
             [&language](const QString& code) { language.install(code); });
     QSet<QString> titles;
-    for (const QString& code : CLanguage::codes()) {
+    const auto allCodes = CLanguage::codes();
+    for (const QString& code : allCodes) {
         test.window->chooseLanguage(code);
         QCOMPARE(test.settings.language(), code);
         QCoreApplication::processEvents();
@@ -497,7 +500,8 @@ void tst_CViewerWindow::everyWidgetThatIsUsedHasAName()
     const SWindow test;
     test.connectCamera("fake-1");
     QTRY_COMPARE(test.window->imageDocks().docks().size(), 1);
-    for (const QWidget* const widget : test.window->findChildren<QWidget*>()) {
+    const auto allChildren = test.window->findChildren<QWidget*>();
+    for (const QWidget* const widget : allChildren) {
         // Those of docks are Qt's own, and their tabs have the docks' names.
         const bool isOfDocks = qobject_cast<const QTabBar*>(widget) && widget->parent() == test.window.get();
         if (isOfDocks || widget->focusPolicy() == Qt::NoFocus || !widget->isVisible() ||
@@ -514,7 +518,8 @@ void tst_CViewerWindow::destroyedWhileCamerasStream()
         CCameraSession* const session = test.connectCamera(name);
         connect(session, &CCameraSession::opened, session, &CCameraSession::start);
     }
-    for (const CCameraSession* const session : test.window->sessions().all())
+    const auto allOfThem = test.window->sessions().all();
+    for (const CCameraSession* const session : allOfThem)
         QTRY_VERIFY(session->frames() > 0);
     test.window.reset();
     QCoreApplication::processEvents();

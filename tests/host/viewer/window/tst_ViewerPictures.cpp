@@ -62,7 +62,8 @@ void tst_ViewerPictures::take(QWidget& widget, const char* state) const
 void tst_ViewerPictures::states_data()
 {
     addColumns<QString, bool>({"language", "isDark"});
-    for (const QString& code : CLanguage::codes()) {
+    const auto allCodes = CLanguage::codes();
+    for (const QString& code : allCodes) {
         for (const bool isDark : {false, true})
             addRow(qPrintable(code + (isDark ? "-dark" : "-light")), code, isDark);
     }
@@ -87,7 +88,8 @@ void tst_ViewerPictures::states()
         session->start();
     }
     window.tabs().current()->view().fit();
-    for (const CCameraSession* const session : window.sessions().all())
+    const auto allOfThem = window.sessions().all();
+    for (const CCameraSession* const session : allOfThem)
         QTRY_VERIFY(session->framesPerSecond() > 5.0 && !session->preview().isNull());
     take(window, "2-cameras");
 
