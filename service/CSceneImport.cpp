@@ -136,9 +136,9 @@ void CSceneImport::addConnections(const QJsonObject& element)
         const QJsonArray consumers = group.toArray();
         for (const QJsonValue& consumer : consumers) {
             if (consumer.isString())
-                connectNodes(idOf(consumer.toString()), 0, ownId, 0);
+                connectNodes(idOfConsumer(consumer.toString()), 0, ownId, 0);
             else if (consumer.isObject())
-                connectNodes(idOf(consumer[DocumentKeys::name].toString()), consumer[indexInKey].toInt(), ownId,
+                connectNodes(idOfConsumer(consumer[DocumentKeys::name].toString()), consumer[indexInKey].toInt(), ownId,
                              consumer[indexOutKey].toInt());
         }
     }
@@ -164,11 +164,18 @@ QString CSceneImport::idOf(const QString& label)
     if (known != m_ids.constEnd())
         return *known;
     const QPointer<CNodeBase> node = m_sources.value(label).node;
-    if (!node)
-        warnOnce("A connection of an import is left out: nothing is labelled \"%\", and no source of the scene has "
-                 "that unique name.",
-                 {label});
     return *m_ids.insert(label, (node ? node->id() : Core::CId()).toString());
+}
+
+// A source that is not there is no mistake: a chain for several cameras is imported into the scene of each.
+QString CSceneImport::idOfConsumer(const QString& label)
+{
+    QString id = idOf(label);
+    if (id == Core::CId().toString())
+        warnOnce("A connection of an import is left out: nothing is labelled \"%\", and no node of the scene has that "
+                 "unique name.",
+                 {label});
+    return id;
 }
 
 } // namespace Plugin::Halvex

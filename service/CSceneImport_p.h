@@ -56,6 +56,7 @@ private:
     void connectNodes(const QString& inId, int inIndex, const QString& outId, int outIndex);
     QString makeId(const QString& label);
     QString idOf(const QString& label);
+    QString idOfConsumer(const QString& label);
 
     QHash<QString, SSource> m_sources; // by unique name
     QHash<QString, QString> m_ids;     // by label, as text

@@ -78,6 +78,7 @@ private Q_SLOTS:
     void connectionsThatAreLeftOut();
     void import_data();
     void import();
+    void sourceOfAnotherScene();
     void addNodeWithoutAScene();
     void addNodeOfAnUnknownModel();
     void addNodeThatGetsNoScene();
@@ -252,11 +253,7 @@ void tst_Mistakes::import_data()
                                 << "Element 0 of an import is no object and is left out.";
     QTest::newRow("a label")
         << R"([{"name": "a", "model": {"name": "Filter"}, "connection": [["gone"]]}])"
-        << "A connection of an import is left out: nothing is labelled \"gone\", and no source of the "
-           "scene has that unique name.";
-    QTest::newRow("a source")
-        << R"([{"name": "a", "model": {"name": "Filter"}, "unique_sources": [["away"]]}])"
-        << "A connection of an import is left out: nothing is labelled \"away\", and no source of the "
+        << "A connection of an import is left out: nothing is labelled \"gone\", and no node of the "
            "scene has that unique name.";
 }
 
@@ -271,6 +268,18 @@ void tst_Mistakes::import()
     host.service.importDocument(document);
     QCOMPARE(messages.texts("halvex.usage"), QStringList{message});
     QCOMPARE(messages.texts().size(), 1); // the scene does not say it again
+}
+
+// A chain for several cameras is imported into the scene of each of them.
+void tst_Mistakes::sourceOfAnotherScene()
+{
+    const CMessageCatcher messages;
+    CServiceWithSource host;
+    host.service.registry()->registerModel<CNamedTestModel>(creatorOf(QStringLiteral("Filter")),
+                                                            QStringLiteral("Tests"));
+    host.service.importDocument(
+        QStringLiteral(R"([{"name": "a", "model": {"name": "Filter"}, "unique_sources": [["cam", "away"]]}])"));
+    QCOMPARE(messages.texts(), QStringList());
 }
 
 void tst_Mistakes::addNodeWithoutAScene()
