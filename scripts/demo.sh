@@ -46,6 +46,6 @@ done
 step "take pictures of the viewer"
 for colors in light dark; do
     xvfb-run --auto-servernum --server-args "-screen 0 1600x1000x24" "$viewer" --forget --colors "$colors" --language en \
-        --camera fake-1 --camera fake-2 --chain host/chains/demo.json --screenshot "out/demo/viewer-$colors.png"
-    echo "out/demo/viewer-$colors.png"
+        --camera fake-1 --camera fake-2 --chain host/chains/demo.json --screenshot "out/viewer-$colors.png"
+    echo "out/viewer-$colors.png"
 done

@@ -106,7 +106,7 @@ QString CImageDocks::freeName() const
 void CImageDocks::endRecordings()
 {
     constexpr std::chrono::seconds longestWait{30}; // a disk may never answer
-    for (const CImageDock* const dock : m_docks)
+    for (const CImageDock* const dock : qAsConst(m_docks))
         dock->recorder().stop();
     QTimer::singleShot(longestWait, qGuiApp, &QCoreApplication::quit);
 }
