@@ -32,7 +32,7 @@ struct SFeature
     QStringList choices{};         ///< Of an enumeration, those that it takes now.
     std::optional<double> least{}; ///< Of a number; none where the type alone bounds it.
     std::optional<double> most{};  ///< The same.
-    double step = 1.0;           ///< Of an integer.
+    double step = 1.0;             ///< Of an integer.
     QString help{};                ///< What the camera says of it, may be empty.
 };
 
