@@ -242,7 +242,7 @@ void tst_CNodeSceneReentry::deletedConnectionIsGoneBeforeTheNextDeletion()
     const std::weak_ptr<CNodeConnection> upper = chain.scene->connections().at(chain.upper->id());
     bool wasThere = false;
     bool wasGone = false;
-    connect(chain.scene.get(), &CNodeScene::connectionDeleted, [&](CNodeConnection& connection) {
+    connect(chain.scene.get(), &CNodeScene::connectionDeleted, chain.scene.get(), [&](CNodeConnection& connection) {
         if (&connection != chain.lower) {
             wasThere = !upper.expired();
             chain.scene->deleteConnection(*chain.lower);

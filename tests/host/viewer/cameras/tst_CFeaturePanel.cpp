@@ -111,7 +111,7 @@ void tst_CFeaturePanel::search()
         }
     }
     QVERIFY(shown.contains("GainRaw"));
-    for (const QString& name : shown)
+    for (const QString& name : qAsConst(shown))
         QVERIFY(name.contains("gain", Qt::CaseInsensitive));
 }
 

@@ -167,10 +167,10 @@ void tst_CSceneFiles::failureWhileItIsReadChangesNothing()
     const Core::CId blur = editor.addNode("Blur", QPointF(304, 40));
     const QByteArray before = test.withoutConnectionIds(*test.page);
     // The scene loses the first node that is read: its connections cannot be made.
-    QMetaObject::Connection once;
+    const auto once = std::make_shared<QMetaObject::Connection>();
     CNodeScene* const scene = test.page->scene();
-    once = connect(scene, &CNodeScene::nodeCreated, this, [&once, scene](CNodeBase& node) {
-        disconnect(once);
+    *once = connect(scene, &CNodeScene::nodeCreated, this, [once, scene](CNodeBase& node) {
+        disconnect(*once);
         scene->removeNode(node);
     });
     QVERIFY(!test.files.open(*test.page, test.file("bad.json")).isEmpty());

@@ -176,6 +176,7 @@ void tst_CSceneTabs::manyScenesAtOnce()
 {
     STabs test;
     std::vector<CNodeScene*> scenes;
+    scenes.reserve(20);
     for (int i = 0; i < 20; ++i)
         scenes.push_back(test.addScene(QString::number(i)));
     for (std::size_t i = 0; i < scenes.size(); i += 2)

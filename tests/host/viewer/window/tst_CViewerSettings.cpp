@@ -64,12 +64,12 @@ void tst_CViewerSettings::recentFiles()
     for (int i = 0; i < CViewerSettings::mostRecentFiles + 3; ++i)
         settings.addRecentFile(QString("/scenes/%1.json").arg(i));
     QCOMPARE(settings.recentFiles().size(), int(CViewerSettings::mostRecentFiles));
-    QCOMPARE(settings.recentFiles().first(), QString("/scenes/10.json"));
+    QCOMPARE(settings.recentFiles().constFirst(), QString("/scenes/10.json"));
     settings.addRecentFile("/scenes/8.json");
-    QCOMPARE(settings.recentFiles().first(), QString("/scenes/8.json"));
+    QCOMPARE(settings.recentFiles().constFirst(), QString("/scenes/8.json"));
     QCOMPARE(settings.recentFiles().count("/scenes/8.json"), 1);
     settings.addRecentFile("relative.json");
-    QCOMPARE(settings.recentFiles().first(), QDir::current().filePath("relative.json"));
+    QCOMPARE(settings.recentFiles().constFirst(), QDir::current().filePath("relative.json"));
 }
 
 void tst_CViewerSettings::nonsenseInTheFile()
