@@ -26,8 +26,8 @@ text, any other verdict as long as the tests are the same too. Needs what script
 """
 
 import argparse
-import collections
 import concurrent.futures
+import contextlib
 import dataclasses
 import hashlib
 import itertools
@@ -420,7 +420,9 @@ class Workplaces:
         with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
             self.free = queue.SimpleQueue()
             places = list(pool.map(lambda number: Workplace(root, preset, number), range(1, jobs + 1)))
-            waiting = collections.deque(test.name for test in places[0].tests)
+            waiting = queue.SimpleQueue()
+            for test in places[0].tests:
+                waiting.put(test.name)
             measured = list(pool.map(lambda place: self._measure(place, waiting), places))
         known = {test.name: test for tests in measured for test in tests}
         self.functions = set().union(*(place.functions for place in places))
@@ -434,13 +436,11 @@ class Workplaces:
         """Each place takes the next test, so that each is measured in one of them."""
         measured = []
         by_name = {test.name: test for test in place.tests}
-        while waiting:
-            try:
-                test = by_name[waiting.popleft()]
-            except IndexError:
-                break
-            place.measure(test)
-            measured.append(test)
+        with contextlib.suppress(queue.Empty):
+            while True:
+                test = by_name[waiting.get_nowait()]
+                place.measure(test)
+                measured.append(test)
         return measured
 
     def judge(self, mutant):
