@@ -62,7 +62,6 @@ CNodeScene::CNodeScene(std::shared_ptr<CNodeDataModelRegistry> registry, Core::A
     , m_queue(std::make_unique<CDeferredQueue>())
 {
     // With few entries to a bucket, a table's order is nearly that of memory: a large scene goes twice as fast.
-    // Survives exchanged neighbours: the tables do not know each other.
     m_nodes.max_load_factor(0.25F);
     m_connections.max_load_factor(0.25F);
 }

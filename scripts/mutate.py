@@ -203,10 +203,27 @@ def removed_statements(code, _):
             yield start, end, ";"
 
 
+PLACE = r"(?<![\w.:])[A-Za-z_]\w*(?:\.\w+(?!\w*\())*"  # a variable with the members that are named
+CHANGED = (rf"({PLACE})(?:\[[^\]]*\])? \W?= ", rf"(?:\+\+|--)({PLACE})", rf"({PLACE})(?:\+\+|--)",
+           rf"({PLACE})\.\w+\(", rf"\b(?:move|exchange)\(({PLACE})", rf"[(,] ?&({PLACE})")
+CALL = r"(?<![\w.:])(?!if|for|while|sizeof|decltype)[A-Za-z]\w*\("  # of a function of the class, which may change all
+
+
+def do_meet(one, other):
+    """Whether one of two statements may see what the other one changes."""
+    one, other = (each.replace("->", ".") for each in (one, other))
+    if re.search(CALL, one) or re.search(CALL, other):
+        return True
+    places = [set(re.findall(PLACE, each)) for each in (one, other)]
+    changed = [{place for pattern in CHANGED for place in re.findall(pattern, each)} for each in (one, other)]
+    return any(f"{place}.".startswith(f"{change}.") or f"{change}.".startswith(f"{place}.")
+               for change, place in (*itertools.product(changed[0], places[1]), *itertools.product(changed[1], places[0])))
+
+
 def exchanged_neighbours(code, text):
     for (start, middle, block, first), (following, end, other, second) in itertools.pairwise(statements(code)):
         one, two = code[start:middle], code[following:end]
-        if block != other or first or second or code[middle:following].strip() or "(" not in one + two:
+        if block != other or first or second or code[middle:following].strip() or not do_meet(one, two):
             continue
         made, also_made = (re.match(MAKES, each) for each in (one, two))
         if made and (also_made or re.search(rf"\b{made.group(1)}\b", two)):
