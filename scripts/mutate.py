@@ -206,12 +206,12 @@ def removed_statements(code, _):
 PLACE = r"(?<![\w.:])[A-Za-z_]\w*(?:\.\w+(?!\w*\())*"  # a variable with the members that are named
 CHANGED = (rf"({PLACE})(?:\[[^\]]*\])? \W?= ", rf"(?:\+\+|--)({PLACE})", rf"({PLACE})(?:\+\+|--)",
            rf"({PLACE})\.\w+\(", rf"\b(?:move|exchange)\(({PLACE})", rf"[(,] ?&({PLACE})")
-CALL = r"(?<![\w.:])(?!if|for|while|sizeof|decltype)[A-Za-z]\w*\("  # of a function of the class, which may change all
+CALL = r"(?<![\w.:])(?!q?u?int\d*\(|bool\(|double\()[a-z]\w*\(|\bthis\b"  # of the class's own: it may change all
 
 
 def do_meet(one, other):
     """Whether one of two statements may see what the other one changes."""
-    one, other = (each.replace("->", ".") for each in (one, other))
+    one, other = (re.sub(r"^([\w:<>,*&\s]+ \w+)\(", r"\1 (", each.replace("->", ".")) for each in (one, other))
     if re.search(CALL, one) or re.search(CALL, other):
         return True
     places = [set(re.findall(PLACE, each)) for each in (one, other)]
