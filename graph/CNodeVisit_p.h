@@ -76,6 +76,10 @@ public:
     /// A visit has room for one walk at a time.
     bool isWalking() const { return m_round < 0; }
 
+    /// For the handler of an exception that a walk brings back: it comes from a model behind this one.
+    void noteException() { m_hasToTidy |= quint16(exceptionOfOthers); }
+    bool isExceptionOfOthers() const { return (m_hasToTidy & exceptionOfOthers) != 0; }
+
     CStackGauge& gauge() const { return m_gauge; }
 
     /// A walk, as long as it lasts.
@@ -145,6 +149,7 @@ private:
     }
 
     static constexpr qint16 roundOfGoneNode = 0;
+    static constexpr int exceptionOfOthers = 2; // tidying up is right then, too
 
     const CNodeBase* m_node; // null once it was destroyed
     CNodeVisit* m_outer;

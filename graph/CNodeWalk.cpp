@@ -16,21 +16,72 @@
 #include <utility>
 
 namespace Plugin::Halvex {
+namespace {
+
+/// Warns if \a data, which the caller's visit of \a node gave out or is about to take in, is of another type than the
+/// node's model says of that port. Where Q_ASSERT does not assert, nobody asks.
+void warnIfOtherType([[maybe_unused]] const CNodeDataPtr& data, [[maybe_unused]] const CNodeBase* node,
+                     [[maybe_unused]] ENodePortType portType, [[maybe_unused]] NodePortIndex index)
+{
+#if !defined(QT_NO_DEBUG) || defined(QT_FORCE_ASSERTS)
+    if (!data || !node || !node->nodeDataModel())
+        return;
+    swallowExceptions(lcGraph, "Asking for the type of a port", [&] {
+        const CNodeVisit visit(*node);
+        const QString given = data->type().id;
+        const QString said = node->nodeDataModel()->dataType(portType, index).id;
+        if (given == said || visit.isOver())
+            return;
+        const QString name = node->nodeDataModel()->name();
+        if (!visit.isOver())
+            warnOnce("% port % of the model \"%\" of node % is for \"%\", but \"%\" comes there.",
+                     {portType == ENodePortType::In ? QStringLiteral("Input") : QStringLiteral("Output"),
+                      QString::number(index), name, node->id().toString(), said, given});
+    });
+#endif
+}
+
+/// For the handler of an exception that leaves setInData() of \a node: names it if an event loop may be who gets it,
+/// which would end the process without a word about the model.
+[[gnu::cold]] void warnOfException(const CNodeBase& node, const CNodeVisit& visit)
+{
+    if (visit.isOver() || QThread::currentThread()->loopLevel() == 0)
+        return;
+    swallowExceptions(lcGraph, "Asking for the name of a model", [&] {
+        const QString name = node.nodeDataModel()->name();
+        if (!visit.isOver())
+            warnOnce(
+                "An exception leaves setInData() of the model \"%\" of node %: an event loop that gets it ends the "
+                "process.",
+                {name, node.id().toString()});
+    });
+}
+
+} // namespace
 
 template <typename DataPtr>
 Q_ALWAYS_INLINE void CNodeBase::deliver(DataPtr&& data, NodePortIndex inPortIndex, CStackGauge& gauge) const
 {
     const CNodeVisit visit(*this, gauge);
-    if (Q_UNLIKELY(visit.isRoundTooMany()))
+    if (Q_UNLIKELY(visit.isRoundTooMany())) {
         dropData(gauge, "a feedback loop comes back to it again and again");
-    else
+        return;
+    }
+    try {
         m_model->setInData(std::forward<DataPtr>(data), inPortIndex);
+    } catch (...) {
+        if (!visit.isExceptionOfOthers())
+            warnOfException(*this, visit);
+        throw;
+    }
 }
 
 Q_ALWAYS_INLINE void CNodeConnection::deliverConverted(CNodeDataPtr&& data, CStackGauge& gauge) const
 {
     CConversion conversion(*this);
     CNodeDataPtr converted = conversion.convert(std::move(data));
+    if (conversion.isConnectionThere())
+        warnIfOtherType(converted, m_in.node, ENodePortType::In, m_in.index);
     if (conversion.isConnectionThere() && m_in.node)
         m_in.node->deliver(std::move(converted), m_in.index, gauge);
 }
@@ -91,8 +142,16 @@ Q_ALWAYS_INLINE void CNodeBase::walk(NodePortIndex index, CNodeVisit& visit)
     Q_ASSERT(m_model);
     const CNodeVisit::CWalk walk(visit);
     CNodeDataPtr data = m_model->outData(index);
-    if (data && visit.mayGoOn())
+    if (visit.mayGoOn())
+        warnIfOtherType(data, this, ENodePortType::Out, index);
+    if (!data || !visit.mayGoOn())
+        return;
+    try {
         deliverToPort(index, std::move(data), visit);
+    } catch (...) {
+        visit.noteException();
+        throw;
+    }
 }
 
 void CNodeBase::updateCarefully(NodePortIndex index, CNodeVisit* visit)

@@ -6,6 +6,8 @@
 #include "graph/support/Reports_p.h"
 #include "models/DecouplerEnd_p.h"
 
+#include <Halvex/graph/CNodeDataModel.h>
+
 #include <QCoreApplication>
 #include <QMutexLocker>
 
@@ -15,6 +17,26 @@
 namespace Plugin::Halvex {
 
 std::atomic<unsigned long> decouplerShutDownWait{30000};
+
+namespace {
+
+constexpr quint64 manyWithoutTick = 1000; // data that were received; with an event loop, a tick comes before
+
+/// The timer that ticks is in the thread of \a model, the one that is current here.
+[[gnu::cold]] void warnIfNoEventLoop(QObject* model)
+{
+    if (QThread::currentThread()->loopLevel() > 0)
+        return;
+    swallowExceptions(lcGraph, "Asking for the name of a decoupler", [model] {
+        auto* const decoupler = qobject_cast<CNodeDataModel*>(model);
+        warnOnce(
+            "% data came to the decoupler \"%\" and none left it: its thread runs no event loop, so that its timer "
+            "does not tick.",
+            {QString::number(manyWithoutTick), decoupler ? decoupler->name() : QString()});
+    });
+}
+
+} // namespace
 
 CDecoupler::~CDecoupler()
 {
@@ -46,8 +68,13 @@ void CDecoupler::setNodeData(CNodeDataPtr ptrNodeData)
     if (ptrNodeData)
         ++(isData ? m_counts.dropped : m_counts.cancelled);
 
-    if (!isReleaseAllowed())
+    if (!isReleaseAllowed()) {
+        const bool isFirstTime = m_counts.received == manyWithoutTick && m_counts.emitted == 0;
+        lock.unlock();
+        if (Q_UNLIKELY(isFirstTime))
+            warnIfNoEventLoop(sender());
         return;
+    }
     const bool needsThread = isData && !m_isAsleep;
     wakeUp(lock);
     // Without the mutex: Qt may warn, and a message handler may call statistics().

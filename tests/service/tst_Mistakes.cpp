@@ -7,13 +7,20 @@
 #include "support/CMessageCatcher.h"
 #include "support/CTestModel.h"
 #include "support/CTestScene.h"
+#include "support/HasAssertions.h"
 
 #include <Halvex/models/ASourceNodeDataModel.h>
+#include <Halvex/models/CGenericNodeDecouplerDataModel.h>
 #include <Halvex/service/CNodeService.h>
 
+#include <QEventLoop>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QLoggingCategory>
+#include <QTimer>
+
+#include <functional>
+#include <stdexcept>
 
 using namespace Plugin::Halvex;
 
@@ -59,6 +66,58 @@ public:
     CNodeService service{nullptr};
 };
 
+/// Three nodes, of which the last one throws at data.
+class CChainThatThrows
+{
+public:
+    CChainThatThrows()
+    {
+        CNodeBase* before = nullptr;
+        for (const char* const name : {"First", "Middle", "Thrower"}) {
+            auto owned = std::make_unique<CTestModel>(1, 1, QString::fromLatin1(name));
+            m_last = owned.get();
+            m_first = m_first ? m_first : m_last;
+            CNodeBase& node = m_scene.createNode(std::move(owned));
+            if (before)
+                m_scene.createConnection(node, 0, *before, 0, {});
+            before = &node;
+        }
+        m_idOfThrower = idText(*before);
+        m_last->onSetInData = [](const CNodeDataPtr& data, NodePortIndex) {
+            if (data)
+                throw std::runtime_error("No data is good enough.");
+        };
+    }
+
+    bool throwsWhenItDelivers()
+    {
+        try {
+            m_first->offer(CTestData::make(1));
+        } catch (const std::runtime_error&) {
+            return true;
+        }
+        return false;
+    }
+
+    QString idOfThrower() const { return m_idOfThrower; }
+
+private:
+    CTestScene m_scene{nullptr, nullptr};
+    CTestModel* m_first = nullptr;
+    CTestModel* m_last = nullptr;
+    QString m_idOfThrower;
+};
+
+void runInEventLoop(const std::function<void()>& work)
+{
+    QEventLoop loop;
+    QTimer::singleShot(0, &loop, [&] {
+        work();
+        loop.quit();
+    });
+    loop.exec();
+}
+
 } // namespace
 
 class tst_Mistakes : public QObject
@@ -73,6 +132,12 @@ private Q_SLOTS:
     void typesThatDiffer();
     void askingForTypesMayEndTheScene();
     void askingForNamesMayEndTheScene();
+    void dataOfAnotherTypeThanAnnounced();
+    void converterThatGivesAnotherType();
+    void exceptionThroughAnEventLoop();
+    void exceptionWithoutAnEventLoop();
+    void decouplerWithoutAnEventLoop();
+    void decouplerWithAnEventLoop();
     void unknownModelIsSaved();
     void sceneDocument_data();
     void sceneDocument();
@@ -198,6 +263,96 @@ void tst_Mistakes::askingForNamesMayEndTheScene()
     QVERIFY(!scene);
     QCOMPARE(messages.texts(), QStringList());
     QCOMPARE(CTestModels::alive(), 0);
+}
+
+void tst_Mistakes::dataOfAnotherTypeThanAnnounced()
+{
+    const CMessageCatcher messages;
+    CTestScene scene(nullptr, nullptr);
+    auto owned = std::make_unique<CTestModel>(1, 1, QStringLiteral("Giver"));
+    CTestModel& model = *owned;
+    const CNodeBase& node = scene.createNode(std::move(owned));
+    model.offer(CTestData::make(1));
+    QCOMPARE(messages.texts(), QStringList());
+
+    model.offer(QSharedPointer<CTestData>::create(2, SNodeDataType{"Image", "I"}));
+    model.offer({});
+    QStringList expected; // asking costs each delivery a call
+    if (hasAssertions)
+        expected << QStringLiteral(
+                        "Output port 0 of the model \"Giver\" of node %1 is for \"Test data\", but \"Image\" "
+                        "comes there.")
+                        .arg(idText(node));
+    QCOMPARE(messages.texts("halvex.usage"), expected);
+}
+
+void tst_Mistakes::converterThatGivesAnotherType()
+{
+    const CMessageCatcher messages;
+    CTestScene scene(nullptr, nullptr);
+    auto giver = std::make_unique<CTestModel>();
+    CTestModel& model = *giver;
+    CNodeBase& out = scene.createNode(std::move(giver));
+    auto taker = std::make_unique<CTestModel>(1, 1, QStringLiteral("Taker"));
+    taker->onDataType = [](ENodePortType side, NodePortIndex) {
+        return side == ENodePortType::In ? SNodeDataType{"Image", "I"} : CTestData::defaultType();
+    };
+    CNodeBase& in = scene.createNode(std::move(taker));
+    QVERIFY(scene.createConnection(in, 0, out, 0, [](const CNodeDataPtr& data) { return data; }));
+    model.offer(CTestData::make(1));
+    QStringList expected;
+    if (hasAssertions)
+        expected << QStringLiteral("Input port 0 of the model \"Taker\" of node %1 is for \"Image\", but \"Test data\" "
+                                   "comes there.")
+                        .arg(idText(in));
+    QCOMPARE(messages.texts("halvex.usage"), expected);
+}
+
+void tst_Mistakes::exceptionThroughAnEventLoop()
+{
+    const CMessageCatcher messages;
+    CChainThatThrows chain;
+    bool hasThrown = false;
+    runInEventLoop([&] { hasThrown = chain.throwsWhenItDelivers(); });
+    QVERIFY(hasThrown);
+    QCOMPARE(messages.texts("halvex.usage"), // only of the one that threw
+             QStringList{QStringLiteral("An exception leaves setInData() of the model \"Thrower\" of node %1: an event "
+                                        "loop that gets it ends the process.")
+                             .arg(chain.idOfThrower())});
+}
+
+void tst_Mistakes::exceptionWithoutAnEventLoop()
+{
+    const CMessageCatcher messages;
+    CChainThatThrows chain;
+    QVERIFY(chain.throwsWhenItDelivers());
+    QCOMPARE(messages.texts(), QStringList());
+}
+
+void tst_Mistakes::decouplerWithoutAnEventLoop()
+{
+    const CMessageCatcher messages;
+    CGenericNodeDecouplerDataModel<CTestData> decoupler;
+    for (int count = 0; count < 999; ++count)
+        decoupler.setInData(CTestData::make(count), 0);
+    QCOMPARE(messages.texts(), QStringList());
+    for (int count = 0; count < 1001; ++count)
+        decoupler.setInData(CTestData::make(count), 0);
+    QCOMPARE(
+        messages.texts("halvex.usage"),
+        QStringList{QStringLiteral("1000 data came to the decoupler \"DecouplerT\" and none left it: its thread runs "
+                                   "no event loop, so that its timer does not tick.")});
+}
+
+void tst_Mistakes::decouplerWithAnEventLoop()
+{
+    const CMessageCatcher messages;
+    CGenericNodeDecouplerDataModel<CTestData> decoupler;
+    runInEventLoop([&decoupler] {
+        for (int count = 0; count < 2000; ++count)
+            decoupler.setInData(CTestData::make(count), 0);
+    });
+    QCOMPARE(messages.texts(), QStringList());
 }
 
 void tst_Mistakes::unknownModelIsSaved()
