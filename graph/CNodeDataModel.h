@@ -20,9 +20,9 @@ namespace Plugin::Halvex {
 /// What a model thinks of its inputs and settings; published for the host, never read by the library.
 enum class ENodeValidationState
 {
-    Valid = 0,
-    Warning = 1,
-    Error = 2
+    Valid = 0,   ///< Nothing is wrong.
+    Warning = 1, ///< It works, but not as it should.
+    Error = 2    ///< It cannot work.
 };
 
 /**
@@ -68,8 +68,8 @@ public:
     /// How many connections an output port is meant to have; published for the host, never consulted here.
     enum class EConnectionPolicy
     {
-        One = 0,
-        Many = 1
+        One = 0, ///< One at most.
+        Many = 1 ///< Any number.
     };
     Q_ENUM(EConnectionPolicy)
 
