@@ -17,7 +17,7 @@ declare -A limits=(
 
 # The instructions of one run.
 instructions() {
-    valgrind --tool=callgrind --callgrind-out-file=/dev/null "build/bench/benchmarks/$@" 2>&1 >/dev/null |
+    valgrind --tool=callgrind --callgrind-out-file=/dev/null "build/bench/benchmarks/$1" "${@:2}" 2>&1 >/dev/null |
         awk '/Collected :/ { print $4; found = 1 } END { exit !found }'
 }
 
