@@ -15,8 +15,9 @@ def on_page_content(html, page, config, files):
 
     def link(match):
         name = match[1]
-        file = f"classPlugin_1_1Halvex_1_1{name}.html"
-        if name in seen or not (reference / file).is_file():
+        files = (f"{kind}Plugin_1_1Halvex_1_1{name}.html" for kind in ("class", "struct"))
+        file = next((file for file in files if (reference / file).is_file()), None)
+        if not file or name in seen:
             return match[0]
         seen.add(name)
         return f'<a href="{up}reference/{file}">{match[0]}</a>'

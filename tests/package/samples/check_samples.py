@@ -80,7 +80,7 @@ GIVEN = {
 # its name.
 DEFINITION = re.compile(
     r"#include\b|using namespace\b|(template|class|struct|enum|namespace)\b"
-    r"|(?!(if|else|for|while|switch|return|do)\b)[\w:<>,&* ]+[ &*][\w:~]+\([^;]*\)( const)?( *\{.*\})?$")
+    r"|(?!(if|else|for|while|switch|return|do)\b)[\w:<>,&* ]+[ &*][\w:~]+\([^;]*(,|\)( const)?( *\{.*\})?)$")
 
 
 def samples_of(file, begin, end, margin):
