@@ -16,7 +16,7 @@ step "clang-format"
 find "${folders[@]}" \( -name '*.h' -o -name '*.cpp' \) -print0 | xargs -0 clang-format --dry-run -Werror
 step "shell and CMake"
 git ls-files -z '*.sh' .ci/run | xargs -0 shellcheck
-git ls-files -z '*.cmake' '*CMakeLists.txt' | xargs -0 cmake-lint --config-files .cmake-lint.yaml --
+git ls-files -z '*.cmake' '*CMakeLists.txt' | xargs -0 cmake-lint --suppress-decorations --config-files .cmake-lint.yaml --
 [ "${1-}" != --format ] || exit 0
 
 base=

@@ -4,7 +4,7 @@ import json
 import pathlib
 import re
 
-CODE = re.compile(r"<code>(\w+)</code>")
+CODE = re.compile(r"<code>(\w+)(?:::\w+\(\))?</code>")
 
 
 def on_page_content(html, page, config, files):
@@ -22,7 +22,7 @@ def on_page_content(html, page, config, files):
         seen.add(name)
         return f'<a href="{up}reference/{file}">{match[0]}</a>'
 
-    parts = re.split(r"(<a .*?</a>|<h\d.*?</h\d>)", html, flags=re.DOTALL) # neither within links nor in headings
+    parts = re.split(r"(<a .*?</a>|<h\d.*?</h\d>)", html, flags=re.DOTALL)  # neither within links nor in headings
     return "".join(part if part.startswith(("<a ", "<h")) else CODE.sub(link, part) for part in parts)
 
 
