@@ -68,6 +68,8 @@ target_sources(Halvex PRIVATE
   graph/CStackGauge_p.h
   graph/PortSides_p.h
   graph/support/JsonObject_p.h
+  graph/support/JsonText.cpp
+  graph/support/JsonText_p.h
   graph/support/Reports.cpp
   graph/support/Reports_p.h
   models/ANodeDataModel.cpp

@@ -27,3 +27,10 @@ function(halvex_precompile target)
   # Where a target differs in more than that, the headers are read again.
   target_compile_options(${target} PRIVATE -pthread -Wno-error=invalid-pch)
 endfunction()
+
+# halvex_unite(<target>): compiles eight sources at a time, where headers are read once too. For the host.
+function(halvex_unite target)
+  if(NOT CMAKE_CXX_COMPILER_LAUNCHER AND NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
+  endif()
+endfunction()

@@ -38,8 +38,9 @@ CNodeBase::CNodeBase(std::unique_ptr<CNodeDataModel>&& model)
     [[maybe_unused]] static const int nameOfPortIndex = qRegisterMetaType<NodePortIndex>("NodePortIndex");
 
     if (Q_UNLIKELY(m_model->parent()))
-        warnOnce("The model \"%\" has a QObject parent, which destroys it although the node owns it: give it none.",
-                 {m_model->name()});
+        warnOnce("The model \"%\" of node % has a QObject parent, which destroys it although the node owns it: give it "
+                 "none.",
+                 {m_model->name(), m_id.toString()});
     CStackGauge::ofThisThread().measureOnce(); // measures this thread's stack, which allocates, before any walk does
     connect(m_model.get(), &CNodeDataModel::dataUpdated, this, &CNodeBase::onDataUpdated);
 }

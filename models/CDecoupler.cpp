@@ -81,7 +81,6 @@ void CDecoupler::shutDown()
     CNodeDataPtr discarded; // released last: its destructor is foreign code
     {
         QMutexLocker lock(&m_mutex);
-        // Survives exchanged neighbours: both are guarded by the mutex.
         m_shutDownRequested = true;
         m_pendingData.swap(discarded);
         m_counts.dropped += discarded ? 1 : 0;

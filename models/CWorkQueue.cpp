@@ -116,7 +116,6 @@ void CWorkQueue::setLimits(const SLimits& limits)
 
 void CWorkQueue::setPool(QThreadPool* pool)
 {
-    // Survives exchanged neighbours: only a job that begins just then tells.
     const QMutexLocker lock(&m_mutex);
     m_pool = pool;
     if (!m_jobs.empty())
@@ -172,7 +171,6 @@ void CWorkQueue::close()
 {
     CDiscarded discarded(*this);
     const QMutexLocker announcing(&m_receiverMutex);
-    // Survives exchanged neighbours: only a job that leaves just then tells.
     const QMutexLocker lock(&m_mutex);
     m_receiver = nullptr;
     endUnfinished(&SWorkerStatistics::dropped, discarded.jobs);

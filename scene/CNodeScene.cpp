@@ -16,28 +16,35 @@
 namespace Plugin::Halvex {
 namespace {
 
-/// Warns if \a connection, which has no converter, leads to a port of another type.
-void warnIfTypesDiffer(const CNodeConnection& connection)
+/// Warns that the ends of \a connection are of different types.
+void warnOfTypes(const CNodeConnection& connection, const QString& given, const QString& taken)
 {
     const CNodeBase* const in = connection.getNode(ENodePortType::In);
     const CNodeBase* const out = connection.getNode(ENodePortType::Out);
     if (!in || !out || !in->nodeDataModel() || !out->nodeDataModel())
         return;
-    // The models that are asked are foreign code, which may remove the nodes.
+    // Names come from the models, which are foreign code and may remove the nodes.
     const CNodeVisit visitIn(*in);
     const CNodeVisit visitOut(*out);
-    SNodeDataType given;
-    SNodeDataType taken;
-    const bool areKnown = swallowExceptions(lcGraph, "Asking for the types of a connection", [&] {
-        given = connection.dataType(ENodePortType::Out);
-        taken = connection.dataType(ENodePortType::In);
-    });
-    if (!areKnown || visitIn.isOver() || visitOut.isOver() || given.id == taken.id)
+    const QString giver = out->nodeDataModel()->name();
+    const QString taker = visitIn.isOver() ? QString() : in->nodeDataModel()->name();
+    if (visitIn.isOver() || visitOut.isOver())
         return;
-    warnOnce(
-        "Output port % of node % gives \"%\", input port % of node % takes \"%\", and no converter is between them.",
-        {QString::number(connection.getPortIndex(ENodePortType::Out)), out->id().toString(), given.id,
-         QString::number(connection.getPortIndex(ENodePortType::In)), in->id().toString(), taken.id});
+    warnOnce("Output port % of the model \"%\" of node % gives \"%\", input port % of the model \"%\" of node % takes "
+             "\"%\", and no converter is between them.",
+             {QString::number(connection.getPortIndex(ENodePortType::Out)), giver, out->id().toString(), given,
+              QString::number(connection.getPortIndex(ENodePortType::In)), taker, in->id().toString(), taken});
+}
+
+/// Warns if \a connection, which has no converter, leads to a port of another type.
+void warnIfTypesDiffer(const CNodeConnection& connection)
+{
+    swallowExceptions(lcGraph, "Asking for the types of a connection", [&connection] {
+        const SNodeDataType given = connection.dataType(ENodePortType::Out);
+        const SNodeDataType taken = connection.dataType(ENodePortType::In);
+        if (given.id != taken.id)
+            warnOfTypes(connection, given.id, taken.id);
+    });
 }
 
 } // namespace
@@ -55,7 +62,6 @@ CNodeScene::CNodeScene(std::shared_ptr<CNodeDataModelRegistry> registry, Core::A
     , m_queue(std::make_unique<CDeferredQueue>())
 {
     // With few entries to a bucket, a table's order is nearly that of memory: a large scene goes twice as fast.
-    // Survives exchanged neighbours: the tables do not know each other.
     m_nodes.max_load_factor(0.25F);
     m_connections.max_load_factor(0.25F);
 }

@@ -5,6 +5,7 @@
 
 #include "graph/CNodeVisit_p.h"
 #include "graph/support/JsonObject_p.h"
+#include "graph/support/JsonText_p.h"
 #include "graph/support/Reports_p.h"
 
 #include <Halvex/graph/DocumentKeys.h>
@@ -29,19 +30,6 @@ SNodeDataType readType(const QJsonValue& json)
 bool isUnique(const QJsonObject& modelJson)
 {
     return modelJson.value(DocumentKeys::isUnique).toBool();
-}
-
-/// The object in \a data; empty, after a warning, if there is none.
-QJsonObject readDocument(const QByteArray& data)
-{
-    QJsonParseError error{};
-    const QJsonDocument document = QJsonDocument::fromJson(data, &error);
-    if (error.error != QJsonParseError::NoError)
-        warnOnce("A scene document is no JSON, nothing is loaded: %, at byte %.",
-                 {error.errorString(), QString::number(error.offset)});
-    else if (!document.isObject())
-        warnOnce("A scene document is no JSON object, nothing is loaded.");
-    return document.object();
 }
 
 /// The array under \a key of \a root; empty, after a warning, if something else is there.
@@ -107,7 +95,7 @@ void CNodeScene::loadFromMemory(const QByteArray& data)
 {
     HALVEX_WARN_IF_IN_OTHER_THREAD();
     const QPointer<const CNodeScene> self(this);
-    const QJsonObject document = readDocument(data);
+    const QJsonObject document = readJson(data, QStringLiteral("A scene document"), QJsonValue::Object).object();
     if (self)
         load(document);
 }

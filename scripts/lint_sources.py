@@ -16,8 +16,8 @@ import subprocess
 import sys
 
 
-def git(*arguments):
-    return subprocess.run(("git",) + arguments, check=True, capture_output=True, text=True).stdout.split()
+def run(*command):
+    return subprocess.run(command, check=True, capture_output=True, text=True).stdout
 
 
 def source_for(header, sources):
@@ -26,6 +26,16 @@ def source_for(header, sources):
         return beside
     including = re.compile(rf'#include ["<](\S*/)?{re.escape(header.name)}[">]')
     return next((source for source in sources if including.search(source.read_text())), None)
+
+
+def moc_targets(build, commands):
+    """Of the targets that the commands belong to: AUTOMOC's, or the files that moc is called for."""
+    known = {line.rpartition(":")[0] for line in run("ninja", "-C", str(build), "-t", "targets", "all").splitlines()}
+    for command in commands:
+        folder, target = re.search(r" -o (\S*)CMakeFiles/([^/]+)\.dir/", command["command"]).groups()
+        name = pathlib.Path(command["file"]).stem
+        made = {f"{target}_autogen", f"{folder}{name}.moc", f"{folder}{target.removeprefix('test_')}/{name}.moc"}
+        yield from made & known
 
 
 def main():
@@ -41,13 +51,12 @@ def main():
 
     sources = sorted({pathlib.Path(os.path.relpath(command["file"])) for command in commands})
     if base:
-        changed = {pathlib.Path(name) for name in git("diff", "--name-only", base[0]) if os.path.exists(name)}
+        changed = {pathlib.Path(name) for name in run("git", "diff", "--name-only", base[0]).splitlines() if os.path.exists(name)}
         chosen = {source for source in sources if source in changed}
         chosen |= {source_for(header, sources) for header in changed if header.suffix == ".h"}
         sources = sorted(chosen - {None})
     chosen = [command for command in commands if pathlib.Path(os.path.relpath(command["file"])) in sources]
-    targets = {re.search(r" -o \S*CMakeFiles/([^/]+)\.dir/", command["command"]).group(1) for command in chosen}
-    (lint_folder / "moc_targets").write_text("".join(f"{target}_autogen\n" for target in sorted(targets)))
+    (lint_folder / "moc_targets").write_text("".join(f"{target}\n" for target in sorted(set(moc_targets(build, chosen)))))
     for source in sources:
         print(source)
 

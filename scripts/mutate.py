@@ -26,8 +26,8 @@ text, any other verdict as long as the tests are the same too. Needs what script
 """
 
 import argparse
-import collections
 import concurrent.futures
+import contextlib
 import dataclasses
 import hashlib
 import itertools
@@ -203,10 +203,27 @@ def removed_statements(code, _):
             yield start, end, ";"
 
 
+PLACE = r"(?<![\w.:])[A-Za-z_]\w*(?:\.\w+(?!\w*\())*"  # a variable with the members that are named
+CHANGED = (rf"({PLACE})(?:\[[^\]]*\])? \W?= ", rf"(?:\+\+|--)({PLACE})", rf"({PLACE})(?:\+\+|--)",
+           rf"({PLACE})\.\w+\(", rf"\b(?:move|exchange)\(({PLACE})", rf"[(,] ?&({PLACE})")
+CALL = r"(?<![\w.:])(?!q?u?int\d*\(|bool\(|double\()[a-z]\w*\(|\bthis\b"  # of the class's own: it may change all
+
+
+def do_meet(one, other):
+    """Whether one of two statements may see what the other one changes."""
+    one, other = (re.sub(r"^([\w:<>,*&\s]+ \w+)\(", r"\1 (", each.replace("->", ".")) for each in (one, other))
+    if re.search(CALL, one) or re.search(CALL, other):
+        return True
+    places = [set(re.findall(PLACE, each)) for each in (one, other)]
+    changed = [{place for pattern in CHANGED for place in re.findall(pattern, each)} for each in (one, other)]
+    return any(f"{place}.".startswith(f"{change}.") or f"{change}.".startswith(f"{place}.")
+               for change, place in (*itertools.product(changed[0], places[1]), *itertools.product(changed[1], places[0])))
+
+
 def exchanged_neighbours(code, text):
     for (start, middle, block, first), (following, end, other, second) in itertools.pairwise(statements(code)):
         one, two = code[start:middle], code[following:end]
-        if block != other or first or second or code[middle:following].strip() or "(" not in one + two:
+        if block != other or first or second or code[middle:following].strip() or not do_meet(one, two):
             continue
         made, also_made = (re.match(MAKES, each) for each in (one, two))
         if made and (also_made or re.search(rf"\b{made.group(1)}\b", two)):
@@ -420,7 +437,9 @@ class Workplaces:
         with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
             self.free = queue.SimpleQueue()
             places = list(pool.map(lambda number: Workplace(root, preset, number), range(1, jobs + 1)))
-            waiting = collections.deque(test.name for test in places[0].tests)
+            waiting = queue.SimpleQueue()
+            for test in places[0].tests:
+                waiting.put(test.name)
             measured = list(pool.map(lambda place: self._measure(place, waiting), places))
         known = {test.name: test for tests in measured for test in tests}
         self.functions = set().union(*(place.functions for place in places))
@@ -434,13 +453,11 @@ class Workplaces:
         """Each place takes the next test, so that each is measured in one of them."""
         measured = []
         by_name = {test.name: test for test in place.tests}
-        while waiting:
-            try:
-                test = by_name[waiting.popleft()]
-            except IndexError:
-                break
-            place.measure(test)
-            measured.append(test)
+        with contextlib.suppress(queue.Empty):
+            while True:
+                test = by_name[waiting.get_nowait()]
+                place.measure(test)
+                measured.append(test)
         return measured
 
     def judge(self, mutant):

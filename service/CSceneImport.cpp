@@ -5,13 +5,12 @@
 
 #include "graph/CNodeVisit_p.h"
 #include "graph/support/JsonObject_p.h"
+#include "graph/support/JsonText_p.h"
 #include "graph/support/Reports_p.h"
 
 #include <Halvex/graph/DocumentKeys.h>
 #include <Halvex/models/ANodeDataModel.h>
 #include <Halvex/scene/CNodeScene.h>
-
-#include <QJsonDocument>
 
 namespace Plugin::Halvex {
 namespace {
@@ -42,19 +41,6 @@ QJsonObject referenceTo(const CNodeBase& node)
     return nodeJson(node.id().toString(), jsonObject({{DocumentKeys::name, name}, {DocumentKeys::isUnique, isUnique}}));
 }
 
-/// The array that \a text is; empty, after a warning, if it is none.
-QJsonArray readArray(const QString& text)
-{
-    QJsonParseError error{};
-    const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8(), &error);
-    if (error.error != QJsonParseError::NoError)
-        warnOnce("An import is no JSON, nothing is added: %, at byte %.",
-                 {error.errorString(), QString::number(error.offset)});
-    else if (!document.isArray())
-        warnOnce("An import is no JSON array, nothing is added.");
-    return document.array();
-}
-
 /// Calls \a visitor with the position and the text of each string in the arrays of "unique_sources".
 template <typename Visitor>
 void forEachSource(const QJsonObject& element, const Visitor& visitor)
@@ -82,7 +68,7 @@ CSceneImport::CSceneImport(CNodeScene& scene)
 
 void CSceneImport::addDocument(const QString& text)
 {
-    const QJsonArray array = readArray(text);
+    const QJsonArray array = readJson(text.toUtf8(), QStringLiteral("An import"), QJsonValue::Array).array();
     QJsonArray elements;
     for (int index = 0; index < array.size(); ++index) {
         if (array.at(index).isObject())

@@ -14,7 +14,7 @@ namespace Host {
 namespace {
 
 constexpr int indent = 2;
-constexpr int gap = 2;
+constexpr int columnGap = 2;
 
 // "integer, 1 to 2048", "Off, On", "read only"
 QString takenBy(const SFeature& feature)
@@ -41,9 +41,9 @@ QString featureLines(const SFeature& feature, int nameWidth, int width)
     constexpr int leastTaken = 24;
     constexpr int below = 6;
     const QString value = feature.value.isEmpty() ? QStringLiteral("-") : feature.value;
-    const QString line =
-        QString(indent, QLatin1Char(' ')) + feature.name.leftJustified(nameWidth + gap) + value + QLatin1String("  ");
-    const int column = indent + nameWidth + gap + valueColumns + gap;
+    const QString line = QString(indent, QLatin1Char(' ')) + feature.name.leftJustified(nameWidth + columnGap) + value +
+                         QLatin1String("  ");
+    const int column = indent + nameWidth + columnGap + valueColumns + columnGap;
     // On a narrow terminal, or behind a long value, little would be left of the line.
     if (width - column < leastTaken || line.size() > column) {
         const QString taken = takenBy(feature);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LicenseRef-Halvex
 
 #include "host/report/ByteText.h"
+#include "host/report/KnownNumber.h"
 #include "host/report/LabelledLine.h"
 #include "host/report/LinkAdvice.h"
 #include "host/report/SLinkReport.h"
@@ -14,16 +15,6 @@ namespace Host {
 namespace {
 
 constexpr double mega = 1e6;
-
-QString number(std::optional<quint64> value)
-{
-    return value ? QString::number(*value) : QString();
-}
-
-QString rate(std::optional<double> value, const char* unit)
-{
-    return value ? QString::number(*value, 'f', 1) + QLatin1String(unit) : QString();
-}
 
 QString packetSizeText(const SLinkReport& report)
 {
@@ -69,10 +60,11 @@ QString framesText(const SLinkReport& report, int width)
                                 .arg(frames.complete)
                                 .arg(frames.incomplete);
     return labelledLine("Frames grabbed", grabbed, width) +
-           labelledLine("Frames missed", number(report.missedFrames()), width) +
+           labelledLine("Frames missed", numberText(report.missedFrames()), width) +
            labelledLine("Underruns", QString::number(frames.underruns), width) +
-           labelledLine("Frames per second", rate(report.framesPerSecond(), ""), width) +
-           labelledLine("Data rate", rate(bytes ? std::optional<double>(*bytes / mega) : std::nullopt, " MB/s"), width);
+           labelledLine("Frames per second", rateText(report.framesPerSecond()), width) +
+           labelledLine("Data rate", rateText(bytes ? std::optional<double>(*bytes / mega) : std::nullopt, " MB/s"),
+                        width);
 }
 
 QString packetsText(const SLinkReport& report, int width)
@@ -80,12 +72,12 @@ QString packetsText(const SLinkReport& report, int width)
     const SPacketCounts& packets = report.packets;
     return labelledLine("Interface", interfaceText(report.link), width) +
            labelledLine("Packet size", packetSizeText(report), width) +
-           labelledLine("Packets received", number(packets.received), width) +
-           labelledLine("Packets missing", number(packets.missing), width) +
-           labelledLine("Asked for again", number(packets.askedAgain), width) +
-           labelledLine("Sent again", number(packets.sentAgain), width) +
+           labelledLine("Packets received", numberText(packets.received), width) +
+           labelledLine("Packets missing", numberText(packets.missing), width) +
+           labelledLine("Asked for again", numberText(packets.askedAgain), width) +
+           labelledLine("Sent again", numberText(packets.sentAgain), width) +
            labelledLine("Socket buffer", socketText(report.socket), width) +
-           labelledLine("Kernel drops", number(report.socket.drops), width);
+           labelledLine("Kernel drops", numberText(report.socket.drops), width);
 }
 
 QString usbMemoryText(const SUsbLink& usb)
@@ -122,7 +114,7 @@ QString adviceText(const SLinkReport& report, int width)
 QString SLinkReport::text(int width, bool isBold) const
 {
     QString text = labelledLine("Camera", camera, width) +
-                   labelledLine("Tested for", rate(double(time.count()) / 1000.0, " s"), width) +
+                   labelledLine("Tested for", rateText(double(time.count()) / 1000.0, " s"), width) +
                    framesText(*this, width) + QLatin1Char('\n') +
                    (usb.isUsed ? usbText(usb, width) : packetsText(*this, width));
     if (packets.missing.value_or(0) > 0)

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
+#include "host/report/KnownNumber.h"
 #include "host/report/SRunReport.h"
 
 #include <QJsonArray>
@@ -16,25 +17,19 @@ QJsonValue seconds(Delay time)
     return time ? QJsonValue(double(time->count()) / 1e9) : QJsonValue();
 }
 
-template <typename Number>
-QJsonValue number(std::optional<Number> value)
-{
-    return value ? QJsonValue(double(*value)) : QJsonValue();
-}
-
 QJsonObject nodeJson(const SNodeReport& node)
 {
     return {{"name", node.name},
             {"kind", kindName(node.kind)},
-            {"in", number(node.in)},
-            {"out", number(node.out)},
-            {"frames_per_second", number(node.framesPerSecond)},
+            {"in", numberJson(node.in)},
+            {"out", numberJson(node.out)},
+            {"frames_per_second", numberJson(node.framesPerSecond)},
             {"computing_p50", seconds(node.computing)},
             {"computing_sum", seconds(node.worked)},
             {"grab_to_here_p50", seconds(node.grabToHere)},
             {"grab_to_here_p99", seconds(node.grabToHere99)},
-            {"dropped", number(node.dropped)},
-            {"pending", number(node.pending)},
+            {"dropped", numberJson(node.dropped)},
+            {"pending", numberJson(node.pending)},
             {"last_error", node.lastError.isEmpty() ? QJsonValue() : QJsonValue(node.lastError)}};
 }
 
@@ -60,7 +55,7 @@ QJsonObject decouplerJson(const SDecouplerReport& decoupler)
 {
     return {{"name", decoupler.name},
             {"set_to", std::isfinite(decoupler.framesPerSecond) ? QJsonValue(decoupler.framesPerSecond) : QJsonValue()},
-            {"most_per_second", number(decoupler.mostPerSecond)},
+            {"most_per_second", numberJson(decoupler.mostPerSecond)},
             {"received", double(decoupler.counts.received)},
             {"emitted", double(decoupler.counts.emitted)},
             {"dropped", double(decoupler.counts.dropped)},
@@ -92,7 +87,7 @@ QJsonObject SRunReport::json() const
             {"failed", failed.isEmpty() ? QJsonValue() : QJsonValue(failed)},
             {"frames", counts},
             {"absences", QJsonObject{{"count", absences.count}, {"seconds", double(absences.total.count()) / 1000.0}}},
-            {"frames_per_second", number(framesPerSecond())},
+            {"frames_per_second", numberJson(framesPerSecond())},
             {"remarks", QJsonArray::fromStringList(remarks())},
             {"mismatch", wrong.isEmpty() ? QJsonValue() : QJsonValue(wrong)},
             {"nodes", array(nodes, &nodeJson)},

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LicenseRef-Halvex
 
 #include "host/report/CTable.h"
+#include "host/report/KnownNumber.h"
 #include "host/report/LabelledLine.h"
 #include "host/report/SRunReport.h"
 #include "host/report/Terminal.h"
@@ -21,16 +22,6 @@ QString milliseconds(Delay time)
         return {};
     const QString text = QString::number(double(time->count()) / 1e6, 'f', 2);
     return text == QLatin1String("0.00") ? QStringLiteral("<0.01") : text;
-}
-
-QString number(std::optional<quint64> value)
-{
-    return value ? QString::number(*value) : QString();
-}
-
-QString rate(std::optional<double> value)
-{
-    return value ? QString::number(*value, 'f', 1) : QString();
 }
 
 // "a/frame-000000.png to frame-000270.png"
@@ -53,9 +44,9 @@ CTable nodeTable(const std::vector<SNodeReport>& nodes, std::chrono::nanoseconds
 {
     CTable table({"Node", ">in", ">out", ">fps", ">work", ">core", ">p50", ">p99", ">drops", ">left"});
     for (const SNodeReport& node : nodes)
-        table.addRow({node.name, number(node.in), number(node.out), rate(node.framesPerSecond),
+        table.addRow({node.name, numberText(node.in), numberText(node.out), rateText(node.framesPerSecond),
                       milliseconds(node.computing), percentOfCore(node.worked, span), milliseconds(node.grabToHere),
-                      milliseconds(node.grabToHere99), number(node.dropped), number(node.pending)});
+                      milliseconds(node.grabToHere99), numberText(node.dropped), numberText(node.pending)});
     return table;
 }
 
@@ -97,7 +88,7 @@ QString SRunReport::text(int width, bool isBold) const
 {
     QString text;
     QTextStream out(&text);
-    const QString given = rate(framesPerSecond());
+    const QString given = rateText(framesPerSecond());
     out << "Graph\n" << graph << '\n';
     const QString grabbed = QStringLiteral("%1 = %2 complete + %3 incomplete")
                                 .arg(frames.grabbed)

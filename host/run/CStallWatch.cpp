@@ -10,7 +10,7 @@ namespace Host {
 namespace {
 
 // Asked for, and not waited for by signals: not all that works says each time that it got something done.
-constexpr std::chrono::milliseconds interval(100);
+constexpr std::chrono::milliseconds lookInterval(100);
 
 } // namespace
 
@@ -25,7 +25,7 @@ void CStallWatch::start(std::chrono::milliseconds patience)
     m_patience = patience;
     m_seen = m_workDone();
     m_sinceProgress.start();
-    m_timer.start(interval);
+    m_timer.start(lookInterval);
 }
 
 void CStallWatch::check()

@@ -72,6 +72,7 @@ private Q_SLOTS:
     void nameThatIsRegisteredTwice();
     void typesThatDiffer();
     void askingForTypesMayEndTheScene();
+    void askingForNamesMayEndTheScene();
     void unknownModelIsSaved();
     void sceneDocument_data();
     void sceneDocument();
@@ -126,12 +127,13 @@ void tst_Mistakes::modelWithAParent()
     CTestModel* const model = owned.get();
     model->setParent(&parent);
     CTestScene scene(nullptr, nullptr);
-    scene.createNode(std::move(owned));
+    const QString id = idText(scene.createNode(std::move(owned)));
     model->setParent(nullptr);
-    QCOMPARE(
-        messages.texts("halvex.usage"),
-        QStringList{QStringLiteral("The model \"Child\" has a QObject parent, which destroys it although the node owns "
-                                   "it: give it none.")});
+    QCOMPARE(messages.texts("halvex.usage"),
+             QStringList{
+                 QStringLiteral("The model \"Child\" of node %1 has a QObject parent, which destroys it although the "
+                                "node owns it: give it none.")
+                     .arg(id)});
 }
 
 void tst_Mistakes::nameThatIsRegisteredTwice()
@@ -148,17 +150,19 @@ void tst_Mistakes::typesThatDiffer()
 {
     const CMessageCatcher messages;
     CTestScene scene(nullptr, nullptr);
-    CNodeBase& out = scene.createNode(std::make_unique<CTestModel>());
-    auto taker = std::make_unique<CTestModel>();
+    CNodeBase& out = scene.createNode(std::make_unique<CTestModel>(1, 1, QStringLiteral("Giver")));
+    auto taker = std::make_unique<CTestModel>(1, 1, QStringLiteral("Taker"));
     taker->onDataType = [](ENodePortType, NodePortIndex) { return SNodeDataType{"Image", "I"}; };
     CNodeBase& in = scene.createNode(std::move(taker));
     QVERIFY(scene.createConnection(in, 0, out, 0, [](const CNodeDataPtr& data) { return data; }));
     QCOMPARE(messages.texts(), QStringList());
     QVERIFY(scene.createConnection(in, 0, out, 0, {}));
-    QCOMPARE(messages.texts("halvex.usage"),
-             QStringList{QStringLiteral("Output port 0 of node %1 gives \"Test data\", input port 0 of node %2 takes "
-                                        "\"Image\", and no converter is between them.")
-                             .arg(idText(out), idText(in))});
+    QCOMPARE(
+        messages.texts("halvex.usage"),
+        QStringList{QStringLiteral("Output port 0 of the model \"Giver\" of node %1 gives \"Test data\", input port 0 "
+                                   "of the model \"Taker\" of node %2 takes \"Image\", and no converter is between "
+                                   "them.")
+                        .arg(idText(out), idText(in))});
 }
 
 void tst_Mistakes::askingForTypesMayEndTheScene()
@@ -174,6 +178,23 @@ void tst_Mistakes::askingForTypesMayEndTheScene()
         return SNodeDataType{"Image", "I"};
     };
     QVERIFY(scene->createConnection(in, 0, out, 0, {})); // it is shared, and leads nowhere
+    QVERIFY(!scene);
+    QCOMPARE(messages.texts(), QStringList());
+    QCOMPARE(CTestModels::alive(), 0);
+}
+
+void tst_Mistakes::askingForNamesMayEndTheScene()
+{
+    const CMessageCatcher messages;
+    auto scene = std::make_unique<CTestScene>(nullptr, nullptr);
+    auto giver = std::make_unique<CTestModel>();
+    CTestModel& model = *giver;
+    CNodeBase& out = scene->createNode(std::move(giver));
+    auto taker = std::make_unique<CTestModel>();
+    taker->onDataType = [](ENodePortType, NodePortIndex) { return SNodeDataType{"Image", "I"}; };
+    CNodeBase& in = scene->createNode(std::move(taker));
+    model.onName = [&scene] { CTestScene::endInside(scene); };
+    QVERIFY(scene->createConnection(in, 0, out, 0, {}));
     QVERIFY(!scene);
     QCOMPARE(messages.texts(), QStringList());
     QCOMPARE(CTestModels::alive(), 0);
@@ -203,9 +224,9 @@ void tst_Mistakes::sceneDocument_data()
     QTest::addColumn<QString>("message");
 
     QTest::newRow("no JSON") << QByteArray("{\"nodes\": [")
-                             << "A scene document is no JSON, nothing is loaded: "
-                                "unterminated array, at byte 11.";
-    QTest::newRow("an array") << QByteArray("[]") << "A scene document is no JSON object, nothing is loaded.";
+                             << "A scene document is no JSON and is left out: unterminated array, at byte "
+                                "11.";
+    QTest::newRow("an array") << QByteArray("[]") << "A scene document is no JSON object and is left out.";
     QTest::newRow("nodes") << QByteArray("{\"nodes\": {}}")
                            << "\"nodes\" of a scene document is no array and is left out.";
     QTest::newRow("connections") << QByteArray("{\"connections\": 7}")
@@ -246,9 +267,9 @@ void tst_Mistakes::import_data()
     QTest::addColumn<QString>("message");
 
     QTest::newRow("no JSON") << "[1, "
-                             << "An import is no JSON, nothing is added: unterminated array, at byte 4.";
+                             << "An import is no JSON and is left out: unterminated array, at byte 4.";
     QTest::newRow("an object") << "{}"
-                               << "An import is no JSON array, nothing is added.";
+                               << "An import is no JSON array and is left out.";
     QTest::newRow("an element") << "[7]"
                                 << "Element 0 of an import is no object and is left out.";
     QTest::newRow("a label")

@@ -76,3 +76,5 @@ bool CModelsTestPlugin::uninitialize(const QWeakPointer<Core::Service::IServiceM
 {
     return AWorkerNodeDataModel::waitForRemovedWork();
 }
+
+#include "CModelsTestPlugin.moc"

@@ -2,3 +2,5 @@
 // SPDX-License-Identifier: LicenseRef-Halvex
 
 #include "CNoPlugin.h"
+
+#include "CNoPlugin.moc"

@@ -89,3 +89,5 @@ Core::Plugin::IPlugin::UninitializeMode CTestPlugin::aboutToUninitialize()
     tell("aboutToUninitialize");
     return UninitializeMode::Synchronous;
 }
+
+#include "CTestPlugin.moc"
