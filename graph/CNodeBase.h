@@ -63,12 +63,15 @@ public:
     explicit CNodeBase(std::unique_ptr<CNodeDataModel>&& model);
     ~CNodeBase() override;
 
+    /// Made at construction; restore() replaces it.
     Core::CId id() const;
 
     /// The model, owned by the node. Null only while the node is being destroyed.
     CNodeDataModel* nodeDataModel() const;
 
+    /// What is connected to its ports.
     CNodeState& nodeState();
+    /// The same for reading.
     const CNodeState& nodeState() const;
 
     /// {"id": text of id(), "model": the model's object}.

@@ -37,7 +37,9 @@ class HALVEX_EXPORT CNodeData
 {
 public:
     CNodeData() = default;
+    /// For subclasses whose objects are copied before they are handed to the graph.
     CNodeData(const CNodeData&) = default;
+    /// As the copy.
     CNodeData& operator=(const CNodeData&) = default;
     virtual ~CNodeData();
 
@@ -61,5 +63,6 @@ struct QMetaTypeId<Plugin::Halvex::CNodeDataPtr>
     {
         Defined = 1
     };
+    /// For Qt, which asks for the number when the type is used in queued signals.
     HALVEX_EXPORT static int qt_metatype_id();
 };

@@ -20,9 +20,9 @@ namespace Plugin::Halvex {
 /// What a model thinks of its inputs and settings; published for the host, never read by the library.
 enum class ENodeValidationState
 {
-    Valid = 0,
-    Warning = 1,
-    Error = 2
+    Valid = 0,   ///< Nothing is wrong.
+    Warning = 1, ///< It works, but not as it should.
+    Error = 2    ///< It cannot work.
 };
 
 /**
@@ -68,8 +68,8 @@ public:
     /// How many connections an output port is meant to have; published for the host, never consulted here.
     enum class EConnectionPolicy
     {
-        One = 0,
-        Many = 1
+        One = 0, ///< One at most.
+        Many = 1 ///< Any number.
     };
     Q_ENUM(EConnectionPolicy)
 
@@ -78,9 +78,12 @@ public:
 
     /// What a person reads on the node.
     virtual QString caption() = 0;
+    /// Whether the caption is shown; published for the host, as all captions are. True unless overridden.
     virtual bool captionVisible() const;
 
+    /// What a person reads at a port. Empty unless overridden.
     virtual QString portCaption(ENodePortType portType, NodePortIndex index) const;
+    /// Whether the caption of a port is shown. False unless overridden.
     virtual bool portCaptionVisible(ENodePortType portType, NodePortIndex index) const;
 
     /// The registered name, unique per model class. It stands in scene documents: never translate or change it.
@@ -88,7 +91,10 @@ public:
 
     /// Number of ports on one side; 0 for None.
     virtual unsigned int nPorts(ENodePortType portType) const = 0;
+    /// The type of the data that a port takes or gives. Ports of different types can be connected: the data then goes
+    /// through the converter that the connection has, if it has one.
     virtual SNodeDataType dataType(ENodePortType portType, NodePortIndex index) const = 0;
+    /// How many connections output port \a index is meant to have. Many unless overridden.
     virtual EConnectionPolicy portOutConnectionPolicy(NodePortIndex index) const;
 
     /// Takes \a data, null for empty data, on input port \a index.
@@ -98,7 +104,9 @@ public:
     /// exist, it is asked for that port too.
     virtual CNodeDataPtr outData(NodePortIndex index) = 0;
 
+    /// What the model thinks of its inputs and settings. Valid unless overridden.
     virtual ENodeValidationState validationState() const;
+    /// The same in words, for a person. Empty unless overridden.
     virtual QString validationMessage() const;
 
     /// Replaces the information object and emits infoInjected(). Does nothing if the model holds \a info already. The
@@ -118,8 +126,9 @@ Q_SIGNALS:
     /// The output of port \a index is no longer valid. For the host: the graph does not react.
     void dataInvalidated(NodePortIndex index);
 
-    /// For the host: the model begins to work, and has done so.
+    /// For the host: the model begins to work.
     void computingStarted();
+    /// For the host: the model has done its work.
     void computingFinished();
 
     /// setInfo() has stored \a info. Once per change.

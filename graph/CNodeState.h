@@ -49,8 +49,11 @@ public:
 
     /// As many ports as \a model has now; none for a null model.
     explicit CNodeState(const std::unique_ptr<CNodeDataModel>& model);
+    /// The same connections in a table of its own.
     CNodeState(const CNodeState&);
+    /// Takes the table over; the other one has no ports then.
     CNodeState(CNodeState&&) noexcept;
+    /// Lets go of its own table first.
     CNodeState& operator=(CNodeState) noexcept;
     ~CNodeState();
 
@@ -68,6 +71,7 @@ public:
     /// To read, call the second, through std::as_const(): after the first was called, every walk of this node has to
     /// look for what was written. The reference is good until the state is assigned or destroyed.
     std::vector<Connections>& getEntries(ENodePortType portType);
+    /// The same for reading.
     const std::vector<Connections>& getEntries(ENodePortType portType) const;
 
 private:

@@ -26,37 +26,37 @@ constexpr QLatin1String makeKey(const char (&text)[size])
 }
 
 // CNodeScene: the document.
-constexpr QLatin1String nodes = makeKey("nodes");
-constexpr QLatin1String connections = makeKey("connections");
+constexpr QLatin1String nodes = makeKey("nodes");             ///< Array of nodes.
+constexpr QLatin1String connections = makeKey("connections"); ///< Array of connections.
 
 // CNodeBase: a node.
-constexpr QLatin1String id = makeKey("id");
-constexpr QLatin1String model = makeKey("model");
+constexpr QLatin1String id = makeKey("id");       ///< The node's identifier.
+constexpr QLatin1String model = makeKey("model"); ///< What the model's save() returns.
 
 // CNodeDataModel: any model.
-constexpr QLatin1String name = makeKey("name");
+constexpr QLatin1String name = makeKey("name"); ///< The name that the model is registered under.
 
 // ANodeDataModel: a model with an identity.
-constexpr QLatin1String isUnique = makeKey("is_unique");
-constexpr QLatin1String uniqueName = makeKey("unique_name");
+constexpr QLatin1String isUnique = makeKey("is_unique");     ///< Whether there is only one such model.
+constexpr QLatin1String uniqueName = makeKey("unique_name"); ///< Its unique name, if it has one.
 
 // CNodeDecouplerDataModelBase: a decoupler. Other models keep their settings under "property" too.
-constexpr QLatin1String property = makeKey("property");
-constexpr QLatin1String framesPerSecond = makeKey("frames_per_second");
+constexpr QLatin1String property = makeKey("property");                 ///< Object with the model's settings.
+constexpr QLatin1String framesPerSecond = makeKey("frames_per_second"); ///< The rate of a decoupler.
 
 // AWorkerNodeDataModel: under "property" too.
-constexpr QLatin1String policy = makeKey("policy");
-constexpr QLatin1String mostWaiting = makeKey("most_waiting");
-constexpr QLatin1String parallelism = makeKey("parallelism");
+constexpr QLatin1String policy = makeKey("policy");            ///< What becomes of frames for which there is no room.
+constexpr QLatin1String mostWaiting = makeKey("most_waiting"); ///< How many frames may wait.
+constexpr QLatin1String parallelism = makeKey("parallelism");  ///< How many frames are worked on at a time.
 
 // CNodeConnection: a connection. The types in its converter have an id and a name, with the keys above.
-constexpr QLatin1String inId = makeKey("in_id");
-constexpr QLatin1String inIndex = makeKey("in_index");
-constexpr QLatin1String outId = makeKey("out_id");
-constexpr QLatin1String outIndex = makeKey("out_index");
-constexpr QLatin1String converter = makeKey("converter");
-constexpr QLatin1String in = makeKey("in");
-constexpr QLatin1String out = makeKey("out");
+constexpr QLatin1String inId = makeKey("in_id");          ///< The node that takes the data.
+constexpr QLatin1String inIndex = makeKey("in_index");    ///< Its input port.
+constexpr QLatin1String outId = makeKey("out_id");        ///< The node that gives the data.
+constexpr QLatin1String outIndex = makeKey("out_index");  ///< Its output port.
+constexpr QLatin1String converter = makeKey("converter"); ///< Object with the two types, if there is a converter.
+constexpr QLatin1String in = makeKey("in");               ///< The type that the converter gives.
+constexpr QLatin1String out = makeKey("out");             ///< The type that the converter takes.
 
 } // namespace DocumentKeys
 } // namespace Plugin::Halvex

@@ -48,6 +48,7 @@ public:
 
     /// The unique name; null if the model has none.
     QString uniqueName() const;
+    /// Whether it was constructed with a unique name.
     bool hasUniqueName() const;
 
     /// The kind: Sink unless the constructor of a subclass set m_modelType.
@@ -61,6 +62,7 @@ public:
     QJsonObject save() const override;
 
 protected:
+    /// What getType() returns. Set by the constructor of a subclass.
     ENodeDataModelType m_modelType = ENodeDataModelType::Sink;
 
 private:

@@ -35,6 +35,7 @@ class HALVEX_EXPORT ASinkNodeDataModel : public ANodeDataModel
     Q_OBJECT
 
 public:
+    /// As ANodeDataModel, with the kind Sink.
     explicit ASinkNodeDataModel(QString uniqueName = noUniqueName());
     ~ASinkNodeDataModel() override;
 

@@ -41,6 +41,7 @@ class HALVEX_EXPORT ASourceNodeDataModel : public ANodeDataModel
     Q_OBJECT
 
 public:
+    /// As ANodeDataModel, with the kind Source.
     explicit ASourceNodeDataModel(QString uniqueName = noUniqueName());
     ~ASourceNodeDataModel() override;
 

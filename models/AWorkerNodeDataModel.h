@@ -80,8 +80,11 @@ class CWorkQueue;
 class HALVEX_EXPORT AWorkerNodeDataModel : public ANodeDataModel
 {
     Q_OBJECT
+    /// What becomes of a frame for which there is no room.
     Q_PROPERTY(EPolicy policy READ policy WRITE setPolicy NOTIFY policyChanged)
+    /// How many frames may wait, unless the policy is NewestWins.
     Q_PROPERTY(int mostWaiting READ mostWaiting WRITE setMostWaiting NOTIFY mostWaitingChanged)
+    /// How many frames are worked on at a time.
     Q_PROPERTY(int parallelism READ parallelism WRITE setParallelism NOTIFY parallelismChanged)
 
 public:
@@ -115,7 +118,9 @@ public:
 
     void setInData(CNodeDataPtr data, NodePortIndex index) override;
     CNodeDataPtr outData(NodePortIndex index) override;
+    /// Error while the message below is there, else Valid.
     ENodeValidationState validationState() const override;
+    /// What the work has thrown, until a frame succeeds.
     QString validationMessage() const override;
 
     /// What ANodeDataModel saves, and "property": {"policy": name of policy(), "most_waiting": mostWaiting(),
@@ -125,15 +130,20 @@ public:
     /// Reads the settings that save() writes. One that is missing or makes no sense stays as it is.
     void restore(const QJsonObject& json) override;
 
+    /// What becomes of a frame for which there is no room; NewestWins at first.
     EPolicy policy() const;
+    /// Applies at once: frames for which there is no room any more are dropped. Emits policyChanged() if this is a
+    /// change.
     void setPolicy(EPolicy policy);
 
     /// How many frames may wait unless the policy is NewestWins; 8 at first, at least 1.
     int mostWaiting() const;
+    /// As setPolicy(), with mostWaitingChanged(). Less than 1 is ignored.
     void setMostWaiting(int frames);
 
     /// How many frames are worked on at a time; at least 1. That the pool has so many threads is up to the host.
     int parallelism() const;
+    /// As setPolicy(), with parallelismChanged(). Less than 1 is ignored.
     void setParallelism(int frames);
 
     /// Where frames are worked on from now on: Qt's global pool if \a pool is null. The host owns the pool, and keeps
@@ -150,9 +160,11 @@ public:
     static bool waitForRemovedWork(unsigned long milliseconds = 30000);
 
 Q_SIGNALS:
-    /// A setting has changed. Once for each change.
+    /// setPolicy() has changed the policy. Once for each change.
     void policyChanged();
+    /// setMostWaiting() has changed the number. Once for each change.
     void mostWaitingChanged();
+    /// setParallelism() has changed the number. Once for each change.
     void parallelismChanged();
 
 protected:

@@ -79,6 +79,7 @@ public Q_SLOTS:
     void throttleTimerTick();
 
 protected:
+    /// The worker's loop: waits for data that may go out, and emits it, until shutDown().
     void run() override;
 
 private:

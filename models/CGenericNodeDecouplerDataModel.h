@@ -25,7 +25,9 @@ class CGenericNodeDecouplerDataModel : public CNodeDecouplerDataModelBase
 public:
     CGenericNodeDecouplerDataModel() = default;
 
+    /// That of T, on both sides.
     SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return T().type(); }
+    /// The name of that type.
     QString dataTypeName() override { return T().type().name; }
 };
 

@@ -33,6 +33,7 @@ class HALVEX_EXPORT CNodeDataFlowProxy : public QObject
     Q_OBJECT
 
 public:
+    /// Sources and sinks make their own, with themselves as the \a parent.
     explicit CNodeDataFlowProxy(QObject* parent = nullptr);
     ~CNodeDataFlowProxy() override;
 

@@ -46,6 +46,7 @@ class CDecoupler;
 class HALVEX_EXPORT CNodeDecouplerDataModelBase : public ANodeDataModel
 {
     Q_OBJECT
+    /// The rate, in frames per second.
     Q_PROPERTY(double framesPerSecond READ framesPerSecond WRITE setFramesPerSecond NOTIFY framesPerSecondChanged)
 
 public:
@@ -57,6 +58,7 @@ public:
     ~CNodeDecouplerDataModelBase() override;
 
     QString caption() override;
+    /// The short name of the data type.
     QString portCaption(ENodePortType portType, NodePortIndex index) const override;
     QString name() override;
     unsigned int nPorts(ENodePortType portType) const override;

@@ -10,9 +10,9 @@ namespace Plugin::Halvex {
 /// The kind of a model. The numbers are frozen: hosts and other plugins compare them.
 enum class ENodeDataModelType : qint32
 {
-    Source = 0,
-    Sink = 1,
-    Decoupler = 2
+    Source = 0,   ///< Data enters the graph by it.
+    Sink = 1,     ///< Data leaves the graph by it; every model that says nothing else.
+    Decoupler = 2 ///< Lets the newest data out at a rate of its own.
 };
 
 } // namespace Plugin::Halvex

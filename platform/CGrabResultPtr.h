@@ -48,15 +48,18 @@ class CGrabResultPtr
 {
 public:
     CGrabResultPtr() = default;
+    /// Takes \a result over; from here on it does not change.
     explicit CGrabResultPtr(SGrabResult result)
         : m_result(std::make_shared<const SGrabResult>(std::move(result)))
     {
     }
 
+    /// Whether there is a result.
     explicit operator bool() const { return m_result != nullptr; }
 
     /// The result. The handle must not be empty.
     const SGrabResult& operator*() const { return *m_result; }
+    /// A member of the result. The handle must not be empty.
     const SGrabResult* operator->() const { return m_result.get(); }
 
 private:

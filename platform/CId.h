@@ -56,11 +56,16 @@ public:
         return CId(uuid);
     }
 
+    /// The text form, without braces; all zeros for no id.
     QString toString() const { return m_uuid.toString(QUuid::WithoutBraces); }
+    /// The 128 bits as Qt has them.
     QUuid uuid() const { return m_uuid; }
 
+    /// Whether both name the same object, or neither names one.
     friend bool operator==(const CId& left, const CId& right) { return left.m_uuid == right.m_uuid; }
+    /// Whether they name different objects.
     friend bool operator!=(const CId& left, const CId& right) { return left.m_uuid != right.m_uuid; }
+    /// Some order, for sorted containers.
     friend bool operator<(const CId& left, const CId& right) { return left.m_uuid < right.m_uuid; }
 
 private:
@@ -85,9 +90,11 @@ static_assert(sizeof(CId) == 16, "an identifier is its 128-bit UUID and nothing 
 
 namespace std {
 
+/// Identifiers as keys of unordered containers.
 template <>
 struct hash<Core::CId>
 {
+    /// The same for equal identifiers.
     size_t operator()(const Core::CId& id) const noexcept { return qHash(id.uuid(), 0); }
 };
 

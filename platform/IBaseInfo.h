@@ -24,6 +24,7 @@ public:
     Q_DISABLE_COPY(IBaseInfo)
 };
 
+/// A share of it; null means that there is none.
 using BaseInfoPtr = QSharedPointer<IBaseInfo>;
 
 } // namespace AppCoreComponents

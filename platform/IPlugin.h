@@ -25,6 +25,7 @@ public:
         Asynchronous ///< The plugin still has work to end first.
     };
 
+    /// The host makes a plugin without a \a parent, through Qt's plugin loader.
     explicit IPlugin(QObject* parent = nullptr)
         : QObject(parent)
     {
@@ -47,6 +48,7 @@ public:
         return true;
     }
 
+    /// The host is about to call uninitialize(). The answer says whether it may do so at once.
     virtual UninitializeMode aboutToUninitialize() { return UninitializeMode::Synchronous; }
 };
 

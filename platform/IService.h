@@ -12,6 +12,7 @@ namespace Service {
 class Q_DECL_EXPORT IService : public QObject
 {
 public:
+    /// A \a parent owns the service: one that is published by a QSharedPointer has none.
     explicit IService(QObject* parent)
         : QObject(parent)
     {

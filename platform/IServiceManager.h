@@ -22,7 +22,9 @@ class Q_DECL_EXPORT IServiceManager
 public:
     virtual ~IServiceManager() = default;
 
+    /// Publishes \a service, and shares it from here on.
     virtual void registerService(const QSharedPointer<IService>& service) = 0;
+    /// Withdraws \a service, and lets go of it.
     virtual void unregisterService(const QSharedPointer<IService>& service) = 0;
 
     /// The first of the registered services that inherits the class of that name, "Plugin::Halvex::INodeService" for

@@ -59,7 +59,9 @@ class HALVEX_EXPORT CNodeDataModelRegistry
 {
 public:
     CNodeDataModelRegistry();
+    /// Takes everything over; the other one is empty then.
     CNodeDataModelRegistry(CNodeDataModelRegistry&&) noexcept;
+    /// The same; what was registered here goes.
     CNodeDataModelRegistry& operator=(CNodeDataModelRegistry&&) noexcept;
     ~CNodeDataModelRegistry();
     CNodeDataModelRegistry(const CNodeDataModelRegistry&) = delete;

@@ -71,6 +71,7 @@ class HALVEX_EXPORT CNodeScene : public QObject
 public:
     /// A scene without a registry: nothing can be made by name until setRegistry(). A \a parent owns the scene.
     CNodeScene(Core::AppCoreComponents::BaseInfoPtr info, QObject* parent);
+    /// A scene that makes models by name from \a registry.
     CNodeScene(std::shared_ptr<CNodeDataModelRegistry> registry, Core::AppCoreComponents::BaseInfoPtr info,
                QObject* parent);
 
@@ -145,8 +146,9 @@ public:
     /// The same with the nodes' models.
     void iterateOverNodeData(const std::function<void(CNodeDataModel*)>& visitor);
 
-    /// The tables themselves, by id. A loop that changes the scene goes through a copy of the ids.
+    /// The table of nodes itself, by id. A loop that changes the scene goes through a copy of the ids.
     const std::unordered_map<Core::CId, std::unique_ptr<CNodeBase>>& nodes() const;
+    /// The table of connections, likewise.
     const std::unordered_map<Core::CId, std::shared_ptr<CNodeConnection>>& connections() const;
 
     /// The registry. There must be one, see isRegistyValid().
@@ -158,15 +160,18 @@ public:
     /// Whether there is a registry. The spelling is what hosts call.
     bool isRegistyValid() const;
 
+    /// The information object that the scene was made with; null if there was none.
     Core::AppCoreComponents::BaseInfoPtr getSceneInfo() const;
 
     /// True once the destructor runs. Handlers and models that it calls must not destroy the scene once more.
     bool isBeingDestroyed() const;
 
 Q_SIGNALS:
+    /// The node is complete and in nodes().
     void nodeCreated(CNodeBase& node);
     /// The node is about to be removed; it and its connections are still whole.
     void nodeDeleted(CNodeBase& node);
+    /// The connection is complete and in connections(). Its first data has been delivered.
     void connectionCreated(CNodeConnection& connection);
     /// The connection is about to be deleted; it is still whole.
     void connectionDeleted(CNodeConnection& connection);

@@ -1,3 +1,4 @@
+# shellcheck shell=bash disable=SC2034 # what is set here is used by the scripts that source it
 # Sourced by the scripts beside it: a failing step ends the script and says its name; packages are installed once.
 
 set -Eeuo pipefail
@@ -21,7 +22,8 @@ coverage_packages=(gcovr)
 bench_packages=(libbenchmark-dev libopencv-core-dev libopencv-imgproc-dev valgrind)
 bench_peers_packages=(pkg-config libtbb-dev libboost-dev # what the benchmarks can be compared with
     libgstreamer1.0-dev libunwind-dev) # LLVM's libunwind stands in for it as a package, but has no file for pkg-config
-lint_packages=(clang-format clang-tidy clazy)
+lint_packages=(clang-format clang-tidy clazy shellcheck cmake-format)
+manual_packages=(mkdocs mkdocs-material doxygen aspell aspell-en reuse python3)
 qt512_packages=(qt5-qmake clang clang-tidy python3-clang qtbase5-doc-html)
 
 # A compiler cache, where there is one, also for a tree that lies elsewhere.

@@ -15,7 +15,8 @@ declare -A limits=(
 
 # The instructions of one run. Threads take fair turns, so that those of push and work meet at much the same points.
 instructions() {
-    valgrind --fair-sched=yes --tool=callgrind --callgrind-out-file=/dev/null "build/bench/benchmarks/$@" 2>&1 >/dev/null |
+    valgrind --fair-sched=yes --tool=callgrind --callgrind-out-file=/dev/null "build/bench/benchmarks/$1" "${@:2}" \
+        2>&1 >/dev/null |
         awk '/Collected :/ { print $4; found = 1 } END { exit !found }'
 }
 

@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
-# clang-format, clang-tidy and clazy over our own files; any finding fails.
+# clang-format, clang-tidy and clazy over our own files, shellcheck and cmake-lint over what builds them; any finding
+# fails.
 #
 #   scripts/lint.sh             # every file
 #   scripts/lint.sh --changed   # what differs from the last release tag, or else from what docs/figures.md says was
 #                               # linted whole; every file if neither is known
 #   scripts/lint.sh --changed COMMIT   # what differs from that
-#   scripts/lint.sh --format    # clang-format alone, over every file
+#   scripts/lint.sh --format    # those that take seconds: clang-format, shellcheck, cmake-lint; over every file
 . "$(dirname "$0")/common.sh"
 
 folders=(graph scene models service platform host fuzz tests benchmarks examples)
@@ -13,6 +14,9 @@ folders=(graph scene models service platform host fuzz tests benchmarks examples
 need_packages "${lint_packages[@]}"
 step "clang-format"
 find "${folders[@]}" \( -name '*.h' -o -name '*.cpp' \) -print0 | xargs -0 clang-format --dry-run -Werror
+step "shell and CMake"
+git ls-files -z '*.sh' .ci/run | xargs -0 shellcheck
+git ls-files -z '*.cmake' '*CMakeLists.txt' | xargs -0 cmake-lint --suppress-decorations --config-files .cmake-lint.yaml --
 [ "${1-}" != --format ] || exit 0
 
 base=
@@ -30,7 +34,7 @@ need_packages "${library_packages[@]}" "${host_packages[@]}" "${test_packages[@]
 step "commands and moc files for the linters"
 # What the linters read is made at once: a target's moc files need nothing of what the target links.
 cmake --preset dev -DHALVEX_BUILD_BENCHMARKS=ON -DHALVEX_BENCH_PEERS=ON -DCMAKE_AUTOGEN_ORIGIN_DEPENDS=OFF
-mapfile -t sources < <(scripts/lint_sources.py build/dev/compile_commands.json build/lint $base)
+mapfile -t sources < <(scripts/lint_sources.py build/dev/compile_commands.json build/lint ${base:+"$base"})
 [ ${#sources[@]} -gt 0 ] || exit 0
 mapfile -t moc_targets <build/lint/moc_targets
 cmake --build --preset dev --target "${moc_targets[@]}"

@@ -38,6 +38,7 @@ class HALVEX_EXPORT CNodeService : public INodeService
     Q_OBJECT
 
 public:
+    /// Without scenes. A \a parent owns the service: one that is published by a QSharedPointer has none.
     explicit CNodeService(QObject* parent);
 
     /// Destroys the scenes in the order of their creation, with their own signals but none of the service's.

@@ -31,11 +31,13 @@ class HALVEX_EXPORT CVeltraGrabResultData : public CNodeData
 public:
     /// Valid data without a frame.
     CVeltraGrabResultData();
+    /// Data that shares the frame of \a grabResult.
     explicit CVeltraGrabResultData(Veltra::CGrabResultPtr grabResult);
     ~CVeltraGrabResultData() override;
 
     SNodeDataType type() const override;
 
+    /// The frame; empty if there is none.
     const Veltra::CGrabResultPtr& grabResult() const { return m_grabResult; }
 
 private:

@@ -100,6 +100,7 @@ public:
     /// sceneRemoved(). If there is a scene left, the oldest becomes the active one, and activeSceneChanged() is
     /// emitted. In a handler of the service's signals all of this waits, see above.
     virtual void removeSceneOfNode(Core::CId nodeId) = 0;
+    /// The same for a node that the caller has; null is ignored.
     virtual void removeSceneOfNode(CNodeBase* node) = 0;
 
     /// Connects two models that addNode() made nodes of: input port \a firstPort of \a first gets what output port

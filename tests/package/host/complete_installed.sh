@@ -9,6 +9,7 @@ PATH=$prefix/bin:$PATH
 rm -rf "$work"
 mkdir -p "$work"
 cd "$work"
+# shellcheck source=/dev/null
 . "$prefix/share/bash-completion/completions/halvex-host"
 [ "$(complete -p halvex-host)" = "complete -F _halvex_host halvex-host" ]
 

@@ -7,7 +7,7 @@
 
 A sample is named by its file and its place among the samples of that file, "CNodeScene.h 1". Each is compiled on its
 own, behind prelude.h and what GIVEN says for its file. What it defines goes to namespace scope, its statements go into
-a function of a QObject, so that it may call connect().
+a function of a QObject, so that it may call connect(). In a tutorial, each sample has what those before it define.
 """
 
 import argparse
@@ -70,13 +70,17 @@ GIVEN = {
         extern Core::AppCoreComponents::BaseInfoPtr info;
         extern QString chain;
         extern Veltra::CGrabResultPtr frame;""",
+    "first-host.md": """
+        extern QSharedPointer<INodeService> service;""",
+    "first-plugin.md": "using CBrightnessModel = CBlurModel;",
     "plugin.md": "extern QString file;",
 }
 
-# The first line of what can only stand at namespace scope: a class, or a function with its type before its name.
+# The first line, comments aside, of what can only stand at namespace scope: a class, or a function with its type before
+# its name.
 DEFINITION = re.compile(
     r"#include\b|using namespace\b|(template|class|struct|enum|namespace)\b"
-    r"|(?!(if|else|for|while|switch|return|do)\b)[\w:<>,&* ]+[ &*][\w:~]+\([^;]*\)( const)?( *\{.*\})?$")
+    r"|(?!(if|else|for|while|switch|return|do)\b)[\w:<>,&* ]+[ &*][\w:~]+\([^;]*(,|\)( const)?( *\{.*\})?)$")
 
 
 def samples_of(file, begin, end, margin):
@@ -104,7 +108,7 @@ def find_samples(headers, documents):
         found += [(file, *sample) for sample in samples_of(file, r"[\\@]code\b", r"[\\@]endcode\b", r"^\s*(\*|///) ?")]
     files = []
     for document in documents:
-        files += sorted(document.glob("*.md")) if document.is_dir() else [document]
+        files += sorted(document.rglob("*.md")) if document.is_dir() else [document]
     for file in files:
         found += [(file, *sample) for sample in samples_of(file, r"^```cpp$", r"^```$", r"^")]
     return found
@@ -124,14 +128,31 @@ def parts_of(first, lines):
         yield part
 
 
-def source_of(file, first, lines):
+def split(sample):
+    """What a sample defines, and its statements."""
+    file, _, first, lines = sample
     definitions, statements = [], []
     for part in parts_of(first, lines):
         text = f'#line {part[0][0]} "{file}"\n' + "".join(line + "\n" for _, line in part)
-        (definitions if DEFINITION.match(part[0][1]) else statements).append(text)
+        head = next((line for _, line in part if not line.startswith("//")), "")
+        (definitions if DEFINITION.match(head) else statements).append(text)
+    return definitions, statements
+
+
+def source_of(sample, before):
+    definitions, statements = split(sample)
+    known = [text for earlier in before for text in split(earlier)[0]]
     return "\n".join([
-        '#line 1 "given"', GIVEN.get(file.name, ""), *definitions,
+        '#line 1 "given"', GIVEN.get(sample[0].name, ""), *known, *definitions,
         "class CSample : public QObject { void run(); };", "void CSample::run() {", *statements, "}", ""])
+
+
+def steps_before(sample, samples):
+    """Those of the same tutorial that come before."""
+    if sample[0].parent.name != "tutorials":
+        return []
+    same_file = [other for other in samples if other[0] == sample[0]]
+    return same_file[:same_file.index(sample)]
 
 
 def compile_prelude(compiler, folder):
@@ -140,10 +161,9 @@ def compile_prelude(compiler, folder):
     subprocess.run([*compiler, "-x", "c++-header", header, "-o", f"{header}.gch"], check=True)
 
 
-def errors_of(sample, compiler, folder):
-    file, name, first, lines = sample
-    source = folder / (re.sub(r"\W", "_", name) + ".cpp")
-    source.write_text(source_of(file, first, lines), encoding="utf-8")
+def errors_of(sample, before, compiler, folder):
+    source = folder / (re.sub(r"\W", "_", sample[1]) + ".cpp")
+    source.write_text(source_of(sample, before), encoding="utf-8")
     command = [*compiler, "-include", str(folder / "prelude.h"), "-fsyntax-only", str(source)]
     run = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
     return run.stdout or "no message" if run.returncode != 0 else ""
@@ -160,7 +180,8 @@ def main():
     with tempfile.TemporaryDirectory() as path, concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         folder = pathlib.Path(path)
         compile_prelude(arguments.compiler, folder)
-        errors = list(pool.map(lambda sample: errors_of(sample, arguments.compiler, folder), samples))
+        errors = list(pool.map(
+            lambda sample: errors_of(sample, steps_before(sample, samples), arguments.compiler, folder), samples))
 
     failed = False
     for (_, name, _, _), error in zip(samples, errors):

@@ -6,6 +6,7 @@
 
 #include <Halvex/Halvex.h>
 
+#include <QCoreApplication>
 #include <QDebug>
 #include <QJsonArray>
 #include <QJsonDocument>
