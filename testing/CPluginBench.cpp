@@ -60,6 +60,7 @@ CPluginBench::~CPluginBench()
 {
     shutDown();
     std::for_each(m_up.rbegin(), m_up.rend(), [this](auto* plugin) { takeDown(*plugin); });
+    m_services->clear(); // what was not withdrawn is code that goes now
     while (!m_loaded.empty())
         m_loaded.pop_back();
 }

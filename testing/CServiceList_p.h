@@ -17,6 +17,8 @@ public:
     void unregisterService(const QSharedPointer<Core::Service::IService>& service) override;
     QSharedPointer<Core::Service::IService> findService(const char* className) const override;
 
+    void clear() { m_services.clear(); }
+
     std::size_t size() const { return m_services.size(); }
 
 private:

@@ -78,8 +78,7 @@ SOutcome typeIsTheSameInEveryThread(const SDataSubject& subject)
 SOutcome sameTypeComparesIds(const SDataSubject& subject)
 {
     const CNodeDataPtr data = subject.creator(1);
-    const CNodeDataPtr other = subject.creator(2);
-    if (!data->sameType(*other))
+    if (!data->sameType(*subject.creator(1)))
         return broken(QStringLiteral("sameType() of two objects of the class is false"));
     return data->sameType(CForeignData()) ? broken(QStringLiteral("sameType() with data of another type is true"))
                                           : kept();

@@ -24,6 +24,7 @@ struct SPluginSubject
     const QString& file;
     const QStringList& companions;
     const SCheckOptions& options;
+    bool isLinked; ///< This program has the file in memory anyway.
 };
 
 bool isVersion(const QJsonValue& value)
@@ -133,7 +134,7 @@ SOutcome unloads(const SPluginSubject& subject)
 {
     if (!QFile::exists(QStringLiteral("/proc/self/maps")))
         return leftOut(QStringLiteral("this system does not tell what is loaded"));
-    if (isMapped(subject.file))
+    if (subject.isLinked)
         return leftOut(QStringLiteral("this program is linked with it"));
     {
         const CPluginBench bench(subject.file, subject.companions);
@@ -174,7 +175,7 @@ SReport checkPlugin(const QString& file, const QStringList& companions, const SC
         qFatal("checkPlugin() needs a QCoreApplication");
     SReport report;
     report.subject = QFileInfo(file).fileName();
-    tryRules(pluginRuleTable(), SPluginSubject{file, companions, options}, &report);
+    tryRules(pluginRuleTable(), SPluginSubject{file, companions, options, isMapped(file)}, &report);
     return report;
 }
 

@@ -29,12 +29,43 @@ QString toText(const SFinding& finding)
         .arg(finding.rule, finding.seen, finding.why, finding.how, finding.page);
 }
 
-QString toText(const SCallTimes& times)
+/// By reason: one that is lacking keeps several rules from being tried.
+QString toText(const std::vector<SLeftOut>& leftOut)
 {
-    const auto microseconds = [](qint64 ns) { return QString::number(double(ns) / 1000.0, 'f', 1).rightJustified(10); };
-    return QStringLiteral("  %1%2%3%4\n")
-        .arg(times.call.leftJustified(12), microseconds(times.median), microseconds(times.percentile99),
-             microseconds(times.longest));
+    QStringList reasons;
+    for (const SLeftOut& left : leftOut) {
+        if (!reasons.contains(left.reason))
+            reasons << left.reason;
+    }
+    QString text;
+    for (const QString& reason : reasons) {
+        QStringList rules;
+        for (const SLeftOut& left : leftOut) {
+            if (left.reason == reason)
+                rules << left.rule;
+        }
+        text += QStringLiteral("\nNot tried, since %1:\n  %2\n").arg(reason, rules.join(QStringLiteral("\n  ")));
+    }
+    return text;
+}
+
+QString tableRow(const QString& title, const QString& first, const QString& second, const QString& third)
+{
+    constexpr int titleWidth = 14;
+    constexpr int width = 10;
+    return title.leftJustified(titleWidth) + first.rightJustified(width) + second.rightJustified(width) +
+           third.rightJustified(width) + QLatin1Char('\n');
+}
+
+QString toText(const std::vector<SCallTimes>& times)
+{
+    const auto microseconds = [](qint64 ns) { return QString::number(double(ns) / 1000.0, 'f', 1); };
+    QString text = QLatin1Char('\n') + tableRow(QStringLiteral("Microseconds"), QStringLiteral("median"),
+                                                QStringLiteral("99 %"), QStringLiteral("longest"));
+    for (const SCallTimes& call : times)
+        text += tableRow(QStringLiteral("  ") + call.call, microseconds(call.median), microseconds(call.percentile99),
+                         microseconds(call.longest));
+    return text;
 }
 
 } // namespace
@@ -44,14 +75,9 @@ QString toText(const SReport& report)
     QString text = headline(report);
     for (const SFinding& finding : report.findings)
         text += toText(finding);
-    if (!report.leftOut.empty())
-        text += QStringLiteral("\nNot tried:\n");
-    for (const SLeftOut& left : report.leftOut)
-        text += QStringLiteral("  %1: %2\n").arg(left.rule, left.reason);
+    text += toText(report.leftOut);
     if (!report.times.empty())
-        text += QStringLiteral("\nMicroseconds    median      99 %   longest\n");
-    for (const SCallTimes& times : report.times)
-        text += toText(times);
+        text += toText(report.times);
     return text;
 }
 

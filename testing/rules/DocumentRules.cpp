@@ -133,9 +133,11 @@ QStringList behaviourOf(CWatchedModel& model, const SCheckOptions& options)
     model.settle();
     for (NodePortIndex port = 0; port < model.outPorts(); ++port) {
         const CNodeDataPtr data = model->outData(port);
-        behaviour << QStringLiteral("%1 %2").arg(shownPort(ENodePortType::Out, port),
-                                                 data ? QString::fromLatin1(options.checksum(*data).toHex().left(16))
-                                                      : QStringLiteral("empty"));
+        behaviour << QStringLiteral("%1 on output %2")
+                         .arg(data ? QStringLiteral("data of the checksum %1")
+                                         .arg(QString::fromLatin1(options.checksum(*data).toHex().left(16)))
+                                   : QStringLiteral("nothing"),
+                              QString::number(port));
     }
     return behaviour;
 }

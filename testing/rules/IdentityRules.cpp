@@ -125,8 +125,7 @@ SOutcome hasItsMetaObject(const SModelSubject& subject)
     const int properties = model->metaObject()->propertyCount() - QObject::staticMetaObject.propertyCount();
     if (settings <= properties)
         return kept();
-    return broken(QStringLiteral("it is a %1 and saves %2 settings, and its meta-object, of %3, has %4 properties")
-                      .arg(ownClass)
+    return broken(QStringLiteral("settings that it saves: %1; properties in its meta-object, of %2: %3")
                       .arg(settings)
                       .arg(metaClass)
                       .arg(properties));
@@ -134,12 +133,11 @@ SOutcome hasItsMetaObject(const SModelSubject& subject)
 
 SOutcome hasNoParent(const SModelSubject& subject)
 {
-    CWatchedModel model(subject);
-    if (model->parent())
-        return broken(QStringLiteral("a new model has a parent, a %1")
-                          .arg(QString::fromLatin1(model->parent()->metaObject()->className())));
-    model.use();
-    return model->parent() ? broken(QStringLiteral("it has a parent when it was used")) : kept();
+    const std::unique_ptr<CNodeDataModel> model = subject.creator();
+    if (!model->parent())
+        return kept();
+    return broken(QStringLiteral("a new model has a parent, a %1")
+                      .arg(QString::fromLatin1(model->parent()->metaObject()->className())));
 }
 
 SOutcome livesInTheGraphsThread(const SModelSubject& subject)

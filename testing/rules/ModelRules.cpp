@@ -3,6 +3,9 @@
 
 // Every rule of models: its name, why there is such a rule, how to mend a model that breaks it, and what tries it.
 // docs/model-contract.md has a paragraph for each.
+//
+// A rule that tries one thing stands before those for which a model does many: one that crashes ends the process in the
+// rule that tells why.
 
 #include "testing/rules/ModelRules_p.h"
 
@@ -11,14 +14,13 @@ namespace Plugin::Halvex::Testing {
 const std::vector<SRule<SModelSubject>>& modelRuleTable()
 {
     static const std::vector<SRule<SModelSubject>> table = {
+        // Who it is.
         {"makes-a-model", "A registry calls the creator for each new node, and a node without a model cannot be.",
          "Return std::make_unique of the model, a new one at each call.", &makesAModel, true},
         {"answers-questions", "Hosts and documents ask at any time, and nobody there expects an exception.",
          "Let what is asked only read what the constructor has set.", &answersQuestions, true},
         {"has-a-name", "Registry and documents know a model by its name.", "Return a text of its own from name().",
          &hasAName},
-        {"name-stays-the-same", "A document that was saved under one name cannot be read under another.",
-         "Return one constant from name(), untranslated; what may change belongs into caption().", &nameStaysTheSame},
         {"registers-under-one-name", "A registry makes one model to learn the name for all that come after.",
          "Do not put a count, a time or a serial number into name().", &registersUnderOneName},
         {"has-a-caption", "A node without a caption is an empty box to whoever looks at the graph.",
@@ -33,19 +35,11 @@ const std::vector<SRule<SModelSubject>>& modelRuleTable()
          "Do not move the model to a thread: move what works for it, or derive from AWorkerNodeDataModel.",
          &livesInTheGraphsThread},
 
-        {"ports-stay-the-same", "A node asks for the number of ports once, and keeps a table of that size.",
-         "Return constants from nPorts(); offer another model for another number of ports.", &portsStayTheSame},
+        // Ports and data.
         {"no-side-has-no-ports", "None is neither side; whoever counts all ports would count these twice.",
          "Return 0 from nPorts() for ENodePortType::None.", &noSideHasNoPorts},
         {"ports-have-types", "Converters are found by the ids of two types, and editors tell by them what fits.",
          "Return the type() of your data class from dataType() for every port.", &portsHaveTypes},
-        {"types-stay-the-same", "A connection gets its converter when it is made, and keeps it.",
-         "Return the same type for a port for as long as the model exists.", &typesStayTheSame},
-        {"takes-missing-ports",
-         "Who announces a wrong port is asked for it, and hosts ask by numbers that a document gave them.",
-         "Test the index: answer with an empty type, text or pointer, and ignore data for a port that is not there.",
-         &takesMissingPorts},
-
         {"answers-before-data", "A new connection asks at once for what its output has, which may be nothing yet.",
          "Return null from outData() while there is nothing.", &answersBeforeData},
         {"takes-empty-data-first", "A connection that goes sends empty data, perhaps before any other came through it.",
@@ -57,6 +51,10 @@ const std::vector<SRule<SModelSubject>>& modelRuleTable()
          "On empty data forget what was made of the data before, and be ready for more.", &takesEmptyDataLater},
         {"takes-foreign-data", "Nobody checks types when ports are connected: data of any type may arrive.",
          "Use dynamicCast, and treat what is of another type as empty data.", &takesForeignData},
+        {"takes-missing-ports",
+         "Who announces a wrong port is asked for it, and hosts ask by numbers that a document gave them.",
+         "Test the index: answer with an empty type, text or pointer, and ignore data for a port that is not there.",
+         &takesMissingPorts},
         {"gives-the-announced-type", "Whoever is connected relies on the type that the port announces.",
          "Let dataType() and outData() speak of the same class.", &givesTheAnnouncedType},
         {"leaves-its-input-alone", "One data object reaches every consumer of a port, in any order.",
@@ -66,31 +64,17 @@ const std::vector<SRule<SModelSubject>>& modelRuleTable()
         {"says-what-is-wrong", "A warning or an error without a word helps nobody who looks at the graph.",
          "Return a text from validationMessage() whenever validationState() is not Valid.", &saysWhatIsWrong},
 
-        {"announces-ports-that-exist", "A node looks the port up in its table; for a missing one nothing is passed on.",
-         "Emit dataUpdated() and dataInvalidated() for ports below nPorts(ENodePortType::Out).",
-         &announcesPortsThatExist},
-        {"stores-before-it-announces", "The node reads outData() while dataUpdated() is being emitted.",
-         "Store the output first, in whichever thread, and emit dataUpdated() then.", &storesBeforeItAnnounces},
-        {"source-announces-in-the-graphs-thread",
-         "Cameras put data in from their own threads, and the output is read in the graph's.",
-         "Leave the proxy to ASourceNodeDataModel: do not connect it to a lambda without a context or directly.",
-         &sourceAnnouncesInTheGraphsThread},
-        {"asking-announces-nothing",
-         "The graph asks when something is announced: the two would call each other for ever.",
-         "Let outData(), name(), caption() and save() only read.", &askingAnnouncesNothing},
-        {"ends-what-it-begins", "Hosts show that a model works from computingStarted() to computingFinished().",
-         "Emit the two in pairs, also when the work fails or is cancelled by empty data.", &endsWhatItBegins},
-
+        // Documents and settings.
         {"saves-what-its-base-saves",
          "A document finds the model by \"name\", and tells by \"is_unique\" whether to make one.",
          "Begin save() with the object that save() of the base class returns.", &savesWhatItsBaseSaves},
+        {"restores-an-empty-document", "A chain that was written by hand gives a model's name and nothing else.",
+         "Leave a setting as it is when its key is missing.", &restoresAnEmptyDocument},
         {"saves-what-it-restored", "A document that is loaded and saved must stay as it is, or each round changes it.",
          "Read in restore() what save() writes, under the same keys; write nothing that JSON cannot hold, as NaN.",
          &savesWhatItRestored},
         {"restored-behaves-alike", "Users take it that a loaded graph does what the saved one did.",
          "Save every setting that has a bearing on the output or the caption.", &restoredBehavesAlike},
-        {"restores-an-empty-document", "A chain that was written by hand gives a model's name and nothing else.",
-         "Leave a setting as it is when its key is missing.", &restoresAnEmptyDocument},
         {"restores-over-a-working-state", "A host may restore a model that is at work, to undo what a user did.",
          "Apply restored settings whatever the state: through the same functions that set them at other times.",
          &restoresOverAWorkingState},
@@ -105,6 +89,29 @@ const std::vector<SRule<SModelSubject>>& modelRuleTable()
         {"properties-tell-of-changes", "What shows a setting redraws it at the NOTIFY signal, and only then.",
          "In the setter: leave if nothing changes, store, then emit.", &propertiesTellOfChanges},
 
+        // What it says, and what stays the same meanwhile.
+        {"announces-ports-that-exist", "A node looks the port up in its table; for a missing one nothing is passed on.",
+         "Emit dataUpdated() and dataInvalidated() for ports below nPorts(ENodePortType::Out).",
+         &announcesPortsThatExist},
+        {"stores-before-it-announces", "The node reads outData() while dataUpdated() is being emitted.",
+         "Store the output first, in whichever thread, and emit dataUpdated() then.", &storesBeforeItAnnounces},
+        {"source-announces-in-the-graphs-thread",
+         "Cameras put data in from their own threads, and the output is read in the graph's.",
+         "Leave the proxy to ASourceNodeDataModel: do not connect it to a lambda without a context or directly.",
+         &sourceAnnouncesInTheGraphsThread},
+        {"asking-announces-nothing",
+         "The graph asks when something is announced: the two would call each other for ever.",
+         "Let outData(), name(), caption() and save() only read.", &askingAnnouncesNothing},
+        {"ends-what-it-begins", "Hosts show that a model works from computingStarted() to computingFinished().",
+         "Emit the two in pairs, also when the work fails or is cancelled by empty data.", &endsWhatItBegins},
+        {"name-stays-the-same", "A document that was saved under one name cannot be read under another.",
+         "Return one constant from name(), untranslated; what may change belongs into caption().", &nameStaysTheSame},
+        {"ports-stay-the-same", "A node asks for the number of ports once, and keeps a table of that size.",
+         "Return constants from nPorts(); offer another model for another number of ports.", &portsStayTheSame},
+        {"types-stay-the-same", "A connection gets its converter when it is made, and keeps it.",
+         "Return the same type for a port for as long as the model exists.", &typesStayTheSame},
+
+        // Its end.
         {"goes-while-it-computes",
          "Users delete nodes while frames flow, and the graph's thread stands still meanwhile.",
          "Tell your threads to stop, and do not wait for long work; AWorkerNodeDataModel does both.",

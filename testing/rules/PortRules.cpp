@@ -19,7 +19,7 @@ namespace {
 
 QString countsOf(const CNodeDataModel& model)
 {
-    return QStringLiteral("%1 inputs and %2 outputs")
+    return QStringLiteral("%1 in and %2 out")
         .arg(model.nPorts(ENodePortType::In))
         .arg(model.nPorts(ENodePortType::Out));
 }

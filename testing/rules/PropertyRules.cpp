@@ -23,7 +23,7 @@ SOutcome propertiesSurviveSaving(const SModelSubject& subject)
         const QVariant expected = property.read(model.get());
         const QVariant seen = property.read(restored.get());
         if (seen != expected)
-            return broken(QStringLiteral("the property %1 was saved as %2 and restored as %3")
+            return broken(QStringLiteral("the property \"%1\" was saved as \"%2\" and restored as \"%3\"")
                               .arg(QString::fromLatin1(property.name()), shownValue(property, expected),
                                    shownValue(property, seen)));
     }
@@ -43,12 +43,12 @@ SOutcome propertiesTellOfChanges(const SModelSubject& subject)
         const QString name = QString::fromLatin1(property.name());
         const QString signal = QString::fromLatin1(property.notifySignal().name());
         if (count == 0)
-            return broken(QStringLiteral("the property %1 was changed, and %2() did not come").arg(name, signal));
+            return broken(QStringLiteral("the property \"%1\" was changed, and %2() did not come").arg(name, signal));
         count = 0;
         property.write(model.get(), property.read(model.get()));
         if (count > 0)
             return broken(
-                QStringLiteral("the property %1 was set to the value it had, and %2() came").arg(name, signal));
+                QStringLiteral("the property \"%1\" was set to the value it had, and %2() came").arg(name, signal));
     }
     return kept();
 }

@@ -5,13 +5,13 @@
 // HALVEX_WRITE_REPORTS=1 writes the reports anew, to be read before they are committed.
 
 #include "CNumberModel.h"
+#include "GoldenFile.h"
 #include "WrongModels.h"
 
 #include <Halvex/testing/CheckModel.h>
 #include <Halvex/testing/SRuleInfo.h>
 
 #include <QDir>
-#include <QFile>
 #include <QSet>
 #include <QtTest>
 
@@ -19,27 +19,6 @@ using namespace Plugin::Halvex;
 using namespace Plugin::Halvex::Testing;
 
 Q_DECLARE_METATYPE(SWrongModel)
-
-namespace {
-
-QString goldenFile(const QString& name)
-{
-    return QDir(GOLDEN_REPORTS).filePath(name + ".txt");
-}
-
-QString content(const QString& file)
-{
-    QFile opened(file);
-    return opened.open(QIODevice::ReadOnly) ? QString::fromUtf8(opened.readAll()) : QString();
-}
-
-bool write(const QString& file, const QString& text)
-{
-    QFile opened(file);
-    return opened.open(QIODevice::WriteOnly) && opened.write(text.toUtf8()) > 0;
-}
-
-} // namespace
 
 class tst_WrongModels : public QObject
 {
@@ -96,10 +75,7 @@ void tst_WrongModels::report()
     const QString text = toText(report);
     QVERIFY2(report.findings.size() == 1, qPrintable(text));
     QCOMPARE(report.findings.front().rule, QString(wrong.rule));
-    const QString file = goldenFile(wrong.name);
-    if (qEnvironmentVariableIsSet("HALVEX_WRITE_REPORTS"))
-        QVERIFY(write(file, text));
-    QCOMPARE(text, content(file));
+    compareWithGolden(QString(wrong.name) + ".txt", text);
 }
 
 QTEST_GUILESS_MAIN(tst_WrongModels)
