@@ -40,9 +40,12 @@ struct SCallTimes
  *
  * \code
  * const SReport report = checkModel([] { return std::make_unique<CBlurModel>(); });
- * QVERIFY2(report.findings.empty(), qPrintable(toText(report)));              // in Qt Test
- * EXPECT_TRUE(report.findings.empty()) << toText(report).toStdString();       // in GoogleTest
+ * if (!report.findings.empty())
+ *     qFatal("%s", qPrintable(toText(report)));
  * \endcode
+ *
+ * In Qt Test that is `QVERIFY2(report.findings.empty(), qPrintable(toText(report)))`, in GoogleTest
+ * `EXPECT_TRUE(report.findings.empty()) << toText(report).toStdString()`.
  */
 struct SReport
 {
