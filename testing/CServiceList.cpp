@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "testing/CServiceList_p.h"
+
+#include <algorithm>
+
+namespace Plugin::Halvex::Testing {
+
+using Core::Service::IService;
+
+void CServiceList::registerService(const QSharedPointer<IService>& service)
+{
+    m_services.push_back(service);
+}
+
+void CServiceList::unregisterService(const QSharedPointer<IService>& service)
+{
+    const QSharedPointer<IService> kept = service; // it may be an element
+    m_services.erase(std::remove(m_services.begin(), m_services.end(), kept), m_services.end());
+}
+
+QSharedPointer<IService> CServiceList::findService(const char* className) const
+{
+    const auto found = std::find_if(m_services.begin(), m_services.end(), [className](const auto& service) {
+        return service && service->inherits(className);
+    });
+    return found == m_services.end() ? QSharedPointer<IService>() : *found;
+}
+
+} // namespace Plugin::Halvex::Testing
