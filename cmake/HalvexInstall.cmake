@@ -31,10 +31,11 @@ install(FILES "${PROJECT_BINARY_DIR}/halvex.pc" DESTINATION "${pkgconfig_dir}")
 
 # A beginning for projects that use the library, and projects to read.
 install(PROGRAMS templates/halvex-new DESTINATION "${CMAKE_INSTALL_BINDIR}")
-install(DIRECTORY templates/plugin DESTINATION "${CMAKE_INSTALL_DATADIR}/halvex/templates")
+install(DIRECTORY templates/plugin DESTINATION "${CMAKE_INSTALL_DATADIR}/halvex/templates" USE_SOURCE_PERMISSIONS)
 halvex_install_man_page(halvex-new development "begins a plugin with a model of one's own"
   COMMAND "${PROJECT_SOURCE_DIR}/templates/halvex-new" DEPENDS "${PROJECT_SOURCE_DIR}/templates/halvex-new")
 install(DIRECTORY examples DESTINATION "${HALVEX_DOC_DIR}" COMPONENT examples)
 
 # The manual, if scripts/manual.sh has made it.
-install(DIRECTORY "${PROJECT_SOURCE_DIR}/build/manual" DESTINATION "${HALVEX_DOC_DIR}" COMPONENT manual OPTIONAL)
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/build/manual" DESTINATION "${HALVEX_DOC_DIR}" COMPONENT manual OPTIONAL
+  PATTERN "sitemap.xml*" EXCLUDE) # is for servers

@@ -19,6 +19,7 @@ set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "${HALVEX_URL}")
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # each package has its own
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/plugins") # those of libHalvex are said below
 set(CPACK_DEB_COMPONENT_INSTALL ON)
@@ -54,8 +55,12 @@ halvex_package(${library} SECTION libs COMPONENTS library
     "Frames of cameras go through a graph of models: sources, filters and sinks"
     "with typed ports. Programs link this library, or load it as a plugin.")
 set(CPACK_DEBIAN_${library_key}_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_${library_key}_PACKAGE_GENERATE_SHLIBS ON)
-set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
+# What other packages that link it depend on, and that the system's list of libraries is made anew.
+set(control_files "${PROJECT_BINARY_DIR}/debian/shlibs" "${PROJECT_BINARY_DIR}/debian/triggers")
+file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/debian/shlibs" @ONLY
+  CONTENT "libHalvex @PROJECT_VERSION_MAJOR@ @library@ (>= @PROJECT_VERSION@)\n")
+file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/debian/triggers" @ONLY CONTENT "activate-noawait ldconfig\n")
+set(CPACK_DEBIAN_${library_key}_PACKAGE_CONTROL_EXTRA ${control_files})
 
 set(development_components development)
 if(HALVEX_BUILD_TESTING_KIT)

@@ -41,6 +41,6 @@ sources=(/etc/apt/sources.list.d/debian.sources)
 # shellcheck disable=SC2016 # mmdebstrap's shell puts the new system's folder there
 mmdebstrap --quiet --variant=apt --mode=root "$(. /etc/os-release && echo "$VERSION_CODENAME")" /dev/null "${sources[@]}" \
     --customize-hook='mkdir "$1/try"' \
-    --customize-hook='cp build/packages/packages/*.deb tests/package/try_packages.sh "$1/try"' \
+    --customize-hook='cp build/packages/packages/*.deb tests/package/try_packages.sh tests/package/use_pkgconfig.cpp "$1/try"' \
     --customize-hook='chroot "$1" bash /try/try_packages.sh'
 step "installed, tried and removed"
