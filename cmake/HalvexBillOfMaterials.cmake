@@ -1,5 +1,5 @@
-# halvex.spdx.json, an SPDX 2.3 bill of materials of everything that is installed: what each file of ours links, and what
-# was compiled into it of libraries that are headers only, with the versions of Debian's packages.
+# halvex.spdx.json, an SPDX 2.3 bill of materials of everything that is installed: what each file of ours links, and
+# what was compiled into it of libraries that are headers only, with the versions of Debian's packages.
 
 set(programs Halvex)
 foreach(target halvex-check HalvexHostModels halvex-host halvex-viewer)

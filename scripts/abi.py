@@ -5,9 +5,10 @@ breaks, and what to do about it.
     scripts/abi.py check tests/abi/contract libHalvex.so --headers include --reader read_meta_objects --log abidiff.txt
     scripts/abi.py write tests/abi/contract libHalvex.so --headers include --reader read_meta_objects
 
-The library has debug information. The contract is a folder with three files: symbols.txt, the functions and objects that
-are exported on purpose; meta_objects.txt, what Qt's meta-object system knows, which abidiff does not read; and
-types.abi.xz, what abidw writes. "write" takes in what is new, but nothing that breaks a program, unless the SONAME is new.
+The library has debug information. The contract is a folder with three files: symbols.txt, the functions and objects
+that are exported on purpose; meta_objects.txt, what Qt's meta-object system knows, which abidiff does not read; and
+types.abi.xz, what abidw writes. "write" takes in what is new, but nothing that breaks a program, unless the SONAME is
+new.
 """
 
 import argparse
@@ -23,15 +24,15 @@ KINDS = {
     "gone": ("No longer exported", "Programs that use it do not start.",
              "Bring it back, if only as a wrapper around what took its place."),
     "table": ("Virtual tables", "Programs call virtual functions by their slots: they call another one now.",
-              "Put a new virtual function behind all others of a class that nobody derives from. Else make it a function\n"
-              "that is not virtual, a slot or a property, or a virtual function of a new interface beside the class."),
+              "Put a new virtual function behind all others of a class that nobody derives from. Else make it a\n"
+              "function that is not virtual, a slot or a property, or one of a new interface beside the class."),
     "size": ("Sizes of classes", "Whoever derives from it or holds one has its own members where the new ones are.",
-             "Keep new members where they change no size: in an object that a member points to already, or in padding."),
+             "Put new members where they change no size: where a pointer leads to already, or into padding."),
     "member": ("Places of members", "Inline functions and subclasses in programs read another member.",
                "Leave the members of a public class in their order."),
-    "signal": ("Indices of signals", "Who keeps the index of a signal, as spies and state machines do, gets another one.",
+    "signal": ("Indices of signals", "Whoever keeps the index of one, as spies and state machines do, gets another.",
                "Put new signals behind the others of the class."),
-    "meta": ("What is known by name", "Connections, properties and documents that name it find nothing, or another value.",
+    "meta": ("What is known by name", "Connections, hosts and documents that name it find nothing, or another value.",
              "Bring it back: a signal, slot, property or value of an enumeration stays, and its arguments too."),
     "other": ("Other types", "Programs were compiled with the types as they were.",
               "Read what abidiff says of it, and take the change back."),
@@ -41,8 +42,8 @@ KINDS = {
             "scripts/abi.sh --write"),
 }
 BREAKS_NOBODY = {"soname", "new"}
-RAISE = ("If it has to be: raise the major version, which is the SONAME's, then scripts/abi.sh --write. Programs are then\n"
-         "built anew. docs/compatibility.md says what may change without that.")
+RAISE = ("If it has to be: raise the major version, which is the SONAME's, then scripts/abi.sh --write. All programs\n"
+         "are then built anew. docs/compatibility.md says what may change without that.")
 
 
 def run(*command, codes=(0,)):

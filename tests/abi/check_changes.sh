@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# scripts/abi.py tells each change that breaks a program, and none that breaks nobody: the script, the program that reads
-# meta-objects, the folder with the header, a folder to work in, and the libraries CHANGE=FILE, "none" first.
+# scripts/abi.py tells each change that breaks a program, and none that breaks nobody: the script, the program that
+# reads meta-objects, the folder with the header, a folder to work in, and the libraries CHANGE=FILE, "none" first.
 set -Eeuo pipefail
 trap 'echo "FAILED: $BASH_COMMAND" >&2' ERR
 script=$1 reader=$2 headers=$3 work=$4

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# halvex-new begins a plugin in an empty folder, which is built, tested and has frames streamed through it by what its own
-# .ci/run does; and it refuses what is no name: prefix, folder to work in, generator of CMake.
+# halvex-new begins a plugin in an empty folder, which is built, tested and has frames streamed through it by what its
+# own .ci/run does; and it refuses what is no name: prefix, folder to work in, generator of CMake.
 set -Eeuo pipefail
 trap 'echo "FAILED: $BASH_COMMAND" >&2' ERR
 prefix=$(realpath "$1") work=$2

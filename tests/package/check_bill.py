@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""The bill of materials in the prefix is SPDX 2.3 as far as that can be told without its schema, and has what the library
-and the programs really link: check_bill.py PREFIX"""
+"""The bill of materials in the prefix is SPDX 2.3 as far as that can be told without its schema, and has what the
+library and the programs really link: check_bill.py PREFIX"""
 
 import json
 import pathlib

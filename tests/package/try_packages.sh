@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# In a fresh system that nobody else needs, as root: installs the packages that lie beside this script, runs a program of
-# each, builds what a user would build, and removes them. scripts/packages.sh runs it.
+# In a fresh system that nobody else needs, as root: installs the packages that lie beside this script, runs a program
+# of each, builds what a user would build, and removes them. scripts/packages.sh runs it.
 set -Eeuo pipefail
 trap 'echo "FAILED: $BASH_COMMAND" >&2' ERR
 cd "$(dirname "$0")"
