@@ -124,7 +124,7 @@ target_include_directories(HalvexInterface INTERFACE
   "$<BUILD_INTERFACE:${HALVEX_GENERATED_DIR}>"
   "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>")
 target_compile_features(HalvexInterface INTERFACE cxx_std_17)
-target_link_libraries(HalvexInterface INTERFACE Qt5::Core HalvexPlatform)
+target_link_libraries(HalvexInterface INTERFACE ${HALVEX_QT}::Core HalvexPlatform)
 
 target_include_directories(Halvex PRIVATE "${PROJECT_SOURCE_DIR}") # "graph/name_p.h": private headers
 target_link_libraries(Halvex PUBLIC HalvexInterface)

@@ -19,7 +19,7 @@ function(halvex_precompile target)
     add_library(HalvexPrecompiled OBJECT "${PROJECT_BINARY_DIR}/generated/HalvexPrecompiled.cpp")
     halvex_target(HalvexPrecompiled)
     set_target_properties(HalvexPrecompiled PROPERTIES AUTOMOC OFF)
-    target_link_libraries(HalvexPrecompiled PRIVATE Qt5::Core)
+    target_link_libraries(HalvexPrecompiled PRIVATE ${HALVEX_QT}::Core)
     target_compile_options(HalvexPrecompiled PRIVATE -pthread) # some libraries ask for it, and all must have the same
     target_precompile_headers(HalvexPrecompiled PRIVATE ${headers})
   endif()

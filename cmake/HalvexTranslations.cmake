@@ -1,9 +1,9 @@
 # halvex_add_translations(<target> <.ts files>): compiles them and embeds them in the target as ":/translation/<name>.qm".
 
-find_package(Qt5 5.12 REQUIRED COMPONENTS LinguistTools)
+find_package(${HALVEX_QT} ${HALVEX_LEAST_QT} REQUIRED COMPONENTS LinguistTools)
 
 function(halvex_add_translations target)
-  qt5_add_translation(qm_files ${ARGN})
+  cmake_language(CALL qt${HALVEX_QT_MAJOR}_add_translation qm_files ${ARGN})
   set(entries "")
   foreach(qm_file IN LISTS qm_files)
     get_filename_component(name "${qm_file}" NAME)
@@ -13,7 +13,7 @@ function(halvex_add_translations target)
   file(CONFIGURE OUTPUT "${qrc_file}" @ONLY
     CONTENT "<RCC version=\"1.0\"><qresource prefix=\"/translation\">\n@entries@</qresource></RCC>\n")
   # Version 3, which a newer rcc writes unasked, is unknown to Qt 5.12.
-  qt5_add_resources(sources "${qrc_file}" OPTIONS --format-version 2)
+  cmake_language(CALL qt${HALVEX_QT_MAJOR}_add_resources sources "${qrc_file}" OPTIONS --format-version 2)
   set_source_files_properties(${sources} PROPERTIES SKIP_AUTOGEN ON)
   target_sources(${target} PRIVATE ${sources})
 endfunction()

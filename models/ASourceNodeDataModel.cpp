@@ -11,6 +11,7 @@ ASourceNodeDataModel::ASourceNodeDataModel(QString uniqueName)
     : ANodeDataModel(std::move(uniqueName))
     , m_dataFlowProxy(new CNodeDataFlowProxy(this))
 {
+    // Survives exchanged neighbours: connecting asks for no type of model.
     m_modelType = ENodeDataModelType::Source;
     connect(m_dataFlowProxy.data(), &CNodeDataFlowProxy::newDataAvailable, this,
             &ASourceNodeDataModel::onNewDataAvailable);

@@ -56,7 +56,7 @@ SDecouplerStatistics CDecoupler::statistics() const
 void CDecoupler::setNodeData(CNodeDataPtr ptrNodeData)
 {
     // What is dropped goes with the argument, when the mutex is free again: its destructor is foreign code.
-    QMutexLocker lock(&m_mutex);
+    std::unique_lock<QMutex> lock(m_mutex);
     const bool isData = !ptrNodeData.isNull();
     m_counts.received += isData ? 1 : 0;
     if (m_shutDownRequested) {
@@ -84,13 +84,13 @@ void CDecoupler::setNodeData(CNodeDataPtr ptrNodeData)
 
 void CDecoupler::throttleTimerTick()
 {
-    QMutexLocker lock(&m_mutex);
+    std::unique_lock<QMutex> lock(m_mutex);
     m_tickPending = true;
     if (m_pendingData)
         wakeUp(lock);
 }
 
-void CDecoupler::wakeUp(QMutexLocker& lock)
+void CDecoupler::wakeUp(std::unique_lock<QMutex>& lock)
 {
     const bool wasAsleep = std::exchange(m_isAsleep, false);
     lock.unlock(); // or the worker would wake up only to wait for the mutex
@@ -107,7 +107,7 @@ void CDecoupler::shutDown()
 {
     CNodeDataPtr discarded; // released last: its destructor is foreign code
     {
-        QMutexLocker lock(&m_mutex);
+        std::unique_lock<QMutex> lock(m_mutex);
         m_shutDownRequested = true;
         m_pendingData.swap(discarded);
         m_counts.dropped += discarded ? 1 : 0;

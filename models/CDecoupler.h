@@ -12,6 +12,7 @@
 #include <QWaitCondition>
 
 #include <atomic>
+#include <mutex>
 
 namespace Plugin::Halvex {
 
@@ -83,7 +84,7 @@ protected:
     void run() override;
 
 private:
-    void wakeUp(QMutexLocker& lock);
+    void wakeUp(std::unique_lock<QMutex>& lock);
     bool takeData(CNodeDataPtr& inHand);
     void emitData(const CNodeDataPtr& data);
 

@@ -27,6 +27,7 @@ public:
         std::shared_ptr<CWorkQueue> share = std::move(queue); // the job may be used again before this returns
         share->perform(*this);
         const bool isRemoved = share->leave();
+        // Survives removed statement: it goes a moment later, and an unload waits for the pool's threads besides.
         share.reset(); // maybe the last, with this job
         if (isRemoved)
             RemovedWork::end();
@@ -37,7 +38,6 @@ public:
         inputs.clear();
         work.reset();
         result.reset();
-        error = QString();
     }
 
     CJob* next = nullptr;

@@ -29,31 +29,69 @@ class CMetaTypeRegistration
 public:
     /// \a name: normalized and fully qualified. If somebody has registered it already, it stays theirs.
     explicit CMetaTypeRegistration(const char* name)
-        : m_isOurs(QMetaType::type(name) == QMetaType::UnknownType)
-        , m_id(m_isOurs ? add(name) : QMetaType::type(name))
+        : m_isOurs(!isKnown(name))
     {
+        add(name);
     }
     ~CMetaTypeRegistration()
     {
         if (m_isOurs)
-            QMetaType::unregisterType(m_id);
+            takeBack();
     }
     Q_DISABLE_COPY(CMetaTypeRegistration)
 
-    int id() const { return m_id; }
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    int id() const
+    {
+        return m_id;
+    }
 
 private:
-    static int add(const char* name)
+    static bool isKnown(const char* name)
+    {
+        return QMetaType::type(name) != QMetaType::UnknownType;
+    }
+
+    void add(const char* name)
     {
         using Functions = QtMetaTypePrivate::QMetaTypeFunctionHelper<T>;
         constexpr int size = sizeof(T); // NOLINT(bugprone-sizeof-expression): pointers are types too
-        return QMetaType::registerNormalizedType(name, &Functions::Destruct, &Functions::Construct, size,
-                                                 QMetaType::TypeFlags(QtPrivate::QMetaTypeTypeFlags<T>::Flags),
-                                                 QtPrivate::MetaObjectForType<T>::value());
+        m_id = m_isOurs
+                   ? QMetaType::registerNormalizedType(name, &Functions::Destruct, &Functions::Construct, size,
+                                                       QMetaType::TypeFlags(QtPrivate::QMetaTypeTypeFlags<T>::Flags),
+                                                       QtPrivate::MetaObjectForType<T>::value())
+                   : QMetaType::type(name);
     }
 
+    void takeBack() const
+    {
+        QMetaType::unregisterType(m_id);
+    }
+
+    int m_id = 0;
+#else
+    /// Gives the type its number, for which Qt 6 comes back to whom this object belongs to: not while it is made.
+    int id() const
+    {
+        return QMetaType::fromType<T>().id();
+    }
+
+private:
+    static bool isKnown(const char* name)
+    {
+        return QMetaType::fromName(name).isValid();
+    }
+    static void add(const char* name)
+    {
+        QMetaType::registerNormalizedTypedef(name, QMetaType::fromType<T>());
+    }
+    static void takeBack()
+    {
+        QMetaType::unregisterMetaType(QMetaType::fromType<T>());
+    } // with all of its names
+#endif
+
     const bool m_isOurs;
-    const int m_id;
 };
 
 } // namespace Plugin::Halvex

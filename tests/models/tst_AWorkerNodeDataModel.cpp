@@ -3,7 +3,7 @@
 
 #include <Halvex/models/AWorkerNodeDataModel.h>
 
-#include "CWorkerModel.h"
+#include "SGatedModel.h"
 
 #include "support/CMessageCatcher.h"
 #include "support/CTestModel.h"
@@ -30,23 +30,6 @@ bool addsUp(const SWorkerStatistics& counts)
     return counts.received == counts.emitted + counts.dropped + counts.cancelled + counts.failed + counts.pending;
 }
 
-/// A model with gated work, and a pool of its own: what it waits for is no other test's business.
-struct SGatedModel
-{
-    explicit SGatedModel(int threads = 1)
-    {
-        pool.setMaxThreadCount(threads);
-        model = std::make_unique<CWorkerModel>();
-        model->setThreadPool(&pool);
-        model->setParallelism(threads);
-        model->setWork(work);
-    }
-
-    QThreadPool pool;
-    CGatedWork work;
-    std::unique_ptr<CWorkerModel> model;
-};
-
 } // namespace
 
 class tst_AWorkerNodeDataModel : public QObject
@@ -69,6 +52,7 @@ private Q_SLOTS:
     void largerLimitBeginsWhatWaits();
     void resultsThatWaitHoldTheWorkUp();
     void emptyDataCancels();
+    void keepsNothingOfAResultThatIsCancelled();
     void emptyDataComesAfterCompleteResults();
     void countsAddUpAtEveryMoment();
     void timesTheWork();
@@ -85,15 +69,6 @@ private Q_SLOTS:
     void resultThatIsOvertakenIsNotAnnounced();
     void handlerThatThrowsHoldsNothingUp();
     void takesWhatComesWhileItAsks();
-
-    void removedWhileItWorks();
-    void removedByItsResult();
-    void removedAsAFrameComes();
-    void removedByWhatItIsAsked();
-    void takesNothingWhileItEnds();
-    void takesWhatHasNotBegunOutOfThePool();
-    void waitsForRemovedWorkWithABound();
-    void waitsForRemovedWorkWithoutABound();
 
     void savesItsSettings();
     void restoresWhatMakesSense_data();
@@ -295,6 +270,17 @@ void tst_AWorkerNodeDataModel::emptyDataCancels()
     }
     QCOMPARE(gated.model->statistics().cancelled, quint64(9));
     QVERIFY(addsUp(gated.model->statistics()));
+}
+
+void tst_AWorkerNodeDataModel::keepsNothingOfAResultThatIsCancelled()
+{
+    SGatedModel gated;
+    gated.model->send(1);
+    gated.work.waitForBegin();
+    gated.model->setInData({}, 0);
+    gated.work.open(1);
+    QTRY_COMPARE(gated.model->values, Values{-1});
+    QTRY_COMPARE(CTestData::alive(), 0);
 }
 
 void tst_AWorkerNodeDataModel::emptyDataComesAfterCompleteResults()
@@ -534,112 +520,6 @@ void tst_AWorkerNodeDataModel::takesWhatComesWhileItAsks()
     model.setPolicy(EPolicy::DropOldest);
     model.send(2, 1);
     QTRY_COMPARE(model.values, (Values{12, 3}));
-}
-
-void tst_AWorkerNodeDataModel::removedWhileItWorks()
-{
-    SGatedModel gated;
-    gated.model->send(1);
-    gated.model->send(2);
-    gated.work.waitForBegin();
-    gated.model.reset(); // does not wait
-    QVERIFY(CTestData::alive() > 0);
-    gated.work.open(1);
-    QVERIFY(AWorkerNodeDataModel::waitForRemovedWork());
-    QCOMPARE(CTestData::alive(), 0);
-}
-
-void tst_AWorkerNodeDataModel::removedByItsResult()
-{
-    CTestScene scene(nullptr, nullptr);
-    auto owned = std::make_unique<CWorkerModel>();
-    CWorkerModel& model = *owned;
-    model.setParallelism(2);
-    CNodeBase& node = scene.createNode(std::move(owned));
-    connect(&model, &CNodeDataModel::dataUpdated, &model, [&] { scene.removeNode(node); });
-    model.send(1);
-    model.send(2);
-    QTRY_VERIFY(scene.nodes().empty());
-}
-
-void tst_AWorkerNodeDataModel::removedAsAFrameComes()
-{
-    auto* const model = new CWorkerModel;
-    connect(model, &CNodeDataModel::computingStarted, model, [model] { delete model; });
-    model->send(1);
-    QVERIFY(AWorkerNodeDataModel::waitForRemovedWork());
-    QCOMPARE(CTestData::alive(), 0);
-}
-
-void tst_AWorkerNodeDataModel::removedByWhatItIsAsked()
-{
-    for (const auto question : {&CWorkerModel::onPorts, &CWorkerModel::onNumber, &CWorkerModel::onMakeWork}) {
-        auto* const model = new CWorkerModel(1, EGathering::SameNumber);
-        model->*question = [model] { delete model; };
-        model->send(1);
-        QCOMPARE(CTestData::alive(), 0);
-    }
-}
-
-void tst_AWorkerNodeDataModel::takesNothingWhileItEnds()
-{
-    SGatedModel gated;
-    auto* const model = gated.model.get();
-    model->setPolicy(EPolicy::DropOldest);
-    model->send(1);
-    gated.work.waitForBegin();
-    auto data = CTestData::make(2);
-    // By then only the base is left of the model.
-    data->onDestroyed = [base = static_cast<AWorkerNodeDataModel*>(model)] { base->setInData(CTestData::make(3), 0); };
-    model->setInData(std::move(data), 0);
-    model->send(4);
-    gated.model.reset();
-    gated.work.open(1);
-    QVERIFY(AWorkerNodeDataModel::waitForRemovedWork());
-    QCOMPARE(CTestData::alive(), 0); // else 3 is worked on
-}
-
-void tst_AWorkerNodeDataModel::takesWhatHasNotBegunOutOfThePool()
-{
-    SGatedModel blocking;
-    blocking.model->send(1);
-    blocking.work.waitForBegin();
-    auto model = std::make_unique<CWorkerModel>();
-    model->setThreadPool(&blocking.pool);
-    model->send(2);
-    model.reset();
-    QCOMPARE(CTestData::alive(), 1);
-    QVERIFY(AWorkerNodeDataModel::waitForRemovedWork(0));
-    blocking.work.open(1);
-    QTRY_COMPARE(blocking.model->values, Values{1});
-}
-
-void tst_AWorkerNodeDataModel::waitsForRemovedWorkWithABound()
-{
-    SGatedModel gated;
-    gated.model->send(1);
-    gated.work.waitForBegin();
-    gated.model.reset();
-    const CMessageCatcher catcher;
-    QVERIFY(!AWorkerNodeDataModel::waitForRemovedWork(1));
-    QCOMPARE(catcher.texts(), QStringList{"Work of models that are gone has not ended within 1 ms."});
-    gated.work.open(1);
-}
-
-void tst_AWorkerNodeDataModel::waitsForRemovedWorkWithoutABound()
-{
-    SGatedModel gated;
-    gated.model->send(1);
-    gated.work.waitForBegin();
-    gated.model.reset();
-    CTestThread opening([&gated] {
-        QThread::msleep(20); // for the wait to begin; too short, this test would see less, but not fail
-        gated.work.open(1);
-    });
-    const bool hasEnded = AWorkerNodeDataModel::waitForRemovedWork(std::numeric_limits<unsigned long>::max());
-    opening.join();
-    QVERIFY(hasEnded);
-    QCOMPARE(CTestData::alive(), 0);
 }
 
 void tst_AWorkerNodeDataModel::savesItsSettings()

@@ -21,8 +21,10 @@
 #include <QMutexLocker>
 #include <QPluginLoader>
 #include <QSemaphore>
+#include <QThreadPool>
 #include <QtTest>
 
+#include <algorithm>
 #include <atomic>
 #include <map>
 #include <optional>
@@ -286,6 +288,7 @@ private Q_SLOTS:
     void threadsFeedWhileTheGraphChanges();
     void whatUsesThreadsGoesUnderLoad_data();
     void whatUsesThreadsGoesUnderLoad();
+    void poolIsChangedWhileWorkRuns();
     void modelsAnnounceFromForeignThreads();
     void placeOfADestroyedConnectionIsTakenByAnotherThread();
     void sourceGoesWhileThreadsSend_data();
@@ -445,6 +448,28 @@ void tst_Threads::whatUsesThreadsGoesUnderLoad()
     QCOMPARE(inconsistencyOf(scene), QString());
     scene.clearScene();
     QVERIFY(AWorkerNodeDataModel::waitForRemovedWork());
+}
+
+void tst_Threads::poolIsChangedWhileWorkRuns()
+{
+    QThreadPool one;
+    QThreadPool other;
+    CWorkerModel worker;
+    worker.setParallelism(4);
+    for (int frame = 0; frame < 2000; ++frame) {
+        worker.send(frame);
+        for (int time = 0; time < 20; ++time) // the detector is to see one of them beside the start of work
+            worker.setThreadPool(time % 2 == 0 ? &one : &other);
+        if (frame % 8 == 0)
+            QCoreApplication::processEvents();
+    }
+    QTRY_COMPARE(worker.statistics().pending, quint64(0));
+    const SWorkerStatistics counts = worker.statistics();
+    QCOMPARE(counts.received, quint64(2000));
+    QCOMPARE(counts.emitted + counts.dropped, quint64(2000));
+    QCOMPARE(quint64(worker.values.size()), counts.emitted);
+    QVERIFY(std::is_sorted(worker.values.begin(), worker.values.end()));
+    QCOMPARE(worker.values.back(), 1999);
 }
 
 void tst_Threads::modelsAnnounceFromForeignThreads()
