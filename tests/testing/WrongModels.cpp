@@ -510,11 +510,13 @@ std::vector<SWrongModel> wrongInTheirEnd()
     return {
         slowToGo(),
         hoardsData(),
+#ifdef COUNTS_MEMORY
         wrong("leaves-memory", "leaves-nothing-behind", &SMisbehaviour::construct,
               [](Model&) {
                   void* volatile leaked = std::malloc(100); // volatile, or the compiler would leave it out
                   static_cast<void>(leaked);
               }),
+#endif
         leavesFiles,
         leavesThreads(),
         slowToAnswer(),

@@ -140,6 +140,7 @@ public:
     bool sameType(const CNodeData&) const override { return true; }
 };
 
+#ifdef COUNTS_MEMORY
 class CLeakingNumber : public CNumber
 {
 public:
@@ -152,6 +153,7 @@ public:
 private:
     QByteArray* const m_memory;
 };
+#endif
 
 template <typename Data>
 DataCreator makes()
@@ -271,7 +273,9 @@ void tst_Checks::data_data()
     row("type of the value", makes<CWrongNumber<STypeOfTheValue>>(), "type-stays-the-same");
     row("type of the thread", makes<CWrongNumber<STypeOfTheThread>>(), "type-is-the-same-in-every-thread");
     row("same as all", makes<CSameAsAll>(), "same-type-compares-ids");
+#ifdef COUNTS_MEMORY
     row("leaks", makes<CLeakingNumber>(), "data-leaves-nothing-behind");
+#endif
     const auto changesTheLast = [last = std::make_shared<QSharedPointer<CNumber>>()](int number) {
         if (*last)
             (*last)->setValue(number + 1);
