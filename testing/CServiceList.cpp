@@ -28,4 +28,13 @@ QSharedPointer<IService> CServiceList::findService(const char* className) const
     return found == m_services.end() ? QSharedPointer<IService>() : *found;
 }
 
+const ITestData* CServiceList::testData() const
+{
+    for (const QSharedPointer<IService>& service : m_services) {
+        if (const auto* const data = qobject_cast<ITestData*>(service.data()))
+            return data;
+    }
+    return nullptr;
+}
+
 } // namespace Plugin::Halvex::Testing
