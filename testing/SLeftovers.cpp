@@ -32,7 +32,7 @@ qint64 heldBytes()
 {
 #ifdef HALVEX_HAS_MALLINFO2
     const auto info = mallinfo2();
-    return qint64(info.uordblks + info.hblkhd);
+    return qint64(info.uordblks) + qint64(info.hblkhd);
 #else
     return -1;
 #endif
