@@ -1,5 +1,5 @@
-# HALVEX_HAS_MALLINFO2: whether the C library tells how much memory is in use. A sanitizer brings a malloc of its own, of
-# which mallinfo2() knows nothing; it looks for leaks itself.
+# HALVEX_HAS_MALLINFO2: whether the C library tells how much memory is in use. A sanitizer brings a malloc of its own,
+# of which mallinfo2() knows nothing; it looks for leaks itself.
 
 include(CheckCXXSourceCompiles)
 check_cxx_source_compiles("
