@@ -380,8 +380,8 @@ void tst_Checks::everyRuleIsInTheManual()
     QVERIFY2(file.open(QIODevice::ReadOnly), MODEL_CONTRACT);
     const QString manual = QString::fromUtf8(file.readAll());
     QStringList headings;
-    QRegularExpressionMatchIterator found =
-        QRegularExpression("^### (.*)$", QRegularExpression::MultilineOption).globalMatch(manual);
+    static const QRegularExpression heading("^### (.*)$", QRegularExpression::MultilineOption);
+    QRegularExpressionMatchIterator found = heading.globalMatch(manual);
     while (found.hasNext())
         headings << found.next().captured(1);
     QCOMPARE(headings,
