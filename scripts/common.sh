@@ -16,6 +16,7 @@ picture_packages=(xvfb xauth) # a display for pictures of the viewer, where ther
 test_packages=(aravis-tools # arv-fake-gv-camera-0.8, a GigE Vision camera on the loopback
     man-db   # reads the manual page
     abigail-tools # whether it would see what breaks programs
+    libgtest-dev # one of the examples
     python3) # compiles the samples
 abi_packages=(abigail-tools) # what programs rely on, and how two builds differ in it
 package_packages=(dpkg-dev lintian mmdebstrap) # Debian packages, and a fresh system to try them in

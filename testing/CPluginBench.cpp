@@ -125,10 +125,8 @@ bool CPluginBench::bringUp(Core::Plugin::IPlugin* plugin)
 bool CPluginBench::load(const QString& file)
 {
     m_loaded.push_back(std::make_unique<CLoadedPlugin>(file));
-    if (m_loaded.back()->plugin())
-        return true;
     m_error = m_loaded.back()->error();
-    return false;
+    return m_loaded.back()->plugin() != nullptr;
 }
 
 void CPluginBench::takeDown(Core::Plugin::IPlugin& plugin)

@@ -45,6 +45,9 @@ public:
     /// What the plugin has registered, by name.
     std::map<QString, ModelCreator> models() const;
 
+    /// Data for the models; null if no plugin brings any.
+    const ITestData* testData() const { return m_services->testData(); }
+
     /// The name of a model, or its category, whose text lies in the plugin's file; empty if there is none.
     QString textOfTheFile() const;
 

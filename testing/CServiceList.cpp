@@ -16,8 +16,9 @@ void CServiceList::registerService(const QSharedPointer<IService>& service)
 
 void CServiceList::unregisterService(const QSharedPointer<IService>& service)
 {
-    const QSharedPointer<IService> kept = service; // it may be an element
-    m_services.erase(std::remove(m_services.begin(), m_services.end(), kept), m_services.end());
+    const auto found = std::find(m_services.begin(), m_services.end(), service);
+    if (found != m_services.end())
+        m_services.erase(found);
 }
 
 QSharedPointer<IService> CServiceList::findService(const char* className) const
@@ -26,6 +27,15 @@ QSharedPointer<IService> CServiceList::findService(const char* className) const
         return service && service->inherits(className);
     });
     return found == m_services.end() ? QSharedPointer<IService>() : *found;
+}
+
+const ITestData* CServiceList::testData() const
+{
+    for (const QSharedPointer<IService>& service : m_services) {
+        if (const auto* const data = qobject_cast<ITestData*>(service.data()))
+            return data;
+    }
+    return nullptr;
 }
 
 } // namespace Plugin::Halvex::Testing

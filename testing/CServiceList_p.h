@@ -4,6 +4,7 @@
 #pragma once
 
 #include <Halvex/platform/IServiceManager.h>
+#include <Halvex/testing/ITestData.h>
 
 #include <vector>
 
@@ -16,6 +17,9 @@ public:
     void registerService(const QSharedPointer<Core::Service::IService>& service) override;
     void unregisterService(const QSharedPointer<Core::Service::IService>& service) override;
     QSharedPointer<Core::Service::IService> findService(const char* className) const override;
+
+    /// The first that is one; null if none is.
+    const ITestData* testData() const;
 
     void clear() { m_services.clear(); }
 

@@ -84,7 +84,8 @@ QString CWatchedModel::lacks() const
 CNodeDataPtr CWatchedModel::makeData(NodePortIndex port, int number) const
 {
     const SNodeDataType type = m_model->dataType(m_inPorts > 0 ? ENodePortType::In : ENodePortType::Out, port);
-    return m_subject.options.makeData ? m_subject.options.makeData(type, number) : makeGrabResult(type);
+    const CNodeDataPtr data = m_subject.options.makeData ? m_subject.options.makeData(type, number) : CNodeDataPtr();
+    return data ? data : makeGrabResult(type);
 }
 
 void CWatchedModel::feed(int number)

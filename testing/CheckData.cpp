@@ -111,6 +111,7 @@ SOutcome dataLeavesNothingBehind(const SDataSubject& subject)
     const int count = subject.options.instances;
     const QString left = leftBehindBy(count, [&] {
         std::vector<CNodeDataPtr> all;
+        all.reserve(std::size_t(count));
         for (int i = 0; i < count; ++i)
             all.push_back(subject.creator(i));
     });

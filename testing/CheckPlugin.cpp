@@ -49,7 +49,8 @@ QString faultIn(const QJsonObject& about)
     const QJsonValue dependencies = about.value(QLatin1String("Dependencies"));
     if (!dependencies.isUndefined() && !dependencies.isArray())
         return QStringLiteral("\"Dependencies\" is no array");
-    for (const QJsonValue dependency : dependencies.toArray()) {
+    const QJsonArray all = dependencies.toArray();
+    for (const QJsonValue& dependency : all) {
         if (!isDependency(dependency))
             return QStringLiteral("in \"Dependencies\" is something without \"Name\" and \"Version\"");
     }

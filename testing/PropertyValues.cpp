@@ -21,6 +21,7 @@ std::vector<QVariant> otherValues(const QMetaProperty& property, const QVariant&
     if (property.isEnumType()) {
         std::vector<QVariant> values;
         const QMetaEnum keys = property.enumerator();
+        values.reserve(std::size_t(keys.keyCount()));
         for (int i = 0; i < keys.keyCount(); ++i)
             values.emplace_back(keys.value(i));
         return values;

@@ -38,8 +38,8 @@ namespace Testing {
  */
 struct SCheckOptions
 {
-    /// Makes new data of \a type; the content depends on \a number alone. Null: there is none of that type. Without
-    /// this there are grab results without a frame.
+    /// Makes new data of \a type; the content depends on \a number alone. Null: there is none of that type. Of
+    /// grab results there are some without a frame anyway.
     std::function<CNodeDataPtr(const SNodeDataType& type, int number)> makeData;
 
     /// Bytes that differ when the content of \a data does; none for data that it does not know. Without this the kit

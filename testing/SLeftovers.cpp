@@ -10,20 +10,8 @@
 
 #include <algorithm>
 
-// A sanitizer brings a malloc of its own.
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-#define HALVEX_IS_SANITIZED
-#endif
-#endif
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define HALVEX_IS_SANITIZED
-#endif
-#if defined(__GLIBC__) && !defined(HALVEX_IS_SANITIZED)
-#if __GLIBC_PREREQ(2, 33)
-#define HALVEX_HAS_MALLINFO2
+#ifdef HALVEX_HAS_MALLINFO2
 #include <malloc.h>
-#endif
 #endif
 
 namespace Plugin::Halvex::Testing {
@@ -44,7 +32,7 @@ qint64 heldBytes()
 {
 #ifdef HALVEX_HAS_MALLINFO2
     const auto info = mallinfo2();
-    return qint64(info.uordblks + info.hblkhd);
+    return qint64(info.uordblks) + qint64(info.hblkhd);
 #else
     return -1;
 #endif

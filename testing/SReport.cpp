@@ -38,7 +38,7 @@ QString toText(const std::vector<SLeftOut>& leftOut)
             reasons << left.reason;
     }
     QString text;
-    for (const QString& reason : reasons) {
+    for (const QString& reason : qAsConst(reasons)) {
         QStringList rules;
         for (const SLeftOut& left : leftOut) {
             if (left.reason == reason)

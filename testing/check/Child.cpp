@@ -57,7 +57,7 @@ EExitCode sendError(const QString& error)
 EExitCode runChild(const SArguments& arguments)
 {
     makeMistakesCount();
-    const SCheckOptions options = optionsFrom(arguments);
+    SCheckOptions options = optionsFrom(arguments);
     if (arguments.role == SArguments::ERole::CheckPlugin) {
         sendReport(checkPlugin(arguments.file, arguments.companions, options));
         return EExitCode::Kept;
@@ -65,6 +65,10 @@ EExitCode runChild(const SArguments& arguments)
     const CPluginBench bench(arguments.file, arguments.companions);
     if (!bench.error().isEmpty())
         return sendError(bench.error());
+    if (const ITestData* const data = bench.testData()) {
+        options.makeData = [data](const SNodeDataType& type, int number) { return data->makeData(type, number); };
+        options.checksum = [data](const CNodeData& checked) { return data->checksum(checked); };
+    }
     for (const auto& [name, creator] : bench.models()) {
         if (arguments.role == SArguments::ERole::ListModels)
             sendMessage({{QStringLiteral("model"), name}});

@@ -62,13 +62,16 @@ SReport reportFrom(const QJsonObject& json)
     SReport report;
     report.subject = json.value(QLatin1String("subject")).toString();
     report.kept = json.value(QLatin1String("kept")).toInt();
-    for (const QJsonValue finding : json.value(QLatin1String("findings")).toArray())
+    const QJsonArray findings = json.value(QLatin1String("findings")).toArray();
+    for (const QJsonValue& finding : findings)
         report.findings.push_back(makeFinding(ruleNamed(finding[QLatin1String("rule")].toString()),
                                               finding[QLatin1String("seen")].toString()));
-    for (const QJsonValue left : json.value(QLatin1String("leftOut")).toArray())
+    const QJsonArray leftOut = json.value(QLatin1String("leftOut")).toArray();
+    for (const QJsonValue& left : leftOut)
         report.leftOut.push_back({left[QLatin1String("rule")].toString(), left[QLatin1String("reason")].toString()});
     const auto nanoseconds = [](const QJsonValue& value) { return qint64(value.toDouble()); };
-    for (const QJsonValue call : json.value(QLatin1String("times")).toArray())
+    const QJsonArray times = json.value(QLatin1String("times")).toArray();
+    for (const QJsonValue& call : times)
         report.times.push_back({call[QLatin1String("call")].toString(), nanoseconds(call[QLatin1String("median")]),
                                 nanoseconds(call[QLatin1String("percentile99")]),
                                 nanoseconds(call[QLatin1String("longest")])});

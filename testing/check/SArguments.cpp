@@ -121,7 +121,7 @@ SArguments SArguments::parse()
     arguments.companions = parser.values(QString::fromLatin1(withOption));
     arguments.models = parser.values(QString::fromLatin1(modelOption));
     arguments.skip = parser.values(QString::fromLatin1(skipOption));
-    for (const QString& rule : arguments.skip) {
+    for (const QString& rule : qAsConst(arguments.skip)) {
         if (!isRule(rule))
             endWith(QStringLiteral("there is no rule '%1'; --rules lists them").arg(rule));
     }

@@ -62,6 +62,7 @@ QString withoutChecksum()
 std::vector<SWitness> outputsOf(const CWatchedModel& model, const SCheckOptions& options)
 {
     std::vector<SWitness> outputs;
+    outputs.reserve(std::size_t(model.outPorts()));
     for (NodePortIndex port = 0; port < model.outPorts(); ++port)
         outputs.push_back(witnessOf(model->outData(port), options));
     return outputs;

@@ -6,6 +6,7 @@
 #include "testing/CWatchedModel_p.h"
 #include "testing/rules/ModelRules_p.h"
 
+#include <Halvex/graph/DocumentKeys.h>
 #include <Halvex/models/ANodeDataModel.h>
 
 #include <QJsonArray>
@@ -19,7 +20,7 @@ namespace Plugin::Halvex::Testing {
 
 namespace {
 
-constexpr QLatin1String foreignKey("halvex_testing_foreign");
+constexpr QLatin1String foreignKey = DocumentKeys::makeKey("halvex_testing_foreign");
 
 /// A document with one value that is wrong, and where.
 struct SWrongDocument

@@ -116,6 +116,7 @@ bool isKeptByItsMaker(const CWatchedModel& model, NodePortIndex port)
 SCallTimes timesOf(const QString& name, int rounds, const std::function<void(int)>& call)
 {
     std::vector<qint64> times;
+    times.reserve(std::size_t(rounds));
     for (int round = 0; round < rounds; ++round) {
         QElapsedTimer timer;
         timer.start();
@@ -136,6 +137,7 @@ std::vector<SCallTimes> measureCalls(const SModelSubject& subject)
     times.push_back(timesOf(QStringLiteral("caption"), rounds, [&](int) { model->caption(); }));
     if (model.inPorts() > 0) {
         std::vector<CNodeDataPtr> data;
+        data.reserve(rounds);
         for (int round = 0; round < rounds; ++round)
             data.push_back(hasData ? model.makeData(0, round) : CNodeDataPtr());
         times.push_back(timesOf(QStringLiteral("setInData"), rounds,
@@ -190,11 +192,12 @@ SOutcome letsGoOfItsData(const SModelSubject& subject)
     if (!lacks.isEmpty())
         return leftOut(lacks);
     std::vector<QWeakPointer<CNodeData>> given;
+    given.reserve(std::size_t(model.inPorts()));
     for (NodePortIndex port = 0; port < model.inPorts(); ++port) {
         if (isKeptByItsMaker(model, port))
             return leftOut(QStringLiteral("SCheckOptions::makeData keeps the data that it makes"));
         const CNodeDataPtr data = model.makeData(port, 2);
-        given.push_back(data);
+        given.emplace_back(data);
         thrownBy([&] { model->setInData(data, port); });
     }
     model.destroy();
@@ -216,6 +219,7 @@ SOutcome leavesNothingBehind(const SModelSubject& subject)
     const QString thrown = thrownBy([&] {
         left = leftBehindBy(count, [&] {
             std::vector<std::unique_ptr<CNodeDataModel>> models;
+            models.reserve(std::size_t(count));
             for (int i = 0; i < count; ++i)
                 models.push_back(subject.creator());
             models.clear();

@@ -6,7 +6,6 @@
 #include "CNumberModel.h"
 
 #include <Halvex/platform/IServiceManager.h>
-#include <Halvex/service/CVeltraGrabResultData.h>
 #include <Halvex/service/INodeService.h>
 
 #include <QCoreApplication>
@@ -32,11 +31,9 @@ bool makes(const char* mistake)
     return qgetenv("HALVEX_TEST_MISTAKE") == mistake;
 }
 
-/// A model of that name on grab results, which halvex-check has some of.
 void add(CNodeDataModelRegistry& registry, const char* name, SMisbehaviour misbehaviour)
 {
     misbehaviour.name = [name](const Model&) { return QString::fromLatin1(name); };
-    misbehaviour.dataType = [](const Model&, ENodePortType, int) { return CVeltraGrabResultData().type(); };
     registry.registerModel([misbehaviour] { return std::make_unique<CNumberModel>(misbehaviour); },
                            QString::fromLatin1("Test"));
 }
@@ -50,7 +47,7 @@ void abortOnEmptyData(Model& model, const CNodeDataPtr& data, int index)
 
 void exitOnForeignData(Model& model, const CNodeDataPtr& data, int index)
 {
-    if (data && !data.dynamicCast<CVeltraGrabResultData>())
+    if (data && !data.dynamicCast<CNumber>())
         ::_exit(3);
     model.multiply(data, index);
 }
@@ -67,6 +64,13 @@ void useSelfAfterSignal(Model& model, const QString& label)
         std::abort();
 }
 
+void changeInput(Model& model, const CNodeDataPtr& data, int index)
+{
+    model.multiply(data, index);
+    if (const auto number = data.dynamicCast<CNumber>())
+        number->setValue(number->value() + 1);
+}
+
 void addModels(CNodeDataModelRegistry& registry)
 {
     add(registry, "Sound", {});
@@ -75,6 +79,8 @@ void addModels(CNodeDataModelRegistry& registry)
     add(registry, "Aborts", misbehaviour);
     misbehaviour.setInData = &exitOnForeignData;
     add(registry, "Exits", misbehaviour);
+    misbehaviour.setInData = &changeInput;
+    add(registry, "Spoils", misbehaviour);
     misbehaviour = {};
     misbehaviour.setLabel = &useSelfAfterSignal;
     add(registry, "Uses itself", misbehaviour);
@@ -98,8 +104,18 @@ void addHangingModel(CNodeDataModelRegistry& registry)
 
 } // namespace
 
+CNodeDataPtr CNumberService::makeData(const SNodeDataType& type, int number) const
+{
+    return numberOptions().makeData(type, number);
+}
+
+QByteArray CNumberService::checksum(const CNodeData& data) const
+{
+    return numberOptions().checksum(data);
+}
+
 CMistakenPlugin::CMistakenPlugin()
-    : m_service(new Core::Service::IService(nullptr))
+    : m_service(new CNumberService)
 {
     Dl_info info{};
     if (makes("stays") && dladdr(&staticMetaObject, &info) != 0)

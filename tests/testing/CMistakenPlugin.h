@@ -5,9 +5,26 @@
 
 #include <Halvex/platform/IPlugin.h>
 #include <Halvex/platform/IService.h>
+#include <Halvex/testing/ITestData.h>
 
 #include <QSharedPointer>
 #include <QWeakPointer>
+
+/// Numbers, for halvex-check.
+class CNumberService : public Core::Service::IService, public Plugin::Halvex::Testing::ITestData
+{
+    Q_OBJECT
+    Q_INTERFACES(Plugin::Halvex::Testing::ITestData)
+
+public:
+    CNumberService()
+        : IService(nullptr)
+    {
+    }
+
+    Plugin::Halvex::CNodeDataPtr makeData(const Plugin::Halvex::SNodeDataType& type, int number) const override;
+    QByteArray checksum(const Plugin::Halvex::CNodeData& data) const override;
+};
 
 /**
  * A plugin that makes the mistake which the environment variable HALVEX_TEST_MISTAKE names, or none.

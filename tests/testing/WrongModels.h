@@ -11,8 +11,8 @@
 /// A model that breaks one rule, on purpose.
 struct SWrongModel
 {
-    const char* name; ///< Of its report in golden/.
-    const char* rule; ///< The one that it breaks.
+    const char* name = ""; ///< Of its report in golden/.
+    const char* rule = ""; ///< The one that it breaks.
     Plugin::Halvex::ModelCreator creator;
     Plugin::Halvex::Testing::SCheckOptions options; ///< numberOptions(), unless this one needs others.
 };

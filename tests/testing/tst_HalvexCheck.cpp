@@ -87,7 +87,7 @@ void tst_HalvexCheck::modelsThatEndTheProcess()
 
 void tst_HalvexCheck::modelThatHangs()
 {
-    const SRun done = run({few, "--timeout=1", "--model=Hangs", MISTAKEN_PLUGIN}, "hangs");
+    const SRun done = run({few, "--timeout=3", "--model=Hangs", MISTAKEN_PLUGIN}, "hangs");
     QCOMPARE(done.exitCode, 1);
     compareWithGolden("halvex-check/hangs.txt", done.output);
 }
