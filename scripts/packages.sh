@@ -43,5 +43,5 @@ mmdebstrap --quiet --variant=apt --mode=root "$(. /etc/os-release && echo "$VERS
     "${sources[@]}" \
     --customize-hook='mkdir "$1/try" && cp build/packages/packages/*.deb "$1/try"' \
     --customize-hook='cp tests/package/try_packages.sh tests/package/use_pkgconfig.cpp "$1/try"' \
-    --customize-hook='chroot "$1" bash /try/try_packages.sh'
+    --customize-hook='chroot "$1" env -i PATH="$PATH" bash /try/try_packages.sh'
 step "installed, tried and removed"

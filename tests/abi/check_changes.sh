@@ -54,10 +54,19 @@ refuses removed "No longer exported:" "  $name::rate() const"
 refuses argument "No longer exported:" "  $name::setRate(int)"
 refuses signal "Indices of signals:" "  class $name: signal rateChanged(int) at 1, was at 0"
 refuses enum "What is known by name:" "  class $name: value EMode::Slow = 0"
+refuses private "No longer exported:" "  $name::step() const" "Exported, and not in the list:" \
+    "  $name::newestStep() const"
 tells added "Exported, and not in the list:" "  $name::newestRate() const"
 tells signal_added "Exported, and not in the list:" "  class $name: signal newestChanged() at 1"
 tells soname "SONAME:" "  libHalvexSubject.so.2, was libHalvexSubject.so.1"
 
+# No program calls a private function: its line may be taken out.
+sed -i '/::step() const$/d' "$work/contract/symbols.txt"
+tells private "Exported, and not in the list:" "  $name::newestStep() const"
+abi write private >/dev/null
+abi check private >/dev/null
+rm -r "$work/contract"
+abi write none >/dev/null
 # What is new is taken in on purpose, and missed from then on.
 abi write added >/dev/null
 abi check added >/dev/null

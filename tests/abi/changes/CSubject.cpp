@@ -31,9 +31,18 @@ int CSubject::newest()
 }
 #endif
 
-int CSubject::first()
+#ifdef CHANGED_PRIVATE
+int CSubject::newestStep() const
+#else
+int CSubject::step() const
+#endif
 {
     return m_step + m_hidden->value;
+}
+
+int CSubject::first()
+{
+    return m_rate;
 }
 
 int CSubject::second()

@@ -63,6 +63,12 @@ Q_SIGNALS:
 private:
     struct SHidden;
 
+#ifdef CHANGED_PRIVATE
+    int newestStep() const;
+#else
+    int step() const;
+#endif
+
 #ifdef CHANGED_ORDER
     short m_step = 0;
     int m_rate = 1;
