@@ -1,7 +1,6 @@
 # What is installed of the reference host: component "host". The program finds its plugins and the library from where it
 # lies, so that the prefix can be moved.
 
-file(RELATIVE_PATH HALVEX_LIB_FROM_BIN "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}")
 set(HALVEX_HOST_PLUGIN_DIR "${CMAKE_INSTALL_LIBDIR}/halvex/plugins")
 set_source_files_properties(plugins/CPluginHost.cpp PROPERTIES
   COMPILE_DEFINITIONS "HALVEX_INSTALLED_PLUGINS=\"${HALVEX_LIB_FROM_BIN}/halvex/plugins\"")

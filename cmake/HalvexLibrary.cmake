@@ -132,6 +132,8 @@ include(HalvexPlugin)
 include(HalvexAddPlugin)
 
 set(HALVEX_CMAKE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/Halvex")
+# Where installed programs find the library, so that the prefix can be moved.
+file(RELATIVE_PATH HALVEX_LIB_FROM_BIN "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}")
 install(TARGETS Halvex HalvexInterface EXPORT HalvexTargets
   LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
   RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")

@@ -15,6 +15,7 @@ host_packages=(pkg-config libaravis-dev libusb-1.0-0-dev # named in aravis-0.8.p
 picture_packages=(xvfb xauth) # a display for pictures of the viewer, where there is none
 test_packages=(aravis-tools # arv-fake-gv-camera-0.8, a GigE Vision camera on the loopback
     man-db   # reads the manual page
+    libgtest-dev # one of the examples
     python3) # compiles the samples
 race_packages=(qtbase5-private-dev) # how Qt's events name their sender, for the race detector
 fuzz_packages=(clang libclang-rt-dev llvm)

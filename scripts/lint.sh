@@ -9,7 +9,7 @@
 #   scripts/lint.sh --format    # those that take seconds: clang-format, shellcheck, cmake-lint; over every file
 . "$(dirname "$0")/common.sh"
 
-folders=(graph scene models service platform host fuzz tests benchmarks examples)
+folders=(graph scene models service testing platform host fuzz tests benchmarks examples)
 
 need_packages "${lint_packages[@]}"
 step "clang-format"

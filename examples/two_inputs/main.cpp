@@ -62,7 +62,9 @@ public:
 
     void setInData(CNodeDataPtr data, NodePortIndex index) override
     {
-        m_inputs.at(std::size_t(index)) = data.dynamicCast<CBrightness>(); // null for empty data
+        if (index < 0 || index >= NodePortIndex(m_inputs.size()))
+            return;
+        m_inputs[std::size_t(index)] = data.dynamicCast<CBrightness>(); // null for empty data
         m_output = difference();
         Q_EMIT dataUpdated(0); // nothing is passed on while the output is null
     }

@@ -31,7 +31,7 @@ cv::Mat blurred(const cv::Mat& image, EMethod method, int size)
 
 QString CBlurModel::modelName()
 {
-    return QStringLiteral("Blur");
+    return QString::fromLatin1("Blur");
 }
 
 void CBlurModel::setSize(int pixels)

@@ -32,7 +32,7 @@ cv::Mat sobelEdges(const cv::Mat& image, int level, int size)
 
 QString CEdgesModel::modelName()
 {
-    return QStringLiteral("Edges");
+    return QString::fromLatin1("Edges");
 }
 
 void CEdgesModel::setMethod(EMethod method)

@@ -9,7 +9,7 @@ namespace Host {
 
 QString CHistogramModel::modelName()
 {
-    return QStringLiteral("Histogram");
+    return QString::fromLatin1("Histogram");
 }
 
 AImageFilterModel::Filter CHistogramModel::makeFilter() const

@@ -21,7 +21,7 @@ cv::Mat thresholded(const cv::Mat& image, double level, int type)
 
 QString CThresholdModel::modelName()
 {
-    return QStringLiteral("Threshold");
+    return QString::fromLatin1("Threshold");
 }
 
 void CThresholdModel::setMethod(EMethod method)

@@ -14,7 +14,7 @@ using namespace Plugin::Halvex;
 
 QString CToImageModel::modelName()
 {
-    return QStringLiteral("To Image");
+    return QString::fromLatin1("To Image");
 }
 
 unsigned int CToImageModel::nPorts(ENodePortType portType) const

@@ -23,14 +23,15 @@ namespace Host {
 void registerHostModels(Plugin::Halvex::INodeService& service)
 {
     const auto registry = service.registry();
-    const QString filters = QStringLiteral("Filters");
-    registry->registerModel<CCameraSourceModel>(QStringLiteral("Sources"));
+    // The registry may outlive the plugin, in whose file the texts of literals lie. So it is with the models' names.
+    const QString filters = QString::fromLatin1("Filters");
+    registry->registerModel<CCameraSourceModel>(QString::fromLatin1("Sources"));
     registry->registerModel<CToImageModel>(filters);
     registry->registerModel<CBlurModel>(filters);
     registry->registerModel<CThresholdModel>(filters);
     registry->registerModel<CEdgesModel>(filters);
     registry->registerModel<CHistogramModel>(filters);
-    const QString sinks = QStringLiteral("Sinks");
+    const QString sinks = QString::fromLatin1("Sinks");
     registry->registerModel<CPngSinkModel>(sinks);
     registry->registerModel<CRawSinkModel>(sinks);
     registry->registerModel<CVideoSinkModel>(sinks);

@@ -28,7 +28,7 @@ CPngSinkModel::CPngSinkModel(QString sinkName)
 
 QString CPngSinkModel::modelName()
 {
-    return QStringLiteral("PNG Sink");
+    return QString::fromLatin1("PNG Sink");
 }
 
 SNodeDataType CPngSinkModel::dataType(ENodePortType, NodePortIndex) const

@@ -66,7 +66,7 @@ CRawSinkModel::CRawSinkModel(QString sinkName)
 
 QString CRawSinkModel::modelName()
 {
-    return QStringLiteral("Raw Sink");
+    return QString::fromLatin1("Raw Sink");
 }
 
 QStringList CRawSinkModel::fileNames() const

@@ -25,7 +25,7 @@ CVideoSinkModel::CVideoSinkModel(QString sinkName)
 
 QString CVideoSinkModel::modelName()
 {
-    return QStringLiteral("Video Sink");
+    return QString::fromLatin1("Video Sink");
 }
 
 void CVideoSinkModel::setFramesPerSecond(double rate)

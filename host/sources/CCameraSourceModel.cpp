@@ -11,7 +11,7 @@ using namespace Plugin::Halvex;
 
 QString CCameraSourceModel::modelName()
 {
-    return QStringLiteral("Camera Source");
+    return QString::fromLatin1("Camera Source");
 }
 
 QString CCameraSourceModel::caption()

@@ -55,6 +55,14 @@ GIVEN = {
         extern Veltra::CGrabResultPtr grabResult;
         extern CNodeDataPtr data;
         void show(const Veltra::CGrabResultPtr& frame);""",
+    **dict.fromkeys(("CheckConverter.h", "CheckData.h", "CheckModel.h", "CheckPlugin.h", "ITestData.h", "SCheckOptions.h", "SReport.h"), """
+        #include <Halvex/testing/CheckConverter.h>
+        #include <Halvex/testing/CheckData.h>
+        #include <Halvex/testing/CheckModel.h>
+        #include <Halvex/testing/CheckPlugin.h>
+        #include <Halvex/testing/ITestData.h>
+        using namespace Testing;
+        extern SCheckOptions options;"""),
     "DocumentKeys.h": "extern CNodeScene& scene;",
     "INodeService.h": """
         class CCameraModel : public CSampleModel<ASourceNodeDataModel>

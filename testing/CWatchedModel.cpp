@@ -1,0 +1,202 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "testing/CWatchedModel_p.h"
+
+#include "testing/PropertyValues_p.h"
+
+#include <Halvex/models/ASourceNodeDataModel.h>
+#include <Halvex/service/CVeltraGrabResultData.h>
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QJsonDocument>
+#include <QThread>
+
+#include <algorithm>
+
+namespace Plugin::Halvex::Testing {
+
+namespace {
+
+CNodeDataPtr makeGrabResult(const SNodeDataType& type)
+{
+    return type.id == CVeltraGrabResultData().type().id ? CNodeDataPtr(new CVeltraGrabResultData) : CNodeDataPtr();
+}
+
+QString noDataOf(const SNodeDataType& type)
+{
+    return QStringLiteral("there is no data of the type \"%1\": SCheckOptions::makeData makes it").arg(type.id);
+}
+
+void deliverEvents(int milliseconds)
+{
+    QCoreApplication::processEvents(QEventLoop::AllEvents, milliseconds);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+} // namespace
+
+CWatchedModel::CWatchedModel(const SModelSubject& subject)
+    : m_subject(subject)
+    , m_model(subject.creator())
+{
+    m_inPorts = NodePortIndex(m_model->nPorts(ENodePortType::In));
+    m_outPorts = NodePortIndex(m_model->nPorts(ENodePortType::Out));
+    QObject::connect(m_model.get(), &CNodeDataModel::dataUpdated, &m_listener,
+                     [this](NodePortIndex port) { onUpdated(port); });
+    QObject::connect(
+        m_model.get(), &CNodeDataModel::dataUpdated, &m_listener,
+        [this] {
+            if (QThread::currentThread() != m_listener.thread())
+                m_spokeElsewhere = true;
+        },
+        Qt::DirectConnection);
+    QObject::connect(m_model.get(), &CNodeDataModel::dataInvalidated, &m_listener,
+                     [this](NodePortIndex port) { m_invalidated.push_back(port); });
+    QObject::connect(m_model.get(), &CNodeDataModel::computingStarted, &m_listener, [this] { ++m_started; });
+    QObject::connect(m_model.get(), &CNodeDataModel::computingFinished, &m_listener, [this] {
+        ++m_finished;
+        m_finishedUnasked = m_finishedUnasked || m_finished > m_started;
+    });
+}
+
+CWatchedModel::~CWatchedModel() = default;
+
+ASourceNodeDataModel* CWatchedModel::source() const
+{
+    return dynamic_cast<ASourceNodeDataModel*>(m_model.get());
+}
+
+QString CWatchedModel::lacks() const
+{
+    for (NodePortIndex port = 0; port < m_inPorts; ++port) {
+        if (!makeData(port, 0))
+            return noDataOf(m_model->dataType(ENodePortType::In, port));
+    }
+    if (m_inPorts > 0)
+        return {};
+    if (!source())
+        return QStringLiteral("it has neither an input nor a source's proxy");
+    return makeData(0, 0) ? QString() : noDataOf(m_model->dataType(ENodePortType::Out, 0));
+}
+
+CNodeDataPtr CWatchedModel::makeData(NodePortIndex port, int number) const
+{
+    const SNodeDataType type = m_model->dataType(m_inPorts > 0 ? ENodePortType::In : ENodePortType::Out, port);
+    const CNodeDataPtr data = m_subject.options.makeData ? m_subject.options.makeData(type, number) : CNodeDataPtr();
+    return data ? data : makeGrabResult(type);
+}
+
+void CWatchedModel::feed(int number)
+{
+    m_updatesBeforeFeed = m_updates.size();
+    m_invalidatedBeforeFeed = m_invalidated.size();
+    for (NodePortIndex port = 0; port < m_inPorts; ++port)
+        m_model->setInData(makeData(port, number), port);
+    if (m_inPorts == 0 && source() && source()->getDataFlowProxy())
+        source()->getDataFlowProxy()->setData(makeData(0, number));
+}
+
+void CWatchedModel::empty()
+{
+    for (NodePortIndex port = 0; port < m_inPorts; ++port)
+        m_model->setInData({}, port);
+}
+
+void CWatchedModel::use()
+{
+    if (lacks().isEmpty()) {
+        thrownBy([this] { feed(1); });
+        settle();
+    }
+    thrownBy([this] { empty(); });
+    thrownBy([this] { m_model->restore(changedDocument(m_subject)); });
+}
+
+void CWatchedModel::settle()
+{
+    const QDeadlineTimer deadline(m_subject.options.patience);
+    deliverEvents(10);
+    while (!deadline.hasExpired() && !hasSpoken()) {
+        QThread::msleep(1);
+        deliverEvents(10);
+    }
+}
+
+void CWatchedModel::waitLong() const
+{
+    const QDeadlineTimer deadline(m_subject.options.patience);
+    while (!deadline.hasExpired()) {
+        deliverEvents(10);
+        QThread::msleep(1);
+    }
+}
+
+std::size_t CWatchedModel::announcements() const
+{
+    return m_updates.size() + m_invalidated.size() + std::size_t(m_started) + std::size_t(m_finished);
+}
+
+void CWatchedModel::onUpdated(NodePortIndex port)
+{
+    CNodeDataPtr data;
+    // A model that announces when it is asked would be asked for ever; and what was queued may come when it is gone.
+    if (port >= 0 && port < m_outPorts && !m_isAsking && m_model) {
+        m_isAsking = true;
+        thrownBy([&] { data = m_model->outData(port); });
+        m_isAsking = false;
+    }
+    m_updates.push_back({port, data});
+}
+
+bool CWatchedModel::hasSpoken() const
+{
+    const auto update = m_updates.begin() + std::ptrdiff_t(m_updatesBeforeFeed);
+    const auto invalidated = m_invalidated.begin() + std::ptrdiff_t(m_invalidatedBeforeFeed);
+    const auto speaksOf = [&](NodePortIndex port) {
+        return std::any_of(update, m_updates.end(), [port](const SUpdate& one) { return one.port == port; }) ||
+               std::find(invalidated, m_invalidated.end(), port) != m_invalidated.end();
+    };
+    for (NodePortIndex port = 0; port < m_outPorts; ++port) {
+        if (!speaksOf(port))
+            return false;
+    }
+    return m_started <= m_finished;
+}
+
+QJsonObject throughText(const QJsonObject& document)
+{
+    return QJsonDocument::fromJson(QJsonDocument(document).toJson(QJsonDocument::Compact)).object();
+}
+
+QJsonObject changedDocument(const SModelSubject& subject)
+{
+    const std::unique_ptr<CNodeDataModel> model = subject.creator();
+    changeSettings(*model, subject.options);
+    return throughText(model->save());
+}
+
+void changeSettings(CNodeDataModel& model, const SCheckOptions& options)
+{
+    if (options.changeSettings)
+        options.changeSettings(model);
+    else
+        changeProperties(model);
+}
+
+QString shown(const QJsonObject& document)
+{
+    constexpr int longest = 200;
+    const QString text = QString::fromUtf8(QJsonDocument(document).toJson(QJsonDocument::Compact));
+    return text.size() <= longest ? text : text.left(longest) + QStringLiteral("...");
+}
+
+QString shownPort(ENodePortType side, NodePortIndex port)
+{
+    return QStringLiteral("%1 %2")
+        .arg(side == ENodePortType::In ? QStringLiteral("input") : QStringLiteral("output"))
+        .arg(port);
+}
+
+} // namespace Plugin::Halvex::Testing

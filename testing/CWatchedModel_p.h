@@ -1,0 +1,139 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "testing/SModelSubject_p.h"
+
+#include <Halvex/graph/CNodeDataModel.h>
+
+#include <QJsonObject>
+#include <QObject>
+
+#include <atomic>
+#include <memory>
+#include <vector>
+
+namespace Plugin::Halvex {
+class ASourceNodeDataModel;
+}
+
+namespace Plugin::Halvex::Testing {
+
+/**
+ * A new model, used as a node would use it, with a record of what it announces.
+ *
+ * \code
+ * CWatchedModel model(subject);
+ * if (!model.lacks().isEmpty())
+ *     return leftOut(model.lacks());
+ * model.feed(1);
+ * model.settle();
+ * look(model.updates());
+ * \endcode
+ *
+ * Threads: the one that made it. What the model throws comes out, unless a function says otherwise.
+ */
+class CWatchedModel
+{
+public:
+    struct SUpdate
+    {
+        NodePortIndex port;
+        CNodeDataPtr data; ///< What the port had when the announcement arrived in the graph's thread.
+    };
+
+    explicit CWatchedModel(const SModelSubject& subject);
+    ~CWatchedModel();
+    Q_DISABLE_COPY(CWatchedModel)
+
+    CNodeDataModel& operator*() const { return *m_model; }
+    CNodeDataModel* operator->() const { return m_model.get(); }
+
+    /// As a source, or null.
+    ASourceNodeDataModel* source() const;
+
+    /// As a new model has them.
+    NodePortIndex inPorts() const { return m_inPorts; }
+    NodePortIndex outPorts() const { return m_outPorts; }
+
+    /// Why it cannot be fed with data that fits; empty if it can.
+    QString lacks() const;
+
+    /// Data for input \a port, or for the source; null if there is none of its type.
+    CNodeDataPtr makeData(NodePortIndex port, int number) const;
+
+    /// Gives it data that fits, on every input or through the source's proxy.
+    void feed(int number);
+
+    /// Empty data on every input.
+    void empty();
+
+    /// Data, empty data, a document of its own: what happens to any model. What it throws on the way has rules of its
+    /// own, and is passed over.
+    void use();
+
+    /// Delivers events until every output has spoken since the last feed() and nothing computes, or until patience
+    /// ends.
+    void settle();
+
+    /// Delivers events for the whole of the patience.
+    void waitLong() const;
+
+    const std::vector<SUpdate>& updates() const { return m_updates; }
+
+    /// Ports of dataInvalidated().
+    const std::vector<NodePortIndex>& invalidated() const { return m_invalidated; }
+
+    /// How often computingStarted() came, and how often computingFinished().
+    int started() const { return m_started; }
+    int finished() const { return m_finished; }
+
+    /// Whether it finished more often than it had started, at any time.
+    bool finishedUnasked() const { return m_finishedUnasked; }
+
+    /// Whether dataUpdated() was emitted in another thread.
+    bool spokeElsewhere() const { return m_spokeElsewhere; }
+
+    /// How often it emitted any signal that stands here.
+    std::size_t announcements() const;
+
+    /// Lets the model go, and keeps the record.
+    void destroy() { m_model.reset(); }
+
+private:
+    void onUpdated(NodePortIndex port);
+    bool hasSpoken() const;
+
+    const SModelSubject& m_subject;
+    std::unique_ptr<CNodeDataModel> m_model;
+    QObject m_listener; // in the graph's thread
+    NodePortIndex m_inPorts = 0;
+    NodePortIndex m_outPorts = 0;
+    std::vector<SUpdate> m_updates;
+    std::vector<NodePortIndex> m_invalidated;
+    std::size_t m_updatesBeforeFeed = 0;
+    std::size_t m_invalidatedBeforeFeed = 0;
+    int m_started = 0;
+    int m_finished = 0;
+    bool m_finishedUnasked = false;
+    bool m_isAsking = false;
+    std::atomic<bool> m_spokeElsewhere{false};
+};
+
+/// A document as it comes back from a file: what JSON text cannot hold is lost.
+QJsonObject throughText(const QJsonObject& document);
+
+/// What a model saves that was given other settings.
+QJsonObject changedDocument(const SModelSubject& subject);
+
+/// Gives \a model other settings, as the options say.
+void changeSettings(CNodeDataModel& model, const SCheckOptions& options);
+
+/// One line of JSON, cut where it gets long.
+QString shown(const QJsonObject& document);
+
+/// "input 0"
+QString shownPort(ENodePortType side, NodePortIndex port);
+
+} // namespace Plugin::Halvex::Testing

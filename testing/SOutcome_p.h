@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QString>
+
+namespace Plugin::Halvex::Testing {
+
+/// What became of a rule that was tried.
+struct SOutcome
+{
+    enum class EKind
+    {
+        Kept,
+        Broken,
+        LeftOut
+    };
+    EKind kind = EKind::Kept;
+    QString text; ///< What was seen, or why the rule was left out.
+};
+
+inline SOutcome kept()
+{
+    return {};
+}
+
+inline SOutcome broken(const QString& seen)
+{
+    return {SOutcome::EKind::Broken, seen};
+}
+
+inline SOutcome leftOut(const QString& reason)
+{
+    return {SOutcome::EKind::LeftOut, reason};
+}
+
+/// Broken if there is something to tell.
+inline SOutcome brokenIf(const QString& seen)
+{
+    return seen.isEmpty() ? kept() : broken(seen);
+}
+
+} // namespace Plugin::Halvex::Testing

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "testing/SRule_p.h"
+
+namespace Plugin::Halvex::Testing {
+
+SFinding makeFinding(const SRuleInfo& rule, const QString& seen)
+{
+    return {rule.name, seen, rule.why, rule.how, QStringLiteral("manual/model-contract.html#%1").arg(rule.name)};
+}
+
+bool enterOutcome(const SRuleInfo& rule, const SOutcome& outcome, bool isBasic, SReport* report)
+{
+    switch (outcome.kind) {
+    case SOutcome::EKind::Kept:
+        ++report->kept;
+        return true;
+    case SOutcome::EKind::LeftOut:
+        report->leftOut.push_back({rule.name, outcome.text});
+        return true;
+    case SOutcome::EKind::Broken:
+        report->findings.push_back(makeFinding(rule, outcome.text));
+        break;
+    }
+    if (isBasic)
+        report->leftOut.push_back(
+            {QStringLiteral("all rules behind it"), QStringLiteral("they need %1").arg(rule.name)});
+    return !isBasic;
+}
+
+} // namespace Plugin::Halvex::Testing

@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include "testing/SOutcome_p.h"
+#include "testing/Thrown_p.h"
+#include <Halvex/testing/SCheckOptions.h>
+#include <Halvex/testing/SReport.h>
+#include <Halvex/testing/SRuleInfo.h>
+
+#include <vector>
+
+namespace Plugin::Halvex::Testing {
+
+/// One rule: its texts, and the function that tries it. A \a Subject is what is checked, with its options.
+template <typename Subject>
+struct SRule
+{
+    const char* name;
+    const char* why;
+    const char* how;
+    SOutcome (*check)(const Subject& subject);
+    bool isBasic = false; ///< Nothing else can be tried if it is broken.
+};
+
+template <typename Subject>
+std::vector<SRuleInfo> infosOf(const std::vector<SRule<Subject>>& rules)
+{
+    std::vector<SRuleInfo> infos;
+    for (const auto& rule : rules)
+        infos.push_back({QString::fromUtf8(rule.name), QString::fromUtf8(rule.why), QString::fromUtf8(rule.how)});
+    return infos;
+}
+
+/// A finding for a rule.
+SFinding makeFinding(const SRuleInfo& rule, const QString& seen);
+
+/// Enters what became of a rule. Returns whether the ones behind it can be tried.
+bool enterOutcome(const SRuleInfo& rule, const SOutcome& outcome, bool isBasic, SReport* report);
+
+/// Tries the rules, one after the other.
+template <typename Subject>
+void tryRules(const std::vector<SRule<Subject>>& rules, const Subject& subject, SReport* report)
+{
+    const std::vector<SRuleInfo> infos = infosOf(rules);
+    for (std::size_t i = 0; i < rules.size(); ++i) {
+        if (subject.options.skip.contains(infos[i].name))
+            continue;
+        if (subject.options.beforeRule)
+            subject.options.beforeRule(infos[i].name);
+        SOutcome outcome;
+        // What throws on the way to a rule has a rule of its own.
+        const QString thrown = thrownBy([&] { outcome = rules[i].check(subject); });
+        if (!thrown.isEmpty())
+            outcome = leftOut(QStringLiteral("what had to be done for it %1").arg(thrown));
+        if (!enterOutcome(infos[i], outcome, rules[i].isBasic, report))
+            return;
+    }
+}
+
+} // namespace Plugin::Halvex::Testing

@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "testing/check/Child.h"
+
+#include "testing/CPluginBench_p.h"
+#include "testing/check/Messages.h"
+
+#include <Halvex/models/AWorkerNodeDataModel.h>
+#include <Halvex/testing/CheckModel.h>
+#include <Halvex/testing/CheckPlugin.h>
+
+#include <sys/resource.h>
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
+namespace Plugin::Halvex::Testing {
+
+namespace {
+
+// Freed memory is filled with something that no pointer can be, so that its use ends the process in the rule that
+// tries it.
+void makeMistakesCount()
+{
+#ifdef __GLIBC__
+    mallopt(M_PERTURB, 0xa5);
+#endif
+    const rlimit none{};
+    setrlimit(RLIMIT_CORE, &none);
+}
+
+SCheckOptions optionsFrom(const SArguments& arguments)
+{
+    SCheckOptions options;
+    options.skip = arguments.skip;
+    options.instances = arguments.instances;
+    options.longestCall = arguments.longestCall;
+    options.beforeRule = [](const QString& rule) { sendMessage({{QStringLiteral("rule"), rule}}); };
+    return options;
+}
+
+void sendReport(const SReport& report)
+{
+    sendMessage({{QStringLiteral("report"), toJson(report)}});
+}
+
+EExitCode sendError(const QString& error)
+{
+    sendMessage({{QStringLiteral("error"), error}});
+    return EExitCode::NotChecked;
+}
+
+} // namespace
+
+EExitCode runChild(const SArguments& arguments)
+{
+    makeMistakesCount();
+    SCheckOptions options = optionsFrom(arguments);
+    if (arguments.role == SArguments::ERole::CheckPlugin) {
+        sendReport(checkPlugin(arguments.file, arguments.companions, options));
+        return EExitCode::Kept;
+    }
+    const CPluginBench bench(arguments.file, arguments.companions);
+    if (!bench.error().isEmpty())
+        return sendError(bench.error());
+    if (const ITestData* const data = bench.testData()) {
+        options.makeData = [data](const SNodeDataType& type, int number) { return data->makeData(type, number); };
+        options.checksum = [data](const CNodeData& checked) { return data->checksum(checked); };
+    }
+    for (const auto& [name, creator] : bench.models()) {
+        if (arguments.role == SArguments::ERole::ListModels)
+            sendMessage({{QStringLiteral("model"), name}});
+        else if (arguments.models.contains(name))
+            sendReport(checkModel(creator, options));
+    }
+    AWorkerNodeDataModel::waitForRemovedWork();
+    return EExitCode::Kept;
+}
+
+} // namespace Plugin::Halvex::Testing

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+namespace Plugin::Halvex::Testing {
+
+/// How halvex-check ends. Scripts know the numbers.
+enum class EExitCode
+{
+    Kept = 0,      ///< All rules that could be tried are kept.
+    Broken = 1,    ///< At least one is not.
+    NotChecked = 2 ///< Wrong arguments, no such file or model.
+};
+
+} // namespace Plugin::Halvex::Testing

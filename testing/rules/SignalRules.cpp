@@ -1,0 +1,149 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+// Signals: what is announced, when, and in which thread.
+
+#include "testing/CWatchedModel_p.h"
+#include "testing/rules/ModelRules_p.h"
+#include <Halvex/testing/CForeignData.h>
+
+#include <Halvex/models/ASourceNodeDataModel.h>
+
+#include <QThread>
+
+#include <memory>
+
+namespace Plugin::Halvex::Testing {
+
+namespace {
+
+/// Whether the model gives the same object, or the same content, as it gave when it announced it. A model that makes a
+/// new object for each question is not caught unless contents can be compared.
+bool isSame(const CNodeDataPtr& announced, const CNodeDataPtr& now, const CNodeDataPtr& askedAgain,
+            const SCheckOptions& options)
+{
+    if (announced == now || now != askedAgain)
+        return true;
+    if (!announced || !now || !options.checksum)
+        return false;
+    const QByteArray sum = options.checksum(*now);
+    return !sum.isEmpty() && sum == options.checksum(*announced);
+}
+
+QString shownDifference(const CNodeDataPtr& announced)
+{
+    return announced ? QStringLiteral("gave other data than it gives now") : QStringLiteral("was still empty");
+}
+
+} // namespace
+
+SOutcome announcesPortsThatExist(const SModelSubject& subject)
+{
+    CWatchedModel model(subject);
+    model.use();
+    for (NodePortIndex port = 0; port < model.inPorts(); ++port)
+        thrownBy([&] { model->setInData(CNodeDataPtr(new CForeignData), port); });
+    model.settle();
+    const auto isMissing = [&](NodePortIndex port) { return port < 0 || port >= model.outPorts(); };
+    for (const CWatchedModel::SUpdate& update : model.updates()) {
+        if (isMissing(update.port))
+            return broken(QStringLiteral("dataUpdated(%1), with %2 outputs").arg(update.port).arg(model.outPorts()));
+    }
+    for (const NodePortIndex port : model.invalidated()) {
+        if (isMissing(port))
+            return broken(QStringLiteral("dataInvalidated(%1), with %2 outputs").arg(port).arg(model.outPorts()));
+    }
+    return kept();
+}
+
+SOutcome storesBeforeItAnnounces(const SModelSubject& subject)
+{
+    CWatchedModel model(subject);
+    const QString lacks = model.lacks();
+    if (!lacks.isEmpty())
+        return leftOut(lacks);
+    model.feed(1);
+    const bool isAtOnce = !model.updates().empty();
+    model.settle();
+    if (!isAtOnce && !model.updates().empty())
+        model.waitLong(); // it works elsewhere, and may store at any time
+    for (NodePortIndex port = 0; port < model.outPorts(); ++port) {
+        const CNodeDataPtr now = model->outData(port);
+        const CNodeDataPtr askedAgain = model->outData(port);
+        const CWatchedModel::SUpdate* last = nullptr;
+        for (const CWatchedModel::SUpdate& update : model.updates())
+            last = update.port == port ? &update : last;
+        if (last && !isSame(last->data, now, askedAgain, subject.options))
+            return broken(
+                QStringLiteral("when dataUpdated(%1) came, outData(%1) %2").arg(port).arg(shownDifference(last->data)));
+    }
+    return kept();
+}
+
+SOutcome sourceAnnouncesInTheGraphsThread(const SModelSubject& subject)
+{
+    CWatchedModel model(subject);
+    if (!model.source())
+        return kept();
+    const CNodeDataPtr data = model.makeData(0, 1);
+    if (!data)
+        return leftOut(model.lacks());
+    const CNodeDataEntry entry = model.source()->dataEntry();
+    CNodeDataFlowProxy* const proxy = model.source()->getDataFlowProxy();
+    if (!proxy)
+        return broken(QStringLiteral("it has no proxy any more"));
+    const std::unique_ptr<QThread> camera(QThread::create([&] {
+        entry.setData(data);
+        proxy->setData(data);
+    }));
+    camera->start();
+    camera->wait();
+    model.settle();
+    if (model.spokeElsewhere())
+        return broken(QStringLiteral("data that another thread put in was announced in that thread"));
+    return model.updates().empty() ? broken(QStringLiteral("data that another thread put in was not announced"))
+                                   : kept();
+}
+
+SOutcome askingAnnouncesNothing(const SModelSubject& subject)
+{
+    CWatchedModel model(subject);
+    model.use();
+    model.settle();
+    const std::size_t before = model.announcements();
+    for (NodePortIndex port = 0; port < model.outPorts(); ++port)
+        model->outData(port);
+    if (model.announcements() != before)
+        return broken(QStringLiteral("outData() emitted a signal"));
+    model->name();
+    model->caption();
+    model->save();
+    model->validationState();
+    if (model.announcements() != before)
+        return broken(QStringLiteral("name(), caption(), save() or validationState() emitted a signal"));
+    return kept();
+}
+
+SOutcome endsWhatItBegins(const SModelSubject& subject)
+{
+    CWatchedModel model(subject);
+    if (model.lacks().isEmpty()) {
+        thrownBy([&] {
+            model.feed(1);
+            model.feed(2);
+        });
+        model.settle();
+        thrownBy([&] { model.feed(3); });
+    }
+    thrownBy([&] { model.empty(); });
+    model.settle();
+    if (model.finishedUnasked())
+        return broken(QStringLiteral("computingFinished() came without a computingStarted() before it"));
+    if (model.started() == model.finished())
+        return kept();
+    return broken(QStringLiteral("computingStarted() came %1 times and computingFinished() %2 times")
+                      .arg(model.started())
+                      .arg(model.finished()));
+}
+
+} // namespace Plugin::Halvex::Testing

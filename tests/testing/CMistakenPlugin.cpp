@@ -1,0 +1,161 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include "CMistakenPlugin.h"
+
+#include "CNumberModel.h"
+
+#include <Halvex/platform/IServiceManager.h>
+#include <Halvex/service/INodeService.h>
+
+#include <QCoreApplication>
+#include <QPointer>
+#include <QThread>
+#include <QVariant>
+
+#include <cstdio>
+#include <cstdlib>
+#include <stdexcept>
+
+#include <dlfcn.h>
+#include <unistd.h>
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+using Model = CNumberModel;
+
+bool makes(const char* mistake)
+{
+    return qgetenv("HALVEX_TEST_MISTAKE") == mistake;
+}
+
+void add(CNodeDataModelRegistry& registry, const char* name, SMisbehaviour misbehaviour)
+{
+    misbehaviour.name = [name](const Model&) { return QString::fromLatin1(name); };
+    registry.registerModel([misbehaviour] { return std::make_unique<CNumberModel>(misbehaviour); },
+                           QString::fromLatin1("Test"));
+}
+
+void abortOnEmptyData(Model& model, const CNodeDataPtr& data, int index)
+{
+    if (!data)
+        std::abort();
+    model.multiply(data, index);
+}
+
+void exitOnForeignData(Model& model, const CNodeDataPtr& data, int index)
+{
+    if (data && !data.dynamicCast<CNumber>())
+        ::_exit(3);
+    model.multiply(data, index);
+}
+
+/// Goes on in itself when a handler has removed it. What a use of freed memory does is not always the same.
+void useSelfAfterSignal(Model& model, const QString& label)
+{
+    if (label == model.label())
+        return;
+    const QPointer<Model> self(&model);
+    model.storeLabel(label);
+    Q_EMIT model.labelChanged();
+    if (!self)
+        std::abort();
+}
+
+void changeInput(Model& model, const CNodeDataPtr& data, int index)
+{
+    model.multiply(data, index);
+    if (const auto number = data.dynamicCast<CNumber>())
+        number->setValue(number->value() + 1);
+}
+
+void addModels(CNodeDataModelRegistry& registry)
+{
+    add(registry, "Sound", {});
+    SMisbehaviour misbehaviour;
+    misbehaviour.setInData = &abortOnEmptyData;
+    add(registry, "Aborts", misbehaviour);
+    misbehaviour.setInData = &exitOnForeignData;
+    add(registry, "Exits", misbehaviour);
+    misbehaviour.setInData = &changeInput;
+    add(registry, "Spoils", misbehaviour);
+    misbehaviour = {};
+    misbehaviour.setLabel = &useSelfAfterSignal;
+    add(registry, "Uses itself", misbehaviour);
+    misbehaviour = {};
+    misbehaviour.caption = [](const Model&) {
+        std::puts("What a plugin prints is no message.");
+        return QString();
+    };
+    add(registry, "Prints", misbehaviour);
+}
+
+void addHangingModel(CNodeDataModelRegistry& registry)
+{
+    SMisbehaviour misbehaviour;
+    misbehaviour.save = [](const Model&, const QJsonObject& saved) {
+        QThread::sleep(1000);
+        return saved;
+    };
+    add(registry, "Hangs", misbehaviour);
+}
+
+} // namespace
+
+CNodeDataPtr CNumberService::makeData(const SNodeDataType& type, int number) const
+{
+    return numberOptions().makeData(type, number);
+}
+
+QByteArray CNumberService::checksum(const CNodeData& data) const
+{
+    return numberOptions().checksum(data);
+}
+
+CMistakenPlugin::CMistakenPlugin()
+    : m_service(new CNumberService)
+{
+    Dl_info info{};
+    if (makes("stays") && dladdr(&staticMetaObject, &info) != 0)
+        dlopen(info.dli_fname, RTLD_NOW | RTLD_NODELETE);
+    if (makes("ends-in-constructor"))
+        std::abort();
+}
+
+bool CMistakenPlugin::initialize(const QWeakPointer<Core::Service::IServiceManager>& manager)
+{
+    const bool wasHere = qApp->property("wasHere").toBool();
+    if (makes("once") && wasHere)
+        return false;
+    qApp->setProperty("wasHere", true);
+    m_manager = manager;
+    if (const auto present = manager.toStrongRef())
+        present->registerService(m_service);
+    else if (makes("needs-manager"))
+        throw std::logic_error("no manager");
+    return !makes("refuses");
+}
+
+bool CMistakenPlugin::extensionsInitialized()
+{
+    const auto manager = m_manager.toStrongRef();
+    const auto service = manager->findService("Plugin::Halvex::INodeService");
+    CNodeDataModelRegistry& registry = *qobject_cast<INodeService*>(service.data())->registry();
+    if (makes("models"))
+        addModels(registry);
+    if (makes("hangs"))
+        addHangingModel(registry);
+    if (makes("literal"))
+        registry.registerModel([] { return std::make_unique<CNumberModel>(); }, QString::fromLatin1("Test"));
+    return true;
+}
+
+bool CMistakenPlugin::uninitialize(const QWeakPointer<Core::Service::IServiceManager>& manager)
+{
+    const auto present = manager.toStrongRef();
+    if (present && !makes("keeps-service"))
+        present->unregisterService(m_service);
+    return true;
+}

@@ -1,0 +1,421 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+// The checks as functions: of data, converters and plugins, of the library's families of models, and their options.
+
+#include "CNumberModel.h"
+
+#include <Halvex/models/ASinkNodeDataModel.h>
+#include <Halvex/models/ASourceNodeDataModel.h>
+#include <Halvex/models/AWorkerNodeDataModel.h>
+#include <Halvex/models/CGenericNodeDecouplerDataModel.h>
+#include <Halvex/service/CVeltraGrabResultData.h>
+#include <Halvex/testing/CheckConverter.h>
+#include <Halvex/testing/CheckData.h>
+#include <Halvex/testing/CheckModel.h>
+#include <Halvex/testing/CheckPlugin.h>
+#include <Halvex/testing/SRuleInfo.h>
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QtTest>
+
+#include <stdexcept>
+
+using namespace Plugin::Halvex;
+using namespace Plugin::Halvex::Testing;
+
+Q_DECLARE_METATYPE(ModelCreator)
+Q_DECLARE_METATYPE(DataCreator)
+Q_DECLARE_METATYPE(NodeDataConverter)
+
+namespace {
+
+/// What the models below have in common: one port on each side that they have.
+template <typename Base, bool hasInput, bool hasOutput>
+class CNumberPorts : public Base
+{
+public:
+    using Base::Base;
+    QString name() override { return QStringLiteral("Number"); }
+    QString caption() override { return QStringLiteral("Number"); }
+    unsigned int nPorts(ENodePortType side) const override
+    {
+        return (side == ENodePortType::In && hasInput) || (side == ENodePortType::Out && hasOutput) ? 1 : 0;
+    }
+    SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return CNumber::dataType(); }
+    bool isUnique() override { return this->hasUniqueName(); }
+};
+
+class CSource : public CNumberPorts<ASourceNodeDataModel, false, true>
+{
+public:
+    using CNumberPorts::CNumberPorts;
+    void setInData(CNodeDataPtr, NodePortIndex) override {}
+};
+
+class CSink : public CNumberPorts<ASinkNodeDataModel, true, false>
+{
+public:
+    void setInData(CNodeDataPtr data, NodePortIndex) override { getDataFlowProxy()->setData(data); }
+    CNodeDataPtr outData(NodePortIndex) override { return {}; }
+};
+
+class CDoublingWorker : public CNumberPorts<AWorkerNodeDataModel, true, true>
+{
+protected:
+    Work makeWork() const override
+    {
+        return [](const Inputs& inputs) {
+            const auto number = inputs.front().dynamicCast<CNumber>();
+            return number ? makeNumber(2 * number->value()) : CNodeDataPtr();
+        };
+    }
+};
+
+/// Doubles the very number that it is given.
+class CSpoilingWorker : public CDoublingWorker
+{
+protected:
+    Work makeWork() const override
+    {
+        return [](const Inputs& inputs) {
+            if (const auto number = inputs.front().dynamicCast<CNumber>())
+                number->setValue(2 * number->value());
+            return inputs.front();
+        };
+    }
+};
+
+QStringList rulesIn(const SReport& report)
+{
+    QStringList rules;
+    for (const SFinding& finding : report.findings)
+        rules << finding.rule;
+    return rules;
+}
+
+QStringList namesOf(const std::vector<SRuleInfo>& rules)
+{
+    QStringList names;
+    for (const SRuleInfo& rule : rules)
+        names << rule.name;
+    return names;
+}
+
+/// A number with something wrong.
+template <typename Misbehaviour>
+class CWrongNumber : public CNumber
+{
+public:
+    using CNumber::CNumber;
+    SNodeDataType type() const override { return Misbehaviour::type(*this); }
+};
+
+struct SNoId
+{
+    static SNodeDataType type(const CNumber&) { return {QString(), QStringLiteral("Number")}; }
+};
+struct SNoName
+{
+    static SNodeDataType type(const CNumber&) { return {QStringLiteral("Test number"), QString()}; }
+};
+struct STypeOfTheValue
+{
+    static SNodeDataType type(const CNumber& number) { return {QString::number(number.value()), QStringLiteral("N")}; }
+};
+struct STypeOfTheThread
+{
+    static SNodeDataType type(const CNumber&)
+    {
+        const bool isMain = QThread::currentThread() == QCoreApplication::instance()->thread();
+        return {isMain ? QStringLiteral("main") : QStringLiteral("other"), QStringLiteral("N")};
+    }
+};
+
+class CSameAsAll : public CNumber
+{
+public:
+    using CNumber::CNumber;
+    bool sameType(const CNodeData&) const override { return true; }
+};
+
+#ifdef COUNTS_MEMORY
+class CLeakingNumber : public CNumber
+{
+public:
+    explicit CLeakingNumber(int value)
+        : CNumber(value)
+        , m_memory(new QByteArray(100, 'x'))
+    {
+    }
+
+private:
+    QByteArray* const m_memory;
+};
+#endif
+
+template <typename Data>
+DataCreator makes()
+{
+    return [](int number) { return CNodeDataPtr(new Data(number)); };
+}
+
+} // namespace
+
+class tst_Checks : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void soundFamilies_data();
+    void soundFamilies();
+    void workerThatSpoilsItsInput();
+    void rulesAreToldBeforeTheyAreTried();
+    void skippedRulesAreNotTried();
+    void whatCannotBeTriedIsTold();
+    void data_data();
+    void data();
+    void converters_data();
+    void converters();
+    void plugin();
+    void everyRuleIsInTheManual();
+    void text();
+};
+
+void tst_Checks::soundFamilies_data()
+{
+    QTest::addColumn<ModelCreator>("creator");
+    QTest::newRow("source") << ModelCreator([] { return std::make_unique<CSource>(); });
+    QTest::newRow("unique source") << ModelCreator([] { return std::make_unique<CSource>(QStringLiteral("cam-1")); });
+    QTest::newRow("sink") << ModelCreator([] { return std::make_unique<CSink>(); });
+    QTest::newRow("worker") << ModelCreator([] { return std::make_unique<CDoublingWorker>(); });
+    QTest::newRow("decoupler") << ModelCreator(
+        [] { return std::make_unique<CGenericNodeDecouplerDataModel<CNumber>>(); });
+    QTest::newRow("decoupler of grab results")
+        << ModelCreator([] { return std::make_unique<CGenericNodeDecouplerDataModel<CVeltraGrabResultData>>(); });
+}
+
+void tst_Checks::soundFamilies()
+{
+    QFETCH(ModelCreator, creator);
+    SCheckOptions options = numberOptions();
+    options.makeData = [](const SNodeDataType& type, int number) {
+        return type.id == CNumber::dataType().id ? makeNumber(number) : CNodeDataPtr(new CVeltraGrabResultData);
+    };
+    const SReport report = checkModel(creator, options);
+    QVERIFY2(report.findings.empty() && report.leftOut.empty(), qPrintable(toText(report)));
+}
+
+void tst_Checks::workerThatSpoilsItsInput()
+{
+    const SReport report = checkModel([] { return std::make_unique<CSpoilingWorker>(); }, numberOptions());
+    QCOMPARE(rulesIn(report), QStringList{"leaves-its-input-alone"});
+}
+
+void tst_Checks::rulesAreToldBeforeTheyAreTried()
+{
+    QStringList told;
+    SCheckOptions options = numberOptions();
+    options.beforeRule = [&told](const QString& rule) { told << rule; };
+    checkModel([] { return std::make_unique<CNumberModel>(); }, options);
+    QCOMPARE(told, namesOf(modelRules()));
+
+    told.clear();
+    checkModel(ModelCreator(), options);
+    QCOMPARE(told, QStringList{"makes-a-model"});
+}
+
+void tst_Checks::skippedRulesAreNotTried()
+{
+    SMisbehaviour misbehaviour;
+    misbehaviour.caption = [](const CNumberModel&) { return QString(); };
+    SCheckOptions options = numberOptions();
+    options.skip = QStringList{"has-a-caption"};
+    options.beforeRule = [](const QString& rule) { QVERIFY(rule != "has-a-caption"); };
+    const SReport report = checkModel([&] { return std::make_unique<CNumberModel>(misbehaviour); }, options);
+    QVERIFY2(report.findings.empty(), qPrintable(toText(report)));
+    QCOMPARE(std::size_t(report.kept), modelRules().size() - 1);
+}
+
+void tst_Checks::whatCannotBeTriedIsTold()
+{
+    SCheckOptions options = numberOptions();
+    options.makeData = {};
+    options.checksum = {};
+    const SReport report = checkModel([] { return std::make_unique<CNumberModel>(); }, options);
+    QVERIFY2(report.findings.empty(), qPrintable(toText(report)));
+    QStringList left;
+    for (const SLeftOut& one : report.leftOut)
+        left << one.rule;
+    QCOMPARE(left, QStringList({"takes-its-data", "takes-empty-data-later", "gives-the-announced-type",
+                                "leaves-its-input-alone", "leaves-its-output-alone", "stores-before-it-announces",
+                                "lets-go-of-its-data"}));
+}
+
+void tst_Checks::data_data()
+{
+    QTest::addColumn<DataCreator>("creator");
+    QTest::addColumn<QString>("rule");
+    const auto row = [](const char* name, const DataCreator& creator, const QString& rule) {
+        QTest::newRow(name) << creator << rule;
+    };
+    row("sound", makes<CNumber>(), {});
+    row("no creator", {}, "makes-data");
+    row(
+        "nothing", [](int) { return CNodeDataPtr(); }, "makes-data");
+    row(
+        "throws", [](int) -> CNodeDataPtr { throw std::runtime_error("no memory"); }, "makes-data");
+    row(
+        "one for all", [one = makeNumber(1)](int) { return one; }, "makes-data");
+    row("no id", makes<CWrongNumber<SNoId>>(), "type-is-complete");
+    row("no name", makes<CWrongNumber<SNoName>>(), "type-is-complete");
+    row("type of the value", makes<CWrongNumber<STypeOfTheValue>>(), "type-stays-the-same");
+    row("type of the thread", makes<CWrongNumber<STypeOfTheThread>>(), "type-is-the-same-in-every-thread");
+    row("same as all", makes<CSameAsAll>(), "same-type-compares-ids");
+#ifdef COUNTS_MEMORY
+    row("leaks", makes<CLeakingNumber>(), "data-leaves-nothing-behind");
+#endif
+    const auto changesTheLast = [last = std::make_shared<QSharedPointer<CNumber>>()](int number) {
+        if (*last)
+            (*last)->setValue(number + 1);
+        *last = QSharedPointer<CNumber>::create(number);
+        return CNodeDataPtr(*last);
+    };
+    row("changes the last one", changesTheLast, "content-stays-the-same");
+    const auto onlyHere = [](int number) {
+        if (QThread::currentThread() != QCoreApplication::instance()->thread())
+            throw std::runtime_error("wrong thread");
+        return makeNumber(number);
+    };
+    row("only here", onlyHere, "goes-in-any-thread");
+}
+
+void tst_Checks::data()
+{
+    QFETCH(DataCreator, creator);
+    QFETCH(QString, rule);
+    const SReport report = checkData(creator, numberOptions());
+    QVERIFY2(rulesIn(report) == (rule.isEmpty() ? QStringList() : QStringList{rule}), qPrintable(toText(report)));
+}
+
+void tst_Checks::converters_data()
+{
+    QTest::addColumn<NodeDataConverter>("converter");
+    QTest::addColumn<QString>("rule");
+    const auto row = [](const char* name, const NodeDataConverter& converter, const QString& rule) {
+        QTest::newRow(name) << converter << rule;
+    };
+    const auto negated = [](const CNodeDataPtr& data) {
+        const auto number = data.dynamicCast<CNumber>();
+        return number ? makeNumber(-number->value()) : CNodeDataPtr();
+    };
+    row("sound", negated, {});
+    row("empty", {}, "converter-is-there");
+    row(
+        "no empty data",
+        [=](const CNodeDataPtr& data) {
+            if (!data)
+                throw std::logic_error("nothing to convert");
+            return negated(data);
+        },
+        "converts-empty-data");
+    row(
+        "passes on what is foreign",
+        [=](const CNodeDataPtr& data) {
+            const CNodeDataPtr converted = negated(data);
+            return converted ? converted : data;
+        },
+        "converts-foreign-data");
+    row(
+        "another type",
+        [=](const CNodeDataPtr& data) {
+            return negated(data) ? CNodeDataPtr(new CVeltraGrabResultData) : CNodeDataPtr();
+        },
+        "converts-its-data");
+    row(
+        "counts",
+        [=, count = 0](const CNodeDataPtr& data) mutable {
+            return negated(data) ? makeNumber(++count) : CNodeDataPtr();
+        },
+        "converts-alike");
+    row(
+        "every other",
+        [=, isOdd = false](const CNodeDataPtr& data) mutable {
+            isOdd = negated(data) ? !isOdd : isOdd;
+            return isOdd ? negated(data) : CNodeDataPtr();
+        },
+        "converts-alike");
+    row(
+        "in place",
+        [](const CNodeDataPtr& data) {
+            const auto number = data.dynamicCast<CNumber>();
+            if (number)
+                number->setValue(-number->value());
+            return CNodeDataPtr(number);
+        },
+        "leaves-what-it-converts-alone");
+}
+
+void tst_Checks::converters()
+{
+    QFETCH(NodeDataConverter, converter);
+    QFETCH(QString, rule);
+    const SReport report = checkConverter(converter, {CNumber::dataType(), CNumber::dataType()}, numberOptions());
+    QVERIFY2(rulesIn(report) == (rule.isEmpty() ? QStringList() : QStringList{rule}), qPrintable(toText(report)));
+}
+
+void tst_Checks::plugin()
+{
+    const SReport sound = checkPlugin(HALVEX_PLUGIN);
+    QVERIFY2(sound.findings.empty(), qPrintable(toText(sound)));
+
+    const SReport missing = checkPlugin("nowhere.so");
+    QCOMPARE(rulesIn(missing), QStringList{"has-metadata"});
+}
+
+void tst_Checks::everyRuleIsInTheManual()
+{
+    QFile file(MODEL_CONTRACT);
+    QVERIFY2(file.open(QIODevice::ReadOnly), MODEL_CONTRACT);
+    const QString manual = QString::fromUtf8(file.readAll());
+    QStringList headings;
+    static const QRegularExpression heading("^### (.*)$", QRegularExpression::MultilineOption);
+    QRegularExpressionMatchIterator found = heading.globalMatch(manual);
+    while (found.hasNext())
+        headings << found.next().captured(1);
+    QCOMPARE(headings,
+             namesOf(modelRules()) + namesOf(dataRules()) + namesOf(converterRules()) + namesOf(pluginRules()));
+}
+
+void tst_Checks::text()
+{
+    SReport report;
+    report.subject = "Blur";
+    report.kept = 1;
+    QCOMPARE(toText(report), QString("Blur keeps 1 rule.\n"));
+
+    report.findings.push_back({"a-rule", "that", "since", "so", "there"});
+    report.leftOut = {{"b-rule", "no data"}, {"c-rule", "no time"}, {"d-rule", "no data"}};
+    report.times.push_back({"save", 1500, 20000, 1234567});
+    QCOMPARE(toText(report), QString("Blur breaks 1 rule:\n"
+                                     "\n"
+                                     "a-rule\n"
+                                     "  seen  that\n"
+                                     "  why   since\n"
+                                     "  mend  so\n"
+                                     "  page  there\n"
+                                     "\n"
+                                     "Not tried, since no data:\n"
+                                     "  b-rule\n"
+                                     "  d-rule\n"
+                                     "\n"
+                                     "Not tried, since no time:\n"
+                                     "  c-rule\n"
+                                     "\n"
+                                     "Microseconds      median      99 %   longest\n"
+                                     "  save               1.5      20.0    1234.6\n"));
+}
+
+QTEST_GUILESS_MAIN(tst_Checks)
+#include "tst_Checks.moc"
