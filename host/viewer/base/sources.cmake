@@ -5,4 +5,5 @@ target_sources(HalvexHostViewer PRIVATE
   base/CWorkThread.cpp
   base/CWorkThread.h
   base/Theme.cpp
-  base/Theme.h)
+  base/Theme.h
+  base/Wheel.h)

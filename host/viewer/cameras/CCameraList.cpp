@@ -21,10 +21,10 @@ CCameraList::CCameraList(CCameraSessions& sessions, QObject* parent, std::functi
     m_timer.setInterval(interval);
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &CCameraList::search);
-    connect(&sessions, &CCameraSessions::added, this, &CCameraList::rebuild);
-    connect(&sessions, &CCameraSessions::removed, this, &CCameraList::rebuild);
+    connect(&sessions, &CCameraSessions::added, this, &CCameraList::updateRows);
+    connect(&sessions, &CCameraSessions::removed, this, &CCameraList::updateRows);
     connect(&sessions, &CCameraSessions::changed, this, &CCameraList::onSessionChanged);
-    rebuild();
+    updateRows();
 }
 
 void CCameraList::setActive(bool isActive)
@@ -51,10 +51,10 @@ void CCameraList::onFound(const std::vector<SCameraEntry>& found)
     if (std::equal(found.begin(), found.end(), m_found.begin(), m_found.end(), isSame))
         return;
     m_found = found;
-    rebuild();
+    updateRows();
 }
 
-void CCameraList::rebuild()
+std::vector<CCameraList::SRow> CCameraList::wantedRows() const
 {
     std::vector<SRow> rows;
     for (CCameraSession* const session : m_sessions.all())
@@ -64,9 +64,47 @@ void CCameraList::rebuild()
             rows.push_back({camera.id, QStringLiteral("%1 %2").arg(camera.maker, camera.model), nullptr});
     }
     rows.push_back({m_sessions.freeSimulatedCamera(), {}, nullptr});
-    beginResetModel();
-    m_rows = std::move(rows);
-    endResetModel();
+    return rows;
+}
+
+// Row by row, so that whoever shows them keeps what is chosen and where it has scrolled to.
+void CCameraList::updateRows()
+{
+    const std::vector<SRow> wanted = wantedRows();
+    const auto isWanted = [&wanted](const SRow& row) {
+        return std::any_of(wanted.begin(), wanted.end(), [&row](const SRow& each) { return each.name == row.name; });
+    };
+    for (int row = int(m_rows.size()) - 1; row >= 0; --row) {
+        if (isWanted(m_rows[std::size_t(row)]))
+            continue;
+        beginRemoveRows({}, row, row);
+        m_rows.erase(m_rows.begin() + row);
+        endRemoveRows();
+    }
+    for (int row = 0; row < int(wanted.size()); ++row)
+        putRow(wanted[std::size_t(row)], row);
+}
+
+// Those above it are in their places.
+void CCameraList::putRow(const SRow& wanted, int row)
+{
+    const int from = indexOf(wanted.name).row();
+    if (from < 0) {
+        beginInsertRows({}, row, row);
+        m_rows.insert(m_rows.begin() + row, wanted);
+        endInsertRows();
+        return;
+    }
+    if (from != row) {
+        beginMoveRows({}, from, from, {}, row);
+        std::rotate(m_rows.begin() + row, m_rows.begin() + from, m_rows.begin() + from + 1);
+        endMoveRows();
+    }
+    SRow& present = m_rows[std::size_t(row)];
+    const bool isSame = present.session == wanted.session && present.title == wanted.title;
+    present = wanted;
+    if (!isSame)
+        Q_EMIT dataChanged(index(row), index(row));
 }
 
 void CCameraList::onSessionChanged(const CCameraSession* session)

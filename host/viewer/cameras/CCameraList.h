@@ -82,7 +82,9 @@ private:
 
     void search();
     void onFound(const std::vector<SCameraEntry>& found);
-    void rebuild();
+    std::vector<SRow> wantedRows() const;
+    void updateRows();
+    void putRow(const SRow& wanted, int row);
     void onSessionChanged(const CCameraSession* session);
     EState stateOf(const SRow& row) const;
     QString stateText(const SRow& row) const;

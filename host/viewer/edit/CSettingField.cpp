@@ -3,6 +3,8 @@
 
 #include "host/viewer/edit/CSettingField.h"
 
+#include "host/viewer/base/Wheel.h"
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
@@ -129,11 +131,8 @@ void CSettingField::showProblem(const QString& text)
 
 bool CSettingField::eventFilter(QObject* watched, QEvent* event)
 {
-    // Turning the wheel over a panel scrolls it; only a field that was chosen takes it.
-    if (event->type() == QEvent::Wheel && !m_editor->hasFocus()) {
-        event->ignore();
+    if (isWheelForPanel(*m_editor, event))
         return true;
-    }
     const bool isKey = event->type() == QEvent::KeyPress && !static_cast<QKeyEvent*>(event)->isAutoRepeat();
     if (isKey || event->type() == QEvent::MouseButtonPress || event->type() == QEvent::FocusIn)
         ++m_gesture;

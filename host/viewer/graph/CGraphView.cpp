@@ -92,10 +92,18 @@ void CGraphView::fit()
         setTransform(QTransform());
     centerOn(all.center());
     updateOverview();
+    m_isFitted = true;
+}
+
+void CGraphView::lookAt(QPointF point)
+{
+    m_isFitted = false;
+    centerOn(point);
 }
 
 void CGraphView::zoom(double factor)
 {
+    m_isFitted = false;
     const double now = transform().m11();
     const double wanted = std::clamp(now * factor, leastZoom, mostZoom);
     scale(wanted / now, wanted / now);
@@ -167,10 +175,9 @@ void CGraphView::resizeEvent(QResizeEvent* event)
 {
     QGraphicsView::resizeEvent(event);
     placeOverlays();
-    if (!m_wasFitted && isVisible()) {
-        m_wasFitted = true;
+    // Until a person looks elsewhere, all stays to be seen.
+    if (m_isFitted && isVisible())
         fit();
-    }
 }
 
 void CGraphView::changeEvent(QEvent* event)
@@ -227,7 +234,9 @@ void CGraphView::placeOverlays()
 void CGraphView::updateOverview()
 {
     const QRectF shown = mapToScene(viewport()->rect()).boundingRect();
-    m_overview->setVisible(m_isOverviewEnabled && !shown.contains(m_canvas->nodesRect()));
+    const QSize least = m_overview->sizeHint() * 2; // or it hides more than it shows
+    const bool hasRoom = width() >= least.width() && height() >= least.height();
+    m_overview->setVisible(m_isOverviewEnabled && hasRoom && !shown.contains(m_canvas->nodesRect()));
     m_overview->update();
 }
 

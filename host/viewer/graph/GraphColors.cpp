@@ -84,4 +84,9 @@ QColor kindColor(ENodeKind kind, const QPalette& palette)
     return hueColor(210, palette);
 }
 
+QColor headColor(ENodeKind kind, const QPalette& palette)
+{
+    return mixed(graphColors(palette).node, kindColor(kind, palette), 0.175);
+}
+
 } // namespace Host

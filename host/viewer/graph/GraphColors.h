@@ -34,4 +34,7 @@ QColor typeColor(const QString& typeId, const QPalette& palette);
 
 QColor kindColor(ENodeKind kind, const QPalette& palette);
 
+/// What the head of such a node is filled with; texts can be read on it as on the node.
+QColor headColor(ENodeKind kind, const QPalette& palette);
+
 } // namespace Host

@@ -229,7 +229,7 @@ bool CViewerWindow::importChain(const QString& file, CScenePage* page)
     const bool isFresh = page->scene()->nodes().size() <= givenNodes;
     const QString error = m_files.importChain(*page, file);
     if (error.isEmpty() && isFresh) {
-        page->view().canvas().arrange();
+        page->view().canvas().placeAll();
         page->view().fit();
     }
     return report(error, tr("Imported %1").arg(QFileInfo(file).fileName()));

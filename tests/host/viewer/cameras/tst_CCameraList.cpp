@@ -70,6 +70,7 @@ private Q_SLOTS:
     void foundCamera();
     void statesOfASession();
     void connectedCameraIsListedOnce();
+    void rowsStayTheSame();
     void everyStateHasAText();
 };
 
@@ -145,6 +146,27 @@ void tst_CCameraList::connectedCameraIsListedOnce()
     test.list.setActive(true);
     QTRY_VERIFY(test.searches.load() > 1);
     QCOMPARE(test.list.rowCount(), 2);
+}
+
+// What is chosen in a view stays chosen.
+void tst_CCameraList::rowsStayTheSame()
+{
+    SList test;
+    test.list.setActive(true);
+    QTRY_VERIFY(test.list.indexOf(network.id).isValid());
+    const QPersistentModelIndex chosen = test.list.indexOf("fake");
+    const QPersistentModelIndex other = test.list.indexOf(network.id);
+    const QSignalSpy resets(&test.list, &CCameraList::modelReset);
+    test.sessions.connectCamera(camera("fake"));
+    QCOMPARE(chosen.row(), 0);
+    QCOMPARE(chosen.data(CCameraList::NameRole).toString(), QString("fake"));
+    QCOMPARE(other.data(CCameraList::NameRole).toString(), network.id);
+    test.isThere = false;
+    QTRY_VERIFY(!other.isValid());
+    test.sessions.disconnectCamera("fake");
+    QCOMPARE(test.state("fake"), EState::Free);
+    QCOMPARE(chosen.data(CCameraList::NameRole).toString(), QString("fake"));
+    QCOMPARE(resets.count(), 0);
 }
 
 void tst_CCameraList::everyStateHasAText()

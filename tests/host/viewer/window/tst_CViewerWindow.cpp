@@ -324,6 +324,7 @@ void tst_CViewerWindow::openSaveImport()
     QVERIFY(test.window->importChain(DEMO_CHAIN));
     const std::size_t nodes = test.window->tabs().current()->scene()->nodes().size();
     QVERIFY(nodes > 10);
+    QCOMPARE(test.window->tabs().current()->editor().undoStack().count(), 1);
     QVERIFY(test.window->saveScene(test.file("scene.json")));
     QVERIFY(!test.window->tabs().current()->isModified());
     test.window->tabs().current()->editor().addNode("Blur", {});
