@@ -26,7 +26,8 @@ struct SGraphColors
     QColor busy;
 };
 
-/// For a light or a dark palette. The text colours have a contrast of 4.5 or more on a node.
+/// For a light or a dark palette. The text colours have a contrast of 4.5 or more on a node. All of these are for the
+/// main thread.
 SGraphColors graphColors(const QPalette& palette);
 
 /// Data of one type has one colour. Many types share a few.
