@@ -7,10 +7,19 @@
 #include "host/viewer/cameras/CCameraSession.h"
 #include "host/viewer/cameras/CCameraSessions.h"
 
+#include <QThreadPool>
+
 #include <algorithm>
 #include <utility>
 
 namespace Host {
+
+namespace {
+
+// Not that of the views: who waits for an answer of the network would keep their pictures waiting.
+Q_GLOBAL_STATIC(QThreadPool, searchPool)
+
+} // namespace
 
 CCameraList::CCameraList(CCameraSessions& sessions, QObject* parent, std::function<std::vector<SCameraEntry>()> find,
                          std::chrono::milliseconds interval)
@@ -18,6 +27,7 @@ CCameraList::CCameraList(CCameraSessions& sessions, QObject* parent, std::functi
     , m_sessions(sessions)
     , m_find(std::move(find))
 {
+    m_searcher.setThreadPool(searchPool());
     m_timer.setInterval(interval);
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &CCameraList::search);
@@ -39,7 +49,7 @@ void CCameraList::search()
 {
     m_isSearching = true;
     m_timer.start(); // what stops it while the search is under way stops the next one
-    m_work.run(m_find, this, [this](const std::vector<SCameraEntry>& found) { onFound(found); });
+    m_searcher.run([this, find = m_find] { return [this, found = find()] { onFound(found); }; });
 }
 
 void CCameraList::onFound(const std::vector<SCameraEntry>& found)

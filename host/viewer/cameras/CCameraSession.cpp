@@ -249,6 +249,7 @@ void CCameraSession::close()
     if (m_isClosing)
         return;
     m_isClosing = true;
+    m_programLock = std::make_unique<QEventLoopLocker>();
     if (m_thread)
         m_thread->requestInterruption();
     else if (!m_isBusy)

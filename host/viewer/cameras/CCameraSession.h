@@ -11,6 +11,7 @@
 #include <Halvex/graph/CNodeBase.h>
 #include <Halvex/scene/CNodeScene.h>
 
+#include <QEventLoopLocker>
 #include <QImage>
 #include <QObject>
 #include <QPointer>
@@ -119,7 +120,8 @@ public Q_SLOTS:
     /// Sets one, or runs a command, which has no value, and reads all of them again.
     void setFeature(const QString& name, const QString& value);
 
-    /// Stops, and deletes this object when that is done. Its scene stays.
+    /// Stops, and deletes this object when that is done. Its scene stays. The program goes on until then, also when its
+    /// last window is closed.
     void close();
 
 Q_SIGNALS:
@@ -174,6 +176,7 @@ private:
     std::shared_ptr<IFrameSource> m_source;  // while it streams
     std::unique_ptr<CGrabThread> m_thread;
     CWorkThread m_work;
+    std::unique_ptr<QEventLoopLocker> m_programLock; // while it closes
 };
 
 } // namespace Host

@@ -226,7 +226,7 @@ bool CViewerWindow::importChain(const QString& file, CScenePage* page)
     if (!page)
         return report(tr("A chain needs a scene: connect a camera first."), {});
     constexpr std::size_t givenNodes = 2; // the camera and its view, which nobody has put anywhere
-    const bool isFresh = page->scene()->nodes().size() <= givenNodes;
+    const bool isFresh = page->editor().undoStack().index() == 0 && page->scene()->nodes().size() <= givenNodes;
     const QString error = m_files.importChain(*page, file);
     if (error.isEmpty() && isFresh) {
         page->view().canvas().placeAll();

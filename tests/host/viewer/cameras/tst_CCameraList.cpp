@@ -29,6 +29,12 @@ struct SList
         : tester(&list)
     {
     }
+    ~SList()
+    {
+        list.setActive(false);
+        QTRY_COMPARE(ended.load(), searches.load()); // the last one may outlive the list, but not what it asks
+    }
+    Q_DISABLE_COPY(SList)
 
     EState state(const QString& name) const { return EState(list.indexOf(name).data(CCameraList::StateRole).toInt()); }
 
@@ -38,6 +44,7 @@ struct SList
     SHostService service;
     CCameraSessions sessions{service.nodes, service.models};
     std::atomic<int> searches{0};
+    std::atomic<int> ended{0};
     std::atomic<bool> isThere{true};
     std::atomic<bool> isHeld{false};
     QSemaphore held;
@@ -52,6 +59,7 @@ struct SList
                          std::vector<SCameraEntry> found{{"fake", "Aravis", "Fake", {}, {}}};
                          if (isThere)
                              found.push_back(network);
+                         ++ended;
                          return found;
                      },
                      std::chrono::milliseconds(20)};

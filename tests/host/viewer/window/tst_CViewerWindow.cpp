@@ -109,6 +109,7 @@ private Q_SLOTS:
     void changesAreAskedAbout();
     void questionGoesWithItsScene();
     void closingTheWindowAsks();
+    void closingTheWindowClosesCameras();
     void fileIsForTheSceneItWasAskedFor();
     void fileDialogGoesWithItsScene();
     void sceneRemovedByOthers();
@@ -265,6 +266,23 @@ void tst_CViewerWindow::closingTheWindowAsks()
         QTRY_VERIFY(!question);
         QCOMPARE(test.window->isVisible(), answer == QMessageBox::Cancel);
     }
+}
+
+void tst_CViewerWindow::closingTheWindowClosesCameras()
+{
+    SWindow test;
+    QVector<QPointer<CCameraSession>> sessions;
+    for (const char* name : {"fake-1", "fake-2"}) {
+        sessions << test.connectCamera(name);
+        QTRY_VERIFY(sessions.last()->isOpen());
+        sessions.last()->start();
+        QTRY_VERIFY(sessions.last()->frames() > 0);
+    }
+    QVERIFY(test.window->close());
+    QVERIFY(test.window->sessions().all().isEmpty());
+    for (const QPointer<CCameraSession>& session : sessions) // each in the background
+        QTRY_VERIFY(!session);
+    QVERIFY(test.service.nodes.getActiveScene());
 }
 
 void tst_CViewerWindow::fileIsForTheSceneItWasAskedFor()
