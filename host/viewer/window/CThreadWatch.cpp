@@ -3,6 +3,8 @@
 
 #include "host/viewer/window/CThreadWatch.h"
 
+#include "host/viewer/base/ModelText.h"
+
 #include <Halvex/graph/CNodeConnection.h>
 #include <Halvex/models/ASinkNodeDataModel.h>
 #include <Halvex/models/ASourceNodeDataModel.h>
@@ -107,7 +109,7 @@ QString CThreadWatch::suspects() const
     }
     QStringList names;
     for (const CNodeBase* const node : nodes)
-        names << node->nodeDataModel()->caption();
+        names << modelText(node->nodeDataModel()->caption());
     names.sort(); // the table's order means nothing
     names.removeDuplicates();
     return names.join(QStringLiteral(", "));

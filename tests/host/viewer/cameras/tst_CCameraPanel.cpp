@@ -116,16 +116,16 @@ void tst_CCameraPanel::searchesWhileItIsSeen()
 {
     SHostService service;
     CCameraSessions sessions(service.nodes, service.models);
-    std::atomic<int> searches{0};
-    CCameraList list(sessions, nullptr, [&searches] {
-        ++searches;
+    const auto searches = std::make_shared<std::atomic<int>>(0); // a search may outlive its list
+    CCameraList list(sessions, nullptr, [searches] {
+        ++*searches;
         return std::vector<SCameraEntry>();
     });
     CCameraPanel panel(sessions, list);
     QCoreApplication::processEvents();
-    QCOMPARE(searches.load(), 0);
+    QCOMPARE(searches->load(), 0);
     panel.show();
-    QTRY_COMPARE(searches.load(), 1);
+    QTRY_COMPARE(searches->load(), 1);
 }
 
 void tst_CCameraPanel::filesAsACamera()
