@@ -34,6 +34,7 @@ constexpr double leastZoom = 0.04;
 constexpr double mostZoom = 4;
 constexpr double dotDistance = 24;
 constexpr int overlayMargin = 12;
+constexpr double roomForLabel = 128; // of a connection
 
 } // namespace
 
@@ -141,10 +142,18 @@ void CGraphView::place(const QString& modelName)
     for (const auto& entry : m_canvas->nodeItems())
         taken.emplace_back(entry.second->pos(), entry.second->size());
     const QSizeF usual(208, 128);
-    const QPointF middle = mapToScene(viewport()->rect().center()) - QPointF(usual.width(), usual.height()) / 2;
-    const Core::CId added = m_editor->addNode(modelName, findFreePlace(usual, middle, taken));
-    if (added != Core::CId())
-        goTo(added);
+    const auto chosen = m_canvas->selectedNodes();
+    const CNodeItem* const last = chosen.size() == 1 ? m_canvas->nodeItem(chosen.front()) : nullptr;
+    // Behind the chosen node, which is most often to feed it.
+    const QPointF wanted = last ? last->pos() + QPointF(last->size().width() + roomForLabel, 0)
+                                : mapToScene(viewport()->rect().center()) -
+                                      QPointF(usual.width(), usual.height()) / 2;
+    const Core::CId added = m_editor->addNode(modelName, findFreePlace(usual, wanted, taken));
+    if (added == Core::CId())
+        return;
+    goTo(added);
+    if (m_isFitted)
+        fit();
 }
 
 void CGraphView::setOverviewEnabled(bool enabled)

@@ -61,7 +61,8 @@ public:
     void search();
     CGraphSearch& searchBar() const { return *m_search; }
 
-    /// Adds a node of that model in the middle of the view, chosen. Connect CModelPalette::placeRequested() to it.
+    /// Adds a node of that model behind the chosen one, or in the middle of the view if none is, and chooses it.
+    /// Connect CModelPalette::placeRequested() to it.
     void place(const QString& modelName);
 
     /// The overview is there while the view does not show all nodes and is much larger; it can be switched off.

@@ -98,8 +98,9 @@ void CNodePainter::paintBox(QPainter& painter, const SNodeMood& mood, double det
     const bool isMarked = mood.isSelected || m_look.state != ENodeValidationState::Valid;
     // At least a pixel of the screen, however small the node is.
     const double width = std::max(isMarked ? 2.0 : 1.0, (isMarked ? 2.0 : 1.0) / detail);
-    painter.setPen(QPen(mood.isSelected ? m_colors.selection : stateColor(), width));
+    const QPen border(mood.isSelected ? m_colors.selection : stateColor(), width);
     if (detail < leastForText) {
+        painter.setPen(border);
         painter.setBrush(m_colors.node);
         painter.drawRect(box);
         painter.fillRect(m_geometry.head(), kindColor(m_look.kind, m_palette));
@@ -107,10 +108,14 @@ void CNodePainter::paintBox(QPainter& painter, const SNodeMood& mood, double det
     }
     const QColor head = headColor(m_look.kind, m_palette);
     const bool isBrief = detail < leastForNodeDetails;
+    painter.setPen(Qt::NoPen);
     painter.setBrush(isBrief ? head : m_colors.node);
     painter.drawRoundedRect(box, radius, radius);
     if (!isBrief)
         painter.fillPath(headPath(m_geometry.head()), head);
+    painter.setPen(border);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(box, radius, radius);
 }
 
 void CNodePainter::paintHead(QPainter& painter) const

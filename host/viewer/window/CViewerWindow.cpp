@@ -133,6 +133,8 @@ void CViewerWindow::onOpened(const CCameraSession* session)
     m_tabs->setCurrentWidget(page);
     m_docks->cameras().choose(session->name());
     addImageView();
+    page->view().canvas().placeAll();
+    page->view().fit();
     // A camera's scene begins with its image: there is nothing to undo yet.
     page->editor().undoStack().clear();
 }
@@ -146,7 +148,7 @@ void CViewerWindow::addImageView()
     CGraphEditor& editor = page->editor();
     const Core::CId cameraId = camera->id();
     editor.undoStack().beginMacro(tr("Show the camera's image"));
-    const QPointF beside = editor.positions().value(cameraId.toString()) + QPointF(40 * gridStep, 0);
+    const QPointF beside = editor.positions().value(cameraId.toString()) + QPointF(48 * gridStep, 0);
     const Core::CId view = editor.addNode(CViewModel::modelName(), beside);
     const bool isMade = editor.node(view) != nullptr;
     if (isMade) {

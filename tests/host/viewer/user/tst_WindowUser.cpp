@@ -22,7 +22,7 @@ void tst_WindowUser::theWindowStaysSound()
     constexpr int stepsBetweenUndos = 100;
     constexpr int rememberedSteps = 12;
     const unsigned int seed = freshSeed();
-    const int steps = userSteps(1500);
+    const int steps = userSteps(1000);
     CWindowUser user(seed);
     QVERIFY(user.plugCameraIn());
     QString wrong;
@@ -50,5 +50,12 @@ void tst_WindowUser::theWindowStaysSound()
     std::printf("%d steps, seed %u, %.0f s\n", steps, seed, double(clock.elapsed()) / 1000.0);
 }
 
-QTEST_MAIN(tst_WindowUser)
+int main(int argc, char* argv[])
+{
+    qputenv("QTEST_FUNCTION_TIMEOUT", "86400000"); // milliseconds; it is as long as it was asked for
+    const QApplication application(argc, argv);
+    tst_WindowUser test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "tst_WindowUser.moc"
