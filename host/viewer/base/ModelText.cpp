@@ -11,7 +11,8 @@ namespace {
 
 constexpr const char* context = "Host::ModelText";
 
-// The models are shared with the command line, which speaks English. So their texts are listed here, for the translators.
+// The models are shared with the command line, which speaks English. So their texts are listed here, for the
+// translators.
 [[maybe_unused]] constexpr const char* knownTexts[] = {
     QT_TRANSLATE_NOOP("Host::ModelText", "Filters"),
     QT_TRANSLATE_NOOP("Host::ModelText", "Sinks"),
@@ -69,12 +70,10 @@ constexpr const char* context = "Host::ModelText";
     QT_TRANSLATE_NOOP("Host::ModelText", "Grey values above it become white. Otsu does not ask for it."),
     QT_TRANSLATE_NOOP("Host::ModelText", "How fast the video plays."),
     QT_TRANSLATE_NOOP("Host::ModelText", "How much the grey value must change."),
-    QT_TRANSLATE_NOOP("Host::ModelText",
-                      "It writes one of so many frames; 0: as the run says, with --write-every."),
+    QT_TRANSLATE_NOOP("Host::ModelText", "It writes one of so many frames; 0: as the run says, with --write-every."),
     QT_TRANSLATE_NOOP("Host::ModelText",
                       "Otsu finds the threshold that separates each image best, Fixed takes 'level'."),
-    QT_TRANSLATE_NOOP("Host::ModelText",
-                      "Pixels along each side of the square in which the change is looked for."),
+    QT_TRANSLATE_NOOP("Host::ModelText", "Pixels along each side of the square in which the change is looked for."),
     QT_TRANSLATE_NOOP("Host::ModelText", "Pixels along each side of the square that a pixel is smoothed over."),
     QT_TRANSLATE_NOOP("Host::ModelText", "The name of its folder. A chain gives it."),
     QT_TRANSLATE_NOOP("Host::ModelText", "What stands above the image."),

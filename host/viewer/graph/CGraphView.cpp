@@ -146,8 +146,7 @@ void CGraphView::place(const QString& modelName)
     const CNodeItem* const last = chosen.size() == 1 ? m_canvas->nodeItem(chosen.front()) : nullptr;
     // Behind the chosen node, which is most often to feed it.
     const QPointF wanted = last ? last->pos() + QPointF(last->size().width() + roomForLabel, 0)
-                                : mapToScene(viewport()->rect().center()) -
-                                      QPointF(usual.width(), usual.height()) / 2;
+                                : mapToScene(viewport()->rect().center()) - QPointF(usual.width(), usual.height()) / 2;
     const Core::CId added = m_editor->addNode(modelName, findFreePlace(usual, wanted, taken));
     if (added == Core::CId())
         return;

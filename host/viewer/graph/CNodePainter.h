@@ -21,8 +21,8 @@ struct SNodeMood
     const LitPorts* litPorts = nullptr; ///< Null while no connection is being drawn.
 };
 
-/// From this zoom on, in pixels of the screen per pixel of the unscaled drawing, all texts of a graph can be read. Below
-/// it only what matters most is written, in a size of its own.
+/// From this zoom on, in pixels of the screen per pixel of the unscaled drawing, all texts of a graph can be read.
+/// Below it only what matters most is written, in a size of its own.
 constexpr double leastForNodeDetails = 0.75;
 
 /// Draws one node. What could not be read at the zoom is left out.

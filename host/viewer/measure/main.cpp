@@ -141,8 +141,7 @@ void soak(CViewerWindow& window, seconds time)
     printRow("random edits meanwhile", QStringLiteral("%1, seed %2").arg(edits.edits()).arg(seed));
 }
 
-void measureWindow(CMeasuredApplication& application, const CHostServices& services, const SAsked& asked,
-                   SRates* rates)
+void measureWindow(CMeasuredApplication& application, const CHostServices& services, const SAsked& asked, SRates* rates)
 {
     SMeasuredWindow shown(services);
     CLoad load(shown.window.sessions(), services.nodes(), asked.load);

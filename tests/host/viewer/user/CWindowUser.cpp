@@ -197,9 +197,9 @@ const char* CWindowUser::useImages()
         trigger("addImageView");
         return "add image view";
     }
-    static const QStringList names{"image.fit",        "image.oneToOne",      "image.histogram",
-                                   "image.logarithmic", "image.palette.heat", "image.range.automatic",
-                                   "image.range.manual", "image.record.raw",  "image.record.stop"};
+    static const QStringList names{"image.fit",          "image.oneToOne",     "image.histogram",
+                                   "image.logarithmic",  "image.palette.heat", "image.range.automatic",
+                                   "image.range.manual", "image.record.raw",   "image.record.stop"};
     const QString& name = names.at(int(pick(std::size_t(names.size()))));
     const auto actions = docks.at(int(pick(std::size_t(docks.size()))))->imageActions();
     for (QAction* const action : actions) {
