@@ -8,6 +8,8 @@
 #include <Halvex/graph/CNodeConnection.h>
 #include <Halvex/models/ASinkNodeDataModel.h>
 #include <Halvex/models/ASourceNodeDataModel.h>
+#include <Halvex/models/AWorkerNodeDataModel.h>
+#include <Halvex/models/CNodeDecouplerDataModelBase.h>
 #include <Halvex/scene/CNodeScene.h>
 
 #include <algorithm>
@@ -22,6 +24,14 @@ namespace {
 constexpr int beatInterval = 50; // milliseconds
 // So long after the last sign there is nothing to watch: the window is at rest and nothing is to wake it.
 constexpr qint64 restAfter = 2000;
+
+// A source only hands on what came from outside; workers and decouplers have threads of their own.
+bool worksInThisThread(const CNodeBase& node)
+{
+    const CNodeDataModel* const model = node.nodeDataModel();
+    return !qobject_cast<const ASourceNodeDataModel*>(model) && !qobject_cast<const AWorkerNodeDataModel*>(model) &&
+           !qobject_cast<const CNodeDecouplerDataModelBase*>(model);
+}
 
 } // namespace
 
@@ -96,14 +106,13 @@ QString CThreadWatch::suspects() const
 {
     if (!m_suspect)
         return {};
-    // A source only hands on what came from outside.
     std::vector<const CNodeBase*> nodes;
-    if (!qobject_cast<ASourceNodeDataModel*>(m_suspect->nodeDataModel()))
+    if (worksInThisThread(*m_suspect))
         nodes.push_back(m_suspect);
     for (const auto& connections : std::as_const(m_suspect->nodeState()).getEntries(ENodePortType::Out)) {
         for (const auto& entry : connections) {
             const CNodeBase* const fed = entry.second->getNode(ENodePortType::In);
-            if (fed && !wasHeard(fed))
+            if (fed && worksInThisThread(*fed) && !wasHeard(fed))
                 nodes.push_back(fed);
         }
     }
