@@ -150,14 +150,13 @@ void measureWindow(CMeasuredApplication& application, const CHostServices& servi
     // The first camera's, with the many nodes.
     shown.window.tabs().setCurrentIndex(0);
     CGraphView& view = shown.window.tabs().current()->view();
-    view.canvas();
     view.fit();
     runFor(settling);
     application.startMeasuring();
     {
         CInputHand hand(*view.viewport());
         *rates = ratesOf(load, asked.part);
-        const std::vector<double> intervals = application.pictureIntervals();
+        const std::vector<double>& intervals = application.pictureIntervals();
         const double p99 = share(intervals, 0.99);
         printRow("pictures of the window",
                  number(double(intervals.size()) / double(std::max<qint64>(1, asked.part.count())), "/s", 0));
