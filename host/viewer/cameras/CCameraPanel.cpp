@@ -33,6 +33,7 @@ CCameraPanel::CCameraPanel(CCameraSessions& sessions, CCameraList& list, QWidget
     m_view->setItemDelegate(new CCameraDelegate(m_view));
     m_view->setUniformItemSizes(true);
     m_view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_message->hide();
     m_message->setWordWrap(true);
     m_message->setTextInteractionFlags(Qt::TextSelectableByMouse);
 
@@ -193,6 +194,8 @@ void CCameraPanel::updateActions()
     colors.setColor(QPalette::WindowText, accentColor(EAccent::Error, palette()));
     m_message->setPalette(colors);
     m_message->setText(error);
+    if (m_message->isHidden() == error.isEmpty())
+        return;
     m_message->setVisible(!error.isEmpty());
     layout()->activate(); // the message takes room from the list
     m_view->scrollTo(m_view->currentIndex());

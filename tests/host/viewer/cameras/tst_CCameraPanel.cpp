@@ -55,6 +55,7 @@ private Q_SLOTS:
     void connectStartStopDisconnect();
     void singleFrame();
     void doubleClickConnectsAndStarts();
+    void messageTakesRoomWhileThereIsOne();
     void searchesWhileItIsSeen();
     void filesAsACamera();
     void failureIsTold();
@@ -110,6 +111,24 @@ void tst_CCameraPanel::doubleClickConnectsAndStarts()
     QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, place);
     QTRY_VERIFY(test.sessions.find("fake"));
     QTRY_COMPARE(test.sessions.find("fake")->state(), EState::Streaming);
+}
+
+void tst_CCameraPanel::messageTakesRoomWhileThereIsOne()
+{
+    SPanel test;
+    auto* const message = test.panel.findChild<QLabel*>();
+    test.panel.resize(340, 330);
+    test.panel.show();
+    QVERIFY(message->isHidden());
+    const CCameraSession* const failed = test.sessions.connectCamera(camera("256.1.1.1"));
+    test.panel.choose("256.1.1.1");
+    QTRY_COMPARE(failed->state(), CCameraSession::EState::Failed);
+    QVERIFY(message->isVisible());
+    // What it is about stays in sight.
+    const auto* const view = test.panel.findChild<QListView*>();
+    QVERIFY(view->viewport()->rect().contains(view->visualRect(view->currentIndex())));
+    test.panel.choose("fake");
+    QVERIFY(message->isHidden());
 }
 
 void tst_CCameraPanel::searchesWhileItIsSeen()
