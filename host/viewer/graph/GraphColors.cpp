@@ -113,7 +113,7 @@ QColor kindColor(ENodeKind kind, const QPalette& palette)
 
 QColor headColor(ENodeKind kind, const QPalette& palette)
 {
-    return mixed(graphColors(palette).node, kindColor(kind, palette), 0.175);
+    return mixed(graphColors(palette).node, kindColor(kind, palette), 0.12);
 }
 
 } // namespace Host

@@ -35,6 +35,8 @@ QPalette paletteOf(const QColor& base, const QColor& text)
 void tst_GraphColors::textCanBeRead_data()
 {
     QTest::addColumn<QPalette>("palette");
+    QTest::newRow("the program's light") << lightPalette();
+    QTest::newRow("the program's dark") << darkPalette();
     QTest::newRow("light") << paletteOf(Qt::white, Qt::black);
     QTest::newRow("dark") << paletteOf(QColor(30, 30, 32), QColor(230, 230, 230));
     QTest::newRow("darker") << paletteOf(Qt::black, Qt::white);
