@@ -34,6 +34,7 @@ struct SFeature
     std::optional<double> most{};  ///< The same.
     double step = 1.0;             ///< Of an integer.
     QString help{};                ///< What the camera says of it, may be empty.
+    bool isLocked = false;         ///< It cannot be written now, but could be at another time.
 };
 
 /**
