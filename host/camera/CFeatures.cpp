@@ -243,7 +243,7 @@ void CFeatures::add(ArvGcNode* node, const QString& category, QSet<QString>* see
 {
     ArvGcFeatureNode* const feature = ARV_GC_FEATURE_NODE(node);
     const QString name = QString::fromUtf8(arv_gc_feature_node_get_name(feature));
-    if (seen->contains(name))
+    if (seen->contains(name) || m_isGone())
         return;
     seen->insert(name);
     if (ARV_IS_GC_CATEGORY(node)) {
