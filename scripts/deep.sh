@@ -7,12 +7,16 @@
 #   FUZZ_SECONDS=60 scripts/deep.sh fuzz     # each fuzzer so long (default: 600)
 #   STEPS=100000 scripts/deep.sh sequences   # so many random steps (default: 1000000)
 #   SOAK_SECONDS=60 scripts/deep.sh soak     # so long (default: 3600)
+#   USER_STEPS=2000 VIEWER_SOAK=60 scripts/deep.sh viewer   # so many random steps (default: 20000), and edits for so
+#                                                           # many seconds (default: 1800)
 . "$(dirname "$0")/common.sh"
 
 FUZZ_SECONDS=${FUZZ_SECONDS:-600}
 STEPS=${STEPS:-1000000}
 SOAK_SECONDS=${SOAK_SECONDS:-3600}
-parts=(lint compilers qt512 sanitizers race instructions bench limits soak sequences fuzz coverage packages mutants)
+USER_STEPS=${USER_STEPS:-20000}
+VIEWER_SOAK=${VIEWER_SOAK:-1800}
+parts=(lint compilers qt512 sanitizers race instructions bench limits soak sequences viewer fuzz coverage packages mutants)
 
 # Each of these prints what the page is to show; the rest of what is said goes to the log.
 lint() {
@@ -56,6 +60,19 @@ sequences() {
     build_tests sequences
     build/release/tests/world/sequences "$STEPS" "$((RANDOM * 32768 + RANDOM))"
 }
+viewer() {
+    need_packages "${picture_packages[@]}" >&2
+    build_tests halvex-viewer-measure tst_WindowUser
+    local display=(xvfb-run --auto-servernum --server-args "-screen 0 1600x1000x24")
+    # What is not on a display first: it is quick.
+    QT_QPA_PLATFORM=offscreen build/release/host/halvex-viewer-measure --seconds 30
+    echo
+    "${display[@]}" build/release/host/halvex-viewer-measure --seconds 30 --soak "$VIEWER_SOAK"
+    echo
+    # All that it says goes to the log; in the page stands what it ends with.
+    HALVEX_USER_STEPS=$USER_STEPS "${display[@]}" build/release/tests/host/viewer/user/tst_WindowUser -maxwarnings 0 |
+        tee /dev/stderr | sed -n 's/^\([0-9]* steps, seed .*\)/A random user of the window: \1/p'
+}
 fuzz() { scripts/fuzz.sh "$FUZZ_SECONDS" | tee /dev/stderr | sed '1,/^== what was run/d' | indent; }
 coverage() { scripts/coverage.sh | tee /dev/stderr | sed '1,/^== coverage/d' | indent; }
 packages() {
@@ -77,9 +94,10 @@ indent() { sed 's/^/    /'; } # Markdown leaves it as it is
 declare -A headings=([lint]="Linters" [compilers]="Other compilers" [qt512]="Newer than Qt 5.12"
     [sanitizers]="All tests with sanitizers, the host's among them"
     [race]="All tests with the race detector" [instructions]="Instructions per delivery" [bench]="Times and memory"
-    [limits]="How far it goes" [soak]="Soak" [sequences]="Random sequences" [fuzz]="Fuzzers" [coverage]="Coverage"
-    [packages]="Debian packages" [mutants]="Mutants")
-declare -A lengths=([soak]="SOAK_SECONDS=$SOAK_SECONDS " [sequences]="STEPS=$STEPS " [fuzz]="FUZZ_SECONDS=$FUZZ_SECONDS ")
+    [limits]="How far it goes" [soak]="Soak" [sequences]="Random sequences" [viewer]="The viewer" [fuzz]="Fuzzers"
+    [coverage]="Coverage" [packages]="Debian packages" [mutants]="Mutants")
+declare -A lengths=([soak]="SOAK_SECONDS=$SOAK_SECONDS " [sequences]="STEPS=$STEPS "
+    [viewer]="USER_STEPS=$USER_STEPS VIEWER_SOAK=$VIEWER_SOAK " [fuzz]="FUZZ_SECONDS=$FUZZ_SECONDS ")
 
 mkdir -p out/deep
 commit=$(git rev-parse HEAD)

@@ -22,17 +22,17 @@ struct SFinding
 /// A rule that could not be tried, or not wholly.
 struct SLeftOut
 {
-    QString rule;
-    QString reason;
+    QString rule;   ///< Its name, as in SFinding.
+    QString reason; ///< What was missing.
 };
 
 /// How long the calls of one operation took, in nanoseconds.
 struct SCallTimes
 {
-    QString call;
-    qint64 median = 0;
-    qint64 percentile99 = 0;
-    qint64 longest = 0;
+    QString call;            ///< "setInData"
+    qint64 median = 0;       ///< Half of the calls took no longer.
+    qint64 percentile99 = 0; ///< 99 of 100 took no longer.
+    qint64 longest = 0;      ///< The one that took longest.
 };
 
 /**

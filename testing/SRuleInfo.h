@@ -13,8 +13,8 @@ namespace Plugin::Halvex::Testing {
 struct SRuleInfo
 {
     QString name; ///< "ports-stay-the-same"
-    QString why;
-    QString how;
+    QString why;  ///< Why there is such a rule.
+    QString how;  ///< How to mend what breaks it.
 };
 
 /// The rules of checkModel(), checkData(), checkConverter() and checkPlugin(), in the order in which they are tried.

@@ -92,6 +92,11 @@ bool CAravisCamera::setFeatures(QString* error)
     return errors.isEmpty();
 }
 
+std::vector<SFeature> CAravisCamera::features() const
+{
+    return CFeatures(arv_camera_get_device(m_camera.get()), [this] { return isLost(); }).all();
+}
+
 bool CAravisCamera::setFeature(const QString& name, const QString& value, QString* error)
 {
     const QString wrong = CFeatures(arv_camera_get_device(m_camera.get())).set(name, value);

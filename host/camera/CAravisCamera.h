@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "host/camera/CFeatures.h"
 #include "host/camera/GObjectPtr.h"
 #include "host/camera/SCameraOptions.h"
 #include "host/sources/IFrameSource.h"
@@ -12,6 +13,7 @@
 #include <atomic>
 #include <chrono>
 #include <memory>
+#include <vector>
 
 // Aravis' own types, so that only who needs the library includes it.
 struct _ArvBuffer;
@@ -66,6 +68,9 @@ public:
 
     /// Reads size and format anew, which were set through handle() while it was stopped. Threads: as start().
     bool refresh(QString* error) { return readGeometry(error); }
+
+    /// As CFeatures::all(); those that were read until then if the camera goes meanwhile.
+    std::vector<SFeature> features() const;
 
     /// Makes the buffers and begins to acquire; does nothing when it does so already. False with the reason in
     /// \a error leaves the camera stopped.

@@ -140,11 +140,17 @@ QString helpOf(ArvGcFeatureNode* feature)
     return QString::fromUtf8(tip ? tip : arv_gc_feature_node_get_description(feature)).simplified();
 }
 
+bool isLocked(ArvGcNode* node)
+{
+    return arv_gc_feature_node_is_locked(ARV_GC_FEATURE_NODE(node), CGLibError().slot());
+}
+
 void addPlain(ArvGcNode* node, SFeature* feature)
 {
     feature->plainValue = plainValueOf(node);
     feature->unit = unitOf(node);
     feature->help = helpOf(ARV_GC_FEATURE_NODE(node));
+    feature->isLocked = isLocked(node);
     if (ARV_IS_GC_ENUMERATION(node)) {
         feature->choices = enumValues(ARV_GC_ENUMERATION(node));
     } else if (isInteger(node)) {
@@ -162,7 +168,7 @@ bool isReadOnly(ArvGcNode* node)
 
 bool isWritable(ArvGcNode* node)
 {
-    return !isReadOnly(node) && !arv_gc_feature_node_is_locked(ARV_GC_FEATURE_NODE(node), CGLibError().slot());
+    return !isReadOnly(node) && !isLocked(node);
 }
 
 // Neither a register nor a value that is computed of others.
@@ -237,7 +243,7 @@ void CFeatures::add(ArvGcNode* node, const QString& category, QSet<QString>* see
 {
     ArvGcFeatureNode* const feature = ARV_GC_FEATURE_NODE(node);
     const QString name = QString::fromUtf8(arv_gc_feature_node_get_name(feature));
-    if (seen->contains(name))
+    if (seen->contains(name) || m_isGone())
         return;
     seen->insert(name);
     if (ARV_IS_GC_CATEGORY(node)) {
@@ -268,10 +274,11 @@ QString CFeatures::refusalOf(const QString& name, const QString& value) const
             known << feature.name;
         return QStringLiteral("it has no feature %1%2").arg(shown(name), didYouMean(name, known));
     }
+    // First, since what is locked counts as read only for as long.
+    if (isLocked(node))
+        return QStringLiteral("the feature '%1' cannot be written now").arg(name);
     if (isReadOnly(node))
         return QStringLiteral("the feature '%1' is read only").arg(name);
-    if (!isWritable(node))
-        return QStringLiteral("the feature '%1' cannot be written now").arg(name);
     const QString wrong = refusal(node, value);
     return wrong.isEmpty() ? QString() : QStringLiteral("the feature '%1' %2").arg(name, wrong);
 }

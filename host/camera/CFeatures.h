@@ -7,7 +7,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
+#include <utility>
 #include <vector>
 
 struct _ArvDevice;
@@ -34,6 +36,7 @@ struct SFeature
     std::optional<double> most{};  ///< The same.
     double step = 1.0;             ///< Of an integer.
     QString help{};                ///< What the camera says of it, may be empty.
+    bool isLocked = false;         ///< It cannot be written now, but could be at another time.
 };
 
 /**
@@ -48,8 +51,11 @@ struct SFeature
 class CFeatures
 {
 public:
-    explicit CFeatures(_ArvDevice* device)
+    /// Once \a isGone says so, no more features are read: a camera that has gone lets each of them wait for seconds.
+    explicit CFeatures(
+        _ArvDevice* device, std::function<bool()> isGone = [] { return false; })
         : m_device(device)
+        , m_isGone(std::move(isGone))
     {
     }
 
@@ -70,6 +76,7 @@ private:
     void add(_ArvGcNode* node, const QString& category, QSet<QString>* seen, std::vector<SFeature>* features) const;
 
     _ArvDevice* const m_device;
+    const std::function<bool()> m_isGone;
 };
 
 } // namespace Host

@@ -16,9 +16,11 @@ namespace {
 constexpr int indent = 2;
 constexpr int columnGap = 2;
 
-// "integer, 1 to 2048", "Off, On", "read only"
+// "integer, 1 to 2048", "Off, On", "locked now", "read only"
 QString takenBy(const SFeature& feature)
 {
+    if (feature.isLocked)
+        return QStringLiteral("locked now");
     if (!feature.isWritable)
         return QStringLiteral("read only");
     if (feature.range.isEmpty())

@@ -9,6 +9,9 @@
 #include <QDir>
 #include <QTest>
 
+#include <csignal>
+#include <sys/prctl.h>
+
 CFakeGigECamera::CFakeGigECamera()
     : m_lock(QDir::temp().filePath(QStringLiteral("halvex-test-gige-port.lock")))
 {
@@ -33,6 +36,11 @@ bool CFakeGigECamera::start(int lostPerThousand)
     };
     return QTest::qWaitFor([&] { return m_process.state() == QProcess::NotRunning || canBeOpened(); }, 20000) &&
            m_process.state() == QProcess::Running;
+}
+
+void CFakeGigECamera::CBoundProcess::setupChildProcess()
+{
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
 }
 
 void CFakeGigECamera::startProcess(int lostPerThousand)

@@ -32,8 +32,15 @@ public:
     void putCableIn();
 
 private:
+    // Ends with the test, also when that is killed: nobody else could have the port then.
+    class CBoundProcess : public QProcess
+    {
+    protected:
+        void setupChildProcess() override;
+    };
+
     void startProcess(int lostPerThousand);
 
     QLockFile m_lock;
-    QProcess m_process;
+    CBoundProcess m_process;
 };

@@ -12,12 +12,19 @@
 namespace Host {
 
 /// An action of \a parent, which owns it, without a text: a widget's retranslate() gives it one.
-template <typename Receiver, typename Slot>
-QAction* makeAction(Receiver* parent, const char* name, const QKeySequence& shortcut, Slot slot)
+inline QAction* makeAction(QObject* parent, const char* name, const QKeySequence& shortcut)
 {
     auto* const action = new QAction(parent);
     action->setObjectName(QLatin1String(name));
     action->setShortcut(shortcut);
+    return action;
+}
+
+/// The same; \a slot of \a parent is what it does.
+template <typename Receiver, typename Slot>
+QAction* makeAction(Receiver* parent, const char* name, const QKeySequence& shortcut, Slot slot)
+{
+    QAction* const action = makeAction(parent, name, shortcut);
     QObject::connect(action, &QAction::triggered, parent, std::move(slot));
     return action;
 }

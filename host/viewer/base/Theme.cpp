@@ -42,11 +42,26 @@ double luminance(const QColor& color)
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
+// As near to the ground as it can still be read.
+QColor dimmed(const QColor& text, const QColor& window, const QColor& base)
+{
+    constexpr int steps = 64;
+    QColor color = text;
+    for (int share = 1; share < steps; ++share) {
+        const auto mix = [share](int from, int to) { return (from * (steps - share) + to * share) / steps; };
+        const QColor next(mix(text.red(), window.red()), mix(text.green(), window.green()),
+                          mix(text.blue(), window.blue()));
+        if (std::min(contrast(next, window), contrast(next, base)) < leastContrast)
+            break;
+        color = next;
+    }
+    return color;
+}
+
 QPalette makePalette(const QColor& window, const QColor& base, const QColor& text, const QColor& highlight)
 {
     QPalette palette(window, window); // works out the shades of frames
-    const QColor dim = QColor::fromRgbF((window.redF() + text.redF()) / 2, (window.greenF() + text.greenF()) / 2,
-                                        (window.blueF() + text.blueF()) / 2);
+    const QColor dim = dimmed(text, window, base);
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(role, text);
         palette.setColor(QPalette::Disabled, role, dim);

@@ -4,5 +4,8 @@ target_sources(HalvexHostViewer PRIVATE
   base/CLanguage.h
   base/CWorkThread.cpp
   base/CWorkThread.h
+  base/ModelText.cpp
+  base/ModelText.h
   base/Theme.cpp
-  base/Theme.h)
+  base/Theme.h
+  base/Wheel.h)

@@ -70,12 +70,15 @@ void CCameraDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     const auto state = CCameraList::EState(index.data(CCameraList::StateRole).toInt());
     const QColor colors[lines] = {text, text, isSelected ? text : stateColor(state, option.palette)};
     const int roles[lines] = {CCameraList::NameRole, CCameraList::TitleRole, CCameraList::StateTextRole};
+    constexpr double detailSize = 0.88; // of the name's: a camera's maker, model and format have room in a narrow dock
     QRect line(picture.right() + gridStep, inner.top(), inner.right() - picture.right() - gridStep,
                option.fontMetrics.height());
     line.translate(0, std::max(0, (inner.height() - lines * line.height()) / 2));
     for (int i = 0; i < lines; ++i) {
         QFont font = option.font;
         font.setBold(i == 0);
+        if (i > 0)
+            font.setPointSizeF(font.pointSizeF() * detailSize);
         painter->setFont(font);
         painter->setPen(colors[i]);
         const QFontMetrics metrics(font);

@@ -7,10 +7,19 @@
 #include "host/viewer/cameras/CCameraSession.h"
 #include "host/viewer/cameras/CCameraSessions.h"
 
+#include <QThreadPool>
+
 #include <algorithm>
 #include <utility>
 
 namespace Host {
+
+namespace {
+
+// Not that of the views: who waits for an answer of the network would keep their pictures waiting.
+Q_GLOBAL_STATIC(QThreadPool, searchPool)
+
+} // namespace
 
 CCameraList::CCameraList(CCameraSessions& sessions, QObject* parent, std::function<std::vector<SCameraEntry>()> find,
                          std::chrono::milliseconds interval)
@@ -18,13 +27,14 @@ CCameraList::CCameraList(CCameraSessions& sessions, QObject* parent, std::functi
     , m_sessions(sessions)
     , m_find(std::move(find))
 {
+    m_searcher.setThreadPool(searchPool());
     m_timer.setInterval(interval);
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &CCameraList::search);
-    connect(&sessions, &CCameraSessions::added, this, &CCameraList::rebuild);
-    connect(&sessions, &CCameraSessions::removed, this, &CCameraList::rebuild);
+    connect(&sessions, &CCameraSessions::added, this, &CCameraList::updateRows);
+    connect(&sessions, &CCameraSessions::removed, this, &CCameraList::updateRows);
     connect(&sessions, &CCameraSessions::changed, this, &CCameraList::onSessionChanged);
-    rebuild();
+    updateRows();
 }
 
 void CCameraList::setActive(bool isActive)
@@ -39,7 +49,7 @@ void CCameraList::search()
 {
     m_isSearching = true;
     m_timer.start(); // what stops it while the search is under way stops the next one
-    m_work.run(m_find, this, [this](const std::vector<SCameraEntry>& found) { onFound(found); });
+    m_searcher.run([this, find = m_find] { return [this, found = find()] { onFound(found); }; });
 }
 
 void CCameraList::onFound(const std::vector<SCameraEntry>& found)
@@ -51,10 +61,10 @@ void CCameraList::onFound(const std::vector<SCameraEntry>& found)
     if (std::equal(found.begin(), found.end(), m_found.begin(), m_found.end(), isSame))
         return;
     m_found = found;
-    rebuild();
+    updateRows();
 }
 
-void CCameraList::rebuild()
+std::vector<CCameraList::SRow> CCameraList::wantedRows() const
 {
     std::vector<SRow> rows;
     for (CCameraSession* const session : m_sessions.all())
@@ -64,9 +74,47 @@ void CCameraList::rebuild()
             rows.push_back({camera.id, QStringLiteral("%1 %2").arg(camera.maker, camera.model), nullptr});
     }
     rows.push_back({m_sessions.freeSimulatedCamera(), {}, nullptr});
-    beginResetModel();
-    m_rows = std::move(rows);
-    endResetModel();
+    return rows;
+}
+
+// Row by row, so that whoever shows them keeps what is chosen and where it has scrolled to.
+void CCameraList::updateRows()
+{
+    const std::vector<SRow> wanted = wantedRows();
+    const auto isWanted = [&wanted](const SRow& row) {
+        return std::any_of(wanted.begin(), wanted.end(), [&row](const SRow& each) { return each.name == row.name; });
+    };
+    for (int row = int(m_rows.size()) - 1; row >= 0; --row) {
+        if (isWanted(m_rows[std::size_t(row)]))
+            continue;
+        beginRemoveRows({}, row, row);
+        m_rows.erase(m_rows.begin() + row);
+        endRemoveRows();
+    }
+    for (int row = 0; row < int(wanted.size()); ++row)
+        putRow(wanted[std::size_t(row)], row);
+}
+
+// Those above it are in their places.
+void CCameraList::putRow(const SRow& wanted, int row)
+{
+    const int from = indexOf(wanted.name).row();
+    if (from < 0) {
+        beginInsertRows({}, row, row);
+        m_rows.insert(m_rows.begin() + row, wanted);
+        endInsertRows();
+        return;
+    }
+    if (from != row) {
+        beginMoveRows({}, from, from, {}, row);
+        std::rotate(m_rows.begin() + row, m_rows.begin() + from, m_rows.begin() + from + 1);
+        endMoveRows();
+    }
+    SRow& present = m_rows[std::size_t(row)];
+    const bool isSame = present.session == wanted.session && present.title == wanted.title;
+    present = wanted;
+    if (!isSame)
+        Q_EMIT dataChanged(index(row), index(row));
 }
 
 void CCameraList::onSessionChanged(const CCameraSession* session)

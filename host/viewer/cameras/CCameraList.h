@@ -4,7 +4,7 @@
 #pragma once
 
 #include "host/camera/Device.h"
-#include "host/viewer/base/CWorkThread.h"
+#include "host/viewer/images/CTaskRunner.h"
 
 #include <QAbstractListModel>
 #include <QTimer>
@@ -53,8 +53,8 @@ public:
         ErrorRole
     };
 
-    /// \a find looks for cameras, in another thread, \a interval after it did so last; \a sessions outlives this
-    /// object.
+    /// \a find looks for cameras, in another thread, \a interval after it did so last. It may still do so when this
+    /// object is gone: a search takes a second, and nothing waits for it. \a sessions outlives this object.
     explicit CCameraList(CCameraSessions& sessions, QObject* parent = nullptr,
                          std::function<std::vector<SCameraEntry>()> find = &findCameras,
                          std::chrono::milliseconds interval = std::chrono::seconds(4));
@@ -82,7 +82,9 @@ private:
 
     void search();
     void onFound(const std::vector<SCameraEntry>& found);
-    void rebuild();
+    std::vector<SRow> wantedRows() const;
+    void updateRows();
+    void putRow(const SRow& wanted, int row);
     void onSessionChanged(const CCameraSession* session);
     EState stateOf(const SRow& row) const;
     QString stateText(const SRow& row) const;
@@ -93,7 +95,7 @@ private:
     std::vector<SRow> m_rows;
     QTimer m_timer{this};
     bool m_isSearching = false;
-    CWorkThread m_work;
+    CTaskRunner m_searcher{CTaskRunner::EPolicy::NewestWins}; // last: it goes first, and calls nobody then
 };
 
 } // namespace Host

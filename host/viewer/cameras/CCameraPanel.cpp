@@ -33,6 +33,7 @@ CCameraPanel::CCameraPanel(CCameraSessions& sessions, CCameraList& list, QWidget
     m_view->setItemDelegate(new CCameraDelegate(m_view));
     m_view->setUniformItemSizes(true);
     m_view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_message->hide();
     m_message->setWordWrap(true);
     m_message->setTextInteractionFlags(Qt::TextSelectableByMouse);
 
@@ -45,6 +46,7 @@ CCameraPanel::CCameraPanel(CCameraSessions& sessions, CCameraList& list, QWidget
         button->setDefaultAction(shown.at(i));
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         buttons->addWidget(button, i / columns, i % columns);
+        buttons->setColumnStretch(i % columns, 1);
     }
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(gridStep, gridStep, gridStep, gridStep);
@@ -53,15 +55,15 @@ CCameraPanel::CCameraPanel(CCameraSessions& sessions, CCameraList& list, QWidget
     layout->addWidget(m_message);
     layout->addLayout(buttons);
 
-    connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this, &CCameraPanel::keepChosen);
+    connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this, &CCameraPanel::tellChosen);
     connect(m_view, &QListView::activated, this, &CCameraPanel::startOrStop);
-    connect(&list, &CCameraList::modelReset, this, &CCameraPanel::onRowsReset);
+    connect(&list, &CCameraList::dataChanged, this, &CCameraPanel::onRowsChanged);
     connect(&sessions, &CCameraSessions::changed, this, [this](const CCameraSession* session) {
         if (session == current())
             updateActions();
     });
     retranslate();
-    onRowsReset();
+    m_view->setCurrentIndex(m_list.index(0));
 }
 
 void CCameraPanel::makeActions()
@@ -159,20 +161,18 @@ void CCameraPanel::askForVideo()
         openFiles(SFileOptions::EKind::Video, file);
 }
 
-void CCameraPanel::keepChosen()
+void CCameraPanel::tellChosen()
 {
-    m_chosen = chosenName();
+    m_shown = current();
     updateActions();
-    Q_EMIT currentChanged(current());
+    Q_EMIT currentChanged(m_shown);
 }
 
-void CCameraPanel::onRowsReset()
+// The chosen row stays when its camera is connected, and when it is not any more; what it stands for does not.
+void CCameraPanel::onRowsChanged()
 {
-    QModelIndex index = m_list.indexOf(m_chosen);
-    if (!index.isValid())
-        index = m_list.index(0);
-    m_view->setCurrentIndex(index);
-    keepChosen();
+    if (m_shown != current())
+        tellChosen();
 }
 
 void CCameraPanel::updateActions()
@@ -194,7 +194,11 @@ void CCameraPanel::updateActions()
     colors.setColor(QPalette::WindowText, accentColor(EAccent::Error, palette()));
     m_message->setPalette(colors);
     m_message->setText(error);
+    if (m_message->isHidden() == error.isEmpty())
+        return;
     m_message->setVisible(!error.isEmpty());
+    layout()->activate(); // the message takes room from the list
+    m_view->scrollTo(m_view->currentIndex());
 }
 
 void CCameraPanel::showEvent(QShowEvent* event)

@@ -6,6 +6,7 @@
 #include "host/sources/SFileOptions.h"
 
 #include <QList>
+#include <QPointer>
 #include <QWidget>
 
 class QAction;
@@ -62,8 +63,8 @@ private:
     void askForImages();
     void askForVideo();
     QString chosenName() const;
-    void keepChosen();
-    void onRowsReset();
+    void tellChosen();
+    void onRowsChanged();
     void updateActions();
     void retranslate();
 
@@ -71,7 +72,7 @@ private:
     CCameraList& m_list;
     QListView* const m_view;
     QLabel* const m_message;
-    QString m_chosen;
+    QPointer<CCameraSession> m_shown; // that was told last
     QAction* m_connect = nullptr;
     QAction* m_start = nullptr;
     QAction* m_stop = nullptr;

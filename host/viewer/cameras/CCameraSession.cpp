@@ -177,8 +177,8 @@ void CCameraSession::onStarted(SStarted started, quint64 frames)
     m_thread = std::make_unique<CGrabThread>(*m_source, frames, forEver,
                                              [feed = m_feed](const CGrabThread::SFrame& frame) { feed->take(frame); });
     connect(m_thread.get(), &CGrabThread::ended, this, &CCameraSession::onGrabEnded, Qt::QueuedConnection);
-    m_framesAtTick = frames == 1 ? 0 : m_feed->frames();
-    m_sinceTick.start();
+    m_rate = CRateMeter();
+    m_rate.add(m_feed->frames(), CRateMeter::Clock::now());
     m_timer.start();
     m_thread->start();
     setState(EState::Streaming);
@@ -210,7 +210,7 @@ void CCameraSession::onGrabEnded(const QString& error)
 
 void CCameraSession::onStopped()
 {
-    m_framesPerSecond = 0.0;
+    m_rate = CRateMeter();
     setBusy(false);
     setState(EState::Ready);
     if (m_isClosing)
@@ -219,11 +219,7 @@ void CCameraSession::onStopped()
 
 void CCameraSession::onTick()
 {
-    const quint64 now = frames();
-    const double seconds = double(m_sinceTick.restart()) / 1000.0;
-    if (seconds > 0.0)
-        m_framesPerSecond = double(now - m_framesAtTick) / seconds;
-    m_framesAtTick = now;
+    m_rate.add(frames(), CRateMeter::Clock::now());
     const bool isAway = m_source && m_source->absences().isAway;
     if (m_source)
         setState(isAway ? EState::Away : EState::Streaming);
@@ -253,6 +249,7 @@ void CCameraSession::close()
     if (m_isClosing)
         return;
     m_isClosing = true;
+    m_programLock = std::make_unique<QEventLoopLocker>();
     if (m_thread)
         m_thread->requestInterruption();
     else if (!m_isBusy)

@@ -6,11 +6,12 @@
 #include "host/camera/CFeatures.h"
 #include "host/sources/OpenSource.h"
 #include "host/viewer/base/CWorkThread.h"
+#include "host/viewer/images/CRateMeter.h"
 
 #include <Halvex/graph/CNodeBase.h>
 #include <Halvex/scene/CNodeScene.h>
 
-#include <QElapsedTimer>
+#include <QEventLoopLocker>
 #include <QImage>
 #include <QObject>
 #include <QPointer>
@@ -93,7 +94,7 @@ public:
     quint64 frames() const;
 
     /// Of the last second or so; 0 while it does not stream.
-    double framesPerSecond() const { return m_framesPerSecond; }
+    double framesPerSecond() const { return m_rate.rate(); }
 
     /// A small picture of the newest frame; null before the first.
     QImage preview() const { return m_preview; }
@@ -119,7 +120,8 @@ public Q_SLOTS:
     /// Sets one, or runs a command, which has no value, and reads all of them again.
     void setFeature(const QString& name, const QString& value);
 
-    /// Stops, and deletes this object when that is done. Its scene stays.
+    /// Stops, and deletes this object when that is done. Its scene stays. The program goes on until then, also when its
+    /// last window is closed.
     void close();
 
 Q_SIGNALS:
@@ -165,10 +167,8 @@ private:
     QPointer<Plugin::Halvex::CNodeScene> m_scene;
     QPointer<Plugin::Halvex::CNodeBase> m_node;
     QTimer m_timer;
-    QElapsedTimer m_sinceTick;
-    quint64 m_framesAtTick = 0;
     quint64 m_framesAtPreview = 0;
-    double m_framesPerSecond = 0.0;
+    CRateMeter m_rate; // begins anew with each start
     QImage m_preview;
     // In this order: the thread ends before what it feeds and grabs from, and work before all of them.
     std::shared_ptr<CSharedCamera> m_camera; // null for files
@@ -176,6 +176,7 @@ private:
     std::shared_ptr<IFrameSource> m_source;  // while it streams
     std::unique_ptr<CGrabThread> m_thread;
     CWorkThread m_work;
+    std::unique_ptr<QEventLoopLocker> m_programLock; // while it closes
 };
 
 } // namespace Host

@@ -78,6 +78,12 @@ void CCameraSessions::disconnectCamera(const QString& name)
         m_service.removeSceneOfNode(node);
 }
 
+void CCameraSessions::closeAll()
+{
+    while (!m_sessions.isEmpty())
+        take(m_sessions.last());
+}
+
 void CCameraSessions::take(CCameraSession* session)
 {
     if (!m_sessions.removeOne(session))

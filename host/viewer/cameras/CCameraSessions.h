@@ -38,6 +38,10 @@ public:
     /// Stops the camera and removes its scene.
     void disconnectCamera(const QString& name);
 
+    /// Stops all cameras, all at once; their scenes stay. Who wants nothing to wait for them keeps the event loop
+    /// running: CCameraSession::close() sees to it that the program does not end before.
+    void closeAll();
+
     /// Null if there is none of that name, or in that scene.
     CCameraSession* find(const QString& name) const;
     CCameraSession* findByScene(const Plugin::Halvex::CNodeScene* scene) const;

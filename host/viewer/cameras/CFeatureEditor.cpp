@@ -3,6 +3,8 @@
 
 #include "host/viewer/cameras/CFeatureEditor.h"
 
+#include "host/viewer/base/Wheel.h"
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
@@ -127,7 +129,9 @@ void CFeatureEditor::show(const SFeature& feature)
 {
     m_shown = feature.plainValue;
     m_editor->setEnabled(feature.isWritable);
-    m_editor->setToolTip(feature.range.isEmpty() ? feature.help : feature.range + QLatin1Char('\n') + feature.help);
+    QStringList help{feature.isLocked ? tr("Cannot be changed now") : QString(), feature.range, feature.help};
+    help.removeAll({});
+    m_editor->setToolTip(help.join(QLatin1Char('\n')));
     const QSignalBlocker blocker(m_editor);
     if (auto* const box = qobject_cast<QCheckBox*>(m_editor))
         box->setChecked(m_shown == QLatin1String("true") || m_shown == QLatin1String("1"));
@@ -170,11 +174,7 @@ void CFeatureEditor::showChoices(const SFeature& feature)
 
 bool CFeatureEditor::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::Wheel && !m_editor->hasFocus()) {
-        event->ignore();
-        return true;
-    }
-    return QWidget::eventFilter(watched, event);
+    return isWheelForPanel(*m_editor, event) || QWidget::eventFilter(watched, event);
 }
 
 } // namespace Host

@@ -122,7 +122,7 @@ std::unique_ptr<IFrameSource> CSharedCamera::makeSource(QString* error)
 std::vector<SFeature> CSharedCamera::features() const
 {
     const QMutexLocker lock(&m_mutex);
-    return m_camera ? CFeatures(arv_camera_get_device(m_camera->handle())).all() : std::vector<SFeature>();
+    return m_camera ? m_camera->features() : std::vector<SFeature>();
 }
 
 QString CSharedCamera::setFeature(const QString& name, const QString& value)

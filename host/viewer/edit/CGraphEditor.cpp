@@ -5,6 +5,7 @@
 
 #include "host/base/Attempt.h"
 #include "host/models/ModelSettings.h"
+#include "host/viewer/base/ModelText.h"
 #include "host/viewer/edit/CMoveStep.h"
 #include "host/viewer/edit/CSettingStep.h"
 #include "host/viewer/edit/CStructureStep.h"
@@ -221,7 +222,7 @@ void CGraphEditor::recordAdded(const QString& text, const std::vector<Core::CId>
 QString CGraphEditor::captionOf(const Core::CId& id) const
 {
     const CNodeBase* const found = node(id);
-    return found ? found->nodeDataModel()->caption() : QString();
+    return found ? modelText(found->nodeDataModel()->caption()) : QString();
 }
 
 QString CGraphEditor::removalText(const SGraphPart& part) const

@@ -28,6 +28,7 @@ CModelPalette::CModelPalette(std::shared_ptr<Plugin::Halvex::CNodeDataModelRegis
 {
     m_found->setSourceModel(m_models);
     m_found->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    m_found->setFilterRole(CModelTree::searchRole);
     m_found->setRecursiveFilteringEnabled(true);
     m_search->setObjectName(QStringLiteral("modelSearch"));
     m_search->setClearButtonEnabled(true);
@@ -97,6 +98,7 @@ QModelIndex CModelPalette::firstModel() const
 
 void CModelPalette::retranslate()
 {
+    m_models->retranslate();
     setAccessibleName(tr("Models"));
     m_search->setPlaceholderText(tr("Search models"));
     m_search->setAccessibleName(tr("Search models"));

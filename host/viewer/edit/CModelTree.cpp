@@ -3,6 +3,8 @@
 
 #include "host/viewer/edit/CModelTree.h"
 
+#include "host/viewer/base/ModelText.h"
+
 #include <Halvex/scene/CNodeDataModelRegistry.h>
 
 #include <QMimeData>
@@ -16,6 +18,7 @@ using namespace Plugin::Halvex;
 namespace {
 
 constexpr int modelNameRole = Qt::UserRole + 1;
+constexpr int englishRole = Qt::UserRole + 3;
 
 } // namespace
 
@@ -26,16 +29,33 @@ CModelTree::CModelTree(const CNodeDataModelRegistry& registry, QObject* parent)
     for (const auto& entry : registry.registeredModelsCategoryAssociation())
         modelsOf[entry.second] << entry.first;
     for (auto& entry : modelsOf) {
-        auto* const category = new QStandardItem(entry.first);
+        auto* const category = new QStandardItem;
+        category->setData(entry.first, englishRole);
         category->setFlags(Qt::ItemIsEnabled);
         entry.second.sort(Qt::CaseInsensitive);
         for (const QString& name : qAsConst(entry.second)) {
-            auto* const model = new QStandardItem(name);
+            auto* const model = new QStandardItem;
             model->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled);
             model->setData(name, modelNameRole);
+            model->setData(name, englishRole);
             category->appendRow(model);
         }
         appendRow(category);
+    }
+    retranslate();
+}
+
+void CModelTree::retranslate()
+{
+    const auto translate = [](QStandardItem& item) {
+        const QString name = item.data(englishRole).toString();
+        item.setText(modelText(name));
+        item.setData(QStringLiteral("%1 %2").arg(item.text(), name), searchRole);
+    };
+    for (int i = 0; i < rowCount(); ++i) {
+        translate(*item(i));
+        for (int j = 0; j < item(i)->rowCount(); ++j)
+            translate(*item(i)->child(j));
     }
 }
 

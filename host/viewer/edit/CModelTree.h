@@ -24,6 +24,12 @@ public:
 
     static QString mimeType() { return QStringLiteral("application/x-halvex-model"); }
 
+    /// Shows names and categories in the language of now.
+    void retranslate();
+
+    /// What a person may search for: a name as it is shown, and as documents have it.
+    static constexpr int searchRole = Qt::UserRole + 2;
+
     /// The name of the model at \a index; empty for a category.
     static QString modelNameAt(const QModelIndex& index);
 

@@ -3,6 +3,9 @@
 
 #include "host/viewer/edit/CSettingField.h"
 
+#include "host/viewer/base/ModelText.h"
+#include "host/viewer/base/Wheel.h"
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
@@ -33,6 +36,18 @@ int toInt(double bound)
 QStringList choicesIn(const SModelSetting& setting)
 {
     return setting.range.split(QStringLiteral(", "));
+}
+
+// In the viewer's language, as far as it is a range of numbers.
+QString rangeText(const SModelSetting& setting, const std::optional<SSettingBounds>& bounds)
+{
+    if (setting.type == QLatin1String("one of"))
+        return {};
+    if (!bounds)
+        return setting.range;
+    const QString text = std::isinf(bounds->most) ? CSettingField::tr("from %1").arg(bounds->least)
+                                                  : CSettingField::tr("%1 to %2").arg(bounds->least).arg(bounds->most);
+    return setting.range.contains(QLatin1String("odd")) ? CSettingField::tr("%1, odd").arg(text) : text;
 }
 
 constexpr int mostDecimals = 9;
@@ -76,15 +91,16 @@ CSettingField::CSettingField(const SModelSetting& setting, const std::optional<S
     , m_problem(new QLabel(this))
 {
     makeEditor(setting, bounds);
-    const QString words = wordsOf(m_name);
+    const QString words = modelText(wordsOf(m_name));
+    const QString help = modelText(setting.help);
     m_editor->setObjectName(m_name);
     m_editor->setAccessibleName(words);
-    m_editor->setAccessibleDescription(setting.help);
+    m_editor->setAccessibleDescription(help);
     m_editor->installEventFilter(this);
 
     auto* const label = new QLabel(words, this);
     label->setBuddy(m_editor);
-    auto* const range = new QLabel(setting.type == QLatin1String("one of") ? QString() : setting.range, this);
+    auto* const range = new QLabel(rangeText(setting, bounds), this);
     QFont small = range->font();
     small.setPointSizeF(small.pointSizeF() * 0.85);
     range->setFont(small);
@@ -106,7 +122,7 @@ CSettingField::CSettingField(const SModelSetting& setting, const std::optional<S
     grid->addWidget(m_problem, 2, 0, 1, 3);
     grid->setColumnStretch(1, 1);
     for (QWidget* each : std::initializer_list<QWidget*>{this, label, m_editor})
-        each->setToolTip(setting.help);
+        each->setToolTip(help);
     retranslate();
     showValue(setting.value);
 }
@@ -129,11 +145,8 @@ void CSettingField::showProblem(const QString& text)
 
 bool CSettingField::eventFilter(QObject* watched, QEvent* event)
 {
-    // Turning the wheel over a panel scrolls it; only a field that was chosen takes it.
-    if (event->type() == QEvent::Wheel && !m_editor->hasFocus()) {
-        event->ignore();
+    if (isWheelForPanel(*m_editor, event))
         return true;
-    }
     const bool isKey = event->type() == QEvent::KeyPress && !static_cast<QKeyEvent*>(event)->isAutoRepeat();
     if (isKey || event->type() == QEvent::MouseButtonPress || event->type() == QEvent::FocusIn)
         ++m_gesture;
@@ -205,7 +218,7 @@ void CSettingField::makeComboBox(const QStringList& words)
     auto* const box = new QComboBox(this);
     m_editor = box;
     for (const QString& word : words)
-        box->addItem(wordsOf(word), word);
+        box->addItem(modelText(wordsOf(word)), word);
     m_show = [box](const QString& value) { box->setCurrentIndex(box->findData(value)); };
     connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
             [this, box](int index) { announce(box->itemData(index).toString()); });
@@ -247,7 +260,7 @@ void CSettingField::announce(const QString& value)
 void CSettingField::retranslate()
 {
     m_reset->setToolTip(tr("Back to the default, %1").arg(m_default));
-    m_reset->setAccessibleName(tr("Default of %1").arg(wordsOf(m_name)));
+    m_reset->setAccessibleName(tr("Default of %1").arg(modelText(wordsOf(m_name))));
 }
 
 } // namespace Host

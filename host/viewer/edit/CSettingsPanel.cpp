@@ -5,6 +5,7 @@
 
 #include "host/base/Attempt.h"
 #include "host/base/ModelProperties.h"
+#include "host/viewer/base/ModelText.h"
 #include "host/viewer/edit/CGraphEditor.h"
 #include "host/viewer/edit/CSettingField.h"
 
@@ -87,7 +88,7 @@ void CSettingsPanel::show(CGraphEditor* editor, const Core::CId& node)
 void CSettingsPanel::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange)
-        retranslate();
+        show(m_editor, m_node);
     QWidget::changeEvent(event);
 }
 
@@ -173,7 +174,7 @@ void CSettingsPanel::retranslate()
 {
     setAccessibleName(tr("Settings"));
     CNodeDataModel* const model = m_model;
-    m_title->setText(model ? model->caption() : tr("Settings"));
+    m_title->setText(model ? modelText(model->caption()) : tr("Settings"));
     m_hint->setText(model ? tr("This node has no settings.") : tr("Choose a node to see its settings."));
     m_hint->setVisible(m_fields.empty());
 }

@@ -6,6 +6,7 @@
 #include "host/base/ConnectionText.h"
 #include "host/viewer/graph/CNodeGeometry.h"
 #include "host/viewer/graph/CNodeItem.h"
+#include "host/viewer/graph/CNodePainter.h"
 #include "host/viewer/graph/GraphColors.h"
 
 #include <Halvex/graph/CNodeBase.h>
@@ -28,7 +29,8 @@ using namespace Plugin::Halvex;
 
 namespace {
 
-constexpr double leastForLabel = 0.55;
+constexpr double leastForRate = 0.3;
+constexpr double rateHeight = 16; // pixels of the screen
 constexpr double leastForCurve = 0.2;
 
 // What goes by a converter changes its type on the way.
@@ -102,10 +104,7 @@ void CConnectionItem::adjust()
 
 void CConnectionItem::refresh()
 {
-    QString rate;
-    if (m_from.hasFlowed(m_outPort))
-        rate = QCoreApplication::translate("Host::CConnectionItem", "%1 fps")
-                   .arg(QLocale().toString(m_from.rate(m_outPort), 'f', 1));
+    const QString rate = m_from.hasFlowed(m_outPort) ? rateText(1) : QString();
     if (rate == m_rate)
         return;
     prepareGeometryChange();
@@ -113,9 +112,17 @@ void CConnectionItem::refresh()
     update();
 }
 
+QString CConnectionItem::rateText(int decimals) const
+{
+    return QCoreApplication::translate("Host::CConnectionItem", "%1 fps")
+        .arg(QLocale().toString(rate(), 'f', decimals));
+}
+
 QRectF CConnectionItem::boundingRect() const
 {
-    return m_path.boundingRect().adjusted(-6, -6, 6, 6).united(labelRect());
+    constexpr double highest = rateHeight / leastForRate / 2;
+    const QPointF half(0, highest);
+    return m_path.boundingRect().adjusted(-6, -6, 6, 6).united(labelRect()).united({middle() - half, middle() + half});
 }
 
 QPainterPath CConnectionItem::shape() const
@@ -135,24 +142,53 @@ void CConnectionItem::paint(QPainter* painter, const QStyleOptionGraphicsItem* o
     painter->setPen(QPen(isSelected() ? colors.selection : typeColor(m_typeId, palette), std::max(width, 1 / detail)));
     painter->setBrush(Qt::NoBrush);
     if (detail < leastForCurve)
-        painter->drawLine(m_path.pointAtPercent(0), m_path.pointAtPercent(1));
+        painter->drawLine(m_path.elementAt(0), m_path.currentPosition());
     else
         painter->drawPath(m_path);
-    if (detail < leastForLabel)
+    painter->setFont(CNodeGeometry::smallFont());
+    if (detail < leastForNodeDetails) {
+        paintRate(*painter, colors, detail);
         return;
+    }
     painter->setPen(QPen(isSelected() ? colors.selection : colors.grid, 1));
     painter->setBrush(colors.canvas);
     painter->drawRoundedRect(labelRect().adjusted(0.5, 0.5, -0.5, -0.5), 8, 8);
     painter->setPen(colors.dimText);
-    painter->setFont(CNodeGeometry::smallFont());
     painter->drawText(labelRect(), Qt::AlignCenter | Qt::TextSingleLine, label());
+}
+
+// In pixels of the screen, as far as there is room between the nodes.
+void CConnectionItem::paintRate(QPainter& painter, const SGraphColors& colors, double detail) const
+{
+    if (detail < leastForRate || m_rate.isEmpty())
+        return;
+    const double room = std::abs(m_path.currentPosition().x() - m_path.elementAt(0).x) * detail;
+    QString text = rateText(0);
+    if (painter.fontMetrics().horizontalAdvance(text) > room)
+        text = QLocale().toString(rate(), 'f', 0);
+    const double width = painter.fontMetrics().horizontalAdvance(text);
+    if (width > room)
+        return;
+    const QRectF place(-width / 2, -rateHeight / 2, width, rateHeight);
+    painter.save();
+    painter.translate(middle());
+    painter.scale(1 / detail, 1 / detail);
+    painter.fillRect(place, colors.canvas);
+    painter.setPen(colors.dimText);
+    painter.drawText(place, Qt::AlignCenter | Qt::TextSingleLine, text);
+    painter.restore();
+}
+
+// Both halves of the way are alike.
+QPointF CConnectionItem::middle() const
+{
+    return (QPointF(m_path.elementAt(0)) + m_path.currentPosition()) / 2;
 }
 
 QRectF CConnectionItem::labelRect() const
 {
     const double width = std::ceil(QFontMetricsF(CNodeGeometry::smallFont()).horizontalAdvance(label())) + 16;
-    const QPointF middle = m_path.pointAtPercent(0.5);
-    return {middle.x() - width / 2, middle.y() - 9, width, 18};
+    return {middle().x() - width / 2, middle().y() - 9, width, 18};
 }
 
 } // namespace Host

@@ -15,6 +15,7 @@ class CNodeConnection;
 namespace Host {
 
 class CNodeItem;
+struct SGraphColors;
 
 /// The way that a connection is drawn from an output to an input.
 QPainterPath connectionPath(QPointF from, QPointF to);
@@ -60,6 +61,9 @@ public:
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
 
 private:
+    QString rateText(int decimals) const;
+    void paintRate(QPainter& painter, const SGraphColors& colors, double detail) const;
+    QPointF middle() const;
     QRectF labelRect() const;
 
     const Core::CId m_id;

@@ -3,6 +3,7 @@
 
 #include "host/viewer/graph/CGraphActions.h"
 
+#include "host/viewer/base/Actions.h"
 #include "host/viewer/edit/CGraphEditor.h"
 #include "host/viewer/graph/CGraphCanvas.h"
 #include "host/viewer/graph/CGraphView.h"
@@ -54,9 +55,7 @@ bool CGraphActions::eventFilter(QObject* watched, QEvent* event)
 
 void CGraphActions::add(const char* name, const QKeySequence& shortcut, const std::function<void()>& run)
 {
-    auto* const action = new QAction(&m_view);
-    action->setObjectName(QString::fromLatin1(name));
-    action->setShortcut(shortcut);
+    QAction* const action = makeAction(&m_view, name, shortcut);
     // Several scenes have a view each.
     action->setShortcutContext(Qt::WidgetShortcut);
     connect(action, &QAction::triggered, this, [this, run] {

@@ -74,10 +74,10 @@ void CGraphCanvas::sync()
 
 void CGraphCanvas::measure()
 {
-    const double seconds = double(m_sinceMeasured.nsecsElapsed()) / 1e9;
     m_sinceMeasured.restart();
+    const auto now = CRateMeter::Clock::now();
     for (const auto& entry : m_nodes) {
-        entry.second->measure(seconds);
+        entry.second->measure(now);
         entry.second->refresh();
     }
     for (const auto& entry : m_connections)
@@ -108,16 +108,6 @@ std::vector<Core::CId> CGraphCanvas::selectedConnections() const
             ids.push_back(entry.first);
     }
     return ids;
-}
-
-void CGraphCanvas::select(const std::vector<Core::CId>& nodes)
-{
-    sync();
-    clearSelection();
-    for (const Core::CId& id : nodes) {
-        if (CNodeItem* const item = nodeItem(id))
-            item->setSelected(true);
-    }
 }
 
 SPort CGraphCanvas::portAt(QPointF point) const

@@ -11,6 +11,7 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <vector>
@@ -80,6 +81,9 @@ public:
     /// Lays all nodes out anew: one step of the editor.
     void arrange();
 
+    /// The same without a step, for nodes that nobody has put anywhere.
+    void placeAll();
+
     /// Begins to draw a connection from \a port, to be led by the mouse or the keyboard.
     void startConnection(const SPort& port);
 
@@ -111,12 +115,15 @@ private:
     void dropAll();
     void dropConnection(const Core::CId& id);
     void placeNewNodes();
+    NodePositions layoutOfAll() const;
     // Most often the only one is the camera, and a chain has just been added behind it.
     void arrangeAroundTheOnlyOne();
     std::vector<QPointF> layoutOf(const std::vector<CNodeItem*>& items) const;
     void applyPositions();
     void commitMoves();
     void fitSceneRect();
+    // Tells of it at its end: who hears of it may remove what is being selected.
+    void changeSelection(const std::function<void()>& change);
     void pulse();
     double rateInto(const CNodeItem& item) const;
     bool isShown() const;

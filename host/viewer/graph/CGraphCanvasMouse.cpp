@@ -6,22 +6,49 @@
 #include "host/viewer/edit/CGraphEditor.h"
 #include "host/viewer/edit/CModelTree.h"
 #include "host/viewer/graph/CGraphCanvas.h"
+#include "host/viewer/graph/CNodeItem.h"
 #include "host/viewer/graph/CPortDrag.h"
 
 #include <QGraphicsSceneDragDropEvent>
 #include <QGraphicsSceneMouseEvent>
 #include <QMimeData>
+#include <QSignalBlocker>
+
+#include <utility>
 
 namespace Host {
 
 using namespace Plugin::Halvex;
+
+void CGraphCanvas::select(const std::vector<Core::CId>& nodes)
+{
+    sync();
+    changeSelection([this, &nodes] {
+        clearSelection();
+        for (const Core::CId& id : nodes) {
+            if (CNodeItem* const item = nodeItem(id))
+                item->setSelected(true);
+        }
+    });
+}
+
+void CGraphCanvas::changeSelection(const std::function<void()>& change)
+{
+    const auto before = std::make_pair(selectedNodes(), selectedConnections());
+    {
+        const QSignalBlocker quiet(this);
+        change();
+    }
+    if (before != std::make_pair(selectedNodes(), selectedConnections()))
+        Q_EMIT selectionChanged();
+}
 
 void CGraphCanvas::mousePressEvent(QGraphicsSceneMouseEvent* event)
 {
     const SPort port = event->button() == Qt::LeftButton ? portAt(event->scenePos()) : SPort();
     if (port.side == ENodePortType::None) {
         cancelConnection();
-        QGraphicsScene::mousePressEvent(event);
+        changeSelection([this, event] { QGraphicsScene::mousePressEvent(event); });
         return;
     }
     startConnection(port);
@@ -45,7 +72,7 @@ void CGraphCanvas::mouseReleaseEvent(QGraphicsSceneMouseEvent* event)
         finishConnection();
         return;
     }
-    QGraphicsScene::mouseReleaseEvent(event);
+    changeSelection([this, event] { QGraphicsScene::mouseReleaseEvent(event); });
     commitMoves();
 }
 

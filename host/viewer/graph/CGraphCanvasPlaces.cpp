@@ -18,6 +18,19 @@ using namespace Plugin::Halvex;
 void CGraphCanvas::arrange()
 {
     sync();
+    if (m_editor)
+        m_editor->moveNodes(layoutOfAll());
+}
+
+void CGraphCanvas::placeAll()
+{
+    sync();
+    if (m_editor)
+        m_editor->setPositions(layoutOfAll());
+}
+
+NodePositions CGraphCanvas::layoutOfAll() const
+{
     std::vector<CNodeItem*> all;
     for (const auto& entry : m_nodes)
         all.push_back(entry.second);
@@ -25,8 +38,7 @@ void CGraphCanvas::arrange()
     NodePositions positions;
     for (std::size_t i = 0; i < all.size(); ++i)
         positions.insert(all[i]->id().toString(), corners[i]);
-    if (m_editor)
-        m_editor->moveNodes(positions);
+    return positions;
 }
 
 void CGraphCanvas::placeNewNodes()
@@ -61,18 +73,15 @@ void CGraphCanvas::placeNewNodes()
 void CGraphCanvas::arrangeAroundTheOnlyOne()
 {
     const NodePositions known = m_editor->positions();
-    std::vector<CNodeItem*> all;
+    NodePositions positions = layoutOfAll();
     QPointF moved;
-    for (const auto& entry : m_nodes)
-        all.push_back(entry.second);
-    const std::vector<QPointF> corners = layoutOf(all);
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        if (known.contains(all[i]->id().toString()))
-            moved = all[i]->pos() - corners[i];
+    for (const auto& entry : m_nodes) {
+        const QString id = entry.first.toString();
+        if (known.contains(id))
+            moved = entry.second->pos() - positions.value(id);
     }
-    NodePositions positions;
-    for (std::size_t i = 0; i < all.size(); ++i)
-        positions.insert(all[i]->id().toString(), corners[i] + moved);
+    for (QPointF& position : positions)
+        position += moved;
     m_editor->setPositions(positions);
 }
 

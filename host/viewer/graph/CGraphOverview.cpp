@@ -97,7 +97,7 @@ QTransform CGraphOverview::fromScene() const
 
 void CGraphOverview::goTo(QPoint point)
 {
-    m_view.centerOn(fromScene().inverted().map(QPointF(point)));
+    m_view.lookAt(fromScene().inverted().map(QPointF(point)));
 }
 
 void CGraphOverview::retranslate()

@@ -34,6 +34,7 @@ constexpr double leastZoom = 0.04;
 constexpr double mostZoom = 4;
 constexpr double dotDistance = 24;
 constexpr int overlayMargin = 12;
+constexpr double roomForLabel = 128; // of a connection
 
 } // namespace
 
@@ -92,10 +93,18 @@ void CGraphView::fit()
         setTransform(QTransform());
     centerOn(all.center());
     updateOverview();
+    m_isFitted = true;
+}
+
+void CGraphView::lookAt(QPointF point)
+{
+    m_isFitted = false;
+    centerOn(point);
 }
 
 void CGraphView::zoom(double factor)
 {
+    m_isFitted = false;
     const double now = transform().m11();
     const double wanted = std::clamp(now * factor, leastZoom, mostZoom);
     scale(wanted / now, wanted / now);
@@ -133,10 +142,17 @@ void CGraphView::place(const QString& modelName)
     for (const auto& entry : m_canvas->nodeItems())
         taken.emplace_back(entry.second->pos(), entry.second->size());
     const QSizeF usual(208, 128);
-    const QPointF middle = mapToScene(viewport()->rect().center()) - QPointF(usual.width(), usual.height()) / 2;
-    const Core::CId added = m_editor->addNode(modelName, findFreePlace(usual, middle, taken));
-    if (added != Core::CId())
-        goTo(added);
+    const auto chosen = m_canvas->selectedNodes();
+    const CNodeItem* const last = chosen.size() == 1 ? m_canvas->nodeItem(chosen.front()) : nullptr;
+    // Behind the chosen node, which is most often to feed it.
+    const QPointF wanted = last ? last->pos() + QPointF(last->size().width() + roomForLabel, 0)
+                                : mapToScene(viewport()->rect().center()) - QPointF(usual.width(), usual.height()) / 2;
+    const Core::CId added = m_editor->addNode(modelName, findFreePlace(usual, wanted, taken));
+    if (added == Core::CId())
+        return;
+    goTo(added);
+    if (m_isFitted)
+        fit();
 }
 
 void CGraphView::setOverviewEnabled(bool enabled)
@@ -167,10 +183,9 @@ void CGraphView::resizeEvent(QResizeEvent* event)
 {
     QGraphicsView::resizeEvent(event);
     placeOverlays();
-    if (!m_wasFitted && isVisible()) {
-        m_wasFitted = true;
+    // Until a person looks elsewhere, all stays to be seen.
+    if (m_isFitted && isVisible())
         fit();
-    }
 }
 
 void CGraphView::changeEvent(QEvent* event)
@@ -227,7 +242,9 @@ void CGraphView::placeOverlays()
 void CGraphView::updateOverview()
 {
     const QRectF shown = mapToScene(viewport()->rect()).boundingRect();
-    m_overview->setVisible(m_isOverviewEnabled && !shown.contains(m_canvas->nodesRect()));
+    const QSize least = m_overview->sizeHint() * 2; // or it hides more than it shows
+    const bool hasRoom = width() >= least.width() && height() >= least.height();
+    m_overview->setVisible(m_isOverviewEnabled && hasRoom && !shown.contains(m_canvas->nodesRect()));
     m_overview->update();
 }
 

@@ -48,9 +48,11 @@ public:
     /// For menus and the command palette. They work while the view has the focus.
     QList<QAction*> graphActions() const;
 
-    /// Shows all nodes, at most in their own size.
+    /// Shows all nodes, at most in their own size, and goes on to when the view changes its size, until it is zoomed or
+    /// moved.
     void fit();
     void zoom(double factor);
+    void lookAt(QPointF point);
     void setActualSize();
 
     /// Chooses that node and brings it into view. One that is not there changes nothing.
@@ -59,10 +61,11 @@ public:
     void search();
     CGraphSearch& searchBar() const { return *m_search; }
 
-    /// Adds a node of that model in the middle of the view, chosen. Connect CModelPalette::placeRequested() to it.
+    /// Adds a node of that model behind the chosen one, or in the middle of the view if none is, and chooses it.
+    /// Connect CModelPalette::placeRequested() to it.
     void place(const QString& modelName);
 
-    /// The overview is there while the view does not show all nodes; it can be switched off.
+    /// The overview is there while the view does not show all nodes and is much larger; it can be switched off.
     void setOverviewEnabled(bool enabled);
 
     /// Begins a connection at the next output of the chosen node, or at its inputs if it has no outputs.
@@ -104,7 +107,7 @@ private:
     SPort m_lastSource; // of a connection that was begun with the keyboard
     QPoint m_panFrom;
     bool m_isPanning = false;
-    bool m_wasFitted = false;
+    bool m_isFitted = true;
     bool m_isOverviewEnabled = true;
 };
 

@@ -38,6 +38,7 @@ void CGraphView::mousePressEvent(QMouseEvent* event)
         return;
     }
     m_panFrom = event->pos();
+    m_isFitted = false;
     viewport()->setCursor(Qt::ClosedHandCursor);
 }
 

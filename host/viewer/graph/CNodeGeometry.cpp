@@ -56,6 +56,13 @@ QFont CNodeGeometry::smallFont()
     return font;
 }
 
+QFont CNodeGeometry::briefFont()
+{
+    QFont font = smallFont();
+    font.setBold(true);
+    return font;
+}
+
 QSizeF CNodeGeometry::size() const
 {
     return {width, headHeight + rowsOf(m_look) * rowHeight + figuresHeight(m_look) +

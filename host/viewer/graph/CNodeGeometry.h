@@ -23,6 +23,7 @@ public:
 
     static QFont captionFont();
     static QFont smallFont();
+    static QFont briefFont(); ///< Of the caption where nothing else has room.
 
     QSizeF size() const;
     QRectF head() const;

@@ -57,13 +57,10 @@ void CNodeItem::refresh()
     update();
 }
 
-void CNodeItem::measure(double seconds)
+void CNodeItem::measure(CRateMeter::Clock::time_point now)
 {
-    for (std::size_t port = 0; port < m_rates.size(); ++port) {
-        const quint64 count = m_activity.updates(int(port));
-        m_rates[port].perSecond = seconds > 0 ? double(count - m_rates[port].count) / seconds : 0;
-        m_rates[port].count = count;
-    }
+    for (std::size_t port = 0; port < m_rates.size(); ++port)
+        m_rates[port].add(m_activity.updates(int(port)), now);
 }
 
 void CNodeItem::updateGlow(double framesPerSecond)

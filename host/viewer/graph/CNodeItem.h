@@ -6,6 +6,7 @@
 #include "host/viewer/edit/SPort.h"
 #include "host/viewer/graph/CNodeActivity.h"
 #include "host/viewer/graph/SNodeLook.h"
+#include "host/viewer/images/CRateMeter.h"
 
 #include <QGraphicsItem>
 #include <QPointer>
@@ -56,10 +57,10 @@ public:
     /// Reads anew what is shown. Repaints only if something has changed.
     void refresh();
 
-    /// Works out the rates of the outputs, \a seconds after the last call.
-    void measure(double seconds);
-    double rate(int port) const { return m_rates[std::size_t(port)].perSecond; }
-    bool hasFlowed(int port) const { return m_rates[std::size_t(port)].count > 0; }
+    /// Works out the rates of the outputs up to \a now.
+    void measure(CRateMeter::Clock::time_point now);
+    double rate(int port) const { return m_rates[std::size_t(port)].rate(); }
+    bool hasFlowed(int port) const { return m_activity.updates(port) > 0; }
 
     /// Checks whether it glows; \a framesPerSecond come to it.
     void updateGlow(double framesPerSecond);
@@ -87,12 +88,6 @@ protected:
     QVariant itemChange(GraphicsItemChange change, const QVariant& value) override;
 
 private:
-    struct SRate
-    {
-        quint64 count = 0;
-        double perSecond = 0;
-    };
-
     void layOut();
     void setGlowing(bool on);
 
@@ -101,7 +96,7 @@ private:
     const Plugin::Halvex::CNodeDataModelRegistry* const m_registry;
     CNodeActivity m_activity;
     SNodeLook m_look;
-    std::vector<SRate> m_rates;
+    std::vector<CRateMeter> m_rates; // of the outputs
     QSizeF m_size;
     std::unique_ptr<LitPorts> m_litPorts; // null while no connection is being drawn
     std::set<CConnectionItem*> m_connections;

@@ -17,9 +17,9 @@ namespace {
 
 constexpr double radius = 8;
 constexpr double portRadius = 5;
+constexpr double leastPortRadius = 3; // pixels of the screen
 constexpr double dimmed = 0.3;
 constexpr double leastForText = 0.3;
-constexpr double leastForDetails = 0.55;
 
 void drawElided(QPainter& painter, const QRectF& place, int flags, const QString& text)
 {
@@ -65,13 +65,15 @@ void CNodePainter::paint(QPainter& painter, const SNodeMood& mood, double detail
     if (mood.isGlowing)
         paintGlow(painter);
     paintBox(painter, mood, detail);
-    if (detail >= leastForText)
+    if (detail >= leastForNodeDetails)
         paintHead(painter);
+    else if (detail >= leastForText)
+        paintBrief(painter, detail);
     if (detail >= leastForText || mood.litPorts) {
         paintPorts(painter, ENodePortType::In, mood, detail);
         paintPorts(painter, ENodePortType::Out, mood, detail);
     }
-    if (detail < leastForDetails)
+    if (detail < leastForNodeDetails)
         return;
     paintFigures(painter);
     paintMessage(painter);
@@ -93,21 +95,27 @@ void CNodePainter::paintGlow(QPainter& painter) const
 void CNodePainter::paintBox(QPainter& painter, const SNodeMood& mood, double detail) const
 {
     const QRectF box(QPointF(), m_geometry.size());
-    QColor tint = kindColor(m_look.kind, m_palette);
     const bool isMarked = mood.isSelected || m_look.state != ENodeValidationState::Valid;
     // At least a pixel of the screen, however small the node is.
     const double width = std::max(isMarked ? 2.0 : 1.0, (isMarked ? 2.0 : 1.0) / detail);
-    painter.setPen(QPen(mood.isSelected ? m_colors.selection : stateColor(), width));
+    const QPen border(mood.isSelected ? m_colors.selection : stateColor(), width);
     if (detail < leastForText) {
+        painter.setPen(border);
         painter.setBrush(m_colors.node);
         painter.drawRect(box);
-        painter.fillRect(m_geometry.head(), tint);
+        painter.fillRect(m_geometry.head(), kindColor(m_look.kind, m_palette));
         return;
     }
-    painter.setBrush(m_colors.node);
+    const QColor head = headColor(m_look.kind, m_palette);
+    const bool isBrief = detail < leastForNodeDetails;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(isBrief ? head : m_colors.node);
     painter.drawRoundedRect(box, radius, radius);
-    tint.setAlpha(45);
-    painter.fillPath(headPath(m_geometry.head()), tint);
+    if (!isBrief)
+        painter.fillPath(headPath(m_geometry.head()), head);
+    painter.setPen(border);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(box, radius, radius);
 }
 
 void CNodePainter::paintHead(QPainter& painter) const
@@ -119,6 +127,33 @@ void CNodePainter::paintHead(QPainter& painter) const
     painter.setPen(m_colors.dimText);
     painter.setFont(CNodeGeometry::smallFont());
     drawElided(painter, QRectF(head.left(), head.top() + 20, head.width(), 16), Qt::AlignLeft, m_look.category);
+}
+
+// Small text helps nobody: what a person looks for stands there in its own size, and the rest is left out.
+void CNodePainter::paintBrief(QPainter& painter, double detail) const
+{
+    constexpr double inset = 6;
+    painter.save();
+    painter.scale(1 / detail, 1 / detail);
+    QRectF room(QPointF(inset, 2), m_geometry.size() * detail - QSizeF(2 * inset, 4));
+    painter.setFont(CNodeGeometry::smallFont());
+    const double line = painter.fontMetrics().height();
+    if (!m_look.figures.empty() && room.height() >= 3 * line) {
+        const auto& last = m_look.figures.back(); // of a decoupler its rate, of a worker how long it works
+        painter.setPen(m_colors.dimText);
+        drawElided(painter, QRectF(room.left(), room.bottom() - line, room.width(), line), Qt::AlignLeft,
+                   QStringLiteral("%1 %2").arg(last.first, last.second));
+        room.setBottom(room.bottom() - line);
+    }
+    painter.setPen(m_colors.text);
+    painter.setFont(CNodeGeometry::briefFont());
+    constexpr int wrapped = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap;
+    const QRectF needed = painter.boundingRect(room, wrapped, m_look.caption);
+    if (needed.width() <= room.width() && needed.height() <= room.height())
+        painter.drawText(room, wrapped, m_look.caption);
+    else
+        drawElided(painter, room, Qt::AlignLeft, m_look.caption);
+    painter.restore();
 }
 
 void CNodePainter::paintPorts(QPainter& painter, ENodePortType side, const SNodeMood& mood, double detail) const
@@ -133,9 +168,9 @@ void CNodePainter::paintPorts(QPainter& painter, ENodePortType side, const SNode
             painter.setOpacity(dimmed);
         painter.setPen(QPen(isLit ? m_colors.selection : m_colors.node, isLit ? 3 : 2));
         painter.setBrush(typeColor(port.typeId, m_palette));
-        const double size = isLit ? portRadius + 3 : portRadius;
+        const double size = std::max(isLit ? portRadius + 3 : portRadius, leastPortRadius / detail);
         painter.drawEllipse(m_geometry.port(side, index), size, size);
-        if (detail >= leastForDetails) {
+        if (detail >= leastForNodeDetails) {
             const QRectF row = m_geometry.portRow(index);
             const QRectF half(isIn ? row.left() : row.center().x() + 4, row.top(), row.width() / 2 - 4, row.height());
             painter.setPen(m_colors.text);

@@ -21,6 +21,10 @@ struct SNodeMood
     const LitPorts* litPorts = nullptr; ///< Null while no connection is being drawn.
 };
 
+/// From this zoom on, in pixels of the screen per pixel of the unscaled drawing, all texts of a graph can be read.
+/// Below it only what matters most is written, in a size of its own.
+constexpr double leastForNodeDetails = 0.75;
+
 /// Draws one node. What could not be read at the zoom is left out.
 class CNodePainter
 {
@@ -34,6 +38,7 @@ private:
     void paintGlow(QPainter& painter) const;
     void paintBox(QPainter& painter, const SNodeMood& mood, double detail) const;
     void paintHead(QPainter& painter) const;
+    void paintBrief(QPainter& painter, double detail) const;
     void paintPorts(QPainter& painter, Plugin::Halvex::ENodePortType side, const SNodeMood& mood, double detail) const;
     void paintFigures(QPainter& painter) const;
     void paintMessage(QPainter& painter) const;

@@ -6,6 +6,8 @@
 #include "host/base/NodeKind.h"
 #include "host/viewer/base/Theme.h"
 
+#include <QHash>
+
 #include <array>
 
 namespace Host {
@@ -33,16 +35,14 @@ QColor mixed(const QColor& one, const QColor& other, double share)
                             mix(one.blueF(), other.blueF()));
 }
 
-QColor hueColor(int hue, const QPalette& palette)
+struct SKnownColors
 {
-    return QColor::fromHsl(hue, 150, isBaseDark(palette) ? 165 : 95);
-}
+    SGraphColors colors;
+    bool isDark = false;
+};
 
-} // namespace
-
-SGraphColors graphColors(const QPalette& palette)
+SGraphColors makeColors(const QPalette& palette, bool dark)
 {
-    const bool dark = isBaseDark(palette);
     const QColor& base = palette.color(QPalette::Base);
     const QColor& text = palette.color(QPalette::Text);
     SGraphColors colors;
@@ -58,6 +58,33 @@ SGraphColors graphColors(const QPalette& palette)
     colors.error = accentColor(EAccent::Error, onNode);
     colors.busy = accentColor(EAccent::Active, onNode);
     return colors;
+}
+
+// To find readable colours takes longer than to draw a node with them, and each item asks each time that it is drawn.
+const SKnownColors& knownColors(const QPalette& palette)
+{
+    constexpr int mostPalettes = 16; // of the views of one window, in a few colours
+    static QHash<qint64, SKnownColors> known;
+    const qint64 key = palette.cacheKey();
+    const auto found = known.constFind(key);
+    if (found != known.constEnd())
+        return found.value();
+    if (known.size() >= mostPalettes)
+        known.clear();
+    const bool dark = isBaseDark(palette);
+    return known.insert(key, {makeColors(palette, dark), dark}).value();
+}
+
+QColor hueColor(int hue, const QPalette& palette)
+{
+    return QColor::fromHsl(hue, 150, knownColors(palette).isDark ? 165 : 95);
+}
+
+} // namespace
+
+SGraphColors graphColors(const QPalette& palette)
+{
+    return knownColors(palette).colors;
 }
 
 QColor typeColor(const QString& typeId, const QPalette& palette)
@@ -82,6 +109,11 @@ QColor kindColor(ENodeKind kind, const QPalette& palette)
         break;
     }
     return hueColor(210, palette);
+}
+
+QColor headColor(ENodeKind kind, const QPalette& palette)
+{
+    return mixed(graphColors(palette).node, kindColor(kind, palette), 0.12);
 }
 
 } // namespace Host

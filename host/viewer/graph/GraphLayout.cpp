@@ -46,7 +46,7 @@ private:
 
 QByteArray dotText(const std::vector<QSizeF>& sizes, const FlowEdges& edges)
 {
-    QByteArray text = "digraph { graph [layout=dot, rankdir=LR, nodesep=0.45, ranksep=1.3, splines=line];"
+    QByteArray text = "digraph { graph [layout=dot, rankdir=LR, nodesep=0.45, ranksep=1.7, splines=line];"
                       "node [shape=box, fixedsize=true, label=\"\"]; edge [arrowhead=none];\n";
     for (std::size_t i = 0; i < sizes.size(); ++i) {
         text += QByteArray::number(qulonglong(i)) + " [width=" + QByteArray::number(sizes[i].width() / pixelsPerInch) +

@@ -3,6 +3,8 @@
 
 #include "host/viewer/graph/SNodeLook.h"
 
+#include "host/viewer/base/ModelText.h"
+
 #include <Halvex/models/AWorkerNodeDataModel.h>
 #include <Halvex/models/CNodeDecouplerDataModelBase.h>
 #include <Halvex/scene/CNodeDataModelRegistry.h>
@@ -68,8 +70,8 @@ QString categoryOf(const CNodeDataModelRegistry* registry, const QString& name)
 SNodeLook lookOf(CNodeDataModel& model, const CNodeDataModelRegistry* registry)
 {
     SNodeLook look;
-    look.caption = model.caption();
-    look.category = categoryOf(registry, model.name());
+    look.caption = modelText(model.caption());
+    look.category = modelText(categoryOf(registry, model.name()));
     look.kind = kindOf(model);
     look.inputs = portsOf(model, ENodePortType::In);
     look.outputs = portsOf(model, ENodePortType::Out);

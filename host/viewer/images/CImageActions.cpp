@@ -3,6 +3,8 @@
 
 #include "host/viewer/images/CImageActions.h"
 
+#include "host/viewer/base/Actions.h"
+
 #include <QActionGroup>
 #include <QKeySequence>
 
@@ -73,9 +75,7 @@ CImageActions::CImageActions(QObject* parent)
 
 QAction* CImageActions::make(const char* name, const QKeySequence& key)
 {
-    auto* const action = new QAction(this);
-    action->setObjectName(QLatin1String(name));
-    action->setShortcut(key);
+    QAction* const action = makeAction(this, name, key);
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     return action;
 }

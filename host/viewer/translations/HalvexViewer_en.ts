@@ -184,6 +184,10 @@
         <source>Run</source>
         <translation>Run</translation>
     </message>
+    <message>
+        <source>Cannot be changed now</source>
+        <translation>Cannot be changed now</translation>
+    </message>
 </context>
 <context>
     <name>Host::CFeaturePanel</name>
@@ -934,6 +938,18 @@ Ctrl+K finds every command.</translation>
         <source>Default of %1</source>
         <translation>Default of %1</translation>
     </message>
+    <message>
+        <source>from %1</source>
+        <translation>from %1</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 to %2</translation>
+    </message>
+    <message>
+        <source>%1, odd</source>
+        <translation>%1, odd</translation>
+    </message>
 </context>
 <context>
     <name>Host::CSettingsPanel</name>
@@ -1226,6 +1242,229 @@ Ctrl+K finds every command.</translation>
     <message>
         <source>Scenes</source>
         <translation>Scenes</translation>
+    </message>
+</context>
+<context>
+    <name>Host::ModelText</name>
+    <message>
+        <source>Filters</source>
+        <translation>Filters</translation>
+    </message>
+    <message>
+        <source>Sinks</source>
+        <translation>Sinks</translation>
+    </message>
+    <message>
+        <source>Sources</source>
+        <translation>Sources</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Tools</translation>
+    </message>
+    <message>
+        <source>Blur</source>
+        <translation>Blur</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>Camera</translation>
+    </message>
+    <message>
+        <source>Camera Source</source>
+        <translation>Camera Source</translation>
+    </message>
+    <message>
+        <source>DecouplerVGR</source>
+        <translation>DecouplerVGR</translation>
+    </message>
+    <message>
+        <source>Edges</source>
+        <translation>Edges</translation>
+    </message>
+    <message>
+        <source>Histogram</source>
+        <translation>Histogram</translation>
+    </message>
+    <message>
+        <source>Image View</source>
+        <translation>Image View</translation>
+    </message>
+    <message>
+        <source>PNG Sink</source>
+        <translation>PNG Sink</translation>
+    </message>
+    <message>
+        <source>PNG files</source>
+        <translation>PNG files</translation>
+    </message>
+    <message>
+        <source>Raw Sink</source>
+        <translation>Raw Sink</translation>
+    </message>
+    <message>
+        <source>Raw files</source>
+        <translation>Raw files</translation>
+    </message>
+    <message>
+        <source>Threshold</source>
+        <translation>Threshold</translation>
+    </message>
+    <message>
+        <source>To Image</source>
+        <translation>To Image</translation>
+    </message>
+    <message>
+        <source>To image</source>
+        <translation>To image</translation>
+    </message>
+    <message>
+        <source>Video</source>
+        <translation>Video</translation>
+    </message>
+    <message>
+        <source>Video Sink</source>
+        <translation>Video Sink</translation>
+    </message>
+    <message>
+        <source>Frames per second</source>
+        <translation>Frames per second</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Level</translation>
+    </message>
+    <message>
+        <source>Method</source>
+        <translation>Method</translation>
+    </message>
+    <message>
+        <source>Most waiting</source>
+        <translation>Most waiting</translation>
+    </message>
+    <message>
+        <source>Parallelism</source>
+        <translation>Parallelism</translation>
+    </message>
+    <message>
+        <source>Policy</source>
+        <translation>Policy</translation>
+    </message>
+    <message>
+        <source>Priority</source>
+        <translation>Priority</translation>
+    </message>
+    <message>
+        <source>Sink name</source>
+        <translation>Sink name</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Size</translation>
+    </message>
+    <message>
+        <source>View name</source>
+        <translation>View name</translation>
+    </message>
+    <message>
+        <source>Write every</source>
+        <translation>Write every</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>Background</translation>
+    </message>
+    <message>
+        <source>Box</source>
+        <translation>Box</translation>
+    </message>
+    <message>
+        <source>Canny</source>
+        <translation>Canny</translation>
+    </message>
+    <message>
+        <source>Drop newest</source>
+        <translation>Drop newest</translation>
+    </message>
+    <message>
+        <source>Drop oldest</source>
+        <translation>Drop oldest</translation>
+    </message>
+    <message>
+        <source>Fixed</source>
+        <translation>Fixed</translation>
+    </message>
+    <message>
+        <source>Gaussian</source>
+        <translation>Gaussian</translation>
+    </message>
+    <message>
+        <source>Median</source>
+        <translation>Median</translation>
+    </message>
+    <message>
+        <source>Newest wins</source>
+        <translation>Newest wins</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Otsu</source>
+        <translation>Otsu</translation>
+    </message>
+    <message>
+        <source>Sobel</source>
+        <translation>Sobel</translation>
+    </message>
+    <message>
+        <source>Background keeps one core free for what is recorded, as is right for previews.</source>
+        <translation>Background keeps one core free for what is recorded, as is right for previews.</translation>
+    </message>
+    <message>
+        <source>Canny draws thin lines, and follows an edge down to a third of &apos;level&apos;; Sobel draws all of it.</source>
+        <translation>Canny draws thin lines, and follows an edge down to a third of &apos;level&apos;; Sobel draws all of it.</translation>
+    </message>
+    <message>
+        <source>Gaussian keeps most detail, Box is fastest, Median removes single wrong pixels.</source>
+        <translation>Gaussian keeps most detail, Box is fastest, Median removes single wrong pixels.</translation>
+    </message>
+    <message>
+        <source>Grey values above it become white. Otsu does not ask for it.</source>
+        <translation>Grey values above it become white. Otsu does not ask for it.</translation>
+    </message>
+    <message>
+        <source>How fast the video plays.</source>
+        <translation>How fast the video plays.</translation>
+    </message>
+    <message>
+        <source>How much the grey value must change.</source>
+        <translation>How much the grey value must change.</translation>
+    </message>
+    <message>
+        <source>It writes one of so many frames; 0: as the run says, with --write-every.</source>
+        <translation>It writes one of so many frames; 0: as the run says, with --write-every.</translation>
+    </message>
+    <message>
+        <source>Otsu finds the threshold that separates each image best, Fixed takes &apos;level&apos;.</source>
+        <translation>Otsu finds the threshold that separates each image best, Fixed takes &apos;level&apos;.</translation>
+    </message>
+    <message>
+        <source>Pixels along each side of the square in which the change is looked for.</source>
+        <translation>Pixels along each side of the square in which the change is looked for.</translation>
+    </message>
+    <message>
+        <source>Pixels along each side of the square that a pixel is smoothed over.</source>
+        <translation>Pixels along each side of the square that a pixel is smoothed over.</translation>
+    </message>
+    <message>
+        <source>The name of its folder. A chain gives it.</source>
+        <translation>The name of its folder. A chain gives it.</translation>
+    </message>
+    <message>
+        <source>What stands above the image.</source>
+        <translation>What stands above the image.</translation>
     </message>
 </context>
 </TS>

@@ -37,7 +37,7 @@
     </message>
     <message>
         <source>%1 frames/s · %2 frames</source>
-        <translation>%1 フレーム/秒 · %2 フレーム</translation>
+        <translation>%1 fps · %2 フレーム</translation>
     </message>
 </context>
 <context>
@@ -183,6 +183,10 @@
     <message>
         <source>Run</source>
         <translation>実行</translation>
+    </message>
+    <message>
+        <source>Cannot be changed now</source>
+        <translation>今は変更できません</translation>
     </message>
 </context>
 <context>
@@ -926,6 +930,18 @@ Ctrl+K ですべてのコマンドを検索できます。</translation>
         <source>Default of %1</source>
         <translation>%1 の既定値</translation>
     </message>
+    <message>
+        <source>from %1</source>
+        <translation>%1 以上</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1～%2</translation>
+    </message>
+    <message>
+        <source>%1, odd</source>
+        <translation>%1、奇数</translation>
+    </message>
 </context>
 <context>
     <name>Host::CSettingsPanel</name>
@@ -1218,6 +1234,229 @@ Ctrl+K ですべてのコマンドを検索できます。</translation>
     <message>
         <source>Scenes</source>
         <translation>シーン</translation>
+    </message>
+</context>
+<context>
+    <name>Host::ModelText</name>
+    <message>
+        <source>Filters</source>
+        <translation>フィルター</translation>
+    </message>
+    <message>
+        <source>Sinks</source>
+        <translation>シンク</translation>
+    </message>
+    <message>
+        <source>Sources</source>
+        <translation>ソース</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>ツール</translation>
+    </message>
+    <message>
+        <source>Blur</source>
+        <translation>ぼかし</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>カメラ</translation>
+    </message>
+    <message>
+        <source>Camera Source</source>
+        <translation>カメラソース</translation>
+    </message>
+    <message>
+        <source>DecouplerVGR</source>
+        <translation>VGR 用デカップラー</translation>
+    </message>
+    <message>
+        <source>Edges</source>
+        <translation>エッジ</translation>
+    </message>
+    <message>
+        <source>Histogram</source>
+        <translation>ヒストグラム</translation>
+    </message>
+    <message>
+        <source>Image View</source>
+        <translation>画像ビュー</translation>
+    </message>
+    <message>
+        <source>PNG Sink</source>
+        <translation>PNG シンク</translation>
+    </message>
+    <message>
+        <source>PNG files</source>
+        <translation>PNG ファイル</translation>
+    </message>
+    <message>
+        <source>Raw Sink</source>
+        <translation>RAW シンク</translation>
+    </message>
+    <message>
+        <source>Raw files</source>
+        <translation>RAW ファイル</translation>
+    </message>
+    <message>
+        <source>Threshold</source>
+        <translation>しきい値</translation>
+    </message>
+    <message>
+        <source>To Image</source>
+        <translation>画像へ変換</translation>
+    </message>
+    <message>
+        <source>To image</source>
+        <translation>画像へ変換</translation>
+    </message>
+    <message>
+        <source>Video</source>
+        <translation>動画</translation>
+    </message>
+    <message>
+        <source>Video Sink</source>
+        <translation>動画シンク</translation>
+    </message>
+    <message>
+        <source>Frames per second</source>
+        <translation>毎秒フレーム数</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>レベル</translation>
+    </message>
+    <message>
+        <source>Method</source>
+        <translation>方法</translation>
+    </message>
+    <message>
+        <source>Most waiting</source>
+        <translation>最大待機数</translation>
+    </message>
+    <message>
+        <source>Parallelism</source>
+        <translation>並列数</translation>
+    </message>
+    <message>
+        <source>Policy</source>
+        <translation>方針</translation>
+    </message>
+    <message>
+        <source>Priority</source>
+        <translation>優先度</translation>
+    </message>
+    <message>
+        <source>Sink name</source>
+        <translation>シンク名</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>サイズ</translation>
+    </message>
+    <message>
+        <source>View name</source>
+        <translation>ビュー名</translation>
+    </message>
+    <message>
+        <source>Write every</source>
+        <translation>書き込み間隔</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>バックグラウンド</translation>
+    </message>
+    <message>
+        <source>Box</source>
+        <translation>ボックス</translation>
+    </message>
+    <message>
+        <source>Canny</source>
+        <translation>Canny</translation>
+    </message>
+    <message>
+        <source>Drop newest</source>
+        <translation>最新を破棄</translation>
+    </message>
+    <message>
+        <source>Drop oldest</source>
+        <translation>最古を破棄</translation>
+    </message>
+    <message>
+        <source>Fixed</source>
+        <translation>固定</translation>
+    </message>
+    <message>
+        <source>Gaussian</source>
+        <translation>ガウス</translation>
+    </message>
+    <message>
+        <source>Median</source>
+        <translation>メディアン</translation>
+    </message>
+    <message>
+        <source>Newest wins</source>
+        <translation>最新を優先</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>通常</translation>
+    </message>
+    <message>
+        <source>Otsu</source>
+        <translation>大津</translation>
+    </message>
+    <message>
+        <source>Sobel</source>
+        <translation>Sobel</translation>
+    </message>
+    <message>
+        <source>Background keeps one core free for what is recorded, as is right for previews.</source>
+        <translation>「バックグラウンド」は記録のためにコアを 1 つ空けておきます。プレビューに適しています。</translation>
+    </message>
+    <message>
+        <source>Canny draws thin lines, and follows an edge down to a third of &apos;level&apos;; Sobel draws all of it.</source>
+        <translation>Canny は細い線を描き、「レベル」の 3 分の 1 までエッジをたどります。Sobel はすべてを描きます。</translation>
+    </message>
+    <message>
+        <source>Gaussian keeps most detail, Box is fastest, Median removes single wrong pixels.</source>
+        <translation>ガウスは細部を最も残し、ボックスは最も速く、メディアンは孤立した不良画素を除きます。</translation>
+    </message>
+    <message>
+        <source>Grey values above it become white. Otsu does not ask for it.</source>
+        <translation>これより大きい輝度値は白になります。「大津」では使いません。</translation>
+    </message>
+    <message>
+        <source>How fast the video plays.</source>
+        <translation>動画の再生速度です。</translation>
+    </message>
+    <message>
+        <source>How much the grey value must change.</source>
+        <translation>輝度値に必要な変化の大きさです。</translation>
+    </message>
+    <message>
+        <source>It writes one of so many frames; 0: as the run says, with --write-every.</source>
+        <translation>この数のフレームごとに 1 枚書き込みます。0 なら実行時の --write-every に従います。</translation>
+    </message>
+    <message>
+        <source>Otsu finds the threshold that separates each image best, Fixed takes &apos;level&apos;.</source>
+        <translation>「大津」は各画像を最もよく分けるしきい値を求め、「固定」は「レベル」を使います。</translation>
+    </message>
+    <message>
+        <source>Pixels along each side of the square in which the change is looked for.</source>
+        <translation>変化を調べる正方形の一辺の画素数です。</translation>
+    </message>
+    <message>
+        <source>Pixels along each side of the square that a pixel is smoothed over.</source>
+        <translation>画素を平滑化する正方形の一辺の画素数です。</translation>
+    </message>
+    <message>
+        <source>The name of its folder. A chain gives it.</source>
+        <translation>フォルダーの名前です。チェーンで決まります。</translation>
+    </message>
+    <message>
+        <source>What stands above the image.</source>
+        <translation>画像の上に表示される名前です。</translation>
     </message>
 </context>
 </TS>

@@ -184,6 +184,10 @@
         <source>Run</source>
         <translation>실행</translation>
     </message>
+    <message>
+        <source>Cannot be changed now</source>
+        <translation>지금은 변경할 수 없습니다</translation>
+    </message>
 </context>
 <context>
     <name>Host::CFeaturePanel</name>
@@ -926,6 +930,18 @@ Ctrl+K로 모든 명령을 찾을 수 있습니다.</translation>
         <source>Default of %1</source>
         <translation>%1의 기본값</translation>
     </message>
+    <message>
+        <source>from %1</source>
+        <translation>%1 이상</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1~%2</translation>
+    </message>
+    <message>
+        <source>%1, odd</source>
+        <translation>%1, 홀수</translation>
+    </message>
 </context>
 <context>
     <name>Host::CSettingsPanel</name>
@@ -1218,6 +1234,229 @@ Ctrl+K로 모든 명령을 찾을 수 있습니다.</translation>
     <message>
         <source>Scenes</source>
         <translation>장면</translation>
+    </message>
+</context>
+<context>
+    <name>Host::ModelText</name>
+    <message>
+        <source>Filters</source>
+        <translation>필터</translation>
+    </message>
+    <message>
+        <source>Sinks</source>
+        <translation>싱크</translation>
+    </message>
+    <message>
+        <source>Sources</source>
+        <translation>소스</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>도구</translation>
+    </message>
+    <message>
+        <source>Blur</source>
+        <translation>흐림</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>카메라</translation>
+    </message>
+    <message>
+        <source>Camera Source</source>
+        <translation>카메라 소스</translation>
+    </message>
+    <message>
+        <source>DecouplerVGR</source>
+        <translation>VGR 디커플러</translation>
+    </message>
+    <message>
+        <source>Edges</source>
+        <translation>가장자리</translation>
+    </message>
+    <message>
+        <source>Histogram</source>
+        <translation>히스토그램</translation>
+    </message>
+    <message>
+        <source>Image View</source>
+        <translation>이미지 보기</translation>
+    </message>
+    <message>
+        <source>PNG Sink</source>
+        <translation>PNG 싱크</translation>
+    </message>
+    <message>
+        <source>PNG files</source>
+        <translation>PNG 파일</translation>
+    </message>
+    <message>
+        <source>Raw Sink</source>
+        <translation>RAW 싱크</translation>
+    </message>
+    <message>
+        <source>Raw files</source>
+        <translation>RAW 파일</translation>
+    </message>
+    <message>
+        <source>Threshold</source>
+        <translation>임곗값</translation>
+    </message>
+    <message>
+        <source>To Image</source>
+        <translation>이미지로 변환</translation>
+    </message>
+    <message>
+        <source>To image</source>
+        <translation>이미지로 변환</translation>
+    </message>
+    <message>
+        <source>Video</source>
+        <translation>동영상</translation>
+    </message>
+    <message>
+        <source>Video Sink</source>
+        <translation>동영상 싱크</translation>
+    </message>
+    <message>
+        <source>Frames per second</source>
+        <translation>초당 프레임</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>수준</translation>
+    </message>
+    <message>
+        <source>Method</source>
+        <translation>방법</translation>
+    </message>
+    <message>
+        <source>Most waiting</source>
+        <translation>최대 대기 수</translation>
+    </message>
+    <message>
+        <source>Parallelism</source>
+        <translation>병렬 수</translation>
+    </message>
+    <message>
+        <source>Policy</source>
+        <translation>정책</translation>
+    </message>
+    <message>
+        <source>Priority</source>
+        <translation>우선순위</translation>
+    </message>
+    <message>
+        <source>Sink name</source>
+        <translation>싱크 이름</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>크기</translation>
+    </message>
+    <message>
+        <source>View name</source>
+        <translation>보기 이름</translation>
+    </message>
+    <message>
+        <source>Write every</source>
+        <translation>기록 간격</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>백그라운드</translation>
+    </message>
+    <message>
+        <source>Box</source>
+        <translation>박스</translation>
+    </message>
+    <message>
+        <source>Canny</source>
+        <translation>Canny</translation>
+    </message>
+    <message>
+        <source>Drop newest</source>
+        <translation>최신 항목 버림</translation>
+    </message>
+    <message>
+        <source>Drop oldest</source>
+        <translation>오래된 항목 버림</translation>
+    </message>
+    <message>
+        <source>Fixed</source>
+        <translation>고정</translation>
+    </message>
+    <message>
+        <source>Gaussian</source>
+        <translation>가우스</translation>
+    </message>
+    <message>
+        <source>Median</source>
+        <translation>중앙값</translation>
+    </message>
+    <message>
+        <source>Newest wins</source>
+        <translation>최신 항목 우선</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>보통</translation>
+    </message>
+    <message>
+        <source>Otsu</source>
+        <translation>오츠</translation>
+    </message>
+    <message>
+        <source>Sobel</source>
+        <translation>Sobel</translation>
+    </message>
+    <message>
+        <source>Background keeps one core free for what is recorded, as is right for previews.</source>
+        <translation>&apos;백그라운드&apos;는 기록을 위해 코어 하나를 비워 둡니다. 미리 보기에 알맞습니다.</translation>
+    </message>
+    <message>
+        <source>Canny draws thin lines, and follows an edge down to a third of &apos;level&apos;; Sobel draws all of it.</source>
+        <translation>Canny는 가는 선을 그리며 &apos;수준&apos;의 3분의 1까지 가장자리를 따라갑니다. Sobel은 모두 그립니다.</translation>
+    </message>
+    <message>
+        <source>Gaussian keeps most detail, Box is fastest, Median removes single wrong pixels.</source>
+        <translation>가우스는 세부를 가장 잘 남기고, 박스는 가장 빠르며, 중앙값은 홀로 잘못된 픽셀을 없앱니다.</translation>
+    </message>
+    <message>
+        <source>Grey values above it become white. Otsu does not ask for it.</source>
+        <translation>이보다 큰 밝기 값은 흰색이 됩니다. &apos;오츠&apos;에서는 쓰지 않습니다.</translation>
+    </message>
+    <message>
+        <source>How fast the video plays.</source>
+        <translation>동영상이 재생되는 속도입니다.</translation>
+    </message>
+    <message>
+        <source>How much the grey value must change.</source>
+        <translation>밝기 값이 변해야 하는 크기입니다.</translation>
+    </message>
+    <message>
+        <source>It writes one of so many frames; 0: as the run says, with --write-every.</source>
+        <translation>이 수의 프레임마다 하나를 기록합니다. 0이면 실행할 때의 --write-every를 따릅니다.</translation>
+    </message>
+    <message>
+        <source>Otsu finds the threshold that separates each image best, Fixed takes &apos;level&apos;.</source>
+        <translation>&apos;오츠&apos;는 각 이미지를 가장 잘 나누는 임곗값을 찾고, &apos;고정&apos;은 &apos;수준&apos;을 씁니다.</translation>
+    </message>
+    <message>
+        <source>Pixels along each side of the square in which the change is looked for.</source>
+        <translation>변화를 찾는 정사각형의 한 변 픽셀 수입니다.</translation>
+    </message>
+    <message>
+        <source>Pixels along each side of the square that a pixel is smoothed over.</source>
+        <translation>픽셀을 고르게 하는 정사각형의 한 변 픽셀 수입니다.</translation>
+    </message>
+    <message>
+        <source>The name of its folder. A chain gives it.</source>
+        <translation>폴더의 이름입니다. 체인이 정합니다.</translation>
+    </message>
+    <message>
+        <source>What stands above the image.</source>
+        <translation>이미지 위에 보이는 이름입니다.</translation>
     </message>
 </context>
 </TS>

@@ -184,6 +184,10 @@
         <source>Run</source>
         <translation>执行</translation>
     </message>
+    <message>
+        <source>Cannot be changed now</source>
+        <translation>当前无法更改</translation>
+    </message>
 </context>
 <context>
     <name>Host::CFeaturePanel</name>
@@ -926,6 +930,18 @@ Ctrl+K finds every command.</source>
         <source>Default of %1</source>
         <translation>%1 的默认值</translation>
     </message>
+    <message>
+        <source>from %1</source>
+        <translation>不小于 %1</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 至 %2</translation>
+    </message>
+    <message>
+        <source>%1, odd</source>
+        <translation>%1，奇数</translation>
+    </message>
 </context>
 <context>
     <name>Host::CSettingsPanel</name>
@@ -1218,6 +1234,229 @@ Ctrl+K finds every command.</source>
     <message>
         <source>Scenes</source>
         <translation>场景</translation>
+    </message>
+</context>
+<context>
+    <name>Host::ModelText</name>
+    <message>
+        <source>Filters</source>
+        <translation>滤波器</translation>
+    </message>
+    <message>
+        <source>Sinks</source>
+        <translation>输出</translation>
+    </message>
+    <message>
+        <source>Sources</source>
+        <translation>来源</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>工具</translation>
+    </message>
+    <message>
+        <source>Blur</source>
+        <translation>模糊</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>相机</translation>
+    </message>
+    <message>
+        <source>Camera Source</source>
+        <translation>相机来源</translation>
+    </message>
+    <message>
+        <source>DecouplerVGR</source>
+        <translation>VGR 解耦器</translation>
+    </message>
+    <message>
+        <source>Edges</source>
+        <translation>边缘</translation>
+    </message>
+    <message>
+        <source>Histogram</source>
+        <translation>直方图</translation>
+    </message>
+    <message>
+        <source>Image View</source>
+        <translation>图像视图</translation>
+    </message>
+    <message>
+        <source>PNG Sink</source>
+        <translation>PNG 输出</translation>
+    </message>
+    <message>
+        <source>PNG files</source>
+        <translation>PNG 文件</translation>
+    </message>
+    <message>
+        <source>Raw Sink</source>
+        <translation>RAW 输出</translation>
+    </message>
+    <message>
+        <source>Raw files</source>
+        <translation>RAW 文件</translation>
+    </message>
+    <message>
+        <source>Threshold</source>
+        <translation>阈值</translation>
+    </message>
+    <message>
+        <source>To Image</source>
+        <translation>转为图像</translation>
+    </message>
+    <message>
+        <source>To image</source>
+        <translation>转为图像</translation>
+    </message>
+    <message>
+        <source>Video</source>
+        <translation>视频</translation>
+    </message>
+    <message>
+        <source>Video Sink</source>
+        <translation>视频输出</translation>
+    </message>
+    <message>
+        <source>Frames per second</source>
+        <translation>每秒帧数</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>级别</translation>
+    </message>
+    <message>
+        <source>Method</source>
+        <translation>方法</translation>
+    </message>
+    <message>
+        <source>Most waiting</source>
+        <translation>最大等待数</translation>
+    </message>
+    <message>
+        <source>Parallelism</source>
+        <translation>并行数</translation>
+    </message>
+    <message>
+        <source>Policy</source>
+        <translation>策略</translation>
+    </message>
+    <message>
+        <source>Priority</source>
+        <translation>优先级</translation>
+    </message>
+    <message>
+        <source>Sink name</source>
+        <translation>输出名称</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>大小</translation>
+    </message>
+    <message>
+        <source>View name</source>
+        <translation>视图名称</translation>
+    </message>
+    <message>
+        <source>Write every</source>
+        <translation>写入间隔</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>后台</translation>
+    </message>
+    <message>
+        <source>Box</source>
+        <translation>方框</translation>
+    </message>
+    <message>
+        <source>Canny</source>
+        <translation>Canny</translation>
+    </message>
+    <message>
+        <source>Drop newest</source>
+        <translation>丢弃最新</translation>
+    </message>
+    <message>
+        <source>Drop oldest</source>
+        <translation>丢弃最旧</translation>
+    </message>
+    <message>
+        <source>Fixed</source>
+        <translation>固定</translation>
+    </message>
+    <message>
+        <source>Gaussian</source>
+        <translation>高斯</translation>
+    </message>
+    <message>
+        <source>Median</source>
+        <translation>中值</translation>
+    </message>
+    <message>
+        <source>Newest wins</source>
+        <translation>最新优先</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>普通</translation>
+    </message>
+    <message>
+        <source>Otsu</source>
+        <translation>大津</translation>
+    </message>
+    <message>
+        <source>Sobel</source>
+        <translation>Sobel</translation>
+    </message>
+    <message>
+        <source>Background keeps one core free for what is recorded, as is right for previews.</source>
+        <translation>“后台”为记录保留一个核心，适合预览。</translation>
+    </message>
+    <message>
+        <source>Canny draws thin lines, and follows an edge down to a third of &apos;level&apos;; Sobel draws all of it.</source>
+        <translation>Canny 绘制细线，并沿边缘追踪到“级别”的三分之一；Sobel 绘制全部。</translation>
+    </message>
+    <message>
+        <source>Gaussian keeps most detail, Box is fastest, Median removes single wrong pixels.</source>
+        <translation>高斯保留最多细节，方框最快，中值去除个别错误像素。</translation>
+    </message>
+    <message>
+        <source>Grey values above it become white. Otsu does not ask for it.</source>
+        <translation>高于它的灰度值变为白色。“大津”不使用它。</translation>
+    </message>
+    <message>
+        <source>How fast the video plays.</source>
+        <translation>视频的播放速度。</translation>
+    </message>
+    <message>
+        <source>How much the grey value must change.</source>
+        <translation>灰度值须变化多少。</translation>
+    </message>
+    <message>
+        <source>It writes one of so many frames; 0: as the run says, with --write-every.</source>
+        <translation>每这么多帧写入一帧；0：按运行时的 --write-every。</translation>
+    </message>
+    <message>
+        <source>Otsu finds the threshold that separates each image best, Fixed takes &apos;level&apos;.</source>
+        <translation>“大津”为每幅图像找出最佳阈值，“固定”使用“级别”。</translation>
+    </message>
+    <message>
+        <source>Pixels along each side of the square in which the change is looked for.</source>
+        <translation>查找变化的正方形的边长（像素）。</translation>
+    </message>
+    <message>
+        <source>Pixels along each side of the square that a pixel is smoothed over.</source>
+        <translation>对像素进行平滑的正方形的边长（像素）。</translation>
+    </message>
+    <message>
+        <source>The name of its folder. A chain gives it.</source>
+        <translation>其文件夹的名称，由链给出。</translation>
+    </message>
+    <message>
+        <source>What stands above the image.</source>
+        <translation>显示在图像上方的名称。</translation>
     </message>
 </context>
 </TS>

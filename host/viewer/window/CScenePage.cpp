@@ -40,6 +40,12 @@ CScenePage::CScenePage(CNodeScene& scene, INodeService& service, QWidget* parent
     connect(&scene, &CNodeScene::nodeCreated, this, &CScenePage::titleChanged);
 }
 
+CScenePage::~CScenePage()
+{
+    // Its steps tell of themselves when they go, with the editor; by then this is no CScenePage any more.
+    m_editor->undoStack().disconnect(this);
+}
+
 CNodeBase* CScenePage::camera() const
 {
     if (!m_scene)

@@ -29,6 +29,7 @@ class CScenePage : public QWidget
 
 public:
     CScenePage(Plugin::Halvex::CNodeScene& scene, Plugin::Halvex::INodeService& service, QWidget* parent = nullptr);
+    ~CScenePage() override;
 
     /// Null once it is gone.
     Plugin::Halvex::CNodeScene* scene() const { return m_scene; }

@@ -3,9 +3,13 @@
 
 #include "host/viewer/window/CThreadWatch.h"
 
+#include "host/viewer/base/ModelText.h"
+
 #include <Halvex/graph/CNodeConnection.h>
 #include <Halvex/models/ASinkNodeDataModel.h>
 #include <Halvex/models/ASourceNodeDataModel.h>
+#include <Halvex/models/AWorkerNodeDataModel.h>
+#include <Halvex/models/CNodeDecouplerDataModelBase.h>
 #include <Halvex/scene/CNodeScene.h>
 
 #include <algorithm>
@@ -20,6 +24,14 @@ namespace {
 constexpr int beatInterval = 50; // milliseconds
 // So long after the last sign there is nothing to watch: the window is at rest and nothing is to wake it.
 constexpr qint64 restAfter = 2000;
+
+// A source only hands on what came from outside; workers and decouplers have threads of their own.
+bool worksInThisThread(const CNodeBase& node)
+{
+    const CNodeDataModel* const model = node.nodeDataModel();
+    return !qobject_cast<const ASourceNodeDataModel*>(model) && !qobject_cast<const AWorkerNodeDataModel*>(model) &&
+           !qobject_cast<const CNodeDecouplerDataModelBase*>(model);
+}
 
 } // namespace
 
@@ -94,20 +106,19 @@ QString CThreadWatch::suspects() const
 {
     if (!m_suspect)
         return {};
-    // A source only hands on what came from outside.
     std::vector<const CNodeBase*> nodes;
-    if (!qobject_cast<ASourceNodeDataModel*>(m_suspect->nodeDataModel()))
+    if (worksInThisThread(*m_suspect))
         nodes.push_back(m_suspect);
     for (const auto& connections : std::as_const(m_suspect->nodeState()).getEntries(ENodePortType::Out)) {
         for (const auto& entry : connections) {
             const CNodeBase* const fed = entry.second->getNode(ENodePortType::In);
-            if (fed && !wasHeard(fed))
+            if (fed && worksInThisThread(*fed) && !wasHeard(fed))
                 nodes.push_back(fed);
         }
     }
     QStringList names;
     for (const CNodeBase* const node : nodes)
-        names << node->nodeDataModel()->caption();
+        names << modelText(node->nodeDataModel()->caption());
     names.sort(); // the table's order means nothing
     names.removeDuplicates();
     return names.join(QStringLiteral(", "));

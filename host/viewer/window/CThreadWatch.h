@@ -30,7 +30,7 @@ namespace Host {
  * A timer beats while data flows, and some time after; a beat that comes late tells for how long. So what the first
  * data after a rest does goes unnoticed. Who it was is told by the longest silence of the models' signals meanwhile:
  * the model that broke it, and those that it feeds and that never say anything, may have used it. So it may name two.
- * What is slow in a thread of its own holds up nothing.
+ * What has a thread of its own, such as a worker, holds up nothing and is not named.
  *
  * Threads: the scenes'. Ownership: scenes and nodes may go at any time.
  */

@@ -82,7 +82,7 @@ void CViewerDocks::arrange()
     // They take room from the graph, and are wanted now and then.
     m_docks[Faults]->hide();
     m_docks[History]->hide();
-    m_window.resizeDocks({m_docks[Cameras]}, {40 * gridStep}, Qt::Horizontal);
+    m_window.resizeDocks({m_docks[Cameras]}, {44 * gridStep}, Qt::Horizontal);
     m_window.resizeDocks({m_docks[Faults]}, {20 * gridStep}, Qt::Vertical);
 }
 

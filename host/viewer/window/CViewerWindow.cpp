@@ -133,6 +133,8 @@ void CViewerWindow::onOpened(const CCameraSession* session)
     m_tabs->setCurrentWidget(page);
     m_docks->cameras().choose(session->name());
     addImageView();
+    page->view().canvas().placeAll();
+    page->view().fit();
     // A camera's scene begins with its image: there is nothing to undo yet.
     page->editor().undoStack().clear();
 }
@@ -146,7 +148,7 @@ void CViewerWindow::addImageView()
     CGraphEditor& editor = page->editor();
     const Core::CId cameraId = camera->id();
     editor.undoStack().beginMacro(tr("Show the camera's image"));
-    const QPointF beside = editor.positions().value(cameraId.toString()) + QPointF(40 * gridStep, 0);
+    const QPointF beside = editor.positions().value(cameraId.toString()) + QPointF(48 * gridStep, 0);
     const Core::CId view = editor.addNode(CViewModel::modelName(), beside);
     const bool isMade = editor.node(view) != nullptr;
     if (isMade) {
@@ -226,10 +228,10 @@ bool CViewerWindow::importChain(const QString& file, CScenePage* page)
     if (!page)
         return report(tr("A chain needs a scene: connect a camera first."), {});
     constexpr std::size_t givenNodes = 2; // the camera and its view, which nobody has put anywhere
-    const bool isFresh = page->scene()->nodes().size() <= givenNodes;
+    const bool isFresh = page->editor().undoStack().index() == 0 && page->scene()->nodes().size() <= givenNodes;
     const QString error = m_files.importChain(*page, file);
     if (error.isEmpty() && isFresh) {
-        page->view().canvas().arrange();
+        page->view().canvas().placeAll();
         page->view().fit();
     }
     return report(error, tr("Imported %1").arg(QFileInfo(file).fileName()));

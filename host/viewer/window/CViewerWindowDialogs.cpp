@@ -194,6 +194,7 @@ void CViewerWindow::closeEvent(QCloseEvent* event)
     }
     m_parts.settings.setGeometry(saveGeometry());
     m_parts.settings.setLayout(saveState());
+    m_sessions->closeAll(); // while nobody waits for it
     QMainWindow::closeEvent(event);
 }
 

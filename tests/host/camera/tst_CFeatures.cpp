@@ -21,6 +21,23 @@ GObjectPtr<ArvDevice> fakeDevice()
     return GObjectPtr<ArvDevice>(arv_fake_device_new("test", nullptr));
 }
 
+// With a description in which \a part is replaced; null if there is no such part.
+GObjectPtr<ArvDevice> changedDevice(const QByteArray& part, const QByteArray& changed)
+{
+    const GObjectPtr<ArvFakeCamera> camera(arv_fake_camera_new("test"));
+    std::size_t size = 0;
+    const char* const xml = arv_fake_camera_get_genicam_xml(camera.get(), &size);
+    QByteArray description(xml, int(size));
+    const QTemporaryDir folder;
+    const QString file = folder.filePath("camera.xml");
+    if (!description.contains(part) || !write(file, description.replace(part, changed)))
+        return GObjectPtr<ArvDevice>();
+    arv_set_fake_camera_genicam_filename(file.toUtf8().constData());
+    auto device = fakeDevice();
+    arv_set_fake_camera_genicam_filename(nullptr);
+    return device;
+}
+
 std::vector<SFeature> featuresOf(const std::vector<SFeature>& all, const QString& name)
 {
     std::vector<SFeature> found;
@@ -39,6 +56,7 @@ private Q_SLOTS:
     void wholeNumbers_data();
     void wholeNumbers();
     void readOnlyFeature();
+    void lockedFeature();
     void categoryInItself();
     void outsideOfAllCategories();
     void plainValues();
@@ -75,22 +93,24 @@ void tst_CFeatures::readOnlyFeature()
     QCOMPARE(CFeatures(device.get()).set("DeviceID", "3"), QStringLiteral("the feature 'DeviceID' is read only"));
 }
 
+// One that may be written at another time is not called read only.
+void tst_CFeatures::lockedFeature()
+{
+    const QByteArray width = "<Integer Name=\"Width\" NameSpace=\"Standard\">";
+    const auto device = changedDevice(width, width + "<pIsLocked>Height</pIsLocked>"); // the height is not 0
+    QVERIFY(device.get());
+    const CFeatures features(device.get());
+    QCOMPARE(features.set("Width", "64"), QStringLiteral("the feature 'Width' cannot be written now"));
+    QVERIFY(featuresOf(features.all(), "Width").at(0).isLocked);
+    QVERIFY(!featuresOf(features.all(), "Width").at(0).isWritable);
+    QVERIFY(!featuresOf(features.all(), "SensorWidth").at(0).isLocked);
+}
+
 void tst_CFeatures::categoryInItself()
 {
-    const GObjectPtr<ArvFakeCamera> camera(arv_fake_camera_new("test"));
-    std::size_t size = 0;
-    const char* const xml = arv_fake_camera_get_genicam_xml(camera.get(), &size);
     const QByteArray root = "<Category Name=\"Root\" NameSpace=\"Standard\">";
-    QByteArray changed(xml, int(size));
-    QVERIFY(changed.contains(root));
-    changed.replace(root, root + "<pFeature>Root</pFeature><pFeature>Width</pFeature>");
-    const QTemporaryDir folder;
-    const QString file = folder.filePath("camera.xml");
-    QVERIFY(write(file, changed));
-
-    arv_set_fake_camera_genicam_filename(file.toUtf8().constData());
-    const auto device = fakeDevice();
-    arv_set_fake_camera_genicam_filename(nullptr);
+    const auto device = changedDevice(root, root + "<pFeature>Root</pFeature><pFeature>Width</pFeature>");
+    QVERIFY(device.get());
     const std::vector<SFeature> found = featuresOf(CFeatures(device.get()).all(), "Width");
     QCOMPARE(found.size(), std::size_t(1));
     QCOMPARE(found[0].category, QString("Root"));

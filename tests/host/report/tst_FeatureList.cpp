@@ -39,6 +39,9 @@ void tst_FeatureList::columnsBelowTheirCategories()
                                                          "Trigger\n"
                                                          "  TriggerMode  Off                  Off, On\n"));
     QVERIFY(featureText(features(), 80, true).startsWith("\x1b[1mImage\x1b[0m\n"));
+    SFeature locked = features()[1];
+    locked.isLocked = true;
+    QVERIFY(featureText({locked}, 80).contains("locked now"));
 }
 
 void tst_FeatureList::withoutRoomWhatIsTakenGoesBelow()

@@ -61,6 +61,13 @@ void tst_Theme::textsCanBeRead()
         QVERIFY(pair(QPalette::ButtonText, QPalette::Button) >= leastContrast);
         QVERIFY(pair(QPalette::HighlightedText, QPalette::Highlight) >= leastContrast);
         QVERIFY(pair(QPalette::Link, QPalette::Base) >= leastContrast);
+        QVERIFY(pair(QPalette::Text, QPalette::AlternateBase) >= leastContrast);
+        QVERIFY(pair(QPalette::ToolTipText, QPalette::ToolTipBase) >= leastContrast);
+        QVERIFY(pair(QPalette::PlaceholderText, QPalette::Base) >= leastContrast);
+        // Of what cannot be changed, the value is to be read all the same.
+        const QColor disabled = palette.color(QPalette::Disabled, QPalette::Text);
+        QVERIFY(contrast(disabled, palette.color(QPalette::Base)) >= leastContrast);
+        QVERIFY(contrast(disabled, palette.color(QPalette::Window)) >= leastContrast);
     }
 }
 

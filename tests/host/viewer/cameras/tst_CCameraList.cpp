@@ -29,6 +29,12 @@ struct SList
         : tester(&list)
     {
     }
+    ~SList()
+    {
+        list.setActive(false);
+        QTRY_COMPARE(ended.load(), searches.load()); // the last one may outlive the list, but not what it asks
+    }
+    Q_DISABLE_COPY(SList)
 
     EState state(const QString& name) const { return EState(list.indexOf(name).data(CCameraList::StateRole).toInt()); }
 
@@ -38,6 +44,7 @@ struct SList
     SHostService service;
     CCameraSessions sessions{service.nodes, service.models};
     std::atomic<int> searches{0};
+    std::atomic<int> ended{0};
     std::atomic<bool> isThere{true};
     std::atomic<bool> isHeld{false};
     QSemaphore held;
@@ -52,6 +59,7 @@ struct SList
                          std::vector<SCameraEntry> found{{"fake", "Aravis", "Fake", {}, {}}};
                          if (isThere)
                              found.push_back(network);
+                         ++ended;
                          return found;
                      },
                      std::chrono::milliseconds(20)};
@@ -70,6 +78,7 @@ private Q_SLOTS:
     void foundCamera();
     void statesOfASession();
     void connectedCameraIsListedOnce();
+    void rowsStayTheSame();
     void everyStateHasAText();
 };
 
@@ -145,6 +154,27 @@ void tst_CCameraList::connectedCameraIsListedOnce()
     test.list.setActive(true);
     QTRY_VERIFY(test.searches.load() > 1);
     QCOMPARE(test.list.rowCount(), 2);
+}
+
+// What is chosen in a view stays chosen.
+void tst_CCameraList::rowsStayTheSame()
+{
+    SList test;
+    test.list.setActive(true);
+    QTRY_VERIFY(test.list.indexOf(network.id).isValid());
+    const QPersistentModelIndex chosen = test.list.indexOf("fake");
+    const QPersistentModelIndex other = test.list.indexOf(network.id);
+    const QSignalSpy resets(&test.list, &CCameraList::modelReset);
+    test.sessions.connectCamera(camera("fake"));
+    QCOMPARE(chosen.row(), 0);
+    QCOMPARE(chosen.data(CCameraList::NameRole).toString(), QString("fake"));
+    QCOMPARE(other.data(CCameraList::NameRole).toString(), network.id);
+    test.isThere = false;
+    QTRY_VERIFY(!other.isValid());
+    test.sessions.disconnectCamera("fake");
+    QCOMPARE(test.state("fake"), EState::Free);
+    QCOMPARE(chosen.data(CCameraList::NameRole).toString(), QString("fake"));
+    QCOMPARE(resets.count(), 0);
 }
 
 void tst_CCameraList::everyStateHasAText()

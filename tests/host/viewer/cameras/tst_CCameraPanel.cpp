@@ -55,6 +55,7 @@ private Q_SLOTS:
     void connectStartStopDisconnect();
     void singleFrame();
     void doubleClickConnectsAndStarts();
+    void messageTakesRoomWhileThereIsOne();
     void searchesWhileItIsSeen();
     void filesAsACamera();
     void failureIsTold();
@@ -112,20 +113,38 @@ void tst_CCameraPanel::doubleClickConnectsAndStarts()
     QTRY_COMPARE(test.sessions.find("fake")->state(), EState::Streaming);
 }
 
+void tst_CCameraPanel::messageTakesRoomWhileThereIsOne()
+{
+    SPanel test;
+    auto* const message = test.panel.findChild<QLabel*>();
+    test.panel.resize(340, 330);
+    test.panel.show();
+    QVERIFY(message->isHidden());
+    const CCameraSession* const failed = test.sessions.connectCamera(camera("256.1.1.1"));
+    test.panel.choose("256.1.1.1");
+    QTRY_COMPARE(failed->state(), CCameraSession::EState::Failed);
+    QVERIFY(message->isVisible());
+    // What it is about stays in sight.
+    const auto* const view = test.panel.findChild<QListView*>();
+    QVERIFY(view->viewport()->rect().contains(view->visualRect(view->currentIndex())));
+    test.panel.choose("fake");
+    QVERIFY(message->isHidden());
+}
+
 void tst_CCameraPanel::searchesWhileItIsSeen()
 {
     SHostService service;
     CCameraSessions sessions(service.nodes, service.models);
-    std::atomic<int> searches{0};
-    CCameraList list(sessions, nullptr, [&searches] {
-        ++searches;
+    const auto searches = std::make_shared<std::atomic<int>>(0); // a search may outlive its list
+    CCameraList list(sessions, nullptr, [searches] {
+        ++*searches;
         return std::vector<SCameraEntry>();
     });
     CCameraPanel panel(sessions, list);
     QCoreApplication::processEvents();
-    QCOMPARE(searches.load(), 0);
+    QCOMPARE(searches->load(), 0);
     panel.show();
-    QTRY_COMPARE(searches.load(), 1);
+    QTRY_COMPARE(searches->load(), 1);
 }
 
 void tst_CCameraPanel::filesAsACamera()

@@ -4,12 +4,7 @@
 #pragma once
 
 #include "edit/SEditedScene.h"
-#include "host/viewer/graph/CConnectionItem.h"
-#include "host/viewer/graph/CGraphCanvas.h"
-#include "host/viewer/graph/CGraphView.h"
-#include "host/viewer/graph/CNodeItem.h"
-
-#include <QTest>
+#include "graph/SGraphHand.h"
 
 /// A scene with a camera, and the view of it.
 struct SShownGraph
@@ -28,59 +23,19 @@ struct SShownGraph
 
     Host::CGraphCanvas& canvas() const { return view->canvas(); }
     Host::CNodeItem* item(const Core::CId& id) const { return canvas().nodeItem(id); }
+    SGraphHand hand() const { return {*view}; }
 
-    /// Where a port is in the viewport.
-    QPoint at(const Host::SPort& port) const
+    template <typename Place>
+    QPoint at(const Place& place) const
     {
-        const Host::CNodeItem& node = *item(port.node);
-        return view->mapFromScene(node.mapToScene(node.portPosition(port.side, port.index)));
+        return hand().at(place);
     }
-
-    /// The middle of a node's head in the viewport.
-    QPoint at(const Core::CId& node) const { return view->mapFromScene(item(node)->pos() + QPointF(100, 20)); }
-
-    void press(QPoint place) const { QTest::mousePress(view->viewport(), Qt::LeftButton, Qt::NoModifier, place); }
-    void move(QPoint place) const
-    {
-        // QTest::mouseMove() tells of no pressed button.
-        QMouseEvent event(QEvent::MouseMove, place, view->viewport()->mapToGlobal(place), Qt::NoButton, Qt::LeftButton,
-                          Qt::NoModifier);
-        QApplication::sendEvent(view->viewport(), &event);
-    }
-    void release(QPoint place) const { QTest::mouseRelease(view->viewport(), Qt::LeftButton, Qt::NoModifier, place); }
-    void drag(QPoint from, QPoint to) const
-    {
-        press(from);
-        move((from + to) / 2);
-        move(to);
-        release(to);
-    }
-    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
-    {
-        QTest::keyClick(view.get(), key, modifiers);
-    }
-
-    /// What is wrong with the drawing beside the scene; empty if nothing is.
-    QString mismatch() const
-    {
-        canvas().sync();
-        const Plugin::Halvex::CNodeScene* const scene = edited.scene;
-        const std::size_t nodes = scene ? scene->nodes().size() : 0;
-        if (canvas().nodeItems().size() != nodes)
-            return QStringLiteral("%1 nodes are drawn of %2").arg(canvas().nodeItems().size()).arg(nodes);
-        for (const auto& entry : canvas().nodeItems()) {
-            if (entry.second->node() != edited.editor->node(entry.first))
-                return QStringLiteral("an item shows a node that is gone");
-            if (entry.second->pos() != edited.editor->positions().value(entry.first.toString()))
-                return QStringLiteral("an item is not where the editor says");
-        }
-        const std::size_t connections = scene ? scene->connections().size() : 0;
-        if (canvas().connectionItems().size() != connections)
-            return QStringLiteral("%1 connections are drawn of %2")
-                .arg(canvas().connectionItems().size())
-                .arg(connections);
-        return QString();
-    }
+    void press(QPoint place) const { hand().press(place); }
+    void move(QPoint place) const { hand().move(place); }
+    void release(QPoint place) const { hand().release(place); }
+    void drag(QPoint from, QPoint to) const { hand().drag(from, to); }
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const { hand().key(key, modifiers); }
+    QString mismatch() const { return mismatchOf(*view); }
 
     SEditedScene edited;
     std::unique_ptr<Host::CGraphView> view;

@@ -36,6 +36,7 @@ private Q_SLOTS:
     void tabGoesThroughAllNodesAndOn();
     void enterActivatesANode();
     void aNodeMayGoWhileItIsGoneTo();
+    void aNodeMayGoWhileItIsChosen();
     void theWheelZoomsAtThePointer();
     void fitShowsAll();
     void theOverviewIsThereWhenItIsNeeded();
@@ -238,6 +239,27 @@ void tst_CGraphView::aNodeMayGoWhileItIsGoneTo()
     shown.view->goTo(blur);
     QVERIFY(!shown.edited.editor->node(blur));
     QVERIFY(shown.canvas().selectedNodes().empty());
+}
+
+void tst_CGraphView::aNodeMayGoWhileItIsChosen()
+{
+    const SShownGraph shown;
+    for (const bool isByMouse : {false, true}) {
+        const Core::CId blur = shown.edited.add("Blur", {400, 0});
+        shown.view->fit();
+        const auto heard = connect(shown.view.get(), &CGraphView::nodeSelected, this, [&](const Core::CId& id) {
+            if (id == blur)
+                shown.edited.scene->removeNode(*shown.edited.editor->node(blur));
+        });
+        if (isByMouse)
+            QTest::mouseClick(shown.view->viewport(), Qt::LeftButton, Qt::NoModifier, shown.at(blur));
+        else
+            shown.canvas().select({blur});
+        disconnect(heard);
+        QVERIFY(!shown.edited.editor->node(blur));
+        QVERIFY(shown.canvas().selectedNodes().empty());
+        QCOMPARE(shown.mismatch(), QString());
+    }
 }
 
 void tst_CGraphView::theWheelZoomsAtThePointer()

@@ -4,11 +4,9 @@
 #include "host/viewer/graph/GraphColors.h"
 
 #include "host/base/NodeKind.h"
+#include "host/viewer/base/Theme.h"
 
 #include <QTest>
-
-#include <algorithm>
-#include <cmath>
 
 using namespace Host;
 
@@ -24,23 +22,6 @@ private Q_SLOTS:
 
 namespace {
 
-double channel(double value)
-{
-    return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-}
-
-double luminance(const QColor& color)
-{
-    return 0.2126 * channel(color.redF()) + 0.7152 * channel(color.greenF()) + 0.0722 * channel(color.blueF());
-}
-
-double contrast(const QColor& one, const QColor& other)
-{
-    const double left = luminance(one) + 0.05;
-    const double right = luminance(other) + 0.05;
-    return std::max(left, right) / std::min(left, right);
-}
-
 QPalette paletteOf(const QColor& base, const QColor& text)
 {
     QPalette palette;
@@ -54,6 +35,8 @@ QPalette paletteOf(const QColor& base, const QColor& text)
 void tst_GraphColors::textCanBeRead_data()
 {
     QTest::addColumn<QPalette>("palette");
+    QTest::newRow("the program's light") << lightPalette();
+    QTest::newRow("the program's dark") << darkPalette();
     QTest::newRow("light") << paletteOf(Qt::white, Qt::black);
     QTest::newRow("dark") << paletteOf(QColor(30, 30, 32), QColor(230, 230, 230));
     QTest::newRow("darker") << paletteOf(Qt::black, Qt::white);
@@ -64,10 +47,14 @@ void tst_GraphColors::textCanBeRead()
     QFETCH(const QPalette, palette);
     const SGraphColors colors = graphColors(palette);
     for (const QColor& text : {colors.text, colors.dimText, colors.warning, colors.error, colors.busy})
-        QVERIFY2(contrast(text, colors.node) >= 4.5, qPrintable(text.name()));
-    QVERIFY(contrast(colors.dimText, colors.canvas) >= 4.5); // of connections
+        QVERIFY2(contrast(text, colors.node) >= leastContrast, qPrintable(text.name()));
+    QVERIFY(contrast(colors.dimText, colors.canvas) >= leastContrast); // of connections
     for (const ENodeKind kind : {ENodeKind::Source, ENodeKind::Filter, ENodeKind::Decoupler, ENodeKind::Sink})
         QVERIFY2(contrast(kindColor(kind, palette), colors.node) >= 3, qPrintable(kindName(kind)));
+    for (const ENodeKind kind : {ENodeKind::Source, ENodeKind::Filter, ENodeKind::Decoupler, ENodeKind::Sink}) {
+        for (const QColor& text : {colors.text, colors.dimText})
+            QVERIFY2(contrast(text, headColor(kind, palette)) >= leastContrast, qPrintable(kindName(kind)));
+    }
 }
 
 void tst_GraphColors::aTypeHasOneColour()

@@ -7,6 +7,7 @@
 #include "TestFrame.h"
 
 #include <Halvex/models/ASinkNodeDataModel.h>
+#include <Halvex/models/AWorkerNodeDataModel.h>
 
 #include <QSignalSpy>
 #include <QTest>
@@ -54,6 +55,23 @@ private:
     CNodeDataPtr m_data;
 };
 
+// Passes on what it got, from a thread of its own.
+class CQuickWorker : public AWorkerNodeDataModel
+{
+public:
+    QString caption() override { return name(); }
+    QString name() override { return QStringLiteral("Worker"); }
+    unsigned int nPorts(ENodePortType) const override { return 1; }
+    SNodeDataType dataType(ENodePortType, NodePortIndex) const override { return CVeltraGrabResultData().type(); }
+    bool isUnique() override { return false; }
+
+protected:
+    Work makeWork() const override
+    {
+        return [](const Inputs& inputs) { return inputs.front(); };
+    }
+};
+
 // A camera, a filter and a sink in a row, and the one of them that is slow.
 struct SWatched
 {
@@ -95,6 +113,7 @@ private Q_SLOTS:
     void slowSinkIsAmongThoseNamed();
     void nobodyIsNamedWhileAllIsQuick();
     void whatIsNoModel();
+    void workerIsNotNamed();
     void restsWhenNothingFlows();
 };
 
@@ -145,6 +164,27 @@ void tst_CThreadWatch::whatIsNoModel()
     QThread::msleep(400);
     QTRY_COMPARE(heldUp.count(), 1);
     QCOMPARE(heldUp.first().at(0).toString(), QString());
+}
+
+// What it does it does elsewhere.
+void tst_CThreadWatch::workerIsNotNamed()
+{
+    const SWatched test(0, 0);
+    CNodeDataModel* const source = sourceIn(*test.scene);
+    CNodeBase& worker = test.scene->createNode(std::make_unique<CQuickWorker>());
+    for (const auto& node : test.scene->nodes()) {
+        if (node.second->nodeDataModel() == source)
+            test.scene->createConnection(worker, 0, *node.second, 0, {});
+    }
+    int frames = 0;
+    connect(source, &CNodeDataModel::dataUpdated, this, [&frames] {
+        if (++frames == 2)
+            QThread::msleep(400); // the next sign is the worker's
+    });
+    QSignalSpy heldUp(&test.watch, &CThreadWatch::heldUp);
+    test.sendTwo();
+    QTRY_VERIFY(!heldUp.isEmpty());
+    QVERIFY2(!heldUp.first().at(0).toString().contains("Worker"), qPrintable(heldUp.first().at(0).toString()));
 }
 
 void tst_CThreadWatch::restsWhenNothingFlows()

@@ -109,6 +109,7 @@ private Q_SLOTS:
     void changesAreAskedAbout();
     void questionGoesWithItsScene();
     void closingTheWindowAsks();
+    void closingTheWindowClosesCameras();
     void fileIsForTheSceneItWasAskedFor();
     void fileDialogGoesWithItsScene();
     void sceneRemovedByOthers();
@@ -267,6 +268,23 @@ void tst_CViewerWindow::closingTheWindowAsks()
     }
 }
 
+void tst_CViewerWindow::closingTheWindowClosesCameras()
+{
+    SWindow test;
+    QVector<QPointer<CCameraSession>> sessions;
+    for (const char* name : {"fake-1", "fake-2"}) {
+        sessions << test.connectCamera(name);
+        QTRY_VERIFY(sessions.last()->isOpen());
+        sessions.last()->start();
+        QTRY_VERIFY(sessions.last()->frames() > 0);
+    }
+    QVERIFY(test.window->close());
+    QVERIFY(test.window->sessions().all().isEmpty());
+    for (const QPointer<CCameraSession>& session : sessions) // each in the background
+        QTRY_VERIFY(!session);
+    QVERIFY(test.service.nodes.getActiveScene());
+}
+
 void tst_CViewerWindow::fileIsForTheSceneItWasAskedFor()
 {
     const SWindow test;
@@ -324,6 +342,7 @@ void tst_CViewerWindow::openSaveImport()
     QVERIFY(test.window->importChain(DEMO_CHAIN));
     const std::size_t nodes = test.window->tabs().current()->scene()->nodes().size();
     QVERIFY(nodes > 10);
+    QCOMPARE(test.window->tabs().current()->editor().undoStack().count(), 1);
     QVERIFY(test.window->saveScene(test.file("scene.json")));
     QVERIFY(!test.window->tabs().current()->isModified());
     test.window->tabs().current()->editor().addNode("Blur", {});

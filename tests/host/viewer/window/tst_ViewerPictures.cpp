@@ -12,6 +12,8 @@
 #include "host/viewer/edit/CGraphEditor.h"
 #include "host/viewer/edit/CModelPalette.h"
 #include "host/viewer/edit/CSettingsPanel.h"
+#include "host/viewer/graph/CConnectionItem.h"
+#include "host/viewer/graph/CGraphCanvas.h"
 #include "host/viewer/graph/CGraphView.h"
 #include "host/viewer/images/CImageDock.h"
 #include "host/viewer/window/CCommandPalette.h"
@@ -26,7 +28,20 @@
 #include <QLineEdit>
 #include <QTreeWidget>
 
+#include <algorithm>
+
 using namespace Host;
+
+namespace {
+
+bool isEveryRateShown(const CGraphCanvas& canvas)
+{
+    const auto& connections = canvas.connectionItems();
+    return std::all_of(connections.begin(), connections.end(),
+                       [](const auto& connection) { return connection.second->rate() > 1.0; });
+}
+
+} // namespace
 
 /// Pictures of the window in each of its states, for people to look at: PICTURES/<colours>-<language>-<scale>-<state>.
 /// The test itself only sees to it that there is a picture of each, and that something is in it.
@@ -91,6 +106,7 @@ void tst_ViewerPictures::states()
     const auto allOfThem = window.sessions().all();
     for (const CCameraSession* const session : allOfThem)
         QTRY_VERIFY(session->framesPerSecond() > 5.0 && !session->preview().isNull());
+    QTRY_VERIFY(isEveryRateShown(window.tabs().current()->view().canvas()));
     take(window, "2-cameras");
 
     CViewerDocks& docks = window.docks();

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#pragma once
+
+#include <QString>
+
+namespace Host {
+
+/// What the host's models say in English, for people: their names, captions, categories, settings and what is told of
+/// these, in the viewer's language. Of "PNG files: edges" the part before the colon is translated, the rest is a name.
+/// Texts of other models, which may have translations of their own, stay as they are.
+QString modelText(const QString& text);
+
+} // namespace Host
