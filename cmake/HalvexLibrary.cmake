@@ -134,19 +134,3 @@ include(HalvexAddPlugin)
 set(HALVEX_CMAKE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/Halvex")
 # Where installed programs find the library, so that the prefix can be moved.
 file(RELATIVE_PATH HALVEX_LIB_FROM_BIN "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}")
-install(TARGETS Halvex HalvexInterface EXPORT HalvexTargets
-  LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
-  RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
-foreach(header IN LISTS HALVEX_PUBLIC_HEADERS)
-  get_filename_component(folder "${header}" DIRECTORY)
-  install(FILES "${header}" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/Halvex/${folder}")
-endforeach()
-install(FILES "${HALVEX_GENERATED_DIR}/Halvex/Halvex.h" "${HALVEX_GENERATED_DIR}/Halvex/HalvexExport.h"
-  DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/Halvex")
-install(EXPORT HalvexTargets NAMESPACE Halvex:: DESTINATION "${HALVEX_CMAKE_DIR}")
-configure_package_config_file(cmake/HalvexConfig.cmake.in "${PROJECT_BINARY_DIR}/HalvexConfig.cmake"
-  INSTALL_DESTINATION "${HALVEX_CMAKE_DIR}")
-write_basic_package_version_file("${PROJECT_BINARY_DIR}/HalvexConfigVersion.cmake" COMPATIBILITY SameMajorVersion)
-install(FILES "${PROJECT_BINARY_DIR}/HalvexConfig.cmake" "${PROJECT_BINARY_DIR}/HalvexConfigVersion.cmake"
-  cmake/HalvexAddPlugin.cmake
-  DESTINATION "${HALVEX_CMAKE_DIR}")

@@ -16,7 +16,7 @@ STEPS=${STEPS:-1000000}
 SOAK_SECONDS=${SOAK_SECONDS:-3600}
 USER_STEPS=${USER_STEPS:-20000}
 VIEWER_SOAK=${VIEWER_SOAK:-1800}
-parts=(lint compilers qt512 sanitizers race instructions bench limits soak sequences viewer fuzz coverage mutants)
+parts=(lint compilers qt512 sanitizers race instructions bench limits soak sequences viewer fuzz coverage packages mutants)
 
 # Each of these prints what the page is to show; the rest of what is said goes to the log.
 lint() {
@@ -75,6 +75,12 @@ viewer() {
 }
 fuzz() { scripts/fuzz.sh "$FUZZ_SECONDS" | tee /dev/stderr | sed '1,/^== what was run/d' | indent; }
 coverage() { scripts/coverage.sh | tee /dev/stderr | sed '1,/^== coverage/d' | indent; }
+packages() {
+    scripts/packages.sh >&2
+    echo "Installed, tried and removed in a fresh system, and nothing for lintian to say:"
+    echo
+    (cd build/packages/packages && du -h --apparent-size -- *.deb) | sed 's/^/- /'
+}
 mutants() { scripts/mutate.py --all | tee /dev/stderr | tail -n 12 | indent; }
 
 run_tests() { ctest --test-dir "$1" --output-on-failure -j 2 | tee /dev/stderr | grep 'tests passed'; }
@@ -89,7 +95,7 @@ declare -A headings=([lint]="Linters" [compilers]="Other compilers" [qt512]="New
     [sanitizers]="All tests with sanitizers, the host's among them"
     [race]="All tests with the race detector" [instructions]="Instructions per delivery" [bench]="Times and memory"
     [limits]="How far it goes" [soak]="Soak" [sequences]="Random sequences" [viewer]="The viewer" [fuzz]="Fuzzers"
-    [coverage]="Coverage" [mutants]="Mutants")
+    [coverage]="Coverage" [packages]="Debian packages" [mutants]="Mutants")
 declare -A lengths=([soak]="SOAK_SECONDS=$SOAK_SECONDS " [sequences]="STEPS=$STEPS "
     [viewer]="USER_STEPS=$USER_STEPS VIEWER_SOAK=$VIEWER_SOAK " [fuzz]="FUZZ_SECONDS=$FUZZ_SECONDS ")
 

@@ -9,13 +9,13 @@
 #   scripts/lint.sh --format    # those that take seconds: clang-format, shellcheck, cmake-lint; over every file
 . "$(dirname "$0")/common.sh"
 
-folders=(graph scene models service testing platform host fuzz tests benchmarks examples)
+folders=(graph scene models service platform testing host fuzz tests benchmarks examples templates)
 
 need_packages "${lint_packages[@]}"
 step "clang-format"
 find "${folders[@]}" \( -name '*.h' -o -name '*.cpp' \) -print0 | xargs -0 clang-format --dry-run -Werror
 step "shell and CMake"
-git ls-files -z '*.sh' .ci/run | xargs -0 shellcheck
+git ls-files -z '*.sh' '*.ci/run' templates/halvex-new | xargs -0 shellcheck
 git ls-files -z '*.cmake' '*CMakeLists.txt' | xargs -0 cmake-lint --suppress-decorations --config-files .cmake-lint.yaml --
 [ "${1-}" != --format ] || exit 0
 

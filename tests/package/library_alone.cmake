@@ -15,8 +15,9 @@ run("${CMAKE_COMMAND}" --install "${BINARY_DIR}" --prefix "${prefix}")
 
 file(GLOB_RECURSE installed RELATIVE "${prefix}" "${prefix}/*")
 foreach(file IN LISTS installed)
-  if(NOT file MATCHES "^(include/Halvex/.*\\.h|lib/libHalvex\\.so(\\.[0-9.]+)?|lib/cmake/Halvex/.*\\.cmake)$")
-    message(SEND_ERROR "Installed, but neither library, header nor package: ${file}")
+  if(NOT file MATCHES "^(include/Halvex/.*\\.h|lib/libHalvex\\.so(\\.[0-9.]+)?|lib/cmake/Halvex/.*\\.cmake|lib/pkgconfig/halvex\\.pc)$"
+     AND NOT file MATCHES "^(bin/halvex-new|share/man/man1/halvex-new\\.1|share/halvex/templates/.*|share/doc/halvex/.*)$")
+    message(SEND_ERROR "Installed, but of none of what belongs to the library: ${file}")
   endif()
 endforeach()
 

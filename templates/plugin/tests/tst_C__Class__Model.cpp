@@ -1,0 +1,111 @@
+#include "C__Class__Model.h"
+
+#include <Halvex/testing/CheckModel.h>
+
+#include <QtTest>
+
+using namespace Plugin::Halvex;
+using namespace Plugin::Halvex::Testing;
+
+namespace {
+
+constexpr int width = 8;
+constexpr int height = 4;
+
+CNodeDataPtr makeFrame(int gray, const QString& pixelFormat = QStringLiteral("Mono8"))
+{
+    const auto pixels = std::make_shared<std::vector<std::byte>>(std::size_t(width) * height, std::byte(gray));
+    Veltra::SGrabResult frame;
+    frame.pixels = pixels->data();
+    frame.size = pixels->size();
+    frame.width = frame.stride = width;
+    frame.height = height;
+    frame.pixelFormat = pixelFormat;
+    frame.complete = true;
+    frame.owner = pixels;
+    return QSharedPointer<CVeltraGrabResultData>::create(Veltra::CGrabResultPtr(std::move(frame)));
+}
+
+/// The first pixel of what the model gives out; -1 if it gives nothing.
+int outputOf(C__Class__Model& model)
+{
+    const auto data = model.outData(0).dynamicCast<CVeltraGrabResultData>();
+    return data && data->grabResult() ? std::to_integer<int>(*data->grabResult()->pixels) : -1;
+}
+
+} // namespace
+
+class tst_C__Class__Model : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void keepsTheRules();
+    void brightens_data();
+    void brightens();
+    void otherFormatsGoOnWithAWarning();
+    void keepsItsSetting();
+};
+
+// Whatever a graph does to a model: empty data, foreign data, documents, threads, its end.
+void tst_C__Class__Model::keepsTheRules()
+{
+    SCheckOptions options;
+    options.makeData = [](const SNodeDataType& type, int number) {
+        return type.id == CVeltraGrabResultData().type().id ? makeFrame(number % 256) : CNodeDataPtr();
+    };
+    options.checksum = [](const CNodeData& data) {
+        const auto* const frame = dynamic_cast<const CVeltraGrabResultData*>(&data);
+        if (!frame || !frame->grabResult())
+            return QByteArray();
+        return QByteArray(reinterpret_cast<const char*>(frame->grabResult()->pixels), int(frame->grabResult()->size));
+    };
+    const SReport report = checkModel([] { return std::make_unique<C__Class__Model>(); }, options);
+    QVERIFY2(report.findings.empty(), qPrintable(toText(report)));
+}
+
+void tst_C__Class__Model::brightens_data()
+{
+    QTest::addColumn<int>("brightness");
+    QTest::addColumn<int>("output");
+    QTest::newRow("not at all") << 0 << 100;
+    QTest::newRow("brighter") << 40 << 140;
+    QTest::newRow("darker") << -40 << 60;
+    QTest::newRow("white") << 255 << 255;
+    QTest::newRow("black") << -255 << 0;
+}
+
+void tst_C__Class__Model::brightens()
+{
+    QFETCH(const int, brightness);
+    C__Class__Model model;
+    model.setBrightness(brightness);
+    model.setInData(makeFrame(100), 0);
+    QTEST(outputOf(model), "output");
+}
+
+void tst_C__Class__Model::otherFormatsGoOnWithAWarning()
+{
+    C__Class__Model model;
+    model.setBrightness(40);
+    model.setInData(makeFrame(100, QStringLiteral("RGB8Packed")), 0);
+    QCOMPARE(outputOf(model), 100);
+    QCOMPARE(model.validationState(), ENodeValidationState::Warning);
+}
+
+void tst_C__Class__Model::keepsItsSetting()
+{
+    C__Class__Model model;
+    QSignalSpy spy(&model, &C__Class__Model::brightnessChanged);
+    model.setBrightness(40);
+    model.setBrightness(40);
+    model.setBrightness(256);
+    QCOMPARE(spy.count(), 1);
+
+    C__Class__Model restored;
+    restored.restore(model.save());
+    QCOMPARE(restored.brightness(), 40);
+}
+
+QTEST_GUILESS_MAIN(tst_C__Class__Model)
+#include "tst_C__Class__Model.moc"
