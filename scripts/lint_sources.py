@@ -34,8 +34,7 @@ def moc_targets(build, commands):
     for command in commands:
         folder, target = re.search(r" -o (\S*)CMakeFiles/([^/]+)\.dir/", command["command"]).groups()
         name = pathlib.Path(command["file"]).stem
-        made = {f"{target}_autogen", f"{folder}{name}.moc", f"{folder}{target.removeprefix('test_')}/{name}.moc"}
-        yield from made & known
+        yield from {f"{target}_autogen", f"{folder}{target}_moc/{name}.moc"} & known
 
 
 def main():

@@ -537,4 +537,5 @@ std::vector<SWrongModel> wrongModels()
     return all;
 }
 
+#include "CNumberModel.moc"
 #include "WrongModels.moc"

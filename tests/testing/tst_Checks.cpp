@@ -418,4 +418,5 @@ void tst_Checks::text()
 }
 
 QTEST_GUILESS_MAIN(tst_Checks)
+#include "CNumberModel.moc"
 #include "tst_Checks.moc"
