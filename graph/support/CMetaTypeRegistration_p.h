@@ -30,6 +30,8 @@ template <typename T>
 class CMetaTypeRegistration
 {
 public:
+    Q_DISABLE_COPY(CMetaTypeRegistration)
+
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     /// \a name: normalized and fully qualified. If somebody has registered it already, it stays theirs.
     explicit CMetaTypeRegistration(const char* name)
@@ -74,10 +76,7 @@ private:
     {
         return QMetaType::fromType<T>().id();
     }
-
-private:
 #endif
-    Q_DISABLE_COPY(CMetaTypeRegistration)
 };
 
 } // namespace Plugin::Halvex

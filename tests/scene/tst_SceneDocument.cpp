@@ -30,6 +30,8 @@ CNodeDataPtr pass(CNodeDataPtr data)
 class CLatin1Locale
 {
 public:
+    Q_DISABLE_COPY(CLatin1Locale)
+
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     CLatin1Locale()
     {
@@ -54,10 +56,7 @@ private:
     {
         return QByteArrayLiteral("Pr\303\274f");
     }
-
-private:
 #endif
-    Q_DISABLE_COPY(CLatin1Locale)
 };
 
 QJsonObject typeJson(const SNodeDataType& type)
