@@ -12,7 +12,7 @@
 FUZZ_SECONDS=${FUZZ_SECONDS:-600}
 STEPS=${STEPS:-1000000}
 SOAK_SECONDS=${SOAK_SECONDS:-3600}
-parts=(lint compilers qt512 sanitizers race instructions bench limits soak sequences fuzz coverage mutants)
+parts=(lint compilers qt512 qt6 sanitizers race instructions bench limits soak sequences fuzz coverage mutants)
 
 # Each of these prints what the page is to show; the rest of what is said goes to the log.
 lint() {
@@ -30,6 +30,7 @@ qt512() {
     scripts/qt512.sh | tee /dev/stderr | sed -n 's/^== \(nothing newer than .* files\).*/\1/p'
     echo "By its documentation: Qt 5.12 itself was not there to build with."
 }
+qt6() { scripts/qt6.sh | tee /dev/stderr | sed -n 's/^== test with \(Qt [0-9.]*\) .*/\1/p; /tests passed/p'; }
 sanitizers() {
     need_packages "${library_packages[@]}" "${host_packages[@]}" "${test_packages[@]}" >&2
     cmake --preset asan -B build/asan-host -DHALVEX_BUILD_HOST=ON >&2
@@ -69,6 +70,7 @@ build_tests() {
 indent() { sed 's/^/    /'; } # Markdown leaves it as it is
 
 declare -A headings=([lint]="Linters" [compilers]="Other compilers" [qt512]="Newer than Qt 5.12"
+    [qt6]="All tests of the library with Qt 6"
     [sanitizers]="All tests with sanitizers, the host's among them"
     [race]="All tests with the race detector" [instructions]="Instructions per delivery" [bench]="Times and memory"
     [limits]="How far it goes" [soak]="Soak" [sequences]="Random sequences" [fuzz]="Fuzzers" [coverage]="Coverage"
