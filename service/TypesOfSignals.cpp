@@ -21,14 +21,18 @@
 #include <QMetaProperty>
 #include <QMetaType>
 
+#include <initializer_list>
+
 namespace Plugin::Halvex {
 
 namespace {
 
-/// A type that somebody else has registered before, under the same name, stays.
+/// Qt's own types stay, and one that somebody else has registered before under the same name.
 void takeBack(QMetaType type)
 {
-    if (type.isRegistered() && QMetaType::fromName(type.name()).iface() == type.iface())
+    if (!type.isRegistered() || type.id() < QMetaType::User)
+        return;
+    if (QMetaType::fromName(type.name()).iface() == type.iface())
         QMetaType::unregisterMetaType(type);
 }
 
