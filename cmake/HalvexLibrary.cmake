@@ -93,7 +93,8 @@ target_sources(Halvex PRIVATE
   service/CNodeService.cpp
   service/CSceneImport.cpp
   service/CSceneImport_p.h
-  service/CVeltraGrabResultData.cpp)
+  service/CVeltraGrabResultData.cpp
+  service/TypesOfSignals.cpp)
 
 # The umbrella header is made from the same list that is installed, so that it misses no class.
 set(HALVEX_INCLUDES "")

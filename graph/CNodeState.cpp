@@ -169,7 +169,7 @@ void CNodeState::addPlace(ENodePortType side, NodePortIndex port, CNodeConnectio
     if (connection.findEntry(*this, side, port))
         return; // a host may have taken it out of the table alone, or written it there twice
     Row& row = rows(side)[port];
-    connection.m_entries.append({this, side, port, row.size()});
+    connection.m_entries.append({this, side, port, int(row.size())});
     row.append({&connection, staysFilled});
 }
 
@@ -202,7 +202,7 @@ void CNodeState::removePlace(SEntry entry)
         return;
     place(entry) = moved;
     auto& entries = moved.connection->m_entries;
-    entries[entries.indexOf({this, entry.side, entry.port, row.size()})].position = entry.position;
+    entries[entries.indexOf({this, entry.side, entry.port, int(row.size())})].position = entry.position;
 }
 
 CNodeState::Ids CNodeState::connectionIds() const
@@ -280,7 +280,7 @@ void CNodeState::tidy()
     for (const ENodePortType side : portSides) {
         for (NodePortIndex port = 0; port < rows(side).size(); ++port) {
             // From the end, so that the place that fills a gap is one that stays.
-            for (int position = rows(side)[port].size() - 1; position >= 0; --position) {
+            for (int position = int(rows(side)[port].size()) - 1; position >= 0; --position) {
                 if (rows(side)[port][position].until != staysFilled)
                     removePlace({this, side, port, position});
             }

@@ -112,7 +112,7 @@ Q_ALWAYS_INLINE void CNodeBase::deliverToPort(NodePortIndex outIndex, CNodeDataP
 
     // Those that the row has now: one that is added comes behind, one that is taken out keeps its place for us.
     const quint64 start = m_state.m_lastChange;
-    const int last = m_state.m_outRows[outIndex].size() - 1;
+    const int last = int(m_state.m_outRows[outIndex].size()) - 1;
     if (last < 0)
         return;
     for (int position = 0; position < last; ++position) {

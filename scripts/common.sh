@@ -28,6 +28,8 @@ bench_peers_packages=(pkg-config libtbb-dev libboost-dev # what the benchmarks c
     libgstreamer1.0-dev libunwind-dev) # LLVM's libunwind stands in for it as a package, but has no file for pkg-config
 lint_packages=(clang-format clang-tidy clazy shellcheck cmake-format)
 manual_packages=(mkdocs mkdocs-material doxygen aspell aspell-en reuse python3)
+qt6_packages=(g++ cmake ninja-build qt6-base-dev # Core, Test, moc and qmake6
+    qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools) # CMake's commands for translations, and what they call
 qt512_packages=(qt5-qmake clang clang-tidy python3-clang qtbase5-doc-html)
 
 # A compiler cache, where there is one, also for a tree that lies elsewhere.

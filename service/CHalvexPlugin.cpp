@@ -59,8 +59,11 @@ bool CHalvexPlugin::uninitialize(const QWeakPointer<Core::Service::IServiceManag
 } // namespace Plugin::Halvex
 
 // A host refuses a plugin whose metadata asks for a newer Qt than its own, or for more of the processor. moc writes
-// what the build has; the library needs no more than this, and a test holds it to that.
+// what the build has; the library needs no more than this, and a test holds it to that. With Qt 6 it needs the Qt that
+// it was built with.
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
 #undef QT_VERSION_MINOR
 #define QT_VERSION_MINOR 12
 #define qPluginArchRequirements() 0
+#endif
 #include "moc_CHalvexPlugin.cpp" // NOLINT(bugprone-suspicious-include): the name is the build system's

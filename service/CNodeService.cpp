@@ -49,6 +49,7 @@ INodeService::INodeService(QObject* parent)
     // Spies look for the type by the name that the signals have it by. A type under its full name could stay behind in
     // Qt's table, with functions of the unloaded library: Qt keeps what a host, too, has asked for by the class.
     static const CMetaTypeRegistration<CNodeScene*> scenePointer("CNodeScene*");
+    scenePointer.id(); // Qt 6 takes back the names of those types alone that have a number
 }
 
 INodeService::~INodeService() = default;

@@ -22,76 +22,61 @@ namespace Plugin::Halvex {
  * has of it, so that after the library was unloaded Qt would call into memory that is no longer there.
  *
  * Being a static object, it goes before Qt's table does: the table was there when it was made.
+ *
+ * With Qt 6 it gives the type a second name only. There everybody who reads our meta-objects registers the types in
+ * them, and service/TypesOfSignals.cpp takes back all of those.
  */
 template <typename T>
 class CMetaTypeRegistration
 {
 public:
+    Q_DISABLE_COPY(CMetaTypeRegistration)
+
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     /// \a name: normalized and fully qualified. If somebody has registered it already, it stays theirs.
     explicit CMetaTypeRegistration(const char* name)
-        : m_isOurs(!isKnown(name))
+        : m_isOurs(QMetaType::type(name) == QMetaType::UnknownType)
+        , m_id(m_isOurs ? add(name) : QMetaType::type(name))
     {
-        add(name);
     }
     ~CMetaTypeRegistration()
     {
         if (m_isOurs)
-            takeBack();
+            QMetaType::unregisterType(m_id);
     }
-    Q_DISABLE_COPY(CMetaTypeRegistration)
 
-#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     int id() const
     {
         return m_id;
     }
 
 private:
-    static bool isKnown(const char* name)
-    {
-        return QMetaType::type(name) != QMetaType::UnknownType;
-    }
-
-    void add(const char* name)
+    static int add(const char* name)
     {
         using Functions = QtMetaTypePrivate::QMetaTypeFunctionHelper<T>;
         constexpr int size = sizeof(T); // NOLINT(bugprone-sizeof-expression): pointers are types too
-        m_id = m_isOurs
-                   ? QMetaType::registerNormalizedType(name, &Functions::Destruct, &Functions::Construct, size,
-                                                       QMetaType::TypeFlags(QtPrivate::QMetaTypeTypeFlags<T>::Flags),
-                                                       QtPrivate::MetaObjectForType<T>::value())
-                   : QMetaType::type(name);
+        return QMetaType::registerNormalizedType(name, &Functions::Destruct, &Functions::Construct, size,
+                                                 QMetaType::TypeFlags(QtPrivate::QMetaTypeTypeFlags<T>::Flags),
+                                                 QtPrivate::MetaObjectForType<T>::value());
     }
 
-    void takeBack() const
-    {
-        QMetaType::unregisterType(m_id);
-    }
-
-    int m_id = 0;
+    const bool m_isOurs;
+    const int m_id;
 #else
-    /// Gives the type its number, for which Qt 6 comes back to whom this object belongs to: not while it is made.
+    /// \a name: another name than the type's own. If somebody has registered the type already, it is one of theirs.
+    explicit CMetaTypeRegistration(const char* name)
+    {
+        const QMetaType ours = QMetaType::fromType<T>();
+        const QMetaType known = QMetaType::fromName(ours.name());
+        QMetaType::registerNormalizedTypedef(name, known.isValid() ? known : ours);
+    }
+
+    /// Gives the type its number, for which Qt comes back to whom this object belongs to: not while it is made.
     int id() const
     {
         return QMetaType::fromType<T>().id();
     }
-
-private:
-    static bool isKnown(const char* name)
-    {
-        return QMetaType::fromName(name).isValid();
-    }
-    static void add(const char* name)
-    {
-        QMetaType::registerNormalizedTypedef(name, QMetaType::fromType<T>());
-    }
-    static void takeBack()
-    {
-        QMetaType::unregisterMetaType(QMetaType::fromType<T>());
-    } // with all of its names
 #endif
-
-    const bool m_isOurs;
 };
 
 } // namespace Plugin::Halvex

@@ -159,7 +159,7 @@ void tst_CNodeConnection::changesOfTheEnds()
     const Core::CId id = pair.connection->id();
     change(pair);
     QTEST(endsOf(*pair.connection), "ends");
-    QTEST(updates.ends.size(), "updates");
+    QTEST(int(updates.ends.size()), "updates");
     QVERIFY(pair.connection->id() == id);
     QVERIFY(pair.sink.node == nullptr || pair.sink.model->received.empty());
 }

@@ -4,6 +4,7 @@
 #include <Halvex/graph/CNodeData.h>
 
 #include "support/CTestData.h"
+#include "support/MetaTypes.h"
 
 #include <Halvex/graph/ENodePortType.h>
 #include <Halvex/graph/NodeDataConverter.h>
@@ -117,9 +118,10 @@ void tst_CNodeData::isDestroyedThroughItsBase()
 void tst_CNodeData::pointerIsAMetaType()
 {
     const int type = qMetaTypeId<CNodeDataPtr>();
-    QCOMPARE(QByteArray(QMetaType::typeName(type)), QByteArray("Plugin::Halvex::CNodeDataPtr"));
+    QCOMPARE(MetaTypes::idOf("Plugin::Halvex::CNodeDataPtr"), type);
+    QCOMPARE(MetaTypes::nameOf(type), MetaTypes::nameOfData());
     QCOMPARE(qRegisterMetaType<CNodeDataPtr>("CNodeDataPtr"), type); // an alias
-    QCOMPARE(QMetaType::type("CNodeDataPtr"), type);
+    QCOMPARE(MetaTypes::idOf("CNodeDataPtr"), type);
     QCOMPARE(qRegisterMetaType<NodePortIndex>("NodePortIndex"), int(QMetaType::Int));
 
     const CNodeDataPtr data = CTestData::make(5);

@@ -4,6 +4,7 @@
 #include <Halvex/models/ANodeDataModel.h>
 
 #include "support/CTestModel.h"
+#include "support/MetaTypes.h"
 
 #include <Halvex/graph/CNodeBase.h>
 
@@ -55,10 +56,10 @@ private Q_SLOTS:
 void tst_ANodeDataModel::initTestCase()
 {
     // Before the first model the alias is unknown, so that the check behind it proves the constructor.
-    QCOMPARE(QMetaType::type("CNodeDataPtr"), int(QMetaType::UnknownType));
+    QCOMPARE(MetaTypes::idOf("CNodeDataPtr"), int(QMetaType::UnknownType));
     const CNamedModel model;
-    QCOMPARE(QMetaType::type("CNodeDataPtr"), qMetaTypeId<CNodeDataPtr>());
-    QCOMPARE(QMetaType::type("Plugin::Halvex::CNodeDataPtr"), qMetaTypeId<CNodeDataPtr>());
+    QCOMPARE(MetaTypes::idOf("CNodeDataPtr"), qMetaTypeId<CNodeDataPtr>());
+    QCOMPARE(MetaTypes::idOf("Plugin::Halvex::CNodeDataPtr"), qMetaTypeId<CNodeDataPtr>());
 }
 
 void tst_ANodeDataModel::defaultHasNoUniqueName()

@@ -69,7 +69,7 @@ public:
 /// How many threads this process has.
 int threads()
 {
-    return QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
+    return int(QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size());
 }
 
 QJsonObject settings(const QJsonValue& rate)

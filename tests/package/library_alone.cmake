@@ -8,6 +8,7 @@ set(prefix "${BINARY_DIR}/prefix")
 file(REMOVE_RECURSE "${prefix}")
 run("${CMAKE_COMMAND}" -S "${SOURCE_DIR}" -B "${BINARY_DIR}" -G "${GENERATOR}"
   -D "CMAKE_CXX_COMPILER=${COMPILER}" -D CMAKE_BUILD_TYPE=Release -D CMAKE_INSTALL_LIBDIR=lib
+  -D "HALVEX_QT_MAJOR=${QT_MAJOR}"
   -D HALVEX_BUILD_TESTING=OFF -D HALVEX_BUILD_TESTING_KIT=OFF -D HALVEX_BUILD_HOST=OFF
   -D CMAKE_UNITY_BUILD=ON) # quicker
 run("${CMAKE_COMMAND}" --build "${BINARY_DIR}")
@@ -21,16 +22,17 @@ foreach(file IN LISTS installed)
   endif()
 endforeach()
 
-# Needs: Qt 5 Core and what every C++ program has.
+# Needs: Qt's Core and what every C++ program has.
 execute_process(COMMAND "${READELF}" -d "${prefix}/lib/libHalvex.so" OUTPUT_VARIABLE dynamic COMMAND_ERROR_IS_FATAL ANY)
 string(REGEX MATCHALL "\\(NEEDED\\)[^[]*\\[[^]]+\\]" needed "${dynamic}")
+set(qt_core "libQt${QT_MAJOR}Core\\.so\\.${QT_MAJOR}")
 foreach(entry IN LISTS needed)
-  if(NOT entry MATCHES "\\[(libQt5Core\\.so\\.5|libstdc\\+\\+\\.so\\.6|libm\\.so\\.6|libgcc_s\\.so\\.1|libc\\.so\\.6|ld-linux.*)\\]")
-    message(SEND_ERROR "libHalvex.so needs more than Qt 5 Core: ${entry}")
+  if(NOT entry MATCHES "\\[(${qt_core}|libstdc\\+\\+\\.so\\.6|libm\\.so\\.6|libgcc_s\\.so\\.1|libc\\.so\\.6|ld-linux.*)\\]")
+    message(SEND_ERROR "libHalvex.so needs more than Qt's Core: ${entry}")
   endif()
 endforeach()
-if(NOT dynamic MATCHES "\\(NEEDED\\)[^\n]*libQt5Core" OR NOT dynamic MATCHES "\\(SONAME\\)[^\n]*\\[libHalvex\\.so\\.1\\]")
-  message(SEND_ERROR "libHalvex.so lacks its soname or Qt 5 Core:\n${dynamic}")
+if(NOT dynamic MATCHES "\\(NEEDED\\)[^\n]*${qt_core}" OR NOT dynamic MATCHES "\\(SONAME\\)[^\n]*\\[libHalvex\\.so\\.1\\]")
+  message(SEND_ERROR "libHalvex.so lacks its soname or Qt's Core:\n${dynamic}")
 endif()
 
 # Offers: its own namespace, with the tables and type information of its classes, and to Qt a plugin's entry points and
@@ -41,7 +43,7 @@ execute_process(COMMAND "${NM}" -D --defined-only "${prefix}/lib/libHalvex.so"
   OUTPUT_VARIABLE symbols COMMAND_ERROR_IS_FATAL ANY)
 string(REGEX MATCHALL "[^\n]+" symbols "${symbols}")
 set(own "_Z(TV|TT|TI|TS|GV|Th[n0-9]+_)?Z*NK?6Plugin6Halvex")
-set(for_qt "qt_plugin_(instance|query_metadata)$|_ZN11QMetaTypeIdI.*6Plugin6Halvex.*14qt_metatype_idEv$")
+set(for_qt "qt_plugin_(instance|query_metadata(_v2)?)$|_ZN11QMetaTypeIdI.*6Plugin6Halvex.*14qt_metatype_idEv$")
 set(foreign_weak "_Z(TV|TI|TS)?Z*(NK?)?(St|9__gnu_cxx|4Core|6Plugin7AppCore)")
 foreach(symbol IN LISTS symbols)
   if(NOT symbol MATCHES " [A-Za-z] ${own}| T (${for_qt})| [WVu] ${foreign_weak}")

@@ -4,6 +4,7 @@
 #include "CTestHost.h"
 
 #include "support/BoundedWait.h"
+#include "support/MetaTypes.h"
 
 #include <QDir>
 #include <QPointer>
@@ -11,6 +12,7 @@
 #include <QThreadPool>
 #include <QtTest>
 
+#include <map>
 #include <memory>
 
 using Core::AppCoreComponents::BaseInfoPtr;
@@ -41,9 +43,33 @@ private:
 /// A type of the host's own, which happens to have that name.
 int registerHostsType(const char* name)
 {
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     using Functions = QtMetaTypePrivate::QMetaTypeFunctionHelper<void*>;
     return QMetaType::registerNormalizedType(name, &Functions::Destruct, &Functions::Construct, int(sizeof(void*)),
                                              QMetaType::MovableType, nullptr);
+#else
+    static std::map<QByteArray, QtPrivate::QMetaTypeInterface> types; // Qt keeps their addresses
+    const auto& pointer = *QMetaType::fromType<QObject*>().iface();
+    QtPrivate::QMetaTypeInterface& type = types[name];
+    type.alignment = pointer.alignment;
+    type.size = pointer.size;
+    type.flags = pointer.flags; // Qt 6 finds the type by its name when the library's is meant
+    type.name = name;
+    type.defaultCtr = pointer.defaultCtr;
+    type.copyCtr = pointer.copyCtr;
+    type.moveCtr = pointer.moveCtr;
+    return QMetaType(&type).id();
+#endif
+}
+
+void takeBackHostsType(int type)
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    QVERIFY(QMetaType::unregisterType(type));
+#else
+    QMetaType::unregisterMetaType(QMetaType(type));
+    QVERIFY(!QMetaType::isRegistered(type));
+#endif
 }
 
 } // namespace
@@ -280,10 +306,10 @@ void tst_PluginLife::nothingStaysBehind()
     QVERIFY(!QDir(QStringLiteral(":/translation")).exists());
     QCOMPARE(QCoreApplication::translate("Plugin::Halvex::CNodeDecouplerDataModelBase", "Decoupler for %1"),
              QStringLiteral("Decoupler for %1"));
-    QCOMPARE(QMetaType::type("Plugin::Halvex::CNodeDataPtr"), int(QMetaType::UnknownType));
-    QCOMPARE(QMetaType::type("Plugin::Halvex::CNodeScene*"), int(QMetaType::UnknownType));
-    QCOMPARE(QMetaType::type("CNodeDataPtr"), int(QMetaType::UnknownType));
-    QCOMPARE(QMetaType::type("CNodeScene*"), int(QMetaType::UnknownType));
+    QCOMPARE(MetaTypes::idOf("Plugin::Halvex::CNodeDataPtr"), int(QMetaType::UnknownType));
+    QCOMPARE(MetaTypes::idOf("Plugin::Halvex::CNodeScene*"), int(QMetaType::UnknownType));
+    QCOMPARE(MetaTypes::idOf("CNodeDataPtr"), int(QMetaType::UnknownType));
+    QCOMPARE(MetaTypes::idOf("CNodeScene*"), int(QMetaType::UnknownType));
 }
 
 void tst_PluginLife::hostsOwnTypeStays()
@@ -296,8 +322,8 @@ void tst_PluginLife::hostsOwnTypeStays()
         host.service()->addNode(host.service()->createModel(QStringLiteral("TestSource")), {});
         QVERIFY(added.at(0).at(0).value<QObject*>());
     }
-    QCOMPARE(QMetaType::type("Plugin::Halvex::CNodeScene*"), type);
-    QVERIFY(QMetaType::unregisterType(type));
+    QCOMPARE(MetaTypes::idOf("Plugin::Halvex::CNodeScene*"), type);
+    takeBackHostsType(type);
 }
 
 void tst_PluginLife::hostsOwnTypeIsNotTakenForTheLibrarys()
@@ -310,10 +336,10 @@ void tst_PluginLife::hostsOwnTypeIsNotTakenForTheLibrarys()
         QVERIFY(
             QMetaObject::invokeMethod(host.models().instance(), "scenePointerType", Q_RETURN_ARG(int, scenePointer)));
         QVERIFY(scenePointer != type);
-        QCOMPARE(QMetaType::typeName(scenePointer), "Plugin::Halvex::CNodeScene*");
+        QCOMPARE(MetaTypes::nameOf(scenePointer), QByteArray("Plugin::Halvex::CNodeScene*"));
     }
-    QCOMPARE(QMetaType::type("CNodeScene*"), type);
-    QVERIFY(QMetaType::unregisterType(type));
+    QCOMPARE(MetaTypes::idOf("CNodeScene*"), type);
+    takeBackHostsType(type);
 }
 
 QTEST_GUILESS_MAIN(tst_PluginLife)

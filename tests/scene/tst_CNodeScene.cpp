@@ -10,6 +10,7 @@
 #include "support/CContextTranslator.h"
 #include "support/HasAssertions.h"
 #include "support/MetaMethods.h"
+#include "support/MetaTypes.h"
 
 #include <QProcess>
 #include <QtTest>
@@ -125,9 +126,9 @@ void tst_CNodeScene::cleanup()
 void tst_CNodeScene::hostMayDeclareItsPointer()
 {
     const int type = qMetaTypeId<CNodeScene*>();
-    QCOMPARE(QByteArray(QMetaType::typeName(type)), QByteArray("Plugin::Halvex::CNodeScene*"));
+    QCOMPARE(MetaTypes::nameOf(type), QByteArray("Plugin::Halvex::CNodeScene*"));
     QVERIFY(QMetaType(type).flags().testFlag(QMetaType::PointerToQObject));
-    QCOMPARE(QMetaType::metaObjectForType(type), &CNodeScene::staticMetaObject);
+    QCOMPARE(QMetaType(type).metaObject(), &CNodeScene::staticMetaObject);
 
     CTestScene scene({}, nullptr);
     const QVariant variant = QVariant::fromValue<CNodeScene*>(&scene);

@@ -113,7 +113,7 @@ public:
 
     CNodeScene* active() const { return service->getActiveScene(); }
     CNodeScene* scene(int index) const { return service->scenes().value(index); }
-    int sceneCount() const { return service->scenes().size(); }
+    int sceneCount() const { return int(service->scenes().size()); }
     static int nodeCount(const CNodeScene* scene) { return int(scene->nodes().size()); }
 
     std::unique_ptr<Plugin::Halvex::CNodeService> service = std::make_unique<Plugin::Halvex::CNodeService>(nullptr);

@@ -8,6 +8,7 @@
 #include "HostModels.h"
 #include "models/CWorkerModel.h"
 #include "support/CServiceManager.h"
+#include "support/MetaTypes.h"
 
 #include <Halvex/models/CNodeDecouplerDataModelBase.h>
 
@@ -95,11 +96,11 @@ private Q_SLOTS:
 
 void tst_CHalvexPlugin::initializeNamesThePortIndex()
 {
-    QCOMPARE(QMetaType::type("NodePortIndex"), int(QMetaType::UnknownType));
+    QCOMPARE(MetaTypes::idOf("NodePortIndex"), int(QMetaType::UnknownType));
     CHalvexPlugin plugin;
-    QCOMPARE(QMetaType::type("NodePortIndex"), int(QMetaType::UnknownType));
+    QCOMPARE(MetaTypes::idOf("NodePortIndex"), int(QMetaType::UnknownType));
     QVERIFY(plugin.initialize({}));
-    QCOMPARE(QMetaType::type("NodePortIndex"), int(QMetaType::Int));
+    QCOMPARE(MetaTypes::idOf("NodePortIndex"), int(QMetaType::Int));
 }
 
 void tst_CHalvexPlugin::initializePublishesTheService()

@@ -27,7 +27,7 @@ public:
     /// How many places a port has, those that were given up included.
     static int places(const CNodeState& table, ENodePortType side, NodePortIndex port)
     {
-        return table.rows(side)[port].size();
+        return int(table.rows(side)[port].size());
     }
 };
 

@@ -6,12 +6,14 @@
 #include <QRandomGenerator>
 #include <QUuid>
 
+#include <algorithm>
+#include <cstddef>
 #include <cstring>
 #include <map>
 
 namespace {
 
-constexpr std::size_t wordsOfAnId = 4;
+constexpr std::ptrdiff_t wordsOfAnId = 4;
 
 quint32 s_operation = 0;
 
@@ -27,16 +29,10 @@ quint32 spread(quint32 number)
     return number * 2654435761u;
 }
 
-} // namespace
-
-// Both functions take the place of Qt's own, in the library too: a program's come before those of its libraries.
-
 // What an identifier is made of: all bits but some of the second and the third word.
-void QRandomGenerator::_fillRange(void* buffer, void* bufferEnd)
+void fill(quint32* words, std::ptrdiff_t count)
 {
-    auto* const words = static_cast<quint32*>(buffer);
-    const auto count = std::size_t(static_cast<quint32*>(bufferEnd) - words);
-    std::memset(buffer, 0, count * sizeof(quint32));
+    std::fill_n(words, count, 0u);
     if (count != wordsOfAnId)
         return;
     const quint32 made = ++madeByOperation()[s_operation];
@@ -45,10 +41,33 @@ void QRandomGenerator::_fillRange(void* buffer, void* bufferEnd)
     words[3] = spread(s_operation + (made << 16));
 }
 
-// The spread number: it alone says in which order the scenes' tables have their entries.
-uint qHash(const QUuid& id, uint seed) noexcept
+} // namespace
+
+// Both functions take the place of Qt's own, in the library too: a program's come before those of its libraries.
+
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+using HashValue = uint;
+
+void QRandomGenerator::_fillRange(void* buffer, void* bufferEnd)
 {
-    uint hash = 0;
+    auto* const words = static_cast<quint32*>(buffer);
+    fill(words, static_cast<quint32*>(bufferEnd) - words);
+}
+#else
+using HashValue = size_t;
+
+quint64 QRandomGenerator::_fillRange(void* buffer, qptrdiff count)
+{
+    if (buffer != nullptr) // else one number is asked for, which no identifier is made of
+        fill(static_cast<quint32*>(buffer), count);
+    return 0;
+}
+#endif
+
+// The spread number: it alone says in which order the scenes' tables have their entries.
+HashValue qHash(const QUuid& id, HashValue seed) noexcept
+{
+    quint32 hash = 0;
     std::memcpy(&hash, id.data4 + 4, sizeof(hash));
     return hash ^ seed;
 }

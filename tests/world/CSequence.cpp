@@ -284,9 +284,9 @@ QByteArray shrink(QByteArray bytes, const std::function<bool(const QByteArray&)>
         return true;
     };
     // Many at once, then few.
-    for (int length = bytes.size() / 2 / SRecord::size * SRecord::size; length >= SRecord::size;) {
+    for (int length = int(bytes.size()) / 2 / SRecord::size * SRecord::size; length >= SRecord::size;) {
         bool isShorter = false;
-        for (int at = bytes.size() - length; at >= 0; at -= length)
+        for (int at = int(bytes.size()) - length; at >= 0; at -= length)
             isShorter = tryInstead(QByteArray(bytes).remove(at, length)) || isShorter;
         if (!isShorter || length > SRecord::size)
             length = length == SRecord::size ? 0 : qMax(SRecord::size, length / 2 / SRecord::size * SRecord::size);
