@@ -159,3 +159,6 @@ bool CMistakenPlugin::uninitialize(const QWeakPointer<Core::Service::IServiceMan
         present->unregisterService(m_service);
     return true;
 }
+
+#include "CMistakenPlugin.moc"
+#include "CNumberModel.moc"

@@ -6,7 +6,6 @@
 #include "TestFile.h"
 
 #include <QFileInfo>
-#include <QRegularExpression>
 #include <QTest>
 
 namespace {
@@ -77,8 +76,6 @@ private Q_SLOTS:
     void commandsAreAccepted_data();
     void commandsAreAccepted();
     void scriptsAreThere();
-    void linksLeadSomewhere_data();
-    void linksLeadSomewhere();
 };
 
 void tst_DocumentedCommands::wordsOfALine()
@@ -117,25 +114,6 @@ void tst_DocumentedCommands::scriptsAreThere()
             if (script.startsWith("scripts/"))
                 QVERIFY2(QFileInfo(QDir(SOURCE_FOLDER).filePath(script)).isExecutable(), qPrintable(line));
         }
-    }
-}
-
-void tst_DocumentedCommands::linksLeadSomewhere_data()
-{
-    QTest::addColumn<QString>("page");
-    const QStringList all = pages();
-    for (const QString& page : all)
-        QTest::newRow(qPrintable(QDir(SOURCE_FOLDER).relativeFilePath(page))) << page;
-}
-
-void tst_DocumentedCommands::linksLeadSomewhere()
-{
-    QFETCH(QString, page);
-    static const QRegularExpression link(QStringLiteral(R"(\]\(([^)#:]+)(#[^)]*)?\))"));
-    const QString text = QString::fromUtf8(content(page));
-    for (auto match = link.globalMatch(text); match.hasNext();) {
-        const QString target = match.next().captured(1);
-        QVERIFY2(QFileInfo::exists(QFileInfo(page).dir().filePath(target)), qPrintable(target));
     }
 }
 
