@@ -29,6 +29,8 @@ void warnIfOtherType([[maybe_unused]] const CNodeDataPtr& data, [[maybe_unused]]
     swallowExceptions(lcGraph, "Asking for the type of a port", [&] {
         const CNodeVisit visit(*node);
         const QString given = data->type().id;
+        if (visit.isOver())
+            return;
         const QString said = node->nodeDataModel()->dataType(portType, index).id;
         if (given == said || visit.isOver())
             return;

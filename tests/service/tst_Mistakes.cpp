@@ -17,6 +17,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QLoggingCategory>
+#include <QPointer>
 #include <QTimer>
 
 #include <functional>
@@ -133,6 +134,7 @@ private Q_SLOTS:
     void askingForTypesMayEndTheScene();
     void askingForNamesMayEndTheScene();
     void dataOfAnotherTypeThanAnnounced();
+    void askingDataForItsTypeMayEndTheNode();
     void converterThatGivesAnotherType();
     void exceptionThroughAnEventLoop();
     void exceptionWithoutAnEventLoop();
@@ -284,6 +286,30 @@ void tst_Mistakes::dataOfAnotherTypeThanAnnounced()
                         "comes there.")
                         .arg(idText(node));
     QCOMPARE(messages.texts("halvex.usage"), expected);
+}
+
+void tst_Mistakes::askingDataForItsTypeMayEndTheNode()
+{
+    class CDataThatEnds : public CTestData
+    {
+    public:
+        SNodeDataType type() const override
+        {
+            onType();
+            return {"Image", "I"};
+        }
+        std::function<void()> onType;
+    };
+
+    const CMessageCatcher messages;
+    auto owned = std::make_unique<CTestModel>();
+    const QPointer<CTestModel> model = owned.get();
+    auto node = std::make_unique<CNodeBase>(std::move(owned));
+    const auto data = QSharedPointer<CDataThatEnds>::create();
+    data->onType = [&node] { node.reset(); };
+    model->offer(data);
+    QCOMPARE(model.isNull(), hasAssertions); // nobody asks otherwise
+    QCOMPARE(messages.texts(), QStringList());
 }
 
 void tst_Mistakes::converterThatGivesAnotherType()
