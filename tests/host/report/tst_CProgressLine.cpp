@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include <cstdlib>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/ioctl.h>
@@ -52,23 +53,20 @@ struct CTerminal
     }
     ~CTerminal()
     {
-        std::fclose(stream);
+        if (stream)
+            std::fclose(stream);
         close(terminal);
     }
     Q_DISABLE_COPY(CTerminal)
 
-    // A terminal hands out what it has, which may be a part.
-    QByteArray shown() const
+    // All that was written. A terminal hands it out in parts, and an error behind the last one once nobody writes.
+    QByteArray shown()
     {
-        std::fflush(stream);
+        std::fclose(std::exchange(stream, nullptr));
         QByteArray shown;
-        while (!shown.endsWith('\n')) {
-            char bytes[100];
-            const auto got = read(terminal, bytes, sizeof bytes);
-            if (got <= 0)
-                break;
+        char bytes[100];
+        for (ssize_t got = 0; (got = read(terminal, bytes, sizeof bytes)) > 0;)
             shown.append(bytes, int(got));
-        }
         return shown;
     }
 
@@ -113,7 +111,7 @@ void tst_CProgressLine::nextLineWaits()
 
 void tst_CProgressLine::terminalLineIsDrawnAnew()
 {
-    const CTerminal terminal(80);
+    CTerminal terminal(80);
     {
         CProgressLine line(terminal.stream, 1h);
         line.show(QStringLiteral("three"));
@@ -127,7 +125,7 @@ void tst_CProgressLine::terminalLineIsDrawnAnew()
 
 void tst_CProgressLine::narrowTerminalShowsWhatFits()
 {
-    const CTerminal terminal(10);
+    CTerminal terminal(10);
     {
         CProgressLine line(terminal.stream, 1h);
         line.show(QStringLiteral("1234567890123"));
