@@ -14,7 +14,9 @@ repeated. One that only makes tests slow is "too slow", which is no kill. With -
 are judged again in a build with sanitizers; the rate is told without and with what these kill.
 
 A mutant in a source is shown to those tests alone that enter the function it stands in, as the counters of coverage
-tell: others do the same with it as without. What a program does that dies of a signal is not counted.
+tell: others do the same with it as without. What a program does that dies of a signal is not counted. Tests of other
+classes that take longer than --longest seconds are left out; what survives with a smaller bound is judged again with a
+larger one.
 
 The reason why a mutant survives stands on the line above it: "// Survives KIND: REASON". It counts as a survivor all
 the same. The exit code is 1 when less than --least percent are killed, or when a reason is wrong: there is no such
@@ -49,7 +51,6 @@ TESTS = r"^(tst|stress)_"
 # Tests of what is not changed here, and two that look for what only long runs show.
 LEFT_OUT = r"^(tst_(PluginRounds|CId|CGrabResultPtr|ShippersTexts|ALocalizedPlugin))$|_is_unlinked$"
 SLOW_TESTS = 3  # so many are too slow: no others are tried
-LONGEST = 60.0  # seconds that the tests of other classes may take
 TOO_SLOW = "too slow"
 
 
@@ -281,9 +282,10 @@ def read_library(root):
 
 
 def tests_of(root):
-    """Names the text of all tests that judge mutants: those of the host are not among them."""
+    """Names the text of all tests that judge mutants: those of host and kit are not among them."""
     entries = committed(root, "ls-tree", "HEAD:tests").splitlines()
-    return hashlib.sha1("".join(entry for entry in entries if not entry.endswith("\thost")).encode()).hexdigest()
+    judging = (entry for entry in entries if entry.split("\t")[1] not in ("host", "testing"))
+    return hashlib.sha1("".join(judging).encode()).hexdigest()
 
 
 @dataclasses.dataclass
@@ -336,7 +338,8 @@ class Run:
 class Workplace:
     """A copy of the tree with a build of its own."""
 
-    def __init__(self, root, preset, number):
+    def __init__(self, root, preset, longest, number):
+        self.longest = longest
         self.tree = root / "build" / "mutants" / str(number)
         self.build = self.tree / "build" / preset
         self.functions = set()  # of the library's sources: file, first and last line
@@ -345,7 +348,8 @@ class Workplace:
             subprocess.run(["git", "clone", "--quiet", "--shared", "--no-checkout", root, self.tree], check=True)
         subprocess.run(["git", "fetch", "--quiet", root, "HEAD"], cwd=self.tree, check=True)
         subprocess.run(["git", "checkout", "--quiet", "--force", "--detach", "FETCH_HEAD"], cwd=self.tree, check=True)
-        subprocess.run(["cmake", "--preset", preset, "-DHALVEX_BUILD_HOST=OFF", "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON"],
+        subprocess.run(["cmake", "--preset", preset, "-DHALVEX_BUILD_HOST=OFF", "-DHALVEX_BUILD_TESTING_KIT=OFF",
+                        "-DCMAKE_CXX_FLAGS_DEBUG=", "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON"],
                        cwd=self.tree, check=True, stdout=subprocess.DEVNULL)
         try:
             self._make(test["name"] for test in self._known_tests())
@@ -397,7 +401,7 @@ class Workplace:
         able = [test for test in self.tests if not around or around & test.entered]
         own = [test for test in able if stem in test.name]
         near = [test for test in able if test.folder.endswith(f"/tests/{mutant.file.split('/')[0]}")]
-        wanted = own + [test for test in able if test.seconds <= LONGEST and test not in own]
+        wanted = own + [test for test in able if test.seconds <= self.longest and test not in own]
         wanted.sort(key=lambda test: (test not in own, test not in near, test.seconds))
         return [list(tests) for _, tests in itertools.groupby(wanted, lambda test: (test in own, test in near))]
 
@@ -433,10 +437,10 @@ class Workplace:
 class Workplaces:
     """As many as there are jobs, ready to judge."""
 
-    def __init__(self, root, preset, jobs):
+    def __init__(self, root, preset, jobs, longest):
         with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
             self.free = queue.SimpleQueue()
-            places = list(pool.map(lambda number: Workplace(root, preset, number), range(1, jobs + 1)))
+            places = list(pool.map(lambda number: Workplace(root, preset, longest, number), range(1, jobs + 1)))
             waiting = queue.SimpleQueue()
             for test in places[0].tests:
                 waiting.put(test.name)
@@ -470,7 +474,7 @@ class Workplaces:
             self.free.put(place)
 
 
-def judge_all(root, preset, mutants, jobs):
+def judge_all(root, preset, mutants, jobs, longest):
     """Verdicts by mutant. Those that an earlier run has found are not asked for again."""
     file = root / "out" / "mutants" / f"{preset}.jsonl"
     file.parent.mkdir(parents=True, exist_ok=True)
@@ -478,18 +482,19 @@ def judge_all(root, preset, mutants, jobs):
     lines = file.read_text().splitlines() if file.exists() else []
     entries = [json.loads(line) for line in lines if line.endswith("}")]  # the last one may be cut
     known = {entry["mutant"]: entry["verdict"] for entry in entries
-             if entry["tests"] == tests or entry["verdict"].startswith("killed")}
+             if entry["tests"] == tests and entry["longest"] >= longest or entry["verdict"].startswith("killed")}
     verdicts = {mutant: known[mutant.key()] for mutant in mutants if mutant.key() in known}
     unknown = [mutant for mutant in mutants if mutant not in verdicts]
     if not unknown:
         return verdicts
-    places = Workplaces(root, preset, jobs)
+    places = Workplaces(root, preset, jobs, longest)
     with concurrent.futures.ThreadPoolExecutor(jobs) as pool, file.open("a") as out:
         judged = {pool.submit(places.judge, mutant): mutant for mutant in unknown}
         for future in concurrent.futures.as_completed(judged):
             mutant, verdict = judged[future], future.result()
             verdicts[mutant] = verdict
-            print(json.dumps({"mutant": mutant.key(), "verdict": verdict, "tests": tests}), file=out, flush=True)
+            entry = {"mutant": mutant.key(), "verdict": verdict, "tests": tests, "longest": longest}
+            print(json.dumps(entry), file=out, flush=True)
             print(f"[{len(verdicts)}/{len(mutants)}] {verdict}: {mutant}", flush=True)
     return verdicts
 
@@ -525,6 +530,8 @@ def main():
                         help="of the sample (default: another each time)")
     parser.add_argument("--also", metavar="PRESET", help="judge what is not killed in that build, too: asan")
     parser.add_argument("--jobs", type=int, default=2, help="mutants at the same time (default: 2)")
+    parser.add_argument("--longest", type=float, default=60.0,
+                        help="seconds that a test of another class may take (default: 60)")
     parser.add_argument("--least", type=float, default=92.0, help="percent to be killed (default: 92)")
     parser.add_argument("--list", action="store_true", help="only say what would be changed")
     options = parser.parse_args()
@@ -547,9 +554,9 @@ def main():
         return 0
 
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))  # many will crash
-    verdicts = judge_all(root, "coverage", mutants, options.jobs)
+    verdicts = judge_all(root, "coverage", mutants, options.jobs, options.longest)
     alive = [mutant for mutant, verdict in verdicts.items() if verdict in ("survived", TOO_SLOW)]
-    also = judge_all(root, options.also, alive, options.jobs) if options.also else {}
+    also = judge_all(root, options.also, alive, options.jobs, options.longest) if options.also else {}
     rate, are_reasons_right = report(verdicts, also, reasons)
     return 0 if rate >= options.least and are_reasons_right else 1
 
