@@ -38,7 +38,7 @@ qt512() {
 qt6() { scripts/qt6.sh | tee /dev/stderr | sed -n 's/^== test with \(Qt [0-9.]*\) .*/\1/p; /tests passed/p'; }
 sanitizers() {
     need_packages "${library_packages[@]}" "${host_packages[@]}" "${test_packages[@]}" >&2
-    cmake --preset asan -B build/asan-host -DHALVEX_BUILD_HOST=ON >&2
+    cmake --preset asan -B build/asan-host -DHALVEX_BUILD_HOST=ON -DHALVEX_BUILD_TESTING_KIT=ON >&2
     cmake --build build/asan-host >&2
     build/asan-host/host/halvex-host run host/chains/demo.json --camera fake-1 --camera fake-2 --frames 30 \
         --output out/deep-demo >&2
@@ -95,7 +95,7 @@ indent() { sed 's/^/    /'; } # Markdown leaves it as it is
 
 declare -A headings=([lint]="Linters" [compilers]="Other compilers" [qt512]="Newer than Qt 5.12"
     [qt6]="All tests of the library with Qt 6"
-    [sanitizers]="All tests with sanitizers, the host's among them"
+    [sanitizers]="All tests with sanitizers, those of host and kit among them"
     [race]="All tests with the race detector" [instructions]="Instructions per delivery" [bench]="Times and memory"
     [limits]="How far it goes" [soak]="Soak" [sequences]="Random sequences" [viewer]="The viewer" [fuzz]="Fuzzers"
     [coverage]="Coverage" [packages]="Debian packages" [mutants]="Mutants")
