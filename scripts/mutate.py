@@ -207,7 +207,8 @@ def removed_statements(code, _):
 PLACE = r"(?<![\w.:])[A-Za-z_]\w*(?:\.\w+(?!\w*\())*"  # a variable with the members that are named
 CHANGED = (rf"({PLACE})(?:\[[^\]]*\])? \W?= ", rf"(?:\+\+|--)({PLACE})", rf"({PLACE})(?:\+\+|--)",
            rf"({PLACE})\.\w+\(", rf"\b(?:move|exchange)\(({PLACE})", rf"[(,] ?&({PLACE})")
-CALL = r"(?<![\w.:])(?!q?u?int\d*\(|bool\(|double\()[a-z]\w*\(|\bthis\b"  # of the class's own: it may change all
+# Of the class's own, of another object, or a destructor that may be anybody's: it may change all.
+CALL = r"(?<![\w.:])(?!q?u?int\d*\(|bool\(|double\()[a-z]\w*\(|\bthis\b|->\w+\(|\.(?:reset|clear)\("
 
 
 def do_meet(one, other):
