@@ -257,6 +257,9 @@ void tst_CNodeBase::modelsDestructorMayConnectItsNode()
         enter(*connection);
         connection->propagateData(CTestData::make(1));
         QVERIFY(!std::as_const(*connection).getNode(In)); // a node that is being destroyed is no end
+        connection->setNodeToPort(*other, In, 0);
+        connection->setNodeToPort(*dying, In, 0);
+        QVERIFY(!std::as_const(*connection).getNode(In)); // and the former end is none any more
     };
 
     node.node.reset();

@@ -4,6 +4,7 @@
 #include <Halvex/graph/CNodeConnection.h>
 
 #include "graph/TestGraph.h"
+#include "support/CGraphInspector.h"
 #include "support/CMessageCatcher.h"
 
 #include <QtTest>
@@ -54,6 +55,7 @@ private Q_SLOTS:
     void whatAConverterHeldMayUseADyingConnection();
     void modelMayDestroyTheConnectionThatServesIt();
     void modelMayDestroyTheConnectionThatItIsSavedFor();
+    void nodeLivesUntilItsModelHasNamedAType();
     void modelMayMoveTheEndInTheLastDelivery();
     void modelMayEnterADyingConnection();
     void exceptionsOfDeliveriesPassThrough();
@@ -239,6 +241,21 @@ void tst_CNodeConnectionCallbacks::modelMayDestroyTheConnectionThatItIsSavedFor(
     };
     QVERIFY(pair.connection->save().isEmpty());
     QVERIFY(!pair.connection);
+}
+
+void tst_CNodeConnectionCallbacks::nodeLivesUntilItsModelHasNamedAType()
+{
+    SPair pair;
+    int modelsMeanwhile = 0;
+    pair.sink.model->onDataType = [&](ENodePortType, NodePortIndex) {
+        int& models = modelsMeanwhile; // what was captured goes with the model
+        CGraphInspector::retire(std::move(pair.sink.node));
+        models = CTestModel::alive();
+        return SNodeDataType();
+    };
+    QCOMPARE(pair.connection->dataType(In).id, QString());
+    QCOMPARE(modelsMeanwhile, 3);
+    QCOMPARE(CTestModel::alive(), 2);
 }
 
 void tst_CNodeConnectionCallbacks::modelMayMoveTheEndInTheLastDelivery()

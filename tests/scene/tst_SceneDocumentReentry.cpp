@@ -73,6 +73,7 @@ private Q_SLOTS:
     void creatorReplacesTheRegistry();
     void handlersThatThrow();
     void restoreThatThrows();
+    void replacedNodeIsOutAtOnce();
     void nameOfAModelRemovesNodes() const;
 
     void saveThatRemovesNodes();
@@ -202,6 +203,32 @@ void tst_SceneDocumentReentry::restoreThatThrows()
     world.onCreate = nullptr;
     world.load({}, chainConnections());
     QCOMPARE(world.scene->connections().size(), std::size_t(2));
+}
+
+void tst_SceneDocumentReentry::replacedNodeIsOutAtOnce()
+{
+    const World world;
+    world.loadChain();
+    CNodeBase& replacedNode = world.node(idB);
+    int deliveries = 0;
+    world.model(idB).onSetInData = [&](const CNodeDataPtr& data, int) {
+        if (!data)
+            return;
+        ++deliveries;
+        world.load({nodeJson(idB)});
+        // It lives until its delivery has ended, and nothing leads to it meanwhile.
+        QCOMPARE(CTestModel::alive(), 4);
+        for (const auto& entry : world.scene->connections()) {
+            QVERIFY(endOf(*entry.second, ENodePortType::In) != &replacedNode);
+            QVERIFY(endOf(*entry.second, ENodePortType::Out) != &replacedNode);
+        }
+        QVERIFY(!world.scene->createConnection(replacedNode, 0, world.node(idA), 0, {}));
+        world.scene->removeNode(replacedNode);
+        QVERIFY(world.has(idB));
+    };
+    world.model(idA).offer(CTestData::make(1));
+    QCOMPARE(deliveries, 1);
+    QCOMPARE(CTestModel::alive(), 3);
 }
 
 void tst_SceneDocumentReentry::nameOfAModelRemovesNodes() const
