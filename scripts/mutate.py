@@ -23,8 +23,9 @@ the same. The exit code is 1 when less than --least percent are killed, or when 
 mutant, or it was killed.
 
 Works on clones of the committed tree in build/mutants, one for each job, so that the tree itself is not touched, and
-builds there what the preset "coverage" builds. Verdicts are kept in out/mutants/. A kill is good as long as its file has the same
-text, any other verdict as long as the tests are the same too. Needs what scripts/test.sh installs, git and python3.
+builds there what the preset "coverage" builds. Verdicts are kept in out/mutants/. A kill is good as long as its file
+has the same text but for comments, any other verdict as long as the tests are the same too. Needs what scripts/test.sh
+installs, git and python3.
 """
 
 import argparse
@@ -57,7 +58,8 @@ TOO_SLOW = "too slow"
 @dataclasses.dataclass(frozen=True)
 class Mutant:
     file: str
-    blob: str  # git's name for the text of the file
+    code: str  # names the text of the file but for its comments
+    ordinal: str  # among those of the file
     line: int  # from 1
     kind: str
     start: int
@@ -68,7 +70,7 @@ class Mutant:
         return f"{self.file}:{self.line}: {self.kind}: `{' '.join(self.old.split())}` -> `{' '.join(self.new.split())}`"
 
     def key(self):
-        return f"{self.blob} {self.start} {self}"
+        return f"{self.file} {self.code} {self.ordinal}"
 
 
 # Comments, the preprocessor, assertions, what makes a function abstract; and the inside of texts.
@@ -81,6 +83,13 @@ def code_of(text):
     def blanked(match):
         return re.sub(r"[^\n]", "$" if match.group()[0] in "\"'" else " ", match.group())
     return re.sub(LEFT_ALONE, blanked, text, flags=re.MULTILINE)
+
+
+def name_of_code(text):
+    """The same for texts that differ in comments or in how they are laid out."""
+    without = re.sub(LEFT_ALONE, lambda match: "" if match.group().startswith("/") else match.group(), text,
+                     flags=re.MULTILINE)
+    return hashlib.sha1(" ".join(without.split()).encode()).hexdigest()
 
 
 def closing(code, opening):
@@ -218,8 +227,8 @@ def do_meet(one, other):
         return True
     places = [set(re.findall(PLACE, each)) for each in (one, other)]
     changed = [{place for pattern in CHANGED for place in re.findall(pattern, each)} for each in (one, other)]
-    return any(f"{place}.".startswith(f"{change}.") or f"{change}.".startswith(f"{place}.")
-               for change, place in (*itertools.product(changed[0], places[1]), *itertools.product(changed[1], places[0])))
+    seen = (*itertools.product(changed[0], places[1]), *itertools.product(changed[1], places[0]))
+    return any(f"{place}.".startswith(f"{change}.") or f"{change}.".startswith(f"{place}.") for change, place in seen)
 
 
 def exchanged_neighbours(code, text):
@@ -273,9 +282,11 @@ def read_library(root):
         if file.endswith((".cpp", ".h")):
             text = committed(root, "cat-file", "blob", blob)
             code = code_of(text)
-            found = [Mutant(file, blob, text.count("\n", 0, start) + 1, kind, start, text[start:end], new)
-                     for kind, changes in KINDS.items() for start, end, new in changes(code, text)]
-            mutants += sorted(found, key=lambda mutant: mutant.start)
+            found = sorted(((start, end, new, kind) for kind, changes in KINDS.items()
+                            for start, end, new in changes(code, text)), key=lambda each: each[0])
+            name = name_of_code(text)
+            mutants += [Mutant(file, name, f"{ordinal}/{len(found)}", text.count("\n", 0, start) + 1, kind, start,
+                               text[start:end], new) for ordinal, (start, end, new, kind) in enumerate(found)]
             for number, line in enumerate(text.splitlines(), 1):
                 if match := re.fullmatch(r"\s*// Survives ([^:]+): (.+)", line):
                     reasons[file, number + 1, match.group(1)] = match.group(2)
@@ -494,8 +505,8 @@ def judge_all(root, preset, mutants, jobs, longest):
         for future in concurrent.futures.as_completed(judged):
             mutant, verdict = judged[future], future.result()
             verdicts[mutant] = verdict
-            entry = {"mutant": mutant.key(), "verdict": verdict, "tests": tests, "longest": longest}
-            print(json.dumps(entry), file=out, flush=True)
+            print(json.dumps({"mutant": mutant.key(), "what": str(mutant), "verdict": verdict, "tests": tests,
+                              "longest": longest}), file=out, flush=True)
             print(f"[{len(verdicts)}/{len(mutants)}] {verdict}: {mutant}", flush=True)
     return verdicts
 

@@ -45,8 +45,10 @@ class tst_CNodeConnectionCallbacks : public QObject
 
 private Q_SLOTS:
     void converterOutlivesTheLastDelivery();
+    void connectionIsWholeInTheLastDelivery();
     void dyingConnectionTakesNoConverter();
     void converterMayDestroyTheConnection();
+    void converterLivesUntilItReturns();
     void converterMayPutAnotherConnectionInItsPlace();
     void converterMayReplaceItself();
     void converterMayChangeTheInEnd();
@@ -71,6 +73,16 @@ void tst_CNodeConnectionCallbacks::converterOutlivesTheLastDelivery()
     };
     pair.connection.reset();
     QCOMPARE(events, QStringList({"delivered", "converter gone"}));
+}
+
+void tst_CNodeConnectionCallbacks::connectionIsWholeInTheLastDelivery()
+{
+    SPair pair;
+    std::size_t entries = 0;
+    pair.sink.model->onSetInData = [&](const CNodeDataPtr&, NodePortIndex) { entries = pair.source.outputs(1).size(); };
+    pair.connection.reset();
+    QCOMPARE(entries, std::size_t(1));
+    QVERIFY(pair.source.outputs(1).empty());
 }
 
 void tst_CNodeConnectionCallbacks::dyingConnectionTakesNoConverter()
@@ -112,6 +124,25 @@ void tst_CNodeConnectionCallbacks::converterMayDestroyTheConnection()
         QCOMPARE(seen, expected++);
         QCOMPARE(pair.values(), Numbers({-1}));
     }
+}
+
+void tst_CNodeConnectionCallbacks::converterLivesUntilItReturns()
+{
+    bool isHeld = true;
+    bool wasHeldWhileItRan = false;
+    SPair pair;
+    const auto destroy = [&] { // what the converter captured must not be asked for this
+        pair.connection.reset();
+        wasHeldWhileItRan = isHeld;
+    };
+    pair.connection->setTypeConverter(
+        [&destroy, end = atTheEnd([&isHeld] { isHeld = false; })](const CNodeDataPtr& data) {
+            if (data)
+                destroy();
+            return data;
+        });
+    pair.source.model->offer(CTestData::make(1), 1);
+    QVERIFY(wasHeldWhileItRan && !isHeld);
 }
 
 void tst_CNodeConnectionCallbacks::converterMayPutAnotherConnectionInItsPlace()
