@@ -242,6 +242,7 @@ void tst_CNodeConnectionCallbacks::whatAConverterHeldMayUseADyingConnection()
     int ended = 0;
     pair.connection->setTypeConverter(holding(atTheEnd([&] {
         ++ended;
+        pair.source.model->offer(CTestData::make(2), 1); // no walk reaches it, which would be without a converter
         dying.propagateEmptyData();
         dying.setTypeConverter(addTen);
         enter(dying);

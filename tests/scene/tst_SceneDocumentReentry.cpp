@@ -74,6 +74,7 @@ private Q_SLOTS:
     void handlersThatThrow();
     void restoreThatThrows();
     void replacedNodeIsOutAtOnce();
+    void newNodeIsReplacedWhenItIsAnnounced();
     void nameOfAModelRemovesNodes() const;
 
     void saveThatRemovesNodes();
@@ -223,12 +224,27 @@ void tst_SceneDocumentReentry::replacedNodeIsOutAtOnce()
             QVERIFY(endOf(*entry.second, ENodePortType::Out) != &replacedNode);
         }
         QVERIFY(!world.scene->createConnection(replacedNode, 0, world.node(idA), 0, {}));
+        QVERIFY(!world.scene->createConnection(ENodePortType::In, replacedNode, 0));
         world.scene->removeNode(replacedNode);
         QVERIFY(world.has(idB));
     };
     world.model(idA).offer(CTestData::make(1));
     QCOMPARE(deliveries, 1);
     QCOMPARE(CTestModel::alive(), 3);
+}
+
+void tst_SceneDocumentReentry::newNodeIsReplacedWhenItIsAnnounced()
+{
+    const World world;
+    int announced = 0;
+    connect(world.scene.get(), &CNodeScene::nodeCreated, world.scene.get(), [&](CNodeBase& node) {
+        if (++announced == 1)
+            world.load({nodeJson(node.id().toString())});
+    });
+    const CNodeBase& node = world.scene->createNode(std::make_unique<CTestModel>());
+    QCOMPARE(announced, 2);
+    QCOMPARE(&node, &CNodeScene::noNode()); // nobody could use the one that is gone
+    QCOMPARE(world.scene->nodes().size(), std::size_t(1));
 }
 
 void tst_SceneDocumentReentry::nameOfAModelRemovesNodes() const
