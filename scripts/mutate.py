@@ -16,7 +16,7 @@ are judged again in a build with sanitizers; the rate is told without and with w
 A mutant in a source is shown to those tests alone that enter the function it stands in, as the counters of coverage
 tell: others do the same with it as without. What a program does that dies of a signal is not counted. Tests of other
 classes that take longer than --longest seconds are left out; what survives with a smaller bound is judged again with a
-larger one.
+larger one. One in a public header is shown to the tests of its folder: all others would have to be built again.
 
 The reason why a mutant survives stands on the line above it: "// Survives KIND: REASON". It counts as a survivor all
 the same. The exit code is 1 when less than --least percent are killed, or when a reason is wrong: there is no such
@@ -411,12 +411,13 @@ class Workplace:
 
     def _groups_for(self, mutant, around):
         """The most likely to fail first: the class's own tests, those of its folder, all others; quick before slow. Of
-        the others, those that take too long are left out."""
+        the others, those that take too long are left out; all of them for a public header, which has each built anew."""
         stem = re.sub(r"(_p|Document|Worker)?\.\w+$", "", mutant.file.split("/")[-1])
         able = [test for test in self.tests if not around or around & test.entered]
         own = [test for test in able if stem in test.name]
         near = [test for test in able if test.folder.endswith(f"/tests/{mutant.file.split('/')[0]}")]
-        wanted = own + [test for test in able if test.seconds <= self.longest and test not in own]
+        others = near if mutant.is_in_public_header() else able
+        wanted = own + [test for test in others if test.seconds <= self.longest and test not in own]
         wanted.sort(key=lambda test: (test not in own, test not in near, test.seconds))
         return [list(tests) for _, tests in itertools.groupby(wanted, lambda test: (test in own, test in near))]
 
