@@ -24,7 +24,9 @@ static_assert(!std::is_copy_constructible_v<CNodeDataModel> && !std::is_move_con
               "a model has an identity");
 static_assert(int(CNodeDataModel::EConnectionPolicy::One) == 0 && int(CNodeDataModel::EConnectionPolicy::Many) == 1,
               "numbers that hosts know");
-static_assert(int(ENodeValidationState::Valid) == 0, "the state that every model begins with");
+static_assert(int(ENodeValidationState::Valid) == 0 && int(ENodeValidationState::Warning) == 1 &&
+                  int(ENodeValidationState::Error) == 2,
+              "hosts compare them, and colour by them");
 
 /// An information object that runs the test's code when it goes.
 class CTestInfo : public IBaseInfo
