@@ -25,10 +25,10 @@ KINDS = {
              "Bring it back, if only as a wrapper around what took its place. A private function that no inline one\n"
              "calls may go: take its line out of tests/abi/contract/symbols.txt."),
     "table": ("Virtual tables", "Programs call virtual functions by their slots: they call another one now.",
-              "Put a new virtual function behind all others of a class that nobody derives from. Else make it a\n"
-              "function that is not virtual, a slot or a property, or one of a new interface beside the class."),
+              "Make it a function that is not virtual, a slot or a property, or one of a new interface beside the\n"
+              "class."),
     "size": ("Sizes of classes", "Whoever derives from it or holds one has its own members where the new ones are.",
-             "Put new members where they change no size: where a pointer leads to already, or into padding."),
+             "Put new members where a pointer leads to already."),
     "member": ("Places of members", "Inline functions and subclasses in programs read another member.",
                "Leave the members of a public class in their order."),
     "signal": ("Indices of signals", "Whoever keeps the index of one, as spies and state machines do, gets another.",

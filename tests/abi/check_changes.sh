@@ -48,8 +48,10 @@ abi check none >/dev/null
 abi check hidden >/dev/null
 refuses vtable "Virtual tables:" "  int $name::newest(): a new virtual function in slot 12" \
     "  int $name::second(): in slot 14, was in 13"
+refuses virtual_added "Virtual tables:" "  int $name::newest(): a new virtual function in slot 14"
 refuses size "Sizes of classes:" "  $name: 40 bytes, was 32"
-refuses order "Places of members:" "  $name: 'int m_rate' begins at byte 20, was at 16"
+refuses padding "Other types:"
+refuses order "Places of members:" "  $name: 'int m_rate' begins at byte 28, was at 24"
 refuses removed "No longer exported:" "  $name::rate() const"
 refuses argument "No longer exported:" "  $name::setRate(int)"
 refuses signal "Indices of signals:" "  class $name: signal rateChanged(int) at 1, was at 0"

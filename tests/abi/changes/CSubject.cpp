@@ -24,7 +24,7 @@ CSubject::~CSubject()
     delete m_hidden;
 }
 
-#ifdef CHANGED_VTABLE
+#if defined(CHANGED_VTABLE) || defined(CHANGED_VIRTUAL_ADDED)
 int CSubject::newest()
 {
     return 0;

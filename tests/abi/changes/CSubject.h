@@ -7,8 +7,8 @@
 
 namespace Plugin::Halvex {
 
-/// A class of a library that is checked as the real one is. Each change below is one that breaks programs in its own
-/// way; CHANGED_… is defined for the library that has it.
+/// A class of a library that is checked as the real one is. CHANGED_… is defined for the library that has that change;
+/// check_changes.sh says which of them break programs. Behind its last member is padding, which a subclass may use.
 class Q_DECL_EXPORT CSubject : public QObject
 {
     Q_OBJECT
@@ -33,6 +33,9 @@ public:
 #endif
     virtual int first();
     virtual int second();
+#ifdef CHANGED_VIRTUAL_ADDED
+    virtual int newest();
+#endif
 
 #ifndef CHANGED_REMOVED
     int rate() const;
@@ -69,6 +72,7 @@ private:
     int step() const;
 #endif
 
+    SHidden* m_hidden = nullptr;
 #ifdef CHANGED_ORDER
     short m_step = 0;
     int m_rate = 1;
@@ -76,7 +80,9 @@ private:
     int m_rate = 1;
     short m_step = 0;
 #endif
-    SHidden* m_hidden = nullptr;
+#ifdef CHANGED_PADDING
+    short m_newest = 0;
+#endif
 #ifdef CHANGED_SIZE
     double m_newest = 0.0;
 #endif
