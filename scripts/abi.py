@@ -113,22 +113,28 @@ def by_class(text):
     return classes
 
 
+def place_of_signal(lines, signature):
+    """The line in which it stands, if any."""
+    return next((line for line in lines if line.startswith(f"{signature} at ")), None)
+
+
 def compare_meta_objects(old_text, new_text):
-    findings, old, new = [], by_class(old_text), by_class(new_text)
-    for heading, lines in new.items():
-        findings += [("new", f"{heading}: {line}") for line in lines if line not in old.get(heading, [])]
+    findings, moved, old, new = [], set(), by_class(old_text), by_class(new_text)
     for heading, lines in old.items():
+        now = new.get(heading, [])
         for line in lines:
-            if line in new.get(heading, []):
+            if line in now:
                 continue
-            moved = re.match(r"(signal .*) at (\d+)$", line)
-            there = [other for other in new.get(heading, []) if moved and other.startswith(moved[1] + " at ")]
+            signal = re.match(r"(signal .*) at (\d+)$", line)
+            there = place_of_signal(now, signal[1]) if signal else None
             if there:
-                text = f"{heading}: {there[0]}, was at {moved[2]}"
-                findings = [finding for finding in findings if finding != ("new", f"{heading}: {there[0]}")]
-                findings.append(("signal", text))
+                moved.add((heading, there))
+                findings.append(("signal", f"{heading}: {there}, was at {signal[2]}"))
             else:
                 findings.append(("meta", f"{heading}: {line}"))
+    for heading, lines in new.items():
+        findings += [("new", f"{heading}: {line}") for line in lines
+                     if line not in old.get(heading, []) and (heading, line) not in moved]
     return findings
 
 

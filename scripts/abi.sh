@@ -6,14 +6,20 @@
 #   scripts/abi.sh --write   # takes in what is new; refuses what breaks a program, unless the SONAME is new
 . "$(dirname "$0")/common.sh"
 
+case "$*" in
+"") action=check ;;
+--write) action="write" ;;
+*)
+    echo "usage: scripts/abi.sh [--write]" >&2
+    exit 2
+    ;;
+esac
 need_packages "${library_packages[@]}" "${abi_packages[@]}"
 step "build the library with debug information"
 cmake --preset release -B build/abi -DCMAKE_BUILD_TYPE=RelWithDebInfo -DHALVEX_BUILD_HOST=OFF \
     -DHALVEX_BUILD_TESTING_KIT=OFF
 cmake --build build/abi --target Halvex read_meta_objects
 step "compare"
-action=check
-[ "${1-}" != --write ] || action="write"
 scripts/abi.py "$action" tests/abi/contract build/abi/plugins/libHalvex.so \
     --headers build/abi/generated/Halvex --reader build/abi/tests/abi/read_meta_objects \
     --log build/abi/abidiff.txt

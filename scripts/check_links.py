@@ -28,8 +28,6 @@ class Page(html.parser.HTMLParser):
         elif tag in ("img", "script", "iframe", "object"):
             self.loads.append(values.get("src") or values.get("data"))
 
-    handle_startendtag = handle_starttag
-
 
 def faults_of(file, page, pages, root):
     for link in filter(None, page.links + page.loads):

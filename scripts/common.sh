@@ -13,12 +13,13 @@ host_packages=(pkg-config libaravis-dev libusb-1.0-0-dev # named in aravis-0.8.p
     libplplot-dev plplot-driver-cairo fonts-dejavu-core # charts, drawn in memory
     libcli11-dev rapidjson-dev libvalijson-dev) # headers: arguments, JSON with its places, and JSON Schema
 picture_packages=(xvfb xauth) # a display for pictures of the viewer, where there is none
+abi_packages=(abigail-tools) # what programs rely on, and how two builds differ in it
 test_packages=(aravis-tools # arv-fake-gv-camera-0.8, a GigE Vision camera on the loopback
     man-db   # reads the manual page
-    abigail-tools # whether it would see what breaks programs
+    "${abi_packages[@]}" # whether it would see what breaks programs
     libgtest-dev # one of the examples
+    pkg-config # whether it finds what is installed
     python3) # compiles the samples
-abi_packages=(abigail-tools) # what programs rely on, and how two builds differ in it
 package_packages=(dpkg-dev lintian mmdebstrap) # Debian packages, and a fresh system to try them in
 race_packages=(qtbase5-private-dev) # how Qt's events name their sender, for the race detector
 fuzz_packages=(clang libclang-rt-dev llvm)
