@@ -6,14 +6,6 @@ set_source_files_properties(plugins/CPluginHost.cpp PROPERTIES
   COMPILE_DEFINITIONS "HALVEX_INSTALLED_PLUGINS=\"${HALVEX_LIB_FROM_BIN}/halvex/plugins\"")
 set_target_properties(halvex-host PROPERTIES INSTALL_RPATH "$ORIGIN/${HALVEX_LIB_FROM_BIN}")
 
-# All that --help tells, as a manual page.
-set(man_page "${CMAKE_CURRENT_BINARY_DIR}/halvex-host.1")
-add_custom_command(OUTPUT "${man_page}"
-  COMMAND halvex-host --man-page > "${man_page}"
-  DEPENDS halvex-host
-  VERBATIM)
-add_custom_target(halvex-host-man-page ALL DEPENDS "${man_page}")
-
 # The library is a plugin like any other, and lies where other programs link with it.
 set(library_link "${CMAKE_CURRENT_BINARY_DIR}/installed/libHalvex.so")
 file(MAKE_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}/installed")
@@ -32,4 +24,4 @@ install(FILES schemas/chain.schema.json schemas/scene.schema.json
 install(FILES chains/demo.json DESTINATION "${CMAKE_INSTALL_DATADIR}/halvex/chains" COMPONENT host)
 install(FILES completion/halvex-host.bash DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions"
   RENAME halvex-host COMPONENT host)
-install(FILES "${man_page}" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT host)
+halvex_install_man_page(halvex-host host MAN_PAGE halvex-host --man-page DEPENDS halvex-host)

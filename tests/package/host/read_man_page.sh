@@ -1,15 +1,18 @@
 #!/usr/bin/env bash
-# The installed manual page is sound, and tells all commands, all their options, and the exit codes: prefix.
+# Every installed manual page is sound, and that of halvex-host tells all commands, all their options, and the exit codes:
+# prefix.
 set -Eeuo pipefail
 trap 'echo "FAILED: $BASH_COMMAND" >&2' ERR
 prefix=$(realpath "$1")
-page=$prefix/share/man/man1/halvex-host.1
+pages=$prefix/share/man/man1
 host=$prefix/bin/halvex-host
 
 export LC_ALL=C.UTF-8 MANWIDTH=1000 MAN_KEEP_FORMATTING=
-warnings=$(man --warnings -E UTF-8 -l -Tutf8 -Z "$page" 2>&1 >/dev/null)
-[ -z "$warnings" ] || { echo "$warnings" >&2; exit 1; }
-text=$(man -E UTF-8 -l "$page")
+for page in "$pages"/*.1; do
+    warnings=$(man --warnings -E UTF-8 -l -Tutf8 -Z "$page" 2>&1 >/dev/null)
+    [ -z "$warnings" ] || { echo "$page: $warnings" >&2; exit 1; }
+done
+text=$(man -E UTF-8 -l "$pages/halvex-host.1")
 
 tells() { grep -q -- "$1" <<<"$text" || { echo "the page does not tell '$1'" >&2; return 1; }; }
 
