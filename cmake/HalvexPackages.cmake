@@ -66,13 +66,17 @@ set(development_components development)
 if(HALVEX_BUILD_TESTING_KIT)
   list(APPEND development_components testing)
 endif()
+set(qt_package qtbase5-dev)
+if(HALVEX_QT_MAJOR GREATER 5)
+  set(qt_package qt${HALVEX_QT_MAJOR}-base-dev)
+endif()
 halvex_package(libhalvex-dev SECTION libdevel COMPONENTS ${development_components}
   SUMMARY "dataflow graph engine for camera viewers: development files"
   ABOUT
     "Headers and everything else that models, plugins and hosts are built with:"
     "files for CMake and pkg-config, halvex-new, which begins a plugin, and a kit"
     "that tests models, with the program halvex-check."
-  DEPENDS "${library} ${same_version}, qtbase5-dev (>= 5.12)"
+  DEPENDS "${library} ${same_version}, ${qt_package} (>= ${HALVEX_LEAST_QT})"
   RECOMMENDS "cmake (>= 3.20)"
   SUGGESTS "halvex-doc, halvex-host")
 set(CPACK_DEBIAN_LIBHALVEX-DEV_PACKAGE_SHLIBDEPS ON)
