@@ -5,8 +5,9 @@
 #
 # A plugin that links the library and brings models of its own: moc runs over its sources, its symbols are hidden, and it
 # can be unloaded. METADATA is the JSON file that Q_PLUGIN_METADATA names, without its folder; of one that ends in ".in"
-# the ending goes, and variables in it are replaced: "Version": "@PROJECT_VERSION@". The plugin is installed into the
-# folder where the reference host looks for plugins, lib/halvex/plugins, or into DESTINATION, unless with NO_INSTALL.
+# the ending goes, and variables in it are replaced: "Version": "@PROJECT_VERSION@". The plugin is installed into
+# lib/halvex/plugins, where a reference host of the same prefix looks for plugins, or into DESTINATION, unless with
+# NO_INSTALL.
 
 function(halvex_add_plugin name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "NO_INSTALL" "METADATA;DESTINATION;COMPONENT" "SOURCES")

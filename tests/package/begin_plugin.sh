@@ -1,14 +1,17 @@
 #!/usr/bin/env bash
 # halvex-new begins a plugin in an empty folder, which is built, tested and has frames streamed through it by what its
-# own .ci/run does; and it refuses what is no name: prefix, folder to work in, generator of CMake.
+# own .ci/run does, and is found by halvex-host once it is installed; and it refuses what is no name: prefix, folder to
+# work in, generator of CMake.
 set -Eeuo pipefail
 trap 'echo "FAILED: $BASH_COMMAND" >&2' ERR
-prefix=$(realpath "$1") work=$2
+installed=$(realpath "$1") work=$(realpath -m "$2")
+prefix=$work/prefix # of its own: others do not expect another plugin in theirs
 export PATH=$prefix/bin:$PATH CMAKE_GENERATOR=$3
 
 rm -rf "$work"
-mkdir -p "$work"
-cd "$work"
+mkdir -p "$work/projects"
+cp -r "$installed" "$prefix"
+cd "$work/projects"
 
 # refuses WORDS ARGUMENT...: it ends with 2, says so, and writes nothing.
 refuses() {
@@ -50,8 +53,10 @@ halvex-new --with-test --with-ci my_filter >/dev/null
 said=$(halvex-new my_filter 2>&1) || true
 [ "$said" = "halvex-new: 'my_filter' is there already" ]
 if grep -r 'with-test\|__[A-Za-z]*__' my_filter; then exit 1; fi
-my_filter/.ci/run "-DCMAKE_PREFIX_PATH=$prefix" >log.txt 2>&1 || { cat log.txt; exit 1; }
+my_filter/.ci/run "-DCMAKE_PREFIX_PATH=$prefix" "-DCMAKE_INSTALL_PREFIX=$prefix" >log.txt 2>&1 || { cat log.txt; exit 1; }
 grep -q '^100% tests passed, 0 tests failed out of 2$' log.txt
 grep -qE '^\[1\] My Filter +20 +20 ' log.txt
 [ -s my_filter/build/frames/fake/brightened/frame-000000.png ]
-echo "begun, built, tested and run"
+cmake --install my_filter/build/release >/dev/null
+halvex-host plugins | grep -q '^MyFilter '
+echo "begun, built, tested, run and installed"
