@@ -4,6 +4,8 @@
 
 #include <QtTest>
 
+#include <algorithm>
+
 using namespace Plugin::Halvex;
 using namespace Plugin::Halvex::Testing;
 
@@ -11,14 +13,19 @@ namespace {
 
 constexpr int width = 8;
 constexpr int height = 4;
+constexpr int stride = width + 3;
 
+/// All pixels are of one gray, and what lies between the rows is white.
 CNodeDataPtr makeFrame(int gray, const QString& pixelFormat = QStringLiteral("Mono8"))
 {
-    const auto pixels = std::make_shared<std::vector<std::byte>>(std::size_t(width) * height, std::byte(gray));
+    const auto pixels = std::make_shared<std::vector<std::byte>>(std::size_t(stride) * height, std::byte(255));
+    for (int y = 0; y < height; ++y)
+        std::fill_n(pixels->begin() + y * stride, width, std::byte(gray));
     Veltra::SGrabResult frame;
     frame.pixels = pixels->data();
     frame.size = pixels->size();
-    frame.width = frame.stride = width;
+    frame.width = width;
+    frame.stride = stride;
     frame.height = height;
     frame.pixelFormat = pixelFormat;
     frame.complete = true;
@@ -26,11 +33,19 @@ CNodeDataPtr makeFrame(int gray, const QString& pixelFormat = QStringLiteral("Mo
     return QSharedPointer<CVeltraGrabResultData>::create(Veltra::CGrabResultPtr(std::move(frame)));
 }
 
-/// The first pixel of what the model gives out; -1 if it gives nothing.
+/// What every pixel is that the model gives out; -1 if it gives nothing, -2 if they differ.
 int outputOf(C__Class__Model& model)
 {
     const auto data = model.outData(0).dynamicCast<CVeltraGrabResultData>();
-    return data && data->grabResult() ? std::to_integer<int>(*data->grabResult()->pixels) : -1;
+    if (!data || !data->grabResult())
+        return -1;
+    const Veltra::SGrabResult& frame = *data->grabResult();
+    for (int y = 0; y < height; ++y) {
+        const std::byte* const row = frame.pixels + y * frame.stride;
+        if (std::any_of(row, row + width, [&frame](std::byte pixel) { return pixel != *frame.pixels; }))
+            return -2;
+    }
+    return std::to_integer<int>(*frame.pixels);
 }
 
 } // namespace
