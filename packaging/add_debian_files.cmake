@@ -1,6 +1,7 @@
 # What Debian wants in each package beside what is installed: copyright, changes, the reasons for what lintian is not to
 # say. CPack runs it with the packages' files laid out and not yet packed.
 
+string(TIMESTAMP date "%a, %d %b %Y %H:%M:%S +0000" UTC) # or SOURCE_DATE_EPOCH
 file(GLOB packages "${CPACK_TEMPORARY_DIRECTORY}/*")
 foreach(package IN LISTS packages)
   get_filename_component(name "${package}" NAME)
