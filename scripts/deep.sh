@@ -2,7 +2,7 @@
 # What is too long for every change: measures everything, and writes each figure to docs/figures.md. A part that has
 # passed on this commit is not run again, so that an interrupted run goes on where it was; a part that is named is.
 #
-#   scripts/deep.sh                          # every part: a night, most of it the mutants
+#   scripts/deep.sh                          # every part, the mutants last
 #   scripts/deep.sh instructions bench       # these parts
 #   FUZZ_SECONDS=60 scripts/deep.sh fuzz     # each fuzzer so long (default: 600)
 #   STEPS=100000 scripts/deep.sh sequences   # so many random steps (default: 1000000)
