@@ -49,7 +49,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     StableIds::restart();
     const QByteArray text(reinterpret_cast<const char*>(data), int(size));
-    const int separator = text.indexOf('\n');
+    const int separator = int(text.indexOf('\n'));
     // The constructor reads up to the first zero byte.
     const Core::CId first = read(text.left(separator).constData());
     const Core::CId second = read(text.mid(separator + 1).constData());

@@ -71,7 +71,7 @@ public:
         int elements = 0;
         for (const QByteArray& document : documents) {
             const QString text = QString::fromUtf8(document);
-            elements += QJsonDocument::fromJson(text.toUtf8()).array().size();
+            elements += int(QJsonDocument::fromJson(text.toUtf8()).array().size());
             m_service.addStoredDocument(text);
         }
         if (documents.size() == 1)

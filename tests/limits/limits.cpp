@@ -296,8 +296,8 @@ void measureDocument()
                   "a document has lost something");
             return time;
         });
-        std::printf("| %d | %.1f MiB | %.0f ms | %.0f ms | %.0f MiB |\n", count, document.size() / mebibyte, saved,
-                    loaded, processStatus("VmHWM") / 1024);
+        std::printf("| %d | %.1f MiB | %.0f ms | %.0f ms | %.0f MiB |\n", count, double(document.size()) / mebibyte,
+                    saved, loaded, processStatus("VmHWM") / 1024);
     }
     if (!s_isShort)
         measureDocumentAtTheEnd();
