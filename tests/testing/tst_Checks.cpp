@@ -173,6 +173,7 @@ private Q_SLOTS:
     void workerThatSpoilsItsInput();
     void rulesAreToldBeforeTheyAreTried();
     void skippedRulesAreNotTried();
+    void whatNeedsASkippedRuleIsNotTried();
     void whatCannotBeTriedIsTold();
     void data_data();
     void data();
@@ -236,6 +237,22 @@ void tst_Checks::skippedRulesAreNotTried()
     const SReport report = checkModel([&] { return std::make_unique<CNumberModel>(misbehaviour); }, options);
     QVERIFY2(report.findings.empty(), qPrintable(toText(report)));
     QCOMPARE(std::size_t(report.kept), modelRules().size() - 1);
+}
+
+void tst_Checks::whatNeedsASkippedRuleIsNotTried()
+{
+    SCheckOptions options = numberOptions();
+    options.skip = QStringList{"makes-a-model", "makes-data", "converter-is-there", "loads"};
+    options.beforeRule = [](const QString& rule) { QCOMPARE(rule, QString("has-metadata")); };
+    const auto isCutShort = [](const SReport& report, const QString& basic) {
+        return report.findings.empty() && report.leftOut.size() == 1 &&
+               report.leftOut.front().rule == QLatin1String("all rules behind it") &&
+               report.leftOut.front().reason == "they need " + basic;
+    };
+    QVERIFY(isCutShort(checkModel([] { return std::unique_ptr<CNodeDataModel>(); }, options), "makes-a-model"));
+    QVERIFY(isCutShort(checkData([](int) { return CNodeDataPtr(); }, options), "makes-data"));
+    QVERIFY(isCutShort(checkConverter({}, {CNumber::dataType(), CNumber::dataType()}, options), "converter-is-there"));
+    QVERIFY(isCutShort(checkPlugin(HALVEX_PLUGIN, {}, options), "loads"));
 }
 
 void tst_Checks::whatCannotBeTriedIsTold()
