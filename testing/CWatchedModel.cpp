@@ -24,11 +24,6 @@ CNodeDataPtr makeGrabResult(const SNodeDataType& type)
     return type.id == CVeltraGrabResultData().type().id ? CNodeDataPtr(new CVeltraGrabResultData) : CNodeDataPtr();
 }
 
-QString noDataOf(const SNodeDataType& type)
-{
-    return QStringLiteral("there is no data of the type \"%1\": SCheckOptions::makeData makes it").arg(type.id);
-}
-
 void deliverEvents(int milliseconds)
 {
     QCoreApplication::processEvents(QEventLoop::AllEvents, milliseconds);

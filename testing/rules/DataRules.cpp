@@ -54,11 +54,6 @@ bool hasChanged(const SWitness& witness, const SCheckOptions& options)
     return !witness.sum.isEmpty() && options.checksum(*witness.data) != witness.sum;
 }
 
-QString withoutChecksum()
-{
-    return QStringLiteral("contents cannot be compared: SCheckOptions::checksum does that");
-}
-
 std::vector<SWitness> outputsOf(const CWatchedModel& model, const SCheckOptions& options)
 {
     std::vector<SWitness> outputs;
