@@ -26,7 +26,7 @@ std::vector<QVariant> otherValues(const QMetaProperty& property, const QVariant&
             values.emplace_back(keys.value(i));
         return values;
     }
-    switch (int(value.type())) {
+    switch (value.userType()) {
     case QMetaType::Bool:
         return {!value.toBool()};
     case QMetaType::Int:
