@@ -114,6 +114,11 @@ void addHangingModels(CNodeDataModelRegistry& registry)
         return saved;
     };
     add(registry, "Hangs and prints", misbehaviour);
+    misbehaviour.save = [](const Model&, const QJsonObject& saved) {
+        QThread::msleep(1);
+        return saved;
+    };
+    add(registry, "Slow", misbehaviour);
 }
 
 /// Whether this process checks one model.
