@@ -35,6 +35,9 @@ namespace Testing {
  *     return number ? QByteArray::number(number->value()) : QByteArray();
  * };
  * \endcode
+ *
+ * Threads: the functions are called in the thread of the check. Errors: what makeData, checksum or changeSettings
+ * throws leaves out the rule that needs it; beforeRule must not throw.
  */
 struct SCheckOptions
 {
