@@ -25,7 +25,14 @@ bool isTheLibrary(const QString& file)
 
 bool liesInAFile(const QString& text)
 {
-    return const_cast<QString&>(text).data_ptr()->ref.isStatic();
+    if (text.isEmpty())
+        return false;
+    auto& data = const_cast<QString&>(text).data_ptr();
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    return data->ref.isStatic();
+#else
+    return !data.isMutable();
+#endif
 }
 
 } // namespace

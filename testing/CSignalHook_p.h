@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <utility>
+#include <vector>
 
 namespace Plugin::Halvex::Testing {
 
@@ -30,5 +31,17 @@ public Q_SLOTS:
 private:
     std::function<void()> m_run;
 };
+
+/// The signals of an object, but for QObject's own.
+inline std::vector<QMetaMethod> signalsOf(const QObject& object)
+{
+    std::vector<QMetaMethod> found;
+    const QMetaObject& meta = *object.metaObject();
+    for (int i = QObject::staticMetaObject.methodCount(); i < meta.methodCount(); ++i) {
+        if (meta.method(i).methodType() == QMetaMethod::Signal)
+            found.push_back(meta.method(i));
+    }
+    return found;
+}
 
 } // namespace Plugin::Halvex::Testing

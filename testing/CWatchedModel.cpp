@@ -24,11 +24,6 @@ CNodeDataPtr makeGrabResult(const SNodeDataType& type)
     return type.id == CVeltraGrabResultData().type().id ? CNodeDataPtr(new CVeltraGrabResultData) : CNodeDataPtr();
 }
 
-QString noDataOf(const SNodeDataType& type)
-{
-    return QStringLiteral("there is no data of the type \"%1\": SCheckOptions::makeData makes it").arg(type.id);
-}
-
 void deliverEvents(int milliseconds)
 {
     QCoreApplication::processEvents(QEventLoop::AllEvents, milliseconds);
@@ -61,41 +56,63 @@ CWatchedModel::CWatchedModel(const SModelSubject& subject)
     });
 }
 
-CWatchedModel::~CWatchedModel() = default;
+CWatchedModel::~CWatchedModel()
+{
+    destroy(); // first: until it is gone, a thread of its own may emit, and run what the constructor connected
+}
 
 ASourceNodeDataModel* CWatchedModel::source() const
 {
     return dynamic_cast<ASourceNodeDataModel*>(m_model.get());
 }
 
-QString CWatchedModel::lacks() const
+NodePortIndex CWatchedModel::entries() const
 {
-    for (NodePortIndex port = 0; port < m_inPorts; ++port) {
-        if (!makeData(port, 0))
-            return noDataOf(m_model->dataType(ENodePortType::In, port));
-    }
     if (m_inPorts > 0)
-        return {};
-    if (!source())
-        return QStringLiteral("it has neither an input nor a source's proxy");
-    return makeData(0, 0) ? QString() : noDataOf(m_model->dataType(ENodePortType::Out, 0));
+        return m_inPorts;
+    return source() && source()->getDataFlowProxy() ? 1 : 0;
 }
 
-CNodeDataPtr CWatchedModel::makeData(NodePortIndex port, int number) const
+QString CWatchedModel::shownEntry(NodePortIndex entry) const
 {
-    const SNodeDataType type = m_model->dataType(m_inPorts > 0 ? ENodePortType::In : ENodePortType::Out, port);
+    return m_inPorts > 0 ? shownPort(ENodePortType::In, entry) : QStringLiteral("its proxy");
+}
+
+QString CWatchedModel::lacks() const
+{
+    for (NodePortIndex entry = 0; entry < entries(); ++entry) {
+        if (!makeData(entry, 0))
+            return noDataOf(typeOf(entry));
+    }
+    return entries() > 0 ? QString() : QStringLiteral("it has neither an input nor a source's proxy");
+}
+
+SNodeDataType CWatchedModel::typeOf(NodePortIndex entry) const
+{
+    return m_model->dataType(m_inPorts > 0 ? ENodePortType::In : ENodePortType::Out, entry);
+}
+
+CNodeDataPtr CWatchedModel::makeData(NodePortIndex entry, int number) const
+{
+    const SNodeDataType type = typeOf(entry);
     const CNodeDataPtr data = m_subject.options.makeData ? m_subject.options.makeData(type, number) : CNodeDataPtr();
     return data ? data : makeGrabResult(type);
+}
+
+void CWatchedModel::put(const CNodeDataPtr& data, NodePortIndex entry)
+{
+    if (m_inPorts > 0)
+        m_model->setInData(data, entry);
+    else
+        source()->getDataFlowProxy()->setData(data);
 }
 
 void CWatchedModel::feed(int number)
 {
     m_updatesBeforeFeed = m_updates.size();
     m_invalidatedBeforeFeed = m_invalidated.size();
-    for (NodePortIndex port = 0; port < m_inPorts; ++port)
-        m_model->setInData(makeData(port, number), port);
-    if (m_inPorts == 0 && source() && source()->getDataFlowProxy())
-        source()->getDataFlowProxy()->setData(makeData(0, number));
+    for (NodePortIndex entry = 0; entry < entries(); ++entry)
+        put(makeData(entry, number), entry);
 }
 
 void CWatchedModel::empty()
@@ -133,9 +150,11 @@ void CWatchedModel::waitLong() const
     }
 }
 
-std::size_t CWatchedModel::announcements() const
+void CWatchedModel::destroy()
 {
-    return m_updates.size() + m_invalidated.size() + std::size_t(m_started) + std::size_t(m_finished);
+    m_model.reset();
+    for (SUpdate& update : m_updates)
+        update.data.reset();
 }
 
 void CWatchedModel::onUpdated(NodePortIndex port)

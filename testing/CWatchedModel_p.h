@@ -57,13 +57,19 @@ public:
     NodePortIndex inPorts() const { return m_inPorts; }
     NodePortIndex outPorts() const { return m_outPorts; }
 
+    /// Where data can be put in: its inputs, or else the proxy of a source.
+    NodePortIndex entries() const;
+    QString shownEntry(NodePortIndex entry) const;
+
     /// Why it cannot be fed with data that fits; empty if it can.
     QString lacks() const;
 
-    /// Data for input \a port, or for the source; null if there is none of its type.
-    CNodeDataPtr makeData(NodePortIndex port, int number) const;
+    /// Data for an \a entry; null if there is none of its type.
+    CNodeDataPtr makeData(NodePortIndex entry, int number) const;
 
-    /// Gives it data that fits, on every input or through the source's proxy.
+    void put(const CNodeDataPtr& data, NodePortIndex entry);
+
+    /// Gives it data that fits, at every entry.
     void feed(int number);
 
     /// Empty data on every input.
@@ -95,13 +101,11 @@ public:
     /// Whether dataUpdated() was emitted in another thread.
     bool spokeElsewhere() const { return m_spokeElsewhere; }
 
-    /// How often it emitted any signal that stands here.
-    std::size_t announcements() const;
-
-    /// Lets the model go, and keeps the record.
-    void destroy() { m_model.reset(); }
+    /// Lets the model go, and all data that it gave.
+    void destroy();
 
 private:
+    SNodeDataType typeOf(NodePortIndex entry) const;
     void onUpdated(NodePortIndex port);
     bool hasSpoken() const;
 

@@ -26,14 +26,7 @@ struct SConverterSubject
 
 QString lacks(const SConverterSubject& subject)
 {
-    if (subject.makeData(1))
-        return {};
-    return QStringLiteral("there is no data of the type \"%1\": SCheckOptions::makeData makes it").arg(subject.from.id);
-}
-
-QString withoutChecksum()
-{
-    return QStringLiteral("contents cannot be compared: SCheckOptions::checksum does that");
+    return subject.makeData(1) ? QString() : noDataOf(subject.from);
 }
 
 /// Whether data that the converter gives for \a what is of the type that it is registered for.

@@ -19,7 +19,10 @@ namespace Plugin::Halvex::Testing {
  * const SReport report = checkConverter(&toImage, {CVeltraGrabResultData().type(), CImageData().type()}, options);
  * \endcode
  *
- * Data to convert comes from options.makeData. Threads: any.
+ * Data to convert comes from options.makeData; changeSettings and instances mean nothing here.
+ *
+ * Threads: any; \a converter and the options' functions are called in the calling one. Errors: nothing that
+ * \a converter throws comes out. A crash takes the process with it.
  */
 SReport checkConverter(const NodeDataConverter& converter, const std::pair<SNodeDataType, SNodeDataType>& fromTo,
                        const SCheckOptions& options = {});

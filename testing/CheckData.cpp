@@ -23,11 +23,14 @@ struct SDataSubject
     const SCheckOptions& options;
 };
 
-void runInAnotherThread(const std::function<void()>& work)
+/// What \a work throws there.
+QString thrownInAnotherThread(const std::function<void()>& work)
 {
-    const std::unique_ptr<QThread> thread(QThread::create(work));
+    QString thrown;
+    const std::unique_ptr<QThread> thread(QThread::create([&] { thrown = thrownBy(work); }));
     thread->start();
     thread->wait();
+    return thrown;
 }
 
 SOutcome makesData(const SDataSubject& subject)
@@ -69,7 +72,9 @@ SOutcome typeIsTheSameInEveryThread(const SDataSubject& subject)
     const CNodeDataPtr data = subject.creator(1);
     const QString here = data->type().id;
     QString there;
-    runInAnotherThread([&] { there = data->type().id; });
+    const QString thrown = thrownInAnotherThread([&] { there = data->type().id; });
+    if (!thrown.isEmpty())
+        return broken(QStringLiteral("in another thread type() %1").arg(thrown));
     if (here != there)
         return broken(QStringLiteral("its type is \"%1\", and \"%2\" in another thread").arg(here, there));
     return kept();
@@ -87,7 +92,7 @@ SOutcome sameTypeComparesIds(const SDataSubject& subject)
 SOutcome contentStaysTheSame(const SDataSubject& subject)
 {
     if (!subject.options.checksum)
-        return leftOut(QStringLiteral("contents cannot be compared: SCheckOptions::checksum does that"));
+        return leftOut(withoutChecksum());
     const CNodeDataPtr data = subject.creator(1);
     const QByteArray before = subject.options.checksum(*data);
     const CNodeDataPtr other = subject.creator(2);
@@ -97,12 +102,9 @@ SOutcome contentStaysTheSame(const SDataSubject& subject)
 
 SOutcome goesInAnyThread(const SDataSubject& subject)
 {
-    QString thrown;
     CNodeDataPtr data = subject.creator(1);
-    runInAnotherThread([&] { thrown = thrownBy([&] { data.reset(); }); });
-    if (!thrown.isEmpty())
-        return broken(QStringLiteral("when it goes in another thread it %1").arg(thrown));
-    runInAnotherThread([&] { thrown = thrownBy([&] { data = subject.creator(2); }); });
+    thrownInAnotherThread([&] { data.reset(); }); // what fails there ends the process
+    const QString thrown = thrownInAnotherThread([&] { data = subject.creator(2); });
     return brokenIf(thrown.isEmpty() ? QString() : QStringLiteral("made in another thread it %1").arg(thrown));
 }
 

@@ -20,8 +20,11 @@ using DataCreator = std::function<CNodeDataPtr(int number)>;
  * const SReport report = checkData([](int number) { return QSharedPointer<CNumberData>::create(number); });
  * \endcode
  *
- * Of the options, makeData and changeSettings mean nothing here. Threads: any; data is also made and dropped in
- * another.
+ * Of the options, makeData and changeSettings mean nothing here.
+ *
+ * Threads: any; the options' functions are called in the calling one. \a creator is called in another one, too, and
+ * data is asked for its type and dropped there. Errors: nothing that \a creator or the data throws comes out. A crash
+ * takes the process with it, and so does a destructor that throws.
  */
 SReport checkData(const DataCreator& creator, const SCheckOptions& options = {});
 

@@ -20,7 +20,7 @@ QString nameOf(const ModelCreator& creator)
         if (const std::unique_ptr<CNodeDataModel> model = creator())
             name = model->name();
     });
-    return name.isEmpty() ? QStringLiteral("A model without a name") : name;
+    return name;
 }
 
 } // namespace
@@ -31,7 +31,7 @@ SReport checkModel(const ModelCreator& creator, const SCheckOptions& options)
         qFatal("checkModel() needs a QCoreApplication");
     SReport report;
     tryRules(modelRuleTable(), SModelSubject{creator, options, &report.times}, &report);
-    report.subject = nameOf(creator);
+    report.subject = subjectNamed(nameOf(creator));
     return report;
 }
 

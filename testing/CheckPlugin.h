@@ -22,7 +22,11 @@ namespace Plugin::Halvex::Testing {
  * \a companions are the files of plugins that it needs, which are loaded and initialized before it. The library's own
  * plugin always is.
  *
- * Of the options, skip and beforeRule count here. Threads: the main thread; a QCoreApplication must be there.
+ * Of the options, skip and beforeRule count here.
+ *
+ * Threads: the main thread; a QCoreApplication must be there. Errors: nothing that the plugin throws comes out, and a
+ * file that cannot be loaded breaks a rule. A crash takes the process with it; halvex-check loads the plugin in a
+ * process of its own.
  */
 SReport checkPlugin(const QString& file, const QStringList& companions = {}, const SCheckOptions& options = {});
 

@@ -26,7 +26,7 @@ std::vector<QVariant> otherValues(const QMetaProperty& property, const QVariant&
             values.emplace_back(keys.value(i));
         return values;
     }
-    switch (int(value.type())) {
+    switch (value.userType()) {
     case QMetaType::Bool:
         return {!value.toBool()};
     case QMetaType::Int:
@@ -46,6 +46,16 @@ std::vector<QVariant> otherValues(const QMetaProperty& property, const QVariant&
     }
 }
 
+bool isStored(const QMetaProperty& property, const QObject& object)
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    return property.isStored(&object); // may be for the object to say
+#else
+    Q_UNUSED(object)
+    return property.isStored();
+#endif
+}
+
 } // namespace
 
 std::vector<QMetaProperty> settingsOf(const QObject& object)
@@ -54,7 +64,7 @@ std::vector<QMetaProperty> settingsOf(const QObject& object)
     const QMetaObject& meta = *object.metaObject();
     for (int i = QObject::staticMetaObject.propertyCount(); i < meta.propertyCount(); ++i) {
         const QMetaProperty property = meta.property(i);
-        if (property.isReadable() && property.isWritable() && property.isStored(&object))
+        if (property.isReadable() && property.isWritable() && isStored(property, object))
             settings.push_back(property);
     }
     return settings;

@@ -35,6 +35,9 @@ namespace Testing {
  *     return number ? QByteArray::number(number->value()) : QByteArray();
  * };
  * \endcode
+ *
+ * Threads: the functions are called in the thread of the check. Errors: what makeData, checksum or changeSettings
+ * throws leaves out the rule that needs it; beforeRule must not throw.
  */
 struct SCheckOptions
 {
@@ -49,7 +52,8 @@ struct SCheckOptions
     /// Gives a new model settings that differ from those it has. Without this every property gets another value.
     std::function<void(CNodeDataModel& model)> changeSettings;
 
-    /// Names of rules that are not tried.
+    /// Names of rules that are not tried. Some are needed by all that come behind them, as "makes-a-model": those are
+    /// not tried either then, and SReport::leftOut says so.
     QStringList skip;
 
     /// Called with the name of each rule before it is tried.

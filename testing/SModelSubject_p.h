@@ -19,6 +19,12 @@ struct SModelSubject
     std::vector<SCallTimes>* times; ///< Where a rule enters what it measured.
 };
 
+/// What a report calls the model of that name.
+inline QString subjectNamed(const QString& name)
+{
+    return name.isEmpty() ? QStringLiteral("A model without a name") : name;
+}
+
 /// All rules of models.
 const std::vector<SRule<SModelSubject>>& modelRuleTable();
 

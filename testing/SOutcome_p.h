@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <Halvex/graph/SNodeDataType.h>
+
 #include <QString>
 
 namespace Plugin::Halvex::Testing {
@@ -33,6 +35,22 @@ inline SOutcome broken(const QString& seen)
 inline SOutcome leftOut(const QString& reason)
 {
     return {SOutcome::EKind::LeftOut, reason};
+}
+
+inline QString withoutChecksum()
+{
+    return QStringLiteral("contents cannot be compared: SCheckOptions::checksum does that");
+}
+
+inline QString noDataOf(const SNodeDataType& type)
+{
+    return QStringLiteral("there is no data of the type \"%1\": SCheckOptions::makeData makes it").arg(type.id);
+}
+
+/// Left out if something is lacking. What can be tried without it was tried, and is kept.
+inline SOutcome keptUnless(const QString& lacking)
+{
+    return lacking.isEmpty() ? kept() : leftOut(lacking);
 }
 
 /// Broken if there is something to tell.

@@ -52,7 +52,7 @@ struct SReport
     QString subject;                ///< What was checked: a model's name, a data type's id, a plugin's file.
     int kept = 0;                   ///< How many rules were tried and kept.
     std::vector<SFinding> findings; ///< One for each broken rule, in the order of the rules.
-    std::vector<SLeftOut> leftOut;  ///< Rules that nothing is known of.
+    std::vector<SLeftOut> leftOut;  ///< Rules that were not tried, or not wholly.
     std::vector<SCallTimes> times;  ///< Of models alone.
 };
 

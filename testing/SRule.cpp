@@ -24,9 +24,13 @@ bool enterOutcome(const SRuleInfo& rule, const SOutcome& outcome, bool isBasic, 
         break;
     }
     if (isBasic)
-        report->leftOut.push_back(
-            {QStringLiteral("all rules behind it"), QStringLiteral("they need %1").arg(rule.name)});
+        leaveOutTheRest(rule, report);
     return !isBasic;
+}
+
+void leaveOutTheRest(const SRuleInfo& basic, SReport* report)
+{
+    report->leftOut.push_back({QStringLiteral("all rules behind it"), QStringLiteral("they need %1").arg(basic.name)});
 }
 
 } // namespace Plugin::Halvex::Testing

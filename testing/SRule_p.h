@@ -39,14 +39,21 @@ SFinding makeFinding(const SRuleInfo& rule, const QString& seen);
 /// Enters what became of a rule. Returns whether the ones behind it can be tried.
 bool enterOutcome(const SRuleInfo& rule, const SOutcome& outcome, bool isBasic, SReport* report);
 
+/// Enters that the rules behind \a basic are not tried.
+void leaveOutTheRest(const SRuleInfo& basic, SReport* report);
+
 /// Tries the rules, one after the other.
 template <typename Subject>
 void tryRules(const std::vector<SRule<Subject>>& rules, const Subject& subject, SReport* report)
 {
     const std::vector<SRuleInfo> infos = infosOf(rules);
     for (std::size_t i = 0; i < rules.size(); ++i) {
-        if (subject.options.skip.contains(infos[i].name))
-            continue;
+        if (subject.options.skip.contains(infos[i].name)) {
+            if (!rules[i].isBasic)
+                continue;
+            leaveOutTheRest(infos[i], report);
+            return;
+        }
         if (subject.options.beforeRule)
             subject.options.beforeRule(infos[i].name);
         SOutcome outcome;

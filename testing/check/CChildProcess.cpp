@@ -13,27 +13,34 @@
 
 namespace Plugin::Halvex::Testing {
 
+namespace {
+
+void printToErrors(const QByteArray& text)
+{
+    std::fwrite(text.constData(), 1, std::size_t(text.size()), stderr);
+}
+
+} // namespace
+
 SChildResult CChildProcess::run(SArguments::ERole role, const QString& model, const QStringList& skipped)
 {
     m_result = {};
+    m_deadline = QDeadlineTimer(m_arguments.timeout);
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process.start(QCoreApplication::applicationFilePath(), m_arguments.forChild(role, model, skipped));
-    const auto timeout = std::chrono::milliseconds(m_arguments.timeout);
     while (m_process.state() != QProcess::NotRunning) {
-        if (m_process.waitForReadyRead(int(timeout.count()))) {
-            readLines();
-        } else if (m_process.state() == QProcess::Running) {
+        m_process.waitForReadyRead(int(m_deadline.remainingTime()));
+        readLines();
+        if (m_deadline.hasExpired() && m_process.state() == QProcess::Running) {
             m_result.hasHung = true;
             m_process.kill();
             m_process.waitForFinished(-1);
-            readLines();
-            m_result.ending =
-                QStringLiteral("the process did not come back within %1 s").arg(m_arguments.timeout.count());
-            return m_result;
         }
     }
     readLines();
-    describeEnd();
+    printToErrors(m_process.readAll()); // a line without an end
+    if (m_result.fault.isEmpty())
+        m_result.fault = describeEnd();
     return m_result;
 }
 
@@ -42,9 +49,8 @@ void CChildProcess::readLines()
     while (m_process.canReadLine()) {
         const QByteArray line = m_process.readLine();
         // What the plugin printed may stand before it, without the end of a line.
-        const int begin = line.indexOf(recordSeparator);
-        const QByteArray printed = begin < 0 ? line : line.left(begin);
-        std::fwrite(printed.constData(), 1, std::size_t(printed.size()), stderr);
+        const auto begin = int(line.indexOf(recordSeparator));
+        printToErrors(begin < 0 ? line : line.left(begin));
         if (begin >= 0)
             readMessage(line.mid(begin + 1));
     }
@@ -53,28 +59,36 @@ void CChildProcess::readLines()
 void CChildProcess::readMessage(const QByteArray& text)
 {
     const QJsonObject message = QJsonDocument::fromJson(text).object();
-    if (message.contains(QLatin1String("rule")))
+    if (message.contains(QLatin1String("rule"))) {
         m_result.lastRule = message.value(QLatin1String("rule")).toString();
-    if (message.contains(QLatin1String("model")))
-        m_result.models << message.value(QLatin1String("model")).toString();
-    if (message.contains(QLatin1String("error")))
-        m_result.error = message.value(QLatin1String("error")).toString();
+        m_deadline = QDeadlineTimer(m_arguments.timeout);
+    }
+    if (message.contains(QLatin1String("models"))) {
+        m_result.models = message.value(QLatin1String("models")).toVariant().toStringList();
+        m_result.isDone = true;
+    }
     if (message.contains(QLatin1String("report"))) {
         m_result.report = reportFrom(message.value(QLatin1String("report")).toObject());
-        m_result.hasReport = true;
+        m_result.isDone = true;
     }
+    if (message.contains(QLatin1String("error")))
+        m_result.fault = message.value(QLatin1String("error")).toString();
 }
 
-void CChildProcess::describeEnd()
+QString CChildProcess::describeEnd() const
 {
+    if (m_result.hasHung)
+        return QStringLiteral("the process did not come back within %1 s").arg(m_arguments.timeout.count());
     if (m_process.error() == QProcess::FailedToStart)
-        m_result.ending = QStringLiteral("the process could not be started");
-    else if (m_process.exitStatus() == QProcess::CrashExit)
-        m_result.ending = QStringLiteral("the process ended by signal %1 (%2)")
-                              .arg(m_process.exitCode())
-                              .arg(QString::fromLocal8Bit(strsignal(m_process.exitCode())));
-    else if (!m_result.hasReport && m_result.error.isEmpty() && m_process.exitCode() != 0)
-        m_result.ending = QStringLiteral("the process ended with exit code %1").arg(m_process.exitCode());
+        return QStringLiteral("the process could not be started");
+    if (m_process.exitStatus() == QProcess::CrashExit)
+        return QStringLiteral("the process ended by signal %1 (%2)")
+            .arg(m_process.exitCode())
+            .arg(QString::fromLocal8Bit(strsignal(m_process.exitCode())));
+    // What is checked may end the process, with whichever code.
+    if (!m_result.isDone)
+        return QStringLiteral("the process ended with exit code %1").arg(m_process.exitCode());
+    return {};
 }
 
 } // namespace Plugin::Halvex::Testing

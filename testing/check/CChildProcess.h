@@ -8,6 +8,7 @@
 #include <Halvex/testing/SReport.h>
 
 #include <QByteArray>
+#include <QDeadlineTimer>
 #include <QProcess>
 #include <QString>
 #include <QStringList>
@@ -19,11 +20,10 @@ struct SChildResult
 {
     QStringList models;
     SReport report;
-    bool hasReport = false;
+    bool isDone = false; ///< It has told what it was started for: the models, or the report.
     bool hasHung = false;
-    QString error;    ///< What it said that it could not do.
     QString lastRule; ///< The one that was tried last.
-    QString ending;   ///< How it ended, if not as it should: "the process ended by signal 11 (Segmentation fault)".
+    QString fault;    ///< Why it is not done, or how it ended nevertheless: "the process ended by signal 6 (Aborted)".
 };
 
 /**
@@ -45,10 +45,11 @@ public:
 private:
     void readLines();
     void readMessage(const QByteArray& text);
-    void describeEnd();
+    QString describeEnd() const;
 
     const SArguments& m_arguments;
     QProcess m_process;
+    QDeadlineTimer m_deadline; // of the rule that is tried
     SChildResult m_result;
 };
 

@@ -10,6 +10,8 @@
 #include <Halvex/testing/CheckModel.h>
 #include <Halvex/testing/CheckPlugin.h>
 
+#include <QJsonArray>
+
 #include <sys/resource.h>
 
 #ifdef __GLIBC__
@@ -69,12 +71,14 @@ EExitCode runChild(const SArguments& arguments)
         options.makeData = [data](const SNodeDataType& type, int number) { return data->makeData(type, number); };
         options.checksum = [data](const CNodeData& checked) { return data->checksum(checked); };
     }
+    QJsonArray names;
     for (const auto& [name, creator] : bench.models()) {
-        if (arguments.role == SArguments::ERole::ListModels)
-            sendMessage({{QStringLiteral("model"), name}});
-        else if (arguments.models.contains(name))
+        names.append(name);
+        if (arguments.role == SArguments::ERole::CheckModel && arguments.models.contains(name))
             sendReport(checkModel(creator, options));
     }
+    if (arguments.role == SArguments::ERole::ListModels)
+        sendMessage({{QStringLiteral("models"), names}});
     AWorkerNodeDataModel::waitForRemovedWork();
     return EExitCode::Kept;
 }

@@ -10,7 +10,7 @@ enum class EExitCode
 {
     Kept = 0,      ///< All rules that could be tried are kept.
     Broken = 1,    ///< At least one is not.
-    NotChecked = 2 ///< Wrong arguments, no such file or model.
+    NotChecked = 2 ///< Wrong arguments, no such file or model, or a plugin whose models cannot be listed.
 };
 
 } // namespace Plugin::Halvex::Testing

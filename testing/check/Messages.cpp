@@ -13,9 +13,6 @@
 
 namespace Plugin::Halvex::Testing {
 
-namespace {
-
-/// The texts of a rule come from here, not from the other process.
 SRuleInfo ruleNamed(const QString& name)
 {
     for (const auto& rules : {modelRules(), pluginRules()}) {
@@ -26,8 +23,6 @@ SRuleInfo ruleNamed(const QString& name)
     }
     return {name, {}, {}};
 }
-
-} // namespace
 
 void sendMessage(const QJsonObject& message)
 {

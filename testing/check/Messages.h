@@ -4,6 +4,7 @@
 #pragma once
 
 #include <Halvex/testing/SReport.h>
+#include <Halvex/testing/SRuleInfo.h>
 
 #include <QJsonObject>
 #include <QString>
@@ -15,11 +16,14 @@ namespace Plugin::Halvex::Testing {
  * that separates records, since what is checked may print there too.
  *
  *   {"rule": "ports-stay-the-same"}  this rule is tried next
- *   {"model": "Blur"}                the plugin has registered this model
+ *   {"models": ["Blur", "Sum"]}      the plugin has registered these models
  *   {"report": {...}}                the check has come to its end
  *   {"error": "..."}                 nothing could be checked
  */
 constexpr char recordSeparator = '\x1e';
+
+/// A rule of models or plugins. Its texts come from here, not from the other process.
+SRuleInfo ruleNamed(const QString& name);
 
 /// Writes a line at once.
 void sendMessage(const QJsonObject& message);

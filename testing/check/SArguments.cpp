@@ -135,7 +135,7 @@ SArguments SArguments::parse()
 QStringList SArguments::forChild(ERole childRole, const QString& model, const QStringList& skipped) const
 {
     QStringList arguments = repeated(withOption, companions) + repeated(skipOption, skip + skipped);
-    if (!model.isEmpty())
+    if (childRole == ERole::CheckModel)
         arguments += repeated(modelOption, {model});
     arguments += repeated(instancesOption, {QString::number(instances)});
     arguments += repeated(longestCallOption, {QString::number(longestCall.count())});

@@ -3,14 +3,14 @@
 
 // halvex-check PLUGIN: which rules a plugin and its models break.
 
-#include "testing/SRule_p.h"
+#include "testing/SModelSubject_p.h"
 #include "testing/check/CChildProcess.h"
 #include "testing/check/Child.h"
+#include "testing/check/Messages.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
 
-#include <algorithm>
 #include <cstdio>
 
 using namespace Plugin::Halvex::Testing;
@@ -39,43 +39,39 @@ void listRules()
     }
 }
 
-SFinding findingOfAnEnd(const std::vector<SRuleInfo>& rules, const SChildResult& result)
+SFinding findingOfAnEnd(const SChildResult& result)
 {
-    const auto found =
-        std::find_if(rules.begin(), rules.end(), [&](const SRuleInfo& rule) { return rule.name == result.lastRule; });
-    if (found != rules.end() && !result.hasReport)
-        return makeFinding(*found, result.ending);
-    // It had come through all rules, or to none.
-    const std::vector<SRuleInfo> ofPlugins = pluginRules();
-    return makeFinding(result.hasReport ? ofPlugins.back() : ofPlugins.front(), result.ending);
+    // Before the first rule and behind the last one it is the plugin that ends the process.
+    const QString rule = result.isDone               ? QStringLiteral("unloads")
+                         : result.lastRule.isEmpty() ? QStringLiteral("comes-up")
+                                                     : result.lastRule;
+    return makeFinding(ruleNamed(rule), result.fault);
 }
 
 /// One part of the check. Where the process ends, it is tried again without that rule. The first end is a finding;
 /// where it ends then may have the same cause.
 SReport check(const SArguments& arguments, ERole role, const QString& model)
 {
-    const std::vector<SRuleInfo> rules = role == ERole::CheckPlugin ? pluginRules() : modelRules();
     SReport ends;
     QStringList skipped;
     SChildResult result;
-    for (int attempt = 0; attempt < mostEnds && !result.hasReport && !result.hasHung; ++attempt) {
+    for (int attempt = 0; attempt < mostEnds && !result.isDone && !result.hasHung; ++attempt) {
         result = CChildProcess(arguments).run(role, model, skipped);
-        if (!result.error.isEmpty())
+        if (result.fault.isEmpty())
             break;
-        if (result.ending.isEmpty())
-            continue;
         if (ends.findings.empty())
-            ends.findings.push_back(findingOfAnEnd(rules, result));
+            ends.findings.push_back(findingOfAnEnd(result));
         else
             ends.leftOut.push_back({result.lastRule, QStringLiteral("the process ended there, too")});
+        if (result.lastRule.isEmpty())
+            break;
         skipped << result.lastRule;
     }
-    if (!result.hasReport)
+    if (!result.isDone)
         ends.leftOut.push_back(
-            {QStringLiteral("all rules behind it"),
-             result.error.isEmpty() ? QStringLiteral("the process has not come through") : result.error});
+            {QStringLiteral("all rules behind it"), QStringLiteral("the process has not come through")});
     SReport report = result.report;
-    report.subject = model.isEmpty() ? QFileInfo(arguments.file).fileName() : model;
+    report.subject = role == ERole::CheckPlugin ? QFileInfo(arguments.file).fileName() : subjectNamed(model);
     report.findings.insert(report.findings.begin(), ends.findings.begin(), ends.findings.end());
     report.leftOut.insert(report.leftOut.begin(), ends.leftOut.begin(), ends.leftOut.end());
     if (!arguments.withTimes)
@@ -93,8 +89,10 @@ int checkAll(const SArguments& arguments)
     if (arguments.models.isEmpty())
         tell(check(arguments, ERole::CheckPlugin, {}));
     const SChildResult list = CChildProcess(arguments).run(ERole::ListModels);
-    if (!list.error.isEmpty() && !arguments.models.isEmpty())
-        std::fprintf(stderr, "halvex-check: %s\n", qUtf8Printable(list.error));
+    if (!list.isDone && broken == 0) {
+        std::fprintf(stderr, "halvex-check: %s\n", qUtf8Printable(list.fault));
+        return int(EExitCode::NotChecked);
+    }
     for (const QString& wanted : arguments.models) {
         if (!list.models.contains(wanted)) {
             std::fprintf(stderr, "halvex-check: the plugin registers no model '%s'\n", qUtf8Printable(wanted));

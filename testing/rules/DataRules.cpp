@@ -54,11 +54,6 @@ bool hasChanged(const SWitness& witness, const SCheckOptions& options)
     return !witness.sum.isEmpty() && options.checksum(*witness.data) != witness.sum;
 }
 
-QString withoutChecksum()
-{
-    return QStringLiteral("contents cannot be compared: SCheckOptions::checksum does that");
-}
-
 std::vector<SWitness> outputsOf(const CWatchedModel& model, const SCheckOptions& options)
 {
     std::vector<SWitness> outputs;
@@ -154,15 +149,15 @@ SOutcome leavesItsInputAlone(const SModelSubject& subject)
     if (!lacks.isEmpty())
         return leftOut(lacks);
     std::vector<SWitness> inputs;
-    for (NodePortIndex port = 0; port < model.inPorts(); ++port) {
-        inputs.push_back(witnessOf(model.makeData(port, 1), subject.options));
-        model->setInData(inputs.back().data, port);
+    for (NodePortIndex entry = 0; entry < model.entries(); ++entry) {
+        inputs.push_back(witnessOf(model.makeData(entry, 1), subject.options));
+        model.put(inputs.back().data, entry);
     }
     model.settle();
-    for (std::size_t port = 0; port < inputs.size(); ++port) {
-        if (hasChanged(inputs[port], subject.options))
+    for (std::size_t entry = 0; entry < inputs.size(); ++entry) {
+        if (hasChanged(inputs[entry], subject.options))
             return broken(QStringLiteral("what was put on %1 has another content now")
-                              .arg(shownPort(ENodePortType::In, NodePortIndex(port))));
+                              .arg(model.shownEntry(NodePortIndex(entry))));
     }
     return kept();
 }

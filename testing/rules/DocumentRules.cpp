@@ -13,6 +13,7 @@
 #include <QJsonObject>
 #include <QJsonValue>
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -21,6 +22,9 @@ namespace Plugin::Halvex::Testing {
 namespace {
 
 constexpr QLatin1String foreignKey = DocumentKeys::makeKey("halvex_testing_foreign");
+
+// Wrong values are tried in the first ones of an array. The others are of the same kind, and may be thousands.
+constexpr int mostElements = 4;
 
 /// A document with one value that is wrong, and where.
 struct SWrongDocument
@@ -36,7 +40,7 @@ std::vector<QJsonValue> wrongValuesFor(const QJsonValue& value)
     for (const QJsonValue& wrong : {QJsonValue(QJsonValue::Null), QJsonValue(true), QJsonValue(-1), QJsonValue(1e300),
                                     QJsonValue(QString()), QJsonValue(QStringLiteral("wrong")),
                                     QJsonValue(QJsonArray{1, 2}), QJsonValue(QJsonObject{{foreignKey, 1}})}) {
-        if (wrong.type() != value.type() || wrong.isDouble())
+        if (wrong != value)
             values.push_back(wrong);
     }
     return values;
@@ -50,25 +54,41 @@ std::vector<SWrongDocument> wrongDocuments(const QJsonValue& value, const QStrin
         for (const QJsonValue& wrong : wrongValuesFor(value))
             all.push_back({place, wrong, wrong});
     }
+    const auto descend = [&all](const QJsonValue& child, const QString& inner, const auto& withChild) {
+        for (const SWrongDocument& wrong : wrongDocuments(child, inner))
+            all.push_back({wrong.place, wrong.value, withChild(wrong.document)});
+    };
     const QJsonObject object = value.toObject();
-    for (auto it = object.begin(); it != object.end(); ++it) {
-        const QString inner = place.isEmpty() ? it.key() : place + QLatin1Char('.') + it.key();
-        for (const SWrongDocument& wrong : wrongDocuments(it.value(), inner)) {
-            QJsonObject copy = object;
-            copy.insert(it.key(), wrong.document);
-            all.push_back({wrong.place, wrong.value, copy});
-        }
-    }
+    for (auto it = object.begin(); it != object.end(); ++it)
+        descend(it.value(), place.isEmpty() ? it.key() : place + QLatin1Char('.') + it.key(),
+                [&](const QJsonValue& child) {
+                    QJsonObject copy = object;
+                    copy.insert(it.key(), child);
+                    return copy;
+                });
+    const QJsonArray array = value.toArray();
+    for (int i = 0; i < std::min(int(array.size()), mostElements); ++i)
+        descend(array.at(i), QStringLiteral("%1[%2]").arg(place).arg(i), [&](const QJsonValue& child) {
+            QJsonArray copy = array;
+            copy.replace(i, child);
+            return copy;
+        });
     return all;
 }
 
-QJsonObject withForeignKeys(const QJsonObject& object)
+QJsonValue withForeignKeys(const QJsonValue& value)
 {
-    QJsonObject copy = object;
-    for (auto it = copy.begin(); it != copy.end(); ++it) {
-        if (it.value().isObject())
-            it.value() = withForeignKeys(it.value().toObject());
+    if (value.isArray()) {
+        QJsonArray copy = value.toArray();
+        for (QJsonValueRef element : copy)
+            element = withForeignKeys(element);
+        return copy;
     }
+    if (!value.isObject())
+        return value;
+    QJsonObject copy = value.toObject();
+    for (auto it = copy.begin(); it != copy.end(); ++it)
+        it.value() = withForeignKeys(it.value());
     copy.insert(foreignKey, QJsonObject{{foreignKey, QStringLiteral("of a newer version")}});
     return copy;
 }
@@ -124,11 +144,11 @@ QString shownValue(const QJsonValue& value)
     return text.mid(5, text.size() - 6);
 }
 
-/// The captions and the content of what the model gives for the same data.
-QStringList behaviourOf(CWatchedModel& model, const SCheckOptions& options)
+/// The caption, and the content of what the model gives for the same data.
+QStringList behaviourOf(CWatchedModel& model, const SCheckOptions& options, bool withData)
 {
     QStringList behaviour{QStringLiteral("the caption \"%1\"").arg(model->caption())};
-    if (!options.checksum || !model.lacks().isEmpty())
+    if (!withData)
         return behaviour;
     model.feed(1);
     model.settle();
@@ -179,14 +199,15 @@ SOutcome restoredBehavesAlike(const SModelSubject& subject)
     changeSettings(*model, subject.options);
     CWatchedModel restored(subject);
     restored->restore(throughText(model->save()));
-    const QStringList expected = behaviourOf(model, subject.options);
-    const QStringList seen = behaviourOf(restored, subject.options);
+    const QString lacks = subject.options.checksum ? model.lacks() : withoutChecksum();
+    const QStringList expected = behaviourOf(model, subject.options, lacks.isEmpty());
+    const QStringList seen = behaviourOf(restored, subject.options, lacks.isEmpty());
     for (int i = 0; i < expected.size(); ++i) {
-        if (expected.at(i) != seen.at(i))
-            return broken(
-                QStringLiteral("the saved model had %1, the restored one %2").arg(expected.at(i), seen.at(i)));
+        const QString seenThere = seen.value(i, QStringLiteral("no such output"));
+        if (seenThere != expected.at(i))
+            return broken(QStringLiteral("the saved model had %1, the restored one %2").arg(expected.at(i), seenThere));
     }
-    return kept();
+    return keptUnless(lacks);
 }
 
 SOutcome restoresAnEmptyDocument(const SModelSubject& subject)
@@ -208,7 +229,8 @@ SOutcome restoresOverAWorkingState(const SModelSubject& subject)
     const QJsonObject document = changedDocument(subject);
     const QJsonObject expected = savedAfter(subject, document);
     CWatchedModel model(subject);
-    if (model.lacks().isEmpty()) {
+    const QString lacks = model.lacks();
+    if (lacks.isEmpty()) {
         model.feed(1);
         model.settle();
         model.feed(2); // now it may be computing
@@ -222,7 +244,7 @@ SOutcome restoresOverAWorkingState(const SModelSubject& subject)
     if (seen != expected)
         return broken(QStringLiteral("restored, a new model saves %1, and one that has worked %2")
                           .arg(shown(expected), shown(seen)));
-    return kept();
+    return keptUnless(lacks);
 }
 
 SOutcome takesForeignKeys(const SModelSubject& subject)
@@ -230,7 +252,7 @@ SOutcome takesForeignKeys(const SModelSubject& subject)
     const QJsonObject document = changedDocument(subject);
     const QJsonObject expected = savedAfter(subject, document);
     QJsonObject seen;
-    const QString thrown = thrownBy([&] { seen = savedAfter(subject, withForeignKeys(document)); });
+    const QString thrown = thrownBy([&] { seen = savedAfter(subject, withForeignKeys(document).toObject()); });
     if (!thrown.isEmpty())
         return broken(QStringLiteral("restore() of a document with unknown keys %1").arg(thrown));
     if (seen != expected)

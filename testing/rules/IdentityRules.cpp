@@ -121,7 +121,7 @@ SOutcome hasItsMetaObject(const SModelSubject& subject)
     if (!metaClass.startsWith(QLatin1String("Plugin::Halvex::")))
         return broken(QStringLiteral("it is a %1, and its meta-object says %2").arg(ownClass, metaClass));
     // Right on top of a class of the library a model can do without, unless it has something to show.
-    const int settings = model->save().value(QLatin1String("property")).toObject().size();
+    const auto settings = int(model->save().value(QLatin1String("property")).toObject().size());
     const int properties = model->metaObject()->propertyCount() - QObject::staticMetaObject.propertyCount();
     if (settings <= properties)
         return kept();

@@ -3,6 +3,7 @@
 
 // Signals: what is announced, when, and in which thread.
 
+#include "testing/CSignalHook_p.h"
 #include "testing/CWatchedModel_p.h"
 #include "testing/rules/ModelRules_p.h"
 #include <Halvex/testing/CForeignData.h>
@@ -12,6 +13,7 @@
 #include <QThread>
 
 #include <memory>
+#include <vector>
 
 namespace Plugin::Halvex::Testing {
 
@@ -110,16 +112,20 @@ SOutcome askingAnnouncesNothing(const SModelSubject& subject)
     CWatchedModel model(subject);
     model.use();
     model.settle();
-    const std::size_t before = model.announcements();
+    // What is only delivered now need not come from a question: a source may have a clock of its own.
+    int count = 0;
+    std::vector<std::unique_ptr<CSignalHook>> hooks;
+    for (const QMetaMethod& signal : signalsOf(*model))
+        hooks.push_back(std::make_unique<CSignalHook>(*model, signal, [&count] { ++count; }));
     for (NodePortIndex port = 0; port < model.outPorts(); ++port)
         model->outData(port);
-    if (model.announcements() != before)
+    if (count > 0)
         return broken(QStringLiteral("outData() emitted a signal"));
     model->name();
     model->caption();
     model->save();
     model->validationState();
-    if (model.announcements() != before)
+    if (count > 0)
         return broken(QStringLiteral("name(), caption(), save() or validationState() emitted a signal"));
     return kept();
 }
@@ -127,7 +133,8 @@ SOutcome askingAnnouncesNothing(const SModelSubject& subject)
 SOutcome endsWhatItBegins(const SModelSubject& subject)
 {
     CWatchedModel model(subject);
-    if (model.lacks().isEmpty()) {
+    const QString lacks = model.lacks();
+    if (lacks.isEmpty()) {
         thrownBy([&] {
             model.feed(1);
             model.feed(2);
@@ -140,7 +147,7 @@ SOutcome endsWhatItBegins(const SModelSubject& subject)
     if (model.finishedUnasked())
         return broken(QStringLiteral("computingFinished() came without a computingStarted() before it"));
     if (model.started() == model.finished())
-        return kept();
+        return keptUnless(lacks);
     return broken(QStringLiteral("computingStarted() came %1 times and computingFinished() %2 times")
                       .arg(model.started())
                       .arg(model.finished()));

@@ -45,10 +45,11 @@ void abortOnEmptyData(Model& model, const CNodeDataPtr& data, int index)
     model.multiply(data, index);
 }
 
+template <int exitCode>
 void exitOnForeignData(Model& model, const CNodeDataPtr& data, int index)
 {
     if (data && !data.dynamicCast<CNumber>())
-        ::_exit(3);
+        ::_exit(exitCode);
     model.multiply(data, index);
 }
 
@@ -74,11 +75,14 @@ void changeInput(Model& model, const CNodeDataPtr& data, int index)
 void addModels(CNodeDataModelRegistry& registry)
 {
     add(registry, "Sound", {});
+    add(registry, "", {});
     SMisbehaviour misbehaviour;
     misbehaviour.setInData = &abortOnEmptyData;
     add(registry, "Aborts", misbehaviour);
-    misbehaviour.setInData = &exitOnForeignData;
+    misbehaviour.setInData = &exitOnForeignData<3>;
     add(registry, "Exits", misbehaviour);
+    misbehaviour.setInData = &exitOnForeignData<0>;
+    add(registry, "Exits as if all were well", misbehaviour);
     misbehaviour.setInData = &changeInput;
     add(registry, "Spoils", misbehaviour);
     misbehaviour = {};
@@ -92,7 +96,7 @@ void addModels(CNodeDataModelRegistry& registry)
     add(registry, "Prints", misbehaviour);
 }
 
-void addHangingModel(CNodeDataModelRegistry& registry)
+void addHangingModels(CNodeDataModelRegistry& registry)
 {
     SMisbehaviour misbehaviour;
     misbehaviour.save = [](const Model&, const QJsonObject& saved) {
@@ -100,6 +104,27 @@ void addHangingModel(CNodeDataModelRegistry& registry)
         return saved;
     };
     add(registry, "Hangs", misbehaviour);
+    misbehaviour.save = [](const Model&, const QJsonObject& saved) {
+        for (int second = 0; second < 1000; ++second) {
+            std::puts("Still at it.");
+            std::fputs("The last word", stdout);
+            std::fflush(stdout);
+            QThread::sleep(1);
+        }
+        return saved;
+    };
+    add(registry, "Hangs and prints", misbehaviour);
+    misbehaviour.save = [](const Model&, const QJsonObject& saved) {
+        QThread::msleep(1);
+        return saved;
+    };
+    add(registry, "Slow", misbehaviour);
+}
+
+/// Whether this process checks one model.
+bool isForOneModel()
+{
+    return !QCoreApplication::arguments().filter(QStringLiteral("--model=")).isEmpty();
 }
 
 } // namespace
@@ -135,7 +160,7 @@ bool CMistakenPlugin::initialize(const QWeakPointer<Core::Service::IServiceManag
         present->registerService(m_service);
     else if (makes("needs-manager"))
         throw std::logic_error("no manager");
-    return !makes("refuses");
+    return !makes("refuses") && !(makes("refuses-later") && isForOneModel());
 }
 
 bool CMistakenPlugin::extensionsInitialized()
@@ -146,7 +171,9 @@ bool CMistakenPlugin::extensionsInitialized()
     if (makes("models"))
         addModels(registry);
     if (makes("hangs"))
-        addHangingModel(registry);
+        addHangingModels(registry);
+    if (makes("refuses-later"))
+        add(registry, "Sound", {});
     if (makes("literal"))
         registry.registerModel([] { return std::make_unique<CNumberModel>(); }, QString::fromLatin1("Test"));
     return true;

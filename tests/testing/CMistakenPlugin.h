@@ -30,7 +30,7 @@ public:
  * A plugin that makes the mistake which the environment variable HALVEX_TEST_MISTAKE names, or none.
  *
  * Its models do what no report of a check in the same process can tell of: they end the process, or never come back.
- * They are there with the mistake "models".
+ * They are there with the mistakes "models" and "hangs".
  */
 class CMistakenPlugin : public Core::Plugin::IPlugin
 {

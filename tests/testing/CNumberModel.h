@@ -10,7 +10,7 @@
 #include <QJsonObject>
 
 #include <functional>
-#include <memory>
+#include <utility>
 
 class CNumberModel;
 
@@ -168,7 +168,6 @@ public:
     bool isForeign = false;
     int offset = 0;
     int count = 0;
-    std::shared_ptr<void> belongings;
 
 Q_SIGNALS:
     void gainChanged();

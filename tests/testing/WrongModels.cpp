@@ -14,7 +14,9 @@
 #include <QTimer>
 
 #include <cstdlib>
+#include <functional>
 #include <limits>
+#include <memory>
 #include <stdexcept>
 #include <thread>
 #include <utility>
@@ -317,6 +319,11 @@ std::vector<SWrongModel> wrongInWhatTheySay()
                   Q_EMIT const_cast<Model&>(model).dataInvalidated(0);
                   return saved;
               }),
+        wrong("tells-when-saved", "asking-announces-nothing", &SMisbehaviour::save,
+              [](const Model& model, const QJsonObject& saved) {
+                  Q_EMIT const_cast<Model&>(model).labelChanged();
+                  return saved;
+              }),
         wrong("never-finishes", "ends-what-it-begins", &SMisbehaviour::setInData,
               [](Model& model, const CNodeDataPtr& data, int index) {
                   if (isNumber(data))
@@ -337,6 +344,18 @@ SWrongModel withHiddenSetting()
     SWrongModel model = wrong("setting-that-is-not-saved", "restored-behaves-alike", numberModel({}));
     model.options.changeSettings = [](CNodeDataModel& changed) { static_cast<Model&>(changed).offset = 100; };
     return model;
+}
+
+/// A model that saves an array of objects beside its settings.
+SWrongModel withPoints(const char* name, const char* rule, std::function<void(Model&, const QJsonObject&)> restore)
+{
+    SMisbehaviour misbehaviour;
+    misbehaviour.save = [](const Model&, const QJsonObject& saved) {
+        const QJsonObject point{{QStringLiteral("x"), 1}};
+        return withSetting(saved, QStringLiteral("points"), QJsonArray{point, point});
+    };
+    misbehaviour.restore = std::move(restore);
+    return wrong(name, rule, numberModel(misbehaviour));
 }
 
 std::vector<SWrongModel> wrongInDocuments()
@@ -401,6 +420,15 @@ std::vector<SWrongModel> wrongInDocuments()
                   }
                   model.readSettings(json);
               }),
+        withPoints("unknown-key-in-an-array", "takes-foreign-keys",
+                   [](Model& model, const QJsonObject& json) {
+                       const QJsonArray points = settingsIn(json).value(QStringLiteral("points")).toArray();
+                       for (const QJsonValue& point : points) {
+                           if (point.toObject().size() > 1)
+                               throw std::runtime_error("unknown key");
+                       }
+                       model.readSettings(json);
+                   }),
         wrong("saves-all-keys", "takes-foreign-keys",
               [] {
                   SMisbehaviour misbehaviour;
@@ -425,6 +453,22 @@ std::vector<SWrongModel> wrongInDocuments()
                       throw std::runtime_error("gain is no number");
                   model.readSettings(json);
               }),
+        wrong("refuses-an-unknown-text", "takes-wrong-types", &SMisbehaviour::restore,
+              [](Model& model, const QJsonObject& json) {
+                  const QJsonValue label = settingsIn(json).value(QStringLiteral("label"));
+                  if (label.isString() && !label.toString().startsWith(QLatin1String("none")))
+                      throw std::runtime_error("unknown label");
+                  model.readSettings(json);
+              }),
+        withPoints("refuses-a-wrong-element", "takes-wrong-types",
+                   [](Model& model, const QJsonObject& json) {
+                       const QJsonArray points = settingsIn(json).value(QStringLiteral("points")).toArray();
+                       for (const QJsonValue& point : points) {
+                           if (point.isString())
+                               throw std::runtime_error("a point is no object");
+                       }
+                       model.readSettings(json);
+                   }),
         wrong("breaks-by-a-wrong-value", "takes-wrong-types", &SMisbehaviour::setInData,
               [](Model& model, const CNodeDataPtr& data, int index) {
                   if (model.gain() < 0)
@@ -480,11 +524,11 @@ SWrongModel slowToAnswer()
 {
     SWrongModel model = wrong("slow-to-answer", "answers-in-time", &SMisbehaviour::setInData,
                               [](Model& slow, const CNodeDataPtr& data, int index) {
-                                  if (index == 0)
-                                      QThread::msleep(4);
+                                  if (++slow.count % 20 == 0)
+                                      QThread::msleep(40);
                                   slow.multiply(data, index);
                               });
-    model.options.longestCall = std::chrono::milliseconds(3);
+    model.options.longestCall = std::chrono::milliseconds(20);
     return model;
 }
 

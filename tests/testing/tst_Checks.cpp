@@ -18,9 +18,11 @@
 
 #include <QFile>
 #include <QRegularExpression>
+#include <QSize>
 #include <QtTest>
 
 #include <stdexcept>
+#include <thread>
 
 using namespace Plugin::Halvex;
 using namespace Plugin::Halvex::Testing;
@@ -87,6 +89,89 @@ protected:
     }
 };
 
+/// Changes the very number that comes in.
+class CSpoilingSource : public CSource
+{
+public:
+    CSpoilingSource()
+    {
+        connect(getDataFlowProxy(), &CNodeDataFlowProxy::newDataAvailable, this, [](const CNodeDataPtr& data) {
+            const auto number = data.dynamicCast<CNumber>();
+            number->setValue(number->value() + 1);
+        });
+    }
+};
+
+/// Keeps what comes in for ever.
+class CHoardingSource : public CSource
+{
+public:
+    CHoardingSource()
+    {
+        static std::vector<CNodeDataPtr> hoard;
+        connect(getDataFlowProxy(), &CNodeDataFlowProxy::newDataAvailable, this,
+                [](const CNodeDataPtr& data) { hoard.push_back(data); });
+    }
+};
+
+class CSourceWithoutProxy : public CSource
+{
+public:
+    CSourceWithoutProxy() { delete getDataFlowProxy(); }
+};
+
+/// Hands on what comes in as it is, and announces it in a thread of its own, also while it goes.
+class CAnnouncingElsewhere : public CNumberPorts<ANodeDataModel, true, true>
+{
+public:
+    ~CAnnouncingElsewhere() override { endThread(); }
+    void setInData(CNodeDataPtr data, NodePortIndex index) override
+    {
+        if (index != 0)
+            return;
+        endThread();
+        m_output = data.dynamicCast<CNumber>();
+        m_thread = std::thread([this] {
+            for (int round = 0; round < 10; ++round)
+                Q_EMIT dataUpdated(0);
+        });
+    }
+    CNodeDataPtr outData(NodePortIndex index) override { return index == 0 ? m_output : CNodeDataPtr(); }
+
+private:
+    void endThread()
+    {
+        if (m_thread.joinable())
+            m_thread.join();
+    }
+
+    CNodeDataPtr m_output;
+    std::thread m_thread;
+};
+
+/// Has a setting of a type that the kit knows no values of.
+class CSizedModel : public CNumberModel
+{
+    Q_OBJECT
+    Q_PROPERTY(QSize size READ size WRITE setSize NOTIFY sizeChanged)
+
+public:
+    QSize size() const { return m_size; }
+    void setSize(const QSize& size)
+    {
+        if (size == m_size)
+            return;
+        m_size = size;
+        Q_EMIT sizeChanged();
+    }
+
+Q_SIGNALS:
+    void sizeChanged();
+
+private:
+    QSize m_size;
+};
+
 QStringList rulesIn(const SReport& report)
 {
     QStringList rules;
@@ -124,12 +209,25 @@ struct STypeOfTheValue
 {
     static SNodeDataType type(const CNumber& number) { return {QString::number(number.value()), QStringLiteral("N")}; }
 };
+bool isInMainThread()
+{
+    return QThread::currentThread() == QCoreApplication::instance()->thread();
+}
+
 struct STypeOfTheThread
 {
     static SNodeDataType type(const CNumber&)
     {
-        const bool isMain = QThread::currentThread() == QCoreApplication::instance()->thread();
-        return {isMain ? QStringLiteral("main") : QStringLiteral("other"), QStringLiteral("N")};
+        return {isInMainThread() ? QStringLiteral("main") : QStringLiteral("other"), QStringLiteral("N")};
+    }
+};
+struct SNoTypeElsewhere
+{
+    static SNodeDataType type(const CNumber&)
+    {
+        if (!isInMainThread())
+            throw std::runtime_error("wrong thread");
+        return CNumber::dataType();
     }
 };
 
@@ -170,10 +268,16 @@ class tst_Checks : public QObject
 private Q_SLOTS:
     void soundFamilies_data();
     void soundFamilies();
-    void workerThatSpoilsItsInput();
+    void wrongFamilies_data();
+    void wrongFamilies();
+    void fewerOutputsWhenRestored();
+    void oneOf100CallsMayBeSlow();
+    void creationIsTimedAlone();
     void rulesAreToldBeforeTheyAreTried();
     void skippedRulesAreNotTried();
+    void whatNeedsASkippedRuleIsNotTried();
     void whatCannotBeTriedIsTold();
+    void settingThatCannotBeChangedIsTold();
     void data_data();
     void data();
     void converters_data();
@@ -190,6 +294,15 @@ void tst_Checks::soundFamilies_data()
     QTest::newRow("unique source") << ModelCreator([] { return std::make_unique<CSource>(QStringLiteral("cam-1")); });
     QTest::newRow("sink") << ModelCreator([] { return std::make_unique<CSink>(); });
     QTest::newRow("worker") << ModelCreator([] { return std::make_unique<CDoublingWorker>(); });
+    QTest::newRow("announces in its own thread")
+        << ModelCreator([] { return std::make_unique<CAnnouncingElsewhere>(); });
+    SMisbehaviour misbehaviour;
+    misbehaviour.setInData = [](CNumberModel& model, const CNodeDataPtr& data, int index) {
+        model.output = index == 0 ? data : CNodeDataPtr();
+        Q_EMIT model.dataUpdated(0);
+    };
+    QTest::newRow("passes its input on") << ModelCreator(
+        [misbehaviour] { return std::make_unique<CNumberModel>(misbehaviour); });
     QTest::newRow("decoupler") << ModelCreator(
         [] { return std::make_unique<CGenericNodeDecouplerDataModel<CNumber>>(); });
     QTest::newRow("decoupler of grab results")
@@ -207,10 +320,75 @@ void tst_Checks::soundFamilies()
     QVERIFY2(report.findings.empty() && report.leftOut.empty(), qPrintable(toText(report)));
 }
 
-void tst_Checks::workerThatSpoilsItsInput()
+void tst_Checks::wrongFamilies_data()
 {
-    const SReport report = checkModel([] { return std::make_unique<CSpoilingWorker>(); }, numberOptions());
-    QCOMPARE(rulesIn(report), QStringList{"leaves-its-input-alone"});
+    QTest::addColumn<ModelCreator>("creator");
+    QTest::addColumn<QString>("rule");
+    QTest::newRow("spoiling worker") << ModelCreator([] { return std::make_unique<CSpoilingWorker>(); })
+                                     << "leaves-its-input-alone";
+    QTest::newRow("spoiling source") << ModelCreator([] { return std::make_unique<CSpoilingSource>(); })
+                                     << "leaves-its-input-alone";
+    QTest::newRow("hoarding source") << ModelCreator([] { return std::make_unique<CHoardingSource>(); })
+                                     << "lets-go-of-its-data";
+    QTest::newRow("source without a proxy") << ModelCreator([] { return std::make_unique<CSourceWithoutProxy>(); })
+                                            << "source-announces-in-the-graphs-thread";
+}
+
+void tst_Checks::wrongFamilies()
+{
+    QFETCH(ModelCreator, creator);
+    QFETCH(QString, rule);
+    SCheckOptions options = numberOptions();
+    options.longestDestruction = std::chrono::milliseconds(500);
+    const SReport report = checkModel(creator, options);
+    QVERIFY2(rulesIn(report) == QStringList{rule}, qPrintable(toText(report)));
+}
+
+// Every other model has two outputs. In one of two checks that is the saved one.
+void tst_Checks::fewerOutputsWhenRestored()
+{
+    QString seen;
+    for (unsigned int made : {0U, 1U}) {
+        const ModelCreator creator = [&made] {
+            SMisbehaviour misbehaviour;
+            misbehaviour.nPorts = [outputs = 1 + made++ % 2](const CNumberModel&, ENodePortType side) {
+                return side == ENodePortType::None ? 0 : side == ENodePortType::Out ? outputs : 1;
+            };
+            return std::make_unique<CNumberModel>(misbehaviour);
+        };
+        const SReport report = checkModel(creator, numberOptions());
+        QVERIFY2(rulesIn(report).contains("ports-stay-the-same"), qPrintable(toText(report)));
+        seen += toText(report);
+    }
+    QVERIFY2(seen.contains("the saved model had nothing on output 1, the restored one no such output"),
+             qPrintable(seen));
+}
+
+void tst_Checks::oneOf100CallsMayBeSlow()
+{
+    SMisbehaviour misbehaviour;
+    misbehaviour.setInData = [](CNumberModel& model, const CNodeDataPtr& data, int index) {
+        if (++model.count % 100 == 0)
+            QThread::msleep(200);
+        model.multiply(data, index);
+    };
+    SCheckOptions options = numberOptions();
+    options.longestCall = std::chrono::milliseconds(100);
+    const SReport report = checkModel([&] { return std::make_unique<CNumberModel>(misbehaviour); }, options);
+    QVERIFY2(report.findings.empty(), qPrintable(toText(report)));
+}
+
+void tst_Checks::creationIsTimedAlone()
+{
+    SMisbehaviour misbehaviour;
+    misbehaviour.destroy = [](CNumberModel&) { QThread::msleep(2); };
+    SCheckOptions options = numberOptions();
+    options.skip = namesOf(modelRules());
+    for (const char* rule : {"makes-a-model", "answers-questions", "answers-in-time"})
+        options.skip.removeAll(rule);
+    const SReport report = checkModel([&] { return std::make_unique<CNumberModel>(misbehaviour); }, options);
+    QCOMPARE(report.times.front().call, QString("create"));
+    QVERIFY2(report.times.front().median < 2000000, qPrintable(toText(report)));
 }
 
 void tst_Checks::rulesAreToldBeforeTheyAreTried()
@@ -238,6 +416,22 @@ void tst_Checks::skippedRulesAreNotTried()
     QCOMPARE(std::size_t(report.kept), modelRules().size() - 1);
 }
 
+void tst_Checks::whatNeedsASkippedRuleIsNotTried()
+{
+    SCheckOptions options = numberOptions();
+    options.skip = QStringList{"makes-a-model", "makes-data", "converter-is-there", "loads"};
+    options.beforeRule = [](const QString& rule) { QCOMPARE(rule, QString("has-metadata")); };
+    const auto isCutShort = [](const SReport& report, const QString& basic) {
+        return report.findings.empty() && report.leftOut.size() == 1 &&
+               report.leftOut.front().rule == QLatin1String("all rules behind it") &&
+               report.leftOut.front().reason == "they need " + basic;
+    };
+    QVERIFY(isCutShort(checkModel([] { return std::unique_ptr<CNodeDataModel>(); }, options), "makes-a-model"));
+    QVERIFY(isCutShort(checkData([](int) { return CNodeDataPtr(); }, options), "makes-data"));
+    QVERIFY(isCutShort(checkConverter({}, {CNumber::dataType(), CNumber::dataType()}, options), "converter-is-there"));
+    QVERIFY(isCutShort(checkPlugin(HALVEX_PLUGIN, {}, options), "loads"));
+}
+
 void tst_Checks::whatCannotBeTriedIsTold()
 {
     SCheckOptions options = numberOptions();
@@ -249,8 +443,20 @@ void tst_Checks::whatCannotBeTriedIsTold()
     for (const SLeftOut& one : report.leftOut)
         left << one.rule;
     QCOMPARE(left, QStringList({"takes-its-data", "takes-empty-data-later", "gives-the-announced-type",
-                                "leaves-its-input-alone", "leaves-its-output-alone", "stores-before-it-announces",
-                                "lets-go-of-its-data"}));
+                                "leaves-its-input-alone", "leaves-its-output-alone", "restored-behaves-alike",
+                                "restores-over-a-working-state", "stores-before-it-announces", "ends-what-it-begins",
+                                "goes-while-it-computes", "lets-go-of-its-data"}));
+}
+
+void tst_Checks::settingThatCannotBeChangedIsTold()
+{
+    const SReport report = checkModel([] { return std::make_unique<CSizedModel>(); }, numberOptions());
+    QVERIFY2(report.findings.empty(), qPrintable(toText(report)));
+    QCOMPARE(report.leftOut.size(), std::size_t(2));
+    QCOMPARE(report.leftOut[0].rule, QString("properties-survive-saving"));
+    QCOMPARE(report.leftOut[1].rule, QString("properties-tell-of-changes"));
+    for (const SLeftOut& left : report.leftOut)
+        QCOMPARE(left.reason, QString("no other value is known for \"size\""));
 }
 
 void tst_Checks::data_data()
@@ -272,6 +478,7 @@ void tst_Checks::data_data()
     row("no name", makes<CWrongNumber<SNoName>>(), "type-is-complete");
     row("type of the value", makes<CWrongNumber<STypeOfTheValue>>(), "type-stays-the-same");
     row("type of the thread", makes<CWrongNumber<STypeOfTheThread>>(), "type-is-the-same-in-every-thread");
+    row("no type elsewhere", makes<CWrongNumber<SNoTypeElsewhere>>(), "type-is-the-same-in-every-thread");
     row("same as all", makes<CSameAsAll>(), "same-type-compares-ids");
 #ifdef COUNTS_MEMORY
     row("leaks", makes<CLeakingNumber>(), "data-leaves-nothing-behind");
@@ -284,7 +491,7 @@ void tst_Checks::data_data()
     };
     row("changes the last one", changesTheLast, "content-stays-the-same");
     const auto onlyHere = [](int number) {
-        if (QThread::currentThread() != QCoreApplication::instance()->thread())
+        if (!isInMainThread())
             throw std::runtime_error("wrong thread");
         return makeNumber(number);
     };

@@ -17,7 +17,7 @@ struct SRun
     QString output;
     QString errors;
 
-    int findings() const { return output.count("\n  page  "); }
+    int findings() const { return int(output.count("\n  page  ")); }
 };
 
 SRun run(const QStringList& arguments, const QString& mistake = {})
@@ -46,11 +46,17 @@ private Q_SLOTS:
     void soundPlugins();
     void modelsThatEndTheProcess();
     void modelThatHangs();
+    void modelThatHangsAndPrints();
     void mistakesOfPlugins_data();
     void mistakesOfPlugins();
+    void pluginThatComesUpForAWhile();
+    void nothingIsChecked_data();
+    void nothingIsChecked();
+    void companions();
     void oneModel();
     void skippedRule();
     void times();
+    void longestCall();
     void listOfRules();
     void wrongArguments_data();
     void wrongArguments();
@@ -92,6 +98,16 @@ void tst_HalvexCheck::modelThatHangs()
     compareWithGolden("halvex-check/hangs.txt", done.output);
 }
 
+// What it prints is no sign that it comes along with a rule.
+void tst_HalvexCheck::modelThatHangsAndPrints()
+{
+    const SRun done = run({few, "--timeout=3", "--model=Hangs and prints", MISTAKEN_PLUGIN}, "hangs");
+    QCOMPARE(done.exitCode, 1);
+    QVERIFY2(done.output.contains("\nanswers-questions\n  seen  the process did not come back within 3 s\n"),
+             qPrintable(done.output));
+    QVERIFY2(done.errors.endsWith("The last word"), qPrintable(done.errors));
+}
+
 void tst_HalvexCheck::mistakesOfPlugins_data()
 {
     QTest::addColumn<QString>("file");
@@ -126,6 +142,54 @@ void tst_HalvexCheck::mistakesOfPlugins()
     QVERIFY2(done.findings() == 1, qPrintable(done.output));
 }
 
+// Lists its models, and refuses when one of them is to be checked.
+void tst_HalvexCheck::pluginThatComesUpForAWhile()
+{
+    const SRun done = run({few, MISTAKEN_PLUGIN}, "refuses-later");
+    QVERIFY2(done.output.contains("\ncomes-up\n  seen  initialize() returned false\n"), qPrintable(done.output));
+    QCOMPARE(done.exitCode, 1);
+    QVERIFY2(done.findings() == 1, qPrintable(done.output));
+}
+
+void tst_HalvexCheck::nothingIsChecked_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QString>("mistake");
+    QTest::addColumn<QString>("error");
+    QTest::newRow("skips the rule that is broken") << "--skip=comes-up"
+                                                   << "refuses"
+                                                   << "initialize() returned false";
+    QTest::newRow("refuses") << "--model=Sound"
+                             << "refuses"
+                             << "initialize() returned false";
+    QTest::newRow("ends in its constructor") << "--model=Sound"
+                                             << "ends-in-constructor"
+                                             << "ended by signal 6";
+}
+
+void tst_HalvexCheck::nothingIsChecked()
+{
+    QFETCH(QString, option);
+    QFETCH(QString, mistake);
+    QFETCH(QString, error);
+    const SRun done = run({few, option, MISTAKEN_PLUGIN}, mistake);
+    QVERIFY2(done.exitCode == 2, qPrintable(done.output + done.errors));
+    QVERIFY2(done.errors.contains(error), qPrintable(done.errors));
+}
+
+void tst_HalvexCheck::companions()
+{
+    const SRun missing = run({few, "--with=/nowhere.so", MISTAKEN_PLUGIN});
+    QCOMPARE(missing.exitCode, 1);
+    QVERIFY2(missing.output.contains("\ncomes-up\n  seen  "), qPrintable(missing.output));
+#ifdef HOST_MODELS_PLUGIN
+    // Models of a companion are not checked.
+    const SRun done = run({few, QString("--with=") + MISTAKEN_PLUGIN, HOST_MODELS_PLUGIN}, "models");
+    QVERIFY2(done.exitCode == 0, qPrintable(done.output + done.errors));
+    QVERIFY2(done.output.endsWith("models checked: 9, rules broken: 0\n"), qPrintable(done.output));
+#endif
+}
+
 void tst_HalvexCheck::oneModel()
 {
     const SRun done = run({few, "--model", "Sound", MISTAKEN_PLUGIN}, "models");
@@ -145,6 +209,15 @@ void tst_HalvexCheck::times()
     const QStringList arguments{few, "--model=Sound", MISTAKEN_PLUGIN};
     QVERIFY(!run(arguments, "models").output.contains("setInData  "));
     QVERIFY(run(QStringList{"--times"} + arguments, "models").output.contains("setInData  "));
+}
+
+void tst_HalvexCheck::longestCall()
+{
+    const QStringList arguments{few, "--model=Slow", MISTAKEN_PLUGIN};
+    const SRun done = run(QStringList{"--longest-call=1000"} + arguments, "hangs");
+    QCOMPARE(done.exitCode, 1);
+    QVERIFY2(done.output.contains("\nanswers-in-time\n  seen  "), qPrintable(done.output));
+    QCOMPARE(run(QStringList{"--longest-call=100000000"} + arguments, "hangs").exitCode, 0);
 }
 
 void tst_HalvexCheck::listOfRules()
