@@ -201,7 +201,7 @@ void CScenario::run()
 void CScenario::requireUsable()
 {
     registerModels(*m_service->registry());
-    const int before = m_service->scenes().size();
+    const int before = int(m_service->scenes().size());
     auto owned = makeSource();
     CNamedTestModel* const source = owned.get();
     const Core::CId id = m_service->addNode(std::move(owned), nullptr);
