@@ -4,7 +4,7 @@
 #pragma once
 
 #include "host/camera/Device.h"
-#include "host/viewer/images/CTaskRunner.h"
+#include "host/viewer/base/CTaskRunner.h"
 
 #include <QAbstractListModel>
 #include <QTimer>

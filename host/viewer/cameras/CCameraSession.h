@@ -5,8 +5,8 @@
 
 #include "host/camera/CFeatures.h"
 #include "host/sources/OpenSource.h"
+#include "host/viewer/base/CRateMeter.h"
 #include "host/viewer/base/CWorkThread.h"
-#include "host/viewer/images/CRateMeter.h"
 
 #include <Halvex/graph/CNodeBase.h>
 #include <Halvex/scene/CNodeScene.h>
