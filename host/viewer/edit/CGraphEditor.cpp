@@ -188,11 +188,11 @@ void CGraphEditor::moveNodes(const NodePositions& positions)
     m_undoStack.push(new CMoveStep(text, *this, from, to));
 }
 
-void CGraphEditor::exchange(SGraphPart* out, const SGraphPart& in)
+int CGraphEditor::exchange(SGraphPart* out, const SGraphPart& in)
 {
     if (!m_scene) {
         refuse(tr("The scene is gone"));
-        return;
+        return 0;
     }
     takeOut(*m_scene, out, m_positions);
     // Before the nodes: whoever draws them knows at once where.
@@ -203,6 +203,7 @@ void CGraphEditor::exchange(SGraphPart* out, const SGraphPart& in)
         Q_EMIT positionsChanged();
     if (missing > 0)
         refuse(tr("Not everything could be brought back: %n parts are missing", nullptr, missing));
+    return missing;
 }
 
 void CGraphEditor::applySetting(const Core::CId& id, const QString& name, const QString& value)

@@ -81,6 +81,10 @@ public:
 
     void moveNodes(const NodePositions& positions);
 
+    /// Removes \a out, which becomes what it was at that moment, and adds \a in, as takeOut() and putBack() do. It is
+    /// no step. Returns how many parts of \a in are missing, of which refused() tells, too.
+    int exchange(SGraphPart* out, const SGraphPart& in);
+
     /// Copies the nodes with the connections between them; returns the new ones.
     std::vector<Core::CId> duplicate(const std::vector<Core::CId>& nodes, QPointF offset);
 
@@ -102,11 +106,12 @@ Q_SIGNALS:
 
 private:
     friend class CSettingStep;
-    friend class CStructureStep;
 
-    /// Removes \a out, which becomes what it was at that moment, and adds \a in.
-    void exchange(SGraphPart* out, const SGraphPart& in);
     void applySetting(const Core::CId& id, const QString& name, const QString& value);
+
+    // What is made, before it is a step; nothing if it is refused.
+    Core::CId makeNode(const QString& modelName, QPointF position);
+    SGraphPart makeConnection(const SPort& out, const SPort& in);
 
     std::vector<Core::CId> addPart(const SGraphPart& part, const QString& text);
     void recordAdded(const QString& text, const std::vector<Core::CId>& nodes);
