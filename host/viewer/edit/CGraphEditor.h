@@ -69,6 +69,11 @@ public:
     /// Returns the new node's id; no id if there is no such model.
     Core::CId addNode(const QString& modelName, QPointF position);
 
+    /// The same with these settings, and connected to \a out: one step, called \a text. A setting or a connection that
+    /// is refused is left out.
+    Core::CId addConnectedNode(const QString& modelName, QPointF position, const SPort& out,
+                               const QMap<QString, QString>& settings, const QString& text);
+
     /// Removes these nodes with all their connections, and these connections.
     bool remove(const std::vector<Core::CId>& nodes, const std::vector<Core::CId>& connections);
 

@@ -146,22 +146,9 @@ void CViewerWindow::addImageView()
     if (!camera)
         return;
     CGraphEditor& editor = page->editor();
-    const Core::CId cameraId = camera->id();
-    editor.undoStack().beginMacro(tr("Show the camera's image"));
-    const QPointF beside = editor.positions().value(cameraId.toString()) + QPointF(48 * gridStep, 0);
-    const Core::CId view = editor.addNode(CViewModel::modelName(), beside);
-    const bool isMade = editor.node(view) != nullptr;
-    if (isMade) {
-        editor.setSetting(view, QStringLiteral("viewName"), page->cameraName());
-        editor.connectPorts({cameraId, ENodePortType::Out, 0}, {view, ENodePortType::In, 0});
-    }
-    QUndoStack& steps = editor.undoStack();
-    steps.endMacro();
-    if (isMade)
-        return;
-    // The step does nothing. The stack has no other way to drop one.
-    const_cast<QUndoCommand*>(steps.command(steps.index() - 1))->setObsolete(true);
-    steps.undo();
+    const QPointF beside = editor.positions().value(camera->id().toString()) + QPointF(48 * gridStep, 0);
+    editor.addConnectedNode(CViewModel::modelName(), beside, {camera->id(), ENodePortType::Out, 0},
+                            {{QStringLiteral("viewName"), page->cameraName()}}, tr("Show the camera's image"));
 }
 
 CScenePage* CViewerWindow::newScene(const QString& name)
