@@ -12,10 +12,8 @@
 
 #include <QGuiApplication>
 #include <QMainWindow>
-#include <QTimer>
 
 #include <algorithm>
-#include <chrono>
 
 namespace Host {
 
@@ -105,10 +103,8 @@ QString CImageDocks::freeName() const
 
 void CImageDocks::endRecordings()
 {
-    constexpr std::chrono::seconds longestWait{30}; // a disk may never answer
     for (const CImageDock* const dock : qAsConst(m_docks))
         dock->recorder().stop();
-    QTimer::singleShot(longestWait, qGuiApp, &QCoreApplication::quit);
 }
 
 } // namespace Host

@@ -26,7 +26,7 @@ class CViewerSettings;
  * A new one goes where the window remembers it, else beside the others above the graph: four in a row, more as tabs.
  *
  * When the program's last window is closed, recordings end; the program goes on without a window until all is written,
- * for 30 s at most.
+ * as long as CViewerWindow lets it.
  *
  * Ownership: the window owns the docks. Threads: the main thread.
  */

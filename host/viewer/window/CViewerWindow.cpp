@@ -83,6 +83,10 @@ void CViewerWindow::connectParts()
     connect(m_sessions, &CCameraSessions::opened, this, &CViewerWindow::onOpened);
     connect(m_images, &CImageDocks::changed, m_menus, &CViewerMenus::update);
     connect(m_watch, &CThreadWatch::heldUp, m_status, &CViewerStatus::tellHeldUp);
+    connect(qGuiApp, &QGuiApplication::lastWindowClosed, this, [] {
+        constexpr std::chrono::seconds longestWait{30}; // a disk or a camera may never answer
+        QTimer::singleShot(longestWait, qGuiApp, &QCoreApplication::quit);
+    });
     connect(&m_checkTimer, &QTimer::timeout, this, &CViewerWindow::check);
     connect(&m_docks->palette(), &CModelPalette::placeRequested, this, [this](const QString& model) {
         if (const CScenePage* const page = m_tabs->current())
