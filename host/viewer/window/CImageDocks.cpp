@@ -19,10 +19,16 @@ namespace Host {
 
 using namespace Plugin::Halvex;
 
-CImageDocks::CImageDocks(QMainWindow& window)
+CImageDocks::CImageDocks(QMainWindow& window, CViewerSettings& settings)
     : QObject(&window)
     , m_window(window)
 {
+    m_folders.setImages(settings.imageFolder());
+    m_folders.setRecordings(settings.recordFolder());
+    connect(&m_folders, &CImageFolders::imagesChanged, this,
+            [&settings](const QString& folder) { settings.setImageFolder(folder); });
+    connect(&m_folders, &CImageFolders::recordingsChanged, this,
+            [&settings](const QString& folder) { settings.setRecordFolder(folder); });
     connect(qGuiApp, &QGuiApplication::lastWindowClosed, this, &CImageDocks::endRecordings);
 }
 
@@ -31,16 +37,6 @@ void CImageDocks::watch(CNodeScene& scene)
     connect(&scene, &CNodeScene::nodeCreated, this, &CImageDocks::addDock);
     for (const auto& node : scene.nodes())
         addDock(*node.second);
-}
-
-void CImageDocks::remember(CViewerSettings& settings)
-{
-    m_folders.setImages(settings.imageFolder());
-    m_folders.setRecordings(settings.recordFolder());
-    connect(&m_folders, &CImageFolders::changed, this, [this, &settings] {
-        settings.setImageFolder(m_folders.images());
-        settings.setRecordFolder(m_folders.recordings());
-    });
 }
 
 void CImageDocks::addDock(CNodeBase& node)

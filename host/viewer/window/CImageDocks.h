@@ -35,12 +35,10 @@ class CImageDocks : public QObject
     Q_OBJECT
 
 public:
-    explicit CImageDocks(QMainWindow& window);
+    /// Suggests the folders of \a settings, which outlives this object, and keeps there what a person chooses.
+    CImageDocks(QMainWindow& window, CViewerSettings& settings);
 
     void watch(Plugin::Halvex::CNodeScene& scene);
-
-    /// Suggests the folders of \a settings, which outlives this object, and keeps there what a person chooses.
-    void remember(CViewerSettings& settings);
 
     /// In the order in which they came.
     const QList<CImageDock*>& docks() const { return m_docks; }

@@ -51,7 +51,7 @@ CViewerWindow::CViewerWindow(const SParts& parts, QWidget* parent)
     setCentralWidget(m_tabs);
     resize(180 * gridStep, 112 * gridStep);
     m_docks = new CViewerDocks(*this, *m_sessions, parts.service, parts.models, m_history);
-    m_images = new CImageDocks(*this);
+    m_images = new CImageDocks(*this, parts.settings);
     m_status = new CViewerStatus(*statusBar(), *m_sessions);
     m_menus = new CViewerMenus(*this, m_history, parts.settings);
     m_palette = new CCommandPalette(this);

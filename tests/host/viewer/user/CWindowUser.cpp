@@ -38,7 +38,7 @@ CWindowUser::CWindowUser(unsigned int seed)
     : m_random(seed)
 {
     m_test.settings.setRecordFolder(m_test.folder.path());
-    window().imageDocks().remember(m_test.settings);
+    m_test.makeWindow();
     QApplication::setActiveWindow(&window());
 }
 
