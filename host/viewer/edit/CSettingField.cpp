@@ -62,10 +62,7 @@ public:
     {
         QLocale words = locale();
         words.setNumberOptions(words.numberOptions() | QLocale::OmitGroupSeparator);
-        int decimals = 0;
-        while (decimals < mostDecimals && words.toDouble(words.toString(value, 'f', decimals)) != value)
-            ++decimals;
-        return words.toString(value, 'f', decimals);
+        return words.toString(value, 'f', QLocale::FloatingPointShortest);
     }
 };
 
@@ -208,7 +205,7 @@ void CSettingField::makeDoubleSpinBox(const std::optional<SSettingBounds>& bound
     box->setKeyboardTracking(false);
     m_show = [box](const QString& value) { box->setValue(value.toDouble()); };
     connect(box, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
-            [this](double value) { announce(QString::number(value, 'g', 12)); });
+            [this](double value) { announce(QString::number(value, 'f', QLocale::FloatingPointShortest)); });
     watchTyping(box->findChild<QLineEdit*>());
     connect(box, &QDoubleSpinBox::editingFinished, this, &CSettingField::onEditingFinished);
 }
