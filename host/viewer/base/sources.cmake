@@ -6,6 +6,8 @@ target_sources(HalvexHostViewer PRIVATE
   base/CRateMeter.h
   base/CTaskRunner.cpp
   base/CTaskRunner.h
+  base/CTypedText.cpp
+  base/CTypedText.h
   base/CWorkThread.cpp
   base/CWorkThread.h
   base/ModelText.cpp
