@@ -255,7 +255,7 @@ void CGraphEditor::recordAdded(const QString& text, const std::vector<Core::CId>
 QString CGraphEditor::captionOf(const Core::CId& id) const
 {
     const CNodeBase* const found = node(id);
-    return found ? modelText(found->nodeDataModel()->caption()) : QString();
+    return found ? captionText(*found->nodeDataModel()) : QString();
 }
 
 QString CGraphEditor::removalText(const SGraphPart& part) const
