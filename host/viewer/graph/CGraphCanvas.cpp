@@ -90,26 +90,6 @@ CNodeItem* CGraphCanvas::nodeItem(const Core::CId& node) const
     return found == m_nodes.end() ? nullptr : found->second;
 }
 
-std::vector<Core::CId> CGraphCanvas::selectedNodes() const
-{
-    std::vector<Core::CId> ids;
-    for (const auto& entry : m_nodes) {
-        if (entry.second->isSelected())
-            ids.push_back(entry.first);
-    }
-    return ids;
-}
-
-std::vector<Core::CId> CGraphCanvas::selectedConnections() const
-{
-    std::vector<Core::CId> ids;
-    for (const auto& entry : m_connections) {
-        if (entry.second->isSelected())
-            ids.push_back(entry.first);
-    }
-    return ids;
-}
-
 SPort CGraphCanvas::portAt(QPointF point) const
 {
     constexpr double reach = 14;
