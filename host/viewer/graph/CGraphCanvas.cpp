@@ -36,6 +36,7 @@ CGraphCanvas::CGraphCanvas(CGraphEditor& editor, QObject* parent)
     m_syncTimer.setSingleShot(true);
     m_syncTimer.setInterval(framePeriod);
     connect(&m_syncTimer, &QTimer::timeout, this, &CGraphCanvas::sync);
+    m_pulseTimer.setObjectName(QStringLiteral("pulse"));
     m_pulseTimer.setInterval(pulsePeriod);
     connect(&m_pulseTimer, &QTimer::timeout, this, &CGraphCanvas::pulse);
     m_pulseTimer.start();

@@ -136,7 +136,7 @@ private:
     std::map<Core::CId, CConnectionItem*> m_connections;
     std::unique_ptr<CPortDrag> m_drag;
     QTimer m_syncTimer;
-    QTimer m_pulseTimer;
+    QTimer m_pulseTimer{this};
     QElapsedTimer m_sinceMeasured;
 };
 
