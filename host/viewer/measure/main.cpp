@@ -125,6 +125,10 @@ void soak(CViewerWindow& window, seconds time)
     runFor(time);
     const std::vector<qint64>& heap = edits.heap();
     constexpr std::size_t parts = 4;
+    if (!CRandomEdits::knowsHeap()) {
+        printRow("memory left behind", QStringLiteral("not told here"));
+        return;
+    }
     if (heap.size() < 2 * parts) {
         printRow("memory left behind", QStringLiteral("too short to tell: %1 rounds of edits").arg(heap.size()));
         return;
