@@ -230,7 +230,7 @@ int measure(CMeasuredApplication& application, const CHostServices& services, co
     printRow("frames/s at the sinks with the window", QString::number(with.delivered, 'f', 1));
     printRow("frames/s that the cameras sent with it", QString::number(with.sent, 'f', 1));
     printRow("less by", number(loss, "%"), QStringLiteral("3 %"), loss < 3.0);
-    return 0;
+    return before.delivered > 0 && with.delivered > 0 && after.delivered > 0 ? Done : Failed;
 }
 
 SAsked read(const QCommandLineParser& parser)
