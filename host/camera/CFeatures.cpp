@@ -150,7 +150,6 @@ void addPlain(ArvGcNode* node, SFeature* feature)
     feature->plainValue = plainValueOf(node);
     feature->unit = unitOf(node);
     feature->help = helpOf(ARV_GC_FEATURE_NODE(node));
-    feature->isLocked = isLocked(node);
     if (ARV_IS_GC_ENUMERATION(node)) {
         feature->choices = enumValues(ARV_GC_ENUMERATION(node));
     } else if (isInteger(node)) {
@@ -168,7 +167,12 @@ bool isReadOnly(ArvGcNode* node)
 
 bool isWritable(ArvGcNode* node)
 {
-    return !isReadOnly(node) && !isLocked(node);
+    return !isLocked(node) && !isReadOnly(node);
+}
+
+QString nameOf(ArvGcNode* node)
+{
+    return QString::fromUtf8(arv_gc_feature_node_get_name(ARV_GC_FEATURE_NODE(node)));
 }
 
 // Neither a register nor a value that is computed of others.
@@ -229,10 +233,11 @@ std::vector<SFeature> CFeatures::all() const
 // these goes round the checks of the feature.
 void CFeatures::addOthers(ArvDomNode* parent, QSet<QString>* seen, std::vector<SFeature>* features) const
 {
-    for (ArvDomNode* each = arv_dom_node_get_first_child(parent); each; each = arv_dom_node_get_next_sibling(each)) {
+    for (ArvDomNode* each = arv_dom_node_get_first_child(parent); each && !m_isGone();
+         each = arv_dom_node_get_next_sibling(each)) {
         if (!isForUsers(each))
             addOthers(each, seen, features); // it may be a group
-        else if (isWritable(ARV_GC_NODE(each)))
+        else if (!seen->contains(nameOf(ARV_GC_NODE(each))) && isWritable(ARV_GC_NODE(each)))
             add(ARV_GC_NODE(each), QStringLiteral("In no category"), seen, features);
     }
 }
@@ -242,7 +247,7 @@ void CFeatures::add(ArvGcNode* node, const QString& category, QSet<QString>* see
                     std::vector<SFeature>* features) const
 {
     ArvGcFeatureNode* const feature = ARV_GC_FEATURE_NODE(node);
-    const QString name = QString::fromUtf8(arv_gc_feature_node_get_name(feature));
+    const QString name = nameOf(node);
     if (seen->contains(name) || m_isGone())
         return;
     seen->insert(name);
@@ -258,7 +263,8 @@ void CFeatures::add(ArvGcNode* node, const QString& category, QSet<QString>* see
         found.name = name;
         found.type = typeOf(node);
         found.range = rangeOf(node);
-        found.isWritable = isWritable(node);
+        found.isLocked = isLocked(node);
+        found.isWritable = !found.isLocked && !isReadOnly(node);
         addPlain(node, &found);
         found.value = withUnit(found.plainValue, found.unit);
         features->push_back(found);

@@ -27,8 +27,8 @@ namespace Host {
 class CSceneLoader
 {
 public:
-    /// \a scene has a registry and one node, \a camera, and outlives this object, but that
-    /// handlers may destroy it during load(), which fails then.
+    /// \a scene has a registry and one node, \a camera. Both outlive this object; if a handler destroys one during
+    /// load(), that fails.
     CSceneLoader(Plugin::Halvex::CNodeScene& scene, Plugin::Halvex::CNodeBase& camera);
 
     /// Once per object. Returns the first thing that cannot be made, place first: "nodes[3]: ..."; empty on success.

@@ -7,7 +7,6 @@
 #include "host/run/Output.h"
 #include "host/viewer/base/CLanguage.h"
 #include "host/viewer/images/ViewModels.h"
-#include "host/viewer/window/CImageDocks.h"
 #include "host/viewer/window/CPositionsFile.h"
 #include "host/viewer/window/CViewerStart.h"
 #include "host/viewer/window/CViewerWindow.h"
@@ -53,7 +52,6 @@ int show(const SViewerOptions& options)
 
     CViewerWindow window({services.nodes(), services.models(), settings, positions});
     QObject::connect(&window, &CViewerWindow::languageChosen, &window, install);
-    window.imageDocks().remember(settings);
     window.show();
     CViewerStart start(window, options);
     QObject::connect(&start, &CViewerStart::ended, qApp, [](int exitCode) { QCoreApplication::exit(exitCode); });

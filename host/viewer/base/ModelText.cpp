@@ -3,6 +3,10 @@
 
 #include "host/viewer/base/ModelText.h"
 
+#include "host/base/ModelProperties.h"
+
+#include <Halvex/graph/CNodeDataModel.h>
+
 #include <QCoreApplication>
 
 namespace Host {
@@ -88,6 +92,17 @@ QString modelText(const QString& text)
     if (whole != text || colon < 0)
         return whole;
     return QCoreApplication::translate(context, text.left(colon).toUtf8().constData()) + text.mid(colon);
+}
+
+QString captionText(Plugin::Halvex::CNodeDataModel& model)
+{
+    const QString caption = model.caption();
+    // What a person calls a model is one of its settings.
+    for (const QMetaProperty& property : propertiesOf(model)) {
+        if (property.userType() == QMetaType::QString && property.read(&model).toString() == caption)
+            return caption;
+    }
+    return modelText(caption);
 }
 
 } // namespace Host

@@ -5,11 +5,18 @@
 
 #include <QString>
 
+namespace Plugin::Halvex {
+class CNodeDataModel;
+}
+
 namespace Host {
 
 /// What the host's models say in English, for people: their names, captions, categories, settings and what is told of
 /// these, in the viewer's language. Of "PNG files: edges" the part before the colon is translated, the rest is a name.
 /// Texts of other models, which may have translations of their own, stay as they are.
 QString modelText(const QString& text);
+
+/// The caption of a model in the viewer's language. A name that a person gave stays as it is.
+QString captionText(Plugin::Halvex::CNodeDataModel& model);
 
 } // namespace Host

@@ -67,13 +67,18 @@ void CCameraList::onFound(const std::vector<SCameraEntry>& found)
 std::vector<CCameraList::SRow> CCameraList::wantedRows() const
 {
     std::vector<SRow> rows;
+    // Rows are known by their names. A camera may be found twice, and a folder be called like one.
+    const auto add = [&rows](const SRow& row) {
+        if (std::none_of(rows.begin(), rows.end(), [&row](const SRow& each) { return each.name == row.name; }))
+            rows.push_back(row);
+    };
     for (CCameraSession* const session : m_sessions.all())
-        rows.push_back({session->name(), {}, session});
+        add({session->name(), {}, session});
     for (const SCameraEntry& camera : m_found) {
-        if (!SCameraOptions::isFake(camera.id) && !m_sessions.find(camera.id))
-            rows.push_back({camera.id, QStringLiteral("%1 %2").arg(camera.maker, camera.model), nullptr});
+        if (!SCameraOptions::isFake(camera.id))
+            add({camera.id, QStringLiteral("%1 %2").arg(camera.maker, camera.model), nullptr});
     }
-    rows.push_back({m_sessions.freeSimulatedCamera(), {}, nullptr});
+    add({m_sessions.freeSimulatedCamera(), {}, nullptr});
     return rows;
 }
 
@@ -95,7 +100,7 @@ void CCameraList::updateRows()
         putRow(wanted[std::size_t(row)], row);
 }
 
-// Those above it are in their places.
+// Those above it are in their places, and have other names.
 void CCameraList::putRow(const SRow& wanted, int row)
 {
     const int from = indexOf(wanted.name).row();

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "host/camera/Device.h"
-#include "host/viewer/images/CTaskRunner.h"
+#include "host/viewer/base/CTaskRunner.h"
 
 #include <QAbstractListModel>
 #include <QTimer>
@@ -54,7 +54,8 @@ public:
     };
 
     /// \a find looks for cameras, in another thread, \a interval after it did so last. It may still do so when this
-    /// object is gone: a search takes a second, and nothing waits for it. \a sessions outlives this object.
+    /// object is gone: a search takes a second, and only the program's end waits for it. \a sessions outlives this
+    /// object.
     explicit CCameraList(CCameraSessions& sessions, QObject* parent = nullptr,
                          std::function<std::vector<SCameraEntry>()> find = &findCameras,
                          std::chrono::milliseconds interval = std::chrono::seconds(4));

@@ -260,6 +260,7 @@ void CCameraSession::close()
 // for.
 void CCameraSession::release()
 {
+    m_isBusy = true; // or the camera would be opened anew
     m_work.run(
         [camera = std::exchange(m_camera, nullptr), source = std::exchange(m_source, nullptr)]() mutable {
             source.reset();

@@ -5,8 +5,8 @@
 
 #include "host/camera/CFeatures.h"
 #include "host/sources/OpenSource.h"
+#include "host/viewer/base/CRateMeter.h"
 #include "host/viewer/base/CWorkThread.h"
-#include "host/viewer/images/CRateMeter.h"
 
 #include <Halvex/graph/CNodeBase.h>
 #include <Halvex/scene/CNodeScene.h>
@@ -120,8 +120,8 @@ public Q_SLOTS:
     /// Sets one, or runs a command, which has no value, and reads all of them again.
     void setFeature(const QString& name, const QString& value);
 
-    /// Stops, and deletes this object when that is done. Its scene stays. The program goes on until then, also when its
-    /// last window is closed.
+    /// Stops, and deletes this object when that is done; nothing else can be asked for meanwhile. Its scene stays. When
+    /// the last window is closed the program still goes on until then, as long as CViewerWindow lets it.
     void close();
 
 Q_SIGNALS:

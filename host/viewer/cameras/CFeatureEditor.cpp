@@ -62,8 +62,9 @@ private:
 
 CFeatureEditor::CFeatureEditor(const SFeature& feature, QWidget* parent)
     : QWidget(parent)
+    , m_feature(feature)
 {
-    m_editor = makeEditor(feature);
+    m_editor = makeEditor();
     m_editor->setAccessibleName(feature.name);
     // A wheel that scrolls the list is not to change what comes under the pointer.
     m_editor->setFocusPolicy(Qt::StrongFocus);
@@ -78,98 +79,108 @@ CFeatureEditor::CFeatureEditor(const SFeature& feature, QWidget* parent)
     show(feature);
 }
 
-QWidget* CFeatureEditor::makeEditor(const SFeature& feature)
+QWidget* CFeatureEditor::makeEditor()
 {
-    if (feature.type == QLatin1String("command")) {
+    if (m_feature.type == QLatin1String("command")) {
         auto* const button = new QPushButton(runText(), this);
-        connect(button, &QPushButton::clicked, this, [this] { Q_EMIT edited({}); });
+        connect(button, &QPushButton::clicked, this, [this] { send({}); });
         return button;
     }
-    if (feature.type == QLatin1String("boolean")) {
+    if (m_feature.type == QLatin1String("boolean")) {
         auto* const box = new QCheckBox(this);
         connect(box, &QCheckBox::clicked, this,
-                [this](bool isOn) { Q_EMIT edited(isOn ? QStringLiteral("true") : QStringLiteral("false")); });
+                [this](bool isOn) { send(isOn ? QStringLiteral("true") : QStringLiteral("false")); });
         return box;
     }
-    if (feature.type == QLatin1String("one of")) {
+    if (m_feature.type == QLatin1String("one of")) {
         auto* const box = new QComboBox(this);
         box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         box->setMinimumContentsLength(8);
         connect(box, QOverload<int>::of(&QComboBox::activated), this,
-                [this, box](int index) { Q_EMIT edited(box->itemText(index)); });
+                [this, box](int index) { send(box->itemText(index)); });
         return box;
     }
-    const bool isNumber = isInteger(feature) || feature.type == QLatin1String("float");
+    const bool isNumber = isInteger(m_feature) || m_feature.type == QLatin1String("float");
     bool isDecimal = false;
-    const double value = feature.plainValue.toDouble(&isDecimal);
-    return isNumber && isDecimal && std::abs(value) < mostTold ? makeNumber(feature) : makeText();
+    const double value = m_feature.plainValue.toDouble(&isDecimal);
+    return isNumber && isDecimal && std::abs(value) < mostTold ? makeNumber() : makeText();
 }
 
-QWidget* CFeatureEditor::makeNumber(const SFeature& feature)
+QWidget* CFeatureEditor::makeNumber()
 {
     auto* const box = new CNumberBox(this);
-    box->setDecimals(isInteger(feature) ? 0 : 9);
+    box->setDecimals(isInteger(m_feature) ? 0 : 9);
     box->setKeyboardTracking(false);
     connect(box, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
-            [this, box](double value) { Q_EMIT edited(box->textFromValue(value)); });
+            [this, box](double value) { send(box->textFromValue(value)); });
+    m_typed.watch(*box);
+    // It said nothing new, but the camera may have.
+    connect(&m_typed, &CTypedText::ended, this, &CFeatureEditor::showValue);
     return box;
 }
 
 QWidget* CFeatureEditor::makeText()
 {
     auto* const line = new QLineEdit(this);
-    connect(line, &QLineEdit::editingFinished, this, [this, line] {
-        if (line->text() != m_shown)
-            Q_EMIT edited(line->text());
+    m_typed.watch(*line);
+    connect(&m_typed, &CTypedText::ended, this, [this, line] {
+        if (line->text() != m_feature.plainValue)
+            send(line->text());
     });
     return line;
 }
 
 void CFeatureEditor::show(const SFeature& feature)
 {
-    m_shown = feature.plainValue;
+    m_feature = feature;
     m_editor->setEnabled(feature.isWritable);
     QStringList help{feature.isLocked ? tr("Cannot be changed now") : QString(), feature.range, feature.help};
     help.removeAll({});
     m_editor->setToolTip(help.join(QLatin1Char('\n')));
-    const QSignalBlocker blocker(m_editor);
-    if (auto* const box = qobject_cast<QCheckBox*>(m_editor))
-        box->setChecked(m_shown == QLatin1String("true") || m_shown == QLatin1String("1"));
-    else if (qobject_cast<QComboBox*>(m_editor))
-        showChoices(feature);
-    else if (auto* const number = qobject_cast<QDoubleSpinBox*>(m_editor)) {
-        const bool isTyped = number->hasFocus() && number->cleanText() != number->textFromValue(number->value());
-        if (!isTyped)
-            showNumber(feature);
-    } else if (auto* const line = qobject_cast<QLineEdit*>(m_editor)) {
-        if (!line->isModified() || !line->hasFocus())
-            line->setText(m_shown);
-    }
+    if (!m_typed.isThere())
+        showValue();
 }
 
-void CFeatureEditor::showNumber(const SFeature& feature)
+void CFeatureEditor::showValue()
 {
-    auto* const box = static_cast<QDoubleSpinBox*>(m_editor);
-    const double value = m_shown.toDouble();
-    box->setRange(std::max(feature.least.value_or(-mostExact), -mostExact),
-                  std::min(feature.most.value_or(mostExact), mostExact));
-    if (isInteger(feature))
-        box->setSingleStep(feature.step);
+    const QSignalBlocker blocker(m_editor);
+    const QString& value = m_feature.plainValue;
+    if (auto* const box = qobject_cast<QCheckBox*>(m_editor))
+        box->setChecked(value == QLatin1String("true") || value == QLatin1String("1"));
+    else if (auto* const choices = qobject_cast<QComboBox*>(m_editor))
+        showChoices(choices);
+    else if (auto* const number = qobject_cast<QDoubleSpinBox*>(m_editor))
+        showNumber(number);
+    else if (auto* const line = qobject_cast<QLineEdit*>(m_editor))
+        line->setText(value);
+}
+
+void CFeatureEditor::showNumber(QDoubleSpinBox* box) const
+{
+    box->setRange(std::max(m_feature.least.value_or(-mostExact), -mostExact),
+                  std::min(m_feature.most.value_or(mostExact), mostExact));
+    if (isInteger(m_feature))
+        box->setSingleStep(m_feature.step);
     else
         box->setStepType(QAbstractSpinBox::AdaptiveDecimalStepType);
-    box->setSuffix(feature.unit.isEmpty() ? QString() : QLatin1Char(' ') + feature.unit);
-    box->setValue(value);
+    box->setSuffix(m_feature.unit.isEmpty() ? QString() : QLatin1Char(' ') + m_feature.unit);
+    box->setValue(m_feature.plainValue.toDouble());
 }
 
-void CFeatureEditor::showChoices(const SFeature& feature)
+void CFeatureEditor::showChoices(QComboBox* box) const
 {
-    auto* const box = static_cast<QComboBox*>(m_editor);
-    QStringList choices = feature.choices;
-    if (!choices.contains(m_shown))
-        choices.prepend(m_shown);
+    QStringList choices = m_feature.choices;
+    if (!choices.contains(m_feature.plainValue))
+        choices.prepend(m_feature.plainValue);
     box->clear();
     box->addItems(choices);
-    box->setCurrentText(m_shown);
+    box->setCurrentText(m_feature.plainValue);
+}
+
+void CFeatureEditor::send(const QString& value)
+{
+    m_typed.clear();
+    Q_EMIT edited(value);
 }
 
 bool CFeatureEditor::eventFilter(QObject* watched, QEvent* event)

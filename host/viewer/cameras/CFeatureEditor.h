@@ -4,8 +4,12 @@
 #pragma once
 
 #include "host/camera/CFeatures.h"
+#include "host/viewer/base/CTypedText.h"
 
 #include <QWidget>
+
+class QComboBox;
+class QDoubleSpinBox;
 
 namespace Host {
 
@@ -25,7 +29,8 @@ class CFeatureEditor : public QWidget
 public:
     explicit CFeatureEditor(const SFeature& feature, QWidget* parent = nullptr);
 
-    /// Shows \a feature, which has the same name and type as the one before. What a person is typing stays.
+    /// Shows \a feature, which has the same name and type as the one before. What a person is typing stays until it is
+    /// sent.
     void show(const SFeature& feature);
 
     static QString runText() { return tr("Run"); }
@@ -38,14 +43,17 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QWidget* makeEditor(const SFeature& feature);
-    QWidget* makeNumber(const SFeature& feature);
+    QWidget* makeEditor();
+    QWidget* makeNumber();
     QWidget* makeText();
-    void showNumber(const SFeature& feature);
-    void showChoices(const SFeature& feature);
+    void showValue();
+    void showNumber(QDoubleSpinBox* box) const;
+    void showChoices(QComboBox* box) const;
+    void send(const QString& value);
 
+    SFeature m_feature; // as the camera told it last
     QWidget* m_editor = nullptr;
-    QString m_shown; // the camera's value
+    CTypedText m_typed;
 };
 
 } // namespace Host

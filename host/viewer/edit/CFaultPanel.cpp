@@ -110,7 +110,7 @@ void CFaultPanel::showFaults(const QByteArray& text, const CNodeScene* scene)
         const Core::CId id = scene ? nodeOfFault(document, fault) : Core::CId();
         const CNodeBase* const node = scene ? nodeOf(*scene, id) : nullptr;
         if (scene)
-            row.place = node ? modelText(node->nodeDataModel()->caption()) : tr("scene");
+            row.place = node ? captionText(*node->nodeDataModel()) : tr("scene");
         row.node = node ? id : Core::CId();
         rows.push_back(row);
     }

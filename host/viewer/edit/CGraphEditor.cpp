@@ -77,6 +77,29 @@ void CGraphEditor::setPositions(const NodePositions& positions)
 
 Core::CId CGraphEditor::addNode(const QString& modelName, QPointF position)
 {
+    const Core::CId id = makeNode(modelName, position);
+    if (id != Core::CId())
+        recordAdded(tr("Add '%1'").arg(captionOf(id)), {id});
+    return id;
+}
+
+Core::CId CGraphEditor::addConnectedNode(const QString& modelName, QPointF position, const SPort& out,
+                                         const QMap<QString, QString>& settings, const QString& text)
+{
+    const Core::CId id = makeNode(modelName, position);
+    if (id == Core::CId())
+        return {};
+    for (auto each = settings.begin(); each != settings.end(); ++each)
+        applySetting(id, each.key(), each.value());
+    makeConnection(out, {id, ENodePortType::In, 0});
+    if (!node(id))
+        return {}; // who hears of it may remove it
+    recordAdded(text, {id});
+    return id;
+}
+
+Core::CId CGraphEditor::makeNode(const QString& modelName, QPointF position)
+{
     if (!m_scene)
         return {};
     Core::CId id;
@@ -96,7 +119,6 @@ Core::CId CGraphEditor::addNode(const QString& modelName, QPointF position)
         return {};
     }
     setPositions({{id.toString(), position}});
-    recordAdded(tr("Add '%1'").arg(captionOf(id)), {id});
     return id;
 }
 
@@ -133,10 +155,22 @@ bool CGraphEditor::remove(const std::vector<Core::CId>& nodes, const std::vector
 
 bool CGraphEditor::connectPorts(const SPort& out, const SPort& in)
 {
-    if (!m_scene)
+    const SGraphPart part = makeConnection(out, in);
+    if (part.connections.empty())
         return false;
-    if (out.side != ENodePortType::Out || !fits(*m_scene, out, in))
-        return refuse(tr("These ports do not fit"));
+    const QString text = tr("Connect '%1' to '%2'").arg(captionOf(out.node), captionOf(in.node));
+    m_undoStack.push(new CStructureStep(text, *this, {}, part));
+    return true;
+}
+
+SGraphPart CGraphEditor::makeConnection(const SPort& out, const SPort& in)
+{
+    if (!m_scene)
+        return {};
+    if (out.side != ENodePortType::Out || !fits(*m_scene, out, in)) {
+        refuse(tr("These ports do not fit"));
+        return {};
+    }
     std::shared_ptr<CNodeConnection> made;
     const QString error = attempt(tr("The connection"), [&] {
         made = m_scene->createConnection(*node(in.node), in.index, *node(out.node), out.index,
@@ -144,11 +178,9 @@ bool CGraphEditor::connectPorts(const SPort& out, const SPort& in)
         return made != nullptr;
     });
     const SGraphPart part = made ? partOf(*made) : SGraphPart();
-    if (!error.isEmpty() || part.connections.empty())
-        return refuse(error.isEmpty() ? tr("The connection was removed at once") : error);
-    const QString text = tr("Connect '%1' to '%2'").arg(captionOf(out.node), captionOf(in.node));
-    m_undoStack.push(new CStructureStep(text, *this, {}, part));
-    return true;
+    if (part.connections.empty())
+        refuse(error.isEmpty() ? tr("The connection was removed at once") : error);
+    return part;
 }
 
 bool CGraphEditor::setSetting(const Core::CId& id, const QString& name, const QString& value, int gesture)
@@ -188,11 +220,11 @@ void CGraphEditor::moveNodes(const NodePositions& positions)
     m_undoStack.push(new CMoveStep(text, *this, from, to));
 }
 
-void CGraphEditor::exchange(SGraphPart* out, const SGraphPart& in)
+int CGraphEditor::exchange(SGraphPart* out, const SGraphPart& in)
 {
     if (!m_scene) {
         refuse(tr("The scene is gone"));
-        return;
+        return 0;
     }
     takeOut(*m_scene, out, m_positions);
     // Before the nodes: whoever draws them knows at once where.
@@ -203,6 +235,7 @@ void CGraphEditor::exchange(SGraphPart* out, const SGraphPart& in)
         Q_EMIT positionsChanged();
     if (missing > 0)
         refuse(tr("Not everything could be brought back: %n parts are missing", nullptr, missing));
+    return missing;
 }
 
 void CGraphEditor::applySetting(const Core::CId& id, const QString& name, const QString& value)
@@ -222,7 +255,7 @@ void CGraphEditor::recordAdded(const QString& text, const std::vector<Core::CId>
 QString CGraphEditor::captionOf(const Core::CId& id) const
 {
     const CNodeBase* const found = node(id);
-    return found ? modelText(found->nodeDataModel()->caption()) : QString();
+    return found ? captionText(*found->nodeDataModel()) : QString();
 }
 
 QString CGraphEditor::removalText(const SGraphPart& part) const

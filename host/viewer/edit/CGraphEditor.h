@@ -69,6 +69,11 @@ public:
     /// Returns the new node's id; no id if there is no such model.
     Core::CId addNode(const QString& modelName, QPointF position);
 
+    /// The same with these settings, and connected to \a out: one step, called \a text. A setting or a connection that
+    /// is refused is left out.
+    Core::CId addConnectedNode(const QString& modelName, QPointF position, const SPort& out,
+                               const QMap<QString, QString>& settings, const QString& text);
+
     /// Removes these nodes with all their connections, and these connections.
     bool remove(const std::vector<Core::CId>& nodes, const std::vector<Core::CId>& connections);
 
@@ -80,6 +85,10 @@ public:
     bool setSetting(const Core::CId& id, const QString& name, const QString& value, int gesture = 0);
 
     void moveNodes(const NodePositions& positions);
+
+    /// Removes \a out, which becomes what it was at that moment, and adds \a in, as takeOut() and putBack() do. It is
+    /// no step. Returns how many parts of \a in are missing, of which refused() tells, too.
+    int exchange(SGraphPart* out, const SGraphPart& in);
 
     /// Copies the nodes with the connections between them; returns the new ones.
     std::vector<Core::CId> duplicate(const std::vector<Core::CId>& nodes, QPointF offset);
@@ -102,11 +111,12 @@ Q_SIGNALS:
 
 private:
     friend class CSettingStep;
-    friend class CStructureStep;
 
-    /// Removes \a out, which becomes what it was at that moment, and adds \a in.
-    void exchange(SGraphPart* out, const SGraphPart& in);
     void applySetting(const Core::CId& id, const QString& name, const QString& value);
+
+    // What is made, before it is a step; nothing if it is refused.
+    Core::CId makeNode(const QString& modelName, QPointF position);
+    SGraphPart makeConnection(const SPort& out, const SPort& in);
 
     std::vector<Core::CId> addPart(const SGraphPart& part, const QString& text);
     void recordAdded(const QString& text, const std::vector<Core::CId>& nodes);

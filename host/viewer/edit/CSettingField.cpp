@@ -62,10 +62,7 @@ public:
     {
         QLocale words = locale();
         words.setNumberOptions(words.numberOptions() | QLocale::OmitGroupSeparator);
-        int decimals = 0;
-        while (decimals < mostDecimals && words.toDouble(words.toString(value, 'f', decimals)) != value)
-            ++decimals;
-        return words.toString(value, 'f', decimals);
+        return words.toString(value, 'f', QLocale::FloatingPointShortest);
     }
 };
 
@@ -131,7 +128,7 @@ void CSettingField::showValue(const QString& value)
 {
     m_value = value;
     m_reset->setEnabled(value != m_default);
-    if (m_isTyping)
+    if (m_typed.isThere())
         return;
     const QSignalBlocker blocker(m_editor);
     m_show(value);
@@ -194,8 +191,7 @@ void CSettingField::makeSpinBox(const SModelSetting& setting, const std::optiona
     m_show = [box](const QString& value) { box->setValue(value.toInt()); };
     connect(box, QOverload<int>::of(&QSpinBox::valueChanged), this,
             [this](int value) { announce(QString::number(value)); });
-    watchTyping(box->findChild<QLineEdit*>());
-    connect(box, &QSpinBox::editingFinished, this, &CSettingField::onEditingFinished);
+    keepTyped(*box);
 }
 
 void CSettingField::makeDoubleSpinBox(const std::optional<SSettingBounds>& bounds)
@@ -208,9 +204,8 @@ void CSettingField::makeDoubleSpinBox(const std::optional<SSettingBounds>& bound
     box->setKeyboardTracking(false);
     m_show = [box](const QString& value) { box->setValue(value.toDouble()); };
     connect(box, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
-            [this](double value) { announce(QString::number(value, 'g', 12)); });
-    watchTyping(box->findChild<QLineEdit*>());
-    connect(box, &QDoubleSpinBox::editingFinished, this, &CSettingField::onEditingFinished);
+            [this](double value) { announce(QString::number(value, 'f', QLocale::FloatingPointShortest)); });
+    keepTyped(*box);
 }
 
 void CSettingField::makeComboBox(const QStringList& words)
@@ -229,31 +224,20 @@ void CSettingField::makeLineEdit()
     auto* const edit = new QLineEdit(this);
     m_editor = edit;
     m_show = [edit](const QString& value) { edit->setText(value); };
-    connect(edit, &QLineEdit::editingFinished, this, [this, edit] {
-        if (edit->isModified())
-            announce(edit->text());
-    });
-    watchTyping(edit);
-    connect(edit, &QLineEdit::editingFinished, this, &CSettingField::onEditingFinished);
-}
-
-void CSettingField::watchTyping(QLineEdit* edit)
-{
-    connect(edit, &QLineEdit::textEdited, this, [this] { m_isTyping = true; });
+    m_typed.watch(*edit);
+    connect(&m_typed, &CTypedText::ended, this, [this, edit] { announce(edit->text()); });
 }
 
 // Typed text that says nothing new is not announced: the value may have changed meanwhile.
-void CSettingField::onEditingFinished()
+void CSettingField::keepTyped(QAbstractSpinBox& box)
 {
-    if (!m_isTyping)
-        return;
-    m_isTyping = false;
-    showValue(m_value);
+    m_typed.watch(box);
+    connect(&m_typed, &CTypedText::ended, this, [this] { showValue(m_value); });
 }
 
 void CSettingField::announce(const QString& value)
 {
-    m_isTyping = false;
+    m_typed.clear();
     Q_EMIT changed(m_name, value, m_gesture);
 }
 

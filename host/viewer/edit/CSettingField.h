@@ -5,6 +5,7 @@
 
 #include "host/base/SettingRange.h"
 #include "host/models/ModelSettings.h"
+#include "host/viewer/base/CTypedText.h"
 
 #include <QString>
 #include <QWidget>
@@ -13,7 +14,6 @@
 #include <optional>
 
 class QLabel;
-class QLineEdit;
 class QToolButton;
 
 namespace Host {
@@ -58,8 +58,7 @@ private:
     void makeDoubleSpinBox(const std::optional<SSettingBounds>& bounds);
     void makeComboBox(const QStringList& words);
     void makeLineEdit();
-    void watchTyping(QLineEdit* edit);
-    void onEditingFinished();
+    void keepTyped(QAbstractSpinBox& box);
     void announce(const QString& value);
     void retranslate();
 
@@ -69,8 +68,8 @@ private:
     QToolButton* m_reset = nullptr;
     QLabel* m_problem = nullptr;
     std::function<void(const QString&)> m_show;
-    QString m_value;         // as the model has it
-    bool m_isTyping = false; // there is text that is not announced yet
+    QString m_value; // as the model has it
+    CTypedText m_typed;
     int m_gesture = 1;
 };
 

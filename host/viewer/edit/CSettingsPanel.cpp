@@ -174,7 +174,7 @@ void CSettingsPanel::retranslate()
 {
     setAccessibleName(tr("Settings"));
     CNodeDataModel* const model = m_model;
-    m_title->setText(model ? modelText(model->caption()) : tr("Settings"));
+    m_title->setText(model ? captionText(*model) : tr("Settings"));
     m_hint->setText(model ? tr("This node has no settings.") : tr("Choose a node to see its settings."));
     m_hint->setVisible(m_fields.empty());
 }

@@ -36,6 +36,7 @@ CGraphCanvas::CGraphCanvas(CGraphEditor& editor, QObject* parent)
     m_syncTimer.setSingleShot(true);
     m_syncTimer.setInterval(framePeriod);
     connect(&m_syncTimer, &QTimer::timeout, this, &CGraphCanvas::sync);
+    m_pulseTimer.setObjectName(QStringLiteral("pulse"));
     m_pulseTimer.setInterval(pulsePeriod);
     connect(&m_pulseTimer, &QTimer::timeout, this, &CGraphCanvas::pulse);
     m_pulseTimer.start();
@@ -88,26 +89,6 @@ CNodeItem* CGraphCanvas::nodeItem(const Core::CId& node) const
 {
     const auto found = m_nodes.find(node);
     return found == m_nodes.end() ? nullptr : found->second;
-}
-
-std::vector<Core::CId> CGraphCanvas::selectedNodes() const
-{
-    std::vector<Core::CId> ids;
-    for (const auto& entry : m_nodes) {
-        if (entry.second->isSelected())
-            ids.push_back(entry.first);
-    }
-    return ids;
-}
-
-std::vector<Core::CId> CGraphCanvas::selectedConnections() const
-{
-    std::vector<Core::CId> ids;
-    for (const auto& entry : m_connections) {
-        if (entry.second->isSelected())
-            ids.push_back(entry.first);
-    }
-    return ids;
 }
 
 SPort CGraphCanvas::portAt(QPointF point) const

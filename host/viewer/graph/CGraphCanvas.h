@@ -100,6 +100,7 @@ Q_SIGNALS:
 
 protected:
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
+    void mouseDoubleClickEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseMoveEvent(QGraphicsSceneMouseEvent* event) override;
     void mouseReleaseEvent(QGraphicsSceneMouseEvent* event) override;
     void dragEnterEvent(QGraphicsSceneDragDropEvent* event) override;
@@ -135,7 +136,7 @@ private:
     std::map<Core::CId, CConnectionItem*> m_connections;
     std::unique_ptr<CPortDrag> m_drag;
     QTimer m_syncTimer;
-    QTimer m_pulseTimer;
+    QTimer m_pulseTimer{this};
     QElapsedTimer m_sinceMeasured;
 };
 

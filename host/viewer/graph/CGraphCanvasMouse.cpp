@@ -12,36 +12,10 @@
 #include <QGraphicsSceneDragDropEvent>
 #include <QGraphicsSceneMouseEvent>
 #include <QMimeData>
-#include <QSignalBlocker>
-
-#include <utility>
 
 namespace Host {
 
 using namespace Plugin::Halvex;
-
-void CGraphCanvas::select(const std::vector<Core::CId>& nodes)
-{
-    sync();
-    changeSelection([this, &nodes] {
-        clearSelection();
-        for (const Core::CId& id : nodes) {
-            if (CNodeItem* const item = nodeItem(id))
-                item->setSelected(true);
-        }
-    });
-}
-
-void CGraphCanvas::changeSelection(const std::function<void()>& change)
-{
-    const auto before = std::make_pair(selectedNodes(), selectedConnections());
-    {
-        const QSignalBlocker quiet(this);
-        change();
-    }
-    if (before != std::make_pair(selectedNodes(), selectedConnections()))
-        Q_EMIT selectionChanged();
-}
 
 void CGraphCanvas::mousePressEvent(QGraphicsSceneMouseEvent* event)
 {
@@ -55,6 +29,11 @@ void CGraphCanvas::mousePressEvent(QGraphicsSceneMouseEvent* event)
     if (m_drag)
         m_drag->moveTo(event->scenePos());
     event->accept();
+}
+
+void CGraphCanvas::mouseDoubleClickEvent(QGraphicsSceneMouseEvent* event)
+{
+    changeSelection([this, event] { QGraphicsScene::mouseDoubleClickEvent(event); });
 }
 
 void CGraphCanvas::mouseMoveEvent(QGraphicsSceneMouseEvent* event)

@@ -3,10 +3,10 @@
 
 #pragma once
 
+#include "host/viewer/base/CRateMeter.h"
 #include "host/viewer/edit/SPort.h"
 #include "host/viewer/graph/CNodeActivity.h"
 #include "host/viewer/graph/SNodeLook.h"
-#include "host/viewer/images/CRateMeter.h"
 
 #include <QGraphicsItem>
 #include <QPointer>

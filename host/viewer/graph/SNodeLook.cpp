@@ -70,7 +70,7 @@ QString categoryOf(const CNodeDataModelRegistry* registry, const QString& name)
 SNodeLook lookOf(CNodeDataModel& model, const CNodeDataModelRegistry* registry)
 {
     SNodeLook look;
-    look.caption = modelText(model.caption());
+    look.caption = captionText(model);
     look.category = modelText(categoryOf(registry, model.name()));
     look.kind = kindOf(model);
     look.inputs = portsOf(model, ENodePortType::In);

@@ -8,6 +8,7 @@ target_sources(HalvexHostViewer PRIVATE
   graph/CGraphCanvas.h
   graph/CGraphCanvasMouse.cpp
   graph/CGraphCanvasPlaces.cpp
+  graph/CGraphCanvasSelection.cpp
   graph/CGraphOverview.cpp
   graph/CGraphOverview.h
   graph/CGraphSearch.cpp

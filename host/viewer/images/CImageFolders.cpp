@@ -31,7 +31,7 @@ void CImageFolders::setImages(const QString& folder)
     if (folder == m_images)
         return;
     m_images = folder;
-    Q_EMIT changed();
+    Q_EMIT imagesChanged(folder);
 }
 
 void CImageFolders::setRecordings(const QString& folder)
@@ -39,7 +39,7 @@ void CImageFolders::setRecordings(const QString& folder)
     if (folder == m_recordings)
         return;
     m_recordings = folder;
-    Q_EMIT changed();
+    Q_EMIT recordingsChanged(folder);
 }
 
 } // namespace Host

@@ -12,7 +12,7 @@ namespace Host {
  * The folders that a person chose last for images and for recordings, the same for all docks. The person's pictures
  * folder before the first choice.
  *
- * It remembers nothing beyond the program: whoever does, listens to changed().
+ * It remembers nothing beyond the program: whoever does, listens to the signals.
  *
  * Threads: the window's.
  */
@@ -31,8 +31,9 @@ public:
     void setRecordings(const QString& folder);
 
 Q_SIGNALS:
-    /// Another folder was set.
-    void changed();
+    /// Another folder was set; empty for the pictures folder.
+    void imagesChanged(const QString& folder);
+    void recordingsChanged(const QString& folder);
 
 private:
     QString m_images;

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "host/viewer/images/CRateMeter.h"
+#include "host/viewer/base/CRateMeter.h"
 #include "host/viewer/images/RenderImage.h"
 
 #include <QPoint>

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "host/viewer/images/CTaskRunner.h"
+#include "host/viewer/base/CTaskRunner.h"
 #include "host/viewer/images/RenderImage.h"
 
 #include <QPoint>

@@ -20,12 +20,8 @@ target_sources(HalvexHostViewer PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/CMessageLabel.h
   ${CMAKE_CURRENT_LIST_DIR}/CRangeBar.cpp
   ${CMAKE_CURRENT_LIST_DIR}/CRangeBar.h
-  ${CMAKE_CURRENT_LIST_DIR}/CRateMeter.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/CRateMeter.h
   ${CMAKE_CURRENT_LIST_DIR}/CStatisticsTable.cpp
   ${CMAKE_CURRENT_LIST_DIR}/CStatisticsTable.h
-  ${CMAKE_CURRENT_LIST_DIR}/CTaskRunner.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/CTaskRunner.h
   ${CMAKE_CURRENT_LIST_DIR}/CViewModel.cpp
   ${CMAKE_CURRENT_LIST_DIR}/CViewModel.h
   ${CMAKE_CURRENT_LIST_DIR}/ImageColors.cpp

@@ -9,7 +9,9 @@
 #include "host/viewer/window/CScenePage.h"
 #include "host/viewer/window/CSceneTabs.h"
 
+#ifdef HALVEX_HAS_MALLINFO2
 #include <malloc.h>
+#endif
 
 namespace Host {
 
@@ -20,11 +22,20 @@ namespace {
 constexpr int interval = 50; // milliseconds
 constexpr int editsOfRound = 100;
 
+#ifdef HALVEX_HAS_MALLINFO2
+constexpr bool isHeapKnown = true;
 qint64 heapInUse()
 {
     const auto heap = mallinfo2();
     return qint64(heap.uordblks) + qint64(heap.hblkhd);
 }
+#else
+constexpr bool isHeapKnown = false;
+qint64 heapInUse()
+{
+    return 0;
+}
+#endif
 
 } // namespace
 
@@ -34,6 +45,11 @@ CRandomEdits::CRandomEdits(CSceneTabs& tabs, unsigned int seed)
 {
     connect(&m_timer, &QTimer::timeout, this, &CRandomEdits::edit);
     m_timer.start(interval);
+}
+
+bool CRandomEdits::knowsHeap()
+{
+    return isHeapKnown;
 }
 
 void CRandomEdits::edit()

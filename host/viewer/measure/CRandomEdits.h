@@ -14,9 +14,9 @@ namespace Host {
 class CSceneTabs;
 
 /**
- * Edits of the shown scene by random, twenty a second: nodes come, are connected, set, duplicated and go, with undo
- * and redo. After a hundred of them all is undone and the history forgotten, so that what is there then is what was
- * there before; the heap that is in use is noted then.
+ * Edits of the shown scene by random, twenty a second: nodes come, are connected, duplicated and go, with undo and
+ * redo. After a hundred of them all is undone and the history forgotten, so that what is there then is what was there
+ * before; the heap that is in use is noted then.
  *
  * Threads: the main thread. \a tabs outlives this object.
  */
@@ -29,7 +29,10 @@ public:
 
     int edits() const { return m_edits; }
 
-    /// Bytes, each time that all was undone.
+    /// Whether the C library tells how much of the heap is in use.
+    static bool knowsHeap();
+
+    /// Bytes, each time that all was undone; 0 where it is not known.
     const std::vector<qint64>& heap() const { return m_heap; }
 
 private:

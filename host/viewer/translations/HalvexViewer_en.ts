@@ -914,6 +914,10 @@
         <source>nothing of &apos;%1&apos; could be made</source>
         <translation>nothing of &apos;%1&apos; could be made</translation>
     </message>
+    <message>
+        <source>the scene cannot be cleared</source>
+        <translation>the scene cannot be cleared</translation>
+    </message>
 </context>
 <context>
     <name>Host::CSceneTabs</name>

@@ -906,6 +906,10 @@
         <source>nothing of &apos;%1&apos; could be made</source>
         <translation>「%1」の要素を1つも作成できませんでした</translation>
     </message>
+    <message>
+        <source>the scene cannot be cleared</source>
+        <translation>シーンを空にできません</translation>
+    </message>
 </context>
 <context>
     <name>Host::CSceneTabs</name>

@@ -906,6 +906,10 @@
         <source>nothing of &apos;%1&apos; could be made</source>
         <translation>‘%1’의 요소를 하나도 만들 수 없었습니다</translation>
     </message>
+    <message>
+        <source>the scene cannot be cleared</source>
+        <translation>장면을 비울 수 없습니다</translation>
+    </message>
 </context>
 <context>
     <name>Host::CSceneTabs</name>

@@ -906,6 +906,10 @@
         <source>nothing of &apos;%1&apos; could be made</source>
         <translation>无法创建“%1”中的任何内容</translation>
     </message>
+    <message>
+        <source>the scene cannot be cleared</source>
+        <translation>无法清空场景</translation>
+    </message>
 </context>
 <context>
     <name>Host::CSceneTabs</name>

@@ -12,19 +12,23 @@
 
 #include <QGuiApplication>
 #include <QMainWindow>
-#include <QTimer>
 
 #include <algorithm>
-#include <chrono>
 
 namespace Host {
 
 using namespace Plugin::Halvex;
 
-CImageDocks::CImageDocks(QMainWindow& window)
+CImageDocks::CImageDocks(QMainWindow& window, CViewerSettings& settings)
     : QObject(&window)
     , m_window(window)
 {
+    m_folders.setImages(settings.imageFolder());
+    m_folders.setRecordings(settings.recordFolder());
+    connect(&m_folders, &CImageFolders::imagesChanged, this,
+            [&settings](const QString& folder) { settings.setImageFolder(folder); });
+    connect(&m_folders, &CImageFolders::recordingsChanged, this,
+            [&settings](const QString& folder) { settings.setRecordFolder(folder); });
     connect(qGuiApp, &QGuiApplication::lastWindowClosed, this, &CImageDocks::endRecordings);
 }
 
@@ -33,16 +37,6 @@ void CImageDocks::watch(CNodeScene& scene)
     connect(&scene, &CNodeScene::nodeCreated, this, &CImageDocks::addDock);
     for (const auto& node : scene.nodes())
         addDock(*node.second);
-}
-
-void CImageDocks::remember(CViewerSettings& settings)
-{
-    m_folders.setImages(settings.imageFolder());
-    m_folders.setRecordings(settings.recordFolder());
-    connect(&m_folders, &CImageFolders::changed, this, [this, &settings] {
-        settings.setImageFolder(m_folders.images());
-        settings.setRecordFolder(m_folders.recordings());
-    });
 }
 
 void CImageDocks::addDock(CNodeBase& node)
@@ -105,10 +99,8 @@ QString CImageDocks::freeName() const
 
 void CImageDocks::endRecordings()
 {
-    constexpr std::chrono::seconds longestWait{30}; // a disk may never answer
     for (const CImageDock* const dock : qAsConst(m_docks))
         dock->recorder().stop();
-    QTimer::singleShot(longestWait, qGuiApp, &QCoreApplication::quit);
 }
 
 } // namespace Host

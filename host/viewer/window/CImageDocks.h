@@ -26,7 +26,7 @@ class CViewerSettings;
  * A new one goes where the window remembers it, else beside the others above the graph: four in a row, more as tabs.
  *
  * When the program's last window is closed, recordings end; the program goes on without a window until all is written,
- * for 30 s at most.
+ * as long as CViewerWindow lets it.
  *
  * Ownership: the window owns the docks. Threads: the main thread.
  */
@@ -35,12 +35,10 @@ class CImageDocks : public QObject
     Q_OBJECT
 
 public:
-    explicit CImageDocks(QMainWindow& window);
+    /// Suggests the folders of \a settings, which outlives this object, and keeps there what a person chooses.
+    CImageDocks(QMainWindow& window, CViewerSettings& settings);
 
     void watch(Plugin::Halvex::CNodeScene& scene);
-
-    /// Suggests the folders of \a settings, which outlives this object, and keeps there what a person chooses.
-    void remember(CViewerSettings& settings);
 
     /// In the order in which they came.
     const QList<CImageDock*>& docks() const { return m_docks; }

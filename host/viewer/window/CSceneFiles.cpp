@@ -99,18 +99,22 @@ QString CSceneFiles::replace(CScenePage& page, CNodeBase& camera, const NodePosi
     takeOut(*scene, &former, formerPositions);
     // Before the nodes, which are placed by themselves else.
     editor.setPositions(positions);
-    const QString error = scene && kept ? CSceneLoader(*scene, *kept).load(document) : tr("the scene is gone");
+    QString error;
+    if (scene && kept)
+        error = idsBesides(*scene, cameraId).empty() ? CSceneLoader(*scene, *kept).load(document)
+                                                     : tr("the scene cannot be cleared");
+    if (!scene || !kept)
+        error = tr("the scene is gone");
     if (error.isEmpty()) {
         editor.undoStack().clear();
         page.setFile(file);
         return {};
     }
-    if (scene) {
-        SGraphPart made = partOf(*scene, idsBesides(*scene, cameraId), {});
-        takeOut(*scene, &made, {});
-    }
-    editor.setPositions(formerPositions);
-    if (scene && putBack(*scene, former) > 0) {
+    if (!scene)
+        return error;
+    SGraphPart made = partOf(*scene, idsBesides(*scene, cameraId), {});
+    former.positions = formerPositions; // the camera's too
+    if (editor.exchange(&made, former) > 0) {
         // What is there now is nobody's document: nothing may be saved over one without a question.
         editor.undoStack().clear();
         editor.undoStack().resetClean();

@@ -118,7 +118,7 @@ QString CThreadWatch::suspects() const
     }
     QStringList names;
     for (const CNodeBase* const node : nodes)
-        names << modelText(node->nodeDataModel()->caption());
+        names << captionText(*node->nodeDataModel());
     names.sort(); // the table's order means nothing
     names.removeDuplicates();
     return names.join(QStringLiteral(", "));

@@ -51,7 +51,7 @@ CViewerWindow::CViewerWindow(const SParts& parts, QWidget* parent)
     setCentralWidget(m_tabs);
     resize(180 * gridStep, 112 * gridStep);
     m_docks = new CViewerDocks(*this, *m_sessions, parts.service, parts.models, m_history);
-    m_images = new CImageDocks(*this);
+    m_images = new CImageDocks(*this, parts.settings);
     m_status = new CViewerStatus(*statusBar(), *m_sessions);
     m_menus = new CViewerMenus(*this, m_history, parts.settings);
     m_palette = new CCommandPalette(this);
@@ -83,6 +83,10 @@ void CViewerWindow::connectParts()
     connect(m_sessions, &CCameraSessions::opened, this, &CViewerWindow::onOpened);
     connect(m_images, &CImageDocks::changed, m_menus, &CViewerMenus::update);
     connect(m_watch, &CThreadWatch::heldUp, m_status, &CViewerStatus::tellHeldUp);
+    connect(qGuiApp, &QGuiApplication::lastWindowClosed, this, [] {
+        constexpr std::chrono::seconds longestWait{30}; // a disk or a camera may never answer
+        QTimer::singleShot(longestWait, qGuiApp, &QCoreApplication::quit);
+    });
     connect(&m_checkTimer, &QTimer::timeout, this, &CViewerWindow::check);
     connect(&m_docks->palette(), &CModelPalette::placeRequested, this, [this](const QString& model) {
         if (const CScenePage* const page = m_tabs->current())
@@ -146,22 +150,9 @@ void CViewerWindow::addImageView()
     if (!camera)
         return;
     CGraphEditor& editor = page->editor();
-    const Core::CId cameraId = camera->id();
-    editor.undoStack().beginMacro(tr("Show the camera's image"));
-    const QPointF beside = editor.positions().value(cameraId.toString()) + QPointF(48 * gridStep, 0);
-    const Core::CId view = editor.addNode(CViewModel::modelName(), beside);
-    const bool isMade = editor.node(view) != nullptr;
-    if (isMade) {
-        editor.setSetting(view, QStringLiteral("viewName"), page->cameraName());
-        editor.connectPorts({cameraId, ENodePortType::Out, 0}, {view, ENodePortType::In, 0});
-    }
-    QUndoStack& steps = editor.undoStack();
-    steps.endMacro();
-    if (isMade)
-        return;
-    // The step does nothing. The stack has no other way to drop one.
-    const_cast<QUndoCommand*>(steps.command(steps.index() - 1))->setObsolete(true);
-    steps.undo();
+    const QPointF beside = editor.positions().value(camera->id().toString()) + QPointF(48 * gridStep, 0);
+    editor.addConnectedNode(CViewModel::modelName(), beside, {camera->id(), ENodePortType::Out, 0},
+                            {{QStringLiteral("viewName"), page->cameraName()}}, tr("Show the camera's image"));
 }
 
 CScenePage* CViewerWindow::newScene(const QString& name)

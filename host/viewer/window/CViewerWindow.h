@@ -49,6 +49,9 @@ class CViewerStatus;
  * return false. What a person does asks first if changes would be lost, without a nested event loop: cameras come and
  * scenes go meanwhile, and a question about a scene goes with it.
  *
+ * When the program's last window is closed, recordings and cameras end; the program goes on without a window until that
+ * is done, for 30 s at most.
+ *
  * Threads: the main thread, in which the graphs run, too.
  */
 class CViewerWindow : public QMainWindow

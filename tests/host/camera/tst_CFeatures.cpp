@@ -11,10 +11,15 @@
 
 #include <algorithm>
 #include <arv.h>
+#include <functional>
+#include <utility>
 
 using namespace Host;
 
 namespace {
+
+const QByteArray widthElement = "<Integer Name=\"Width\" NameSpace=\"Standard\">";
+const QByteArray heightLock = "<pIsLocked>Height</pIsLocked>"; // the height is not 0
 
 GObjectPtr<ArvDevice> fakeDevice()
 {
@@ -38,6 +43,40 @@ GObjectPtr<ArvDevice> changedDevice(const QByteArray& part, const QByteArray& ch
     return device;
 }
 
+/// Counts what is read of fake cameras.
+class CReadCounter
+{
+public:
+    explicit CReadCounter(ArvDevice* device)
+        : m_class(ARV_DEVICE_GET_CLASS(device))
+    {
+        count = 0;
+        readMemory = std::exchange(m_class->read_memory, [](auto... read) { return ++count, readMemory(read...); });
+        readRegister =
+            std::exchange(m_class->read_register, [](auto... read) { return ++count, readRegister(read...); });
+    }
+    ~CReadCounter()
+    {
+        m_class->read_memory = readMemory;
+        m_class->read_register = readRegister;
+    }
+    Q_DISABLE_COPY(CReadCounter)
+
+    static inline int count = 0;
+
+private:
+    static inline decltype(ArvDeviceClass::read_memory) readMemory = nullptr;
+    static inline decltype(ArvDeviceClass::read_register) readRegister = nullptr;
+    ArvDeviceClass* const m_class;
+};
+
+int readsOf(ArvDevice* device, const std::function<bool()>& isGone)
+{
+    const CReadCounter reads(device);
+    (void)CFeatures(device, isGone).all();
+    return CReadCounter::count;
+}
+
 std::vector<SFeature> featuresOf(const std::vector<SFeature>& all, const QString& name)
 {
     std::vector<SFeature> found;
@@ -57,6 +96,8 @@ private Q_SLOTS:
     void wholeNumbers();
     void readOnlyFeature();
     void lockedFeature();
+    void lockIsReadOnce();
+    void nothingIsReadOfACameraThatHasGone();
     void categoryInItself();
     void outsideOfAllCategories();
     void plainValues();
@@ -96,14 +137,35 @@ void tst_CFeatures::readOnlyFeature()
 // One that may be written at another time is not called read only.
 void tst_CFeatures::lockedFeature()
 {
-    const QByteArray width = "<Integer Name=\"Width\" NameSpace=\"Standard\">";
-    const auto device = changedDevice(width, width + "<pIsLocked>Height</pIsLocked>"); // the height is not 0
+    const auto device = changedDevice(widthElement, widthElement + heightLock);
     QVERIFY(device.get());
     const CFeatures features(device.get());
     QCOMPARE(features.set("Width", "64"), QStringLiteral("the feature 'Width' cannot be written now"));
     QVERIFY(featuresOf(features.all(), "Width").at(0).isLocked);
     QVERIFY(!featuresOf(features.all(), "Width").at(0).isWritable);
     QVERIFY(!featuresOf(features.all(), "SensorWidth").at(0).isLocked);
+}
+
+void tst_CFeatures::lockIsReadOnce()
+{
+    const auto device = changedDevice(widthElement, widthElement + heightLock);
+    QVERIFY(device.get());
+    const auto isGone = [] { return false; };
+    const int unlocked = readsOf(fakeDevice().get(), isGone);
+    QVERIFY(unlocked > 0);
+    QCOMPARE(readsOf(device.get(), isGone), unlocked + 1);
+}
+
+void tst_CFeatures::nothingIsReadOfACameraThatHasGone()
+{
+    const auto device = changedDevice(widthElement, widthElement + heightLock);
+    QVERIFY(device.get());
+    QCOMPARE(readsOf(device.get(), [] { return true; }), 0);
+    QVERIFY(CFeatures(device.get(), [] { return true; }).all().empty());
+    int asked = 0;
+    const auto few = CFeatures(device.get(), [&asked] { return ++asked > 10; }).all();
+    QVERIFY(!few.empty());
+    QVERIFY(few.size() < 10);
 }
 
 void tst_CFeatures::categoryInItself()

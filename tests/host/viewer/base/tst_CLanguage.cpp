@@ -3,8 +3,6 @@
 
 #include "host/viewer/base/CLanguage.h"
 
-#include "host/viewer/base/ModelText.h"
-
 #include <QEvent>
 #include <QSet>
 #include <QTest>
@@ -35,7 +33,6 @@ private Q_SLOTS:
     void widgetsHearOfAChange();
     void unknownLanguageIsIgnored();
     void textsGoWithTheObject();
-    void textsOfModels();
 };
 
 namespace {
@@ -100,20 +97,6 @@ void tst_CLanguage::textsGoWithTheObject()
         QVERIFY(runText() != "Disconnect");
     }
     QCOMPARE(runText(), QString("Disconnect"));
-}
-
-void tst_CLanguage::textsOfModels()
-{
-    CLanguage language;
-    language.install("ja");
-    QVERIFY(modelText("Blur") != "Blur");
-    QVERIFY(modelText("PNG files: edges").endsWith(": edges"));
-    QVERIFY(!modelText("PNG files: edges").startsWith("PNG files"));
-    QCOMPARE(modelText("Of somebody else"), QString("Of somebody else"));
-    QCOMPARE(modelText("a: b: c"), QString("a: b: c"));
-    QCOMPARE(modelText({}), QString());
-    language.install("en");
-    QCOMPARE(modelText("PNG files: edges"), QString("PNG files: edges"));
 }
 
 QTEST_MAIN(tst_CLanguage)

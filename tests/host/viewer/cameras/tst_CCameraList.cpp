@@ -11,6 +11,7 @@
 #include <QAbstractItemModelTester>
 #include <QSemaphore>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -46,6 +47,7 @@ struct SList
     std::atomic<int> searches{0};
     std::atomic<int> ended{0};
     std::atomic<bool> isThere{true};
+    std::atomic<bool> isThereTwice{false};
     std::atomic<bool> isHeld{false};
     QSemaphore held;
     QSemaphore released;
@@ -58,6 +60,8 @@ struct SList
                          }
                          std::vector<SCameraEntry> found{{"fake", "Aravis", "Fake", {}, {}}};
                          if (isThere)
+                             found.push_back(network);
+                         if (isThereTwice)
                              found.push_back(network);
                          ++ended;
                          return found;
@@ -78,6 +82,7 @@ private Q_SLOTS:
     void foundCamera();
     void statesOfASession();
     void connectedCameraIsListedOnce();
+    void aNameIsListedOnce();
     void rowsStayTheSame();
     void everyStateHasAText();
 };
@@ -153,6 +158,28 @@ void tst_CCameraList::connectedCameraIsListedOnce()
     test.sessions.connectCamera(camera(network.id));
     test.list.setActive(true);
     QTRY_VERIFY(test.searches.load() > 1);
+    QCOMPARE(test.list.rowCount(), 2);
+}
+
+// A camera of the network may have two ways to the computer, and a folder may be called like a camera.
+void tst_CCameraList::aNameIsListedOnce()
+{
+    SList test;
+    test.isThereTwice = true;
+    test.list.setActive(true);
+    QTRY_VERIFY(test.list.indexOf(network.id).isValid());
+    QCOMPARE(test.list.rowCount(), 2);
+    test.isThere = false; // there is another list then
+    QTRY_VERIFY(test.searches.load() > 3);
+    QCOMPARE(test.list.rowCount(), 2);
+
+    const QTemporaryDir folder;
+    SFileOptions files;
+    files.name = network.id;
+    files.place = folder.path();
+    test.sessions.connectCamera(files);
+    test.sessions.connectCamera(camera(network.id));
+    QCOMPARE(test.sessions.all().size(), 2);
     QCOMPARE(test.list.rowCount(), 2);
 }
 

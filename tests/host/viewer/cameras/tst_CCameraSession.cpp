@@ -60,6 +60,7 @@ private Q_SLOTS:
     void nodeRemovedByOthers();
     void endOfTheFilesIsBusyAndTold();
     void closing();
+    void nothingBeginsAfterClosing();
     void closingDoesNotWaitForWhatIsRead();
     void destroyedWhileItStreams();
 };
@@ -259,6 +260,26 @@ void tst_CCameraSession::closing()
     starting->close();
     starting->close();
     QTRY_VERIFY(!starting);
+}
+
+// It would open the camera that is being given back.
+void tst_CCameraSession::nothingBeginsAfterClosing()
+{
+    SHostService service;
+    for (const bool isKnown : {true, false}) {
+        QPointer<CCameraSession> session =
+            new CCameraSession(fake(isKnown ? "fake-1" : "256.1.1.1"), service.nodes, service.models);
+        session->open();
+        QTRY_VERIFY(!session->isBusy());
+        session->close();
+        QVERIFY(session->isBusy());
+        QSignalSpy changes(session, &CCameraSession::changed);
+        session->open();
+        session->start();
+        QVERIFY(changes.isEmpty());
+        QTRY_VERIFY(!session);
+        QVERIFY(changes.isEmpty());
+    }
 }
 
 void tst_CCameraSession::closingDoesNotWaitForWhatIsRead()

@@ -61,6 +61,7 @@ private Q_SLOTS:
     void readOnly();
     void newValueIsShownAndNotSent();
     void whatIsTypedStays();
+    void refusedTextIsSentOnce();
     void wheelWithoutFocusChangesNothing();
 };
 
@@ -205,6 +206,39 @@ void tst_CFeatureEditor::whatIsTypedStays()
     editor.show(number("integer", "250")); // what the camera made of it
     QCOMPARE(box->value(), 250.0);
     QVERIFY(edited.isEmpty());
+    // What comes to what was there before is no change, and gives way to the newer value.
+    box->selectAll();
+    QTest::keyClicks(box, "57");
+    QTest::keyClick(box, Qt::Key_Return);
+    editor.show(number("integer", "57"));
+    edited.clear();
+    box->selectAll();
+    QTest::keyClicks(box, "25");
+    SFeature wider = number("integer", "1059");
+    wider.most = 2000;
+    editor.show(wider);
+    box->selectAll();
+    QTest::keyClicks(box, "57");
+    QTest::keyClick(box, Qt::Key_Return);
+    QCOMPARE(box->value(), 1059.0);
+    QVERIFY(edited.isEmpty());
+}
+
+void tst_CFeatureEditor::refusedTextIsSentOnce()
+{
+    CFeatureEditor editor(feature("text", "left"));
+    QSignalSpy edited(&editor, &CFeatureEditor::edited);
+    auto* const line = find<QLineEdit>(editor);
+    line->selectAll();
+    QTest::keyClicks(line, "right");
+    editor.show(feature("text", "middle"));
+    QCOMPARE(line->text(), QString("right"));
+    QTest::keyClick(line, Qt::Key_Return);
+    QCOMPARE(edited.count(), 1);
+    QTest::keyClick(line, Qt::Key_Return); // as the end of the focus; the camera has not answered yet
+    QCOMPARE(edited.count(), 1);
+    editor.show(feature("text", "middle"));
+    QCOMPARE(line->text(), QString("middle"));
 }
 
 void tst_CFeatureEditor::wheelWithoutFocusChangesNothing()

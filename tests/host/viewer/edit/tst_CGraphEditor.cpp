@@ -23,6 +23,7 @@ private Q_SLOTS:
     void refusesAModelThatIsNotThere();
     void undoOfAnAdditionRemovesAndRedoBringsTheSameId();
     void connectsWithTheConverterOfTheTypes();
+    void addsAConnectedNodeInOneStep();
     void refusesPortsThatDoNotFit();
     void deletesANodeWithItsConnections();
     void undoOfADeletionBringsEverythingBack();
@@ -90,6 +91,25 @@ void tst_CGraphEditor::connectsWithTheConverterOfTheTypes()
     QVERIFY(edited.scene->connections().empty());
     edited.stack().redo();
     QCOMPARE(edited.document(), connected);
+}
+
+void tst_CGraphEditor::addsAConnectedNodeInOneStep()
+{
+    const SEditedScene edited;
+    const QByteArray before = edited.document();
+    const Core::CId blur = edited.editor->addConnectedNode("Blur", {304, 40}, SEditedScene::out(edited.camera),
+                                                           {{"size", "33"}, {"method", "no such method"}}, "Smooth");
+    QCOMPARE(edited.stack().count(), 1);
+    QCOMPARE(edited.stack().undoText(), QStringLiteral("Smooth"));
+    QCOMPARE(edited.refusals.size(), 1); // of the method
+    QCOMPARE(edited.scene->connections().size(), std::size_t(1));
+    const QByteArray added = edited.document();
+    edited.stack().undo();
+    QCOMPARE(edited.document(), before);
+    edited.stack().redo();
+    QCOMPARE(edited.document(), added);
+    QCOMPARE(edited.editor->node(blur)->nodeDataModel()->property("size").toInt(), 33);
+    QCOMPARE(edited.editor->positions().value(blur.toString()), QPointF(304, 40));
 }
 
 void tst_CGraphEditor::refusesPortsThatDoNotFit()

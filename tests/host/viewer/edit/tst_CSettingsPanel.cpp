@@ -73,6 +73,7 @@ private Q_SLOTS:
     void survivesAChangeToldByADyingModel();
     void whatIsTypedStays();
     void smallNumbersAreShown();
+    void noDigitOfANumberIsLost();
     void writesNamesAsWords();
 };
 
@@ -265,6 +266,24 @@ void tst_CSettingsPanel::smallNumbersAreShown()
     QTest::keyClicks(gain, QLocale().toString(0.00025, 'f', 5));
     QTest::keyClick(gain, Qt::Key_Return);
     QCOMPARE(model->gain(), 0.00025);
+}
+
+void tst_CSettingsPanel::noDigitOfANumberIsLost()
+{
+    const SEditedScene edited;
+    CNodeBase& node = edited.scene->createNode(std::make_unique<CTalkativeModel>());
+    auto* const model = qobject_cast<CTalkativeModel*>(node.nodeDataModel());
+    CSettingsPanel panel;
+    panel.show(edited.editor.get(), node.id());
+    auto* const gain = panel.findChild<QDoubleSpinBox*>(QStringLiteral("gain"));
+    gain->selectAll();
+    QTest::keyClicks(gain, QLocale().toString(12345678.123456, 'f', 6).remove(QLocale().groupSeparator()));
+    QTest::keyClick(gain, Qt::Key_Return);
+    QCOMPARE(model->gain(), 12345678.123456);
+    QVERIFY(gain->text().endsWith(QStringLiteral("123456")));
+    edited.stack().undo();
+    edited.stack().redo();
+    QVERIFY(std::abs(model->gain() - 12345678.123456) < 1e-9);
 }
 
 void tst_CSettingsPanel::writesNamesAsWords()

@@ -9,6 +9,7 @@
 #include "support/CTestModel.h"
 
 #include <QAction>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <stdexcept>
@@ -285,6 +286,12 @@ void tst_CGraphCanvas::paintsNothingWhenNothingHappens()
         shown.canvas().measure();
         paint();
     }
+    QCOMPARE(changes, 0);
+    auto* const pulse = shown.canvas().findChild<QTimer*>(QStringLiteral("pulse"));
+    QVERIFY(pulse);
+    const QSignalSpy pulses(pulse, &QTimer::timeout);
+    QTRY_VERIFY(pulses.count() >= 6); // the rates are read meanwhile, too
+    paint();
     QCOMPARE(changes, 0);
     // So it would tell.
     shown.item(blur)->update();

@@ -3,6 +3,7 @@
 
 #include "host/viewer/graph/CGraphView.h"
 
+#include "TestTable.h"
 #include "graph/SShownGraph.h"
 #include "host/viewer/edit/CModelTree.h"
 #include "host/viewer/graph/CGraphOverview.h"
@@ -15,8 +16,13 @@
 #include <QMimeData>
 #include <QTest>
 
+#include <functional>
+
 using namespace Host;
 using namespace Plugin::Halvex;
+
+using Choose = std::function<void(const SShownGraph&, const Core::CId&)>;
+Q_DECLARE_METATYPE(Choose)
 
 class tst_CGraphView : public QObject
 {
@@ -36,6 +42,7 @@ private Q_SLOTS:
     void tabGoesThroughAllNodesAndOn();
     void enterActivatesANode();
     void aNodeMayGoWhileItIsGoneTo();
+    void aNodeMayGoWhileItIsChosen_data();
     void aNodeMayGoWhileItIsChosen();
     void theWheelZoomsAtThePointer();
     void fitShowsAll();
@@ -241,25 +248,38 @@ void tst_CGraphView::aNodeMayGoWhileItIsGoneTo()
     QVERIFY(shown.canvas().selectedNodes().empty());
 }
 
+void tst_CGraphView::aNodeMayGoWhileItIsChosen_data()
+{
+    addColumns<Choose>({"choose"});
+    const auto row = [](const char* name, const Choose& choose) { addRow(name, choose); };
+    row("by the program", [](const SShownGraph& shown, const Core::CId& node) { shown.canvas().select({node}); });
+    row("by a click", [](const SShownGraph& shown, const Core::CId& node) {
+        QTest::mouseClick(shown.view->viewport(), Qt::LeftButton, Qt::NoModifier, shown.at(node));
+    });
+    // Without the click before it, which chooses the node already.
+    row("by a double click", [](const SShownGraph& shown, const Core::CId& node) {
+        const QPoint at = shown.at(node);
+        QMouseEvent twice(QEvent::MouseButtonDblClick, at, shown.view->viewport()->mapToGlobal(at), Qt::LeftButton,
+                          Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(shown.view->viewport(), &twice);
+    });
+}
+
 void tst_CGraphView::aNodeMayGoWhileItIsChosen()
 {
+    QFETCH(Choose, choose);
     const SShownGraph shown;
-    for (const bool isByMouse : {false, true}) {
-        const Core::CId blur = shown.edited.add("Blur", {400, 0});
-        shown.view->fit();
-        const auto heard = connect(shown.view.get(), &CGraphView::nodeSelected, this, [&](const Core::CId& id) {
-            if (id == blur)
-                shown.edited.scene->removeNode(*shown.edited.editor->node(blur));
-        });
-        if (isByMouse)
-            QTest::mouseClick(shown.view->viewport(), Qt::LeftButton, Qt::NoModifier, shown.at(blur));
-        else
-            shown.canvas().select({blur});
-        disconnect(heard);
-        QVERIFY(!shown.edited.editor->node(blur));
-        QVERIFY(shown.canvas().selectedNodes().empty());
-        QCOMPARE(shown.mismatch(), QString());
-    }
+    const Core::CId blur = shown.edited.add("Blur", {400, 0});
+    shown.view->fit();
+    const auto heard = connect(shown.view.get(), &CGraphView::nodeSelected, this, [&](const Core::CId& id) {
+        if (id == blur)
+            shown.edited.scene->removeNode(*shown.edited.editor->node(blur));
+    });
+    choose(shown, blur);
+    disconnect(heard);
+    QVERIFY(!shown.edited.editor->node(blur));
+    QVERIFY(shown.canvas().selectedNodes().empty());
+    QCOMPARE(shown.mismatch(), QString());
 }
 
 void tst_CGraphView::theWheelZoomsAtThePointer()

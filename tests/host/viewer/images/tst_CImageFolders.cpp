@@ -28,12 +28,17 @@ void tst_CImageFolders::picturesBeforeTheFirstChoice()
 void tst_CImageFolders::choicesAreTold()
 {
     CImageFolders folders;
-    const QSignalSpy changed(&folders, &CImageFolders::changed);
+    const QSignalSpy images(&folders, &CImageFolders::imagesChanged);
+    const QSignalSpy recordings(&folders, &CImageFolders::recordingsChanged);
     folders.setImages(QStringLiteral("/images"));
+    QCOMPARE(images.count(), 1);
+    QCOMPARE(images.at(0).at(0).toString(), QStringLiteral("/images"));
+    QCOMPARE(recordings.count(), 0);
     folders.setRecordings(QStringLiteral("/recordings"));
-    QCOMPARE(changed.count(), 2);
+    QCOMPARE(recordings.count(), 1);
+    QCOMPARE(recordings.at(0).at(0).toString(), QStringLiteral("/recordings"));
     folders.setImages(QStringLiteral("/images"));
-    QCOMPARE(changed.count(), 2);
+    QCOMPARE(images.count(), 1);
     QCOMPARE(folders.images(), QStringLiteral("/images"));
     QCOMPARE(folders.recordings(), QStringLiteral("/recordings"));
 }

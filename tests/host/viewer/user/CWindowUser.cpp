@@ -38,7 +38,7 @@ CWindowUser::CWindowUser(unsigned int seed)
     : m_random(seed)
 {
     m_test.settings.setRecordFolder(m_test.folder.path());
-    window().imageDocks().remember(m_test.settings);
+    m_test.makeWindow();
     QApplication::setActiveWindow(&window());
 }
 
@@ -65,6 +65,7 @@ void CWindowUser::trigger(const char* action) const
 
 const char* CWindowUser::act()
 {
+    rememberFirstDocument(); // a camera's scene has come since the last step
     if (answer())
         return "answer";
     const char* what = nullptr;
@@ -239,8 +240,13 @@ const char* CWindowUser::useWindow()
 void CWindowUser::rememberFirstDocument()
 {
     const CScenePage* const shown = page();
-    if (shown && shown->scene() && shown->editor().undoStack().count() == 0)
-        m_firstDocuments[shown->scene()] = documentOf(*shown);
+    const CNodeScene* const scene = shown ? shown->scene() : nullptr;
+    if (!scene || shown->editor().undoStack().count() > 0)
+        return;
+    // A new scene can reuse a freed address.
+    if (!m_firstDocuments.contains(scene))
+        QObject::connect(scene, &QObject::destroyed, &m_watcher, [this, scene] { m_firstDocuments.remove(scene); });
+    m_firstDocuments[scene] = documentOf(*shown);
 }
 
 QString CWindowUser::wrong()

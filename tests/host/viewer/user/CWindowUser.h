@@ -61,4 +61,5 @@ private:
     bool m_isPluggedIn = false;
     std::mt19937 m_random;
     QHash<const QObject*, QByteArray> m_firstDocuments; // of the scenes, before the first step that can be undone
+    QObject m_watcher;                                  // last: it goes first, and hears of nothing then
 };

@@ -45,8 +45,10 @@ struct SDocks
     static CNodeBase& addView(CNodeScene& to) { return to.createNode(std::make_unique<CViewModel>()); }
 
     CNodeScene scene{nullptr, nullptr};
+    QTemporaryDir folder;
+    CViewerSettings settings{folder.filePath(QStringLiteral("viewer.ini"))};
     QMainWindow window;
-    CImageDocks& docks = *new CImageDocks(window);
+    CImageDocks& docks = *new CImageDocks(window, settings);
 };
 
 } // namespace
@@ -165,11 +167,12 @@ void tst_CImageDocks::foldersAreRemembered()
     const QTemporaryDir folder;
     CViewerSettings settings(folder.filePath(QStringLiteral("viewer.ini")));
     settings.setRecordFolder(folder.filePath(QStringLiteral("former")));
-    SDocks test;
-    test.docks.remember(settings);
-    test.docks.watch(test.scene);
-    test.addView(test.scene);
-    CImageDock* const dock = test.docks.docks().first();
+    QMainWindow window;
+    CNodeScene scene(nullptr, nullptr);
+    CImageDocks& docks = *new CImageDocks(window, settings);
+    docks.watch(scene);
+    SDocks::addView(scene);
+    CImageDock* const dock = docks.docks().first();
     const auto actions = dock->imageActions();
     const auto found = std::find_if(actions.begin(), actions.end(), [](const QAction* action) {
         return action->objectName() == QLatin1String("image.record.png");
@@ -187,6 +190,7 @@ void tst_CImageDocks::foldersAreRemembered()
     QVERIFY(dialog);
     Q_EMIT dialog->fileSelected(folder.path());
     QCOMPARE(settings.recordFolder(), folder.path());
+    QVERIFY(settings.imageFolder().isEmpty()); // nobody chose one
 }
 
 QTEST_MAIN(tst_CImageDocks)

@@ -19,6 +19,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <stdexcept>
+
 using namespace Host;
 using namespace Plugin::Halvex;
 
@@ -78,6 +80,7 @@ private Q_SLOTS:
     void openingReplacesAllButTheCamera();
     void faultyDocumentChangesNothing();
     void failureWhileItIsReadChangesNothing();
+    void nodeThatCannotBeRemovedChangesNothing();
     void sceneRemovedWhileItIsRead();
     void faultyChainChangesNothing();
     void missingFile();
@@ -182,16 +185,47 @@ void tst_CSceneFiles::failureWhileItIsReadChangesNothing()
     QVERIFY(!editor.node(blur));
 }
 
+// It would be in the document that is saved next.
+void tst_CSceneFiles::nodeThatCannotBeRemovedChangesNothing()
+{
+    SFiles test;
+    QCOMPARE(test.files.importChain(*test.page, DEMO_CHAIN), QString());
+    QCOMPARE(test.files.save(*test.page, test.file("other.json")), QString());
+    CGraphEditor& editor = test.page->editor();
+    test.page->setFile(test.file("mine.json"));
+    const Core::CId blur = editor.addNode("Blur", QPointF(304, 40));
+    const QString camera = test.page->camera()->id().toString();
+    editor.setPositions({{camera, QPointF(-48, 8)}});
+    const QByteArray before = test.withoutConnectionIds(*test.page);
+    const auto once = std::make_shared<QMetaObject::Connection>();
+    *once = connect(test.page->scene(), &CNodeScene::nodeDeleted, this, [once](CNodeBase&) {
+        disconnect(*once);
+        throw std::runtime_error("it stays");
+    });
+    QVERIFY(!test.files.open(*test.page, test.file("other.json")).isEmpty());
+    QCOMPARE(test.withoutConnectionIds(*test.page), before);
+    QCOMPARE(test.page->file(), test.file("mine.json"));
+    QVERIFY(test.page->isModified());
+    QCOMPARE(editor.positions().value(blur.toString()), QPointF(304, 40));
+    QCOMPARE(editor.positions().value(camera), QPointF(-48, 8));
+    editor.undoStack().undo();
+    QVERIFY(!editor.node(blur));
+}
+
 void tst_CSceneFiles::sceneRemovedWhileItIsRead()
 {
     SFiles test;
+    CLanguage language;
+    language.install("ja");
     QCOMPARE(test.files.importChain(*test.page, DEMO_CHAIN), QString());
     QCOMPARE(test.files.save(*test.page, test.file("scene.json")), QString());
     test.page->setFile({});
     const QPointer<CNodeBase> camera = test.page->camera();
     connect(test.page->scene(), &CNodeScene::nodeCreated, this,
             [&test, camera] { test.service.nodes.removeSceneOfNode(camera); });
-    QVERIFY(test.files.open(*test.page, test.file("scene.json")).contains("gone"));
+    const QString error = test.files.open(*test.page, test.file("scene.json"));
+    QCOMPARE(error, CSceneFiles::tr("the scene is gone"));
+    QVERIFY(error != "the scene is gone");
     QVERIFY(!test.page->scene());
     QVERIFY(test.page->file().isEmpty());
 }

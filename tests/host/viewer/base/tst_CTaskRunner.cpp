@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "host/viewer/images/CTaskRunner.h"
+#include "host/viewer/base/CTaskRunner.h"
 
 #include <QSemaphore>
 #include <QTest>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-#include "host/viewer/images/CRateMeter.h"
+#include "host/viewer/base/CRateMeter.h"
 
 namespace Host {
 
