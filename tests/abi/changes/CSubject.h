@@ -12,7 +12,7 @@ namespace Plugin::Halvex {
 class Q_DECL_EXPORT CSubject : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(int rate READ rate)
+    Q_PROPERTY(int rate READ rate NOTIFY rateChanged)
 
 public:
     enum class EMode

@@ -18,9 +18,6 @@ using namespace Host;
 
 namespace {
 
-const QByteArray widthElement = "<Integer Name=\"Width\" NameSpace=\"Standard\">";
-const QByteArray heightLock = "<pIsLocked>Height</pIsLocked>"; // the height is not 0
-
 GObjectPtr<ArvDevice> fakeDevice()
 {
     return GObjectPtr<ArvDevice>(arv_fake_device_new("test", nullptr));
@@ -41,6 +38,13 @@ GObjectPtr<ArvDevice> changedDevice(const QByteArray& part, const QByteArray& ch
     auto device = fakeDevice();
     arv_set_fake_camera_genicam_filename(nullptr);
     return device;
+}
+
+// The height locks the width, as it is not 0.
+GObjectPtr<ArvDevice> deviceWithALock()
+{
+    const QByteArray width = "<Integer Name=\"Width\" NameSpace=\"Standard\">";
+    return changedDevice(width, width + "<pIsLocked>Height</pIsLocked>");
 }
 
 /// Counts what is read of fake cameras.
@@ -137,7 +141,7 @@ void tst_CFeatures::readOnlyFeature()
 // One that may be written at another time is not called read only.
 void tst_CFeatures::lockedFeature()
 {
-    const auto device = changedDevice(widthElement, widthElement + heightLock);
+    const auto device = deviceWithALock();
     QVERIFY(device.get());
     const CFeatures features(device.get());
     QCOMPARE(features.set("Width", "64"), QStringLiteral("the feature 'Width' cannot be written now"));
@@ -148,7 +152,7 @@ void tst_CFeatures::lockedFeature()
 
 void tst_CFeatures::lockIsReadOnce()
 {
-    const auto device = changedDevice(widthElement, widthElement + heightLock);
+    const auto device = deviceWithALock();
     QVERIFY(device.get());
     const auto isGone = [] { return false; };
     const int unlocked = readsOf(fakeDevice().get(), isGone);
@@ -158,7 +162,7 @@ void tst_CFeatures::lockIsReadOnce()
 
 void tst_CFeatures::nothingIsReadOfACameraThatHasGone()
 {
-    const auto device = changedDevice(widthElement, widthElement + heightLock);
+    const auto device = deviceWithALock();
     QVERIFY(device.get());
     QCOMPARE(readsOf(device.get(), [] { return true; }), 0);
     QVERIFY(CFeatures(device.get(), [] { return true; }).all().empty());
