@@ -33,8 +33,8 @@ def moc_targets(build, commands):
     known = {line.rpartition(":")[0] for line in run("ninja", "-C", str(build), "-t", "targets", "all").splitlines()}
     for command in commands:
         folder, target = re.search(r" -o (\S*)CMakeFiles/([^/]+)\.dir/", command["command"]).groups()
-        name = pathlib.Path(command["file"]).stem
-        yield from {f"{target}_autogen", f"{folder}{target}_moc/{name}.moc"} & known
+        yield from {f"{target}_autogen"} & known
+        yield from (each for each in known if each.startswith(f"{folder}{target}_moc/"))
 
 
 def main():

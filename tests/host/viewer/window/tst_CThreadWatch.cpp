@@ -176,8 +176,7 @@ void tst_CThreadWatch::workerIsNotNamed()
         if (node.second->nodeDataModel() == source)
             test.scene->createConnection(worker, 0, *node.second, 0, {});
     }
-    int frames = 0;
-    connect(source, &CNodeDataModel::dataUpdated, this, [&frames] {
+    connect(source, &CNodeDataModel::dataUpdated, this, [frames = 0]() mutable {
         if (++frames == 2)
             QThread::msleep(400); // the next sign is the worker's
     });

@@ -280,7 +280,7 @@ void tst_CViewerWindow::closingTheWindowClosesCameras()
     }
     QVERIFY(test.window->close());
     QVERIFY(test.window->sessions().all().isEmpty());
-    for (const QPointer<CCameraSession>& session : sessions) // each in the background
+    for (const QPointer<CCameraSession>& session : qAsConst(sessions)) // each in the background
         QTRY_VERIFY(!session);
     QVERIFY(test.service.nodes.getActiveScene());
 }
