@@ -50,7 +50,9 @@ CImageStatus::CImageStatus(QWidget* parent)
     layout->addWidget(m_rates, 0, 1);
     layout->addWidget(m_statistics, 1, 0, 1, 2);
     layout->addWidget(m_message, 2, 0, 1, 2);
+    // Each has half of the width where it needs no more, so that a text that grows by a digit is not cut meanwhile.
     layout->setColumnStretch(0, 1);
+    layout->setColumnStretch(1, 1);
     m_rates->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_timer.setInterval(measureMs);
     connect(&m_timer, &QTimer::timeout, this, &CImageStatus::measure);

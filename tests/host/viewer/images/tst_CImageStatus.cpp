@@ -3,8 +3,10 @@
 
 #include "host/viewer/images/CImageStatus.h"
 
+#include "host/viewer/images/CElidedLabel.h"
 #include "viewer/TestView.h"
 
+#include <QGridLayout>
 #include <QTest>
 #include <QTimer>
 
@@ -17,6 +19,7 @@ class tst_CImageStatus : public QObject
 private Q_SLOTS:
     void valueUnderTheCursor();
     void ratesRiseAndFallToZero();
+    void textThatGrowsIsNotCut();
     void messageStaysUntilTheNext();
 };
 
@@ -47,6 +50,20 @@ void tst_CImageStatus::ratesRiseAndFallToZero()
     QVERIFY(status.ratesText() != QStringLiteral("0 of 0 /s shown"));
     QTRY_COMPARE(status.ratesText(), QStringLiteral("0 of 0 /s shown"));
     QTRY_VERIFY(status.deliveredRate() == 0.0);
+}
+
+void tst_CImageStatus::textThatGrowsIsNotCut()
+{
+    CImageStatus status;
+    status.resize(900, 60);
+    status.show();
+    const auto* const layout = qobject_cast<QGridLayout*>(status.layout());
+    for (const int column : {0, 1}) {
+        auto* const line = qobject_cast<CElidedLabel*>(layout->itemAtPosition(0, column)->widget());
+        line->setLine(QStringLiteral("9.4 of 25 /s shown, and 12 more"));
+        // Before the next layout, which comes when the window has shown it.
+        QVERIFY(line->contentsRect().width() >= line->fontMetrics().horizontalAdvance(line->text()));
+    }
 }
 
 void tst_CImageStatus::messageStaysUntilTheNext()
