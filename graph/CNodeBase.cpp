@@ -41,13 +41,16 @@ CNodeBase::CNodeBase(std::unique_ptr<CNodeDataModel>&& model)
         warnOnce("The model \"%\" of node % has a QObject parent, which destroys it although the node owns it: give it "
                  "none.",
                  {m_model->name(), m_id.toString()});
+    // Survives exchanged neighbours: no walk comes between them.
     CStackGauge::ofThisThread().measureOnce(); // measures this thread's stack, which allocates, before any walk does
     connect(m_model.get(), &CNodeDataModel::dataUpdated, this, &CNodeBase::onDataUpdated);
 }
 
 CNodeBase::~CNodeBase()
 {
+    // Survives exchanged neighbours: neither runs foreign code.
     clearEnds();
+    // Survives exchanged neighbours: neither runs foreign code.
     CNodeVisit::forgetNode(*this);
 
     // Here rather than by the members' own destructors: the model's destructor is foreign code, and whatever it calls
@@ -85,6 +88,7 @@ QJsonObject CNodeBase::save() const
 
 void CNodeBase::restore(const QJsonObject& json)
 {
+    // Survives exchanged neighbours: the model alone is foreign code.
     const CNodeVisit visit(*this);
     m_id = Core::CId(json.value(DocumentKeys::id).toString().toLocal8Bit().constData());
     if (m_model)
@@ -106,6 +110,7 @@ void CNodeBase::retire(std::unique_ptr<CNodeBase> node)
     node->m_owner = nullptr;
     // Survives exchanged neighbours: clearing the ends runs no foreign code.
     node->m_stage = EStage::Closed;
+    // Survives exchanged neighbours: neither runs foreign code.
     node->clearEnds();
     CNodeVisit::endAll(*node);
     if (node->m_state.m_visit)
@@ -114,6 +119,7 @@ void CNodeBase::retire(std::unique_ptr<CNodeBase> node)
 
 void CNodeBase::SEnd::leadTo(CNodeBase& to)
 {
+    // Survives exchanged neighbours: the list knows ends, not nodes.
     unlink();
     node = nullptr;
     if (!to.m_model)
@@ -138,6 +144,7 @@ void CNodeBase::SEnd::unlink()
 
 void CNodeBase::SEnd::clear()
 {
+    // Survives exchanged neighbours: the list knows ends, not nodes.
     unlink();
     node = nullptr;
     index = -1;

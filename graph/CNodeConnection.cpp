@@ -60,11 +60,15 @@ CNodeConnection::~CNodeConnection()
     // connection is whole.
     m_stage = EStage::Ending;
     swallowExceptions(lcGraph, "A connection's last delivery", [this] { propagateEmptyData(); });
+    // Survives exchanged neighbours: neither runs foreign code.
     leaveTables(); // before the converter goes, so that no walk delivers without it
     CConversion::keepConverter(*this);
+    // Survives exchanged neighbours: without a converter there are no further calls.
     m_converter.reset();
 
+    // Survives exchanged neighbours: neither runs foreign code.
     CConversion::endAll(*this);
+    // Survives exchanged neighbours: tables and ends know nothing of each other.
     leaveTables();
     m_in.unlink();
     m_out.unlink();

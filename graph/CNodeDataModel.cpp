@@ -41,6 +41,7 @@ CNodeDataModel::EConnectionPolicy CNodeDataModel::portOutConnectionPolicy(NodePo
 
 ENodeValidationState CNodeDataModel::validationState() const
 {
+    // Survives returned value: the number is 0.
     return ENodeValidationState::Valid;
 }
 
@@ -55,6 +56,7 @@ void CNodeDataModel::setInfo(Core::AppCoreComponents::BaseInfoPtr info)
         return;
 
     // The last reference to the old object may run a destructor of the host's, which may destroy this model.
+    // Survives exchanged neighbours: an exchange of pointers runs no foreign code.
     const QPointer<CNodeDataModel> self(this);
     m_info.swap(info);
     info.reset();

@@ -94,6 +94,7 @@ void CNodeState::setConnection(ENodePortType portType, NodePortIndex index, CNod
     if (!hasPort(portType, index))
         return;
     if (m_tables && !table(portType)[std::size_t(index)].emplace(connection.id(), &connection).second)
+        // Survives removed statement: what is not in the table the next walk takes out of the row.
         return;
     addPlace(portType, index, connection);
 }
@@ -157,8 +158,10 @@ void CNodeState::resizeRows(int inPorts, int outPorts)
     m_outPorts = outPorts;
     m_readyRows = uint(outPorts);
     // No row is taken away: a walk may stand in it.
+    // Survives exchanged operator: to resize to the same size changes nothing.
     if (m_inRows.size() < inPorts)
         m_inRows.resize(inPorts);
+    // Survives exchanged operator: to resize to the same size changes nothing.
     if (m_outRows.size() < outPorts)
         m_outRows.resize(outPorts);
 }
@@ -200,6 +203,7 @@ void CNodeState::removePlace(SEntry entry)
     row.removeLast();
     if (entry.position == row.size())
         return;
+    // Survives exchanged neighbours: what is moved names its connection in both places.
     place(entry) = moved;
     auto& entries = moved.connection->m_entries;
     entries[entries.indexOf({this, entry.side, entry.port, int(row.size())})].position = entry.position;
@@ -241,7 +245,6 @@ bool CNodeState::prepareRow(NodePortIndex outPort)
 void CNodeState::copyFrom(const CNodeState& other)
 {
     resizeRows(other.m_inPorts, other.m_outPorts);
-    m_readyRows = other.m_readyRows;
     if (other.m_tables)
         m_tables = std::make_unique<Tables>(*other.m_tables);
     for (const ENodePortType side : portSides) {
@@ -258,6 +261,7 @@ void CNodeState::clear()
     for (const ENodePortType side : portSides) {
         for (Row& row : rows(side)) {
             for (SPlace& place : row)
+                // Survives swapped arguments: it is the smaller one of two.
                 place.until = std::min(place.until, m_lastChange);
         }
     }
@@ -276,7 +280,6 @@ void CNodeState::forgetConnection(const SEntry& entry, const Core::CId& id)
 
 void CNodeState::tidy()
 {
-    m_lastChange = 0;
     for (const ENodePortType side : portSides) {
         for (NodePortIndex port = 0; port < rows(side).size(); ++port) {
             // From the end, so that the place that fills a gap is one that stays.

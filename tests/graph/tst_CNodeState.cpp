@@ -115,6 +115,8 @@ private Q_SLOTS:
     void moveTakesTheEntriesAlong();
     void tableAssignedToItselfStays();
     void movedTableServesNothing();
+    void copyKeepsWhatAHostHasWritten();
+    void erasedConnectionIsNotServed();
     void walkServesTheTableThatItBeganWith();
     void destructorLeavesConnectionsAlone();
     void destroyedConnectionIsNeverUsed_data();
@@ -436,6 +438,29 @@ void tst_CNodeState::movedTableServesNothing()
     line.offer(1);
     QCOMPARE(line.values(), Numbers());
     QCOMPARE(moved.connections(Out, 0).size(), std::size_t(1));
+}
+
+void tst_CNodeState::copyKeepsWhatAHostHasWritten()
+{
+    STable table;
+    table.state.getEntries(Out)[0].emplace(Core::CId::createId(), nullptr);
+    table.state.getEntries(Out)[1].clear();
+    const CNodeState copy(table.state);
+    QCOMPARE(copy.getEntries(Out), std::as_const(table.state).getEntries(Out));
+    QVERIFY(copy.connections(Out, 1).empty());
+    QVERIFY(table.state.connections(Out, 1).empty());
+
+    const CNodeState moved(std::move(table.state));
+    QCOMPARE(moved.getEntries(Out), copy.getEntries(Out));
+    QVERIFY(std::as_const(table.state).getEntries(Out).empty()); // NOLINT(bugprone-use-after-move): it has no ports
+}
+
+void tst_CNodeState::erasedConnectionIsNotServed()
+{
+    const SLine line;
+    line.source->nodeState().eraseConnection(Out, 0, line.connection->id());
+    line.offer(1);
+    QCOMPARE(line.values(), Numbers());
 }
 
 void tst_CNodeState::walkServesTheTableThatItBeganWith()
