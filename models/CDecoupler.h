@@ -101,6 +101,8 @@ private:
     bool m_tickPending = false;
     SDecouplerStatistics m_counts; ///< All but pending.
 
+    // No other memory is read because of what these say, so that only they have to be whole: any thread may set the
+    // first, and any may shut down.
     std::atomic<bool> m_throttleEnabled{false};
     std::atomic<bool> m_hasWarned{false};
 };

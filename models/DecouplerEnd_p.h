@@ -11,7 +11,8 @@ namespace Plugin::Halvex {
 
 class CDecoupler;
 
-/// How long CDecoupler::shutDown() waits, in milliseconds: 30000. Tests of a worker that hangs shorten it.
+/// How long CDecoupler::shutDown() waits, in milliseconds: 30000. Tests of a worker that hangs shorten it. Atomic, as
+/// any thread may shut a decoupler down meanwhile.
 extern HALVEX_EXPORT std::atomic<unsigned long> decouplerShutDownWait;
 
 /// Shuts \a decoupler down and deletes it: now, or when its thread has ended, if that takes longer than shutDown()

@@ -16,8 +16,8 @@ STEPS=${STEPS:-1000000}
 SOAK_SECONDS=${SOAK_SECONDS:-3600}
 USER_STEPS=${USER_STEPS:-20000}
 VIEWER_SOAK=${VIEWER_SOAK:-1800}
-parts=(lint compilers qt512 qt6 sanitizers race instructions bench limits soak sequences viewer fuzz coverage packages
-    mutants)
+parts=(lint compilers qt512 qt6 arm64 sanitizers race instructions bench limits soak sequences viewer fuzz coverage
+    packages mutants)
 
 # Each of these prints what the page is to show; the rest of what is said goes to the log.
 lint() {
@@ -36,6 +36,7 @@ qt512() {
     echo "By its documentation: Qt 5.12 itself was not there to build with."
 }
 qt6() { scripts/qt6.sh | tee /dev/stderr | sed -n 's/^== test with \(Qt [0-9.]*\) .*/\1/p; /tests passed/p'; }
+arm64() { scripts/arm64.sh | tee /dev/stderr | sed -n 's/^== test for arm64 with \(.*\) (.*/\1/p; /tests passed/p'; }
 sanitizers() {
     need_packages "${library_packages[@]}" "${host_packages[@]}" "${test_packages[@]}" >&2
     cmake --preset asan -B build/asan-host -DHALVEX_BUILD_HOST=ON -DHALVEX_BUILD_TESTING_KIT=ON >&2
@@ -95,6 +96,7 @@ indent() { sed 's/^/    /'; } # Markdown leaves it as it is
 
 declare -A headings=([lint]="Linters" [compilers]="Other compilers" [qt512]="Newer than Qt 5.12"
     [qt6]="All tests of the library with Qt 6"
+    [arm64]="The library's tests for arm64"
     [sanitizers]="All tests with sanitizers, those of host and kit among them"
     [race]="All tests with the race detector" [instructions]="Instructions per delivery" [bench]="Times and memory"
     [limits]="How far it goes" [soak]="Soak" [sequences]="Random sequences" [viewer]="The viewer" [fuzz]="Fuzzers"

@@ -41,7 +41,8 @@ bool swallowExceptions(const QLoggingCategory& (*category)(), const char* where,
 /// made with each frame fills neither the log nor the memory. The message handler is foreign code.
 void warnOnce(const char* text, std::initializer_list<QString> insertions = {});
 
-/// Warns, if this is the first time for \a hasWarned, that \a operation of \a object is not called in its thread.
+/// Warns, if this is the first time for \a hasWarned, that \a operation of \a object is not called in its thread. Of
+/// several threads that do so at once one warns.
 inline void warnIfInOtherThread(const QObject& object, const char* operation, std::atomic<bool>& hasWarned)
 {
     if (object.thread() == QThread::currentThread() || hasWarned.exchange(true))

@@ -13,6 +13,7 @@
 #include <alloca.h>
 #include <pthread.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -165,7 +166,8 @@ void tst_WalkLimits::endOfAThreadsStackIsKeptFree_data()
     QTest::addColumn<quint64>("used");
 
 #if !defined(__SANITIZE_THREAD__) && !defined(__SANITIZE_ADDRESS__) // which need more than small ones have
-    QTest::newRow("half of 96 KiB") << 96 * kibibyte << 48 * kibibyte;
+    if (quint64(sysconf(_SC_THREAD_STACK_MIN)) <= 96 * kibibyte)    // not with every processor
+        QTest::newRow("half of 96 KiB") << 96 * kibibyte << 48 * kibibyte;
     QTest::newRow("all but 64 of 128 KiB") << 128 * kibibyte << 64 * kibibyte;
     QTest::newRow("all but 64 of 256 KiB") << 256 * kibibyte << 192 * kibibyte;
 #endif
@@ -195,8 +197,8 @@ void tst_WalkLimits::limitOfTheMainThreadIsKnown()
 
 void tst_WalkLimits::unlimitedStackIsUsedInPart()
 {
-#ifdef __SANITIZE_THREAD__
-    qInfo("Left out: the race detector takes the lack of a limit away again.");
+#if defined(__SANITIZE_THREAD__) || defined(IS_EMULATED)
+    qInfo("Left out: the race detector takes the lack of a limit away again, and qemu gives 8 MiB all the same.");
 #else
     if (QProcess::execute("sh", {"-c", "ulimit -s unlimited"}) != 0) {
         qInfo("Left out: a stack without a limit is not to be had here.");
