@@ -37,5 +37,5 @@ cmake --preset release -B build/arm64 -DHALVEX_BUILD_HOST=OFF -DHALVEX_WERROR=ON
     --toolchain "$PWD/cmake/Arm64Toolchain.cmake" -DCMAKE_SYSROOT="$sysroot"
 step "build"
 cmake --build build/arm64
-step "test for arm64 with $(qemu-aarch64 --version | head -n 1)"
+step "test for arm64 with $(qemu-aarch64-static --version | head -n 1)"
 ctest --test-dir build/arm64 --output-on-failure -j 3 -E '^(package_|platform_other|tst_ShippersTexts|abi_)' "$@"

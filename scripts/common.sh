@@ -32,7 +32,7 @@ manual_packages=(mkdocs mkdocs-material doxygen aspell aspell-en reuse python3)
 qt6_packages=(g++ cmake ninja-build qt6-base-dev # Core, Test, moc and qmake6
     qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools) # CMake's commands for translations, and what they call
 arm64_packages=(g++-aarch64-linux-gnu mmdebstrap # a cross compiler, and a system for what it links
-    qemu-user qemu-user-binfmt binfmt-support) # runs arm64's programs
+    qemu-user-static binfmt-support) # runs arm64's programs; its own libraries are not what LD_PRELOAD is for
 qt512_packages=(qt5-qmake clang clang-tidy python3-clang qtbase5-doc-html)
 
 # A compiler cache, where there is one, also for a tree that lies elsewhere.

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: LicenseRef-Halvex
 
 // QProcess starts programs with process descriptors where the kernel has them. qemu, which runs tests of other
-// processors, refuses to make any. So Qt is told here that there are none, and forks as it does with older kernels.
+// processors, refuses to make any. So Qt is told here that there are none, and forks as it does with older kernels. It
+// is loaded before other libraries, with LD_PRELOAD.
 
 #include <cerrno>
 #include <cstdarg>
