@@ -35,8 +35,8 @@ qt512() {
     scripts/qt512.sh | tee /dev/stderr | sed -n 's/^== \(nothing newer than .* files\).*/\1/p'
     echo "By its documentation: Qt 5.12 itself was not there to build with."
 }
-qt6() { scripts/qt6.sh | tee /dev/stderr | sed -n 's/^== test with \(Qt [0-9.]*\) .*/\1/p; /tests passed/p'; }
-arm64() { scripts/arm64.sh | tee /dev/stderr | sed -n 's/^== test for arm64 with \(.*\) (.*/\1/p; /tests passed/p'; }
+qt6() { scripts/qt6.sh | tee /dev/stderr | sed -n 's/^== test with \(Qt [0-9.]*\) .*/\1\n/p; /tests passed/p'; }
+arm64() { scripts/arm64.sh | tee /dev/stderr | sed -n 's/^== test for arm64 with \(.*\) (.*/\1\n/p; /tests passed/p'; }
 sanitizers() {
     need_packages "${library_packages[@]}" "${host_packages[@]}" "${test_packages[@]}" >&2
     cmake --preset asan -B build/asan-host -DHALVEX_BUILD_HOST=ON -DHALVEX_BUILD_TESTING_KIT=ON >&2
