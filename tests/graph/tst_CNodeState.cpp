@@ -84,10 +84,12 @@ struct SForeignConnection : SLooseConnection
     CNodeState table = makeState(1, 1); ///< To be given to the holder.
 };
 using WayIn = void (*)(SForeignConnection&);
+using ComingBack = void (*)(const SLine&);
 
 } // namespace
 
 Q_DECLARE_METATYPE(WayIn)
+Q_DECLARE_METATYPE(ComingBack)
 
 class tst_CNodeState : public QObject
 {
@@ -117,6 +119,8 @@ private Q_SLOTS:
     void movedTableServesNothing();
     void copyKeepsWhatAHostHasWritten();
     void erasedConnectionIsNotServed();
+    void connectionComesBackInADelivery_data();
+    void connectionComesBackInADelivery();
     void walkServesTheTableThatItBeganWith();
     void destructorLeavesConnectionsAlone();
     void destroyedConnectionIsNeverUsed_data();
@@ -461,6 +465,41 @@ void tst_CNodeState::erasedConnectionIsNotServed()
     line.source->nodeState().eraseConnection(Out, 0, line.connection->id());
     line.offer(1);
     QCOMPARE(line.values(), Numbers());
+}
+
+void tst_CNodeState::connectionComesBackInADelivery_data()
+{
+    QTest::addColumn<ComingBack>("comesBack");
+    QTest::newRow("erased and set") << ComingBack([](const SLine& line) {
+        line.source->nodeState().eraseConnection(Out, 0, line.connection->id());
+        line.source->nodeState().setConnection(Out, 0, *line.connection);
+    });
+    QTest::newRow("taken out and set") << ComingBack([](const SLine& line) {
+        line.connection->removeFromNodes();
+        enter(*line.connection);
+    });
+    QTest::newRow("copied and assigned") << ComingBack([](const SLine& line) {
+        const CNodeState copy(line.source->nodeState());
+        line.source->nodeState() = copy;
+    });
+    QTest::newRow("written, copied and assigned") << ComingBack([](const SLine& line) {
+        CNodeState copy(line.source->nodeState());
+        copy.getEntries(Out);
+        line.source->nodeState() = copy;
+    });
+}
+
+void tst_CNodeState::connectionComesBackInADelivery()
+{
+    QFETCH(const ComingBack, comesBack);
+    const SLine line;
+    line.source.model->onSetInData = [&](const CNodeDataPtr& data, int) {
+        comesBack(line);
+        line.source.model->offer(data);
+    };
+    line.source->propagateData(CTestData::make(1), 0);
+    line.offer(2);
+    QCOMPARE(line.values(), Numbers({1, 2}));
 }
 
 void tst_CNodeState::walkServesTheTableThatItBeganWith()
