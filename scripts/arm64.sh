@@ -4,8 +4,8 @@
 #
 #   scripts/arm64.sh -R CNodeScene
 #
-# The sysroot lies in build/arm64-sysroot, and comes from where this machine gets its own packages. Tests start programs
-# for arm64, too, so the kernel has to know who runs those (binfmt_misc): to tell it takes root, once.
+# The sysroot lies in build/arm64-sysroot. Tests start programs for arm64, too, so the kernel has to know who runs those
+# (binfmt_misc): to tell it takes root, once.
 . "$(dirname "$0")/common.sh"
 
 need_packages "${library_packages[@]}" "${test_packages[@]}" "${arm64_packages[@]}"
@@ -13,11 +13,9 @@ sysroot=$PWD/build/arm64-sysroot
 if [ ! -e "$sysroot.made" ]; then
     step "make the sysroot"
     rm -rf "$sysroot"
-    sources=(/etc/apt/sources.list.d/debian.sources)
-    [ -f "${sources[0]}" ] || sources=(/etc/apt/sources.list)
     mkdir -p build
-    mmdebstrap --quiet --variant=extract --architectures=arm64 --include=libstdc++-12-dev,qtbase5-dev,qttools5-dev \
-        "$(. /etc/os-release && echo "$VERSION_CODENAME")" "$sysroot" "${sources[@]}"
+    make_system "$sysroot" --variant=extract --architectures=arm64 \
+        --include=libstdc++-12-dev,qtbase5-dev,qttools5-dev
     # moc and its like: Qt's CMake files look for them beside themselves.
     for tool in "$sysroot"/usr/lib/qt5/bin/*; do
         ln -sf "/usr/lib/qt5/bin/${tool##*/}" "$tool"

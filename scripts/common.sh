@@ -51,6 +51,13 @@ step() {
     step_began=$SECONDS
 }
 
+# make_system <folder> <options>: a Debian like this one, by mmdebstrap, from where this machine gets its own packages.
+make_system() {
+    local sources=/etc/apt/sources.list.d/debian.sources
+    [ -f "$sources" ] || sources=/etc/apt/sources.list
+    mmdebstrap --quiet "${@:2}" "$(. /etc/os-release && echo "$VERSION_CODENAME")" "$1" "$sources"
+}
+
 # Installs those of the given packages that are missing; needs root or sudo only if one is.
 need_packages() {
     step "install packages"

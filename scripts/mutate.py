@@ -219,15 +219,16 @@ def removed_statements(code, _):
 PLACE = r"(?<![\w.:])[A-Za-z_]\w*(?:\.\w+(?!\w*\())*"  # a variable with the members that are named
 CHANGED = (rf"({PLACE})(?:\[[^\]]*\])? \W?= ", rf"(?:\+\+|--)({PLACE})", rf"({PLACE})(?:\+\+|--)",
            rf"({PLACE})\.\w+\(", rf"\b(?:move|exchange)\(({PLACE})", rf"[(,] ?&({PLACE})")
-# Of the class's own, of another object, or a destructor that may be anybody's: it may change all.
-CALL = r"(?<![\w.:])(?!q?u?int\d*\(|bool\(|double\()[a-z]\w*\(|\bthis\b|->\w+\(|\.(?:reset|clear)\("
+# Of the class's own, through a pointer, or of a destructor that may be anybody's: it may change all.
+CALL = r"(?<![\w.:])(?!q?u?int\d*\(|bool\(|double\()[a-z]\w*\(|\bthis\b|\.(?:reset|clear)\("
 
 
 def do_meet(one, other):
     """Whether one of two statements may see what the other one changes."""
-    one, other = (re.sub(r"^([\w:<>,*&\s]+ \w+)\(", r"\1 (", each.replace("->", ".")) for each in (one, other))
+    one, other = (re.sub(r"^([\w:<>,*&\s]+ \w+)\(", r"\1 (", each) for each in (one, other))
     if re.search(CALL, one) or re.search(CALL, other):
         return True
+    one, other = (each.replace("->", ".") for each in (one, other))
     places = [set(re.findall(PLACE, each)) for each in (one, other)]
     changed = [{place for pattern in CHANGED for place in re.findall(pattern, each)} for each in (one, other)]
     seen = (*itertools.product(changed[0], places[1]), *itertools.product(changed[1], places[0]))
@@ -363,6 +364,7 @@ class Workplace:
             subprocess.run(["git", "clone", "--quiet", "--shared", "--no-checkout", root, self.tree], check=True)
         subprocess.run(["git", "fetch", "--quiet", root, "HEAD"], cwd=self.tree, check=True)
         subprocess.run(["git", "checkout", "--quiet", "--force", "--detach", "FETCH_HEAD"], cwd=self.tree, check=True)
+        # Without debug information: counters need none, and each mutant is built.
         subprocess.run(["cmake", "--preset", preset, "-DHALVEX_BUILD_HOST=OFF", "-DHALVEX_BUILD_TESTING_KIT=OFF",
                         "-DCMAKE_CXX_FLAGS_DEBUG=", "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON"],
                        cwd=self.tree, check=True, stdout=subprocess.DEVNULL)

@@ -35,12 +35,8 @@ if [ "$EUID" -ne 0 ]; then
     exit 0
 fi
 step "try them in a fresh system"
-# From where this machine gets its own packages.
-sources=(/etc/apt/sources.list.d/debian.sources)
-[ -f "${sources[0]}" ] || sources=(/etc/apt/sources.list)
 # shellcheck disable=SC2016 # mmdebstrap's shell puts the new system's folder there
-mmdebstrap --quiet --variant=apt --mode=root "$(. /etc/os-release && echo "$VERSION_CODENAME")" /dev/null \
-    "${sources[@]}" \
+make_system /dev/null --variant=apt --mode=root \
     --customize-hook='mkdir "$1/try" && cp build/packages/packages/*.deb "$1/try"' \
     --customize-hook='cp tests/package/try_packages.sh tests/package/use_pkgconfig.cpp "$1/try"' \
     --customize-hook='chroot "$1" env -i PATH="$PATH" bash /try/try_packages.sh'
