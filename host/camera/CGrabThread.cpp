@@ -99,7 +99,8 @@ QString CGrabThread::missingFrame(Clock::duration silent, Clock::duration framel
     const SGrabStatistics now = statistics();
     if (silent >= m_silence)
         return m_source.stallText(text(m_silence), EStall::Silent, now);
-    if (m_timeout.count() == 0 || frameless < m_timeout)
+    // While nothing comes at all, the camera may have gone; then its source may still wait for it.
+    if (m_timeout.count() == 0 || frameless < m_timeout || silent > Clock::duration::zero())
         return {};
     const bool isStarved = now.underruns > before.underruns && now.incomplete == before.incomplete;
     return m_source.stallText(text(m_timeout), isStarved ? EStall::NoFreeBuffer : EStall::Incomplete, now);

@@ -3,6 +3,7 @@
 
 #include "CHostProgram.h"
 
+#include <QDebug>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -60,7 +61,11 @@ bool CHostProgram::waitForError(const QString& text)
         m_errors += QString::fromUtf8(m_process.readAllStandardError());
         return m_errors.contains(text);
     };
-    return QTest::qWaitFor(isSaid, 30000);
+    const auto isOver = [&] { return isSaid() || m_process.state() == QProcess::NotRunning; };
+    if (QTest::qWaitFor(isOver, 30000) && isSaid())
+        return true;
+    qWarning().noquote() << "not said:" << text << "but:" << m_errors;
+    return false;
 }
 
 QString CHostProgram::refusal(const QStringList& arguments)
