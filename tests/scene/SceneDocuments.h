@@ -29,6 +29,11 @@ inline QJsonObject connectionJson(const QString& outId, const QString& inId, con
     return {{"in_id", inId}, {"in_index", inIndex}, {"out_id", outId}, {"out_index", 0}};
 }
 
+inline QJsonObject typeJson(const Plugin::Halvex::SNodeDataType& type)
+{
+    return {{"id", type.id}, {"name", type.name}};
+}
+
 /// \a json with one value more, or another one.
 inline QJsonObject with(QJsonObject json, const QString& key, const QJsonValue& value)
 {
@@ -39,6 +44,13 @@ inline QJsonObject with(QJsonObject json, const QString& key, const QJsonValue& 
 inline QByteArray documentOf(const QJsonArray& nodes, const QJsonArray& connections = {})
 {
     return QJsonDocument(QJsonObject{{"nodes", nodes}, {"connections", connections}}).toJson();
+}
+
+/// A scene of one node, with so many arrays in each other beside what is known of it.
+inline QByteArray deepDocument(int depth)
+{
+    QByteArray document = documentOf({with(nodeJson(idA), "more", "depth")});
+    return document.replace("\"depth\"", QByteArray(depth, '[') + QByteArray(depth, ']'));
 }
 
 // Of a chain of test models, A → B → C.
@@ -72,6 +84,12 @@ inline QStringList contentsOf(const QByteArray& document)
     }
     contents.sort();
     return contents;
+}
+
+/// A converter that changes nothing.
+inline Plugin::Halvex::CNodeDataPtr pass(Plugin::Halvex::CNodeDataPtr data)
+{
+    return data;
 }
 
 /// A scene whose registry knows "Test" (two ports per side), "Named", and the decoupler of test data.
