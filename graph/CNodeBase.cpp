@@ -144,8 +144,6 @@ void CNodeBase::SEnd::unlink()
 
 void CNodeBase::SEnd::clear()
 {
-    // Survives exchanged neighbours: the list knows ends, not nodes.
-    unlink();
     node = nullptr;
     index = -1;
 }

@@ -44,6 +44,7 @@ CNodeConnection::CNodeConnection(CNodeBase& inNode, NodePortIndex inIndex, CNode
     : m_id(Core::CId::createId())
     , m_converter(share(std::move(converter)))
 {
+    // Survives exchanged neighbours: the ends know nothing of each other, and nobody hears of them yet.
     setNodeToPort(inNode, ENodePortType::In, inIndex);
     setNodeToPort(outNode, ENodePortType::Out, outIndex);
 }
@@ -113,6 +114,7 @@ SNodeDataType CNodeConnection::dataType(ENodePortType portType) const
 void CNodeConnection::setNodeToPort(CNodeBase& node, ENodePortType portType, NodePortIndex index)
 {
     // For None the two go to different ends.
+    // Survives exchanged neighbours: leading an end leaves the index.
     end(portType).leadTo(node);
     (portType == ENodePortType::Out ? m_out : m_in).index = index;
     Q_EMIT updated(*this);

@@ -142,6 +142,7 @@ private:
 
     Core::CId m_id;
     SEnd m_out;
+    // Survives number off by one: room for one more changes nothing.
     QVarLengthArray<CNodeState::SEntry, 2> m_entries; // the tables that it is in
     mutable CConversion* m_conversion = nullptr;      // the innermost call of the converter
     EStage m_stage = EStage::Staying;

@@ -66,6 +66,7 @@ public:
     bool isRoundTooMany() const { return m_round > mostRounds; }
 
     /// Whether this is the first visit that stands in the node, and no walk has begun in it.
+    // Survives returned value, number off by one: what is not so is walked with care, and to the same end.
     bool isFirstAndIdle() const { return m_round == 1; }
 
     /// Whether a walk that stands here goes on. Not if the node is gone; nor in a further round of a loop in which

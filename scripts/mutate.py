@@ -18,9 +18,9 @@ tell: others do the same with it as without. What a program does that dies of a 
 classes that take longer than --longest seconds are left out; what survives with a smaller bound is judged again with a
 larger one. One in a public header is shown to the tests of its folder: all others would have to be built again.
 
-The reason why a mutant survives stands on the line above it: "// Survives KIND: REASON". It counts as a survivor all
-the same. The exit code is 1 when less than --least percent are killed, or when a reason is wrong: there is no such
-mutant, or it was killed.
+The reason why a mutant survives stands on the line above it: "// Survives KIND: REASON", with several kinds if there
+are, between commas. It counts as a survivor all the same. The exit code is 1 when less than --least percent are killed,
+or when a reason is wrong: there is no such mutant, or it was killed.
 
 Works on clones of the committed tree in build/mutants, one for each job, so that the tree itself is not touched, and
 builds there what the preset "coverage" builds. Verdicts are kept in out/mutants/. A kill is good as long as its file
@@ -76,8 +76,10 @@ class Mutant:
         return f"{self.file} {self.code} {self.ordinal}"
 
 
-# Comments, the preprocessor, assertions, what makes a function abstract; and the inside of texts.
-LEFT_ALONE = (r"//.*|/\*[\s\S]*?\*/|^ *#(?:.*\\\n)*.*|\b(?:Q_ASSERT|static_assert)\([^;]*;|(?:(?<=\))|(?<= const)) = 0;"
+# Comments, what is for other compilers or another Qt, the preprocessor, assertions, what makes a function abstract; and
+# the inside of texts.
+LEFT_ALONE = (r"//.*|/\*[\s\S]*?\*/|^#else[\s\S]*?^#endif|^ *#(?:.*\\\n)*.*|\b(?:Q_ASSERT|static_assert)\([^;]*;"
+              r"|(?:(?<=\))|(?<= const)) = 0;"
               r"|\"(?:[^\"\\\n]|\\.)*\"|'(?:[^'\\\n]|\\.)+'")
 
 
@@ -293,7 +295,7 @@ def read_library(root):
                                text[start:end], new) for ordinal, (start, end, new, kind) in enumerate(found)]
             for number, line in enumerate(text.splitlines(), 1):
                 if match := re.fullmatch(r"\s*// Survives ([^:]+): (.+)", line):
-                    reasons[file, number + 1, match.group(1)] = match.group(2)
+                    reasons |= {(file, number + 1, kind): match.group(2) for kind in match.group(1).split(", ")}
     return mutants, reasons
 
 
