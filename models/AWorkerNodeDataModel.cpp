@@ -24,15 +24,14 @@ AWorkerNodeDataModel::AWorkerNodeDataModel(QString uniqueName)
     : ANodeDataModel(std::move(uniqueName))
     , m_queue(std::make_shared<CWorkQueue>(*this))
 {
-    applyLimits();
 }
 
 AWorkerNodeDataModel::~AWorkerNodeDataModel()
 {
     // What is released here runs foreign code, which must find a model that has no data and takes none.
     m_isEnding = true;
-    m_queue->close();
     const CNodeDataPtr last = std::exchange(m_output, CNodeDataPtr());
+    m_queue->close();
 }
 
 void AWorkerNodeDataModel::setInData(CNodeDataPtr data, NodePortIndex index)
@@ -93,6 +92,7 @@ void AWorkerNodeDataModel::addFrame()
     frame.clear();
     if (!self)
         return;
+    // Survives removed statement: it makes no difference but in allocations.
     m_frame = std::move(frame); // for its room
     if (!std::exchange(m_isComputing, true))
         Q_EMIT computingStarted(); // last: what a handler sends comes after this frame

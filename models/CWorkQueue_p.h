@@ -41,6 +41,7 @@ public:
     using Inputs = AWorkerNodeDataModel::Inputs;
     using Work = AWorkerNodeDataModel::Work;
 
+    /// As a model has them that is just made.
     struct SLimits
     {
         int waiting = 1;

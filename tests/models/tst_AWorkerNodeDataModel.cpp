@@ -69,6 +69,8 @@ private Q_SLOTS:
     void resultThatIsOvertakenIsNotAnnounced();
     void handlerThatThrowsHoldsNothingUp();
     void takesWhatComesWhileItAsks();
+    void takesWhatComesAsItIsCancelled();
+    void workThatIsReplacedAsItIsMadeIsNotUsed();
 
     void savesItsSettings();
     void restoresWhatMakesSense_data();
@@ -520,6 +522,41 @@ void tst_AWorkerNodeDataModel::takesWhatComesWhileItAsks()
     model.setPolicy(EPolicy::DropOldest);
     model.send(2, 1);
     QTRY_COMPARE(model.values, (Values{12, 3}));
+}
+
+void tst_AWorkerNodeDataModel::takesWhatComesAsItIsCancelled()
+{
+    QThreadPool pool;
+    const CGatedWork work;
+    CWorkerModel model(2);
+    model.setThreadPool(&pool);
+    model.setWork(work);
+    model.setPolicy(EPolicy::DropOldest);
+    model.send(0, 1);
+    model.send(1, 0);
+    work.waitForBegin();
+    auto data = CTestData::make(2);
+    data->onDestroyed = [&model] { model.send(3, 0); };
+    model.setInData(std::move(data), 0);
+    model.send(4, 0);
+    model.setInData({}, 1);
+    model.send(10, 1);
+    work.open(1);
+    work.open(3);
+    QTRY_COMPARE(model.values, (Values{-1, 13}));
+}
+
+void tst_AWorkerNodeDataModel::workThatIsReplacedAsItIsMadeIsNotUsed()
+{
+    CWorkerModel model;
+    model.setPolicy(EPolicy::DropOldest);
+    model.onMakeWork = [&model] {
+        model.onMakeWork = {};
+        model.setWork([](const auto&) { return CTestData::make(100); });
+        model.send(1);
+    };
+    model.send(2);
+    QTRY_COMPARE(model.values, (Values{100, 100}));
 }
 
 void tst_AWorkerNodeDataModel::savesItsSettings()

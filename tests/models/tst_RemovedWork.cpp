@@ -27,7 +27,7 @@ private Q_SLOTS:
     void removedByItsResult();
     void removedAsAFrameComes();
     void removedByWhatItIsAsked();
-    void takesNothingWhileItEnds();
+    void takesAndGivesNothingWhileItEnds();
     void takesWhatHasNotBegunOutOfThePool();
     void waitsForRemovedWorkWithABound();
     void waitsForRemovedWorkWithoutABound();
@@ -89,19 +89,28 @@ void tst_RemovedWork::removedByWhatItIsAsked()
     }
 }
 
-void tst_RemovedWork::takesNothingWhileItEnds()
+void tst_RemovedWork::takesAndGivesNothingWhileItEnds()
 {
     SGatedModel gated;
     auto* const model = gated.model.get();
     model->setPolicy(EPolicy::DropOldest);
+    gated.work.open(5);
+    model->send(5);
+    QTRY_COMPARE(model->values, std::vector<int>{5});
+    gated.work.waitForBegin();
     model->send(1);
     gated.work.waitForBegin();
     auto data = CTestData::make(2);
     // By then only the base is left of the model.
-    data->onDestroyed = [base = static_cast<AWorkerNodeDataModel*>(model)] { base->setInData(CTestData::make(3), 0); };
+    bool hasOutput = true;
+    data->onDestroyed = [&hasOutput, base = static_cast<AWorkerNodeDataModel*>(model)] {
+        hasOutput = !base->outData(0).isNull();
+        base->setInData(CTestData::make(3), 0);
+    };
     model->setInData(std::move(data), 0);
     model->send(4);
     gated.model.reset();
+    QVERIFY(!hasOutput);
     gated.work.open(1);
     QVERIFY(AWorkerNodeDataModel::waitForRemovedWork());
     QCOMPARE(CTestData::alive(), 0); // else 3 is worked on
