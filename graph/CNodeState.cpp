@@ -255,7 +255,9 @@ void CNodeState::copyFrom(const CNodeState& other)
 
 void CNodeState::clear()
 {
+    // Survives exchanged neighbours: none of the three sees what the others change.
     resizeRows(0, 0);
+    // Survives exchanged neighbours: the same.
     m_tables.reset();
     ++m_lastChange;
     for (const ENodePortType side : portSides) {

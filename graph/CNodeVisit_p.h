@@ -108,6 +108,7 @@ private:
 
     void joinOuter()
     {
+        // Survives exchanged neighbours: neither sees what the other one sets.
         m_round = m_outer->isOver() ? roundOfGoneNode : qint16(qMin(qAbs(int(m_outer->m_round)), mostRounds) + 1);
         m_dropsBefore = m_outer->isWalking() ? m_outer->m_dropsBefore : m_gauge.drops();
     }
@@ -155,8 +156,9 @@ private:
     const CNodeBase* m_node; // null once it was destroyed
     CNodeVisit* m_outer;
     CStackGauge& m_gauge;
-    quint64 m_dropsBefore;   // when the walk of the first visit that stands here began; not set before that
-    qint16 m_round = 1;      // or roundOfGoneNode; its negative while a walk is under way
+    quint64 m_dropsBefore; // when the walk of the first visit that stands here began; not set before that
+    qint16 m_round = 1;    // or roundOfGoneNode; its negative while a walk is under way
+    // Survives number off by one: to tidy up what is tidy only takes time.
     quint16 m_hasToTidy = 0; // as it leaves; the size lets both be set at once
 };
 

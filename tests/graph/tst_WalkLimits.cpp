@@ -19,6 +19,7 @@
 #include <cstdio>
 #include <functional>
 #include <memory>
+#include <stdexcept>
 #include <vector>
 
 using namespace Plugin::Halvex;
@@ -90,25 +91,49 @@ int roundsOfALoop()
     return int(loop.model->received.size());
 }
 
-/// How many nodes of a chain of a thousand one frame has reached, when the system cannot tell the bounds of the main
-/// thread's stack: it reads them from a file.
-int reachedWithoutBounds()
+/// What \a measure says when the system cannot tell the bounds of the main thread's stack: it reads them from a file.
+int withoutBounds(int (*measure)())
 {
     rlimit files{};
     if (getrlimit(RLIMIT_NOFILE, &files) != 0)
         return 0;
     const rlimit none{0, files.rlim_max};
     setrlimit(RLIMIT_NOFILE, &none);
+    const int measured = measure();
+    setrlimit(RLIMIT_NOFILE, &files);
+    return measured;
+}
+
+/// How many nodes of a chain of a thousand one frame has reached.
+int reachedNodes()
+{
     const std::vector<STestNode> nodes(1000);
     std::vector<std::unique_ptr<CNodeConnection>> connections;
     for (std::size_t i = 1; i < nodes.size(); ++i)
         connections.push_back(join(nodes[i - 1], nodes[i]));
     nodes.front().model->offer(CTestData::make(1));
     nodes.front().model->offer(CTestData::make(2)); // finds all walks of the first frame ended
-    setrlimit(RLIMIT_NOFILE, &files);
     return int(std::count_if(nodes.begin(), nodes.end(), [](const STestNode& node) {
         return node.model->values() == Numbers({1, 2});
     }));
+}
+
+/// How many of a thousand frames have come to a model that throws each time.
+int framesThatThrew()
+{
+    const STestNode source;
+    const STestNode sink;
+    const auto connection = join(source, sink);
+    sink.model->onSetInData = [](const CNodeDataPtr&, NodePortIndex) { throw std::runtime_error("no"); };
+    int thrown = 0;
+    for (int frame = 0; frame < 1000; ++frame) {
+        try {
+            source.model->offer(CTestData::make(frame));
+        } catch (const std::runtime_error&) {
+            ++thrown;
+        }
+    }
+    return thrown;
 }
 
 /// What a child process of this test measures on its main thread.
@@ -120,7 +145,8 @@ const struct
     {"uses-1792-KiB", [] { return int(walksUse(1792 * kibibyte)); }},
     {"uses-256-MiB", [] { return int(walksUse(256 * mebibyte)); }},
     {"rounds", &roundsOfALoop},
-    {"chain-without-bounds", &reachedWithoutBounds},
+    {"chain-without-bounds", [] { return withoutBounds(&reachedNodes); }},
+    {"exceptions-without-bounds", [] { return withoutBounds(&framesThatThrew); }},
 };
 
 /// The number that a child of this process prints; -1 if it fails.
@@ -157,6 +183,7 @@ private Q_SLOTS:
     void loopThroughSeveralPathsEnds();
     void loopThroughSeveralUpdatesEnds();
     void cutEndsNoOtherUpdatesOfADelivery();
+    void cutEndsNoOtherConnectionsOfTheWayIn();
     void outputThatAnnouncesItselfIsCut();
 };
 
@@ -216,6 +243,7 @@ void tst_WalkLimits::chainEndsWhereNothingIsKnown()
 #else
     // As many walks, each of which leads to one node.
     QCOMPARE(measureInAChild(":", "chain-without-bounds"), 500);
+    QCOMPARE(measureInAChild(":", "exceptions-without-bounds"), 1000);
 #endif
 }
 
@@ -411,6 +439,23 @@ void tst_WalkLimits::cutEndsNoOtherUpdatesOfADelivery()
     };
 
     relay->propagateData(CTestData::make(1), 0);
+
+    QCOMPARE(messages.texts("halvex.graph").size(), 1);
+    QCOMPARE(sink.model->values(), Numbers({1, 1}));
+}
+
+void tst_WalkLimits::cutEndsNoOtherConnectionsOfTheWayIn()
+{
+    const CMessageCatcher messages;
+    const STestNode source;
+    const STestNode loop;
+    const STestNode sink(2, 0);
+    const auto first = join(source, sink, {}, 0, 0);
+    const auto entry = join(source, loop);
+    const auto back = join(loop, loop);
+    const auto last = join(source, sink, {}, 0, 1);
+
+    source.model->offer(CTestData::make(1));
 
     QCOMPARE(messages.texts("halvex.graph").size(), 1);
     QCOMPARE(sink.model->values(), Numbers({1, 1}));

@@ -80,13 +80,16 @@ public:
             m_first = m_first ? m_first : m_last;
             CNodeBase& node = m_scene.createNode(std::move(owned));
             if (before)
-                m_scene.createConnection(node, 0, *before, 0, {});
+                m_lastConnection = m_scene.createConnection(node, 0, *before, 0, {}).get();
             before = &node;
         }
         m_idOfThrower = idText(*before);
-        m_last->onSetInData = [](const CNodeDataPtr& data, NodePortIndex) {
-            if (data)
-                throw std::runtime_error("No data is good enough.");
+        m_last->onSetInData = [this](const CNodeDataPtr& data, NodePortIndex) {
+            if (!data)
+                return;
+            if (disconnectsFirst)
+                m_scene.deleteConnectionNow(*m_lastConnection);
+            throw std::runtime_error("No data is good enough.");
         };
     }
 
@@ -102,10 +105,13 @@ public:
 
     QString idOfThrower() const { return m_idOfThrower; }
 
+    bool disconnectsFirst = false;
+
 private:
     CTestScene m_scene{nullptr, nullptr};
     CTestModel* m_first = nullptr;
     CTestModel* m_last = nullptr;
+    CNodeConnection* m_lastConnection = nullptr;
     QString m_idOfThrower;
 };
 
@@ -336,15 +342,18 @@ void tst_Mistakes::converterThatGivesAnotherType()
 
 void tst_Mistakes::exceptionThroughAnEventLoop()
 {
-    const CMessageCatcher messages;
-    CChainThatThrows chain;
-    bool hasThrown = false;
-    runInEventLoop([&] { hasThrown = chain.throwsWhenItDelivers(); });
-    QVERIFY(hasThrown);
-    QCOMPARE(messages.texts("halvex.usage"), // only of the one that threw
-             QStringList{QStringLiteral("An exception leaves setInData() of the model \"Thrower\" of node %1: an event "
-                                        "loop that gets it ends the process.")
-                             .arg(chain.idOfThrower())});
+    for (const bool disconnectsFirst : {false, true}) {
+        const CMessageCatcher messages;
+        CChainThatThrows chain;
+        chain.disconnectsFirst = disconnectsFirst;
+        bool hasThrown = false;
+        runInEventLoop([&] { hasThrown = chain.throwsWhenItDelivers(); });
+        QVERIFY(hasThrown);
+        QCOMPARE(messages.texts("halvex.usage"), // only of the one that threw
+                 QStringList{QStringLiteral("An exception leaves setInData() of the model \"Thrower\" of node %1: an "
+                                            "event loop that gets it ends the process.")
+                                 .arg(chain.idOfThrower())});
+    }
 }
 
 void tst_Mistakes::exceptionWithoutAnEventLoop()
