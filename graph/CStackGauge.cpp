@@ -30,6 +30,7 @@ bool CStackGauge::beginFarWalk()
 {
     measureOnce();
     if (m_lowest != unknown)
+        // Survives exchanged operator: one byte more or less.
         return framePosition() >= m_lowest;
     if (m_farWalks == mostWalks)
         return false;
@@ -57,8 +58,10 @@ void CStackGauge::measure()
     // Survives removed statement: memory is lost, once for each thread.
     pthread_attr_destroy(&attributes);
     if (!isKnown)
+        // Survives removed statement: the system tells the stack of all attributes that it gave.
         return;
 
+    // Survives number off by one: what is kept free is a round number, and tests allow for the way to the walk.
     constexpr std::size_t smallestReserve = std::size_t(64) * 1024;
     constexpr std::size_t greatestUse = std::size_t(256) * 1024 * 1024;
     const std::size_t reserve = std::min(std::max(size / 8, smallestReserve), size / 2);

@@ -32,6 +32,7 @@ public:
     }
 
     /// Whether a walk may begin without further questions. \a here: any object on the stack, not far above the caller.
+    // Survives exchanged operator: one byte more or less.
     bool hasRoom(const void* here) const { return Q_LIKELY(reinterpret_cast<quintptr>(here) >= m_lowest); }
 
     /// For a walk that begins where hasRoom() says no: whether it may begin even so. If it may, end it with
@@ -39,6 +40,7 @@ public:
     bool beginFarWalk();
     void endFarWalk();
 
+    // Survives counted the other way: it is only asked whether the number has changed.
     void countDrop() { ++m_drops; }
     quint64 drops() const { return m_drops; }
 
@@ -46,11 +48,14 @@ private:
     constexpr CStackGauge() = default;
     void measure();
 
+    // Survives number off by one: it is no place where a walk may begin.
     static constexpr quintptr notMeasured = ~quintptr(0);
+    // Survives number off by one: the same.
     static constexpr quintptr unknown = notMeasured - 1;
 
     quintptr m_lowest = notMeasured; // where a walk may begin; a stack grows downwards
     int m_farWalks = 0;              // under way, one within the other, if the bounds are unknown
+    // Survives number off by one: it is only asked whether it has changed.
     quint64 m_drops = 0;
 
     static thread_local CStackGauge s_gauge;

@@ -78,6 +78,7 @@ bool AWorkerNodeDataModel::prepareWork()
     auto made = std::make_shared<const Work>(makeWork());
     if (self && !m_work)
         m_work = std::move(made);
+    // Survives removed statement: only a sanitizer sees what is used of a model that has gone.
     made.reset(); // what it captured may remove the model, too
     return self;
 }
@@ -89,8 +90,10 @@ void AWorkerNodeDataModel::addFrame()
     if (!m_work && !prepareWork())
         return;
     m_queue->add(frame, m_work);
+    // Survives removed statement: only a sanitizer sees what is used of a model that has gone.
     frame.clear();
     if (!self)
+        // Survives removed statement: the same.
         return;
     // Survives removed statement: it makes no difference but in allocations.
     m_frame = std::move(frame); // for its room
@@ -107,6 +110,7 @@ void AWorkerNodeDataModel::onResultsReady()
 {
     const QPointer<AWorkerNodeDataModel> self(this);
     // An exception of a handler's ends this call; what is left then is for another one.
+    // Survives exchanged neighbours: the one that follows throws nothing.
     auto callAgain = qScopeGuard([&self] {
         if (self)
             QMetaObject::invokeMethod(
@@ -134,6 +138,7 @@ void AWorkerNodeDataModel::onResultsReady()
 void AWorkerNodeDataModel::giveOut(CNodeDataPtr data)
 {
     const bool hasData = !data.isNull();
+    // Survives counted the other way: it is only asked whether the number has changed.
     const quint64 turn = ++m_turn;
     if (!storeNewestData(*this, m_output, std::move(data)) || m_turn != turn)
         return; // the end of the old one has removed the model, or let a newer one out
@@ -173,6 +178,7 @@ QJsonObject AWorkerNodeDataModel::save() const
 void AWorkerNodeDataModel::restore(const QJsonObject& json)
 {
     const QJsonObject property = json.value(DocumentKeys::property).toObject();
+    // Survives exchanged truth: who is asked always says.
     bool isPolicy = false;
     const int policy = QMetaEnum::fromType<EPolicy>().keyToValue(
         property.value(DocumentKeys::policy).toString().toLatin1().constData(), &isPolicy);
@@ -263,6 +269,7 @@ void AWorkerNodeDataModel::renewWork()
 qint64 AWorkerNodeDataModel::number(const CNodeDataPtr& data) const
 {
     Q_UNUSED(data)
+    // Survives number off by one: all data has the same number.
     return 0;
 }
 

@@ -16,6 +16,7 @@
 
 namespace Plugin::Halvex {
 
+// Survives number off by one: a while.
 std::atomic<unsigned long> decouplerShutDownWait{30000};
 
 namespace {

@@ -9,10 +9,13 @@
 #include "support/CTestModel.h"
 #include "support/CTestScene.h"
 
+#include <QAbstractEventDispatcher>
+#include <QEventLoop>
 #include <QSignalSpy>
 #include <QTest>
 #include <QThread>
 #include <QThreadPool>
+#include <QTimer>
 
 #include <limits>
 #include <stdexcept>
@@ -65,6 +68,7 @@ private Q_SLOTS:
     void reportsExceptions();
     void missingResultIsEmptyData();
     void saysWhenItComputes();
+    void asksForNoTimeWhileNothingComes();
     void frameThatComesAsItStartsIsTheSecond();
     void resultThatIsOvertakenIsNotAnnounced();
     void handlerThatThrowsHoldsNothingUp();
@@ -431,8 +435,10 @@ void tst_AWorkerNodeDataModel::missingResultIsEmptyData()
 {
     CWorkerModel model;
     model.setWork([](const auto&) { return CNodeDataPtr(); });
+    const QSignalSpy invalidated(&model, &CNodeDataModel::dataInvalidated);
     model.send(1);
     QTRY_COMPARE(model.values, Values{-1});
+    QCOMPARE(invalidated.value(0).value(0).toInt(), 0);
     QCOMPARE(model.statistics().emitted, quint64(1));
     QCOMPARE(model.validationState(), ENodeValidationState::Valid);
 }
@@ -455,6 +461,22 @@ void tst_AWorkerNodeDataModel::saysWhenItComputes()
     gated.model->setInData({}, 0);
     QTRY_COMPARE(finished.count(), 2);
     gated.work.open(3);
+}
+
+void tst_AWorkerNodeDataModel::asksForNoTimeWhileNothingComes()
+{
+    CWorkerModel model;
+    model.send(1);
+    QTRY_COMPARE(model.values, Values{1});
+    QEventLoop loop;
+    bool hasRested = false;
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &loop, [&] {
+        hasRested = true;
+        loop.quit();
+    });
+    QTimer::singleShot(30000, &loop, &QEventLoop::quit);
+    loop.exec();
+    QVERIFY(hasRested);
 }
 
 void tst_AWorkerNodeDataModel::frameThatComesAsItStartsIsTheSecond()
@@ -606,6 +628,9 @@ void tst_AWorkerNodeDataModel::settingsTellChanges()
     }
     QCOMPARE(policy.count() + 10 * waiting.count() + 100 * parallelism.count(), 111);
     QCOMPARE(model.policy(), EPolicy::DropOldest);
+    model.setProperty("mostWaiting", 1);
+    model.setProperty("parallelism", 1);
+    QCOMPARE(waiting.count() + 10 * parallelism.count(), 22);
 }
 
 QTEST_GUILESS_MAIN(tst_AWorkerNodeDataModel)

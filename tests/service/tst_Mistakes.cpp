@@ -144,8 +144,8 @@ private Q_SLOTS:
     void converterThatGivesAnotherType();
     void exceptionThroughAnEventLoop();
     void exceptionWithoutAnEventLoop();
+    void decouplerWithAnEventLoop(); // first: what was said once is not said again
     void decouplerWithoutAnEventLoop();
-    void decouplerWithAnEventLoop();
     void unknownModelIsSaved();
     void sceneDocument_data();
     void sceneDocument();
