@@ -10,8 +10,9 @@
 
 A mutant is one small change in graph/, scene/, models/ or service/, public headers included; KINDS below names them.
 One that does not compile is not counted. It is killed when a test fails or crashes, and does so again when that test is
-repeated. One that only makes tests slow is "too slow", which is no kill. With --also asan, those that are not killed
-are judged again in a build with sanitizers; the rate is told without and with what these kill.
+repeated; Qt Test fails a function that stands still. One that only makes tests slow is "too slow", which is no kill.
+With --also asan, those that are not killed are judged again in a build with sanitizers; the rate is told without and
+with what these kill.
 
 A mutant in a source is shown to those tests alone that enter the function it stands in, as the counters of coverage
 tell: others do the same with it as without. What a program does that dies of a signal is not counted. Tests of other
@@ -323,10 +324,13 @@ class Run:
         self.output = tempfile.TemporaryFile()
         self.latest = time.monotonic() + max(30.0, 10 * test.seconds)
         busiest = int(max(5.0, 5 * test.seconds))  # by the processor's time: the machine may do other things
+        still = 1000 * int(max(15.0, 5 * test.seconds))  # milliseconds after which Qt Test fails a function
         # Counters of another mutant lie about, and their reader complains.
         self.process = subprocess.Popen(["prlimit", f"--cpu={busiest}:{busiest + 1}", *test.command], cwd=test.folder,
                                         stdin=subprocess.DEVNULL, stdout=self.output, stderr=subprocess.STDOUT,
-                                        start_new_session=True, env={**os.environ, "GCOV_ERROR_FILE": os.devnull})
+                                        start_new_session=True,
+                                        env={**os.environ, "GCOV_ERROR_FILE": os.devnull,
+                                             "QTEST_FUNCTION_TIMEOUT": str(still)})
 
     def failure(self):
         """What has failed so far, even if the program has not ended; empty if nothing has."""
