@@ -76,6 +76,7 @@ void CDecoupler::setNodeData(CNodeDataPtr ptrNodeData)
             warnIfNoEventLoop(sender());
         return;
     }
+    // Survives exchanged neighbours: it is asked once more whether the thread runs.
     const bool needsThread = isData && !m_isAsleep;
     wakeUp(lock);
     // Without the mutex: Qt may warn, and a message handler may call statistics().
@@ -111,6 +112,7 @@ void CDecoupler::shutDown()
         std::unique_lock<QMutex> lock(m_mutex);
         m_shutDownRequested = true;
         m_pendingData.swap(discarded);
+        // Survives exchanged neighbours: only the race detector sees it.
         m_counts.dropped += discarded ? 1 : 0;
         wakeUp(lock);
     }
@@ -160,6 +162,7 @@ void CDecoupler::emitData(const CNodeDataPtr& data)
 {
     if (swallowExceptions(lcGraph, "The emission of a decoupler", [&] { Q_EMIT nodeDataAvailable(data); }))
         return;
+    // Survives removed statement: only the race detector sees it.
     const QMutexLocker lock(&m_mutex);
     --m_counts.emitted;
     ++m_counts.dropped;
@@ -167,6 +170,7 @@ void CDecoupler::emitData(const CNodeDataPtr& data)
 
 void endDecoupler(CDecoupler* decoupler)
 {
+    // Survives exchanged neighbours: its end is not missed either way.
     decoupler->shutDown();
     // Connected before it is asked whether it runs, so that its end is not missed.
     QObject::connect(decoupler, &QThread::finished, decoupler, &QObject::deleteLater);

@@ -56,7 +56,7 @@ public:
             if (std::none_of(inputs.begin(), inputs.end(), isNumber))
                 return false;
         }
-        frame.clear();
+        Q_ASSERT(frame.empty());
         for (Waiting& inputs : m_numbered) {
             const auto found = std::find_if(inputs.begin(), inputs.end(), isNumber);
             frame.push_back(std::move(found->second));

@@ -35,7 +35,9 @@ public:
 
     void clear()
     {
+        // Survives exchanged neighbours: what one releases knows nothing of the others.
         inputs.clear();
+        // Survives exchanged neighbours: the same.
         work.reset();
         result.reset();
     }
@@ -64,9 +66,11 @@ public:
     ~CDiscarded()
     {
         if (!jobs.first)
+            // Survives removed statement: it saves a lock.
             return;
         for (CJob* job = jobs.first; job; job = job->next)
             job->clear();
+        // Survives removed statement: only the race detector sees it.
         const QMutexLocker lock(&m_queue->m_mutex);
         while (jobs.first)
             m_queue->m_unused.append(jobs.takeFirst());
@@ -81,6 +85,7 @@ private:
 
 void CWorkQueue::SList::append(CJob& job)
 {
+    // Survives exchanged neighbours: the job is in no list, and so not its last one.
     job.next = nullptr;
     (first ? last->next : first) = &job;
     last = &job;
@@ -106,6 +111,7 @@ void CWorkQueue::setLimits(const SLimits& limits)
     CJob* next = nullptr;
     do {
         {
+            // Survives removed statement: only the race detector sees it.
             const QMutexLocker lock(&m_mutex);
             m_limits = limits;
             next = begin();
@@ -116,9 +122,12 @@ void CWorkQueue::setLimits(const SLimits& limits)
 
 void CWorkQueue::setPool(QThreadPool* pool)
 {
+    // Survives removed statement: only the race detector sees it.
     const QMutexLocker lock(&m_mutex);
     m_pool = pool;
+    // Survives negated condition: only an unload at the wrong moment sees it.
     if (!m_jobs.empty())
+        // Survives removed statement: the same.
         RemovedWork::addPool(this->pool());
 }
 

@@ -379,6 +379,7 @@ void tst_AWorkerNodeDataModel::gathersTheSameNumber()
     model.send(41, 0);
     model.setInData({}, 1);
     model.send(42, 1); // 41 is forgotten
+    QCOMPARE(model.statistics().received, quint64(2));
     QTRY_COMPARE(model.values, (Values{43, 63, -1}));
 }
 

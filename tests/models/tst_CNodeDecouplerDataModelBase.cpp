@@ -91,6 +91,7 @@ private Q_SLOTS:
     void rates_data();
     void rates();
     void propertySetsTheRate();
+    void rateHoldsWhenItIsTold();
     void save();
     void restore_data();
     void restore();
@@ -219,6 +220,16 @@ void tst_CNodeDecouplerDataModelBase::propertySetsTheRate()
     QCOMPARE(model.framesPerSecond(), 50.0);
     QCOMPARE(model.property("framesPerSecond").toDouble(), 50.0);
     QCOMPARE(timerOf(model).interval(), 20);
+}
+
+void tst_CNodeDecouplerDataModelBase::rateHoldsWhenItIsTold()
+{
+    CModel model;
+    int interval = 0;
+    connect(&model, &CNodeDecouplerDataModelBase::framesPerSecondChanged, &model,
+            [&] { interval = timerOf(model).interval(); });
+    model.setFramesPerSecond(50);
+    QCOMPARE(interval, 20);
 }
 
 void tst_CNodeDecouplerDataModelBase::save()
