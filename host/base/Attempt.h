@@ -5,21 +5,24 @@
 
 #include "host/base/Shown.h"
 
+#include <QCoreApplication>
+
 #include <exception>
 
 namespace Host {
 
-/// What is wrong when \a step, told as \a name, returns false or throws: one line, empty when all is well.
+/// What is wrong when \a step, told as \a name, returns false or throws: one line in the user's language, empty when
+/// all is well.
 template <typename S>
 QString attempt(const QString& name, const S& step)
 {
     try {
-        return step() ? QString() : QStringLiteral("%1 fails").arg(name);
+        return step() ? QString() : QCoreApplication::translate("Host::attempt", "%1 fails").arg(name);
     } catch (const std::exception& exception) {
-        return QStringLiteral("%1 throws: %2")
+        return QCoreApplication::translate("Host::attempt", "%1 throws: %2")
             .arg(name, printable(QString::fromLocal8Bit(exception.what()).simplified()));
     } catch (...) {
-        return QStringLiteral("%1 throws").arg(name);
+        return QCoreApplication::translate("Host::attempt", "%1 throws").arg(name);
     }
 }
 

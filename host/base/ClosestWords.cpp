@@ -5,6 +5,8 @@
 
 #include "host/base/Shown.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cstdlib>
 #include <numeric>
@@ -83,9 +85,33 @@ QString didYouMean(const QString& word, const QStringList& known)
         if (isBeginning && words.size() < mostWords && !words.contains(candidate))
             words << candidate;
     }
-    for (QString& each : words)
-        each = shown(each);
-    return words.isEmpty() ? QString() : QStringLiteral("; did you mean %1?").arg(words.join(QStringLiteral(" or ")));
+    return didYouMean(words);
+}
+
+QString didYouMean(const QStringList& words)
+{
+    Q_ASSERT(words.size() <= mostWords);
+    const QString first = shown(words.value(0));
+    const QString second = shown(words.value(1));
+    switch (words.size()) {
+    case 0:
+        return {};
+    case 1:
+        return QCoreApplication::translate("Host::ClosestWords", "did you mean %1?").arg(first);
+    case 2:
+        return QCoreApplication::translate("Host::ClosestWords", "did you mean %1 or %2?").arg(first, second);
+    default:
+        return QCoreApplication::translate("Host::ClosestWords", "did you mean %1 or %2 or %3?")
+            .arg(first, second, shown(words.at(2)));
+    }
+}
+
+QString withHint(const QString& message, const QString& hint)
+{
+    if (hint.isEmpty())
+        return message;
+    return QCoreApplication::translate("Host::ClosestWords", "%1; %2", "what is wrong; a question or a hint")
+        .arg(message, hint);
 }
 
 } // namespace Host

@@ -21,8 +21,15 @@ int editDistance(const QString& left, const QString& right);
  */
 QStringList closestWords(const QString& word, const QStringList& known, qint64* stepsLeft = nullptr);
 
-/// "; did you mean 'Gain' or 'GainRaw'?", to be put behind a sentence about \a word; empty when nothing comes close.
-/// Names that begin with it count as well: whoever knows the beginning of a long name alone is helped, too.
+/// "did you mean 'Gain' or 'GainRaw'?", for withHint(); empty when nothing comes close. Names that begin with \a word
+/// count as well: whoever knows the beginning of a long name alone is helped, too.
 QString didYouMean(const QString& word, const QStringList& known);
+
+/// The same question about \a words, three at most; empty without any.
+QString didYouMean(const QStringList& words);
+
+/// "no model 'Blurr' is registered; did you mean 'Blur'?": what is wrong, and what may help; \a message alone if \a
+/// hint is empty.
+QString withHint(const QString& message, const QString& hint);
 
 } // namespace Host

@@ -5,6 +5,8 @@
 
 #include <Halvex/graph/SNodeDataType.h>
 
+#include <QCoreApplication>
+
 namespace Host {
 
 using namespace Plugin::Halvex;
@@ -13,7 +15,9 @@ QString connectionTypeText(const SNodeDataType& from, const SNodeDataType& to)
 {
     if (from.id == to.id || to.id.isEmpty())
         return from.name;
-    return from.id.isEmpty() ? to.name : QStringLiteral("%1 to %2").arg(from.name, to.name);
+    if (from.id.isEmpty())
+        return to.name;
+    return QCoreApplication::translate("Host::ConnectionText", "%1 to %2", "types of data").arg(from.name, to.name);
 }
 
 QString portText(int port, std::size_t ports, const QString& caption, const SNodeDataType& type)

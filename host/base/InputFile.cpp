@@ -3,6 +3,7 @@
 
 #include "host/base/InputFile.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 #include <cstdio>
@@ -34,7 +35,7 @@ QByteArray readInput(const QString& file, QString* error)
     if (!isOpen || in.error() != QFileDevice::NoError)
         *error = in.errorString();
     else if (bytes.size() > maxSize)
-        *error = QStringLiteral("it is larger than 64 MiB");
+        *error = QCoreApplication::translate("Host::InputFile", "it is larger than 64 MiB");
     return bytes;
 }
 
@@ -43,7 +44,7 @@ QByteArray readDocument(const QString& file, QString* error)
     QString reason;
     const QByteArray bytes = readInput(file, &reason);
     if (!reason.isEmpty())
-        *error = QStringLiteral("cannot read '%1': %2").arg(inputName(file), reason);
+        *error = QCoreApplication::translate("Host::InputFile", "cannot read '%1': %2").arg(inputName(file), reason);
     return bytes;
 }
 

@@ -5,6 +5,7 @@
 
 #include <Halvex/models/AWorkerNodeDataModel.h>
 
+#include <QCoreApplication>
 #include <QMetaClassInfo>
 #include <QRegularExpression>
 
@@ -16,6 +17,8 @@ namespace Host {
 using namespace Plugin::Halvex;
 
 namespace {
+
+constexpr QLatin1String oddEnding(", odd", 5); // of a range
 
 // Of settings that come from the library, which says in its headers alone what they take.
 QString rangeInLibrary(const QMetaProperty& property)
@@ -42,21 +45,31 @@ QString writtenRange(const QObject& model, const QMetaProperty& property)
 
 QString rangeOf(const QObject& model, const QMetaProperty& property)
 {
-    QString range = writtenRange(model, property);
-    if (range.endsWith(QLatin1String("..")))
-        return QStringLiteral("from ") + range.left(range.size() - 2);
-    return range.replace(QLatin1String(".."), QLatin1String(" to "));
+    const QString range = writtenRange(model, property);
+    const int dots = range.indexOf(QLatin1String(".."));
+    if (dots < 0)
+        return range;
+    const QString least = range.left(dots);
+    const QString most = range.mid(dots + 2);
+    if (most.isEmpty())
+        return QCoreApplication::translate("Host::SettingRange", "from %1").arg(least);
+    if (most.endsWith(oddEnding))
+        return QCoreApplication::translate("Host::SettingRange", "%1 to %2, odd")
+            .arg(least, most.chopped(oddEnding.size()));
+    return QCoreApplication::translate("Host::SettingRange", "%1 to %2").arg(least, most);
 }
 
 std::optional<SSettingBounds> boundsOf(const QObject& model, const QMetaProperty& property)
 {
     static const QRegularExpression bounds(QStringLiteral(R"(^(-?\d+(?:\.\d+)?)(?:\.\.(-?\d+(?:\.\d+)?)?)?)"));
-    const auto match = bounds.match(writtenRange(model, property));
+    const QString range = writtenRange(model, property);
+    const auto match = bounds.match(range);
     if (!match.hasMatch())
         return std::nullopt;
-    return SSettingBounds{match.captured(1).toDouble(), match.captured(2).isEmpty()
-                                                            ? std::numeric_limits<double>::infinity()
-                                                            : match.captured(2).toDouble()};
+    const bool isOpen = match.captured(2).isEmpty();
+    return SSettingBounds{match.captured(1).toDouble(),
+                          isOpen ? std::numeric_limits<double>::infinity() : match.captured(2).toDouble(),
+                          range.endsWith(oddEnding)};
 }
 
 bool isInRange(const QObject& model, const QMetaProperty& property, double value)

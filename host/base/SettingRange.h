@@ -12,9 +12,9 @@ class QObject;
 
 namespace Host {
 
-/// The numbers that a setting of \a model takes, to be read behind its type: "1 to 99, odd", "from 1". The class
-/// information of the model says it, see AImageFilterModel; of settings that the library's own models have it is
-/// known here. Empty when nobody says.
+/// The numbers that a setting of \a model takes, to be read behind its type and in the user's language: "1 to 99, odd",
+/// "from 1". The class information of the model says it, see AImageFilterModel; of settings that the library's own
+/// models have it is known here. Empty when nobody says.
 QString rangeOf(const QObject& model, const QMetaProperty& property);
 
 /// The numbers between which a setting lies. A plain value.
@@ -22,6 +22,7 @@ struct SSettingBounds
 {
     double least = 0;
     double most = 0; ///< Infinite without an upper bound.
+    bool areOdd = false;
 };
 
 /// The bounds of the range; none without one.

@@ -4,6 +4,7 @@
 #include "host/check/CChainReader.h"
 
 #include "host/base/AnyCamera.h"
+#include "host/base/ClosestWords.h"
 #include "host/base/Shown.h"
 #include "host/check/CFaultList.h"
 #include "host/check/CJsonTree.h"
@@ -59,14 +60,14 @@ void CChainReader::read(const SJsonNode& root)
         connectElement(*element, first + int(element->index));
     checkUnknownSources();
     if (m_cameras.isEmpty() && m_unknown.empty() && !m_faults.hasUnreadValues())
-        m_faults.addError(EFaultRule::Camera, root, QStringLiteral("no element has a camera as its source"));
+        m_faults.addError(EFaultRule::Camera, root, tr("no element has a camera as its source"));
     m_graph.finish(root);
 }
 
 void CChainReader::addCamera(const QString& name)
 {
     SGraphNode node = m_camera;
-    node.name = QStringLiteral("the camera %1").arg(shown(name));
+    node.name = tr("the camera %1").arg(shown(name));
     node.label = name;
     m_cameras.insert(name, m_graph.addNode(std::move(node)));
 }
@@ -83,7 +84,7 @@ void CChainReader::addElement(const SJsonNode& element)
     if (model && model->isObject() && !m_nodes.read(*model, node)) {
         const SJsonNode& name = *model->member(DocumentKeys::name);
         m_faults.addError(EFaultRule::UnusableModel, name,
-                          QStringLiteral("a %1 of its own; frames come from the cameras of the run, named in %2")
+                          tr("a %1 of its own; frames come from the cameras of the run, named in %2")
                               .arg(shown(name.text()), shown(sourcesKey)));
     }
     addLabel(element, m_graph.addNode(std::move(node)));
@@ -96,13 +97,12 @@ void CChainReader::addLabel(const SJsonNode& element, int number)
         return;
     const QString label = json->text();
     if (m_cameras.contains(label) || label == anyCamera) {
-        const QString taken = label == anyCamera ? QStringLiteral("%1 stands for any camera")
-                                                 : QStringLiteral("%1 is the name of a camera");
+        const QString taken = label == anyCamera ? tr("%1 stands for any camera") : tr("%1 is the name of a camera");
         m_faults.addError(EFaultRule::DoubleName, *json, taken.arg(shown(label)));
     } else if (m_labels.contains(label)) {
-        m_faults.addError(EFaultRule::DoubleName, *json,
-                          QStringLiteral("a second element %1, after that at %2")
-                              .arg(shown(label), m_faults.place(m_labelBegins.value(label))));
+        m_faults.addError(
+            EFaultRule::DoubleName, *json,
+            tr("a second element %1, after that at %2").arg(shown(label), m_faults.place(m_labelBegins.value(label))));
     } else {
         m_labels.insert(label, number);
         m_labelBegins.insert(label, json->begin);
@@ -139,7 +139,7 @@ void CChainReader::findCamera(const SJsonNode& source)
     m_graph.node(m_cameras.value(name)).hasModel = false; // it may be an element of which the ports are not known
     m_faults.addWarning(
         EFaultRule::Source, source,
-        QStringLiteral("no element is named %1, so that it is taken for a camera; %2").arg(shown(name), doubt));
+        withHint(tr("no element is named %1, so that it is taken for a camera").arg(shown(name)), doubt));
 }
 
 QString CChainReader::doubtOfCamera(const QString& name)
@@ -148,9 +148,8 @@ QString CChainReader::doubtOfCamera(const QString& name)
         return {};
     const QString meant = m_words.closest(name, m_labelList);
     if (!meant.isNull())
-        return QStringLiteral("did you mean %1?").arg(shown(meant));
-    return m_words.hasGivenUp() ? QStringLiteral("too many names are unknown to say whether a label was meant")
-                                : QString();
+        return didYouMean(QStringList(meant));
+    return m_words.hasGivenUp() ? tr("too many names are unknown to say whether a label was meant") : QString();
 }
 
 void CChainReader::connectElement(const SJsonNode& element, int number)
@@ -213,9 +212,9 @@ void CChainReader::addTarget(const SJsonNode& target, int element)
     connection.to = m_labels.value(label->text(), m_cameras.value(label->text(), -1));
     if (connection.to < 0) {
         const QString meant = m_words.closest(label->text(), m_labelList);
-        m_faults.addError(EFaultRule::UnknownName, *label,
-                          QStringLiteral("no element is named %1%2")
-                              .arg(shown(label->text()), m_words.hint(label->text(), m_labelList)));
+        m_faults.addError(
+            EFaultRule::UnknownName, *label,
+            withHint(tr("no element is named %1").arg(shown(label->text())), m_words.hint(label->text(), m_labelList)));
         if (!meant.isNull())
             m_graph.node(m_labels.value(meant)).isDoubtful = true;
         return;
@@ -236,11 +235,11 @@ void CChainReader::checkUnknownSources()
         known << camera;
     for (const SUnknownSource& unknown : m_unknown) {
         const QString name = unknown.json->text();
-        const QString message = QStringLiteral("no camera of the run and no element is named %1").arg(shown(name));
+        const QString message = tr("no camera of the run and no element is named %1").arg(shown(name));
         if (m_graph.isFed(unknown.element, unknown.port)) {
             m_faults.addWarning(EFaultRule::Source, *unknown.json, message);
         } else {
-            m_faults.addError(EFaultRule::Source, *unknown.json, message + m_words.hint(name, known));
+            m_faults.addError(EFaultRule::Source, *unknown.json, withHint(message, m_words.hint(name, known)));
             m_graph.node(unknown.element).isDoubtful = true;
         }
     }

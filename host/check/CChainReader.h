@@ -6,6 +6,7 @@
 #include "host/check/CNodeReader.h"
 #include "host/check/SCheckOptions.h"
 
+#include <QCoreApplication>
 #include <QHash>
 #include <QStringList>
 
@@ -17,6 +18,8 @@ namespace Host {
 /// schema has it was told before, and is passed over.
 class CChainReader
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CChainReader)
+
 public:
     /// \a camera: what stands for each camera of the run. All references outlive this object.
     CChainReader(CGraphCheck& graph, CNodeReader& nodes, CFaultList& faults, CWordFinder& words,

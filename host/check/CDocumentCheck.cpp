@@ -53,9 +53,8 @@ std::vector<SFault> CDocumentCheck::read(const QByteArray& text, SDocumentGraph*
     SJsonNode& root = *tree.root();
     const EDocumentKind kind = m_options.kind == EDocumentKind::Any ? kindOf(root) : m_options.kind;
     if (kind == EDocumentKind::Any) {
-        faults.addError(
-            EFaultRule::WrongType, root,
-            QStringLiteral("%1, where an array (a chain) or an object (a scene) belongs").arg(description(root)));
+        faults.addError(EFaultRule::WrongType, root,
+                        tr("%1, where an array (a chain) or an object (a scene) belongs").arg(description(root)));
         return faults.sorted();
     }
 
@@ -68,7 +67,7 @@ std::vector<SFault> CDocumentCheck::read(const QByteArray& text, SDocumentGraph*
 
     CModelCatalogue catalogue(*m_service.registry());
     CGraphCheck graph(catalogue, faults);
-    CNodeReader nodes(catalogue, faults, words);
+    CNodeReader nodes(catalogue, faults, words, m_options);
     const auto source = m_models.createCameraSource(QStringLiteral("camera"));
     SGraphNode camera;
     camera.outputs = portTypes(*source, ENodePortType::Out);

@@ -8,6 +8,7 @@
 #include "host/check/SFault.h"
 
 #include <QByteArray>
+#include <QCoreApplication>
 
 #include <cstddef>
 #include <vector>
@@ -34,12 +35,16 @@ class IHostModels;
  * An error is what a run refuses: it would come out as something else than the document says, or lack a branch. With
  * warnings alone a run does what the document says.
  *
+ * Messages are in the user's language.
+ *
  * The models of the document are made one by one, and go again; nothing is changed in the service.
  *
  * Threads: the host's main thread.
  */
 class CDocumentCheck
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CDocumentCheck)
+
 public:
     /// \a service and \a models outlive this object.
     CDocumentCheck(Plugin::Halvex::INodeService& service, const IHostModels& models, SCheckOptions options = {});

@@ -63,7 +63,7 @@ void CFaultList::add(bool isError, EFaultRule rule, int offset, const SJsonNode*
         return;
     if (int(m_faults.size()) == mostFaults || m_pathLetters > maxPathLetters) {
         const bool isAnyError = isError || (isCut() && m_leftOut.isError);
-        const QString text = QStringLiteral("there are more faults than these %1").arg(m_faults.size());
+        const QString text = tr("there are more faults than these %1").arg(m_faults.size());
         m_leftOut = {isAnyError, rule, 0, 0, {}, text};
         return;
     }

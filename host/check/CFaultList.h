@@ -7,6 +7,7 @@
 #include "host/check/SFault.h"
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QSet>
 #include <QString>
 
@@ -24,6 +25,8 @@ struct SJsonNode;
  */
 class CFaultList
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CFaultList)
+
 public:
     /// What is kept, and less if paths are very long. Nobody reads more, and a file of something else altogether has
     /// millions.

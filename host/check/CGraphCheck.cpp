@@ -3,11 +3,10 @@
 
 #include "host/check/CGraphCheck.h"
 
-#include "host/base/Counted.h"
+#include "host/base/ClosestWords.h"
 #include "host/base/Shown.h"
 #include "host/check/CFaultList.h"
 #include "host/check/CJsonTree.h"
-#include "host/check/CWordFinder.h"
 #include "host/check/ShortestLoops.h"
 
 #include <algorithm>
@@ -20,12 +19,34 @@ namespace {
 
 constexpr std::size_t maxShownNodes = 20; // of a loop
 
-QString portCount(std::size_t count, const QString& side)
+QString noOutputText(const QString& node, const QString& port, std::size_t count)
 {
     if (count == 0)
-        return QStringLiteral("it has none");
-    return count == 1 ? QStringLiteral("its only %1 port is 0").arg(side)
-                      : QStringLiteral("its %1 ports are 0 to %2").arg(side).arg(count - 1);
+        return CGraphCheck::tr("%1 has no output port %2; it has none").arg(node, port);
+    if (count == 1)
+        return CGraphCheck::tr("%1 has no output port %2; its only output port is 0").arg(node, port);
+    return CGraphCheck::tr("%1 has no output port %2; its output ports are 0 to %3")
+        .arg(node, port, QString::number(count - 1));
+}
+
+QString noInputText(const QString& node, const QString& port, std::size_t count)
+{
+    if (count == 0)
+        return CGraphCheck::tr("%1 has no input port %2; it has none").arg(node, port);
+    if (count == 1)
+        return CGraphCheck::tr("%1 has no input port %2; its only input port is 0").arg(node, port);
+    return CGraphCheck::tr("%1 has no input port %2; its input ports are 0 to %3")
+        .arg(node, port, QString::number(count - 1));
+}
+
+QString unreachedText(const QString& node, int behind)
+{
+    if (behind == 0)
+        return CGraphCheck::tr("no source reaches %1").arg(node);
+    if (behind == 1)
+        return CGraphCheck::tr("no source reaches %1, and so not what lies behind it (1 node)").arg(node);
+    return CGraphCheck::tr("no source reaches %1, and so not what lies behind it (%2 nodes)")
+        .arg(node, QString::number(behind));
 }
 
 int portNumber(double port)
@@ -61,7 +82,7 @@ void CGraphCheck::connect(const SGraphConnection& connection)
     if (known && arePorts)
         m_faults.addWarning(
             EFaultRule::DoubleConnection, *connection.json,
-            QStringLiteral("%1 feeds %2 already, at %3: all data would come twice")
+            tr("%1 feeds %2 already, at %3: all data would come twice")
                 .arg(node(connection.from).name, node(connection.to).name, m_faults.place(known->begin)));
     known = connection.json;
     m_edges.emplace_back(connection.from, connection.to);
@@ -79,10 +100,10 @@ bool CGraphCheck::checkPort(const SGraphConnection& connection, bool isOutput)
     if (!node.hasModel || (port >= 0 && port < double(ports.size())))
         return true;
     const SJsonNode* const written = isOutput ? connection.outPortJson : connection.inPortJson;
-    const QString side = isOutput ? QStringLiteral("output") : QStringLiteral("input");
+    const QString number = QString::number(port, 'g', 15);
     m_faults.addError(EFaultRule::Port, written ? *written : *connection.json,
-                      QStringLiteral("%1 has no %2 port %3; %4")
-                          .arg(node.name, side, QString::number(port, 'g', 15), portCount(ports.size(), side)));
+                      isOutput ? noOutputText(node.name, number, ports.size())
+                               : noInputText(node.name, number, ports.size()));
     return false;
 }
 
@@ -97,24 +118,25 @@ bool CGraphCheck::checkTypes(const SGraphConnection& connection)
     if (!connection.convertedFrom.isEmpty() || !connection.convertedTo.isEmpty())
         return checkConverter(connection, given, taken);
     if (given != taken)
-        m_faults.addError(EFaultRule::DataType, *connection.json,
-                          QStringLiteral("%1 gives %2, and %3 takes %4; %5")
-                              .arg(from.name, shown(given), to.name, shown(taken), remedy(connection, given, taken)));
+        m_faults.addError(
+            EFaultRule::DataType, *connection.json,
+            withHint(tr("%1 gives %2, and %3 takes %4").arg(from.name, shown(given), to.name, shown(taken)),
+                     remedy(connection, given, taken)));
     return given == taken;
 }
 
 bool CGraphCheck::checkConverter(const SGraphConnection& connection, const QString& given, const QString& taken)
 {
-    const QString converted =
-        QStringLiteral("a converter from %1 to %2").arg(shown(connection.convertedFrom), shown(connection.convertedTo));
+    const QString convertedFrom = shown(connection.convertedFrom);
+    const QString convertedTo = shown(connection.convertedTo);
     if (connection.convertedFrom != given || connection.convertedTo != taken)
-        m_faults.addError(
-            EFaultRule::DataType, *connection.json,
-            QStringLiteral("%1, where %2 gives %3, and %4 takes %5")
-                .arg(converted, node(connection.from).name, shown(given), node(connection.to).name, shown(taken)));
+        m_faults.addError(EFaultRule::DataType, *connection.json,
+                          tr("a converter from %1 to %2, where %3 gives %4, and %5 takes %6")
+                              .arg(convertedFrom, convertedTo, node(connection.from).name, shown(given),
+                                   node(connection.to).name, shown(taken)));
     else if (!m_models.converts(given, taken))
         m_faults.addError(EFaultRule::DataType, *connection.json,
-                          QStringLiteral("%1 is not registered").arg(converted));
+                          tr("a converter from %1 to %2 is not registered").arg(convertedFrom, convertedTo));
     else
         return true;
     return false;
@@ -124,10 +146,10 @@ QString CGraphCheck::remedy(const SGraphConnection& connection, const QString& g
 {
     const QString model = m_models.modelBetween(given, taken);
     if (connection.canConvert && m_models.converts(given, taken))
-        return QStringLiteral("the connection lacks its 'converter', which is registered");
+        return tr("the connection lacks its 'converter', which is registered");
     if (!model.isEmpty())
-        return QStringLiteral("put a %1 between").arg(shown(model));
-    return QStringLiteral("no model makes the one of the other");
+        return tr("put a %1 between").arg(shown(model));
+    return tr("no model makes the one of the other");
 }
 
 void CGraphCheck::finish(const SJsonNode& root)
@@ -144,11 +166,10 @@ void CGraphCheck::findLoops()
         for (std::size_t i = 0; i < loop.size() && i < maxShownNodes; ++i)
             names << node(loop[i]).name;
         if (loop.size() > maxShownNodes)
-            names << QStringLiteral("%1 more").arg(loop.size() - maxShownNodes);
+            names << tr("%1 more", "nodes").arg(loop.size() - maxShownNodes);
         names << node(loop.front()).name;
-        m_faults.addError(
-            EFaultRule::Loop, *node(loop.front()).json,
-            QStringLiteral("a loop, with no decoupler in it: %1").arg(names.join(QStringLiteral(" -> "))));
+        m_faults.addError(EFaultRule::Loop, *node(loop.front()).json,
+                          tr("a loop, with no decoupler in it: %1").arg(names.join(QStringLiteral(" -> "))));
     }
 }
 
@@ -169,8 +190,7 @@ bool CGraphCheck::findIdleCameras(const SJsonNode& root)
         isAnyWired = isAnyWired || (m_nodes[i].isCamera && isWired[i]);
     }
     if (!idle.isEmpty() && !isDoubtful)
-        m_faults.addError(EFaultRule::Camera, root,
-                          QStringLiteral("nothing is wired to %1").arg(idle.join(QStringLiteral(", "))));
+        m_faults.addError(EFaultRule::Camera, root, tr("nothing is wired to %1").arg(idle.join(QStringLiteral(", "))));
     return isAnyWired;
 }
 
@@ -212,11 +232,7 @@ void CGraphCheck::findUnreached()
         if (isReached[std::size_t(first)])
             continue;
         const int behind = reachFrom(first) - 1;
-        const QString others =
-            behind == 0 ? QString()
-                        : QStringLiteral(", and so not what lies behind it (%1)").arg(counted(quint64(behind), "node"));
-        m_faults.addError(EFaultRule::Unreached, *node(first).json,
-                          QStringLiteral("no source reaches %1%2").arg(node(first).name, others));
+        m_faults.addError(EFaultRule::Unreached, *node(first).json, unreachedText(node(first).name, behind));
     }
 }
 
@@ -231,9 +247,8 @@ void CGraphCheck::findUnfedPorts(int number)
             unfed << QString::number(port);
     }
     if (!unfed.isEmpty())
-        m_faults.addWarning(
-            EFaultRule::Unreached, *each.json,
-            QStringLiteral("nothing feeds input port %1 of %2").arg(unfed.join(QStringLiteral(", ")), each.name));
+        m_faults.addWarning(EFaultRule::Unreached, *each.json,
+                            tr("nothing feeds input port %1 of %2").arg(unfed.join(QStringLiteral(", ")), each.name));
 }
 
 std::size_t CGraphCheck::connectionsOf(int camera) const

@@ -6,6 +6,7 @@
 #include "host/base/FlowOrder.h"
 #include "host/check/CModelCatalogue.h"
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -62,6 +63,8 @@ struct SGraphConnection
  */
 class CGraphCheck
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CGraphCheck)
+
 public:
     /// Both outlive this object.
     CGraphCheck(CModelCatalogue& models, CFaultList& faults);

@@ -118,13 +118,13 @@ QString description(const SJsonNode& node)
 {
     switch (node.type) {
     case QJsonValue::Array:
-        return QStringLiteral("an array");
+        return CJsonTree::tr("an array");
     case QJsonValue::Object:
-        return QStringLiteral("an object");
+        return CJsonTree::tr("an object");
     case QJsonValue::String:
-        return QStringLiteral("the string %1").arg(shown(node.text()));
+        return CJsonTree::tr("the string %1").arg(shown(node.text()));
     case QJsonValue::Double:
-        return QStringLiteral("the number %1").arg(node.scalar.toVariant().toString());
+        return CJsonTree::tr("the number %1").arg(node.scalar.toVariant().toString());
     case QJsonValue::Bool:
         return node.scalar.toBool() ? QStringLiteral("true") : QStringLiteral("false");
     default:

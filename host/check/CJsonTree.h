@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QCoreApplication>
 #include <QJsonValue>
 #include <QLatin1String>
 #include <QString>
@@ -39,6 +40,8 @@ struct SJsonNode
 /// The values of one document. Their addresses stay the same as long as the tree lives.
 class CJsonTree
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CJsonTree)
+
 public:
     CJsonTree() = default;
     Q_DISABLE_COPY(CJsonTree)

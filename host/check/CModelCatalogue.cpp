@@ -43,7 +43,7 @@ CModelCatalogue::CModelCatalogue(CNodeDataModelRegistry& registry)
 std::unique_ptr<CNodeDataModel> CModelCatalogue::create(const QString& name, QString* error) const
 {
     std::unique_ptr<CNodeDataModel> model;
-    *error = attempt(QStringLiteral("making %1").arg(shown(name)), [&] {
+    *error = attempt(tr("making %1").arg(shown(name)), [&] {
         model = m_registry.create(name);
         return true;
     });
@@ -73,7 +73,7 @@ void CModelCatalogue::findPassages()
         if (!model)
             continue;
         // One that throws is none to be put between others.
-        attempt(QStringLiteral("asking for ports"), [&] {
+        attempt(QString(), [&] {
             const PortTypes inputs = portTypes(*model, ENodePortType::In);
             const PortTypes outputs = portTypes(*model, ENodePortType::Out);
             if (inputs.size() == 1 && !outputs.empty())

@@ -6,6 +6,7 @@
 #include <Halvex/graph/ENodePortType.h>
 #include <Halvex/graph/SNodeDataType.h>
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -34,6 +35,8 @@ QStringList portNames(const Plugin::Halvex::CNodeDataModel& model, Plugin::Halve
  */
 class CModelCatalogue
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CModelCatalogue)
+
 public:
     /// \a registry outlives this object, and nothing is registered meanwhile.
     explicit CModelCatalogue(Plugin::Halvex::CNodeDataModelRegistry& registry);

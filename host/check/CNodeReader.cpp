@@ -4,12 +4,14 @@
 #include "host/check/CNodeReader.h"
 
 #include "host/base/Attempt.h"
+#include "host/base/ClosestWords.h"
 #include "host/base/FolderName.h"
 #include "host/base/Shown.h"
 #include "host/check/CFaultList.h"
 #include "host/check/CJsonTree.h"
 #include "host/check/CSettingsCheck.h"
 #include "host/check/CWordFinder.h"
+#include "host/check/SCheckOptions.h"
 #include "host/sinks/IFrameSink.h"
 
 #include <Halvex/graph/DocumentKeys.h>
@@ -28,10 +30,11 @@ constexpr QLatin1String sinkNameKey = DocumentKeys::makeKey("sink_name");
 
 } // namespace
 
-CNodeReader::CNodeReader(CModelCatalogue& models, CFaultList& faults, CWordFinder& words)
+CNodeReader::CNodeReader(CModelCatalogue& models, CFaultList& faults, CWordFinder& words, const SCheckOptions& options)
     : m_models(models)
     , m_faults(faults)
     , m_words(words)
+    , m_options(options)
 {
 }
 
@@ -42,18 +45,14 @@ bool CNodeReader::read(const SJsonNode& json, SGraphNode& node)
         return true; // told with the shape of the document
     const QString name = nameJson->text();
     if (!m_models.names().contains(name)) {
-        const QString hint = m_words.hint(name, m_models.names());
-        m_faults.addError(
-            EFaultRule::UnknownModel, *nameJson,
-            QStringLiteral("no model %1 is registered%2")
-                .arg(shown(name), hint.isEmpty() ? QStringLiteral("; 'halvex-host models' lists them") : hint));
+        m_faults.addError(EFaultRule::UnknownModel, *nameJson, unknownModelText(name));
         return true;
     }
     QString error;
     const auto model = m_models.create(name, &error);
     if (!model) {
         m_faults.addError(EFaultRule::UnusableModel, *nameJson,
-                          error.isEmpty() ? QStringLiteral("a %1 cannot be made").arg(shown(name)) : error);
+                          error.isEmpty() ? tr("a %1 cannot be made").arg(shown(name)) : error);
         return true;
     }
     if (qobject_cast<ASourceNodeDataModel*>(model.get()))
@@ -62,11 +61,19 @@ bool CNodeReader::read(const SJsonNode& json, SGraphNode& node)
     return true;
 }
 
+QString CNodeReader::unknownModelText(const QString& name)
+{
+    QString hint = m_words.hint(name, m_models.names());
+    if (hint.isEmpty() && m_options.canNameCommands)
+        hint = QStringLiteral("'halvex-host models' lists them");
+    return withHint(tr("no model %1 is registered").arg(shown(name)), hint);
+}
+
 void CNodeReader::readModel(CNodeDataModel& model, const SJsonNode& json, SGraphNode& node)
 {
     CSettingsCheck(model, json, m_faults, m_words).check();
     checkSink(model, json);
-    const QString error = attempt(QStringLiteral("asking for ports"), [&] {
+    const QString error = attempt(tr("asking for ports"), [&] {
         node.inputs = portTypes(model, ENodePortType::In);
         node.outputs = portTypes(model, ENodePortType::Out);
         node.caption = model.caption();
@@ -100,13 +107,11 @@ void CNodeReader::checkSink(CNodeDataModel& model, const SJsonNode& json)
     const auto known = m_sinks.constFind(name);
     if (!makesASinkFolder(name))
         m_faults.addError(EFaultRule::Sink, *at,
-                          name.isEmpty()
-                              ? QStringLiteral("a sink needs a name for its folder: \"property\": {\"sink_name\": …}")
-                              : QStringLiteral("the sink's name %1 makes no folder").arg(shown(name)));
+                          name.isEmpty() ? tr("a sink needs a name for its folder: \"property\": {\"sink_name\": …}")
+                                         : tr("the sink's name %1 makes no folder").arg(shown(name)));
     else if (known != m_sinks.constEnd())
-        m_faults.addError(
-            EFaultRule::Sink, *at,
-            QStringLiteral("a second sink %1, after that at %2").arg(shown(name), m_faults.place(*known)));
+        m_faults.addError(EFaultRule::Sink, *at,
+                          tr("a second sink %1, after that at %2").arg(shown(name), m_faults.place(*known)));
     else
         m_sinks.insert(name, at->begin);
 }

@@ -61,7 +61,7 @@ void CSceneReader::read(const SJsonNode& root)
         addNode(*node);
     if (nodes && !m_cameraJson && !m_faults.hasUnreadValues())
         m_faults.addError(EFaultRule::Camera, *nodes,
-                          QStringLiteral("none of the nodes is a %1, the camera of the run").arg(shown(m_cameraModel)));
+                          tr("none of the nodes is a %1, the camera of the run").arg(shown(m_cameraModel)));
     for (const SJsonNode* connection : objectsOf(root.member(DocumentKeys::connections)))
         addConnection(*connection);
     m_graph.finish(root);
@@ -93,12 +93,12 @@ void CSceneReader::readModel(const SJsonNode& json, SGraphNode& node)
     if (name->text() == m_cameraModel)
         readCamera(json, node);
     else if (isUnique && isUnique->scalar.toBool())
-        m_faults.addError(EFaultRule::UnusableModel, *isUnique,
-                          QStringLiteral("a unique %1 is not made of a document, and there is none to refer to")
-                              .arg(shown(name->text())));
+        m_faults.addError(
+            EFaultRule::UnusableModel, *isUnique,
+            tr("a unique %1 is not made of a document, and there is none to refer to").arg(shown(name->text())));
     else if (!m_nodes.read(json, node))
         m_faults.addError(EFaultRule::UnusableModel, *name,
-                          QStringLiteral("a %1 is a source without a camera; only a %2 stands for one")
+                          tr("a %1 is a source without a camera; only a %2 stands for one")
                               .arg(shown(name->text()), shown(m_cameraModel)));
 }
 
@@ -118,7 +118,7 @@ void CSceneReader::readCamera(const SJsonNode& json, SGraphNode& node)
     node.isCamera = false; // so that it is not told for a second time, as one to which nothing is wired
     node.isDoubtful = true;
     m_faults.addError(EFaultRule::Camera, nameJson,
-                      QStringLiteral("a second %1, after that at %2; a scene has one camera")
+                      tr("a second %1, after that at %2; a scene has one camera")
                           .arg(shown(m_cameraModel), m_faults.place(m_cameraJson->begin)));
 }
 
@@ -135,7 +135,7 @@ void CSceneReader::addId(const SJsonNode& json, int number)
     const Core::CId id = idOf(json);
     if (id == Core::CId()) {
         m_faults.addError(EFaultRule::WrongValue, json,
-                          QStringLiteral("%1 is no id; one is like %2")
+                          tr("%1 is no id; one is like %2")
                               .arg(shown(json.text()), shown(QStringLiteral("01234567-89ab-cdef-0123-456789abcdef"))));
         m_graph.node(number).isDoubtful = true;
         m_badIds.insert(json.text(), number);
@@ -147,9 +147,8 @@ void CSceneReader::addId(const SJsonNode& json, int number)
         return;
     }
     m_graph.node(number).isDoubtful = true;
-    m_faults.addError(
-        EFaultRule::DoubleName, json,
-        QStringLiteral("a second node of this id, after that at %1").arg(m_faults.place(m_begins.at(id))));
+    m_faults.addError(EFaultRule::DoubleName, json,
+                      tr("a second node of this id, after that at %1").arg(m_faults.place(m_begins.at(id))));
 }
 
 void CSceneReader::addConnection(const SJsonNode& json)
@@ -188,9 +187,9 @@ int CSceneReader::findEnd(const SJsonNode& connection, QLatin1String key)
     const QString meant = closestId(json->text());
     if (!meant.isNull())
         m_graph.node(m_numbers.at(Core::CId(meant.toLatin1().constData()))).isDoubtful = true;
-    const QString hint = meant.isNull() ? QString() : QStringLiteral("; did you mean %1?").arg(shown(meant));
+    const QString hint = meant.isNull() ? QString() : didYouMean(QStringList(meant));
     m_faults.addError(EFaultRule::UnknownName, *json,
-                      QStringLiteral("no node has the id %1%2").arg(shown(json->text()), hint));
+                      withHint(tr("no node has the id %1").arg(shown(json->text())), hint));
     return -1;
 }
 

@@ -7,6 +7,7 @@
 
 #include <Halvex/platform/CId.h>
 
+#include <QCoreApplication>
 #include <QHash>
 #include <QStringList>
 
@@ -20,6 +21,8 @@ class IHostModels;
 /// as the schema has it was told before, and is passed over.
 class CSceneReader
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CSceneReader)
+
 public:
     /// \a camera: what stands for the camera of the run, which \a models make. All references outlive this object.
     CSceneReader(CGraphCheck& graph, CNodeReader& nodes, CFaultList& faults, CWordFinder& words,

@@ -4,6 +4,7 @@
 #include "host/check/CSettingsCheck.h"
 
 #include "host/base/Attempt.h"
+#include "host/base/ClosestWords.h"
 #include "host/base/Shown.h"
 #include "host/check/CFaultList.h"
 #include "host/check/CJsonTree.h"
@@ -76,7 +77,7 @@ void CSettingsCheck::check()
 {
     if (m_json.children.size() == 1)
         return; // the name alone, as most elements have it
-    const QString error = attempt(QStringLiteral("making %1").arg(shown(m_model.name())), [this] {
+    const QString error = attempt(tr("making %1").arg(shown(m_model.name())), [this] {
         m_before = m_model.save();
         m_model.restore(valueOf(m_json).toObject());
         m_after = m_model.save();
@@ -102,13 +103,14 @@ void CSettingsCheck::checkKeys()
             QStringList keys = m_after.keys();
             if (!keys.contains(DocumentKeys::property) && !settingNames().isEmpty())
                 keys << QString(DocumentKeys::property);
-            m_faults.addKeyError(EFaultRule::UnknownKey, *member,
-                                 QStringLiteral("unknown key %1, which %2 does not keep%3")
-                                     .arg(shown(key), shown(m_model.name()), m_words.hint(key, keys)));
+            m_faults.addKeyError(
+                EFaultRule::UnknownKey, *member,
+                withHint(tr("unknown key %1, which %2 does not keep").arg(shown(key), shown(m_model.name())),
+                         m_words.hint(key, keys)));
         } else {
-            m_faults.addError(EFaultRule::Setting, *member,
-                              QStringLiteral("%1 for %2 is not taken; it stays %3")
-                                  .arg(description(*member), shown(key), jsonText(kept)));
+            m_faults.addError(
+                EFaultRule::Setting, *member,
+                tr("%1 for %2 is not taken; it stays %3").arg(description(*member), shown(key), jsonText(kept)));
         }
     }
 }
@@ -126,10 +128,10 @@ void CSettingsCheck::checkSetting(const SJsonNode& setting)
 {
     const QStringList names = settingNames();
     if (!names.contains(setting.key)) {
-        const QString others = names.isEmpty() ? QStringLiteral(", nor any other") : m_words.hint(setting.key, names);
+        const QString text = names.isEmpty() ? tr("%1 has no setting %2, nor any other") : tr("%1 has no setting %2");
         m_faults.addKeyError(
             EFaultRule::Setting, setting,
-            QStringLiteral("%1 has no setting %2%3").arg(shown(m_model.name()), shown(setting.key), others));
+            withHint(text.arg(shown(m_model.name()), shown(setting.key)), m_words.hint(setting.key, names)));
         return;
     }
     if (checkType(setting) && checkRate(setting))
@@ -141,13 +143,12 @@ bool CSettingsCheck::checkType(const SJsonNode& setting)
     const QString expected = expectedBySetting(m_model, setting);
     if (expected.isEmpty() && isSameKind(setting.type, settings(m_before).value(setting.key)))
         return true;
-    const QString belongs = expected.isEmpty()
-                                ? QStringLiteral("a value like %1").arg(jsonText(settings(m_before).value(setting.key)))
-                                : expected;
+    const QString belongs =
+        expected.isEmpty() ? tr("a value like %1").arg(jsonText(settings(m_before).value(setting.key))) : expected;
     const QString meant = m_words.closest(setting.text(), settingChoices(m_model, setting.key));
-    const QString hint = meant.isNull() ? QString() : QStringLiteral("; did you mean %1?").arg(shown(meant));
+    const QString hint = meant.isNull() ? QString() : didYouMean(QStringList(meant));
     m_faults.addError(EFaultRule::Setting, setting,
-                      QStringLiteral("%1, where %2 belongs%3").arg(description(setting), belongs, hint));
+                      withHint(tr("%1, where %2 belongs").arg(description(setting), belongs), hint));
     return false;
 }
 
@@ -159,8 +160,7 @@ bool CSettingsCheck::checkRate(const SJsonNode& setting)
         setting.key == DocumentKeys::framesPerSecond && qobject_cast<CNodeDecouplerDataModelBase*>(&m_model) != nullptr;
     if (!isRate || setting.scalar.toDouble() > 0)
         return true;
-    m_faults.addError(EFaultRule::Setting, setting,
-                      QStringLiteral("%1, where a rate above 0 belongs").arg(description(setting)));
+    m_faults.addError(EFaultRule::Setting, setting, tr("%1, where a rate above 0 belongs").arg(description(setting)));
     return false;
 }
 
@@ -171,12 +171,12 @@ void CSettingsCheck::checkValue(const SJsonNode& setting)
     if (isKept && isInRangeOfSetting(m_model, setting))
         return;
     const QString taken = takenBySetting(m_model, setting.key);
-    const QString refusal = taken.isEmpty()
-                                ? QStringLiteral("%1 refuses %2").arg(shown(setting.key), description(setting))
-                                : QStringLiteral("%1 takes %2, not %3")
-                                      .arg(shown(setting.key), taken, setting.scalar.toVariant().toString());
-    const QString stays = isKept ? QString() : QStringLiteral("; it stays %1").arg(jsonText(now));
-    m_faults.addError(EFaultRule::Setting, setting, refusal + stays);
+    const QString refusal =
+        taken.isEmpty()
+            ? tr("%1 refuses %2").arg(shown(setting.key), description(setting))
+            : tr("%1 takes %2, not %3").arg(shown(setting.key), taken, setting.scalar.toVariant().toString());
+    const QString stays = isKept ? QString() : tr("it stays %1").arg(jsonText(now));
+    m_faults.addError(EFaultRule::Setting, setting, withHint(refusal, stays));
 }
 
 QJsonValue CSettingsCheck::present(const QString& key) const

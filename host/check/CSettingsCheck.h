@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QCoreApplication>
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QString>
@@ -29,6 +30,8 @@ struct SJsonNode;
  */
 class CSettingsCheck
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CSettingsCheck)
+
 public:
     /// \a json: the model's object in the document. All arguments outlive this object.
     CSettingsCheck(Plugin::Halvex::CNodeDataModel& model, const SJsonNode& json, CFaultList& faults,

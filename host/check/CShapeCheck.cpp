@@ -3,6 +3,7 @@
 
 #include "host/check/CShapeCheck.h"
 
+#include "host/base/ClosestWords.h"
 #include "host/base/Shown.h"
 #include "host/check/CFaultList.h"
 #include "host/check/CJsonTree.h"
@@ -21,7 +22,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 #include <set>
 
 // Outside of any namespace, as Qt wants it: the resource is in a static library, which is asked for it by name.
@@ -33,6 +33,46 @@ static void initResources()
 namespace Host {
 
 namespace {
+
+// The schemas are shipped in English, for editors. So their titles are listed here, for the translators.
+[[maybe_unused]] constexpr const char* knownTitles[] = {
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "a camera or a label"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "a connection"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "a converter"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "a data type"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "a label"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "a label, or an object with one"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "a model"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "a node"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "a scene"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "a unique name"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "an element"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "an id"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "an input port"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "an output port"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "arrays of what it feeds"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "the connections"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "the elements of a chain"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "the id of a type"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "the id of the node that feeds"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "the id of the node that is fed"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "the label"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "the name of a model"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "the nodes"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "the schema, for editors"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "the settings of the model"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "the short name of a type"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "the sources of each input port"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "the sources of one input port"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "what it feeds"),
+    QT_TRANSLATE_NOOP("Host::SchemaTitle", "whether it is unique"),
+};
+
+QString titleOf(const QJsonObject& schema)
+{
+    const QByteArray title = schema.value(QLatin1String("title")).toString().toUtf8();
+    return QCoreApplication::translate("Host::SchemaTitle", title.constData());
+}
 
 bool hasType(const SJsonNode& node, const QString& type)
 {
@@ -53,12 +93,23 @@ QString typeText(const QString& type, const SJsonNode& found)
 {
     if (type == QLatin1String("integer")) {
         const double number = found.scalar.toDouble(0.5);
-        return std::floor(number) == number ? QStringLiteral("a smaller number") : QStringLiteral("a whole number");
+        return std::floor(number) == number ? CShapeCheck::tr("a smaller number") : CShapeCheck::tr("a whole number");
     }
     if (type == QLatin1String("boolean"))
-        return QStringLiteral("true or false");
-    const bool isVowel = QStringLiteral("ao").contains(type.at(0));
-    return (isVowel ? QStringLiteral("an ") : QStringLiteral("a ")) + type;
+        return CShapeCheck::tr("true or false");
+    if (type == QLatin1String("array"))
+        return CShapeCheck::tr("an array");
+    if (type == QLatin1String("object"))
+        return CShapeCheck::tr("an object");
+    return type == QLatin1String("number") ? CShapeCheck::tr("a number") : CShapeCheck::tr("a string");
+}
+
+QString typeText(const QStringList& types, const SJsonNode& found)
+{
+    QString text = typeText(types.first(), found);
+    for (int i = 1; i < types.size(); ++i)
+        text = CShapeCheck::tr("%1 or %2", "types of JSON").arg(text, typeText(types.at(i), found));
+    return text;
 }
 
 QStringList texts(const QJsonValue& json)
@@ -144,13 +195,8 @@ bool CShapeCheck::explainType(const SJsonNode& node, const QJsonObject& schema)
     if (types.isEmpty() ||
         std::any_of(types.begin(), types.end(), [&node](const QString& type) { return hasType(node, type); }))
         return false;
-    QStringList allowed;
-    std::transform(types.begin(), types.end(), std::back_inserter(allowed),
-                   [&node](const QString& name) { return typeText(name, node); });
-    const QString title = schema.value(QLatin1String("title")).toString();
-    m_faults.addError(
-        EFaultRule::WrongType, node,
-        QStringLiteral("%1, where %2 belongs: %3").arg(description(node), allowed.join(QStringLiteral(" or ")), title));
+    m_faults.addError(EFaultRule::WrongType, node,
+                      tr("%1, where %2 belongs: %3").arg(description(node), typeText(types, node), titleOf(schema)));
     return true;
 }
 
@@ -173,10 +219,9 @@ bool CShapeCheck::explainKeys(SJsonNode& object, const QJsonObject& schema)
         if (isOpen && meant.isNull())
             continue;
         isFound = true;
-        const QString hint = meant.isNull() ? QStringLiteral("; allowed are %1").arg(listed(known))
-                                            : QStringLiteral("; did you mean %1?").arg(shown(meant));
+        const QString hint = meant.isNull() ? tr("allowed are %1").arg(listAll(known)) : didYouMean(QStringList(meant));
         m_faults.addKeyError(EFaultRule::UnknownKey, *member,
-                             QStringLiteral("unknown key %1%2").arg(shown(member->key), hint));
+                             withHint(tr("unknown key %1").arg(shown(member->key)), hint));
         if (unused.removeOne(meant))
             member->meant = meant;
     }
@@ -188,25 +233,21 @@ bool CShapeCheck::explainMissing(const SJsonNode& object, const QJsonObject& sch
     const QStringList missing = missingKeys(object, schema);
     if (missing.isEmpty())
         return false;
-    m_faults.addError(
-        EFaultRule::MissingKey, object,
-        QStringLiteral("%1 lacks %2").arg(schema.value(QLatin1String("title")).toString(), listed(missing)));
+    m_faults.addError(EFaultRule::MissingKey, object, tr("%1 lacks %2").arg(titleOf(schema), listAll(missing)));
     return true;
 }
 
 bool CShapeCheck::explainValue(const SJsonNode& node, const QJsonObject& schema)
 {
     if (node.isString() && node.text().size() < schema.value(QLatin1String("minLength")).toInt()) {
-        m_faults.addError(EFaultRule::WrongValue, node,
-                          QStringLiteral("%1 is empty").arg(schema.value(QLatin1String("title")).toString()));
+        m_faults.addError(EFaultRule::WrongValue, node, tr("%1 is empty").arg(titleOf(schema)));
         return true;
     }
     const QJsonValue least = schema.value(QLatin1String("minimum"));
     if (node.type == QJsonValue::Double && least.isDouble() && node.scalar.toDouble() < least.toDouble()) {
         m_faults.addError(
             EFaultRule::WrongValue, node,
-            QStringLiteral("%1, where %2 belongs, from %3")
-                .arg(description(node), schema.value(QLatin1String("title")).toString(), least.toVariant().toString()));
+            tr("%1, where %2 belongs, from %3").arg(description(node), titleOf(schema), least.toVariant().toString()));
         return true;
     }
     return false;

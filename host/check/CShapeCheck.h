@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QCoreApplication>
 #include <QJsonObject>
 #include <QString>
 
@@ -25,6 +26,8 @@ struct SJsonNode;
  */
 class CShapeCheck
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CShapeCheck)
+
 public:
     /// \a schema: one that this program ships. All arguments outlive this object.
     CShapeCheck(const QJsonObject& schema, CFaultList& faults, CWordFinder& words);

@@ -41,7 +41,7 @@ bool CTreeBuilder::Double(double value)
         return addScalar(value);
     const SJsonNode& node = addNode();
     m_faults.addError(EFaultRule::Syntax, node,
-                      QStringLiteral("%1 is no JSON: numbers are finite there")
+                      tr("%1 is no JSON: numbers are finite there")
                           .arg(QString::fromLatin1(m_text.mid(node.begin, node.end - node.begin))));
     return isWithinLimit(node);
 }
@@ -111,7 +111,7 @@ bool CTreeBuilder::open(QJsonValue::Type type)
     node.end = node.begin + 1;
     m_offset = node.end; // the parser has not taken the bracket yet
     m_open = &node;
-    return ++m_depth <= maxDepth ? isWithinLimit(node) : stop(node, QStringLiteral("arrays and objects nest too deep"));
+    return ++m_depth <= maxDepth ? isWithinLimit(node) : stop(node, tr("arrays and objects nest too deep"));
 }
 
 void CTreeBuilder::close()
@@ -119,8 +119,8 @@ void CTreeBuilder::close()
     passGap();
     if (m_comma >= 0)
         m_faults.addTextError(EFaultRule::Syntax, m_comma,
-                              QStringLiteral("a comma behind the last %1 is no JSON")
-                                  .arg(m_open->isArray() ? QStringLiteral("item") : QStringLiteral("member")));
+                              m_open->isArray() ? tr("a comma behind the last item is no JSON")
+                                                : tr("a comma behind the last member is no JSON"));
     ++m_offset;
     m_open->end = m_offset;
     m_open = m_open->parent;
@@ -129,7 +129,7 @@ void CTreeBuilder::close()
 
 bool CTreeBuilder::isWithinLimit(const SJsonNode& value)
 {
-    return m_values <= maxValues || stop(value, QStringLiteral("more than %1 values").arg(maxValues));
+    return m_values <= maxValues || stop(value, tr("more than %1 values").arg(maxValues));
 }
 
 bool CTreeBuilder::stop(const SJsonNode& at, const QString& reason)
@@ -155,7 +155,7 @@ void CTreeBuilder::passGap()
 
 int CTreeBuilder::skipComment(int offset)
 {
-    m_faults.addTextError(EFaultRule::Syntax, offset, QStringLiteral("JSON has no comments"));
+    m_faults.addTextError(EFaultRule::Syntax, offset, tr("JSON has no comments"));
     const bool isBlock = m_text.mid(offset, 2) == "/*";
     const int end = isBlock ? m_text.indexOf("*/", offset + 2) + 2 : m_text.indexOf('\n', offset);
     return end > offset ? end : m_text.size();
@@ -170,7 +170,7 @@ void CTreeBuilder::findDoubleKeys(const SJsonNode& object)
             begins.insert(member->key, member->keyBegin);
         else
             m_faults.addKeyError(EFaultRule::DoubleKey, *member,
-                                 QStringLiteral("a second key %1, after that at %2; only one would count")
+                                 tr("a second key %1, after that at %2; only one would count")
                                      .arg(shown(member->key), m_faults.place(*known)));
     }
 }

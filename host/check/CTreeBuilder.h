@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QJsonValue>
 #include <QString>
 
@@ -26,6 +27,8 @@ struct SJsonNode;
  */
 class CTreeBuilder
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CTreeBuilder)
+
 public:
     /// All arguments outlive this object.
     CTreeBuilder(const QByteArray& text, const rapidjson::MemoryStream& stream, CJsonTree& tree, CFaultList& faults);

@@ -12,6 +12,15 @@ namespace {
 
 constexpr int maxListed = 10;
 
+// All but the last.
+QString beginning(const QStringList& words)
+{
+    QString text = words.isEmpty() ? QString() : shown(words.first());
+    for (int i = 1; i < words.size() - 1; ++i)
+        text = CWordFinder::tr("%1, %2", "names that are listed").arg(text, shown(words.at(i)));
+    return text;
+}
+
 } // namespace
 
 QString CWordFinder::closest(const QString& word, const QStringList& words)
@@ -23,22 +32,24 @@ QString CWordFinder::hint(const QString& word, const QStringList& words)
 {
     const QString meant = closest(word, words);
     if (!meant.isNull())
-        return QStringLiteral("; did you mean %1?").arg(shown(meant));
+        return didYouMean(QStringList(meant));
     if (words.isEmpty() || words.size() > maxListed)
         return {};
-    return QStringLiteral("; there %1 %2")
-        .arg(words.size() == 1 ? QStringLiteral("is only") : QStringLiteral("are"), listed(words));
+    return words.size() == 1 ? tr("there is only %1").arg(listAll(words)) : tr("there are %1").arg(listAll(words));
 }
 
-QString listed(const QStringList& words, const QString& conjunction)
+QString listAll(const QStringList& words)
 {
-    QStringList quoted;
-    for (const QString& word : words)
-        quoted << shown(word);
-    if (quoted.size() < 2)
-        return quoted.join(QString());
-    const QString last = quoted.takeLast();
-    return QStringLiteral("%1 %2 %3").arg(quoted.join(QStringLiteral(", ")), conjunction, last);
+    if (words.size() < 2)
+        return beginning(words);
+    return CWordFinder::tr("%1 and %2", "names that are listed").arg(beginning(words), shown(words.last()));
+}
+
+QString listChoices(const QStringList& words)
+{
+    if (words.size() < 2)
+        return beginning(words);
+    return CWordFinder::tr("%1 or %2", "names that are listed").arg(beginning(words), shown(words.last()));
 }
 
 } // namespace Host

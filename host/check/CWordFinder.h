@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -17,11 +18,14 @@ namespace Host {
  */
 class CWordFinder
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CWordFinder)
+
 public:
     /// The one of \a words that is most like \a word, as closestWords() has it; null if none is.
     QString closest(const QString& word, const QStringList& words);
 
-    /// "; did you mean 'Blur'?", or else the words when they are few: "; there are 'a' and 'b'". May be empty.
+    /// For withHint(): "did you mean 'Blur'?", or else the words when they are few: "there are 'a' and 'b'". May be
+    /// empty.
     QString hint(const QString& word, const QStringList& words);
 
     /// Whether no more words are compared.
@@ -31,7 +35,10 @@ private:
     qint64 m_stepsLeft = 20000000; // looking at a word, and each pair of letters that is compared
 };
 
-/// "'a', 'b' and 'c'", or with \a conjunction between the last two.
-QString listed(const QStringList& words, const QString& conjunction = QStringLiteral("and"));
+/// "'a', 'b' and 'c'".
+QString listAll(const QStringList& words);
+
+/// "'a', 'b' or 'c'".
+QString listChoices(const QStringList& words);
 
 } // namespace Host

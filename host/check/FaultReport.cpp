@@ -6,6 +6,7 @@
 #include "host/base/Counted.h"
 #include "host/base/Shown.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -22,6 +23,13 @@ constexpr int maxPath = 200; // in a line for people; programs get all of it
 QString severity(const SFault& fault)
 {
     return fault.isError ? QStringLiteral("error") : QStringLiteral("warning");
+}
+
+// As people read it; programs get the severity.
+QString severityText(const SFault& fault)
+{
+    return fault.isError ? QCoreApplication::translate("Host::FaultReport", "error")
+                         : QCoreApplication::translate("Host::FaultReport", "warning");
 }
 
 QString summary(const SCheckedFile& file)
@@ -99,7 +107,7 @@ QString faultLine(const QString& file, const SFault& fault)
     QString line = printable(file);
     if (fault.line > 0)
         line += QStringLiteral(":%1:%2").arg(fault.line).arg(fault.column);
-    line += QStringLiteral(": ") + severity(fault) + QStringLiteral(": ");
+    line += QStringLiteral(": ") + severityText(fault) + QStringLiteral(": ");
     if (!fault.path.isEmpty())
         line += cut(fault.path, maxPath) + QStringLiteral(": ");
     return line + fault.message;

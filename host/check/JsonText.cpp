@@ -8,6 +8,8 @@
 #include "host/check/CTreeBuilder.h"
 #include "host/check/SyntaxError.h"
 
+#include <QCoreApplication>
+
 #include <rapidjson/memorystream.h>
 #include <rapidjson/reader.h>
 
@@ -67,20 +69,23 @@ bool readJson(const QByteArray& text, CJsonTree& tree, CFaultList& faults)
     if (const char* const encoding = otherEncoding(text)) {
         faults.addTextError(
             EFaultRule::Encoding, 0,
-            QStringLiteral("the file is %1; save it as UTF-8, which is what JSON is").arg(QLatin1String(encoding)));
+            QCoreApplication::translate("Host::JsonText", "the file is %1; save it as UTF-8, which is what JSON is")
+                .arg(QLatin1String(encoding)));
         return false;
     }
 
     const int badLetter = findBadLetter(text);
     if (badLetter >= 0) {
-        faults.addTextError(EFaultRule::Encoding, badLetter, QStringLiteral("these bytes are no UTF-8"));
+        faults.addTextError(EFaultRule::Encoding, badLetter,
+                            QCoreApplication::translate("Host::JsonText", "these bytes are no UTF-8"));
         return false;
     }
 
     // The parser would take it for the end.
     const int zero = text.indexOf('\0');
     if (zero >= 0) {
-        faults.addTextError(EFaultRule::Syntax, zero, QStringLiteral("a zero byte, which no text has"));
+        faults.addTextError(EFaultRule::Syntax, zero,
+                            QCoreApplication::translate("Host::JsonText", "a zero byte, which no text has"));
         return false;
     }
 

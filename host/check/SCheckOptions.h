@@ -21,6 +21,7 @@ struct SCheckOptions
 {
     EDocumentKind kind = EDocumentKind::Any;
     QStringList cameras; ///< Those of the run. If empty, names in a chain that are no labels are those of cameras.
+    bool canNameCommands = true; ///< Whether a hint may be a command to type; not for people who look at a window.
 };
 
 } // namespace Host

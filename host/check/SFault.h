@@ -38,7 +38,7 @@ constexpr int faultRules = int(EFaultRule::Sink) + 1;
 /// Short, for programs: "unknown-key". Frozen: editors and scripts compare it.
 QString faultRuleName(EFaultRule rule);
 
-/// One sentence: what is asked for.
+/// One sentence in the user's language: what is asked for.
 QString faultRuleText(EFaultRule rule);
 
 /// One thing that is wrong with a document. A plain value.
@@ -49,7 +49,7 @@ struct SFault
     int line = 0;    ///< From 1; 0 when it is the file as a whole.
     int column = 0;  ///< From 1, in UTF-16 units, as editors count.
     QString path;    ///< JSONPath of the value; empty when there is none.
-    QString message; ///< One line.
+    QString message; ///< One line, in the language in which the check was made.
 };
 
 } // namespace Host

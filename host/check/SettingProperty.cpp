@@ -9,6 +9,7 @@
 #include "host/check/CJsonTree.h"
 #include "host/check/CWordFinder.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QObject>
@@ -33,15 +34,15 @@ QString typeText(const QMetaProperty& property)
 {
     switch (property.userType()) {
     case QMetaType::Bool:
-        return QStringLiteral("true or false");
+        return QCoreApplication::translate("Host::SettingProperty", "true or false");
     case QMetaType::Int:
     case QMetaType::UInt:
-        return QStringLiteral("a whole number");
+        return QCoreApplication::translate("Host::SettingProperty", "a whole number");
     case QMetaType::Double:
     case QMetaType::Float:
-        return QStringLiteral("a number");
+        return QCoreApplication::translate("Host::SettingProperty", "a number");
     case QMetaType::QString:
-        return QStringLiteral("a string");
+        return QCoreApplication::translate("Host::SettingProperty", "a string");
     default:
         return {};
     }
@@ -98,7 +99,9 @@ QString expectedBySetting(const QObject& model, const SJsonNode& setting)
     if (property.isEnumType()) {
         const QStringList keys = choicesOf(property);
         const bool isOne = setting.isString() && keys.contains(setting.text());
-        return isOne ? QString() : QStringLiteral("one of %1").arg(listed(keys, QStringLiteral("or")));
+        if (isOne)
+            return {};
+        return QCoreApplication::translate("Host::SettingProperty", "one of %1").arg(listChoices(keys));
     }
     return hasType(setting, property) ? QString() : typeText(property);
 }
@@ -110,7 +113,9 @@ QString takenBySetting(const QObject& model, const QString& setting)
         return {};
     const QString range = rangeOf(model, property);
     const QString type = typeText(property);
-    return range.isEmpty() || type.isEmpty() ? range : QStringLiteral("%1, %2").arg(type, range);
+    if (range.isEmpty() || type.isEmpty())
+        return range;
+    return QCoreApplication::translate("Host::SettingProperty", "%1, %2", "a type and its range").arg(type, range);
 }
 
 bool isInRangeOfSetting(const QObject& model, const SJsonNode& setting)

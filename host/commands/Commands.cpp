@@ -73,11 +73,11 @@ int printCompletions(const SCompletions& completions)
 QString unexpected(const CLI::App& program, const CLI::App& command, const QString& word)
 {
     if (word.startsWith(QLatin1String("--")))
-        return QStringLiteral("Unknown option %1%2").arg(shown(word), didYouMean(word, optionNames(command)));
+        return withHint(QStringLiteral("Unknown option %1").arg(shown(word)), didYouMean(word, optionNames(command)));
     if (word.startsWith(QLatin1Char('-')) && word.size() > 1)
         return QStringLiteral("Unknown option %1").arg(shown(word));
     if (&command == &program)
-        return QStringLiteral("Unknown command %1%2").arg(shown(word), didYouMean(word, commandNames(program)));
+        return withHint(QStringLiteral("Unknown command %1").arg(shown(word)), didYouMean(word, commandNames(program)));
     return QStringLiteral("Unexpected argument %1").arg(shown(word));
 }
 

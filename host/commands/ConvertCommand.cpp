@@ -31,7 +31,7 @@ struct SConvertArguments
     std::string plugins;
 };
 
-const char* const cannotConvert = "cannot convert";
+const char* const cannotConvert = "cannot convert '%1'";
 
 QByteArray chainOfScene(const SDocumentFile& scene, const CHostServices& services, QString* error)
 {

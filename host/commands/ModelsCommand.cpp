@@ -206,7 +206,7 @@ int showModels(const QString& folder, const QString& name, bool isJson)
         return isJson ? print(modelJson(*model, name, entry.first, plugin))
                       : printResult(details(*model, name, entry.first, plugin));
     }
-    printErrorLine(QStringLiteral("no model '%1' is registered%2").arg(name, didYouMean(name, known)));
+    printErrorLine(withHint(QStringLiteral("no model '%1' is registered").arg(name), didYouMean(name, known)));
     return Refused;
 }
 

@@ -3,10 +3,11 @@
 
 #include "host/documents/DocumentFile.h"
 
-#include "host/base/Counted.h"
 #include "host/base/InputFile.h"
 #include "host/check/CDocumentCheck.h"
 #include "host/check/FaultReport.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
 #include <iterator>
@@ -53,8 +54,12 @@ QString faultsText(const QString& what, const QString& name, const std::vector<S
     const QStringList lines = errorLines({name, faults});
     if (lines.isEmpty())
         return {};
-    return QStringLiteral("%1 '%2': it has %3:\n%4")
-        .arg(what, name, counted(quint64(lines.size()), "error"), lines.join(QLatin1Char('\n')));
+    const QString text = lines.join(QLatin1Char('\n'));
+    if (lines.size() == 1)
+        return QCoreApplication::translate("Host::DocumentFile", "%1: it has 1 error:\n%2", "what cannot be done")
+            .arg(what.arg(name), text);
+    return QCoreApplication::translate("Host::DocumentFile", "%1: it has %2 errors:\n%3", "what cannot be done")
+        .arg(what.arg(name), QString::number(lines.size()), text);
 }
 
 QString unreadableText(const SDocumentFile& document)
@@ -62,7 +67,7 @@ QString unreadableText(const SDocumentFile& document)
     std::vector<SFault> faults;
     std::copy_if(document.faults.begin(), document.faults.end(), std::back_inserter(faults),
                  [](const SFault& fault) { return leavesOpen(fault.rule); });
-    return faultsText(QStringLiteral("cannot read"), document.name, faults);
+    return faultsText(QStringLiteral("cannot read '%1'"), document.name, faults);
 }
 
 } // namespace Host

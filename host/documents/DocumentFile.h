@@ -35,7 +35,7 @@ SDocumentFile readDocumentFile(const QString& file, CDocumentCheck& check, QStri
 QString unreadableText(const SDocumentFile& document);
 
 /// The errors among \a faults, found in the document \a name, in the same form; empty if there are none. \a what: what
-/// is not done, "cannot convert".
+/// is not done, with a place for the name, "cannot convert '%1'".
 QString faultsText(const QString& what, const QString& name, const std::vector<SFault>& faults);
 
 } // namespace Host

@@ -31,12 +31,12 @@ namespace {
 // As faultsText() takes it.
 QString cannotLoad()
 {
-    return QStringLiteral("cannot load");
+    return QStringLiteral("cannot load '%1'");
 }
 
 QString cannotLoad(const QString& document, const QString& reason)
 {
-    return QStringLiteral("%1 '%2': %3").arg(cannotLoad(), document, reason);
+    return QStringLiteral("%1: %2").arg(cannotLoad().arg(document), reason);
 }
 
 QString noScene(const QString& camera)

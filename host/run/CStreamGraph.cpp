@@ -193,7 +193,8 @@ QString CStreamGraph::set(const SNodeSetting& setting)
             break;
     }
     if (meant.empty())
-        return QStringLiteral("no node is called %1%2").arg(shown(setting.node), didYouMean(setting.node, known));
+        return withHint(QStringLiteral("no node is called %1").arg(shown(setting.node)),
+                        didYouMean(setting.node, known));
     for (CNodeDataModel* const model : meant) {
         const QString error = setSetting(*model, setting.key, setting.value);
         // Who hears of a change may remove the models that are still to be set.

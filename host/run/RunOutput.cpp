@@ -147,7 +147,7 @@ QString saveScene(const QString& file, const CHostServices& services,
     const CCameraStream& first = *streams.front();
     const QByteArray document = orderedScene(first.graph().scene().saveToMemory());
     CDocumentCheck check(services.nodes(), services.models(), {EDocumentKind::Scene, {first.camera()}});
-    const QString faults = faultsText(QStringLiteral("cannot save"), inputName(file), check.check(document));
+    const QString faults = faultsText(QStringLiteral("cannot save '%1'"), inputName(file), check.check(document));
     return faults.isEmpty() ? writeOutput(file, document) : faults;
 }
 

@@ -88,7 +88,7 @@ QByteArray sceneOfChain(const SDocumentFile& chain, const QString& camera, INode
         std::vector<SFault> faults;
         for (std::size_t i = 1; i < cameras.size(); ++i)
             faults.push_back(secondCamera(chain.graph, *cameras[i]));
-        *error = faultsText(QStringLiteral("cannot convert"), chain.name, faults);
+        *error = faultsText(QStringLiteral("cannot convert '%1'"), chain.name, faults);
         if (!error->isEmpty())
             return {};
         name = cameras.front()->camera;

@@ -38,16 +38,10 @@ QStringList choicesIn(const SModelSetting& setting)
     return setting.range.split(QStringLiteral(", "));
 }
 
-// In the viewer's language, as far as it is a range of numbers.
-QString rangeText(const SModelSetting& setting, const std::optional<SSettingBounds>& bounds)
+// The values of an enumeration are in its box.
+QString rangeText(const SModelSetting& setting)
 {
-    if (setting.type == QLatin1String("one of"))
-        return {};
-    if (!bounds)
-        return setting.range;
-    const QString text = std::isinf(bounds->most) ? CSettingField::tr("from %1").arg(bounds->least)
-                                                  : CSettingField::tr("%1 to %2").arg(bounds->least).arg(bounds->most);
-    return setting.range.contains(QLatin1String("odd")) ? CSettingField::tr("%1, odd").arg(text) : text;
+    return setting.type == QLatin1String("one of") ? QString() : setting.range;
 }
 
 constexpr int mostDecimals = 9;
@@ -97,7 +91,7 @@ CSettingField::CSettingField(const SModelSetting& setting, const std::optional<S
 
     auto* const label = new QLabel(words, this);
     label->setBuddy(m_editor);
-    auto* const range = new QLabel(rangeText(setting, bounds), this);
+    auto* const range = new QLabel(rangeText(setting), this);
     QFont small = range->font();
     small.setPointSizeF(small.pointSizeF() * 0.85);
     range->setFont(small);
@@ -162,7 +156,7 @@ void CSettingField::makeEditor(const SModelSetting& setting, const std::optional
     if (setting.type == QLatin1String("bool"))
         makeCheckBox();
     else if (setting.type == QLatin1String("int"))
-        makeSpinBox(setting, bounds);
+        makeSpinBox(bounds);
     else if (setting.type == QLatin1String("double") || setting.type == QLatin1String("float"))
         makeDoubleSpinBox(bounds);
     else if (setting.type == QLatin1String("one of"))
@@ -180,13 +174,13 @@ void CSettingField::makeCheckBox()
             [this](bool on) { announce(on ? QStringLiteral("true") : QStringLiteral("false")); });
 }
 
-void CSettingField::makeSpinBox(const SModelSetting& setting, const std::optional<SSettingBounds>& bounds)
+void CSettingField::makeSpinBox(const std::optional<SSettingBounds>& bounds)
 {
     auto* const box = new QSpinBox(this);
     m_editor = box;
     const double infinite = std::numeric_limits<double>::infinity();
     box->setRange(toInt(bounds ? bounds->least : -infinite), toInt(bounds ? bounds->most : infinite));
-    box->setSingleStep(setting.range.contains(QLatin1String("odd")) ? 2 : 1);
+    box->setSingleStep(bounds && bounds->areOdd ? 2 : 1);
     box->setKeyboardTracking(false);
     m_show = [box](const QString& value) { box->setValue(value.toInt()); };
     connect(box, QOverload<int>::of(&QSpinBox::valueChanged), this,

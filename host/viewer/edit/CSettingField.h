@@ -54,7 +54,7 @@ protected:
 private:
     void makeEditor(const SModelSetting& setting, const std::optional<SSettingBounds>& bounds);
     void makeCheckBox();
-    void makeSpinBox(const SModelSetting& setting, const std::optional<SSettingBounds>& bounds);
+    void makeSpinBox(const std::optional<SSettingBounds>& bounds);
     void makeDoubleSpinBox(const std::optional<SSettingBounds>& bounds);
     void makeComboBox(const QStringList& words);
     void makeLineEdit();

@@ -59,8 +59,12 @@ void tst_ClosestWords::closestComesFirst()
 void tst_ClosestWords::sentence()
 {
     QCOMPARE(didYouMean("x", {"Gain"}), QString());
-    QCOMPARE(didYouMean("Exposure", {"Gain", "ExposureTimeAbs"}), QStringLiteral("; did you mean 'ExposureTimeAbs'?"));
-    QCOMPARE(didYouMean("gain", {"Gain", "GainAuto"}), QStringLiteral("; did you mean 'Gain' or 'GainAuto'?"));
+    QCOMPARE(didYouMean("Exposure", {"Gain", "ExposureTimeAbs"}), QStringLiteral("did you mean 'ExposureTimeAbs'?"));
+    QCOMPARE(didYouMean("gain", {"Gain", "GainAuto"}), QStringLiteral("did you mean 'Gain' or 'GainAuto'?"));
+    QCOMPARE(didYouMean({"a", "b", "c"}), QStringLiteral("did you mean 'a' or 'b' or 'c'?"));
+    QCOMPARE(didYouMean(QStringList()), QString());
+    QCOMPARE(withHint("%2 is wrong", "is it %1?"), QStringLiteral("%2 is wrong; is it %1?"));
+    QCOMPARE(withHint("it is wrong", {}), QStringLiteral("it is wrong"));
 }
 
 QTEST_GUILESS_MAIN(tst_ClosestWords)

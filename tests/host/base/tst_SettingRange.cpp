@@ -69,6 +69,8 @@ void tst_SettingRange::fractions()
     QVERIFY(isInRange(CBlurModel(), waiting, 1e9));
     QVERIFY(!isInRange(CBlurModel(), waiting, std::numeric_limits<double>::infinity()));
     QVERIFY(!isInRange(CBlurModel(), waiting, std::numeric_limits<double>::quiet_NaN()));
+    QVERIFY(!boundsOf(sink, rate)->areOdd);
+    QVERIFY(boundsOf(CBlurModel(), propertyNamed(CBlurModel(), "size"))->areOdd);
     for (const double noRate : {qQNaN(), qInf(), -qInf()})
         QVERIFY(!isInRange(sink, rate, noRate));
 }

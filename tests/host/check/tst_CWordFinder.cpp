@@ -15,6 +15,7 @@ private Q_SLOTS:
     void closest_data();
     void closest();
     void hint();
+    void lists();
     void givesUp();
 };
 
@@ -40,14 +41,23 @@ void tst_CWordFinder::closest()
 void tst_CWordFinder::hint()
 {
     CWordFinder words;
-    QCOMPARE(words.hint("blurr", {"blur", "edges"}), QString("; did you mean 'blur'?"));
-    QCOMPARE(words.hint("sharpen", {"blur", "edges", "gain"}), QString("; there are 'blur', 'edges' and 'gain'"));
-    QCOMPARE(words.hint("sharpen", {"blur"}), QString("; there is only 'blur'"));
+    QCOMPARE(words.hint("blurr", {"blur", "edges"}), QString("did you mean 'blur'?"));
+    QCOMPARE(words.hint("sharpen", {"blur", "edges", "gain"}), QString("there are 'blur', 'edges' and 'gain'"));
+    QCOMPARE(words.hint("sharpen", {"blur"}), QString("there is only 'blur'"));
     QCOMPARE(words.hint("sharpen", {}), QString());
     QStringList many;
     for (int i = 0; i < 11; ++i)
         many << QString::number(i);
     QCOMPARE(words.hint("sharpen", many), QString());
+}
+
+void tst_CWordFinder::lists()
+{
+    QCOMPARE(listAll({}), QString());
+    QCOMPARE(listAll({"a"}), QString("'a'"));
+    QCOMPARE(listAll({"a", "b", "c"}), QString("'a', 'b' and 'c'"));
+    QCOMPARE(listChoices({"a"}), QString("'a'"));
+    QCOMPARE(listChoices({"a", "b", "c", "d"}), QString("'a', 'b', 'c' or 'd'"));
 }
 
 // Thousands of wrong words among thousands of right ones.

@@ -73,7 +73,7 @@ void tst_DocumentFile::whatARunRefusesMayBeLookedAt()
     QVERIFY(write(m_file, QByteArray(sound).replace("To Image", "To Imge")));
     const SDocumentFile document = read();
     QCOMPARE(unreadableText(document), QString());
-    const QString text = faultsText(QStringLiteral("cannot convert"), document.name, document.faults);
+    const QString text = faultsText(QStringLiteral("cannot convert '%1'"), document.name, document.faults);
     QVERIFY2(text.startsWith(QStringLiteral("cannot convert '%1': it has 1 error:\n%1:1:").arg(m_file)),
              qPrintable(text));
     QVERIFY2(text.contains("To Imge"), qPrintable(text));
@@ -83,7 +83,7 @@ void tst_DocumentFile::warningsAreNoReason()
 {
     SFault warning{};
     warning.isError = false;
-    QCOMPARE(faultsText(QStringLiteral("cannot convert"), m_file, {warning}), QString());
+    QCOMPARE(faultsText(QStringLiteral("cannot convert '%1'"), m_file, {warning}), QString());
 }
 
 SDocumentFile tst_DocumentFile::read()
