@@ -30,11 +30,11 @@ std::unique_ptr<CAravisCamera> CAravisCamera::open(const SCameraOptions& options
     if (device)
         handle.reset(arv_camera_new_with_device(device.get(), reason.slot()));
     if (!handle) {
-        *error = cannotOpenText(options.address, reason);
+        *error = cannotOpenText(options.address, reason, options.canNameCommands);
         return nullptr;
     }
     if (!hasControl(device.get(), &reason)) {
-        *error = QStringLiteral("camera '%1': another program is using it (%2)").arg(options.address, reason.text());
+        *error = tr("camera '%1': another program is using it (%2)").arg(options.address, reason.text());
         return nullptr;
     }
     std::unique_ptr<CAravisCamera> camera(new CAravisCamera(options, std::move(handle)));
@@ -86,7 +86,7 @@ bool CAravisCamera::setFeatures(QString* error)
         // Nothing is written any more once it is clear that the camera will not be used.
         const QString wrong = errors.isEmpty() ? features.set(name, value) : features.refusalOf(name, value);
         if (!wrong.isEmpty())
-            errors << QStringLiteral("camera '%1': %2").arg(m_options.address, wrong);
+            errors << tr("camera '%1': %2").arg(m_options.address, wrong);
     }
     *error = errors.join(QLatin1Char('\n'));
     return errors.isEmpty();
@@ -101,7 +101,7 @@ bool CAravisCamera::setFeature(const QString& name, const QString& value, QStrin
 {
     const QString wrong = CFeatures(arv_camera_get_device(m_camera.get())).set(name, value);
     if (!wrong.isEmpty())
-        *error = QStringLiteral("camera '%1': %2").arg(m_options.address, wrong);
+        *error = tr("camera '%1': %2").arg(m_options.address, wrong);
     return wrong.isEmpty();
 }
 
@@ -120,7 +120,7 @@ bool CAravisCamera::readGeometry(QString* error)
     if (!reason)
         m_pixelFormat = pixelFormatName(arv_camera_get_pixel_format(m_camera.get(), reason.slot()));
     if (reason)
-        *error = QStringLiteral("cannot read camera '%1': %2").arg(m_options.address, reason.text());
+        *error = tr("cannot read camera '%1': %2").arg(m_options.address, reason.text());
     m_name = QStringLiteral("%1 %2 (%3)").arg(maker, model, m_options.address);
     return !reason;
 }
@@ -138,7 +138,7 @@ bool CAravisCamera::start(QString* error)
         arv_camera_start_acquisition(m_camera.get(), reason.slot());
     if (!reason)
         return true;
-    *error = QStringLiteral("camera '%1' does not start: %2").arg(m_options.address, reason.text());
+    *error = tr("camera '%1' does not start: %2").arg(m_options.address, reason.text());
     destroyStream();
     return false;
 }
@@ -150,7 +150,7 @@ bool CAravisCamera::createStream(QString* error)
     if (!reason)
         m_stream.reset(arv_camera_create_stream(m_camera.get(), nullptr, nullptr, reason.slot()));
     if (!m_stream) {
-        *error = QStringLiteral("camera '%1' gives no stream: %2").arg(m_options.address, reason.text());
+        *error = tr("camera '%1' gives no stream: %2").arg(m_options.address, reason.text());
         return false;
     }
     configureStream(m_stream.get(), payload, m_options.resend.value_or(true));
@@ -179,8 +179,7 @@ CAravisCamera::SGrab CAravisCamera::grab(std::chrono::milliseconds timeout)
         return wrap(buffer);
     if (!isLost())
         return {};
-    return SGrab::none(EGrab::Lost,
-                       QStringLiteral("camera '%1' has gone: it no longer answers").arg(m_options.address));
+    return SGrab::none(EGrab::Lost, tr("camera '%1' has gone: it no longer answers").arg(m_options.address));
 }
 
 CAravisCamera::SGrab CAravisCamera::wrap(ArvBuffer* buffer)

@@ -8,6 +8,7 @@
 #include "host/camera/SCameraOptions.h"
 #include "host/sources/IFrameSource.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <atomic>
@@ -39,6 +40,8 @@ class CPacketUnderruns;
  *     show(grab.frame);
  * \endcode
  *
+ * Errors are in the user's language.
+ *
  * A frame's pixels stay in the stream's buffer; the buffer goes back to the stream when the last handle to the
  * frame goes, in whatever thread that is. While all buffers are held the camera has nowhere to put a frame: these
  * frames are lost and counted as underruns. A handle may outlive stop() and the camera; its buffer is then freed
@@ -50,6 +53,8 @@ class CPacketUnderruns;
  */
 class CAravisCamera : public IFrameSource
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CAravisCamera)
+
 public:
     /// Opens the camera and applies \a options. On failure null, and the reason in \a error: a line, or one for each
     /// feature that the camera does not take. After the first of these no other feature is set.

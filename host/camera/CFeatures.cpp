@@ -51,14 +51,15 @@ QString integerRange(ArvGcInteger* integer)
     const gint64 step = arv_gc_integer_get_inc(integer, CGLibError().slot());
     if (!bounds.areBounds())
         return {};
-    const QString range = QStringLiteral("%1 to %2").arg(bounds.least).arg(bounds.most);
-    return step > 1 ? QStringLiteral("%1 in steps of %2").arg(range).arg(step) : range;
+    if (step > 1)
+        return CFeatures::tr("%1 to %2 in steps of %3").arg(bounds.least).arg(bounds.most).arg(step);
+    return CFeatures::tr("%1 to %2").arg(bounds.least).arg(bounds.most);
 }
 
 QString floatRange(ArvGcFloat* number)
 {
     const SBounds<double> bounds = boundsOf(number);
-    return bounds.areBounds() ? QStringLiteral("%1 to %2").arg(numberText(bounds.least), numberText(bounds.most))
+    return bounds.areBounds() ? CFeatures::tr("%1 to %2").arg(numberText(bounds.least), numberText(bounds.most))
                               : QString();
 }
 
@@ -189,6 +190,17 @@ qint64 wholeNumber(const QString& value, bool* ok)
     return value.toLongLong(ok, value.startsWith(QLatin1String("0x"), Qt::CaseInsensitive) ? 16 : 10);
 }
 
+// What a boolean or a number takes.
+QString wantedText(ArvGcNode* node)
+{
+    const QString range = rangeOf(node);
+    if (ARV_IS_GC_BOOLEAN(node))
+        return CFeatures::tr("boolean, true, false");
+    if (ARV_IS_GC_INTEGER(node))
+        return range.isEmpty() ? CFeatures::tr("integer") : CFeatures::tr("integer, %1").arg(range);
+    return range.isEmpty() ? CFeatures::tr("float") : CFeatures::tr("float, %1").arg(range);
+}
+
 // What is wrong with the value for a feature of that type, before the camera is asked; empty when nothing is.
 QString refusal(ArvGcNode* node, const QString& value)
 {
@@ -196,8 +208,9 @@ QString refusal(ArvGcNode* node, const QString& value)
     if (ARV_IS_GC_ENUMERATION(node)) {
         const QStringList values = enumValues(ARV_GC_ENUMERATION(node));
         if (!values.contains(value))
-            return QStringLiteral("takes one of %1, not %2%3")
-                .arg(values.join(QStringLiteral(", ")), shown(value), didYouMean(value, values));
+            return withHint(CFeatures::tr("the feature '%1' takes one of %2, not %3")
+                                .arg(nameOf(node), values.join(QStringLiteral(", ")), shown(value)),
+                            didYouMean(value, values));
     } else if (ARV_IS_GC_BOOLEAN(node)) {
         ok = value == QLatin1String("true") || value == QLatin1String("false");
     } else if (ARV_IS_GC_INTEGER(node)) {
@@ -211,9 +224,7 @@ QString refusal(ArvGcNode* node, const QString& value)
     }
     if (ok)
         return {};
-    const QString range = rangeOf(node);
-    return QStringLiteral("takes %1%2, not %3")
-        .arg(typeOf(node), range.isEmpty() ? QString() : QStringLiteral(", ") + range, shown(value));
+    return CFeatures::tr("the feature '%1' takes %2, not %3").arg(nameOf(node), wantedText(node), shown(value));
 }
 
 } // namespace
@@ -238,7 +249,7 @@ void CFeatures::addOthers(ArvDomNode* parent, QSet<QString>* seen, std::vector<S
         if (!isForUsers(each))
             addOthers(each, seen, features); // it may be a group
         else if (!seen->contains(nameOf(ARV_GC_NODE(each))) && isWritable(ARV_GC_NODE(each)))
-            add(ARV_GC_NODE(each), QStringLiteral("In no category"), seen, features);
+            add(ARV_GC_NODE(each), tr("In no category"), seen, features);
     }
 }
 
@@ -278,15 +289,14 @@ QString CFeatures::refusalOf(const QString& name, const QString& value) const
         QStringList known;
         for (const SFeature& feature : all())
             known << feature.name;
-        return QStringLiteral("it has no feature %1%2").arg(shown(name), didYouMean(name, known));
+        return withHint(tr("it has no feature %1").arg(shown(name)), didYouMean(name, known));
     }
     // First, since what is locked counts as read only for as long.
     if (isLocked(node))
-        return QStringLiteral("the feature '%1' cannot be written now").arg(name);
+        return tr("the feature '%1' cannot be written now").arg(name);
     if (isReadOnly(node))
-        return QStringLiteral("the feature '%1' is read only").arg(name);
-    const QString wrong = refusal(node, value);
-    return wrong.isEmpty() ? QString() : QStringLiteral("the feature '%1' %2").arg(name, wrong);
+        return tr("the feature '%1' is read only").arg(name);
+    return refusal(node, value);
 }
 
 QString CFeatures::set(const QString& name, const QString& value) const
@@ -302,7 +312,7 @@ QString CFeatures::set(const QString& name, const QString& value) const
         arv_gc_integer_set_value(ARV_GC_INTEGER(node), wholeNumber(value, nullptr), error.slot());
     else
         arv_gc_feature_node_set_value_from_string(ARV_GC_FEATURE_NODE(node), value.toUtf8().constData(), error.slot());
-    return error ? QStringLiteral("the feature '%1' refuses %2: %3").arg(name, shown(value), error.text()) : QString();
+    return error ? tr("the feature '%1' refuses %2: %3").arg(name, shown(value), error.text()) : QString();
 }
 
 } // namespace Host

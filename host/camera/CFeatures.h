@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QCoreApplication>
 #include <QSet>
 #include <QString>
 #include <QStringList>
@@ -25,7 +26,8 @@ struct SFeature
     QString name;
     QString type;  ///< "integer", "float", "boolean", "text", "one of", "command"; empty for others.
     QString value; ///< With its unit; empty when it cannot be read.
-    QString range; ///< "1 to 512", "16 to 2048 in steps of 16", or the values of an enumeration; may be empty.
+    QString range; ///< "1 to 512", "16 to 2048 in steps of 16" in the user's language, or the values of an enumeration;
+                   ///< may be empty.
     bool isWritable = false;
 
     // The same for programs, such as a window with widgets.
@@ -50,6 +52,8 @@ struct SFeature
  */
 class CFeatures
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CFeatures)
+
 public:
     /// Once \a isGone says so, no more features are read: a camera that has gone lets each of them wait for seconds.
     explicit CFeatures(
@@ -67,8 +71,8 @@ public:
     QString refusalOf(const QString& name, const QString& value) const;
 
     /// Sets a feature, or runs a command whatever \a value says. Whole numbers are decimal, or hexadecimal with 0x.
-    /// Returns what is wrong, in one line: a feature that is not there (with the closest names), that cannot be written
-    /// now, or a value that it does not take. Empty on success.
+    /// Returns what is wrong, in one line and in the user's language: a feature that is not there (with the closest
+    /// names), that cannot be written now, or a value that it does not take. Empty on success.
     QString set(const QString& name, const QString& value) const;
 
 private:

@@ -97,8 +97,7 @@ IFrameSource::SGrab CReconnectingCamera::tryToOpen(std::chrono::milliseconds tim
 {
     const auto begin = Clock::now();
     if (begin - *m_goneSince >= m_patience)
-        return SGrab::none(EGrab::Lost,
-                           QStringLiteral("%1; it did not come back for %2 s").arg(m_reason, seconds(m_patience)));
+        return SGrab::none(EGrab::Lost, tr("%1; it did not come back for %2 s").arg(m_reason, seconds(m_patience)));
     QString error; // the next attempt may succeed
     auto camera = m_open(&error);
     // One that has forgotten its pixel format is of no use to the graph.

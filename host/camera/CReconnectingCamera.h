@@ -5,6 +5,7 @@
 
 #include "host/sources/IFrameSource.h"
 
+#include <QCoreApplication>
 #include <QMutex>
 
 #include <chrono>
@@ -30,6 +31,8 @@ namespace Host {
  */
 class CReconnectingCamera : public IFrameSource
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CReconnectingCamera)
+
 public:
     using Opener = std::function<std::unique_ptr<IFrameSource>(QString* error)>;
 

@@ -6,6 +6,7 @@
 #include "host/base/ClosestWords.h"
 #include "host/camera/SCameraOptions.h"
 
+#include <QCoreApplication>
 #include <QMutex>
 #include <QMutexLocker>
 
@@ -100,12 +101,16 @@ bool isInUse(const QString& address)
     return device && !hasControl(device.get(), &error);
 }
 
-QString cannotOpenText(const QString& address, const CGLibError& error)
+QString cannotOpenText(const QString& address, const CGLibError& error, bool canNameCommands)
 {
+    const QString text =
+        QCoreApplication::translate("Host::Device", "cannot open camera '%1': %2").arg(address, error.text());
     // Looking for all there are would take a second, each time that a camera is waited for.
-    const QString close = didYouMean(address, {SCameraOptions().address});
-    return QStringLiteral("cannot open camera '%1': %2%3 'halvex-host cameras' lists them")
-        .arg(address, error.text(), close.isEmpty() ? QStringLiteral(";") : close);
+    const QString question = didYouMean(address, {SCameraOptions().address});
+    if (!canNameCommands)
+        return withHint(text, question);
+    const QString command = QStringLiteral("'halvex-host cameras' lists them");
+    return question.isEmpty() ? withHint(text, command) : withHint(text, question) + QLatin1Char(' ') + command;
 }
 
 QString aravisVersion()

@@ -42,7 +42,8 @@ bool hasControl(_ArvDevice* device, CGLibError* error);
 /// Whether it can be reached but another program has control of it. Asks the camera, which may take seconds.
 bool isInUse(const QString& address);
 
-/// Why the camera cannot be opened, and where to look for its right name.
-QString cannotOpenText(const QString& address, const CGLibError& error);
+/// Why the camera cannot be opened, in the user's language, and where to look for its right name: with a command to
+/// type if \a canNameCommands.
+QString cannotOpenText(const QString& address, const CGLibError& error, bool canNameCommands = true);
 
 } // namespace Host

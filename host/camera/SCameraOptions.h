@@ -26,6 +26,7 @@ struct SCameraOptions
     std::chrono::milliseconds reconnect{0};            ///< How long it is waited for when it has gone; 0: not at all.
     std::chrono::milliseconds silence{5000};           ///< Then it has gone.
     std::optional<bool> resend{}; ///< Whether a GigE Vision camera is asked for lost packets again.
+    bool canNameCommands = true;  ///< Whether errors may name a command to type; not for people who look at a window.
 
     static constexpr int mostBuffers = 10000;
     static constexpr double mostFramesPerSecond = 10000.0;

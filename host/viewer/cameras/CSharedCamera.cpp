@@ -129,7 +129,7 @@ QString CSharedCamera::setFeature(const QString& name, const QString& value)
 {
     const QMutexLocker lock(&m_mutex);
     if (!m_camera)
-        return QStringLiteral("camera '%1' has gone").arg(m_options.address);
+        return tr("camera '%1' has gone").arg(m_options.address);
     const QString error = CFeatures(arv_camera_get_device(m_camera->handle())).set(name, value);
     const bool isCommand = value.isEmpty();
     if (!error.isEmpty() || isCommand)

@@ -6,6 +6,7 @@
 #include "host/camera/CFeatures.h"
 #include "host/camera/SCameraOptions.h"
 
+#include <QCoreApplication>
 #include <QMutex>
 #include <QString>
 
@@ -36,6 +37,8 @@ class IFrameSource;
  */
 class CSharedCamera : public std::enable_shared_from_this<CSharedCamera>
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CSharedCamera)
+
 public:
     /// Null, with the reason in \a error, if it cannot be opened.
     static std::shared_ptr<CSharedCamera> open(const SCameraOptions& options, QString* error);
