@@ -10,6 +10,7 @@
 #include "host/base/Shown.h"
 #include "host/sinks/IFrameSink.h"
 
+#include <QCoreApplication>
 #include <QMetaClassInfo>
 #include <QMetaProperty>
 #include <QPointer>
@@ -17,6 +18,11 @@
 namespace Host {
 
 namespace {
+
+class CSettingTexts
+{
+    Q_DECLARE_TR_FUNCTIONS(Host::CSettingTexts)
+};
 
 QString helpText(const QMetaObject& meta, const QMetaProperty& property)
 {
@@ -78,16 +84,17 @@ QVariant valueOf(const QMetaProperty& property, const QString& text)
 
 QString takes(const QObject& model, const QMetaProperty& property, const QString& value)
 {
+    const QString name = QString::fromLatin1(property.name());
     const QString range = rangeText(model, property);
-    QString text = QStringLiteral("'%1' takes ").arg(QLatin1String(property.name()));
     if (property.isEnumType())
-        text += QStringLiteral("one of ") + range;
-    else if (range.isEmpty())
-        text += typeName(property);
-    else
-        text += QStringLiteral("%1, %2").arg(typeName(property), range);
-    const QString close = property.isEnumType() ? didYouMean(value, choicesOf(property)) : QString();
-    return QStringLiteral("%1, not %2%3").arg(text, shown(value), close);
+        return withHint(CSettingTexts::tr("'%1' takes one of %2, not %3").arg(name, range, shown(value)),
+                        didYouMean(value, choicesOf(property)));
+    if (property.type() == QVariant::String)
+        return CSettingTexts::tr("'%1' takes text, not %2").arg(name, shown(value));
+    const QString type = QString::fromLatin1(property.typeName());
+    if (range.isEmpty())
+        return CSettingTexts::tr("'%1' takes %2, not %3").arg(name, type, shown(value));
+    return CSettingTexts::tr("'%1' takes %2, %3, not %4", "name, type, range").arg(name, type, range, shown(value));
 }
 
 // Only a document can say what such a setting is. Of a sink's name one hears first when it would not do there either.
@@ -95,8 +102,8 @@ QString notWritable(const QObject& model, const QMetaProperty& property, const Q
 {
     const bool isSinkName = dynamic_cast<const IFrameSink*>(&model) && qstrcmp(property.name(), "sinkName") == 0;
     if (isSinkName && !makesASinkFolder(value))
-        return QStringLiteral("the sink's name %1 makes no folder").arg(shown(value));
-    return QStringLiteral("'%1' cannot be set; a chain gives it").arg(QLatin1String(property.name()));
+        return CSettingTexts::tr("the sink's name %1 makes no folder").arg(shown(value));
+    return CSettingTexts::tr("'%1' cannot be set; a chain gives it").arg(QLatin1String(property.name()));
 }
 
 } // namespace
@@ -129,15 +136,18 @@ QString setSetting(QObject& model, const QString& name, const QString& value)
         const QPointer<QObject> self(&model);
         property.write(&model, wanted);
         if (!self)
-            return QStringLiteral("it is gone");
+            return CSettingTexts::tr("it is gone");
         const QVariant present = property.read(&model);
         return valueText(property, present) == valueText(property, wanted) ? QString() : takes(model, property, value);
     }
     if (known.isEmpty())
-        return QStringLiteral("it has no settings");
-    return QStringLiteral("it has no setting %1%2; it has %3")
-        .arg(shown(name), didYouMean(name, known), known.join(QStringLiteral(", ")))
-        .replace(QLatin1String("?; it"), QLatin1String("? It"));
+        return CSettingTexts::tr("it has no settings");
+    const QString others = known.join(QStringLiteral(", "));
+    const QString question = didYouMean(name, known);
+    if (question.isEmpty())
+        return CSettingTexts::tr("it has no setting %1; it has %2").arg(shown(name), others);
+    return CSettingTexts::tr("it has no setting %1; %2 It has %3", "%2 is a question")
+        .arg(shown(name), question, others);
 }
 
 } // namespace Host

@@ -37,7 +37,7 @@ QString CSceneLoader::load(const QJsonObject& document)
     const QPointer<CNodeScene> scene(&m_scene);
     const QPointer<CNodeBase> camera(&m_camera);
     const auto isGone = [&] { return !scene || !camera; };
-    const QString gone = QStringLiteral("the scene is gone");
+    const QString gone = tr("the scene is gone");
     const QJsonArray nodes = document.value(DocumentKeys::nodes).toArray();
     for (int i = 0; i < nodes.size(); ++i) {
         const QString error = addNode(nodes.at(i).toObject());
@@ -52,7 +52,7 @@ QString CSceneLoader::load(const QJsonObject& document)
         if (isGone())
             return gone;
         if (!isMade)
-            return QStringLiteral("connections[%1]: the scene refuses it").arg(i);
+            return tr("connections[%1]: the scene refuses it").arg(i);
     }
     return {};
 }
@@ -64,7 +64,7 @@ QString CSceneLoader::addNode(const QJsonObject& json)
         m_cameraId = readId(json[DocumentKeys::id]);
         return {};
     }
-    return attempt(QStringLiteral("making %1").arg(shown(name)), [&] {
+    return attempt(tr("making %1").arg(shown(name)), [&] {
         m_scene.restoreNode(json);
         return true;
     });

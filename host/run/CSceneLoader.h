@@ -5,6 +5,7 @@
 
 #include <Halvex/platform/CId.h>
 
+#include <QCoreApplication>
 #include <QString>
 
 class QJsonObject;
@@ -26,6 +27,8 @@ namespace Host {
  */
 class CSceneLoader
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CSceneLoader)
+
 public:
     /// \a scene has a registry and one node, \a camera. Both outlive this object; if a handler destroys one during
     /// load(), that fails.

@@ -38,7 +38,7 @@ QString printBytes(const QByteArray& bytes)
 
 QString failure(const QString& file, const QString& reason)
 {
-    return QStringLiteral("cannot write '%1': %2").arg(file, reason);
+    return QCoreApplication::translate("Host::Output", "cannot write '%1': %2").arg(file, reason);
 }
 
 QString writeInto(const QString& file, const QByteArray& bytes)
@@ -65,7 +65,8 @@ QString makeFolder(const QString& folder)
     std::filesystem::create_directories(QFile::encodeName(folder).toStdString(), error);
     if (!error)
         return {};
-    return QStringLiteral("cannot make the folder '%1': %2").arg(folder, QString::fromStdString(error.message()));
+    return QCoreApplication::translate("Host::Output", "cannot make the folder '%1': %2")
+        .arg(folder, QString::fromStdString(error.message()));
 }
 
 QString writeTextFile(const QString& file, const QString& text)
@@ -78,7 +79,7 @@ QString replaceFile(const QString& file, const QByteArray& bytes)
     // Renaming would put a file in the place of a device.
     const QFileInfo present(file);
     if (present.exists() && !present.isFile())
-        return failure(file, QStringLiteral("Not a regular file"));
+        return failure(file, QCoreApplication::translate("Host::Output", "Not a regular file"));
     QSaveFile out(file);
     if (!out.open(QIODevice::WriteOnly | QIODevice::Unbuffered) ||
         !writeAll(out, bytes.constData(), std::size_t(bytes.size())))

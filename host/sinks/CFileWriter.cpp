@@ -46,7 +46,7 @@ QString writeJob(SFiles& files, const CFileJob& job, QString* file)
 {
     const QString reason = files.save(job.frame, file);
     if (!reason.isEmpty())
-        return QStringLiteral("cannot write '%1': %2").arg(*file, reason);
+        return CFileWriter::tr("cannot write '%1': %2").arg(*file, reason);
     return job.frame ? files.table.add(*file, *job.frame) : QString();
 }
 

@@ -53,7 +53,7 @@ QString CFrameTable::add(const QString& file, const Plugin::Halvex::CNodeData& f
     const QByteArray line = row(file, frameInfo(frame));
     if ((m_table.fileName() == name || open(name)) && m_table.write(line) == line.size())
         return {};
-    return QStringLiteral("cannot write '%1': %2").arg(name, m_table.errorString());
+    return tr("cannot write '%1': %2").arg(name, m_table.errorString());
 }
 
 bool CFrameTable::open(const QString& name)

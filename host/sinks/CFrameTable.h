@@ -5,6 +5,7 @@
 
 #include <Halvex/graph/CNodeData.h>
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QString>
 
@@ -23,6 +24,8 @@ namespace Host {
  */
 class CFrameTable
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CFrameTable)
+
 public:
     static QString fileName();
 

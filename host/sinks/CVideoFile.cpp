@@ -62,7 +62,7 @@ QString CVideoFile::partName() const
 QString CVideoFile::add(const cv::Mat& image, QString* file)
 {
     if (image.empty())
-        return QStringLiteral("the image is empty");
+        return tr("the image is empty");
     const cv::Mat shown = colorImage(eightBitImage(image));
     QString reason;
     if (!m_name.isEmpty() && QFileInfo(partName()).size() >= mostBytes)
@@ -73,9 +73,9 @@ QString CVideoFile::add(const cv::Mat& image, QString* file)
         return reason;
     *file = m_name;
     if (shown.size() != m_size)
-        return QStringLiteral("an image is %1, the video %2").arg(sizeText(shown.size()), sizeText(m_size));
+        return tr("an image is %1, the video %2", "width x height").arg(sizeText(shown.size()), sizeText(m_size));
     if (isFull(m_name, shown))
-        return QStringLiteral("No space left on device");
+        return tr("No space left on device");
     m_writer.write(shown);
     ++m_images;
     return {};
@@ -95,7 +95,7 @@ QString CVideoFile::begin(const cv::Mat& image, const QString& file)
                       cv::VideoWriter::fourcc('M', 'J', 'P', 'G'), m_framesPerSecond, m_size, image.channels() == 3))
         return {};
     m_name.clear();
-    return isWritable ? QStringLiteral("the encoder refuses it") : part.errorString();
+    return isWritable ? tr("the encoder refuses it") : part.errorString();
 }
 
 QString CVideoFile::finish()
@@ -106,7 +106,7 @@ QString CVideoFile::finish()
     const QString part = partName();
     QString reason;
     if (imagesIn(part) != m_images)
-        reason = QStringLiteral("it did not become complete; is the disk full?");
+        reason = tr("it did not become complete; is the disk full?");
     if (reason.isEmpty())
         reason = renameFile(part, m_name);
     if (!reason.isEmpty())

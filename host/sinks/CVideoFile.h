@@ -5,6 +5,7 @@
 
 #include <opencv2/videoio.hpp>
 
+#include <QCoreApplication>
 #include <QString>
 
 namespace Host {
@@ -20,6 +21,8 @@ namespace Host {
  */
 class CVideoFile
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CVideoFile)
+
 public:
     /// \a framesPerSecond, above 0, is how fast it plays.
     explicit CVideoFile(double framesPerSecond);

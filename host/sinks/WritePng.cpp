@@ -7,6 +7,8 @@
 
 #include <opencv2/imgcodecs.hpp>
 
+#include <QCoreApplication>
+
 #include <vector>
 
 namespace Host {
@@ -32,7 +34,8 @@ std::vector<uchar> encode(const cv::Mat& image)
 QString writePng(const QString& name, const cv::Mat& image)
 {
     const std::vector<uchar> png = encode(image);
-    return png.empty() ? QStringLiteral("the image has no PNG form") : writeFile(name, png.data(), png.size());
+    return png.empty() ? QCoreApplication::translate("Host::WritePng", "the image has no PNG form")
+                       : writeFile(name, png.data(), png.size());
 }
 
 } // namespace Host

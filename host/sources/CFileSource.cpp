@@ -125,7 +125,7 @@ bool CFileSource::convert(QString* error)
     }
     if (!formatOf(m_next).isEmpty())
         return true;
-    *error = QStringLiteral("cannot read %1: its pixels are %2; it takes 8 or 16 bits, grey or colour")
+    *error = tr("cannot read %1: its pixels are %2; it takes 8 or 16 bits, grey or colour")
                  .arg(shown(m_reader->file()), QString::fromStdString(cv::typeToString(m_next.type())));
     return false;
 }

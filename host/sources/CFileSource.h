@@ -8,6 +8,8 @@
 #include "host/sources/IImageReader.h"
 #include "host/sources/SFileOptions.h"
 
+#include <QCoreApplication>
+
 #include <chrono>
 #include <memory>
 
@@ -22,6 +24,8 @@ namespace Host {
  */
 class CFileSource : public IFrameSource
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CFileSource)
+
 public:
     /// Opens the files and reads the first image. Null, with the reason in \a error, if that fails.
     static std::unique_ptr<CFileSource> open(const SFileOptions& options, QString* error);

@@ -63,19 +63,19 @@ QString reasonFor(const QString& file)
 {
     QFile in(file);
     if (QFileInfo(file).isDir())
-        return QStringLiteral("it is a folder");
-    return in.open(QIODevice::ReadOnly) ? QStringLiteral("no image, or a broken one") : in.errorString();
+        return CImageFiles::tr("it is a folder");
+    return in.open(QIODevice::ReadOnly) ? CImageFiles::tr("no image, or a broken one") : in.errorString();
 }
 
 QString emptyText(const QString& place)
 {
     if (QFileInfo(place).isDir())
-        return QStringLiteral("no image in the folder %1; it takes %2")
+        return CImageFiles::tr("no image in the folder %1; it takes %2")
             .arg(shown(place), CImageFiles::namePatterns().join(QStringLiteral(", ")));
     const bool isPattern =
         std::any_of(place.begin(), place.end(), [](QChar letter) { return QStringLiteral("*?[").contains(letter); });
-    return isPattern ? QStringLiteral("no file matches %1").arg(shown(place))
-                     : QStringLiteral("no such folder or file: %1").arg(shown(place));
+    return isPattern ? CImageFiles::tr("no file matches %1").arg(shown(place))
+                     : CImageFiles::tr("no such folder or file: %1").arg(shown(place));
 }
 
 } // namespace
@@ -114,8 +114,8 @@ CImageFiles::CImageFiles(QString place, QStringList files)
 QString CImageFiles::description() const
 {
     if (m_files.size() == 1)
-        return QStringLiteral("image %1").arg(shown(m_files.first()));
-    return QStringLiteral("%1 images of %2").arg(m_files.size()).arg(shown(m_place));
+        return tr("image %1", "one that stands in for a camera").arg(shown(m_files.first()));
+    return tr("%1 images of %2").arg(m_files.size()).arg(shown(m_place));
 }
 
 IImageReader::ERead CImageFiles::read(cv::Mat* image, QString* error)
@@ -126,7 +126,7 @@ IImageReader::ERead CImageFiles::read(cv::Mat* image, QString* error)
     *image = readImage(file);
     if (!image->empty())
         return ERead::Image;
-    *error = QStringLiteral("cannot read %1: %2").arg(shown(file), reasonFor(file));
+    *error = tr("cannot read %1: %2").arg(shown(file), reasonFor(file));
     return ERead::Failed;
 }
 

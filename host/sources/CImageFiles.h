@@ -5,6 +5,7 @@
 
 #include "host/sources/IImageReader.h"
 
+#include <QCoreApplication>
 #include <QStringList>
 
 #include <memory>
@@ -14,6 +15,8 @@ namespace Host {
 /// The images of a folder, or those that match a pattern, in the order of their names: "shot 2" before "shot 10".
 class CImageFiles : public IImageReader
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CImageFiles)
+
 public:
     /// What images are called: "*.png"...
     static QStringList namePatterns();

@@ -26,7 +26,7 @@ CVideoReader::CVideoReader(QString file)
 
 QString CVideoReader::description() const
 {
-    return QStringLiteral("video %1").arg(shown(m_file));
+    return tr("video %1", "one that stands in for a camera").arg(shown(m_file));
 }
 
 // Opened anew: not every format can be put back.
@@ -34,7 +34,7 @@ bool CVideoReader::rewind(QString* error)
 {
     QFile file(m_file);
     if (!file.open(QIODevice::ReadOnly)) {
-        *error = QStringLiteral("cannot read the video %1: %2").arg(shown(m_file), file.errorString());
+        *error = tr("cannot read the video %1: %2").arg(shown(m_file), file.errorString());
         return false;
     }
     try {
@@ -43,8 +43,7 @@ bool CVideoReader::rewind(QString* error)
         m_capture.release();
     }
     if (!m_capture.isOpened()) {
-        *error = QStringLiteral("cannot read the video %1: no video, or one in a format that is not known here")
-                     .arg(shown(m_file));
+        *error = tr("cannot read the video %1: no video, or one in a format that is not known here").arg(shown(m_file));
         return false;
     }
     const double frames = m_capture.get(cv::CAP_PROP_FRAME_COUNT);
@@ -67,8 +66,8 @@ IImageReader::ERead CVideoReader::read(cv::Mat* image, QString* error)
     }
     if (!isShort())
         return ERead::End;
-    *error = m_read == 0 ? QStringLiteral("no frame of the video %1 can be read").arg(shown(m_file))
-                         : QStringLiteral("the video %1 ends after %2 of %3 frames: a part of it is missing or broken")
+    *error = m_read == 0 ? tr("no frame of the video %1 can be read").arg(shown(m_file))
+                         : tr("the video %1 ends after %2 of %3 frames: a part of it is missing or broken")
                                .arg(shown(m_file))
                                .arg(m_read)
                                .arg(m_promised);

@@ -7,6 +7,8 @@
 
 #include <opencv2/videoio.hpp>
 
+#include <QCoreApplication>
+
 #include <memory>
 
 namespace Host {
@@ -15,6 +17,8 @@ namespace Host {
 /// about one per cent, so that a little less is no fault.
 class CVideoReader : public IImageReader
 {
+    Q_DECLARE_TR_FUNCTIONS(Host::CVideoReader)
+
 public:
     /// Null, with the reason in \a error, if it is no video.
     static std::unique_ptr<CVideoReader> open(const QString& file, QString* error);

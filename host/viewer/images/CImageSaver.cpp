@@ -24,7 +24,7 @@ QString writeView(const QString& file, const QImage& view)
     QByteArray png;
     QBuffer buffer(&png);
     if (!buffer.open(QIODevice::WriteOnly) || !view.save(&buffer, "PNG"))
-        return QStringLiteral("the image has no PNG form");
+        return CImageSaver::tr("the image has no PNG form");
     return writeFile(file, png.constData(), std::size_t(png.size()));
 }
 
