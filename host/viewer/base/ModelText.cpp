@@ -16,7 +16,7 @@ namespace {
 constexpr const char* context = "Host::ModelText";
 
 // The models are shared with the command line, which speaks English. So their texts are listed here, for the
-// translators.
+// translators. The English translation leaves out options of the command line.
 [[maybe_unused]] constexpr const char* knownTexts[] = {
     QT_TRANSLATE_NOOP("Host::ModelText", "Filters"),
     QT_TRANSLATE_NOOP("Host::ModelText", "Sinks"),

@@ -104,7 +104,9 @@ void CFaultPanel::showFaults(const QByteArray& text, const CNodeScene* scene)
 {
     const QJsonObject document = QJsonDocument::fromJson(text).object();
     std::vector<SFaultRow> rows;
-    for (const SFault& fault : CDocumentCheck(m_service, m_models).check(text)) {
+    SCheckOptions options;
+    options.canNameCommands = false;
+    for (const SFault& fault : CDocumentCheck(m_service, m_models, options).check(text)) {
         SFaultRow row{
             fault, fault.line > 0 ? tr("line %1, column %2").arg(fault.line).arg(fault.column) : QString(), {}};
         const Core::CId id = scene ? nodeOfFault(document, fault) : Core::CId();

@@ -2,6 +2,33 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>Host::CAravisCamera</name>
+    <message>
+        <source>camera &apos;%1&apos;: another program is using it (%2)</source>
+        <translation>camera &apos;%1&apos;: another program is using it (%2)</translation>
+    </message>
+    <message>
+        <source>camera &apos;%1&apos;: %2</source>
+        <translation>camera &apos;%1&apos;: %2</translation>
+    </message>
+    <message>
+        <source>cannot read camera &apos;%1&apos;: %2</source>
+        <translation>cannot read camera &apos;%1&apos;: %2</translation>
+    </message>
+    <message>
+        <source>camera &apos;%1&apos; does not start: %2</source>
+        <translation>camera &apos;%1&apos; does not start: %2</translation>
+    </message>
+    <message>
+        <source>camera &apos;%1&apos; gives no stream: %2</source>
+        <translation>camera &apos;%1&apos; gives no stream: %2</translation>
+    </message>
+    <message>
+        <source>camera &apos;%1&apos; has gone: it no longer answers</source>
+        <translation>camera &apos;%1&apos; has gone: it no longer answers</translation>
+    </message>
+</context>
+<context>
     <name>Host::CCameraList</name>
     <message>
         <source>Simulated camera</source>
@@ -103,6 +130,49 @@
     </message>
 </context>
 <context>
+    <name>Host::CChainReader</name>
+    <message>
+        <source>no element has a camera as its source</source>
+        <translation>no element has a camera as its source</translation>
+    </message>
+    <message>
+        <source>the camera %1</source>
+        <translation>the camera %1</translation>
+    </message>
+    <message>
+        <source>a %1 of its own; frames come from the cameras of the run, named in %2</source>
+        <translation>a %1 of its own; frames come from the cameras of the run, named in %2</translation>
+    </message>
+    <message>
+        <source>%1 stands for any camera</source>
+        <translation>%1 stands for any camera</translation>
+    </message>
+    <message>
+        <source>%1 is the name of a camera</source>
+        <translation>%1 is the name of a camera</translation>
+    </message>
+    <message>
+        <source>a second element %1, after that at %2</source>
+        <translation>a second element %1, after that at %2</translation>
+    </message>
+    <message>
+        <source>no element is named %1, so that it is taken for a camera</source>
+        <translation>no element is named %1, so that it is taken for a camera</translation>
+    </message>
+    <message>
+        <source>too many names are unknown to say whether a label was meant</source>
+        <translation>too many names are unknown to say whether a label was meant</translation>
+    </message>
+    <message>
+        <source>no element is named %1</source>
+        <translation>no element is named %1</translation>
+    </message>
+    <message>
+        <source>no camera of the run and no element is named %1</source>
+        <translation>no camera of the run and no element is named %1</translation>
+    </message>
+</context>
+<context>
     <name>Host::CCommandPalette</name>
     <message>
         <source>Commands</source>
@@ -122,6 +192,20 @@
     <message>
         <source>%1 fps</source>
         <translation>%1 fps</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CDocumentCheck</name>
+    <message>
+        <source>%1, where an array (a chain) or an object (a scene) belongs</source>
+        <translation>%1, where an array (a chain) or an object (a scene) belongs</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CFaultList</name>
+    <message>
+        <source>there are more faults than these %1</source>
+        <translation>there are more faults than these %1</translation>
     </message>
 </context>
 <context>
@@ -217,6 +301,93 @@
     </message>
 </context>
 <context>
+    <name>Host::CFeatures</name>
+    <message>
+        <source>%1 to %2 in steps of %3</source>
+        <translation>%1 to %2 in steps of %3</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 to %2</translation>
+    </message>
+    <message>
+        <source>boolean, true, false</source>
+        <translation>boolean, true, false</translation>
+    </message>
+    <message>
+        <source>integer</source>
+        <translation>integer</translation>
+    </message>
+    <message>
+        <source>integer, %1</source>
+        <translation>integer, %1</translation>
+    </message>
+    <message>
+        <source>float</source>
+        <translation>float</translation>
+    </message>
+    <message>
+        <source>float, %1</source>
+        <translation>float, %1</translation>
+    </message>
+    <message>
+        <source>the feature &apos;%1&apos; takes one of %2, not %3</source>
+        <translation>the feature &apos;%1&apos; takes one of %2, not %3</translation>
+    </message>
+    <message>
+        <source>the feature &apos;%1&apos; takes %2, not %3</source>
+        <translation>the feature &apos;%1&apos; takes %2, not %3</translation>
+    </message>
+    <message>
+        <source>In no category</source>
+        <translation>In no category</translation>
+    </message>
+    <message>
+        <source>it has no feature %1</source>
+        <translation>it has no feature %1</translation>
+    </message>
+    <message>
+        <source>the feature &apos;%1&apos; cannot be written now</source>
+        <translation>the feature &apos;%1&apos; cannot be written now</translation>
+    </message>
+    <message>
+        <source>the feature &apos;%1&apos; is read only</source>
+        <translation>the feature &apos;%1&apos; is read only</translation>
+    </message>
+    <message>
+        <source>the feature &apos;%1&apos; refuses %2: %3</source>
+        <translation>the feature &apos;%1&apos; refuses %2: %3</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CFileSource</name>
+    <message>
+        <source>cannot read %1: its pixels are %2; it takes 8 or 16 bits, grey or colour</source>
+        <translation>cannot read %1: its pixels are %2; it takes 8 or 16 bits, grey or colour</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CFileWriter</name>
+    <message>
+        <source>cannot write &apos;%1&apos;: %2</source>
+        <translation>cannot write &apos;%1&apos;: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CFrameTable</name>
+    <message>
+        <source>cannot write &apos;%1&apos;: %2</source>
+        <translation>cannot write &apos;%1&apos;: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CGLibError</name>
+    <message>
+        <source>no answer</source>
+        <translation>no answer</translation>
+    </message>
+</context>
+<context>
     <name>Host::CGraphActions</name>
     <message>
         <source>Undo %1</source>
@@ -281,6 +452,90 @@
     <message>
         <source>Overview</source>
         <translation>Overview</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CGraphCheck</name>
+    <message>
+        <source>%1 has no output port %2; it has none</source>
+        <translation>%1 has no output port %2; it has none</translation>
+    </message>
+    <message>
+        <source>%1 has no output port %2; its only output port is 0</source>
+        <translation>%1 has no output port %2; its only output port is 0</translation>
+    </message>
+    <message>
+        <source>%1 has no output port %2; its output ports are 0 to %3</source>
+        <translation>%1 has no output port %2; its output ports are 0 to %3</translation>
+    </message>
+    <message>
+        <source>%1 has no input port %2; it has none</source>
+        <translation>%1 has no input port %2; it has none</translation>
+    </message>
+    <message>
+        <source>%1 has no input port %2; its only input port is 0</source>
+        <translation>%1 has no input port %2; its only input port is 0</translation>
+    </message>
+    <message>
+        <source>%1 has no input port %2; its input ports are 0 to %3</source>
+        <translation>%1 has no input port %2; its input ports are 0 to %3</translation>
+    </message>
+    <message>
+        <source>no source reaches %1</source>
+        <translation>no source reaches %1</translation>
+    </message>
+    <message>
+        <source>no source reaches %1, and so not what lies behind it (1 node)</source>
+        <translation>no source reaches %1, and so not what lies behind it (1 node)</translation>
+    </message>
+    <message>
+        <source>no source reaches %1, and so not what lies behind it (%2 nodes)</source>
+        <translation>no source reaches %1, and so not what lies behind it (%2 nodes)</translation>
+    </message>
+    <message>
+        <source>%1 feeds %2 already, at %3: all data would come twice</source>
+        <translation>%1 feeds %2 already, at %3: all data would come twice</translation>
+    </message>
+    <message>
+        <source>%1 gives %2, and %3 takes %4</source>
+        <translation>%1 gives %2, and %3 takes %4</translation>
+    </message>
+    <message>
+        <source>a converter from %1 to %2, where %3 gives %4, and %5 takes %6</source>
+        <translation>a converter from %1 to %2, where %3 gives %4, and %5 takes %6</translation>
+    </message>
+    <message>
+        <source>a converter from %1 to %2 is not registered</source>
+        <translation>a converter from %1 to %2 is not registered</translation>
+    </message>
+    <message>
+        <source>the connection lacks its &apos;converter&apos;, which is registered</source>
+        <translation>the connection lacks its &apos;converter&apos;, which is registered</translation>
+    </message>
+    <message>
+        <source>put a %1 between</source>
+        <translation>put a %1 between</translation>
+    </message>
+    <message>
+        <source>no model makes the one of the other</source>
+        <translation>no model makes the one of the other</translation>
+    </message>
+    <message>
+        <source>%1 more</source>
+        <comment>nodes</comment>
+        <translation>%1 more</translation>
+    </message>
+    <message>
+        <source>a loop, with no decoupler in it: %1</source>
+        <translation>a loop, with no decoupler in it: %1</translation>
+    </message>
+    <message>
+        <source>nothing is wired to %1</source>
+        <translation>nothing is wired to %1</translation>
+    </message>
+    <message>
+        <source>nothing feeds input port %1 of %2</source>
+        <translation>nothing feeds input port %1 of %2</translation>
     </message>
 </context>
 <context>
@@ -701,6 +956,42 @@
     </message>
 </context>
 <context>
+    <name>Host::CImageFiles</name>
+    <message>
+        <source>it is a folder</source>
+        <translation>it is a folder</translation>
+    </message>
+    <message>
+        <source>no image, or a broken one</source>
+        <translation>no image, or a broken one</translation>
+    </message>
+    <message>
+        <source>no image in the folder %1; it takes %2</source>
+        <translation>no image in the folder %1; it takes %2</translation>
+    </message>
+    <message>
+        <source>no file matches %1</source>
+        <translation>no file matches %1</translation>
+    </message>
+    <message>
+        <source>no such folder or file: %1</source>
+        <translation>no such folder or file: %1</translation>
+    </message>
+    <message>
+        <source>image %1</source>
+        <comment>one that stands in for a camera</comment>
+        <translation>image %1</translation>
+    </message>
+    <message>
+        <source>%1 images of %2</source>
+        <translation>%1 images of %2</translation>
+    </message>
+    <message>
+        <source>cannot read %1: %2</source>
+        <translation>cannot read %1: %2</translation>
+    </message>
+</context>
+<context>
     <name>Host::CImageSaver</name>
     <message>
         <source>Save image</source>
@@ -729,6 +1020,10 @@
     <message>
         <source>Cannot save %1: %2</source>
         <translation>Cannot save %1: %2</translation>
+    </message>
+    <message>
+        <source>the image has no PNG form</source>
+        <translation>the image has no PNG form</translation>
     </message>
 </context>
 <context>
@@ -774,6 +1069,32 @@
     </message>
 </context>
 <context>
+    <name>Host::CJsonTree</name>
+    <message>
+        <source>an array</source>
+        <translation>an array</translation>
+    </message>
+    <message>
+        <source>an object</source>
+        <translation>an object</translation>
+    </message>
+    <message>
+        <source>the string %1</source>
+        <translation>the string %1</translation>
+    </message>
+    <message>
+        <source>the number %1</source>
+        <translation>the number %1</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CModelCatalogue</name>
+    <message>
+        <source>making %1</source>
+        <translation>making %1</translation>
+    </message>
+</context>
+<context>
     <name>Host::CModelPalette</name>
     <message>
         <source>Models</source>
@@ -786,6 +1107,33 @@
     <message>
         <source>Models by category</source>
         <translation>Models by category</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CNodeReader</name>
+    <message>
+        <source>a %1 cannot be made</source>
+        <translation>a %1 cannot be made</translation>
+    </message>
+    <message>
+        <source>no model %1 is registered</source>
+        <translation>no model %1 is registered</translation>
+    </message>
+    <message>
+        <source>asking for ports</source>
+        <translation>asking for ports</translation>
+    </message>
+    <message>
+        <source>a sink needs a name for its folder: &quot;property&quot;: {&quot;sink_name&quot;: …}</source>
+        <translation>a sink needs a name for its folder: &quot;property&quot;: {&quot;sink_name&quot;: …}</translation>
+    </message>
+    <message>
+        <source>the sink&apos;s name %1 makes no folder</source>
+        <translation>the sink&apos;s name %1 makes no folder</translation>
+    </message>
+    <message>
+        <source>a second sink %1, after that at %2</source>
+        <translation>a second sink %1, after that at %2</translation>
     </message>
 </context>
 <context>
@@ -847,6 +1195,13 @@
     </message>
 </context>
 <context>
+    <name>Host::CReconnectingCamera</name>
+    <message>
+        <source>%1; it did not come back for %2 s</source>
+        <translation>%1; it did not come back for %2 s</translation>
+    </message>
+</context>
+<context>
     <name>Host::CRecordBar</name>
     <message>
         <source>Recording</source>
@@ -899,16 +1254,8 @@
         <translation>the scene has no camera</translation>
     </message>
     <message>
-        <source>cannot open</source>
-        <translation>cannot open</translation>
-    </message>
-    <message>
         <source>the scene is gone</source>
         <translation>the scene is gone</translation>
-    </message>
-    <message>
-        <source>cannot import</source>
-        <translation>cannot import</translation>
     </message>
     <message>
         <source>nothing of &apos;%1&apos; could be made</source>
@@ -917,6 +1264,60 @@
     <message>
         <source>the scene cannot be cleared</source>
         <translation>the scene cannot be cleared</translation>
+    </message>
+    <message>
+        <source>cannot open &apos;%1&apos;</source>
+        <translation>cannot open &apos;%1&apos;</translation>
+    </message>
+    <message>
+        <source>cannot import &apos;%1&apos;</source>
+        <translation>cannot import &apos;%1&apos;</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CSceneLoader</name>
+    <message>
+        <source>the scene is gone</source>
+        <translation>the scene is gone</translation>
+    </message>
+    <message>
+        <source>connections[%1]: the scene refuses it</source>
+        <translation>connections[%1]: the scene refuses it</translation>
+    </message>
+    <message>
+        <source>making %1</source>
+        <translation>making %1</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CSceneReader</name>
+    <message>
+        <source>none of the nodes is a %1, the camera of the run</source>
+        <translation>none of the nodes is a %1, the camera of the run</translation>
+    </message>
+    <message>
+        <source>a unique %1 is not made of a document, and there is none to refer to</source>
+        <translation>a unique %1 is not made of a document, and there is none to refer to</translation>
+    </message>
+    <message>
+        <source>a %1 is a source without a camera; only a %2 stands for one</source>
+        <translation>a %1 is a source without a camera; only a %2 stands for one</translation>
+    </message>
+    <message>
+        <source>a second %1, after that at %2; a scene has one camera</source>
+        <translation>a second %1, after that at %2; a scene has one camera</translation>
+    </message>
+    <message>
+        <source>%1 is no id; one is like %2</source>
+        <translation>%1 is no id; one is like %2</translation>
+    </message>
+    <message>
+        <source>a second node of this id, after that at %1</source>
+        <translation>a second node of this id, after that at %1</translation>
+    </message>
+    <message>
+        <source>no node has the id %1</source>
+        <translation>no node has the id %1</translation>
     </message>
 </context>
 <context>
@@ -942,17 +1343,97 @@ Ctrl+K finds every command.</translation>
         <source>Default of %1</source>
         <translation>Default of %1</translation>
     </message>
+</context>
+<context>
+    <name>Host::CSettingTexts</name>
     <message>
-        <source>from %1</source>
-        <translation>from %1</translation>
+        <source>&apos;%1&apos; takes one of %2, not %3</source>
+        <translation>&apos;%1&apos; takes one of %2, not %3</translation>
     </message>
     <message>
-        <source>%1 to %2</source>
-        <translation>%1 to %2</translation>
+        <source>&apos;%1&apos; takes text, not %2</source>
+        <translation>&apos;%1&apos; takes text, not %2</translation>
     </message>
     <message>
-        <source>%1, odd</source>
-        <translation>%1, odd</translation>
+        <source>&apos;%1&apos; takes %2, not %3</source>
+        <translation>&apos;%1&apos; takes %2, not %3</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; takes %2, %3, not %4</source>
+        <comment>name, type, range</comment>
+        <translation>&apos;%1&apos; takes %2, %3, not %4</translation>
+    </message>
+    <message>
+        <source>the sink&apos;s name %1 makes no folder</source>
+        <translation>the sink&apos;s name %1 makes no folder</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; cannot be set; a chain gives it</source>
+        <translation>&apos;%1&apos; cannot be set; a chain gives it</translation>
+    </message>
+    <message>
+        <source>it is gone</source>
+        <translation>it is gone</translation>
+    </message>
+    <message>
+        <source>it has no settings</source>
+        <translation>it has no settings</translation>
+    </message>
+    <message>
+        <source>it has no setting %1; it has %2</source>
+        <translation>it has no setting %1; it has %2</translation>
+    </message>
+    <message>
+        <source>it has no setting %1; %2 It has %3</source>
+        <comment>%2 is a question</comment>
+        <translation>it has no setting %1; %2 It has %3</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CSettingsCheck</name>
+    <message>
+        <source>making %1</source>
+        <translation>making %1</translation>
+    </message>
+    <message>
+        <source>unknown key %1, which %2 does not keep</source>
+        <translation>unknown key %1, which %2 does not keep</translation>
+    </message>
+    <message>
+        <source>%1 for %2 is not taken; it stays %3</source>
+        <translation>%1 for %2 is not taken; it stays %3</translation>
+    </message>
+    <message>
+        <source>%1 has no setting %2, nor any other</source>
+        <translation>%1 has no setting %2, nor any other</translation>
+    </message>
+    <message>
+        <source>%1 has no setting %2</source>
+        <translation>%1 has no setting %2</translation>
+    </message>
+    <message>
+        <source>a value like %1</source>
+        <translation>a value like %1</translation>
+    </message>
+    <message>
+        <source>%1, where %2 belongs</source>
+        <translation>%1, where %2 belongs</translation>
+    </message>
+    <message>
+        <source>%1, where a rate above 0 belongs</source>
+        <translation>%1, where a rate above 0 belongs</translation>
+    </message>
+    <message>
+        <source>%1 refuses %2</source>
+        <translation>%1 refuses %2</translation>
+    </message>
+    <message>
+        <source>%1 takes %2, not %3</source>
+        <translation>%1 takes %2, not %3</translation>
+    </message>
+    <message>
+        <source>it stays %1</source>
+        <translation>it stays %1</translation>
     </message>
 </context>
 <context>
@@ -968,6 +1449,73 @@ Ctrl+K finds every command.</translation>
     <message>
         <source>Choose a node to see its settings.</source>
         <translation>Choose a node to see its settings.</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CShapeCheck</name>
+    <message>
+        <source>a smaller number</source>
+        <translation>a smaller number</translation>
+    </message>
+    <message>
+        <source>a whole number</source>
+        <translation>a whole number</translation>
+    </message>
+    <message>
+        <source>true or false</source>
+        <translation>true or false</translation>
+    </message>
+    <message>
+        <source>an array</source>
+        <translation>an array</translation>
+    </message>
+    <message>
+        <source>an object</source>
+        <translation>an object</translation>
+    </message>
+    <message>
+        <source>a number</source>
+        <translation>a number</translation>
+    </message>
+    <message>
+        <source>a string</source>
+        <translation>a string</translation>
+    </message>
+    <message>
+        <source>%1 or %2</source>
+        <comment>types of JSON</comment>
+        <translation>%1 or %2</translation>
+    </message>
+    <message>
+        <source>%1, where %2 belongs: %3</source>
+        <translation>%1, where %2 belongs: %3</translation>
+    </message>
+    <message>
+        <source>allowed are %1</source>
+        <translation>allowed are %1</translation>
+    </message>
+    <message>
+        <source>unknown key %1</source>
+        <translation>unknown key %1</translation>
+    </message>
+    <message>
+        <source>%1 lacks %2</source>
+        <translation>%1 lacks %2</translation>
+    </message>
+    <message>
+        <source>%1 is empty</source>
+        <translation>%1 is empty</translation>
+    </message>
+    <message>
+        <source>%1, where %2 belongs, from %3</source>
+        <translation>%1, where %2 belongs, from %3</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CSharedCamera</name>
+    <message>
+        <source>camera &apos;%1&apos; has gone</source>
+        <translation>camera &apos;%1&apos; has gone</translation>
     </message>
 </context>
 <context>
@@ -1011,6 +1559,216 @@ Ctrl+K finds every command.</translation>
     <message>
         <source>Deviation</source>
         <translation>Deviation</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CSyntaxTexts</name>
+    <message>
+        <source>%1 is no quote of JSON, which has straight ones: &quot;</source>
+        <translation>%1 is no quote of JSON, which has straight ones: &quot;</translation>
+    </message>
+    <message>
+        <source>U+%1 looks like a blank, and is none of JSON</source>
+        <translation>U+%1 looks like a blank, and is none of JSON</translation>
+    </message>
+    <message>
+        <source>the document ends within the array that begins at %1</source>
+        <translation>the document ends within the array that begins at %1</translation>
+    </message>
+    <message>
+        <source>the document ends within the object that begins at %1</source>
+        <translation>the document ends within the object that begins at %1</translation>
+    </message>
+    <message>
+        <source>&apos;]&apos; belongs here, to close the array that begins at %1</source>
+        <translation>&apos;]&apos; belongs here, to close the array that begins at %1</translation>
+    </message>
+    <message>
+        <source>&apos;}&apos; belongs here, to close the object that begins at %1</source>
+        <translation>&apos;}&apos; belongs here, to close the object that begins at %1</translation>
+    </message>
+    <message>
+        <source>JSON has strings in double quotes only</source>
+        <translation>JSON has strings in double quotes only</translation>
+    </message>
+    <message>
+        <source>JSON has no comments</source>
+        <translation>JSON has no comments</translation>
+    </message>
+    <message>
+        <source>a value is missing before %1</source>
+        <translation>a value is missing before %1</translation>
+    </message>
+    <message>
+        <source>%1 is no number</source>
+        <translation>%1 is no number</translation>
+    </message>
+    <message>
+        <source>%1 is no value</source>
+        <translation>%1 is no value</translation>
+    </message>
+    <message>
+        <source>strings stand in double quotes</source>
+        <translation>strings stand in double quotes</translation>
+    </message>
+    <message>
+        <source>a key stands in double quotes</source>
+        <translation>a key stands in double quotes</translation>
+    </message>
+    <message>
+        <source>a key is missing before %1</source>
+        <translation>a key is missing before %1</translation>
+    </message>
+    <message>
+        <source>a number does not begin with 0</source>
+        <translation>a number does not begin with 0</translation>
+    </message>
+    <message>
+        <source>&apos;,&apos; or &apos;]&apos; is missing before this</source>
+        <translation>&apos;,&apos; or &apos;]&apos; is missing before this</translation>
+    </message>
+    <message>
+        <source>&apos;,&apos; or &apos;}&apos; is missing before this</source>
+        <translation>&apos;,&apos; or &apos;}&apos; is missing before this</translation>
+    </message>
+    <message>
+        <source>a string ends on the line where it begins; a line break in it is written \n</source>
+        <translation>a string ends on the line where it begins; a line break in it is written \n</translation>
+    </message>
+    <message>
+        <source>a control character in a string is written \u%1</source>
+        <translation>a control character in a string is written \u%1</translation>
+    </message>
+    <message>
+        <source>four digits belong behind \u, each from 0 to 9 or a to f</source>
+        <translation>four digits belong behind \u, each from 0 to 9 or a to f</translation>
+    </message>
+    <message>
+        <source>half a letter; \ud800 to \udfff stand in pairs</source>
+        <translation>half a letter; \ud800 to \udfff stand in pairs</translation>
+    </message>
+    <message>
+        <source>no such escape; a backslash itself is written \\</source>
+        <translation>no such escape; a backslash itself is written \\</translation>
+    </message>
+    <message>
+        <source>the document is empty</source>
+        <translation>the document is empty</translation>
+    </message>
+    <message>
+        <source>&apos;/&apos; is nothing that JSON has</source>
+        <translation>&apos;/&apos; is nothing that JSON has</translation>
+    </message>
+    <message>
+        <source>JSON has no comments, and this one has no end</source>
+        <translation>JSON has no comments, and this one has no end</translation>
+    </message>
+    <message>
+        <source>the document ends within a string</source>
+        <translation>the document ends within a string</translation>
+    </message>
+    <message>
+        <source>something stands behind the end of the document</source>
+        <translation>something stands behind the end of the document</translation>
+    </message>
+    <message>
+        <source>&apos;:&apos; is missing behind the key</source>
+        <translation>&apos;:&apos; is missing behind the key</translation>
+    </message>
+    <message>
+        <source>the number is too large</source>
+        <translation>the number is too large</translation>
+    </message>
+    <message>
+        <source>a digit belongs behind the point of a number</source>
+        <translation>a digit belongs behind the point of a number</translation>
+    </message>
+    <message>
+        <source>a digit belongs behind the &apos;e&apos; of a number</source>
+        <translation>a digit belongs behind the &apos;e&apos; of a number</translation>
+    </message>
+    <message>
+        <source>this is no JSON</source>
+        <translation>this is no JSON</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CTreeBuilder</name>
+    <message>
+        <source>%1 is no JSON: numbers are finite there</source>
+        <translation>%1 is no JSON: numbers are finite there</translation>
+    </message>
+    <message>
+        <source>arrays and objects nest too deep</source>
+        <translation>arrays and objects nest too deep</translation>
+    </message>
+    <message>
+        <source>a comma behind the last item is no JSON</source>
+        <translation>a comma behind the last item is no JSON</translation>
+    </message>
+    <message>
+        <source>a comma behind the last member is no JSON</source>
+        <translation>a comma behind the last member is no JSON</translation>
+    </message>
+    <message>
+        <source>more than %1 values</source>
+        <translation>more than %1 values</translation>
+    </message>
+    <message>
+        <source>JSON has no comments</source>
+        <translation>JSON has no comments</translation>
+    </message>
+    <message>
+        <source>a second key %1, after that at %2; only one would count</source>
+        <translation>a second key %1, after that at %2; only one would count</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CVideoFile</name>
+    <message>
+        <source>the image is empty</source>
+        <translation>the image is empty</translation>
+    </message>
+    <message>
+        <source>an image is %1, the video %2</source>
+        <comment>width x height</comment>
+        <translation>an image is %1, the video %2</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>No space left on device</translation>
+    </message>
+    <message>
+        <source>the encoder refuses it</source>
+        <translation>the encoder refuses it</translation>
+    </message>
+    <message>
+        <source>it did not become complete; is the disk full?</source>
+        <translation>it did not become complete; is the disk full?</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CVideoReader</name>
+    <message>
+        <source>video %1</source>
+        <comment>one that stands in for a camera</comment>
+        <translation>video %1</translation>
+    </message>
+    <message>
+        <source>cannot read the video %1: %2</source>
+        <translation>cannot read the video %1: %2</translation>
+    </message>
+    <message>
+        <source>cannot read the video %1: no video, or one in a format that is not known here</source>
+        <translation>cannot read the video %1: no video, or one in a format that is not known here</translation>
+    </message>
+    <message>
+        <source>no frame of the video %1 can be read</source>
+        <translation>no frame of the video %1 can be read</translation>
+    </message>
+    <message>
+        <source>the video %1 ends after %2 of %3 frames: a part of it is missing or broken</source>
+        <translation>the video %1 ends after %2 of %3 frames: a part of it is missing or broken</translation>
     </message>
 </context>
 <context>
@@ -1249,6 +2007,121 @@ Ctrl+K finds every command.</translation>
     </message>
 </context>
 <context>
+    <name>Host::CWordFinder</name>
+    <message>
+        <source>%1, %2</source>
+        <comment>names that are listed</comment>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>there is only %1</source>
+        <translation>there is only %1</translation>
+    </message>
+    <message>
+        <source>there are %1</source>
+        <translation>there are %1</translation>
+    </message>
+    <message>
+        <source>%1 and %2</source>
+        <comment>names that are listed</comment>
+        <translation>%1 and %2</translation>
+    </message>
+    <message>
+        <source>%1 or %2</source>
+        <comment>names that are listed</comment>
+        <translation>%1 or %2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::ClosestWords</name>
+    <message>
+        <source>did you mean %1?</source>
+        <translation>did you mean %1?</translation>
+    </message>
+    <message>
+        <source>did you mean %1 or %2?</source>
+        <translation>did you mean %1 or %2?</translation>
+    </message>
+    <message>
+        <source>did you mean %1 or %2 or %3?</source>
+        <translation>did you mean %1 or %2 or %3?</translation>
+    </message>
+    <message>
+        <source>%1; %2</source>
+        <comment>what is wrong; a question or a hint</comment>
+        <translation>%1; %2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::ConnectionText</name>
+    <message>
+        <source>%1 to %2</source>
+        <comment>types of data</comment>
+        <translation>%1 to %2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::Device</name>
+    <message>
+        <source>cannot open camera &apos;%1&apos;: %2</source>
+        <translation>cannot open camera &apos;%1&apos;: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::DocumentFile</name>
+    <message>
+        <source>%1: it has 1 error:
+%2</source>
+        <comment>what cannot be done</comment>
+        <translation>%1: it has 1 error:
+%2</translation>
+    </message>
+    <message>
+        <source>%1: it has %2 errors:
+%3</source>
+        <comment>what cannot be done</comment>
+        <translation>%1: it has %2 errors:
+%3</translation>
+    </message>
+</context>
+<context>
+    <name>Host::FaultReport</name>
+    <message>
+        <source>error</source>
+        <translation>error</translation>
+    </message>
+    <message>
+        <source>warning</source>
+        <translation>warning</translation>
+    </message>
+</context>
+<context>
+    <name>Host::InputFile</name>
+    <message>
+        <source>it is larger than 64 MiB</source>
+        <translation>it is larger than 64 MiB</translation>
+    </message>
+    <message>
+        <source>cannot read &apos;%1&apos;: %2</source>
+        <translation>cannot read &apos;%1&apos;: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::JsonText</name>
+    <message>
+        <source>the file is %1; save it as UTF-8, which is what JSON is</source>
+        <translation>the file is %1; save it as UTF-8, which is what JSON is</translation>
+    </message>
+    <message>
+        <source>these bytes are no UTF-8</source>
+        <translation>these bytes are no UTF-8</translation>
+    </message>
+    <message>
+        <source>a zero byte, which no text has</source>
+        <translation>a zero byte, which no text has</translation>
+    </message>
+</context>
+<context>
     <name>Host::ModelText</name>
     <message>
         <source>Filters</source>
@@ -1448,7 +2321,7 @@ Ctrl+K finds every command.</translation>
     </message>
     <message>
         <source>It writes one of so many frames; 0: as the run says, with --write-every.</source>
-        <translation>It writes one of so many frames; 0: as the run says, with --write-every.</translation>
+        <translation>It writes one of so many frames; 0: as the run says.</translation>
     </message>
     <message>
         <source>Otsu finds the threshold that separates each image best, Fixed takes &apos;level&apos;.</source>
@@ -1469,6 +2342,296 @@ Ctrl+K finds every command.</translation>
     <message>
         <source>What stands above the image.</source>
         <translation>What stands above the image.</translation>
+    </message>
+</context>
+<context>
+    <name>Host::Output</name>
+    <message>
+        <source>cannot write &apos;%1&apos;: %2</source>
+        <translation>cannot write &apos;%1&apos;: %2</translation>
+    </message>
+    <message>
+        <source>cannot make the folder &apos;%1&apos;: %2</source>
+        <translation>cannot make the folder &apos;%1&apos;: %2</translation>
+    </message>
+    <message>
+        <source>Not a regular file</source>
+        <translation>Not a regular file</translation>
+    </message>
+</context>
+<context>
+    <name>Host::SFault</name>
+    <message>
+        <source>A document can be read.</source>
+        <translation>A document can be read.</translation>
+    </message>
+    <message>
+        <source>A document is UTF-8.</source>
+        <translation>A document is UTF-8.</translation>
+    </message>
+    <message>
+        <source>A document is JSON.</source>
+        <translation>A document is JSON.</translation>
+    </message>
+    <message>
+        <source>A value has the JSON type that belongs there.</source>
+        <translation>A value has the JSON type that belongs there.</translation>
+    </message>
+    <message>
+        <source>A value is one of those that are allowed.</source>
+        <translation>A value is one of those that are allowed.</translation>
+    </message>
+    <message>
+        <source>Keys are known: one that nobody reads does nothing.</source>
+        <translation>Keys are known: one that nobody reads does nothing.</translation>
+    </message>
+    <message>
+        <source>A key stands only once in an object.</source>
+        <translation>A key stands only once in an object.</translation>
+    </message>
+    <message>
+        <source>What is needed is there.</source>
+        <translation>What is needed is there.</translation>
+    </message>
+    <message>
+        <source>A model is registered.</source>
+        <translation>A model is registered.</translation>
+    </message>
+    <message>
+        <source>A model can be made from the document.</source>
+        <translation>A model can be made from the document.</translation>
+    </message>
+    <message>
+        <source>A model has the setting and takes its value.</source>
+        <translation>A model has the setting and takes its value.</translation>
+    </message>
+    <message>
+        <source>A label or an id is that of an element or a node.</source>
+        <translation>A label or an id is that of an element or a node.</translation>
+    </message>
+    <message>
+        <source>Labels and ids are different.</source>
+        <translation>Labels and ids are different.</translation>
+    </message>
+    <message>
+        <source>A connection joins ports that exist.</source>
+        <translation>A connection joins ports that exist.</translation>
+    </message>
+    <message>
+        <source>The types of connected ports agree, or are converted.</source>
+        <translation>The types of connected ports agree, or are converted.</translation>
+    </message>
+    <message>
+        <source>A source is a camera or an element.</source>
+        <translation>A source is a camera or an element.</translation>
+    </message>
+    <message>
+        <source>Something is wired to each camera.</source>
+        <translation>Something is wired to each camera.</translation>
+    </message>
+    <message>
+        <source>The data of a source reaches each node.</source>
+        <translation>The data of a source reaches each node.</translation>
+    </message>
+    <message>
+        <source>Connections lead in a circle only through a decoupler.</source>
+        <translation>Connections lead in a circle only through a decoupler.</translation>
+    </message>
+    <message>
+        <source>Two ports are connected only once.</source>
+        <translation>Two ports are connected only once.</translation>
+    </message>
+    <message>
+        <source>The name of a sink makes a folder of its own.</source>
+        <translation>The name of a sink makes a folder of its own.</translation>
+    </message>
+</context>
+<context>
+    <name>Host::SchemaTitle</name>
+    <message>
+        <source>a camera or a label</source>
+        <translation>a camera or a label</translation>
+    </message>
+    <message>
+        <source>a connection</source>
+        <translation>a connection</translation>
+    </message>
+    <message>
+        <source>a converter</source>
+        <translation>a converter</translation>
+    </message>
+    <message>
+        <source>a data type</source>
+        <translation>a data type</translation>
+    </message>
+    <message>
+        <source>a label</source>
+        <translation>a label</translation>
+    </message>
+    <message>
+        <source>a label, or an object with one</source>
+        <translation>a label, or an object with one</translation>
+    </message>
+    <message>
+        <source>a model</source>
+        <translation>a model</translation>
+    </message>
+    <message>
+        <source>a node</source>
+        <translation>a node</translation>
+    </message>
+    <message>
+        <source>a scene</source>
+        <translation>a scene</translation>
+    </message>
+    <message>
+        <source>a unique name</source>
+        <translation>a unique name</translation>
+    </message>
+    <message>
+        <source>an element</source>
+        <translation>an element</translation>
+    </message>
+    <message>
+        <source>an id</source>
+        <translation>an id</translation>
+    </message>
+    <message>
+        <source>an input port</source>
+        <translation>an input port</translation>
+    </message>
+    <message>
+        <source>an output port</source>
+        <translation>an output port</translation>
+    </message>
+    <message>
+        <source>arrays of what it feeds</source>
+        <translation>arrays of what it feeds</translation>
+    </message>
+    <message>
+        <source>the connections</source>
+        <translation>the connections</translation>
+    </message>
+    <message>
+        <source>the elements of a chain</source>
+        <translation>the elements of a chain</translation>
+    </message>
+    <message>
+        <source>the id of a type</source>
+        <translation>the id of a type</translation>
+    </message>
+    <message>
+        <source>the id of the node that feeds</source>
+        <translation>the id of the node that feeds</translation>
+    </message>
+    <message>
+        <source>the id of the node that is fed</source>
+        <translation>the id of the node that is fed</translation>
+    </message>
+    <message>
+        <source>the label</source>
+        <translation>the label</translation>
+    </message>
+    <message>
+        <source>the name of a model</source>
+        <translation>the name of a model</translation>
+    </message>
+    <message>
+        <source>the nodes</source>
+        <translation>the nodes</translation>
+    </message>
+    <message>
+        <source>the schema, for editors</source>
+        <translation>the schema, for editors</translation>
+    </message>
+    <message>
+        <source>the settings of the model</source>
+        <translation>the settings of the model</translation>
+    </message>
+    <message>
+        <source>the short name of a type</source>
+        <translation>the short name of a type</translation>
+    </message>
+    <message>
+        <source>the sources of each input port</source>
+        <translation>the sources of each input port</translation>
+    </message>
+    <message>
+        <source>the sources of one input port</source>
+        <translation>the sources of one input port</translation>
+    </message>
+    <message>
+        <source>what it feeds</source>
+        <translation>what it feeds</translation>
+    </message>
+    <message>
+        <source>whether it is unique</source>
+        <translation>whether it is unique</translation>
+    </message>
+</context>
+<context>
+    <name>Host::SettingProperty</name>
+    <message>
+        <source>true or false</source>
+        <translation>true or false</translation>
+    </message>
+    <message>
+        <source>a whole number</source>
+        <translation>a whole number</translation>
+    </message>
+    <message>
+        <source>a number</source>
+        <translation>a number</translation>
+    </message>
+    <message>
+        <source>a string</source>
+        <translation>a string</translation>
+    </message>
+    <message>
+        <source>one of %1</source>
+        <translation>one of %1</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>a type and its range</comment>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::SettingRange</name>
+    <message>
+        <source>from %1</source>
+        <translation>from %1</translation>
+    </message>
+    <message>
+        <source>%1 to %2, odd</source>
+        <translation>%1 to %2, odd</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 to %2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::WritePng</name>
+    <message>
+        <source>the image has no PNG form</source>
+        <translation>the image has no PNG form</translation>
+    </message>
+</context>
+<context>
+    <name>Host::attempt</name>
+    <message>
+        <source>%1 fails</source>
+        <translation>%1 fails</translation>
+    </message>
+    <message>
+        <source>%1 throws: %2</source>
+        <translation>%1 throws: %2</translation>
+    </message>
+    <message>
+        <source>%1 throws</source>
+        <translation>%1 throws</translation>
     </message>
 </context>
 </TS>

@@ -2,6 +2,33 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja" sourcelanguage="en">
 <context>
+    <name>Host::CAravisCamera</name>
+    <message>
+        <source>camera &apos;%1&apos;: another program is using it (%2)</source>
+        <translation>カメラ「%1」: ほかのプログラムが使用しています (%2)</translation>
+    </message>
+    <message>
+        <source>camera &apos;%1&apos;: %2</source>
+        <translation>カメラ「%1」: %2</translation>
+    </message>
+    <message>
+        <source>cannot read camera &apos;%1&apos;: %2</source>
+        <translation>カメラ「%1」を読み取れません: %2</translation>
+    </message>
+    <message>
+        <source>camera &apos;%1&apos; does not start: %2</source>
+        <translation>カメラ「%1」を開始できません: %2</translation>
+    </message>
+    <message>
+        <source>camera &apos;%1&apos; gives no stream: %2</source>
+        <translation>カメラ「%1」からストリームを得られません: %2</translation>
+    </message>
+    <message>
+        <source>camera &apos;%1&apos; has gone: it no longer answers</source>
+        <translation>カメラ「%1」がなくなりました: 応答しません</translation>
+    </message>
+</context>
+<context>
     <name>Host::CCameraList</name>
     <message>
         <source>Simulated camera</source>
@@ -103,6 +130,49 @@
     </message>
 </context>
 <context>
+    <name>Host::CChainReader</name>
+    <message>
+        <source>no element has a camera as its source</source>
+        <translation>カメラをソースとする要素がありません</translation>
+    </message>
+    <message>
+        <source>the camera %1</source>
+        <translation>カメラ %1</translation>
+    </message>
+    <message>
+        <source>a %1 of its own; frames come from the cameras of the run, named in %2</source>
+        <translation>チェーン独自の %1 は使えません。フレームは %2 で指定した実行時のカメラから届きます</translation>
+    </message>
+    <message>
+        <source>%1 stands for any camera</source>
+        <translation>%1 は任意のカメラを表します</translation>
+    </message>
+    <message>
+        <source>%1 is the name of a camera</source>
+        <translation>%1 はカメラの名前です</translation>
+    </message>
+    <message>
+        <source>a second element %1, after that at %2</source>
+        <translation>要素 %1 が %2 に続いて 2 つあります</translation>
+    </message>
+    <message>
+        <source>no element is named %1, so that it is taken for a camera</source>
+        <translation>%1 という名前の要素がないため、カメラとみなします</translation>
+    </message>
+    <message>
+        <source>too many names are unknown to say whether a label was meant</source>
+        <translation>不明な名前が多すぎるため、ラベルの誤りかどうか判断できません</translation>
+    </message>
+    <message>
+        <source>no element is named %1</source>
+        <translation>%1 という名前の要素はありません</translation>
+    </message>
+    <message>
+        <source>no camera of the run and no element is named %1</source>
+        <translation>%1 という名前のカメラも要素もこの実行にはありません</translation>
+    </message>
+</context>
+<context>
     <name>Host::CCommandPalette</name>
     <message>
         <source>Commands</source>
@@ -122,6 +192,20 @@
     <message>
         <source>%1 fps</source>
         <translation>%1 fps</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CDocumentCheck</name>
+    <message>
+        <source>%1, where an array (a chain) or an object (a scene) belongs</source>
+        <translation>配列 (チェーン) またはオブジェクト (シーン) が必要な箇所に %1 があります</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CFaultList</name>
+    <message>
+        <source>there are more faults than these %1</source>
+        <translation>問題はこの %1 件のほかにもあります</translation>
     </message>
 </context>
 <context>
@@ -217,6 +301,93 @@
     </message>
 </context>
 <context>
+    <name>Host::CFeatures</name>
+    <message>
+        <source>%1 to %2 in steps of %3</source>
+        <translation>%1～%2、%3 刻み</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1～%2</translation>
+    </message>
+    <message>
+        <source>boolean, true, false</source>
+        <translation>真偽値、true、false</translation>
+    </message>
+    <message>
+        <source>integer</source>
+        <translation>整数</translation>
+    </message>
+    <message>
+        <source>integer, %1</source>
+        <translation>整数、%1</translation>
+    </message>
+    <message>
+        <source>float</source>
+        <translation>浮動小数点数</translation>
+    </message>
+    <message>
+        <source>float, %1</source>
+        <translation>浮動小数点数、%1</translation>
+    </message>
+    <message>
+        <source>the feature &apos;%1&apos; takes one of %2, not %3</source>
+        <translation>機能「%1」の値は %2 のいずれかで、%3 は使えません</translation>
+    </message>
+    <message>
+        <source>the feature &apos;%1&apos; takes %2, not %3</source>
+        <translation>機能「%1」の値は%2で、%3 は使えません</translation>
+    </message>
+    <message>
+        <source>In no category</source>
+        <translation>分類なし</translation>
+    </message>
+    <message>
+        <source>it has no feature %1</source>
+        <translation>機能 %1 はありません</translation>
+    </message>
+    <message>
+        <source>the feature &apos;%1&apos; cannot be written now</source>
+        <translation>機能「%1」は今は変更できません</translation>
+    </message>
+    <message>
+        <source>the feature &apos;%1&apos; is read only</source>
+        <translation>機能「%1」は読み取り専用です</translation>
+    </message>
+    <message>
+        <source>the feature &apos;%1&apos; refuses %2: %3</source>
+        <translation>機能「%1」に %2 を設定できません: %3</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CFileSource</name>
+    <message>
+        <source>cannot read %1: its pixels are %2; it takes 8 or 16 bits, grey or colour</source>
+        <translation>%1 を読み取れません: 画素は %2 です。8 または 16 ビットのグレーかカラーが必要です</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CFileWriter</name>
+    <message>
+        <source>cannot write &apos;%1&apos;: %2</source>
+        <translation>「%1」に書き込めません: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CFrameTable</name>
+    <message>
+        <source>cannot write &apos;%1&apos;: %2</source>
+        <translation>「%1」に書き込めません: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CGLibError</name>
+    <message>
+        <source>no answer</source>
+        <translation>応答がありません</translation>
+    </message>
+</context>
+<context>
     <name>Host::CGraphActions</name>
     <message>
         <source>Undo %1</source>
@@ -281,6 +452,90 @@
     <message>
         <source>Overview</source>
         <translation>概観</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CGraphCheck</name>
+    <message>
+        <source>%1 has no output port %2; it has none</source>
+        <translation>%1 に出力ポート %2 はありません。出力ポートを持ちません</translation>
+    </message>
+    <message>
+        <source>%1 has no output port %2; its only output port is 0</source>
+        <translation>%1 に出力ポート %2 はありません。出力ポートは 0 だけです</translation>
+    </message>
+    <message>
+        <source>%1 has no output port %2; its output ports are 0 to %3</source>
+        <translation>%1 に出力ポート %2 はありません。出力ポートは 0～%3 です</translation>
+    </message>
+    <message>
+        <source>%1 has no input port %2; it has none</source>
+        <translation>%1 に入力ポート %2 はありません。入力ポートを持ちません</translation>
+    </message>
+    <message>
+        <source>%1 has no input port %2; its only input port is 0</source>
+        <translation>%1 に入力ポート %2 はありません。入力ポートは 0 だけです</translation>
+    </message>
+    <message>
+        <source>%1 has no input port %2; its input ports are 0 to %3</source>
+        <translation>%1 に入力ポート %2 はありません。入力ポートは 0～%3 です</translation>
+    </message>
+    <message>
+        <source>no source reaches %1</source>
+        <translation>%1 にはどのソースからもデータが届きません</translation>
+    </message>
+    <message>
+        <source>no source reaches %1, and so not what lies behind it (1 node)</source>
+        <translation>%1 にはどのソースからもデータが届かず、その先 (1 個のノード) にも届きません</translation>
+    </message>
+    <message>
+        <source>no source reaches %1, and so not what lies behind it (%2 nodes)</source>
+        <translation>%1 にはどのソースからもデータが届かず、その先 (%2 個のノード) にも届きません</translation>
+    </message>
+    <message>
+        <source>%1 feeds %2 already, at %3: all data would come twice</source>
+        <translation>%1 は %3 ですでに %2 に接続されています。すべてのデータが 2 回届きます</translation>
+    </message>
+    <message>
+        <source>%1 gives %2, and %3 takes %4</source>
+        <translation>%1 は %2 を出力しますが、%3 の入力は %4 です</translation>
+    </message>
+    <message>
+        <source>a converter from %1 to %2, where %3 gives %4, and %5 takes %6</source>
+        <translation>コンバーターは %1 から %2 への変換ですが、%3 は %4 を出力し、%5 の入力は %6 です</translation>
+    </message>
+    <message>
+        <source>a converter from %1 to %2 is not registered</source>
+        <translation>%1 から %2 へのコンバーターは登録されていません</translation>
+    </message>
+    <message>
+        <source>the connection lacks its &apos;converter&apos;, which is registered</source>
+        <translation>接続に &apos;converter&apos; がありません。コンバーターは登録されています</translation>
+    </message>
+    <message>
+        <source>put a %1 between</source>
+        <translation>間に %1 を入れてください</translation>
+    </message>
+    <message>
+        <source>no model makes the one of the other</source>
+        <translation>一方から他方を作るモデルはありません</translation>
+    </message>
+    <message>
+        <source>%1 more</source>
+        <comment>nodes</comment>
+        <translation>ほか %1 個</translation>
+    </message>
+    <message>
+        <source>a loop, with no decoupler in it: %1</source>
+        <translation>デカップラーのないループです: %1</translation>
+    </message>
+    <message>
+        <source>nothing is wired to %1</source>
+        <translation>%1 には何も接続されていません</translation>
+    </message>
+    <message>
+        <source>nothing feeds input port %1 of %2</source>
+        <translation>%2 の入力ポート %1 には何も接続されていません</translation>
     </message>
 </context>
 <context>
@@ -693,6 +948,42 @@
     </message>
 </context>
 <context>
+    <name>Host::CImageFiles</name>
+    <message>
+        <source>it is a folder</source>
+        <translation>フォルダーです</translation>
+    </message>
+    <message>
+        <source>no image, or a broken one</source>
+        <translation>画像ではないか、壊れています</translation>
+    </message>
+    <message>
+        <source>no image in the folder %1; it takes %2</source>
+        <translation>フォルダー %1 に画像がありません。使えるのは %2 です</translation>
+    </message>
+    <message>
+        <source>no file matches %1</source>
+        <translation>%1 に一致するファイルはありません</translation>
+    </message>
+    <message>
+        <source>no such folder or file: %1</source>
+        <translation>フォルダーもファイルもありません: %1</translation>
+    </message>
+    <message>
+        <source>image %1</source>
+        <comment>one that stands in for a camera</comment>
+        <translation>画像 %1</translation>
+    </message>
+    <message>
+        <source>%1 images of %2</source>
+        <translation>%2 の画像 %1 枚</translation>
+    </message>
+    <message>
+        <source>cannot read %1: %2</source>
+        <translation>%1 を読み取れません: %2</translation>
+    </message>
+</context>
+<context>
     <name>Host::CImageSaver</name>
     <message>
         <source>Save image</source>
@@ -721,6 +1012,10 @@
     <message>
         <source>Cannot save %1: %2</source>
         <translation>%1 を保存できません: %2</translation>
+    </message>
+    <message>
+        <source>the image has no PNG form</source>
+        <translation>画像を PNG にできません</translation>
     </message>
 </context>
 <context>
@@ -766,6 +1061,32 @@
     </message>
 </context>
 <context>
+    <name>Host::CJsonTree</name>
+    <message>
+        <source>an array</source>
+        <translation>配列</translation>
+    </message>
+    <message>
+        <source>an object</source>
+        <translation>オブジェクト</translation>
+    </message>
+    <message>
+        <source>the string %1</source>
+        <translation>文字列 %1</translation>
+    </message>
+    <message>
+        <source>the number %1</source>
+        <translation>数値 %1</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CModelCatalogue</name>
+    <message>
+        <source>making %1</source>
+        <translation>%1 の作成</translation>
+    </message>
+</context>
+<context>
     <name>Host::CModelPalette</name>
     <message>
         <source>Models</source>
@@ -778,6 +1099,33 @@
     <message>
         <source>Models by category</source>
         <translation>分類別のモデル</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CNodeReader</name>
+    <message>
+        <source>a %1 cannot be made</source>
+        <translation>%1 を作成できません</translation>
+    </message>
+    <message>
+        <source>no model %1 is registered</source>
+        <translation>モデル %1 は登録されていません</translation>
+    </message>
+    <message>
+        <source>asking for ports</source>
+        <translation>ポートの問い合わせ</translation>
+    </message>
+    <message>
+        <source>a sink needs a name for its folder: &quot;property&quot;: {&quot;sink_name&quot;: …}</source>
+        <translation>シンクにはフォルダーの名前が必要です: &quot;property&quot;: {&quot;sink_name&quot;: …}</translation>
+    </message>
+    <message>
+        <source>the sink&apos;s name %1 makes no folder</source>
+        <translation>シンクの名前 %1 はフォルダー名にできません</translation>
+    </message>
+    <message>
+        <source>a second sink %1, after that at %2</source>
+        <translation>シンク %1 が %2 に続いて 2 つあります</translation>
     </message>
 </context>
 <context>
@@ -839,6 +1187,13 @@
     </message>
 </context>
 <context>
+    <name>Host::CReconnectingCamera</name>
+    <message>
+        <source>%1; it did not come back for %2 s</source>
+        <translation>%1。%2 秒間復帰しませんでした</translation>
+    </message>
+</context>
+<context>
     <name>Host::CRecordBar</name>
     <message>
         <source>Recording</source>
@@ -891,16 +1246,8 @@
         <translation>シーンにカメラがありません</translation>
     </message>
     <message>
-        <source>cannot open</source>
-        <translation>開けません</translation>
-    </message>
-    <message>
         <source>the scene is gone</source>
         <translation>シーンはもうありません</translation>
-    </message>
-    <message>
-        <source>cannot import</source>
-        <translation>インポートできません</translation>
     </message>
     <message>
         <source>nothing of &apos;%1&apos; could be made</source>
@@ -909,6 +1256,60 @@
     <message>
         <source>the scene cannot be cleared</source>
         <translation>シーンを空にできません</translation>
+    </message>
+    <message>
+        <source>cannot open &apos;%1&apos;</source>
+        <translation>「%1」を開けません</translation>
+    </message>
+    <message>
+        <source>cannot import &apos;%1&apos;</source>
+        <translation>「%1」をインポートできません</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CSceneLoader</name>
+    <message>
+        <source>the scene is gone</source>
+        <translation>シーンはもうありません</translation>
+    </message>
+    <message>
+        <source>connections[%1]: the scene refuses it</source>
+        <translation>connections[%1]: シーンが受け付けません</translation>
+    </message>
+    <message>
+        <source>making %1</source>
+        <translation>%1 の作成</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CSceneReader</name>
+    <message>
+        <source>none of the nodes is a %1, the camera of the run</source>
+        <translation>実行のカメラである %1 がノードの中にありません</translation>
+    </message>
+    <message>
+        <source>a unique %1 is not made of a document, and there is none to refer to</source>
+        <translation>一意の %1 はドキュメントから作成されず、参照できるものもありません</translation>
+    </message>
+    <message>
+        <source>a %1 is a source without a camera; only a %2 stands for one</source>
+        <translation>%1 はカメラのないソースです。カメラを表すのは %2 だけです</translation>
+    </message>
+    <message>
+        <source>a second %1, after that at %2; a scene has one camera</source>
+        <translation>%1 が %2 に続いて 2 つあります。シーンのカメラは 1 台です</translation>
+    </message>
+    <message>
+        <source>%1 is no id; one is like %2</source>
+        <translation>%1 は ID ではありません。ID は %2 のような形です</translation>
+    </message>
+    <message>
+        <source>a second node of this id, after that at %1</source>
+        <translation>この ID のノードが %1 に続いて 2 つあります</translation>
+    </message>
+    <message>
+        <source>no node has the id %1</source>
+        <translation>ID が %1 のノードはありません</translation>
     </message>
 </context>
 <context>
@@ -934,17 +1335,97 @@ Ctrl+K ですべてのコマンドを検索できます。</translation>
         <source>Default of %1</source>
         <translation>%1 の既定値</translation>
     </message>
+</context>
+<context>
+    <name>Host::CSettingTexts</name>
     <message>
-        <source>from %1</source>
-        <translation>%1 以上</translation>
+        <source>&apos;%1&apos; takes one of %2, not %3</source>
+        <translation>「%1」の値は %2 のいずれかで、%3 は使えません</translation>
     </message>
     <message>
-        <source>%1 to %2</source>
-        <translation>%1～%2</translation>
+        <source>&apos;%1&apos; takes text, not %2</source>
+        <translation>「%1」の値は文字列で、%2 は使えません</translation>
     </message>
     <message>
-        <source>%1, odd</source>
-        <translation>%1、奇数</translation>
+        <source>&apos;%1&apos; takes %2, not %3</source>
+        <translation>「%1」の値は %2 で、%3 は使えません</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; takes %2, %3, not %4</source>
+        <comment>name, type, range</comment>
+        <translation>「%1」の値は %2、%3 で、%4 は使えません</translation>
+    </message>
+    <message>
+        <source>the sink&apos;s name %1 makes no folder</source>
+        <translation>シンクの名前 %1 はフォルダー名にできません</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; cannot be set; a chain gives it</source>
+        <translation>「%1」は設定できません。チェーンで決まります</translation>
+    </message>
+    <message>
+        <source>it is gone</source>
+        <translation>もうありません</translation>
+    </message>
+    <message>
+        <source>it has no settings</source>
+        <translation>設定がありません</translation>
+    </message>
+    <message>
+        <source>it has no setting %1; it has %2</source>
+        <translation>設定 %1 はありません。設定は %2 です</translation>
+    </message>
+    <message>
+        <source>it has no setting %1; %2 It has %3</source>
+        <comment>%2 is a question</comment>
+        <translation>設定 %1 はありません。%2設定は %3 です</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CSettingsCheck</name>
+    <message>
+        <source>making %1</source>
+        <translation>%1 の作成</translation>
+    </message>
+    <message>
+        <source>unknown key %1, which %2 does not keep</source>
+        <translation>不明なキー %1 です。%2 はこれを保持しません</translation>
+    </message>
+    <message>
+        <source>%1 for %2 is not taken; it stays %3</source>
+        <translation>%2 に対する %1 は受け付けられず、%3 のままです</translation>
+    </message>
+    <message>
+        <source>%1 has no setting %2, nor any other</source>
+        <translation>%1 に設定 %2 はなく、ほかの設定もありません</translation>
+    </message>
+    <message>
+        <source>%1 has no setting %2</source>
+        <translation>%1 に設定 %2 はありません</translation>
+    </message>
+    <message>
+        <source>a value like %1</source>
+        <translation>%1 のような値</translation>
+    </message>
+    <message>
+        <source>%1, where %2 belongs</source>
+        <translation>%2が必要な箇所に %1 があります</translation>
+    </message>
+    <message>
+        <source>%1, where a rate above 0 belongs</source>
+        <translation>0 より大きいレートが必要な箇所に %1 があります</translation>
+    </message>
+    <message>
+        <source>%1 refuses %2</source>
+        <translation>%1 は %2 を受け付けません</translation>
+    </message>
+    <message>
+        <source>%1 takes %2, not %3</source>
+        <translation>%1 の値は%2で、%3 は使えません</translation>
+    </message>
+    <message>
+        <source>it stays %1</source>
+        <translation>%1 のままです</translation>
     </message>
 </context>
 <context>
@@ -960,6 +1441,73 @@ Ctrl+K ですべてのコマンドを検索できます。</translation>
     <message>
         <source>Choose a node to see its settings.</source>
         <translation>ノードを選ぶと設定が表示されます。</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CShapeCheck</name>
+    <message>
+        <source>a smaller number</source>
+        <translation>より小さい数値</translation>
+    </message>
+    <message>
+        <source>a whole number</source>
+        <translation>整数</translation>
+    </message>
+    <message>
+        <source>true or false</source>
+        <translation>true または false</translation>
+    </message>
+    <message>
+        <source>an array</source>
+        <translation>配列</translation>
+    </message>
+    <message>
+        <source>an object</source>
+        <translation>オブジェクト</translation>
+    </message>
+    <message>
+        <source>a number</source>
+        <translation>数値</translation>
+    </message>
+    <message>
+        <source>a string</source>
+        <translation>文字列</translation>
+    </message>
+    <message>
+        <source>%1 or %2</source>
+        <comment>types of JSON</comment>
+        <translation>%1または%2</translation>
+    </message>
+    <message>
+        <source>%1, where %2 belongs: %3</source>
+        <translation>%2が必要な箇所に %1 があります: %3</translation>
+    </message>
+    <message>
+        <source>allowed are %1</source>
+        <translation>使えるのは %1 です</translation>
+    </message>
+    <message>
+        <source>unknown key %1</source>
+        <translation>不明なキー %1 です</translation>
+    </message>
+    <message>
+        <source>%1 lacks %2</source>
+        <translation>%1に %2 がありません</translation>
+    </message>
+    <message>
+        <source>%1 is empty</source>
+        <translation>%1が空です</translation>
+    </message>
+    <message>
+        <source>%1, where %2 belongs, from %3</source>
+        <translation>%2 (%3 以上) が必要な箇所に %1 があります</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CSharedCamera</name>
+    <message>
+        <source>camera &apos;%1&apos; has gone</source>
+        <translation>カメラ「%1」がなくなりました</translation>
     </message>
 </context>
 <context>
@@ -1003,6 +1551,216 @@ Ctrl+K ですべてのコマンドを検索できます。</translation>
     <message>
         <source>Deviation</source>
         <translation>偏差</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CSyntaxTexts</name>
+    <message>
+        <source>%1 is no quote of JSON, which has straight ones: &quot;</source>
+        <translation>%1 は JSON の引用符ではありません。まっすぐな引用符を使います: &quot;</translation>
+    </message>
+    <message>
+        <source>U+%1 looks like a blank, and is none of JSON</source>
+        <translation>U+%1 は空白のように見えますが、JSON の空白ではありません</translation>
+    </message>
+    <message>
+        <source>the document ends within the array that begins at %1</source>
+        <translation>%1 で始まる配列の途中でドキュメントが終わっています</translation>
+    </message>
+    <message>
+        <source>the document ends within the object that begins at %1</source>
+        <translation>%1 で始まるオブジェクトの途中でドキュメントが終わっています</translation>
+    </message>
+    <message>
+        <source>&apos;]&apos; belongs here, to close the array that begins at %1</source>
+        <translation>%1 で始まる配列を閉じる &apos;]&apos; がここに必要です</translation>
+    </message>
+    <message>
+        <source>&apos;}&apos; belongs here, to close the object that begins at %1</source>
+        <translation>%1 で始まるオブジェクトを閉じる &apos;}&apos; がここに必要です</translation>
+    </message>
+    <message>
+        <source>JSON has strings in double quotes only</source>
+        <translation>JSON の文字列は二重引用符で囲みます</translation>
+    </message>
+    <message>
+        <source>JSON has no comments</source>
+        <translation>JSON にコメントはありません</translation>
+    </message>
+    <message>
+        <source>a value is missing before %1</source>
+        <translation>%1 の前に値がありません</translation>
+    </message>
+    <message>
+        <source>%1 is no number</source>
+        <translation>%1 は数値ではありません</translation>
+    </message>
+    <message>
+        <source>%1 is no value</source>
+        <translation>%1 は値ではありません</translation>
+    </message>
+    <message>
+        <source>strings stand in double quotes</source>
+        <translation>文字列は二重引用符で囲みます</translation>
+    </message>
+    <message>
+        <source>a key stands in double quotes</source>
+        <translation>キーは二重引用符で囲みます</translation>
+    </message>
+    <message>
+        <source>a key is missing before %1</source>
+        <translation>%1 の前にキーがありません</translation>
+    </message>
+    <message>
+        <source>a number does not begin with 0</source>
+        <translation>数値は 0 で始まりません</translation>
+    </message>
+    <message>
+        <source>&apos;,&apos; or &apos;]&apos; is missing before this</source>
+        <translation>この前に &apos;,&apos; または &apos;]&apos; がありません</translation>
+    </message>
+    <message>
+        <source>&apos;,&apos; or &apos;}&apos; is missing before this</source>
+        <translation>この前に &apos;,&apos; または &apos;}&apos; がありません</translation>
+    </message>
+    <message>
+        <source>a string ends on the line where it begins; a line break in it is written \n</source>
+        <translation>文字列は始まった行で終わります。文字列中の改行は \n と書きます</translation>
+    </message>
+    <message>
+        <source>a control character in a string is written \u%1</source>
+        <translation>文字列中の制御文字は \u%1 と書きます</translation>
+    </message>
+    <message>
+        <source>four digits belong behind \u, each from 0 to 9 or a to f</source>
+        <translation>\u の後には 0～9 または a～f の 4 桁が必要です</translation>
+    </message>
+    <message>
+        <source>half a letter; \ud800 to \udfff stand in pairs</source>
+        <translation>文字の半分だけです。\ud800～\udfff は対で使います</translation>
+    </message>
+    <message>
+        <source>no such escape; a backslash itself is written \\</source>
+        <translation>このようなエスケープはありません。バックスラッシュ自体は \\ と書きます</translation>
+    </message>
+    <message>
+        <source>the document is empty</source>
+        <translation>ドキュメントが空です</translation>
+    </message>
+    <message>
+        <source>&apos;/&apos; is nothing that JSON has</source>
+        <translation>JSON に &apos;/&apos; はありません</translation>
+    </message>
+    <message>
+        <source>JSON has no comments, and this one has no end</source>
+        <translation>JSON にコメントはなく、このコメントには終わりもありません</translation>
+    </message>
+    <message>
+        <source>the document ends within a string</source>
+        <translation>文字列の途中でドキュメントが終わっています</translation>
+    </message>
+    <message>
+        <source>something stands behind the end of the document</source>
+        <translation>ドキュメントの終わりの後に何かがあります</translation>
+    </message>
+    <message>
+        <source>&apos;:&apos; is missing behind the key</source>
+        <translation>キーの後に &apos;:&apos; がありません</translation>
+    </message>
+    <message>
+        <source>the number is too large</source>
+        <translation>数値が大きすぎます</translation>
+    </message>
+    <message>
+        <source>a digit belongs behind the point of a number</source>
+        <translation>数値の小数点の後には数字が必要です</translation>
+    </message>
+    <message>
+        <source>a digit belongs behind the &apos;e&apos; of a number</source>
+        <translation>数値の &apos;e&apos; の後には数字が必要です</translation>
+    </message>
+    <message>
+        <source>this is no JSON</source>
+        <translation>これは JSON ではありません</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CTreeBuilder</name>
+    <message>
+        <source>%1 is no JSON: numbers are finite there</source>
+        <translation>%1 は JSON ではありません。JSON の数値は有限です</translation>
+    </message>
+    <message>
+        <source>arrays and objects nest too deep</source>
+        <translation>配列とオブジェクトの入れ子が深すぎます</translation>
+    </message>
+    <message>
+        <source>a comma behind the last item is no JSON</source>
+        <translation>最後の項目の後のコンマは JSON では使えません</translation>
+    </message>
+    <message>
+        <source>a comma behind the last member is no JSON</source>
+        <translation>最後のメンバーの後のコンマは JSON では使えません</translation>
+    </message>
+    <message>
+        <source>more than %1 values</source>
+        <translation>値が %1 個を超えています</translation>
+    </message>
+    <message>
+        <source>JSON has no comments</source>
+        <translation>JSON にコメントはありません</translation>
+    </message>
+    <message>
+        <source>a second key %1, after that at %2; only one would count</source>
+        <translation>キー %1 が %2 に続いて 2 つあります。有効なのは 1 つだけです</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CVideoFile</name>
+    <message>
+        <source>the image is empty</source>
+        <translation>画像が空です</translation>
+    </message>
+    <message>
+        <source>an image is %1, the video %2</source>
+        <comment>width x height</comment>
+        <translation>画像は %1、動画は %2 です</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>デバイスに空き容量がありません</translation>
+    </message>
+    <message>
+        <source>the encoder refuses it</source>
+        <translation>エンコーダーが受け付けません</translation>
+    </message>
+    <message>
+        <source>it did not become complete; is the disk full?</source>
+        <translation>最後まで書き込めませんでした。ディスクがいっぱいではありませんか?</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CVideoReader</name>
+    <message>
+        <source>video %1</source>
+        <comment>one that stands in for a camera</comment>
+        <translation>動画 %1</translation>
+    </message>
+    <message>
+        <source>cannot read the video %1: %2</source>
+        <translation>動画 %1 を読み取れません: %2</translation>
+    </message>
+    <message>
+        <source>cannot read the video %1: no video, or one in a format that is not known here</source>
+        <translation>動画 %1 を読み取れません: 動画ではないか、対応していない形式です</translation>
+    </message>
+    <message>
+        <source>no frame of the video %1 can be read</source>
+        <translation>動画 %1 のフレームを 1 つも読み取れません</translation>
+    </message>
+    <message>
+        <source>the video %1 ends after %2 of %3 frames: a part of it is missing or broken</source>
+        <translation>動画 %1 は %3 フレーム中 %2 フレームで終わっています。一部が欠けているか壊れています</translation>
     </message>
 </context>
 <context>
@@ -1241,6 +1999,121 @@ Ctrl+K ですべてのコマンドを検索できます。</translation>
     </message>
 </context>
 <context>
+    <name>Host::CWordFinder</name>
+    <message>
+        <source>%1, %2</source>
+        <comment>names that are listed</comment>
+        <translation>%1、%2</translation>
+    </message>
+    <message>
+        <source>there is only %1</source>
+        <translation>あるのは %1 だけです</translation>
+    </message>
+    <message>
+        <source>there are %1</source>
+        <translation>あるのは %1 です</translation>
+    </message>
+    <message>
+        <source>%1 and %2</source>
+        <comment>names that are listed</comment>
+        <translation>%1、%2</translation>
+    </message>
+    <message>
+        <source>%1 or %2</source>
+        <comment>names that are listed</comment>
+        <translation>%1、%2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::ClosestWords</name>
+    <message>
+        <source>did you mean %1?</source>
+        <translation>%1 ではありませんか?</translation>
+    </message>
+    <message>
+        <source>did you mean %1 or %2?</source>
+        <translation>%1 または %2 ではありませんか?</translation>
+    </message>
+    <message>
+        <source>did you mean %1 or %2 or %3?</source>
+        <translation>%1、%2 または %3 ではありませんか?</translation>
+    </message>
+    <message>
+        <source>%1; %2</source>
+        <comment>what is wrong; a question or a hint</comment>
+        <translation>%1。%2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::ConnectionText</name>
+    <message>
+        <source>%1 to %2</source>
+        <comment>types of data</comment>
+        <translation>%1 から %2 へ</translation>
+    </message>
+</context>
+<context>
+    <name>Host::Device</name>
+    <message>
+        <source>cannot open camera &apos;%1&apos;: %2</source>
+        <translation>カメラ「%1」を開けません: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::DocumentFile</name>
+    <message>
+        <source>%1: it has 1 error:
+%2</source>
+        <comment>what cannot be done</comment>
+        <translation>%1: エラーが 1 件あります:
+%2</translation>
+    </message>
+    <message>
+        <source>%1: it has %2 errors:
+%3</source>
+        <comment>what cannot be done</comment>
+        <translation>%1: エラーが %2 件あります:
+%3</translation>
+    </message>
+</context>
+<context>
+    <name>Host::FaultReport</name>
+    <message>
+        <source>error</source>
+        <translation>エラー</translation>
+    </message>
+    <message>
+        <source>warning</source>
+        <translation>警告</translation>
+    </message>
+</context>
+<context>
+    <name>Host::InputFile</name>
+    <message>
+        <source>it is larger than 64 MiB</source>
+        <translation>64 MiB を超えています</translation>
+    </message>
+    <message>
+        <source>cannot read &apos;%1&apos;: %2</source>
+        <translation>「%1」を読み取れません: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::JsonText</name>
+    <message>
+        <source>the file is %1; save it as UTF-8, which is what JSON is</source>
+        <translation>ファイルが %1 です。JSON は UTF-8 なので、UTF-8 で保存してください</translation>
+    </message>
+    <message>
+        <source>these bytes are no UTF-8</source>
+        <translation>このバイト列は UTF-8 ではありません</translation>
+    </message>
+    <message>
+        <source>a zero byte, which no text has</source>
+        <translation>テキストにはないはずのゼロバイトです</translation>
+    </message>
+</context>
+<context>
     <name>Host::ModelText</name>
     <message>
         <source>Filters</source>
@@ -1440,7 +2313,7 @@ Ctrl+K ですべてのコマンドを検索できます。</translation>
     </message>
     <message>
         <source>It writes one of so many frames; 0: as the run says, with --write-every.</source>
-        <translation>この数のフレームごとに 1 枚書き込みます。0 なら実行時の --write-every に従います。</translation>
+        <translation>この数のフレームごとに 1 枚書き込みます。0 なら実行時の指定に従います。</translation>
     </message>
     <message>
         <source>Otsu finds the threshold that separates each image best, Fixed takes &apos;level&apos;.</source>
@@ -1461,6 +2334,296 @@ Ctrl+K ですべてのコマンドを検索できます。</translation>
     <message>
         <source>What stands above the image.</source>
         <translation>画像の上に表示される名前です。</translation>
+    </message>
+</context>
+<context>
+    <name>Host::Output</name>
+    <message>
+        <source>cannot write &apos;%1&apos;: %2</source>
+        <translation>「%1」に書き込めません: %2</translation>
+    </message>
+    <message>
+        <source>cannot make the folder &apos;%1&apos;: %2</source>
+        <translation>フォルダー「%1」を作成できません: %2</translation>
+    </message>
+    <message>
+        <source>Not a regular file</source>
+        <translation>通常のファイルではありません</translation>
+    </message>
+</context>
+<context>
+    <name>Host::SFault</name>
+    <message>
+        <source>A document can be read.</source>
+        <translation>ドキュメントは読み取れること。</translation>
+    </message>
+    <message>
+        <source>A document is UTF-8.</source>
+        <translation>ドキュメントは UTF-8 であること。</translation>
+    </message>
+    <message>
+        <source>A document is JSON.</source>
+        <translation>ドキュメントは JSON であること。</translation>
+    </message>
+    <message>
+        <source>A value has the JSON type that belongs there.</source>
+        <translation>値はその場所に合う JSON の型であること。</translation>
+    </message>
+    <message>
+        <source>A value is one of those that are allowed.</source>
+        <translation>値は許されたものであること。</translation>
+    </message>
+    <message>
+        <source>Keys are known: one that nobody reads does nothing.</source>
+        <translation>キーは既知のものであること。読まれないキーには効果がありません。</translation>
+    </message>
+    <message>
+        <source>A key stands only once in an object.</source>
+        <translation>キーは 1 つのオブジェクトに 1 つだけであること。</translation>
+    </message>
+    <message>
+        <source>What is needed is there.</source>
+        <translation>必要なものがそろっていること。</translation>
+    </message>
+    <message>
+        <source>A model is registered.</source>
+        <translation>モデルは登録されていること。</translation>
+    </message>
+    <message>
+        <source>A model can be made from the document.</source>
+        <translation>モデルはドキュメントから作成できること。</translation>
+    </message>
+    <message>
+        <source>A model has the setting and takes its value.</source>
+        <translation>モデルにその設定があり、その値を受け付けること。</translation>
+    </message>
+    <message>
+        <source>A label or an id is that of an element or a node.</source>
+        <translation>ラベルや ID は要素またはノードのものであること。</translation>
+    </message>
+    <message>
+        <source>Labels and ids are different.</source>
+        <translation>ラベルと ID は重複しないこと。</translation>
+    </message>
+    <message>
+        <source>A connection joins ports that exist.</source>
+        <translation>接続は存在するポート同士を結ぶこと。</translation>
+    </message>
+    <message>
+        <source>The types of connected ports agree, or are converted.</source>
+        <translation>接続されたポートの型は一致するか、変換されること。</translation>
+    </message>
+    <message>
+        <source>A source is a camera or an element.</source>
+        <translation>ソースはカメラまたは要素であること。</translation>
+    </message>
+    <message>
+        <source>Something is wired to each camera.</source>
+        <translation>どのカメラにも何かが接続されていること。</translation>
+    </message>
+    <message>
+        <source>The data of a source reaches each node.</source>
+        <translation>どのノードにもソースのデータが届くこと。</translation>
+    </message>
+    <message>
+        <source>Connections lead in a circle only through a decoupler.</source>
+        <translation>接続が輪になるのはデカップラーを通る場合だけであること。</translation>
+    </message>
+    <message>
+        <source>Two ports are connected only once.</source>
+        <translation>2 つのポートの接続は 1 つだけであること。</translation>
+    </message>
+    <message>
+        <source>The name of a sink makes a folder of its own.</source>
+        <translation>シンクの名前はそのシンクだけのフォルダーになること。</translation>
+    </message>
+</context>
+<context>
+    <name>Host::SchemaTitle</name>
+    <message>
+        <source>a camera or a label</source>
+        <translation>カメラまたはラベル</translation>
+    </message>
+    <message>
+        <source>a connection</source>
+        <translation>接続</translation>
+    </message>
+    <message>
+        <source>a converter</source>
+        <translation>コンバーター</translation>
+    </message>
+    <message>
+        <source>a data type</source>
+        <translation>データ型</translation>
+    </message>
+    <message>
+        <source>a label</source>
+        <translation>ラベル</translation>
+    </message>
+    <message>
+        <source>a label, or an object with one</source>
+        <translation>ラベル、またはラベルを持つオブジェクト</translation>
+    </message>
+    <message>
+        <source>a model</source>
+        <translation>モデル</translation>
+    </message>
+    <message>
+        <source>a node</source>
+        <translation>ノード</translation>
+    </message>
+    <message>
+        <source>a scene</source>
+        <translation>シーン</translation>
+    </message>
+    <message>
+        <source>a unique name</source>
+        <translation>一意の名前</translation>
+    </message>
+    <message>
+        <source>an element</source>
+        <translation>要素</translation>
+    </message>
+    <message>
+        <source>an id</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>an input port</source>
+        <translation>入力ポート</translation>
+    </message>
+    <message>
+        <source>an output port</source>
+        <translation>出力ポート</translation>
+    </message>
+    <message>
+        <source>arrays of what it feeds</source>
+        <translation>出力先の配列</translation>
+    </message>
+    <message>
+        <source>the connections</source>
+        <translation>接続の一覧</translation>
+    </message>
+    <message>
+        <source>the elements of a chain</source>
+        <translation>チェーンの要素</translation>
+    </message>
+    <message>
+        <source>the id of a type</source>
+        <translation>型の ID</translation>
+    </message>
+    <message>
+        <source>the id of the node that feeds</source>
+        <translation>出力元のノードの ID</translation>
+    </message>
+    <message>
+        <source>the id of the node that is fed</source>
+        <translation>入力先のノードの ID</translation>
+    </message>
+    <message>
+        <source>the label</source>
+        <translation>ラベル</translation>
+    </message>
+    <message>
+        <source>the name of a model</source>
+        <translation>モデルの名前</translation>
+    </message>
+    <message>
+        <source>the nodes</source>
+        <translation>ノードの一覧</translation>
+    </message>
+    <message>
+        <source>the schema, for editors</source>
+        <translation>エディター用のスキーマ</translation>
+    </message>
+    <message>
+        <source>the settings of the model</source>
+        <translation>モデルの設定</translation>
+    </message>
+    <message>
+        <source>the short name of a type</source>
+        <translation>型の短い名前</translation>
+    </message>
+    <message>
+        <source>the sources of each input port</source>
+        <translation>各入力ポートのソース</translation>
+    </message>
+    <message>
+        <source>the sources of one input port</source>
+        <translation>1 つの入力ポートのソース</translation>
+    </message>
+    <message>
+        <source>what it feeds</source>
+        <translation>出力先</translation>
+    </message>
+    <message>
+        <source>whether it is unique</source>
+        <translation>一意かどうか</translation>
+    </message>
+</context>
+<context>
+    <name>Host::SettingProperty</name>
+    <message>
+        <source>true or false</source>
+        <translation>true または false</translation>
+    </message>
+    <message>
+        <source>a whole number</source>
+        <translation>整数</translation>
+    </message>
+    <message>
+        <source>a number</source>
+        <translation>数値</translation>
+    </message>
+    <message>
+        <source>a string</source>
+        <translation>文字列</translation>
+    </message>
+    <message>
+        <source>one of %1</source>
+        <translation>%1 のいずれか</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>a type and its range</comment>
+        <translation>%1、%2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::SettingRange</name>
+    <message>
+        <source>from %1</source>
+        <translation>%1 以上</translation>
+    </message>
+    <message>
+        <source>%1 to %2, odd</source>
+        <translation>%1～%2、奇数</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1～%2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::WritePng</name>
+    <message>
+        <source>the image has no PNG form</source>
+        <translation>画像を PNG にできません</translation>
+    </message>
+</context>
+<context>
+    <name>Host::attempt</name>
+    <message>
+        <source>%1 fails</source>
+        <translation>%1 に失敗しました</translation>
+    </message>
+    <message>
+        <source>%1 throws: %2</source>
+        <translation>%1 で例外が発生しました: %2</translation>
+    </message>
+    <message>
+        <source>%1 throws</source>
+        <translation>%1 で例外が発生しました</translation>
     </message>
 </context>
 </TS>

@@ -2,6 +2,33 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh" sourcelanguage="en">
 <context>
+    <name>Host::CAravisCamera</name>
+    <message>
+        <source>camera &apos;%1&apos;: another program is using it (%2)</source>
+        <translation>相机“%1”：正被其他程序使用（%2）</translation>
+    </message>
+    <message>
+        <source>camera &apos;%1&apos;: %2</source>
+        <translation>相机“%1”：%2</translation>
+    </message>
+    <message>
+        <source>cannot read camera &apos;%1&apos;: %2</source>
+        <translation>无法读取相机“%1”：%2</translation>
+    </message>
+    <message>
+        <source>camera &apos;%1&apos; does not start: %2</source>
+        <translation>相机“%1”无法启动：%2</translation>
+    </message>
+    <message>
+        <source>camera &apos;%1&apos; gives no stream: %2</source>
+        <translation>无法从相机“%1”获得数据流：%2</translation>
+    </message>
+    <message>
+        <source>camera &apos;%1&apos; has gone: it no longer answers</source>
+        <translation>相机“%1”已消失：不再响应</translation>
+    </message>
+</context>
+<context>
     <name>Host::CCameraList</name>
     <message>
         <source>Simulated camera</source>
@@ -103,6 +130,49 @@
     </message>
 </context>
 <context>
+    <name>Host::CChainReader</name>
+    <message>
+        <source>no element has a camera as its source</source>
+        <translation>没有以相机为来源的元素</translation>
+    </message>
+    <message>
+        <source>the camera %1</source>
+        <translation>相机 %1</translation>
+    </message>
+    <message>
+        <source>a %1 of its own; frames come from the cameras of the run, named in %2</source>
+        <translation>链中不能有自己的 %1；帧来自 %2 中指定的运行相机</translation>
+    </message>
+    <message>
+        <source>%1 stands for any camera</source>
+        <translation>%1 代表任意相机</translation>
+    </message>
+    <message>
+        <source>%1 is the name of a camera</source>
+        <translation>%1 是相机的名称</translation>
+    </message>
+    <message>
+        <source>a second element %1, after that at %2</source>
+        <translation>元素 %1 重复，前一个在 %2</translation>
+    </message>
+    <message>
+        <source>no element is named %1, so that it is taken for a camera</source>
+        <translation>没有名为 %1 的元素，因此将其视为相机</translation>
+    </message>
+    <message>
+        <source>too many names are unknown to say whether a label was meant</source>
+        <translation>未知名称过多，无法判断是否指的是标签</translation>
+    </message>
+    <message>
+        <source>no element is named %1</source>
+        <translation>没有名为 %1 的元素</translation>
+    </message>
+    <message>
+        <source>no camera of the run and no element is named %1</source>
+        <translation>运行的相机和元素中都没有名为 %1 的</translation>
+    </message>
+</context>
+<context>
     <name>Host::CCommandPalette</name>
     <message>
         <source>Commands</source>
@@ -122,6 +192,20 @@
     <message>
         <source>%1 fps</source>
         <translation>%1 fps</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CDocumentCheck</name>
+    <message>
+        <source>%1, where an array (a chain) or an object (a scene) belongs</source>
+        <translation>此处应为数组（链）或对象（场景），而不是%1</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CFaultList</name>
+    <message>
+        <source>there are more faults than these %1</source>
+        <translation>除这 %1 个以外还有更多问题</translation>
     </message>
 </context>
 <context>
@@ -217,6 +301,93 @@
     </message>
 </context>
 <context>
+    <name>Host::CFeatures</name>
+    <message>
+        <source>%1 to %2 in steps of %3</source>
+        <translation>%1 至 %2，步长 %3</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 至 %2</translation>
+    </message>
+    <message>
+        <source>boolean, true, false</source>
+        <translation>布尔值，true、false</translation>
+    </message>
+    <message>
+        <source>integer</source>
+        <translation>整数</translation>
+    </message>
+    <message>
+        <source>integer, %1</source>
+        <translation>整数，%1</translation>
+    </message>
+    <message>
+        <source>float</source>
+        <translation>浮点数</translation>
+    </message>
+    <message>
+        <source>float, %1</source>
+        <translation>浮点数，%1</translation>
+    </message>
+    <message>
+        <source>the feature &apos;%1&apos; takes one of %2, not %3</source>
+        <translation>功能“%1”的值应为 %2 之一，不能是 %3</translation>
+    </message>
+    <message>
+        <source>the feature &apos;%1&apos; takes %2, not %3</source>
+        <translation>功能“%1”的值应为%2，不能是 %3</translation>
+    </message>
+    <message>
+        <source>In no category</source>
+        <translation>未分类</translation>
+    </message>
+    <message>
+        <source>it has no feature %1</source>
+        <translation>没有功能 %1</translation>
+    </message>
+    <message>
+        <source>the feature &apos;%1&apos; cannot be written now</source>
+        <translation>功能“%1”当前无法更改</translation>
+    </message>
+    <message>
+        <source>the feature &apos;%1&apos; is read only</source>
+        <translation>功能“%1”为只读</translation>
+    </message>
+    <message>
+        <source>the feature &apos;%1&apos; refuses %2: %3</source>
+        <translation>无法将功能“%1”设为 %2：%3</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CFileSource</name>
+    <message>
+        <source>cannot read %1: its pixels are %2; it takes 8 or 16 bits, grey or colour</source>
+        <translation>无法读取 %1：其像素为 %2；应为 8 位或 16 位的灰度或彩色</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CFileWriter</name>
+    <message>
+        <source>cannot write &apos;%1&apos;: %2</source>
+        <translation>无法写入“%1”：%2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CFrameTable</name>
+    <message>
+        <source>cannot write &apos;%1&apos;: %2</source>
+        <translation>无法写入“%1”：%2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CGLibError</name>
+    <message>
+        <source>no answer</source>
+        <translation>没有响应</translation>
+    </message>
+</context>
+<context>
     <name>Host::CGraphActions</name>
     <message>
         <source>Undo %1</source>
@@ -281,6 +452,90 @@
     <message>
         <source>Overview</source>
         <translation>概览</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CGraphCheck</name>
+    <message>
+        <source>%1 has no output port %2; it has none</source>
+        <translation>%1 没有输出端口 %2；它没有任何输出端口</translation>
+    </message>
+    <message>
+        <source>%1 has no output port %2; its only output port is 0</source>
+        <translation>%1 没有输出端口 %2；其唯一的输出端口是 0</translation>
+    </message>
+    <message>
+        <source>%1 has no output port %2; its output ports are 0 to %3</source>
+        <translation>%1 没有输出端口 %2；其输出端口为 0 至 %3</translation>
+    </message>
+    <message>
+        <source>%1 has no input port %2; it has none</source>
+        <translation>%1 没有输入端口 %2；它没有任何输入端口</translation>
+    </message>
+    <message>
+        <source>%1 has no input port %2; its only input port is 0</source>
+        <translation>%1 没有输入端口 %2；其唯一的输入端口是 0</translation>
+    </message>
+    <message>
+        <source>%1 has no input port %2; its input ports are 0 to %3</source>
+        <translation>%1 没有输入端口 %2；其输入端口为 0 至 %3</translation>
+    </message>
+    <message>
+        <source>no source reaches %1</source>
+        <translation>没有来源的数据能到达 %1</translation>
+    </message>
+    <message>
+        <source>no source reaches %1, and so not what lies behind it (1 node)</source>
+        <translation>没有来源的数据能到达 %1，因而也无法到达其后的 1 个节点</translation>
+    </message>
+    <message>
+        <source>no source reaches %1, and so not what lies behind it (%2 nodes)</source>
+        <translation>没有来源的数据能到达 %1，因而也无法到达其后的 %2 个节点</translation>
+    </message>
+    <message>
+        <source>%1 feeds %2 already, at %3: all data would come twice</source>
+        <translation>%1 已在 %3 处连接到 %2：所有数据都会到达两次</translation>
+    </message>
+    <message>
+        <source>%1 gives %2, and %3 takes %4</source>
+        <translation>%1 输出 %2，而 %3 接收 %4</translation>
+    </message>
+    <message>
+        <source>a converter from %1 to %2, where %3 gives %4, and %5 takes %6</source>
+        <translation>转换器是从 %1 到 %2 的，而 %3 输出 %4，%5 接收 %6</translation>
+    </message>
+    <message>
+        <source>a converter from %1 to %2 is not registered</source>
+        <translation>未注册从 %1 到 %2 的转换器</translation>
+    </message>
+    <message>
+        <source>the connection lacks its &apos;converter&apos;, which is registered</source>
+        <translation>该连接缺少 &apos;converter&apos;，而相应的转换器已注册</translation>
+    </message>
+    <message>
+        <source>put a %1 between</source>
+        <translation>请在中间放一个 %1</translation>
+    </message>
+    <message>
+        <source>no model makes the one of the other</source>
+        <translation>没有能将前者变为后者的模型</translation>
+    </message>
+    <message>
+        <source>%1 more</source>
+        <comment>nodes</comment>
+        <translation>另外 %1 个</translation>
+    </message>
+    <message>
+        <source>a loop, with no decoupler in it: %1</source>
+        <translation>不含解耦器的环路：%1</translation>
+    </message>
+    <message>
+        <source>nothing is wired to %1</source>
+        <translation>没有任何节点连接到 %1</translation>
+    </message>
+    <message>
+        <source>nothing feeds input port %1 of %2</source>
+        <translation>%2 的输入端口 %1 没有数据来源</translation>
     </message>
 </context>
 <context>
@@ -693,6 +948,42 @@
     </message>
 </context>
 <context>
+    <name>Host::CImageFiles</name>
+    <message>
+        <source>it is a folder</source>
+        <translation>这是一个文件夹</translation>
+    </message>
+    <message>
+        <source>no image, or a broken one</source>
+        <translation>不是图像，或图像已损坏</translation>
+    </message>
+    <message>
+        <source>no image in the folder %1; it takes %2</source>
+        <translation>文件夹 %1 中没有图像；支持 %2</translation>
+    </message>
+    <message>
+        <source>no file matches %1</source>
+        <translation>没有与 %1 匹配的文件</translation>
+    </message>
+    <message>
+        <source>no such folder or file: %1</source>
+        <translation>没有这样的文件夹或文件：%1</translation>
+    </message>
+    <message>
+        <source>image %1</source>
+        <comment>one that stands in for a camera</comment>
+        <translation>图像 %1</translation>
+    </message>
+    <message>
+        <source>%1 images of %2</source>
+        <translation>%2 中的 %1 幅图像</translation>
+    </message>
+    <message>
+        <source>cannot read %1: %2</source>
+        <translation>无法读取 %1：%2</translation>
+    </message>
+</context>
+<context>
     <name>Host::CImageSaver</name>
     <message>
         <source>Save image</source>
@@ -721,6 +1012,10 @@
     <message>
         <source>Cannot save %1: %2</source>
         <translation>无法保存 %1：%2</translation>
+    </message>
+    <message>
+        <source>the image has no PNG form</source>
+        <translation>该图像无法转为 PNG</translation>
     </message>
 </context>
 <context>
@@ -766,6 +1061,32 @@
     </message>
 </context>
 <context>
+    <name>Host::CJsonTree</name>
+    <message>
+        <source>an array</source>
+        <translation>数组</translation>
+    </message>
+    <message>
+        <source>an object</source>
+        <translation>对象</translation>
+    </message>
+    <message>
+        <source>the string %1</source>
+        <translation>字符串 %1</translation>
+    </message>
+    <message>
+        <source>the number %1</source>
+        <translation>数字 %1</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CModelCatalogue</name>
+    <message>
+        <source>making %1</source>
+        <translation>创建 %1</translation>
+    </message>
+</context>
+<context>
     <name>Host::CModelPalette</name>
     <message>
         <source>Models</source>
@@ -778,6 +1099,33 @@
     <message>
         <source>Models by category</source>
         <translation>按类别列出的模型</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CNodeReader</name>
+    <message>
+        <source>a %1 cannot be made</source>
+        <translation>无法创建 %1</translation>
+    </message>
+    <message>
+        <source>no model %1 is registered</source>
+        <translation>未注册模型 %1</translation>
+    </message>
+    <message>
+        <source>asking for ports</source>
+        <translation>查询端口</translation>
+    </message>
+    <message>
+        <source>a sink needs a name for its folder: &quot;property&quot;: {&quot;sink_name&quot;: …}</source>
+        <translation>输出节点需要其文件夹的名称：&quot;property&quot;: {&quot;sink_name&quot;: …}</translation>
+    </message>
+    <message>
+        <source>the sink&apos;s name %1 makes no folder</source>
+        <translation>输出节点的名称 %1 不能用作文件夹名</translation>
+    </message>
+    <message>
+        <source>a second sink %1, after that at %2</source>
+        <translation>输出节点 %1 重复，前一个在 %2</translation>
     </message>
 </context>
 <context>
@@ -839,6 +1187,13 @@
     </message>
 </context>
 <context>
+    <name>Host::CReconnectingCamera</name>
+    <message>
+        <source>%1; it did not come back for %2 s</source>
+        <translation>%1；%2 秒内未恢复</translation>
+    </message>
+</context>
+<context>
     <name>Host::CRecordBar</name>
     <message>
         <source>Recording</source>
@@ -891,16 +1246,8 @@
         <translation>场景中没有相机</translation>
     </message>
     <message>
-        <source>cannot open</source>
-        <translation>无法打开</translation>
-    </message>
-    <message>
         <source>the scene is gone</source>
         <translation>场景已不存在</translation>
-    </message>
-    <message>
-        <source>cannot import</source>
-        <translation>无法导入</translation>
     </message>
     <message>
         <source>nothing of &apos;%1&apos; could be made</source>
@@ -909,6 +1256,60 @@
     <message>
         <source>the scene cannot be cleared</source>
         <translation>无法清空场景</translation>
+    </message>
+    <message>
+        <source>cannot open &apos;%1&apos;</source>
+        <translation>无法打开“%1”</translation>
+    </message>
+    <message>
+        <source>cannot import &apos;%1&apos;</source>
+        <translation>无法导入“%1”</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CSceneLoader</name>
+    <message>
+        <source>the scene is gone</source>
+        <translation>场景已不存在</translation>
+    </message>
+    <message>
+        <source>connections[%1]: the scene refuses it</source>
+        <translation>connections[%1]：场景不接受它</translation>
+    </message>
+    <message>
+        <source>making %1</source>
+        <translation>创建 %1</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CSceneReader</name>
+    <message>
+        <source>none of the nodes is a %1, the camera of the run</source>
+        <translation>节点中没有代表运行相机的 %1</translation>
+    </message>
+    <message>
+        <source>a unique %1 is not made of a document, and there is none to refer to</source>
+        <translation>唯一的 %1 不会由文档创建，也没有可引用的</translation>
+    </message>
+    <message>
+        <source>a %1 is a source without a camera; only a %2 stands for one</source>
+        <translation>%1 是没有相机的来源；只有 %2 代表相机</translation>
+    </message>
+    <message>
+        <source>a second %1, after that at %2; a scene has one camera</source>
+        <translation>%1 重复，前一个在 %2；一个场景只有一台相机</translation>
+    </message>
+    <message>
+        <source>%1 is no id; one is like %2</source>
+        <translation>%1 不是 ID；ID 的形式如 %2</translation>
+    </message>
+    <message>
+        <source>a second node of this id, after that at %1</source>
+        <translation>此 ID 的节点重复，前一个在 %1</translation>
+    </message>
+    <message>
+        <source>no node has the id %1</source>
+        <translation>没有 ID 为 %1 的节点</translation>
     </message>
 </context>
 <context>
@@ -934,17 +1335,97 @@ Ctrl+K finds every command.</source>
         <source>Default of %1</source>
         <translation>%1 的默认值</translation>
     </message>
+</context>
+<context>
+    <name>Host::CSettingTexts</name>
     <message>
-        <source>from %1</source>
-        <translation>不小于 %1</translation>
+        <source>&apos;%1&apos; takes one of %2, not %3</source>
+        <translation>“%1”的值应为 %2 之一，不能是 %3</translation>
     </message>
     <message>
-        <source>%1 to %2</source>
-        <translation>%1 至 %2</translation>
+        <source>&apos;%1&apos; takes text, not %2</source>
+        <translation>“%1”的值应为文本，不能是 %2</translation>
     </message>
     <message>
-        <source>%1, odd</source>
-        <translation>%1，奇数</translation>
+        <source>&apos;%1&apos; takes %2, not %3</source>
+        <translation>“%1”的值应为 %2，不能是 %3</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; takes %2, %3, not %4</source>
+        <comment>name, type, range</comment>
+        <translation>“%1”的值应为 %2，%3，不能是 %4</translation>
+    </message>
+    <message>
+        <source>the sink&apos;s name %1 makes no folder</source>
+        <translation>输出节点的名称 %1 不能用作文件夹名</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; cannot be set; a chain gives it</source>
+        <translation>无法设置“%1”；它由链给出</translation>
+    </message>
+    <message>
+        <source>it is gone</source>
+        <translation>它已不存在</translation>
+    </message>
+    <message>
+        <source>it has no settings</source>
+        <translation>没有设置</translation>
+    </message>
+    <message>
+        <source>it has no setting %1; it has %2</source>
+        <translation>没有设置 %1；现有设置为 %2</translation>
+    </message>
+    <message>
+        <source>it has no setting %1; %2 It has %3</source>
+        <comment>%2 is a question</comment>
+        <translation>没有设置 %1；%2现有设置为 %3</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CSettingsCheck</name>
+    <message>
+        <source>making %1</source>
+        <translation>创建 %1</translation>
+    </message>
+    <message>
+        <source>unknown key %1, which %2 does not keep</source>
+        <translation>未知的键 %1，%2 不会保留它</translation>
+    </message>
+    <message>
+        <source>%1 for %2 is not taken; it stays %3</source>
+        <translation>%2 不接受%1；它保持为 %3</translation>
+    </message>
+    <message>
+        <source>%1 has no setting %2, nor any other</source>
+        <translation>%1 没有设置 %2，也没有任何其他设置</translation>
+    </message>
+    <message>
+        <source>%1 has no setting %2</source>
+        <translation>%1 没有设置 %2</translation>
+    </message>
+    <message>
+        <source>a value like %1</source>
+        <translation>类似 %1 的值</translation>
+    </message>
+    <message>
+        <source>%1, where %2 belongs</source>
+        <translation>此处应为%2，而不是%1</translation>
+    </message>
+    <message>
+        <source>%1, where a rate above 0 belongs</source>
+        <translation>此处应为大于 0 的速率，而不是%1</translation>
+    </message>
+    <message>
+        <source>%1 refuses %2</source>
+        <translation>%1 不接受%2</translation>
+    </message>
+    <message>
+        <source>%1 takes %2, not %3</source>
+        <translation>%1 的值应为%2，不能是 %3</translation>
+    </message>
+    <message>
+        <source>it stays %1</source>
+        <translation>它保持为 %1</translation>
     </message>
 </context>
 <context>
@@ -960,6 +1441,73 @@ Ctrl+K finds every command.</source>
     <message>
         <source>Choose a node to see its settings.</source>
         <translation>选择节点以查看其设置。</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CShapeCheck</name>
+    <message>
+        <source>a smaller number</source>
+        <translation>较小的数字</translation>
+    </message>
+    <message>
+        <source>a whole number</source>
+        <translation>整数</translation>
+    </message>
+    <message>
+        <source>true or false</source>
+        <translation>true 或 false</translation>
+    </message>
+    <message>
+        <source>an array</source>
+        <translation>数组</translation>
+    </message>
+    <message>
+        <source>an object</source>
+        <translation>对象</translation>
+    </message>
+    <message>
+        <source>a number</source>
+        <translation>数字</translation>
+    </message>
+    <message>
+        <source>a string</source>
+        <translation>字符串</translation>
+    </message>
+    <message>
+        <source>%1 or %2</source>
+        <comment>types of JSON</comment>
+        <translation>%1或%2</translation>
+    </message>
+    <message>
+        <source>%1, where %2 belongs: %3</source>
+        <translation>此处应为%2，而不是%1：%3</translation>
+    </message>
+    <message>
+        <source>allowed are %1</source>
+        <translation>允许的有 %1</translation>
+    </message>
+    <message>
+        <source>unknown key %1</source>
+        <translation>未知的键 %1</translation>
+    </message>
+    <message>
+        <source>%1 lacks %2</source>
+        <translation>%1缺少 %2</translation>
+    </message>
+    <message>
+        <source>%1 is empty</source>
+        <translation>%1为空</translation>
+    </message>
+    <message>
+        <source>%1, where %2 belongs, from %3</source>
+        <translation>此处应为%2（不小于 %3），而不是%1</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CSharedCamera</name>
+    <message>
+        <source>camera &apos;%1&apos; has gone</source>
+        <translation>相机“%1”已消失</translation>
     </message>
 </context>
 <context>
@@ -1003,6 +1551,216 @@ Ctrl+K finds every command.</source>
     <message>
         <source>Deviation</source>
         <translation>偏差</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CSyntaxTexts</name>
+    <message>
+        <source>%1 is no quote of JSON, which has straight ones: &quot;</source>
+        <translation>%1 不是 JSON 的引号，JSON 使用直引号：&quot;</translation>
+    </message>
+    <message>
+        <source>U+%1 looks like a blank, and is none of JSON</source>
+        <translation>U+%1 看似空格，但不是 JSON 的空格</translation>
+    </message>
+    <message>
+        <source>the document ends within the array that begins at %1</source>
+        <translation>文档在始于 %1 的数组中结束</translation>
+    </message>
+    <message>
+        <source>the document ends within the object that begins at %1</source>
+        <translation>文档在始于 %1 的对象中结束</translation>
+    </message>
+    <message>
+        <source>&apos;]&apos; belongs here, to close the array that begins at %1</source>
+        <translation>此处应为 &apos;]&apos;，以结束始于 %1 的数组</translation>
+    </message>
+    <message>
+        <source>&apos;}&apos; belongs here, to close the object that begins at %1</source>
+        <translation>此处应为 &apos;}&apos;，以结束始于 %1 的对象</translation>
+    </message>
+    <message>
+        <source>JSON has strings in double quotes only</source>
+        <translation>JSON 的字符串只用双引号</translation>
+    </message>
+    <message>
+        <source>JSON has no comments</source>
+        <translation>JSON 没有注释</translation>
+    </message>
+    <message>
+        <source>a value is missing before %1</source>
+        <translation>%1 之前缺少值</translation>
+    </message>
+    <message>
+        <source>%1 is no number</source>
+        <translation>%1 不是数字</translation>
+    </message>
+    <message>
+        <source>%1 is no value</source>
+        <translation>%1 不是值</translation>
+    </message>
+    <message>
+        <source>strings stand in double quotes</source>
+        <translation>字符串要用双引号括起</translation>
+    </message>
+    <message>
+        <source>a key stands in double quotes</source>
+        <translation>键要用双引号括起</translation>
+    </message>
+    <message>
+        <source>a key is missing before %1</source>
+        <translation>%1 之前缺少键</translation>
+    </message>
+    <message>
+        <source>a number does not begin with 0</source>
+        <translation>数字不以 0 开头</translation>
+    </message>
+    <message>
+        <source>&apos;,&apos; or &apos;]&apos; is missing before this</source>
+        <translation>此处之前缺少 &apos;,&apos; 或 &apos;]&apos;</translation>
+    </message>
+    <message>
+        <source>&apos;,&apos; or &apos;}&apos; is missing before this</source>
+        <translation>此处之前缺少 &apos;,&apos; 或 &apos;}&apos;</translation>
+    </message>
+    <message>
+        <source>a string ends on the line where it begins; a line break in it is written \n</source>
+        <translation>字符串须在开始的行内结束；其中的换行写作 \n</translation>
+    </message>
+    <message>
+        <source>a control character in a string is written \u%1</source>
+        <translation>字符串中的控制字符写作 \u%1</translation>
+    </message>
+    <message>
+        <source>four digits belong behind \u, each from 0 to 9 or a to f</source>
+        <translation>\u 之后应有四位数字，每位为 0 至 9 或 a 至 f</translation>
+    </message>
+    <message>
+        <source>half a letter; \ud800 to \udfff stand in pairs</source>
+        <translation>只有半个字符；\ud800 至 \udfff 须成对出现</translation>
+    </message>
+    <message>
+        <source>no such escape; a backslash itself is written \\</source>
+        <translation>没有这样的转义；反斜杠本身写作 \\</translation>
+    </message>
+    <message>
+        <source>the document is empty</source>
+        <translation>文档为空</translation>
+    </message>
+    <message>
+        <source>&apos;/&apos; is nothing that JSON has</source>
+        <translation>JSON 中没有 &apos;/&apos;</translation>
+    </message>
+    <message>
+        <source>JSON has no comments, and this one has no end</source>
+        <translation>JSON 没有注释，而且此注释没有结尾</translation>
+    </message>
+    <message>
+        <source>the document ends within a string</source>
+        <translation>文档在字符串中结束</translation>
+    </message>
+    <message>
+        <source>something stands behind the end of the document</source>
+        <translation>文档结尾之后还有内容</translation>
+    </message>
+    <message>
+        <source>&apos;:&apos; is missing behind the key</source>
+        <translation>键之后缺少 &apos;:&apos;</translation>
+    </message>
+    <message>
+        <source>the number is too large</source>
+        <translation>数字过大</translation>
+    </message>
+    <message>
+        <source>a digit belongs behind the point of a number</source>
+        <translation>小数点之后应有数字</translation>
+    </message>
+    <message>
+        <source>a digit belongs behind the &apos;e&apos; of a number</source>
+        <translation>数字的 &apos;e&apos; 之后应有数字</translation>
+    </message>
+    <message>
+        <source>this is no JSON</source>
+        <translation>这不是 JSON</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CTreeBuilder</name>
+    <message>
+        <source>%1 is no JSON: numbers are finite there</source>
+        <translation>%1 不是 JSON：JSON 的数字是有限的</translation>
+    </message>
+    <message>
+        <source>arrays and objects nest too deep</source>
+        <translation>数组和对象嵌套过深</translation>
+    </message>
+    <message>
+        <source>a comma behind the last item is no JSON</source>
+        <translation>JSON 的最后一项之后不能有逗号</translation>
+    </message>
+    <message>
+        <source>a comma behind the last member is no JSON</source>
+        <translation>JSON 的最后一个成员之后不能有逗号</translation>
+    </message>
+    <message>
+        <source>more than %1 values</source>
+        <translation>值超过 %1 个</translation>
+    </message>
+    <message>
+        <source>JSON has no comments</source>
+        <translation>JSON 没有注释</translation>
+    </message>
+    <message>
+        <source>a second key %1, after that at %2; only one would count</source>
+        <translation>键 %1 重复，前一个在 %2；只有一个有效</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CVideoFile</name>
+    <message>
+        <source>the image is empty</source>
+        <translation>图像为空</translation>
+    </message>
+    <message>
+        <source>an image is %1, the video %2</source>
+        <comment>width x height</comment>
+        <translation>图像为 %1，视频为 %2</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>设备上没有剩余空间</translation>
+    </message>
+    <message>
+        <source>the encoder refuses it</source>
+        <translation>编码器不接受</translation>
+    </message>
+    <message>
+        <source>it did not become complete; is the disk full?</source>
+        <translation>未能完整写入；磁盘是否已满？</translation>
+    </message>
+</context>
+<context>
+    <name>Host::CVideoReader</name>
+    <message>
+        <source>video %1</source>
+        <comment>one that stands in for a camera</comment>
+        <translation>视频 %1</translation>
+    </message>
+    <message>
+        <source>cannot read the video %1: %2</source>
+        <translation>无法读取视频 %1：%2</translation>
+    </message>
+    <message>
+        <source>cannot read the video %1: no video, or one in a format that is not known here</source>
+        <translation>无法读取视频 %1：不是视频，或格式不受支持</translation>
+    </message>
+    <message>
+        <source>no frame of the video %1 can be read</source>
+        <translation>无法读取视频 %1 的任何帧</translation>
+    </message>
+    <message>
+        <source>the video %1 ends after %2 of %3 frames: a part of it is missing or broken</source>
+        <translation>视频 %1 在 %3 帧中的第 %2 帧后结束：有部分缺失或损坏</translation>
     </message>
 </context>
 <context>
@@ -1241,6 +1999,121 @@ Ctrl+K finds every command.</source>
     </message>
 </context>
 <context>
+    <name>Host::CWordFinder</name>
+    <message>
+        <source>%1, %2</source>
+        <comment>names that are listed</comment>
+        <translation>%1、%2</translation>
+    </message>
+    <message>
+        <source>there is only %1</source>
+        <translation>只有 %1</translation>
+    </message>
+    <message>
+        <source>there are %1</source>
+        <translation>现有 %1</translation>
+    </message>
+    <message>
+        <source>%1 and %2</source>
+        <comment>names that are listed</comment>
+        <translation>%1 和 %2</translation>
+    </message>
+    <message>
+        <source>%1 or %2</source>
+        <comment>names that are listed</comment>
+        <translation>%1 或 %2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::ClosestWords</name>
+    <message>
+        <source>did you mean %1?</source>
+        <translation>您是否想用 %1？</translation>
+    </message>
+    <message>
+        <source>did you mean %1 or %2?</source>
+        <translation>您是否想用 %1 或 %2？</translation>
+    </message>
+    <message>
+        <source>did you mean %1 or %2 or %3?</source>
+        <translation>您是否想用 %1、%2 或 %3？</translation>
+    </message>
+    <message>
+        <source>%1; %2</source>
+        <comment>what is wrong; a question or a hint</comment>
+        <translation>%1；%2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::ConnectionText</name>
+    <message>
+        <source>%1 to %2</source>
+        <comment>types of data</comment>
+        <translation>%1 转 %2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::Device</name>
+    <message>
+        <source>cannot open camera &apos;%1&apos;: %2</source>
+        <translation>无法打开相机“%1”：%2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::DocumentFile</name>
+    <message>
+        <source>%1: it has 1 error:
+%2</source>
+        <comment>what cannot be done</comment>
+        <translation>%1：有 1 个错误：
+%2</translation>
+    </message>
+    <message>
+        <source>%1: it has %2 errors:
+%3</source>
+        <comment>what cannot be done</comment>
+        <translation>%1：有 %2 个错误：
+%3</translation>
+    </message>
+</context>
+<context>
+    <name>Host::FaultReport</name>
+    <message>
+        <source>error</source>
+        <translation>错误</translation>
+    </message>
+    <message>
+        <source>warning</source>
+        <translation>警告</translation>
+    </message>
+</context>
+<context>
+    <name>Host::InputFile</name>
+    <message>
+        <source>it is larger than 64 MiB</source>
+        <translation>大于 64 MiB</translation>
+    </message>
+    <message>
+        <source>cannot read &apos;%1&apos;: %2</source>
+        <translation>无法读取“%1”：%2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::JsonText</name>
+    <message>
+        <source>the file is %1; save it as UTF-8, which is what JSON is</source>
+        <translation>文件是 %1；JSON 使用 UTF-8，请另存为 UTF-8</translation>
+    </message>
+    <message>
+        <source>these bytes are no UTF-8</source>
+        <translation>这些字节不是 UTF-8</translation>
+    </message>
+    <message>
+        <source>a zero byte, which no text has</source>
+        <translation>文本中不应有的零字节</translation>
+    </message>
+</context>
+<context>
     <name>Host::ModelText</name>
     <message>
         <source>Filters</source>
@@ -1440,7 +2313,7 @@ Ctrl+K finds every command.</source>
     </message>
     <message>
         <source>It writes one of so many frames; 0: as the run says, with --write-every.</source>
-        <translation>每这么多帧写入一帧；0：按运行时的 --write-every。</translation>
+        <translation>每这么多帧写入一帧；0：按运行时的设定。</translation>
     </message>
     <message>
         <source>Otsu finds the threshold that separates each image best, Fixed takes &apos;level&apos;.</source>
@@ -1461,6 +2334,296 @@ Ctrl+K finds every command.</source>
     <message>
         <source>What stands above the image.</source>
         <translation>显示在图像上方的名称。</translation>
+    </message>
+</context>
+<context>
+    <name>Host::Output</name>
+    <message>
+        <source>cannot write &apos;%1&apos;: %2</source>
+        <translation>无法写入“%1”：%2</translation>
+    </message>
+    <message>
+        <source>cannot make the folder &apos;%1&apos;: %2</source>
+        <translation>无法创建文件夹“%1”：%2</translation>
+    </message>
+    <message>
+        <source>Not a regular file</source>
+        <translation>不是普通文件</translation>
+    </message>
+</context>
+<context>
+    <name>Host::SFault</name>
+    <message>
+        <source>A document can be read.</source>
+        <translation>文档可以读取。</translation>
+    </message>
+    <message>
+        <source>A document is UTF-8.</source>
+        <translation>文档使用 UTF-8。</translation>
+    </message>
+    <message>
+        <source>A document is JSON.</source>
+        <translation>文档是 JSON。</translation>
+    </message>
+    <message>
+        <source>A value has the JSON type that belongs there.</source>
+        <translation>值具有该处应有的 JSON 类型。</translation>
+    </message>
+    <message>
+        <source>A value is one of those that are allowed.</source>
+        <translation>值是允许的值之一。</translation>
+    </message>
+    <message>
+        <source>Keys are known: one that nobody reads does nothing.</source>
+        <translation>键是已知的：无人读取的键不起作用。</translation>
+    </message>
+    <message>
+        <source>A key stands only once in an object.</source>
+        <translation>键在一个对象中只出现一次。</translation>
+    </message>
+    <message>
+        <source>What is needed is there.</source>
+        <translation>必需的内容都存在。</translation>
+    </message>
+    <message>
+        <source>A model is registered.</source>
+        <translation>模型已注册。</translation>
+    </message>
+    <message>
+        <source>A model can be made from the document.</source>
+        <translation>模型可以由文档创建。</translation>
+    </message>
+    <message>
+        <source>A model has the setting and takes its value.</source>
+        <translation>模型有该设置并接受其值。</translation>
+    </message>
+    <message>
+        <source>A label or an id is that of an element or a node.</source>
+        <translation>标签或 ID 属于某个元素或节点。</translation>
+    </message>
+    <message>
+        <source>Labels and ids are different.</source>
+        <translation>标签和 ID 互不相同。</translation>
+    </message>
+    <message>
+        <source>A connection joins ports that exist.</source>
+        <translation>连接的端口均存在。</translation>
+    </message>
+    <message>
+        <source>The types of connected ports agree, or are converted.</source>
+        <translation>相连端口的类型一致或经过转换。</translation>
+    </message>
+    <message>
+        <source>A source is a camera or an element.</source>
+        <translation>来源是相机或元素。</translation>
+    </message>
+    <message>
+        <source>Something is wired to each camera.</source>
+        <translation>每台相机都有连接。</translation>
+    </message>
+    <message>
+        <source>The data of a source reaches each node.</source>
+        <translation>每个节点都能收到来源的数据。</translation>
+    </message>
+    <message>
+        <source>Connections lead in a circle only through a decoupler.</source>
+        <translation>连接只有经过解耦器才能成环。</translation>
+    </message>
+    <message>
+        <source>Two ports are connected only once.</source>
+        <translation>两个端口之间只连接一次。</translation>
+    </message>
+    <message>
+        <source>The name of a sink makes a folder of its own.</source>
+        <translation>输出节点的名称对应其自己的文件夹。</translation>
+    </message>
+</context>
+<context>
+    <name>Host::SchemaTitle</name>
+    <message>
+        <source>a camera or a label</source>
+        <translation>相机或标签</translation>
+    </message>
+    <message>
+        <source>a connection</source>
+        <translation>连接</translation>
+    </message>
+    <message>
+        <source>a converter</source>
+        <translation>转换器</translation>
+    </message>
+    <message>
+        <source>a data type</source>
+        <translation>数据类型</translation>
+    </message>
+    <message>
+        <source>a label</source>
+        <translation>标签</translation>
+    </message>
+    <message>
+        <source>a label, or an object with one</source>
+        <translation>标签，或带标签的对象</translation>
+    </message>
+    <message>
+        <source>a model</source>
+        <translation>模型</translation>
+    </message>
+    <message>
+        <source>a node</source>
+        <translation>节点</translation>
+    </message>
+    <message>
+        <source>a scene</source>
+        <translation>场景</translation>
+    </message>
+    <message>
+        <source>a unique name</source>
+        <translation>唯一名称</translation>
+    </message>
+    <message>
+        <source>an element</source>
+        <translation>元素</translation>
+    </message>
+    <message>
+        <source>an id</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>an input port</source>
+        <translation>输入端口</translation>
+    </message>
+    <message>
+        <source>an output port</source>
+        <translation>输出端口</translation>
+    </message>
+    <message>
+        <source>arrays of what it feeds</source>
+        <translation>输出目标的数组</translation>
+    </message>
+    <message>
+        <source>the connections</source>
+        <translation>连接列表</translation>
+    </message>
+    <message>
+        <source>the elements of a chain</source>
+        <translation>链的元素</translation>
+    </message>
+    <message>
+        <source>the id of a type</source>
+        <translation>类型的 ID</translation>
+    </message>
+    <message>
+        <source>the id of the node that feeds</source>
+        <translation>输出方节点的 ID</translation>
+    </message>
+    <message>
+        <source>the id of the node that is fed</source>
+        <translation>输入方节点的 ID</translation>
+    </message>
+    <message>
+        <source>the label</source>
+        <translation>标签</translation>
+    </message>
+    <message>
+        <source>the name of a model</source>
+        <translation>模型的名称</translation>
+    </message>
+    <message>
+        <source>the nodes</source>
+        <translation>节点列表</translation>
+    </message>
+    <message>
+        <source>the schema, for editors</source>
+        <translation>供编辑器使用的模式</translation>
+    </message>
+    <message>
+        <source>the settings of the model</source>
+        <translation>模型的设置</translation>
+    </message>
+    <message>
+        <source>the short name of a type</source>
+        <translation>类型的短名称</translation>
+    </message>
+    <message>
+        <source>the sources of each input port</source>
+        <translation>各输入端口的来源</translation>
+    </message>
+    <message>
+        <source>the sources of one input port</source>
+        <translation>一个输入端口的来源</translation>
+    </message>
+    <message>
+        <source>what it feeds</source>
+        <translation>输出目标</translation>
+    </message>
+    <message>
+        <source>whether it is unique</source>
+        <translation>是否唯一</translation>
+    </message>
+</context>
+<context>
+    <name>Host::SettingProperty</name>
+    <message>
+        <source>true or false</source>
+        <translation>true 或 false</translation>
+    </message>
+    <message>
+        <source>a whole number</source>
+        <translation>整数</translation>
+    </message>
+    <message>
+        <source>a number</source>
+        <translation>数字</translation>
+    </message>
+    <message>
+        <source>a string</source>
+        <translation>字符串</translation>
+    </message>
+    <message>
+        <source>one of %1</source>
+        <translation>%1 之一</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>a type and its range</comment>
+        <translation>%1，%2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::SettingRange</name>
+    <message>
+        <source>from %1</source>
+        <translation>不小于 %1</translation>
+    </message>
+    <message>
+        <source>%1 to %2, odd</source>
+        <translation>%1 至 %2，奇数</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 至 %2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::WritePng</name>
+    <message>
+        <source>the image has no PNG form</source>
+        <translation>该图像无法转为 PNG</translation>
+    </message>
+</context>
+<context>
+    <name>Host::attempt</name>
+    <message>
+        <source>%1 fails</source>
+        <translation>%1 失败</translation>
+    </message>
+    <message>
+        <source>%1 throws: %2</source>
+        <translation>%1 引发异常：%2</translation>
+    </message>
+    <message>
+        <source>%1 throws</source>
+        <translation>%1 引发异常</translation>
     </message>
 </context>
 </TS>

@@ -75,8 +75,8 @@ QString CSceneFiles::open(CScenePage& page, const QString& file)
     const QByteArray text = readDocument(file, &error);
     if (!error.isEmpty())
         return error;
-    CDocumentCheck check(m_service, m_models, {EDocumentKind::Scene, {page.cameraName()}});
-    error = faultsText(tr("cannot open"), inputName(file), refusals(check.check(text)));
+    CDocumentCheck check(m_service, m_models, {EDocumentKind::Scene, {page.cameraName()}, /*canNameCommands=*/false});
+    error = faultsText(tr("cannot open '%1'"), inputName(file), refusals(check.check(text)));
     if (!error.isEmpty()) {
         m_refusedText = text;
         return error;
@@ -145,8 +145,8 @@ QString CSceneFiles::importChain(CScenePage& page, const QString& file)
     const SChain chain = withCameras(readChain(file, &error), cameras);
     if (!error.isEmpty())
         return error;
-    CDocumentCheck check(m_service, m_models, {EDocumentKind::Chain, cameras});
-    error = faultsText(tr("cannot import"), chain.name, refusals(check.check(chain.source)));
+    CDocumentCheck check(m_service, m_models, {EDocumentKind::Chain, cameras, /*canNameCommands=*/false});
+    error = faultsText(tr("cannot import '%1'"), chain.name, refusals(check.check(chain.source)));
     if (!error.isEmpty()) {
         m_refusedText = chain.source;
         return error;

@@ -5,6 +5,7 @@
 
 #include "SHostService.h"
 #include "TestCameras.h"
+#include "host/viewer/base/CLanguage.h"
 #include "host/viewer/cameras/CCameraSession.h"
 #include "host/viewer/cameras/CCameraSessions.h"
 
@@ -85,6 +86,7 @@ private Q_SLOTS:
     void aNameIsListedOnce();
     void rowsStayTheSame();
     void everyStateHasAText();
+    void errorsAreInTheLanguageOfTheWindow();
 };
 
 void tst_CCameraList::simulatedCameraIsAlwaysThere()
@@ -210,6 +212,18 @@ void tst_CCameraList::everyStateHasAText()
     for (int state = 0; state <= int(EState::Failed); ++state)
         texts.insert(CCameraList::stateText(EState(state)));
     QCOMPARE(texts.size(), int(EState::Failed) + 1);
+}
+
+void tst_CCameraList::errorsAreInTheLanguageOfTheWindow()
+{
+    CLanguage language;
+    language.install(QStringLiteral("ja"));
+    SList test;
+    test.sessions.connectCamera(camera("256.1.1.1"));
+    QTRY_COMPARE(test.state("256.1.1.1"), EState::Failed);
+    const QString error = test.list.indexOf("256.1.1.1").data(CCameraList::ErrorRole).toString();
+    QVERIFY2(error.startsWith(QStringLiteral("カメラ「256.1.1.1」を開けません: ")), qPrintable(error));
+    QVERIFY2(!error.contains(QStringLiteral("halvex-host")), qPrintable(error));
 }
 
 QTEST_GUILESS_MAIN(tst_CCameraList)

@@ -4,6 +4,7 @@
 #include "host/viewer/edit/CFaultPanel.h"
 
 #include "edit/SEditedScene.h"
+#include "host/viewer/base/CLanguage.h"
 #include "host/viewer/edit/CFaultModel.h"
 
 #include <QSignalSpy>
@@ -11,6 +12,17 @@
 #include <QTreeView>
 
 using namespace Host;
+
+namespace {
+
+const char* const unknownModel = R"([{"name": "a", "model": {"name": "Nothing"}, "unique_sources": [["fake"]]}])";
+
+QModelIndex firstMessage(const CFaultPanel& panel)
+{
+    return panel.findChild<QTreeView*>(QStringLiteral("faults"))->model()->index(0, CFaultModel::Message);
+}
+
+} // namespace
 
 class tst_CFaultPanel : public QObject
 {
@@ -20,6 +32,8 @@ private Q_SLOTS:
     void findsNothingInASoundScene();
     void leadsToTheNodeOfAScene();
     void leadsToThePlaceInAText();
+    void namesNoCommand();
+    void speaksTheLanguageOfTheWindow();
 };
 
 void tst_CFaultPanel::findsNothingInASoundScene()
@@ -69,6 +83,41 @@ void tst_CFaultPanel::leadsToThePlaceInAText()
     QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, view->visualRect(found.front()).center());
     QCOMPARE(chosen.count(), 1);
     QCOMPARE(chosen.front().front().toInt(), 2);
+}
+
+// Who looks at a window has no place to type it.
+void tst_CFaultPanel::namesNoCommand()
+{
+    SEditedScene edited;
+    CFaultPanel panel(edited.service.nodes, edited.service.models);
+    panel.checkText(unknownModel);
+    QCOMPARE(firstMessage(panel).data().toString(), QStringLiteral("no model 'Nothing' is registered"));
+}
+
+void tst_CFaultPanel::speaksTheLanguageOfTheWindow()
+{
+    CLanguage language;
+    language.install(QStringLiteral("ja"));
+    SEditedScene edited;
+    CFaultPanel panel(edited.service.nodes, edited.service.models);
+    panel.checkText(unknownModel);
+    QCOMPARE(firstMessage(panel).data().toString(), QStringLiteral("モデル 'Nothing' は登録されていません"));
+    QCOMPARE(firstMessage(panel).data(Qt::ToolTipRole).toString(),
+             QStringLiteral("モデル 'Nothing' は登録されていません\nモデルは登録されていること。"));
+    // Put together of a message and a question.
+    panel.checkText(R"([{"name": "a", "model": {"name": "Blurr"}, "unique_sources": [["fake"]]}])");
+    QCOMPARE(firstMessage(panel).data().toString(),
+             QStringLiteral("モデル 'Blurr' は登録されていません。'Blur' ではありませんか?"));
+    // What a scene lacks is told at its node, whatever the language.
+    const Core::CId blur = edited.add("Blur");
+    QVERIFY(edited.connectNodes(edited.camera, edited.add("Edges")));
+    panel.checkScene(*edited.scene);
+    std::vector<Core::CId> chosen;
+    connect(&panel, &CFaultPanel::nodeChosen, this, [&chosen](const Core::CId& id) { chosen.push_back(id); });
+    QVERIFY2(firstMessage(panel).data().toString().contains(QStringLiteral("届きません")),
+             qPrintable(firstMessage(panel).data().toString()));
+    Q_EMIT panel.findChild<QTreeView*>(QStringLiteral("faults"))->activated(firstMessage(panel));
+    QCOMPARE(chosen, std::vector<Core::CId>{blur});
 }
 
 QTEST_MAIN(tst_CFaultPanel)
