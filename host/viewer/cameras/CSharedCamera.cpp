@@ -60,6 +60,7 @@ std::shared_ptr<CSharedCamera> CSharedCamera::open(const SCameraOptions& options
 CSharedCamera::CSharedCamera(SCameraOptions options)
     : m_options(std::move(options))
 {
+    m_options.canNameCommands = false;
 }
 
 CSharedCamera::~CSharedCamera() = default;

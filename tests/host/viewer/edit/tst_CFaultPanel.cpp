@@ -6,6 +6,7 @@
 #include "edit/SEditedScene.h"
 #include "host/viewer/base/CLanguage.h"
 #include "host/viewer/edit/CFaultModel.h"
+#include "host/viewer/images/ViewModels.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -89,6 +90,7 @@ void tst_CFaultPanel::leadsToThePlaceInAText()
 void tst_CFaultPanel::namesNoCommand()
 {
     SEditedScene edited;
+    registerViewModels(edited.service.nodes, edited.service.models); // with these they are too many to be listed
     CFaultPanel panel(edited.service.nodes, edited.service.models);
     panel.checkText(unknownModel);
     QCOMPARE(firstMessage(panel).data().toString(), QStringLiteral("no model 'Nothing' is registered"));
@@ -99,6 +101,7 @@ void tst_CFaultPanel::speaksTheLanguageOfTheWindow()
     CLanguage language;
     language.install(QStringLiteral("ja"));
     SEditedScene edited;
+    registerViewModels(edited.service.nodes, edited.service.models); // with these they are too many to be listed
     CFaultPanel panel(edited.service.nodes, edited.service.models);
     panel.checkText(unknownModel);
     QCOMPARE(firstMessage(panel).data().toString(), QStringLiteral("モデル 'Nothing' は登録されていません"));
