@@ -80,6 +80,7 @@ void CNodeDataModelRegistry::add(ModelCreator creator, const QString& category)
     }
     // The creator last: a registration that failed on the way can be done again.
     m_categories.insert(category);
+    // Survives exchanged neighbours: only a lack of memory sees it.
     m_categoryOfModel[name] = category;
     m_creators->emplace(name, std::move(creator));
 }

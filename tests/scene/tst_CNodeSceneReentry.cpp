@@ -165,6 +165,7 @@ private Q_SLOTS:
     void handlerThatFillsADyingSceneDoesNotHoldItUp();
     void queueOfADyingSceneIsFinished();
     void dyingSceneTakesNothingIn();
+    void dyingSceneIsSilent();
 
     void exceptionOfAHandlerLeavesTheSceneUsable_data();
     void exceptionOfAHandlerLeavesTheSceneUsable();
@@ -518,6 +519,8 @@ void tst_CNodeSceneReentry::queueOfADyingSceneIsFinished()
     chain.provoke(NodeCreated);
     QCOMPARE(chain.log->count("disconnected"), 2);
     QCOMPARE(chain.log->count("deleted"), 4);
+    // What was asked for comes before what the end of the scene brings.
+    QCOMPARE(chain.log->said.mid(0, 3), QStringList({"created D", "deleted C", "disconnected A0-B0"}));
     QCOMPARE(CTestModel::alive(), 0);
 }
 
@@ -538,6 +541,27 @@ void tst_CNodeSceneReentry::dyingSceneTakesNothingIn()
     dying.reset();
     QCOMPARE(calls, 1);
     QVERIFY(isRefused);
+}
+
+void tst_CNodeSceneReentry::dyingSceneIsSilent()
+{
+    // So is what the destructor of its information object asks for.
+    CPairScene other;
+    std::unique_ptr<CTestScene> dying;
+    CNodeConnection* half = nullptr;
+    CNodeScene* late = nullptr;
+    bool isRefused = false;
+    const auto onInfoDestroyed = [&] {
+        isRefused = &late->createNode(std::make_unique<CTestModel>()) == &CNodeScene::noNode();
+        late->deleteConnectionNow(*half);
+    };
+    dying = std::make_unique<CTestScene>(QSharedPointer<CTestInfo>::create(onInfoDestroyed), nullptr);
+    late = dying.get();
+    half = late->createConnection(ENodePortType::In, other.a.node, 0).get();
+    const CSignalLog log(*late);
+    dying.reset();
+    QVERIFY(isRefused);
+    QCOMPARE(log.said, QStringList());
 }
 
 void tst_CNodeSceneReentry::exceptionOfAHandlerLeavesTheSceneUsable_data()

@@ -148,6 +148,7 @@ private Q_SLOTS:
     void nameThatIsRegisteredTwice();
     void typesThatDiffer();
     void askingForTypesMayEndTheScene();
+    void askingForTypesMayRemoveOneNode();
     void askingForNamesMayEndTheScene();
     void dataOfAnotherTypeThanAnnounced();
     void askingDataForItsTypeMayEndTheNode();
@@ -264,6 +265,25 @@ void tst_Mistakes::askingForTypesMayEndTheScene()
     QVERIFY(!scene);
     QCOMPARE(messages.texts(), QStringList());
     QCOMPARE(CTestModels::alive(), 0);
+}
+
+void tst_Mistakes::askingForTypesMayRemoveOneNode()
+{
+    for (const ENodePortType leaving : {ENodePortType::In, ENodePortType::Out}) {
+        const CMessageCatcher messages;
+        CTestScene scene(nullptr, nullptr);
+        CNodeBase& out = scene.createNode(std::make_unique<CTestModel>());
+        auto taker = std::make_unique<CTestModel>();
+        CTestModel& model = *taker;
+        CNodeBase& in = scene.createNode(std::move(taker));
+        model.onDataType = [&, leaving](ENodePortType, NodePortIndex) {
+            scene.removeNode(leaving == ENodePortType::In ? in : out);
+            return SNodeDataType{"Image", "I"};
+        };
+        scene.createConnection(in, 0, out, 0, {});
+        QCOMPARE(scene.nodes().size(), std::size_t(1));
+        QCOMPARE(messages.texts(), QStringList());
+    }
 }
 
 void tst_Mistakes::askingForNamesMayEndTheScene()
