@@ -11,7 +11,7 @@ declare -A limits=(
     [chain]="360 1.185" [converting]="422 1.235" [fan-out]="70 1.70" [fan-in]="215 1.245" [diamonds]="232 1.235"
     [random]="151 1.335"
     [construct]="13500 2.59" [load]="40500 1.365" [import]="77500 4.32" [find]="135 1.875" [push]="207 1.64"
-    [work]="8010 1.26")
+    [work]="7970 1.26")
 
 # The instructions of one run. Threads take fair turns, so that those of push and work meet at much the same points.
 instructions() {
