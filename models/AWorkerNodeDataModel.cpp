@@ -24,6 +24,7 @@ AWorkerNodeDataModel::AWorkerNodeDataModel(QString uniqueName)
     : ANodeDataModel(std::move(uniqueName))
     , m_queue(std::make_shared<CWorkQueue>(*this))
 {
+    applyLimits();
 }
 
 AWorkerNodeDataModel::~AWorkerNodeDataModel()
@@ -90,12 +91,10 @@ void AWorkerNodeDataModel::addFrame()
     if (!m_work && !prepareWork())
         return;
     m_queue->add(frame, m_work);
-    // Survives removed statement: only a sanitizer sees what is used of a model that has gone.
     frame.clear();
     if (!self)
-        // Survives removed statement: the same.
+        // Survives removed statement: only a sanitizer sees what is used of a model that has gone.
         return;
-    // Survives removed statement: it makes no difference but in allocations.
     m_frame = std::move(frame); // for its room
     if (!std::exchange(m_isComputing, true))
         Q_EMIT computingStarted(); // last: what a handler sends comes after this frame

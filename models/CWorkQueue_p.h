@@ -41,12 +41,12 @@ public:
     using Inputs = AWorkerNodeDataModel::Inputs;
     using Work = AWorkerNodeDataModel::Work;
 
-    /// As a model has them that is just made.
+    /// Nothing is worked on before the receiver has set them.
     struct SLimits
     {
-        int waiting = 1;
+        int waiting = 0;
         bool dropsNewest = false;
-        int parallelism = 1;
+        int parallelism = 0;
     };
     /// What goes out: data, nothing for empty data, or what went wrong.
     struct SResult

@@ -28,7 +28,6 @@ void warnOfTypes(const CNodeConnection& connection, const QString& given, const 
     const CNodeVisit visitOut(*out);
     const QString giver = out->nodeDataModel()->name();
     const QString taker = visitIn.isOver() ? QString() : in->nodeDataModel()->name();
-    // Survives exchanged operator: only a sanitizer sees what is used of a node that has gone.
     if (visitIn.isOver() || visitOut.isOver())
         return;
     warnOnce("Output port % of the model \"%\" of node % gives \"%\", input port % of the model \"%\" of node % takes "

@@ -55,8 +55,8 @@ public:
     CGrabThread(IFrameSource& source, quint64 frames, std::chrono::milliseconds silence, FrameHandler handler);
     ~CGrabThread() override;
 
-    /// What gives frames, but for \a timeout none that is complete, ends the thread as well; counted in the same way,
-    /// 0 for never. Before it is started.
+    /// A source that gives only incomplete frames for \a timeout ends the thread too, counted in the same way; 0 for
+    /// never. While it gives nothing at all, only the silence counts. Before it is started.
     void setTimeout(std::chrono::milliseconds timeout) { m_timeout = timeout; }
 
     /// What was grabbed up to now. A frame is counted before its handler is called.

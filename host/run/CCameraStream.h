@@ -63,8 +63,8 @@ public:
     /// Makes \a folder and one in it for each sink, which writes every \a writeEvery-th image there.
     QString prepareSinks(const QString& folder, int writeEvery);
 
-    /// Starts to grab, until \a frames complete frames came (0: until requestEnd()), none at all for \a silence, or no
-    /// complete one for \a timeout (0: for however long). The camera is open.
+    /// Starts to grab, until \a frames complete frames came (0: until requestEnd()), none at all for \a silence, or
+    /// only incomplete ones for \a timeout (0: for however long). The camera is open.
     QString start(int frames, std::chrono::milliseconds silence,
                   std::chrono::milliseconds timeout = std::chrono::milliseconds(0));
 

@@ -48,7 +48,7 @@ struct SRunOptions
     std::optional<double> askedForPerSecond;  ///< The rate that was asked for and not only assumed.
     bool isStrict = false;                    ///< A remark in the report is a failure.
     std::chrono::milliseconds silence{5000};  ///< A camera without any frame for so long has gone.
-    std::chrono::milliseconds timeout{10000}; ///< One without a whole frame for so long is of no use.
+    std::chrono::milliseconds timeout{10000}; ///< One that gives only incomplete frames for so long is of no use.
 
     /// Whether a document goes to standard output, which then has no table.
     bool hasStandardOutput() const { return documents().contains(QStringLiteral("-")); }

@@ -68,9 +68,7 @@ IImageReader::ERead CVideoReader::read(cv::Mat* image, QString* error)
         return ERead::End;
     *error = m_read == 0 ? tr("no frame of the video %1 can be read").arg(shown(m_file))
                          : tr("the video %1 ends after %2 of %3 frames: a part of it is missing or broken")
-                               .arg(shown(m_file))
-                               .arg(m_read)
-                               .arg(m_promised);
+                               .arg(shown(m_file), QString::number(m_read), QString::number(m_promised));
     return ERead::Failed;
 }
 

@@ -9,13 +9,10 @@
 #include "support/CTestModel.h"
 #include "support/CTestScene.h"
 
-#include <QAbstractEventDispatcher>
-#include <QEventLoop>
 #include <QSignalSpy>
 #include <QTest>
 #include <QThread>
 #include <QThreadPool>
-#include <QTimer>
 
 #include <limits>
 #include <stdexcept>
@@ -34,6 +31,19 @@ bool addsUp(const SWorkerStatistics& counts)
 }
 
 } // namespace
+
+/// Counts what comes to an object as a queued call.
+class CQueuedCalls : public QObject
+{
+public:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        count += event->type() == QEvent::MetaCall ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
+
+    int count = 0;
+};
 
 class tst_AWorkerNodeDataModel : public QObject
 {
@@ -63,6 +73,7 @@ private Q_SLOTS:
     void gathersTheNewestOfEach();
     void gathersTheSameNumber();
     void forgetsWhatFindsNoPartner();
+    void dropsFramesOfTheSameNumberWhole();
     void passesOverPortsThatDoNotExist();
 
     void reportsExceptions();
@@ -392,6 +403,34 @@ void tst_AWorkerNodeDataModel::forgetsWhatFindsNoPartner()
     }
 }
 
+void tst_AWorkerNodeDataModel::dropsFramesOfTheSameNumberWhole()
+{
+    QThreadPool pool;
+    pool.setMaxThreadCount(1);
+    const CGatedWork work;
+    CWorkerModel model(2, EGathering::SameNumber);
+    model.setThreadPool(&pool);
+    model.setWork(work);
+    model.setPolicy(EPolicy::DropNewest);
+    model.setMostWaiting(1);
+    const auto sendBoth = [&model](int value) {
+        model.send(value, 0);
+        model.send(value + 1, 1);
+    };
+    sendBoth(1);
+    work.waitForBegin();
+    sendBoth(11);
+    sendBoth(-12);
+    QCOMPARE(model.statistics().dropped, quint64(1));
+    QCOMPARE(CTestData::alive(), 4);
+    work.open(1);
+    work.open(11);
+    QTRY_COMPARE(model.values, (Values{3, 23}));
+    sendBoth(15);
+    work.open(15);
+    QTRY_COMPARE(model.values, (Values{3, 23, 31}));
+}
+
 void tst_AWorkerNodeDataModel::passesOverPortsThatDoNotExist()
 {
     CWorkerModel model;
@@ -469,15 +508,12 @@ void tst_AWorkerNodeDataModel::asksForNoTimeWhileNothingComes()
     CWorkerModel model;
     model.send(1);
     QTRY_COMPARE(model.values, Values{1});
-    QEventLoop loop;
-    bool hasRested = false;
-    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &loop, [&] {
-        hasRested = true;
-        loop.quit();
-    });
-    QTimer::singleShot(30000, &loop, &QEventLoop::quit);
-    loop.exec();
-    QVERIFY(hasRested);
+    QCoreApplication::processEvents();
+    CQueuedCalls calls;
+    model.installEventFilter(&calls);
+    for (int pass = 0; pass < 10; ++pass)
+        QCoreApplication::processEvents();
+    QCOMPARE(calls.count, 0);
 }
 
 void tst_AWorkerNodeDataModel::frameThatComesAsItStartsIsTheSecond()

@@ -150,6 +150,7 @@ private Q_SLOTS:
     void askingForTypesMayEndTheScene();
     void askingForTypesMayRemoveOneNode();
     void askingForNamesMayEndTheScene();
+    void askingForNamesMayRemoveOneNode();
     void dataOfAnotherTypeThanAnnounced();
     void askingDataForItsTypeMayEndTheNode();
     void converterThatGivesAnotherType();
@@ -368,6 +369,27 @@ void tst_Mistakes::converterThatGivesAnotherType()
                                    "comes there.")
                         .arg(idText(in));
     QCOMPARE(messages.texts("halvex.usage"), expected);
+}
+
+void tst_Mistakes::askingForNamesMayRemoveOneNode()
+{
+    for (const ENodePortType leaving : {ENodePortType::In, ENodePortType::Out}) {
+        const CMessageCatcher messages;
+        CTestScene scene(nullptr, nullptr);
+        auto giver = std::make_unique<CTestModel>();
+        CTestModel& model = *giver;
+        CNodeBase& out = scene.createNode(std::move(giver));
+        auto taker = std::make_unique<CTestModel>();
+        taker->onDataType = [](ENodePortType, NodePortIndex) { return SNodeDataType{"Image", "I"}; };
+        CNodeBase& in = scene.createNode(std::move(taker));
+        model.onName = [&, leaving] {
+            model.onName = {};
+            scene.removeNode(leaving == ENodePortType::In ? in : out);
+        };
+        scene.createConnection(in, 0, out, 0, {});
+        QCOMPARE(scene.nodes().size(), std::size_t(1));
+        QCOMPARE(messages.texts(), QStringList());
+    }
 }
 
 void tst_Mistakes::exceptionThroughAnEventLoop()

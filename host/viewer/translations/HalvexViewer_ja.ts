@@ -25,7 +25,7 @@
     </message>
     <message>
         <source>camera &apos;%1&apos; has gone: it no longer answers</source>
-        <translation>カメラ「%1」がなくなりました: 応答しません</translation>
+        <translation>カメラ「%1」が切断されました: 応答しません</translation>
     </message>
 </context>
 <context>
@@ -1507,7 +1507,7 @@ Ctrl+K ですべてのコマンドを検索できます。</translation>
     <name>Host::CSharedCamera</name>
     <message>
         <source>camera &apos;%1&apos; has gone</source>
-        <translation>カメラ「%1」がなくなりました</translation>
+        <translation>カメラ「%1」が応答しなくなりました</translation>
     </message>
 </context>
 <context>
@@ -2615,15 +2615,15 @@ Ctrl+K ですべてのコマンドを検索できます。</translation>
     <name>Host::attempt</name>
     <message>
         <source>%1 fails</source>
-        <translation>%1 に失敗しました</translation>
+        <translation>%1に失敗しました</translation>
     </message>
     <message>
         <source>%1 throws: %2</source>
-        <translation>%1 で例外が発生しました: %2</translation>
+        <translation>%1で例外が発生しました: %2</translation>
     </message>
     <message>
         <source>%1 throws</source>
-        <translation>%1 で例外が発生しました</translation>
+        <translation>%1で例外が発生しました</translation>
     </message>
 </context>
 </TS>
