@@ -145,7 +145,7 @@ private:
     // What a walk reads comes first.
     CNodeVisit* m_visit = nullptr; // the innermost stretch of code that stands in the node: places stay where they are
     // Survives number off by one: changes are only compared with one another.
-    quint64 m_lastChange = 0; // of the rows, counted
+    quint64 m_lastChange = 0; // its number among those of the rows
     uint m_readyRows = 0;     // that a walk may read at once: all, or none once a host may have written into the tables
     int m_outPorts = 0;
     Rows m_outRows;

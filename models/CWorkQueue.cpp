@@ -137,6 +137,7 @@ void CWorkQueue::add(Inputs& inputs, const std::shared_ptr<const Work>& work)
     CJob* next = nullptr;
     {
         const QMutexLocker lock(&m_mutex);
+        Q_ASSERT(m_limits.waiting > 0);
         ++m_counts.received;
         if (m_limits.dropsNewest && m_waitingCount >= m_limits.waiting) {
             ++m_counts.dropped;

@@ -41,7 +41,7 @@ public:
     using Inputs = AWorkerNodeDataModel::Inputs;
     using Work = AWorkerNodeDataModel::Work;
 
-    /// Nothing is worked on before the receiver has set them.
+    /// The receiver sets them before the first frame.
     struct SLimits
     {
         int waiting = 0;

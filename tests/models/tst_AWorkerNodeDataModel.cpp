@@ -30,8 +30,6 @@ bool addsUp(const SWorkerStatistics& counts)
     return counts.received == counts.emitted + counts.dropped + counts.cancelled + counts.failed + counts.pending;
 }
 
-} // namespace
-
 /// Counts what comes to an object as a queued call.
 class CQueuedCalls : public QObject
 {
@@ -44,6 +42,8 @@ public:
 
     int count = 0;
 };
+
+} // namespace
 
 class tst_AWorkerNodeDataModel : public QObject
 {

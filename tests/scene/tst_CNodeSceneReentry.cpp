@@ -545,7 +545,7 @@ void tst_CNodeSceneReentry::dyingSceneTakesNothingIn()
 
 void tst_CNodeSceneReentry::dyingSceneIsSilent()
 {
-    // So is what the destructor of its information object asks for.
+    // What the destructor of its information object asks for is not announced.
     CPairScene other;
     std::unique_ptr<CTestScene> dying;
     CNodeConnection* half = nullptr;

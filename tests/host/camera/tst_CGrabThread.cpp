@@ -226,7 +226,7 @@ void tst_CGrabThread::cameraWithoutAWholeFrame()
     QCOMPARE(endOf(incomplete, 1h, 1h), QString());
 }
 
-// Its cable is pulled in the middle of a frame. How long it may then be silent is another question, as is who waits.
+// Its cable is pulled in the middle of a frame. From then on only the silence says whether it has gone.
 void tst_CGrabThread::silenceBehindAnIncompleteFrameIsSilence()
 {
     using EGrab = IFrameSource::EGrab;
