@@ -3,7 +3,11 @@
 
 #include "host/viewer/base/CLanguage.h"
 
+#include "host/check/CShapeCheck.h"
+
 #include <QEvent>
+#include <QJsonArray>
+#include <QJsonObject>
 #include <QSet>
 #include <QTest>
 #include <QWidget>
@@ -30,6 +34,7 @@ class tst_CLanguage : public QObject
 private Q_SLOTS:
     void systemLanguageIsOneOfOurs();
     void everyLanguageHasTexts();
+    void titlesOfSchemasAreTranslated();
     void widgetsHearOfAChange();
     void unknownLanguageIsIgnored();
     void textsGoWithTheObject();
@@ -40,6 +45,19 @@ namespace {
 QString runText()
 {
     return QCoreApplication::translate("Host::CCameraPanel", "Disconnect");
+}
+
+// Of everything that a schema describes.
+QStringList titlesIn(const QJsonValue& schema)
+{
+    QStringList titles;
+    if (schema.toObject().value(QLatin1String("title")).isString())
+        titles << schema.toObject().value(QLatin1String("title")).toString();
+    const QVariantList members =
+        schema.isArray() ? schema.toArray().toVariantList() : schema.toObject().toVariantMap().values();
+    for (const QVariant& member : members)
+        titles << titlesIn(QJsonValue::fromVariant(member));
+    return titles;
 }
 
 } // namespace
@@ -61,6 +79,18 @@ void tst_CLanguage::everyLanguageHasTexts()
         QVERIFY(!CLanguage::nativeName(code).isEmpty());
     }
     QCOMPARE(texts.size(), CLanguage::codes().size());
+}
+
+void tst_CLanguage::titlesOfSchemasAreTranslated()
+{
+    CLanguage language;
+    language.install(QStringLiteral("ja"));
+    const QStringList titles =
+        titlesIn(shippedSchema(QStringLiteral("chain"))) + titlesIn(shippedSchema(QStringLiteral("scene")));
+    QVERIFY(titles.size() > 10);
+    for (const QString& title : titles)
+        QVERIFY2(QCoreApplication::translate("Host::SchemaTitle", title.toUtf8().constData()) != title,
+                 qPrintable(title));
 }
 
 void tst_CLanguage::widgetsHearOfAChange()
