@@ -44,9 +44,9 @@ public:
     /// The receiver sets them before the first frame.
     struct SLimits
     {
-        int waiting = 0;
-        bool dropsNewest = false;
-        int parallelism = 0;
+        int waiting;
+        bool dropsNewest;
+        int parallelism;
     };
     /// What goes out: data, nothing for empty data, or what went wrong.
     struct SResult
@@ -116,7 +116,7 @@ private:
     mutable QMutex m_mutex;
     AWorkerNodeDataModel* m_receiver; // null once it is gone; written under both
     QPointer<QThreadPool> m_pool;     // null: Qt's global one
-    SLimits m_limits;
+    SLimits m_limits{};
     std::vector<std::unique_ptr<CJob>> m_jobs; // all there are
     SList m_unused;
     SList m_begun;   // worked on or ready

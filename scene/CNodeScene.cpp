@@ -210,8 +210,6 @@ void CNodeScene::removeNode(CNodeBase& node)
     });
     if (!isAnnounced && !m_queue->run([&] { emitGuarded([&] { Q_EMIT nodeDeleted(node); }); }))
         return;
-    if (!holds(node))
-        return;
     node.m_stage = ENodeStage::Closed;
     const auto ids = node.m_state.connectionIds();
     for (const Core::CId& id : ids) {

@@ -209,7 +209,7 @@ def statements(code):
 
 # What is declared is used: without its declaration nothing compiles. A guard is not used, it has parentheses.
 DECLARATION = r"(?!delete |Q_EMIT )((explicit|static|void|bool) .*|[\w:<>,*&\s]+[\s*&]\w+( = .*|\{.*\})?;)"
-MAKES = r"(?!delete |Q_EMIT )[\w:<>,*&\s]+[\s*&](\w+)(?: =|[({;])"  # with parentheses, too
+MAKES = r"(?!delete |Q_EMIT )(?:decltype\([\w.]+\) |[\w:<>,*&\s]+[\s*&])(\w+)(?: =|[({;])"  # with parentheses, too
 KEPT = r"return\b(?!;)|using\b|friend\b|break\b|static_cast<void>|Q_UNUSED"
 
 
@@ -224,6 +224,9 @@ CHANGED = (rf"({PLACE})(?:\[[^\]]*\])? \W?= ", rf"(?:\+\+|--)({PLACE})", rf"({PL
            rf"({PLACE})\.\w+\(", rf"\b(?:move|exchange)\(({PLACE})", rf"[(,] ?&({PLACE})")
 # Of the class's own, through a pointer, or of a destructor that may be anybody's: it may change all.
 CALL = r"(?<![\w.:])(?!q?u?int\d*\(|bool\(|double\()[a-z]\w*\(|\bthis\b|\.(?:reset|clear)\("
+
+
+WARNS = r"HALVEX_WARN_"  # in builds with assertions, of what holds for the whole function
 
 
 def do_meet(one, other):
@@ -243,6 +246,8 @@ def exchanged_neighbours(code, text):
         one, two = code[start:middle], code[following:end]
         if block != other or first or second or code[middle:following].strip() or not do_meet(one, two):
             continue
+        if re.match(WARNS, one) or re.match(WARNS, two):
+            continue
         made, also_made = (re.match(MAKES, each) for each in (one, two))
         if made and (also_made or re.search(rf"\b{made.group(1)}\b", two)):
             continue  # another order does not compile, or makes no difference
@@ -253,7 +258,7 @@ def exchanged_neighbours(code, text):
 def returned_values(code, text):
     for start, end, _, _ in statements(code):
         match = re.fullmatch(r"return\s+(.+);", code[start:end], re.DOTALL)
-        if not match or re.fullmatch(r"true|false|nullptr|0|\*this|\{\}|[\w:]+\(\)", match.group(1)):
+        if not match or re.fullmatch(r"true|false|nullptr|std::nullopt|0|\*this|\{\}|[\w:]+\(\)", match.group(1)):
             continue
         yield start, end, "return {};"
         if not re.search(r"[{$]| [=!]= ", match.group(1)):

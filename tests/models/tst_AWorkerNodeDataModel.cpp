@@ -68,11 +68,11 @@ private Q_SLOTS:
     void keepsNothingOfAResultThatIsCancelled();
     void emptyDataComesAfterCompleteResults();
     void countsAddUpAtEveryMoment();
-    void timesTheWork();
 
     void gathersTheNewestOfEach();
     void gathersTheSameNumber();
     void forgetsWhatFindsNoPartner();
+    void dataThatIsForgottenMaySend();
     void dropsFramesOfTheSameNumberWhole();
     void passesOverPortsThatDoNotExist();
 
@@ -80,6 +80,7 @@ private Q_SLOTS:
     void missingResultIsEmptyData();
     void saysWhenItComputes();
     void asksForNoTimeWhileNothingComes();
+    void tellsItsThreadOnceOfWhatIsReady();
     void frameThatComesAsItStartsIsTheSecond();
     void resultThatIsOvertakenIsNotAnnounced();
     void handlerThatThrowsHoldsNothingUp();
@@ -341,25 +342,6 @@ void tst_AWorkerNodeDataModel::countsAddUpAtEveryMoment()
     QCOMPARE(model.statistics().received, quint64(3000));
 }
 
-void tst_AWorkerNodeDataModel::timesTheWork()
-{
-    CWorkerModel model;
-    QCOMPARE(model.statistics().workSum, qint64(0));
-    QCOMPARE(model.statistics().workP50, qint64(0));
-    model.setWork([](const auto& inputs) {
-        if (CTestData::valueOf(inputs.front()) == 2)
-            QThread::msleep(20); // the longest comes neither first nor last: the order of frames is not that of times
-        return CWorkerModel::addUp(inputs);
-    });
-    for (int count = 1; count <= 3; ++count) {
-        model.send(count);
-        QTRY_COMPARE(model.values.size(), std::size_t(count));
-    }
-    const SWorkerStatistics counts = model.statistics();
-    QVERIFY(counts.workP50 > 0 && counts.workP50 < counts.workP99);
-    QVERIFY(counts.workSum >= counts.workP50 + counts.workP99);
-}
-
 void tst_AWorkerNodeDataModel::gathersTheNewestOfEach()
 {
     CWorkerModel model(2);
@@ -401,6 +383,19 @@ void tst_AWorkerNodeDataModel::forgetsWhatFindsNoPartner()
         model.send(10 * count, 0);
         QCOMPARE(CTestData::alive(), qMin(count, 16)); // the oldest goes, and it alone
     }
+}
+
+void tst_AWorkerNodeDataModel::dataThatIsForgottenMaySend()
+{
+    CWorkerModel model(2, EGathering::SameNumber);
+    auto oldest = CTestData::make(10);
+    oldest->onDestroyed = [&model] { model.send(500); };
+    model.setInData(std::move(oldest), 0);
+    for (int number = 2; number <= 17; ++number)
+        model.send(10 * number); // the last one has the oldest forgotten, and what that sends has 20 forgotten
+    model.send(21, 1);
+    model.send(31, 1);
+    QTRY_COMPARE(model.values, Values{61});
 }
 
 void tst_AWorkerNodeDataModel::dropsFramesOfTheSameNumberWhole()
@@ -514,6 +509,29 @@ void tst_AWorkerNodeDataModel::asksForNoTimeWhileNothingComes()
     for (int pass = 0; pass < 10; ++pass)
         QCoreApplication::processEvents();
     QCOMPARE(calls.count, 0);
+}
+
+void tst_AWorkerNodeDataModel::tellsItsThreadOnceOfWhatIsReady()
+{
+    SGatedModel gated(2);
+    CQueuedCalls calls;
+    gated.model->installEventFilter(&calls);
+    const auto waitForThreads = [&gated](int working) {
+        waitUntil("the others are done", [&] { return gated.pool.activeThreadCount() == working; });
+    };
+    gated.model->send(1);
+    gated.model->send(2);
+    gated.work.open(2);
+    waitForThreads(1);
+    QCoreApplication::processEvents();
+    QCOMPARE(calls.count, 0); // it is not its turn
+    gated.work.open(1);
+    waitForThreads(0);
+    gated.model->send(3);
+    gated.work.open(3);
+    waitForThreads(0);
+    QTRY_COMPARE(gated.model->values, (Values{1, 2, 3}));
+    QCOMPARE(calls.count, 1);
 }
 
 void tst_AWorkerNodeDataModel::frameThatComesAsItStartsIsTheSecond()

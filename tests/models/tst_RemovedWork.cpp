@@ -29,6 +29,7 @@ private Q_SLOTS:
     void removedByWhatItIsAsked();
     void takesAndGivesNothingWhileItEnds();
     void takesWhatHasNotBegunOutOfThePool();
+    void keepsNothingOfWhatHasNotBegun();
     void waitsForRemovedWorkWithABound();
     void waitsForRemovedWorkWithoutABound();
 };
@@ -129,6 +130,18 @@ void tst_RemovedWork::takesWhatHasNotBegunOutOfThePool()
     QVERIFY(AWorkerNodeDataModel::waitForRemovedWork(0));
     blocking.work.open(1);
     QTRY_COMPARE(blocking.model->values, std::vector<int>{1});
+}
+
+void tst_RemovedWork::keepsNothingOfWhatHasNotBegun()
+{
+    SGatedModel gated;
+    gated.model->setParallelism(2); // of which the pool can only do one
+    gated.model->send(1);
+    gated.model->send(2);
+    gated.work.waitForBegin();
+    gated.model.reset();
+    QCOMPARE(CTestData::alive(), 1);
+    gated.work.open(1);
 }
 
 void tst_RemovedWork::waitsForRemovedWorkWithABound()

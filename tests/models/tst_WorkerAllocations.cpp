@@ -17,6 +17,7 @@ class tst_WorkerAllocations : public QObject
 
 private Q_SLOTS:
     void droppedFramesAllocateNothing();
+    void framesOneAfterTheOtherTakeNoMoreMemory();
 };
 
 void tst_WorkerAllocations::droppedFramesAllocateNothing()
@@ -37,6 +38,27 @@ void tst_WorkerAllocations::droppedFramesAllocateNothing()
     gated.work.open(1);
     gated.work.open(2);
     QTRY_COMPARE(gated.model->values, (std::vector<int>{1, 2}));
+}
+
+void tst_WorkerAllocations::framesOneAfterTheOtherTakeNoMoreMemory()
+{
+    CWorkerModel model;
+    const CNodeDataPtr data = CTestData::make(1);
+    const auto work = [&model, &data](quint64 frames) {
+        const quint64 last = model.statistics().emitted + frames;
+        while (model.statistics().received < last) {
+            model.setInData(data, 0);
+            waitUntil("the frame is done", [&model] {
+                QCoreApplication::processEvents();
+                return model.statistics().pending == 0;
+            });
+        }
+    };
+    model.values.reserve(1100);
+    work(100);
+    const double before = bytesInUse();
+    work(1000);
+    QVERIFY2(bytesInUse() - before < 32 * 1024, qPrintable(QString::number(bytesInUse() - before)));
 }
 
 QTEST_GUILESS_MAIN(tst_WorkerAllocations)

@@ -96,6 +96,8 @@ private Q_SLOTS:
     void consumersOfARemovedNodeReceiveEmptyData();
     void selfConnectionGoesOnce();
     void strangeNodeIsLeftAlone();
+    void askingOnceMoreLeavesItWholeWhileItGoes();
+    void nodeThatAHandlerRemovedIsNone();
     void nodeWithAChangedIdGoesAlone();
 
     void isBeingDestroyedInItsDestructorAlone();
@@ -381,6 +383,34 @@ void tst_CNodeScene::strangeNodeIsLeftAlone()
     scene.removeNode(ofNobody);
     QCOMPARE(scene.log.said + other.log.said, QStringList());
     QCOMPARE(other.nodes().size(), std::size_t(2));
+}
+
+void tst_CNodeScene::askingOnceMoreLeavesItWholeWhileItGoes()
+{
+    CPairScene scene;
+    const auto connection = join(scene, scene.a, scene.b);
+    bool isThere = false;
+    connect(&scene, &CNodeScene::nodeDeleted, [&](CNodeBase& node) {
+        scene.removeNode(node);
+        isThere = scene.nodes().count(node.id()) == 1 && isWhole(scene, *connection);
+    });
+    scene.removeNode(scene.a.node);
+    QVERIFY(isThere);
+    QCOMPARE(scene.log.said, QStringList({"connected A0-B0", "deleted A", "disconnected A0-B0"}));
+}
+
+void tst_CNodeScene::nodeThatAHandlerRemovedIsNone()
+{
+    CPairScene scene;
+    const CNodeBase* inner = nullptr;
+    connect(&scene, &CNodeScene::nodeCreated, [&](CNodeBase& node) {
+        if (node.nodeDataModel()->name() == "outer")
+            inner = &place(scene, "inner").node;
+        else
+            scene.removeNode(node); // it lives on until the outer operation has ended
+    });
+    QVERIFY(&place(scene, "outer").node != &CNodeScene::noNode());
+    QCOMPARE(inner, &CNodeScene::noNode());
 }
 
 void tst_CNodeScene::nodeWithAChangedIdGoesAlone()

@@ -8,6 +8,9 @@
 #include <QtTest>
 
 #include <limits>
+#include <memory>
+#include <stdexcept>
+#include <utility>
 #include <vector>
 
 using namespace Plugin::Halvex;
@@ -66,6 +69,8 @@ private Q_SLOTS:
     void sharedConnectionLivesOn();
     void strangeConnectionIsLeftAlone_data() { deletesAtOnce_data(); }
     void strangeConnectionIsLeftAlone();
+    void connectionThatAHandlerKeptCanBeDeleted();
+    void destroyedConnectionIsInNoTable();
 };
 
 void tst_CNodeSceneConnections::cleanup()
@@ -322,6 +327,34 @@ void tst_CNodeSceneConnections::strangeConnectionIsLeftAlone()
     QCOMPARE(log.said, QStringList());
     QCOMPARE(other.log.said, QStringList{"connected A0-B0"});
     QVERIFY(isWhole(other, *ofOther));
+}
+
+void tst_CNodeSceneConnections::connectionThatAHandlerKeptCanBeDeleted()
+{
+    CPairScene scene;
+    const auto connection = join(scene, scene.a, scene.b);
+    connect(&scene, &CNodeScene::connectionDeleted, [throws = true]() mutable {
+        if (std::exchange(throws, false))
+            throw std::runtime_error("handler");
+    });
+    QVERIFY_EXCEPTION_THROWN(scene.deleteConnectionNow(*connection), std::runtime_error);
+    QVERIFY(isWhole(scene, *connection));
+    scene.deleteConnectionNow(*connection);
+    QVERIFY(scene.connections().empty());
+    QCOMPARE(entriesOf(scene), std::size_t(0));
+}
+
+void tst_CNodeSceneConnections::destroyedConnectionIsInNoTable()
+{
+    CPairScene scene;
+    int tables = -1;
+    {
+        const std::shared_ptr<void> released(nullptr, [&](void*) { tables = int(scene.connections().size()); });
+        scene.createConnection(scene.b.node, 0, scene.a.node, 0, [released](CNodeDataPtr data) { return data; });
+    }
+    QCOMPARE(tables, -1);
+    scene.deleteConnectionNow(*scene.connections().begin()->second);
+    QCOMPARE(tables, 0);
 }
 
 QTEST_GUILESS_MAIN(tst_CNodeSceneConnections)

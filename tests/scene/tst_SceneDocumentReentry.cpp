@@ -74,6 +74,7 @@ private Q_SLOTS:
     void handlersThatThrow();
     void restoreThatThrows();
     void replacedNodeIsOutAtOnce();
+    void replacedModelRemovesTheNewNode();
     void newNodeIsReplacedWhenItIsAnnounced();
     void nameOfAModelRemovesNodes() const;
 
@@ -204,6 +205,18 @@ void tst_SceneDocumentReentry::restoreThatThrows()
     world.onCreate = nullptr;
     world.load({}, chainConnections());
     QCOMPARE(world.scene->connections().size(), std::size_t(2));
+}
+
+void tst_SceneDocumentReentry::replacedModelRemovesTheNewNode()
+{
+    const World world;
+    world.load({nodeJson(idA)});
+    world.log->said.clear();
+    world.model(idA).onDestroyed = [&world] { world.scene->removeNode(world.node(idA)); };
+    world.load({nodeJson(idA)});
+    QVERIFY(!world.has(idA));
+    QCOMPARE(world.log->count("created"), 0);
+    QCOMPARE(world.log->count("deleted"), 1);
 }
 
 void tst_SceneDocumentReentry::replacedNodeIsOutAtOnce()

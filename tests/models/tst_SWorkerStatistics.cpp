@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: 2026 The Halvex authors
+// SPDX-License-Identifier: LicenseRef-Halvex
+
+#include <Halvex/models/SWorkerStatistics.h>
+
+#include "CWorkerModel.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+#include <QThread>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+using namespace Plugin::Halvex;
+
+namespace {
+
+void sendAndWait(CWorkerModel& model, CNodeDataPtr data)
+{
+    const quint64 last = model.statistics().received + 1;
+    model.setInData(std::move(data), 0);
+    waitUntil("the result goes out", [&model, last] {
+        QCoreApplication::processEvents();
+        return model.statistics().emitted == last;
+    });
+}
+
+/// The smallest of \a times that so many in a hundred do not exceed.
+qint64 percentile(std::vector<qint64> times, std::size_t percent)
+{
+    std::sort(times.begin(), times.end());
+    const std::size_t covered = (times.size() * percent + 99) / 100;
+    return times[covered - 1];
+}
+
+} // namespace
+
+class tst_SWorkerStatistics : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void timesAreNoneBeforeTheFirstFrame();
+    void timesAreThoseOfTheFrames();
+    void timesLeaveOutWhatTheEndOfInputsTakes();
+};
+
+void tst_SWorkerStatistics::timesAreNoneBeforeTheFirstFrame()
+{
+    const CWorkerModel model;
+    QCOMPARE(model.statistics().workSum, qint64(0));
+    QCOMPARE(model.statistics().workP50, qint64(0));
+    QCOMPARE(model.statistics().workP99, qint64(0));
+}
+
+void tst_SWorkerStatistics::timesAreThoseOfTheFrames()
+{
+    QElapsedTimer clock;
+    clock.start();
+    CWorkerModel model;
+    std::vector<qint64> times;
+    qint64 sum = 0;
+    for (int frame = 1; frame <= 201; ++frame) {
+        sendAndWait(model, CTestData::make(frame));
+        const SWorkerStatistics counts = model.statistics();
+        times.push_back(counts.workSum - sum);
+        sum = counts.workSum;
+        QVERIFY(times.back() > 0);
+        QCOMPARE(counts.workP50, percentile(times, 50));
+        QCOMPARE(counts.workP99, percentile(times, 99));
+    }
+    QVERIFY(sum < clock.nsecsElapsed());
+}
+
+void tst_SWorkerStatistics::timesLeaveOutWhatTheEndOfInputsTakes()
+{
+    QElapsedTimer clock;
+    clock.start();
+    CWorkerModel model(1, AWorkerNodeDataModel::EGathering::SameNumber); // it keeps no input for later frames
+    qint64 passed = 0;
+    auto data = CTestData::make(1);
+    data->onDestroyed = [&clock, &passed] {
+        passed = clock.nsecsElapsed();
+        while (clock.nsecsElapsed() < 2 * passed)
+            QThread::yieldCurrentThread();
+    };
+    sendAndWait(model, std::move(data));
+    QVERIFY(passed > 0);
+    QVERIFY(model.statistics().workSum < passed);
+}
+
+QTEST_GUILESS_MAIN(tst_SWorkerStatistics)
+#include "tst_SWorkerStatistics.moc"
