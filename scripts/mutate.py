@@ -79,8 +79,8 @@ class Mutant:
 
 # Comments, what is for other compilers or another Qt, the preprocessor, assertions, what makes a function abstract; and
 # the inside of texts.
-LEFT_ALONE = (r"//.*|/\*[\s\S]*?\*/|^#else[\s\S]*?^#endif|^ *#(?:.*\\\n)*.*|\b(?:Q_ASSERT|static_assert)\([^;]*;"
-              r"|(?:(?<=\))|(?<= const)) = 0;"
+LEFT_ALONE = (r"//.*|/\*[\s\S]*?\*/|^(?:#else|#if QT_VERSION >= QT_VERSION_CHECK\(6)[\s\S]*?^#endif|^ *#(?:.*\\\n)*.*"
+              r"|\b(?:Q_ASSERT|static_assert)\([^;]*;|(?:(?<=\))|(?<= const)) = 0;"
               r"|\"(?:[^\"\\\n]|\\.)*\"|'(?:[^'\\\n]|\\.)+'")
 
 
