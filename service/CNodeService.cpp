@@ -148,7 +148,6 @@ void CNodeService::removeSceneOfNode(CNodeBase* node)
 Core::CId CNodeService::connectModels(ANodeDataModel* first, NodePortIndex firstPort, ANodeDataModel* second,
                                       NodePortIndex secondPort)
 {
-    // Survives exchanged neighbours: looking a node up says nothing.
     HALVEX_WARN_IF_IN_OTHER_THREAD();
     CNodeBase* const in = findNodeByModel(first);
     CNodeBase* const out = findNodeByModel(second);

@@ -66,6 +66,9 @@ private Q_SLOTS:
     void sceneIsAddedThenActivatedThenFilled();
     void addedNodeIsFound();
     void modelOfALeavingNodeStaysWhereItIs();
+    void modelIsHandedInOnceMoreAsItIsAdded();
+    void modelRemovesItselfAsItIsHandedInAgain();
+    void nodeThatAHandlerRemovedHasNoId();
 
     void findNodeLooksIntoEveryScene();
 
@@ -411,6 +414,45 @@ void tst_CNodeService::modelOfALeavingNodeStaysWhereItIs()
             QCOMPARE(F::nodeCount(f.active()), CTestModels::alive());
         }
     }
+}
+
+void tst_CNodeService::modelIsHandedInOnceMoreAsItIsAdded()
+{
+    F f;
+    auto source = makeSource();
+    CNamedTestModel* const model = source.get();
+    int times = 0;
+    connect(model, &CNodeDataModel::infoInjected, model, [&] {
+        ++times;
+        QVERIFY(f.addAgain(model) == Core::CId()); // it has no node yet
+    });
+    const Core::CId id = f.add(std::move(source), F::makeInfo()).id;
+    QCOMPARE(times, 1);
+    QCOMPARE(f.service->findNode(id)->nodeDataModel(), model);
+}
+
+void tst_CNodeService::modelRemovesItselfAsItIsHandedInAgain()
+{
+    F f;
+    const SPlaced source = f.addSource();
+    source.model->onIsUnique = [&] { f.service->removeNode(source.id, false); };
+    QVERIFY(f.addAgain(source.model) == Core::CId());
+    QCOMPARE(CTestModels::alive(), 0);
+}
+
+void tst_CNodeService::nodeThatAHandlerRemovedHasNoId()
+{
+    F f;
+    f.addSource();
+    Core::CId inner = Core::CId::createId();
+    connect(f.active(), &CNodeScene::nodeCreated, [&](CNodeBase& node) {
+        if (node.nodeDataModel()->name() == "outer")
+            inner = f.addView("inner").id;
+        else
+            f.active()->removeNode(node); // it lives on until the outer operation has ended
+    });
+    QVERIFY(f.addView("outer").id != Core::CId());
+    QVERIFY(inner == Core::CId());
 }
 
 void tst_CNodeService::findNodeLooksIntoEveryScene()

@@ -56,6 +56,14 @@ void tst_CNodeServiceExceptions::nothingGetsOut_data()
         });
     };
     addModel("isUnique", [](auto& model) { model.onIsUnique = &throwSomething; });
+    add("isUnique of a source that is handed in again", [](F& f) {
+        const SPlaced source = f.addSource("again");
+        f.service->setActiveScene(f.scene(0));
+        source.model->onIsUnique = &throwSomething;
+        QVERIFY(f.addAgain(source.model) == source.id);
+        QCOMPARE(f.active(), f.scene(0));
+        source.model->onIsUnique = nullptr;
+    });
     addModel("ports", [](auto& model) { model.unique = false, model.onPorts = &throwSomething; });
     addModel("ports of a unique source", [](auto& model) { model.onPorts = &throwSomething; });
     addModel("what is no exception", [](auto& model) { model.onPorts = [] { throw 42; }; });
