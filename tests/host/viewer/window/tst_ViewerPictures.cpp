@@ -26,6 +26,7 @@
 #include <QDir>
 #include <QDockWidget>
 #include <QLineEdit>
+#include <QTranslator>
 #include <QTreeWidget>
 
 #include <algorithm>
@@ -91,6 +92,9 @@ void tst_ViewerPictures::states()
     QApplication::setPalette(isDark ? darkPalette() : lightPalette());
     CLanguage texts;
     texts.install(language);
+    QTranslator pluginTexts; // as the plugin has it in the program
+    QVERIFY(pluginTexts.load("Halvex_" + language, ":/translation"));
+    QCoreApplication::installTranslator(&pluginTexts);
     const SWindow test;
     CViewerWindow& window = *test.window;
     m_prefix = QStringLiteral("%1-%2-%3x").arg(isDark ? "dark" : "light", language).arg(window.devicePixelRatio());
