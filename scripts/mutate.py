@@ -336,6 +336,7 @@ class Run:
                                         stdin=subprocess.DEVNULL, stdout=self.output, stderr=subprocess.STDOUT,
                                         start_new_session=True,
                                         env={**os.environ, "GCOV_ERROR_FILE": os.devnull,
+                                             "QTEST_DISABLE_STACK_DUMP": "1",  # a debugger takes seconds
                                              "QTEST_FUNCTION_TIMEOUT": str(still)})
 
     def failure(self):

@@ -4,6 +4,7 @@
 #include "host/base/Shown.h"
 
 #include <QChar>
+#include <QCoreApplication>
 
 #include <string>
 
@@ -41,7 +42,7 @@ QString cut(const QString& line, int most)
 
 QString shown(const QString& text)
 {
-    return QLatin1Char('\'') + cut(printable(text), maxShown) + QLatin1Char('\'');
+    return QCoreApplication::translate("Host::Shown", "'%1'").arg(cut(printable(text), maxShown));
 }
 
 } // namespace Host

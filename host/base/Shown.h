@@ -16,7 +16,7 @@ QString printable(const QString& text);
 /// The beginning of \a line, and "..." if that is not all of it: at most so many UTF-16 units, and no half letter.
 QString cut(const QString& line, int most);
 
-/// \a text from elsewhere within a line: printable(), in quotes, and cut when it is long.
+/// \a text from elsewhere within a line: printable(), in the quotes of the language, and cut when it is long.
 QString shown(const QString& text);
 
 } // namespace Host

@@ -6,6 +6,7 @@
 #include "CWorkerModel.h"
 
 #include <QElapsedTimer>
+#include <QSignalSpy>
 #include <QTest>
 #include <QThread>
 
@@ -19,12 +20,9 @@ namespace {
 
 void sendAndWait(CWorkerModel& model, CNodeDataPtr data)
 {
-    const quint64 last = model.statistics().received + 1;
+    QSignalSpy sent(&model, &CNodeDataModel::dataUpdated);
     model.setInData(std::move(data), 0);
-    waitUntil("the result goes out", [&model, last] {
-        QCoreApplication::processEvents();
-        return model.statistics().emitted == last;
-    });
+    QVERIFY(sent.wait());
 }
 
 /// The smallest of \a times that so many in a hundred do not exceed.

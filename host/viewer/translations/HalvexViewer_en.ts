@@ -2613,6 +2613,13 @@ Ctrl+K finds every command.</translation>
     </message>
 </context>
 <context>
+    <name>Host::Shown</name>
+    <message>
+        <source>&apos;%1&apos;</source>
+        <translation>&apos;%1&apos;</translation>
+    </message>
+</context>
+<context>
     <name>Host::WritePng</name>
     <message>
         <source>the image has no PNG form</source>

@@ -1109,7 +1109,7 @@
     </message>
     <message>
         <source>no model %1 is registered</source>
-        <translation>モデル %1 は登録されていません</translation>
+        <translation>モデル%1は登録されていません</translation>
     </message>
     <message>
         <source>asking for ports</source>
@@ -2602,6 +2602,13 @@ Ctrl+K ですべてのコマンドを検索できます。</translation>
     <message>
         <source>%1 to %2</source>
         <translation>%1～%2</translation>
+    </message>
+</context>
+<context>
+    <name>Host::Shown</name>
+    <message>
+        <source>&apos;%1&apos;</source>
+        <translation>「%1」</translation>
     </message>
 </context>
 <context>

@@ -2605,6 +2605,13 @@ Ctrl+K로 모든 명령을 찾을 수 있습니다.</translation>
     </message>
 </context>
 <context>
+    <name>Host::Shown</name>
+    <message>
+        <source>&apos;%1&apos;</source>
+        <translation>&apos;%1&apos;</translation>
+    </message>
+</context>
+<context>
     <name>Host::WritePng</name>
     <message>
         <source>the image has no PNG form</source>

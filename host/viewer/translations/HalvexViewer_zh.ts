@@ -2605,6 +2605,13 @@ Ctrl+K finds every command.</source>
     </message>
 </context>
 <context>
+    <name>Host::Shown</name>
+    <message>
+        <source>&apos;%1&apos;</source>
+        <translation>“%1”</translation>
+    </message>
+</context>
+<context>
     <name>Host::WritePng</name>
     <message>
         <source>the image has no PNG form</source>

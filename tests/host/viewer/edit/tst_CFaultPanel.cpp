@@ -104,13 +104,13 @@ void tst_CFaultPanel::speaksTheLanguageOfTheWindow()
     registerViewModels(edited.service.nodes, edited.service.models); // with these they are too many to be listed
     CFaultPanel panel(edited.service.nodes, edited.service.models);
     panel.checkText(unknownModel);
-    QCOMPARE(firstMessage(panel).data().toString(), QStringLiteral("モデル 'Nothing' は登録されていません"));
+    QCOMPARE(firstMessage(panel).data().toString(), QStringLiteral("モデル「Nothing」は登録されていません"));
     QCOMPARE(firstMessage(panel).data(Qt::ToolTipRole).toString(),
-             QStringLiteral("モデル 'Nothing' は登録されていません\nモデルは登録されていること。"));
+             QStringLiteral("モデル「Nothing」は登録されていません\nモデルは登録されていること。"));
     // Put together of a message and a question.
     panel.checkText(R"([{"name": "a", "model": {"name": "Blurr"}, "unique_sources": [["fake"]]}])");
     QCOMPARE(firstMessage(panel).data().toString(),
-             QStringLiteral("モデル 'Blurr' は登録されていません。'Blur' ではありませんか?"));
+             QStringLiteral("モデル「Blurr」は登録されていません。「Blur」ではありませんか?"));
     // What a scene lacks is told at its node, whatever the language.
     const Core::CId blur = edited.add("Blur");
     QVERIFY(edited.connectNodes(edited.camera, edited.add("Edges")));
