@@ -2028,15 +2028,15 @@ Ctrl+K ですべてのコマンドを検索できます。</translation>
     <name>Host::ClosestWords</name>
     <message>
         <source>did you mean %1?</source>
-        <translation>%1 ではありませんか?</translation>
+        <translation>%1ではありませんか?</translation>
     </message>
     <message>
         <source>did you mean %1 or %2?</source>
-        <translation>%1 または %2 ではありませんか?</translation>
+        <translation>%1または%2ではありませんか?</translation>
     </message>
     <message>
         <source>did you mean %1 or %2 or %3?</source>
-        <translation>%1、%2 または %3 ではありませんか?</translation>
+        <translation>%1、%2または%3ではありませんか?</translation>
     </message>
     <message>
         <source>%1; %2</source>
