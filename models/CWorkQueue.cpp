@@ -109,12 +109,11 @@ void CWorkQueue::setLimits(const SLimits& limits)
 {
     CJob* next = nullptr;
     do {
-        {
-            // Survives removed statement: only the race detector sees it.
-            const QMutexLocker lock(&m_mutex);
-            m_limits = limits;
-            next = begin();
-        }
+        // Survives removed statement: only the race detector sees it.
+        QMutexLocker lock(&m_mutex);
+        m_limits = limits;
+        next = begin();
+        lock.unlock();
         start(next);
     } while (next);
 }
@@ -133,45 +132,41 @@ void CWorkQueue::setPool(QThreadPool* pool)
 void CWorkQueue::add(Inputs& inputs, const std::shared_ptr<const Work>& work)
 {
     CDiscarded discarded(*this);
-    CJob* next = nullptr;
-    {
-        const QMutexLocker lock(&m_mutex);
-        Q_ASSERT(m_limits.waiting > 0);
-        ++m_counts.received;
-        if (m_limits.dropsNewest && m_waitingCount >= m_limits.waiting) {
-            ++m_counts.dropped;
-            return;
-        }
-        for (; m_waitingCount >= m_limits.waiting; --m_waitingCount)
-            end(m_waiting.takeFirst(), &SWorkerStatistics::dropped, discarded.jobs);
-
-        CJob& job = makeJob();
-        job.inputs.swap(inputs);
-        job.work = work;
-        m_waiting.append(job);
-        ++m_waitingCount;
-        ++m_counts.pending;
-        next = begin();
+    QMutexLocker lock(&m_mutex);
+    Q_ASSERT(m_limits.waiting > 0);
+    ++m_counts.received;
+    if (m_limits.dropsNewest && m_waitingCount >= m_limits.waiting) {
+        ++m_counts.dropped;
+        return;
     }
+    for (; m_waitingCount >= m_limits.waiting; --m_waitingCount)
+        end(m_waiting.takeFirst(), &SWorkerStatistics::dropped, discarded.jobs);
+
+    CJob& job = makeJob();
+    job.inputs.swap(inputs);
+    job.work = work;
+    m_waiting.append(job);
+    ++m_waitingCount;
+    ++m_counts.pending;
+    CJob* const next = begin();
+    lock.unlock();
     start(next);
 }
 
 void CWorkQueue::cancel()
 {
     CDiscarded discarded(*this);
-    bool isNews = false;
-    {
-        const QMutexLocker lock(&m_mutex);
-        endUnfinished(&SWorkerStatistics::cancelled, discarded.jobs);
-        // One after the other says no more than one.
-        if (!m_begun.first || m_begun.last->isFrame) {
-            CJob& job = makeJob();
-            job.isFrame = false;
-            job.isReady = true;
-            m_begun.append(job);
-        }
-        isNews = becomesNews();
+    QMutexLocker lock(&m_mutex);
+    endUnfinished(&SWorkerStatistics::cancelled, discarded.jobs);
+    // One after the other says no more than one.
+    if (!m_begun.first || m_begun.last->isFrame) {
+        CJob& job = makeJob();
+        job.isFrame = false;
+        job.isReady = true;
+        m_begun.append(job);
     }
+    const bool isNews = becomesNews();
+    lock.unlock();
     if (isNews)
         announce();
 }
@@ -226,23 +221,21 @@ void CWorkQueue::countEnd(quint64 SWorkerStatistics::*count)
 
 std::optional<CWorkQueue::SResult> CWorkQueue::takeNext()
 {
+    QMutexLocker lock(&m_mutex);
+    if (!m_begun.first || !m_begun.first->isReady)
+        return std::nullopt;
+    CJob& job = m_begun.takeFirst();
     SResult result;
-    CJob* next = nullptr;
-    {
-        const QMutexLocker lock(&m_mutex);
-        if (!m_begun.first || !m_begun.first->isReady)
-            return std::nullopt;
-        CJob& job = m_begun.takeFirst();
-        result.data.swap(job.result);
-        result.error.swap(job.error);
-        if (job.isFrame) {
-            --m_ready;
-            countEnd(result.error.isNull() ? &SWorkerStatistics::emitted : &SWorkerStatistics::failed);
-        }
-        // Survives exchanged neighbours: what begins is none of the unused ones.
-        m_unused.append(job);
-        next = begin();
+    result.data.swap(job.result);
+    result.error.swap(job.error);
+    if (job.isFrame) {
+        --m_ready;
+        countEnd(result.error.isNull() ? &SWorkerStatistics::emitted : &SWorkerStatistics::failed);
     }
+    // Survives exchanged neighbours: what begins is none of the unused ones.
+    m_unused.append(job);
+    CJob* const next = begin();
+    lock.unlock();
     start(next);
     return result;
 }
@@ -256,15 +249,11 @@ void CWorkQueue::beginDelivery()
 
 SWorkerStatistics CWorkQueue::statistics() const
 {
-    SWorkerStatistics statistics;
-    decltype(m_times) times{};
-    std::size_t count = 0;
-    {
-        const QMutexLocker lock(&m_mutex);
-        statistics = m_counts;
-        times = m_times;
-        count = std::size_t(qMin(m_timeCount, quint64(times.size())));
-    }
+    QMutexLocker lock(&m_mutex);
+    SWorkerStatistics statistics = m_counts;
+    auto times = m_times;
+    const auto count = std::size_t(qMin(m_timeCount, quint64(times.size())));
+    lock.unlock();
     if (count == 0)
         return statistics;
     std::sort(times.begin(), times.begin() + std::ptrdiff_t(count));
@@ -345,17 +334,14 @@ void CWorkQueue::perform(CJob& job)
     job.clear();
 
     CDiscarded discarded(*this);
-    CJob* next = nullptr;
-    bool isNews = false;
-    {
-        const QMutexLocker lock(&m_mutex);
-        recordTime(time);
-        job.result.swap(result);
-        job.error.swap(error);
-        endRun(job, discarded.jobs);
-        isNews = becomesNews();
-        next = begin();
-    }
+    QMutexLocker lock(&m_mutex);
+    recordTime(time);
+    job.result.swap(result);
+    job.error.swap(error);
+    endRun(job, discarded.jobs);
+    const bool isNews = becomesNews();
+    CJob* const next = begin();
+    lock.unlock();
     if (isNews)
         announce();
     start(next);

@@ -208,13 +208,14 @@ void CNodeScene::removeNode(CNodeBase& node)
         if (!visit.isOver())
             node.m_stage = ENodeStage::Staying;
     });
-    if (!isAnnounced && !m_queue->run([&] { emitGuarded([&] { Q_EMIT nodeDeleted(node); }); }))
-        return;
+    if (!isAnnounced)
+        m_queue->run([&] { emitGuarded([&] { Q_EMIT nodeDeleted(node); }); });
     node.m_stage = ENodeStage::Closed;
+    // One that has gone meanwhile, maybe with the scene, has no connections.
     const auto ids = node.m_state.connectionIds();
     for (const Core::CId& id : ids) {
         if (!deferDeletion(id))
-            return;
+            break;
     }
     if (!holds(node))
         return;

@@ -248,6 +248,9 @@ def exchanged_neighbours(code, text):
             continue
         if re.match(WARNS, one) or re.match(WARNS, two):
             continue
+        signals = [re.match(r"connect\(([^,]+, [^,]+),", each) for each in (one, two)]
+        if all(signals) and signals[0].group(1) != signals[1].group(1):
+            continue  # the order tells only of slots of the same signal
         made, also_made = (re.match(MAKES, each) for each in (one, two))
         if made and (also_made or re.search(rf"\b{made.group(1)}\b", two)):
             continue  # another order does not compile, or makes no difference

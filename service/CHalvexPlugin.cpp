@@ -23,6 +23,7 @@ CHalvexPlugin::CHalvexPlugin()
 
 CHalvexPlugin::~CHalvexPlugin()
 {
+    // Survives removed statement: the pools' threads are waited for, too.
     m_service.reset();
     // What a thread pool runs for models that are gone is code of this library, to the last instruction.
     if (AWorkerNodeDataModel::waitForRemovedWork())

@@ -71,6 +71,7 @@ private Q_SLOTS:
     void strangeConnectionIsLeftAlone();
     void connectionThatAHandlerKeptCanBeDeleted();
     void destroyedConnectionIsInNoTable();
+    void modelThatIsAskedForItsTypeRemovesAnEnd();
 };
 
 void tst_CNodeSceneConnections::cleanup()
@@ -355,6 +356,23 @@ void tst_CNodeSceneConnections::destroyedConnectionIsInNoTable()
     QCOMPARE(tables, -1);
     scene.deleteConnectionNow(*scene.connections().begin()->second);
     QCOMPARE(tables, 0);
+}
+
+void tst_CNodeSceneConnections::modelThatIsAskedForItsTypeRemovesAnEnd()
+{
+    for (const bool isOutAsked : {true, false}) {
+        CPairScene scene;
+        const SPlaced asked = isOutAsked ? scene.a : scene.b;
+        CNodeBase& other = isOutAsked ? scene.b.node : scene.a.node;
+        asked.model.onDataType = [&](ENodePortType, NodePortIndex) {
+            asked.model.onDataType = nullptr;
+            scene.removeNode(other);
+            return SNodeDataType{QStringLiteral("other"), QString()};
+        };
+        const auto connection = join(scene, scene.a, scene.b);
+        QVERIFY(!isInTable(scene, *connection));
+        QCOMPARE(scene.nodes().size(), std::size_t(1));
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_CNodeSceneConnections)

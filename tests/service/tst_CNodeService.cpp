@@ -70,6 +70,7 @@ private Q_SLOTS:
     void modelRemovesItselfAsItIsHandedInAgain();
     void nodeThatAHandlerRemovedHasNoId();
 
+    void nodeWhoseIdWasChangedStays();
     void findNodeLooksIntoEveryScene();
 
     void connectionIsMadeWithoutAConverter();
@@ -453,6 +454,20 @@ void tst_CNodeService::nodeThatAHandlerRemovedHasNoId()
     });
     QVERIFY(f.addView("outer").id != Core::CId());
     QVERIFY(inner == Core::CId());
+}
+
+void tst_CNodeService::nodeWhoseIdWasChangedStays()
+{
+    F f;
+    f.addSource();
+    const SPlaced view = f.addView();
+    CNodeBase* const node = f.service->findNode(view.id);
+    node->restore(QJsonObject{{"id", Core::CId::createId().toString()}});
+    f.service->removeNode(view.id, false);
+    QCOMPARE(F::nodeCount(f.active()), 2);
+    node->restore(QJsonObject{{"id", view.id.toString()}});
+    f.service->removeNode(view.id, false);
+    QCOMPARE(F::nodeCount(f.active()), 1);
 }
 
 void tst_CNodeService::findNodeLooksIntoEveryScene()
