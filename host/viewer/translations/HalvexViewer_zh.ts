@@ -1109,7 +1109,7 @@
     </message>
     <message>
         <source>no model %1 is registered</source>
-        <translation>未注册模型 %1</translation>
+        <translation>未注册模型%1</translation>
     </message>
     <message>
         <source>asking for ports</source>
@@ -2028,15 +2028,15 @@ Ctrl+K finds every command.</source>
     <name>Host::ClosestWords</name>
     <message>
         <source>did you mean %1?</source>
-        <translation>您是否想用 %1？</translation>
+        <translation>您是否想用%1？</translation>
     </message>
     <message>
         <source>did you mean %1 or %2?</source>
-        <translation>您是否想用 %1 或 %2？</translation>
+        <translation>您是否想用%1或%2？</translation>
     </message>
     <message>
         <source>did you mean %1 or %2 or %3?</source>
-        <translation>您是否想用 %1、%2 或 %3？</translation>
+        <translation>您是否想用%1、%2或%3？</translation>
     </message>
     <message>
         <source>%1; %2</source>

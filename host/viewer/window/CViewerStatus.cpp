@@ -46,7 +46,8 @@ void CViewerStatus::show(const QString& text, const QColor& color)
     palette.setColor(QPalette::WindowText, color);
     m_message->setPalette(palette);
     QString line = text.section(QLatin1Char('\n'), 0, 0);
-    if (line.endsWith(QLatin1Char(':')))
+    constexpr QChar wideColon(0xFF1A); // of Chinese
+    if (line.endsWith(QLatin1Char(':')) || line.endsWith(wideColon))
         line.chop(1); // what follows is in the tool tip
     m_message->setText(line);
     m_message->setToolTip(text);

@@ -50,6 +50,10 @@ void tst_CViewerStatus::messages()
     QCOMPARE(status.message(), QString("done"));
     status.tellError("first line\nsecond line");
     QCOMPARE(status.message(), QString("first line"));
+    for (const char* colon : {":", "\uFF1A"}) {
+        status.tellError(QString::fromUtf8(colon).prepend("it has 1 error") + "\nwhich");
+        QCOMPARE(status.message(), QString("it has 1 error"));
+    }
 }
 
 void tst_CViewerStatus::whoHeldUpTheWindow()
