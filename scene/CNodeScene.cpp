@@ -208,14 +208,15 @@ void CNodeScene::removeNode(CNodeBase& node)
         if (!visit.isOver())
             node.m_stage = ENodeStage::Staying;
     });
-    if (!isAnnounced)
-        m_queue->run([&] { emitGuarded([&] { Q_EMIT nodeDeleted(node); }); });
+    if (!isAnnounced && !m_queue->run([&] { emitGuarded([&] { Q_EMIT nodeDeleted(node); }); }))
+        return;
+    if (!holds(node))
+        return;
     node.m_stage = ENodeStage::Closed;
-    // One that has gone meanwhile, maybe with the scene, has no connections.
     const auto ids = node.m_state.connectionIds();
     for (const Core::CId& id : ids) {
         if (!deferDeletion(id))
-            break;
+            return;
     }
     if (!holds(node))
         return;
