@@ -109,11 +109,12 @@ void CWorkQueue::setLimits(const SLimits& limits)
 {
     CJob* next = nullptr;
     do {
-        // Survives removed statement: only the race detector sees it.
-        QMutexLocker lock(&m_mutex);
-        m_limits = limits;
-        next = begin();
-        lock.unlock();
+        {
+            // Survives removed statement: only the race detector sees it.
+            const QMutexLocker lock(&m_mutex);
+            m_limits = limits;
+            next = begin();
+        }
         start(next);
     } while (next);
 }
@@ -132,41 +133,45 @@ void CWorkQueue::setPool(QThreadPool* pool)
 void CWorkQueue::add(Inputs& inputs, const std::shared_ptr<const Work>& work)
 {
     CDiscarded discarded(*this);
-    QMutexLocker lock(&m_mutex);
-    Q_ASSERT(m_limits.waiting > 0);
-    ++m_counts.received;
-    if (m_limits.dropsNewest && m_waitingCount >= m_limits.waiting) {
-        ++m_counts.dropped;
-        return;
-    }
-    for (; m_waitingCount >= m_limits.waiting; --m_waitingCount)
-        end(m_waiting.takeFirst(), &SWorkerStatistics::dropped, discarded.jobs);
+    CJob* next = nullptr;
+    {
+        const QMutexLocker lock(&m_mutex);
+        Q_ASSERT(m_limits.waiting > 0);
+        ++m_counts.received;
+        if (m_limits.dropsNewest && m_waitingCount >= m_limits.waiting) {
+            ++m_counts.dropped;
+            return;
+        }
+        for (; m_waitingCount >= m_limits.waiting; --m_waitingCount)
+            end(m_waiting.takeFirst(), &SWorkerStatistics::dropped, discarded.jobs);
 
-    CJob& job = makeJob();
-    job.inputs.swap(inputs);
-    job.work = work;
-    m_waiting.append(job);
-    ++m_waitingCount;
-    ++m_counts.pending;
-    CJob* const next = begin();
-    lock.unlock();
+        CJob& job = makeJob();
+        job.inputs.swap(inputs);
+        job.work = work;
+        m_waiting.append(job);
+        ++m_waitingCount;
+        ++m_counts.pending;
+        next = begin();
+    }
     start(next);
 }
 
 void CWorkQueue::cancel()
 {
     CDiscarded discarded(*this);
-    QMutexLocker lock(&m_mutex);
-    endUnfinished(&SWorkerStatistics::cancelled, discarded.jobs);
-    // One after the other says no more than one.
-    if (!m_begun.first || m_begun.last->isFrame) {
-        CJob& job = makeJob();
-        job.isFrame = false;
-        job.isReady = true;
-        m_begun.append(job);
+    bool isNews = false;
+    {
+        const QMutexLocker lock(&m_mutex);
+        endUnfinished(&SWorkerStatistics::cancelled, discarded.jobs);
+        // One after the other says no more than one.
+        if (!m_begun.first || m_begun.last->isFrame) {
+            CJob& job = makeJob();
+            job.isFrame = false;
+            job.isReady = true;
+            m_begun.append(job);
+        }
+        isNews = becomesNews();
     }
-    const bool isNews = becomesNews();
-    lock.unlock();
     if (isNews)
         announce();
 }
@@ -221,21 +226,23 @@ void CWorkQueue::countEnd(quint64 SWorkerStatistics::*count)
 
 std::optional<CWorkQueue::SResult> CWorkQueue::takeNext()
 {
-    QMutexLocker lock(&m_mutex);
-    if (!m_begun.first || !m_begun.first->isReady)
-        return std::nullopt;
-    CJob& job = m_begun.takeFirst();
     SResult result;
-    result.data.swap(job.result);
-    result.error.swap(job.error);
-    if (job.isFrame) {
-        --m_ready;
-        countEnd(result.error.isNull() ? &SWorkerStatistics::emitted : &SWorkerStatistics::failed);
+    CJob* next = nullptr;
+    {
+        const QMutexLocker lock(&m_mutex);
+        if (!m_begun.first || !m_begun.first->isReady)
+            return std::nullopt;
+        CJob& job = m_begun.takeFirst();
+        result.data.swap(job.result);
+        result.error.swap(job.error);
+        if (job.isFrame) {
+            --m_ready;
+            countEnd(result.error.isNull() ? &SWorkerStatistics::emitted : &SWorkerStatistics::failed);
+        }
+        // Survives exchanged neighbours: what begins is none of the unused ones.
+        m_unused.append(job);
+        next = begin();
     }
-    // Survives exchanged neighbours: what begins is none of the unused ones.
-    m_unused.append(job);
-    CJob* const next = begin();
-    lock.unlock();
     start(next);
     return result;
 }
@@ -249,11 +256,15 @@ void CWorkQueue::beginDelivery()
 
 SWorkerStatistics CWorkQueue::statistics() const
 {
-    QMutexLocker lock(&m_mutex);
-    SWorkerStatistics statistics = m_counts;
-    auto times = m_times;
-    const auto count = std::size_t(qMin(m_timeCount, quint64(times.size())));
-    lock.unlock();
+    SWorkerStatistics statistics;
+    decltype(m_times) times{};
+    std::size_t count = 0;
+    {
+        const QMutexLocker lock(&m_mutex);
+        statistics = m_counts;
+        times = m_times;
+        count = std::size_t(qMin(m_timeCount, quint64(times.size())));
+    }
     if (count == 0)
         return statistics;
     std::sort(times.begin(), times.begin() + std::ptrdiff_t(count));
@@ -334,14 +345,17 @@ void CWorkQueue::perform(CJob& job)
     job.clear();
 
     CDiscarded discarded(*this);
-    QMutexLocker lock(&m_mutex);
-    recordTime(time);
-    job.result.swap(result);
-    job.error.swap(error);
-    endRun(job, discarded.jobs);
-    const bool isNews = becomesNews();
-    CJob* const next = begin();
-    lock.unlock();
+    CJob* next = nullptr;
+    bool isNews = false;
+    {
+        const QMutexLocker lock(&m_mutex);
+        recordTime(time);
+        job.result.swap(result);
+        job.error.swap(error);
+        endRun(job, discarded.jobs);
+        isNews = becomesNews();
+        next = begin();
+    }
     if (isNews)
         announce();
     start(next);
