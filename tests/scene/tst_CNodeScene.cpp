@@ -390,7 +390,7 @@ void tst_CNodeScene::askingOnceMoreLeavesItWholeWhileItGoes()
     CPairScene scene;
     const auto connection = join(scene, scene.a, scene.b);
     bool isThere = false;
-    connect(&scene, &CNodeScene::nodeDeleted, [&](CNodeBase& node) {
+    connect(&scene, &CNodeScene::nodeDeleted, &scene, [&](CNodeBase& node) {
         scene.removeNode(node);
         isThere = scene.nodes().count(node.id()) == 1 && isWhole(scene, *connection);
     });
@@ -403,7 +403,7 @@ void tst_CNodeScene::nodeThatAHandlerRemovedIsNone()
 {
     CPairScene scene;
     const CNodeBase* inner = nullptr;
-    connect(&scene, &CNodeScene::nodeCreated, [&](CNodeBase& node) {
+    connect(&scene, &CNodeScene::nodeCreated, &scene, [&](CNodeBase& node) {
         if (node.nodeDataModel()->name() == "outer")
             inner = &place(scene, "inner").node;
         else

@@ -422,13 +422,12 @@ void tst_CNodeService::modelIsHandedInOnceMoreAsItIsAdded()
     F f;
     auto source = makeSource();
     CNamedTestModel* const model = source.get();
-    int times = 0;
-    connect(model, &CNodeDataModel::infoInjected, model, [&] {
-        ++times;
-        QVERIFY(f.addAgain(model) == Core::CId()); // it has no node yet
+    const QSignalSpy injected(model, &CNodeDataModel::infoInjected);
+    connect(model, &CNodeDataModel::infoInjected, model, [service = &f, model] {
+        QVERIFY(service->addAgain(model) == Core::CId()); // it has no node yet
     });
     const Core::CId id = f.add(std::move(source), F::makeInfo()).id;
-    QCOMPARE(times, 1);
+    QCOMPARE(injected.count(), 1);
     QCOMPARE(f.service->findNode(id)->nodeDataModel(), model);
 }
 
@@ -446,7 +445,7 @@ void tst_CNodeService::nodeThatAHandlerRemovedHasNoId()
     F f;
     f.addSource();
     Core::CId inner = Core::CId::createId();
-    connect(f.active(), &CNodeScene::nodeCreated, [&](CNodeBase& node) {
+    connect(f.active(), &CNodeScene::nodeCreated, f.active(), [&](CNodeBase& node) {
         if (node.nodeDataModel()->name() == "outer")
             inner = f.addView("inner").id;
         else
