@@ -224,8 +224,6 @@ CHANGED = (rf"({PLACE})(?:\[[^\]]*\])? \W?= ", rf"(?:\+\+|--)({PLACE})", rf"({PL
            rf"({PLACE})\.\w+\(", rf"\b(?:move|exchange)\(({PLACE})", rf"[(,] ?&({PLACE})")
 # Of the class's own, through a pointer, or of a destructor that may be anybody's: it may change all.
 CALL = r"(?<![\w.:])(?!q?u?int\d*\(|bool\(|double\()[a-z]\w*\(|\bthis\b|\.(?:reset|clear)\("
-
-
 WARNS = r"HALVEX_WARN_"  # in builds with assertions, of what holds for the whole function
 
 

@@ -51,7 +51,7 @@ void tst_CViewerStatus::messages()
     status.tellError("first line\nsecond line");
     QCOMPARE(status.message(), QString("first line"));
     for (const char* colon : {":", "\uFF1A"}) {
-        status.tellError(QString::fromUtf8(colon).prepend("it has 1 error") + "\nwhich");
+        status.tellError(QString("it has 1 error%1\nwhich").arg(QString::fromUtf8(colon)));
         QCOMPARE(status.message(), QString("it has 1 error"));
     }
 }
