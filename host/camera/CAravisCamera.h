@@ -95,6 +95,10 @@ public:
     int freeBuffers() const;
 
     QString stallText(const QString& time, EStall stall, const SGrabStatistics& before) const override;
+
+    /// Whether it no longer answers. Any thread.
+    bool isLost() const { return m_controlLost.load(std::memory_order_acquire); }
+
     /// The camera library's own objects, for questions that this class does not answer. The stream is null while
     /// stopped.
     _ArvCamera* handle() const { return m_camera.get(); }
@@ -111,7 +115,6 @@ private:
     void destroyStream();
     SGrab wrap(_ArvBuffer* buffer);
     quint64 countedUnderruns() const; // by the library
-    bool isLost() const { return m_controlLost.load(std::memory_order_acquire); }
     static void onControlLost(_ArvDevice* device, void* self);
 
     const SCameraOptions m_options;

@@ -100,7 +100,7 @@ QColor accentColor(EAccent accent, const QPalette& palette)
     // From the middle towards the text's end, as far as it must be and no farther: the more colour remains.
     QColor color;
     for (int lightness = 128; lightness >= 0 && lightness <= 255; lightness += onDark ? 1 : -1) {
-        color = QColor::fromHsl(hue.hue, hue.saturation, lightness);
+        color = QColor::fromHsl(hue.hue, hue.saturation, lightness).rgb(); // as the screen has it
         if (std::min(contrast(color, window), contrast(color, base)) >= leastContrast)
             break;
     }

@@ -48,7 +48,7 @@ void drawPicture(QPainter* painter, const QRect& place, const QImage& picture, c
         painter->drawImage(fitted, picture);
     }
     painter->setPen(palette.color(QPalette::Mid));
-    painter->drawRect(place.adjusted(0, 0, -1, -1));
+    painter->drawRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5));
 }
 
 } // namespace

@@ -181,11 +181,10 @@ void CCameraPanel::updateActions()
     const CCameraSession* const session = current();
     const bool isIdle = session && !session->isBusy();
     const bool isReady = isIdle && session->state() == EState::Ready;
-    const bool isRunning = isIdle && (session->state() == EState::Streaming || session->state() == EState::Away);
     m_connect->setEnabled(!session || (isIdle && !session->isOpen()));
     m_start->setEnabled(isReady);
     m_single->setEnabled(isReady);
-    m_stop->setEnabled(isRunning);
+    m_stop->setEnabled(isIdle && session->isGrabbing());
     m_trigger->setEnabled(session && session->isOpen() && !session->isFile());
     m_disconnect->setEnabled(session != nullptr);
 

@@ -22,7 +22,8 @@ using namespace Plugin::Halvex;
 
 namespace {
 
-constexpr int tickInterval = 400; // milliseconds
+constexpr int tickInterval = 400;  // milliseconds
+constexpr int lookInterval = 1000; // the same
 constexpr QSize previewSize(96, 72);
 // A camera that sends nothing is shown with a rate of 0, not ended.
 constexpr std::chrono::hours forEver(24 * 365);
@@ -44,6 +45,8 @@ CCameraSession::CCameraSession(SourceOptions options, INodeService& service, con
 {
     m_timer.setInterval(tickInterval);
     connect(&m_timer, &QTimer::timeout, this, &CCameraSession::onTick);
+    m_lookTimer.setInterval(lookInterval);
+    connect(&m_lookTimer, &QTimer::timeout, this, &CCameraSession::lookForCamera);
 }
 
 CCameraSession::~CCameraSession() = default;
@@ -114,6 +117,8 @@ void CCameraSession::onOpened(std::shared_ptr<CSharedCamera> camera, const QStri
         setState(EState::Failed);
         return;
     }
+    if (m_camera)
+        m_lookTimer.start();
     setState(EState::Ready);
     Q_EMIT opened();
 }
@@ -227,6 +232,20 @@ void CCameraSession::onTick()
     Q_EMIT ticked();
 }
 
+// While it streams, its source does so.
+void CCameraSession::lookForCamera()
+{
+    if (m_isBusy || m_isLooking || m_thread)
+        return;
+    m_isLooking = true;
+    m_work.run([camera = m_camera] { return camera->reopen(); }, this,
+               [this](bool isThere) {
+                   m_isLooking = false;
+                   if (!m_isBusy && !m_thread)
+                       setState(isThere ? EState::Ready : EState::Away);
+               });
+}
+
 // One at a time: they would pile up behind work that takes longer than a tick.
 void CCameraSession::makePreview()
 {
@@ -261,6 +280,7 @@ void CCameraSession::close()
 void CCameraSession::release()
 {
     m_isBusy = true; // or the camera would be opened anew
+    m_lookTimer.stop();
     m_work.run(
         [camera = std::exchange(m_camera, nullptr), source = std::exchange(m_source, nullptr)]() mutable {
             source.reset();

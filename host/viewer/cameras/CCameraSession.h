@@ -42,7 +42,7 @@ class IHostModels;
  * \endcode
  *
  * When it is open its node is made, and with it, by the service, a scene, which becomes the active one. Frames that are
- * grabbed go into that node. A camera that vanishes while it streams is Away until it is there again and goes on by
+ * grabbed go into that node. A camera that vanishes is Away until it is there again; if it streamed, it goes on by
  * itself. When somebody removes the node or the scene, the session has lost its reason and says so.
  *
  * Whatever may take long is done in other threads. While one such thing is under way, isBusy(), what is asked for is
@@ -63,7 +63,7 @@ public:
         Opening,
         Ready, ///< Open, and sends nothing.
         Streaming,
-        Away,  ///< It streamed and does not answer any more; it is waited for.
+        Away,  ///< It does not answer any more and is waited for.
         InUse, ///< It could not be opened: another program uses it.
         Failed ///< It could not be opened for another reason, see error().
     };
@@ -85,6 +85,10 @@ public:
     EState state() const { return m_state; }
     bool isOpen() const { return m_state == EState::Ready || m_state == EState::Streaming || m_state == EState::Away; }
     bool isBusy() const { return m_isBusy; }
+
+    /// Whether it streams, or will as soon as the camera is there again.
+    bool isGrabbing() const { return m_thread != nullptr; }
+
     bool isFile() const { return std::holds_alternative<SFileOptions>(m_options); }
 
     /// What went wrong last; empty if nothing did since.
@@ -148,6 +152,7 @@ private:
     void onGrabEnded(const QString& error);
     void onStopped();
     void onTick();
+    void lookForCamera();
     void makePreview();
     void release();
     void makeNode();
@@ -164,9 +169,11 @@ private:
     bool m_isBusy = false;
     bool m_isClosing = false;
     bool m_isMakingPreview = false;
+    bool m_isLooking = false;
     QPointer<Plugin::Halvex::CNodeScene> m_scene;
     QPointer<Plugin::Halvex::CNodeBase> m_node;
-    QTimer m_timer;
+    QTimer m_timer;     // while it streams
+    QTimer m_lookTimer; // while a camera is open
     quint64 m_framesAtPreview = 0;
     CRateMeter m_rate; // begins anew with each start
     QImage m_preview;

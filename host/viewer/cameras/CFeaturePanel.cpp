@@ -143,7 +143,7 @@ void CFeaturePanel::build(const std::vector<SFeature>& features)
 void CFeaturePanel::placeColumns()
 {
     m_tree->resizeColumnToContents(0);
-    m_tree->setColumnWidth(0, std::min(m_tree->columnWidth(0), m_tree->viewport()->width() * 11 / 20));
+    m_tree->setColumnWidth(0, std::min(m_tree->columnWidth(0), m_tree->viewport()->width() * 12 / 20));
 }
 
 void CFeaturePanel::resizeEvent(QResizeEvent* event)

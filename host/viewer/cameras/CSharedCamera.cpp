@@ -82,19 +82,37 @@ std::unique_ptr<CAravisCamera> CSharedCamera::openCamera(QString* error) const
 }
 
 // Not under the lock where it takes long: who asks for features meanwhile hears that there are none.
+void CSharedCamera::openAnew(QString* error)
+{
+    std::unique_ptr<CAravisCamera> gone;
+    {
+        const QMutexLocker lock(&m_mutex);
+        gone = std::move(m_camera);
+    }
+    gone.reset();
+    auto camera = openCamera(error);
+    const QMutexLocker lock(&m_mutex);
+    m_camera = std::move(camera);
+}
+
+bool CSharedCamera::isLost() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return !m_camera || m_camera->isLost();
+}
+
+bool CSharedCamera::reopen()
+{
+    QString error; // it is asked for again and again: only that it is there is of use
+    if (isLost())
+        openAnew(&error);
+    return !isLost();
+}
+
 std::unique_ptr<IFrameSource> CSharedCamera::lend(bool isNew, QString* error)
 {
-    if (isNew) {
-        std::unique_ptr<CAravisCamera> gone;
-        {
-            const QMutexLocker lock(&m_mutex);
-            gone = std::move(m_camera);
-        }
-        gone.reset();
-        auto camera = openCamera(error);
-        const QMutexLocker lock(&m_mutex);
-        m_camera = std::move(camera);
-    }
+    if (isNew)
+        openAnew(error);
     if (!m_camera)
         return nullptr;
     {
@@ -109,12 +127,7 @@ std::unique_ptr<IFrameSource> CSharedCamera::makeSource(QString* error)
 {
     using std::chrono::hours;
     constexpr hours forEver(24 * 365);
-    bool isNew = false;
-    {
-        const QMutexLocker lock(&m_mutex);
-        isNew = !m_camera; // it went while the source before had it
-    }
-    const auto open = [shared = shared_from_this(), isNew](QString* reason) mutable {
+    const auto open = [shared = shared_from_this(), isNew = isLost()](QString* reason) mutable {
         return shared->lend(std::exchange(isNew, true), reason);
     };
     return CReconnectingCamera::open(open, forEver, forEver, error);

@@ -52,6 +52,12 @@ public:
     /// reason in \a error, if the camera does not answer.
     std::unique_ptr<IFrameSource> makeSource(QString* error);
 
+    /// Whether it no longer answers, streaming or not.
+    bool isLost() const;
+
+    /// Opens one that has gone again, if it is there. Not while there is a source, which does so by itself.
+    bool reopen();
+
     /// All features; none while it has gone.
     std::vector<SFeature> features() const;
 
@@ -62,6 +68,7 @@ private:
     class CLent;
 
     explicit CSharedCamera(SCameraOptions options);
+    void openAnew(QString* error);
     std::unique_ptr<CAravisCamera> openCamera(QString* error) const;
     std::unique_ptr<IFrameSource> lend(bool isNew, QString* error);
 

@@ -5,6 +5,7 @@
 
 #include "host/check/CDocumentCheck.h"
 #include "host/viewer/base/ModelText.h"
+#include "host/viewer/base/Theme.h"
 #include "host/viewer/edit/CFaultModel.h"
 #include "host/viewer/edit/PortFit.h"
 
@@ -12,14 +13,21 @@
 #include <Halvex/scene/CNodeScene.h>
 
 #include <QEvent>
+#include <QFontDatabase>
 #include <QHeaderView>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QRegularExpression>
+#include <QSplitter>
+#include <QStyledItemDelegate>
+#include <QTextBlock>
 #include <QTreeView>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace Host {
 
@@ -45,6 +53,18 @@ Core::CId nodeOfFault(const QJsonObject& document, const SFault& fault)
     return toId(part.value(part.contains(DocumentKeys::inId) ? DocumentKeys::inId : DocumentKeys::id));
 }
 
+// With room after each text, so that columns as wide as their texts do not read as one line.
+class CRoomyDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(2 * gridStep, 0);
+    }
+};
+
 } // namespace
 
 CFaultPanel::CFaultPanel(INodeService& service, const IHostModels& models, QWidget* parent)
@@ -54,20 +74,30 @@ CFaultPanel::CFaultPanel(INodeService& service, const IHostModels& models, QWidg
     , m_faults(new CFaultModel(this))
     , m_summary(new QLabel(this))
     , m_view(new QTreeView(this))
+    , m_text(new QPlainTextEdit(this))
 {
     m_view->setObjectName(QStringLiteral("faults"));
     m_view->setModel(m_faults);
+    m_view->setItemDelegate(new CRoomyDelegate(m_view));
     m_view->setRootIsDecorated(false);
     m_view->setAlternatingRowColors(true);
     m_view->setUniformRowHeights(true);
     m_view->setAllColumnsShowFocus(true);
     m_view->header()->setSectionResizeMode(CFaultModel::Severity, QHeaderView::ResizeToContents);
     m_view->header()->setSectionResizeMode(CFaultModel::Place, QHeaderView::ResizeToContents);
+    m_text->setReadOnly(true);
+    m_text->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_text->hide();
+    auto* const listAndText = new QSplitter(this);
+    listAndText->addWidget(m_view);
+    listAndText->addWidget(m_text);
+    listAndText->setChildrenCollapsible(false);
     auto* const column = new QVBoxLayout(this);
-    column->setContentsMargins(8, 8, 8, 8);
-    column->setSpacing(8);
+    column->setContentsMargins(gridStep, gridStep, gridStep, gridStep);
+    column->setSpacing(gridStep);
     column->addWidget(m_summary);
-    column->addWidget(m_view);
+    column->addWidget(listAndText, 1);
     connect(m_view, &QTreeView::clicked, this, &CFaultPanel::choose);
     connect(m_view, &QTreeView::activated, this, &CFaultPanel::choose);
     retranslate();
@@ -117,6 +147,9 @@ void CFaultPanel::showFaults(const QByteArray& text, const CNodeScene* scene)
         rows.push_back(row);
     }
     m_faults->setRows(rows);
+    m_text->setPlainText(scene ? QString() : QString::fromUtf8(text));
+    m_text->setExtraSelections({});
+    m_text->setVisible(!scene && !rows.empty());
     m_hasChecked = true;
     retranslate();
 }
@@ -127,7 +160,23 @@ void CFaultPanel::choose(const QModelIndex& index)
     if (row.node != Core::CId())
         Q_EMIT nodeChosen(row.node);
     else if (row.fault.line > 0)
-        Q_EMIT placeChosen(row.fault.line, row.fault.column);
+        showPlace(row.fault.line, row.fault.column);
+}
+
+// Both count from 1.
+void CFaultPanel::showPlace(int line, int column)
+{
+    const QTextBlock block = m_text->document()->findBlockByNumber(line - 1);
+    QTextCursor cursor(block);
+    cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::MoveAnchor, std::min(column - 1, block.length() - 1));
+    m_text->setTextCursor(cursor);
+    m_text->centerCursor();
+    QTextEdit::ExtraSelection mark;
+    mark.cursor = cursor;
+    mark.format.setBackground(palette().color(QPalette::Highlight));
+    mark.format.setForeground(palette().color(QPalette::HighlightedText));
+    mark.format.setProperty(QTextFormat::FullWidthSelection, true);
+    m_text->setExtraSelections({mark});
 }
 
 int CFaultPanel::count(bool areErrors) const
@@ -142,6 +191,7 @@ void CFaultPanel::retranslate()
 {
     setAccessibleName(tr("Check"));
     m_view->setAccessibleName(tr("What the check found"));
+    m_text->setAccessibleName(tr("The text that was checked"));
     if (!m_hasChecked)
         m_summary->setText(tr("Nothing has been checked yet."));
     else if (m_faults->rowCount() == 0)

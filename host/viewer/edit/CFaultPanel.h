@@ -9,6 +9,7 @@
 #include <QWidget>
 
 class QLabel;
+class QPlainTextEdit;
 class QModelIndex;
 class QTreeView;
 
@@ -23,14 +24,15 @@ class CFaultModel;
 class IHostModels;
 
 /**
- * What the checker finds in a scene or in a document, as a list. A click, or Enter, leads to the place.
+ * What the checker finds in a scene or in a document, as a list. A click, or Enter, leads to the place: to the node of
+ * a scene; in a document, which is shown beside the list, to the line and the column.
  *
  * \code
  * panel->checkScene(*editor->scene());
  * connect(panel, &CFaultPanel::nodeChosen, view, &CGraphView::goTo);
  * \endcode
  *
- * It checks when it is asked to, in the scene's thread, and keeps neither scene nor text.
+ * It checks when it is asked to, in the scene's thread, and does not keep the scene.
  */
 class CFaultPanel : public QWidget
 {
@@ -53,15 +55,13 @@ Q_SIGNALS:
     /// A finding of a scene, at that node.
     void nodeChosen(const Core::CId& node);
 
-    /// A finding of a text; both count from 1.
-    void placeChosen(int line, int column);
-
 protected:
     void changeEvent(QEvent* event) override;
 
 private:
     void showFaults(const QByteArray& text, const Plugin::Halvex::CNodeScene* scene);
     void choose(const QModelIndex& index);
+    void showPlace(int line, int column);
     int count(bool areErrors) const;
     void retranslate();
 
@@ -70,6 +70,7 @@ private:
     CFaultModel* m_faults = nullptr;
     QLabel* m_summary = nullptr;
     QTreeView* m_view = nullptr;
+    QPlainTextEdit* m_text = nullptr; // hidden when a scene was checked
     bool m_hasChecked = false;
 };
 

@@ -3,6 +3,7 @@
 
 #include "host/viewer/window/CViewerStatus.h"
 
+#include "host/base/Shown.h"
 #include "host/viewer/base/Theme.h"
 #include "host/viewer/cameras/CCameraSession.h"
 #include "host/viewer/cameras/CCameraSessions.h"
@@ -40,10 +41,15 @@ CViewerStatus::CViewerStatus(QStatusBar& bar, CCameraSessions& sessions)
     showCameras();
 }
 
-void CViewerStatus::show(const QString& text, const QColor& color)
+void CViewerStatus::show(EKind kind, const QString& text)
 {
-    QPalette palette = m_message->palette();
-    palette.setColor(QPalette::WindowText, color);
+    if (kind == EKind::Warning && m_shown == EKind::Error && m_clearTimer.isActive())
+        return; // it answers what somebody has just asked for
+    m_shown = kind;
+    QPalette palette = m_message->parentWidget()->palette();
+    if (kind != EKind::Done)
+        palette.setColor(QPalette::WindowText,
+                         accentColor(kind == EKind::Error ? EAccent::Error : EAccent::Warning, palette));
     m_message->setPalette(palette);
     QString line = text.section(QLatin1Char('\n'), 0, 0);
     constexpr QChar wideColon(0xFF1A); // of Chinese
@@ -57,20 +63,18 @@ void CViewerStatus::show(const QString& text, const QColor& color)
 
 void CViewerStatus::tell(const QString& text)
 {
-    const QPalette palette = m_message->parentWidget()->palette();
-    show(text, palette.color(QPalette::WindowText));
+    show(EKind::Done, text);
 }
 
 void CViewerStatus::tellError(const QString& text)
 {
-    show(text, accentColor(EAccent::Error, m_message->parentWidget()->palette()));
+    show(EKind::Error, text);
 }
 
 void CViewerStatus::tellHeldUp(const QString& who, int milliseconds)
 {
-    const QString text = who.isEmpty() ? tr("The window was held up for %1 ms").arg(milliseconds)
-                                       : tr("%1 held up the window for %2 ms").arg(who).arg(milliseconds);
-    show(text, accentColor(EAccent::Warning, m_message->parentWidget()->palette()));
+    show(EKind::Warning, who.isEmpty() ? tr("The window was held up for %1 ms").arg(milliseconds)
+                                       : tr("%1 held up the window for %2 ms").arg(shown(who)).arg(milliseconds));
 }
 
 QString CViewerStatus::message() const

@@ -32,7 +32,7 @@ public:
     void tell(const QString& text);
     void tellError(const QString& text);
 
-    /// \a who as CThreadWatch names it.
+    /// \a who as CThreadWatch names it. An error that is shown stays.
     void tellHeldUp(const QString& who, int milliseconds);
 
     QString message() const;
@@ -41,13 +41,20 @@ public:
     void retranslate() { showCameras(); }
 
 private:
-    void show(const QString& text, const QColor& color);
+    enum class EKind
+    {
+        Done,
+        Warning,
+        Error
+    };
+    void show(EKind kind, const QString& text);
     void showCameras();
 
     CCameraSessions& m_sessions;
     QLabel* const m_message;
     QLabel* const m_cameras;
     QTimer m_clearTimer;
+    EKind m_shown = EKind::Done; // while that timer runs
 };
 
 } // namespace Host

@@ -36,6 +36,7 @@ private Q_SLOTS:
     void cameraOfAnotherProgram();
     void softwareTrigger();
     void cameraThatVanishesComesBack();
+    void cameraThatVanishesBeforeItStreamsComesBack();
 };
 
 void tst_GigECameraSession::cameraOfAnotherProgram()
@@ -103,6 +104,24 @@ void tst_GigECameraSession::cameraThatVanishesComesBack()
     });
     session.readFeatures();
     QTRY_COMPARE_WITH_TIMEOUT(width, QString("256"), patience);
+}
+
+void tst_GigECameraSession::cameraThatVanishesBeforeItStreamsComesBack()
+{
+    CFakeGigECamera device;
+    QVERIFY(device.start());
+    SHostService service;
+    CCameraSession session(gigE(), service.nodes, service.models);
+    session.open();
+    QTRY_COMPARE_WITH_TIMEOUT(session.state(), EState::Ready, patience);
+
+    device.pullCable();
+    QTRY_COMPARE_WITH_TIMEOUT(session.state(), EState::Away, patience);
+    QVERIFY(session.scene() && !session.isGrabbing());
+    device.putCableIn();
+    QTRY_COMPARE_WITH_TIMEOUT(session.state(), EState::Ready, patience);
+    session.start();
+    QTRY_VERIFY_WITH_TIMEOUT(session.frames() > 3, patience);
 }
 
 QTEST_GUILESS_MAIN(tst_GigECameraSession)

@@ -8,8 +8,9 @@
 #include "host/viewer/edit/CFaultModel.h"
 #include "host/viewer/images/ViewModels.h"
 
-#include <QSignalSpy>
+#include <QPlainTextEdit>
 #include <QTest>
+#include <QTextBlock>
 #include <QTreeView>
 
 using namespace Host;
@@ -75,15 +76,20 @@ void tst_CFaultPanel::leadsToThePlaceInAText()
     panel.show();
     panel.checkText("[\n  { \"name\": \"a\", \"model\": { \"name\": \"Blurr\" } }\n]");
     QVERIFY(panel.errors() > 0);
-    const QSignalSpy chosen(&panel, &CFaultPanel::placeChosen);
+    const auto* const text = panel.findChild<QPlainTextEdit*>();
+    QVERIFY(text->isVisible());
     const auto* const view = panel.findChild<QTreeView*>(QStringLiteral("faults"));
     QCOMPARE(view->model()->index(0, CFaultModel::Severity).data().toString(), QStringLiteral("Error"));
     const QModelIndexList found = view->model()->match(view->model()->index(0, CFaultModel::Message), Qt::DisplayRole,
                                                        QStringLiteral("'Blurr'"), 1, Qt::MatchContains);
     QCOMPARE(found.size(), 1);
     QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier, view->visualRect(found.front()).center());
-    QCOMPARE(chosen.count(), 1);
-    QCOMPARE(chosen.front().front().toInt(), 2);
+    QCOMPARE(text->textCursor().blockNumber(), 1);
+    const QString line = text->textCursor().block().text();
+    QVERIFY(line.midRef(text->textCursor().positionInBlock()).startsWith(QLatin1String("\"Blurr\"")));
+
+    panel.checkScene(*edited.scene); // whose places are nodes
+    QVERIFY(!text->isVisible());
 }
 
 // Who looks at a window has no place to type it.

@@ -66,6 +66,12 @@ void tst_CViewerStatus::whoHeldUpTheWindow()
     QVERIFY(status.message().contains("Blur") && status.message().contains("340"));
     status.tellHeldUp({}, 120);
     QVERIFY(status.message().contains("120"));
+    status.tellError("cannot import");
+    status.tellHeldUp("Blur", 340);
+    QCOMPARE(status.message(), QString("cannot import"));
+    status.tell("imported");
+    status.tellHeldUp("Blur", 340);
+    QVERIFY(status.message().contains("'Blur'"));
 }
 
 QTEST_MAIN(tst_CViewerStatus)
