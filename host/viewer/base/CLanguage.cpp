@@ -3,7 +3,10 @@
 
 #include "host/viewer/base/CLanguage.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QFont>
+#include <QFontDatabase>
+#include <QFontInfo>
 #include <QLibraryInfo>
 #include <QLocale>
 
@@ -14,6 +17,46 @@ static void initTranslations()
 }
 
 namespace Host {
+
+namespace {
+
+// The best first. The desktop's own choice is for the desktop's language, and may take every letter of a word from
+// another font.
+QStringList fontsOf(const QString& code)
+{
+    if (code == QLatin1String("ja"))
+        return {QStringLiteral("Noto Sans CJK JP"), QStringLiteral("IPAexGothic"), QStringLiteral("VL Gothic"),
+                QStringLiteral("Droid Sans Fallback")};
+    if (code == QLatin1String("ko"))
+        return {QStringLiteral("Noto Sans CJK KR"), QStringLiteral("NanumGothic"), QStringLiteral("UnDotum")};
+    if (code == QLatin1String("zh"))
+        return {QStringLiteral("Noto Sans CJK SC"), QStringLiteral("WenQuanYi Micro Hei"),
+                QStringLiteral("WenQuanYi Zen Hei"), QStringLiteral("Droid Sans Fallback")};
+    return {};
+}
+
+// The desktop's font, and for letters that it has not the language's.
+void installFonts(const QString& code)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 13, 0)
+    static const QFont desktops = QApplication::font();
+    QFont font = desktops;
+    // By its real name: of several families Qt takes the first that has the very name.
+    QStringList families{QFontInfo(desktops).family()};
+    const QStringList installed = QFontDatabase().families();
+    for (const QString& family : fontsOf(code)) {
+        if (installed.contains(family))
+            families << family;
+    }
+    if (families.size() > 1)
+        font.setFamilies(families);
+    QApplication::setFont(font);
+#else
+    Q_UNUSED(code) // a font had one family
+#endif
+}
+
+} // namespace
 
 CLanguage::CLanguage()
 {
@@ -64,6 +107,7 @@ void CLanguage::install(const QString& code)
         QCoreApplication::installTranslator(&m_qtTexts);
     if (m_texts.load(QStringLiteral("HalvexViewer_%1").arg(code), QStringLiteral(":/translation")))
         QCoreApplication::installTranslator(&m_texts);
+    installFonts(code);
 }
 
 } // namespace Host

@@ -10,7 +10,8 @@
 namespace Host {
 
 /**
- * The language of the viewer's texts, and of those that Qt brings.
+ * The language of the viewer's texts, of those that Qt brings, and of its letters: Chinese, Japanese and Korean share
+ * many, each with forms of its own.
  *
  * \code
  * CLanguage language;
@@ -18,7 +19,7 @@ namespace Host {
  * language.install(QStringLiteral("ja")); // every widget gets a QEvent::LanguageChange
  * \endcode
  *
- * Texts of the plugins follow CPluginHost::setLanguage(). Threads: the main thread; the application exists.
+ * Texts of the plugins follow CPluginHost::setLanguage(). Threads: the main thread; the QApplication exists.
  */
 class CLanguage
 {

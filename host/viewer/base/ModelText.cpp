@@ -105,4 +105,9 @@ QString captionText(Plugin::Halvex::CNodeDataModel& model)
     return modelText(caption);
 }
 
+QString asSentence(const QString& message)
+{
+    return message.left(1).toUpper() + message.mid(1);
+}
+
 } // namespace Host

@@ -19,4 +19,7 @@ QString modelText(const QString& text);
 /// The caption of a model in the viewer's language. A name that a person gave stays as it is.
 QString captionText(Plugin::Halvex::CNodeDataModel& model);
 
+/// A message, which begins small as part of a line, as it stands by itself: with a capital.
+QString asSentence(const QString& message);
+
 } // namespace Host

@@ -17,7 +17,7 @@ namespace Host {
 namespace {
 
 constexpr QSize pictureSize(8 * gridStep, 6 * gridStep);
-constexpr int lines = 3;
+constexpr int mostLines = 3;
 
 QColor stateColor(CCameraList::EState state, const QPalette& palette)
 {
@@ -68,22 +68,32 @@ void CCameraDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     const bool isSelected = option.state & QStyle::State_Selected;
     const QColor text = option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
     const auto state = CCameraList::EState(index.data(CCameraList::StateRole).toInt());
-    const QColor colors[lines] = {text, text, isSelected ? text : stateColor(state, option.palette)};
-    const int roles[lines] = {CCameraList::NameRole, CCameraList::TitleRole, CCameraList::StateTextRole};
+    struct SLine
+    {
+        QString text;
+        QColor color;
+    };
+    const SLine all[] = {
+        {index.data(CCameraList::NameRole).toString(), text},
+        {index.data(CCameraList::TitleRole).toString(), text},
+        {index.data(CCameraList::StateTextRole).toString(), isSelected ? text : stateColor(state, option.palette)}};
+    const int count = mostLines - int(all[1].text.isEmpty()); // of one that was not opened
     constexpr double detailSize = 0.88; // of the name's: a camera's maker, model and format have room in a narrow dock
     QRect line(picture.right() + gridStep, inner.top(), inner.right() - picture.right() - gridStep,
                option.fontMetrics.height());
-    line.translate(0, std::max(0, (inner.height() - lines * line.height()) / 2));
-    for (int i = 0; i < lines; ++i) {
+    line.translate(0, std::max(0, (inner.height() - count * line.height()) / 2));
+    for (const SLine& each : all) {
+        if (each.text.isEmpty())
+            continue;
         QFont font = option.font;
-        font.setBold(i == 0);
-        if (i > 0)
+        const bool isName = &each == all;
+        font.setBold(isName);
+        if (!isName)
             font.setPointSizeF(font.pointSizeF() * detailSize);
         painter->setFont(font);
-        painter->setPen(colors[i]);
-        const QFontMetrics metrics(font);
+        painter->setPen(each.color);
         painter->drawText(line, Qt::AlignLeft | Qt::AlignVCenter,
-                          metrics.elidedText(index.data(roles[i]).toString(), Qt::ElideRight, line.width()));
+                          QFontMetrics(font).elidedText(each.text, Qt::ElideRight, line.width()));
         line.translate(0, line.height());
     }
     painter->restore();
@@ -92,7 +102,7 @@ void CCameraDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
 QSize CCameraDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const
 {
     return {pictureSize.width() + 20 * gridStep,
-            2 * gridStep + std::max(pictureSize.height(), lines * option.fontMetrics.height())};
+            2 * gridStep + std::max(pictureSize.height(), mostLines * option.fontMetrics.height())};
 }
 
 } // namespace Host

@@ -4,6 +4,7 @@
 #include "host/viewer/cameras/CCameraPanel.h"
 
 #include "host/viewer/base/Actions.h"
+#include "host/viewer/base/ModelText.h"
 #include "host/viewer/base/Theme.h"
 #include "host/viewer/cameras/CCameraDelegate.h"
 #include "host/viewer/cameras/CCameraList.h"
@@ -188,7 +189,7 @@ void CCameraPanel::updateActions()
     m_trigger->setEnabled(session && session->isOpen() && !session->isFile());
     m_disconnect->setEnabled(session != nullptr);
 
-    const QString error = session ? session->error() : QString();
+    const QString error = session ? asSentence(session->error()) : QString();
     QPalette colors = palette();
     colors.setColor(QPalette::WindowText, accentColor(EAccent::Error, palette()));
     m_message->setPalette(colors);

@@ -4,6 +4,7 @@
 #include "host/viewer/cameras/CFeaturePanel.h"
 
 #include "host/viewer/base/Actions.h"
+#include "host/viewer/base/ModelText.h"
 #include "host/viewer/base/Theme.h"
 #include "host/viewer/cameras/CCameraSession.h"
 #include "host/viewer/cameras/CFeatureEditor.h"
@@ -86,7 +87,7 @@ void CFeaturePanel::showState()
     else if (m_session->isFile())
         text = tr("Files have no features.");
     else if (!m_session->error().isEmpty())
-        text = m_session->error();
+        text = asSentence(m_session->error());
     QPalette colors = palette();
     if (hasSession && !m_session->error().isEmpty())
         colors.setColor(QPalette::WindowText, accentColor(EAccent::Error, palette()));

@@ -3,6 +3,8 @@
 
 #include "host/viewer/edit/CFaultModel.h"
 
+#include "host/viewer/base/ModelText.h"
+
 #include <QApplication>
 #include <QIcon>
 #include <QStyle>
@@ -32,7 +34,7 @@ QVariant CFaultModel::data(const QModelIndex& index, int role) const
 {
     const SFaultRow& shown = row(index.row());
     if (role == Qt::ToolTipRole)
-        return QStringLiteral("%1\n%2").arg(shown.fault.message, faultRuleText(shown.fault.rule));
+        return QStringLiteral("%1\n%2").arg(asSentence(shown.fault.message), faultRuleText(shown.fault.rule));
     if (role == Qt::DecorationRole && index.column() == Severity)
         return QApplication::style()->standardIcon(shown.fault.isError ? QStyle::SP_MessageBoxCritical
                                                                        : QStyle::SP_MessageBoxWarning);
@@ -44,7 +46,7 @@ QVariant CFaultModel::data(const QModelIndex& index, int role) const
     case Place:
         return shown.place;
     default:
-        return shown.fault.message;
+        return asSentence(shown.fault.message);
     }
 }
 

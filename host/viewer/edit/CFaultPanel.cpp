@@ -93,6 +93,7 @@ CFaultPanel::CFaultPanel(INodeService& service, const IHostModels& models, QWidg
     listAndText->addWidget(m_view);
     listAndText->addWidget(m_text);
     listAndText->setChildrenCollapsible(false);
+    listAndText->setSizes({2000, 1000}); // the widths' ratio
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(gridStep, gridStep, gridStep, gridStep);
     column->setSpacing(gridStep);
@@ -150,6 +151,8 @@ void CFaultPanel::showFaults(const QByteArray& text, const CNodeScene* scene)
     m_text->setPlainText(scene ? QString() : QString::fromUtf8(text));
     m_text->setExtraSelections({});
     m_text->setVisible(!scene && !rows.empty());
+    if (!rows.empty() && m_text->isVisibleTo(this))
+        showPlace(rows.front().fault.line, rows.front().fault.column);
     m_hasChecked = true;
     retranslate();
 }
@@ -166,9 +169,10 @@ void CFaultPanel::choose(const QModelIndex& index)
 // Both count from 1.
 void CFaultPanel::showPlace(int line, int column)
 {
-    const QTextBlock block = m_text->document()->findBlockByNumber(line - 1);
+    const QTextBlock block = m_text->document()->findBlockByNumber(std::max(0, line - 1));
     QTextCursor cursor(block);
-    cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::MoveAnchor, std::min(column - 1, block.length() - 1));
+    cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::MoveAnchor,
+                        std::clamp(column - 1, 0, block.length() - 1));
     m_text->setTextCursor(cursor);
     m_text->centerCursor();
     QTextEdit::ExtraSelection mark;

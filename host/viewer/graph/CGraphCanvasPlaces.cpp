@@ -87,9 +87,14 @@ void CGraphCanvas::arrangeAroundTheOnlyOne()
 
 std::vector<QPointF> CGraphCanvas::layoutOf(const std::vector<CNodeItem*>& items) const
 {
+    // The same graph is to look the same, whatever the ids of its nodes are.
+    std::vector<CNodeItem*> sorted = items;
+    std::stable_sort(sorted.begin(), sorted.end(), [](const CNodeItem* one, const CNodeItem* other) {
+        return one->look().caption < other->look().caption;
+    });
     std::map<const CNodeItem*, int> numbers;
     std::vector<QSizeF> sizes;
-    for (const CNodeItem* item : items) {
+    for (const CNodeItem* item : sorted) {
         numbers[item] = int(sizes.size());
         sizes.push_back(item->size());
     }
@@ -100,7 +105,14 @@ std::vector<QPointF> CGraphCanvas::layoutOf(const std::vector<CNodeItem*>& items
         if (from != numbers.end() && to != numbers.end())
             edges.emplace_back(from->second, to->second);
     }
-    return sizes.size() > 1 ? layoutGraph(sizes, edges) : std::vector<QPointF>(sizes.size());
+    std::vector<QPointF> corners(sizes.size());
+    if (sizes.size() < 2)
+        return corners;
+    std::sort(edges.begin(), edges.end());
+    const std::vector<QPointF> places = layoutGraph(sizes, edges);
+    std::transform(items.begin(), items.end(), corners.begin(),
+                   [&](const CNodeItem* item) { return places[std::size_t(numbers[item])]; });
+    return corners;
 }
 
 void CGraphCanvas::applyPositions()

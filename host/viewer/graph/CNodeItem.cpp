@@ -136,6 +136,8 @@ QVariant CNodeItem::itemChange(GraphicsItemChange change, const QVariant& value)
 
 void CNodeItem::layOut()
 {
+    // In full what has no room in the drawing.
+    setToolTip(m_look.message.isEmpty() ? m_look.caption : m_look.caption + QLatin1Char('\n') + m_look.message);
     const QSizeF size = CNodeGeometry(m_look).size();
     if (size == m_size)
         return;

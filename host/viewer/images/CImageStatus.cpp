@@ -65,7 +65,7 @@ void CImageStatus::retranslate()
     m_probe->setAccessibleName(tr("Value under the cursor"));
     m_rates->setAccessibleName(tr("Rates"));
     m_message->setAccessibleName(tr("Message"));
-    m_rates->setLine(tr("%1 of %2 /s shown").arg(rateText(m_shownRate.rate()), rateText(m_deliveredRate.rate())));
+    m_rates->setLine(tr("%1 of %2 frames/s shown").arg(rateText(m_shownRate.rate()), rateText(m_deliveredRate.rate())));
 }
 
 void CImageStatus::setProbe(const SRenderedImage& image, const std::optional<QPoint>& pixel)

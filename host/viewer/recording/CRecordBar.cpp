@@ -3,6 +3,7 @@
 
 #include "host/viewer/recording/CRecordBar.h"
 
+#include "host/viewer/base/ModelText.h"
 #include "host/viewer/base/Theme.h"
 #include "host/viewer/images/CElidedLabel.h"
 #include "host/viewer/images/CMessageLabel.h"
@@ -116,7 +117,7 @@ void CRecordBar::retranslate()
                           .arg(numberText(counts.received), numberText(counts.written), numberText(counts.dropped)));
     m_counts->setVisible(m_recorder.state() != CRecorder::EState::Idle);
     m_detail->setMessage(m_recorder.error().isEmpty() ? QDir::toNativeSeparators(m_recorder.folder())
-                                                      : m_recorder.error());
+                                                      : asSentence(m_recorder.error()));
     const bool isOn = m_recorder.state() == CRecorder::EState::Recording;
     m_dot->setVisible(isOn);
     m_close->setVisible(!isOn);

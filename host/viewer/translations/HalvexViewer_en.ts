@@ -250,6 +250,10 @@
         <translation>What the check found</translation>
     </message>
     <message>
+        <source>The text that was checked</source>
+        <translation>The text that was checked</translation>
+    </message>
+    <message>
         <source>Nothing has been checked yet.</source>
         <translation>Nothing has been checked yet.</translation>
     </message>
@@ -1045,8 +1049,8 @@
         <translation>Message</translation>
     </message>
     <message>
-        <source>%1 of %2 /s shown</source>
-        <translation>%1 of %2 /s shown</translation>
+        <source>%1 of %2 frames/s shown</source>
+        <translation>%1 of %2 frames/s shown</translation>
     </message>
     <message>
         <source>x %1  y %2: %3</source>
@@ -2153,7 +2157,7 @@ Ctrl+K finds every command.</translation>
     </message>
     <message>
         <source>DecouplerVGR</source>
-        <translation>DecouplerVGR</translation>
+        <translation>Decoupler for VGR</translation>
     </message>
     <message>
         <source>Edges</source>
@@ -2189,7 +2193,7 @@ Ctrl+K finds every command.</translation>
     </message>
     <message>
         <source>To Image</source>
-        <translation>To Image</translation>
+        <translation>To image</translation>
     </message>
     <message>
         <source>To image</source>

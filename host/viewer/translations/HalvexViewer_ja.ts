@@ -64,7 +64,7 @@
     </message>
     <message>
         <source>%1 frames/s · %2 frames</source>
-        <translation>%1 fps · %2 フレーム</translation>
+        <translation>%1 フレーム/秒 · %2 フレーム</translation>
     </message>
 </context>
 <context>
@@ -248,6 +248,10 @@
     <message>
         <source>What the check found</source>
         <translation>検査の結果</translation>
+    </message>
+    <message>
+        <source>The text that was checked</source>
+        <translation>検査したテキスト</translation>
     </message>
     <message>
         <source>Nothing has been checked yet.</source>
@@ -1037,7 +1041,7 @@
         <translation>メッセージ</translation>
     </message>
     <message>
-        <source>%1 of %2 /s shown</source>
+        <source>%1 of %2 frames/s shown</source>
         <translation>毎秒 %2 のうち %1 を表示</translation>
     </message>
     <message>

@@ -250,6 +250,10 @@
         <translation>검사 결과</translation>
     </message>
     <message>
+        <source>The text that was checked</source>
+        <translation>검사한 텍스트</translation>
+    </message>
+    <message>
         <source>Nothing has been checked yet.</source>
         <translation>아직 검사하지 않았습니다.</translation>
     </message>
@@ -1037,7 +1041,7 @@
         <translation>메시지</translation>
     </message>
     <message>
-        <source>%1 of %2 /s shown</source>
+        <source>%1 of %2 frames/s shown</source>
         <translation>초당 %2 중 %1 표시</translation>
     </message>
     <message>
@@ -2145,7 +2149,7 @@ Ctrl+K로 모든 명령을 찾을 수 있습니다.</translation>
     </message>
     <message>
         <source>DecouplerVGR</source>
-        <translation>VGR 디커플러</translation>
+        <translation>VGR용 디커플러</translation>
     </message>
     <message>
         <source>Edges</source>

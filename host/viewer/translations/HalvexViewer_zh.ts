@@ -228,7 +228,7 @@
     </message>
     <message>
         <source>What is wrong</source>
-        <translation>问题</translation>
+        <translation>说明</translation>
     </message>
 </context>
 <context>
@@ -248,6 +248,10 @@
     <message>
         <source>What the check found</source>
         <translation>检查结果</translation>
+    </message>
+    <message>
+        <source>The text that was checked</source>
+        <translation>被检查的文本</translation>
     </message>
     <message>
         <source>Nothing has been checked yet.</source>
@@ -1037,7 +1041,7 @@
         <translation>消息</translation>
     </message>
     <message>
-        <source>%1 of %2 /s shown</source>
+        <source>%1 of %2 frames/s shown</source>
         <translation>每秒 %2 帧，显示 %1 帧</translation>
     </message>
     <message>

@@ -124,15 +124,17 @@ void CSceneTabs::onCurrentChanged()
 
 void CSceneTabs::updateTitles()
 {
+    // Which one is shown is hard to see otherwise where all is dark. The style draws its tab lighter than the window.
+    constexpr int tabLightness = 135;
+    QPalette colors = palette();
+    colors.setColor(QPalette::Base, colors.color(QPalette::Window).lighter(tabLightness));
+    const QColor shown = accentColor(EAccent::Active, colors);
     const auto allPages = pages();
     for (CScenePage* const page : allPages) {
         const int index = indexOf(page);
         setTabText(index, page->title());
         setTabToolTip(index, page->toolTip());
-        // Which one is shown is hard to see otherwise where all is dark.
-        const QPalette& colors = palette();
-        tabBar()->setTabTextColor(index, page == current() ? accentColor(EAccent::Active, colors)
-                                                           : colors.color(QPalette::WindowText));
+        tabBar()->setTabTextColor(index, page == current() ? shown : colors.color(QPalette::WindowText));
         auto* const button = qobject_cast<QToolButton*>(tabBar()->tabButton(index, QTabBar::RightSide));
         if (!button)
             continue; // the first tab is shown before it is complete

@@ -19,12 +19,23 @@
 #include <QDockWidget>
 #include <QMainWindow>
 #include <QUndoView>
+#include <QVBoxLayout>
 
 namespace Host {
 
 using namespace Plugin::Halvex;
 
 namespace {
+
+// With the margin that the other panels have.
+QWidget* padded(QWidget* panel)
+{
+    auto* const content = new QWidget;
+    auto* const column = new QVBoxLayout(content);
+    column->setContentsMargins(gridStep, gridStep, gridStep, gridStep);
+    column->addWidget(panel);
+    return content;
+}
 
 enum EDock
 {
@@ -51,7 +62,7 @@ CViewerDocks::CViewerDocks(QMainWindow& window, CCameraSessions& sessions, INode
     , m_history(new QUndoView(&history))
 {
     m_docks << addDock("cameras", m_cameras) << addDock("features", m_features) << addDock("models", m_palette)
-            << addDock("settings", m_settings) << addDock("faults", m_faults) << addDock("history", m_history);
+            << addDock("settings", m_settings) << addDock("faults", m_faults) << addDock("history", padded(m_history));
     arrange();
     connect(m_cameras, &CCameraPanel::currentChanged, m_features, &CFeaturePanel::setSession);
     retranslate();

@@ -4,6 +4,7 @@
 #include "host/viewer/window/CViewerStatus.h"
 
 #include "host/base/Shown.h"
+#include "host/viewer/base/ModelText.h"
 #include "host/viewer/base/Theme.h"
 #include "host/viewer/cameras/CCameraSession.h"
 #include "host/viewer/cameras/CCameraSessions.h"
@@ -51,7 +52,7 @@ void CViewerStatus::show(EKind kind, const QString& text)
         palette.setColor(QPalette::WindowText,
                          accentColor(kind == EKind::Error ? EAccent::Error : EAccent::Warning, palette));
     m_message->setPalette(palette);
-    QString line = text.section(QLatin1Char('\n'), 0, 0);
+    QString line = asSentence(text.section(QLatin1Char('\n'), 0, 0));
     constexpr QChar wideColon(0xFF1A); // of Chinese
     if (line.endsWith(QLatin1Char(':')) || line.endsWith(wideColon))
         line.chop(1); // what follows is in the tool tip

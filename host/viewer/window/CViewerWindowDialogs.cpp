@@ -156,9 +156,10 @@ void CViewerWindow::chooseColors(CViewerSettings::EColors colors)
 
 void CViewerWindow::applyColors(CViewerSettings::EColors colors)
 {
+    static const bool isDesktopDark = isDark(QApplication::palette()); // at the start nothing else was applied
     switch (colors) {
     case CViewerSettings::EColors::AsDesktop:
-        QApplication::setPalette(QApplication::style()->standardPalette());
+        QApplication::setPalette(isDesktopDark ? darkPalette() : lightPalette());
         break;
     case CViewerSettings::EColors::Light:
         QApplication::setPalette(lightPalette());

@@ -5,7 +5,10 @@
 
 #include "host/check/CShapeCheck.h"
 
+#include <QApplication>
 #include <QEvent>
+#include <QFontDatabase>
+#include <QFontInfo>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QSet>
@@ -38,6 +41,7 @@ private Q_SLOTS:
     void widgetsHearOfAChange();
     void unknownLanguageIsIgnored();
     void textsGoWithTheObject();
+    void lettersAreOfFontsThatAreThere();
 };
 
 namespace {
@@ -127,6 +131,24 @@ void tst_CLanguage::textsGoWithTheObject()
         QVERIFY(runText() != "Disconnect");
     }
     QCOMPARE(runText(), QString("Disconnect"));
+}
+
+void tst_CLanguage::lettersAreOfFontsThatAreThere()
+{
+    const QString desktops = QFontInfo(QApplication::font()).family();
+    const QStringList installed = QFontDatabase().families();
+    CLanguage language;
+    const auto codes = CLanguage::codes();
+    for (const QString& code : codes) {
+        language.install(code);
+        QCOMPARE(QFontInfo(QApplication::font()).family(), desktops);
+        const QStringList families = QApplication::font().families().mid(1);
+        QVERIFY(code != "en" || families.isEmpty());
+        for (const QString& family : families)
+            QVERIFY2(installed.contains(family), qPrintable(family));
+        const QString forChinese = QStringLiteral("Droid Sans Fallback");
+        QCOMPARE(families.contains(forChinese), (code == "ja" || code == "zh") && installed.contains(forChinese));
+    }
 }
 
 QTEST_MAIN(tst_CLanguage)

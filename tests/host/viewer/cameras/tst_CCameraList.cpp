@@ -226,5 +226,5 @@ void tst_CCameraList::errorsAreInTheLanguageOfTheWindow()
     QVERIFY2(!error.contains(QStringLiteral("halvex-host")), qPrintable(error));
 }
 
-QTEST_GUILESS_MAIN(tst_CCameraList)
+QTEST_MAIN(tst_CCameraList)
 #include "tst_CCameraList.moc"

@@ -99,7 +99,7 @@ void tst_CFaultPanel::namesNoCommand()
     registerViewModels(edited.service.nodes, edited.service.models); // with these they are too many to be listed
     CFaultPanel panel(edited.service.nodes, edited.service.models);
     panel.checkText(unknownModel);
-    QCOMPARE(firstMessage(panel).data().toString(), QStringLiteral("no model 'Nothing' is registered"));
+    QCOMPARE(firstMessage(panel).data().toString(), QStringLiteral("No model 'Nothing' is registered"));
 }
 
 void tst_CFaultPanel::speaksTheLanguageOfTheWindow()

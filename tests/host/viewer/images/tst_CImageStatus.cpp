@@ -43,12 +43,12 @@ void tst_CImageStatus::valueUnderTheCursor()
 void tst_CImageStatus::ratesRiseAndFallToZero()
 {
     CImageStatus status;
-    QCOMPARE(status.ratesText(), QStringLiteral("0 of 0 /s shown"));
+    QCOMPARE(status.ratesText(), QStringLiteral("0 of 0 frames/s shown"));
     quint64 delivered = 0;
     QTRY_VERIFY_WITH_TIMEOUT(
         (status.setCounts(delivered / 2, delivered + 4), delivered += 4, status.deliveredRate() > 1.0), 5000);
-    QVERIFY(status.ratesText() != QStringLiteral("0 of 0 /s shown"));
-    QTRY_COMPARE(status.ratesText(), QStringLiteral("0 of 0 /s shown"));
+    QVERIFY(status.ratesText() != QStringLiteral("0 of 0 frames/s shown"));
+    QTRY_COMPARE(status.ratesText(), QStringLiteral("0 of 0 frames/s shown"));
     QTRY_VERIFY(status.deliveredRate() == 0.0);
 }
 
@@ -60,7 +60,7 @@ void tst_CImageStatus::textThatGrowsIsNotCut()
     const auto* const layout = qobject_cast<QGridLayout*>(status.layout());
     for (const int column : {0, 1}) {
         auto* const line = qobject_cast<CElidedLabel*>(layout->itemAtPosition(0, column)->widget());
-        line->setLine(QStringLiteral("9.4 of 25 /s shown, and 12 more"));
+        line->setLine(QStringLiteral("9.4 of 25 frames/s shown, and 12 more"));
         // Before the next layout, which comes when the window has shown it.
         QVERIFY(line->contentsRect().width() >= line->fontMetrics().horizontalAdvance(line->text()));
     }

@@ -47,12 +47,12 @@ void tst_CViewerStatus::messages()
     QStatusBar bar;
     auto& status = *new CViewerStatus(bar, sessions);
     status.tell("done");
-    QCOMPARE(status.message(), QString("done"));
+    QCOMPARE(status.message(), QString("Done"));
     status.tellError("first line\nsecond line");
-    QCOMPARE(status.message(), QString("first line"));
+    QCOMPARE(status.message(), QString("First line"));
     for (const char* colon : {":", "\uFF1A"}) {
         status.tellError(QString("it has 1 error%1\nwhich").arg(QString::fromUtf8(colon)));
-        QCOMPARE(status.message(), QString("it has 1 error"));
+        QCOMPARE(status.message(), QString("It has 1 error"));
     }
 }
 
@@ -68,7 +68,7 @@ void tst_CViewerStatus::whoHeldUpTheWindow()
     QVERIFY(status.message().contains("120"));
     status.tellError("cannot import");
     status.tellHeldUp("Blur", 340);
-    QCOMPARE(status.message(), QString("cannot import"));
+    QCOMPARE(status.message(), QString("Cannot import"));
     status.tell("imported");
     status.tellHeldUp("Blur", 340);
     QVERIFY(status.message().contains("'Blur'"));

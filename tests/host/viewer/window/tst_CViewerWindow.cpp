@@ -498,7 +498,9 @@ void tst_CViewerWindow::colors()
     QCOMPARE(test.settings.colors(), CViewerSettings::EColors::Dark);
     test.window->chooseColors(CViewerSettings::EColors::Light);
     QVERIFY(!isDark(test.window->palette()));
+    // As light or dark as the desktop's, with colours that can be read.
     test.window->chooseColors(CViewerSettings::EColors::AsDesktop);
+    QCOMPARE(QApplication::palette(), lightPalette());
 }
 
 void tst_CViewerWindow::layoutIsRemembered()

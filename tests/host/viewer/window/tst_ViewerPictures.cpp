@@ -140,5 +140,12 @@ void tst_ViewerPictures::states()
     take(docks.cameras(), "7-camera-failed");
 }
 
-QTEST_MAIN(tst_ViewerPictures)
+int main(int argc, char* argv[])
+{
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps); // as the program does
+    const QApplication application(argc, argv);
+    tst_ViewerPictures test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "tst_ViewerPictures.moc"
