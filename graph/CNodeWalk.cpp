@@ -198,7 +198,8 @@ void CNodeBase::dropData(CStackGauge& gauge, const char* reason) const
 {
     gauge.countDrop();
     if (!std::exchange(m_hasWarned, true))
-        qCWarning(lcGraph, "Data is dropped at the model \"%s\": %s.", qUtf8Printable(m_model->name()), reason);
+        qCWarning(lcGraph, "Data is dropped at the model \"%s\" of node %s: %s.", qUtf8Printable(m_model->name()),
+                  qUtf8Printable(m_id.toString()), reason);
 }
 
 void CNodeBase::warnOfMissingPort(NodePortIndex outIndex) const

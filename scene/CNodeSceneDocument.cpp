@@ -119,7 +119,10 @@ void CNodeScene::load(const QJsonObject& root)
     }
 
     for (const QJsonValue& json : connections) {
-        restoreConnection(json.toObject());
+        if (json.isObject())
+            restoreConnection(json.toObject());
+        else
+            warnOnce("A connection of a document is left out: it is no object.");
         if (!self)
             return;
     }

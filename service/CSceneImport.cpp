@@ -41,16 +41,34 @@ QJsonObject referenceTo(const CNodeBase& node)
     return nodeJson(node.id().toString(), jsonObject({{DocumentKeys::name, name}, {DocumentKeys::isUnique, isUnique}}));
 }
 
+void warnOfType(const QJsonObject& element, QLatin1String key)
+{
+    warnOnce(
+        "\"%\" of the element \"%\" of an import is to be a list of lists of names: what is something else is left "
+        "out.",
+        {key, element.value(DocumentKeys::name).toString()});
+}
+
+/// \a value of what stands under \a key of \a element; empty, after a warning, if it is no array.
+QJsonArray readArray(const QJsonValue& value, const QJsonObject& element, QLatin1String key)
+{
+    if (!value.isArray() && !value.isNull() && !value.isUndefined())
+        warnOfType(element, key);
+    return value.toArray();
+}
+
 /// Calls \a visitor with the position and the text of each string in the arrays of "unique_sources".
 template <typename Visitor>
 void forEachSource(const QJsonObject& element, const Visitor& visitor)
 {
-    const QJsonArray ports = element.value(uniqueSourcesKey).toArray();
+    const QJsonArray ports = readArray(element.value(uniqueSourcesKey), element, uniqueSourcesKey);
     for (int port = 0; port < ports.size(); ++port) {
-        const QJsonArray names = ports.at(port).toArray();
+        const QJsonArray names = readArray(ports.at(port), element, uniqueSourcesKey);
         for (const QJsonValue& name : names) {
             if (name.isString())
                 visitor(port, name.toString());
+            else
+                warnOfType(element, uniqueSourcesKey);
         }
     }
 }
@@ -117,15 +135,17 @@ void CSceneImport::addConnections(const QJsonObject& element)
     // A source's output port has the number of the input port that it feeds.
     forEachSource(element, [&](int port, const QString& name) { connectNodes(ownId, port, idOf(name), port); });
 
-    const QJsonArray groups = element.value(connectionKey).toArray();
+    const QJsonArray groups = readArray(element.value(connectionKey), element, connectionKey);
     for (const QJsonValue& group : groups) {
-        const QJsonArray consumers = group.toArray();
+        const QJsonArray consumers = readArray(group, element, connectionKey);
         for (const QJsonValue& consumer : consumers) {
             if (consumer.isString())
                 connectNodes(idOfConsumer(consumer.toString()), 0, ownId, 0);
             else if (consumer.isObject())
                 connectNodes(idOfConsumer(consumer[DocumentKeys::name].toString()), consumer[indexInKey].toInt(), ownId,
                              consumer[indexOutKey].toInt());
+            else
+                warnOfType(element, connectionKey);
         }
     }
 }

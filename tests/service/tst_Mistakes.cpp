@@ -493,13 +493,14 @@ void tst_Mistakes::connectionsThatAreLeftOut()
     const QString id = idText(node);
     const QJsonObject toNobody{{"in_id", "nobody"}, {"in_index", 0}, {"out_id", id}, {"out_index", 0}};
     const QJsonObject toNoPort{{"in_id", id}, {"in_index", 7}, {"out_id", id}, {"out_index", 0}};
-    scene.loadFromMemory(textOf({{"connections", QJsonArray{toNobody, toNoPort}}}));
+    scene.loadFromMemory(textOf({{"connections", QJsonArray{toNobody, toNoPort, 7}}}));
     QCOMPARE(
         messages.texts("halvex.usage"),
         QStringList({QStringLiteral("A connection of a document is left out: the scene has no node \"nobody\"."),
                      QStringLiteral("A connection of a document is left out: it leads from output port 0 of node %1 to "
                                     "input port 7 of node %1, and one of them is not there.")
-                         .arg(id)}));
+                         .arg(id),
+                     QStringLiteral("A connection of a document is left out: it is no object.")}));
     QVERIFY(scene.connections().empty());
 }
 
@@ -518,6 +519,19 @@ void tst_Mistakes::import_data()
         << R"([{"name": "a", "model": {"name": "Filter"}, "connection": [["gone"]]}])"
         << "A connection of an import is left out: nothing is labelled \"gone\", and no node of the "
            "scene has that unique name.";
+    const QString type = QStringLiteral("\"%1\" of the element \"%2\" of an import is to be a list of lists of names: "
+                                        "what is something else is left out.");
+    const auto addType = [&type](const char* label, const char* key, const char* value) {
+        QTest::addRow("%s: %s", key, value)
+            << QStringLiteral(R"([{"name": "%1", "model": {"name": "Filter"}, "%2": %3}])").arg(label, key, value)
+            << type.arg(key, label);
+    };
+    addType("flat", "connection", R"(["flat"])");
+    addType("bare", "connection", R"("bare")");
+    addType("number", "connection", "[[7]]");
+    addType("flat source", "unique_sources", R"(["cam"])");
+    addType("bare source", "unique_sources", R"("cam")");
+    addType("number of a source", "unique_sources", "[[7]]");
 }
 
 void tst_Mistakes::import()
