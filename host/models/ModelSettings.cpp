@@ -108,6 +108,11 @@ QString notWritable(const QObject& model, const QMetaProperty& property, const Q
 
 } // namespace
 
+bool isChoice(const SModelSetting& setting)
+{
+    return setting.type == QLatin1String("one of");
+}
+
 std::vector<SModelSetting> settingsOf(const QObject& model)
 {
     const QMetaObject& meta = *model.metaObject();

@@ -30,6 +30,9 @@ struct SModelSetting
     QString help;  ///< One sentence; may be empty.
 };
 
+/// Whether its values are words of an enumeration.
+bool isChoice(const SModelSetting& setting);
+
 /// In the order in which the classes declare them, the most derived class's first.
 std::vector<SModelSetting> settingsOf(const QObject& model);
 

@@ -105,6 +105,17 @@ QString captionText(Plugin::Halvex::CNodeDataModel& model)
     return modelText(caption);
 }
 
+QString wordsOf(const QString& name)
+{
+    QString words;
+    for (const QChar letter : name) {
+        if (letter.isUpper() && !words.isEmpty())
+            words += QLatin1Char(' ');
+        words += words.isEmpty() ? letter.toUpper() : letter.toLower();
+    }
+    return modelText(words);
+}
+
 QString asSentence(const QString& message)
 {
     return message.left(1).toUpper() + message.mid(1);

@@ -19,6 +19,10 @@ QString modelText(const QString& text);
 /// The caption of a model in the viewer's language. A name that a person gave stays as it is.
 QString captionText(Plugin::Halvex::CNodeDataModel& model);
 
+/// A setting's name or choice as people see it: "Frames per second" for "framesPerSecond", "Newest wins" for
+/// "NewestWins", in the viewer's language.
+QString wordsOf(const QString& name);
+
 /// A message, which begins small as part of a line, as it stands by itself: with a capital.
 QString asSentence(const QString& message);
 

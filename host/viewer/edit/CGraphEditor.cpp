@@ -32,11 +32,11 @@ bool isUnique(const CNodeBase& node)
     return model && model->isUnique();
 }
 
-QString valueOf(const QObject& model, const QString& setting)
+SModelSetting settingOf(const QObject& model, const QString& name)
 {
     for (const SModelSetting& each : settingsOf(model)) {
-        if (each.name == setting)
-            return each.value;
+        if (each.name == name)
+            return each;
     }
     return {};
 }
@@ -189,15 +189,16 @@ bool CGraphEditor::setSetting(const Core::CId& id, const QString& name, const QS
         return false;
     const QPointer<CNodeDataModel> model(node(id)->nodeDataModel());
     const QString caption = captionOf(id);
-    const QString from = valueOf(*model, name);
+    const QString from = settingOf(*model, name).value;
     const QString error = Host::setSetting(*model, name, value);
     if (!error.isEmpty())
         return refuse(error);
-    const QString to = model ? valueOf(*model, name) : QString();
-    if (!model || to == from)
+    const SModelSetting set = model ? settingOf(*model, name) : SModelSetting();
+    if (!model || set.value == from)
         return true;
-    m_undoStack.push(
-        new CSettingStep(tr("Set %1 of '%2' to %3").arg(name, caption, to), *this, {id, name, from, to, gesture}));
+    const QString shownValue = isChoice(set) ? wordsOf(set.value) : set.value;
+    m_undoStack.push(new CSettingStep(tr("Set %1 of '%2' to %3").arg(wordsOf(name), caption, shownValue), *this,
+                                      {id, name, from, set.value, gesture}));
     return true;
 }
 

@@ -41,7 +41,7 @@ QStringList choicesIn(const SModelSetting& setting)
 // The values of an enumeration are in its box.
 QString rangeText(const SModelSetting& setting)
 {
-    return setting.type == QLatin1String("one of") ? QString() : setting.range;
+    return isChoice(setting) ? QString() : setting.range;
 }
 
 constexpr int mostDecimals = 9;
@@ -62,27 +62,17 @@ public:
 
 } // namespace
 
-QString wordsOf(const QString& name)
-{
-    QString words;
-    for (const QChar letter : name) {
-        if (letter.isUpper() && !words.isEmpty())
-            words += QLatin1Char(' ');
-        words += words.isEmpty() ? letter.toUpper() : letter.toLower();
-    }
-    return words;
-}
-
 CSettingField::CSettingField(const SModelSetting& setting, const std::optional<SSettingBounds>& bounds,
                              QString defaultValue, QWidget* parent)
     : QWidget(parent)
     , m_name(setting.name)
     , m_default(std::move(defaultValue))
+    , m_isChoice(isChoice(setting))
     , m_reset(new QToolButton(this))
     , m_problem(new QLabel(this))
 {
     makeEditor(setting, bounds);
-    const QString words = modelText(wordsOf(m_name));
+    const QString words = wordsOf(m_name);
     const QString help = modelText(setting.help);
     m_editor->setObjectName(m_name);
     m_editor->setAccessibleName(words);
@@ -159,7 +149,7 @@ void CSettingField::makeEditor(const SModelSetting& setting, const std::optional
         makeSpinBox(bounds);
     else if (setting.type == QLatin1String("double") || setting.type == QLatin1String("float"))
         makeDoubleSpinBox(bounds);
-    else if (setting.type == QLatin1String("one of"))
+    else if (m_isChoice)
         makeComboBox(choicesIn(setting));
     else
         makeLineEdit();
@@ -207,7 +197,7 @@ void CSettingField::makeComboBox(const QStringList& words)
     auto* const box = new QComboBox(this);
     m_editor = box;
     for (const QString& word : words)
-        box->addItem(modelText(wordsOf(word)), word);
+        box->addItem(wordsOf(word), word);
     m_show = [box](const QString& value) { box->setCurrentIndex(box->findData(value)); };
     connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
             [this, box](int index) { announce(box->itemData(index).toString()); });
@@ -237,8 +227,8 @@ void CSettingField::announce(const QString& value)
 
 void CSettingField::retranslate()
 {
-    m_reset->setToolTip(tr("Back to the default, %1").arg(m_default));
-    m_reset->setAccessibleName(tr("Default of %1").arg(modelText(wordsOf(m_name))));
+    m_reset->setToolTip(tr("Back to the default, %1").arg(m_isChoice ? wordsOf(m_default) : m_default));
+    m_reset->setAccessibleName(tr("Default of %1").arg(wordsOf(m_name)));
 }
 
 } // namespace Host

@@ -64,6 +64,7 @@ private:
 
     const QString m_name;
     const QString m_default;
+    const bool m_isChoice;
     QWidget* m_editor = nullptr;
     QToolButton* m_reset = nullptr;
     QLabel* m_problem = nullptr;
@@ -72,8 +73,5 @@ private:
     CTypedText m_typed;
     int m_gesture = 1;
 };
-
-/// "Frames per second" for "framesPerSecond", "Newest wins" for "NewestWins".
-QString wordsOf(const QString& name);
 
 } // namespace Host

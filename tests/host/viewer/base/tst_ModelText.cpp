@@ -43,6 +43,8 @@ private Q_SLOTS:
     void everyTextOfAModelIsKnown_data();
     void everyTextOfAModelIsKnown();
     void textsInTheLanguage();
+    void writesNamesAsWords();
+    void messageByItselfHasACapital();
     void captionsInTheLanguage();
     void namesOfAPersonStay();
 };
@@ -114,6 +116,19 @@ void tst_ModelText::namesOfAPersonStay()
         view.setViewName(name);
         QCOMPARE(captionText(view), QString(name));
     }
+}
+
+void tst_ModelText::writesNamesAsWords()
+{
+    QCOMPARE(wordsOf(QStringLiteral("framesPerSecond")), QStringLiteral("Frames per second"));
+    QCOMPARE(wordsOf(QStringLiteral("NewestWins")), QStringLiteral("Newest wins"));
+    QCOMPARE(wordsOf(QString()), QString());
+}
+
+void tst_ModelText::messageByItselfHasACapital()
+{
+    QCOMPARE(asSentence("cannot import"), QString("Cannot import"));
+    QCOMPARE(asSentence(QString()), QString());
 }
 
 QTEST_MAIN(tst_ModelText)

@@ -191,7 +191,7 @@ void tst_CGraphEditor::setsASetting()
     auto* const model = qobject_cast<CBlurModel*>(edited.editor->node(blur)->nodeDataModel());
     QVERIFY(edited.editor->setSetting(blur, QStringLiteral("method"), QStringLiteral("Median")));
     QCOMPARE(model->method(), CBlurModel::EMethod::Median);
-    QCOMPARE(edited.stack().undoText(), QStringLiteral("Set method of 'Blur' to Median"));
+    QCOMPARE(edited.stack().undoText(), QStringLiteral("Set Method of 'Blur' to Median"));
     edited.stack().undo();
     QCOMPARE(model->method(), CBlurModel::EMethod::Gaussian);
     edited.stack().redo();

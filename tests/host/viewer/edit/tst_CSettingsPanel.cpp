@@ -74,7 +74,6 @@ private Q_SLOTS:
     void whatIsTypedStays();
     void smallNumbersAreShown();
     void noDigitOfANumberIsLost();
-    void writesNamesAsWords();
 };
 
 void tst_CSettingsPanel::isEmptyWithoutANode()
@@ -284,13 +283,6 @@ void tst_CSettingsPanel::noDigitOfANumberIsLost()
     edited.stack().undo();
     edited.stack().redo();
     QVERIFY(std::abs(model->gain() - 12345678.123456) < 1e-9);
-}
-
-void tst_CSettingsPanel::writesNamesAsWords()
-{
-    QCOMPARE(wordsOf(QStringLiteral("framesPerSecond")), QStringLiteral("Frames per second"));
-    QCOMPARE(wordsOf(QStringLiteral("NewestWins")), QStringLiteral("Newest wins"));
-    QCOMPARE(wordsOf(QString()), QString());
 }
 
 QTEST_MAIN(tst_CSettingsPanel)
