@@ -14,14 +14,18 @@
 #include "host/viewer/edit/CSettingsPanel.h"
 #include "host/viewer/graph/CConnectionItem.h"
 #include "host/viewer/graph/CGraphCanvas.h"
+#include "host/viewer/graph/CGraphSearch.h"
 #include "host/viewer/graph/CGraphView.h"
 #include "host/viewer/images/CImageDock.h"
+#include "host/viewer/images/CImageView.h"
+#include "host/viewer/recording/CRecorder.h"
 #include "host/viewer/window/CCommandPalette.h"
 #include "host/viewer/window/CImageDocks.h"
 #include "host/viewer/window/CScenePage.h"
 #include "host/viewer/window/CSceneTabs.h"
 #include "host/viewer/window/CViewerDocks.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QDockWidget>
@@ -131,6 +135,29 @@ void tst_ViewerPictures::states()
     window.showCommands();
     take(window.commandPalette(), "6-commands");
     window.commandPalette().reject();
+    window.findChild<QDockWidget*>("faults")->hide();
+
+    CGraphView& graph = window.tabs().current()->view();
+    graph.setActualSize();
+    for (const auto& node : window.tabs().current()->scene()->nodes()) {
+        if (node.second->nodeDataModel()->name() == "Threshold")
+            graph.goTo(node.first);
+    }
+    take(window, "8-details");
+    graph.connectSelected();
+    take(window, "9-connecting");
+    QTest::keyClick(&graph, Qt::Key_Escape);
+    graph.search();
+    QTest::keyClicks(graph.searchBar().findChild<QLineEdit*>(), "png");
+    take(window, "10-search");
+
+    const CImageDock& dock = *window.imageDocks().docks().first();
+    dock.view().setSelection(QRect(60, 60, 240, 160));
+    for (const char* name : {"image.histogram", "image.palette.heat"})
+        dock.findChild<QAction*>(name)->trigger();
+    dock.recorder().start(CRecorder::EKind::Png, test.folder.path(), 25.0);
+    QTRY_VERIFY(dock.recorder().counts().written > 20);
+    take(window, "11-image-recording");
 
     SCameraOptions absent;
     absent.address = QStringLiteral("256.1.1.1");
