@@ -23,8 +23,8 @@ import tempfile
 KINDS = {
     "gone": ("No longer exported", "Programs that use it do not start.",
              "Bring it back, if only as a wrapper around what took its place. A private function that no inline one\n"
-             "calls may go: take its line out of tests/abi/contract/symbols.txt. A class whose vtable or typeinfo it is\n"
-             "keeps HALVEX_EXPORT, and a virtual function in a source file."),
+             "calls may go: take its line out of tests/abi/contract/symbols.txt. A class whose vtable or typeinfo it\n"
+             "is keeps HALVEX_EXPORT, and a virtual function in a source file."),
     "table": ("Virtual tables", "Programs call virtual functions by their slots: they call another one now.",
               "Make it a function that is not virtual, a slot or a property, or one of a new interface beside the\n"
               "class."),
@@ -171,12 +171,12 @@ def compare_types(old_dump, library, headers, log):
     with tempfile.TemporaryDirectory() as folder:
         file = pathlib.Path(folder) / "types.abi"
         file.write_text(old_dump)
+        suppressions = write_suppressions(pathlib.Path(folder) / "suppressions", headers)
         # Exit codes are bits: 4 something changed, 8 programs are broken by it, 1 and 2 it did not work. Each changed
         # type is told by itself. Told by the functions that it reaches, a type that may change was still told where it
         # refers to the public class that it came from.
-        result = run("abidiff", "--leaf-changes-only", "--no-show-locs", "--show-bytes", "--show-dec", "--no-added-syms",
-                     "--suppressions", write_suppressions(pathlib.Path(folder) / "suppressions", headers),
-                     file, library, codes=(0, 4, 8, 12))
+        result = run("abidiff", "--leaf-changes-only", "--no-show-locs", "--show-bytes", "--show-dec",
+                     "--no-added-syms", "--suppressions", suppressions, file, library, codes=(0, 4, 8, 12))
     if log:
         log.write_text(result.stdout)
     differs = re.search(r"^(  \[C\] |'.*' changed:)", result.stdout, re.MULTILINE) is not None
