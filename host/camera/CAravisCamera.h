@@ -124,8 +124,10 @@ private:
     int m_width = 0;
     int m_height = 0;
     unsigned long m_controlLostHandler = 0;
-    std::atomic<bool> m_controlLost{false}; // set by the thread that keeps the connection to the camera alive
-    GObjectPtr<_ArvStream> m_stream;        // null while stopped
+    // Set by the thread that keeps the connection to the camera alive. Released by it and acquired here, so what it did
+    // to the camera before is seen.
+    std::atomic<bool> m_controlLost{false};
+    GObjectPtr<_ArvStream> m_stream; // null while stopped
     // Of a network camera, for which the library counts packets instead of frames; null for others and while stopped.
     std::unique_ptr<CPacketUnderruns> m_packetUnderruns;
     std::shared_ptr<CBufferReturn> m_bufferReturn;

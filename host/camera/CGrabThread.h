@@ -89,13 +89,15 @@ private:
     std::chrono::milliseconds m_timeout{0};
     std::chrono::steady_clock::time_point m_first; // grab thread only
     CFrameNumbers m_numbers;                       // the same
-    // Written by the grab thread alone.
+    // Written by the grab thread alone, so no count is lost between reading and writing it. The default order is enough
+    // without a lock: m_missed and m_spanNs are written before m_complete, which statistics() reads first, so who sees
+    // a frame counted sees what was missed before it. Those counted meanwhile may be seen in part.
     std::atomic<quint64> m_complete{0};
     std::atomic<quint64> m_incomplete{0};
     std::atomic<quint64> m_underruns{0};
     std::atomic<quint64> m_missed{0};
     std::atomic<qint64> m_spanNs{0};
-    std::atomic<bool> m_hasRunOut{false};
+    std::atomic<bool> m_hasRunOut{false}; // set before ended(), which a receiver hears of later
 };
 
 } // namespace Host

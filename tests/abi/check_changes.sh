@@ -46,12 +46,14 @@ name="Plugin::Halvex::CSubject"
 abi write none >/dev/null
 abi check none >/dev/null
 abi check hidden >/dev/null
+abi check job >/dev/null
 refuses vtable "Virtual tables:" "  int $name::newest(): a new virtual function in slot 12" \
     "  int $name::second(): in slot 14, was in 13"
-refuses virtual_added "Virtual tables:" "  int $name::newest(): a new virtual function in slot 14"
-refuses size "Sizes of classes:" "  $name: 40 bytes, was 32"
+refuses virtual_added "Virtual tables:" "  int $name::newest(): a new virtual function in slot 15"
+refuses table_hidden "No longer exported:" "  vtable for $name" "  typeinfo for $name" "  typeinfo name for $name"
+refuses size "Sizes of classes:" "  $name: 56 bytes, was 48"
 refuses padding "Other types:"
-refuses order "Places of members:" "  $name: 'int m_rate' begins at byte 28, was at 24"
+refuses order "Places of members:" "  $name: 'int m_rate' begins at byte 44, was at 40"
 refuses removed "No longer exported:" "  $name::rate() const"
 refuses argument "No longer exported:" "  $name::setRate(int)"
 refuses signal "Indices of signals:" "  class $name: signal rateChanged(int) at 1, was at 0"
@@ -59,6 +61,9 @@ refuses enum "What is known by name:" "  class $name: value EMode::Slow = 0"
 refuses private "No longer exported:" "  $name::step() const" "Exported, and not in the list:" \
     "  $name::newestStep() const"
 tells added "Exported, and not in the list:" "  $name::newestRate() const"
+added_class=("  Plugin::Halvex::CNewest::count" "  Plugin::Halvex::CNewest::~CNewest()"
+    "  vtable for Plugin::Halvex::CNewest" "  typeinfo for Plugin::Halvex::CNewest")
+tells class_added "Exported, and not in the list:" "${added_class[@]}"
 tells signal_added "Exported, and not in the list:" "  class $name: signal newestChanged() at 1"
 tells soname "SONAME:" "  libHalvexSubject.so.2, was libHalvexSubject.so.1"
 
@@ -73,6 +78,9 @@ abi write none >/dev/null
 abi write added >/dev/null
 abi check added >/dev/null
 tells none "No longer exported:" "  $name::newestRate() const"
+rm -r "$work/contract"
+abi write class_added >/dev/null
+tells none "No longer exported:" "${added_class[@]}"
 # With a new major version everything is.
 abi write soname >/dev/null
 abi check soname >/dev/null

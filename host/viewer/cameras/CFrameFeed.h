@@ -33,7 +33,7 @@ public:
 
 private:
     const Plugin::Halvex::CNodeDataEntry m_entry;
-    std::atomic<quint64> m_frames{0};
+    std::atomic<quint64> m_frames{0}; // a number by itself, any order would do: the newest frame is under the mutex
     mutable QMutex m_mutex;
     Veltra::CGrabResultPtr m_newest; // guarded by m_mutex
 };

@@ -37,9 +37,13 @@ struct CNodeActivity::SCounts
         }
     }
 
+    // Each is a number by itself. The default order is needed for one thing: an update is counted before hasChanged is
+    // set, so who takes that sees the count.
     std::vector<std::atomic<quint64>> updates;
     std::atomic<bool> hasChanged{true};
-    std::atomic<qint64> since{0}; // 0 while nothing is computed
+    // Taken out by whoever ends it, so a time is told once; 0 while nothing is computed. A time whose end is between
+    // the two comes with the next call of takeLongest().
+    std::atomic<qint64> since{0};
     std::atomic<qint64> longest{0};
 };
 

@@ -39,7 +39,7 @@ private:
     const QPointer<QWidget> m_widget;
     double m_longest = 0.0;
     int m_count = 0;
-    std::atomic<bool> m_isEnding{false};
+    std::atomic<bool> m_isEnding{false}; // says only that, any order would do: join() orders the rest
     std::thread m_thread;
 };
 

@@ -3,6 +3,10 @@
 
 #include "CSubject.h"
 
+#include <QRunnable>
+
+#include <vector>
+
 namespace Plugin::Halvex {
 
 // No program sees it.
@@ -14,9 +18,41 @@ struct CSubject::SHidden
     int value = 0;
 };
 
+// Nor these, though they refer to the public class again.
+class CSubject::CQueue : public std::enable_shared_from_this<CQueue>
+{
+public:
+    class CJob;
+
+    void add(const CSubject& subject);
+
+    std::vector<std::unique_ptr<CJob>> jobs;
+};
+
+class CSubject::CQueue::CJob : public QRunnable
+{
+public:
+    void run() override { queue->jobs.clear(); }
+
+    std::shared_ptr<CQueue> queue;
+    Work work;
+#ifdef CHANGED_JOB
+    double newest = 0.0;
+#endif
+};
+
+void CSubject::CQueue::add(const CSubject& subject)
+{
+    jobs.push_back(std::make_unique<CJob>());
+    jobs.back()->queue = shared_from_this();
+    jobs.back()->work = subject.makeWork();
+}
+
 CSubject::CSubject()
     : m_hidden(new SHidden)
+    , m_queue(std::make_shared<CQueue>())
 {
+    m_queue->add(*this);
 }
 
 CSubject::~CSubject()
@@ -29,6 +65,17 @@ int CSubject::newest()
 {
     return 0;
 }
+#endif
+
+CSubject::Work CSubject::makeWork() const
+{
+    return {};
+}
+
+#ifdef CHANGED_CLASS_ADDED
+int CNewest::count = 0;
+
+CNewest::~CNewest() = default;
 #endif
 
 #ifdef CHANGED_PRIVATE

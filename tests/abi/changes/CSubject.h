@@ -5,6 +5,9 @@
 
 #include <QObject>
 
+#include <functional>
+#include <memory>
+
 namespace Plugin::Halvex {
 
 /// A class of a library that is checked as the real one is. CHANGED_… is defined for the library that has that change;
@@ -25,6 +28,8 @@ public:
     };
     Q_ENUM(EMode)
 
+    using Work = std::function<int(const CSubject&)>;
+
     CSubject();
     ~CSubject() override;
 
@@ -33,6 +38,7 @@ public:
 #endif
     virtual int first();
     virtual int second();
+    virtual Work makeWork() const;
 #ifdef CHANGED_VIRTUAL_ADDED
     virtual int newest();
 #endif
@@ -64,6 +70,7 @@ Q_SIGNALS:
 #endif
 
 private:
+    class CQueue;
     struct SHidden;
 
 #ifdef CHANGED_PRIVATE
@@ -73,6 +80,7 @@ private:
 #endif
 
     SHidden* m_hidden = nullptr;
+    std::shared_ptr<CQueue> m_queue;
 #ifdef CHANGED_ORDER
     short m_step = 0;
     int m_rate = 1;
@@ -87,5 +95,15 @@ private:
     double m_newest = 0.0;
 #endif
 };
+
+#ifdef CHANGED_CLASS_ADDED
+class Q_DECL_EXPORT CNewest
+{
+public:
+    virtual ~CNewest();
+
+    static int count;
+};
+#endif
 
 } // namespace Plugin::Halvex
