@@ -41,6 +41,7 @@ public:
     Core::CId id() const { return m_id; }
     CNodeItem& from() const { return m_from; }
     CNodeItem& to() const { return m_to; }
+    QPointF middle() const;
     QString label() const;
 
     /// Whether it leads as \a connection does, from the same nodes' items.
@@ -63,7 +64,6 @@ public:
 private:
     QString rateText(int decimals) const;
     void paintRate(QPainter& painter, const SGraphColors& colors, double detail) const;
-    QPointF middle() const;
     QRectF labelRect() const;
 
     const Core::CId m_id;

@@ -79,6 +79,7 @@ void CGraphActions::addEdits()
     add("graphDelete", QKeySequence::Delete, [this] { remove(); });
     add("graphSelectAll", QKeySequence::SelectAll, [this] { selectAll(); });
     add("graphConnect", QKeySequence(Qt::Key_C), [this] { m_view.connectSelected(); });
+    add("graphNextConnection", QKeySequence(Qt::Key_N), [this] { m_view.goToNextConnection(); });
     add("graphArrange", QKeySequence(QStringLiteral("Ctrl+L")), [this] {
         m_view.canvas().arrange();
         m_view.fit();
@@ -164,6 +165,7 @@ void CGraphActions::retranslate()
     find("graphDelete")->setText(tr("Delete"));
     find("graphSelectAll")->setText(tr("Select all nodes"));
     find("graphConnect")->setText(tr("Connect…"));
+    find("graphNextConnection")->setText(tr("Choose the next connection"));
     find("graphArrange")->setText(tr("Arrange"));
     find("graphFind")->setText(tr("Find a node…"));
     find("graphFit")->setText(tr("Show all"));

@@ -75,6 +75,9 @@ public:
     /// Makes these nodes the selection. Draws what is there now, before.
     void select(const std::vector<Core::CId>& nodes);
 
+    /// Makes that connection the selection; one that is not there changes nothing.
+    void selectConnection(const Core::CId& connection);
+
     /// The port near \a point of the drawing; one of no side if there is none.
     SPort portAt(QPointF point) const;
 

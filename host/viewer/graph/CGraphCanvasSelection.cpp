@@ -45,6 +45,18 @@ void CGraphCanvas::select(const std::vector<Core::CId>& nodes)
     });
 }
 
+void CGraphCanvas::selectConnection(const Core::CId& connection)
+{
+    sync();
+    const auto found = m_connections.find(connection);
+    if (found == m_connections.end())
+        return;
+    changeSelection([this, item = found->second] {
+        clearSelection();
+        item->setSelected(true);
+    });
+}
+
 void CGraphCanvas::changeSelection(const std::function<void()>& change)
 {
     const auto before = std::make_pair(selectedNodes(), selectedConnections());

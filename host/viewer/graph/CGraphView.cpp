@@ -4,6 +4,7 @@
 #include "host/viewer/graph/CGraphView.h"
 
 #include "host/viewer/edit/CGraphEditor.h"
+#include "host/viewer/graph/CConnectionItem.h"
 #include "host/viewer/graph/CGraphActions.h"
 #include "host/viewer/graph/CGraphCanvas.h"
 #include "host/viewer/graph/CGraphOverview.h"
@@ -125,6 +126,16 @@ void CGraphView::goTo(const Core::CId& node)
     // As little as needed, so that a person keeps the overview. Who hears of the selection may have removed the node.
     if (const CNodeItem* const item = m_canvas->nodeItem(node))
         ensureVisible(item->sceneBoundingRect(), 48, 48);
+}
+
+void CGraphView::goToNextConnection()
+{
+    m_canvas->sync();
+    const Core::CId next = nextConnection(*m_canvas);
+    m_canvas->selectConnection(next);
+    const auto found = m_canvas->connectionItems().find(next);
+    if (found != m_canvas->connectionItems().end())
+        ensureVisible(found->second->sceneBoundingRect(), 48, 48);
 }
 
 void CGraphView::search()

@@ -28,9 +28,9 @@ class CGraphSearch;
  * \endcode
  *
  * Mouse: the wheel zooms at the pointer, the middle button moves the drawing, the left button selects, moves nodes and
- * draws connections. Keyboard: the arrows go from node to node, with Ctrl they move the chosen nodes; Tab goes through
- * all nodes and then on to the next widget; Enter activates a node. While a connection is being drawn Tab and the
- * arrows go through the ports that fit, Enter makes it, Escape gives it up.
+ * draws connections. Keyboard: the arrows go from node to node, with Shift they choose one more, with Ctrl they move
+ * the chosen ones; Tab goes through all nodes and then on to the next widget; Enter activates a node. While a
+ * connection is being drawn Tab and the arrows go through the ports that fit, Enter makes it, Escape gives it up.
  *
  * Ownership: the editor is not owned and may go; the view is empty then. Threads: the window's.
  */
@@ -57,6 +57,9 @@ public:
 
     /// Chooses that node and brings it into view. One that is not there changes nothing.
     void goTo(const Core::CId& node);
+
+    /// Chooses a connection, as nextConnection() says, and brings it into view.
+    void goToNextConnection();
 
     void search();
     CGraphSearch& searchBar() const { return *m_search; }
@@ -93,6 +96,7 @@ protected:
 private:
     bool steerConnection(int key);
     bool goInDirection(int key, Qt::KeyboardModifiers modifiers);
+    void chooseOneMore(QPointF direction);
     void moveSelected(QPointF by);
     void onSelectionChanged();
     void placeOverlays();
@@ -104,7 +108,8 @@ private:
     CGraphActions* m_actions = nullptr;
     CGraphOverview* m_overview = nullptr;
     CGraphSearch* m_search = nullptr;
-    SPort m_lastSource; // of a connection that was begun with the keyboard
+    SPort m_lastSource;     // of a connection that was begun with the keyboard
+    Core::CId m_lastChosen; // by chooseOneMore()
     QPoint m_panFrom;
     bool m_isPanning = false;
     bool m_isFitted = true;

@@ -15,6 +15,7 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cmath>
 
 namespace Host {
@@ -136,11 +137,28 @@ bool CGraphView::goInDirection(int key, Qt::KeyboardModifiers modifiers)
     const std::vector<Core::CId> chosen = m_canvas->selectedNodes();
     if (modifiers & Qt::ControlModifier)
         moveSelected(direction * positionGrid);
+    else if ((modifiers & Qt::ShiftModifier) && !chosen.empty())
+        chooseOneMore(direction);
     else if (chosen.empty())
         goTo(nodeBeside(*m_canvas, Core::CId(), true));
     else
         goTo(nodeInDirection(*m_canvas, chosen.front(), direction));
     return true;
+}
+
+// From the node that was chosen last, if it still is.
+void CGraphView::chooseOneMore(QPointF direction)
+{
+    std::vector<Core::CId> chosen = m_canvas->selectedNodes();
+    const bool isLastChosen = std::find(chosen.begin(), chosen.end(), m_lastChosen) != chosen.end();
+    const Core::CId next = nodeInDirection(*m_canvas, isLastChosen ? m_lastChosen : chosen.front(), direction);
+    if (next == Core::CId())
+        return;
+    m_lastChosen = next;
+    chosen.push_back(next);
+    m_canvas->select(chosen);
+    if (const CNodeItem* const item = m_canvas->nodeItem(next))
+        ensureVisible(item->sceneBoundingRect(), 48, 48);
 }
 
 void CGraphView::moveSelected(QPointF by)

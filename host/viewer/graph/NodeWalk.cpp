@@ -3,6 +3,7 @@
 
 #include "host/viewer/graph/NodeWalk.h"
 
+#include "host/viewer/graph/CConnectionItem.h"
 #include "host/viewer/graph/CGraphCanvas.h"
 #include "host/viewer/graph/CNodeItem.h"
 
@@ -14,6 +15,12 @@
 namespace Host {
 
 namespace {
+
+// From left to right and from top to bottom.
+bool isBefore(QPointF one, QPointF other)
+{
+    return one.x() != other.x() ? one.x() < other.x() : one.y() < other.y();
+}
 
 QPointF middleOf(const CNodeItem& item)
 {
@@ -43,11 +50,8 @@ Core::CId nodeBeside(const CGraphCanvas& canvas, const Core::CId& node, bool nex
     std::vector<const CNodeItem*> ordered;
     for (const auto& entry : canvas.nodeItems())
         ordered.push_back(entry.second);
-    std::sort(ordered.begin(), ordered.end(), [](const CNodeItem* left, const CNodeItem* right) {
-        const QPointF one = left->pos();
-        const QPointF other = right->pos();
-        return one.x() != other.x() ? one.x() < other.x() : one.y() < other.y();
-    });
+    std::sort(ordered.begin(), ordered.end(),
+              [](const CNodeItem* one, const CNodeItem* other) { return isBefore(one->pos(), other->pos()); });
     if (!next)
         std::reverse(ordered.begin(), ordered.end());
     const auto here =
@@ -75,6 +79,26 @@ Core::CId nodeInDirection(const CGraphCanvas& canvas, const Core::CId& node, QPo
         }
     }
     return nearest;
+}
+
+Core::CId nextConnection(const CGraphCanvas& canvas)
+{
+    std::vector<const CConnectionItem*> ordered;
+    for (const auto& entry : canvas.connectionItems())
+        ordered.push_back(entry.second);
+    if (ordered.empty())
+        return {};
+    std::sort(ordered.begin(), ordered.end(), [](const CConnectionItem* one, const CConnectionItem* other) {
+        return isBefore(one->middle(), other->middle());
+    });
+    const auto chosen =
+        std::find_if(ordered.begin(), ordered.end(), [](const auto* each) { return each->isSelected(); });
+    if (chosen != ordered.end())
+        return (chosen + 1 == ordered.end() ? ordered.front() : *(chosen + 1))->id();
+    const auto ofNode = std::find_if(ordered.begin(), ordered.end(), [](const CConnectionItem* each) {
+        return each->from().isSelected() || each->to().isSelected();
+    });
+    return (ofNode == ordered.end() ? ordered.front() : *ofNode)->id();
 }
 
 } // namespace Host

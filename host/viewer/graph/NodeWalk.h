@@ -21,4 +21,8 @@ Core::CId nodeBeside(const CGraphCanvas& canvas, const Core::CId& node, bool nex
 /// The nearest node that lies in \a direction of \a node; no id if there is none.
 Core::CId nodeInDirection(const CGraphCanvas& canvas, const Core::CId& node, QPointF direction);
 
+/// The connection behind the chosen one, from left to right and from top to bottom, and behind the last one the first;
+/// where none is chosen, the first of the chosen node. No id if there is none.
+Core::CId nextConnection(const CGraphCanvas& canvas);
+
 } // namespace Host

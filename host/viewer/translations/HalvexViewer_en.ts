@@ -430,6 +430,10 @@
         <translation>Connect…</translation>
     </message>
     <message>
+        <source>Choose the next connection</source>
+        <translation>Choose the next connection</translation>
+    </message>
+    <message>
         <source>Arrange</source>
         <translation>Arrange</translation>
     </message>
@@ -1878,6 +1882,14 @@ Ctrl+K finds every command.</translation>
     <message>
         <source>New scene</source>
         <translation>New scene</translation>
+    </message>
+    <message>
+        <source>Previous scene</source>
+        <translation>Previous scene</translation>
+    </message>
+    <message>
+        <source>Next scene</source>
+        <translation>Next scene</translation>
     </message>
     <message>
         <source>Open scene…</source>

@@ -430,6 +430,10 @@
         <translation>接続…</translation>
     </message>
     <message>
+        <source>Choose the next connection</source>
+        <translation>次の接続を選択</translation>
+    </message>
+    <message>
         <source>Arrange</source>
         <translation>整列</translation>
     </message>
@@ -1870,6 +1874,14 @@ Ctrl+K ですべてのコマンドを検索できます。</translation>
     <message>
         <source>New scene</source>
         <translation>新しいシーン</translation>
+    </message>
+    <message>
+        <source>Previous scene</source>
+        <translation>前のシーン</translation>
+    </message>
+    <message>
+        <source>Next scene</source>
+        <translation>次のシーン</translation>
     </message>
     <message>
         <source>Open scene…</source>

@@ -430,6 +430,10 @@
         <translation>연결…</translation>
     </message>
     <message>
+        <source>Choose the next connection</source>
+        <translation>다음 연결 선택</translation>
+    </message>
+    <message>
         <source>Arrange</source>
         <translation>정렬</translation>
     </message>
@@ -1870,6 +1874,14 @@ Ctrl+K로 모든 명령을 찾을 수 있습니다.</translation>
     <message>
         <source>New scene</source>
         <translation>새 장면</translation>
+    </message>
+    <message>
+        <source>Previous scene</source>
+        <translation>이전 장면</translation>
+    </message>
+    <message>
+        <source>Next scene</source>
+        <translation>다음 장면</translation>
     </message>
     <message>
         <source>Open scene…</source>

@@ -430,6 +430,10 @@
         <translation>连接…</translation>
     </message>
     <message>
+        <source>Choose the next connection</source>
+        <translation>选择下一条连接</translation>
+    </message>
+    <message>
         <source>Arrange</source>
         <translation>自动排列</translation>
     </message>
@@ -1870,6 +1874,14 @@ Ctrl+K finds every command.</source>
     <message>
         <source>New scene</source>
         <translation>新建场景</translation>
+    </message>
+    <message>
+        <source>Previous scene</source>
+        <translation>上一个场景</translation>
+    </message>
+    <message>
+        <source>Next scene</source>
+        <translation>下一个场景</translation>
     </message>
     <message>
         <source>Open scene…</source>

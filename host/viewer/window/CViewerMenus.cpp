@@ -24,6 +24,7 @@ namespace Host {
 CViewerMenus::CViewerMenus(CViewerWindow& window, QUndoGroup& history, const CViewerSettings& settings)
     : QObject(&window)
     , m_window(window)
+    , m_history(history)
     , m_settings(settings)
     , m_file(window.menuBar()->addMenu(QString()))
     , m_edit(window.menuBar()->addMenu(QString()))
@@ -33,7 +34,7 @@ CViewerMenus::CViewerMenus(CViewerWindow& window, QUndoGroup& history, const CVi
     , m_view(window.menuBar()->addMenu(QString()))
 {
     makeFileMenu();
-    makeEditMenu(history);
+    makeEditMenu();
     m_cameras->addActions(window.docks().cameras().cameraActions());
     m_cameras->addSeparator();
     m_cameras->addActions(window.docks().features().featureActions());
@@ -62,28 +63,35 @@ void CViewerMenus::makeFileMenu()
     m_file->addSeparator();
     m_import = add(m_file, "importChain", QKeySequence(QStringLiteral("Ctrl+I")), &CViewerWindow::askForChain);
     m_file->addSeparator();
+    m_next = add(m_file, "nextScene", QKeySequence(QStringLiteral("Ctrl+PgDown")), &CViewerWindow::showNextScene);
+    m_previous =
+        add(m_file, "previousScene", QKeySequence(QStringLiteral("Ctrl+PgUp")), &CViewerWindow::showPreviousScene);
     m_close = add(m_file, "closeScene", QKeySequence::Close, &CViewerWindow::closeCurrent);
     m_quit = makeAction(&m_window, "quit", QKeySequence(QStringLiteral("Ctrl+Q")), [this] { m_window.close(); });
     m_file->addAction(m_quit);
 }
 
-void CViewerMenus::makeEditMenu(QUndoGroup& history)
+void CViewerMenus::makeEditMenu()
 {
-    m_undo = makeAction(&m_window, "undo", QKeySequence::Undo, [&history] { history.undo(); });
-    m_redo = makeAction(&m_window, "redo", QKeySequence::Redo, [&history] { history.redo(); });
+    m_undo = makeAction(&m_window, "undo", QKeySequence::Undo, [this] { m_history.undo(); });
+    m_redo = makeAction(&m_window, "redo", QKeySequence::Redo, [this] { m_history.redo(); });
     m_edit->addActions({m_undo, m_redo});
     m_edit->addSeparator();
     m_addView = add(m_edit, "addImageView", QKeySequence(QStringLiteral("Ctrl+E")), &CViewerWindow::addImageView);
-    connect(&history, &QUndoGroup::canUndoChanged, m_undo, &QAction::setEnabled);
-    connect(&history, &QUndoGroup::canRedoChanged, m_redo, &QAction::setEnabled);
-    m_undo->setEnabled(history.canUndo());
-    m_redo->setEnabled(history.canRedo());
-    const auto showTexts = [this, &history] {
-        m_undo->setText(history.undoText().isEmpty() ? tr("Undo") : tr("Undo: %1").arg(history.undoText()));
-        m_redo->setText(history.redoText().isEmpty() ? tr("Redo") : tr("Redo: %1").arg(history.redoText()));
-    };
-    connect(&history, &QUndoGroup::undoTextChanged, this, showTexts);
-    connect(&history, &QUndoGroup::redoTextChanged, this, showTexts);
+    connect(&m_history, &QUndoGroup::canUndoChanged, m_undo, &QAction::setEnabled);
+    connect(&m_history, &QUndoGroup::canRedoChanged, m_redo, &QAction::setEnabled);
+    m_undo->setEnabled(m_history.canUndo());
+    m_redo->setEnabled(m_history.canRedo());
+    connect(&m_history, &QUndoGroup::undoTextChanged, this, &CViewerMenus::showSteps);
+    connect(&m_history, &QUndoGroup::redoTextChanged, this, &CViewerMenus::showSteps);
+}
+
+void CViewerMenus::showSteps()
+{
+    const QString undo = m_history.undoText();
+    const QString redo = m_history.redoText();
+    m_undo->setText(undo.isEmpty() ? tr("Undo") : tr("Undo: %1").arg(undo));
+    m_redo->setText(redo.isEmpty() ? tr("Redo") : tr("Redo: %1").arg(redo));
 }
 
 QAction* CViewerMenus::addChoice(QMenu* menu, QActionGroup* group, const QString& name, bool isChosen)
@@ -135,7 +143,7 @@ void CViewerMenus::makeViewMenu()
 void CViewerMenus::update()
 {
     const CScenePage* const page = m_window.tabs().current();
-    for (QAction* const action : {m_save, m_saveAs, m_import, m_close, m_addView})
+    for (QAction* const action : {m_save, m_saveAs, m_import, m_next, m_previous, m_close, m_addView})
         action->setEnabled(page != nullptr);
     m_graph->clear();
     if (page)
@@ -187,10 +195,11 @@ void CViewerMenus::retranslate()
     m_save->setText(tr("Save scene"));
     m_saveAs->setText(tr("Save scene as…"));
     m_import->setText(tr("Import chain…"));
+    m_next->setText(tr("Next scene"));
+    m_previous->setText(tr("Previous scene"));
     m_close->setText(tr("Close scene"));
     m_quit->setText(tr("Quit"));
-    m_undo->setText(tr("Undo"));
-    m_redo->setText(tr("Redo"));
+    showSteps();
     m_addView->setText(tr("Show the camera's image"));
     m_commands->setText(tr("Commands…"));
     m_fullScreen->setText(tr("Full screen"));

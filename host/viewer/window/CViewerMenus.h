@@ -40,7 +40,8 @@ public:
 
 private:
     void makeFileMenu();
-    void makeEditMenu(QUndoGroup& history);
+    void makeEditMenu();
+    void showSteps();
     void makeViewMenu();
     void fillRecent();
     void fillImages();
@@ -48,6 +49,7 @@ private:
     QAction* addChoice(QMenu* menu, QActionGroup* group, const QString& name, bool isChosen);
 
     CViewerWindow& m_window;
+    QUndoGroup& m_history;
     const CViewerSettings& m_settings;
     QMenu* const m_file;
     QMenu* const m_edit;
@@ -63,6 +65,8 @@ private:
     QAction* m_save = nullptr;
     QAction* m_saveAs = nullptr;
     QAction* m_import = nullptr;
+    QAction* m_next = nullptr;
+    QAction* m_previous = nullptr;
     QAction* m_close = nullptr;
     QAction* m_quit = nullptr;
     QAction* m_undo = nullptr;

@@ -103,6 +103,8 @@ public Q_SLOTS:
     void saveCurrent();
     void saveCurrentAs();
     void closeCurrent();
+    void showNextScene() { showBeside(1); }
+    void showPreviousScene() { showBeside(-1); }
     void addImageView();
     void showCommands();
 
@@ -133,6 +135,7 @@ private:
     void ifChangesMayGo(CScenePage& page, const std::function<void(CScenePage&)>& then);
     QDialog* askToDiscard(const QString& modified, const std::function<void()>& then);
     void restoreLayout();
+    void showBeside(int step);
     void retranslate();
 
     const SParts m_parts;

@@ -86,6 +86,14 @@ void CViewerWindow::askForFile(CScenePage* page, QFileDialog* dialog, const std:
     dialog->open();
 }
 
+// Behind the last scene the first one follows.
+void CViewerWindow::showBeside(int step)
+{
+    const int count = m_tabs->count();
+    if (count > 0)
+        m_tabs->setCurrentIndex((m_tabs->currentIndex() + step + count) % count);
+}
+
 void CViewerWindow::closeCurrent()
 {
     if (const CScenePage* const page = m_tabs->current())

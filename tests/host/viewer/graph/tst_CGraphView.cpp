@@ -35,6 +35,9 @@ private Q_SLOTS:
     void aDropBesideAPortConnectsNothing();
     void escapeGivesAConnectionUp();
     void theKeyboardConnects();
+    void theKeyboardChoosesAConnection();
+    void theKeyboardChoosesOneMoreNode();
+    void fiveHundredNodesAreSearched();
     void aDraggedNodeIsMovedInOneStep();
     void deleteRemovesTheSelection();
     void copyAndPaste();
@@ -135,6 +138,58 @@ void tst_CGraphView::theKeyboardConnects()
     QVERIFY(shown.canvas().connectionInProgress()->target() == SEditedScene::in(edges)); // the other is connected
     shown.key(Qt::Key_Escape);
     QCOMPARE(shown.edited.scene->connections().size(), std::size_t(1));
+}
+
+void tst_CGraphView::theKeyboardChoosesAConnection()
+{
+    const SShownGraph shown;
+    const Core::CId blur = shown.edited.add("Blur", {400, 0});
+    const Core::CId edges = shown.edited.add("Edges", {800, 0});
+    QVERIFY(shown.edited.connectNodes(shown.edited.camera, blur));
+    QVERIFY(shown.edited.connectNodes(blur, edges));
+    shown.view->goTo(edges);
+    shown.key(Qt::Key_N);
+    const std::vector<Core::CId> last = shown.canvas().selectedConnections();
+    QCOMPARE(last.size(), std::size_t(1));
+    QVERIFY(shown.canvas().selectedNodes().empty());
+    shown.key(Qt::Key_N);
+    QVERIFY(shown.canvas().selectedConnections() != last);
+    shown.key(Qt::Key_N);
+    QCOMPARE(shown.canvas().selectedConnections(), last);
+    shown.key(Qt::Key_Delete);
+    QCOMPARE(shown.edited.scene->connections().size(), std::size_t(1));
+    QCOMPARE(shown.edited.scene->connections().count(last.front()), std::size_t(0));
+}
+
+void tst_CGraphView::theKeyboardChoosesOneMoreNode()
+{
+    const SShownGraph shown;
+    const Core::CId blur = shown.edited.add("Blur", {400, 0});
+    const Core::CId edges = shown.edited.add("Edges", {800, 0});
+    shown.view->goTo(shown.edited.camera);
+    shown.key(Qt::Key_Right, Qt::ShiftModifier);
+    shown.key(Qt::Key_Right, Qt::ShiftModifier);
+    shown.key(Qt::Key_Right, Qt::ShiftModifier); // there is none
+    std::vector<Core::CId> all{shown.edited.camera, blur, edges};
+    std::sort(all.begin(), all.end());
+    QCOMPARE(shown.canvas().selectedNodes(), all);
+}
+
+void tst_CGraphView::fiveHundredNodesAreSearched()
+{
+    const SShownGraph shown;
+    constexpr int rows = 20;
+    for (int node = 0; node < 499; ++node)
+        shown.edited.add("Blur", {400.0 * (1 + node / rows), 200.0 * (node % rows)});
+    const Core::CId wanted = shown.edited.add("Edges", {400.0 * 26, 0});
+    shown.view->fit();
+    QVERIFY(shown.view->mapToScene(shown.view->viewport()->rect()).boundingRect().contains(shown.canvas().nodesRect()));
+    shown.view->setActualSize();
+    QTRY_VERIFY(shown.view->findChild<CGraphOverview*>()->isVisible());
+    shown.view->search();
+    QTest::keyClicks(shown.view->searchBar().findChild<QLineEdit*>(), "edg");
+    QTRY_COMPARE(shown.canvas().selectedNodes(), std::vector<Core::CId>{wanted});
+    QVERIFY(shown.view->viewport()->rect().contains(shown.at(wanted)));
 }
 
 void tst_CGraphView::aDraggedNodeIsMovedInOneStep()
