@@ -7,7 +7,7 @@ namespace Plugin::Halvex::Testing {
 
 SFinding makeFinding(const SRuleInfo& rule, const QString& seen)
 {
-    return {rule.name, seen, rule.why, rule.how, QStringLiteral("manual/model-contract.html#%1").arg(rule.name)};
+    return {rule.name, seen, rule.why, rule.how, QStringLiteral("manual/docs/model-contract.html#%1").arg(rule.name)};
 }
 
 bool enterOutcome(const SRuleInfo& rule, const SOutcome& outcome, bool isBasic, SReport* report)
