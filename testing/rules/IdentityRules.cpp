@@ -77,6 +77,13 @@ SOutcome answersQuestions(const SModelSubject& subject)
         if (!thrown.isEmpty())
             return broken(QStringLiteral("%1 %2").arg(QString::fromLatin1(call), thrown));
     }
+    for (const ENodePortType side : {ENodePortType::In, ENodePortType::Out}) {
+        for (NodePortIndex port = 0; port < NodePortIndex(model->nPorts(side)); ++port) {
+            const QString seen = thrownWhenAsked(*model, side, port);
+            if (!seen.isEmpty())
+                return broken(seen);
+        }
+    }
     return kept();
 }
 
