@@ -77,7 +77,7 @@ void tst_HalvexCheck::soundPlugins()
 {
     QFETCH(QString, file);
     QFETCH(int, models);
-    const SRun done = run({few, file});
+    const SRun done = run({file});
     QVERIFY2(done.exitCode == 0, qPrintable(done.output + done.errors));
     QVERIFY2(done.output.endsWith(QString("models checked: %1, rules broken: 0\n").arg(models)),
              qPrintable(done.output));
