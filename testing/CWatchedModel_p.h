@@ -128,7 +128,7 @@ private:
     bool m_finishedUnasked = false;
     bool m_isAsking = false;
     std::exception_ptr m_thrown; // by outData() when it was announced; no exception may pass the event loop
-    std::atomic<bool> m_spokeElsewhere{false};
+    std::atomic<bool> m_spokeElsewhere{false}; // atomic: the thread that announces sets it
 };
 
 /// A document as it comes back from a file: what JSON text cannot hold is lost.
