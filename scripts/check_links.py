@@ -1,13 +1,17 @@
 #!/usr/bin/env python3
-"""Follows every link of a site in a folder, and tells those that lead nowhere and what would need a network.
+"""Follows every link of a site in a folder, and tells those that lead nowhere and what would need a network. So it does
+with the links into the manual that the kit's reports print.
 
     scripts/check_links.py build/manual
 """
 
 import html.parser
 import pathlib
+import re
 import sys
 import urllib.parse
+
+REPORTS = pathlib.Path("tests/testing/golden")
 
 
 class Page(html.parser.HTMLParser):
@@ -43,11 +47,25 @@ def faults_of(file, page, pages, root):
             yield f"no place has the name in {link}"
 
 
+def faults_of_reports(pages, root):
+    """Their links begin at the folder that holds the manual."""
+    reports = sorted(REPORTS.rglob("*.txt"))
+    if not reports:
+        yield f"{REPORTS}: no report was found"
+    for report in reports:
+        for link in re.findall(r"^  page  (.*)$", report.read_text(encoding="utf-8"), re.MULTILINE):
+            page, _, anchor = link.partition("#")
+            target = root.parent / page
+            if target not in pages or anchor not in pages[target].anchors:
+                yield f"{report}: nothing is at {link}"
+
+
 def main():
     root = pathlib.Path(sys.argv[1]).resolve()
     pages = {file: Page(file) for file in sorted(root.rglob("*.html")) if file.name != "404.html"}
     faults = [f"{file.relative_to(root)}: {fault}"
               for file, page in pages.items() for fault in faults_of(file, page, pages, root)]
+    faults += faults_of_reports(pages, root)
     print(f"{len(pages)} pages")
     if faults or not pages:
         sys.exit("\n".join(faults) or "no page was found")

@@ -11,7 +11,7 @@ import subprocess
 import sys
 
 WORDS = pathlib.Path("docs/words.txt")
-HEADERS = ("graph", "scene", "models", "service", "platform")
+HEADERS = ("graph", "scene", "models", "service", "platform", "testing")
 
 # What is no prose, each up to the blank that takes its place: code, links' targets, marks, and names of code.
 NO_PROSE = [re.compile(pattern, flags) for pattern, flags in (

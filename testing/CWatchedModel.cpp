@@ -5,6 +5,8 @@
 
 #include "testing/PropertyValues_p.h"
 
+#include <Halvex/testing/CForeignData.h>
+
 #include <Halvex/models/ASourceNodeDataModel.h>
 #include <Halvex/service/CVeltraGrabResultData.h>
 
@@ -14,6 +16,7 @@
 #include <QThread>
 
 #include <algorithm>
+#include <utility>
 
 namespace Plugin::Halvex::Testing {
 
@@ -107,12 +110,19 @@ void CWatchedModel::put(const CNodeDataPtr& data, NodePortIndex entry)
         source()->getDataFlowProxy()->setData(data);
 }
 
+void CWatchedModel::feedForeign()
+{
+    for (NodePortIndex port = 0; port < m_inPorts; ++port)
+        m_model->setInData(CNodeDataPtr(new CForeignData), port);
+}
+
 void CWatchedModel::feed(int number)
 {
     m_updatesBeforeFeed = m_updates.size();
     m_invalidatedBeforeFeed = m_invalidated.size();
     for (NodePortIndex entry = 0; entry < entries(); ++entry)
         put(makeData(entry, number), entry);
+    rethrow();
 }
 
 void CWatchedModel::empty()
@@ -124,11 +134,11 @@ void CWatchedModel::empty()
 void CWatchedModel::use()
 {
     if (lacks().isEmpty()) {
-        thrownBy([this] { feed(1); });
+        feed(1);
         settle();
     }
-    thrownBy([this] { empty(); });
-    thrownBy([this] { m_model->restore(changedDocument(m_subject)); });
+    empty();
+    m_model->restore(changedDocument(m_subject));
 }
 
 void CWatchedModel::settle()
@@ -139,6 +149,7 @@ void CWatchedModel::settle()
         QThread::msleep(1);
         deliverEvents(10);
     }
+    rethrow();
 }
 
 void CWatchedModel::waitLong() const
@@ -163,7 +174,11 @@ void CWatchedModel::onUpdated(NodePortIndex port)
     // A model that announces when it is asked would be asked for ever; and what was queued may come when it is gone.
     if (port >= 0 && port < m_outPorts && !m_isAsking && m_model) {
         m_isAsking = true;
-        thrownBy([&] { data = m_model->outData(port); });
+        try {
+            data = m_model->outData(port);
+        } catch (...) {
+            m_thrown = std::current_exception();
+        }
         m_isAsking = false;
     }
     m_updates.push_back({port, data});
@@ -182,6 +197,12 @@ bool CWatchedModel::hasSpoken() const
             return false;
     }
     return m_started <= m_finished;
+}
+
+void CWatchedModel::rethrow()
+{
+    if (const auto thrown = std::exchange(m_thrown, nullptr))
+        std::rethrow_exception(thrown);
 }
 
 QJsonObject throughText(const QJsonObject& document)

@@ -11,6 +11,7 @@
 #include <QObject>
 
 #include <atomic>
+#include <exception>
 #include <memory>
 #include <vector>
 
@@ -32,7 +33,8 @@ namespace Plugin::Halvex::Testing {
  * look(model.updates());
  * \endcode
  *
- * Threads: the one that made it. What the model throws comes out, unless a function says otherwise.
+ * Threads: the one that made it. What the model throws comes out: of feed() and settle() also what outData() throws
+ * when an announcement arrives.
  */
 class CWatchedModel
 {
@@ -69,14 +71,16 @@ public:
 
     void put(const CNodeDataPtr& data, NodePortIndex entry);
 
+    /// Data of no type that it knows, on every input.
+    void feedForeign();
+
     /// Gives it data that fits, at every entry.
     void feed(int number);
 
     /// Empty data on every input.
     void empty();
 
-    /// Data, empty data, a document of its own: what happens to any model. What it throws on the way has rules of its
-    /// own, and is passed over.
+    /// Data, empty data, a document of its own: what happens to any model.
     void use();
 
     /// Delivers events until every output has spoken since the last feed() and nothing computes, or until patience
@@ -108,6 +112,7 @@ private:
     SNodeDataType typeOf(NodePortIndex entry) const;
     void onUpdated(NodePortIndex port);
     bool hasSpoken() const;
+    void rethrow();
 
     const SModelSubject& m_subject;
     std::unique_ptr<CNodeDataModel> m_model;
@@ -122,7 +127,8 @@ private:
     int m_finished = 0;
     bool m_finishedUnasked = false;
     bool m_isAsking = false;
-    std::atomic<bool> m_spokeElsewhere{false};
+    std::exception_ptr m_thrown; // by outData() when it was announced; no exception may pass the event loop
+    std::atomic<bool> m_spokeElsewhere{false}; // atomic: the thread that announces sets it
 };
 
 /// A document as it comes back from a file: what JSON text cannot hold is lost.

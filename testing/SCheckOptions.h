@@ -37,7 +37,7 @@ namespace Testing {
  * \endcode
  *
  * Threads: the functions are called in the thread of the check. Errors: what makeData, checksum or changeSettings
- * throws leaves out the rule that needs it; beforeRule must not throw.
+ * throws is told as if what is checked had thrown it; beforeRule must not throw.
  */
 struct SCheckOptions
 {

@@ -3,11 +3,13 @@
 
 #include "testing/SRule_p.h"
 
+#include <algorithm>
+
 namespace Plugin::Halvex::Testing {
 
 SFinding makeFinding(const SRuleInfo& rule, const QString& seen)
 {
-    return {rule.name, seen, rule.why, rule.how, QStringLiteral("manual/model-contract.html#%1").arg(rule.name)};
+    return {rule.name, seen, rule.why, rule.how, QStringLiteral("manual/docs/model-contract.html#%1").arg(rule.name)};
 }
 
 bool enterOutcome(const SRuleInfo& rule, const SOutcome& outcome, bool isBasic, SReport* report)
@@ -26,6 +28,18 @@ bool enterOutcome(const SRuleInfo& rule, const SOutcome& outcome, bool isBasic, 
     if (isBasic)
         leaveOutTheRest(rule, report);
     return !isBasic;
+}
+
+bool enterThrown(SRuleInfo rule, const QString& thrown, bool isBasic, SReport* report)
+{
+    const QString seen = QStringLiteral("what had to be done for it %1").arg(thrown);
+    const bool isTold = std::any_of(report->findings.begin(), report->findings.end(),
+                                    [&thrown](const SFinding& finding) { return finding.seen.contains(thrown); });
+    if (isTold)
+        return enterOutcome(rule, leftOut(seen), isBasic, report);
+    rule.why = QStringLiteral("Hosts and the graph expect no exception from anything that they call.");
+    rule.how = QStringLiteral("Find by its text which call throws, and catch there what can fail.");
+    return enterOutcome(rule, broken(seen), isBasic, report);
 }
 
 void leaveOutTheRest(const SRuleInfo& basic, SReport* report)

@@ -39,6 +39,10 @@ SFinding makeFinding(const SRuleInfo& rule, const QString& seen);
 /// Enters what became of a rule. Returns whether the ones behind it can be tried.
 bool enterOutcome(const SRuleInfo& rule, const SOutcome& outcome, bool isBasic, SReport* report);
 
+/// Enters that a rule could not be tried because of what was \a thrown, in the words of thrownBy(). That is a finding
+/// unless one before has told of it. Returns as enterOutcome() does.
+bool enterThrown(SRuleInfo rule, const QString& thrown, bool isBasic, SReport* report);
+
 /// Enters that the rules behind \a basic are not tried.
 void leaveOutTheRest(const SRuleInfo& basic, SReport* report);
 
@@ -57,11 +61,10 @@ void tryRules(const std::vector<SRule<Subject>>& rules, const Subject& subject, 
         if (subject.options.beforeRule)
             subject.options.beforeRule(infos[i].name);
         SOutcome outcome;
-        // What throws on the way to a rule has a rule of its own.
         const QString thrown = thrownBy([&] { outcome = rules[i].check(subject); });
-        if (!thrown.isEmpty())
-            outcome = leftOut(QStringLiteral("what had to be done for it %1").arg(thrown));
-        if (!enterOutcome(infos[i], outcome, rules[i].isBasic, report))
+        const bool goesOn = thrown.isEmpty() ? enterOutcome(infos[i], outcome, rules[i].isBasic, report)
+                                             : enterThrown(infos[i], thrown, rules[i].isBasic, report);
+        if (!goesOn)
             return;
     }
 }

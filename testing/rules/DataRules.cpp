@@ -27,6 +27,17 @@ SOutcome putOnEveryInput(const CWatchedModel& model, const QString& what,
     return kept();
 }
 
+/// Asks every output; what the first that throws does.
+SOutcome askEveryOutput(const CWatchedModel& model, const QString& when)
+{
+    for (NodePortIndex port = 0; port < model.outPorts(); ++port) {
+        const QString thrown = thrownBy([&] { model->outData(port); });
+        if (!thrown.isEmpty())
+            return broken(QStringLiteral("outData(%1) %2 %3").arg(QString::number(port), when, thrown));
+    }
+    return kept();
+}
+
 CNodeDataPtr makeEmpty(NodePortIndex)
 {
     return {};
@@ -67,13 +78,7 @@ std::vector<SWitness> outputsOf(const CWatchedModel& model, const SCheckOptions&
 
 SOutcome answersBeforeData(const SModelSubject& subject)
 {
-    const CWatchedModel model(subject);
-    for (NodePortIndex port = 0; port < model.outPorts(); ++port) {
-        const QString thrown = thrownBy([&] { model->outData(port); });
-        if (!thrown.isEmpty())
-            return broken(QStringLiteral("outData(%1) of a new model %2").arg(port).arg(thrown));
-    }
-    return kept();
+    return askEveryOutput(CWatchedModel(subject), QStringLiteral("of a new model"));
 }
 
 SOutcome takesEmptyDataFirst(const SModelSubject& subject)
@@ -88,8 +93,10 @@ SOutcome takesItsData(const SModelSubject& subject)
     const QString lacks = model.lacks();
     if (!lacks.isEmpty())
         return leftOut(lacks);
-    const SOutcome outcome = putOnEveryInput(model, QStringLiteral("data of its type"),
-                                             [&](NodePortIndex port) { return model.makeData(port, 1); });
+    SOutcome outcome = putOnEveryInput(model, QStringLiteral("data of its type"),
+                                       [&](NodePortIndex port) { return model.makeData(port, 1); });
+    if (outcome.kind == SOutcome::EKind::Kept)
+        outcome = askEveryOutput(model, QStringLiteral("after data of its type"));
     if (outcome.kind != SOutcome::EKind::Kept)
         return outcome;
     const QString thrown = thrownBy([&] {
@@ -107,11 +114,16 @@ SOutcome takesEmptyDataLater(const SModelSubject& subject)
         return leftOut(lacks);
     model.feed(1);
     model.settle();
-    const SOutcome outcome = putOnEveryInput(model, QStringLiteral("empty data, after data,"), &makeEmpty);
+    SOutcome outcome = putOnEveryInput(model, QStringLiteral("empty data, after data,"), &makeEmpty);
+    if (outcome.kind == SOutcome::EKind::Kept)
+        outcome = askEveryOutput(model, QStringLiteral("after empty data"));
     if (outcome.kind != SOutcome::EKind::Kept)
         return outcome;
-    model.feed(2);
-    return kept();
+    const QString thrown = thrownBy([&] {
+        model.feed(2);
+        model.settle();
+    });
+    return thrown.isEmpty() ? kept() : broken(QStringLiteral("what it does with data after empty data %1").arg(thrown));
 }
 
 SOutcome takesForeignData(const SModelSubject& subject)
@@ -186,7 +198,7 @@ SOutcome leavesItsOutputAlone(const SModelSubject& subject)
 SOutcome saysWhatIsWrong(const SModelSubject& subject)
 {
     CWatchedModel model(subject);
-    thrownBy([&] { putOnEveryInput(model, {}, &makeForeign); });
+    model.feedForeign();
     model.settle();
     if (model->validationState() == ENodeValidationState::Valid || !model->validationMessage().isEmpty())
         return kept();

@@ -19,6 +19,7 @@ SOutcome hasNoParent(const SModelSubject& subject);
 SOutcome livesInTheGraphsThread(const SModelSubject& subject);
 
 // PortRules.cpp
+QString thrownWhenAsked(const CNodeDataModel& model, ENodePortType side, NodePortIndex port); // empty if nothing is
 SOutcome portsStayTheSame(const SModelSubject& subject);
 SOutcome noSideHasNoPorts(const SModelSubject& subject);
 SOutcome portsHaveTypes(const SModelSubject& subject);

@@ -42,22 +42,11 @@ QStringList typesOf(const CWatchedModel& model)
     return types;
 }
 
-/// Which of the model's calls throws for that port; empty if none does.
-QString thrownForPort(CNodeDataModel& model, ENodePortType side, NodePortIndex port)
+using Calls = std::vector<std::pair<QString, std::function<void()>>>;
+
+/// Which of the \a calls for that port throws; empty if none does.
+QString thrownByOneOf(const Calls& calls, ENodePortType side, NodePortIndex port)
 {
-    std::vector<std::pair<QString, std::function<void()>>> calls = {
-        {QStringLiteral("dataType()"), [&] { model.dataType(side, port); }},
-        {QStringLiteral("portCaption()"), [&] { model.portCaption(side, port); }},
-        {QStringLiteral("portCaptionVisible()"), [&] { model.portCaptionVisible(side, port); }},
-    };
-    if (side == ENodePortType::In) {
-        calls.emplace_back(QStringLiteral("setInData() of empty data"), [&] { model.setInData({}, port); });
-        calls.emplace_back(QStringLiteral("setInData()"),
-                           [&] { model.setInData(CNodeDataPtr(new CForeignData), port); });
-    } else {
-        calls.emplace_back(QStringLiteral("portOutConnectionPolicy()"), [&] { model.portOutConnectionPolicy(port); });
-        calls.emplace_back(QStringLiteral("outData()"), [&] { model.outData(port); });
-    }
     for (const auto& [call, work] : calls) {
         const QString thrown = thrownBy(work);
         if (!thrown.isEmpty())
@@ -66,7 +55,32 @@ QString thrownForPort(CNodeDataModel& model, ENodePortType side, NodePortIndex p
     return {};
 }
 
+QString thrownByData(CNodeDataModel& model, ENodePortType side, NodePortIndex port)
+{
+    Calls calls;
+    if (side == ENodePortType::In) {
+        calls.emplace_back(QStringLiteral("setInData() of empty data"), [&] { model.setInData({}, port); });
+        calls.emplace_back(QStringLiteral("setInData()"),
+                           [&] { model.setInData(CNodeDataPtr(new CForeignData), port); });
+    } else {
+        calls.emplace_back(QStringLiteral("outData()"), [&] { model.outData(port); });
+    }
+    return thrownByOneOf(calls, side, port);
+}
+
 } // namespace
+
+QString thrownWhenAsked(const CNodeDataModel& model, ENodePortType side, NodePortIndex port)
+{
+    Calls calls = {
+        {QStringLiteral("dataType()"), [&] { model.dataType(side, port); }},
+        {QStringLiteral("portCaption()"), [&] { model.portCaption(side, port); }},
+        {QStringLiteral("portCaptionVisible()"), [&] { model.portCaptionVisible(side, port); }},
+    };
+    if (side == ENodePortType::Out)
+        calls.emplace_back(QStringLiteral("portOutConnectionPolicy()"), [&] { model.portOutConnectionPolicy(port); });
+    return thrownByOneOf(calls, side, port);
+}
 
 SOutcome portsStayTheSame(const SModelSubject& subject)
 {
@@ -121,9 +135,10 @@ SOutcome takesMissingPorts(const SModelSubject& subject)
         {ENodePortType::Out, model.outPorts()},
     };
     for (const auto& [side, port] : missing) {
-        const QString seen = thrownForPort(*model, side, port);
-        if (!seen.isEmpty())
-            return broken(seen);
+        for (const QString& seen : {thrownWhenAsked(*model, side, port), thrownByData(*model, side, port)}) {
+            if (!seen.isEmpty())
+                return broken(seen);
+        }
     }
     return kept();
 }

@@ -46,6 +46,5 @@ inline Plugin::Halvex::Testing::SCheckOptions numberOptions()
         return number ? QByteArray::number(number->value()) : QByteArray();
     };
     options.patience = std::chrono::milliseconds(100);
-    options.instances = 100;
     return options;
 }

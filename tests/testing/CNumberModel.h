@@ -28,6 +28,7 @@ struct SMisbehaviour
     std::function<QString(const Model&)> caption;
     std::function<unsigned int(const Model&, Side)> nPorts;
     std::function<Type(const Model&, Side, int index)> dataType;
+    std::function<void(const QString& call)> beforePortIsAsked; // for what a model seldom overrides
     std::function<void(Model&, const Data&, int index)> setInData;
     std::function<Data(Model&, int index)> outData;
     std::function<QString(const Model&)> validationMessage;
@@ -77,6 +78,21 @@ public:
     SNodeDataType dataType(ENodePortType side, int index) const override
     {
         return m_misbehaviour.dataType ? m_misbehaviour.dataType(*this, side, index) : CNumber::dataType();
+    }
+    QString portCaption(ENodePortType side, int index) const override
+    {
+        beforePortIsAsked(QStringLiteral("caption"));
+        return CNodeDataModel::portCaption(side, index);
+    }
+    bool portCaptionVisible(ENodePortType side, int index) const override
+    {
+        beforePortIsAsked(QStringLiteral("visibility"));
+        return CNodeDataModel::portCaptionVisible(side, index);
+    }
+    EConnectionPolicy portOutConnectionPolicy(int index) const override
+    {
+        beforePortIsAsked(QStringLiteral("policy"));
+        return CNodeDataModel::portOutConnectionPolicy(index);
     }
     void setInData(CNodeDataPtr data, int index) override
     {
@@ -174,6 +190,12 @@ Q_SIGNALS:
     void labelChanged();
 
 private:
+    void beforePortIsAsked(const QString& call) const
+    {
+        if (m_misbehaviour.beforePortIsAsked)
+            m_misbehaviour.beforePortIsAsked(call);
+    }
+
     const SMisbehaviour m_misbehaviour;
     int m_gain = 1;
     QString m_label = QStringLiteral("none");

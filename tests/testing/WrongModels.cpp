@@ -156,6 +156,15 @@ std::vector<SWrongModel> wrongInTheirClass()
     };
 }
 
+/// A model that cannot answer one of the questions about a port.
+SWrongModel withoutAnswer(const char* name, const QString& call)
+{
+    return wrong(name, "answers-questions", &SMisbehaviour::beforePortIsAsked, [call](const QString& asked) {
+        if (asked == call)
+            throw std::logic_error("not known yet");
+    });
+}
+
 std::vector<SWrongModel> wrongInTheirPorts()
 {
     static unsigned int made = 0;
@@ -186,6 +195,15 @@ std::vector<SWrongModel> wrongInTheirPorts()
               [](const Model& model, ENodePortType side, int) {
                   return side == ENodePortType::In && model.hadNumber ? otherType() : CNumber::dataType();
               }),
+        wrong("type-that-throws", "answers-questions", &SMisbehaviour::dataType,
+              [](const Model&, ENodePortType, int index) -> SNodeDataType {
+                  if (index == 0)
+                      throw std::logic_error("not known yet");
+                  return CNumber::dataType();
+              }),
+        withoutAnswer("port-caption-throws", QStringLiteral("caption")),
+        withoutAnswer("port-visibility-throws", QStringLiteral("visibility")),
+        withoutAnswer("port-policy-throws", QStringLiteral("policy")),
         wrong("type-of-a-missing-port", "takes-missing-ports", &SMisbehaviour::dataType,
               [](const Model&, ENodePortType, int index) {
                   requirePort(index);
@@ -230,6 +248,18 @@ std::vector<SWrongModel> wrongWithData()
                   if (index == 0 && !data && model.hadNumber)
                       throw std::logic_error("the stream has ended");
                   model.multiply(data, index);
+              }),
+        wrong("data-after-empty-data", "takes-empty-data-later", &SMisbehaviour::setInData,
+              [](Model& model, const CNodeDataPtr& data, int index) {
+                  if (isNumber(data) && model.hadNumber && !model.output)
+                      throw std::logic_error("the stream has ended");
+                  model.multiply(data, index);
+              }),
+        wrong("output-that-throws", "takes-its-data", &SMisbehaviour::outData,
+              [](Model& model, int) {
+                  if (model.output)
+                      throw std::runtime_error("the buffer is gone");
+                  return model.output;
               }),
         wrong("foreign-data", "takes-foreign-data", &SMisbehaviour::setInData,
               [](Model& model, const CNodeDataPtr& data, int index) {
@@ -329,6 +359,14 @@ std::vector<SWrongModel> wrongInWhatTheySay()
                   if (isNumber(data))
                       Q_EMIT model.computingStarted();
                   model.multiply(data, index);
+              }),
+        // Nothing but the way to this rule has a third number.
+        wrong("third-output-that-throws", "ends-what-it-begins", &SMisbehaviour::outData,
+              [](Model& model, int) {
+                  const auto number = model.output.dynamicCast<CNumber>();
+                  if (number && number->value() == 3)
+                      throw std::runtime_error("the buffer is gone");
+                  return model.output;
               }),
         wrong("finishes-unasked", "ends-what-it-begins", &SMisbehaviour::setInData,
               [](Model& model, const CNodeDataPtr& data, int index) {
@@ -478,6 +516,12 @@ std::vector<SWrongModel> wrongInDocuments()
         wrong("label-is-not-saved", "properties-survive-saving", &SMisbehaviour::save,
               [](const Model&, const QJsonObject& saved) {
                   return withSetting(saved, QStringLiteral("label"), QStringLiteral("none"));
+              }),
+        wrong("setting-that-throws", "properties-survive-saving", &SMisbehaviour::setLabel,
+              [](Model& model, const QString& label) {
+                  if (label.endsWith(QLatin1Char('x')))
+                      throw std::invalid_argument("no such label");
+                  model.changeLabel(label);
               }),
         wrong("silent-property", "properties-tell-of-changes", &SMisbehaviour::setLabel,
               [](Model& model, const QString& label) { model.storeLabel(label); }),

@@ -77,10 +77,12 @@ void tst_HalvexCheck::soundPlugins()
 {
     QFETCH(QString, file);
     QFETCH(int, models);
-    const SRun done = run({few, file});
+    const SRun done = run({file});
     QVERIFY2(done.exitCode == 0, qPrintable(done.output + done.errors));
     QVERIFY2(done.output.endsWith(QString("models checked: %1, rules broken: 0\n").arg(models)),
              qPrintable(done.output));
+    // Mistakes that the kit makes on purpose are not told.
+    QVERIFY2(!done.errors.contains("registered already"), qPrintable(done.errors));
 }
 
 void tst_HalvexCheck::modelsThatEndTheProcess()

@@ -84,7 +84,6 @@ SCheckOptions hostOptions()
         return type.id == CVeltraGrabResultData().type().id ? makeFrame(number) : CNodeDataPtr();
     };
     options.checksum = &checksum;
-    options.instances = 200;
     return options;
 }
 
