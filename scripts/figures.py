@@ -27,7 +27,8 @@ def git(*arguments):
 def set_section(part, heading, command, text):
     commit = git("rev-parse", "--short", "HEAD")
     today = datetime.datetime.now(datetime.timezone.utc).date()
-    section = f"## {heading}\n\n<!-- {part} -->\n`{command}`, commit {commit}, {today}\n\n{text.strip()}\n\n"
+    text = text.strip("\n").rstrip()  # what its first line is indented by stays
+    section = f"## {heading}\n\n<!-- {part} -->\n`{command}`, commit {commit}, {today}\n\n{text}\n\n"
     page = PAGE.read_text()
     sections = SECTION.findall(page)
     introduction = page[: page.index(sections[0])] if sections else page.rstrip() + "\n\n"
