@@ -18,8 +18,8 @@ SOAK_SECONDS=${SOAK_SECONDS:-3600}
 USER_STEPS=${USER_STEPS:-20000}
 VIEWER_SOAK=${VIEWER_SOAK:-1800}
 MUTANTS_ALSO=${MUTANTS_ALSO:-}
-parts=(lint compilers qt512 qt6 arm64 sanitizers race instructions bench limits soak sequences viewer fuzz coverage
-    packages mutants)
+parts=(lint compilers previous qt512 qt6 arm64 sanitizers race instructions bench limits soak sequences viewer fuzz
+    coverage packages mutants)
 
 # Each of these prints what the page is to show; the rest of what is said goes to the log.
 lint() {
@@ -32,6 +32,10 @@ compilers() {
     cmake --build build/clang >&2
     clang++ --version | head -n 1
     run_tests build/clang
+}
+previous() {
+    scripts/previous-plugin.sh | tee /dev/stderr |
+        sed -n 's/^== build the plugin of \(.......\).*/The plugin of commit \1 with the library of today:\n/p; /^Totals:/p'
 }
 qt512() {
     scripts/qt512.sh | tee /dev/stderr | sed -n 's/^== \(nothing newer than .* files\).*/\1/p'
@@ -100,7 +104,8 @@ build_tests() {
 }
 indent() { sed 's/^/    /'; } # Markdown leaves it as it is
 
-declare -A headings=([lint]="Linters" [compilers]="Other compilers" [qt512]="Newer than Qt 5.12"
+declare -A headings=([lint]="Linters" [compilers]="Other compilers"
+    [previous]="A plugin that was built with an earlier library" [qt512]="Newer than Qt 5.12"
     [qt6]="All tests of the library with Qt 6"
     [arm64]="The library's tests for arm64"
     [sanitizers]="All tests with sanitizers, those of host and kit among them"
