@@ -32,6 +32,8 @@ compilers() {
     cmake --build build/clang >&2
     clang++ --version | head -n 1
     run_tests build/clang
+    echo
+    scripts/libcxx.sh | tee /dev/stderr | tail -n 1
 }
 previous() {
     scripts/previous-plugin.sh | tee /dev/stderr |
