@@ -44,6 +44,14 @@ std::string valueText(double value, const std::string& counter)
     return timeText(value);
 }
 
+void printMissed(std::ostream& out, const std::vector<std::string>& missed, int targets)
+{
+    out << "\nTargets missed: " << missed.size() << " of " << targets;
+    for (std::size_t i = 0; i < missed.size(); ++i)
+        out << (i == 0 ? ": " : "; ") << missed[i];
+    out << ".\n";
+}
+
 } // namespace
 
 CRatioTable::CRatioTable()
@@ -73,6 +81,8 @@ void CRatioTable::ReportRuns(const std::vector<Run>& runs)
 int CRatioTable::print(std::ostream& out) const
 {
     int printed = 0;
+    int targets = 0;
+    std::vector<std::string> missed;
     out << "| work | measured | floor | ratio | target | met |\n| --- | ---: | ---: | ---: | ---: | --- |\n";
     for (const SRatioRow& row : m_rows) {
         if (!wasRun(row))
@@ -87,14 +97,19 @@ int CRatioTable::print(std::ostream& out) const
         const bool hasTarget = std::isfinite(row.target);
         const double judged = isRatio ? measured / floor : measured;
         const std::string target = isRatio ? text(row.target, 2) : valueText(row.target, row.counter);
+        const bool isMet = judged <= row.target;
+        targets += hasTarget ? 1 : 0;
+        if (hasTarget && !isMet)
+            missed.push_back(row.work);
         out << "| " << row.work << " | " << valueText(measured, row.counter) << " | "
             << (isRatio ? valueText(floor, row.counter) : "") << " | " << (isRatio ? text(judged, 2) : "") << " | "
             << (hasTarget ? target : "") << " | "
-            << (!hasTarget             ? ""
-                : judged <= row.target ? "yes"
-                                       : "**no**")
+            << (!hasTarget ? ""
+                : isMet    ? "yes"
+                           : "**no**")
             << " |\n";
     }
+    printMissed(out, missed, targets);
     return printed;
 }
 

@@ -59,7 +59,8 @@ public:
 
     void ReportRuns(const std::vector<Run>& runs) override;
 
-    /// The rows of which every benchmark was run. Returns their number.
+    /// The rows of which every benchmark was run, and in a last line the targets that were missed. Returns the number
+    /// of rows.
     int print(std::ostream& out) const;
 
     /// Whether a benchmark reported an error, which takes its rows out of the table.

@@ -9,6 +9,7 @@
 #   SOAK_SECONDS=60 scripts/deep.sh soak     # so long (default: 3600)
 #   USER_STEPS=2000 VIEWER_SOAK=60 scripts/deep.sh viewer   # so many random steps (default: 20000), and edits for so
 #                                                           # many seconds (default: 1800)
+#   MUTANTS_ALSO=asan scripts/deep.sh mutants   # what survives, with sanitizers too (default: without)
 . "$(dirname "$0")/common.sh"
 
 FUZZ_SECONDS=${FUZZ_SECONDS:-600}
@@ -16,8 +17,9 @@ STEPS=${STEPS:-1000000}
 SOAK_SECONDS=${SOAK_SECONDS:-3600}
 USER_STEPS=${USER_STEPS:-20000}
 VIEWER_SOAK=${VIEWER_SOAK:-1800}
-parts=(lint compilers qt512 qt6 arm64 sanitizers race instructions bench limits soak sequences viewer fuzz coverage
-    packages mutants)
+MUTANTS_ALSO=${MUTANTS_ALSO:-}
+parts=(lint compilers previous qt512 qt6 arm64 sanitizers race instructions bench limits soak sequences viewer fuzz
+    coverage packages mutants)
 
 # Each of these prints what the page is to show; the rest of what is said goes to the log.
 lint() {
@@ -30,6 +32,12 @@ compilers() {
     cmake --build build/clang >&2
     clang++ --version | head -n 1
     run_tests build/clang
+    echo
+    scripts/libcxx.sh | tee /dev/stderr | tail -n 1
+}
+previous() {
+    scripts/previous-plugin.sh | tee /dev/stderr |
+        sed -n 's/^== build the plugin of \(.......\).*/The plugin of commit \1 with the library of today:\n/p; /^Totals:/p'
 }
 qt512() {
     scripts/qt512.sh | tee /dev/stderr | sed -n 's/^== \(nothing newer than .* files\).*/\1/p'
@@ -52,7 +60,7 @@ race() {
     ctest --preset tsan | tee /dev/stderr | grep 'tests passed'
 }
 instructions() { scripts/count-instructions.sh | tee /dev/stderr | sed '1,/^== count/d'; }
-bench() { scripts/bench.sh --peers | tee /dev/stderr | grep '^|'; }
+bench() { scripts/bench.sh --peers | tee /dev/stderr | sed -n '/^|/,$p'; }
 limits() { scripts/limits.sh | tee /dev/stderr | sed '1,/^== measure/d'; }
 soak() {
     build_tests soak_decouplers soak_workers
@@ -84,7 +92,11 @@ packages() {
     echo
     (cd build/packages/packages && du -h --apparent-size -- *.deb) | sed 's/^/- /'
 }
-mutants() { scripts/mutate.py --all | tee /dev/stderr | tail -n 12 | indent; }
+# The rates stand in the page also when too few are killed; what survives stands in the log.
+mutants() {
+    scripts/mutate.py --all ${MUTANTS_ALSO:+--also "$MUTANTS_ALSO"} | tee out/deep/mutants.txt >&2 || failed+=(mutants)
+    grep -E '^(Killed|With what sanitizers kill):' out/deep/mutants.txt | indent
+}
 
 run_tests() { ctest --test-dir "$1" --output-on-failure -j 2 | tee /dev/stderr | grep 'tests passed'; }
 build_tests() {
@@ -94,7 +106,8 @@ build_tests() {
 }
 indent() { sed 's/^/    /'; } # Markdown leaves it as it is
 
-declare -A headings=([lint]="Linters" [compilers]="Other compilers" [qt512]="Newer than Qt 5.12"
+declare -A headings=([lint]="Linters" [compilers]="Other compilers"
+    [previous]="A plugin that was built with an earlier library" [qt512]="Newer than Qt 5.12"
     [qt6]="All tests of the library with Qt 6"
     [arm64]="The library's tests for arm64"
     [sanitizers]="All tests with sanitizers, those of host and kit among them"
@@ -102,11 +115,13 @@ declare -A headings=([lint]="Linters" [compilers]="Other compilers" [qt512]="New
     [limits]="How far it goes" [soak]="Soak" [sequences]="Random sequences" [viewer]="The viewer" [fuzz]="Fuzzers"
     [coverage]="Coverage" [packages]="Debian packages" [mutants]="Mutants")
 declare -A lengths=([soak]="SOAK_SECONDS=$SOAK_SECONDS " [sequences]="STEPS=$STEPS "
-    [viewer]="USER_STEPS=$USER_STEPS VIEWER_SOAK=$VIEWER_SOAK " [fuzz]="FUZZ_SECONDS=$FUZZ_SECONDS ")
+    [viewer]="USER_STEPS=$USER_STEPS VIEWER_SOAK=$VIEWER_SOAK " [fuzz]="FUZZ_SECONDS=$FUZZ_SECONDS "
+    [mutants]="${MUTANTS_ALSO:+MUTANTS_ALSO=$MUTANTS_ALSO }")
 
 mkdir -p out/deep
 commit=$(git rev-parse HEAD)
 named=("$@")
+failed=() # parts that have figures for the page, which are not good enough
 for part in "${named[@]:-${parts[@]}}"; do
     if [ ${#named[@]} -eq 0 ] && grep -qsx "$commit" "out/deep/$part.passed"; then
         continue
@@ -114,6 +129,11 @@ for part in "${named[@]:-${parts[@]}}"; do
     step "$part (log: out/deep/$part.log)"
     "$part" >"out/deep/$part.md" 2>"out/deep/$part.log"
     scripts/figures.py set "$part" "${headings[$part]}" "${lengths[$part]-}scripts/deep.sh $part" <"out/deep/$part.md"
-    echo "$commit" >"out/deep/$part.passed"
+    [[ " ${failed[*]} " == *" $part "* ]] || echo "$commit" >"out/deep/$part.passed"
 done
 step "done; docs/figures.md is up to date with what was run"
+grep -H '^Targets missed: [1-9]' out/deep/*.md || true
+if [ ${#failed[@]} -gt 0 ]; then
+    echo "Not good enough, see the logs: ${failed[*]}" >&2
+    exit 1
+fi

@@ -2,11 +2,13 @@
 # Builds the tests' plugin with models as it was in an earlier commit, against the library of that commit, and has
 # today's library load it and work with it. Fails when plugins of then would have to be rebuilt.
 #
-#   scripts/previous-plugin.sh            # the last release tag
+#   scripts/previous-plugin.sh            # the last release tag; without any, the first commit that today's test can use
 #   scripts/previous-plugin.sh <commit>
 . "$(dirname "$0")/common.sh"
 
-commit=$(git rev-parse --verify "${1:-$(git describe --tags --abbrev=0)}^{commit}")
+# From then on the plugin has all the models that tst_PluginLife asks for.
+oldest=4c8a96d
+commit=$(git rev-parse --verify "${1:-$(git describe --tags --abbrev=0 2>/dev/null || echo "$oldest")}^{commit}")
 folder=build/previous
 need_packages "${library_packages[@]}"
 

@@ -65,7 +65,7 @@ QJsonObject elementJson(const SDocumentNode& node, const QString& label, const S
     if (!sources.empty())
         element.insert(QStringLiteral("unique_sources"), sourcesJson(sources));
     if (!targets.isEmpty())
-        element.insert(QStringLiteral("connection"), QJsonArray{targets});
+        element.insert(QStringLiteral("connection"), QJsonArray{QJsonValue(targets)});
     return element;
 }
 

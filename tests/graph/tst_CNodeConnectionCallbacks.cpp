@@ -187,16 +187,17 @@ void tst_CNodeConnectionCallbacks::converterMayChangeTheInEnd()
 {
     // What counts is the end as it is when the data is ready.
     const SPair pair;
-    pair.connection->setTypeConverter([&pair](CNodeDataPtr data) {
-        pair.connection->clearNode(In);
+    CNodeConnection& connection = *pair.connection; // its last delivery comes when the pair's pointer has ended
+    connection.setTypeConverter([&connection](CNodeDataPtr data) {
+        connection.clearNode(In);
         return data;
     });
     pair.deliver(1);
     QVERIFY(pair.sink.model->received.empty());
 
-    pair.connection->setNodeToPort(*pair.sink, In, 0);
-    pair.connection->setTypeConverter([&pair](CNodeDataPtr data) {
-        pair.connection->setNodeToPort(*pair.other, In, 0);
+    connection.setNodeToPort(*pair.sink, In, 0);
+    connection.setTypeConverter([&connection, &pair](CNodeDataPtr data) {
+        connection.setNodeToPort(*pair.other, In, 0);
         return data;
     });
     pair.deliver(2);

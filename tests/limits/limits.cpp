@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-// How far the library goes, and what happens just beyond. docs/limits.md quotes what this prints.
+// How far the library goes, and what happens just beyond. docs/limits.md says what it shows; what it prints goes to
+// docs/figures.md.
 //
 //   limits [--short] chain|nodes|ports|document|depth|decouplers|frames ...
 //

@@ -4,6 +4,7 @@
 // Races on purpose, which the detector must find. The argument names the one to run.
 
 #include "models/TestModels.h"
+#include "support/BoundedWait.h"
 
 #include <Halvex/models/CDecoupler.h>
 
@@ -46,10 +47,14 @@ void runBeside(Work work, const Meanwhile& meanwhile)
     waitForEnd(*thread);
 }
 
+constexpr auto whatIsAwaited = "the slot has read the data";
+
 void processUntilSeen()
 {
-    while (!isSeen())
+    waitUntil(whatIsAwaited, [] {
         QCoreApplication::processEvents();
+        return isSeen();
+    });
 }
 
 /// Not inlined, or the report may give the line of whatever stands around it.
@@ -86,8 +91,7 @@ void countInSlot()
         see(*data);
     });
     decoupler.setNodeData(QSharedPointer<CData>::create());
-    while (!isSeen()) {
-    }
+    waitUntil(whatIsAwaited, &isSeen);
     count(counted); // nothing orders this after the slot
 }
 
@@ -116,8 +120,7 @@ void changeInQueuedCall()
         const auto data = QSharedPointer<CData>::create();
         entry.setData(data);
         // That the source's copies come and go would order the two otherwise, if this thread's were the first to go.
-        while (!isSeen()) {
-        }
+        waitUntil(whatIsAwaited, &isSeen);
         data->value = 1;
     };
     runBeside(send, &processUntilSeen);

@@ -7,6 +7,7 @@
 #include <Halvex/scene/CNodeScene.h>
 
 #include "scene/SceneSupport.h"
+#include "support/BoundedWait.h"
 #include "support/CContextTranslator.h"
 #include "support/HasAssertions.h"
 #include "support/MetaMethods.h"
@@ -165,12 +166,15 @@ void tst_CNodeScene::missingRegistryIsAsserted()
         std::signal(SIGABRT, SIG_DFL);
         const rlimit noFile{0, 0};
         setrlimit(RLIMIT_CORE, &noFile);
+        std::signal(SIGALRM, SIG_DFL);
+        alarm(longestWait / 1000);
         scene.registry();
         _exit(0);
     }
     int status = 0;
     QCOMPARE(waitpid(child, &status, 0), child);
     QVERIFY(WIFSIGNALED(status));
+    QVERIFY2(WTERMSIG(status) != SIGALRM, "The process neither failed nor went on: it hung.");
     QCOMPARE(WTERMSIG(status), SIGABRT);
 }
 

@@ -367,6 +367,12 @@ void onDataDestroyedWithModel(CMatrixWorld& world)
     removeNodeAtHand(world);
 }
 
+void onModelDestroyedWithScene(CMatrixWorld& world)
+{
+    world.arm(EHook::ModelDestroyed, modelAtHand(world));
+    removeSceneAtHand(world);
+}
+
 void setLastInfo(CMatrixWorld& world)
 {
     const auto info = QSharedPointer<CWorldInfo>::create();
@@ -422,6 +428,33 @@ SGone sceneItself()
     return inItsScene("what is being destroyed cannot be destroyed again", {EPart::OwnedScene});
 }
 
+std::vector<SGone> sceneAndConnections()
+{
+    return {sceneItself(), connectionsOfItsNode()};
+}
+
+std::vector<EPart> nodesAndConnections()
+{
+    return {EPart::Connection, EPart::Node, EPart::Decoupler, EPart::Worker};
+}
+
+SGone nodesOfItsScene()
+{
+    return inItsScene("the scene has lost its nodes", nodesAndConnections());
+}
+
+SGone nodesOfNewScene()
+{
+    return {"a new scene is empty", nodesAndConnections(), {ETarget::AtHand}, {ETarget::AtHand}};
+}
+
+SGone everythingInItsScene()
+{
+    std::vector<EPart> parts = nodesAndConnections();
+    parts.insert(parts.end(), {EPart::Scene, EPart::OwnedScene});
+    return inItsScene("the scene is gone", std::move(parts));
+}
+
 } // namespace
 
 const std::vector<SHook>& matrixHooks()
@@ -435,17 +468,9 @@ const std::vector<SHook>& matrixHooks()
         {"connectionDeleted with its node", &ofAny<EHook::ConnectionDeleted, &removeNodeAtHand>, {}},
         {"connectionDeleted with its scene", &onConnectionDeletedWithScene, {sceneItself()}, SHook::HandFirst},
         {"activeSceneChanged", &ofAny<EHook::ActiveSceneChanged, &activateSceneAtHand>, {}},
-        {"sceneAdded",
-         &onSceneAdded,
-         {{"a new scene is empty",
-           {EPart::Connection, EPart::Node, EPart::Decoupler, EPart::Worker},
-           {ETarget::AtHand},
-           {ETarget::AtHand}}}},
+        {"sceneAdded", &onSceneAdded, {nodesOfNewScene()}},
         {"sceneRemoving", &ofAny<EHook::SceneRemoving, &removeSceneAtHand>, {}},
-        {"sceneRemoved",
-         &ofAny<EHook::SceneRemoved, &removeSceneAtHand>,
-         {inItsScene("the scene is gone", {EPart::Connection, EPart::Node, EPart::Decoupler, EPart::Worker,
-                                           EPart::Scene, EPart::OwnedScene})}},
+        {"sceneRemoved", &ofAny<EHook::SceneRemoved, &removeSceneAtHand>, {everythingInItsScene()}},
         {"updated", &onUpdated, {}},
         {"dataUpdated before the walk", &ofModel<EHook::DataUpdatedFirst, &feedUpstream>, {}},
         {"dataUpdated after the walk", &ofModel<EHook::DataUpdatedLast, &feedUpstream>, {}},
@@ -455,14 +480,8 @@ const std::vector<SHook>& matrixHooks()
         {"framesPerSecondChanged", &onRateChanged, {}, SHook::Decouplers},
         {"computingStarted", &ofWorker<EHook::ComputingStarted, &feedIdleWorker>, {}, SHook::Workers},
         {"computingFinished", &ofWorker<EHook::ComputingFinished, &letResultsArrive>, {}, SHook::Workers},
-        {"dataUpdated of a result, before the walk",
-         &ofWorker<EHook::DataUpdatedFirst, &letResultsArrive>,
-         {},
-         SHook::Workers},
-        {"dataUpdated of a result, after the walk",
-         &ofWorker<EHook::DataUpdatedLast, &letResultsArrive>,
-         {},
-         SHook::Workers},
+        {"dataUpdated of a result, first", &ofWorker<EHook::DataUpdatedFirst, &letResultsArrive>, {}, SHook::Workers},
+        {"dataUpdated of a result, last", &ofWorker<EHook::DataUpdatedLast, &letResultsArrive>, {}, SHook::Workers},
         {"dataInvalidated", &onDataInvalidated, {}, SHook::Workers},
         {"policyChanged", &ofWorker<EHook::SettingChanged, &setPolicy>, {}, SHook::Workers},
         {"makeWork", &onMakeWork, {}, SHook::Workers},
@@ -486,10 +505,7 @@ const std::vector<SHook>& matrixHooks()
         {"restore from a document", &ofAny<EHook::Restore, &loadAtHand>, {}},
         {"model destroyed", &ofModel<EHook::ModelDestroyed, &removeNodeAtHand>, {connectionsOfItsNode()}},
         {"model replaced by a document", &ofModel<EHook::ModelDestroyed, &loadAtHand>, {}},
-        {"model destroyed with its scene",
-         &ofModel<EHook::ModelDestroyed, &removeSceneAtHand>,
-         {sceneItself(), connectionsOfItsNode()},
-         SHook::HandFirst},
+        {"model destroyed with its scene", &onModelDestroyedWithScene, sceneAndConnections(), SHook::HandFirst},
         {"data replaced in a walk", &onDataReplaced<&feedUpstream>, {}},
         {"data replaced through the proxy", &onDataReplaced<&feedAtHand>, {}},
         {"data replaced in a decoupler", &onDataReplacedInDecoupler, {}, SHook::Decouplers},
@@ -501,10 +517,7 @@ const std::vector<SHook>& matrixHooks()
         {"data destroyed with its model", &onDataDestroyedWithModel, {connectionsOfItsNode()}},
         {"info replaced", &onInfoReplaced, {}},
         {"info destroyed with its model", &onInfoDestroyedWithModel, {connectionsOfItsNode()}},
-        {"info destroyed with its scene",
-         &onInfoDestroyedWithScene,
-         {sceneItself(), inItsScene("the scene has lost its nodes",
-                                    {EPart::Connection, EPart::Node, EPart::Decoupler, EPart::Worker})}},
+        {"info destroyed with its scene", &onInfoDestroyedWithScene, {sceneItself(), nodesOfItsScene()}},
     };
     return hooks;
 }

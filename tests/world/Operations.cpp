@@ -214,7 +214,7 @@ QString jsonOf(const std::vector<SElement>& elements)
         json.append(QJsonObject{{"name", QStringLiteral("label %1").arg(element.label)},
                                 {"model", QJsonObject{{"name", element.model}}},
                                 {"unique_sources", sources},
-                                {"connection", QJsonArray{QJsonArray::fromStringList(feeds)}}});
+                                {"connection", QJsonArray{QJsonValue(QJsonArray::fromStringList(feeds))}}});
     }
     return QString::fromUtf8(QJsonDocument(json).toJson(QJsonDocument::Compact));
 }

@@ -43,8 +43,8 @@ bool showsSecondDeletion(const QByteArray& bytes)
 
 void TestSequences::randomReachesEveryOperationAndEveryHook()
 {
-    const CMessageCatcher messages; // of what is refused
-    const unsigned int first = freshSeed();
+    const unsigned int first = freshSeed(); // says it, which the catcher would keep to itself
+    const CMessageCatcher messages;         // of what is refused
     for (unsigned int seed = first; seed < first + 200; ++seed) {
         const QByteArray bytes = CSequence::random(seed, 200);
         const QString wrong = CSequence::run(bytes);

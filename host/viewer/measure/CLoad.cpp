@@ -30,9 +30,9 @@ QJsonObject element(const QString& name, const QString& model, const QString& ne
 {
     QJsonObject json{{"name", name}, {"model", QJsonObject{{"name", model}}}};
     if (!next.isEmpty())
-        json["connection"] = QJsonArray{QJsonArray{next}};
+        json["connection"] = QJsonArray{QJsonValue(QJsonArray{next})};
     if (!camera.isEmpty())
-        json["unique_sources"] = QJsonArray{QJsonArray{camera}};
+        json["unique_sources"] = QJsonArray{QJsonValue(QJsonArray{camera})};
     return json;
 }
 

@@ -3,6 +3,8 @@
 
 #include "host/models/CBackgroundPool.h"
 
+#include "support/BoundedWait.h"
+
 #include <QRunnable>
 #include <QSemaphore>
 #include <QTest>
@@ -46,7 +48,7 @@ public:
         if (hasPriorityOf(m_meeting.policy, m_meeting.niceness))
             ++m_meeting.equal;
         m_meeting.come.release();
-        m_meeting.mayLeave.acquire();
+        acquireSoon(m_meeting.mayLeave);
     }
 
 private:

@@ -144,7 +144,7 @@ void tst_CGraphBuilder::modelThatIsGoneByThenIsNoticed()
     SChain chain = defaultChain({"left"});
     chain.elements.append(QJsonObject{{"name", "scarce"},
                                       {"model", QJsonObject{{"name", "Scarce"}}},
-                                      {"unique_sources", QJsonArray{QJsonArray{"image"}}}});
+                                      {"unique_sources", QJsonArray{QJsonValue(QJsonArray{"image"})}}});
     chain.source = chain.text = QJsonDocument(chain.elements).toJson();
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression("no more of them"));
     QCOMPARE(builder.errorOf(chain), notAll);

@@ -3,6 +3,8 @@
 
 #include "host/viewer/base/CTaskRunner.h"
 
+#include "support/BoundedWait.h"
+
 #include <QSemaphore>
 #include <QTest>
 #include <QThread>
@@ -43,7 +45,7 @@ void tst_CTaskRunner::newestWins()
     std::vector<int> done;
     for (int i = 0; i < 5; ++i) {
         runner.run([&mayGoOn, &done, i]() -> CTaskRunner::Done {
-            mayGoOn.acquire();
+            acquireSoon(mayGoOn);
             return [&done, i] { done.push_back(i); };
         });
     }
@@ -62,14 +64,14 @@ void tst_CTaskRunner::nothingComesBackToWhatIsGone()
     auto runner = std::make_unique<CTaskRunner>(CTaskRunner::EPolicy::NewestWins);
     runner->run([&]() -> CTaskRunner::Done {
         hasBegun.release();
-        mayGoOn.acquire();
+        acquireSoon(mayGoOn);
         hasRun.release();
         return [&] { isDone = true; };
     });
-    hasBegun.acquire();
+    acquireSoon(hasBegun);
     runner.reset();
     mayGoOn.release();
-    hasRun.acquire();
+    acquireSoon(hasRun);
     QVERIFY(CTaskRunner::waitForRemovedWork());
     QCoreApplication::processEvents();
     QVERIFY(!isDone);

@@ -3,6 +3,8 @@
 
 #include "host/viewer/base/CWorkThread.h"
 
+#include "support/BoundedWait.h"
+
 #include <QSemaphore>
 #include <QTest>
 #include <QVector>
@@ -49,7 +51,7 @@ void tst_CWorkThread::tasksRunElsewhere()
         where = QThread::currentThread();
         done.release();
     });
-    done.acquire();
+    acquireSoon(done);
     QVERIFY(where != QThread::currentThread());
 }
 
@@ -64,7 +66,7 @@ void tst_CWorkThread::endWaitsForWhatIsBeingDone()
             QThread::msleep(50);
             hasEnded = true;
         });
-        begun.acquire();
+        acquireSoon(begun);
     }
     QVERIFY(hasEnded);
 }
@@ -82,7 +84,7 @@ void tst_CWorkThread::endDropsWhatWaits()
         });
         const std::shared_ptr<QSemaphore> guard(&dropped, [](QSemaphore* semaphore) { semaphore->release(); });
         work.post([&hasRun, guard] { hasRun = true; });
-        begun.acquire();
+        acquireSoon(begun);
     }
     QVERIFY(!hasRun);
 }
@@ -102,7 +104,7 @@ void tst_CWorkThread::receiverThatIsGoneHearsNothing()
             return 1;
         },
         receiver.get(), [&heard](int result) { heard += result; });
-    done.acquire();
+    acquireSoon(done);
     receiver.reset();
     QCoreApplication::processEvents();
     QCOMPARE(heard, 0);

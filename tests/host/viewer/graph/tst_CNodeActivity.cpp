@@ -3,11 +3,12 @@
 
 #include "host/viewer/graph/CNodeActivity.h"
 
+#include "support/BoundedWait.h"
 #include "support/CTestModel.h"
 
 #include <QTest>
 
-#include <thread>
+#include <vector>
 
 using namespace Host;
 using namespace Plugin::Halvex;
@@ -42,7 +43,7 @@ void tst_CNodeActivity::countsFromManyThreads()
     constexpr int each = 1000;
     CTestModel model;
     const CNodeActivity activity(model);
-    std::vector<std::thread> threads;
+    std::vector<CTestThread> threads;
     threads.reserve(4);
     for (int i = 0; i < 4; ++i) {
         threads.emplace_back([&model] {
@@ -50,7 +51,7 @@ void tst_CNodeActivity::countsFromManyThreads()
                 Q_EMIT model.dataUpdated(0);
         });
     }
-    for (std::thread& thread : threads)
+    for (CTestThread& thread : threads)
         thread.join();
     QCOMPARE(activity.updates(0), quint64(4 * each));
 }
