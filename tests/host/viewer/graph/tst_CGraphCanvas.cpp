@@ -3,6 +3,7 @@
 
 #include "host/viewer/graph/CGraphCanvas.h"
 
+#include "TestFrame.h"
 #include "graph/SShownGraph.h"
 #include "host/models/CImageData.h"
 #include "host/viewer/graph/CPortDrag.h"
@@ -236,6 +237,15 @@ void tst_CGraphCanvas::showsWhatBecameOfTheDataOfADecoupler()
         names << figure.first;
     QCOMPARE(names, (QStringList{"received", "emitted", "dropped", "pending", "rate"}));
     QCOMPARE(shown.item(id)->look().figures.back().second, QStringLiteral("25 fps"));
+
+    CNodeDataModel& decoupler = *shown.edited.editor->node(id)->nodeDataModel();
+    for (int frame = 0; frame < 3; ++frame)
+        decoupler.setInData(frameData(), 0);
+    shown.canvas().sync();
+    const auto figure = [&](int number) { return shown.item(id)->look().figures[std::size_t(number)].second.toInt(); };
+    QTRY_VERIFY((shown.item(id)->refresh(), figure(1) > 0 && figure(3) == 0));
+    QCOMPARE(figure(0), 3);
+    QCOMPARE(figure(1) + figure(2), 3);
 }
 
 void tst_CGraphCanvas::isEmptyWhenTheSceneGoes()

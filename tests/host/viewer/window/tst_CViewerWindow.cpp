@@ -8,6 +8,7 @@
 #include "host/viewer/base/CLanguage.h"
 #include "host/viewer/base/Theme.h"
 #include "host/viewer/cameras/CCameraPanel.h"
+#include "host/viewer/cameras/CFeaturePanel.h"
 #include "host/viewer/edit/CFaultPanel.h"
 #include "host/viewer/edit/CGraphEditor.h"
 #include "host/viewer/edit/CModelPalette.h"
@@ -27,6 +28,7 @@
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -524,12 +526,17 @@ void tst_CViewerWindow::everyWidgetThatIsUsedHasAName()
     const SWindow test;
     test.connectCamera("fake-1");
     QTRY_COMPARE(test.window->imageDocks().docks().size(), 1);
+    // With what is shown now and then: settings, features, and a text with a fault.
+    QTRY_VERIFY(test.window->docks().features().editor("Width"));
+    Q_EMIT test.window->docks().palette().placeRequested("Blur");
+    QVERIFY(write(test.file("bad.json"), "[7]"));
+    QVERIFY(!test.window->importChain(test.file("bad.json")));
     const auto allChildren = test.window->findChildren<QWidget*>();
     for (const QWidget* const widget : allChildren) {
-        // Those of docks are Qt's own, and their tabs have the docks' names.
+        // Those of docks are Qt's own, and their tabs have the docks' names. A label's name is its text.
         const bool isOfDocks = qobject_cast<const QTabBar*>(widget) && widget->parent() == test.window.get();
-        if (isOfDocks || widget->focusPolicy() == Qt::NoFocus || !widget->isVisible() ||
-            widget->objectName().startsWith("qt_"))
+        if (isOfDocks || qobject_cast<const QLabel*>(widget) || widget->focusPolicy() == Qt::NoFocus ||
+            widget->isHidden() || widget->window() != test.window.get() || widget->objectName().startsWith("qt_"))
             continue;
         QVERIFY2(!nameOf(*widget).isEmpty() || widget->focusProxy(), widget->metaObject()->className());
     }
