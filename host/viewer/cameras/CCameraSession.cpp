@@ -179,6 +179,8 @@ void CCameraSession::onStarted(SStarted started, quint64 frames)
         return;
     }
     m_description = m_source->description();
+    if (!m_models.supports(m_source->pixelFormat()))
+        m_error = tr("Images of the format %1 cannot be shown.").arg(m_source->pixelFormat());
     m_thread = std::make_unique<CGrabThread>(*m_source, frames, forEver,
                                              [feed = m_feed](const CGrabThread::SFrame& frame) { feed->take(frame); });
     connect(m_thread.get(), &CGrabThread::ended, this, &CCameraSession::onGrabEnded, Qt::QueuedConnection);

@@ -128,6 +128,10 @@
         <source>The graph has no place for this camera: its node was removed.</source>
         <translation>The graph has no place for this camera: its node was removed.</translation>
     </message>
+    <message>
+        <source>Images of the format %1 cannot be shown.</source>
+        <translation>Images of the format %1 cannot be shown.</translation>
+    </message>
 </context>
 <context>
     <name>Host::CChainReader</name>

@@ -128,6 +128,10 @@
         <source>The graph has no place for this camera: its node was removed.</source>
         <translation>グラフにこのカメラの場所がありません。ノードが削除されました。</translation>
     </message>
+    <message>
+        <source>Images of the format %1 cannot be shown.</source>
+        <translation>%1 形式の画像は表示できません。</translation>
+    </message>
 </context>
 <context>
     <name>Host::CChainReader</name>

@@ -128,6 +128,10 @@
         <source>The graph has no place for this camera: its node was removed.</source>
         <translation>그래프에 이 카메라의 자리가 없습니다. 노드가 제거되었습니다.</translation>
     </message>
+    <message>
+        <source>Images of the format %1 cannot be shown.</source>
+        <translation>%1 형식의 이미지는 표시할 수 없습니다.</translation>
+    </message>
 </context>
 <context>
     <name>Host::CChainReader</name>

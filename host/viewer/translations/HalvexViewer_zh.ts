@@ -128,6 +128,10 @@
         <source>The graph has no place for this camera: its node was removed.</source>
         <translation>图中没有该相机的位置：其节点已被移除。</translation>
     </message>
+    <message>
+        <source>Images of the format %1 cannot be shown.</source>
+        <translation>无法显示 %1 格式的图像。</translation>
+    </message>
 </context>
 <context>
     <name>Host::CChainReader</name>

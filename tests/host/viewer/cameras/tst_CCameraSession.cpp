@@ -55,6 +55,7 @@ private Q_SLOTS:
     void framesAreCountedOverStarts();
     void featuresAreReadAndSetWhileItStreams();
     void refusedFeature();
+    void formatThatCannotBeShown();
     void unknownCamera();
     void imagesAsACamera();
     void nodeRemovedByOthers();
@@ -153,6 +154,23 @@ void tst_CCameraSession::featuresAreReadAndSetWhileItStreams()
             [&gain](const std::vector<SFeature>& features) { gain = valueOf(features, "GainRaw"); });
     session.setFeature("GainRaw", "7");
     QTRY_COMPARE(gain, QString("7"));
+}
+
+void tst_CCameraSession::formatThatCannotBeShown()
+{
+    class CNoFormats : public CHostModelService
+    {
+    public:
+        bool supports(const QString&) const override { return false; }
+    };
+    SHostService service;
+    const CNoFormats models;
+    CCameraSession session(fake(), service.nodes, models);
+    session.open();
+    QTRY_COMPARE(session.state(), EState::Ready);
+    session.start();
+    QTRY_COMPARE(session.state(), EState::Streaming);
+    QCOMPARE(session.error(), QString("Images of the format Mono8 cannot be shown."));
 }
 
 void tst_CCameraSession::refusedFeature()
