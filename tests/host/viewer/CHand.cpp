@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QDeadlineTimer>
 #include <QMenu>
+#include <QStyleHints>
 #include <QTest>
 #include <QTimer>
 
@@ -183,7 +184,11 @@ void CHand::addStep(const std::function<void()>& act)
 
 void CHand::addMove(const QWidget& widget, QPoint point)
 {
-    addStep([this, place = widget.mapToGlobal(point)] { movePointer(place); });
+    const QPoint place = widget.mapToGlobal(point);
+    // From beside: with the last click in the same place the next one would be a double click.
+    const int beside = 2 * QGuiApplication::styleHints()->mouseDoubleClickDistance();
+    addStep([this, place, beside] { movePointer(place + QPoint(beside, beside)); });
+    addStep([this, place] { movePointer(place); });
 }
 
 // To an item of the menu that is open; false while there is none with it.

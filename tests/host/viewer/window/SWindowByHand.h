@@ -31,8 +31,9 @@ struct SWindowByHand : SWindow
     CHand hand;
 };
 
-/// Whether a person sees it: not that of a dock behind another one.
+/// Whether a person sees it: a dock behind another one is visible for Qt, but lies outside the window.
 inline bool isSeen(const QWidget& widget)
 {
-    return widget.isVisible() && !widget.visibleRegion().isEmpty();
+    const QWidget* const window = widget.window();
+    return widget.isVisible() && window->rect().intersects({widget.mapTo(window, {0, 0}), widget.size()});
 }
