@@ -276,6 +276,8 @@ void tst_GraphByHand::settingIsTyped()
     test.hand.type(QStringLiteral("9"));
     test.hand.press(Qt::Key_Return);
     QTRY_COMPARE(model->property("size").toInt(), 9);
+    test.hand.press(QKeySequence::Delete); // is for the field alone
+    QCOMPARE(test.nodes(), std::size_t(3));
     test.hand.click(test.area(), test.emptyPlace());
     test.hand.press(QKeySequence::Undo);
     QTRY_COMPARE(model->property("size"), before);
