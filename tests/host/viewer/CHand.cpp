@@ -11,7 +11,9 @@
 #include <QTest>
 #include <QTimer>
 
+#include <cstdlib>
 #include <map>
+#include <vector>
 
 // They define words such as None and Bool: last.
 #include <X11/XKBlib.h>

@@ -3,6 +3,7 @@
 
 #include "SWindowByHand.h"
 #include "graph/SGraphHand.h"
+#include "host/models/CBlurModel.h"
 #include "host/viewer/edit/CModelPalette.h"
 #include "host/viewer/edit/CModelTree.h"
 #include "host/viewer/edit/CSettingsPanel.h"
@@ -12,6 +13,7 @@
 #include "host/viewer/window/CSceneTabs.h"
 #include "host/viewer/window/CViewerDocks.h"
 
+#include <QComboBox>
 #include <QLineEdit>
 #include <QSpinBox>
 #include <QTreeView>
@@ -86,6 +88,7 @@ private Q_SLOTS:
     void nodeIsDragged();
     void wheelZoomsAtThePointer();
     void search();
+    void frameAroundNodesChoosesThem();
     void overviewLeadsThere();
     void walkByKeyboard();
     void doubleClickBringsTheSettings();
@@ -95,6 +98,7 @@ private Q_SLOTS:
     void connectByKeyboard();
     void deleteUndoRedo();
     void settingIsTyped();
+    void choiceIsMade();
     void duplicate();
 };
 
@@ -143,6 +147,17 @@ void tst_GraphByHand::search()
     QVERIFY(test.view->hasFocus());
 }
 
+void tst_GraphByHand::frameAroundNodesChoosesThem()
+{
+    SGraphByHand test;
+    const QPoint from = test.view->mapFromScene(test.position(test.blur)) - QPoint(16, 16);
+    test.hand.drag(test.area(), from, test.area(), test.at(test.edges) + QPoint(0, 200));
+    QTRY_COMPARE(test.chosen().size(), std::size_t(2));
+    test.hand.press(QKeySequence::Delete);
+    QTRY_COMPARE(test.nodes(), std::size_t(1));
+    QVERIFY(test.editor->node(test.camera));
+}
+
 void tst_GraphByHand::overviewLeadsThere()
 {
     SGraphByHand test;
@@ -187,14 +202,16 @@ void tst_GraphByHand::doubleClickBringsTheSettings()
 
 void tst_GraphByHand::modelsArePlaced_data()
 {
-    QTest::addColumn<bool>("isDragged");
-    QTest::newRow("dragged") << true;
-    QTest::newRow("double click") << false;
+    QTest::addColumn<QString>("way");
+    QTest::newRow("dragged") << "drag";
+    QTest::newRow("double click") << "double click";
+    QTest::newRow("Enter") << "Enter";
 }
 
 void tst_GraphByHand::modelsArePlaced()
 {
-    QFETCH(const bool, isDragged);
+    QFETCH(const QString, way);
+    const bool isDragged = way == "drag";
     SGraphByHand test;
     const CModelPalette& palette = test.window->docks().palette();
     const auto& models = *palette.findChild<QTreeView*>();
@@ -209,6 +226,8 @@ void tst_GraphByHand::modelsArePlaced()
     const QPoint goal = test.emptyPlace();
     if (isDragged)
         test.hand.drag(*models.viewport(), place, test.area(), goal);
+    else if (way == "Enter")
+        test.hand.press(Qt::Key_Return);
     else
         test.hand.doubleClick(*models.viewport(), place);
     QTRY_COMPARE(countNodes(*test.editor->scene(), "Threshold"), 1);
@@ -270,8 +289,8 @@ void tst_GraphByHand::settingIsTyped()
     QVERIFY(before.toInt() != 9);
     test.hand.doubleClick(test.area(), test.at(test.blur));
     const CSettingsPanel& panel = test.window->docks().settings();
-    QTRY_VERIFY(isSeen(panel) && panel.findChild<QSpinBox*>());
-    test.hand.click(*panel.findChild<QSpinBox*>(), {12, 12});
+    QTRY_VERIFY(isSeen(panel) && panel.findChild<QSpinBox*>("size"));
+    test.hand.click(*panel.findChild<QSpinBox*>("size"), {12, 12});
     test.hand.press(QKeySequence::SelectAll);
     test.hand.type(QStringLiteral("9"));
     test.hand.press(Qt::Key_Return);
@@ -281,6 +300,24 @@ void tst_GraphByHand::settingIsTyped()
     test.hand.click(test.area(), test.emptyPlace());
     test.hand.press(QKeySequence::Undo);
     QTRY_COMPARE(model->property("size"), before);
+}
+
+void tst_GraphByHand::choiceIsMade()
+{
+    SGraphByHand test;
+    QObject* const model = test.editor->node(test.blur)->nodeDataModel();
+    QCOMPARE(model->property("method").toInt(), int(CBlurModel::EMethod::Gaussian));
+    test.hand.doubleClick(test.area(), test.at(test.blur));
+    const CSettingsPanel& panel = test.window->docks().settings();
+    QTRY_VERIFY(isSeen(panel) && panel.findChild<QComboBox*>("method"));
+    test.hand.click(*panel.findChild<QComboBox*>("method"));
+    QTRY_VERIFY(QApplication::activePopupWidget());
+    const auto& words = *QApplication::activePopupWidget()->findChild<QAbstractItemView*>();
+    QTRY_VERIFY(words.window()->windowHandle()->isExposed());
+    test.hand.click(*words.viewport(),
+                    words.visualRect(words.model()->index(int(CBlurModel::EMethod::Median), 0)).center());
+    QTRY_COMPARE(model->property("method").toInt(), int(CBlurModel::EMethod::Median));
+    QVERIFY(!QApplication::activePopupWidget());
 }
 
 void tst_GraphByHand::duplicate()

@@ -18,8 +18,11 @@
 
 #include <QApplication>
 #include <QDockWidget>
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QListView>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QTabBar>
 #include <QToolButton>
 #include <QTreeView>
@@ -93,7 +96,10 @@ private Q_SLOTS:
     void initTestCase();
     void cameraByClicks();
     void cameraByDoubleClick();
+    void cameraByKeyboard();
     void tabMakesItsSceneTheActiveOne();
+    void closeButtonAsks();
+    void saveByKey();
     void faultLeadsToItsNode();
     void commandByWords();
     void languageByKeyboard();
@@ -143,6 +149,22 @@ void tst_WindowByHand::cameraByDoubleClick()
     QTRY_VERIFY(sessionOfFake(test).frames() > 0);
 }
 
+void tst_WindowByHand::cameraByKeyboard()
+{
+    SWindowByHand test;
+    const auto& list = *test.window->docks().cameras().findChild<QListView*>();
+    QTRY_VERIFY(!placeOfFake(list).isNull());
+    test.hand.click(*list.viewport(), placeOfFake(list));
+    test.hand.press(Qt::Key_Return);
+    QTRY_VERIFY(test.window->sessions().find("fake"));
+    const CCameraSession& session = sessionOfFake(test);
+    QTRY_VERIFY(session.frames() > 0 && test.action("stopCamera")->isEnabled());
+    test.hand.press(Qt::Key_F6);
+    QTRY_VERIFY(session.state() == CCameraSession::EState::Ready && test.action("startCamera")->isEnabled());
+    test.hand.press(Qt::Key_F5);
+    QTRY_COMPARE(session.state(), CCameraSession::EState::Streaming);
+}
+
 void tst_WindowByHand::tabMakesItsSceneTheActiveOne()
 {
     SWindowByHand test;
@@ -155,6 +177,40 @@ void tst_WindowByHand::tabMakesItsSceneTheActiveOne()
     clickTab(test, 1);
     QTRY_COMPARE(test.service.nodes.getActiveScene(), two->scene());
     QVERIFY(isSeen(two->view()) && !isSeen(one->view()));
+}
+
+void tst_WindowByHand::closeButtonAsks()
+{
+    SWindowByHand test;
+    test.window->newScene("one")->editor().addNode("Blur", {});
+    const auto clickCloseButton = [&test] {
+        test.hand.click(*test.window->tabs().tabBar()->tabButton(0, QTabBar::RightSide));
+        QTRY_VERIFY(test.window->findChild<QMessageBox*>());
+        QVERIFY(test.hand.giveFocus(*test.window->findChild<QMessageBox*>()));
+    };
+    clickCloseButton();
+    test.hand.press(Qt::Key_Escape);
+    QTRY_VERIFY(!test.window->findChild<QMessageBox*>());
+    QCOMPARE(test.window->tabs().count(), 1);
+    clickCloseButton();
+    test.hand.click(*test.window->findChild<QMessageBox*>()->button(QMessageBox::Discard));
+    QTRY_COMPARE(test.window->tabs().count(), 0);
+}
+
+void tst_WindowByHand::saveByKey()
+{
+    SWindowByHand test;
+    const CScenePage* const page = test.window->newScene("one");
+    page->editor().addNode("Blur", {});
+    test.hand.press(QKeySequence::Save);
+    QTRY_VERIFY(test.window->findChild<QFileDialog*>());
+    QVERIFY(test.hand.giveFocus(*test.window->findChild<QFileDialog*>()));
+    test.hand.press(QKeySequence::SelectAll);
+    test.hand.type(test.file("scene")); // the suffix is added
+    test.hand.press(Qt::Key_Return);
+    QTRY_COMPARE(page->file(), test.file("scene.json"));
+    QVERIFY(!page->isModified());
+    QVERIFY(QFileInfo::exists(page->file()));
 }
 
 void tst_WindowByHand::faultLeadsToItsNode()
