@@ -13,7 +13,6 @@
 
 #include <cstdlib>
 #include <map>
-#include <vector>
 
 // They define words such as None and Bool: last.
 #include <X11/XKBlib.h>
@@ -121,16 +120,22 @@ void CHand::doubleClick(const QWidget& widget, QPoint point)
     run();
 }
 
-void CHand::drag(const QWidget& from, QPoint start, const QWidget& to, QPoint end)
+void CHand::drag(const QWidget& from, QPoint start, const QWidget& to, QPoint end, Qt::KeyboardModifiers modifiers)
 {
     addMove(from, start);
-    addStep([this] { pressButton(leftButton, true); });
+    addStep([this, modifiers] {
+        pressModifiers(modifiers, true);
+        pressButton(leftButton, true);
+    });
     const QPoint way = to.mapToGlobal(end) - from.mapToGlobal(start);
     constexpr int parts = 4;
     for (int i = 1; i < parts; ++i)
         addMove(from, start + way * i / parts);
     addMove(to, end);
-    addStep([this] { pressButton(leftButton, false); });
+    addStep([this, modifiers] {
+        pressButton(leftButton, false);
+        pressModifiers(modifiers, false);
+    });
     run();
 }
 
@@ -215,22 +220,32 @@ void CHand::pressButton(unsigned int button, bool isDown)
     XTestFakeButtonEvent(m_server->display, button, isDown ? True : False, CurrentTime);
 }
 
+void CHand::pressKey(unsigned long symbol, bool isDown)
+{
+    XTestFakeKeyEvent(m_server->display, XKeysymToKeycode(m_server->display, symbol), isDown ? True : False,
+                      CurrentTime);
+}
+
+void CHand::pressModifiers(Qt::KeyboardModifiers modifiers, bool areDown)
+{
+    if (modifiers & Qt::ControlModifier)
+        pressKey(XK_Control_L, areDown);
+    if (modifiers & Qt::AltModifier)
+        pressKey(XK_Alt_L, areDown);
+    if (modifiers & Qt::ShiftModifier)
+        pressKey(XK_Shift_L, areDown);
+}
+
+// Adds Shift where the keyboard needs it.
 void CHand::strike(unsigned long symbol, Qt::KeyboardModifiers modifiers)
 {
-    Display* const display = m_server->display;
-    const KeyCode code = XKeysymToKeycode(display, symbol);
-    std::vector<KeyCode> codes;
-    if (modifiers & Qt::ControlModifier)
-        codes.push_back(XKeysymToKeycode(display, XK_Control_L));
-    if (modifiers & Qt::AltModifier)
-        codes.push_back(XKeysymToKeycode(display, XK_Alt_L));
-    if (modifiers & Qt::ShiftModifier || XkbKeycodeToKeysym(display, code, 0, 0) != symbol)
-        codes.push_back(XKeysymToKeycode(display, XK_Shift_L));
-    codes.push_back(code);
-    for (const KeyCode each : codes)
-        XTestFakeKeyEvent(display, each, True, CurrentTime);
-    for (auto each = codes.rbegin(); each != codes.rend(); ++each)
-        XTestFakeKeyEvent(display, *each, False, CurrentTime);
+    const KeyCode code = XKeysymToKeycode(m_server->display, symbol);
+    if (XkbKeycodeToKeysym(m_server->display, code, 0, 0) != symbol)
+        modifiers |= Qt::ShiftModifier;
+    pressModifiers(modifiers, true);
+    pressKey(symbol, true);
+    pressKey(symbol, false);
+    pressModifiers(modifiers, false);
 }
 
 // A step may open a menu or begin a drag, and with it an event loop within which the others are done.

@@ -53,8 +53,8 @@ public:
     void click(const QWidget& widget); ///< In its middle.
     void doubleClick(const QWidget& widget, QPoint point);
 
-    /// Presses the left button at one point, and lets it go at the other.
-    void drag(const QWidget& from, QPoint start, const QWidget& to, QPoint end);
+    /// Presses the left button at one point, and lets it go at the other; meanwhile it holds \a modifiers down.
+    void drag(const QWidget& from, QPoint start, const QWidget& to, QPoint end, Qt::KeyboardModifiers modifiers = {});
 
     /// Up is positive. The pointer stays.
     void turnWheel(int notches);
@@ -81,6 +81,8 @@ private:
     bool goToItem(QAction* item);
     void movePointer(QPoint place);
     void pressButton(unsigned int button, bool isDown);
+    void pressKey(unsigned long symbol, bool isDown);
+    void pressModifiers(Qt::KeyboardModifiers modifiers, bool areDown);
     void strike(unsigned long symbol, Qt::KeyboardModifiers modifiers);
 
     struct SServer;

@@ -88,6 +88,7 @@ private Q_SLOTS:
     void fitAndOneToOne();
     void dragMovesTheImage();
     void valueUnderThePointer();
+    void rectangleIsMeasured_data();
     void rectangleIsMeasured();
     void histogram();
     void falseColorsFromTheMenu();
@@ -164,18 +165,29 @@ void tst_ImageByHand::valueUnderThePointer()
     QVERIFY(status->probeText().isEmpty());
 }
 
+void tst_ImageByHand::rectangleIsMeasured_data()
+{
+    QTest::addColumn<bool>("isByButton");
+    QTest::newRow("button") << true;
+    QTest::newRow("Shift") << false;
+}
+
 void tst_ImageByHand::rectangleIsMeasured()
 {
+    QFETCH(const bool, isByButton);
     SImageByHand test;
+    test.session->start(); // images come meanwhile
     const auto* const status = test.dock().findChild<CImageStatus*>();
     const CImageView& view = test.view();
-    test.hand.click(test.button("image.rectangle"));
-    QTRY_VERIFY(view.isDrawing());
+    if (isByButton) {
+        test.hand.click(test.button("image.rectangle"));
+        QTRY_VERIFY(view.isDrawing());
+    }
     const QPoint from = test.middle() - QPoint(50, 40);
     const QPoint to = test.middle() + QPoint(30, 60);
     const QRect wanted(test.pixelAt(from), test.pixelAt(to)); // the statistics take room from the image
     const int height = view.height();
-    test.hand.drag(view, from, view, to);
+    test.hand.drag(view, from, view, to, isByButton ? Qt::NoModifier : Qt::ShiftModifier);
     QTRY_COMPARE(view.selection(), wanted);
     QTRY_VERIFY(!view.rendered().statistics.empty());
     QVERIFY(!status->statisticsText().isEmpty());
