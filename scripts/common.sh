@@ -14,7 +14,8 @@ host_packages=(pkg-config libaravis-dev libusb-1.0-0-dev # named in aravis-0.8.p
     libcli11-dev rapidjson-dev libvalijson-dev) # headers: arguments, JSON with its places, and JSON Schema
 picture_packages=(xvfb xauth) # a display for pictures of the viewer, where there is none
 abi_packages=(abigail-tools) # what programs rely on, and how two builds differ in it
-test_packages=(aravis-tools # arv-fake-gv-camera-0.8, a GigE Vision camera on the loopback
+test_packages=("${picture_packages[@]}" libxtst-dev # mouse and keyboard of that display, for tests of the viewer
+    aravis-tools # arv-fake-gv-camera-0.8, a GigE Vision camera on the loopback
     man-db   # reads the manual page
     "${abi_packages[@]}" # whether it would see what breaks programs
     libgtest-dev # one of the examples

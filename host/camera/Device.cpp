@@ -7,12 +7,11 @@
 #include "host/camera/SCameraOptions.h"
 
 #include <QCoreApplication>
-#include <QMutex>
-#include <QMutexLocker>
 
 #include <arv.h>
 
 #include <algorithm>
+#include <mutex>
 
 namespace Host {
 
@@ -24,17 +23,18 @@ bool isAddress(const QString& text)
     return std::all_of(text.begin(), text.end(), [](QChar c) { return c.isDigit() || c == QLatin1Char('.'); });
 }
 
-// The library's list of devices is one for all, and is read in several calls.
-QMutex& deviceListMutex()
+// The library's list of devices is one for all, and is read in several calls. A search in another thread may be under
+// way when the program ends: unlike a QMutex this one needs no destructor.
+std::mutex& deviceListMutex()
 {
-    static QMutex mutex;
+    static std::mutex mutex;
     return mutex;
 }
 
 // The library reads a device's description with tables that all devices share, and makes these without a lock.
-QMutex& openingMutex()
+std::mutex& openingMutex()
 {
-    static QMutex mutex;
+    static std::mutex mutex;
     return mutex;
 }
 
@@ -49,7 +49,7 @@ QString protocolName(const QString& protocol)
 
 std::vector<SCameraEntry> findCameras()
 {
-    const QMutexLocker lock(&deviceListMutex());
+    const std::lock_guard<std::mutex> lock(deviceListMutex());
     std::vector<SCameraEntry> cameras;
     cameras.push_back(
         {SCameraOptions().address, QStringLiteral("Aravis"), QStringLiteral("Fake"), {}, QStringLiteral("built in")});
@@ -66,7 +66,7 @@ std::vector<SCameraEntry> findCameras()
 
 GObjectPtr<ArvDevice> openDevice(const QString& address, CGLibError* error)
 {
-    const QMutexLocker opening(&openingMutex());
+    const std::lock_guard<std::mutex> opening(openingMutex());
     // Straight to the kind of device that is meant: the library's own look-up by name asks every interface in
     // turn, which scans the network and takes unknown names to a name server.
     const QByteArray name = address.toUtf8();
@@ -74,7 +74,7 @@ GObjectPtr<ArvDevice> openDevice(const QString& address, CGLibError* error)
         return GObjectPtr<ArvDevice>(arv_fake_device_new(name.constData(), error->slot()));
 #if ARAVIS_HAS_USB
     if (!isAddress(address)) {
-        const QMutexLocker lock(&deviceListMutex());
+        const std::lock_guard<std::mutex> lock(deviceListMutex());
         ArvInterface* const usb = arv_uv_interface_get_instance();
         arv_interface_update_device_list(usb);
         if (ArvDevice* const device = arv_interface_open_device(usb, name.constData(), error->slot()))

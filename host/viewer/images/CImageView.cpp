@@ -150,9 +150,10 @@ void CImageView::fitToSize()
 {
     SViewport viewport = m_viewport;
     viewport.size = deviceSize(*this);
-    if (m_isFitted)
+    // The statistics of a rectangle take room while it is drawn: the image stays under the pointer until it is done.
+    if (m_drag != EDrag::Select && m_isFitted)
         viewport.fit(imageSize());
-    else
+    else if (m_drag != EDrag::Select)
         viewport.keepInView(imageSize());
     setViewport(viewport, m_isFitted);
 }

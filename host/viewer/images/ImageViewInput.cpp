@@ -180,6 +180,7 @@ void CImageView::mouseReleaseEvent(QMouseEvent* event)
     if (m_drag == EDrag::Pan)
         unsetCursor();
     m_drag = EDrag::None;
+    fitToSize();
 }
 
 void CImageView::mouseDoubleClickEvent(QMouseEvent* event)

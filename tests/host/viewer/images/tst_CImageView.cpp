@@ -69,6 +69,7 @@ private Q_SLOTS:
     void wheelZoomsAtThePointer();
     void dragMovesTheImage();
     void shiftAndDragDrawsARectangle();
+    void imageStaysWhileARectangleIsDrawn();
     void drawingEndsWithTheRectangle();
     void arrowsMoveTheView();
     void keysMoveTheProbe();
@@ -177,6 +178,20 @@ void tst_CImageView::shiftAndDragDrawsARectangle()
     QTest::keyClick(&shown.view, Qt::Key_Escape);
     QVERIFY(shown.view.selection().isNull());
     QTRY_VERIFY(shown.view.rendered().statistics.empty());
+}
+
+// Its statistics appear below meanwhile.
+void tst_CImageView::imageStaysWhileARectangleIsDrawn()
+{
+    SView shown;
+    QTest::mousePress(&shown.view, Qt::LeftButton, Qt::ShiftModifier, {20, 40});
+    shown.moveMouse({39, 59}, Qt::LeftButton, Qt::ShiftModifier);
+    shown.view.resize(400, 100);
+    shown.moveMouse({59, 79}, Qt::LeftButton, Qt::ShiftModifier);
+    QCOMPARE(shown.view.selection(), QRect(QPoint(10, 20), QPoint(29, 39)));
+    QTest::mouseRelease(&shown.view, Qt::LeftButton, Qt::ShiftModifier, {59, 79});
+    QCOMPARE(shown.view.selection(), QRect(QPoint(10, 20), QPoint(29, 39)));
+    QCOMPARE(shown.view.viewport().zoom, 1.0);
 }
 
 void tst_CImageView::drawingEndsWithTheRectangle()

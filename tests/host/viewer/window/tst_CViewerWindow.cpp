@@ -20,6 +20,7 @@
 #include "host/viewer/window/CImageDocks.h"
 #include "host/viewer/window/CScenePage.h"
 #include "host/viewer/window/CSceneTabs.h"
+#include "host/viewer/window/CThreadWatch.h"
 #include "host/viewer/window/CViewerDocks.h"
 #include "host/viewer/window/CViewerStatus.h"
 
@@ -34,6 +35,7 @@
 #include <QMessageBox>
 #include <QTabBar>
 #include <QTest>
+#include <QThread>
 
 using namespace Host;
 using namespace Plugin::Halvex;
@@ -106,6 +108,7 @@ private Q_SLOTS:
     void connectedCameraIsSeen();
     void twoCamerasTwoTabs();
     void tabAndCameraListFollowOneAnother();
+    void whatHoldsItUpIsTold();
     void closingATabDisconnectsItsCamera();
     void changesAreAskedAbout_data();
     void changesAreAskedAbout();
@@ -191,6 +194,17 @@ void tst_CViewerWindow::tabAndCameraListFollowOneAnother()
     QCOMPARE(test.window->tabs().current()->scene(), one->scene());
     test.window->tabs().setCurrentIndex(1);
     QCOMPARE(panel.current(), two);
+}
+
+void tst_CViewerWindow::whatHoldsItUpIsTold()
+{
+    const SWindow test;
+    CCameraSession* const session = test.connectCamera("fake-1");
+    QTRY_VERIFY(session->isOpen());
+    session->start();
+    QTRY_VERIFY(test.window->findChild<CThreadWatch*>()->isBeating());
+    QThread::msleep(400); // as a model does that computes here
+    QTRY_VERIFY(test.window->status().message().contains("held up"));
 }
 
 void tst_CViewerWindow::closingATabDisconnectsItsCamera()
