@@ -43,10 +43,8 @@ QJsonObject referenceTo(const CNodeBase& node)
 
 void warnOfType(const QJsonObject& element, QLatin1String key)
 {
-    warnOnce(
-        "\"%\" of the element \"%\" of an import is to be a list of lists of names: what is something else is left "
-        "out.",
-        {key, element.value(DocumentKeys::name).toString()});
+    warnOnce("\"%\" of the element \"%\" of an import is to be a list of lists: what is something else is left out.",
+             {key, element.value(DocumentKeys::name).toString()});
 }
 
 /// \a value of what stands under \a key of \a element; empty, after a warning, if it is no array.

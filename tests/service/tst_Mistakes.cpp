@@ -519,8 +519,8 @@ void tst_Mistakes::import_data()
         << R"([{"name": "a", "model": {"name": "Filter"}, "connection": [["gone"]]}])"
         << "A connection of an import is left out: nothing is labelled \"gone\", and no node of the "
            "scene has that unique name.";
-    const QString type = QStringLiteral("\"%1\" of the element \"%2\" of an import is to be a list of lists of names: "
-                                        "what is something else is left out.");
+    const QString type = QStringLiteral("\"%1\" of the element \"%2\" of an import is to be a list of lists: what is "
+                                        "something else is left out.");
     const auto addType = [&type](const char* label, const char* key, const char* value) {
         QTest::addRow("%s: %s", key, value)
             << QStringLiteral(R"([{"name": "%1", "model": {"name": "Filter"}, "%2": %3}])").arg(label, key, value)

@@ -10,6 +10,9 @@
 #include <QLibraryInfo>
 #include <QLocale>
 
+#include <algorithm>
+#include <iterator>
+
 // Outside of any namespace, as Qt wants it: the resource is in a static library, which is asked for it by name.
 static void initTranslations()
 {
@@ -20,6 +23,7 @@ namespace Host {
 
 namespace {
 
+#if QT_VERSION >= QT_VERSION_CHECK(5, 13, 0)
 // The best first. The desktop's own choice is for the desktop's language, and may take every letter of a word from
 // another font.
 QStringList fontsOf(const QString& code)
@@ -38,23 +42,22 @@ QStringList fontsOf(const QString& code)
 // The desktop's font, and for letters that it has not the language's.
 void installFonts(const QString& code)
 {
-#if QT_VERSION >= QT_VERSION_CHECK(5, 13, 0)
     static const QFont desktops = QApplication::font();
-    QFont font = desktops;
+    const QStringList wanted = fontsOf(code);
+    const QStringList installed = wanted.isEmpty() ? QStringList() : QFontDatabase().families();
     // By its real name: of several families Qt takes the first that has the very name.
     QStringList families{QFontInfo(desktops).family()};
-    const QStringList installed = QFontDatabase().families();
-    for (const QString& family : fontsOf(code)) {
-        if (installed.contains(family))
-            families << family;
-    }
+    std::copy_if(wanted.begin(), wanted.end(), std::back_inserter(families),
+                 [&installed](const QString& family) { return installed.contains(family); });
+    QFont font = desktops;
     if (families.size() > 1)
         font.setFamilies(families);
-    QApplication::setFont(font);
-#else
-    Q_UNUSED(code) // a font had one family
-#endif
+    if (font != QApplication::font())
+        QApplication::setFont(font);
 }
+#else
+void installFonts(const QString&) {} // a font has one family
+#endif
 
 } // namespace
 

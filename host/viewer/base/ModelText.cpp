@@ -8,6 +8,7 @@
 #include <Halvex/graph/CNodeDataModel.h>
 
 #include <QCoreApplication>
+#include <QTextDocument>
 
 namespace Host {
 
@@ -114,6 +115,11 @@ QString wordsOf(const QString& name)
         words += words.isEmpty() ? letter.toUpper() : letter.toLower();
     }
     return modelText(words);
+}
+
+QString asToolTip(const QString& text)
+{
+    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
 }
 
 QString asSentence(const QString& message)

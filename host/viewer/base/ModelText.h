@@ -23,6 +23,9 @@ QString captionText(Plugin::Halvex::CNodeDataModel& model);
 /// "NewestWins", in the viewer's language.
 QString wordsOf(const QString& name);
 
+/// A tool tip with \a text as it stands: Qt takes one that begins with a tag for HTML, and loads what that names.
+QString asToolTip(const QString& text);
+
 /// A message, which begins small as part of a line, as it stands by itself: with a capital.
 QString asSentence(const QString& message);
 

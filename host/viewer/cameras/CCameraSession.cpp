@@ -24,6 +24,7 @@ namespace {
 
 constexpr int tickInterval = 400;  // milliseconds
 constexpr int lookInterval = 1000; // the same
+constexpr int waitInterval = 4000; // while an attempt is under way, no other camera is opened
 constexpr QSize previewSize(96, 72);
 // A camera that sends nothing is shown with a rate of 0, not ended.
 constexpr std::chrono::hours forEver(24 * 365);
@@ -179,8 +180,9 @@ void CCameraSession::onStarted(SStarted started, quint64 frames)
         return;
     }
     m_description = m_source->description();
-    if (!m_models.supports(m_source->pixelFormat()))
-        m_error = tr("Images of the format %1 cannot be shown.").arg(m_source->pixelFormat());
+    const QString format = m_source->pixelFormat();
+    m_formatProblem =
+        m_models.supports(format) ? QString() : tr("Images of the format %1 cannot be shown.").arg(format);
     m_thread = std::make_unique<CGrabThread>(*m_source, frames, forEver,
                                              [feed = m_feed](const CGrabThread::SFrame& frame) { feed->take(frame); });
     connect(m_thread.get(), &CGrabThread::ended, this, &CCameraSession::onGrabEnded, Qt::QueuedConnection);
@@ -219,7 +221,8 @@ void CCameraSession::onStopped()
 {
     m_rate = CRateMeter();
     setBusy(false);
-    setState(EState::Ready);
+    if (m_state != EState::Away)
+        setState(EState::Ready);
     if (m_isClosing)
         release();
 }
@@ -240,12 +243,23 @@ void CCameraSession::lookForCamera()
     if (m_isBusy || m_isLooking || m_thread)
         return;
     m_isLooking = true;
-    m_work.run([camera = m_camera] { return camera->reopen(); }, this,
-               [this](bool isThere) {
-                   m_isLooking = false;
-                   if (!m_isBusy && !m_thread)
-                       setState(isThere ? EState::Ready : EState::Away);
-               });
+    const bool isAway = m_state == EState::Away;
+    m_work.run([camera = m_camera, isAway] { return isAway ? camera->reopen() : !camera->isLost(); }, this,
+               [this](bool isThere) { onLooked(isThere); });
+}
+
+void CCameraSession::onLooked(bool isThere)
+{
+    m_isLooking = false;
+    if (m_isBusy || m_thread)
+        return;
+    m_lookTimer.setInterval(isThere ? lookInterval : waitInterval);
+    const bool isBack = isThere && m_state == EState::Away;
+    setState(isThere ? EState::Ready : EState::Away);
+    if (!isBack)
+        return;
+    fail({}); // that it had gone is no longer so
+    readFeatures();
 }
 
 // One at a time: they would pile up behind work that takes longer than a tick.

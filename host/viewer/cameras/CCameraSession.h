@@ -91,8 +91,8 @@ public:
 
     bool isFile() const { return std::holds_alternative<SFileOptions>(m_options); }
 
-    /// What went wrong last; empty if nothing did since.
-    QString error() const { return m_error; }
+    /// What went wrong last, or that images of the camera's format cannot be shown; empty if nothing is wrong.
+    QString error() const { return m_error.isEmpty() ? m_formatProblem : m_error; }
 
     /// Complete frames since it was connected.
     quint64 frames() const;
@@ -153,6 +153,7 @@ private:
     void onStopped();
     void onTick();
     void lookForCamera();
+    void onLooked(bool isThere);
     void makePreview();
     void release();
     void makeNode();
@@ -165,6 +166,7 @@ private:
     const IHostModels& m_models;
     QString m_description;
     QString m_error;
+    QString m_formatProblem; // since the last start
     EState m_state = EState::Opening;
     bool m_isBusy = false;
     bool m_isClosing = false;

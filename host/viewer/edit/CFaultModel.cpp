@@ -34,7 +34,8 @@ QVariant CFaultModel::data(const QModelIndex& index, int role) const
 {
     const SFaultRow& shown = row(index.row());
     if (role == Qt::ToolTipRole)
-        return QStringLiteral("%1\n%2").arg(asSentence(shown.fault.message), faultRuleText(shown.fault.rule));
+        return asToolTip(
+            QStringLiteral("%1\n%2").arg(asSentence(shown.fault.message), faultRuleText(shown.fault.rule)));
     if (role == Qt::DecorationRole && index.column() == Severity)
         return QApplication::style()->standardIcon(shown.fault.isError ? QStyle::SP_MessageBoxCritical
                                                                        : QStyle::SP_MessageBoxWarning);

@@ -53,6 +53,15 @@ Core::CId nodeOfFault(const QJsonObject& document, const SFault& fault)
     return toId(part.value(part.contains(DocumentKeys::inId) ? DocumentKeys::inId : DocumentKeys::id));
 }
 
+// Its lines are what the check counts: they end with a line feed alone.
+QString withLinesOfCheck(const QByteArray& text)
+{
+    QString shown = QString::fromUtf8(text);
+    for (const QChar otherEnd : {QChar(QChar::CarriageReturn), QChar(QChar::ParagraphSeparator)})
+        shown.replace(otherEnd, QLatin1Char(' '));
+    return shown;
+}
+
 // With room after each text, so that columns as wide as their texts do not read as one line.
 class CRoomyDelegate : public QStyledItemDelegate
 {
@@ -148,7 +157,7 @@ void CFaultPanel::showFaults(const QByteArray& text, const CNodeScene* scene)
         rows.push_back(row);
     }
     m_faults->setRows(rows);
-    m_text->setPlainText(scene ? QString() : QString::fromUtf8(text));
+    m_text->setPlainText(scene ? QString() : withLinesOfCheck(text));
     m_text->setExtraSelections({});
     m_text->setVisible(!scene && !rows.empty());
     if (!rows.empty() && m_text->isVisibleTo(this))

@@ -87,7 +87,7 @@ void CGraphCanvas::arrangeAroundTheOnlyOne()
 
 std::vector<QPointF> CGraphCanvas::layoutOf(const std::vector<CNodeItem*>& items) const
 {
-    // The same graph is to look the same, whatever the ids of its nodes are.
+    // The same graph is to look the same, whatever its nodes' ids are, as far as captions tell them apart.
     std::vector<CNodeItem*> sorted = items;
     std::stable_sort(sorted.begin(), sorted.end(), [](const CNodeItem* one, const CNodeItem* other) {
         return one->look().caption < other->look().caption;

@@ -122,10 +122,16 @@ void CGraphView::goTo(const Core::CId& node)
     m_canvas->sync();
     if (!m_canvas->nodeItem(node))
         return;
+    m_lastChosen = node;
     m_canvas->select({node});
     // As little as needed, so that a person keeps the overview. Who hears of the selection may have removed the node.
     if (const CNodeItem* const item = m_canvas->nodeItem(node))
-        ensureVisible(item->sceneBoundingRect(), 48, 48);
+        bringIntoView(*item);
+}
+
+void CGraphView::bringIntoView(const QGraphicsItem& item)
+{
+    ensureVisible(item.sceneBoundingRect(), 48, 48);
 }
 
 void CGraphView::goToNextConnection()
@@ -135,7 +141,7 @@ void CGraphView::goToNextConnection()
     m_canvas->selectConnection(next);
     const auto found = m_canvas->connectionItems().find(next);
     if (found != m_canvas->connectionItems().end())
-        ensureVisible(found->second->sceneBoundingRect(), 48, 48);
+        bringIntoView(*found->second);
 }
 
 void CGraphView::search()

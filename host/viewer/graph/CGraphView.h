@@ -98,6 +98,7 @@ private:
     bool goInDirection(int key, Qt::KeyboardModifiers modifiers);
     void chooseOneMore(QPointF direction);
     void moveSelected(QPointF by);
+    void bringIntoView(const QGraphicsItem& item);
     void onSelectionChanged();
     void placeOverlays();
     void updateOverview();
@@ -109,7 +110,7 @@ private:
     CGraphOverview* m_overview = nullptr;
     CGraphSearch* m_search = nullptr;
     SPort m_lastSource;     // of a connection that was begun with the keyboard
-    Core::CId m_lastChosen; // by chooseOneMore()
+    Core::CId m_lastChosen; // by goTo() or chooseOneMore()
     QPoint m_panFrom;
     bool m_isPanning = false;
     bool m_isFitted = true;

@@ -158,7 +158,7 @@ void CGraphView::chooseOneMore(QPointF direction)
     chosen.push_back(next);
     m_canvas->select(chosen);
     if (const CNodeItem* const item = m_canvas->nodeItem(next))
-        ensureVisible(item->sceneBoundingRect(), 48, 48);
+        bringIntoView(*item);
 }
 
 void CGraphView::moveSelected(QPointF by)

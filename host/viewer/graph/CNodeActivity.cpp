@@ -41,8 +41,8 @@ struct CNodeActivity::SCounts
     // set, so who takes that sees the count.
     std::vector<std::atomic<quint64>> updates;
     std::atomic<bool> hasChanged{true};
-    // Taken out by whoever ends it, so a time is told once; 0 while nothing is computed. A time whose end is between
-    // the two comes with the next call of takeLongest().
+    // Taken out by whoever ends it; 0 while nothing is computed. A time under way is told as far as it has come, and
+    // once more when it has ended.
     std::atomic<qint64> since{0};
     std::atomic<qint64> longest{0};
 };

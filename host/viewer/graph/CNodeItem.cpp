@@ -3,6 +3,7 @@
 
 #include "host/viewer/graph/CNodeItem.h"
 
+#include "host/viewer/base/ModelText.h"
 #include "host/viewer/edit/GraphPart.h"
 #include "host/viewer/graph/CConnectionItem.h"
 #include "host/viewer/graph/CNodeGeometry.h"
@@ -137,7 +138,8 @@ QVariant CNodeItem::itemChange(GraphicsItemChange change, const QVariant& value)
 void CNodeItem::layOut()
 {
     // In full what has no room in the drawing.
-    setToolTip(m_look.message.isEmpty() ? m_look.caption : m_look.caption + QLatin1Char('\n') + m_look.message);
+    const QString& message = m_look.message;
+    setToolTip(asToolTip(message.isEmpty() ? m_look.caption : m_look.caption + QLatin1Char('\n') + message));
     const QSizeF size = CNodeGeometry(m_look).size();
     if (size == m_size)
         return;

@@ -3,6 +3,8 @@
 
 #include "host/viewer/images/CElidedLabel.h"
 
+#include "host/viewer/base/ModelText.h"
+
 #include <QPainter>
 
 namespace Host {
@@ -18,7 +20,7 @@ void CElidedLabel::setLine(const QString& text)
     if (text == this->text())
         return;
     setText(text);
-    setToolTip(text);
+    setToolTip(asToolTip(text));
 }
 
 QSize CElidedLabel::minimumSizeHint() const

@@ -138,7 +138,10 @@ void soak(CViewerWindow& window, seconds time)
 {
     const unsigned int seed = std::random_device()();
     CRandomEdits edits(window.tabs(), seed);
+    const CInputHand hand(*window.tabs().current()->view().viewport());
     runFor(time);
+    printRow("longest input while the graph is edited", number(hand.longest(), "ms"), QStringLiteral("50 ms"),
+             hand.longest() <= 50.0);
     const std::vector<qint64>& heap = edits.heap();
     constexpr std::size_t parts = 4;
     if (!CRandomEdits::knowsHeap()) {

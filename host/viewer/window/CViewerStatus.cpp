@@ -57,7 +57,7 @@ void CViewerStatus::show(EKind kind, const QString& text)
     if (line.endsWith(QLatin1Char(':')) || line.endsWith(wideColon))
         line.chop(1); // what follows is in the tool tip
     m_message->setText(line);
-    m_message->setToolTip(text);
+    m_message->setToolTip(asToolTip(text));
     m_message->setAccessibleName(text);
     m_clearTimer.start();
 }

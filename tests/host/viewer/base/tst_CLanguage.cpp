@@ -135,6 +135,7 @@ void tst_CLanguage::textsGoWithTheObject()
 
 void tst_CLanguage::lettersAreOfFontsThatAreThere()
 {
+#if QT_VERSION >= QT_VERSION_CHECK(5, 13, 0)
     const QString desktops = QFontInfo(QApplication::font()).family();
     const QStringList installed = QFontDatabase().families();
     CLanguage language;
@@ -149,6 +150,9 @@ void tst_CLanguage::lettersAreOfFontsThatAreThere()
         const QString forChinese = QStringLiteral("Droid Sans Fallback");
         QCOMPARE(families.contains(forChinese), (code == "ja" || code == "zh") && installed.contains(forChinese));
     }
+#else
+    QSKIP("A font has one family.");
+#endif
 }
 
 QTEST_MAIN(tst_CLanguage)

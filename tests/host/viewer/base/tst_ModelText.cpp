@@ -45,6 +45,7 @@ private Q_SLOTS:
     void textsInTheLanguage();
     void writesNamesAsWords();
     void messageByItselfHasACapital();
+    void toolTipShowsTagsAsTheyStand();
     void captionsInTheLanguage();
     void namesOfAPersonStay();
 };
@@ -129,6 +130,12 @@ void tst_ModelText::messageByItselfHasACapital()
 {
     QCOMPARE(asSentence("cannot import"), QString("Cannot import"));
     QCOMPARE(asSentence(QString()), QString());
+}
+
+void tst_ModelText::toolTipShowsTagsAsTheyStand()
+{
+    QCOMPARE(asToolTip("a < b\nc"), QString("a < b\nc"));
+    QVERIFY(asToolTip("<b>name</b>").contains("&lt;b&gt;name"));
 }
 
 QTEST_MAIN(tst_ModelText)

@@ -170,7 +170,12 @@ void tst_CCameraSession::formatThatCannotBeShown()
     QTRY_COMPARE(session.state(), EState::Ready);
     session.start();
     QTRY_COMPARE(session.state(), EState::Streaming);
-    QCOMPARE(session.error(), QString("Images of the format Mono8 cannot be shown."));
+    const QString problem = QStringLiteral("Images of the format Mono8 cannot be shown.");
+    QCOMPARE(session.error(), problem);
+    const QSignalSpy read(&session, &CCameraSession::featuresRead);
+    session.setFeature("GainRaw", "7");
+    QTRY_COMPARE(read.count(), 1);
+    QCOMPARE(session.error(), problem);
 }
 
 void tst_CCameraSession::refusedFeature()

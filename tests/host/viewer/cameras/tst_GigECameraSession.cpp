@@ -118,8 +118,15 @@ void tst_GigECameraSession::cameraThatVanishesBeforeItStreamsComesBack()
     device.pullCable();
     QTRY_COMPARE_WITH_TIMEOUT(session.state(), EState::Away, patience);
     QVERIFY(session.scene() && !session.isGrabbing());
+    session.setFeature("Width", "256"); // which it refuses
+    QTRY_VERIFY_WITH_TIMEOUT(!session.error().isEmpty(), patience);
+    std::size_t features = 0;
+    connect(&session, &CCameraSession::featuresRead, this,
+            [&features](const std::vector<SFeature>& read) { features = read.size(); });
     device.putCableIn();
     QTRY_COMPARE_WITH_TIMEOUT(session.state(), EState::Ready, patience);
+    QTRY_VERIFY_WITH_TIMEOUT(features > 0, patience);
+    QCOMPARE(session.error(), QString());
     session.start();
     QTRY_VERIFY_WITH_TIMEOUT(session.frames() > 3, patience);
 }
