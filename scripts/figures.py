@@ -2,7 +2,7 @@
 """Keeps docs/figures.md, the page with everything that was measured: a section for each part of scripts/deep.sh.
 
     scripts/figures.py set limits "How far it goes" "scripts/limits.sh" < table   # puts a section in, or anew
-    scripts/figures.py behind   # how many changes of the library came after each section, and what has none
+    scripts/figures.py behind   # how many changes of the library came since, and which parts were never measured
     scripts/figures.py commit lint   # the commit that a section was measured on; nothing if there is no such section
 
 A section begins with its heading and one line that names the command, the commit and the date; "with changes" if the

@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Measures how far the library goes, and what happens beyond, see docs/limits.md; prints tables, which scripts/deep.sh
-# writes to docs/figures.md. Takes some ten minutes and 5 GiB of memory. Arguments choose: scripts/limits.sh chain frames
+# writes to docs/figures.md. Takes some ten minutes and 5 GiB of memory. Arguments choose:
+#
+#   scripts/limits.sh chain frames
 . "$(dirname "$0")/common.sh"
 
 need_packages "${library_packages[@]}" "${host_packages[@]}"

@@ -7,6 +7,18 @@
 
 namespace Plugin::Halvex::Testing {
 
+namespace {
+
+/// Whether a finding has told of what was \a thrown. Exceptions are known by their texts: one without may be another.
+bool isTold(const QString& thrown, const SReport& report)
+{
+    return thrown != textlessThrown() &&
+           std::any_of(report.findings.begin(), report.findings.end(),
+                       [&thrown](const SFinding& finding) { return finding.seen.contains(thrown); });
+}
+
+} // namespace
+
 SFinding makeFinding(const SRuleInfo& rule, const QString& seen)
 {
     return {rule.name, seen, rule.why, rule.how, QStringLiteral("manual/docs/model-contract.html#%1").arg(rule.name)};
@@ -33,9 +45,7 @@ bool enterOutcome(const SRuleInfo& rule, const SOutcome& outcome, bool isBasic, 
 bool enterThrown(SRuleInfo rule, const QString& thrown, bool isBasic, SReport* report)
 {
     const QString seen = QStringLiteral("what had to be done for it %1").arg(thrown);
-    const bool isTold = std::any_of(report->findings.begin(), report->findings.end(),
-                                    [&thrown](const SFinding& finding) { return finding.seen.contains(thrown); });
-    if (isTold)
+    if (isTold(thrown, *report))
         return enterOutcome(rule, leftOut(seen), isBasic, report);
     rule.why = QStringLiteral("Hosts and the graph expect no exception from anything that they call.");
     rule.how = QStringLiteral("Find by its text which call throws, and catch there what can fail.");

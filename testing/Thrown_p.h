@@ -9,6 +9,12 @@
 
 namespace Plugin::Halvex::Testing {
 
+/// What thrownBy() says of all that has no text.
+inline QString textlessThrown()
+{
+    return QStringLiteral("threw something that is no std::exception");
+}
+
 /// What \a work throws, in words that go on after the name of a call: "threw 'no such port'". Empty if it throws
 /// nothing.
 template <typename Work>
@@ -19,7 +25,7 @@ QString thrownBy(Work&& work)
     } catch (const std::exception& exception) {
         return QStringLiteral("threw '%1'").arg(QString::fromLocal8Bit(exception.what()));
     } catch (...) {
-        return QStringLiteral("threw something that is no std::exception");
+        return textlessThrown();
     }
     return {};
 }

@@ -278,6 +278,8 @@ private Q_SLOTS:
     void whatNeedsASkippedRuleIsNotTried();
     void whatCannotBeTriedIsTold();
     void settingThatCannotBeChangedIsTold();
+    void exceptionsAreKnownByTheirTexts_data();
+    void exceptionsAreKnownByTheirTexts();
     void data_data();
     void data();
     void converters_data();
@@ -457,6 +459,31 @@ void tst_Checks::settingThatCannotBeChangedIsTold()
     QCOMPARE(report.leftOut[1].rule, QString("properties-tell-of-changes"));
     for (const SLeftOut& left : report.leftOut)
         QCOMPARE(left.reason, QString("no other value is known for \"size\""));
+}
+
+void tst_Checks::exceptionsAreKnownByTheirTexts_data()
+{
+    QTest::addColumn<bool>("hasText");
+    QTest::addColumn<QStringList>("rules");
+    QTest::newRow("one text is told once") << true << QStringList{"properties-survive-saving"};
+    QTest::newRow("without a text each is told")
+        << false << QStringList{"properties-survive-saving", "properties-tell-of-changes", "goes-in-its-own-signals"};
+}
+
+void tst_Checks::exceptionsAreKnownByTheirTexts()
+{
+    QFETCH(bool, hasText);
+    QFETCH(QStringList, rules);
+    SMisbehaviour misbehaviour;
+    misbehaviour.setLabel = [hasText](CNumberModel& model, const QString& label) {
+        if (!label.endsWith('x'))
+            return model.changeLabel(label);
+        if (hasText)
+            throw std::invalid_argument("no such label");
+        throw 1;
+    };
+    const SReport report = checkModel([&] { return std::make_unique<CNumberModel>(misbehaviour); }, numberOptions());
+    QVERIFY2(rulesIn(report) == rules, qPrintable(toText(report)));
 }
 
 void tst_Checks::data_data()
