@@ -44,7 +44,7 @@ struct SCallTimes
  *     qFatal("%s", qPrintable(toText(report)));
  * \endcode
  *
- * In Qt Test that is `QVERIFY2(report.findings.empty(), qPrintable(toText(report)))`, in GoogleTest
+ * In Qt Test that is QFAIL() instead of qFatal(); QVERIFY2() would cut the text off. In GoogleTest it is
  * `EXPECT_TRUE(report.findings.empty()) << toText(report).toStdString()`.
  */
 struct SReport
