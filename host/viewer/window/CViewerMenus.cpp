@@ -164,7 +164,10 @@ void CViewerMenus::fillRecent()
 
 void CViewerMenus::fillImages()
 {
-    m_images->clear();
+    m_images->clear(); // which leaves submenus
+    const auto submenus = m_images->findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
+    for (QMenu* const submenu : submenus)
+        submenu->deleteLater(); // its own action may be at work
     for (CImageDock* const dock : m_window.imageDocks().docks()) {
         QMenu* const menu = m_images->addMenu(dock->windowTitle());
         menu->addAction(dock->toggleViewAction());

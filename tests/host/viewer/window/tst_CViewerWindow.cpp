@@ -130,6 +130,7 @@ private Q_SLOTS:
     void languageChangesWhileItRuns();
     void colors();
     void layoutIsRemembered();
+    void imagesMenuHasOneSubmenuForEachImage();
     void everyWidgetThatIsUsedHasAName();
     void destroyedWhileCamerasStream();
 };
@@ -533,6 +534,18 @@ void tst_CViewerWindow::layoutIsRemembered()
     QVERIFY(!test.window->findChild<QDockWidget*>("models")->isVisible());
     QVERIFY(!test.window->findChild<QDockWidget*>("history")->isHidden());
     QCOMPARE(test.window->size(), QSize(900, 700));
+}
+
+void tst_CViewerWindow::imagesMenuHasOneSubmenuForEachImage()
+{
+    const SWindow test;
+    test.connectCamera("fake-1");
+    QTRY_COMPARE(test.window->imageDocks().docks().size(), 1);
+    QMenu* const images = test.window->menuBar()->actions().at(4)->menu();
+    for (int time = 0; time < 3; ++time)
+        Q_EMIT images->aboutToShow();
+    QTRY_COMPARE(images->findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly).size(), 1);
+    QCOMPARE(images->actions().size(), 1);
 }
 
 void tst_CViewerWindow::everyWidgetThatIsUsedHasAName()
