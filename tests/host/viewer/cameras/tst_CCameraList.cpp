@@ -25,6 +25,8 @@ namespace {
 
 const SCameraEntry network{"192.168.0.5", "Maker", "Model", "1", "GigE Vision"};
 
+constexpr int patience = 30000; // milliseconds; a busy machine begins the next search seconds later
+
 struct SList
 {
     SList()
@@ -34,7 +36,8 @@ struct SList
     ~SList()
     {
         list.setActive(false);
-        QTRY_COMPARE(ended.load(), searches.load()); // the last one may outlive the list, but not what it asks
+        QTRY_COMPARE_WITH_TIMEOUT(ended.load(), searches.load(),
+                                  patience); // the last one may outlive the list, but not what it asks
     }
     Q_DISABLE_COPY(SList)
 
@@ -126,12 +129,12 @@ void tst_CCameraList::foundCamera()
 {
     SList test;
     test.list.setActive(true);
-    QTRY_VERIFY(test.list.indexOf(network.id).isValid());
+    QTRY_VERIFY_WITH_TIMEOUT(test.list.indexOf(network.id).isValid(), patience);
     const QModelIndex index = test.list.indexOf(network.id);
     QCOMPARE(index.data(CCameraList::TitleRole).toString(), QString("Maker Model"));
     QCOMPARE(test.state(network.id), EState::Free);
     test.isThere = false;
-    QTRY_VERIFY(!test.list.indexOf(network.id).isValid());
+    QTRY_VERIFY_WITH_TIMEOUT(!test.list.indexOf(network.id).isValid(), patience);
 }
 
 void tst_CCameraList::statesOfASession()
@@ -169,7 +172,7 @@ void tst_CCameraList::aNameIsListedOnce()
     SList test;
     test.isThereTwice = true;
     test.list.setActive(true);
-    QTRY_VERIFY(test.list.indexOf(network.id).isValid());
+    QTRY_VERIFY_WITH_TIMEOUT(test.list.indexOf(network.id).isValid(), patience);
     QCOMPARE(test.list.rowCount(), 2);
     test.isThere = false; // there is another list then
     QTRY_VERIFY(test.searches.load() > 3);
@@ -190,7 +193,7 @@ void tst_CCameraList::rowsStayTheSame()
 {
     SList test;
     test.list.setActive(true);
-    QTRY_VERIFY(test.list.indexOf(network.id).isValid());
+    QTRY_VERIFY_WITH_TIMEOUT(test.list.indexOf(network.id).isValid(), patience);
     const QPersistentModelIndex chosen = test.list.indexOf("fake");
     const QPersistentModelIndex other = test.list.indexOf(network.id);
     const QSignalSpy resets(&test.list, &CCameraList::modelReset);
