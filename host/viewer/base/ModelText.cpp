@@ -124,7 +124,10 @@ QString asToolTip(const QString& text)
 
 QString asSentence(const QString& message)
 {
-    return message.left(1).toUpper() + message.mid(1);
+    QString sentence = message;
+    if (!sentence.isEmpty())
+        sentence[0] = sentence[0].toUpper();
+    return sentence;
 }
 
 } // namespace Host
