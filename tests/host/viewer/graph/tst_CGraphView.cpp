@@ -179,8 +179,10 @@ void tst_CGraphView::fiveHundredNodesAreSearched()
 {
     const SShownGraph shown;
     constexpr int rows = 20;
-    for (int node = 0; node < 499; ++node)
-        shown.edited.add("Blur", {400.0 * (1 + node / rows), 200.0 * (node % rows)});
+    for (int node = 0; node < 499; ++node) {
+        const int column = 1 + node / rows;
+        shown.edited.add("Blur", {400.0 * column, 200.0 * (node % rows)});
+    }
     const Core::CId wanted = shown.edited.add("Edges", {400.0 * 26, 0});
     shown.view->fit();
     QVERIFY(shown.view->mapToScene(shown.view->viewport()->rect()).boundingRect().contains(shown.canvas().nodesRect()));
