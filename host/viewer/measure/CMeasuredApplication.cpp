@@ -39,6 +39,12 @@ void CMeasuredApplication::startMeasuring()
     m_intervals.clear();
     m_hasPicture = false;
     m_longestInput = 0.0;
+    m_isMeasuring = true;
+}
+
+void CMeasuredApplication::endMeasuring()
+{
+    m_isMeasuring = false;
 }
 
 bool CMeasuredApplication::notify(QObject* receiver, QEvent* event)
@@ -64,7 +70,7 @@ bool CMeasuredApplication::notify(QObject* receiver, QEvent* event)
 void CMeasuredApplication::notePicture()
 {
     const auto now = Clock::now();
-    if (m_hasPicture)
+    if (m_hasPicture && m_isMeasuring)
         m_intervals.push_back(milliseconds(now - m_lastPicture));
     m_lastPicture = now;
     m_hasPicture = true;

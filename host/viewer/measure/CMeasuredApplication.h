@@ -33,6 +33,9 @@ public:
     /// Forgets what was noted.
     void startMeasuring();
 
+    /// Notes no more, so that a long run has no memory of its own.
+    void endMeasuring();
+
     /// Between one picture of a window and the next, in milliseconds.
     const std::vector<double>& pictureIntervals() const { return m_intervals; }
 
@@ -52,6 +55,7 @@ private:
     Clock::time_point m_lastPicture;
     double m_longestInput = 0.0;
     bool m_hasPicture = false;
+    bool m_isMeasuring = false;
     bool m_isInput = false; // one is at work; what it sends on is a part of it
 };
 

@@ -189,6 +189,7 @@ void measureWindow(CMeasuredApplication& application, const CHostServices& servi
                  hand.longest() <= 50.0);
         printRow("longest input at work", number(application.longestInput(), "ms"));
     }
+    application.endMeasuring();
     if (asked.soak.count() > 0)
         soak(shown.window, asked.soak);
     load.end();
