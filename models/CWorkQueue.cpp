@@ -44,13 +44,12 @@ public:
 
     CJob* next = nullptr;
     std::shared_ptr<CWorkQueue> queue; // while it is in the pool
-    QThreadPool* pool = nullptr;
+    QThreadPool* pool = nullptr;       // null once its work has ended
     Inputs inputs;
     std::shared_ptr<const Work> work;
     CNodeDataPtr result;
     QString error; // null if there is none
     bool isFrame = true;
-    bool isRunning = false; // in the pool
     bool isReady = false;
     bool isVoid = false; // it runs, and its result is not wanted
 };
@@ -188,7 +187,7 @@ void CWorkQueue::close()
         end(m_begun.takeFirst(), &SWorkerStatistics::dropped, discarded.jobs);
 
     for (const auto& job : m_jobs) {
-        if (!job->isRunning || !job->pool->tryTake(job.get()))
+        if (!job->pool || !job->pool->tryTake(job.get()))
             continue;
         --m_inPool;
         job->queue.reset();
@@ -316,7 +315,6 @@ CWorkQueue::CJob* CWorkQueue::begin()
     m_begun.append(job);
     ++m_running;
     ++m_inPool;
-    job.isRunning = true;
     job.queue = shared_from_this();
     job.pool = &pool();
     return &job;
@@ -374,7 +372,8 @@ bool CWorkQueue::leave()
 void CWorkQueue::endRun(CJob& job, SList& discarded)
 {
     --m_running;
-    job.isRunning = false;
+    // Survives removed statement: only a sanitizer sees what is asked of a pool that has gone since.
+    job.pool = nullptr;
     if (job.isVoid) {
         discarded.append(job);
         return;

@@ -8,9 +8,9 @@
 
 # The greatest count and ratio: one to two per cent above what was measured.
 declare -A limits=(
-    [chain]="360 1.185" [converting]="422 1.235" [fan-out]="70 1.715" [fan-in]="215 1.245" [diamonds]="232 1.24"
+    [chain]="360 1.185" [converting]="422 1.235" [fan-out]="70 1.70" [fan-in]="215 1.245" [diamonds]="232 1.235"
     [random]="151 1.335"
-    [construct]="13500 2.60" [load]="40500 1.365" [import]="77500 4.32" [find]="135 1.875" [push]="207 1.63"
+    [construct]="13500 2.59" [load]="40500 1.365" [import]="77500 4.32" [find]="135 1.875" [push]="207 1.65"
     [work]="7970 1.26")
 
 # The instructions of one run. Threads take fair turns, so that those of push and work meet at much the same points.

@@ -48,7 +48,7 @@ bool enterThrown(SRuleInfo rule, const QString& thrown, bool isBasic, SReport* r
     if (isTold(thrown, *report))
         return enterOutcome(rule, leftOut(seen), isBasic, report);
     rule.why = QStringLiteral("Hosts and the graph expect no exception from anything that they call.");
-    rule.how = QStringLiteral("Find by its text which call throws, and catch there what can fail.");
+    rule.how = QStringLiteral("Find the call that throws, and catch there what can fail.");
     return enterOutcome(rule, broken(seen), isBasic, report);
 }
 

@@ -160,8 +160,8 @@ void CFaultPanel::showFaults(const QByteArray& text, const CNodeScene* scene)
     m_text->setPlainText(scene ? QString() : withLinesOfCheck(text));
     m_text->setExtraSelections({});
     m_text->setVisible(!scene && !rows.empty());
-    if (!rows.empty() && m_text->isVisibleTo(this))
-        showPlace(rows.front().fault.line, rows.front().fault.column);
+    if (m_text->isVisibleTo(this))
+        choose(m_faults->index(0, 0));
     m_hasChecked = true;
     retranslate();
 }
@@ -178,7 +178,7 @@ void CFaultPanel::choose(const QModelIndex& index)
 // Both count from 1.
 void CFaultPanel::showPlace(int line, int column)
 {
-    const QTextBlock block = m_text->document()->findBlockByNumber(std::max(0, line - 1));
+    const QTextBlock block = m_text->document()->findBlockByNumber(line - 1);
     QTextCursor cursor(block);
     cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::MoveAnchor,
                         std::clamp(column - 1, 0, block.length() - 1));

@@ -9,8 +9,8 @@
 #include <QWidget>
 
 class QLabel;
-class QPlainTextEdit;
 class QModelIndex;
+class QPlainTextEdit;
 class QTreeView;
 
 namespace Plugin::Halvex {

@@ -151,10 +151,12 @@ void CImageView::fitToSize()
     SViewport viewport = m_viewport;
     viewport.size = deviceSize(*this);
     // The statistics of a rectangle take room while it is drawn: the image stays under the pointer until it is done.
-    if (m_drag != EDrag::Select && m_isFitted)
-        viewport.fit(imageSize());
-    else if (m_drag != EDrag::Select)
-        viewport.keepInView(imageSize());
+    if (m_drag != EDrag::Select) {
+        if (m_isFitted)
+            viewport.fit(imageSize());
+        else
+            viewport.keepInView(imageSize());
+    }
     setViewport(viewport, m_isFitted);
 }
 

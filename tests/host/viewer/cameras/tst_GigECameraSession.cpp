@@ -25,6 +25,21 @@ SCameraOptions gigE()
     return options;
 }
 
+struct SOpenCamera
+{
+    bool open()
+    {
+        if (!device.start())
+            return false;
+        session.open();
+        return QTest::qWaitFor([this] { return session.state() == EState::Ready; }, patience);
+    }
+
+    CFakeGigECamera device;
+    SHostService service;
+    CCameraSession session{gigE(), service.nodes, service.models};
+};
+
 } // namespace
 
 /// A session with a camera over the network: one that somebody else may have, and that may vanish.
@@ -55,12 +70,9 @@ void tst_GigECameraSession::cameraOfAnotherProgram()
 
 void tst_GigECameraSession::softwareTrigger()
 {
-    CFakeGigECamera device;
-    QVERIFY(device.start());
-    SHostService service;
-    CCameraSession session(gigE(), service.nodes, service.models);
-    session.open();
-    QTRY_COMPARE_WITH_TIMEOUT(session.state(), EState::Ready, patience);
+    SOpenCamera camera;
+    QVERIFY(camera.open());
+    CCameraSession& session = camera.session;
     session.setFeature("TriggerSelector", "FrameStart");
     session.setFeature("TriggerMode", "On");
     session.setFeature("TriggerSource", "Software");
@@ -76,22 +88,19 @@ void tst_GigECameraSession::softwareTrigger()
 
 void tst_GigECameraSession::cameraThatVanishesComesBack()
 {
-    CFakeGigECamera device;
-    QVERIFY(device.start());
-    SHostService service;
-    CCameraSession session(gigE(), service.nodes, service.models);
-    session.open();
-    QTRY_COMPARE_WITH_TIMEOUT(session.state(), EState::Ready, patience);
+    SOpenCamera camera;
+    QVERIFY(camera.open());
+    CCameraSession& session = camera.session;
     session.setFeature("Width", "256");
     session.start();
     QTRY_VERIFY_WITH_TIMEOUT(session.frames() > 3, patience);
     QCOMPARE(session.state(), EState::Streaming);
 
-    device.pullCable();
+    camera.device.pullCable();
     QTRY_COMPARE_WITH_TIMEOUT(session.state(), EState::Away, patience);
     QVERIFY(session.scene());
     const quint64 before = session.frames();
-    device.putCableIn();
+    camera.device.putCableIn();
     QTRY_COMPARE_WITH_TIMEOUT(session.state(), EState::Streaming, patience);
     QTRY_VERIFY_WITH_TIMEOUT(session.frames() > before + 3, patience);
 
@@ -108,14 +117,11 @@ void tst_GigECameraSession::cameraThatVanishesComesBack()
 
 void tst_GigECameraSession::cameraThatVanishesBeforeItStreamsComesBack()
 {
-    CFakeGigECamera device;
-    QVERIFY(device.start());
-    SHostService service;
-    CCameraSession session(gigE(), service.nodes, service.models);
-    session.open();
-    QTRY_COMPARE_WITH_TIMEOUT(session.state(), EState::Ready, patience);
+    SOpenCamera camera;
+    QVERIFY(camera.open());
+    CCameraSession& session = camera.session;
 
-    device.pullCable();
+    camera.device.pullCable();
     QTRY_COMPARE_WITH_TIMEOUT(session.state(), EState::Away, patience);
     QVERIFY(session.scene() && !session.isGrabbing());
     session.setFeature("Width", "256"); // which it refuses
@@ -123,7 +129,7 @@ void tst_GigECameraSession::cameraThatVanishesBeforeItStreamsComesBack()
     std::size_t features = 0;
     connect(&session, &CCameraSession::featuresRead, this,
             [&features](const std::vector<SFeature>& read) { features = read.size(); });
-    device.putCableIn();
+    camera.device.putCableIn();
     QTRY_COMPARE_WITH_TIMEOUT(session.state(), EState::Ready, patience);
     QTRY_VERIFY_WITH_TIMEOUT(features > 0, patience);
     QCOMPARE(session.error(), QString());

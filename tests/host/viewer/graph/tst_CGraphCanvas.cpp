@@ -44,6 +44,7 @@ private Q_SLOTS:
     void drawsAgainWhatAHandlerKeeps();
     void showsANodeThatReplacedAnother();
     void placesNewNodesApart();
+    void laysTheSameGraphOutAlike();
     void takesThePositionsOfTheEditor();
     void showsWhatAConnectionCarries();
     void showsRates();
@@ -145,6 +146,25 @@ void tst_CGraphCanvas::placesNewNodesApart()
     }
 }
 
+void tst_CGraphCanvas::laysTheSameGraphOutAlike()
+{
+    const auto layout = [] {
+        const SEditedScene edited; // its nodes have other ids each time
+        for (const char* model : {"Blur", "Edges", "Histogram", "Threshold"})
+            edited.connectNodes(edited.camera, edited.add(model));
+        CGraphCanvas canvas(*edited.editor);
+        canvas.arrange();
+        QMap<QString, QPointF> positions;
+        for (const auto& item : canvas.nodeItems())
+            positions.insert(item.second->look().caption, edited.editor->positions().value(item.first.toString()));
+        return positions;
+    };
+    const auto first = layout();
+    QCOMPARE(first.size(), 5);
+    for (int time = 0; time < 4; ++time)
+        QCOMPARE(layout(), first);
+}
+
 void tst_CGraphCanvas::takesThePositionsOfTheEditor()
 {
     const SShownGraph shown;
@@ -193,6 +213,7 @@ void tst_CGraphCanvas::showsStatesWhenDataFlows()
     model->offer(CTestData::make(1));
     QTRY_COMPARE(shown.item(id)->look().state, ENodeValidationState::Error);
     QCOMPARE(shown.item(id)->look().message, model->message);
+    QVERIFY(shown.item(id)->toolTip().endsWith(model->message));
     QVERIFY(shown.item(id)->size().height() > before.height());
 }
 

@@ -175,6 +175,13 @@ void tst_CViewerWindow::twoCamerasTwoTabs()
     test.connectCamera("fake-2");
     QTRY_COMPARE(test.window->imageDocks().docks().size(), 2);
     QCOMPARE(test.window->tabs().count(), 2);
+    const int shown = test.window->tabs().currentIndex();
+    for (const char* way : {"nextScene", "previousScene"}) {
+        action(*test.window, way)->trigger();
+        QCOMPARE(test.window->tabs().currentIndex(), 1 - shown);
+        action(*test.window, way)->trigger(); // from the last one to the first, and back
+        QCOMPARE(test.window->tabs().currentIndex(), shown);
+    }
     const auto allOfThem = test.window->sessions().all();
     for (CCameraSession* const session : allOfThem)
         session->start();
