@@ -181,8 +181,8 @@ struct SElement
 {
     int label;
     QString model;
-    std::vector<std::vector<QString>> sources; // names by input port
-    std::vector<QString> feeds;
+    std::vector<QStringList> sources; // names by input port
+    QStringList feeds;
 };
 
 /// A document that the arguments choose. The plainest adds a node behind the source of \a place's scene.
@@ -209,12 +209,11 @@ QString jsonOf(const std::vector<SElement>& elements)
     for (const SElement& element : elements) {
         QJsonArray sources;
         for (const auto& names : element.sources)
-            sources.append(QJsonArray::fromStringList(QStringList(names.begin(), names.end())));
-        const QStringList feeds(element.feeds.begin(), element.feeds.end());
+            sources.append(QJsonArray::fromStringList(names));
         json.append(QJsonObject{{"name", QStringLiteral("label %1").arg(element.label)},
                                 {"model", QJsonObject{{"name", element.model}}},
                                 {"unique_sources", sources},
-                                {"connection", QJsonArray{QJsonValue(QJsonArray::fromStringList(feeds))}}});
+                                {"connection", QJsonArray{QJsonValue(QJsonArray::fromStringList(element.feeds))}}});
     }
     return QString::fromUtf8(QJsonDocument(json).toJson(QJsonDocument::Compact));
 }
