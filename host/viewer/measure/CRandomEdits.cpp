@@ -57,18 +57,27 @@ void CRandomEdits::edit()
     const CScenePage* const page = m_tabs.current();
     if (!page || !page->scene())
         return;
-    act();
-    if (++m_edits % editsOfRound != 0)
+    if (m_takesBack) {
+        takeBack(page->editor().undoStack());
         return;
-    page->editor().undoStack().setIndex(0);
-    page->editor().undoStack().clear();
+    }
+    act(*page);
+    m_takesBack = ++m_edits % editsOfRound == 0;
+}
+
+void CRandomEdits::takeBack(QUndoStack& steps)
+{
+    steps.undo();
+    m_takesBack = steps.canUndo();
+    if (m_takesBack)
+        return;
+    steps.clear();
     m_heap.push_back(heapInUse());
 }
 
-void CRandomEdits::act()
+void CRandomEdits::act(const CScenePage& page)
 {
     static const QStringList models{"Blur", "Edges", "Threshold", "Histogram", "To Image", "DecouplerVGR"};
-    const CScenePage& page = *m_tabs.current();
     CGraphEditor& editor = page.editor();
     auto any = page.scene()->nodes().begin();
     std::advance(any, std::ptrdiff_t(m_random() % page.scene()->nodes().size()));

@@ -9,14 +9,17 @@
 #include <random>
 #include <vector>
 
+class QUndoStack;
+
 namespace Host {
 
+class CScenePage;
 class CSceneTabs;
 
 /**
  * Edits of the shown scene by random, twenty a second: nodes come, are connected, duplicated and go, with undo and
- * redo. After a hundred of them all is undone and the history forgotten, so that what is there then is what was there
- * before; the heap that is in use is noted then.
+ * redo. After a hundred of them all is undone, as quickly, step by step, and the history forgotten, so that what is
+ * there then is what was there before; the heap that is in use is noted then.
  *
  * Threads: the main thread. \a tabs outlives this object.
  */
@@ -37,12 +40,14 @@ public:
 
 private:
     void edit();
-    void act();
+    void act(const CScenePage& page);
+    void takeBack(QUndoStack& steps);
 
     CSceneTabs& m_tabs;
     std::mt19937 m_random;
     QTimer m_timer;
     int m_edits = 0;
+    bool m_takesBack = false;
     std::vector<qint64> m_heap;
 };
 
