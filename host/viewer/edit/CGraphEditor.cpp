@@ -79,12 +79,12 @@ Core::CId CGraphEditor::addNode(const QString& modelName, QPointF position)
 {
     const Core::CId id = makeNode(modelName, position);
     if (id != Core::CId())
-        recordAdded(tr("Add '%1'").arg(captionOf(id)), {id});
+        recordAdded([caption = captionOf(id)] { return tr("Add '%1'").arg(caption); }, {id});
     return id;
 }
 
 Core::CId CGraphEditor::addConnectedNode(const QString& modelName, QPointF position, const SPort& out,
-                                         const QMap<QString, QString>& settings, const QString& text)
+                                         const QMap<QString, QString>& settings, const StepText& text)
 {
     const Core::CId id = makeNode(modelName, position);
     if (id == Core::CId())
@@ -147,7 +147,7 @@ bool CGraphEditor::remove(const std::vector<Core::CId>& nodes, const std::vector
     }
     if (part.nodes.empty() && part.connections.empty())
         return false;
-    const QString text = removalText(part);
+    const StepText text = removalText(part);
     exchange(&part, {});
     m_undoStack.push(new CStructureStep(text, *this, part, {}));
     return true;
@@ -158,7 +158,9 @@ bool CGraphEditor::connectPorts(const SPort& out, const SPort& in)
     const SGraphPart part = makeConnection(out, in);
     if (part.connections.empty())
         return false;
-    const QString text = tr("Connect '%1' to '%2'").arg(captionOf(out.node), captionOf(in.node));
+    const auto text = [from = captionOf(out.node), to = captionOf(in.node)] {
+        return tr("Connect '%1' to '%2'").arg(from, to);
+    };
     m_undoStack.push(new CStructureStep(text, *this, {}, part));
     return true;
 }
@@ -197,8 +199,10 @@ bool CGraphEditor::setSetting(const Core::CId& id, const QString& name, const QS
     if (!model || set.value == from)
         return true;
     const QString shownValue = isChoice(set) ? wordsOf(set.value) : set.value;
-    m_undoStack.push(new CSettingStep(tr("Set %1 of '%2' to %3").arg(wordsOf(name), caption, shownValue), *this,
-                                      {id, name, from, set.value, gesture}));
+    const auto text = [name, caption, shownValue] {
+        return tr("Set %1 of '%2' to %3").arg(wordsOf(name), caption, shownValue);
+    };
+    m_undoStack.push(new CSettingStep(text, *this, {id, name, from, set.value, gesture}));
     return true;
 }
 
@@ -215,9 +219,9 @@ void CGraphEditor::moveNodes(const NodePositions& positions)
     }
     if (to.isEmpty())
         return;
-    const QString text = to.size() > 1
-                             ? tr("Move %n nodes", nullptr, to.size())
-                             : tr("Move '%1'").arg(captionOf(Core::CId(to.firstKey().toLatin1().constData())));
+    const auto text = [count = to.size(), caption = captionOf(Core::CId(to.firstKey().toLatin1().constData()))] {
+        return count > 1 ? tr("Move %n nodes", nullptr, count) : tr("Move '%1'").arg(caption);
+    };
     m_undoStack.push(new CMoveStep(text, *this, from, to));
 }
 
@@ -248,7 +252,7 @@ void CGraphEditor::applySetting(const Core::CId& id, const QString& name, const 
         refuse(error);
 }
 
-void CGraphEditor::recordAdded(const QString& text, const std::vector<Core::CId>& nodes)
+void CGraphEditor::recordAdded(const StepText& text, const std::vector<Core::CId>& nodes)
 {
     m_undoStack.push(new CStructureStep(text, *this, {}, partOf(*m_scene, nodes, m_positions)));
 }
@@ -259,17 +263,27 @@ QString CGraphEditor::captionOf(const Core::CId& id) const
     return found ? captionText(*found->nodeDataModel()) : QString();
 }
 
-QString CGraphEditor::removalText(const SGraphPart& part) const
+StepText CGraphEditor::removalText(const SGraphPart& part) const
 {
-    const int connections = int(part.connections.size());
-    if (part.nodes.empty())
-        return connections == 1 ? tr("Delete a connection") : tr("Delete %n connections", nullptr, connections);
-    const QString nodes = part.nodes.size() == 1 ? tr("Delete '%1'").arg(captionOf(idsIn(part).front()))
-                                                 : tr("Delete %n nodes", nullptr, int(part.nodes.size()));
-    if (connections == 0)
-        return nodes;
-    return connections == 1 ? tr("%1 with a connection").arg(nodes)
-                            : tr("%1 with %n connections", nullptr, connections).arg(nodes);
+    const QString caption = part.nodes.size() == 1 ? captionOf(idsIn(part).front()) : QString();
+    return [nodes = int(part.nodes.size()), connections = int(part.connections.size()), caption] {
+        if (nodes == 0)
+            return connections == 1 ? tr("Delete a connection") : tr("Delete %n connections", nullptr, connections);
+        const QString text = nodes == 1 ? tr("Delete '%1'").arg(caption) : tr("Delete %n nodes", nullptr, nodes);
+        if (connections == 0)
+            return text;
+        return connections == 1 ? tr("%1 with a connection").arg(text)
+                                : tr("%1 with %n connections", nullptr, connections).arg(text);
+    };
+}
+
+void CGraphEditor::retranslateSteps()
+{
+    for (int i = 0; i < m_undoStack.count(); ++i) {
+        // Only this object pushes steps, and the stack gives them out as constant.
+        auto* const step = const_cast<QUndoCommand*>(m_undoStack.command(i));
+        static_cast<AGraphStep*>(step)->retranslate();
+    }
 }
 
 void CGraphEditor::onNodeDeleted(CNodeBase& node)

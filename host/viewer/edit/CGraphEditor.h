@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "host/viewer/edit/AGraphStep.h"
 #include "host/viewer/edit/GraphPart.h"
 #include "host/viewer/edit/SPort.h"
 
@@ -59,6 +60,9 @@ public:
     std::shared_ptr<Plugin::Halvex::CNodeDataModelRegistry> registry() const;
     QUndoStack& undoStack() { return m_undoStack; }
 
+    /// Calls the steps by their names in the language that is chosen now.
+    void retranslateSteps();
+
     /// Where the nodes are drawn. Only of nodes that are there: a node that goes takes its position along.
     NodePositions positions() const { return m_positions; }
 
@@ -72,7 +76,7 @@ public:
     /// The same with these settings, and connected to \a out: one step, called \a text. A setting or a connection that
     /// is refused is left out.
     Core::CId addConnectedNode(const QString& modelName, QPointF position, const SPort& out,
-                               const QMap<QString, QString>& settings, const QString& text);
+                               const QMap<QString, QString>& settings, const StepText& text);
 
     /// Removes these nodes with all their connections, and these connections.
     bool remove(const std::vector<Core::CId>& nodes, const std::vector<Core::CId>& connections);
@@ -118,10 +122,10 @@ private:
     Core::CId makeNode(const QString& modelName, QPointF position);
     SGraphPart makeConnection(const SPort& out, const SPort& in);
 
-    std::vector<Core::CId> addPart(const SGraphPart& part, const QString& text);
-    void recordAdded(const QString& text, const std::vector<Core::CId>& nodes);
+    std::vector<Core::CId> addPart(const SGraphPart& part, const StepText& text);
+    void recordAdded(const StepText& text, const std::vector<Core::CId>& nodes);
     QString captionOf(const Core::CId& id) const;
-    QString removalText(const SGraphPart& part) const;
+    StepText removalText(const SGraphPart& part) const;
     void onNodeDeleted(Plugin::Halvex::CNodeBase& node);
     bool refuse(const QString& reason);
 

@@ -45,9 +45,9 @@ std::vector<Core::CId> CGraphEditor::duplicate(const std::vector<Core::CId>& nod
         refuse(tr("There is nothing that can be there twice"));
         return {};
     }
-    const QString text = copy.nodes.size() > 1 ? tr("Duplicate %n nodes", nullptr, int(copy.nodes.size()))
-                                               : tr("Duplicate '%1'").arg(captionOf(nodes.front()));
-    return addPart(copy, text);
+    return addPart(copy, [count = int(copy.nodes.size()), caption = captionOf(nodes.front())] {
+        return count > 1 ? tr("Duplicate %n nodes", nullptr, count) : tr("Duplicate '%1'").arg(caption);
+    });
 }
 
 QByteArray CGraphEditor::copied(const std::vector<Core::CId>& nodes) const
@@ -65,8 +65,9 @@ std::vector<Core::CId> CGraphEditor::paste(const QByteArray& text, QPointF middl
         refuse(tr("There are no nodes in the text"));
         return {};
     }
-    return addPart(part,
-                   part.nodes.size() > 1 ? tr("Paste %n nodes", nullptr, int(part.nodes.size())) : tr("Paste a node"));
+    return addPart(part, [count = int(part.nodes.size())] {
+        return count > 1 ? tr("Paste %n nodes", nullptr, count) : tr("Paste a node");
+    });
 }
 
 std::vector<Core::CId> CGraphEditor::importChain(const QString& chain)
@@ -95,12 +96,15 @@ std::vector<Core::CId> CGraphEditor::importChain(const QString& chain)
         refuse(tr("The chain names a model that there is not"));
     else if (added.empty())
         refuse(tr("There is no chain in the text"));
+    const auto text = [count = int(added.size())] {
+        return count > 1 ? tr("Import %n nodes", nullptr, count) : tr("Import a node");
+    };
     if (!added.empty())
-        recordAdded(added.size() > 1 ? tr("Import %n nodes", nullptr, int(added.size())) : tr("Import a node"), added);
+        recordAdded(text, added);
     return added;
 }
 
-std::vector<Core::CId> CGraphEditor::addPart(const SGraphPart& part, const QString& text)
+std::vector<Core::CId> CGraphEditor::addPart(const SGraphPart& part, const StepText& text)
 {
     SGraphPart nothing;
     exchange(&nothing, part);

@@ -9,9 +9,8 @@
 
 namespace Host {
 
-CMoveStep::CMoveStep(const QString& text, CGraphEditor& editor, NodePositions from, NodePositions to)
-    : QUndoCommand(text)
-    , m_editor(editor)
+CMoveStep::CMoveStep(StepText text, CGraphEditor& editor, NodePositions from, NodePositions to)
+    : AGraphStep(std::move(text), editor)
     , m_from(std::move(from))
     , m_to(std::move(to))
 {

@@ -3,26 +3,21 @@
 
 #pragma once
 
+#include "host/viewer/edit/AGraphStep.h"
 #include "host/viewer/edit/GraphPart.h"
-
-#include <QUndoCommand>
 
 namespace Host {
 
-class CGraphEditor;
-
 /// A step that moves nodes in the drawing.
-class CMoveStep : public QUndoCommand
+class CMoveStep : public AGraphStep
 {
 public:
-    /// \a editor owns the stack that this is pushed on.
-    CMoveStep(const QString& text, CGraphEditor& editor, NodePositions from, NodePositions to);
+    CMoveStep(StepText text, CGraphEditor& editor, NodePositions from, NodePositions to);
 
     void undo() override;
     void redo() override;
 
 private:
-    CGraphEditor& m_editor;
     const NodePositions m_from;
     const NodePositions m_to;
 };

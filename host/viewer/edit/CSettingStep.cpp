@@ -9,9 +9,8 @@
 
 namespace Host {
 
-CSettingStep::CSettingStep(const QString& text, CGraphEditor& editor, SSettingChange change)
-    : QUndoCommand(text)
-    , m_editor(editor)
+CSettingStep::CSettingStep(StepText text, CGraphEditor& editor, SSettingChange change)
+    : AGraphStep(std::move(text), editor)
     , m_change(std::move(change))
 {
 }
@@ -36,7 +35,7 @@ bool CSettingStep::mergeWith(const QUndoCommand* other)
         next->m_change.node != m_change.node || next->m_change.name != m_change.name)
         return false;
     m_change.to = next->m_change.to;
-    setText(next->text());
+    takeTextOf(*next);
     return true;
 }
 

@@ -3,14 +3,12 @@
 
 #pragma once
 
+#include "host/viewer/edit/AGraphStep.h"
 #include <Halvex/platform/CId.h>
 
 #include <QString>
-#include <QUndoCommand>
 
 namespace Host {
-
-class CGraphEditor;
 
 /// A change of one setting of a node, as text, see SModelSetting.
 struct SSettingChange
@@ -23,11 +21,10 @@ struct SSettingChange
 };
 
 /// A step that changes a setting. It has been done when it is pushed on the undo stack.
-class CSettingStep : public QUndoCommand
+class CSettingStep : public AGraphStep
 {
 public:
-    /// \a editor owns the stack that this is pushed on.
-    CSettingStep(const QString& text, CGraphEditor& editor, SSettingChange change);
+    CSettingStep(StepText text, CGraphEditor& editor, SSettingChange change);
 
     void undo() override;
     void redo() override;
@@ -35,7 +32,6 @@ public:
     bool mergeWith(const QUndoCommand* other) override;
 
 private:
-    CGraphEditor& m_editor;
     SSettingChange m_change;
     bool m_isDone = true;
 };

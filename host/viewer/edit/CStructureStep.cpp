@@ -9,9 +9,8 @@
 
 namespace Host {
 
-CStructureStep::CStructureStep(const QString& text, CGraphEditor& editor, SGraphPart removed, SGraphPart added)
-    : QUndoCommand(text)
-    , m_editor(editor)
+CStructureStep::CStructureStep(StepText text, CGraphEditor& editor, SGraphPart removed, SGraphPart added)
+    : AGraphStep(std::move(text), editor)
     , m_removed(std::move(removed))
     , m_added(std::move(added))
 {

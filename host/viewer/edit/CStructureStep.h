@@ -3,13 +3,10 @@
 
 #pragma once
 
+#include "host/viewer/edit/AGraphStep.h"
 #include "host/viewer/edit/GraphPart.h"
 
-#include <QUndoCommand>
-
 namespace Host {
-
-class CGraphEditor;
 
 /**
  * A step that adds or removes nodes and connections, which has been done when it is pushed on the undo stack.
@@ -17,17 +14,15 @@ class CGraphEditor;
  * Undo takes out what was added and puts back what was removed, with the same ids. If somebody else has changed the
  * scene meanwhile, it does what is still possible. Threads: the scene's.
  */
-class CStructureStep : public QUndoCommand
+class CStructureStep : public AGraphStep
 {
 public:
-    /// \a editor owns the stack that this is pushed on.
-    CStructureStep(const QString& text, CGraphEditor& editor, SGraphPart removed, SGraphPart added);
+    CStructureStep(StepText text, CGraphEditor& editor, SGraphPart removed, SGraphPart added);
 
     void undo() override;
     void redo() override;
 
 private:
-    CGraphEditor& m_editor;
     SGraphPart m_removed;
     SGraphPart m_added;
     bool m_isDone = true;

@@ -1,5 +1,7 @@
 # The sources of this folder.
 target_sources(HalvexHostViewer PRIVATE
+  edit/AGraphStep.cpp
+  edit/AGraphStep.h
   edit/CFaultModel.cpp
   edit/CFaultModel.h
   edit/CFaultPanel.cpp

@@ -152,7 +152,8 @@ void CViewerWindow::addImageView()
     CGraphEditor& editor = page->editor();
     const QPointF beside = editor.positions().value(camera->id().toString()) + QPointF(48 * gridStep, 0);
     editor.addConnectedNode(CViewModel::modelName(), beside, {camera->id(), ENodePortType::Out, 0},
-                            {{QStringLiteral("viewName"), page->cameraName()}}, tr("Show the camera's image"));
+                            {{QStringLiteral("viewName"), page->cameraName()}},
+                            [] { return tr("Show the camera's image"); });
 }
 
 CScenePage* CViewerWindow::newScene(const QString& name)

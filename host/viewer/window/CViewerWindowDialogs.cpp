@@ -219,6 +219,9 @@ void CViewerWindow::retranslate()
     setWindowTitle(tr("Halvex Viewer"));
     m_tabs->setAccessibleName(tr("Scenes"));
     m_tabs->tabBar()->setAccessibleName(tr("Scenes"));
+    const auto pages = m_tabs->pages();
+    for (const CScenePage* const page : pages)
+        page->editor().retranslateSteps(); // before menus and history show them
     m_docks->retranslate();
     m_menus->retranslate();
     m_menus->update();

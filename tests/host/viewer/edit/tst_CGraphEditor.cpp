@@ -98,7 +98,8 @@ void tst_CGraphEditor::addsAConnectedNodeInOneStep()
     const SEditedScene edited;
     const QByteArray before = edited.document();
     const Core::CId blur = edited.editor->addConnectedNode("Blur", {304, 40}, SEditedScene::out(edited.camera),
-                                                           {{"size", "33"}, {"method", "no such method"}}, "Smooth");
+                                                           {{"size", "33"}, {"method", "no such method"}},
+                                                           [] { return QStringLiteral("Smooth"); });
     QCOMPARE(edited.stack().count(), 1);
     QCOMPARE(edited.stack().undoText(), QStringLiteral("Smooth"));
     QCOMPARE(edited.refusals.size(), 1); // of the method

@@ -36,6 +36,7 @@
 #include <QTabBar>
 #include <QTest>
 #include <QThread>
+#include <QUndoView>
 
 using namespace Host;
 using namespace Plugin::Halvex;
@@ -499,10 +500,13 @@ void tst_CViewerWindow::languageChangesWhileItRuns()
     SWindow test;
     test.connectCamera("fake-1");
     QTRY_COMPARE(test.window->imageDocks().docks().size(), 1);
+    test.window->tabs().current()->editor().addNode("Blur", {});
     CLanguage language;
     connect(test.window.get(), &CViewerWindow::languageChosen, this,
             [&language](const QString& code) { language.install(code); });
     QSet<QString> titles;
+    QSet<QString> steps; // what undo would take back, as menu and history call it
+    const auto& history = *test.window->findChild<QUndoView*>();
     const auto allCodes = CLanguage::codes();
     for (const QString& code : allCodes) {
         test.window->chooseLanguage(code);
@@ -510,8 +514,12 @@ void tst_CViewerWindow::languageChangesWhileItRuns()
         QCoreApplication::processEvents();
         titles.insert(action(*test.window, "openScene")->text());
         QVERIFY(!test.window->findChild<QDockWidget*>("cameras")->windowTitle().isEmpty());
+        const QString step = history.currentIndex().data().toString();
+        QVERIFY(action(*test.window, "undo")->text().endsWith(step));
+        steps.insert(step);
     }
-    QCOMPARE(titles.size(), CLanguage::codes().size());
+    QCOMPARE(titles.size(), allCodes.size());
+    QCOMPARE(steps.size(), allCodes.size());
 }
 
 void tst_CViewerWindow::colors()
