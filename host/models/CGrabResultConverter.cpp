@@ -10,8 +10,11 @@
 
 #include <opencv2/imgproc.hpp>
 
+#include <QHash>
+
 #include <algorithm>
 #include <iterator>
+#include <optional>
 
 namespace Host {
 
@@ -19,36 +22,69 @@ namespace {
 
 constexpr int noCode = -1;
 
-// How one pixel format becomes an image: what its memory is, and then either a colour conversion or none.
+struct SColors
+{
+    const char* name;
+    int channels;
+    int code; // of the conversion to BGR
+};
+
+const SColors knownColors[] = {
+    {"Mono", 1, noCode},
+    {"BGR", 3, noCode},
+    {"RGB", 3, cv::COLOR_RGB2BGR},
+    {"BayerRG", 1, cv::COLOR_BayerRGGB2BGR},
+    {"BayerGR", 1, cv::COLOR_BayerGRBG2BGR},
+    {"BayerGB", 1, cv::COLOR_BayerGBRG2BGR},
+    {"BayerBG", 1, cv::COLOR_BayerBGGR2BGR},
+};
+
+enum class EPacking
+{
+    None, // a value has whole bytes, the lowest first
+    Pfnc, // "p": one value behind the other, the lowest bits first
+    GigE, // "Packed": two values in three bytes, the lowest bits of both in the middle one
+};
+
+// How one pixel format becomes an image.
 struct SRecipe
 {
-    const char* pixelFormat;
-    int matType;
+    int matType; // of the image before its colours are converted
     int colorCode;
-    int bits; // of a value, from the lowest one up
+    int bits; // of a value
+    EPacking packing;
 };
 
-const SRecipe recipes[] = {
-    {"Mono8", CV_8UC1, noCode, 8},
-    {"Mono10", CV_16UC1, noCode, 10},
-    {"Mono12", CV_16UC1, noCode, 12},
-    {"Mono14", CV_16UC1, noCode, 14},
-    {"Mono16", CV_16UC1, noCode, 16},
-    {"BGR8", CV_8UC3, noCode, 8},
-    {"BGR16", CV_16UC3, noCode, 16},
-    {"RGB8", CV_8UC3, cv::COLOR_RGB2BGR, 8},
-    {"BayerRG8", CV_8UC1, cv::COLOR_BayerRGGB2BGR, 8},
-    {"BayerGR8", CV_8UC1, cv::COLOR_BayerGRBG2BGR, 8},
-    {"BayerGB8", CV_8UC1, cv::COLOR_BayerGBRG2BGR, 8},
-    {"BayerBG8", CV_8UC1, cv::COLOR_BayerBGGR2BGR, 8},
-};
-
-const SRecipe* findRecipe(const QString& pixelFormat)
+// By GenICam's names, such as "BayerRG12Packed".
+QHash<QString, SRecipe> makeRecipes()
 {
-    const auto* found = std::find_if(std::begin(recipes), std::end(recipes), [&](const SRecipe& recipe) {
-        return pixelFormat == QLatin1String(recipe.pixelFormat);
-    });
-    return found == std::end(recipes) ? nullptr : found;
+    QHash<QString, SRecipe> recipes;
+    for (const SColors& colors : knownColors) {
+        for (const int bits : {8, 10, 12, 14, 16}) {
+            const QString name = QLatin1String(colors.name) + QString::number(bits);
+            const int matType = CV_MAKETYPE(bits > 8 ? CV_16U : CV_8U, colors.channels);
+            recipes.insert(name, {matType, colors.code, bits, EPacking::None});
+            if (colors.channels > 1 || (bits != 10 && bits != 12))
+                continue;
+            recipes.insert(name + QStringLiteral("p"), {matType, colors.code, bits, EPacking::Pfnc});
+            recipes.insert(name + QStringLiteral("Packed"), {matType, colors.code, bits, EPacking::GigE});
+        }
+    }
+    return recipes;
+}
+
+std::optional<SRecipe> findRecipe(const QString& pixelFormat)
+{
+    static const QHash<QString, SRecipe> recipes = makeRecipes();
+    const auto found = recipes.find(pixelFormat);
+    return found == recipes.end() ? std::nullopt : std::make_optional(*found);
+}
+
+// Whether rows of this length hold what is read of them.
+bool isLongEnough(const Veltra::SGrabResult& frame, const SRecipe& recipe)
+{
+    const qint64 bits = recipe.packing == EPacking::GigE ? 12 : recipe.bits;
+    return qint64(frame.stride) * 8 >= frame.width * bits;
 }
 
 // The frame's pixels as a matrix over the same memory. cv::Mat has no form for memory that is only read; it is
@@ -58,11 +94,40 @@ cv::Mat view(const Veltra::SGrabResult& frame, int matType)
     return cv::Mat(frame.height, frame.width, matType, const_cast<std::byte*>(frame.pixels), std::size_t(frame.stride));
 }
 
+ushort pfncValue(const uchar* row, int x, int bits)
+{
+    const int bit = x * bits;
+    const int bytes = row[bit / 8] | row[bit / 8 + 1] << 8;
+    return ushort(bytes >> bit % 8 & ((1 << bits) - 1));
+}
+
+ushort gigEValue(const uchar* row, int x, int bits)
+{
+    const uchar* const pair = row + x / 2 * 3;
+    const bool isFirst = x % 2 == 0;
+    const int lowBits = bits - 8;
+    const int low = (isFirst ? pair[1] : pair[1] >> 4) & ((1 << lowBits) - 1);
+    return ushort((isFirst ? pair[0] : pair[2]) << lowBits | low);
+}
+
+cv::Mat unpacked(const Veltra::SGrabResult& frame, const SRecipe& recipe)
+{
+    cv::Mat values(frame.height, frame.width, recipe.matType);
+    const auto valueAt = recipe.packing == EPacking::Pfnc ? &pfncValue : &gigEValue;
+    for (int y = 0; y < frame.height; ++y) {
+        const auto* const row = reinterpret_cast<const uchar*>(frame.pixels) + std::ptrdiff_t(y) * frame.stride;
+        auto* const out = values.ptr<ushort>(y);
+        for (int x = 0; x < frame.width; ++x)
+            out[x] = valueAt(row, x, recipe.bits);
+    }
+    return values;
+}
+
 } // namespace
 
 bool CGrabResultConverter::supports(const QString& pixelFormat)
 {
-    return findRecipe(pixelFormat) != nullptr;
+    return findRecipe(pixelFormat).has_value();
 }
 
 Plugin::Halvex::CNodeDataPtr CGrabResultConverter::operator()(const Plugin::Halvex::CNodeDataPtr& data) const
@@ -71,23 +136,24 @@ Plugin::Halvex::CNodeDataPtr CGrabResultConverter::operator()(const Plugin::Halv
     if (!grab || !grab->grabResult())
         return {};
     const Veltra::SGrabResult& frame = *grab->grabResult();
-    const SRecipe* recipe = findRecipe(frame.pixelFormat);
+    const std::optional<SRecipe> recipe = findRecipe(frame.pixelFormat);
     if (!recipe)
         return {};
+    const bool isPacked = recipe->packing != EPacking::None;
     // Rows must begin at whole values.
-    if (std::size_t(frame.stride) % CV_ELEM_SIZE1(recipe->matType) != 0)
+    if (isPacked ? !isLongEnough(frame, *recipe) : std::size_t(frame.stride) % CV_ELEM_SIZE1(recipe->matType) != 0)
         return {};
 
     SFrameInfo info = frameInfo(*grab);
     info.bits = recipe->bits;
     const int shift = 8 * CV_ELEM_SIZE1(recipe->matType) - recipe->bits;
-    const cv::Mat pixels = view(frame, recipe->matType);
-    cv::Mat image;
-    if (recipe->colorCode != noCode)
-        cv::cvtColor(pixels, image, recipe->colorCode);
-    else if (shift > 0)
+    const cv::Mat pixels = isPacked ? unpacked(frame, *recipe) : view(frame, recipe->matType);
+    cv::Mat image = pixels;
+    if (shift > 0)
         pixels.convertTo(image, recipe->matType, double(1 << shift));
-    else
+    if (recipe->colorCode != noCode)
+        cv::cvtColor(image, image, recipe->colorCode);
+    if (image.data == pixels.data)
         return QSharedPointer<CImageData>::create(pixels, info, grab->grabResult());
     return QSharedPointer<CImageData>::create(image, info);
 }

@@ -24,11 +24,13 @@ void tst_PixelFormat::names()
     QCOMPARE(pixelFormatName(ARV_PIXEL_FORMAT_MONO_8), QStringLiteral("Mono8"));
     QCOMPARE(pixelFormatName(ARV_PIXEL_FORMAT_RGB_8_PACKED), QStringLiteral("RGB8"));
     QCOMPARE(pixelFormatName(ARV_PIXEL_FORMAT_BAYER_GB_8), QStringLiteral("BayerGB8"));
+    QCOMPARE(pixelFormatName(ARV_PIXEL_FORMAT_BAYER_GB_12_PACKED), QStringLiteral("BayerGB12Packed"));
+    QCOMPARE(pixelFormatName(0x010c0047), QStringLiteral("Mono12p"));
 }
 
 void tst_PixelFormat::codeWithoutAName()
 {
-    QCOMPARE(pixelFormatName(0x010c0004), QStringLiteral("0x010c0004"));
+    QCOMPARE(pixelFormatName(0x010c0001), QStringLiteral("0x010c0001"));
     QCOMPARE(pixelFormatName(0), QStringLiteral("0x00000000"));
 }
 

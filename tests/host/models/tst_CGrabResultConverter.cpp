@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <array>
+#include <initializer_list>
 #include <map>
 #include <vector>
 
@@ -59,6 +60,24 @@ struct SFrame
     Veltra::SGrabResult result;
 };
 
+QByteArray bytes(std::initializer_list<int> values)
+{
+    QByteArray all;
+    for (const int value : values)
+        all.append(char(value & 0xff));
+    return all;
+}
+
+// Each row has these bytes, and none between them.
+SFrame packedFrame(const char* format, int width, int rows, const QByteArray& row)
+{
+    SFrame frame(format, width, rows, 4);
+    frame.result.stride = row.size();
+    for (int y = 0; y < rows; ++y)
+        std::copy(row.begin(), row.end(), frame.memory->begin() + y * row.size());
+    return frame;
+}
+
 } // namespace
 
 class tst_CGrabResultConverter : public QObject
@@ -73,8 +92,12 @@ private Q_SLOTS:
     void mono8IsNotCopied();
     void imageKeepsTheFrame();
     void deepMonoKeepsAllBits();
+    void packedMonoKeepsAllBits_data();
+    void packedMonoKeepsAllBits();
+    void shortRowsOfPackedValuesAreEmpty();
     void colorOrder();
     void bayer();
+    void deepBayer();
 };
 
 void tst_CGrabResultConverter::whatHoldsNoFrameIsEmpty()
@@ -102,8 +125,10 @@ void tst_CGrabResultConverter::grabResultOfSomebodyElse()
 
 void tst_CGrabResultConverter::unknownFormatIsEmpty()
 {
-    QVERIFY(!CGrabResultConverter::supports(QStringLiteral("Mono12Packed")));
-    QVERIFY(!SFrame("Mono12Packed", 4, 4, 2).converted());
+    for (const char* format : {"Mono14p", "Mono8Packed", "RGB12Packed", "YUV422_8", "0x010c0001", "", "12", "mono12"}) {
+        QVERIFY(!CGrabResultConverter::supports(QLatin1String(format)));
+        QVERIFY(!SFrame(format, 4, 4, 2).converted());
+    }
 }
 
 void tst_CGrabResultConverter::rowsBetweenValuesAreEmpty()
@@ -158,6 +183,52 @@ void tst_CGrabResultConverter::deepMonoKeepsAllBits()
     }
 }
 
+void tst_CGrabResultConverter::packedMonoKeepsAllBits_data()
+{
+    QTest::addColumn<QByteArray>("format");
+    QTest::addColumn<QByteArray>("bytes"); // of a row, in hexadecimal digits
+    QTest::addColumn<std::vector<int>>("values");
+    // As the conventions draw them; the last value begins within a byte, and ends the row.
+    QTest::newRow("PFNC, 10 bits") << QByteArray("Mono10p") << QByteArray("ff5394ea200103")
+                                   << std::vector<int>{0x3ff, 0x114, 0x2a9, 0x083, 0x301};
+    QTest::newRow("PFNC, 12 bits") << QByteArray("Mono12p") << QByteArray("bc9a785604")
+                                   << std::vector<int>{0xabc, 0x789, 0x456};
+    QTest::newRow("GigE Vision, 10 bits")
+        << QByteArray("Mono10Packed") << QByteArray("ff12804003") << std::vector<int>{0x3fe, 0x201, 0x103};
+    QTest::newRow("GigE Vision, 12 bits")
+        << QByteArray("Mono12Packed") << QByteArray("ab9c780f04") << std::vector<int>{0xabc, 0x789, 0x0f4};
+}
+
+void tst_CGrabResultConverter::packedMonoKeepsAllBits()
+{
+    QFETCH(QByteArray, format);
+    QFETCH(QByteArray, bytes);
+    QFETCH(std::vector<int>, values);
+    const QByteArray row = QByteArray::fromHex(bytes);
+    constexpr int rows = 3;
+    const SFrame frame = packedFrame(format, int(values.size()), rows, row);
+    const auto image = frame.converted();
+    QVERIFY(image);
+    QCOMPARE(image->image().type(), CV_16UC1);
+    const int bits = image->info().bits;
+    QCOMPARE(bits, format.contains("10") ? 10 : 12);
+    for (int y = 0; y < rows; ++y) {
+        for (std::size_t x = 0; x < values.size(); ++x)
+            QCOMPARE(int(image->image().at<ushort>(y, int(x))), values[x] << (16 - bits));
+    }
+}
+
+void tst_CGrabResultConverter::shortRowsOfPackedValuesAreEmpty()
+{
+    // Five values need seven bytes, or eight with pairs in three.
+    for (const auto& format : {std::make_pair("Mono10p", 7), std::make_pair("Mono10Packed", 8)}) {
+        SFrame frame = packedFrame(format.first, 5, 2, QByteArray(format.second, '\x11'));
+        QVERIFY(frame.converted());
+        --frame.result.stride;
+        QVERIFY(!frame.converted());
+    }
+}
+
 void tst_CGrabResultConverter::colorOrder()
 {
     const std::map<const char*, std::array<uchar, 3>> formats{{"RGB8", {red, green, blue}},
@@ -190,6 +261,39 @@ void tst_CGrabResultConverter::bayer()
         QVERIFY2(image, format.first);
         QCOMPARE(image->image().at<cv::Vec3b>(8, 8), cv::Vec3b(blue, green, red));
         QCOMPARE(image->image().at<cv::Vec3b>(7, 9), cv::Vec3b(blue, green, red));
+    }
+}
+
+void tst_CGrabResultConverter::deepBayer()
+{
+    // One colour all over; two values of 12 bits at a time, as they lie in memory.
+    constexpr int r = red << 4 | 3;
+    constexpr int g = green << 4 | 7;
+    constexpr int b = blue << 4 | 5;
+    using Pack = QByteArray (*)(int, int);
+    const std::map<const char*, Pack> formats{{"BayerRG12p",
+                                               [](int one, int other) {
+                                                   return bytes({one, one >> 8 | other << 4, other >> 4});
+                                               }},
+                                              {"BayerRG12Packed",
+                                               [](int one, int other) {
+                                                   return bytes({one >> 4, (one & 15) | other << 4, other >> 4});
+                                               }},
+                                              {"BayerRG12", [](int one, int other) {
+                                                   return bytes({one, one >> 8, other, other >> 8});
+                                               }}};
+    constexpr int pairs = 8;
+    for (const auto& format : formats) {
+        const QByteArray rows = format.second(r, g).repeated(pairs) + format.second(g, b).repeated(pairs);
+        SFrame frame = packedFrame(format.first, 2 * pairs, pairs, rows); // two rows at a time
+        frame.result.stride /= 2;
+        frame.result.height *= 2;
+        const auto image = frame.converted();
+        QVERIFY2(image, format.first);
+        QCOMPARE(image->info().bits, 12);
+        const cv::Vec3w color(b << 4, g << 4, r << 4);
+        QCOMPARE(image->image().at<cv::Vec3w>(8, 8), color);
+        QCOMPARE(image->image().at<cv::Vec3w>(7, 9), color);
     }
 }
 

@@ -37,7 +37,7 @@ void tst_CToImageModel::framesBecomeImages()
 void tst_CToImageModel::whatCannotBeConvertedClearsTheOutput()
 {
     const auto image = QSharedPointer<CImageData>::create(cv::Mat(2, 2, CV_8UC1), SFrameInfo());
-    for (const CNodeDataPtr& data : {CNodeDataPtr(), frameData("Mono12Packed"), CNodeDataPtr(image)}) {
+    for (const CNodeDataPtr& data : {CNodeDataPtr(), frameData("YUV422_8"), CNodeDataPtr(image)}) {
         CToImageModel model;
         model.setInData(frameData(), 0);
         QVERIFY(model.outData(0));

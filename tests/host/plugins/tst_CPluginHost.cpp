@@ -278,7 +278,7 @@ void tst_CPluginHost::ownPluginsPublishTheirServices()
     auto* const own = qobject_cast<IHostModels*>(service.data());
     QVERIFY(own);
     QVERIFY(own->supports(QStringLiteral("Mono8")));
-    QVERIFY(!own->supports(QStringLiteral("Mono12Packed")));
+    QVERIFY(!own->supports(QStringLiteral("YUV422_8")));
     const auto camera = own->createCameraSource(QStringLiteral("left"));
     QCOMPARE(camera->uniqueName(), QStringLiteral("left"));
     QVERIFY(camera->isUnique());
