@@ -122,6 +122,7 @@ private Q_SLOTS:
     void connectionComesBackInADelivery_data();
     void connectionComesBackInADelivery();
     void walkServesTheTableThatItBeganWith();
+    void connectionGoesAfterItsTable();
     void destructorLeavesConnectionsAlone();
     void destroyedConnectionIsNeverUsed_data();
     void destroyedConnectionIsNeverUsed();
@@ -512,6 +513,22 @@ void tst_CNodeState::walkServesTheTableThatItBeganWith()
         QCOMPARE(line.values(), Numbers({1, 1}));
     }
     QCOMPARE(CRowInspector::places(line.source->nodeState(), Out, 0), 0);
+}
+
+void tst_CNodeState::connectionGoesAfterItsTable()
+{
+    SLine line;
+    line.sink.model->onSetInData = [&line](const CNodeDataPtr& data, int) {
+        if (!data)
+            return;
+        CNodeState withoutPorts = makeState(0, 0);
+        withoutPorts.getEntries(Out); // a host asks for its tables
+        line.source->nodeState() = std::move(withoutPorts);
+        line.connection.reset();
+    };
+    line.offer(1);
+    QVERIFY(line.source->nodeState().getEntries(Out).empty());
+    QCOMPARE(line.values(), Numbers({1, -1}));
 }
 
 void tst_CNodeState::destructorLeavesConnectionsAlone()

@@ -11,6 +11,8 @@
 #include <memory>
 #include <vector>
 
+#include <malloc.h>
+
 using namespace Plugin::Halvex;
 
 namespace {
@@ -73,6 +75,7 @@ private Q_SLOTS:
     void chain();
     void portWithEntriesOfTheHost();
     void anotherThread();
+    void threadsThatHaveEndedLeaveNothing();
 };
 
 void tst_WalkAllocations::allocationsAreCounted()
@@ -125,6 +128,15 @@ void tst_WalkAllocations::anotherThread()
     });
     thread.join();
     QCOMPARE(taken, 0L);
+}
+
+void tst_WalkAllocations::threadsThatHaveEndedLeaveNothing()
+{
+    QVERIFY(mallopt(M_ARENA_MAX, 1)); // what is in use is told of the first arena alone
+    QVERIFY(keepsNothing([] {
+        CTestThread thread([] { const STestNode node; });
+        thread.join();
+    }));
 }
 
 QTEST_GUILESS_MAIN(tst_WalkAllocations)

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "support/BoundedWait.h"
+#include "support/COverwritten.h"
 #include "support/CTestData.h"
 
 #include <Halvex/models/AWorkerNodeDataModel.h>
@@ -16,7 +17,8 @@
 #include <vector>
 
 /// A worker whose work is the test's code. Unless told otherwise, that adds the numbers of the inputs up.
-class CWorkerModel : public Plugin::Halvex::AWorkerNodeDataModel
+/// Overwritten with zeros: it has no queue then.
+class CWorkerModel : public Plugin::Halvex::AWorkerNodeDataModel, public COverwritten<0>
 {
 public:
     using CNodeDataPtr = Plugin::Halvex::CNodeDataPtr;

@@ -324,12 +324,14 @@ void tst_AWorkerNodeDataModel::countsAddUpAtEveryMoment()
     const CMessageCatcher catcher;
     std::atomic<bool> isOver{false};
     std::atomic<bool> isRight{true};
+    std::atomic<int> samples{0};
     CTestThread watcher([&] {
-        while (!isOver)
+        for (; !isOver; ++samples)
             isRight = isRight && addsUp(model.statistics());
     });
-    for (int value = 1; value <= 3000; ++value) {
-        model.send(value);
+    int value = 0;
+    while (value < 20000 || samples < 20000) {
+        model.send(++value);
         if (value % 100 == 0)
             model.setInData({}, 0);
         if (value % 3 == 0)
@@ -339,7 +341,7 @@ void tst_AWorkerNodeDataModel::countsAddUpAtEveryMoment()
     watcher.join();
     QVERIFY(isRight);
     QTRY_COMPARE(model.statistics().pending, quint64(0));
-    QCOMPARE(model.statistics().received, quint64(3000));
+    QCOMPARE(model.statistics().received, quint64(value));
 }
 
 void tst_AWorkerNodeDataModel::gathersTheNewestOfEach()

@@ -8,6 +8,8 @@
 #include "support/CMessageCatcher.h"
 #include "support/CTestScene.h"
 
+#include <QCoreApplication>
+#include <QPointer>
 #include <QTest>
 
 using namespace Plugin::Halvex;
@@ -27,6 +29,9 @@ private Q_SLOTS:
     void removedByItsResult();
     void removedAsAFrameComes();
     void removedByWhatItIsAsked();
+    void removedByWhatItsWorkKeeps();
+    void removedByAFrameThatFindsNoRoom();
+    void removedInGreatNumbers();
     void takesAndGivesNothingWhileItEnds();
     void takesWhatHasNotBegunOutOfThePool();
     void keepsNothingOfWhatHasNotBegun();
@@ -88,6 +93,59 @@ void tst_RemovedWork::removedByWhatItIsAsked()
         model->send(1);
         QCOMPARE(CTestData::alive(), 0);
     }
+}
+
+void tst_RemovedWork::removedByWhatItsWorkKeeps()
+{
+    auto* const model = new CWorkerModel;
+    {
+        const std::shared_ptr<void> end(nullptr, [model](void*) { delete model; });
+        model->setWork([end](const auto& inputs) { return CWorkerModel::addUp(inputs); });
+    }
+    // While it is made, other work is, so that it goes at once.
+    model->onMakeWork = [model] {
+        model->onMakeWork = nullptr;
+        model->setWork(&CWorkerModel::addUp);
+        model->send(1);
+    };
+    const QPointer<CWorkerModel> guard(model);
+    model->send(2);
+    QVERIFY(!guard);
+}
+
+void tst_RemovedWork::removedByAFrameThatFindsNoRoom()
+{
+    const CGatedWork work;
+    auto model = std::make_unique<CWorkerModel>(1, EGathering::SameNumber); // it keeps no input for later frames
+    model->setWork(work);
+    model->setPolicy(EPolicy::DropNewest);
+    model->setMostWaiting(1);
+    model->send(1);
+    work.waitForBegin();
+    model->send(11);
+    auto data = CTestData::make(21);
+    data->onDestroyed = [&model] { model.reset(); };
+    CWorkerModel& receiver = *model;
+    receiver.setInData(std::move(data), 0);
+    QVERIFY(!model);
+    work.open(1);
+}
+
+// Each goes at another point of its work. A count that is wrong once stays so.
+void tst_RemovedWork::removedInGreatNumbers()
+{
+    QThreadPool pool;
+    pool.setMaxThreadCount(4);
+    for (int round = 0; round < 5000; ++round) {
+        CWorkerModel model;
+        model.setThreadPool(&pool);
+        model.setParallelism(4);
+        model.setPolicy(EPolicy::DropOldest);
+        for (int frame = 0; frame < round % 8; ++frame)
+            model.send(frame);
+    }
+    QVERIFY(AWorkerNodeDataModel::waitForRemovedWork());
+    QCoreApplication::processEvents();
 }
 
 void tst_RemovedWork::takesAndGivesNothingWhileItEnds()

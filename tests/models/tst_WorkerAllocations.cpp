@@ -19,6 +19,8 @@ class tst_WorkerAllocations : public QObject
 private Q_SLOTS:
     void droppedFramesAllocateNothing();
     void framesOneAfterTheOtherTakeNoMoreMemory();
+    void modelsWhoseWorkHasNotBegunLeaveNothing();
+    void poolsThatAreGoneLeaveNothing();
 };
 
 void tst_WorkerAllocations::droppedFramesAllocateNothing()
@@ -45,18 +47,36 @@ void tst_WorkerAllocations::framesOneAfterTheOtherTakeNoMoreMemory()
 {
     CWorkerModel model;
     const CNodeDataPtr data = CTestData::make(1);
-    const auto work = [&model, &data](int frames) {
-        for (int frame = 0; frame < frames; ++frame) {
-            QSignalSpy sent(&model, &CNodeDataModel::dataUpdated);
-            model.setInData(data, 0);
-            QVERIFY(sent.wait());
-        }
-    };
     model.values.reserve(1100);
-    work(100);
-    const double before = bytesInUse();
-    work(1000);
-    QVERIFY2(bytesInUse() - before < 32 * 1024, qPrintable(QString::number(bytesInUse() - before)));
+    QVERIFY(keepsNothing([&model, &data] {
+        QSignalSpy sent(&model, &CNodeDataModel::dataUpdated);
+        model.setInData(data, 0);
+        QVERIFY(sent.wait());
+    }));
+}
+
+void tst_WorkerAllocations::modelsWhoseWorkHasNotBegunLeaveNothing()
+{
+    SGatedModel blocking;
+    blocking.model->send(1);
+    blocking.work.waitForBegin();
+    QVERIFY(keepsNothing([&blocking] {
+        CWorkerModel model;
+        model.setThreadPool(&blocking.pool);
+        model.send(2);
+    }));
+    blocking.work.open(1);
+    QTRY_COMPARE(blocking.model->values, std::vector<int>{1});
+}
+
+void tst_WorkerAllocations::poolsThatAreGoneLeaveNothing()
+{
+    QVERIFY(keepsNothing([] {
+        QThreadPool pool;
+        CWorkerModel model;
+        model.setThreadPool(&pool);
+        model.send(1);
+    }));
 }
 
 QTEST_GUILESS_MAIN(tst_WorkerAllocations)

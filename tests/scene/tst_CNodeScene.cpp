@@ -13,6 +13,7 @@
 #include "support/MetaMethods.h"
 #include "support/MetaTypes.h"
 
+#include <QJsonObject>
 #include <QProcess>
 #include <QtTest>
 
@@ -100,6 +101,7 @@ private Q_SLOTS:
     void askingOnceMoreLeavesItWholeWhileItGoes();
     void nodeThatAHandlerRemovedIsNone();
     void nodeWithAChangedIdGoesAlone();
+    void nodeReplacedAsItIsRemovedLeavesItsConnections();
 
     void isBeingDestroyedInItsDestructorAlone();
     void clearsInTheOrderOfTheTable();
@@ -432,6 +434,25 @@ void tst_CNodeScene::nodeWithAChangedIdGoesAlone()
         QCOMPARE(scene.nodes().at(idOfB).get(), &scene.b.node);
         QCOMPARE(scene.nodes().size(), std::size_t(2));
     }
+}
+
+void tst_CNodeScene::nodeReplacedAsItIsRemovedLeavesItsConnections()
+{
+    auto registry = std::make_shared<CNodeDataModelRegistry>();
+    registry->registerModel([] { return std::make_unique<CTestModel>(); }, "Test");
+    CTestScene scene(registry, nullptr, nullptr);
+    const SPlaced source = place(scene);
+    const SPlaced sink = place(scene);
+    const auto connection = join(scene, source, sink);
+    const Core::CId id = source.node.id();
+    connect(&scene, &CNodeScene::nodeDeleted, this, [&] {
+        scene.restoreNode({{"id", id.toString()}, {"model", QJsonObject{{"name", "Test"}}}});
+    });
+    scene.removeNode(source.node);
+    // The removal has come too late: what a document replaces keeps its connections, which lead to nothing then.
+    QVERIFY(isInTable(scene, *connection));
+    QVERIFY(!endOf(*connection, ENodePortType::Out));
+    QCOMPARE(scene.nodes().count(id), std::size_t(1));
 }
 
 void tst_CNodeScene::isBeingDestroyedInItsDestructorAlone()

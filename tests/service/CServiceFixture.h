@@ -6,6 +6,7 @@
 #include "service/CServiceLog.h"
 #include "service/HostModels.h"
 #include "support/CMessageCatcher.h"
+#include "support/COverwritten.h"
 #include "support/ServiceConsistency.h"
 
 #include <Halvex/platform/IBaseInfo.h>
@@ -116,7 +117,14 @@ public:
     int sceneCount() const { return int(service->scenes().size()); }
     static int nodeCount(const CNodeScene* scene) { return int(scene->nodes().size()); }
 
-    std::unique_ptr<Plugin::Halvex::CNodeService> service = std::make_unique<Plugin::Halvex::CNodeService>(nullptr);
+    /// Overwritten with zeros: it has no turns then, and is not on its way out.
+    class CService : public Plugin::Halvex::CNodeService, public COverwritten<0>
+    {
+    public:
+        using CNodeService::CNodeService;
+    };
+
+    std::unique_ptr<Plugin::Halvex::CNodeService> service = std::make_unique<CService>(nullptr);
     CServiceLog log{*service};
     CMessageCatcher messages;
 };

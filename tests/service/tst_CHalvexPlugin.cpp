@@ -209,12 +209,14 @@ void tst_CHalvexPlugin::waitsForTheWorkOfItsModels()
 // rest is a proof that it is not.
 void tst_CHalvexPlugin::waitsForTheThreadsThatItsModelsUsed()
 {
-    QThreadPool pool;
+    QThreadPool first;
+    QThreadPool second;
     const CGatedWork work;
     CWorkerModel elsewhere;
-    elsewhere.setThreadPool(&pool);
     elsewhere.setWork(work);
-    for (int plugin = 1; plugin <= 2; ++plugin) { // the first one leaves the pool to the second
+    // One plugin leaves a pool to the next, and one that comes later is known as well.
+    for (QThreadPool* const pool : {&first, &first, &second}) {
+        elsewhere.setThreadPool(pool);
         elsewhere.send(1);
         work.waitForBegin();
         COpener opener(work);
@@ -222,7 +224,7 @@ void tst_CHalvexPlugin::waitsForTheThreadsThatItsModelsUsed()
             SHost host;
             opener.expectThePluginToGo();
         }
-        QCOMPARE(pool.activeThreadCount(), 0);
+        QCOMPARE(pool->activeThreadCount(), 0);
         QTRY_COMPARE(elsewhere.statistics().pending, 0); // what has run is used for the next frame
     }
 }

@@ -63,6 +63,7 @@ private Q_SLOTS:
     void operations();
     void strangersAreIgnored();
     void serviceWithoutAnActiveSceneDropsModels();
+    void uniqueModelThatIsNoSourceMayEndTheService();
     void sceneIsAddedThenActivatedThenFilled();
     void addedNodeIsFound();
     void modelOfALeavingNodeStaysWhereItIs();
@@ -345,6 +346,19 @@ void tst_CNodeService::serviceWithoutAnActiveSceneDropsModels()
         QCOMPARE(f.sceneCount(), 0);
         QCOMPARE(f.log.take(), QStringList());
     }
+}
+
+void tst_CNodeService::uniqueModelThatIsNoSourceMayEndTheService()
+{
+    F f;
+    f.addSource();
+    f.log.take();
+    auto view = makeModel(ENodeDataModelType::Sink);
+    view->unique = true;
+    view->onName = [&f] { f.service.reset(); }; // asked for a message, when all is done
+    QVERIFY(f.service->addNode(std::move(view), {}) == Core::CId());
+    QVERIFY(!f.service);
+    QCOMPARE(f.log.take(), QStringList({"active none", "1 deleted cam"}));
 }
 
 void tst_CNodeService::sceneIsAddedThenActivatedThenFilled()

@@ -29,6 +29,8 @@ private Q_SLOTS:
     void sceneIsWholeWhileRemovingAndGoneWhenRemoved();
     void sceneThatTheHostDestroysIsInNoTable();
     void sceneMayGoWithItsLoneSink();
+    void serviceMayGoWithItsLoneSink();
+    void serviceMayGoWithItsScene();
 
     void dyingServiceDestroysItsScenesInOrder();
     void dyingServiceMayBeCalled();
@@ -159,6 +161,39 @@ void tst_CNodeServiceRemoval::sceneMayGoWithItsLoneSink()
     QVERIFY(scene.isNull());
     QCOMPARE(f.sceneCount(), 0);
     QCOMPARE(f.log.take(), QStringList({"1 deleted cam", "1 deleted view", "removed"}));
+}
+
+void tst_CNodeServiceRemoval::serviceMayGoWithItsLoneSink()
+{
+    F f;
+    const SPlaced cam = f.addSource();
+    const SPlaced view = f.addView();
+    connect(f.active(), &CNodeScene::nodeDeleted, this, [&](CNodeBase& node) {
+        if (node.id() == view.id)
+            f.service.reset();
+    });
+    f.log.take();
+    f.service->removeNode(cam.id, true);
+    QVERIFY(!f.service);
+    QCOMPARE(f.log.take(), QStringList({"1 deleted cam", "1 deleted view"}));
+}
+
+void tst_CNodeServiceRemoval::serviceMayGoWithItsScene()
+{
+    for (const bool isRemoved : {false, true}) {
+        F f;
+        const SPlaced cam = f.addSource();
+        const auto end = [&f] { f.service.reset(); };
+        if (isRemoved)
+            connect(f.service.get(), &INodeService::sceneRemoved, this, end);
+        else
+            connect(f.service.get(), &INodeService::sceneRemoving, this, end);
+        f.log.take();
+        f.service->removeSceneOfNode(cam.id);
+        QVERIFY(!f.service);
+        QCOMPARE(f.log.take().filter("removed").size(), isRemoved ? 1 : 0);
+        QCOMPARE(CTestModels::alive(), 0);
+    }
 }
 
 void tst_CNodeServiceRemoval::dyingServiceDestroysItsScenesInOrder()

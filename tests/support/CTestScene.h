@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "support/COverwritten.h"
 #include "support/SceneConsistency.h"
 
 #include <QTest>
@@ -10,8 +11,9 @@
 #include <algorithm>
 #include <memory>
 
-/// A scene that fails the test if it is not sound when it goes, together with all others of its kind.
-class CTestScene : public Plugin::Halvex::CNodeScene
+/// A scene that fails the test if it is not sound when it goes, together with all others of its kind. Overwritten with
+/// ones: its tables have no end then.
+class CTestScene : public Plugin::Halvex::CNodeScene, public COverwritten<0xff>
 {
 public:
     using CNodeScene::CNodeScene;
