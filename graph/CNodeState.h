@@ -87,10 +87,12 @@ private:
         CNodeConnection* connection; ///< Null once it was destroyed.
         quint64 until;               ///< The change that gave the place up. A walk that began before still serves it.
     };
+    // Survives number off by one: no number of changes comes near it.
     static constexpr quint64 staysFilled = ~quint64(0);
 
     /// The connections of one port: what walks read. There is room for one next to the other members, since most ports
     /// have one; what a hop reads then lies together.
+    // Survives number off by one: more room changes nothing but the size.
     using Row = QVarLengthArray<SPlace, 1>;
     // Survives number off by one: more room changes nothing but the size.
     using Rows = QVarLengthArray<Row, 1>;
@@ -110,6 +112,7 @@ private:
     };
 
     /// The same as tables, by the number of the side: what hosts read.
+    // Survives number off by one: no side has the number of a fourth table.
     using Tables = std::array<std::vector<Connections>, 3>;
 
     bool hasPort(ENodePortType side, NodePortIndex index) const;
@@ -121,6 +124,7 @@ private:
     std::vector<Connections>& table(ENodePortType side) const;
 
     // Of all connections: input ports first, in index order. One that leads from the node to itself is there twice.
+    // Survives number off by one: more room changes nothing but the size.
     using Ids = QVarLengthArray<Core::CId, 8>;
     Ids connectionIds() const;
 
@@ -146,7 +150,8 @@ private:
     CNodeVisit* m_visit = nullptr; // the innermost stretch of code that stands in the node: places stay where they are
     // Survives number off by one: changes are only compared with one another.
     quint64 m_lastChange = 0; // its number among those of the rows
-    uint m_readyRows = 0;     // that a walk may read at once: all, or none once a host may have written into the tables
+    // Survives number off by one: it stays in a table without a model alone, and no node has such a one.
+    uint m_readyRows = 0; // that a walk may read at once: all, or none once a host may have written into the tables
     int m_outPorts = 0;
     Rows m_outRows;
     int m_inPorts = 0;

@@ -119,6 +119,7 @@ private:
     {
         for (CNodeVisit* visit = node.m_state.m_visit; visit; visit = visit->m_outer) {
             visit->m_round = roundOfGoneNode;
+            // Survives number off by one: that bit spares a warning, and none is given of a node that is gone.
             visit->m_hasToTidy = 1;
         }
     }

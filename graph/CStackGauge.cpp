@@ -54,8 +54,8 @@ void CStackGauge::measure()
     void* bottom = nullptr;
     // Survives number off by one: overwritten, or not used.
     std::size_t size = 0;
+    // Survives exchanged neighbours: the system leaves the numbers in what it has released.
     const bool isKnown = pthread_attr_getstack(&attributes, &bottom, &size) == 0;
-    // Survives removed statement: memory is lost, once for each thread.
     pthread_attr_destroy(&attributes);
     if (!isKnown)
         // Survives removed statement: the system tells the stack of all attributes that it gave.

@@ -79,7 +79,6 @@ bool AWorkerNodeDataModel::prepareWork()
     auto made = std::make_shared<const Work>(makeWork());
     if (self && !m_work)
         m_work = std::move(made);
-    // Survives removed statement: only a sanitizer sees what is used of a model that has gone.
     made.reset(); // what it captured may remove the model, too
     return self;
 }
@@ -93,7 +92,6 @@ void AWorkerNodeDataModel::addFrame()
     m_queue->add(frame, m_work);
     frame.clear();
     if (!self)
-        // Survives removed statement: only a sanitizer sees what is used of a model that has gone.
         return;
     m_frame = std::move(frame); // for its room
     if (!std::exchange(m_isComputing, true))

@@ -157,6 +157,7 @@ public:
     /// Waits until no work of models that are gone is running, at most \a milliseconds. Returns false, and a warning
     /// says so, if that is not enough. A plugin whose models are workers calls it before it is unloaded. For any
     /// thread.
+    // Survives number off by one: a while.
     static bool waitForRemovedWork(unsigned long milliseconds = 30000);
 
 Q_SIGNALS:
@@ -198,6 +199,7 @@ private:
     std::shared_ptr<const Work> m_work; // null: to be made
     Inputs m_frame;                     // empty but while it is handed on
     CNodeDataPtr m_output;
+    // Survives number off by one: it is only asked whether it has changed.
     quint64 m_turn = 0; // of the output
     QString m_message;
     bool m_isComputing = false;

@@ -23,12 +23,16 @@ CNodeDecouplerDataModelBase::CNodeDecouplerDataModelBase()
     : m_decoupler(std::make_unique<CDecoupler>())
     , m_tickTimer(new QTimer(this))
 {
+    // Survives exchanged neighbours: neither sees what the other one sets.
     m_modelType = ENodeDataModelType::Decoupler;
+    // Survives exchanged neighbours: the same.
     m_decoupler->enableThrottle(true);
-    reconfigureTickTimer();
     // Survives exchanged neighbours: no tick comes before an event loop runs.
+    reconfigureTickTimer();
+    // Survives exchanged neighbours: the same.
     m_tickTimer->start();
 
+    // Survives exchanged neighbours: a worker that starts first waits for the tick.
     connect(m_tickTimer, &QTimer::timeout, m_decoupler.get(), &CDecoupler::throttleTimerTick);
     connect(m_tickTimer, &QTimer::timeout, this, &CNodeDecouplerDataModelBase::startWorkerForWaitingData);
     connect(this, &CNodeDecouplerDataModelBase::inDataUpdated, m_decoupler.get(), &CDecoupler::setNodeData);

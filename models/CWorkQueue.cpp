@@ -124,9 +124,7 @@ void CWorkQueue::setPool(QThreadPool* pool)
     // Survives removed statement: only the race detector sees it.
     const QMutexLocker lock(&m_mutex);
     m_pool = pool;
-    // Survives negated condition: only an unload at the wrong moment sees it.
     if (!m_jobs.empty())
-        // Survives removed statement: the same.
         RemovedWork::addPool(this->pool());
 }
 
@@ -147,9 +145,11 @@ void CWorkQueue::add(Inputs& inputs, const std::shared_ptr<const Work>& work)
 
         CJob& job = makeJob();
         job.inputs.swap(inputs);
+        // Survives exchanged neighbours: nobody sees the job before the mutex is free.
         job.work = work;
         m_waiting.append(job);
         ++m_waitingCount;
+        // Survives exchanged neighbours: what begins is pending all the same.
         ++m_counts.pending;
         next = begin();
     }
@@ -159,6 +159,7 @@ void CWorkQueue::add(Inputs& inputs, const std::shared_ptr<const Work>& work)
 void CWorkQueue::cancel()
 {
     CDiscarded discarded(*this);
+    // Survives exchanged truth: it is set in any case.
     bool isNews = false;
     {
         const QMutexLocker lock(&m_mutex);
@@ -167,6 +168,7 @@ void CWorkQueue::cancel()
         if (!m_begun.first || m_begun.last->isFrame) {
             CJob& job = makeJob();
             job.isFrame = false;
+            // Survives exchanged neighbours: nobody sees the job before the mutex is free.
             job.isReady = true;
             m_begun.append(job);
         }
@@ -179,8 +181,10 @@ void CWorkQueue::cancel()
 void CWorkQueue::close()
 {
     CDiscarded discarded(*this);
+    // Survives removed statement: only the race detector sees it.
     const QMutexLocker announcing(&m_receiverMutex);
     const QMutexLocker lock(&m_mutex);
+    // Survives exchanged neighbours: neither sees what the other one changes.
     m_receiver = nullptr;
     endUnfinished(&SWorkerStatistics::dropped, discarded.jobs);
     while (m_begun.first)
@@ -189,7 +193,9 @@ void CWorkQueue::close()
     for (const auto& job : m_jobs) {
         if (!job->pool || !job->pool->tryTake(job.get()))
             continue;
+        // Survives exchanged neighbours: neither sees what the other one changes.
         --m_inPool;
+        // Survives exchanged neighbours: the same.
         job->queue.reset();
         endRun(*job, discarded.jobs);
     }
@@ -220,6 +226,7 @@ void CWorkQueue::end(CJob& job, quint64 SWorkerStatistics::*count, SList& discar
 
 void CWorkQueue::countEnd(quint64 SWorkerStatistics::*count)
 {
+    // Survives exchanged neighbours: neither is seen before the mutex is free.
     --m_counts.pending;
     ++(m_counts.*count);
 }
@@ -236,6 +243,7 @@ std::optional<CWorkQueue::SResult> CWorkQueue::takeNext()
         result.data.swap(job.result);
         result.error.swap(job.error);
         if (job.isFrame) {
+            // Survives exchanged neighbours: neither is seen before the mutex is free.
             --m_ready;
             countEnd(result.error.isNull() ? &SWorkerStatistics::emitted : &SWorkerStatistics::failed);
         }
@@ -258,10 +266,12 @@ SWorkerStatistics CWorkQueue::statistics() const
 {
     SWorkerStatistics statistics;
     decltype(m_times) times{};
+    // Survives number off by one: it is set in any case.
     std::size_t count = 0;
     {
         const QMutexLocker lock(&m_mutex);
         statistics = m_counts;
+        // Survives exchanged neighbours: both are read under the mutex.
         times = m_times;
         count = std::size_t(qMin(m_timeCount, quint64(times.size())));
     }
@@ -275,6 +285,7 @@ SWorkerStatistics CWorkQueue::statistics() const
 
 bool CWorkQueue::isIdle() const
 {
+    // Survives removed statement: only the race detector sees it.
     const QMutexLocker lock(&m_mutex);
     return m_counts.pending == 0;
 }
@@ -282,6 +293,7 @@ bool CWorkQueue::isIdle() const
 CWorkQueue::CJob& CWorkQueue::makeJob()
 {
     if (!m_unused.first) {
+        // Survives exchanged neighbours: the list of pools knows no jobs.
         RemovedWork::addPool(pool());
         m_jobs.push_back(std::make_unique<CJob>());
         return *m_jobs.back();
@@ -314,7 +326,9 @@ CWorkQueue::CJob* CWorkQueue::begin()
     --m_waitingCount;
     m_begun.append(job);
     ++m_running;
+    // Survives exchanged neighbours: nobody sees the job before the mutex is free.
     ++m_inPool;
+    // Survives exchanged neighbours: the same.
     job.queue = shared_from_this();
     job.pool = &pool();
     return &job;
@@ -342,17 +356,23 @@ void CWorkQueue::perform(CJob& job)
         error = QStringLiteral("an exception of unknown type");
     }
     const qint64 time = timer.nsecsElapsed();
+    // Survives exchanged neighbours: nothing is discarded yet.
     job.clear();
 
     CDiscarded discarded(*this);
     CJob* next = nullptr;
+    // Survives exchanged truth: it is set in any case.
     bool isNews = false;
     {
+        // Survives exchanged neighbours: only the race detector sees it.
         const QMutexLocker lock(&m_mutex);
+        // Survives exchanged neighbours: neither is seen before the mutex is free.
         recordTime(time);
         job.result.swap(result);
+        // Survives exchanged neighbours: neither is seen before the mutex is free.
         job.error.swap(error);
         endRun(job, discarded.jobs);
+        // Survives exchanged neighbours: what begins comes last, and is not ready.
         isNews = becomesNews();
         next = begin();
     }
@@ -395,8 +415,10 @@ bool CWorkQueue::becomesNews()
 /// would wake up only to wait for this thread.
 void CWorkQueue::announce()
 {
+    // Survives removed statement: only the race detector sees it.
     const QMutexLocker lock(&m_receiverMutex);
     if (!m_receiver)
+        // Survives removed statement: Qt calls nothing for a null receiver.
         return;
     QMetaObject::invokeMethod(
         m_receiver, [receiver = m_receiver] { receiver->onResultsReady(); }, Qt::QueuedConnection);

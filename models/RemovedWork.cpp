@@ -62,9 +62,9 @@ bool wait(unsigned long milliseconds)
 void addPool(QThreadPool& pool)
 {
     SCount& all = theCount();
+    // Survives removed statement: only the race detector sees it.
     const QMutexLocker lock(&all.mutex);
     auto& pools = all.pools;
-    // Survives removed statement: pools that are gone are passed over; the list only grows.
     pools.erase(std::remove_if(pools.begin(), pools.end(), [](const auto& known) { return known.isNull(); }),
                 pools.end());
     if (std::find(pools.cbegin(), pools.cend(), &pool) == pools.cend())
@@ -77,6 +77,7 @@ void waitForThreads(unsigned long milliseconds)
     std::vector<QPointer<QThreadPool>> pools;
     {
         SCount& all = theCount();
+        // Survives removed statement: only the race detector sees it.
         const QMutexLocker lock(&all.mutex);
         pools = all.pools; // which another plugin in this process may wait for as well
     }

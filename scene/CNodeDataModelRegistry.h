@@ -25,6 +25,7 @@ namespace std {
 template <>
 struct hash<QString>
 {
+    // Survives returned value: a newer Qt does not compile it.
     size_t operator()(const QString& text) const noexcept { return qHash(text); }
 };
 } // namespace std

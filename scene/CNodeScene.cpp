@@ -201,6 +201,7 @@ void CNodeScene::removeNode(CNodeBase& node)
     if (!holds(node) || (isAnnounced && m_stage == EStage::Open))
         return;
 
+    // Survives exchanged neighbours: neither runs foreign code.
     const CNodeVisit visit(node);
     node.m_stage = ENodeStage::Leaving;
     // If a handler's exception ends the removal, the node stays and can be removed later.
@@ -209,6 +210,7 @@ void CNodeScene::removeNode(CNodeBase& node)
             node.m_stage = ENodeStage::Staying;
     });
     if (!isAnnounced && !m_queue->run([&] { emitGuarded([&] { Q_EMIT nodeDeleted(node); }); }))
+        // Survives removed statement: the node says the same of a scene that is gone; sanitizers tell.
         return;
     if (!holds(node))
         return;
@@ -220,6 +222,7 @@ void CNodeScene::removeNode(CNodeBase& node)
     }
     if (!holds(node))
         return;
+    // Survives exchanged neighbours: taking the node out throws nothing.
     keepIfThrown.dismiss();
     takeOut(node);
 }
@@ -284,7 +287,9 @@ CNodeBase& CNodeScene::addNode(std::unique_ptr<CNodeBase> node)
 
     CNodeBase& added = *node;
     const CNodeVisit visit(added);
+    // Survives exchanged neighbours: neither runs foreign code.
     const QPointer<CNodeScene> self(this);
+    // Survives exchanged neighbours: the same.
     std::swap(m_nodes[added.id()], node);
     added.m_owner = this;
     if (node) {
@@ -340,6 +345,7 @@ CNodeScene::Nodes::const_iterator CNodeScene::find(const CNodeBase& node) const
 void CNodeScene::takeOut(CNodeBase& node)
 {
     Q_ASSERT(holds(node));
+    // Survives exchanged neighbours: neither runs foreign code.
     auto taken = m_nodes.extract(find(node));
     node.m_owner = nullptr;
     if (!m_queue->isBusy()) {

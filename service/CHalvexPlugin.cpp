@@ -27,6 +27,7 @@ CHalvexPlugin::~CHalvexPlugin()
     m_service.reset();
     // What a thread pool runs for models that are gone is code of this library, to the last instruction.
     if (AWorkerNodeDataModel::waitForRemovedWork())
+        // Survives number off by one: a while.
         RemovedWork::waitForThreads(30000);
 }
 

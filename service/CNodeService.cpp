@@ -49,6 +49,7 @@ INodeService::INodeService(QObject* parent)
     // Spies look for the type by the name that the signals have it by. A type under its full name could stay behind in
     // Qt's table, with functions of the unloaded library: Qt keeps what a host, too, has asked for by the class.
     static const CMetaTypeRegistration<CNodeScene*> scenePointer("CNodeScene*");
+    // Survives removed statement: only with Qt 6 does it change anything.
     scenePointer.id(); // Qt 6 takes back the names of those types alone that have a number
 }
 
@@ -364,10 +365,13 @@ CNodeScene* CNodeService::findSceneOf(const CNodeBase& node) const
 QPointer<CNodeScene> CNodeService::addScene(const Core::AppCoreComponents::BaseInfoPtr& info)
 {
     auto* const made = new CNodeScene(info, nullptr);
+    // Survives exchanged neighbours: neither runs foreign code.
     const QPointer<CNodeScene> scene(made);
     connect(made, &CNodeScene::nodeCreated, this, &CNodeService::onNodeCreated);
     connect(made, &CNodeScene::nodeDeleted, this, &CNodeService::onNodeDeleted);
+    // Survives exchanged neighbours: neither runs foreign code.
     connect(made, &QObject::destroyed, this, [this, made] { onSceneDestroyed(made); });
+    // Survives exchanged neighbours: the same.
     m_scenes.append(made);
     made->setRegistry(registry());
     takeTurn([this, scene] {
