@@ -15,7 +15,6 @@ Q_LOGGING_CATEGORY(lcUsage, "halvex.usage")
 
 bool isFirstTime(const QString& text)
 {
-    // Survives number off by one: some bound is needed.
     constexpr int most = 1000;
     static QMutex mutex;
     static QSet<QString> told;

@@ -170,7 +170,6 @@ private Q_SLOTS:
     void addNodeThatGetsNoScene();
     void eachIsSaidOnce();
     void categoriesCanBeSwitchedOff();
-    void onlySoManyAreSaid();
 };
 
 void tst_Mistakes::nothingIsSaidOfWhatIsRight()
@@ -615,17 +614,6 @@ void tst_Mistakes::categoriesCanBeSwitchedOff()
     QLoggingCategory::setFilterRules(QString());
     registry->registerModel<CNamedTestModel>(creatorOf(QStringLiteral("Silent")), QStringLiteral("Tests"));
     QCOMPARE(messages.texts().size(), 1);
-}
-
-// The last: nothing is said any more.
-void tst_Mistakes::onlySoManyAreSaid()
-{
-    const Registry registry = registryWith(QStringLiteral("Many"));
-    const CMessageCatcher messages;
-    for (int round = 0; round < 1100; ++round)
-        registry->registerModel<CNamedTestModel>(creatorOf(QStringLiteral("Many")), QString::number(round));
-    QVERIFY(messages.texts().size() > 900);
-    QVERIFY(messages.texts().size() <= 1000);
 }
 
 QTEST_GUILESS_MAIN(tst_Mistakes)
