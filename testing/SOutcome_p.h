@@ -37,9 +37,10 @@ inline SOutcome leftOut(const QString& reason)
     return {SOutcome::EKind::LeftOut, reason};
 }
 
-inline QString withoutChecksum()
+inline QString noChecksumOf(const SNodeDataType& type)
 {
-    return QStringLiteral("contents cannot be compared: SCheckOptions::checksum does that");
+    return QStringLiteral("contents of the type \"%1\" cannot be compared: SCheckOptions::checksum does that")
+        .arg(type.id);
 }
 
 inline QString noDataOf(const SNodeDataType& type)
