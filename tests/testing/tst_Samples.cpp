@@ -202,8 +202,8 @@ void tst_Samples::unknownContentIsTold()
     QStringList left;
     for (const SLeftOut& one : report.leftOut) {
         left << one.rule;
-        QCOMPARE(one.reason,
-                 QString("contents of the type \"Test number\" cannot be compared: SCheckOptions::checksum does that"));
+        QVERIFY2(one.reason.startsWith("contents of the type \"Test number\" cannot be compared: "),
+                 qPrintable(one.reason));
     }
     QCOMPARE(left, QStringList({"leaves-its-input-alone", "leaves-its-output-alone", "restored-behaves-alike"}));
 }
