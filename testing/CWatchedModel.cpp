@@ -98,6 +98,7 @@ CNodeDataPtr CWatchedModel::makeData(NodePortIndex entry, int number) const
 std::vector<CNodeDataPtr> CWatchedModel::makeData(int number) const
 {
     std::vector<CNodeDataPtr> data;
+    data.reserve(std::size_t(entries()));
     for (NodePortIndex entry = 0; entry < entries(); ++entry)
         data.push_back(makeData(entry, number));
     return data;

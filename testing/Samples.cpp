@@ -73,7 +73,7 @@ struct SFrames<Handle, Result,
                          .arg(frame.stride)
                          .toUtf8());
         if (frame.pixels)
-            hash.addData(reinterpret_cast<const char*>(frame.pixels), int(frame.size));
+            hash.addData(QByteArray::fromRawData(reinterpret_cast<const char*>(frame.pixels), int(frame.size)));
         return hash.result();
     }
 };

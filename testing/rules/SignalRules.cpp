@@ -36,6 +36,7 @@ bool isSame(const CNodeDataPtr& announced, const CNodeDataPtr& now, const CNodeD
 std::vector<CNodeDataPtr> outputsOf(const CWatchedModel& model)
 {
     std::vector<CNodeDataPtr> outputs;
+    outputs.reserve(std::size_t(model.outPorts()));
     for (NodePortIndex port = 0; port < model.outPorts(); ++port)
         outputs.push_back(model->outData(port));
     return outputs;

@@ -19,6 +19,7 @@
 #include <QFile>
 #include <QRegularExpression>
 #include <QSize>
+#include <QTimer>
 #include <QtTest>
 
 #include <stdexcept>
@@ -305,6 +306,18 @@ void tst_Checks::soundFamilies_data()
     };
     QTest::newRow("passes its input on") << ModelCreator(
         [misbehaviour] { return std::make_unique<CNumberModel>(misbehaviour); });
+    misbehaviour.setInData = [](CNumberModel& model, const CNodeDataPtr& data, int) {
+        QTimer::singleShot(20, &model, [&model, data] {
+            model.output = data;
+            Q_EMIT model.dataUpdated(0);
+        });
+    };
+    QTest::newRow("stores and announces later")
+        << ModelCreator([misbehaviour] { return std::make_unique<CNumberModel>(misbehaviour); });
+    misbehaviour.setInData = [](CNumberModel&, const CNodeDataPtr&, int) {};
+    misbehaviour.outData = [](CNumberModel&, int index) { return index == 0 ? makeNumber(7) : CNodeDataPtr(); };
+    QTest::newRow("makes the same anew for each question")
+        << ModelCreator([misbehaviour] { return std::make_unique<CNumberModel>(misbehaviour); });
     QTest::newRow("decoupler") << ModelCreator(
         [] { return std::make_unique<CGenericNodeDecouplerDataModel<CNumber>>(); });
     QTest::newRow("decoupler of grab results")
