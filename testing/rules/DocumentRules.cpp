@@ -162,8 +162,7 @@ QString differenceBetween(const QJsonObject& saved, const QJsonObject& again, co
             continue;
         if (first.isObject() && second.isObject())
             return differenceBetween(first.toObject(), second.toObject(), place + key + QLatin1Char('.'));
-        return QStringLiteral(
-                   "\"%1\" %2 in a saved document, and %3 in what a new model saves that was restored from it")
+        return QStringLiteral("\"%1\" %2 in a saved document, and %3 in what a model restored from it saves")
             .arg(place + key, shownState(first), shownState(second));
     }
     return {};
@@ -183,11 +182,8 @@ QStringList behaviourOf(CWatchedModel& model, const SCheckOptions& options, QStr
         const QByteArray sum = data ? checksumOf(*data, options) : QByteArray();
         if (data && sum.isEmpty())
             *lacking = noChecksumOf(data->type());
-        behaviour
-            << QStringLiteral("%1 on output %2")
-                   .arg(data ? QStringLiteral("data of the checksum %1").arg(QString::fromLatin1(sum.toHex().left(16)))
-                             : QStringLiteral("nothing"),
-                        QString::number(port));
+        const QString content = QStringLiteral("data of the checksum ") + QLatin1String(sum.toHex().left(16));
+        behaviour << QStringLiteral("%1 on output %2").arg(data ? content : QStringLiteral("nothing")).arg(port);
     }
     return behaviour;
 }
