@@ -34,7 +34,14 @@ install(PROGRAMS templates/halvex-new DESTINATION "${CMAKE_INSTALL_BINDIR}")
 install(DIRECTORY templates/plugin DESTINATION "${CMAKE_INSTALL_DATADIR}/halvex/templates" USE_SOURCE_PERMISSIONS)
 halvex_install_man_page(halvex-new development "begins a plugin with a model of one's own"
   COMMAND "${PROJECT_SOURCE_DIR}/templates/halvex-new" DEPENDS "${PROJECT_SOURCE_DIR}/templates/halvex-new")
-install(DIRECTORY examples DESTINATION "${HALVEX_DOC_DIR}" COMPONENT examples)
+install(DIRECTORY examples DESTINATION "${HALVEX_DOC_DIR}" COMPONENT examples PATTERN README.md EXCLUDE)
+
+# Where it is installed, the pages that it links to are those of the manual.
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS examples/README.md)
+file(READ examples/README.md examples_page)
+string(REGEX REPLACE "\\(\\.\\./docs/([a-z/-]+)\\.md" "(../manual/docs/\\1.html" examples_page "${examples_page}")
+file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/examples/README.md" CONTENT "${examples_page}" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/examples/README.md" DESTINATION "${HALVEX_DOC_DIR}/examples" COMPONENT examples)
 
 # The manual, if scripts/manual.sh has made it.
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/build/manual" DESTINATION "${HALVEX_DOC_DIR}" COMPONENT manual OPTIONAL

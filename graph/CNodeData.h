@@ -50,7 +50,8 @@ public:
     virtual SNodeDataType type() const = 0;
 };
 
-/// What connections carry. Null is empty data, and means: what you had from here is no longer valid.
+/// What connections carry. Null is empty data, and means: what you had from here is no longer valid. A connection that
+/// goes delivers it; an output that becomes empty does not, see CNodeDataModel::dataInvalidated().
 using CNodeDataPtr = QSharedPointer<CNodeData>;
 
 } // namespace Plugin::Halvex

@@ -40,7 +40,10 @@ enum class ENodeValidationState
  *     {
  *         const auto number = data.dynamicCast<CNumberData>();
  *         m_out = number ? QSharedPointer<CNumberData>::create(-number->value()) : CNodeDataPtr();
- *         Q_EMIT dataUpdated(0); // the node now reads outData(0) and passes it on
+ *         if (m_out)
+ *             Q_EMIT dataUpdated(0); // the node now reads outData(0) and passes it on
+ *         else
+ *             Q_EMIT dataInvalidated(0);
  *     }
  *     CNodeDataPtr outData(NodePortIndex) override { return m_out; }
  *
@@ -121,9 +124,11 @@ public:
 
 Q_SIGNALS:
     /// There is new data on output port \a index. Store the data before you emit this: outData() is read at once.
+    /// Nothing is passed on if that gives null.
     void dataUpdated(NodePortIndex index);
 
-    /// The output of port \a index is no longer valid. For the host: the graph does not react.
+    /// Output port \a index has become empty: outData() gives null now. For the host: the graph passes nothing on, and
+    /// the models behind keep what they have.
     void dataInvalidated(NodePortIndex index);
 
     /// For the host: the model begins to work.

@@ -29,7 +29,7 @@ namespace Plugin::Halvex {
  *
  * What arrives replaces what was stored, and is then announced with dataUpdated(0). Both happen in the graph's thread:
  * before the proxy's setData() returns if that is called in this thread, otherwise from its event loop. Empty data
- * (null) is stored and announced too, but a node passes nothing on for it.
+ * (null) is stored, and announced by the same signal, but a node passes nothing on for it.
  *
  * Threads: getDataFlowProxy() and dataEntry() are for the graph's thread. Other threads get what these return: they may
  * call the proxy's setData() until the model is destroyed, and that of an entry as long as they like.

@@ -4,11 +4,11 @@
 #include "testing/CWatchedModel_p.h"
 
 #include "testing/PropertyValues_p.h"
+#include "testing/Samples_p.h"
 
 #include <Halvex/testing/CForeignData.h>
 
 #include <Halvex/models/ASourceNodeDataModel.h>
-#include <Halvex/service/CVeltraGrabResultData.h>
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -21,11 +21,6 @@
 namespace Plugin::Halvex::Testing {
 
 namespace {
-
-CNodeDataPtr makeGrabResult(const SNodeDataType& type)
-{
-    return type.id == CVeltraGrabResultData().type().id ? CNodeDataPtr(new CVeltraGrabResultData) : CNodeDataPtr();
-}
 
 void deliverEvents(int milliseconds)
 {
@@ -97,9 +92,16 @@ SNodeDataType CWatchedModel::typeOf(NodePortIndex entry) const
 
 CNodeDataPtr CWatchedModel::makeData(NodePortIndex entry, int number) const
 {
-    const SNodeDataType type = typeOf(entry);
-    const CNodeDataPtr data = m_subject.options.makeData ? m_subject.options.makeData(type, number) : CNodeDataPtr();
-    return data ? data : makeGrabResult(type);
+    return makeSample(typeOf(entry), number, m_subject.options);
+}
+
+std::vector<CNodeDataPtr> CWatchedModel::makeData(int number) const
+{
+    std::vector<CNodeDataPtr> data;
+    data.reserve(std::size_t(entries()));
+    for (NodePortIndex entry = 0; entry < entries(); ++entry)
+        data.push_back(makeData(entry, number));
+    return data;
 }
 
 void CWatchedModel::put(const CNodeDataPtr& data, NodePortIndex entry)
@@ -116,12 +118,12 @@ void CWatchedModel::feedForeign()
         m_model->setInData(CNodeDataPtr(new CForeignData), port);
 }
 
-void CWatchedModel::feed(int number)
+void CWatchedModel::feed(const std::vector<CNodeDataPtr>& data)
 {
     m_updatesBeforeFeed = m_updates.size();
     m_invalidatedBeforeFeed = m_invalidated.size();
     for (NodePortIndex entry = 0; entry < entries(); ++entry)
-        put(makeData(entry, number), entry);
+        put(data[std::size_t(entry)], entry);
     rethrow();
 }
 

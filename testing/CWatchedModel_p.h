@@ -69,13 +69,17 @@ public:
     /// Data for an \a entry; null if there is none of its type.
     CNodeDataPtr makeData(NodePortIndex entry, int number) const;
 
+    /// Data for each entry.
+    std::vector<CNodeDataPtr> makeData(int number) const;
+
     void put(const CNodeDataPtr& data, NodePortIndex entry);
 
     /// Data of no type that it knows, on every input.
     void feedForeign();
 
     /// Gives it data that fits, at every entry.
-    void feed(int number);
+    void feed(int number) { feed(makeData(number)); }
+    void feed(const std::vector<CNodeDataPtr>& data);
 
     /// Empty data on every input.
     void empty();

@@ -4,6 +4,7 @@
 #include <Halvex/testing/CheckConverter.h>
 
 #include "testing/SRule_p.h"
+#include "testing/Samples_p.h"
 
 #include <Halvex/testing/CForeignData.h>
 
@@ -18,10 +19,7 @@ struct SConverterSubject
     const SNodeDataType& to;
     const SCheckOptions& options;
 
-    CNodeDataPtr makeData(int number) const
-    {
-        return options.makeData ? options.makeData(from, number) : CNodeDataPtr();
-    }
+    CNodeDataPtr makeData(int number) const { return makeSample(from, number, options); }
 };
 
 QString lacks(const SConverterSubject& subject)
@@ -68,7 +66,7 @@ QString differenceBetween(const CNodeDataPtr& first, const CNodeDataPtr& second,
 {
     if (first.isNull() != second.isNull())
         return QStringLiteral("something and to nothing");
-    const bool isSame = !first || !options.checksum || options.checksum(*first) == options.checksum(*second);
+    const bool isSame = !first || checksumOf(*first, options) == checksumOf(*second, options);
     return isSame ? QString() : QStringLiteral("different contents");
 }
 
@@ -84,18 +82,21 @@ SOutcome convertsAlike(const SConverterSubject& subject)
         if (!difference.isEmpty())
             return broken(QStringLiteral("the same data was converted twice, to %1").arg(difference));
     }
-    return subject.options.checksum ? kept() : leftOut(withoutChecksum());
+    const bool isComparable = !first || !checksumOf(*first, subject.options).isEmpty();
+    return isComparable ? kept() : leftOut(noChecksumOf(subject.to));
 }
 
 SOutcome leavesWhatItConvertsAlone(const SConverterSubject& subject)
 {
-    const QString lacking = subject.options.checksum ? lacks(subject) : withoutChecksum();
+    const QString lacking = lacks(subject);
     if (!lacking.isEmpty())
         return leftOut(lacking);
     const CNodeDataPtr data = subject.makeData(1);
-    const QByteArray before = subject.options.checksum(*data);
+    const QByteArray before = checksumOf(*data, subject.options);
+    if (before.isEmpty())
+        return leftOut(noChecksumOf(subject.from));
     subject.converter(data);
-    return subject.options.checksum(*data) == before
+    return checksumOf(*data, subject.options) == before
                ? kept()
                : broken(QStringLiteral("what it was given has another content now"));
 }

@@ -42,11 +42,12 @@ namespace Testing {
 struct SCheckOptions
 {
     /// Makes new data of \a type; the content depends on \a number alone. Null: there is none of that type. Of
-    /// grab results there are some without a frame anyway.
+    /// grab results the kit has some of its own then: small frames, grey (Mono8) and in colour (BGR8), and some without
+    /// a frame.
     std::function<CNodeDataPtr(const SNodeDataType& type, int number)> makeData;
 
-    /// Bytes that differ when the content of \a data does; none for data that it does not know. Without this the kit
-    /// cannot see whether data is changed after it was handed on.
+    /// Bytes that differ when the content of \a data does; none for data that it does not know. Without them the kit
+    /// cannot see whether data is changed after it was handed on. It knows the pixels of grab results by itself.
     std::function<QByteArray(const CNodeData& data)> checksum;
 
     /// Gives a new model settings that differ from those it has. Without this every property gets another value.

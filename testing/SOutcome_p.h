@@ -37,14 +37,18 @@ inline SOutcome leftOut(const QString& reason)
     return {SOutcome::EKind::LeftOut, reason};
 }
 
-inline QString withoutChecksum()
+inline QString noChecksumOf(const SNodeDataType& type)
 {
-    return QStringLiteral("contents cannot be compared: SCheckOptions::checksum does that");
+    return QStringLiteral("contents of the type \"%1\" cannot be compared: SCheckOptions::checksum does that, "
+                          "for halvex-check an ITestData")
+        .arg(type.id);
 }
 
 inline QString noDataOf(const SNodeDataType& type)
 {
-    return QStringLiteral("there is no data of the type \"%1\": SCheckOptions::makeData makes it").arg(type.id);
+    return QStringLiteral("there is no data of the type \"%1\": SCheckOptions::makeData makes it, for halvex-check an "
+                          "ITestData")
+        .arg(type.id);
 }
 
 /// Left out if something is lacking. What can be tried without it was tried, and is kept.

@@ -75,6 +75,10 @@ QString toText(const SReport& report)
     QString text = headline(report);
     for (const SFinding& finding : report.findings)
         text += toText(finding);
+    if (!report.findings.empty())
+        text +=
+            QStringLiteral("\nPages lie below the folder that Halvex is installed in, if its manual is: the package "
+                           "halvex-doc brings it.\n");
     text += toText(report.leftOut);
     if (!report.times.empty())
         text += toText(report.times);

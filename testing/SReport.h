@@ -16,7 +16,7 @@ struct SFinding
     QString seen; ///< What happened, with the numbers and texts of this very case.
     QString why;  ///< Why the rule exists.
     QString how;  ///< How to mend it.
-    QString page; ///< The manual's paragraph on the rule, as found from the folder of documentation, share/doc/halvex.
+    QString page; ///< The manual's paragraph on the rule, below the folder that Halvex is installed in.
 };
 
 /// A rule that could not be tried, or not wholly.

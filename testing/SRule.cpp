@@ -21,7 +21,8 @@ bool isTold(const QString& thrown, const SReport& report)
 
 SFinding makeFinding(const SRuleInfo& rule, const QString& seen)
 {
-    return {rule.name, seen, rule.why, rule.how, QStringLiteral("manual/docs/model-contract.html#%1").arg(rule.name)};
+    return {rule.name, seen, rule.why, rule.how,
+            QStringLiteral("share/doc/halvex/manual/docs/model-contract.html#%1").arg(rule.name)};
 }
 
 bool enterOutcome(const SRuleInfo& rule, const SOutcome& outcome, bool isBasic, SReport* report)

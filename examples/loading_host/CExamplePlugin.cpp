@@ -62,7 +62,10 @@ public:
     {
         const auto number = data.dynamicCast<CNumber>();
         m_doubled = number ? QSharedPointer<CNumber>::create(2 * number->value()) : CNodeDataPtr();
-        Q_EMIT dataUpdated(0);
+        if (m_doubled)
+            Q_EMIT dataUpdated(0);
+        else
+            Q_EMIT dataInvalidated(0);
     }
 
 private:

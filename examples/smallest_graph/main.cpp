@@ -52,7 +52,10 @@ public:
     {
         const auto number = data.dynamicCast<CNumber>();
         m_doubled = number ? QSharedPointer<CNumber>::create(2 * number->value()) : CNodeDataPtr();
-        Q_EMIT dataUpdated(0); // stored first: outData() is read at once
+        if (m_doubled)
+            Q_EMIT dataUpdated(0); // stored first: outData() is read at once
+        else
+            Q_EMIT dataInvalidated(0); // tells the host; the graph passes nothing on
     }
 
 private:

@@ -66,7 +66,10 @@ public:
             return;
         m_inputs[std::size_t(index)] = data.dynamicCast<CBrightness>(); // null for empty data
         m_output = difference();
-        Q_EMIT dataUpdated(0); // nothing is passed on while the output is null
+        if (m_output)
+            Q_EMIT dataUpdated(0);
+        else
+            Q_EMIT dataInvalidated(0);
     }
 
     ENodeValidationState validationState() const override

@@ -195,9 +195,27 @@ bool CShapeCheck::explainType(const SJsonNode& node, const QJsonObject& schema)
     if (types.isEmpty() ||
         std::any_of(types.begin(), types.end(), [&node](const QString& type) { return hasType(node, type); }))
         return false;
-    m_faults.addError(EFaultRule::WrongType, node,
-                      tr("%1, where %2 belongs: %3").arg(description(node), typeText(types, node), titleOf(schema)));
+    const QString message =
+        tr("%1, where %2 belongs: %3").arg(description(node), typeText(types, node), titleOf(schema));
+    m_faults.addError(EFaultRule::WrongType, node, withHint(message, didYouMean(inArrays(node, schema))));
     return true;
+}
+
+QStringList CShapeCheck::inArrays(const SJsonNode& node, QJsonObject schema) const
+{
+    if (!node.parent) // the other kind of document
+        return {};
+    QJsonValue value = valueOf(node);
+    QStringList types = texts(schema.value(QLatin1String("type")));
+    for (; types == QStringList(QStringLiteral("array")); types = texts(schema.value(QLatin1String("type")))) {
+        value = QJsonArray{value};
+        schema = resolved(schema.value(QLatin1String("items")));
+    }
+    const bool fits =
+        std::any_of(types.begin(), types.end(), [&node](const QString& type) { return hasType(node, type); });
+    if (!fits || !value.isArray() || (node.isObject() && !missingKeys(node, schema).isEmpty()))
+        return {};
+    return {QString::fromUtf8(QJsonDocument(value.toArray()).toJson(QJsonDocument::Compact))};
 }
 
 bool CShapeCheck::explainKeys(SJsonNode& object, const QJsonObject& schema)

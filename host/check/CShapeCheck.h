@@ -42,6 +42,8 @@ private:
     bool explainKeys(SJsonNode& object, const QJsonObject& schema);
     bool explainMissing(const SJsonNode& object, const QJsonObject& schema);
     bool explainValue(const SJsonNode& node, const QJsonObject& schema);
+    /// The value in the arrays that are lacking around it, as text: "[[\"blur\"]]". Empty if that would not do either.
+    QStringList inArrays(const SJsonNode& node, QJsonObject schema) const;
     QJsonObject resolved(const QJsonValue& schema) const;
 
     const QJsonObject& m_schema;

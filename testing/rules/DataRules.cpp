@@ -4,9 +4,11 @@
 // Data: what is put in, in which order ever, and what comes out.
 
 #include "testing/CWatchedModel_p.h"
+#include "testing/Samples_p.h"
 #include "testing/rules/ModelRules_p.h"
 #include <Halvex/testing/CForeignData.h>
 
+#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -48,31 +50,50 @@ CNodeDataPtr makeForeign(NodePortIndex)
     return CNodeDataPtr(new CForeignData);
 }
 
-/// Data whose content the rule may compare, as it was when it was handed on.
-struct SWitness
+/// Data that was handed on, and what it was like then.
+class CWitnesses
 {
-    CNodeDataPtr data;
-    QByteArray sum;
+public:
+    explicit CWitnesses(const SCheckOptions& options)
+        : m_options(options)
+    {
+    }
+
+    void add(NodePortIndex port, const CNodeDataPtr& data)
+    {
+        if (!data)
+            return;
+        const QByteArray sum = checksumOf(*data, m_options);
+        if (sum.isEmpty())
+            m_lacking = noChecksumOf(data->type());
+        else
+            m_all.push_back({port, data, sum});
+    }
+
+    /// The port of data that has another content now; -1 if none has.
+    NodePortIndex changedPort() const
+    {
+        const auto changed = std::find_if(m_all.begin(), m_all.end(), [this](const SWitness& witness) {
+            return checksumOf(*witness.data, m_options) != witness.sum;
+        });
+        return changed == m_all.end() ? -1 : changed->port;
+    }
+
+    /// Why some cannot be compared; empty if all can.
+    QString lacking() const { return m_lacking; }
+
+private:
+    struct SWitness
+    {
+        NodePortIndex port;
+        CNodeDataPtr data;
+        QByteArray sum;
+    };
+
+    const SCheckOptions& m_options;
+    std::vector<SWitness> m_all;
+    QString m_lacking;
 };
-
-SWitness witnessOf(const CNodeDataPtr& data, const SCheckOptions& options)
-{
-    return {data, data && options.checksum ? options.checksum(*data) : QByteArray()};
-}
-
-bool hasChanged(const SWitness& witness, const SCheckOptions& options)
-{
-    return !witness.sum.isEmpty() && options.checksum(*witness.data) != witness.sum;
-}
-
-std::vector<SWitness> outputsOf(const CWatchedModel& model, const SCheckOptions& options)
-{
-    std::vector<SWitness> outputs;
-    outputs.reserve(std::size_t(model.outPorts()));
-    for (NodePortIndex port = 0; port < model.outPorts(); ++port)
-        outputs.push_back(witnessOf(model->outData(port), options));
-    return outputs;
-}
 
 } // namespace
 
@@ -93,17 +114,22 @@ SOutcome takesItsData(const SModelSubject& subject)
     const QString lacks = model.lacks();
     if (!lacks.isEmpty())
         return leftOut(lacks);
-    SOutcome outcome = putOnEveryInput(model, QStringLiteral("data of its type"),
-                                       [&](NodePortIndex port) { return model.makeData(port, 1); });
-    if (outcome.kind == SOutcome::EKind::Kept)
-        outcome = askEveryOutput(model, QStringLiteral("after data of its type"));
-    if (outcome.kind != SOutcome::EKind::Kept)
-        return outcome;
-    const QString thrown = thrownBy([&] {
-        model.feed(2);
-        model.settle();
-    });
-    return thrown.isEmpty() ? kept() : broken(QStringLiteral("what it does with data of its type %1").arg(thrown));
+    for (int number = 1; number <= sampleCount; ++number) {
+        const QString what = shownSample(*model.makeData(0, number));
+        SOutcome outcome =
+            putOnEveryInput(model, what, [&](NodePortIndex port) { return model.makeData(port, number); });
+        if (outcome.kind == SOutcome::EKind::Kept)
+            outcome = askEveryOutput(model, QStringLiteral("after %1").arg(what));
+        if (outcome.kind != SOutcome::EKind::Kept)
+            return outcome;
+        const QString thrown = thrownBy([&] {
+            model.feed(number);
+            model.settle();
+        });
+        if (!thrown.isEmpty())
+            return broken(QStringLiteral("what it does with %1 %2").arg(what, thrown));
+    }
+    return kept();
 }
 
 SOutcome takesEmptyDataLater(const SModelSubject& subject)
@@ -154,45 +180,42 @@ SOutcome givesTheAnnouncedType(const SModelSubject& subject)
 
 SOutcome leavesItsInputAlone(const SModelSubject& subject)
 {
-    if (!subject.options.checksum)
-        return leftOut(withoutChecksum());
     CWatchedModel model(subject);
     const QString lacks = model.lacks();
     if (!lacks.isEmpty())
         return leftOut(lacks);
-    std::vector<SWitness> inputs;
-    for (NodePortIndex entry = 0; entry < model.entries(); ++entry) {
-        inputs.push_back(witnessOf(model.makeData(entry, 1), subject.options));
-        model.put(inputs.back().data, entry);
+    CWitnesses inputs(subject.options);
+    for (int number = 1; number <= sampleCount; ++number) {
+        const std::vector<CNodeDataPtr> data = model.makeData(number);
+        for (NodePortIndex entry = 0; entry < model.entries(); ++entry)
+            inputs.add(entry, data[std::size_t(entry)]);
+        model.feed(data);
+        model.settle();
+        const NodePortIndex changed = inputs.changedPort();
+        if (changed >= 0)
+            return broken(QStringLiteral("what was put on %1 has another content now").arg(model.shownEntry(changed)));
     }
-    model.settle();
-    for (std::size_t entry = 0; entry < inputs.size(); ++entry) {
-        if (hasChanged(inputs[entry], subject.options))
-            return broken(QStringLiteral("what was put on %1 has another content now")
-                              .arg(model.shownEntry(NodePortIndex(entry))));
-    }
-    return kept();
+    return keptUnless(inputs.lacking());
 }
 
 SOutcome leavesItsOutputAlone(const SModelSubject& subject)
 {
-    if (!subject.options.checksum)
-        return leftOut(withoutChecksum());
     CWatchedModel model(subject);
     const QString lacks = model.lacks();
     if (!lacks.isEmpty())
         return leftOut(lacks);
-    model.feed(1);
-    model.settle();
-    const std::vector<SWitness> outputs = outputsOf(model, subject.options);
-    model.feed(2);
-    model.settle();
-    for (std::size_t port = 0; port < outputs.size(); ++port) {
-        if (hasChanged(outputs[port], subject.options))
+    CWitnesses outputs(subject.options);
+    for (int number = 1; number <= sampleCount; ++number) {
+        model.feed(number);
+        model.settle();
+        const NodePortIndex changed = outputs.changedPort();
+        if (changed >= 0)
             return broken(QStringLiteral("what %1 gave has another content since the next data came")
-                              .arg(shownPort(ENodePortType::Out, NodePortIndex(port))));
+                              .arg(shownPort(ENodePortType::Out, changed)));
+        for (NodePortIndex port = 0; port < model.outPorts(); ++port)
+            outputs.add(port, model->outData(port));
     }
-    return kept();
+    return keptUnless(outputs.lacking());
 }
 
 SOutcome saysWhatIsWrong(const SModelSubject& subject)

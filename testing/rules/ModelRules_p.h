@@ -40,6 +40,7 @@ SOutcome saysWhatIsWrong(const SModelSubject& subject);
 // SignalRules.cpp
 SOutcome announcesPortsThatExist(const SModelSubject& subject);
 SOutcome storesBeforeItAnnounces(const SModelSubject& subject);
+SOutcome announcesWhatItStores(const SModelSubject& subject);
 SOutcome sourceAnnouncesInTheGraphsThread(const SModelSubject& subject);
 SOutcome askingAnnouncesNothing(const SModelSubject& subject);
 SOutcome endsWhatItBegins(const SModelSubject& subject);

@@ -5,12 +5,14 @@
 
 #include "testing/CSignalHook_p.h"
 #include "testing/CWatchedModel_p.h"
+#include "testing/Samples_p.h"
 #include "testing/rules/ModelRules_p.h"
 
 #include <Halvex/models/ASourceNodeDataModel.h>
 
 #include <QThread>
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -25,10 +27,46 @@ bool isSame(const CNodeDataPtr& announced, const CNodeDataPtr& now, const CNodeD
 {
     if (announced == now || now != askedAgain)
         return true;
-    if (!announced || !now || !options.checksum)
+    if (!announced || !now)
         return false;
-    const QByteArray sum = options.checksum(*now);
-    return !sum.isEmpty() && sum == options.checksum(*announced);
+    const QByteArray sum = checksumOf(*now, options);
+    return !sum.isEmpty() && sum == checksumOf(*announced, options);
+}
+
+std::vector<CNodeDataPtr> outputsOf(const CWatchedModel& model)
+{
+    std::vector<CNodeDataPtr> outputs;
+    outputs.reserve(std::size_t(model.outPorts()));
+    for (NodePortIndex port = 0; port < model.outPorts(); ++port)
+        outputs.push_back(model->outData(port));
+    return outputs;
+}
+
+/// Whether \a now is other data than \a before. A new object for each question is new data if its content is new.
+bool isNew(const CNodeDataPtr& before, const CNodeDataPtr& now, const CNodeDataPtr& askedAgain,
+           const SCheckOptions& options)
+{
+    if (!now || now == before)
+        return false;
+    if (!before || now == askedAgain)
+        return true;
+    return askedAgain && checksumOf(*now, options) == checksumOf(*askedAgain, options) &&
+           checksumOf(*now, options) != checksumOf(*before, options);
+}
+
+/// A port whose output is new, and was not announced since; -1 if there is none.
+NodePortIndex unannouncedPort(const CWatchedModel& model, const std::vector<CNodeDataPtr>& before,
+                              std::size_t updatesBefore, const SCheckOptions& options)
+{
+    const auto firstUpdate = model.updates().begin() + std::ptrdiff_t(updatesBefore);
+    for (NodePortIndex port = 0; port < model.outPorts(); ++port) {
+        const bool isAnnounced =
+            std::any_of(firstUpdate, model.updates().end(),
+                        [port](const CWatchedModel::SUpdate& update) { return update.port == port; });
+        if (!isAnnounced && isNew(before[std::size_t(port)], model->outData(port), model->outData(port), options))
+            return port;
+    }
+    return -1;
 }
 
 QString shownDifference(const CNodeDataPtr& announced)
@@ -76,6 +114,30 @@ SOutcome storesBeforeItAnnounces(const SModelSubject& subject)
         if (last && !isSame(last->data, now, askedAgain, subject.options))
             return broken(
                 QStringLiteral("when dataUpdated(%1) came, outData(%1) %2").arg(port).arg(shownDifference(last->data)));
+    }
+    return kept();
+}
+
+SOutcome announcesWhatItStores(const SModelSubject& subject)
+{
+    CWatchedModel model(subject);
+    const QString lacks = model.lacks();
+    if (!lacks.isEmpty())
+        return leftOut(lacks);
+    for (int number = 1; number <= sampleCount; ++number) {
+        const std::vector<CNodeDataPtr> before = outputsOf(model);
+        const std::size_t updatesBefore = model.updates().size();
+        model.feed(number);
+        model.settle();
+        if (unannouncedPort(model, before, updatesBefore, subject.options) < 0)
+            continue;
+        model.waitLong(); // it may have been stored just now, in another thread
+        const NodePortIndex port = unannouncedPort(model, before, updatesBefore, subject.options);
+        if (port >= 0)
+            return broken(QStringLiteral("outData(%1) gives new data after data had come, and dataUpdated(%1) was not "
+                                         "emitted within %2 ms")
+                              .arg(port)
+                              .arg(subject.options.patience.count()));
     }
     return kept();
 }
@@ -136,7 +198,7 @@ SOutcome endsWhatItBegins(const SModelSubject& subject)
         model.feed(1);
         model.feed(2);
         model.settle();
-        model.feed(3);
+        model.feed(sampleCount + 1);
     }
     model.empty();
     model.settle();

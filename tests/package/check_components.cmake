@@ -34,6 +34,22 @@ foreach(component IN LISTS COMPONENTS)
   list(APPEND by_component ${files})
 endforeach()
 
+# What the page of the examples links to lies beside them, or in the manual, which has a page for each of the project.
+set(docs "${TEST_DIR}/examples/share/doc/halvex")
+file(READ "${docs}/examples/README.md" page)
+string(REGEX MATCHALL "\\([^() ]+\\)" links "${page}")
+if(NOT links)
+  message(SEND_ERROR "The page of the examples links to nothing")
+endif()
+foreach(link IN LISTS links)
+  string(REGEX REPLACE "^\\(|#.*|\\)$" "" link "${link}")
+  get_filename_component(target "${link}" ABSOLUTE BASE_DIR "${docs}/examples")
+  string(REGEX REPLACE "^${docs}/manual/(.*)\\.html$" "${SOURCE_DIR}/\\1.md" target "${target}")
+  if(NOT EXISTS "${target}")
+    message(SEND_ERROR "The page of the examples links to ${link}, where nothing is")
+  endif()
+endforeach()
+
 execute_process(COMMAND "${CMAKE_COMMAND}" --install "${BINARY_DIR}" --prefix "${TEST_DIR}/all"
   OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
 file(GLOB_RECURSE all RELATIVE "${TEST_DIR}/all" "${TEST_DIR}/all/*")

@@ -4,6 +4,7 @@
 #include "CMistakenPlugin.h"
 
 #include "CNumberModel.h"
+#include "FrameModels.h"
 
 #include <Halvex/platform/IServiceManager.h>
 #include <Halvex/service/INodeService.h>
@@ -121,6 +122,30 @@ void addHangingModels(CNodeDataModelRegistry& registry)
     add(registry, "Slow", misbehaviour);
 }
 
+void abortOnColour(Model& model, const CNodeDataPtr& data, int index)
+{
+    const Veltra::CGrabResultPtr frame = frameIn(data);
+    if (frame && frame->pixelFormat != QLatin1String("Mono8"))
+        std::abort();
+    negate(model, data, index);
+}
+
+void throwOnPixels(Model& model, const CNodeDataPtr& data, int index)
+{
+    if (frameIn(data))
+        throw std::runtime_error("no room for an image");
+    negate(model, data, index);
+}
+
+void addFrameModels(CNodeDataModelRegistry& registry)
+{
+    add(registry, "Negates", frameModel(&negate));
+    add(registry, "Negates in place", frameModel(&negateInPlace));
+    add(registry, "Changes its last output", frameModel(&changeLastOutput));
+    add(registry, "Aborts on colour", frameModel(&abortOnColour));
+    add(registry, "Throws on pixels", frameModel(&throwOnPixels));
+}
+
 /// Whether this process checks one model.
 bool isForOneModel()
 {
@@ -170,6 +195,8 @@ bool CMistakenPlugin::extensionsInitialized()
     CNodeDataModelRegistry& registry = *qobject_cast<INodeService*>(service.data())->registry();
     if (makes("models"))
         addModels(registry);
+    if (makes("frames"))
+        addFrameModels(registry);
     if (makes("hangs"))
         addHangingModels(registry);
     if (makes("refuses-later"))

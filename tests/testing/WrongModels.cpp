@@ -338,6 +338,30 @@ std::vector<SWrongModel> wrongInWhatTheySay()
                   model.output = data;
               }),
         wrong("announces-first-elsewhere", "stores-before-it-announces", &SMisbehaviour::setInData, &announceElsewhere),
+        wrong("stores-in-silence", "announces-what-it-stores", &SMisbehaviour::setInData,
+              [](Model& model, const CNodeDataPtr& data, int index) {
+                  if (index == 0)
+                      model.output = data.dynamicCast<CNumber>();
+              }),
+        wrong("announces-the-first-alone", "announces-what-it-stores", &SMisbehaviour::setInData,
+              [](Model& model, const CNodeDataPtr& data, int index) {
+                  if (!isNumber(data) || !model.hadNumber)
+                      return model.multiply(data, index);
+                  model.output = data;
+              }),
+        wrong("makes-its-output-in-silence", "announces-what-it-stores",
+              [] {
+                  SMisbehaviour misbehaviour;
+                  misbehaviour.setInData = [](Model& model, const CNodeDataPtr& data, int index) {
+                      const auto number = data.dynamicCast<CNumber>();
+                      if (index == 0 && number)
+                          model.count = number->value();
+                  };
+                  misbehaviour.outData = [](Model& model, int index) {
+                      return index == 0 ? makeNumber(model.count) : CNodeDataPtr();
+                  };
+                  return std::make_unique<CNumberModel>(misbehaviour);
+              }),
         wrong("hasty-source", "source-announces-in-the-graphs-thread", [] { return std::make_unique<CHastySource>(); }),
         wrong("announces-when-asked", "asking-announces-nothing", &SMisbehaviour::outData,
               [](Model& model, int) {
@@ -360,11 +384,11 @@ std::vector<SWrongModel> wrongInWhatTheySay()
                       Q_EMIT model.computingStarted();
                   model.multiply(data, index);
               }),
-        // Nothing but the way to this rule has a third number.
-        wrong("third-output-that-throws", "ends-what-it-begins", &SMisbehaviour::outData,
+        // Nothing but the way to this rule has a seventh number.
+        wrong("seventh-output-that-throws", "ends-what-it-begins", &SMisbehaviour::outData,
               [](Model& model, int) {
                   const auto number = model.output.dynamicCast<CNumber>();
-                  if (number && number->value() == 3)
+                  if (number && number->value() == 7)
                       throw std::runtime_error("the buffer is gone");
                   return model.output;
               }),
@@ -382,6 +406,31 @@ SWrongModel withHiddenSetting()
     SWrongModel model = wrong("setting-that-is-not-saved", "restored-behaves-alike", numberModel({}));
     model.options.changeSettings = [](CNodeDataModel& changed) { static_cast<Model&>(changed).offset = 100; };
     return model;
+}
+
+/// Saves a setting that has no bearing on its output, and that restore() passes over.
+SWrongModel restoresNothing()
+{
+    SWrongModel model = wrong("restores-nothing", "saves-what-it-restored", &SMisbehaviour::save,
+                              [](const Model& saving, const QJsonObject& saved) {
+                                  return withSetting(saved, QStringLiteral("count"), saving.count);
+                              });
+    model.options.changeSettings = [](CNodeDataModel& changed) { static_cast<Model&>(changed).count = 3; };
+    return model;
+}
+
+/// Saves a key that is missing after a restore().
+SWrongModel dropsAKey()
+{
+    SMisbehaviour misbehaviour;
+    misbehaviour.save = [](const Model& model, const QJsonObject& saved) {
+        return model.count > 0 ? saved : withSetting(saved, QStringLiteral("once"), QJsonArray{1, 2});
+    };
+    misbehaviour.restore = [](Model& model, const QJsonObject& json) {
+        model.readSettings(json);
+        model.count += settingsIn(json).contains(QStringLiteral("once")) ? 1 : 0;
+    };
+    return wrong("drops-a-key", "saves-what-it-restored", numberModel(misbehaviour));
 }
 
 /// A model that saves an array of objects beside its settings.
@@ -430,6 +479,8 @@ std::vector<SWrongModel> wrongInDocuments()
                   };
                   return std::make_unique<CNumberModel>(misbehaviour);
               }),
+        restoresNothing(),
+        dropsAKey(),
         withHiddenSetting(),
         wrong("needs-its-keys", "restores-an-empty-document", &SMisbehaviour::restore,
               [](Model& model, const QJsonObject& json) {

@@ -45,6 +45,7 @@ private Q_SLOTS:
     void soundPlugins_data();
     void soundPlugins();
     void modelsThatEndTheProcess();
+    void modelsOfFrames();
     void modelThatHangs();
     void modelThatHangsAndPrints();
     void mistakesOfPlugins_data();
@@ -81,6 +82,8 @@ void tst_HalvexCheck::soundPlugins()
     QVERIFY2(done.exitCode == 0, qPrintable(done.output + done.errors));
     QVERIFY2(done.output.endsWith(QString("models checked: %1, rules broken: 0\n").arg(models)),
              qPrintable(done.output));
+    if (file == HALVEX_PLUGIN) // of which all data is frames
+        QVERIFY2(!done.output.contains("SCheckOptions"), qPrintable(done.output));
 }
 
 void tst_HalvexCheck::modelsThatEndTheProcess()
@@ -89,6 +92,15 @@ void tst_HalvexCheck::modelsThatEndTheProcess()
     QCOMPARE(done.exitCode, 1);
     compareWithGolden("halvex-check/models.txt", done.output);
     QVERIFY(done.errors.contains("What a plugin prints is no message.\n"));
+}
+
+// They are fed with frames that have pixels, which nobody but halvex-check makes.
+void tst_HalvexCheck::modelsOfFrames()
+{
+    const SRun done = run({few, MISTAKEN_PLUGIN}, "frames");
+    QCOMPARE(done.exitCode, 1);
+    QVERIFY2(!done.output.contains("SCheckOptions"), qPrintable(done.output));
+    compareWithGolden("halvex-check/frames.txt", done.output);
 }
 
 void tst_HalvexCheck::modelThatHangs()

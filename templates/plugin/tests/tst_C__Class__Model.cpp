@@ -65,18 +65,8 @@ private Q_SLOTS:
 // Whatever a graph does to a model: empty data, foreign data, documents, threads, its end.
 void tst_C__Class__Model::keepsTheRules()
 {
-    SCheckOptions options;
-    options.makeData = [](const SNodeDataType& type, int number) {
-        return type.id == CVeltraGrabResultData().type().id ? makeFrame(number % 256) : CNodeDataPtr();
-    };
-    options.checksum = [](const CNodeData& data) {
-        const auto* const frame = dynamic_cast<const CVeltraGrabResultData*>(&data);
-        if (!frame || !frame->grabResult())
-            return QByteArray();
-        return QByteArray(reinterpret_cast<const char*>(frame->grabResult()->pixels), int(frame->grabResult()->size));
-    };
-    const SReport report = checkModel([] { return std::make_unique<C__Class__Model>(); }, options);
-    if (!report.findings.empty())
+    const SReport report = checkModel([] { return std::make_unique<C__Class__Model>(); });
+    if (!report.findings.empty() || !report.leftOut.empty())
         QFAIL(qPrintable(toText(report)));
 }
 
