@@ -8,6 +8,7 @@
 #include <QJsonObject>
 #include <QTest>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Plugin::Halvex;
@@ -103,6 +104,25 @@ void onNodeDeletedWithScene(CMatrixWorld& world)
     removeSceneAtHand(world);
 }
 
+/// A host may destroy a scene itself.
+void onNodeDeletedByTheHost(CMatrixWorld& world)
+{
+    world.arm(EHook::NodeDeleted, world.hand().node);
+    world.destroyScene(world.hand().scene);
+}
+
+void onSceneDestroyed(CMatrixWorld& world)
+{
+    QObject::connect(world.hand().scene, &QObject::destroyed, [&world] { world.fire(); });
+    world.destroyScene(world.hand().scene);
+}
+
+void onSceneRemovedByTheHost(CMatrixWorld& world)
+{
+    world.arm(EHook::SceneRemoved);
+    world.destroyScene(world.hand().scene);
+}
+
 void onConnectionCreated(CMatrixWorld& world)
 {
     SPlace& hand = world.hand();
@@ -134,7 +154,7 @@ void onSceneAdded(CMatrixWorld& world)
         added.sourceName = name;
         world.hand() = added;
     });
-    world.service().addNode(std::move(source), {});
+    world.addNode(std::move(source), {});
 }
 
 void onUpdated(CMatrixWorld& world)
@@ -471,6 +491,9 @@ const std::vector<SHook>& matrixHooks()
         {"sceneAdded", &onSceneAdded, {nodesOfNewScene()}},
         {"sceneRemoving", &ofAny<EHook::SceneRemoving, &removeSceneAtHand>, {}},
         {"sceneRemoved", &ofAny<EHook::SceneRemoved, &removeSceneAtHand>, {everythingInItsScene()}},
+        {"nodeDeleted as the host destroys its scene", &onNodeDeletedByTheHost, {sceneItself()}, SHook::HandFirst},
+        {"destroyed of a scene", &onSceneDestroyed, {everythingInItsScene()}},
+        {"sceneRemoved as the host destroys it", &onSceneRemovedByTheHost, {everythingInItsScene()}},
         {"updated", &onUpdated, {}},
         {"dataUpdated before the walk", &ofModel<EHook::DataUpdatedFirst, &feedUpstream>, {}},
         {"dataUpdated after the walk", &ofModel<EHook::DataUpdatedLast, &feedUpstream>, {}},
@@ -520,4 +543,13 @@ const std::vector<SHook>& matrixHooks()
         {"info destroyed with its scene", &onInfoDestroyedWithScene, {sceneItself(), nodesOfItsScene()}},
     };
     return hooks;
+}
+
+const SHook& findHook(const QString& name)
+{
+    const auto found = std::find_if(matrixHooks().begin(), matrixHooks().end(),
+                                    [&name](const SHook& each) { return QLatin1String(each.name) == name; });
+    if (found == matrixHooks().end())
+        qFatal("There is no hook \"%s\".", qPrintable(name));
+    return *found;
 }
