@@ -68,8 +68,6 @@ private Q_SLOTS:
 
     void handlerDuringALoad_data();
     void handlerDuringALoad();
-    void sceneDestroyedWhileANodeIsMade_data();
-    void sceneDestroyedWhileANodeIsMade();
     void creatorReplacesTheRegistry();
     void handlersThatThrow();
     void restoreThatThrows();
@@ -127,35 +125,6 @@ void tst_SceneDocumentReentry::handlerDuringALoad()
     QTEST(world.log->count("created"), "created");
     QTEST(world.scene ? int(world.scene->nodes().size()) : -1, "nodes");
     QTEST(world.scene ? int(world.scene->connections().size()) : 0, "connections");
-}
-
-void tst_SceneDocumentReentry::sceneDestroyedWhileANodeIsMade_data()
-{
-    QTest::addColumn<QString>("by");
-    for (const char* by : {"creator", "info", "restore", "replaced model"})
-        QTest::newRow(by) << by;
-}
-
-void tst_SceneDocumentReentry::sceneDestroyedWhileANodeIsMade()
-{
-    QFETCH(const QString, by);
-    World world;
-    world.load({nodeJson(idA)});
-    world.log->said.clear();
-    const auto destroyScene = [&world] { world.scene.reset(); };
-    world.onCreate = [&](CTestModel& model) {
-        if (by == "creator")
-            destroyScene();
-        else if (by == "info")
-            connect(&model, &CNodeDataModel::infoInjected, destroyScene);
-        else if (by == "restore")
-            model.onRestore = destroyScene;
-    };
-    if (by == "replaced model")
-        world.model(idA).onDestroyed = destroyScene;
-    world.loadChain();
-    QVERIFY(!world.scene);
-    QCOMPARE(world.log->count("created"), 0);
 }
 
 void tst_SceneDocumentReentry::creatorReplacesTheRegistry()

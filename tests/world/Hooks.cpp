@@ -247,6 +247,12 @@ void onPorts(CMatrixWorld& world)
     world.hand().scene->createNode(std::move(model));
 }
 
+void onInfoOfNewNode(CMatrixWorld& world)
+{
+    world.arm(EHook::InfoInjected);
+    world.hand().scene->createNode(std::make_unique<CWorldModel>(EKind::Step));
+}
+
 void searchForName(CMatrixWorld& world)
 {
     world.hand().scene->restoreNode({{"model", QJsonObject{{"name", "none"}, {"is_unique", true}}}});
@@ -499,6 +505,8 @@ const std::vector<SHook>& matrixHooks()
         {"dataUpdated after the walk", &ofModel<EHook::DataUpdatedLast, &feedUpstream>, {}},
         {"newDataAvailable", &ofModel<EHook::NewData, &feedAtHand>, {}},
         {"infoInjected", &ofModel<EHook::InfoInjected, &setInfoAtHand>, {}},
+        {"infoInjected into a new node", &onInfoOfNewNode, {}},
+        {"infoInjected into a node of a document", &ofAny<EHook::InfoInjected, &loadAtHand>, {}},
         {"inDataUpdated", &onInDataUpdated, {}, SHook::Decouplers},
         {"framesPerSecondChanged", &onRateChanged, {}, SHook::Decouplers},
         {"computingStarted", &ofWorker<EHook::ComputingStarted, &feedIdleWorker>, {}, SHook::Workers},
