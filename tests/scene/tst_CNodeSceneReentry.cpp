@@ -5,6 +5,7 @@
 // or destroy it. That it comes through all that is proved by tst_DeletionMatrix.
 
 #include "scene/SceneSupport.h"
+#include "support/CLeakTest.h"
 #include "support/CMessageCatcher.h"
 
 #include <QtTest>
@@ -119,13 +120,11 @@ struct SCopyWatch
 Q_DECLARE_METATYPE(ESignal)
 Q_DECLARE_METATYPE(Action)
 
-class tst_CNodeSceneReentry : public QObject
+class tst_CNodeSceneReentry : public CLeakTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup();
-
     void deletionWaitsForTheOtherHandlers();
     void deletionsKeepTheirOrder();
     void deletionWaitsForTheOutermostOperation();
@@ -158,12 +157,6 @@ private Q_SLOTS:
     void exceptionEndsARemovalThatIsNotDeferred();
     void destructorReportsAndSwallowsExceptions();
 };
-
-void tst_CNodeSceneReentry::cleanup()
-{
-    QCOMPARE(CTestModel::alive(), 0);
-    QCOMPARE(CTestData::alive(), 0);
-}
 
 void tst_CNodeSceneReentry::deletionWaitsForTheOtherHandlers()
 {

@@ -5,6 +5,7 @@
 // through all that is proved by tst_DeletionMatrix.
 
 #include "scene/SceneDocuments.h"
+#include "support/CLeakTest.h"
 
 #include <QtTest>
 
@@ -50,22 +51,19 @@ void destroy(World& world, CNodeBase&)
 /// Connects what the converters of connections make them ask for: their types.
 void connectWithTypes(const World& world)
 {
-    const NodeDataConverter pass = [](CNodeDataPtr data) { return data; };
-    world.scene->createConnection(world.node(idB), 0, world.node(idA), 0, pass);
-    world.scene->createConnection(world.node(idC), 0, world.node(idA), 1, pass);
+    world.scene->createConnection(world.node(idB), 0, world.node(idA), 0, &passOn);
+    world.scene->createConnection(world.node(idC), 0, world.node(idA), 1, &passOn);
 }
 
 } // namespace
 
 Q_DECLARE_METATYPE(Action)
 
-class tst_SceneDocumentReentry : public QObject
+class tst_SceneDocumentReentry : public CLeakTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup();
-
     void handlerDuringALoad_data();
     void handlerDuringALoad();
     void creatorReplacesTheRegistry();
@@ -81,12 +79,6 @@ private Q_SLOTS:
     void typeAskedForDeletesConnections();
     void typeAskedForDestroysTheScene();
 };
-
-void tst_SceneDocumentReentry::cleanup()
-{
-    QCOMPARE(CTestModel::alive(), 0);
-    QCOMPARE(CTestData::alive(), 0);
-}
 
 void tst_SceneDocumentReentry::handlerDuringALoad_data()
 {

@@ -72,7 +72,8 @@ void tst_CNodeServiceReentry::order_data()
     const Asked remove{{"removeSceneOfNode"}};
     const Asked addSource{{"addNode of a source"}};
     const Asked destroy{{"scene destroyed"}};
-    const Asked destroyService{{"setActiveScene", ETarget::Upstream}, {"service destroyed"}}; // told of neither
+    // Of what waits, nothing is done or told.
+    const Asked destroyService{removeFirst[0], activateFirst[0], {"service destroyed"}};
 
     // Each operation proves itself that what it changes is so at once.
     add("changes are told later", "sceneAdded", {activateFirst[0], {"addNode"}, addSource[0]}, "added 5",

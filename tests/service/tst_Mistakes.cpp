@@ -88,12 +88,6 @@ struct SDifferingPair
     SPlaced taker = place(*scene, QStringLiteral("Taker"));
 };
 
-/// A converter that changes nothing.
-CNodeDataPtr pass(CNodeDataPtr data)
-{
-    return data;
-}
-
 /// Three nodes, of which the last one throws at data.
 class CChainThatThrows
 {
@@ -248,7 +242,7 @@ void tst_Mistakes::typesThatDiffer()
 {
     const CMessageCatcher messages;
     const SDifferingPair pair;
-    QVERIFY(pair.connect(&pass));
+    QVERIFY(pair.connect(&passOn));
     QCOMPARE(messages.texts(), QStringList());
     QVERIFY(pair.connect());
     QCOMPARE(
@@ -348,7 +342,7 @@ void tst_Mistakes::converterThatGivesAnotherType()
 {
     const CMessageCatcher messages;
     const SDifferingPair pair;
-    QVERIFY(pair.connect(&pass));
+    QVERIFY(pair.connect(&passOn));
     pair.giver.model.offer(CTestData::make(1));
     QStringList expected;
     if (hasAssertions)

@@ -258,10 +258,11 @@ void searchForName(CMatrixWorld& world)
     world.hand().scene->restoreNode({{"model", QJsonObject{{"name", "none"}, {"is_unique", true}}}});
 }
 
-void onIsUniqueInAnImport(CMatrixWorld& world)
+template <EHook hook>
+void inAnImport(CMatrixWorld& world)
 {
     activateSceneAtHand(world);
-    world.arm(EHook::IsUnique, dynamic_cast<CWorldModel*>(world.hand().source->nodeDataModel()));
+    world.arm(hook, dynamic_cast<CWorldModel*>(world.hand().source->nodeDataModel()));
     world.service().importDocument(importDocumentFor(world.hand()));
 }
 
@@ -301,7 +302,7 @@ void restoreAtHand(CMatrixWorld& world)
 void onDataType(CMatrixWorld& world)
 {
     // A connection with a converter says between which types.
-    world.hand().connection->setTypeConverter([](CNodeDataPtr data) { return data; });
+    world.hand().connection->setTypeConverter(&passOn);
     world.arm(EHook::DataType, modelAtHand(world));
     if (const CNodeConnection* const connection = world.hand().connection)
         connection->save();
@@ -520,7 +521,8 @@ const std::vector<SHook>& matrixHooks()
         {"creator of a model", &ofAny<EHook::Creator, &loadAtHand>, {}},
         {"name in a search", &ofModel<EHook::Name, &searchForName>, {}},
         {"isUnique in a save", &ofModel<EHook::IsUnique, &saveAtHand>, {}},
-        {"isUnique in an import", &onIsUniqueInAnImport, {}},
+        {"isUnique in an import", &inAnImport<EHook::IsUnique>, {}},
+        {"name in an import", &inAnImport<EHook::Name>, {}},
         {"dataType", &onDataType, {}},
         {"visitor of nodes", &ofAny<EHook::Visitor, &visitNodes>, {}},
         {"visitor of models", &ofAny<EHook::Visitor, &visitModels>, {}},
