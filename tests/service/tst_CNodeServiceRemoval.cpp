@@ -29,6 +29,7 @@ private Q_SLOTS:
     void sceneIsWholeWhileRemovingAndGoneWhenRemoved();
     void sceneThatTheHostDestroysIsInNoTable();
     void sceneMayGoWithItsLoneSink();
+    void whatComesAsTheLoneSinkGoesGoesWithTheScene();
 
     void dyingServiceDestroysItsScenesInOrder();
     void dyingServiceMayBeCalled();
@@ -159,6 +160,21 @@ void tst_CNodeServiceRemoval::sceneMayGoWithItsLoneSink()
     QVERIFY(scene.isNull());
     QCOMPARE(f.sceneCount(), 0);
     QCOMPARE(f.log.take(), QStringList({"1 deleted cam", "1 deleted view", "removed"}));
+}
+
+void tst_CNodeServiceRemoval::whatComesAsTheLoneSinkGoesGoesWithTheScene()
+{
+    F f;
+    const SPlaced cam = f.addSource();
+    const SPlaced view = f.addView();
+    connect(f.active(), &CNodeScene::nodeDeleted, this, [&](const CNodeBase& node) {
+        if (node.id() == view.id)
+            f.addView("late");
+    });
+    f.log.take();
+    f.service->removeNode(cam.id, true);
+    QCOMPARE(f.log.take(), QStringList({"1 deleted cam", "1 deleted view", "1 created late", "removing 1",
+                                        "1 deleted late", "removed"}));
 }
 
 void tst_CNodeServiceRemoval::dyingServiceDestroysItsScenesInOrder()
