@@ -112,6 +112,7 @@ private Q_SLOTS:
     void severalDocumentsAreOne();
     void firstOfTwoSourcesIsTaken();
     void emptyNameIsNoneOfAModelWithoutAName();
+    void sourceThatLeavesWhenAsked();
 };
 
 void tst_CSceneImport::documents_data()
@@ -305,6 +306,27 @@ void tst_CSceneImport::emptyNameIsNoneOfAModelWithoutAName()
     CSceneImport import(scene);
     import.addDocument(text("[{'name': 'a', 'unique_sources': [['']]}]"));
     QCOMPARE(import.sceneDocument()["nodes"].toArray().size(), 1);
+}
+
+void tst_CSceneImport::sourceThatLeavesWhenAsked()
+{
+    for (const bool wholeScene : {false, true}) {
+        for (const bool byName : {false, true}) {
+            auto scene = std::make_unique<CTestScene>(nullptr, nullptr);
+            CNodeBase& node = scene->createNode(makeSource("cam"));
+            auto* const model = static_cast<CNamedTestModel*>(node.nodeDataModel());
+            (byName ? model->onName : model->onIsUnique) = [&] {
+                if (wholeScene)
+                    scene.reset();
+                else
+                    scene->removeNode(node);
+            };
+            CSceneImport import(*scene);
+            import.addDocument(text("[{'name': 'a', 'unique_sources': [['cam'], ['cam']]}]"));
+            QCOMPARE(import.sceneDocument()["nodes"].toArray().size(), 1);
+            QCOMPARE(CTestModels::alive(), 0);
+        }
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_CSceneImport)

@@ -98,6 +98,18 @@ void onNodeCreated(CMatrixWorld& world)
     hand.scene->createNode(std::make_unique<CWorldModel>(EKind::Step));
 }
 
+void removeNodeOfService(CMatrixWorld& world)
+{
+    world.service().removeNode(world.hand().node->id(), true);
+}
+
+void onIsUniqueOfNewModel(CMatrixWorld& world)
+{
+    auto source = world.makeSource();
+    world.arm(EHook::IsUnique, source.get());
+    world.addNode(std::move(source), {});
+}
+
 void onNodeDeletedWithScene(CMatrixWorld& world)
 {
     world.arm(EHook::NodeDeleted, world.hand().node);
@@ -489,6 +501,7 @@ const std::vector<SHook>& matrixHooks()
     static const std::vector<SHook> hooks{
         {"nodeCreated", &onNodeCreated, {}},
         {"nodeDeleted", &ofAny<EHook::NodeDeleted, &removeNodeAtHand>, {}},
+        {"nodeDeleted by the service", &ofAny<EHook::NodeDeleted, &removeNodeOfService>, {}},
         {"nodeDeleted with its scene", &onNodeDeletedWithScene, {sceneItself()}, SHook::HandFirst},
         {"connectionCreated", &onConnectionCreated, {}},
         {"connectionDeleted", &ofAny<EHook::ConnectionDeleted, &deleteConnectionAtHand>, {}},
@@ -520,6 +533,7 @@ const std::vector<SHook>& matrixHooks()
         {"nPorts", &onPorts, {}},
         {"creator of a model", &ofAny<EHook::Creator, &loadAtHand>, {}},
         {"name in a search", &ofModel<EHook::Name, &searchForName>, {}},
+        {"isUnique of a new model", &onIsUniqueOfNewModel, {}},
         {"isUnique in a save", &ofModel<EHook::IsUnique, &saveAtHand>, {}},
         {"isUnique in an import", &inAnImport<EHook::IsUnique>, {}},
         {"name in an import", &inAnImport<EHook::Name>, {}},
