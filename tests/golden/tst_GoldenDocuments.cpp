@@ -79,8 +79,7 @@ void registerModels(CNodeDataModelRegistry& registry)
     registry.registerModel<CGenericNodeDecouplerDataModel<CTestData>>(category);
     registerModel(registry, ENodeDataModelType::Sink, "View");
     registry.registerModel([] { return std::make_unique<CTestModel>(2, 2, "Prüfung"); }, category);
-    registry.registerTypeConverter({CTestData::defaultType(), CTestData::defaultType()},
-                                   [](const CNodeDataPtr& data) { return data; });
+    registry.registerTypeConverter({CTestData::defaultType(), CTestData::defaultType()}, &passOn);
 }
 
 /// Gives a scene its unique source, under the id that \a document has for it. Loading never makes a unique model, and

@@ -28,12 +28,6 @@ private:
     std::vector<int>& m_left;
 };
 
-/// A converter that changes nothing.
-inline Plugin::Halvex::CNodeDataPtr passOn(Plugin::Halvex::CNodeDataPtr data)
-{
-    return data;
-}
-
 /// A source, several sinks, and a connection from the source's output to each of them.
 struct SFan
 {
@@ -89,9 +83,3 @@ struct SPair
     STestNode other{9, 9, QStringLiteral("other")};
     std::unique_ptr<Plugin::Halvex::CNodeConnection> connection;
 };
-
-/// A converter that adds ten.
-inline Plugin::Halvex::CNodeDataPtr addTen(const Plugin::Halvex::CNodeDataPtr& data)
-{
-    return data ? CTestData::make(CTestData::valueOf(data) + 10) : nullptr;
-}

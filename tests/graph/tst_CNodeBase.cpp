@@ -6,6 +6,7 @@
 #include "graph/TestGraph.h"
 #include "support/BoundedWait.h"
 #include "support/CGraphInspector.h"
+#include "support/CLeakTest.h"
 #include "support/CMessageCatcher.h"
 
 #include <QThread>
@@ -34,13 +35,11 @@ using Numbers = std::vector<int>;
 
 } // namespace
 
-class tst_CNodeBase : public QObject
+class tst_CNodeBase : public CLeakTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(CTestModel::alive(), 0); }
-
     void slotsAreInvokable();
     void newNodeHasAnIdItsModelAndItsPorts();
     void nullModelIsReplaced();

@@ -5,6 +5,7 @@
 
 #include "graph/TestGraph.h"
 #include "support/CGraphInspector.h"
+#include "support/CLeakTest.h"
 #include "support/CMessageCatcher.h"
 
 #include <QtTest>
@@ -54,13 +55,11 @@ void resetOthers(std::vector<Member>& members, std::size_t position)
 Q_DECLARE_METATYPE(Deed)
 Q_DECLARE_METATYPE(EHowMany)
 
-class tst_CNodeBaseWalk : public QObject
+class tst_CNodeBaseWalk : public CLeakTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup();
-
     void nullOutputIsNotPropagated();
     void nodeWithoutConnectionsAsksOnce();
     void missingPortIsAskedAndReported();
@@ -80,12 +79,6 @@ private Q_SLOTS:
     void mayBeginAnew();
     void exceptionsPassThrough();
 };
-
-void tst_CNodeBaseWalk::cleanup()
-{
-    QCOMPARE(CTestModel::alive(), 0);
-    QCOMPARE(CTestData::alive(), 0);
-}
 
 void tst_CNodeBaseWalk::nullOutputIsNotPropagated()
 {

@@ -4,6 +4,7 @@
 #include <Halvex/models/ASinkNodeDataModel.h>
 
 #include "TestModels.h"
+#include "support/CLeakTest.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -15,13 +16,11 @@ using namespace Plugin::Halvex;
 static_assert(std::is_abstract_v<ASinkNodeDataModel>, "the concrete sink has operations left to write");
 static_assert(std::is_base_of_v<ANodeDataModel, ASinkNodeDataModel>, "a model with an identity");
 
-class tst_ASinkNodeDataModel : public QObject
+class tst_ASinkNodeDataModel : public CLeakTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup();
-
     void isASink();
     void keepsTheLastData();
     void keepsDataOfAWorkerFromTheEventLoopOn();
@@ -30,11 +29,6 @@ private Q_SLOTS:
     void survivesAListenerThatDestroysIt();
     void dyingModelTakesAndLeavesNoData();
 };
-
-void tst_ASinkNodeDataModel::cleanup()
-{
-    QCOMPARE(CTestData::alive(), 0);
-}
 
 void tst_ASinkNodeDataModel::isASink()
 {

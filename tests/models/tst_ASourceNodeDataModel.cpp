@@ -4,6 +4,7 @@
 #include <Halvex/models/ASourceNodeDataModel.h>
 
 #include "TestModels.h"
+#include "support/CLeakTest.h"
 #include "support/CTestScene.h"
 
 #include <QtTest>
@@ -44,13 +45,11 @@ public:
 
 } // namespace
 
-class tst_ASourceNodeDataModel : public QObject
+class tst_ASourceNodeDataModel : public CLeakTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup();
-
     void isAnEmptySource();
     void fedFromItsOwnThreadItAnnouncesBeforeReturning();
     void fedFromAWorkerItAnnouncesFromTheEventLoop();
@@ -63,11 +62,6 @@ private Q_SLOTS:
     void feedsAScene();
     void manyThreadsFeedIt();
 };
-
-void tst_ASourceNodeDataModel::cleanup()
-{
-    QCOMPARE(CTestData::alive(), 0);
-}
 
 void tst_ASourceNodeDataModel::isAnEmptySource()
 {

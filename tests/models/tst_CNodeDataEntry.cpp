@@ -4,6 +4,7 @@
 #include <Halvex/models/CNodeDataEntry.h>
 
 #include "TestModels.h"
+#include "support/CLeakTest.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -44,13 +45,11 @@ struct SEntered
 
 } // namespace
 
-class tst_CNodeDataEntry : public QObject
+class tst_CNodeDataEntry : public CLeakTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup();
-
     void defaultLeadsNowhere();
     void queuesAlsoInTheGraphsThread();
     void queuesFromAWorker();
@@ -66,11 +65,6 @@ private Q_SLOTS:
     void followsTheSourceIntoAnotherThread();
     void sourceGoesWhileThreadsSend();
 };
-
-void tst_CNodeDataEntry::cleanup()
-{
-    QCOMPARE(CTestData::alive(), 0);
-}
 
 void tst_CNodeDataEntry::defaultLeadsNowhere()
 {

@@ -4,6 +4,7 @@
 #include <Halvex/models/CNodeDataFlowProxy.h>
 
 #include "TestModels.h"
+#include "support/CLeakTest.h"
 
 #include <QtTest>
 
@@ -47,13 +48,11 @@ void requireProxyOfItsOwn()
 
 } // namespace
 
-class tst_CNodeDataFlowProxy : public QObject
+class tst_CNodeDataFlowProxy : public CLeakTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup();
-
     void belongsToItsParent();
     void sourcesAndSinksHaveOne();
     void emitsOncePerCallAndKeepsNothing();
@@ -61,11 +60,6 @@ private Q_SLOTS:
     void queuesDataByTheNamesOfSignalAndSlot();
     void listenerMayDestroyIt();
 };
-
-void tst_CNodeDataFlowProxy::cleanup()
-{
-    QCOMPARE(CTestData::alive(), 0);
-}
 
 void tst_CNodeDataFlowProxy::belongsToItsParent()
 {

@@ -10,6 +10,8 @@
 #include <Halvex/models/ASourceNodeDataModel.h>
 #include <Halvex/models/CDecoupler.h>
 #include <Halvex/models/CNodeDecouplerDataModelBase.h>
+#include <Halvex/scene/CNodeScene.h>
+#include <Halvex/service/CNodeService.h>
 
 #include <QMetaEnum>
 #include <QtTest>
@@ -64,6 +66,16 @@ const std::vector<SClass>& classes()
             {"public signal inDataUpdated(CNodeDataPtr ptrNodeData)", "public signal framesPerSecondChanged(double )",
              "private slot onNodeDataAvailable(CNodeDataPtr ptrNodeData)"},
             1),
+        classOf<CNodeScene, QObject>("CNodeScene", {"public signal nodeCreated(CNodeBase& node)",
+                                                    "public signal nodeDeleted(CNodeBase& node)",
+                                                    "public signal connectionCreated(CNodeConnection& connection)",
+                                                    "public signal connectionDeleted(CNodeConnection& connection)"}),
+        classOf<INodeService, Core::Service::IService>(
+            "INodeService",
+            {"public signal activeSceneChanged(CNodeScene* scene)", "public signal sceneAdded(CNodeScene* scene)",
+             "public signal sceneRemoving(CNodeScene* scene)", "public signal sceneRemoved()"}),
+        classOf<CNodeService, INodeService>("CNodeService", {"private slot onNodeCreated(CNodeBase& node)",
+                                                             "private slot onNodeDeleted(CNodeBase& node)"}),
     };
     return all;
 }

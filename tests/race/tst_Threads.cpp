@@ -7,6 +7,7 @@
 #include "models/CWorkerModel.h"
 #include "models/TestModels.h"
 #include "support/BoundedWait.h"
+#include "support/CLeakTest.h"
 #include "support/CServiceManager.h"
 #include "support/FreshSeed.h"
 #include "support/STestNode.h"
@@ -276,13 +277,11 @@ void removeNodeInAHandler(CNodeService& service, const Core::CId& node)
 Q_DECLARE_METATYPE(Removal)
 Q_DECLARE_METATYPE(Maker)
 
-class tst_Threads : public QObject
+class tst_Threads : public CLeakTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup();
-
     void graphsOfSeveralThreadsBegin(); // comes first: the process has registered nothing yet
     void threadsFeedWhileTheGraphChanges_data();
     void threadsFeedWhileTheGraphChanges();
@@ -296,12 +295,6 @@ private Q_SLOTS:
     void sinkGoesWhileAnotherThreadListens();
     void pluginIsUnloadedWhileThreadsSend();
 };
-
-void tst_Threads::cleanup()
-{
-    QCOMPARE(CTestData::alive(), 0);
-    QCOMPARE(CTestModel::alive(), 0);
-}
 
 void tst_Threads::graphsOfSeveralThreadsBegin()
 {

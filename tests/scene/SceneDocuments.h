@@ -86,12 +86,6 @@ inline QStringList contentsOf(const QByteArray& document)
     return contents;
 }
 
-/// A converter that changes nothing.
-inline Plugin::Halvex::CNodeDataPtr pass(Plugin::Halvex::CNodeDataPtr data)
-{
-    return data;
-}
-
 /// A scene whose registry knows "Test" (two ports per side), "Named", and the decoupler of test data.
 struct SDocumentWorld
 {

@@ -3,6 +3,7 @@
 
 #include <Halvex/scene/CNodeDataModelRegistry.h>
 
+#include "support/CLeakTest.h"
 #include "support/CTestModel.h"
 
 #include <QtTest>
@@ -88,13 +89,11 @@ public:
 
 } // namespace
 
-class tst_CNodeDataModelRegistry : public QObject
+class tst_CNodeDataModelRegistry : public CLeakTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup();
-
     void holdsWhatIsRegistered();
     void registersByType();
     void makesAndDestroysOnePrototype();
@@ -113,11 +112,6 @@ private Q_SLOTS:
     void movesAllTables();
     void moveAssignmentReplacesAllTables();
 };
-
-void tst_CNodeDataModelRegistry::cleanup()
-{
-    QCOMPARE(CTestModel::alive(), 0);
-}
 
 void tst_CNodeDataModelRegistry::holdsWhatIsRegistered()
 {

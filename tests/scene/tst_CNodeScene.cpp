@@ -8,9 +8,7 @@
 
 #include "scene/SceneSupport.h"
 #include "support/BoundedWait.h"
-#include "support/CContextTranslator.h"
 #include "support/HasAssertions.h"
-#include "support/MetaMethods.h"
 #include "support/MetaTypes.h"
 
 #include <QJsonObject>
@@ -115,9 +113,6 @@ private Q_SLOTS:
     void visitorMayRemoveNodes();
     void visitorMayAdd_data() { visitsInTheOrderOfTheTable_data(); }
     void visitorMayAdd();
-
-    void metaObject();
-    void textsAreTranslatedUnderTheClassName();
 };
 
 void tst_CNodeScene::cleanup()
@@ -593,24 +588,6 @@ void tst_CNodeScene::visitorMayAdd()
     });
     QCOMPARE(visits, 3);
     QCOMPARE(scene.nodes().size(), std::size_t(303));
-}
-
-void tst_CNodeScene::metaObject()
-{
-    const QMetaObject& metaObject = CNodeScene::staticMetaObject;
-    QCOMPARE(metaObject.className(), "Plugin::Halvex::CNodeScene");
-    QCOMPARE(metaObject.superClass(), &QObject::staticMetaObject);
-    QCOMPARE(methodsOf(metaObject),
-             QStringList({"public signal nodeCreated(CNodeBase& node)", "public signal nodeDeleted(CNodeBase& node)",
-                          "public signal connectionCreated(CNodeConnection& connection)",
-                          "public signal connectionDeleted(CNodeConnection& connection)"}));
-    QCOMPARE(otherMembersOf(metaObject), 0);
-}
-
-void tst_CNodeScene::textsAreTranslatedUnderTheClassName()
-{
-    const CContextTranslator translator;
-    QCOMPARE(CNodeScene::tr("text"), QStringLiteral("Plugin::Halvex::CNodeScene"));
 }
 
 QTEST_GUILESS_MAIN(tst_CNodeScene)

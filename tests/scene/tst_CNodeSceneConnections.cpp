@@ -4,6 +4,7 @@
 // Connections of a scene: how they are made and deleted.
 
 #include "scene/SceneSupport.h"
+#include "support/CLeakTest.h"
 
 #include <QtTest>
 
@@ -43,13 +44,11 @@ std::size_t entriesOf(const CPairScene& scene)
 
 Q_DECLARE_METATYPE(Deletion)
 
-class tst_CNodeSceneConnections : public QObject
+class tst_CNodeSceneConnections : public CLeakTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup();
-
     void connectsTheSecondNodeToTheFirst();
     void portsThatDoNotExist_data();
     void portsThatDoNotExist();
@@ -72,12 +71,6 @@ private Q_SLOTS:
     void connectionThatAHandlerKeptCanBeDeleted();
     void destroyedConnectionIsInNoTable();
 };
-
-void tst_CNodeSceneConnections::cleanup()
-{
-    QCOMPARE(CTestModel::alive(), 0);
-    QCOMPARE(CTestData::alive(), 0);
-}
 
 void tst_CNodeSceneConnections::connectsTheSecondNodeToTheFirst()
 {
@@ -179,9 +172,7 @@ void tst_CNodeSceneConnections::convertsWhatItDelivers()
 {
     CPairScene scene;
     scene.a.model.out = CTestData::make(1);
-    const auto connection = scene.createConnection(scene.b.node, 0, scene.a.node, 0, [](const CNodeDataPtr& data) {
-        return data ? CTestData::make(CTestData::valueOf(data) + 10) : nullptr;
-    });
+    const auto connection = scene.createConnection(scene.b.node, 0, scene.a.node, 0, &addTen);
     scene.a.model.offer(CTestData::make(2));
     QCOMPARE(scene.b.model.values(), (Numbers{11, 12}));
     QVERIFY(connection->save().contains("converter"));

@@ -4,6 +4,7 @@
 // Scenes as documents: what is written, and what is read back.
 
 #include "scene/SceneDocuments.h"
+#include "support/CLeakTest.h"
 
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
 #include <QTextCodec>
@@ -54,13 +55,11 @@ private:
 
 } // namespace
 
-class tst_SceneDocument : public QObject
+class tst_SceneDocument : public CLeakTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup();
-
     void emptySceneHasEmptyArrays();
     void documentIsIndentedUtf8();
     void documentNamesItsParts();
@@ -86,12 +85,6 @@ private Q_SLOTS:
     void connectionsDoNotReachTheSavedIdOfAUniqueModel();
     void tenMegabytes();
 };
-
-void tst_SceneDocument::cleanup()
-{
-    QCOMPARE(CTestModel::alive(), 0);
-    QCOMPARE(CTestData::alive(), 0);
-}
 
 void tst_SceneDocument::emptySceneHasEmptyArrays()
 {
@@ -184,7 +177,7 @@ void tst_SceneDocument::savingAfterLoadingGivesTheSameDocument()
 {
     const SDocumentWorld world;
     const SNodeDataType type = CTestData::defaultType();
-    world.registry->registerTypeConverter({type, type}, &pass);
+    world.registry->registerTypeConverter({type, type}, &passOn);
     CNodeBase& source = world.scene->createNode(world.registry->create("Test"));
     CNodeBase& named = world.scene->createNode(world.registry->create("Named"));
     auto model = std::make_unique<CDecouplerModel>();

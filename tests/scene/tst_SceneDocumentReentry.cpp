@@ -5,6 +5,7 @@
 // through all that is proved by tst_DeletionMatrix.
 
 #include "scene/SceneDocuments.h"
+#include "support/CLeakTest.h"
 
 #include <QtTest>
 
@@ -50,26 +51,21 @@ void destroy(World& world, CNodeBase&)
 /// Connects what the converters of connections make them ask for: their types.
 void connectWithTypes(const World& world)
 {
-    const NodeDataConverter pass = [](CNodeDataPtr data) { return data; };
-    world.scene->createConnection(world.node(idB), 0, world.node(idA), 0, pass);
-    world.scene->createConnection(world.node(idC), 0, world.node(idA), 1, pass);
+    world.scene->createConnection(world.node(idB), 0, world.node(idA), 0, &passOn);
+    world.scene->createConnection(world.node(idC), 0, world.node(idA), 1, &passOn);
 }
 
 } // namespace
 
 Q_DECLARE_METATYPE(Action)
 
-class tst_SceneDocumentReentry : public QObject
+class tst_SceneDocumentReentry : public CLeakTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup();
-
     void handlerDuringALoad_data();
     void handlerDuringALoad();
-    void sceneDestroyedWhileANodeIsMade_data();
-    void sceneDestroyedWhileANodeIsMade();
     void creatorReplacesTheRegistry();
     void handlersThatThrow();
     void restoreThatThrows();
@@ -83,12 +79,6 @@ private Q_SLOTS:
     void typeAskedForDeletesConnections();
     void typeAskedForDestroysTheScene();
 };
-
-void tst_SceneDocumentReentry::cleanup()
-{
-    QCOMPARE(CTestModel::alive(), 0);
-    QCOMPARE(CTestData::alive(), 0);
-}
 
 void tst_SceneDocumentReentry::handlerDuringALoad_data()
 {
@@ -127,35 +117,6 @@ void tst_SceneDocumentReentry::handlerDuringALoad()
     QTEST(world.log->count("created"), "created");
     QTEST(world.scene ? int(world.scene->nodes().size()) : -1, "nodes");
     QTEST(world.scene ? int(world.scene->connections().size()) : 0, "connections");
-}
-
-void tst_SceneDocumentReentry::sceneDestroyedWhileANodeIsMade_data()
-{
-    QTest::addColumn<QString>("by");
-    for (const char* by : {"creator", "info", "restore", "replaced model"})
-        QTest::newRow(by) << by;
-}
-
-void tst_SceneDocumentReentry::sceneDestroyedWhileANodeIsMade()
-{
-    QFETCH(const QString, by);
-    World world;
-    world.load({nodeJson(idA)});
-    world.log->said.clear();
-    const auto destroyScene = [&world] { world.scene.reset(); };
-    world.onCreate = [&](CTestModel& model) {
-        if (by == "creator")
-            destroyScene();
-        else if (by == "info")
-            connect(&model, &CNodeDataModel::infoInjected, destroyScene);
-        else if (by == "restore")
-            model.onRestore = destroyScene;
-    };
-    if (by == "replaced model")
-        world.model(idA).onDestroyed = destroyScene;
-    world.loadChain();
-    QVERIFY(!world.scene);
-    QCOMPARE(world.log->count("created"), 0);
 }
 
 void tst_SceneDocumentReentry::creatorReplacesTheRegistry()

@@ -4,6 +4,7 @@
 // What becomes of documents of scenes that are wrong.
 
 #include "scene/SceneDocuments.h"
+#include "support/CLeakTest.h"
 #include "support/CMessageCatcher.h"
 
 #include <QtTest>
@@ -66,13 +67,11 @@ struct SPlace
 
 Q_DECLARE_METATYPE(SPlace)
 
-class tst_WrongSceneDocuments : public QObject
+class tst_WrongSceneDocuments : public CLeakTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup();
-
     void textThatIsNoSceneLoadsNothing_data();
     void textThatIsNoSceneLoadsNothing();
     void wrongTypes_data();
@@ -85,12 +84,6 @@ private Q_SLOTS:
     void connectionToNothingIsRejected_data();
     void connectionToNothingIsRejected();
 };
-
-void tst_WrongSceneDocuments::cleanup()
-{
-    QCOMPARE(CTestModel::alive(), 0);
-    QCOMPARE(CTestData::alive(), 0);
-}
 
 void tst_WrongSceneDocuments::textThatIsNoSceneLoadsNothing_data()
 {
@@ -195,7 +188,7 @@ void tst_WrongSceneDocuments::wrongTypes()
     const QByteArray valid = documentOf({nodeJson(idA), with(nodeJson(idB), "model", decoupler)}, {connection});
 
     const SDocumentWorld world;
-    world.registry->registerTypeConverter({CTestData::defaultType(), CTestData::defaultType()}, &pass);
+    world.registry->registerTypeConverter({CTestData::defaultType(), CTestData::defaultType()}, &passOn);
     bool hasThrown = false;
     try {
         const QJsonValue root = replaced(rootOf(valid), QString(place.path).split('/'), value);

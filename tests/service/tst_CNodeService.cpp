@@ -6,7 +6,6 @@
 
 #include "CServiceFixture.h"
 #include "support/CTestScene.h"
-#include "support/MetaMethods.h"
 
 #include <limits>
 #include <stdexcept>
@@ -57,7 +56,6 @@ class tst_CNodeService : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void signalsAndSlots();
     void startsEmpty();
     void operations_data();
     void operations();
@@ -81,19 +79,6 @@ private Q_SLOTS:
     void createModelMakesModelsWithAnIdentity();
     void registerTypeConverterReachesEveryScene();
 };
-
-void tst_CNodeService::signalsAndSlots()
-{
-    QCOMPARE(methodsOf(INodeService::staticMetaObject),
-             QStringList({"public signal activeSceneChanged(CNodeScene* scene)",
-                          "public signal sceneAdded(CNodeScene* scene)",
-                          "public signal sceneRemoving(CNodeScene* scene)", "public signal sceneRemoved()"}));
-    QCOMPARE(methodsOf(CNodeService::staticMetaObject), QStringList({"private slot onNodeCreated(CNodeBase& node)",
-                                                                     "private slot onNodeDeleted(CNodeBase& node)"}));
-    QCOMPARE(otherMembersOf(INodeService::staticMetaObject), 0);
-    QCOMPARE(otherMembersOf(CNodeService::staticMetaObject), 0);
-    QCOMPARE(QString(CNodeService::staticMetaObject.className()), QString("Plugin::Halvex::CNodeService"));
-}
 
 void tst_CNodeService::startsEmpty()
 {

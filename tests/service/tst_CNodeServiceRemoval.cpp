@@ -31,6 +31,7 @@ private Q_SLOTS:
     void sceneMayGoWithItsLoneSink();
     void serviceMayGoWithItsLoneSink();
     void serviceMayGoWithItsScene();
+    void whatComesAsTheLoneSinkGoesGoesWithTheScene();
 
     void dyingServiceDestroysItsScenesInOrder();
     void dyingServiceMayBeCalled();
@@ -194,6 +195,21 @@ void tst_CNodeServiceRemoval::serviceMayGoWithItsScene()
         QCOMPARE(f.log.take().filter("removed").size(), isRemoved ? 1 : 0);
         QCOMPARE(CTestModels::alive(), 0);
     }
+}
+
+void tst_CNodeServiceRemoval::whatComesAsTheLoneSinkGoesGoesWithTheScene()
+{
+    F f;
+    const SPlaced cam = f.addSource();
+    const SPlaced view = f.addView();
+    connect(f.active(), &CNodeScene::nodeDeleted, this, [&](const CNodeBase& node) {
+        if (node.id() == view.id)
+            f.addView("late");
+    });
+    f.log.take();
+    f.service->removeNode(cam.id, true);
+    QCOMPARE(f.log.take(), QStringList({"1 deleted cam", "1 deleted view", "1 created late", "removing 1",
+                                        "1 deleted late", "removed"}));
 }
 
 void tst_CNodeServiceRemoval::dyingServiceDestroysItsScenesInOrder()

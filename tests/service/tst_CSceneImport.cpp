@@ -6,6 +6,7 @@
 #include "service/CSceneImport_p.h"
 
 #include "HostModels.h"
+#include "support/CLeakTest.h"
 #include "support/CTestScene.h"
 
 #include <QJsonDocument>
@@ -95,13 +96,11 @@ private:
 
 } // namespace
 
-class tst_CSceneImport : public QObject
+class tst_CSceneImport : public CLeakTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup();
-
     void documents_data();
     void documents();
     void wrongValues_data();
@@ -115,12 +114,6 @@ private Q_SLOTS:
     void emptyNameIsNoneOfAModelWithoutAName();
     void sourceThatLeavesWhenAsked();
 };
-
-void tst_CSceneImport::cleanup()
-{
-    QCOMPARE(CTestModels::alive(), 0);
-    QCOMPARE(CTestData::alive(), 0);
-}
 
 void tst_CSceneImport::documents_data()
 {

@@ -4,9 +4,8 @@
 // What the library says of the usual mistakes of those who use it: each in words, once, in a category that can be
 // switched off.
 
+#include "scene/SceneSupport.h"
 #include "support/CMessageCatcher.h"
-#include "support/CTestModel.h"
-#include "support/CTestScene.h"
 #include "support/HasAssertions.h"
 
 #include <Halvex/models/ASourceNodeDataModel.h>
@@ -67,52 +66,64 @@ public:
     CNodeService service{nullptr};
 };
 
+const SNodeDataType imageType{QStringLiteral("Image"), QStringLiteral("I")};
+
+/// Two nodes: one gives test data, the other takes images.
+struct SDifferingPair
+{
+    SDifferingPair()
+    {
+        taker.model.onDataType = [](ENodePortType side, NodePortIndex) {
+            return side == ENodePortType::In ? imageType : CTestData::defaultType();
+        };
+    }
+
+    std::shared_ptr<CNodeConnection> connect(NodeDataConverter converter = {}) const
+    {
+        return scene->createConnection(taker.node, 0, giver.node, 0, std::move(converter));
+    }
+
+    std::unique_ptr<CTestScene> scene = std::make_unique<CTestScene>(nullptr, nullptr);
+    SPlaced giver = place(*scene, QStringLiteral("Giver"));
+    SPlaced taker = place(*scene, QStringLiteral("Taker"));
+};
+
 /// Three nodes, of which the last one throws at data.
 class CChainThatThrows
 {
 public:
     CChainThatThrows()
     {
-        CNodeBase* before = nullptr;
-        for (const char* const name : {"First", "Middle", "Thrower"}) {
-            auto owned = std::make_unique<CTestModel>(1, 1, QString::fromLatin1(name));
-            m_last = owned.get();
-            m_first = m_first ? m_first : m_last;
-            CNodeBase& node = m_scene.createNode(std::move(owned));
-            if (before)
-                m_lastConnection = m_scene.createConnection(node, 0, *before, 0, {}).get();
-            before = &node;
-        }
-        m_idOfThrower = idText(*before);
-        m_last->onSetInData = [this](const CNodeDataPtr& data, NodePortIndex) {
+        join(m_scene, m_first, m_middle);
+        m_thrower.model.onSetInData = [this](const CNodeDataPtr& data, NodePortIndex) {
             if (!data)
                 return;
             if (disconnectsFirst)
-                m_scene.deleteConnectionNow(*m_lastConnection);
+                m_scene.deleteConnectionNow(*m_last);
             throw std::runtime_error("No data is good enough.");
         };
     }
 
-    bool throwsWhenItDelivers()
+    bool throwsWhenItDelivers() const
     {
         try {
-            m_first->offer(CTestData::make(1));
+            m_first.model.offer(CTestData::make(1));
         } catch (const std::runtime_error&) {
             return true;
         }
         return false;
     }
 
-    QString idOfThrower() const { return m_idOfThrower; }
+    QString idOfThrower() const { return idText(m_thrower.node); }
 
     bool disconnectsFirst = false;
 
 private:
     CTestScene m_scene{nullptr, nullptr};
-    CTestModel* m_first = nullptr;
-    CTestModel* m_last = nullptr;
-    CNodeConnection* m_lastConnection = nullptr;
-    QString m_idOfThrower;
+    SPlaced m_first = place(m_scene, QStringLiteral("First"));
+    SPlaced m_middle = place(m_scene, QStringLiteral("Middle"));
+    SPlaced m_thrower = place(m_scene, QStringLiteral("Thrower"));
+    CNodeConnection* m_last = join(m_scene, m_middle, m_thrower).get();
 };
 
 /// What it is asked for in a warning asks how far it has got.
@@ -147,10 +158,8 @@ private Q_SLOTS:
     void modelWithAParent();
     void nameThatIsRegisteredTwice();
     void typesThatDiffer();
-    void askingForTypesMayEndTheScene();
-    void askingForTypesMayRemoveOneNode();
-    void askingForNamesMayEndTheScene();
-    void askingForNamesMayRemoveOneNode();
+    void askingMayTakeThingsAway_data();
+    void askingMayTakeThingsAway();
     void dataOfAnotherTypeThanAnnounced();
     void askingDataForItsTypeMayEndTheNode();
     void converterThatGivesAnotherType();
@@ -191,16 +200,14 @@ void tst_Mistakes::dataForAPortThatIsNotThere()
 {
     const CMessageCatcher messages;
     CTestScene scene(nullptr, nullptr);
-    auto owned = std::make_unique<CTestModel>(1, 1, QStringLiteral("Splitter"));
-    CTestModel& model = *owned;
-    const CNodeBase& node = scene.createNode(std::move(owned));
-    model.offer(CTestData::make(1), 1);
-    model.offer(CTestData::make(2), 1);
+    const SPlaced splitter = place(scene, QStringLiteral("Splitter"));
+    splitter.model.offer(CTestData::make(1), 1);
+    splitter.model.offer(CTestData::make(2), 1);
     QCOMPARE(
         messages.texts("halvex.usage"),
         QStringList{QStringLiteral("The model \"Splitter\" of node %1 gives data for output port 1, which it does not "
                                    "have: its nPorts() said so when the node was made.")
-                        .arg(idText(node))});
+                        .arg(idText(splitter.node))});
 }
 
 void tst_Mistakes::modelWithAParent()
@@ -233,94 +240,76 @@ void tst_Mistakes::nameThatIsRegisteredTwice()
 void tst_Mistakes::typesThatDiffer()
 {
     const CMessageCatcher messages;
-    CTestScene scene(nullptr, nullptr);
-    CNodeBase& out = scene.createNode(std::make_unique<CTestModel>(1, 1, QStringLiteral("Giver")));
-    auto taker = std::make_unique<CTestModel>(1, 1, QStringLiteral("Taker"));
-    taker->onDataType = [](ENodePortType, NodePortIndex) { return SNodeDataType{"Image", "I"}; };
-    CNodeBase& in = scene.createNode(std::move(taker));
-    QVERIFY(scene.createConnection(in, 0, out, 0, [](const CNodeDataPtr& data) { return data; }));
+    const SDifferingPair pair;
+    QVERIFY(pair.connect(&passOn));
     QCOMPARE(messages.texts(), QStringList());
-    QVERIFY(scene.createConnection(in, 0, out, 0, {}));
+    QVERIFY(pair.connect());
     QCOMPARE(
         messages.texts("halvex.usage"),
         QStringList{QStringLiteral("Output port 0 of the model \"Giver\" of node %1 gives \"Test data\", input port 0 "
                                    "of the model \"Taker\" of node %2 takes \"Image\", and no converter is between "
                                    "them.")
-                        .arg(idText(out), idText(in))});
+                        .arg(idText(pair.giver.node), idText(pair.taker.node))});
 }
 
-void tst_Mistakes::askingForTypesMayEndTheScene()
+void tst_Mistakes::askingMayTakeThingsAway_data()
 {
-    const CMessageCatcher messages;
-    auto scene = std::make_unique<CTestScene>(nullptr, nullptr);
-    CNodeBase& out = scene->createNode(std::make_unique<CTestModel>());
-    auto taker = std::make_unique<CTestModel>();
-    CTestModel& model = *taker;
-    CNodeBase& in = scene->createNode(std::move(taker));
-    model.onDataType = [&scene](ENodePortType, NodePortIndex) {
-        CTestScene::endInside(scene);
-        return SNodeDataType{"Image", "I"};
-    };
-    QVERIFY(scene->createConnection(in, 0, out, 0, {})); // it is shared, and leads nowhere
-    QVERIFY(!scene);
-    QCOMPARE(messages.texts(), QStringList());
-    QCOMPARE(CTestModels::alive(), 0);
-}
-
-void tst_Mistakes::askingForTypesMayRemoveOneNode()
-{
-    for (const ENodePortType leaving : {ENodePortType::In, ENodePortType::Out}) {
-        const CMessageCatcher messages;
-        CTestScene scene(nullptr, nullptr);
-        CNodeBase& out = scene.createNode(std::make_unique<CTestModel>());
-        auto taker = std::make_unique<CTestModel>();
-        CTestModel& model = *taker;
-        CNodeBase& in = scene.createNode(std::move(taker));
-        model.onDataType = [&, leaving](ENodePortType, NodePortIndex) {
-            scene.removeNode(leaving == ENodePortType::In ? in : out);
-            return SNodeDataType{"Image", "I"};
-        };
-        scene.createConnection(in, 0, out, 0, {});
-        QCOMPARE(scene.nodes().size(), std::size_t(1));
-        QCOMPARE(messages.texts(), QStringList());
+    QTest::addColumn<bool>("isForTypes"); // or for names
+    QTest::addColumn<QString>("leaving");
+    for (const char* const leaving : {"scene", "in node", "out node"}) {
+        QTest::addRow("types, %s", leaving) << true << leaving;
+        QTest::addRow("names, %s", leaving) << false << leaving;
     }
 }
 
-void tst_Mistakes::askingForNamesMayEndTheScene()
+void tst_Mistakes::askingMayTakeThingsAway()
 {
+    QFETCH(const bool, isForTypes);
+    QFETCH(const QString, leaving);
     const CMessageCatcher messages;
-    auto scene = std::make_unique<CTestScene>(nullptr, nullptr);
-    auto giver = std::make_unique<CTestModel>();
-    CTestModel& model = *giver;
-    CNodeBase& out = scene->createNode(std::move(giver));
-    auto taker = std::make_unique<CTestModel>();
-    taker->onDataType = [](ENodePortType, NodePortIndex) { return SNodeDataType{"Image", "I"}; };
-    CNodeBase& in = scene->createNode(std::move(taker));
-    model.onName = [&scene] { CTestScene::endInside(scene); };
-    QVERIFY(scene->createConnection(in, 0, out, 0, {}));
-    QVERIFY(!scene);
+    SDifferingPair pair;
+    const auto takeAway = [&] {
+        pair.giver.model.onName = {};
+        if (leaving == "scene")
+            CTestScene::endInside(pair.scene);
+        else
+            pair.scene->removeNode(leaving == "in node" ? pair.taker.node : pair.giver.node);
+    };
+    if (isForTypes) {
+        pair.taker.model.onDataType = [&](ENodePortType, NodePortIndex) {
+            takeAway();
+            return imageType;
+        };
+    } else {
+        pair.giver.model.onName = takeAway;
+    }
+
+    const auto connection = pair.connect();
     QCOMPARE(messages.texts(), QStringList());
-    QCOMPARE(CTestModels::alive(), 0);
+    if (pair.scene)
+        QCOMPARE(pair.scene->nodes().size(), std::size_t(1));
+    else
+        QVERIFY(connection); // it is shared, and leads nowhere
+    QCOMPARE(pair.scene == nullptr, leaving == "scene");
+    QCOMPARE(CTestModels::alive(), pair.scene ? 1 : 0);
 }
 
 void tst_Mistakes::dataOfAnotherTypeThanAnnounced()
 {
     const CMessageCatcher messages;
     CTestScene scene(nullptr, nullptr);
-    auto owned = std::make_unique<CTestModel>(1, 1, QStringLiteral("Giver"));
-    CTestModel& model = *owned;
-    const CNodeBase& node = scene.createNode(std::move(owned));
-    model.offer(CTestData::make(1));
+    const SPlaced giver = place(scene, QStringLiteral("Giver"));
+    giver.model.offer(CTestData::make(1));
     QCOMPARE(messages.texts(), QStringList());
 
-    model.offer(QSharedPointer<CTestData>::create(2, SNodeDataType{"Image", "I"}));
-    model.offer({});
+    giver.model.offer(QSharedPointer<CTestData>::create(2, imageType));
+    giver.model.offer({});
     QStringList expected; // asking costs each delivery a call
     if (hasAssertions)
         expected << QStringLiteral(
                         "Output port 0 of the model \"Giver\" of node %1 is for \"Test data\", but \"Image\" "
                         "comes there.")
-                        .arg(idText(node));
+                        .arg(idText(giver.node));
     QCOMPARE(messages.texts("halvex.usage"), expected);
 }
 
@@ -332,7 +321,7 @@ void tst_Mistakes::askingDataForItsTypeMayEndTheNode()
         SNodeDataType type() const override
         {
             onType();
-            return {"Image", "I"};
+            return imageType;
         }
         std::function<void()> onType;
     };
@@ -351,44 +340,15 @@ void tst_Mistakes::askingDataForItsTypeMayEndTheNode()
 void tst_Mistakes::converterThatGivesAnotherType()
 {
     const CMessageCatcher messages;
-    CTestScene scene(nullptr, nullptr);
-    auto giver = std::make_unique<CTestModel>();
-    CTestModel& model = *giver;
-    CNodeBase& out = scene.createNode(std::move(giver));
-    auto taker = std::make_unique<CTestModel>(1, 1, QStringLiteral("Taker"));
-    taker->onDataType = [](ENodePortType side, NodePortIndex) {
-        return side == ENodePortType::In ? SNodeDataType{"Image", "I"} : CTestData::defaultType();
-    };
-    CNodeBase& in = scene.createNode(std::move(taker));
-    QVERIFY(scene.createConnection(in, 0, out, 0, [](const CNodeDataPtr& data) { return data; }));
-    model.offer(CTestData::make(1));
+    const SDifferingPair pair;
+    QVERIFY(pair.connect(&passOn));
+    pair.giver.model.offer(CTestData::make(1));
     QStringList expected;
     if (hasAssertions)
         expected << QStringLiteral("Input port 0 of the model \"Taker\" of node %1 is for \"Image\", but \"Test data\" "
                                    "comes there.")
-                        .arg(idText(in));
+                        .arg(idText(pair.taker.node));
     QCOMPARE(messages.texts("halvex.usage"), expected);
-}
-
-void tst_Mistakes::askingForNamesMayRemoveOneNode()
-{
-    for (const ENodePortType leaving : {ENodePortType::In, ENodePortType::Out}) {
-        const CMessageCatcher messages;
-        CTestScene scene(nullptr, nullptr);
-        auto giver = std::make_unique<CTestModel>();
-        CTestModel& model = *giver;
-        CNodeBase& out = scene.createNode(std::move(giver));
-        auto taker = std::make_unique<CTestModel>();
-        taker->onDataType = [](ENodePortType, NodePortIndex) { return SNodeDataType{"Image", "I"}; };
-        CNodeBase& in = scene.createNode(std::move(taker));
-        model.onName = [&, leaving] {
-            model.onName = {};
-            scene.removeNode(leaving == ENodePortType::In ? in : out);
-        };
-        scene.createConnection(in, 0, out, 0, {});
-        QCOMPARE(scene.nodes().size(), std::size_t(1));
-        QCOMPARE(messages.texts(), QStringList());
-    }
 }
 
 void tst_Mistakes::exceptionThroughAnEventLoop()
@@ -445,7 +405,7 @@ void tst_Mistakes::unknownModelIsSaved()
 {
     CTestScene scene(registryWith(QStringLiteral("Known")), nullptr, nullptr);
     scene.createNode(std::make_unique<CNamedTestModel>(1, 1, QStringLiteral("Known")));
-    const CNodeBase& node = scene.createNode(std::make_unique<CTestModel>(1, 1, QStringLiteral("Stranger")));
+    const CNodeBase& node = place(scene, QStringLiteral("Stranger")).node;
     auto unique = std::make_unique<CNamedTestModel>(1, 1, QStringLiteral("Camera"), QStringLiteral("cam"));
     unique->unique = true; // it is looked for, not made
     scene.createNode(std::move(unique));

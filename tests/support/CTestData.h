@@ -49,3 +49,15 @@ private:
     Plugin::Halvex::SNodeDataType m_type;
     static inline std::atomic<int> s_alive{0};
 };
+
+/// A converter that changes nothing.
+inline Plugin::Halvex::CNodeDataPtr passOn(Plugin::Halvex::CNodeDataPtr data)
+{
+    return data;
+}
+
+/// A converter that adds ten.
+inline Plugin::Halvex::CNodeDataPtr addTen(const Plugin::Halvex::CNodeDataPtr& data)
+{
+    return data ? CTestData::make(CTestData::valueOf(data) + 10) : nullptr;
+}

@@ -35,7 +35,8 @@ CMatrixWorld::CMatrixWorld(ELayout layout, bool hasDecouplers, bool hasWorkers)
             place.decoupler = &place.scene->createNode(std::make_unique<TestDecoupler>());
         if (hasWorkers)
             place.worker = &place.scene->createNode(makeWorker());
-        place.node = &addStep(*place.scene);
+        // As hosts do, so that the service knows it; it does not know the others.
+        place.node = addNode(std::make_unique<CWorldModel>(EKind::Step), {});
     }
     hand().feeder = up.node;
     at(ETarget::Downstream).feeder = hand().node;
@@ -84,10 +85,15 @@ void CMatrixWorld::onHook(EHook hook, const void* object)
 {
     if (!m_isArmed || m_hasFired || hook != m_hook || (m_object && object != m_object))
         return;
-    m_hasFired = true;
     if (m_first)
         m_first(object);
-    m_handler();
+    fire();
+}
+
+void CMatrixWorld::fire()
+{
+    if (!std::exchange(m_hasFired, true))
+        m_handler();
 }
 
 CNodeConnection* CMatrixWorld::connectPlace(const SPlace& place)
@@ -117,9 +123,8 @@ void CMatrixWorld::feedDecoupler(const SPlace& place, CNodeDataPtr data)
 void CMatrixWorld::addScene(SPlace& place)
 {
     const auto info = QSharedPointer<CWorldInfo>::create();
-    const Core::CId id = service().addNode(makeSource(&place.sourceName), info);
+    place.source = addNode(makeSource(&place.sourceName), info);
     place.scene = service().getActiveScene();
-    place.source = service().findNode(id);
     place.feeder = place.source;
     place.info = info;
 }

@@ -50,6 +50,8 @@ public:
     /// The hook that is meant, from now on: that of \a object, or of any. \a first is done before the handler runs.
     using First = std::function<void(const void* object)>;
     void arm(EHook hook, const void* object = nullptr, First first = {});
+    /// Runs the handler, if it has not run yet: for what is no hook.
+    void fire();
 
     /// Makes the connection from \a place's feeder to its node.
     static Plugin::Halvex::CNodeConnection* connectPlace(const SPlace& place);

@@ -22,8 +22,11 @@ CWitness::CWitness(CNodeService& service)
             present += numberOf(scene) != 0 ? 1 : 0;
         require(++m_removedScenes + present <= m_lastScene, "sceneRemoved() comes once for each scene that is gone");
         m_told.push_back({EHook::SceneRemoved, 0, 0, 0});
+        m_lastSignal = {EHook::SceneRemoved, nullptr};
         IHookListener::call(EHook::SceneRemoved, nullptr);
     });
+    QObject::connect(&service, &INodeService::sceneRemoved, &m_context,
+                     [this] { onLastHandler(EHook::SceneRemoved, nullptr); });
 }
 
 template <typename Signal>
@@ -35,15 +38,23 @@ void CWitness::hearService(EHook hook, Signal signal)
         onServiceSignal(hook, scene);
         IHookListener::call(hook, scene);
     });
-    QObject::connect(m_service, signal, &m_context, [this](CNodeScene* scene) {
+    QObject::connect(m_service, signal, &m_context, [this, hook](CNodeScene* scene) {
+        onLastHandler(hook, scene);
         require(!scene || m_hasHostDestroyedScene || m_service->scenes().contains(scene),
                 "a handler was given a scene that is gone");
     });
 }
 
+void CWitness::onLastHandler(EHook hook, CNodeScene* scene)
+{
+    require(m_lastSignal == std::make_pair(hook, const_cast<const CNodeScene*>(scene)),
+            "all handlers of the service hear its signals in the same order");
+}
+
 void CWitness::onServiceSignal(EHook hook, CNodeScene* scene)
 {
     m_told.push_back({hook, numberOf(scene), 0, 0});
+    m_lastSignal = {hook, scene};
     const bool isKnown = m_scenes.count(scene) != 0;
     require(isKnown || !scene, "a signal names a scene that is gone");
     if (hook == EHook::ActiveSceneChanged)
@@ -56,7 +67,8 @@ void CWitness::onServiceSignal(EHook hook, CNodeScene* scene)
     else
         require(known.isAdded, "sceneAdded() comes first");
     if (hook == EHook::SceneRemoving)
-        require(!std::exchange(known.isRemoving, true), "sceneRemoving() comes once");
+        require(!std::exchange(known.isRemoving, true) && !scene->isBeingDestroyed(),
+                "sceneRemoving() comes once, before the scene goes");
 }
 
 void CWitness::hear(CNodeScene& scene)

@@ -98,6 +98,7 @@ private:
     template <typename Signal>
     void hearService(EHook hook, Signal signal);
     void onServiceSignal(EHook hook, CNodeScene* scene);
+    void onLastHandler(EHook hook, CNodeScene* scene);
     void onNode(EHook hook, CNodeScene& scene, CNodeBase& node);
     void onConnection(EHook hook, CNodeScene& scene, CNodeConnection& connection);
     void hearModel(CNodeBase& node);
@@ -116,7 +117,8 @@ private:
     std::map<const CNodeConnection*, SConnection> m_connections;
     std::vector<STold> m_told;
     std::multiset<const CNodeScene*> m_telling;
-    QPointer<CNodeScene> m_lastActive; // as it was told
+    std::pair<EHook, const CNodeScene*> m_lastSignal; // of the service
+    QPointer<CNodeScene> m_lastActive;                // as it was told
     int m_lastNode = 0;
     int m_lastScene = 0;
     int m_removedScenes = 0; // as it was told

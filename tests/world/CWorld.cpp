@@ -148,6 +148,19 @@ NodeDataConverter CWorld::converter()
     };
 }
 
+CNodeBase* CWorld::addNode(std::unique_ptr<ANodeDataModel> model, const QSharedPointer<CWorldInfo>& info)
+{
+    const Core::CId id = m_service->addNode(std::move(model), info);
+    if (!hasService() || id == Core::CId())
+        return nullptr;
+    CNodeBase* const node = m_service->findNode(id);
+    // It may have come into the active scene while that goes, and goes with it.
+    const QPointer<CNodeScene> active = m_service->getActiveScene();
+    if (!node && !(active && active->isBeingDestroyed()))
+        m_witness.complain("a node that was added is there");
+    return node;
+}
+
 void CWorld::destroyScene(CNodeScene* scene)
 {
     m_witness.onSceneDestroyedByHost();

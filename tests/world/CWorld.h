@@ -90,6 +90,8 @@ public:
     CNodeDataPtr makeNextData() { return makeData(++m_lastSending * perSending); }
     /// Adds one to what passes, so that it shows.
     NodeDataConverter converter();
+    /// Returns the node that the service says it has added; null if it says none.
+    CNodeBase* addNode(std::unique_ptr<Plugin::Halvex::ANodeDataModel> model, const QSharedPointer<CWorldInfo>& info);
     void destroyScene(CNodeScene* scene);
     void destroyService();
     /// The scene document that holds \a place's node, made anew, and its connection.

@@ -8,6 +8,7 @@
 #include <QJsonObject>
 #include <QTest>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Plugin::Halvex;
@@ -97,10 +98,41 @@ void onNodeCreated(CMatrixWorld& world)
     hand.scene->createNode(std::make_unique<CWorldModel>(EKind::Step));
 }
 
+void removeNodeOfService(CMatrixWorld& world)
+{
+    world.service().removeNode(world.hand().node->id(), true);
+}
+
+void onIsUniqueOfNewModel(CMatrixWorld& world)
+{
+    auto source = world.makeSource();
+    world.arm(EHook::IsUnique, source.get());
+    world.addNode(std::move(source), {});
+}
+
 void onNodeDeletedWithScene(CMatrixWorld& world)
 {
     world.arm(EHook::NodeDeleted, world.hand().node);
     removeSceneAtHand(world);
+}
+
+/// A host may destroy a scene itself.
+void onNodeDeletedByTheHost(CMatrixWorld& world)
+{
+    world.arm(EHook::NodeDeleted, world.hand().node);
+    world.destroyScene(world.hand().scene);
+}
+
+void onSceneDestroyed(CMatrixWorld& world)
+{
+    QObject::connect(world.hand().scene, &QObject::destroyed, [&world] { world.fire(); });
+    world.destroyScene(world.hand().scene);
+}
+
+void onSceneRemovedByTheHost(CMatrixWorld& world)
+{
+    world.arm(EHook::SceneRemoved);
+    world.destroyScene(world.hand().scene);
 }
 
 void onConnectionCreated(CMatrixWorld& world)
@@ -134,7 +166,7 @@ void onSceneAdded(CMatrixWorld& world)
         added.sourceName = name;
         world.hand() = added;
     });
-    world.service().addNode(std::move(source), {});
+    world.addNode(std::move(source), {});
 }
 
 void onUpdated(CMatrixWorld& world)
@@ -227,15 +259,22 @@ void onPorts(CMatrixWorld& world)
     world.hand().scene->createNode(std::move(model));
 }
 
+void onInfoOfNewNode(CMatrixWorld& world)
+{
+    world.arm(EHook::InfoInjected);
+    world.hand().scene->createNode(std::make_unique<CWorldModel>(EKind::Step));
+}
+
 void searchForName(CMatrixWorld& world)
 {
     world.hand().scene->restoreNode({{"model", QJsonObject{{"name", "none"}, {"is_unique", true}}}});
 }
 
-void onIsUniqueInAnImport(CMatrixWorld& world)
+template <EHook hook>
+void inAnImport(CMatrixWorld& world)
 {
     activateSceneAtHand(world);
-    world.arm(EHook::IsUnique, dynamic_cast<CWorldModel*>(world.hand().source->nodeDataModel()));
+    world.arm(hook, dynamic_cast<CWorldModel*>(world.hand().source->nodeDataModel()));
     world.service().importDocument(importDocumentFor(world.hand()));
 }
 
@@ -275,7 +314,7 @@ void restoreAtHand(CMatrixWorld& world)
 void onDataType(CMatrixWorld& world)
 {
     // A connection with a converter says between which types.
-    world.hand().connection->setTypeConverter([](CNodeDataPtr data) { return data; });
+    world.hand().connection->setTypeConverter(&passOn);
     world.arm(EHook::DataType, modelAtHand(world));
     if (const CNodeConnection* const connection = world.hand().connection)
         connection->save();
@@ -462,6 +501,7 @@ const std::vector<SHook>& matrixHooks()
     static const std::vector<SHook> hooks{
         {"nodeCreated", &onNodeCreated, {}},
         {"nodeDeleted", &ofAny<EHook::NodeDeleted, &removeNodeAtHand>, {}},
+        {"nodeDeleted by the service", &ofAny<EHook::NodeDeleted, &removeNodeOfService>, {}},
         {"nodeDeleted with its scene", &onNodeDeletedWithScene, {sceneItself()}, SHook::HandFirst},
         {"connectionCreated", &onConnectionCreated, {}},
         {"connectionDeleted", &ofAny<EHook::ConnectionDeleted, &deleteConnectionAtHand>, {}},
@@ -471,11 +511,16 @@ const std::vector<SHook>& matrixHooks()
         {"sceneAdded", &onSceneAdded, {nodesOfNewScene()}},
         {"sceneRemoving", &ofAny<EHook::SceneRemoving, &removeSceneAtHand>, {}},
         {"sceneRemoved", &ofAny<EHook::SceneRemoved, &removeSceneAtHand>, {everythingInItsScene()}},
+        {"nodeDeleted as the host destroys its scene", &onNodeDeletedByTheHost, {sceneItself()}, SHook::HandFirst},
+        {"destroyed of a scene", &onSceneDestroyed, {everythingInItsScene()}},
+        {"sceneRemoved as the host destroys it", &onSceneRemovedByTheHost, {everythingInItsScene()}},
         {"updated", &onUpdated, {}},
         {"dataUpdated before the walk", &ofModel<EHook::DataUpdatedFirst, &feedUpstream>, {}},
         {"dataUpdated after the walk", &ofModel<EHook::DataUpdatedLast, &feedUpstream>, {}},
         {"newDataAvailable", &ofModel<EHook::NewData, &feedAtHand>, {}},
         {"infoInjected", &ofModel<EHook::InfoInjected, &setInfoAtHand>, {}},
+        {"infoInjected into a new node", &onInfoOfNewNode, {}},
+        {"infoInjected into a node of a document", &ofAny<EHook::InfoInjected, &loadAtHand>, {}},
         {"inDataUpdated", &onInDataUpdated, {}, SHook::Decouplers},
         {"framesPerSecondChanged", &onRateChanged, {}, SHook::Decouplers},
         {"computingStarted", &ofWorker<EHook::ComputingStarted, &feedIdleWorker>, {}, SHook::Workers},
@@ -488,8 +533,10 @@ const std::vector<SHook>& matrixHooks()
         {"nPorts", &onPorts, {}},
         {"creator of a model", &ofAny<EHook::Creator, &loadAtHand>, {}},
         {"name in a search", &ofModel<EHook::Name, &searchForName>, {}},
+        {"isUnique of a new model", &onIsUniqueOfNewModel, {}},
         {"isUnique in a save", &ofModel<EHook::IsUnique, &saveAtHand>, {}},
-        {"isUnique in an import", &onIsUniqueInAnImport, {}},
+        {"isUnique in an import", &inAnImport<EHook::IsUnique>, {}},
+        {"name in an import", &inAnImport<EHook::Name>, {}},
         {"dataType", &onDataType, {}},
         {"visitor of nodes", &ofAny<EHook::Visitor, &visitNodes>, {}},
         {"visitor of models", &ofAny<EHook::Visitor, &visitModels>, {}},
@@ -520,4 +567,13 @@ const std::vector<SHook>& matrixHooks()
         {"info destroyed with its scene", &onInfoDestroyedWithScene, {sceneItself(), nodesOfItsScene()}},
     };
     return hooks;
+}
+
+const SHook& findHook(const QString& name)
+{
+    const auto found = std::find_if(matrixHooks().begin(), matrixHooks().end(),
+                                    [&name](const SHook& each) { return QLatin1String(each.name) == name; });
+    if (found == matrixHooks().end())
+        qFatal("There is no hook \"%s\".", qPrintable(name));
+    return *found;
 }

@@ -9,6 +9,8 @@
 
 namespace {
 
+constexpr std::size_t destructiveOperations = 12;
+
 template <bool isAtOnce>
 Proof deleteConnection(CWorld& world, const SPlace& place, const Arguments&)
 {
@@ -323,6 +325,7 @@ const std::vector<SOperation>& operations()
     static const std::vector<SOperation> all = [] {
         constexpr bool ofService = true;
         std::vector<SOperation> found{
+            // These destroy or rewire something.
             {"deleteConnection", EPart::Connection, &deleteConnection<false>, &expectDeletion, 3},
             {"deleteConnectionNow", EPart::Connection, &deleteConnection<true>, &expectDeletion, 3},
             {"createConnection", EPart::Node, &createConnection, &expectConnection, 10},
@@ -337,10 +340,29 @@ const std::vector<SOperation>& operations()
              &expectShutDown<&SPlace::decoupler>, 1},
             {"worker removed", EPart::Worker, &shutDown<&SPlace::worker>, &expectShutDown<&SPlace::worker>, 1},
         };
-        Q_ASSERT(found.size() == matrixOperations);
+        Q_ASSERT(found.size() == destructiveOperations);
         const std::vector<SOperation> others = otherOperations();
         found.insert(found.end(), others.begin(), others.end());
         return found;
     }();
     return all;
+}
+
+std::vector<const SOperation*> matrixOperations()
+{
+    std::vector<const SOperation*> found;
+    for (const SOperation& operation : operations()) {
+        if (found.size() < destructiveOperations || operation.isOfService)
+            found.push_back(&operation);
+    }
+    return found;
+}
+
+const SOperation& findOperation(const QString& name)
+{
+    const auto found = std::find_if(operations().begin(), operations().end(),
+                                    [&name](const SOperation& each) { return QLatin1String(each.name) == name; });
+    if (found == operations().end())
+        qFatal("There is no operation \"%s\".", qPrintable(name));
+    return *found;
 }

@@ -36,11 +36,14 @@ struct SOperation
     void (*expect)(STables&, const CWorld&, const SPlace&, const SArguments&) = nullptr;
     int weight = 0;           ///< How often it is chosen, among others.
     bool isOfService = false; ///< And so throws nothing.
+    SArguments inMatrix = {}; ///< Where the plainest choice does nothing.
 };
 
 /// The import document that adds a node behind the source of \a place's scene.
 QString importDocumentFor(const SPlace& place);
 
-/// All operations. The first ones, which destroy or rewire something, are those of the matrix.
 const std::vector<SOperation>& operations();
-constexpr std::size_t matrixOperations = 12;
+/// Those that destroy or rewire something, and all of the service.
+std::vector<const SOperation*> matrixOperations();
+/// The one of that name.
+const SOperation& findOperation(const QString& name);

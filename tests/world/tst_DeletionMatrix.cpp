@@ -46,6 +46,13 @@ bool contains(const std::vector<T>& values, T value)
     return std::find(values.begin(), values.end(), value) != values.end();
 }
 
+std::vector<ETarget> targetsOf(const SOperation& operation)
+{
+    if (operation.part == EPart::Service)
+        return {ETarget::AtHand}; // they do not look at it
+    return {ETarget::AtHand, ETarget::Upstream, ETarget::Downstream, ETarget::Unrelated};
+}
+
 /// Why the cell makes no sense: its target is not there. Null if it is.
 const char* reasonAgainst(const SCell& cell)
 {
@@ -89,13 +96,11 @@ void tst_DeletionMatrix::cell_data()
     QTest::addColumn<SCell>("cell");
     for (const ELayout layout : {ELayout::OneScene, ELayout::SceneEach}) {
         for (const SHook& hook : matrixHooks()) {
-            for (std::size_t i = 0; i < matrixOperations; ++i) {
-                const SOperation& operation = operations()[i];
-                for (const ETarget target :
-                     {ETarget::AtHand, ETarget::Upstream, ETarget::Downstream, ETarget::Unrelated}) {
-                    const SCell cell{layout, &hook, &operation, target};
+            for (const SOperation* const operation : matrixOperations()) {
+                for (const ETarget target : targetsOf(*operation)) {
+                    const SCell cell{layout, &hook, operation, target};
                     const char* const reason = reasonAgainst(cell);
-                    QTest::addRow("%s / %s / %s / %s%s%s", nameOf(layout), hook.name, operation.name, nameOf(target),
+                    QTest::addRow("%s / %s / %s / %s%s%s", nameOf(layout), hook.name, operation->name, nameOf(target),
                                   reason ? ": none, for " : "", reason ? reason : "")
                         << cell;
                 }
@@ -116,7 +121,7 @@ void tst_DeletionMatrix::cell()
         const SPlace& target = world->at(cell.target);
         isThere = world->has(cell.operation->part, target);
         if (isThere)
-            proof = cell.operation->run(*world, target, {});
+            proof = cell.operation->run(*world, target, cell.operation->inMatrix);
     });
     cell.hook->provoke(*world);
     QVERIFY2(world->hasFired(), "the hook has not run");
@@ -126,6 +131,9 @@ void tst_DeletionMatrix::cell()
     QCOMPARE(world->inconsistency(), QString());
     QCOMPARE(world->inconsistencyOfWalks(), QString());
     QCOMPARE(world->inconsistencyOfWorkers(), QString());
+    // And it goes on as ever.
+    QVERIFY(!world->hasService() || world->addNode(world->makeSource(), {}));
+    QCOMPARE(world->witness().complaintAfterStep(0), QString());
 }
 
 void tst_DeletionMatrix::cleanup()
