@@ -15,8 +15,9 @@ template <unsigned char byte>
 class COverwritten
 {
 public:
-    static void* operator new(std::size_t size) { return ::operator new(size); }
-    static void operator delete(void* memory, std::size_t size)
+    // Neither is put in line: the compiler would take what only one of them does for a mistake.
+    Q_NEVER_INLINE static void* operator new(std::size_t size) { return ::operator new(size); }
+    Q_NEVER_INLINE static void operator delete(void* memory, std::size_t size)
     {
         std::fill_n(static_cast<volatile unsigned char*>(memory), size, byte); // volatile, so that it is not left out
         ::operator delete(memory);
