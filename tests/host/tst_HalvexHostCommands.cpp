@@ -148,10 +148,11 @@ void tst_HalvexHostCommands::completions_data()
     addRow("format", QStringList{"draw", "--format", ""}, "dot\npng\nsvg\n", false);
     addRow("pixel format", QStringList{"run", "--pixel-format", "M"}, "Mono16\nMono8\n", false);
     addRow("pixel format of a camera that is not asked",
-           QStringList{"run", "--camera", "127.0.0.3", "--camera-set", "PixelFormat=RG"}, "PixelFormat=RGB8\n", false);
-    addRow("pixel format of such a camera, with signs",
-           QStringList{"run", "--camera=127.0.0.3", "--camera-set=PixelFormat=RG"}, "--camera-set=PixelFormat=RGB8\n",
+           QStringList{"run", "--camera", "127.0.0.3", "--camera-set", "PixelFormat=Mono14"}, "PixelFormat=Mono14\n",
            false);
+    addRow("pixel format of such a camera, with signs",
+           QStringList{"run", "--camera=127.0.0.3", "--camera-set=PixelFormat=Mono14"},
+           "--camera-set=PixelFormat=Mono14\n", false);
     addRow("feature", QStringList{"run", "--camera-set", "TriggerM"}, "TriggerMode=\n", false);
     addRow("value of a feature", QStringList{"run", "--camera-set", "TriggerMode="},
            "TriggerMode=Off\nTriggerMode=On\n", false);
