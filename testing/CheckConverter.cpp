@@ -58,8 +58,15 @@ SOutcome convertsForeignData(const SConverterSubject& subject)
 SOutcome convertsItsData(const SConverterSubject& subject)
 {
     const QString lacking = lacks(subject);
-    return lacking.isEmpty() ? convertsTo(subject, subject.makeData(1), QStringLiteral("data of its type"))
-                             : leftOut(lacking);
+    if (!lacking.isEmpty())
+        return leftOut(lacking);
+    for (int number = 1; number <= sampleCount; ++number) {
+        const CNodeDataPtr data = subject.makeData(number);
+        const SOutcome outcome = convertsTo(subject, data, shownSample(data));
+        if (outcome.kind != SOutcome::EKind::Kept)
+            return outcome;
+    }
+    return kept();
 }
 
 QString differenceBetween(const CNodeDataPtr& first, const CNodeDataPtr& second, const SCheckOptions& options)
@@ -91,14 +98,16 @@ SOutcome leavesWhatItConvertsAlone(const SConverterSubject& subject)
     const QString lacking = lacks(subject);
     if (!lacking.isEmpty())
         return leftOut(lacking);
-    const CNodeDataPtr data = subject.makeData(1);
-    const QByteArray before = checksumOf(*data, subject.options);
-    if (before.isEmpty())
-        return leftOut(noChecksumOf(subject.from));
-    subject.converter(data);
-    return checksumOf(*data, subject.options) == before
-               ? kept()
-               : broken(QStringLiteral("what it was given has another content now"));
+    for (int number = 1; number <= sampleCount; ++number) {
+        const CNodeDataPtr data = subject.makeData(number);
+        const QByteArray before = data ? checksumOf(*data, subject.options) : QByteArray();
+        if (before.isEmpty())
+            return leftOut(noChecksumOf(subject.from));
+        subject.converter(data);
+        if (checksumOf(*data, subject.options) != before)
+            return broken(QStringLiteral("what it was given has another content now"));
+    }
+    return kept();
 }
 
 const std::vector<SRule<SConverterSubject>>& converterRuleTable()

@@ -23,6 +23,7 @@ namespace {
 
 constexpr int frameWidth = 16;
 constexpr int frameHeight = 12;
+constexpr int betweenRows = 4; // bytes, for who takes rows to follow one another
 
 /// Where frames are made in another way than here: there are none.
 template <typename Handle, typename Result, typename = void>
@@ -44,7 +45,7 @@ struct SFrames<Handle, Result,
         Result frame;
         frame.width = frameWidth;
         frame.height = frameHeight;
-        frame.stride = frameWidth * bytesPerPixel;
+        frame.stride = frameWidth * bytesPerPixel + betweenRows;
         frame.pixelFormat = QString::fromLatin1(pixelFormat);
         frame.frameNumber = quint64(number);
         frame.timestampNs = quint64(number) * 10'000'000;
@@ -102,9 +103,11 @@ CNodeDataPtr makeSample(const SNodeDataType& type, int number, const SCheckOptio
     return CNodeDataPtr(new CVeltraGrabResultData(makeFrame(number)));
 }
 
-QString shownSample(const CNodeData& sample)
+QString shownSample(const CNodeDataPtr& sample)
 {
-    const auto* const grab = dynamic_cast<const CVeltraGrabResultData*>(&sample);
+    if (!sample)
+        return QStringLiteral("empty data");
+    const auto grab = sample.dynamicCast<CVeltraGrabResultData>();
     if (!grab)
         return QStringLiteral("data of its type");
     return grab->grabResult() ? Frames::shown(grab->grabResult()) : QStringLiteral("a grab result without a frame");

@@ -17,8 +17,8 @@ constexpr int sampleCount = 6;
 /// Data of \a type: what the options make, or else a grab result. Null if there is none of that type.
 CNodeDataPtr makeSample(const SNodeDataType& type, int number, const SCheckOptions& options);
 
-/// What a sample is to people: "a frame of 16 x 12, BGR8", "data of its type".
-QString shownSample(const CNodeData& sample);
+/// What a sample is to people: "a frame of 16 x 12, BGR8", "data of its type", "empty data".
+QString shownSample(const CNodeDataPtr& sample);
 
 /// Bytes that differ when the content of \a data does: what the options say, or else those of a grab result. Empty if
 /// \a data is known to neither.

@@ -18,8 +18,8 @@ struct SFormat
     const char* name;
 };
 
-// The formats that a converter may know; the library has the codes but no way from a code to its name, and lacks two
-// codes of GenICam's naming convention (PFNC). What it calls packed of RGB and BGR is not.
+// The formats that a converter may know, by the codes of GenICam's naming convention (PFNC). Aravis lacks some of them,
+// and has no way from a code to its name. Its RGB and BGR codes named PACKED are of formats that are not packed.
 const SFormat formats[] = {
     {ARV_PIXEL_FORMAT_MONO_8, "Mono8"},
     {ARV_PIXEL_FORMAT_MONO_10, "Mono10"},
@@ -33,6 +33,7 @@ const SFormat formats[] = {
     {ARV_PIXEL_FORMAT_BAYER_GR_8, "BayerGR8"},
     {ARV_PIXEL_FORMAT_BAYER_GR_10, "BayerGR10"},
     {ARV_PIXEL_FORMAT_BAYER_GR_12, "BayerGR12"},
+    {0x01100109, "BayerGR14"},
     {ARV_PIXEL_FORMAT_BAYER_GR_16, "BayerGR16"},
     {ARV_PIXEL_FORMAT_BAYER_GR_10P, "BayerGR10p"},
     {ARV_PIXEL_FORMAT_BAYER_GR_12P, "BayerGR12p"},
@@ -41,6 +42,7 @@ const SFormat formats[] = {
     {ARV_PIXEL_FORMAT_BAYER_RG_8, "BayerRG8"},
     {ARV_PIXEL_FORMAT_BAYER_RG_10, "BayerRG10"},
     {ARV_PIXEL_FORMAT_BAYER_RG_12, "BayerRG12"},
+    {0x0110010a, "BayerRG14"},
     {ARV_PIXEL_FORMAT_BAYER_RG_16, "BayerRG16"},
     {ARV_PIXEL_FORMAT_BAYER_RG_10P, "BayerRG10p"},
     {ARV_PIXEL_FORMAT_BAYER_RG_12P, "BayerRG12p"},
@@ -49,6 +51,7 @@ const SFormat formats[] = {
     {ARV_PIXEL_FORMAT_BAYER_GB_8, "BayerGB8"},
     {ARV_PIXEL_FORMAT_BAYER_GB_10, "BayerGB10"},
     {ARV_PIXEL_FORMAT_BAYER_GB_12, "BayerGB12"},
+    {0x0110010b, "BayerGB14"},
     {ARV_PIXEL_FORMAT_BAYER_GB_16, "BayerGB16"},
     {ARV_PIXEL_FORMAT_BAYER_GB_10P, "BayerGB10p"},
     {ARV_PIXEL_FORMAT_BAYER_GB_12P, "BayerGB12p"},
@@ -57,6 +60,7 @@ const SFormat formats[] = {
     {ARV_PIXEL_FORMAT_BAYER_BG_8, "BayerBG8"},
     {ARV_PIXEL_FORMAT_BAYER_BG_10, "BayerBG10"},
     {ARV_PIXEL_FORMAT_BAYER_BG_12, "BayerBG12"},
+    {0x0110010c, "BayerBG14"},
     {ARV_PIXEL_FORMAT_BAYER_BG_16, "BayerBG16"},
     {ARV_PIXEL_FORMAT_BAYER_BG_10P, "BayerBG10p"},
     {ARV_PIXEL_FORMAT_BAYER_BG_12P, "BayerBG12p"},
@@ -66,8 +70,12 @@ const SFormat formats[] = {
     {ARV_PIXEL_FORMAT_BGR_8_PACKED, "BGR8"},
     {ARV_PIXEL_FORMAT_RGB_10_PACKED, "RGB10"},
     {ARV_PIXEL_FORMAT_RGB_12_PACKED, "RGB12"},
+    {0x0230005e, "RGB14"},
+    {0x02300033, "RGB16"},
     {ARV_PIXEL_FORMAT_BGR_10_PACKED, "BGR10"},
     {ARV_PIXEL_FORMAT_BGR_12_PACKED, "BGR12"},
+    {0x0230004a, "BGR14"},
+    {0x0230004b, "BGR16"},
 };
 
 } // namespace

@@ -12,8 +12,7 @@
 
 #include <QHash>
 
-#include <algorithm>
-#include <iterator>
+#include <cstddef>
 #include <optional>
 
 namespace Host {
@@ -80,11 +79,16 @@ std::optional<SRecipe> findRecipe(const QString& pixelFormat)
     return found == recipes.end() ? std::nullopt : std::make_optional(*found);
 }
 
-// Whether rows of this length hold what is read of them.
-bool isLongEnough(const Veltra::SGrabResult& frame, const SRecipe& recipe)
+// Whether its memory holds what is read of it. What came from another plugin may say anything.
+bool isWhole(const Veltra::SGrabResult& frame, const SRecipe& recipe)
 {
-    const qint64 bits = recipe.packing == EPacking::GigE ? 12 : recipe.bits;
-    return qint64(frame.stride) * 8 >= frame.width * bits;
+    if (!frame.pixels || frame.width <= 0 || frame.height <= 0)
+        return false;
+    const int packedBits = recipe.packing == EPacking::GigE ? 12 : recipe.bits;
+    const qint64 bits = recipe.packing == EPacking::None ? 8 * qint64(CV_ELEM_SIZE(recipe.matType)) : packedBits;
+    const qint64 rowBytes = (frame.width * bits + 7) / 8;
+    return frame.stride >= rowBytes &&
+           quint64(frame.size) >= quint64(frame.stride) * quint64(frame.height - 1) + quint64(rowBytes);
 }
 
 // The frame's pixels as a matrix over the same memory. cv::Mat has no form for memory that is only read; it is
@@ -139,22 +143,29 @@ Plugin::Halvex::CNodeDataPtr CGrabResultConverter::operator()(const Plugin::Halv
     const std::optional<SRecipe> recipe = findRecipe(frame.pixelFormat);
     if (!recipe)
         return {};
+    if (!isWhole(frame, *recipe))
+        return {};
     const bool isPacked = recipe->packing != EPacking::None;
     // Rows must begin at whole values.
-    if (isPacked ? !isLongEnough(frame, *recipe) : std::size_t(frame.stride) % CV_ELEM_SIZE1(recipe->matType) != 0)
+    if (!isPacked && std::size_t(frame.stride) % CV_ELEM_SIZE1(recipe->matType) != 0)
         return {};
 
     SFrameInfo info = frameInfo(*grab);
     info.bits = recipe->bits;
     const int shift = 8 * CV_ELEM_SIZE1(recipe->matType) - recipe->bits;
-    const cv::Mat pixels = isPacked ? unpacked(frame, *recipe) : view(frame, recipe->matType);
-    cv::Mat image = pixels;
+    const cv::Mat values = isPacked ? unpacked(frame, *recipe) : view(frame, recipe->matType);
+    if (!isPacked && shift == 0 && recipe->colorCode == noCode)
+        return QSharedPointer<CImageData>::create(values, info, grab->grabResult());
+
+    // Each step has memory of its own: others read the frame's.
+    cv::Mat shifted;
     if (shift > 0)
-        pixels.convertTo(image, recipe->matType, double(1 << shift));
-    if (recipe->colorCode != noCode)
-        cv::cvtColor(image, image, recipe->colorCode);
-    if (image.data == pixels.data)
-        return QSharedPointer<CImageData>::create(pixels, info, grab->grabResult());
+        values.convertTo(shifted, recipe->matType, double(1 << shift));
+    const cv::Mat& whole = shift > 0 ? shifted : values;
+    if (recipe->colorCode == noCode)
+        return QSharedPointer<CImageData>::create(whole, info);
+    cv::Mat image;
+    cv::cvtColor(whole, image, recipe->colorCode);
     return QSharedPointer<CImageData>::create(image, info);
 }
 

@@ -26,7 +26,8 @@ public:
     static bool supports(const QString& pixelFormat);
 
     /// The image; null for null, for data that is no camera frame, for a pixel format that is not supported, and
-    /// for rows that do not begin at whole values. Rows of packed values begin at whole bytes.
+    /// for rows that do not begin at whole values, or of packed values at whole bytes, and for a frame whose memory is
+    /// smaller than it says.
     Plugin::Halvex::CNodeDataPtr operator()(const Plugin::Halvex::CNodeDataPtr& data) const;
 };
 

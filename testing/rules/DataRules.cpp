@@ -115,7 +115,8 @@ SOutcome takesItsData(const SModelSubject& subject)
     if (!lacks.isEmpty())
         return leftOut(lacks);
     for (int number = 1; number <= sampleCount; ++number) {
-        const QString what = shownSample(*model.makeData(0, number));
+        const QString what =
+            model.entries() == 1 ? shownSample(model.makeData(0, number)) : QStringLiteral("data of its type");
         SOutcome outcome =
             putOnEveryInput(model, what, [&](NodePortIndex port) { return model.makeData(port, number); });
         if (outcome.kind == SOutcome::EKind::Kept)

@@ -3,6 +3,7 @@
 
 #include "host/models/CGrabResultConverter.h"
 
+#include "host/camera/PixelFormat.h"
 #include "host/models/CGrabResultData.h"
 #include "host/models/CImageData.h"
 
@@ -98,6 +99,9 @@ private Q_SLOTS:
     void colorOrder();
     void bayer();
     void deepBayer();
+    void whatCamerasSendIsConverted_data();
+    void whatCamerasSendIsConverted();
+    void framesSmallerThanTheySayAreEmpty();
 };
 
 void tst_CGrabResultConverter::whatHoldsNoFrameIsEmpty()
@@ -294,6 +298,48 @@ void tst_CGrabResultConverter::deepBayer()
         const cv::Vec3w color(b << 4, g << 4, r << 4);
         QCOMPARE(image->image().at<cv::Vec3w>(8, 8), color);
         QCOMPARE(image->image().at<cv::Vec3w>(7, 9), color);
+    }
+}
+
+void tst_CGrabResultConverter::whatCamerasSendIsConverted_data()
+{
+    QTest::addColumn<QString>("format");
+    const auto names = pixelFormatNames();
+    for (const QString& name : names)
+        QTest::newRow(qPrintable(name)) << name;
+}
+
+// The frame stays as it is, whoever else reads it: the same comes out again.
+void tst_CGrabResultConverter::whatCamerasSendIsConverted()
+{
+    QFETCH(QString, format);
+    SFrame frame(format.toLatin1(), 8, 6, 6);
+    for (std::size_t i = 0; i < frame.memory->size(); ++i)
+        (*frame.memory)[i] = uchar(7 * i);
+    const std::vector<uchar> before = *frame.memory;
+    const auto image = frame.converted();
+    QVERIFY(image);
+    const auto again = frame.converted();
+    QVERIFY(*frame.memory == before);
+    QCOMPARE(cv::norm(image->image(), again->image(), cv::NORM_INF), 0.0);
+
+    const QStringList kept{"Mono8", "Mono16", "BGR8", "BGR16"};
+    QCOMPARE(image->image().data == frame.memory->data(), kept.contains(format));
+    QCOMPARE(frame.memory.use_count() > 2, kept.contains(format)); // those of the frame, and one of each image
+}
+
+void tst_CGrabResultConverter::framesSmallerThanTheySayAreEmpty()
+{
+    for (const char* format : {"Mono8", "Mono12", "RGB8", "Mono12p", "BayerRG8"}) {
+        SFrame frame(format, 8, 6, 6);
+        QVERIFY(frame.converted());
+        const int stride = std::exchange(frame.result.stride, 4);
+        QVERIFY(!frame.converted());
+        frame.result.stride = stride;
+        frame.result.size = std::size_t(stride) * 5;
+        QVERIFY(!frame.converted());
+        frame.result.pixels = nullptr;
+        QVERIFY(!frame.converted());
     }
 }
 

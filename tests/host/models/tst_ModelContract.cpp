@@ -79,9 +79,7 @@ SCheckOptions hostOptions()
 {
     SCheckOptions options;
     options.makeData = [](const SNodeDataType& type, int number) {
-        if (type.id == CImageData::dataType().id)
-            return makeImage(number);
-        return type.id == CVeltraGrabResultData().type().id ? makeFrame(number) : CNodeDataPtr();
+        return type.id == CImageData::dataType().id ? makeImage(number) : CNodeDataPtr(); // the kit has frames
     };
     options.checksum = &checksum;
     return options;
