@@ -132,7 +132,7 @@ for part in "${named[@]:-${parts[@]}}"; do
     scripts/figures.py set "$part" "${headings[$part]}" "${lengths[$part]-}scripts/deep.sh $part" <"out/deep/$part.md"
     figures+=("out/deep/$part.md")
     # Of a tree with changes nothing is known of the commit.
-    if [[ " ${failed[*]} " != *" $part "* ]] && git diff --quiet HEAD -- . ':(exclude)docs/figures.md'; then
+    if [[ " ${failed[*]} " != *" $part "* ]] && [ -z "$(git status --porcelain -- . ':(exclude)docs/figures.md')" ]; then
         echo "$commit" >"out/deep/$part.passed"
     fi
 done

@@ -76,9 +76,8 @@ QString toText(const SReport& report)
     for (const SFinding& finding : report.findings)
         text += toText(finding);
     if (!report.findings.empty())
-        text +=
-            QStringLiteral("\nPages lie below the folder that Halvex is installed in, if its manual is: the package "
-                           "halvex-doc brings it.\n");
+        text += QStringLiteral("\nThe pages are in the manual (package halvex-doc), below the folder where Halvex is "
+                               "installed.\n");
     text += toText(report.leftOut);
     if (!report.times.empty())
         text += toText(report.times);

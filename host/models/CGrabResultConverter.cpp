@@ -107,7 +107,7 @@ ushort pfncValue(const uchar* row, int x, int bits)
 
 ushort gigEValue(const uchar* row, int x, int bits)
 {
-    const uchar* const pair = row + x / 2 * 3;
+    const uchar* const pair = row + std::ptrdiff_t(x / 2) * 3;
     const bool isFirst = x % 2 == 0;
     const int lowBits = bits - 8;
     const int low = (isFirst ? pair[1] : pair[1] >> 4) & ((1 << lowBits) - 1);

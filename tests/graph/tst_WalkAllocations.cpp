@@ -11,8 +11,6 @@
 #include <memory>
 #include <vector>
 
-#include <malloc.h>
-
 using namespace Plugin::Halvex;
 
 namespace {
@@ -132,7 +130,6 @@ void tst_WalkAllocations::anotherThread()
 
 void tst_WalkAllocations::threadsThatHaveEndedLeaveNothing()
 {
-    QVERIFY(mallopt(M_ARENA_MAX, 1)); // what is in use is told of the first arena alone
     QVERIFY(keepsNothing([] {
         CTestThread thread([] { const STestNode node; });
         thread.join();

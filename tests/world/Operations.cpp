@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
-// The table of operations, and those of the matrix. The others are in OtherOperations.cpp.
+// The table of operations, and those that destroy or rewire something. The others are in OtherOperations.cpp.
 
 #include "world/OperationSupport.h"
 

@@ -97,13 +97,18 @@ QString modelText(const QString& text)
 
 QString captionText(Plugin::Halvex::CNodeDataModel& model)
 {
+    return captionTeller(model)();
+}
+
+std::function<QString()> captionTeller(Plugin::Halvex::CNodeDataModel& model)
+{
     const QString caption = model.caption();
     // What a person calls a model is one of its settings.
     for (const QMetaProperty& property : propertiesOf(model)) {
         if (property.userType() == QMetaType::QString && property.read(&model).toString() == caption)
-            return caption;
+            return [caption] { return caption; };
     }
-    return modelText(caption);
+    return [caption] { return modelText(caption); };
 }
 
 QString wordsOf(const QString& name)

@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace Plugin::Halvex {
 class CNodeDataModel;
 }
@@ -18,6 +20,9 @@ QString modelText(const QString& text);
 
 /// The caption of a model in the viewer's language. A name that a person gave stays as it is.
 QString captionText(Plugin::Halvex::CNodeDataModel& model);
+
+/// Tells the caption that the model has now, in the viewer's language at the time of the call. The model may have gone.
+std::function<QString()> captionTeller(Plugin::Halvex::CNodeDataModel& model);
 
 /// A setting's name or choice as people see it: "Frames per second" for "framesPerSecond", "Newest wins" for
 /// "NewestWins", in the viewer's language.

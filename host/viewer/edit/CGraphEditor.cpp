@@ -79,7 +79,7 @@ Core::CId CGraphEditor::addNode(const QString& modelName, QPointF position)
 {
     const Core::CId id = makeNode(modelName, position);
     if (id != Core::CId())
-        recordAdded([caption = captionOf(id)] { return tr("Add '%1'").arg(caption); }, {id});
+        recordAdded([caption = captionOf(id)] { return tr("Add '%1'").arg(caption()); }, {id});
     return id;
 }
 
@@ -131,7 +131,7 @@ bool CGraphEditor::remove(const std::vector<Core::CId>& nodes, const std::vector
         if (!node(id))
             continue;
         if (isUnique(*node(id)))
-            refuse(tr("'%1' stays: it is what the scene was made for").arg(captionOf(id)));
+            refuse(tr("'%1' stays: it is what the scene was made for").arg(captionOf(id)()));
         else
             removable.push_back(id);
     }
@@ -159,7 +159,7 @@ bool CGraphEditor::connectPorts(const SPort& out, const SPort& in)
     if (part.connections.empty())
         return false;
     const auto text = [from = captionOf(out.node), to = captionOf(in.node)] {
-        return tr("Connect '%1' to '%2'").arg(from, to);
+        return tr("Connect '%1' to '%2'").arg(from(), to());
     };
     m_undoStack.push(new CStructureStep(text, *this, {}, part));
     return true;
@@ -190,7 +190,7 @@ bool CGraphEditor::setSetting(const Core::CId& id, const QString& name, const QS
     if (!node(id))
         return false;
     const QPointer<CNodeDataModel> model(node(id)->nodeDataModel());
-    const QString caption = captionOf(id);
+    const StepText caption = captionOf(id);
     const QString from = settingOf(*model, name).value;
     const QString error = Host::setSetting(*model, name, value);
     if (!error.isEmpty())
@@ -198,9 +198,9 @@ bool CGraphEditor::setSetting(const Core::CId& id, const QString& name, const QS
     const SModelSetting set = model ? settingOf(*model, name) : SModelSetting();
     if (!model || set.value == from)
         return true;
-    const QString shownValue = isChoice(set) ? wordsOf(set.value) : set.value;
-    const auto text = [name, caption, shownValue] {
-        return tr("Set %1 of '%2' to %3").arg(wordsOf(name), caption, shownValue);
+    const auto text = [set, caption] {
+        const QString words = isChoice(set) ? wordsOf(set.value) : set.value;
+        return tr("Set %1 of '%2' to %3").arg(wordsOf(set.name), caption(), words);
     };
     m_undoStack.push(new CSettingStep(text, *this, {id, name, from, set.value, gesture}));
     return true;
@@ -220,7 +220,7 @@ void CGraphEditor::moveNodes(const NodePositions& positions)
     if (to.isEmpty())
         return;
     const auto text = [count = to.size(), caption = captionOf(Core::CId(to.firstKey().toLatin1().constData()))] {
-        return count > 1 ? tr("Move %n nodes", nullptr, count) : tr("Move '%1'").arg(caption);
+        return count > 1 ? tr("Move %n nodes", nullptr, count) : tr("Move '%1'").arg(caption());
     };
     m_undoStack.push(new CMoveStep(text, *this, from, to));
 }
@@ -257,19 +257,19 @@ void CGraphEditor::recordAdded(const StepText& text, const std::vector<Core::CId
     m_undoStack.push(new CStructureStep(text, *this, {}, partOf(*m_scene, nodes, m_positions)));
 }
 
-QString CGraphEditor::captionOf(const Core::CId& id) const
+StepText CGraphEditor::captionOf(const Core::CId& id) const
 {
     const CNodeBase* const found = node(id);
-    return found ? captionText(*found->nodeDataModel()) : QString();
+    return found ? captionTeller(*found->nodeDataModel()) : [] { return QString(); };
 }
 
 StepText CGraphEditor::removalText(const SGraphPart& part) const
 {
-    const QString caption = part.nodes.size() == 1 ? captionOf(idsIn(part).front()) : QString();
+    const StepText caption = part.nodes.empty() ? StepText() : captionOf(idsIn(part).front());
     return [nodes = int(part.nodes.size()), connections = int(part.connections.size()), caption] {
         if (nodes == 0)
             return connections == 1 ? tr("Delete a connection") : tr("Delete %n connections", nullptr, connections);
-        const QString text = nodes == 1 ? tr("Delete '%1'").arg(caption) : tr("Delete %n nodes", nullptr, nodes);
+        const QString text = nodes == 1 ? tr("Delete '%1'").arg(caption()) : tr("Delete %n nodes", nullptr, nodes);
         if (connections == 0)
             return text;
         return connections == 1 ? tr("%1 with a connection").arg(text)

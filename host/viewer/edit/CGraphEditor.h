@@ -124,7 +124,7 @@ private:
 
     std::vector<Core::CId> addPart(const SGraphPart& part, const StepText& text);
     void recordAdded(const StepText& text, const std::vector<Core::CId>& nodes);
-    QString captionOf(const Core::CId& id) const;
+    StepText captionOf(const Core::CId& id) const;
     StepText removalText(const SGraphPart& part) const;
     void onNodeDeleted(Plugin::Halvex::CNodeBase& node);
     bool refuse(const QString& reason);

@@ -46,7 +46,7 @@ std::vector<Core::CId> CGraphEditor::duplicate(const std::vector<Core::CId>& nod
         return {};
     }
     return addPart(copy, [count = int(copy.nodes.size()), caption = captionOf(nodes.front())] {
-        return count > 1 ? tr("Duplicate %n nodes", nullptr, count) : tr("Duplicate '%1'").arg(caption);
+        return count > 1 ? tr("Duplicate %n nodes", nullptr, count) : tr("Duplicate '%1'").arg(caption());
     });
 }
 

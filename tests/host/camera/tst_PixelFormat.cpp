@@ -48,6 +48,7 @@ void tst_PixelFormat::bitsInMemory()
 // A code begins with how many values a pixel has and how many bits it takes, so that a wrong name shows.
 void tst_PixelFormat::codesAgreeWithNames()
 {
+    static const QRegularExpression noDigit("[^0-9]");
     QSet<QString> found;
     for (const quint32 kind : {0x01080000U, 0x010a0000U, 0x010c0000U, 0x01100000U, 0x02180000U, 0x02300000U}) {
         for (quint32 code = kind; code < kind + 0x200; ++code) {
@@ -55,7 +56,7 @@ void tst_PixelFormat::codesAgreeWithNames()
             if (name.startsWith("0x"))
                 continue;
             found.insert(name);
-            const int bits = QString(name).remove(QRegularExpression("[^0-9]")).toInt();
+            const int bits = QString(name).remove(noDigit).toInt();
             const int values = name.startsWith("RGB") || name.startsWith("BGR") ? 3 : 1;
             const int inMemory = name.endsWith("Packed") ? 12 : name.endsWith("p") || bits == 8 ? bits : 16;
             QVERIFY2(bitsPerPixel(code) == values * inMemory, qPrintable(name));

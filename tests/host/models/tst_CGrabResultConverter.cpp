@@ -75,7 +75,7 @@ SFrame packedFrame(const char* format, int width, int rows, const QByteArray& ro
     SFrame frame(format, width, rows, 4);
     frame.result.stride = row.size();
     for (int y = 0; y < rows; ++y)
-        std::copy(row.begin(), row.end(), frame.memory->begin() + y * row.size());
+        std::copy(row.begin(), row.end(), frame.memory->begin() + std::ptrdiff_t(y) * row.size());
     return frame;
 }
 
