@@ -78,9 +78,9 @@ struct SDifferingPair
         };
     }
 
-    std::shared_ptr<CNodeConnection> connect(NodeDataConverter converter = {}) const
+    std::shared_ptr<CNodeConnection> connect(const NodeDataConverter& converter = {}) const
     {
-        return scene->createConnection(taker.node, 0, giver.node, 0, std::move(converter));
+        return scene->createConnection(taker.node, 0, giver.node, 0, converter);
     }
 
     std::unique_ptr<CTestScene> scene = std::make_unique<CTestScene>(nullptr, nullptr);
