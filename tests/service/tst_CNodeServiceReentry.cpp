@@ -141,7 +141,7 @@ void tst_CNodeServiceReentry::sceneThatIsBeingDestroyedIsNeverActive()
     fixture.addSource();
     const SPlaced other = fixture.addSource();
     CNodeScene* const dying = fixture.scene(0);
-    connect(dying, &CNodeScene::nodeDeleted, this, [&] {
+    connect(fixture.scene(0), &CNodeScene::nodeDeleted, this, [&] {
         QVERIFY(dying->isBeingDestroyed());
         fixture.service->removeSceneOfNode(other.id);
         QVERIFY(!fixture.active());
