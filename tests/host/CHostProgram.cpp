@@ -131,7 +131,7 @@ std::vector<CHostProgram::SDecoupler> CHostProgram::decouplers() const
 {
     std::vector<SDecoupler> decouplers;
     for (const QStringList& row :
-         rows(R"(^\[\d+\] Decoupler for VGR +(\d+) +(\d+) +[\d.-]+ +- +- +[\d.-]+ +[\d.-]+ +(\d+) +(\d+)$)"))
+         rows(R"(^\[\d+\] Decoupler for VGR +(\d+) +(\d+) +[\d.-]+ +- +- +[<\d.-]+ +[<\d.-]+ +(\d+) +(\d+)$)"))
         decouplers.push_back({row[1].toInt(), row[2].toInt(), row[3].toInt(), row[4].toInt()});
     return decouplers;
 }
