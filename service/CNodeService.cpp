@@ -271,20 +271,25 @@ Core::CId CNodeService::idOfKnownModel(ANodeDataModel& model)
     return id;
 }
 
+CNodeScene* CNodeService::openScene() const
+{
+    return m_activeScene && !m_activeScene->isBeingDestroyed() ? m_activeScene.data() : nullptr;
+}
+
 Core::CId CNodeService::placeNotUnique(std::unique_ptr<ANodeDataModel> model)
 {
     const QPointer<CNodeService> self(this);
     const QString name = nameOf(*model);
     if (!self)
         return Core::CId();
-    if (!m_activeScene)
+    if (!openScene())
         warnOnce("addNode(): there is no active scene for \"%\", which is destroyed. A unique source, added before, "
                  "makes one.",
                  {name});
     else if (registry()->registeredModelCreators().count(name) == 0)
         warnOnce("addNode(): no model named \"%\" is registered, so that its scene's document cannot be loaded.",
                  {name});
-    return self ? placeInto(m_activeScene, std::move(model)) : Core::CId();
+    return self ? placeInto(openScene(), std::move(model)) : Core::CId();
 }
 
 Core::CId CNodeService::placeInto(QPointer<CNodeScene> scene, std::unique_ptr<ANodeDataModel> model)
@@ -341,7 +346,7 @@ void CNodeService::removeSceneOfLoneSink(CNodeScene& scene)
 
 bool CNodeService::importAll(const QStringList& documents)
 {
-    const QPointer<CNodeScene> scene = m_activeScene;
+    const QPointer<CNodeScene> scene = openScene();
     if (!scene)
         return false;
     // Models that are asked, and handlers, may destroy the scene.

@@ -74,7 +74,7 @@ public:
 
     /// Makes a node of \a model; returns its id, or no id.
     /// A unique source gets a new scene with \a info, which becomes the active one before the node is made. A model
-    /// that is not unique goes to the active scene; without one nothing is made.
+    /// that is not unique goes to the active scene; without one, or while that is being destroyed, nothing is made.
     /// A model that a node of the service owns already stays where it is, whoever believes to own it: the node's id is
     /// returned. If it is unique, its scene becomes the active one.
     /// A unique model of another kind is never placed: it is destroyed, and no scene is active then.
@@ -111,8 +111,9 @@ public:
                                     NodePortIndex secondPort) = 0;
 
     /// Loads the chain \a document, a JSON array, into the active scene, see docs/import-document.md. False without an
-    /// active scene, and when the import ended early: a model that is not registered ends it, with its name in
-    /// "halvex.service"; what was made before stays. Text that is no such document contributes nothing.
+    /// active scene, while that is being destroyed, and when the import ended early: a model that is not registered
+    /// ends it, with its name in "halvex.service"; what was made before stays. Text that is no such document
+    /// contributes nothing.
     virtual bool importDocument(const QString& document) = 0;
 
     /// The same with all documents of addStoredDocument(), as one import. They stay stored. False also if there are

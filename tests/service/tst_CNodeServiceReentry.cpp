@@ -54,6 +54,7 @@ private Q_SLOTS:
     void order_data();
     void order();
     void sceneThatIsBeingDestroyedIsNeverActive();
+    void sceneThatIsBeingDestroyedGetsNothing();
 };
 
 // There are four scenes, of which that at hand, the last, is active. A source that is added makes the next.
@@ -153,6 +154,25 @@ void tst_CNodeServiceReentry::sceneThatIsBeingDestroyedIsNeverActive()
     QCOMPARE(fixture.log.take().filter(QRegularExpression("^[a-z]")),
              QStringList({"removing 2", "removed", "removed"}));
     QCOMPARE(fixture.sceneCount(), 0);
+}
+
+void tst_CNodeServiceReentry::sceneThatIsBeingDestroyedGetsNothing()
+{
+    CServiceFixture fixture;
+    fixture.addSource();
+    const QPointer<CNodeScene> dying = fixture.active();
+    connect(dying, &CNodeScene::nodeDeleted, this, [&] {
+        QVERIFY(dying->isBeingDestroyed());
+        QVERIFY(fixture.service->addNode(makeModel(ENodeDataModelType::Sink), {}) == Core::CId());
+        QVERIFY(!fixture.import(chain()));
+        fixture.service->addStoredDocument(document(chain()));
+        QVERIFY(!fixture.service->importStoredDocuments());
+        QCOMPARE(CTestModels::alive(), 1);
+    });
+    fixture.log.take();
+    delete dying;
+    QCOMPARE(fixture.log.take().filter(QStringLiteral("created")), QStringList());
+    QCOMPARE(fixture.messages.texts("halvex.usage").size(), 1); // of the model that was dropped
 }
 
 QTEST_GUILESS_MAIN(tst_CNodeServiceReentry)
