@@ -40,7 +40,7 @@ CNodeBase::CNodeBase(std::unique_ptr<CNodeDataModel>&& model)
     if (Q_UNLIKELY(m_model->parent()))
         warnOnce("The model \"%\" of node % has a QObject parent, which destroys it although the node owns it: give it "
                  "none.",
-                 {m_model->name(), m_id.toString()});
+                 m_model->name(), m_id.toString());
     // Survives exchanged neighbours: no walk comes between them.
     CStackGauge::ofThisThread().measureOnce(); // measures this thread's stack, which allocates, before any walk does
     connect(m_model.get(), &CNodeDataModel::dataUpdated, this, &CNodeBase::onDataUpdated);

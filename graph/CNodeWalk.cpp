@@ -37,8 +37,8 @@ void warnIfOtherType([[maybe_unused]] const CNodeDataPtr& data, [[maybe_unused]]
         const QString name = node->nodeDataModel()->name();
         if (!visit.isOver())
             warnOnce("% port % of the model \"%\" of node % is for \"%\", but \"%\" comes there.",
-                     {portType == ENodePortType::In ? QStringLiteral("Input") : QStringLiteral("Output"),
-                      QString::number(index), name, node->id().toString(), said, given});
+                     portType == ENodePortType::In ? QStringLiteral("Input") : QStringLiteral("Output"),
+                     QString::number(index), name, node->id().toString(), said, given);
     });
 #endif
 }
@@ -55,7 +55,7 @@ void warnIfOtherType([[maybe_unused]] const CNodeDataPtr& data, [[maybe_unused]]
             warnOnce(
                 "An exception leaves setInData() of the model \"%\" of node %: an event loop that gets it ends the "
                 "process.",
-                {name, node.id().toString()});
+                name, node.id().toString());
     });
 }
 
@@ -206,7 +206,7 @@ void CNodeBase::warnOfMissingPort(NodePortIndex outIndex) const
 {
     warnOnce("The model \"%\" of node % gives data for output port %, which it does not have: its nPorts() said so "
              "when the node was made.",
-             {m_model->name(), m_id.toString(), QString::number(outIndex)});
+             m_model->name(), m_id.toString(), QString::number(outIndex));
 }
 
 void CNodeConnection::propagateData(CNodeDataPtr data) const

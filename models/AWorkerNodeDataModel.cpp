@@ -230,7 +230,8 @@ void AWorkerNodeDataModel::setParallelism(int frames)
         Q_EMIT parallelismChanged();
 }
 
-/// Whether the model is still there: data that now finds no room is released.
+/// Whether the model is still there: what waits may begin now, Qt warns if there is no thread for it, and a message
+/// handler is foreign code.
 bool AWorkerNodeDataModel::applyLimits()
 {
     const QPointer<AWorkerNodeDataModel> self(this);

@@ -33,7 +33,7 @@ constexpr quint64 manyWithoutTick = 1000; // data that were received; with an ev
         warnOnce(
             "% data came to the decoupler \"%\" and none left it: its thread runs no event loop, so that its timer "
             "does not tick.",
-            {QString::number(manyWithoutTick), decoupler ? decoupler->name() : QString()});
+            QString::number(manyWithoutTick), decoupler ? decoupler->name() : QString());
     });
 }
 

@@ -20,8 +20,6 @@ CNodeDataModelRegistry::CNodeDataModelRegistry(CNodeDataModelRegistry&& other) n
 
 CNodeDataModelRegistry& CNodeDataModelRegistry::operator=(CNodeDataModelRegistry&& other) noexcept
 {
-    if (this == &other)
-        return *this;
     m_categoryOfModel = std::exchange(other.m_categoryOfModel, {});
     m_categories = std::exchange(other.m_categories, {});
     m_creators = std::exchange(other.m_creators, std::make_shared<std::unordered_map<QString, ModelCreator>>());
@@ -74,8 +72,8 @@ void CNodeDataModelRegistry::add(ModelCreator creator, const QString& category)
     prototype.reset();
 
     if (m_creators->count(name) != 0) {
-        warnOnce("A model named \"%\" is registered already, in \"%\"; the other one, in \"%\", is left out.",
-                 {name, m_categoryOfModel[name], category});
+        warnOnce("A model named \"%\" is registered already, in \"%\"; the other one, in \"%\", is left out.", name,
+                 m_categoryOfModel[name], category);
         return;
     }
     // The creator last: a registration that failed on the way can be done again.

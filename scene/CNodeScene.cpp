@@ -32,8 +32,8 @@ void warnOfTypes(const CNodeConnection& connection, const QString& given, const 
         return;
     warnOnce("Output port % of the model \"%\" of node % gives \"%\", input port % of the model \"%\" of node % takes "
              "\"%\", and no converter is between them.",
-             {QString::number(connection.getPortIndex(ENodePortType::Out)), giver, out->id().toString(), given,
-              QString::number(connection.getPortIndex(ENodePortType::In)), taker, in->id().toString(), taken});
+             QString::number(connection.getPortIndex(ENodePortType::Out)), giver, out->id().toString(), given,
+             QString::number(connection.getPortIndex(ENodePortType::In)), taker, in->id().toString(), taken);
 }
 
 /// Warns if \a connection, which has no converter, leads to a port of another type.

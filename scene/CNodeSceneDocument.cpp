@@ -37,7 +37,7 @@ QJsonArray readArray(const QJsonObject& root, QLatin1String key)
 {
     const QJsonValue value = root.value(key);
     if (!value.isArray() && !value.isUndefined())
-        warnOnce("\"%\" of a scene document is no array and is left out.", {key});
+        warnOnce("\"%\" of a scene document is no array and is left out.", key);
     return value.toArray();
 }
 
@@ -46,7 +46,7 @@ void warnOfMissingNode(const QJsonValue& id)
 {
     const QString text = id.toString();
     if (text != Core::CId().toString())
-        warnOnce("A connection of a document is left out: the scene has no node \"%\".", {text});
+        warnOnce("A connection of a document is left out: the scene has no node \"%\".", text);
 }
 
 /// Warns of models in \a nodes that \a registry could not make again.
@@ -58,7 +58,7 @@ void warnOfUnknownModels(const QJsonArray& nodes, const CNodeDataModelRegistry& 
         if (!isUnique(model) && registry.registeredModelCreators().count(name) == 0)
             warnOnce("The model \"%\" of node % is saved, but not registered under that name: the document cannot be "
                      "loaded.",
-                     {name, node[DocumentKeys::id].toString()});
+                     name, node[DocumentKeys::id].toString());
     }
 }
 
@@ -155,7 +155,7 @@ std::shared_ptr<CNodeConnection> CNodeScene::restoreConnection(const QJsonObject
     if (!in->m_state.hasPort(ENodePortType::In, inIndex) || !out->m_state.hasPort(ENodePortType::Out, outIndex)) {
         warnOnce("A connection of a document is left out: it leads from output port % of node % to input port % of "
                  "node %, and one of them is not there.",
-                 {QString::number(outIndex), out->id().toString(), QString::number(inIndex), in->id().toString()});
+                 QString::number(outIndex), out->id().toString(), QString::number(inIndex), in->id().toString());
         return nullptr;
     }
     return createConnection(*in, inIndex, *out, outIndex, converter);

@@ -14,7 +14,7 @@ ctest --preset coverage "$@"
 step "coverage"
 mkdir -p out/coverage
 gcovr --root . --object-directory build/coverage --filter '(graph|scene|models|service)/' \
-    --exclude-throw-branches --exclude-unreachable-branches --print-summary \
+    --exclude-throw-branches --exclude-unreachable-branches --decisions --print-summary \
     --html-details out/coverage/index.html --txt out/coverage/summary.txt --json out/coverage/coverage.json \
     --exclude-directories build/coverage/CMakeFiles/3 \
     --fail-under-line 98 --fail-under-branch 92 || { cat out/coverage/summary.txt; exit 1; }

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Holds docs/coverage-gaps.md to what was measured: `coverage_gaps.py coverage.json`, from gcovr.
 
-Prints coverage by folder, and the lines that no test reached and the document's table does not have. That is no
-failure: which lines threads reach is not the same every time. It fails when the table has a line that is not in the
+Prints coverage by folder, and what the document's table does not have: lines that no test reached, and conditions that
+were always true or always false. That is no failure: what threads reach is not the same every time. It fails when the table has a line that is not in the
 source any more.
 """
 
@@ -38,14 +38,18 @@ def main():
             branches = [branch for branch in line["branches"] if not branch["throw"]]
             count.update(lines=1, reached=line["count"] > 0, branches=len(branches),
                          taken=sum(branch["count"] > 0 for branch in branches))
+            text = source[line["line_number"] - 1].strip()
             if line["count"] == 0:
-                gaps.add((file["file"], source[line["line_number"] - 1].strip()))
+                gaps.add((file["file"], text))
+            decision = line.get("gcovr/decision", {})
+            if decision.get("type") == "conditional" and 0 in (decision["count_true"], decision["count_false"]):
+                gaps.add((file["file"], text))
     for folder, count in sorted(counts.items()):
         print(f"{folder}: lines {percent(count['reached'], count['lines'])}, "
               f"branches {percent(count['taken'], count['branches'])}")
 
     for file, line in sorted(gaps - listed()):
-        print(f"not reached, and not in {DOCUMENT}: {file}: {line}")
+        print(f"not covered, and not in {DOCUMENT}: {file}: {line}")
     wrong = []
     for file, line in sorted(listed()):
         path = ROOT / file

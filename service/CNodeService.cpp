@@ -88,7 +88,7 @@ Core::CId CNodeService::addNode(std::unique_ptr<ANodeDataModel> model, Core::App
         return placeNotUnique(std::move(model));
     if (model->getType() != ENodeDataModelType::Source) {
         activateScene(nullptr);
-        warnOnce("addNode(): \"%\" is unique, but no source: it gets no scene, and is destroyed.", {nameOf(*model)});
+        warnOnce("addNode(): \"%\" is unique, but no source: it gets no scene, and is destroyed.", nameOf(*model));
         return Core::CId();
     }
 
@@ -285,10 +285,9 @@ Core::CId CNodeService::placeNotUnique(std::unique_ptr<ANodeDataModel> model)
     if (!openScene())
         warnOnce("addNode(): there is no active scene for \"%\", which is destroyed. A unique source, added before, "
                  "makes one.",
-                 {name});
+                 name);
     else if (registry()->registeredModelCreators().count(name) == 0)
-        warnOnce("addNode(): no model named \"%\" is registered, so that its scene's document cannot be loaded.",
-                 {name});
+        warnOnce("addNode(): no model named \"%\" is registered, so that its scene's document cannot be loaded.", name);
     return self ? placeInto(openScene(), std::move(model)) : Core::CId();
 }
 

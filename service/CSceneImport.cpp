@@ -44,7 +44,7 @@ QJsonObject referenceTo(const CNodeBase& node)
 void warnOfType(const QJsonObject& element, QLatin1String key)
 {
     warnOnce("\"%\" of the element \"%\" of an import is to be a list of lists: what is something else is left out.",
-             {key, element.value(DocumentKeys::name).toString()});
+             key, element.value(DocumentKeys::name).toString());
 }
 
 /// \a value of what stands under \a key of \a element; empty, after a warning, if it is no array.
@@ -90,7 +90,7 @@ void CSceneImport::addDocument(const QString& text)
         if (array.at(index).isObject())
             elements.append(array.at(index));
         else
-            warnOnce("Element % of an import is no object and is left out.", {QString::number(index)});
+            warnOnce("Element % of an import is no object and is left out.", QString::number(index));
     }
 
     for (const QJsonValue& element : qAsConst(elements))
@@ -178,7 +178,7 @@ QString CSceneImport::idOfConsumer(const QString& label)
     if (id == Core::CId().toString())
         warnOnce("A connection of an import is left out: nothing is labelled \"%\", and no node of the scene has that "
                  "unique name.",
-                 {label});
+                 label);
     return id;
 }
 

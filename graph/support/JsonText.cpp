@@ -13,11 +13,11 @@ QJsonDocument readJson(const QByteArray& text, const QString& what, QJsonValue::
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
     const bool wantsArray = wanted == QJsonValue::Array;
     if (error.error != QJsonParseError::NoError)
-        warnOnce("% is no JSON and is left out: %, at byte %.",
-                 {what, error.errorString(), QString::number(error.offset)});
+        warnOnce("% is no JSON and is left out: %, at byte %.", what, error.errorString(),
+                 QString::number(error.offset));
     else if (document.isArray() != wantsArray)
-        warnOnce("% is no JSON % and is left out.",
-                 {what, wantsArray ? QStringLiteral("array") : QStringLiteral("object")});
+        warnOnce("% is no JSON % and is left out.", what,
+                 wantsArray ? QStringLiteral("array") : QStringLiteral("object"));
     return document;
 }
 

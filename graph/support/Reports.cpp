@@ -28,19 +28,19 @@ bool isFirstTime(const QString& text)
 
 } // namespace
 
-void warnOnce(const char* text, std::initializer_list<QString> insertions)
+void warnOnceWith(const char* text, const QStringList& insertions)
 {
     if (!lcUsage().isWarningEnabled())
         return;
     QString said;
-    const QString* next = insertions.begin();
+    auto next = insertions.cbegin();
     const QString all = QString::fromUtf8(text);
     for (const QChar sign : all) {
         if (sign != QLatin1Char('%')) {
             said += sign;
             continue;
         }
-        Q_ASSERT(next != insertions.end());
+        Q_ASSERT(next != insertions.cend());
         said += *next++;
     }
     if (isFirstTime(said))

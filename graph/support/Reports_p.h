@@ -9,7 +9,6 @@
 
 #include <atomic>
 #include <exception>
-#include <initializer_list>
 
 namespace Plugin::Halvex {
 
@@ -36,10 +35,18 @@ bool swallowExceptions(const QLoggingCategory& (*category)(), const char* where,
     return false;
 }
 
+void warnOnceWith(const char* text, const QStringList& insertions);
+
 /// Warns in "halvex.usage" of a mistake of whoever uses the library. Each "%" in \a text stands for the next of
 /// \a insertions, of which there are as many. Once for each text, and of the first thousand only, so that one that is
 /// made with each frame fills neither the log nor the memory. The message handler is foreign code.
-void warnOnce(const char* text, std::initializer_list<QString> insertions = {});
+template <typename... Strings>
+void warnOnce(const char* text, const Strings&... insertions)
+{
+    QStringList all;
+    (all.append(insertions), ...);
+    warnOnceWith(text, all);
+}
 
 /// Warns, if this is the first time for \a hasWarned, that \a operation of \a object is not called in its thread. Of
 /// several threads that do so at once one warns.

@@ -78,6 +78,7 @@ private Q_SLOTS:
     void dataTypeAsksTheModels_data();
     void dataTypeAsksTheModels();
     void dataArrivesUnconverted();
+    void writtenNodeStaysWhenTheOneBeforeItGoes();
     void deliveryHandsThePointerOver();
     void converterTurnsAllData();
     void converterIsReplacedSilently();
@@ -298,6 +299,16 @@ void tst_CNodeConnection::dataArrivesUnconverted()
     pair.connection->getNode(In) = nullptr;
     pair.deliver(7);
     QCOMPARE(pair.other.model->values().size() + pair.values().size(), std::size_t(4));
+}
+
+void tst_CNodeConnection::writtenNodeStaysWhenTheOneBeforeItGoes()
+{
+    SPair pair;
+    pair.connection->getNode(In) = pair.other.node.get();
+    pair.sink.node.reset();
+    QCOMPARE(pair.connection->getNode(In), pair.other.node.get());
+    pair.deliver(5);
+    QCOMPARE(pair.other.model->values(), Numbers({5}));
 }
 
 void tst_CNodeConnection::deliveryHandsThePointerOver()

@@ -51,6 +51,7 @@ private Q_SLOTS:
     void converterLivesUntilItReturns();
     void converterMayPutAnotherConnectionInItsPlace();
     void converterMayReplaceItself();
+    void converterMayBeReplacedTwiceWhileItRuns();
     void converterMayChangeTheInEnd();
     void whatAConverterHeldMayTakeTheInNodeAlong();
     void whatAConverterHeldMayTakeTheConnectionAlong();
@@ -181,6 +182,27 @@ void tst_CNodeConnectionCallbacks::converterMayReplaceItself()
     QVERIFY(wasHeldWhileItRan && !isHeld);
     pair.deliver(2);
     QCOMPARE(pair.values(), Numbers({5, 12}));
+}
+
+void tst_CNodeConnectionCallbacks::converterMayBeReplacedTwiceWhileItRuns()
+{
+    bool isHeld = true;
+    bool wasHeldWhileItRan = false;
+    const SPair pair;
+    const auto replaceTwice = [&] {
+        pair.connection->setTypeConverter({});
+        pair.connection->setTypeConverter(addTen);
+        wasHeldWhileItRan = isHeld;
+    };
+    pair.connection->setTypeConverter(
+        [&replaceTwice, end = atTheEnd([&isHeld] { isHeld = false; })](CNodeDataPtr data) {
+            replaceTwice();
+            return data;
+        });
+    pair.deliver(1);
+    QVERIFY(wasHeldWhileItRan && !isHeld);
+    pair.deliver(2);
+    QCOMPARE(pair.values(), Numbers({1, 12}));
 }
 
 void tst_CNodeConnectionCallbacks::converterMayChangeTheInEnd()

@@ -71,6 +71,7 @@ private Q_SLOTS:
 
     void gathersTheNewestOfEach();
     void gathersTheSameNumber();
+    void allDataHasOneNumberUnlessTheModelSays();
     void forgetsWhatFindsNoPartner();
     void dataThatIsForgottenMaySend();
     void dropsFramesOfTheSameNumberWhole();
@@ -87,11 +88,6 @@ private Q_SLOTS:
     void takesWhatComesWhileItAsks();
     void takesWhatComesAsItIsCancelled();
     void workThatIsReplacedAsItIsMadeIsNotUsed();
-
-    void savesItsSettings();
-    void restoresWhatMakesSense_data();
-    void restoresWhatMakesSense();
-    void settingsTellChanges();
 };
 
 void tst_AWorkerNodeDataModel::init()
@@ -379,6 +375,19 @@ void tst_AWorkerNodeDataModel::gathersTheSameNumber()
     QTRY_COMPARE(model.values, (Values{43, 63, -1}));
 }
 
+void tst_AWorkerNodeDataModel::allDataHasOneNumberUnlessTheModelSays()
+{
+    class CUnnumbered : public CWorkerModel
+    {
+        using CWorkerModel::CWorkerModel;
+        qint64 number(const CNodeDataPtr& data) const override { return AWorkerNodeDataModel::number(data); }
+    };
+    CUnnumbered model(2, EGathering::SameNumber);
+    model.send(10, 0);
+    model.send(25, 1);
+    QTRY_COMPARE(model.values, Values{35});
+}
+
 void tst_AWorkerNodeDataModel::forgetsWhatFindsNoPartner()
 {
     CWorkerModel model(2, EGathering::SameNumber);
@@ -637,58 +646,6 @@ void tst_AWorkerNodeDataModel::workThatIsReplacedAsItIsMadeIsNotUsed()
     };
     model.send(2);
     QTRY_COMPARE(model.values, (Values{100, 100}));
-}
-
-void tst_AWorkerNodeDataModel::savesItsSettings()
-{
-    CWorkerModel model;
-    const auto property = [&model] { return model.save().value("property").toObject(); };
-    QCOMPARE(property(), (QJsonObject{{"policy", "NewestWins"}, {"most_waiting", 8}, {"parallelism", 1}}));
-    model.setPolicy(EPolicy::DropNewest);
-    model.setMostWaiting(3);
-    model.setParallelism(4);
-    QCOMPARE(property(), (QJsonObject{{"policy", "DropNewest"}, {"most_waiting", 3}, {"parallelism", 4}}));
-    CWorkerModel other;
-    other.restore(model.save());
-    QCOMPARE(other.save(), model.save());
-}
-
-void tst_AWorkerNodeDataModel::restoresWhatMakesSense_data()
-{
-    QTest::addColumn<QJsonObject>("property");
-    QTest::newRow("nothing") << QJsonObject();
-    QTest::newRow("unknown policy") << QJsonObject{{"policy", "Newest"}};
-    QTest::newRow("policy of another type") << QJsonObject{{"policy", 1}};
-    QTest::newRow("no room") << QJsonObject{{"most_waiting", 0}, {"parallelism", 0}};
-    QTest::newRow("less than none") << QJsonObject{{"most_waiting", -1}, {"parallelism", -1}};
-    QTest::newRow("texts") << QJsonObject{{"most_waiting", "2"}, {"parallelism", "2"}};
-}
-
-void tst_AWorkerNodeDataModel::restoresWhatMakesSense()
-{
-    QFETCH(QJsonObject, property);
-    CWorkerModel model;
-    const QJsonObject before = model.save();
-    model.restore({{"property", property}});
-    QCOMPARE(model.save(), before);
-}
-
-void tst_AWorkerNodeDataModel::settingsTellChanges()
-{
-    CWorkerModel model;
-    const QSignalSpy policy(&model, &AWorkerNodeDataModel::policyChanged);
-    const QSignalSpy waiting(&model, &AWorkerNodeDataModel::mostWaitingChanged);
-    const QSignalSpy parallelism(&model, &AWorkerNodeDataModel::parallelismChanged);
-    for (int i = 0; i < 2; ++i) {
-        model.setProperty("policy", QVariant::fromValue(EPolicy::DropOldest));
-        model.setProperty("mostWaiting", 2);
-        model.setProperty("parallelism", 2);
-    }
-    QCOMPARE(policy.count() + 10 * waiting.count() + 100 * parallelism.count(), 111);
-    QCOMPARE(model.policy(), EPolicy::DropOldest);
-    model.setProperty("mostWaiting", 1);
-    model.setProperty("parallelism", 1);
-    QCOMPARE(waiting.count() + 10 * parallelism.count(), 22);
 }
 
 QTEST_GUILESS_MAIN(tst_AWorkerNodeDataModel)

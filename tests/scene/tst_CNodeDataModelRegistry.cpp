@@ -356,6 +356,10 @@ void tst_CNodeDataModelRegistry::moveAssignmentReplacesAllTables()
     QCOMPARE(convertedBy(to, TypeB, TypeA), -1);
     fill(from); // NOLINT(bugprone-use-after-move): what it is then is the question
     QVERIFY(isFilled(from));
+
+    CNodeDataModelRegistry& same = to;
+    to = std::move(same);
+    QVERIFY(isFilled(to));
 }
 
 QTEST_GUILESS_MAIN(tst_CNodeDataModelRegistry)

@@ -6,6 +6,7 @@
 
 #include "scene/SceneDocuments.h"
 #include "support/CLeakTest.h"
+#include "support/CMessageCatcher.h"
 
 #include <QtTest>
 
@@ -55,6 +56,26 @@ void connectWithTypes(const World& world)
     world.scene->createConnection(world.node(idC), 0, world.node(idA), 1, &passOn);
 }
 
+/// A converter that says when it is copied.
+class CCopiedConverter
+{
+public:
+    explicit CCopiedConverter(std::function<void()> onCopied)
+        : m_onCopied(std::move(onCopied))
+    {
+    }
+    CCopiedConverter(const CCopiedConverter& other)
+        : m_onCopied(other.m_onCopied)
+    {
+        m_onCopied();
+    }
+    CCopiedConverter& operator=(const CCopiedConverter&) = delete;
+    CNodeDataPtr operator()(CNodeDataPtr data) const { return data; }
+
+private:
+    std::function<void()> m_onCopied;
+};
+
 } // namespace
 
 Q_DECLARE_METATYPE(Action)
@@ -73,6 +94,9 @@ private Q_SLOTS:
     void replacedModelRemovesTheNewNode();
     void newNodeIsReplacedWhenItIsAnnounced();
     void nameOfAModelRemovesNodes() const;
+    void warningDestroysTheScene_data();
+    void warningDestroysTheScene();
+    void copiedConverterDestroysTheScene();
 
     void saveThatRemovesNodes();
     void saveThatChangesConnections();
@@ -230,6 +254,47 @@ void tst_SceneDocumentReentry::nameOfAModelRemovesNodes() const
         QCOMPARE(&scene->restoreNode(nodeJson(idA, "Fleeting", true)), &CNodeScene::noNode());
         QCOMPARE(CTestModel::alive(), 0);
     }
+}
+
+void tst_SceneDocumentReentry::warningDestroysTheScene_data()
+{
+    QTest::addColumn<QByteArray>("document");
+    QTest::newRow("no JSON") << QByteArray("no JSON at all");
+    QTest::newRow("no array") << QByteArray(R"({"nodes": {}, "connections": 7})");
+    QTest::newRow("no object") << QByteArray(R"({"nodes": [], "connections": [5, {"in_id": ""}]})");
+}
+
+// Whoever installs a message handler runs code in the middle of a load.
+void tst_SceneDocumentReentry::warningDestroysTheScene()
+{
+    QFETCH(const QByteArray, document);
+    World world;
+    CMessageCatcher messages;
+    messages.onMessage = [&world] {
+        if (world.scene)
+            CTestScene::endInside(world.scene);
+    };
+    world.scene->loadFromMemory(document);
+    QVERIFY(!world.scene);
+    QVERIFY(!messages.texts("halvex.usage").isEmpty());
+}
+
+void tst_SceneDocumentReentry::copiedConverterDestroysTheScene()
+{
+    World world;
+    world.loadChain();
+    bool isArmed = false;
+    const auto destroyTheScene = [&] {
+        if (isArmed && world.scene)
+            CTestScene::endInside(world.scene);
+    };
+    world.registry->registerTypeConverter({CTestData::defaultType(), CTestData::defaultType()},
+                                          CCopiedConverter(destroyTheScene));
+    const SNodeDataType type = CTestData::defaultType();
+    const QJsonObject json{{"id", type.id}, {"name", type.name}};
+    isArmed = true;
+    QVERIFY(!world.scene->restoreConnection({{"converter", QJsonObject{{"in", json}, {"out", json}}}}));
+    QVERIFY(!world.scene);
 }
 
 void tst_SceneDocumentReentry::saveThatRemovesNodes()

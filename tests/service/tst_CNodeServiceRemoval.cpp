@@ -31,6 +31,8 @@ private Q_SLOTS:
     void sceneMayGoWithItsLoneSink();
     void serviceMayGoWithItsLoneSink();
     void serviceMayGoWithItsScene();
+    void sceneMayGoAsItsRemovalIsTold();
+    void serviceMayGoAsANodeIsAdded();
     void whatComesAsTheLoneSinkGoesGoesWithTheScene();
 
     void dyingServiceDestroysItsScenesInOrder();
@@ -194,6 +196,34 @@ void tst_CNodeServiceRemoval::serviceMayGoWithItsScene()
         QVERIFY(!f.service);
         QCOMPARE(f.log.take().filter("removed").size(), isRemoved ? 1 : 0);
         QCOMPARE(CTestModels::alive(), 0);
+    }
+}
+
+void tst_CNodeServiceRemoval::sceneMayGoAsItsRemovalIsTold()
+{
+    F f;
+    const SPlaced cam = f.addSource();
+    f.addSource("cam-2");
+    connect(f.service.get(), &INodeService::sceneRemoving, this, [](const CNodeScene* leaving) { delete leaving; });
+    f.log.take();
+    f.service->removeSceneOfNode(cam.id);
+    QCOMPARE(f.log.take().filter("remov"), QStringList({"removing 1", "removed"}));
+    QCOMPARE(f.sceneCount(), 1);
+}
+
+void tst_CNodeServiceRemoval::serviceMayGoAsANodeIsAdded()
+{
+    for (const bool isByItsName : {false, true}) {
+        F f;
+        f.addSource();
+        const auto end = [&f] { f.service.reset(); };
+        auto view = makeModel(ENodeDataModelType::Sink, "view");
+        if (isByItsName)
+            view->onName = end;
+        else
+            connect(f.active(), &CNodeScene::nodeCreated, this, end);
+        QVERIFY(f.service->addNode(std::move(view), {}) == Core::CId());
+        QVERIFY(!f.service);
     }
 }
 

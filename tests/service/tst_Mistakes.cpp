@@ -116,6 +116,12 @@ public:
 
     QString idOfThrower() const { return idText(m_thrower.node); }
 
+    /// Asked for its name, the node that throws goes.
+    void removeThrowerByItsName()
+    {
+        m_thrower.model.onName = [this] { m_scene.removeNode(m_thrower.node); };
+    }
+
     bool disconnectsFirst = false;
 
 private:
@@ -164,6 +170,7 @@ private Q_SLOTS:
     void askingDataForItsTypeMayEndTheNode();
     void converterThatGivesAnotherType();
     void exceptionThroughAnEventLoop();
+    void exceptionOfANodeThatGoes();
     void exceptionWithoutAnEventLoop();
     void decouplerWithAnEventLoop(); // first: what was said once is not said again
     void decouplerWithoutAnEventLoop();
@@ -365,6 +372,17 @@ void tst_Mistakes::exceptionThroughAnEventLoop()
                                             "event loop that gets it ends the process.")
                                  .arg(chain.idOfThrower())});
     }
+}
+
+void tst_Mistakes::exceptionOfANodeThatGoes()
+{
+    const CMessageCatcher messages;
+    CChainThatThrows chain;
+    chain.removeThrowerByItsName();
+    bool hasThrown = false;
+    runInEventLoop([&] { hasThrown = chain.throwsWhenItDelivers(); });
+    QVERIFY(hasThrown);
+    QCOMPARE(messages.texts("halvex.usage"), QStringList());
 }
 
 void tst_Mistakes::exceptionWithoutAnEventLoop()

@@ -9,6 +9,8 @@
 #include <QStringList>
 #include <QtGlobal>
 
+#include <functional>
+
 /// Catches Qt's messages while it lives. One at a time.
 class CMessageCatcher
 {
@@ -37,6 +39,8 @@ public:
         return found;
     }
 
+    std::function<void()> onMessage; ///< What the handler does besides.
+
 private:
     struct SMessage
     {
@@ -46,8 +50,12 @@ private:
 
     static void handle(QtMsgType, const QMessageLogContext& context, const QString& text)
     {
-        const QMutexLocker lock(&s_current->m_mutex);
-        s_current->m_messages.append({QString::fromLatin1(context.category), text});
+        {
+            const QMutexLocker lock(&s_current->m_mutex);
+            s_current->m_messages.append({QString::fromLatin1(context.category), text});
+        }
+        if (s_current->onMessage)
+            s_current->onMessage();
     }
 
     mutable QMutex m_mutex;
