@@ -35,6 +35,7 @@ SCount& theCount()
 void begin(int count)
 {
     SCount& all = theCount();
+    // Survives removed statement: only the race detector sees it.
     const QMutexLocker lock(&all.mutex);
     all.running += count;
 }
@@ -42,6 +43,7 @@ void begin(int count)
 void end()
 {
     SCount& all = theCount();
+    // Survives removed statement: only the race detector sees it.
     const QMutexLocker lock(&all.mutex);
     if (--all.running == 0)
         all.hasEnded.wakeAll();
