@@ -51,7 +51,10 @@ sanitizers() {
     cmake --build build/asan-host >&2
     build/asan-host/host/halvex-host run host/chains/demo.json --camera fake-1 --camera fake-2 --frames 30 \
         --output out/deep-demo >&2
-    ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1 run_tests build/asan-host
+    # Not as strict with strings as over the library alone: the library that Qt reads keyboards with copies text that
+    # has no end. OpenGL's driver is never freed.
+    ASAN_OPTIONS=detect_leaks=1 QT_XCB_GL_INTEGRATION=none \
+        LSAN_OPTIONS=suppressions=$PWD/tests/host/viewer/user/lsan.suppressions run_tests build/asan-host
 }
 race() {
     need_packages "${library_packages[@]}" "${test_packages[@]}" "${race_packages[@]}" >&2
