@@ -32,7 +32,7 @@ public:
     }
 
     /// Whether a walk may begin without further questions. \a here: any object on the stack, not far above the caller.
-    // Survives returned value: without room more is asked, which takes longer.
+    // Survives exchanged operator: one byte more or less.
     bool hasRoom(const void* here) const { return Q_LIKELY(reinterpret_cast<quintptr>(here) >= m_lowest); }
 
     /// For a walk that begins where hasRoom() says no: whether it may begin even so. If it may, end it with
