@@ -10,6 +10,8 @@
 
 #include <QtTest>
 
+#include <algorithm>
+
 using namespace Plugin::Halvex;
 
 namespace {
@@ -21,6 +23,17 @@ struct SAsked
     ETarget target = ETarget::AtHand;
 };
 using Asked = std::vector<SAsked>;
+
+/// The hook or operation of that name.
+template <typename Named>
+const Named& find(const std::vector<Named>& all, const QString& name)
+{
+    const auto isMeant = [&name](const Named& each) { return QLatin1String(each.name) == name; };
+    const auto found = std::find_if(all.begin(), all.end(), isMeant);
+    if (found == all.end())
+        qFatal("Nothing is named \"%s\".", qPrintable(name));
+    return *found;
+}
 
 /// What the service itself said, with the numbers of scenes: "added 1, active 1, removing 1, removed, active none".
 QString saidByTheService(const CWitness& witness)
@@ -120,14 +133,14 @@ void tst_CNodeServiceReentry::order()
     QString meanwhile;
     world.setHandler([&] {
         for (const SAsked& each : asked) {
-            const SOperation& operation = findOperation(QString::fromLatin1(each.operation));
+            const SOperation& operation = find(operations(), QString::fromLatin1(each.operation));
             meanwhile = saidByTheService(world.witness());
             proofs.push_back(operation.run(world, world.at(each.target), operation.inMatrix));
         }
         meanwhile = saidByTheService(world.witness());
     });
     world.beginStep();
-    findHook(hook).provoke(world);
+    find(matrixHooks(), hook).provoke(world);
 
     QTEST(meanwhile, "meanwhile");
     QTEST(saidByTheService(world.witness()), "expected");

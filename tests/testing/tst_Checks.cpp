@@ -4,6 +4,7 @@
 // The checks as functions: of data, converters and plugins, of the library's families of models, and their options.
 
 #include "CNumberModel.h"
+#include "RulesIn.h"
 
 #include <Halvex/models/ASinkNodeDataModel.h>
 #include <Halvex/models/ASourceNodeDataModel.h>
@@ -172,14 +173,6 @@ Q_SIGNALS:
 private:
     QSize m_size;
 };
-
-QStringList rulesIn(const SReport& report)
-{
-    QStringList rules;
-    for (const SFinding& finding : report.findings)
-        rules << finding.rule;
-    return rules;
-}
 
 QStringList namesOf(const std::vector<SRuleInfo>& rules)
 {

@@ -4,6 +4,7 @@
 // Frames: the kit has some of its own, and knows their pixels, without a word from whoever checks a model.
 
 #include "FrameModels.h"
+#include "RulesIn.h"
 
 #include <Halvex/testing/CheckConverter.h>
 #include <Halvex/testing/CheckData.h>
@@ -33,14 +34,6 @@ SCheckOptions hasty()
     options.patience = std::chrono::milliseconds(100);
     options.instances = 20;
     return options;
-}
-
-QStringList rulesIn(const SReport& report)
-{
-    QStringList rules;
-    for (const SFinding& finding : report.findings)
-        rules << finding.rule;
-    return rules;
 }
 
 /// All that a model was given while it was checked: "Mono8 16 x 12", or "none".

@@ -8,7 +8,6 @@
 #include <QJsonObject>
 #include <QTest>
 
-#include <algorithm>
 #include <utility>
 
 using namespace Plugin::Halvex;
@@ -567,13 +566,4 @@ const std::vector<SHook>& matrixHooks()
         {"info destroyed with its scene", &onInfoDestroyedWithScene, {sceneItself(), nodesOfItsScene()}},
     };
     return hooks;
-}
-
-const SHook& findHook(const QString& name)
-{
-    const auto found = std::find_if(matrixHooks().begin(), matrixHooks().end(),
-                                    [&name](const SHook& each) { return QLatin1String(each.name) == name; });
-    if (found == matrixHooks().end())
-        qFatal("There is no hook \"%s\".", qPrintable(name));
-    return *found;
 }

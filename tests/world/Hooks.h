@@ -37,5 +37,3 @@ struct SHook
 /// All that run in the graph's thread. A data object may also go in a decoupler's; what may be called from there, and
 /// is, is in tst_CDecoupler.
 const std::vector<SHook>& matrixHooks();
-/// The one of that name.
-const SHook& findHook(const QString& name);

@@ -357,12 +357,3 @@ std::vector<const SOperation*> matrixOperations()
     }
     return found;
 }
-
-const SOperation& findOperation(const QString& name)
-{
-    const auto found = std::find_if(operations().begin(), operations().end(),
-                                    [&name](const SOperation& each) { return QLatin1String(each.name) == name; });
-    if (found == operations().end())
-        qFatal("There is no operation \"%s\".", qPrintable(name));
-    return *found;
-}

@@ -45,5 +45,3 @@ QString importDocumentFor(const SPlace& place);
 const std::vector<SOperation>& operations();
 /// Those that destroy or rewire something, and all of the service.
 std::vector<const SOperation*> matrixOperations();
-/// The one of that name.
-const SOperation& findOperation(const QString& name);
