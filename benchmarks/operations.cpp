@@ -92,6 +92,7 @@ void push(const char* who, int times)
         who,
         [&] {
             CDecoupler decoupler;
+            decoupler.enableThrottle(true); // else it depends on the time what the worker takes out
             pushInto([&decoupler](const CNodeDataPtr& data) { decoupler.setNodeData(data); });
         },
         [&] {

@@ -10,10 +10,10 @@
 declare -A limits=(
     [chain]="360 1.185" [converting]="422 1.235" [fan-out]="70 1.70" [fan-in]="215 1.245" [diamonds]="232 1.235"
     [random]="151 1.335"
-    [construct]="13500 2.59" [load]="40500 1.365" [import]="77500 4.32" [find]="135 1.875" [push]="207 1.65"
+    [construct]="13200 2.545" [load]="40500 1.365" [import]="76000 4.26" [find]="135 1.875" [push]="91 0.87"
     [work]="7970 1.26")
 
-# The instructions of one run. Threads take fair turns, so that those of push and work meet at much the same points.
+# The instructions of one run. Threads take fair turns, so that those of work meet at much the same points.
 instructions() {
     valgrind --fair-sched=yes --tool=callgrind --callgrind-out-file=/dev/null "build/bench/benchmarks/$1" "${@:2}" \
         2>&1 >/dev/null |
@@ -29,12 +29,13 @@ of_delivery() {
     awk -v few="$few" -v many="$many" -v n="$deliveries" 'BEGIN { printf "%.1f", (many - few) / n }'
 }
 
-# Those of one of a thousand operations, less what was prepared.
+# Those of one operation, by a thousand more, less what is prepared for these.
 of_operation() {
-    local with without
-    with=$(instructions halvex-operations "$@" 1000)
-    without=$(instructions halvex-operations nothing "$2" 1000)
-    awk -v with="$with" -v without="$without" 'BEGIN { printf "%.1f", (with - without) / 1000 }'
+    local few many less
+    few=$(instructions halvex-operations "$@" 1000)
+    many=$(instructions halvex-operations "$@" 2000)
+    less=$(($(instructions halvex-operations nothing "$2" 2000) - $(instructions halvex-operations nothing "$2" 1000)))
+    awk -v few="$few" -v many="$many" -v less="$less" 'BEGIN { printf "%.1f", (many - few - less) / 1000 }'
 }
 
 # count <function> <what>

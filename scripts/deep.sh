@@ -49,12 +49,13 @@ sanitizers() {
     need_packages "${library_packages[@]}" "${host_packages[@]}" "${test_packages[@]}" >&2
     cmake --preset asan -B build/asan-host -DHALVEX_BUILD_HOST=ON -DHALVEX_BUILD_TESTING_KIT=ON >&2
     cmake --build build/asan-host >&2
-    build/asan-host/host/halvex-host run host/chains/demo.json --camera fake-1 --camera fake-2 --frames 30 \
-        --output out/deep-demo >&2
     # Not as strict with strings as over the library alone: the library that Qt reads keyboards with copies text that
     # has no end. OpenGL's driver is never freed.
-    ASAN_OPTIONS=detect_leaks=1 QT_XCB_GL_INTEGRATION=none \
-        LSAN_OPTIONS=suppressions=$PWD/tests/host/viewer/user/lsan.suppressions run_tests build/asan-host
+    local -x ASAN_OPTIONS=detect_leaks=1 QT_XCB_GL_INTEGRATION=none \
+        LSAN_OPTIONS=suppressions=$PWD/tests/host/viewer/user/lsan.suppressions
+    build/asan-host/host/halvex-host run host/chains/demo.json --camera fake-1 --camera fake-2 --frames 30 \
+        --output out/deep-demo >&2
+    run_tests build/asan-host
 }
 race() {
     need_packages "${library_packages[@]}" "${test_packages[@]}" "${race_packages[@]}" >&2
