@@ -13,10 +13,10 @@ CMailbox::CMailbox()
 CMailbox::~CMailbox()
 {
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        const QMutexLocker lock(&m_mutex);
         m_isEnding = true;
     }
-    m_wakeUp.notify_one();
+    m_wakeUp.wakeOne();
     m_worker.join();
 }
 
@@ -24,37 +24,38 @@ void CMailbox::push(CNodeDataPtr data)
 {
     bool isOpen = false;
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        const QMutexLocker lock(&m_mutex);
         m_slot.swap(data);
         isOpen = m_isOpen;
     }
     if (isOpen)
-        m_wakeUp.notify_one();
+        m_wakeUp.wakeOne();
 }
 
 void CMailbox::open()
 {
     bool isFull = false;
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        const QMutexLocker lock(&m_mutex);
         m_isOpen = true;
         isFull = !m_slot.isNull();
     }
     if (isFull)
-        m_wakeUp.notify_one();
+        m_wakeUp.wakeOne();
 }
 
 void CMailbox::run()
 {
-    std::unique_lock<std::mutex> lock(m_mutex);
+    QMutexLocker lock(&m_mutex);
     for (;;) {
-        m_wakeUp.wait(lock, [this] { return m_isEnding || (m_isOpen && m_slot); });
+        while (!m_isEnding && !(m_isOpen && m_slot))
+            m_wakeUp.wait(&m_mutex);
         if (m_isEnding)
             return;
         const CNodeDataPtr data = std::exchange(m_slot, CNodeDataPtr());
         m_isOpen = false;
         lock.unlock();
         Q_EMIT taken(data);
-        lock.lock();
+        lock.relock();
     }
 }

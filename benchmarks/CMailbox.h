@@ -5,10 +5,10 @@
 
 #include <Halvex/graph/CNodeData.h>
 
+#include <QMutex>
 #include <QObject>
+#include <QWaitCondition>
 
-#include <condition_variable>
-#include <mutex>
 #include <thread>
 
 /// The floor H, written by hand: one mutex, one condition variable, one slot, one worker. Closed, it keeps the newest;
@@ -33,8 +33,8 @@ Q_SIGNALS:
 private:
     void run();
 
-    std::mutex m_mutex;
-    std::condition_variable m_wakeUp;
+    QMutex m_mutex;
+    QWaitCondition m_wakeUp;
     CNodeDataPtr m_slot;
     bool m_isOpen = false;
     bool m_isEnding = false;

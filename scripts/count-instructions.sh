@@ -10,7 +10,7 @@
 declare -A limits=(
     [chain]="360 1.185" [converting]="422 1.235" [fan-out]="70 1.70" [fan-in]="215 1.245" [diamonds]="232 1.235"
     [random]="151 1.335"
-    [construct]="13200 2.545" [load]="40500 1.365" [import]="76000 4.26" [find]="135 1.875" [push]="91 0.87"
+    [construct]="13200 2.545" [load]="40500 1.365" [import]="76000 4.26" [find]="135 1.875" [push]="91 1.53"
     [work]="7970 1.26")
 
 # The instructions of one run. Threads take fair turns, so that those of work meet at much the same points.

@@ -40,7 +40,7 @@ previous() {
         sed -n 's/^== build the plugin of \(.......\).*/The plugin of commit \1 with the library of today:\n/p; /^Totals:/p; /^Commit .* is not in this clone/p'
 }
 qt512() {
-    scripts/qt512.sh | tee /dev/stderr | sed -n 's/^== \(nothing newer than .* files\).*/\1/p'
+    scripts/qt512.sh | tee /dev/stderr | sed -n 's/^== n\(othing newer than Qt 5.12 in [0-9]* files\).*/N\1./p'
     echo "By its documentation: Qt 5.12 itself was not there to build with."
 }
 qt6() { scripts/qt6.sh | tee /dev/stderr | sed -n 's/^== test with \(Qt [0-9.]*\) .*/\1\n/p; /tests passed/p'; }
