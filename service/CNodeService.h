@@ -92,7 +92,7 @@ private:
 
     Core::CId idOfKnownModel(ANodeDataModel& model);
     // The active scene; null while it is being destroyed: what it took would go with it.
-    CNodeScene* openScene() const;
+    HALVEX_NO_EXPORT CNodeScene* openScene() const;
     Core::CId placeNotUnique(std::unique_ptr<ANodeDataModel> model);
     Core::CId placeInto(QPointer<CNodeScene> scene, std::unique_ptr<ANodeDataModel> model);
     void removeNode(CNodeBase& node, bool removeLoneNodeScene);
