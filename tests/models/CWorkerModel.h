@@ -63,6 +63,7 @@ public:
     }
 
     std::vector<int> values; ///< What went out, -1 for empty data.
+    bool hasNumbers = true;
 
     // Each may destroy the model.
     std::function<void()> onPorts;
@@ -76,11 +77,11 @@ protected:
         call(onMakeWork);
         return work;
     }
-    /// Data belongs together if it has the same tens.
+    /// Data belongs together if it has the same tens; without them it is up to the base.
     qint64 number(const CNodeDataPtr& data) const override
     {
         call(onNumber);
-        return CTestData::valueOf(data) / 10;
+        return hasNumbers ? CTestData::valueOf(data) / 10 : AWorkerNodeDataModel::number(data);
     }
 
 private:
