@@ -80,8 +80,10 @@ protected:
     /// Data belongs together if it has the same tens; without them it is up to the base.
     qint64 number(const CNodeDataPtr& data) const override
     {
+        if (!hasNumbers)
+            return AWorkerNodeDataModel::number(data);
         call(onNumber);
-        return hasNumbers ? CTestData::valueOf(data) / 10 : AWorkerNodeDataModel::number(data);
+        return CTestData::valueOf(data) / 10;
     }
 
 private:
