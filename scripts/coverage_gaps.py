@@ -2,8 +2,8 @@
 """Holds docs/coverage-gaps.md to what was measured: `coverage_gaps.py coverage.json`, from gcovr.
 
 Prints coverage by folder, and what the document's table does not have: lines that no test reached, and conditions that
-were always true or always false. That is no failure: what threads reach is not the same every time. It fails when the table has a line that is not in the
-source any more.
+were always true or always false. That is no failure: what threads reach is not the same every time. It fails when the
+table has a line that is not in the source any more.
 """
 
 import collections

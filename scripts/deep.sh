@@ -49,13 +49,14 @@ sanitizers() {
     need_packages "${library_packages[@]}" "${host_packages[@]}" "${test_packages[@]}" >&2
     cmake --preset asan -B build/asan-host -DHALVEX_BUILD_HOST=ON -DHALVEX_BUILD_TESTING_KIT=ON >&2
     cmake --build build/asan-host >&2
-    # Not as strict with strings as over the library alone: the library that Qt reads keyboards with copies text that
-    # has no end. OpenGL's driver is never freed.
-    local -x ASAN_OPTIONS=detect_leaks=1 QT_XCB_GL_INTEGRATION=none \
+    # OpenGL's driver is never freed.
+    local -x ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1 QT_XCB_GL_INTEGRATION=none \
         LSAN_OPTIONS=suppressions=$PWD/tests/host/viewer/user/lsan.suppressions
     build/asan-host/host/halvex-host run host/chains/demo.json --camera fake-1 --camera fake-2 --frames 30 \
         --output out/deep-demo >&2
-    run_tests build/asan-host
+    run_tests build/asan-host --exclude-regex ByHand
+    # Not strict with strings: the library that Qt reads keyboards with copies text that has no end.
+    ASAN_OPTIONS=detect_leaks=1 run_tests build/asan-host --tests-regex ByHand
 }
 race() {
     need_packages "${library_packages[@]}" "${test_packages[@]}" "${race_packages[@]}" >&2
@@ -102,7 +103,7 @@ mutants() {
     grep -E '^(Killed|With what sanitizers kill):' out/deep/mutants.txt | indent
 }
 
-run_tests() { ctest --test-dir "$1" --output-on-failure -j 2 | tee /dev/stderr | grep 'tests passed'; }
+run_tests() { ctest --test-dir "$@" --output-on-failure -j 2 | tee /dev/stderr | grep 'tests passed'; }
 build_tests() {
     need_packages "${library_packages[@]}" "${host_packages[@]}" "${test_packages[@]}" >&2
     cmake --preset release >&2

@@ -35,6 +35,7 @@ bool swallowExceptions(const QLoggingCategory& (*category)(), const char* where,
     return false;
 }
 
+/// What warnOnce() does, with its insertions in a list.
 void warnOnceWith(const char* text, const QStringList& insertions);
 
 /// Warns in "halvex.usage" of a mistake of whoever uses the library. Each "%" in \a text stands for the next of

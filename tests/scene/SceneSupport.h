@@ -143,3 +143,21 @@ public:
 private:
     std::function<void()> m_onDestroyed;
 };
+
+/// Something for a converter to capture that runs the test's code when it is copied.
+struct SCopyWatch
+{
+    explicit SCopyWatch(std::function<void()> code)
+        : onCopied(std::move(code))
+    {
+    }
+    SCopyWatch(const SCopyWatch& other)
+        : onCopied(other.onCopied)
+    {
+        onCopied();
+    }
+    SCopyWatch& operator=(const SCopyWatch&) = delete;
+    ~SCopyWatch() = default;
+
+    std::function<void()> onCopied;
+};

@@ -56,26 +56,6 @@ void connectWithTypes(const World& world)
     world.scene->createConnection(world.node(idC), 0, world.node(idA), 1, &passOn);
 }
 
-/// A converter that says when it is copied.
-class CCopiedConverter
-{
-public:
-    explicit CCopiedConverter(std::function<void()> onCopied)
-        : m_onCopied(std::move(onCopied))
-    {
-    }
-    CCopiedConverter(const CCopiedConverter& other)
-        : m_onCopied(other.m_onCopied)
-    {
-        m_onCopied();
-    }
-    CCopiedConverter& operator=(const CCopiedConverter&) = delete;
-    CNodeDataPtr operator()(CNodeDataPtr data) const { return data; }
-
-private:
-    std::function<void()> m_onCopied;
-};
-
 } // namespace
 
 Q_DECLARE_METATYPE(Action)
@@ -289,7 +269,7 @@ void tst_SceneDocumentReentry::copiedConverterDestroysTheScene()
             CTestScene::endInside(world.scene);
     };
     world.registry->registerTypeConverter({CTestData::defaultType(), CTestData::defaultType()},
-                                          CCopiedConverter(destroyTheScene));
+                                          [watch = SCopyWatch(destroyTheScene)](CNodeDataPtr data) { return data; });
     const SNodeDataType type = CTestData::defaultType();
     const QJsonObject json{{"id", type.id}, {"name", type.name}};
     isArmed = true;
