@@ -32,12 +32,10 @@ fi
 need_packages "${library_packages[@]}" "${host_packages[@]}" "${test_packages[@]}" "${bench_packages[@]}" \
     "${bench_peers_packages[@]}"
 step "commands and moc files for the linters"
-# What the linters read is made at once: a target's moc files need nothing of what the target links.
-cmake --preset dev -DHALVEX_BUILD_BENCHMARKS=ON -DHALVEX_BENCH_PEERS=ON -DCMAKE_AUTOGEN_ORIGIN_DEPENDS=OFF
+cmake --preset dev -DHALVEX_BUILD_BENCHMARKS=ON -DHALVEX_BENCH_PEERS=ON
 mapfile -t sources < <(scripts/lint_sources.py build/dev/compile_commands.json build/lint ${base:+"$base"})
 [ ${#sources[@]} -gt 0 ] || exit 0
-mapfile -t moc_targets <build/lint/moc_targets
-cmake --build --preset dev --target "${moc_targets[@]}"
+xargs -d '\n' -P "$(nproc)" -I '{}' sh -c '{}' <build/lint/moc_commands
 
 step "clang-tidy over ${#sources[@]} files, changed since ${base:-ever}"
 printf '%s\0' "${sources[@]}" | xargs -0 -P "$(nproc)" -n 1 clang-tidy -p build/lint --quiet 2>build/lint/clang-tidy.log || {

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes the compile commands that the linters read, and the targets that make the moc files of what is linted, and
+"""Writes the compile commands that the linters read, and the commands that make the moc files of what is linted, and
 prints the sources to be linted, one to a line.
 
     scripts/lint_sources.py build/dev/compile_commands.json build/lint          every source of ours
@@ -28,12 +28,12 @@ def source_for(header, sources):
     return next((source for source in sources if including.search(source.read_text())), None)
 
 
-def moc_targets(build, commands):
-    """Of the targets that the commands belong to: AUTOMOC's, or the files that moc is called for."""
+def made_by_moc(build, commands):
+    """Of the targets that the commands belong to: AUTOMOC's stamps, and the files that moc is called for."""
     known = {line.rpartition(":")[0] for line in run("ninja", "-C", str(build), "-t", "targets", "all").splitlines()}
     for command in commands:
         folder, target = re.search(r" -o (\S*)CMakeFiles/([^/]+)\.dir/", command["command"]).groups()
-        yield from {f"{target}_autogen"} & known
+        yield from {f"{folder}{target}_autogen/timestamp"} & known
         yield from (each for each in known if each.startswith(f"{folder}{target}_moc/"))
 
 
@@ -55,7 +55,10 @@ def main():
         chosen |= {source_for(header, sources) for header in changed if header.suffix == ".h"}
         sources = sorted(chosen - {None})
     chosen = [command for command in commands if pathlib.Path(os.path.relpath(command["file"])) in sources]
-    (lint_folder / "moc_targets").write_text("".join(f"{target}\n" for target in sorted(set(moc_targets(build, chosen)))))
+    # The bare commands: for a target, Ninja would first build all that it links, of which moc needs nothing.
+    made = sorted(set(made_by_moc(build, chosen)))
+    moc_commands = run("ninja", "-C", str(build), "-t", "commands", "-s", *made) if made else ""
+    (lint_folder / "moc_commands").write_text(moc_commands)
     for source in sources:
         print(source)
 
