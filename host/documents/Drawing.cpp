@@ -24,10 +24,13 @@ char* attribute(const char* text)
     return const_cast<char*>(text);
 }
 
-struct SContextDeleter
+// One for the process, and never freed: what measures texts keeps a font's name that belongs to a context, and would
+// compare the next picture's with it after that context has gone.
+GVC_t* drawingContext()
 {
-    void operator()(GVC_t* context) const { gvFreeContext(context); }
-};
+    static GVC_t* const context = gvContext();
+    return context;
+}
 
 struct SGraphDeleter
 {
@@ -82,7 +85,7 @@ QByteArray draw(const QByteArray& dot, EDrawing kind, QString* error)
 #endif
     // It would print what it has to say, also where it only had to make a picture smaller.
     agseterr(AGMAX);
-    const std::unique_ptr<GVC_t, SContextDeleter> context(gvContext());
+    GVC_t* const context = drawingContext();
     const std::unique_ptr<Agraph_t, SGraphDeleter> graph(agmemread(dot.constData()));
     if (!context || !graph) {
         *error = lastError();
@@ -92,10 +95,10 @@ QByteArray draw(const QByteArray& dot, EDrawing kind, QString* error)
     const bool isLarge = agnnodes(graph.get()) > int(mostInLayers);
     if (kind == EDrawing::Png)
         agsafeset(graph.get(), attribute("dpi"), attribute(isLarge ? "60" : "120"), attribute(""));
-    const CLayout layout(context.get(), graph.get());
+    const CLayout layout(context, graph.get());
     char* data = nullptr;
     unsigned int size = 0;
-    if (!layout.isDone() || gvRenderData(context.get(), graph.get(), formatOf(kind), &data, &size) != 0 || !data) {
+    if (!layout.isDone() || gvRenderData(context, graph.get(), formatOf(kind), &data, &size) != 0 || !data) {
         *error = lastError();
         return {};
     }
