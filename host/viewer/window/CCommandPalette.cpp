@@ -4,38 +4,22 @@
 #include "host/viewer/window/CCommandPalette.h"
 
 #include "host/viewer/base/Theme.h"
+#include "host/viewer/window/CCommandModel.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QListWidget>
-#include <QMenu>
+#include <QListView>
+#include <QPointer>
 #include <QRegularExpression>
+#include <QSortFilterProxyModel>
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
-
-#include <algorithm>
 
 namespace Host {
 
 namespace {
-
-constexpr int shortcutRole = Qt::UserRole;
-constexpr int numberRole = Qt::UserRole + 1;
-
-// "&Open…" and "ファイル(&F)" as a person reads them.
-QString plainText(const QString& text)
-{
-    QString plain = text;
-    return plain.remove(QRegularExpression(QStringLiteral("\\(&.\\)|&")));
-}
-
-QString fullText(const CCommandPalette::SCommand& command)
-{
-    const QString text = plainText(command.action->text());
-    return command.menu.isEmpty() ? text : QStringLiteral("%1 › %2").arg(command.menu, text);
-}
 
 // The text, and the shortcut at the right.
 class CCommandDelegate : public QStyledItemDelegate
@@ -55,7 +39,7 @@ public:
                 palette.setCurrentColorGroup(group);
                 return palette;
             }(),
-            group != QPalette::Disabled, index.data(shortcutRole).toString(), role);
+            group != QPalette::Disabled, index.data(CCommandModel::shortcutRole).toString(), role);
     }
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
@@ -68,11 +52,16 @@ public:
 
 CCommandPalette::CCommandPalette(QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint)
+    , m_commands(new CCommandModel(this))
+    , m_found(new QSortFilterProxyModel(this))
     , m_search(new QLineEdit(this))
-    , m_list(new QListWidget(this))
+    , m_list(new QListView(this))
 {
+    m_found->setSourceModel(m_commands);
     m_search->setClearButtonEnabled(true);
     m_search->installEventFilter(this);
+    m_list->setModel(m_found);
+    m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_list->setItemDelegate(new CCommandDelegate(m_list));
     m_list->setFocusPolicy(Qt::NoFocus);
     m_list->setUniformItemSizes(true);
@@ -83,14 +72,14 @@ CCommandPalette::CCommandPalette(QWidget* parent)
     layout->addWidget(m_list);
     connect(m_search, &QLineEdit::textChanged, this, &CCommandPalette::search);
     connect(m_search, &QLineEdit::returnPressed, this, &CCommandPalette::trigger);
-    connect(m_list, &QListWidget::itemClicked, this, &CCommandPalette::trigger);
+    connect(m_list, &QListView::clicked, this, &CCommandPalette::trigger);
     resize(64 * gridStep, 48 * gridStep);
     retranslate();
 }
 
 void CCommandPalette::setCommands(const QVector<SCommand>& commands)
 {
-    m_commands = commands;
+    m_commands->setCommands(commands);
     m_search->clear();
     search();
 }
@@ -98,42 +87,28 @@ void CCommandPalette::setCommands(const QVector<SCommand>& commands)
 QStringList CCommandPalette::texts() const
 {
     QStringList texts;
-    for (int i = 0; i < m_list->count(); ++i)
-        texts << m_list->item(i)->text();
+    for (int row = 0; row < m_found->rowCount(); ++row)
+        texts << m_found->index(row, 0).data().toString();
     return texts;
 }
 
 void CCommandPalette::search()
 {
-    const QStringList words = m_search->text().simplified().split(QLatin1Char(' '));
-    m_list->clear();
-    for (int i = 0; i < m_commands.size(); ++i) {
-        const SCommand& command = m_commands.at(i);
-        if (!command.action)
-            continue;
-        const QString text = fullText(command);
-        if (std::all_of(words.begin(), words.end(),
-                        [&text](const QString& word) { return text.contains(word, Qt::CaseInsensitive); }))
-            addItem(command, i);
-    }
-    m_list->setCurrentRow(0);
-}
-
-void CCommandPalette::addItem(const SCommand& command, int number)
-{
-    auto* const item = new QListWidgetItem(fullText(command), m_list);
-    item->setData(numberRole, number);
-    item->setData(shortcutRole, command.action->shortcut().toString(QKeySequence::NativeText));
-    if (!command.action->isEnabled())
-        item->setFlags(item->flags() & ~Qt::ItemIsEnabled);
+    QString everyWord = QStringLiteral("^");
+    for (const QString& word : m_search->text().simplified().split(QLatin1Char(' ')))
+        everyWord += QStringLiteral("(?=.*%1)").arg(QRegularExpression::escape(word));
+    everyWord += QLatin1Char('.'); // an action that has gone has no text
+    m_found->setFilterRegularExpression(QRegularExpression(everyWord, QRegularExpression::CaseInsensitiveOption));
+    // The first, also where it cannot be triggered now.
+    m_list->selectionModel()->setCurrentIndex(m_found->index(0, 0), QItemSelectionModel::ClearAndSelect);
 }
 
 void CCommandPalette::trigger()
 {
-    const QListWidgetItem* const item = m_list->currentItem();
-    if (!item || !(item->flags() & Qt::ItemIsEnabled))
+    const QModelIndex index = m_list->currentIndex();
+    if (!(index.flags() & Qt::ItemIsEnabled))
         return;
-    const QPointer<QAction> action = m_commands.at(item->data(numberRole).toInt()).action;
+    const QPointer<QAction> action = qobject_cast<QAction*>(index.data(CCommandModel::actionRole).value<QObject*>());
     accept(); // before: the action may open a dialog of its own
     if (action)
         action->trigger();
@@ -171,20 +146,6 @@ void CCommandPalette::retranslate()
     m_search->setPlaceholderText(tr("What do you want to do?"));
     m_search->setAccessibleName(tr("Search commands"));
     m_list->setAccessibleName(tr("Commands"));
-}
-
-QVector<CCommandPalette::SCommand> commandsOf(const QList<QAction*>& menus, const QString& parentMenu)
-{
-    QVector<CCommandPalette::SCommand> commands;
-    for (QAction* const action : menus) {
-        const QString text = plainText(action->text());
-        if (action->menu())
-            commands += commandsOf(action->menu()->actions(),
-                                   parentMenu.isEmpty() ? text : QStringLiteral("%1 › %2").arg(parentMenu, text));
-        else if (!action->isSeparator() && action->isVisible() && !text.isEmpty())
-            commands.append({parentMenu, action});
-    }
-    return commands;
 }
 
 } // namespace Host

@@ -4,15 +4,16 @@
 #pragma once
 
 #include <QDialog>
-#include <QList>
-#include <QPointer>
 #include <QVector>
 
-class QAction;
 class QLineEdit;
-class QListWidget;
+class QListView;
+class QSortFilterProxyModel;
 
 namespace Host {
+
+class CCommandModel;
+struct SCommand;
 
 /**
  * All that the program can do, to be found by words and done by keyboard: each word that is typed stands somewhere in
@@ -20,7 +21,7 @@ namespace Host {
  *
  * \code
  * CCommandPalette palette(window);
- * palette.setActions(commandsOf(*window->menuBar()));
+ * palette.setCommands(commandsOf(window->menuBar()->actions()));
  * palette.exec();
  * \endcode
  *
@@ -31,13 +32,6 @@ class CCommandPalette : public QDialog
     Q_OBJECT
 
 public:
-    /// An action, and the menu that it is in, "File"; empty for none.
-    struct SCommand
-    {
-        QString menu;
-        QPointer<QAction> action;
-    };
-
     explicit CCommandPalette(QWidget* parent = nullptr);
 
     /// Begins anew with these, and an empty search.
@@ -53,16 +47,13 @@ protected:
 
 private:
     void search();
-    void addItem(const SCommand& command, int number);
     void trigger();
     void retranslate();
 
-    QVector<SCommand> m_commands;
+    CCommandModel* const m_commands;
+    QSortFilterProxyModel* const m_found;
     QLineEdit* const m_search;
-    QListWidget* const m_list;
+    QListView* const m_list;
 };
-
-/// The actions of the menus in \a menus and below, those that a person can see, in their order.
-QVector<CCommandPalette::SCommand> commandsOf(const QList<QAction*>& menus, const QString& parentMenu = {});
 
 } // namespace Host

@@ -8,6 +8,7 @@
 #include "host/viewer/cameras/CCameraSession.h"
 #include "host/viewer/cameras/CCameraSessions.h"
 #include "host/viewer/edit/CGraphEditor.h"
+#include "host/viewer/window/CCommandModel.h"
 #include "host/viewer/window/CCommandPalette.h"
 #include "host/viewer/window/CScenePage.h"
 #include "host/viewer/window/CSceneTabs.h"

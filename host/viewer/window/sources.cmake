@@ -1,4 +1,6 @@
 target_sources(HalvexHostViewer PRIVATE
+  window/CCommandModel.cpp
+  window/CCommandModel.h
   window/CCommandPalette.cpp
   window/CCommandPalette.h
   window/CImageDocks.cpp

@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Halvex authors
 // SPDX-License-Identifier: LicenseRef-Halvex
 
+#include "host/viewer/window/CCommandModel.h"
 #include "host/viewer/window/CCommandPalette.h"
 
 #include <QAction>
 #include <QLineEdit>
-#include <QListWidget>
+#include <QListView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSignalSpy>
@@ -125,8 +126,8 @@ void tst_CCommandPalette::clickTriggers()
 {
     const SPalette test;
     QSignalSpy triggered(test.dark, &QAction::triggered);
-    const auto* const list = test.palette.findChild<QListWidget*>();
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(3)).center());
+    const auto* const list = test.palette.findChild<QListView*>();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(list->model()->index(3, 0)).center());
     QCOMPARE(triggered.count(), 1);
 }
 

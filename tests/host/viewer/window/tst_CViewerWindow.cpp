@@ -16,6 +16,7 @@
 #include "host/viewer/graph/CGraphView.h"
 #include "host/viewer/images/CImageDock.h"
 #include "host/viewer/images/CViewModel.h"
+#include "host/viewer/window/CCommandModel.h"
 #include "host/viewer/window/CCommandPalette.h"
 #include "host/viewer/window/CImageDocks.h"
 #include "host/viewer/window/CScenePage.h"
@@ -483,7 +484,7 @@ void tst_CViewerWindow::everyCommandHasATextAndAName()
     // Those of the window work everywhere: nothing in it may have the same.
     QMap<QString, int> shortcuts;
     QStringList ofParts;
-    for (const CCommandPalette::SCommand& command : commands) {
+    for (const SCommand& command : commands) {
         QVERIFY2(!command.action->text().isEmpty(), qPrintable(command.action->objectName()));
         const QString shortcut = command.action->shortcut().toString();
         if (command.action->shortcutContext() != Qt::WindowShortcut)
