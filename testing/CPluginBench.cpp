@@ -85,6 +85,13 @@ std::map<QString, ModelCreator> CPluginBench::models() const
     return models;
 }
 
+std::shared_ptr<CNodeDataModelRegistry> CPluginBench::registry() const
+{
+    const auto service = m_services->findService(INodeService::staticMetaObject.className());
+    const auto* const nodes = qobject_cast<INodeService*>(service.data());
+    return nodes ? nodes->registry() : nullptr;
+}
+
 QString CPluginBench::textOfTheFile() const
 {
     const auto known = registry();
@@ -142,13 +149,6 @@ void CPluginBench::takeDown(Core::Plugin::IPlugin& plugin)
         plugin.aboutToUninitialize();
         plugin.uninitialize(m_services);
     });
-}
-
-std::shared_ptr<CNodeDataModelRegistry> CPluginBench::registry() const
-{
-    const auto service = m_services->findService(INodeService::staticMetaObject.className());
-    const auto* const nodes = qobject_cast<INodeService*>(service.data());
-    return nodes ? nodes->registry() : nullptr;
 }
 
 } // namespace Plugin::Halvex::Testing

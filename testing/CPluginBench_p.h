@@ -45,6 +45,9 @@ public:
     /// What the plugin has registered, by name.
     std::map<QString, ModelCreator> models() const;
 
+    /// What all plugins have registered; null if there is no node service.
+    std::shared_ptr<CNodeDataModelRegistry> registry() const;
+
     /// Data for the models; null if no plugin brings any.
     const ITestData* testData() const { return m_services->testData(); }
 
@@ -58,7 +61,6 @@ private:
     bool bringUp(Core::Plugin::IPlugin* plugin);
     bool load(const QString& file);
     void takeDown(Core::Plugin::IPlugin& plugin);
-    std::shared_ptr<CNodeDataModelRegistry> registry() const;
 
     const QSharedPointer<CServiceList> m_services{new CServiceList};
     std::unique_ptr<Core::Plugin::IPlugin> m_library;     // null if that is what is checked

@@ -12,8 +12,9 @@
 namespace Plugin::Halvex::Testing {
 
 /**
- * Data for halvex-check, which has none of a plugin's own types. It looks for a service that is one of these among
- * those that the plugin has published, and its companions: a plugin for tests alone can bring it, too.
+ * Data for halvex-check, which has frames, and of a plugin's own types what a registered converter makes of frames. It
+ * looks for a service that is one of these among those that the plugin has published, and its companions: a plugin for
+ * tests alone can bring it, too.
  *
  * \code
  * class CTestDataService : public Core::Service::IService, public ITestData

@@ -114,6 +114,22 @@ CNodeDataPtr makeSample(const SNodeDataType& type, int number, const SCheckOptio
     return CNodeDataPtr(new CVeltraGrabResultData(makeFrame(number)));
 }
 
+CNodeDataPtr makeSample(const SNodeDataType& type, int number, const SCheckOptions& options,
+                        const CNodeDataModelRegistry& registry)
+{
+    if (const CNodeDataPtr data = makeSample(type, number, options))
+        return data;
+    const SNodeDataType frameType = CVeltraGrabResultData().type();
+    const NodeDataConverter convert = registry.getTypeConverter(frameType, type);
+    // Frames of which nothing is made are passed over: rules that need data would take it that there is none.
+    for (int frame = number; convert && frame < number + sampleCount; ++frame) {
+        const CNodeDataPtr data = convert(makeSample(frameType, frame, options));
+        if (data && data->type().id == type.id)
+            return data;
+    }
+    return {};
+}
+
 QString shownSample(const CNodeDataPtr& sample)
 {
     if (!sample)

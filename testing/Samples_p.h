@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <Halvex/scene/CNodeDataModelRegistry.h>
 #include <Halvex/testing/SCheckOptions.h>
 
 #include <QByteArray>
@@ -16,6 +17,10 @@ constexpr int sampleCount = 6;
 
 /// Data of \a type: what the options make, or else a grab result. Null if there is none of that type.
 CNodeDataPtr makeSample(const SNodeDataType& type, int number, const SCheckOptions& options);
+
+/// The same, or what a converter of \a registry makes of a grab result.
+CNodeDataPtr makeSample(const SNodeDataType& type, int number, const SCheckOptions& options,
+                        const CNodeDataModelRegistry& registry);
 
 /// What a sample is to people: "a frame of 16 x 12, BGR8", "data of its type", "empty data".
 QString shownSample(const CNodeDataPtr& sample);

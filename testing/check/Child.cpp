@@ -4,6 +4,7 @@
 #include "testing/check/Child.h"
 
 #include "testing/CPluginBench_p.h"
+#include "testing/Samples_p.h"
 #include "testing/check/Messages.h"
 
 #include <Halvex/models/AWorkerNodeDataModel.h>
@@ -70,6 +71,12 @@ EExitCode runChild(const SArguments& arguments)
     if (const ITestData* const data = bench.testData()) {
         options.makeData = [data](const SNodeDataType& type, int number) { return data->makeData(type, number); };
         options.checksum = [data](const CNodeData& checked) { return data->checksum(checked); };
+    }
+    if (const auto registry = bench.registry()) {
+        // Not shared: what it holds is code that the bench unloads before the options go.
+        options.makeData = [given = options, &known = *registry](const SNodeDataType& type, int number) {
+            return makeSample(type, number, given, known);
+        };
     }
     QJsonArray names;
     for (const auto& [name, creator] : bench.models()) {

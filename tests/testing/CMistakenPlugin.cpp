@@ -146,6 +146,44 @@ void addFrameModels(CNodeDataModelRegistry& registry)
     add(registry, "Throws on pixels", frameModel(&throwOnPixels));
 }
 
+/// Data that only a converter makes.
+class CConverted : public CNodeData
+{
+public:
+    explicit CConverted(QString typeId)
+        : m_typeId(std::move(typeId))
+    {
+    }
+
+    SNodeDataType type() const override { return {m_typeId, m_typeId}; }
+
+private:
+    const QString m_typeId;
+};
+
+void throwOnConverted(Model& model, const CNodeDataPtr& data, int index)
+{
+    if (data.dynamicCast<CConverted>())
+        throw std::runtime_error("no room for what was converted");
+    model.multiply(data, index);
+}
+
+/// A model that takes and gives data of the type \a typeId, and a converter from colour frames, which are not the first
+/// of the kit, to the type \a madeId.
+void addConvertedModel(INodeService& service, const char* name, const QString& typeId, const QString& madeId)
+{
+    SMisbehaviour misbehaviour;
+    misbehaviour.dataType = [typeId](const Model&, ENodePortType, int) { return CConverted(typeId).type(); };
+    misbehaviour.setInData = &throwOnConverted;
+    add(*service.registry(), name, misbehaviour);
+    service.registerTypeConverter({CVeltraGrabResultData().type(), CConverted(typeId).type()},
+                                  [madeId](const CNodeDataPtr& data) {
+                                      const Veltra::CGrabResultPtr frame = frameIn(data);
+                                      const bool isColour = frame && frame->pixelFormat == QLatin1String("BGR8");
+                                      return isColour ? CNodeDataPtr(new CConverted(madeId)) : CNodeDataPtr();
+                                  });
+}
+
 /// Whether this process checks one model.
 bool isForOneModel()
 {
@@ -192,11 +230,16 @@ bool CMistakenPlugin::extensionsInitialized()
 {
     const auto manager = m_manager.toStrongRef();
     const auto service = manager->findService("Plugin::Halvex::INodeService");
-    CNodeDataModelRegistry& registry = *qobject_cast<INodeService*>(service.data())->registry();
+    INodeService& nodes = *qobject_cast<INodeService*>(service.data());
+    CNodeDataModelRegistry& registry = *nodes.registry();
     if (makes("models"))
         addModels(registry);
     if (makes("frames"))
         addFrameModels(registry);
+    if (makes("converted")) {
+        addConvertedModel(nodes, "Takes colours", QStringLiteral("Test colours"), QStringLiteral("Test colours"));
+        addConvertedModel(nodes, "Takes what is never made", QStringLiteral("Test wish"), QStringLiteral("Test other"));
+    }
     if (makes("hangs"))
         addHangingModels(registry);
     if (makes("refuses-later"))
