@@ -25,18 +25,6 @@ constexpr int frameWidth = 16;
 constexpr int frameHeight = 12;
 constexpr int betweenRows = 4; // bytes, for who takes rows to follow one another
 
-/// A grab result with all members that frames are made of: another platform's may name them otherwise, or have none.
-template <typename Result>
-using HasAllMembers =
-    std::void_t<decltype(std::declval<Result&>().width = 0), decltype(std::declval<Result&>().height = 0),
-                decltype(std::declval<Result&>().stride = 0), decltype(std::declval<Result&>().pixelFormat = QString()),
-                decltype(std::declval<Result&>().frameNumber = quint64()),
-                decltype(std::declval<Result&>().timestampNs = quint64()),
-                decltype(std::declval<Result&>().complete = true),
-                decltype(std::declval<Result&>().pixels = std::declval<std::byte*>()),
-                decltype(std::declval<Result&>().size = std::size_t()),
-                decltype(std::declval<Result&>().owner = std::shared_ptr<std::vector<std::byte>>())>;
-
 /// Where frames are made in another way than here: there are none.
 template <typename Handle, typename Result, typename = void>
 struct SFrames
@@ -49,7 +37,8 @@ struct SFrames
 /// Where a grab result becomes a handle, as it does in the platform of this project.
 template <typename Handle, typename Result>
 struct SFrames<Handle, Result,
-               std::void_t<decltype(sizeof(Result)), decltype(Handle(std::declval<Result>())), HasAllMembers<Result>>>
+               std::void_t<decltype(sizeof(Result)), decltype(Handle(std::declval<Result>())),
+                           decltype(std::declval<Result&>().owner)>>
 {
     static Handle make(int number, const char* pixelFormat, int bytesPerPixel)
     {
