@@ -13,10 +13,6 @@
 #include <utility>
 #include <vector>
 
-namespace Veltra {
-struct SGrabResult; // another platform may have none
-}
-
 namespace Plugin::Halvex::Testing {
 
 namespace {
@@ -25,8 +21,15 @@ constexpr int frameWidth = 16;
 constexpr int frameHeight = 12;
 constexpr int betweenRows = 4; // bytes, for who takes rows to follow one another
 
-/// Where frames are made in another way than here: there are none.
-template <typename Handle, typename Result, typename = void>
+template <typename Handle>
+using ResultOf = std::decay_t<decltype(*std::declval<const Handle&>())>;
+
+/// Whether a member can be set and read as if it were an \a Ours.
+template <typename Member, typename Ours>
+constexpr bool isLike = std::is_assignable_v<Member&, Ours>&& std::is_convertible_v<const Member&, Ours>;
+
+/// Another platform may make frames in another way, or tell other things of them: there are none then.
+template <typename Handle, typename = void>
 struct SFrames
 {
     static Handle make(int, const char*, int) { return {}; }
@@ -34,12 +37,23 @@ struct SFrames
     static QByteArray checksum(const Handle&) { return {}; }
 };
 
-/// Where a grab result becomes a handle, as it does in the platform of this project.
-template <typename Handle, typename Result>
-struct SFrames<Handle, Result,
-               std::void_t<decltype(sizeof(Result)), decltype(Handle(std::declval<Result>())),
-                           decltype(std::declval<Result&>().owner)>>
+/// Where a grab result has all that is set and read here, and becomes a handle.
+template <typename Handle>
+struct SFrames<
+    Handle,
+    std::enable_if_t<
+        std::is_default_constructible_v<ResultOf<Handle>> && std::is_constructible_v<Handle, ResultOf<Handle>> &&
+        isLike<decltype(ResultOf<Handle>::pixels), const std::byte*> &&
+        isLike<decltype(ResultOf<Handle>::size), std::size_t> && isLike<decltype(ResultOf<Handle>::width), int> &&
+        isLike<decltype(ResultOf<Handle>::height), int> && isLike<decltype(ResultOf<Handle>::stride), int> &&
+        isLike<decltype(ResultOf<Handle>::pixelFormat), QString> &&
+        isLike<decltype(ResultOf<Handle>::frameNumber), quint64> &&
+        isLike<decltype(ResultOf<Handle>::timestampNs), quint64> &&
+        isLike<decltype(ResultOf<Handle>::complete), bool> &&
+        isLike<decltype(ResultOf<Handle>::owner), std::shared_ptr<const void>>>>
 {
+    using Result = ResultOf<Handle>;
+
     static Handle make(int number, const char* pixelFormat, int bytesPerPixel)
     {
         Result frame;
@@ -61,25 +75,24 @@ struct SFrames<Handle, Result,
     static QString shown(const Handle& handle)
     {
         const Result& frame = *handle;
-        return QStringLiteral("a frame of %1 x %2, %3").arg(frame.width).arg(frame.height).arg(frame.pixelFormat);
+        const int width = frame.width;
+        const int height = frame.height;
+        const QString pixelFormat = frame.pixelFormat;
+        return QStringLiteral("a frame of %1 x %2, %3").arg(width).arg(height).arg(pixelFormat);
     }
     static QByteArray checksum(const Handle& handle)
     {
         const Result& frame = *handle;
+        const int stride = frame.stride;
         QCryptographicHash hash(QCryptographicHash::Md5);
-        hash.addData(QStringLiteral("%1 %2 %3 %4 ")
-                         .arg(frame.pixelFormat)
-                         .arg(frame.width)
-                         .arg(frame.height)
-                         .arg(frame.stride)
-                         .toUtf8());
-        if (frame.pixels)
-            hash.addData(QByteArray::fromRawData(reinterpret_cast<const char*>(frame.pixels), int(frame.size)));
+        hash.addData(QStringLiteral("%1, rows of %2 bytes").arg(shown(handle)).arg(stride).toUtf8());
+        if (const std::byte* const pixels = frame.pixels)
+            hash.addData(QByteArray::fromRawData(reinterpret_cast<const char*>(pixels), int(frame.size)));
         return hash.result();
     }
 };
 
-using Frames = SFrames<Veltra::CGrabResultPtr, Veltra::SGrabResult>;
+using Frames = SFrames<Veltra::CGrabResultPtr>;
 
 Veltra::CGrabResultPtr makeFrame(int number)
 {
