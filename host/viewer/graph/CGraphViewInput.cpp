@@ -3,6 +3,7 @@
 
 // The view as mouse and keyboard have it.
 
+#include "host/viewer/base/Wheel.h"
 #include "host/viewer/edit/CGraphEditor.h"
 #include "host/viewer/graph/CGraphCanvas.h"
 #include "host/viewer/graph/CGraphView.h"
@@ -27,7 +28,13 @@ void CGraphView::wheelEvent(QWheelEvent* event)
     constexpr double perNotch = 1.2;
     constexpr double notch = 120;
     const int turned = event->angleDelta().y() != 0 ? event->angleDelta().y() : event->angleDelta().x();
+    const QPoint pointer = pointerOf(*event).toPoint();
+    const QPointF anchor = mapToScene(pointer);
     zoom(std::pow(perNotch, turned / notch));
+    // The base keeps what was below the pointer's last move, which may not have come here.
+    const QPoint off = mapFromScene(anchor) - pointer;
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() + off.x());
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + off.y());
     event->accept();
 }
 

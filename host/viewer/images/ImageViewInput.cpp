@@ -3,6 +3,7 @@
 
 // How CImageView answers to mouse and keyboard.
 
+#include "host/viewer/base/Wheel.h"
 #include "host/viewer/images/CImageView.h"
 
 #include <QKeyEvent>
@@ -134,11 +135,7 @@ void CImageView::wheelEvent(QWheelEvent* event)
     }
     SViewport viewport = m_viewport;
     const double factor = std::pow(zoomOfNotch, turned / unitsOfNotch);
-#if QT_VERSION < QT_VERSION_CHECK(5, 14, 0)
-    const QPointF pointer = event->posF();
-#else
-    const QPointF pointer = event->position();
-#endif
+    const QPointF pointer = pointerOf(*event);
     viewport.zoomAt(viewport.zoom * factor, toDevice(pointer), imageSize());
     setViewport(viewport, false);
     setPointer(pointer);
