@@ -95,7 +95,8 @@ QStringList CCommandPalette::texts() const
 void CCommandPalette::search()
 {
     QString everyWord = QStringLiteral("^");
-    for (const QString& word : m_search->text().simplified().split(QLatin1Char(' ')))
+    const QStringList words = m_search->text().simplified().split(QLatin1Char(' '));
+    for (const QString& word : words)
         everyWord += QStringLiteral("(?=.*%1)").arg(QRegularExpression::escape(word));
     everyWord += QLatin1Char('.'); // an action that has gone has no text
     m_found->setFilterRegularExpression(QRegularExpression(everyWord, QRegularExpression::CaseInsensitiveOption));
