@@ -104,6 +104,15 @@ int CSubject::rate() const
 }
 #endif
 
+#ifdef CHANGED_RESULT
+long CSubject::twice() const
+#else
+int CSubject::twice() const
+#endif
+{
+    return 2 * m_rate;
+}
+
 #ifdef CHANGED_ADDED
 int CSubject::newestRate() const
 {
@@ -122,3 +131,5 @@ void CSubject::setRate(int rate)
 }
 
 } // namespace Plugin::Halvex
+
+#include "moc_CSubject.cpp" // here, and not in a source of its own: see halvex_whole in ../CMakeLists.txt
