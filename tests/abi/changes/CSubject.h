@@ -52,9 +52,9 @@ public:
     }
 #endif
 #ifdef CHANGED_RESULT
-    long twice() const;
+    long limit() const;
 #else
-    int twice() const;
+    int limit() const;
 #endif
 #ifdef CHANGED_ADDED
     int newestRate() const;
