@@ -7,6 +7,8 @@
 #include "graph/support/CDeferredQueue_p.h"
 #include "graph/support/Reports_p.h"
 
+#include <Halvex/graph/DocumentKeys.h>
+
 #include <QPointer>
 #include <QScopeGuard>
 
@@ -44,6 +46,18 @@ void warnIfTypesDiffer(const CNodeConnection& connection)
         const SNodeDataType taken = connection.dataType(ENodePortType::In);
         if (given.id != taken.id)
             warnOfTypes(connection, given.id, taken.id);
+    });
+}
+
+/// Warns if \a registry could not make \a model again, for a document. A unique model is looked for there, not made.
+void warnIfUnknown(CNodeDataModel& model, const CNodeDataModelRegistry& registry)
+{
+    swallowExceptions(lcGraph, "Asking for the name of a model", [&] {
+        const QString name = model.name();
+        if (registry.registeredModelCreators().count(name) != 0 || model.save().value(DocumentKeys::isUnique).toBool())
+            return;
+        warnOnce("A node is made of the model \"%\", which is not registered: its scene's document cannot be loaded.",
+                 name);
     });
 }
 
@@ -98,6 +112,11 @@ CNodeBase& CNodeScene::createNode(std::unique_ptr<CNodeDataModel>&& model)
         return noNode();
     std::unique_ptr<CNodeDataModel> taken = std::move(model);
     const QPointer<CNodeScene> self(this);
+    // A share of the registry, because the model is foreign code, which may give the scene another one.
+    if (const std::shared_ptr<const CNodeDataModelRegistry> registry = m_registry)
+        warnIfUnknown(*taken, *registry);
+    if (!self)
+        return noNode();
     taken->setInfo(m_info);
     auto node = std::make_unique<CNodeBase>(std::move(taken)); // asks the model for its ports
     return self ? addNode(std::move(node)) : noNode();

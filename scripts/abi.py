@@ -5,7 +5,7 @@ breaks, and what to do about it.
     scripts/abi.py check tests/abi/contract libHalvex.so --headers include --reader read_meta_objects --log abidiff.txt
     scripts/abi.py write tests/abi/contract libHalvex.so --headers include --reader read_meta_objects
 
-The library has debug information. The contract is a folder with three files: symbols.txt, the functions and objects
+The library has debug information, or another of the same sources has, of which abidw can read more: --types. The contract is a folder with three files: symbols.txt, the functions and objects
 that are exported on purpose; meta_objects.txt, what Qt's meta-object system knows, which abidiff does not read; and
 types.abi.xz, what abidw writes. "write" takes in what is new, but nothing that breaks a program, unless the SONAME is
 new.
@@ -32,6 +32,8 @@ KINDS = {
              "Put new members where a pointer leads to already."),
     "member": ("Places of members", "Inline functions and subclasses in programs read another member.",
                "Leave the members of a public class in their order."),
+    "result": ("Results of functions", "Programs read what is returned as what it was.",
+               "Keep the function, and add one of another name."),
     "signal": ("Indices of signals", "Whoever keeps the index of one, as spies and state machines do, gets another.",
                "Put new signals behind the others of the class."),
     "meta": ("What is known by name", "Connections, hosts and documents that name it find nothing, or another value.",
@@ -149,13 +151,16 @@ def read_report(report):
     findings, subject = [], ""
     for line in report.splitlines():
         named = re.match(r"'(?:class |struct )([^']+)' changed:", line)
-        if named:
-            subject = named[1]
+        function = re.match(r"  \[C\] '(.+)' has some sub-type changes:", line)
+        if named or function:
+            subject = (named or function)[1]
         size = re.search(r"type size changed from (\d+) to (\d+)", line)
         slot = re.search(r"vtable offset of method virtual (.+) changed from (-?\d+) to (-?\d+)", line)
         added = re.search(r"'method virtual ([^']+)'.*virtual at voffset (\d+)", line)
         member = re.search(r"'([^']+)' offset changed from (\d+) to (\d+)", line)
-        if size:
+        if line == "    return type changed:":
+            findings.append(("result", f"{subject}, as it was"))
+        elif size and not line.startswith("      "):
             findings.append(("size", f"{subject}: {size[2]} bytes, was {size[1]}"))
         elif slot:
             findings.append(("table", f"{slot[1]}: in slot {slot[3]}, was in {slot[2]}"))
@@ -183,14 +188,14 @@ def compare_types(old_dump, library, headers, log):
     return read_report(result.stdout), differs, result.stdout
 
 
-def compare(contract, library, headers, reader, log):
+def compare(contract, library, typed_library, headers, reader, log):
     dump = lzma.decompress((contract / "types.abi.xz").read_bytes()).decode()
     if soname_of(library) != soname_in(dump):
         return [("soname", f"{soname_of(library)}, was {soname_in(dump)}")]
     names = exported_symbols(library)
     findings = compare_symbols((contract / "symbols.txt").read_text(), names)
     findings += compare_meta_objects((contract / "meta_objects.txt").read_text(), meta_objects(library, reader, names))
-    found, differs, report = compare_types(dump, library, headers, log)
+    found, differs, report = compare_types(dump, typed_library, headers, log)
     if differs and not found:
         found = [("other", report.strip())]
     return findings + found
@@ -206,12 +211,12 @@ def tell(findings):
         print(RAISE)
 
 
-def write(contract, library, reader):
+def write(contract, library, typed_library, reader):
     names = exported_symbols(library)
     contract.mkdir(parents=True, exist_ok=True)
     (contract / "symbols.txt").write_text(symbol_list(names))
     (contract / "meta_objects.txt").write_text(meta_objects(library, reader, names))
-    (contract / "types.abi.xz").write_bytes(lzma.compress(types(library).encode(), preset=9))
+    (contract / "types.abi.xz").write_bytes(lzma.compress(types(typed_library).encode(), preset=9))
 
 
 def main():
@@ -219,20 +224,21 @@ def main():
     parser.add_argument("action", choices=("check", "write"))
     parser.add_argument("contract", type=pathlib.Path)
     parser.add_argument("library", type=pathlib.Path)
+    parser.add_argument("--types", type=pathlib.Path, help="the library whose types are read, if it is another one")
     parser.add_argument("--headers", type=pathlib.Path, required=True, help="the folder with the public headers")
     parser.add_argument("--reader", required=True, help="the program that prints meta-objects")
     parser.add_argument("--log", type=pathlib.Path, help="where abidiff's own report goes")
     arguments = parser.parse_args()
 
     is_first = arguments.action == "write" and not arguments.contract.is_dir()
-    subject = (arguments.contract, arguments.library, arguments.headers, arguments.reader)
-    findings = [] if is_first else compare(*subject, arguments.log)
+    subject = (arguments.contract, arguments.library, arguments.types or arguments.library)
+    findings = [] if is_first else compare(*subject, arguments.headers, arguments.reader, arguments.log)
     breaks = [finding for finding in findings if finding[0] not in BREAKS_NOBODY]
     if breaks or (findings and arguments.action == "check"):
         tell(findings)
         sys.exit(1)
     if arguments.action == "write":
-        write(arguments.contract, arguments.library, arguments.reader)
+        write(*subject, arguments.reader)
         print(f"written: {arguments.contract}")
     else:
         print("Nothing that programs rely on has changed.")

@@ -18,8 +18,9 @@ need_packages "${library_packages[@]}" "${abi_packages[@]}"
 step "build the library with debug information"
 cmake --preset release -B build/abi -DCMAKE_BUILD_TYPE=RelWithDebInfo -DHALVEX_BUILD_HOST=OFF \
     -DHALVEX_BUILD_TESTING_KIT=OFF
-cmake --build build/abi --target Halvex read_meta_objects
+cmake --build build/abi --target Halvex halvex_whole read_meta_objects
 step "compare"
 scripts/abi.py "$action" tests/abi/contract build/abi/plugins/libHalvex.so \
+    --types build/abi/tests/abi/libHalvex.so \
     --headers build/abi/generated/Halvex --reader build/abi/tests/abi/read_meta_objects \
     --log build/abi/abidiff.txt

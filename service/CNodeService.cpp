@@ -278,17 +278,12 @@ CNodeScene* CNodeService::openScene() const
 
 Core::CId CNodeService::placeNotUnique(std::unique_ptr<ANodeDataModel> model)
 {
-    const QPointer<CNodeService> self(this);
-    const QString name = nameOf(*model);
-    if (!self)
-        return Core::CId();
-    if (!openScene())
-        warnOnce("addNode(): there is no active scene for \"%\", which is destroyed. A unique source, added before, "
-                 "makes one.",
-                 name);
-    else if (registry()->registeredModelCreators().count(name) == 0)
-        warnOnce("addNode(): no model named \"%\" is registered, so that its scene's document cannot be loaded.", name);
-    return self ? placeInto(openScene(), std::move(model)) : Core::CId();
+    if (CNodeScene* const scene = openScene())
+        return placeInto(scene, std::move(model));
+    warnOnce("addNode(): there is no active scene for \"%\", which is destroyed. A unique source, added before, makes "
+             "one.",
+             nameOf(*model));
+    return Core::CId();
 }
 
 Core::CId CNodeService::placeInto(QPointer<CNodeScene> scene, std::unique_ptr<ANodeDataModel> model)

@@ -56,6 +56,7 @@ refuses padding "Other types:"
 refuses order "Places of members:" "  $name: 'int m_rate' begins at byte 44, was at 40"
 refuses removed "No longer exported:" "  $name::rate() const"
 refuses argument "No longer exported:" "  $name::setRate(int)"
+refuses result "Results of functions:" "  method int $name::limit() const, as it was"
 refuses signal "Indices of signals:" "  class $name: signal rateChanged(int) at 1, was at 0"
 refuses enum "What is known by name:" "  class $name: value EMode::Slow = 0"
 refuses private "No longer exported:" "  $name::step() const" "Exported, and not in the list:" \

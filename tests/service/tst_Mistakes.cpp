@@ -174,6 +174,8 @@ private Q_SLOTS:
     void exceptionWithoutAnEventLoop();
     void decouplerWithAnEventLoop(); // first: what was said once is not said again
     void decouplerWithoutAnEventLoop();
+    void unknownModelIsMade();
+    void modelIsMadeWithoutARegistry();
     void unknownModelIsSaved();
     void sceneDocument_data();
     void sceneDocument();
@@ -419,6 +421,33 @@ void tst_Mistakes::decouplerWithAnEventLoop()
     QCOMPARE(messages.texts(), QStringList());
 }
 
+void tst_Mistakes::unknownModelIsMade()
+{
+    CTestScene scene(registryWith(QStringLiteral("Known")), nullptr, nullptr);
+    const CMessageCatcher messages;
+    scene.createNode(std::make_unique<CNamedTestModel>(1, 1, QStringLiteral("Known")));
+    auto unique = std::make_unique<CNamedTestModel>(1, 1, QStringLiteral("Camera"), QStringLiteral("cam"));
+    unique->unique = true; // it is looked for, not made
+    scene.createNode(std::move(unique));
+    QCOMPARE(messages.texts(), QStringList());
+
+    for (int i = 0; i < 2; ++i)
+        scene.createNode(std::make_unique<CNamedTestModel>(1, 1, QStringLiteral("Newcomer")));
+    QCOMPARE(
+        messages.texts("halvex.usage"),
+        QStringList{QStringLiteral("A node is made of the model \"Newcomer\", which is not registered: its scene's "
+                                   "document cannot be loaded.")});
+}
+
+// A scene without a registry is never loaded from a document.
+void tst_Mistakes::modelIsMadeWithoutARegistry()
+{
+    CTestScene scene(nullptr, nullptr);
+    const CMessageCatcher messages;
+    scene.createNode(std::make_unique<CNamedTestModel>(1, 1, QStringLiteral("Unlisted")));
+    QCOMPARE(messages.texts(), QStringList());
+}
+
 void tst_Mistakes::unknownModelIsSaved()
 {
     CTestScene scene(registryWith(QStringLiteral("Known")), nullptr, nullptr);
@@ -553,10 +582,10 @@ void tst_Mistakes::addNodeOfAnUnknownModel()
     CServiceWithSource host;
     QVERIFY(host.service.addNode(std::make_unique<CNamedTestModel>(1, 1, QStringLiteral("Unheard")), {}) !=
             Core::CId());
-    QCOMPARE(
-        messages.texts("halvex.usage"),
-        QStringList{QStringLiteral("addNode(): no model named \"Unheard\" is registered, so that its scene's document "
-                                   "cannot be loaded.")});
+    QCOMPARE(messages.texts("halvex.usage"),
+             QStringList{QStringLiteral(
+                 "A node is made of the model \"Unheard\", which is not registered: its scene's document "
+                 "cannot be loaded.")});
 }
 
 void tst_Mistakes::addNodeThatGetsNoScene()

@@ -51,6 +51,11 @@ public:
         return 1;
     }
 #endif
+#ifdef CHANGED_RESULT
+    long limit() const;
+#else
+    int limit() const;
+#endif
 #ifdef CHANGED_ADDED
     int newestRate() const;
 #endif
