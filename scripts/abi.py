@@ -5,10 +5,10 @@ breaks, and what to do about it.
     scripts/abi.py check tests/abi/contract libHalvex.so --headers include --reader read_meta_objects --log abidiff.txt
     scripts/abi.py write tests/abi/contract libHalvex.so --headers include --reader read_meta_objects
 
-The library has debug information, or another of the same sources has, of which abidw can read more: --types. The contract is a folder with three files: symbols.txt, the functions and objects
-that are exported on purpose; meta_objects.txt, what Qt's meta-object system knows, which abidiff does not read; and
-types.abi.xz, what abidw writes. "write" takes in what is new, but nothing that breaks a program, unless the SONAME is
-new.
+The library has debug information, or another of the same sources has, of which abidw can read more: --types. The
+contract is a folder with three files: symbols.txt, the functions and objects that are exported on purpose;
+meta_objects.txt, what Qt's meta-object system knows, which abidiff does not read; and types.abi.xz, what abidw writes.
+"write" takes in what is new, but nothing that breaks a program, unless the SONAME is new.
 """
 
 import argparse
