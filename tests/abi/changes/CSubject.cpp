@@ -110,7 +110,7 @@ long CSubject::limit() const
 int CSubject::limit() const
 #endif
 {
-    return m_rate;
+    return m_rate + 1; // abidw does not read one of two functions that are the same code
 }
 
 #ifdef CHANGED_ADDED
