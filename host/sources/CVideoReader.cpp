@@ -38,7 +38,8 @@ bool CVideoReader::rewind(QString* error)
         return false;
     }
     try {
-        m_capture.open(QFile::encodeName(m_file).toStdString());
+        // By name, because some of OpenCV's other ways ask cameras at the computer's USB for what is no video.
+        m_capture.open(QFile::encodeName(m_file).toStdString(), cv::CAP_FFMPEG);
     } catch (const cv::Exception&) {
         m_capture.release();
     }
