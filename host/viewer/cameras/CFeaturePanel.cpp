@@ -8,12 +8,14 @@
 #include "host/viewer/base/Theme.h"
 #include "host/viewer/cameras/CCameraSession.h"
 #include "host/viewer/cameras/CFeatureEditor.h"
+#include "host/viewer/cameras/CFeatureTree.h"
 
 #include <QEvent>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QTreeWidget>
+#include <QSortFilterProxyModel>
+#include <QTreeView>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -22,8 +24,10 @@ namespace Host {
 
 CFeaturePanel::CFeaturePanel(QWidget* parent)
     : QWidget(parent)
+    , m_features(new CFeatureTree(this))
+    , m_found(new QSortFilterProxyModel(this))
     , m_search(new QLineEdit(this))
-    , m_tree(new QTreeWidget(this))
+    , m_view(new QTreeView(this))
     , m_message(new QLabel(this))
 {
     m_refresh = makeAction(this, "readFeatures", QKeySequence(QStringLiteral("Ctrl+F5")), [this] {
@@ -32,15 +36,21 @@ CFeaturePanel::CFeaturePanel(QWidget* parent)
     });
     m_search->setObjectName(QStringLiteral("featureSearch"));
     m_search->setClearButtonEnabled(true);
-    connect(m_search, &QLineEdit::textChanged, this, &CFeaturePanel::filter);
+    connect(m_search, &QLineEdit::textChanged, this, &CFeaturePanel::search);
 
-    m_tree->setColumnCount(2);
-    m_tree->setHeaderHidden(true);
-    m_tree->setSelectionMode(QAbstractItemView::NoSelection);
-    m_tree->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_tree->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    m_tree->setIndentation(2 * gridStep);
-    m_tree->header()->setStretchLastSection(true);
+    m_found->setSourceModel(m_features);
+    m_found->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    m_found->setFilterRole(CFeatureTree::searchRole);
+    m_found->setRecursiveFilteringEnabled(true);
+    m_view->setModel(m_found);
+    connect(m_features, &QAbstractItemModel::rowsAboutToBeRemoved, this, &CFeaturePanel::silenceEditors);
+    m_view->setHeaderHidden(true);
+    m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_view->setSelectionMode(QAbstractItemView::NoSelection);
+    m_view->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_view->setIndentation(2 * gridStep);
+    m_view->header()->setStretchLastSection(true);
     m_message->setWordWrap(true);
     m_message->setTextInteractionFlags(Qt::TextSelectableByMouse);
 
@@ -48,7 +58,7 @@ CFeaturePanel::CFeaturePanel(QWidget* parent)
     layout->setContentsMargins(gridStep, gridStep, gridStep, gridStep);
     layout->setSpacing(gridStep);
     layout->addWidget(m_search);
-    layout->addWidget(m_tree, 1);
+    layout->addWidget(m_view, 1);
     layout->addWidget(m_message);
     retranslate();
     setSession(nullptr);
@@ -66,7 +76,7 @@ void CFeaturePanel::setSession(CCameraSession* session)
     if (m_session)
         m_session->disconnect(this);
     m_session = session;
-    build({});
+    showFeatures({});
     if (session) {
         connect(session, &CCameraSession::featuresRead, this, &CFeaturePanel::showFeatures);
         connect(session, &CCameraSession::changed, this, &CFeaturePanel::showState);
@@ -79,7 +89,7 @@ void CFeaturePanel::setSession(CCameraSession* session)
 void CFeaturePanel::showState()
 {
     const bool hasSession = m_session && m_session->isOpen();
-    m_tree->setEnabled(hasSession);
+    m_view->setEnabled(hasSession);
     m_refresh->setEnabled(hasSession);
     QString text;
     if (!m_session)
@@ -96,55 +106,60 @@ void CFeaturePanel::showState()
     m_message->setVisible(!text.isEmpty());
 }
 
-bool CFeaturePanel::isShown(const std::vector<SFeature>& features) const
+CFeatureEditor* CFeaturePanel::editor(const QString& feature) const
 {
-    const auto isSame = [](const SFeature& one, const SFeature& other) {
-        return one.name == other.name && one.category == other.category && one.type == other.type;
-    };
-    return std::equal(features.begin(), features.end(), m_features.begin(), m_features.end(), isSame);
+    const QModelIndex name = m_found->mapFromSource(m_features->find(feature));
+    return static_cast<CFeatureEditor*>(m_view->indexWidget(name.siblingAtColumn(1)));
 }
 
-// Widgets that can stay do: a person may be using one of them.
 void CFeaturePanel::showFeatures(const std::vector<SFeature>& features)
 {
-    if (!isShown(features)) {
-        build(features);
-        return;
-    }
-    for (const SFeature& feature : features)
-        m_editors.value(feature.name)->show(feature);
+    m_features->setFeatures(features);
+    showEditors();
+    placeColumns();
 }
 
-void CFeaturePanel::build(const std::vector<SFeature>& features)
+// One that loses the focus as it goes tells what is half typed in it.
+void CFeaturePanel::silenceEditors()
 {
-    m_features = features;
-    // One that loses the focus as it goes tells what is half typed in it.
-    for (CFeatureEditor* const editor : qAsConst(m_editors))
+    const auto editors = m_view->findChildren<CFeatureEditor*>();
+    for (CFeatureEditor* const editor : editors)
         editor->disconnect();
-    m_editors.clear();
-    m_tree->clear();
-    for (const SFeature& feature : features) {
-        auto* const item = new QTreeWidgetItem(categoryItem(feature.category), {feature.name});
-        item->setToolTip(0, feature.help.isEmpty() ? feature.name : feature.name + QLatin1Char('\n') + feature.help);
-        auto* const editor = new CFeatureEditor(feature);
-        if (m_session)
-            connect(editor, &CFeatureEditor::edited, m_session,
-                    [session = m_session.data(), name = feature.name](const QString& value) {
-                        session->setFeature(name, value);
-                    });
-        m_editors.insert(feature.name, editor);
-        m_tree->setItemWidget(item, 1, editor);
+}
+
+void CFeaturePanel::showEditors()
+{
+    for (int i = 0; i < m_found->rowCount(); ++i) {
+        m_view->setFirstColumnSpanned(i, {}, true);
+        const QModelIndex category = m_found->index(i, 0);
+        for (int j = 0; j < m_found->rowCount(category); ++j)
+            showEditor(m_found->index(j, 0, category));
     }
-    m_tree->expandAll();
-    placeColumns();
-    filter();
+    m_view->expandAll();
+}
+
+void CFeaturePanel::showEditor(const QModelIndex& name)
+{
+    const QModelIndex place = name.siblingAtColumn(1);
+    const SFeature feature = CFeatureTree::featureAt(name);
+    if (QWidget* const known = m_view->indexWidget(place)) {
+        static_cast<CFeatureEditor*>(known)->show(feature);
+        return;
+    }
+    auto* const editor = new CFeatureEditor(feature);
+    if (m_session)
+        connect(editor, &CFeatureEditor::edited, m_session,
+                [session = m_session.data(), feature = feature.name](const QString& value) {
+                    session->setFeature(feature, value);
+                });
+    m_view->setIndexWidget(place, editor);
 }
 
 // Names that are too long are cut: their tool tips have them, and the values must be seen.
 void CFeaturePanel::placeColumns()
 {
-    m_tree->resizeColumnToContents(0);
-    m_tree->setColumnWidth(0, std::min(m_tree->columnWidth(0), m_tree->viewport()->width() * 12 / 20));
+    m_view->resizeColumnToContents(0);
+    m_view->setColumnWidth(0, std::min(m_view->columnWidth(0), m_view->viewport()->width() * 12 / 20));
 }
 
 void CFeaturePanel::resizeEvent(QResizeEvent* event)
@@ -153,32 +168,10 @@ void CFeaturePanel::resizeEvent(QResizeEvent* event)
     placeColumns();
 }
 
-QTreeWidgetItem* CFeaturePanel::categoryItem(const QString& category)
+void CFeaturePanel::search(const QString& text)
 {
-    const QList<QTreeWidgetItem*> known = m_tree->findItems(category, Qt::MatchExactly | Qt::MatchCaseSensitive);
-    if (!known.isEmpty())
-        return known.first();
-    auto* const item = new QTreeWidgetItem(m_tree, {category});
-    QFont font = m_tree->font();
-    font.setBold(true);
-    item->setFont(0, font);
-    item->setFirstColumnSpanned(true);
-    return item;
-}
-
-void CFeaturePanel::filter()
-{
-    const QString word = m_search->text().trimmed();
-    for (int i = 0; i < m_tree->topLevelItemCount(); ++i) {
-        QTreeWidgetItem* const category = m_tree->topLevelItem(i);
-        bool isAnyShown = false;
-        for (int j = 0; j < category->childCount(); ++j) {
-            const bool isFound = category->child(j)->text(0).contains(word, Qt::CaseInsensitive);
-            category->child(j)->setHidden(!isFound);
-            isAnyShown = isAnyShown || isFound;
-        }
-        category->setHidden(!isAnyShown);
-    }
+    m_found->setFilterFixedString(text.trimmed());
+    showEditors(); // those that were not found have gone
 }
 
 void CFeaturePanel::changeEvent(QEvent* event)
@@ -193,9 +186,11 @@ void CFeaturePanel::retranslate()
     m_refresh->setText(tr("Read features again"));
     m_search->setPlaceholderText(tr("Search features"));
     m_search->setAccessibleName(tr("Search features"));
-    m_tree->setAccessibleName(tr("Features of the camera"));
+    m_view->setAccessibleName(tr("Features of the camera"));
     m_message->setAccessibleName(tr("Message of the camera"));
-    build(std::vector<SFeature>(m_features)); // the buttons have texts, too
+    const std::vector<SFeature> features = m_features->features();
+    showFeatures({});
+    showFeatures(features); // the buttons have texts, too
     showState();
 }
 

@@ -5,7 +5,6 @@
 
 #include "host/camera/CFeatures.h"
 
-#include <QHash>
 #include <QPointer>
 #include <QWidget>
 
@@ -14,13 +13,14 @@
 class QAction;
 class QLabel;
 class QLineEdit;
-class QTreeWidget;
-class QTreeWidgetItem;
+class QSortFilterProxyModel;
+class QTreeView;
 
 namespace Host {
 
 class CCameraSession;
 class CFeatureEditor;
+class CFeatureTree;
 
 /**
  * The features of one connected camera, by category, each with its widget; a line to search in them.
@@ -40,10 +40,10 @@ public:
 
     QList<QAction*> featureActions() const;
 
-    /// Null if there is none of that name.
-    CFeatureEditor* editor(const QString& feature) const { return m_editors.value(feature); }
+    /// Null if there is none of that name, or if it is not among those that are searched for.
+    CFeatureEditor* editor(const QString& feature) const;
 
-    QTreeWidget& tree() const { return *m_tree; }
+    QTreeView& view() const { return *m_view; }
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -51,21 +51,21 @@ protected:
 
 private:
     void showFeatures(const std::vector<SFeature>& features);
-    bool isShown(const std::vector<SFeature>& features) const;
-    void build(const std::vector<SFeature>& features);
-    QTreeWidgetItem* categoryItem(const QString& category);
+    void silenceEditors();
+    void showEditors();
+    void showEditor(const QModelIndex& name);
     void placeColumns();
-    void filter();
+    void search(const QString& text);
     void showState();
     void retranslate();
 
     QPointer<CCameraSession> m_session;
+    CFeatureTree* const m_features;
+    QSortFilterProxyModel* const m_found;
     QLineEdit* const m_search;
-    QTreeWidget* const m_tree;
+    QTreeView* const m_view;
     QLabel* const m_message;
     QAction* m_refresh = nullptr;
-    QHash<QString, CFeatureEditor*> m_editors; // the tree's
-    std::vector<SFeature> m_features;
 };
 
 } // namespace Host

@@ -14,6 +14,8 @@ target_sources(HalvexHostViewer PRIVATE
   cameras/CFeatureEditor.h
   cameras/CFeaturePanel.cpp
   cameras/CFeaturePanel.h
+  cameras/CFeatureTree.cpp
+  cameras/CFeatureTree.h
   cameras/CFrameFeed.cpp
   cameras/CFrameFeed.h
   cameras/CSharedCamera.cpp
