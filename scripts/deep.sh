@@ -49,16 +49,15 @@ sanitizers() {
     need_packages "${library_packages[@]}" "${host_packages[@]}" "${test_packages[@]}" >&2
     cmake --preset asan -B build/asan-host -DHALVEX_BUILD_HOST=ON -DHALVEX_BUILD_TESTING_KIT=ON >&2
     cmake --build build/asan-host >&2
-    # OpenGL's driver is never freed. Qt has no frame pointers, and what is suppressed is told by its callers. Tests read
-    # what the programs say.
-    local -x ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1:fast_unwind_on_malloc=0 QT_XCB_GL_INTEGRATION=none \
+    # OpenGL's driver is never freed. Tests read what the programs say: what is suppressed is not told there.
+    local -x ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1 QT_XCB_GL_INTEGRATION=none \
         LSAN_OPTIONS=suppressions=$PWD/tests/host/viewer/user/lsan.suppressions:print_suppressions=0
     build/asan-host/host/halvex-host run host/chains/demo.json --camera fake-1 --camera fake-2 --frames 30 \
         --output out/deep-demo >&2
     # What the asan preset leaves out builds or reads things without the sanitizers.
     run_tests build/asan-host --exclude-regex 'ByHand|^(package_|platform_other|tst_ShippersTexts|plugin_translations)'
     # Not strict with strings: the library that Qt reads keyboards with copies text that has no end.
-    ASAN_OPTIONS=detect_leaks=1:fast_unwind_on_malloc=0 run_tests build/asan-host --tests-regex ByHand
+    ASAN_OPTIONS=detect_leaks=1 run_tests build/asan-host --tests-regex ByHand
 }
 race() {
     need_packages "${library_packages[@]}" "${test_packages[@]}" "${race_packages[@]}" >&2
