@@ -18,6 +18,7 @@ test_packages=("${picture_packages[@]}" libxtst-dev # mouse and keyboard of that
     aravis-tools # arv-fake-gv-camera-0.8, a GigE Vision camera on the loopback
     man-db   # reads the manual page
     "${abi_packages[@]}" # whether it would see what breaks programs
+    fonts-droid-fallback # Chinese and Japanese in the pictures of the viewer
     libgtest-dev # one of the examples
     pkg-config # whether it finds what is installed
     python3) # compiles the samples

@@ -9,8 +9,9 @@
 #include "host/viewer/images/OwnDepth.h"
 
 #include <QEvent>
-#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLocale>
+#include <QVBoxLayout>
 
 namespace Host {
 
@@ -42,17 +43,18 @@ CImageStatus::CImageStatus(QWidget* parent)
     , m_rates(new CElidedLabel(this))
     , m_message(new CMessageLabel(this))
 {
-    auto* const layout = new QGridLayout(this);
+    // Each has half of the width where both are there, so that a text that grows by a digit is not cut meanwhile.
+    auto* const line = new QHBoxLayout;
+    line->setSpacing(16);
+    line->addWidget(m_probe, 1);
+    line->addWidget(m_rates, 1);
+    auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 4, 8, 4);
-    layout->setHorizontalSpacing(16);
-    layout->setVerticalSpacing(2);
-    layout->addWidget(m_probe, 0, 0);
-    layout->addWidget(m_rates, 0, 1);
-    layout->addWidget(m_statistics, 1, 0, 1, 2);
-    layout->addWidget(m_message, 2, 0, 1, 2);
-    // Each has half of the width where it needs no more, so that a text that grows by a digit is not cut meanwhile.
-    layout->setColumnStretch(0, 1);
-    layout->setColumnStretch(1, 1);
+    layout->setSpacing(2);
+    layout->addLayout(line);
+    layout->addWidget(m_statistics);
+    layout->addWidget(m_message);
+    m_probe->hide();
     m_rates->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_timer.setInterval(measureMs);
     connect(&m_timer, &QTimer::timeout, this, &CImageStatus::measure);
@@ -71,6 +73,7 @@ void CImageStatus::retranslate()
 void CImageStatus::setProbe(const SRenderedImage& image, const std::optional<QPoint>& pixel)
 {
     const std::vector<int> values = image.data && pixel ? ownValues(*image.data, *pixel) : std::vector<int>();
+    m_probe->setVisible(!values.empty()); // otherwise the rates have its place
     if (values.empty()) {
         m_probe->setLine({});
         return;

@@ -12,6 +12,8 @@
 #include <Halvex/models/CNodeDecouplerDataModelBase.h>
 #include <Halvex/scene/CNodeScene.h>
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <utility>
 
@@ -66,40 +68,51 @@ void CThreadWatch::watchNode(CNodeBase& node)
 
 void CThreadWatch::onSign(CNodeBase* node)
 {
-    const qint64 now = m_clock.elapsed();
     if (!m_timer.isActive()) {
         m_timer.start();
-        m_lastBeat = m_lastSign = now;
+        QCoreApplication::instance()->installEventFilter(this);
+        m_lastBeat = m_lastSign = m_clock.elapsed();
     }
-    if (now - m_lastSign > m_longest) {
-        m_longest = now - m_lastSign;
-        m_suspect = node;
-    }
-    m_lastSign = now;
+    endSilence(node);
     m_lastNode = node;
     if (!wasHeard(node))
         m_heard.emplace_back(node);
+}
+
+void CThreadWatch::endSilence(CNodeBase* suspect)
+{
+    const qint64 now = m_clock.elapsed();
+    if (now - m_lastSign > m_longest) {
+        m_longest = now - m_lastSign;
+        m_suspect = suspect;
+    }
+    m_lastSign = now;
+}
+
+bool CThreadWatch::eventFilter(QObject* watched, QEvent* event)
+{
+    // Nothing was heard at the end of the event before: whoever sent last fed one that says nothing.
+    endSilence(m_lastNode);
+    m_lastNode = nullptr;
+    return QObject::eventFilter(watched, event);
 }
 
 void CThreadWatch::onBeat()
 {
     const qint64 now = m_clock.elapsed();
     const qint64 late = now - m_lastBeat - beatInterval;
-    if (late > m_limit) {
-        // Nothing was heard at the end: whoever sent last fed one that says nothing.
-        if (now - m_lastSign > m_longest)
-            m_suspect = m_lastNode;
+    if (late > m_limit)
         Q_EMIT heldUp(suspects(), int(late));
-    }
-    if (m_heard.empty() && now - m_lastSign > restAfter)
-        m_timer.stop();
     m_lastBeat = now;
     if (!m_heard.empty())
-        m_lastSign = now;
+        m_lastHeard = now;
     m_longest = 0;
     m_suspect = nullptr;
-    m_lastNode = nullptr;
     m_heard.clear();
+    if (now - m_lastHeard < restAfter)
+        return;
+    m_timer.stop();
+    QCoreApplication::instance()->removeEventFilter(this);
 }
 
 QString CThreadWatch::suspects() const

@@ -4,10 +4,10 @@
 #include "host/viewer/graph/CGraphCanvas.h"
 
 #include "TestFrame.h"
+#include "graph/CMoodyModel.h"
 #include "graph/SShownGraph.h"
 #include "host/models/CImageData.h"
 #include "host/viewer/graph/CPortDrag.h"
-#include "support/CTestModel.h"
 
 #include <QAction>
 #include <QSignalSpy>
@@ -17,21 +17,6 @@
 
 using namespace Host;
 using namespace Plugin::Halvex;
-
-namespace {
-
-/// A model that thinks what the test says of itself.
-class CMoodyModel : public CTestModel
-{
-public:
-    ENodeValidationState validationState() const override { return state; }
-    QString validationMessage() const override { return message; }
-
-    ENodeValidationState state = ENodeValidationState::Valid;
-    QString message;
-};
-
-} // namespace
 
 class tst_CGraphCanvas : public QObject
 {

@@ -6,11 +6,27 @@
 #include "host/viewer/images/CElidedLabel.h"
 #include "viewer/TestView.h"
 
-#include <QGridLayout>
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
+#include <optional>
+
 using namespace Host;
+
+namespace {
+
+CElidedLabel& lineCalled(const CImageStatus& status, const char* accessibleName)
+{
+    const auto lines = status.findChildren<CElidedLabel*>();
+    const auto found = std::find_if(lines.begin(), lines.end(), [accessibleName](const CElidedLabel* line) {
+        return line->accessibleName() == QLatin1String(accessibleName);
+    });
+    Q_ASSERT(found != lines.end());
+    return **found;
+}
+
+} // namespace
 
 class tst_CImageStatus : public QObject
 {
@@ -20,6 +36,7 @@ private Q_SLOTS:
     void valueUnderTheCursor();
     void ratesRiseAndFallToZero();
     void textThatGrowsIsNotCut();
+    void ratesHaveTheLineWhileThereIsNoValue();
     void messageStaysUntilTheNext();
 };
 
@@ -55,14 +72,30 @@ void tst_CImageStatus::ratesRiseAndFallToZero()
 void tst_CImageStatus::textThatGrowsIsNotCut()
 {
     CImageStatus status;
+    SRenderedImage image;
+    image.data = viewImage(cv::Mat(4, 4, CV_8UC1));
+    status.setProbe(image, QPoint(2, 3));
     status.resize(900, 60);
     status.show();
-    const auto* const layout = qobject_cast<QGridLayout*>(status.layout());
-    for (const int column : {0, 1}) {
-        auto* const line = qobject_cast<CElidedLabel*>(layout->itemAtPosition(0, column)->widget());
-        line->setLine(QStringLiteral("9.4 of 25 frames/s shown, and 12 more"));
+    for (const char* const name : {"Value under the cursor", "Rates"}) {
+        CElidedLabel& line = lineCalled(status, name);
+        line.setLine(QStringLiteral("9.4 of 25 frames/s shown, and 12 more"));
         // Before the next layout, which comes when the window has shown it.
-        QVERIFY(line->contentsRect().width() >= line->fontMetrics().horizontalAdvance(line->text()));
+        QVERIFY(line.contentsRect().width() >= line.fontMetrics().horizontalAdvance(line.text()));
+    }
+}
+
+void tst_CImageStatus::ratesHaveTheLineWhileThereIsNoValue()
+{
+    CImageStatus status;
+    status.resize(240, 60);
+    status.show();
+    SRenderedImage image;
+    image.data = viewImage(cv::Mat(4, 4, CV_8UC1));
+    const CElidedLabel& rates = lineCalled(status, "Rates");
+    for (const bool hasValue : {false, true, false}) {
+        status.setProbe(image, hasValue ? std::optional<QPoint>(QPoint(2, 3)) : std::nullopt);
+        QTRY_COMPARE(rates.width() > status.width() / 2, !hasValue);
     }
 }
 

@@ -114,6 +114,7 @@ private Q_SLOTS:
     void nobodyIsNamedWhileAllIsQuick();
     void whatIsNoModel();
     void workerIsNotNamed();
+    void whoComesAfterALongEventIsNotNamed();
     void restsWhenNothingFlows();
 };
 
@@ -184,6 +185,19 @@ void tst_CThreadWatch::workerIsNotNamed()
     test.sendTwo();
     QTRY_VERIFY(!heldUp.isEmpty());
     QVERIFY2(!heldUp.first().at(0).toString().contains("Worker"), qPrintable(heldUp.first().at(0).toString()));
+}
+
+// As when the window draws a large graph while frames wait.
+void tst_CThreadWatch::whoComesAfterALongEventIsNotNamed()
+{
+    const SWatched test(0, 0);
+    QSignalSpy heldUp(&test.watch, &CThreadWatch::heldUp);
+    test.send();
+    QMetaObject::invokeMethod(
+        this, [] { QThread::msleep(400); }, Qt::QueuedConnection);
+    test.send();
+    QTRY_COMPARE(heldUp.count(), 1);
+    QCOMPARE(heldUp.first().at(0).toString(), QString());
 }
 
 void tst_CThreadWatch::restsWhenNothingFlows()

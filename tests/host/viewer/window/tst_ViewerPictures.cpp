@@ -4,6 +4,7 @@
 #include "TestFile.h"
 #include "TestTable.h"
 #include "WindowFixture.h"
+#include "graph/CMoodyModel.h"
 #include "host/viewer/base/CLanguage.h"
 #include "host/viewer/base/Theme.h"
 #include "host/viewer/cameras/CCameraPanel.h"
@@ -29,13 +30,16 @@
 #include <QApplication>
 #include <QDir>
 #include <QDockWidget>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QLineEdit>
 #include <QTranslator>
-#include <QTreeWidget>
 
 #include <algorithm>
 
 using namespace Host;
+using namespace Plugin::Halvex;
 
 namespace {
 
@@ -44,6 +48,34 @@ bool isEveryRateShown(const CGraphCanvas& canvas)
     const auto& connections = canvas.connectionItems();
     return std::all_of(connections.begin(), connections.end(),
                        [](const auto& connection) { return connection.second->rate() > 1.0; });
+}
+
+/// Rows of filters, each behind a decoupler of one camera, as an import document.
+QByteArray manyFilters(const QString& camera, int rows, int filters)
+{
+    QStringList models{"DecouplerVGR", "To Image"};
+    while (models.size() < filters + 2)
+        models << (models.size() % 2 == 0 ? "Blur" : "Edges");
+    models << "PNG Sink";
+    QJsonArray elements;
+    for (int i = 0; i < rows * models.size(); ++i) {
+        const int place = i % models.size();
+        QJsonObject element{{"name", QString::number(i)}, {"model", QJsonObject{{"name", models[place]}}}};
+        if (place < models.size() - 1)
+            element["connection"] = QJsonArray{QJsonArray{QString::number(i + 1)}};
+        if (place == 0)
+            element["unique_sources"] = QJsonArray{QJsonArray{camera}};
+        elements.append(element);
+    }
+    return QJsonDocument(elements).toJson();
+}
+
+const CNodeBase& addMoodyNode(CNodeScene& scene, ENodeValidationState state, const char* message)
+{
+    auto model = std::make_unique<CMoodyModel>(1, 1, QStringLiteral("Edges"));
+    model->state = state;
+    model->message = QString::fromUtf8(message);
+    return scene.createNode(std::move(model));
 }
 
 } // namespace
@@ -159,10 +191,30 @@ void tst_ViewerPictures::states()
     QTRY_VERIFY(dock.recorder().counts().written > 20);
     take(window, "11-image-recording");
 
+    const CScenePage& page = *window.tabs().current();
+    const CNodeBase& failed =
+        addMoodyNode(*page.scene(), ENodeValidationState::Error, "/media/images: No space left on device");
+    addMoodyNode(*page.scene(), ENodeValidationState::Warning, "The image is smaller than the filter");
+    page.view().canvas().arrange();
+    page.view().setActualSize();
+    page.view().goTo(failed.id());
+    take(window, "12-errors");
+
+    const CCameraSession* const resting = test.connectCamera(QStringLiteral("fake-3"));
+    QTRY_VERIFY(resting->isOpen());
+    QVERIFY(write(test.file("many.json"), manyFilters(QStringLiteral("fake-3"), 20, 22)));
+    QVERIFY(window.importChain(test.file("many.json")));
+    QTRY_VERIFY(window.tabs().current()->view().canvas().nodeItems().size() >= 500);
+    CGraphView& large = window.tabs().current()->view();
+    large.fit();
+    take(window, "13-many-nodes");
+    large.setActualSize();
+    take(window, "14-some-of-many-nodes");
+
     SCameraOptions absent;
     absent.address = QStringLiteral("256.1.1.1");
-    const CCameraSession* const failed = window.sessions().connectCamera(absent);
-    QTRY_COMPARE(failed->state(), CCameraSession::EState::Failed);
+    const CCameraSession* const missing = window.sessions().connectCamera(absent);
+    QTRY_COMPARE(missing->state(), CCameraSession::EState::Failed);
     docks.cameras().choose(absent.address);
     take(docks.cameras(), "7-camera-failed");
 }
