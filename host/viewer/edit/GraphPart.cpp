@@ -47,6 +47,12 @@ bool leadsTo(const CNodeConnection& connection, ENodePortType side, const QJsonV
     return node && node->id() == idFrom(id) && connection.getPortIndex(side) == index.toInt();
 }
 
+bool isAmong(const std::set<Core::CId>& ids, const CNodeConnection& connection, ENodePortType side)
+{
+    const CNodeBase* const node = connection.getNode(side);
+    return node && ids.count(node->id()) > 0;
+}
+
 // Held while it is deleted, since handlers may delete it, too.
 std::shared_ptr<CNodeConnection> findConnection(const CNodeScene& scene, const QJsonObject& json)
 {
@@ -115,9 +121,9 @@ SGraphPart partOf(const CNodeScene& scene, const std::vector<Core::CId>& nodes, 
         }
     }
     for (const auto& entry : scene.connections()) {
-        const QJsonObject json = entry.second->save();
-        if (ids.count(idFrom(json.value(DocumentKeys::inId))) + ids.count(idFrom(json.value(DocumentKeys::outId))) > 0)
-            part.connections.push_back(json);
+        const CNodeConnection& connection = *entry.second;
+        if (isAmong(ids, connection, ENodePortType::In) || isAmong(ids, connection, ENodePortType::Out))
+            part.connections.push_back(connection.save());
     }
     sortConnections(&part.connections);
     return part;
