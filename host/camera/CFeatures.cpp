@@ -15,7 +15,7 @@ namespace Host {
 
 namespace {
 
-QString numberText(double number)
+QString plainNumber(double number)
 {
     return QString::number(number, 'g', 9);
 }
@@ -59,7 +59,7 @@ QString integerRange(ArvGcInteger* integer)
 QString floatRange(ArvGcFloat* number)
 {
     const SBounds<double> bounds = boundsOf(number);
-    return bounds.areBounds() ? CFeatures::tr("%1 to %2").arg(numberText(bounds.least), numberText(bounds.most))
+    return bounds.areBounds() ? CFeatures::tr("%1 to %2").arg(plainNumber(bounds.least), plainNumber(bounds.most))
                               : QString();
 }
 
@@ -90,7 +90,7 @@ QString typeOf(ArvGcNode* node)
     return ARV_IS_GC_STRING(node) ? QStringLiteral("text") : QString();
 }
 
-QString rangeOf(ArvGcNode* node)
+QString featureRange(ArvGcNode* node)
 {
     if (ARV_IS_GC_ENUMERATION(node))
         return enumValues(ARV_GC_ENUMERATION(node)).join(QStringLiteral(", "));
@@ -113,7 +113,7 @@ QString plainValueOf(ArvGcNode* node)
         return {};
     if (ARV_IS_GC_FLOAT(node)) {
         const double value = arv_gc_float_get_value(ARV_GC_FLOAT(node), error.slot());
-        return error ? QString() : numberText(value);
+        return error ? QString() : plainNumber(value);
     }
     const char* const value = arv_gc_feature_node_get_value_as_string(ARV_GC_FEATURE_NODE(node), error.slot());
     return error || !value ? QString() : QString::fromUtf8(value);
@@ -193,7 +193,7 @@ qint64 wholeNumber(const QString& value, bool* ok)
 // What a boolean or a number takes.
 QString wantedText(ArvGcNode* node)
 {
-    const QString range = rangeOf(node);
+    const QString range = featureRange(node);
     if (ARV_IS_GC_BOOLEAN(node))
         return CFeatures::tr("boolean, true, false");
     if (ARV_IS_GC_INTEGER(node))
@@ -273,7 +273,7 @@ void CFeatures::add(ArvGcNode* node, const QString& category, QSet<QString>* see
         found.category = category;
         found.name = name;
         found.type = typeOf(node);
-        found.range = rangeOf(node);
+        found.range = featureRange(node);
         found.isLocked = isLocked(node);
         found.isWritable = !found.isLocked && !isReadOnly(node);
         addPlain(node, &found);

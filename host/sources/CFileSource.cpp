@@ -18,20 +18,20 @@ namespace Host {
 
 namespace {
 
-struct SFormat
+struct SMatFormat
 {
     int matType;
     const char* name; // GenICam
 };
 
-constexpr SFormat formats[] = {{CV_8UC1, "Mono8"}, {CV_16UC1, "Mono16"}, {CV_8UC3, "BGR8"}, {CV_16UC3, "BGR16"}};
+constexpr SMatFormat matFormats[] = {{CV_8UC1, "Mono8"}, {CV_16UC1, "Mono16"}, {CV_8UC3, "BGR8"}, {CV_16UC3, "BGR16"}};
 
 // Empty for what is none of these.
 QString formatOf(const cv::Mat& image)
 {
-    const auto* const found = std::find_if(std::begin(formats), std::end(formats),
-                                           [&](const SFormat& format) { return format.matType == image.type(); });
-    return found == std::end(formats) ? QString() : QString::fromLatin1(found->name);
+    const auto* const found = std::find_if(std::begin(matFormats), std::end(matFormats),
+                                           [&](const SMatFormat& format) { return format.matType == image.type(); });
+    return found == std::end(matFormats) ? QString() : QString::fromLatin1(found->name);
 }
 
 std::unique_ptr<IImageReader> openReader(const SFileOptions& options, QString* error)

@@ -20,7 +20,7 @@ namespace Host {
 
 namespace {
 
-constexpr double zoomStep = 1.25;
+constexpr double graphZoomStep = 1.25;
 
 } // namespace
 
@@ -91,8 +91,8 @@ void CGraphActions::addViews()
     add("graphFind", QKeySequence::Find, [this] { m_view.search(); });
     add("graphFit", QKeySequence(QStringLiteral("Ctrl+0")), [this] { m_view.fit(); });
     add("graphActualSize", QKeySequence(QStringLiteral("Ctrl+1")), [this] { m_view.setActualSize(); });
-    add("graphZoomIn", QKeySequence::ZoomIn, [this] { m_view.zoom(zoomStep); });
-    add("graphZoomOut", QKeySequence::ZoomOut, [this] { m_view.zoom(1 / zoomStep); });
+    add("graphZoomIn", QKeySequence::ZoomIn, [this] { m_view.zoom(graphZoomStep); });
+    add("graphZoomOut", QKeySequence::ZoomOut, [this] { m_view.zoom(1 / graphZoomStep); });
     add("graphOverview", QKeySequence(Qt::Key_M),
         [this] { m_view.setOverviewEnabled(find("graphOverview")->isChecked()); });
 }

@@ -23,7 +23,7 @@ using namespace Plugin::Halvex;
 
 namespace {
 
-constexpr double margin = 14; // room for ports and the glow
+constexpr double itemMargin = 14; // room for ports and the glow
 
 } // namespace
 
@@ -104,7 +104,7 @@ bool CNodeItem::isLit(ENodePortType side, int index) const
 
 QRectF CNodeItem::boundingRect() const
 {
-    return QRectF(QPointF(), m_size).adjusted(-margin, -margin, margin, margin);
+    return QRectF(QPointF(), m_size).adjusted(-itemMargin, -itemMargin, itemMargin, itemMargin);
 }
 
 QPainterPath CNodeItem::shape() const

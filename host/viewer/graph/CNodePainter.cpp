@@ -18,7 +18,7 @@ namespace {
 constexpr double radius = 8;
 constexpr double portRadius = 5;
 constexpr double leastPortRadius = 3; // pixels of the screen
-constexpr double dimmed = 0.3;
+constexpr double dimmedOpacity = 0.3;
 constexpr double leastForText = 0.3;
 
 void drawElided(QPainter& painter, const QRectF& place, int flags, const QString& text)
@@ -60,7 +60,7 @@ void CNodePainter::paint(QPainter& painter, const SNodeMood& mood, double detail
     painter.setRenderHint(QPainter::Antialiasing, detail >= leastForText);
     if (mood.litPorts && mood.litPorts->empty()) {
         painter.fillRect(QRectF(QPointF(), m_geometry.size()), m_colors.canvas);
-        painter.setOpacity(dimmed);
+        painter.setOpacity(dimmedOpacity);
     }
     if (mood.isGlowing)
         paintGlow(painter);
@@ -165,7 +165,7 @@ void CNodePainter::paintPorts(QPainter& painter, ENodePortType side, const SNode
         const bool isLit = mood.litPorts && mood.litPorts->count({side, index}) > 0;
         const double opacity = painter.opacity();
         if (mood.litPorts && !isLit)
-            painter.setOpacity(dimmed);
+            painter.setOpacity(dimmedOpacity);
         painter.setPen(QPen(isLit ? m_colors.selection : m_colors.node, isLit ? 3 : 2));
         painter.setBrush(typeColor(port.typeId, m_palette));
         const double size = std::max(isLit ? portRadius + 3 : portRadius, leastPortRadius / detail);

@@ -14,7 +14,7 @@ namespace Host {
 
 namespace {
 
-constexpr int mostChannels = 3;
+constexpr int mostRows = 3;
 
 QString decimalText(double value)
 {
@@ -38,7 +38,7 @@ CStatisticsTable::CStatisticsTable(QWidget* parent)
     layout->setHorizontalSpacing(8);
     layout->setVerticalSpacing(2);
     layout->addWidget(m_place, 0, 0, 1, int(columns));
-    for (int line = 0; line <= mostChannels; ++line) {
+    for (int line = 0; line <= mostRows; ++line) {
         Row row{};
         for (std::size_t column = 0; column < columns; ++column) {
             row[column] = new QLabel(this);

@@ -11,7 +11,7 @@ namespace Host {
 
 namespace {
 
-cv::Mat partOf(const cv::Mat& image, const QRect& part)
+cv::Mat areaOf(const cv::Mat& image, const QRect& part)
 {
     return image(cv::Rect(part.x(), part.y(), part.width(), part.height()));
 }
@@ -55,7 +55,7 @@ SRenderedImage renderImage(const QSharedPointer<const CImageData>& data, const S
     if (area.isEmpty())
         return result;
 
-    const cv::Mat values = partOf(image, area);
+    const cv::Mat values = areaOf(image, area);
     const SValueRange range = rangeOf(*data, values, look);
     const auto color = [&](const cv::Mat& part) { return colorImage(part, range, look.palette); };
     result.picture = scaleImage(image, viewport, color);

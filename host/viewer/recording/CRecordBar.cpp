@@ -22,7 +22,7 @@ namespace Host {
 
 namespace {
 
-constexpr int paceMs = 100; // numbers that change faster cannot be read
+constexpr int textPaceMs = 100; // numbers that change faster cannot be read
 
 QString numberText(quint64 number)
 {
@@ -56,7 +56,7 @@ CRecordBar::CRecordBar(CRecorder& recorder, QWidget* parent)
     m_close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
     m_close->setObjectName(QStringLiteral("closeRecording"));
     connect(m_close, &QToolButton::clicked, this, &QWidget::hide);
-    m_pace.setInterval(paceMs);
+    m_pace.setInterval(textPaceMs);
     connect(&m_pace, &QTimer::timeout, this, &CRecordBar::refresh);
     connect(&recorder, &CRecorder::changed, this, &CRecordBar::onChanged);
     hide();

@@ -16,7 +16,7 @@ namespace Host {
 
 namespace {
 
-QString fileOrDefault(const QString& file)
+QString positionsFile(const QString& file)
 {
     if (!file.isEmpty())
         return file;
@@ -38,7 +38,7 @@ QString keyOf(const QString& document)
 } // namespace
 
 CPositionsFile::CPositionsFile(const QString& file)
-    : m_file(fileOrDefault(file))
+    : m_file(positionsFile(file))
 {
 }
 

@@ -10,7 +10,7 @@ namespace Host {
 
 namespace {
 
-QString fileOrDefault(const QString& file)
+QString settingsFile(const QString& file)
 {
     if (!file.isEmpty())
         return file;
@@ -21,7 +21,7 @@ QString fileOrDefault(const QString& file)
 } // namespace
 
 CViewerSettings::CViewerSettings(const QString& file)
-    : m_settings(fileOrDefault(file), QSettings::IniFormat)
+    : m_settings(settingsFile(file), QSettings::IniFormat)
 {
 }
 

@@ -24,8 +24,8 @@ namespace Host {
 
 namespace {
 
-constexpr int lookInterval = 100; // milliseconds
-constexpr int looksInARow = 10;   // rates are told after a while, pictures come a moment after their frames
+constexpr int startLookInterval = 100; // milliseconds
+constexpr int looksInARow = 10;        // rates are told after a while, pictures come a moment after their frames
 
 } // namespace
 
@@ -45,7 +45,7 @@ CViewerStart::CViewerStart(CViewerWindow& window, SViewerOptions options)
         QTimer::singleShot(m_options.duration, this, [this] { Q_EMIT ended(0); });
     if (!m_options.screenshot.isEmpty()) {
         connect(&m_poll, &QTimer::timeout, this, &CViewerStart::takeScreenshot);
-        m_poll.start(lookInterval);
+        m_poll.start(startLookInterval);
     }
 }
 
