@@ -166,8 +166,8 @@ void tst_HalvexHostCameras::sameOptionsAsARun()
              0);
     QVERIFY2(json(program)["camera"].toString().endsWith(" RGB8"), qPrintable(program.output()));
     QVERIFY(reasons(json(program)).isEmpty());
-    // The camera's own rate is 25.
-    QVERIFY2(json(program)["frames"]["complete"].toInt() < 10, qPrintable(program.output()));
+    // Some 20; the camera's own rate is 25 a second.
+    QVERIFY2(json(program)["frames"]["complete"].toInt() < 35, qPrintable(program.output()));
 }
 
 void tst_HalvexHostCameras::featuresWithoutACategory()
