@@ -162,8 +162,7 @@ void tst_HalvexHostCameras::cameraThatGoes()
 void tst_HalvexHostCameras::sameOptionsAsARun()
 {
     CHostProgram program;
-    QCOMPARE(program.exec({"cameras", "fake", "--test", "2s", "--json", "--fps", "10", "--pixel-format", "RGB8"}),
-             0);
+    QCOMPARE(program.exec({"cameras", "fake", "--test", "2s", "--json", "--fps", "10", "--pixel-format", "RGB8"}), 0);
     QVERIFY2(json(program)["camera"].toString().endsWith(" RGB8"), qPrintable(program.output()));
     QVERIFY(reasons(json(program)).isEmpty());
     // Some 20; the camera's own rate is 25 a second.
