@@ -94,10 +94,10 @@ private:
     short m_step = 0;
 #endif
 #ifdef CHANGED_PADDING
-    short m_newest = 0;
+    [[maybe_unused]] short m_newest = 0;
 #endif
 #ifdef CHANGED_SIZE
-    double m_newest = 0.0;
+    [[maybe_unused]] double m_newest = 0.0;
 #endif
 };
 
