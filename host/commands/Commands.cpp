@@ -90,7 +90,7 @@ QString sentence(const CLI::ParseError& error)
     return text;
 }
 
-int refuseRun(const CLI::App& program, const CLI::App& command, QString reason)
+int printRefusal(const CLI::App& program, const CLI::App& command, QString reason)
 {
     if (!reason.endsWith(QLatin1Char('.')) && !reason.endsWith(QLatin1Char('?')))
         reason += QLatin1Char('.');
@@ -124,15 +124,15 @@ int parse(CLI::App& program, const QStringList& arguments)
     } catch (const CLI::CallForHelp&) {
         return printResult(QString::fromStdString(program.help("halvex-host")));
     } catch (const CLI::ParseError& error) {
-        return refuseRun(program, chosenCommand(program), sentence(error));
+        return printRefusal(program, chosenCommand(program), sentence(error));
     }
     const CLI::App& command = chosenCommand(program);
     for (const CLI::App* place : {&command, static_cast<const CLI::App*>(&program)}) {
         const std::vector<std::string> rest = place->remaining();
         if (!rest.empty())
-            return refuseRun(program, command, unexpected(program, *place, QString::fromStdString(rest.front())));
+            return printRefusal(program, command, unexpected(program, *place, QString::fromStdString(rest.front())));
     }
-    return &command == &program ? refuseRun(program, program, QStringLiteral("No command given")) : int(Done);
+    return &command == &program ? printRefusal(program, program, QStringLiteral("No command given")) : int(Done);
 }
 
 } // namespace

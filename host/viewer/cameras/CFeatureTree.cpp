@@ -25,7 +25,7 @@ void CFeatureTree::setFeatures(const std::vector<SFeature>& features)
     if (!hasRows)
         makeRows();
     for (const SFeature& feature : m_features)
-        setData(find(feature.name), QVariant::fromValue(feature), featureRole);
+        m_names.value(feature.name)->setData(QVariant::fromValue(feature), featureRole);
 }
 
 bool CFeatureTree::hasRowsFor(const std::vector<SFeature>& features) const
@@ -39,12 +39,16 @@ bool CFeatureTree::hasRowsFor(const std::vector<SFeature>& features) const
 void CFeatureTree::makeRows()
 {
     removeRows(0, rowCount());
+    m_names.clear();
+    QHash<QString, QStandardItem*> categories;
     for (const SFeature& feature : m_features) {
         auto* const name = new QStandardItem(feature.name);
         name->setToolTip(feature.help.isEmpty() ? feature.name : feature.name + QLatin1Char('\n') + feature.help);
         name->setData(feature.name, searchRole);
-        const QList<QStandardItem*> known = findItems(feature.category);
-        QStandardItem* const category = known.isEmpty() ? makeCategory(feature.category) : known.first();
+        m_names.insert(feature.name, name);
+        QStandardItem*& category = categories[feature.category];
+        if (!category)
+            category = makeCategory(feature.category);
         category->appendRow({name, new QStandardItem});
     }
 }
@@ -61,9 +65,8 @@ QStandardItem* CFeatureTree::makeCategory(const QString& name)
 
 QModelIndex CFeatureTree::find(const QString& feature) const
 {
-    const QModelIndexList found =
-        match(index(0, 0), searchRole, feature, 1, Qt::MatchExactly | Qt::MatchCaseSensitive | Qt::MatchRecursive);
-    return found.isEmpty() ? QModelIndex() : found.first();
+    const QStandardItem* const name = m_names.value(feature);
+    return name ? name->index() : QModelIndex();
 }
 
 SFeature CFeatureTree::featureAt(const QModelIndex& index)

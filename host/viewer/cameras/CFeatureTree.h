@@ -5,6 +5,7 @@
 
 #include "host/camera/CFeatures.h"
 
+#include <QHash>
 #include <QStandardItemModel>
 
 #include <vector>
@@ -48,6 +49,7 @@ private:
     QStandardItem* makeCategory(const QString& name);
 
     std::vector<SFeature> m_features;
+    QHash<QString, QStandardItem*> m_names; // of the first column, by feature; a camera may have hundreds
 };
 
 } // namespace Host

@@ -13,6 +13,7 @@
 #include "host/run/Output.h"
 #include "host/viewer/cameras/CCameraSession.h"
 #include "host/viewer/cameras/CCameraSessions.h"
+#include "host/viewer/graph/CGraphCanvas.h"
 #include "host/viewer/graph/CGraphView.h"
 #include "host/viewer/images/CImageDock.h"
 #include "host/viewer/images/CImageView.h"
@@ -173,6 +174,11 @@ void measureWindow(CMeasuredApplication& application, const CHostServices& servi
     // The first camera's, with the many nodes.
     shown.window.tabs().setCurrentIndex(0);
     CGraphView& view = shown.window.tabs().current()->view();
+    QElapsedTimer clock;
+    clock.start();
+    view.canvas().arrange();
+    const double laidOut = double(clock.nsecsElapsed()) / 1e6;
+    printRow("laying the graph out", number(laidOut, "ms"), QStringLiteral("50 ms"), laidOut <= 50.0);
     view.fit();
     runFor(settling);
     application.startMeasuring();

@@ -32,14 +32,11 @@ public:
         QStyledItemDelegate::paint(painter, option, index);
         const QPalette::ColorGroup group = option.state & QStyle::State_Enabled ? QPalette::Active : QPalette::Disabled;
         const auto role = option.state & QStyle::State_Selected ? QPalette::HighlightedText : QPalette::Text;
-        QApplication::style()->drawItemText(
-            painter, option.rect.adjusted(0, 0, -gridStep, 0), Qt::AlignRight | Qt::AlignVCenter,
-            [&] {
-                QPalette palette = option.palette;
-                palette.setCurrentColorGroup(group);
-                return palette;
-            }(),
-            group != QPalette::Disabled, index.data(CCommandModel::shortcutRole).toString(), role);
+        QPalette colors = option.palette;
+        colors.setCurrentColorGroup(group);
+        QApplication::style()->drawItemText(painter, option.rect.adjusted(0, 0, -gridStep, 0),
+                                            Qt::AlignRight | Qt::AlignVCenter, colors, group != QPalette::Disabled,
+                                            index.data(CCommandModel::shortcutRole).toString(), role);
     }
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override

@@ -94,10 +94,10 @@ private:
     short m_step = 0;
 #endif
 #ifdef CHANGED_PADDING
-    [[maybe_unused]] short m_newest = 0;
+    [[maybe_unused]] short m_newest = 0; // where it stands is all that matters
 #endif
 #ifdef CHANGED_SIZE
-    [[maybe_unused]] double m_newest = 0.0;
+    [[maybe_unused]] double m_newest = 0.0; // the same
 #endif
 };
 
