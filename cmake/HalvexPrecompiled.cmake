@@ -14,18 +14,21 @@ function(halvex_precompile target)
     target_precompile_headers(${target} PRIVATE ${headers} ${ARGN})
     return()
   endif()
+  # Sanitizers look at the library, which is optimized for them; that the tests are not saves a part of each build.
+  set(unoptimized $<$<CONFIG:Debug>:-O0>)
   if(NOT TARGET HalvexPrecompiled)
     file(WRITE "${PROJECT_BINARY_DIR}/generated/HalvexPrecompiled.cpp" "// CMake wants a source.\n")
     add_library(HalvexPrecompiled OBJECT "${PROJECT_BINARY_DIR}/generated/HalvexPrecompiled.cpp")
     halvex_target(HalvexPrecompiled)
     set_target_properties(HalvexPrecompiled PROPERTIES AUTOMOC OFF)
     target_link_libraries(HalvexPrecompiled PRIVATE ${HALVEX_QT}::Core)
-    target_compile_options(HalvexPrecompiled PRIVATE -pthread) # some libraries ask for it, and all must have the same
+    # Some libraries ask for threads, and all must have the same.
+    target_compile_options(HalvexPrecompiled PRIVATE -pthread ${unoptimized})
     target_precompile_headers(HalvexPrecompiled PRIVATE ${headers})
   endif()
   target_precompile_headers(${target} REUSE_FROM HalvexPrecompiled)
   # Where a target differs in more than that, the headers are read again.
-  target_compile_options(${target} PRIVATE -pthread -Wno-error=invalid-pch)
+  target_compile_options(${target} PRIVATE -pthread ${unoptimized} -Wno-error=invalid-pch)
 endfunction()
 
 # halvex_unite(<target>): compiles eight sources at a time, where headers are read once too. For the host.

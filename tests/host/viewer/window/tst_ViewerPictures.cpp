@@ -103,12 +103,13 @@ void tst_ViewerPictures::take(QWidget& widget, const char* state) const
     const QImage picture = widget.grab().toImage();
     QVERIFY(!picture.isNull());
     QSet<QRgb> colors;
-    for (int x = 0; x < picture.width(); x += 3) {
-        for (int y = 0; y < picture.height(); y += 3)
+    for (int x = 0; x < picture.width(); x += 9) {
+        for (int y = 0; y < picture.height(); y += 9)
             colors.insert(picture.pixel(x, y));
     }
     QVERIFY2(colors.size() > 8, state);
-    QVERIFY(picture.save(QStringLiteral("%1/%2-%3.png").arg(PICTURES, m_prefix, QLatin1String(state))));
+    const int quality = 85; // packed quickly: there are hundreds, and nobody keeps them
+    QVERIFY(picture.save(QStringLiteral("%1/%2-%3.png").arg(PICTURES, m_prefix, QLatin1String(state)), "PNG", quality));
 }
 
 void tst_ViewerPictures::states_data()
