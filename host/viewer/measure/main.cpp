@@ -241,7 +241,7 @@ int showFirstFrame(CMeasuredApplication& application, const CHostServices& servi
 
 int measure(CMeasuredApplication& application, const CHostServices& services, const SAsked& asked)
 {
-    std::printf("%d cameras at %.0f frames/s, a graph of %d nodes, %s\n\n", asked.load.cameras,
+    std::printf("%d cameras at %.0f frames/s, a graph of %d nodes, platform `%s`\n\n", asked.load.cameras,
                 asked.load.framesPerSecond, asked.load.nodes, qPrintable(QGuiApplication::platformName()));
     std::printf("| what | measured | at most | met |\n| --- | --- | --- | --- |\n");
     measureStart();
